@@ -1,0 +1,135 @@
+#include "host/collation.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+#include "host/text.h"
+
+namespace cu {
+namespace {
+
+// Primary weights of the ASCII characters: blank, marks, digits, letters (both cases alike).
+constexpr std::array<std::uint8_t, 128> makeWeights() {
+  std::array<std::uint8_t, 128> weights{};
+  std::uint8_t next = 1;
+  for (std::size_t c = 0; c < 32; ++c) weights[c] = next++;
+  weights[127] = next++;
+  weights[' '] = next++;
+  for (std::size_t c = '!'; c < 127; ++c) {
+    const bool digit = c >= '0' && c <= '9';
+    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    if (!digit && !letter) weights[c] = next++;
+  }
+  for (std::size_t c = '0'; c <= '9'; ++c) weights[c] = next++;
+  for (std::size_t c = 'a'; c <= 'z'; ++c) {
+    weights[c] = next;
+    weights[c - 'a' + 'A'] = next++;
+  }
+  return weights;
+}
+constexpr std::array<std::uint8_t, 128> kWeight = makeWeights();
+
+// Plain letter and accent of the letters U+00C0 to U+017F that western languages write; 0 where there is
+// none.
+struct Folded {
+  char32_t base;
+  std::uint32_t accent;
+};
+
+Folded foldLatin(char32_t c) {
+  struct Range {
+    char32_t first;
+    char32_t last;
+    char base;
+  };
+  // Latin-1: the lower case lies 32 above the upper case.
+  if (c >= 0xE0 && c <= 0xFE && c != 0xF7) c -= 32;
+  static constexpr std::array<Range, 9> kLatin1 = {{{0xC0, 0xC5, 'a'},
+                                                    {0xC7, 0xC7, 'c'},
+                                                    {0xC8, 0xCB, 'e'},
+                                                    {0xCC, 0xCF, 'i'},
+                                                    {0xD1, 0xD1, 'n'},
+                                                    {0xD2, 0xD6, 'o'},
+                                                    {0xD8, 0xD8, 'o'},
+                                                    {0xD9, 0xDC, 'u'},
+                                                    {0xDD, 0xDD, 'y'}}};
+  for (const Range& range : kLatin1) {
+    if (c >= range.first && c <= range.last) {
+      return {static_cast<char32_t>(range.base), static_cast<std::uint32_t>(c - range.first) + 1};
+    }
+  }
+  if (c == 0xFF || c == 0x178) return {'y', 2};
+  // Latin Extended-A: pairs of upper and lower case.
+  static constexpr std::array<Range, 18> kExtended = {{{0x100, 0x105, 'a'},
+                                                       {0x106, 0x10D, 'c'},
+                                                       {0x10E, 0x111, 'd'},
+                                                       {0x112, 0x11B, 'e'},
+                                                       {0x11C, 0x123, 'g'},
+                                                       {0x124, 0x127, 'h'},
+                                                       {0x128, 0x131, 'i'},
+                                                       {0x134, 0x135, 'j'},
+                                                       {0x136, 0x137, 'k'},
+                                                       {0x139, 0x142, 'l'},
+                                                       {0x143, 0x148, 'n'},
+                                                       {0x14C, 0x151, 'o'},
+                                                       {0x154, 0x159, 'r'},
+                                                       {0x15A, 0x161, 's'},
+                                                       {0x162, 0x167, 't'},
+                                                       {0x168, 0x173, 'u'},
+                                                       {0x174, 0x175, 'w'},
+                                                       {0x179, 0x17E, 'z'}}};
+  for (const Range& range : kExtended) {
+    if (c >= range.first && c <= range.last) {
+      return {static_cast<char32_t>(range.base), 16 + static_cast<std::uint32_t>(c - range.first) / 2};
+    }
+  }
+  if (c == 0x176 || c == 0x177) return {'y', 16};
+  return {0, 0};
+}
+
+struct Key {
+  std::uint32_t primary;
+  std::uint32_t accent;
+};
+
+Key keyOf(char32_t c) {
+  if (c < 128) return {kWeight[c], 0};
+  const Folded folded = foldLatin(c);
+  if (folded.base != 0) return {kWeight[folded.base], folded.accent};
+  return {0x1000 + static_cast<std::uint32_t>(c), 0};
+}
+
+int compareFrom(std::string_view a, std::string_view b, std::size_t at) {
+  std::size_t i = at;
+  std::size_t j = at;
+  int accents = 0;
+  while (i < a.size() && j < b.size()) {
+    const Key x = keyOf(nextCodePoint(a, i));
+    const Key y = keyOf(nextCodePoint(b, j));
+    if (x.primary != y.primary) return x.primary < y.primary ? -1 : 1;
+    if (accents == 0 && x.accent != y.accent) accents = x.accent < y.accent ? -1 : 1;
+  }
+  if (i < a.size()) return 1;
+  if (j < b.size()) return -1;
+  return accents;
+}
+
+}  // namespace
+
+int compareItalian(std::string_view a, std::string_view b) {
+  a = trimRight(a);
+  b = trimRight(b);
+  const std::size_t shorter = std::min(a.size(), b.size());
+  for (std::size_t i = 0; i < shorter; ++i) {
+    const auto x = static_cast<unsigned char>(a[i]);
+    const auto y = static_cast<unsigned char>(b[i]);
+    if (x == y && x < 128) continue;
+    if ((x | y) >= 128) return compareFrom(a, b, i);
+    if (kWeight[x] != kWeight[y]) return kWeight[x] < kWeight[y] ? -1 : 1;
+  }
+  if (a.size() == b.size()) return 0;
+  return a.size() < b.size() ? -1 : 1;
+}
+
+}  // namespace cu

@@ -1,0 +1,171 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace cu {
+
+class Form;
+class Control;
+class Frame;
+class Label;
+class Link;
+class Button;
+class Option;
+class Check;
+class TextBox;
+class ListBox;
+class Selector;
+class DateBox;
+class Grid;
+class SideBand;
+class MenuBar;
+class PrintControl;
+
+using Event = std::function<void()>;
+
+// One function a kind: what draws, drives or describes controls says here what it does with each.
+class ControlVisitor {
+ public:
+  virtual ~ControlVisitor() = default;
+  virtual void visit(Frame& control) = 0;
+  virtual void visit(Label& control) = 0;
+  virtual void visit(Link& control) = 0;
+  virtual void visit(Button& control) = 0;
+  virtual void visit(Option& control) = 0;
+  virtual void visit(Check& control) = 0;
+  virtual void visit(TextBox& control) = 0;
+  virtual void visit(ListBox& control) = 0;
+  virtual void visit(Selector& control) = 0;
+  virtual void visit(DateBox& control) = 0;
+  virtual void visit(Grid& control) = 0;
+  virtual void visit(SideBand& control) = 0;
+  virtual void visit(MenuBar& control) = 0;
+  virtual void visit(PrintControl& control) = 0;
+};
+
+// The one view attached to a control is told that the control's state has changed.
+class ControlView {
+ public:
+  virtual ~ControlView() = default;
+  virtual void changed(Control& control) = 0;
+};
+
+enum class Background { Window, Face };
+
+// A control of a form: its state, and the events that its form handles. It registers itself with the form, in
+// the order of tabbing; `name` is its name with the index in its array, "cmdNav(3)".
+class Control {
+ public:
+  Control(Form& form, std::string name, Frame* frame, std::string caption = {});
+  virtual ~Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+
+  Form& form() const { return form_; }
+  const std::string& name() const { return name_; }
+  Frame* frame() const { return frame_; }
+  virtual void accept(ControlVisitor& visitor) = 0;
+
+  bool enabled() const { return enabled_; }
+  bool visible() const { return visible_; }
+  const std::string& caption() const { return caption_; }
+  void setEnabled(bool value);
+  void setVisible(bool value);
+  void setCaption(const std::string& value);
+
+  // Whether a person's hand reaches it: it and all its frames are enabled, visible and on stage.
+  bool available() const;
+  virtual bool takesFocus() const { return true; }
+
+  Event onGotFocus;
+  Event onLostFocus;
+
+  void attach(ControlView* view) { view_ = view; }
+
+ protected:
+  void notify();
+
+ private:
+  Form& form_;
+  std::string name_;
+  Frame* frame_;
+  std::string caption_;
+  bool enabled_ = true;
+  bool visible_ = true;
+  ControlView* view_ = nullptr;
+};
+
+// Name of the element of a control array: "cmdNav(3)".
+std::string element(const std::string& array, int index);
+
+class Frame : public Control {
+ public:
+  using Control::Control;
+  void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
+  bool takesFocus() const override { return false; }
+  // The left position, in the form's units; a frame far to the left is off stage.
+  static constexpr int kOffStage = -20000;
+  int left() const { return left_; }
+  void setLeft(int value);
+  bool onStage() const { return left_ > kOffStage; }
+
+ private:
+  int left_ = 0;
+};
+
+class Label : public Control {
+ public:
+  using Control::Control;
+  void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
+  bool takesFocus() const override { return false; }
+};
+
+// A text that a click opens something with.
+class Link : public Control {
+ public:
+  using Control::Control;
+  void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
+  void click();
+  Event onClick;
+};
+
+class Button : public Control {
+ public:
+  using Control::Control;
+  void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
+  void click();
+  Event onClick;
+};
+
+// One of several of which one is on; those of one frame belong together. Turned on by a person or by code it
+// raises onClick, as the other one goes off silently.
+class Option : public Control {
+ public:
+  Option(Form& form, std::string name, Frame* frame, std::string caption, bool on = false);
+  void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
+  bool value() const { return value_; }
+  void setValue(bool value);
+  void click();  // a person's: the event is raised also when it was on already
+  Event onClick;
+
+ private:
+  void turnOn();
+  bool value_ = false;
+};
+
+class Check : public Control {
+ public:
+  Check(Form& form, std::string name, Frame* frame, std::string caption, bool on = false);
+  void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
+  bool value() const { return value_; }
+  void setValue(bool value);
+  void click() { setValue(!value_); }
+  Event onClick;
+
+ private:
+  bool value_ = false;
+};
+
+}  // namespace cu

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/control.h"
+#include "host/database.h"
+
+namespace cu {
+
+// A drop-down list without free text; it may fill itself from a statement.
+class ListBox : public Control {
+ public:
+  using Control::Control;
+  void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
+
+  struct Entry {
+    std::string text;
+    std::optional<std::int64_t> record;
+  };
+
+  void clear();
+  void add(const std::string& text, std::optional<std::int64_t> record = {});
+  const std::vector<Entry>& entries() const { return entries_; }
+
+  int index() const { return index_; }  // -1 when none is chosen
+  void setIndex(int index);             // out of range means none; raises the change event when it differs
+  std::string text() const;
+  std::optional<std::int64_t> record() const;
+  void setRecord(std::int64_t record);  // the entry of that key, or none
+  int indexOf(std::string_view text) const;
+  int indexOfRecord(std::int64_t record) const;
+
+  // A list that fills itself: from what, showing which field, keyed on which field ("" for none). A new
+  // source changes nothing of what is shown before load().
+  void setConnection(Connection& connection) { connection_ = &connection; }
+  void setSource(const std::string& statement);
+  const std::string& source() const { return source_; }
+  void setDisplayField(const std::string& field) { displayField_ = field; }
+  void setKeyField(const std::string& field) { keyField_ = field; }
+  void addColumn(const std::string& field) { columns_.push_back(field); }
+  void load();  // nothing is chosen afterwards
+
+  Background background() const { return background_; }
+  void setBackground(Background background);
+  Event onChange;
+
+ private:
+  std::vector<Entry> entries_;
+  int index_ = -1;
+  Connection* connection_ = nullptr;
+  std::string source_;
+  std::string displayField_;
+  std::string keyField_;
+  std::vector<std::string> columns_;
+  Background background_ = Background::Window;
+};
+
+}  // namespace cu

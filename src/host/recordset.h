@@ -1,0 +1,121 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "host/database.h"
+#include "host/filter.h"
+#include "host/rowstore.h"
+
+namespace cu {
+
+enum class RecordStatus { Unmodified, New, Modified, Deleted };
+enum class LockType { ReadOnly = 1, BatchOptimistic = 4 };
+
+// The client-side, static recordset: all rows in memory; moving in it and changing it never touches the
+// database. A changed row keeps its values as read; a statement is what brings a change to the database.
+//
+// A closed recordset raises Error 3704, a field without a current row 3021, an unknown name 3265, an
+// unreadable filter 3001.
+class Recordset {
+ public:
+  Recordset() = default;
+  Recordset(const Recordset&) = delete;
+  Recordset& operator=(const Recordset&) = delete;
+
+  void Open(Connection& connection, std::string_view source, LockType lock = LockType::ReadOnly);
+  void Close();
+  int State() const { return data_ == nullptr ? 0 : 1; }
+  bool IsOpen() const { return data_ != nullptr; }
+
+  // Of the rows under the filter.
+  std::size_t RecordCount() const;
+  bool Bof() const;
+  bool Eof() const;
+  void MoveFirst();
+  void MoveNext();
+  void MovePrevious();
+  void MoveLast();
+  // From 1, 0 when there is no current row; and the move to one.
+  std::size_t AbsolutePosition() const;
+  void MoveTo(std::size_t position);
+
+  // Names the row itself: it holds whatever the filter does, also in a clone.
+  using RowMark = std::uint32_t;
+  RowMark Bookmark() const;
+  void SetBookmark(RowMark mark);  // Error 3021 when the filter hides the row
+
+  // Comparisons of fields with numbers and 'texts', joined by AND and OR; "" shows all rows. Under a new
+  // filter the first row becomes the current one; when the filter goes, the current row stays.
+  void SetFilter(std::string_view condition);
+  void ClearFilter() { SetFilter(""); }
+  void FilterPending();  // the rows with changes not yet brought to the database
+  const std::string& Filter() const { return filterText_; }
+
+  // Shares the rows and their changes; cursor and filter are the clone's own (first row, no filter).
+  std::unique_ptr<Recordset> Clone() const;
+
+  const Columns& Fields() const;
+  std::size_t Ordinal(std::string_view field) const;
+  CellView Get(std::string_view field) const { return Get(Ordinal(field)); }
+  CellView Get(std::size_t column) const;
+  Value OriginalValue(std::string_view field) const;  // as read from the database; null in a new row
+  // The whole current row, one view a column; until the next move or change.
+  const CellView* Row() const;
+
+  void Set(std::string_view field, const Value& value);
+  void AddNew();
+  void Delete();
+  void Update();
+  RecordStatus Status() const;
+
+ private:
+  // What differs from the row as read: a change of one flag costs one value, not the row.
+  struct Edited {
+    std::vector<std::pair<std::size_t, Value>> changes;  // by column
+    RecordStatus status = RecordStatus::Modified;
+    void set(std::size_t column, Value value);
+  };
+  // What clones share.
+  struct Data {
+    RowStore store;
+    LockType lock = LockType::ReadOnly;
+    std::size_t added = 0;
+    std::uint64_t version = 0;
+    std::unordered_map<RowMark, Edited> edited;  // rows changed, and those added behind the stored ones
+    std::size_t rows() const { return store.size() + added; }
+  };
+  enum class Showing { All, Matching, Pending };
+
+  const Data& data() const;
+  Data& data();
+  bool shows(RowMark row) const;
+  void rebuild();
+  std::size_t visibleCount() const;
+  RowMark rowAt(std::size_t position) const;
+  RowMark current() const;
+  void read(RowMark row, std::vector<CellView>& cells) const;
+  static void apply(const Edited& edited, std::vector<CellView>& cells);
+  void move(std::int64_t position);
+
+  std::shared_ptr<Data> data_;
+  Showing showing_ = Showing::All;
+  std::string filterText_;
+  RowFilter filter_;
+  std::vector<RowMark> visible_;     // only where not all rows show
+  std::int64_t position_ = -1;       // in the visible rows; -1 before the first, count behind the last
+  std::unique_ptr<Edited> pending_;  // of the current row, between Set or AddNew and Update
+  RowMark pendingRow_ = 0;
+  bool adding_ = false;
+  mutable std::vector<CellView> cells_;
+  mutable RowMark decoded_ = kNothing;
+  mutable std::uint64_t decodedVersion_ = 0;
+  static constexpr RowMark kNothing = 0xFFFFFFFF;
+};
+
+}  // namespace cu

@@ -1,0 +1,48 @@
+#include "host/selector.h"
+
+#include "host/error.h"
+#include "host/recordset.h"
+#include "host/text.h"
+
+namespace cu {
+
+void Selector::bind(Connection& connection, Binding binding) {
+  connection_ = &connection;
+  binding_ = std::move(binding);
+  notify();
+  empty();
+}
+
+void Selector::set(std::int64_t record, const std::string& code, const std::string& description) {
+  if (record_ == record && code_ == code && description_ == description) return;
+  record_ = record;
+  code_ = code;
+  description_ = description;
+  notify();
+  if (onChange) onChange();
+}
+
+void Selector::choose(const std::string& code, const std::string& description) { set(0, code, description); }
+
+bool Selector::chooseRow(const std::string& condition) {
+  if (connection_ == nullptr)
+    throw Error(kErrorObjectNotSet, "Il campo " + name() + " non è collegato a una tabella.");
+  std::string source = "SELECT " + binding_.idField + ", " + binding_.codeField + ", " +
+                       binding_.descriptionField + " FROM " + binding_.table + " WHERE " + condition;
+  if (!binding_.filter.empty()) source += " AND (" + binding_.filter + ")";
+  Recordset rows;
+  rows.Open(*connection_, source);
+  if (rows.Eof()) return false;
+  set(rows.Get(0).integer(), rows.Get(1).toText(), rows.Get(2).toText());
+  return true;
+}
+
+bool Selector::chooseCode(const std::string& code) {
+  std::string literal = "'";
+  for (char c : code) literal += c == '\'' ? std::string("''") : std::string(1, c);
+  return chooseRow(binding_.codeField + " = " + literal + "'");
+}
+
+bool Selector::chooseRecord(std::int64_t id) { return chooseRow(binding_.idField + " = " + fromInteger(id)); }
+
+}  // namespace cu

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "host/control.h"
+#include "host/database.h"
+
+namespace cu {
+
+// A code and description selector bound to one table: a code box, a description box and a search list.
+class Selector : public Control {
+ public:
+  using Control::Control;
+  void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
+
+  struct Binding {
+    std::string table;
+    std::string codeField;
+    std::string descriptionField;
+    std::string idField;
+    std::string codeCaption;
+    std::string descriptionCaption;
+    std::string filter;  // a condition on the table; may be empty
+    std::string title;
+    bool manage = false;  // toolbar entry "EseguiGestione"
+    bool search = true;   // toolbar entry "Ricerca"
+  };
+  // Binds and empties it.
+  void bind(Connection& connection, Binding binding);
+  const Binding& binding() const { return binding_; }
+
+  std::int64_t record() const { return record_; }  // 0 when none
+  const std::string& code() const { return code_; }
+  const std::string& description() const { return description_; }
+
+  // The row with that code, or id, of the table under the filter. False when there is none: nothing changes.
+  bool chooseCode(const std::string& code);
+  bool chooseRecord(std::int64_t id);
+  // Code and description as they stand, whether a row has them or not.
+  void choose(const std::string& code, const std::string& description);
+  void empty() { set(0, "", ""); }
+
+  Event onChange;
+
+ private:
+  bool chooseRow(const std::string& condition);
+  void set(std::int64_t record, const std::string& code, const std::string& description);
+
+  Connection* connection_ = nullptr;
+  Binding binding_;
+  std::int64_t record_ = 0;
+  std::string code_;
+  std::string description_;
+};
+
+}  // namespace cu

@@ -1,0 +1,52 @@
+#include "host/textbox.h"
+
+#include "host/text.h"
+
+namespace cu {
+
+void EditBox::setText(const std::string& text) {
+  if (text_ == text) return;
+  text_ = text;
+  notify();
+  if (onChange) onChange();
+}
+
+void EditBox::setLocked(bool locked) {
+  if (locked_ == locked) return;
+  locked_ = locked;
+  notify();
+}
+
+void EditBox::setBackground(Background background) {
+  if (background_ == background) return;
+  background_ = background;
+  notify();
+}
+
+bool EditBox::take(std::string content, char32_t character) {
+  if (keyFilter && !keyFilter(character)) return false;
+  if (maxLength_ > 0 && codePoints(content) >= maxLength_) return false;
+  appendUtf8(content, character);
+  setText(content);
+  return true;
+}
+
+bool EditBox::type(char32_t character) { return take(text_, character); }
+
+void EditBox::enter(std::string_view typed) {
+  if (typed.empty()) {
+    setText("");
+    return;
+  }
+  bool selected = true;
+  for (std::size_t at = 0; at < typed.size();) {
+    const char32_t character = nextCodePoint(typed, at);
+    if (take(selected ? std::string() : text_, character)) selected = false;
+  }
+}
+
+void EditBox::paste(std::string_view text) {
+  setText(std::string(maxLength_ > 0 ? leftCodePoints(text, maxLength_) : text));
+}
+
+}  // namespace cu

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "host/control.h"
+
+namespace cu {
+
+// A control with an edited text: one character typed is one change; a locked box takes nothing from a person.
+class EditBox : public Control {
+ public:
+  using Control::Control;
+
+  const std::string& text() const { return text_; }
+  void setText(const std::string& text);                // raises the change event when it differs
+  std::size_t maxLength() const { return maxLength_; }  // in characters, 0 for any
+  void setMaxLength(std::size_t characters) { maxLength_ = characters; }
+  bool locked() const { return locked_; }
+  void setLocked(bool locked);
+  Background background() const { return background_; }
+  void setBackground(Background background);
+
+  // A person selects the whole content and types: the first accepted character replaces it.
+  void enter(std::string_view typed);
+  void paste(std::string_view text);
+  // One character at the end of the content; false when the key filter or the length refuses it.
+  bool type(char32_t character);
+
+  // True lets the character in; the filter itself beeps where it refuses.
+  std::function<bool(char32_t)> keyFilter;
+  Event onChange;
+
+ private:
+  bool take(std::string content, char32_t character);
+
+  std::string text_;
+  std::size_t maxLength_ = 0;
+  bool locked_ = false;
+  Background background_ = Background::Window;
+};
+
+class TextBox : public EditBox {
+ public:
+  using EditBox::EditBox;
+  void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
+};
+
+}  // namespace cu

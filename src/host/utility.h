@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "host/value.h"
+
+namespace cu {
+
+class Form;
+
+enum class BoxIcon { None, Stop, Question, Warning, Information };
+
+// The suite's application-wide object: boxes, null-safe conversions, literals, folders.
+class UtilitaSuite {
+ public:
+  virtual ~UtilitaSuite() = default;
+
+  static constexpr int kYes = 6;
+  virtual int question(const std::string& text, const std::string& title) = 0;  // Yes and No; 6 for Yes
+  // What was refused: OK and the warning icon unless told otherwise.
+  virtual void message(const std::string& text, const std::string& title,
+                       BoxIcon icon = BoxIcon::Warning) = 0;
+  virtual void refusedStart(const std::string& text, const std::string& title) = 0;
+  // OK and Cancel, question icon, Cancel the default; 2 for Cancel.
+  static constexpr int kCancel = 2;
+  virtual int confirm(const std::string& text, const std::string& title) = 0;
+
+  // Null-safe conversions.
+  virtual std::string toText(const CellView& value) const = 0;
+  virtual double toDouble(const CellView& value) const = 0;
+  virtual std::int32_t toLong(const CellView& value) const = 0;
+  virtual std::int32_t toLong(std::string_view text) const = 0;  // 0 for a text that is no number
+
+  // Literals of a statement. A null text is NULL, an empty one ''; quotes are doubled. A number has a point,
+  // no exponent and no superfluous zeros; a null one is NULL. An id of 0 or null is NULL. A flag is 1 or 0,
+  // its null NULL. A date text is 'YYYYMMDD', NULL when empty or no date.
+  virtual std::string literal(const CellView& text) const = 0;
+  virtual std::string literal(std::string_view text) const = 0;
+  virtual std::string literalNumber(const CellView& number) const = 0;
+  virtual std::string literalId(const CellView& id) const = 0;
+  virtual std::string literalFlag(const CellView& flag) const = 0;
+  virtual std::string literalDate(std::string_view italianDate) const = 0;
+  // The absolute value of a field as text; of a null NULL.
+  virtual std::string absolute(const CellView& number) const = 0;
+
+  virtual std::string defaultFolder() const = 0;    // for the CU file
+  virtual std::string documentsFolder() const = 0;  // default documents folder
+  virtual void prepareForm(Form& form) = 0;         // the suite's common treatment of forms
+  virtual void releaseForm(Form& form) = 0;
+
+  // Adapts a statement for the database before it is sent: text in, text out.
+  virtual std::string fnAnsi2jet(std::string statement) const = 0;
+};
+
+}  // namespace cu
