@@ -1,0 +1,100 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "host/database.h"
+#include "host/error.h"
+#include "support/table.h"
+
+namespace cu::test {
+
+// A connection that notes every text it is sent and answers from rules. Of the rules that fit, the newest
+// holds; a query that no rule fits is a fault of the test, a statement is only noted.
+class FakeConnection : public Connection {
+ public:
+  enum class Kind { Execute, Query };
+  struct Sent {
+    Kind kind;
+    std::string text;
+    bool insideRead;
+  };
+  using Answer = std::function<Table(std::string_view text)>;
+
+  std::vector<Sent> sent;
+  int reads = 0;      // read scopes begun
+  int readDepth = 0;  // and still open
+
+  void answer(std::string exactly, Table table) {
+    rules_.push_back({std::move(exactly), true, fixed(std::move(table))});
+  }
+  void answerContaining(std::string piece, Table table) {
+    rules_.push_back({std::move(piece), false, fixed(std::move(table))});
+  }
+  void answerContaining(std::string piece, Answer answer) {
+    rules_.push_back({std::move(piece), false, std::move(answer)});
+  }
+  // Any text, query or statement, that contains the piece is refused.
+  void refuseContaining(std::string piece, DatabaseErrorKind kind = DatabaseErrorKind::Other,
+                        std::string message = "Il database ha rifiutato l'istruzione.") {
+    rules_.push_back({std::move(piece), false, [kind, message](std::string_view) -> Table {
+                        throw DatabaseError(kind, 0, "", message);
+                      }});
+  }
+
+  std::vector<std::string> texts() const {
+    std::vector<std::string> result;
+    for (const Sent& each : sent) result.push_back(each.text);
+    return result;
+  }
+  std::vector<std::string> texts(Kind kind) const {
+    std::vector<std::string> result;
+    for (const Sent& each : sent) {
+      if (each.kind == kind) result.push_back(each.text);
+    }
+    return result;
+  }
+
+  void Execute(std::string_view statement) override {
+    sent.push_back({Kind::Execute, std::string(statement), readDepth > 0});
+    if (const Rule* rule = fitting(statement)) rule->answer(statement);
+  }
+  void Query(std::string_view source, RowStore& rows) override {
+    sent.push_back({Kind::Query, std::string(source), readDepth > 0});
+    const Rule* rule = fitting(source);
+    if (rule == nullptr) throw std::logic_error("no answer was given for: " + std::string(source));
+    rule->answer(source).fill(rows);
+  }
+  void BeginRead() override {
+    ++reads;
+    ++readDepth;
+  }
+  void EndRead() noexcept override { --readDepth; }
+
+ private:
+  struct Rule {
+    std::string text;
+    bool exactly;
+    Answer answer;
+  };
+  static Answer fixed(Table table) {
+    auto shared = std::make_shared<const Table>(std::move(table));
+    return [shared](std::string_view) { return *shared; };
+  }
+  const Rule* fitting(std::string_view text) const {
+    for (auto rule = rules_.rbegin(); rule != rules_.rend(); ++rule) {
+      const bool fits = rule->exactly ? text == rule->text : text.find(rule->text) != std::string_view::npos;
+      if (fits) return &*rule;
+    }
+    return nullptr;
+  }
+
+  std::vector<Rule> rules_;
+};
+
+}  // namespace cu::test
