@@ -93,11 +93,24 @@ struct Key {
   std::uint32_t accent;
 };
 
-Key keyOf(char32_t c) {
+// Letters of their own, without a plain one: upper to lower case.
+char32_t lowerCase(char32_t c) {
+  if (c == 0xC6 || c == 0xDE) return c + 32;                 // AE, thorn
+  if (c == 0xD0) return 0xF0;                                // eth
+  if (c == 0x132 || c == 0x14A || c == 0x152) return c + 1;  // IJ, eng, OE
+  return c;
+}
+
+// The key of the character that begins at `at`, moved behind it. A byte that begins none stands behind all
+// characters, by its value.
+Key keyAt(std::string_view text, std::size_t& at) {
+  const std::size_t begin = at;
+  const char32_t c = nextCodePoint(text, at);
   if (c < 128) return {kWeight[c], 0};
+  if (c == 0xFFFD && at == begin + 1) return {0x200000U + static_cast<unsigned char>(text[begin]), 0};
   const Folded folded = foldLatin(c);
   if (folded.base != 0) return {kWeight[folded.base], folded.accent};
-  return {0x1000 + static_cast<std::uint32_t>(c), 0};
+  return {0x1000 + static_cast<std::uint32_t>(lowerCase(c)), 0};
 }
 
 int compareFrom(std::string_view a, std::string_view b, std::size_t at) {
@@ -105,8 +118,8 @@ int compareFrom(std::string_view a, std::string_view b, std::size_t at) {
   std::size_t j = at;
   int accents = 0;
   while (i < a.size() && j < b.size()) {
-    const Key x = keyOf(nextCodePoint(a, i));
-    const Key y = keyOf(nextCodePoint(b, j));
+    const Key x = keyAt(a, i);
+    const Key y = keyAt(b, j);
     if (x.primary != y.primary) return x.primary < y.primary ? -1 : 1;
     if (accents == 0 && x.accent != y.accent) accents = x.accent < y.accent ? -1 : 1;
   }

@@ -1,5 +1,6 @@
 #include "host/date.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <chrono>
@@ -13,7 +14,9 @@ using std::chrono::year_month_day;
 
 constexpr sys_days kDayZero = sys_days(std::chrono::year(1899) / 12 / 30);
 
-year_month_day civil(std::int32_t serial) { return {kDayZero + days(serial)}; }
+year_month_day civil(std::int32_t serial) {
+  return {kDayZero + days(std::clamp(serial, Date::kFirst, Date::kLast))};
+}
 
 std::optional<int> number(std::string_view digits) {
   if (digits.empty()) return std::nullopt;

@@ -11,6 +11,8 @@ namespace cu {
 // A day, without a time and a time zone, as the number of days since 30 December 1899.
 class Date {
  public:
+  static constexpr std::int32_t kFirst = -693593;  // 1 January of the year 1
+  static constexpr std::int32_t kLast = 2958465;   // 31 December 9999
   constexpr Date() = default;
   static constexpr Date fromSerial(std::int32_t days) {
     Date d;
@@ -25,6 +27,7 @@ class Date {
   static std::optional<Date> parseIso(std::string_view text);
 
   constexpr std::int32_t serial() const { return serial_; }
+  // Of a number outside kFirst to kLast, year, month, day and texts are those of the nearer end.
   int year() const;
   int month() const;
   int day() const;

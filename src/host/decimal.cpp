@@ -24,13 +24,11 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 }  // namespace
 
 Decimal Decimal::fromInteger(std::int64_t units) {
-  std::int64_t scaled = 0;
   if (units > std::numeric_limits<std::int64_t>::max() / kUnit ||
       units < std::numeric_limits<std::int64_t>::min() / kUnit) {
     overflow();
   }
-  scaled = units * kUnit;
-  return fromScaled(scaled);
+  return fromScaled(units * kUnit);
 }
 
 Decimal Decimal::fromDouble(double value) {
@@ -129,17 +127,16 @@ Decimal Decimal::abs() const {
 Decimal Decimal::rounded(int places) const {
   const std::int64_t step = kStep.at(static_cast<std::size_t>(places));
   const std::int64_t rest = scaled_ % step;
-  std::int64_t whole = scaled_ - rest;
-  const std::int64_t size = rest < 0 ? -rest : rest;
-  if (step > 1 && size >= step / 2) whole += scaled_ < 0 ? -step : step;
-  return fromScaled(whole);
+  const Decimal whole = fromScaled(scaled_ - rest);
+  if (step == 1 || magnitude(rest) < magnitude(step) / 2) return whole;
+  return scaled_ < 0 ? whole - fromScaled(step) : whole + fromScaled(step);
 }
 
 std::string Decimal::toText() const {
   std::string text = toFixed(4, '.');
   while (text.back() == '0') text.pop_back();
   if (text.back() == '.') text.pop_back();
-  return text == "-0" ? "0" : text;
+  return text;
 }
 
 std::string Decimal::toFixed(int places, char decimalMark) const {
@@ -178,6 +175,16 @@ Decimal operator+(Decimal a, Decimal b) {
   return Decimal::fromScaled(x + y);
 }
 
-Decimal operator-(Decimal a, Decimal b) { return a + (-b); }
+Decimal operator-(Decimal a, Decimal b) {
+  const std::int64_t x = a.scaled_;
+  const std::int64_t y = b.scaled_;
+  if ((y < 0 && x > std::numeric_limits<std::int64_t>::max() + y) ||
+      (y > 0 && x < std::numeric_limits<std::int64_t>::min() + y)) {
+    overflow();
+  }
+  return Decimal::fromScaled(x - y);
+}
+
+Decimal operator-(Decimal a) { return Decimal() - a; }
 
 }  // namespace cu

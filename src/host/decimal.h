@@ -41,7 +41,7 @@ class Decimal {
 
   friend Decimal operator+(Decimal a, Decimal b);
   friend Decimal operator-(Decimal a, Decimal b);
-  friend Decimal operator-(Decimal a) { return fromScaled(-a.scaled_); }
+  friend Decimal operator-(Decimal a);
   friend constexpr auto operator<=>(Decimal a, Decimal b) = default;
 
  private:

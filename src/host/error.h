@@ -30,6 +30,7 @@ inline constexpr int kErrorPathAccess = 75;
 inline constexpr int kErrorPathNotFound = 76;
 inline constexpr int kErrorObjectNotSet = 91;
 inline constexpr int kErrorNoCurrentRow = 3021;
+inline constexpr int kErrorReadOnly = 3251;
 inline constexpr int kErrorItemNotFound = 3265;
 inline constexpr int kErrorObjectClosed = 3704;
 inline constexpr int kErrorObjectOpen = 3705;

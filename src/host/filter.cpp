@@ -1,5 +1,7 @@
 #include "host/filter.h"
 
+#include <algorithm>
+
 #include "host/collation.h"
 #include "host/error.h"
 #include "host/rowstore.h"
@@ -13,6 +15,32 @@ bool isNameStart(char c) {
          static_cast<unsigned char>(c) >= 0x80;
 }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+template <class T>
+int order(const T& a, const T& b) {
+  return a < b ? -1 : (b < a ? 1 : 0);
+}
+
+// An integer of any size beside an amount.
+int order(std::int64_t a, Decimal b) {
+  std::int64_t whole = b.scaled() / 10000;
+  const std::int64_t rest = b.scaled() % 10000;
+  if (rest < 0) --whole;  // the floor
+  return a != whole ? order(a, whole) : (rest == 0 ? 0 : -1);
+}
+
+// Of two values that are not null.
+int compare(const CellView& cell, const CellView& literal) {
+  if (cell.type() == ValueType::Date || literal.type() == ValueType::Date) {
+    return order(cell.date(), literal.date());
+  }
+  if (cell.type() == ValueType::Text) {
+    return literal.type() == ValueType::Text ? compareItalian(cell.text(), literal.text())
+                                             : compareItalian(cell.text(), literal.toText());
+  }
+  if (cell.type() == ValueType::Integer) return order(cell.integer(), literal.decimal());
+  return order(cell.decimal(), literal.decimal());
+}
 
 }  // namespace
 
@@ -161,20 +189,7 @@ bool RowFilter::holds(const Comparison& comparison, const CellView& cell) {
     if (comparison.op == Operator::Equal) return both;
     return comparison.op == Operator::NotEqual && literal.isNull() && !both;
   }
-  int order = 0;
-  if (cell.type() == ValueType::Text && literal.type() == ValueType::Text) {
-    order = compareItalian(cell.text(), literal.text());
-  } else if (cell.type() == ValueType::Date || literal.type() == ValueType::Date) {
-    const Date x = cell.date();
-    const Date y = literal.date();
-    order = x < y ? -1 : (x > y ? 1 : 0);
-  } else if (cell.type() == ValueType::Text) {
-    order = compareItalian(cell.text(), literal.toText());
-  } else {
-    const Decimal x = cell.decimal();
-    const Decimal y = literal.decimal();
-    order = x < y ? -1 : (x > y ? 1 : 0);
-  }
+  const int order = compare(cell, literal);
   switch (comparison.op) {
     case Operator::Equal:
       return order == 0;
@@ -190,6 +205,14 @@ bool RowFilter::holds(const Comparison& comparison, const CellView& cell) {
       return order >= 0;
   }
   return false;
+}
+
+std::size_t RowFilter::columns() const {
+  std::size_t count = 0;
+  for (const auto& all : anyOfAll_) {
+    for (const Comparison& comparison : all) count = std::max(count, comparison.column + 1);
+  }
+  return count;
 }
 
 bool RowFilter::matches(const CellView* row) const {

@@ -1,5 +1,7 @@
 #include "host/form.h"
 
+#include <algorithm>
+
 #include "host/frontend.h"
 
 namespace cu {
@@ -32,9 +34,9 @@ void Form::setFocus(Control* control) {
   if (control == focus_) return;
   Control* const before = focus_;
   focus_ = control;
+  notify();
   if (before != nullptr && before->onLostFocus) before->onLostFocus();
   if (focus_ != nullptr && focus_ == control && focus_->onGotFocus) focus_->onGotFocus();
-  notify();
 }
 
 Control* Form::firstFocus() const {
@@ -44,39 +46,55 @@ Control* Form::firstFocus() const {
   return nullptr;
 }
 
+void Form::settleFocus() {
+  if (focus_ == nullptr || focus_->available()) return;
+  const auto behind = std::find(controls_.begin(), controls_.end(), focus_) + 1;
+  const auto reachable = [](const Control* control) { return control->takesFocus() && control->available(); };
+  const auto next = std::find_if(behind, controls_.end(), reachable);
+  setFocus(next != controls_.end() ? *next : firstFocus());
+}
+
 void Form::load() {
   if (loaded_) return;
   loaded_ = true;
   formLoad();
 }
 
-void Form::show() {
+// False when it is open already, or has unloaded itself in its load.
+bool Form::open() {
   load();
-  if (!open_) {
-    open_ = true;
-    setFocus(firstFocus());
-    frontEnd_.show(*this);
-  }
+  if (open_ || !loaded_) return false;
+  open_ = true;
+  setFocus(firstFocus());
+  return true;
+}
+
+void Form::show() {
+  if (open()) frontEnd_.show(*this);
 }
 
 void Form::showModal() {
-  load();
-  open_ = true;
-  setFocus(firstFocus());
-  frontEnd_.showModal(*this);
+  if (open()) frontEnd_.showModal(*this);
 }
 
 void Form::hide() {
   if (!open_) return;
   open_ = false;
+  focus_ = nullptr;
   frontEnd_.closed(*this);
 }
 
 void Form::unload() {
-  if (!loaded_) return;
+  if (!loaded_ || unloading_) return;
+  unloading_ = true;
+  try {
+    formUnload();
+  } catch (...) {
+    unloading_ = false;
+    throw;
+  }
+  unloading_ = false;
   loaded_ = false;
-  formUnload();
-  focus_ = nullptr;
   hide();
 }
 

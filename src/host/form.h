@@ -34,13 +34,17 @@ class Form {
   void setFocus(Control* control);
   // Where the focus goes when the form opens: the first control that can take it.
   Control* firstFocus() const;
+  // To be called when an event has ended: a control that a person can no longer reach yields the focus to the
+  // next one in the order of tabbing, the last to the first.
+  void settleFocus();
 
   bool isOpen() const { return open_; }
-  void load();       // once; runs formLoad
-  void show();       // loads it, shows it, returns at once
-  void showModal();  // loads it, shows it, returns when it is unloaded or hidden
-  void hide();
-  void unload();  // runs formUnload; the form goes
+  void load();  // once; runs formLoad
+  void show();  // loads it, shows it, returns at once
+  void
+  showModal();    // loads it, shows it, returns when it is unloaded or hidden; nothing if its load unloads it
+  void hide();    // the focus goes without an event
+  void unload();  // runs formUnload; the form goes, unless that raises an error
 
   // The close box: unloads, unless the form refuses.
   void close();
@@ -76,12 +80,15 @@ class Form {
   friend class Control;
   void add(Control& control) { controls_.push_back(&control); }
 
+  bool open();
+
   FrontEnd& frontEnd_;
   std::string name_;
   std::string caption_;
   std::vector<Control*> controls_;
   Control* focus_ = nullptr;
   bool loaded_ = false;
+  bool unloading_ = false;
   bool open_ = false;
   std::function<void()> view_;
 };

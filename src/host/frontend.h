@@ -8,6 +8,7 @@
 
 #include "host/error.h"
 #include "host/utility.h"
+#include "host/value.h"
 
 namespace cu {
 
@@ -28,7 +29,7 @@ struct MessageBox {
 // A table to be read and closed: the log of what is missing.
 struct LogTable {
   std::vector<std::string> columns;
-  std::vector<std::vector<std::string>> rows;
+  std::vector<std::vector<Value>> rows;
 };
 
 struct PrinterChoice {

@@ -39,11 +39,13 @@ std::size_t Grid::row() const { return rows_ == nullptr || !rows_->IsOpen() ? 0 
 
 void Grid::resumeDrawing() {
   if (suspended_ > 0) --suspended_;
-  refresh();
+  if (suspended_ == 0) notify();
 }
 
 void Grid::refresh() {
-  if (suspended_ == 0) notify();
+  if (suspended_ > 0) return;
+  notify();
+  if (row() > 0 && onRowChange) onRowChange();
 }
 
 std::string Grid::shown(const GridColumn& column, const CellView& value) const {
@@ -79,12 +81,13 @@ bool Grid::keyDown(std::int16_t code, std::int16_t shift) {
 }
 
 void Grid::press(std::size_t row, std::string_view field) {
+  if (row > rowCount()) return;
   if (row > 0) selectRow(row);
   if (onMouseUp) onMouseUp(row, std::string(field));
 }
 
 void Grid::doubleClick(std::size_t row) {
-  if (row == 0) return;
+  if (row == 0 || row > rowCount()) return;
   selectRow(row);
   if (onDoubleClick) onDoubleClick();
 }

@@ -48,8 +48,9 @@ class Grid : public Control {
   int state() const { return state_; }  // 0 at rest
   void setState(int state) { state_ = state; }
   void suspendDrawing() { ++suspended_; }
-  void resumeDrawing();
+  void resumeDrawing();  // what changed meanwhile is drawn
   bool drawing() const { return suspended_ == 0; }
+  // Draws the rows anew, which shows the current row as when it is selected; so does binding.
   void refresh();
 
   // The amounts' marks; the same for every column of the grid.
@@ -60,7 +61,7 @@ class Grid : public Control {
   // The cell of a row as it is shown.
   std::string shown(const GridColumn& column, const CellView& value) const;
 
-  // A person's events.
+  // A person's events; a row that does not exist is passed over.
   void selectRow(std::size_t row);
   bool keyDown(std::int16_t code, std::int16_t shift);
   void press(std::size_t row, std::string_view field);  // row 0 is the header
@@ -69,13 +70,25 @@ class Grid : public Control {
   std::function<void(std::int16_t& code, std::int16_t& shift)> onKeyDown;
   std::function<void(std::size_t row, const std::string& field)> onMouseUp;
   Event onDoubleClick;
-  Event onRowChange;
+  Event onRowChange;  // a row has become the current one, or is shown anew
 
  private:
   std::vector<GridColumn> columns_;
   Recordset* rows_ = nullptr;
   int state_ = 0;
   int suspended_ = 0;
+};
+
+// No drawing while it stands, also when an error ends the work early.
+class DrawingPause {
+ public:
+  explicit DrawingPause(Grid& grid) : grid_(grid) { grid_.suspendDrawing(); }
+  ~DrawingPause() { grid_.resumeDrawing(); }
+  DrawingPause(const DrawingPause&) = delete;
+  DrawingPause& operator=(const DrawingPause&) = delete;
+
+ private:
+  Grid& grid_;
 };
 
 }  // namespace cu

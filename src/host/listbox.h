@@ -42,6 +42,7 @@ class ListBox : public Control {
   void setDisplayField(const std::string& field) { displayField_ = field; }
   void setKeyField(const std::string& field) { keyField_ = field; }
   void addColumn(const std::string& field) { columns_.push_back(field); }
+  const std::vector<std::string>& columns() const { return columns_; }
   void load();  // nothing is chosen afterwards
 
   Background background() const { return background_; }

@@ -23,24 +23,30 @@ Recordset::Data& Recordset::data() {
   return *data_;
 }
 
+Recordset::Data& Recordset::changeable() {
+  if (data().lock == LockType::ReadOnly)
+    throw Error(kErrorReadOnly, "Il recordset è aperto in sola lettura.");
+  return *data_;
+}
+
 void Recordset::Open(Connection& connection, std::string_view source, LockType lock) {
   if (data_ != nullptr) throw Error(kErrorObjectOpen, "L'operazione non è possibile su un recordset aperto.");
   auto data = std::make_shared<Data>();
   data->lock = lock;
   connection.Query(source, data->store);
+  if (data->store.columns() == nullptr) {
+    data->store.setColumns(std::make_shared<const Columns>(std::vector<Column>()));
+  }
   data_ = std::move(data);
-  showing_ = Showing::All;
-  filterText_.clear();
-  visible_.clear();
-  decoded_ = kNothing;
   position_ = 0;
 }
 
 void Recordset::Close() {
   data();
-  pending_.reset();
-  adding_ = false;
   data_.reset();
+  pending_.clear();
+  editing_ = false;
+  adding_ = false;
   visible_.clear();
   filterText_.clear();
   showing_ = Showing::All;
@@ -56,53 +62,63 @@ Recordset::RowMark Recordset::rowAt(std::size_t position) const {
   return showing_ == Showing::All ? static_cast<RowMark>(position) : visible_[position];
 }
 
-std::size_t Recordset::RecordCount() const { return visibleCount(); }
+std::size_t Recordset::RecordCount() const {
+  data();
+  return visibleCount();
+}
 
 // Without rows both ends are true at once.
-bool Recordset::Bof() const { return !adding_ && (visibleCount() == 0 || position_ < 0); }
+bool Recordset::Bof() const {
+  data();
+  return !adding_ && (visibleCount() == 0 || position_ < 0);
+}
+
 bool Recordset::Eof() const {
+  data();
   return !adding_ && (visibleCount() == 0 || position_ >= static_cast<std::int64_t>(visibleCount()));
 }
 
 void Recordset::move(std::int64_t position) {
-  if (pending_ != nullptr) Update();
-  const auto count = static_cast<std::int64_t>(visibleCount());
-  position_ = std::clamp<std::int64_t>(position, -1, count);
+  position_ = std::clamp<std::int64_t>(position, -1, static_cast<std::int64_t>(visibleCount()));
 }
 
 void Recordset::MoveFirst() {
-  if (pending_ != nullptr) Update();
+  Update();
   if (visibleCount() == 0) noCurrentRow();
   move(0);
 }
 
 void Recordset::MoveLast() {
-  if (pending_ != nullptr) Update();
+  Update();
   if (visibleCount() == 0) noCurrentRow();
   move(static_cast<std::int64_t>(visibleCount()) - 1);
 }
 
 void Recordset::MoveNext() {
+  Update();
   if (Eof()) noCurrentRow();
   move(position_ + 1);
 }
 
 void Recordset::MovePrevious() {
+  Update();
   if (Bof()) noCurrentRow();
   move(position_ - 1);
 }
 
 std::size_t Recordset::AbsolutePosition() const {
-  return Bof() || Eof() ? 0 : static_cast<std::size_t>(position_) + 1;
+  return adding_ || Bof() || Eof() ? 0 : static_cast<std::size_t>(position_) + 1;
 }
 
 void Recordset::MoveTo(std::size_t position) {
+  Update();
   if (position < 1 || position > visibleCount()) noCurrentRow();
   move(static_cast<std::int64_t>(position) - 1);
 }
 
+// A row being added bears the number that it will have.
 Recordset::RowMark Recordset::current() const {
-  if (adding_) return pendingRow_;
+  if (adding_) return static_cast<RowMark>(data().rows());
   if (Bof() || Eof()) noCurrentRow();
   return rowAt(static_cast<std::size_t>(position_));
 }
@@ -110,7 +126,7 @@ Recordset::RowMark Recordset::current() const {
 Recordset::RowMark Recordset::Bookmark() const { return current(); }
 
 void Recordset::SetBookmark(RowMark mark) {
-  if (pending_ != nullptr) Update();
+  Update();
   if (showing_ == Showing::All) {
     if (mark >= data().rows()) noCurrentRow();
     move(mark);
@@ -121,38 +137,50 @@ void Recordset::SetBookmark(RowMark mark) {
   move(found - visible_.begin());
 }
 
-void Recordset::Edited::set(std::size_t column, Value value) {
-  for (auto& [changed, content] : changes) {
-    if (changed == column) {
-      content = std::move(value);
+void Recordset::set(Changes& changes, std::size_t column, Value value) {
+  for (Change& change : changes) {
+    if (change.column == column) {
+      change.value = std::move(value);
       return;
     }
   }
-  changes.emplace_back(column, std::move(value));
+  changes.push_back({column, std::move(value)});
 }
 
-void Recordset::apply(const Edited& edited, std::vector<CellView>& cells) {
-  for (const auto& [column, value] : edited.changes) cells[column] = value.view();
+void Recordset::apply(const Changes& changes, std::size_t columns, CellView* cells) {
+  for (const Change& change : changes) {
+    if (change.column < columns) cells[change.column] = change.value.view();
+  }
 }
 
-void Recordset::read(RowMark row, std::vector<CellView>& cells) const {
-  cells.assign(data_->store.columns()->size(), CellView());
-  if (row < data_->store.size()) data_->store.read(row, cells.data());
-  const auto edited = data_->edited.find(row);
-  if (edited != data_->edited.end()) apply(edited->second, cells);
+const Recordset::Edited* Recordset::edited(RowMark row) const {
+  if (data_->edited.empty()) return nullptr;
+  const auto found = data_->edited.find(row);
+  return found == data_->edited.end() ? nullptr : &found->second;
+}
+
+void Recordset::read(RowMark row, std::size_t columns, CellView* cells) const {
+  if (row < data_->store.size()) {
+    data_->store.readFirst(row, columns, cells);
+  } else {
+    std::fill_n(cells, columns, CellView());
+  }
+  if (const Edited* const changed = edited(row)) apply(changed->changes, columns, cells);
 }
 
 bool Recordset::shows(RowMark row) const {
-  const auto edited = data_->edited.find(row);
+  const Edited* const changed = edited(row);
+  const bool deleted = changed != nullptr && changed->status == RecordStatus::Deleted;
   switch (showing_) {
     case Showing::All:
       return true;
     case Showing::Pending:
-      return edited != data_->edited.end();
+      return changed != nullptr && !(deleted && row >= data_->store.size());
     case Showing::Matching: {
-      if (edited != data_->edited.end() && edited->second.status == RecordStatus::Deleted) return false;
-      std::vector<CellView> cells;
-      read(row, cells);
+      if (deleted) return false;
+      const std::size_t columns = filter_.columns();
+      std::vector<CellView> cells(columns);
+      read(row, columns, cells.data());
       return filter_.matches(cells.data());
     }
   }
@@ -161,31 +189,50 @@ bool Recordset::shows(RowMark row) const {
 
 void Recordset::rebuild() {
   visible_.clear();
-  const auto rows = static_cast<RowMark>(data_->rows());
   if (showing_ == Showing::Pending) {
-    for (const auto& [row, edited] : data_->edited) visible_.push_back(row);
+    for (const auto& [row, changed] : data_->edited) {
+      if (shows(row)) visible_.push_back(row);
+    }
     std::sort(visible_.begin(), visible_.end());
     return;
   }
-  std::vector<CellView> cells;
+  const std::size_t columns = filter_.columns();
+  std::vector<CellView> cells(columns);
+  const auto rows = static_cast<RowMark>(data_->rows());
   for (RowMark row = 0; row < rows; ++row) {
-    const auto edited = data_->edited.find(row);
-    if (edited != data_->edited.end() && edited->second.status == RecordStatus::Deleted) continue;
-    read(row, cells);
+    const Edited* const changed = edited(row);
+    if (changed != nullptr && changed->status == RecordStatus::Deleted) continue;
+    read(row, columns, cells.data());
     if (filter_.matches(cells.data())) visible_.push_back(row);
   }
 }
 
+void Recordset::showAll() {
+  filterText_.clear();
+  filter_ = RowFilter();
+  showing_ = data_->anyDeleted ? Showing::Matching : Showing::All;
+  visible_.clear();
+  if (data_->anyDeleted) {
+    rebuild();
+  } else {
+    visible_.shrink_to_fit();
+  }
+}
+
+// The place that a row leaving the visible rows yields to the next one, or to the last.
+std::int64_t Recordset::placeOf(std::vector<RowMark>::const_iterator leaving) const {
+  if (leaving == visible_.end() && leaving != visible_.begin()) --leaving;
+  return leaving - visible_.begin();
+}
+
 void Recordset::SetFilter(std::string_view condition) {
-  if (pending_ != nullptr) Update();
+  Update();
   if (condition.empty()) {
     const bool keep = !Bof() && !Eof();
     const RowMark row = keep ? current() : 0;
-    showing_ = Showing::All;
-    filterText_.clear();
-    visible_.clear();
-    visible_.shrink_to_fit();
-    position_ = keep ? static_cast<std::int64_t>(row) : 0;
+    showAll();
+    position_ = showing_ == Showing::All ? static_cast<std::int64_t>(row)
+                                         : placeOf(std::lower_bound(visible_.begin(), visible_.end(), row));
     return;
   }
   filter_ = RowFilter::parse(condition, *data().store.columns());
@@ -196,7 +243,7 @@ void Recordset::SetFilter(std::string_view condition) {
 }
 
 void Recordset::FilterPending() {
-  if (pending_ != nullptr) Update();
+  Update();
   data();
   showing_ = Showing::Pending;
   filterText_.clear();
@@ -208,6 +255,7 @@ std::unique_ptr<Recordset> Recordset::Clone() const {
   data();
   auto clone = std::make_unique<Recordset>();
   clone->data_ = data_;
+  clone->showAll();
   clone->position_ = 0;
   return clone;
 }
@@ -225,8 +273,14 @@ std::size_t Recordset::Ordinal(std::string_view field) const {
 const CellView* Recordset::Row() const {
   const RowMark row = current();
   if (decoded_ != row || decodedVersion_ != data_->version) {
-    read(row, cells_);
-    if (pending_ != nullptr) apply(*pending_, cells_);
+    const std::size_t columns = Fields().size();
+    cells_.resize(columns);
+    if (adding_) {
+      std::fill(cells_.begin(), cells_.end(), CellView());
+    } else {
+      read(row, columns, cells_.data());
+    }
+    apply(pending_, columns, cells_.data());
     decoded_ = row;
     decodedVersion_ = data_->version;
   }
@@ -239,47 +293,48 @@ Value Recordset::OriginalValue(std::string_view field) const {
   const RowMark row = current();
   const std::size_t column = Ordinal(field);
   if (row >= data_->store.size()) return {};
-  std::vector<CellView> buffer(Fields().size());
-  data_->store.read(row, buffer.data());
-  return Value::of(buffer[column]);
+  std::vector<CellView> cells(column + 1);
+  data_->store.readFirst(row, column + 1, cells.data());
+  return Value::of(cells[column]);
 }
 
 void Recordset::Set(std::string_view field, const Value& value) {
+  changeable();
   const std::size_t column = Ordinal(field);
-  const RowMark row = current();
-  if (pending_ == nullptr) {
-    const auto before = data_->edited.find(row);
-    pending_ = std::make_unique<Edited>(before == data_->edited.end() ? Edited() : before->second);
-    pendingRow_ = row;
-  }
+  current();
   // The column's type rules, so that an amount put into a column of amounts reads the same from every side.
-  Value stored = value;
-  if (Fields()[column].type == ValueType::Decimal && value.type() == ValueType::Integer) {
-    stored = Value::ofDecimal(Decimal::fromInteger(value.view().integer()));
-  }
-  pending_->set(column, std::move(stored));
+  const bool amount = Fields()[column].type == ValueType::Decimal && value.type() == ValueType::Integer;
+  set(pending_, column, amount ? Value::ofDecimal(value.view().decimal()) : value);
+  editing_ = true;
   decoded_ = kNothing;
 }
 
 void Recordset::AddNew() {
-  if (pending_ != nullptr) Update();
-  pending_ = std::make_unique<Edited>();
-  pending_->status = RecordStatus::New;
-  pendingRow_ = static_cast<RowMark>(data().rows());
+  changeable();
+  Update();
+  editing_ = true;
   adding_ = true;
   decoded_ = kNothing;
 }
 
 void Recordset::Update() {
-  if (pending_ == nullptr) return;
-  Data& shared = data();
-  const RowMark row = pendingRow_;
-  const bool added = adding_;
-  if (added) ++shared.added;
-  shared.edited[row] = std::move(*pending_);
-  pending_.reset();
+  if (!editing_) return;
+  const RowMark row = current();
+  const auto [entry, fresh] = data_->edited.try_emplace(row);
+  Edited& changed = entry->second;
+  if (adding_) {
+    changed.status = RecordStatus::New;
+    ++data_->added;
+  }
+  if (fresh) {
+    changed.changes = std::move(pending_);
+  } else {
+    for (Change& change : pending_) set(changed.changes, change.column, std::move(change.value));
+  }
+  pending_.clear();
+  editing_ = false;
   adding_ = false;
-  ++shared.version;
+  ++data_->version;
   if (showing_ == Showing::All) {
     position_ = row;
     return;
@@ -287,30 +342,31 @@ void Recordset::Update() {
   const bool visible = shows(row);
   const auto at = std::lower_bound(visible_.begin(), visible_.end(), row);
   const bool listed = at != visible_.end() && *at == row;
-  if (visible && !listed) {
-    position_ = visible_.insert(at, row) - visible_.begin();
-  } else if (visible) {
-    position_ = at - visible_.begin();
+  if (visible) {
+    position_ = (listed ? at : visible_.insert(at, row)) - visible_.begin();
   } else if (listed) {
-    position_ = visible_.erase(at) - visible_.begin();
+    position_ = placeOf(visible_.erase(at));
   }
 }
 
 void Recordset::Delete() {
-  if (pending_ != nullptr) Update();
-  data().edited[current()].status = RecordStatus::Deleted;
+  changeable();
+  Update();
+  const RowMark row = current();
+  data_->edited[row].status = RecordStatus::Deleted;
+  data_->anyDeleted = true;
   ++data_->version;
-  if (showing_ == Showing::Matching) {
-    rebuild();
-    position_ = std::min(position_, static_cast<std::int64_t>(visible_.size()));
-  }
+  if (showing_ == Showing::All) showAll();
+  auto at = std::lower_bound(visible_.begin(), visible_.end(), row);
+  if (at != visible_.end() && *at == row && !shows(row)) at = visible_.erase(at);
+  position_ = placeOf(at);
 }
 
 RecordStatus Recordset::Status() const {
-  const RowMark row = current();
-  if (pending_ != nullptr && pendingRow_ == row) return pending_->status;
-  const auto edited = data().edited.find(row);
-  return edited == data().edited.end() ? RecordStatus::Unmodified : edited->second.status;
+  if (adding_) return RecordStatus::New;
+  const Edited* const changed = edited(current());
+  if (changed != nullptr) return changed->status;
+  return editing_ ? RecordStatus::Modified : RecordStatus::Unmodified;
 }
 
 }  // namespace cu

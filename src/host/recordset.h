@@ -21,7 +21,10 @@ enum class LockType { ReadOnly = 1, BatchOptimistic = 4 };
 // database. A changed row keeps its values as read; a statement is what brings a change to the database.
 //
 // A closed recordset raises Error 3704, a field without a current row 3021, an unknown name 3265, an
-// unreadable filter 3001.
+// unreadable filter 3001, a change of one opened read-only 3251.
+//
+// A move, a filter and AddNew do the Update of what is pending first. A row that a change takes out of the
+// filter, and a deleted one, gives its place to the next row, to the last one where none follows.
 class Recordset {
  public:
   Recordset() = default;
@@ -54,7 +57,9 @@ class Recordset {
   // filter the first row becomes the current one; when the filter goes, the current row stays.
   void SetFilter(std::string_view condition);
   void ClearFilter() { SetFilter(""); }
-  void FilterPending();  // the rows with changes not yet brought to the database
+  // The rows with changes not yet brought to the database, in the order of the rows; a row added and deleted
+  // has none.
+  void FilterPending();
   const std::string& Filter() const { return filterText_; }
 
   // Shares the rows and their changes; cursor and filter are the clone's own (first row, no filter).
@@ -72,20 +77,25 @@ class Recordset {
   void AddNew();
   void Delete();
   void Update();
-  RecordStatus Status() const;
+  RecordStatus Status() const;  // of what is pending too
 
  private:
   // What differs from the row as read: a change of one flag costs one value, not the row.
+  struct Change {
+    std::size_t column;
+    Value value;
+  };
+  using Changes = std::vector<Change>;
   struct Edited {
-    std::vector<std::pair<std::size_t, Value>> changes;  // by column
+    Changes changes;
     RecordStatus status = RecordStatus::Modified;
-    void set(std::size_t column, Value value);
   };
   // What clones share.
   struct Data {
     RowStore store;
     LockType lock = LockType::ReadOnly;
     std::size_t added = 0;
+    bool anyDeleted = false;
     std::uint64_t version = 0;
     std::unordered_map<RowMark, Edited> edited;  // rows changed, and those added behind the stored ones
     std::size_t rows() const { return store.size() + added; }
@@ -94,24 +104,29 @@ class Recordset {
 
   const Data& data() const;
   Data& data();
+  Data& changeable();
+  const Edited* edited(RowMark row) const;  // null for a row as read
   bool shows(RowMark row) const;
   void rebuild();
+  void showAll();
   std::size_t visibleCount() const;
   RowMark rowAt(std::size_t position) const;
   RowMark current() const;
-  void read(RowMark row, std::vector<CellView>& cells) const;
-  static void apply(const Edited& edited, std::vector<CellView>& cells);
+  void read(RowMark row, std::size_t columns, CellView* cells) const;
+  static void set(Changes& changes, std::size_t column, Value value);
+  static void apply(const Changes& changes, std::size_t columns, CellView* cells);
+  std::int64_t placeOf(std::vector<RowMark>::const_iterator leaving) const;
   void move(std::int64_t position);
 
   std::shared_ptr<Data> data_;
   Showing showing_ = Showing::All;
   std::string filterText_;
   RowFilter filter_;
-  std::vector<RowMark> visible_;     // only where not all rows show
-  std::int64_t position_ = -1;       // in the visible rows; -1 before the first, count behind the last
-  std::unique_ptr<Edited> pending_;  // of the current row, between Set or AddNew and Update
-  RowMark pendingRow_ = 0;
+  std::vector<RowMark> visible_;  // only where not all rows show
+  std::int64_t position_ = -1;    // in the visible rows; -1 before the first, count behind the last
+  bool editing_ = false;          // between Set or AddNew and Update
   bool adding_ = false;
+  Changes pending_;  // of the current row
   mutable std::vector<CellView> cells_;
   mutable RowMark decoded_ = kNothing;
   mutable std::uint64_t decodedVersion_ = 0;

@@ -149,18 +149,19 @@ void RowStore::text(std::string_view value) {
 }
 
 void RowStore::endRow() {
+  if (column_ < columns_->size()) nulls_ += columns_->size() - column_;
   reserve(16 + nulls_ / kNullRunMax);
   flushNulls();
   rows_.push_back(rowStart_);
 }
 
-void RowStore::read(std::size_t row, CellView* cells) const {
+void RowStore::readFirst(std::size_t row, std::size_t count, CellView* cells) const {
   const unsigned char* at = rows_[row];
-  CellView* const end = cells + columns_->size();
+  CellView* const end = cells + count;
   while (cells < end) {
     const std::uint8_t tag = *at++;
     if (tag > kNulls) {
-      const std::size_t run = tag - std::size_t{kNulls};
+      const std::size_t run = std::min(tag - std::size_t{kNulls}, static_cast<std::size_t>(end - cells));
       std::fill_n(cells, run, CellView());
       cells += run;
     } else if (tag >= kShortText) {

@@ -49,11 +49,13 @@ class RowStore {
   void decimal(Decimal value);
   void text(std::string_view value);
   void date(Date value);
-  void endRow();
+  void endRow();  // cells not given are null
 
   std::size_t size() const { return rows_.size(); }
   // Writes one view a column; `cells` has room for columns()->size(). The views live as long as the store.
-  void read(std::size_t row, CellView* cells) const;
+  void read(std::size_t row, CellView* cells) const { readFirst(row, columns_->size(), cells); }
+  // The same of the first `count` columns, and no more.
+  void readFirst(std::size_t row, std::size_t count, CellView* cells) const;
   std::size_t bytes() const { return chunkBytes_; }
 
  private:

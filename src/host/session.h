@@ -7,6 +7,7 @@
 
 #include "host/database.h"
 #include "host/date.h"
+#include "host/log_grid.h"
 
 namespace cu {
 
@@ -77,6 +78,7 @@ class HostFactory {
   virtual std::unique_ptr<SessioneHost> createSessione() = 0;
   virtual std::unique_ptr<ValutaHost> createValuta() = 0;
   virtual std::unique_ptr<RicostruzioneConti> createRicostruzione() = 0;
+  virtual std::unique_ptr<LogGrid> createLogGrid() = 0;
 };
 
 }  // namespace cu

@@ -24,6 +24,7 @@ void EditBox::setBackground(Background background) {
 }
 
 bool EditBox::take(std::string content, char32_t character) {
+  if (locked_) return false;
   if (keyFilter && !keyFilter(character)) return false;
   if (maxLength_ > 0 && codePoints(content) >= maxLength_) return false;
   appendUtf8(content, character);
@@ -34,6 +35,7 @@ bool EditBox::take(std::string content, char32_t character) {
 bool EditBox::type(char32_t character) { return take(text_, character); }
 
 void EditBox::enter(std::string_view typed) {
+  if (locked_) return;
   if (typed.empty()) {
     setText("");
     return;
@@ -46,6 +48,7 @@ void EditBox::enter(std::string_view typed) {
 }
 
 void EditBox::paste(std::string_view text) {
+  if (locked_) return;
   setText(std::string(maxLength_ > 0 ? leftCodePoints(text, maxLength_) : text));
 }
 

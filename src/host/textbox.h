@@ -22,10 +22,11 @@ class EditBox : public Control {
   Background background() const { return background_; }
   void setBackground(Background background);
 
-  // A person selects the whole content and types: the first accepted character replaces it.
+  // A person selects the whole content and types: the first accepted character replaces it; nothing typed
+  // deletes it.
   void enter(std::string_view typed);
-  void paste(std::string_view text);
-  // One character at the end of the content; false when the key filter or the length refuses it.
+  void paste(std::string_view text);  // in one step, past the key filter, cut at the length
+  // One character at the end of the content; false when it is refused.
   bool type(char32_t character);
 
   // True lets the character in; the filter itself beeps where it refuses.

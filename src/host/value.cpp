@@ -3,6 +3,15 @@
 #include "host/text.h"
 
 namespace cu {
+namespace {
+
+// A number that is no day of the calendar is none.
+Date dayOf(std::int64_t number) {
+  if (number < Date::kFirst || number > Date::kLast) return {};
+  return Date::fromSerial(static_cast<std::int32_t>(number));
+}
+
+}  // namespace
 
 std::int64_t CellView::integer() const {
   switch (type_) {
@@ -29,7 +38,8 @@ Decimal CellView::decimal() const {
     case ValueType::Decimal:
       return Decimal::fromScaled(number_);
     case ValueType::Text:
-      return Decimal::parse(text()).value_or(Decimal::fromInteger(leadingInteger(text())));
+      if (const auto whole = Decimal::parse(text())) return *whole;
+      return Decimal::fromInteger(leadingInteger(text()));
   }
   return {};
 }
@@ -40,9 +50,9 @@ Date CellView::date() const {
       return {};
     case ValueType::Integer:
     case ValueType::Date:
-      return Date::fromSerial(static_cast<std::int32_t>(number_));
+      return dayOf(number_);
     case ValueType::Decimal:
-      return Date::fromSerial(static_cast<std::int32_t>(number_ / 10000));
+      return dayOf(number_ / 10000);
     case ValueType::Text:
       if (const auto iso = Date::parseIso(text())) return *iso;
       return Date::parseItalian(text()).value_or(Date());

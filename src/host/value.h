@@ -30,7 +30,9 @@ class CellView {
   bool isNull() const { return type_ == ValueType::Null; }
 
   // The content of that type; of another type it is the null-safe conversion: null is 0, "", day 0; an
-  // integer is a decimal; a decimal's integer is rounded; a text's number is what stands at its head.
+  // integer is a decimal; a decimal's integer is rounded half away from zero; a text's number is the whole
+  // text or else the integer at its head, its date one of Date's two forms, day 0 otherwise. A number beyond
+  // Decimal's range raises Error 6.
   std::int64_t integer() const;
   Decimal decimal() const;
   Date date() const;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "host/form.h"
+#include "host/recordset.h"
+
+namespace cu {
+
+class UtilitaSuite;
+
+// The editor of one compensation line, as the worklist uses it: the recordset stands on the line to be
+// edited; the editor filters it to that line and changes nothing but the recordset's row.
+class Editor : public Form {
+ public:
+  using Form::Form;
+  virtual void setRecordset(cu::Recordset& righe) = 0;
+  virtual cu::Recordset& Recordset() = 0;
+  virtual void setTipoComunicazione(std::int32_t tipo) = 0;  // 1 ordinary, 2 annulment, 3 replacement
+  // Opens only the additional data; an annulment is finished by it.
+  virtual void ApriDatiAggiuntivi() = 0;
+  virtual bool OK() const = 0;
+};
+
+// The editor of the layout of an income year: 2014, 2015, and one for every other year.
+std::unique_ptr<Editor> fnCreaEditor(std::int32_t anno, FrontEnd& frontEnd, UtilitaSuite& utilita);
+
+}  // namespace cu

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+namespace cu {
+
+// What the controls of the first step hold at the moment of asking.
+struct Filtri {
+  std::string anno;    // as shown, not trimmed
+  std::string adAnno;  // the second year list
+  bool perCodice = false;
+  bool perNome = true;
+  std::string codiceDa;  // payee range: codes and descriptions as they stand
+  std::string codiceA;
+  std::string descrizioneDa;
+  std::string descrizioneA;
+  std::string causaleDa;  // payment reason range
+  std::string causaleA;
+};
+
+}  // namespace cu

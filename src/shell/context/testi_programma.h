@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace cu {
+
+// The program's own numbered texts; "" for a number it does not carry.
+std::string testoProgramma(std::int16_t numero);
+
+// The run modes, which stand as decimal texts in that table.
+std::int32_t fnModoContiIndividuali();  // print of the individual accounts over a range of years
+std::int32_t fnModoCertificazione();    // free-form certificate of the compensations of one year
+std::int32_t fnModoCU();                // telematic file and ministerial forms
+
+}  // namespace cu

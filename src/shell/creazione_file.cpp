@@ -1,0 +1,85 @@
+// The run of the telematic file: what the user has corrected is stored, everything is checked, the file is
+// made.
+
+#include "host/text.h"
+#include "shell/frm_wizard.h"
+#include "telematic/controlli.h"
+#include "telematic/elabora_compensi.h"
+
+namespace cu {
+
+bool FrmWizard::fnCreaFileCU() {
+  SessioneHost& sessione = *globali_.gSessione;
+  compensi_.sbMemorizzaModifiche();
+  if (chkIntermediari.value()) sbSalvaIntermediario();
+
+  const std::unique_ptr<LogGrid> oLogGrid = ambiente_.factory.createLogGrid();
+  oLogGrid->setUser(sessione.IDUtente());
+  oLogGrid->setName("LogGrid_" + fromInteger(sessione.IDUtente()));
+  Controlli controlli(sessione.database().internalConnection(), ambiente_.utilita, *oLogGrid);
+  controlli.sbPreparaLog();
+  controlli.esegui({.dataFirma = dtDataFirma.text(),
+                    .usoIntermediari = chkIntermediari.value(),
+                    .codiceFiscaleIntermediario = txtCodiceFiscale.text(),
+                    .dataImpegno = dtDataImpegno.text()},
+                   sessione.IDAzienda(), globali_.gTabellaLavoro);
+  if (controlli.bErrori()) {
+    oLogGrid->show(0);
+    return false;
+  }
+  return controllaDate() && generaFile(controlli.sCodFisc());
+}
+
+bool FrmWizard::avvisoData(const std::string& righe, DateBox& controllo) {
+  const std::string testo = righe + "\r\nSi vuole continuare ugualmente?";
+  if (ambiente_.utilita.confirm(testo, globali_.gTitolo) != UtilitaSuite::kCancel) return true;
+  setFocus(&controllo);
+  return false;
+}
+
+bool FrmWizard::controllaDate() {
+  const Date oggi = ambiente_.clock.today();
+  if (!dtDataFirma.text().empty() && dtDataFirma.value() > oggi.serial() &&
+      !avvisoData("Attenzione! La data della firma non deve essere superiore alla\r\n"
+                  "data odierna, altrimenti il file generato potrebbe essere scartato.",
+                  dtDataFirma)) {
+    return false;
+  }
+  if (dtDataImpegno.text().empty() || !dtDataImpegno.enabled()) return true;
+  if (dtDataImpegno.value() > oggi.serial()) {
+    return avvisoData(
+        "Attenzione! La data dell'impegno non deve essere superiore alla\r\n"
+        "data odierna, altrimenti il file generato potrebbe essere scartato.",
+        dtDataImpegno);
+  }
+  const Date primoGennaio = *Date::fromYmd(oggi.year(), 1, 1);
+  if (dtDataImpegno.value() >= primoGennaio.serial()) return true;
+  return avvisoData(
+      "Attenzione! La data dell'impegno deve appartenere all'anno in\r\n"
+      "corso, altrimenti il file generato potrebbe essere scartato.",
+      dtDataImpegno);
+}
+
+bool FrmWizard::generaFile(const std::string& sCodFisc) {
+  FileSystem& files = ambiente_.files;
+  ElaboraCompensi elabora(globali_, ambiente_.utilita, ambiente_.frontEnd, files, ambiente_.clock);
+  const std::string anno = KRNCboEsCont0.text();
+  globali_.gAnno = ambiente_.utilita.toLong(anno);
+  elabora.setUsoIntermediari(chkIntermediari.value());
+  elabora.setCodiceFiscaleAzienda(sCodFisc);
+  elabora.setCodiceFiscaleIntermediario(txtCodiceFiscale.text());
+  elabora.setTipoComIntermediario(fromInteger(cboxTipoComunicazione.index() + 1));
+  elabora.setDataImpegnoIntermediario(Date::fromSerial(dtDataImpegno.value()));
+  elabora.setTipoComunicazione(tipoComunicazione());
+  elabora.setFileName("CUR_" + sCodFisc + "_" + anno + ".cur");
+  elabora.setFilePathName(files.join(sPercorsoCU, elabora.FileName()));
+  elabora.setFilePathNameMyDocuments(elabora.FilePathName());
+  elabora.setFolderPathNameMyDocuments(
+      files.join(ambiente_.utilita.documentsFolder(), globali_.gTesti->text(1264)));
+  elabora.setRsMain(compensi_.rsCompensi());
+  if (!elabora.CreaFiles(Date::fromSerial(dtDataFirma.value()))) return false;
+  compensi_.sbCreaTabellaLavoro(filtri());
+  return true;
+}
+
+}  // namespace cu

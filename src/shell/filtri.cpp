@@ -1,0 +1,130 @@
+// The selection filters of the first step: lists, selectors, the filter text, the rebuild of the accounts.
+
+#include "host/text.h"
+#include "shell/context/testi_programma.h"
+#include "shell/frm_wizard.h"
+
+namespace cu {
+
+void FrmWizard::sbInitWizard() {
+  globali_.gIDFunzione = globali_.gSessione->processi().at(0).idFunzione;
+  sbVaiAlPasso(0, Direzione::Salto);
+  if (globali_.gIDFunzione == fnModoCertificazione()) {
+    lblEsCont1.setVisible(false);
+    KRNCboEsCont1.setVisible(false);
+  }
+  if (globali_.gIDFunzione == fnModoContiIndividuali()) {
+    optstType[0].setVisible(false);
+    optstType[1].setVisible(false);
+    fraTipoComunicazione.setVisible(false);
+    fraFirma.setVisible(false);
+    fraIntermediari.setVisible(false);
+    chkIntermediari.setVisible(false);
+    fraTipoStampa.setVisible(false);
+    fraPercorso.setVisible(false);
+  }
+  associaElenchi();
+  cboxTipoComunicazione.clear();
+  cboxTipoComunicazione.add("Comunicazione predisposta dal contribuente");
+  cboxTipoComunicazione.add("Comunicazione predisposta da chi effettua l'invio");
+  sPercorsoCU = ambiente_.settings.get(globali_.gChiaveImpostazioni, kMenuSettings, "CU_Path",
+                                       ambiente_.utilita.defaultFolder());
+  txtPercorsoCU.setText(sPercorsoCU);
+}
+
+std::string FrmWizard::fnOrigineAnni(bool dal2014) const {
+  return "SELECT DISTINCT ContoIndividuale.Anno From ContoIndividuale WHERE IDAzienda = " +
+         fromInteger(globali_.gSessione->IDAzienda()) + (dal2014 ? " AND Anno >= 2014" : "") +
+         " ORDER BY Anno DESC";
+}
+
+void FrmWizard::associaElenchi() {
+  DatabaseHost& database = globali_.gSessione->database();
+  for (ListBox* anni : {&KRNCboEsCont0, &KRNCboEsCont1}) {
+    anni->setConnection(database.ownConnection());
+    anni->setSource(fnOrigineAnni(modoCU()));
+    anni->setDisplayField("Anno");
+    anni->addColumn("Anno");
+    anni->load();
+  }
+  for (Selector* percipiente : {&KrnCDPerc0, &KrnCDPerc1}) {
+    percipiente->bind(database.ownConnection(),
+                      {.table = "RepPercipienteCD",
+                       .codeField = "Codice",
+                       .descriptionField = "Anagrafica",
+                       .idField = "IDAnagrafica",
+                       .codeCaption = "Codice",
+                       .descriptionCaption = "Percipiente",
+                       .filter = "IDAzienda = " + fromInteger(globali_.gSessione->IDAzienda()),
+                       .title = {},
+                       .manage = false,
+                       .search = true});
+  }
+  for (Selector* causale : {&KrnCDCausContrib0, &KrnCDCausContrib1}) {
+    causale->bind(database.ownConnection(), {.table = "CausalePagamento",
+                                             .codeField = "Codice",
+                                             .descriptionField = "CausalePagamento",
+                                             .idField = "IDCausalePagamento",
+                                             .codeCaption = "Codice causale",
+                                             .descriptionCaption = "Descrizione causale",
+                                             .filter = {},
+                                             .title = "Causale pagamento",
+                                             .manage = false,
+                                             .search = true});
+  }
+}
+
+std::string FrmWizard::FindName(std::int64_t nID) {
+  try {
+    const auto ricerca = globali_.gSessione->database().CreateRowset();
+    ricerca->addField("IDAnagrafica");
+    ricerca->addField("Nome");
+    ricerca->setTable("Anagrafica");
+    ricerca->setFilter("IDAnagrafica = " + fromInteger(nID));
+    ricerca->open();
+    return ricerca->eof() ? std::string() : ambiente_.utilita.toText(ricerca->value("Nome").view());
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
+Filtri FrmWizard::filtri() const {
+  return {.anno = KRNCboEsCont0.text(),
+          .adAnno = KRNCboEsCont1.text(),
+          .perCodice = optCode.value(),
+          .perNome = optName.value(),
+          .codiceDa = KrnCDPerc0.code(),
+          .codiceA = KrnCDPerc1.code(),
+          .descrizioneDa = KrnCDPerc0.description(),
+          .descrizioneA = KrnCDPerc1.description(),
+          .causaleDa = KrnCDCausContrib0.code(),
+          .causaleA = KrnCDCausContrib1.code()};
+}
+
+void FrmWizard::sbCreaFiltroStampa() {
+  const UtilitaSuite& utilita = ambiente_.utilita;
+  const Filtri scelti = filtri();
+  const auto dato = [](const std::string& codice) { return !trim(codice).empty(); };
+  sFiltro.clear();
+  if (scelti.perCodice) {
+    if (dato(scelti.codiceDa)) sFiltro += " AND CodicePercipiente >= " + utilita.literal(scelti.codiceDa);
+    if (dato(scelti.codiceA)) sFiltro += " AND CodicePercipiente <= " + utilita.literal(scelti.codiceA);
+  } else if (scelti.perNome) {
+    // The bound is set by its code, though the value compared is the name.
+    if (dato(scelti.codiceDa)) sFiltro += " AND Anagrafica >= " + utilita.literal(scelti.descrizioneDa);
+    if (dato(scelti.codiceA)) sFiltro += " AND Anagrafica <= " + utilita.literal(scelti.descrizioneA);
+  }
+  if (dato(scelti.causaleDa))
+    sFiltro += " AND CodiceCausalePagamento >= " + utilita.literal(scelti.causaleDa);
+  if (dato(scelti.causaleA)) sFiltro += " AND CodiceCausalePagamento <= " + utilita.literal(scelti.causaleA);
+  if (!chkRicostruzione.value()) return;
+  oRic = ambiente_.factory.createRicostruzione();
+  oRic->setDatabase(globali_.gSessione->database());
+  oRic->setAzienda(globali_.gSessione->IDAzienda());
+  oRic->setFlag(true);
+  oRic->setFiltro(sFiltro);
+  oRic->ricostruisci(static_cast<std::int16_t>(leadingInteger(trim(scelti.anno))));
+  oRic.reset();
+}
+
+}  // namespace cu

@@ -1,0 +1,67 @@
+// The second step: what a person does with the grid of compensation lines.
+
+#include "editors/editor.h"
+#include "host/text.h"
+#include "shell/frm_wizard.h"
+#include "worklist/colonne_griglia.h"
+#include "worklist/frm_protocollo.h"
+
+namespace cu {
+namespace {
+
+constexpr std::int16_t kSpazio = 32;
+
+}  // namespace
+
+void FrmWizard::collegaGriglia() {
+  grdCompensi.onKeyDown = [this](std::int16_t& KeyCode, std::int16_t& /*Shift*/) {
+    if (grdCompensi.state() != 0 || KeyCode != kSpazio) return;
+    invertiRiga();
+  };
+  grdCompensi.onMouseUp = [this](std::size_t riga, const std::string& colonna) {
+    if (grdCompensi.state() != 0 || riga == 0 || grdCompensi.rowCount() == 0) return;
+    if (colonna == "Selezionato") invertiRiga();
+    if (colonna == kColonnaPopup) ambiente_.frontEnd.popup(BarMenuWzr, "PopDettaglio");
+  };
+  grdCompensi.onDoubleClick = [this] {
+    if (grdCompensi.state() == 0) sbModificaCompenso();
+  };
+  cmdSelect[0].onClick = [this] { compensi_.sbSelezionaTutto(AzioneSelezione::Seleziona); };
+  cmdSelect[1].onClick = [this] { compensi_.sbSelezionaTutto(AzioneSelezione::Deseleziona); };
+  cmdProtocollo.onClick = [this] { protocolli(); };
+}
+
+void FrmWizard::invertiRiga() {
+  const Recordset& righe = compensi_.rsCompensi();
+  if (!righe.IsOpen() || righe.Eof() || righe.Bof()) return;
+  compensi_.sbSelezionaRiga(AzioneSelezione::Inverti);
+  compensi_.sbContaSelezionati();
+  grdCompensi.refresh();
+}
+
+void FrmWizard::sbModificaCompenso() {
+  Recordset& righe = compensi_.rsCompensi();
+  if (!righe.IsOpen() || righe.Eof() || righe.Bof()) return;
+  const std::int32_t anno = ambiente_.utilita.toLong(KRNCboEsCont0.text());
+  const std::unique_ptr<Editor> editor = fnCreaEditor(anno, ambiente_.frontEnd, ambiente_.utilita);
+  editor->setRecordset(righe);
+  if (tipoComunicazione() != 0) editor->setTipoComunicazione(tipoComunicazione());
+  if (optTipoComunicazione[1].value() && anno >= 2015) {
+    editor->load();
+    editor->ApriDatiAggiuntivi();
+  } else {
+    editor->showModal();
+  }
+  if (editor->OK()) compensi_.sbAggiornaRiga();
+  righe.ClearFilter();
+  grdCompensi.refresh();
+}
+
+void FrmWizard::protocolli() {
+  FrmProtocollo dialogo(ambiente_.frontEnd, ambiente_.utilita);
+  dialogo.showModal();
+  if (!dialogo.OK()) return;
+  compensi_.sbAggiornaProtocolli(dialogo.Protocollo(), dialogo.Progressivo(), dialogo.Sovrascrivi());
+}
+
+}  // namespace cu

@@ -1,0 +1,201 @@
+#include "telematic/controlli.h"
+
+#include <array>
+#include <string_view>
+
+#include "host/recordset.h"
+#include "host/text.h"
+#include "host/utility.h"
+
+namespace cu {
+namespace {
+
+constexpr std::string_view kGenerico = "Generico";
+constexpr std::string_view kIntermediario = "Intermediario";
+constexpr std::string_view kAzienda = "Azienda";
+constexpr std::string_view kPercipiente = "Percipiente";
+
+enum class Soggetto { Ogni, PersonaFisica, NonPersonaFisica, NatoInItalia, NonResidente };
+
+struct Controllo {
+  std::string_view colonna;
+  Soggetto soggetto;
+  std::string_view campo;
+  std::string_view messaggio;
+  std::string_view denominazione;  // the column that names whom the row is about
+};
+
+// The log shows the blank field itself where the company's name would stand, but for the first row.
+constexpr std::array<Controllo, 8> kControlliAzienda = {{
+    {"CodFisc", Soggetto::Ogni, "Codice fiscale", "Codice fiscale o partita IVA non presente", "AnagAz"},
+    {"ComuneAz", Soggetto::Ogni, "Comune sede", "Comune sede non presente", "ComuneAz"},
+    {"SiglaProvinciaAz", Soggetto::Ogni, "Provincia sede", "Provincia sede non presente", "SiglaProvinciaAz"},
+    {"NomeAz", Soggetto::PersonaFisica, "Nome azienda", "Nome azienda non presente", "NomeAz"},
+    {"CodiceFiscaleRapp", Soggetto::NonPersonaFisica, "Codice fiscale rappresentante",
+     "Codice fiscale del rappresentante non presente", "CodiceFiscaleRapp"},
+    {"CodiceCarica", Soggetto::NonPersonaFisica, "Codice carica rappresentante",
+     "Codice carica del rappresentante non presente", "CodiceCarica"},
+    {"AnagraficaRapp", Soggetto::NonPersonaFisica, "Cognome rappresentante",
+     "Cognome del rappresentante non presente", "AnagraficaRapp"},
+    {"NomeRapp", Soggetto::NonPersonaFisica, "Nome rappresentante", "Nome del rappresentante non presente",
+     "NomeRapp"},
+}};
+
+constexpr std::array<Controllo, 7> kControlliPercipiente = {{
+    {"CodiceFiscale", Soggetto::Ogni, "Codice fiscale", "Codice fiscale non presente", "AnagPercipiente"},
+    {"Anagrafica", Soggetto::Ogni, "Cognome", "Cognome non presente", "AnagPercipiente"},
+    {"Nome", Soggetto::PersonaFisica, "Nome", "Nome non presente", "AnagPercipiente"},
+    {"Sesso", Soggetto::PersonaFisica, "Sesso", "Sesso non presente", "AnagPercipiente"},
+    {"DataNascita", Soggetto::PersonaFisica, "Data di nascita", "Data di nascita non presente",
+     "AnagPercipiente"},
+    {"ComuneNascita", Soggetto::NatoInItalia, "Comune/Nazione di nascita",
+     "Comune/Nazione di nascita non presente", "AnagPercipiente"},
+    {"PrefissoInternazionaleRes", Soggetto::NonResidente, "Codice nazione residenza",
+     "Codice nazione di residenza non presente", "AnagPercipiente"},
+}};
+
+bool vuoto(const Recordset& riga, std::string_view colonna) {
+  const CellView campo = riga.Get(colonna);
+  return campo.isNull() || (campo.type() == ValueType::Text && campo.text().empty());
+}
+
+bool riguarda(Soggetto soggetto, const Recordset& riga, std::string_view personaFisica) {
+  switch (soggetto) {
+    case Soggetto::Ogni:
+      return true;
+    case Soggetto::PersonaFisica:
+      return riga.Get(personaFisica).flag();
+    case Soggetto::NonPersonaFisica:
+      return !riga.Get(personaFisica).flag();
+    case Soggetto::NatoInItalia:
+      // Whoever was born abroad has a country instead of a municipality.
+      return riga.Get(personaFisica).flag() &&
+             (vuoto(riga, "NazioneNascita") || equalsNoCase(riga.Get("NazioneNascita").text(), "ITALIA"));
+    case Soggetto::NonResidente:
+      return riga.Get("NonResidente").flag();
+  }
+  return false;
+}
+
+}  // namespace
+
+Controlli::Controlli(Connection& connessione, const UtilitaSuite& utilita, LogGrid& log)
+    : connessione_(connessione), utilita_(utilita), log_(log) {}
+
+void Controlli::sbPreparaLog() {
+  log_.addColumn("Campo", LogGrid::kText, 35);
+  log_.addColumn("Sezione", LogGrid::kText, 20);
+  log_.addColumn("Denominazione", LogGrid::kText, 35);
+  log_.addColumn("Codice fiscale", LogGrid::kText, 30);
+}
+
+bool Controlli::fnScriviLog(const std::string& messaggio, const std::string& campo,
+                            const std::string& sezione, const std::string& denominazione,
+                            const std::string& codiceFiscale) {
+  constexpr std::int64_t kMessageType = 2;
+  log_.newRow();
+  log_.put("Campo", Value::ofText(campo));
+  log_.put("Sezione", Value::ofText(sezione));
+  log_.put("Denominazione", Value::ofText(denominazione));
+  log_.put("Codice fiscale", Value::ofText(codiceFiscale));
+  log_.put("MessageType", Value::ofInteger(kMessageType));
+  log_.put("Message", Value::ofText(messaggio));
+  log_.confirmRow();
+  return true;
+}
+
+void Controlli::esegui(const DatiControllo& dati, std::int32_t idAzienda, const std::string& tabella) {
+  controllaDati(dati);
+  controllaAzienda(idAzienda);
+  controllaPercipienti(tabella);
+}
+
+void Controlli::controllaDati(const DatiControllo& dati) {
+  if (dati.dataFirma.empty()) {
+    errori_ =
+        fnScriviLog("Data della firma non presente", "Data della firma", std::string(kGenerico), "", "");
+  }
+  if (!dati.usoIntermediari) return;
+  if (trim(dati.codiceFiscaleIntermediario).empty()) {
+    errori_ = fnScriviLog("Codice fiscale intermediario non presente", "Codice fiscale",
+                          std::string(kIntermediario), "", "");
+  }
+  if (dati.dataImpegno.empty()) {
+    errori_ = fnScriviLog("Data dell'impegno non presente", "Data dell'impegno", std::string(kIntermediario),
+                          "", "");
+  }
+}
+
+void Controlli::controllaAzienda(std::int32_t idAzienda) {
+  Recordset azienda;
+  azienda.Open(connessione_, utilita_.fnAnsi2jet(fnQueryAzienda(idAzienda)), LockType::BatchOptimistic);
+  if (!azienda.Eof()) {
+    codFisc_ = utilita_.toText(azienda.Get("CodFisc"));
+    for (const Controllo& controllo : kControlliAzienda) {
+      if (!riguarda(controllo.soggetto, azienda, "PersonaFisicaAz") || !vuoto(azienda, controllo.colonna))
+        continue;
+      errori_ =
+          fnScriviLog(std::string(controllo.messaggio), std::string(controllo.campo), std::string(kAzienda),
+                      utilita_.toText(azienda.Get(controllo.denominazione)), codFisc_);
+    }
+  }
+  azienda.Close();
+}
+
+void Controlli::controllaPercipienti(const std::string& tabella) {
+  Recordset percipienti;
+  percipienti.Open(connessione_, utilita_.fnAnsi2jet(fnQueryPercipienti(tabella)), LockType::BatchOptimistic);
+  for (; !percipienti.Eof(); percipienti.MoveNext()) {
+    for (const Controllo& controllo : kControlliPercipiente) {
+      if (!vuoto(percipienti, controllo.colonna) ||
+          !riguarda(controllo.soggetto, percipienti, "PersonaFisica")) {
+        continue;
+      }
+      errori_ =
+          fnScriviLog(std::string(controllo.messaggio), std::string(controllo.campo),
+                      std::string(kPercipiente), utilita_.toText(percipienti.Get(controllo.denominazione)),
+                      utilita_.toText(percipienti.Get("CodiceFiscale")));
+    }
+  }
+  percipienti.Close();
+}
+
+std::string Controlli::fnQueryAzienda(std::int32_t idAzienda) {
+  return "SELECT CASE WHEN ISNULL(Anagrafica.CodiceFiscale, '') = '' THEN Anagrafica.PartitaIva"
+         " ELSE Anagrafica.CodiceFiscale END AS CodFisc,"
+         " Anagrafica.Anagrafica AS AnagAz, Anagrafica.PersonaFisica AS PersonaFisicaAz, Anagrafica.Nome AS "
+         "NomeAz,"
+         " ComAz.Comune ComuneAz, ProvAz.Provincia SiglaProvinciaAz,"
+         " AnagRapp.Anagrafica AS AnagraficaRapp, AnagRapp.Nome AS NomeRapp,"
+         " AnagRapp.CodiceFiscale AS CodiceFiscaleRapp, CodiceCarica.Codice CodiceCarica"
+         " FROM Anagrafica"
+         " INNER JOIN Azienda ON Anagrafica.IDAnagrafica = Azienda.IDAnagrafica"
+         " LEFT JOIN Comune ComAz ON Anagrafica.IDComune = ComAz.IDComune"
+         " LEFT JOIN Provincia ProvAz ON ComAz.IDProvincia = ProvAz.IDProvincia"
+         " LEFT JOIN ConfigurazioneGenerale CG ON Azienda.IDAzienda = CG.IDAzienda"
+         " LEFT JOIN Anagrafica AnagRapp ON CG.IDAnagraficaRappresentante = AnagRapp.IDAnagrafica"
+         " LEFT JOIN CodiceCarica ON CG.IDCodiceCaricaRappresentante = CodiceCarica.IDCodiceCarica"
+         " WHERE Azienda.IDAzienda = " +
+         fromInteger(idAzienda);
+}
+
+std::string Controlli::fnQueryPercipienti(const std::string& tabella) {
+  return "SELECT DISTINCT Anag.Sesso, Anag.DataNascita, NonResidente, Anag.Indirizzo, Anag.PersonaFisica,"
+         " Anag.Anagrafica, Anag.Nome, Anag.Anagrafica + ' ' + ISNULL(Anag.Nome,'') AS AnagPercipiente,"
+         " CASE WHEN ISNULL(Anag.CodiceFiscale, '') = '' THEN Anag.PartitaIva ELSE Anag.CodiceFiscale END AS"
+         " CodiceFiscale,"
+         " ComNascita.Comune AS ComuneNascita, ComRes.Comune AS ComuneRes, NazNasc.Nazione AS NazioneNascita,"
+         " CodiceIdentificazioneFiscaleEstero, NazRes.PrefissoInternazionale PrefissoInternazionaleRes"
+         " FROM " +
+         tabella + " INNER JOIN Anagrafica Anag ON " + tabella +
+         ".IDAnagrafica = Anag.IDAnagrafica"
+         " LEFT JOIN Comune ComNascita ON Anag.IDComuneNascita = ComNascita.IDComune"
+         " LEFT JOIN Provincia ProvNascita ON ComNascita.IDProvincia = ProvNascita.IDProvincia"
+         " LEFT JOIN Nazione NazNasc ON Anag.IDNazionalita = NazNasc.IDNazione"
+         " LEFT JOIN Comune ComRes ON Anag.IDComune = ComRes.IDComune"
+         " LEFT JOIN Provincia ProvRes ON ComRes.IDProvincia = ProvRes.IDProvincia"
+         " LEFT JOIN Nazione NazRes ON Anag.IDNazione = NazRes.IDNazione"
+         " WHERE Selezionato <> 0";
+}
+
+}  // namespace cu

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "host/database.h"
+
+namespace cu {
+
+class UtilitaSuite;
+
+// The intermediary as the screen shows it.
+struct Intermediario {
+  std::string codiceFiscale;
+  int indiceImpegno = -1;   // of the list of commitments, -1 when none is chosen; stored plus 1
+  std::string dataImpegno;  // "dd/mm/yyyy"; may be empty
+};
+
+// The company's stored intermediary; nothing when it has none.
+std::optional<Intermediario> fnLeggiIntermediario(Connection& connessione, std::int32_t idAzienda,
+                                                  const UtilitaSuite& utilita);
+void sbScriviIntermediario(Connection& connessione, std::int32_t idAzienda,
+                           const Intermediario& intermediario, const UtilitaSuite& utilita);
+
+}  // namespace cu

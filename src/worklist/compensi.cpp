@@ -1,0 +1,140 @@
+#include "worklist/compensi.h"
+
+#include "host/frontend.h"
+#include "host/grid.h"
+#include "host/text.h"
+#include "host/utility.h"
+#include "worklist/colonne_griglia.h"
+#include "worklist/riscrittura.h"
+#include "worklist/tabella_lavoro.h"
+
+namespace cu {
+
+Compensi::Compensi(Globali& globali, UtilitaSuite& utilita, FrontEnd& frontEnd, Grid& griglia)
+    : globali_(globali), utilita_(utilita), frontEnd_(frontEnd), griglia_(griglia) {
+  // The row menu's column has no field: every row shows the picture of value 2 there.
+  griglia_.paintValue = [](const GridColumn& colonna, Value& valore) {
+    if (colonna.field == kColonnaPopup) valore = Value::ofInteger(kImmaginePopup);
+  };
+}
+
+void Compensi::esegui(const std::string& testo) { interna().Execute(utilita_.fnAnsi2jet(testo)); }
+
+void Compensi::sbCreaTabellaLavoro(const Filtri& filtri) {
+  frontEnd_.setPointer(kPointerHourglass);
+  if (rsCompensi_.IsOpen()) rsCompensi_.Close();
+  const std::string select = fnSelectCompensi(filtri, globali_.gSessione->IDAzienda(), utilita_);
+  globali_.gTabellaLavoro = fnNomeTabellaLavoro(globali_.gSessione->IDUtente());
+  const std::string& nome = globali_.gTabellaLavoro;
+  // These three go to the server as they stand.
+  interna().Execute(fnEliminaTabella(nome));
+  interna().Execute(fnCreaTabella(nome));
+  interna().Execute("INSERT INTO " + nome + " " + select);
+  rsCompensi_.Open(globali_.gSessione->database().connection(), utilita_.fnAnsi2jet(nome),
+                   LockType::BatchOptimistic);
+  griglia_.bind(&rsCompensi_);
+  const auto selezionate = rsCompensi_.Clone();
+  selezionate->SetFilter("Selezionato = 1");
+  mostraConteggio(static_cast<std::int64_t>(selezionate->RecordCount()));
+  selezionate->Close();
+  frontEnd_.setPointer(kPointerDefault);
+}
+
+void Compensi::sbFormattaGriglia(int tipoComunicazione) {
+  griglia_.clearColumns();
+  griglia_.decimalMark = ',';
+  griglia_.thousandsMark = '.';
+  for (const ColonnaGriglia& colonna : kColonneGriglia) {
+    if (colonna.quando == Quando::AnnullamentoSostituzione && tipoComunicazione == 1) continue;
+    if (colonna.quando == Quando::NonAnnullamento && tipoComunicazione == 2) continue;
+    griglia_.addColumn({.field = std::string(colonna.campo),
+                        .caption = std::string(colonna.didascalia),
+                        .type = colonna.tipo,
+                        .width = colonna.larghezza,
+                        .alignment = colonna.allineamento,
+                        .visible = colonna.quando != Quando::Nascosta});
+  }
+}
+
+void Compensi::sbSelezionaRiga(AzioneSelezione azione) {
+  bool valore = !rsCompensi_.Get("Selezionato").flag();
+  if (azione == AzioneSelezione::Seleziona) valore = true;
+  if (azione == AzioneSelezione::Deseleziona) valore = false;
+  rsCompensi_.Set("Selezionato", Value::ofFlag(valore));
+  rsCompensi_.Update();
+  esegui("UPDATE " + globali_.gTabellaLavoro + " SET Selezionato = " +
+         utilita_.absolute(rsCompensi_.Get("Selezionato")) + fnChiaveRiga(rsCompensi_));
+}
+
+void Compensi::sbSelezionaTutto(AzioneSelezione azione) {
+  if (!rsCompensi_.IsOpen() || rsCompensi_.RecordCount() == 0) return;
+  frontEnd_.setPointer(kPointerHourglass);
+  {
+    const DrawingPause pausa(griglia_);
+    for (rsCompensi_.MoveFirst(); !rsCompensi_.Eof(); rsCompensi_.MoveNext()) sbSelezionaRiga(azione);
+  }
+  sbContaSelezionati();
+  rsCompensi_.MoveFirst();
+  griglia_.refresh();
+  frontEnd_.setPointer(kPointerDefault);
+}
+
+std::int64_t Compensi::conta(const std::string& testo) {
+  Recordset conteggio;
+  conteggio.Open(globali_.gSessione->database().connection(), utilita_.fnAnsi2jet(testo));
+  return conteggio.Eof() ? 0 : conteggio.Get(0).integer();
+}
+
+void Compensi::mostraConteggio(std::int64_t righe) {
+  griglia_.setColumnCaption("Selezionato", "[ " + fromInteger(righe) + " ]");
+}
+
+void Compensi::sbContaSelezionati() {
+  mostraConteggio(
+      conta("SELECT COUNT(Selezionato) FROM " + globali_.gTabellaLavoro + " WHERE Selezionato = 1"));
+}
+
+bool Compensi::fnNessunaSelezione() {
+  return conta("SELECT COUNT(Selezionato) FROM " + globali_.gTabellaLavoro + " WHERE Selezionato = 1") == 0;
+}
+
+bool Compensi::fnProtocolliMancanti() {
+  return conta("SELECT COUNT(Selezionato) FROM " + globali_.gTabellaLavoro +
+               " WHERE Selezionato = 1 AND (ISNULL(ProtocolloAnnSost, '') = ''  OR "
+               "ISNULL(ProgressivoAnnSost, '') = '')") > 0;
+}
+
+void Compensi::sbAggiornaRiga() { esegui(fnAggiornaRiga(globali_.gTabellaLavoro, rsCompensi_, utilita_)); }
+
+void Compensi::sbMemorizzaModifiche() {
+  interna().Execute(fnAggiornaConti(globali_.gTabellaLavoro));
+  interna().Execute(fnAggiornaDatiAggiuntivi(globali_.gTabellaLavoro));
+}
+
+void Compensi::sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo,
+                                    bool sovrascrivi) {
+  if (!rsCompensi_.IsOpen() || rsCompensi_.RecordCount() == 0) return;
+  const DrawingPause pausa(griglia_);
+  const bool suUnaRiga = !rsCompensi_.Bof() && !rsCompensi_.Eof();
+  const Recordset::RowMark segnalibro = suUnaRiga ? rsCompensi_.Bookmark() : 0;
+  for (rsCompensi_.MoveFirst(); !rsCompensi_.Eof(); rsCompensi_.MoveNext()) {
+    if (!rsCompensi_.Get("Selezionato").flag()) continue;
+    const auto riempi = [&](const char* campo, const std::string& valore) {
+      if (!sovrascrivi && !trim(utilita_.toText(rsCompensi_.Get(campo))).empty()) return;
+      rsCompensi_.Set(campo, Value::ofText(valore));
+      rsCompensi_.Set("Modificato", Value::ofFlag(true));
+    };
+    riempi("ProtocolloAnnSost", protocollo);
+    riempi("ProgressivoAnnSost", progressivo);
+    rsCompensi_.Update();
+    const std::int64_t modificato = rsCompensi_.Get("Modificato").integer();
+    esegui("UPDATE " + globali_.gTabellaLavoro +
+           " SET ProtocolloAnnSost = " + utilita_.literal(rsCompensi_.Get("ProtocolloAnnSost")) +
+           ", ProgressivoAnnSost = " + utilita_.literal(rsCompensi_.Get("ProgressivoAnnSost")) +
+           ", Modificato = " + fromInteger(modificato < 0 ? -modificato : modificato) +
+           fnChiaveRiga(rsCompensi_));
+  }
+  if (suUnaRiga) rsCompensi_.SetBookmark(segnalibro);
+}
+
+}  // namespace cu

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "host/recordset.h"
+#include "shell/context/filtri.h"
+#include "shell/context/globali.h"
+
+namespace cu {
+
+class FrontEnd;
+class Grid;
+class UtilitaSuite;
+
+enum class AzioneSelezione { Seleziona = 1, Deseleziona = 2, Inverti = 0 };
+
+// The compensation worklist: the user's work table, the recordset on it and what the grid shows of it.
+// Database errors rise as they are.
+class Compensi {
+ public:
+  Compensi(Globali& globali, UtilitaSuite& utilita, FrontEnd& frontEnd, Grid& griglia);
+
+  Recordset& rsCompensi() { return rsCompensi_; }
+  bool aperto() const { return rsCompensi_.IsOpen(); }
+
+  // Drops, creates and fills the table, and leaves rsCompensi open on it, bound to the grid.
+  void sbCreaTabellaLavoro(const Filtri& filtri);
+  // Lays out the grid's columns for the kind of communication: 1 ordinary, 2 annulment, 3 replacement.
+  void sbFormattaGriglia(int tipoComunicazione);
+
+  // The current row; and all rows, which then stand on the first one.
+  void sbSelezionaRiga(AzioneSelezione azione);
+  void sbSelezionaTutto(AzioneSelezione azione);
+  void sbContaSelezionati();
+  bool fnNessunaSelezione();
+  bool fnProtocolliMancanti();
+
+  // Brings the current row, as an editor left it, to the work table.
+  void sbAggiornaRiga();
+  // Brings the changed and selected rows to the accounts.
+  void sbMemorizzaModifiche();
+  // The same pair of references on all selected rows.
+  void sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo, bool sovrascrivi);
+
+ private:
+  Connection& interna() { return globali_.gSessione->database().internalConnection(); }
+  void esegui(const std::string& testo);
+  std::int64_t conta(const std::string& testo);
+  void mostraConteggio(std::int64_t righe);
+
+  Globali& globali_;
+  UtilitaSuite& utilita_;
+  FrontEnd& frontEnd_;
+  Grid& griglia_;
+  Recordset rsCompensi_;
+};
+
+}  // namespace cu

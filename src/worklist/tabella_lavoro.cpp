@@ -1,0 +1,75 @@
+#include "worklist/tabella_lavoro.h"
+
+#include <string_view>
+
+#include "host/text.h"
+#include "host/utility.h"
+#include "worklist/colonne.h"
+
+namespace cu {
+namespace {
+
+std::string_view nomeTipo(Tipo tipo) {
+  switch (tipo) {
+    case Tipo::Int:
+      return "int";
+    case Tipo::Note:
+      return "Note";
+    case Tipo::Descrizione:
+      return "Descrizione";
+    case Tipo::Importo:
+      return "Importo";
+    case Tipo::SiNo:
+      return "SiNo";
+  }
+  return {};
+}
+
+bool vuoto(const std::string& codice) { return trim(codice).empty(); }
+
+}  // namespace
+
+std::string fnNomeTabellaLavoro(std::int32_t idUtente) { return "tmpprequadrivio" + fromInteger(idUtente); }
+
+std::string fnEliminaTabella(const std::string& nome) {
+  return "if exists (select * from dbo.sysobjects where id = object_id(N'[dbo].[" + nome +
+         "]') AND type in ('N','U')) drop table [dbo].[" + nome + "]";
+}
+
+std::string fnCreaTabella(const std::string& nome) {
+  std::string testo = "CREATE TABLE [dbo].[" + nome + "] ";
+  std::string_view prima = " (";
+  for (const ColonnaLavoro& colonna : kColonneLavoro) {
+    testo.append(prima).append("[").append(colonna.nome).append("] [").append(nomeTipo(colonna.tipo));
+    testo.append(colonna.nonNullo ? "] NOT NULL" : "] NULL");
+    prima = " , ";
+  }
+  return testo + " CONSTRAINT [PK_" + nome +
+         "] PRIMARY KEY CLUSTERED ([IDAnagrafica] ASC, [IDCausalePagamento] ASC, [Anno])"
+         " WITH (IGNORE_DUP_KEY = OFF) ON [PRIMARY]) ON [PRIMARY]";
+}
+
+std::string fnSelectCompensi(const Filtri& filtri, std::int32_t idAzienda, const UtilitaSuite& utilita) {
+  std::string testo = "SELECT";
+  std::string_view prima = " ";
+  for (const ColonnaLavoro& colonna : kColonneLavoro) {
+    testo.append(prima).append(colonna.sorgente.empty() ? colonna.nome : colonna.sorgente);
+    prima = ", ";
+  }
+  testo += " FROM RepContoIndividuale WHERE Anno = ";
+  testo += trim(filtri.anno);
+  testo += " AND IDAzienda = " + fromInteger(idAzienda);
+  if (filtri.perCodice) {
+    if (!vuoto(filtri.codiceDa)) testo += " AND CodicePercipiente >= " + utilita.literal(filtri.codiceDa);
+    if (!vuoto(filtri.codiceA)) testo += " AND CodicePercipiente <= " + utilita.literal(filtri.codiceA);
+  } else if (filtri.perNome) {
+    // The bound is set by its code, though the value compared is the name.
+    if (!vuoto(filtri.codiceDa)) testo += " AND Anagrafica >= " + utilita.literal(filtri.descrizioneDa);
+    if (!vuoto(filtri.codiceA)) testo += " AND Anagrafica <= " + utilita.literal(filtri.descrizioneA);
+  }
+  if (!vuoto(filtri.causaleDa)) testo += " AND Codice >= " + utilita.literal(filtri.causaleDa);
+  if (!vuoto(filtri.causaleA)) testo += " AND Codice <= " + utilita.literal(filtri.causaleA);
+  return testo;
+}
+
+}  // namespace cu
