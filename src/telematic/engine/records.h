@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "telematic/engine/keyed_members.h"
+#include "telematic/engine/layout.h"
+
+namespace cu {
+
+// A field of a record and the text that it holds. The text stays until another one is set, also across
+// writes; it may be longer than the field, which then shows its beginning.
+class CUField : public IField {
+ public:
+  const std::string& Name() const override { return name_; }
+  std::int32_t Offset() const override { return offset_; }
+  std::int32_t Length() const override { return length_; }
+  const std::string& Value() const override { return value_; }
+  void setName(std::string_view name) { name_ = name; }
+  void setOffset(std::int32_t offset) { offset_ = offset; }
+  void setLength(std::int32_t length) { length_ = length; }
+  void setValue(std::string_view value) { value_ = value; }
+
+ private:
+  std::string value_;
+  std::string name_;
+  std::int32_t length_ = 0;
+  std::int32_t offset_ = 0;
+};
+
+// The collections raise what KeyedMembers raises.
+class CUFields : public IFields {
+ public:
+  CUField& Item(const MemberIndex& index) const override { return members_.item(index); }
+  std::int32_t Count() const override { return members_.count(); }
+  std::span<const IField* const> NewEnum() const override { return members_.interfaces(); }
+  CUField& Add(std::string_view name, std::int32_t offset, std::int32_t length);
+  void Remove(const MemberIndex& index) { members_.remove(index); }
+  void Clear() { members_.clear(); }
+
+ private:
+  KeyedMembers<CUField, IField> members_;
+};
+
+class CURecord : public IRecord {
+ public:
+  const std::string& Name() const override { return name_; }
+  const CUFields& Fields() const override { return fields_; }
+  CUFields& Fields() { return fields_; }
+  // Error 6 when the sum passes 32 bits.
+  std::int32_t Length() const override;
+  void setName(std::string_view name) { name_ = name; }
+
+ private:
+  std::string name_;
+  CUFields fields_;
+};
+
+class CURecords : public IRecords {
+ public:
+  CURecord& Item(const MemberIndex& index) const override { return members_.item(index); }
+  std::int32_t Count() const override { return members_.count(); }
+  std::span<const IRecord* const> NewEnum() const override { return members_.interfaces(); }
+  CURecord& Add(std::string_view name);
+  void Remove(const MemberIndex& index) { members_.remove(index); }
+  void Clear() { members_.clear(); }
+
+ private:
+  KeyedMembers<CURecord, IRecord> members_;
+};
+
+}  // namespace cu
