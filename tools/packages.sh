@@ -1,0 +1,31 @@
+# What the build and its tests need of Debian 12, installed where it is missing. Sourced by run, test and bench.
+
+packages=(
+  build-essential cmake ninja-build ccache git ca-certificates
+  nlohmann-json3-dev libcli11-dev libtomlplusplus-dev
+  libsqlite3-dev
+)
+test_packages=(libgtest-dev libgmock-dev python3)
+fuzz_packages=(clang libclang-rt-14-dev)
+bench_packages=(libbenchmark-dev)
+
+# install_missing PACKAGE...: as root, or through sudo.
+install_missing() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || {
+      echo "These packages are missing and neither root nor sudo is at hand: ${missing[*]}" >&2
+      return 1
+    }
+    as_root=(sudo)
+  fi
+  echo "Installing: ${missing[*]}"
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" \
+    >/dev/null
+}
