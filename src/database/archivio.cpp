@@ -1,0 +1,32 @@
+#include "database/archivio.h"
+
+#include "database/demo.h"
+#include "database/liste.h"
+#include "database/schema.h"
+#include "database/transazione.h"
+
+namespace cu {
+
+void creaArchivio(Connection& connessione, ContenutoArchivio contenuto, const OpzioniGeneratore& opzioni) {
+  if (contieneSuite(connessione)) {
+    throw ArchivioEsistente(
+        "Il database contiene già le tabelle della suite: non è stato modificato. Indicare un database "
+        "vuoto.");
+  }
+  Transazione transazione(connessione);
+  creaSchema(connessione);
+  riempiListe(connessione);
+  switch (contenuto) {
+    case ContenutoArchivio::Vuoto:
+      break;
+    case ContenutoArchivio::Dimostrativo:
+      riempiDemo(connessione);
+      break;
+    case ContenutoArchivio::Sintetico:
+      generaAzienda(connessione, opzioni);
+      break;
+  }
+  transazione.conferma();
+}
+
+}  // namespace cu

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/database.h"
+#include "host/date.h"
+#include "host/decimal.h"
+
+namespace cu {
+
+// Gathers the rows of one table and sends several of them in one INSERT: a server is asked less often, and a
+// statement that comes again with the same number of rows is one that the engine already knows.
+//
+// The values of a row are given in the order of the columns; riga() ends it. chiudi() sends what is left.
+class Inserimento {
+ public:
+  // SQL Server takes a thousand at most.
+  static constexpr std::size_t kRighePerIstruzione = 20;
+
+  Inserimento(Connection& connessione, std::string_view tabella,
+              std::initializer_list<std::string_view> colonne);
+  Inserimento(Connection& connessione, std::string_view tabella, const std::vector<std::string>& colonne);
+
+  Inserimento& intero(std::int64_t valore);
+  Inserimento& id(std::int64_t valore);  // 0 is NULL
+  Inserimento& flag(bool valore) { return intero(valore ? 1 : 0); }
+  Inserimento& testo(std::string_view valore);  // "" is NULL
+  Inserimento& importo(Decimal valore);
+  Inserimento& data(Date valore);  // day 0 is NULL
+  Inserimento& nullo();
+  void riga();  // std::logic_error when values are missing
+  void chiudi();
+
+  std::size_t righe() const { return totale_; }
+
+ private:
+  std::string& posto();  // where the next value goes
+
+  Connection& connessione_;
+  std::string testa_;
+  std::string istruzione_;
+  std::size_t colonne_ = 0;
+  std::size_t valori_ = 0;  // of the row begun
+  std::size_t righe_ = 0;   // of the statement begun
+  std::size_t totale_ = 0;
+};
+
+// The value as a text literal, quotes doubled.
+void appendTesto(std::string& istruzione, std::string_view valore);
+
+}  // namespace cu

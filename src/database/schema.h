@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "host/database.h"
+
+namespace cu {
+
+// The statements that make the suite's types, tables, indexes and views, in order, in the server's dialect.
+std::vector<std::string_view> istruzioniSchema();
+
+// The names of the tables and views among them, in order.
+std::vector<std::string_view> nomiSchema();
+
+// Whether the database holds at least one of them. It only reads.
+bool contieneSuite(Connection& connessione);
+
+// Makes them all; statements only, within the caller's transaction.
+void creaSchema(Connection& connessione);
+
+}  // namespace cu
