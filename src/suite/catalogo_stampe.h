@@ -1,0 +1,13 @@
+#pragma once
+
+#include "host/print_control.h"
+
+namespace cu {
+
+// The reports that the suite keeps for the three object types of the wizard.
+class CatalogoStampe : public ReportCatalogue {
+ public:
+  std::vector<ReportInfo> reports(std::int32_t objectType) const override;
+};
+
+}  // namespace cu

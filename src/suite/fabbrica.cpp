@@ -1,0 +1,31 @@
+#include "suite/fabbrica.h"
+
+#include "suite/registro_errori.h"
+#include "suite/testi.h"
+
+namespace cu {
+
+FabbricaSuite::FabbricaSuite(const Profilo& profilo, FrontEnd& frontEnd, FornitoriSuite fornitori)
+    : profilo_(profilo), frontEnd_(frontEnd), fornitori_(std::move(fornitori)) {
+  if (!profilo.traccia.empty()) traccia_ = std::make_unique<TracciaSql>(profilo.traccia);
+}
+
+std::unique_ptr<TestiSuite> FabbricaSuite::createTesti() { return std::make_unique<TestiItaliani>(); }
+
+std::unique_ptr<SessioneHost> FabbricaSuite::createSessione() {
+  return std::make_unique<SessioneProfilo>(profilo_, fornitori_.apriDatabase, traccia_.get(), rifiutato_);
+}
+
+std::unique_ptr<ValutaHost> FabbricaSuite::createValuta() {
+  return std::make_unique<ValutaProfilo>(profilo_.valuta);
+}
+
+std::unique_ptr<RicostruzioneConti> FabbricaSuite::createRicostruzione() {
+  return fornitori_.creaRicostruzione();
+}
+
+std::unique_ptr<LogGrid> FabbricaSuite::createLogGrid() {
+  return std::make_unique<RegistroErrori>(frontEnd_);
+}
+
+}  // namespace cu

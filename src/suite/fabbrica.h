@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "host/frontend.h"
+#include "host/session.h"
+#include "suite/sessione.h"
+
+namespace cu {
+
+// What the factory takes from other rooms.
+struct FornitoriSuite {
+  ApriDatabase apriDatabase;
+  std::function<std::unique_ptr<RicostruzioneConti>()> creaRicostruzione;
+};
+
+// The suite's objects for one profile. Profile and front end outlive it. Making it empties the trace that the
+// profile names, and raises FileError when that cannot be done.
+class FabbricaSuite : public HostFactory {
+ public:
+  FabbricaSuite(const Profilo& profilo, FrontEnd& frontEnd, FornitoriSuite fornitori);
+  std::unique_ptr<TestiSuite> createTesti() override;
+  std::unique_ptr<SessioneHost> createSessione() override;
+  std::unique_ptr<ValutaHost> createValuta() override;
+  std::unique_ptr<RicostruzioneConti> createRicostruzione() override;
+  std::unique_ptr<LogGrid> createLogGrid() override;
+
+  bool avvioRifiutato() const { return rifiutato_; }
+
+ private:
+  const Profilo& profilo_;
+  FrontEnd& frontEnd_;
+  FornitoriSuite fornitori_;
+  std::unique_ptr<TracciaSql> traccia_;
+  bool rifiutato_ = false;
+};
+
+}  // namespace cu

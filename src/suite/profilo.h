@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/date.h"
+#include "host/session.h"
+
+namespace cu {
+
+// The profile: what the suite's launcher would hand over, from a TOML file. Paths are complete: relative ones
+// have been taken from the profile's folder.
+struct Profilo {
+  struct Istante {
+    Date giorno;
+    TimeOfDay ora;
+  };
+  struct Sessione {
+    std::int32_t utente = 0;
+    std::int32_t azienda = 0;
+    std::int32_t filiale = 0;
+    std::string titolo;
+    std::string cartellaGuida;
+    std::int32_t contestoGuida = 0;
+    std::string sezioneImpostazioni;
+    std::vector<ProcessoHost> processi;
+    bool rifiutaAvvio = false;
+    std::optional<Istante> oggi;
+  };
+  enum class Motore { Sqlite, Odbc };
+  struct Database {
+    Motore motore = Motore::Sqlite;
+    std::string origine;            // the file's path, or the connection text behind "odbc:"
+    std::string variabilePassword;  // name of an environment variable; may be empty
+    bool cifrata = true;
+    std::int32_t secondiAccesso = 15;
+    std::int32_t secondiIstruzione = 600;  // 0 for no limit
+  };
+  struct Valuta {
+    bool decimali = true;
+    std::string simbolo;
+    std::string separatoreDecimale;
+    std::string separatoreMigliaia;
+  };
+  enum class MotoreStampa { Pdf, Registro };
+
+  std::string file;  // as it was named
+  Sessione sessione;
+  Database database;
+  Valuta valuta;
+  std::string documenti;
+  std::string impostazioni;
+  MotoreStampa stampa = MotoreStampa::Pdf;
+  std::string traccia;  // path of the trace of statements; empty for none
+};
+
+// One line in Italian: the file, the key, what was expected.
+class ErroreProfilo : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// Raises ErroreProfilo.
+Profilo leggiProfilo(const std::string& file);
+// The same of a text; `cartella` is where relative paths begin. Any bytes will do.
+Profilo analizzaProfilo(std::string_view testo, const std::string& file, const std::string& cartella);
+
+// What stands behind a database address, "sqlite:path" or "odbc:text"; nothing when it is none.
+std::optional<Profilo::Database> analizzaIndirizzo(std::string_view indirizzo, const std::string& cartella);
+
+}  // namespace cu

@@ -1,0 +1,60 @@
+#include "suite/traccia.h"
+
+#include "host/text.h"
+
+namespace cu {
+namespace {
+
+void escape(std::string& json, char32_t character) {
+  constexpr std::string_view kDigits = "0123456789abcdef";
+  switch (character) {
+    case U'"':
+      json += "\\\"";
+      return;
+    case U'\\':
+      json += "\\\\";
+      return;
+    case U'\n':
+      json += "\\n";
+      return;
+    case U'\r':
+      json += "\\r";
+      return;
+    case U'\t':
+      json += "\\t";
+      return;
+  }
+  if (character >= 0x20) {
+    appendUtf8(json, character);
+    return;
+  }
+  json += "\\u00";
+  json += kDigits[character >> 4];
+  json += kDigits[character & 0x0F];
+}
+
+}  // namespace
+
+std::string stringaJson(std::string_view testo) {
+  std::string json = "\"";
+  json.reserve(testo.size() + 2);
+  for (std::size_t at = 0; at < testo.size();) escape(json, nextCodePoint(testo, at));
+  return json += '"';
+}
+
+void TracciaSql::scrivi(std::string_view istruzione) {
+  const std::string riga = stringaJson(istruzione) + "\n";
+  int codice = 0;
+  if (file_.write(riga, codice) < riga.size()) throw fileError(codice, path_);
+}
+
+DatabaseSuite::DatabaseSuite(std::unique_ptr<Connection> connessione, TracciaSql* traccia)
+    : connessione_(std::move(connessione)) {
+  if (traccia != nullptr) tracciata_ = std::make_unique<ConnessioneTracciata>(*connessione_, *traccia);
+}
+
+std::unique_ptr<Rowset> DatabaseSuite::CreateRowset() {
+  return std::make_unique<ConnectionRowset>(connection());
+}
+
+}  // namespace cu

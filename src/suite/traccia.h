@@ -1,0 +1,62 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "host/database.h"
+#include "suite/platform_file.h"
+
+namespace cu {
+
+// The trace of statements: one JSON string a line, on the disk's side before the statement runs. Emptied when
+// the object is made. Raises FileError when it cannot be written: a trace with gaps would mislead.
+class TracciaSql {
+ public:
+  explicit TracciaSql(const std::string& path) : path_(path), file_(openForWriting(path)) {}
+  void scrivi(std::string_view istruzione);
+
+ private:
+  std::string path_;
+  Descriptor file_;
+};
+
+// A text as a JSON string, with its quotes. Bytes that are no UTF-8 become U+FFFD.
+std::string stringaJson(std::string_view testo);
+
+// Tells every text to the trace and passes it on.
+class ConnessioneTracciata : public Connection {
+ public:
+  ConnessioneTracciata(Connection& connessione, TracciaSql& traccia)
+      : connessione_(connessione), traccia_(traccia) {}
+  void Execute(std::string_view statement) override {
+    traccia_.scrivi(statement);
+    connessione_.Execute(statement);
+  }
+  void Query(std::string_view source, RowStore& rows) override {
+    traccia_.scrivi(source);
+    connessione_.Query(source, rows);
+  }
+  void BeginRead() override { connessione_.BeginRead(); }
+  void EndRead() noexcept override { connessione_.EndRead(); }
+
+ private:
+  Connection& connessione_;
+  TracciaSql& traccia_;
+};
+
+// The session's database object over one connection; the trace may be null.
+class DatabaseSuite : public DatabaseHost {
+ public:
+  DatabaseSuite(std::unique_ptr<Connection> connessione, TracciaSql* traccia);
+  Connection& connection() override { return tracciata_ != nullptr ? *tracciata_ : *connessione_; }
+  Connection& internalConnection() override { return connection(); }
+  Connection& ownConnection() override { return *connessione_; }
+  std::unique_ptr<Rowset> CreateRowset() override;
+
+ private:
+  std::unique_ptr<Connection> connessione_;
+  std::unique_ptr<ConnessioneTracciata> tracciata_;
+};
+
+}  // namespace cu
