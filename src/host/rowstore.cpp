@@ -33,13 +33,14 @@ std::int64_t unzigzag(std::uint64_t value) {
 }
 
 std::uint64_t readVarint(const unsigned char*& at) {
-  std::uint64_t value = *at & 0x7FU;
-  unsigned shift = 7;
-  while ((*at++ & 0x80U) != 0) {
-    value |= static_cast<std::uint64_t>(*at & 0x7FU) << shift;
-    shift += 7;
+  std::uint64_t value = *at++;
+  if (value < 0x80) return value;
+  value &= 0x7FU;
+  for (unsigned shift = 7;; shift += 7) {
+    const std::uint64_t byte = *at++;
+    value |= (byte & 0x7FU) << shift;
+    if (byte < 0x80) return value;
   }
-  return value;
 }
 
 }  // namespace
@@ -56,8 +57,7 @@ std::size_t Columns::find(std::string_view name) const {
 
 void RowStore::setColumns(std::shared_ptr<const Columns> columns) { columns_ = std::move(columns); }
 
-void RowStore::reserve(std::size_t more) {
-  if (static_cast<std::size_t>(limit_ - end_) >= more) return;
+void RowStore::grow(std::size_t more) {
   // A row lies in one piece: what is written of it moves to the new chunk.
   const auto begun = static_cast<std::size_t>(end_ - rowStart_);
   chunkSize_ = chunkSize_ == 0 ? kFirstChunk : std::min(chunkSize_ * 2, kLargestChunk);
@@ -157,35 +157,44 @@ void RowStore::endRow() {
 
 void RowStore::readFirst(std::size_t row, std::size_t count, CellView* cells) const {
   const unsigned char* at = rows_[row];
+  const auto text = [&at](std::size_t length) {
+    const CellView cell = CellView::ofText({reinterpret_cast<const char*>(at), length});
+    at += length;
+    return cell;
+  };
   CellView* const end = cells + count;
   while (cells < end) {
     const std::uint8_t tag = *at++;
     if (tag > kNulls) {
-      const std::size_t run = std::min(tag - std::size_t{kNulls}, static_cast<std::size_t>(end - cells));
-      std::fill_n(cells, run, CellView());
-      cells += run;
+      CellView* const behind = cells + std::min<std::ptrdiff_t>(tag - kNulls, end - cells);
+      while (cells < behind) *cells++ = CellView();
     } else if (tag >= kShortText) {
-      const std::size_t length = tag - std::size_t{kShortText};
-      *cells++ = CellView::ofText({reinterpret_cast<const char*>(at), length});
-      at += length;
-    } else if (tag == kZeroDecimal) {
-      *cells++ = CellView::ofDecimal(Decimal());
-    } else if (tag == kInteger) {
-      *cells++ = CellView::ofInteger(unzigzag(readVarint(at)));
-    } else if (tag == kDecimal) {
-      *cells++ = CellView::ofDecimal(Decimal::fromScaled(unzigzag(readVarint(at))));
-    } else if (tag == kDate) {
-      *cells++ = CellView::ofDate(Date::fromSerial(static_cast<std::int32_t>(unzigzag(readVarint(at)))));
-    } else if (tag == kSameText) {
-      const char* place = nullptr;
-      std::memcpy(&place, at, sizeof place);
-      at += sizeof place;
-      const std::size_t length = readVarint(at);
-      *cells++ = CellView::ofText({place, length});
+      *cells++ = text(tag - std::size_t{kShortText});
     } else {
-      const std::size_t length = readVarint(at);
-      *cells++ = CellView::ofText({reinterpret_cast<const char*>(at), length});
-      at += length;
+      switch (tag) {
+        case kZeroDecimal:
+          *cells++ = CellView::ofDecimal(Decimal());
+          break;
+        case kInteger:
+          *cells++ = CellView::ofInteger(unzigzag(readVarint(at)));
+          break;
+        case kDecimal:
+          *cells++ = CellView::ofDecimal(Decimal::fromScaled(unzigzag(readVarint(at))));
+          break;
+        case kDate:
+          *cells++ = CellView::ofDate(Date::fromSerial(static_cast<std::int32_t>(unzigzag(readVarint(at)))));
+          break;
+        case kSameText: {
+          const char* place = nullptr;
+          std::memcpy(&place, at, sizeof place);
+          at += sizeof place;
+          *cells++ = CellView::ofText({place, readVarint(at)});
+          break;
+        }
+        default:  // kText
+          *cells++ = text(readVarint(at));
+          break;
+      }
     }
   }
 }

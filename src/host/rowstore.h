@@ -59,7 +59,10 @@ class RowStore {
   std::size_t bytes() const { return chunkBytes_; }
 
  private:
-  void reserve(std::size_t more);
+  void reserve(std::size_t more) {
+    if (static_cast<std::size_t>(limit_ - end_) < more) grow(more);
+  }
+  void grow(std::size_t more);
   void tagged(std::uint8_t tag, std::int64_t value);
   void varint(std::uint64_t value);
   void flushNulls();
