@@ -8,6 +8,7 @@
 namespace cu {
 
 void creaArchivio(Connection& connessione, ContenutoArchivio contenuto, const OpzioniGeneratore& opzioni) {
+  if (contenuto == ContenutoArchivio::Sintetico) controlla(opzioni);
   if (contieneSuite(connessione)) {
     throw ArchivioEsistente(
         "Il database contiene già le tabelle della suite: non è stato modificato. Indicare un database "

@@ -278,13 +278,17 @@ void Generatore::chiudi() {
 
 }  // namespace
 
-void generaAzienda(Connection& connessione, const OpzioniGeneratore& opzioni) {
+void controlla(const OpzioniGeneratore& opzioni) {
   if (opzioni.percipienti < 1 || opzioni.percipienti > kMassimo) {
     throw std::invalid_argument("numero di percipienti fuori dai limiti");
   }
   if (opzioni.primoAnno < 1902 || opzioni.ultimoAnno > 9990 || opzioni.primoAnno > opzioni.ultimoAnno) {
     throw std::invalid_argument("anni fuori dai limiti");
   }
+}
+
+void generaAzienda(Connection& connessione, const OpzioniGeneratore& opzioni) {
+  controlla(opzioni);
   Generatore generatore(connessione, opzioni);
   generatore.azienda();
   for (std::int32_t numero = 1; numero <= opzioni.percipienti; ++numero) generatore.percipiente(numero);

@@ -16,6 +16,7 @@ LiteralSpan scanText(std::string_view text) {
     if (at == text.size() || text[at] != '\'') {
       span.literal.text = text.substr(1, at - 2);
       span.length = at;
+      if (span.literal.text.find('\0') != std::string_view::npos) return {};
       return span;
     }
     span.literal.doubled = true;

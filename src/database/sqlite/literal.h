@@ -14,7 +14,8 @@ struct Literal {
   bool doubled = false;  // a text that holds doubled quotes
 };
 
-// The literal at the head of a text; `length` is 0 where none begins, or where it has no end.
+// The literal at the head of a text; `length` is 0 where none begins, where it has no end, or where it holds
+// a null character.
 struct LiteralSpan {
   Literal literal;
   std::size_t length = 0;

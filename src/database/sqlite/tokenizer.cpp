@@ -83,8 +83,8 @@ class Scanner {
   bool afterName() const { return !list_.tokens.empty() && list_.tokens.back().isName(); }
 
   Token literal(const LiteralSpan& span, const char* fault) {
-    if (span.length == 0) throw SqlError(at_, fault);
-    if (span.literal.text.find('\0') != std::string_view::npos) throw SqlError(at_, "carattere nullo in un testo");
+    if (span.length == 0)
+      throw SqlError(at_, text_.find('\0') == std::string_view::npos ? fault : "carattere nullo");
     Token token;
     token.kind = span.literal.kind == Literal::Kind::Text ? TokenKind::Text : TokenKind::Number;
     token.position = at_;
@@ -101,12 +101,13 @@ class Scanner {
     const std::size_t start = at_++;
     for (;;) {
       at_ = text_.find(mark, at_);
-      if (at_ == std::string_view::npos) throw SqlError(start, "nome senza parentesi o virgolette di chiusura");
+      if (at_ == std::string_view::npos)
+        throw SqlError(start, "nome senza parentesi o virgolette di chiusura");
       ++at_;
       if (at_ == text_.size() || text_[at_] != mark) break;
       ++at_;
     }
-    Token token{TokenKind::Quoted, start, text_.substr(start + 1, at_ - start - 2), 0};
+    Token token{TokenKind::Quoted, start, text_.substr(start + 1, at_ - start - 2), 0, mark};
     if (token.text.empty() || token.text.find('\0') != std::string_view::npos) {
       throw SqlError(start, "nome vuoto o non valido");
     }
@@ -116,7 +117,7 @@ class Scanner {
   Token word() {
     const std::size_t start = at_;
     while (at_ < text_.size() && isWordPart(text_[at_])) ++at_;
-    return {TokenKind::Word, start, text_.substr(start, at_ - start), 0};
+    return {TokenKind::Word, start, text_.substr(start, at_ - start)};
   }
 
   Token symbol() {
@@ -128,7 +129,7 @@ class Scanner {
     }
     if (length == 0 && kSingle.find(text_[at_]) != std::string_view::npos) length = 1;
     if (length == 0) throw SqlError(at_, "carattere non ammesso");
-    const Token token{TokenKind::Symbol, at_, text_.substr(at_, length), 0};
+    const Token token{TokenKind::Symbol, at_, text_.substr(at_, length)};
     at_ += length;
     return token;
   }
@@ -154,11 +155,7 @@ std::string Token::name() const {
   result.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
     result += text[i];
-    // Only the closing mark of a quoted name can stand doubled in it.
-    if (kind == TokenKind::Quoted && i + 1 < text.size() && text[i] == text[i + 1] &&
-        (text[i] == ']' || text[i] == '"')) {
-      ++i;
-    }
+    if (mark != 0 && text[i] == mark) ++i;  // stands doubled
   }
   return result;
 }
