@@ -1,0 +1,99 @@
+#include "database/sqlite/errors.h"
+
+#include "host/text.h"
+
+namespace cu::sqlite {
+namespace {
+
+// "NOT NULL constraint failed: Anagrafica.Anagrafica" -> "Anagrafica.Anagrafica"
+std::string_view behindColon(std::string_view text) {
+  const std::size_t colon = text.rfind(": ");
+  return colon == std::string_view::npos ? std::string_view() : text.substr(colon + 2);
+}
+
+std::string constraint(int code, std::string_view text) {
+  const std::string where(behindColon(text));
+  switch (code) {
+    case SQLITE_CONSTRAINT_NOTNULL:
+      return "La colonna " + where + " non ammette il valore nullo.";
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_ROWID:
+      return "Esiste già una riga con la stessa chiave (" + where + ").";
+    default:
+      return "Il database ha rifiutato i dati: " + std::string(text) + ".";
+  }
+}
+
+struct Told {
+  DatabaseErrorKind kind;
+  std::string text;
+};
+
+Told tell(int code, std::string_view engineText, const std::string& of) {
+  using enum DatabaseErrorKind;
+  switch (code & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return {Locked,
+              "Il database è occupato da un altro programma. Chiudere l'altro programma, o attendere che "
+              "termini, e "
+              "riprovare."};
+    case SQLITE_CONSTRAINT:
+      return {Constraint, constraint(code, engineText)};
+    case SQLITE_FULL:
+      return {Full, "Il disco che contiene il database è pieno. Liberare spazio e ripetere l'operazione."};
+    case SQLITE_READONLY:
+      return {ReadOnly,
+              "Il database è di sola lettura. Verificare i permessi del file e della sua cartella."};
+    case SQLITE_CORRUPT:
+      return {Corrupt, "Il file del database è danneggiato. Ripristinarlo da una copia di sicurezza."};
+    case SQLITE_NOTADB:
+      return {Unavailable, "Il file indicato non è un database."};
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+      return {Unavailable,
+              "Il database non si può aprire. Verificare che il file e la sua cartella esistano e siano "
+              "accessibili."};
+    case SQLITE_IOERR:
+      return {Other, "Errore di lettura o scrittura sul file del database. Verificare il disco e riprovare."};
+    case SQLITE_NOMEM:
+      return {Other, "Memoria insufficiente per l'operazione sul database."};
+    case SQLITE_INTERRUPT:
+      return {Timeout, "L'operazione sul database è stata interrotta."};
+    case SQLITE_TOOBIG:
+      return {Other, "Un testo è troppo lungo per il database."};
+    case SQLITE_ERROR:
+      return {Syntax, "Il database non accetta l'istruzione" + of + ": " + std::string(engineText) + "."};
+    default:
+      return {Other, "Errore del database" + (of.empty() ? std::string() : " nell'istruzione" + of) + ": " +
+                         std::string(engineText) + "."};
+  }
+}
+
+std::string ofKind(std::string_view kind) { return kind.empty() ? std::string() : " " + std::string(kind); }
+
+}  // namespace
+
+DatabaseError errorOf(int extendedCode, std::string_view engineText, std::string_view kind) {
+  const Told told = tell(extendedCode, engineText, ofKind(kind));
+  return {told.kind, extendedCode, std::string(kind), told.text};
+}
+
+void raise(sqlite3* database, std::string_view kind) {
+  throw errorOf(sqlite3_extended_errcode(database), sqlite3_errmsg(database), kind);
+}
+
+DatabaseError refused(const SqlError& error, std::string_view kind) {
+  return {DatabaseErrorKind::Syntax, 0, std::string(kind),
+          "Il database incorporato non accetta l'istruzione" + ofKind(kind) + ": " + error.what() +
+              " (carattere " + fromInteger(static_cast<std::int64_t>(error.position()) + 1) + ")."};
+}
+
+DatabaseError unfit(const SqlError& error, std::string_view kind) {
+  return {DatabaseErrorKind::Other, 0, std::string(kind),
+          "Il database non accetta un valore dell'istruzione" + ofKind(kind) + ": " + error.what() + "."};
+}
+
+}  // namespace cu::sqlite

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace cu::sqlite {
+
+struct CloseDatabase {
+  void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+};
+using DatabaseHandle = std::unique_ptr<sqlite3, CloseDatabase>;
+
+struct FinalizeStatement {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using StatementHandle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+
+// Puts a prepared statement back when its run ends, by an error too.
+class Running {
+ public:
+  explicit Running(sqlite3_stmt* statement) : statement_(statement) {}
+  ~Running() { sqlite3_reset(statement_); }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+
+ private:
+  sqlite3_stmt* statement_;
+};
+
+// Raises DatabaseError. `kind` is the first word of the statement ("SELECT"), or empty.
+StatementHandle prepare(sqlite3* database, std::string_view sql, std::string_view kind, bool kept = false);
+// One or more statements of the connection itself, without rows.
+void execute(sqlite3* database, const char* sql);
+
+inline std::string_view columnText(sqlite3_stmt* statement, int column) {
+  const unsigned char* text = sqlite3_column_text(statement, column);
+  if (text == nullptr) return {};
+  return {reinterpret_cast<const char*>(text),
+          static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+}
+
+}  // namespace cu::sqlite

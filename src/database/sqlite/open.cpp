@@ -1,0 +1,112 @@
+#include "database/sqlite/open.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "database/sqlite/errors.h"
+#include "database/sqlite/own_functions.h"
+#include "host/text.h"
+
+namespace cu::sqlite {
+namespace {
+
+constexpr int kPatience = 5000;  // milliseconds
+
+std::string quoted(const std::string& path) { return "«" + path + "»"; }
+
+[[noreturn]] void unavailable(int code, const std::string& text) {
+  throw DatabaseError(DatabaseErrorKind::Unavailable, code, "", text);
+}
+
+void examine(const std::string& path, bool create) {
+  std::error_code error;
+  const std::filesystem::file_status status = std::filesystem::status(path, error);
+  if (status.type() == std::filesystem::file_type::not_found) {
+    if (create) return;
+    unavailable(SQLITE_CANTOPEN, "Il database " + quoted(path) +
+                                     " non esiste. Correggere l'indirizzo nel profilo, o crearlo con "
+                                     "«cuctl create --database sqlite:" +
+                                     path + "».");
+  }
+  if (error) {
+    unavailable(SQLITE_CANTOPEN,
+                "Il database " + quoted(path) + " non si può leggere: " + error.message() + ".");
+  }
+  if (status.type() == std::filesystem::file_type::directory) {
+    unavailable(SQLITE_CANTOPEN, quoted(path) + " è una cartella, non un database. Indicare un file.");
+  }
+}
+
+// The engine's error of an opening, with the file's name and what to do.
+[[noreturn]] void explain(sqlite3* database, const std::string& path) {
+  const int code = database == nullptr ? SQLITE_NOMEM : sqlite3_extended_errcode(database);
+  if ((code & 0xFF) == SQLITE_NOTADB) {
+    unavailable(code,
+                "Il file " + quoted(path) +
+                    " non è un database. Correggere l'indirizzo nel profilo, o indicare un altro file.");
+  }
+  if ((code & 0xFF) == SQLITE_CANTOPEN || (code & 0xFF) == SQLITE_PERM || (code & 0xFF) == SQLITE_AUTH) {
+    unavailable(code, "Il database " + quoted(path) +
+                          " non si può aprire. Verificare i permessi del file e della sua cartella.");
+  }
+  const DatabaseError told = errorOf(code, sqlite3_errmsg(database), "");
+  throw DatabaseError(told.kind(), code, "", "Database " + quoted(path) + ": " + told.what());
+}
+
+bool run(sqlite3* database, const char* sql) {
+  return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+}  // namespace
+
+DatabaseHandle openFile(const std::string& path, bool create) {
+  const bool memory = path == ":memory:";
+  if (!memory) examine(path, create);
+  sqlite3* raw = nullptr;
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
+  // A name that looks like an address is a name all the same.
+  const std::string name = path.starts_with("file:") ? "./" + path : path;
+  const int code = sqlite3_open_v2(name.c_str(), &raw, flags, nullptr);
+  DatabaseHandle database(raw);
+  if (code != SQLITE_OK) explain(raw, path);
+  sqlite3_extended_result_codes(raw, 1);
+  sqlite3_busy_timeout(raw, kPatience);
+  sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  sqlite3_db_config(raw, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(raw, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  installFunctions(raw);
+  // The first read of the file: here it shows whether it is a database.
+  if (!run(raw, "SELECT count(*) FROM sqlite_schema")) explain(raw, path);
+  if (sqlite3_db_readonly(raw, "main") == 1) {
+    throw DatabaseError(
+        DatabaseErrorKind::ReadOnly, SQLITE_READONLY, "",
+        "Il database " + quoted(path) + " è di sola lettura. Verificare i permessi del file.");
+  }
+  // A change is complete or absent whenever the process ends, and readers do not wait for writers. What a
+  // dropped table leaves in the file is not worth the writing of zeros.
+  const bool set = run(raw, "PRAGMA journal_mode = WAL") && run(raw, "PRAGMA synchronous = NORMAL") &&
+                   run(raw, "PRAGMA foreign_keys = OFF") && run(raw, "PRAGMA secure_delete = OFF") &&
+                   run(raw, "PRAGMA temp_store = MEMORY") && run(raw, "PRAGMA cache_size = -65536");
+  if (!set) explain(raw, path);
+  return database;
+}
+
+void requireTables(sqlite3* database, const std::string& path, std::span<const std::string_view> names) {
+  const StatementHandle query =
+      prepare(database,
+              "SELECT 1 FROM sqlite_schema WHERE type IN ('table', 'view') AND lower(name) = lower(?1)", "");
+  for (const std::string_view name : names) {
+    const Running running(query.get());
+    sqlite3_bind_text(query.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
+    const int code = sqlite3_step(query.get());
+    if (code == SQLITE_ROW) continue;
+    if (code != SQLITE_DONE) explain(database, path);
+    throw DatabaseError(
+        DatabaseErrorKind::NoSchema, 0, "",
+        "Il database " + quoted(path) + " non contiene le tabelle della suite: manca " + std::string(name) +
+            ". Correggere l'indirizzo nel profilo, o creare un database con " + "«cuctl create».");
+  }
+}
+
+}  // namespace cu::sqlite

@@ -1,0 +1,74 @@
+#include "database/sqlite/row_reader.h"
+
+#include "database/sqlite/amount.h"
+#include "database/sqlite/handle.h"
+
+namespace cu::sqlite {
+namespace {
+
+ValueType typeOf(ValueKind kind) {
+  switch (kind) {
+    case ValueKind::Integer:
+      return ValueType::Integer;
+    case ValueKind::Decimal:
+      return ValueType::Decimal;
+    case ValueKind::Text:
+      return ValueType::Text;
+    case ValueKind::Date:
+      return ValueType::Date;
+    case ValueKind::Unknown:
+    case ValueKind::Null:
+    case ValueKind::Number:
+    case ValueKind::Condition:
+      return ValueType::Null;
+  }
+  return ValueType::Null;
+}
+
+void readText(std::string_view text, ValueKind kind, RowStore& rows) {
+  if (kind == ValueKind::Date) {
+    if (const std::optional<Date> date = Date::parseIso(text)) {
+      rows.date(*date);
+      return;
+    }
+  }
+  rows.text(text);
+}
+
+}  // namespace
+
+std::shared_ptr<const Columns> makeColumns(const std::vector<ColumnInfo>& columns) {
+  std::vector<Column> result;
+  result.reserve(columns.size());
+  for (const ColumnInfo& column : columns) result.push_back({column.name, typeOf(column.kind)});
+  return std::make_shared<const Columns>(std::move(result));
+}
+
+void readRow(sqlite3_stmt* statement, const std::vector<ValueKind>& kinds, RowStore& rows) {
+  rows.beginRow();
+  int column = 0;
+  for (const ValueKind kind : kinds) {
+    switch (sqlite3_column_type(statement, column)) {
+      case SQLITE_NULL:
+        rows.null();
+        break;
+      case SQLITE_INTEGER:
+        if (kind == ValueKind::Decimal) {
+          rows.decimal(Decimal::fromInteger(sqlite3_column_int64(statement, column)));
+        } else {
+          rows.integer(sqlite3_column_int64(statement, column));
+        }
+        break;
+      case SQLITE_FLOAT:
+        rows.decimal(amountOf(sqlite3_column_double(statement, column)));
+        break;
+      default:
+        readText(columnText(statement, column), kind, rows);
+        break;
+    }
+    ++column;
+  }
+  rows.endRow();
+}
+
+}  // namespace cu::sqlite

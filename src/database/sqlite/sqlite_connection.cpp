@@ -1,0 +1,42 @@
+#include "database/sqlite/sqlite_connection.h"
+
+#include "database/sqlite/engine.h"
+#include "database/sqlite/open.h"
+
+namespace cu {
+
+struct SqliteConnection::State {
+  explicit State(sqlite::DatabaseHandle database) : engine(std::move(database)) {}
+  sqlite::Engine engine;
+};
+
+SqliteConnection::SqliteConnection(std::unique_ptr<State> state) : state_(std::move(state)) {}
+SqliteConnection::~SqliteConnection() = default;
+
+std::unique_ptr<SqliteConnection> SqliteConnection::open(const std::string& path,
+                                                         std::span<const std::string_view> required) {
+  auto state = std::make_unique<State>(sqlite::openFile(path, false));
+  sqlite::requireTables(state->engine.handle(), path, required);
+  return std::unique_ptr<SqliteConnection>(new SqliteConnection(std::move(state)));
+}
+
+std::unique_ptr<SqliteConnection> SqliteConnection::create(const std::string& path) {
+  return std::unique_ptr<SqliteConnection>(
+      new SqliteConnection(std::make_unique<State>(sqlite::openFile(path, true))));
+}
+
+void SqliteConnection::Execute(std::string_view statement) { state_->engine.run(statement, nullptr); }
+
+void SqliteConnection::Query(std::string_view source, RowStore& rows) { state_->engine.run(source, &rows); }
+
+void SqliteConnection::BeginRead() { state_->engine.transactions().beginRead(); }
+
+void SqliteConnection::EndRead() noexcept { state_->engine.transactions().endRead(); }
+
+void SqliteConnection::setPatience(int milliseconds) {
+  sqlite3_busy_timeout(state_->engine.handle(), milliseconds);
+}
+
+std::size_t SqliteConnection::prepared() const { return state_->engine.prepared(); }
+
+}  // namespace cu
