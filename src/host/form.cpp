@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <algorithm>
+
 #include "host/frontend.h"
 
 namespace cu {
@@ -37,6 +39,14 @@ void Form::setFocus(Control* control) {
   notify();
   if (before != nullptr && before->onLostFocus) before->onLostFocus();
   if (focus_ != nullptr && focus_ == control && focus_->onGotFocus) focus_->onGotFocus();
+}
+
+void Form::settleFocus() {
+  if (focus_ == nullptr || focus_->available()) return;
+  const auto at = std::find(controls_.begin(), controls_.end(), focus_);
+  const auto takes = [](const Control* control) { return control->takesFocus() && control->available(); };
+  const auto next = std::find_if(at, controls_.end(), takes);
+  setFocus(next == controls_.end() ? firstFocus() : *next);
 }
 
 Control* Form::firstFocus() const {

@@ -62,21 +62,26 @@ bool FrmWizard::controllaDate() {
 
 bool FrmWizard::generaFile(const std::string& sCodFisc) {
   FileSystem& files = ambiente_.files;
-  ElaboraCompensi elabora(globali_, ambiente_.utilita, ambiente_.frontEnd, files, ambiente_.clock);
+  ElaboraCompensi elabora({.globali = globali_,
+                           .utilita = ambiente_.utilita,
+                           .files = files,
+                           .frontEnd = ambiente_.frontEnd,
+                           .clock = ambiente_.clock});
   const std::string anno = KRNCboEsCont0.text();
   globali_.gAnno = ambiente_.utilita.toLong(anno);
-  elabora.setUsoIntermediari(chkIntermediari.value());
-  elabora.setCodiceFiscaleAzienda(sCodFisc);
-  elabora.setCodiceFiscaleIntermediario(txtCodiceFiscale.text());
-  elabora.setTipoComIntermediario(fromInteger(cboxTipoComunicazione.index() + 1));
-  elabora.setDataImpegnoIntermediario(Date::fromSerial(dtDataImpegno.value()));
-  elabora.setTipoComunicazione(tipoComunicazione());
+  elabora.setDati({.UsoIntermediari = chkIntermediari.value(),
+                   .CodiceFiscaleAzienda = sCodFisc,
+                   .CodiceFiscaleIntermediario = txtCodiceFiscale.text(),
+                   .TipoComIntermediario = fromInteger(cboxTipoComunicazione.index() + 1),
+                   .DataImpegnoIntermediario = Date::fromSerial(dtDataImpegno.value()),
+                   .TipoComunicazione = tipoComunicazione()});
   elabora.setFileName("CUR_" + sCodFisc + "_" + anno + ".cur");
   elabora.setFilePathName(files.join(sPercorsoCU, elabora.FileName()));
   elabora.setFilePathNameMyDocuments(elabora.FilePathName());
   elabora.setFolderPathNameMyDocuments(
       files.join(ambiente_.utilita.documentsFolder(), globali_.gTesti->text(1264)));
   elabora.setRsMain(compensi_.rsCompensi());
+  elabora.sbWriteRecord();
   if (!elabora.CreaFiles(Date::fromSerial(dtDataFirma.value()))) return false;
   compensi_.sbCreaTabellaLavoro(filtri());
   return true;
