@@ -287,6 +287,11 @@ const CellView* Recordset::Row() const {
   return cells_.data();
 }
 
+void Recordset::Peek(std::size_t position, CellView* cells) const {
+  if (position < 1 || position > visibleCount()) noCurrentRow();
+  read(rowAt(position - 1), Fields().size(), cells);
+}
+
 CellView Recordset::Get(std::size_t column) const { return Row()[column]; }
 
 Value Recordset::OriginalValue(std::string_view field) const {

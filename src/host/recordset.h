@@ -72,6 +72,9 @@ class Recordset {
   Value OriginalValue(std::string_view field) const;  // as read from the database; null in a new row
   // The whole current row, one view a column; until the next move or change.
   const CellView* Row() const;
+  // Any row under the filter, by its position from 1, without moving there; `cells` has room for a view a
+  // column.
+  void Peek(std::size_t position, CellView* cells) const;
 
   void Set(std::string_view field, const Value& value);
   void AddNew();

@@ -24,7 +24,13 @@ void Selector::set(std::int64_t record, const std::string& code, const std::stri
 
 void Selector::choose(const std::string& code, const std::string& description) { set(0, code, description); }
 
-bool Selector::chooseRow(const std::string& condition) {
+bool Selector::choose(const std::optional<Row>& row) {
+  if (!row) return false;
+  set(row->record, row->code, row->description);
+  return true;
+}
+
+std::optional<Selector::Row> Selector::find(const std::string& condition) const {
   if (connection_ == nullptr)
     throw Error(kErrorObjectNotSet, "Il campo " + name() + " non è collegato a una tabella.");
   std::string source = "SELECT " + binding_.idField + ", " + binding_.codeField + ", " +
@@ -32,17 +38,18 @@ bool Selector::chooseRow(const std::string& condition) {
   if (!binding_.filter.empty()) source += " AND (" + binding_.filter + ")";
   Recordset rows;
   rows.Open(*connection_, source);
-  if (rows.Eof()) return false;
-  set(rows.Get(0).integer(), rows.Get(1).toText(), rows.Get(2).toText());
-  return true;
+  if (rows.Eof()) return std::nullopt;
+  return Row{rows.Get(0).integer(), rows.Get(1).toText(), rows.Get(2).toText()};
 }
 
-bool Selector::chooseCode(const std::string& code) {
+std::optional<Selector::Row> Selector::findCode(const std::string& code) const {
   std::string literal = "'";
   for (char c : code) literal += c == '\'' ? std::string("''") : std::string(1, c);
-  return chooseRow(binding_.codeField + " = " + literal + "'");
+  return find(binding_.codeField + " = " + literal + "'");
 }
 
-bool Selector::chooseRecord(std::int64_t id) { return chooseRow(binding_.idField + " = " + fromInteger(id)); }
+std::optional<Selector::Row> Selector::findRecord(std::int64_t id) const {
+  return find(binding_.idField + " = " + fromInteger(id));
+}
 
 }  // namespace cu

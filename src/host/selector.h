@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "host/control.h"
@@ -34,9 +35,18 @@ class Selector : public Control {
   const std::string& code() const { return code_; }
   const std::string& description() const { return description_; }
 
-  // The row with that code, or id, of the table under the filter. False when there is none: nothing changes.
-  bool chooseCode(const std::string& code);
-  bool chooseRecord(std::int64_t id);
+  struct Row {
+    std::int64_t record = 0;
+    std::string code;
+    std::string description;
+  };
+  // The row with that code, or id, of the table under the filter.
+  std::optional<Row> findCode(const std::string& code) const;
+  std::optional<Row> findRecord(std::int64_t id) const;
+  // The same row is chosen. False when there is none: nothing changes.
+  bool chooseCode(const std::string& code) { return choose(findCode(code)); }
+  bool chooseRecord(std::int64_t id) { return choose(findRecord(id)); }
+  bool choose(const std::optional<Row>& row);
   // Code and description as they stand, whether a row has them or not.
   void choose(const std::string& code, const std::string& description);
   void empty() { set(0, "", ""); }
@@ -44,7 +54,7 @@ class Selector : public Control {
   Event onChange;
 
  private:
-  bool chooseRow(const std::string& condition);
+  std::optional<Row> find(const std::string& condition) const;
   void set(std::int64_t record, const std::string& code, const std::string& description);
 
   Connection* connection_ = nullptr;
