@@ -41,14 +41,6 @@ void Form::setFocus(Control* control) {
   if (focus_ != nullptr && focus_ == control && focus_->onGotFocus) focus_->onGotFocus();
 }
 
-void Form::settleFocus() {
-  if (focus_ == nullptr || focus_->available()) return;
-  const auto at = std::find(controls_.begin(), controls_.end(), focus_);
-  const auto takes = [](const Control* control) { return control->takesFocus() && control->available(); };
-  const auto next = std::find_if(at, controls_.end(), takes);
-  setFocus(next == controls_.end() ? firstFocus() : *next);
-}
-
 Control* Form::firstFocus() const {
   for (Control* control : controls_) {
     if (control->takesFocus() && control->available()) return control;

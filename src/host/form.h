@@ -32,8 +32,6 @@ class Form {
   Control* focus() const { return focus_; }
   // The control that had the focus sees it lost before the new one gets it. Null: nothing has it.
   void setFocus(Control* control);
-  // Where the focused control can no longer have it, the next one in the order of tabbing gets it.
-  void settleFocus();
   // Where the focus goes when the form opens: the first control that can take it.
   Control* firstFocus() const;
   // To be called when an event has ended: a control that a person can no longer reach yields the focus to the
