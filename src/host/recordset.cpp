@@ -348,7 +348,8 @@ void Recordset::Update() {
   const auto at = std::lower_bound(visible_.begin(), visible_.end(), row);
   const bool listed = at != visible_.end() && *at == row;
   if (visible) {
-    position_ = (listed ? at : visible_.insert(at, row)) - visible_.begin();
+    position_ = at - visible_.begin();
+    if (!listed) visible_.insert(at, row);
   } else if (listed) {
     position_ = placeOf(visible_.erase(at));
   }

@@ -49,8 +49,9 @@ Date CellView::date() const {
     case ValueType::Null:
       return {};
     case ValueType::Integer:
-    case ValueType::Date:
       return dayOf(number_);
+    case ValueType::Date:
+      return Date::fromSerial(static_cast<std::int32_t>(number_));
     case ValueType::Decimal:
       return dayOf(number_ / 10000);
     case ValueType::Text:

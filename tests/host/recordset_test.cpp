@@ -1,0 +1,437 @@
+#include "host/recordset.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "host/recordset_support.h"
+
+namespace cu {
+namespace {
+
+using test::amount;
+using test::day;
+using test::errorOf;
+using test::FakeConnection;
+using test::line;
+using test::lines;
+using test::null;
+using test::numbers;
+using test::OpenRows;
+using test::Table;
+using test::text;
+using test::whole;
+
+TEST(Recordset, IsClosedAtFirst) {
+  const Recordset set;
+  EXPECT_EQ(set.State(), 0);
+  EXPECT_FALSE(set.IsOpen());
+}
+
+TEST(Recordset, OpeningReadsTheSourceOnceAndStandsOnTheFirstRow) {
+  OpenRows rows(lines(3));
+  EXPECT_EQ(rows.connection.texts(), (std::vector<std::string>{"RIGHE"}));
+  EXPECT_EQ(rows.set.State(), 1);
+  EXPECT_EQ(rows.set.RecordCount(), 3U);
+  EXPECT_FALSE(rows.set.Bof());
+  EXPECT_FALSE(rows.set.Eof());
+  EXPECT_EQ(rows.set.AbsolutePosition(), 1U);
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 1);
+  EXPECT_EQ(rows.set.Filter(), "");
+}
+
+TEST(Recordset, MovingAndChangingNeverTouchTheDatabase) {
+  OpenRows rows(lines(3));
+  rows.set.MoveNext();
+  rows.set.Set("Nome", text("x"));
+  rows.set.Update();
+  rows.set.SetFilter("Numero = 2");
+  rows.set.ClearFilter();
+  rows.set.Clone();
+  rows.set.AddNew();
+  rows.set.Update();
+  rows.set.Delete();
+  rows.set.Close();
+  EXPECT_EQ(rows.connection.sent.size(), 1U);
+}
+
+TEST(Recordset, AClosedOneRefusesEverything) {
+  Recordset set;
+  EXPECT_EQ(errorOf([&] { set.Close(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { (void)set.RecordCount(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { (void)set.Eof(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { (void)set.Bof(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { set.MoveFirst(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { set.MoveNext(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { set.MovePrevious(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { set.MoveLast(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { set.MoveTo(1); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { (void)set.AbsolutePosition(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { (void)set.Bookmark(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { set.SetBookmark(0); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { set.SetFilter("Numero = 1"); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { set.ClearFilter(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { set.FilterPending(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { (void)set.Clone(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { (void)set.Fields(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { (void)set.Get("Numero"); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { (void)set.Row(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { (void)set.OriginalValue("Numero"); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { set.Set("Numero", whole(1)); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { set.AddNew(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { set.Delete(); }), kErrorObjectClosed);
+  EXPECT_EQ(errorOf([&] { (void)set.Status(); }), kErrorObjectClosed);
+}
+
+TEST(Recordset, AnOpenOneIsNotOpenedAgain) {
+  OpenRows rows(lines(2));
+  EXPECT_EQ(errorOf([&] { rows.set.Open(rows.connection, "RIGHE"); }), kErrorObjectOpen);
+  EXPECT_EQ(rows.connection.sent.size(), 1U);
+  EXPECT_EQ(rows.set.RecordCount(), 2U);
+}
+
+TEST(Recordset, ClosedItCanBeOpenedOnOtherRows) {
+  OpenRows rows(lines(2));
+  rows.set.SetFilter("Numero = 2");
+  rows.set.Set("Nome", text("x"));
+  rows.set.Close();
+  EXPECT_EQ(rows.set.State(), 0);
+  rows.connection.answer("ALTRE", Table({"Solo"}, {{whole(7)}}));
+  rows.set.Open(rows.connection, "ALTRE");
+  EXPECT_EQ(rows.set.RecordCount(), 1U);
+  EXPECT_EQ(rows.set.Get("Solo").integer(), 7);
+  EXPECT_EQ(rows.set.Filter(), "");
+  EXPECT_EQ(rows.set.Status(), RecordStatus::Unmodified);
+}
+
+TEST(Recordset, AFailedOpeningLeavesItClosed) {
+  FakeConnection connection;
+  connection.refuseContaining("GUASTA", DatabaseErrorKind::Locked);
+  Recordset set;
+  EXPECT_THROW(set.Open(connection, "GUASTA"), DatabaseError);
+  EXPECT_EQ(set.State(), 0);
+  connection.answer("BUONA", Table({"A"}, {}));
+  set.Open(connection, "BUONA");
+  EXPECT_EQ(set.State(), 1);
+}
+
+TEST(Recordset, AResultWithoutColumnsIsEmpty) {
+  class Mute : public Connection {
+   public:
+    void Execute(std::string_view) override {}
+    void Query(std::string_view, RowStore&) override {}
+  } connection;
+  Recordset set;
+  set.Open(connection, "niente");
+  EXPECT_EQ(set.RecordCount(), 0U);
+  EXPECT_TRUE(set.Eof());
+  EXPECT_EQ(set.Fields().size(), 0U);
+  EXPECT_EQ(errorOf([&] { (void)set.Get("A"); }), kErrorItemNotFound);
+}
+
+TEST(Recordset, WithoutRowsBothEndsAreTrueAtOnce) {
+  OpenRows rows({});
+  EXPECT_TRUE(rows.set.Bof());
+  EXPECT_TRUE(rows.set.Eof());
+  EXPECT_EQ(rows.set.RecordCount(), 0U);
+  EXPECT_EQ(rows.set.AbsolutePosition(), 0U);
+  EXPECT_EQ(errorOf([&] { rows.set.MoveFirst(); }), kErrorNoCurrentRow);
+  EXPECT_EQ(errorOf([&] { rows.set.MoveLast(); }), kErrorNoCurrentRow);
+  EXPECT_EQ(errorOf([&] { rows.set.MoveNext(); }), kErrorNoCurrentRow);
+  EXPECT_EQ(errorOf([&] { rows.set.MovePrevious(); }), kErrorNoCurrentRow);
+  EXPECT_EQ(errorOf([&] { (void)rows.set.Get("Numero"); }), kErrorNoCurrentRow);
+  EXPECT_EQ(errorOf([&] { (void)rows.set.Bookmark(); }), kErrorNoCurrentRow);
+  EXPECT_EQ(errorOf([&] { (void)rows.set.Status(); }), kErrorNoCurrentRow);
+  EXPECT_EQ(errorOf([&] { rows.set.Set("Nome", text("x")); }), kErrorNoCurrentRow);
+  EXPECT_EQ(errorOf([&] { rows.set.Delete(); }), kErrorNoCurrentRow);
+}
+
+TEST(Recordset, MovesOverBothEndsAndBack) {
+  OpenRows rows(lines(2));
+  rows.set.MoveNext();
+  EXPECT_EQ(rows.set.AbsolutePosition(), 2U);
+  rows.set.MoveNext();
+  EXPECT_TRUE(rows.set.Eof());
+  EXPECT_FALSE(rows.set.Bof());
+  EXPECT_EQ(rows.set.AbsolutePosition(), 0U);
+  EXPECT_EQ(errorOf([&] { (void)rows.set.Get("Numero"); }), kErrorNoCurrentRow);
+  EXPECT_EQ(errorOf([&] { rows.set.MoveNext(); }), kErrorNoCurrentRow);
+  EXPECT_TRUE(rows.set.Eof());
+  rows.set.MovePrevious();  // from the end it is the last row
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 2);
+  rows.set.MovePrevious();
+  rows.set.MovePrevious();
+  EXPECT_TRUE(rows.set.Bof());
+  EXPECT_FALSE(rows.set.Eof());
+  EXPECT_EQ(errorOf([&] { rows.set.MovePrevious(); }), kErrorNoCurrentRow);
+  EXPECT_EQ(errorOf([&] { (void)rows.set.Row(); }), kErrorNoCurrentRow);
+  rows.set.MoveNext();
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 1);
+  rows.set.MoveLast();
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 2);
+  rows.set.MoveFirst();
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 1);
+}
+
+TEST(Recordset, MovesToARowByItsPlace) {
+  OpenRows rows(lines(3));
+  rows.set.MoveTo(3);
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 3);
+  EXPECT_EQ(errorOf([&] { rows.set.MoveTo(0); }), kErrorNoCurrentRow);
+  EXPECT_EQ(errorOf([&] { rows.set.MoveTo(4); }), kErrorNoCurrentRow);
+  EXPECT_EQ(rows.set.AbsolutePosition(), 3U);
+}
+
+TEST(Recordset, ReadsEveryTypeByNameAndByPlace) {
+  OpenRows rows({{whole(1), text("Nicolò"), amount("12.3456"), whole(-1), day(2017, 3, 5)},
+                 {null(), null(), null(), null(), null()}});
+  EXPECT_EQ(rows.set.Get("numero").integer(), 1);
+  EXPECT_EQ(rows.set.Get("NOME").text(), "Nicolò");
+  EXPECT_EQ(rows.set.Get("Importo").decimal().toText(), "12.3456");
+  EXPECT_TRUE(rows.set.Get("Scelto").flag());
+  EXPECT_EQ(rows.set.Get("Data").toText(), "05/03/2017");
+  EXPECT_EQ(rows.set.Get(1).text(), "Nicolò");
+  EXPECT_EQ(rows.set.Row()[2].decimal().toText(), "12.3456");
+  EXPECT_EQ(rows.set.Ordinal("Data"), 4U);
+  rows.set.MoveNext();
+  for (std::size_t i = 0; i < 5; ++i) EXPECT_TRUE(rows.set.Get(i).isNull());
+}
+
+TEST(Recordset, AFieldThatIsNotThereIsTold) {
+  OpenRows rows(lines(1));
+  EXPECT_EQ(errorOf([&] { (void)rows.set.Get("Cognome"); }), kErrorItemNotFound);
+  EXPECT_EQ(errorOf([&] { (void)rows.set.OriginalValue("Cognome"); }), kErrorItemNotFound);
+  EXPECT_EQ(errorOf([&] { rows.set.Set("Cognome", null()); }), kErrorItemNotFound);
+  EXPECT_EQ(errorOf([&] { (void)rows.set.Ordinal(""); }), kErrorItemNotFound);
+  EXPECT_EQ(rows.set.Status(), RecordStatus::Unmodified);
+  try {
+    (void)rows.set.Get("Cognome");
+  } catch (const Error& error) {
+    EXPECT_EQ(error.description(), "Il campo \"Cognome\" non esiste nel recordset.");
+  }
+}
+
+TEST(Recordset, OfTwoColumnsWithOneNameTheFirstIsRead) {
+  FakeConnection connection;
+  connection.answer("DOPPIA", Table({"IDAzienda", "Nome", "IDAzienda"}, {{whole(1), text("x"), whole(2)}}));
+  Recordset set;
+  set.Open(connection, "DOPPIA", LockType::BatchOptimistic);
+  EXPECT_EQ(set.Fields().size(), 3U);
+  EXPECT_EQ(set.Get("IDAzienda").integer(), 1);
+  EXPECT_EQ(set.Get(2).integer(), 2);
+  set.Set("IDAzienda", whole(9));
+  EXPECT_EQ(set.Get(0).integer(), 9);
+  EXPECT_EQ(set.Get(2).integer(), 2);
+}
+
+TEST(Recordset, WhatIsSetIsReadBeforeAndAfterUpdate) {
+  OpenRows rows(lines(2));
+  rows.set.Set("Nome", text("un nome nuovo e piuttosto lungo"));
+  EXPECT_EQ(rows.set.Get("Nome").text(), "un nome nuovo e piuttosto lungo");
+  rows.set.Set("nome", text("un altro"));
+  EXPECT_EQ(rows.set.Get("Nome").text(), "un altro");
+  rows.set.Update();
+  EXPECT_EQ(rows.set.Get("Nome").text(), "un altro");
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 1);
+  rows.set.MoveNext();
+  EXPECT_EQ(rows.set.Get("Nome").text(), "Nome 2");
+  rows.set.MovePrevious();
+  EXPECT_EQ(rows.set.Get("Nome").text(), "un altro");
+}
+
+TEST(Recordset, TheValueAsReadStays) {
+  OpenRows rows(lines(1));
+  EXPECT_EQ(rows.set.OriginalValue("Nome"), text("Nome 1"));
+  rows.set.Set("Nome", text("x"));
+  EXPECT_EQ(rows.set.OriginalValue("Nome"), text("Nome 1"));
+  rows.set.Update();
+  rows.set.Set("Nome", null());
+  rows.set.Update();
+  EXPECT_TRUE(rows.set.Get("Nome").isNull());
+  EXPECT_EQ(rows.set.OriginalValue("Nome"), text("Nome 1"));
+  EXPECT_EQ(rows.set.OriginalValue("Numero"), whole(1));
+}
+
+TEST(Recordset, AValueCanBeSetFromTheRowItself) {
+  OpenRows rows(lines(1));
+  rows.set.Set("Nome", text("breve"));
+  rows.set.Set("Nome", Value::of(rows.set.Get("Nome")));
+  rows.set.Update();
+  rows.set.Set("Nome", Value::ofText(rows.set.Get("Nome").toText() + " e lungo abbastanza per traslocare"));
+  EXPECT_EQ(rows.set.Get("Nome").text(), "breve e lungo abbastanza per traslocare");
+}
+
+TEST(Recordset, TrueInAnIntegerColumnIsMinusOne) {
+  OpenRows rows(lines(1));
+  rows.set.Set("Scelto", Value::ofFlag(true));
+  EXPECT_EQ(rows.set.Get("Scelto").integer(), -1);
+  EXPECT_EQ(rows.set.Get("Scelto").toText(), "-1");
+  rows.set.Set("Scelto", Value::ofFlag(false));
+  EXPECT_EQ(rows.set.Get("Scelto").toText(), "0");
+}
+
+TEST(Recordset, AWholeNumberPutIntoAColumnOfAmountsIsAnAmount) {
+  OpenRows rows(lines(1));
+  rows.set.Set("Importo", whole(12));
+  EXPECT_EQ(rows.set.Get("Importo").type(), ValueType::Decimal);
+  EXPECT_EQ(rows.set.Get("Importo").decimal().toText(), "12");
+  rows.set.Set("Importo", null());
+  EXPECT_TRUE(rows.set.Get("Importo").isNull());
+}
+
+TEST(Recordset, StatusFollowsTheRow) {
+  OpenRows rows(lines(3));
+  EXPECT_EQ(rows.set.Status(), RecordStatus::Unmodified);
+  rows.set.Set("Nome", text("x"));
+  EXPECT_EQ(rows.set.Status(), RecordStatus::Modified);
+  rows.set.Update();
+  EXPECT_EQ(rows.set.Status(), RecordStatus::Modified);
+  rows.set.MoveNext();
+  EXPECT_EQ(rows.set.Status(), RecordStatus::Unmodified);
+  rows.set.AddNew();
+  EXPECT_EQ(rows.set.Status(), RecordStatus::New);
+  rows.set.Update();
+  EXPECT_EQ(rows.set.Status(), RecordStatus::New);
+  rows.set.Set("Nome", text("y"));
+  rows.set.Update();
+  EXPECT_EQ(rows.set.Status(), RecordStatus::New);  // it has never reached the database
+}
+
+TEST(Recordset, UpdateWithoutChangesDoesNothing) {
+  OpenRows rows(lines(2));
+  rows.set.MoveNext();
+  rows.set.Update();
+  EXPECT_EQ(rows.set.Status(), RecordStatus::Unmodified);
+  EXPECT_EQ(rows.set.AbsolutePosition(), 2U);
+}
+
+TEST(Recordset, AMoveUpdatesWhatIsPending) {
+  for (const int move : {0, 1, 2, 3, 4, 5}) {
+    OpenRows rows(lines(3));
+    rows.set.MoveNext();
+    rows.set.Set("Nome", text("cambiato"));
+    if (move == 0) rows.set.MoveFirst();
+    if (move == 1) rows.set.MoveLast();
+    if (move == 2) rows.set.MoveNext();
+    if (move == 3) rows.set.MovePrevious();
+    if (move == 4) rows.set.MoveTo(1);
+    if (move == 5) rows.set.SetBookmark(0);
+    EXPECT_NE(rows.set.Get("Numero").integer(), 2);
+    EXPECT_EQ(rows.set.Status(), RecordStatus::Unmodified);
+    rows.set.MoveTo(2);
+    EXPECT_EQ(rows.set.Get("Nome").text(), "cambiato") << move;
+    EXPECT_EQ(rows.set.Status(), RecordStatus::Modified);
+  }
+}
+
+TEST(Recordset, ClosingDropsWhatIsPending) {
+  OpenRows rows(lines(1));
+  const auto clone = rows.set.Clone();
+  rows.set.Set("Nome", text("perduto"));
+  rows.set.Close();
+  EXPECT_EQ(clone->Get("Nome").text(), "Nome 1");
+}
+
+TEST(Recordset, AnAddedRowIsEmptyAndStandsLast) {
+  OpenRows rows(lines(2));
+  rows.set.AddNew();
+  EXPECT_FALSE(rows.set.Eof());
+  EXPECT_FALSE(rows.set.Bof());
+  EXPECT_TRUE(rows.set.Get("Numero").isNull());
+  rows.set.Set("Numero", whole(3));
+  EXPECT_EQ(rows.set.RecordCount(), 2U);
+  rows.set.Update();
+  EXPECT_EQ(rows.set.RecordCount(), 3U);
+  EXPECT_EQ(rows.set.AbsolutePosition(), 3U);
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 3);
+  EXPECT_TRUE(rows.set.Get("Nome").isNull());
+  EXPECT_TRUE(rows.set.OriginalValue("Numero").isNull());
+  EXPECT_EQ(numbers(rows.set), (std::vector<std::int64_t>{1, 2, 3}));
+}
+
+TEST(Recordset, ARowCanBeAddedToNone) {
+  OpenRows rows({});
+  rows.set.AddNew();
+  EXPECT_FALSE(rows.set.Eof());
+  rows.set.Set("Numero", whole(1));
+  rows.set.Update();
+  EXPECT_EQ(rows.set.AbsolutePosition(), 1U);
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 1);
+}
+
+TEST(Recordset, AMoveFromAnAddedRowStartsFromIt) {
+  OpenRows rows(lines(3));
+  rows.set.AddNew();
+  rows.set.Set("Numero", whole(4));
+  rows.set.MovePrevious();
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 3);
+  rows.set.AddNew();
+  rows.set.Set("Numero", whole(5));
+  rows.set.MoveNext();
+  EXPECT_TRUE(rows.set.Eof());
+  EXPECT_EQ(rows.set.RecordCount(), 5U);
+}
+
+TEST(Recordset, AddingTwiceUpdatesTheFirst) {
+  OpenRows rows({});
+  rows.set.AddNew();
+  rows.set.Set("Numero", whole(1));
+  rows.set.AddNew();
+  rows.set.Set("Numero", whole(2));
+  rows.set.Update();
+  EXPECT_EQ(numbers(rows.set), (std::vector<std::int64_t>{1, 2}));
+}
+
+TEST(Recordset, TheBookmarkOfAnAddedRowIsItsOwn) {
+  OpenRows rows(lines(2));
+  rows.set.AddNew();
+  rows.set.Set("Numero", whole(3));
+  const auto mark = rows.set.Bookmark();
+  rows.set.Update();
+  EXPECT_EQ(rows.set.Bookmark(), mark);
+  rows.set.MoveFirst();
+  rows.set.SetBookmark(mark);
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 3);
+}
+
+TEST(Recordset, OpenedReadOnlyItRefusesChanges) {
+  OpenRows rows(lines(2), LockType::ReadOnly);
+  EXPECT_EQ(errorOf([&] { rows.set.Set("Nome", text("x")); }), kErrorReadOnly);
+  EXPECT_EQ(errorOf([&] { rows.set.AddNew(); }), kErrorReadOnly);
+  EXPECT_EQ(errorOf([&] { rows.set.Delete(); }), kErrorReadOnly);
+  EXPECT_EQ(errorOf([&] { rows.set.Clone()->Delete(); }), kErrorReadOnly);
+  rows.set.Update();
+  EXPECT_EQ(rows.set.Get("Nome").text(), "Nome 1");
+  EXPECT_EQ(rows.set.RecordCount(), 2U);
+}
+
+TEST(Recordset, ABookmarkNamesItsRow) {
+  OpenRows rows(lines(4));
+  rows.set.MoveTo(3);
+  const auto mark = rows.set.Bookmark();
+  rows.set.MoveLast();
+  rows.set.MoveNext();
+  rows.set.SetBookmark(mark);
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 3);
+  EXPECT_EQ(errorOf([&] { rows.set.SetBookmark(4); }), kErrorNoCurrentRow);
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 3);
+}
+
+TEST(Recordset, TenThousandRowsSelectedOneByOne) {
+  OpenRows rows(lines(10'000));
+  for (rows.set.MoveFirst(); !rows.set.Eof(); rows.set.MoveNext()) {
+    rows.set.Set("Scelto", Value::ofFlag(true));
+    rows.set.Update();
+  }
+  EXPECT_EQ(rows.set.RecordCount(), 10'000U);
+  rows.set.SetFilter("Scelto = -1");
+  EXPECT_EQ(rows.set.RecordCount(), 10'000U);
+  rows.set.MoveLast();
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 10'000);
+  EXPECT_EQ(rows.set.OriginalValue("Scelto"), whole(0));
+}
+
+}  // namespace
+}  // namespace cu
