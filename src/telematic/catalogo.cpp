@@ -1,0 +1,41 @@
+#include "telematic/catalogo.h"
+
+#include <string>
+
+#include "host/text.h"
+#include "telematic/engine/records.h"
+
+namespace cu::telematico {
+namespace {
+
+void aggiungi(CURecord& record, Tavola righe) {
+  for (const CampoRecord& riga : righe) {
+    if (riga.volte == 1) {
+      record.Fields().Add(riga.nome, riga.posizione - 1, riga.lunghezza);
+      continue;
+    }
+    for (int n = 1; n <= riga.volte; ++n) {
+      const int offset = riga.posizione - 1 + riga.lunghezza * (n - 1);
+      record.Fields().Add(std::string(riga.nome) + fromInteger(n), offset, riga.lunghezza);
+    }
+  }
+}
+
+}  // namespace
+
+void creaCatalogo(CURecords& catalogo, std::int32_t gAnno) {
+  aggiungi(catalogo.Add("TipoA"), kTipoA);
+  CURecord& tipoB = catalogo.Add("TipoB");
+  aggiungi(tipoB, kTipoBInizio);
+  if (gAnno < kAnnoEventiEccezionali) {
+    aggiungi(tipoB, kTipoBFinoAl2015);
+  } else {
+    aggiungi(tipoB, kTipoBDal2016);
+  }
+  aggiungi(tipoB, kTipoBFine);
+  aggiungi(catalogo.Add("TipoD"), kTipoD);
+  aggiungi(catalogo.Add("TipoH"), kTipoH);
+  aggiungi(catalogo.Add("TipoZ"), kTipoZ);
+}
+
+}  // namespace cu::telematico

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "host/database.h"
+#include "host/date.h"
+#include "telematic/ambiente_telematico.h"
+#include "telematic/cu_file_seq.h"
+
+namespace cu {
+
+class Recordset;
+
+// What the screen settles about a supply.
+struct DatiFornitura {
+  bool UsoIntermediari = false;
+  std::string CodiceFiscaleAzienda;
+  std::string CodiceFiscaleIntermediario;
+  std::string TipoComIntermediario;
+  Date DataImpegnoIntermediario;
+  std::int32_t TipoComunicazione = 1;  // 1 ordinary, 2 annulment, 3 replacement
+};
+
+// Makes one telematic file of the selected rows of the work table.
+class CUEle {
+ public:
+  explicit CUEle(const AmbienteTelematico& ambiente);
+
+  void setConnection(Connection& connection) { connection_ = &connection; }  // kept; Create uses its own
+  void setDati(const DatiFornitura& dati) { dati_ = dati; }
+  const std::string& FileName() const { return file_.FileName(); }
+  void setFileName(std::string_view name) { file_.setFileName(name); }
+  const std::string& FilePathName() const { return file_.FilePathName(); }
+  void setFilePathName(std::string_view path) { file_.setFilePathName(path); }
+
+  // True when the run went through, also when there was nothing to write; false when the file could not be
+  // opened. Any error rises; the lines written before it stay in the file, which then has no record Z.
+  [[nodiscard]] bool Create(Date DataFirma);
+
+ private:
+  // Columns of the main query that name the modules of a row.
+  struct Chiave {
+    std::size_t anno = 0;
+    std::size_t idAnagrafica = 0;
+    std::size_t idAzienda = 0;
+    std::size_t idCausalePagamento = 0;
+  };
+
+  std::string fnQueryPrincipale() const;
+  void scriviFile(Connection& connection, Recordset& principale, Date DataFirma);
+  void scriviModuli(Connection& connection, const CellView* riga, const Chiave& chiave,
+                    std::int32_t certificazione);
+
+  const AmbienteTelematico ambiente_;
+  CUFileSeq file_;
+  DatiFornitura dati_;
+  Connection* connection_ = nullptr;
+};
+
+}  // namespace cu

@@ -1,0 +1,95 @@
+#include "telematic/cu_file_seq.h"
+
+#include <exception>
+
+#include "host/error.h"
+#include "host/filesystem.h"
+#include "host/frontend.h"
+#include "shell/context/globali.h"
+#include "telematic/catalogo.h"
+#include "telematic/formatta.h"
+#include "telematic/tavola_d.h"
+#include "telematic/tavola_h.h"
+#include "telematic/testo1252.h"
+
+namespace cu {
+
+using namespace telematico;
+
+namespace {
+
+CURecords& riempito(CURecords& catalogo, std::int32_t gAnno) {
+  creaCatalogo(catalogo, gAnno);
+  return catalogo;
+}
+
+// The last field of every record marks its end.
+constexpr std::string_view kFineRecord = "A";
+
+}  // namespace
+
+CUFileSeq::CUFileSeq(const AmbienteTelematico& ambiente)
+    : ambiente_(ambiente),
+      gAnno_(ambiente.globali.gAnno),
+      file_(ambiente.files, ambiente.frontEnd),
+      rigaD_(riempito(catalogo_, gAnno_).Item("TipoD")),
+      rigaH_(catalogo_.Item("TipoH")),
+      celleD_(rigaD_),
+      celleH_(rigaH_),
+      scrittoreD_(kCelleD, gAnno_, true),
+      scrittoreH1_(kCelleH, gAnno_, true),
+      scrittoreH2_(kCelleH, gAnno_, false) {}
+
+CUFileSeq::~CUFileSeq() {
+  try {
+    file_.CloseFile();
+  } catch (const std::exception&) {
+    // Nobody is left to be told; the file lacks its record Z.
+  }
+}
+
+bool CUFileSeq::OpenFile() {
+  try {
+    file_.OpenFile(FileSeq::kSequentialOutput);
+    return true;
+  } catch (const Error& error) {
+    if (error.number() == kErrorPathNotFound) {
+      ambiente_.frontEnd.messageBox({"Attenzione! Il percorso per il salvataggio dei files è inesistente!",
+                                     ambiente_.globali.gTitolo, BoxIcon::Stop, BoxButtons::Ok, Answer::Ok});
+    }
+  } catch (const std::exception&) {
+    // As any other failure: false, without a word.
+  }
+  return false;
+}
+
+void CUFileSeq::WriteRecordTipoA(bool UsoIntermediari, std::string_view CodiceFiscale) {
+  const CUFields& campo = campi("TipoA");
+  campo.Item("Tipo Record").setValue("A");
+  // The supply bears the year in which it is filed.
+  const std::string anno = fnFormatta(gAnno_ + 1, "0000");
+  campo.Item("Codice fornitura").setValue("CUR" + anno.substr(2));
+  campo.Item("Tipo fornitore").setValue(UsoIntermediari ? "10" : "01");
+  campo.Item("Cod. Fisc. fornitore").setValue(maiuscolo1252(a1252(CodiceFiscale)));
+  campo.Item("Filler 6").setValue(kFineRecord);
+  file_.WriteRecord(catalogo_.Item("TipoA"));
+}
+
+void CUFileSeq::WriteRecordTipoZ(const CellView* /*Fields*/, Date /*Data*/, std::int32_t /*Riservato1*/,
+                                 std::int32_t /*Riservato2*/) {
+  constexpr std::string_view kNoveCifre = "000000000";
+  const CUFields& campo = campi("TipoZ");
+  campo.Item("Tipo Record").setValue("Z");
+  campo.Item("N° rec. Tipo B").setValue(fnFormatta(1, kNoveCifre));
+  campo.Item("N° rec. Tipo C").setValue(fnFormatta(0, kNoveCifre));
+  campo.Item("N° rec. Tipo D").setValue(fnFormatta(numRecD_, kNoveCifre));
+  campo.Item("N° rec. Tipo G").setValue(fnFormatta(0, kNoveCifre));
+  campo.Item("N° rec. Tipo H").setValue(fnFormatta(numRecH_, kNoveCifre));
+  campo.Item("N° rec. Tipo L").setValue(fnFormatta(0, kNoveCifre));
+  CUField& coda = campo.Item("Filler 5");
+  coda.setValue(std::string(static_cast<std::size_t>(coda.Length()), ' '));
+  campo.Item("Filler 6").setValue(kFineRecord);
+  file_.WriteRecord(catalogo_.Item("TipoZ"));
+}
+
+}  // namespace cu

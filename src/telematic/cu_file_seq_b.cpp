@@ -1,0 +1,98 @@
+#include <string>
+
+#include "host/error.h"
+#include "host/text.h"
+#include "telematic/catalogo.h"
+#include "telematic/cu_file_seq.h"
+#include "telematic/formatta.h"
+#include "telematic/testo1252.h"
+
+namespace cu {
+
+using namespace telematico;
+
+namespace {
+
+// The producer of the software, as the supply wants it named.
+constexpr std::string_view kCodiceFiscaleProduttore = "04711230587";
+
+std::string maiuscolo(const std::string& testo, std::size_t caratteri) {
+  return maiuscolo1252(std::string_view(testo).substr(0, caratteri));
+}
+
+std::string zeroSeVuoto(std::string testo) { return testo.empty() ? "0" : std::move(testo); }
+
+// A phone number is cut before it is cleaned; a fax number stays as it is.
+std::string telefonoOFax(const std::string& telefono, const std::string& fax) {
+  constexpr std::size_t kCaratteri = 12;
+  if (trim(telefono).empty()) return fax.substr(0, kCaratteri);
+  return togliSeparatori(telefono.substr(0, kCaratteri));
+}
+
+}  // namespace
+
+CellView CUFileSeq::cella(const CellView* Fields, std::string_view colonna) const {
+  if (colonne_ == nullptr) throw Error(kErrorObjectNotSet, "Le colonne della query non sono note.");
+  const std::size_t ordinale = colonne_->find(colonna);
+  if (ordinale == Columns::kNone) {
+    throw Error(kErrorItemNotFound, "Il campo \"" + std::string(colonna) + "\" non esiste nel risultato.");
+  }
+  return Fields[ordinale];
+}
+
+std::string CUFileSeq::fnNZ(const CellView* Fields, std::string_view colonna) const {
+  return a1252(cella(Fields, colonna).toText());
+}
+
+void CUFileSeq::WriteRecordTipoB(const CellView* Fields, std::int32_t NumeroComunicazioni,
+                                 std::string_view CodiceFiscale, std::int32_t TipoComunicazione,
+                                 std::string_view CodiceFiscaleIntermediario, bool UsoIntermediari,
+                                 std::string_view TipoComIntermediario, Date DataImpegno) {
+  const CUFields& campo = campi("TipoB");
+  const auto valore = [&](std::string_view colonna) { return fnNZ(Fields, colonna); };
+
+  campo.Item("Tipo Record").setValue("B");
+  campo.Item("Cod. Fisc. Sost. imposta").setValue(maiuscolo1252(a1252(CodiceFiscale)));
+  campo.Item("Progressivo modulo").setValue("00000001");
+  campo.Item("Id. prod. software (Cod. Fisc.)").setValue(kCodiceFiscaleProduttore);
+  campo.Item("Fornitura rel. invio certif. da ann.").setValue(TipoComunicazione == 2 ? "1" : "0");
+  campo.Item("Fornitura rel. invio certif. da sost.").setValue(TipoComunicazione == 3 ? "1" : "0");
+
+  if (cella(Fields, "PersonaFisicaAz").flag()) {
+    campo.Item("Cognome").setValue(maiuscolo(valore("AnagraficaAz"), 24));
+    campo.Item("Nome").setValue(maiuscolo(valore("NomeAz"), 20));
+  } else {
+    campo.Item("Denominazione").setValue(maiuscolo(valore("AnagraficaAz"), 60));
+  }
+  campo.Item("Indirizzo posta elettronica").setValue(valore("EMailInternetAz").substr(0, 100));
+  campo.Item("Telefono/Fax").setValue(telefonoOFax(valore("TelefonoAz"), valore("FaxAz")));
+
+  if (gAnno_ >= kAnnoEventiEccezionali) {
+    const std::string evento = valore("CodiceEventoEccezionaleAz");
+    campo.Item("Eventi eccezionali").setValue(trim(evento).empty() ? "0" : maiuscolo1252(evento));
+  }
+
+  campo.Item("Cod. Fisc. rappresentante").setValue(maiuscolo1252(valore("CodiceFiscaleRapp")));
+  campo.Item("Cod. carica rappresentante")
+      .setValue(fnFormatta(zeroSeVuoto(maiuscolo1252(valore("CodiceCarica"))), "00"));
+  campo.Item("Cognome rappresentante").setValue(maiuscolo(valore("AnagraficaRapp"), 24));
+  campo.Item("Nome rappresentante").setValue(maiuscolo(valore("NomeRapp"), 20));
+  campo.Item("Cod. Fisc. soc. o ente dich.")
+      .setValue(fnFormatta(zeroSeVuoto(maiuscolo1252(valore("CodiceFiscaleSocieta"))), "00000000000"));
+
+  // Certificates of employees: only the first form asked for their number in this supply.
+  if (gAnno_ == 2014) campo.Item("N° comun. certif. lav. dip. e assim.").setValue(fnFormatta(0, "00000000"));
+  campo.Item("N° comun. certif. lav. aut. e provv.").setValue(fnFormatta(NumeroComunicazioni, "00000000"));
+  campo.Item("Casella Quadro CT").setValue("0");
+  campo.Item("Firma").setValue("1");
+
+  campo.Item("Cod. Fisc. intermediario").setValue(maiuscolo1252(a1252(CodiceFiscaleIntermediario)));
+  campo.Item("Impegno a trasmettere via telem. dich.").setValue(a1252(TipoComIntermediario));
+  campo.Item("Data dell'impegno")
+      .setValue(DataImpegno.serial() <= 0 ? std::string("00000000") : giornoMeseAnno(DataImpegno));
+  campo.Item("Firma intermediario").setValue(UsoIntermediari ? "1" : "0");
+  campo.Item("Filler 26").setValue("A");
+  file_.WriteRecord(catalogo_.Item("TipoB"));
+}
+
+}  // namespace cu

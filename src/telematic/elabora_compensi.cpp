@@ -1,0 +1,32 @@
+#include "telematic/elabora_compensi.h"
+
+#include "host/filesystem.h"
+#include "host/recordset.h"
+#include "shell/context/globali.h"
+
+namespace cu {
+
+ElaboraCompensi::ElaboraCompensi(const AmbienteTelematico& ambiente) : ambiente_(ambiente) {}
+ElaboraCompensi::~ElaboraCompensi() = default;
+
+void ElaboraCompensi::setRsMain(const Recordset& worklist) { rsMain_ = worklist.Clone(); }
+
+bool ElaboraCompensi::CreaFiles(Date DataFirma) {
+  FileSystem& files = ambiente_.files;
+  if (!files.folderExists(folderPathNameMyDocuments_)) files.createFolder(folderPathNameMyDocuments_);
+
+  cuEle_.reset();  // its file is closed before another one is begun
+  cuEle_ = std::make_unique<CUEle>(ambiente_);
+  cuEle_->setConnection(ambiente_.globali.gSessione->database().connection());
+  cuEle_->setFileName(fileName_);
+  cuEle_->setFilePathName(filePathName_);
+  cuEle_->setDati(dati_);
+
+  const bool riuscito = cuEle_->Create(DataFirma);
+  if (riuscito && filePathNameMyDocuments_ != filePathName_) {
+    files.copy(filePathName_, filePathNameMyDocuments_);
+  }
+  return riuscito;
+}
+
+}  // namespace cu

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "host/date.h"
+#include "telematic/ambiente_telematico.h"
+#include "telematic/cu_ele.h"
+
+namespace cu {
+
+class Recordset;
+
+// The wizard's hand on the generation of a file: it is filled with settings and called.
+class ElaboraCompensi {
+ public:
+  explicit ElaboraCompensi(const AmbienteTelematico& ambiente);
+  ~ElaboraCompensi();
+
+  // Keeps a clone of the worklist; the generation reads by its own query.
+  void setRsMain(const Recordset& worklist);
+  const std::string& FileName() const { return fileName_; }
+  void setFileName(std::string_view name) { fileName_ = name; }
+  const std::string& FilePathName() const { return filePathName_; }
+  void setFilePathName(std::string_view path) { filePathName_ = path; }
+  void setFilePathNameMyDocuments(std::string_view path) { filePathNameMyDocuments_ = path; }
+  void setFolderPathNameMyDocuments(std::string_view path) { folderPathNameMyDocuments_ = path; }
+  void setDati(const DatiFornitura& dati) { dati_ = dati; }
+
+  // The wizard calls the first one before each file; neither has anything to do.
+  void sbWriteRecord() {}
+  void sbShowLog() {}
+
+  // True when the run went through; false when the file could not be opened. The folder of the documents is
+  // made where it is missing, and gets a copy where its path is another one. Errors rise as they are.
+  [[nodiscard]] bool CreaFiles(Date DataFirma);
+
+ private:
+  const AmbienteTelematico ambiente_;
+  std::unique_ptr<Recordset> rsMain_;
+  std::string fileName_;
+  std::string filePathName_;
+  std::string filePathNameMyDocuments_;
+  std::string folderPathNameMyDocuments_;
+  DatiFornitura dati_;
+  std::unique_ptr<CUEle> cuEle_;
+};
+
+}  // namespace cu

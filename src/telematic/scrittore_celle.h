@@ -1,0 +1,81 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/rowstore.h"
+#include "host/value.h"
+#include "telematic/celle.h"
+#include "telematic/tavola_celle.h"
+
+namespace cu::telematico {
+
+// Why a value could not be written, and which.
+struct Guasto {
+  enum class Motivo { Nessuno, TroppoLungo, CelleEsaurite };
+  Motivo motivo = Motivo::Nessuno;
+  const RigaCella* riga = nullptr;
+};
+
+// Fills the cells of one kind of record from a row of its query: the rows of the table that hold in the run
+// year, with their columns found once a query.
+class ScrittoreCelle {
+ public:
+  ScrittoreCelle(std::span<const RigaCella> tavola, std::int32_t gAnno, bool primoModulo);
+
+  // The rows that follow have these columns. Error 3265 when one that the year needs is missing. Cheap when
+  // the columns are the same as before.
+  void lega(const Columns& colonne);
+  bool legato() const { return legato_; }
+
+  // `dataFirma` is the signature's day, 8 characters; only record D needs it.
+  [[nodiscard]] Guasto scrivi(const CellView* riga, std::string_view dataFirma, Celle& celle);
+
+ private:
+  using Ordinale = std::uint16_t;
+  struct Passo {
+    std::array<char, kLunghezzaCodice> codice{};
+    Forma forma = Forma::Testo;
+    std::uint8_t condizione = 0;        // one bit
+    std::array<Ordinale, 4> colonne{};  // the source and the others
+    const RigaCella* riga = nullptr;
+  };
+  struct ColonneCondizioni {
+    Ordinale personaFisica = 0;
+    Ordinale nonResidente = 0;
+    Ordinale schumacker = 0;
+    Ordinale anticipazione = 0;
+    Ordinale codice = 0;
+    std::array<Ordinale, 5> contributi{};
+  };
+
+  bool stesse(const Columns& colonne) const;
+  bool serve(Condizione condizione) const;
+  std::uint8_t condizioni(const CellView* riga) const;
+
+  using Motivo = Guasto::Motivo;
+  Motivo esegui(const Passo& passo, const CellView* riga, std::string_view dataFirma, Celle& celle);
+  static Motivo sinistra(const Passo& passo, std::string_view valore, Celle& celle);
+  static Motivo destra(const Passo& passo, std::string_view valore, Celle& celle);
+  static Motivo importo(const Passo& passo, Decimal valore, Celle& celle);
+  Motivo data(const Passo& passo, const CellView& cella, Celle& celle);
+  Motivo telefono(const Passo& passo, const CellView* riga, Celle& celle);
+  Motivo codiceNonSoggetti(const Passo& passo, const CellView* riga, Celle& celle);
+  std::string_view testo(const CellView& cella);
+  std::string_view maiuscolo(const CellView& cella);
+  std::string_view pulito(const CellView& cella);
+
+  std::vector<Passo> passi_;
+  std::uint8_t condizioniUsate_ = 0;
+  ColonneCondizioni colonne_;
+  bool legato_ = false;
+  std::vector<std::string> nomiLegati_;
+  std::string appoggio_;  // a text on its way into the code page; grows to the longest
+};
+
+}  // namespace cu::telematico
