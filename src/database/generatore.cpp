@@ -8,6 +8,7 @@
 #include "database/codice_fiscale.h"
 #include "database/generatore_conti.h"
 #include "database/generatore_persone.h"
+#include "database/generatore_testi.h"
 #include "database/inserimento.h"
 #include "database/liste.h"
 #include "host/text.h"
@@ -27,12 +28,6 @@ constexpr std::int32_t kMassimo = 9999999;
 constexpr std::string_view kSecondaCausale = "M1";
 
 Decimal centesimi(std::int64_t valore) { return Decimal::fromScaled(valore * 100); }
-
-std::string cifre(std::int64_t valore, std::size_t larghezza) {
-  std::string testo = fromInteger(valore);
-  if (testo.size() < larghezza) testo.insert(0, larghezza - testo.size(), '0');
-  return testo;
-}
 
 // One line of the accounts.
 struct Conto {
@@ -192,7 +187,7 @@ void Generatore::scheda(std::int32_t id, const PercipienteInventato& p, Casuale&
       p.residente() && p.persona() && caso.percento(30) ? static_cast<std::int32_t>(caso.tra(1, 9)) : 0;
   percipiente_.intero(kAzienda).intero(id).testo(cifre(id - kPrimoPercipiente + 1, 7));
   percipiente_.flag(!p.residente()).flag(p.schumacker).testo(p.identificazioneEstera);
-  percipiente_.testo(ente == 1 ? cifre(id, 8) : "").testo(ente == 2 ? "A" + cifre(id % 1000, 3) : "");
+  percipiente_.testo(ente == 1 ? cifre(id, 8) : "").testo(ente == 2 ? unito({"A", cifre(id % 1000, 3)}) : "");
   percipiente_.id(p.persona() && caso.percento(1) ? caso.tra(1, 29) : 0);
   percipiente_.id(caso.percento(1) ? 1 : 0).id(ente).riga();
 }
@@ -207,14 +202,14 @@ void Generatore::conto(const Conto& conto, const PercipienteInventato& p, Casual
   for (std::int64_t i = 0; i < quanti; ++i) {
     const ImportiConto importi = inventaCompenso(conto.causale, p.residente(), caso);
     totale.aggiungi(importi);
-    const Date giorno =
-        *Date::fromYmd(conto.anno, static_cast<int>(caso.tra(1, 12)), static_cast<int>(caso.tra(1, 28)));
+    const int mese = static_cast<int>(caso.tra(1, 12));
+    const Date giorno = *Date::fromYmd(conto.anno, mese, static_cast<int>(caso.tra(1, 28)));
     compenso_.intero(++compensi_)
         .intero(kAzienda)
         .intero(conto.idAnagrafica)
         .intero(conto.idCausale)
         .data(giorno);
-    compenso_.testo(fromInteger(caso.tra(1, 400)) + "/" + fromInteger(conto.anno));
+    compenso_.testo(unito({fromInteger(caso.tra(1, 400)), "/", fromInteger(conto.anno)}));
     compenso_.data(Date::fromSerial(giorno.serial() - static_cast<std::int32_t>(caso.tra(0, 30))));
     for (std::int64_t importo : importi.tutti()) compenso_.importo(centesimi(importo));
     compenso_.riga();
@@ -237,7 +232,7 @@ void Generatore::datiAggiuntivi(const Conto& conto, Casuale& caso) {
     residenza_.intero(inventore_.comune(caso).id).intero(inventore_.comune(caso).id).riga();
   } else if (tiro < 20) {
     chiaveConto(riferimenti_, conto).flag(false);
-    riferimenti_.testo(cifre(conto.anno % 100 + 1, 2) + "030712" + cifre(caso.tra(0, 999999999), 9));
+    riferimenti_.testo(unito({cifre(conto.anno % 100 + 1, 2), "030712", cifre(caso.tra(0, 999999999), 9)}));
     riferimenti_.testo(cifre(caso.tra(1, 999999), 6)).riga();
   } else if (tiro < 25) {
     const std::int64_t dovuti = caso.tra(1000, 400000);
@@ -246,7 +241,7 @@ void Generatore::datiAggiuntivi(const Conto& conto, Casuale& caso) {
     previdenza_.importo(centesimi(dovuti)).importo(centesimi(dovuti)).riga();
   } else if (tiro == 25) {
     const std::int64_t somma = caso.tra(5000, 300000);
-    std::string debitore = cifre(caso.tra(1, kMassimo), 7) + "023";
+    std::string debitore = unito({cifre(caso.tra(1, kMassimo), 7), "023"});
     debitore += cifraDiControllo(debitore);
     chiaveConto(pignoramento_, conto).flag(false).testo(debitore).importo(centesimi(somma));
     pignoramento_.importo(centesimi(somma / 5)).riga();

@@ -67,7 +67,8 @@ std::string_view causaleTipica(TipoPercipiente tipo, Casuale& caso) {
 ImportiConto inventaCompenso(std::string_view causale, bool residente, Casuale& caso) {
   ImportiConto c;
   // Many small fees and few large ones.
-  c.onorario = caso.tra(15000, 200000) + (caso.percento(20) ? caso.tra(0, 1500000) : 0);
+  c.onorario = caso.tra(15000, 200000);
+  if (caso.percento(20)) c.onorario += caso.tra(0, 1500000);
   if (!residente) {
     if (caso.percento(25)) {
       c.regimeConvenzionale = c.onorario;  // free by treaty

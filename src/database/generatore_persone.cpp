@@ -3,6 +3,7 @@
 #include <array>
 
 #include "database/codice_fiscale.h"
+#include "database/generatore_testi.h"
 #include "database/risorse.h"
 #include "database/tabella.h"
 #include "host/text.h"
@@ -19,15 +20,9 @@ std::vector<std::string_view> colonna(std::string_view nomeRisorsa) {
   return elenco;
 }
 
-std::string cifre(std::int64_t valore, std::size_t larghezza) {
-  std::string testo = fromInteger(valore);
-  if (testo.size() < larghezza) testo.insert(0, larghezza - testo.size(), '0');
-  return testo;
-}
-
 // Seven digits of its own, three of an office, the check digit.
 std::string numeroDitta(std::int32_t numero, std::int64_t ufficio) {
-  std::string testo = cifre(numero, 7) + cifre(ufficio, 3);
+  std::string testo = unito({cifre(numero, 7), cifre(ufficio, 3)});
   testo += cifraDiControllo(testo);
   return testo;
 }
@@ -82,10 +77,10 @@ PercipienteInventato Inventore::inventa(std::int32_t numero, Casuale& caso) cons
 void Inventore::persona(PercipienteInventato& p, Casuale& caso) const {
   p.femmina = caso.percento(45);
   p.anagrafica = caso.scelta(cognomi_);
-  if (caso.percento(4)) p.anagrafica += " " + std::string(caso.scelta(cognomi_));
+  if (caso.percento(4)) p.anagrafica += unito({" ", caso.scelta(cognomi_)});
   const auto& nomi = p.femmina ? nomiFemminili_ : nomiMaschili_;
   p.nome = caso.scelta(nomi);
-  if (caso.percento(12)) p.nome += " " + std::string(caso.scelta(nomi));
+  if (caso.percento(12)) p.nome += unito({" ", caso.scelta(nomi)});
   const std::int32_t primo = Date::fromYmd(1940, 1, 1)->serial();
   const std::int32_t ultimo = Date::fromYmd(1993, 12, 31)->serial();
   p.nascita = Date::fromSerial(static_cast<std::int32_t>(caso.tra(primo, ultimo)));
@@ -105,16 +100,14 @@ void Inventore::persona(PercipienteInventato& p, Casuale& caso) const {
 
 void Inventore::ditta(PercipienteInventato& p, Casuale& caso) const {
   if (p.tipo == TipoPercipiente::DittaEstera) {
-    p.anagrafica =
-        std::string(caso.scelta(cognomi_)) + " International " + std::string(caso.scelta(kFormeEstere));
+    p.anagrafica = unito({caso.scelta(cognomi_), " International ", caso.scelta(kFormeEstere)});
     return;
   }
-  p.anagrafica = std::string(caso.scelta(kAttivita)) + " " + std::string(caso.scelta(cognomi_)) + " " +
-                 std::string(caso.scelta(kForme));
+  p.anagrafica = unito({caso.scelta(kAttivita), " ", caso.scelta(cognomi_), " ", caso.scelta(kForme)});
 }
 
 void Inventore::residenza(PercipienteInventato& p, std::int32_t numero, Casuale& caso) const {
-  p.indirizzo = std::string(caso.scelta(vie_)) + " " + fromInteger(caso.tra(1, 199));
+  p.indirizzo = unito({caso.scelta(vie_), " ", fromInteger(caso.tra(1, 199))});
   if (p.residente()) {
     p.idComune = comune(caso).id;
     p.idNazione = kItalia;
@@ -124,7 +117,7 @@ void Inventore::residenza(PercipienteInventato& p, std::int32_t numero, Casuale&
     p.idComune = luogo.id;
     p.idNazione = luogo.idNazione;
     p.cap = cifre(caso.tra(1000, 99999), 5);
-    p.identificazioneEstera = "EX" + cifre(numero, 9);
+    p.identificazioneEstera = unito({"EX", cifre(numero, 9)});
     p.schumacker = p.persona() && caso.percento(30);
   }
   if (!p.persona()) {
@@ -134,9 +127,9 @@ void Inventore::residenza(PercipienteInventato& p, std::int32_t numero, Casuale&
   } else if (p.residente() && caso.percento(60)) {
     p.partitaIva = numeroDitta(numero, caso.tra(1, 103));
   }
-  if (caso.percento(40)) p.eMail = "percipiente" + fromInteger(numero) + "@posta.example";
+  if (caso.percento(40)) p.eMail = unito({"percipiente", fromInteger(numero), "@posta.example"});
   if (caso.percento(50))
-    p.telefono = "0" + cifre(caso.tra(2, 99), 2) + "/" + cifre(caso.tra(100000, 9999999), 6);
+    p.telefono = unito({"0", cifre(caso.tra(2, 99), 2), "/", cifre(caso.tra(100000, 9999999), 6)});
 }
 
 }  // namespace cu
