@@ -1,0 +1,159 @@
+#include "automation/gestures.h"
+
+#include "automation/reach.h"
+#include "host/datebox.h"
+#include "host/grid.h"
+#include "host/menubar.h"
+#include "host/text.h"
+#include "host/textbox.h"
+
+namespace cu {
+namespace {
+
+// Each visitor leaves in `event` what the gesture does to its control.
+struct Click : RefusingVisitor {
+  Click() : RefusingVisitor("qui non c'è nulla da premere") {}
+  using RefusingVisitor::visit;
+  void visit(Button& control) override {
+    event = [&] { control.click(); };
+  }
+  void visit(Link& control) override {
+    event = [&] { control.click(); };
+  }
+  void visit(Option& control) override {
+    event = [&] { control.click(); };
+  }
+  void visit(Check& control) override {
+    event = [&] { control.click(); };
+  }
+  Event event;
+};
+
+struct Edit : RefusingVisitor {
+  Edit() : RefusingVisitor("qui non si scrive") {}
+  using RefusingVisitor::visit;
+  void visit(TextBox& control) override { take(control); }
+  void visit(DateBox& control) override { take(control); }
+  EditBox* box = nullptr;
+
+ private:
+  void take(EditBox& control) {
+    if (control.locked()) refuse(control, "il controllo è in sola lettura");
+    box = &control;
+  }
+};
+
+struct Rows : RefusingVisitor {
+  Rows() : RefusingVisitor("il controllo non è una griglia") {}
+  using RefusingVisitor::visit;
+  void visit(Grid& control) override { grid = &control; }
+  Grid* grid = nullptr;
+};
+
+EditBox& editBox(Control& control) {
+  Edit edit;
+  control.accept(edit);
+  requireReach(control);
+  return *edit.box;
+}
+
+Grid& gridOf(Control& control) {
+  Rows rows;
+  control.accept(rows);
+  return *rows.grid;
+}
+
+std::size_t existingRow(const Grid& grid, std::int64_t row, std::int64_t least) {
+  const auto count = static_cast<std::int64_t>(grid.rowCount());
+  if (row < least || row > count) {
+    refuse(grid, "la riga " + fromInteger(row) + " non esiste: le righe sono " + fromInteger(count));
+  }
+  return static_cast<std::size_t>(row);
+}
+
+}  // namespace
+
+void clickOn(Control& control) {
+  Click click;
+  control.accept(click);
+  requireReach(control);
+  perform(control, click.event);
+}
+
+void typeInto(Control& control, const std::string& text) {
+  EditBox& box = editBox(control);
+  perform(control, [&] { box.enter(text); });
+}
+
+void pasteInto(Control& control, const std::string& text) {
+  EditBox& box = editBox(control);
+  perform(control, [&] { box.paste(text); });
+}
+
+void focusOn(Control& control) {
+  if (!control.takesFocus()) refuse(control, "il controllo non può avere il fuoco");
+  requireReach(control);
+  perform(control, {});
+}
+
+void leave(Control& control) {
+  if (!control.takesFocus()) refuse(control, "il controllo non può avere il fuoco");
+  requireReach(control);
+  perform(control, [&] { control.form().setFocus(nullptr); });
+}
+
+void selectRow(Control& control, std::int64_t row) {
+  Grid& grid = gridOf(control);
+  requireReach(control);
+  const std::size_t chosen = existingRow(grid, row, 1);
+  perform(control, [&] { grid.selectRow(chosen); });
+}
+
+void pressCell(Control& control, std::int64_t row, const std::string& column) {
+  Grid& grid = gridOf(control);
+  requireReach(control);
+  const std::size_t pressed = existingRow(grid, row, 0);
+  const GridColumn* const shown = grid.column(column);
+  if (shown == nullptr) refuse(control, "la colonna \"" + column + "\" non esiste");
+  if (!shown->visible) refuse(control, "la colonna \"" + column + "\" è nascosta");
+  const std::string field = shown->field;
+  perform(control, [&] { grid.press(pressed, field); });
+}
+
+void doubleClickRow(Control& control, std::int64_t row) {
+  Grid& grid = gridOf(control);
+  requireReach(control);
+  const std::size_t clicked = existingRow(grid, row, 0);
+  perform(control, [&] { grid.doubleClick(clicked); });
+}
+
+bool pressKey(Control& control, std::int16_t code, std::int16_t shift) {
+  Grid& grid = gridOf(control);
+  requireReach(control);
+  bool consumed = false;
+  perform(control, [&] { consumed = grid.keyDown(code, shift); });
+  return consumed;
+}
+
+bool pressKey(Form& form, std::int16_t code, std::int16_t shift) {
+  bool consumed = false;
+  FrontEnd& frontEnd = form.frontEnd();
+  frontEnd.runEvent([&] { consumed = form.keyDown(code, shift); });
+  if (form.isOpen()) frontEnd.runEvent([&] { form.settleFocus(); });
+  return consumed;
+}
+
+void turnWheel(Form& form, int delta) {
+  form.frontEnd().runEvent([&] { form.wheel(delta); });
+}
+
+void chooseTool(MenuBar& bar, const std::string& tool) {
+  requireReach(bar);
+  perform(bar, [&] { bar.click(tool); });
+}
+
+void closeBox(Form& form) {
+  form.frontEnd().runEvent([&] { form.close(); });
+}
+
+}  // namespace cu

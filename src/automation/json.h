@@ -1,0 +1,18 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+
+namespace cu {
+
+using Json = nlohmann::json;                // what comes in
+using JsonObject = nlohmann::ordered_json;  // what goes out, its members in the order they were told
+
+// One line of JSON; bytes that are no UTF-8 become U+FFFD.
+std::string toLine(const JsonObject& value);
+
+// A text as a member, "" when there is none; a number as a member, null when it is not set.
+JsonObject orNull(const std::optional<std::int64_t>& number);
+
+}  // namespace cu

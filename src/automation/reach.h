@@ -1,0 +1,41 @@
+#pragma once
+
+#include "automation/gestures.h"
+#include "host/form.h"
+#include "host/frontend.h"
+
+namespace cu {
+
+[[noreturn]] void refuse(const Control& control, const std::string& why);
+
+// Refused when a person's hand does not reach the control.
+void requireReach(const Control& control);
+
+// The control takes the focus; then the event runs, if what the loss of the focus did has left the control
+// within reach.
+void perform(Control& control, const Event& event);
+
+// For a gesture that few kinds of controls know: all others refuse it with one sentence.
+class RefusingVisitor : public ControlVisitor {
+ public:
+  explicit RefusingVisitor(std::string why) : why_(std::move(why)) {}
+  void visit(Frame& control) override;
+  void visit(Label& control) override;
+  void visit(Link& control) override;
+  void visit(Button& control) override;
+  void visit(Option& control) override;
+  void visit(Check& control) override;
+  void visit(TextBox& control) override;
+  void visit(ListBox& control) override;
+  void visit(Selector& control) override;
+  void visit(DateBox& control) override;
+  void visit(Grid& control) override;
+  void visit(SideBand& control) override;
+  void visit(MenuBar& control) override;
+  void visit(PrintControl& control) override;
+
+ private:
+  std::string why_;
+};
+
+}  // namespace cu
