@@ -1,0 +1,456 @@
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <tuple>
+
+#include "host/error.h"
+#include "support/cur_reader.h"
+#include "telematic/cu_file_seq.h"
+#include "telematic/prova.h"
+
+namespace cu {
+namespace {
+
+using test::Contenuti;
+using test::day;
+using test::null;
+using test::text;
+using test::whole;
+using Campi = std::map<std::string, std::string>;
+using Celle = test::Celle;
+
+const Date kFirma = Date::fromYmd(2017, 2, 28).value();
+
+// Writes the rows one after the other as certificates 1, 2, ...
+std::string scrivi(int anno, const std::vector<Contenuti>& contenuti, int tipo = 1, Date firma = kFirma) {
+  test::Prova prova(anno);
+  const test::Righe righe(test::rispostaPrincipale(contenuti));
+  CUFileSeq file(prova.ambiente());
+  file.setFilePathName("/prova.cur");
+  EXPECT_TRUE(file.OpenFile());
+  file.legaQueryPrincipale(righe.colonne());
+  for (std::size_t i = 0; i < righe.size(); ++i) {
+    file.WriteRecordTipoD(righe[i], static_cast<std::int32_t>(i + 1), "01234567890", tipo, firma);
+  }
+  file.CloseFile();
+  return prova.files.files.at("/prova.cur");
+}
+
+test::CurLine linea(int anno, const Contenuti& riga, int tipo = 1, Date firma = kFirma) {
+  return test::CurFile(scrivi(anno, {riga}, tipo, firma)).line('D');
+}
+
+std::string errore(int anno, const Contenuti& riga) {
+  test::Prova prova(anno);
+  const test::Righe righe(test::rispostaPrincipale({riga, {}}));
+  CUFileSeq file(prova.ambiente());
+  file.setFilePathName("/prova.cur");
+  EXPECT_TRUE(file.OpenFile());
+  file.legaQueryPrincipale(righe.colonne());
+  std::string testo;
+  try {
+    file.WriteRecordTipoD(righe[0], 1, "01234567890", 1, kFirma);
+  } catch (const Error& error) {
+    EXPECT_EQ(error.number(), 5);
+    testo = error.description();
+  }
+  EXPECT_EQ(file.NumRecD(), testo.empty() ? 1 : 0);
+  EXPECT_EQ(prova.files.files.at("/prova.cur").size(), testo.empty() ? 1900U : 0U);
+  // What was half composed does not show in the next record.
+  file.WriteRecordTipoD(righe[1], 2, "01234567890", 1, kFirma);
+  const test::CurFile letto(prova.files.files.at("/prova.cur"));
+  EXPECT_EQ(letto.lines().back().cells().size(), 2U);
+  return testo;
+}
+
+Contenuti percipiente() {
+  return {{"CodiceFiscaleAz", text("01234567890")},
+          {"AnagraficaAz", text("Alfa & Figli s.r.l.")},
+          {"NomeAz", text("Nome della ditta")},
+          {"ComuneAz", text("Verona")},
+          {"SiglaProvinciaAz", text("VR")},
+          {"CapAz", text("37121")},
+          {"IndirizzoAz", text("Via Mazzini 1")},
+          {"TelefonoAz", text("(045) 12-34.567 89")},
+          {"FaxAz", text("045/1234567")},
+          {"EMailInternetAz", text("Info@alfa.it")},
+          {"CodiceAttivita", text("620100")},
+          {"CodiceFiscale", text("rssmra80b01l781x")},
+          {"Anagrafica", text("Rossi")},
+          {"Nome", text("Niccolò")},
+          {"PersonaFisica", whole(1)},
+          {"Sesso", text("m")},
+          {"DataNascita", day(1980, 2, 1)},
+          {"ComuneNascita", text("Verona")},
+          {"ProvinciaNascita", text("VR")},
+          {"CodiceCategoriaParticolare", text("Z2")},
+          {"CodiceEventoEccezionale", text("1")},
+          {"ComuneResidenzaAnnoPrec", text("San Donà di Piave")},
+          {"SiglaProvResidenzaAnnoPrec", text("VE")},
+          {"CodiceComuneDiNascitaPrec", text("H823")},
+          {"FusioneComuniAnnoPrec", text("Unito P")},
+          {"ComuneResidenzaAnnoCorr", text("Padova")},
+          {"SiglaProvResidenzaAnnoCorr", text("PD")},
+          {"CodiceComuneDiNascitaCorr", text("G224")},
+          {"FusioneComuni", text("Unito C")},
+          {"CodiceFiscaleRappresentante", text("vrdlgu60b02l781k")},
+          {"NonResidente", whole(1)},
+          {"NonResidenteSchumacker", whole(1)},
+          {"CodiceIdentificazioneFiscaleEstero", text("DE-123 456")},
+          {"ComuneRes", text("München")},
+          {"Indirizzo", text("Leopoldstraße 12")},
+          {"PrefissoInternazionaleRes", text(" 094 ")},
+          {"ProtocolloAnnSost", text("17030512345678901")},
+          {"ProgressivoAnnSost", text("42")}};
+}
+
+Celle celleAttese(int anno) {
+  const std::string spazi8(8, ' ');
+  const std::string uno = std::string(15, ' ') + "1";
+  Celle celle = {{"DA001001", "01234567890"},
+                 {"DA001002", "ALFA & FIGLI S.R.L."},
+                 {"DA001003", "NOME DELLA DITTA"},
+                 {"DA001004", "Verona"},
+                 {"DA001005", "VR"},
+                 {"DA001006", "37121"},
+                 {"DA001007", "Via Mazzini 1"},
+                 {"DA001008", "045123456789"},
+                 {"DA001009", "Info@alfa.it"},
+                 {"DA001010", "620100"},
+                 {"DA002001", "RSSMRA80B01L781X"},
+                 {"DA002002", "ROSSI"},
+                 {"DA002003", "NICCOL\xD2"},
+                 {"DA002004", "M"},
+                 {"DA002005", spazi8 + "01021980"},
+                 {"DA002006", "Verona"},
+                 {"DA002007", "VR"},
+                 {"DA002008", "Z2"},
+                 {"DA002009", uno},
+                 {"DA002020", "San Don\xE0 di Piave"},
+                 {"DA002021", "VE"},
+                 {"DA002022", "H823"}};
+  if (anno <= 2016) {
+    celle.insert(celle.end(), {{"DA002023", "Padova"}, {"DA002024", "PD"}, {"DA002025", "G224"}});
+    if (anno == 2016) celle.emplace_back("DA002026", "Unito C");
+  } else {
+    celle.insert(celle.end(), {{"DA002023", "Unito P"},
+                               {"DA002024", "Padova"},
+                               {"DA002025", "PD"},
+                               {"DA002026", "G224"},
+                               {"DA002027", "Unito C"}});
+  }
+  celle.insert(celle.end(), {{"DA002030", "VRDLGU60B02L781K"},
+                             {"DA002040", "DE-123 456"},
+                             {"DA002041", "M\xFCnchen"},
+                             {"DA002042",
+                              "Leopoldstra\xDF"
+                              "e 12"}});
+  if (anno == 2014) celle.emplace_back("DA002043", std::string(13, ' ') + "094");
+  if (anno >= 2015) {
+    celle.emplace_back("DA002043", uno);
+    celle.emplace_back("DA002044", std::string(13, ' ') + "094");
+  }
+  celle.emplace_back("DA003001", spazi8 + "28022017");
+  celle.emplace_back("DA003002", uno);
+  return celle;
+}
+
+Campi quadroAtteso(int tipo) {
+  Campi campi = {{"Tipo Record", "D"},
+                 {"Cod. Fisc. Sost. imposta", "01234567890"},
+                 {"Progressivo modulo", "00000001"},
+                 {"Cod. Fisc. Percipiente", "RSSMRA80B01L781X"},
+                 {"Progressivo Certificazione", "00001"},
+                 {"Prot. ass. da Serv. telem.-Id. invio", std::string(17, '0')},
+                 {"Progr. ass. da Serv. telem. alla singola CU", "000000"},
+                 {"Flag conferma Singola Certif.", "0"},
+                 {"Filler 3", "A"}};
+  if (tipo != 1) {
+    campi["Prot. ass. da Serv. telem.-Id. invio"] = "17030512345678901";
+    campi["Progr. ass. da Serv. telem. alla singola CU"] = "000042";
+    campi["Tipo op.: ann./sost."] = tipo == 2 ? "A" : "S";
+  }
+  return campi;
+}
+
+class RecordD : public testing::TestWithParam<std::tuple<int, int>> {};
+
+TEST_P(RecordD, IsByteForByteWhatTheFormOfTheYearAsksFor) {
+  const auto& [anno, tipo] = GetParam();
+  Campi campi = quadroAtteso(tipo);
+  campi.merge(test::Riferimento::campi(celleAttese(anno)));
+  EXPECT_EQ(scrivi(anno, {percipiente()}, tipo), test::riga('D', anno, campi));
+}
+
+TEST_P(RecordD, WithoutAnyDatumHasTheSignaturesTwoCells) {
+  const auto& [anno, tipo] = GetParam();
+  Campi campi = quadroAtteso(tipo);
+  campi.erase("Cod. Fisc. Percipiente");
+  campi["Prot. ass. da Serv. telem.-Id. invio"] = std::string(17, '0');
+  campi["Progr. ass. da Serv. telem. alla singola CU"] = "000000";
+  campi["Campo1"] = "DA003001        28022017";
+  campi["Campo2"] = "DA003002               1";
+  EXPECT_EQ(scrivi(anno, {{}}, tipo), test::riga('D', anno, campi));
+}
+
+INSTANTIATE_TEST_SUITE_P(RunYearsAndKinds, RecordD,
+                         testing::Combine(testing::Range(2013, 2019), testing::Range(1, 4)),
+                         [](const auto& caso) {
+                           return std::to_string(std::get<0>(caso.param)) + "_" +
+                                  std::to_string(std::get<1>(caso.param));
+                         });
+
+// Each row of the form alone: its source fills one value under the year's code, and nothing else changes.
+TEST(RecordDRows, EachSourceFillsItsOwnCodeOfTheYear) {
+  for (int anno = test::kPrimoAnno; anno <= test::kUltimoAnno; ++anno) {
+    const auto delCodice = [anno](const test::RigaForma& r) {
+      return r.codici.at(static_cast<std::size_t>(anno - test::kPrimoAnno));
+    };
+    std::vector<test::RigaForma> righe;
+    std::vector<Contenuti> contenuti;
+    for (const test::RigaForma& r : test::kFormaD) {
+      if (r.fonte.empty()) continue;
+      Contenuti riga = {{r.fonte, r.come == test::Come::Data ? day(1975, 11, 30) : text("12")}};
+      if (r.se == test::Se::PersonaFisica) riga["PersonaFisica"] = whole(1);
+      if (r.se == test::Se::NonResidente) riga["NonResidente"] = whole(1);
+      righe.push_back(r);
+      contenuti.push_back(riga);
+    }
+    const test::CurFile letto(scrivi(anno, contenuti));
+    for (std::size_t i = 0; i < righe.size(); ++i) {
+      const test::RigaForma& r = righe[i];
+      bool scritta = false;  // a source stands in two rows of which a year has one at most
+      for (const test::RigaForma& altra : test::kFormaD) {
+        scritta = scritta || (altra.fonte == r.fonte && delCodice(altra) != 0);
+      }
+      const auto valori = letto.lines()[i].values();
+      ASSERT_EQ(valori.size(), scritta ? 3U : 2U) << anno << " " << r.fonte;
+      if (delCodice(r) == 0) continue;
+      EXPECT_EQ(valori[0].first, "DA00" + std::to_string(delCodice(r))) << anno << " " << r.fonte;
+      std::string atteso = "12";
+      if (r.come == test::Come::Data) atteso = "        30111975";
+      if (r.come == test::Come::Destra || r.come == test::Come::DestraRifilato) atteso = "              12";
+      EXPECT_EQ(valori[0].second, atteso) << anno << " " << r.fonte;
+    }
+  }
+}
+
+TEST(RecordDCells, AOneCharacterValueStandsBehindItsCode) {
+  const test::CurLine riga = linea(2016, {{"Sesso", text("M")}});
+  EXPECT_EQ(riga.at(90, 24), "DA002004M               ");
+}
+
+TEST(RecordDCells, SixteenCharactersTakeOneCellSeventeenTwo) {
+  const auto celle = [](std::size_t lunghezza) {
+    std::string valore;
+    for (std::size_t i = 0; i < lunghezza; ++i) valore += static_cast<char>('A' + i % 26);
+    return linea(2016, {{"Anagrafica", text(valore)}}).cells();
+  };
+  EXPECT_EQ(celle(16).size(), 2U + 1U);
+  EXPECT_EQ(celle(16)[0].value, "ABCDEFGHIJKLMNOP");
+  EXPECT_EQ(celle(17).size(), 2U + 2U);
+  EXPECT_EQ(celle(17)[1].code, "DA002002");
+  EXPECT_EQ(celle(17)[1].value, "+Q              ");
+  EXPECT_EQ(celle(31).size(), 2U + 2U);
+  EXPECT_EQ(celle(31)[1].value, "+QRSTUVWXYZABCDE");
+  EXPECT_EQ(celle(32).size(), 2U + 3U);
+  EXPECT_EQ(celle(32)[2].value, "+F              ");
+}
+
+TEST(RecordDCells, ANameOfFortyCharactersTakesThreeCells) {
+  const std::string nome = "ASSOCIAZIONE PROFESSIONALE ROSSI E BIANC";
+  ASSERT_EQ(nome.size(), 40U);
+  const auto celle = linea(2016, {{"Anagrafica", text(nome)}}).cells();
+  ASSERT_EQ(celle.size(), 5U);
+  EXPECT_EQ(celle[0], (test::CurCell{"DA002002", "ASSOCIAZIONE PRO"}));
+  EXPECT_EQ(celle[1], (test::CurCell{"DA002002", "+FESSIONALE ROSS"}));
+  EXPECT_EQ(celle[2], (test::CurCell{"DA002002", "+I E BIANC      "}));
+}
+
+TEST(RecordDCells, ADateOfBirthIsRightAligned) {
+  const auto celle = linea(2016, {{"DataNascita", day(1980, 2, 1)}}).cells();
+  EXPECT_EQ(celle[0], (test::CurCell{"DA002005", "        01021980"}));
+}
+
+TEST(RecordDCells, APayeeWhoIsNoNaturalPersonHasNoFirstName) {
+  for (const Value& falso : {null(), whole(0)}) {
+    EXPECT_FALSE(linea(2016, {{"Nome", text("Mario")}, {"PersonaFisica", falso}}).has("DA002003"));
+  }
+  for (const int vero : {1, -1}) {
+    EXPECT_EQ(linea(2016, {{"Nome", text("Mario")}, {"PersonaFisica", whole(vero)}}).value("DA002003"),
+              "MARIO");
+  }
+}
+
+TEST(RecordDCells, ResidenceAndMergerMoveWithTheYear) {
+  const Contenuti riga = {{"ComuneResidenzaAnnoCorr", text("Padova")},
+                          {"FusioneComuni", text("C")},
+                          {"FusioneComuniAnnoPrec", text("P")}};
+  EXPECT_EQ(linea(2016, riga).value("DA002023"), "Padova");
+  EXPECT_EQ(linea(2016, riga).value("DA002026"), "C");
+  EXPECT_EQ(linea(2017, riga).value("DA002023"), "P");
+  EXPECT_EQ(linea(2017, riga).value("DA002024"), "Padova");
+  EXPECT_EQ(linea(2017, riga).value("DA002027"), "C");
+  EXPECT_FALSE(linea(2015, riga).has("DA002026"));
+  EXPECT_EQ(linea(2015, riga).values().size(), 3U);
+}
+
+TEST(RecordDCells, ASignatureOfZeroIsTodayAndAnyOtherDayStands) {
+  EXPECT_EQ(linea(2016, {}, 1, Date()).value("DA003001"), "        05032017");
+  EXPECT_EQ(linea(2016, {}, 1, Date::fromSerial(-1)).value("DA003001"), "        29121899");
+  EXPECT_EQ(linea(2016, {}, 1, Date::fromSerial(1)).value("DA003001"), "        31121899");
+}
+
+TEST(RecordDCells, TheDeclarationIsInEveryRecord) {
+  for (int anno = 2010; anno <= 2020; ++anno) {
+    EXPECT_EQ(linea(anno, {}).value("DA003002"), "               1") << anno;
+  }
+}
+
+TEST(RecordDCells, TheSecondCertificateShowsNothingOfTheFirst) {
+  Contenuti lungo = percipiente();
+  lungo["Anagrafica"] = text(std::string(200, 'x'));
+  const test::CurFile letto(scrivi(2016, {lungo, {{"Sesso", text("F")}}, lungo, {}}));
+  EXPECT_EQ(letto.line('D', 2).cells().size(), 3U);
+  EXPECT_EQ(letto.line('D', 2).at(90, 24), "DA002004F               ");
+  EXPECT_EQ(letto.line('D', 2).at(26, 16), std::string(16, ' '));
+  EXPECT_EQ(letto.line('D', 3).cells(), letto.line('D', 1).cells());
+  EXPECT_EQ(letto.line('D', 4).cells().size(), 2U);
+}
+
+TEST(RecordDCells, BeforeTheFormOf2014ANonResidentHasNoCountryCode) {
+  Contenuti riga = percipiente();
+  EXPECT_FALSE(linea(2013, riga).has("DA002043"));
+  EXPECT_FALSE(linea(2013, riga).has("DA002044"));
+  EXPECT_TRUE(linea(2013, riga).has("DA002042"));
+}
+
+TEST(RecordDCells, AResidentHasNoneOfTheForeignersRows) {
+  for (const Value& falso : {null(), whole(0)}) {
+    Contenuti riga = percipiente();
+    riga["NonResidente"] = falso;
+    for (int anno = 2013; anno <= 2018; ++anno) {
+      for (const char* codice : {"DA002040", "DA002041", "DA002042", "DA002043", "DA002044"}) {
+        EXPECT_FALSE(linea(anno, riga).has(codice)) << anno << codice;
+      }
+    }
+  }
+}
+
+TEST(RecordDCells, TheYearOfTheRowPlaysNoPart) {
+  Contenuti riga = percipiente();
+  riga["Anno"] = whole(2014);
+  EXPECT_EQ(linea(2017, riga).values(), linea(2017, percipiente()).values());
+}
+
+TEST(RecordDCells, BlanksAreKeptAndABlankSourceTakesACell) {
+  EXPECT_EQ(linea(2016, {{"ComuneAz", text(" Verona ")}}).cells()[0].value, " Verona         ");
+  EXPECT_EQ(linea(2016, {{"ComuneAz", text(" ")}}).cells()[0],
+            (test::CurCell{"DA001004", std::string(16, ' ')}));
+  EXPECT_EQ(linea(2016, {{"CodiceEventoEccezionale", text("  ")}}).cells()[0],
+            (test::CurCell{"DA002009", std::string(16, ' ')}));
+  EXPECT_FALSE(linea(2016, {{"CodiceEventoEccezionale", text("")}}).has("DA002009"));
+  EXPECT_FALSE(
+      linea(2016, {{"NonResidente", whole(1)}, {"PrefissoInternazionaleRes", text("  ")}}).has("DA002044"));
+}
+
+TEST(RecordDPhone, IsCleanedWholeAndMayBeLongerThanTwelve) {
+  EXPECT_EQ(linea(2016, {{"TelefonoAz", text("+39 (045) 12-34.567/8\\9")}}).value("DA001008"),
+            "39045123456789");
+  EXPECT_EQ(linea(2016, {{"TelefonoAz", text("045 1234567890123456")}}).value("DA001008"),
+            "0451234567890123456");
+}
+
+TEST(RecordDPhone, WhatIsNoNumberGivesWayToTheCleanedFax) {
+  for (const char* telefono : {"", "045 int. 3", "ufficio", " -/"}) {
+    const Contenuti riga = {{"TelefonoAz", text(telefono)}, {"FaxAz", text("(045) 7-65.4")}};
+    EXPECT_EQ(linea(2016, riga).value("DA001008"), "0457654") << telefono;
+  }
+  EXPECT_EQ(linea(2016, {{"FaxAz", text("chiedere")}}).value("DA001008"), "chiedere");
+  EXPECT_FALSE(linea(2016, {{"TelefonoAz", text("chiedere")}}).has("DA001008"));
+}
+
+TEST(RecordDFrame, TheModuleIsAlwaysTheFirstAndTheCertificatesGoOn) {
+  const test::CurFile letto(scrivi(2016, {{}, {}, {}}));
+  for (std::size_t n = 1; n <= 3; ++n) {
+    EXPECT_EQ(letto.line('D', n).at(18, 8), "00000001");
+    EXPECT_EQ(letto.line('D', n).at(42, 5), "0000" + std::to_string(n));
+  }
+}
+
+TEST(RecordDFrame, ACertificateBeyondFiveFiguresLosesItsLastOnes) {
+  test::Prova prova(2016);
+  const test::Righe righe(test::rispostaPrincipale({{}}));
+  CUFileSeq file(prova.ambiente());
+  file.setFilePathName("/prova.cur");
+  ASSERT_TRUE(file.OpenFile());
+  file.legaQueryPrincipale(righe.colonne());
+  file.WriteRecordTipoD(righe[0], 123456, "x", 1, kFirma);
+  EXPECT_EQ(test::CurFile(prova.files.files.at("/prova.cur")).line('D').at(42, 5), "12345");
+}
+
+TEST(RecordDFrame, AnOrdinarySupplyHasZerosWhateverTheReferencesHold) {
+  const test::CurLine riga = linea(2016, percipiente(), 1);
+  EXPECT_EQ(riga.at(47, 17), std::string(17, '0'));
+  EXPECT_EQ(riga.at(64, 6), "000000");
+  EXPECT_EQ(riga.at(84, 1), " ");
+}
+
+TEST(RecordDFrame, AnEmptyProtocolOfAnAnnulmentGivesZeros) {
+  for (const Value& vuoto : {null(), text("")}) {
+    const test::CurLine riga = linea(2016, {{"ProtocolloAnnSost", vuoto}, {"ProgressivoAnnSost", vuoto}}, 2);
+    EXPECT_EQ(riga.at(47, 17), std::string(17, '0'));
+    EXPECT_EQ(riga.at(64, 6), "000000");
+    EXPECT_EQ(riga.at(84, 1), "A");
+  }
+}
+
+TEST(RecordDFrame, TheProtocolKeepsItsFirstSeventeenFiguresAndIsFilled) {
+  const auto protocollo = [](const char* valore) {
+    return linea(2016, {{"ProtocolloAnnSost", text(valore)}}, 3).at(47, 17);
+  };
+  EXPECT_EQ(protocollo("12345"), "00000000000012345");
+  EXPECT_EQ(protocollo("98765432109876543"), "98765432109876543");
+  EXPECT_EQ(protocollo("987654321098765432"), "98765432109876543");
+  EXPECT_EQ(protocollo("T12"), "              T12");
+  EXPECT_EQ(linea(2016, {{"ProgressivoAnnSost", text("1234567")}}, 3).at(64, 6), "123456");
+}
+
+TEST(RecordDFrame, AReplacementIsMarkedS) { EXPECT_EQ(linea(2016, percipiente(), 3).at(84, 1), "S"); }
+
+TEST(RecordDErrors, ACodeTooLongToAlignStopsWithItsPayeeReasonAndField) {
+  Contenuti riga = {{"Anagrafica", text("Rossi")},
+                    {"Nome", text("Niccolò")},
+                    {"Codice", text("A")},
+                    {"CodiceEventoEccezionale", text("12345678901234567")}};
+  const std::string testo = errore(2016, riga);
+  for (const char* parte : {"DA002009", "CodiceEventoEccezionale", "Rossi Niccolò", "causale: A", "16"}) {
+    EXPECT_NE(testo.find(parte), std::string::npos) << testo;
+  }
+  riga["CodiceEventoEccezionale"] = text("1234567890123456");
+  EXPECT_EQ(errore(2016, riga), "");
+  riga["NonResidente"] = whole(1);
+  riga["PrefissoInternazionaleRes"] = text("  1234567890123456 ");
+  EXPECT_EQ(errore(2016, riga), "");
+  riga["PrefissoInternazionaleRes"] = text("12345678901234567");
+  EXPECT_NE(errore(2016, riga).find("DA002044"), std::string::npos);
+}
+
+TEST(RecordDErrors, ACell76StopsWithItsPayeeReasonAndField) {
+  // Two cells belong to the signature: 73 are left for the name.
+  const std::size_t giusto = 16 + 72 * 15;
+  Contenuti riga = {{"Codice", text("M")}, {"Anagrafica", text(std::string(giusto, 'x'))}};
+  EXPECT_EQ(errore(2016, riga), "");
+  riga["Anagrafica"] = text(std::string(giusto + 1, 'x'));
+  std::string testo = errore(2016, riga);
+  for (const char* parte : {"75", "DA003002", "causale: M", "xxx"}) {
+    EXPECT_NE(testo.find(parte), std::string::npos) << testo;
+  }
+  riga["Anagrafica"] = text(std::string(4000, 'x'));
+  testo = errore(2016, riga);
+  EXPECT_NE(testo.find("DA002002"), std::string::npos) << testo;
+}
+
+}  // namespace
+}  // namespace cu
