@@ -207,7 +207,7 @@ MergeStatement Parser::merge() {
   result.target.position = peek().position;
   result.target.table = objectName();
   if (at("WITH")) refuse("suggerimento WITH (...)");
-  result.target.alias = optionalAlias();
+  if (!at("USING")) result.target.alias = optionalAlias();
   expect("USING");
   result.source = source();
   if (!result.source.group.empty()) refuse("MERGE da tabelle unite");

@@ -93,7 +93,7 @@ Piece Writer::piece(Piece::Role role) {
 
 void Writer::ownFunction(const Expr& expr, std::string_view what) const {
   if (destination_ == Destination::Run) return;
-  throw SqlError(expr.position, std::string(what) + " non è ammesso in una vista");
+  throw SqlError(expr.position, "costruzione non ammessa in una vista: " + std::string(what));
 }
 
 Writer& Writer::conjunct(const Expr& expr) { return expression(expr, kAnd); }
@@ -227,7 +227,7 @@ void Writer::binary(const Expr& expr) {
   const Expr& right = *expr.args[1];
   if (expr.name == "/" || expr.name == "%") {
     // A division by zero is an error on the server and NULL here.
-    ownFunction(expr, "una divisione");
+    ownFunction(expr, "divisione");
     const bool amounts = expr.name == "/" && expr.valueKind == ValueKind::Decimal;
     text(expr.name == "/" ? "cu_divide(" : "cu_modulo(");
     if (amounts) sql_ += "CAST(";
