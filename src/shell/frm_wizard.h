@@ -95,6 +95,7 @@ class FrmWizard : public Form {
   Frame picNav;
   std::array<Button, 5> cmdNav;
 
+  std::int16_t oggettoCorrente() const { return nOggettoCorrente; }  // of the menu commands
   std::vector<const Frame*> stages() const override { return {&fraStep[0], &fraStep[1], &fraStep[2]}; }
 
  private:

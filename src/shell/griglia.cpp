@@ -44,17 +44,26 @@ void FrmWizard::sbModificaCompenso() {
   if (!righe.IsOpen() || righe.Eof() || righe.Bof()) return;
   const std::int32_t anno = ambiente_.utilita.toLong(KRNCboEsCont0.text());
   const std::unique_ptr<Editor> editor = fnCreaEditor(anno, ambiente_.frontEnd, ambiente_.utilita);
-  editor->setRecordset(righe);
-  if (tipoComunicazione() != 0) editor->setTipoComunicazione(tipoComunicazione());
-  if (optTipoComunicazione[1].value() && anno >= 2015) {
-    editor->load();
-    editor->ApriDatiAggiuntivi();
-  } else {
-    editor->showModal();
+  const auto mostraTutte = [&] {
+    righe.ClearFilter();
+    grdCompensi.refresh();
+  };
+  try {
+    editor->setRecordset(righe);
+    if (tipoComunicazione() != 0) editor->setTipoComunicazione(tipoComunicazione());
+    if (optTipoComunicazione[1].value() && anno >= 2015) {
+      editor->load();
+      editor->ApriDatiAggiuntivi();
+    } else {
+      editor->showModal();
+    }
+    if (editor->OK()) compensi_.sbAggiornaRiga();
+  } catch (...) {
+    // A row that cannot be saved must not leave the others out of sight, and out of what follows.
+    mostraTutte();
+    throw;
   }
-  if (editor->OK()) compensi_.sbAggiornaRiga();
-  righe.ClearFilter();
-  grdCompensi.refresh();
+  mostraTutte();
 }
 
 void FrmWizard::protocolli() {

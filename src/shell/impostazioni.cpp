@@ -1,6 +1,7 @@
 // The settings of a run: kind of communication, intermediary, folder, print type.
 
 #include <array>
+#include <exception>
 
 #include "shell/frm_wizard.h"
 #include "telematic/intermediario.h"
@@ -84,7 +85,7 @@ std::string FrmWizard::fnSelezionaCartella(const std::string& partenza) {
   try {
     return ambiente_.frontEnd.chooseFolder(
         "Seleziona cartella...", partenza.empty() ? std::nullopt : std::optional<std::string>(partenza));
-  } catch (const Error&) {
+  } catch (const std::exception&) {
     return {};
   }
 }

@@ -41,12 +41,14 @@ void Compensi::sbCreaTabellaLavoro(const Filtri& filtri) {
 }
 
 void Compensi::sbFormattaGriglia(int tipoComunicazione) {
+  const bool annullamento = tipoComunicazione == 2;
+  const bool sostituzione = tipoComunicazione == 3;
   griglia_.clearColumns();
   griglia_.decimalMark = ',';
   griglia_.thousandsMark = '.';
   for (const ColonnaGriglia& colonna : kColonneGriglia) {
-    if (colonna.quando == Quando::AnnullamentoSostituzione && tipoComunicazione == 1) continue;
-    if (colonna.quando == Quando::NonAnnullamento && tipoComunicazione == 2) continue;
+    if (colonna.quando == Quando::AnnullamentoSostituzione && !annullamento && !sostituzione) continue;
+    if (colonna.quando == Quando::NonAnnullamento && annullamento) continue;
     griglia_.addColumn({.field = std::string(colonna.campo),
                         .caption = std::string(colonna.didascalia),
                         .type = colonna.tipo,
@@ -114,27 +116,34 @@ void Compensi::sbMemorizzaModifiche() {
 void Compensi::sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo,
                                     bool sovrascrivi) {
   if (!rsCompensi_.IsOpen() || rsCompensi_.RecordCount() == 0) return;
-  const DrawingPause pausa(griglia_);
-  const bool suUnaRiga = !rsCompensi_.Bof() && !rsCompensi_.Eof();
-  const Recordset::RowMark segnalibro = suUnaRiga ? rsCompensi_.Bookmark() : 0;
-  for (rsCompensi_.MoveFirst(); !rsCompensi_.Eof(); rsCompensi_.MoveNext()) {
-    if (!rsCompensi_.Get("Selezionato").flag()) continue;
-    const auto riempi = [&](const char* campo, const std::string& valore) {
-      if (!sovrascrivi && !trim(utilita_.toText(rsCompensi_.Get(campo))).empty()) return;
-      rsCompensi_.Set(campo, Value::ofText(valore));
-      rsCompensi_.Set("Modificato", Value::ofFlag(true));
-    };
-    riempi("ProtocolloAnnSost", protocollo);
-    riempi("ProgressivoAnnSost", progressivo);
-    rsCompensi_.Update();
-    const std::int64_t modificato = rsCompensi_.Get("Modificato").integer();
-    esegui("UPDATE " + globali_.gTabellaLavoro +
-           " SET ProtocolloAnnSost = " + utilita_.literal(rsCompensi_.Get("ProtocolloAnnSost")) +
-           ", ProgressivoAnnSost = " + utilita_.literal(rsCompensi_.Get("ProgressivoAnnSost")) +
-           ", Modificato = " + fromInteger(modificato < 0 ? -modificato : modificato) +
-           fnChiaveRiga(rsCompensi_));
+  {
+    const DrawingPause pausa(griglia_);
+    const bool suUnaRiga = !rsCompensi_.Bof() && !rsCompensi_.Eof();
+    const Recordset::RowMark segnalibro = suUnaRiga ? rsCompensi_.Bookmark() : 0;
+    for (rsCompensi_.MoveFirst(); !rsCompensi_.Eof(); rsCompensi_.MoveNext()) {
+      if (rsCompensi_.Get("Selezionato").flag()) scriviProtocolli(protocollo, progressivo, sovrascrivi);
+    }
+    if (suUnaRiga) rsCompensi_.SetBookmark(segnalibro);
   }
-  if (suUnaRiga) rsCompensi_.SetBookmark(segnalibro);
+  griglia_.refresh();
+}
+
+void Compensi::scriviProtocolli(const std::string& protocollo, const std::string& progressivo,
+                                bool sovrascrivi) {
+  const auto riempi = [&](const char* campo, const std::string& valore) {
+    if (!sovrascrivi && !trim(utilita_.toText(rsCompensi_.Get(campo))).empty()) return;
+    rsCompensi_.Set(campo, Value::ofText(valore));
+    rsCompensi_.Set("Modificato", Value::ofFlag(true));
+  };
+  riempi("ProtocolloAnnSost", protocollo);
+  riempi("ProgressivoAnnSost", progressivo);
+  rsCompensi_.Update();
+  const std::int64_t modificato = rsCompensi_.Get("Modificato").integer();
+  esegui("UPDATE " + globali_.gTabellaLavoro +
+         " SET ProtocolloAnnSost = " + utilita_.literal(rsCompensi_.Get("ProtocolloAnnSost")) +
+         ", ProgressivoAnnSost = " + utilita_.literal(rsCompensi_.Get("ProgressivoAnnSost")) +
+         ", Modificato = " + fromInteger(modificato < 0 ? -modificato : modificato) +
+         fnChiaveRiga(rsCompensi_));
 }
 
 }  // namespace cu

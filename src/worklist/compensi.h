@@ -48,6 +48,7 @@ class Compensi {
   void esegui(const std::string& testo);
   std::int64_t conta(const std::string& testo);
   void mostraConteggio(std::int64_t righe);
+  void scriviProtocolli(const std::string& protocollo, const std::string& progressivo, bool sovrascrivi);
 
   Globali& globali_;
   UtilitaSuite& utilita_;
