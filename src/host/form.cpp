@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include <algorithm>
-
 #include "host/frontend.h"
 
 namespace cu {

@@ -59,7 +59,8 @@ class FrontEnd {
 
   virtual void show(Form& form) = 0;
   virtual void showModal(Form& form) = 0;
-  virtual void closed(Form& form) = 0;  // the form has gone, or hides itself
+  // The form has gone, or hides itself; its controls may be gone already.
+  virtual void closed(Form& form) = 0;
 
   virtual Answer messageBox(const MessageBox& box) = 0;
   virtual void error(const Error& error) = 0;  // one that nothing caught

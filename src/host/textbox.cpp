@@ -1,14 +1,19 @@
 #include "host/textbox.h"
 
+#include <utility>
+
 #include "host/text.h"
 
 namespace cu {
 
-void EditBox::setText(const std::string& text) {
-  if (text_ == text) return;
-  text_ = text;
+void EditBox::change(std::string text) {
+  text_ = std::move(text);
   notify();
   if (onChange) onChange();
+}
+
+void EditBox::setText(const std::string& text) {
+  if (text_ != text) change(text);
 }
 
 void EditBox::setLocked(bool locked) {
@@ -28,7 +33,7 @@ bool EditBox::take(std::string content, char32_t character) {
   if (keyFilter && !keyFilter(character)) return false;
   if (maxLength_ > 0 && codePoints(content) >= maxLength_) return false;
   appendUtf8(content, character);
-  setText(content);
+  change(std::move(content));  // a character typed is a change, also where it replaces its like
   return true;
 }
 

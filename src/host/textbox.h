@@ -34,6 +34,7 @@ class EditBox : public Control {
   Event onChange;
 
  private:
+  void change(std::string text);
   bool take(std::string content, char32_t character);
 
   std::string text_;

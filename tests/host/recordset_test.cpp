@@ -419,6 +419,24 @@ TEST(Recordset, ABookmarkNamesItsRow) {
   EXPECT_EQ(rows.set.Get("Numero").integer(), 3);
 }
 
+TEST(Recordset, AnyRowIsReadWithoutMovingThere) {
+  OpenRows rows(lines(4));
+  rows.set.MoveTo(2);
+  rows.set.Set("Nome", text("cambiato"));
+  rows.set.Update();
+  std::vector<CellView> cells(rows.set.Fields().size());
+  rows.set.Peek(4, cells.data());
+  EXPECT_EQ(cells[0].integer(), 4);
+  rows.set.Peek(2, cells.data());
+  EXPECT_EQ(cells[1].text(), "cambiato");
+  EXPECT_EQ(rows.set.AbsolutePosition(), 2U);
+  rows.set.SetFilter("Numero > 2");
+  rows.set.Peek(2, cells.data());
+  EXPECT_EQ(cells[0].integer(), 4);
+  EXPECT_EQ(errorOf([&] { rows.set.Peek(0, cells.data()); }), kErrorNoCurrentRow);
+  EXPECT_EQ(errorOf([&] { rows.set.Peek(3, cells.data()); }), kErrorNoCurrentRow);
+}
+
 TEST(Recordset, TenThousandRowsSelectedOneByOne) {
   OpenRows rows(lines(10'000));
   for (rows.set.MoveFirst(); !rows.set.Eof(); rows.set.MoveNext()) {

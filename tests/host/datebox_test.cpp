@@ -1,0 +1,65 @@
+#include "host/datebox.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "host/controls_support.h"
+
+namespace cu {
+namespace {
+
+using test::Stage;
+
+TEST(DateBox, IsEmptyAndWorthZeroAtFirst) {
+  Stage stage;
+  const DateBox box(stage.form, "dtDataFirma", nullptr);
+  EXPECT_EQ(box.text(), "");
+  EXPECT_EQ(box.value(), 0);
+}
+
+TEST(DateBox, CountsTheDaysOfWhatAPersonTypes) {
+  Stage stage;
+  DateBox box(stage.form, "dtDataFirma", nullptr);
+  std::vector<std::int32_t> values;
+  box.onChange = [&] { values.push_back(box.value()); };
+  box.enter("05/03/2017");
+  EXPECT_EQ(box.value(), 42799);
+  EXPECT_EQ(values.size(), 10U);
+  EXPECT_EQ(values.back(), 42799);
+  EXPECT_EQ(values[8], 0);
+}
+
+TEST(DateBox, ATextThatIsNoDateIsKeptAndWorthZero) {
+  Stage stage;
+  DateBox box(stage.form, "dtDataFirma", nullptr);
+  for (const char* text : {"domani", "31/02/2017", "05/03/17", "2017-03-05"}) {
+    box.enter(text);
+    EXPECT_EQ(box.text(), text);
+    EXPECT_EQ(box.value(), 0);
+  }
+}
+
+TEST(DateBox, DayZeroAndEarlierDaysAreNumbersToo) {
+  Stage stage;
+  DateBox box(stage.form, "dtDataImpegno", nullptr);
+  box.setText("30/12/1899");
+  EXPECT_EQ(box.value(), 0);
+  box.setText("29/12/1899");
+  EXPECT_EQ(box.value(), -1);
+}
+
+TEST(DateBox, IsSetToADayByCode) {
+  Stage stage;
+  DateBox box(stage.form, "dtDataFirma", nullptr);
+  int changes = 0;
+  box.onChange = [&] { ++changes; };
+  box.setDate(Date::fromSerial(42799));
+  box.setDate(Date::fromSerial(42799));
+  EXPECT_EQ(box.text(), "05/03/2017");
+  EXPECT_EQ(changes, 1);
+}
+
+}  // namespace
+}  // namespace cu
