@@ -5,24 +5,6 @@
 #include <stdexcept>
 
 namespace cu {
-namespace {
-
-template <class Elenco>
-std::string testa(std::string_view tabella, const Elenco& colonne) {
-  std::string testo = "INSERT INTO ";
-  testo += tabella;
-  const char* separatore = " (";
-  for (const auto& colonna : colonne) {
-    testo += separatore;
-    testo += colonna;
-    separatore = ", ";
-  }
-  testo += ") VALUES ";
-  return testo;
-}
-
-}  // namespace
-
 void appendTesto(std::string& istruzione, std::string_view valore) {
   istruzione += '\'';
   for (char c : valore) {
@@ -34,26 +16,35 @@ void appendTesto(std::string& istruzione, std::string_view valore) {
 
 Inserimento::Inserimento(Connection& connessione, std::string_view tabella,
                          std::initializer_list<std::string_view> colonne)
-    : connessione_(connessione), testa_(testa(tabella, colonne)), colonne_(colonne.size()) {}
+    : connessione_(connessione) {
+  prepara(tabella, colonne);
+}
 
 Inserimento::Inserimento(Connection& connessione, std::string_view tabella,
                          const std::vector<std::string>& colonne)
-    : connessione_(connessione), testa_(testa(tabella, colonne)), colonne_(colonne.size()) {}
+    : connessione_(connessione) {
+  prepara(tabella, {colonne.begin(), colonne.end()});
+}
+
+void Inserimento::prepara(std::string_view tabella, const std::vector<std::string_view>& colonne) {
+  if (colonne.size() > 64) throw std::logic_error("troppe colonne");
+  colonne_ = colonne.size();
+  testa_ = "INSERT INTO ";
+  testa_ += tabella;
+  const char* separatore = " (";
+  for (std::string_view colonna : colonne) {
+    testa_ += separatore;
+    testa_ += colonna;
+    separatore = ", ";
+  }
+  testa_ += ") VALUES ";
+}
 
 std::string& Inserimento::posto() {
   if (valori_ == colonne_) throw std::logic_error("valore di troppo: " + testa_);
-  if (valori_ > 0) {
-    istruzione_ += ", ";
-  } else {
-    if (righe_ == 0) {
-      istruzione_ = testa_;
-    } else {
-      istruzione_ += ", ";
-    }
-    istruzione_ += '(';
-  }
+  riga_ += valori_ == 0 ? "(" : ", ";
   ++valori_;
-  return istruzione_;
+  return riga_;
 }
 
 Inserimento& Inserimento::intero(std::int64_t valore) {
@@ -88,21 +79,34 @@ Inserimento& Inserimento::data(Date valore) {
 
 Inserimento& Inserimento::nullo() {
   posto() += "NULL";
+  nulli_ |= std::uint64_t{1} << (valori_ - 1);
   return *this;
 }
 
 void Inserimento::riga() {
   if (valori_ != colonne_) throw std::logic_error("riga incompleta: " + testa_);
-  istruzione_ += ')';
-  valori_ = 0;
+  Gruppo& gruppo = gruppi_[nulli_];
+  gruppo.istruzione += gruppo.righe == 0 ? std::string_view(testa_) : std::string_view(", ");
+  gruppo.istruzione += riga_;
+  gruppo.istruzione += ')';
+  ++gruppo.righe;
   ++totale_;
-  if (++righe_ == kRighePerIstruzione) chiudi();
+  riga_.clear();
+  valori_ = 0;
+  nulli_ = 0;
+  if (gruppo.righe == kRighePerIstruzione) manda(gruppo);
 }
 
 void Inserimento::chiudi() {
-  if (righe_ == 0) return;
-  connessione_.Execute(istruzione_);
-  righe_ = 0;
+  for (auto& [nulli, gruppo] : gruppi_) {
+    if (gruppo.righe > 0) manda(gruppo);
+  }
+}
+
+void Inserimento::manda(Gruppo& gruppo) {
+  connessione_.Execute(gruppo.istruzione);
+  gruppo.istruzione.clear();
+  gruppo.righe = 0;
 }
 
 }  // namespace cu

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,10 +14,13 @@
 
 namespace cu {
 
-// Gathers the rows of one table and sends several of them in one INSERT: a server is asked less often, and a
-// statement that comes again with the same number of rows is one that the engine already knows.
+// Gathers the rows of one table and sends several of them in one INSERT, so that a server is asked less
+// often. Only rows with the same fields left NULL go together: the statement then comes again and again with
+// nothing but other values in it, and an engine that knows it need not prepare it anew. Rows are not sent in
+// the order in which they are given.
 //
-// The values of a row are given in the order of the columns; riga() ends it. chiudi() sends what is left.
+// The values of a row are given in the order of the columns, 64 at most; riga() ends it. chiudi() sends what
+// is left.
 class Inserimento {
  public:
   // SQL Server takes a thousand at most.
@@ -39,14 +43,21 @@ class Inserimento {
   std::size_t righe() const { return totale_; }
 
  private:
+  struct Gruppo {
+    std::string istruzione;
+    std::size_t righe = 0;
+  };
+  void prepara(std::string_view tabella, const std::vector<std::string_view>& colonne);
   std::string& posto();  // where the next value goes
+  void manda(Gruppo& gruppo);
 
   Connection& connessione_;
   std::string testa_;
-  std::string istruzione_;
+  std::string riga_;  // the row begun
   std::size_t colonne_ = 0;
-  std::size_t valori_ = 0;  // of the row begun
-  std::size_t righe_ = 0;   // of the statement begun
+  std::size_t valori_ = 0;                  // of the row begun
+  std::uint64_t nulli_ = 0;                 // its NULL fields, a bit each
+  std::map<std::uint64_t, Gruppo> gruppi_;  // by NULL fields
   std::size_t totale_ = 0;
 };
 

@@ -55,6 +55,17 @@ TEST(Inserimento, SendsTheRowsInGroupsAndTheRestAtTheEnd) {
   EXPECT_EQ(insert.righe(), 2 * Inserimento::kRighePerIstruzione + 1);
 }
 
+TEST(Inserimento, PutsOnlyRowsWithTheSameNullFieldsIntoOneStatement) {
+  FakeConnection connection;
+  Inserimento insert(connection, "T", {"A", "B"});
+  insert.intero(1).testo("x").riga();
+  insert.intero(2).testo("").riga();
+  insert.intero(3).testo("y").riga();
+  insert.chiudi();
+  EXPECT_EQ(connection.texts(), (std::vector<std::string>{"INSERT INTO T (A, B) VALUES (1, 'x'), (3, 'y')",
+                                                          "INSERT INTO T (A, B) VALUES (2, NULL)"}));
+}
+
 TEST(Inserimento, WithoutRowsSendsNothing) {
   FakeConnection connection;
   Inserimento insert(connection, "T", {"A"});

@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 
+#include "database/inserimento.h"
 #include "database/schema.h"
 #include "support/fake_connection.h"
 
@@ -37,7 +38,9 @@ TEST(CreaArchivio, AsksForEveryTableAndViewByName) {
   EXPECT_THROW(creaArchivio(connection, ContenutoArchivio::Vuoto), ArchivioEsistente);
   const std::string question = connection.texts()[0];
   for (std::string_view name : nomiSchema()) {
-    EXPECT_NE(question.find("'" + std::string(name) + "'"), std::string::npos) << name;
+    std::string literal;
+    appendTesto(literal, name);
+    EXPECT_NE(question.find(literal), std::string::npos) << name;
   }
 }
 
