@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "database/archivio.h"
 #include "database/archivio_di_prova.h"
+#include "database/schema.h"
 
 namespace cu {
 namespace {
@@ -18,7 +18,8 @@ using test::Righe;
 class Ricostruzione : public testing::Test {
  protected:
   Ricostruzione() : connection_(SqliteConnection::create(":memory:")), host_(*connection_) {
-    creaArchivio(*connection_, ContenutoArchivio::Vuoto);
+    creaSchema(*connection_);
+    execute("INSERT INTO CausalePagamento (IDCausalePagamento, Codice) VALUES (1, 'A'), (11, 'M')");
     execute("INSERT INTO Anagrafica (IDAnagrafica, Anagrafica) VALUES (7, 'Bianchi'), (8, 'Verdi')");
     execute("INSERT INTO Percipiente (IDAzienda, IDAnagrafica, Codice) VALUES (1, 7, 'P7'), (1, 8, 'P8')");
   }

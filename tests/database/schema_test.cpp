@@ -15,11 +15,26 @@ namespace {
 using test::number;
 using test::Righe;
 
-std::unique_ptr<SqliteConnection> emptyArchive() {
-  auto connection = SqliteConnection::create(":memory:");
-  creaArchivio(*connection, ContenutoArchivio::Vuoto);
-  return connection;
-}
+// An archive with schema and lists; what a test writes into it is taken back.
+class EmptyArchive {
+ public:
+  EmptyArchive() { connection().Execute("BEGIN TRANSACTION"); }
+  EmptyArchive(const EmptyArchive&) = delete;
+  EmptyArchive& operator=(const EmptyArchive&) = delete;
+  ~EmptyArchive() { connection().Execute("ROLLBACK TRANSACTION"); }
+  Connection& operator*() const { return connection(); }
+  Connection* operator->() const { return &connection(); }
+
+ private:
+  static Connection& connection() {
+    static const std::unique_ptr<SqliteConnection> shared = [] {
+      auto created = SqliteConnection::create(":memory:");
+      creaArchivio(*created, ContenutoArchivio::Vuoto);
+      return created;
+    }();
+    return *shared;
+  }
+};
 
 std::vector<std::string> words(const char* text) {
   std::istringstream stream(text);
@@ -118,7 +133,7 @@ constexpr TableRow kTables[] = {
 };
 
 TEST(Schema, HasEachTableWithItsColumnsInOrder) {
-  const auto connection = emptyArchive();
+  const EmptyArchive connection;
   for (const TableRow& row : kTables) {
     const Righe rows(*connection, std::string("SELECT * FROM ") + row.table + " WHERE 1 = 0");
     EXPECT_EQ(rows.names(), words(row.columns)) << row.table;
@@ -169,7 +184,7 @@ constexpr const char* kSameName =
     "CodiceCarica CodicePercipiente IDAnagrafica IDCausalePagamento Anno IDAzienda";
 
 TEST(RepContoIndividuale, HasWhatTheWorkTableIsFilledFrom) {
-  const auto connection = emptyArchive();
+  const EmptyArchive connection;
   const Righe rows(*connection, "SELECT * FROM RepContoIndividuale WHERE 1 = 0");
   for (const std::string& column : words(kSameName)) {
     EXPECT_NE(rows.columns().find(column), Columns::kNone) << column;
@@ -183,7 +198,7 @@ TEST(RepContoIndividuale, HasWhatTheWorkTableIsFilledFrom) {
 }
 
 TEST(RepContoIndividuale, GivesOneRowForAnAccountWithNothingBesideIt) {
-  const auto connection = emptyArchive();
+  const EmptyArchive connection;
   connection->Execute(
       "INSERT INTO ContoIndividuale (IDAnagrafica, IDCausalePagamento, Anno, IDAzienda, OnorarioProvvigioni)"
       " VALUES (0, 0, 2016, 9, 100)");
@@ -245,7 +260,7 @@ void fillOneAccount(Connection& connection) {
 }
 
 TEST(RepContoIndividuale, GathersWhatStandsBesideAnAccount) {
-  const auto connection = emptyArchive();
+  const EmptyArchive connection;
   fillOneAccount(*connection);
   const Righe rows(*connection, "SELECT * FROM RepContoIndividuale WHERE Anno = 2016");
   ASSERT_EQ(rows.size(), 1u);
@@ -276,7 +291,7 @@ TEST(RepContoIndividuale, GathersWhatStandsBesideAnAccount) {
 }
 
 TEST(RepContoIndividuale, PrefersTheFiscalCodeToTheVatNumber) {
-  const auto connection = emptyArchive();
+  const EmptyArchive connection;
   fillOneAccount(*connection);
   connection->Execute("UPDATE Anagrafica SET CodiceFiscale = 'RSSMRC71C08L781I' WHERE IDAnagrafica = 7");
   EXPECT_EQ(Righe(*connection, "SELECT * FROM RepContoIndividuale").text(0, "CodiceFiscale"),
@@ -284,7 +299,7 @@ TEST(RepContoIndividuale, PrefersTheFiscalCodeToTheVatNumber) {
 }
 
 TEST(RepCompenso, GivesEachPaymentWithItsYearAndNames) {
-  const auto connection = emptyArchive();
+  const EmptyArchive connection;
   fillOneAccount(*connection);
   connection->Execute(
       "INSERT INTO Compenso (IDCompenso, IDAzienda, IDAnagrafica, IDCausalePagamento, DataPagamento,"
@@ -302,7 +317,7 @@ TEST(RepCompenso, GivesEachPaymentWithItsYearAndNames) {
 }
 
 TEST(RepPercipienteCD, GivesEachPayeeOnce) {
-  const auto connection = emptyArchive();
+  const EmptyArchive connection;
   fillOneAccount(*connection);
   connection->Execute("INSERT INTO Percipiente (IDAzienda, IDAnagrafica, Codice) VALUES (1, 999, 'P999')");
   const Righe rows(*connection, "SELECT * FROM RepPercipienteCD WHERE IDAzienda = 1 ORDER BY IDAnagrafica");
@@ -321,7 +336,7 @@ void choose(Connection& connection, int function) {
 }
 
 TEST(RepCertificazioneUnica, GivesTheChosenLineInEachYearOfItsAccount) {
-  const auto connection = emptyArchive();
+  const EmptyArchive connection;
   fillOneAccount(*connection);
   choose(*connection, 342);
   choose(*connection, 246);
@@ -332,7 +347,7 @@ TEST(RepCertificazioneUnica, GivesTheChosenLineInEachYearOfItsAccount) {
 }
 
 TEST(RepCertificazioneUnica, HasTheAmountsOfTheForm) {
-  const auto connection = emptyArchive();
+  const EmptyArchive connection;
   fillOneAccount(*connection);
   choose(*connection, 342);
   const Righe rows(*connection, "SELECT * FROM RepCertificazioneUnica WHERE Anno = 2016");
@@ -349,7 +364,7 @@ TEST(RepCertificazioneUnica, HasTheAmountsOfTheForm) {
 }
 
 TEST(RepCertificazioneUnica, HasPayeeCompanyAndCommunication) {
-  const auto connection = emptyArchive();
+  const EmptyArchive connection;
   fillOneAccount(*connection);
   connection->Execute(
       "INSERT INTO ConfigurazioneElencoCliFor (IDAzienda, CodiceFiscaleIntermediario, TipoComunicazione, "
@@ -381,7 +396,7 @@ TEST(RepCertificazioneUnica, HasPayeeCompanyAndCommunication) {
 }
 
 TEST(Moduli, TakeARowThatNamesOnlyTheFirstTwelveColumns) {
-  const auto connection = emptyArchive();
+  const EmptyArchive connection;
   connection->Execute(
       "INSERT INTO ModuloXContoIndividuale (IDModuloXContoIndividuale, IDAnagrafica, IDAzienda, "
       "IDCausalePagamento,"
