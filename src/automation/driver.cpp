@@ -28,6 +28,7 @@ Driver::Outcome Driver::drive(const std::function<void()>& entry) {
     outcome = enter(entry);
     conversation_->forgetWindows();
   } catch (const EndOfInput&) {
+    outcome = Outcome::InputEnded;
     unloadAll();
   }
   try {

@@ -20,7 +20,7 @@ class Driver : public FrontEnd {
   ~Driver() override;
   void setRunContext(ReadRunContext read);
 
-  enum class Outcome { Ended, EntryFailed };
+  enum class Outcome { Ended, EntryFailed, InputEnded };
   // Runs the entry, then what is asked for until no form is open, and writes the last line. An error that
   // leaves the entry is told in a box, after which nothing more happens. The end of the input unloads what is
   // open, at any point.

@@ -80,7 +80,8 @@ ImpostazioniToml::Contenuto ImpostazioniToml::leggi(bool mettiDaParte) {
 
 void ImpostazioniToml::scrivi(const Contenuto& contenuto) {
   std::ostringstream flusso;
-  flusso << toml::toml_formatter(contenuto.radice);
+  constexpr auto kForma = toml::toml_formatter::default_flags & ~toml::format_flags::allow_literal_strings;
+  flusso << toml::toml_formatter(contenuto.radice, kForma);
   const std::string testo = std::move(flusso).str() + "\n";
   // Never a file that cannot be read back.
   if (!toml::parse(testo))

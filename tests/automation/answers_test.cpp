@@ -225,7 +225,7 @@ TEST(Answers, TheEndOfTheInputUnloadsWithoutAQuestion) {
   EXPECT_TRUE(d.ultima()["ended"]);
   EXPECT_TRUE(d.ultima()["id"].is_null());
   EXPECT_EQ(d.ultima()["windows"], json::array());
-  EXPECT_EQ(d.esito, Driver::Outcome::Ended);
+  EXPECT_EQ(d.esito, Driver::Outcome::InputEnded);
   EXPECT_EQ(d.scarichi, 1);
 }
 
@@ -278,7 +278,7 @@ TEST(Answers, AnErrorOfTheEntryThatNobodyAnswersEndsQuietly) {
   std::istringstream in("");
   std::ostringstream out;
   Driver driver(in, out);
-  EXPECT_EQ(driver.drive([] { throw Error(5, "x"); }), Driver::Outcome::Ended);
+  EXPECT_EQ(driver.drive([] { throw Error(5, "x"); }), Driver::Outcome::InputEnded);
 }
 
 TEST(Answers, AnEntryThatShowsNothingGivesOneLine) {
@@ -296,7 +296,7 @@ TEST(Answers, AnOutputThatIsGoneEndsTheConversation) {
   out.setstate(std::ios::badbit);
   Driver driver(in, out);
   FrmProva form(driver);
-  EXPECT_EQ(driver.drive([&] { form.show(); }), Driver::Outcome::Ended);
+  EXPECT_EQ(driver.drive([&] { form.show(); }), Driver::Outcome::InputEnded);
   EXPECT_EQ(form.scarichi, 1);
 }
 

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "automation/creazione_cu.h"
+
+namespace cu {
+
+// The exit codes of every command.
+inline constexpr int kRiuscito = 0;
+inline constexpr int kRifiutato = 1;     // the wizard refused or warned, or something failed
+inline constexpr int kUsoSbagliato = 2;  // wrong usage, or a wrong profile
+
+struct OpzioniCreate {
+  std::string database;
+  std::string variabilePassword;
+  bool vuoto = false;
+  bool dimostrativo = false;  // also without it, unless told otherwise
+  std::optional<std::int32_t> percipienti;
+  std::string anni = "2014-2017";
+  std::uint64_t seme = 1;
+};
+int comandoCreate(const OpzioniCreate& opzioni);
+
+int comandoDrive(const std::string& profilo);
+
+struct OpzioniMake {
+  std::string profilo;
+  RichiestaCU richiesta;
+  bool passaAvvisi = false;
+};
+int comandoMake(const OpzioniMake& opzioni);
+
+}  // namespace cu

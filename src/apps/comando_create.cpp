@@ -1,0 +1,84 @@
+#include <filesystem>
+#include <iostream>
+#include <stdexcept>
+
+#include "apps/comune/argomenti.h"
+#include "apps/comune/connessioni.h"
+#include "comandi.h"
+#include "database/archivio.h"
+#include "suite/profilo.h"
+
+namespace cu {
+namespace {
+
+// Of the embedded engine: a file that was not there before goes with what was begun beside it.
+class FileNuovo {
+ public:
+  explicit FileNuovo(const Profilo::Database& database) {
+    std::error_code errore;
+    if (database.motore == Profilo::Motore::Sqlite && !std::filesystem::exists(database.origine, errore)) {
+      percorso_ = database.origine;
+    }
+  }
+  void togli() const {
+    if (percorso_.empty()) return;
+    for (const char* coda : {"", "-wal", "-shm", "-journal"}) {
+      std::error_code errore;
+      std::filesystem::remove(percorso_ + coda, errore);
+    }
+  }
+
+ private:
+  std::string percorso_;
+};
+
+ContenutoArchivio contenuto(const OpzioniCreate& opzioni) {
+  if (opzioni.percipienti) return ContenutoArchivio::Sintetico;
+  return opzioni.vuoto ? ContenutoArchivio::Vuoto : ContenutoArchivio::Dimostrativo;
+}
+
+const char* descrizione(ContenutoArchivio contenuto) {
+  switch (contenuto) {
+    case ContenutoArchivio::Vuoto:
+      return "vuoto, con le liste comuni a ogni azienda";
+    case ContenutoArchivio::Dimostrativo:
+      return "con l'azienda dimostrativa";
+    case ContenutoArchivio::Sintetico:
+      return "con un'azienda sintetica";
+  }
+  return "";
+}
+
+}  // namespace
+
+int comandoCreate(const OpzioniCreate& opzioni) {
+  auto database = analizzaIndirizzo(opzioni.database, std::filesystem::current_path().string());
+  if (!database) {
+    std::cerr << "--database: atteso \"sqlite:FILE\" oppure \"odbc:Driver=...;Server=...\"\n";
+    return kUsoSbagliato;
+  }
+  database->variabilePassword = opzioni.variabilePassword;
+  const auto anni = leggiAnni(opzioni.anni);
+  if (!anni) {
+    std::cerr << "--years: atteso un anno o un intervallo, come 2014-2017\n";
+    return kUsoSbagliato;
+  }
+  const OpzioniGeneratore generatore{opzioni.percipienti.value_or(0), anni->first, anni->second,
+                                     opzioni.seme};
+  const FileNuovo nuovo(*database);
+  try {
+    creaArchivio(*creaConnessione(*database), contenuto(opzioni), generatore);
+  } catch (const std::invalid_argument& errore) {
+    nuovo.togli();
+    std::cerr << errore.what() << '\n';
+    return kUsoSbagliato;
+  } catch (const std::exception& errore) {
+    nuovo.togli();
+    std::cerr << errore.what() << '\n';
+    return kRifiutato;
+  }
+  std::cout << "Database creato, " << descrizione(contenuto(opzioni)) << ": " << opzioni.database << '\n';
+  return kRiuscito;
+}
+
+}  // namespace cu

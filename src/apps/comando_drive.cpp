@@ -1,0 +1,53 @@
+#include <iostream>
+
+#include "apps/comune/impianto.h"
+#include "automation/driver.h"
+#include "comandi.h"
+
+namespace cu {
+namespace {
+
+RunContext contesto(Globali& globali) {
+  RunContext letto;
+  letto.gIDFunzione = globali.gIDFunzione;
+  letto.gAnno = globali.gAnno;
+  letto.gTabellaLavoro = globali.gTabellaLavoro;
+  letto.gTitolo = globali.gTitolo;
+  letto.gChiaveImpostazioni = globali.gChiaveImpostazioni;
+  letto.gDecimaliValuta = globali.gDecimaliValuta;
+  letto.gSimboloValuta = globali.gSimboloValuta;
+  letto.gSeparatoreDecimale = globali.gSeparatoreDecimale;
+  letto.gSeparatoreMigliaia = globali.gSeparatoreMigliaia;
+  try {
+    letto.IDUtente = globali.gSessione->IDUtente();
+    letto.IDAzienda = globali.gSessione->IDAzienda();
+    letto.IDFiliale = globali.gSessione->IDFiliale();
+  } catch (const Error&) {
+    // The session does not stand: there are no ids.
+  }
+  return letto;
+}
+
+}  // namespace
+
+int comandoDrive(const std::string& file) {
+  const Profilo profilo = leggiProfilo(file);
+  Driver driver(std::cin, std::cout);
+  Impianto impianto(profilo, driver);
+  driver.setRunContext([&] { return contesto(impianto.programma().globali()); });
+  switch (driver.drive([&] { impianto.programma().main(); })) {
+    case Driver::Outcome::EntryFailed:
+      return kRifiutato;
+    case Driver::Outcome::InputEnded:
+      return kRiuscito;
+    case Driver::Outcome::Ended:
+      break;
+  }
+  if (impianto.avvioRifiutato()) return kRifiutato;
+  if (profilo.sessione.processi.empty()) {
+    std::cerr << file << ": session.processes non indica nessun processo: non c'è nulla da fare\n";
+  }
+  return kRiuscito;
+}
+
+}  // namespace cu

@@ -1,0 +1,94 @@
+#include <filesystem>
+#include <iostream>
+
+#include "apps/comune/impianto.h"
+#include "apps/comune/riepilogo_file.h"
+#include "automation/walker.h"
+#include "comandi.h"
+
+namespace cu {
+namespace {
+
+// Lines of a box on one line of the terminal each.
+std::string righe(const std::string& testo) {
+  std::string risultato;
+  for (const char c : testo) {
+    if (c != '\r') risultato += c;
+  }
+  while (!risultato.empty() && risultato.back() == '\n') risultato.pop_back();
+  return risultato;
+}
+
+void stampaRegistro(const LogTable& registro) {
+  const auto stampaRiga = [](const auto& celle, const auto& testo) {
+    const char* separatore = "";
+    for (const auto& cella : celle) {
+      std::cout << separatore << testo(cella);
+      separatore = " | ";
+    }
+    std::cout << '\n';
+  };
+  stampaRiga(registro.columns, [](const std::string& nome) { return nome; });
+  for (const auto& riga : registro.rows) {
+    stampaRiga(riga, [](const Value& valore) { return valore.view().toText(); });
+  }
+}
+
+void stampaFile(const std::string& percorso) {
+  const RiepilogoFile riepilogo = riepiloga(percorso);
+  std::cout << "File telematico: " << percorso << '\n';
+  const auto certificazioni = riepilogo.record.find('D');
+  std::cout << "Certificazioni: " << (certificazioni == riepilogo.record.end() ? 0 : certificazioni->second)
+            << '\n';
+  std::cout << "Record:";
+  for (const auto& [tipo, quanti] : riepilogo.record) std::cout << ' ' << tipo << '=' << quanti;
+  std::cout << "\nByte: " << riepilogo.byte << '\n';
+}
+
+void stampaStampe(const std::vector<PrintNote>& stampe) {
+  for (const PrintNote& stampa : stampe) {
+    if (!stampa.file.empty()) std::cout << "Stampa: " << stampa.file << " (" << stampa.report << ")\n";
+  }
+}
+
+}  // namespace
+
+int comandoMake(const OpzioniMake& opzioni) {
+  Profilo profilo = leggiProfilo(opzioni.profilo);
+  profilo.sessione.processi = {{"Wizard stampa", 247}};
+  Walker walker;
+  walker.passWarnings = opzioni.passaAvvisi;
+  std::optional<EsitoCU> esito;
+  {
+    Impianto impianto(profilo, walker);
+    walker.runEvent([&] { impianto.programma().main(); });
+    if (walker.shown != nullptr && walker.messages.empty()) {
+      esito = creaFileCU(*walker.shown, walker, opzioni.richiesta);
+    }
+    if (walker.shown != nullptr) walker.runEvent([&] { walker.shown->close(); });
+  }
+
+  for (const Walker::Warning& avviso : walker.warnings) {
+    std::cerr << righe(avviso.text) << (avviso.passed ? " Sì (--yes)\n" : " No (--yes per proseguire)\n");
+  }
+  for (const std::string& messaggio : walker.messages) std::cerr << righe(messaggio) << '\n';
+  for (const LogTable& registro : walker.logs) stampaRegistro(registro);
+  if (!walker.logs.empty()) std::cerr << "Mancano dei dati: il file telematico non è stato creato.\n";
+  if (!esito) {
+    const bool detto = !walker.messages.empty() || !walker.logs.empty() || !walker.warnings.empty();
+    if (!detto) std::cerr << "La procedura si è fermata prima dell'avviso finale.\n";
+    return kRifiutato;
+  }
+
+  const std::string percorso = (std::filesystem::path(esito->cartella) / esito->nomeFile).string();
+  std::error_code errore;
+  if (!std::filesystem::exists(percorso, errore)) {
+    std::cerr << "La selezione non dà certificazioni: nessun file telematico è stato creato.\n";
+    return kRifiutato;
+  }
+  stampaFile(percorso);
+  stampaStampe(walker.prints);
+  return walker.messages.empty() ? kRiuscito : kRifiutato;
+}
+
+}  // namespace cu

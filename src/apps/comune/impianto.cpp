@@ -1,0 +1,20 @@
+#include "apps/comune/impianto.h"
+
+#include <iostream>
+
+#include "apps/comune/connessioni.h"
+#include "database/ricostruzione.h"
+
+namespace cu {
+
+Impianto::Impianto(const Profilo& profilo, FrontEnd& schermo)
+    : orologio_(orologio(profilo)),
+      impostazioni_(profilo.impostazioni, files_,
+                    [](const std::string& avviso) { std::cerr << avviso << '\n'; }),
+      utilita_(schermo, profilo.documenti),
+      fabbrica_(profilo, schermo,
+                {[&profilo] { return apriConnessione(profilo.database); },
+                 [] { return std::make_unique<RicostruzioneContiIndividuali>(); }}),
+      programma_(Ambiente{schermo, fabbrica_, utilita_, impostazioni_, *orologio_, files_, stampe_}) {}
+
+}  // namespace cu

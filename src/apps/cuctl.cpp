@@ -1,0 +1,185 @@
+// The program without a window.
+
+#include <CLI/CLI.hpp>
+#include <csignal>
+#include <filesystem>
+#include <functional>
+#include <iostream>
+
+#include "apps/comune/argomenti.h"
+#include "comandi.h"
+#include "suite/profilo.h"
+#include "uso.h"
+
+namespace cu {
+namespace {
+
+using Esecuzione = std::function<int()>;
+
+const char* const kData = "AAAA-MM-GG o GG/MM/AAAA";
+
+// Reads a date as it is parsed, so that a wrong one is wrong usage.
+CLI::Option* data(CLI::App& comando, const std::string& nome, std::optional<Date>& dove,
+                  const std::string& spiegazione) {
+  const auto leggi = [&dove](const CLI::results_t& valori) {
+    dove = leggiData(valori.back());
+    return dove.has_value();
+  };
+  return comando.add_option(nome, leggi, spiegazione)->type_name(kData)->expected(1);
+}
+
+void aggiungiCreate(CLI::App& programma, Esecuzione& esegui) {
+  CLI::App& comando =
+      aggiungiComando(programma, "create", "Crea il database della suite, con un'azienda o senza");
+  auto opzioni = std::make_shared<OpzioniCreate>();
+  comando.add_option("--database", opzioni->database, "sqlite:FILE oppure odbc:Driver=...;Server=...")
+      ->required()
+      ->type_name("URL");
+  comando
+      .add_option("--password-env", opzioni->variabilePassword, "Variabile con la password di un url odbc")
+      ->type_name("NOME");
+  CLI::Option* const vuoto = comando.add_flag("--empty", opzioni->vuoto, "Solo le liste, nessuna azienda");
+  CLI::Option* const demo = comando
+                                .add_flag("--demo", opzioni->dimostrativo,
+                                          "L'azienda dimostrativa; è quanto vale senza indicazioni")
+                                ->excludes(vuoto);
+  CLI::Option* const percipienti =
+      comando.add_option("--payees", opzioni->percipienti, "Un'azienda sintetica con tanti percipienti")
+          ->check(fra(1, 9999999))
+          ->type_name("N")
+          ->excludes(vuoto)
+          ->excludes(demo);
+  comando.add_option("--years", opzioni->anni, "Gli anni dell'azienda sintetica")
+      ->type_name("2014-2017")
+      ->needs(percipienti);
+  comando.add_option("--seed", opzioni->seme, "Lo stesso seme dà la stessa azienda")
+      ->type_name("S")
+      ->needs(percipienti);
+  comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoCreate(*opzioni); }; });
+}
+
+void aggiungiDrive(CLI::App& programma, Esecuzione& esegui) {
+  CLI::App& comando = aggiungiComando(
+      programma, "drive", "Guida la procedura con comandi JSON, una riga ciascuno, da un altro programma");
+  auto profilo = std::make_shared<std::string>();
+  comando.add_option("--profile", *profilo, "Il profilo TOML")->required()->type_name("FILE");
+  comando.callback([&esegui, profilo] { esegui = [profilo] { return comandoDrive(*profilo); }; });
+}
+
+// What is given on the line and has its place in the request only together with other options.
+struct OpzioniSciolte {
+  std::string protocollo;
+  std::string progressivo;
+  bool mantieni = false;
+  std::string intermediario;
+  std::optional<int> impegno;
+  std::optional<Date> dataImpegno;
+};
+
+void aggiungiRiferimenti(CLI::App& comando, OpzioniSciolte& sciolte) {
+  CLI::Option* const protocollo =
+      comando.add_option("--protocol", sciolte.protocollo, "Protocollo dell'invio da annullare o sostituire");
+  CLI::Option* const progressivo =
+      comando.add_option("--progressive", sciolte.progressivo, "Progressivo nell'invio")->needs(protocollo);
+  protocollo->needs(progressivo);
+  comando.add_flag("--keep-present", sciolte.mantieni, "Lascia i riferimenti già presenti")
+      ->needs(protocollo);
+}
+
+void aggiungiIntermediario(CLI::App& comando, OpzioniSciolte& sciolte) {
+  CLI::Option* const intermediario =
+      comando.add_option("--intermediary", sciolte.intermediario, "Codice fiscale dell'intermediario")
+          ->type_name("CF");
+  comando.add_option("--commitment", sciolte.impegno, "1: predisposta dal contribuente, 2: da chi invia")
+      ->check(fra(1, 2))
+      ->needs(intermediario);
+  data(comando, "--commitment-date", sciolte.dataImpegno, "Data dell'impegno")->needs(intermediario);
+}
+
+void raccogli(const OpzioniSciolte& sciolte, RichiestaCU& richiesta) {
+  if (!sciolte.protocollo.empty() || !sciolte.progressivo.empty()) {
+    richiesta.riferimenti = {sciolte.protocollo, sciolte.progressivo, sciolte.mantieni};
+  }
+  if (!sciolte.intermediario.empty()) {
+    richiesta.intermediario = {sciolte.intermediario, sciolte.impegno, sciolte.dataImpegno};
+  }
+}
+
+void aggiungiMake(CLI::App& programma, Esecuzione& esegui) {
+  CLI::App& comando =
+      aggiungiComando(programma, "make", "Crea il file telematico di un anno e le stampe dei moduli");
+  auto opzioni = std::make_shared<OpzioniMake>();
+  auto sciolte = std::make_shared<OpzioniSciolte>();
+  RichiestaCU& richiesta = opzioni->richiesta;
+  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE");
+  comando.add_option("--year", richiesta.anno, "Anno di pagamento dei compensi")
+      ->required()
+      ->check([](const std::string& anno) {
+        return leggiAnni(anno) && anno.size() == 4 ? std::string() : "atteso un anno di quattro cifre";
+      })
+      ->type_name("ANNO");
+  comando.add_option("--kind", richiesta.tipo, "1 comunicazione, 2 annullamento, 3 sostituzione")
+      ->check(fra(1, 3));
+  comando.add_option("--from-payee", richiesta.daPercipiente, "Dal percipiente")->type_name("CODICE");
+  comando.add_option("--to-payee", richiesta.aPercipiente, "Al percipiente")->type_name("CODICE");
+  comando.add_option("--from-reason", richiesta.daCausale, "Dalla causale pagamento")->type_name("CODICE");
+  comando.add_option("--to-reason", richiesta.aCausale, "Alla causale pagamento")->type_name("CODICE");
+  comando.add_option("--folder", richiesta.cartella, "Cartella del file")->type_name("CARTELLA");
+  data(comando, "--signature-date", richiesta.firma, "Data della firma");
+  aggiungiRiferimenti(comando, *sciolte);
+  aggiungiIntermediario(comando, *sciolte);
+  comando.add_flag("--cumulative", richiesta.stampaCumulativa, "Una stampa sola per tutti i percipienti");
+  comando.add_flag("--yes", opzioni->passaAvvisi, "Prosegue davanti agli avvisi");
+  comando.callback([&esegui, opzioni, sciolte] {
+    if (opzioni->richiesta.tipo == 1 && !sciolte->protocollo.empty()) {
+      throw CLI::ValidationError("--protocol", "serve solo con --kind 2 o --kind 3");
+    }
+    raccogli(*sciolte, opzioni->richiesta);
+    if (!opzioni->richiesta.cartella.empty()) {
+      opzioni->richiesta.cartella = std::filesystem::absolute(opzioni->richiesta.cartella).string();
+    }
+    esegui = [opzioni] { return comandoMake(*opzioni); };
+  });
+}
+
+int eseguiProgramma(int quanti, char** argomenti) {
+  CLI::App programma("Certificazione Unica e stampe dei compensi, senza finestra", "cuctl");
+  parlaItaliano(programma);
+  programma.require_subcommand(1);
+  Esecuzione esegui;
+  aggiungiCreate(programma, esegui);
+  aggiungiDrive(programma, esegui);
+  aggiungiMake(programma, esegui);
+  try {
+    programma.parse(quanti, argomenti);
+  } catch (const CLI::Success& aiuto) {
+    programma.exit(aiuto);
+    return kRiuscito;
+  } catch (const CLI::ParseError& errore) {
+    std::cerr << "cuctl: " << erroreUso(errore) << "\nPer l'aiuto: cuctl --help, cuctl COMANDO --help\n";
+    return kUsoSbagliato;
+  }
+  try {
+    return esegui();
+  } catch (const ErroreProfilo& errore) {
+    std::cerr << errore.what() << '\n';
+    return kUsoSbagliato;
+  }
+}
+
+}  // namespace
+}  // namespace cu
+
+int main(int argc, char** argv) {
+#ifdef SIGPIPE
+  // Whoever reads may go: that is told by the stream, and ends the run in order.
+  std::signal(SIGPIPE, SIG_IGN);
+#endif
+  std::ios::sync_with_stdio(false);
+  try {
+    return cu::eseguiProgramma(argc, argv);
+  } catch (const std::exception& errore) {
+    std::cerr << errore.what() << '\n';
+    return cu::kRifiutato;
+  }
+}

@@ -1,0 +1,72 @@
+#include "uso.h"
+
+#include <charconv>
+
+#include "host/text.h"
+
+namespace cu {
+namespace {
+
+struct Frase {
+  const char* nome;      // of the error
+  const char* inglese;   // a piece of the library's sentence
+  const char* italiano;  // what stands for it
+};
+
+constexpr Frase kFrasi[] = {
+    {"RequiredError", "A subcommand is required", "manca il comando"},
+    {"RequiredError", " is required", ": manca"},
+    {"ExtrasError", "The following arguments were not expected: ", "argomenti sconosciuti: "},
+    {"ExtrasError", "The following argument was not expected: ", "argomento sconosciuto: "},
+    {"ConversionError", "Could not convert: ", "valore non valido: "},
+    {"RequiresError", " requires ", " richiede "},
+    {"ExcludesError", " excludes ", " esclude "},
+};
+
+}  // namespace
+
+void parlaItaliano(CLI::App& programma) {
+  programma.set_help_flag("-h,--help", "Mostra questo aiuto");
+  const auto forma = programma.get_formatter();
+  forma->label("Usage", "Uso");
+  forma->label("OPTIONS", "OPZIONI");
+  forma->label("SUBCOMMAND", "COMANDO");
+  forma->label("REQUIRED", "(obbligatoria)");
+  forma->label("Needs", "Con");
+  forma->label("Excludes", "Senza");
+  programma.get_help_ptr()->group("Opzioni");
+  programma.option_defaults()->group("Opzioni");
+}
+
+CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const std::string& spiegazione) {
+  CLI::App* const comando = programma.add_subcommand(nome, spiegazione)->group("Comandi");
+  comando->get_help_ptr()->group("Opzioni");
+  return *comando;
+}
+
+std::string erroreUso(const CLI::ParseError& errore) {
+  const std::string testo = errore.what();
+  for (const Frase& frase : kFrasi) {
+    const std::size_t dove = testo.find(frase.inglese);
+    if (errore.get_name() != frase.nome || dove == std::string::npos) continue;
+    std::string tradotto = testo;
+    return tradotto.replace(dove, std::string_view(frase.inglese).size(), frase.italiano);
+  }
+  if (errore.get_name() == "ArgumentMismatch") return testo.substr(0, testo.find(':')) + ": manca il valore";
+  return testo;
+}
+
+CLI::Validator fra(int minimo, int massimo) {
+  const std::string limiti = fromInteger(minimo) + " a " + fromInteger(massimo);
+  return {[minimo, massimo, limiti](const std::string& testo) -> std::string {
+            int numero = 0;
+            const char* const fine = testo.data() + testo.size();
+            const auto letto = std::from_chars(testo.data(), fine, numero);
+            const bool valido =
+                letto.ec == std::errc() && letto.ptr == fine && numero >= minimo && numero <= massimo;
+            return valido ? std::string() : "atteso un numero da " + limiti;
+          },
+          "da " + limiti};
+}
+
+}  // namespace cu

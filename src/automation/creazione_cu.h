@@ -1,0 +1,47 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "automation/walker.h"
+#include "host/date.h"
+
+namespace cu {
+
+// What a person would enter on the wizard's steps to make the telematic file of one year.
+struct RichiestaCU {
+  std::string anno;
+  int tipo = 1;  // 1 communication, 2 annulment, 3 replacement
+  // Bounds of the ranges, by code; a code that no row has is a bound all the same.
+  std::optional<std::string> daPercipiente;
+  std::optional<std::string> aPercipiente;
+  std::optional<std::string> daCausale;
+  std::optional<std::string> aCausale;
+  std::string cartella;  // "" keeps the folder that the wizard proposes
+  std::optional<Date> firma;
+  struct Riferimenti {
+    std::string protocollo;
+    std::string progressivo;
+    bool mantieniPresenti = false;
+  };
+  std::optional<Riferimenti> riferimenti;
+  struct Intermediario {
+    std::string codiceFiscale;
+    std::optional<int> impegno;  // 1 or 2
+    std::optional<Date> data;
+  };
+  std::optional<Intermediario> intermediario;
+  bool stampaCumulativa = false;
+};
+
+// What the notice at the end said.
+struct EsitoCU {
+  std::string nomeFile;
+  std::string cartella;
+};
+
+// Walks the wizard, which stands on its first step, in the run mode of the telematic file to the notice, by
+// its controls alone. Nothing when it stopped on the way: the walker's messages, warnings and logs tell why.
+std::optional<EsitoCU> creaFileCU(Form& wizard, Walker& walker, const RichiestaCU& richiesta);
+
+}  // namespace cu

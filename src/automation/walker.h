@@ -1,0 +1,60 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/frontend.h"
+
+namespace cu {
+
+// Stands before the wizard by itself: boxes are answered by a rule, each modal form is done by the steps
+// given for its name, and everything that was told is kept.
+class Walker : public FrontEnd {
+ public:
+  using Steps = std::function<void(Form& form)>;
+
+  // A warning, that is a box with OK and Cancel, is passed only if so wanted.
+  bool passWarnings = false;
+  std::string folder;  // the answer of the folder dialog
+  void onForm(const std::string& name, Steps steps) { steps_[name] = std::move(steps); }
+
+  struct Warning {
+    std::string text;
+    bool passed;
+  };
+  std::vector<std::string> messages;  // what was refused, and errors that nothing caught
+  std::vector<Warning> warnings;
+  std::vector<LogTable> logs;
+  std::vector<PrintNote> prints;
+  Form* shown = nullptr;  // the last form that opened beside the others
+
+  void show(Form& form) override { shown = &form; }
+  // A form that is still open after its steps, or has none, is closed.
+  void showModal(Form& form) override;
+  void closed(Form& form) override;
+  Answer messageBox(const MessageBox& box) override;
+  void error(const Error& error) override { messages.push_back(error.description()); }
+  std::string chooseFolder(const std::string& title, const std::optional<std::string>& start) override;
+  std::optional<PrinterChoice> choosePrinter() override { return std::nullopt; }
+  std::optional<std::string> chooseFileToSave(const std::string& title, const std::string& start,
+                                              const std::string& filter) override;
+  void showLog(const LogTable& log) override { logs.push_back(log); }
+  void preview(const std::string&, const std::vector<std::string>&) override {}
+  void popup(MenuBar&, const std::string&) override {}
+  void help(const std::string&, int, std::int32_t) override {}
+  void open(const std::string&, const std::string&) override {}
+  void viewText(const std::string&) override {}
+  void printed(const PrintNote& note) override { prints.push_back(note); }
+  void beep() override {}
+  void setPointer(int pointer) override { pointer_ = pointer; }
+  int pointer() const override { return pointer_; }
+
+ private:
+  std::map<std::string, Steps> steps_;
+  int pointer_ = kPointerDefault;
+};
+
+}  // namespace cu
