@@ -1,0 +1,135 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "host/error.h"
+#include "worklist/compensi_prova.h"
+#include "worklist/tabella_lavoro.h"
+
+namespace cu::test {
+namespace {
+
+using testing::ElementsAre;
+
+class Load : public testing::Test, public CompensiProva {
+ protected:
+  const Filtri filtri = filtriDi("2016");
+};
+
+TEST_F(Load, DropsCreatesAndFillsTheTableAndThenReadsIt) {
+  std::vector<std::string> ordine;
+  const auto nota = [&ordine](const char* passo) {
+    return [&ordine, passo](std::string_view) {
+      ordine.emplace_back(passo);
+      return Table();
+    };
+  };
+  database.internal.answerContaining("drop table", nota("elimina"));
+  database.internal.answerContaining("CREATE TABLE", nota("crea"));
+  database.internal.answerContaining("INSERT INTO tmpprequadrivio12", nota("riempie"));
+  database.main.answerContaining("tmpprequadrivio12", [&ordine](std::string_view) {
+    ordine.emplace_back("legge");
+    return workTable({});
+  });
+  compensi.sbCreaTabellaLavoro(filtri);
+  EXPECT_THAT(ordine, ElementsAre("elimina", "crea", "riempie", "legge"));
+}
+
+TEST_F(Load, TheThreeStatementsGoToTheServerAsTheyStandAndOnlyTheTablesNameIsAdapted) {
+  database.main.answer("[tmpprequadrivio12]", workTable({}));
+  utilita.adapt = [](const std::string& testo) { return "[" + testo + "]"; };
+  compensi.sbCreaTabellaLavoro(filtri);
+  EXPECT_THAT(istruzioni(),
+              ElementsAre(fnEliminaTabella("tmpprequadrivio12"), fnCreaTabella("tmpprequadrivio12"),
+                          "INSERT INTO tmpprequadrivio12 " + fnSelectCompensi(filtri, 1, utilita)));
+  EXPECT_THAT(database.main.texts(), ElementsAre("[tmpprequadrivio12]"));
+  EXPECT_THAT(utilita.adapted, ElementsAre("tmpprequadrivio12"));
+}
+
+TEST_F(Load, NamesTheTableInTheRunContext) {
+  EXPECT_EQ(globali.gTabellaLavoro, "");
+  carica({});
+  EXPECT_EQ(globali.gTabellaLavoro, "tmpprequadrivio12");
+}
+
+TEST_F(Load, RunsUnderTheHourglass) {
+  int durante = -1;
+  database.internal.answerContaining("drop table", [&](std::string_view) {
+    durante = frontEnd.pointer();
+    return Table();
+  });
+  database.main.answer("tmpprequadrivio12", workTable({}));
+  compensi.sbCreaTabellaLavoro(filtri);
+  EXPECT_EQ(durante, 11);
+  EXPECT_THAT(frontEnd.pointers, ElementsAre(11, 0));
+}
+
+TEST_F(Load, BindsTheRowsToTheGrid) {
+  carica({workRow(1, 1), workRow(2, 1), workRow(3, 1)});
+  EXPECT_EQ(finestra.griglia.rows(), &compensi.rsCompensi());
+  EXPECT_EQ(finestra.griglia.rowCount(), 3U);
+  EXPECT_EQ(finestra.griglia.row(), 1U);
+}
+
+TEST_F(Load, CountsTheSelectedRowsWithoutAskingTheDatabase) {
+  compensi.sbFormattaGriglia(1);
+  EXPECT_EQ(didascaliaConteggio(), "[ 0 ]");
+  database.main.answer("tmpprequadrivio12",
+                       workTable({workRow(1, 1), workRow(2, 1, {{"Selezionato", whole(0)}}), workRow(3, 1)}));
+  compensi.sbCreaTabellaLavoro(filtri);
+  EXPECT_EQ(didascaliaConteggio(), "[ 2 ]");
+  EXPECT_THAT(database.main.texts(), ElementsAre("tmpprequadrivio12"));
+  EXPECT_EQ(compensi.rsCompensi().Filter(), "");
+  EXPECT_EQ(compensi.rsCompensi().RecordCount(), 3U);
+}
+
+TEST_F(Load, AFilterThatMatchesNoRowGivesAnEmptyGrid) {
+  compensi.sbFormattaGriglia(1);
+  carica({});
+  EXPECT_EQ(finestra.griglia.rowCount(), 0U);
+  EXPECT_EQ(finestra.griglia.row(), 0U);
+  EXPECT_EQ(didascaliaConteggio(), "[ 0 ]");
+  EXPECT_TRUE(compensi.fnNessunaSelezione());
+}
+
+TEST_F(Load, ReadsTheTableAnewAndForgetsTheRowsBefore) {
+  carica({workRow(1, 1)});
+  compensi.rsCompensi().Set("AmmontareLordo", amount("5"));
+  compensi.rsCompensi().Update();
+  carica({workRow(1, 1), workRow(2, 1)});
+  EXPECT_EQ(compensi.rsCompensi().RecordCount(), 2U);
+  EXPECT_EQ(valore("AmmontareLordo"), "0");
+}
+
+TEST_F(Load, TheRowsCanBeChangedInMemory) {
+  carica({workRow(1, 1)});
+  compensi.rsCompensi().Set("Codice", text("M"));
+  compensi.rsCompensi().Update();
+  EXPECT_EQ(valore("Codice"), "M");
+  EXPECT_THAT(istruzioni(), ElementsAre());
+}
+
+// A row that the key or a NOT NULL column refuses, for one.
+TEST_F(Load, ARefusedStatementRisesAndTheHourglassStays) {
+  database.internal.refuseContaining("INSERT INTO", DatabaseErrorKind::Constraint, "Riga duplicata.");
+  try {
+    compensi.sbCreaTabellaLavoro(filtri);
+    FAIL() << "the error did not rise";
+  } catch (const DatabaseError& errore) {
+    EXPECT_EQ(errore.kind(), DatabaseErrorKind::Constraint);
+  }
+  EXPECT_THAT(frontEnd.pointers, ElementsAre(11));
+  EXPECT_FALSE(compensi.rsCompensi().IsOpen());
+}
+
+TEST_F(Load, AfterARefusedOneTheNextOneStartsAfresh) {
+  carica({workRow(1, 1)});
+  database.internal.refuseContaining("INSERT INTO");
+  EXPECT_THROW(compensi.sbCreaTabellaLavoro(filtri), DatabaseError);
+  EXPECT_EQ(finestra.griglia.rowCount(), 0U);
+  database.internal.answerContaining("INSERT INTO", Table());
+  carica({workRow(1, 1), workRow(2, 1)});
+  EXPECT_EQ(finestra.griglia.rowCount(), 2U);
+}
+
+}  // namespace
+}  // namespace cu::test

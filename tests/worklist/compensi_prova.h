@@ -1,0 +1,68 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/form.h"
+#include "host/grid.h"
+#include "shell/context/globali.h"
+#include "support/fake_session.h"
+#include "support/scripted_front_end.h"
+#include "support/simple_utility.h"
+#include "support/work_table.h"
+#include "worklist/compensi.h"
+
+namespace cu::test {
+
+inline Filtri filtriDi(const std::string& anno) {
+  Filtri filtri;
+  filtri.anno = anno;
+  return filtri;
+}
+
+// The worklist of user 12, company 1, over a database that only notes what it is sent.
+struct CompensiProva {
+  class Finestra : public Form {
+   public:
+    explicit Finestra(FrontEnd& schermo)
+        : Form(schermo, "frmWizard"), griglia(*this, "grdCompensi", nullptr) {}
+    Grid griglia;
+  };
+
+  CompensiProva() {
+    globali.gSessione = std::make_unique<FakeSession>(database);
+    contate("SELECT COUNT(Selezionato) FROM tmpprequadrivio12 WHERE Selezionato = 1", 0);
+  }
+
+  // Rows of the work table as the next load finds them, and that load.
+  void carica(const std::vector<WorkRow>& righe) {
+    database.main.answer("tmpprequadrivio12", workTable(righe));
+    compensi.sbCreaTabellaLavoro(filtriDi("2016"));
+    database.main.sent.clear();
+    database.internal.sent.clear();
+    utilita.adapted.clear();
+    frontEnd.pointers.clear();
+  }
+  void contate(const std::string& testo, std::int64_t righe) {
+    database.main.answer(testo, Table({"COUNT"}, {{whole(righe)}}));
+  }
+  std::vector<std::string> istruzioni() const { return database.internal.texts(); }
+  std::string valore(const char* campo) { return compensi.rsCompensi().Get(campo).toText(); }
+  std::string didascaliaConteggio() { return finestra.griglia.column("Selezionato")->caption; }
+
+  ScriptedFrontEnd frontEnd;
+  SimpleUtility utilita{frontEnd};
+  FakeDatabase database;
+  Globali globali;
+  Finestra finestra{frontEnd};
+  Compensi compensi{globali, utilita, frontEnd, finestra.griglia};
+};
+
+// The key of a row of the year 2016 and the company 1, as every statement on one row ends.
+inline std::string chiave(int idAnagrafica, int idCausale) {
+  return " WHERE Anno = 2016 AND IDAnagrafica = " + std::to_string(idAnagrafica) +
+         " AND IDAzienda = 1 AND IDCausalePagamento = " + std::to_string(idCausale);
+}
+
+}  // namespace cu::test

@@ -1,0 +1,147 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "host/error.h"
+#include "worklist/compensi_prova.h"
+
+namespace cu::test {
+namespace {
+
+using testing::ElementsAre;
+
+std::string riferimenti(const std::string& protocollo, const std::string& progressivo, int modificato,
+                        int idAnagrafica) {
+  return "UPDATE tmpprequadrivio12 SET ProtocolloAnnSost = " + protocollo +
+         ", ProgressivoAnnSost = " + progressivo + ", Modificato = " + std::to_string(modificato) +
+         chiave(idAnagrafica, 1);
+}
+
+WorkRow con(int idAnagrafica, const Value& protocollo, const Value& progressivo, int modificato = 0) {
+  return workRow(idAnagrafica, 1,
+                 {{"ProtocolloAnnSost", protocollo},
+                  {"ProgressivoAnnSost", progressivo},
+                  {"Modificato", whole(modificato)}});
+}
+
+class References : public testing::Test, public CompensiProva {};
+
+TEST_F(References, ReplaceWhatEverySelectedRowHolds) {
+  carica({con(1, null(), null()), con(2, text("123"), text("4")), con(3, text(""), text("5"), -1)});
+  compensi.sbAggiornaProtocolli("17012345678901234", "000007", true);
+  EXPECT_THAT(istruzioni(), ElementsAre(riferimenti("'17012345678901234'", "'000007'", 1, 1),
+                                        riferimenti("'17012345678901234'", "'000007'", 1, 2),
+                                        riferimenti("'17012345678901234'", "'000007'", 1, 3)));
+  EXPECT_EQ(valore("ProtocolloAnnSost"), "17012345678901234");
+  EXPECT_EQ(valore("ProgressivoAnnSost"), "000007");
+  EXPECT_EQ(valore("Modificato"), "-1");
+}
+
+TEST_F(References, TheStatementIsSentWordForWord) {
+  carica({con(1, null(), null())});
+  compensi.sbAggiornaProtocolli("12", "3", true);
+  EXPECT_THAT(istruzioni(),
+              ElementsAre("UPDATE tmpprequadrivio12 SET ProtocolloAnnSost = '12', ProgressivoAnnSost = '3',"
+                          " Modificato = 1 WHERE Anno = 2016 AND IDAnagrafica = 1 AND IDAzienda = 1"
+                          " AND IDCausalePagamento = 1"));
+}
+
+TEST_F(References, OnlyTheProtocolGivenEmptiesTheProgressiveNumberWhereOverwritten) {
+  carica({con(1, null(), text("4"))});
+  compensi.sbAggiornaProtocolli("12", "", true);
+  EXPECT_THAT(istruzioni(), ElementsAre(riferimenti("'12'", "''", 1, 1)));
+  EXPECT_EQ(valore("ProgressivoAnnSost"), "");
+}
+
+TEST_F(References, WithoutOverwritingOnlyTheEmptyOneIsFilled) {
+  carica({con(1, text("99"), text("  "))});
+  compensi.sbAggiornaProtocolli("12", "3", false);
+  EXPECT_THAT(istruzioni(), ElementsAre(riferimenti("'99'", "'3'", 1, 1)));
+  EXPECT_EQ(valore("ProtocolloAnnSost"), "99");
+  EXPECT_EQ(valore("Modificato"), "-1");
+}
+
+TEST_F(References, WithoutOverwritingAnEmptyProtocolIsFilledToo) {
+  carica({con(1, null(), text("4"))});
+  compensi.sbAggiornaProtocolli("12", "3", false);
+  EXPECT_THAT(istruzioni(), ElementsAre(riferimenti("'12'", "'4'", 1, 1)));
+}
+
+TEST_F(References, ARowThatHasBothKeepsThemYetItsStatementRuns) {
+  carica({con(1, text("99"), text("4"))});
+  compensi.sbAggiornaProtocolli("12", "3", false);
+  EXPECT_THAT(istruzioni(), ElementsAre(riferimenti("'99'", "'4'", 0, 1)));
+  EXPECT_EQ(valore("Modificato"), "0");
+}
+
+TEST_F(References, TheChangedMarkIsWrittenAsAnAbsoluteValueAndNullAsZero) {
+  carica({con(1, text("99"), text("4"), -1), workRow(2, 1,
+                                                     {{"ProtocolloAnnSost", text("99")},
+                                                      {"ProgressivoAnnSost", text("4")},
+                                                      {"Modificato", null()}})});
+  compensi.sbAggiornaProtocolli("12", "3", false);
+  EXPECT_THAT(istruzioni(), ElementsAre(riferimenti("'99'", "'4'", 1, 1), riferimenti("'99'", "'4'", 0, 2)));
+}
+
+TEST_F(References, RowsNotSelectedAreNeverTouched) {
+  WorkRow deselezionata = con(1, null(), null());
+  deselezionata["Selezionato"] = whole(0);
+  WorkRow nulla = con(2, null(), null());
+  nulla["Selezionato"] = null();
+  carica({deselezionata, nulla, con(3, null(), null())});
+  compensi.sbAggiornaProtocolli("12", "3", true);
+  EXPECT_THAT(istruzioni(), ElementsAre(riferimenti("'12'", "'3'", 1, 3)));
+  compensi.rsCompensi().MoveFirst();
+  EXPECT_EQ(valore("ProtocolloAnnSost"), "");
+  EXPECT_EQ(valore("Modificato"), "0");
+}
+
+TEST_F(References, AnApostropheReachesTheStatementOnlyAsALiteral) {
+  carica({con(1, null(), null())});
+  compensi.sbAggiornaProtocolli("'; --", "'", true);
+  EXPECT_THAT(istruzioni(), ElementsAre(riferimenti("'''; --'", "''''", 1, 1)));
+}
+
+TEST_F(References, TheCurrentRowIsTheOneThatWasCurrentBefore) {
+  carica({con(1, null(), null()), con(2, null(), null()), con(3, null(), null())});
+  compensi.rsCompensi().MoveNext();
+  compensi.sbAggiornaProtocolli("12", "3", true);
+  EXPECT_EQ(finestra.griglia.row(), 2U);
+}
+
+TEST_F(References, TheGridStandsStillMeanwhileAndIsDrawnAnewAtTheEnd) {
+  carica({con(1, null(), null())});
+  bool disegno = true;
+  int mostrate = 0;
+  database.internal.answerContaining("UPDATE", [&](std::string_view) {
+    disegno = finestra.griglia.drawing();
+    return Table();
+  });
+  finestra.griglia.onRowChange = [&] { ++mostrate; };
+  compensi.sbAggiornaProtocolli("12", "3", true);
+  EXPECT_FALSE(disegno);
+  EXPECT_TRUE(finestra.griglia.drawing());
+  EXPECT_EQ(mostrate, 1);
+}
+
+TEST_F(References, AreAdaptedBeforeTheyRun) {
+  carica({con(1, null(), null())});
+  utilita.adapt = [](const std::string& testo) { return testo + " --"; };
+  compensi.sbAggiornaProtocolli("12", "3", true);
+  EXPECT_THAT(istruzioni(), ElementsAre(riferimenti("'12'", "'3'", 1, 1) + " --"));
+}
+
+TEST_F(References, OnAnEmptyGridDoNothing) {
+  carica({});
+  compensi.sbAggiornaProtocolli("12", "3", true);
+  EXPECT_THAT(istruzioni(), ElementsAre());
+}
+
+TEST_F(References, ARefusedStatementRisesAndTheGridDrawsAgain) {
+  carica({con(1, null(), null())});
+  database.internal.refuseContaining("UPDATE");
+  EXPECT_THROW(compensi.sbAggiornaProtocolli("12", "3", true), DatabaseError);
+  EXPECT_TRUE(finestra.griglia.drawing());
+}
+
+}  // namespace
+}  // namespace cu::test
