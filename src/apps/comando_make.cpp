@@ -1,4 +1,4 @@
-#include <filesystem>
+#include <algorithm>
 #include <iostream>
 
 #include "apps/comune/impianto.h"
@@ -45,6 +45,17 @@ void stampaFile(const std::string& percorso) {
   std::cout << "\nByte: " << riepilogo.byte << '\n';
 }
 
+// The file written that is no print.
+std::optional<std::string> fileTelematico(const std::vector<std::string>& scritti,
+                                          const std::vector<PrintNote>& stampe) {
+  for (const std::string& percorso : scritti) {
+    const bool stampa = std::any_of(stampe.begin(), stampe.end(),
+                                    [&](const PrintNote& nota) { return nota.file == percorso; });
+    if (!stampa) return percorso;
+  }
+  return {};
+}
+
 void stampaStampe(const std::vector<PrintNote>& stampe) {
   for (const PrintNote& stampa : stampe) {
     if (!stampa.file.empty()) std::cout << "Stampa: " << stampa.file << " (" << stampa.report << ")\n";
@@ -58,15 +69,11 @@ int comandoMake(const OpzioniMake& opzioni) {
   profilo.sessione.processi = {{"Wizard stampa", 247}};
   Walker walker;
   walker.passWarnings = opzioni.passaAvvisi;
-  std::optional<EsitoCU> esito;
-  {
-    Impianto impianto(profilo, walker);
-    walker.runEvent([&] { impianto.programma().main(); });
-    if (walker.shown != nullptr && walker.messages.empty()) {
-      esito = creaFileCU(*walker.shown, walker, opzioni.richiesta);
-    }
-    if (walker.shown != nullptr) walker.runEvent([&] { walker.shown->close(); });
-  }
+  Impianto impianto(profilo, walker);
+  walker.runEvent([&] { impianto.programma().main(); });
+  const bool riuscito = walker.shown != nullptr && walker.messages.empty() &&
+                        creaFileCU(*walker.shown, walker, opzioni.richiesta);
+  if (walker.shown != nullptr) walker.runEvent([&] { walker.shown->close(); });
 
   for (const Walker::Warning& avviso : walker.warnings) {
     std::cerr << righe(avviso.text) << (avviso.passed ? " Sì (--yes)\n" : " No (--yes per proseguire)\n");
@@ -74,19 +81,17 @@ int comandoMake(const OpzioniMake& opzioni) {
   for (const std::string& messaggio : walker.messages) std::cerr << righe(messaggio) << '\n';
   for (const LogTable& registro : walker.logs) stampaRegistro(registro);
   if (!walker.logs.empty()) std::cerr << "Mancano dei dati: il file telematico non è stato creato.\n";
-  if (!esito) {
+  if (!riuscito) {
     const bool detto = !walker.messages.empty() || !walker.logs.empty() || !walker.warnings.empty();
-    if (!detto) std::cerr << "La procedura si è fermata prima dell'avviso finale.\n";
+    if (!detto) std::cerr << "La procedura si è fermata prima della fine.\n";
     return kRifiutato;
   }
-
-  const std::string percorso = (std::filesystem::path(esito->cartella) / esito->nomeFile).string();
-  std::error_code errore;
-  if (!std::filesystem::exists(percorso, errore)) {
+  const auto telematico = fileTelematico(impianto.fileScritti(), walker.prints);
+  if (!telematico) {
     std::cerr << "La selezione non dà certificazioni: nessun file telematico è stato creato.\n";
     return kRifiutato;
   }
-  stampaFile(percorso);
+  stampaFile(*telematico);
   stampaStampe(walker.prints);
   return walker.messages.empty() ? kRiuscito : kRifiutato;
 }

@@ -23,10 +23,10 @@ class Percorso {
   Percorso(Form& wizard, Walker& walker, const RichiestaCU& richiesta)
       : wizard_(wizard), walker_(walker), richiesta_(richiesta) {}
 
-  std::optional<EsitoCU> percorri() {
+  bool percorri() {
     walker_.folder = richiesta_.cartella;
     walker_.onForm("frmProtocollo", [this](Form& form) { scriviRiferimenti(form); });
-    walker_.onForm("frmMsgLink", [this](Form& form) { leggiEsito(form); });
+    walker_.onForm("frmMsgLink", [this](Form& form) { clickOn(controllo(form, "Command1")); });
     primoPasso();
     avanti(1);
     if (richiesta_.riferimenti) premi("cmdProtocollo");
@@ -34,7 +34,7 @@ class Percorso {
     ultimoPasso();
     // The file may stand although something that came behind it was told.
     clickOn(controllo("cmdNav(4)"));
-    return esito_;
+    return passo(wizard_) == 0;
   }
 
  private:
@@ -124,37 +124,24 @@ class Percorso {
     }
   }
 
-  // The name stands on the second line of the text, the folder is the link.
-  void leggiEsito(Form& form) {
-    const std::string testo = controllo(form, "lblUser").caption();
-    const std::size_t inizio = testo.find("\r\n");
-    if (inizio != std::string::npos) {
-      const std::size_t fine = testo.find("\r\n", inizio + 2);
-      esito_ = EsitoCU{testo.substr(inizio + 2, fine == std::string::npos ? fine : fine - inizio - 2),
-                       controllo(form, "lblLink").caption()};
-    }
-    clickOn(controllo(form, "Command1"));
-  }
-
   Form& wizard_;
   Walker& walker_;
   const RichiestaCU& richiesta_;
-  std::optional<EsitoCU> esito_;
 };
 
 }  // namespace
 
-std::optional<EsitoCU> creaFileCU(Form& wizard, Walker& walker, const RichiestaCU& richiesta) {
+bool creaFileCU(Form& wizard, Walker& walker, const RichiestaCU& richiesta) {
   Percorso percorso(wizard, walker, richiesta);
-  std::optional<EsitoCU> esito;
+  bool riuscito = false;
   walker.runEvent([&] {
     try {
-      esito = percorso.percorri();
+      riuscito = percorso.percorri();
     } catch (const Refused& rifiuto) {
       if (!rifiuto.reason.empty()) walker.messages.push_back(rifiuto.reason);
     }
   });
-  return esito;
+  return riuscito;
 }
 
 }  // namespace cu

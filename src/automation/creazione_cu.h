@@ -34,14 +34,9 @@ struct RichiestaCU {
   bool stampaCumulativa = false;
 };
 
-// What the notice at the end said.
-struct EsitoCU {
-  std::string nomeFile;
-  std::string cartella;
-};
-
-// Walks the wizard, which stands on its first step, in the run mode of the telematic file to the notice, by
-// its controls alone. Nothing when it stopped on the way: the walker's messages, warnings and logs tell why.
-std::optional<EsitoCU> creaFileCU(Form& wizard, Walker& walker, const RichiestaCU& richiesta);
+// Walks the wizard, which stands on its first step, in the run mode of the telematic file through the notice
+// back to the first step, by its controls alone. False when it stopped on the way: the walker's messages,
+// warnings and logs tell why.
+[[nodiscard]] bool creaFileCU(Form& wizard, Walker& walker, const RichiestaCU& richiesta);
 
 }  // namespace cu

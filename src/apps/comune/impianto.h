@@ -2,10 +2,10 @@
 
 #include <memory>
 
+#include "apps/comune/file_annotati.h"
 #include "shell/mod_main.h"
 #include "suite/catalogo_stampe.h"
 #include "suite/fabbrica.h"
-#include "suite/file_system.h"
 #include "suite/impostazioni.h"
 #include "suite/orologio.h"
 #include "suite/profilo.h"
@@ -20,11 +20,13 @@ class Impianto {
   Impianto(const Profilo& profilo, FrontEnd& schermo);
 
   ModMain& programma() { return programma_; }
+  // Paths of the files opened for output, in order.
+  const std::vector<std::string>& fileScritti() const { return files_.aperti(); }
   bool avvioRifiutato() const { return fabbrica_.avvioRifiutato(); }
 
  private:
   std::unique_ptr<Clock> orologio_;
-  FileSystemPiattaforma files_;
+  FileSystemAnnotato files_;
   CatalogoStampe stampe_;
   ImpostazioniToml impostazioni_;
   UtilitaItaliana utilita_;
