@@ -1,0 +1,209 @@
+// Composing and writing the records D and H from rows in memory: the product's writers beside a composer
+// written by hand for this one form. Both write the same bytes, which is checked first, into blocks that go
+// nowhere.
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/filesystem.h"
+#include "telematic/cu_file_seq.h"
+#include "telematic/prova.h"
+#include "telematic_a_mano.h"
+
+namespace {
+
+using namespace cu;
+using test::amount;
+using test::text;
+using test::whole;
+
+constexpr std::size_t kRows = 2000;
+constexpr std::size_t kBlock = 552 * 1900;
+
+// Gathers blocks as the platform's file does; keeps all of it only for the comparison.
+class Blocks : public OutputFile {
+ public:
+  explicit Blocks(std::string* whole) : whole_(whole) { block_.reserve(kBlock); }
+  void write(std::string_view bytes) override {
+    if (block_.size() + bytes.size() > kBlock) flush();
+    block_.append(bytes);
+  }
+  void close() override { flush(); }
+
+ private:
+  void flush() {
+    if (whole_ != nullptr) whole_->append(block_);
+    benchmark::DoNotOptimize(block_.data());
+    block_.clear();
+  }
+  std::string block_;
+  std::string* whole_;
+};
+
+class BlockFiles : public test::MemoryFileSystem {
+ public:
+  std::string* whole = nullptr;
+  std::unique_ptr<OutputFile> openForOutput(const std::string&) override {
+    return std::make_unique<Blocks>(whole);
+  }
+};
+
+// An ordinary company: most payees are residents with a handful of amounts; one in eight has contributions,
+// one in ten comes from abroad, one in six has an accent in the name, one in five a further module.
+test::Contenuti payee(std::size_t n) {
+  const auto number = static_cast<std::int64_t>(n);
+  test::Contenuti row = {
+      {"CodiceFiscaleAz", text("01234567890")},
+      {"AnagraficaAz", text("Società Agricola Valpolicella s.r.l.")},
+      {"ComuneAz", text("Verona")},
+      {"SiglaProvinciaAz", text("VR")},
+      {"CapAz", text("37121")},
+      {"IndirizzoAz", text("Via Giuseppe Mazzini 112")},
+      {"TelefonoAz", text("045 123 4567")},
+      {"EMailInternetAz", text("amministrazione@valpolicella.it")},
+      {"CodiceAttivita", text("011000")},
+      {"CodiceFiscale", text("RSSMRA80A01L78" + std::to_string(n % 10) + "X")},
+      {"Anagrafica", text(n % 6 == 0 ? "Nicolò Dell'Aquilà" : "Bianchi")},
+      {"Nome", text("Giovanni " + std::to_string(n % 40))},
+      {"PersonaFisica", whole(1)},
+      {"Sesso", text("M")},
+      {"DataNascita", test::day(1960 + static_cast<int>(n % 40), 1 + static_cast<int>(n % 12), 15)},
+      {"ComuneNascita", text("San Giovanni Lupatoto")},
+      {"ProvinciaNascita", text("VR")},
+      {"NonResidente", whole(n % 10 == 0 ? 1 : 0)},
+      {"ComuneRes", text("München")},
+      {"Indirizzo", text("Leopoldstraße 12")},
+      {"PrefissoInternazionaleRes", text("094")},
+      {"ComuneResidenzaAnnoCorr", text(n % 4 == 0 ? "Villafranca di Verona" : "")},
+      {"Codice", text(n % 7 == 0 ? "N" : "A")},
+      {"Anno", whole(2016)},
+      {"Anticipazione", whole(0)},
+      {"AmmontareLordo", amount(std::to_string(1000 + number * 7) + ".35")},
+      {"SommeNonSoggetteARitenuta", amount(n % 3 == 0 ? "120.5" : "0")},
+      {"Imponibile", amount(std::to_string(1000 + number * 7) + ".35")},
+      {"RitenuteAcconto", amount(std::to_string(200 + number) + ".07")},
+      {"AddRegionAcconto", amount("12.3")},
+      {"SpeseRimborsate", amount("0")},
+      {"ContributiCaricoAzienda", amount(n % 8 == 0 ? "300" : "0")},
+      {"ContributiCaricoPercipiente", amount(n % 8 == 0 ? "150" : "0")},
+      {"CUCodiceFiscale", text("80078750587")},
+      {"CUDenominazioneEntePrevidenziale", text("ISTITUTO NAZIONALE PREVIDENZA SOCIALE")},
+      {"CUCodiceCategoriaEntePrevidenziale", text("1")}};
+  for (const char* zero :
+       {"RitenuteImposta", "RitenuteSospese", "AltriSoggettiImponibile", "PignoramentoTerziSommeErogate1",
+        "IndennitaEsproprioSommeCorrisposte1", "AltreIndennitaSommeCorrisposte1"}) {
+    row[zero] = amount("0");
+  }
+  return row;
+}
+
+struct Rows {
+  Rows() : principali(make(false)), moduli(make(true)) {}
+  static test::Table make(bool modules) {
+    std::vector<test::Contenuti> rows;
+    for (std::size_t n = 0; n < kRows; ++n) {
+      if (!modules) {
+        rows.push_back(payee(n));
+      } else {
+        rows.push_back({{"AnnoModulo", whole(2012)},
+                        {"SommeNonSoggette", amount("55.1")},
+                        {"ImponibileAnniPrec", amount("10")}});
+      }
+    }
+    return modules ? test::rispostaModuli(rows) : test::rispostaPrincipale(rows);
+  }
+  test::Righe principali;
+  test::Righe moduli;
+};
+
+const Rows& rows() {
+  static const Rows all;
+  return all;
+}
+
+const Date kSignature = Date::fromYmd(2017, 2, 28).value();
+constexpr std::string_view kCompany = "01234567890";
+
+void ours(std::string* whole) {
+  static test::Prova prova(2016);
+  BlockFiles files;
+  files.whole = whole;
+  CUFileSeq file({.globali = prova.globali,
+                  .utilita = prova.utilita,
+                  .files = files,
+                  .frontEnd = prova.frontEnd,
+                  .clock = prova.clock});
+  if (!file.OpenFile()) std::abort();
+  const Rows& r = rows();
+  file.legaQueryPrincipale(r.principali.colonne());
+  for (std::size_t i = 0; i < kRows; ++i) {
+    const auto number = static_cast<std::int32_t>(i + 1);
+    file.WriteRecordTipoD(r.principali[i], number, kCompany, 1, kSignature);
+    file.WriteRecordTipoH(r.principali[i], number, 1, kCompany, nullptr);
+    if (i % 5 == 0) {
+      file.legaQueryModuli(r.moduli.colonne());
+      file.WriteRecordTipoH(r.principali[i], number, 2, kCompany, r.moduli[i]);
+    }
+  }
+  file.CloseFile();
+}
+
+struct CellRow {
+  const CellView* cells;
+  bool isNull(int n) const { return cells[n].isNull(); }
+  std::string_view text(int n) const { return cells[n].text(); }
+  std::int64_t amount(int n) const { return cells[n].isNull() ? 0 : cells[n].decimal().scaled(); }
+  std::int64_t whole(int n) const { return cells[n].isNull() ? 0 : cells[n].integer(); }
+  Date day(int n) const { return cells[n].date(); }
+};
+
+void byHand(std::string* whole) {
+  Blocks file(whole);
+  bench::ComposizioneAMano hand;
+  const Rows& r = rows();
+  for (std::size_t i = 0; i < kRows; ++i) {
+    const CellRow row{r.principali[i]};
+    const int number = static_cast<int>(i + 1);
+    file.write(hand.certificato(row, number, kCompany, kSignature));
+    file.write(hand.primoModulo(row, number, kCompany));
+    if (i % 5 == 0) file.write(hand.altroModulo(row, CellRow{r.moduli[i]}, number, 2, kCompany));
+  }
+  file.close();
+}
+
+void checkSameBytes() {
+  std::string a;
+  std::string b;
+  ours(&a);
+  byHand(&b);
+  if (a == b && a.size() == kRows * 1900 * 11 / 5) return;
+  for (std::size_t i = 0; i < a.size() && i < b.size(); ++i) {
+    if (a[i] != b[i]) {
+      std::fprintf(stderr, "line %zu, position %zu\n%s\n%s\n", i / 1900, i % 1900 + 1,
+                   a.substr(i / 1900 * 1900, 1900).c_str(), b.substr(i / 1900 * 1900, 1900).c_str());
+      break;
+    }
+  }
+  std::abort();
+}
+
+void BM_Writers(benchmark::State& state) {
+  checkSameBytes();
+  for (auto _ : state) ours(nullptr);
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(kRows) * 11 / 5);
+}
+void BM_ByHand(benchmark::State& state) {
+  checkSameBytes();
+  for (auto _ : state) byHand(nullptr);
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(kRows) * 11 / 5);
+}
+
+BENCHMARK(BM_Writers)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ByHand)->Unit(benchmark::kMillisecond);
+
+}  // namespace
