@@ -8,19 +8,19 @@ namespace cu {
 namespace {
 
 struct Frase {
-  const char* nome;      // of the error
+  CLI::ExitCodes errore;
   const char* inglese;   // a piece of the library's sentence
   const char* italiano;  // what stands for it
 };
 
 constexpr Frase kFrasi[] = {
-    {"RequiredError", "A subcommand is required", "manca il comando"},
-    {"RequiredError", " is required", ": manca"},
-    {"ExtrasError", "The following arguments were not expected: ", "argomenti sconosciuti: "},
-    {"ExtrasError", "The following argument was not expected: ", "argomento sconosciuto: "},
-    {"ConversionError", "Could not convert: ", "valore non valido: "},
-    {"RequiresError", " requires ", " richiede "},
-    {"ExcludesError", " excludes ", " esclude "},
+    {CLI::ExitCodes::RequiredError, "A subcommand is required", "manca il comando"},
+    {CLI::ExitCodes::RequiredError, " is required", ": manca"},
+    {CLI::ExitCodes::ExtrasError, "The following arguments were not expected: ", "argomenti sconosciuti: "},
+    {CLI::ExitCodes::ExtrasError, "The following argument was not expected: ", "argomento sconosciuto: "},
+    {CLI::ExitCodes::ConversionError, "Could not convert: ", "valore non valido: "},
+    {CLI::ExitCodes::RequiresError, " requires ", " richiede "},
+    {CLI::ExitCodes::ExcludesError, " excludes ", " esclude "},
 };
 
 }  // namespace
@@ -48,11 +48,12 @@ std::string erroreUso(const CLI::ParseError& errore) {
   const std::string testo = errore.what();
   for (const Frase& frase : kFrasi) {
     const std::size_t dove = testo.find(frase.inglese);
-    if (errore.get_name() != frase.nome || dove == std::string::npos) continue;
+    if (errore.get_exit_code() != static_cast<int>(frase.errore) || dove == std::string::npos) continue;
     std::string tradotto = testo;
     return tradotto.replace(dove, std::string_view(frase.inglese).size(), frase.italiano);
   }
-  if (errore.get_name() == "ArgumentMismatch") return testo.substr(0, testo.find(':')) + ": manca il valore";
+  if (errore.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch))
+    return testo.substr(0, testo.find(':')) + ": manca il valore";
   return testo;
 }
 

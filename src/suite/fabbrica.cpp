@@ -7,7 +7,13 @@ namespace cu {
 
 FabbricaSuite::FabbricaSuite(const Profilo& profilo, FrontEnd& frontEnd, FornitoriSuite fornitori)
     : profilo_(profilo), frontEnd_(frontEnd), fornitori_(std::move(fornitori)) {
-  if (!profilo.traccia.empty()) traccia_ = std::make_unique<TracciaSql>(profilo.traccia);
+  if (profilo.traccia.empty()) return;
+  try {
+    traccia_ = std::make_unique<TracciaSql>(profilo.traccia);
+  } catch (const FileError& error) {
+    throw ErroreProfilo(profilo.file + ": trace.sql: " + error.description() +
+                        ", atteso un file che si possa scrivere");
+  }
 }
 
 std::unique_ptr<TestiSuite> FabbricaSuite::createTesti() { return std::make_unique<TestiItaliani>(); }

@@ -16,7 +16,7 @@ struct FornitoriSuite {
 };
 
 // The suite's objects for one profile. Profile and front end outlive it. Making it empties the trace that the
-// profile names, and raises FileError when that cannot be done.
+// profile names; ErroreProfilo when that cannot be done.
 class FabbricaSuite : public HostFactory {
  public:
   FabbricaSuite(const Profilo& profilo, FrontEnd& frontEnd, FornitoriSuite fornitori);

@@ -60,7 +60,7 @@ TEST(Fabbrica, TheTraceIsEmptiedWhenItIsMade) {
   sessione->database().internalConnection().Execute("X");
   EXPECT_EQ(cartella.read("t.sql"), "\"X\"\n");
   profilo.traccia = cartella / "manca/t.sql";
-  EXPECT_THROW(FabbricaSuite(profilo, schermo, {finta, nullptr}), FileError);
+  EXPECT_THROW(FabbricaSuite(profilo, schermo, {finta, nullptr}), ErroreProfilo);
 }
 
 TEST(Testi, TheFiveThatTheWizardAsksForAreThere) {

@@ -14,7 +14,7 @@
 namespace cu {
 
 // Everything that one run of the wizard needs, built for a profile and set before a front end. Profile and
-// front end outlive it. FileError when the trace cannot be begun.
+// front end outlive it. ErroreProfilo when the trace cannot be begun.
 class Impianto {
  public:
   Impianto(const Profilo& profilo, FrontEnd& schermo);
