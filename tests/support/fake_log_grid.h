@@ -24,9 +24,9 @@ struct NotedLog {
   std::vector<int> shown;                          // the arguments
   bool released = false;
 
-  std::vector<std::string> column(const std::string& name) const {
+  std::vector<std::string> column(const std::string& of) const {
     std::vector<std::string> texts;
-    for (const auto& row : rows) texts.push_back(row.at(name).view().toText());
+    for (const auto& row : rows) texts.push_back(row.at(of).view().toText());
     return texts;
   }
 };
