@@ -20,7 +20,7 @@ CellView day(int year, int month, int dayOfMonth) {
 }
 
 TEST(CellView, IsNullByItself) {
-  const CellView cell;
+  const CellView cell{};
   EXPECT_TRUE(cell.isNull());
   EXPECT_EQ(cell.type(), ValueType::Null);
   EXPECT_EQ(cell.integer(), 0);
