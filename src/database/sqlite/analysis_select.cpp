@@ -20,16 +20,6 @@ std::shared_ptr<const TableInfo> systemTable() {
   return std::make_shared<TableInfo>(std::move(info));
 }
 
-void collect(const std::vector<Source>& from, std::vector<const Source*>& all) {
-  for (const Source& source : from) {
-    if (source.group.empty()) {
-      all.push_back(&source);
-    } else {
-      collect(source.group, all);
-    }
-  }
-}
-
 }  // namespace
 
 bool isSystemTable(std::string_view name) { return equalsNoCase(name, "sysobjects"); }

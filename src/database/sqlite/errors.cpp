@@ -72,7 +72,11 @@ Told tell(int code, std::string_view engineText, const std::string& of) {
   }
 }
 
-std::string ofKind(std::string_view kind) { return kind.empty() ? std::string() : " " + std::string(kind); }
+std::string ofKind(std::string_view kind) {
+  std::string text;
+  if (!kind.empty()) text.append(1, ' ').append(kind);
+  return text;
+}
 
 }  // namespace
 

@@ -1,5 +1,11 @@
 #include "database/sqlite/open.h"
 
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
 #include <filesystem>
 #include <system_error>
 
@@ -17,10 +23,25 @@ constexpr int kPatience = 5000;  // milliseconds
 // for that filter.
 constexpr int kBloomFilter = 0x00080000;
 
+// Asked of the system and not found out by opening: closing a file takes from the process every lock that it
+// holds on it, another connection's too.
+bool allows(const std::string& path, bool writing) {
+#ifdef _WIN32
+  return ::_access(path.c_str(), writing ? 6 : 4) == 0;
+#else
+  return ::access(path.c_str(), writing ? R_OK | W_OK : R_OK) == 0;
+#endif
+}
+
 std::string quoted(const std::string& path) { return "«" + path + "»"; }
 
 [[noreturn]] void unavailable(int code, const std::string& text) {
   throw DatabaseError(DatabaseErrorKind::Unavailable, code, "", text);
+}
+
+[[noreturn]] void readOnly(const std::string& path) {
+  throw DatabaseError(DatabaseErrorKind::ReadOnly, SQLITE_READONLY, "",
+                      "Il database " + quoted(path) + " è di sola lettura. Verificare i permessi del file.");
 }
 
 void examine(const std::string& path, bool create) {
@@ -40,6 +61,11 @@ void examine(const std::string& path, bool create) {
   if (status.type() == std::filesystem::file_type::directory) {
     unavailable(SQLITE_CANTOPEN, quoted(path) + " è una cartella, non un database. Indicare un file.");
   }
+  if (!allows(path, false)) {
+    unavailable(SQLITE_CANTOPEN,
+                "Il database " + quoted(path) + " non si può leggere. Verificare i permessi del file.");
+  }
+  if (!allows(path, true)) readOnly(path);
 }
 
 // The engine's error of an opening, with the file's name and what to do.

@@ -12,6 +12,8 @@ template <class... Visitors>
 struct Overloaded : Visitors... {
   using Visitors::operator()...;
 };
+template <class... Visitors>
+Overloaded(Visitors...) -> Overloaded<Visitors...>;
 
 [[noreturn]] void steers() {
   throw SqlError(0, "istruzione di controllo dove occorre un'istruzione semplice");

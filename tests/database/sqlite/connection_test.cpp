@@ -91,17 +91,32 @@ TEST_F(Files, AFileThatLooksLikeAnAddressIsAFile) {
   EXPECT_TRUE(std::filesystem::exists(folder_ / "file:a.db?mode=memory"));
 }
 
-TEST_F(Files, AReadOnlyFileIsTold) {
-  made("fisso.db");
-  std::filesystem::permissions(folder_ / "fisso.db", std::filesystem::perms::owner_read);
-  if (::access((folder_ / "fisso.db").c_str(), W_OK) == 0) {
-    // The superuser writes everywhere: the engine's own code stands in.
-    const DatabaseError error =
-        cu::sqlite::errorOf(SQLITE_READONLY, "attempt to write a readonly database", "UPDATE");
-    EXPECT_EQ(error.kind(), DatabaseErrorKind::ReadOnly);
-    return;
+// What the opening says to somebody without the superuser's rights.
+DatabaseErrorKind openedByNobody(const std::string& path) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0)) ::_exit(100);
+    ::_exit(static_cast<int>(errorOf([&] { SqliteConnection::open(path); }).kind()));
   }
-  EXPECT_EQ(opening(folder_ / "fisso.db").kind(), DatabaseErrorKind::ReadOnly);
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  return static_cast<DatabaseErrorKind>(WEXITSTATUS(status));
+}
+
+TEST_F(Files, PermissionsThatAreMissingAreTold) {
+  using std::filesystem::perms;
+  made("a.db");
+  std::filesystem::permissions(folder_.path(), perms::all);
+  std::filesystem::permissions(folder_ / "a.db", perms::owner_read | perms::others_read);
+  EXPECT_EQ(openedByNobody(folder_ / "a.db"), DatabaseErrorKind::ReadOnly);
+  std::filesystem::permissions(folder_ / "a.db", perms::none);
+  EXPECT_EQ(openedByNobody(folder_ / "a.db"), DatabaseErrorKind::Unavailable);
+  // The engine keeps its files beside the database: a folder that cannot be written is no place for it.
+  std::filesystem::permissions(folder_ / "a.db", perms::all);
+  std::filesystem::permissions(
+      folder_.path(), perms::owner_read | perms::owner_exec | perms::others_read | perms::others_exec);
+  EXPECT_EQ(openedByNobody(folder_ / "a.db"), DatabaseErrorKind::Unavailable);
+  std::filesystem::permissions(folder_.path(), perms::owner_all);
 }
 
 TEST_F(Files, ADamagedFileIsTold) {
@@ -351,20 +366,7 @@ TEST_F(Errors, TheEnginesCodesHaveTheirKinds) {
     EXPECT_EQ(error.kind(), each.kind) << each.code;
     EXPECT_EQ(error.nativeCode(), each.code);
   }
-}
-
-TEST_F(Errors, AFullDiskIsTold) {
-  auto mine = made("a.db");
-  mine.reset();
-  // The file may not grow: what a full disk looks like to the engine.
-  BareDatabase bare(folder_ / "a.db");
-  ASSERT_TRUE(bare.run("PRAGMA max_page_count = 3"));
-  EXPECT_FALSE(
-      bare.run("CREATE TABLE big AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
-               "9999) SELECT i FROM n"));
-  const DatabaseError error = cu::sqlite::errorOf(SQLITE_FULL, bare.message(), "CREATE");
-  EXPECT_EQ(error.kind(), DatabaseErrorKind::Full);
-  EXPECT_STREQ(error.what(),
+  EXPECT_STREQ(cu::sqlite::errorOf(SQLITE_FULL, "database or disk is full", "INSERT").what(),
                "Il disco che contiene il database è pieno. Liberare spazio e ripetere l'operazione.");
 }
 
