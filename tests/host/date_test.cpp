@@ -3,9 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace cu {
 namespace {

@@ -4,7 +4,6 @@
 
 #include <new>
 #include <stdexcept>
-#include <string>
 
 #include "support/scripted_front_end.h"
 
