@@ -6,8 +6,6 @@
 namespace cu::test {
 namespace {
 
-using testing::AllOf;
-using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;

@@ -12,7 +12,6 @@ namespace cu::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 enum class Come { Testo, Assoluto, Numero, TestoNullo };
 
