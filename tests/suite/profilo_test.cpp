@@ -273,6 +273,15 @@ TEST(Profilo, TextThatIsNoTomlIsToldByItsPlace) {
   EXPECT_THAT(errore("[session]\nuser = 1\nuser = 2\n"), HasSubstr("riga 3"));
 }
 
+TEST(Profilo, ALetterBeyondAsciiIsABlankNowhere) {
+  EXPECT_THAT(errore("[session]\nusèr = 12\n"), HasSubstr("riga 2, colonna 3"));
+  EXPECT_THAT(errore("a = \"è\" è\n"), HasSubstr("riga 1, colonna 9"));
+  EXPECT_THAT(errore("a = 12\u034A\n"), HasSubstr("riga 1, colonna"));
+  const std::string commentato = "\xEF\xBB\xBF# già così: \"\n" + std::string(kCompleto) + "# è 'tutto'\n";
+  EXPECT_EQ(analizza(commentato).valuta.simbolo, "€");
+  EXPECT_EQ(analizza(con("title = \"Quadrivio\"", "title = \"\"\"a\\\n \n èb\"\"\"")).sessione.titolo, "aèb");
+}
+
 TEST(Profilo, EveryErrorIsOneLine) {
   const std::string cattivo = "[session]\n\"a\\nb\\u0001c\" = 1\n";
   EXPECT_THAT(errore(cattivo), HasSubstr("session.a b c: chiave sconosciuta"));
