@@ -5,6 +5,7 @@
 #include "apps/comune/riepilogo_file.h"
 #include "automation/walker.h"
 #include "comandi.h"
+#include "telematic/lettura.h"
 
 namespace cu {
 namespace {
@@ -34,7 +35,12 @@ void stampaRegistro(const LogTable& registro) {
   }
 }
 
-void stampaFile(const std::string& percorso) {
+void stampaRecord(const std::string& riga, std::int32_t anno) {
+  std::cout << "Record " << riga.front() << ":\n";
+  for (const std::string& campo : telematico::decodifica(riga, anno)) std::cout << "  " << campo << '\n';
+}
+
+void stampaFile(const std::string& percorso, std::int32_t anno) {
   const RiepilogoFile riepilogo = riepiloga(percorso);
   std::cout << "File telematico: " << percorso << '\n';
   const auto certificazioni = riepilogo.record.find('D');
@@ -43,6 +49,7 @@ void stampaFile(const std::string& percorso) {
   std::cout << "Record:";
   for (const auto& [tipo, quanti] : riepilogo.record) std::cout << ' ' << tipo << '=' << quanti;
   std::cout << "\nByte: " << riepilogo.byte << '\n';
+  for (const std::string& riga : riepilogo.prime) stampaRecord(riga, anno);
 }
 
 // The file written that is no print.
@@ -86,12 +93,12 @@ int comandoMake(const OpzioniMake& opzioni) {
     if (!detto) std::cerr << "La procedura si è fermata prima della fine.\n";
     return kRifiutato;
   }
-  const auto telematico = fileTelematico(impianto.fileScritti(), walker.prints);
-  if (!telematico) {
+  const auto scritto = fileTelematico(impianto.fileScritti(), walker.prints);
+  if (!scritto) {
     std::cerr << "La selezione non dà certificazioni: nessun file telematico è stato creato.\n";
     return kRifiutato;
   }
-  stampaFile(*telematico);
+  stampaFile(*scritto, impianto.programma().globali().gAnno);
   stampaStampe(walker.prints);
   return walker.messages.empty() ? kRiuscito : kRifiutato;
 }

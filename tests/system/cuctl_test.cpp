@@ -168,6 +168,10 @@ TEST(Make, TheFileIsMadeAndTold) {
   EXPECT_THAT(esito.uscita, HasSubstr("Record: A=1 B=1 D=" + std::to_string(record['D']) +
                                       " H=" + std::to_string(record['H']) + " Z=1\n"));
   EXPECT_THAT(esito.uscita, HasSubstr("Byte: " + std::to_string(contenuto.size()) + "\n"));
+  EXPECT_THAT(esito.uscita, HasSubstr("Record A:\n  Tipo Record: A\n  Codice fornitura: CUR17\n"));
+  for (const char* tipo : {"Record B:\n", "Record D:\n", "Record H:\n"}) {
+    EXPECT_THAT(esito.uscita, HasSubstr(tipo));
+  }
 }
 
 TEST(Make, ItBringsItsOwnProcessList) {

@@ -1,0 +1,91 @@
+#include <gtest/gtest.h>
+
+#include "apps/comune/argomenti.h"
+#include "apps/comune/connessioni.h"
+#include "apps/comune/file_annotati.h"
+#include "apps/comune/riepilogo_file.h"
+#include "host/error.h"
+#include "support/temp_folder.h"
+
+namespace cu {
+namespace {
+
+TEST(Argomenti, ADateHasTwoForms) {
+  EXPECT_EQ(leggiData("2017-03-05"), Date::fromYmd(2017, 3, 5));
+  EXPECT_EQ(leggiData("05/03/2017"), Date::fromYmd(2017, 3, 5));
+  for (const char* testo : {"", "2017-3-5", "5/3/2017", "2017-02-30", "31/02/2017", "20170305", "2017/03/05",
+                            "2017-03-05T10:30", "05-03-2017", "oggi"}) {
+    EXPECT_FALSE(leggiData(testo).has_value()) << testo;
+  }
+}
+
+TEST(Argomenti, YearsAreOneOrARange) {
+  EXPECT_EQ(leggiAnni("2016"), std::pair(2016, 2016));
+  EXPECT_EQ(leggiAnni("2014-2017"), std::pair(2014, 2017));
+  for (const char* testo : {"", "16", "2017-2014", "2014-", "-2014", "2014-2017-2018", "20x4", "2014 2017"}) {
+    EXPECT_FALSE(leggiAnni(testo).has_value()) << testo;
+  }
+}
+
+TEST(RiepilogoFile, LinesAreCountedByTheirType) {
+  const test::TempFolder cartella;
+  std::string contenuto;
+  std::string righe = "AB";
+  for (int i = 0; i < 1200; ++i) righe += "DH";
+  righe += "Z";
+  for (const char tipo : righe) contenuto += std::string(1, tipo) + std::string(1897, ' ') + "\r\n";
+  const RiepilogoFile riepilogo = riepiloga(cartella.write("f.cur", contenuto));
+  EXPECT_EQ(riepilogo.byte, 2403U * 1900U);
+  const std::map<char, std::uint64_t> attesi = {{'A', 1}, {'B', 1}, {'D', 1200}, {'H', 1200}, {'Z', 1}};
+  EXPECT_EQ(riepilogo.record, attesi);
+  ASSERT_EQ(riepilogo.prime.size(), 4U);
+  EXPECT_EQ(riepilogo.prime[2].front(), 'D');
+  EXPECT_EQ(riepilogo.prime[2].size(), 1898U);
+}
+
+TEST(RiepilogoFile, AFileThatIsNotThereHasNothing) {
+  const RiepilogoFile riepilogo = riepiloga("/manca");
+  EXPECT_EQ(riepilogo.byte, 0U);
+  EXPECT_TRUE(riepilogo.record.empty());
+}
+
+TEST(FileAnnotati, EachFileOpenedIsNoted) {
+  const test::TempFolder cartella;
+  FileSystemAnnotato files;
+  files.openForOutput(cartella / "a");
+  EXPECT_THROW(files.openForOutput(cartella / "manca/b"), FileError);
+  files.openForOutput(cartella / "c");
+  EXPECT_EQ(files.aperti(), (std::vector<std::string>{cartella / "a", cartella / "c"}));
+}
+
+TEST(Connessioni, AnOdbcAddressIsRefusedInWords) {
+  Profilo::Database database;
+  database.motore = Profilo::Motore::Odbc;
+  for (const auto apri : {apriConnessione, creaConnessione}) {
+    try {
+      apri(database);
+      FAIL() << "there is no ODBC here";
+    } catch (const DatabaseError& errore) {
+      EXPECT_EQ(errore.kind(), DatabaseErrorKind::Unavailable);
+      EXPECT_EQ(errore.description(),
+                "Questo programma è stato costruito senza il collegamento ODBC: indicare un database "
+                "\"sqlite:FILE\".");
+    }
+  }
+}
+
+TEST(Connessioni, ADatabaseWithoutTheSuitesTablesIsToldFromTheSuites) {
+  const test::TempFolder cartella;
+  Profilo::Database database;
+  database.origine = cartella / "d.db";
+  creaConnessione(database)->Execute("CREATE TABLE Altra (a int)");
+  try {
+    apriConnessione(database);
+    FAIL() << "a database of another kind was taken";
+  } catch (const DatabaseError& errore) {
+    EXPECT_EQ(errore.kind(), DatabaseErrorKind::NoSchema);
+  }
+}
+
+}  // namespace
+}  // namespace cu
