@@ -83,9 +83,8 @@ void decodificaCelle(std::string_view linea, std::int32_t anno, std::vector<std:
     const std::string_view colonna = fonte(tavola, codice, anno, primo);
     aggiungi(testi, colonna.empty() ? codice : codice + " (" + std::string(colonna) + ")", valore);
   };
-  for (int n = 0; n < kCelle; ++n) {
-    const std::string_view cella =
-        linea.substr(static_cast<std::size_t>(kPrimaCella - 1 + n * kLarghezzaCella), kLarghezzaCella);
+  for (std::size_t n = 0; n < kCelle; ++n) {
+    const std::string_view cella = linea.substr(kPrimaCella - 1 + n * kLarghezzaCella, kLarghezzaCella);
     const std::string_view suo = cella.substr(0, kLunghezzaCodice);
     const std::string_view contenuto = cella.substr(kLunghezzaCodice);
     if (suo == codice && contenuto.front() == kSegnoContinuazione) {

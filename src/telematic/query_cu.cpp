@@ -22,26 +22,26 @@ std::string queryPrincipale(std::string_view tabellaLavoro) {
       T,
       ".*, Anag.Anagrafica, Anag.Nome, Anag.PersonaFisica,",
       " Anag.EMailInternet, Anag.Telefono, Anag.Fax, CG.CodiceFiscaleSocieta,",
-      " CASE WHEN ISNULL(Anag.CodiceFiscale, '') = '' THEN Anag.PartitaIva ELSE Anag.CodiceFiscale END"
+      " CASE WHEN ISNULL(Anag.CodiceFiscale, '') = '' THEN Anag.PartitaIva ELSE Anag.CodiceFiscale END",
       " AS CodiceFiscale,",
       " Anag.Cap, Anag.Indirizzo, Anag.Sesso, Anag.DataNascita, NonResidente,",
       " AnagRapp.Anagrafica AS AnagraficaRapp, AnagRapp.Nome AS NomeRapp,",
       " AnagRapp.CodiceFiscale AS CodiceFiscaleRapp, CodiceCarica.Codice CodiceCarica,",
-      " CASE WHEN ISNULL(AnagAz.CodiceFiscale, '') = '' THEN AnagAz.PartitaIva ELSE AnagAz.CodiceFiscale END"
+      " CASE WHEN ISNULL(AnagAz.CodiceFiscale, '') = '' THEN AnagAz.PartitaIva ELSE AnagAz.CodiceFiscale END",
       " AS CodiceFiscaleAz,",
       " AnagAz.Anagrafica AS AnagraficaAz, AnagAz.PersonaFisica AS PersonaFisicaAz, AnagAz.Nome AS NomeAz,",
-      " AnagAz.Cap AS CapAz, AnagAz.Indirizzo IndirizzoAz, ComAz.Comune ComuneAz,"
+      " AnagAz.Cap AS CapAz, AnagAz.Indirizzo IndirizzoAz, ComAz.Comune ComuneAz,",
       " ProvAz.Provincia SiglaProvinciaAz,",
       " AnagAz.Telefono TelefonoAz, AnagAz.Fax FaxAz, AnagAz.EMailInternet EMailInternetAz,",
-      " CASE WHEN ISNULL(NazNascita.Nazione, '') = '' OR UPPER(NazNascita.Nazione) = 'ITALIA'"
+      " CASE WHEN ISNULL(NazNascita.Nazione, '') = '' OR UPPER(NazNascita.Nazione) = 'ITALIA'",
       " THEN ProvNascita.Provincia ELSE 'EE' END AS ProvinciaNascita,",
-      " CASE WHEN ISNULL(NazNascita.Nazione, '') = '' OR UPPER(NazNascita.Nazione) = 'ITALIA'"
+      " CASE WHEN ISNULL(NazNascita.Nazione, '') = '' OR UPPER(NazNascita.Nazione) = 'ITALIA'",
       " THEN ComNascita.Comune ELSE NazNascita.Nazione END AS ComuneNascita,",
       " ComRes.Comune AS ComuneRes, CodiceCategoriaParticolare, EventoEccezionale.CodiceEventoEccezionale,",
-      " ComuneResidenzaAnnoPrec, ComuneResidenzaAnnoCorr, SiglaProvResidenzaAnnoPrec,"
+      " ComuneResidenzaAnnoPrec, ComuneResidenzaAnnoCorr, SiglaProvResidenzaAnnoPrec,",
       " SiglaProvResidenzaAnnoCorr,",
       " CodiceAttivita.CodiceAttivita, CodiceFiscaleRappresentante, CodiceIdentificazioneFiscaleEstero,",
-      " NazRes.PrefissoInternazionale PrefissoInternazionaleRes,"
+      " NazRes.PrefissoInternazionale PrefissoInternazionaleRes,",
       " EEAz.CodiceEventoEccezionale AS CodiceEventoEccezionaleAz",
       " FROM ",
       T,
@@ -73,10 +73,10 @@ std::string queryPrincipale(std::string_view tabellaLavoro) {
       ".IDEventoEccezionale = EventoEccezionale.IDEventoEccezionale",
       " LEFT JOIN Filiale ON CG.IDFilialePrevalente = Filiale.IDFiliale",
       " LEFT JOIN AttivitaAzienda ON Filiale.IDAttivitaAzienda = AttivitaAzienda.IDAttivitaAzienda",
-      " LEFT JOIN AttivitaAziendaPerPeriodoIva"
+      " LEFT JOIN AttivitaAziendaPerPeriodoIva",
       " ON AttivitaAzienda.IDAttivitaAzienda = AttivitaAziendaPerPeriodoIva.IDAttivitaAzienda",
       " LEFT JOIN PeriodoIva ON AttivitaAziendaPerPeriodoIva.IDPeriodoIva = PeriodoIva.IDPeriodoIva",
-      " LEFT JOIN CodiceAttivita"
+      " LEFT JOIN CodiceAttivita",
       " ON AttivitaAziendaPerPeriodoIva.IDCodiceAttivita = CodiceAttivita.IDCodiceAttivita",
       " LEFT JOIN ConfigurazioneCompensiATerzi CT ON ",
       T,
@@ -96,17 +96,17 @@ std::string queryModuli(std::int64_t anno, std::int64_t idAnagrafica, std::int64
                         std::int64_t idCausalePagamento) {
   return unisci({
       "SELECT ModuloXContoIndividuale.*, CodicePerNonSoggetti.Codice AS CodicePerNonSoggetti,",
-      " CUCodiceFiscale, CUDenominazioneEntePrevidenziale, CUCodiceEntePrevidenziale,"
+      " CUCodiceFiscale, CUDenominazioneEntePrevidenziale, CUCodiceEntePrevidenziale,",
       " CUDenominazioneEntePrevidenziale, CUCodiceCategoriaEntePrevidenziale",
       " FROM ModuloXContoIndividuale",
-      " LEFT JOIN CodicePerNonSoggetti"
+      " LEFT JOIN CodicePerNonSoggetti",
       " ON ModuloXContoIndividuale.IDCodicePerNonSoggetti = CodicePerNonSoggetti.IDCodicePerNonSoggetti",
-      " INNER JOIN Percipiente ON ModuloXContoIndividuale.IDAzienda = Percipiente.IDAzienda"
+      " INNER JOIN Percipiente ON ModuloXContoIndividuale.IDAzienda = Percipiente.IDAzienda",
       " AND ModuloXContoIndividuale.IDAnagrafica = Percipiente.IDAnagrafica",
-      " LEFT JOIN CUEntePrevidenziale"
+      " LEFT JOIN CUEntePrevidenziale",
       " ON Percipiente.IDCUEntePrevidenziale = CUEntePrevidenziale.IDCUEntePrevidenziale",
-      " LEFT JOIN CUCategoriaEntePrevidenziale"
-      " ON Percipiente.IDCUCategoriaEntePrevidenziale = "
+      " LEFT JOIN CUCategoriaEntePrevidenziale",
+      " ON Percipiente.IDCUCategoriaEntePrevidenziale = ",
       "CUCategoriaEntePrevidenziale.IDCUCategoriaEntePrevidenziale",
       " WHERE ModuloXContoIndividuale.Anno = ",
       fromInteger(anno),

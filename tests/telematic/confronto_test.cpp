@@ -63,7 +63,7 @@ Value sorteggia(Sorte& sorte, test::Come come) {
       if (sorte.una(3)) return Value::ofDecimal(Decimal());
       return Value::ofDecimal(Decimal::fromScaled(
           sorte.una(60) ? std::int64_t{100'000'000'000'000'000} + sorte.tra(0, 9999)
-                        : sorte.tra(-2'000'000'000, 2'000'000'000) / (sorte.una(4) ? 100'000 : 1)));
+                        : sorte.tra(-1'000'000'000, 1'000'000'000) / (sorte.una(4) ? 100'000 : 1)));
     case test::Come::Flag:
       return test::whole(sorte.tra(-1, 1));
     case test::Come::Firma:

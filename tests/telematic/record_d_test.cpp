@@ -273,6 +273,23 @@ TEST(RecordDCells, ADateOfBirthIsRightAligned) {
   EXPECT_EQ(celle[0], (test::CurCell{"DA002005", "        01021980"}));
 }
 
+TEST(RecordDCells, ADateThatReachesUsAsTextIsReadAndAnyOtherTextStands) {
+  for (const char* testo : {"1980-02-01", "1980-02-01 00:00:00", "19800201", "01/02/1980"}) {
+    EXPECT_EQ(linea(2016, {{"DataNascita", text(testo)}}).value("DA002005"), "        01021980") << testo;
+  }
+  EXPECT_EQ(linea(2016, {{"DataNascita", text("ignota")}}).value("DA002005"), "          ignota");
+  for (const Value& vuota : {null(), text("")}) {
+    EXPECT_FALSE(linea(2016, {{"DataNascita", vuota}}).has("DA002005"));
+  }
+}
+
+TEST(RecordDCells, ANumberWhereATextIsUsualIsItsDigits) {
+  const test::CurLine riga = linea(2016, {{"CodiceFiscale", whole(1234567890)}, {"CapAz", whole(37121)}});
+  EXPECT_EQ(riga.at(26, 16), "1234567890      ");
+  EXPECT_EQ(riga.value("DA002001"), "1234567890");
+  EXPECT_EQ(riga.value("DA001006"), "37121");
+}
+
 TEST(RecordDCells, APayeeWhoIsNoNaturalPersonHasNoFirstName) {
   for (const Value& falso : {null(), whole(0)}) {
     EXPECT_FALSE(linea(2016, {{"Nome", text("Mario")}, {"PersonaFisica", falso}}).has("DA002003"));

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -24,50 +24,47 @@ template <class Member, class Interface>
 class KeyedMembers {
  public:
   Member& add(std::string_view key, std::unique_ptr<Member> member) {
-    if (find(key) != kNone) throw Error(kErrorKeyPresent, "La chiave è già presente nella raccolta.");
-    members_.push_back({std::string(key), std::move(member)});
-    Member& added = *members_.back().member;
+    if (!byKey_.emplace(lowerAscii(key), members_.size()).second) {
+      throw Error(kErrorKeyPresent, "La chiave è già presente nella raccolta.");
+    }
+    members_.push_back(std::move(member));
+    Member& added = *members_.back();
     interfaces_.push_back(&added);
     return added;
   }
-  Member& item(const MemberIndex& index) const { return *members_[position(index)].member; }
+  Member& item(const MemberIndex& index) const { return *members_[position(index)]; }
   void remove(const MemberIndex& index) {
-    const auto at = static_cast<std::ptrdiff_t>(position(index));
-    members_.erase(members_.begin() + at);
-    interfaces_.erase(interfaces_.begin() + at);
+    const std::size_t at = position(index);
+    members_.erase(members_.begin() + static_cast<std::ptrdiff_t>(at));
+    interfaces_.erase(interfaces_.begin() + static_cast<std::ptrdiff_t>(at));
+    std::erase_if(byKey_, [at](const auto& entry) { return entry.second == at; });
+    for (auto& [key, place] : byKey_) {
+      if (place > at) --place;
+    }
   }
   void clear() {
-    while (!members_.empty()) remove(std::string_view(members_.front().member->Name()));
+    while (!members_.empty()) remove(std::string_view(members_.front()->Name()));
   }
   std::int32_t count() const { return static_cast<std::int32_t>(members_.size()); }
   std::span<const Interface* const> interfaces() const { return interfaces_; }
 
  private:
-  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-  struct Entry {
-    std::string key;
-    std::unique_ptr<Member> member;
-  };
-
-  std::size_t find(std::string_view key) const {
-    const auto found = std::find_if(members_.begin(), members_.end(),
-                                    [key](const Entry& entry) { return equalsNoCase(entry.key, key); });
-    return found == members_.end() ? kNone : static_cast<std::size_t>(found - members_.begin());
-  }
   std::size_t position(const MemberIndex& index) const {
     if (const auto* key = std::get_if<std::string_view>(&index)) {
-      const std::size_t at = find(*key);
-      if (at == kNone)
+      const auto found = byKey_.find(lowerAscii(*key));
+      if (found == byKey_.end()) {
         throw Error(kErrorInvalidCall, "Nella raccolta non c'è \"" + std::string(*key) + "\".");
-      return at;
+      }
+      return found->second;
     }
     const std::int32_t at = std::get<std::int32_t>(index);
     if (at < 1 || at > count()) throw Error(kErrorSubscript, "Posizione fuori dalla raccolta.");
     return static_cast<std::size_t>(at) - 1;
   }
 
-  std::vector<Entry> members_;
+  std::vector<std::unique_ptr<Member>> members_;
   std::vector<const Interface*> interfaces_;
+  std::unordered_map<std::string, std::size_t> byKey_;  // lower case
 };
 
 }  // namespace cu
