@@ -115,7 +115,7 @@ TEST_F(Files, PermissionsThatAreMissingAreTold) {
   std::filesystem::permissions(folder_ / "a.db", perms::all);
   std::filesystem::permissions(
       folder_.path(), perms::owner_read | perms::owner_exec | perms::others_read | perms::others_exec);
-  EXPECT_EQ(openedByNobody(folder_ / "a.db"), DatabaseErrorKind::Unavailable);
+  EXPECT_EQ(openedByNobody(folder_ / "a.db"), DatabaseErrorKind::ReadOnly);
   std::filesystem::permissions(folder_.path(), perms::owner_all);
 }
 

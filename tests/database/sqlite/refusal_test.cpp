@@ -193,19 +193,19 @@ TEST(Refusal, NeverShowsAValue) {
 
 TEST(Refusal, DeepAndLongTextsEndInAnError) {
   std::string nested = "SELECT ";
-  for (int i = 0; i < 100000; ++i) nested += '(';
+  for (int i = 0; i < 5000; ++i) nested += '(';
   EXPECT_EQ(refusal(nested), "espressione troppo annidata");
   std::string chain = "SELECT 1";
-  for (int i = 0; i < 100000; ++i) chain += " + 1";
+  for (int i = 0; i < 5000; ++i) chain += " + 1";
   EXPECT_EQ(refusal(chain), "espressione troppo lunga");
   std::string negations = "SELECT Anno FROM Conto WHERE ";
-  for (int i = 0; i < 100000; ++i) negations += "NOT ";
+  for (int i = 0; i < 5000; ++i) negations += "NOT ";
   EXPECT_EQ(refusal(negations), "espressione troppo annidata");
   std::string signs = "SELECT ";
-  for (int i = 0; i < 100000; ++i) signs += "+ ";
+  for (int i = 0; i < 5000; ++i) signs += "+ ";
   EXPECT_EQ(refusal(signs), "espressione troppo annidata");
   std::string unions = "SELECT 1 AS a";
-  for (int i = 0; i < 100000; ++i) unions += " UNION SELECT 1";
+  for (int i = 0; i < 5000; ++i) unions += " UNION SELECT 1";
   EXPECT_EQ(refusal(unions), "troppe UNION");
 }
 

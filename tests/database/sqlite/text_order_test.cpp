@@ -61,11 +61,13 @@ TEST_F(TextOrder, AnEmptyTextAndOneOfBlanksAreEqualAndANullIsNeither) {
 TEST_F(TextOrder, JoinsOnTextFindWhatIsEqual) {
   connection_->Execute("CREATE TABLE a (x Descrizione, n int)");
   connection_->Execute("CREATE TABLE b (x Descrizione, n int)");
+  connection_->Execute("BEGIN TRANSACTION");
   for (int i = 0; i < 400; ++i) {
     const std::string n = std::to_string(i);
     connection_->Execute("INSERT INTO a VALUES ('Chiave" + n + "', " + n + ")");
     connection_->Execute("INSERT INTO b VALUES ('CHIAVE" + n + "   ', " + n + ")");
   }
+  connection_->Execute("COMMIT TRANSACTION");
   EXPECT_EQ(single(*connection_, "SELECT COUNT(*) FROM a INNER JOIN b ON a.x = b.x WHERE a.n = b.n"), "400");
   EXPECT_EQ(single(*connection_, "SELECT COUNT(*) FROM a LEFT JOIN b ON a.x = b.x WHERE b.x IS NULL"), "0");
   EXPECT_EQ(single(*connection_, "SELECT COUNT(*) FROM a, b WHERE RTRIM(a.x) = LOWER(b.x)"), "400");
