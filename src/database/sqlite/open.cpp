@@ -84,6 +84,22 @@ void examine(const std::string& path, bool create) {
   throw DatabaseError(told.kind(), code, "", "Database " + quoted(path) + ": " + told.what());
 }
 
+// An index on a text lies in the order of whoever made it, and here text has another: what is looked up in it
+// would not be found. This program makes none.
+void refuseTextIndexes(sqlite3* database, const std::string& path) {
+  const StatementHandle query = prepare(database,
+                                        "SELECT t.name, i.name FROM sqlite_schema AS t, "
+                                        "pragma_index_list(t.name) AS i, pragma_index_xinfo(i.name) AS c "
+                                        "WHERE t.type = 'table' AND c.key = 1 AND c.coll = 'NOCASE' LIMIT 1",
+                                        "");
+  if (sqlite3_step(query.get()) != SQLITE_ROW) return;
+  throw DatabaseError(DatabaseErrorKind::Unavailable, 0, "",
+                      "Il database " + quoted(path) +
+                          " ha un indice su una colonna di testo, fatto da un altro " + "programma: «" +
+                          std::string(columnText(query.get(), 1)) + "» sulla tabella " +
+                          std::string(columnText(query.get(), 0)) + ". Eliminarlo con quel programma.");
+}
+
 bool run(sqlite3* database, const char* sql) {
   return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
@@ -119,8 +135,10 @@ DatabaseHandle openFile(const std::string& path, bool create) {
   // dropped table leaves in the file is not worth the writing of zeros.
   const bool set = run(raw, "PRAGMA journal_mode = WAL") && run(raw, "PRAGMA synchronous = NORMAL") &&
                    run(raw, "PRAGMA foreign_keys = OFF") && run(raw, "PRAGMA secure_delete = OFF") &&
-                   run(raw, "PRAGMA temp_store = MEMORY") && run(raw, "PRAGMA cache_size = -65536");
+                   run(raw, "PRAGMA temp_store = MEMORY") && run(raw, "PRAGMA cache_size = -65536") &&
+                   run(raw, "PRAGMA journal_size_limit = 67108864");
   if (!set) explain(raw, path);
+  refuseTextIndexes(raw, path);
   return database;
 }
 

@@ -135,6 +135,17 @@ TEST_F(Files, ADamagedFileIsTold) {
   EXPECT_STREQ(error.what(), "Il file del database è danneggiato. Ripristinarlo da una copia di sicurezza.");
 }
 
+TEST_F(Files, AnIndexOfAnotherToolOnATextIsToldBeforeItMisleads) {
+  made("a.db");
+  BareDatabase bare(folder_ / "a.db");
+  ASSERT_TRUE(bare.run("CREATE INDEX sul_numero ON t (id, id)"));
+  EXPECT_NO_THROW(opened("a.db"));
+  ASSERT_TRUE(bare.run("CREATE INDEX per_nome ON t (nome)"));
+  const DatabaseError error = opening(folder_ / "a.db");
+  EXPECT_EQ(error.kind(), DatabaseErrorKind::Unavailable);
+  EXPECT_THAT(error.what(), HasSubstr("«per_nome» sulla tabella t. Eliminarlo con quel programma."));
+}
+
 TEST_F(Files, ItsSettingsKeepWhatIsWrittenAndLetOthersRead) {
   auto connection = made("a.db");
   BareDatabase bare(folder_ / "a.db");
