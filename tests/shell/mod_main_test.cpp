@@ -135,7 +135,7 @@ TEST_F(Entry, TwoProcessesOfTheNameSetTheWizardUpTwiceInTheModeOfTheFirst) {
   EXPECT_EQ(form().cboxTipoComunicazione.entries().size(), 2U);
 }
 
-TEST_F(Entry, ARefusedStartIsToldUnderTheSessionsTitleAndUnloadsTheForm) {
+TEST_F(Entry, ARefusedStartIsToldUnderTheSessionsTitleAndShowsNoForm) {
   factory.prepareSession = [](FakeSession& sessione) { sessione.refuses = true; };
   modMain.main();
   ASSERT_EQ(frontEnd.boxes.size(), 1U);
@@ -156,9 +156,11 @@ TEST_F(Entry, ARefusedStartWithoutATitleIsToldUnderTheApplicationsOwn) {
   EXPECT_EQ(frontEnd.boxes[0].title, "Autocomposizione");
 }
 
-TEST_F(Entry, ARefusedStartSavesNothing) {
+// The unload begins by reading the connection of the session, and ends there.
+TEST_F(Entry, ARefusedStartUnloadsTheFormAndSavesNothing) {
   factory.prepareSession = [](FakeSession& sessione) { sessione.refuses = true; };
   modMain.main();
+  EXPECT_EQ(factory.databaseAsked, 1);
   EXPECT_THAT(settings.values, IsEmpty());
   EXPECT_THAT(settings.deleted, IsEmpty());
   EXPECT_THAT(database.internal.texts(), IsEmpty());

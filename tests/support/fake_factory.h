@@ -43,6 +43,7 @@ class FakeFactory : public HostFactory {
   std::function<void()> onRebuild;  // runs while the accounts are rebuilt
   std::deque<NotedLog> logs;
   FakeSession* session = nullptr;  // the last one made
+  int databaseAsked = 0;           // how often a session was asked for its database, even in vain
 
   std::unique_ptr<TestiSuite> createTesti() override {
     journal.push_back("testi");
@@ -86,6 +87,10 @@ class FakeFactory : public HostFactory {
     void start(std::int32_t window) override {
       owner_.journal.push_back("avvio");
       FakeSession::start(window);
+    }
+    DatabaseHost& database() override {
+      ++owner_.databaseAsked;
+      return FakeSession::database();
     }
     void setProgramName(const std::string& name) override {
       owner_.journal.push_back("programma " + name);
