@@ -129,8 +129,9 @@ int main(int argc, char** argv) {
 
   NoLog log;
   Controlli controlli(*connection, utilita, log);
-  const double checks =
-      seconds([&] { controlli.esegui({"01/03/2017", false, "", ""}, 1, globali.gTabellaLavoro); });
+  const double checks = seconds([&] {
+    controlli.esegui({"01/03/2017", false, "", ""}, 1, globali.gTabellaLavoro);
+  });
   row("checks of the payees", checks);
   std::printf("log rows: %d\n", log.rows);
   return 0;
