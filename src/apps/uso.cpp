@@ -45,12 +45,11 @@ CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const st
 }
 
 std::string erroreUso(const CLI::ParseError& errore) {
-  const std::string testo = errore.what();
+  std::string testo = errore.what();
   for (const Frase& frase : kFrasi) {
     const std::size_t dove = testo.find(frase.inglese);
     if (errore.get_exit_code() != static_cast<int>(frase.errore) || dove == std::string::npos) continue;
-    std::string tradotto = testo;
-    return tradotto.replace(dove, std::string_view(frase.inglese).size(), frase.italiano);
+    return testo.replace(dove, std::string_view(frase.inglese).size(), frase.italiano);
   }
   if (errore.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch))
     return testo.substr(0, testo.find(':')) + ": manca il valore";

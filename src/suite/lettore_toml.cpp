@@ -93,7 +93,7 @@ std::string completa(const std::string& percorso, const std::string& cartella) {
 }
 
 std::string LettoreToml::segno(std::string_view chiave, std::size_t minimo) const {
-  const std::string valore = testo(chiave);
+  std::string valore = testo(chiave);
   const std::size_t lunghezza = codePoints(valore);
   if (lunghezza < minimo || lunghezza > 1) {
     rifiuta(chiave, "valore non ammesso", minimo == 0 ? "un solo carattere o nessuno" : "un solo carattere");
