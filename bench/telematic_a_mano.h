@@ -302,6 +302,8 @@ class ComposizioneAMano {
   void frame(const Row& r, int number, std::string_view company) {
     field(1, 16, company);
     field(25, 16, r.text(CodiceFiscale));
+    // A number that has outgrown its five places loses its last digits.
+    while (number > 99999) number /= 10;
     digits(line_ + 41, 5, number);
   }
   void field(int at, std::size_t width, std::string_view utf8) {
