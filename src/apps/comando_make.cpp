@@ -1,10 +1,12 @@
 #include <algorithm>
 #include <iostream>
+#include <vector>
 
 #include "apps/comune/impianto.h"
 #include "apps/comune/riepilogo_file.h"
 #include "automation/walker.h"
 #include "comandi.h"
+#include "host/text.h"
 #include "telematic/lettura.h"
 
 namespace cu {
@@ -20,18 +22,26 @@ std::string righe(const std::string& testo) {
   return risultato;
 }
 
+// The log as a table whose columns stand under their names.
 void stampaRegistro(const LogTable& registro) {
-  const auto stampaRiga = [](const auto& celle, const auto& testo) {
-    const char* separatore = "";
-    for (const auto& cella : celle) {
-      std::cout << separatore << testo(cella);
-      separatore = " | ";
-    }
-    std::cout << '\n';
-  };
-  stampaRiga(registro.columns, [](const std::string& nome) { return nome; });
+  std::vector<std::vector<std::string>> tavola = {registro.columns};
   for (const auto& riga : registro.rows) {
-    stampaRiga(riga, [](const Value& valore) { return valore.view().toText(); });
+    std::vector<std::string>& celle = tavola.emplace_back();
+    for (const Value& valore : riga) celle.push_back(valore.view().toText());
+  }
+  std::vector<std::size_t> larghezze(registro.columns.size());
+  for (const auto& celle : tavola) {
+    for (std::size_t i = 0; i < celle.size(); ++i)
+      larghezze[i] = std::max(larghezze[i], codePoints(celle[i]));
+  }
+  for (const auto& celle : tavola) {
+    std::string riga;
+    for (std::size_t i = 0; i < celle.size(); ++i) {
+      if (i > 0) riga += " | ";
+      riga += celle[i];
+      riga.append(larghezze[i] - codePoints(celle[i]), ' ');
+    }
+    std::cout << trimRight(riga) << '\n';
   }
 }
 

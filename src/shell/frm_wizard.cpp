@@ -132,8 +132,11 @@ void FrmWizard::abbandona() {
 
 void FrmWizard::formLoad() {
   ambiente_.utilita.prepareForm(*this);
-  BarMenuWzr.setStyle(static_cast<int>(ambiente_.utilita.toLong(
-      ambiente_.settings.get(globali_.gChiaveImpostazioni, kMenuSettings, "View2", "2"))));
+  // A stored text that is no small number is the plain style; it must not keep the program from starting.
+  constexpr std::int64_t kStileMassimo = 99;
+  const std::int64_t stile =
+      leadingInteger(ambiente_.settings.get(globali_.gChiaveImpostazioni, kMenuSettings, "View2", "2"));
+  BarMenuWzr.setStyle(stile < 0 || stile > kStileMassimo ? 0 : static_cast<int>(stile));
   creaMenu();
   for (Frame& cornice : fraStep) cornice.setLeft(Frame::kOffStage);
   sbImpostaFasciaLaterale();

@@ -22,7 +22,6 @@ class Compensi {
   Compensi(Globali& globali, UtilitaSuite& utilita, FrontEnd& frontEnd, Grid& griglia);
 
   Recordset& rsCompensi() { return rsCompensi_; }
-  bool aperto() const { return rsCompensi_.IsOpen(); }
 
   // Drops, creates and fills the table, and leaves rsCompensi open on it, bound to the grid.
   void sbCreaTabellaLavoro(const Filtri& filtri);
