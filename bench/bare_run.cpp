@@ -22,6 +22,7 @@
 #include "host/form.h"
 #include "host/grid.h"
 #include "misura.h"
+#include "one_session.h"
 #include "suite/file_system.h"
 #include "suite/utilita.h"
 #include "support/fake_session.h"
@@ -40,28 +41,6 @@ constexpr std::size_t kLine = 1900;
 constexpr std::size_t kBlock = 552 * kLine;
 const Date kSignature = Date::fromYmd(2017, 2, 28).value();
 constexpr std::string_view kCompany = "01234567890";
-
-class OneConnection : public DatabaseHost {
- public:
-  explicit OneConnection(Connection& connection) : connection_(connection) {}
-  Connection& connection() override { return connection_; }
-  Connection& internalConnection() override { return connection_; }
-  Connection& ownConnection() override { return connection_; }
-  std::unique_ptr<Rowset> CreateRowset() override { return std::make_unique<ConnectionRowset>(connection_); }
-
- private:
-  Connection& connection_;
-};
-
-class OneSession : public test::FakeSession {
- public:
-  explicit OneSession(DatabaseHost& database) : FakeSession(unused_), database_(database) {}
-  DatabaseHost& database() override { return database_; }
-
- private:
-  test::FakeDatabase unused_;
-  DatabaseHost& database_;
-};
 
 // ---- the bare loop
 
@@ -193,13 +172,13 @@ int main(int argc, char** argv) {
   auto connection = SqliteConnection::create(folder.file("archivio.db"));
   creaArchivio(*connection, ContenutoArchivio::Sintetico,
                {.percipienti = payees, .primoAnno = 2016, .ultimoAnno = 2016, .seme = 1});
-  OneConnection database(*connection);
+  bench::OneConnection database(*connection);
   test::ScriptedFrontEnd screen;
   UtilitaItaliana utilita(screen, "/tmp");
   FileSystemPiattaforma files;
   const test::FixedClock clock(2017, 3, 5);
   Globali globali;
-  globali.gSessione = std::make_unique<OneSession>(database);
+  globali.gSessione = std::make_unique<bench::OneSession>(database);
   globali.gAnno = 2016;
   {
     Form form(screen, "frmWizard");

@@ -11,8 +11,8 @@
 #include "host/form.h"
 #include "host/grid.h"
 #include "misura.h"
+#include "one_session.h"
 #include "suite/utilita.h"
-#include "support/fake_session.h"
 #include "support/scripted_front_end.h"
 #include "telematic/controlli.h"
 #include "worklist/compensi.h"
@@ -23,38 +23,6 @@ namespace {
 using namespace cu;
 using bench::row;
 using bench::seconds;
-
-class OneConnection : public DatabaseHost {
- public:
-  explicit OneConnection(Connection& connection) : connection_(connection) {}
-  Connection& connection() override { return connection_; }
-  Connection& internalConnection() override { return connection_; }
-  Connection& ownConnection() override { return connection_; }
-  std::unique_ptr<Rowset> CreateRowset() override { return std::make_unique<ConnectionRowset>(connection_); }
-
- private:
-  Connection& connection_;
-};
-
-class Session : public SessioneHost {
- public:
-  explicit Session(DatabaseHost& database) : database_(database) {}
-  void start(std::int32_t) override {}
-  std::string settingsSection() override { return {}; }
-  void setProgramName(const std::string&) override {}
-  std::int32_t helpContext() override { return 0; }
-  std::int32_t IDUtente() override { return 12; }
-  const std::vector<ProcessoHost>& processi() override { return processes_; }
-  DatabaseHost& database() override { return database_; }
-  std::string title() override { return {}; }
-  std::int32_t IDFiliale() override { return 1; }
-  std::int32_t IDAzienda() override { return 1; }
-  std::string helpFolder() override { return {}; }
-
- private:
-  DatabaseHost& database_;
-  std::vector<ProcessoHost> processes_;
-};
 
 class NoLog : public LogGrid {
  public:
@@ -76,11 +44,11 @@ int main(int argc, char** argv) {
   auto connection = SqliteConnection::create(folder.file("archivio.db"));
   creaArchivio(*connection, ContenutoArchivio::Sintetico,
                {.percipienti = lines, .primoAnno = 2016, .ultimoAnno = 2016, .seme = 1});
-  OneConnection database(*connection);
+  bench::OneConnection database(*connection);
   test::ScriptedFrontEnd screen;
   UtilitaItaliana utilita(screen, "/tmp");
   Globali globali;
-  globali.gSessione = std::make_unique<Session>(database);
+  globali.gSessione = std::make_unique<bench::OneSession>(database);
   Form form(screen, "frmWizard");
   Grid grid(form, "grdCompensi", nullptr);
   Compensi compensi(globali, utilita, screen, grid);

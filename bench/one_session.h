@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+
+#include "host/database.h"
+#include "support/fake_session.h"
+
+namespace cu::bench {
+
+// A database object whose connections are one, as the embedded engine's are.
+class OneConnection : public DatabaseHost {
+ public:
+  explicit OneConnection(Connection& connection) : connection_(connection) {}
+  Connection& connection() override { return connection_; }
+  Connection& internalConnection() override { return connection_; }
+  Connection& ownConnection() override { return connection_; }
+  std::unique_ptr<Rowset> CreateRowset() override { return std::make_unique<ConnectionRowset>(connection_); }
+
+ private:
+  Connection& connection_;
+};
+
+// A session of user 12 and company 1 over it.
+class OneSession : public test::FakeSession {
+ public:
+  explicit OneSession(DatabaseHost& database) : FakeSession(unused_), database_(database) {}
+  DatabaseHost& database() override { return database_; }
+
+ private:
+  test::FakeDatabase unused_;
+  DatabaseHost& database_;
+};
+
+}  // namespace cu::bench
