@@ -1,7 +1,9 @@
 #include "automation/reach.h"
 #include "host/listbox.h"
+#include "host/picker.h"
 #include "host/print_control.h"
 #include "host/selector.h"
+#include "host/tabs.h"
 #include "host/text.h"
 
 namespace cu {
@@ -57,6 +59,32 @@ struct Choosing : RefusingVisitor {
     lookUp(control);
   }
 
+  void visit(Picker& control) override {
+    onlyThese(control, choice, {"record"});
+    if (!choice.record) refuse(control, "indicare record");
+    requireReach(control);
+    const std::int64_t id = *choice.record;
+    if (id != 0) {
+      bool known = false;
+      bool asked = false;
+      control.form().frontEnd().runEvent([&] {
+        known = !control.nameOf(id).empty();
+        asked = true;
+      });
+      if (!asked) return;
+      if (!known) refuse(control, "nessun comune ha la chiave " + fromInteger(id));
+    }
+    event = [&control, id] { control.setRecord(id); };
+  }
+
+  void visit(Tabs& control) override {
+    onlyThese(control, choice, {"index", "text"});
+    if (choice.index.has_value() == choice.text.has_value()) refuse(control, "indicare index oppure text");
+    requireReach(control);
+    const int tab = tabOf(control);
+    event = [&control, tab] { control.select(tab); };
+  }
+
   void visit(PrintControl& control) override {
     onlyThese(control, choice, {"report", "output"});
     if (!choice.report && !choice.output) refuse(control, "indicare report, output o entrambi");
@@ -78,6 +106,17 @@ struct Choosing : RefusingVisitor {
   Event event;
 
  private:
+  int tabOf(const Tabs& tabs) const {
+    const auto count = static_cast<std::int64_t>(tabs.tabs().size());
+    const std::int64_t tab = choice.text ? tabs.indexOf(*choice.text) : *choice.index;
+    if (choice.text && tab == 0) refuse(tabs, "la scheda \"" + *choice.text + "\" non esiste");
+    if (tab < 1 || tab > count) {
+      refuse(tabs, "la scheda " + fromInteger(tab) + " non esiste: le schede sono " + fromInteger(count));
+    }
+    if (!tabs.tabs()[static_cast<std::size_t>(tab - 1)].visible) refuse(tabs, "la scheda è nascosta");
+    return static_cast<int>(tab);
+  }
+
   int entryOf(const ListBox& list) const {
     if (choice.text) {
       const int index = list.indexOf(*choice.text);

@@ -8,8 +8,11 @@
 #include "host/grid.h"
 #include "host/listbox.h"
 #include "host/menubar.h"
+#include "host/numericbox.h"
+#include "host/picker.h"
 #include "host/print_control.h"
 #include "host/selector.h"
+#include "host/tabs.h"
 #include "host/textbox.h"
 
 namespace cu {
@@ -55,6 +58,31 @@ class Describer : public ControlVisitor {
     properties["text"] = control.text();
     properties["value"] = control.value();
     properties["background"] = nameOf(control.background());
+  }
+  void visit(AmountBox& control) override {
+    numeric("amount", control);
+    properties["value"] = control.value();
+    properties["decimals"] = control.CurrencyDecimalPlaces();
+    properties["symbol"] = control.CurrencySymbol();
+    properties["decimalPoint"] = control.DecimalPoint();
+    properties["separator"] = control.Separator();
+  }
+  void visit(NumberBox& control) override {
+    numeric("number", control);
+    properties["value"] = control.value();
+  }
+  void visit(Picker& control) override {
+    common("picker", control);
+    properties["record"] = keyOrNull(control.record());
+    properties["text"] = control.text();
+  }
+  void visit(Tabs& control) override {
+    common("tabs", control);
+    JsonObject& tabs = properties["tabs"] = JsonObject::array();
+    for (const Tabs::Tab& tab : control.tabs()) {
+      tabs.push_back({{"caption", tab.caption}, {"visible", tab.visible}});
+    }
+    properties["selected"] = control.selected();
   }
   void visit(ListBox& control) override {
     common("list", control);
@@ -134,6 +162,13 @@ class Describer : public ControlVisitor {
     properties["enabled"] = control.enabled();
     properties["visible"] = control.visible();
     if (!control.caption().empty()) properties["caption"] = control.caption();
+  }
+  void numeric(const char* kind, const NumericBox& control) {
+    common(kind, control);
+    properties["text"] = control.text();
+    properties["min"] = control.min().toDouble();
+    properties["max"] = control.max().toDouble();
+    properties["background"] = nameOf(control.background());
   }
   void captioned(const char* kind, const Control& control) {
     common(kind, control);

@@ -91,8 +91,8 @@ std::optional<std::string> Driver::chooseFileToSave(const std::string& title, co
 
 void Driver::showLog(const LogTable& log) { conversation_->wait(logModal(log)); }
 
-void Driver::preview(const std::string& title, const std::vector<std::string>& pages) {
-  conversation_->wait(previewModal(title, pages));
+void Driver::preview(const Preview& preview) {
+  conversation_->wait(previewModal(preview.title, preview.pages));
 }
 
 void Driver::popup(MenuBar& bar, const std::string& band) {

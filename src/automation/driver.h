@@ -36,7 +36,7 @@ class Driver : public FrontEnd {
   std::optional<std::string> chooseFileToSave(const std::string& title, const std::string& start,
                                               const std::string& filter) override;
   void showLog(const LogTable& log) override;
-  void preview(const std::string& title, const std::vector<std::string>& pages) override;
+  void preview(const Preview& preview) override;
   void popup(MenuBar& bar, const std::string& band) override;
   void help(const std::string& file, int command, std::int32_t context) override;
   void open(const std::string& path, const std::string& folder) override;

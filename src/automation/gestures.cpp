@@ -4,6 +4,7 @@
 #include "host/datebox.h"
 #include "host/grid.h"
 #include "host/menubar.h"
+#include "host/numericbox.h"
 #include "host/text.h"
 #include "host/textbox.h"
 
@@ -34,6 +35,8 @@ struct Edit : RefusingVisitor {
   using RefusingVisitor::visit;
   void visit(TextBox& control) override { take(control); }
   void visit(DateBox& control) override { take(control); }
+  void visit(AmountBox& control) override { take(control); }
+  void visit(NumberBox& control) override { take(control); }
   EditBox* box = nullptr;
 
  private:

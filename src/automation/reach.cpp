@@ -5,8 +5,11 @@
 #include "host/grid.h"
 #include "host/listbox.h"
 #include "host/menubar.h"
+#include "host/numericbox.h"
+#include "host/picker.h"
 #include "host/print_control.h"
 #include "host/selector.h"
+#include "host/tabs.h"
 #include "host/textbox.h"
 
 namespace cu {
@@ -44,6 +47,10 @@ void RefusingVisitor::visit(TextBox& control) { refuse(control, why_); }
 void RefusingVisitor::visit(ListBox& control) { refuse(control, why_); }
 void RefusingVisitor::visit(Selector& control) { refuse(control, why_); }
 void RefusingVisitor::visit(DateBox& control) { refuse(control, why_); }
+void RefusingVisitor::visit(AmountBox& control) { refuse(control, why_); }
+void RefusingVisitor::visit(NumberBox& control) { refuse(control, why_); }
+void RefusingVisitor::visit(Picker& control) { refuse(control, why_); }
+void RefusingVisitor::visit(Tabs& control) { refuse(control, why_); }
 void RefusingVisitor::visit(Grid& control) { refuse(control, why_); }
 void RefusingVisitor::visit(SideBand& control) { refuse(control, why_); }
 void RefusingVisitor::visit(MenuBar& control) { refuse(control, why_); }

@@ -29,6 +29,10 @@ class RefusingVisitor : public ControlVisitor {
   void visit(ListBox& control) override;
   void visit(Selector& control) override;
   void visit(DateBox& control) override;
+  void visit(AmountBox& control) override;
+  void visit(NumberBox& control) override;
+  void visit(Picker& control) override;
+  void visit(Tabs& control) override;
   void visit(Grid& control) override;
   void visit(SideBand& control) override;
   void visit(MenuBar& control) override;

@@ -42,7 +42,7 @@ class Walker : public FrontEnd {
   std::optional<std::string> chooseFileToSave(const std::string& title, const std::string& start,
                                               const std::string& filter) override;
   void showLog(const LogTable& log) override { logs.push_back(log); }
-  void preview(const std::string&, const std::vector<std::string>&) override {}
+  void preview(const Preview&) override {}
   void popup(MenuBar&, const std::string&) override {}
   void help(const std::string&, int, std::int32_t) override {}
   void open(const std::string&, const std::string&) override {}

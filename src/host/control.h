@@ -18,6 +18,10 @@ class TextBox;
 class ListBox;
 class Selector;
 class DateBox;
+class AmountBox;
+class NumberBox;
+class Picker;
+class Tabs;
 class Grid;
 class SideBand;
 class MenuBar;
@@ -39,6 +43,10 @@ class ControlVisitor {
   virtual void visit(ListBox& control) = 0;
   virtual void visit(Selector& control) = 0;
   virtual void visit(DateBox& control) = 0;
+  virtual void visit(AmountBox& control) = 0;
+  virtual void visit(NumberBox& control) = 0;
+  virtual void visit(Picker& control) = 0;
+  virtual void visit(Tabs& control) = 0;
   virtual void visit(Grid& control) = 0;
   virtual void visit(SideBand& control) = 0;
   virtual void visit(MenuBar& control) = 0;
@@ -78,6 +86,8 @@ class Control {
   // Whether a person's hand reaches it: it and all its frames are enabled, visible and on stage.
   bool available() const;
   virtual bool takesFocus() const { return true; }
+  // The focus goes: what was typed is put into its final shape, before anybody hears of it.
+  virtual void leaving() {}
 
   Event onGotFocus;
   Event onLostFocus;
@@ -120,6 +130,7 @@ class Label : public Control {
   using Control::Control;
   void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
   bool takesFocus() const override { return false; }
+  Control* buddy = nullptr;  // the control that it names, where it stands for that one's caption
 };
 
 // A text that a click opens something with.

@@ -35,6 +35,7 @@ void Form::setFocus(Control* control) {
   Control* const before = focus_;
   focus_ = control;
   notify();
+  if (before != nullptr) before->leaving();
   if (before != nullptr && before->onLostFocus) before->onLostFocus();
   if (focus_ != nullptr && focus_ == control && focus_->onGotFocus) focus_->onGotFocus();
 }

@@ -32,6 +32,14 @@ struct LogTable {
   std::vector<std::vector<Value>> rows;
 };
 
+// A report laid out, to be looked at: the text of each page, and the file that shows them, which goes when
+// the preview has been closed.
+struct Preview {
+  std::string title;
+  std::vector<std::string> pages;
+  std::string file;  // a PDF; empty where nothing was laid out
+};
+
 struct PrinterChoice {
   std::string printer;
   int copies = 1;
@@ -70,7 +78,7 @@ class FrontEnd {
   virtual std::optional<std::string> chooseFileToSave(const std::string& title, const std::string& start,
                                                       const std::string& filter) = 0;
   virtual void showLog(const LogTable& log) = 0;
-  virtual void preview(const std::string& title, const std::vector<std::string>& pages) = 0;
+  virtual void preview(const Preview& preview) = 0;
   virtual void popup(MenuBar& bar, const std::string& band) = 0;
 
   virtual void help(const std::string& file, int command, std::int32_t context) = 0;

@@ -8,9 +8,19 @@ namespace cu {
 
 void EditBox::change(std::string text) {
   text_ = std::move(text);
+  edited();
   notify();
   if (onChange) onChange();
 }
+
+void EditBox::show(std::string text) {
+  if (text_ == text) return;
+  text_ = std::move(text);
+  notify();
+}
+
+bool EditBox::admits(const std::string& /*content*/, char32_t /*character*/) const { return true; }
+std::optional<std::string> EditBox::pasted(std::string_view text) const { return std::string(text); }
 
 void EditBox::setText(const std::string& text) {
   if (text_ != text) change(text);
@@ -32,6 +42,7 @@ bool EditBox::take(std::string content, char32_t character) {
   if (locked_) return false;
   if (keyFilter && !keyFilter(character)) return false;
   if (maxLength_ > 0 && codePoints(content) >= maxLength_) return false;
+  if (!admits(content, character)) return false;
   appendUtf8(content, character);
   change(std::move(content));  // a character typed is a change, also where it replaces its like
   return true;
@@ -54,7 +65,8 @@ void EditBox::enter(std::string_view typed) {
 
 void EditBox::paste(std::string_view text) {
   if (locked_) return;
-  setText(std::string(maxLength_ > 0 ? leftCodePoints(text, maxLength_) : text));
+  const auto taken = pasted(maxLength_ > 0 ? leftCodePoints(text, maxLength_) : text);
+  if (taken) setText(*taken);
 }
 
 }  // namespace cu

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,8 +34,15 @@ class EditBox : public Control {
   std::function<bool(char32_t)> keyFilter;
   Event onChange;
 
- private:
+ protected:
+  // Whether the character may follow that content, and what of a pasted text is taken (none: nothing is).
+  virtual bool admits(const std::string& content, char32_t character) const;
+  virtual std::optional<std::string> pasted(std::string_view text) const;
+  virtual void edited() {}      // the text has changed; the event comes next
+  void show(std::string text);  // another shape of the same content: no event
   void change(std::string text);
+
+ private:
   bool take(std::string content, char32_t character);
 
   std::string text_;

@@ -210,7 +210,7 @@ class FrmProva : public Form {
       nota("registro chiuso");
     };
     cmdAnteprima.onClick = [this] {
-      frontEnd().preview("Conto", {"pagina 1", "pagina 2"});
+      frontEnd().preview({"Conto", {"pagina 1", "pagina 2"}, ""});
       nota("anteprima chiusa");
     };
     cmdFiglia.onClick = [this] {

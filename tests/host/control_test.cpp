@@ -11,8 +11,11 @@
 #include "host/grid.h"
 #include "host/listbox.h"
 #include "host/menubar.h"
+#include "host/numericbox.h"
+#include "host/picker.h"
 #include "host/print_control.h"
 #include "host/selector.h"
+#include "host/tabs.h"
 #include "host/textbox.h"
 
 namespace cu {
@@ -132,6 +135,10 @@ class Naming : public ControlVisitor {
   void visit(ListBox&) override { kind = "list"; }
   void visit(Selector&) override { kind = "selector"; }
   void visit(DateBox&) override { kind = "date"; }
+  void visit(AmountBox&) override { kind = "amount"; }
+  void visit(NumberBox&) override { kind = "number"; }
+  void visit(Picker&) override { kind = "picker"; }
+  void visit(Tabs&) override { kind = "tabs"; }
   void visit(Grid&) override { kind = "grid"; }
   void visit(SideBand&) override { kind = "band"; }
   void visit(MenuBar&) override { kind = "menubar"; }
@@ -158,6 +165,10 @@ TEST(Control, AVisitorMeetsEachAsItsKind) {
   EXPECT_EQ(kindOf<ListBox>(), "list");
   EXPECT_EQ(kindOf<Selector>(), "selector");
   EXPECT_EQ(kindOf<DateBox>(), "date");
+  EXPECT_EQ(kindOf<AmountBox>(), "amount");
+  EXPECT_EQ(kindOf<NumberBox>(), "number");
+  EXPECT_EQ(kindOf<Picker>(), "picker");
+  EXPECT_EQ(kindOf<Tabs>(), "tabs");
   EXPECT_EQ(kindOf<Grid>(), "grid");
   EXPECT_EQ(kindOf<SideBand>(), "band");
   EXPECT_EQ(kindOf<MenuBar>(), "menubar");

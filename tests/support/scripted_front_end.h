@@ -94,8 +94,8 @@ class ScriptedFrontEnd : public FrontEnd {
     return savedFiles.empty() ? std::nullopt : take(savedFiles);
   }
   void showLog(const LogTable& log) override { logs.push_back(log); }
-  void preview(const std::string&, const std::vector<std::string>& pages) override {
-    previews.push_back(pages);
+  void preview(const Preview& preview) override {
+    previews.push_back(preview.pages);
   }
   void popup(MenuBar&, const std::string& band) override { popups.push_back(band); }
   void help(const std::string& file, int command, std::int32_t context) override {

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "host/database.h"
+
+namespace cu {
+
+// The error number of a print that a person gave up: hexadecimal 800403EF.
+inline constexpr int kErrorPrintGivenUp = static_cast<int>(0x800403EF);
+
+// One print of one report. Nothing is read or laid out before preview() or run(); both may raise Error, and
+// leave nothing half-written under a file's final name.
+class ReportEngine {
+ public:
+  virtual ~ReportEngine() = default;
+  virtual void setSession(std::int32_t idUtente, std::int32_t idAzienda, std::int32_t idFiliale) = 0;
+  virtual void setConnection(Connection& connection) = 0;
+  virtual void setObjectType(std::int32_t type) = 0;
+  virtual void setSelectionFormula(const std::string& formula) = 0;
+  virtual void setReportFile(const std::string& name) = 0;  // "ContoIndividuale.rpt"
+  virtual void setDefinition(std::int32_t number) = 0;
+  // Three calls in this order name the file of run(3): mode 0, the full path, format 0.
+  virtual void setOutputMode(std::int32_t mode) = 0;
+  virtual void setOutputPath(const std::string& path) = 0;
+  virtual void setOutputFormat(std::int32_t format) = 0;
+  virtual void setCopies(std::int32_t copies) = 0;
+  virtual void setPrinter(const std::string& name, const std::string& port) = 0;
+
+  virtual void preview() = 0;  // returns when it has been closed
+  virtual void print() = 0;    // to the printer that was set
+  // 0 a table for a spreadsheet, 1 a PDF where a dialog says, 2 a PDF for e-mail in the documents folder,
+  // 3 a PDF into the named file, or where a dialog says when none was named.
+  virtual void run(std::int32_t code) = 0;
+};
+
+// The printer dialog.
+class PrinterDialog {
+ public:
+  virtual ~PrinterDialog() = default;
+  virtual void setConnection(Connection& connection) = 0;
+  virtual void setSession(std::int32_t idUtente) = 0;
+  virtual void setDefinition(std::int32_t number) = 0;
+  virtual void setObjectType(std::int32_t type) = 0;
+  virtual void prepare() = 0;
+  virtual void show() = 0;  // returns when it has been closed
+  virtual bool cancelled() const = 0;
+  virtual std::int32_t copies() const = 0;
+  virtual std::string printer() const = 0;
+  virtual std::string port() const = 0;  // the printer's second value; may be empty
+};
+
+}  // namespace cu

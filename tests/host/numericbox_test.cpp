@@ -1,0 +1,179 @@
+#include "host/numericbox.h"
+
+#include <gtest/gtest.h>
+
+#include "host/form.h"
+#include "support/scripted_front_end.h"
+
+namespace cu {
+namespace {
+using test::ScriptedFrontEnd;
+
+Decimal amount(const char* text) { return *Decimal::parse(text); }
+
+struct Amounts : testing::Test {
+  ScriptedFrontEnd screen;
+  Form form{screen, "frm"};
+  AmountBox box{form, "curField(11)", nullptr, "5 Somme"};
+  NumberBox number{form, "numAnno", nullptr};
+  int changes = 0;
+
+  Amounts() {
+    box.setFormat(2, "€", ",", ".");
+    box.setLimits(Decimal(), amount("99999999999999"));
+    box.onChange = [this] { ++changes; };
+    number.onChange = [this] { ++changes; };
+    number.setLimits(Decimal(), amount("9999"));
+  }
+  void leave() {
+    form.setFocus(&box);
+    form.setFocus(nullptr);
+  }
+};
+
+TEST_F(Amounts, StartsEmptyAndWorthNothing) {
+  EXPECT_EQ(box.text(), "");
+  EXPECT_EQ(box.value(), 0);
+  leave();
+  EXPECT_EQ(box.text(), "");
+}
+
+TEST_F(Amounts, ShowsANumberPutInByCodeInTheCurrencysFormat) {
+  box.setNumber(amount("1234567.5"));
+  EXPECT_EQ(box.text(), "1.234.567,50");
+  EXPECT_EQ(changes, 1);
+  box.setNumber(amount("1234567.5"));
+  EXPECT_EQ(changes, 1);
+  box.setNumber(amount("999.999"));
+  EXPECT_EQ(box.text(), "1.000,00");
+}
+
+TEST_F(Amounts, ShowsZeroWithoutAChangeWhereItWasEmpty) {
+  box.setNumber(Decimal());
+  EXPECT_EQ(box.text(), "0,00");
+  EXPECT_EQ(changes, 0);
+}
+
+TEST_F(Amounts, KeepsFourPlacesUntilAPersonTypes) {
+  box.setNumber(amount("10.1239"));
+  leave();
+  EXPECT_EQ(box.text(), "10,12");
+  EXPECT_EQ(box.number(), amount("10.1239"));
+  box.enter("10,12");
+  EXPECT_EQ(box.number(), amount("10.12"));
+}
+
+TEST_F(Amounts, KeepsAStoredNegativeBelowItsLimitUntilAPersonTypes) {
+  box.setNumber(amount("-3.5"));
+  leave();
+  EXPECT_EQ(box.text(), "-3,50");
+  EXPECT_EQ(box.value(), -3.5);
+  box.enter("-4");
+  EXPECT_EQ(box.value(), 4);
+}
+
+TEST_F(Amounts, TakesWhatAPersonWrites) {
+  box.enter("1.234,5");
+  EXPECT_EQ(box.text(), "1.234,5");
+  EXPECT_EQ(box.value(), 1234.5);
+  EXPECT_EQ(changes, 7);
+  leave();
+  EXPECT_EQ(box.text(), "1.234,50");
+  EXPECT_EQ(box.value(), 1234.5);
+  EXPECT_EQ(changes, 7);
+}
+
+TEST_F(Amounts, LetsNoLetterInAndNoThirdPlace) {
+  box.enter("12a");
+  EXPECT_EQ(box.text(), "12");
+  EXPECT_EQ(changes, 2);
+  box.enter("1,239");
+  EXPECT_EQ(box.text(), "1,23");
+  box.enter("1,2,3");
+  EXPECT_EQ(box.text(), "1,23");
+}
+
+TEST_F(Amounts, AnEmptyTextDeletes) {
+  box.setNumber(amount("5"));
+  box.enter("");
+  EXPECT_EQ(box.text(), "");
+  EXPECT_EQ(box.value(), 0);
+  EXPECT_EQ(changes, 2);
+}
+
+TEST_F(Amounts, TakesAMinusOnlyWhereTheLimitAllowsIt) {
+  box.enter("-10");
+  EXPECT_EQ(box.text(), "10");
+  box.setLimits(amount("-99999999999999"), amount("99999999999999"));
+  box.enter("-10");
+  EXPECT_EQ(box.text(), "-10");
+  EXPECT_EQ(box.value(), -10);
+  box.enter("1-0");
+  EXPECT_EQ(box.value(), 10);
+  box.enter("-");
+  EXPECT_EQ(box.value(), 0);
+  leave();
+  EXPECT_EQ(box.text(), "0,00");
+}
+
+TEST_F(Amounts, StopsAtItsLargestValue) {
+  box.enter("999999999999999");
+  EXPECT_EQ(box.text(), "99999999999999");
+  box.enter("99999999999999,9");
+  EXPECT_EQ(box.value(), 99999999999999.0);
+}
+
+TEST_F(Amounts, WithoutDecimalsWhatFollowsTheMarkIsNotLetIn) {
+  box.setFormat(0, "L.", ",", ".");
+  box.enter("1234,5");
+  EXPECT_EQ(box.value(), 1234);
+  leave();
+  EXPECT_EQ(box.text(), "1.234");
+}
+
+TEST_F(Amounts, FollowsTheMarksOfTheCurrency) {
+  box.setFormat(2, "$", ".", ",");
+  box.enter("1,234.5");
+  EXPECT_EQ(box.value(), 1234.5);
+  leave();
+  EXPECT_EQ(box.text(), "1,234.50");
+}
+
+struct Pasted {
+  const char* text;
+  const char* shown;
+};
+class AmountPaste : public Amounts, public testing::WithParamInterface<Pasted> {};
+
+TEST_P(AmountPaste, IsTakenWholeOrNotAtAll) {
+  box.setNumber(amount("7"));
+  box.paste(GetParam().text);
+  EXPECT_EQ(box.text(), GetParam().shown);
+}
+INSTANTIATE_TEST_SUITE_P(Texts, AmountPaste,
+                         testing::Values(Pasted{"1.234,56", "1.234,56"}, Pasted{" 12,5 ", "12,5"},
+                                         Pasted{"1,239", "1,24"}, Pasted{"", ""}, Pasted{"abc", "7,00"},
+                                         Pasted{"1234.56", "7,00"}, Pasted{"-5", "7,00"}, Pasted{"-", "7,00"},
+                                         Pasted{"999999999999999", "7,00"}));
+
+TEST_F(Amounts, AWholeNumberTakesDigitsOnly) {
+  number.enter("20x1.6");
+  EXPECT_EQ(number.text(), "2016");
+  EXPECT_EQ(number.value(), 2016);
+  number.setValue(0);
+  EXPECT_EQ(number.text(), "0");
+  number.enter("12345");
+  EXPECT_EQ(number.value(), 1234);
+  number.setText("");
+  EXPECT_EQ(number.value(), 0);
+}
+
+TEST_F(Amounts, ALockedBoxTakesNothing) {
+  box.setLocked(true);
+  box.enter("5");
+  box.paste("5");
+  EXPECT_EQ(box.value(), 0);
+}
+
+}  // namespace
+}  // namespace cu
