@@ -1,5 +1,6 @@
 #pragma once
 
+#include <new>
 #include <stdexcept>
 #include <string>
 
@@ -37,6 +38,16 @@ inline constexpr int kErrorObjectOpen = 3705;
 inline constexpr int kErrorFilter = 3001;
 inline constexpr int kErrorDatabase = -2147217900;  // the base of what a database refuses
 inline constexpr int kErrorObjectBase = -2147221504;
+
+// Whatever was raised, as what a user reads.
+inline Error asError(const std::exception& raised) {
+  if (const auto* const error = dynamic_cast<const Error*>(&raised)) return *error;
+  constexpr int kErrorMemory = 7;
+  constexpr int kErrorInternal = 51;
+  if (dynamic_cast<const std::bad_alloc*>(&raised) != nullptr)
+    return {kErrorMemory, "Memoria insufficiente."};
+  return {kErrorInternal, std::string("Errore interno: ") + raised.what()};
+}
 
 // A file operation that failed; the number is one of those above.
 class FileError : public Error {

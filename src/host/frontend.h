@@ -45,7 +45,7 @@ struct PrinterChoice {
   int copies = 1;
 };
 
-// What happened to a print, whatever became of it.
+// A print that was asked for, whatever became of it.
 struct PrintNote {
   int kind = 0;             // output kind, 1 to 6
   std::optional<int> code;  // of a run; none for the kinds 1 and 2
@@ -54,6 +54,7 @@ struct PrintNote {
   std::string file;  // full path; empty when none was named
   std::string printer;
   int copies = 0;
+  bool written = false;  // the file, or the printer's job, stands as it was asked for
 };
 
 inline constexpr int kPointerDefault = 0;

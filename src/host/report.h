@@ -10,8 +10,12 @@ namespace cu {
 // The error number of a print that a person gave up: hexadecimal 800403EF.
 inline constexpr int kErrorPrintGivenUp = static_cast<int>(0x800403EF);
 
-// One print of one report. Nothing is read or laid out before preview() or run(); both may raise Error, and
-// leave nothing half-written under a file's final name.
+// One print of one report. Nothing is read or laid out before preview(), print() or run(); they may raise
+// Error, and leave nothing half-written under a file's final name.
+//
+// What the wizard is handed asks for the name of a file where it needs one and tells the front end of the
+// print; the engine behind it, which lays the report out, does neither: it has got a full path before each
+// run, whatever the code.
 class ReportEngine {
  public:
   virtual ~ReportEngine() = default;

@@ -8,6 +8,7 @@
 #include "host/database.h"
 #include "host/date.h"
 #include "host/log_grid.h"
+#include "host/report.h"
 
 namespace cu {
 
@@ -79,6 +80,8 @@ class HostFactory {
   virtual std::unique_ptr<ValutaHost> createValuta() = 0;
   virtual std::unique_ptr<RicostruzioneConti> createRicostruzione() = 0;
   virtual std::unique_ptr<LogGrid> createLogGrid() = 0;
+  virtual std::unique_ptr<ReportEngine> createReport() = 0;
+  virtual std::unique_ptr<PrinterDialog> createPrinterDialog() = 0;
 };
 
 }  // namespace cu

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 
+#include "host/clock.h"
 #include "host/frontend.h"
 #include "host/session.h"
 #include "suite/sessione.h"
@@ -13,6 +14,8 @@ namespace cu {
 struct FornitoriSuite {
   ApriDatabase apriDatabase;
   std::function<std::unique_ptr<RicostruzioneConti>()> creaRicostruzione;
+  // What lays a report out; may be empty where prints are only told.
+  std::function<std::unique_ptr<ReportEngine>()> creaImpaginatore = {};
 };
 
 // The suite's objects for one profile. Profile and front end outlive it. Making it empties the trace that the
@@ -25,6 +28,8 @@ class FabbricaSuite : public HostFactory {
   std::unique_ptr<ValutaHost> createValuta() override;
   std::unique_ptr<RicostruzioneConti> createRicostruzione() override;
   std::unique_ptr<LogGrid> createLogGrid() override;
+  std::unique_ptr<ReportEngine> createReport() override;
+  std::unique_ptr<PrinterDialog> createPrinterDialog() override;
 
   bool avvioRifiutato() const { return rifiutato_; }
 
@@ -33,6 +38,7 @@ class FabbricaSuite : public HostFactory {
   FrontEnd& frontEnd_;
   FornitoriSuite fornitori_;
   std::unique_ptr<TracciaSql> traccia_;
+  std::unique_ptr<Clock> orologio_;
   bool rifiutato_ = false;
 };
 

@@ -8,6 +8,7 @@
 #include "suite/registro_errori.h"
 #include "suite/testi.h"
 #include "support/fake_connection.h"
+#include "support/fake_report.h"
 #include "support/scripted_front_end.h"
 #include "support/temp_folder.h"
 
@@ -36,6 +37,28 @@ TEST(Fabbrica, EachObjectIsMadeAnew) {
   fabbrica.createRicostruzione();
   EXPECT_EQ(ricostruzioni, 1);
   EXPECT_FALSE(fabbrica.avvioRifiutato());
+}
+
+TEST(Fabbrica, ThePrintIsTheOneOfTheProfilesEngine) {
+  Profilo profilo;
+  test::ScriptedFrontEnd schermo;
+  test::PrintJournal giornale;
+  FornitoriSuite fornitori{finta, nullptr, [&] { return std::make_unique<test::FakeReport>(giornale); }};
+  FabbricaSuite fabbrica(profilo, schermo, fornitori);
+  EXPECT_NE(fabbrica.createPrinterDialog(), nullptr);
+  fabbrica.createReport()->preview();
+  EXPECT_THAT(giornale.calls, ElementsAre("report.preview", "report.release"));
+  profilo.stampa = Profilo::MotoreStampa::Registro;
+  fabbrica.createReport()->preview();
+  EXPECT_EQ(giornale.calls.size(), 2U);
+  EXPECT_EQ(schermo.prints.size(), 2U);
+}
+
+TEST(Fabbrica, WithoutAnEngineThePrintIsRefusedInWords) {
+  const Profilo profilo;
+  test::ScriptedFrontEnd schermo;
+  FabbricaSuite fabbrica(profilo, schermo, {finta, nullptr});
+  EXPECT_THROW(fabbrica.createReport(), Error);
 }
 
 TEST(Fabbrica, ItKnowsThatTheStartWasRefused) {

@@ -10,6 +10,7 @@
 
 #include "host/text.h"
 #include "support/fake_log_grid.h"
+#include "support/fake_report.h"
 #include "support/fake_session.h"
 
 namespace cu::test {
@@ -42,6 +43,7 @@ class FakeFactory : public HostFactory {
   std::deque<Rebuild> rebuilds;
   std::function<void()> onRebuild;  // runs while the accounts are rebuilt
   std::deque<NotedLog> logs;
+  PrintJournal printing;
   FakeSession* session = nullptr;  // the last one made
   int databaseAsked = 0;           // how often a session was asked for its database, even in vain
 
@@ -65,6 +67,13 @@ class FakeFactory : public HostFactory {
   }
   std::unique_ptr<LogGrid> createLogGrid() override {
     return std::make_unique<FakeLogGrid>(logs.emplace_back());
+  }
+  std::unique_ptr<ReportEngine> createReport() override {
+    printing.call("report.create");
+    return std::make_unique<FakeReport>(printing);
+  }
+  std::unique_ptr<PrinterDialog> createPrinterDialog() override {
+    return std::make_unique<FakePrinterDialog>(printing);
   }
 
  private:

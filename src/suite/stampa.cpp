@@ -1,0 +1,144 @@
+#include "suite/stampa.h"
+
+#include <filesystem>
+
+namespace cu {
+namespace {
+
+constexpr std::int32_t kTabella = 0;
+constexpr std::int32_t kDialogo = 1;
+constexpr std::int32_t kPosta = 2;
+constexpr std::int32_t kFile = 3;
+
+// The output kind that a code belongs to.
+int tipoUscita(std::int32_t codice) {
+  switch (codice) {
+    case kDialogo:
+      return 3;
+    case kTabella:
+      return 4;
+    case kPosta:
+      return 5;
+    case kFile:
+      return 6;
+    default:
+      throw Error(kErrorInvalidCall, "Il codice di uscita della stampa non esiste.");
+  }
+}
+
+std::string unisci(const std::string& cartella, const std::string& nome) {
+  return (std::filesystem::path(cartella) / nome).string();
+}
+
+}  // namespace
+
+void StampaSuite::setSession(std::int32_t idUtente, std::int32_t idAzienda, std::int32_t idFiliale) {
+  if (impaginatore_) impaginatore_->setSession(idUtente, idAzienda, idFiliale);
+}
+
+void StampaSuite::setConnection(Connection& connection) {
+  if (impaginatore_) impaginatore_->setConnection(connection);
+}
+
+void StampaSuite::setObjectType(std::int32_t type) {
+  if (impaginatore_) impaginatore_->setObjectType(type);
+}
+
+void StampaSuite::setSelectionFormula(const std::string& formula) {
+  nota_.formula = formula;
+  if (impaginatore_) impaginatore_->setSelectionFormula(formula);
+}
+
+void StampaSuite::setReportFile(const std::string& name) {
+  nota_.report = name;
+  if (impaginatore_) impaginatore_->setReportFile(name);
+}
+
+void StampaSuite::setDefinition(std::int32_t number) {
+  if (impaginatore_) impaginatore_->setDefinition(number);
+}
+
+void StampaSuite::setOutputMode(std::int32_t mode) {
+  if (impaginatore_) impaginatore_->setOutputMode(mode);
+}
+
+void StampaSuite::setOutputPath(const std::string& path) {
+  nota_.file = path;
+  if (impaginatore_) impaginatore_->setOutputPath(path);
+}
+
+void StampaSuite::setOutputFormat(std::int32_t format) {
+  if (impaginatore_) impaginatore_->setOutputFormat(format);
+}
+
+void StampaSuite::setCopies(std::int32_t copies) {
+  nota_.copies = copies;
+  if (impaginatore_) impaginatore_->setCopies(copies);
+}
+
+void StampaSuite::setPrinter(const std::string& name, const std::string& port) {
+  nota_.printer = name;
+  if (impaginatore_) impaginatore_->setPrinter(name, port);
+}
+
+void StampaSuite::preview() {
+  nota_.kind = 1;
+  nota_.code.reset();
+  frontEnd_.printed(nota_);
+  if (impaginatore_) impaginatore_->preview();
+}
+
+void StampaSuite::print() {
+  nota_.kind = 2;
+  nota_.code.reset();
+  esegui([this] {
+    if (impaginatore_) impaginatore_->print();
+  });
+}
+
+void StampaSuite::run(std::int32_t code) {
+  nota_.kind = tipoUscita(code);
+  nota_.code = code;
+  esegui([this, code] {
+    if (nota_.file.empty()) trovaNome(code);
+    if (impaginatore_) impaginatore_->run(code);
+  });
+}
+
+template <class Impaginazione>
+void StampaSuite::esegui(const Impaginazione& impaginazione) {
+  nota_.written = false;
+  try {
+    impaginazione();
+  } catch (const std::exception&) {
+    frontEnd_.printed(nota_);
+    throw;
+  }
+  nota_.written = impaginatore_ != nullptr;
+  frontEnd_.printed(nota_);
+}
+
+void StampaSuite::trovaNome(std::int32_t codice) {
+  setOutputMode(0);
+  if (codice == kPosta) {
+    setOutputPath(unisci(documenti_, nomeStampa() + "_" + orologio_.today().toDdmmyyyy() + "_" +
+                                         orologio_.now().toHhmm() + ".pdf"));
+  } else if (codice == kTabella) {
+    setOutputPath(chiediNome(".xlsx", "Cartella di lavoro (*.xlsx)"));
+  } else {
+    setOutputPath(chiediNome(".pdf", "Documento PDF (*.pdf)"));
+  }
+  setOutputFormat(0);
+}
+
+std::string StampaSuite::chiediNome(const std::string& estensione, const std::string& filtro) {
+  const auto scelto = frontEnd_.chooseFileToSave("Salva la stampa con nome",
+                                                 unisci(documenti_, nomeStampa() + estensione), filtro);
+  if (!scelto || scelto->empty()) throw Error(kErrorPrintGivenUp, "La stampa è stata annullata.");
+  return *scelto;
+}
+
+// The report's name without its ending.
+std::string StampaSuite::nomeStampa() const { return nota_.report.substr(0, nota_.report.rfind('.')); }
+
+}  // namespace cu
