@@ -5,25 +5,36 @@
 
 #include "host/form.h"
 #include "host/recordset.h"
+#include "host/settings.h"
+#include "host/utility.h"
+#include "shell/context/globali.h"
 
 namespace cu {
 
-class UtilitaSuite;
+// What an editor needs around it.
+struct AmbienteEditor {
+  FrontEnd& frontEnd;
+  Globali& globali;
+  UtilitaSuite& utilita;
+  Settings& settings;
+};
 
 // The editor of one compensation line, as the worklist uses it: the recordset stands on the line to be
-// edited; the editor filters it to that line and changes nothing but the recordset's row.
+// edited; the editor filters it to that line and changes nothing but the recordset's row and, at the
+// confirmation, the additional modules in the database.
 class Editor : public Form {
  public:
   using Form::Form;
-  virtual void setRecordset(cu::Recordset& righe) = 0;
+  virtual void setRecordset(cu::Recordset& righe) = 0;  // loads the row
   virtual cu::Recordset& Recordset() = 0;
   virtual void setTipoComunicazione(std::int32_t tipo) = 0;  // 1 ordinary, 2 annulment, 3 replacement
-  // Opens only the additional data; an annulment is finished by it.
+  // Opens only the additional data; an annulment is finished by it. The oldest layout has them on its own
+  // page and does nothing.
   virtual void ApriDatiAggiuntivi() = 0;
   virtual bool OK() const = 0;
 };
 
 // The editor of the layout of an income year: 2014, 2015, and one for every other year.
-std::unique_ptr<Editor> fnCreaEditor(std::int32_t anno, FrontEnd& frontEnd, UtilitaSuite& utilita);
+std::unique_ptr<Editor> fnCreaEditor(std::int32_t anno, const AmbienteEditor& ambiente);
 
 }  // namespace cu

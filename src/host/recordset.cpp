@@ -175,7 +175,8 @@ bool Recordset::shows(RowMark row) const {
     case Showing::All:
       return true;
     case Showing::Pending:
-      return changed != nullptr && !(deleted && row >= data_->store.size());
+      return changed != nullptr && changed->status != RecordStatus::Unmodified &&
+             !(deleted && row >= data_->store.size());
     case Showing::Matching: {
       if (deleted) return false;
       const std::size_t columns = filter_.columns();
@@ -330,6 +331,8 @@ void Recordset::Update() {
   if (adding_) {
     changed.status = RecordStatus::New;
     ++data_->added;
+  } else if (changed.status == RecordStatus::Unmodified) {
+    changed.status = RecordStatus::Modified;
   }
   if (fresh) {
     changed.changes = std::move(pending_);
@@ -368,10 +371,16 @@ void Recordset::Delete() {
   position_ = placeOf(at);
 }
 
+void Recordset::AcceptCurrent() {
+  Update();
+  const auto found = changeable().edited.find(current());
+  if (found != data_->edited.end()) found->second.status = RecordStatus::Unmodified;
+}
+
 RecordStatus Recordset::Status() const {
   if (adding_) return RecordStatus::New;
   const Edited* const changed = edited(current());
-  if (changed != nullptr) return changed->status;
+  if (changed != nullptr && changed->status != RecordStatus::Unmodified) return changed->status;
   return editing_ ? RecordStatus::Modified : RecordStatus::Unmodified;
 }
 

@@ -81,6 +81,9 @@ class Recordset {
   void Delete();
   void Update();
   RecordStatus Status() const;  // of what is pending too
+  // What was changed in the current row so far counts as brought to the database: the row is no longer
+  // pending. Rows in sight stay in sight until the next filter; original values stay those that were read.
+  void AcceptCurrent();
 
  private:
   // What differs from the row as read: a change of one flag costs one value, not the row.

@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "editors/conferma_riga.h"
 #include "shell/wizard_prova.h"
 #include "worklist/frm_protocollo.h"
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "shell/mod_main.h"
+#include "support/editor_answers.h"
 #include "support/fake_factory.h"
 #include "support/fixed_clock.h"
 #include "support/memory_file_system.h"
@@ -135,6 +136,7 @@ class WizardProva {
 
  private:
   void rispondi() {
+    answerEditors(database);
     database.own.answerContaining(
         "SELECT DISTINCT ContoIndividuale.Anno",
         Table({"Anno"}, {{whole(2016)}, {whole(2015)}, {whole(2014)}, {whole(2013)}}));

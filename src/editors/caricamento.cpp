@@ -1,0 +1,121 @@
+// A row comes into the editor.
+
+#include "editors/editor_compenso.h"
+#include "host/frontend.h"
+#include "host/text.h"
+
+namespace cu {
+
+std::unique_ptr<Editor> fnCreaEditor(std::int32_t anno, const AmbienteEditor& ambiente) {
+  return std::make_unique<EditorCompenso>(fnDisposizione(anno), ambiente);
+}
+
+void EditorCompenso::setRecordset(cu::Recordset& righe) {
+  load();
+  recordset_ = &righe;
+  righe.SetFilter("Anno = " + righe.Get("Anno").toText() +
+                  " AND IDAnagrafica = " + righe.Get("IDAnagrafica").toText() +
+                  " AND IDCausalePagamento = " + righe.Get("IDCausalePagamento").toText());
+  Caricamento = true;
+  sbCaricaModulo1();
+  caricaDatiAggiuntivi();
+  bloccaPerCausale();
+  sbConfiguraGrigliaModuli();
+  sbApriModuli();
+  Caricamento = false;
+}
+
+void EditorCompenso::setTipoComunicazione(std::int32_t tipo) {
+  TipoComunicazione = tipo;
+  if (disposizione_.immagine) return;
+  stbMain->setTabVisible(2, true);
+  riferimenti_->disponi(tipo);
+  fraMain->setVisible(tipo != 2);  // an annulment asks for nothing but the references
+  if (tipo == 2) stbMain->setTabVisible(2, false);
+  notify();
+}
+
+void EditorCompenso::caricaIntestazione() {
+  const UtilitaSuite& utilita = ambiente_.utilita;
+  const auto testo = [&](std::string_view colonna) { return utilita.toText(recordset_->Get(colonna)); };
+  for (const CampoIntestazione& campo : kIntestazione) {
+    if ((campo.disposizioni & disposizione_.bit) == 0) continue;
+    std::string valore;
+    if (!campo.colonna.empty()) {
+      valore = testo(campo.colonna);
+    } else {
+      // Two bodies give their members a code of the payer; the others have none.
+      const std::int32_t ente = utilita.toLong(recordset_->Get("IDCUEntePrevidenziale"));
+      if (ente == 1) valore = testo("CodiceAzPressoENPAM");
+      if (ente == 2) valore = testo("CodiceAzPressoENPAPI");
+    }
+    testi_.at(campo.modulo1)->setText(valore);
+    testi_.at(campo.altriModuli)->setText(valore);
+  }
+  for (const auto& percipiente : percipienti_) {
+    percipiente->mostra(utilita.toLong(recordset_->Get("IDAnagrafica")), testo("Nome"),
+                        utilita.toLong(recordset_->Get("IDCausalePagamento")));
+  }
+  lblAnno->setCaption(testo("Anno"));
+}
+
+void EditorCompenso::blocca(int indice) {
+  AmountBox& importo = curField(indice);
+  importo.setEnabled(false);
+  importo.setBackground(Background::Face);
+  const auto etichetta = etichette_.find(indice);
+  if (etichetta != etichette_.end()) etichetta->second->setEnabled(false);
+}
+
+void EditorCompenso::sbCaricaModulo1() {
+  caricaIntestazione();
+  const bool addizionali = ambiente_.utilita.toText(recordset_->Get("Codice")) == "N";
+  for (Casella& casella : modulo1_) {
+    const int indice = casella.campo->indice;
+    if (casella.importo != nullptr && indice >= kPrimaAddizionale && indice <= kUltimaAddizionale &&
+        !addizionali) {
+      blocca(indice);
+    } else {
+      casella.mostra(recordset_->Get(casella.campo->colonna), ambiente_.utilita);
+    }
+  }
+}
+
+void EditorCompenso::caricaDatiAggiuntivi() {
+  const UtilitaSuite& utilita = ambiente_.utilita;
+  const auto testo = [&](std::string_view colonna) { return utilita.toText(recordset_->Get(colonna)); };
+  dati_.Protocollo = testo("ProtocolloAnnSost");
+  dati_.Progressivo = testo("ProgressivoAnnSost");
+  dati_.IDComuneResidenzaAnnoPrec = utilita.toLong(recordset_->Get("IDComuneResidenzaAnnoPrec"));
+  dati_.IDComuneResidenzaAnnoCorr = utilita.toLong(recordset_->Get("IDComuneResidenzaAnnoCorr"));
+  dati_.ComuneResidenzaAnnoPrec = testo("ComuneResidenzaAnnoPrec");
+  dati_.ComuneResidenzaAnnoCorr = testo("ComuneResidenzaAnnoCorr");
+  if (disposizione_.fusioneComuni) {
+    dati_.FusioneComuni = testo("FusioneComuni");
+    dati_.FusioneComuniAnnoPrec = testo("FusioneComuniAnnoPrec");
+  }
+  if (disposizione_.immagine) return;
+  riferimenti_->txtProtocollo.setText(dati_.Protocollo);
+  riferimenti_->txtProgressivo.setText(dati_.Progressivo);
+  TownComuneResidenzaAnnoPrec->setRecord(dati_.IDComuneResidenzaAnnoPrec);
+  TownComuneResidenzaAnnoCorr->setRecord(dati_.IDComuneResidenzaAnnoCorr);
+}
+
+// One of the two is always closed; what it was loaded with stays in it.
+void EditorCompenso::bloccaPerCausale() {
+  const std::string codice = ambiente_.utilita.toText(recordset_->Get("Codice"));
+  blocca(codice == "M" || codice == "O" ? 12 : 15);
+}
+
+void EditorCompenso::sbRicalcolaAmmontareLordo() {
+  if (!moduli_.IsOpen()) return;
+  double somma = curField(11).value() + curField(12).value() + curField(19).value() + curField(22).value();
+  const auto moduli = moduli_.Clone();
+  for (; !moduli->Eof(); moduli->MoveNext()) {
+    if (!moduli->Get("Eliminato").flag())
+      somma += ambiente_.utilita.toDouble(moduli->Get("SommeNonSoggette"));
+  }
+  curField(10).setNumber(Decimal::fromDouble(somma));
+}
+
+}  // namespace cu

@@ -1,0 +1,145 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "editors/casella.h"
+#include "editors/dati_aggiuntivi.h"
+#include "editors/disposizione.h"
+#include "editors/editor.h"
+#include "editors/percipiente.h"
+#include "editors/riferimenti.h"
+#include "host/grid.h"
+#include "host/picker.h"
+#include "host/tabs.h"
+
+namespace cu {
+
+// The editor of a compensation line, for any layout of the ministerial form.
+class EditorCompenso : public Editor {
+ public:
+  EditorCompenso(const Disposizione& disposizione, const AmbienteEditor& ambiente);
+
+  void setRecordset(cu::Recordset& righe) override;
+  cu::Recordset& Recordset() override { return *recordset_; }
+  void setTipoComunicazione(std::int32_t tipo) override;
+  void ApriDatiAggiuntivi() override;
+  bool OK() const override { return ok_; }
+
+  const Scroll* scroll() const override { return disposizione_.immagine ? &scroll_ : nullptr; }
+  bool shrunk() const override { return !disposizione_.immagine && TipoComunicazione == 2; }
+
+ private:
+  enum class Segno { Nessuno, RigaModificata, ModuloModificato };
+
+  void formLoad() override;
+  void formUnload() override;
+
+  // The controls, made from the tables.
+  template <class C, class... Args>
+  C& crea(Args&&... args);
+  void creaPagine();
+  void creaAltriDati(Frame* pagina);
+  void creaPagina(Pagina pagina, Frame* dove);
+  void creaIntestazione(Pagina pagina, Frame* dove);
+  void creaLettura(Pagina pagina, const CampoIntestazione& campo, Frame* dove);
+  static void chiudi(TextBox& casella);
+  void creaSezione(Pagina pagina, Sezione sezione, Frame* dove);
+  void creaCampo(Pagina pagina, Casella& casella, Frame* dove);
+  void creaPulsanti();
+  Segno segno(Pagina pagina, const CampoEditor& campo) const;
+  void cambiato(Segno segno);
+  std::vector<Casella>& caselle(Pagina pagina) { return pagina == Pagina::Modulo1 ? modulo1_ : altriModuli_; }
+  // By the number of the form; none when the layout has no such field.
+  const Casella* casella(Pagina pagina, std::string_view campo) const;
+  AmountBox& curField(int indice) { return *importi_.at(indice); }
+  void scorri(int passi);
+  void mostraPagina(Pagina pagina);
+  void apriDocumento(std::string_view nome);
+
+  // The row.
+  void sbCaricaModulo1();
+  void caricaIntestazione();
+  void caricaDatiAggiuntivi();
+  void bloccaPerCausale();
+  void blocca(int indice);
+  void sbRicalcolaAmmontareLordo();
+  void conferma();
+  void annulla();
+  void riscriviRiga();
+  void riscriviComune(const std::string& anno, std::int32_t idComune);
+  void apriDialogo();
+
+  // The rules.
+  bool pieno(Pagina pagina, std::string_view campo) const;
+  const Casella* primoPieno(Pagina pagina, int da, int a) const;
+  int fnVerificaCompilazione();
+  void sbAvvisoAltriModuli();
+  bool fnModuloValido();
+
+  // The additional modules.
+  void sbConfiguraGrigliaModuli();
+  void sbApriModuli();
+  void mostraModulo();
+  void nuovo();
+  void salva();
+  void elimina();
+  void sbSalvaModuli();
+  void applica();
+  void mostraConteggio();
+
+  SessioneHost& sessione() { return *ambiente_.globali.gSessione; }
+  Connection& interna() { return sessione().database().internalConnection(); }
+
+  const Disposizione& disposizione_;
+  AmbienteEditor ambiente_;
+  cu::Recordset* recordset_ = nullptr;
+  cu::Recordset moduli_;
+
+  bool Caricamento = false;
+  bool RigaModificata = false;
+  std::int32_t TipoComunicazione = 0;
+  bool NuovoModulo = false;
+  std::int32_t UltimoIDModulo = 0;
+  bool ok_ = false;
+  bool EsitoDatiAggiuntivi = false;
+  DatiAggiuntivi dati_;
+  Scroll scroll_;
+
+  std::vector<std::unique_ptr<Control>> controlli_;
+  std::vector<Casella> modulo1_;
+  std::vector<Casella> altriModuli_;
+  std::map<int, AmountBox*> importi_;
+  std::map<int, TextBox*> testi_;
+  std::map<int, Label*> etichette_;  // of amounts whose caption is a label of its own
+  int sezioni_ = 0;
+  std::vector<std::unique_ptr<Percipiente>> percipienti_;  // one a page
+  std::unique_ptr<Riferimenti> riferimenti_;               // of the oldest layout
+
+  Tabs* stbMain = nullptr;
+  Frame* fraMain = nullptr;
+  Frame* picModulo1 = nullptr;
+  Frame* fraAltriModuli = nullptr;
+  Frame* picAltriModuli = nullptr;
+  Label* lblAnno = nullptr;
+  Picker* TownComuneResidenzaAnnoPrec = nullptr;
+  Picker* TownComuneResidenzaAnnoCorr = nullptr;
+  Grid* grdAltriModuli = nullptr;
+  ListBox* cboCodicePerNonSoggetti = nullptr;
+  ListBox* cboCodicePerNonSoggettiAltri = nullptr;
+  NumberBox* numModulo = nullptr;
+  NumberBox* numAnno = nullptr;
+  Button* cmdNew = nullptr;
+  Button* cmdSave = nullptr;
+  Button* cmdDelete = nullptr;
+  Button* cmdModulo1 = nullptr;
+  Button* cmdAltriModuli = nullptr;
+  Button* cmdDatiAggiuntivi = nullptr;
+  Button* cmdOk = nullptr;
+  Button* cmdAnnulla = nullptr;
+};
+
+}  // namespace cu

@@ -1,0 +1,89 @@
+#include "editors/frm_dati_aggiuntivi.h"
+
+namespace cu {
+
+std::int32_t idComune(const Picker& comune) { return static_cast<std::int32_t>(comune.record()); }
+
+void associaComune(Picker& comune, const AmbienteEditor& ambiente) {
+  SessioneHost& sessione = *ambiente.globali.gSessione;
+  comune.bind(sessione.database().ownConnection(), ambiente.globali.gTitolo, sessione.helpContext());
+}
+
+FrmDatiAggiuntivi::FrmDatiAggiuntivi(const AmbienteEditor& ambiente)
+    : Form(ambiente.frontEnd, "frmDatiAggiuntivi", "Certificazione compensi - Dati aggiuntivi"),
+      fraTab0(*this, "fraTab0", nullptr, "Altri dati"),
+      riferimenti(*this, &fraTab0),
+      Frame1(*this, "Frame1", &fraTab0, "Dati del percipiente"),
+      percipiente(*this, &Frame1, ""),
+      fraMain(*this, "fraMain", nullptr, "Altri dati"),
+      Frame2(*this, "Frame2", &fraMain, "Comune di residenza anno precedente"),
+      TownComuneResidenzaAnnoPrec(*this, "TownComuneResidenzaAnnoPrec", &Frame2),
+      lblFusioneComuniAnnoPrec(*this, "lblFusioneComuniAnnoPrec", &Frame2, "Fusione comuni"),
+      txtFusioneComuniAnnoPrec(*this, "txtFusioneComuniAnnoPrec", &Frame2),
+      Frame3(*this, "Frame3", &fraMain, "Comune di residenza anno corrente"),
+      TownComuneResidenzaAnnoCorr(*this, "TownComuneResidenzaAnnoCorr", &Frame3),
+      lblFusioneComuni(*this, "lblFusioneComuni", &Frame3, "Fusione comuni"),
+      txtFusioneComuni(*this, "txtFusioneComuni", &Frame3),
+      cmdOk(*this, "cmdOk", nullptr, "OK"),
+      cmdAnnulla(*this, "cmdAnnulla", nullptr, "Annulla"),
+      ambiente_(ambiente) {
+  lblFusioneComuniAnnoPrec.buddy = &txtFusioneComuniAnnoPrec;
+  lblFusioneComuni.buddy = &txtFusioneComuni;
+  defaultButton = &cmdOk;
+  cancelButton = &cmdAnnulla;
+  cmdOk.onClick = [this] { conferma(); };
+  cmdAnnulla.onClick = [this] {
+    ok_ = false;
+    unload();
+  };
+}
+
+void FrmDatiAggiuntivi::formLoad() {
+  ambiente_.utilita.prepareForm(*this);
+  percipiente.associa(ambiente_);
+  associaComune(TownComuneResidenzaAnnoPrec, ambiente_);
+  associaComune(TownComuneResidenzaAnnoCorr, ambiente_);
+}
+
+void FrmDatiAggiuntivi::formUnload() { ambiente_.utilita.releaseForm(*this); }
+
+// The close box gives up as the button does, also after a check that has failed.
+bool FrmDatiAggiuntivi::refusesClose() {
+  ok_ = false;
+  return false;
+}
+
+void FrmDatiAggiuntivi::setTipoComunicazione(std::int32_t tipo) {
+  tipo_ = tipo;
+  riferimenti.disponi(tipo);
+  fraMain.setVisible(tipo != 2);  // an annulment asks for nothing else
+  notify();
+}
+
+void FrmDatiAggiuntivi::sbFill() {
+  load();
+  percipiente.mostra(IDAnagrafica, Nome, IDCausalePagamento);
+  riferimenti.txtProtocollo.setText(dati.Protocollo);
+  riferimenti.txtProgressivo.setText(dati.Progressivo);
+  TownComuneResidenzaAnnoPrec.setRecord(dati.IDComuneResidenzaAnnoPrec);
+  TownComuneResidenzaAnnoCorr.setRecord(dati.IDComuneResidenzaAnnoCorr);
+  txtFusioneComuni.setText(dati.FusioneComuni);
+  txtFusioneComuniAnnoPrec.setText(dati.FusioneComuniAnnoPrec);
+}
+
+void FrmDatiAggiuntivi::conferma() {
+  // The members take what was typed even if a reference is then found missing.
+  ok_ = true;
+  dati = {.Protocollo = riferimenti.txtProtocollo.text(),
+          .Progressivo = riferimenti.txtProgressivo.text(),
+          .IDComuneResidenzaAnnoPrec = idComune(TownComuneResidenzaAnnoPrec),
+          .IDComuneResidenzaAnnoCorr = idComune(TownComuneResidenzaAnnoCorr),
+          .ComuneResidenzaAnnoPrec = TownComuneResidenzaAnnoPrec.text(),
+          .ComuneResidenzaAnnoCorr = TownComuneResidenzaAnnoCorr.text(),
+          .FusioneComuni = txtFusioneComuni.text(),
+          .FusioneComuniAnnoPrec = txtFusioneComuniAnnoPrec.text()};
+  if (tipo_ != 1 && !riferimenti.fnCompleti(ambiente_.utilita, ambiente_.globali.gTitolo)) return;
+  unload();
+}
+
+}  // namespace cu

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "editors/dati_aggiuntivi.h"
+#include "editors/editor.h"
+#include "editors/percipiente.h"
+#include "editors/riferimenti.h"
+#include "host/picker.h"
+
+namespace cu {
+
+// The small dialog of the additional data of one line. Its values are read back whatever OK says.
+class FrmDatiAggiuntivi : public Form {
+ public:
+  explicit FrmDatiAggiuntivi(const AmbienteEditor& ambiente);
+
+  std::int32_t IDAnagrafica = 0;
+  std::int32_t IDCausalePagamento = 0;
+  std::string Nome;
+  DatiAggiuntivi dati;
+  void setTipoComunicazione(std::int32_t tipo);
+  void sbFill();  // the members into the controls
+  bool OK() const { return ok_; }
+  bool shrunk() const override { return tipo_ == 2; }
+
+  Frame fraTab0;
+  Riferimenti riferimenti;
+  Frame Frame1;
+  Percipiente percipiente;
+  Frame fraMain;
+  Frame Frame2;
+  Picker TownComuneResidenzaAnnoPrec;
+  Label lblFusioneComuniAnnoPrec;
+  TextBox txtFusioneComuniAnnoPrec;
+  Frame Frame3;
+  Picker TownComuneResidenzaAnnoCorr;
+  Label lblFusioneComuni;
+  TextBox txtFusioneComuni;
+  Button cmdOk;
+  Button cmdAnnulla;
+
+ private:
+  void formLoad() override;
+  void formUnload() override;
+  bool refusesClose() override;
+  void conferma();
+
+  AmbienteEditor ambiente_;
+  std::int32_t tipo_ = 0;
+  bool ok_ = false;
+};
+
+// A picker's id as the rows keep it.
+std::int32_t idComune(const Picker& comune);
+// Binds a picker for the run: its title, its help.
+void associaComune(Picker& comune, const AmbienteEditor& ambiente);
+
+}  // namespace cu

@@ -1,0 +1,171 @@
+// The additional modules: a recordset beside the database until the editor is confirmed.
+
+#include "editors/editor_compenso.h"
+#include "editors/sql_moduli.h"
+#include "host/frontend.h"
+#include "host/text.h"
+
+namespace cu {
+namespace {
+
+constexpr const char* kFiltro = "Eliminato = 0";
+
+}  // namespace
+
+void EditorCompenso::sbConfiguraGrigliaModuli() {
+  grdAltriModuli->clearColumns();
+  grdAltriModuli->decimalMark = ',';
+  grdAltriModuli->thousandsMark = '.';
+  const GridColumn colonne[] = {
+      {"NumeroModulo", "N° modulo", kGridLong, 700, 0},
+      {"AnnoModulo", "Anno", kGridLong, 1200, 0},
+      {"Anticipazione", "Anticipazione", kGridBoolean, 1200, 2},
+      {"SommeNonSoggette", "Somme non soggette a ritenuta", kGridDouble, 2000, 1},
+      {"ImponibileAnniPrec", "Imponib. anni prec.", kGridDouble, 2000, 1},
+      {"RitenuteAnniPrec", "Ritenute anni prec.", kGridDouble, 2000, 1},
+      {"IDModuloXContoIndividuale", "IDModuloXContoIndividuale", kGridLong, 0, 1, false},
+  };
+  for (const GridColumn& colonna : colonne) grdAltriModuli->addColumn(colonna);
+}
+
+void EditorCompenso::mostraConteggio() {
+  if (cmdAltriModuli == nullptr) return;
+  cmdAltriModuli->setCaption("&Altri moduli (" +
+                             fromInteger(static_cast<std::int64_t>(moduli_.RecordCount())) + ")");
+}
+
+void EditorCompenso::sbApriModuli() {
+  frontEnd().setPointer(kPointerHourglass);
+  if (moduli_.IsOpen()) moduli_.Close();
+  const SqlModuli sql(disposizione_.bit, ambiente_.utilita);
+  moduli_.Open(interna(), ambiente_.utilita.fnAnsi2jet(sql.select(*recordset_, sessione().IDAzienda())),
+               LockType::BatchOptimistic);
+  mostraConteggio();
+  if (moduli_.RecordCount() == 0) nuovo();
+  Caricamento = true;
+  for (; !moduli_.Eof(); moduli_.MoveNext()) {
+    moduli_.Set("Eliminato", Value::ofFlag(false));
+    moduli_.AcceptCurrent();  // the mark is no change of the module
+  }
+  if (moduli_.RecordCount() > 0) moduli_.MoveFirst();
+  moduli_.SetFilter(kFiltro);
+  grdAltriModuli->bind(&moduli_);
+  Caricamento = false;
+  frontEnd().setPointer(kPointerDefault);
+}
+
+void EditorCompenso::mostraModulo() {
+  Caricamento = true;
+  NuovoModulo = false;
+  if (moduli_.IsOpen() && moduli_.RecordCount() > 0) {
+    for (Casella& casella : altriModuli_) {
+      if (casella.presente()) casella.mostra(moduli_.Get(casella.campo->colonna), ambiente_.utilita);
+    }
+  }
+  cmdDelete->setEnabled(true);
+  Caricamento = false;
+}
+
+void EditorCompenso::nuovo() {
+  NuovoModulo = true;
+  std::int64_t proposta = 2;
+  const auto moduli = moduli_.Clone();
+  for (; !moduli->Eof(); moduli->MoveNext()) {
+    const std::int64_t numero = moduli->Get("NumeroModulo").integer();
+    if (!moduli->Get("Eliminato").flag() && numero >= proposta) proposta = numero + 1;
+  }
+  for (Casella& casella : altriModuli_) {
+    if (casella.numero != numModulo) casella.svuota();
+  }
+  cmdSave->setEnabled(false);
+  cmdDelete->setEnabled(false);
+  numModulo->setValue(proposta);
+}
+
+void EditorCompenso::salva() {
+  if (disposizione_.immagine) sbAvvisoAltriModuli();
+  if (!fnModuloValido()) return;
+  {
+    const DrawingPause pausa(*grdAltriModuli);
+    if (NuovoModulo) {
+      --UltimoIDModulo;
+      moduli_.AddNew();
+      moduli_.Set("IDModuloXContoIndividuale", Value::ofInteger(UltimoIDModulo));
+      moduli_.Set("Eliminato", Value::ofFlag(false));
+    }
+    for (const Casella& casella : altriModuli_) {
+      if (!casella.presente()) continue;
+      const bool annoMancante = casella.numero == numAnno && numAnno->value() == 0;
+      moduli_.Set(casella.campo->colonna, annoMancante ? Value() : casella.valore());
+    }
+    moduli_.Update();
+  }
+  grdAltriModuli->refresh();
+  cmdSave->setEnabled(false);
+  cmdDelete->setEnabled(true);
+  NuovoModulo = false;
+  mostraConteggio();
+  sbRicalcolaAmmontareLordo();
+}
+
+void EditorCompenso::elimina() {
+  {
+    const DrawingPause pausa(*grdAltriModuli);
+    moduli_.Set("Eliminato", Value::ofFlag(true));
+    moduli_.Update();
+  }
+  grdAltriModuli->refresh();
+  mostraConteggio();
+  sbRicalcolaAmmontareLordo();
+  // With no module left to show, the fields stand for a new one, as when there is none at the opening.
+  if (moduli_.RecordCount() == 0) nuovo();
+}
+
+void EditorCompenso::sbSalvaModuli() {
+  const DrawingPause pausa(*grdAltriModuli);
+  // With no module in sight nothing is applied, not even the deletion of the last ones.
+  if (moduli_.RecordCount() == 0) return;
+  moduli_.FilterPending();
+  try {
+    applica();
+  } catch (...) {
+    moduli_.SetFilter(kFiltro);  // the page stays as it was; what has been executed counts as applied
+    throw;
+  }
+}
+
+void EditorCompenso::applica() {
+  const UtilitaSuite& utilita = ambiente_.utilita;
+  const SqlModuli sql(disposizione_.bit, utilita);
+  Connection& connessione = sessione().database().connection();
+  const auto esegui = [&](const std::string& testo) { connessione.Execute(utilita.fnAnsi2jet(testo)); };
+  for (; !moduli_.Eof(); moduli_.MoveNext()) {
+    const bool eliminato = moduli_.Get("Eliminato").flag();
+    const Value letto = moduli_.OriginalValue("IDModuloXContoIndividuale");
+    // A module whose insertion has succeeded in an attempt that then failed has its id by now.
+    const std::int64_t id =
+        letto.view().isNull() ? moduli_.Get("IDModuloXContoIndividuale").integer() : letto.view().integer();
+    switch (moduli_.Status()) {
+      case RecordStatus::New: {
+        if (eliminato) break;
+        cu::Recordset massimo;
+        massimo.Open(connessione, utilita.fnAnsi2jet(sql.massimo()));
+        const std::int64_t nuovoId = (massimo.Eof() ? 0 : massimo.Get("ID").integer()) + 1;
+        esegui(sql.insert(nuovoId, *recordset_, sessione().IDAzienda(), moduli_));
+        moduli_.Set("IDModuloXContoIndividuale", Value::ofInteger(nuovoId));
+        break;
+      }
+      case RecordStatus::Modified:
+        esegui(eliminato ? sql.elimina(id) : sql.update(id, moduli_));
+        break;
+      case RecordStatus::Deleted:
+        esegui(sql.elimina(id));
+        break;
+      case RecordStatus::Unmodified:
+        break;
+    }
+    moduli_.AcceptCurrent();
+  }
+}
+
+}  // namespace cu

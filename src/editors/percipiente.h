@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "editors/editor.h"
+#include "host/selector.h"
+#include "host/textbox.h"
+
+namespace cu {
+
+// The payee and the payment reason of the line, to be read only: selectors bound as everywhere, and the name.
+// `suffisso` tells the boxes of a second page from those of the first.
+class Percipiente {
+ public:
+  Percipiente(Form& form, Frame* frame, const std::string& suffisso);
+
+  void associa(const AmbienteEditor& ambiente);
+  void mostra(std::int32_t idAnagrafica, const std::string& nome, std::int32_t idCausale);
+
+  Selector cdPercipiente;
+  TextBox txtNome;
+  Selector cdPagamento;
+};
+
+}  // namespace cu

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "host/textbox.h"
+
+namespace cu {
+
+class UtilitaSuite;
+
+// The frame with protocol and progressive number of an earlier submission: the same on the dialog of the
+// additional data and on the oldest editor.
+class Riferimenti {
+ public:
+  Riferimenti(Form& form, Frame* frame);
+
+  // Caption, and whether a person may write: an ordinary communication needs no references.
+  void disponi(std::int32_t tipoComunicazione);
+  // False when one is missing: the first one is told and has the focus.
+  bool fnCompleti(UtilitaSuite& utilita, const std::string& titolo);
+
+  Frame fraRiferimenti;
+  Label lblProtocollo;
+  TextBox txtProtocollo;
+  Label lblProgressivo;
+  TextBox txtProgressivo;
+};
+
+}  // namespace cu

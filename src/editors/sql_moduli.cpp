@@ -1,0 +1,76 @@
+#include "editors/sql_moduli.h"
+
+#include "host/text.h"
+
+namespace cu {
+namespace {
+
+constexpr std::string_view kTabella = "ModuloXContoIndividuale";
+constexpr std::string_view kId = "IDModuloXContoIndividuale";
+
+std::string tabella() { return std::string(kTabella); }
+std::string perId(std::int64_t id) { return " WHERE " + std::string(kId) + " = " + fromInteger(id); }
+
+}  // namespace
+
+SqlModuli::SqlModuli(Disposizioni disposizione, const UtilitaSuite& utilita)
+    : disposizione_(disposizione), utilita_(utilita) {}
+
+std::string SqlModuli::select(const Recordset& riga, std::int32_t idAzienda) const {
+  return "SELECT *, Anticipazione AS Eliminato FROM " + tabella() +
+         " WHERE Anno = " + riga.Get("Anno").toText() +
+         " AND IDAnagrafica = " + riga.Get("IDAnagrafica").toText() +
+         " AND IDAzienda = " + fromInteger(idAzienda) +
+         " AND IDCausalePagamento = " + riga.Get("IDCausalePagamento").toText();
+}
+
+std::string SqlModuli::massimo() const {
+  return "SELECT MAX(" + std::string(kId) + ") AS ID FROM " + tabella();
+}
+
+std::string SqlModuli::valore(const CampoEditor& campo, const Recordset& modulo, bool inserimento) const {
+  const CellView cella = modulo.Get(campo.colonna);
+  switch (campo.genere) {
+    case Genere::Importo:
+      return utilita_.literalNumber(cella);
+    case Genere::Testo:
+      return utilita_.literal(cella);
+    case Genere::Flag:
+      return utilita_.literalFlag(cella);
+    case Genere::Elenco:
+      return utilita_.literalId(cella);
+    case Genere::Numero:
+      return inserimento ? utilita_.literalId(cella) : utilita_.literalNumber(cella);
+  }
+  return {};
+}
+
+std::string SqlModuli::insert(std::int64_t id, const Recordset& riga, std::int32_t idAzienda,
+                              const Recordset& modulo) const {
+  std::string colonne = std::string(kId) + ", IDAnagrafica, IDAzienda, IDCausalePagamento, Anno";
+  std::string valori = fromInteger(id) + ", " + riga.Get("IDAnagrafica").toText() + ", " +
+                       fromInteger(idAzienda) + ", " + riga.Get("IDCausalePagamento").toText() + ", " +
+                       riga.Get("Anno").toText();
+  for (const CampoEditor& campo : kCampiAltriModuli) {
+    if (!campo.nella(disposizione_)) continue;
+    colonne += ", " + std::string(campo.colonna);
+    valori += ", " + valore(campo, modulo, true);
+  }
+  // The oldest layout closes its list of columns with a blank.
+  const char* const chiusura = disposizione_ == kSolo2015 ? ") " : ")";
+  return "INSERT INTO " + tabella() + " (" + colonne + chiusura + " VALUES (" + valori + ")";
+}
+
+std::string SqlModuli::update(std::int64_t id, const Recordset& modulo) const {
+  std::string assegnazioni;
+  for (const CampoEditor& campo : kCampiAltriModuli) {
+    if (!campo.nella(disposizione_)) continue;
+    assegnazioni += assegnazioni.empty() ? " " : ", ";
+    assegnazioni += std::string(campo.colonna) + " = " + valore(campo, modulo, false);
+  }
+  return "UPDATE " + tabella() + " SET " + assegnazioni + perId(id);
+}
+
+std::string SqlModuli::elimina(std::int64_t id) const { return "DELETE " + tabella() + perId(id); }
+
+}  // namespace cu

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "editors/campi_editor.h"
+#include "host/recordset.h"
+#include "host/utility.h"
+
+namespace cu {
+
+// The statements on ModuloXContoIndividuale, over the columns of one layout. `modulo` stands on the module.
+class SqlModuli {
+ public:
+  SqlModuli(Disposizioni disposizione, const UtilitaSuite& utilita);
+
+  std::string select(const Recordset& riga, std::int32_t idAzienda) const;
+  std::string massimo() const;
+  // `riga` is the line of the work table that the module belongs to.
+  std::string insert(std::int64_t id, const Recordset& riga, std::int32_t idAzienda,
+                     const Recordset& modulo) const;
+  std::string update(std::int64_t id, const Recordset& modulo) const;
+  std::string elimina(std::int64_t id) const;
+
+ private:
+  std::string valore(const CampoEditor& campo, const Recordset& modulo, bool inserimento) const;
+
+  Disposizioni disposizione_;
+  const UtilitaSuite& utilita_;
+};
+
+}  // namespace cu
