@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "editors/editor.h"
 #include "shell/wizard_prova.h"
 #include "worklist/frm_protocollo.h"
 
