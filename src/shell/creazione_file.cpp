@@ -27,7 +27,13 @@ bool FrmWizard::fnCreaFileCU() {
     oLogGrid->show(0);
     return false;
   }
-  return controllaDate() && generaFile(controlli.sCodFisc());
+  if (!controllaDate()) return false;
+  const auto sNomeFile = generaFile(controlli.sCodFisc());
+  if (!sNomeFile) return false;
+  stampaModuli(controlli.sCodFisc());
+  sbMostraEsitoFile(*sNomeFile, sPercorsoCU, 1);
+  compensi_.sbCreaTabellaLavoro(filtri());
+  return true;
 }
 
 bool FrmWizard::avvisoData(const std::string& righe, DateBox& controllo) {
@@ -60,7 +66,7 @@ bool FrmWizard::controllaDate() {
       dtDataImpegno);
 }
 
-bool FrmWizard::generaFile(const std::string& sCodFisc) {
+std::optional<std::string> FrmWizard::generaFile(const std::string& sCodFisc) {
   FileSystem& files = ambiente_.files;
   ElaboraCompensi elabora({.globali = globali_,
                            .utilita = ambiente_.utilita,
@@ -82,9 +88,8 @@ bool FrmWizard::generaFile(const std::string& sCodFisc) {
       files.join(ambiente_.utilita.documentsFolder(), globali_.gTesti->text(1264)));
   elabora.setRsMain(compensi_.rsCompensi());
   elabora.sbWriteRecord();
-  if (!elabora.CreaFiles(Date::fromSerial(dtDataFirma.value()))) return false;
-  compensi_.sbCreaTabellaLavoro(filtri());
-  return true;
+  if (!elabora.CreaFiles(Date::fromSerial(dtDataFirma.value()))) return std::nullopt;
+  return elabora.FileName();
 }
 
 }  // namespace cu

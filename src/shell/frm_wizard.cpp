@@ -1,6 +1,7 @@
 #include "shell/frm_wizard.h"
 
 #include "host/text.h"
+#include "printing/tabella_ricorsione.h"
 #include "shell/context/testi_programma.h"
 
 namespace cu {
@@ -104,6 +105,7 @@ void FrmWizard::collegaEventi() {
   };
   KrnCDPerc0.onChange = [this] { lblName0.setCaption(FindName(KrnCDPerc0.record())); };
   KrnCDPerc1.onChange = [this] { lblName1.setCaption(FindName(KrnCDPerc1.record())); };
+  cmdOpzioni.onClick = [this] { opzioniStampa(); };
   collegaGriglia();
   collegaImpostazioni();
   cmdNav[0].onClick = [this] { aiuto(globali_.gSessione->helpContext()); };
@@ -145,10 +147,7 @@ void FrmWizard::formLoad() {
 // Whatever fails here ends the clean-up in silence, and what would have followed is left undone.
 void FrmWizard::formUnload() {
   try {
-    Connection& interna = globali_.gSessione->database().internalConnection();
-    interna.Execute(ambiente_.utilita.fnAnsi2jet(
-        "DELETE FROM TabellaRicorsione2 WHERE IDUtente = " + fromInteger(globali_.gSessione->IDUtente()) +
-        " AND IDFunzione = " + fromInteger(fnModoCU())));
+    eseguiRicorsione(ricorsione::elimina(globali_.gSessione->IDUtente()));
     ambiente_.settings.set(globali_.gChiaveImpostazioni, kMenuSettings, "CU_Path", txtPercorsoCU.text());
     ambiente_.settings.deleteSection(globali_.gChiaveImpostazioni, globali_.gSessione->settingsSection());
   } catch (const std::exception&) {

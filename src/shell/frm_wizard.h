@@ -3,7 +3,9 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "host/band.h"
 #include "host/datebox.h"
@@ -14,6 +16,7 @@
 #include "host/print_control.h"
 #include "host/selector.h"
 #include "host/textbox.h"
+#include "printing/formule.h"
 #include "shell/ambiente.h"
 #include "shell/context/filtri.h"
 #include "shell/context/globali.h"
@@ -95,6 +98,11 @@ class FrmWizard : public Form {
   Frame picNav;
   std::array<Button, 5> cmdNav;
 
+  // What frmOption was left with; nothing reads it.
+  bool bStampaInterlinea = false;
+  bool bSaltoPagina = false;
+  std::string sInterlinea;
+
   std::int16_t oggettoCorrente() const { return nOggettoCorrente; }  // of the menu commands
   std::vector<const Frame*> stages() const override { return {&fraStep[0], &fraStep[1], &fraStep[2]}; }
 
@@ -120,7 +128,6 @@ class FrmWizard : public Form {
   void sbCaricaCompensi();
   void tipoScelto(int indice);
   void avvia();
-  void stampa();
   void abbandona();
   void aiuto(int contesto);
   bool modoCU() const;
@@ -131,6 +138,15 @@ class FrmWizard : public Form {
   void sbCreaFiltroStampa();
   Filtri filtri() const;
   std::string FindName(std::int64_t nID);
+
+  // The prints.
+  stampa::Dati datiStampa() const;
+  void stampaReport();
+  bool fnDaStampare();
+  bool fnEsistonoElementi(std::string_view sVista);
+  // Launches the report of the print control; a name is that of a file in the folder of the telematic file.
+  void sbStampaReport(const std::string& sNomeFile);
+  void opzioniStampa();
 
   // The commands.
   void creaMenu();
@@ -157,7 +173,11 @@ class FrmWizard : public Form {
   bool fnCreaFileCU();
   bool controllaDate();
   bool avvisoData(const std::string& righe, DateBox& controllo);
-  bool generaFile(const std::string& sCodFisc);
+  // The file's name; none when it could not be made.
+  std::optional<std::string> generaFile(const std::string& sCodFisc);
+  void stampaModuli(const std::string& sCodFisc);
+  void eseguiRicorsione(const std::string& istruzione);
+  void sbMostraEsitoFile(const std::string& sNomeFile, const std::string& sCartella, std::int16_t nFlag);
 
   void collegaEventi();
 
@@ -173,6 +193,7 @@ class FrmWizard : public Form {
   std::int16_t nOggettoCorrente = 0;
   std::int32_t nContestoArg = 0;
   std::unique_ptr<RicostruzioneConti> oRic;
+  std::unique_ptr<ReportEngine> oReport;  // of the print that runs
 };
 
 }  // namespace cu

@@ -227,12 +227,7 @@ void FrmWizard::avvia() {
     if (fnCreaFileCU()) sbVaiAlPasso(0, Direzione::Salto);
     return;
   }
-  stampa();
-}
-
-void FrmWizard::stampa() {
-  ambiente_.utilita.message("Questa versione non comprende le stampe dei conti e delle certificazioni.",
-                            globali_.gTitolo);
+  stampaReport();
 }
 
 }  // namespace cu

@@ -1,0 +1,37 @@
+#include "printing/tabella_ricorsione.h"
+
+#include "host/text.h"
+#include "host/utility.h"
+#include "shell/context/testi_programma.h"
+
+namespace cu {
+namespace ricorsione {
+
+std::string elimina(std::int32_t idUtente) {
+  return "DELETE FROM TabellaRicorsione2 WHERE IDUtente = " + fromInteger(idUtente) +
+         " AND IDFunzione = " + fromInteger(fnModoCU());
+}
+
+std::string inserisci(const Recordset& riga, const Corsa& corsa, const UtilitaSuite& utilita) {
+  return "INSERT INTO TabellaRicorsione2 (IDPath1, IDPath2, IDUtente, IDFunzione, Path14, Path1, Path2, "
+         "Path3)"
+         " VALUES (" +
+         utilita.toText(riga.Get("IDAnagrafica")) + "," + utilita.toText(riga.Get("IDCausalePagamento")) +
+         "," + fromInteger(corsa.idUtente) + "," + fromInteger(fnModoCU()) + "," +
+         utilita.toText(riga.Get("IDAzienda")) + "," + corsa.sTipoCom + "," +
+         (corsa.intermediari ? "1" : "0") + "," + utilita.literal(corsa.dataFirma) + ")";
+}
+
+}  // namespace ricorsione
+
+std::string NomeModulo::diRiga(const Recordset& riga, const UtilitaSuite& utilita) const {
+  return "CUR_" + sCodFisc + "_" + utilita.toText(riga.Get("CodiceFiscale")) + "_" +
+         utilita.toText(riga.Get("CodicePercipiente")) + "_" + anno + "_" +
+         utilita.toText(riga.Get("Codice")) + "_" + oggi.toDdmmyyyy() + "_" + ora.toHhmm() + ".cur";
+}
+
+std::string NomeModulo::cumulativo() const {
+  return "CUR_" + sCodFisc + "_" + anno + "_" + oggi.toDdmmyyyy() + "_" + ora.toHhmm() + ".cur";
+}
+
+}  // namespace cu
