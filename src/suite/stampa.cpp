@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "host/text.h"
+
 namespace cu {
 namespace {
 
@@ -121,24 +123,34 @@ void StampaSuite::esegui(const Impaginazione& impaginazione) {
 void StampaSuite::trovaNome(std::int32_t codice) {
   setOutputMode(0);
   if (codice == kPosta) {
-    setOutputPath(unisci(documenti_, nomeStampa() + "_" + orologio_.today().toDdmmyyyy() + "_" +
-                                         orologio_.now().toHhmm() + ".pdf"));
+    setOutputPath(nomeNuovo());
   } else if (codice == kTabella) {
-    setOutputPath(chiediNome(".xlsx", "Cartella di lavoro (*.xlsx)"));
+    setOutputPath(chiediNome(".xlsx", "Foglio di calcolo (*.xlsx)"));
   } else {
-    setOutputPath(chiediNome(".pdf", "Documento PDF (*.pdf)"));
+    setOutputPath(chiediNome(".pdf", "File PDF (*.pdf)"));
   }
   setOutputFormat(0);
 }
 
 std::string StampaSuite::chiediNome(const std::string& estensione, const std::string& filtro) {
   const auto scelto = frontEnd_.chooseFileToSave("Salva la stampa con nome",
-                                                 unisci(documenti_, nomeStampa() + estensione), filtro);
+                                                 unisci(documenti_, nomeProposto() + estensione), filtro);
   if (!scelto || scelto->empty()) throw Error(kErrorPrintGivenUp, "La stampa è stata annullata.");
-  return *scelto;
+  return std::filesystem::path(*scelto).has_extension() ? *scelto : *scelto + estensione;
 }
 
-// The report's name without its ending.
-std::string StampaSuite::nomeStampa() const { return nota_.report.substr(0, nota_.report.rfind('.')); }
+std::string StampaSuite::nomeNuovo() const {
+  const std::string nome = unisci(documenti_, nomeProposto() + "_" + orologio_.now().toHhmm());
+  std::string percorso = nome + ".pdf";
+  std::error_code errore;
+  for (int numero = 2; std::filesystem::exists(percorso, errore); ++numero) {
+    percorso = nome + "_" + fromInteger(numero) + ".pdf";
+  }
+  return percorso;
+}
+
+std::string StampaSuite::nomeProposto() const {
+  return nota_.report.substr(0, nota_.report.rfind('.')) + "_" + orologio_.today().toCompact();
+}
 
 }  // namespace cu

@@ -9,9 +9,9 @@
 namespace cu {
 
 // A print of the suite: finds the name of its file, has it laid out, and tells the front end of it once,
-// whatever became of it. A preview is told before it opens. A run without a name asks for one, but for code
-// 2, whose file goes to the documents folder under the report's name, the day and the hour; a person who
-// gives none raises kErrorPrintGivenUp.
+// whatever became of it. A preview is told before it opens. A run without a name asks for one, whose ending
+// is added where it has none; but for code 2, whose file goes to the documents folder under a name that no
+// file there bears yet. A person who gives no name raises kErrorPrintGivenUp.
 class StampaSuite : public ReportEngine {
  public:
   // Without an engine to lay it out the print is only told.
@@ -40,7 +40,8 @@ class StampaSuite : public ReportEngine {
  private:
   void trovaNome(std::int32_t codice);
   std::string chiediNome(const std::string& estensione, const std::string& filtro);
-  std::string nomeStampa() const;
+  std::string nomeNuovo() const;     // of a file that is not there yet
+  std::string nomeProposto() const;  // the report's and the day's, without an ending
   template <class Impaginazione>
   void esegui(const Impaginazione& impaginazione);
 

@@ -8,6 +8,7 @@
 #include "support/fake_report.h"
 #include "support/fixed_clock.h"
 #include "support/scripted_front_end.h"
+#include "support/temp_folder.h"
 
 namespace cu::test {
 namespace {
@@ -33,7 +34,7 @@ class Stampa : public ::testing::Test {
  protected:
   StampaSuite& nuova(bool impagina = true) {
     stampa_ = std::make_unique<StampaSuite>(
-        schermo, "/documenti", orologio,
+        schermo, documenti, orologio,
         impagina ? std::make_unique<FakeReport>(giornale) : std::unique_ptr<ReportEngine>());
     stampa_->setSession(12, 1, 3);
     stampa_->setConnection(connessione);
@@ -44,6 +45,7 @@ class Stampa : public ::testing::Test {
     return *stampa_;
   }
   const PrintNote& nota() const { return schermo.prints.at(0); }
+  std::string documenti = "/documenti";
   Schermo schermo;
   PrintJournal giornale;
   FakeConnection connessione;
@@ -136,16 +138,34 @@ TEST_P(Domanda, APersonWhoGivesNoneGivesThePrintUp) {
 INSTANTIATE_TEST_SUITE_P(
     Codes, Domanda,
     ::testing::Values(
-        Uscita{1, 3, "Salva la stampa con nome|/documenti/ContoIndividuale.pdf|Documento PDF (*.pdf)"},
-        Uscita{0, 4, "Salva la stampa con nome|/documenti/ContoIndividuale.xlsx|Cartella di lavoro (*.xlsx)"},
-        Uscita{3, 6, "Salva la stampa con nome|/documenti/ContoIndividuale.pdf|Documento PDF (*.pdf)"}));
+        Uscita{1, 3, "Salva la stampa con nome|/documenti/ContoIndividuale_20170305.pdf|File PDF (*.pdf)"},
+        Uscita{
+            0, 4,
+            "Salva la stampa con nome|/documenti/ContoIndividuale_20170305.xlsx|Foglio di calcolo (*.xlsx)"},
+        Uscita{3, 6, "Salva la stampa con nome|/documenti/ContoIndividuale_20170305.pdf|File PDF (*.pdf)"}));
 
 TEST_F(Stampa, ForMailTheFileGoesToTheDocumentsWithoutAQuestion) {
   nuova().run(2);
   EXPECT_THAT(schermo.chiesti, IsEmpty());
   EXPECT_EQ(nota().kind, 5);
-  EXPECT_EQ(nota().file, "/documenti/ContoIndividuale_05032017_1030.pdf");
+  EXPECT_EQ(nota().file, "/documenti/ContoIndividuale_20170305_1030.pdf");
   EXPECT_THAT(giornale.arguments("report.outputPath"), ElementsAre(nota().file));
+}
+
+TEST_F(Stampa, ForMailNoEarlierFileIsTouched) {
+  const TempFolder cartella;
+  documenti = cartella.path();
+  cartella.write("ContoIndividuale_20170305_1030.pdf", "prima");
+  cartella.write("ContoIndividuale_20170305_1030_2.pdf", "poi");
+  nuova().run(2);
+  EXPECT_EQ(nota().file, cartella / "ContoIndividuale_20170305_1030_3.pdf");
+}
+
+TEST_F(Stampa, ANameWithoutAnEndingGetsOne) {
+  schermo.savedFiles = {"/una.cartella/nome", "/x/nome"};
+  nuova().run(1);
+  nuova().run(0);
+  EXPECT_THAT(giornale.arguments("report.outputPath"), ElementsAre("/una.cartella/nome.pdf", "/x/nome.xlsx"));
 }
 
 TEST_F(Stampa, AFailedPrintIsToldOnceAndItsErrorRises) {

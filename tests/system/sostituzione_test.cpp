@@ -125,6 +125,9 @@ TEST_F(Sostituzione, IsStoppedMendedWarnedAndWritten) {
 
   clic("frmWizard.cmdNav(4)");
   risposta = rispondi("ok");
+  EXPECT_EQ(risposta.at("windows"), json({"frmWizard", "frmMsgLink"}));
+  EXPECT_EQ(risposta.at("effects").size(), static_cast<std::size_t>(righe - 2));
+  clic("frmMsgLink.Command1");
   EXPECT_EQ(stato("frmWizard").at("caption"), "Autocomposizione Quadrivio - Passo 1 di 3 - Inizio");
 
   // The file.
