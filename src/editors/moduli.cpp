@@ -125,11 +125,14 @@ void EditorCompenso::sbSalvaModuli() {
   const DrawingPause pausa(*grdAltriModuli);
   // With no module in sight nothing is applied, not even the deletion of the last ones.
   if (moduli_.RecordCount() == 0) return;
+  const auto mostrato = moduli_.Bookmark();
   moduli_.FilterPending();
   try {
     applica();
   } catch (...) {
-    moduli_.SetFilter(kFiltro);  // the page stays as it was; what has been executed counts as applied
+    // The page stays as it was, on the module that it shows; what has been executed counts as applied.
+    moduli_.SetFilter(kFiltro);
+    moduli_.SetBookmark(mostrato);
     throw;
   }
 }
