@@ -5,6 +5,7 @@
 #include <string>
 
 #include "automation/creazione_cu.h"
+#include "automation/stampa_compensi.h"
 
 namespace cu {
 
@@ -32,5 +33,12 @@ struct OpzioniMake {
   bool passaAvvisi = false;
 };
 int comandoMake(const OpzioniMake& opzioni);
+
+inline constexpr const char* kStampaConti = "ContoIndividuale.rpt";
+struct OpzioniPrint {
+  std::string profilo;
+  RichiestaStampa richiesta;
+};
+int comandoPrint(const OpzioniPrint& opzioni);
 
 }  // namespace cu

@@ -6,21 +6,12 @@
 #include "apps/comune/riepilogo_file.h"
 #include "automation/walker.h"
 #include "comandi.h"
+#include "esito.h"
 #include "host/text.h"
 #include "telematic/lettura.h"
 
 namespace cu {
 namespace {
-
-// Lines of a box on one line of the terminal each.
-std::string righe(const std::string& testo) {
-  std::string risultato;
-  for (const char c : testo) {
-    if (c != '\r') risultato += c;
-  }
-  while (!risultato.empty() && risultato.back() == '\n') risultato.pop_back();
-  return risultato;
-}
 
 // The log as a table whose columns stand under their names.
 void stampaRegistro(const LogTable& registro) {
@@ -73,12 +64,6 @@ std::optional<std::string> fileTelematico(const std::vector<std::string>& scritt
   return {};
 }
 
-void stampaStampe(const std::vector<PrintNote>& stampe) {
-  for (const PrintNote& stampa : stampe) {
-    if (!stampa.file.empty()) std::cout << "Stampa: " << stampa.file << " (" << stampa.report << ")\n";
-  }
-}
-
 }  // namespace
 
 int comandoMake(const OpzioniMake& opzioni) {
@@ -93,9 +78,10 @@ int comandoMake(const OpzioniMake& opzioni) {
   if (walker.shown != nullptr) walker.runEvent([&] { walker.shown->close(); });
 
   for (const Walker::Warning& avviso : walker.warnings) {
-    std::cerr << righe(avviso.text) << (avviso.passed ? " Sì (--yes)\n" : " No (--yes per proseguire)\n");
+    std::cerr << righeDiTesto(avviso.text)
+              << (avviso.passed ? " Sì (--yes)\n" : " No (--yes per proseguire)\n");
   }
-  for (const std::string& messaggio : walker.messages) std::cerr << righe(messaggio) << '\n';
+  scriviMessaggi(walker);
   for (const LogTable& registro : walker.logs) stampaRegistro(registro);
   if (!walker.logs.empty()) std::cerr << "Mancano dei dati: il file telematico non è stato creato.\n";
   if (!riuscito) {
@@ -109,7 +95,7 @@ int comandoMake(const OpzioniMake& opzioni) {
     return kRifiutato;
   }
   stampaFile(*scritto, impianto.programma().globali().gAnno);
-  stampaStampe(walker.prints);
+  scriviStampe(walker, profilo);
   return walker.messages.empty() ? kRiuscito : kRifiutato;
 }
 

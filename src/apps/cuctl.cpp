@@ -76,6 +76,17 @@ struct OpzioniSciolte {
   std::optional<Date> dataImpegno;
 };
 
+std::string annoSingolo(const std::string& anno) {
+  return leggiAnni(anno) && anno.size() == 4 ? std::string() : "atteso un anno di quattro cifre";
+}
+
+void aggiungiEstremi(CLI::App& comando, Estremi& estremi) {
+  comando.add_option("--from-payee", estremi.daPercipiente, "Dal percipiente")->type_name("CODICE");
+  comando.add_option("--to-payee", estremi.aPercipiente, "Al percipiente")->type_name("CODICE");
+  comando.add_option("--from-reason", estremi.daCausale, "Dalla causale pagamento")->type_name("CODICE");
+  comando.add_option("--to-reason", estremi.aCausale, "Alla causale pagamento")->type_name("CODICE");
+}
+
 void aggiungiRiferimenti(CLI::App& comando, OpzioniSciolte& sciolte) {
   CLI::Option* const protocollo =
       comando.add_option("--protocol", sciolte.protocollo, "Protocollo dell'invio da annullare o sostituire");
@@ -114,16 +125,11 @@ void aggiungiMake(CLI::App& programma, Esecuzione& esegui) {
   comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE");
   comando.add_option("--year", richiesta.anno, "Anno di pagamento dei compensi")
       ->required()
-      ->check([](const std::string& anno) {
-        return leggiAnni(anno) && anno.size() == 4 ? std::string() : "atteso un anno di quattro cifre";
-      })
+      ->check(annoSingolo)
       ->type_name("ANNO");
   comando.add_option("--kind", richiesta.tipo, "1 comunicazione, 2 annullamento, 3 sostituzione")
       ->check(fra(1, 3));
-  comando.add_option("--from-payee", richiesta.daPercipiente, "Dal percipiente")->type_name("CODICE");
-  comando.add_option("--to-payee", richiesta.aPercipiente, "Al percipiente")->type_name("CODICE");
-  comando.add_option("--from-reason", richiesta.daCausale, "Dalla causale pagamento")->type_name("CODICE");
-  comando.add_option("--to-reason", richiesta.aCausale, "Alla causale pagamento")->type_name("CODICE");
+  aggiungiEstremi(comando, richiesta.estremi);
   comando.add_option("--folder", richiesta.cartella, "Cartella del file")->type_name("CARTELLA");
   data(comando, "--signature-date", richiesta.firma, "Data della firma");
   aggiungiRiferimenti(comando, *sciolte);
@@ -142,6 +148,47 @@ void aggiungiMake(CLI::App& programma, Esecuzione& esegui) {
   });
 }
 
+std::string stampaNota(const std::string& report) {
+  for (const char* nota :
+       {kStampaConti, "CertificazioneCompensiSintetico.rpt", "CertificazioneCompensiAnalitico.rpt"}) {
+    if (report == nota) return {};
+  }
+  return std::string("atteso ") + kStampaConti +
+         ", CertificazioneCompensiSintetico.rpt o CertificazioneCompensiAnalitico.rpt";
+}
+
+void aggiungiPrint(CLI::App& programma, Esecuzione& esegui) {
+  CLI::App& comando =
+      aggiungiComando(programma, "print", "Stampa i conti individuali o una certificazione in un file PDF");
+  auto opzioni = std::make_shared<OpzioniPrint>();
+  RichiestaStampa& richiesta = opzioni->richiesta;
+  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE");
+  comando
+      .add_option("--report", richiesta.report,
+                  "ContoIndividuale.rpt, CertificazioneCompensiSintetico.rpt o "
+                  "CertificazioneCompensiAnalitico.rpt")
+      ->required()
+      ->check(stampaNota)
+      ->type_name("STAMPA");
+  comando.add_option("--year", richiesta.anno, "Anno; dei conti il primo")
+      ->check(annoSingolo)
+      ->type_name("ANNO");
+  comando.add_option("--to-year", richiesta.adAnno, "Dei conti, l'ultimo anno")
+      ->check(annoSingolo)
+      ->type_name("ANNO");
+  aggiungiEstremi(comando, richiesta.estremi);
+  comando.add_option("--output", richiesta.file, "Il file da scrivere")->required()->type_name("FILE.pdf");
+  comando.callback([&esegui, opzioni] {
+    RichiestaStampa& data = opzioni->richiesta;
+    if (data.adAnno && data.report != kStampaConti) {
+      throw CLI::ValidationError("--to-year", std::string("serve solo con --report ") + kStampaConti);
+    }
+    if (data.file.empty()) throw CLI::ValidationError("--output", "manca il nome del file");
+    data.file = std::filesystem::absolute(data.file).string();
+    esegui = [opzioni] { return comandoPrint(*opzioni); };
+  });
+}
+
 int eseguiProgramma(int quanti, char** argomenti) {
   CLI::App programma("Certificazione Unica e stampe dei compensi, senza finestra", "cuctl");
   parlaItaliano(programma);
@@ -150,6 +197,7 @@ int eseguiProgramma(int quanti, char** argomenti) {
   aggiungiCreate(programma, esegui);
   aggiungiDrive(programma, esegui);
   aggiungiMake(programma, esegui);
+  aggiungiPrint(programma, esegui);
   try {
     programma.parse(quanti, argomenti);
   } catch (const CLI::Success& aiuto) {

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "automation/walker.h"
+#include "automation/percorso.h"
 #include "host/date.h"
 
 namespace cu {
@@ -12,11 +12,7 @@ namespace cu {
 struct RichiestaCU {
   std::string anno;
   int tipo = 1;  // 1 communication, 2 annulment, 3 replacement
-  // Bounds of the ranges, by code; a code that no row has is a bound all the same.
-  std::optional<std::string> daPercipiente;
-  std::optional<std::string> aPercipiente;
-  std::optional<std::string> daCausale;
-  std::optional<std::string> aCausale;
+  Estremi estremi;
   std::string cartella;  // "" keeps the folder that the wizard proposes
   std::optional<Date> firma;
   struct Riferimenti {

@@ -33,7 +33,7 @@ std::string Walker::chooseFolder(const std::string&, const std::optional<std::st
 
 std::optional<std::string> Walker::chooseFileToSave(const std::string&, const std::string&,
                                                     const std::string&) {
-  return std::nullopt;
+  return savedFile;
 }
 
 }  // namespace cu

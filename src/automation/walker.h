@@ -18,7 +18,8 @@ class Walker : public FrontEnd {
 
   // A warning, that is a box with OK and Cancel, is passed only if so wanted.
   bool passWarnings = false;
-  std::string folder;  // the answer of the folder dialog
+  std::string folder;                    // the answer of the folder dialog
+  std::optional<std::string> savedFile;  // the answer of the dialog for the name of a file
   void onForm(const std::string& name, Steps steps) { steps_[name] = std::move(steps); }
 
   struct Warning {

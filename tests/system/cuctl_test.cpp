@@ -25,15 +25,16 @@ using Argomenti = std::vector<std::string>;
 
 TEST(Usage, HelpGoesToStandardOutput) {
   Posto posto(Posto::Database::Nessuno);
-  for (const Argomenti& argomenti : {Argomenti{"--help"}, Argomenti{"create", "--help"},
-                                     Argomenti{"drive", "--help"}, Argomenti{"make", "--help"}}) {
+  for (const Argomenti& argomenti :
+       {Argomenti{"--help"}, Argomenti{"create", "--help"}, Argomenti{"drive", "--help"},
+        Argomenti{"make", "--help"}, Argomenti{"print", "--help"}}) {
     const Esecuzione esito = posto.cuctl(argomenti);
     EXPECT_EQ(esito.codice, 0);
     EXPECT_THAT(esito.uscita, HasSubstr("Uso: cuctl"));
     EXPECT_EQ(esito.errori, "");
   }
   const std::string aiuto = posto.cuctl({"--help"}).uscita;
-  for (const char* comando : {"create", "drive", "make"}) EXPECT_THAT(aiuto, HasSubstr(comando));
+  for (const char* comando : {"create", "drive", "make", "print"}) EXPECT_THAT(aiuto, HasSubstr(comando));
 }
 
 TEST(Usage, WhatIsWrongEndsWithTwoAndSaysWhat) {

@@ -1,0 +1,147 @@
+// Prints from outside: cuctl print, and the forms of cuctl make.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "system/posto_support.h"
+
+namespace cu::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+using Argomenti = std::vector<std::string>;
+
+constexpr const char* kConti = "ContoIndividuale.rpt";
+constexpr const char* kSintetico = "CertificazioneCompensiSintetico.rpt";
+constexpr const char* kAnalitico = "CertificazioneCompensiAnalitico.rpt";
+
+class Print : public ::testing::Test {
+ protected:
+  Esecuzione stampa(const char* report, const Argomenti& altri = {}) {
+    Argomenti argomenti = {"print", "--profile", posto.profilo(), "--report",
+                           report,  "--output",  "stampa.pdf"};
+    argomenti.insert(argomenti.end(), altri.begin(), altri.end());
+    return posto.cuctl(argomenti);
+  }
+  std::string registrata(const char* report) const {
+    return "Stampa registrata, non impaginata: " + (posto.cartella() / "stampa.pdf") + " (" + report + ")\n";
+  }
+  std::string traccia() const { return posto.cartella().read("trace.sql"); }
+  Posto posto;
+};
+
+TEST_F(Print, TheAccountsTakeARangeOfYearsPayeesAndReasons) {
+  const Esecuzione esito = stampa(kConti, {"--year", "2016", "--to-year", "2014", "--from-payee", "P003",
+                                           "--to-payee", "P001", "--from-reason", "A", "--to-reason", "Z"});
+  EXPECT_EQ(esito.codice, 0) << esito.errori;
+  EXPECT_EQ(esito.uscita, registrata(kConti));
+  EXPECT_EQ(esito.errori, "");
+  EXPECT_THAT(traccia(),
+              HasSubstr("FROM RepContoIndividuale WHERE  IDAzienda =  1 And Anno >= 2014 AND Anno <=  "
+                        "2016 And  CodicePercipiente >= 'P001' AND CodicePercipiente<= 'P003' And  "
+                        "Codice >= 'A' AND Codice<='Z'"));
+}
+
+TEST_F(Print, TheAccountsNeedNoYear) {
+  EXPECT_EQ(stampa(kConti).uscita, registrata(kConti));
+  EXPECT_EQ(stampa(kConti, {"--to-year", "2015"}).codice, 0);
+  EXPECT_THAT(traccia(), HasSubstr(" And Anno <= 2015"));
+}
+
+TEST_F(Print, TheCertificatesAreOfOneYear) {
+  EXPECT_EQ(stampa(kSintetico, {"--year", "2016"}).uscita, registrata(kSintetico));
+  EXPECT_EQ(stampa(kAnalitico, {"--year", "2016"}).uscita, registrata(kAnalitico));
+  EXPECT_THAT(traccia(), HasSubstr("FROM RepCompenso WHERE  IDAzienda =  1 And Year(DataPagamento) = 2016"));
+  const Esecuzione senza = stampa(kSintetico);
+  EXPECT_EQ(senza.codice, 1);
+  EXPECT_EQ(senza.errori, "Per il tipo di stampa selezionato il campo anno è obbligatorio.\n");
+  EXPECT_EQ(senza.uscita, "");
+}
+
+TEST_F(Print, ItBringsItsOwnProcessList) {
+  posto.imposta("session.processes", "[ { name = \"Altro\", function = 1 } ]");
+  EXPECT_EQ(stampa(kConti).codice, 0);
+}
+
+TEST_F(Print, NothingToPrintIsRefusedInWords) {
+  const Esecuzione vuota = stampa(kConti, {"--from-payee", "ZZY", "--to-payee", "ZZZ"});
+  EXPECT_EQ(vuota.codice, 1);
+  EXPECT_EQ(vuota.errori, "Nessun elemento da stampare\n");
+  EXPECT_EQ(vuota.uscita, "");
+  const Esecuzione anno = stampa(kSintetico, {"--year", "2013"});
+  EXPECT_EQ(anno.codice, 1);
+  EXPECT_EQ(anno.errori, "Nessun conto individuale per l'anno 2013.\n");
+}
+
+TEST_F(Print, ARefusedStartAndAMissingDatabaseAreTold) {
+  posto.imposta("database.url", "\"sqlite:manca.db\"");
+  const Esecuzione senza = stampa(kConti);
+  EXPECT_EQ(senza.codice, 1);
+  EXPECT_THAT(senza.errori, HasSubstr("manca.db"));
+}
+
+TEST_F(Print, WrongUsageEndsWithTwo) {
+  struct {
+    Argomenti argomenti;
+    const char* detto;
+  } const casi[] = {
+      {{"print", "--profile", "p.toml", "--output", "x.pdf"}, "cuctl: --report: manca"},
+      {{"print", "--profile", "p.toml", "--report", kConti}, "cuctl: --output: manca"},
+      {{"print", "--profile", "p.toml", "--report", "Altro.rpt", "--output", "x.pdf"},
+       "cuctl: --report: atteso ContoIndividuale.rpt, CertificazioneCompensiSintetico.rpt o "
+       "CertificazioneCompensiAnalitico.rpt"},
+      {{"print", "--profile", "p.toml", "--report", kSintetico, "--to-year", "2016", "--output", "x.pdf"},
+       "cuctl: --to-year: serve solo con --report ContoIndividuale.rpt"},
+      {{"print", "--profile", "p.toml", "--report", kConti, "--year", "16", "--output", "x.pdf"},
+       "cuctl: --year: atteso un anno di quattro cifre"},
+      {{"print", "--profile", "p.toml", "--report", kConti, "--output", ""}, "cuctl: --output: manca"},
+      {{"print", "--profile", "p.toml", "--report", kConti, "--output", "x.pdf"}, "p.toml: "},
+  };
+  for (const auto& caso : casi) {
+    const Esecuzione esito = posto.cuctl(caso.argomenti);
+    EXPECT_EQ(esito.codice, 2) << caso.detto;
+    EXPECT_THAT(esito.errori, StartsWith(caso.detto));
+    EXPECT_EQ(esito.uscita, "");
+  }
+}
+
+class Moduli : public ::testing::Test {
+ protected:
+  Esecuzione fai(const Argomenti& altri = {}) {
+    Argomenti argomenti = {"make",         "--profile", posto.profilo(), "--year", "2016",
+                           "--from-payee", "P001",      "--to-payee",    "P003"};
+    argomenti.insert(argomenti.end(), altri.begin(), altri.end());
+    return posto.cuctl(argomenti);
+  }
+  Posto posto;
+};
+
+TEST_F(Moduli, AFormForEachLineIsTold) {
+  const Esecuzione esito = fai();
+  EXPECT_EQ(esito.codice, 0) << esito.errori;
+  for (const char* nome : {"CUR_04123450233_RSSMRC71C08L781I_P001_2016_A_05032017_1030.cur",
+                           "CUR_04123450233_DMCNCL64S30F839G_P002_2016_A_05032017_1030.cur",
+                           "CUR_04123450233_DLLGLI83A59F205I_P003_2016_A_05032017_1030.cur",
+                           "CUR_04123450233_DLLGLI83A59F205I_P003_2016_M1_05032017_1030.cur"}) {
+    EXPECT_THAT(esito.uscita,
+                HasSubstr("Stampa registrata, non impaginata: " + (posto.cartella() / "Documenti/") + nome +
+                          " (CertificazioneUnica.rpt)\n"));
+  }
+}
+
+TEST_F(Moduli, OneFileHoldsThemAllTogether) {
+  const Esecuzione esito = fai({"--cumulative"});
+  EXPECT_EQ(esito.codice, 0) << esito.errori;
+  EXPECT_THAT(esito.uscita,
+              ::testing::EndsWith("Stampa registrata, non impaginata: " +
+                                  (posto.cartella() / "Documenti/CUR_04123450233_2016_05032017_1030.cur") +
+                                  " (CertificazioneUnica.rpt)\n"));
+  EXPECT_THAT(esito.uscita, Not(HasSubstr("P001")));
+}
+
+}  // namespace
+}  // namespace cu::test
