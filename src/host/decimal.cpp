@@ -33,11 +33,14 @@ Decimal Decimal::fromInteger(std::int64_t units) {
 
 Decimal Decimal::fromDouble(double value) {
   // Fifteen significant digits are all a double promises: rounding at that place first takes 1.00005 for what
-  // was typed and not for the binary fraction just below it.
+  // was typed and not for the binary fraction just below it. Where they do not reach the fourth place, the
+  // shortest text that means this double is taken whole: 19999999999999.98 has sixteen.
   if (!std::isfinite(value) || std::fabs(value) >= 9.2e14) overflow();
   std::array<char, 40> buffer{};
-  auto [end, ec] =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific, 14);
+  char* const last = buffer.data() + buffer.size();
+  const auto [end, ec] =
+      std::fabs(value) < 1e11 ? std::to_chars(buffer.data(), last, value, std::chars_format::scientific, 14)
+                              : std::to_chars(buffer.data(), last, value, std::chars_format::scientific);
   if (ec != std::errc()) overflow();
   // d.dddddddddddddde+XX
   std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
@@ -52,11 +55,12 @@ Decimal Decimal::fromDouble(double value) {
   if (exponentText.front() == '+') exponentText.remove_prefix(1);
   std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent);
   std::int64_t digits = 0;
+  int shift = exponent + 5;  // from the digits, taken as a whole number, to ten-thousandths
   for (char c : text.substr(0, mark)) {
-    if (isDigit(c)) digits = digits * 10 + (c - '0');
+    if (!isDigit(c)) continue;
+    digits = digits * 10 + (c - '0');
+    --shift;
   }
-  // digits has 15 places, the value is digits * 10^(exponent - 14); scaled is that times 10^4.
-  int shift = exponent - 10;
   while (shift > 0) {
     if (digits > std::numeric_limits<std::int64_t>::max() / 10) overflow();
     digits *= 10;

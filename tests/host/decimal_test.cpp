@@ -251,6 +251,8 @@ TEST(Decimal, FromDoubleTakesWhatWasMeant) {
       {-99999999999999.0, -999999999999990000},
       {919999999999999.0, 9199999999999990000},
       {1e14, 1000000000000000000},
+      {9999999999999.99 + 9999999999999.99, 199999999999999800},  // sixteen digits
+      {123456789012345.6, 1234567890123456000},
   };
   for (const auto& [value, expected] : table)
     EXPECT_EQ(Decimal::fromDouble(value).scaled(), expected) << value;

@@ -4,10 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <nlohmann/json.hpp>
-
+#include "system/guidato_support.h"
 #include "system/lettore_db_support.h"
-#include "system/posto_support.h"
 
 namespace cu::test {
 namespace {
@@ -16,31 +14,9 @@ using nlohmann::json;
 
 constexpr const char* kProtocollo = "17030512345678901";
 
-class Sostituzione : public ::testing::Test {
+class Sostituzione : public Guidato {
  protected:
-  Sostituzione() : processo_(posto_.guida()) { leggi(); }
-
-  json leggi() {
-    const auto riga = processo_->riga();
-    if (!riga) throw std::runtime_error("the program has ended: " + processo_->errori());
-    return json::parse(*riga);
-  }
-  json fai(const json& comando) {
-    processo_->scrivi(comando.dump() + "\n");
-    json risposta = leggi();
-    EXPECT_TRUE(risposta.at("ok").get<bool>()) << comando << " " << risposta;
-    return risposta;
-  }
-  json clic(const char* controllo) { return fai({{"do", "click"}, {"on", controllo}}); }
-  json scrivi(const char* controllo, const char* testo) {
-    return fai({{"do", "enter"}, {"in", controllo}, {"text", testo}});
-  }
-  json rispondi(const char* risposta) { return fai({{"do", "answer"}, {"with", risposta}}); }
-  json stato(const char* controllo) { return fai({{"do", "get"}, {"of", controllo}}).at("result"); }
   std::string conteggio() { return stato("frmWizard.grdCompensi").at("columns").at(0).at("caption"); }
-
-  Posto posto_;
-  std::unique_ptr<Processo> processo_;
 };
 
 TEST_F(Sostituzione, IsStoppedMendedWarnedAndWritten) {
