@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "host/database.h"
+#include "misura.h"
 #include "support/fake_session.h"
 
 namespace cu::bench {
@@ -18,6 +19,24 @@ class OneConnection : public DatabaseHost {
 
  private:
   Connection& connection_;
+};
+
+// Passes everything on and adds up the time that the database takes.
+class TimedConnection : public Connection {
+ public:
+  explicit TimedConnection(Connection& inner) : inner_(inner) {}
+  void Execute(std::string_view statement) override {
+    spent += seconds([&] { inner_.Execute(statement); });
+  }
+  void Query(std::string_view source, RowStore& rows) override {
+    spent += seconds([&] { inner_.Query(source, rows); });
+  }
+  void BeginRead() override { inner_.BeginRead(); }
+  void EndRead() noexcept override { inner_.EndRead(); }
+  double spent = 0;
+
+ private:
+  Connection& inner_;
 };
 
 // A session of user 12 and company 1 over it.
