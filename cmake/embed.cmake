@@ -1,19 +1,26 @@
 # Files carried inside the programs, so that nothing has to be installed beside them.
 #
-# cu_embed(variable OUTPUT name.cpp BASE folder FILES files...)
-# puts the path of a source into the variable: it defines what database/risorse.h declares, one entry a
-# file, named by its path below the folder. The source is written again when a file or this script changes.
+# cu_embed(variable OUTPUT name.cpp BASE folder FILES files... [HEADER name.h STRUCT name FUNCTION name])
+# puts the path of a source into the variable: it defines what the header declares (database/risorse.h unless
+# told otherwise), one entry a file, named by its path below the folder. The source is written again when a
+# file or this script changes.
 
 if(NOT CMAKE_SCRIPT_MODE_FILE)
   set(CU_EMBED_SCRIPT ${CMAKE_CURRENT_LIST_FILE})
 
   function(cu_embed variable)
-    cmake_parse_arguments(E "" "OUTPUT;BASE" "FILES" ${ARGN})
+    cmake_parse_arguments(E "" "OUTPUT;BASE;HEADER;STRUCT;FUNCTION" "FILES" ${ARGN})
+    if(NOT E_HEADER)
+      set(E_HEADER database/risorse.h)
+      set(E_STRUCT RisorsaIncorporata)
+      set(E_FUNCTION risorseIncorporate)
+    endif()
     set(output ${CMAKE_CURRENT_BINARY_DIR}/${E_OUTPUT})
     string(REPLACE ";" "|" files "${E_FILES}")
     add_custom_command(
       OUTPUT ${output}
-      COMMAND ${CMAKE_COMMAND} -DOUTPUT=${output} -DBASE=${E_BASE} "-DFILES=${files}" -P ${CU_EMBED_SCRIPT}
+      COMMAND ${CMAKE_COMMAND} -DOUTPUT=${output} -DBASE=${E_BASE} -DHEADER=${E_HEADER} -DSTRUCT=${E_STRUCT}
+              -DFUNCTION=${E_FUNCTION} "-DFILES=${files}" -P ${CU_EMBED_SCRIPT}
       DEPENDS ${E_FILES} ${CU_EMBED_SCRIPT}
       COMMENT "Embedding files of ${E_BASE}"
       VERBATIM)
@@ -37,7 +44,7 @@ foreach(file IN LISTS FILES)
   math(EXPR count "${count} + 1")
 endforeach()
 file(WRITE ${OUTPUT}.new
-  "#include \"database/risorse.h\"\n\nnamespace cu {\nnamespace {\n${arrays}"
-  "constexpr RisorsaIncorporata kRisorse[] = {\n${table}};\n}  // namespace\n\n"
-  "std::span<const RisorsaIncorporata> risorseIncorporate() { return kRisorse; }\n\n}  // namespace cu\n")
+  "#include \"${HEADER}\"\n\nnamespace cu {\nnamespace {\n${arrays}"
+  "constexpr ${STRUCT} kFiles[] = {\n${table}};\n}  // namespace\n\n"
+  "std::span<const ${STRUCT}> ${FUNCTION}() { return kFiles; }\n\n}  // namespace cu\n")
 file(RENAME ${OUTPUT}.new ${OUTPUT})

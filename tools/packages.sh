@@ -4,8 +4,9 @@ packages=(
   build-essential cmake ninja-build ccache git ca-certificates
   nlohmann-json3-dev libcli11-dev libtomlplusplus-dev
   libsqlite3-dev
+  qt6-base-dev libxlsxwriter-dev fonts-dejavu-core
 )
-test_packages=(libgtest-dev libgmock-dev python3)
+test_packages=(libgtest-dev libgmock-dev python3 poppler-utils)
 fuzz_packages=(clang libclang-rt-14-dev)
 bench_packages=(libbenchmark-dev)
 

@@ -6,7 +6,7 @@
 #include "host/error.h"
 #include "host/text.h"
 #include "suite/platform_file.h"
-#include "suite/toml.h"
+#include "toml/toml.h"
 
 namespace cu {
 namespace {

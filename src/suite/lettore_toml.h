@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "suite/profilo.h"
-#include "suite/toml.h"
+#include "toml/toml.h"
 
 namespace cu {
 

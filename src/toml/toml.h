@@ -1,6 +1,6 @@
 #pragma once
 
-// The TOML library, the same way in every file of this room; no other room includes it.
+// The TOML library, the same way in every file that includes it.
 #define TOML_HEADER_ONLY 1
 #define TOML_EXCEPTIONS 0
 #define TOML_ENABLE_UNRELEASED_FEATURES 0

@@ -1,0 +1,184 @@
+#include <algorithm>
+
+#include "reporting/italian.h"
+#include "reporting/layout.h"
+#include "reporting/palette.h"
+#include "reporting/table.h"
+
+namespace cu::reporting {
+namespace {
+
+constexpr double kMargin = 16;
+constexpr double kTop = 14;
+constexpr double kFooterRoom = 16;
+constexpr double kPoints = 7.6;
+constexpr double kRecipientLeft = 104;
+constexpr double kSignatureRoom = 44;
+constexpr double kSignatureWidth = 78;
+
+// The certificate of one payee: the rows from `first` up to `end`.
+class Certificate {
+ public:
+  Certificate(Canvas& canvas, const LayoutInput& input, std::size_t first, std::size_t end, int pages)
+      : canvas_(canvas),
+        input_(input),
+        first_(first),
+        end_(end),
+        pages_(pages),
+        width_(canvas.width() - 2 * kMargin) {}
+
+  // Returns the pages it took.
+  int draw() {
+    input_.rows.move(first_);
+    const ReportGroup& payee = input_.definition.groups.front();
+    name_ = Template(payee.title, input_.rows).of(input_.rows);
+    note_ = Template(payee.note, input_.rows).of(input_.rows);
+    year_ = input_.rows.has("Anno") ? input_.rows.text("Anno") : QString();
+    introduction_ = Template(input_.definition.introduction, input_.rows).of(input_.rows);
+
+    begin();
+    double y = letterhead();
+    y = recipient(y);
+    y = opening(y);
+    Table table(canvas_, input_.definition, input_.rows, 1, {kMargin, width_, canvas_.height() - kFooterRoom},
+                kPoints, [this] { return nextPage(); });
+    y = table.run(first_, end_, y, fromUtf8(payee.total));
+    if (y + kSignatureRoom > canvas_.height() - kFooterRoom) y = nextPage();
+    signature(y);
+    footer();
+    return page_;
+  }
+
+ private:
+  void begin() {
+    canvas_.beginPage();
+    ++page_;
+  }
+  void footer() { drawFooter(canvas_, kMargin, input_.company.name, page_, pages_); }
+
+  double nextPage() {
+    footer();
+    begin();
+    const TextStyle title{9, true, kAccent};
+    const TextStyle quiet{8, false, kMuted};
+    double y = kTop;
+    canvas_.text(kMargin, y + canvas_.ascent(title), width_, heading() + " (segue)", title);
+    y += canvas_.lineHeight(title);
+    y = canvas_.lines(kMargin, y, width_, canvas_.wrap(name_ + " - " + note_, quiet, width_), quiet);
+    return y + 3;
+  }
+
+  QString heading() const {
+    const QString title = fromUtf8(input_.definition.title);
+    return year_.isEmpty() ? title : title + " - anno " + year_;
+  }
+
+  double letterhead() {
+    const Company& company = input_.company;
+    const TextStyle name{13, true, kAccent};
+    const TextStyle quiet{8, false, kMuted};
+    double y = kTop;
+    canvas_.fill({kMargin, y, 1.2, 17}, kAccent);
+    const double left = kMargin + 4;
+    const double room = width_ - 4;
+    y = canvas_.lines(left, y, room, canvas_.wrap(company.name, name, room), name);
+    for (const QString& line : {company.address, company.codes, company.contacts}) {
+      if (!line.isEmpty()) y = canvas_.lines(left, y, room, canvas_.wrap(line, quiet, room), quiet);
+    }
+    return std::max(y, kTop + 17) + 11;
+  }
+
+  QString field(const char* name) const { return input_.rows.has(name) ? input_.rows.text(name) : QString(); }
+
+  double recipient(double y) {
+    const double room = kMargin + width_ - kRecipientLeft;
+    const TextStyle label{7, false, kMuted};
+    const TextStyle name{10.5, true, kInk};
+    const TextStyle plain{9.5, false, kInk};
+    y = canvas_.lines(kRecipientLeft, y, room, {"Percipiente"}, label) + 0.6;
+    y = canvas_.lines(kRecipientLeft, y, room, canvas_.wrap(name_, name, room), name) + 0.4;
+    const QString street = field("IndirizzoPercipiente").trimmed();
+    const QString place = addressLine({}, field("CapPercipiente"), field("ComunePercipiente"),
+                                      field("ProvinciaPercipiente"), field("NazionePercipiente"));
+    for (const QString& line : {street, place, note_}) {
+      if (!line.isEmpty()) y = canvas_.lines(kRecipientLeft, y, room, canvas_.wrap(line, plain, room), plain);
+    }
+    return y + 14;
+  }
+
+  double opening(double y) {
+    const TextStyle title{15, true, kInk};
+    const TextStyle text{9.5, false, kInk};
+    y = canvas_.lines(kMargin, y, width_, canvas_.wrap(heading(), title, width_), title) + 3;
+    for (const QString& line : canvas_.wrap(introduction_, text, width_)) {
+      canvas_.text(kMargin, y + canvas_.ascent(text), width_, line, text);
+      y += canvas_.lineHeight(text) + 0.7;
+    }
+    return y + 5;
+  }
+
+  void signature(double y) {
+    const TextStyle plain{9, false, kInk};
+    const TextStyle quiet{7.5, false, kMuted};
+    const Company& company = input_.company;
+    y += 12;
+    const QString place = company.town.isEmpty() ? QString() : company.town + ", ";
+    canvas_.text(kMargin, y, width_ - kSignatureWidth - 6, place + writtenDate(input_.today), plain);
+    const double left = kMargin + width_ - kSignatureWidth;
+    canvas_.text(left, y, kSignatureWidth, "Il sostituto d'imposta", plain, Align::Center);
+    y += 14;
+    canvas_.line(left, y, left + kSignatureWidth, y, kInk, 0.2);
+    y += 1;
+    const QStringList signer = canvas_.wrap(company.name, quiet, kSignatureWidth);
+    y = canvas_.lines(left, y, kSignatureWidth, signer.mid(0, 3), quiet, Align::Center);
+    if (company.representative.isEmpty()) return;
+    const QString who =
+        company.office.isEmpty() ? company.representative : company.representative + ", " + company.office;
+    canvas_.lines(left, y, kSignatureWidth, canvas_.wrap(who, quiet, kSignatureWidth).mid(0, 3), quiet,
+                  Align::Center);
+  }
+
+  Canvas& canvas_;
+  const LayoutInput& input_;
+  std::size_t first_;
+  std::size_t end_;
+  int pages_;
+  double width_;
+  int page_ = 0;
+  QString name_;
+  QString note_;
+  QString year_;
+  QString introduction_;
+};
+
+std::string keyOf(const Rows& rows, const std::vector<std::size_t>& places) {
+  std::string key;
+  for (const std::size_t place : places) key += rows.at(place).toText() + '\n';
+  return key;
+}
+
+}  // namespace
+
+void drawCertificates(Canvas& canvas, const LayoutInput& input) {
+  if (input.rows.size() == 0) {
+    drawNothing(canvas, input);
+    return;
+  }
+  std::vector<std::size_t> places;
+  for (const std::string& key : input.definition.groups.front().key) places.push_back(input.rows.place(key));
+  const std::unique_ptr<Canvas> measuring = Canvas::measuring(canvas);
+  for (std::size_t first = 0; first < input.rows.size();) {
+    input.rows.move(first);
+    const std::string key = keyOf(input.rows, places);
+    std::size_t end = first + 1;
+    for (; end < input.rows.size(); ++end) {
+      input.rows.move(end);
+      if (keyOf(input.rows, places) != key) break;
+    }
+    const int pages = Certificate(*measuring, input, first, end, 0).draw();
+    Certificate(canvas, input, first, end, pages).draw();
+    first = end;
+  }
+}
+
+}  // namespace cu::reporting

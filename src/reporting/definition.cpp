@@ -1,0 +1,204 @@
+#include "reporting/definition.h"
+
+#include <algorithm>
+#include <array>
+
+#include "host/text.h"
+#include "reporting/definition_reader.h"
+
+namespace cu::reporting {
+namespace {
+
+template <class T>
+using Word = std::pair<std::string_view, T>;
+
+constexpr auto kLayouts = std::to_array<Word<LayoutKind>>(
+    {{"list", LayoutKind::List}, {"certificate", LayoutKind::Certificate}, {"form", LayoutKind::Form}});
+
+constexpr auto kFormats = std::to_array<Word<ColumnFormat>>({{"text", ColumnFormat::Text},
+                                                             {"integer", ColumnFormat::Integer},
+                                                             {"date", ColumnFormat::Date},
+                                                             {"amount", ColumnFormat::Amount}});
+
+constexpr auto kParts =
+    std::to_array<Word<FormPart>>({{"identity", FormPart::Identity}, {"amounts", FormPart::Amounts}});
+
+// Beside each kind how many fields it reads.
+struct KindRow {
+  BoxKind kind;
+  std::size_t fields;
+};
+constexpr auto kKinds = std::to_array<Word<KindRow>>({{"text", {BoxKind::Text, 1}},
+                                                      {"upper", {BoxKind::Upper, 1}},
+                                                      {"integer", {BoxKind::Integer, 1}},
+                                                      {"date", {BoxKind::Date, 1}},
+                                                      {"flag", {BoxKind::Flag, 1}},
+                                                      {"amount", {BoxKind::Amount, 1}},
+                                                      {"sum", {BoxKind::Sum, 2}},
+                                                      {"phone", {BoxKind::Phone, 2}},
+                                                      {"not_subject_code", {BoxKind::NotSubjectCode, 4}},
+                                                      {"fund_code", {BoxKind::FundCode, 3}}});
+
+constexpr auto kConditions =
+    std::to_array<Word<BoxCondition>>({{"person", BoxCondition::Person},
+                                       {"non_resident", BoxCondition::NonResident},
+                                       {"schumacker", BoxCondition::Schumacker},
+                                       {"year_due", BoxCondition::YearDue},
+                                       {"reason_n", BoxCondition::ReasonN},
+                                       {"contributions", BoxCondition::Contributions}});
+
+template <class T, std::size_t N>
+T choice(const DefinitionReader& reader, std::string_view key, const std::array<Word<T>, N>& words) {
+  return reader.choice<T>(key, std::span<const Word<T>>(words));
+}
+
+bool isYear(std::string_view text) {
+  return text.size() == 4 &&
+         std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+std::int32_t yearOf(std::string_view text) { return static_cast<std::int32_t>(leadingInteger(text)); }
+
+// "2015", "2015-", "-2016".
+Years readYears(const DefinitionReader& reader) {
+  if (!reader.has("years")) return {};
+  const std::string text = reader.text("years");
+  const std::size_t dash = text.find('-');
+  if (dash == std::string::npos && isYear(text)) return {yearOf(text), yearOf(text)};
+  Years years;
+  if (dash == 4 && text.size() == 5 && isYear(text.substr(0, 4))) {
+    years.first = yearOf(text);
+    return years;
+  }
+  if (dash == 0 && isYear(text.substr(1))) {
+    years.last = yearOf(text.substr(1));
+    return years;
+  }
+  reader.refuse("years", "valore \"" + text + "\" non ammesso", "anni come \"2015\", \"2015-\" o \"-2016\"");
+}
+
+ReportColumn readColumn(const DefinitionReader& reader) {
+  reader.only({"caption", "format", "field", "width", "total"});
+  ReportColumn column;
+  column.caption = reader.text("caption");
+  column.format = choice(reader, "format", kFormats);
+  for (const std::string& term : reader.textsOr("field")) {
+    const bool negative = term.front() == '-';
+    column.terms.push_back({term.substr(negative ? 1 : 0), negative});
+    if (column.terms.back().field.empty()) reader.refuse("field", "campo senza nome", "il nome di un campo");
+  }
+  if (column.terms.empty()) reader.refuse("field", "manca", "il nome di un campo, o un elenco di importi");
+  const bool summed = column.terms.size() > 1 || column.terms.front().negative;
+  if (summed && column.format != ColumnFormat::Amount) {
+    reader.refuse("field", "somma di campi che non sono importi", "un solo campo");
+  }
+  column.width = reader.number("width");
+  column.total = reader.flagOr("total", false);
+  if (column.total && column.format != ColumnFormat::Amount) {
+    reader.refuse("total", "solo gli importi hanno un totale", "format = \"amount\"");
+  }
+  return column;
+}
+
+ReportGroup readGroup(const DefinitionReader& reader) {
+  reader.only({"key", "title", "note", "total", "total_of_one"});
+  return {reader.texts("key"), reader.text("title"), reader.textOr("note", ""), reader.textOr("total", ""),
+          reader.flagOr("total_of_one", true)};
+}
+
+FormBox readBox(const DefinitionReader& reader) {
+  FormBox box;
+  box.width = reader.number("width");
+  box.years = readYears(reader);
+  if (!reader.has("number")) {
+    reader.only({"width", "years"});
+    return box;
+  }
+  reader.only({"number", "caption", "kind", "field", "module", "when", "years", "width"});
+  box.number = fromInteger(reader.integer("number"));
+  box.caption = reader.text("caption");
+  const KindRow kind = choice(reader, "kind", kKinds);
+  box.kind = kind.kind;
+  box.fields = reader.textsOr("field");
+  if (box.fields.size() != kind.fields) {
+    reader.refuse("field", "numero di campi sbagliato",
+                  fromInteger(static_cast<std::int64_t>(kind.fields)) + " per questo tipo di casella");
+  }
+  box.moduleField = reader.textOr("module", "");
+  if (reader.has("when")) box.condition = choice(reader, "when", kConditions);
+  return box;
+}
+
+FormSection readSection(const DefinitionReader& reader) {
+  reader.only({"part", "title", "years", "rows"});
+  FormSection section;
+  section.part = choice(reader, "part", kParts);
+  section.title = reader.text("title");
+  section.years = readYears(reader);
+  for (const auto& row : reader.rows("rows")) {
+    std::vector<FormBox>& boxes = section.rows.emplace_back();
+    for (const DefinitionReader& box : row) boxes.push_back(readBox(box));
+  }
+  return section;
+}
+
+void check(const ReportDefinition& definition, const DefinitionReader& reader) {
+  if (definition.layout == LayoutKind::Form) {
+    if (definition.sections.empty()) reader.refuse("section", "manca", "almeno una sezione");
+    return;
+  }
+  if (definition.columns.empty()) reader.refuse("column", "manca", "almeno una colonna");
+  if (definition.groups.empty()) reader.refuse("group", "manca", "almeno un gruppo");
+  if (definition.layout == LayoutKind::Certificate && definition.introduction.empty()) {
+    reader.refuse("introduction", "manca", "il testo della certificazione");
+  }
+}
+
+}  // namespace
+
+ReportDefinition parseDefinition(std::string_view text, const std::string& file) {
+  const toml::parse_result parsed = toml::parse(text);
+  if (!parsed) {
+    const toml::source_position where = parsed.error().source().begin;
+    refuseDefinition(file + ", riga " + fromInteger(where.line) + ", colonna " + fromInteger(where.column) +
+                     ": il testo non è TOML valido");
+  }
+  const DefinitionReader reader(parsed.table(), file);
+  reader.only({"name", "object_type", "definition", "view", "title", "layout", "introduction", "joins",
+               "order", "grand_total", "computed", "group", "column", "sheet_column", "section"});
+  ReportDefinition result;
+  result.name = reader.text("name");
+  result.objectType = reader.integer("object_type");
+  result.number = reader.integer("definition");
+  result.view = reader.text("view");
+  result.title = reader.text("title");
+  result.layout = choice(reader, "layout", kLayouts);
+  result.introduction = reader.textOr("introduction", "");
+  result.joins = reader.textOr("joins", "");
+  result.order = reader.texts("order");
+  result.grandTotal = reader.textOr("grand_total", "");
+  for (const DefinitionReader& each : reader.tables("computed")) {
+    each.only({"name", "sql"});
+    result.computed.push_back({each.text("name"), each.text("sql")});
+  }
+  for (const DefinitionReader& each : reader.tables("group")) result.groups.push_back(readGroup(each));
+  for (const DefinitionReader& each : reader.tables("column")) result.columns.push_back(readColumn(each));
+  for (const DefinitionReader& each : reader.tables("sheet_column")) {
+    result.sheetColumns.push_back(readColumn(each));
+  }
+  for (const DefinitionReader& each : reader.tables("section")) result.sections.push_back(readSection(each));
+  check(result, reader);
+  return result;
+}
+
+std::vector<std::string> fieldsOf(std::string_view text) {
+  std::vector<std::string> fields;
+  for (std::size_t at = text.find('{'); at != std::string_view::npos; at = text.find('{', at + 1)) {
+    const std::size_t end = text.find('}', at);
+    if (end == std::string_view::npos) break;
+    fields.emplace_back(text.substr(at + 1, end - at - 1));
+  }
+  return fields;
+}
+
+}  // namespace cu::reporting

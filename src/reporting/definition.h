@@ -1,0 +1,125 @@
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace cu::reporting {
+
+// What a report is: where its rows come from, how they are grouped, what stands in its columns. Written in a
+// file of data/reports/ (data/README.md tells the keys).
+
+enum class LayoutKind {
+  List,         // lines under headings of groups, with totals
+  Certificate,  // a letter for each payee, with a table
+  Form,         // numbered boxes
+};
+
+enum class ColumnFormat { Text, Integer, Date, Amount };
+
+// A column of the rows with its sign.
+struct Term {
+  std::string field;
+  bool negative = false;
+};
+
+struct ReportColumn {
+  std::string caption;
+  ColumnFormat format = ColumnFormat::Text;
+  std::vector<Term> terms;  // one, or the amounts that are summed
+  double width = 1;         // share of the table's width
+  bool total = false;
+};
+
+// Rows that agree in `key` form a group. Texts hold fields of the rows in braces: "{Codice} {Anagrafica}".
+struct ReportGroup {
+  std::vector<std::string> key;
+  std::string title;
+  std::string note;        // second line of the heading
+  std::string total;       // what stands before its totals; empty for none
+  bool totalOfOne = true;  // whether a group of a single line below has totals too
+};
+
+// A column that the view does not have.
+struct ComputedField {
+  std::string name;
+  std::string sql;  // an expression in the server's dialect over the view and the joined tables
+};
+
+enum class BoxKind {
+  Text,
+  Upper,
+  Integer,
+  Date,
+  Flag,            // a cross where the field is true
+  Amount,          // nothing where it is zero
+  Sum,             // an amount: of two fields
+  Phone,           // the first field without its separators; the second where that is no number
+  NotSubjectCode,  // the code, or the year's own where sums are not subject and no code was chosen
+  FundCode,        // the company's code at the fund that the first field names
+};
+
+enum class BoxCondition {
+  Always,
+  Person,
+  NonResident,
+  Schumacker,  // a non-resident of that kind
+  YearDue,     // an advance, or the reasons G, H, I
+  ReasonN,
+  Contributions,  // at least one of the five amounts
+};
+
+struct Years {
+  std::int32_t first = std::numeric_limits<std::int32_t>::min();
+  std::int32_t last = std::numeric_limits<std::int32_t>::max();
+  bool contains(std::int32_t year) const { return year >= first && year <= last; }
+};
+
+struct FormBox {
+  std::string number;  // of the ministerial form; empty for a space between boxes
+  std::string caption;
+  BoxKind kind = BoxKind::Text;
+  BoxCondition condition = BoxCondition::Always;
+  std::vector<std::string> fields;
+  std::string moduleField;  // its column in an additional module; empty where it has none there
+  Years years;
+  double width = 1;
+};
+
+enum class FormPart { Identity, Amounts };
+
+struct FormSection {
+  FormPart part = FormPart::Amounts;
+  std::string title;
+  Years years;
+  std::vector<std::vector<FormBox>> rows;
+};
+
+struct ReportDefinition {
+  std::string name;  // "ContoIndividuale.rpt"
+  std::int32_t objectType = 0;
+  std::int32_t number = 0;
+  std::string view;
+  std::string title;
+  LayoutKind layout = LayoutKind::List;
+  std::string introduction;  // of a certificate; fields in braces
+  std::string joins;         // behind FROM and the view
+  std::vector<ComputedField> computed;
+  std::vector<std::string> order;
+  std::vector<ReportGroup> groups;
+  std::vector<ReportColumn> columns;
+  std::vector<ReportColumn> sheetColumns;  // stand before the others in a table for a spreadsheet
+  std::string grandTotal;                  // what stands before the totals of all; empty for none
+  std::vector<FormSection> sections;
+};
+
+// Error (kErrorReportDefinition) with file, place and what was expected for anything that is not as it must
+// be.
+ReportDefinition parseDefinition(std::string_view text, const std::string& file);
+
+// The fields that a text names in braces, in order.
+std::vector<std::string> fieldsOf(std::string_view text);
+
+}  // namespace cu::reporting

@@ -1,0 +1,136 @@
+#include "reporting/form_grid.h"
+
+#include <algorithm>
+
+#include "host/text.h"
+#include "reporting/form_values.h"
+#include "reporting/italian.h"
+#include "reporting/palette.h"
+
+namespace cu::reporting {
+namespace {
+
+constexpr double kBarGap = 2.1;  // before a bar
+constexpr double kInset = 0.9;   // of what stands in a box
+constexpr double kNumberWidth = 5.4;
+constexpr double kCaptionPoints = 5.6;
+constexpr double kSmallCaptionPoints = 4.9;
+constexpr qsizetype kCaptionLines = 2;
+constexpr double kValuePoints = 9;
+constexpr double kSmallestOneLine = 7;  // below it a value takes two lines
+
+constexpr double kTagWidth = 4.7;
+constexpr double kTagHeight = 3.3;
+constexpr double kBehindFrame = 0.15;
+constexpr double kCaptionTop = 0.6;
+constexpr double kFrameWidth = 0.2;
+
+void drawNumber(Canvas& canvas, const Box& place, const QString& number) {
+  const TextStyle style{5.8, true, kAccent};
+  const double base = (kTagHeight - canvas.lineHeight(style)) / 2 + canvas.ascent(style);
+  canvas.text(place.x + kBehindFrame, place.y + kBehindFrame + base, kTagWidth, number, style, Align::Center);
+}
+
+}  // namespace
+
+FormGrid::FormGrid(Canvas& canvas, const ReportDefinition& definition, FormPart part, std::int32_t year,
+                   double x, double width, double y)
+    : x_(x), width_(width), bottom_(y) {
+  const std::int32_t layout = layoutYear(year);
+  for (const FormSection& section : definition.sections) {
+    if (section.part != part || !section.years.contains(layout)) continue;
+    bottom_ += kBarGap;
+    bars_.push_back({section.title, bottom_});
+    bottom_ += kBarHeight;
+    for (const std::vector<FormBox>& row : section.rows) {
+      double shares = 0;
+      for (const FormBox& box : row) shares += box.years.contains(layout) ? box.width : 0;
+      double left = x;
+      for (const FormBox& box : row) {
+        if (!box.years.contains(layout)) continue;
+        const double share = width * box.width / shares;
+        if (!box.number.empty()) place(canvas, box, {left, bottom_, share, kBoxHeight});
+        left += share;
+      }
+      bottom_ += kBoxHeight;
+    }
+  }
+}
+
+void FormGrid::place(Canvas& canvas, const FormBox& box, const Box& at) {
+  PlacedBox placed{&box, at, {}, {kCaptionPoints, false, kMuted}};
+  const double room = at.width - kNumberWidth - 2 * kInset;
+  placed.caption = canvas.wrap(fromUtf8(box.caption), placed.captionStyle, room);
+  if (placed.caption.size() > kCaptionLines) {
+    placed.captionStyle.points = kSmallCaptionPoints;
+    placed.caption = canvas.wrap(fromUtf8(box.caption), placed.captionStyle, room);
+  }
+  boxes_.push_back(std::move(placed));
+}
+
+void FormGrid::drawEmpty(Canvas& canvas, std::int32_t year) const {
+  for (const Bar& bar : bars_) {
+    QString title = fromUtf8(bar.title);
+    title.replace("{Anno}", QString::number(year)).replace("{AnnoDopo}", QString::number(year + 1));
+    drawBar(canvas, x_, bar.y, width_, title);
+  }
+  // What has one colour is drawn in one go: thousands of forms are an ordinary case.
+  QList<Box> frames;
+  for (const PlacedBox& box : boxes_) {
+    canvas.fill({box.place.x + kBehindFrame, box.place.y + kBehindFrame, kTagWidth, kTagHeight}, kTag);
+    frames.append(box.place);
+  }
+  for (const PlacedBox& box : boxes_) drawNumber(canvas, box.place, fromUtf8(box.box->number));
+  for (const PlacedBox& box : boxes_) {
+    double y = box.place.y + kCaptionTop + canvas.ascent(box.captionStyle);
+    for (const QString& line : box.caption) {
+      canvas.plain(box.place.x + kNumberWidth, y, line, box.captionStyle);
+      y += canvas.lineHeight(box.captionStyle);
+    }
+  }
+  canvas.frames(frames, kRule, kFrameWidth);
+}
+
+double drawBar(Canvas& canvas, double x, double y, double width, const QString& title) {
+  canvas.fill({x, y, width, kBarHeight}, kAccent);
+  const TextStyle style{7.2, true, kPaper};
+  const double base = y + (kBarHeight - canvas.lineHeight(style)) / 2 + canvas.ascent(style);
+  canvas.text(x + 1.6, base, width - 3.2, title.toUpper(), style);
+  return y + kBarHeight;
+}
+
+void drawBox(Canvas& canvas, const Box& place, const QString& caption, const QColor& color) {
+  canvas.text(place.x + kInset, place.y + kCaptionTop + canvas.ascent({kCaptionPoints}),
+              place.width - 2 * kInset, caption, {kCaptionPoints, false, color});
+  canvas.frame(place, kRule, kFrameWidth);
+}
+
+void drawBoxValue(Canvas& canvas, const Box& place, const QString& text, Align align, bool bold) {
+  if (text.isEmpty()) return;
+  const double room = place.width - 2 * kInset - 0.6;
+  const double left = place.x + kInset + 0.3;
+  TextStyle style{kValuePoints, bold, kInk};
+  const double base = place.y + place.height - 2;
+  const double wide = canvas.textWidth(text, style);
+  if (wide > room) style.points = std::max(kSmallestOneLine, style.points * room / wide * 0.99);
+  if (align != Align::Left || canvas.textWidth(text, style) <= room) {
+    canvas.text(left, base, room, text, style, align);
+    return;
+  }
+  // A long name: two smaller lines, shrunk further only where even they do not hold it.
+  TextStyle small{6.2, bold, kInk};
+  QStringList lines = canvas.wrap(text, small, room);
+  while (lines.size() > 2 && small.points > 4) {
+    small.points -= 0.4;
+    lines = canvas.wrap(text, small, room);
+  }
+  if (lines.size() > 2) lines = {lines[0], lines.mid(1).join(' ')};
+  const double height = canvas.lineHeight(small);
+  double y = place.y + place.height - 0.4 - height * static_cast<double>(lines.size());
+  for (const QString& line : lines) {
+    canvas.text(left, y + canvas.ascent(small), room, line, small);
+    y += height;
+  }
+}
+
+}  // namespace cu::reporting

@@ -1,0 +1,237 @@
+#include <map>
+#include <optional>
+
+#include "host/text.h"
+#include "reporting/form_grid.h"
+#include "reporting/form_values.h"
+#include "reporting/italian.h"
+#include "reporting/layout.h"
+#include "reporting/palette.h"
+
+namespace cu::reporting {
+namespace {
+
+constexpr double kMargin = 12;
+constexpr double kTop = 11;
+constexpr std::int64_t kAnnulment = 2;
+constexpr std::int64_t kReplacement = 3;
+// Digits that the authority gives to a transmission and to a certificate in it.
+constexpr qsizetype kProtocolDigits = 17;
+constexpr qsizetype kProgressiveDigits = 6;
+
+// As the file has it: its first characters, filled with zeros on the left.
+QString reference(const QString& text, qsizetype digits) {
+  const QString cut = text.trimmed().left(digits);
+  return cut.isEmpty() ? cut : cut.rightJustified(digits, '0');
+}
+
+// The forms of one report, one certificate after the other.
+class Forms {
+ public:
+  Forms(Canvas& canvas, const LayoutInput& input)
+      : canvas_(canvas), input_(input), rows_(input.rows), width_(canvas.width() - 2 * kMargin) {}
+
+  void certificate() {
+    year_ = static_cast<std::int32_t>(rows_.get("Anno").integer());
+    kind_ = rows_.get("Path1").integer();
+    const QString name =
+        rows_.text("Anagrafica") + ' ' + (rows_.get("PersonaFisica").flag() ? rows_.text("Nome") : QString());
+    payee_ = upperCase(name.trimmed());
+    code_ = upperCase(rows_.text("CodiceFiscale"));
+    page_ = 0;
+    if (kind_ == kAnnulment) {
+      pages_ = 1;
+      identityPage();
+      return;
+    }
+    Rows modules = readModules(input_.connection, rows_);
+    pages_ = 2 + static_cast<int>(modules.size());
+    identityPage();
+    amountsPage(1, MainModuleValues(rows_));
+    for (std::size_t i = 0; i < modules.size(); ++i) {
+      modules.move(i);
+      amountsPage(i + 2, FurtherModuleValues(modules, rows_));
+    }
+  }
+
+ private:
+  void begin() {
+    canvas_.beginPage();
+    ++page_;
+  }
+  void footer() { drawFooter(canvas_, kMargin, payee_ + " - " + code_, page_, pages_); }
+
+  const FormGrid& grid(FormPart part, double y) {
+    const auto key = std::make_pair(part, layoutYear(year_));
+    const auto known = grids_.find(key);
+    if (known != grids_.end()) return known->second;
+    return grids_.emplace(key, FormGrid(canvas_, input_.definition, part, year_, kMargin, width_, y))
+        .first->second;
+  }
+
+  void fillIn(const FormGrid& grid, const auto& values) {
+    for (const FormGrid::PlacedBox& box : grid.boxes()) {
+      const BoxValue value = values.of(*box.box);
+      drawBoxValue(canvas_, box.place, value.text, value.align);
+    }
+  }
+
+  // A box outside the numbered ones.
+  void plainBox(const Box& place, const QString& caption, const QString& value, Align align = Align::Left) {
+    drawBox(canvas_, place, caption, kMuted);
+    drawBoxValue(canvas_, place, value, align);
+  }
+
+  void identityPage() {
+    begin();
+    double y = identityHead();
+    y = communication(y);
+    const FormGrid& boxes = grid(FormPart::Identity, y);
+    boxes.drawEmpty(canvas_, year_);
+    fillIn(boxes, MainModuleValues(rows_));
+    y = boxes.bottom();
+    if (rows_.get("Path2").flag()) y = intermediary(y + 2.1);
+    signature(y + 2.1);
+    footer();
+  }
+
+  double identityHead() {
+    const TextStyle title{21, true, kAccent};
+    const TextStyle year{21, true, kPaper};
+    const TextStyle quiet{7.6, false, kMuted};
+    const TextStyle subtitle{9.6, true, kInk};
+    double y = kTop;
+    constexpr double kYearWidth = 27;
+    constexpr double kYearHeight = 11;
+    canvas_.text(kMargin, y + 8.4, width_ - kYearWidth - 4, "CERTIFICAZIONE UNICA", title);
+    canvas_.fill({kMargin + width_ - kYearWidth, y, kYearWidth, kYearHeight}, kAccent);
+    canvas_.text(kMargin + width_ - kYearWidth, y + 8.4, kYearWidth, QString::number(year_ + 1), year,
+                 Align::Center);
+    y += kYearHeight + 2;
+    y = canvas_.lines(
+        kMargin, y, width_,
+        {"Redditi dell'anno " + QString::number(year_) + ": lavoro autonomo, provvigioni e redditi diversi"},
+        subtitle);
+    y = canvas_.lines(
+        kMargin, y + 0.5, width_,
+        {"Certificazione di cui all'art. 4, commi 6-ter e 6-quater, del D.P.R. 22 luglio 1998, n. 322"},
+        quiet);
+    return y + 2.4;
+  }
+
+  double communication(double y) {
+    const bool ordinary = kind_ != kAnnulment && kind_ != kReplacement;
+    const QString kind = kind_ == kAnnulment     ? "ANNULLAMENTO"
+                         : kind_ == kReplacement ? "SOSTITUZIONE"
+                                                 : "ORDINARIA";
+    const double height = kBoxHeight;
+    const double first = width_ * 0.3;
+    const double second = width_ * 0.45;
+    if (!ordinary) canvas_.fill({kMargin, y, first, height}, kAlert);
+    canvas_.frame({kMargin, y, first, height}, ordinary ? kRule : kAlert, 0.2);
+    canvas_.lines(kMargin + 0.9, y + 0.5, first - 2, {"Comunicazione"},
+                  {5.6, false, ordinary ? kMuted : kPaper});
+    canvas_.text(kMargin + 1.2, y + height - 2, first - 2.4, kind, {10.5, true, ordinary ? kInk : kPaper});
+    const QString protocol =
+        ordinary ? QString() : reference(rows_.text("ProtocolloAnnSost"), kProtocolDigits);
+    const QString progressive =
+        ordinary ? QString() : reference(rows_.text("ProgressivoAnnSost"), kProgressiveDigits);
+    const QString what = kind_ == kAnnulment     ? "annullata"
+                         : kind_ == kReplacement ? "sostituita"
+                                                 : "da annullare o sostituire";
+    plainBox({kMargin + first, y, second, height}, "Protocollo della certificazione " + what, protocol);
+    plainBox({kMargin + first + second, y, width_ - first - second, height}, "Progressivo", progressive);
+    return y + height;
+  }
+
+  double intermediary(double y) {
+    y = drawBar(canvas_, kMargin, y, width_, "Impegno alla presentazione telematica");
+    const double third = width_ / 3;
+    const std::int64_t commitment = rows_.get("TipoComunicazione").integer();
+    const QString prepared = commitment == 1   ? "1 - predisposta dal contribuente"
+                             : commitment == 2 ? "2 - predisposta da chi effettua l'invio"
+                                               : QString();
+    const Date day = rows_.get("DataImpegno").date();
+    plainBox({kMargin, y, third, kBoxHeight}, "Codice fiscale dell'intermediario",
+             upperCase(rows_.text("CodiceFiscaleIntermediario")));
+    plainBox({kMargin + third, y, third, kBoxHeight}, "Comunicazione", prepared);
+    plainBox({kMargin + 2 * third, y, third, kBoxHeight}, "Data dell'impegno", italianDate(day));
+    return y + kBoxHeight;
+  }
+
+  void signature(double y) {
+    y = drawBar(canvas_, kMargin, y, width_, "Data e firma");
+    constexpr double kHeight = 19;
+    constexpr double kDateWidth = 42;
+    const Date chosen = rows_.get("Path3").date();
+    plainBox({kMargin, y, kDateWidth, kHeight}, "Data",
+             italianDate(chosen == Date() ? input_.today : chosen));
+    const Box place{kMargin + kDateWidth, y, width_ - kDateWidth, kHeight};
+    const QString company = upperCase((rows_.text("AnagraficaAz") + ' ' + rows_.text("NomeAz")).trimmed());
+    const QString signer = (rows_.text("NomeRapp") + ' ' + rows_.text("AnagraficaRapp")).trimmed();
+    drawBox(canvas_, place, "Firma del sostituto d'imposta", kMuted);
+    const TextStyle name{8, true, kInk};
+    const TextStyle quiet{7, false, kMuted};
+    const double right = place.x + place.width * 0.42;
+    const double room = place.width * 0.58 - 3;
+    canvas_.text(place.x + 1.2, y + 9, place.width * 0.42 - 4, company, name);
+    canvas_.text(place.x + 1.2, y + 13.4, place.width * 0.42 - 4, signer, quiet);
+    canvas_.line(right, y + kHeight - 4, right + room, y + kHeight - 4, kInk, 0.2);
+  }
+
+  void amountsPage(std::size_t module, const auto& values) {
+    begin();
+    double y = kTop;
+    const TextStyle title{11, true, kAccent};
+    const TextStyle quiet{6.8, false, kMuted};
+    constexpr double kModuleWidth = 26;
+    canvas_.text(kMargin, y + 4.4, width_ - kModuleWidth - 4,
+                 "CERTIFICAZIONE UNICA " + QString::number(year_ + 1), title);
+    canvas_.text(
+        kMargin, y + 8.4, width_ - kModuleWidth - 4,
+        "Certificazione lavoro autonomo, provvigioni e redditi diversi - anno " + QString::number(year_),
+        quiet);
+    const Box number{kMargin + width_ - kModuleWidth, y, kModuleWidth, kBoxHeight};
+    canvas_.frame(number, kAccent, 0.3);
+    canvas_.lines(number.x + 0.9, number.y + 0.5, number.width - 2, {"Mod. N."}, {5.6, false, kMuted});
+    drawBoxValue(canvas_, number, QString::number(static_cast<qulonglong>(module)), Align::Center, true);
+    y += kBoxHeight + 1.4;
+    const double codeWidth = 50;
+    plainBox({kMargin, y, codeWidth, kBoxHeight}, "Codice fiscale del percipiente", code_);
+    plainBox({kMargin + codeWidth, y, width_ - codeWidth, kBoxHeight}, "Cognome e nome o denominazione",
+             payee_);
+    y += kBoxHeight - 0.4;
+    const FormGrid& boxes = grid(FormPart::Amounts, y);
+    boxes.drawEmpty(canvas_, year_);
+    fillIn(boxes, values);
+    footer();
+  }
+
+  Canvas& canvas_;
+  const LayoutInput& input_;
+  Rows& rows_;
+  double width_;
+  std::map<std::pair<FormPart, std::int32_t>, FormGrid> grids_;
+  std::int32_t year_ = 0;
+  std::int64_t kind_ = 1;
+  QString payee_;
+  QString code_;
+  int page_ = 0;
+  int pages_ = 0;
+};
+
+}  // namespace
+
+void drawForms(Canvas& canvas, const LayoutInput& input) {
+  if (input.rows.size() == 0) {
+    drawNothing(canvas, input);
+    return;
+  }
+  Forms forms(canvas, input);
+  for (std::size_t i = 0; i < input.rows.size(); ++i) {
+    input.rows.move(i);
+    forms.certificate();
+  }
+}
+
+}  // namespace cu::reporting

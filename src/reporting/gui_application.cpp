@@ -1,0 +1,41 @@
+#include "reporting/gui_application.h"
+
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <clocale>
+
+#include "reporting/report_error.h"
+
+namespace cu::reporting {
+
+void ensureGuiApplication() {
+  if (QCoreApplication::instance() != nullptr) {
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr) return;
+    throw Error(kErrorReportOutput, "Il programma è stato avviato senza le funzioni grafiche per la stampa.");
+  }
+  static char program[] = "report";
+  static char option[] = "-platform";
+  static char platform[] = "offscreen";
+  static char* arguments[] = {program, option, platform, nullptr};
+  static int count = 3;
+  // What the toolkit misses of a desktop's session is of no concern to a print, and of none to who reads the
+  // program's messages.
+  const QtMessageHandler before =
+      qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+  // Never taken down: the toolkit's own static objects may outlive anything that is released at the end.
+  new QGuiApplication(count, arguments);
+  qInstallMessageHandler(before);
+  // The toolkit has taken over the locale of the environment; numbers stay as the program writes them.
+  std::setlocale(LC_NUMERIC, "C");
+}
+
+QString reportFontFamily() {
+  static const QString family = "DejaVu Sans";
+  static const bool installed = QFontDatabase::hasFamily(family);
+  if (!installed) {
+    throw Error(kErrorReportOutput, "Il carattere \"DejaVu Sans\" delle stampe non è installato.");
+  }
+  return family;
+}
+
+}  // namespace cu::reporting

@@ -1,0 +1,93 @@
+#include <algorithm>
+
+#include "reporting/italian.h"
+#include "reporting/layout.h"
+#include "reporting/palette.h"
+#include "reporting/table.h"
+
+namespace cu::reporting {
+namespace {
+
+constexpr double kMargin = 11;
+constexpr double kTop = 10;
+constexpr double kFooterRoom = 14;
+constexpr double kPoints = 7.4;
+
+// The head of a page; returns the y below.
+double pageHead(Canvas& canvas, const LayoutInput& input) {
+  const double width = canvas.width() - 2 * kMargin;
+  const TextStyle title{14, true, kAccent};
+  const TextStyle name{9.5, true, kInk};
+  const TextStyle quiet{7.2, false, kMuted};
+  const double half = width * 0.55;
+  const double left = width - half - 4;
+  double y = kTop;
+  y = canvas.lines(kMargin, y, left, canvas.wrap(fromUtf8(input.definition.title), title, left), title);
+  canvas.text(kMargin, y + canvas.ascent(quiet), left, "Stampa del " + italianDate(input.today), quiet);
+  double right = kTop;
+  right = canvas.lines(kMargin + width - half, right, half, canvas.wrap(input.company.name, name, half), name,
+                       Align::Right);
+  right = canvas.lines(kMargin + width - half, right, half, {input.company.address, input.company.codes},
+                       quiet, Align::Right);
+  return std::max(y + canvas.lineHeight(quiet), right) + 3;
+}
+
+int drawPages(Canvas& canvas, const LayoutInput& input, int pages) {
+  const double bottom = canvas.height() - kFooterRoom;
+  const auto endPage = [&] { drawFooter(canvas, kMargin, input.company.name, canvas.pages(), pages); };
+  const auto newPage = [&] {
+    endPage();
+    canvas.beginPage();
+    return pageHead(canvas, input);
+  };
+  canvas.beginPage();
+  const double y = pageHead(canvas, input);
+  Table table(canvas, input.definition, input.rows, 0, {kMargin, canvas.width() - 2 * kMargin, bottom},
+              kPoints, newPage);
+  table.run(0, input.rows.size(), y, fromUtf8(input.definition.grandTotal));
+  endPage();
+  return canvas.pages();
+}
+
+}  // namespace
+
+bool isLandscape(LayoutKind layout) {
+  switch (layout) {
+    case LayoutKind::List:
+      return true;
+    case LayoutKind::Certificate:
+    case LayoutKind::Form:
+      return false;
+  }
+  return false;
+}
+
+void drawFooter(Canvas& canvas, double margin, const QString& left, int page, int pages) {
+  const TextStyle quiet{7, false, kMuted};
+  const double width = canvas.width() - 2 * margin;
+  const double y = canvas.height() - 9;
+  canvas.line(margin, y - 3.4, margin + width, y - 3.4, kRule, 0.15);
+  canvas.text(margin, y, width - 40, left, quiet);
+  canvas.text(margin + width - 40, y, 40, "Pagina " + QString::number(page) + " di " + QString::number(pages),
+              quiet, Align::Right);
+}
+
+void drawNothing(Canvas& canvas, const LayoutInput& input) {
+  canvas.beginPage();
+  const double width = canvas.width() - 2 * kMargin;
+  canvas.text(kMargin, 24, width, fromUtf8(input.definition.title), {14, true, kAccent});
+  canvas.text(kMargin, 34, width, "Nessun elemento da stampare.", {10, false, kInk});
+  drawFooter(canvas, kMargin, input.company.name, 1, 1);
+}
+
+void drawList(Canvas& canvas, const LayoutInput& input) {
+  if (input.rows.size() == 0) {
+    drawNothing(canvas, input);
+    return;
+  }
+  // The number of the last page stands on each: the first pass only counts.
+  const int pages = drawPages(*Canvas::measuring(canvas), input, 0);
+  drawPages(canvas, input, pages);
+}
+
+}  // namespace cu::reporting

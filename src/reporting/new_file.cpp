@@ -1,0 +1,58 @@
+#include "reporting/new_file.h"
+
+#include "host/error.h"
+#include "host/text.h"
+
+namespace cu::reporting {
+namespace {
+
+std::string freeName(FileSystem& files, const std::string& path) {
+  for (std::int64_t number = 1;; ++number) {
+    std::string name = path + "." + fromInteger(number) + ".tmp";
+    if (!files.fileExists(name) && !files.folderExists(name)) return name;
+  }
+}
+
+}  // namespace
+
+NewFile::NewFile(FileSystem& files, const std::string& path)
+    : files_(files), path_(path), temporary_(freeName(files, path)) {
+  if (files.folderExists(path))
+    throw FileError(kErrorPathAccess, "Il nome della stampa è di una cartella: " + path);
+  try {
+    file_ = files.openForOutput(temporary_);
+  } catch (const FileError& error) {
+    throw FileError(error.number(), "Impossibile creare la stampa " + path + ". " + error.description());
+  }
+}
+
+NewFile::~NewFile() {
+  if (temporary_.empty()) return;
+  file_.reset();
+  try {
+    files_.remove(temporary_);
+  } catch (const Error&) {
+    // What goes up already tells that the file could not be written.
+    temporary_.clear();
+  }
+}
+
+void NewFile::commit() {
+  file_->close();
+  file_.reset();
+  files_.rename(temporary_, path_);
+  temporary_.clear();
+}
+
+qint64 NewFileDevice::writeData(const char* data, qint64 size) {
+  if (!failure_) {
+    try {
+      file_.write({data, static_cast<std::size_t>(size)});
+    } catch (...) {
+      failure_ = std::current_exception();
+    }
+  }
+  return size;
+}
+
+}  // namespace cu::reporting

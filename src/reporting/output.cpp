@@ -1,0 +1,136 @@
+#include "reporting/output.h"
+
+#include <QDir>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QTemporaryFile>
+
+#include "reporting/gui_application.h"
+#include "reporting/italian.h"
+#include "reporting/new_file.h"
+#include "reporting/report_error.h"
+#include "reporting/sheet.h"
+
+namespace cu::reporting {
+namespace {
+
+constexpr int kDotsPerInch = 1200;
+constexpr std::size_t kBlock = 1U << 16;
+
+void draw(Canvas& canvas, const LayoutInput& input) {
+  switch (input.definition.layout) {
+    case LayoutKind::List:
+      drawList(canvas, input);
+      return;
+    case LayoutKind::Certificate:
+      drawCertificates(canvas, input);
+      return;
+    case LayoutKind::Form:
+      drawForms(canvas, input);
+      return;
+  }
+}
+
+void prepare(QPdfWriter& writer, const LayoutInput& input, const std::string& creator) {
+  writer.setResolution(kDotsPerInch);
+  writer.setTitle(fromUtf8(input.definition.title));
+  writer.setCreator(fromUtf8(creator));
+}
+
+[[noreturn]] void noTemporaryFile() {
+  throw Error(kErrorReportOutput, "Impossibile scrivere nella cartella dei file temporanei.");
+}
+
+}  // namespace
+
+void writePdf(FileSystem& files, const std::string& path, const LayoutInput& input,
+              const std::string& creator) {
+  ensureGuiApplication();
+  NewFile file(files, path);
+  NewFileDevice device(file);
+  {
+    QPdfWriter writer(&device);
+    prepare(writer, input, creator);
+    Canvas canvas(writer, isLandscape(input.definition.layout), false);
+    canvas.setPageCheck([&] { device.check(); });
+    draw(canvas, input);
+    canvas.end();
+  }
+  device.check();
+  file.commit();
+}
+
+void writeSpreadsheet(FileSystem& files, const std::string& path, const LayoutInput& input,
+                      const std::string& creator) {
+  ensureGuiApplication();
+  // The library writes to a file of the machine; from there the table goes the way of all files.
+  QTemporaryFile made;
+  if (!made.open()) noTemporaryFile();
+  NewFile file(files, path);
+  writeSheet(made.fileName().toStdString(), input, creator);
+  QFile source(made.fileName());
+  if (!source.open(QIODevice::ReadOnly)) noTemporaryFile();
+  std::string block(kBlock, '\0');
+  for (;;) {
+    const qint64 count = source.read(block.data(), static_cast<qint64>(block.size()));
+    if (count < 0) noTemporaryFile();
+    if (count == 0) break;
+    file.write({block.data(), static_cast<std::size_t>(count)});
+  }
+  file.commit();
+}
+
+PreviewPages::PreviewPages(const LayoutInput& input, const std::string& creator) {
+  ensureGuiApplication();
+  file_ = std::make_unique<QTemporaryFile>(QDir::tempPath() + "/anteprima-XXXXXX.pdf");
+  QTemporaryFile& file = *file_;
+  if (!file.open()) noTemporaryFile();
+  const auto check = [&file] {
+    if (file.error() != QFileDevice::NoError) noTemporaryFile();
+  };
+  preview_.title = input.definition.title;
+  {
+    QPdfWriter writer(&file);
+    prepare(writer, input, creator);
+    Canvas canvas(writer, isLandscape(input.definition.layout), true);
+    canvas.setPageCheck(check);
+    draw(canvas, input);
+    canvas.end();
+    preview_.pages = canvas.pageTexts();
+  }
+  file.flush();
+  check();
+  preview_.file = file.fileName().toStdString();
+}
+
+PreviewPages::~PreviewPages() = default;
+
+void printPages(const std::string& name, int copies, const LayoutInput& input, const std::string& creator) {
+  ensureGuiApplication();
+  const QStringList known = QPrinterInfo::availablePrinterNames();
+  if (known.isEmpty()) {
+    throw Error(kErrorReportPrinter, "Nessuna stampante è installata su questo computer.");
+  }
+  const QString wanted = name.empty() ? QPrinterInfo::defaultPrinterName() : fromUtf8(name);
+  if (!known.contains(wanted)) {
+    throw Error(kErrorReportPrinter, name.empty() ? "Nessuna stampante è scelta come predefinita."
+                                                  : "La stampante \"" + name + "\" non è installata.");
+  }
+  QPrinter printer(QPrinterInfo::printerInfo(wanted), QPrinter::HighResolution);
+  printer.setFullPage(true);
+  printer.setDocName(fromUtf8(input.definition.title));
+  printer.setCreator(fromUtf8(creator));
+  printer.setCopyCount(copies < 1 ? 1 : copies);
+  Canvas canvas(printer, isLandscape(input.definition.layout), false);
+  canvas.setPageCheck([&] {
+    if (printer.printerState() == QPrinter::Error || printer.printerState() == QPrinter::Aborted) {
+      throw Error(kErrorReportPrinter,
+                  "La stampante \"" + wanted.toStdString() + "\" ha interrotto la stampa.");
+    }
+  });
+  draw(canvas, input);
+  canvas.end();
+}
+
+}  // namespace cu::reporting

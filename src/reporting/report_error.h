@@ -1,0 +1,13 @@
+#pragma once
+
+#include "host/error.h"
+
+namespace cu {
+
+// Numbers of what the report engine itself refuses; files and databases have their own.
+inline constexpr int kErrorReportDefinition = kErrorObjectBase + 701;
+inline constexpr int kErrorReportFormula = kErrorObjectBase + 702;
+inline constexpr int kErrorReportPrinter = kErrorObjectBase + 703;
+inline constexpr int kErrorReportOutput = kErrorObjectBase + 704;
+
+}  // namespace cu

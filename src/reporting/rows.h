@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QString>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/database.h"
+#include "host/rowstore.h"
+#include "reporting/definition.h"
+
+namespace cu::reporting {
+
+// The statement that yields a report's rows: the fields that the definition uses (all of the view for a
+// form), the formula as its condition. Reads the view's columns. FormulaError, DatabaseError; Error
+// (kErrorReportDefinition) for a field that the view does not have.
+std::string selectionOf(const ReportDefinition& definition, std::string_view formula, Connection& connection);
+
+// The rows of a statement, one current at a time.
+class Rows {
+ public:
+  Rows(Connection& connection, std::string_view statement);
+  std::size_t size() const { return store_.size(); }
+  void move(std::size_t row);
+  // The place of a column; Error (kErrorReportDefinition) when there is none.
+  std::size_t place(std::string_view column) const;
+  bool has(std::string_view column) const { return store_.columns()->find(column) != Columns::kNone; }
+  const CellView& at(std::size_t place) const { return cells_[place]; }
+  const CellView& get(std::string_view column) const { return cells_[place(column)]; }
+  QString text(std::string_view column) const;
+
+ private:
+  RowStore store_;
+  std::vector<CellView> cells_;
+};
+
+// A text with fields in braces, its places found once.
+class Template {
+ public:
+  Template(std::string_view text, const Rows& rows);
+  QString of(const Rows& rows) const;  // of the current row; blanks at both ends dropped
+
+ private:
+  struct Part {
+    QString text;
+    std::size_t place = 0;
+    bool field = false;
+  };
+  std::vector<Part> parts_;
+};
+
+}  // namespace cu::reporting

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+#include "host/decimal.h"
+#include "reporting/canvas.h"
+#include "reporting/definition.h"
+#include "reporting/rows.h"
+
+namespace cu::reporting {
+
+// The value of a column in the current row of its report.
+class ColumnValue {
+ public:
+  ColumnValue(const ReportColumn& column, const Rows& rows);
+  QString text(const Rows& rows) const;
+  Decimal amount(const Rows& rows) const;  // 0 for a column that is no amount
+  const CellView& cell(const Rows& rows) const { return rows.at(terms_.front().place); }
+  bool isTemplate() const { return template_.size() == 1; }
+
+ private:
+  struct Place {
+    std::size_t place;
+    bool negative;
+  };
+  ColumnFormat format_;
+  std::vector<Place> terms_;
+  std::vector<Template> template_;  // one where the column is a text with fields in braces
+};
+
+// The rows of a report under its columns, with the headings and totals of its groups, over as many pages as
+// they take.
+class Table {
+ public:
+  struct Area {
+    double x = 0;
+    double width = 0;
+    double bottom = 0;  // no row reaches below
+  };
+  // Groups above `firstGroup` are the caller's. `newPage` ends the page, begins the next one and gives the y
+  // from which the table goes on.
+  Table(Canvas& canvas, const ReportDefinition& definition, Rows& rows, std::size_t firstGroup, Area area,
+        double points, std::function<double()> newPage);
+
+  // The rows from `first` up to `end`, under a head of the columns from `y` on. `totalCaption` stands before
+  // the totals of them all; none where it is empty. Returns the y below.
+  double run(std::size_t first, std::size_t end, double y, const QString& totalCaption);
+
+ private:
+  struct OpenGroup {
+    std::string key;
+    QString title;
+    QString note;
+    std::size_t below = 0;  // groups or rows under it
+    std::vector<Decimal> totals;
+  };
+  double head(double y);
+  void need(double height, bool withinGroups);
+  std::string keyOf(std::size_t level) const;
+  void open(std::size_t level);
+  void heading(const OpenGroup& group, std::size_t level, bool again);
+  void close(std::size_t level);
+  void row();
+  void totals(const QString& caption, const std::vector<Decimal>& values, bool strong);
+
+  Canvas& canvas_;
+  const ReportDefinition& definition_;
+  Rows& rows_;
+  std::size_t firstGroup_;
+  Area area_;
+  std::function<double()> newPage_;
+  TextStyle body_;
+  TextStyle strong_;
+  TextStyle caption_;
+  std::vector<ColumnValue> values_;
+  std::vector<double> lefts_;                   // of the columns, and the right end
+  std::vector<std::vector<std::size_t>> keys_;  // places, by group
+  std::vector<Template> titles_;
+  std::vector<Template> notes_;
+  std::vector<QStringList> captions_;
+  double headHeight_ = 0;
+  double rowHeight_ = 0;
+  double y_ = 0;
+  std::vector<OpenGroup> groups_;
+  std::vector<Decimal> sums_;
+};
+
+}  // namespace cu::reporting
