@@ -79,7 +79,7 @@ int main(int argc, char** argv) {
   test::ScriptedFrontEnd screen;
   FileSystemPiattaforma files;
   const test::FixedClock clock(2017, 3, 5);
-  PdfReports reports({screen, files, clock, folder.file(""), "misura"});
+  PdfReports reports({screen, files, clock, "misura"});
   const Print print{*connection, reports};
   const double before = peakMiB();
 
@@ -103,8 +103,7 @@ int main(int argc, char** argv) {
     } else if (what == "accounts") {
       print("ContoIndividuale.rpt", 246, 2461, kAccountsFormula, folder.file("conti.pdf"), 3);
     } else {
-      screen.savedFiles.push_back(folder.file("conti.xlsx"));
-      print("ContoIndividuale.rpt", 246, 2461, kAccountsFormula, "", 0);
+      print("ContoIndividuale.rpt", 246, 2461, kAccountsFormula, folder.file("conti.xlsx"), 0);
     }
   });
   const std::string name = what + ", " +

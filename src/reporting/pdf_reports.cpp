@@ -10,24 +10,9 @@ namespace cu {
 namespace reporting {
 namespace {
 
-constexpr int kKindPreview = 1;
-constexpr int kKindPrinter = 2;
-
-// Codes of a run, in the order of their numbers, with the output kind that each stands for.
-enum class OutputCode { Spreadsheet, ChosenPdf, DocumentsPdf, NamedPdf };
-constexpr int kKinds[] = {4, 3, 5, 6};
-
-struct Extension {
-  const char* text;
-  const char* filter;
-};
-constexpr Extension kPdf = {".pdf", "File PDF (*.pdf)"};
-constexpr Extension kXlsx = {".xlsx", "Foglio di calcolo (*.xlsx)"};
-
-bool hasExtension(const std::string& path) {
-  const std::size_t point = path.rfind('.');
-  return point != std::string::npos && path.find_first_of("/\\", point) == std::string::npos;
-}
+// Codes of a run.
+constexpr std::int32_t kSpreadsheet = 0;
+constexpr std::int32_t kNamedPdf = 3;  // and the two between them
 
 class Engine final : public ReportEngine {
  public:
@@ -40,60 +25,38 @@ class Engine final : public ReportEngine {
   void setSelectionFormula(const std::string& formula) override { formula_ = formula; }
   void setReportFile(const std::string& name) override { report_ = name; }
   void setDefinition(std::int32_t number) override { number_ = number; }
-  void setOutputMode(std::int32_t mode) override { mode_ = mode; }
+  // There is one mode and one format: the path alone tells what is written.
+  void setOutputMode(std::int32_t) override {}
   void setOutputPath(const std::string& path) override { path_ = path; }
-  void setOutputFormat(std::int32_t format) override { format_ = format; }
+  void setOutputFormat(std::int32_t) override {}
   void setCopies(std::int32_t copies) override { copies_ = copies; }
   void setPrinter(const std::string& name, const std::string&) override { printer_ = name; }
 
   void preview() override {
-    PrintNote note{kKindPreview, std::nullopt, report_, formula_, {}, {}, 0};
     std::unique_ptr<PreviewPages> pages;
-    told(note, [&] {
-      withRows([&](const LayoutInput& input) {
-        pages = std::make_unique<PreviewPages>(input, surroundings_.creator);
-      });
+    withRows([&](const LayoutInput& input) {
+      pages = std::make_unique<PreviewPages>(input, surroundings_.creator);
     });
     // Nothing of the database is held while a person looks at the pages.
     surroundings_.frontEnd.preview(pages->preview());
   }
 
   void print() override {
-    PrintNote note{kKindPrinter, std::nullopt, report_, formula_, {}, printer_, copies_};
-    told(note, [&] {
-      withRows(
-          [&](const LayoutInput& input) { printPages(printer_, copies_, input, surroundings_.creator); });
-    });
+    withRows([&](const LayoutInput& input) { printPages(printer_, copies_, input, surroundings_.creator); });
   }
 
   void run(std::int32_t code) override {
-    if (code < 0 || code > static_cast<int>(OutputCode::NamedPdf)) {
+    if (code < kSpreadsheet || code > kNamedPdf) {
       throw Error(kErrorInvalidCall, "Codice di uscita della stampa sconosciuto: " + fromInteger(code));
     }
-    PrintNote note{kKinds[code], code, report_, formula_, {}, {}, 0};
-    const bool sheet = static_cast<OutputCode>(code) == OutputCode::Spreadsheet;
-    note.file = target(static_cast<OutputCode>(code));
-    told(note, [&] {
-      withRows([&](const LayoutInput& input) {
-        const auto write = sheet ? writeSpreadsheet : writePdf;
-        write(surroundings_.files, note.file, input, surroundings_.creator);
-      });
+    if (path_.empty()) throw Error(kErrorInvalidCall, "La stampa non ha il nome del file da scrivere.");
+    withRows([&](const LayoutInput& input) {
+      const auto write = code == kSpreadsheet ? writeSpreadsheet : writePdf;
+      write(surroundings_.files, path_, input, surroundings_.creator);
     });
   }
 
  private:
-  // Told whatever becomes of the print.
-  template <class Print>
-  void told(const PrintNote& note, const Print& print) {
-    try {
-      print();
-    } catch (...) {
-      surroundings_.frontEnd.printed(note);
-      throw;
-    }
-    surroundings_.frontEnd.printed(note);
-  }
-
   template <class Use>
   void withRows(const Use& use) {
     if (connection_ == nullptr)
@@ -105,55 +68,12 @@ class Engine final : public ReportEngine {
     use(LayoutInput{definition, rows, company, surroundings_.clock.today(), *connection_});
   }
 
-  std::string target(OutputCode code) const {
-    switch (code) {
-      case OutputCode::Spreadsheet:
-        return chosen(kXlsx);
-      case OutputCode::ChosenPdf:
-        return chosen(kPdf);
-      case OutputCode::DocumentsPdf:
-        return inDocuments();
-      case OutputCode::NamedPdf: {
-        const bool named = mode_ == 0 && format_ == 0 && !path_.empty();
-        return named ? path_ : chosen(kPdf);
-      }
-    }
-    return {};
-  }
-
-  std::string proposedName() const {
-    std::string name = report_.substr(0, report_.rfind('.'));
-    return name + "_" + surroundings_.clock.today().toCompact();
-  }
-
-  std::string chosen(const Extension& extension) const {
-    const std::string start =
-        surroundings_.files.join(surroundings_.documentsFolder, proposedName() + extension.text);
-    const std::optional<std::string> path =
-        surroundings_.frontEnd.chooseFileToSave("Salva la stampa con nome", start, extension.filter);
-    if (!path || path->empty()) throw Error(kErrorPrintGivenUp, "La stampa è stata annullata.");
-    return hasExtension(*path) ? *path : *path + extension.text;
-  }
-
-  // A name that no file there bears yet: what was sent before stays.
-  std::string inDocuments() const {
-    const std::string name = surroundings_.files.join(
-        surroundings_.documentsFolder, proposedName() + "_" + surroundings_.clock.now().toHhmm());
-    std::string path = name + kPdf.text;
-    for (std::int64_t number = 2; surroundings_.files.fileExists(path); ++number) {
-      path = name + "_" + fromInteger(number) + kPdf.text;
-    }
-    return path;
-  }
-
   const ReportSurroundings& surroundings_;
   ReportLibrary& library_;
   Connection* connection_ = nullptr;
   std::int32_t idAzienda_ = 0;
   std::int32_t objectType_ = 0;
   std::int32_t number_ = 0;
-  std::int32_t mode_ = -1;
-  std::int32_t format_ = -1;
   std::int32_t copies_ = 1;
   std::string formula_;
   std::string report_;

@@ -21,15 +21,15 @@ struct ReportSurroundings {
   FrontEnd& frontEnd;
   FileSystem& files;
   const Clock& clock;
-  std::string documentsFolder;
   std::string creator;  // the program's name in what is written
 };
 
 // The engine that lays reports out and writes them: PDF, printer, spreadsheet. Definitions are read once, at
 // the first print. For one thread, on which the toolkit's application object is made where there is none.
 //
-// An engine raises Error with kErrorPrintGivenUp when a person gives the file dialog up, FileError and
-// DatabaseError as they come, and errors of its own (reporting/report_error.h) in words for the user.
+// A run takes the full path that was set; code 0 writes a table for a spreadsheet, the others a PDF. An
+// engine raises FileError and DatabaseError as they come, and errors of its own (reporting/report_error.h) in
+// words for the user.
 class PdfReports {
  public:
   // The definitions that the program carries.

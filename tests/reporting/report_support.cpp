@@ -48,8 +48,8 @@ int count(const std::string& text, const std::string& piece) {
 PrintShop::PrintShop() : PrintShop(reporting::embeddedDefinitionFiles()) {}
 
 PrintShop::PrintShop(std::vector<reporting::DefinitionFile> definitions)
-    : reports(std::make_unique<PdfReports>(
-          ReportSurroundings{screen, files, clock, folder.path(), "Quadrivio"}, std::move(definitions))) {}
+    : reports(std::make_unique<PdfReports>(ReportSurroundings{screen, files, clock, "Quadrivio"},
+                                           std::move(definitions))) {}
 
 std::unique_ptr<ReportEngine> PrintShop::engine(const std::string& report, std::int32_t objectType,
                                                 std::int32_t definition, const std::string& formula) {

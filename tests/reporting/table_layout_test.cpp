@@ -1,0 +1,239 @@
+// The reports that are tables: the individual accounts and the two free-form certificates.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <sstream>
+
+#include "database/archivio.h"
+#include "report_support.h"
+
+namespace cu::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr const char* kCompany = "{__ViewName.IDAziendaPercipiente} = 1 AND {__ViewName.IDAzienda} = 1";
+
+std::string ofPayee(const std::string& code) {
+  return "{__ViewName.CodicePercipiente} = '" + code + "' AND " + kCompany;
+}
+
+// Blanks between the words of a line do not count.
+std::string squeezed(const std::string& text) { return std::regex_replace(text, std::regex(" +"), " "); }
+
+TEST(AccountsList, HasALineAYearUnderPayeeAndReason) {
+  PrintShop shop;
+  const std::string text = squeezed(shop.text(kAccounts, ofPayee("P023")));
+  for (const char* line :
+       {"Conti individuali dei percipienti", "Bottega Lessinia Servizi S.r.l.", "Stampa del 05/03/2018",
+        "P023 Barbieri Aldo Codice fiscale BRBLDA49E20D704Q",
+        "Causale A Lavoro autonomo nell'esercizio di arte o professione abituale",
+        "2015 3.000,00 0,00 0,00 0,00 3.000,00 0,00 3.000,00 600,00 0,00 0,00 0,00",
+        "Totale causale 6.000,00 0,00 0,00 0,00 6.000,00 0,00 6.000,00 1.200,00 0,00 0,00 0,00",
+        "2015 42.000,00 0,00 0,00 0,00 42.000,00 0,00 42.000,00 8.400,00 0,00 0,00 0,00",
+        "Totale causale 51.000,00 0,00 0,00 0,00 51.000,00 0,00 51.000,00 10.200,00 0,00 0,00 0,00",
+        "Totale percipiente 57.000,00 0,00 0,00 0,00 57.000,00 0,00 57.000,00 11.400,00 0,00 0,00 0,00",
+        "Totale generale 57.000,00 0,00 0,00 0,00 57.000,00 0,00 57.000,00 11.400,00 0,00 0,00 0,00",
+        "Pagina 1 di 1"}) {
+    EXPECT_THAT(text, HasSubstr(line));
+  }
+}
+
+TEST(AccountsList, HoldsQuotasModulesAndContributions) {
+  PrintShop shop;
+  const std::string commissions =
+      squeezed(shop.text(kAccounts, "{__ViewName.Anno} = 2014 AND " + ofPayee("P010")));
+  EXPECT_THAT(commissions, HasSubstr("2014 5.010,10 0,00 0,00 0,00 5.010,10 2.505,05 2.505,05 576,17 0,00 0,00 0,00"));
+  const std::string modules =
+      squeezed(shop.text(kAccounts, "{__ViewName.Anno} = 2017 AND " + ofPayee("P001")));
+  EXPECT_THAT(modules, HasSubstr("2017 13.902,00 0,00 0,00 333,33 14.235,33 0,00 13.902,00 2.780,40"));
+}
+
+TEST(AccountsList, OfAllPayeesHasTheTotalOfAllAndEveryPageNumber) {
+  PrintShop shop;
+  const std::string path = shop.print(kAccounts, kCompany);
+  const std::string text = squeezed(pdfText(path));
+  EXPECT_THAT(text,
+              HasSubstr("Totale generale 1.515.716,26 82.374,64 25.336,30 763,58 1.624.190,78 119.132,80 "
+                        "1.396.583,46 239.532,53 37.401,36 17.614,46 5.871,49"));
+  const std::string info = runCommand("pdfinfo '" + path + "'").output;
+  std::smatch pages;
+  ASSERT_TRUE(std::regex_search(info, pages, std::regex("Pages: +([0-9]+)")));
+  for (int page = 1; page <= std::stoi(pages[1]); ++page) {
+    EXPECT_EQ(count(text, "Pagina " + std::to_string(page) + " di " + pages[1].str()), 1) << page;
+  }
+  EXPECT_EQ(count(text, "Onorari e"), std::stoi(pages[1]));  // the columns' captions stand on each
+}
+
+TEST(AccountsList, AGroupThatGoesOnIsNamedAgain) {
+  PrintShop shop;
+  const std::string text = shop.text(kAccounts, kCompany);
+  EXPECT_GT(count(text, "(segue)"), 0);
+}
+
+TEST(Summary, IsALetterForEachPayee) {
+  PrintShop shop;
+  const std::string text = shop.text(kSummary, std::string(" {__ViewName.Anno} = 2017 AND ") + kCompany);
+  EXPECT_EQ(count(text, "Certificazione dei compensi - anno 2017"), 45);
+  EXPECT_EQ(count(text, "Verona, 5 marzo 2018"), 45);
+  EXPECT_EQ(count(text, "Il sostituto d'imposta"), 45);
+}
+
+TEST(Summary, HoldsTheAmountsByReasonAndTheirTotals) {
+  PrintShop shop;
+  const std::string text = squeezed(shop.text(kSummary, " {__ViewName.Anno} = 2016 AND " + ofPayee("P003")));
+  for (const char* each : {"Bottega Lessinia Servizi S.r.l.", "Via dei Mulini 18 - 37121 Verona (VR)",
+                           "Codice fiscale 04123450233 - Partita IVA 04123450233", "Dell'Orto Giulia",
+                           "Via Brera 3", "20121 Milano (MI)", "Codice fiscale DLLGLI83A59F205", "nell'anno",
+                           "1.213,33", "306,00", "Totale", "1.519,33", "Anna Bertoldi"}) {
+    EXPECT_THAT(text, HasSubstr(each));
+  }
+  // 6.066,67 and the modules' 200,00 and 80,25 are the gross amount of reason A.
+  EXPECT_THAT(text, HasSubstr("6.346,92 280,25 6.066,67 1.213,33 0,00 0,00"));
+  EXPECT_THAT(text, HasSubstr("Totale 7.876,92 280,25 7.596,67 1.519,33 0,00 0,00"));
+}
+
+TEST(Detailed, HoldsEachPayment) {
+  PrintShop shop;
+  const std::string text =
+      squeezed(shop.text(kDetailed,
+                         "Year({__ViewName.DataPagamento}) = 2014 AND {__ViewName.Codice} = 'P002' AND "
+                         "{__ViewName.IDAzienda} = 1"));
+  for (const char* each : {"25/01/2014 1/2014 18/01/2014 2.974,00 0,00 2.974,00 594,80 0,00 0,00",
+                           "28/06/2014 2/2014 21/06/2014 2.974,00 0,00 2.974,00 594,80 0,00 0,00",
+                           "Totale causale 8.923,45 0,00 8.923,45 1.784,69 0,00 0,00",
+                           "Totale 8.923,45 0,00 8.923,45 1.784,69 0,00 0,00", "D'Amico Niccolò",
+                           "80121 Napoli (NA)", "anno 2014"}) {
+    EXPECT_THAT(text, HasSubstr(each));
+  }
+}
+
+TEST(Detailed, OverSeveralPagesRepeatsWhoAndWhat) {
+  const auto archive = SqliteConnection::create(":memory:");
+  creaArchivio(*archive, ContenutoArchivio::Dimostrativo);
+  for (int i = 0; i < 120; ++i) {
+    archive->Execute(
+        "INSERT INTO Compenso (IDCompenso, IDAzienda, IDAnagrafica, IDCausalePagamento, DataPagamento, "
+        "NumeroDocumento, OnorarioProvvigioni, RitenutaAcconto) VALUES (" +
+        std::to_string(90000 + i) + ", 1, 101, 1, '20180115', 'N" + std::to_string(i) + "', 10.01, 2.00)");
+  }
+  PrintShop shop;
+  auto engine =
+      shop.engine(kDetailed, "Year({__ViewName.DataPagamento}) = 2018 AND {__ViewName.IDAzienda} = 1");
+  engine->setConnection(*archive);
+  PrintShop::nameFile(*engine, shop.folder / "a.pdf");
+  engine->run(3);
+  const std::string text = squeezed(pdfText(shop.folder / "a.pdf"));
+  EXPECT_THAT(text, HasSubstr("Totale 1.201,20 0,00 1.201,20 240,00 0,00 0,00"));
+  EXPECT_THAT(text, HasSubstr("Certificazione dei compensi - anno 2018 (segue)"));
+  EXPECT_THAT(text, HasSubstr("Rossi Marco - Codice fiscale RSSMRC71C08L781I"));
+  EXPECT_THAT(text, HasSubstr("Causale A (segue)"));
+  EXPECT_EQ(count(text, "Totale causale"), 1);
+  EXPECT_EQ(count(text, "Il sostituto d'imposta"), 1);
+  for (int i = 0; i < 120; ++i) EXPECT_EQ(count(text, " N" + std::to_string(i) + " "), 1) << i;
+}
+
+// Every word lies on the page, within its margins, and beside its neighbours on the line.
+void expectNoOverflow(const std::string& path) {
+  std::istringstream lines(runCommand("pdftotext -bbox '" + path + "' -").output);
+  const std::regex pagePattern("<page width=\"([0-9.]+)\" height=\"([0-9.]+)\"");
+  const std::regex wordPattern(
+      "<word xMin=\"([-0-9.]+)\" yMin=\"([-0-9.]+)\" xMax=\"([-0-9.]+)\" yMax=\"([-0-9.]+)\">(.*)</word>");
+  constexpr double kMargin = 25;  // points
+  double width = 0;
+  double height = 0;
+  int words = 0;
+  struct Word {
+    double left;
+    double top;
+    double right;
+    double bottom;
+    std::string text;
+  };
+  std::vector<Word> page;
+  const auto check = [&] {
+    for (std::size_t i = 0; i < page.size(); ++i) {
+      for (std::size_t j = i + 1; j < page.size(); ++j) {
+        const double across = std::min(page[i].right, page[j].right) - std::max(page[i].left, page[j].left);
+        const double down = std::min(page[i].bottom, page[j].bottom) - std::max(page[i].top, page[j].top);
+        const double height1 = page[i].bottom - page[i].top;
+        EXPECT_FALSE(across > 0.5 && down > 0.5 * height1) << page[i].text << " over " << page[j].text;
+      }
+    }
+    page.clear();
+  };
+  for (std::string line; std::getline(lines, line);) {
+    std::smatch found;
+    if (std::regex_search(line, found, pagePattern)) {
+      check();
+      width = std::stod(found[1]);
+      height = std::stod(found[2]);
+    }
+    if (!std::regex_search(line, found, wordPattern)) continue;
+    ++words;
+    const Word word{std::stod(found[1]), std::stod(found[2]), std::stod(found[3]), std::stod(found[4]),
+                    found[5]};
+    EXPECT_GE(word.left, kMargin) << word.text;
+    EXPECT_LE(word.right, width - kMargin) << word.text;
+    EXPECT_GE(word.top, 20) << word.text;
+    EXPECT_LE(word.bottom, height - 15) << word.text;
+    page.push_back(word);
+  }
+  check();
+  EXPECT_GT(words, 30);
+}
+
+TEST(Overflow, NoReportWritesBesideItsPlace) {
+  const auto archive = SqliteConnection::create(":memory:");
+  creaArchivio(*archive, ContenutoArchivio::Dimostrativo);
+  const std::string longName =
+      "Società Cooperativa Agricola dei Produttori di Ortofrutta e Fiori della Bassa Padana "
+      "Nordoccidentale e delle Valli Prealpine in Liquidazione Coatta Amministrativa";
+  archive->Execute(
+      "UPDATE Anagrafica SET Anagrafica = '" + longName +
+      "', Nome = 'Massimiliana Ferdinanda Guglielmina', PersonaFisica = 1, Indirizzo = "
+      "'Strada Provinciale della Madonna di Monte Berico e San Giovanni in Persiceto 1234567 interno 89', "
+      "EMailInternet = 'un.indirizzo.di.posta.che.non.finisce.mai@una.casella.molto.lunga.example.example' "
+      "WHERE IDAnagrafica IN (1, 101)");
+  archive->Execute("UPDATE Anagrafica SET Anagrafica = '" + std::string(200, 'W') +
+                   "' WHERE IDAnagrafica = 102");
+  archive->Execute(
+      "UPDATE ContoIndividuale SET OnorarioProvvigioni = 99999999999.9999, SommeNonSoggette = "
+      "-99999999999.5, RitenutaAcconto = 88888888888.88, RitenutaImposta = 77777777777.77 "
+      "WHERE IDAnagrafica IN (101, 102)");
+  archive->Execute(
+      "UPDATE Compenso SET OnorarioProvvigioni = 99999999999.9999, NumeroDocumento = "
+      "'FATTURA-ELETTRONICA-NUMERO-12345678901234567890/2017' WHERE IDAnagrafica IN (101, 102)");
+  for (const int payee : {101, 102}) {
+    archive->Execute(
+        "INSERT INTO TabellaRicorsione2 (IDPath1, IDPath2, IDUtente, IDFunzione, Path14, Path1, Path2) "
+        "VALUES (" +
+        std::to_string(payee) + ", 1, 12, 342, 1, 3, 1)");
+  }
+  PrintShop shop;
+  const std::vector<std::pair<std::string, std::string>> prints = {
+      {kAccounts, std::string("{__ViewName.CodicePercipiente} <= 'P003' AND ") + kCompany},
+      {kSummary,
+       std::string(" {__ViewName.Anno} = 2017 AND {__ViewName.CodicePercipiente} <= 'P003' AND ") + kCompany},
+      {kDetailed,
+       "Year({__ViewName.DataPagamento}) = 2017 AND {__ViewName.Codice} <= 'P003' AND {__ViewName.IDAzienda} "
+       "= 1"},
+      {kForms, formFormula(2014)},
+      {kForms, formFormula(2015)},
+      {kForms, formFormula(2017)}};
+  for (std::size_t i = 0; i < prints.size(); ++i) {
+    SCOPED_TRACE(prints[i].first);
+    auto engine = shop.engine(prints[i].first, prints[i].second);
+    engine->setConnection(*archive);
+    const std::string path = shop.folder / (std::to_string(i) + ".pdf");
+    PrintShop::nameFile(*engine, path);
+    engine->run(3);
+    expectNoOverflow(path);
+  }
+}
+
+}  // namespace
+}  // namespace cu::test
