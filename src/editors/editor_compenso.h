@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "editors/casella.h"
@@ -70,7 +71,8 @@ class EditorCompenso : public Editor {
   void conferma();
   void annulla();
   void riscriviRiga();
-  void riscriviComune(const std::string& anno, std::int32_t idComune);
+  using Assegnazioni = std::vector<std::pair<std::string, Value>>;  // column, what it becomes
+  void riscriviComune(std::string_view anno, std::int32_t idComune, Assegnazioni& colonne);
   void apriDialogo();
 
   // The rules.

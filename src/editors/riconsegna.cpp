@@ -33,40 +33,44 @@ void EditorCompenso::annulla() {
   unload();
 }
 
+// The look-ups come first: one that fails leaves the row as it was, so that the editor can still be
+// cancelled.
 void EditorCompenso::riscriviRiga() {
-  cu::Recordset& riga = *recordset_;
-  riga.Set("Modificato", Value::ofFlag(true));
+  Assegnazioni colonne;
+  colonne.emplace_back("Modificato", Value::ofFlag(true));
   for (const Casella& casella : modulo1_) {
-    riga.Set(casella.campo->colonna, casella.valore());
+    colonne.emplace_back(casella.campo->colonna, casella.valore());
     if (casella.elenco == nullptr) continue;
     cu::Recordset codice;
     codice.Open(interna(), ambiente_.utilita.fnAnsi2jet(
                                "SELECT Codice FROM CodicePerNonSoggetti WHERE IDCodicePerNonSoggetti = " +
                                fromInteger(casella.elenco->record().value_or(0))));
-    riga.Set("CodicePerNonSoggetti",
-             Value::ofText(codice.Eof() ? std::string() : ambiente_.utilita.toText(codice.Get(0))));
+    colonne.emplace_back(
+        "CodicePerNonSoggetti",
+        Value::ofText(codice.Eof() ? std::string() : ambiente_.utilita.toText(codice.Get(0))));
   }
-  riga.Set("ProtocolloAnnSost", Value::ofText(dati_.Protocollo));
-  riga.Set("ProgressivoAnnSost", Value::ofText(dati_.Progressivo));
-  riga.Set("IDComuneResidenzaAnnoPrec", Value::ofInteger(dati_.IDComuneResidenzaAnnoPrec));
-  riga.Set("IDComuneResidenzaAnnoCorr", Value::ofInteger(dati_.IDComuneResidenzaAnnoCorr));
-  riga.Set("ComuneResidenzaAnnoPrec", Value::ofText(dati_.ComuneResidenzaAnnoPrec));
-  riga.Set("ComuneResidenzaAnnoCorr", Value::ofText(dati_.ComuneResidenzaAnnoCorr));
+  colonne.emplace_back("ProtocolloAnnSost", Value::ofText(dati_.Protocollo));
+  colonne.emplace_back("ProgressivoAnnSost", Value::ofText(dati_.Progressivo));
+  colonne.emplace_back("IDComuneResidenzaAnnoPrec", Value::ofInteger(dati_.IDComuneResidenzaAnnoPrec));
+  colonne.emplace_back("IDComuneResidenzaAnnoCorr", Value::ofInteger(dati_.IDComuneResidenzaAnnoCorr));
+  colonne.emplace_back("ComuneResidenzaAnnoPrec", Value::ofText(dati_.ComuneResidenzaAnnoPrec));
+  colonne.emplace_back("ComuneResidenzaAnnoCorr", Value::ofText(dati_.ComuneResidenzaAnnoCorr));
   if (disposizione_.fusioneComuni) {
-    riga.Set("FusioneComuni", Value::ofText(dati_.FusioneComuni));
-    riga.Set("FusioneComuniAnnoPrec", Value::ofText(dati_.FusioneComuniAnnoPrec));
+    colonne.emplace_back("FusioneComuni", Value::ofText(dati_.FusioneComuni));
+    colonne.emplace_back("FusioneComuniAnnoPrec", Value::ofText(dati_.FusioneComuniAnnoPrec));
   }
-  riscriviComune("Prec", dati_.IDComuneResidenzaAnnoPrec);
-  riscriviComune("Corr", dati_.IDComuneResidenzaAnnoCorr);
-  riga.Update();
+  riscriviComune("Prec", dati_.IDComuneResidenzaAnnoPrec, colonne);
+  riscriviComune("Corr", dati_.IDComuneResidenzaAnnoCorr, colonne);
+  for (const auto& [colonna, valore] : colonne) recordset_->Set(colonna, valore);
+  recordset_->Update();
 }
 
-void EditorCompenso::riscriviComune(const std::string& anno, std::int32_t idComune) {
-  const std::string provincia = "SiglaProvResidenzaAnno" + anno;
-  const std::string codice = "CodiceComuneDiNascita" + anno;
+void EditorCompenso::riscriviComune(std::string_view anno, std::int32_t idComune, Assegnazioni& colonne) {
+  const std::string provincia = "SiglaProvResidenzaAnno" + std::string(anno);
+  const std::string codice = "CodiceComuneDiNascita" + std::string(anno);
   if (idComune < 1) {
-    recordset_->Set(provincia, Value::ofText(""));
-    recordset_->Set(codice, Value::ofText(""));
+    colonne.emplace_back(provincia, Value::ofText(""));
+    colonne.emplace_back(codice, Value::ofText(""));
     return;
   }
   cu::Recordset comune;
@@ -75,8 +79,8 @@ void EditorCompenso::riscriviComune(const std::string& anno, std::int32_t idComu
                              " ON Comune.IDProvincia = Provincia.IDProvincia WHERE IDComune = " +
                              fromInteger(idComune)));
   if (comune.Eof()) return;
-  recordset_->Set(provincia, Value::of(comune.Get("Provincia")));
-  recordset_->Set(codice, Value::of(comune.Get("CodiceComuneDiNascita")));
+  colonne.emplace_back(provincia, Value::of(comune.Get("Provincia")));
+  colonne.emplace_back(codice, Value::of(comune.Get("CodiceComuneDiNascita")));
 }
 
 void EditorCompenso::apriDialogo() {

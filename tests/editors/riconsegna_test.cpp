@@ -157,14 +157,24 @@ TEST_P(HandBack, StoresTheModulesAlsoWhenTheRowIsUnmarked) {
               ElementsAre("DELETE ModuloXContoIndividuale WHERE IDModuloXContoIndividuale = 7"));
 }
 
-TEST_P(HandBack, AFailingLookUpGoesToTheCallerAndTheEditorStays) {
-  apri(GetParam(), rigaPiena());
-  database.internal.refuseContaining(kComune);
-  conferma();
-  EXPECT_EQ(frontEnd.errors.size(), 1U);
-  EXPECT_FALSE(editor->OK());
-  EXPECT_TRUE(utilita.released.empty());
-  EXPECT_TRUE(istruzioni().empty());
+TEST_P(HandBack, AFailingLookUpGoesToTheCallerAndLeavesRowAndEditorAsTheyWere) {
+  for (const char* richiesta :
+       {"SELECT Codice FROM CodicePerNonSoggetti", "WHERE IDComune = 58", "WHERE IDComune = 59"}) {
+    CampiProva prova;
+    prova.apri(GetParam(), rigaPiena());
+    const Righe prima = fotografia(prova.riga);
+    prova.database.internal.refuseContaining(richiesta);
+    prova.importo(20).enter("5");
+    prova.premi("cmdOk");
+    EXPECT_EQ(prova.frontEnd.errors.size(), 1U) << richiesta;
+    EXPECT_FALSE(prova.editor->OK());
+    EXPECT_TRUE(prova.utilita.released.empty());
+    EXPECT_TRUE(prova.istruzioni().empty());
+    prova.premi("cmdAnnulla");
+    prova.riga.ClearFilter();
+    EXPECT_TRUE(differenze(prima, fotografia(prova.riga)).empty()) << richiesta;
+    EXPECT_EQ(prova.riga.Status(), RecordStatus::Unmodified) << richiesta;
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Layouts, HandBack, testing::ValuesIn(kAnni),

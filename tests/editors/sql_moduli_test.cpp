@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "editors/applica_prova.h"
+#include "editors/sql_moduli.h"
 
 namespace cu::test {
 namespace {
@@ -174,6 +175,20 @@ TEST_F(Statements, ADeletion) {
     EXPECT_THAT(database.main.texts(),
                 ElementsAre("DELETE ModuloXContoIndividuale WHERE IDModuloXContoIndividuale = 7"));
   }
+}
+
+// Number and year are amounts to an update and ids to an insertion.
+TEST_F(Statements, AYearOfZeroIsZeroInAnUpdateAndNullInAnInsertion) {
+  moduli({modulo(7, 0, {{"AnnoModulo", whole(0)}})});
+  apri(2014);
+  const SqlModuli sql(cu::kSolo2015, utilita);
+  EXPECT_EQ(sql.update(7, righeModuli()),
+            "UPDATE ModuloXContoIndividuale SET  NumeroModulo = 0, IDCodicePerNonSoggetti = NULL, AnnoModulo "
+            "= 0, SommeNonSoggette = NULL, ImponibileAnniPrec = NULL, RitenuteAnniPrec = NULL, Anticipazione "
+            "= 0 WHERE IDModuloXContoIndividuale = 7");
+  EXPECT_EQ(sql.insert(8, riga, 1, righeModuli()),
+            "INSERT INTO ModuloXContoIndividuale " + kColonneComuni +
+                ")  VALUES (8, 1, 1, 1, 2014, NULL, NULL, NULL, NULL, NULL, NULL, 0)");
 }
 
 TEST_F(Statements, GoThroughTheSuitesAdaptation) {
