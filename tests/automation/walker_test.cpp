@@ -85,6 +85,9 @@ TEST(Walker, DialogsAreAnsweredAndTheRestIsKept) {
   EXPECT_EQ(form.eventi.back(), "nessuna");
   clickOn(form.cmdSalva);
   EXPECT_EQ(form.eventi.back(), "file nessuno");
+  walker.savedFile = "/scelto.pdf";
+  clickOn(form.cmdSalva);
+  EXPECT_EQ(form.eventi.back(), "file /scelto.pdf");
   clickOn(form.cmdRegistro);
   ASSERT_EQ(walker.logs.size(), 1U);
   EXPECT_THAT(walker.logs[0].columns, ElementsAre("Campo", "MessageType"));

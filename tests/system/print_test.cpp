@@ -3,13 +3,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+#include <sstream>
+
 #include "system/posto_support.h"
 
 namespace cu::test {
 namespace {
 
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::StartsWith;
 
@@ -109,8 +112,29 @@ TEST_F(Print, WrongUsageEndsWithTwo) {
   }
 }
 
+const std::string kElimina = "DELETE FROM TabellaRicorsione2 WHERE IDUtente = 12 AND IDFunzione = 342";
+
+std::string inserisci(const std::string& valori) {
+  return "INSERT INTO TabellaRicorsione2 (IDPath1, IDPath2, IDUtente, IDFunzione, Path14, Path1, Path2, "
+         "Path3)"
+         " VALUES (" +
+         valori + ")";
+}
+
 class Moduli : public ::testing::Test {
  protected:
+  // What was sent of the table of the lines to print, and where the rest of the run stands beside it.
+  std::vector<std::string> traccia() const {
+    std::vector<std::string> testi;
+    std::istringstream righe(posto.cartella().read("trace.sql"));
+    for (std::string riga; std::getline(righe, riga);) {
+      const std::string testo = nlohmann::json::parse(riga);
+      if (testo.find("TabellaRicorsione2") != std::string::npos) testi.push_back(testo);
+      if (testo.find("ORDER BY Anag.Anagrafica") != std::string::npos) testi.emplace_back("(file)");
+      if (testo.rfind("CREATE TABLE", 0) == 0) testi.emplace_back("(load)");
+    }
+    return testi;
+  }
   Esecuzione fai(const Argomenti& altri = {}) {
     Argomenti argomenti = {"make",         "--profile", posto.profilo(), "--year", "2016",
                            "--from-payee", "P001",      "--to-payee",    "P003"};
@@ -131,6 +155,27 @@ TEST_F(Moduli, AFormForEachLineIsTold) {
                 HasSubstr("Stampa registrata, non impaginata: " + (posto.cartella() / "Documenti/") + nome +
                           " (CertificazioneUnica.rpt)\n"));
   }
+}
+
+TEST_F(Moduli, PerLineTheTableIsEmptiedBeforeEach) {
+  EXPECT_EQ(fai({"--signature-date", "2017-03-01"}).codice, 0);
+  EXPECT_THAT(traccia(), ElementsAre("(load)", "(file)", kElimina, kElimina,
+                                     inserisci("101,1,12,342,1,1,0,'01/03/2017'"), kElimina,
+                                     inserisci("102,1,12,342,1,1,0,'01/03/2017'"), kElimina,
+                                     inserisci("103,1,12,342,1,1,0,'01/03/2017'"), kElimina,
+                                     inserisci("103,12,12,342,1,1,0,'01/03/2017'"), "(load)", kElimina));
+}
+
+TEST_F(Moduli, TogetherTheTableIsEmptiedOnce) {
+  EXPECT_EQ(fai({"--cumulative", "--intermediary", "RSSMRA70A01L781K", "--commitment", "2",
+                 "--commitment-date", "2017-03-01"})
+                .codice,
+            0);
+  EXPECT_THAT(
+      traccia(),
+      ElementsAre("(load)", "(file)", kElimina, inserisci("101,1,12,342,1,1,1,'05/03/2017'"),
+                  inserisci("102,1,12,342,1,1,1,'05/03/2017'"), inserisci("103,1,12,342,1,1,1,'05/03/2017'"),
+                  inserisci("103,12,12,342,1,1,1,'05/03/2017'"), "(load)", kElimina));
 }
 
 TEST_F(Moduli, OneFileHoldsThemAllTogether) {
