@@ -14,7 +14,12 @@ Impianto::Impianto(const Profilo& profilo, FrontEnd& schermo)
       utilita_(schermo, profilo.documenti),
       fabbrica_(profilo, schermo,
                 {[&profilo] { return apriConnessione(profilo.database); },
-                 [] { return std::make_unique<RicostruzioneContiIndividuali>(); }}),
+                 [] { return std::make_unique<RicostruzioneContiIndividuali>(); },
+                 [this, &schermo] {
+                   if (!impaginatore_)
+                     impaginatore_.emplace(ReportSurroundings{schermo, fileStampe_, *orologio_, "cuwizard"});
+                   return impaginatore_->create();
+                 }}),
       programma_(Ambiente{schermo, fabbrica_, utilita_, impostazioni_, *orologio_, files_, stampe_}) {}
 
 }  // namespace cu

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "apps/comune/file_annotati.h"
+#include "reporting/pdf_reports.h"
 #include "shell/mod_main.h"
 #include "suite/catalogo_stampe.h"
 #include "suite/fabbrica.h"
@@ -18,9 +20,11 @@ namespace cu {
 class Impianto {
  public:
   Impianto(const Profilo& profilo, FrontEnd& schermo);
+  Impianto(const Impianto&) = delete;
+  Impianto& operator=(const Impianto&) = delete;
 
   ModMain& programma() { return programma_; }
-  // Paths of the files opened for output, in order.
+  // Paths of the files opened for output, in order; prints not among them.
   const std::vector<std::string>& fileScritti() const { return files_.aperti(); }
   bool avvioRifiutato() const { return fabbrica_.avvioRifiutato(); }
 
@@ -30,6 +34,8 @@ class Impianto {
   CatalogoStampe stampe_;
   ImpostazioniToml impostazioni_;
   UtilitaItaliana utilita_;
+  FileSystemPiattaforma fileStampe_;
+  std::optional<PdfReports> impaginatore_;  // from the first print on
   FabbricaSuite fabbrica_;
   ModMain programma_;
 };
