@@ -36,7 +36,8 @@ class Pdf : public ::testing::Test {
  protected:
   Pdf() { posto.imposta("printing.engine", "\"pdf\""); }
   std::string testo(const std::string& file) {
-    const Esecuzione esito = esegui({"/usr/bin/env", "pdftotext", "-layout", file, "-"}, posto.cartella().path());
+    const Esecuzione esito =
+        esegui({"/usr/bin/env", "pdftotext", "-layout", file, "-"}, posto.cartella().path());
     EXPECT_EQ(esito.codice, 0) << esito.errori;
     return esito.uscita;
   }
