@@ -58,6 +58,7 @@ void FrmWizard::sbModificaCompenso() {
     } else {
       editor->showModal();
     }
+    editor->unload();  // an annulment that was stopped on its way has never shown the form
     if (editor->OK()) compensi_.sbAggiornaRiga();
   } catch (...) {
     // A row that cannot be saved must not leave the others out of sight, and out of what follows.
