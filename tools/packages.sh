@@ -3,10 +3,10 @@
 packages=(
   build-essential cmake ninja-build ccache git ca-certificates
   nlohmann-json3-dev libcli11-dev libtomlplusplus-dev
-  libsqlite3-dev
+  libsqlite3-dev unixodbc-dev tdsodbc
   qt6-base-dev libxlsxwriter-dev fonts-dejavu-core
 )
-test_packages=(libgtest-dev libgmock-dev python3 poppler-utils)
+test_packages=(libgtest-dev libgmock-dev python3 postgresql odbc-postgresql poppler-utils)
 fuzz_packages=(clang libclang-rt-14-dev)
 bench_packages=(libbenchmark-dev)
 

@@ -14,9 +14,20 @@ inline constexpr int kRiuscito = 0;
 inline constexpr int kRifiutato = 1;     // the wizard refused or warned, or something failed
 inline constexpr int kUsoSbagliato = 2;  // wrong usage, or a wrong profile
 
+inline constexpr const char* kIndirizzoAtteso =
+    "--database: atteso \"sqlite:FILE\" oppure \"odbc:Driver=...;Server=...\"\n";
+
+struct OpzioniCheck {
+  std::string database;
+  std::string variabilePassword;
+  bool inChiaro = false;  // a server's connection that is not encrypted
+};
+int comandoCheck(const OpzioniCheck& opzioni);
+
 struct OpzioniCreate {
   std::string database;
   std::string variabilePassword;
+  bool inChiaro = false;
   bool vuoto = false;
   bool dimostrativo = false;  // also without it, unless told otherwise
   std::optional<std::int32_t> percipienti;

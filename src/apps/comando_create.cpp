@@ -54,10 +54,11 @@ const char* descrizione(ContenutoArchivio contenuto) {
 int comandoCreate(const OpzioniCreate& opzioni) {
   auto database = analizzaIndirizzo(opzioni.database, std::filesystem::current_path().string());
   if (!database) {
-    std::cerr << "--database: atteso \"sqlite:FILE\" oppure \"odbc:Driver=...;Server=...\"\n";
+    std::cerr << kIndirizzoAtteso;
     return kUsoSbagliato;
   }
   database->variabilePassword = opzioni.variabilePassword;
+  database->cifrata = !opzioni.inChiaro;
   const auto anni = leggiAnni(opzioni.anni);
   if (!anni) {
     std::cerr << "--years: atteso un anno o un intervallo, come 2014-2017\n";

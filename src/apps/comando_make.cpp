@@ -4,6 +4,7 @@
 
 #include "apps/comune/impianto.h"
 #include "apps/comune/riepilogo_file.h"
+#include "apps/comune/tavola.h"
 #include "automation/walker.h"
 #include "comandi.h"
 #include "esito.h"
@@ -20,20 +21,7 @@ void stampaRegistro(const LogTable& registro) {
     std::vector<std::string>& celle = tavola.emplace_back();
     for (const Value& valore : riga) celle.push_back(valore.view().toText());
   }
-  std::vector<std::size_t> larghezze(registro.columns.size());
-  for (const auto& celle : tavola) {
-    for (std::size_t i = 0; i < celle.size(); ++i)
-      larghezze[i] = std::max(larghezze[i], codePoints(celle[i]));
-  }
-  for (const auto& celle : tavola) {
-    std::string riga;
-    for (std::size_t i = 0; i < celle.size(); ++i) {
-      if (i > 0) riga += " | ";
-      riga += celle[i];
-      riga.append(larghezze[i] - codePoints(celle[i]), ' ');
-    }
-    std::cout << trimRight(riga) << '\n';
-  }
+  stampaTavola(tavola, std::cout);
 }
 
 void stampaRecord(const std::string& riga, std::int32_t anno) {

@@ -28,16 +28,29 @@ CLI::Option* data(CLI::App& comando, const std::string& nome, std::optional<Date
   return comando.add_option(nome, leggi, spiegazione)->type_name(kData)->expected(1);
 }
 
+// Where the database is and how it is reached.
+void aggiungiIndirizzo(CLI::App& comando, std::string& database, std::string& variabile, bool& inChiaro) {
+  comando.add_option("--database", database, "sqlite:FILE oppure odbc:Driver=...;Server=...")
+      ->required()
+      ->type_name("URL");
+  comando.add_option("--password-env", variabile, "Variabile con la password di un url odbc")
+      ->type_name("NOME");
+  comando.add_flag("--no-encrypt", inChiaro, "Non cifra la connessione di un url odbc");
+}
+
+void aggiungiCheck(CLI::App& programma, Esecuzione& esegui) {
+  CLI::App& comando =
+      aggiungiComando(programma, "check", "Dice che cosa occorre di un database e che cosa manca");
+  auto opzioni = std::make_shared<OpzioniCheck>();
+  aggiungiIndirizzo(comando, opzioni->database, opzioni->variabilePassword, opzioni->inChiaro);
+  comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoCheck(*opzioni); }; });
+}
+
 void aggiungiCreate(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando =
       aggiungiComando(programma, "create", "Crea il database della suite, con un'azienda o senza");
   auto opzioni = std::make_shared<OpzioniCreate>();
-  comando.add_option("--database", opzioni->database, "sqlite:FILE oppure odbc:Driver=...;Server=...")
-      ->required()
-      ->type_name("URL");
-  comando
-      .add_option("--password-env", opzioni->variabilePassword, "Variabile con la password di un url odbc")
-      ->type_name("NOME");
+  aggiungiIndirizzo(comando, opzioni->database, opzioni->variabilePassword, opzioni->inChiaro);
   CLI::Option* const vuoto = comando.add_flag("--empty", opzioni->vuoto, "Solo le liste, nessuna azienda");
   CLI::Option* const demo = comando
                                 .add_flag("--demo", opzioni->dimostrativo,
@@ -194,6 +207,7 @@ int eseguiProgramma(int quanti, char** argomenti) {
   parlaItaliano(programma);
   programma.require_subcommand(1);
   Esecuzione esegui;
+  aggiungiCheck(programma, esegui);
   aggiungiCreate(programma, esegui);
   aggiungiDrive(programma, esegui);
   aggiungiMake(programma, esegui);

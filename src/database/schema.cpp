@@ -4,6 +4,7 @@
 
 #include "database/inserimento.h"
 #include "database/risorse.h"
+#include "host/text.h"
 
 namespace cu {
 namespace {
@@ -19,15 +20,25 @@ std::string_view senzaRigheVuoteECommenti(std::string_view testo) {
   return testo;
 }
 
-// The name behind "CREATE TABLE [dbo].[" or "CREATE VIEW [dbo].["; empty for anything else.
-std::string_view nomeCreato(std::string_view istruzione) {
-  for (std::string_view inizio : {"CREATE TABLE [dbo].[", "CREATE VIEW [dbo].["}) {
-    if (istruzione.substr(0, inizio.size()) == inizio) {
-      istruzione.remove_prefix(inizio.size());
-      return istruzione.substr(0, istruzione.find(']'));
-    }
+// The name in brackets behind `inizio`; empty for anything else.
+std::string_view nomeDopo(std::string_view istruzione, std::string_view inizio) {
+  if (!istruzione.starts_with(inizio)) return {};
+  istruzione.remove_prefix(inizio.size());
+  return istruzione.substr(0, istruzione.find(']'));
+}
+
+// "SELECT name ..." of the tables and views of the suite.
+std::string domandaSui(std::string_view colonne) {
+  std::string domanda = "SELECT ";
+  domanda += colonne;
+  domanda += " FROM dbo.sysobjects WHERE type IN ('U', 'V') AND name IN (";
+  const char* separatore = "";
+  for (std::string_view nome : nomiSchema()) {
+    domanda += separatore;
+    appendTesto(domanda, nome);
+    separatore = ", ";
   }
-  return {};
+  return domanda + ")";
 }
 
 }  // namespace
@@ -45,25 +56,53 @@ std::vector<std::string_view> istruzioniSchema() {
   }
 }
 
+std::vector<OggettoSchema> oggettiSchema() {
+  std::vector<OggettoSchema> oggetti;
+  for (std::string_view istruzione : istruzioniSchema()) {
+    if (const auto tabella = nomeDopo(istruzione, "CREATE TABLE [dbo].["); !tabella.empty()) {
+      oggetti.push_back({tabella, false});
+    } else if (const auto vista = nomeDopo(istruzione, "CREATE VIEW [dbo].["); !vista.empty()) {
+      oggetti.push_back({vista, true});
+    }
+  }
+  return oggetti;
+}
+
+std::vector<TipoSchema> tipiSchema() {
+  constexpr std::string_view kBase = "] FROM ";
+  std::vector<TipoSchema> tipi;
+  for (std::string_view istruzione : istruzioniSchema()) {
+    const std::string_view nome = nomeDopo(istruzione, "CREATE TYPE [dbo].[");
+    if (nome.empty()) continue;
+    istruzione.remove_prefix(istruzione.find(kBase) + kBase.size());
+    std::string definizione(istruzione.substr(0, istruzione.rfind(" NULL")));
+    std::erase_if(definizione, [](char c) { return c == '[' || c == ']'; });
+    tipi.push_back({std::string(nome), definizione});
+  }
+  return tipi;
+}
+
 std::vector<std::string_view> nomiSchema() {
   std::vector<std::string_view> nomi;
-  for (std::string_view istruzione : istruzioniSchema()) {
-    if (const std::string_view nome = nomeCreato(istruzione); !nome.empty()) nomi.push_back(nome);
-  }
+  for (const OggettoSchema& oggetto : oggettiSchema()) nomi.push_back(oggetto.nome);
   return nomi;
 }
 
-bool contieneSuite(Connection& connessione) {
-  std::string domanda = "SELECT COUNT(*) FROM dbo.sysobjects WHERE type IN ('U', 'V') AND name IN (";
-  const char* separatore = "";
-  for (std::string_view nome : nomiSchema()) {
-    domanda += separatore;
-    appendTesto(domanda, nome);
-    separatore = ", ";
-  }
-  domanda += ")";
+std::vector<std::string_view> nomiMancanti(Connection& connessione) {
   RowStore righe;
-  connessione.Query(domanda, righe);
+  connessione.Query(domandaSui("name"), righe);
+  std::vector<std::string_view> mancanti = nomiSchema();
+  for (std::size_t i = 0; i < righe.size(); ++i) {
+    CellView nome;
+    righe.readFirst(i, 1, &nome);
+    std::erase_if(mancanti, [&](std::string_view each) { return equalsNoCase(each, nome.text()); });
+  }
+  return mancanti;
+}
+
+bool contieneSuite(Connection& connessione) {
+  RowStore righe;
+  connessione.Query(domandaSui("COUNT(*)"), righe);
   CellView quante;
   righe.read(0, &quante);
   return quante.integer() > 0;

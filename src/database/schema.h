@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -12,6 +13,23 @@ std::vector<std::string_view> istruzioniSchema();
 
 // The names of the tables and views among them, in order.
 std::vector<std::string_view> nomiSchema();
+
+// The tables and views, in order.
+struct OggettoSchema {
+  std::string_view nome;
+  bool vista = false;
+};
+std::vector<OggettoSchema> oggettiSchema();
+
+// The suite's own types: "Note" and "varchar(1000)".
+struct TipoSchema {
+  std::string nome;
+  std::string definizione;
+};
+std::vector<TipoSchema> tipiSchema();
+
+// The tables and views that the database lacks, in order. It only reads.
+std::vector<std::string_view> nomiMancanti(Connection& connessione);
 
 // Whether the database holds at least one of them. It only reads.
 bool contieneSuite(Connection& connessione);

@@ -27,14 +27,15 @@ TEST(Usage, HelpGoesToStandardOutput) {
   Posto posto(Posto::Database::Nessuno);
   for (const Argomenti& argomenti :
        {Argomenti{"--help"}, Argomenti{"create", "--help"}, Argomenti{"drive", "--help"},
-        Argomenti{"make", "--help"}, Argomenti{"print", "--help"}}) {
+        Argomenti{"make", "--help"}, Argomenti{"print", "--help"}, Argomenti{"check", "--help"}}) {
     const Esecuzione esito = posto.cuctl(argomenti);
     EXPECT_EQ(esito.codice, 0);
     EXPECT_THAT(esito.uscita, HasSubstr("Uso: cuctl"));
     EXPECT_EQ(esito.errori, "");
   }
   const std::string aiuto = posto.cuctl({"--help"}).uscita;
-  for (const char* comando : {"create", "drive", "make", "print"}) EXPECT_THAT(aiuto, HasSubstr(comando));
+  for (const char* comando : {"check", "create", "drive", "make", "print"})
+    EXPECT_THAT(aiuto, HasSubstr(comando));
 }
 
 TEST(Usage, WhatIsWrongEndsWithTwoAndSaysWhat) {

@@ -1,5 +1,9 @@
 #include "apps/comune/connessioni.h"
 
+#include <iostream>
+
+#include "apps/comune/password.h"
+#include "database/odbc/odbc_connection.h"
 #include "database/schema.h"
 #include "database/sqlite/sqlite_connection.h"
 #include "host/error.h"
@@ -7,10 +11,30 @@
 namespace cu {
 namespace {
 
-[[noreturn]] void senzaOdbc() {
-  throw DatabaseError(DatabaseErrorKind::Unavailable, 0, "",
-                      "Questo programma è stato costruito senza il collegamento ODBC: indicare un database "
-                      "\"sqlite:FILE\".");
+// A server of another kind would refuse the first statement, and say less.
+std::unique_ptr<Connection> apriServer(const Profilo::Database& database) {
+  OdbcSettings impostazioni{database.origine, "", database.cifrata, database.secondiAccesso,
+                            database.secondiIstruzione};
+  if (OdbcConnection::wantsPassword(database.origine)) impostazioni.password = passwordDi(database);
+  auto connessione =
+      OdbcConnection::open(impostazioni, [](const std::string& avviso) { std::cerr << avviso << std::endl; });
+  if (!connessione->isSqlServer()) {
+    throw DatabaseError(DatabaseErrorKind::Unavailable, 0, "",
+                        "Il server dell'indirizzo non è Microsoft SQL Server: risponde «" +
+                            connessione->product() + "». Correggere l'indirizzo.");
+  }
+  return connessione;
+}
+
+void esigiTabelle(Connection& connessione) {
+  const auto mancanti = nomiMancanti(connessione);
+  if (mancanti.empty()) return;
+  throw DatabaseError(
+      DatabaseErrorKind::NoSchema, 0, "",
+      "Il database del server non contiene le tabelle della suite, o l'utente non le vede: manca " +
+          std::string(mancanti.front()) +
+          ". Verificare con «cuctl check», correggere l'indirizzo nel profilo, o creare un "
+          "database con «cuctl create».");
 }
 
 }  // namespace
@@ -20,9 +44,11 @@ std::unique_ptr<Connection> apriConnessione(const Profilo::Database& database) {
     case Profilo::Motore::Sqlite:
       return SqliteConnection::open(database.origine, nomiSchema());
     case Profilo::Motore::Odbc:
-      senzaOdbc();
+      break;
   }
-  senzaOdbc();
+  auto connessione = apriServer(database);
+  esigiTabelle(*connessione);
+  return connessione;
 }
 
 std::unique_ptr<Connection> creaConnessione(const Profilo::Database& database) {
@@ -30,9 +56,21 @@ std::unique_ptr<Connection> creaConnessione(const Profilo::Database& database) {
     case Profilo::Motore::Sqlite:
       return SqliteConnection::create(database.origine);
     case Profilo::Motore::Odbc:
-      senzaOdbc();
+      break;
   }
-  senzaOdbc();
+  return apriServer(database);
+}
+
+std::vector<VoceControllo> controllaDatabase(const Profilo::Database& database) {
+  const auto modello = SqliteConnection::create(":memory:");
+  creaSchema(*modello);
+  if (database.motore == Profilo::Motore::Sqlite) {
+    return controllaTabelle(*SqliteConnection::open(database.origine), *modello);
+  }
+  const auto connessione = apriServer(database);
+  std::vector<VoceControllo> voci = controllaServer(*connessione);
+  for (VoceControllo& voce : controllaTabelle(*connessione, *modello)) voci.push_back(std::move(voce));
+  return voci;
 }
 
 }  // namespace cu

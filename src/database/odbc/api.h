@@ -1,0 +1,11 @@
+#pragma once
+
+// The ODBC API, unixODBC's or the platform's own.
+#ifdef _WIN32
+#define NOMINMAX
+#include <windows.h>
+#endif
+#include <sql.h>
+#include <sqlext.h>
+
+static_assert(sizeof(SQLWCHAR) == 2, "wide characters are UTF-16");

@@ -1,0 +1,241 @@
+#include "database/odbc/diagnostics.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "database/odbc/wide.h"
+#include "database/odbc/without_values.h"
+#include "host/text.h"
+
+namespace cu::odbc {
+namespace {
+
+using enum DatabaseErrorKind;
+
+// The numbers that SQL Server gives to what a clerk or an administrator can do something about.
+struct Known {
+  int number;
+  DatabaseErrorKind kind;
+  const char* text;
+};
+
+constexpr const char* kDuplicate = "Esiste già una riga con la stessa chiave.";
+constexpr const char* kNull = "Una colonna non ammette il valore nullo.";
+constexpr const char* kBusy =
+    "Il database è occupato da un altro programma. Attendere che termini e ripetere l'operazione.";
+constexpr const char* kFull =
+    "Lo spazio del database sul server è esaurito. Liberare spazio e ripetere l'operazione.";
+constexpr const char* kReadOnly = "Il database è di sola lettura.";
+constexpr const char* kDamaged = "Il database è danneggiato. Ripristinarlo da una copia di sicurezza.";
+constexpr const char* kRights =
+    "L'utente del database non ha i diritti per questa operazione. Verificarli con «cuctl check».";
+constexpr const char* kLogin = "Il server del database ha rifiutato l'utente o la password.";
+constexpr const char* kTooLong = "Un testo è più lungo della colonna che lo riceve.";
+constexpr const char* kUnreachable =
+    "Il server del database non si può raggiungere. Verificare l'indirizzo nel profilo e la rete.";
+
+constexpr Known kServerNumbers[] = {
+    {208, Syntax, "Nel database manca una tabella o una vista. Verificare con «cuctl check»."},
+    {207, Syntax, "Nel database manca una colonna. Verificare con «cuctl check»."},
+    {2715, Syntax, "Nel database manca un tipo della suite. Verificare con «cuctl check»."},
+    {229, Other, kRights},
+    {230, Other, kRights},
+    {262, Other, kRights},
+    {297, Other, kRights},
+    {2760, Other, kRights},
+    {515, Constraint, kNull},
+    {547, Constraint, "Il database ha rifiutato i dati per un vincolo."},
+    {2601, Constraint, kDuplicate},
+    {2627, Constraint, kDuplicate},
+    {8672, Constraint, "MERGE troverebbe più righe per la stessa riga da modificare."},
+    {2628, Other, kTooLong},
+    {8152, Other, kTooLong},
+    {1204, Locked, kBusy},
+    {1205, Locked, kBusy},
+    {1222, Locked, kBusy},
+    {1101, Full, kFull},
+    {1105, Full, kFull},
+    {9002, Full, kFull},
+    {3906, ReadOnly, kReadOnly},
+    {823, Corrupt, kDamaged},
+    {824, Corrupt, kDamaged},
+    {825, Corrupt, kDamaged},
+    {4060, Unavailable, "Il database indicato non esiste sul server, o l'utente non può aprirlo."},
+    {18452, Unavailable, kLogin},
+    {18456, Unavailable, kLogin},
+    {18470, Unavailable, "L'utente del database è disabilitato."},
+    {18487, Unavailable, "La password dell'utente del database è scaduta."},
+    {18488, Unavailable, "La password dell'utente del database va cambiata."},
+};
+
+struct State {
+  std::string_view prefix;  // of the state; the first that fits counts
+  DatabaseErrorKind kind;
+  const char* text;
+};
+
+constexpr State kStates[] = {
+    {"IM002", Unavailable,
+     "Il driver o la sorgente ODBC dell'indirizzo non è installata su questo computer."},
+    {"IM003", Unavailable, "Il driver ODBC indicato non si può caricare."},
+    {"01000", Unavailable, "Il driver ODBC indicato non si può caricare."},
+    {"28", Unavailable, kLogin},
+    {"08", Unavailable, kUnreachable},
+    {"3D", Unavailable, "Il database indicato non esiste sul server, o l'utente non può aprirlo."},
+    {"23502", Constraint, kNull},
+    {"23505", Constraint, kDuplicate},
+    {"23", Constraint, "Il database ha rifiutato i dati per un vincolo."},
+    {"22001", Other, kTooLong},
+    {"22003", Other, "Un numero è fuori dai limiti della colonna che lo riceve."},
+    {"42501", Other, kRights},
+    {"42", Syntax, "Il server del database non accetta l'istruzione"},
+    {"S0", Syntax, "Il server del database non accetta l'istruzione"},
+    {"40", Locked, kBusy},
+    {"55P03", Locked, kBusy},
+    {"53100", Full, kFull},
+    {"25006", ReadOnly, kReadOnly},
+    {"XX001", Corrupt, kDamaged},
+    {"XX002", Corrupt, kDamaged},
+};
+
+bool isTimeout(const Diagnostic& diagnostic) {
+  return diagnostic.state == "HYT00" || diagnostic.state == "HYT01" || diagnostic.state == "57014" ||
+         diagnostic.state == "S1T00";
+}
+
+bool isDrop(const Diagnostic& diagnostic) {
+  constexpr std::string_view kDropped[] = {"08S01", "08003", "08006", "08007", "57P01", "57P02", "57P03"};
+  return std::ranges::find(kDropped, diagnostic.state) != std::end(kDropped);
+}
+
+// "[unixODBC][FreeTDS][SQL Server]Login failed" -> "Login failed"; on one line.
+std::string bare(std::string message) {
+  while (!message.empty() && message.front() == '[') {
+    const std::size_t end = message.find(']');
+    if (end == std::string::npos) break;
+    message.erase(0, end + 1);
+  }
+  std::replace_if(
+      message.begin(), message.end(), [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
+  return std::string(trim(message));
+}
+
+const Known* known(const Diagnostic& diagnostic) {
+  const auto* const found = std::ranges::find(kServerNumbers, diagnostic.native, &Known::number);
+  return found == std::end(kServerNumbers) ? nullptr : found;
+}
+
+// The server's own words count before those of the driver, and an error before a remark.
+const Diagnostic& worst(const std::vector<Diagnostic>& diagnostics) {
+  for (const Diagnostic& each : diagnostics) {
+    if (known(each) != nullptr) return each;
+  }
+  for (const Diagnostic& each : diagnostics) {
+    if (!each.state.starts_with("01")) return each;
+  }
+  return diagnostics.front();
+}
+
+std::string sayingOfServer(const Diagnostic& diagnostic, std::string_view statement) {
+  std::string text = " Messaggio del server";
+  if (diagnostic.native != 0) text += " (" + fromInteger(diagnostic.native) + ")";
+  return text + ": " + withoutValues(diagnostic.message, statement);
+}
+
+struct Told {
+  DatabaseErrorKind kind;
+  std::string text;
+};
+
+Told tell(const Diagnostic& diagnostic, const std::string& statementKind) {
+  if (const Known* const number = known(diagnostic)) return {number->kind, number->text};
+  for (const State& state : kStates) {
+    if (!diagnostic.state.starts_with(state.prefix)) continue;
+    std::string text = state.text;
+    if (text.back() != '.') text += (statementKind.empty() ? "" : " " + statementKind) + ".";
+    return {state.kind, text};
+  }
+  if (statementKind.empty()) return {Unavailable, kUnreachable};
+  return {Other, "Il server del database ha rifiutato l'istruzione " + statementKind + "."};
+}
+
+}  // namespace
+
+std::vector<Diagnostic> diagnosticsOf(SQLSMALLINT kind, SQLHANDLE handle) {
+  constexpr SQLSMALLINT kMost = 16;
+  std::vector<Diagnostic> diagnostics;
+  for (SQLSMALLINT record = 1; record <= kMost; ++record) {
+    std::array<SQLWCHAR, 6> state{};
+    std::array<SQLWCHAR, 2048> message{};
+    SQLINTEGER native = 0;
+    SQLSMALLINT length = 0;
+    const SQLRETURN code = SQLGetDiagRecW(kind, handle, record, state.data(), &native, message.data(),
+                                          static_cast<SQLSMALLINT>(message.size()), &length);
+    if (!SQL_SUCCEEDED(code)) break;
+    const auto end = std::find(message.begin(), message.end(), SQLWCHAR{0});
+    diagnostics.push_back({fromWide(state.data(), 5), static_cast<int>(native),
+                           bare(fromWide(message.data(), static_cast<std::size_t>(end - message.begin())))});
+  }
+  return diagnostics;
+}
+
+DatabaseError timeoutOf(const Circumstance& circumstance) {
+  const std::string time =
+      circumstance.seconds > 0 ? " entro " + fromInteger(circumstance.seconds) + " secondi" : "";
+  if (circumstance.statementKind.empty()) {
+    return {Timeout, 0, "",
+            "Il server del database non ha risposto" + time +
+                ". Verificare l'indirizzo nel profilo e la rete, o aumentare login_timeout."};
+  }
+  return {Timeout, 0, circumstance.statementKind,
+          "Il server del database non ha terminato l'istruzione " + circumstance.statementKind + time +
+              ". Ripetere l'operazione, o aumentare statement_timeout nel profilo."};
+}
+
+DatabaseError droppedOf(const Circumstance& circumstance) {
+  return {Unavailable, 0, circumstance.statementKind,
+          "La connessione con il server del database è caduta. I dati presentati restano a video: verificare "
+          "il server e la rete, poi ripetere l'operazione."};
+}
+
+bool tellsOfDrop(const std::vector<Diagnostic>& diagnostics) {
+  return std::ranges::any_of(diagnostics, isDrop);
+}
+
+bool tellsOfWay(const std::vector<Diagnostic>& diagnostics) {
+  return std::ranges::any_of(diagnostics,
+                             [](const Diagnostic& each) { return each.state.starts_with("08"); }) &&
+         std::ranges::none_of(diagnostics, [](const Diagnostic& each) { return known(each) != nullptr; });
+}
+
+DatabaseError errorOf(const std::vector<Diagnostic>& diagnostics, const Circumstance& circumstance) {
+  if (std::ranges::any_of(diagnostics, isTimeout)) return timeoutOf(circumstance);
+  if (!circumstance.statementKind.empty() && tellsOfDrop(diagnostics)) return droppedOf(circumstance);
+  if (diagnostics.empty()) {
+    const Told told = tell({"HY000", 0, ""}, circumstance.statementKind);
+    return {told.kind, 0, circumstance.statementKind, told.text};
+  }
+  const Diagnostic& diagnostic = worst(diagnostics);
+  const Told told = tell(diagnostic, circumstance.statementKind);
+  return {told.kind, diagnostic.native, circumstance.statementKind,
+          told.text + sayingOfServer(diagnostic, circumstance.statement)};
+}
+
+std::string kindOf(std::string_view statement) {
+  const std::size_t start = statement.find_first_not_of(" \t\r\n;(");
+  std::string word;
+  for (std::size_t i = start; i < statement.size(); ++i) {
+    const char c = statement[i];
+    if (c >= 'a' && c <= 'z') {
+      word += static_cast<char>(c - 'a' + 'A');
+    } else if (c >= 'A' && c <= 'Z') {
+      word += c;
+    } else {
+      break;
+    }
+  }
+  return word.empty() ? "SQL" : word;
+}
+
+}  // namespace cu::odbc

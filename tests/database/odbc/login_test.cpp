@@ -1,0 +1,167 @@
+// On the way to a server: what is told when it cannot be reached, does not answer, or is something else.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "socket_server.h"
+#include "support.h"
+
+namespace cu::odbc::test {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+constexpr const char* kSecret = "parola-segreta";
+
+OdbcSettings freeTds(int port) {
+  OdbcSettings settings;
+  settings.text = "Driver=FreeTDS;Server=127.0.0.1;Port=" + std::to_string(port) + ";Database=suite;UID=cu";
+  settings.password = kSecret;
+  settings.loginSeconds = 1;
+  return settings;
+}
+
+DatabaseError opening(const OdbcSettings& settings) {
+  return errorOf([&] { OdbcConnection::open(settings, ignore); });
+}
+
+double secondsOf(const std::function<void()>& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+TEST(LoginThroughFreeTds, AClosedPortIsToldAtOnce) {
+  const int port = cu::test::LoopbackSocket().port();
+  for (const bool encrypt : {true, false}) {
+    OdbcSettings settings = freeTds(port);
+    settings.encrypt = encrypt;
+    const DatabaseError error = opening(settings);
+    EXPECT_EQ(error.kind(), DatabaseErrorKind::Unavailable);
+    EXPECT_THAT(error.what(), StartsWith("Il server del database non si può raggiungere. Verificare "
+                                         "l'indirizzo nel profilo e la rete. Messaggio del server"));
+    EXPECT_THAT(error.what(), Not(HasSubstr(kSecret)));
+    EXPECT_EQ(error.statementKind(), "");
+  }
+}
+
+TEST(LoginThroughFreeTds, APortThatNeverAnswersIsLeftAfterTheLoginTime) {
+  const SocketServer silent("");
+  for (const bool encrypt : {true, false}) {
+    OdbcSettings settings = freeTds(silent.port());
+    settings.encrypt = encrypt;
+    std::optional<DatabaseError> error;
+    const double seconds = secondsOf([&] { error = opening(settings); });
+    EXPECT_EQ(error->kind(), DatabaseErrorKind::Timeout) << error->what();
+    EXPECT_STREQ(
+        error->what(),
+        "Il server del database non ha risposto entro 1 secondi. Verificare l'indirizzo nel profilo e "
+        "la rete, o aumentare login_timeout.");
+    EXPECT_GE(seconds, 0.9);
+    EXPECT_LT(seconds, 6);
+  }
+}
+
+TEST(LoginThroughFreeTds, APortThatAnswersNonsenseIsNoServer) {
+  for (const std::string& answer :
+       {std::string("HTTP/1.1 400 Bad Request\r\nContent-Length: 0\r\n\r\n"), std::string(5000, '\0'),
+        std::string("\x04\x01\x00\x08\x00\x00\x01\x00", 8)}) {
+    const SocketServer other(answer);
+    for (const bool encrypt : {true, false}) {
+      OdbcSettings settings = freeTds(other.port());
+      settings.encrypt = encrypt;
+      std::optional<DatabaseError> error;
+      const double seconds = secondsOf([&] { error = opening(settings); });
+      EXPECT_THAT(error->kind(), ::testing::AnyOf(DatabaseErrorKind::Unavailable, DatabaseErrorKind::Timeout))
+          << error->what();
+      EXPECT_THAT(error->what(), AllOf(StartsWith("Il server del database non "), Not(HasSubstr(kSecret))));
+      EXPECT_LT(seconds, 6);
+    }
+  }
+}
+
+TEST(LoginThroughFreeTds, ThePasswordNeverTravelsInTheClear) {
+  // It may travel only behind the handshake, and here there is none.
+  const SocketServer other("no such protocol");
+  opening(freeTds(other.port()));
+  const std::string heard = other.heard();
+  EXPECT_FALSE(heard.empty());
+  EXPECT_THAT(heard, Not(HasSubstr(kSecret)));
+  EXPECT_THAT(heard, Not(HasSubstr("suite")));
+}
+
+TEST(Login, APortThatIsSilentIsLeftByADriverThatWouldWait) {
+  const SocketServer silent("");
+  OdbcSettings settings;
+  settings.text = "Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=" + std::to_string(silent.port()) +
+                  ";Database=postgres;UID=prova";
+  settings.password = kSecret;
+  settings.loginSeconds = 1;
+  std::optional<DatabaseError> error;
+  const double seconds = secondsOf([&] { error = opening(settings); });
+  EXPECT_EQ(error->kind(), DatabaseErrorKind::Timeout) << error->what();
+  EXPECT_LT(seconds, 6);
+}
+
+TEST(Login, AWrongPasswordIsToldWithoutIt) {
+  OdbcSettings settings = settingsOf(server());
+  settings.password = kSecret;
+  const DatabaseError error = opening(settings);
+  EXPECT_EQ(error.kind(), DatabaseErrorKind::Unavailable);
+  EXPECT_THAT(error.what(), HasSubstr("password authentication failed"));
+  EXPECT_THAT(error.what(), Not(HasSubstr(kSecret)));
+}
+
+TEST(Login, ADatabaseThatIsNotThereIsTold) {
+  OdbcSettings settings = settingsOf(server());
+  settings.text.replace(settings.text.find("=postgres"), 9, "=manca");
+  const DatabaseError error = opening(settings);
+  EXPECT_EQ(error.kind(), DatabaseErrorKind::Unavailable);
+  EXPECT_THAT(error.what(), HasSubstr("database \"manca\" does not exist"));
+}
+
+TEST(Login, ADriverThatIsNotInstalledIsTold) {
+  OdbcSettings settings = freeTds(1);
+  settings.text = "Driver=Nessun Driver;Server=x;UID=y";
+  EXPECT_THAT(opening(settings).what(), StartsWith("Il driver ODBC indicato non si può caricare."));
+  settings.text = "DSN=nessuna_sorgente;UID=y";
+  EXPECT_THAT(opening(settings).what(),
+              StartsWith("Il driver o la sorgente ODBC dell'indirizzo non è installata su questo computer."));
+}
+
+TEST(Login, WhatIsNotSafeIsSaid) {
+  std::vector<std::string> told;
+  const auto note = [&](const std::string& text) { told.push_back(text); };
+  OdbcConnection::open(settingsOf(server()), note);
+  EXPECT_THAT(told,
+              ::testing::ElementsAre(
+                  "Il driver ODBC «PostgreSQL Unicode» non è fra quelli conosciuti: se la connessione è "
+                  "cifrata dipende dall'indirizzo e dal driver."));
+  told.clear();
+  OdbcSettings open = freeTds(cu::test::LoopbackSocket().port());
+  EXPECT_THROW(OdbcConnection::open(open, note), DatabaseError);
+  EXPECT_TRUE(told.empty());
+  open.encrypt = false;
+  EXPECT_THROW(OdbcConnection::open(open, note), DatabaseError);
+  EXPECT_THAT(told, ::testing::ElementsAre(
+                        "Attenzione: la connessione con il server del database non è cifrata (encrypt = "
+                        "false)."));
+}
+
+TEST(Login, ThePasswordIsGivenToTheDriverAsItIs) {
+  // The server's own holds what the driver's text would take for marks.
+  EXPECT_EQ(single(*opened(), "SELECT current_user"), "prova");
+}
+
+TEST(Login, TheProductIsKnown) {
+  const auto connection = opened();
+  EXPECT_THAT(connection->product(), StartsWith("PostgreSQL "));
+  EXPECT_FALSE(connection->isSqlServer());
+}
+
+}  // namespace
+}  // namespace cu::odbc::test
