@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "database/archivio_di_prova.h"
 #include "database/diritti.h"
 #include "database/schema.h"
@@ -144,6 +146,24 @@ TEST(ControllaServer, TheRightsAreAskedOfTheServerItself) {
                   "HAS_PERMS_BY_NAME('dbo', 'SCHEMA', 'ALTER') AS D, HAS_PERMS_BY_NAME('dbo', 'SCHEMA', "
                   "'SELECT') AS D, HAS_PERMS_BY_NAME('dbo', 'SCHEMA', 'INSERT')")
           .substr(0, 200));
+}
+
+TEST(Diritti, AreThoseThatTheGuideGrants) {
+  std::ifstream guida(std::string(CU_DOCS) + "/sqlserver.md");
+  std::vector<std::string> concessi;
+  for (std::string riga; std::getline(guida, riga);) {
+    if (riga.starts_with("GRANT ")) concessi.push_back(riga);
+  }
+  std::vector<std::string> attesi;
+  for (const Diritto& diritto : kDiritti) {
+    std::string riga = "GRANT " + std::string(diritto.diritto);
+    if (diritto.classe != "DATABASE") {
+      riga += " ON " + std::string(diritto.classe) + "::" + (diritto.classe == "SCHEMA" ? "" : "dbo.") +
+              std::string(diritto.oggetto);
+    }
+    attesi.push_back(riga + " TO cu;");
+  }
+  EXPECT_EQ(concessi, attesi);
 }
 
 TEST(NomiMancanti, AreThoseThatTheDatabaseDoesNotList) {

@@ -224,6 +224,10 @@ void OdbcConnection::Query(std::string_view source, RowStore& rows) {
 
 std::int64_t OdbcConnection::affected() const { return state_->affected; }
 
+std::size_t OdbcConnection::rowsPerBlock() const {
+  return state_->reader ? state_->reader->rowsPerBlock() : 0;
+}
+
 std::string OdbcConnection::product() const {
   return informationOf(state_->session, SQL_DBMS_NAME) + " " + informationOf(state_->session, SQL_DBMS_VER);
 }

@@ -39,6 +39,8 @@ class OdbcConnection final : public Connection {
   // Rows touched by the last statement that has no result, all statements of a text together; -1 when the
   // server did not say.
   std::int64_t affected() const;
+  // Of the last result.
+  std::size_t rowsPerBlock() const;
   // The server's own name and version: "Microsoft SQL Server 15.00.2000".
   std::string product() const;
   bool isSqlServer() const;
