@@ -38,9 +38,9 @@ Decimal Decimal::fromDouble(double value) {
   if (!std::isfinite(value) || std::fabs(value) >= 9.2e14) overflow();
   std::array<char, 40> buffer{};
   char* const last = buffer.data() + buffer.size();
-  const auto [end, ec] =
-      std::fabs(value) < 1e11 ? std::to_chars(buffer.data(), last, value, std::chars_format::scientific, 14)
-                              : std::to_chars(buffer.data(), last, value, std::chars_format::scientific);
+  const auto [end, ec] = std::fabs(value) < 1e11
+                             ? std::to_chars(buffer.data(), last, value, std::chars_format::scientific, 14)
+                             : std::to_chars(buffer.data(), last, value, std::chars_format::scientific);
   if (ec != std::errc()) overflow();
   // d.dddddddddddddde+XX
   std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
