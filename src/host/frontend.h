@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -89,6 +90,9 @@ class FrontEnd {
   virtual void beep() = 0;
   virtual void setPointer(int pointer) = 0;
   virtual int pointer() const = 0;
+  // Long work tells what it is doing and how far it is; a total of 0 where nobody knows. Costs next to
+  // nothing; lets no other event in.
+  virtual void progress(const char* /*what*/, std::size_t /*done*/, std::size_t /*total*/) {}
 
   // Runs a person's event: an error that no handler caught ends here, in one box.
   void runEvent(const std::function<void()>& event);

@@ -77,16 +77,22 @@ std::optional<Decimal> NumericBox::read(std::string_view text) const {
   return Decimal::parse(whole);
 }
 
-bool NumericBox::admits(const std::string& content, char32_t character) const {
-  std::string after = content;
+bool NumericBox::admits(const std::string& before, char32_t character, const std::string& behind) const {
+  std::string after = before;
   appendUtf8(after, character);
-  if (character == U'-') return content.empty() && min_ < Decimal();
+  after += behind;
+  if (character == U'-') return before.empty() && min_ < Decimal() && leaves(after);
   const auto number = read(after);
   if (!number || !allowed(*number)) return false;
   // A mark of decimals is let in without decimals too: what follows it must not swell the whole number.
   const std::size_t mark = shape_.decimalPoint.empty() ? std::string::npos : after.find(shape_.decimalPoint);
   if (mark == std::string::npos) return true;
   return after.size() - mark - shape_.decimalPoint.size() <= static_cast<std::size_t>(shape_.decimals);
+}
+
+bool NumericBox::leaves(const std::string& text) const {
+  const auto number = read(text);
+  return number && (allowed(*number) || *number == Decimal());
 }
 
 std::optional<std::string> NumericBox::pasted(std::string_view text) const {

@@ -37,8 +37,9 @@ class NumericBox : public EditBox {
   const Shape& shape() const { return shape_; }
 
  private:
-  bool admits(const std::string& content, char32_t character) const override;
+  bool admits(const std::string& before, char32_t character, const std::string& behind) const override;
   std::optional<std::string> pasted(std::string_view text) const override;
+  bool leaves(const std::string& text) const override;
   void edited() override;
   std::string shown(Decimal number) const;
   std::optional<Decimal> read(std::string_view text) const;

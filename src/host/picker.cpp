@@ -1,7 +1,6 @@
 #include "host/picker.h"
 
 #include "host/error.h"
-#include "host/recordset.h"
 #include "host/text.h"
 
 namespace cu {
@@ -21,6 +20,14 @@ std::string Picker::nameOf(std::int64_t id) const {
   Recordset rows;
   rows.Open(*connection_, "SELECT Comune FROM Comune WHERE IDComune = " + fromInteger(id));
   return rows.Eof() ? std::string() : rows.Get(0).toText();
+}
+
+void Picker::list(Recordset& rows) const {
+  if (connection_ == nullptr)
+    throw Error(kErrorObjectNotSet, "Il campo " + name() + " non è collegato a una tabella.");
+  rows.Open(*connection_,
+            "SELECT Comune.IDComune, Provincia.Provincia, Comune.Comune FROM Comune LEFT JOIN Provincia ON "
+            "Comune.IDProvincia = Provincia.IDProvincia ORDER BY Comune.Comune");
 }
 
 void Picker::setRecord(std::int64_t id) {

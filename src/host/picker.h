@@ -5,6 +5,7 @@
 
 #include "host/control.h"
 #include "host/database.h"
+#include "host/recordset.h"
 
 namespace cu {
 
@@ -24,6 +25,8 @@ class Picker : public Control {
   const std::string& text() const { return text_; }
   // The name of a municipality, "" when no row has that id.
   std::string nameOf(std::int64_t id) const;
+  // The rows of its search list, id, province and name, in the order of the names.
+  void list(Recordset& rows) const;
   // An id that no row has empties it, as 0 does. Raises the change event when the id differs.
   void setRecord(std::int64_t id);
 

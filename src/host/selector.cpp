@@ -1,7 +1,6 @@
 #include "host/selector.h"
 
 #include "host/error.h"
-#include "host/recordset.h"
 #include "host/text.h"
 
 namespace cu {
@@ -40,6 +39,15 @@ std::optional<Selector::Row> Selector::find(const std::string& condition) const 
   rows.Open(*connection_, source);
   if (rows.Eof()) return std::nullopt;
   return Row{rows.Get(0).integer(), rows.Get(1).toText(), rows.Get(2).toText()};
+}
+
+void Selector::list(Recordset& rows) const {
+  if (connection_ == nullptr)
+    throw Error(kErrorObjectNotSet, "Il campo " + name() + " non è collegato a una tabella.");
+  std::string source = "SELECT " + binding_.idField + ", " + binding_.codeField + ", " +
+                       binding_.descriptionField + " FROM " + binding_.table;
+  if (!binding_.filter.empty()) source += " WHERE " + binding_.filter;
+  rows.Open(*connection_, source + " ORDER BY " + binding_.descriptionField);
 }
 
 std::optional<Selector::Row> Selector::findCode(const std::string& code) const {

@@ -6,6 +6,7 @@
 
 #include "host/control.h"
 #include "host/database.h"
+#include "host/recordset.h"
 
 namespace cu {
 
@@ -50,6 +51,8 @@ class Selector : public Control {
   // Code and description as they stand, whether a row has them or not.
   void choose(const std::string& code, const std::string& description);
   void empty() { set(0, "", ""); }
+  // The rows of its search list, id, code and description, in the order of the descriptions.
+  void list(Recordset& rows) const;
 
   Event onChange;
 

@@ -29,21 +29,28 @@ class EditBox : public Control {
   void paste(std::string_view text);  // in one step, past the key filter, cut at the length
   // One character at the end of the content; false when it is refused.
   bool type(char32_t character);
+  // The same at a place: `count` characters from `at` on give way to what is typed, pasted, or nothing. False
+  // when it is refused: the content is as it was.
+  bool typeAt(std::size_t at, std::size_t count, char32_t character);
+  bool pasteAt(std::size_t at, std::size_t count, std::string_view text);
+  bool eraseAt(std::size_t at, std::size_t count);
 
   // True lets the character in; the filter itself beeps where it refuses.
   std::function<bool(char32_t)> keyFilter;
   Event onChange;
 
  protected:
-  // Whether the character may follow that content, and what of a pasted text is taken (none: nothing is).
-  virtual bool admits(const std::string& content, char32_t character) const;
+  // Whether the character may stand between the two, what of a pasted text is taken (none: nothing is), and
+  // whether what is left of a content can stay.
+  virtual bool admits(const std::string& before, char32_t character, const std::string& behind) const;
   virtual std::optional<std::string> pasted(std::string_view text) const;
+  virtual bool leaves(const std::string& text) const;
   virtual void edited() {}      // the text has changed; the event comes next
   void show(std::string text);  // another shape of the same content: no event
   void change(std::string text);
 
  private:
-  bool take(std::string content, char32_t character);
+  bool take(std::string before, char32_t character, const std::string& behind);
 
   std::string text_;
   std::size_t maxLength_ = 0;
