@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QLabel>
+#include <QWidget>
+#include <vector>
+
+class QGridLayout;
+
+namespace cu::desktop {
+
+// One box of a form: a small caption with the number of the box, the field below it.
+class Cell : public QWidget {
+ public:
+  explicit Cell(QWidget* parent);
+  QLabel* addTitle();
+  void setTitle(QWidget* title);
+  void setContent(QWidget* content);
+  bool wide = false;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QWidget* content_ = nullptr;
+};
+
+// Boxes side by side, as many in a row as there is room for, in their order.
+class CellBox : public QWidget {
+ public:
+  explicit CellBox(QWidget* parent);
+  Cell& add();
+  void setWide(Cell& cell, bool wide);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  void arrange(int columns);
+  QGridLayout* grid_;
+  std::vector<Cell*> cells_;
+  int columns_ = 0;
+};
+
+}  // namespace cu::desktop

@@ -1,0 +1,132 @@
+#include "desktop/dialogs.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTableWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/text.h"
+
+namespace cu::desktop {
+
+LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), table_(new QTableWidget(this)) {
+  setWindowTitle(QStringLiteral("Dati mancanti"));
+  auto* column = new QVBoxLayout(this);
+  auto* head = new QLabel(
+      QStringLiteral(
+          "Il file non è stato creato: mancano questi dati. Completarli e premere di nuovo Avvia."),
+      this);
+  head->setWordWrap(true);
+  column->addWidget(head);
+  column->addWidget(table_, 1);
+
+  // The kind of message is the same in every row and says nothing to a person; the message comes first.
+  std::vector<std::size_t> order;
+  for (std::size_t i = 0; i < log.columns.size(); ++i) {
+    if (log.columns[i] == "Message") order.insert(order.begin(), i);
+    if (log.columns[i] != "Message" && log.columns[i] != "MessageType") order.push_back(i);
+  }
+  table_->setAccessibleName(QStringLiteral("Dati mancanti"));
+  table_->setColumnCount(static_cast<int>(order.size()));
+  table_->setRowCount(static_cast<int>(log.rows.size()));
+  table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  table_->setAlternatingRowColors(true);
+  table_->setTabKeyNavigation(false);
+  table_->verticalHeader()->hide();
+  for (int at = 0; const std::size_t from : order) {
+    const std::string& name = log.columns[from];
+    table_->setHorizontalHeaderItem(
+        at++, new QTableWidgetItem(name == "Message" ? QStringLiteral("Messaggio") : shown(name)));
+  }
+  for (int row = 0; const auto& values : log.rows) {
+    for (int at = 0; const std::size_t from : order) {
+      const std::string text = from < values.size() ? values[from].view().toText() : std::string();
+      table_->setItem(row, at++, new QTableWidgetItem(shown(text)));
+    }
+    ++row;
+  }
+  table_->resizeColumnsToContents();
+  table_->horizontalHeader()->setStretchLastSection(true);
+  if (!log.rows.empty()) table_->selectRow(0);
+
+  auto* buttons = new QDialogButtonBox(this);
+  QPushButton* const close = buttons->addButton(QStringLiteral("Chiudi"), QDialogButtonBox::AcceptRole);
+  QPushButton* const copied =
+      buttons->addButton(QStringLiteral("&Copia tutto"), QDialogButtonBox::ActionRole);
+  close->setDefault(true);
+  connect(close, &QPushButton::clicked, this, [this] { accept(); });
+  connect(copied, &QPushButton::clicked, this, [this] {
+    table_->selectAll();
+    copy();
+  });
+  column->addWidget(buttons);
+  resize(900, 420);
+  table_->setFocus();
+}
+
+void LogDialog::copy() {
+  QStringList copied;
+  for (const QModelIndex& row : table_->selectionModel()->selectedRows()) {
+    QStringList cells;
+    for (int at = 0; at < table_->columnCount(); ++at) cells += table_->item(row.row(), at)->text();
+    copied += cells.join(u'\t');
+  }
+  QApplication::clipboard()->setText(copied.join(u'\n'));
+}
+
+void LogDialog::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) {
+    copy();
+    return;
+  }
+  QDialog::keyPressEvent(event);
+}
+
+PrinterDialog::PrinterDialog(QWidget* parent)
+    : QDialog(parent), printers_(new QComboBox(this)), copies_(new QSpinBox(this)) {
+  setWindowTitle(QStringLiteral("Stampa"));
+  auto* column = new QVBoxLayout(this);
+  auto* form = new QFormLayout;
+  form->addRow(QStringLiteral("&Stampante"), printers_);
+  form->addRow(QStringLiteral("&Copie"), copies_);
+  column->addLayout(form);
+  const QStringList names = QPrinterInfo::availablePrinterNames();
+  printers_->addItems(names);
+  // A printer that the machine does not list may be there all the same.
+  printers_->setEditable(true);
+  printers_->setMinimumWidth(320);
+  printers_->setAccessibleName(QStringLiteral("Stampante"));
+  const int usual = static_cast<int>(names.indexOf(QPrinterInfo::defaultPrinterName()));
+  printers_->setCurrentIndex(usual >= 0 || names.isEmpty() ? usual : 0);
+  copies_->setRange(1, 9999);
+  copies_->setAccessibleName(QStringLiteral("Copie"));
+  if (names.isEmpty()) column->addWidget(new QLabel(QStringLiteral("Nessuna stampante è installata."), this));
+  auto* buttons = new QDialogButtonBox(this);
+  ok_ = buttons->addButton(QStringLiteral("Stampa"), QDialogButtonBox::AcceptRole);
+  buttons->addButton(QStringLiteral("Annulla"), QDialogButtonBox::RejectRole);
+  connect(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
+  connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
+  connect(printers_, &QComboBox::editTextChanged, this, [this] { allow(); });
+  column->addWidget(buttons);
+  allow();
+}
+
+void PrinterDialog::allow() { ok_->setEnabled(!printers_->currentText().trimmed().isEmpty()); }
+
+std::optional<PrinterChoice> PrinterDialog::choice() const {
+  if (result() != QDialog::Accepted) return std::nullopt;
+  return PrinterChoice{utf8(printers_->currentText().trimmed()), copies_->value()};
+}
+
+}  // namespace cu::desktop

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QDialog>
+#include <optional>
+
+#include "host/frontend.h"
+
+class QComboBox;
+class QPushButton;
+class QSpinBox;
+class QTableWidget;
+
+namespace cu::desktop {
+
+// The log of what is missing: a table to be read, copied from, and closed.
+class LogDialog : public QDialog {
+ public:
+  LogDialog(QWidget* parent, const LogTable& log);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void copy();
+  QTableWidget* table_;
+};
+
+// Printer and number of copies.
+class PrinterDialog : public QDialog {
+ public:
+  explicit PrinterDialog(QWidget* parent);
+  std::optional<PrinterChoice> choice() const;
+
+ private:
+  void allow();
+  QComboBox* printers_;
+  QSpinBox* copies_;
+  QPushButton* ok_;
+};
+
+}  // namespace cu::desktop

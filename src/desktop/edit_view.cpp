@@ -1,0 +1,211 @@
+#include "desktop/edit_view.h"
+
+#include <QCalendarWidget>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QToolButton>
+#include <QWidgetAction>
+
+#include "desktop/form_window.h"
+#include "desktop/text.h"
+#include "host/text.h"
+
+namespace cu::desktop {
+namespace {
+
+// A line that is selected whole when the keyboard or the first click comes to it, so that typing replaces it.
+class Line : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+  QString keypadMark;
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override {
+    QLineEdit::focusInEvent(event);
+    selectAll();
+    byMouse_ = event->reason() == Qt::MouseFocusReason;
+  }
+  void mouseReleaseEvent(QMouseEvent* event) override {
+    QLineEdit::mouseReleaseEvent(event);
+    if (byMouse_ && !hasSelectedText()) selectAll();
+    byMouse_ = false;
+  }
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool mark = event->key() == Qt::Key_Period || event->key() == Qt::Key_Comma;
+    if (mark && event->modifiers().testFlag(Qt::KeypadModifier) && !keypadMark.isEmpty() && !isReadOnly()) {
+      insert(keypadMark);
+      // An insertion by the program tells nobody that a person has typed.
+      emit textEdited(text());
+      return;
+    }
+    QLineEdit::keyPressEvent(event);
+  }
+
+ private:
+  bool byMouse_ = false;
+};
+
+struct Difference {
+  std::size_t at = 0;
+  std::size_t removed = 0;
+  std::u32string inserted;
+};
+
+// What was done to `before` for `now`, with the cursor behind what was inserted.
+Difference difference(const std::u32string& before, const std::u32string& now, std::size_t cursor) {
+  const std::size_t tail = now.size() - std::min(cursor, now.size());
+  std::size_t behind = 0;
+  while (behind < tail && behind < before.size() &&
+         before[before.size() - 1 - behind] == now[now.size() - 1 - behind]) {
+    ++behind;
+  }
+  std::size_t at = 0;
+  while (at < before.size() - behind && at < now.size() - behind && before[at] == now[at]) ++at;
+  return {at, before.size() - behind - at, now.substr(at, now.size() - behind - at)};
+}
+
+std::u32string points(const QString& text) { return text.toStdU32String(); }
+
+std::string utf8Of(const std::u32string& text) {
+  std::string bytes;
+  for (const char32_t point : text) appendUtf8(bytes, point);
+  return bytes;
+}
+
+}  // namespace
+
+void paintBackground(QWidget& widget, Background background) {
+  QPalette palette;
+  if (background == Background::Face) palette.setBrush(QPalette::Base, palette.brush(QPalette::Window));
+  widget.setPalette(palette);
+}
+
+EditView::EditView(FormWindow& window, EditBox& box, QWidget* parent)
+    : View(window, box), box_(box), line_(new Line(parent)) {
+  setWidget(line_);
+  QObject::connect(line_, &QLineEdit::textEdited, line_, [this](const QString& now) {
+    if (live()) edited(now);
+  });
+}
+
+QList<QWidget*> EditView::focusWidgets() const { return {line_}; }
+
+void EditView::edited(const QString& now) {
+  const std::u32string before = points(shown(box_.text()));
+  const std::u32string after = points(now);
+  const int cursor = line_->cursorPosition();
+  const Difference what = difference(before, after, points(now.left(cursor)).size());
+  bool taken = false;
+  act([&] {
+    if (what.inserted.empty()) {
+      taken = box_.eraseAt(what.at, what.removed);
+    } else if (what.inserted.size() == 1) {
+      taken = box_.typeAt(what.at, what.removed, what.inserted.front());
+    } else {
+      taken = box_.pasteAt(what.at, what.removed, utf8Of(what.inserted));
+    }
+  });
+  if (!live()) return;
+  if (line_->text() != now) line_->setText(shown(box_.text()));
+  const auto kept = static_cast<qsizetype>(what.at + (taken ? 0 : what.removed));
+  if (!taken) line_->setCursorPosition(static_cast<int>(QString::fromStdU32String(before).left(kept).size()));
+}
+
+void EditView::refresh() {
+  const QString text = shown(box_.text());
+  if (line_->text() != text) {
+    const int cursor = line_->cursorPosition();
+    const bool all = line_->hasFocus() && line_->selectedText() == line_->text();
+    line_->setText(text);
+    if (all) {
+      line_->selectAll();
+    } else {
+      line_->setCursorPosition(line_->hasFocus() ? std::min(cursor, static_cast<int>(text.size())) : 0);
+    }
+  }
+  if (line_->isReadOnly() != box_.locked()) line_->setReadOnly(box_.locked());
+  paintBackground(*line_, box_.background());
+}
+
+NumericView::NumericView(FormWindow& window, EditBox& box, QWidget* parent, std::string decimalPoint)
+    : EditView(window, box, parent) {
+  line()->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  static_cast<Line*>(line())->keypadMark = shown(decimalPoint);
+}
+
+DateView::DateView(FormWindow& window, DateBox& box, QWidget* parent)
+    : EditView(window, box, new QWidget(parent)), date_(box), opener_(new QToolButton) {
+  QWidget* const around = line()->parentWidget();
+  auto* row = new QHBoxLayout(around);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(2);
+  row->addWidget(line());
+  row->addWidget(opener_);
+  row->addStretch(1);
+  line()->setPlaceholderText(QStringLiteral("gg/mm/aaaa"));
+  line()->setFixedWidth(line()->fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000  ")) + 24);
+  opener_->setText(QStringLiteral("▾"));
+  opener_->setToolTip(QStringLiteral("Calendario (Alt+Giù)"));
+  opener_->setAccessibleName(QStringLiteral("Apri il calendario"));
+  opener_->setFocusPolicy(Qt::NoFocus);
+  surround(around);
+  QObject::connect(opener_, &QToolButton::clicked, opener_, [this] { openCalendar(); });
+  auto* byKey = new QAction(line());
+  byKey->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Down));
+  byKey->setShortcutContext(Qt::WidgetShortcut);
+  line()->addAction(byKey);
+  QObject::connect(byKey, &QAction::triggered, line(), [this] { openCalendar(); });
+}
+
+void DateView::refresh() {
+  EditView::refresh();
+  opener_->setEnabled(!date_.locked());
+}
+
+// "0503" is on its way to "05/03": the slash comes before the digit that follows day or month.
+void DateView::edited(const QString& now) {
+  const QString before = shown(date_.text());
+  const bool appended = now.size() == before.size() + 1 && now.startsWith(before) && now.back().isDigit();
+  const bool dayDone = before.size() == 2 && before[0].isDigit() && before[1].isDigit();
+  const bool monthDone = before.size() == 5 && before[2] == u'/' && before[4].isDigit();
+  if (!appended || (!dayDone && !monthDone)) {
+    EditView::edited(now);
+    return;
+  }
+  const char32_t digit = now.back().unicode();
+  act([&] {
+    if (date_.type(U'/')) date_.type(digit);
+  });
+  if (live()) line()->end(false);
+}
+
+void DateView::openCalendar() {
+  if (!live()) return;
+  window().act(date_, {});
+  if (!live() || !date_.available() || date_.locked()) return;
+  QMenu menu(line());
+  auto* calendar = new QCalendarWidget(&menu);
+  calendar->setFirstDayOfWeek(Qt::Monday);
+  calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  const QDate day = QDate::fromString(shown(date_.text()), QStringLiteral("dd/MM/yyyy"));
+  if (day.isValid()) calendar->setSelectedDate(day);
+  auto* holder = new QWidgetAction(&menu);
+  holder->setDefaultWidget(calendar);
+  menu.addAction(holder);
+  QDate chosen;
+  const auto take = [&](QDate picked) {
+    chosen = picked;
+    menu.close();
+  };
+  QObject::connect(calendar, &QCalendarWidget::clicked, &menu, take);
+  QObject::connect(calendar, &QCalendarWidget::activated, &menu, take);
+  QMetaObject::invokeMethod(
+      calendar, [calendar] { calendar->setFocus(); }, Qt::QueuedConnection);
+  menu.exec(line()->mapToGlobal(QPoint(0, line()->height())));
+  if (!live() || !chosen.isValid()) return;
+  act([&] { date_.paste(utf8(chosen.toString(QStringLiteral("dd/MM/yyyy")))); });
+}
+
+}  // namespace cu::desktop

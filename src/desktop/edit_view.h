@@ -1,0 +1,54 @@
+#pragma once
+
+#include "desktop/view.h"
+#include "host/datebox.h"
+#include "host/textbox.h"
+
+class QLineEdit;
+class QToolButton;
+
+namespace cu::desktop {
+
+// A box to type in. The widget lets the person type; what has changed is handed to the box as the one
+// character, paste or deletion that it was, and the box says what the text is.
+class EditView : public View {
+ public:
+  EditView(FormWindow& window, EditBox& box, QWidget* parent);
+  QList<QWidget*> focusWidgets() const override;
+  QLineEdit* line() const { return line_; }
+
+ protected:
+  void refresh() override;
+  EditBox& box() const { return box_; }
+  // For a subclass that surrounds the line with more.
+  void surround(QWidget* with) { setWidget(with); }
+  virtual void edited(const QString& now);
+
+ private:
+  EditBox& box_;
+  QLineEdit* line_;
+};
+
+// Amounts and numbers stand at the right; the decimal key of the keypad types the currency's mark.
+class NumericView : public EditView {
+ public:
+  NumericView(FormWindow& window, EditBox& box, QWidget* parent, std::string decimalPoint);
+};
+
+// A date: the slashes come by themselves where they belong, and a calendar opens beside it.
+class DateView : public EditView {
+ public:
+  DateView(FormWindow& window, DateBox& box, QWidget* parent);
+
+ private:
+  void refresh() override;
+  void edited(const QString& now) override;
+  void openCalendar();
+  DateBox& date_;
+  QToolButton* opener_;
+};
+
+// How a box's background is drawn.
+void paintBackground(QWidget& widget, Background background);
+
+}  // namespace cu::desktop

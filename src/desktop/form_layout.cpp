@@ -1,0 +1,283 @@
+#include "desktop/form_layout.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/foot.h"
+#include "desktop/grid_view.h"
+#include "desktop/layouter.h"
+#include "desktop/shell_views.h"
+#include "desktop/simple_views.h"
+#include "desktop/text.h"
+#include "host/band.h"
+#include "host/grid.h"
+#include "host/menubar.h"
+#include "host/tabs.h"
+
+namespace cu::desktop {
+namespace {
+
+constexpr int kMargin = 12;
+constexpr int kNarrowBelow = 860;  // the band shows numbers only
+
+// Tells the band how wide the window is.
+class BandWidth : public QObject {
+ public:
+  BandWidth(FormWindow& window, BandView& band) : QObject(&window), window_(window), band_(band) {
+    window.installEventFilter(this);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Resize) band_.setNarrow(window_.width() < kNarrowBelow);
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  FormWindow& window_;
+  BandView& band_;
+};
+
+// What a form has at its top level, by the place it takes.
+struct Parts {
+  Control* menu = nullptr;
+  Control* band = nullptr;
+  std::vector<Frame*> pages;
+  std::vector<Control*> content;
+  std::vector<Control*> above;   // buttons and links over the pages
+  std::vector<Control*> bottom;  // the buttons at the foot
+};
+
+Parts partsOf(FormWindow& window) {
+  Parts parts;
+  const Form& form = window.form();
+  const auto controls = Layouter(window).inside(nullptr);
+  for (Control* control : controls) {
+    auto* const frame = dynamic_cast<Frame*>(control);
+    if (dynamic_cast<MenuBar*>(control) != nullptr) {
+      parts.menu = control;
+    } else if (dynamic_cast<SideBand*>(control) != nullptr) {
+      parts.band = control;
+    } else if (frame != nullptr && isPage(*frame)) {
+      parts.pages.push_back(frame);
+    } else {
+      parts.content.push_back(control);
+    }
+  }
+  // The buttons that close the form stand at its foot; where it has pages, its other ones stand above them.
+  while (!parts.content.empty() && kindOf(*parts.content.back()) == Kind::Button) {
+    parts.bottom.insert(parts.bottom.begin(), parts.content.back());
+    parts.content.pop_back();
+  }
+  if (parts.pages.empty() || parts.band != nullptr) return parts;
+  const auto closes = [&](const Control* control) {
+    return control == form.defaultButton || control == form.cancelButton;
+  };
+  std::vector<Control*> all = parts.content;
+  all.insert(all.end(), parts.bottom.begin(), parts.bottom.end());
+  parts.content.clear();
+  parts.bottom.clear();
+  for (Control* control : all) (closes(control) ? parts.bottom : parts.above).push_back(control);
+  return parts;
+}
+
+// The box beside a grid in which a person looks for a payee.
+void addSearch(FormWindow& window, QBoxLayout& column, Grid& grid, GridView& view) {
+  auto* row = new QHBoxLayout;
+  auto* caption = new QLabel(QStringLiteral("&Cerca percipiente"), column.parentWidget());
+  auto* box = new QLineEdit(column.parentWidget());
+  caption->setBuddy(box);
+  box->setObjectName(QStringLiteral("ricercaRapida"));
+  box->setAccessibleName(QStringLiteral("Cerca percipiente"));
+  box->setPlaceholderText(QStringLiteral("Invio: il prossimo"));
+  box->setClearButtonEnabled(true);
+  box->setMaximumWidth(320);
+  row->addWidget(caption);
+  row->addWidget(box, 1);
+  row->addStretch(1);
+  column.addLayout(row);
+  auto* pause = new QTimer(box);
+  pause->setSingleShot(true);
+  pause->setInterval(120);
+  const auto search = [box, &view](bool behind) {
+    if (box->text().trimmed().isEmpty()) return;
+    const bool found = view.search(box->text().trimmed(), behind);
+    QPalette palette;
+    if (!found) palette.setColor(QPalette::Text, QColor(0xC0, 0x30, 0x30));
+    box->setPalette(palette);
+  };
+  QObject::connect(box, &QLineEdit::textEdited, box, [box, pause] {
+    box->setPalette({});
+    pause->start();
+  });
+  QObject::connect(pause, &QTimer::timeout, box, [search] { search(false); });
+  QObject::connect(box, &QLineEdit::returnPressed, box, [search, pause] {
+    pause->stop();
+    search(true);
+  });
+  window.addExtra(box, grid);
+}
+
+bool hasGrid(const std::vector<Control*>& controls) {
+  return std::any_of(controls.begin(), controls.end(),
+                     [](Control* control) { return dynamic_cast<Grid*>(control) != nullptr; });
+}
+
+// A page around a grid: what stands before the grid, the grid as large as there is room, what stands behind.
+void layOutGridPage(FormWindow& window, Frame& page) {
+  Layouter layouter(window);
+  QWidget* const into = window.view(page)->widget();
+  auto* column = new QVBoxLayout(into);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin / 2);
+  std::vector<Control*> buttons;
+  std::vector<Frame*> frames;
+  QBoxLayout* const buttonRow = new QHBoxLayout;
+  for (Control* control : layouter.inside(&page)) {
+    if (auto* const grid = dynamic_cast<Grid*>(control)) {
+      auto& view = static_cast<GridView&>(window.make(*grid, into));
+      if (!window.form().stages().empty()) addSearch(window, *column, *grid, view);
+      column->addWidget(view.widget(), 1);
+      column->addLayout(buttonRow);
+    } else if (kindOf(*control) == Kind::Button) {
+      buttons.push_back(control);
+    } else if (auto* const frame = dynamic_cast<Frame*>(control)) {
+      frames.push_back(frame);
+      window.make(*frame, into);
+    } else {
+      column->addWidget(window.make(*control, into).widget());
+    }
+  }
+  layouter.fillRow(*buttonRow, buttons);
+  buttonRow->addStretch(1);
+  // The fields of the row that the grid shows: below it, scrolling.
+  for (Frame* frame : frames) {
+    layouter.fillFrame(*frame);
+    auto* area = new ContentArea(into);
+    area->setWidget(window.view(*frame)->widget());
+    column->addWidget(area, 3);
+    window.addScrollArea(area);
+  }
+}
+
+void layOutPage(FormWindow& window, Frame& page) {
+  Layouter layouter(window);
+  const auto controls = layouter.inside(&page);
+  if (hasGrid(controls)) {
+    layOutGridPage(window, page);
+    return;
+  }
+  QWidget* const into = window.view(page)->widget();
+  auto* column = new QVBoxLayout(into);
+  column->setContentsMargins(0, 0, 0, 0);
+  auto* area = new ContentArea(into);
+  auto* content = new QWidget;
+  auto* inner = new QVBoxLayout(content);
+  inner->setContentsMargins(kMargin, kMargin, kMargin, kMargin / 2);
+  auto* rows = new QWidget(content);
+  inner->addWidget(rows);
+  inner->addStretch(1);
+  layouter.fill(rows, controls);
+  if (rows->layout() != nullptr) rows->layout()->setContentsMargins(0, 0, 0, 0);
+  area->setWidget(content);
+  column->addWidget(area);
+  window.addScrollArea(area);
+}
+
+void layOutBottom(FormWindow& window, QBoxLayout& root, const Parts& parts) {
+  if (parts.bottom.empty()) return;
+  auto* row = new QHBoxLayout;
+  row->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin);
+  row->addStretch(1);
+  root.addLayout(row);
+  Layouter(window).fillRow(*row, parts.bottom);
+}
+
+// The frame of the wizard's buttons: help at the left, the way on at the right.
+void layOutNavigation(FormWindow& window, QBoxLayout& root, const std::vector<Control*>& content) {
+  Layouter layouter(window);
+  for (Control* control : content) {
+    auto* const frame = dynamic_cast<Frame*>(control);
+    if (frame == nullptr) continue;
+    QWidget* const bar = window.make(*frame, &window).widget();
+    root.addWidget(bar);
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
+    const auto buttons = layouter.inside(frame);
+    layouter.fillRow(*row, {buttons.front()});
+    row->addStretch(1);
+    layouter.fillRow(*row, {buttons.begin() + 1, buttons.end()});
+  }
+}
+
+void layOutWizard(FormWindow& window, QBoxLayout& root, const Parts& parts) {
+  auto* middle = new QHBoxLayout;
+  middle->setSpacing(0);
+  root.addLayout(middle, 1);
+  auto& band = static_cast<BandView&>(window.make(*parts.band, &window));
+  middle->addWidget(band.widget());
+  new BandWidth(window, band);
+  for (Frame* page : parts.pages) {
+    middle->addWidget(window.make(*page, &window).widget(), 1);
+    layOutPage(window, *page);
+  }
+  layOutNavigation(window, root, parts.content);
+  auto* foot = new Foot(&window);
+  root.addWidget(foot);
+  window.setFoot(foot);
+}
+
+void layOutPages(FormWindow& window, QBoxLayout& root, const Parts& parts) {
+  auto* above = new QHBoxLayout;
+  above->setContentsMargins(kMargin, kMargin / 2, kMargin, 0);
+  root.addLayout(above);
+  Layouter(window).fillRow(*above, parts.above);
+  above->addStretch(1);
+  for (Frame* page : parts.pages) {
+    root.addWidget(window.make(*page, &window).widget(), 1);
+    layOutPage(window, *page);
+  }
+  layOutBottom(window, root, parts);
+}
+
+void layOutDialog(FormWindow& window, QBoxLayout& root, const Parts& parts) {
+  auto* area = new ContentArea(&window);
+  auto* content = new QWidget;
+  Layouter layouter(window);
+  layouter.fill(content, parts.content);
+  if (auto* const grid = content->layout()) grid->setContentsMargins(kMargin, kMargin, kMargin, 0);
+  content->setMinimumWidth(std::min(420, 36 * content->fontMetrics().averageCharWidth()));
+  area->setWidget(content);
+  root.addWidget(area, 1);
+  layOutBottom(window, root, parts);
+}
+
+}  // namespace
+
+void layOut(FormWindow& window) {
+  const Parts parts = partsOf(window);
+  auto* root = new QVBoxLayout(&window);
+  root->setContentsMargins(0, 0, 0, 0);
+  root->setSpacing(0);
+  if (parts.menu != nullptr) {
+    root->setMenuBar(window.make(*parts.menu, &window).widget());
+  }
+  if (parts.band != nullptr) {
+    layOutWizard(window, *root, parts);
+  } else if (!parts.pages.empty()) {
+    layOutPages(window, *root, parts);
+  } else {
+    layOutDialog(window, *root, parts);
+  }
+  Layouter(window).nameAll();
+}
+
+void showShrunk(FormWindow& window) {
+  const bool shrunk = window.form().shrunk();
+  if (window.property("shrunk").toBool() == shrunk) return;
+  window.setProperty("shrunk", shrunk);
+  if (window.isVisible()) QTimer::singleShot(0, &window, [&window] { window.resize(window.sizeHint()); });
+}
+
+}  // namespace cu::desktop

@@ -1,0 +1,290 @@
+#include "desktop/form_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTableView>
+#include <QTimer>
+#include <QWheelEvent>
+#include <algorithm>
+#include <utility>
+
+#include "desktop/focus_ring.h"
+#include "desktop/form_layout.h"
+#include "desktop/keys.h"
+#include "desktop/qt_front_end.h"
+#include "desktop/text.h"
+#include "desktop/view_factory.h"
+#include "host/grid.h"
+
+namespace cu::desktop {
+namespace {
+
+constexpr int kNotch = 120;  // of a mouse wheel
+
+QScrollArea* areaAround(const QWidget* widget) {
+  for (QWidget* at = widget->parentWidget(); at != nullptr; at = at->parentWidget()) {
+    if (auto* area = qobject_cast<QScrollArea*>(at)) return area;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+FormWindow::FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent)
+    : QWidget(parent, parent == nullptr ? Qt::Window : Qt::Dialog), frontEnd_(frontEnd), form_(&form) {
+  setObjectName(shown(form.name()));
+  layOut(*this);
+  for (const auto& view : views_) view->refreshAll();
+  orderTabs();
+  new FocusRing(this);
+  form.attach([this] { formChanged(); });
+  formChanged();
+}
+
+FormWindow::~FormWindow() = default;
+
+void FormWindow::detach(bool alive) {
+  if (form_ == nullptr) return;
+  if (alive) {
+    form_->attach({});
+    for (Control* control : form_->controls()) control->attach(nullptr);
+  }
+  for (const auto& view : views_) view->detach();
+  form_ = nullptr;
+}
+
+View* FormWindow::view(const Control& control) const {
+  const auto found = byControl_.find(&control);
+  return found == byControl_.end() ? nullptr : found->second;
+}
+
+View& FormWindow::make(Control& control, QWidget* parent) {
+  views_.push_back(makeView(*this, control, parent));
+  View& made = *views_.back();
+  byControl_[&control] = &made;
+  control.attach(&made);
+  made.widget()->setObjectName(shown(control.name()));
+  for (QWidget* taker : made.focusWidgets()) {
+    byWidget_[taker] = &made;
+    taker->installEventFilter(this);
+  }
+  return made;
+}
+
+void FormWindow::addExtra(QWidget* extra, const Control& before) {
+  extras_.emplace(&before, extra);
+  extra->installEventFilter(this);
+}
+
+void FormWindow::orderTabs() {
+  QWidget* last = nullptr;
+  const auto append = [&](QWidget* widget) {
+    if (last != nullptr) setTabOrder(last, widget);
+    last = widget;
+  };
+  for (const Control* control : form_->controls()) {
+    const auto [first, end] = extras_.equal_range(control);
+    for (auto extra = first; extra != end; ++extra) append(extra->second);
+    const View* const shownBy = view(*control);
+    if (shownBy == nullptr) continue;
+    for (QWidget* taker : shownBy->focusWidgets()) append(taker);
+  }
+}
+
+void FormWindow::freeze(bool frozen) {
+  for (QTableView* table : findChildren<QTableView*>()) table->setUpdatesEnabled(!frozen);
+}
+
+void FormWindow::act(Control& control, const Event& event) {
+  if (live() && !frontEnd_.busy()) frontEnd_.perform(control, event);
+  afterEvent();
+}
+
+void FormWindow::act(const Event& event) {
+  if (live() && !frontEnd_.busy()) frontEnd_.perform(*form_, event);
+  afterEvent();
+}
+
+void FormWindow::afterEvent() {
+  if (!live()) return;
+  for (const auto& view : views_) view->afterEvent();
+  syncFocus();
+}
+
+void FormWindow::formChanged() {
+  if (!live()) return;
+  setWindowTitle(shown(form_->caption()));
+  syncFocus();
+  syncScroll();
+  showShrunk(*this);
+}
+
+// The window's focus follows the form's.
+void FormWindow::syncFocus() {
+  const Control* const wanted = form_->focus();
+  QWidget* const has = focusWidget();
+  const auto showing = byWidget_.find(has);
+  // A field of the window's own keeps the keyboard until the form gives the focus to somebody else.
+  const bool same = std::exchange(focusShown_, wanted) == wanted;
+  if (same && has != nullptr && showing == byWidget_.end()) return;
+  if (wanted == nullptr) {
+    if (showing != byWidget_.end()) has->clearFocus();
+    return;
+  }
+  View* const target = view(*wanted);
+  if (target == nullptr || (showing != byWidget_.end() && showing->second == target)) return;
+  const QList<QWidget*> takers = target->focusWidgets();
+  if (takers.isEmpty()) return;
+  syncingFocus_ = true;
+  takers.first()->setFocus(Qt::OtherFocusReason);
+  syncingFocus_ = false;
+}
+
+// The form's focus follows the window's.
+void FormWindow::takeFocus(View& taken, QWidget* widget) {
+  if (QScrollArea* const area = areaAround(widget)) area->ensureWidgetVisible(widget, 24, 40);
+  if (syncingFocus_ || !live() || frontEnd_.busy() || !taken.live()) return;
+  for (Control* control : form_->controls()) {
+    if (view(*control) != &taken || form_->focus() == control) continue;
+    act(*control, {});
+    return;
+  }
+}
+
+bool FormWindow::key(QKeyEvent* event) {
+  const FormKey pressed = formKey(*event);
+  if (pressed.code == 0 || pressed.code == 9) return false;
+  Control* const focus = form_->focus();
+  const bool enter = pressed.code == 13;
+  auto* const button = dynamic_cast<Button*>(focus);
+  const auto showing = byWidget_.find(focusWidget());
+  // A key in a field of the view's own is the view's, but for those that the whole form listens to.
+  auto* const grid = showing == byWidget_.end() ? nullptr : dynamic_cast<Grid*>(focus);
+  if (enter && showing != byWidget_.end()) showing->second->commit();
+  if (!live()) return true;
+  bool consumed = false;
+  if (grid != nullptr) {
+    act(*grid, [&] { consumed = grid->keyDown(pressed.code, pressed.shift); });
+  } else if (enter && button != nullptr && showing != byWidget_.end()) {
+    // Enter presses the button that has the focus, not the default one.
+    act([&] {
+      std::int16_t code = pressed.code;
+      std::int16_t shift = pressed.shift;
+      if (form_->onKeyDown) form_->onKeyDown(code, shift);
+      consumed = code == 0;
+    });
+    if (!consumed && live() && button->available()) act(*button, [&] { button->click(); });
+    consumed = true;
+  } else {
+    Form& form = *form_;
+    act([&] { consumed = form.keyDown(pressed.code, pressed.shift); });
+    consumed = consumed || enter || pressed.code == 27;
+  }
+  return consumed || !live();
+}
+
+bool FormWindow::wheel(QWheelEvent* event) {
+  if (!live() || form_->scroll() == nullptr) return false;
+  wheelRest_ += event->angleDelta().y();
+  while (std::abs(wheelRest_) >= kNotch && live()) {
+    const int notch = wheelRest_ > 0 ? kNotch : -kNotch;
+    wheelRest_ -= notch;
+    Form& form = *form_;
+    act([&] { form.wheel(notch); });
+  }
+  event->accept();
+  return true;
+}
+
+void FormWindow::addScrollArea(QScrollArea* area) {
+  scrollAreas_.push_back(area);
+  area->viewport()->installEventFilter(this);
+  connect(area->verticalScrollBar(), &QScrollBar::actionTriggered, this,
+          [this, area] { QTimer::singleShot(0, this, [this, area] { barMoved(area); }); });
+  connect(area->verticalScrollBar(), &QScrollBar::rangeChanged, this, [this] {
+    scrollShown_ = -1;
+    if (live()) syncScroll();
+  });
+}
+
+// The bar in the form has few steps, the one on the screen many: only a change of the form's moves the
+// screen's.
+void FormWindow::syncScroll() {
+  const Form::Scroll* const scroll = form_->scroll();
+  if (scroll == nullptr || scroll->position == scrollShown_ || syncingScroll_) return;
+  scrollShown_ = scroll->position;
+  for (QScrollArea* area : scrollAreas_) {
+    QScrollBar* const bar = area->verticalScrollBar();
+    if (scroll->max > 0) bar->setValue(bar->maximum() * scroll->position / scroll->max);
+  }
+}
+
+// A person has moved the bar on the screen: the form's follows, step by step.
+void FormWindow::barMoved(const QScrollArea* area) {
+  const QScrollBar* const bar = area->verticalScrollBar();
+  if (!live() || bar->maximum() <= 0 || form_->scroll() == nullptr) return;
+  Form& form = *form_;
+  const int max = form.scroll()->max;
+  const int wanted = (bar->value() * max + bar->maximum() / 2) / bar->maximum();
+  syncingScroll_ = true;
+  for (int step = 0; step <= max && live() && form.scroll()->position != wanted; ++step) {
+    const int notch = form.scroll()->position > wanted ? kNotch : -kNotch;
+    act([&] { form.wheel(notch); });
+  }
+  syncingScroll_ = false;
+  if (live()) scrollShown_ = form.scroll()->position;
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (!live()) return QWidget::eventFilter(watched, event);
+  switch (event->type()) {
+    case QEvent::FocusIn: {
+      const auto found = byWidget_.find(watched);
+      if (found != byWidget_.end()) takeFocus(*found->second, static_cast<QWidget*>(watched));
+      break;
+    }
+    case QEvent::KeyPress:
+      if (key(static_cast<QKeyEvent*>(event))) return true;
+      break;
+    case QEvent::Wheel: {
+      // A list's choice does not change because the page is scrolled over it.
+      auto* const turned = static_cast<QWheelEvent*>(event);
+      if (wheel(turned)) return true;
+      if (qobject_cast<QComboBox*>(watched) != nullptr) {
+        event->ignore();
+        return true;
+      }
+      break;
+    }
+    default:
+      break;
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  // Only what no control has had: the focus is nowhere.
+  if (live() && byWidget_.find(focusWidget()) == byWidget_.end() && key(event)) return;
+  QWidget::keyPressEvent(event);
+}
+
+// A click beside the controls takes the focus away, as it ends the typing in a field.
+void FormWindow::mousePressEvent(QMouseEvent* event) {
+  QWidget::mousePressEvent(event);
+  if (!live() || form_->focus() == nullptr) return;
+  Form& form = *form_;
+  act([&] { form.setFocus(nullptr); });
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (!live()) return;
+  Form& form = *form_;
+  act([&] { form.close(); });
+}
+
+}  // namespace cu::desktop

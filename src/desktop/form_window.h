@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QWidget>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "desktop/view.h"
+#include "host/form.h"
+
+class QScrollArea;
+
+namespace cu::desktop {
+
+class Foot;
+class QtFrontEnd;
+
+// The window of a form: a view for each control, the focus kept equal in window and form, keys, wheel and
+// close box handed over as the form expects them.
+class FormWindow : public QWidget {
+ public:
+  FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent);
+  ~FormWindow() override;
+
+  QtFrontEnd& frontEnd() const { return frontEnd_; }
+  Form& form() const { return *form_; }
+  bool live() const { return form_ != nullptr; }
+  // The form is closed. `alive`: its controls are still there and are told that nobody shows them any more.
+  void detach(bool alive);
+
+  View* view(const Control& control) const;
+  // For the layout: makes the view of a control, its widget a child of `parent`.
+  View& make(Control& control, QWidget* parent);
+  // A widget of the view's own, with no control behind it, in the order of tabbing before `control`.
+  void addExtra(QWidget* extra, const Control& before);
+
+  void act(Control& control, const Event& event);
+  void act(const Event& event);  // of the form itself
+
+  Foot* foot() const { return foot_; }
+  void setFoot(Foot* foot) { foot_ = foot; }
+  // The views look again at what may have moved without telling.
+  void afterEvent();
+  // Behind a modal form: the tables stay as they are drawn.
+  void freeze(bool frozen);
+  // The scrolling bar of the form is that of whichever of these is visible.
+  void addScrollArea(QScrollArea* area);
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+
+ private:
+  void formChanged();
+  void syncFocus();
+  void syncScroll();
+  void takeFocus(View& view, QWidget* widget);
+  void orderTabs();
+  bool key(QKeyEvent* event);
+  bool wheel(QWheelEvent* event);
+  void barMoved(const QScrollArea* area);
+  void enter();
+
+  QtFrontEnd& frontEnd_;
+  Form* form_;
+  std::vector<std::unique_ptr<View>> views_;
+  std::map<const Control*, View*> byControl_;
+  std::map<const QObject*, View*> byWidget_;
+  std::multimap<const Control*, QWidget*> extras_;
+  std::vector<QScrollArea*> scrollAreas_;
+  Foot* foot_ = nullptr;
+  const Control* focusShown_ = nullptr;
+  bool syncingFocus_ = false;
+  bool syncingScroll_ = false;
+  int scrollShown_ = -1;
+  int wheelRest_ = 0;
+};
+
+}  // namespace cu::desktop

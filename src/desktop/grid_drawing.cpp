@@ -1,0 +1,85 @@
+#include "desktop/grid_drawing.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <algorithm>
+
+#include "desktop/grid_model.h"
+
+namespace cu::desktop {
+namespace {
+
+constexpr int kPadding = 6;
+constexpr int kWrap = Qt::TextWordWrap | Qt::AlignVCenter;
+
+}  // namespace
+
+WrappedHeader::WrappedHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+  setSectionsMovable(true);
+  setSectionsClickable(true);
+  setHighlightSections(false);
+  setMinimumSectionSize(22);
+  connect(this, &QHeaderView::sectionResized, this, [this] { fitHeight(); });
+}
+
+QSize WrappedHeader::sectionSizeFromContents(int column) const {
+  const QString caption = model()->headerData(column, orientation(), Qt::DisplayRole).toString();
+  const QRect room(0, 0, std::max(20, sectionSize(column) - kPadding), 1000);
+  return fontMetrics().boundingRect(room, kWrap, caption).size() + QSize(kPadding, kPadding);
+}
+
+void WrappedHeader::fitHeight() {
+  int height = fontMetrics().height() + kPadding;
+  for (int column = 0; column < count(); ++column) {
+    if (!isSectionHidden(column)) height = std::max(height, sectionSizeFromContents(column).height());
+  }
+  if (height == height_) return;
+  height_ = height;
+  updateGeometry();
+  emit geometriesChanged();
+}
+
+QSize WrappedHeader::sizeHint() const { return {QHeaderView::sizeHint().width(), std::max(height_, 24)}; }
+
+void WrappedHeader::paintSection(QPainter* painter, const QRect& place, int column) const {
+  QStyleOptionHeader option;
+  initStyleOption(&option);
+  option.rect = place;
+  option.section = column;
+  style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
+  const QString caption = model()->headerData(column, orientation(), Qt::DisplayRole).toString();
+  const int align =
+      model()->headerData(column, orientation(), Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask;
+  painter->setPen(palette().color(QPalette::ButtonText));
+  painter->drawText(place.adjusted(kPadding / 2, 0, -kPadding / 2, 0), kWrap | align, caption);
+}
+
+void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const {
+  const auto* const model = static_cast<const GridModel*>(index.model());
+  const bool menu = model->isMenu(index.column());
+  if (!menu && !model->isFlag(index.column())) {
+    QStyledItemDelegate::paint(painter, option, index);
+    return;
+  }
+  QStyleOptionViewItem cell = option;
+  initStyleOption(&cell, index);
+  cell.text.clear();
+  const QWidget* const widget = option.widget;
+  const QStyle* const style = widget != nullptr ? widget->style() : QApplication::style();
+  style->drawControl(QStyle::CE_ItemViewItem, &cell, painter, widget);
+  const int side = std::min(style->pixelMetric(QStyle::PM_IndicatorWidth), option.rect.height() - 4);
+  QStyleOption mark;
+  mark.initFrom(widget);
+  mark.rect = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, {side, side}, option.rect);
+  mark.state = QStyle::State_Enabled;
+  if (menu) {
+    mark.palette = cell.palette;
+    style->drawPrimitive(QStyle::PE_IndicatorArrowDown, &mark, painter, widget);
+    return;
+  }
+  mark.state |= model->flag(index.row(), index.column()) ? QStyle::State_On : QStyle::State_Off;
+  style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &mark, painter, widget);
+}
+
+}  // namespace cu::desktop

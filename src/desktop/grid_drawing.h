@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QHeaderView>
+#include <QStyledItemDelegate>
+
+namespace cu::desktop {
+
+// A header whose captions wrap, as high as the highest of them needs.
+class WrappedHeader : public QHeaderView {
+ public:
+  explicit WrappedHeader(QWidget* parent);
+  void fitHeight();
+  QSize sizeHint() const override;
+
+ protected:
+  QSize sectionSizeFromContents(int column) const override;
+  void paintSection(QPainter* painter, const QRect& place, int column) const override;
+
+ private:
+  int height_ = 0;
+};
+
+// Flags as marks, the row menu as its arrow, everything else as text.
+class CellPainter : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+};
+
+}  // namespace cu::desktop

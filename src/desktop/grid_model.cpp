@@ -1,0 +1,138 @@
+#include "desktop/grid_model.h"
+
+#include "desktop/text.h"
+
+namespace cu::desktop {
+namespace {
+
+constexpr int kRight = 1;
+constexpr int kCentre = 2;
+
+bool sameColumns(const std::vector<GridColumn>& a, const std::vector<GridColumn>& b) {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (a[i].field != b[i].field || a[i].visible != b[i].visible) return false;
+  }
+  return true;
+}
+
+Qt::Alignment aligned(int alignment) {
+  if (alignment == kRight) return Qt::AlignRight | Qt::AlignVCenter;
+  if (alignment == kCentre) return Qt::AlignCenter;
+  return Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+}  // namespace
+
+GridModel::GridModel(Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(&grid) { refresh(); }
+
+void GridModel::refresh() {
+  if (grid_ == nullptr || !grid_->drawing()) return;
+  cached_ = -1;
+  const auto rows = static_cast<int>(grid_->rowCount());
+  const bool another = rows != rows_ || !sameColumns(columns_, grid_->columns());
+  if (another) beginResetModel();
+  columns_ = grid_->columns();
+  rows_ = rows;
+  fields_.assign(columns_.size(), Columns::kNone);
+  if (rows_ > 0) {
+    const Columns& fields = grid_->rows()->Fields();
+    for (std::size_t i = 0; i < columns_.size(); ++i) fields_[i] = fields.find(columns_[i].field);
+    cells_.resize(fields.size());
+  }
+  if (another) {
+    endResetModel();
+    return;
+  }
+  if (columns_.empty()) return;
+  const int last = static_cast<int>(columns_.size()) - 1;
+  emit headerDataChanged(Qt::Horizontal, 0, last);
+  if (rows_ > 0) emit dataChanged(index(0, 0), index(rows_ - 1, last));
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+const CellView& GridModel::cell(int row, int column) const {
+  static const CellView kNull;
+  const std::size_t field = fields_[static_cast<std::size_t>(column)];
+  if (field == Columns::kNone) return kNull;
+  if (cached_ != row) {
+    grid_->rows()->Peek(static_cast<std::size_t>(row) + 1, cells_.data());
+    cached_ = row;
+  }
+  return cells_[field];
+}
+
+bool GridModel::isFlag(int at) const { return column(at).type == kGridBoolean; }
+bool GridModel::isMenu(int at) const { return column(at).caption.empty() && column(at).visible; }
+
+std::optional<int> GridModel::columnOf(std::string_view field) const {
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (columns_[i].field == field) return static_cast<int>(i);
+  }
+  return std::nullopt;
+}
+
+QString GridModel::text(int row, int at) const {
+  if (grid_ == nullptr || row < 0 || row >= rows_ || static_cast<std::size_t>(row) >= grid_->rowCount())
+    return {};
+  return shown(grid_->shown(column(at), cell(row, at)));
+}
+
+bool GridModel::flag(int row, int at) const {
+  if (grid_ == nullptr || static_cast<std::size_t>(row) >= grid_->rowCount()) return false;
+  const CellView& value = cell(row, at);
+  return !value.isNull() && value.flag();
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  switch (role) {
+    case Qt::DisplayRole:
+      return text(index.row(), index.column());
+    case Qt::TextAlignmentRole:
+      return QVariant(aligned(column(index.column()).alignment));
+    case Qt::AccessibleTextRole: {
+      if (isMenu(index.column())) return QStringLiteral("Menu della riga");
+      const QString caption = shown(column(index.column()).caption);
+      return caption + QStringLiteral(": ") + text(index.row(), index.column());
+    }
+    case Qt::ToolTipRole:
+      return isMenu(index.column()) ? QVariant(QStringLiteral("Menu della riga")) : QVariant();
+    default:
+      return {};
+  }
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section >= static_cast<int>(columns_.size())) return {};
+  switch (role) {
+    case Qt::DisplayRole:
+      return shown(column(section).caption);
+    case Qt::TextAlignmentRole:
+      return QVariant(aligned(column(section).alignment));
+    case Qt::AccessibleTextRole:
+      return isMenu(section) ? QStringLiteral("Menu della riga") : shown(column(section).caption);
+    default:
+      return {};
+  }
+}
+
+int GridModel::find(const QString& what, int at, int from) const {
+  const QString wanted = folded(what);
+  if (wanted.isEmpty() || rows_ == 0 || grid_ == nullptr) return -1;
+  int further = -1;
+  for (int step = 0; step < rows_; ++step) {
+    const int row = (from + step) % rows_;
+    const qsizetype found = folded(text(row, at)).indexOf(wanted);
+    if (found == 0) return row;
+    if (found > 0 && further < 0) further = row;
+  }
+  return further;
+}
+
+}  // namespace cu::desktop

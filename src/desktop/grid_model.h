@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <optional>
+#include <vector>
+
+#include "host/grid.h"
+
+namespace cu::desktop {
+
+// The rows of a grid where they lie: a cell is read when it is shown.
+class GridModel : public QAbstractTableModel {
+ public:
+  explicit GridModel(Grid& grid, QObject* parent = nullptr);
+
+  // The grid has changed: columns, rows, or what stands in them.
+  void refresh();
+  void detach() { grid_ = nullptr; }
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+  const GridColumn& column(int index) const { return columns_[static_cast<std::size_t>(index)]; }
+  bool isFlag(int column) const;
+  // The row's menu opens from a column without field and caption.
+  bool isMenu(int column) const;
+  std::optional<int> columnOf(std::string_view field) const;
+  QString text(int row, int column) const;
+  bool flag(int row, int column) const;
+  // The first row from `from` on, going round, whose text in the column has what is looked for; the rows
+  // that begin with it come before those that have it further on. -1 when there is none.
+  int find(const QString& what, int column, int from) const;
+
+ private:
+  const CellView& cell(int row, int column) const;
+
+  Grid* grid_;
+  std::vector<GridColumn> columns_;
+  std::vector<std::size_t> fields_;
+  int rows_ = 0;
+  mutable std::vector<CellView> cells_;
+  mutable int cached_ = -1;
+};
+
+}  // namespace cu::desktop

@@ -1,0 +1,264 @@
+#include "desktop/grid_view.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMouseEvent>
+#include <algorithm>
+
+#include "desktop/form_window.h"
+#include "desktop/grid_drawing.h"
+#include "desktop/text.h"
+#include "host/form.h"
+
+namespace cu::desktop {
+namespace {
+
+constexpr int kFormUnitsPerPixel = 15;
+
+}  // namespace
+
+GridTable::GridTable(GridView& view, QWidget* parent) : QTableView(parent), view_(view) {
+  setSelectionBehavior(QAbstractItemView::SelectRows);
+  setSelectionMode(QAbstractItemView::ExtendedSelection);
+  setTabKeyNavigation(false);
+  setAlternatingRowColors(true);
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setWordWrap(false);
+  setCornerButtonEnabled(false);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+  setHorizontalHeader(new WrappedHeader(this));
+  setItemDelegate(new CellPainter(this));
+}
+
+void GridTable::setCurrent(int row) {
+  if (currentIndex().row() == row) return;
+  setting_ = true;
+  if (row < 0) {
+    setCurrentIndex({});
+  } else {
+    const int column = std::max(0, currentIndex().column());
+    selectionModel()->setCurrentIndex(model()->index(row, column),
+                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(model()->index(row, horizontalHeader()->logicalIndex(0)));
+  }
+  setting_ = false;
+}
+
+void GridTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  if (!setting_ && current.isValid() && current.row() != previous.row()) view_.rowChosen(current.row());
+}
+
+void GridTable::mousePressEvent(QMouseEvent* event) {
+  pressed_ = event->button() == Qt::LeftButton ? indexAt(event->pos()) : QModelIndex();
+  QTableView::mousePressEvent(event);
+}
+
+void GridTable::mouseReleaseEvent(QMouseEvent* event) {
+  QTableView::mouseReleaseEvent(event);
+  const QModelIndex released = indexAt(event->pos());
+  const bool same = pressed_.isValid() && released == pressed_;
+  const bool plain = event->modifiers() == Qt::NoModifier;
+  pressed_ = QModelIndex();
+  if (same && plain) view_.cellPressed(released.row(), released.column());
+}
+
+void GridTable::mouseDoubleClickEvent(QMouseEvent* event) {
+  pressed_ = QModelIndex();
+  const QModelIndex clicked = indexAt(event->pos());
+  if (event->button() == Qt::LeftButton && clicked.isValid()) view_.doubleClicked(clicked.row());
+}
+
+void GridTable::contextMenuEvent(QContextMenuEvent* event) {
+  const QModelIndex at = event->reason() == QContextMenuEvent::Mouse ? indexAt(event->pos()) : currentIndex();
+  if (at.isValid()) setCurrentIndex(at);
+  view_.openRowMenu();
+}
+
+void GridTable::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) {
+    view_.copySelection();
+    return;
+  }
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter && currentIndex().isValid()) {
+    view_.doubleClicked(currentIndex().row());
+    return;
+  }
+  // The space bar is the grid's own key; it selects nothing here.
+  if (event->key() == Qt::Key_Space) return;
+  QTableView::keyPressEvent(event);
+}
+
+GridView::GridView(FormWindow& window, Grid& grid, QWidget* parent)
+    : View(window, grid),
+      grid_(grid),
+      model_(grid),
+      table_(new GridTable(*this, parent)),
+      memory_(shown(grid.form().name() + "." + grid.name())) {
+  setWidget(table_);
+  table_->setModel(&model_);
+  QHeaderView* const header = table_->horizontalHeader();
+  QObject::connect(header, &QHeaderView::sectionResized, table_, [this](int column, int, int now) {
+    if (!placing_ && live()) memory_.setWidth(shown(model_.column(column).field), now);
+  });
+  QObject::connect(header, &QHeaderView::sectionMoved, table_, [this] {
+    if (!placing_ && live()) rememberOrder();
+  });
+  QObject::connect(header, &QHeaderView::sectionPressed, table_,
+                   [this](int column) { headerPressed(column); });
+  header->setContextMenuPolicy(Qt::CustomContextMenu);
+  QObject::connect(header, &QWidget::customContextMenuRequested, table_,
+                   [this](const QPoint& at) { headerMenu(at); });
+}
+
+GridView::~GridView() = default;
+
+void GridView::refresh() {
+  if (!grid_.drawing()) return;
+  model_.refresh();
+  placeColumns();
+  table_->setCurrent(static_cast<int>(grid_.row()) - 1);
+}
+
+// The rows have a cursor of their own that the system moves without the grid.
+void GridView::afterEvent() {
+  if (live() && grid_.drawing()) table_->setCurrent(static_cast<int>(grid_.row()) - 1);
+}
+
+int GridView::widthOf(int column) const {
+  const GridColumn& of = model_.column(column);
+  const int kept = memory_.width(shown(of.field));
+  if (kept > 0) return kept;
+  // A caption is never cut: the longest of its words fits.
+  int words = 0;
+  for (const QString& word : shown(of.caption).split(u' ')) {
+    words = std::max(words, table_->horizontalHeader()->fontMetrics().horizontalAdvance(word) + 14);
+  }
+  // Nor are the texts of the rows that are seen first, within reason.
+  constexpr int kSample = 60;
+  constexpr int kWidest = 300;
+  int texts = 0;
+  for (int row = 0; of.type == kGridText && row < std::min(kSample, model_.rowCount()); ++row) {
+    texts = std::max(texts, table_->fontMetrics().horizontalAdvance(model_.text(row, column)) + 12);
+  }
+  return std::max({of.width / kFormUnitsPerPixel, words, std::min(texts, kWidest)});
+}
+
+void GridView::placeColumns() {
+  QString columns;
+  for (const GridColumn& column : grid_.columns()) columns += shown(column.field) + u'|';
+  // The rows come after the columns: widths are found again when the first ones are there.
+  columns += model_.rowCount() > 0 ? u'1' : u'0';
+  if (columns == placed_) return;
+  placed_ = columns;
+  placing_ = true;
+  QHeaderView& header = *table_->horizontalHeader();
+  for (int i = 0; i < model_.columnCount(); ++i) {
+    table_->setColumnHidden(i, !model_.column(i).visible);
+    table_->setColumnWidth(i, widthOf(i));
+  }
+  int place = 0;
+  for (const QString& field : memory_.order()) {
+    const auto column = model_.columnOf(utf8(field));
+    if (column) header.moveSection(header.visualIndex(*column), place++);
+  }
+  static_cast<WrappedHeader&>(header).fitHeight();
+  placing_ = false;
+}
+
+void GridView::rememberOrder() {
+  QStringList order;
+  const QHeaderView& header = *table_->horizontalHeader();
+  for (int place = 0; place < header.count(); ++place) {
+    order += shown(model_.column(header.logicalIndex(place)).field);
+  }
+  memory_.setOrder(order);
+}
+
+void GridView::rowChosen(int row) {
+  if (!live() || static_cast<std::size_t>(row) + 1 == grid_.row()) return;
+  act([this, row] { grid_.selectRow(static_cast<std::size_t>(row) + 1); });
+}
+
+void GridView::cellPressed(int row, int column) {
+  if (!live()) return;
+  const std::string field = model_.column(column).field;
+  act([&] { grid_.press(static_cast<std::size_t>(row) + 1, field); });
+}
+
+void GridView::headerPressed(int column) {
+  if (!live()) return;
+  const std::string field = model_.column(column).field;
+  act([&] { grid_.press(0, field); });
+}
+
+void GridView::doubleClicked(int row) {
+  if (!live()) return;
+  act([this, row] { grid_.doubleClick(static_cast<std::size_t>(row) + 1); });
+}
+
+void GridView::openRowMenu() {
+  if (!live() || grid_.row() == 0) return;
+  for (int column = 0; column < model_.columnCount(); ++column) {
+    if (!model_.isMenu(column)) continue;
+    cellPressed(static_cast<int>(grid_.row()) - 1, column);
+    return;
+  }
+}
+
+void GridView::copySelection() {
+  const QHeaderView& header = *table_->horizontalHeader();
+  QList<int> columns;
+  for (int place = 0; place < header.count(); ++place) {
+    const int column = header.logicalIndex(place);
+    if (!table_->isColumnHidden(column) && !model_.isMenu(column)) columns += column;
+  }
+  QModelIndexList rows = table_->selectionModel()->selectedRows();
+  std::sort(rows.begin(), rows.end());
+  QStringList copied;
+  for (const QModelIndex& row : rows) {
+    QStringList cells;
+    for (const int column : columns) cells += model_.text(row.row(), column);
+    copied += cells.join(u'\t');
+  }
+  if (!copied.isEmpty()) QApplication::clipboard()->setText(copied.join(u'\n'));
+}
+
+void GridView::headerMenu(const QPoint& at) {
+  QMenu menu(table_);
+  QAction* const original = menu.addAction(QStringLiteral("Larghezze e ordine originali"));
+  if (menu.exec(table_->horizontalHeader()->mapToGlobal(at)) != original) return;
+  memory_.forget();
+  placing_ = true;
+  for (int i = 0; i < model_.columnCount(); ++i) {
+    QHeaderView& header = *table_->horizontalHeader();
+    header.moveSection(header.visualIndex(i), i);
+  }
+  placed_.clear();
+  placeColumns();
+}
+
+int GridView::searchColumn() const {
+  for (int column = 0; column < model_.columnCount(); ++column) {
+    if (model_.column(column).visible && model_.column(column).type == kGridText) return column;
+  }
+  return -1;
+}
+
+bool GridView::search(const QString& text, bool behind) {
+  if (!live() || searchColumn() < 0) return false;
+  const int from = std::max(0, static_cast<int>(grid_.row()) - 1 + (behind ? 1 : 0));
+  const int found = model_.find(text, searchColumn(), from);
+  if (found < 0) return false;
+  // Only the row moves: the typing goes on where it is.
+  FormWindow& shownIn = window();
+  shownIn.act([&] { grid_.selectRow(static_cast<std::size_t>(found) + 1); });
+  return true;
+}
+
+}  // namespace cu::desktop

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QTableView>
+
+#include "desktop/column_memory.h"
+#include "desktop/grid_model.h"
+#include "desktop/view.h"
+
+namespace cu::desktop {
+
+class GridView;
+
+// The table widget of a grid: mouse and keys become the grid's events.
+class GridTable : public QTableView {
+ public:
+  GridTable(GridView& view, QWidget* parent);
+  void setCurrent(int row);  // without a person's event
+
+ protected:
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  GridView& view_;
+  QPersistentModelIndex pressed_;
+  bool setting_ = false;
+};
+
+// A grid: its rows on a virtual model, the current row kept equal, the person's own widths and order of
+// columns, copying, and a search that moves to a row and changes nothing else.
+class GridView : public View {
+ public:
+  GridView(FormWindow& window, Grid& grid, QWidget* parent);
+  ~GridView() override;
+  QList<QWidget*> focusWidgets() const override { return {table_}; }
+  void detach() override {
+    View::detach();
+    model_.detach();
+  }
+  void afterEvent() override;
+  GridTable& table() const { return *table_; }
+  GridModel& model() { return model_; }
+
+  // A person's events.
+  void rowChosen(int row);
+  void cellPressed(int row, int column);
+  void headerPressed(int column);
+  void doubleClicked(int row);
+  void openRowMenu();
+  void copySelection();
+  // Moves to the next row, from the current one or behind it, that has the text; false when there is none.
+  bool search(const QString& text, bool behind);
+
+ private:
+  void refresh() override;
+  void placeColumns();
+  void rememberOrder();
+  void headerMenu(const QPoint& at);
+  int widthOf(int column) const;
+  int searchColumn() const;
+
+  Grid& grid_;
+  GridModel model_;
+  GridTable* table_;
+  ColumnMemory memory_;
+  QString placed_;  // the columns last placed
+  bool placing_ = false;
+};
+
+}  // namespace cu::desktop

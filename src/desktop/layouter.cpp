@@ -1,0 +1,317 @@
+#include "desktop/layouter.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "desktop/cells.h"
+#include "desktop/edit_view.h"
+#include "desktop/simple_views.h"
+#include "desktop/text.h"
+#include "host/band.h"
+#include "host/datebox.h"
+#include "host/grid.h"
+#include "host/listbox.h"
+#include "host/menubar.h"
+#include "host/numericbox.h"
+#include "host/picker.h"
+#include "host/print_control.h"
+#include "host/selector.h"
+#include "host/tabs.h"
+
+namespace cu::desktop {
+namespace {
+
+constexpr int kSpacing = 8;
+constexpr std::size_t kCellsFrom = 3;  // captioned fields that make a section one of boxes
+
+class KindOf : public ControlVisitor {
+ public:
+  Kind kind = Kind::Wide;
+  void visit(Frame&) override { kind = Kind::Frame; }
+  void visit(Label&) override { kind = Kind::Label; }
+  void visit(Link&) override { kind = Kind::Link; }
+  void visit(Button&) override { kind = Kind::Button; }
+  void visit(Option&) override { kind = Kind::Option; }
+  void visit(Check&) override { kind = Kind::Check; }
+  void visit(TextBox&) override { kind = Kind::Field; }
+  void visit(ListBox&) override { kind = Kind::Field; }
+  void visit(Selector&) override { kind = Kind::Field; }
+  void visit(DateBox&) override { kind = Kind::Field; }
+  void visit(AmountBox&) override { kind = Kind::Field; }
+  void visit(NumberBox&) override { kind = Kind::Field; }
+  void visit(Picker&) override { kind = Kind::Field; }
+  void visit(Tabs&) override { kind = Kind::Wide; }
+  void visit(Grid&) override { kind = Kind::Wide; }
+  void visit(SideBand&) override { kind = Kind::Wide; }
+  void visit(MenuBar&) override { kind = Kind::Wide; }
+  void visit(PrintControl&) override { kind = Kind::Wide; }
+};
+
+// A box for a known number of characters is not wider than they are.
+void limitWidth(QWidget& widget, const Control& control) {
+  auto* const line = qobject_cast<QLineEdit*>(&widget);
+  if (line == nullptr) return;
+  const auto* const box = dynamic_cast<const EditBox*>(&control);
+  const bool numeric = dynamic_cast<const NumericBox*>(&control) != nullptr;
+  const int letter = line->fontMetrics().horizontalAdvance(u'M');
+  if (numeric) {
+    line->setMaximumWidth(18 * letter);
+  } else if (box != nullptr && box->maxLength() > 0 && box->maxLength() < 40) {
+    line->setFixedWidth(static_cast<int>(box->maxLength() + 2) * letter);
+  }
+}
+
+// The pages of an editor are boxes throughout.
+bool onEditorPage(const std::vector<Control*>& controls) {
+  if (controls.empty() || !controls.front()->form().stages().empty()) return false;
+  for (const Frame* frame = controls.front()->frame(); frame != nullptr; frame = frame->frame()) {
+    if (isPage(*frame)) return true;
+  }
+  return false;
+}
+
+bool namesNext(const Label& label, const Control& next) {
+  if (label.buddy != nullptr) return label.buddy == &next;
+  return next.caption().empty();
+}
+
+}  // namespace
+
+Kind kindOf(Control& control) {
+  KindOf visitor;
+  control.accept(visitor);
+  return visitor.kind;
+}
+
+bool isPage(const Frame& frame) {
+  const Form& form = frame.form();
+  for (const Frame* stage : form.stages()) {
+    if (stage == &frame) return true;
+  }
+  for (Control* control : form.controls()) {
+    const auto* const tabs = dynamic_cast<Tabs*>(control);
+    if (tabs == nullptr) continue;
+    for (const Tabs::Tab& tab : tabs->tabs()) {
+      if (tab.page == &frame) return true;
+    }
+  }
+  return form.scroll() != nullptr && frame.frame() == nullptr;
+}
+
+ContentArea::ContentArea(QWidget* parent) : QScrollArea(parent) {
+  setWidgetResizable(true);
+  setFrameShape(QFrame::NoFrame);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setFocusPolicy(Qt::NoFocus);
+}
+
+QSize ContentArea::sizeHint() const {
+  if (widget() == nullptr) return QScrollArea::sizeHint();
+  QSize hint = widget()->sizeHint();
+  if (widget()->layout() != nullptr && widget()->layout()->hasHeightForWidth()) {
+    hint.setHeight(widget()->layout()->heightForWidth(hint.width()));
+  }
+  return hint + QSize(verticalScrollBar()->sizeHint().width(), 2);
+}
+
+std::vector<Control*> Layouter::inside(const Frame* frame) const {
+  std::vector<Control*> found;
+  for (Control* control : window_.form().controls()) {
+    if (control->frame() == frame) found.push_back(control);
+  }
+  return found;
+}
+
+void Layouter::fillFrame(Frame& frame) { fill(window_.view(frame)->widget(), inside(&frame)); }
+
+void Layouter::fill(QWidget* into, const std::vector<Control*>& controls) {
+  const auto captioned = std::count_if(controls.begin(), controls.end(), [](Control* control) {
+    const Kind kind = kindOf(*control);
+    return (kind == Kind::Field || kind == Kind::Check) && !control->caption().empty();
+  });
+  const bool frames = std::any_of(controls.begin(), controls.end(),
+                                  [](Control* control) { return kindOf(*control) == Kind::Frame; });
+  if (static_cast<std::size_t>(captioned) >= (onEditorPage(controls) ? 1 : kCellsFrom) && !frames) {
+    cells(into, controls);
+    return;
+  }
+  auto* grid = new QGridLayout(into);
+  grid->setHorizontalSpacing(12);
+  grid->setVerticalSpacing(kSpacing);
+  grid->setColumnStretch(1, 1);
+  Row row{*grid};
+  for (std::size_t at = 0; at < controls.size();) at += place(row, controls, at);
+}
+
+// Places what begins at `at`; says how many controls that was.
+std::size_t Layouter::place(Row& row, const std::vector<Control*>& controls, std::size_t at) {
+  Control& control = *controls[at];
+  QWidget* const into = row.grid.parentWidget();
+  const Kind kind = kindOf(control);
+  switch (kind) {
+    case Kind::Frame: {
+      auto& frame = static_cast<Frame&>(control);
+      View& made = window_.make(frame, into);
+      row.grid.addWidget(made.widget(), row.next++, 0, 1, 2);
+      fillFrame(frame);
+      return 1;
+    }
+    case Kind::Label: {
+      auto& label = static_cast<Label&>(control);
+      Control* const next = at + 1 < controls.size() ? controls[at + 1] : nullptr;
+      if (next != nullptr && kindOf(*next) == Kind::Field && namesNext(label, *next)) {
+        field(row, *next, &label);
+        return 2;
+      }
+      // A text of its own; behind a field it belongs below that field.
+      const bool below = at > 0 && kindOf(*controls[at - 1]) == Kind::Field;
+      View& made = window_.make(label, into);
+      row.grid.addWidget(made.widget(), row.next++, below ? 1 : 0, 1, below ? 1 : 2);
+      return 1;
+    }
+    case Kind::Option:
+    case Kind::Button:
+    case Kind::Link: {
+      std::vector<Control*> run;
+      for (std::size_t i = at; i < controls.size() && kindOf(*controls[i]) == kind; ++i) {
+        run.push_back(controls[i]);
+      }
+      together(row, run);
+      return run.size();
+    }
+    case Kind::Check:
+      row.grid.addWidget(window_.make(control, into).widget(), row.next++, 0, 1, 2, Qt::AlignLeft);
+      return 1;
+    case Kind::Field: {
+      // A button behind a field without a label stands beside it.
+      Control* const next = at + 1 < controls.size() ? controls[at + 1] : nullptr;
+      if (control.caption().empty() && next != nullptr && kindOf(*next) == Kind::Button) {
+        auto* beside = new QHBoxLayout;
+        row.grid.addLayout(beside, row.next++, 0, 1, 2);
+        fillRow(*beside, {&control, next});
+        return 2;
+      }
+      field(row, control, nullptr);
+      return 1;
+    }
+    case Kind::Wide: {
+      View& made = window_.make(control, into);
+      const bool grows = dynamic_cast<Grid*>(&control) != nullptr;
+      row.grid.addWidget(made.widget(), row.next, 0, 1, 2);
+      if (grows) row.grid.setRowStretch(row.next, 1);
+      ++row.next;
+      return 1;
+    }
+  }
+  return 1;
+}
+
+void Layouter::field(Row& row, Control& control, Label* label) {
+  QWidget* const into = row.grid.parentWidget();
+  const bool captioned = label != nullptr || !control.caption().empty();
+  QLabel* caption = nullptr;
+  if (label != nullptr) {
+    auto& made = static_cast<LabelView&>(window_.make(*label, into));
+    caption = made.label();
+    caption->setWordWrap(false);
+  } else if (captioned) {
+    caption = new QLabel(into);
+  }
+  View& shownBy = window_.make(control, into);
+  limitWidth(*shownBy.widget(), control);
+  if (label != nullptr) {
+    caption->setBuddy(shownBy.focusWidgets().value(0, shownBy.widget()));
+    shownBy.setSpokenName(spoken(label->caption()));
+  } else if (captioned) {
+    shownBy.setCaptionLabel(caption);
+    shownBy.setSpokenName(spoken(control.caption()));
+  }
+  if (caption != nullptr) row.grid.addWidget(caption, row.next, 0, Qt::AlignLeft | Qt::AlignVCenter);
+  const bool list = dynamic_cast<ListBox*>(&control) != nullptr;
+  row.grid.addWidget(shownBy.widget(), row.next++, captioned ? 1 : 0, 1, captioned ? 1 : 2,
+                     list ? Qt::AlignLeft : Qt::Alignment());
+}
+
+void Layouter::together(Row& row, const std::vector<Control*>& run) {
+  std::size_t letters = 0;
+  for (const Control* control : run) letters += control->caption().size();
+  constexpr std::size_t kOneLine = 80;
+  if (letters > kOneLine) {
+    for (Control* control : run) {
+      row.grid.addWidget(window_.make(*control, row.grid.parentWidget()).widget(), row.next++, 0, 1, 2,
+                         Qt::AlignLeft);
+    }
+    return;
+  }
+  auto* side = new QHBoxLayout;
+  side->setSpacing(2 * kSpacing);
+  row.grid.addLayout(side, row.next++, 0, 1, 2);
+  fillRow(*side, run);
+  side->addStretch(1);
+}
+
+void Layouter::fillRow(QBoxLayout& row, const std::vector<Control*>& controls) {
+  QWidget* const into = row.parentWidget();
+  row.setSpacing(8);
+  for (Control* control : controls) {
+    View& made = window_.make(*control, into);
+    row.addWidget(made.widget(), kindOf(*control) == Kind::Field ? 1 : 0);
+  }
+}
+
+void Layouter::cells(QWidget* into, const std::vector<Control*>& controls) {
+  auto* box = new CellBox(into);
+  auto* around = new QGridLayout(into);
+  around->addWidget(box);
+  for (std::size_t at = 0; at < controls.size(); ++at) {
+    auto* const label = dynamic_cast<Label*>(controls[at]);
+    const bool names = label != nullptr && label->buddy != nullptr && at + 1 < controls.size() &&
+                       controls[at + 1] == label->buddy;
+    if (names) ++at;
+    cell(box, *controls[at], names ? label : nullptr);
+  }
+}
+
+void Layouter::cell(QWidget* into, Control& control, Label* label) {
+  auto& box = static_cast<CellBox&>(*into);
+  Cell& cell = box.add();
+  const Kind kind = kindOf(control);
+  View* title = label == nullptr ? nullptr : &window_.make(*label, &cell);
+  View& shownBy = window_.make(control, &cell);
+  const bool ownCaption =
+      kind == Kind::Check || kind == Kind::Button || kind == Kind::Label || kind == Kind::Link;
+  const bool wide = dynamic_cast<Selector*>(&control) != nullptr ||
+                    dynamic_cast<ListBox*>(&control) != nullptr || dynamic_cast<Picker*>(&control) != nullptr;
+  const std::string& caption = label == nullptr ? control.caption() : label->caption();
+  if (title != nullptr) {
+    cell.setTitle(title->widget());
+  } else if (!ownCaption) {
+    QLabel* const text = cell.addTitle();
+    shownBy.setCaptionLabel(text);
+  }
+  cell.setContent(shownBy.widget());
+  box.setWide(cell, wide);
+  if (!shownBy.focusWidgets().isEmpty()) shownBy.setSpokenName(spoken(caption));
+}
+
+void Layouter::nameAll() {
+  for (Control* control : window_.form().controls()) {
+    View* const shownBy = window_.view(*control);
+    if (shownBy == nullptr || shownBy->focusWidgets().isEmpty() || !shownBy->spokenName().isEmpty()) continue;
+    QString name = spoken(control->caption());
+    // Without a caption of its own it is called as the section that it stands in.
+    for (const Frame* frame = control->frame(); name.isEmpty() && frame != nullptr; frame = frame->frame()) {
+      name = spoken(frame->caption());
+    }
+    if (name.isEmpty())
+      name = dynamic_cast<Grid*>(control) != nullptr ? QStringLiteral("Elenco") : shown(control->name());
+    const bool ownCaption = !control->caption().empty() && kindOf(*control) != Kind::Field;
+    if (!ownCaption) shownBy->setSpokenName(name);
+  }
+}
+
+}  // namespace cu::desktop

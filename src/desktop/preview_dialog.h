@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+#include <vector>
+
+#include "host/frontend.h"
+
+class QLabel;
+class QPlainTextEdit;
+class QScrollArea;
+class QStackedWidget;
+
+namespace Poppler {
+class Document;
+}
+
+namespace cu::desktop {
+
+// A report to be looked at, page by page: the file's page as a picture, or its text where there is no file or
+// the person asks for the text.
+class PreviewDialog : public QDialog {
+ public:
+  PreviewDialog(QWidget* parent, const Preview& preview);
+  ~PreviewDialog() override;
+  int page() const { return page_; }
+  int pages() const;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void go(int page);
+  void zoom(double factor);
+  void fitWidth();
+  void draw();
+
+  const Preview& preview_;
+  std::unique_ptr<Poppler::Document> document_;
+  QStackedWidget* views_;
+  QScrollArea* area_;
+  QLabel* picture_;
+  QPlainTextEdit* text_;
+  QLabel* place_;
+  std::vector<QWidget*> backward_;
+  std::vector<QWidget*> forward_;
+  int page_ = 0;
+  double scale_ = 0;  // dots an inch; 0: as wide as the window
+  bool asText_ = false;
+};
+
+}  // namespace cu::desktop

@@ -1,0 +1,219 @@
+#include "desktop/qt_front_end.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDialog>
+#include <QDir>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QMenu>
+#include <QScreen>
+#include <QUrl>
+#include <algorithm>
+
+#include "desktop/foot.h"
+#include "desktop/form_window.h"
+#include "desktop/input_drain.h"
+#include "desktop/reading_windows.h"
+#include "desktop/shell_views.h"
+#include "desktop/text.h"
+#include "host/form.h"
+
+namespace cu::desktop {
+namespace {
+
+constexpr qint64 kTellEvery = 80;  // milliseconds
+
+}  // namespace
+
+QtFrontEnd::QtFrontEnd(QString guide) : guide_(std::move(guide)) { told_.start(); }
+
+QtFrontEnd::~QtFrontEnd() {
+  for (const Shown& each : shown_) {
+    each.window->detach(true);
+    delete each.window;
+  }
+  if (hourglass_) QApplication::restoreOverrideCursor();
+}
+
+QtFrontEnd::Waiting::Waiting(QtFrontEnd& frontEnd)
+    : frontEnd_(frontEnd), running_(std::exchange(frontEnd.running_, 0)) {
+  frontEnd_.showPointer();
+}
+
+QtFrontEnd::Waiting::~Waiting() {
+  frontEnd_.running_ = running_;
+  frontEnd_.showPointer();
+}
+
+int QtFrontEnd::run(QDialog& dialog) {
+  const Waiting waiting(*this);
+  const int result = dialog.exec();
+  // A desktop gives the keyboard back by itself; one without a window manager does not.
+  if (topmost() != nullptr) topmost()->activateWindow();
+  return result;
+}
+
+FormWindow* QtFrontEnd::window(const Form& form) const {
+  for (const Shown& each : shown_) {
+    if (each.form == &form) return each.window;
+  }
+  return nullptr;
+}
+
+FormWindow* QtFrontEnd::topmost() const { return shown_.empty() ? nullptr : shown_.back().window; }
+QWidget* QtFrontEnd::parentForDialog() const { return topmost(); }
+
+void QtFrontEnd::perform(Control& control, const Event& event) {
+  Form& form = control.form();
+  ++running_;
+  if (control.takesFocus()) runEvent([&] { form.setFocus(&control); });
+  if (event && form.isOpen() && control.available()) runEvent(event);
+  if (form.isOpen()) runEvent([&] { form.settleFocus(); });
+  --running_;
+  endOfWork();
+}
+
+void QtFrontEnd::perform(Form& form, const Event& event) {
+  ++running_;
+  runEvent(event);
+  if (form.isOpen()) runEvent([&] { form.settleFocus(); });
+  --running_;
+  endOfWork();
+}
+
+// What was pressed while the work went on was meant for a screen that is no more.
+void QtFrontEnd::endOfWork() {
+  if (running_ > 0) return;
+  showPointer();
+  if (!worked_) return;
+  worked_ = false;
+  ++running_;
+  drainInput();
+  --running_;
+  for (const Shown& each : shown_) {
+    if (each.window->foot() != nullptr) each.window->foot()->rest();
+  }
+}
+
+void QtFrontEnd::place(FormWindow& window, const FormWindow* over) const {
+  const QScreen* const screen = over != nullptr ? over->screen() : window.screen();
+  const QRect room = screen->availableGeometry();
+  QSize size = window.sizeHint().expandedTo(window.minimumSizeHint());
+  if (!window.form().stages().empty()) size = {1040, 700};
+  if (window.form().scroll() != nullptr) size = {1080, 720};
+  constexpr int kTitleBar = 32;
+  size = size.boundedTo(room.size() - QSize(0, kTitleBar));
+  window.resize(size);
+  const QRect around = over != nullptr ? over->frameGeometry() : room;
+  QRect place(QPoint(), size);
+  place.moveCenter(around.center());
+  place.moveLeft(std::clamp(place.left(), room.left(), std::max(room.left(), room.right() - size.width())));
+  place.moveTop(std::clamp(place.top(), room.top(), std::max(room.top(), room.bottom() - size.height())));
+  window.move(place.topLeft());
+}
+
+void QtFrontEnd::show(Form& form) {
+  auto* const window = new FormWindow(*this, form, nullptr);
+  shown_.push_back({&form, window, nullptr});
+  place(*window, nullptr);
+  window->show();
+}
+
+void QtFrontEnd::showModal(Form& form) {
+  FormWindow* const below = topmost();
+  auto* const window = new FormWindow(*this, form, below);
+  window->setWindowModality(Qt::ApplicationModal);
+  QEventLoop loop;
+  shown_.push_back({&form, window, &loop});
+  // Below it the rows may be filtered to one: what is drawn stays as it is.
+  if (below != nullptr) {
+    below->afterEvent();
+    below->freeze(true);
+  }
+  place(*window, below);
+  window->show();
+  window->activateWindow();
+  {
+    const Waiting waiting(*this);
+    loop.exec();
+  }
+  if (below == nullptr) return;
+  below->freeze(false);
+  below->activateWindow();
+}
+
+void QtFrontEnd::closed(Form& form) {
+  const auto found =
+      std::find_if(shown_.begin(), shown_.end(), [&](const Shown& each) { return each.form == &form; });
+  if (found == shown_.end()) return;
+  const Shown gone = *found;
+  shown_.erase(found);
+  // A form that goes while it is open takes its controls along before it tells.
+  gone.window->detach(!form.isOpen());
+  gone.window->hide();
+  gone.window->deleteLater();
+  if (gone.loop != nullptr) gone.loop->quit();
+  if (shown_.empty() && onAllClosed) onAllClosed();
+}
+
+void QtFrontEnd::popup(MenuBar& bar, const std::string& band) {
+  QMenu menu(topmost());
+  std::string chosen;
+  fillMenu(menu, bar, band, [&](const std::string& key) { chosen = key; });
+  {
+    const Waiting waiting(*this);
+    menu.exec(QCursor::pos());
+  }
+  if (!chosen.empty()) runEvent([&] { bar.click(chosen); });
+}
+
+void QtFrontEnd::help(const std::string&, int, std::int32_t) {
+  if (helpWindow_ == nullptr) {
+    helpWindow_ = new HelpWindow(topmost(), guide_);
+    helpWindow_->show();
+  }
+  helpWindow_->raise();
+  helpWindow_->activateWindow();
+}
+
+void QtFrontEnd::open(const std::string& path, const std::string& folder) {
+  const QFileInfo named(shown(path));
+  const QString whole = named.isRelative() && !folder.empty() ? QDir(shown(folder)).filePath(shown(path))
+                                                              : named.absoluteFilePath();
+  QDesktopServices::openUrl(QUrl::fromLocalFile(whole));
+}
+
+void QtFrontEnd::viewText(const std::string& path) { (new TextWindow(topmost(), shown(path)))->show(); }
+void QtFrontEnd::printed(const PrintNote&) {}
+void QtFrontEnd::beep() { QApplication::beep(); }
+
+void QtFrontEnd::setPointer(int pointer) {
+  pointer_ = pointer;
+  if (pointer == kPointerHourglass) worked_ = true;
+  showPointer();
+}
+
+// While a person is waited for the arrow points, whatever the work behind has set.
+void QtFrontEnd::showPointer() {
+  const bool wanted = pointer_ == kPointerHourglass && running_ > 0;
+  if (wanted == hourglass_) return;
+  hourglass_ = wanted;
+  if (wanted) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+void QtFrontEnd::progress(const char* what, std::size_t done, std::size_t total) {
+  worked_ = true;
+  if (done > 0 && done < total && told_.elapsed() < kTellEvery) return;
+  told_.restart();
+  for (const Shown& each : shown_) {
+    if (each.window->foot() != nullptr) each.window->foot()->tell(QString::fromUtf8(what), done, total);
+  }
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+}  // namespace cu::desktop

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QString>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "host/control.h"
+#include "host/frontend.h"
+
+class QDialog;
+class QEventLoop;
+class QWidget;
+
+namespace cu::desktop {
+
+class FormWindow;
+
+// The window system as the wizard's screen. It needs a QApplication and lives as long as forms are shown.
+class QtFrontEnd : public FrontEnd {
+ public:
+  // `guide` is the folder of the user's guide, "guida.md" in it.
+  explicit QtFrontEnd(QString guide = {});
+  ~QtFrontEnd() override;
+
+  // Called when the last form has gone.
+  std::function<void()> onAllClosed;
+  bool anyOpen() const { return !shown_.empty(); }
+  FormWindow* window(const Form& form) const;
+  FormWindow* topmost() const;
+
+  // A person's event on a control: the control takes the focus; then the event runs, if what the loss of the
+  // focus did has left the control within reach.
+  void perform(Control& control, const Event& event);
+  void perform(Form& form, const Event& event);
+  // An event runs that waits for no person: nothing else may come in.
+  bool busy() const { return running_ > 0; }
+
+  void show(Form& form) override;
+  void showModal(Form& form) override;
+  void closed(Form& form) override;
+  Answer messageBox(const MessageBox& box) override;
+  void error(const Error& error) override;
+  std::string chooseFolder(const std::string& title, const std::optional<std::string>& start) override;
+  std::optional<PrinterChoice> choosePrinter() override;
+  std::optional<std::string> chooseFileToSave(const std::string& title, const std::string& start,
+                                              const std::string& filter) override;
+  void showLog(const LogTable& log) override;
+  void preview(const Preview& preview) override;
+  void popup(MenuBar& bar, const std::string& band) override;
+  void help(const std::string& file, int command, std::int32_t context) override;
+  void open(const std::string& path, const std::string& folder) override;
+  void viewText(const std::string& path) override;
+  void printed(const PrintNote& note) override;
+  void beep() override;
+  void setPointer(int pointer) override;
+  int pointer() const override { return pointer_; }
+  void progress(const char* what, std::size_t done, std::size_t total) override;
+
+  // While a person is waited for: events come in, the arrow points.
+  class Waiting {
+   public:
+    explicit Waiting(QtFrontEnd& frontEnd);
+    ~Waiting();
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+
+   private:
+    QtFrontEnd& frontEnd_;
+    int running_;
+  };
+  int run(QDialog& dialog);  // modally
+  QWidget* parentForDialog() const;
+
+ private:
+  struct Shown {
+    Form* form;
+    FormWindow* window;
+    QEventLoop* loop;
+  };
+  void place(FormWindow& window, const FormWindow* over) const;
+  void showPointer();
+  void endOfWork();
+
+  QString guide_;
+  QPointer<QWidget> helpWindow_;
+  std::vector<Shown> shown_;
+  int running_ = 0;
+  int pointer_ = kPointerDefault;
+  bool hourglass_ = false;  // as the screen shows it
+  bool worked_ = false;     // the hourglass stood during the event that runs
+  QElapsedTimer told_;
+};
+
+}  // namespace cu::desktop

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QAbstractListModel>
+#include <QFile>
+#include <QWidget>
+#include <vector>
+
+class QTextBrowser;
+
+namespace cu::desktop {
+
+// The user's guide, with a search.
+class HelpWindow : public QWidget {
+ public:
+  // `folder` holds "guida.md" and its pictures.
+  HelpWindow(QWidget* parent, const QString& folder);
+
+ private:
+  QTextBrowser* text_;
+};
+
+// The lines of a text file of any size, each decoded when it is shown.
+class FileLines : public QAbstractListModel {
+ public:
+  explicit FileLines(const QString& path, QObject* parent = nullptr);
+  bool readable() const { return data_ != nullptr; }
+  int rowCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+
+ private:
+  QFile file_;
+  const char* data_ = nullptr;
+  std::vector<qint64> starts_;  // one more than there are lines
+};
+
+// A text file to be read.
+class TextWindow : public QWidget {
+ public:
+  TextWindow(QWidget* parent, const QString& path);
+};
+
+}  // namespace cu::desktop

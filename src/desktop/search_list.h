@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QDialog>
+#include <optional>
+#include <vector>
+
+#include "host/recordset.h"
+
+class QLabel;
+class QLineEdit;
+class QTableView;
+
+namespace cu::desktop {
+
+// The rows of a search list, those that have what was typed in code or description; rows whose description
+// or code begins with it come first.
+class SearchModel : public QAbstractTableModel {
+ public:
+  SearchModel(Recordset& rows, QStringList captions, QObject* parent = nullptr);
+  void narrow(const QString& typed);
+  std::size_t total() const { return keys_.size(); }
+  std::int64_t record(int row) const;
+  std::string code(int row) const { return text(row, 1); }
+  std::string description(int row) const { return text(row, 2); }
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : 2; }
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+ private:
+  struct Key {
+    QString code;
+    QString description;
+  };
+  std::string text(int row, std::size_t field) const;
+
+  Recordset& rows_;
+  QStringList captions_;
+  std::vector<Key> keys_;
+  std::vector<std::uint32_t> matching_;  // positions from 0
+  QString narrowed_;
+  mutable std::vector<CellView> cells_;
+};
+
+// Type to find, choose with the arrows and Enter or by a double click.
+class SearchDialog : public QDialog {
+ public:
+  SearchDialog(QWidget* parent, const QString& title, Recordset& rows, const QStringList& captions,
+               const QString& typed);
+  struct Chosen {
+    std::int64_t record = 0;
+    std::string code;
+    std::string description;
+  };
+  const std::optional<Chosen>& chosen() const { return chosen_; }
+  SearchModel& model() { return model_; }
+  QLineEdit* box() const { return box_; }
+  QTableView* table() const { return table_; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void take();
+  void narrow(const QString& typed);
+
+  SearchModel model_;
+  QLineEdit* box_;
+  QTableView* table_;
+  QLabel* count_;
+  std::optional<Chosen> chosen_;
+};
+
+}  // namespace cu::desktop

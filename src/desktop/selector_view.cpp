@@ -1,0 +1,192 @@
+#include "desktop/selector_view.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QToolButton>
+#include <functional>
+
+#include "desktop/form_window.h"
+#include "desktop/qt_front_end.h"
+#include "desktop/search_list.h"
+#include "desktop/text.h"
+#include "host/form.h"
+
+namespace cu::desktop {
+namespace {
+
+// The box of the municipality is typed into only to search: a letter opens the list with it.
+class SearchedLine : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+  std::function<void(const QString&)> onTyped;
+  std::function<void()> onDeleted;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool letter = !event->text().isEmpty() && event->text()[0].isPrint() &&
+                        !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+    if (letter) {
+      onTyped(event->text().trimmed());
+    } else if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) {
+      onDeleted();
+    } else {
+      QLineEdit::keyPressEvent(event);
+    }
+  }
+};
+
+QToolButton* searchButton(QWidget* parent) {
+  auto* button = new QToolButton(parent);
+  button->setText(QStringLiteral("…"));
+  button->setToolTip(QStringLiteral("Ricerca (F4)"));
+  button->setAccessibleName(QStringLiteral("Apri la ricerca"));
+  button->setFocusPolicy(Qt::NoFocus);
+  return button;
+}
+
+void openBy(QLineEdit* line, const std::function<void()>& open) {
+  auto* byKey = new QAction(line);
+  byKey->setShortcuts({QKeySequence(Qt::Key_F4), QKeySequence(Qt::ALT | Qt::Key_Down)});
+  byKey->setShortcutContext(Qt::WidgetShortcut);
+  line->addAction(byKey);
+  QObject::connect(byKey, &QAction::triggered, line, open);
+}
+
+// What the person has chosen in the list; nothing when it was given up or could not be read.
+std::optional<SearchDialog::Chosen> search(FormWindow& window, const QString& title,
+                                           const QStringList& captions, const QString& typed,
+                                           const std::function<void(Recordset&)>& read) {
+  QtFrontEnd& screen = window.frontEnd();
+  Recordset rows;
+  screen.setPointer(kPointerHourglass);
+  screen.runEvent([&] { read(rows); });
+  screen.setPointer(kPointerDefault);
+  if (!rows.IsOpen()) return std::nullopt;
+  SearchDialog dialog(&window, title, rows, captions, typed);
+  screen.run(dialog);
+  return dialog.chosen();
+}
+
+}  // namespace
+
+SelectorView::SelectorView(FormWindow& window, Selector& selector, QWidget* parent)
+    : View(window, selector),
+      selector_(selector),
+      code_(new QLineEdit),
+      description_(new QLineEdit),
+      opener_(searchButton(nullptr)) {
+  auto* around = new QWidget(parent);
+  auto* row = new QHBoxLayout(around);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(3);
+  row->addWidget(code_);
+  row->addWidget(description_, 1);
+  row->addWidget(opener_);
+  code_->setFixedWidth(code_->fontMetrics().horizontalAdvance(QStringLiteral("0000000000")) + 18);
+  setWidget(around);
+  opener_->setVisible(selector.binding().search);
+  for (QLineEdit* line : {code_, description_}) {
+    QObject::connect(line, &QLineEdit::editingFinished, line, [this] { commit(); });
+    openBy(line, [this, line] { openSearch(line->isModified() ? line->text() : QString()); });
+  }
+  QObject::connect(opener_, &QToolButton::clicked, opener_, [this] { openSearch({}); });
+}
+
+QList<QWidget*> SelectorView::focusWidgets() const { return {code_, description_}; }
+
+void SelectorView::setSpokenName(const QString& name) {
+  View::setSpokenName(name);
+  const Selector::Binding& binding = selector_.binding();
+  const auto called = [&](const std::string& caption, const char* otherwise) {
+    return name + QStringLiteral(", ") + (caption.empty() ? QString::fromUtf8(otherwise) : shown(caption));
+  };
+  code_->setAccessibleName(called(binding.codeCaption, "codice"));
+  description_->setAccessibleName(called(binding.descriptionCaption, "descrizione"));
+}
+
+void SelectorView::commit() {
+  if (!live()) return;
+  const bool codeTyped = code_->isModified();
+  const bool descriptionTyped = description_->isModified();
+  if ((!codeTyped && !descriptionTyped) || window().frontEnd().busy()) return;
+  code_->setModified(false);
+  description_->setModified(false);
+  const std::string code = utf8(code_->text().trimmed());
+  const std::string description = utf8(description_->text().trimmed());
+  act([&] {
+    if (codeTyped && !code.empty() && selector_.chooseCode(code)) return;
+    selector_.choose(code, codeTyped && !descriptionTyped ? std::string() : description);
+  });
+}
+
+void SelectorView::refresh() {
+  const auto show = [](QLineEdit& line, const std::string& text) {
+    if (!line.isModified() && line.text() != shown(text)) {
+      line.setText(shown(text));
+      line.setCursorPosition(0);
+    }
+  };
+  show(*code_, selector_.code());
+  show(*description_, selector_.description());
+  opener_->setVisible(selector_.binding().search);
+}
+
+void SelectorView::openSearch(const QString& typed) {
+  if (!live() || !selector_.available() || !selector_.binding().search) return;
+  code_->setModified(false);
+  description_->setModified(false);
+  refreshAll();
+  window().act(selector_, {});
+  if (!live() || !selector_.available()) return;
+  const Selector::Binding& binding = selector_.binding();
+  const QString title = binding.title.empty() ? QStringLiteral("Ricerca ") + shown(binding.descriptionCaption)
+                                              : shown(binding.title);
+  const auto chosen = search(window(), title, {shown(binding.codeCaption), shown(binding.descriptionCaption)},
+                             typed, [this](Recordset& rows) { selector_.list(rows); });
+  if (!chosen || !live()) return;
+  act([&] { selector_.choose(Selector::Row{chosen->record, chosen->code, chosen->description}); });
+}
+
+PickerView::PickerView(FormWindow& window, Picker& picker, QWidget* parent)
+    : View(window, picker), picker_(picker), opener_(searchButton(nullptr)) {
+  auto* around = new QWidget(parent);
+  auto* row = new QHBoxLayout(around);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(3);
+  auto* line = new SearchedLine;
+  name_ = line;
+  row->addWidget(name_, 1);
+  row->addWidget(opener_);
+  name_->setContextMenuPolicy(Qt::NoContextMenu);
+  name_->setAcceptDrops(false);
+  name_->setPlaceholderText(QStringLiteral("Nessun comune"));
+  setWidget(around);
+  line->onTyped = [this](const QString& typed) { openSearch(typed); };
+  line->onDeleted = [this] {
+    if (live()) act([this] { picker_.setRecord(0); });
+  };
+  openBy(name_, [this] { openSearch({}); });
+  QObject::connect(opener_, &QToolButton::clicked, opener_, [this] { openSearch({}); });
+}
+
+QList<QWidget*> PickerView::focusWidgets() const { return {name_}; }
+
+void PickerView::refresh() {
+  name_->setText(shown(picker_.text()));
+  name_->setCursorPosition(0);
+}
+
+void PickerView::openSearch(const QString& typed) {
+  if (!live() || !picker_.available()) return;
+  window().act(picker_, {});
+  if (!live() || !picker_.available()) return;
+  const QString title = picker_.title().empty() ? QStringLiteral("Comuni") : shown(picker_.title());
+  const auto chosen = search(window(), title, {QStringLiteral("Provincia"), QStringLiteral("Comune")}, typed,
+                             [this](Recordset& rows) { picker_.list(rows); });
+  if (!chosen || !live()) return;
+  act([&] { picker_.setRecord(chosen->record); });
+}
+
+}  // namespace cu::desktop

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "desktop/view.h"
+#include "host/picker.h"
+#include "host/selector.h"
+
+class QLineEdit;
+class QToolButton;
+
+namespace cu::desktop {
+
+// A code box, a description box, and the search list. What is typed into either is handed over when the
+// person leaves it or presses Enter: a code that the table has chooses its row, anything else stands as it
+// was typed.
+class SelectorView : public View {
+ public:
+  SelectorView(FormWindow& window, Selector& selector, QWidget* parent);
+  QList<QWidget*> focusWidgets() const override;
+  void setSpokenName(const QString& name) override;
+  void commit() override;
+  QLineEdit* codeBox() const { return code_; }
+  QLineEdit* descriptionBox() const { return description_; }
+  void openSearch(const QString& typed);
+
+ private:
+  void refresh() override;
+  Selector& selector_;
+  QLineEdit* code_;
+  QLineEdit* description_;
+  QToolButton* opener_;
+};
+
+// The municipality: its name, and the search list.
+class PickerView : public View {
+ public:
+  PickerView(FormWindow& window, Picker& picker, QWidget* parent);
+  QList<QWidget*> focusWidgets() const override;
+  void openSearch(const QString& typed);
+  QLineEdit* nameBox() const { return name_; }
+
+ private:
+  void refresh() override;
+  Picker& picker_;
+  QLineEdit* name_;
+  QToolButton* opener_;
+};
+
+}  // namespace cu::desktop

@@ -1,0 +1,140 @@
+#include "desktop/shell_views.h"
+
+#include <QAccessibleWidget>
+#include <QMenu>
+#include <QPainter>
+
+#include "desktop/form_window.h"
+#include "desktop/look.h"
+#include "desktop/text.h"
+
+namespace cu::desktop {
+namespace {
+
+constexpr int kWide = 216;
+constexpr int kNarrow = 52;
+constexpr int kMargin = 14;
+constexpr int kDisc = 26;
+
+// Draws the steps: those behind, the present one, those to come.
+class BandPainter : public QWidget {
+ public:
+  BandPainter(const SideBand& band, QWidget* parent) : QWidget(parent), band_(band) { setNarrow(false); }
+
+  void setNarrow(bool narrow) {
+    narrow_ = narrow;
+    setFixedWidth(narrow ? kNarrow : kWide);
+    update();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), look::bandColor());
+    int top = 2 * kMargin;
+    int number = 1;
+    for (const SideBand::Item& item : band_.items()) {
+      top = paintItem(painter, item, number, top);
+      ++number;
+    }
+  }
+
+ private:
+  int paintItem(QPainter& painter, const SideBand::Item& item, int number, int top) {
+    const bool present = number == band_.selected();
+    const QColor ink = look::bandInk();
+    const QRect disc(narrow_ ? (kNarrow - kDisc) / 2 : kMargin, top, kDisc, kDisc);
+    painter.setPen(QPen(ink, 1.5));
+    painter.setBrush(present ? QBrush(ink) : Qt::NoBrush);
+    painter.drawEllipse(disc);
+    painter.setPen(present ? look::bandColor() : ink);
+    QFont font = this->font();
+    font.setBold(present);
+    painter.setFont(font);
+    painter.drawText(disc, Qt::AlignCenter, QString::number(number));
+    if (narrow_) return top + kDisc + kMargin;
+
+    painter.setPen(ink);
+    const QString title = shown(item.title).remove(QStringLiteral("- "));
+    const QRect room(disc.right() + 10, top - 2, width() - disc.right() - 10 - kMargin, 1000);
+    QRect used;
+    painter.drawText(room, Qt::TextWordWrap, title, &used);
+    font.setBold(false);
+    painter.setFont(font);
+    QColor soft = ink;
+    soft.setAlphaF(present ? 0.95F : 0.75F);
+    painter.setPen(soft);
+    QRect usedBelow;
+    painter.drawText(room.adjusted(0, used.height() + 1, 0, 0), Qt::TextWordWrap, shown(item.description),
+                     &usedBelow);
+    return std::max(disc.bottom(), usedBelow.bottom()) + 2 * kMargin;
+  }
+
+  const SideBand& band_;
+  bool narrow_ = false;
+};
+
+// "Control+G" as the desktop writes it.
+QString shortcutText(const std::string& shortcut) {
+  return shown(shortcut).replace(QStringLiteral("Control"), QStringLiteral("Ctrl"));
+}
+
+// What the bands are called in the bar: they have names for the program only.
+QString bandTitle(const std::string& band) {
+  return band == "PopDettaglio" ? QStringLiteral("&Riga") : QStringLiteral("&Comandi");
+}
+
+}  // namespace
+
+BandView::BandView(FormWindow& window, SideBand& band, QWidget* parent) : View(window, band), band_(band) {
+  setWidget(new BandPainter(band, parent));
+}
+
+void BandView::setNarrow(bool narrow) { static_cast<BandPainter*>(widget())->setNarrow(narrow); }
+
+void BandView::refresh() {
+  QStringList steps;
+  int number = 1;
+  for (const SideBand::Item& item : band_.items()) {
+    QString step = shown(item.title) + QStringLiteral(", ") + shown(item.description);
+    if (number++ == band_.selected()) step += QStringLiteral(" (passo corrente)");
+    steps += step;
+  }
+  widget()->setAccessibleName(QStringLiteral("Passi"));
+  widget()->setAccessibleDescription(steps.join(QStringLiteral("; ")));
+  widget()->setToolTip(steps.join(u'\n'));
+  widget()->update();
+}
+
+void fillMenu(QMenu& menu, const MenuBar& bar, const std::string& band,
+              const std::function<void(const std::string&)>& choose) {
+  for (const MenuBar::Tool& tool : bar.tools()) {
+    if (tool.band != band) continue;
+    QString text = shown(tool.caption);
+    // The key itself is the form's; here it is only told.
+    if (!tool.shortcut.empty()) text += u'\t' + shortcutText(tool.shortcut);
+    QAction* const entry = menu.addAction(text);
+    entry->setEnabled(tool.enabled);
+    entry->setObjectName(shown(tool.key));
+    QObject::connect(entry, &QAction::triggered, &menu, [choose, key = tool.key] { choose(key); });
+  }
+}
+
+MenuView::MenuView(FormWindow& window, MenuBar& bar, QWidget* parent)
+    : View(window, bar), tools_(bar), widgetBar_(new QMenuBar(parent)) {
+  widgetBar_->setNativeMenuBar(false);
+  setWidget(widgetBar_);
+}
+
+void MenuView::refresh() {
+  widgetBar_->clear();
+  widgetBar_->setAccessibleName(QStringLiteral("Menu"));
+  for (const std::string& band : tools_.bands()) {
+    QMenu* const menu = widgetBar_->addMenu(bandTitle(band));
+    fillMenu(*menu, tools_, band,
+             [this](const std::string& key) { act([this, key] { tools_.click(key); }); });
+  }
+}
+
+}  // namespace cu::desktop

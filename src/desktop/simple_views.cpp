@@ -1,0 +1,191 @@
+#include "desktop/simple_views.h"
+
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QToolButton>
+#include <algorithm>
+
+#include "desktop/form_window.h"
+#include "desktop/layouter.h"
+#include "desktop/text.h"
+
+namespace cu::desktop {
+namespace {
+
+// The arrow keys go round the options of a frame.
+class Radio : public QRadioButton {
+ public:
+  Radio(OptionView& view, QWidget* parent) : QRadioButton(parent), view_(view) { setAutoExclusive(false); }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    switch (event->key()) {
+      case Qt::Key_Down:
+      case Qt::Key_Right:
+        view_.chooseNeighbour(1);
+        return;
+      case Qt::Key_Up:
+      case Qt::Key_Left:
+        view_.chooseNeighbour(-1);
+        return;
+      default:
+        QRadioButton::keyPressEvent(event);
+    }
+  }
+
+ private:
+  OptionView& view_;
+};
+
+// A section with its title on a bar, as on the ministerial form.
+class Section : public QGroupBox {
+ public:
+  using QGroupBox::QGroupBox;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF around = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    const int bar = contentsRect().top() - 2;
+    QColor tint = palette().color(QPalette::Highlight);
+    tint.setAlphaF(isEnabled() ? 0.16F : 0.06F);
+    QPainterPath shape;
+    shape.addRoundedRect(around, 4, 4);
+    painter.setClipPath(shape);
+    painter.fillRect(QRect(0, 0, width(), bar), tint);
+    painter.setClipping(false);
+    QColor line = palette().color(QPalette::WindowText);
+    line.setAlphaF(0.22F);
+    painter.setPen(line);
+    painter.drawPath(shape);
+    QFont bold = font();
+    bold.setBold(true);
+    painter.setFont(bold);
+    painter.setPen(palette().color(QPalette::WindowText));
+    const int flags = Qt::AlignVCenter | Qt::TextShowMnemonic;
+    painter.drawText(QRect(10, 0, width() - 20, bar), flags, title());
+  }
+};
+
+// A label whose lines are as long as there is room for.
+QLabel* wrapping(QWidget* parent) {
+  auto* label = new QLabel(parent);
+  label->setWordWrap(true);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+}  // namespace
+
+FrameView::FrameView(FormWindow& window, Frame& frame, QWidget* parent) : View(window, frame), frame_(frame) {
+  if (frame.caption().empty() || isPage(frame)) {
+    setWidget(new QWidget(parent));
+  } else {
+    section_ = new Section(parent);
+    setWidget(section_);
+  }
+}
+
+void FrameView::refresh() {
+  if (section_ == nullptr) return;
+  section_->setTitle(shown(control().caption()));
+  section_->setAccessibleName(spoken(control().caption()));
+}
+
+LabelView::LabelView(FormWindow& window, Label& label, QWidget* parent)
+    : View(window, label), label_(wrapping(parent)) {
+  setWidget(label_);
+}
+
+void LabelView::refresh() {
+  const QString text = lines(control().caption());
+  // Mnemonics work where the label names a field.
+  label_->setTextFormat(Qt::PlainText);
+  label_->setText(label_->buddy() != nullptr ? text : QString(text).replace(u'&', QStringLiteral("&&")));
+  label_->setAccessibleName(spoken(control().caption()));
+  // An empty text keeps no line free.
+  label_->setMaximumHeight(text.isEmpty() ? 0 : QWIDGETSIZE_MAX);
+}
+
+LinkView::LinkView(FormWindow& window, Link& link, QWidget* parent) : View(window, link) {
+  auto* button = new QToolButton(parent);
+  button->setAutoRaise(true);
+  button->setCursor(Qt::PointingHandCursor);
+  button->setFocusPolicy(Qt::StrongFocus);
+  button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+  QFont font = button->font();
+  font.setUnderline(true);
+  button->setFont(font);
+  QPalette palette = button->palette();
+  palette.setColor(QPalette::ButtonText, palette.color(QPalette::Link));
+  button->setPalette(palette);
+  button_ = button;
+  setWidget(button);
+  QObject::connect(button, &QToolButton::clicked, button, [this, &link] { act([&link] { link.click(); }); });
+}
+
+void LinkView::refresh() {
+  button_->setText(shown(control().caption()));
+  button_->setAccessibleName(spoken(control().caption()));
+}
+
+ButtonView::ButtonView(FormWindow& window, Button& button, QWidget* parent)
+    : View(window, button), button_(new QPushButton(parent)) {
+  setWidget(button_);
+  auto* const push = static_cast<QPushButton*>(button_);
+  push->setAutoDefault(false);
+  push->setMinimumWidth(6 * push->fontMetrics().averageCharWidth() + 56);
+  push->setDefault(button.form().defaultButton == &button);
+  QObject::connect(button_, &QAbstractButton::clicked, button_,
+                   [this, &button] { act([&button] { button.click(); }); });
+}
+
+void ButtonView::refresh() {
+  button_->setText(shown(control().caption()));
+  button_->setAccessibleName(spoken(control().caption()));
+}
+
+OptionView::OptionView(FormWindow& window, Option& option, QWidget* parent)
+    : View(window, option), option_(option), button_(new Radio(*this, parent)) {
+  setWidget(button_);
+  QObject::connect(button_, &QAbstractButton::clicked, button_, [this] { act([this] { option_.click(); }); });
+}
+
+void OptionView::refresh() {
+  button_->setText(shown(option_.caption()));
+  button_->setAccessibleName(spoken(option_.caption()));
+  button_->setChecked(option_.value());
+}
+
+void OptionView::chooseNeighbour(int step) {
+  if (!live()) return;
+  std::vector<Option*> options;
+  for (Control* control : option_.form().controls()) {
+    auto* const other = dynamic_cast<Option*>(control);
+    if (other != nullptr && other->frame() == option_.frame() && other->available()) options.push_back(other);
+  }
+  const auto here = std::find(options.begin(), options.end(), &option_);
+  if (here == options.end() || options.size() < 2) return;
+  const auto count = static_cast<std::ptrdiff_t>(options.size());
+  Option* const next = options[static_cast<std::size_t>((here - options.begin() + step + count) % count)];
+  window().act(*next, [next] { next->click(); });
+}
+
+CheckView::CheckView(FormWindow& window, Check& check, QWidget* parent)
+    : View(window, check), check_(check), button_(new QCheckBox(parent)) {
+  setWidget(button_);
+  QObject::connect(button_, &QAbstractButton::clicked, button_, [this] { act([this] { check_.click(); }); });
+}
+
+void CheckView::refresh() {
+  button_->setText(shown(check_.caption()));
+  button_->setAccessibleName(spoken(check_.caption()));
+  button_->setChecked(check_.value());
+}
+
+}  // namespace cu::desktop

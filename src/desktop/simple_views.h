@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QGroupBox>
+#include <QLabel>
+
+#include "desktop/view.h"
+
+namespace cu::desktop {
+
+// A frame: a titled section where it has a caption, a plain area otherwise. Who lays it out fills it.
+class FrameView : public View {
+ public:
+  FrameView(FormWindow& window, Frame& frame, QWidget* parent);
+
+ private:
+  void refresh() override;
+  bool shows() const override { return frame_.visible() && frame_.onStage(); }
+  Frame& frame_;
+  QGroupBox* section_ = nullptr;
+};
+
+class LabelView : public View {
+ public:
+  LabelView(FormWindow& window, Label& label, QWidget* parent);
+  QLabel* label() const { return label_; }
+
+ private:
+  void refresh() override;
+  QLabel* label_;
+};
+
+class LinkView : public View {
+ public:
+  LinkView(FormWindow& window, Link& link, QWidget* parent);
+  QList<QWidget*> focusWidgets() const override { return {button_}; }
+
+ private:
+  void refresh() override;
+  QAbstractButton* button_;
+};
+
+class ButtonView : public View {
+ public:
+  ButtonView(FormWindow& window, Button& button, QWidget* parent);
+  QList<QWidget*> focusWidgets() const override { return {button_}; }
+
+ private:
+  void refresh() override;
+  QAbstractButton* button_;
+};
+
+class OptionView : public View {
+ public:
+  OptionView(FormWindow& window, Option& option, QWidget* parent);
+  QList<QWidget*> focusWidgets() const override { return {button_}; }
+  // The neighbour in the same frame, as the arrow keys go.
+  void chooseNeighbour(int step);
+
+ private:
+  void refresh() override;
+  Option& option_;
+  QAbstractButton* button_;
+};
+
+class CheckView : public View {
+ public:
+  CheckView(FormWindow& window, Check& check, QWidget* parent);
+  QList<QWidget*> focusWidgets() const override { return {button_}; }
+
+ private:
+  void refresh() override;
+  Check& check_;
+  QAbstractButton* button_;
+};
+
+}  // namespace cu::desktop
