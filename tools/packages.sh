@@ -4,11 +4,13 @@ packages=(
   build-essential cmake ninja-build ccache git ca-certificates
   nlohmann-json3-dev libcli11-dev libtomlplusplus-dev
   libsqlite3-dev unixodbc-dev tdsodbc
-  qt6-base-dev libxlsxwriter-dev fonts-dejavu-core
+  qt6-base-dev qt6-translations-l10n libxlsxwriter-dev fonts-dejavu-core
+  libpoppler-qt6-dev pkg-config
 )
 test_packages=(libgtest-dev libgmock-dev python3 postgresql odbc-postgresql poppler-utils)
 fuzz_packages=(clang libclang-rt-14-dev)
 bench_packages=(libbenchmark-dev)
+guide_packages=(xvfb xdotool imagemagick)
 
 # install_missing PACKAGE...: as root, or through sudo.
 install_missing() {

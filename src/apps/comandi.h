@@ -6,13 +6,9 @@
 
 #include "automation/creazione_cu.h"
 #include "automation/stampa_compensi.h"
+#include "codici_uscita.h"
 
 namespace cu {
-
-// The exit codes of every command.
-inline constexpr int kRiuscito = 0;
-inline constexpr int kRifiutato = 1;     // the wizard refused or warned, or something failed
-inline constexpr int kUsoSbagliato = 2;  // wrong usage, or a wrong profile
 
 inline constexpr const char* kIndirizzoAtteso =
     "--database: atteso \"sqlite:FILE\" oppure \"odbc:Driver=...;Server=...\"\n";

@@ -1,0 +1,154 @@
+#include "apps/avvio/finestra_avvio.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+namespace cu {
+namespace {
+
+constexpr std::int32_t kContiIndividuali = 246;
+constexpr std::int32_t kCertificazioni = 247;
+constexpr int kUtenteMassimo = 999999;
+
+}  // namespace
+
+FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& cartelle)
+    : cartelle_(cartelle),
+      database_(scelta.database),
+      casellaDatabase_(new QLineEdit(this)),
+      dimostrativo_(new QPushButton(QStringLiteral("&Dimostrativo"), this)),
+      aziende_(new QComboBox(this)),
+      utente_(new QSpinBox(this)),
+      funzioni_(new QButtonGroup(this)),
+      documenti_(new QLineEdit(this)),
+      avviso_(new QLabel(this)) {
+  setWindowTitle(QStringLiteral("Avvio"));
+  auto* colonna = new QVBoxLayout(this);
+
+  auto* modi = new QGroupBox(QStringLiteral("Che cosa stampare"), this);
+  auto* righe = new QVBoxLayout(modi);
+  const auto modo = [&](const char* testo, std::int32_t funzione) {
+    auto* scelto = new QRadioButton(QString::fromUtf8(testo), modi);
+    funzioni_->addButton(scelto, funzione);
+    scelto->setChecked(funzione == scelta.funzione);
+    righe->addWidget(scelto);
+  };
+  modo("&Certificazioni dei compensi e Certificazione Unica", kCertificazioni);
+  modo("Conti &individuali", kContiIndividuali);
+  if (funzioni_->checkedId() < 0) funzioni_->button(kCertificazioni)->setChecked(true);
+  colonna->addWidget(modi);
+
+  auto* modulo = new QFormLayout;
+  modulo->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+  const auto conPulsanti = [this](QLineEdit* casella, std::initializer_list<QPushButton*> pulsanti) {
+    casella->setReadOnly(true);
+    auto* riga = new QHBoxLayout;
+    riga->addWidget(casella, 1);
+    for (QPushButton* pulsante : pulsanti) {
+      pulsante->setAutoDefault(false);
+      riga->addWidget(pulsante);
+    }
+    return riga;
+  };
+  auto* sfogliaDatabase = new QPushButton(QStringLiteral("&Sfoglia..."), this);
+  sfogliaDatabase->setAccessibleName(QStringLiteral("Sfoglia il database"));
+  auto* sfogliaDocumenti = new QPushButton(QStringLiteral("S&foglia..."), this);
+  sfogliaDocumenti->setAccessibleName(QStringLiteral("Sfoglia i documenti ministeriali"));
+  utente_->setRange(1, kUtenteMassimo);
+  utente_->setValue(scelta.utente);
+  modulo->addRow(QStringLiteral("Da&tabase"),
+                 conPulsanti(casellaDatabase_, {dimostrativo_, sfogliaDatabase}));
+  modulo->addRow(QStringLiteral("A&zienda"), aziende_);
+  modulo->addRow(QStringLiteral("&Utente"), utente_);
+  modulo->addRow(QStringLiteral("Documenti &ministeriali"), conPulsanti(documenti_, {sfogliaDocumenti}));
+  casellaDatabase_->setAccessibleName(QStringLiteral("Database"));
+  aziende_->setAccessibleName(QStringLiteral("Azienda"));
+  utente_->setAccessibleName(QStringLiteral("Utente"));
+  documenti_->setAccessibleName(QStringLiteral("Documenti ministeriali"));
+  documenti_->setPlaceholderText(QStringLiteral("cartella con istruzioni e note di compilazione"));
+  documenti_->setText(scelta.documentiMinisteriali);
+  colonna->addLayout(modulo);
+  avviso_->setWordWrap(true);
+  colonna->addWidget(avviso_);
+
+  auto* pulsanti = new QDialogButtonBox(this);
+  avvia_ = pulsanti->addButton(QStringLiteral("A&vvia"), QDialogButtonBox::AcceptRole);
+  pulsanti->addButton(QStringLiteral("Annulla"), QDialogButtonBox::RejectRole);
+  avvia_->setDefault(true);
+  colonna->addWidget(pulsanti);
+  connect(pulsanti, &QDialogButtonBox::accepted, this, [this] { accept(); });
+  connect(pulsanti, &QDialogButtonBox::rejected, this, [this] { reject(); });
+  connect(sfogliaDatabase, &QPushButton::clicked, this, [this] { scegliDatabase(); });
+  connect(sfogliaDocumenti, &QPushButton::clicked, this, [this] { scegliDocumenti(); });
+  connect(dimostrativo_, &QPushButton::clicked, this, [this] {
+    database_.clear();
+    leggiAziende();
+  });
+  setMinimumWidth(560);
+  leggiAziende();
+  const int ultima = aziende_->findData(scelta.azienda);
+  if (ultima >= 0) aziende_->setCurrentIndex(ultima);
+  avvia_->setFocus();
+}
+
+// A database that cannot be opened is told here, and another one can be chosen.
+void FinestraAvvio::leggiAziende() {
+  casellaDatabase_->setText(database_.isEmpty() ? QStringLiteral("Dimostrativo") : database_);
+  dimostrativo_->setEnabled(!database_.isEmpty());
+  aziende_->clear();
+  elenco_.clear();
+  avviso_->clear();
+  try {
+    if (database_.isEmpty()) preparaDimostrativo(cartelle_);
+    elenco_ = aziendeDi(database_.isEmpty() ? cartelle_.databaseDimostrativo() : database_);
+    if (elenco_.empty()) avviso_->setText(QStringLiteral("Il database non contiene nessuna azienda."));
+  } catch (const std::exception& errore) {
+    avviso_->setText(QString::fromStdString(errore.what()));
+  }
+  for (const AziendaAvvio& azienda : elenco_) {
+    aziende_->addItem(QString::fromStdString(azienda.nome), azienda.azienda);
+  }
+  avvia_->setEnabled(!elenco_.empty());
+}
+
+void FinestraAvvio::scegliDatabase() {
+  const QString scelto =
+      QFileDialog::getOpenFileName(this, QStringLiteral("Database"), database_,
+                                   QStringLiteral("Database (*.db *.sqlite);;Tutti i file (*)"));
+  if (scelto.isEmpty()) return;
+  database_ = scelto;
+  leggiAziende();
+}
+
+void FinestraAvvio::scegliDocumenti() {
+  const QString scelta =
+      QFileDialog::getExistingDirectory(this, QStringLiteral("Documenti ministeriali"), documenti_->text());
+  if (!scelta.isEmpty()) documenti_->setText(scelta);
+}
+
+SceltaAvvio FinestraAvvio::scelta() const {
+  SceltaAvvio scelta;
+  scelta.database = database_;
+  const int quale = aziende_->currentIndex();
+  if (quale >= 0) {
+    scelta.azienda = elenco_[static_cast<std::size_t>(quale)].azienda;
+    scelta.filiale = elenco_[static_cast<std::size_t>(quale)].filiale;
+  }
+  scelta.utente = utente_->value();
+  scelta.funzione = funzioni_->checkedId();
+  scelta.documentiMinisteriali = documenti_->text();
+  return scelta;
+}
+
+}  // namespace cu

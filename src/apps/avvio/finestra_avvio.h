@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDialog>
+
+#include "apps/avvio/scelta_avvio.h"
+
+class QButtonGroup;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QSpinBox;
+
+namespace cu {
+
+// Stands for the suite's launcher: company, user, database, what to print.
+class FinestraAvvio : public QDialog {
+ public:
+  FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& cartelle);
+  SceltaAvvio scelta() const;
+
+ private:
+  void scegliDatabase();
+  void scegliDocumenti();
+  void leggiAziende();
+
+  CartelleAvvio cartelle_;
+  QString database_;
+  QLineEdit* casellaDatabase_;
+  QPushButton* dimostrativo_;
+  QComboBox* aziende_;
+  QSpinBox* utente_;
+  QButtonGroup* funzioni_;
+  QLineEdit* documenti_;
+  QLabel* avviso_;
+  QPushButton* avvia_;
+  std::vector<AziendaAvvio> elenco_;
+};
+
+}  // namespace cu

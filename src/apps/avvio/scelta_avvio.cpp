@@ -1,0 +1,144 @@
+#include "apps/avvio/scelta_avvio.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+#include <QStandardPaths>
+
+#include "apps/comune/connessioni.h"
+#include "database/archivio.h"
+#include "host/recordset.h"
+#include "suite/file_system.h"
+#include "suite/impostazioni.h"
+#include "suite/testi.h"
+
+namespace cu {
+namespace {
+
+constexpr const char* kSezione = "MenuSettings";
+constexpr const char* kPercorsoDocumenti = "Path";
+constexpr std::int16_t kTestoChiave = 1368;
+
+Profilo::Database databaseDi(const QString& file) {
+  Profilo::Database database;
+  database.origine = file.toStdString();
+  return database;
+}
+
+std::string chiave() {
+  const std::string testo = TestiItaliani().text(kTestoChiave);
+  return testo;
+}
+
+template <class Uso>
+auto conImpostazioni(const CartelleAvvio& cartelle, const Uso& uso) {
+  FileSystemPiattaforma files;
+  ImpostazioniToml impostazioni(cartelle.impostazioni.toStdString(), files, [](const std::string&) {});
+  return uso(impostazioni);
+}
+
+}  // namespace
+
+SceltaAvvio SceltaAvvio::ricordata() {
+  QSettings memoria;
+  memoria.beginGroup(QStringLiteral("avvio"));
+  SceltaAvvio scelta;
+  scelta.database = memoria.value(QStringLiteral("database")).toString();
+  scelta.azienda = memoria.value(QStringLiteral("azienda"), scelta.azienda).toInt();
+  scelta.filiale = memoria.value(QStringLiteral("filiale"), scelta.filiale).toInt();
+  scelta.utente = memoria.value(QStringLiteral("utente"), scelta.utente).toInt();
+  scelta.funzione = memoria.value(QStringLiteral("funzione"), scelta.funzione).toInt();
+  return scelta;
+}
+
+void SceltaAvvio::ricorda() const {
+  QSettings memoria;
+  memoria.beginGroup(QStringLiteral("avvio"));
+  memoria.setValue(QStringLiteral("database"), database);
+  memoria.setValue(QStringLiteral("azienda"), azienda);
+  memoria.setValue(QStringLiteral("filiale"), filiale);
+  memoria.setValue(QStringLiteral("utente"), utente);
+  memoria.setValue(QStringLiteral("funzione"), funzione);
+}
+
+CartelleAvvio CartelleAvvio::delUtente() {
+  const auto cartella = [](QStandardPaths::StandardLocation luogo) {
+    return QStandardPaths::writableLocation(luogo);
+  };
+  CartelleAvvio cartelle;
+  cartelle.dati = cartella(QStandardPaths::AppLocalDataLocation);
+  cartelle.impostazioni = cartella(QStandardPaths::AppConfigLocation) + QStringLiteral("/impostazioni.toml");
+  cartelle.documenti = cartella(QStandardPaths::DocumentsLocation);
+  return cartelle;
+}
+
+QString CartelleAvvio::databaseDimostrativo() const { return dati + QStringLiteral("/dimostrativo.db"); }
+
+void preparaDimostrativo(const CartelleAvvio& cartelle) {
+  const QString file = cartelle.databaseDimostrativo();
+  if (QFile::exists(file)) return;
+  QDir().mkpath(cartelle.dati);
+  // Made beside its place and moved there when it is whole.
+  const QString nuovo = file + QStringLiteral(".nuovo");
+  QFile::remove(nuovo);
+  creaArchivio(*creaConnessione(databaseDi(nuovo)), ContenutoArchivio::Dimostrativo);
+  for (const char* coda : {"-wal", "-shm"}) QFile::remove(nuovo + QString::fromLatin1(coda));
+  QFile::rename(nuovo, file);
+}
+
+std::vector<AziendaAvvio> aziendeDi(const QString& database) {
+  const auto connessione = apriConnessione(databaseDi(database));
+  Recordset righe;
+  righe.Open(
+      *connessione,
+      "SELECT Azienda.IDAzienda, Filiale.IDFiliale, Anagrafica.Anagrafica FROM Azienda INNER JOIN Anagrafica "
+      "ON Azienda.IDAnagrafica = Anagrafica.IDAnagrafica LEFT JOIN Filiale ON Filiale.IDAzienda = "
+      "Azienda.IDAzienda ORDER BY Anagrafica.Anagrafica, Filiale.IDFiliale");
+  std::vector<AziendaAvvio> aziende;
+  for (; !righe.Eof(); righe.MoveNext()) {
+    const auto azienda = static_cast<std::int32_t>(righe.Get(0).integer());
+    bool nota = false;
+    for (const AziendaAvvio& altra : aziende) nota = nota || altra.azienda == azienda;
+    if (!nota) {
+      aziende.push_back({azienda, static_cast<std::int32_t>(righe.Get(1).integer()), righe.Get(2).toText()});
+    }
+  }
+  return aziende;
+}
+
+Profilo profiloDi(const SceltaAvvio& scelta, const CartelleAvvio& cartelle) {
+  QDir().mkpath(cartelle.documenti);
+  QDir().mkpath(QFileInfo(cartelle.impostazioni).absolutePath());
+  Profilo profilo;
+  profilo.file = "avvio";
+  profilo.sessione.utente = scelta.utente;
+  profilo.sessione.azienda = scelta.azienda;
+  profilo.sessione.filiale = scelta.filiale;
+  profilo.sessione.titolo = chiave();
+  profilo.sessione.cartellaGuida = cartelle.dati.toStdString();
+  profilo.sessione.contestoGuida = 1;
+  profilo.sessione.sezioneImpostazioni = "Sessione" + std::to_string(scelta.utente);
+  profilo.sessione.processi = {{"Wizard stampa", scelta.funzione}};
+  profilo.database =
+      databaseDi(scelta.database.isEmpty() ? cartelle.databaseDimostrativo() : scelta.database);
+  profilo.valuta = {true, "€", ",", "."};
+  profilo.documenti = cartelle.documenti.toStdString();
+  profilo.impostazioni = cartelle.impostazioni.toStdString();
+  return profilo;
+}
+
+QString cartellaMinisteriale(const CartelleAvvio& cartelle) {
+  return conImpostazioni(cartelle, [](Settings& impostazioni) {
+    return QString::fromStdString(impostazioni.get(chiave(), kSezione, kPercorsoDocumenti, ""));
+  });
+}
+
+void salvaCartellaMinisteriale(const CartelleAvvio& cartelle, const QString& cartella) {
+  QDir().mkpath(QFileInfo(cartelle.impostazioni).absolutePath());
+  conImpostazioni(cartelle, [&](Settings& impostazioni) {
+    impostazioni.set(chiave(), kSezione, kPercorsoDocumenti, cartella.toStdString());
+    return 0;
+  });
+}
+
+}  // namespace cu

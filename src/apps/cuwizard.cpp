@@ -1,0 +1,123 @@
+// The program with the window.
+
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QMessageBox>
+#include <csignal>
+#include <iostream>
+#include <optional>
+
+#include "apps/avvio/finestra_avvio.h"
+#include "apps/comune/impianto.h"
+#include "codici_uscita.h"
+#include "desktop/look.h"
+#include "desktop/qt_front_end.h"
+#include "suite/profilo.h"
+#include "uso.h"
+
+namespace cu {
+namespace {
+
+struct Opzioni {
+  std::string profilo;
+  std::string colori = "sistema";
+};
+
+// The guide lies beside the program, installed or in its source tree.
+QString cartellaGuida(const Profilo& profilo) {
+  const QString programma = QCoreApplication::applicationDirPath();
+  for (const QString& cartella :
+       {QString::fromStdString(profilo.sessione.cartellaGuida),
+        programma + QStringLiteral("/../share/doc/cuwizard"), programma + QStringLiteral("/../../docs")}) {
+    if (QFileInfo::exists(cartella + QStringLiteral("/guida.md"))) return QDir(cartella).absolutePath();
+  }
+  return programma;
+}
+
+desktop::look::Colours colori(const std::string& nome) {
+  if (nome == "chiari") return desktop::look::Colours::Light;
+  if (nome == "scuri") return desktop::look::Colours::Dark;
+  return desktop::look::Colours::Desktop;
+}
+
+// Nothing when the person has given up.
+std::optional<Profilo> profiloScelto() {
+  const CartelleAvvio cartelle = CartelleAvvio::delUtente();
+  SceltaAvvio scelta = SceltaAvvio::ricordata();
+  scelta.documentiMinisteriali = cartellaMinisteriale(cartelle);
+  FinestraAvvio finestra(scelta, cartelle);
+  if (finestra.exec() != QDialog::Accepted) return std::nullopt;
+  const SceltaAvvio fatta = finestra.scelta();
+  fatta.ricorda();
+  if (fatta.documentiMinisteriali != scelta.documentiMinisteriali) {
+    salvaCartellaMinisteriale(cartelle, fatta.documentiMinisteriali);
+  }
+  return profiloDi(fatta, cartelle);
+}
+
+int esegui(const Opzioni& opzioni) {
+  const std::optional<Profilo> profilo =
+      opzioni.profilo.empty() ? profiloScelto() : std::optional(leggiProfilo(opzioni.profilo));
+  if (!profilo) return kRiuscito;
+  desktop::QtFrontEnd schermo(cartellaGuida(*profilo));
+  schermo.onAllClosed = [] { QCoreApplication::quit(); };
+  Impianto impianto(*profilo, schermo);
+  bool avviato = false;
+  schermo.runEvent([&] {
+    impianto.programma().main();
+    avviato = true;
+  });
+  if (!avviato || impianto.avvioRifiutato()) return kRifiutato;
+  if (schermo.anyOpen()) return QApplication::exec();
+  if (profilo->sessione.processi.empty()) {
+    std::cerr << profilo->file << ": session.processes non indica nessun processo: non c'è nulla da fare\n";
+  }
+  return kRiuscito;
+}
+
+int eseguiProgramma(int quanti, char** argomenti) {
+  QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\nqt.*.warning=false"));
+  QApplication applicazione(quanti, argomenti);
+  QCoreApplication::setApplicationName(QStringLiteral("cuwizard"));
+  QCoreApplication::setOrganizationName(QStringLiteral("cuwizard"));
+  QGuiApplication::setApplicationDisplayName({});
+  QGuiApplication::setDesktopFileName(QStringLiteral("cuwizard"));
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+
+  Opzioni opzioni;
+  CLI::App programma("Autocomposizione: conti individuali, certificazioni, Certificazione Unica", "cuwizard");
+  parlaItaliano(programma);
+  programma
+      .add_option("--profile", opzioni.profilo, "Il profilo TOML; senza, una piccola finestra lo sostituisce")
+      ->type_name("FILE");
+  programma.add_option("--colori", opzioni.colori, "chiari, scuri, o quelli del sistema")
+      ->check(CLI::IsMember({"sistema", "chiari", "scuri"}))
+      ->type_name("QUALI");
+  try {
+    programma.parse(quanti, argomenti);
+  } catch (const CLI::Success& aiuto) {
+    programma.exit(aiuto);
+    return kRiuscito;
+  } catch (const CLI::ParseError& errore) {
+    std::cerr << "cuwizard: " << erroreUso(errore) << "\nPer l'aiuto: cuwizard --help\n";
+    return kUsoSbagliato;
+  }
+  desktop::look::apply(applicazione, colori(opzioni.colori));
+  try {
+    return esegui(opzioni);
+  } catch (const ErroreProfilo& errore) {
+    std::cerr << errore.what() << '\n';
+    return kUsoSbagliato;
+  } catch (const std::exception& errore) {
+    QMessageBox::critical(nullptr, QStringLiteral("Avvio"), QString::fromStdString(errore.what()));
+    return kRifiutato;
+  }
+}
+
+}  // namespace
+}  // namespace cu
+
+int main(int argc, char** argv) { return cu::eseguiProgramma(argc, argv); }
