@@ -1,0 +1,206 @@
+// Typing in boxes: at a place, over a selection, pasted, deleted; amounts, dates and refused characters.
+
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+
+#include "desktop/agreement_support.h"
+#include "desktop/edit_view.h"
+#include "desktop/qt_front_end.h"
+#include "desktop/screen_support.h"
+#include "host/datebox.h"
+#include "host/error.h"
+#include "host/form.h"
+#include "host/numericbox.h"
+
+namespace cu::test {
+namespace {
+
+class Boxes : public Form {
+ public:
+  explicit Boxes(FrontEnd& frontEnd)
+      : Form(frontEnd, "frmProva", "Prova"),
+        txtTesto(*this, "txtTesto", nullptr, "Testo"),
+        curImporto(*this, "curImporto", nullptr, "Importo"),
+        dtGiorno(*this, "dtGiorno", nullptr, "Giorno") {
+    curImporto.setFormat(2, "€", ",", ".");
+    curImporto.setLimits(Decimal(), Decimal::fromScaled(999'999'900));
+    txtTesto.onChange = [this] { ++changes; };
+  }
+  TextBox txtTesto;
+  AmountBox curImporto;
+  DateBox dtGiorno;
+  int changes = 0;
+};
+
+class Typing : public ::testing::Test {
+ protected:
+  Typing() {
+    form.show();
+    window = frontEnd.window(form);
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+  }
+  ~Typing() override { form.unload(); }
+
+  QLineEdit& line(const Control& control) {
+    auto& found = *static_cast<desktop::EditView*>(window->view(control))->line();
+    found.setFocus();
+    return found;
+  }
+  void expectAgreement() { EXPECT_EQ(disagreements(*window), ""); }
+
+  desktop::QtFrontEnd frontEnd;
+  Boxes form{frontEnd};
+  desktop::FormWindow* window = nullptr;
+};
+
+TEST_F(Typing, TheFirstCharacterReplacesWhatTheFocusHasSelected) {
+  form.txtTesto.setText("vecchio");
+  QTest::keyClicks(&line(form.txtTesto), QStringLiteral("x"));
+  EXPECT_EQ(form.txtTesto.text(), "x");
+  expectAgreement();
+}
+
+TEST_F(Typing, ACharacterGoesWhereTheCursorIs) {
+  form.txtTesto.setText("Rosi");
+  QLineEdit& box = line(form.txtTesto);
+  box.setCursorPosition(2);
+  QTest::keyClicks(&box, QStringLiteral("s"));
+  EXPECT_EQ(form.txtTesto.text(), "Rossi");
+  EXPECT_EQ(box.cursorPosition(), 3);
+  expectAgreement();
+}
+
+TEST_F(Typing, EachCharacterIsOneChange) {
+  typeText(line(form.txtTesto), QStringLiteral("perché"));
+  EXPECT_EQ(form.txtTesto.text(), "perché");
+  EXPECT_EQ(form.changes, 6);
+}
+
+TEST_F(Typing, ARefusedCharacterLeavesTextAndCursor) {
+  form.txtTesto.setText("12");
+  form.txtTesto.keyFilter = [](char32_t typed) { return typed >= U'0' && typed <= U'9'; };
+  QLineEdit& box = line(form.txtTesto);
+  box.setCursorPosition(1);
+  QTest::keyClicks(&box, QStringLiteral("a3"));
+  EXPECT_EQ(form.txtTesto.text(), "132");
+  EXPECT_EQ(box.cursorPosition(), 2);
+  expectAgreement();
+}
+
+TEST_F(Typing, DeletingTakesTheCharacterAtTheCursor) {
+  form.txtTesto.setText("Rossi");
+  QLineEdit& box = line(form.txtTesto);
+  box.setCursorPosition(5);
+  QTest::keyClick(&box, Qt::Key_Backspace);
+  EXPECT_EQ(form.txtTesto.text(), "Ross");
+  box.setCursorPosition(0);
+  QTest::keyClick(&box, Qt::Key_Delete);
+  EXPECT_EQ(form.txtTesto.text(), "oss");
+  expectAgreement();
+}
+
+TEST_F(Typing, APasteIsOneStepPastTheFilterCutAtTheLength) {
+  form.txtTesto.keyFilter = [](char32_t) { return false; };
+  form.txtTesto.setMaxLength(4);
+  form.changes = 0;
+  QApplication::clipboard()->setText(QStringLiteral("abcdef"));
+  QTest::keyClick(&line(form.txtTesto), Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(form.txtTesto.text(), "abcd");
+  EXPECT_EQ(form.changes, 1);
+  expectAgreement();
+}
+
+TEST_F(Typing, ALockedBoxTakesNothing) {
+  form.txtTesto.setText("fisso");
+  form.txtTesto.setLocked(true);
+  QTest::keyClicks(&line(form.txtTesto), QStringLiteral("x"));
+  EXPECT_EQ(form.txtTesto.text(), "fisso");
+  expectAgreement();
+}
+
+TEST_F(Typing, AnAmountTakesItsShapeWhenTheFocusGoes) {
+  QLineEdit& box = line(form.curImporto);
+  QTest::keyClicks(&box, QStringLiteral("1234,5"));
+  EXPECT_EQ(box.text(), QStringLiteral("1234,5"));
+  QTest::keyClick(&box, Qt::Key_Tab);
+  EXPECT_EQ(box.text(), QStringLiteral("1.234,50"));
+  EXPECT_TRUE(box.alignment().testFlag(Qt::AlignRight));
+  expectAgreement();
+}
+
+TEST_F(Typing, TheKeypadsPointTypesTheDecimalMark) {
+  QLineEdit& box = line(form.curImporto);
+  QTest::keyClicks(&box, QStringLiteral("7"));
+  QTest::keyClick(&box, Qt::Key_Period, Qt::KeypadModifier);
+  QTest::keyClicks(&box, QStringLiteral("25"));
+  EXPECT_EQ(box.text(), QStringLiteral("7,25"));
+  EXPECT_DOUBLE_EQ(form.curImporto.value(), 7.25);
+  expectAgreement();
+}
+
+TEST_F(Typing, AnAmountRefusesWhatIsNoneAndWhatIsTooMuch) {
+  QLineEdit& box = line(form.curImporto);
+  QTest::keyClicks(&box, QStringLiteral("-9x9999,129"));
+  EXPECT_EQ(box.text(), QStringLiteral("99999,12")) << "no sign, no letter, two places, the greatest value";
+  box.setCursorPosition(1);
+  QTest::keyClicks(&box, QStringLiteral("1"));
+  EXPECT_EQ(box.text(), QStringLiteral("99999,12")) << "nor in the middle";
+  box.setCursorPosition(6);
+  QTest::keyClick(&box, Qt::Key_Backspace);
+  EXPECT_EQ(box.text(), QStringLiteral("99999,12")) << "without its mark it would be too much";
+  expectAgreement();
+}
+
+TEST_F(Typing, ADateGetsItsSlashesAndKeepsThemWhereTheyAreTyped) {
+  QTest::keyClicks(&line(form.dtGiorno), QStringLiteral("05032017"));
+  EXPECT_EQ(form.dtGiorno.text(), "05/03/2017");
+  QLineEdit& box = line(form.dtGiorno);
+  box.selectAll();
+  QTest::keyClicks(&box, QStringLiteral("6/12/2016"));
+  EXPECT_EQ(form.dtGiorno.text(), "6/12/2016");
+  expectAgreement();
+}
+
+TEST_F(Typing, TabGoesInTheOrderOfTheControlsAndBack) {
+  line(form.txtTesto);
+  QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(form.focus(), &form.curImporto);
+  QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(form.focus(), &form.dtGiorno);
+  QTest::keyClick(window->focusWidget(), Qt::Key_Backtab);
+  EXPECT_EQ(form.focus(), &form.curImporto);
+  expectAgreement();
+}
+
+TEST_F(Typing, AClickBesideTheFieldsEndsTheTyping) {
+  QLineEdit& box = line(form.curImporto);
+  QTest::keyClicks(&box, QStringLiteral("5"));
+  QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, QPoint(2, window->height() - 2));
+  EXPECT_EQ(form.focus(), nullptr);
+  EXPECT_EQ(box.text(), QStringLiteral("5,00"));
+}
+
+TEST_F(Typing, AnErrorOfAHandlerIsToldAndTheWindowStays) {
+  form.txtTesto.onChange = [] { throw Error(13, "Tipo non corrispondente."); };
+  QString told;
+  QTimer::singleShot(30, window, [&] {
+    QWidget* const box = QApplication::activeModalWidget();
+    ASSERT_NE(box, nullptr);
+    told = qobject_cast<QMessageBox*>(box)->informativeText();
+    QTest::keyClick(box, Qt::Key_Escape);
+  });
+  QTest::keyClicks(&line(form.txtTesto), QStringLiteral("x"));
+  EXPECT_TRUE(form.isOpen());
+  EXPECT_EQ(told, QStringLiteral("Errore 13"));
+  EXPECT_EQ(form.txtTesto.text(), "x");
+  expectAgreement();
+}
+
+}  // namespace
+}  // namespace cu::test

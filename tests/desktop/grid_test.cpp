@@ -1,0 +1,167 @@
+// The grid of compensation lines in its window.
+
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMenu>
+#include <QSettings>
+#include <QTest>
+
+#include "desktop/agreement_support.h"
+#include "desktop/grid_view.h"
+#include "desktop/screen_support.h"
+
+namespace cu::test {
+namespace {
+
+class GridWindow : public ::testing::Test {
+ protected:
+  GridWindow() {
+    QSettings().clear();
+    screen.toGrid();
+  }
+  desktop::GridView& view() { return static_cast<desktop::GridView&>(*screen.window().view(grid())); }
+  desktop::GridTable& table() { return view().table(); }
+  Grid& grid() { return screen.form().grdCompensi; }
+  QPoint cell(int row, const char* field) {
+    const QModelIndex index = view().model().index(row, *view().model().columnOf(field));
+    table().scrollTo(index);
+    return table().visualRect(index).center();
+  }
+  std::string count() { return grid().column("Selezionato")->caption; }
+  void expectAgreement() { EXPECT_EQ(disagreements(screen.window()), ""); }
+
+  Screen screen;
+};
+
+TEST_F(GridWindow, ShowsEveryRowOfTheWorkTable) {
+  EXPECT_GT(view().model().rowCount(), 40);
+  EXPECT_EQ(static_cast<std::size_t>(view().model().rowCount()), grid().rowCount());
+  expectAgreement();
+}
+
+TEST_F(GridWindow, SpaceAndClickTakeARowOutAndTheCaptionCounts) {
+  const std::string all = count();
+  table().setFocus();
+  QTest::keyClick(&table(), Qt::Key_Space);
+  EXPECT_NE(count(), all);
+  expectAgreement();
+  QTest::keyClick(&table(), Qt::Key_Space);
+  EXPECT_EQ(count(), all);
+  QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::NoModifier, cell(3, "Selezionato"));
+  EXPECT_NE(count(), all);
+  EXPECT_EQ(grid().row(), 4U);
+  expectAgreement();
+}
+
+TEST_F(GridWindow, AClickBesideTheFlagOnlyMovesToTheRow) {
+  const std::string all = count();
+  QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::NoModifier, cell(5, "AnagraficaPerc"));
+  EXPECT_EQ(grid().row(), 6U);
+  EXPECT_EQ(count(), all);
+  expectAgreement();
+}
+
+TEST_F(GridWindow, TheArrowKeysMoveTheCurrentRow) {
+  table().setFocus();
+  QTest::keyClick(&table(), Qt::Key_Down);
+  QTest::keyClick(&table(), Qt::Key_Down);
+  EXPECT_EQ(grid().row(), 3U);
+  QTest::keyClick(&table(), Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(grid().row(), grid().rowCount());
+  expectAgreement();
+}
+
+TEST_F(GridWindow, TheRowMenuOpensByMouseAndByKey) {
+  int menus = 0;
+  const auto close = [&](QWidget& menu) {
+    menus += qobject_cast<QMenu*>(&menu) != nullptr ? 1 : 0;
+    menu.close();
+  };
+  screen.whenModal(close);
+  QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::NoModifier, cell(1, "Popup"));
+  screen.whenModal(close);
+  QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+  QApplication::sendEvent(table().viewport(), &byKey);
+  EXPECT_EQ(menus, 2);
+  expectAgreement();
+}
+
+TEST_F(GridWindow, ADoubleClickAndEnterOpenTheEditorAndEscLeavesIt) {
+  std::vector<std::string> opened;
+  const auto leave = [&](QWidget&) {
+    opened.push_back(screen.top()->form().name());
+    EXPECT_EQ(disagreements(*screen.top()), "");
+    screen.key(Qt::Key_Escape);
+  };
+  screen.whenModal(leave);
+  QTest::mouseDClick(table().viewport(), Qt::LeftButton, Qt::NoModifier, cell(2, "AnagraficaPerc"));
+  screen.whenModal(leave);
+  table().setFocus();
+  QTest::keyClick(&table(), Qt::Key_Return);
+  EXPECT_EQ(opened, (std::vector<std::string>{"frmCompenso2017", "frmCompenso2017"}));
+  EXPECT_EQ(grid().row(), 3U);
+  expectAgreement();
+}
+
+TEST_F(GridWindow, CopiesTheSelectedRowsAsTheyAreShown) {
+  table().setFocus();
+  QTest::keyClick(&table(), Qt::Key_Down, Qt::ShiftModifier);
+  QTest::keyClick(&table(), Qt::Key_C, Qt::ControlModifier);
+  const QStringList rows = QApplication::clipboard()->text().split(u'\n');
+  ASSERT_EQ(rows.size(), 2);
+  EXPECT_TRUE(rows[0].startsWith(QStringLiteral("Sì\t"))) << rows[0].toStdString();
+  EXPECT_TRUE(rows[0].contains(view().model().text(0, *view().model().columnOf("AmmontareLordo"))));
+}
+
+TEST_F(GridWindow, TheQuickSearchMovesToTheRowAndChangesNothingElse) {
+  const std::string all = count();
+  const int last = view().model().rowCount() - 1;
+  const int column = *view().model().columnOf("AnagraficaPerc");
+  const QString wanted = view().model().text(last, column);
+  auto* const box = screen.find<QLineEdit>("ricercaRapida");
+  box->setFocus();
+  typeText(*box, wanted.toUpper());
+  QTest::qWait(200);
+  EXPECT_EQ(view().model().text(static_cast<int>(grid().row()) - 1, column), wanted);
+  EXPECT_EQ(view().model().text(last, column), wanted) << "the order is as it was";
+  EXPECT_EQ(count(), all);
+  EXPECT_EQ(screen.window().focusWidget(), box) << "the typing goes on";
+}
+
+TEST_F(GridWindow, WidthsAndOrderAreThePersonsAndTheModelKeepsItsOwn) {
+  const int column = *view().model().columnOf("AnagraficaPerc");
+  const int width = grid().columns()[static_cast<std::size_t>(column)].width;
+  table().horizontalHeader()->resizeSection(column, 321);
+  table().horizontalHeader()->moveSection(2, 4);
+  EXPECT_EQ(grid().columns()[static_cast<std::size_t>(column)].width, width);
+  Screen another;
+  another.toGrid();
+  auto& kept = static_cast<desktop::GridView&>(*another.window().view(another.form().grdCompensi));
+  EXPECT_EQ(kept.table().columnWidth(column), 321);
+  EXPECT_EQ(kept.table().horizontalHeader()->visualIndex(column), 4);
+}
+
+TEST_F(GridWindow, ProtocolsForAllSelectedLinesAreTypedInTheirDialog) {
+  screen.whenModal([](QWidget& modal) { pressButton(modal, "No"); });
+  screen.click("cmdNav(2)");
+  screen.click("optTipoComunicazione(1)");
+  screen.click("cmdNav(3)");
+  screen.whenModal([&](QWidget&) {
+    EXPECT_EQ(screen.top()->form().name(), "frmProtocollo");
+    EXPECT_FALSE(screen.find<QWidget>("cmdOk")->isEnabled());
+    screen.type("txtProtocollo", "17a0123");
+    screen.type("txtProgressivo", "12");
+    EXPECT_EQ(disagreements(*screen.top()), "");
+    screen.key(Qt::Key_Return);
+  });
+  screen.click("cmdProtocollo");
+  const int column = *view().model().columnOf("ProtocolloAnnSost");
+  EXPECT_EQ(view().model().text(0, column), QStringLiteral("170123"));
+  expectAgreement();
+}
+
+}  // namespace
+}  // namespace cu::test

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QWidget>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "apps/comune/impianto.h"
+#include "desktop/form_window.h"
+#include "desktop/qt_front_end.h"
+#include "suite/profilo.h"
+
+namespace cu::test {
+
+// The wizard in its window on a demonstration database of its own: user 12, company 1, 5 March 2017.
+class Screen {
+ public:
+  explicit Screen(std::int32_t mode = 247);
+  ~Screen();
+
+  FrmWizard& form() { return *impianto_->programma().wizard(); }
+  desktop::QtFrontEnd& frontEnd() { return screen_; }
+  desktop::FormWindow& window() { return *screen_.window(form()); }
+  desktop::FormWindow* top() { return screen_.topmost(); }
+  const Profilo& profile() const { return profile_; }
+  QString documents() const { return folder_.filePath(QStringLiteral("documenti")); }
+
+  // A widget of the topmost form by the name of its control.
+  template <class W = QWidget>
+  W* find(const char* name) {
+    return top()->findChild<W*>(QString::fromLatin1(name));
+  }
+  void click(const char* name);
+  void type(const char* name, const char* text);  // selects all and types
+  void choose(const char* list, const char* text);
+  void key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier);  // where the focus is
+  const Control* focus() { return top()->form().focus(); }
+
+  // What is to be done with the next modal window, in the order given; each runs as soon as it is there.
+  void whenModal(std::function<void(QWidget& modal)> act);
+  bool allAnswered() const { return modals_.empty(); }
+
+  // To the grid of 2016, and to the last step.
+  void toTelematicFile();
+  void toGrid();
+  void toEnd();
+
+ private:
+  void watch();
+
+  QTemporaryDir folder_;
+  Profilo profile_;
+  desktop::QtFrontEnd screen_;
+  std::unique_ptr<Impianto> impianto_;
+  std::deque<std::function<void(QWidget&)>> modals_;
+  QTimer* watcher_;
+  QWidget* answering_ = nullptr;
+};
+
+void pressButton(QWidget& modal, const char* caption);  // by its caption without mnemonic
+QString boxText(QWidget& modal);
+void typeText(QWidget& widget, const QString& text);  // letters of any alphabet
+void settle();                                        // lets queued events run
+
+}  // namespace cu::test
