@@ -112,13 +112,14 @@ void OdbcConnection::State::login() {
   if (!settings.password.empty()) whole.set("PWD", settings.password);
   std::vector<SQLWCHAR> given;
   toWide(whole.text(), given);
+  given.push_back(0);
   using Clock = std::chrono::steady_clock;
   const auto start = Clock::now();
   watchdog.beforeLogin();
   SQLRETURN code = SQL_ERROR;
   {
     const Watchdog::Watch watch(watchdog, settings.loginSeconds);
-    code = SQLDriverConnectW(session.get(), nullptr, given.data(), static_cast<SQLSMALLINT>(given.size()),
+    code = SQLDriverConnectW(session.get(), nullptr, given.data(), static_cast<SQLSMALLINT>(given.size() - 1),
                              nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
   }
   if (!SQL_SUCCEEDED(code)) {
@@ -158,12 +159,14 @@ void OdbcConnection::State::run(std::string_view source, RowStore* rows) {
     SQLRETURN code = SQL_ERROR;
     if (wide) {
       toWide(source, wideText);
+      wideText.push_back(0);  // told its length, a driver may look for an end all the same
       const Watchdog::Watch watch(watchdog, settings.statementSeconds);
-      code = SQLExecDirectW(statement.get(), wideText.data(), static_cast<SQLINTEGER>(wideText.size()));
+      code = SQLExecDirectW(statement.get(), wideText.data(), static_cast<SQLINTEGER>(wideText.size() - 1));
     } else {
       std::vector<SQLCHAR> bytes(source.begin(), source.end());
+      bytes.push_back(0);
       const Watchdog::Watch watch(watchdog, settings.statementSeconds);
-      code = SQLExecDirect(statement.get(), bytes.data(), static_cast<SQLINTEGER>(bytes.size()));
+      code = SQLExecDirect(statement.get(), bytes.data(), static_cast<SQLINTEGER>(bytes.size() - 1));
     }
     if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) throw CallFailed{};
     results(rows);
