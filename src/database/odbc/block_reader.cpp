@@ -32,8 +32,9 @@ T at(const char* content) {
 
 }  // namespace
 
-void BlockReader::read(const StatementHandle& statement, RowStore& rows, Watchdog& watchdog, int seconds) {
-  describe(statement);
+void BlockReader::read(const StatementHandle& statement, SQLSMALLINT columns, RowStore& rows,
+                       Watchdog& watchdog, int seconds) {
+  describe(statement, columns);
   if (described_ != last_) {
     last_.clear();
     plan();
@@ -57,9 +58,7 @@ void BlockReader::read(const StatementHandle& statement, RowStore& rows, Watchdo
   }
 }
 
-void BlockReader::describe(const StatementHandle& statement) {
-  SQLSMALLINT count = 0;
-  need(SQLNumResultCols(statement.get(), &count));
+void BlockReader::describe(const StatementHandle& statement, SQLSMALLINT count) {
   described_.resize(static_cast<std::size_t>(count));
   std::array<SQLWCHAR, 256> name{};
   for (SQLSMALLINT i = 0; i < count; ++i) {

@@ -23,9 +23,10 @@ class BlockReader {
   // a cell of a block once more.
   BlockReader(bool wide, bool rereads) : wide_(wide), rereads_(rereads) {}
 
-  // The result at which the statement stands. The time allowed counts for each call of the driver.
-  // CallFailed, DatabaseError for a value that has no place in a row.
-  void read(const StatementHandle& statement, RowStore& rows, Watchdog& watchdog, int seconds);
+  // The result at which the statement stands, of so many columns. The time allowed counts for each call of
+  // the driver. CallFailed, DatabaseError for a value that has no place in a row.
+  void read(const StatementHandle& statement, SQLSMALLINT columns, RowStore& rows, Watchdog& watchdog,
+            int seconds);
 
   std::size_t rowsPerBlock() const { return block_; }
 
@@ -49,7 +50,7 @@ class BlockReader {
     SQLLEN* lengths = nullptr;
   };
 
-  void describe(const StatementHandle& statement);
+  void describe(const StatementHandle& statement, SQLSMALLINT count);
   void plan();
   void bind(const StatementHandle& statement);
   Bound boundOf(const Described& column) const;

@@ -186,7 +186,7 @@ void OdbcConnection::State::results(RowStore* rows) {
         affected = std::max<std::int64_t>(affected, 0) + count;
       }
     } else if (rows != nullptr) {
-      reader->read(statement, *rows, watchdog, settings.statementSeconds);
+      reader->read(statement, columns, *rows, watchdog, settings.statementSeconds);
       rows = nullptr;
     }
     const Watchdog::Watch watch(watchdog, settings.statementSeconds);
