@@ -96,7 +96,10 @@ void FormWindow::orderTabs() {
 }
 
 void FormWindow::freeze(bool frozen) {
-  for (QTableView* table : findChildren<QTableView*>()) table->setUpdatesEnabled(!frozen);
+  // The tables of this window alone: the one that has opened above is a child of it.
+  for (QTableView* table : findChildren<QTableView*>()) {
+    if (table->window() == this) table->setUpdatesEnabled(!frozen);
+  }
 }
 
 void FormWindow::act(Control& control, const Event& event) {

@@ -74,6 +74,22 @@ TEST_F(GridWindow, TheArrowKeysMoveTheCurrentRow) {
   expectAgreement();
 }
 
+TEST_F(GridWindow, StaysAsDrawnBehindAnEditorWhoseOwnGridIsDrawn) {
+  bool below = true;
+  bool inside = false;
+  screen.whenModal([&](QWidget&) {
+    below = table().updatesEnabled();
+    inside = screen.find<QTableView>("grdAltriModuli")->updatesEnabled();
+    screen.click("cmdAnnulla");
+  });
+  table().setFocus();
+  QTest::keyClick(&table(), Qt::Key_Return);
+  EXPECT_TRUE(screen.allAnswered());
+  EXPECT_FALSE(below);
+  EXPECT_TRUE(inside);
+  EXPECT_TRUE(table().updatesEnabled());
+}
+
 TEST_F(GridWindow, TheRowMenuOpensByMouseAndByKey) {
   int menus = 0;
   const auto close = [&](QWidget& menu) {
