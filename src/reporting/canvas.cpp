@@ -16,7 +16,7 @@ namespace {
 
 constexpr double kMillimetresPerInch = 25.4;
 constexpr double kPointsPerInch = 72;
-constexpr double kSmallest = 0.5;  // of a text that is made to fit
+constexpr double kSmallest = 0.7;  // of a text that is made to fit, before it is cut
 constexpr double kLeading = 1.05;
 constexpr double kOneLine = 0.3;  // mm between base lines that are read as one
 constexpr char32_t kFirstLetter = 0x20;
@@ -153,12 +153,12 @@ void Canvas::text(double x, double y, double width, const QString& text, const T
   QString shown = text.normalized(QString::NormalizationForm_C);
   double taken = textWidth(shown, style);
   if (taken > width && width > 0) {
-    fitting.points = style.points * std::max(kSmallest, width / taken * 0.99);
+    const double share = width / taken * 0.99;
+    fitting.points = style.points * (align == Align::Right ? share : std::max(kSmallest, share));
     taken = textWidth(shown, fitting);
-    while (taken > width && shown.size() > 1) {
+    while (taken > width && align != Align::Right && shown.size() > 1) {
       shown = shown.left(shown.size() - (shown.endsWith(kEllipsis) ? 2 : 1)).trimmed() + kEllipsis;
       taken = textWidth(shown, fitting);
-      if (shown.size() <= 1) break;
     }
   }
   double left = x;

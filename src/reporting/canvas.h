@@ -64,8 +64,8 @@ class Canvas {
   // The text in lines that fit the width; a word longer than a line is broken.
   QStringList wrap(const QString& text, const TextStyle& style, double width);
 
-  // One line of text, `y` being its base line; it is set smaller, down to half, and then cut with an
-  // ellipsis, where it is wider than `width`.
+  // One line of text, `y` being its base line. Where it is wider than `width` it is set smaller, and from a
+  // point on cut with an ellipsis; what stands at the right, as amounts do, is never cut.
   void text(double x, double y, double width, const QString& text, const TextStyle& style,
             Align align = Align::Left);
   // Lines from the top `y` downwards; returns the y below the last one.

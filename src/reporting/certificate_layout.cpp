@@ -78,13 +78,13 @@ class Certificate {
     const TextStyle name{13, true, kAccent};
     const TextStyle quiet{8, false, kMuted};
     double y = kTop;
-    canvas_.fill({kMargin, y, 1.2, 17}, kAccent);
     const double left = kMargin + 4;
     const double room = width_ - 4;
     y = canvas_.lines(left, y, room, canvas_.wrap(company.name, name, room), name);
     for (const QString& line : {company.address, company.codes, company.contacts}) {
       if (!line.isEmpty()) y = canvas_.lines(left, y, room, canvas_.wrap(line, quiet, room), quiet);
     }
+    canvas_.fill({kMargin, kTop, 1.2, y - kTop}, kAccent);
     return std::max(y, kTop + 17) + 11;
   }
 

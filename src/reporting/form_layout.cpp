@@ -174,8 +174,11 @@ class Forms {
     const TextStyle quiet{7, false, kMuted};
     const double right = place.x + place.width * 0.42;
     const double room = place.width * 0.58 - 3;
-    canvas_.text(place.x + 1.2, y + 9, place.width * 0.42 - 4, company, name);
-    canvas_.text(place.x + 1.2, y + 13.4, place.width * 0.42 - 4, signer, quiet);
+    const double nameRoom = place.width * 0.42 - 4;
+    QStringList names = canvas_.wrap(company, name, nameRoom);
+    if (names.size() > 2) names = {names[0], names.mid(1).join(' ')};
+    const double below = canvas_.lines(place.x + 1.2, y + 5.5, nameRoom, names, name);
+    canvas_.text(place.x + 1.2, below + 4, nameRoom, signer, quiet);
     canvas_.line(right, y + kHeight - 4, right + room, y + kHeight - 4, kInk, 0.2);
   }
 

@@ -157,12 +157,13 @@ void Table::heading(const OpenGroup& group, std::size_t level, bool again) {
 }
 
 void Table::close(std::size_t level) {
-  OpenGroup group = std::move(groups_.back());
-  groups_.pop_back();
   const ReportGroup& definition = definition_.groups[level];
-  if (!definition.total.empty() && (definition.totalOfOne || group.below > 1)) {
-    totals(fromUtf8(definition.total), group.totals, level == firstGroup_);
-  }
+  const bool summed = !definition.total.empty() && (definition.totalOfOne || groups_.back().below > 1);
+  // Totals that go over to another page stand there under the group's name.
+  if (summed) need(totalHeight(), true);
+  const OpenGroup group = std::move(groups_.back());
+  groups_.pop_back();
+  if (summed) totals(fromUtf8(definition.total), group.totals, level == firstGroup_);
   y_ += 0.8;
 }
 
@@ -201,7 +202,7 @@ void Table::row() {
 }
 
 void Table::totals(const QString& caption, const std::vector<Decimal>& values, bool strong) {
-  const double height = rowHeight_ + 0.6;
+  const double height = totalHeight();
   need(height, false);
   if (strong) canvas_.fill({area_.x, y_, area_.width, height}, kTint);
   canvas_.line(area_.x, y_, area_.x + area_.width, y_, kAccent, 0.25);

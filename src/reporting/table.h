@@ -65,6 +65,7 @@ class Table {
   void heading(const OpenGroup& group, std::size_t level, bool again);
   void close(std::size_t level);
   void row();
+  double totalHeight() const { return rowHeight_ + 0.6; }
   void totals(const QString& caption, const std::vector<Decimal>& values, bool strong);
 
   Canvas& canvas_;

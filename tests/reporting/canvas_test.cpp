@@ -88,6 +88,11 @@ TEST_F(CanvasTest, ATextFarTooWideEndsInAnEllipsis) {
   EXPECT_LT(text.size(), 60U);
 }
 
+TEST_F(CanvasTest, AnAmountIsNeverCut) {
+  canvas->text(20, 50, 5, "-999.999.999.999.999,99", style, Align::Right);
+  EXPECT_EQ(pageText(), "-999.999.999.999.999,99\n");
+}
+
 TEST_F(CanvasTest, AMarkThatStandsApartIsJoinedWithItsLetter) {
   canvas->text(20, 50, 50, QString::fromUtf8("Niccolo\u0300"), style);
   EXPECT_EQ(pageText(), "Niccolò\n");
