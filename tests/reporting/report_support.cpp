@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
+#include <sstream>
 #include <stdexcept>
 
 #include "database/archivio.h"
@@ -43,6 +44,52 @@ int count(const std::string& text, const std::string& piece) {
   for (std::size_t at = text.find(piece); at != std::string::npos; at = text.find(piece, at + piece.size()))
     ++found;
   return found;
+}
+
+std::string squeezed(const std::string& text) {
+  std::string result;
+  for (const char c : text) {
+    if (c != ' ' || result.empty() || result.back() != ' ') result += c;
+  }
+  return result;
+}
+
+int pageCount(const std::string& path) {
+  const std::string info = runCommand("pdfinfo '" + path + "'").output;
+  const std::size_t at = info.find("Pages:");
+  if (at == std::string::npos) throw std::runtime_error("pdfinfo: " + info);
+  return std::stoi(info.substr(at + 6));
+}
+
+namespace {
+
+double attribute(const std::string& line, const std::string& name) {
+  const std::size_t at = line.find(name + "=\"");
+  if (at == std::string::npos) throw std::runtime_error("no " + name + " in " + line);
+  return std::stod(line.substr(at + name.size() + 2));
+}
+
+}  // namespace
+
+std::vector<PdfWord> pdfWords(const std::string& path) {
+  std::istringstream lines(runCommand("pdftotext -bbox '" + path + "' -").output);
+  std::vector<PdfWord> words;
+  int page = 0;
+  double width = 0;
+  double height = 0;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.find("<page ") != std::string::npos) {
+      ++page;
+      width = attribute(line, "width");
+      height = attribute(line, "height");
+    }
+    if (line.find("<word ") == std::string::npos) continue;
+    const std::size_t text = line.find('>') + 1;
+    words.push_back({page, width, height, attribute(line, "xMin"), attribute(line, "yMin"),
+                     attribute(line, "xMax"), attribute(line, "yMax"),
+                     line.substr(text, line.find("</word>") - text)});
+  }
+  return words;
 }
 
 PrintShop::PrintShop() : PrintShop(reporting::embeddedDefinitionFiles()) {}

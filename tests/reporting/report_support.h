@@ -30,6 +30,23 @@ std::string pdfText(const std::string& path);
 // How often a piece stands in a text.
 int count(const std::string& text, const std::string& piece);
 
+// The text with one blank where there were several.
+std::string squeezed(const std::string& text);
+int pageCount(const std::string& path);
+
+// A word of a PDF where it stands, in points from the upper left corner of its page.
+struct PdfWord {
+  int page;
+  double pageWidth;
+  double pageHeight;
+  double left;
+  double top;
+  double right;
+  double bottom;
+  std::string text;
+};
+std::vector<PdfWord> pdfWords(const std::string& path);
+
 // One place to print in.
 class PrintShop {
  public:
