@@ -6,6 +6,12 @@
 
 #include "reporting/report_error.h"
 
+#if defined(__SANITIZE_ADDRESS__)
+// The font library keeps what it has read to the end of the process; that is no leak of this program.
+extern "C" const char* __lsan_default_suppressions();
+extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
+#endif
+
 namespace cu::reporting {
 
 void ensureGuiApplication() {
