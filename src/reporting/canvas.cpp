@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "reporting/gui_application.h"
+#include "reporting/print_font.h"
 #include "reporting/report_error.h"
 
 namespace cu::reporting {
@@ -73,7 +73,7 @@ Canvas::Font& Canvas::font(double points, bool bold) {
   const int key = bold ? -pixels : pixels;
   const auto known = fonts_.find(key);
   if (known != fonts_.end()) return known->second;
-  QFont wanted(reportFontFamily());
+  QFont wanted(printFontFamily());
   wanted.setPixelSize(pixels);
   wanted.setBold(bold);
   wanted.setHintingPreference(QFont::PreferNoHinting);

@@ -1,6 +1,5 @@
 #include "reporting/gui_application.h"
 
-#include <QFontDatabase>
 #include <QGuiApplication>
 #include <clocale>
 
@@ -33,15 +32,6 @@ void ensureGuiApplication() {
   qInstallMessageHandler(before);
   // The toolkit has taken over the locale of the environment; numbers stay as the program writes them.
   std::setlocale(LC_NUMERIC, "C");
-}
-
-QString reportFontFamily() {
-  static const QString family = "DejaVu Sans";
-  static const bool installed = QFontDatabase::hasFamily(family);
-  if (!installed) {
-    throw Error(kErrorReportOutput, "Il carattere \"DejaVu Sans\" delle stampe non è installato.");
-  }
-  return family;
 }
 
 }  // namespace cu::reporting
