@@ -23,7 +23,8 @@ void small(QWidget& title) {
 
 Cell::Cell(QWidget* parent) : QWidget(parent) {
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 2);
+  // Room for the line around the field that has the keyboard.
+  column->setContentsMargins(4, 0, 4, 4);
   column->setSpacing(1);
   column->addStretch(1);
 }
@@ -57,8 +58,8 @@ bool Cell::eventFilter(QObject* watched, QEvent* event) {
 
 CellBox::CellBox(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(this)) {
   grid_->setContentsMargins(0, 0, 0, 0);
-  grid_->setHorizontalSpacing(12);
-  grid_->setVerticalSpacing(6);
+  grid_->setHorizontalSpacing(6);
+  grid_->setVerticalSpacing(4);
 }
 
 Cell& CellBox::add() {

@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QToolButton>
 #include <QWidgetAction>
+#include <optional>
 
 #include "desktop/form_window.h"
 #include "desktop/text.h"
@@ -21,6 +22,13 @@ class Line : public QLineEdit {
   using QLineEdit::QLineEdit;
   QString keypadMark;
 
+  // The selection that a key replaces, while it does: a letter typed over its like is seen by it alone.
+  struct Replaced {
+    int at = 0;
+    int count = 0;
+  };
+  std::optional<Replaced> replacing;
+
  protected:
   void focusInEvent(QFocusEvent* event) override {
     QLineEdit::focusInEvent(event);
@@ -33,28 +41,27 @@ class Line : public QLineEdit {
     byMouse_ = false;
   }
   void keyPressEvent(QKeyEvent* event) override {
+    const int at = hasSelectedText() ? selectionStart() : cursorPosition();
+    replacing = Replaced{at, static_cast<int>(selectedText().size())};
+    take(event);
+    replacing.reset();
+  }
+
+ private:
+  void take(QKeyEvent* event) {
     const bool mark = event->key() == Qt::Key_Period || event->key() == Qt::Key_Comma;
     if (mark && event->modifiers().testFlag(Qt::KeypadModifier) && !keypadMark.isEmpty() && !isReadOnly()) {
       insert(keypadMark);
-      // An insertion by the program tells nobody that a person has typed.
-      emit textEdited(text());
       return;
     }
     QLineEdit::keyPressEvent(event);
   }
 
- private:
   bool byMouse_ = false;
 };
 
-struct Difference {
-  std::size_t at = 0;
-  std::size_t removed = 0;
-  std::u32string inserted;
-};
-
 // What was done to `before` for `now`, with the cursor behind what was inserted.
-Difference difference(const std::u32string& before, const std::u32string& now, std::size_t cursor) {
+EditView::Difference difference(const std::u32string& before, const std::u32string& now, std::size_t cursor) {
   const std::size_t tail = now.size() - std::min(cursor, now.size());
   std::size_t behind = 0;
   while (behind < tail && behind < before.size() &&
@@ -92,11 +99,23 @@ EditView::EditView(FormWindow& window, EditBox& box, QWidget* parent)
 
 QList<QWidget*> EditView::focusWidgets() const { return {line_}; }
 
+// A key says itself what it replaced; of everything else the texts before and after tell.
+EditView::Difference EditView::whatWasDone(const std::u32string& before, const std::u32string& now) const {
+  const QString text = QString::fromStdU32String(now);
+  const int cursor = line_->cursorPosition();
+  const auto& replacing = static_cast<const Line*>(line_)->replacing;
+  if (replacing && cursor > replacing->at) {
+    const QString old = QString::fromStdU32String(before);
+    return {points(old.left(replacing->at)).size(), points(old.mid(replacing->at, replacing->count)).size(),
+            points(text.mid(replacing->at, cursor - replacing->at))};
+  }
+  return difference(before, now, points(text.left(cursor)).size());
+}
+
 void EditView::edited(const QString& now) {
   const std::u32string before = points(shown(box_.text()));
   const std::u32string after = points(now);
-  const int cursor = line_->cursorPosition();
-  const Difference what = difference(before, after, points(now.left(cursor)).size());
+  const Difference what = whatWasDone(before, after);
   bool taken = false;
   act([&] {
     if (what.inserted.empty()) {

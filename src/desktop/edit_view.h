@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "desktop/view.h"
 #include "host/datebox.h"
 #include "host/textbox.h"
@@ -17,6 +19,13 @@ class EditView : public View {
   QList<QWidget*> focusWidgets() const override;
   QLineEdit* line() const { return line_; }
 
+  // What a person has done to the content: characters from `at` on gave way to others.
+  struct Difference {
+    std::size_t at = 0;
+    std::size_t removed = 0;
+    std::u32string inserted;
+  };
+
  protected:
   void refresh() override;
   EditBox& box() const { return box_; }
@@ -25,6 +34,7 @@ class EditView : public View {
   virtual void edited(const QString& now);
 
  private:
+  Difference whatWasDone(const std::u32string& before, const std::u32string& now) const;
   EditBox& box_;
   QLineEdit* line_;
 };

@@ -247,7 +247,12 @@ void layOutDialog(FormWindow& window, QBoxLayout& root, const Parts& parts) {
   Layouter layouter(window);
   layouter.fill(content, parts.content);
   if (auto* const grid = content->layout()) grid->setContentsMargins(kMargin, kMargin, kMargin, 0);
-  content->setMinimumWidth(std::min(420, 36 * content->fontMetrics().averageCharWidth()));
+  // Wide enough for texts to be read in few lines; sections with boxes want more.
+  const bool sections = std::any_of(parts.content.begin(), parts.content.end(),
+                                    [](Control* control) { return kindOf(*control) == Kind::Frame; });
+  constexpr int kTextWidth = 460;
+  constexpr int kSectionWidth = 560;
+  content->setMinimumWidth(sections ? kSectionWidth : kTextWidth);
   area->setWidget(content);
   root.addWidget(area, 1);
   layOutBottom(window, root, parts);

@@ -161,6 +161,9 @@ void FormWindow::takeFocus(View& taken, QWidget* widget) {
 bool FormWindow::key(QKeyEvent* event) {
   const FormKey pressed = formKey(*event);
   if (pressed.code == 0 || pressed.code == 9) return false;
+  const auto at = byWidget_.find(focusWidget());
+  if (at != byWidget_.end()) takeFocus(*at->second, focusWidget());
+  if (!live()) return true;
   Control* const focus = form_->focus();
   const bool enter = pressed.code == 13;
   auto* const button = dynamic_cast<Button*>(focus);

@@ -111,7 +111,7 @@ ContentArea::ContentArea(QWidget* parent) : QScrollArea(parent) {
 
 QSize ContentArea::sizeHint() const {
   if (widget() == nullptr) return QScrollArea::sizeHint();
-  QSize hint = widget()->sizeHint();
+  QSize hint = widget()->sizeHint().expandedTo(widget()->minimumSize());
   if (widget()->layout() != nullptr && widget()->layout()->hasHeightForWidth()) {
     hint.setHeight(widget()->layout()->heightForWidth(hint.width()));
   }

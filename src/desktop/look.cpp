@@ -7,8 +7,9 @@
 #include <QPainter>
 #include <QPalette>
 #include <QStyle>
-#include <QStyleFactory>
 #include <QTranslator>
+
+#include "desktop/clear_style.h"
 
 namespace cu::desktop::look {
 namespace {
@@ -102,7 +103,7 @@ void speakItalian(QApplication& application) {
 }  // namespace
 
 void apply(QApplication& application, Colours colours) {
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setStyle(new ClearStyle);
   switch (colours) {
     case Colours::Desktop:
       if (plain(QApplication::palette())) QApplication::setPalette(dark() ? darkPalette() : lightPalette());

@@ -8,12 +8,14 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QScreen>
+#include <QScrollBar>
 #include <QUrl>
 #include <algorithm>
 
 #include "desktop/foot.h"
 #include "desktop/form_window.h"
 #include "desktop/input_drain.h"
+#include "desktop/layouter.h"
 #include "desktop/reading_windows.h"
 #include "desktop/shell_views.h"
 #include "desktop/text.h"
@@ -23,6 +25,7 @@ namespace cu::desktop {
 namespace {
 
 constexpr qint64 kTellEvery = 80;  // milliseconds
+constexpr int kTitleBar = 32;      // of a window, as far as one can know
 
 }  // namespace
 
@@ -39,6 +42,7 @@ QtFrontEnd::~QtFrontEnd() {
 QtFrontEnd::Waiting::Waiting(QtFrontEnd& frontEnd)
     : frontEnd_(frontEnd), running_(std::exchange(frontEnd.running_, 0)) {
   frontEnd_.showPointer();
+  frontEnd_.restFeet();
 }
 
 QtFrontEnd::Waiting::~Waiting() {
@@ -91,6 +95,10 @@ void QtFrontEnd::endOfWork() {
   ++running_;
   drainInput();
   --running_;
+  restFeet();
+}
+
+void QtFrontEnd::restFeet() {
   for (const Shown& each : shown_) {
     if (each.window->foot() != nullptr) each.window->foot()->rest();
   }
@@ -102,7 +110,6 @@ void QtFrontEnd::place(FormWindow& window, const FormWindow* over) const {
   QSize size = window.sizeHint().expandedTo(window.minimumSizeHint());
   if (!window.form().stages().empty()) size = {1040, 700};
   if (window.form().scroll() != nullptr) size = {1080, 720};
-  constexpr int kTitleBar = 32;
   size = size.boundedTo(room.size() - QSize(0, kTitleBar));
   window.resize(size);
   const QRect around = over != nullptr ? over->frameGeometry() : room;
@@ -111,6 +118,22 @@ void QtFrontEnd::place(FormWindow& window, const FormWindow* over) const {
   place.moveLeft(std::clamp(place.left(), room.left(), std::max(room.left(), room.right() - size.width())));
   place.moveTop(std::clamp(place.top(), room.top(), std::max(room.top(), room.bottom() - size.height())));
   window.move(place.topLeft());
+}
+
+// Boxes and texts that wrap say only in their window how high they are.
+void QtFrontEnd::fit(FormWindow& window, const FormWindow* over) const {
+  if (window.form().scroll() != nullptr || !window.form().stages().empty()) return;
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  int missing = 0;
+  for (const auto* area : window.findChildren<ContentArea*>()) {
+    if (area->isVisible()) missing = std::max(missing, area->verticalScrollBar()->maximum());
+  }
+  if (missing == 0) return;
+  const QRect room = window.screen()->availableGeometry();
+  window.resize(window.width(), std::min(window.height() + missing + 1, room.height() - kTitleBar));
+  const int lowest = std::max(room.top(), room.bottom() - window.height());
+  const int middle = over == nullptr ? room.center().y() : over->frameGeometry().center().y();
+  window.move(window.x(), std::clamp(middle - window.height() / 2, room.top(), lowest));
 }
 
 void QtFrontEnd::show(Form& form) {
@@ -133,6 +156,7 @@ void QtFrontEnd::showModal(Form& form) {
   }
   place(*window, below);
   window->show();
+  fit(*window, below);
   window->activateWindow();
   {
     const Waiting waiting(*this);
@@ -169,6 +193,8 @@ void QtFrontEnd::popup(MenuBar& bar, const std::string& band) {
 }
 
 void QtFrontEnd::help(const std::string&, int, std::int32_t) {
+  // Behind a modal form the guide could not be read: it goes with the window in front.
+  if (helpWindow_ != nullptr && helpWindow_->parentWidget() != topmost()) delete helpWindow_;
   if (helpWindow_ == nullptr) {
     helpWindow_ = new HelpWindow(topmost(), guide_);
     helpWindow_->show();

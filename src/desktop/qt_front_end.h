@@ -81,8 +81,10 @@ class QtFrontEnd : public FrontEnd {
     QEventLoop* loop;
   };
   void place(FormWindow& window, const FormWindow* over) const;
+  void fit(FormWindow& window, const FormWindow* over) const;
   void showPointer();
   void endOfWork();
+  void restFeet();
 
   QString guide_;
   QPointer<QWidget> helpWindow_;

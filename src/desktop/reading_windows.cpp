@@ -7,7 +7,6 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QShortcut>
-#include <QStringDecoder>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QVBoxLayout>
@@ -77,9 +76,8 @@ QVariant FileLines::data(const QModelIndex& index, int role) const {
   const auto row = static_cast<std::size_t>(index.row());
   QByteArray line(data_ + starts_[row], starts_[row + 1] - starts_[row]);
   while (line.endsWith('\n') || line.endsWith('\r')) line.chop(1);
-  auto decode = QStringDecoder(QStringDecoder::Utf8);
-  const QString text = decode(line);
-  return decode.hasError() ? QString::fromLatin1(line) : text;
+  const QString text = QString::fromUtf8(line);
+  return text.contains(QChar::ReplacementCharacter) ? QString::fromLatin1(line) : text;
 }
 
 TextWindow::TextWindow(QWidget* parent, const QString& path) : QWidget(parent, Qt::Window) {

@@ -16,6 +16,7 @@ bool FrmWizard::fnCreaFileCU() {
   const std::unique_ptr<LogGrid> oLogGrid = ambiente_.factory.createLogGrid();
   oLogGrid->setUser(sessione.IDUtente());
   oLogGrid->setName("LogGrid_" + fromInteger(sessione.IDUtente()));
+  ambiente_.frontEnd.progress("Controllo dei dati", 0, 0);
   Controlli controlli(sessione.database().internalConnection(), ambiente_.utilita, *oLogGrid);
   controlli.sbPreparaLog();
   controlli.esegui({.dataFirma = dtDataFirma.text(),

@@ -118,6 +118,7 @@ void FrmWizard::sbCreaFiltroStampa() {
     sFiltro += " AND CodiceCausalePagamento >= " + utilita.literal(scelti.causaleDa);
   if (dato(scelti.causaleA)) sFiltro += " AND CodiceCausalePagamento <= " + utilita.literal(scelti.causaleA);
   if (!chkRicostruzione.value()) return;
+  ambiente_.frontEnd.progress("Ricostruzione dei conti individuali", 0, 0);
   oRic = ambiente_.factory.createRicostruzione();
   oRic->setDatabase(globali_.gSessione->database());
   oRic->setAzienda(globali_.gSessione->IDAzienda());

@@ -27,7 +27,9 @@ void FrmWizard::stampaModuli(const std::string& sCodFisc) {
   Recordset& righe = compensi_.rsCompensi();
   if (righe.RecordCount() > 0) righe.MoveFirst();
   eseguiRicorsione(ricorsione::elimina(idUtente));
+  const std::size_t quante = righe.RecordCount();
   for (; !righe.Eof(); righe.MoveNext()) {
+    ambiente_.frontEnd.progress("Stampa dei moduli", righe.AbsolutePosition(), quante);
     if (!righe.Get("Selezionato").flag()) continue;
     if (optStampaTracciato[0].value()) eseguiRicorsione(ricorsione::elimina(idUtente));
     eseguiRicorsione(ricorsione::inserisci(righe, corsa, utilita));

@@ -51,6 +51,7 @@ void FrmWizard::sbStampaReport(const std::string& sNomeFile) {
   // Controls and reports read for themselves.
   Connection& connessione = sessione.database().ownConnection();
   ambiente_.frontEnd.setPointer(kPointerHourglass);
+  if (sNomeFile.empty()) ambiente_.frontEnd.progress("Preparazione della stampa", 0, 0);
   oReport = ambiente_.factory.createReport();
   oReport->setSession(sessione.IDUtente(), sessione.IDAzienda(), sessione.IDFiliale());
   oReport->setConnection(connessione);

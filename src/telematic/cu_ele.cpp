@@ -2,6 +2,7 @@
 
 #include <exception>
 
+#include "host/frontend.h"
 #include "host/recordset.h"
 #include "host/utility.h"
 #include "shell/context/globali.h"
@@ -51,7 +52,10 @@ void CUEle::scriviFile(Connection& connection, Recordset& principale, Date DataF
                          dati_.DataImpegnoIntermediario);
 
   std::int32_t NumeroCertificazione = 0;
+  const std::size_t certificazioni = principale.RecordCount();
   for (; !principale.Eof(); principale.MoveNext()) {
+    ambiente_.frontEnd.progress("Creazione del file telematico", principale.AbsolutePosition(),
+                                certificazioni);
     const CellView* const riga = principale.Row();
     ++NumeroCertificazione;
     file_.WriteRecordTipoD(riga, NumeroCertificazione, dati_.CodiceFiscaleAzienda, dati_.TipoComunicazione,

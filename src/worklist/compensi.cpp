@@ -22,6 +22,7 @@ void Compensi::esegui(const std::string& testo) { interna().Execute(utilita_.fnA
 
 void Compensi::sbCreaTabellaLavoro(const Filtri& filtri) {
   frontEnd_.setPointer(kPointerHourglass);
+  frontEnd_.progress("Caricamento dei compensi", 0, 0);
   if (rsCompensi_.IsOpen()) rsCompensi_.Close();
   const std::string select = fnSelectCompensi(filtri, globali_.gSessione->IDAzienda(), utilita_);
   globali_.gTabellaLavoro = fnNomeTabellaLavoro(globali_.gSessione->IDUtente());
@@ -73,7 +74,11 @@ void Compensi::sbSelezionaTutto(AzioneSelezione azione) {
   frontEnd_.setPointer(kPointerHourglass);
   {
     const DrawingPause pausa(griglia_);
-    for (rsCompensi_.MoveFirst(); !rsCompensi_.Eof(); rsCompensi_.MoveNext()) sbSelezionaRiga(azione);
+    const std::size_t righe = rsCompensi_.RecordCount();
+    for (rsCompensi_.MoveFirst(); !rsCompensi_.Eof(); rsCompensi_.MoveNext()) {
+      frontEnd_.progress("Selezione dei compensi", rsCompensi_.AbsolutePosition(), righe);
+      sbSelezionaRiga(azione);
+    }
   }
   sbContaSelezionati();
   rsCompensi_.MoveFirst();
@@ -109,6 +114,7 @@ bool Compensi::fnProtocolliMancanti() {
 void Compensi::sbAggiornaRiga() { esegui(fnAggiornaRiga(globali_.gTabellaLavoro, rsCompensi_, utilita_)); }
 
 void Compensi::sbMemorizzaModifiche() {
+  frontEnd_.progress("Memorizzazione delle modifiche nei conti", 0, 0);
   interna().Execute(fnAggiornaConti(globali_.gTabellaLavoro));
   interna().Execute(fnAggiornaDatiAggiuntivi(globali_.gTabellaLavoro));
 }
@@ -120,7 +126,9 @@ void Compensi::sbAggiornaProtocolli(const std::string& protocollo, const std::st
     const DrawingPause pausa(griglia_);
     const bool suUnaRiga = !rsCompensi_.Bof() && !rsCompensi_.Eof();
     const Recordset::RowMark segnalibro = suUnaRiga ? rsCompensi_.Bookmark() : 0;
+    const std::size_t righe = rsCompensi_.RecordCount();
     for (rsCompensi_.MoveFirst(); !rsCompensi_.Eof(); rsCompensi_.MoveNext()) {
+      frontEnd_.progress("Aggiornamento dei riferimenti", rsCompensi_.AbsolutePosition(), righe);
       if (rsCompensi_.Get("Selezionato").flag()) scriviProtocolli(protocollo, progressivo, sovrascrivi);
     }
     if (suUnaRiga) rsCompensi_.SetBookmark(segnalibro);

@@ -82,6 +82,19 @@ TEST_F(Typing, EachCharacterIsOneChange) {
   EXPECT_EQ(form.changes, 6);
 }
 
+TEST_F(Typing, ACharacterOverItsLikeIsAChange) {
+  form.txtTesto.setText("1");
+  form.changes = 0;
+  QTest::keyClicks(&line(form.txtTesto), QStringLiteral("1"));
+  EXPECT_EQ(form.txtTesto.text(), "1");
+  EXPECT_EQ(form.changes, 1);
+  form.txtTesto.setText("12");
+  form.txtTesto.keyFilter = [](char32_t typed) { return typed != U'1'; };
+  QTest::keyClicks(&line(form.txtTesto), QStringLiteral("1"));
+  EXPECT_EQ(form.txtTesto.text(), "12") << "the filter is asked also where the letter stands already";
+  expectAgreement();
+}
+
 TEST_F(Typing, ARefusedCharacterLeavesTextAndCursor) {
   form.txtTesto.setText("12");
   form.txtTesto.keyFilter = [](char32_t typed) { return typed >= U'0' && typed <= U'9'; };

@@ -34,7 +34,7 @@ const QString& demonstration() {
 
 }  // namespace
 
-Screen::Screen(std::int32_t mode) : watcher_(new QTimer(qApp)) {
+Screen::Screen(std::int32_t mode) : watcher_(std::make_unique<QObject>()) {
   const QString database = folder_.filePath(QStringLiteral("prova.db"));
   QFile::copy(demonstration(), database);
   QDir(folder_.path()).mkdir(QStringLiteral("documenti"));
@@ -49,8 +49,7 @@ Screen::Screen(std::int32_t mode) : watcher_(new QTimer(qApp)) {
   profile_.documenti = documents().toStdString();
   profile_.impostazioni = folder_.filePath(QStringLiteral("impostazioni.toml")).toStdString();
   profile_.stampa = Profilo::MotoreStampa::Registro;
-  QObject::connect(watcher_, &QTimer::timeout, qApp, [this] { watch(); });
-  watcher_->start(5);
+  watch();
   impianto_ = std::make_unique<Impianto>(profile_, screen_);
   impianto_->programma().main();
   window().activateWindow();
@@ -58,15 +57,23 @@ Screen::Screen(std::int32_t mode) : watcher_(new QTimer(qApp)) {
 }
 
 Screen::~Screen() {
-  delete watcher_;
+  watcher_.reset();
   if (screen_.anyOpen()) form().unload();
   settle();
 }
 
+// What answers a window may open another one: the next watch is on its way before anything is done.
 void Screen::watch() {
+  constexpr int kPause = 5;
+  QTimer::singleShot(kPause, watcher_.get(), [this] { watch(); });
+  if (screen_.busy()) return;
   QWidget* modal = QApplication::activePopupWidget();
   if (modal == nullptr) modal = QApplication::activeModalWidget();
   if (modal == nullptr || modals_.empty() || modal == answering_ || !modal->isVisible()) return;
+  if (!modal->isActiveWindow() && QApplication::activePopupWidget() == nullptr) {
+    modal->activateWindow();
+    return;
+  }
   const auto act = std::move(modals_.front());
   modals_.pop_front();
   QWidget* const before = std::exchange(answering_, modal);

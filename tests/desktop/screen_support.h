@@ -57,7 +57,7 @@ class Screen {
   desktop::QtFrontEnd screen_;
   std::unique_ptr<Impianto> impianto_;
   std::deque<std::function<void(QWidget&)>> modals_;
-  QTimer* watcher_;
+  std::unique_ptr<QObject> watcher_;  // ends the watch with itself
   QWidget* answering_ = nullptr;
 };
 

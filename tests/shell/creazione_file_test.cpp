@@ -34,6 +34,16 @@ TEST_F(FileRun, StoresThenChecksThenWritesThenLoadsAnew) {
   EXPECT_TRUE(std::is_sorted(posti.begin(), posti.end()));
 }
 
+TEST_F(FileRun, TellsWhatItIsDoing) {
+  certificati(1);
+  vaiAllaFine();
+  frontEnd.works.clear();
+  avviaRun();
+  EXPECT_THAT(frontEnd.works,
+              ElementsAre("Memorizzazione delle modifiche nei conti", "Controllo dei dati",
+                          "Creazione del file telematico", "Stampa dei moduli", "Caricamento dei compensi"));
+}
+
 TEST_F(FileRun, WithoutAnIntermediaryItsTableIsNotTouched) {
   vaiAllaFine();
   form().txtCodiceFiscale.setText("NTRMDR70A01H501U");

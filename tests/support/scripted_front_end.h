@@ -53,6 +53,7 @@ class ScriptedFrontEnd : public FrontEnd {
   std::vector<Opened> opened;
   std::vector<std::string> viewed;
   std::vector<PrintNote> prints;
+  std::vector<std::string> works;  // long work told, each once while it goes on
   int beeps = 0;
   std::vector<int> pointers;  // every setting
 
@@ -94,9 +95,7 @@ class ScriptedFrontEnd : public FrontEnd {
     return savedFiles.empty() ? std::nullopt : take(savedFiles);
   }
   void showLog(const LogTable& log) override { logs.push_back(log); }
-  void preview(const Preview& preview) override {
-    previews.push_back(preview.pages);
-  }
+  void preview(const Preview& preview) override { previews.push_back(preview.pages); }
   void popup(MenuBar&, const std::string& band) override { popups.push_back(band); }
   void help(const std::string& file, int command, std::int32_t context) override {
     helps.push_back({file, command, context});
@@ -106,6 +105,9 @@ class ScriptedFrontEnd : public FrontEnd {
   void printed(const PrintNote& note) override { prints.push_back(note); }
   void beep() override { ++beeps; }
   void setPointer(int pointer) override { pointers.push_back(pointer); }
+  void progress(const char* what, std::size_t, std::size_t) override {
+    if (works.empty() || works.back() != what) works.emplace_back(what);
+  }
   int pointer() const override { return pointers.empty() ? kPointerDefault : pointers.back(); }
 
   std::vector<std::string> boxTexts() const {

@@ -1,0 +1,222 @@
+// The editor of a line in its window: both pages, the scrolling bar, refusals, the search lists.
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTableView>
+#include <QTest>
+#include <QWheelEvent>
+
+#include "desktop/agreement_support.h"
+#include "desktop/grid_view.h"
+#include "desktop/screen_support.h"
+#include "desktop/search_list.h"
+#include "desktop/selector_view.h"
+#include "host/numericbox.h"
+
+namespace cu::test {
+namespace {
+
+class EditorWindow : public ::testing::Test {
+ protected:
+  // Opens the first line of the year and does this in its editor.
+  void inEditor(const char* year, const std::function<void()>& act) {
+    screen.click("optstType(1)");
+    screen.choose("KRNCboEsCont(0)", year);
+    screen.click("cmdNav(3)");
+    screen.whenModal([&](QWidget&) {
+      expectAgreement();
+      act();
+      expectAgreement();
+      if (screen.top() != &screen.window()) screen.key(Qt::Key_Escape);
+    });
+    screen.find<QWidget>("grdCompensi")->setFocus();
+    screen.key(Qt::Key_Return);
+    EXPECT_TRUE(screen.allAnswered());
+    EXPECT_EQ(disagreements(screen.window()), "");
+  }
+  void expectAgreement() { EXPECT_EQ(disagreements(*screen.top()), ""); }
+  AmountBox& amount(const char* name) { return dynamic_cast<AmountBox&>(*screen.top()->form().find(name)); }
+
+  Screen screen;
+};
+
+TEST_F(EditorWindow, TheGrossAmountFollowsWhenAnAmountIsLeft) {
+  inEditor("2016", [&] {
+    const double before = amount("curField(10)").value();
+    const double taxable = amount("curField(19)").value();
+    screen.type("curField(19)", "1000,50");
+    screen.key(Qt::Key_Tab);
+    EXPECT_NEAR(amount("curField(10)").value(), before - taxable + 1000.5, 0.001);
+    EXPECT_EQ(screen.find<QLineEdit>("curField(19)")->text(), QStringLiteral("1.000,50"));
+  });
+}
+
+TEST_F(EditorWindow, PageKeysAndTheWheelMoveFormAndWindowTogether) {
+  inEditor("2016", [&] {
+    Form& form = screen.top()->form();
+    QScrollBar* bar = nullptr;
+    for (const auto* area : screen.top()->findChildren<QScrollArea*>()) {
+      if (area->isVisible()) bar = area->verticalScrollBar();
+    }
+    ASSERT_NE(bar, nullptr);
+    ASSERT_GT(bar->maximum(), 0);
+    screen.key(Qt::Key_PageDown);
+    EXPECT_EQ(form.scroll()->position, 1);
+    EXPECT_GT(bar->value(), 0);
+    QWidget* const under = screen.top()->focusWidget();
+    QWheelEvent turn(QPointF(5, 5), under->mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -120),
+                     Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(under, &turn);
+    EXPECT_EQ(form.scroll()->position, 2);
+    screen.key(Qt::Key_PageUp);
+    screen.key(Qt::Key_PageUp);
+    EXPECT_EQ(form.scroll()->position, 0);
+    EXPECT_EQ(bar->value(), 0);
+    // By the window's own bar: the form follows to the nearest of its steps.
+    bar->setSliderPosition(bar->maximum());
+    bar->triggerAction(QAbstractSlider::SliderToMaximum);
+    settle();
+    EXPECT_EQ(form.scroll()->position, form.scroll()->max);
+  });
+}
+
+TEST_F(EditorWindow, AModuleIsMadeSavedAndRefusedOnTheSecondPage) {
+  inEditor("2016", [&] {
+    screen.click("cmdAltriModuli");
+    EXPECT_FALSE(screen.find<QWidget>("picModulo1")->isVisible());
+    EXPECT_TRUE(screen.find<QWidget>("picAltriModuli")->isVisible());
+    expectAgreement();
+    if (screen.find<QWidget>("cmdNew")->isEnabled()) screen.click("cmdNew");
+    screen.type("numModulo", "1");
+    QString refused;
+    screen.whenModal([&](QWidget& modal) {
+      refused = boxText(modal);
+      pressButton(modal, "OK");
+    });
+    screen.click("cmdSave");
+    EXPECT_EQ(refused, QStringLiteral("Attenzione! Il numero modulo deve essere superiore a 1."));
+    EXPECT_EQ(screen.focus()->name(), "numModulo");
+    screen.type("numModulo", "9");
+    screen.type("curField(17)", "12,5");
+    QString missing;
+    screen.whenModal([&](QWidget& modal) {
+      missing = boxText(modal);
+      pressButton(modal, "OK");
+    });
+    screen.click("cmdSave");
+    EXPECT_TRUE(missing.startsWith(QStringLiteral("Attenzione! Il Codice è obbligatorio")))
+        << missing.toStdString();
+    screen.type("curField(17)", "");
+    screen.click("cmdSave");
+    const auto* const modules = screen.find<QTableView>("grdAltriModuli");
+    EXPECT_GE(modules->model()->rowCount(), 1);
+    screen.click("cmdModulo1");
+    EXPECT_TRUE(screen.find<QWidget>("picModulo1")->isVisible());
+  });
+}
+
+TEST_F(EditorWindow, AWarningRefusedKeepsTheEditorOpen) {
+  inEditor("2016", [&] {
+    screen.type("txtField(7)", "RSSMRA70A01H501U");
+    QString report;
+    screen.whenModal([&](QWidget& modal) {
+      report = boxText(modal);
+      QTest::keyClick(&modal, Qt::Key_Escape);
+    });
+    screen.click("cmdOk");
+    EXPECT_TRUE(
+        report.startsWith(QStringLiteral("Attenzione! Verificare la compilazione dei seguenti campi:")));
+    EXPECT_NE(screen.top(), &screen.window());
+  });
+}
+
+TEST_F(EditorWindow, TheMunicipalityIsFoundByTyping) {
+  inEditor("2016", [&] {
+    screen.whenModal([&](QWidget&) {
+      auto* const box = screen.find<QWidget>("TownComuneResidenzaAnnoPrec")->findChild<QLineEdit*>();
+      box->setFocus();
+      screen.whenModal([&](QWidget& modal) {
+        auto& search = dynamic_cast<desktop::SearchDialog&>(modal);
+        EXPECT_EQ(search.box()->text(), QStringLiteral("v"));
+        search.box()->setText(QStringLiteral("VERONA"));
+        EXPECT_EQ(search.model().description(0), "Verona");
+        QTest::keyClick(search.box(), Qt::Key_Return);
+      });
+      QTest::keyClicks(box, QStringLiteral("v"));
+      EXPECT_EQ(box->text(), QStringLiteral("Verona"));
+      expectAgreement();
+      QTest::keyClick(box, Qt::Key_Delete);
+      EXPECT_EQ(box->text(), QString());
+      expectAgreement();
+      screen.key(Qt::Key_Escape);
+    });
+    screen.click("cmdDatiAggiuntivi");
+  });
+}
+
+TEST_F(EditorWindow, AnAnnulmentOf2014ShowsOnlyTheReferences) {
+  screen.click("optstType(1)");
+  screen.click("optTipoComunicazione(1)");
+  inEditor("2014", [&] {
+    EXPECT_TRUE(screen.find<QWidget>("txtProtocollo")->isVisible());
+    EXPECT_FALSE(screen.find<QWidget>("fraMain")->isVisible());
+    screen.type("txtProtocollo", "");
+    QString refused;
+    screen.whenModal([&](QWidget& modal) {
+      refused = boxText(modal);
+      pressButton(modal, "OK");
+    });
+    screen.click("cmdOk");
+    EXPECT_EQ(refused, QStringLiteral("Attenzione! Il protocollo è un campo obbligatorio."));
+    EXPECT_EQ(screen.focus()->name(), "txtProtocollo");
+  });
+}
+
+TEST(SelectorWindow, ACodeIsLookedUpWhenItIsLeftAndAnUnknownOneStands) {
+  Screen screen;
+  screen.type("KrnCDPerc(0)", "P003");
+  screen.key(Qt::Key_Tab);
+  EXPECT_NE(screen.form().KrnCDPerc0.record(), 0);
+  EXPECT_FALSE(screen.form().KrnCDPerc0.description().empty());
+  EXPECT_EQ(disagreements(screen.window()), "");
+  screen.type("KrnCDPerc(0)", "ZZZ");
+  screen.key(Qt::Key_Tab);
+  EXPECT_EQ(screen.form().KrnCDPerc0.record(), 0);
+  EXPECT_EQ(screen.form().KrnCDPerc0.code(), "ZZZ");
+  EXPECT_EQ(screen.form().KrnCDPerc0.description(), "");
+  EXPECT_EQ(disagreements(screen.window()), "");
+}
+
+TEST(SelectorWindow, TheSearchListIsNarrowedByTypingAndGivenUpWithEsc) {
+  Screen screen;
+  auto& view = static_cast<desktop::SelectorView&>(*screen.window().view(screen.form().KrnCDPerc0));
+  screen.whenModal([&](QWidget& modal) {
+    auto& search = dynamic_cast<desktop::SearchDialog&>(modal);
+    const int all = search.model().rowCount();
+    QTest::keyClicks(search.box(), QStringLiteral("rossi"));
+    EXPECT_LT(search.model().rowCount(), all);
+    EXPECT_EQ(search.model().description(0), "Rossi");
+    QTest::keyClick(search.box(), Qt::Key_Escape);
+  });
+  view.openSearch({});
+  EXPECT_EQ(screen.form().KrnCDPerc0.code(), "");
+  screen.whenModal([&](QWidget& modal) {
+    auto& search = dynamic_cast<desktop::SearchDialog&>(modal);
+    search.box()->setText(QStringLiteral("ross"));
+    QTest::keyClick(search.box(), Qt::Key_Return);
+  });
+  settle();
+  view.codeBox()->setFocus();
+  screen.key(Qt::Key_F4);
+  EXPECT_TRUE(screen.allAnswered());
+  EXPECT_EQ(screen.form().KrnCDPerc0.description(), "Rossi");
+  EXPECT_EQ(disagreements(screen.window()), "");
+}
+
+}  // namespace
+}  // namespace cu::test

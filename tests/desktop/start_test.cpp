@@ -1,0 +1,161 @@
+// The start without a profile, and the windows to read in.
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "apps/avvio/finestra_avvio.h"
+#include "desktop/foot.h"
+#include "desktop/preview_dialog.h"
+#include "desktop/qt_front_end.h"
+#include "desktop/reading_windows.h"
+#include "desktop/screen_support.h"
+
+namespace cu::test {
+namespace {
+
+CartelleAvvio foldersIn(const QTemporaryDir& folder) {
+  return {folder.filePath(QStringLiteral("dati")),
+          folder.filePath(QStringLiteral("config/impostazioni.toml")),
+          folder.filePath(QStringLiteral("documenti"))};
+}
+
+QPushButton* startButton(FinestraAvvio& window) {
+  for (auto* button : window.findChildren<QPushButton*>()) {
+    if (button->text() == QStringLiteral("A&vvia")) return button;
+  }
+  return nullptr;
+}
+
+TEST(Start, MakesTheDemonstrationDatabaseAtTheFirstStartAndNamesItsCompany) {
+  const QTemporaryDir folder;
+  const CartelleAvvio folders = foldersIn(folder);
+  FinestraAvvio window({}, folders);
+  EXPECT_TRUE(QFile::exists(folders.databaseDimostrativo()));
+  EXPECT_FALSE(QFile::exists(folders.databaseDimostrativo() + QStringLiteral(".nuovo")));
+  ASSERT_NE(startButton(window), nullptr);
+  EXPECT_TRUE(startButton(window)->isEnabled());
+  EXPECT_TRUE(window.findChild<QComboBox*>()->currentText().contains(QStringLiteral("Lessinia"),
+                                                                     Qt::CaseInsensitive));
+  EXPECT_EQ(window.scelta().azienda, 1);
+  EXPECT_EQ(window.scelta().funzione, 247);
+}
+
+TEST(Start, ADatabaseThatCannotBeOpenedIsToldAndNothingCanBeStarted) {
+  const QTemporaryDir folder;
+  const QString broken = folder.filePath(QStringLiteral("rotto.db"));
+  QFile file(broken);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("nessun database, ma abbastanza lungo da sembrarlo");
+  file.close();
+  SceltaAvvio choice;
+  choice.database = broken;
+  FinestraAvvio window(choice, foldersIn(folder));
+  EXPECT_FALSE(startButton(window)->isEnabled());
+  bool told = false;
+  for (const auto* label : window.findChildren<QLabel*>())
+    told = told || label->text().contains(QStringLiteral("rotto.db"));
+  EXPECT_TRUE(told);
+}
+
+TEST(Start, RemembersTheChoice) {
+  SceltaAvvio choice;
+  choice.database = QStringLiteral("/qualche/azienda.db");
+  choice.azienda = 3;
+  choice.utente = 12;
+  choice.funzione = 246;
+  choice.ricorda();
+  const SceltaAvvio again = SceltaAvvio::ricordata();
+  EXPECT_EQ(again.database, choice.database);
+  EXPECT_EQ(again.azienda, 3);
+  EXPECT_EQ(again.utente, 12);
+  EXPECT_EQ(again.funzione, 246);
+}
+
+TEST(Start, KeepsTheFolderOfTheMinisterialDocumentsWhereTheEditorsLook) {
+  const QTemporaryDir folder;
+  const CartelleAvvio folders = foldersIn(folder);
+  EXPECT_EQ(cartellaMinisteriale(folders), QString());
+  salvaCartellaMinisteriale(folders, QStringLiteral("/documenti/ministero"));
+  EXPECT_EQ(cartellaMinisteriale(folders), QStringLiteral("/documenti/ministero"));
+  QFile file(folders.impostazioni);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QByteArray text = file.readAll();
+  EXPECT_TRUE(text.contains("MenuSettings")) << text.toStdString();
+  EXPECT_TRUE(text.contains("Path")) << text.toStdString();
+}
+
+TEST(Start, HandsOverWhatTheLauncherWould) {
+  const QTemporaryDir folder;
+  SceltaAvvio choice;
+  choice.utente = 12;
+  choice.funzione = 246;
+  const Profilo profile = profiloDi(choice, foldersIn(folder));
+  EXPECT_EQ(profile.sessione.utente, 12);
+  ASSERT_EQ(profile.sessione.processi.size(), 1U);
+  EXPECT_EQ(profile.sessione.processi[0].nome, "Wizard stampa");
+  EXPECT_EQ(profile.sessione.processi[0].idFunzione, 246);
+  EXPECT_EQ(profile.valuta.separatoreDecimale, ",");
+}
+
+TEST(Reading, ThePreviewShowsItsPagesAsTextWhereThereIsNoFile) {
+  Preview preview;
+  preview.title = "Conto individuale";
+  preview.pages = {"prima pagina", "seconda pagina"};
+  desktop::PreviewDialog dialog(nullptr, preview);
+  auto* const text = dialog.findChild<QPlainTextEdit*>();
+  EXPECT_EQ(dialog.pages(), 2);
+  EXPECT_EQ(text->toPlainText(), QStringLiteral("prima pagina"));
+  QTest::keyClick(&dialog, Qt::Key_PageDown);
+  EXPECT_EQ(dialog.page(), 1);
+  EXPECT_EQ(text->toPlainText(), QStringLiteral("seconda pagina"));
+  QTest::keyClick(&dialog, Qt::Key_PageDown);
+  EXPECT_EQ(dialog.page(), 1) << "there is no third one";
+}
+
+TEST(Reading, TheLinesOfAFileAreShownWhateverTheirEncoding) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath(QStringLiteral("righe.cur"));
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("prima\r\nperch\xe9\r\nterza");
+  file.close();
+  const desktop::FileLines lines(path);
+  ASSERT_EQ(lines.rowCount(), 3);
+  EXPECT_EQ(lines.data(lines.index(1), Qt::DisplayRole).toString(), QStringLiteral("perché"));
+  EXPECT_EQ(lines.data(lines.index(2), Qt::DisplayRole).toString(), QStringLiteral("terza"));
+}
+
+TEST(LongWork, TellsWhatAndHowFarInTheFootAndLetsNothingElseIn) {
+  Screen screen;
+  desktop::Foot& foot = *screen.window().foot();
+  QString words;
+  int percent = 0;
+  bool pressedMeanwhile = false;
+  screen.form().cmdNav[0].onClick = [&] { pressedMeanwhile = true; };
+  screen.form().cmdOpzioni.onClick = [&] {
+    screen.frontEnd().setPointer(kPointerHourglass);
+    // A click that comes while the work goes on.
+    QTest::mouseClick(screen.find<QWidget>("cmdNav(0)"), Qt::LeftButton);
+    screen.frontEnd().progress("Prova", 1000, 1000);
+    words = foot.words();
+    percent = foot.percent();
+    screen.frontEnd().setPointer(kPointerDefault);
+  };
+  screen.click("cmdOpzioni");
+  EXPECT_EQ(words, QStringLiteral("Prova: 1.000 di 1.000"));
+  EXPECT_EQ(percent, 100);
+  EXPECT_FALSE(pressedMeanwhile);
+  EXPECT_EQ(foot.words(), QStringLiteral("Pronto"));
+  EXPECT_FALSE(foot.working());
+}
+
+}  // namespace
+}  // namespace cu::test

@@ -1,0 +1,150 @@
+#!/usr/bin/env bash
+# Takes the pictures of docs/guida.md anew, from the real program on the demonstration database, with the keyboard
+# alone on a screen of its own. Run it after a change of the windows:
+#   tools/guida.sh
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. tools/packages.sh
+
+install_missing "${packages[@]}" "${guide_packages[@]}"
+cmake --preset release >/dev/null
+cmake --build --preset release --target cuwizard cuctl >/dev/null
+
+pictures=$PWD/docs/immagini
+program=$PWD/build/bin/cuwizard
+work=$(mktemp -d)
+display=:88
+Xvfb $display -screen 0 1366x768x24 >/dev/null 2>&1 &
+screen=$!
+app=
+cleanup() {
+  [ -n "$app" ] && kill "$app" 2>/dev/null
+  kill "$screen" 2>/dev/null
+  rm -rf "$work"
+}
+trap cleanup EXIT
+export DISPLAY=$display HOME=$work/casa XDG_CONFIG_HOME=$work/casa/.config XDG_DATA_HOME=$work/casa/.local/share
+export QT_QPA_PLATFORM=xcb
+mkdir -p "$HOME/Documenti" "$work/cu"
+sleep 1
+
+# The window that was opened last has the keyboard.
+front() {
+  sleep 0.6
+  window=$(xdotool search --onlyvisible --pid "$app" --name '' 2>/dev/null | tail -1)
+  xdotool windowfocus "$window"
+  sleep 0.3
+}
+press() { xdotool key --delay 80 "$@"; sleep 0.4; }
+point() { xdotool mousemove "$1" "$2" click 1; sleep 0.4; }
+write() { xdotool type --delay 50 "$1"; sleep 0.4; }
+# What is on the screen, without the empty ground around, in few colours.
+picture() {
+  import -window root "$work/schermo.png"
+  convert "$work/schermo.png" -bordercolor black -border 1 -trim +repage -colors 96 -depth 8 \
+    -define png:compression-level=9 "$pictures/$1.png"
+}
+start() {
+  [ -n "$app" ] && { kill "$app"; wait "$app" 2>/dev/null || true; }
+  "$program" --colori chiari "$@" 2>/dev/null &
+  app=$!
+  sleep 1.5
+  front
+}
+profile() {
+  cat >"$work/profilo$1.toml" <<TOML
+[session]
+user = 12
+company = 1
+branch = 1
+title = "Quadrivio"
+help_folder = "."
+processes = [ { name = "Wizard stampa", function = $1 } ]
+today = 2017-03-05T10:30:00
+[database]
+url = "sqlite:demo.db"
+[currency]
+decimals = true
+symbol = "€"
+decimal = ","
+thousands = "."
+[folders]
+documents = "cu"
+settings = "impostazioni.toml"
+TOML
+  echo "$work/profilo$1.toml"
+}
+
+build/bin/cuctl create --database "sqlite:$work/demo.db" --demo >/dev/null
+
+start
+sleep 2
+front
+picture avvio
+press Escape
+
+start --profile "$(profile 246)"
+press Down Tab Down
+picture conti
+press alt+a
+front
+press alt+v
+sleep 4
+front
+picture anteprima
+press alt+c
+
+start --profile "$(profile 247)"
+press Tab Tab
+press Down Down
+picture certificazioni
+
+start --profile "$(profile 247)"
+press Down
+press Tab Tab Tab Tab
+press Down Down
+picture primo_passo
+press Tab Tab Tab Tab Tab
+press F4
+front
+write "co"
+picture ricerca
+press Escape
+front
+press alt+a
+sleep 1
+front
+picture griglia
+point 500 400
+press Return
+front
+picture editor
+press Escape
+front
+press alt+a
+front
+picture passo_finale
+# Behind the last button comes the first field: the folder; the date is the fifth.
+press Tab Tab Tab Tab Tab
+press Delete
+press alt+v
+front
+picture dati_mancanti
+press Escape
+front
+point 450 279
+write 05032017
+press alt+v
+sleep 4
+front
+picture esito
+press Return
+front
+point 539 235
+press alt+a
+sleep 1
+front
+press alt+p
+front
+picture protocollo
+ls -la "$pictures"
