@@ -12,7 +12,10 @@ cmake --build --preset release --target cuwizard cuctl >/dev/null
 
 pictures=$PWD/docs/immagini
 program=$PWD/build/bin/cuwizard
-work=$(mktemp -d)
+# A place with a name that may stand in a picture.
+work=/var/tmp/guida-cu
+rm -rf "$work"
+mkdir -p "$work"
 display=:88
 Xvfb $display -screen 0 1366x768x24 >/dev/null 2>&1 &
 screen=$!
@@ -38,14 +41,17 @@ front() {
 press() { xdotool key --delay 80 "$@"; sleep 0.4; }
 point() { xdotool mousemove "$1" "$2" click 1; sleep 0.4; }
 write() { xdotool type --delay 50 "$1"; sleep 0.4; }
-# What is on the screen, without the empty ground around, in few colours.
+# The window in front, in few colours and with a line around it.
 picture() {
-  import -window root "$work/schermo.png"
-  convert "$work/schermo.png" -bordercolor black -border 1 -trim +repage -colors 96 -depth 8 \
+  import -window "$window" "$work/schermo.png"
+  convert "$work/schermo.png" +repage -bordercolor '#8a949e' -border 1 +dither -colors 64 -depth 8 \
     -define png:compression-level=9 "$pictures/$1.png"
 }
 start() {
-  [ -n "$app" ] && { kill "$app"; wait "$app" 2>/dev/null || true; }
+  if [ -n "$app" ]; then
+    kill "$app" 2>/dev/null || true
+    wait "$app" 2>/dev/null || true
+  fi
   "$program" --colori chiari "$@" 2>/dev/null &
   app=$!
   sleep 1.5

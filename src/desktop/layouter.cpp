@@ -231,7 +231,9 @@ void Layouter::field(Row& row, Control& control, Label* label) {
     shownBy.setSpokenName(spoken(control.caption()));
   }
   if (caption != nullptr) row.grid.addWidget(caption, row.next, 0, Qt::AlignLeft | Qt::AlignVCenter);
-  const bool list = dynamic_cast<ListBox*>(&control) != nullptr;
+  const QWidget* const widget = shownBy.widget();
+  const bool list =
+      dynamic_cast<ListBox*>(&control) != nullptr || widget->minimumWidth() == widget->maximumWidth();
   row.grid.addWidget(shownBy.widget(), row.next++, captioned ? 1 : 0, 1, captioned ? 1 : 2,
                      list ? Qt::AlignLeft : Qt::Alignment());
 }

@@ -161,7 +161,13 @@ void PreviewDialog::keyPressEvent(QKeyEvent* event) {
 
 void PreviewDialog::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  if (scale_ <= 0) draw();
+  // The page's room is known when the layout has followed.
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (scale_ <= 0) draw();
+      },
+      Qt::QueuedConnection);
 }
 
 }  // namespace cu::desktop

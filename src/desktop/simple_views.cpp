@@ -95,6 +95,16 @@ void FrameView::refresh() {
   if (section_ == nullptr) return;
   section_->setTitle(shown(control().caption()));
   section_->setAccessibleName(spoken(control().caption()));
+  afterEvent();
+}
+
+// A section in which nothing is to be seen takes no room.
+void FrameView::afterEvent() {
+  if (section_ == nullptr || !live()) return;
+  bool any = false;
+  for (const Control* each : frame_.form().controls())
+    any = any || (each->frame() == &frame_ && each->visible());
+  section_->setMaximumHeight(any ? QWIDGETSIZE_MAX : 0);
 }
 
 LabelView::LabelView(FormWindow& window, Label& label, QWidget* parent)

@@ -67,11 +67,17 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
   sfogliaDocumenti->setAccessibleName(QStringLiteral("Sfoglia i documenti ministeriali"));
   utente_->setRange(1, kUtenteMassimo);
   utente_->setValue(scelta.utente);
-  modulo->addRow(QStringLiteral("Da&tabase"),
+  const auto etichetta = [this](const char* testo, QWidget* di) {
+    auto* fatta = new QLabel(QString::fromUtf8(testo), this);
+    fatta->setBuddy(di);
+    return fatta;
+  };
+  modulo->addRow(etichetta("Da&tabase", sfogliaDatabase),
                  conPulsanti(casellaDatabase_, {dimostrativo_, sfogliaDatabase}));
   modulo->addRow(QStringLiteral("A&zienda"), aziende_);
   modulo->addRow(QStringLiteral("&Utente"), utente_);
-  modulo->addRow(QStringLiteral("Documenti &ministeriali"), conPulsanti(documenti_, {sfogliaDocumenti}));
+  modulo->addRow(etichetta("Documenti &ministeriali", sfogliaDocumenti),
+                 conPulsanti(documenti_, {sfogliaDocumenti}));
   casellaDatabase_->setAccessibleName(QStringLiteral("Database"));
   aziende_->setAccessibleName(QStringLiteral("Azienda"));
   utente_->setAccessibleName(QStringLiteral("Utente"));
