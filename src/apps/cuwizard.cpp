@@ -9,6 +9,7 @@
 #include <csignal>
 #include <iostream>
 #include <optional>
+#include <string_view>
 
 #include "apps/avvio/finestra_avvio.h"
 #include "apps/comune/impianto.h"
@@ -78,15 +79,29 @@ int esegui(const Opzioni& opzioni) {
   return kRiuscito;
 }
 
-int eseguiProgramma(int quanti, char** argomenti) {
-  QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\nqt.*.warning=false"));
-  QApplication applicazione(quanti, argomenti);
-  QCoreApplication::setApplicationName(QStringLiteral("cuwizard"));
-  QCoreApplication::setOrganizationName(QStringLiteral("cuwizard"));
-  QGuiApplication::setApplicationDisplayName({});
-  QGuiApplication::setDesktopFileName(QStringLiteral("cuwizard"));
-  QGuiApplication::setQuitOnLastWindowClosed(false);
+// The help, and a machine without a screen, are answered before the toolkit starts: it would only abort.
+std::optional<int> senzaSchermo(int quanti, char** argomenti, CLI::App& programma) {
+  bool piattaforma = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+  for (int i = 1; i < quanti; ++i) {
+    const std::string_view argomento = argomenti[i];
+    if (argomento == "--help" || argomento == "-h") {
+      std::cout << programma.help();
+      return kRiuscito;
+    }
+    piattaforma = piattaforma || argomento == "-platform" || argomento == "--platform";
+  }
+#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
+  const bool schermo =
+      !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+  if (!piattaforma && !schermo) {
+    std::cerr << "cuwizard: non c'è uno schermo su cui aprire la finestra. Senza schermo si usa cuctl.\n";
+    return kRifiutato;
+  }
+#endif
+  return std::nullopt;
+}
 
+int eseguiProgramma(int quanti, char** argomenti) {
   Opzioni opzioni;
   CLI::App programma("Autocomposizione: conti individuali, certificazioni, Certificazione Unica", "cuwizard");
   parlaItaliano(programma);
@@ -96,11 +111,17 @@ int eseguiProgramma(int quanti, char** argomenti) {
   programma.add_option("--colori", opzioni.colori, "chiari, scuri, o quelli del sistema")
       ->check(CLI::IsMember({"sistema", "chiari", "scuri"}))
       ->type_name("QUALI");
+  if (const auto esito = senzaSchermo(quanti, argomenti, programma)) return *esito;
+
+  QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\nqt.*.warning=false"));
+  QApplication applicazione(quanti, argomenti);
+  QCoreApplication::setApplicationName(QStringLiteral("cuwizard"));
+  QCoreApplication::setOrganizationName(QStringLiteral("cuwizard"));
+  QGuiApplication::setApplicationDisplayName({});
+  QGuiApplication::setDesktopFileName(QStringLiteral("cuwizard"));
+  QGuiApplication::setQuitOnLastWindowClosed(false);
   try {
     programma.parse(quanti, argomenti);
-  } catch (const CLI::Success& aiuto) {
-    programma.exit(aiuto);
-    return kRiuscito;
   } catch (const CLI::ParseError& errore) {
     std::cerr << "cuwizard: " << erroreUso(errore) << "\nPer l'aiuto: cuwizard --help\n";
     return kUsoSbagliato;

@@ -13,6 +13,19 @@ constexpr int kCellWidth = 196;
 constexpr int kMostColumns = 5;
 constexpr int kFewestColumns = 2;
 
+// Columns that a cell takes of those there are.
+int spanOf(Cell::Width width, int columns) {
+  switch (width) {
+    case Cell::Width::Narrow:
+      return 1;
+    case Cell::Width::Wide:
+      return 2;
+    case Cell::Width::Widest:
+      return std::clamp(columns - 2, 2, 3);
+  }
+  return 1;
+}
+
 void small(QWidget& title) {
   QFont font = title.font();
   font.setPointSizeF(font.pointSizeF() * 0.88);
@@ -67,8 +80,8 @@ Cell& CellBox::add() {
   return *cells_.back();
 }
 
-void CellBox::setWide(Cell& cell, bool wide) {
-  cell.wide = wide;
+void CellBox::setWidth(Cell& cell, Cell::Width width) {
+  cell.width = width;
   columns_ = 0;
 }
 
@@ -91,7 +104,7 @@ void CellBox::arrange(int columns) {
   int row = 0;
   int column = 0;
   for (Cell* cell : cells_) {
-    const int span = cell->wide ? 2 : 1;
+    const int span = spanOf(cell->width, columns);
     if (column + span > columns) {
       ++row;
       column = 0;

@@ -15,7 +15,9 @@ class Cell : public QWidget {
   QLabel* addTitle();
   void setTitle(QWidget* title);
   void setContent(QWidget* content);
-  bool wide = false;
+  // A code with its description wants more room than a list of choices, that more than an amount.
+  enum class Width { Narrow, Wide, Widest };
+  Width width = Width::Narrow;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -29,7 +31,7 @@ class CellBox : public QWidget {
  public:
   explicit CellBox(QWidget* parent);
   Cell& add();
-  void setWide(Cell& cell, bool wide);
+  void setWidth(Cell& cell, Cell::Width width);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

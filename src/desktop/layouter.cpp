@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QVBoxLayout>
 #include <algorithm>
 
 #include "desktop/cells.h"
@@ -72,6 +73,24 @@ bool onEditorPage(const std::vector<Control*>& controls) {
     if (isPage(*frame)) return true;
   }
   return false;
+}
+
+// Puts `text` right below the field of a row, which keeps its caption beside it: an empty text takes no room.
+bool hang(QGridLayout& grid, int row, QWidget* text) {
+  QLayoutItem* const field = grid.itemAtPosition(row, 1);
+  if (field == nullptr || field->widget() == nullptr) return false;
+  QWidget* const widget = field->widget();
+  if (QLayoutItem* const caption = grid.itemAtPosition(row, 0); caption != nullptr && caption != field) {
+    caption->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    if (caption->widget() != nullptr) caption->widget()->setMinimumHeight(widget->sizeHint().height());
+  }
+  grid.removeWidget(widget);
+  auto* both = new QVBoxLayout;
+  both->setSpacing(0);
+  both->addWidget(widget);
+  both->addWidget(text);
+  grid.addLayout(both, row, 1);
+  return true;
 }
 
 bool namesNext(const Label& label, const Control& next) {
@@ -169,8 +188,8 @@ std::size_t Layouter::place(Row& row, const std::vector<Control*>& controls, std
       }
       // A text of its own; behind a field it belongs below that field.
       const bool below = at > 0 && kindOf(*controls[at - 1]) == Kind::Field;
-      View& made = window_.make(label, into);
-      row.grid.addWidget(made.widget(), row.next++, below ? 1 : 0, 1, below ? 1 : 2);
+      QWidget* const text = window_.make(label, into).widget();
+      if (!below || !hang(row.grid, row.next - 1, text)) row.grid.addWidget(text, row.next++, 0, 1, 2);
       return 1;
     }
     case Kind::Option:
@@ -286,8 +305,13 @@ void Layouter::cell(QWidget* into, Control& control, Label* label) {
   View& shownBy = window_.make(control, &cell);
   const bool ownCaption =
       kind == Kind::Check || kind == Kind::Button || kind == Kind::Label || kind == Kind::Link;
-  const bool wide = dynamic_cast<Selector*>(&control) != nullptr ||
-                    dynamic_cast<ListBox*>(&control) != nullptr || dynamic_cast<Picker*>(&control) != nullptr;
+  using Width = Cell::Width;
+  Width width = Width::Narrow;
+  if (dynamic_cast<ListBox*>(&control) != nullptr || dynamic_cast<Picker*>(&control) != nullptr) {
+    width = Width::Wide;
+  } else if (dynamic_cast<Selector*>(&control) != nullptr) {
+    width = Width::Widest;
+  }
   const std::string& caption = label == nullptr ? control.caption() : label->caption();
   if (title != nullptr) {
     cell.setTitle(title->widget());
@@ -296,7 +320,7 @@ void Layouter::cell(QWidget* into, Control& control, Label* label) {
     shownBy.setCaptionLabel(text);
   }
   cell.setContent(shownBy.widget());
-  box.setWide(cell, wide);
+  box.setWidth(cell, width);
   if (!shownBy.focusWidgets().isEmpty()) shownBy.setSpokenName(spoken(caption));
 }
 

@@ -109,7 +109,8 @@ void QtFrontEnd::place(FormWindow& window, const FormWindow* over) const {
   const QRect room = screen->availableGeometry();
   QSize size = window.sizeHint().expandedTo(window.minimumSizeHint());
   if (!window.form().stages().empty()) size = {1040, 700};
-  if (window.form().scroll() != nullptr) size = {1080, 720};
+  // A form of many sections is as high as the screen lets it, since the clerk reads it from top to bottom.
+  if (window.form().scroll() != nullptr) size = {1080, std::max(720, std::min(1000, room.height() * 9 / 10))};
   size = size.boundedTo(room.size() - QSize(0, kTitleBar));
   window.resize(size);
   const QRect around = over != nullptr ? over->frameGeometry() : room;

@@ -130,6 +130,8 @@ void SelectorView::refresh() {
   };
   show(*code_, selector_.code());
   show(*description_, selector_.description());
+  // A long description can be read whole where the box is too short for it.
+  description_->setToolTip(shown(selector_.description()));
   opener_->setVisible(selector_.binding().search);
 }
 

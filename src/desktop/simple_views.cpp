@@ -2,8 +2,6 @@
 
 #include <QCheckBox>
 #include <QKeyEvent>
-#include <QPainter>
-#include <QPainterPath>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
@@ -11,6 +9,7 @@
 
 #include "desktop/form_window.h"
 #include "desktop/layouter.h"
+#include "desktop/section.h"
 #include "desktop/text.h"
 
 namespace cu::desktop {
@@ -39,37 +38,6 @@ class Radio : public QRadioButton {
 
  private:
   OptionView& view_;
-};
-
-// A section with its title on a bar, as on the ministerial form.
-class Section : public QGroupBox {
- public:
-  using QGroupBox::QGroupBox;
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF around = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    const int bar = contentsRect().top() - 2;
-    QColor tint = palette().color(QPalette::Highlight);
-    tint.setAlphaF(isEnabled() ? 0.16F : 0.06F);
-    QPainterPath shape;
-    shape.addRoundedRect(around, 4, 4);
-    painter.setClipPath(shape);
-    painter.fillRect(QRect(0, 0, width(), bar), tint);
-    painter.setClipping(false);
-    QColor line = palette().color(QPalette::WindowText);
-    line.setAlphaF(0.22F);
-    painter.setPen(line);
-    painter.drawPath(shape);
-    QFont bold = font();
-    bold.setBold(true);
-    painter.setFont(bold);
-    painter.setPen(palette().color(QPalette::WindowText));
-    const int flags = Qt::AlignVCenter | Qt::TextShowMnemonic;
-    painter.drawText(QRect(10, 0, width() - 20, bar), flags, title());
-  }
 };
 
 // A label whose lines are as long as there is room for.

@@ -5,7 +5,6 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFormLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -13,6 +12,8 @@
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
+
+#include "desktop/section.h"
 
 namespace cu {
 namespace {
@@ -36,7 +37,7 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
   setWindowTitle(QStringLiteral("Avvio"));
   auto* colonna = new QVBoxLayout(this);
 
-  auto* modi = new QGroupBox(QStringLiteral("Che cosa stampare"), this);
+  auto* modi = new desktop::Section(QStringLiteral("Che cosa stampare"), this);
   auto* righe = new QVBoxLayout(modi);
   const auto modo = [&](const char* testo, std::int32_t funzione) {
     auto* scelto = new QRadioButton(QString::fromUtf8(testo), modi);

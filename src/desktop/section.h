@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QGroupBox>
+
+namespace cu::desktop {
+
+// A section with its title on a bar, as on the ministerial form.
+class Section : public QGroupBox {
+ public:
+  using QGroupBox::QGroupBox;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace cu::desktop
