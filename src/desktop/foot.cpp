@@ -13,7 +13,7 @@ Foot::Foot(QWidget* parent) : QWidget(parent), words_(new QLabel(this)), bar_(ne
   bar_->setFixedHeight(14);
   bar_->setTextVisible(false);
   bar_->setAccessibleName(QStringLiteral("Avanzamento"));
-  words_->setAccessibleName(QStringLiteral("Stato"));
+  words_->setAccessibleDescription(QStringLiteral("Stato"));
   // The bar keeps its place when there is nothing to show, so that nothing jumps.
   QSizePolicy place = bar_->sizePolicy();
   place.setRetainSizeWhenHidden(true);

@@ -1,5 +1,7 @@
 #include "desktop/grid_model.h"
 
+#include <algorithm>
+
 #include "desktop/text.h"
 
 namespace cu::desktop {
@@ -7,6 +9,12 @@ namespace {
 
 constexpr int kRight = 1;
 constexpr int kCentre = 2;
+
+// A caption without a letter: the number of rows that are on.
+bool countOnly(const QString& caption) {
+  return !caption.isEmpty() &&
+         std::none_of(caption.begin(), caption.end(), [](QChar c) { return c.isLetter(); });
+}
 
 bool sameColumns(const std::vector<GridColumn>& a, const std::vector<GridColumn>& b) {
   if (a.size() != b.size()) return false;
@@ -98,7 +106,10 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return QVariant(aligned(column(index.column()).alignment));
     case Qt::AccessibleTextRole: {
       if (isMenu(index.column())) return QStringLiteral("Menu della riga");
-      const QString caption = shown(column(index.column()).caption);
+      // The caption of a flag may be a count, which says nothing of the row.
+      const QString caption = isFlag(index.column()) && countOnly(shown(column(index.column()).caption))
+                                  ? QStringLiteral("Selezione")
+                                  : shown(column(index.column()).caption);
       return caption + QStringLiteral(": ") + text(index.row(), index.column());
     }
     case Qt::ToolTipRole:

@@ -41,6 +41,7 @@ QtFrontEnd::~QtFrontEnd() {
 
 QtFrontEnd::Waiting::Waiting(QtFrontEnd& frontEnd)
     : frontEnd_(frontEnd), running_(std::exchange(frontEnd.running_, 0)) {
+  frontEnd_.dropInput();
   frontEnd_.showPointer();
   frontEnd_.restFeet();
 }
@@ -86,16 +87,20 @@ void QtFrontEnd::perform(Form& form, const Event& event) {
   endOfWork();
 }
 
-// What was pressed while the work went on was meant for a screen that is no more.
 void QtFrontEnd::endOfWork() {
   if (running_ > 0) return;
   showPointer();
-  if (!worked_) return;
-  worked_ = false;
+  if (dropInput()) restFeet();
+}
+
+// What was pressed while the work went on was meant for a screen that is no more. A window that opens in the
+// midst of it drops that at once: later it would take the release of a person's first click.
+bool QtFrontEnd::dropInput() {
+  if (!std::exchange(worked_, false)) return false;
   ++running_;
   drainInput();
   --running_;
-  restFeet();
+  return true;
 }
 
 void QtFrontEnd::restFeet() {

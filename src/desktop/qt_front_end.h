@@ -84,6 +84,7 @@ class QtFrontEnd : public FrontEnd {
   void fit(FormWindow& window, const FormWindow* over) const;
   void showPointer();
   void endOfWork();
+  bool dropInput();  // whether there had been work
   void restFeet();
 
   QString guide_;

@@ -41,7 +41,6 @@ QToolButton* searchButton(QWidget* parent) {
   auto* button = new QToolButton(parent);
   button->setText(QStringLiteral("…"));
   button->setToolTip(QStringLiteral("Ricerca (F4)"));
-  button->setAccessibleName(QStringLiteral("Apri la ricerca"));
   button->setFocusPolicy(Qt::NoFocus);
   return button;
 }
@@ -104,6 +103,7 @@ void SelectorView::setSpokenName(const QString& name) {
   };
   code_->setAccessibleName(called(binding.codeCaption, "codice"));
   description_->setAccessibleName(called(binding.descriptionCaption, "descrizione"));
+  opener_->setAccessibleName(QStringLiteral("Ricerca, ") + name);
 }
 
 void SelectorView::commit() {
@@ -174,6 +174,11 @@ PickerView::PickerView(FormWindow& window, Picker& picker, QWidget* parent)
 }
 
 QList<QWidget*> PickerView::focusWidgets() const { return {name_}; }
+
+void PickerView::setSpokenName(const QString& name) {
+  View::setSpokenName(name);
+  opener_->setAccessibleName(QStringLiteral("Ricerca, ") + name);
+}
 
 void PickerView::refresh() {
   name_->setText(shown(picker_.text()));

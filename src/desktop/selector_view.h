@@ -35,6 +35,7 @@ class PickerView : public View {
  public:
   PickerView(FormWindow& window, Picker& picker, QWidget* parent);
   QList<QWidget*> focusWidgets() const override;
+  void setSpokenName(const QString& name) override;
   void openSearch(const QString& typed);
   QLineEdit* nameBox() const { return name_; }
 

@@ -1,44 +1,18 @@
 #include "desktop/simple_views.h"
 
 #include <QCheckBox>
-#include <QKeyEvent>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QToolButton>
 #include <algorithm>
 
 #include "desktop/form_window.h"
 #include "desktop/layouter.h"
+#include "desktop/radio.h"
 #include "desktop/section.h"
 #include "desktop/text.h"
 
 namespace cu::desktop {
 namespace {
-
-// The arrow keys go round the options of a frame.
-class Radio : public QRadioButton {
- public:
-  Radio(OptionView& view, QWidget* parent) : QRadioButton(parent), view_(view) { setAutoExclusive(false); }
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override {
-    switch (event->key()) {
-      case Qt::Key_Down:
-      case Qt::Key_Right:
-        view_.chooseNeighbour(1);
-        return;
-      case Qt::Key_Up:
-      case Qt::Key_Left:
-        view_.chooseNeighbour(-1);
-        return;
-      default:
-        QRadioButton::keyPressEvent(event);
-    }
-  }
-
- private:
-  OptionView& view_;
-};
 
 // A label whose lines are as long as there is room for.
 QLabel* wrapping(QWidget* parent) {
@@ -85,7 +59,8 @@ void LabelView::refresh() {
   // Mnemonics work where the label names a field.
   label_->setTextFormat(Qt::PlainText);
   label_->setText(label_->buddy() != nullptr ? text : QString(text).replace(u'&', QStringLiteral("&&")));
-  label_->setAccessibleName(spoken(control().caption()));
+  // One without a name would be read as the section around it.
+  label_->setAccessibleName(text.isEmpty() ? QStringLiteral(" ") : spoken(control().caption()));
   // An empty text keeps no line free.
   label_->setMaximumHeight(text.isEmpty() ? 0 : QWIDGETSIZE_MAX);
 }
@@ -129,7 +104,9 @@ void ButtonView::refresh() {
 }
 
 OptionView::OptionView(FormWindow& window, Option& option, QWidget* parent)
-    : View(window, option), option_(option), button_(new Radio(*this, parent)) {
+    : View(window, option),
+      option_(option),
+      button_(new Radio([this](int step) { chooseNeighbour(step); }, parent)) {
   setWidget(button_);
   QObject::connect(button_, &QAbstractButton::clicked, button_, [this] { act([this] { option_.click(); }); });
 }

@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTableView>
@@ -54,6 +55,26 @@ TEST_F(EditorWindow, TheGrossAmountFollowsWhenAnAmountIsLeft) {
     EXPECT_NEAR(amount("curField(10)").value(), before - taxable + 1000.5, 0.001);
     EXPECT_EQ(screen.find<QLineEdit>("curField(19)")->text(), QStringLiteral("1.000,50"));
   });
+}
+
+// The release of the button waits already when the press is looked at.
+TEST_F(EditorWindow, TheFirstClickCountsWhateverWorkItTookToOpen) {
+  bool closed = false;
+  screen.toGrid();
+  screen.whenModal([&](QWidget&) {
+    auto* const button = screen.find<QWidget>("cmdOk");
+    const QPointF at(10, 10);
+    QCoreApplication::postEvent(
+        button, new QMouseEvent(QEvent::MouseButtonRelease, at, button->mapToGlobal(at), Qt::LeftButton,
+                                Qt::NoButton, Qt::NoModifier));
+    QTest::mousePress(button, Qt::LeftButton, {}, at.toPoint());
+    settle();
+    closed = screen.top() == &screen.window();
+    if (!closed) screen.key(Qt::Key_Escape);
+  });
+  screen.find<QWidget>("grdCompensi")->setFocus();
+  screen.key(Qt::Key_Return);
+  EXPECT_TRUE(closed);
 }
 
 TEST_F(EditorWindow, PageKeysAndTheWheelMoveFormAndWindowTogether) {
