@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <QFontDatabase>
+#include <QImage>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,6 +11,7 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace cu::desktop {
 namespace {
@@ -19,10 +21,35 @@ void closeByEscape(QWidget& window) {
   QObject::connect(key, &QShortcut::activated, &window, [&window] { window.close(); });
 }
 
+// A picture is not wider than the text.
+class Pages : public QTextBrowser {
+ public:
+  using QTextBrowser::QTextBrowser;
+  QVariant loadResource(int type, const QUrl& name) override {
+    const QVariant loaded = QTextBrowser::loadResource(type, name);
+    if (type != QTextDocument::ImageResource) return loaded;
+    QImage picture;
+    if (loaded.typeId() == QMetaType::QByteArray) {
+      picture.loadFromData(loaded.toByteArray());
+    } else {
+      picture = loaded.value<QImage>();
+    }
+    if (picture.isNull() || picture.width() <= kPictureWidth) return loaded;
+    const double scale = devicePixelRatioF();
+    picture = picture.scaledToWidth(
+        static_cast<int>(std::min<double>(kPictureWidth * scale, picture.width())), Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(picture.width() / static_cast<double>(kPictureWidth));
+    return picture;
+  }
+
+ private:
+  static constexpr int kPictureWidth = 800;
+};
+
 }  // namespace
 
 HelpWindow::HelpWindow(QWidget* parent, const QString& folder)
-    : QWidget(parent, Qt::Window), text_(new QTextBrowser(this)) {
+    : QWidget(parent, Qt::Window), text_(new Pages(this)) {
   setAttribute(Qt::WA_DeleteOnClose);
   setWindowTitle(QStringLiteral("Guida"));
   auto* column = new QVBoxLayout(this);

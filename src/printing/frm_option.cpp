@@ -17,6 +17,8 @@ FrmOption::FrmOption(FrontEnd& schermo, UtilitaSuite& utilita, SessioneHost& ses
       cmdCancel(*this, "cmdCancel", nullptr, "Cancel"),
       utilita_(utilita),
       sessione_(sessione) {
+  defaultButton = &cmdOk;
+  cancelButton = &cmdCancel;
   txtInter.setMaxLength(1);
   chkPrintInter.onClick = [this] { sblocca(chkPrintInter.value()); };
   cmdOk.onClick = [this] { chiudi(false); };

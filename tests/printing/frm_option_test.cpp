@@ -47,6 +47,14 @@ TEST_F(PrintOptions, OpensWithCaptionsAndTheStoredSpacingLocked) {
   EXPECT_THAT(utilita.prepared, ElementsAre("frmOption"));
 }
 
+TEST_F(PrintOptions, EscAndEnterPressTheButtonsThatCloseIt) {
+  form.load();
+  form.keyDown(27, 0);
+  EXPECT_TRUE(form.Cancel());
+  form.keyDown(13, 0);
+  EXPECT_FALSE(form.Cancel());
+}
+
 TEST_F(PrintOptions, ACompanyWithoutASpacingHasNone) {
   interlinea(Table({"IDAzienda", "InterlineaGiornale"}, {}));
   form.load();
