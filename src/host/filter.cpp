@@ -38,6 +38,11 @@ int compare(const CellView& cell, const CellView& literal) {
     return literal.type() == ValueType::Text ? compareItalian(cell.text(), literal.text())
                                              : compareItalian(cell.text(), literal.toText());
   }
+  // A text may hold a number beyond an amount's range, which an integer can be all the same.
+  if (literal.type() == ValueType::Text && !Decimal::parse(literal.text())) {
+    const std::int64_t number = leadingInteger(literal.text());
+    return cell.type() == ValueType::Integer ? order(cell.integer(), number) : -order(number, cell.decimal());
+  }
   if (cell.type() == ValueType::Integer) return order(cell.integer(), literal.decimal());
   return order(cell.decimal(), literal.decimal());
 }

@@ -17,7 +17,11 @@ std::string ordinal(std::size_t index) { return fromInteger(static_cast<std::int
 }  // namespace
 
 void refuseDefinition(const std::string& text) {
-  throw Error(kErrorReportDefinition, "Definizione della stampa " + text + ".");
+  std::string line = "Definizione della stampa " + text + ".";
+  // Names and values of a definition may hold what would break the line.
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
+  throw Error(kErrorReportDefinition, line);
 }
 
 void DefinitionReader::refuse(std::string_view key, std::string_view fault, std::string_view expected) const {

@@ -5,7 +5,12 @@
 
 #include "reporting/report_error.h"
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define CU_LEAKS_COUNT
+#endif
+#endif
+#if defined(__SANITIZE_ADDRESS__) || defined(CU_LEAKS_COUNT)
 // The font library keeps what it has read to the end of the process; that is no leak of this program.
 extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <clocale>
+#include <cstring>
 #include <string>
 
 #include "host/text.h"
@@ -37,6 +38,17 @@ void check(lxw_error code) {
                                       " (codice " + fromInteger(static_cast<std::int64_t>(code)) + ").");
 }
 
+// The title as far as a sheet may be named by it.
+std::string sheetName(const std::string& title) {
+  std::string name;
+  for (const char c : title) {
+    const bool allowed = static_cast<unsigned char>(c) >= 0x20 && std::strchr("[]:*?/\\'", c) == nullptr;
+    name += allowed ? c : ' ';
+  }
+  const std::string_view cut = trim(leftCodePoints(trim(name), kLongestSheetName));
+  return cut.empty() ? "Stampa" : std::string(cut);
+}
+
 class Sheet {
  public:
   Sheet(const std::string& path, const std::string& title, const std::string& creator) {
@@ -45,8 +57,8 @@ class Sheet {
     options.constant_memory = LXW_TRUE;
     book_ = workbook_new_opt(path.c_str(), &options);
     if (book_ == nullptr) check(LXW_ERROR_MEMORY_MALLOC_FAILED);
-    std::string sheetName(leftCodePoints(title, kLongestSheetName));
-    sheet_ = workbook_add_worksheet(book_, sheetName.c_str());
+    sheet_ = workbook_add_worksheet(book_, sheetName(title).c_str());
+    if (sheet_ == nullptr) check(LXW_ERROR_MEMORY_MALLOC_FAILED);
     std::string titleCopy = title;
     std::string creatorCopy = creator;
     lxw_doc_properties properties = {};

@@ -110,6 +110,14 @@ TEST(RowFilter, ANumberAgainstATextComparesNumbers) {
   EXPECT_FALSE(matches("Anno = 'abc'", {whole(2016)}));
 }
 
+TEST(RowFilter, ANumberInATextMayBeBeyondAnAmountsRange) {
+  EXPECT_TRUE(matches("Anno = '900000000000000000'", {whole(900'000'000'000'000'000)}));
+  EXPECT_TRUE(matches("Anno < '900000000000000000'", {whole(899'999'999'999'999'999)}));
+  EXPECT_TRUE(matches("Anno > '-900000000000000000'", {whole(2016)}));
+  EXPECT_TRUE(matches("Imponibile < '900000000000000000'", {null(), null(), amount("900000000000000")}));
+  EXPECT_FALSE(matches("Imponibile >= '900000000000000000'", {null(), null(), amount("1.5")}));
+}
+
 TEST(RowFilter, ComparesDays) {
   const std::vector<Value> row = {null(), null(), null(), day(2017, 3, 5)};
   EXPECT_TRUE(matches("Data = #05/03/2017#", row));

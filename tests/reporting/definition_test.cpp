@@ -130,6 +130,18 @@ TEST(Definition, TellsTheBoxThatIsWrong) {
             "number = 1, ... } ] ].");
 }
 
+TEST(Definition, IsRefusedInOneLineWhateverItHolds) {
+  EXPECT_EQ(
+      refusal(changed("layout =", "\"chi\\nave\" = 1\nlayout =")),
+      "Definizione della stampa prova.toml: chi ave: chiave sconosciuta, atteso uno di questi nomi: name, "
+      "object_type, definition, view, title, layout, introduction, joins, order, grand_total, computed, "
+      "group, column, sheet_column, section.");
+  EXPECT_EQ(
+      refusal(changed("\"list\"", "\"\"\"li\nst\"\"\"")),
+      "Definizione della stampa prova.toml: layout: valore \"li st\" sconosciuto, atteso uno di questi: "
+      "list, certificate, form.");
+}
+
 TEST(Definition, OfEachReportOfTheSuitesCatalogueIsCarried) {
   ReportLibrary library(embeddedDefinitionFiles());
   const CatalogoStampe catalogue;

@@ -325,5 +325,29 @@ TEST(Spreadsheet, OfFormsHasALineAModule) {
   EXPECT_THAT(cells, HasSubstr("2017|P001|RSSMRC71C08L781I|Rossi|Marco|2|7|333.33\n"));
 }
 
+TEST(Spreadsheet, IsNamedByATitleWithSignsThatASheetMayNotBear) {
+  const auto titled = [](const std::string& title) {
+    PrintShop shop({{"prova.toml",
+                     "name = \"Prova.rpt\"\nobject_type = 246\ndefinition = 9\n"
+                     "view = \"RepContoIndividuale\"\ntitle = \"" +
+                         title +
+                         "\"\nlayout = \"list\"\norder = [\"Anno\"]\n[[group]]\nkey = [\"Anno\"]\n"
+                         "title = \"{Anno}\"\n[[column]]\ncaption = \"Anno\"\nformat = \"integer\"\n"
+                         "field = \"Anno\"\nwidth = 10\n"}});
+    auto engine = shop.engine("Prova.rpt", 246, 9, kFormula);
+    PrintShop::nameFile(*engine, shop.folder / "a.xlsx");
+    engine->run(0);
+    return runCommand(
+               "python3 -c \"import sys,zipfile; "
+               "print(zipfile.ZipFile(sys.argv[1]).read('xl/workbook.xml'))\" '" +
+               shop.folder / "a.xlsx" + "'")
+        .output;
+  };
+  EXPECT_THAT(titled("'Anno' 2016/17: [tutti] *?"), HasSubstr("<sheet name=\"Anno  2016 17   tutti\""));
+  EXPECT_THAT(titled("Certificazioni dei compensi corrisposti nell'anno"),
+              HasSubstr("<sheet name=\"Certificazioni dei compensi cor\""));
+  EXPECT_THAT(titled("[/]"), HasSubstr("<sheet name=\"Stampa\""));
+}
+
 }  // namespace
 }  // namespace cu::test
