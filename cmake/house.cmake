@@ -66,10 +66,11 @@ function(cu_program name)
   target_link_libraries(${name} PRIVATE house_options ${P_LINKS})
 endfunction()
 
-# cu_tests(name LINKS rooms... [LABEL fast|slow|system] [ARGS ...])
-# One test program of all *_test.cpp of the calling folder; each file is noted as claimed.
+# cu_tests(name LINKS rooms... [LABEL fast|slow|system] [SUPPORT files...] [...])
+# One test program of all *_test.cpp of the calling folder, with what supports them there and in SUPPORT; each
+# file is noted as claimed.
 function(cu_tests name)
-  cmake_parse_arguments(T "" "LABEL;TIMEOUT" "LINKS;DEFINES" ${ARGN})
+  cmake_parse_arguments(T "" "LABEL;TIMEOUT" "LINKS;DEFINES;SUPPORT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *_test.cpp)
   if(NOT sources)
     return()
@@ -82,7 +83,7 @@ function(cu_tests name)
     set(T_TIMEOUT 300)
   endif()
   file(GLOB support CONFIGURE_DEPENDS *_support.cpp)
-  add_executable(${name} ${sources} ${support})
+  add_executable(${name} ${sources} ${support} ${T_SUPPORT})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/bin)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE ${T_DEFINES})

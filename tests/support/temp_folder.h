@@ -12,8 +12,9 @@ namespace cu::test {
 // A folder of its own on the disk, which goes with the object.
 class TempFolder {
  public:
-  TempFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "cu-test-XXXXXX").string();
+  TempFolder() : TempFolder(std::filesystem::temp_directory_path().string()) {}
+  explicit TempFolder(const std::string& below) {
+    std::string name = below + "/cu-test-XXXXXX";
     if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder: " + name);
     path_ = name;
   }

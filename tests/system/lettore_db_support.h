@@ -32,6 +32,27 @@ class LettoreDb {
     sqlite3_finalize(istruzione);
     return valore;
   }
+  // All rows of a table in the order of their first four columns, as one text.
+  std::string tavola(const std::string& nome) {
+    sqlite3_stmt* istruzione = nullptr;
+    const std::string domanda = "SELECT * FROM " + nome + " ORDER BY 1, 2, 3, 4";
+    if (sqlite3_prepare_v2(database_, domanda.c_str(), -1, &istruzione, nullptr) != SQLITE_OK) {
+      throw std::runtime_error(sqlite3_errmsg(database_));
+    }
+    std::string testo;
+    int codice = 0;
+    while ((codice = sqlite3_step(istruzione)) == SQLITE_ROW) {
+      for (int colonna = 0; colonna < sqlite3_column_count(istruzione); ++colonna) {
+        const auto* const cella = sqlite3_column_text(istruzione, colonna);
+        testo += cella == nullptr ? "NULL" : reinterpret_cast<const char*>(cella);
+        testo += '|';
+      }
+      testo += '\n';
+    }
+    sqlite3_finalize(istruzione);
+    if (codice != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(database_));
+    return testo;
+  }
   std::int64_t numero(const std::string& domanda) { return std::stoll("0" + testo(domanda)); }
   void esegui(const std::string& istruzione) {
     if (sqlite3_exec(database_, istruzione.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {

@@ -1,9 +1,20 @@
 #include "database/sqlite/errors.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <iterator>
+
 #include "host/text.h"
 
 namespace cu::sqlite {
 namespace {
+
+// What the system says where no room is left for a file.
+#ifdef _WIN32
+constexpr int kNoRoom[] = {39, 112};  // the handle's disk, the disk
+#else
+constexpr int kNoRoom[] = {ENOSPC, EDQUOT, EFBIG};
+#endif
 
 // "NOT NULL constraint failed: Anagrafica.Anagrafica" -> "Anagrafica.Anagrafica"
 std::string_view behindColon(std::string_view text) {
@@ -55,7 +66,7 @@ Told tell(int code, std::string_view engineText, const std::string& of) {
     case SQLITE_AUTH:
       return {Unavailable,
               "Il database non si può aprire. Verificare che il file e la sua cartella esistano e siano "
-              "accessibili."};
+              "accessibili, e che sul disco ci sia spazio."};
     case SQLITE_IOERR:
       return {Other, "Errore di lettura o scrittura sul file del database. Verificare il disco e riprovare."};
     case SQLITE_NOMEM:
@@ -85,8 +96,15 @@ DatabaseError errorOf(int extendedCode, std::string_view engineText, std::string
   return {told.kind, extendedCode, std::string(kind), told.text};
 }
 
+int codeOf(sqlite3* database) {
+  const int code = sqlite3_extended_errcode(database);
+  if ((code & 0xFF) != SQLITE_CANTOPEN && (code & 0xFF) != SQLITE_IOERR) return code;
+  const int system = sqlite3_system_errno(database);
+  return std::find(std::begin(kNoRoom), std::end(kNoRoom), system) == std::end(kNoRoom) ? code : SQLITE_FULL;
+}
+
 void raise(sqlite3* database, std::string_view kind) {
-  throw errorOf(sqlite3_extended_errcode(database), sqlite3_errmsg(database), kind);
+  throw errorOf(codeOf(database), sqlite3_errmsg(database), kind);
 }
 
 DatabaseError refused(const SqlError& error, std::string_view kind) {

@@ -10,6 +10,10 @@
 
 namespace cu::sqlite {
 
+// The extended code of the handle's last error; SQLITE_FULL also where the system found no room for a file
+// beside the database, which the engine tells as any other failure.
+int codeOf(sqlite3* database);
+
 // The last error of the handle as DatabaseError. `kind` is the statement's first word, or empty.
 [[noreturn]] void raise(sqlite3* database, std::string_view kind);
 

@@ -70,15 +70,17 @@ void examine(const std::string& path, bool create) {
 
 // The engine's error of an opening, with the file's name and what to do.
 [[noreturn]] void explain(sqlite3* database, const std::string& path) {
-  const int code = database == nullptr ? SQLITE_NOMEM : sqlite3_extended_errcode(database);
+  const int code = database == nullptr ? SQLITE_NOMEM : codeOf(database);
   if ((code & 0xFF) == SQLITE_NOTADB) {
     unavailable(code,
                 "Il file " + quoted(path) +
                     " non è un database. Correggere l'indirizzo nel profilo, o indicare un altro file.");
   }
   if ((code & 0xFF) == SQLITE_CANTOPEN || (code & 0xFF) == SQLITE_PERM || (code & 0xFF) == SQLITE_AUTH) {
-    unavailable(code, "Il database " + quoted(path) +
-                          " non si può aprire. Verificare i permessi del file e della sua cartella.");
+    unavailable(code,
+                "Il database " + quoted(path) +
+                    " non si può aprire. Verificare i permessi del file e della sua cartella, e che sul "
+                    "disco ci sia spazio.");
   }
   const DatabaseError told = errorOf(code, sqlite3_errmsg(database), "");
   throw DatabaseError(told.kind(), code, "", "Database " + quoted(path) + ": " + told.what());

@@ -61,7 +61,8 @@ TEST_F(Files, AFolderThatDoesNotExistCannotHoldANewDatabase) {
   const DatabaseError error = errorOf([&] { SqliteConnection::create(folder_ / "a/b/c.db"); });
   EXPECT_EQ(error.kind(), DatabaseErrorKind::Unavailable);
   EXPECT_THAT(error.what(),
-              HasSubstr("non si può aprire. Verificare i permessi del file e della sua cartella."));
+              HasSubstr("non si può aprire. Verificare i permessi del file e della sua cartella, e che "
+                        "sul disco ci sia spazio."));
 }
 
 TEST_F(Files, ADatabaseOfAnotherKindIsToldByTheTableItLacks) {

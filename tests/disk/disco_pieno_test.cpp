@@ -1,0 +1,159 @@
+// The disk is full at each write of a whole run in turn: the run is repeated with room for one page more, or
+// one file more, until it succeeds. Each time it is told in words or nothing is missing, the database is
+// sound, each table of the accounts is as before or as after, what belongs to others is untouched, and the
+// next run, with room, makes all of it.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iostream>
+#include <optional>
+
+#include "disk/piccolo_disco_support.h"
+#include "system/corsa_support.h"
+
+namespace cu::test {
+namespace {
+
+constexpr std::size_t kMoltePagine = 4000;
+// What is written when all else is done, into the database from its journal, fails without a word: it is
+// done again at the next opening.
+constexpr std::size_t kAncora = 6;
+
+struct Intera {
+  Intera() {
+    const LuogoCorsa luogo(true);
+    prima = luogo.conti();
+    CorsaGuidata corsa(luogo);
+    corsa.finisci();
+    EXPECT_TRUE(corsa.finita());
+    EXPECT_TRUE(corsa.detti().empty());
+    dopo = luogo.conti();
+    file = luogo.file();
+    stampe = luogo.stampe();
+    EXPECT_NE(prima, dopo);
+    EXPECT_FALSE(file.empty());
+    EXPECT_GT(stampe, 0U);
+  }
+  std::map<std::string, std::string> prima;
+  std::map<std::string, std::string> dopo;
+  std::string file;
+  std::size_t stampe = 0;
+};
+
+bool tutto(const LuogoCorsa& luogo, const Intera& intera) {
+  return luogo.file() == intera.file && luogo.conti() == intera.dopo && luogo.stampe() == intera.stampe;
+}
+
+bool diSpazio(const std::string& testo) {
+  const auto dice = [&](const char* pezzo) { return testo.find(pezzo) != std::string::npos; };
+  return dice("Spazio su disco esaurito") || dice("Il disco che contiene il database è pieno") ||
+         dice("che sul disco ci sia spazio") ||
+         dice("Errore di lettura o scrittura sul file del database. Verificare il disco");
+}
+
+// What a run that met a full disk has left, now that there is room again.
+void controlla(const LuogoCorsa& luogo, const CorsaGuidata& corsa, const Intera& intera) {
+  EXPECT_LT(corsa.codice(), 128) << "it was ended by a signal";
+  EXPECT_EQ(luogo.integrita(), "ok");
+  EXPECT_TRUE(luogo.altruiIntatti());
+  for (const auto& [tavola, contenuto] : luogo.conti()) {
+    EXPECT_TRUE(contenuto == intera.prima.at(tavola) || contenuto == intera.dopo.at(tavola)) << tavola;
+  }
+  // Who goes on behind an error of the editor makes the file without the correction.
+  EXPECT_TRUE(luogo.soloInteri(luogo.file()));
+  if (!corsa.detti().empty()) {
+    EXPECT_TRUE(std::any_of(corsa.detti().begin(), corsa.detti().end(), diSpazio)) << corsa.detti().front();
+  } else if (corsa.finita()) {
+    EXPECT_TRUE(tutto(luogo, intera)) << "nothing was told, and something is missing";
+  } else {
+    // A telematic file that cannot be opened stops the run without a word, on the last step.
+    EXPECT_EQ(luogo.file(), "") << "it stopped without a word";
+  }
+}
+
+void riesce(const LuogoCorsa& luogo, const Intera& intera) {
+  CorsaGuidata corsa(luogo);
+  corsa.finisci();
+  EXPECT_TRUE(corsa.finita());
+  EXPECT_TRUE(corsa.detti().empty()) << corsa.detti().front();
+  EXPECT_TRUE(luogo.altruiIntatti());
+  EXPECT_TRUE(tutto(luogo, intera));
+}
+
+struct Conto {
+  int piene = 0;
+  int dette = 0;
+};
+
+void racconta(const char* cosa, const Conto& conto) {
+  std::cout << "  " << cosa << ": " << conto.piene << " runs on a full disk, " << conto.dette << " told\n";
+}
+
+// One file after the other that cannot grow beyond a size.
+void limitaFile(const Intera& intera) {
+  Conto conto;
+  for (std::size_t byte = 0; byte < (std::size_t{1} << 19); byte += byte < 65536 ? 4096 : 32768) {
+    SCOPED_TRACE("files of " + std::to_string(byte) + " bytes");
+    const LuogoCorsa luogo(true);
+    std::optional<CorsaGuidata> corsa;
+    {
+      const LimiteFile limite(byte);
+      corsa.emplace(luogo);
+    }
+    corsa->finisci();
+    ++conto.piene;
+    conto.dette += corsa->detti().empty() ? 0 : 1;
+    controlla(luogo, *corsa, intera);
+    riesce(luogo, intera);
+    if (testing::Test::HasFailure()) return;
+  }
+  EXPECT_GT(conto.dette, 5);
+  racconta("limited files", conto);
+}
+
+void riempi(const PiccoloDisco& disco, PiccoloDisco::Risorsa risorsa, const Intera& intera) {
+  Conto conto;
+  std::size_t riuscite = 0;
+  for (std::size_t quante = 0; riuscite < kAncora && quante < kMoltePagine; ++quante) {
+    SCOPED_TRACE("room for " + std::to_string(quante));
+    const LuogoCorsa luogo(true, disco.cartella());
+    disco.lascia(risorsa, quante);
+    CorsaGuidata corsa(luogo);
+    corsa.finisci();
+    disco.libera();
+    const bool bene = corsa.finita() && corsa.detti().empty();
+    riuscite += bene ? 1 : 0;
+    EXPECT_TRUE(bene || riuscite == 0) << "it succeeded with less room";
+    conto.piene += bene ? 0 : 1;
+    conto.dette += corsa.detti().empty() ? 0 : 1;
+    controlla(luogo, corsa, intera);
+    riesce(luogo, intera);
+    if (testing::Test::HasFailure()) return;
+  }
+  EXPECT_EQ(riuscite, kAncora);
+  EXPECT_GT(conto.dette, 3);
+  racconta(risorsa == PiccoloDisco::Risorsa::Pagine ? "pages" : "files", conto);
+}
+
+TEST(FullDisk, IsToldAtEachWriteAndLosesNothing) {
+  const Intera intera;
+  const PiccoloDisco disco;
+  if (HasFailure()) return;
+  if (!disco.montato()) {
+    // Where nothing may be mounted a limit of the process is what can be had of a full disk.
+    std::cout << "  no small file system here (" << disco.impedimento() << ")\n";
+    limitaFile(intera);
+    return;
+  }
+  riempi(disco, PiccoloDisco::Risorsa::Pagine, intera);
+  if (!HasFailure()) riempi(disco, PiccoloDisco::Risorsa::File, intera);
+}
+
+TEST(FullDisk, IsToldForEachFileThatCannotGrow) {
+  const Intera intera;
+  if (!HasFailure()) limitaFile(intera);
+}
+
+}  // namespace
+}  // namespace cu::test

@@ -1,0 +1,143 @@
+// The program killed at random moments of a whole run, some hundred times: the database is sound, each table
+// of the accounts is as before or as after, what belongs to others is untouched, nothing stands under its
+// name that is not whole but the telematic file, and the next run makes all of it.
+//
+// CU_KILLS is the number of kills.
+
+#include <gtest/gtest.h>
+#include <signal.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdlib>
+#include <iostream>
+#include <random>
+#include <thread>
+
+#include "system/corsa_support.h"
+
+namespace cu::test {
+namespace {
+
+using Tempo = std::chrono::microseconds;
+
+constexpr int kUccisioni = 300;
+constexpr int kTentativi = 3;  // for a kill; a program that is done sooner is not killed
+constexpr unsigned kInsieme = 2;
+
+int uccisioni() {
+  const char* const scelte = std::getenv("CU_KILLS");
+  return scelte == nullptr ? kUccisioni : std::max(1, std::atoi(scelte));
+}
+
+// A run that nothing disturbs.
+struct Intera {
+  explicit Intera(bool conModuli) : moduli(conModuli) {
+    const LuogoCorsa luogo(moduli);
+    prima = luogo.conti();
+    CorsaGuidata corsa(luogo);
+    for (std::size_t passo = 0; passo < CorsaGuidata::passi(); ++passo) {
+      const auto inizio = std::chrono::steady_clock::now();
+      corsa.passo();
+      tempi.push_back(std::chrono::duration_cast<Tempo>(std::chrono::steady_clock::now() - inizio));
+    }
+    corsa.finisci();
+    EXPECT_TRUE(corsa.finita());
+    EXPECT_TRUE(corsa.detti().empty());
+    dopo = luogo.conti();
+    file = luogo.file();
+    stampe = luogo.stampe();
+    EXPECT_NE(prima, dopo);
+    EXPECT_FALSE(file.empty());
+    EXPECT_EQ(stampe > 0, moduli);
+    EXPECT_TRUE(luogo.soloInteri(file));
+  }
+  bool moduli;
+  std::map<std::string, std::string> prima;
+  std::map<std::string, std::string> dopo;
+  std::string file;
+  std::size_t stampe = 0;
+  std::vector<Tempo> tempi;
+};
+
+void sano(const LuogoCorsa& luogo, const Intera& intera) {
+  EXPECT_EQ(luogo.integrita(), "ok");
+  EXPECT_TRUE(luogo.altruiIntatti());
+  EXPECT_TRUE(luogo.soloInteri(intera.file));
+  EXPECT_TRUE(intera.file.starts_with(luogo.file()));
+  for (const auto& [tavola, contenuto] : luogo.conti()) {
+    EXPECT_TRUE(contenuto == intera.prima.at(tavola) || contenuto == intera.dopo.at(tavola)) << tavola;
+  }
+}
+
+void riesce(const LuogoCorsa& luogo, const Intera& intera) {
+  CorsaGuidata corsa(luogo);
+  corsa.finisci();
+  EXPECT_TRUE(corsa.finita());
+  EXPECT_TRUE(corsa.detti().empty()) << corsa.detti().front();
+  EXPECT_TRUE(luogo.altruiIntatti());
+  EXPECT_EQ(luogo.file() == intera.file, true);
+  EXPECT_EQ(luogo.conti() == intera.dopo, true);
+  EXPECT_EQ(luogo.stampe(), intera.stampe);
+  EXPECT_TRUE(luogo.soloInteri(intera.file));
+}
+
+// Kills a run within a step of it. False where the program was done before.
+bool uccidi(const LuogoCorsa& luogo, const Intera& intera, std::mt19937& caso, std::size_t& passo) {
+  // Every other time a step that takes long, in proportion to what it takes.
+  std::vector<double> pesi(intera.tempi.size(), 1);
+  if (caso() % 2 == 0) {
+    std::transform(intera.tempi.begin(), intera.tempi.end(), pesi.begin(),
+                   [](Tempo tempo) { return static_cast<double>(tempo.count()); });
+  }
+  passo = std::discrete_distribution<std::size_t>(pesi.begin(), pesi.end())(caso);
+  std::uniform_int_distribution<Tempo::rep> istante(0, intera.tempi[passo].count());
+  const Tempo attesa(istante(caso));
+  CorsaGuidata corsa(luogo);
+  for (std::size_t i = 0; i < passo; ++i) corsa.passo();
+  EXPECT_TRUE(corsa.detti().empty());
+  corsa.comincia();
+  std::this_thread::sleep_for(attesa);
+  ::kill(corsa.processo().id(), SIGKILL);
+  return corsa.processo().codice() == 128 + SIGKILL;
+}
+
+TEST(Kills, LoseNothing) {
+  const Intera senza(false);
+  const Intera con(true);
+  if (HasFailure()) return;
+  const int quante = uccisioni();
+  std::atomic<int> prossima = 0;
+  std::atomic<int> riuscite = 0;
+  std::vector<std::atomic<int>> perPasso(CorsaGuidata::passi());
+  const auto lavora = [&](unsigned seme) {
+    std::mt19937 caso(seme);
+    while (prossima++ < quante && !HasFailure()) {
+      const Intera& intera = caso() % 3 == 0 ? con : senza;
+      for (int tentativo = 0; tentativo < kTentativi; ++tentativo) {
+        const LuogoCorsa luogo(intera.moduli);
+        std::size_t passo = 0;
+        const bool ucciso = uccidi(luogo, intera, caso, passo);
+        SCOPED_TRACE("step " + std::to_string(passo));
+        sano(luogo, intera);
+        riesce(luogo, intera);
+        if (!ucciso) continue;
+        ++riuscite;
+        ++perPasso[passo];
+        break;
+      }
+    }
+  };
+  std::vector<std::thread> insieme;
+  std::random_device semi;
+  for (unsigned i = 0; i < kInsieme; ++i) insieme.emplace_back(lavora, semi());
+  for (std::thread& uno : insieme) uno.join();
+  EXPECT_GE(riuscite, quante - quante / 20);
+  std::cout << "  " << riuscite << " kills, by step:";
+  for (const auto& passo : perPasso) std::cout << ' ' << passo;
+  std::cout << '\n';
+}
+
+}  // namespace
+}  // namespace cu::test
