@@ -18,8 +18,9 @@ namespace {
 void stampaRegistro(const LogTable& registro) {
   std::vector<std::vector<std::string>> tavola = {registro.columns};
   for (const auto& riga : registro.rows) {
-    std::vector<std::string>& celle = tavola.emplace_back();
+    std::vector<std::string> celle;
     for (const Value& valore : riga) celle.push_back(valore.view().toText());
+    tavola.push_back(std::move(celle));
   }
   stampaTavola(tavola, std::cout);
 }

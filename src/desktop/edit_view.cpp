@@ -148,7 +148,7 @@ void EditView::refresh() {
   paintBackground(*line_, box_.background());
 }
 
-NumericView::NumericView(FormWindow& window, EditBox& box, QWidget* parent, std::string decimalPoint)
+NumericView::NumericView(FormWindow& window, EditBox& box, QWidget* parent, const std::string& decimalPoint)
     : EditView(window, box, parent) {
   line()->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   static_cast<Line*>(line())->keypadMark = shown(decimalPoint);

@@ -42,7 +42,7 @@ class EditView : public View {
 // Amounts and numbers stand at the right; the decimal key of the keypad types the currency's mark.
 class NumericView : public EditView {
  public:
-  NumericView(FormWindow& window, EditBox& box, QWidget* parent, std::string decimalPoint);
+  NumericView(FormWindow& window, EditBox& box, QWidget* parent, const std::string& decimalPoint);
 };
 
 // A date: the slashes come by themselves where they belong, and a calendar opens beside it.

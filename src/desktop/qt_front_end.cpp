@@ -154,6 +154,7 @@ void QtFrontEnd::showModal(Form& form) {
   auto* const window = new FormWindow(*this, form, below);
   window->setWindowModality(Qt::ApplicationModal);
   QEventLoop loop;
+  // cppcheck-suppress danglingLifetime ; taken back before the loop goes
   shown_.push_back({&form, window, &loop});
   // Below it the rows may be filtered to one: what is drawn stays as it is.
   if (below != nullptr) {
@@ -167,6 +168,10 @@ void QtFrontEnd::showModal(Form& form) {
   {
     const Waiting waiting(*this);
     loop.exec();
+  }
+  // The program may be quitting, with the form still open.
+  for (Shown& each : shown_) {
+    if (each.loop == &loop) each.loop = nullptr;
   }
   if (below == nullptr) return;
   below->freeze(false);

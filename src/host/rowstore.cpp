@@ -26,6 +26,7 @@ constexpr std::size_t kLargestChunk = 1U << 20;
 constexpr std::size_t kWorthSharing = 12;  // a pointer and a length cost about as much
 
 std::uint64_t zigzag(std::int64_t value) {
+  // cppcheck-suppress shiftTooManyBitsSigned ; C++20 defines it: the sign fills all bits
   return (static_cast<std::uint64_t>(value) << 1) ^ static_cast<std::uint64_t>(value >> 63);
 }
 std::int64_t unzigzag(std::uint64_t value) {

@@ -70,11 +70,12 @@ Years readYears(const DefinitionReader& reader) {
     years.first = yearOf(text);
     return years;
   }
-  if (dash == 0 && isYear(text.substr(1))) {
-    years.last = yearOf(text.substr(1));
-    return years;
+  if (dash != 0 || !isYear(text.substr(1))) {
+    reader.refuse("years", "valore \"" + text + "\" non ammesso",
+                  "anni come \"2015\", \"2015-\" o \"-2016\"");
   }
-  reader.refuse("years", "valore \"" + text + "\" non ammesso", "anni come \"2015\", \"2015-\" o \"-2016\"");
+  years.last = yearOf(text.substr(1));
+  return years;
 }
 
 ReportColumn readColumn(const DefinitionReader& reader) {

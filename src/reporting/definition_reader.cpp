@@ -120,12 +120,13 @@ std::vector<std::vector<DefinitionReader>> DefinitionReader::rows(std::string_vi
   for (std::size_t i = 0; i < list->size(); ++i) {
     const auto* const row = (*list)[i].as_array();
     if (row == nullptr || row->empty()) refuse(key, "tipo sbagliato", kExpected);
-    std::vector<DefinitionReader>& boxes = result.emplace_back();
+    std::vector<DefinitionReader> boxes;
     for (std::size_t j = 0; j < row->size(); ++j) {
       const auto* const table = (*row)[j].as_table();
       if (table == nullptr) refuse(key, "tipo sbagliato", kExpected);
       boxes.emplace_back(*table, place_ + ", riga " + ordinal(i) + ", casella " + ordinal(j));
     }
+    result.push_back(std::move(boxes));
   }
   return result;
 }

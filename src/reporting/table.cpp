@@ -139,7 +139,6 @@ void Table::heading(const OpenGroup& group, std::size_t level, bool again) {
   y_ += outer ? 2.2 : 0.9;
   const double indent = outer ? 0 : kPadding;
   const double room = area_.width - 2 * indent;
-  const QString gap = "    ";
   // Title and note on one line where both fit, the note below where they do not.
   const double wide = canvas_.textWidth(title, style);
   const double noteWidth = group.note.isEmpty() ? 0 : canvas_.textWidth(group.note, quiet) + 4;

@@ -49,7 +49,10 @@ class ConnessioneTracciata : public Connection {
 class DatabaseSuite : public DatabaseHost {
  public:
   DatabaseSuite(std::unique_ptr<Connection> connessione, TracciaSql* traccia);
-  Connection& connection() override { return tracciata_ != nullptr ? *tracciata_ : *connessione_; }
+  Connection& connection() override {
+    if (tracciata_ != nullptr) return *tracciata_;
+    return *connessione_;
+  }
   Connection& internalConnection() override { return connection(); }
   Connection& ownConnection() override { return *connessione_; }
   std::unique_ptr<Rowset> CreateRowset() override;

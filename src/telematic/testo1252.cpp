@@ -46,13 +46,14 @@ constexpr unsigned char maiuscolaDi(unsigned char c) {
   }
 }
 
-constexpr std::array<char, 256> kMaiuscole = [] {
+constexpr std::array<char, 256> tutteMaiuscole() {
   std::array<char, 256> tavola{};
   for (std::size_t c = 0; c < tavola.size(); ++c) {
     tavola[c] = static_cast<char>(maiuscolaDi(static_cast<unsigned char>(c)));
   }
   return tavola;
-}();
+}
+constexpr std::array<char, 256> kMaiuscole = tutteMaiuscole();
 
 }  // namespace
 
