@@ -89,7 +89,7 @@ function(cu_tests name)
   target_compile_definitions(${name} PRIVATE ${T_DEFINES})
   target_link_libraries(${name} PRIVATE house_options ${T_LINKS} GTest::gmock GTest::gtest_main)
   # The tests' own code need not be fast, and compiles in little more than half the time.
-  target_compile_options(${name} PRIVATE $<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>>:-O0>)
+  target_compile_options(${name} PRIVATE $<$<AND:$<CONFIG:Release,RelWithDebInfo>,$<CXX_COMPILER_ID:GNU>>:-O0>)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES LABELS ${T_LABEL} TIMEOUT ${T_TIMEOUT})
 endfunction()

@@ -19,6 +19,7 @@ void stampaRegistro(const LogTable& registro) {
   std::vector<std::vector<std::string>> tavola = {registro.columns};
   for (const auto& riga : registro.rows) {
     std::vector<std::string> celle;
+    celle.reserve(riga.size());
     for (const Value& valore : riga) celle.push_back(valore.view().toText());
     tavola.push_back(std::move(celle));
   }

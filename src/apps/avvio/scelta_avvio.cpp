@@ -25,10 +25,7 @@ Profilo::Database databaseDi(const QString& file) {
   return database;
 }
 
-std::string chiave() {
-  const std::string testo = TestiItaliani().text(kTestoChiave);
-  return testo;
-}
+std::string chiave() { return TestiItaliani().text(kTestoChiave); }
 
 template <class Uso>
 auto conImpostazioni(const CartelleAvvio& cartelle, const Uso& uso) {
