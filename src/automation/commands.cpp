@@ -1,5 +1,6 @@
 #include "automation/commands.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -275,6 +276,12 @@ bool fits(const Json& value, const Argument& argument) {
   return number >= argument.least && number <= argument.most;
 }
 
+// No control and no statement of a database holds a zero character.
+bool holdsNull(const Json& value) {
+  if (value.is_string()) return value.get_ref<const std::string&>().find('\0') != std::string::npos;
+  return value.is_structured() && std::any_of(value.begin(), value.end(), holdsNull);
+}
+
 void check(const Argument& argument, const Json& command) {
   const std::string name(argument.name);
   const auto found = command.find(name);
@@ -282,6 +289,7 @@ void check(const Argument& argument, const Json& command) {
     if (argument.required) throw Refused{"manca \"" + name + "\": atteso " + nameOf(argument.kind)};
     return;
   }
+  if (holdsNull(*found)) throw Refused{"\"" + name + "\": il carattere nullo non è ammesso"};
   bool good = true;
   if (argument.kind == Kind::Text) good = found->is_string();
   if (argument.kind == Kind::Integer) good = fits(*found, argument);

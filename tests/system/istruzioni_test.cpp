@@ -8,6 +8,7 @@
 #include <set>
 #include <sstream>
 
+#include "system/forma_support.h"
 #include "system/guidato_support.h"
 #include "system/lettore_db_support.h"
 
@@ -15,35 +16,6 @@ namespace cu::test {
 namespace {
 
 using nlohmann::json;
-
-bool cifra(char c) { return c >= '0' && c <= '9'; }
-
-bool diParola(char c) {
-  return cifra(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '.';
-}
-
-// The text without its values: every literal as '?', every number as 0.
-std::string forma(const std::string& testo) {
-  std::string forma;
-  for (std::size_t i = 0; i < testo.size();) {
-    if (testo[i] == '\'' && !testo.starts_with("EXEC(")) {
-      for (++i; i < testo.size(); ++i) {
-        if (testo[i] != '\'') continue;
-        if (i + 1 == testo.size() || testo[i + 1] != '\'') break;
-        ++i;
-      }
-      ++i;
-      forma += "'?'";
-    } else if (diParola(testo[i])) {
-      const std::size_t inizio = i;
-      while (i < testo.size() && diParola(testo[i])) ++i;
-      forma += cifra(testo[inizio]) ? "0" : testo.substr(inizio, i - inizio);
-    } else {
-      forma += testo[i++];
-    }
-  }
-  return forma;
-}
 
 class Istruzioni : public Guidato {
  protected:
@@ -61,7 +33,7 @@ class Istruzioni : public Guidato {
     elenco_ += "== " + titolo + "\n";
     std::istringstream traccia(posto_.cartella().read("trace.sql"));
     for (std::string riga; std::getline(traccia, riga);) {
-      if (viste_.insert(forma(json::parse(riga).get<std::string>())).second) elenco_ += riga + "\n";
+      if (viste_.insert(formaDi(json::parse(riga).get<std::string>())).second) elenco_ += riga + "\n";
     }
   }
 

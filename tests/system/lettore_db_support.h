@@ -3,8 +3,10 @@
 #include <sqlite3.h>
 
 #include <cstdint>
+#include <map>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace cu::test {
 
@@ -21,16 +23,8 @@ class LettoreDb {
 
   // The first value of the first row; "" when there is none.
   std::string testo(const std::string& domanda) {
-    sqlite3_stmt* istruzione = nullptr;
-    if (sqlite3_prepare_v2(database_, domanda.c_str(), -1, &istruzione, nullptr) != SQLITE_OK) {
-      throw std::runtime_error(sqlite3_errmsg(database_));
-    }
-    std::string valore;
-    if (sqlite3_step(istruzione) == SQLITE_ROW && sqlite3_column_text(istruzione, 0) != nullptr) {
-      valore = reinterpret_cast<const char*>(sqlite3_column_text(istruzione, 0));
-    }
-    sqlite3_finalize(istruzione);
-    return valore;
+    Istruzione istruzione(*this, domanda);
+    return istruzione.avanza() ? istruzione.valore(0) : std::string();
   }
   // All rows of a table in the order of their first four columns, as one text.
   std::string tavola(const std::string& nome) {
@@ -54,13 +48,68 @@ class LettoreDb {
     return testo;
   }
   std::int64_t numero(const std::string& domanda) { return std::stoll("0" + testo(domanda)); }
+  // The first value of every row.
+  std::vector<std::string> elenco(const std::string& domanda) {
+    Istruzione istruzione(*this, domanda);
+    std::vector<std::string> valori;
+    while (istruzione.avanza()) valori.push_back(istruzione.valore(0));
+    return valori;
+  }
+  // The values of the first row by their columns.
+  std::map<std::string, std::string> riga(const std::string& domanda) {
+    Istruzione istruzione(*this, domanda);
+    std::map<std::string, std::string> valori;
+    if (!istruzione.avanza()) return valori;
+    for (int i = 0; i < istruzione.colonne(); ++i) valori[istruzione.nome(i)] = istruzione.valore(i);
+    return valori;
+  }
   void esegui(const std::string& istruzione) {
     if (sqlite3_exec(database_, istruzione.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
       throw std::runtime_error(sqlite3_errmsg(database_));
     }
   }
+  // One statement, the texts in the places of its marks.
+  void esegui(const std::string& domanda, const std::vector<std::string>& testi) {
+    Istruzione istruzione(*this, domanda);
+    istruzione.lega(testi);
+    istruzione.avanza();
+  }
 
  private:
+  class Istruzione {
+   public:
+    Istruzione(LettoreDb& lettore, const std::string& testo) : database_(lettore.database_) {
+      if (sqlite3_prepare_v2(database_, testo.c_str(), -1, &istruzione_, nullptr) != SQLITE_OK) fallisci();
+    }
+    ~Istruzione() { sqlite3_finalize(istruzione_); }
+    Istruzione(const Istruzione&) = delete;
+    Istruzione& operator=(const Istruzione&) = delete;
+
+    void lega(const std::vector<std::string>& testi) {
+      int posto = 0;
+      for (const std::string& testo : testi) {
+        sqlite3_bind_text(istruzione_, ++posto, testo.data(), static_cast<int>(testo.size()), SQLITE_STATIC);
+      }
+    }
+    bool avanza() {
+      const int codice = sqlite3_step(istruzione_);
+      if (codice != SQLITE_ROW && codice != SQLITE_DONE) fallisci();
+      return codice == SQLITE_ROW;
+    }
+    int colonne() const { return sqlite3_column_count(istruzione_); }
+    std::string nome(int colonna) const { return sqlite3_column_name(istruzione_, colonna); }
+    std::string valore(int colonna) const {
+      const auto* const testo = reinterpret_cast<const char*>(sqlite3_column_text(istruzione_, colonna));
+      return testo == nullptr ? std::string() : testo;
+    }
+
+   private:
+    [[noreturn]] void fallisci() const { throw std::runtime_error(sqlite3_errmsg(database_)); }
+
+    sqlite3* database_;
+    sqlite3_stmt* istruzione_ = nullptr;
+  };
+
   sqlite3* database_ = nullptr;
 };
 
