@@ -76,6 +76,22 @@ TEST(Refusals, AMissingArgument) {
   EXPECT_EQ(rifiuto(R"({"do":"close"})"), "manca \"window\": atteso un testo");
 }
 
+TEST(Refusals, AZeroCharacterInAnyText) {
+  const std::string nullo = "\"a\\u0000b\"";
+  const auto detto = [](const std::string& nome) {
+    return "\"" + nome + "\": il carattere nullo non è ammesso";
+  };
+  EXPECT_EQ(rifiuto(R"({"do":"get","of":)" + nullo + "}"), detto("of"));
+  EXPECT_EQ(rifiuto(R"({"do":"enter","in":"frmProva.txtNome","text":)" + nullo + "}"), detto("text"));
+  EXPECT_EQ(rifiuto(R"({"do":"paste","in":"frmProva.txtNome","text":)" + nullo + "}"), detto("text"));
+  EXPECT_EQ(rifiuto(R"({"do":"choose","in":"frmProva.x","code":"a","description":)" + nullo + "}"),
+            detto("description"));
+  EXPECT_EQ(rifiuto(R"({"do":"press","in":"frmProva.grdRighe","row":1,"column":)" + nullo + "}"),
+            detto("column"));
+  EXPECT_EQ(rifiuto(R"({"do":"answer","with":)" + nullo + "}"), detto("with"));
+  EXPECT_EQ(rifiuto(R"({"do":"answer","with":{"folder":)" + nullo + "}}"), detto("with"));
+}
+
 TEST(Refusals, AnArgumentOfAnotherType) {
   EXPECT_EQ(rifiuto(R"({"do":"click","on":3})"), "\"on\": atteso un testo");
   EXPECT_EQ(rifiuto(R"({"do":"enter","in":"frmProva.txtNome","text":null})"), "\"text\": atteso un testo");

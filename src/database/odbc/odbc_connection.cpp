@@ -47,6 +47,15 @@ struct Closing {
   ~Closing() { SQLFreeStmt(statement.get(), SQL_CLOSE); }
 };
 
+// Some drivers would send what stands before it, as if that were all.
+void refuseNull(std::string_view statement) {
+  if (statement.find('\0') == std::string_view::npos) return;
+  const std::string kind = kindOf(statement);
+  throw DatabaseError(
+      DatabaseErrorKind::Syntax, 0, kind,
+      "L'istruzione " + kind + " contiene un carattere nullo e non è stata inviata al database.");
+}
+
 // "name", "[name]", "dbo.name", "[dbo].[name]".
 bool isTableName(std::string_view text) {
   const bool named = std::ranges::all_of(text, [](char c) {
@@ -151,6 +160,7 @@ void OdbcConnection::State::beginStatement() {
 }
 
 void OdbcConnection::State::run(std::string_view source, RowStore* rows) {
+  refuseNull(source);
   reviveIfLost();
   const Circumstance circumstance{kindOf(source), source, settings.statementSeconds};
   affected = -1;

@@ -54,6 +54,34 @@ TEST_P(Contract, ValuesComeBackAsTheyWentIn) {
                    {"3", "NULL", "NULL", "NULL", "NULL", "NULL"}}));
 }
 
+TEST_P(Contract, NoTextWithinALiteralChangesTheStatement) {
+  const std::string texts[] = {"''; DROP TABLE t; --",
+                               "-- /* ''",
+                               "*/ [a] {d ''2016-01-01''} ? %_ \\ \"b\" $1 :c",
+                               "\r\n\t\n;\nGO\n\x01\x1B\x7F",
+                               "Ж e\u0301 \u02BC\uFF07\u2019 😀 \U0010FFFF",
+                               std::string(1000, '\'') + std::string(1000, '\'')};
+  for (const std::string& literal : texts) {
+    run("DELETE FROM t");
+    run("INSERT INTO t (id, lungo) VALUES (1, '" + literal + "')");
+    std::string plain;
+    for (std::size_t i = 0; i < literal.size(); ++i) {
+      plain += literal[i];
+      if (literal[i] == '\'') ++i;
+    }
+    EXPECT_EQ(rows("SELECT id, lungo FROM t WHERE lungo = '" + literal + "'"), (Lines{{"1", plain}}));
+  }
+}
+
+TEST_P(Contract, AZeroCharacterIsRefusedInWords) {
+  run("INSERT INTO t (id, testo) VALUES (1, 'a')");
+  const std::string statement = std::string("UPDATE t SET testo = 'b") + '\0' + "' WHERE id = 1";
+  const DatabaseError error = errorOf([&] { run(statement); });
+  EXPECT_EQ(error.kind(), DatabaseErrorKind::Syntax);
+  EXPECT_THAT(error.what(), HasSubstr("carattere nullo"));
+  EXPECT_EQ(rows("SELECT testo FROM t"), (Lines{{"a"}}));
+}
+
 TEST_P(Contract, TypesFollowTheColumnsAlsoOfAnEmptyResult) {
   RowStore store;
   connection_->Query("t", store);
