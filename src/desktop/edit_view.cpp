@@ -73,6 +73,25 @@ EditView::Difference difference(const std::u32string& before, const std::u32stri
   return {at, before.size() - behind - at, now.substr(at, now.size() - behind - at)};
 }
 
+bool isControl(char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029; }
+
+// What a copied cell or paragraph brings along has no place in a line: at the ends it is left out, within the
+// text it is a blank. True when there was some.
+bool makeOneLine(std::u32string& text) {
+  std::u32string line;
+  for (const char32_t c : text) {
+    if (!isControl(c)) {
+      line += c;
+    } else if (!line.empty() && line.back() != U' ') {
+      line += U' ';
+    }
+  }
+  if (line == text) return false;
+  if (!text.empty() && isControl(text.back()) && !line.empty() && line.back() == U' ') line.pop_back();
+  text = std::move(line);
+  return true;
+}
+
 std::u32string points(const QString& text) { return text.toStdU32String(); }
 
 std::string utf8Of(const std::u32string& text) {
@@ -115,7 +134,8 @@ EditView::Difference EditView::whatWasDone(const std::u32string& before, const s
 void EditView::edited(const QString& now) {
   const std::u32string before = points(shown(box_.text()));
   const std::u32string after = points(now);
-  const Difference what = whatWasDone(before, after);
+  Difference what = whatWasDone(before, after);
+  const bool cleaned = makeOneLine(what.inserted);
   bool taken = false;
   act([&] {
     if (what.inserted.empty()) {
@@ -130,6 +150,10 @@ void EditView::edited(const QString& now) {
   if (line_->text() != now) line_->setText(shown(box_.text()));
   const auto kept = static_cast<qsizetype>(what.at + (taken ? 0 : what.removed));
   if (!taken) line_->setCursorPosition(static_cast<int>(QString::fromStdU32String(before).left(kept).size()));
+  if (taken && cleaned) {
+    const std::u32string start = points(line_->text()).substr(0, what.at + what.inserted.size());
+    line_->setCursorPosition(static_cast<int>(QString::fromStdU32String(start).size()));
+  }
 }
 
 void EditView::refresh() {

@@ -9,6 +9,9 @@ constexpr std::string_view kTabella = "ModuloXContoIndividuale";
 constexpr std::string_view kId = "IDModuloXContoIndividuale";
 
 std::string tabella() { return std::string(kTabella); }
+std::string numero(const Recordset& riga, const char* colonna) {
+  return fromInteger(riga.Get(colonna).integer());
+}
 std::string perId(std::int64_t id) { return " WHERE " + std::string(kId) + " = " + fromInteger(id); }
 
 }  // namespace
@@ -17,11 +20,10 @@ SqlModuli::SqlModuli(Disposizioni disposizione, const UtilitaSuite& utilita)
     : disposizione_(disposizione), utilita_(utilita) {}
 
 std::string SqlModuli::select(const Recordset& riga, std::int32_t idAzienda) const {
-  return "SELECT *, Anticipazione AS Eliminato FROM " + tabella() +
-         " WHERE Anno = " + riga.Get("Anno").toText() +
-         " AND IDAnagrafica = " + riga.Get("IDAnagrafica").toText() +
+  return "SELECT *, Anticipazione AS Eliminato FROM " + tabella() + " WHERE Anno = " + numero(riga, "Anno") +
+         " AND IDAnagrafica = " + numero(riga, "IDAnagrafica") +
          " AND IDAzienda = " + fromInteger(idAzienda) +
-         " AND IDCausalePagamento = " + riga.Get("IDCausalePagamento").toText();
+         " AND IDCausalePagamento = " + numero(riga, "IDCausalePagamento");
 }
 
 std::string SqlModuli::massimo() const {
@@ -48,9 +50,8 @@ std::string SqlModuli::valore(const CampoEditor& campo, const Recordset& modulo,
 std::string SqlModuli::insert(std::int64_t id, const Recordset& riga, std::int32_t idAzienda,
                               const Recordset& modulo) const {
   std::string colonne = std::string(kId) + ", IDAnagrafica, IDAzienda, IDCausalePagamento, Anno";
-  std::string valori = fromInteger(id) + ", " + riga.Get("IDAnagrafica").toText() + ", " +
-                       fromInteger(idAzienda) + ", " + riga.Get("IDCausalePagamento").toText() + ", " +
-                       riga.Get("Anno").toText();
+  std::string valori = fromInteger(id) + ", " + numero(riga, "IDAnagrafica") + ", " + fromInteger(idAzienda) +
+                       ", " + numero(riga, "IDCausalePagamento") + ", " + numero(riga, "Anno");
   for (const CampoEditor& campo : kCampiAltriModuli) {
     if (!campo.nella(disposizione_)) continue;
     colonne += ", " + std::string(campo.colonna);

@@ -13,12 +13,12 @@ std::string elimina(std::int32_t idUtente) {
 }
 
 std::string inserisci(const Recordset& riga, const Corsa& corsa, const UtilitaSuite& utilita) {
+  const auto id = [&](const char* colonna) { return fromInteger(riga.Get(colonna).integer()); };
   return "INSERT INTO TabellaRicorsione2 (IDPath1, IDPath2, IDUtente, IDFunzione, Path14, Path1, Path2, "
          "Path3)"
          " VALUES (" +
-         utilita.toText(riga.Get("IDAnagrafica")) + "," + utilita.toText(riga.Get("IDCausalePagamento")) +
-         "," + fromInteger(corsa.idUtente) + "," + fromInteger(fnModoCU()) + "," +
-         utilita.toText(riga.Get("IDAzienda")) + "," + corsa.sTipoCom + "," +
+         id("IDAnagrafica") + "," + id("IDCausalePagamento") + "," + fromInteger(corsa.idUtente) + "," +
+         fromInteger(fnModoCU()) + "," + id("IDAzienda") + "," + corsa.sTipoCom + "," +
          (corsa.intermediari ? "1" : "0") + "," + utilita.literal(corsa.dataFirma) + ")";
 }
 

@@ -1,6 +1,7 @@
 #include "worklist/riscrittura.h"
 
 #include "host/recordset.h"
+#include "host/text.h"
 #include "host/utility.h"
 
 namespace cu {
@@ -46,10 +47,10 @@ std::string valore(const ColonnaRiscritta& colonna, const Recordset& riga, const
 }  // namespace
 
 std::string fnChiaveRiga(const Recordset& riga) {
-  return " WHERE Anno = " + riga.Get("Anno").toText() +
-         " AND IDAnagrafica = " + riga.Get("IDAnagrafica").toText() +
-         " AND IDAzienda = " + riga.Get("IDAzienda").toText() +
-         " AND IDCausalePagamento = " + riga.Get("IDCausalePagamento").toText();
+  // As numbers, whatever another program may have put into these columns of an embedded database.
+  const auto id = [&](std::string_view colonna) { return fromInteger(riga.Get(colonna).integer()); };
+  return " WHERE Anno = " + id("Anno") + " AND IDAnagrafica = " + id("IDAnagrafica") +
+         " AND IDAzienda = " + id("IDAzienda") + " AND IDCausalePagamento = " + id("IDCausalePagamento");
 }
 
 std::string fnAggiornaRiga(const std::string& tabella, const Recordset& riga, const UtilitaSuite& utilita) {

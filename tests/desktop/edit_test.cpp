@@ -129,6 +129,28 @@ TEST_F(Typing, APasteIsOneStepPastTheFilterCutAtTheLength) {
   expectAgreement();
 }
 
+TEST_F(Typing, WhatACopiedCellBringsAlongHasNoPlaceInALine) {
+  const auto incolla = [&](const QString& testo) {
+    QApplication::clipboard()->setText(testo);
+    QTest::keyClick(&line(form.txtTesto), Qt::Key_V, Qt::ControlModifier);
+  };
+  incolla(QStringLiteral("RSSMRA60A01H501W\r\n"));
+  EXPECT_EQ(form.txtTesto.text(), "RSSMRA60A01H501W");
+  expectAgreement();
+  line(form.txtTesto).selectAll();
+  incolla(QStringLiteral("\tVia Roma 1,\r\n\t37100 \u2028Verona"));
+  EXPECT_EQ(form.txtTesto.text(), "Via Roma 1, 37100 Verona");
+  EXPECT_EQ(line(form.txtTesto).cursorPosition(), 24);
+  expectAgreement();
+  line(form.txtTesto).setCursorPosition(3);
+  incolla(QStringLiteral("\n"));
+  EXPECT_EQ(form.txtTesto.text(), "Via Roma 1, 37100 Verona");
+  incolla(QStringLiteral(" Della\n"));
+  EXPECT_EQ(form.txtTesto.text(), "Via Della Roma 1, 37100 Verona");
+  EXPECT_EQ(line(form.txtTesto).cursorPosition(), 9);
+  expectAgreement();
+}
+
 TEST_F(Typing, ALockedBoxTakesNothing) {
   form.txtTesto.setText("fisso");
   form.txtTesto.setLocked(true);

@@ -29,6 +29,21 @@ const std::string kColonneEsproprio =
     "AltreIndennitaSommeCorrisposte1, AltreIndennitaRitenuteOperate1, IndennitaEsproprioSommeCorrisposte2, "
     "IndennitaEsproprioRitenuteOperate2, AltreIndennitaSommeCorrisposte2, AltreIndennitaRitenuteOperate2)";
 
+TEST_F(Statements, TheKeyOfALineStandsInThemInNumbersWhateverTheTableHolds) {
+  database.main.answer("chiavi",
+                       workTable({workRow(1, 1,
+                                          {{"Anno", text("2016 OR 1=1")},
+                                           {"IDAnagrafica", text("31 --")},
+                                           {"IDCausalePagamento", text("4;DROP TABLE Compenso")}})}));
+  Recordset chiavi;
+  chiavi.Open(database.main, "chiavi");
+  const SqlModuli sql(kSolo2017, utilita);
+  EXPECT_EQ(sql.select(chiavi, 1),
+            "SELECT *, Anticipazione AS Eliminato FROM ModuloXContoIndividuale WHERE Anno = 2016 AND "
+            "IDAnagrafica = "
+            "31 AND IDAzienda = 1 AND IDCausalePagamento = 4");
+}
+
 TEST_F(Statements, AnInsertionOfTheNewestLayout) {
   apri(2016);
   riempi(2016);

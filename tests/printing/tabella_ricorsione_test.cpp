@@ -38,6 +38,16 @@ TEST_F(SelectionTable, ALineGoesInWithEightValues) {
       " VALUES (31,5,12,342,4,3,1,'05/03/2017')");
 }
 
+TEST_F(SelectionTable, TheKeyGoesInAsNumbersWhateverTheTableHolds) {
+  const Recordset& scelta = riga({{"IDAnagrafica", text("31),(1")},
+                                  {"IDCausalePagamento", text("5 --")},
+                                  {"IDAzienda", text("4;DROP TABLE Compenso")}});
+  EXPECT_EQ(
+      ricorsione::inserisci(scelta, corsa, utilita),
+      "INSERT INTO TabellaRicorsione2 (IDPath1, IDPath2, IDUtente, IDFunzione, Path14, Path1, Path2, Path3)"
+      " VALUES (31,5,12,342,4,3,1,'05/03/2017')");
+}
+
 TEST_F(SelectionTable, WithoutIntermediaryAndWithAnOddDate) {
   corsa.intermediari = false;
   corsa.sTipoCom = "1";

@@ -238,6 +238,15 @@ TEST_F(RowUpdate, ATextIsQuotedWithItsApostrophesDoubled) {
   EXPECT_EQ(scritto(salva({{"ComuneResidenzaAnnoCorr", null()}}), "ComuneResidenzaAnnoCorr"), "NULL");
 }
 
+TEST_F(RowUpdate, TheKeyIsWrittenInNumbersWhateverTheTableHolds) {
+  const std::string testo = salva({{"Anno", text("2016 OR 1=1")},
+                                   {"IDAnagrafica", text("31; DROP TABLE Compenso")},
+                                   {"IDAzienda", text("1 --")},
+                                   {"IDCausalePagamento", text("4'")}});
+  EXPECT_EQ(testo.substr(testo.find(" WHERE ")),
+            " WHERE Anno = 2016 AND IDAnagrafica = 31 AND IDAzienda = 1 AND IDCausalePagamento = 4");
+}
+
 TEST_F(RowUpdate, AnAmountHasAPointAndNoMorePlacesThanItNeeds) {
   EXPECT_EQ(scritto(salva({{"Imponibile", amount("1234567.8900")}}), "Imponibile"), "1234567.89");
   EXPECT_EQ(scritto(salva({{"Imponibile", amount("0.0001")}}), "Imponibile"), "0.0001");
