@@ -10,40 +10,21 @@
 
 #include "support/cur_reader.h"
 #include "system/forma_support.h"
-#include "system/guidato_support.h"
 #include "system/inserimenti_support.h"
 #include "system/lettore_db_support.h"
+#include "system/scena_ostile_support.h"
 
 namespace cu::test {
 namespace {
 
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::IsSupersetOf;
 using json = nlohmann::json;
 
-constexpr const char* kChi = "101";
-constexpr const char* kCausale = "1";
-const std::string kNullo("a\0b", 3);
-
-bool unTesto(const std::string& tipo) { return tipo == "text" || tipo == "date"; }
-
-// The two references have it wherever they stand.
-bool filtraITasti(const std::string& nome) { return nome == "txtProtocollo" || nome == "txtProgressivo"; }
-
-std::string tastiAmmessi(const std::string& testo) {
-  std::string ammessi;
-  for (const char c : testo) {
-    if (std::string_view("0123456789\b\t\f%&'(.").find(c) != std::string_view::npos) ammessi += c;
-  }
-  return ammessi;
-}
-
 // One run through all forms with one text.
-class Corsa : public Guidato {
+class Corsa : public ScenaOstile {
  public:
-  explicit Corsa(std::string testo, bool conNulli = false)
-      : Guidato(false), testo_(std::move(testo)), breve_(primi(testo_, 40)), conNulli_(conNulli) {
+  explicit Corsa(std::string testo, bool conNulli = false) : ScenaOstile(std::move(testo), conNulli) {
     // A payee and a reason of that name, of whom there is a line in every year.
     database_ = std::make_unique<LettoreDb>(posto_.cartella() / "demo.db");
     database_->esegui(std::string("UPDATE Percipiente SET Codice = ? WHERE IDAnagrafica = ") + kChi,
@@ -103,6 +84,7 @@ class Corsa : public Guidato {
     scena("frmWizard");
     fai({{"do", "choose"}, {"in", "frmWizard.WizPrint"}, {"output", 2}});
     ASSERT_EQ(clic("frmWizard.cmdNav(4)").at("modal").at("kind"), "printer");
+    if (conNulli_) negaIlNullo({{"do", "answer"}, {"with", {{"printer", kNullo}, {"copies", 1}}}});
     const json stampato = fai({{"do", "answer"}, {"with", {{"printer", testo_}, {"copies", 1}}}})
                               .at("effects")
                               .at(0)
@@ -132,7 +114,7 @@ class Corsa : public Guidato {
     correggi(anno);
     const auto lavorate = trovati("frmCompenso", lavoro(), {});
     const auto aggiuntive = trovati("frmDatiAggiuntivi", lavoro(), fusioniPerdute(anno));
-    const auto dei = trovati("modulo", modulo(), {});
+    trovati("modulo", modulo(), {});
 
     clic("frmWizard.cmdNav(3)");
     if (!stato("frmWizard.chkIntermediari").at("value").get<bool>()) clic("frmWizard.chkIntermediari");
@@ -207,11 +189,20 @@ class Corsa : public Guidato {
     EXPECT_EQ(passa(clic(form + ".cmdOk")).at("windows"), json({"frmWizard"}));
     // The same line once more, as it is shown now.
     apri(1);
-    for (const char* gruppo : {"frmCompenso", "modulo"}) {
-      for (const auto& [nome, testo] : campi_[gruppo])
-        EXPECT_EQ(stato(form + "." + nome).at("text"), testo) << nome;
+    mostrati(form, "frmCompenso", {});
+    mostrati(form, "modulo", {});
+    if (anno != "2014") {
+      clic(form + ".cmdDatiAggiuntivi");
+      mostrati("frmDatiAggiuntivi", "frmDatiAggiuntivi", fusioniPerdute(anno));
+      clic("frmDatiAggiuntivi.cmdAnnulla");
     }
     clic(form + ".cmdAnnulla");
+  }
+
+  void mostrati(const std::string& form, const std::string& gruppo, const std::set<std::string>& perduti) {
+    for (const auto& [nome, testo] : campi_[gruppo]) {
+      EXPECT_EQ(stato(form + "." + nome).at("text"), perduti.contains(nome) ? "" : testo) << nome;
+    }
   }
 
   // Says yes to what is only asked or told.
@@ -270,6 +261,8 @@ class Corsa : public Guidato {
     ASSERT_EQ(file.types(), "ABDHHZ");
     std::string intermediario = senzaMinuscole(nelTracciato(campi_["frmWizard"].at("txtCodiceFiscale")));
     intermediario.resize(16, ' ');
+    EXPECT_EQ(database_->testo("SELECT Path3 FROM TabellaRicorsione2"),
+              campi_["frmWizard"].at("dtDataFirma"));
     EXPECT_EQ(file.line('A').at(23, 16), intermediario);
     EXPECT_EQ(file.line('B').at(412, 16), intermediario);
     const CurLine& d = file.line('D');
@@ -297,145 +290,6 @@ class Corsa : public Guidato {
     int trovate = 0;
     for (const auto& [codice, valore] : record.values()) trovate += valore == scritto ? 1 : 0;
     return trovate;
-  }
-
-  // Every place of a form that takes a text gets one, whatever its kind makes of it.
-  void scena(const std::string& form, const std::string& gruppo = "") {
-    SCOPED_TRACE(form);
-    const std::string dove = !gruppo.empty()                   ? gruppo
-                             : form.starts_with("frmCompenso") ? "frmCompenso"
-                                                               : form;
-    campi_[dove].clear();
-    std::vector<std::string> chiuse;
-    const json albero = fai({{"do", "tree"}, {"of", form}}).at("result");
-    for (const auto& [nome, prima] : albero.items()) {
-      const std::string tipo = prima.at("kind");
-      const std::string chi = form + "." + nome;
-      if (tipo == "menubar") nega({{"do", "menu"}, {"tool", testo_}});
-      if (!prendeTesto(tipo)) continue;
-      viste_.insert(chi);
-      if (!manda({{"do", "focus"}, {"on", chi}}).at("ok").get<bool>() || prima.value("locked", false)) {
-        nonPrende(chi, tipo);
-        if (tipo != "list" && tipo != "grid") chiuse.push_back(nome);
-        continue;
-      }
-      raggiunte_.insert(chi);
-      if (conNulli_) rifiutaINulli(chi, tipo);
-      if (unTesto(tipo)) {
-        campi_[dove][nome] = scriviTesto(chi, nome, prima);
-      } else if (tipo == "amount" || tipo == "number") {
-        scriviNumero(chi, tipo, prima);
-      } else if (tipo == "selector") {
-        scegli(chi, prima);
-      } else {
-        nonHa(chi, tipo);
-      }
-    }
-    const json dopo = fai({{"do", "tree"}, {"of", form}}).at("result");
-    for (const std::string& nome : chiuse) EXPECT_EQ(dopo.at(nome), albero.at(nome)) << form << "." << nome;
-  }
-  static bool prendeTesto(const std::string& tipo) {
-    static const std::set<std::string> tipi = {"text", "date", "amount", "number", "selector",
-                                               "list", "tabs", "print",  "grid"};
-    return tipi.contains(tipo);
-  }
-
-  // A text of its own for each field, so that it can be told where it went.
-  std::string conSegno(const std::string& chi, std::size_t massimo) {
-    if (massimo == 1) return testo_;
-    const auto segno = segni_.try_emplace(chi, segni_.size()).first->second;
-    return std::string{static_cast<char>('A' + segno / 26), static_cast<char>('A' + segno % 26)} + testo_;
-  }
-
-  std::string scriviTesto(const std::string& chi, const std::string& nome, const json& prima) {
-    const std::size_t massimo = prima.value("maxLength", std::size_t{0});
-    const std::string testo = conSegno(chi, massimo);
-    const auto entro = [&](const std::string& intero) {
-      return massimo == 0 ? intero : primi(intero, massimo);
-    };
-    fai({{"do", "paste"}, {"in", chi}, {"text", "0"}});
-    scrivi(chi, testo);
-    std::string atteso = entro(filtraITasti(nome) ? tastiAmmessi(testo) : testo);
-    if (atteso.empty()) atteso = "0";
-    EXPECT_EQ(stato(chi).at("text"), atteso) << chi;
-    fai({{"do", "paste"}, {"in", chi}, {"text", testo}});
-    EXPECT_EQ(stato(chi).at("text"), entro(testo)) << chi;
-    return entro(testo);
-  }
-
-  // Nothing but a number stands there, whatever is tried.
-  void scriviNumero(const std::string& chi, const std::string& tipo, const json& prima) {
-    for (const char* gesto : {"enter", "paste"}) {
-      fai({{"do", gesto}, {"in", chi}, {"text", testo_}});
-      const json dopo = stato(chi);
-      EXPECT_EQ(dopo.at("text").get<std::string>().find_first_not_of("0123456789.,-"), std::string::npos)
-          << chi << dopo;
-      EXPECT_GE(dopo.at("value"), dopo.at("min")) << chi;
-      EXPECT_LE(dopo.at("value"), dopo.at("max")) << chi;
-    }
-    fai({{"do", "paste"}, {"in", chi}, {"text", tipo == "amount" ? json("1") : prima.at("text")}});
-  }
-
-  void scegli(const std::string& chi, const json& prima) {
-    const bool percipiente = prima.at("table") == "RepPercipienteCD";
-    const std::string codice = percipiente ? testo_ : breve_;
-    fai({{"do", "choose"}, {"in", chi}, {"code", "?" + testo_}, {"description", testo_ + "?"}});
-    EXPECT_EQ(stato(chi).at("code"), "?" + testo_) << chi;
-    EXPECT_EQ(stato(chi).at("description"), testo_ + "?") << chi;
-    nega({{"do", "choose"}, {"in", chi}, {"code", "?" + testo_}});
-    fai({{"do", "choose"}, {"in", chi}, {"code", codice}});
-    EXPECT_EQ(stato(chi).at("record"), std::stoi(percipiente ? kChi : kCausale)) << chi;
-    EXPECT_EQ(stato(chi).at("description"), percipiente ? breve_ : testo_) << chi;
-  }
-
-  // What is chosen among entries is not among them.
-  void nonHa(const std::string& chi, const std::string& tipo) {
-    const json prima = stato(chi);
-    if (tipo == "grid") {
-      if (prima.at("rows") > 0) nega({{"do", "press"}, {"in", chi}, {"row", 1}, {"column", testo_}});
-    } else if (tipo == "print") {
-      nega({{"do", "choose"}, {"in", chi}, {"report", testo_}});
-    } else {
-      nega({{"do", "choose"}, {"in", chi}, {"text", testo_}});
-    }
-    EXPECT_EQ(stato(chi), prima) << chi;
-    if (tipo == "list" && prima.at("index") == -1 && !prima.at("entries").empty()) {
-      fai({{"do", "choose"}, {"in", chi}, {"index", 0}});
-    }
-  }
-
-  // Out of reach or locked: nothing gets in.
-  void nonPrende(const std::string& chi, const std::string& tipo) {
-    if (unTesto(tipo) || tipo == "amount" || tipo == "number") {
-      nega({{"do", "enter"}, {"in", chi}, {"text", breve_}});
-      nega({{"do", "paste"}, {"in", chi}, {"text", breve_}});
-    } else if (tipo == "selector") {
-      nega({{"do", "choose"}, {"in", chi}, {"code", breve_}, {"description", breve_}});
-    } else if (tipo != "grid") {
-      nega({{"do", "choose"}, {"in", chi}, {tipo == "print" ? "report" : "text", breve_}});
-    }
-  }
-
-  void rifiutaINulli(const std::string& chi, const std::string& tipo) {
-    const json prima = stato(chi);
-    for (const char* gesto : {"enter", "paste"}) negaIlNullo({{"do", gesto}, {"in", chi}, {"text", kNullo}});
-    negaIlNullo({{"do", "choose"}, {"in", chi}, {"code", kNullo}});
-    negaIlNullo({{"do", "choose"}, {"in", chi}, {"code", "a"}, {"description", kNullo}});
-    negaIlNullo({{"do", "choose"}, {"in", chi}, {tipo == "print" ? "report" : "text", kNullo}});
-    negaIlNullo({{"do", "press"}, {"in", chi}, {"row", 1}, {"column", kNullo}});
-    EXPECT_EQ(stato(chi), prima) << chi;
-  }
-  void negaIlNullo(const json& comando) {
-    const json risposta = manda(comando);
-    EXPECT_FALSE(risposta.at("ok").get<bool>()) << comando;
-    EXPECT_THAT(risposta.value("error", ""), HasSubstr("carattere nullo")) << comando;
-  }
-
-  void nega(const json& comando) {
-    const json risposta = manda(comando);
-    EXPECT_FALSE(risposta.at("ok").get<bool>()) << comando;
-    EXPECT_TRUE(risposta.at("modal").is_null()) << risposta;
-    EXPECT_NE(risposta.value("error", ""), "") << risposta;
   }
 
   std::string dove(const std::string& anno) const {
@@ -469,39 +323,9 @@ class Corsa : public Guidato {
     return colonne;
   }
 
-  // What no person's hand reaches is known by name; a new place is reached, or it stands here.
-  void tutteRaggiunte() {
-    static const std::set<std::string> chiuse = {
-        "KRNCboEsCont(1)", "txtPercorsoCU", "cdPercipiente", "cdPagamento", "txtNome", "numModulo1",
-        "cdPercipienteAltriModuli", "cdPagamentoAltriModuli", "txtNomeAltriModuli",
-        // the header of both pages
-        "txtField(0)", "txtField(1)", "txtField(2)", "txtField(3)", "txtField(4)", "txtField(11)",
-        "txtField(12)", "txtField(19)", "txtField(20)", "txtField(21)", "txtField(22)", "txtField(23)",
-        // amounts of other reasons
-        "curField(2)", "curField(3)", "curField(4)", "curField(5)", "curField(6)", "curField(7)",
-        "curField(15)"};
-    for (const std::string& chi : viste_) {
-      EXPECT_TRUE(raggiunte_.contains(chi) || chiuse.contains(chi.substr(chi.find('.') + 1))) << chi;
-    }
-    EXPECT_THAT(finestre(), IsSupersetOf({"frmWizard", "frmOption", "frmProtocollo", "frmCompenso",
-                                          "frmCompenso2016", "frmCompenso2017", "frmDatiAggiuntivi"}));
-  }
-  std::set<std::string> finestre() const {
-    std::set<std::string> nomi;
-    for (const std::string& chi : raggiunte_) nomi.insert(chi.substr(0, chi.find('.')));
-    return nomi;
-  }
-
-  std::string testo_;
-  std::string breve_;  // for what the file must have room for
-  bool conNulli_;
   std::unique_ptr<LettoreDb> database_;
   std::string cartella_;
   std::string nomeCartella_;
-  std::map<std::string, std::map<std::string, std::string>> campi_;  // by form, then by name
-  std::map<std::string, std::size_t> segni_;
-  std::set<std::string> viste_;
-  std::set<std::string> raggiunte_;
   std::vector<std::string> forme_;
 };
 
