@@ -148,8 +148,10 @@ void EditView::edited(const QString& now) {
   });
   if (!live()) return;
   if (line_->text() != now) line_->setText(shown(box_.text()));
-  const auto kept = static_cast<qsizetype>(what.at + (taken ? 0 : what.removed));
-  if (!taken) line_->setCursorPosition(static_cast<int>(QString::fromStdU32String(before).left(kept).size()));
+  if (!taken) {
+    const std::u32string start = before.substr(0, what.at + what.removed);
+    line_->setCursorPosition(static_cast<int>(QString::fromStdU32String(start).size()));
+  }
   if (taken && cleaned) {
     const std::u32string start = points(line_->text()).substr(0, what.at + what.inserted.size());
     line_->setCursorPosition(static_cast<int>(QString::fromStdU32String(start).size()));
