@@ -205,7 +205,10 @@ void QtFrontEnd::popup(MenuBar& bar, const std::string& band) {
 
 void QtFrontEnd::help(const std::string&, int, std::int32_t) {
   // Behind a modal form the guide could not be read: it goes with the window in front.
-  if (helpWindow_ != nullptr && helpWindow_->parentWidget() != topmost()) delete helpWindow_;
+  if (QWidget* const old = helpWindow_; old != nullptr && old->parentWidget() != topmost()) {
+    helpWindow_.clear();
+    delete old;
+  }
   if (helpWindow_ == nullptr) {
     helpWindow_ = new HelpWindow(topmost(), guide_);
     helpWindow_->show();

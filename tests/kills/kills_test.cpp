@@ -111,7 +111,7 @@ TEST(Kills, LoseNothing) {
   std::atomic<int> prossima = 0;
   std::atomic<int> riuscite = 0;
   std::vector<std::atomic<int>> perPasso(CorsaGuidata::passi());
-  const auto lavora = [&](unsigned seme) {
+  const auto uccidiFinche = [&](unsigned seme) {
     std::mt19937 caso(seme);
     while (prossima++ < quante && !HasFailure()) {
       const Intera& intera = caso() % 3 == 0 ? con : senza;
@@ -127,6 +127,13 @@ TEST(Kills, LoseNothing) {
         ++perPasso[passo];
         break;
       }
+    }
+  };
+  const auto lavora = [&](unsigned seme) {
+    try {
+      uccidiFinche(seme);
+    } catch (const std::exception& errore) {
+      ADD_FAILURE() << errore.what();
     }
   };
   std::vector<std::thread> insieme;
