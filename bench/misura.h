@@ -1,16 +1,17 @@
 #pragma once
 
-// One table for all that is measured against a limit taken in the same run: the machine's noise then falls on
-// both sides alike.
+// What all programs of this folder share. Each prints its figures as lines of fields with tabs between them;
+// `tavola` makes one table of the lines of all. A figure stands beside its limit, taken in the same run and by
+// turns with it: what disturbs the machine then falls on both sides alike.
 
-#include <sqlite3.h>
-
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <functional>
-#include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace cu::bench {
 
@@ -20,55 +21,89 @@ inline double seconds(const std::function<void()>& work) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-inline void heading() { std::printf("%-58s %12s %12s %8s\n", "", "ours (s)", "limit (s)", "ratio"); }
-
-inline void row(const std::string& name, double ours, double limit) {
-  std::printf("%-58s %12.4f %12.4f %8.2f\n", name.c_str(), ours, limit, ours / limit);
-}
-
-inline void row(const std::string& name, double ours) { std::printf("%-58s %12.4f\n", name.c_str(), ours); }
-
-// SQLite as it comes, with the settings a careful program gives it.
-class BareDatabase {
- public:
-  explicit BareDatabase(const std::string& path) {
-    if (sqlite3_open(path.c_str(), &handle_) != SQLITE_OK) throw std::runtime_error("cannot open " + path);
-    execute("PRAGMA journal_mode=WAL");
-    execute("PRAGMA synchronous=NORMAL");
-  }
-  ~BareDatabase() { sqlite3_close(handle_); }
-  BareDatabase(const BareDatabase&) = delete;
-  BareDatabase& operator=(const BareDatabase&) = delete;
-  void execute(const std::string& text) {
-    char* message = nullptr;
-    if (sqlite3_exec(handle_, text.c_str(), nullptr, nullptr, &message) == SQLITE_OK) return;
-    const std::string told = message == nullptr ? "" : message;
-    sqlite3_free(message);
-    throw std::runtime_error(told + ": " + text.substr(0, 200));
-  }
-  sqlite3* handle() { return handle_; }
-
- private:
-  sqlite3* handle_ = nullptr;
+struct Figure {
+  std::string name;
+  double ours = 0;
+  double limit = 0;
+  std::string limitName = {};  // what the limit is
+  std::string promise = {};    // "ratio:1.2" to the limit, "value:0.3" alone; empty where nothing is promised
+  std::string unit = "s";
+  // Figures of one series differ in their size, and the table tells how they grow between the sizes.
+  std::string series = {};
+  double size = 0;
 };
 
-// A folder that goes with the object.
-class ScratchFolder {
+inline void section(const std::string& title) {
+  std::printf("section\t%s\n", title.c_str());
+  std::fflush(stdout);
+}
+
+inline void print(const Figure& figure) {
+  std::printf("figure\t%s\t%s\t%.9g\t%.9g\t%s\t%s\t%s\t%.0f\n", figure.name.c_str(), figure.unit.c_str(),
+              figure.ours, figure.limit, figure.limitName.c_str(), figure.promise.c_str(),
+              figure.series.c_str(), figure.size);
+  std::fflush(stdout);
+}
+
+struct Pair {
+  double ours = 0;
+  double limit = 0;
+};
+
+// The best of some rounds, the two by turns.
+inline Pair best(int rounds, const std::function<void()>& ours, const std::function<void()>& limit) {
+  Pair result{1e9, 1e9};
+  for (int i = 0; i < rounds; ++i) {
+    result.limit = std::min(result.limit, seconds(limit));
+    result.ours = std::min(result.ours, seconds(ours));
+  }
+  return result;
+}
+
+inline double median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  return values[values.size() / 2];
+}
+
+// 100000 as "100,000".
+inline std::string grouped(long long number) {
+  std::string text = std::to_string(number);
+  for (std::size_t at = text.size(); at > 3;) text.insert(at -= 3, ",");
+  return text;
+}
+
+// The most memory that this process has held, in MiB.
+inline double peakMiB() {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.starts_with("VmHWM:")) return std::stod(line.substr(6)) / 1024;
+  }
+  return 0;
+}
+
+class Folder {
  public:
-  explicit ScratchFolder(const std::string& name) : path_(std::filesystem::temp_directory_path() / name) {
-    std::filesystem::remove_all(path_);
-    std::filesystem::create_directories(path_);
-  }
-  ~ScratchFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  ScratchFolder(const ScratchFolder&) = delete;
-  ScratchFolder& operator=(const ScratchFolder&) = delete;
+  explicit Folder(std::filesystem::path path) : path_(std::move(path)) {}
   std::string file(const std::string& name) const { return (path_ / name).string(); }
+  std::string path() const { return path_.string(); }
 
  private:
   std::filesystem::path path_;
+};
+
+// One that goes with the object.
+class ScratchFolder : public Folder {
+ public:
+  explicit ScratchFolder(const std::string& name) : Folder(std::filesystem::temp_directory_path() / name) {
+    std::filesystem::remove_all(path());
+    std::filesystem::create_directories(path());
+  }
+  ~ScratchFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path(), ignored);
+  }
+  ScratchFolder(const ScratchFolder&) = delete;
+  ScratchFolder& operator=(const ScratchFolder&) = delete;
 };
 
 }  // namespace cu::bench

@@ -115,16 +115,11 @@ class Bare {
   std::vector<SQLLEN> lengths_;
 };
 
-// The best of some rounds, ours and theirs in turn; `parts` is how many rounds make up what is named.
-void compare(const std::string& name, int parts, const std::function<void()>& ours,
-             const std::function<void()>& bare) {
-  double best = 1e9;
-  double limit = 1e9;
-  for (int i = 0; i < std::max(kRounds, parts); ++i) {
-    limit = std::min(limit, seconds(bare));
-    best = std::min(best, seconds(ours));
-  }
-  row(name, best * parts, limit * parts);
+// `parts` is how many rounds make up what is named.
+void compare(const std::string& name, int parts, const std::string& promise,
+             const std::function<void()>& ours, const std::function<void()>& bare) {
+  const Pair times = best(std::max(kRounds, parts), ours, bare);
+  print({name, times.ours * parts, times.limit * parts, "the same calls of the ODBC API, bare", promise});
 }
 
 void measure(int rows, int statements) {
@@ -142,10 +137,9 @@ void measure(int rows, int statements) {
   RowStore sample;
   connection->Query("SELECT * FROM lavoro LIMIT 1", sample);
   Bare bare(server.text() + ";PWD={" + "se;gr}}e+t%o" + "}", connection->rowsPerBlock());
-  heading();
   compare(
-      std::to_string(rows) + " rows of 101 columns, blocks of " + std::to_string(connection->rowsPerBlock()),
-      1,
+      grouped(rows) + " rows of 101 columns, blocks of " + std::to_string(connection->rowsPerBlock()), 1,
+      "ratio:1.5",
       [&] {
         RowStore all;
         connection->Query("SELECT * FROM lavoro", all);
@@ -160,11 +154,11 @@ void measure(int rows, int statements) {
   };
   Bare second(server.text() + ";PWD={" + "se;gr}}e+t%o" + "}", 1);
   compare(
-      std::to_string(statements) + " single statements", kParts,
+      grouped(statements) + " single statements", kParts, "ratio:1.1",
       [&] { each([&](const std::string& text) { connection->Execute(text); }); },
       [&] { each([&](const std::string& text) { second.execute(text); }); });
   compare(
-      std::to_string(statements) + " single rows", kParts,
+      grouped(statements) + " single rows", kParts, "ratio:1.1",
       [&] {
         for (int i = 0; i < statements / kParts; ++i) {
           RowStore one;

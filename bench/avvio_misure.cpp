@@ -1,0 +1,65 @@
+// The start of both programs on the demonstration database, from the making of the process: cuctl until it has
+// opened the wizard and ended, cuwizard until its first window is drawn.
+
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+
+#include "apps/comune/connessioni.h"
+#include "database/archivio.h"
+#include "misura.h"
+
+namespace cu::bench {
+namespace {
+
+constexpr int kRounds = 15;
+
+double start(const std::string& command) {
+  int result = 0;
+  const double spent = seconds([&] { result = std::system(command.c_str()); });
+  if (result != 0) throw std::runtime_error("has failed: " + command);
+  return spent;
+}
+
+// The median, the two by turns: what a person waits for.
+Pair starts(const std::string& ours, const std::string& limit) {
+  std::vector<double> a;
+  std::vector<double> b;
+  for (int i = 0; i < kRounds; ++i) {
+    b.push_back(start(limit));
+    a.push_back(start(ours));
+  }
+  return {median(a), median(b)};
+}
+
+void measure() {
+  const ScratchFolder folder("cu_avvio_misure");
+  Profilo::Database database;
+  database.origine = folder.file("demo.db");
+  creaArchivio(*creaConnessione(database), ContenutoArchivio::Dimostrativo);
+  const std::string profile = folder.file("profilo.toml");
+  std::ofstream(profile)
+      << "[session]\nuser = 12\ncompany = 1\nbranch = 1\ntitle = \"Quadrivio\"\nhelp_folder = \".\"\n"
+         "processes = [ { name = \"Wizard stampa\", function = 247 } ]\n[database]\nurl = \"sqlite:demo.db\"\n"
+         "[currency]\ndecimals = true\nsymbol = \"€\"\ndecimal = \",\"\nthousands = \".\"\n[folders]\n"
+         "documents = \".\"\nsettings = \"impostazioni.toml\"\n";
+  const auto programs = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+  const auto program = [&](const char* name) { return (programs / name).string(); };
+
+  const Pair cuctl = starts("exec " + program("cuctl") + " drive --profile " + profile + " </dev/null >/dev/null",
+                            "exec " + program("database_nudo") + " " + folder.file("demo.db"));
+  print({"cuctl drive, opened and ended", cuctl.ours, cuctl.limit, "a program that only opens the database"});
+
+  const std::string drawn = "LD_PRELOAD=" + program("libprimo_disegno.so") + " exec ";
+  const Pair window = starts(drawn + program("cuwizard") + " --profile " + profile + " 2>/dev/null",
+                             drawn + program("finestra_nuda") + " 2>/dev/null");
+  print({"cuwizard, first window", window.ours, window.limit, "a program with an empty window", "value:0.3"});
+}
+
+}  // namespace
+}  // namespace cu::bench
+
+int main() {
+  if (std::getenv("DISPLAY") == nullptr) setenv("QT_QPA_PLATFORM", "offscreen", 0);
+  cu::bench::measure();
+}

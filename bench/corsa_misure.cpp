@@ -1,0 +1,404 @@
+// A run at one size, phase by phase, beside the same statements on the engine's bare C API and a loop that
+// composes the lines by hand as the rows come. Each side runs in a process of its own, as a clerk's run does,
+// so that its memory can be told. Argument: how many payees.
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "bare_database.h"
+#include "database/archivio.h"
+#include "database/sqlite/sqlite_connection.h"
+#include "host/form.h"
+#include "host/grid.h"
+#include "misura.h"
+#include "one_session.h"
+#include "printing/tabella_ricorsione.h"
+#include "suite/file_system.h"
+#include "suite/utilita.h"
+#include "support/fake_session.h"
+#include "support/fixed_clock.h"
+#include "support/scripted_front_end.h"
+#include "telematic/controlli.h"
+#include "telematic/cu_ele.h"
+#include "telematic/query_cu.h"
+#include "telematic_a_mano.h"
+#include "worklist/compensi.h"
+#include "worklist/riscrittura.h"
+#include "worklist/tabella_lavoro.h"
+
+namespace cu::bench {
+namespace {
+
+constexpr std::size_t kLine = 1900;
+constexpr std::size_t kBlock = 552 * kLine;
+constexpr std::string_view kCompany = "01234567890";
+const Date kSignature = Date::fromYmd(2017, 2, 28).value();
+const std::string kTable = "tmpprequadrivio12";
+
+// What a side tells the process that compares them: names and numbers.
+using Measures = std::map<std::string, double>;
+
+void tell(const char* name, double value) { std::printf("%s %.9g\n", name, value); }
+
+// ---- the bare side
+
+struct SqlRow {
+  sqlite3_stmt* s;
+  bool isNull(int n) const { return sqlite3_column_type(s, n) == SQLITE_NULL; }
+  std::string_view text(int n) const {
+    const unsigned char* const at = sqlite3_column_text(s, n);
+    return {reinterpret_cast<const char*>(at),
+            at == nullptr ? 0 : static_cast<std::size_t>(sqlite3_column_bytes(s, n))};
+  }
+  std::int64_t amount(int n) const {
+    switch (sqlite3_column_type(s, n)) {
+      case SQLITE_NULL:
+        return 0;
+      case SQLITE_INTEGER:
+        return sqlite3_column_int64(s, n) * 10000;
+      default:
+        return std::llround(sqlite3_column_double(s, n) * 10000);
+    }
+  }
+  std::int64_t whole(int n) const { return sqlite3_column_int64(s, n); }
+  Date day(int n) const { return Date::parseIso(text(n)).value_or(Date()); }
+};
+
+class BlockFile {
+ public:
+  explicit BlockFile(const std::string& path)
+      : fd_(::open(path.c_str(), O_CREAT | O_TRUNC | O_WRONLY, 0644)) {
+    block_.reserve(kBlock);
+  }
+  ~BlockFile() { ::close(fd_); }
+  BlockFile(const BlockFile&) = delete;
+  BlockFile& operator=(const BlockFile&) = delete;
+  void write(std::string_view line) {
+    if (block_.size() + line.size() > kBlock) flush();
+    block_.append(line);
+  }
+  void flush() {
+    std::string_view left = block_;
+    while (!left.empty()) {
+      const ssize_t n = ::write(fd_, left.data(), left.size());
+      if (n <= 0) throw std::runtime_error("write");
+      left.remove_prefix(static_cast<std::size_t>(n));
+    }
+    block_.clear();
+  }
+
+ private:
+  int fd_;
+  std::string block_;
+};
+
+// The modules' query with its four keys as parameters.
+std::string modulesQuery() {
+  std::string text = telematico::queryModuli(0, 0, 0, 0);
+  for (const char* parameter : {"?1", "?2", "?3", "?4"}) text.replace(text.find(" = 0") + 3, 1, parameter);
+  return text;
+}
+
+std::string mainQuery(BareDatabase& bare) { return plainOne(bare, telematico::queryPrincipale(kTable)); }
+
+// The first, second and last line cost nothing and are handed in.
+void loop(BareDatabase& bare, const std::string& path, std::string_view first, std::string_view last) {
+  bare.execute("BEGIN");
+  {
+    const BareStatement rows(bare, mainQuery(bare));
+    const BareStatement modules(bare, modulesQuery());
+    ComposizioneAMano hand;
+    BlockFile file(path);
+    file.write(first);
+    int number = 0;
+    while (rows.step()) {
+      const SqlRow row{rows.get()};
+      ++number;
+      file.write(hand.certificato(row, number, kCompany, kSignature));
+      file.write(hand.primoModulo(row, number, kCompany));
+      sqlite3_bind_int64(modules.get(), 1, row.whole(Anno));
+      sqlite3_bind_int64(modules.get(), 2, row.whole(IDAnagrafica));
+      sqlite3_bind_int64(modules.get(), 3, row.whole(IDAzienda));
+      sqlite3_bind_int64(modules.get(), 4, row.whole(IDCausalePagamento));
+      for (int module = 2; modules.step(); ++module) {
+        file.write(hand.altroModulo(row, SqlRow{modules.get()}, number, module, kCompany));
+      }
+      modules.reset();
+    }
+    file.write(last);
+    file.flush();
+  }
+  bare.execute("COMMIT");
+}
+
+std::string part(const std::string& path, off_t from, std::size_t length) {
+  std::string bytes(length, '\0');
+  const int fd = ::open(path.c_str(), O_RDONLY);
+  const bool read = ::pread(fd, bytes.data(), length, from) == static_cast<ssize_t>(length);
+  ::close(fd);
+  if (!read) throw std::runtime_error("cannot read " + path);
+  return bytes;
+}
+
+// The bytes of a file, in the same blocks, into another; only the writing counts.
+double bareWrite(const std::string& from, const std::string& to) {
+  const int source = ::open(from.c_str(), O_RDONLY);
+  std::string block(kBlock, '\0');
+  double spent = 0;
+  int target = -1;
+  spent += seconds([&] { target = ::open(to.c_str(), O_CREAT | O_TRUNC | O_WRONLY, 0644); });
+  for (ssize_t n = 0; (n = ::read(source, block.data(), block.size())) > 0;) {
+    spent += seconds([&] {
+      if (::write(target, block.data(), static_cast<std::size_t>(n)) != n) throw std::runtime_error("write");
+    });
+  }
+  spent += seconds([&] { ::close(target); });
+  ::close(source);
+  return spent;
+}
+
+struct Texts {
+  std::string drop = fnEliminaTabella(kTable);
+  std::string create = fnCreaTabella(kTable);
+  std::string fill;
+};
+
+Texts textsOfLoad(const UtilitaSuite& utilita) {
+  Texts texts;
+  Filtri filtri;
+  filtri.anno = "2016";
+  texts.fill = "INSERT INTO " + kTable + " " + fnSelectCompensi(filtri, 1, utilita);
+  return texts;
+}
+
+void bareSide(const Folder& folder) {
+  test::ScriptedFrontEnd screen;
+  const UtilitaItaliana utilita(screen, "/tmp");
+  const Texts texts = textsOfLoad(utilita);
+  BareDatabase bare(folder.file("archivio.db"));
+  const std::string fill = plainOne(bare, texts.fill);
+  const std::string create = plainOne(bare, texts.create);
+  tell("load", seconds([&] {
+         bare.execute("DROP TABLE " + kTable);
+         bare.execute(create);
+         bare.execute(fill);
+         BareStatement(bare, "SELECT * FROM " + kTable).drain();
+       }));
+  tell("checks", seconds([&] {
+         BareStatement(bare, plainOne(bare, Controlli::fnQueryAzienda(1))).drain();
+         BareStatement(bare, plainOne(bare, Controlli::fnQueryPercipienti(kTable))).drain();
+       }));
+  const std::string ours = folder.file("nostro.cur");
+  const auto size = static_cast<off_t>(std::filesystem::file_size(ours));
+  const std::string first = part(ours, 0, 2 * kLine);
+  const std::string last = part(ours, size - static_cast<off_t>(kLine), kLine);
+  tell("loop", seconds([&] { loop(bare, folder.file("nudo.cur"), first, last); }));
+  tell("peak", peakMiB());
+  tell("query", seconds([&] { BareStatement(bare, mainQuery(bare)).drain(); }));
+
+  std::vector<std::array<std::int64_t, 4>> keys;
+  {
+    const BareStatement rows(bare, "SELECT Anno, IDAnagrafica, IDAzienda, IDCausalePagamento FROM " + kTable);
+    while (rows.step()) {
+      auto& key = keys.emplace_back();
+      for (int i = 0; i < 4; ++i) key[static_cast<std::size_t>(i)] = sqlite3_column_int64(rows.get(), i);
+    }
+  }
+  tell("modules", seconds([&] {
+         bare.execute("BEGIN");
+         {
+           const BareStatement modules(bare, modulesQuery());
+           for (const auto& key : keys) {
+             for (int i = 0; i < 4; ++i)
+               sqlite3_bind_int64(modules.get(), i + 1, key[static_cast<std::size_t>(i)]);
+             modules.drain();
+           }
+         }
+         bare.execute("COMMIT");
+       }));
+  tell("write", bareWrite(ours, folder.file("nudo2.cur")));
+
+  const std::vector<std::string> accounts = plain(bare, fnAggiornaConti(kTable));
+  const std::vector<std::string> additional = plain(bare, fnAggiornaDatiAggiuntivi(kTable));
+  tell("writeback", seconds([&] {
+         bare.execute(accounts);
+         bare.execute("BEGIN");
+         bare.execute(additional);
+         bare.execute("COMMIT");
+       }));
+  const BareStatement out(bare, plainOne(bare, ricorsione::elimina(12)));
+  const BareStatement in(bare,
+                         "INSERT INTO TabellaRicorsione2 (IDPath1, IDPath2, IDUtente, IDFunzione, Path14, "
+                         "Path1, Path2, Path3) VALUES (?1, ?2, 12, 342, '1', '1', '0', '28/02/2017')");
+  tell("prints", seconds([&] {
+         for (const auto& key : keys) {
+           out.drain();
+           sqlite3_bind_int64(in.get(), 1, key[1]);
+           sqlite3_bind_int64(in.get(), 2, key[3]);
+           in.drain();
+         }
+       }));
+  out.drain();
+}
+
+// ---- the product's side
+
+void ourSide(const Folder& folder) {
+  auto connection = SqliteConnection::open(folder.file("archivio.db"));
+  OneConnection database(*connection);
+  test::ScriptedFrontEnd screen;
+  UtilitaItaliana utilita(screen, "/tmp");
+  FileSystemPiattaforma files;
+  const test::FixedClock clock(2017, 3, 5);
+  Globali globali;
+  globali.gSessione = std::make_unique<OneSession>(database);
+  globali.gAnno = 2016;
+  Form form(screen, "frmWizard");
+  Grid grid(form, "grdCompensi", nullptr);
+  Compensi compensi(globali, utilita, screen, grid);
+  Filtri filtri;
+  filtri.anno = "2016";
+  tell("load", seconds([&] { compensi.sbCreaTabellaLavoro(filtri); }));
+  tell("lines", static_cast<double>(compensi.rsCompensi().RecordCount()));
+
+  NoLog log;
+  tell("checks", seconds([&] {
+         Controlli controlli(*connection, utilita, log);
+         controlli.esegui({"01/03/2017", false, "", ""}, 1, globali.gTabellaLavoro);
+       }));
+  if (log.rows != 0) throw std::runtime_error("the checks have found something");
+
+  DatiFornitura dati;
+  dati.CodiceFiscaleAzienda = kCompany;
+  tell("run", seconds([&] {
+         CUEle ele({.globali = globali, .utilita = utilita, .files = files, .frontEnd = screen, .clock = clock});
+         ele.setFilePathName(folder.file("nostro.cur"));
+         ele.setDati(dati);
+         if (!ele.Create(kSignature)) throw std::runtime_error("no file");
+       }));
+  tell("peak", peakMiB());
+  const std::string query = telematico::queryPrincipale(globali.gTabellaLavoro);
+  tell("query", seconds([&] {
+         RowStore rows;
+         connection->Query(query, rows);
+       }));
+}
+
+// ---- both
+
+std::string self() { return std::filesystem::read_symlink("/proc/self/exe").string(); }
+
+Measures sideOf(const std::string& side, const std::string& folder) {
+  FILE* const pipe = popen((self() + " " + side + " " + folder).c_str(), "r");
+  if (pipe == nullptr) throw std::runtime_error("popen");
+  Measures measures;
+  char name[32];
+  double value = 0;
+  while (std::fscanf(pipe, "%31s %lf", name, &value) == 2) measures[name] = value;
+  if (pclose(pipe) != 0) throw std::runtime_error("the side has failed: " + side);
+  return measures;
+}
+
+void keepLeast(Measures& least, const Measures& now) {
+  for (const auto& [name, value] : now) {
+    const auto [entry, fresh] = least.try_emplace(name, value);
+    if (!fresh) entry->second = std::min(entry->second, value);
+  }
+}
+
+void writeProfile(const Folder& folder) {
+  std::filesystem::create_directory(folder.file("cu"));
+  std::ofstream(folder.file("profilo.toml"))
+      << "[session]\nuser = 12\ncompany = 1\nbranch = 1\ntitle = \"Quadrivio\"\nhelp_folder = \".\"\n"
+         "processes = [ { name = \"Wizard stampa\", function = 247 } ]\n[database]\nurl = "
+         "\"sqlite:archivio.db\"\n[currency]\ndecimals = true\nsymbol = \"€\"\ndecimal = \",\"\nthousands = "
+         "\".\"\n[folders]\ndocuments = \".\"\nsettings = \"impostazioni.toml\"\n[printing]\nengine = "
+         "\"record\"\n";
+}
+
+// The whole program: its start, the load, the write-back, the checks, the file, a print recorded for each line
+// and the load again.
+double make(const Folder& folder) {
+  const std::string cuctl = (std::filesystem::path(self()).parent_path() / "cuctl").string();
+  const std::string command = cuctl + " make --profile " + folder.file("profilo.toml") +
+                              " --year 2016 --yes --folder " + folder.file("cu") + " >/dev/null";
+  int result = 0;
+  const double spent = seconds([&] { result = std::system(command.c_str()); });
+  if (result != 0) throw std::runtime_error("cuctl make has failed");
+  return spent;
+}
+
+void sameBytes(const Folder& folder) {
+  const std::string command = "cmp " + folder.file("nostro.cur") + " " + folder.file("nudo.cur");
+  if (std::system(command.c_str()) != 0) throw std::runtime_error("the two sides' files differ");
+}
+
+void measure(int payees) {
+  const ScratchFolder folder("cu_corsa_misure");
+  if (std::system((self() + " archivio " + folder.path() + " " + std::to_string(payees)).c_str()) != 0) {
+    throw std::runtime_error("no database");
+  }
+  writeProfile(folder);
+  const int rounds = payees > 100000 ? 2 : payees > 10000 ? 4 : 6;
+  Measures ours;
+  Measures bare;
+  double made = 1e9;
+  double whole = 1e9;
+  for (int round = 0; round < rounds; ++round) {
+    const Measures now = sideOf("nostra", folder.path());
+    whole = std::min(whole, now.at("load") + now.at("checks") + now.at("run"));
+    keepLeast(ours, now);
+    keepLeast(bare, sideOf("nuda", folder.path()));
+    if (round == 0) sameBytes(folder);
+    made = std::min(made, make(folder));
+  }
+  const double statements = bare["load"] + bare["checks"] + bare["query"] + bare["modules"];
+  const double size = payees;
+  const std::string at = ", " + grouped(payees) + " payees";
+  print({"load of the work table" + at, ours["load"], bare["load"], "the same statements, bare", "", "s",
+         "load of the work table", size});
+  print({"checks" + at, ours["checks"], bare["checks"], "the same queries, bare", "", "s", "checks", size});
+  print({"main query" + at, ours["query"], bare["query"], "the same query, bare", "", "s", "main query", size});
+  print({"main query and run to the file" + at, ours["run"], bare["loop"],
+         "bare loop, lines composed by hand", "", "s", "main query and run to the file", size});
+  print({"load, checks and run" + at, whole, statements + bare["write"],
+         "the same statements and the bytes, bare", payees == 100000 ? "ratio:1.2" : "", "s",
+         "load, checks and run", size});
+  print({"memory of load, checks and run" + at, ours["peak"], bare["peak"], "bare loop", "", "MiB",
+         "memory of load, checks and run", size});
+  print({"cuctl make, whole" + at, made,
+         2 * bare["load"] + bare["writeback"] + bare["checks"] + bare["query"] + bare["modules"] +
+             bare["write"] + bare["prints"],
+         "all its statements and the bytes, bare", "", "s", "cuctl make, whole", size});
+}
+
+}  // namespace
+}  // namespace cu::bench
+
+int main(int argc, char** argv) {
+  using namespace cu::bench;
+  if (argc < 2) return 2;
+  const std::string what = argv[1];
+  if (argc == 2) {
+    measure(std::atoi(argv[1]));
+  } else if (what == "archivio") {
+    const auto connection = cu::SqliteConnection::create(Folder(argv[2]).file("archivio.db"));
+    creaArchivio(*connection, cu::ContenutoArchivio::Sintetico,
+                 {.percipienti = std::atoi(argv[3]), .primoAnno = 2016, .ultimoAnno = 2016, .seme = 1});
+  } else if (what == "nostra") {
+    ourSide(Folder(argv[2]));
+  } else {
+    bareSide(Folder(argv[2]));
+  }
+  return 0;
+}
