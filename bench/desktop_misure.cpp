@@ -67,6 +67,8 @@ std::string loadStatement(const std::string& trace) {
 
 std::vector<double> typed(QLineEdit& box) {
   box.setFocus();
+  // The window is drawn for the first time before the first key.
+  QCoreApplication::processEvents();
   std::vector<double> spent;
   for (int i = 0; i < kKeys; ++i) {
     if (i % 6 == 0) box.selectAll();
@@ -88,7 +90,6 @@ void keys(desktop::QtFrontEnd& screen) {
   if (box->text().isEmpty()) throw std::runtime_error("nothing was typed");
   QLineEdit alone;
   alone.show();
-  QCoreApplication::processEvents();
   const std::vector<double> bare = typed(alone);
   const std::string of = " of " + std::to_string(kKeys);
   print({"a key in an editor, the median" + of, ours[kKeys / 2], bare[kKeys / 2], "a box alone in a window",

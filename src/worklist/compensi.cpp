@@ -44,6 +44,7 @@ void Compensi::sbCreaTabellaLavoro(const Filtri& filtri) {
 void Compensi::sbFormattaGriglia(int tipoComunicazione) {
   const bool annullamento = tipoComunicazione == 2;
   const bool sostituzione = tipoComunicazione == 3;
+  const DrawingPause pausa(griglia_);
   griglia_.clearColumns();
   griglia_.decimalMark = ',';
   griglia_.thousandsMark = '.';

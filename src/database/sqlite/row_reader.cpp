@@ -1,7 +1,8 @@
 #include "database/sqlite/row_reader.h"
 
+#include <sqlite3.h>
+
 #include "database/sqlite/amount.h"
-#include "database/sqlite/handle.h"
 
 namespace cu::sqlite {
 namespace {
@@ -25,6 +26,12 @@ ValueType typeOf(ValueKind kind) {
   return ValueType::Null;
 }
 
+std::string_view textOf(sqlite3_value* value) {
+  const unsigned char* const text = sqlite3_value_text(value);
+  if (text == nullptr) return {};
+  return {reinterpret_cast<const char*>(text), static_cast<std::size_t>(sqlite3_value_bytes(value))};
+}
+
 void readText(std::string_view text, ValueKind kind, RowStore& rows) {
   if (kind == ValueKind::Date) {
     if (const std::optional<Date> date = Date::parseIso(text)) {
@@ -44,26 +51,29 @@ std::shared_ptr<const Columns> makeColumns(const std::vector<ColumnInfo>& column
   return std::make_shared<const Columns>(std::move(result));
 }
 
+// A cell is fetched once and then asked what it is: the connection is for one thread, and so a value may be
+// read without the lock that each question to the statement would take.
 void readRow(sqlite3_stmt* statement, const std::vector<ValueKind>& kinds, RowStore& rows) {
   rows.beginRow();
   int column = 0;
   for (const ValueKind kind : kinds) {
-    switch (sqlite3_column_type(statement, column)) {
+    sqlite3_value* const value = sqlite3_column_value(statement, column);
+    switch (sqlite3_value_type(value)) {
       case SQLITE_NULL:
         rows.null();
         break;
       case SQLITE_INTEGER:
         if (kind == ValueKind::Decimal) {
-          rows.decimal(Decimal::fromInteger(sqlite3_column_int64(statement, column)));
+          rows.decimal(Decimal::fromInteger(sqlite3_value_int64(value)));
         } else {
-          rows.integer(sqlite3_column_int64(statement, column));
+          rows.integer(sqlite3_value_int64(value));
         }
         break;
       case SQLITE_FLOAT:
-        rows.decimal(amountOf(sqlite3_column_double(statement, column)));
+        rows.decimal(amountOf(sqlite3_value_double(value)));
         break;
       default:
-        readText(columnText(statement, column), kind, rows);
+        readText(textOf(value), kind, rows);
         break;
     }
     ++column;
