@@ -1,5 +1,5 @@
-// The start of both programs on the demonstration database, from the making of the process: cuctl until it has
-// opened the wizard and ended, cuwizard until its first window is drawn.
+// The start of both programs on the demonstration database, from the making of the process: cuctl until it
+// has opened the wizard and ended, cuwizard until its first window is drawn.
 
 #include <cstdlib>
 #include <fstream>
@@ -40,14 +40,16 @@ void measure() {
   const std::string profile = folder.file("profilo.toml");
   std::ofstream(profile)
       << "[session]\nuser = 12\ncompany = 1\nbranch = 1\ntitle = \"Quadrivio\"\nhelp_folder = \".\"\n"
-         "processes = [ { name = \"Wizard stampa\", function = 247 } ]\n[database]\nurl = \"sqlite:demo.db\"\n"
+         "processes = [ { name = \"Wizard stampa\", function = 247 } ]\n[database]\nurl = "
+         "\"sqlite:demo.db\"\n"
          "[currency]\ndecimals = true\nsymbol = \"€\"\ndecimal = \",\"\nthousands = \".\"\n[folders]\n"
          "documents = \".\"\nsettings = \"impostazioni.toml\"\n";
   const auto programs = std::filesystem::read_symlink("/proc/self/exe").parent_path();
   const auto program = [&](const char* name) { return (programs / name).string(); };
 
-  const Pair cuctl = starts("exec " + program("cuctl") + " drive --profile " + profile + " </dev/null >/dev/null",
-                            "exec " + program("database_nudo") + " " + folder.file("demo.db"));
+  const Pair cuctl =
+      starts("exec " + program("cuctl") + " drive --profile " + profile + " </dev/null >/dev/null",
+             "exec " + program("database_nudo") + " " + folder.file("demo.db"));
   print({"cuctl drive, opened and ended", cuctl.ours, cuctl.limit, "a program that only opens the database"});
 
   const std::string drawn = "LD_PRELOAD=" + program("libprimo_disegno.so") + " exec ";

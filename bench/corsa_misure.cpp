@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -281,7 +282,8 @@ void ourSide(const Folder& folder) {
   DatiFornitura dati;
   dati.CodiceFiscaleAzienda = kCompany;
   tell("run", seconds([&] {
-         CUEle ele({.globali = globali, .utilita = utilita, .files = files, .frontEnd = screen, .clock = clock});
+         CUEle ele(
+             {.globali = globali, .utilita = utilita, .files = files, .frontEnd = screen, .clock = clock});
          ele.setFilePathName(folder.file("nostro.cur"));
          ele.setDati(dati);
          if (!ele.Create(kSignature)) throw std::runtime_error("no file");
@@ -326,8 +328,8 @@ void writeProfile(const Folder& folder) {
          "\"record\"\n";
 }
 
-// The whole program: its start, the load, the write-back, the checks, the file, a print recorded for each line
-// and the load again.
+// The whole program: its start, the load, the write-back, the checks, the file, a print recorded for each
+// line and the load again.
 double make(const Folder& folder) {
   const std::string cuctl = (std::filesystem::path(self()).parent_path() / "cuctl").string();
   const std::string command = cuctl + " make --profile " + folder.file("profilo.toml") +
@@ -368,12 +370,13 @@ void measure(int payees) {
   print({"load of the work table" + at, ours["load"], bare["load"], "the same statements, bare", "", "s",
          "load of the work table", size});
   print({"checks" + at, ours["checks"], bare["checks"], "the same queries, bare", "", "s", "checks", size});
-  print({"main query" + at, ours["query"], bare["query"], "the same query, bare", "", "s", "main query", size});
+  print(
+      {"main query" + at, ours["query"], bare["query"], "the same query, bare", "", "s", "main query", size});
   print({"main query and run to the file" + at, ours["run"], bare["loop"],
-         "bare loop, lines composed by hand", "", "s", "main query and run to the file", size});
+         "bare loop, lines composed by hand", "", "s", "main query and run to the file", size, true});
   print({"load, checks and run" + at, whole, statements + bare["write"],
          "the same statements and the bytes, bare", payees == 100000 ? "ratio:1.2" : "", "s",
-         "load, checks and run", size});
+         "load, checks and run", size, true});
   print({"memory of load, checks and run" + at, ours["peak"], bare["peak"], "bare loop", "", "MiB",
          "memory of load, checks and run", size});
   print({"cuctl make, whole" + at, made,

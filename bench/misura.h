@@ -1,8 +1,8 @@
 #pragma once
 
 // What all programs of this folder share. Each prints its figures as lines of fields with tabs between them;
-// `tavola` makes one table of the lines of all. A figure stands beside its limit, taken in the same run and by
-// turns with it: what disturbs the machine then falls on both sides alike.
+// `tavola` makes one table of the lines of all. A figure stands beside its limit, taken in the same run and
+// by turns with it: what disturbs the machine then falls on both sides alike.
 
 #include <algorithm>
 #include <chrono>
@@ -31,6 +31,7 @@ struct Figure {
   // Figures of one series differ in their size, and the table tells how they grow between the sizes.
   std::string series = {};
   double size = 0;
+  bool held = false;  // to grow no faster than its limit
 };
 
 inline void section(const std::string& title) {
@@ -39,9 +40,9 @@ inline void section(const std::string& title) {
 }
 
 inline void print(const Figure& figure) {
-  std::printf("figure\t%s\t%s\t%.9g\t%.9g\t%s\t%s\t%s\t%.0f\n", figure.name.c_str(), figure.unit.c_str(),
+  std::printf("figure\t%s\t%s\t%.9g\t%.9g\t%s\t%s\t%s\t%.0f\t%d\n", figure.name.c_str(), figure.unit.c_str(),
               figure.ours, figure.limit, figure.limitName.c_str(), figure.promise.c_str(),
-              figure.series.c_str(), figure.size);
+              figure.series.c_str(), figure.size, figure.held ? 1 : 0);
   std::fflush(stdout);
 }
 

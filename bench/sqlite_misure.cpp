@@ -1,6 +1,7 @@
 // What the embedded engine's door costs: a text of the server's dialect known again, one adapted, a query for
 // each line of a run. Argument: how many payees (100,000 without one).
 
+#include <array>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -54,7 +55,8 @@ void texts(BareDatabase& bare) {
         }
       },
       [&] {
-        for (int i = 0; i < kTexts / 100; ++i) sink = sink + (BareStatement(bare, plainText).get() != nullptr);
+        for (int i = 0; i < kTexts / 100; ++i)
+          sink = sink + (BareStatement(bare, plainText).get() != nullptr);
       });
   print({"a new text adapted", adapted.ours / (kTexts / 100.0), adapted.limit / (kTexts / 100.0),
          "its preparation by the engine"});
@@ -64,7 +66,8 @@ void modules(SqliteConnection& connection, BareDatabase& bare) {
   std::vector<std::array<std::int64_t, 3>> keys;
   std::vector<std::string> all;
   {
-    const BareStatement rows(bare, "SELECT IDAnagrafica, IDAzienda, IDCausalePagamento FROM ContoIndividuale");
+    const BareStatement rows(bare,
+                             "SELECT IDAnagrafica, IDAzienda, IDCausalePagamento FROM ContoIndividuale");
     while (rows.step()) {
       auto& key = keys.emplace_back();
       for (int i = 0; i < 3; ++i) key[static_cast<std::size_t>(i)] = sqlite3_column_int64(rows.get(), i);

@@ -50,7 +50,8 @@ std::string insert(const CellView* key) {
 
 class Prints {
  public:
-  Prints(const Folder& folder, bool accounts, int lines) : folder_(folder), reports_({screen_, files_, clock_, "misura"}) {
+  Prints(const Folder& folder, bool accounts, int lines)
+      : folder_(folder), reports_({screen_, files_, clock_, "misura"}) {
     connection_ = SqliteConnection::create(folder.file("archivio.db"));
     creaArchivio(*connection_, ContenutoArchivio::Sintetico,
                  {.percipienti = accounts ? lines / 4 : lines,

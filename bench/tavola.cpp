@@ -13,7 +13,7 @@
 namespace {
 
 constexpr double kNoise = 0.02;  // of an exponent, between two runs of the same
-constexpr double kFrom = 10000;  // between these sizes a series that promises no faster growth is held to it
+constexpr double kFrom = 10000;  // between these sizes a series is held to grow no faster than its limit
 constexpr double kTo = 300000;
 
 struct Line {
@@ -25,6 +25,7 @@ struct Line {
   std::string promise;
   std::string series;
   double size = 0;
+  bool held = false;  // to grow no faster than its limit
 };
 
 std::vector<std::string> fields(const std::string& line) {
@@ -75,8 +76,8 @@ class Table {
     const bool limited = line.limit > 0;
     std::cout << "| " << line.name << " | " << shown(line.ours, line.unit) << " | "
               << (limited ? shown(line.limit, line.unit) : "") << " | "
-              << (limited ? fixed(line.ours / line.limit, 2) : "") << " | " << promised(line)
-              << " | " << line.limitName << " |" << std::endl;
+              << (limited ? fixed(line.ours / line.limit, 2) : "") << " | " << promised(line) << " | "
+              << line.limitName << " |" << std::endl;
   }
 
   int broken() const {
@@ -135,8 +136,7 @@ void growth(Table& table, const std::vector<Line>& series) {
   for (const Line& line : series) {
     if (line.size == kFrom) from = &line;
     if (line.size != kTo || from == nullptr) continue;
-    const bool time = line.unit == "s" && line.series.find("run") != std::string::npos;
-    compare(*from, line, time ? "plus:" + std::to_string(kNoise) : "");
+    compare(*from, line, line.held ? "plus:" + std::to_string(kNoise) : "");
   }
 }
 
@@ -150,9 +150,9 @@ int main() {
     const std::vector<std::string> parts = fields(text);
     if (parts[0] == "section" && parts.size() == 2) {
       table.title(parts[1]);
-    } else if (parts[0] == "figure" && parts.size() == 9) {
-      const Line line{parts[1], parts[2], std::stod(parts[3]), std::stod(parts[4]),
-                      parts[5], parts[6], parts[7],            std::stod(parts[8])};
+    } else if (parts[0] == "figure" && parts.size() == 10) {
+      const Line line{parts[1], parts[2], std::stod(parts[3]), std::stod(parts[4]), parts[5],
+                      parts[6], parts[7], std::stod(parts[8]), parts[9] == "1"};
       table.row(line);
       if (line.series.empty()) continue;
       if (!series.contains(line.series)) order.push_back(line.series);
@@ -161,7 +161,8 @@ int main() {
       std::cerr << text << '\n';
     }
   }
-  const bool grows = std::any_of(order.begin(), order.end(), [&](const std::string& name) { return series[name].size() > 1; });
+  const bool grows = std::any_of(order.begin(), order.end(),
+                                 [&](const std::string& name) { return series[name].size() > 1; });
   if (grows) table.title("Growth: the exponent of time or memory over size");
   for (const std::string& name : order) growth(table, series[name]);
   return table.broken();

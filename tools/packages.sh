@@ -9,7 +9,6 @@ packages=(
 )
 test_packages=(libgtest-dev libgmock-dev python3 postgresql odbc-postgresql poppler-utils cppcheck)
 fuzz_packages=(clang libclang-rt-14-dev)
-bench_packages=(libbenchmark-dev)
 guide_packages=(xvfb xdotool imagemagick)
 
 # install_missing PACKAGE...: as root, or through sudo.

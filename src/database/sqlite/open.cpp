@@ -109,8 +109,8 @@ bool run(sqlite3* database, const char* sql) {
 }  // namespace
 
 DatabaseHandle openFile(const std::string& path, bool create) {
-  // Nobody asks how much memory the engine holds, and counting it takes a lock at every request. Once it is at
-  // work the engine refuses, and goes on counting.
+  // Nobody asks how much memory the engine holds, and counting it takes a lock at every request. Once it is
+  // at work the engine refuses, and goes on counting.
   static const int counting = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
   static_cast<void>(counting);
   const bool memory = path == ":memory:";
