@@ -212,15 +212,12 @@ bool RowFilter::holds(const Comparison& comparison, const CellView& cell) {
   return false;
 }
 
-ColumnSpan RowFilter::columns() const {
-  ColumnSpan span;
+std::size_t RowFilter::columns() const {
+  std::size_t count = 0;
   for (const auto& all : anyOfAll_) {
-    for (const Comparison& comparison : all) {
-      span.first = span.end == 0 ? comparison.column : std::min(span.first, comparison.column);
-      span.end = std::max(span.end, comparison.column + 1);
-    }
+    for (const Comparison& comparison : all) count = std::max(count, comparison.column + 1);
   }
-  return span;
+  return count;
 }
 
 bool RowFilter::matches(const CellView* row) const {

@@ -5,10 +5,11 @@
 #include <string_view>
 #include <vector>
 
-#include "host/rowstore.h"
 #include "host/value.h"
 
 namespace cu {
+
+class Columns;
 
 // The condition of a recordset's filter: comparisons "field op literal" (=, <>, <, <=, >, >=), joined by AND
 // and OR, AND binding closer; literals are numbers, 'texts' with doubled quotes, #dates#, TRUE (-1), FALSE
@@ -20,8 +21,8 @@ class RowFilter {
   // Error 3001 for a text that is no condition, 3265 for an unknown field.
   static RowFilter parse(std::string_view text, const Columns& columns);
   bool matches(const CellView* row) const;
-  // Between which columns of a row lie those that matches() looks at.
-  ColumnSpan columns() const;
+  // How many columns of a row, from the first, matches() looks at.
+  std::size_t columns() const;
 
  private:
   enum class Operator { Equal, NotEqual, Less, LessEqual, Greater, GreaterEqual };

@@ -159,13 +159,13 @@ const Recordset::Edited* Recordset::edited(RowMark row) const {
   return found == data_->edited.end() ? nullptr : &found->second;
 }
 
-void Recordset::read(RowMark row, ColumnSpan columns, CellView* cells) const {
+void Recordset::read(RowMark row, std::size_t columns, CellView* cells) const {
   if (row < data_->store.size()) {
-    data_->store.readBetween(row, columns, cells);
+    data_->store.readFirst(row, columns, cells);
   } else {
-    std::fill(cells + columns.first, cells + columns.end, CellView());
+    std::fill_n(cells, columns, CellView());
   }
-  if (const Edited* const changed = edited(row)) apply(changed->changes, columns.end, cells);
+  if (const Edited* const changed = edited(row)) apply(changed->changes, columns, cells);
 }
 
 bool Recordset::shows(RowMark row) const {
@@ -179,8 +179,8 @@ bool Recordset::shows(RowMark row) const {
              !(deleted && row >= data_->store.size());
     case Showing::Matching: {
       if (deleted) return false;
-      const ColumnSpan columns = filter_.columns();
-      std::vector<CellView> cells(columns.end);
+      const std::size_t columns = filter_.columns();
+      std::vector<CellView> cells(columns);
       read(row, columns, cells.data());
       return filter_.matches(cells.data());
     }
@@ -197,8 +197,8 @@ void Recordset::rebuild() {
     std::sort(visible_.begin(), visible_.end());
     return;
   }
-  const ColumnSpan columns = filter_.columns();
-  std::vector<CellView> cells(columns.end);
+  const std::size_t columns = filter_.columns();
+  std::vector<CellView> cells(columns);
   const auto rows = static_cast<RowMark>(data_->rows());
   for (RowMark row = 0; row < rows; ++row) {
     const Edited* const changed = edited(row);
@@ -279,7 +279,7 @@ const CellView* Recordset::Row() const {
     if (adding_) {
       std::fill(cells_.begin(), cells_.end(), CellView());
     } else {
-      read(row, {0, columns}, cells_.data());
+      read(row, columns, cells_.data());
     }
     apply(pending_, columns, cells_.data());
     decoded_ = row;
@@ -290,7 +290,7 @@ const CellView* Recordset::Row() const {
 
 void Recordset::Peek(std::size_t position, CellView* cells) const {
   if (position < 1 || position > visibleCount()) noCurrentRow();
-  read(rowAt(position - 1), {0, Fields().size()}, cells);
+  read(rowAt(position - 1), Fields().size(), cells);
 }
 
 CellView Recordset::Get(std::size_t column) const { return Row()[column]; }

@@ -118,7 +118,7 @@ class Recordset {
   std::size_t visibleCount() const;
   RowMark rowAt(std::size_t position) const;
   RowMark current() const;
-  void read(RowMark row, ColumnSpan columns, CellView* cells) const;
+  void read(RowMark row, std::size_t columns, CellView* cells) const;
   static void set(Changes& changes, std::size_t column, Value value);
   static void apply(const Changes& changes, std::size_t columns, CellView* cells);
   std::int64_t placeOf(std::vector<RowMark>::const_iterator leaving) const;

@@ -44,31 +44,6 @@ std::uint64_t readVarint(const unsigned char*& at) {
   }
 }
 
-void passVarint(const unsigned char*& at) {
-  while (*at++ >= 0x80) {
-  }
-}
-
-// Passes over cells up to `column`; how many cells of a run of nulls lie behind it.
-std::size_t passTo(std::size_t column, const unsigned char*& at) {
-  for (std::size_t passed = 0; passed < column; ++passed) {
-    const std::uint8_t tag = *at++;
-    if (tag > kNulls) {
-      passed += tag - std::size_t{kNulls} - 1;
-      if (passed >= column) return passed + 1 - column;
-    } else if (tag >= kShortText) {
-      at += tag - std::size_t{kShortText};
-    } else if (tag == kText) {
-      const std::uint64_t length = readVarint(at);
-      at += length;
-    } else if (tag != kZeroDecimal) {
-      if (tag == kSameText) at += sizeof(const char*);
-      passVarint(at);
-    }
-  }
-  return 0;
-}
-
 }  // namespace
 
 Columns::Columns(std::vector<Column> columns) : columns_(std::move(columns)) {
@@ -181,17 +156,14 @@ void RowStore::endRow() {
   rows_.push_back(rowStart_);
 }
 
-void RowStore::readBetween(std::size_t row, ColumnSpan span, CellView* cells) const {
-  if (span.first >= span.end) return;
+void RowStore::readFirst(std::size_t row, std::size_t count, CellView* cells) const {
   const unsigned char* at = rows_[row];
-  CellView* const end = cells + span.end;
-  cells += span.first;
-  for (std::size_t nulls = passTo(span.first, at); nulls > 0 && cells < end; --nulls) *cells++ = CellView();
   const auto text = [&at](std::size_t length) {
     const CellView cell = CellView::ofText({reinterpret_cast<const char*>(at), length});
     at += length;
     return cell;
   };
+  CellView* const end = cells + count;
   while (cells < end) {
     const std::uint8_t tag = *at++;
     if (tag > kNulls) {

@@ -32,12 +32,6 @@ class Columns {
   std::unordered_map<std::string, std::size_t> byName_;
 };
 
-// Columns from `first` to the one before `end`.
-struct ColumnSpan {
-  std::size_t first = 0;
-  std::size_t end = 0;
-};
-
 // The rows of a result in memory, packed: a null costs a bit of a byte, a text its bytes. An engine appends
 // the cells of a row in the order of the columns; nothing is changed afterwards.
 class RowStore {
@@ -61,11 +55,7 @@ class RowStore {
   // Writes one view a column; `cells` has room for columns()->size(). The views live as long as the store.
   void read(std::size_t row, CellView* cells) const { readFirst(row, columns_->size(), cells); }
   // The same of the first `count` columns, and no more.
-  void readFirst(std::size_t row, std::size_t count, CellView* cells) const {
-    readBetween(row, {0, count}, cells);
-  }
-  // The same of the columns of the span alone, each at its place in `cells`; those before are passed over.
-  void readBetween(std::size_t row, ColumnSpan span, CellView* cells) const;
+  void readFirst(std::size_t row, std::size_t count, CellView* cells) const;
   std::size_t bytes() const { return chunkBytes_; }
 
  private:

@@ -218,37 +218,6 @@ TEST(RowStore, ReadsTheFirstColumnsAndNoMore) {
   }
 }
 
-TEST(RowStore, ReadsBetweenTwoColumnsAndNoMore) {
-  RowStore store;
-  const std::string longer(300, 'x');
-  const std::vector<Value> values = {whole(-70000),
-                                     null(),
-                                     null(),
-                                     null(),
-                                     Value::ofText("e"),
-                                     Value::ofText(""),
-                                     Value::ofText(longer),
-                                     Value::ofDecimal(Decimal()),
-                                     Value::ofDecimal(Decimal::fromScaled(123456789012)),
-                                     Value::ofDate(*Date::fromYmd(2016, 2, 29)),
-                                     null(),
-                                     Value::ofText("un testo che ritorna"),
-                                     whole(5),
-                                     null()};
-  // The second row points at texts of the first.
-  fill(store, {values, values}, values.size());
-  for (std::size_t first = 0; first <= values.size(); ++first) {
-    for (std::size_t end = first; end <= values.size(); ++end) {
-      std::vector<CellView> cells(values.size(), CellView::ofInteger(-99));
-      store.readBetween(1, {first, end}, cells.data());
-      for (std::size_t i = 0; i < cells.size(); ++i) {
-        EXPECT_EQ(Value::of(cells[i]), i >= first && i < end ? values[i] : whole(-99))
-            << i << " of " << first << " to " << end;
-      }
-    }
-  }
-}
-
 TEST(RowStore, AResultWithoutColumnsHasEmptyRows) {
   RowStore store;
   store.setColumns(columns(0));
