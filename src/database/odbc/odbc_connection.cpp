@@ -72,7 +72,7 @@ struct OdbcConnection::State {
   State(const OdbcSettings& given, const std::function<void(const std::string&)>& warn)
       : settings(given), text(given.text), environment(newEnvironment()) {
     const std::string driver = driverOf(environment, text);
-    const DriverFamily family = familyOf(driver);
+    family = familyOf(driver);
     setEncryption(text, family, settings.encrypt);
     setProtocol(text, family);
     if (!settings.encrypt) {
@@ -95,6 +95,7 @@ struct OdbcConnection::State {
 
   OdbcSettings settings;
   ConnectionText text;
+  DriverFamily family = DriverFamily::Other;
   Watchdog watchdog;
   Environment environment;
   Session session;
@@ -140,7 +141,9 @@ void OdbcConnection::State::login() {
     throw errorOf(diagnostics, circumstance);
   }
   watchdog.afterLogin();
-  wide = givesWideTexts(session);
+  // The drivers of SQL Server do. FreeTDS is not even to be asked: it reaches the driver manager's function in
+  // place of its own, and is refused there.
+  wide = family != DriverFamily::Other || givesWideTexts(session);
   beginStatement();
   lost = false;
 }
