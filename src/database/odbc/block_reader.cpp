@@ -42,6 +42,7 @@ void BlockReader::read(const StatementHandle& statement, SQLSMALLINT columns, Ro
     last_ = described_;
   }
   rows.setColumns(columns_);
+  setRowset(statement, std::min(block_, kFirstRows));
   for (;;) {
     {
       const Watchdog::Watch watch(watchdog, seconds);
@@ -55,7 +56,14 @@ void BlockReader::read(const StatementHandle& statement, SQLSMALLINT columns, Ro
       const Watchdog::Watch watch(watchdog, block_ == 1 ? seconds : 0);
       row(statement, i, rows);
     }
+    if (count == rowset_) setRowset(statement, block_);
   }
+}
+
+void BlockReader::setRowset(const StatementHandle& statement, std::size_t rowset) {
+  if (rowset_ == rowset) return;
+  need(SQLSetStmtAttr(statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, number(rowset), 0));
+  rowset_ = rowset;
 }
 
 void BlockReader::describe(const StatementHandle& statement, SQLSMALLINT count) {
@@ -145,7 +153,6 @@ void BlockReader::bind(const StatementHandle& statement) {
   SQLHSTMT handle = statement.get();
   need(SQLFreeStmt(handle, SQL_UNBIND));
   need(SQLSetStmtAttr(handle, SQL_ATTR_ROW_BIND_TYPE, number(SQL_BIND_BY_COLUMN), 0));
-  need(SQLSetStmtAttr(handle, SQL_ATTR_ROW_ARRAY_SIZE, number(block_), 0));
   need(SQLSetStmtAttr(handle, SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0));
   need(SQLSetStmtAttr(handle, SQL_ATTR_ROW_STATUS_PTR, status_.data(), 0));
   for (std::size_t i = 0; i < bound_.size(); ++i) {

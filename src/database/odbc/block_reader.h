@@ -32,6 +32,8 @@ class BlockReader {
 
   static constexpr std::size_t kBlockBytes = std::size_t{1} << 21;  // of the buffers together
   static constexpr std::size_t kMostRows = 512;
+  // Many results are a row or two, and a driver looks at every place of a block.
+  static constexpr std::size_t kFirstRows = 8;
   static constexpr std::size_t kLongestBound = 8000;  // characters
 
  private:
@@ -53,6 +55,7 @@ class BlockReader {
   void describe(const StatementHandle& statement, SQLSMALLINT count);
   void plan();
   void bind(const StatementHandle& statement);
+  void setRowset(const StatementHandle& statement, std::size_t rowset);
   Bound boundOf(const Described& column) const;
   void row(const StatementHandle& statement, std::size_t row, RowStore& rows);
   void cell(const Bound& column, const char* content, SQLLEN length, RowStore& rows);
@@ -67,6 +70,7 @@ class BlockReader {
   std::shared_ptr<const Columns> columns_;
   std::vector<Bound> bound_;
   std::size_t block_ = 1;
+  std::size_t rowset_ = 1;  // what the driver fetches at a time now
   std::unique_ptr<char[]> buffer_;
   std::size_t bufferBytes_ = 0;
   std::vector<SQLLEN> lengths_;
