@@ -35,6 +35,8 @@ constexpr const char* kTooLong = "Un testo è più lungo della colonna che lo ri
 constexpr const char* kUnreachable =
     "Il server del database non si può raggiungere. Verificare l'indirizzo nel profilo e la rete.";
 
+constexpr const char* kNoDatabase = "Il database indicato non esiste sul server, o l'utente non può aprirlo.";
+
 constexpr Known kServerNumbers[] = {
     {208, Syntax, "Nel database manca una tabella o una vista. Verificare con «cuctl check»."},
     {207, Syntax, "Nel database manca una colonna. Verificare con «cuctl check»."},
@@ -61,7 +63,8 @@ constexpr Known kServerNumbers[] = {
     {823, Corrupt, kDamaged},
     {824, Corrupt, kDamaged},
     {825, Corrupt, kDamaged},
-    {4060, Unavailable, "Il database indicato non esiste sul server, o l'utente non può aprirlo."},
+    {911, Unavailable, kNoDatabase},
+    {4060, Unavailable, kNoDatabase},
     {18452, Unavailable, kLogin},
     {18456, Unavailable, kLogin},
     {18470, Unavailable, "L'utente del database è disabilitato."},
@@ -82,7 +85,7 @@ constexpr State kStates[] = {
     {"01000", Unavailable, "Il driver ODBC indicato non si può caricare."},
     {"28", Unavailable, kLogin},
     {"08", Unavailable, kUnreachable},
-    {"3D", Unavailable, "Il database indicato non esiste sul server, o l'utente non può aprirlo."},
+    {"3D", Unavailable, kNoDatabase},
     {"23502", Constraint, kNull},
     {"23505", Constraint, kDuplicate},
     {"23", Constraint, "Il database ha rifiutato i dati per un vincolo."},

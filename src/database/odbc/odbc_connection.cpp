@@ -141,8 +141,8 @@ void OdbcConnection::State::login() {
     throw errorOf(diagnostics, circumstance);
   }
   watchdog.afterLogin();
-  // The drivers of SQL Server do. FreeTDS is not even to be asked: it reaches the driver manager's function in
-  // place of its own, and is refused there.
+  // The drivers of SQL Server do. FreeTDS is not even to be asked: it reaches the driver manager's function
+  // in place of its own, and is refused there.
   wide = family != DriverFamily::Other || givesWideTexts(session);
   beginStatement();
   lost = false;

@@ -167,8 +167,9 @@ TEST(ServerNumbers, HaveTheirKinds) {
       {"42000", 1105, DatabaseErrorKind::Full},         {"42000", 9002, DatabaseErrorKind::Full},
       {"42000", 3906, DatabaseErrorKind::ReadOnly},     {"HY000", 824, DatabaseErrorKind::Corrupt},
       {"28000", 18456, DatabaseErrorKind::Unavailable}, {"42000", 4060, DatabaseErrorKind::Unavailable},
-      {"22001", 8152, DatabaseErrorKind::Other},        {"HYT00", 0, DatabaseErrorKind::Timeout},
-      {"08S01", 20004, DatabaseErrorKind::Unavailable}, {"22012", 8134, DatabaseErrorKind::Other},
+      {"42000", 911, DatabaseErrorKind::Unavailable},   {"22001", 8152, DatabaseErrorKind::Other},
+      {"HYT00", 0, DatabaseErrorKind::Timeout},         {"08S01", 20004, DatabaseErrorKind::Unavailable},
+      {"22012", 8134, DatabaseErrorKind::Other},
   };
   for (const Case& each : cases) {
     const DatabaseError error = of(each.state, each.number);
