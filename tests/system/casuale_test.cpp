@@ -19,10 +19,8 @@ constexpr int kComandi = 250;
 class QualunqueCosa : public Guidato, public testing::WithParamInterface<unsigned> {
  protected:
   QualunqueCosa() : Guidato(false), caso_(GetParam()) {
-    std::filesystem::remove(posto_.cartella() / "demo.db");
-    const Esecuzione creato =
-        posto_.cuctl({"create", "--database", "sqlite:demo.db", "--payees", std::to_string(3 + numero(9)),
-                      "--years", "2014-2017", "--seed", std::to_string(GetParam())});
+    const Esecuzione creato = posto_.crea({"--payees", std::to_string(3 + numero(9)), "--years", "2014-2017",
+                                           "--seed", std::to_string(GetParam())});
     if (creato.codice != 0) throw std::runtime_error(creato.errori);
     posto_.imposta("session.processes", "[ { name = \"Wizard stampa\", function = " +
                                             std::string(numero(3) == 0 ? "246" : "247") + " } ]");

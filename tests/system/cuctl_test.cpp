@@ -7,7 +7,6 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "database/sqlite/sqlite_connection.h"
 #include "system/posto_support.h"
 
 namespace cu::test {
@@ -115,8 +114,12 @@ TEST(Profile, AWrongOneEndsWithTwoAndOneLine) {
 TEST(Create, ADatabaseThatHoldsTheSuiteIsNotTouched) {
   Posto posto;
   const std::string prima = posto.cartella().read("demo.db");
-  const Esecuzione esito = posto.cuctl({"create", "--database", "sqlite:demo.db", "--empty"});
+  const auto persone = [&] { return posto.lettore()->numero("SELECT COUNT(*) FROM Anagrafica"); };
+  const std::int64_t quante = persone();
+  EXPECT_GT(quante, 1);
+  const Esecuzione esito = posto.sulDatabase("create", {"--empty"});
   EXPECT_EQ(esito.codice, 1);
+  EXPECT_EQ(persone(), quante);
   EXPECT_THAT(esito.errori, HasSubstr("contiene già le tabelle della suite"));
   EXPECT_TRUE(posto.cartella().read("demo.db") == prima);
 }
@@ -134,13 +137,8 @@ TEST(Create, WhatFailsLeavesNoFile) {
 
 TEST(Create, TheSameSeedGivesTheSameCompany) {
   Posto posto(Posto::Database::Nessuno);
-  const auto file = [&](const std::string& nome, const std::string& seme) {
-    EXPECT_EQ(posto
-                  .cuctl({"create", "--database", "sqlite:" + nome, "--payees", "40", "--years", "2016",
-                          "--seed", seme})
-                  .codice,
-              0);
-    posto.imposta("database.url", "\"sqlite:" + nome + "\"");
+  const auto file = [&](const std::string& seme) {
+    EXPECT_EQ(posto.crea({"--payees", "40", "--years", "2016", "--seed", seme}).codice, 0);
     const Esecuzione esito = posto.cuctl({"make", "--profile", posto.profilo(), "--year", "2016"});
     EXPECT_EQ(esito.codice, 0) << esito.errori;
     const auto nomi = posto.file("Documenti");
@@ -149,10 +147,10 @@ TEST(Create, TheSameSeedGivesTheSameCompany) {
     }
     return std::string();
   };
-  const std::string primo = file("a.db", "7");
+  const std::string primo = file("7");
   EXPECT_FALSE(primo.empty());
-  EXPECT_TRUE(file("b.db", "7") == primo);
-  EXPECT_FALSE(file("c.db", "8") == primo);
+  EXPECT_TRUE(file("7") == primo);
+  EXPECT_FALSE(file("8") == primo);
 }
 
 TEST(Make, TheFileIsMadeAndTold) {
@@ -238,8 +236,7 @@ std::vector<std::size_t> sbarre(const std::string& riga) {
 
 TEST(Make, MissingDataAreToldAsTheLog) {
   Posto posto;
-  SqliteConnection::open(posto.cartella() / "demo.db")
-      ->Execute("UPDATE Anagrafica SET Sesso = NULL WHERE Sesso = 'F'");
+  posto.lettore()->esegui("UPDATE Anagrafica SET Sesso = NULL WHERE Sesso = 'F'");
   const Esecuzione esito = posto.cuctl({"make", "--profile", posto.profilo(), "--year", "2016"});
   EXPECT_EQ(esito.codice, 1);
   EXPECT_THAT(esito.uscita, StartsWith("Campo | Sezione     | Denominazione"));

@@ -7,7 +7,6 @@
 
 #include "support/cur_reader.h"
 #include "system/guidato_support.h"
-#include "system/lettore_db_support.h"
 
 namespace cu::test {
 namespace {
@@ -42,9 +41,7 @@ class AnnoCorretto : public Guidato, public testing::WithParamInterface<int> {
 };
 
 TEST_P(AnnoCorretto, IsConfirmedAndFoundInTheFileAndInTheAccounts) {
-  std::filesystem::remove(posto_.cartella() / "demo.db");
-  const Esecuzione creato = posto_.cuctl(
-      {"create", "--database", "sqlite:demo.db", "--payees", "4", "--years", "2013-2018", "--seed", "11"});
+  const Esecuzione creato = posto_.crea({"--payees", "4", "--years", "2013-2018", "--seed", "11"});
   ASSERT_EQ(creato.codice, 0) << creato.errori;
   const std::string anno = std::to_string(GetParam());
   posto_.imposta("session.today", std::to_string(GetParam() + 1) + "-03-05T10:30:00");
@@ -65,16 +62,16 @@ TEST_P(AnnoCorretto, IsConfirmedAndFoundInTheFileAndInTheAccounts) {
   EXPECT_EQ(riga.at("AmmontareLordo"), lordo);
 
   const CurFile file(creaFile());
-  LettoreDb database(posto_.cartella() / "demo.db");
+  const auto database = posto_.lettore();
   const std::string chi = riga.at("IDAnagrafica").dump();
   const CurLine& h =
-      recordH(file, database.testo("SELECT CodiceFiscale FROM Anagrafica WHERE IDAnagrafica = " + chi),
+      recordH(file, database->testo("SELECT CodiceFiscale FROM Anagrafica WHERE IDAnagrafica = " + chi),
               riga.at("Codice"));
   EXPECT_EQ(valore(h, "AU001008"), "98765,43");
   EXPECT_EQ(valore(h, "AU001009"), "19753,09");
-  EXPECT_EQ(database.testo("SELECT RitenutaAcconto FROM ContoIndividuale WHERE Anno = " + anno +
-                           " AND IDAnagrafica = " + chi +
-                           " AND IDCausalePagamento = " + riga.at("IDCausalePagamento").dump()),
+  EXPECT_EQ(database->testo("SELECT RitenutaAcconto FROM ContoIndividuale WHERE Anno = " + anno +
+                            " AND IDAnagrafica = " + chi +
+                            " AND IDCausalePagamento = " + riga.at("IDCausalePagamento").dump()),
             "19753.09");
 }
 
@@ -103,9 +100,8 @@ TEST_F(Editing, AWarningIsRefusedAndThenPassed) {
   EXPECT_EQ(stato(form + ".curField(26)").at("value"), 10);
   clic(form + ".cmdOk");
   EXPECT_EQ(rispondi("ok").at("windows"), json({"frmWizard"}));
-  EXPECT_EQ(LettoreDb(posto_.cartella() / "demo.db")
-                .testo("SELECT COUNT(*) FROM tmpprequadrivio12 WHERE Modificato <> 0 AND "
-                       "SommeCorrispostePreFallimento = 10"),
+  EXPECT_EQ(posto_.lettore()->testo("SELECT COUNT(*) FROM tmpprequadrivio12 WHERE Modificato <> 0 AND "
+                                    "SommeCorrispostePreFallimento = 10"),
             "1");
 }
 
@@ -127,8 +123,8 @@ TEST_F(Editing, AnAnnulmentShowsTheSmallDialogAlone) {
 }
 
 TEST_F(Editing, AModuleIsAddedChangedAndDeletedAndReachesTheFile) {
-  LettoreDb database(posto_.cartella() / "demo.db");
-  database.esegui("DELETE FROM ModuloXContoIndividuale");
+  const auto database = posto_.lettore();
+  database->esegui("DELETE FROM ModuloXContoIndividuale");
   vaiAllaGriglia("2016");
   const json riga = righe("frmWizard.grdCompensi", 1, 1).at(0);
   const auto modulo = [&](const std::string& quale) {
@@ -150,23 +146,22 @@ TEST_F(Editing, AModuleIsAddedChangedAndDeletedAndReachesTheFile) {
     EXPECT_EQ(clic(form + ".cmdOk").at("windows"), json({"frmWizard"}));
   };
   const auto nelDatabase = [&] {
-    return database.testo(
-        "SELECT group_concat(NumeroModulo || ' ' || SommeNonSoggette || ' ' || ImponibileAnniPrec, '; ') "
-        "FROM "
-        "ModuloXContoIndividuale");
+    return database->righe(
+        "SELECT NumeroModulo, SommeNonSoggette, ImponibileAnniPrec FROM ModuloXContoIndividuale "
+        "ORDER BY NumeroModulo");
   };
   modulo("nuovo 2");
-  EXPECT_EQ(nelDatabase(), "2 10.5 0");
+  EXPECT_THAT(nelDatabase(), ElementsAre(ElementsAre("2", "10.5", "0")));
   modulo("nuovo 3");
-  EXPECT_EQ(nelDatabase(), "2 10.5 0; 3 20.25 0");
+  EXPECT_THAT(nelDatabase(), ElementsAre(ElementsAre("2", "10.5", "0"), ElementsAre("3", "20.25", "0")));
   modulo("cambia 2");
-  EXPECT_EQ(nelDatabase(), "2 10.5 7; 3 20.25 0");
+  EXPECT_THAT(nelDatabase(), ElementsAre(ElementsAre("2", "10.5", "7"), ElementsAre("3", "20.25", "0")));
   modulo("elimina 3");
-  EXPECT_EQ(nelDatabase(), "2 10.5 7");
+  EXPECT_THAT(nelDatabase(), ElementsAre(ElementsAre("2", "10.5", "7")));
 
   const CurFile file(creaFile());
-  const std::string chi = database.testo("SELECT CodiceFiscale FROM Anagrafica WHERE IDAnagrafica = " +
-                                         riga.at("IDAnagrafica").dump());
+  const std::string chi = database->testo("SELECT CodiceFiscale FROM Anagrafica WHERE IDAnagrafica = " +
+                                          riga.at("IDAnagrafica").dump());
   EXPECT_EQ(valore(recordH(file, chi, riga.at("Codice"), 2), "AU001007"), "10,50");
   EXPECT_EQ(valore(recordH(file, chi, riga.at("Codice"), 2), "AU001018"), "7,00");
   EXPECT_THROW(recordH(file, chi, riga.at("Codice"), 3), std::runtime_error);
@@ -181,8 +176,8 @@ class GiroCompleto : public Guidato {
   GiroCompleto() : Guidato(false) {
     posto_.imposta("session.today", "2018-03-05T10:30:00");
     // The reason N opens every amount but one.
-    LettoreDb database(posto_.cartella() / "demo.db");
-    database.esegui(
+    const auto database = posto_.lettore();
+    database->esegui(
         "UPDATE ContoIndividuale SET IDCausalePagamento = (SELECT IDCausalePagamento FROM CausalePagamento "
         "WHERE Codice = 'N') WHERE Anno = 2017 AND IDAnagrafica = 101");
     avvia();
@@ -207,7 +202,7 @@ class GiroCompleto : public Guidato {
 
 TEST_F(GiroCompleto, WhatIsTypedAtTheLimitsComesBackFromTheAccounts) {
   vaiAllaGriglia("2017");
-  std::string form = apri(1);
+  std::string form = apri(rigaDi(101));
   ASSERT_EQ(stato(form + ".cdPagamento").at("code"), "N");
   const json prima = campi(form);
   EXPECT_GT(prima.size(), 50U);
@@ -220,10 +215,8 @@ TEST_F(GiroCompleto, WhatIsTypedAtTheLimitsComesBackFromTheAccounts) {
   clic(form + ".cmdOk");
   rispondi("ok");
   const CurFile file(creaFile());
-  const CurLine& h = recordH(file,
-                             LettoreDb(posto_.cartella() / "demo.db")
-                                 .testo("SELECT CodiceFiscale FROM Anagrafica WHERE IDAnagrafica = 101"),
-                             "N");
+  const CurLine& h = recordH(
+      file, posto_.lettore()->testo("SELECT CodiceFiscale FROM Anagrafica WHERE IDAnagrafica = 101"), "N");
   for (const char* codice :
        {"AU001004", "AU001008", "AU001009", "AU001012", "AU001039", "AU001062", "AU001103", "AU001138"}) {
     EXPECT_EQ(valore(h, codice), "9999999999999,99") << codice;
@@ -233,7 +226,7 @@ TEST_F(GiroCompleto, WhatIsTypedAtTheLimitsComesBackFromTheAccounts) {
             "123");
 
   vaiAllaGriglia("2017");
-  form = apri(1);
+  form = apri(rigaDi(101));
   const json dopo = campi(form);
   for (const auto& [nome, campo] : dopo.items()) {
     if (addendo(nome)) continue;
@@ -243,8 +236,8 @@ TEST_F(GiroCompleto, WhatIsTypedAtTheLimitsComesBackFromTheAccounts) {
 
 TEST_F(GiroCompleto, FourPlacesAsStoredAreKeptWhereNobodyTypes) {
   vaiAllaGriglia("2017");
-  LettoreDb database(posto_.cartella() / "demo.db");
-  std::string form = apri(1);
+  const auto database = posto_.lettore();
+  std::string form = apri(rigaDi(101));
   // A first confirmation makes the row of the additional data.
   scrivi(form + ".curField(23)", "-1");
   clic(form + ".cmdOk");
@@ -255,12 +248,12 @@ TEST_F(GiroCompleto, FourPlacesAsStoredAreKeptWhereNobodyTypes) {
       " WHERE Anno = 2017 AND IDAnagrafica = 101 AND IDCausalePagamento = (SELECT IDCausalePagamento FROM "
       "CausalePagamento WHERE Codice = 'N')";
   for (const char* colonna : colonne) {
-    database.esegui("UPDATE ContoIndividualeDatiAggiuntivi SET " + std::string(colonna) + " = 12.3456" +
-                    dove);
+    database->esegui("UPDATE ContoIndividualeDatiAggiuntivi SET " + std::string(colonna) + " = 12.3456" +
+                     dove);
   }
-  database.esegui("UPDATE ContoIndividualeDatiAggiuntivi SET RitenuteRimborsate = NULL" + dove);
+  database->esegui("UPDATE ContoIndividualeDatiAggiuntivi SET RitenuteRimborsate = NULL" + dove);
   vaiAllaGriglia("2017");
-  form = apri(1);
+  form = apri(rigaDi(101));
   EXPECT_EQ(stato(form + ".curField(24)").at("text"), "12,35");
   EXPECT_EQ(stato(form + ".curField(16)").at("text"), "0,00");
   scrivi(form + ".curField(23)", "-10");
@@ -269,11 +262,11 @@ TEST_F(GiroCompleto, FourPlacesAsStoredAreKeptWhereNobodyTypes) {
   creaFile();
   for (const char* colonna : colonne) {
     EXPECT_EQ(
-        database.testo("SELECT " + std::string(colonna) + " FROM ContoIndividualeDatiAggiuntivi" + dove),
+        database->testo("SELECT " + std::string(colonna) + " FROM ContoIndividualeDatiAggiuntivi" + dove),
         "12.3456")
         << colonna;
   }
-  EXPECT_EQ(database.testo("SELECT ImportoAltriContributi FROM ContoIndividualeDatiAggiuntivi" + dove),
+  EXPECT_EQ(database->testo("SELECT ImportoAltriContributi FROM ContoIndividualeDatiAggiuntivi" + dove),
             "-10");
 }
 

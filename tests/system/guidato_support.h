@@ -57,6 +57,22 @@ class Guidato : public ::testing::Test {
     if (tipo > 0) clic("frmWizard.optTipoComunicazione(" + std::to_string(tipo) + ")");
     clic("frmWizard.cmdNav(3)");
   }
+  // Where the first line of a payee stands: a server gives the lines in an order of its own.
+  int rigaDi(int anagrafica) {
+    const json tutte = righe("frmWizard.grdCompensi", 1, stato("frmWizard.grdCompensi").at("rows"));
+    int trovata = 0;
+    for (std::size_t i = 0; i < tutte.size(); ++i) {
+      if (tutte[i].at("IDAnagrafica") != anagrafica) continue;
+      const auto precede = [&](const json& altra) {
+        return tutte[i].at("IDCausalePagamento") < altra.at("IDCausalePagamento");
+      };
+      if (trovata == 0 || precede(tutte[static_cast<std::size_t>(trovata) - 1])) {
+        trovata = static_cast<int>(i) + 1;
+      }
+    }
+    if (trovata == 0) throw std::runtime_error("no line of the payee " + std::to_string(anagrafica));
+    return trovata;
+  }
   // The top window's name, after a double click on a line of the grid.
   std::string apri(int riga) {
     const json risposta = fai({{"do", "doubleclick"}, {"in", "frmWizard.grdCompensi"}, {"row", riga}});

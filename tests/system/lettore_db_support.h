@@ -2,29 +2,34 @@
 
 #include <sqlite3.h>
 
-#include <cstdint>
 #include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "system/lettore_support.h"
+
 namespace cu::test {
 
-// A database as any other tool would read and change it.
-class LettoreDb {
+// The embedded engine's file.
+class LettoreDb final : public Lettore {
  public:
   explicit LettoreDb(const std::string& file) {
     if (sqlite3_open(file.c_str(), &database_) != SQLITE_OK) throw std::runtime_error("non si apre: " + file);
     sqlite3_busy_timeout(database_, 2000);
   }
-  ~LettoreDb() { sqlite3_close(database_); }
+  ~LettoreDb() override { sqlite3_close(database_); }
   LettoreDb(const LettoreDb&) = delete;
   LettoreDb& operator=(const LettoreDb&) = delete;
 
-  // The first value of the first row; "" when there is none.
-  std::string testo(const std::string& domanda) {
+  std::vector<Riga> righe(const std::string& domanda) override {
     Istruzione istruzione(*this, domanda);
-    return istruzione.avanza() ? istruzione.valore(0) : std::string();
+    std::vector<Riga> righe;
+    while (istruzione.avanza()) {
+      Riga& riga = righe.emplace_back();
+      for (int i = 0; i < istruzione.colonne(); ++i) riga.push_back(istruzione.valore(i));
+    }
+    return righe;
   }
   // All rows of a table in the order of their first four columns, as one text.
   std::string tavola(const std::string& nome) {
@@ -47,7 +52,6 @@ class LettoreDb {
     if (codice != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(database_));
     return testo;
   }
-  std::int64_t numero(const std::string& domanda) { return std::stoll("0" + testo(domanda)); }
   // The first value of every row.
   std::vector<std::string> elenco(const std::string& domanda) {
     Istruzione istruzione(*this, domanda);
@@ -63,7 +67,7 @@ class LettoreDb {
     for (int i = 0; i < istruzione.colonne(); ++i) valori[istruzione.nome(i)] = istruzione.valore(i);
     return valori;
   }
-  void esegui(const std::string& istruzione) {
+  void esegui(const std::string& istruzione) override {
     if (sqlite3_exec(database_, istruzione.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
       throw std::runtime_error(sqlite3_errmsg(database_));
     }

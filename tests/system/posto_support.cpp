@@ -3,8 +3,16 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "system/lettore_db_support.h"
+
 namespace cu::test {
 namespace {
+
+constexpr const char* kFile = "demo.db";
+
+const char* contenuto(Posto::Database database) {
+  return database == Posto::Database::Vuoto ? "--empty" : "--demo";
+}
 
 // Made once for the whole program, copied for each test.
 const std::string& modello(Posto::Database database) {
@@ -12,21 +20,28 @@ const std::string& modello(Posto::Database database) {
   static std::map<Posto::Database, std::string> fatti;
   std::string& file = fatti[database];
   if (file.empty()) {
-    const bool vuoto = database == Posto::Database::Vuoto;
-    file = cartella / (vuoto ? "vuoto.db" : "demo.db");
-    const Esecuzione esito = esegui(
-        {CU_CUCTL, "create", "--database", "sqlite:" + file, vuoto ? "--empty" : "--demo"}, cartella.path());
+    file = cartella / (database == Posto::Database::Vuoto ? "vuoto.db" : kFile);
+    const Esecuzione esito =
+        esegui({CU_CUCTL, "create", "--database", "sqlite:" + file, contenuto(database)}, cartella.path());
     if (esito.codice != 0) throw std::runtime_error("cuctl create: " + esito.errori);
   }
   return file;
 }
 
+const DatabaseDelServer& modelloSulServer(Posto::Database database) {
+  static std::map<Posto::Database, std::unique_ptr<Posto>> fatti;
+  std::unique_ptr<Posto>& posto = fatti[database];
+  if (posto == nullptr) {
+    posto = std::make_unique<Posto>(Posto::Database::Nessuno);
+    const Esecuzione esito = posto->crea({contenuto(database)});
+    if (esito.codice != 0) throw std::runtime_error("cuctl create: " + esito.errori);
+  }
+  return *posto->databaseDelServer();
+}
+
 }  // namespace
 
 Posto::Posto(Database database) {
-  if (database != Database::Nessuno) {
-    std::filesystem::copy_file(modello(database), cartella_ / "demo.db");
-  }
   std::filesystem::create_directory(cartella_ / "Documenti");
   chiavi_ = {
       {"session",
@@ -44,6 +59,12 @@ Posto::Posto(Database database) {
       {"folders", {{"documents", "\"Documenti\""}, {"settings", "\"settings.toml\""}}},
       {"printing", {{"engine", "\"record\""}}},
       {"trace", {{"sql", "\"trace.sql\""}}}};
+  if (database == Database::Nessuno) return;
+  if (sulServer()) {
+    usa(std::make_unique<DatabaseDelServer>(modelloSulServer(database)));
+  } else {
+    std::filesystem::copy_file(modello(database), cartella_ / kFile);
+  }
 }
 
 void Posto::imposta(const std::string& chiave, const std::string& valore) {
@@ -73,6 +94,34 @@ Esecuzione Posto::cuctl(std::vector<std::string> argomenti, const std::string& i
 std::unique_ptr<Processo> Posto::guida() {
   return std::make_unique<Processo>(std::vector<std::string>{CU_CUCTL, "drive", "--profile", profilo()},
                                     cartella_.path());
+}
+
+std::string Posto::indirizzo() const {
+  return database_ == nullptr ? std::string("sqlite:") + kFile : database_->indirizzo();
+}
+
+Esecuzione Posto::crea(std::vector<std::string> argomenti) {
+  database_.reset();
+  std::filesystem::remove(cartella_ / kFile);
+  if (sulServer()) usa(std::make_unique<DatabaseDelServer>());
+  return sulDatabase("create", std::move(argomenti));
+}
+
+void Posto::usa(std::unique_ptr<DatabaseDelServer> database) {
+  database_ = std::move(database);
+  imposta("database.url", '"' + indirizzo() + '"');
+  imposta("database.password_env", '"' + std::string(kVariabilePassword) + '"');
+}
+
+Esecuzione Posto::sulDatabase(const std::string& comando, std::vector<std::string> argomenti) {
+  argomenti.insert(argomenti.begin(), {comando, "--database", indirizzo()});
+  if (database_ != nullptr) argomenti.insert(argomenti.end(), {"--password-env", kVariabilePassword});
+  return cuctl(argomenti);
+}
+
+std::unique_ptr<Lettore> Posto::lettore() const {
+  if (database_ != nullptr) return database_->lettore();
+  return std::make_unique<LettoreDb>(cartella_ / kFile);
 }
 
 std::vector<std::string> Posto::file(const std::string& sotto) const {

@@ -7,10 +7,12 @@
 
 #include "support/temp_folder.h"
 #include "system/processo_support.h"
+#include "system/server_di_prova_support.h"
 
 namespace cu::test {
 
-// A place to run in: a folder with the demonstration database, a profile and a folder for documents.
+// A place to run in: a folder with a profile, a folder for documents and the database, the demonstration
+// company's unless told otherwise.
 class Posto {
  public:
   enum class Database { Dimostrativo, Vuoto, Nessuno };
@@ -23,11 +25,22 @@ class Posto {
   Esecuzione cuctl(std::vector<std::string> argomenti, const std::string& ingresso = {});
   std::unique_ptr<Processo> guida();  // cuctl drive
 
+  // The place's database.
+  std::string indirizzo() const;
+  // cuctl create, in place of the database that is there.
+  Esecuzione crea(std::vector<std::string> argomenti);
+  Esecuzione sulDatabase(const std::string& comando, std::vector<std::string> argomenti = {});
+  std::unique_ptr<Lettore> lettore() const;
+  const DatabaseDelServer* databaseDelServer() const { return database_.get(); }  // null where it is a file
+
   const TempFolder& cartella() const { return cartella_; }
   std::vector<std::string> file(const std::string& sotto) const;  // names in a folder, sorted
 
  private:
+  void usa(std::unique_ptr<DatabaseDelServer> database);
+
   TempFolder cartella_;
+  std::unique_ptr<DatabaseDelServer> database_;
   std::map<std::string, std::map<std::string, std::string>> chiavi_;
 };
 

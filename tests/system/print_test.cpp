@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -123,6 +124,17 @@ std::string inserisci(const std::string& valori) {
 
 class Moduli : public ::testing::Test {
  protected:
+  // Each at a place where one stood: a server gives the lines in an order of its own.
+  static void ordinaInserimenti(std::vector<std::string>& testi) {
+    const auto inserisce = [](const std::string& testo) { return testo.starts_with("INSERT"); };
+    std::vector<std::string> inserimenti;
+    std::ranges::copy_if(testi, std::back_inserter(inserimenti), inserisce);
+    std::ranges::sort(inserimenti);
+    auto prossimo = inserimenti.begin();
+    for (std::string& testo : testi) {
+      if (inserisce(testo)) testo = *prossimo++;
+    }
+  }
   // What was sent of the table of the lines to print, and where the rest of the run stands beside it.
   std::vector<std::string> traccia() const {
     std::vector<std::string> testi;
@@ -133,6 +145,7 @@ class Moduli : public ::testing::Test {
       if (testo.find("ORDER BY Anag.Anagrafica") != std::string::npos) testi.emplace_back("(file)");
       if (testo.rfind("CREATE TABLE", 0) == 0) testi.emplace_back("(load)");
     }
+    if (sulServer()) ordinaInserimenti(testi);
     return testi;
   }
   Esecuzione fai(const Argomenti& altri = {}) {

@@ -10,13 +10,13 @@
 #include <cstdlib>
 
 #include "support/postgres_server.h"
-#include "system/lettore_db_support.h"
 #include "system/posto_support.h"
 
 namespace cu::test {
 namespace {
 
 using ::testing::AllOf;
+using ::testing::ContainsRegex;
 using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
@@ -121,7 +121,7 @@ TEST_F(Server, AtATerminalThePasswordIsAskedForAndNotShown) {
 
 TEST(Check, ACompleteDatabaseHasAllThatIsNeeded) {
   Posto posto;
-  const Esecuzione esito = posto.cuctl({"check", "--database", "sqlite:demo.db"});
+  const Esecuzione esito = posto.sulDatabase("check");
   EXPECT_EQ(esito.codice, 0) << esito.errori;
   EXPECT_THAT(esito.uscita, StartsWith("Oggetto | Nome"));
   EXPECT_THAT(esito.uscita, HasSubstr("\nVista   | RepContoIndividuale"));
@@ -131,14 +131,15 @@ TEST(Check, ACompleteDatabaseHasAllThatIsNeeded) {
 
 TEST(Check, WhatIsMissingIsMarkedAndEndsWithOne) {
   Posto posto;
-  LettoreDb(posto.cartella() / "demo.db")
-      .esegui("ALTER TABLE ConfigurazioneContabile DROP COLUMN InterlineaGiornale");
+  posto.lettore()->esegui("ALTER TABLE ConfigurazioneContabile DROP COLUMN InterlineaGiornale");
   const std::string prima = posto.cartella().read("demo.db");
-  const Esecuzione esito = posto.cuctl({"check", "--database", "sqlite:demo.db"});
+  const Esecuzione esito = posto.sulDatabase("check");
   EXPECT_EQ(esito.codice, 1);
-  EXPECT_THAT(esito.uscita,
-              HasSubstr("Colonna | ConfigurazioneContabile.InterlineaGiornale | un testo    | * MANCA\n"));
+  EXPECT_THAT(
+      esito.uscita,
+      ContainsRegex("Colonna \\| ConfigurazioneContabile.InterlineaGiornale +\\| un testo +\\| \\* MANCA\n"));
   EXPECT_THAT(esito.errori, HasSubstr("sono segnate con un asterisco.\n"));
+  EXPECT_TRUE(posto.cartella().read("demo.db") == prima);
 }
 
 TEST(Check, WrongUsageEndsWithTwo) {

@@ -1,0 +1,93 @@
+#include "system/server_di_prova_support.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <iostream>
+#include <stdexcept>
+
+#include "database/odbc/odbc_connection.h"
+#include "database/schema.h"
+
+namespace cu::test {
+namespace {
+
+std::string variabile(const char* nome) {
+  const char* const valore = std::getenv(nome);
+  return valore == nullptr ? "" : valore;
+}
+
+std::string testoPer(const std::string& database) {
+  return variabile("CU_TEST_SERVER") + ";Database=" + database;
+}
+
+std::unique_ptr<OdbcConnection> apri(const std::string& database) {
+  OdbcSettings impostazioni;
+  impostazioni.text = testoPer(database);
+  impostazioni.password = variabile(kVariabilePassword);
+  return OdbcConnection::open(impostazioni, [](const std::string&) {});
+}
+
+std::string testoDi(const CellView& cella) {
+  if (cella.type() != ValueType::Date) return cella.toText();
+  const std::string cifre = cella.date().toCompact();
+  return cifre.substr(0, 4) + "-" + cifre.substr(4, 2) + "-" + cifre.substr(6, 2);
+}
+
+class LettoreDelServer final : public Lettore {
+ public:
+  explicit LettoreDelServer(const std::string& database) : connessione_(apri(database)) {}
+
+  std::vector<Riga> righe(const std::string& domanda) override {
+    RowStore lette;
+    connessione_->Query(domanda, lette);
+    std::vector<CellView> celle(lette.columns()->size());
+    std::vector<Riga> righe;
+    for (std::size_t i = 0; i < lette.size(); ++i) {
+      lette.read(i, celle.data());
+      Riga& riga = righe.emplace_back();
+      for (const CellView& cella : celle) riga.push_back(testoDi(cella));
+    }
+    return righe;
+  }
+  void esegui(const std::string& istruzione) override { connessione_->Execute(istruzione); }
+
+ private:
+  std::unique_ptr<OdbcConnection> connessione_;
+};
+
+}  // namespace
+
+bool sulServer() { return !variabile("CU_TEST_SERVER").empty(); }
+
+DatabaseDelServer::DatabaseDelServer() {
+  static int quanti = 0;
+  nome_ = "cu_prova_" + std::to_string(::getpid()) + "_" + std::to_string(++quanti);
+  apri("master")->Execute("CREATE DATABASE " + nome_ + " COLLATE Latin1_General_CI_AS");
+}
+
+DatabaseDelServer::DatabaseDelServer(const DatabaseDelServer& modello) : DatabaseDelServer() {
+  const auto connessione = apri(nome_);
+  creaSchema(*connessione);
+  for (const OggettoSchema& oggetto : oggettiSchema()) {
+    if (oggetto.vista) continue;
+    const std::string tabella = ".dbo." + std::string(oggetto.nome);
+    connessione->Execute("INSERT INTO " + nome_ + tabella + " SELECT * FROM " + modello.nome_ + tabella);
+  }
+}
+
+DatabaseDelServer::~DatabaseDelServer() {
+  try {
+    apri("master")->Execute("DROP DATABASE " + nome_);
+  } catch (const std::exception& errore) {
+    std::cerr << nome_ << ": " << errore.what() << '\n';
+  }
+}
+
+std::string DatabaseDelServer::indirizzo() const { return "odbc:" + testoPer(nome_); }
+
+std::unique_ptr<Lettore> DatabaseDelServer::lettore() const {
+  return std::make_unique<LettoreDelServer>(nome_);
+}
+
+}  // namespace cu::test
