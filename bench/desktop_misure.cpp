@@ -1,14 +1,11 @@
-// What a clerk waits for in the window: the step to the grid, a key in an editor. Argument: how many payees
-// (100,000 without one).
+// What a clerk waits for in the window: the step to the grid. Argument: how many payees (100,000 without
+// one).
 
 #include <QApplication>
-#include <QKeyEvent>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
 #include <algorithm>
 #include <cstdlib>
-#include <exception>
 #include <fstream>
 #include <stdexcept>
 #include <vector>
@@ -16,7 +13,6 @@
 #include "apps/comune/connessioni.h"
 #include "apps/comune/impianto.h"
 #include "database/archivio.h"
-#include "desktop/edit_view.h"
 #include "desktop/form_window.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
@@ -27,7 +23,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kKeys = 60;
 constexpr int kSteps = 3;
 
 Profilo profileOf(const fs::path& folder, const std::string& database) {
@@ -63,39 +58,6 @@ std::string loadStatement(const std::string& trace) {
     text += escaped == 'n' ? '\n' : escaped == 'r' ? '\r' : escaped == 't' ? '\t' : escaped;
   }
   return text;
-}
-
-std::vector<double> typed(QLineEdit& box) {
-  box.setFocus();
-  // The window is drawn for the first time before the first key.
-  QCoreApplication::processEvents();
-  std::vector<double> spent;
-  for (int i = 0; i < kKeys; ++i) {
-    if (i % 6 == 0) box.selectAll();
-    spent.push_back(seconds([&] {
-      QKeyEvent press(QEvent::KeyPress, Qt::Key_1 + i % 6, Qt::NoModifier, QString(QChar(u'1' + i % 6)));
-      QApplication::sendEvent(&box, &press);
-      QCoreApplication::processEvents();
-    }));
-  }
-  std::sort(spent.begin(), spent.end());
-  return spent;
-}
-
-// In the first amount of the editor that is open, and in a box alone in a window.
-void keys(desktop::QtFrontEnd& screen) {
-  auto* const box = screen.topmost()->findChild<QLineEdit*>(QStringLiteral("curField(11)"));
-  if (box == nullptr || !box->isVisible()) throw std::runtime_error("the editor is not open");
-  const std::vector<double> ours = typed(*box);
-  if (box->text().isEmpty()) throw std::runtime_error("nothing was typed");
-  QLineEdit alone;
-  alone.show();
-  const std::vector<double> bare = typed(alone);
-  const std::string of = " of " + std::to_string(kKeys);
-  print({"a key in an editor, the median" + of, ours[kKeys / 2], bare[kKeys / 2], "a box alone in a window",
-         "value:0.01"});
-  print({"a key in an editor, the slowest" + of, ours.back(), bare.back(), "a box alone in a window",
-         "value:0.01"});
 }
 
 // Presses a button of the next box or form that waits.
@@ -140,18 +102,6 @@ void measure(const fs::path& folder, int payees) {
   print({"next step with " + grouped(static_cast<long long>(wizard.grdCompensi.rowCount())) + " lines",
          times.ours, times.limit, "the load's one statement", "ratio:1.5"});
 
-  std::exception_ptr failed;
-  QTimer::singleShot(0, qApp, [&] {
-    try {
-      keys(screen);
-    } catch (const std::exception&) {
-      failed = std::current_exception();
-    }
-    screen.topmost()->form().unload();
-  });
-  screen.window(wizard)->findChild<QWidget*>(QStringLiteral("grdCompensi"))->setFocus();
-  screen.perform(wizard.grdCompensi, [&] { wizard.grdCompensi.doubleClick(1); });
-  if (failed) std::rethrow_exception(failed);
   wizard.unload();
 }
 
