@@ -28,11 +28,25 @@ else()
   if(CU_FUZZ)
     target_compile_options(house_options INTERFACE -fsanitize=fuzzer-no-link)
   endif()
-  if(CU_COVERAGE)
-    target_compile_options(house_options INTERFACE --coverage)
-    target_link_options(house_options INTERFACE --coverage)
-  endif()
 endif()
+
+# The rooms whose lines and branches CU_COVERAGE counts: the core.
+set(measured_rooms host context worklist telematic_engine telematic editors printing shell)
+
+# Links the measured rooms whole and ahead of the program's own objects: of an inline function that both hold, the
+# linker keeps the first it meets, and that has to be the one that counts. The tests need no counters of their own.
+function(cu_measured target)
+  if(NOT CU_COVERAGE)
+    return()
+  endif()
+  set(archives "")
+  foreach(room ${measured_rooms})
+    list(APPEND archives $<TARGET_FILE:${room}>)
+  endforeach()
+  target_link_options(${target} PRIVATE "LINKER:--whole-archive" ${archives} "LINKER:--no-whole-archive")
+  set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${archives})
+  add_dependencies(${target} ${measured_rooms})
+endfunction()
 
 # cu_room(name PATH folder-below-src [LINKS rooms...] [PRIVATE libraries...])
 # Sources are all *.cpp directly in the folder; a room without sources is header-only.
@@ -48,6 +62,17 @@ function(cu_room name)
     add_library(${name} STATIC ${sources})
     target_include_directories(${name} PUBLIC ${root})
     target_link_libraries(${name} PUBLIC ${ROOM_LINKS} PRIVATE house_options ${ROOM_PRIVATE})
+    if(CU_COVERAGE AND name IN_LIST measured_rooms)
+      target_compile_options(${name} PRIVATE --coverage -O0)
+      target_link_options(${name} INTERFACE --coverage)
+      # Headers are counted under their own names: as they are called, and as ccache calls them from the build folder.
+      cmake_path(RELATIVE_PATH CMAKE_SOURCE_DIR BASE_DIRECTORY ${CMAKE_BINARY_DIR} OUTPUT_VARIABLE up)
+      foreach(room ${measured_rooms})
+        target_compile_options(
+          ${name} PRIVATE -fprofile-prefix-map=${CMAKE_BINARY_DIR}/rooms/${room}=${CMAKE_SOURCE_DIR}/src
+                          -fprofile-prefix-map=rooms/${room}=${up}/src)
+      endforeach()
+    endif()
     if(CU_TIDY)
       set_target_properties(${name} PROPERTIES CXX_CLANG_TIDY
                                              "clang-tidy;--quiet;--extra-arg=-Wno-unknown-warning-option")
@@ -64,6 +89,7 @@ function(cu_program name)
   cmake_parse_arguments(P "" "" "LINKS;SOURCES" ${ARGN})
   add_executable(${name} ${P_SOURCES})
   target_link_libraries(${name} PRIVATE house_options ${P_LINKS})
+  cu_measured(${name})
 endfunction()
 
 # cu_tests(name LINKS rooms... [LABEL fast|slow|system] [SUPPORT files...] [...])
@@ -88,6 +114,7 @@ function(cu_tests name)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE ${T_DEFINES})
   target_link_libraries(${name} PRIVATE house_options ${T_LINKS} GTest::gmock GTest::gtest_main)
+  cu_measured(${name})
   # The tests' own code need not be fast, and compiles in little more than half the time.
   target_compile_options(${name} PRIVATE $<$<AND:$<CONFIG:Release,RelWithDebInfo>,$<CXX_COMPILER_ID:GNU>>:-O0>)
   add_test(NAME ${name} COMMAND ${name})

@@ -9,6 +9,7 @@ packages=(
 )
 test_packages=(libgtest-dev libgmock-dev python3 postgresql odbc-postgresql poppler-utils cppcheck)
 fuzz_packages=(clang libclang-rt-14-dev)
+coverage_packages=(gcovr)
 guide_packages=(xvfb xdotool imagemagick)
 
 # install_missing PACKAGE...: as root, or through sudo.
