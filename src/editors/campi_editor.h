@@ -198,7 +198,7 @@ inline constexpr CampoIntestazione kIntestazione[] = {
 constexpr std::string_view titolo(Sezione sezione) {
   switch (sezione) {
     case Sezione::Modulo:
-      return "Modulo";
+      break;
     case Sezione::Somme:
       return "Dati relativi alle somme erogate";
     case Sezione::Previdenza:
@@ -214,7 +214,7 @@ constexpr std::string_view titolo(Sezione sezione) {
     case Sezione::Esproprio:
       return "Somme corrisposte a titolo di indennità di esproprio, altre indennità e interessi";
   }
-  return {};
+  return "Modulo";
 }
 
 }  // namespace cu

@@ -192,7 +192,7 @@ EditorCompenso::Segno EditorCompenso::segno(Pagina pagina, const CampoEditor& ca
     case Genere::Testo:
     case Genere::Flag:
     case Genere::Numero:
-      return Segno::Nessuno;
+      break;
   }
   return Segno::Nessuno;
 }
@@ -207,7 +207,7 @@ void EditorCompenso::cambiato(Segno segno) {
       cmdSave->setEnabled(true);
       return;
     case Segno::Nessuno:
-      return;
+      break;
   }
 }
 

@@ -42,9 +42,9 @@ std::string SqlModuli::valore(const CampoEditor& campo, const Recordset& modulo,
     case Genere::Elenco:
       return utilita_.literalId(cella);
     case Genere::Numero:
-      return inserimento ? utilita_.literalId(cella) : utilita_.literalNumber(cella);
+      break;
   }
-  return {};
+  return inserimento ? utilita_.literalId(cella) : utilita_.literalNumber(cella);
 }
 
 std::string SqlModuli::insert(std::int64_t id, const Recordset& riga, std::int32_t idAzienda,

@@ -38,10 +38,10 @@ Decimal Decimal::fromDouble(double value) {
   if (!std::isfinite(value) || std::fabs(value) >= 9.2e14) overflow();
   std::array<char, 40> buffer{};
   char* const last = buffer.data() + buffer.size();
-  const auto [end, ec] = std::fabs(value) < 1e11
-                             ? std::to_chars(buffer.data(), last, value, std::chars_format::scientific, 14)
-                             : std::to_chars(buffer.data(), last, value, std::chars_format::scientific);
-  if (ec != std::errc()) overflow();
+  const char* const end =
+      (std::fabs(value) < 1e11 ? std::to_chars(buffer.data(), last, value, std::chars_format::scientific, 14)
+                               : std::to_chars(buffer.data(), last, value, std::chars_format::scientific))
+          .ptr;
   // d.dddddddddddddde+XX
   std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
   bool negative = false;
@@ -61,8 +61,7 @@ Decimal Decimal::fromDouble(double value) {
     digits = digits * 10 + (c - '0');
     --shift;
   }
-  while (shift > 0) {
-    if (digits > std::numeric_limits<std::int64_t>::max() / 10) overflow();
+  while (shift > 0) {  // within 64 bits: the value is below 9.2e14
     digits *= 10;
     --shift;
   }

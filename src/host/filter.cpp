@@ -207,9 +207,9 @@ bool RowFilter::holds(const Comparison& comparison, const CellView& cell) {
     case Operator::Greater:
       return order > 0;
     case Operator::GreaterEqual:
-      return order >= 0;
+      break;
   }
-  return false;
+  return order >= 0;
 }
 
 std::size_t RowFilter::columns() const {

@@ -168,31 +168,24 @@ void Recordset::read(RowMark row, std::size_t columns, CellView* cells) const {
   if (const Edited* const changed = edited(row)) apply(changed->changes, columns, cells);
 }
 
-bool Recordset::shows(RowMark row) const {
-  const Edited* const changed = edited(row);
-  const bool deleted = changed != nullptr && changed->status == RecordStatus::Deleted;
-  switch (showing_) {
-    case Showing::All:
-      return true;
-    case Showing::Pending:
-      return changed != nullptr && changed->status != RecordStatus::Unmodified &&
-             !(deleted && row >= data_->store.size());
-    case Showing::Matching: {
-      if (deleted) return false;
-      const std::size_t columns = filter_.columns();
-      std::vector<CellView> cells(columns);
-      read(row, columns, cells.data());
-      return filter_.matches(cells.data());
-    }
+// Whether a row that was edited stays among those chosen.
+bool Recordset::shows(RowMark row, const Edited& changed) const {
+  const bool deleted = changed.status == RecordStatus::Deleted;
+  if (showing_ == Showing::Pending) {
+    return changed.status != RecordStatus::Unmodified && !(deleted && row >= data_->store.size());
   }
-  return false;
+  if (deleted) return false;
+  const std::size_t columns = filter_.columns();
+  std::vector<CellView> cells(columns);
+  read(row, columns, cells.data());
+  return filter_.matches(cells.data());
 }
 
 void Recordset::rebuild() {
   visible_.clear();
   if (showing_ == Showing::Pending) {
     for (const auto& [row, changed] : data_->edited) {
-      if (shows(row)) visible_.push_back(row);
+      if (shows(row, changed)) visible_.push_back(row);
     }
     std::sort(visible_.begin(), visible_.end());
     return;
@@ -347,7 +340,7 @@ void Recordset::Update() {
     position_ = row;
     return;
   }
-  const bool visible = shows(row);
+  const bool visible = shows(row, changed);
   const auto at = std::lower_bound(visible_.begin(), visible_.end(), row);
   const bool listed = at != visible_.end() && *at == row;
   if (visible) {
@@ -362,12 +355,13 @@ void Recordset::Delete() {
   changeable();
   Update();
   const RowMark row = current();
-  data_->edited[row].status = RecordStatus::Deleted;
+  Edited& changed = data_->edited[row];
+  changed.status = RecordStatus::Deleted;
   data_->anyDeleted = true;
   ++data_->version;
   if (showing_ == Showing::All) showAll();
   auto at = std::lower_bound(visible_.begin(), visible_.end(), row);
-  if (at != visible_.end() && *at == row && !shows(row)) at = visible_.erase(at);
+  if (at != visible_.end() && *at == row && !shows(row, changed)) at = visible_.erase(at);
   position_ = placeOf(at);
 }
 

@@ -112,7 +112,7 @@ class Recordset {
   Data& data();
   Data& changeable();
   const Edited* edited(RowMark row) const;  // null for a row as read
-  bool shows(RowMark row) const;
+  bool shows(RowMark row, const Edited& changed) const;
   void rebuild();
   void showAll();
   std::size_t visibleCount() const;

@@ -16,7 +16,7 @@ Date dayOf(std::int64_t number) {
 std::int64_t CellView::integer() const {
   switch (type_) {
     case ValueType::Null:
-      return 0;
+      break;
     case ValueType::Integer:
     case ValueType::Date:
       return number_;
@@ -31,7 +31,7 @@ std::int64_t CellView::integer() const {
 Decimal CellView::decimal() const {
   switch (type_) {
     case ValueType::Null:
-      return {};
+      break;
     case ValueType::Integer:
     case ValueType::Date:
       return Decimal::fromInteger(number_);
@@ -47,7 +47,7 @@ Decimal CellView::decimal() const {
 Date CellView::date() const {
   switch (type_) {
     case ValueType::Null:
-      return {};
+      break;
     case ValueType::Integer:
       return dayOf(number_);
     case ValueType::Date:
@@ -64,7 +64,7 @@ Date CellView::date() const {
 std::string CellView::toText() const {
   switch (type_) {
     case ValueType::Null:
-      return {};
+      break;
     case ValueType::Integer:
       return fromInteger(number_);
     case ValueType::Decimal:
@@ -80,7 +80,7 @@ std::string CellView::toText() const {
 Value Value::of(const CellView& cell) {
   switch (cell.type()) {
     case ValueType::Null:
-      return {};
+      break;
     case ValueType::Integer:
       return ofInteger(cell.integer());
     case ValueType::Decimal:
@@ -96,7 +96,7 @@ Value Value::of(const CellView& cell) {
 CellView Value::view() const {
   switch (type()) {
     case ValueType::Null:
-      return {};
+      break;
     case ValueType::Integer:
       return CellView::ofInteger(std::get<std::int64_t>(content_));
     case ValueType::Decimal:

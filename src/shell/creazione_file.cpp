@@ -11,7 +11,7 @@ namespace cu {
 bool FrmWizard::fnCreaFileCU() {
   SessioneHost& sessione = *globali_.gSessione;
   compensi_.sbMemorizzaModifiche();
-  if (chkIntermediari.value()) sbSalvaIntermediario();
+  sbSalvaIntermediario();
 
   const std::unique_ptr<LogGrid> oLogGrid = ambiente_.factory.createLogGrid();
   oLogGrid->setUser(sessione.IDUtente());

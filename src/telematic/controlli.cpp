@@ -72,9 +72,9 @@ bool riguarda(Soggetto soggetto, const Recordset& riga, std::string_view persona
       return riga.Get(personaFisica).flag() &&
              (vuoto(riga, "NazioneNascita") || equalsNoCase(riga.Get("NazioneNascita").text(), "ITALIA"));
     case Soggetto::NonResidente:
-      return riga.Get("NonResidente").flag();
+      break;
   }
-  return false;
+  return riga.Get("NonResidente").flag();
 }
 
 }  // namespace

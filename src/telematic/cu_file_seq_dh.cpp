@@ -45,18 +45,6 @@ void ponNumero(RecordImage& riga, FieldPlace posto, std::int32_t numero) {
   formatta(numero, riga.at(posto.offset), posto.length);
 }
 
-std::string nomeDi(const CellView* riga, const Columns& colonne) {
-  std::string nome;
-  for (const std::string_view colonna : {"Anagrafica", "Nome"}) {
-    const std::size_t ordinale = colonne.find(colonna);
-    if (ordinale == Columns::kNone) continue;
-    const std::string parte = riga[ordinale].toText();
-    if (!nome.empty() && !parte.empty()) nome += ' ';
-    nome += parte;
-  }
-  return nome;
-}
-
 }  // namespace
 
 void CUFileSeq::legaQueryPrincipale(const Columns& colonne) {
@@ -108,21 +96,20 @@ std::string_view CUFileSeq::firma(Date DataFirma) {
 }
 
 void CUFileSeq::fermati(const Guasto& guasto, const CellView* Fields, char tipo) const {
+  const std::string campo(guasto.riga->codice);
   std::string testo;
-  switch (guasto.motivo) {
-    case Guasto::Motivo::Nessuno:
-      break;
-    case Guasto::Motivo::TroppoLungo:
-      testo = "Il valore del campo " + std::string(guasto.riga->codice) + " supera i " +
-              fromInteger(kLunghezzaValore) + " caratteri che il tracciato telematico ammette.";
-      break;
-    case Guasto::Motivo::CelleEsaurite:
-      testo = "I dati non stanno nelle " + fromInteger(kCelle) + " celle del record " + tipo +
-              ": non c'è posto per il campo " + std::string(guasto.riga->codice) + ".";
-      break;
+  if (guasto.motivo == Guasto::Motivo::TroppoLungo) {
+    testo = "Il valore del campo " + campo + " supera i " + fromInteger(kLunghezzaValore) +
+            " caratteri che il tracciato telematico ammette.";
+  } else {
+    testo = "I dati non stanno nelle " + fromInteger(kCelle) + " celle del record " + tipo +
+            ": non c'è posto per il campo " + campo + ".";
   }
   if (!guasto.riga->fonte.empty()) testo += " Dato: " + std::string(guasto.riga->fonte) + ".";
-  testo += " Percipiente: " + nomeDi(Fields, *colonne_) + ", causale: " + cella(Fields, "Codice").toText() +
+  std::string nome = cella(Fields, "Anagrafica").toText();
+  const std::string secondo = cella(Fields, "Nome").toText();
+  if (!nome.empty() && !secondo.empty()) nome += ' ';
+  testo += " Percipiente: " + nome + secondo + ", causale: " + cella(Fields, "Codice").toText() +
            ". Il file è rimasto incompleto: correggere il dato e ripetere la creazione.";
   throw Error(kErrorInvalidCall, testo);
 }

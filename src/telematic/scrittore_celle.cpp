@@ -222,13 +222,12 @@ Guasto::Motivo ScrittoreCelle::esegui(const Passo& passo, const CellView* riga, 
     }
     case Forma::CodiceNonSoggetti:
       return codiceNonSoggetti(passo, riga, celle);
-    case Forma::CodicePressoEnte: {
-      const std::int64_t ente = riga[passo.colonne[1]].integer();
-      const std::size_t scelta = ente == 1 ? 2 : ente == 2 ? 3 : 0;
-      return sinistra(passo, testo(riga[passo.colonne[scelta]]), celle);
-    }
+    case Forma::CodicePressoEnte:
+      break;
   }
-  return Motivo::Nessuno;
+  const std::int64_t ente = riga[passo.colonne[1]].integer();
+  const std::size_t scelta = ente == 1 ? 2 : ente == 2 ? 3 : 0;
+  return sinistra(passo, testo(riga[passo.colonne[scelta]]), celle);
 }
 
 Guasto ScrittoreCelle::scrivi(const CellView* riga, std::string_view dataFirma, Celle& celle) {

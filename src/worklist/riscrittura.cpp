@@ -39,9 +39,9 @@ std::string valore(const ColonnaRiscritta& colonna, const Recordset& riga, const
     case Scrittura::Numero:
       return utilita.literalNumber(campo);
     case Scrittura::TestoNullo:
-      return utilita.toText(campo);
+      break;
   }
-  return {};
+  return utilita.toText(campo);
 }
 
 }  // namespace

@@ -20,9 +20,9 @@ std::string_view nomeTipo(Tipo tipo) {
     case Tipo::Importo:
       return "Importo";
     case Tipo::SiNo:
-      return "SiNo";
+      break;
   }
-  return {};
+  return "SiNo";
 }
 
 bool vuoto(const std::string& codice) { return trim(codice).empty(); }

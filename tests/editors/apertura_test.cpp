@@ -132,6 +132,40 @@ TEST_F(Opening, DoesNotCalculateTheGrossAmount) {
   EXPECT_EQ(importo(10).value(), 1);
 }
 
+TEST_F(Opening, APayeeOrAReasonThatIsNotFoundLeavesItsLookupEmpty) {
+  database.own.answerContaining("FROM RepPercipienteCD", Table({"IDAnagrafica", "Codice", "Anagrafica"}, {}));
+  database.own.answerContaining("FROM CausalePagamento",
+                                Table({"IDCausalePagamento", "Codice", "CausalePagamento"}, {}));
+  apri(2016, {{"Nome", text("Mario")}});
+  for (const std::string pagina : {"", "AltriModuli"}) {
+    EXPECT_EQ(c<Selector>("cdPercipiente" + pagina).record(), 0);
+    EXPECT_EQ(c<Selector>("cdPercipiente" + pagina).description(), "");
+    EXPECT_EQ(c<Selector>("cdPagamento" + pagina).record(), 0);
+    EXPECT_EQ(c<TextBox>("txtNome" + pagina).text(), "Mario");
+  }
+}
+
+TEST_F(Opening, ARowGivenAgainReadsItsModulesAnew) {
+  moduli({modulo(7, 2)});
+  apri(2016);
+  premi("cmdNew");
+  premi("cmdSave");
+  ASSERT_EQ(griglia().rowCount(), 2U);
+  riga.ClearFilter();
+  riga.MoveFirst();
+  moduli({modulo(8, 5)});
+  editor->setRecordset(riga);
+  EXPECT_EQ(griglia().rowCount(), 1U);
+  EXPECT_EQ(righeModuli().Get("NumeroModulo").integer(), 5);
+}
+
+TEST_F(Opening, BeforeARowIsGivenLeavingAFieldMakesNoGrossAmount) {
+  editor = fnCreaEditor(2016, {frontEnd, globali, utilita, settings});
+  importo(19).enter("5");
+  lascia(importo(19));
+  EXPECT_EQ(importo(10).text(), "");
+}
+
 TEST_F(Opening, AMissingColumnIsToldToTheCaller) {
   Table senza = workTable({workRow(1, 1)});
   senza.columns[senza.column("SpeseRimborsate")].name = "Altra";

@@ -170,6 +170,16 @@ TEST_P(ModulesPage, ARowClickedWhileANewModuleIsTypedShowsThatRowAgain) {
   EXPECT_THAT(numeri(), ElementsAre("2"));
 }
 
+TEST_P(ModulesPage, TheGridsHeaderClickedWhileANewModuleIsTypedLeavesItToBeTyped) {
+  moduli({modulo(7, 2)});
+  apri(GetParam());
+  premi("cmdNew");
+  griglia().press(0, "NumeroModulo");
+  EXPECT_EQ(numero(), 3);
+  premi("cmdSave");
+  EXPECT_THAT(numeri(), ElementsAre("2", "3"));
+}
+
 TEST_P(ModulesPage, DeleteHidesTheRowAsksNothingAndShowsTheNext) {
   moduli({modulo(7, 2), modulo(8, 3), modulo(9, 4)});
   apri(GetParam());

@@ -158,6 +158,13 @@ TEST_F(OldestLayout, AnAnnulmentLeavesOnlyTheTabModuloOneAndTheReferences) {
   EXPECT_FALSE(c<Picker>("TownComuneResidenzaAnnoPrec").available());
 }
 
+TEST_F(OldestLayout, TheLaterOnesAreNeverShrunk) {
+  for (const int anno : {2015, 2016}) {
+    apri(anno, {}, 2);
+    EXPECT_FALSE(editor->shrunk()) << anno;
+  }
+}
+
 TEST_F(OldestLayout, TheOtherKindsShowAll) {
   for (const int tipo : {3, 1, 0}) {
     apri(2014, {}, 2);

@@ -24,6 +24,15 @@ TEST(Collation, CaseDoesNotCount) {
   EXPECT_EQ(compareItalian("Ÿ", "ÿ"), 0);
   EXPECT_EQ(compareItalian("ČŠŽ", "čšž"), 0);
   EXPECT_EQ(compareItalian("Łódź", "ŁÓDŹ"), 0);
+  EXPECT_EQ(compareItalian("Ŷ", "ŷ"), 0);
+  EXPECT_EQ(compareItalian("Ŋ", "ŋ"), 0);
+  EXPECT_EQ(compareItalian("Ĳ", "ĳ"), 0);
+}
+
+TEST(Collation, SignsAmongTheLettersOfTheCodePageAreNoLetters) {
+  EXPECT_NE(compareItalian("×", "÷"), 0);  // 32 apart as a letter's two cases are
+  EXPECT_LT(compareItalian("z", "×"), 0);
+  EXPECT_LT(compareItalian("ŷ", "z"), 0);
 }
 
 TEST(Collation, TrailingBlanksDoNotCount) {

@@ -249,6 +249,17 @@ TEST(Option, APersonsClickRaisesTheEventEachTimeAndCodeOnlyOnAChange) {
   EXPECT_EQ(options.values(), "10011");
 }
 
+TEST(Option, WithoutAHandlerAClickTurnsItOnAllTheSame) {
+  Options options;
+  options.b.onClick = nullptr;
+  options.b.click();
+  EXPECT_EQ(options.values(), "01011");
+  options.c.onClick = nullptr;
+  options.c.setValue(true);
+  EXPECT_EQ(options.values(), "00111");
+  EXPECT_TRUE(options.clicks.empty());
+}
+
 TEST(Option, CodeCanTurnItOffWithoutAnEvent) {
   Options options;
   options.a.setValue(false);

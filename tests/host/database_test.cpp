@@ -54,6 +54,13 @@ TEST(ConnectionRowset, WithoutAFilterTheWholeTableIsRead) {
   EXPECT_EQ(rowset.source(), "SELECT Anno FROM PeriodoIva");
 }
 
+TEST(ConnectionRowset, WithoutFieldsEveryColumnIsRead) {
+  FakeConnection connection;
+  ConnectionRowset rowset(connection);
+  rowset.setTable("PeriodoIva");
+  EXPECT_EQ(rowset.source(), "SELECT * FROM PeriodoIva");
+}
+
 TEST(ConnectionRowset, GivesTheFirstRow) {
   FakeConnection connection;
   connection.answerContaining("T", Table({"A", "B"}, {{whole(1), Value()}, {whole(2), whole(3)}}));

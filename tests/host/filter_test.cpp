@@ -130,6 +130,12 @@ TEST(RowFilter, ComparesDays) {
   EXPECT_FALSE(matches("Data <> #05/03/2017#", row));
 }
 
+TEST(RowFilter, AFieldThatIsNoDateAgainstADayComparesDays) {
+  EXPECT_TRUE(matches("Codice = #05/03/2017#", {null(), text("2017-03-05")}));
+  EXPECT_TRUE(matches("Anno < #05/03/2017#", {whole(42798)}));
+  EXPECT_FALSE(matches("Codice = #05/03/2017#", {null(), text("nessuna")}));
+}
+
 TEST(RowFilter, FlagsInNumbersAndInWords) {
   EXPECT_TRUE(matches("Anno = TRUE", {whole(-1)}));
   EXPECT_TRUE(matches("Anno = true", {whole(-1)}));
@@ -226,6 +232,8 @@ TEST(RowFilter, RefusesWhatIsNoCondition) {
                                 "1 = 1",
                                 "Anno => 1",
                                 "Anno = 99999999999999999999",
+                                "{Anno = 1",
+                                "Anno = 1 |",
                                 "Anno = \"x\""}) {
     EXPECT_EQ(errorOf(condition), kErrorFilter) << condition;
   }
@@ -244,6 +252,7 @@ TEST(RowFilter, RefusesAFieldThatIsNotThere) {
   EXPECT_EQ(errorOf("Mese = 1"), kErrorItemNotFound);
   EXPECT_EQ(errorOf("Anno = 1 OR Mese = 1"), kErrorItemNotFound);
   EXPECT_EQ(errorOf("[Nota] = 1"), kErrorItemNotFound);
+  EXPECT_EQ(errorOf("Città = 'x'"), kErrorItemNotFound);  // a name, and not a mark that cannot be read
   EXPECT_EQ(errorOf("AND Anno = 1"), kErrorItemNotFound);
   EXPECT_EQ(errorOf("NOT Anno = 1"), kErrorItemNotFound);
   try {

@@ -257,6 +257,23 @@ TEST(Focus, AControlThatGoesAwayYieldsItToTheNext) {
   EXPECT_EQ(on.form.focus(), &on.c);
 }
 
+TEST(Focus, ControlsThatTakeNoneAreSkippedWhenItMovesOn) {
+  Focused on;
+  Label between(on.form, "lblTra", nullptr);
+  Button last(on.form, "d", nullptr);
+  on.form.setFocus(&on.c);
+  on.c.setEnabled(false);
+  on.form.settleFocus();
+  EXPECT_EQ(on.form.focus(), &last);
+}
+
+TEST(Form, WithoutALoadOfItsOwnItOpensAllTheSame) {
+  Stage stage;
+  Form form(stage.frontEnd, "frmVuoto", "Vuoto");
+  form.show();
+  EXPECT_TRUE(form.isOpen());
+}
+
 TEST(Focus, TheLastYieldsItToTheFirst) {
   Focused on;
   on.form.setFocus(&on.c);

@@ -245,5 +245,28 @@ TEST(Grid, ItsStateIsZeroAtRest) {
   EXPECT_EQ(on.grid.state(), 1);
 }
 
+TEST(Grid, WithoutHandlersAPressStillMovesTheRow) {
+  Bound on;
+  on.grid.bind(&on.rows.set);
+  on.grid.press(3, "Selezionato");
+  EXPECT_EQ(on.grid.row(), 3U);
+  on.grid.doubleClick(2);
+  EXPECT_EQ(on.grid.row(), 2U);
+  EXPECT_FALSE(on.grid.keyDown(32, 0));
+  EXPECT_EQ(on.grid.row(), 2U);
+}
+
+TEST(Grid, NoKeyIsNoneThatAHandlerConsumed) {
+  Bound on;
+  EXPECT_FALSE(on.grid.keyDown(0, 1));
+}
+
+TEST(Grid, UnboundNoRowCanBeSelected) {
+  Bound on;
+  on.grid.selectRow(1);
+  EXPECT_EQ(on.grid.row(), 0U);
+  EXPECT_TRUE(on.rowChanges.empty());
+}
+
 }  // namespace
 }  // namespace cu

@@ -150,6 +150,16 @@ TEST(ListBox, LoadingAgainDropsTheChoice) {
   EXPECT_EQ(on.list.entries().size(), 3U);
 }
 
+TEST(ListBox, WithoutAHandlerLoadingAgainDropsTheChoiceToo) {
+  Lists on;
+  on.loadYears();
+  on.list.setIndex(2);
+  on.list.onChange = nullptr;
+  on.list.load();
+  EXPECT_EQ(on.list.index(), -1);
+  EXPECT_EQ(on.changes, (std::vector<int>{2}));
+}
+
 TEST(ListBox, ALoadThatFailsLeavesTheListAsItWas) {
   Lists on;
   EXPECT_EQ(errorOf([&] { on.list.load(); }), kErrorObjectNotSet);

@@ -175,5 +175,78 @@ TEST_F(Amounts, ALockedBoxTakesNothing) {
   EXPECT_EQ(box.value(), 0);
 }
 
+TEST_F(Amounts, ANewFormatReshapesWhatStands) {
+  box.setNumber(amount("1234.5"));
+  box.setFormat(2, "$", ".", ",");
+  EXPECT_EQ(box.text(), "1,234.50");
+  EXPECT_EQ(box.number(), amount("1234.5"));
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_F(Amounts, WithoutAMarkOfDecimalsOnlyDigitsAreLetIn) {
+  box.setFormat(0, "L.", "", "");
+  box.enter("1.2,34");
+  EXPECT_EQ(box.value(), 1234);
+  box.paste("5678");
+  EXPECT_EQ(box.value(), 5678);
+  leave();
+  EXPECT_EQ(box.text(), "5678");
+}
+
+TEST_F(Amounts, ACharacterAtAPlaceMustLeaveANumberWithinTheLimits) {
+  box.setLimits(amount("-99"), amount("99"));
+  box.enter("12");
+  EXPECT_TRUE(box.typeAt(0, 0, U'-'));
+  EXPECT_EQ(box.value(), -12);
+  EXPECT_FALSE(box.typeAt(0, 0, U'-'));
+  EXPECT_FALSE(box.typeAt(2, 0, U'-'));
+  EXPECT_FALSE(box.typeAt(1, 0, U'9'));  // -912
+  EXPECT_TRUE(box.typeAt(1, 1, U'9'));
+  EXPECT_EQ(box.value(), -92);
+}
+
+TEST_F(Amounts, AMinusThatLeavesTheLimitsIsNotLetIn) {
+  box.setLimits(amount("-5"), amount("99"));
+  box.enter("12");
+  EXPECT_FALSE(box.typeAt(0, 0, U'-'));
+  EXPECT_EQ(box.value(), 12);
+}
+
+TEST_F(Amounts, ErasingMustLeaveANumberWithinTheLimits) {
+  box.setLimits(amount("10"), amount("99"));
+  box.setText("99,5");
+  EXPECT_FALSE(box.eraseAt(2, 1));  // 995
+  EXPECT_FALSE(box.eraseAt(1, 1));  // 9,5
+  EXPECT_EQ(box.text(), "99,5");
+  EXPECT_TRUE(box.eraseAt(2, 2));
+  EXPECT_EQ(box.value(), 99);
+  EXPECT_TRUE(box.eraseAt(0, 2));  // an empty box may be left below the least value
+  EXPECT_EQ(box.text(), "");
+}
+
+TEST_F(Amounts, ErasingWhatKeepsATextANumberIsRefused) {
+  box.setLimits(amount("-99"), amount("99"));
+  box.setText("1-2");  // by code
+  EXPECT_FALSE(box.eraseAt(2, 1));
+  EXPECT_EQ(box.text(), "1-2");
+  EXPECT_TRUE(box.eraseAt(0, 1));
+  EXPECT_EQ(box.value(), -2);
+}
+
+TEST_F(Amounts, APasteAtAPlaceThatMakesNoNumberChangesNothing) {
+  box.enter("12");
+  EXPECT_FALSE(box.pasteAt(1, 0, "abc"));
+  EXPECT_EQ(box.text(), "12");
+  EXPECT_TRUE(box.pasteAt(1, 0, "34"));
+  EXPECT_EQ(box.value(), 1342);
+}
+
+TEST_F(Amounts, WithoutAHandlerTheNumberChangesAllTheSame) {
+  box.onChange = nullptr;
+  box.setNumber(amount("5"));
+  EXPECT_EQ(box.text(), "5,00");
+  EXPECT_EQ(changes, 0);
+}
+
 }  // namespace
 }  // namespace cu

@@ -108,5 +108,33 @@ TEST_F(PickerTest, TellsItsViewWhatChanges) {
   EXPECT_EQ(view.changes, 1);
 }
 
+TEST_F(PickerTest, ListsTheMunicipalitiesWithTheirProvincesByName) {
+  connection.answer(
+      "SELECT Comune.IDComune, Provincia.Provincia, Comune.Comune FROM Comune LEFT JOIN Provincia ON "
+      "Comune.IDProvincia = Provincia.IDProvincia ORDER BY Comune.Comune",
+      Table({"IDComune", "Provincia", "Comune"},
+            {{test::whole(59), text("MI"), text("Milano")}, {test::whole(58), text("RM"), text("Roma")}}));
+  Recordset rows;
+  picker.list(rows);
+  EXPECT_EQ(rows.RecordCount(), 2U);
+  EXPECT_EQ(rows.Get("Comune").text(), "Milano");
+  EXPECT_EQ(picker.record(), 0);
+  EXPECT_EQ(changes, 0);
+}
+
+TEST_F(PickerTest, UnboundItHasNoList) {
+  Picker other(form, "TownAltro", nullptr);
+  Recordset rows;
+  EXPECT_EQ(errorOf([&] { other.list(rows); }), kErrorObjectNotSet);
+}
+
+TEST_F(PickerTest, TheSameIdUnderAnotherNameIsAChange) {
+  picker.setRecord(58);
+  connection.answer("SELECT Comune FROM Comune WHERE IDComune = 58", Table({"Comune"}, {{text("ROMA")}}));
+  picker.setRecord(58);
+  EXPECT_EQ(picker.text(), "ROMA");
+  EXPECT_EQ(changes, 2);
+}
+
 }  // namespace
 }  // namespace cu

@@ -144,6 +144,14 @@ TEST(RecordsetChange, AnAddedRowIsEmptyAndStandsLast) {
   EXPECT_EQ(numbers(rows.set), (std::vector<std::int64_t>{1, 2, 3}));
 }
 
+TEST(RecordsetChange, ARowBeingAddedHasNoPlaceYet) {
+  OpenRows rows(lines(2));
+  rows.set.AddNew();
+  EXPECT_EQ(rows.set.AbsolutePosition(), 0U);
+  rows.set.Update();
+  EXPECT_EQ(rows.set.AbsolutePosition(), 3U);
+}
+
 TEST(RecordsetChange, ARowCanBeAddedToNone) {
   OpenRows rows({});
   rows.set.AddNew();

@@ -103,6 +103,18 @@ TEST(RecordsetFilter, FromTheEndItsGoingLeadsToTheFirstRow) {
   EXPECT_EQ(rows.set.Get("Numero").integer(), 1);
 }
 
+TEST(RecordsetFilter, TheBookmarkOfARowThatDoesNotShowLeadsNowhere) {
+  OpenRows rows(lines(5));
+  rows.set.MoveTo(5);
+  const auto last = rows.set.Bookmark();
+  rows.set.MoveTo(2);
+  const auto second = rows.set.Bookmark();
+  rows.set.SetFilter("Numero < 5 AND Numero <> 2");
+  EXPECT_EQ(errorOf([&] { rows.set.SetBookmark(last); }), kErrorNoCurrentRow);
+  EXPECT_EQ(errorOf([&] { rows.set.SetBookmark(second); }), kErrorNoCurrentRow);
+  EXPECT_EQ(rows.set.Get("Numero").integer(), 1);
+}
+
 TEST(RecordsetFilter, ABookmarkHoldsUnderAnotherFilter) {
   OpenRows rows(lines(6));
   rows.set.MoveTo(4);

@@ -151,11 +151,36 @@ TEST(Selector, EmptyingAndBindingAnewRaiseTheEventWhenSomethingWasChosen) {
   EXPECT_EQ(on.changes, 4);
 }
 
+TEST(Selector, ListsTheRowsOfItsFilterByDescription) {
+  Bound on;
+  const std::string head = "SELECT IDAnagrafica, Codice, Anagrafica FROM RepPercipienteCD";
+  on.connection.answer(
+      head + " WHERE IDAzienda = 1 ORDER BY Anagrafica",
+      Table({"IDAnagrafica", "Codice", "Anagrafica"},
+            {{whole(43), text("008"), text("BIANCHI")}, {whole(42), text("007"), text("ROSSI")}}));
+  Recordset rows;
+  on.selector.list(rows);
+  EXPECT_EQ(rows.RecordCount(), 2U);
+  EXPECT_EQ(rows.Get("Anagrafica").text(), "BIANCHI");
+  EXPECT_EQ(on.selector.record(), 0);
+
+  Selector::Binding binding = payees();
+  binding.filter.clear();
+  on.selector.bind(on.connection, binding);
+  on.connection.answer(head + " ORDER BY Anagrafica", Table({"IDAnagrafica", "Codice", "Anagrafica"}, {}));
+  Recordset all;
+  on.selector.list(all);
+  EXPECT_TRUE(all.Eof());
+  EXPECT_EQ(on.changes, 0);
+}
+
 TEST(Selector, UnboundItSaysSo) {
   Stage stage;
   Selector selector(stage.form, "cdPagamento", nullptr);
   EXPECT_EQ(errorOf([&] { selector.chooseCode("A"); }), kErrorObjectNotSet);
   EXPECT_EQ(errorOf([&] { selector.chooseRecord(1); }), kErrorObjectNotSet);
+  Recordset rows;
+  EXPECT_EQ(errorOf([&] { selector.list(rows); }), kErrorObjectNotSet);
 }
 
 }  // namespace

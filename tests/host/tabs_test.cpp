@@ -80,6 +80,15 @@ TEST_F(TabsTest, HidingTheSelectedOneShowsTheFirstThatIsLeft) {
   expectShown(2);
 }
 
+TEST_F(TabsTest, TheLastThatIsHiddenKeepsItsPageUntilAnotherIsSelected) {
+  three();
+  for (const int tab : {1, 2, 3}) tabs.setTabVisible(tab, false);
+  expectShown(3);
+  tabs.setTabVisible(1, true);
+  tabs.select(1);
+  expectShown(1);
+}
+
 TEST_F(TabsTest, IsFoundByItsCaption) {
   three();
   EXPECT_EQ(tabs.indexOf("Uno"), 1);

@@ -201,5 +201,76 @@ TEST(EditBox, LockAndBackgroundAreToldToTheView) {
   EXPECT_TRUE(on.box.locked());
 }
 
+TEST(EditBox, ACharacterIsTypedAtAPlaceOrInPlaceOfAStretch) {
+  Box on;
+  on.box.setText("però no");
+  on.changes.clear();
+  EXPECT_TRUE(on.box.typeAt(4, 0, U'!'));
+  EXPECT_EQ(on.box.text(), "però! no");
+  EXPECT_TRUE(on.box.typeAt(3, 3, U'€'));
+  EXPECT_EQ(on.box.text(), "per€no");
+  EXPECT_TRUE(on.box.typeAt(6, 9, U'.'));
+  EXPECT_EQ(on.changes, (std::vector<std::string>{"però! no", "per€no", "per€no."}));
+}
+
+TEST(EditBox, ACharacterAtAPlaceObeysLockFilterAndLength) {
+  Box on;
+  on.box.setMaxLength(4);
+  on.box.setText("1à34");
+  on.changes.clear();
+  EXPECT_FALSE(on.box.typeAt(2, 0, U'5'));  // full
+  EXPECT_TRUE(on.box.typeAt(2, 1, U'5'));   // what it takes the place of makes room
+  EXPECT_EQ(on.box.text(), "1à54");
+  on.box.keyFilter = digitsOnly;
+  EXPECT_FALSE(on.box.typeAt(0, 1, U'x'));
+  on.box.setLocked(true);
+  EXPECT_FALSE(on.box.typeAt(0, 1, U'9'));
+  EXPECT_EQ(on.changes, (std::vector<std::string>{"1à54"}));
+}
+
+TEST(EditBox, APasteAtAPlaceIsCutAtTheRoomThatIsLeft) {
+  Box on;
+  on.box.setText("però");
+  on.changes.clear();
+  EXPECT_TRUE(on.box.pasteAt(1, 2, "àèì"));
+  EXPECT_EQ(on.box.text(), "pàèìò");
+  on.box.setMaxLength(6);
+  EXPECT_TRUE(on.box.pasteAt(5, 0, "xyz"));
+  EXPECT_EQ(on.box.text(), "pàèìòx");
+  EXPECT_EQ(on.changes, (std::vector<std::string>{"pàèìò", "pàèìòx"}));
+}
+
+TEST(EditBox, NothingIsPastedIntoAFullOrALockedBox) {
+  Box on;
+  on.box.setText("più lungo");  // by code, past the length
+  on.box.setMaxLength(4);
+  on.changes.clear();
+  on.box.pasteAt(2, 0, "no");
+  EXPECT_EQ(on.box.text(), "più lungo");
+  on.box.setLocked(true);
+  EXPECT_FALSE(on.box.pasteAt(0, 9, "x"));
+  EXPECT_EQ(on.box.text(), "più lungo");
+  EXPECT_TRUE(on.changes.empty());
+}
+
+TEST(EditBox, AStretchIsErasedUnlessTheBoxIsLocked) {
+  Box on;
+  on.box.setText("àèìòù");
+  on.changes.clear();
+  EXPECT_TRUE(on.box.eraseAt(1, 2));
+  EXPECT_EQ(on.box.text(), "àòù");
+  on.box.setLocked(true);
+  EXPECT_FALSE(on.box.eraseAt(0, 1));
+  EXPECT_EQ(on.changes, (std::vector<std::string>{"àòù"}));
+}
+
+TEST(EditBox, WithoutAHandlerItTakesTheTextAllTheSame) {
+  Box on;
+  on.box.onChange = nullptr;
+  on.box.setText("a");
+  EXPECT_TRUE(on.box.type(U'b'));
+  EXPECT_EQ(on.box.text(), "ab");
+}
+
 }  // namespace
 }  // namespace cu

@@ -324,6 +324,7 @@ TEST(YearBounds, AYearBeyond16BitsIsAnError) {
   ScriptedFrontEnd frontEnd;
   const SimpleUtility utilita(frontEnd);
   EXPECT_THROW(stampa::fnFiltroAnno(dati(246, kConto, conAnni("2014", "40000")), utilita), Error);
+  EXPECT_THROW(stampa::fnFiltroAnno(dati(246, kConto, conAnni("-40000", "2016")), utilita), Error);
 }
 
 }  // namespace

@@ -40,6 +40,15 @@ TEST_F(FormLoad, TheMenusStyleIsTheStoredOne) {
   EXPECT_EQ(form().BarMenuWzr.style(), 5);
 }
 
+TEST_F(FormLoad, AStoredStyleThatIsNoSmallNumberIsThePlainOne) {
+  for (const char* testo : {"-3", "100", "99999999999999999999", "nessuno"}) {
+    settings.values[kStile] = testo;
+    avvia();
+    EXPECT_EQ(form().BarMenuWzr.style(), 0) << testo;
+    form().unload();
+  }
+}
+
 TEST_F(FormLoad, TheFolderIsTheSuitesWhereNoneIsStored) {
   avvia();
   EXPECT_EQ(form().txtPercorsoCU.text(), "/cu");

@@ -77,7 +77,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Tasto{"F1", kF1, 0, true}, Tasto{"Esc", kEsc, 0, false},
                     Tasto{"ShiftEsc", kEsc, kMaiuscole, false}, Tasto{"ControlEsc", kEsc, kControl, false},
                     Tasto{"Enter", 13, 0, false}, Tasto{"F2", 113, 0, false},
-                    Tasto{"ControlA", 65, kControl, false}),
+                    Tasto{"ControlF1", kF1, kControl, false}, Tasto{"ControlA", 65, kControl, false}),
     [](const auto& caso) { return std::string(caso.param.nome); });
 
 class ToolKeys : public testing::TestWithParam<std::pair<std::int16_t, const char*>>, public WizardProva {};

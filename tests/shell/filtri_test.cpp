@@ -209,6 +209,20 @@ TEST_F(Filters, PayeesComeBeforeReasons) {
   EXPECT_EQ(filtro(), " AND Anagrafica >= 'Rossi' AND CodiceCausalePagamento <= 'M'");
 }
 
+TEST_F(Filters, EachBoundByCodeStandsAlone) {
+  avvia(247);
+  form().optCode.click();
+  form().KrnCDPerc1.choose("P9", "Verdi");
+  EXPECT_EQ(filtro(), " AND CodicePercipiente <= 'P9'");
+}
+
+TEST_F(Filters, WithNeitherCodeNorNameChosenThePayeesAreNotLimited) {
+  avvia(247);
+  form().optName.setValue(false);
+  form().KrnCDPerc0.choose("P1", "Rossi");
+  EXPECT_EQ(filtro(), "");
+}
+
 TEST_F(Filters, ABlankReasonIsNoBound) {
   avvia(247);
   form().KrnCDCausContrib0.choose("  ", "Prestazioni");

@@ -251,6 +251,58 @@ TEST_F(Editing, AnAnnulmentBefore2015OpensTheFullEditor) {
   EXPECT_THAT(frontEnd.shown, ElementsAre("frmCompenso"));
 }
 
+TEST_F(Editing, AnAnnulmentFrom2015OnOpensOnlyTheDialogOfTheReferences) {
+  vai(2015, 1);
+  frontEnd.modals.push_back([](Form& dialogo) {
+    dynamic_cast<TextBox&>(*dialogo.find("txtProtocollo")).enter("12345678901234567");
+    dynamic_cast<TextBox&>(*dialogo.find("txtProgressivo")).enter("000001");
+    dynamic_cast<Button&>(*dialogo.find("cmdOk")).click();
+  });
+  form().grdCompensi.doubleClick(2);
+  EXPECT_THAT(frontEnd.shown, ElementsAre("frmDatiAggiuntivi"));
+  ASSERT_THAT(istruzioni(), SizeIs(1));
+  EXPECT_THAT(istruzioni()[0], HasSubstr(" WHERE Anno = 2015 AND IDAnagrafica = 2 "));
+  EXPECT_EQ(form().grdCompensi.rowCount(), 2U);
+}
+
+TEST_F(Editing, AnAnnulmentGivenUpInItsDialogSavesNothing) {
+  vai(2016, 1);
+  frontEnd.modals.push_back(
+      [](Form& dialogo) { dynamic_cast<Button&>(*dialogo.find("cmdAnnulla")).click(); });
+  form().grdCompensi.doubleClick(1);
+  EXPECT_THAT(frontEnd.shown, ElementsAre("frmDatiAggiuntivi"));
+  EXPECT_THAT(istruzioni(), IsEmpty());
+  EXPECT_EQ(form().grdCompensi.rowCount(), 2U);
+}
+
+TEST_F(Editing, WithNoKindChosenTheWholeEditorOpens) {
+  vai(2014);
+  form().optTipoComunicazione[0].setValue(false);
+  bool ridotto = true;
+  frontEnd.modals.push_back([&](Form& editor) { ridotto = editor.shrunk(); });
+  form().grdCompensi.doubleClick(1);
+  EXPECT_THAT(frontEnd.shown, ElementsAre("frmCompenso"));
+  EXPECT_FALSE(ridotto);
+}
+
+TEST_F(Editing, BeforeTheFirstRowNoEditorOpens) {
+  vai(2016);
+  form().grdCompensi.rows()->MoveFirst();
+  form().grdCompensi.rows()->MovePrevious();
+  form().BarMenuWzr.click("ModificaCompenso");
+  EXPECT_THAT(frontEnd.shown, IsEmpty());
+}
+
+class UnloadedGrid : public testing::Test, public WizardProva {};
+
+TEST_F(UnloadedGrid, ItsSpaceBarDoesNothing) {
+  avviaCU();
+  dimentica();
+  form().grdCompensi.keyDown(kSpazio, 0);
+  EXPECT_THAT(istruzioni(), IsEmpty());
+  EXPECT_THAT(database.main.texts(), IsEmpty());
+}
+
 class ReferencesButton : public testing::Test, public WizardProva {
  protected:
   void vai(std::size_t tipo) {

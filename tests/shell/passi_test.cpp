@@ -75,6 +75,25 @@ TEST_F(Steps, OneStageStandsBesideTheBandAndTheOthersFarToTheLeft) {
   for (const Frame& cornice : form().fraStep) EXPECT_TRUE(cornice.visible());
 }
 
+TEST_F(Steps, TheStagesAreTheThreeFramesInTheirOrder) {
+  avvia(247);
+  EXPECT_THAT(form().stages(), ElementsAre(&form().fraStep[0], &form().fraStep[1], &form().fraStep[2]));
+}
+
+// The launcher never hands this mode over; were it to, the print's option would still be on.
+TEST_F(Steps, InTheFilesModeWithThePrintChosenTheSecondStepCanStart) {
+  avvia(342);
+  form().KRNCboEsCont0.setIndex(0);
+  premi(form().cmdNav[3]);
+  EXPECT_EQ(passo(), 1);
+  EXPECT_TRUE(form().cmdNav[4].enabled());
+  EXPECT_THAT(istruzioni(), IsEmpty());
+  dimentica();
+  premi(form().cmdNav[4]);  // prints without asking whether anything would come out
+  EXPECT_THAT(database.main.texts(), IsEmpty());
+  EXPECT_THAT(frontEnd.works, testing::Contains("Preparazione della stampa"));
+}
+
 TEST_F(Steps, GoingToTheGridFiltersLaysOutAndLoadsInThisOrder) {
   avviaCU();
   form().chkRicostruzione.setValue(true);

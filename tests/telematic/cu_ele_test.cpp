@@ -317,6 +317,17 @@ TEST_F(CUEleTest, TheFileIsClosedWhenTheRunIsOver) {
   EXPECT_EQ(ele_.FilePathName(), kFile);
 }
 
+TEST_F(CUEleTest, EachCertificateIsFollowedByItsOwnModules) {
+  righe({certificato(7, 3, "Bianchi", "A"), certificato(9, 3, "Rossi", "A")});
+  moduli(7, 3, {{{"AnnoModulo", whole(2010)}}});
+  moduli(9, 3, {{{"AnnoModulo", whole(2011)}}, {{"AnnoModulo", whole(2012)}}});
+  EXPECT_TRUE(crea());
+  EXPECT_EQ(letto().types(), "ABDHHDHHHZ");
+  EXPECT_EQ(letto().line('H', 2).value("AU001002"), "            2010");
+  EXPECT_EQ(letto().line('H', 4).value("AU001002"), "            2011");
+  EXPECT_EQ(letto().line('H', 5).value("AU001002"), "            2012");
+}
+
 TEST_F(CUEleTest, ModuleRowsOfAnotherShapeAreReadByTheirOwnNames) {
   righe({certificato(7, 3, "Bianchi", "A"), certificato(9, 3, "Rossi", "A")});
   moduli(7, 3, {{{"AnnoModulo", whole(2010)}}});

@@ -196,6 +196,30 @@ TEST(CUFileSeq, ACertificateNeedsToKnowItsColumns) {
   EXPECT_EQ(prova.files.files.at("/prova.cur"), "");
 }
 
+TEST(CUFileSeq, TheFrontispieceNeedsToKnowItsColumns) {
+  Prova prova(2016);
+  std::vector<std::string> colonne;
+  for (const std::string& nome : test::colonnePrincipali()) {
+    if (nome != "CodiceCarica") colonne.push_back(nome);
+  }
+  const test::Righe righe(test::risposta(colonne, {{}}));
+  CUFileSeq file(prova.ambiente());
+  file.setFilePathName("/prova.cur");
+  ASSERT_TRUE(file.OpenFile());
+  const auto numero = [&] {
+    try {
+      file.WriteRecordTipoB(righe[0], 1, "x", 1, "", false, "", Date());
+    } catch (const Error& error) {
+      return error.number();
+    }
+    return 0;
+  };
+  EXPECT_EQ(numero(), kErrorObjectNotSet);
+  file.legaQueryPrincipale(righe.colonne());
+  EXPECT_EQ(numero(), kErrorItemNotFound);
+  EXPECT_EQ(prova.files.files.at("/prova.cur"), "");
+}
+
 TEST(CUFileSeq, AColumnThatTheYearNeedsMustBeThere) {
   for (const char* manca :
        {"DataNascita", "CodiceFiscale", "ProtocolloAnnSost", "AmmontareLordo", "NonResidente"}) {

@@ -59,7 +59,7 @@ TEST(TogliSeparatori, RemovesBlanksAndTheMarksOfPhoneNumbers) {
 
 TEST(Numerico, IsATextThatReadsAsANumberAsAWhole) {
   for (const char* si : {"0", "0451234567", "12,5", "1e3", ",5"}) EXPECT_TRUE(numerico(si)) << si;
-  for (const char* no : {"", "int3", "045a", "a045", "12,5,6", "inf", "nan", ",", "1e999"}) {
+  for (const char* no : {"", "int3", "045a", "a045", "12,5,6", "12.5", "inf", "nan", ",", "1e999"}) {
     EXPECT_FALSE(numerico(no)) << no;
   }
   EXPECT_TRUE(numerico(std::string(400, '7')));

@@ -70,9 +70,14 @@ TEST(Riepiloga, TellsWhatIsWrongWithADamagedFile) {
   EXPECT_EQ(riepiloga(guasto).difetto, "I totali del record Z non corrispondono alle righe del file.");
   guasto.replace(guasto.size() - 1900, 1900, rigaZ("000000002", "000000002"));
   EXPECT_EQ(riepiloga(guasto).difetto, "I totali del record Z non corrispondono alle righe del file.");
-  guasto = contenuto;
-  guasto[19] = 'x';
-  EXPECT_EQ(riepiloga(guasto).anno, 0);
+  std::string dueB = contenuto;
+  dueB.insert(1900, contenuto.substr(1900, 1900));
+  EXPECT_EQ(riepiloga(dueB).difetto, "I totali del record Z non corrispondono alle righe del file.");
+  for (const std::size_t at : {15U, 19U}) {
+    guasto = contenuto;
+    guasto[at] = 'x';
+    EXPECT_EQ(riepiloga(guasto).anno, 0) << at;
+  }
 }
 
 TEST(Riepiloga, ReadsAnyTruncationAndAnyByteWithoutHarm) {
@@ -134,6 +139,13 @@ TEST(Decodifica, CellsAreCodesWithTheirSourceAndValuesJoined) {
             (Testi{"Tipo Record: D", "DA002002 (Anagrafica): ASSOCIAZIONE NICOLÒ E FIGLI",
                    "DA002026 (FusioneComuni): C", "DA003002: 1"}));
   EXPECT_EQ(decodifica(linea, 2017)[2], "DA002026 (CodiceComuneDiNascitaCorr): C");
+}
+
+TEST(Decodifica, ACodeRepeatedWithoutTheMarkIsAnotherValue) {
+  const std::string linea =
+      senzaFine(riga('D', 2016, {{"Campo1", "DA002026C"}, {"Campo2", "DA002026D"}, {"Filler 3", "A"}}));
+  EXPECT_EQ(decodifica("D" + linea.substr(1), 2016),
+            (Testi{"Tipo Record: D", "DA002026 (FusioneComuni): C", "DA002026 (FusioneComuni): D"}));
 }
 
 TEST(Decodifica, AFurtherModuleNamesItsOwnSources) {

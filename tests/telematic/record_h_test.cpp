@@ -317,6 +317,18 @@ TEST(RecordHAmounts, ALargerOneStopsWithItsPayeeReasonAndField) {
                                         {"SommeNonSoggetteARitenuta", amount("900000000000000")},
                                         {"QuotaProvvigioniNonSoggette", amount("900000000000000")}});
   EXPECT_NE(somma.errore.find("AU001007"), std::string::npos) << somma.errore;
+  const Scrittura senzaCodice = scrivi(2016, {{"Anno", whole(2016)},
+                                              {"SommeNonSoggetteARitenuta", amount("900000000000000")},
+                                              {"QuotaProvvigioniNonSoggette", amount("900000000000000")}});
+  EXPECT_NE(senzaCodice.errore.find("AU001006"), std::string::npos) << senzaCodice.errore;
+}
+
+TEST(RecordHAmounts, AnErrorNamesAPayeeWithoutAFirstNameByItsOneName) {
+  const Scrittura scrittura = scrivi(
+      2016,
+      {{"Anagrafica", text("Alfa srl")}, {"Codice", text("A")}, {"Imponibile", amount("10000000000000")}});
+  EXPECT_NE(scrittura.errore.find("Percipiente: Alfa srl, causale: A."), std::string::npos)
+      << scrittura.errore;
 }
 
 TEST(RecordHAmounts, AModulesErrorNamesThePayeeOfItsCertificate) {

@@ -130,6 +130,26 @@ TEST_F(References, AreAdaptedBeforeTheyRun) {
   EXPECT_THAT(istruzioni(), ElementsAre(riferimenti("'12'", "'3'", 1, 1) + " --"));
 }
 
+TEST_F(References, WithNoCurrentRowNoneIsCurrentAfterwards) {
+  for (const bool prima : {true, false}) {
+    carica({con(1, null(), null()), con(2, null(), null())});
+    if (prima) {
+      compensi.rsCompensi().MovePrevious();
+    } else {
+      compensi.rsCompensi().MoveLast();
+      compensi.rsCompensi().MoveNext();
+    }
+    compensi.sbAggiornaProtocolli("12", "3", true);
+    EXPECT_EQ(finestra.griglia.row(), 0U);
+    EXPECT_EQ(istruzioni().size(), 2U);
+  }
+}
+
+TEST_F(References, BeforeTheFirstLoadDoNothing) {
+  compensi.sbAggiornaProtocolli("12", "3", true);
+  EXPECT_THAT(istruzioni(), ElementsAre());
+}
+
 TEST_F(References, OnAnEmptyGridDoNothing) {
   carica({});
   compensi.sbAggiornaProtocolli("12", "3", true);

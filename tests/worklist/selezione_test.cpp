@@ -151,6 +151,20 @@ TEST_F(Selection, OfAllRowsDoesNothingOnAnEmptyGrid) {
   EXPECT_THAT(frontEnd.pointers, ElementsAre());
 }
 
+TEST_F(Selection, OfAllRowsDoesNothingBeforeTheFirstLoad) {
+  compensi.sbSelezionaTutto(AzioneSelezione::Seleziona);
+  EXPECT_THAT(istruzioni(), ElementsAre());
+  EXPECT_THAT(frontEnd.pointers, ElementsAre());
+}
+
+TEST_F(Selection, ACountThatYieldsNoRowIsNone) {
+  carica({workRow(1, 1)});
+  database.main.answer(kConteggio, Table({"COUNT"}, {}));
+  EXPECT_TRUE(compensi.fnNessunaSelezione());
+  compensi.sbContaSelezionati();
+  EXPECT_EQ(didascaliaConteggio(), "[ 0 ]");
+}
+
 TEST_F(Selection, OfAllRowsThatFailsHalfwayLetsTheGridDrawAgain) {
   carica({workRow(1, 1), workRow(2, 1)});
   database.internal.refuseContaining("IDAnagrafica = 2");

@@ -132,6 +132,14 @@ TEST_F(FileSeqTest, AnOffsetOutsideTheRecordRaises5AndWritesNoLine) {
   EXPECT_EQ(content(), "xx  \r\n");
 }
 
+TEST_F(FileSeqTest, ARecordOfNegativeWidthRaises5AndWritesNoLine) {
+  record_.Fields().Add("Prima", 0, 2).setValue("xx");
+  record_.Fields().Add("Negativo", 0, -3);
+  file_.OpenFile(0);
+  EXPECT_EQ(errorOf([&] { file_.WriteRecord(record_); }), 5);
+  EXPECT_EQ(content(), "");
+}
+
 TEST(CopyMemory, AnOffsetEqualToTheWidthRaises5AndOneLessPlacesTheLastCharacter) {
   std::string buffer = "....";
   try {

@@ -140,6 +140,10 @@ TEST(CURecord, LengthBeyond32BitsIsAnOverflow) {
   EXPECT_EQ(record.Length(), 2147483647);
   record.Fields().Add("B", 0, 1);
   EXPECT_EQ(errorOf([&] { record.Length(); }), 6);
+  record.Fields().Item("A").setLength(-2147483647 - 1);
+  EXPECT_EQ(record.Length(), -2147483647);
+  record.Fields().Item("B").setLength(-1);
+  EXPECT_EQ(errorOf([&] { record.Length(); }), 6);
 }
 
 TEST(CURecords, HoldRecordsByNameWithoutRegardToCase) {
