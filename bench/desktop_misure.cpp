@@ -1,8 +1,11 @@
-// What a clerk waits for in the window: the step to the grid. Argument: how many payees (100,000 without
-// one).
+// What a clerk waits for in the window: the step to the grid, a key in an editor. Argument: how many payees
+// (100,000 without one).
 
 #include <QApplication>
+#include <QGridLayout>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
 #include <algorithm>
 #include <cstdlib>
@@ -69,6 +72,66 @@ void answer(const QString& caption) {
   });
 }
 
+// Digits typed and deleted again, each drawn before the next one comes: the mean of a key.
+double keySeconds(QLineEdit& line) {
+  constexpr int kDigits = 6;
+  constexpr int kRounds = 20;
+  line.setFocus();
+  const auto press = [&](int key, int digits) {
+    QTest::keyClick(&line, static_cast<Qt::Key>(key));
+    QCoreApplication::processEvents();
+    if (line.text().count(u'7') != digits) throw std::runtime_error("a key has not reached its field");
+  };
+  double best = 1e9;
+  for (int round = 0; round < kRounds; ++round) {
+    line.selectAll();
+    press(Qt::Key_Delete, 0);
+    best = std::min(best, seconds([&] {
+                            for (int i = 1; i <= kDigits; ++i) press(Qt::Key_7, i);
+                            for (int i = kDigits - 1; i >= 0; --i) press(Qt::Key_Backspace, i);
+                          }) / (2 * kDigits));
+  }
+  return best;
+}
+
+// A window of fields and nothing else, as large as an editor.
+double bareKeySeconds(QSize size) {
+  QWidget window;
+  auto* grid = new QGridLayout(&window);
+  constexpr int kFields = 60;
+  for (int i = 0; i < kFields; ++i) grid->addWidget(new QLineEdit(&window), i / 5, i % 5);
+  window.resize(size);
+  window.show();
+  QCoreApplication::processEvents();
+  return keySeconds(*window.findChild<QLineEdit*>());
+}
+
+void measureKeys(desktop::QtFrontEnd& screen, FrmWizard& wizard) {
+  Pair times;
+  QString failed = QStringLiteral("no editor has opened");
+  QTimer opened;
+  QObject::connect(&opened, &QTimer::timeout, &opened, [&] {
+    desktop::FormWindow& editor = *screen.topmost();
+    if (&editor.form() == &wizard || screen.busy()) return;  // not yet
+    opened.stop();
+    try {
+      auto* const field = editor.findChild<QLineEdit*>(QStringLiteral("curField(19)"));
+      if (field == nullptr || !field->isEnabled())
+        throw std::runtime_error("the field is not to be typed into");
+      times.ours = keySeconds(*field);
+      times.limit = bareKeySeconds(editor.size());
+      failed.clear();
+    } catch (const std::exception& error) {
+      failed = QString::fromUtf8(error.what());
+    }
+    QTest::keyClick(editor.focusWidget(), Qt::Key_Escape);
+  });
+  opened.start(10);
+  screen.perform(wizard.grdCompensi, [&] { wizard.grdCompensi.doubleClick(1); });
+  if (!failed.isEmpty()) throw std::runtime_error(failed.toStdString());
+  print({"key in an editor, drawn", times.ours, times.limit, "a window of bare fields", "value:0.01"});
+}
+
 void measure(const fs::path& folder, int payees) {
   const Profilo profile = profileOf(folder, "grande.db");
   creaArchivio(*creaConnessione(profile.database), ContenutoArchivio::Sintetico, {payees, 2016, 2016, 1});
@@ -102,6 +165,7 @@ void measure(const fs::path& folder, int payees) {
   print({"next step with " + grouped(static_cast<long long>(wizard.grdCompensi.rowCount())) + " lines",
          times.ours, times.limit, "the load's one statement", "ratio:1.5"});
 
+  measureKeys(screen, wizard);
   wizard.unload();
 }
 
