@@ -14,6 +14,9 @@
 // The font library keeps what it has read to the end of the process; that is no leak of this program.
 extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
+// Nor is it a message of this program.
+extern "C" const char* __lsan_default_options();
+extern "C" const char* __lsan_default_options() { return "print_suppressions=0"; }
 #endif
 
 namespace cu::reporting {
