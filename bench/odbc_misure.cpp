@@ -158,7 +158,7 @@ void measure(int rows, int statements) {
       [&] { each([&](const std::string& text) { connection->Execute(text); }); },
       [&] { each([&](const std::string& text) { second.execute(text); }); });
   compare(
-      grouped(statements) + " single rows", kParts, "ratio:1.1",
+      grouped(statements) + " single rows", kParts, "",
       [&] {
         for (int i = 0; i < statements / kParts; ++i) {
           RowStore one;
