@@ -10,7 +10,7 @@
 #include <optional>
 
 #include "disk/piccolo_disco_support.h"
-#include "system/corsa_support.h"
+#include "system/corsa_intera_support.h"
 
 namespace cu::test {
 namespace {
@@ -20,31 +20,6 @@ constexpr std::size_t kMoltePagine = 4000;
 // done again at the next opening.
 constexpr std::size_t kAncora = 6;
 
-struct Intera {
-  Intera() {
-    const LuogoCorsa luogo(true);
-    prima = luogo.conti();
-    CorsaGuidata corsa(luogo);
-    corsa.finisci();
-    EXPECT_TRUE(corsa.finita());
-    EXPECT_TRUE(corsa.detti().empty());
-    dopo = luogo.conti();
-    file = luogo.file();
-    stampe = luogo.stampe();
-    EXPECT_NE(prima, dopo);
-    EXPECT_FALSE(file.empty());
-    EXPECT_GT(stampe, 0U);
-  }
-  std::map<std::string, std::string> prima;
-  std::map<std::string, std::string> dopo;
-  std::string file;
-  std::size_t stampe = 0;
-};
-
-bool tutto(const LuogoCorsa& luogo, const Intera& intera) {
-  return luogo.file() == intera.file && luogo.conti() == intera.dopo && luogo.stampe() == intera.stampe;
-}
-
 bool diSpazio(const std::string& testo) {
   const auto dice = [&](const char* pezzo) { return testo.find(pezzo) != std::string::npos; };
   return dice("Spazio su disco esaurito") || dice("Il disco che contiene il database è pieno") ||
@@ -53,32 +28,19 @@ bool diSpazio(const std::string& testo) {
 }
 
 // What a run that met a full disk has left, now that there is room again.
-void controlla(const LuogoCorsa& luogo, const CorsaGuidata& corsa, const Intera& intera) {
+void controlla(const LuogoCorsa& luogo, const CorsaGuidata& corsa, const CorsaIntera& intera) {
   EXPECT_LT(corsa.codice(), 128) << "it was ended by a signal";
-  EXPECT_EQ(luogo.integrita(), "ok");
-  EXPECT_TRUE(luogo.altruiIntatti());
-  for (const auto& [tavola, contenuto] : luogo.conti()) {
-    EXPECT_TRUE(contenuto == intera.prima.at(tavola) || contenuto == intera.dopo.at(tavola)) << tavola;
-  }
+  intera.attendeSano(luogo);
   // Who goes on behind an error of the editor makes the file without the correction.
   EXPECT_TRUE(luogo.soloInteri(luogo.file()));
   if (!corsa.detti().empty()) {
     EXPECT_TRUE(std::any_of(corsa.detti().begin(), corsa.detti().end(), diSpazio)) << corsa.detti().front();
   } else if (corsa.finita()) {
-    EXPECT_TRUE(tutto(luogo, intera)) << "nothing was told, and something is missing";
+    EXPECT_TRUE(intera.tutta(luogo)) << "nothing was told, and something is missing";
   } else {
     // A telematic file that cannot be opened stops the run without a word, on the last step.
     EXPECT_EQ(luogo.file(), "") << "it stopped without a word";
   }
-}
-
-void riesce(const LuogoCorsa& luogo, const Intera& intera) {
-  CorsaGuidata corsa(luogo);
-  corsa.finisci();
-  EXPECT_TRUE(corsa.finita());
-  EXPECT_TRUE(corsa.detti().empty()) << corsa.detti().front();
-  EXPECT_TRUE(luogo.altruiIntatti());
-  EXPECT_TRUE(tutto(luogo, intera));
 }
 
 struct Conto {
@@ -91,7 +53,7 @@ void racconta(const char* cosa, const Conto& conto) {
 }
 
 // One file after the other that cannot grow beyond a size.
-void limitaFile(const Intera& intera) {
+void limitaFile(const CorsaIntera& intera) {
   Conto conto;
   for (std::size_t byte = 0; byte < (std::size_t{1} << 19); byte += byte < 65536 ? 4096 : 32768) {
     SCOPED_TRACE("files of " + std::to_string(byte) + " bytes");
@@ -105,14 +67,14 @@ void limitaFile(const Intera& intera) {
     ++conto.piene;
     conto.dette += corsa->detti().empty() ? 0 : 1;
     controlla(luogo, *corsa, intera);
-    riesce(luogo, intera);
+    intera.attendeRiuscita(luogo);
     if (testing::Test::HasFailure()) return;
   }
   EXPECT_GT(conto.dette, 5);
   racconta("limited files", conto);
 }
 
-void riempi(const PiccoloDisco& disco, PiccoloDisco::Risorsa risorsa, const Intera& intera) {
+void riempi(const PiccoloDisco& disco, PiccoloDisco::Risorsa risorsa, const CorsaIntera& intera) {
   Conto conto;
   std::size_t riuscite = 0;
   for (std::size_t quante = 0; riuscite < kAncora && quante < kMoltePagine; ++quante) {
@@ -128,7 +90,7 @@ void riempi(const PiccoloDisco& disco, PiccoloDisco::Risorsa risorsa, const Inte
     conto.piene += bene ? 0 : 1;
     conto.dette += corsa.detti().empty() ? 0 : 1;
     controlla(luogo, corsa, intera);
-    riesce(luogo, intera);
+    intera.attendeRiuscita(luogo);
     if (testing::Test::HasFailure()) return;
   }
   EXPECT_EQ(riuscite, kAncora);
@@ -137,7 +99,7 @@ void riempi(const PiccoloDisco& disco, PiccoloDisco::Risorsa risorsa, const Inte
 }
 
 TEST(FullDisk, IsToldAtEachWriteAndLosesNothing) {
-  const Intera intera;
+  const CorsaIntera intera(true);
   const PiccoloDisco disco;
   if (HasFailure()) return;
   if (!disco.montato()) {
@@ -151,7 +113,7 @@ TEST(FullDisk, IsToldAtEachWriteAndLosesNothing) {
 }
 
 TEST(FullDisk, IsToldForEachFileThatCannotGrow) {
-  const Intera intera;
+  const CorsaIntera intera(true);
   if (!HasFailure()) limitaFile(intera);
 }
 

@@ -9,18 +9,17 @@
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <cstdlib>
 #include <iostream>
 #include <random>
 #include <thread>
 
-#include "system/corsa_support.h"
+#include "system/corsa_intera_support.h"
 
 namespace cu::test {
 namespace {
 
-using Tempo = std::chrono::microseconds;
+using Tempo = CorsaIntera::Tempo;
 
 constexpr int kUccisioni = 300;
 constexpr int kTentativi = 3;  // for a kill; a program that is done sooner is not killed
@@ -31,68 +30,22 @@ int uccisioni() {
   return scelte == nullptr ? kUccisioni : std::max(1, std::atoi(scelte));
 }
 
-// A run that nothing disturbs.
-struct Intera {
-  explicit Intera(bool conModuli) : moduli(conModuli) {
-    const LuogoCorsa luogo(moduli);
-    prima = luogo.conti();
-    CorsaGuidata corsa(luogo);
-    for (std::size_t passo = 0; passo < CorsaGuidata::passi(); ++passo) {
-      const auto inizio = std::chrono::steady_clock::now();
-      corsa.passo();
-      tempi.push_back(std::chrono::duration_cast<Tempo>(std::chrono::steady_clock::now() - inizio));
-    }
-    corsa.finisci();
-    EXPECT_TRUE(corsa.finita());
-    EXPECT_TRUE(corsa.detti().empty());
-    dopo = luogo.conti();
-    file = luogo.file();
-    stampe = luogo.stampe();
-    EXPECT_NE(prima, dopo);
-    EXPECT_FALSE(file.empty());
-    EXPECT_EQ(stampe > 0, moduli);
-    EXPECT_TRUE(luogo.soloInteri(file));
-  }
-  bool moduli;
-  std::map<std::string, std::string> prima;
-  std::map<std::string, std::string> dopo;
-  std::string file;
-  std::size_t stampe = 0;
-  std::vector<Tempo> tempi;
-};
-
-void sano(const LuogoCorsa& luogo, const Intera& intera) {
-  EXPECT_EQ(luogo.integrita(), "ok");
-  EXPECT_TRUE(luogo.altruiIntatti());
-  EXPECT_TRUE(luogo.soloInteri(intera.file));
-  EXPECT_TRUE(intera.file.starts_with(luogo.file()));
-  for (const auto& [tavola, contenuto] : luogo.conti()) {
-    EXPECT_TRUE(contenuto == intera.prima.at(tavola) || contenuto == intera.dopo.at(tavola)) << tavola;
-  }
-}
-
-void riesce(const LuogoCorsa& luogo, const Intera& intera) {
-  CorsaGuidata corsa(luogo);
-  corsa.finisci();
-  EXPECT_TRUE(corsa.finita());
-  EXPECT_TRUE(corsa.detti().empty()) << corsa.detti().front();
-  EXPECT_TRUE(luogo.altruiIntatti());
-  EXPECT_EQ(luogo.file() == intera.file, true);
-  EXPECT_EQ(luogo.conti() == intera.dopo, true);
-  EXPECT_EQ(luogo.stampe(), intera.stampe);
-  EXPECT_TRUE(luogo.soloInteri(intera.file));
+void sano(const LuogoCorsa& luogo, const CorsaIntera& intera) {
+  intera.attendeSano(luogo);
+  EXPECT_TRUE(luogo.soloInteri(intera.file()));
+  EXPECT_TRUE(intera.file().starts_with(luogo.file()));
 }
 
 // Kills a run within a step of it. False where the program was done before.
-bool uccidi(const LuogoCorsa& luogo, const Intera& intera, std::mt19937& caso, std::size_t& passo) {
+bool uccidi(const LuogoCorsa& luogo, const CorsaIntera& intera, std::mt19937& caso, std::size_t& passo) {
   // Every other time a step that takes long, in proportion to what it takes.
-  std::vector<double> pesi(intera.tempi.size(), 1);
+  std::vector<double> pesi(intera.tempi().size(), 1);
   if (caso() % 2 == 0) {
-    std::transform(intera.tempi.begin(), intera.tempi.end(), pesi.begin(),
+    std::transform(intera.tempi().begin(), intera.tempi().end(), pesi.begin(),
                    [](Tempo tempo) { return static_cast<double>(tempo.count()); });
   }
   passo = std::discrete_distribution<std::size_t>(pesi.begin(), pesi.end())(caso);
-  std::uniform_int_distribution<Tempo::rep> istante(0, intera.tempi[passo].count());
+  std::uniform_int_distribution<Tempo::rep> istante(0, intera.tempi()[passo].count());
   const Tempo attesa(istante(caso));
   CorsaGuidata corsa(luogo);
   for (std::size_t i = 0; i < passo; ++i) corsa.passo();
@@ -104,8 +57,8 @@ bool uccidi(const LuogoCorsa& luogo, const Intera& intera, std::mt19937& caso, s
 }
 
 TEST(Kills, LoseNothing) {
-  const Intera senza(false);
-  const Intera con(true);
+  const CorsaIntera senza(false);
+  const CorsaIntera con(true);
   if (HasFailure()) return;
   const int quante = uccisioni();
   std::atomic<int> prossima = 0;
@@ -114,14 +67,14 @@ TEST(Kills, LoseNothing) {
   const auto uccidiFinche = [&](unsigned seme) {
     std::mt19937 caso(seme);
     while (prossima++ < quante && !HasFailure()) {
-      const Intera& intera = caso() % 3 == 0 ? con : senza;
+      const CorsaIntera& intera = caso() % 3 == 0 ? con : senza;
       for (int tentativo = 0; tentativo < kTentativi; ++tentativo) {
-        const LuogoCorsa luogo(intera.moduli);
+        const LuogoCorsa luogo(intera.moduli());
         std::size_t passo = 0;
         const bool ucciso = uccidi(luogo, intera, caso, passo);
         SCOPED_TRACE("step " + std::to_string(passo));
         sano(luogo, intera);
-        riesce(luogo, intera);
+        intera.attendeRiuscita(luogo);
         if (!ucciso) continue;
         ++riuscite;
         ++perPasso[passo];
