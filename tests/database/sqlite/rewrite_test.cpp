@@ -230,6 +230,15 @@ TEST(Rewrite, OrderByMeansTheColumnsOfTheResultFirst) {
        "ORDER BY a.Anagrafica, IDAnagrafica, Codice",
        "SELECT tmp12.*, a.Nome FROM tmp12 INNER JOIN Anagrafica AS a ON tmp12.IDAnagrafica = a.IDAnagrafica "
        "ORDER BY a.Anagrafica, tmp12.IDAnagrafica, tmp12.Codice"},
+      {"SELECT tmp12.*, a.IDAnagrafica AS Chi, a.Nome Codice2, v.Codice CodiceCarica FROM tmp12 INNER JOIN "
+       "Anagrafica a ON tmp12.IDAnagrafica = a.IDAnagrafica INNER JOIN tmp12 v ON v.Anno = tmp12.Anno ORDER "
+       "BY "
+       "IDAnagrafica, Codice",
+       "SELECT tmp12.*, a.IDAnagrafica AS Chi, a.Nome AS Codice2, v.Codice AS CodiceCarica FROM tmp12 INNER "
+       "JOIN "
+       "Anagrafica AS a ON tmp12.IDAnagrafica = a.IDAnagrafica INNER JOIN tmp12 AS v ON v.Anno = tmp12.Anno "
+       "ORDER "
+       "BY tmp12.IDAnagrafica, tmp12.Codice"},
       {"SELECT Lordo AS Anno FROM tmp12 ORDER BY Anno", "SELECT Lordo AS Anno FROM tmp12 ORDER BY Anno"},
   });
 }
