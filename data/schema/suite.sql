@@ -228,7 +228,7 @@ CREATE TABLE [dbo].[ContoIndividualeDatiAggiuntivi] (
   [Anno] [int] NOT NULL,
   [IDAzienda] [int] NOT NULL,
   [QuotaProvvigioniNonSoggette] [Importo] NULL,
-  [Anticipazione] [SiNo] NULL,
+  [Anticipazione] [SiNo] NULL DEFAULT 0,
   [IDCodicePerNonSoggetti] [int] NULL,
   [RitenuteSospese] [Importo] NULL,
   [AddRegionAcconto] [Importo] NULL,
@@ -384,17 +384,18 @@ GO
 CREATE INDEX [IX_TabellaRicorsione2_Utente] ON [dbo].[TabellaRicorsione2] ([IDUtente] ASC, [IDFunzione] ASC)
 GO
 
--- One row for each row of ContoIndividuale, whatever is missing beside it
+-- One row for each row of ContoIndividuale, whatever is missing beside it. The code of a reason that is not
+-- there, or has none, is null, and so is an advance that was stored so: the worklist refuses both
 CREATE VIEW [dbo].[RepContoIndividuale] AS
 SELECT CI.IDAnagrafica, CI.IDCausalePagamento, CI.Anno, CI.IDAzienda, CI.OnorarioProvvigioni,
        CI.QuotaProvvigioniNonSoggette, CI.SommeNonSoggette, CI.SommeNonSoggetteRegConv, CI.RitenutaAcconto,
        CI.RitenutaImposta, CI.ContributoPrevidenziale, CI.RitenutaPrevidenziale13,
        Anag.Anagrafica, Anag.Nome,
-       CASE WHEN ISNULL(Anag.CodiceFiscale, '') = '' THEN ISNULL(Anag.PartitaIva, '') ELSE Anag.CodiceFiscale END AS CodiceFiscale,
-       ISNULL(Causale.Codice, '') AS Codice, ISNULL(Causale.Codice, '') AS CodiceCausalePagamento,
+       CASE WHEN RTRIM(ISNULL(Anag.CodiceFiscale, '')) = '' THEN ISNULL(Anag.PartitaIva, '') ELSE Anag.CodiceFiscale END AS CodiceFiscale,
+       Causale.Codice, Causale.Codice AS CodiceCausalePagamento,
        Causale.CausalePagamento,
        Perc.Codice AS CodicePercipiente, Perc.IDAzienda AS IDAziendaPercipiente,
-       ISNULL(Dati.Anticipazione, 0) AS Anticipazione,
+       CASE WHEN Dati.IDAnagrafica IS NULL THEN 0 ELSE Dati.Anticipazione END AS Anticipazione,
        Dati.IDCodicePerNonSoggetti, Dati.RitenuteSospese, Dati.AddRegionAcconto, Dati.AddRegionImposta,
        Dati.AddRegionSospesa, Dati.AddComunAcconto, Dati.AddComunImposta, Dati.AddComunSospesa,
        Dati.ImponibileAnniPrecedenti, Dati.RitenuteAnniPrecedenti, Dati.RitenuteRimborsate,
@@ -458,7 +459,7 @@ SELECT Comp.IDCompenso, Comp.IDAzienda, Comp.IDAnagrafica, Comp.IDCausalePagamen
        Comp.ContributoPrevidenziale, Comp.RitenutaPrevidenziale13,
        Year(Comp.DataPagamento) AS Anno, Perc.Codice,
        Anag.Anagrafica, Anag.Nome,
-       CASE WHEN ISNULL(Anag.CodiceFiscale, '') = '' THEN ISNULL(Anag.PartitaIva, '') ELSE Anag.CodiceFiscale END AS CodiceFiscale,
+       CASE WHEN RTRIM(ISNULL(Anag.CodiceFiscale, '')) = '' THEN ISNULL(Anag.PartitaIva, '') ELSE Anag.CodiceFiscale END AS CodiceFiscale,
        Causale.Codice AS CodicePagamento, Causale.CausalePagamento
 FROM Compenso Comp
 LEFT JOIN Anagrafica Anag ON Comp.IDAnagrafica = Anag.IDAnagrafica

@@ -88,18 +88,6 @@ std::vector<std::string_view> nomiSchema() {
   return nomi;
 }
 
-std::vector<std::string_view> nomiMancanti(Connection& connessione) {
-  RowStore righe;
-  connessione.Query(domandaSui("name"), righe);
-  std::vector<std::string_view> mancanti = nomiSchema();
-  for (std::size_t i = 0; i < righe.size(); ++i) {
-    CellView nome;
-    righe.readFirst(i, 1, &nome);
-    std::erase_if(mancanti, [&](std::string_view each) { return equalsNoCase(each, nome.text()); });
-  }
-  return mancanti;
-}
-
 bool contieneSuite(Connection& connessione) {
   RowStore righe;
   connessione.Query(domandaSui("COUNT(*)"), righe);

@@ -28,9 +28,6 @@ struct TipoSchema {
 };
 std::vector<TipoSchema> tipiSchema();
 
-// The tables and views that the database lacks, in order. It only reads.
-std::vector<std::string_view> nomiMancanti(Connection& connessione);
-
 // Whether the database holds at least one of them. It only reads.
 bool contieneSuite(Connection& connessione);
 

@@ -166,13 +166,5 @@ TEST(Diritti, AreThoseThatTheGuideGrants) {
   EXPECT_EQ(concessi, attesi);
 }
 
-TEST(NomiMancanti, AreThoseThatTheDatabaseDoesNotList) {
-  const auto connessione = archivio();
-  EXPECT_THAT(nomiMancanti(*connessione), IsEmpty());
-  connessione->Execute("DROP VIEW RepCompenso");
-  connessione->Execute("DROP TABLE Nazione");
-  EXPECT_THAT(nomiMancanti(*connessione), ElementsAre("Nazione", "RepCompenso"));
-}
-
 }  // namespace
 }  // namespace cu

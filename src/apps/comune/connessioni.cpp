@@ -26,28 +26,31 @@ std::unique_ptr<Connection> apriServer(const Profilo::Database& database) {
   return connessione;
 }
 
-void esigiTabelle(Connection& connessione) {
-  const auto mancanti = nomiMancanti(connessione);
-  if (mancanti.empty()) return;
-  throw DatabaseError(
-      DatabaseErrorKind::NoSchema, 0, "",
-      "Il database del server non contiene le tabelle della suite, o l'utente non le vede: manca " +
-          std::string(mancanti.front()) +
-          ". Verificare con «cuctl check», correggere l'indirizzo nel profilo, o creare un "
-          "database con «cuctl create».");
+// A database of something else is told at once. One that lacks a table is opened: what needs it tells, or
+// goes on without.
+void esigiSuite(Connection& connessione, const std::string& senza) {
+  if (contieneSuite(connessione)) return;
+  throw DatabaseError(DatabaseErrorKind::NoSchema, 0, "",
+                      senza +
+                          " Verificare con «cuctl check», correggere l'indirizzo nel profilo, o creare un "
+                          "database con «cuctl create».");
 }
 
 }  // namespace
 
 std::unique_ptr<Connection> apriConnessione(const Profilo::Database& database) {
   switch (database.motore) {
-    case Profilo::Motore::Sqlite:
-      return SqliteConnection::open(database.origine, nomiSchema());
+    case Profilo::Motore::Sqlite: {
+      auto file = SqliteConnection::open(database.origine);
+      esigiSuite(*file, "Il database «" + database.origine + "» non contiene le tabelle della suite.");
+      return file;
+    }
     case Profilo::Motore::Odbc:
       break;
   }
   auto connessione = apriServer(database);
-  esigiTabelle(*connessione);
+  esigiSuite(*connessione,
+             "Il database del server non contiene le tabelle della suite, o l'utente non le vede.");
   return connessione;
 }
 

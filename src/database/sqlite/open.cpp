@@ -148,21 +148,4 @@ DatabaseHandle openFile(const std::string& path, bool create) {
   return database;
 }
 
-void requireTables(sqlite3* database, const std::string& path, std::span<const std::string_view> names) {
-  const StatementHandle query =
-      prepare(database,
-              "SELECT 1 FROM sqlite_schema WHERE type IN ('table', 'view') AND lower(name) = lower(?1)", "");
-  for (const std::string_view name : names) {
-    const Running running(query.get());
-    sqlite3_bind_text(query.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
-    const int code = sqlite3_step(query.get());
-    if (code == SQLITE_ROW) continue;
-    if (code != SQLITE_DONE) explain(database, path);
-    throw DatabaseError(
-        DatabaseErrorKind::NoSchema, 0, "",
-        "Il database " + quoted(path) + " non contiene le tabelle della suite: manca " + std::string(name) +
-            ". Correggere l'indirizzo nel profilo, o creare un database con " + "«cuctl create».");
-  }
-}
-
 }  // namespace cu::sqlite

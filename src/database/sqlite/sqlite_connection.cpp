@@ -13,11 +13,9 @@ struct SqliteConnection::State {
 SqliteConnection::SqliteConnection(std::unique_ptr<State> state) : state_(std::move(state)) {}
 SqliteConnection::~SqliteConnection() = default;
 
-std::unique_ptr<SqliteConnection> SqliteConnection::open(const std::string& path,
-                                                         std::span<const std::string_view> required) {
-  auto state = std::make_unique<State>(sqlite::openFile(path, false));
-  sqlite::requireTables(state->engine.handle(), path, required);
-  return std::unique_ptr<SqliteConnection>(new SqliteConnection(std::move(state)));
+std::unique_ptr<SqliteConnection> SqliteConnection::open(const std::string& path) {
+  return std::unique_ptr<SqliteConnection>(
+      new SqliteConnection(std::make_unique<State>(sqlite::openFile(path, false))));
 }
 
 std::unique_ptr<SqliteConnection> SqliteConnection::create(const std::string& path) {

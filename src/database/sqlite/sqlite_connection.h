@@ -17,10 +17,7 @@ namespace cu {
 // failed machine at most the last changes, never the file's order. For one thread.
 class SqliteConnection final : public Connection {
  public:
-  // An existing database. `required` are names of tables and views that it must hold, so that a file of
-  // another kind is told from the suite's.
-  static std::unique_ptr<SqliteConnection> open(const std::string& path,
-                                                std::span<const std::string_view> required = {});
+  static std::unique_ptr<SqliteConnection> open(const std::string& path);  // an existing database
   // A database to be filled: a new file, or one that is there. ":memory:" is one that nobody else sees.
   static std::unique_ptr<SqliteConnection> create(const std::string& path);
   ~SqliteConnection() override;
