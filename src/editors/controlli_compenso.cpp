@@ -96,9 +96,9 @@ void EditorCompenso::creaPagine() {
   }
   grdAltriModuli = &crea<Grid>("grdAltriModuli", fraAltriModuli);
   grdAltriModuli->onRowChange = [this] { mostraModulo(); };
-  // A click on the current row leaves a module that has just been begun.
-  grdAltriModuli->onMouseUp = [this](std::size_t riga, const std::string& /*colonna*/) {
-    if (riga > 0 && NuovoModulo) mostraModulo();
+  // To choose the current row leaves a module that has just been begun.
+  grdAltriModuli->onRowAgain = [this] {
+    if (NuovoModulo) mostraModulo();
   };
   picAltriModuli = &crea<Frame>("picAltriModuli", fraAltriModuli, "");
   picAltriModuli->setVisible(!disposizione_.immagine);

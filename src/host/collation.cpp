@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <utility>
 
 #include "host/text.h"
 
@@ -95,36 +96,77 @@ struct Key {
 
 // Letters of their own, without a plain one: upper to lower case.
 char32_t lowerCase(char32_t c) {
-  if (c == 0xC6 || c == 0xDE) return c + 32;                 // AE, thorn
-  if (c == 0xD0) return 0xF0;                                // eth
-  if (c == 0x132 || c == 0x14A || c == 0x152) return c + 1;  // IJ, eng, OE
+  if (c == 0xD0) return 0xF0;    // eth
+  if (c == 0x14A) return c + 1;  // eng
   return c;
 }
 
-// The key of the character that begins at `at`, moved behind it. A byte that begins none stands behind all
-// characters, by its value.
-Key keyAt(std::string_view text, std::size_t& at) {
-  const std::size_t begin = at;
-  const char32_t c = nextCodePoint(text, at);
-  if (c < 128) return {kWeight[c], 0};
-  if (c == 0xFFFD && at == begin + 1) return {0x200000U + static_cast<unsigned char>(text[begin]), 0};
-  const Folded folded = foldLatin(c);
-  if (folded.base != 0) return {kWeight[folded.base], folded.accent};
-  return {0x1000 + static_cast<std::uint32_t>(lowerCase(c)), 0};
+// The two letters that a double letter stands for; "" where it is none.
+std::string_view twoLetters(char32_t c) {
+  switch (c) {
+    case 0xC6:
+    case 0xE6:
+      return "ae";
+    case 0xDE:
+    case 0xFE:
+      return "th";
+    case 0xDF:
+    case 0x1E9E:
+      return "ss";
+    case 0x132:
+    case 0x133:
+      return "ij";
+    case 0x152:
+    case 0x153:
+      return "oe";
+    default:
+      return {};
+  }
 }
 
+// The keys of a text, one after the other.
+class Keys {
+ public:
+  Keys(std::string_view text, std::size_t at) : text_(text), at_(at) {}
+
+  bool done() const { return at_ == text_.size() && second_ == 0; }
+
+  // A byte that begins no character stands behind all characters, by its value.
+  Key next() {
+    if (second_ != 0) return {std::exchange(second_, 0U), 1};
+    const std::size_t begin = at_;
+    const char32_t c = nextCodePoint(text_, at_);
+    if (c < 128) return {kWeight[c], 0};
+    if (c == 0xFFFD && at_ == begin + 1) return {0x200000U + static_cast<unsigned char>(text_[begin]), 0};
+    const Folded folded = foldLatin(c);
+    if (folded.base != 0) return {kWeight[folded.base], folded.accent};
+    if (const std::string_view two = twoLetters(c); !two.empty()) {
+      second_ = weightOf(two[1]);
+      return {weightOf(two[0]), 1};
+    }
+    return {0x1000 + static_cast<std::uint32_t>(lowerCase(c)), 0};
+  }
+
+ private:
+  static std::uint32_t weightOf(char c) { return kWeight[static_cast<unsigned char>(c)]; }
+
+  std::string_view text_;
+  std::size_t at_;
+  std::uint32_t second_ = 0;  // of the double letter that has just been read
+};
+
 int compareFrom(std::string_view a, std::string_view b, std::size_t at) {
-  std::size_t i = at;
-  std::size_t j = at;
+  Keys left(a, at);
+  Keys right(b, at);
   int accents = 0;
-  while (i < a.size() && j < b.size()) {
-    const Key x = keyAt(a, i);
-    const Key y = keyAt(b, j);
+  while (!left.done() && !right.done()) {
+    const Key x = left.next();
+    const Key y = right.next();
     if (x.primary != y.primary) return x.primary < y.primary ? -1 : 1;
     if (accents == 0 && x.accent != y.accent) accents = x.accent < y.accent ? -1 : 1;
   }
-  if (i < a.size()) return 1;
-  if (j < b.size()) return -1;
+  if (!left.done()) return 1;
+  if (!right.done()) return -1;
   return accents;
 }
 

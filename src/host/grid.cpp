@@ -66,7 +66,11 @@ std::string Grid::shown(const GridColumn& column, const CellView& value) const {
 }
 
 void Grid::selectRow(std::size_t row) {
-  if (rows_ == nullptr || !rows_->IsOpen() || row == this->row() || row < 1 || row > rowCount()) return;
+  if (rows_ == nullptr || !rows_->IsOpen() || row < 1 || row > rowCount()) return;
+  if (row == this->row()) {
+    if (onRowAgain) onRowAgain();
+    return;
+  }
   rows_->MoveTo(row);
   notify();
   if (onRowChange) onRowChange();

@@ -71,6 +71,7 @@ class Grid : public Control {
   std::function<void(std::size_t row, const std::string& field)> onMouseUp;
   Event onDoubleClick;
   Event onRowChange;  // a row has become the current one, or is shown anew
+  Event onRowAgain;   // the row that is the current one already has been chosen
 
  private:
   std::vector<GridColumn> columns_;

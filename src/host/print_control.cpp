@@ -3,12 +3,10 @@
 namespace cu {
 
 void PrintControl::initialise(Setup setup) {
-  const std::string before = setup_.objectType == setup.objectType ? report() : std::string();
   setup_ = std::move(setup);
   reports_ = catalogue_ == nullptr ? std::vector<ReportInfo>() : catalogue_->reports(setup_.objectType);
   chosen_ = reports_.empty() ? -1 : 0;
-  // Coming back to the step with the same object type keeps the person's choice.
-  if (!chooseReport(setup_.report)) chooseReport(before);
+  chooseReport(setup_.report);
   notify();
 }
 

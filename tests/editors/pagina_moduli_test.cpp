@@ -170,6 +170,26 @@ TEST_P(ModulesPage, ARowClickedWhileANewModuleIsTypedShowsThatRowAgain) {
   EXPECT_THAT(numeri(), ElementsAre("2"));
 }
 
+TEST_P(ModulesPage, TheCurrentRowChosenWhileANewModuleIsTypedIsShownAgain) {
+  moduli({modulo(7, 2)});
+  apri(GetParam());
+  for (const auto& scegli : {&Grid::selectRow, &Grid::doubleClick}) {
+    premi("cmdNew");
+    EXPECT_EQ(numero(), 3);
+    (griglia().*scegli)(1);
+    EXPECT_EQ(numero(), 2);
+    EXPECT_TRUE(c<Button>("cmdDelete").enabled());
+  }
+}
+
+TEST_P(ModulesPage, TheCurrentRowChosenAgainLeavesWhatIsTypedIntoItsModule) {
+  moduli({modulo(7, 2)});
+  apri(GetParam());
+  importo(18).enter("1");
+  griglia().selectRow(1);
+  EXPECT_EQ(importo(18).text(), "1");
+}
+
 TEST_P(ModulesPage, TheGridsHeaderClickedWhileANewModuleIsTypedLeavesItToBeTyped) {
   moduli({modulo(7, 2)});
   apri(GetParam());

@@ -52,12 +52,36 @@ TEST(Collation, AnAccentedLetterIsAnotherOneRightBehindThePlainOne) {
   EXPECT_NE(compareItalian("è", "é"), 0);
 }
 
+TEST(Collation, ADoubleLetterStandsRightBehindTheTwoThatItIs) {
+  for (const auto& [one, two] : {std::pair{"æ", "ae"},
+                                 {"Æ", "AE"},
+                                 {"œ", "oe"},
+                                 {"Œ", "oe"},
+                                 {"ß", "ss"},
+                                 {"ẞ", "SS"},
+                                 {"ĳ", "ij"},
+                                 {"þ", "th"},
+                                 {"Þ", "Th"}}) {
+    EXPECT_LT(compareItalian(two, one), 0) << one;
+    EXPECT_GT(compareItalian(one, two), 0) << one;
+    EXPECT_LT(compareItalian(one, std::string(two) + "a"), 0) << one;
+    EXPECT_LT(compareItalian(std::string(two).substr(0, 1), one), 0) << one;
+    EXPECT_GT(compareItalian(one, std::string(two).substr(0, 1) + "!"), 0) << one;
+    EXPECT_LT(compareItalian(one, std::string(two).substr(0, 1) + "z"), 0) << one;
+    EXPECT_LT(compareItalian(std::string("x") + one, std::string("x") + two + "!"), 0) << one;
+  }
+  EXPECT_EQ(compareItalian("ẞ", "ß"), 0);
+  EXPECT_EQ(compareItalian("Weiß", "WEIß  "), 0);
+  EXPECT_LT(compareItalian("weiß", "weisz"), 0);
+  EXPECT_GT(compareItalian("weiß", "weiss"), 0);
+}
+
 TEST(Collation, TheOrderOfAnItalianList) {
   const std::vector<std::string> sorted = {
-      "",      " A",       "'A",       "(A)",   "-A",     ".",        "0",       "10",
-      "2",     "A",        "à",        "a b",   "Abate",  "D'Angelo", "Dandolo", "De Luca",
-      "Degan", "è",        "Esposito", "F",     "Müller", "Munari",   "Nicolo",  "NICOLÒ",
-      "Rossi", "ROSSI M.", "Rossini",  "Zanìn", "Zanon",  "Zürn",     "Æ",
+      "",        " A",       "'A",      "(A)",      "-A",    ".",      "0",      "10",       "2",
+      "A",       "à",        "a b",     "Abate",    "Aetna", "Ætna",   "Affi",   "D'Angelo", "Dandolo",
+      "De Luca", "Degan",    "è",       "Esposito", "F",     "Müller", "Munari", "Nicolo",   "NICOLÒ",
+      "Rossi",   "ROSSI M.", "Rossini", "Weiss",    "Weiß",  "Weissa", "Zanìn",  "Zanon",    "Zürn",
   };
   std::vector<std::string> shuffled = sorted;
   std::mt19937 random(1);

@@ -40,6 +40,30 @@ TEST(DateBox, ATextThatIsNoDateIsKeptAndWorthZero) {
   }
 }
 
+TEST(DateBox, ADateTypedWithoutZerosTakesItsFullShapeWhenTheFocusGoes) {
+  Stage stage;
+  DateBox box(stage.form, "dtDataFirma", nullptr);
+  box.enter("5/3/2017");
+  EXPECT_EQ(box.text(), "5/3/2017");
+  EXPECT_EQ(box.value(), 42799);
+  int changes = 0;
+  box.onChange = [&] { ++changes; };
+  stage.form.setFocus(&box);
+  stage.form.setFocus(nullptr);
+  EXPECT_EQ(box.text(), "05/03/2017");
+  EXPECT_EQ(box.value(), 42799);
+  EXPECT_EQ(changes, 0);
+}
+
+TEST(DateBox, ATextThatIsNoDateKeepsItsShapeWhenTheFocusGoes) {
+  Stage stage;
+  DateBox box(stage.form, "dtDataFirma", nullptr);
+  box.enter("31/2/2017");
+  stage.form.setFocus(&box);
+  stage.form.setFocus(nullptr);
+  EXPECT_EQ(box.text(), "31/2/2017");
+}
+
 TEST(DateBox, DayZeroAndEarlierDaysAreNumbersToo) {
   Stage stage;
   DateBox box(stage.form, "dtDataImpegno", nullptr);
