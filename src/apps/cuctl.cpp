@@ -214,11 +214,13 @@ int eseguiProgramma(int quanti, char** argomenti) {
   aggiungiPrint(programma, esegui);
   try {
     programma.parse(quanti, argomenti);
+    rifiutaVuoti(programma);
   } catch (const CLI::Success& aiuto) {
     programma.exit(aiuto);
     return kRiuscito;
   } catch (const CLI::ParseError& errore) {
-    std::cerr << "cuctl: " << erroreUso(errore) << "\nPer l'aiuto: cuctl --help, cuctl COMANDO --help\n";
+    std::cerr << "cuctl: " << erroreUso(programma, errore)
+              << "\nPer l'aiuto: cuctl --help, cuctl COMANDO --help\n";
     return kUsoSbagliato;
   }
   try {

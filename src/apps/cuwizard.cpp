@@ -123,7 +123,7 @@ int eseguiProgramma(int quanti, char** argomenti) {
   try {
     programma.parse(quanti, argomenti);
   } catch (const CLI::ParseError& errore) {
-    std::cerr << "cuwizard: " << erroreUso(errore) << "\nPer l'aiuto: cuwizard --help\n";
+    std::cerr << "cuwizard: " << erroreUso(programma, errore) << "\nPer l'aiuto: cuwizard --help\n";
     return kUsoSbagliato;
   }
   desktop::look::apply(applicazione, colori(opzioni.colori));

@@ -44,16 +44,34 @@ CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const st
   return *comando;
 }
 
-std::string erroreUso(const CLI::ParseError& errore) {
+std::string erroreUso(const CLI::App& programma, const CLI::ParseError& errore) {
+  // What is missing is looked at before what nobody knows, and may be missing because of it.
+  const bool manca = errore.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError);
+  if (const auto ignoti = programma.remaining(true); manca && !ignoti.empty()) {
+    return (programma.get_subcommands().empty() ? "comando sconosciuto: " : "argomento sconosciuto: ") +
+           ignoti.front();
+  }
   std::string testo = errore.what();
   for (const Frase& frase : kFrasi) {
     const std::size_t dove = testo.find(frase.inglese);
     if (errore.get_exit_code() != static_cast<int>(frase.errore) || dove == std::string::npos) continue;
     return testo.replace(dove, std::string_view(frase.inglese).size(), frase.italiano);
   }
-  if (errore.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch))
-    return testo.substr(0, testo.find(':')) + ": manca il valore";
+  if (errore.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch)) {
+    const bool troppi = testo.find("At Most") != std::string::npos;
+    return testo.substr(0, testo.find(':')) + (troppi ? ": indicata più volte" : ": manca il valore");
+  }
   return testo;
+}
+
+void rifiutaVuoti(const CLI::App& programma) {
+  for (const CLI::App* comando : programma.get_subcommands()) {
+    for (const CLI::Option* opzione : comando->get_options()) {
+      for (const std::string& valore : opzione->results()) {
+        if (trim(valore).empty()) throw CLI::ValidationError(opzione->get_name(), "manca il valore");
+      }
+    }
+  }
 }
 
 CLI::Validator fra(int minimo, int massimo) {

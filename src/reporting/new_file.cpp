@@ -22,7 +22,10 @@ NewFile::NewFile(FileSystem& files, const std::string& path)
   try {
     file_ = files.openForOutput(temporary_);
   } catch (const FileError& error) {
-    throw FileError(error.number(), "Impossibile creare la stampa " + path + ". " + error.description());
+    std::string why = error.description();
+    if (const auto at = why.find(temporary_); at != std::string::npos)
+      why.replace(at, temporary_.size(), path);
+    throw FileError(error.number(), "Impossibile creare la stampa " + path + ". " + why);
   }
 }
 

@@ -43,7 +43,14 @@ TEST(Usage, WhatIsWrongEndsWithTwoAndSaysWhat) {
     const char* messaggio;
   } const casi[] = {
       {{}, "cuctl: manca il comando"},
-      {{"nulla"}, "cuctl: manca il comando"},
+      {{"nulla"}, "cuctl: comando sconosciuto: nulla"},
+      {{"drive", "--nulla"}, "cuctl: argomento sconosciuto: --nulla"},
+      {{"make", "--profile", "p", "--year", "2016", "--year", "2015"}, "cuctl: --year: indicata più volte"},
+      {{"make", "--profile", "p", "--year", "2016", "--intermediary", ""},
+       "cuctl: --intermediary: manca il valore"},
+      {{"make", "--profile", "p", "--year", "2016", "--folder", " "}, "cuctl: --folder: manca il valore"},
+      {{"make", "--profile", "p", "--year", "2016", "--from-payee", ""},
+       "cuctl: --from-payee: manca il valore"},
       {{"drive"}, "cuctl: --profile: manca"},
       {{"drive", "--profile"}, "cuctl: --profile: manca il valore"},
       {{"drive", "--profile", "p", "x"}, "cuctl: argomento sconosciuto: x"},
