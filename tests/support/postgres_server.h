@@ -119,7 +119,9 @@ class PostgresServer {
   }
 
   pid_t launch(std::vector<std::string> arguments) const {
+    // By its whole name: the programs look for each other beside the name that they were called by.
     const std::string program = bin_ + "/" + arguments.front();
+    arguments.front() = program;
     std::vector<char*> pointers;
     for (std::string& each : arguments) pointers.push_back(each.data());
     pointers.push_back(nullptr);
