@@ -124,6 +124,53 @@ std::string_view twoLetters(char32_t c) {
   }
 }
 
+// A sign outside ASCII that stands for one of ASCII, or is one in another shape; 0 where there is none.
+char plainSign(char32_t c) {
+  switch (c) {
+    case 0xA0:
+    case 0x202F:
+      return ' ';
+    case 0xAB:
+    case 0xBB:
+    case 0x201C:
+    case 0x201D:
+    case 0x201E:
+      return '"';
+    case 0xB4:
+    case 0x2018:
+    case 0x2019:
+    case 0x201A:
+      return '\'';
+    case 0xAD:
+    case 0x2010:
+    case 0x2011:
+    case 0x2012:
+    case 0x2013:
+    case 0x2014:
+    case 0x2015:
+    case 0x2212:
+      return '-';
+    case 0xB9:
+      return '1';
+    case 0xB2:
+      return '2';
+    case 0xB3:
+      return '3';
+    case 0xAA:
+      return 'a';
+    case 0xBA:
+      return 'o';
+    default:
+      return 0;
+  }
+}
+
+// Marks, currencies, arrows and the like: no letters.
+bool isSign(char32_t c) {
+  constexpr char32_t kMicro = 0xB5;
+  return (c < 0xC0 && c != kMicro) || c == 0xD7 || c == 0xF7 || (c >= 0x2000 && c < 0x2C00);
+}
+
 // The keys of a text, one after the other.
 class Keys {
  public:
@@ -136,19 +183,24 @@ class Keys {
     if (second_ != 0) return {std::exchange(second_, 0U), 1};
     const std::size_t begin = at_;
     const char32_t c = nextCodePoint(text_, at_);
-    if (c < 128) return {kWeight[c], 0};
-    if (c == 0xFFFD && at_ == begin + 1) return {0x200000U + static_cast<unsigned char>(text_[begin]), 0};
+    if (c < 128) return {scaled(kWeight[c]), 0};
+    if (c == 0xFFFD && at_ == begin + 1)
+      return {scaled(0x2000) + static_cast<unsigned char>(text_[begin]), 0};
     const Folded folded = foldLatin(c);
-    if (folded.base != 0) return {kWeight[folded.base], folded.accent};
+    if (folded.base != 0) return {scaled(kWeight[folded.base]), folded.accent};
+    if (const char plain = plainSign(c); plain != 0) return {weightOf(plain), static_cast<std::uint32_t>(c)};
+    if (isSign(c)) return {weightOf('~') + static_cast<std::uint32_t>(c), 0};
     if (const std::string_view two = twoLetters(c); !two.empty()) {
       second_ = weightOf(two[1]);
       return {weightOf(two[0]), 1};
     }
-    return {0x1000 + static_cast<std::uint32_t>(lowerCase(c)), 0};
+    return {scaled(0x100) + static_cast<std::uint32_t>(lowerCase(c)), 0};
   }
 
  private:
-  static std::uint32_t weightOf(char c) { return kWeight[static_cast<unsigned char>(c)]; }
+  // Between the last mark of ASCII and the first digit there is room for every sign.
+  static std::uint32_t scaled(std::uint32_t weight) { return weight << 16; }
+  static std::uint32_t weightOf(char c) { return scaled(kWeight[static_cast<unsigned char>(c)]); }
 
   std::string_view text_;
   std::size_t at_;

@@ -31,8 +31,38 @@ TEST(Collation, CaseDoesNotCount) {
 
 TEST(Collation, SignsAmongTheLettersOfTheCodePageAreNoLetters) {
   EXPECT_NE(compareItalian("×", "÷"), 0);  // 32 apart as a letter's two cases are
-  EXPECT_LT(compareItalian("z", "×"), 0);
+  EXPECT_LT(compareItalian("×", "a"), 0);
   EXPECT_LT(compareItalian("ŷ", "z"), 0);
+  EXPECT_LT(compareItalian("z", "µ"), 0);
+}
+
+TEST(Collation, SignsOutsideAsciiStandBeforeDigitsAndLetters) {
+  for (const char* sign : {"€", "«", "»", "…", "°", "·", "©", "£", "§", "¿", "×", "÷", "™", "→", "–", "’"}) {
+    EXPECT_LT(compareItalian(sign, "0"), 0) << sign;
+    EXPECT_LT(compareItalian(sign, "A"), 0) << sign;
+    EXPECT_GT(compareItalian(sign, ""), 0) << sign;
+  }
+}
+
+TEST(Collation, ATypographicSignStandsBesideThePlainOne) {
+  for (const auto& [sign, plain] : {std::pair{"’", "'"},
+                                    {"‘", "'"},
+                                    {"´", "'"},
+                                    {"“", "\""},
+                                    {"”", "\""},
+                                    {"«", "\""},
+                                    {"–", "-"},
+                                    {"—", "-"},
+                                    {"\u00A0", " "},
+                                    {"²", "2"},
+                                    {"º", "o"},
+                                    {"ª", "a"}}) {
+    const std::string one = std::string("d") + sign + "amico";
+    const std::string two = std::string("D") + plain + "Amico";
+    EXPECT_GT(compareItalian(one, two), 0) << sign;
+    EXPECT_LT(compareItalian(one, two + "a"), 0) << sign;
+    EXPECT_LT(compareItalian(std::string("D") + plain + "Alba", one), 0) << sign;
+  }
 }
 
 TEST(Collation, TrailingBlanksDoNotCount) {
@@ -99,7 +129,7 @@ TEST(Collation, BlanksThenMarksThenDigitsThenLetters) {
   EXPECT_LT(compareItalian("[", "A"), 0);
   EXPECT_LT(compareItalian("_", "A"), 0);
   EXPECT_LT(compareItalian("a", "ab"), 0);
-  EXPECT_LT(compareItalian("Z", "€"), 0);
+  EXPECT_LT(compareItalian("€", "0"), 0);
 }
 
 TEST(Collation, BytesThatAreNoCharactersCompareAsTheyStand) {
@@ -112,37 +142,11 @@ TEST(Collation, BytesThatAreNoCharactersCompareAsTheyStand) {
 
 // Whatever it is given, it is an order: texts that compare equal are alike towards every other.
 TEST(Collation, IsATotalOrderOfClasses) {
-  const std::vector<std::string> pieces = {"a",
-                                           "A",
-                                           "à",
-                                           "À",
-                                           "á",
-                                           "e",
-                                           "é",
-                                           "E",
-                                           " ",
-                                           "  ",
-                                           "0",
-                                           "9",
-                                           "-",
-                                           "'",
-                                           "z",
-                                           "Z",
-                                           "æ",
-                                           "Æ",
-                                           "ß",
-                                           "€",
-                                           "𝄞",
-                                           "\x80",
-                                           "\xE8",
-                                           "\xC3",
-                                           "\t",
-                                           ".",
-                                           "ž",
-                                           "Ž",
-                                           "\xEF\xBF\xBD",
-                                           "ñ",
-                                           "n"};
+  const std::vector<std::string> pieces = {"a",    "A",    "à",    "À",  "á", "e", "é",      "E",
+                                           " ",    "  ",   "0",    "9",  "-", "'", "z",      "Z",
+                                           "æ",    "Æ",    "ß",    "€",  "’", "–", "\u00A0", "𝄞",
+                                           "\x80", "\xE8", "\xC3", "\t", ".", "ž", "Ž",      "\xEF\xBF\xBD",
+                                           "ñ",    "n"};
   std::mt19937 random(42);
   std::vector<std::string> texts;
   for (int i = 0; i < 80; ++i) {
