@@ -395,7 +395,7 @@ SELECT CI.IDAnagrafica, CI.IDCausalePagamento, CI.Anno, CI.IDAzienda, CI.Onorari
        Causale.Codice, Causale.Codice AS CodiceCausalePagamento,
        Causale.CausalePagamento,
        Perc.Codice AS CodicePercipiente, Perc.IDAzienda AS IDAziendaPercipiente,
-       CASE WHEN Dati.IDAnagrafica IS NULL THEN 0 ELSE Dati.Anticipazione END AS Anticipazione,
+       CASE WHEN Dati.IDAnagrafica IS NULL THEN ISNULL(Dati.Anticipazione, 0) ELSE Dati.Anticipazione END AS Anticipazione,
        Dati.IDCodicePerNonSoggetti, Dati.RitenuteSospese, Dati.AddRegionAcconto, Dati.AddRegionImposta,
        Dati.AddRegionSospesa, Dati.AddComunAcconto, Dati.AddComunImposta, Dati.AddComunSospesa,
        Dati.ImponibileAnniPrecedenti, Dati.RitenuteAnniPrecedenti, Dati.RitenuteRimborsate,

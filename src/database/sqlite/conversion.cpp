@@ -14,8 +14,8 @@ namespace cu::sqlite {
 namespace {
 
 constexpr std::int64_t kUnit = 10000;
-constexpr std::int64_t kFifteenDigits = 999999999999999;
 constexpr std::int64_t kLargestAmount = 922337203685477;  // of a Decimal
+constexpr double kLargestRead = 9.2e14;                   // that Decimal takes from a double
 
 [[noreturn]] void fail(const char* message) { throw SqlError(0, message); }
 
@@ -49,10 +49,11 @@ StoredValue amount(std::string_view text) {
   if (!decimal) fail("importo fuori dai limiti");
   const std::int64_t scaled = decimal->scaled();
   if (scaled % kUnit == 0) return scaled / kUnit;
-  std::int64_t digits = scaled < 0 ? -scaled : scaled;
-  while (digits % 10 == 0) digits /= 10;
-  if (digits > kFifteenDigits) fail("un importo ha al più quindici cifre significative");
-  return static_cast<double>(scaled) / static_cast<double>(kUnit);
+  // The file keeps a double: always enough for fifteen digits, for more only by chance.
+  const double stored = floating(decimal->toText());
+  if (std::fabs(stored) >= kLargestRead || Decimal::fromDouble(stored) != *decimal)
+    fail("un importo ha più cifre di quante il database ne conservi esatte");
+  return stored;
 }
 
 std::int64_t whole(std::string_view text) {

@@ -53,14 +53,20 @@ TEST_F(Values, AmountsAreTakenAtFourPlaces) {
   EXPECT_EQ(through("importo", "1.5E2"), "150");
 }
 
+TEST_F(Values, AnAmountOfSixteenDigitsThatTheFileKeepsExactlyIsTaken) {
+  for (const char* amount :
+       {"19999999999999.98", "10000000000010.49", "-12345678901234.56", "99999999999999.5"})
+    EXPECT_EQ(through("importo", amount), amount);
+}
+
 TEST_F(Values, AnAmountOfMoreThanFifteenDigitsIsRefusedAndNotBent) {
   const DatabaseError error = failure("INSERT INTO v (id, importo) VALUES (1, 99999999999999.99)");
   EXPECT_EQ(error.kind(), DatabaseErrorKind::Other);
   EXPECT_EQ(error.statementKind(), "INSERT");
-  EXPECT_STREQ(
-      error.what(),
-      "Il database non accetta un valore dell'istruzione INSERT: un importo ha al più quindici cifre "
-      "significative.");
+  EXPECT_STREQ(error.what(),
+               "Il database non accetta un valore dell'istruzione INSERT: un importo ha più cifre di quante "
+               "il database "
+               "ne conservi esatte.");
   EXPECT_EQ(failure("INSERT INTO v (id, importo) VALUES (1, 922337203685478)").kind(),
             DatabaseErrorKind::Other);
 }
