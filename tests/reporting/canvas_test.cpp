@@ -56,6 +56,14 @@ TEST_F(CanvasTest, BreaksAWordThatIsWiderThanTheLine) {
   EXPECT_THAT(wrapped("a WWWWWWW b", width), ElementsAre("a", "WWWWW", "WW b"));
 }
 
+TEST_F(CanvasTest, PartsAWideWordBehindAMarkNearTheEnd) {
+  const double width = canvas->textWidth("WWWWWWW", style);
+  EXPECT_THAT(wrapped("WWWWW_WWWWWWW", width), ElementsAre("WWWWW_", "WWWWWWW"));
+  EXPECT_THAT(wrapped("WWWWW.WWWWWWW", width), ElementsAre("WWWWW.", "WWWWWWW"));
+  // Not behind one that would leave most of the line empty.
+  EXPECT_THAT(wrapped("W_WWWWWWWWWWW", width), testing::Not(testing::Contains("W_")));
+}
+
 TEST_F(CanvasTest, BreaksAtLineEnds) {
   EXPECT_THAT(wrapped("uno\n\ndue", 50), ElementsAre("uno", "", "due"));
 }
