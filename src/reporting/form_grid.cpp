@@ -17,7 +17,10 @@ constexpr double kCaptionPoints = 5.6;
 constexpr double kSmallCaptionPoints = 4.9;
 constexpr qsizetype kCaptionLines = 2;
 constexpr double kValuePoints = 9;
-constexpr double kSmallestOneLine = 7;  // below it a value takes two lines
+constexpr double kSmallestOneLine = 7;  // below it a value takes several lines
+constexpr double kSmallestLines = 4;    // below it a value is cut
+constexpr double kStep = 0.1;
+constexpr double kBelowLines = 0.4;
 
 constexpr double kTagWidth = 4.7;
 constexpr double kTagHeight = 3.3;
@@ -29,6 +32,23 @@ void drawNumber(Canvas& canvas, const Box& place, const QString& number) {
   const TextStyle style{5.8, true, kAccent};
   const double base = (kTagHeight - canvas.lineHeight(style)) / 2 + canvas.ascent(style);
   canvas.text(place.x + kBehindFrame, place.y + kBehindFrame + base, kTagWidth, number, style, Align::Center);
+}
+
+// A text on several lines that end where the place does, as large as it holds them all.
+void drawLines(Canvas& canvas, const Box& place, const QString& text, TextStyle style) {
+  // Each size is tried with the letters of the first one on a line that is wider by as much: a font is dear.
+  const TextStyle measured = style;
+  const double height = canvas.lineHeight(measured) / measured.points;  // a point
+  QStringList lines;
+  for (;; style.points -= kStep) {
+    lines = canvas.wrap(text, measured, place.width * measured.points / style.points * 0.99);
+    if (height * style.points * static_cast<double>(lines.size()) <= place.height) break;
+    if (style.points - kStep < kSmallestLines) break;
+  }
+  const auto most = std::max<qsizetype>(1, static_cast<qsizetype>(place.height / (height * style.points)));
+  if (lines.size() > most) lines = lines.mid(0, most - 1) + QStringList(lines.mid(most - 1).join(' '));
+  const double taken = height * style.points * static_cast<double>(lines.size());
+  canvas.lines(place.x, place.y + place.height - taken, place.width, lines, style);
 }
 
 }  // namespace
@@ -105,7 +125,8 @@ void drawBox(Canvas& canvas, const Box& place, const QString& caption, const QCo
   canvas.frame(place, kRule, kFrameWidth);
 }
 
-void drawBoxValue(Canvas& canvas, const Box& place, const QString& text, Align align, bool bold) {
+void drawBoxValue(Canvas& canvas, const Box& place, const QString& text, Align align, bool bold,
+                  qsizetype captionLines) {
   if (text.isEmpty()) return;
   const double room = place.width - 2 * kInset - 0.6;
   const double left = place.x + kInset + 0.3;
@@ -117,20 +138,9 @@ void drawBoxValue(Canvas& canvas, const Box& place, const QString& text, Align a
     canvas.text(left, base, room, text, style, align);
     return;
   }
-  // A long name: two smaller lines, shrunk further only where even they do not hold it.
-  TextStyle small{6.2, bold, kInk};
-  QStringList lines = canvas.wrap(text, small, room);
-  while (lines.size() > 2 && small.points > 4) {
-    small.points -= 0.4;
-    lines = canvas.wrap(text, small, room);
-  }
-  if (lines.size() > 2) lines = {lines[0], lines.mid(1).join(' ')};
-  const double height = canvas.lineHeight(small);
-  double y = place.y + place.height - 0.4 - height * static_cast<double>(lines.size());
-  for (const QString& line : lines) {
-    canvas.text(left, y + canvas.ascent(small), room, line, small);
-    y += height;
-  }
+  const double caption =
+      kCaptionTop + static_cast<double>(captionLines) * canvas.lineHeight({kCaptionPoints});
+  drawLines(canvas, {left, place.y + caption, room, place.height - caption - kBelowLines}, text, style);
 }
 
 }  // namespace cu::reporting

@@ -46,8 +46,9 @@ class FormGrid {
 double drawBar(Canvas& canvas, double x, double y, double width, const QString& title);
 // A box without a number: its caption and its frame.
 void drawBox(Canvas& canvas, const Box& place, const QString& caption, const QColor& color);
-// What is written into it.
-void drawBoxValue(Canvas& canvas, const Box& place, const QString& text, Align align, bool bold = false);
+// What is written into a box below a caption of so many lines.
+void drawBoxValue(Canvas& canvas, const Box& place, const QString& text, Align align, bool bold = false,
+                  qsizetype captionLines = 1);
 
 inline constexpr double kBoxHeight = 12;
 inline constexpr double kBarHeight = 5;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <map>
 #include <optional>
 
@@ -13,6 +14,8 @@ namespace {
 
 constexpr double kMargin = 12;
 constexpr double kTop = 11;
+constexpr double kFooterRoom = 14;
+constexpr double kSmallestSigner = 4;
 constexpr std::int64_t kAnnulment = 2;
 constexpr std::int64_t kReplacement = 3;
 // Digits that the authority gives to a transmission and to a certificate in it.
@@ -72,7 +75,7 @@ class Forms {
   void fillIn(const FormGrid& grid, const auto& values) {
     for (const FormGrid::PlacedBox& box : grid.boxes()) {
       const BoxValue value = values.of(*box.box);
-      drawBoxValue(canvas_, box.place, value.text, value.align);
+      drawBoxValue(canvas_, box.place, value.text, value.align, false, box.caption.size());
     }
   }
 
@@ -161,25 +164,45 @@ class Forms {
 
   void signature(double y) {
     y = drawBar(canvas_, kMargin, y, width_, "Data e firma");
-    constexpr double kHeight = 19;
     constexpr double kDateWidth = 42;
-    const Date chosen = rows_.get("Path3").date();
-    plainBox({kMargin, y, kDateWidth, kHeight}, "Data",
-             italianDate(chosen == Date() ? input_.today : chosen));
-    const Box place{kMargin + kDateWidth, y, width_ - kDateWidth, kHeight};
+    constexpr double kLeast = 19;
+    constexpr double kTextTop = 5.5;
+    constexpr double kSignerGap = 1.7;
+    constexpr double kSigningRoom = 11;
+    constexpr double kBelowLine = 4;
     const QString company = upperCase((rows_.text("AnagraficaAz") + ' ' + rows_.text("NomeAz")).trimmed());
     const QString signer = (rows_.text("NomeRapp") + ' ' + rows_.text("AnagraficaRapp")).trimmed();
-    drawBox(canvas_, place, "Firma del sostituto d'imposta", kMuted);
-    const TextStyle name{8, true, kInk};
-    const TextStyle quiet{7, false, kMuted};
-    const double right = place.x + place.width * 0.42;
-    const double room = place.width * 0.58 - 3;
-    const double nameRoom = place.width * 0.42 - 4;
-    QStringList names = canvas_.wrap(company, name, nameRoom);
-    if (names.size() > 2) names = {names[0], names.mid(1).join(' ')};
-    const double below = canvas_.lines(place.x + 1.2, y + 5.5, nameRoom, names, name);
-    canvas_.text(place.x + 1.2, below + 4, nameRoom, signer, quiet);
-    canvas_.line(right, y + kHeight - 4, right + room, y + kHeight - 4, kInk, 0.2);
+    TextStyle name{8, true, kInk};
+    TextStyle quiet{7, false, kMuted};
+    const double left = kMargin + kDateWidth;
+    const double width = width_ - kDateWidth;
+    // Short names stand beside the line for the hand; long ones above it, whole, over all of the box.
+    double room = width * 0.42 - 4;
+    QStringList names = canvas_.wrap(company, name, room);
+    QStringList signers = canvas_.wrap(signer, quiet, room);
+    double height = kLeast;
+    if (names.size() > 2 || signers.size() > 1) {
+      room = width - 2.4;
+      const double most = canvas_.height() - kFooterRoom - y;
+      for (;;) {
+        names = canvas_.wrap(company, name, room);
+        signers = canvas_.wrap(signer, quiet, room);
+        height = std::max(kLeast, kTextTop + static_cast<double>(names.size()) * canvas_.lineHeight(name) +
+                                      kSignerGap +
+                                      static_cast<double>(signers.size()) * canvas_.lineHeight(quiet) +
+                                      kSigningRoom + kBelowLine);
+        if (height <= most || quiet.points <= kSmallestSigner) break;
+        name.points -= 0.5;
+        quiet.points -= 0.5;
+      }
+    }
+    const Date chosen = rows_.get("Path3").date();
+    plainBox({kMargin, y, kDateWidth, height}, "Data", italianDate(chosen == Date() ? input_.today : chosen));
+    drawBox(canvas_, {left, y, width, height}, "Firma del sostituto d'imposta", kMuted);
+    const double below = canvas_.lines(left + 1.2, y + kTextTop, room, names, name);
+    canvas_.lines(left + 1.2, below + kSignerGap, room, signers, quiet);
+    const double line = y + height - kBelowLine;
+    canvas_.line(left + width * 0.42, line, left + width - 3, line, kInk, 0.2);
   }
 
   void amountsPage(std::size_t module, const auto& values) {

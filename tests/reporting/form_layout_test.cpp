@@ -181,8 +181,47 @@ TEST(FormLayout, ALongNameTakesTwoLinesAndIsWhole) {
   chooseLines({{107, "W"}});
   const std::string path = shop.print(kForms, formFormula(2017));
   const std::string text = page(path, 1);
-  EXPECT_THAT(text, HasSubstr("CONSORZIO ARTIGIANO PER LA MANUTENZIONE DEL VERDE URBANO E DEGLI\n"));
-  EXPECT_THAT(text, HasSubstr("IMPIANTI SPORTIVI DELLA PROVINCIA DI VERONA"));
+  EXPECT_THAT(text, HasSubstr("CONSORZIO ARTIGIANO PER LA MANUTENZIONE DEL VERDE URBANO\n"));
+  EXPECT_THAT(text, HasSubstr("E DEGLI IMPIANTI SPORTIVI DELLA PROVINCIA DI VERONA\n"));
+}
+
+double sizeOf(const PdfWord& word) { return word.bottom - word.top; }
+
+TEST(FormLayout, ACompanyOfTwoHundredLettersIsReadableInItsBoxAndWholeInTheSignature) {
+  const auto archive = SqliteConnection::create(":memory:");
+  creaArchivio(*archive, ContenutoArchivio::Dimostrativo);
+  archive->Execute(
+      "UPDATE Anagrafica SET Anagrafica = 'Cooperativa Agricola per la Valorizzazione dei Prodotti Tipici e "
+      "delle Tradizioni degli Allevatori e dei Coltivatori di Tutto un Altopiano e dei Sette Comuni a "
+      "Responsabilità Limitata in Liquidazione Ultima' WHERE IDAnagrafica = 1");
+  archive->Execute(
+      "INSERT INTO TabellaRicorsione2 (IDPath1, IDPath2, IDUtente, IDFunzione, Path14, Path1, Path2) VALUES "
+      "(101, 1, 12, 342, 1, 1, 0)");
+  PrintShop shop;
+  auto engine = shop.engine(kForms, formFormula(2017));
+  engine->setConnection(*archive);
+  PrintShop::nameFile(*engine, shop.folder / "a.pdf");
+  engine->run(3);
+  std::vector<PdfWord> box;
+  std::vector<PdfWord> signature;
+  std::vector<PdfWord>* into = &box;
+  std::vector<PdfWord> label;
+  for (const PdfWord& word : pdfWords(shop.folder / "a.pdf")) {
+    if (word.page > 1) break;
+    if (word.text == "FIRMA") into = &signature;
+    if (word.text == "Agricola" || word.text == "AGRICOLA" || word.text == "ULTIMA") into->push_back(word);
+    if (word.text == "Codice" && label.empty()) label.push_back(word);
+  }
+  ASSERT_EQ(box.size(), 2U);
+  ASSERT_EQ(signature.size(), 2U);
+  ASSERT_EQ(label.size(), 1U);
+  // Three lines, hardly smaller than the caption above.
+  EXPECT_NEAR(box[1].top - box[0].top, 2 * 1.05 * sizeOf(box[0]), 1);
+  EXPECT_GT(sizeOf(box[0]), 0.8 * sizeOf(label[0]));
+  // One size, larger than in the box.
+  EXPECT_NEAR(sizeOf(signature[0]), sizeOf(signature[1]), 0.01);
+  EXPECT_GT(sizeOf(signature[0]), 1.3 * sizeOf(box[0]));
+  EXPECT_GT(signature[1].top, signature[0].top);
 }
 
 TEST(FormLayout, NothingChosenIsAPageThatSaysSo) {
