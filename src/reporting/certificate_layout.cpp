@@ -8,13 +8,16 @@
 namespace cu::reporting {
 namespace {
 
-constexpr double kMargin = 16;
+constexpr double kMargin = 12;
 constexpr double kTop = 14;
 constexpr double kFooterRoom = 16;
-constexpr double kPoints = 7.6;
+constexpr double kPoints = 7.2;
 constexpr double kRecipientLeft = 104;
-constexpr double kSignatureRoom = 44;
+constexpr double kSignatureGap = 12;  // above the place and the date
+constexpr double kSigningRoom = 14;   // for the hand
+constexpr double kSignerGap = 1;
 constexpr double kSignatureWidth = 78;
+const TextStyle kSignerStyle{7.5, false, kMuted};
 
 // The certificate of one payee: the rows from `first` up to `end`.
 class Certificate {
@@ -42,8 +45,8 @@ class Certificate {
     y = opening(y);
     Table table(canvas_, input_.definition, input_.rows, 1, {kMargin, width_, canvas_.height() - kFooterRoom},
                 kPoints, [this] { return nextPage(); });
-    y = table.run(first_, end_, y, fromUtf8(payee.total));
-    if (y + kSignatureRoom > canvas_.height() - kFooterRoom) y = nextPage();
+    nameSigners();
+    y = table.run(first_, end_, y, fromUtf8(payee.total), signatureHeight());
     signature(y);
     footer();
     return page_;
@@ -117,25 +120,34 @@ class Certificate {
     return y + 5;
   }
 
-  void signature(double y) {
-    const TextStyle plain{9, false, kInk};
-    const TextStyle quiet{7.5, false, kMuted};
+  // Who signs: whole, on as many lines as the names take.
+  void nameSigners() {
     const Company& company = input_.company;
-    y += 12;
-    const QString place = company.town.isEmpty() ? QString() : company.town + ", ";
-    canvas_.text(kMargin, y, width_ - kSignatureWidth - 6, place + writtenDate(input_.today), plain);
-    const double left = kMargin + width_ - kSignatureWidth;
-    canvas_.text(left, y, kSignatureWidth, "Il sostituto d'imposta", plain, Align::Center);
-    y += 14;
-    canvas_.line(left, y, left + kSignatureWidth, y, kInk, 0.2);
-    y += 1;
-    const QStringList signer = canvas_.wrap(company.name, quiet, kSignatureWidth);
-    y = canvas_.lines(left, y, kSignatureWidth, signer.mid(0, 3), quiet, Align::Center);
+    signers_ = {canvas_.wrap(company.name, kSignerStyle, kSignatureWidth)};
     if (company.representative.isEmpty()) return;
     const QString who =
         company.office.isEmpty() ? company.representative : company.representative + ", " + company.office;
-    canvas_.lines(left, y, kSignatureWidth, canvas_.wrap(who, quiet, kSignatureWidth).mid(0, 3), quiet,
-                  Align::Center);
+    signers_.append(canvas_.wrap(who, kSignerStyle, kSignatureWidth));
+  }
+
+  double signatureHeight() {
+    double height = kSignatureGap + kSigningRoom;
+    for (const QStringList& signer : signers_)
+      height += kSignerGap + static_cast<double>(signer.size()) * canvas_.lineHeight(kSignerStyle);
+    return height;
+  }
+
+  void signature(double y) {
+    const TextStyle plain{9, false, kInk};
+    y += kSignatureGap;
+    const QString place = input_.company.town.isEmpty() ? QString() : input_.company.town + ", ";
+    canvas_.text(kMargin, y, width_ - kSignatureWidth - 6, place + writtenDate(input_.today), plain);
+    const double left = kMargin + width_ - kSignatureWidth;
+    canvas_.text(left, y, kSignatureWidth, "Il sostituto d'imposta", plain, Align::Center);
+    y += kSigningRoom;
+    canvas_.line(left, y, left + kSignatureWidth, y, kInk, 0.2);
+    for (const QStringList& signer : signers_)
+      y = canvas_.lines(left, y + kSignerGap, kSignatureWidth, signer, kSignerStyle, Align::Center);
   }
 
   Canvas& canvas_;
@@ -149,6 +161,7 @@ class Certificate {
   QString note_;
   QString year_;
   QString introduction_;
+  QList<QStringList> signers_;  // the company, and who signs for it
 };
 
 std::string keyOf(const Rows& rows, const std::vector<std::size_t>& places) {

@@ -11,7 +11,7 @@ namespace {
 constexpr double kMargin = 11;
 constexpr double kTop = 10;
 constexpr double kFooterRoom = 14;
-constexpr double kPoints = 7.4;
+constexpr double kPoints = 7.2;
 
 // The head of a page; returns the y below.
 double pageHead(Canvas& canvas, const LayoutInput& input) {

@@ -8,8 +8,11 @@
 namespace cu::reporting {
 namespace {
 
-constexpr double kPadding = 1.1;  // mm, inside a cell
-constexpr double kRowGap = 1.3;   // mm, beside the lines of a row
+constexpr double kPadding = 0.85;  // mm, inside a cell
+constexpr double kRowGap = 1.3;    // mm, beside the lines of a row
+constexpr double kGroupGap = 0.8;  // mm, below a group
+constexpr double kCaptionGap = 1.5;
+constexpr double kRounding = 1e-6;
 constexpr double kTitleShare = 0.35;
 
 Align alignOf(const ReportColumn& column) {
@@ -78,7 +81,9 @@ Table::Table(Canvas& canvas, const ReportDefinition& definition, Rows& rows, std
     values_.emplace_back(column, rows);
     lefts_.push_back(left);
     const double width = area.width * column.width / shares;
-    captions_.push_back(canvas.wrap(fromUtf8(column.caption), caption_, width - 2 * kPadding));
+    // Captions on the right of their columns would meet the next one's on the left where they fill them.
+    const double apart = alignOf(column) == Align::Right ? kCaptionGap : 0;
+    captions_.push_back(canvas.wrap(fromUtf8(column.caption), caption_, width - 2 * kPadding - apart));
     lines = std::max(lines, static_cast<std::size_t>(captions_.back().size()));
     left += width;
   }
@@ -109,7 +114,7 @@ double Table::head(double y) {
 
 // Begins another page where the height does not fit any more.
 void Table::need(double height, bool withinGroups) {
-  if (y_ + height <= area_.bottom) return;
+  if (y_ + height <= area_.bottom + kRounding) return;
   y_ = head(newPage_());
   if (!withinGroups) return;
   for (std::size_t i = 0; i < groups_.size(); ++i) heading(groups_[i], firstGroup_ + i, true);
@@ -125,7 +130,9 @@ void Table::open(std::size_t level) {
   OpenGroup group{keyOf(level), titles_[level].of(rows_), notes_[level].of(rows_), 0, {}};
   group.totals.resize(definition_.columns.size());
   // The heading, those below it and a row stay together.
-  need(static_cast<double>(definition_.groups.size() - level) * 2.4 * rowHeight_ + 2 * rowHeight_, true);
+  need(static_cast<double>(definition_.groups.size() - level) * 2.4 * rowHeight_ + rowHeight_ + textsHeight_ +
+           behind_,
+       true);
   if (!groups_.empty()) ++groups_.back().below;
   heading(group, level, false);
   groups_.push_back(std::move(group));
@@ -163,41 +170,73 @@ void Table::close(std::size_t level) {
   const OpenGroup group = std::move(groups_.back());
   groups_.pop_back();
   if (summed) totals(fromUtf8(definition.total), group.totals, level == firstGroup_);
-  y_ += 0.8;
+  y_ += kGroupGap;
+}
+
+double Table::room(std::size_t column) const { return lefts_[column + 1] - lefts_[column] - 2 * kPadding; }
+
+void Table::measureRow() {
+  textsHeight_ = rowHeight_;
+  texts_.assign(values_.size(), {});
+  for (std::size_t i = 0; i < values_.size(); ++i) {
+    if (definition_.columns[i].format != ColumnFormat::Text) continue;
+    texts_[i] = canvas_.wrap(values_[i].text(rows_), body_, room(i));
+    textsHeight_ =
+        std::max(textsHeight_, static_cast<double>(texts_[i].size()) * canvas_.lineHeight(body_) + kRowGap);
+  }
 }
 
 void Table::row() {
-  double height = rowHeight_;
-  std::vector<QStringList> texts(values_.size());
-  for (std::size_t i = 0; i < values_.size(); ++i) {
-    if (definition_.columns[i].format != ColumnFormat::Text) continue;
-    texts[i] = canvas_.wrap(values_[i].text(rows_), body_, lefts_[i + 1] - lefts_[i] - 2 * kPadding);
-    height = std::max(height, static_cast<double>(texts[i].size()) * canvas_.lineHeight(body_) + kRowGap);
-  }
-  need(height, true);
+  need(textsHeight_ + behind_, true);
   if (!groups_.empty()) ++groups_.back().below;
   const double top = y_ + kRowGap / 2;
+  QStringList amountTexts(static_cast<qsizetype>(values_.size()));
   for (std::size_t i = 0; i < values_.size(); ++i) {
     const ReportColumn& column = definition_.columns[i];
-    const double left = lefts_[i] + kPadding;
-    const double width = lefts_[i + 1] - lefts_[i] - 2 * kPadding;
-    if (column.total) {
+    if (column.format == ColumnFormat::Amount) {
       const Decimal amount = values_[i].amount(rows_);
-      sums_[i] = sums_[i] + amount;
-      for (OpenGroup& group : groups_) group.totals[i] = group.totals[i] + amount;
-    }
-    if (!canvas_.draws()) continue;
-    if (column.format == ColumnFormat::Text) {
-      canvas_.lines(left, top, width, texts[i], body_);
+      if (column.total) {
+        sums_[i] = sums_[i] + amount;
+        for (OpenGroup& group : groups_) group.totals[i] = group.totals[i] + amount;
+      }
+      if (canvas_.draws()) amountTexts[static_cast<qsizetype>(i)] = italianAmount(amount);
       continue;
     }
-    TextStyle style = body_;
-    // Amounts stand out from the zeros between them.
-    if (column.format == ColumnFormat::Amount && values_[i].amount(rows_).isZero()) style.color = kFaint;
-    canvas_.text(left, top + canvas_.ascent(body_), width, values_[i].text(rows_), style, alignOf(column));
+    if (!canvas_.draws()) continue;
+    const double left = lefts_[i] + kPadding;
+    if (column.format == ColumnFormat::Text) {
+      canvas_.lines(left, top, room(i), texts_[i], body_);
+    } else {
+      canvas_.text(left, top + canvas_.ascent(body_), room(i), values_[i].text(rows_), body_);
+    }
   }
-  y_ += height;
+  // Amounts stand out from the zeros between them.
+  amounts(top + canvas_.ascent(body_), body_, kFaint, amountTexts);
+  y_ += textsHeight_;
   canvas_.line(area_.x, y_, area_.x + area_.width, y_, kRule, 0.1);
+}
+
+// One size for all of a line, so that they can be compared: the normal one, or the one at which the widest
+// fits.
+void Table::amounts(double base, const TextStyle& style, const QColor& zeros, const QStringList& texts) {
+  if (!canvas_.draws()) return;
+  const auto columns = static_cast<std::size_t>(texts.size());
+  const auto textOf = [&](std::size_t column) -> const QString& {
+    return texts[static_cast<qsizetype>(column)];
+  };
+  std::vector<double> widths(columns);
+  double share = 1;
+  for (std::size_t i = 0; i < columns; ++i) {
+    widths[i] = canvas_.textWidth(textOf(i), style);
+    if (widths[i] > room(i)) share = std::min(share, room(i) / widths[i] * 0.99);
+  }
+  TextStyle fitting = style;
+  fitting.points *= share;
+  for (std::size_t i = 0; i < columns; ++i) {
+    if (share < 1) widths[i] = canvas_.textWidth(textOf(i), fitting);
+    fitting.color = textOf(i) == "0,00" ? zeros : style.color;
+    canvas_.plain(lefts_[i] + kPadding + room(i) - widths[i], base, textOf(i), fitting);
+  }
 }
 
 void Table::totals(const QString& caption, const std::vector<Decimal>& values, bool strong) {
@@ -211,15 +250,26 @@ void Table::totals(const QString& caption, const std::vector<Decimal>& values, b
   const double room = first < values.size() ? lefts_[first] - area_.x : area_.width;
   const double captionRoom = std::max(room - 2 * kPadding, area_.width * kTitleShare * 0.2);
   canvas_.text(area_.x + kPadding, base, captionRoom, caption, strong_);
+  QStringList texts(static_cast<qsizetype>(values.size()));
   for (std::size_t i = first; i < values.size(); ++i) {
-    if (!definition_.columns[i].total) continue;
-    canvas_.text(lefts_[i] + kPadding, base, lefts_[i + 1] - lefts_[i] - 2 * kPadding,
-                 italianAmount(values[i]), strong_, Align::Right);
+    if (definition_.columns[i].total) texts[static_cast<qsizetype>(i)] = italianAmount(values[i]);
   }
+  amounts(base, strong_, strong_.color, texts);
   y_ += height;
 }
 
-double Table::run(std::size_t first, std::size_t end, double y, const QString& totalCaption) {
+// Of all that closes behind the last row, of whose groups the outer `open` have rows already.
+double Table::closingHeight(std::size_t open, bool summed) const {
+  double height = summed ? kGroupGap + totalHeight() : 0;
+  for (std::size_t i = 0; firstGroup_ + i < definition_.groups.size(); ++i) {
+    const ReportGroup& group = definition_.groups[firstGroup_ + i];
+    if (!group.total.empty() && (group.totalOfOne || i < open)) height += totalHeight();
+    height += kGroupGap;
+  }
+  return height;
+}
+
+double Table::run(std::size_t first, std::size_t end, double y, const QString& totalCaption, double tail) {
   y_ = head(y);
   groups_.clear();
   std::fill(sums_.begin(), sums_.end(), Decimal());
@@ -228,12 +278,14 @@ double Table::run(std::size_t first, std::size_t end, double y, const QString& t
     std::size_t same = 0;
     while (same < groups_.size() && groups_[same].key == keyOf(firstGroup_ + same)) ++same;
     while (groups_.size() > same) close(firstGroup_ + groups_.size() - 1);
+    measureRow();
+    behind_ = i + 1 < end ? 0 : closingHeight(same, !totalCaption.isEmpty()) + tail;
     while (firstGroup_ + groups_.size() < definition_.groups.size()) open(firstGroup_ + groups_.size());
     row();
   }
   while (!groups_.empty()) close(firstGroup_ + groups_.size() - 1);
   if (!totalCaption.isEmpty() && end > first) {
-    y_ += 0.8;
+    y_ += kGroupGap;
     totals(totalCaption, sums_, true);
   }
   return y_;

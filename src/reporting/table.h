@@ -47,8 +47,9 @@ class Table {
         double points, std::function<double()> newPage);
 
   // The rows from `first` up to `end`, under a head of the columns from `y` on. `totalCaption` stands before
-  // the totals of them all; none where it is empty. Returns the y below.
-  double run(std::size_t first, std::size_t end, double y, const QString& totalCaption);
+  // the totals of them all; none where it is empty. The last row, the totals behind it and a room of the
+  // height `tail` below them share a page. Returns the y below the totals.
+  double run(std::size_t first, std::size_t end, double y, const QString& totalCaption, double tail = 0);
 
  private:
   struct OpenGroup {
@@ -64,7 +65,11 @@ class Table {
   void open(std::size_t level);
   void heading(const OpenGroup& group, std::size_t level, bool again);
   void close(std::size_t level);
+  void measureRow();
   void row();
+  void amounts(double base, const TextStyle& style, const QColor& zeros, const QStringList& texts);
+  double closingHeight(std::size_t open, bool summed) const;
+  double room(std::size_t column) const;
   double totalHeight() const { return rowHeight_ + 0.6; }
   void totals(const QString& caption, const std::vector<Decimal>& values, bool strong);
 
@@ -88,6 +93,9 @@ class Table {
   double y_ = 0;
   std::vector<OpenGroup> groups_;
   std::vector<Decimal> sums_;
+  std::vector<QStringList> texts_;  // of the current row
+  double textsHeight_ = 0;
+  double behind_ = 0;  // what must stand on the page of the current row, below it
 };
 
 }  // namespace cu::reporting
