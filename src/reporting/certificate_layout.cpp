@@ -8,7 +8,7 @@
 namespace cu::reporting {
 namespace {
 
-constexpr double kMargin = 12;
+constexpr double kMargin = 11;
 constexpr double kTop = 14;
 constexpr double kFooterRoom = 16;
 constexpr double kPoints = 7.2;

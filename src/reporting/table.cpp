@@ -11,7 +11,7 @@ namespace {
 constexpr double kPadding = 0.85;  // mm, inside a cell
 constexpr double kRowGap = 1.3;    // mm, beside the lines of a row
 constexpr double kGroupGap = 0.8;  // mm, below a group
-constexpr double kCaptionGap = 1.5;
+constexpr double kCaptionGap = 1.2;
 constexpr double kRounding = 1e-6;
 constexpr double kTitleShare = 0.35;
 

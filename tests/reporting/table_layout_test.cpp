@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "database/archivio.h"
 #include "report_support.h"
 
@@ -59,6 +61,32 @@ TEST(AccountsList, OfAllPayeesHasTheTotalOfAllAndEveryPageNumber) {
     EXPECT_EQ(count(text, "Pagina " + std::to_string(page) + " di " + std::to_string(pages)), 1) << page;
   }
   EXPECT_EQ(count(text, "Onorari e"), pages);  // the columns' captions stand on each
+}
+
+TEST(Amounts, OfEightDigitsAreAsLargeAsSmallOnes) {
+  const auto archive = SqliteConnection::create(":memory:");
+  creaArchivio(*archive, ContenutoArchivio::Dimostrativo);
+  archive->Execute(
+      "UPDATE ContoIndividuale SET OnorarioProvvigioni = 99999999.99, RitenutaAcconto = 99999999.99, "
+      "RitenutaImposta = 99999999.99, ContributoPrevidenziale = 99999999.99, RitenutaPrevidenziale13 = "
+      "99999999.99 WHERE IDAnagrafica = 104");
+  for (const char* report : {kAccounts, kSummary}) {
+    SCOPED_TRACE(report);
+    PrintShop shop;
+    auto engine = shop.engine(report, std::string(" {__ViewName.Anno} = 2017 AND ") + kCompany);
+    engine->setConnection(*archive);
+    PrintShop::nameFile(*engine, shop.folder / "a.pdf");
+    engine->run(3);
+    std::vector<double> large;
+    std::vector<double> small;
+    for (const PdfWord& word : pdfWords(shop.folder / "a.pdf")) {
+      if (word.text == "99.999.999,99") large.push_back(word.bottom - word.top);
+      if (word.text == "0,00") small.push_back(word.bottom - word.top);
+    }
+    ASSERT_FALSE(small.empty());
+    EXPECT_GE(large.size(), 5U);
+    for (const double size : large) EXPECT_NEAR(size, *std::max_element(small.begin(), small.end()), 0.01);
+  }
 }
 
 TEST(AccountsList, AGroupThatGoesOnIsNamedAgain) {
