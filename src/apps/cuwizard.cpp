@@ -29,7 +29,7 @@ struct Opzioni {
 
 // The guide lies beside the program, installed or in its source tree.
 QString cartellaGuida(const Profilo& profilo) {
-  const QString programma = QCoreApplication::applicationDirPath();
+  QString programma = QCoreApplication::applicationDirPath();
   for (const QString& cartella :
        {QString::fromStdString(profilo.sessione.cartellaGuida),
         programma + QStringLiteral("/../share/doc/cuwizard"), programma + QStringLiteral("/../../docs")}) {

@@ -90,7 +90,7 @@ void diritti(Connection& connessione, std::vector<VoceControllo>& voci) {
     const Diritto& diritto = kDiritti[i];
     const bool concesso = risposte[i] == "1";
     std::string dove = diritto.oggetto.empty() ? "database" : std::string(diritto.oggetto);
-    if (diritto.classe == "SCHEMA") dove = "schema " + dove;
+    if (diritto.classe == "SCHEMA") dove.insert(0, "schema ");
     voci.push_back(
         {"Diritto", dove, std::string(diritto.diritto), concesso ? "concesso" : "MANCA", !concesso});
   }
