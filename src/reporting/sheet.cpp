@@ -4,7 +4,6 @@
 
 #include <array>
 #include <clocale>
-#include <cstdio>
 #include <cstring>
 #include <string>
 
@@ -12,7 +11,6 @@
 #include "reporting/form_values.h"
 #include "reporting/italian.h"
 #include "reporting/report_error.h"
-#include "reporting/sheet_numbers.h"
 #include "reporting/table.h"
 
 namespace cu::reporting {
@@ -109,26 +107,12 @@ class Sheet {
   // Days since 30 December 1899 are what the file counts too.
   void date(Date value) { check(worksheet_write_number(sheet_, place(), column_++, value.serial(), date_)); }
   void close() {
-    shortenNumbers();
     lxw_workbook* const book = book_;
     book_ = nullptr;
     check(workbook_close(book));
   }
 
  private:
-  // The library writes each number with sixteen digits, which is one more than a decimal number bears: its
-  // rows are exchanged for such with short numbers before they go into the book.
-  void shortenNumbers() {
-    lxw_worksheet_write_single_row(sheet_);
-    std::FILE* const rows = std::tmpfile();
-    if (rows == nullptr) check(LXW_ERROR_CREATING_TMPFILE);
-    if (!copyWithShortNumbers(sheet_->optimize_tmpfile, rows)) {
-      std::fclose(rows);
-      check(LXW_ERROR_CREATING_TMPFILE);
-    }
-    std::fclose(sheet_->optimize_tmpfile);
-    sheet_->optimize_tmpfile = rows;
-  }
   lxw_row_t place() const { return static_cast<lxw_row_t>(row_); }
   lxw_workbook* book_ = nullptr;
   lxw_worksheet* sheet_ = nullptr;

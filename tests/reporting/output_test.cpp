@@ -3,7 +3,6 @@
 
 #include <filesystem>
 
-#include "database/archivio.h"
 #include "report_support.h"
 #include "reporting/report_error.h"
 #include "support/memory_file_system.h"
@@ -312,24 +311,6 @@ TEST(Spreadsheet, OfPaymentsHasTheirDates) {
   // 25 January 2014 is day 41664.
   EXPECT_THAT(cellsOf(shop.folder / "a.xlsx"), HasSubstr("|2014|A|"));
   EXPECT_THAT(cellsOf(shop.folder / "a.xlsx"), HasSubstr("|41664|1/2014|41657|2974|0|2974|594.8|0|0"));
-}
-
-TEST(Spreadsheet, HoldsAmountsAsTheyAreInDecimals) {
-  const auto archive = SqliteConnection::create(":memory:");
-  creaArchivio(*archive, ContenutoArchivio::Dimostrativo);
-  archive->Execute(
-      "UPDATE ContoIndividuale SET OnorarioProvvigioni = 8.0058, SommeNonSoggette = 1.0051, "
-      "SommeNonSoggetteRegConv = 99999999.9999, RitenutaAcconto = 16386.01, RitenutaImposta = -9.2 "
-      "WHERE IDAnagrafica = 101 AND Anno = 2016");
-  PrintShop shop;
-  auto engine = shop.engine(
-      kAccounts,
-      std::string("{__ViewName.Anno} = 2016 AND {__ViewName.CodicePercipiente} = 'P001' AND ") + kFormula);
-  engine->setConnection(*archive);
-  PrintShop::nameFile(*engine, shop.folder / "a.xlsx");
-  engine->run(0);
-  EXPECT_THAT(cellsOf(shop.folder / "a.xlsx"),
-              HasSubstr("|2016|8.0058|1.0051|99999999.9999|0|100000009.0108|0|8.0058|16386.01|-9.2|0|0\n"));
 }
 
 TEST(Spreadsheet, OfFormsHasALineAModule) {
