@@ -18,6 +18,12 @@
 #include "desktop/text.h"
 
 namespace cu::desktop {
+namespace {
+
+constexpr int kMessageWidth = 320;
+constexpr int kTextWidth = 220;
+
+}  // namespace
 
 LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), table_(new QTableWidget(this)) {
   setWindowTitle(QStringLiteral("Dati mancanti"));
@@ -52,11 +58,19 @@ LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), ta
   for (int row = 0; const auto& values : log.rows) {
     for (int at = 0; const std::size_t from : order) {
       const std::string text = from < values.size() ? values[from].view().toText() : std::string();
-      table_->setItem(row, at++, new QTableWidgetItem(shown(text)));
+      auto* const item = new QTableWidgetItem(shown(text));
+      item->setToolTip(item->text());
+      table_->setItem(row, at++, item);
     }
     ++row;
   }
+  table_->setWordWrap(false);
   table_->resizeColumnsToContents();
+  // A long text does not push the others out of sight: it is cut, and told whole by its tooltip.
+  table_->setColumnWidth(0, std::min(table_->columnWidth(0), kMessageWidth));
+  for (int at = 1; at < table_->columnCount(); ++at) {
+    table_->setColumnWidth(at, std::min(table_->columnWidth(at), kTextWidth));
+  }
   table_->horizontalHeader()->setStretchLastSection(true);
   if (!log.rows.empty()) table_->selectRow(0);
 
@@ -71,7 +85,7 @@ LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), ta
     copy();
   });
   column->addWidget(buttons);
-  resize(900, 420);
+  resize(1000, 420);
   table_->setFocus();
 }
 

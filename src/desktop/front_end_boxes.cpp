@@ -1,8 +1,11 @@
 // Boxes and dialogs that a person answers.
 
 #include <QFileDialog>
+#include <QFileIconProvider>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTreeView>
 
 #include "desktop/dialogs.h"
 #include "desktop/form_window.h"
@@ -71,6 +74,29 @@ Answer escapeOf(BoxButtons buttons) {
   return Answer::Cancel;
 }
 
+// The toolkit's own words for the kinds of files are not translated.
+class Kinds : public QFileIconProvider {
+ public:
+  QString type(const QFileInfo& file) const override {
+    if (file.isDir()) return QStringLiteral("Cartella");
+    return file.suffix().isEmpty() ? QStringLiteral("File")
+                                   : QStringLiteral("File ") + file.suffix().toUpper();
+  }
+};
+
+// Wide enough for captions and dates to be read whole.
+void makeReadable(QFileDialog& dialog, Kinds& kinds) {
+  dialog.setIconProvider(&kinds);
+  auto* const details = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+  if (details == nullptr) return;  // the desktop's own dialog
+  dialog.resize(820, 480);
+  QHeaderView& header = *details->header();
+  header.setStretchLastSection(false);
+  for (int column = 0; column < header.count(); ++column) {
+    header.setSectionResizeMode(column, column == 0 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
+  }
+}
+
 }  // namespace
 
 Answer QtFrontEnd::messageBox(const MessageBox& box) {
@@ -107,9 +133,11 @@ void QtFrontEnd::error(const Error& error) {
 }
 
 std::string QtFrontEnd::chooseFolder(const std::string& title, const std::optional<std::string>& start) {
+  Kinds kinds;  // outlives the dialog, which reads folders on a thread of its own
   QFileDialog dialog(parentForDialog(), shown(title), shown(start.value_or(std::string())));
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setOption(QFileDialog::ShowDirsOnly);
+  makeReadable(dialog, kinds);
   if (run(dialog) != QDialog::Accepted) return {};
   return utf8(dialog.selectedFiles().value(0));
 }
@@ -122,8 +150,10 @@ std::optional<PrinterChoice> QtFrontEnd::choosePrinter() {
 
 std::optional<std::string> QtFrontEnd::chooseFileToSave(const std::string& title, const std::string& start,
                                                         const std::string& filter) {
+  Kinds kinds;
   QFileDialog dialog(parentForDialog(), shown(title), QString(), shown(filter));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
+  makeReadable(dialog, kinds);
   if (!start.empty()) dialog.selectFile(shown(start));
   if (run(dialog) != QDialog::Accepted) return std::nullopt;
   return utf8(dialog.selectedFiles().value(0));
