@@ -96,21 +96,60 @@ bool CellBox::event(QEvent* event) {
   return QWidget::event(event);
 }
 
+// Where each cell stands that takes so many columns.
+std::vector<CellBox::Place> CellBox::places(const std::vector<int>& spans, int columns) const {
+  std::vector<Place> found;
+  int row = 0;
+  int column = 0;
+  for (std::size_t at = 0; at < cells_.size(); ++at) {
+    const QString& asks = cells_[at]->asks;
+    const bool again = at > 0 && !asks.isEmpty() && asks == cells_.front()->asks;
+    if (again || column + spans[at] > columns) {
+      ++row;
+      column = 0;
+    }
+    found.push_back({row, column});
+    column += spans[at];
+  }
+  return found;
+}
+
+// Texts that may be long take what is free, as long as they stay in their row and that makes no further one;
+// a code with its description pushes nothing else into another one either.
+std::vector<int> CellBox::spans(int columns) const {
+  std::vector<int> found;
+  for (const Cell* cell : cells_) found.push_back(spanOf(cell->width, columns));
+  if (found.empty()) return found;
+  const std::vector<Place> before = places(found, columns);
+  for (bool widened = true; widened;) {
+    widened = false;
+    for (std::size_t at = 0; at < cells_.size(); ++at) {
+      if (found[at] >= std::min(cells_[at]->mostColumns, columns)) continue;
+      ++found[at];
+      const std::vector<Place> now = places(found, columns);
+      const bool pushes = !std::equal(now.begin(), now.end(), before.begin(),
+                                      [](const Place& a, const Place& b) { return a.row == b.row; });
+      const bool stays = cells_[at]->width == Cell::Width::Widest && pushes;
+      const bool moves = now[at].row != before[at].row || now.back().row > before.back().row;
+      if (stays || moves) {
+        --found[at];
+      } else {
+        widened = true;
+      }
+    }
+  }
+  return found;
+}
+
 void CellBox::arrange(int columns) {
   if (columns == columns_) return;
   columns_ = columns;
   while (QLayoutItem* item = grid_->takeAt(0)) delete item;
   for (int i = 0; i < kMostColumns; ++i) grid_->setColumnStretch(i, i < columns ? 1 : 0);
-  int row = 0;
-  int column = 0;
-  for (Cell* cell : cells_) {
-    const int span = spanOf(cell->width, columns);
-    if (column + span > columns) {
-      ++row;
-      column = 0;
-    }
-    grid_->addWidget(cell, row, column, 1, span);
-    column += span;
+  const std::vector<int> taken = spans(columns);
+  const std::vector<Place> where = places(taken, columns);
+  for (std::size_t at = 0; at < cells_.size(); ++at) {
+    grid_->addWidget(cells_[at], where[at].row, where[at].column, 1, taken[at]);
   }
 }
 

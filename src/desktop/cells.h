@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QString>
 #include <QWidget>
 #include <vector>
 
@@ -13,11 +14,13 @@ class Cell : public QWidget {
  public:
   explicit Cell(QWidget* parent);
   QLabel* addTitle();
+  QString asks;  // the caption without its number
   void setTitle(QWidget* title);
   void setContent(QWidget* content);
   // A code with its description wants more room than a list of choices, that more than an amount.
   enum class Width { Narrow, Wide, Widest };
   Width width = Width::Narrow;
+  int mostColumns = 1;  // that it takes where some are free
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -26,7 +29,8 @@ class Cell : public QWidget {
   QWidget* content_ = nullptr;
 };
 
-// Boxes side by side, as many in a row as there is room for, in their order.
+// Boxes side by side, as many in a row as there is room for, in their order. Where a section asks for the
+// same again, the repetition stands below what it repeats.
 class CellBox : public QWidget {
  public:
   explicit CellBox(QWidget* parent);
@@ -38,6 +42,12 @@ class CellBox : public QWidget {
   bool event(QEvent* event) override;
 
  private:
+  struct Place {
+    int row;
+    int column;
+  };
+  std::vector<Place> places(const std::vector<int>& spans, int columns) const;
+  std::vector<int> spans(int columns) const;
   void arrange(int columns);
   QGridLayout* grid_;
   std::vector<Cell*> cells_;

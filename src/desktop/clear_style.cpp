@@ -86,6 +86,8 @@ void ClearStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
 
 int ClearStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* returned) const {
+  // The line around what has the keyboard would be cut where its parent ends.
+  if (hint == SH_FocusFrame_AboveWidget) return 1;
   if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
   return QProxyStyle::styleHint(hint, option, widget, returned);
 }

@@ -11,6 +11,7 @@
 
 #include "desktop/form_window.h"
 #include "desktop/text.h"
+#include "desktop/whole_text.h"
 #include "host/text.h"
 
 namespace cu::desktop {
@@ -111,6 +112,7 @@ void paintBackground(QWidget& widget, Background background) {
 EditView::EditView(FormWindow& window, EditBox& box, QWidget* parent)
     : View(window, box), box_(box), line_(new Line(parent)) {
   setWidget(line_);
+  tellWhole(*line_);
   QObject::connect(line_, &QLineEdit::textEdited, line_, [this](const QString& now) {
     if (live()) edited(now);
   });

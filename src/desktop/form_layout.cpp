@@ -1,8 +1,10 @@
 #include "desktop/form_layout.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -86,7 +88,7 @@ Parts partsOf(FormWindow& window) {
 // The box beside a grid in which a person looks for a payee.
 void addSearch(FormWindow& window, QBoxLayout& column, Grid& grid, GridView& view) {
   auto* row = new QHBoxLayout;
-  auto* caption = new QLabel(QStringLiteral("&Cerca percipiente"), column.parentWidget());
+  auto* caption = new QLabel(QStringLiteral("C&erca percipiente"), column.parentWidget());
   auto* box = new QLineEdit(column.parentWidget());
   caption->setBuddy(box);
   box->setObjectName(QStringLiteral("ricercaRapida"));
@@ -155,7 +157,12 @@ void layOutGridPage(FormWindow& window, Frame& page) {
   for (Frame* frame : frames) {
     layouter.fillFrame(*frame);
     auto* area = new ContentArea(into);
-    area->setWidget(window.view(*frame)->widget());
+    auto* content = new QWidget;
+    auto* inner = new QVBoxLayout(content);
+    inner->setContentsMargins(0, 0, 0, 0);
+    inner->addWidget(window.view(*frame)->widget());
+    inner->addStretch(1);
+    area->setWidget(content);
     column->addWidget(area, 3);
     window.addScrollArea(area);
   }
@@ -282,7 +289,25 @@ void showShrunk(FormWindow& window) {
   const bool shrunk = window.form().shrunk();
   if (window.property("shrunk").toBool() == shrunk) return;
   window.setProperty("shrunk", shrunk);
-  if (window.isVisible()) QTimer::singleShot(0, &window, [&window] { window.resize(window.sizeHint()); });
+  if (!window.isVisible()) return;
+  QTimer::singleShot(0, &window,
+                     [&window] { fitHeight(window, window.screen()->availableGeometry().height()); });
+}
+
+// Boxes and texts that wrap say only in their window how high they are, and are placed anew at another
+// height.
+void fitHeight(FormWindow& window, int room) {
+  constexpr int kTries = 4;
+  for (int i = 0; i < kTries; ++i) {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    int missing = -window.height();
+    for (const auto* area : window.findChildren<ContentArea*>()) {
+      if (area->isVisible()) missing = std::max(missing, area->missingHeight());
+    }
+    const int height = std::min(window.height() + missing, room);
+    if (missing == -window.height() || height == window.height()) return;
+    window.resize(window.width(), height);
+  }
 }
 
 }  // namespace cu::desktop

@@ -10,5 +10,7 @@ void layOut(FormWindow& window);
 
 // Shows a form of which only a part is left in a window of that size.
 void showShrunk(FormWindow& window);
+// Makes a window on the screen as high as its content, as far as the screen has room; it is told how much.
+void fitHeight(FormWindow& window, int room);
 
 }  // namespace cu::desktop

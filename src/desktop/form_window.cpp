@@ -6,7 +6,6 @@
 #include <QKeyEvent>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QTableView>
 #include <QTimer>
 #include <QWheelEvent>
 #include <algorithm>
@@ -92,13 +91,6 @@ void FormWindow::orderTabs() {
     const View* const shownBy = view(*control);
     if (shownBy == nullptr) continue;
     for (QWidget* taker : shownBy->focusWidgets()) append(taker);
-  }
-}
-
-void FormWindow::freeze(bool frozen) {
-  // The tables of this window alone: the one that has opened above is a child of it.
-  for (QTableView* table : findChildren<QTableView*>()) {
-    if (table->window() == this) table->setUpdatesEnabled(!frozen);
   }
 }
 

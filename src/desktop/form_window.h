@@ -41,8 +41,6 @@ class FormWindow : public QWidget {
   void setFoot(Foot* foot) { foot_ = foot; }
   // The views look again at what may have moved without telling.
   void afterEvent();
-  // Behind a modal form: the tables stay as they are drawn.
-  void freeze(bool frozen);
   // The scrolling bar of the form is that of whichever of these is visible.
   void addScrollArea(QScrollArea* area);
 

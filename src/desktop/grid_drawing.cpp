@@ -73,10 +73,18 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   mark.initFrom(widget);
   mark.rect = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, {side, side}, option.rect);
   mark.state = QStyle::State_Enabled;
+  // On the colour of the selection arrow and mark take the colours of a text that is selected.
+  const bool selected = option.state.testFlag(QStyle::State_Selected);
   if (menu) {
     mark.palette = cell.palette;
+    if (selected) mark.palette.setColor(QPalette::WindowText, cell.palette.color(QPalette::HighlightedText));
     style->drawPrimitive(QStyle::PE_IndicatorArrowDown, &mark, painter, widget);
     return;
+  }
+  if (selected) {
+    mark.palette.setColor(QPalette::Base, cell.palette.color(QPalette::HighlightedText));
+    mark.palette.setColor(QPalette::Highlight, cell.palette.color(QPalette::HighlightedText));
+    mark.palette.setColor(QPalette::HighlightedText, cell.palette.color(QPalette::Highlight));
   }
   mark.state |= model->flag(index.row(), index.column()) ? QStyle::State_On : QStyle::State_Off;
   style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &mark, painter, widget);

@@ -1,6 +1,7 @@
 #include "desktop/grid_model.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "desktop/text.h"
 
@@ -9,6 +10,7 @@ namespace {
 
 constexpr int kRight = 1;
 constexpr int kCentre = 2;
+constexpr qsizetype kDrawnCells = 8192;  // more than a screen has
 
 // A caption without a letter: the number of rows that are on.
 bool countOnly(const QString& caption) {
@@ -37,6 +39,8 @@ GridModel::GridModel(Grid& grid, QObject* parent) : QAbstractTableModel(parent),
 void GridModel::refresh() {
   if (grid_ == nullptr || !grid_->drawing()) return;
   cached_ = -1;
+  drawn_.clear();
+  drawnBefore_.clear();
   const auto rows = static_cast<int>(grid_->rowCount());
   const bool another = rows != rows_ || !sameColumns(columns_, grid_->columns());
   if (another) beginResetModel();
@@ -56,6 +60,10 @@ void GridModel::refresh() {
   const int last = static_cast<int>(columns_.size()) - 1;
   emit headerDataChanged(Qt::Horizontal, 0, last);
   if (rows_ > 0) emit dataChanged(index(0, 0), index(rows_ - 1, last));
+}
+
+bool GridModel::held() const {
+  return grid_ != nullptr && (!grid_->drawing() || grid_->rowCount() != static_cast<std::size_t>(rows_));
 }
 
 int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
@@ -91,17 +99,30 @@ QString GridModel::text(int row, int at) const {
   return shown(grid_->shown(column(at), cell(row, at)));
 }
 
-bool GridModel::flag(int row, int at) const {
-  if (grid_ == nullptr || static_cast<std::size_t>(row) >= grid_->rowCount()) return false;
-  const CellView& value = cell(row, at);
-  return !value.isNull() && value.flag();
+bool GridModel::flag(int row, int at) const { return drawn(row, at).flag; }
+
+GridModel::Drawn GridModel::drawn(int row, int at) const {
+  if (grid_ == nullptr || row < 0 || row >= rows_) return {};
+  const qint64 place = static_cast<qint64>(row) * columnCount() + at;
+  if (held()) {
+    const auto found = drawn_.constFind(place);
+    return found != drawn_.constEnd() ? *found : drawnBefore_.value(place);
+  }
+  Drawn now{text(row, at)};
+  if (isFlag(at)) {
+    const CellView& value = cell(row, at);
+    now.flag = !value.isNull() && value.flag();
+  }
+  if (drawn_.size() >= kDrawnCells) drawnBefore_ = std::exchange(drawn_, {});
+  drawn_.insert(place, now);
+  return now;
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   switch (role) {
     case Qt::DisplayRole:
-      return text(index.row(), index.column());
+      return drawn(index.row(), index.column()).text;
     case Qt::TextAlignmentRole:
       return QVariant(aligned(column(index.column()).alignment));
     case Qt::AccessibleTextRole: {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QHash>
 #include <optional>
 #include <vector>
 
@@ -16,6 +17,9 @@ class GridModel : public QAbstractTableModel {
   // The grid has changed: columns, rows, or what stands in them.
   void refresh();
   void detach() { grid_ = nullptr; }
+  // The rows are being worked on, filtered to one as likely as not, and the grid has not told of it: what is
+  // on the screen stays.
+  bool held() const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -28,12 +32,18 @@ class GridModel : public QAbstractTableModel {
   bool isMenu(int column) const;
   std::optional<int> columnOf(std::string_view field) const;
   QString text(int row, int column) const;
-  bool flag(int row, int column) const;
+  bool flag(int row, int column) const;  // as drawn
   // The first row from `from` on, going round, whose text in the column has what is looked for; the rows
   // that begin with it come before those that have it further on. -1 when there is none.
   int find(const QString& what, int column, int from) const;
 
  private:
+  // A cell as it is drawn; while the rows are held, as it was drawn last.
+  struct Drawn {
+    QString text;
+    bool flag = false;
+  };
+  Drawn drawn(int row, int column) const;
   const CellView& cell(int row, int column) const;
 
   Grid* grid_;
@@ -42,6 +52,10 @@ class GridModel : public QAbstractTableModel {
   int rows_ = 0;
   mutable std::vector<CellView> cells_;
   mutable int cached_ = -1;
+  // The cells drawn lately; what has not been drawn for long is forgotten with the older ones.
+  using Places = QHash<qint64, Drawn>;
+  mutable Places drawn_;
+  mutable Places drawnBefore_;
 };
 
 }  // namespace cu::desktop

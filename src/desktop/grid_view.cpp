@@ -127,7 +127,7 @@ void GridView::refresh() {
 
 // The rows have a cursor of their own that the system moves without the grid.
 void GridView::afterEvent() {
-  if (live() && grid_.drawing()) table_->setCurrent(static_cast<int>(grid_.row()) - 1);
+  if (live() && !model_.held()) table_->setCurrent(static_cast<int>(grid_.row()) - 1);
 }
 
 int GridView::widthOf(int column) const {

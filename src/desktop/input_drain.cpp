@@ -8,10 +8,14 @@ namespace {
 
 class Swallow : public QObject {
  public:
-  Swallow() { QCoreApplication::instance()->installEventFilter(this); }
+  explicit Swallow(Keys* pressed) : pressed_(pressed) {
+    QCoreApplication::instance()->installEventFilter(this);
+  }
   bool eventFilter(QObject*, QEvent* event) override {
     switch (event->type()) {
       case QEvent::KeyPress:
+        if (pressed_ != nullptr) pressed_->emplace_back(static_cast<QKeyEvent*>(event)->clone());
+        return true;
       case QEvent::KeyRelease:
       case QEvent::ShortcutOverride:
       case QEvent::Shortcut:
@@ -26,13 +30,23 @@ class Swallow : public QObject {
         return false;
     }
   }
+
+ private:
+  Keys* pressed_;
 };
 
 }  // namespace
 
 void drainInput() {
-  const Swallow swallow;
+  const Swallow swallow(nullptr);
   QCoreApplication::processEvents();
+}
+
+Keys drainKeys() {
+  Keys pressed;
+  const Swallow swallow(&pressed);
+  QCoreApplication::processEvents();
+  return pressed;
 }
 
 }  // namespace cu::desktop

@@ -93,6 +93,20 @@ bool hang(QGridLayout& grid, int row, QWidget* text) {
   return true;
 }
 
+// "101 Codice fiscale" asks for the same as "105 Codice fiscale".
+QString withoutNumber(const QString& caption) {
+  return caption.isEmpty() || !caption[0].isDigit() ? caption : caption.section(u' ', 1);
+}
+
+int mostColumnsOf(const Control& control, Cell::Width width) {
+  constexpr int kAll = 9;
+  if (width == Cell::Width::Widest) return kAll;
+  if (dynamic_cast<const ListBox*>(&control) != nullptr) return 3;
+  // A name that is only shown.
+  const auto* const text = dynamic_cast<const TextBox*>(&control);
+  return text != nullptr && text->locked() && text->maxLength() == 0 ? 2 : 1;
+}
+
 bool namesNext(const Label& label, const Control& next) {
   if (label.buddy != nullptr) return label.buddy == &next;
   return next.caption().empty();
@@ -137,6 +151,14 @@ QSize ContentArea::sizeHint() const {
   return hint + QSize(verticalScrollBar()->sizeHint().width(), 2);
 }
 
+int ContentArea::missingHeight() const {
+  const QLayout* const layout = widget() == nullptr ? nullptr : widget()->layout();
+  if (layout == nullptr) return 0;
+  const int needed = layout->hasHeightForWidth() ? layout->totalHeightForWidth(viewport()->width())
+                                                 : layout->totalSizeHint().height();
+  return needed - viewport()->height();
+}
+
 std::vector<Control*> Layouter::inside(const Frame* frame) const {
   std::vector<Control*> found;
   for (Control* control : window_.form().controls()) {
@@ -145,16 +167,30 @@ std::vector<Control*> Layouter::inside(const Frame* frame) const {
   return found;
 }
 
-void Layouter::fillFrame(Frame& frame) { fill(window_.view(frame)->widget(), inside(&frame)); }
+void Layouter::fillFrame(Frame& frame) {
+  QWidget* const into = window_.view(frame)->widget();
+  fill(into, inside(&frame));
+  // What has no line around it is not set in.
+  if (frame.caption().empty() && into->layout() != nullptr) into->layout()->setContentsMargins(0, 0, 0, 0);
+}
+
+bool Layouter::holdsOne(const Control& control) const {
+  const auto* const frame = dynamic_cast<const Frame*>(&control);
+  if (frame == nullptr) return false;
+  const auto held = inside(frame);
+  return held.size() == 1 && kindOf(*held.front()) == Kind::Field && held.front()->caption().empty();
+}
 
 void Layouter::fill(QWidget* into, const std::vector<Control*>& controls) {
-  const auto captioned = std::count_if(controls.begin(), controls.end(), [](Control* control) {
+  const bool boxes = onEditorPage(controls);
+  const auto captioned = std::count_if(controls.begin(), controls.end(), [boxes](Control* control) {
     const Kind kind = kindOf(*control);
+    if (const auto* const label = dynamic_cast<Label*>(control)) return boxes && label->buddy != nullptr;
     return (kind == Kind::Field || kind == Kind::Check) && !control->caption().empty();
   });
   const bool frames = std::any_of(controls.begin(), controls.end(),
                                   [](Control* control) { return kindOf(*control) == Kind::Frame; });
-  if (static_cast<std::size_t>(captioned) >= (onEditorPage(controls) ? 1 : kCellsFrom) && !frames) {
+  if (static_cast<std::size_t>(captioned) >= (boxes ? 1 : kCellsFrom) && !frames) {
     cells(into, controls);
     return;
   }
@@ -173,11 +209,20 @@ std::size_t Layouter::place(Row& row, const std::vector<Control*>& controls, std
   const Kind kind = kindOf(control);
   switch (kind) {
     case Kind::Frame: {
-      auto& frame = static_cast<Frame&>(control);
-      View& made = window_.make(frame, into);
-      row.grid.addWidget(made.widget(), row.next++, 0, 1, 2);
-      fillFrame(frame);
-      return 1;
+      // Sections of a page with one field each stand side by side.
+      std::size_t count = 0;
+      while (onEditorPage(controls) && at + count < controls.size() && holdsOne(*controls[at + count]))
+        ++count;
+      if (count < 2) count = 1;
+      auto* beside = new QHBoxLayout;
+      beside->setSpacing(kSpacing);
+      row.grid.addLayout(beside, row.next++, 0, 1, 2);
+      for (std::size_t i = at; i < at + count; ++i) {
+        auto& frame = static_cast<Frame&>(*controls[i]);
+        beside->addWidget(window_.make(frame, into).widget(), 1);
+        fillFrame(frame);
+      }
+      return count;
     }
     case Kind::Label: {
       auto& label = static_cast<Label&>(control);
@@ -287,6 +332,8 @@ void Layouter::fillRow(QBoxLayout& row, const std::vector<Control*>& controls) {
 void Layouter::cells(QWidget* into, const std::vector<Control*>& controls) {
   auto* box = new CellBox(into);
   auto* around = new QGridLayout(into);
+  // The cells bring room of their own.
+  around->setContentsMargins(9, 5, 9, 5);
   around->addWidget(box);
   for (std::size_t at = 0; at < controls.size(); ++at) {
     auto* const label = dynamic_cast<Label*>(controls[at]);
@@ -319,6 +366,8 @@ void Layouter::cell(QWidget* into, Control& control, Label* label) {
     QLabel* const text = cell.addTitle();
     shownBy.setCaptionLabel(text);
   }
+  cell.mostColumns = mostColumnsOf(control, width);
+  cell.asks = withoutNumber(spoken(caption));
   cell.setContent(shownBy.widget());
   box.setWidth(cell, width);
   if (!shownBy.focusWidgets().isEmpty()) shownBy.setSpokenName(spoken(caption));

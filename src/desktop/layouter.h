@@ -21,6 +21,8 @@ class ContentArea : public QScrollArea {
  public:
   explicit ContentArea(QWidget* parent);
   QSize sizeHint() const override;
+  // What it lacks for showing everything at its present width; less than 0 where it has too much.
+  int missingHeight() const;
 };
 
 // Places controls by the frames they stand in: labels before their fields, sections below each other, runs of
@@ -44,6 +46,7 @@ class Layouter {
     int next = 0;
   };
   std::size_t place(Row& row, const std::vector<Control*>& controls, std::size_t at);
+  bool holdsOne(const Control& control) const;  // a frame with one field alone
   void field(Row& row, Control& control, Label* label);
   void together(Row& row, const std::vector<Control*>& run);
   void cells(QWidget* into, const std::vector<Control*>& controls);

@@ -9,6 +9,7 @@
 
 #include "desktop/edit_view.h"
 #include "desktop/text.h"
+#include "desktop/whole_text.h"
 
 namespace cu::desktop {
 namespace {
@@ -57,6 +58,20 @@ class Combo : public QComboBox {
   }
 };
 
+// A hidden tab keeps no place.
+class Bar : public QTabBar {
+ public:
+  using QTabBar::QTabBar;
+  QSize sizeHint() const override {
+    QSize size(0, QTabBar::sizeHint().height());
+    for (int i = 0; i < count(); ++i) {
+      if (isTabVisible(i)) size.rwidth() += tabSizeHint(i).width();
+    }
+    return size;
+  }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+};
+
 void fit(QComboBox& combo) {
   combo.setSizeAdjustPolicy(QComboBox::AdjustToContents);
   combo.setMinimumContentsLength(6);
@@ -69,6 +84,7 @@ ListView::ListView(FormWindow& window, ListBox& list, QWidget* parent)
   setWidget(combo_);
   static_cast<Combo*>(combo_)->onDelete = [this] { act([this] { list_.setIndex(-1); }); };
   fit(*combo_);
+  tellWhole(*combo_);
   combo_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   QObject::connect(combo_, &QComboBox::activated, combo_,
                    [this](int chosen) { act([this, chosen] { list_.setIndex(chosen); }); });
@@ -91,7 +107,7 @@ void ListView::refresh() {
 }
 
 TabsView::TabsView(FormWindow& window, Tabs& tabs, QWidget* parent)
-    : View(window, tabs), tabs_(tabs), bar_(new QTabBar(parent)) {
+    : View(window, tabs), tabs_(tabs), bar_(new Bar(parent)) {
   setWidget(bar_);
   bar_->setExpanding(false);
   bar_->setDrawBase(true);
@@ -109,6 +125,7 @@ void TabsView::refresh() {
     bar_->setTabVisible(i, tabs_.tabs()[static_cast<std::size_t>(i)].visible);
   }
   bar_->setCurrentIndex(tabs_.selected() - 1);
+  bar_->updateGeometry();
 }
 
 PrintView::PrintView(FormWindow& window, PrintControl& print, QWidget* parent)

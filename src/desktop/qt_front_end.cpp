@@ -8,24 +8,29 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QScreen>
-#include <QScrollBar>
 #include <QUrl>
 #include <algorithm>
 
 #include "desktop/foot.h"
+#include "desktop/form_layout.h"
 #include "desktop/form_window.h"
-#include "desktop/input_drain.h"
-#include "desktop/layouter.h"
 #include "desktop/reading_windows.h"
 #include "desktop/shell_views.h"
 #include "desktop/text.h"
 #include "host/form.h"
+#include "host/tabs.h"
 
 namespace cu::desktop {
 namespace {
 
 constexpr qint64 kTellEvery = 80;  // milliseconds
 constexpr int kTitleBar = 32;      // of a window, as far as one can know
+constexpr int kSectionsWidth = 1080;
+
+bool hasTabs(const Form& form) {
+  return std::any_of(form.controls().begin(), form.controls().end(),
+                     [](const Control* control) { return dynamic_cast<const Tabs*>(control) != nullptr; });
+}
 
 }  // namespace
 
@@ -103,6 +108,14 @@ bool QtFrontEnd::dropInput() {
   return true;
 }
 
+Keys QtFrontEnd::typedAhead() {
+  worked_ = false;
+  ++running_;
+  Keys pressed = drainKeys();
+  --running_;
+  return pressed;
+}
+
 void QtFrontEnd::restFeet() {
   for (const Shown& each : shown_) {
     if (each.window->foot() != nullptr) each.window->foot()->rest();
@@ -114,8 +127,11 @@ void QtFrontEnd::place(FormWindow& window, const FormWindow* over) const {
   const QRect room = screen->availableGeometry();
   QSize size = window.sizeHint().expandedTo(window.minimumSizeHint());
   if (!window.form().stages().empty()) size = {1040, 700};
+  // Tabs are pages of sections, which are read better in rows of five than from top to bottom.
+  if (hasTabs(window.form()) && !window.form().shrunk()) size.setWidth(kSectionsWidth);
   // A form of many sections is as high as the screen lets it, since the clerk reads it from top to bottom.
-  if (window.form().scroll() != nullptr) size = {1080, std::max(720, std::min(1000, room.height() * 9 / 10))};
+  if (window.form().scroll() != nullptr)
+    size = {kSectionsWidth, std::max(720, std::min(1000, room.height() * 9 / 10))};
   size = size.boundedTo(room.size() - QSize(0, kTitleBar));
   window.resize(size);
   const QRect around = over != nullptr ? over->frameGeometry() : room;
@@ -126,17 +142,10 @@ void QtFrontEnd::place(FormWindow& window, const FormWindow* over) const {
   window.move(place.topLeft());
 }
 
-// Boxes and texts that wrap say only in their window how high they are.
 void QtFrontEnd::fit(FormWindow& window, const FormWindow* over) const {
   if (window.form().scroll() != nullptr || !window.form().stages().empty()) return;
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-  int missing = 0;
-  for (const auto* area : window.findChildren<ContentArea*>()) {
-    if (area->isVisible()) missing = std::max(missing, area->verticalScrollBar()->maximum());
-  }
-  if (missing == 0) return;
   const QRect room = window.screen()->availableGeometry();
-  window.resize(window.width(), std::min(window.height() + missing + 1, room.height() - kTitleBar));
+  fitHeight(window, room.height() - kTitleBar);
   const int lowest = std::max(room.top(), room.bottom() - window.height());
   const int middle = over == nullptr ? room.center().y() : over->frameGeometry().center().y();
   window.move(window.x(), std::clamp(middle - window.height() / 2, room.top(), lowest));
@@ -156,11 +165,7 @@ void QtFrontEnd::showModal(Form& form) {
   QEventLoop loop;
   // cppcheck-suppress danglingLifetime ; taken back before the loop goes
   shown_.push_back({&form, window, &loop});
-  // Below it the rows may be filtered to one: what is drawn stays as it is.
-  if (below != nullptr) {
-    below->afterEvent();
-    below->freeze(true);
-  }
+  if (below != nullptr) below->afterEvent();
   place(*window, below);
   window->show();
   fit(*window, below);
@@ -173,9 +178,7 @@ void QtFrontEnd::showModal(Form& form) {
   for (Shown& each : shown_) {
     if (each.loop == &loop) each.loop = nullptr;
   }
-  if (below == nullptr) return;
-  below->freeze(false);
-  below->activateWindow();
+  if (below != nullptr) below->activateWindow();
 }
 
 void QtFrontEnd::closed(Form& form) {

@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "desktop/input_drain.h"
 #include "host/control.h"
 #include "host/frontend.h"
 
@@ -72,6 +73,8 @@ class QtFrontEnd : public FrontEnd {
     int running_;
   };
   int run(QDialog& dialog);  // modally
+  // The keys pressed while a window was being made ready that is typed into at once.
+  Keys typedAhead();
   QWidget* parentForDialog() const;
 
  private:

@@ -78,11 +78,27 @@ QVariant SearchModel::headerData(int section, Qt::Orientation orientation, int r
   return role == Qt::DisplayRole ? QVariant(captions_.value(section)) : QVariant();
 }
 
+namespace {
+
+// What has been typed already is gone on with: the cursor stays behind it, nothing is selected.
+class TypedLine : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override {
+    QLineEdit::focusInEvent(event);
+    if (selectedText() == text()) end(false);
+  }
+};
+
+}  // namespace
+
 SearchDialog::SearchDialog(QWidget* parent, const QString& title, Recordset& rows,
                            const QStringList& captions, const QString& typed)
     : QDialog(parent),
       model_(rows, captions),
-      box_(new QLineEdit(this)),
+      box_(new TypedLine(this)),
       table_(new QTableView(this)),
       count_(new QLabel(this)) {
   setWindowTitle(title);
@@ -115,8 +131,11 @@ SearchDialog::SearchDialog(QWidget* parent, const QString& title, Recordset& row
   connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
   box_->installEventFilter(this);
   box_->setText(typed);
-  box_->selectAll();
   if (typed.isEmpty()) narrow({});
+}
+
+void SearchDialog::typeAhead(Keys keys) {
+  for (std::unique_ptr<QKeyEvent>& key : keys) QCoreApplication::postEvent(box_, key.release());
 }
 
 void SearchDialog::narrow(const QString& typed) {

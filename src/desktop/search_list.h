@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "desktop/input_drain.h"
 #include "host/recordset.h"
 
 class QLabel;
@@ -49,6 +50,8 @@ class SearchDialog : public QDialog {
  public:
   SearchDialog(QWidget* parent, const QString& title, Recordset& rows, const QStringList& captions,
                const QString& typed);
+  // Keys that were pressed before the list was there: they arrive once it is.
+  void typeAhead(Keys keys);
   struct Chosen {
     std::int64_t record = 0;
     std::string code;

@@ -11,6 +11,7 @@
 #include "desktop/qt_front_end.h"
 #include "desktop/search_list.h"
 #include "desktop/text.h"
+#include "desktop/whole_text.h"
 #include "host/form.h"
 
 namespace cu::desktop {
@@ -64,6 +65,7 @@ std::optional<SearchDialog::Chosen> search(FormWindow& window, const QString& ti
   screen.setPointer(kPointerDefault);
   if (!rows.IsOpen()) return std::nullopt;
   SearchDialog dialog(&window, title, rows, captions, typed);
+  dialog.typeAhead(screen.typedAhead());
   screen.run(dialog);
   return dialog.chosen();
 }
@@ -161,6 +163,7 @@ PickerView::PickerView(FormWindow& window, Picker& picker, QWidget* parent)
   name_ = line;
   row->addWidget(name_, 1);
   row->addWidget(opener_);
+  tellWhole(*name_);
   name_->setContextMenuPolicy(Qt::NoContextMenu);
   name_->setAcceptDrops(false);
   name_->setPlaceholderText(QStringLiteral("Nessun comune"));

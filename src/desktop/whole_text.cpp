@@ -1,0 +1,83 @@
+#include "desktop/whole_text.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QLineEdit>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+
+namespace cu::desktop {
+namespace {
+
+// Looks again whenever the box gets another text, width or state.
+template <class Box>
+class WholeText : public QObject {
+ public:
+  explicit WholeText(Box& box) : QObject(&box), box_(box) {
+    box.installEventFilter(this);
+    look();
+  }
+  void look() {
+    const QString whole = cut() ? text() : QString();
+    if (box_.toolTip() != whole) box_.setToolTip(whole);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::Resize:
+      case QEvent::EnabledChange:
+      case QEvent::ReadOnlyChange:
+      case QEvent::FontChange:
+        look();
+        break;
+      default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  bool cut() const;
+  QString text() const;
+
+  Box& box_;
+};
+
+template <>
+QString WholeText<QLineEdit>::text() const {
+  return box_.text();
+}
+
+template <>
+bool WholeText<QLineEdit>::cut() const {
+  if (box_.isEnabled() && !box_.isReadOnly()) return false;
+  constexpr int kAround = 12;  // frame and inner margins
+  return box_.fontMetrics().horizontalAdvance(box_.text()) > box_.width() - kAround;
+}
+
+template <>
+QString WholeText<QComboBox>::text() const {
+  return box_.currentText();
+}
+
+template <>
+bool WholeText<QComboBox>::cut() const {
+  QStyleOptionComboBox option;
+  option.initFrom(&box_);
+  const QRect field =
+      box_.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box_);
+  return box_.fontMetrics().horizontalAdvance(box_.currentText()) > field.width() - 4;
+}
+
+}  // namespace
+
+void tellWhole(QLineEdit& line) {
+  auto* const whole = new WholeText<QLineEdit>(line);
+  QObject::connect(&line, &QLineEdit::textChanged, whole, [whole] { whole->look(); });
+}
+
+void tellWhole(QComboBox& list) {
+  auto* const whole = new WholeText<QComboBox>(list);
+  QObject::connect(&list, &QComboBox::currentTextChanged, whole, [whole] { whole->look(); });
+}
+
+}  // namespace cu::desktop
