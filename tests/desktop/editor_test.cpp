@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QTableView>
 #include <QTest>
 #include <QWheelEvent>
@@ -164,7 +165,8 @@ TEST_F(EditorWindow, TheMunicipalityIsFoundByTyping) {
       screen.whenModal([&](QWidget& modal) {
         auto& search = dynamic_cast<desktop::SearchDialog&>(modal);
         EXPECT_EQ(search.box()->text(), QStringLiteral("v"));
-        search.box()->setText(QStringLiteral("VERONA"));
+        QTest::keyClicks(search.box(), QStringLiteral("erona"));
+        EXPECT_EQ(search.box()->text(), QStringLiteral("verona"));
         EXPECT_EQ(search.model().description(0), "Verona");
         QTest::keyClick(search.box(), Qt::Key_Return);
       });
@@ -180,12 +182,40 @@ TEST_F(EditorWindow, TheMunicipalityIsFoundByTyping) {
   });
 }
 
+// The letters wait already when the first of them opens the list.
+TEST_F(EditorWindow, TheMunicipalityTypedFastArrivesWhole) {
+  inEditor("2016", [&] {
+    screen.whenModal([&](QWidget&) {
+      auto* const box = screen.find<QWidget>("TownComuneResidenzaAnnoPrec")->findChild<QLineEdit*>();
+      box->setFocus();
+      screen.whenModal([&](QWidget& modal) {
+        auto& search = dynamic_cast<desktop::SearchDialog&>(modal);
+        EXPECT_EQ(search.box()->text(), QStringLiteral("verona"));
+        EXPECT_FALSE(search.box()->hasSelectedText());
+        QTest::keyClick(search.box(), Qt::Key_Return);
+      });
+      for (const QChar letter : QStringLiteral("verona")) {
+        QCoreApplication::postEvent(
+            box, new QKeyEvent(QEvent::KeyPress, letter.toUpper().unicode(), Qt::NoModifier, letter));
+      }
+      settle();
+      EXPECT_EQ(box->text(), QStringLiteral("Verona"));
+      screen.key(Qt::Key_Escape);
+    });
+    screen.click("cmdDatiAggiuntivi");
+  });
+}
+
 TEST_F(EditorWindow, AnAnnulmentOf2014ShowsOnlyTheReferences) {
   screen.click("optstType(1)");
   screen.click("optTipoComunicazione(1)");
   inEditor("2014", [&] {
     EXPECT_TRUE(screen.find<QWidget>("txtProtocollo")->isVisible());
     EXPECT_FALSE(screen.find<QWidget>("fraMain")->isVisible());
+    EXPECT_LT(screen.top()->height(), 380);
+    // The place of the tab that is hidden is nobody's.
+    const auto* const tabs = screen.find<QTabBar>("stbMain");
+    EXPECT_LE(tabs->width(), tabs->tabRect(0).width() + 2);
     screen.type("txtProtocollo", "");
     QString refused;
     screen.whenModal([&](QWidget& modal) {

@@ -1,0 +1,173 @@
+// Where things stand in the windows, and what can be read of them.
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QFocusFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QScreen>
+#include <QTableWidget>
+#include <QTest>
+#include <map>
+
+#include "desktop/dialogs.h"
+#include "desktop/grid_view.h"
+#include "desktop/layouter.h"
+#include "desktop/screen_support.h"
+#include "desktop/selector_view.h"
+#include "host/textbox.h"
+
+namespace cu::test {
+namespace {
+
+class Layout : public ::testing::Test {
+ protected:
+  // Opens the first line of the year and does this in its editor.
+  void inEditor(const char* year, const std::function<void()>& act) {
+    screen.click("optstType(1)");
+    screen.choose("KRNCboEsCont(0)", year);
+    screen.click("cmdNav(3)");
+    screen.whenModal([&](QWidget&) {
+      act();
+      screen.key(Qt::Key_Escape);
+    });
+    screen.find<QWidget>("grdCompensi")->setFocus();
+    screen.key(Qt::Key_Return);
+    EXPECT_TRUE(screen.allAnswered());
+  }
+  QRect place(const char* name) {
+    const auto* const widget = screen.find<QWidget>(name);
+    return {widget->mapTo(screen.top(), QPoint()), widget->size()};
+  }
+
+  Screen screen;
+};
+
+// The second time that a section asks for the same stands below the first.
+void expectBelow(const QRect& second, const QRect& first) {
+  EXPECT_EQ(second.left(), first.left());
+  EXPECT_GT(second.top(), first.bottom());
+}
+
+TEST_F(Layout, WhatIsAskedTwiceStandsInTwoRows) {
+  inEditor("2016", [&] {
+    screen.top()->resize(1080, 700);
+    settle();
+    expectBelow(place("txtField(10)"), place("txtField(9)"));
+    expectBelow(place("curField(41)"), place("curField(39)"));
+    expectBelow(place("curField(51)"), place("curField(50)"));
+    expectBelow(place("curField(48)"), place("curField(46)"));
+    expectBelow(place("curField(44)"), place("curField(43)"));
+    EXPECT_EQ(place("curField(50)").top(), place("txtField(9)").top());
+  });
+}
+
+TEST_F(Layout, TheEditorOf2014IsAsHighAsItsContentWhereTheScreenHasRoom) {
+  inEditor("2014", [&] {
+    const int room = screen.top()->screen()->availableGeometry().height() - 32;
+    for (const auto* area : screen.top()->findChildren<desktop::ContentArea*>()) {
+      if (!area->isVisible()) continue;
+      EXPECT_TRUE(area->missingHeight() == 0 || screen.top()->height() == room) << area->missingHeight();
+    }
+    EXPECT_EQ(place("fraRiferimenti").left(), place("fraSezione(0)").left());
+    EXPECT_EQ(place("fraRiferimenti").left(), place("Frame2").left());
+    EXPECT_EQ(place("Frame2").top(), place("Frame3").top());
+  });
+}
+
+TEST_F(Layout, ASectionWithOneFieldIsNotHigherThanItNeeds) {
+  inEditor("2014", [&] {
+    screen.top()->findChild<QTabBar*>()->setCurrentIndex(1);
+    settle();
+    const auto* const section =
+        screen.find<QWidget>("numModulo")->parentWidget()->parentWidget()->parentWidget();
+    EXPECT_LE(section->height(), section->sizeHint().height());
+  });
+}
+
+TEST_F(Layout, ATextThatCannotBeTypedIntoIsToldWholeWhereItIsCut) {
+  inEditor("2016", [&] {
+    auto& name = dynamic_cast<TextBox&>(*screen.top()->form().find("txtField(1)"));
+    const auto* const box = screen.find<QLineEdit>("txtField(1)");
+    ASSERT_FALSE(box->isEnabled());
+    const std::string whole = "Cassa Dimostrativa " + std::string(120, 'x');
+    name.setText(whole);
+    EXPECT_EQ(box->toolTip().toStdString(), whole);
+    name.setText("INPS");
+    EXPECT_EQ(box->toolTip(), QString());
+  });
+}
+
+TEST_F(Layout, TheLineAroundTheKeyboardIsWholeInASelector) {
+  auto& view = static_cast<desktop::SelectorView&>(*screen.window().view(screen.form().KrnCDPerc0));
+  view.codeBox()->setFocus();
+  settle();
+  const auto* const ring = screen.window().findChild<QFocusFrame*>();
+  ASSERT_NE(ring, nullptr);
+  ASSERT_EQ(ring->widget(), view.codeBox());
+  EXPECT_TRUE(ring->parentWidget()->rect().contains(ring->geometry()));
+  const QRect around(view.codeBox()->mapTo(ring->parentWidget(), QPoint()), view.codeBox()->size());
+  EXPECT_TRUE(ring->geometry().contains(around.adjusted(-1, -1, 1, 1)));
+}
+
+TEST_F(Layout, EveryLetterOfTheGridsStepIsGivenOnce) {
+  screen.toGrid();
+  std::map<QChar, QStringList> given;
+  const auto note = [&](const QString& text) {
+    const QKeySequence key = QKeySequence::mnemonic(text);
+    if (!key.isEmpty()) given[key.toString().back()] += text;
+  };
+  for (const QAction* action : screen.window().findChild<QMenuBar*>()->actions()) note(action->text());
+  for (const auto* button : screen.window().findChildren<QAbstractButton*>()) {
+    if (button->isVisible()) note(button->text());
+  }
+  for (const auto* label : screen.window().findChildren<QLabel*>()) {
+    if (label->isVisible() && label->buddy() != nullptr) note(label->text());
+  }
+  EXPECT_GT(given.size(), 6U);
+  for (const auto& [letter, texts] : given) {
+    EXPECT_EQ(texts.size(), 1) << letter.toLatin1() << ": " << texts.join(u'|').toStdString();
+  }
+}
+
+TEST_F(Layout, MarkAndArrowAreSeenOnTheSelectedRow) {
+  screen.toGrid();
+  auto& view = static_cast<desktop::GridView&>(*screen.window().view(screen.form().grdCompensi));
+  desktop::GridTable& table = view.table();
+  const QColor ink = table.palette().color(QPalette::HighlightedText);
+  ASSERT_EQ(table.currentIndex().row(), 0);
+  int columns = 0;
+  for (int column = 0; column < view.model().columnCount(); ++column) {
+    if (!view.model().isMenu(column) && view.model().column(column).field != "Selezionato") continue;
+    const QImage cell = table.viewport()->grab(table.visualRect(view.model().index(0, column))).toImage();
+    int bright = 0;
+    for (int y = 0; y < cell.height(); ++y) {
+      for (int x = 0; x < cell.width(); ++x) {
+        const QColor colour = cell.pixelColor(x, y);
+        if (std::abs(colour.lightness() - ink.lightness()) < 60) ++bright;
+      }
+    }
+    EXPECT_GE(bright, 8) << column;
+    ++columns;
+  }
+  EXPECT_EQ(columns, 2);
+}
+
+TEST(Log, ALongNameLeavesTheOtherColumnsInSight) {
+  LogTable log;
+  log.columns = {"MessageType", "Message", "Percipiente", "Codice fiscale"};
+  const std::string name(200, 'm');
+  log.rows.push_back({Value::ofInteger(1), Value::ofText("Codice fiscale mancante"), Value::ofText(name),
+                      Value::ofText("RSSMRA70A01H501U")});
+  desktop::LogDialog dialog(nullptr, log);
+  dialog.show();
+  settle();
+  const auto* const table = dialog.findChild<QTableWidget*>();
+  EXPECT_LT(table->columnViewportPosition(2) + 100, table->viewport()->width());
+  EXPECT_EQ(table->item(0, 1)->toolTip().toStdString(), name);
+}
+
+}  // namespace
+}  // namespace cu::test
