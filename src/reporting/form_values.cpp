@@ -81,7 +81,7 @@ bool MainModuleValues::holds(BoxCondition condition) const {
 
 // The code, or where sums are not subject and none was chosen the one that the year had for all other cases.
 QString MainModuleValues::notSubjectCode(const FormBox& box) const {
-  const QString chosen = rows_.text(box.fields[0]).trimmed();
+  QString chosen = rows_.text(box.fields[0]).trimmed();
   if (!chosen.isEmpty()) return chosen;
   if ((rows_.get(box.fields[1]).decimal() + rows_.get(box.fields[2]).decimal()).isZero()) return {};
   const std::int64_t year = rows_.get(box.fields[3]).integer();

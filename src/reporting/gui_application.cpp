@@ -36,7 +36,7 @@ void ensureGuiApplication() {
   const QtMessageHandler before =
       qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
   // Never taken down: the toolkit's own static objects may outlive anything that is released at the end.
-  new QGuiApplication(count, arguments);
+  [[maybe_unused]] static const auto* const application = new QGuiApplication(count, arguments);
   qInstallMessageHandler(before);
   // The toolkit has taken over the locale of the environment; numbers stay as the program writes them.
   std::setlocale(LC_NUMERIC, "C");

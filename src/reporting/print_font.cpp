@@ -91,16 +91,17 @@ quint32 checksum(QByteArray table) {
 }
 
 QByteArray fontFile(const std::vector<std::pair<QByteArray, QByteArray>>& tables) {
+  const auto count = static_cast<quint32>(tables.size());
   quint32 power = 1;
   quint32 log = 0;
-  for (; power * 2 <= tables.size(); power *= 2) ++log;
+  for (; power * 2 <= count; power *= 2) ++log;
   QByteArray file;
   append32(file, 0x00010000);
-  append16(file, static_cast<quint32>(tables.size()));
+  append16(file, count);
   append16(file, power * 16);
   append16(file, log);
-  append16(file, static_cast<quint32>(tables.size()) * 16 - power * 16);
-  auto offset = static_cast<quint32>(12 + 16 * tables.size());
+  append16(file, count * 16 - power * 16);
+  auto offset = 12 + 16 * count;
   QByteArray bodies;
   for (const auto& [tag, table] : tables) {
     file.append(tag);
