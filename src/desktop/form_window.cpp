@@ -127,7 +127,7 @@ void FormWindow::syncFocus() {
   const bool same = std::exchange(focusShown_, wanted) == wanted;
   if (same && has != nullptr && showing == byWidget_.end()) return;
   if (wanted == nullptr) {
-    if (showing != byWidget_.end()) has->clearFocus();
+    if (has != nullptr && showing != byWidget_.end()) has->clearFocus();
     return;
   }
   View* const target = view(*wanted);

@@ -73,7 +73,7 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 }
 
 const CellView& GridModel::cell(int row, int column) const {
-  static const CellView kNull;
+  static const CellView kNull{};
   const std::size_t field = fields_[static_cast<std::size_t>(column)];
   if (field == Columns::kNone) return kNull;
   if (cached_ != row) {
