@@ -26,7 +26,7 @@ class Pages : public QTextBrowser {
  public:
   using QTextBrowser::QTextBrowser;
   QVariant loadResource(int type, const QUrl& name) override {
-    const QVariant loaded = QTextBrowser::loadResource(type, name);
+    QVariant loaded = QTextBrowser::loadResource(type, name);
     if (type != QTextDocument::ImageResource) return loaded;
     QImage picture;
     if (loaded.typeId() == QMetaType::QByteArray) {
