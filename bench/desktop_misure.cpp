@@ -26,7 +26,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kSteps = 3;
+constexpr int kSteps = 10;
 
 Profilo profileOf(const fs::path& folder, const std::string& database) {
   Profilo profile;
