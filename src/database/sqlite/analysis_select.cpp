@@ -193,7 +193,8 @@ bool Analysis::orderByResult(const Select& select, Expr& expr, const Scope& scop
   for (const SelectItem& item : select.items) {
     if (!item.star) {
       // Under another name in the result it is not the one that is meant.
-      if (item.alias.empty() && item.expr->kind == ExprKind::Column && equalsNoCase(item.expr->name, expr.name)) {
+      if (item.alias.empty() && item.expr->kind == ExprKind::Column &&
+          equalsNoCase(item.expr->name, expr.name)) {
         expr.qualifier = item.expr->qualifier;
       }
       continue;
