@@ -25,21 +25,26 @@ namespace {
 
 class EditorWindow : public ::testing::Test {
  protected:
-  // Opens the first line of the year and does this in its editor.
+  // Window and models agree before and after.
   void inEditor(const char* year, const std::function<void()>& act) {
-    screen.click("optstType(1)");
-    screen.choose("KRNCboEsCont(0)", year);
-    screen.click("cmdNav(3)");
-    screen.whenModal([&](QWidget&) {
+    screen.inEditor(year, [&] {
       expectAgreement();
       act();
       expectAgreement();
-      if (screen.top() != &screen.window()) screen.key(Qt::Key_Escape);
     });
-    screen.find<QWidget>("grdCompensi")->setFocus();
-    screen.key(Qt::Key_Return);
-    EXPECT_TRUE(screen.allAnswered());
     EXPECT_EQ(disagreements(screen.window()), "");
+  }
+  // In the additional data, with the cursor in the first municipality.
+  void inMunicipality(const std::function<void(QLineEdit& box)>& act) {
+    inEditor("2016", [&] {
+      screen.whenModal([&](QWidget&) {
+        auto* const box = screen.find<QWidget>("TownComuneResidenzaAnnoPrec")->findChild<QLineEdit*>();
+        box->setFocus();
+        act(*box);
+        screen.key(Qt::Key_Escape);
+      });
+      screen.click("cmdDatiAggiuntivi");
+    });
   }
   void expectAgreement() { EXPECT_EQ(disagreements(*screen.top()), ""); }
   AmountBox& amount(const char* name) { return dynamic_cast<AmountBox&>(*screen.top()->form().find(name)); }
@@ -158,51 +163,39 @@ TEST_F(EditorWindow, AWarningRefusedKeepsTheEditorOpen) {
 }
 
 TEST_F(EditorWindow, TheMunicipalityIsFoundByTyping) {
-  inEditor("2016", [&] {
-    screen.whenModal([&](QWidget&) {
-      auto* const box = screen.find<QWidget>("TownComuneResidenzaAnnoPrec")->findChild<QLineEdit*>();
-      box->setFocus();
-      screen.whenModal([&](QWidget& modal) {
-        auto& search = dynamic_cast<desktop::SearchDialog&>(modal);
-        EXPECT_EQ(search.box()->text(), QStringLiteral("v"));
-        QTest::keyClicks(search.box(), QStringLiteral("erona"));
-        EXPECT_EQ(search.box()->text(), QStringLiteral("verona"));
-        EXPECT_EQ(search.model().description(0), "Verona");
-        QTest::keyClick(search.box(), Qt::Key_Return);
-      });
-      QTest::keyClicks(box, QStringLiteral("v"));
-      EXPECT_EQ(box->text(), QStringLiteral("Verona"));
-      expectAgreement();
-      QTest::keyClick(box, Qt::Key_Delete);
-      EXPECT_EQ(box->text(), QString());
-      expectAgreement();
-      screen.key(Qt::Key_Escape);
+  inMunicipality([&](QLineEdit& box) {
+    screen.whenModal([&](QWidget& modal) {
+      auto& search = dynamic_cast<desktop::SearchDialog&>(modal);
+      EXPECT_EQ(search.box()->text(), QStringLiteral("v"));
+      QTest::keyClicks(search.box(), QStringLiteral("erona"));
+      EXPECT_EQ(search.box()->text(), QStringLiteral("verona"));
+      EXPECT_EQ(search.model().description(0), "Verona");
+      QTest::keyClick(search.box(), Qt::Key_Return);
     });
-    screen.click("cmdDatiAggiuntivi");
+    QTest::keyClicks(&box, QStringLiteral("v"));
+    EXPECT_EQ(box.text(), QStringLiteral("Verona"));
+    expectAgreement();
+    QTest::keyClick(&box, Qt::Key_Delete);
+    EXPECT_EQ(box.text(), QString());
+    expectAgreement();
   });
 }
 
 // The letters wait already when the first of them opens the list.
 TEST_F(EditorWindow, TheMunicipalityTypedFastArrivesWhole) {
-  inEditor("2016", [&] {
-    screen.whenModal([&](QWidget&) {
-      auto* const box = screen.find<QWidget>("TownComuneResidenzaAnnoPrec")->findChild<QLineEdit*>();
-      box->setFocus();
-      screen.whenModal([&](QWidget& modal) {
-        auto& search = dynamic_cast<desktop::SearchDialog&>(modal);
-        EXPECT_EQ(search.box()->text(), QStringLiteral("verona"));
-        EXPECT_FALSE(search.box()->hasSelectedText());
-        QTest::keyClick(search.box(), Qt::Key_Return);
-      });
-      for (const QChar letter : QStringLiteral("verona")) {
-        QCoreApplication::postEvent(
-            box, new QKeyEvent(QEvent::KeyPress, letter.toUpper().unicode(), Qt::NoModifier, letter));
-      }
-      settle();
-      EXPECT_EQ(box->text(), QStringLiteral("Verona"));
-      screen.key(Qt::Key_Escape);
+  inMunicipality([&](QLineEdit& box) {
+    screen.whenModal([&](QWidget& modal) {
+      auto& search = dynamic_cast<desktop::SearchDialog&>(modal);
+      EXPECT_EQ(search.box()->text(), QStringLiteral("verona"));
+      EXPECT_FALSE(search.box()->hasSelectedText());
+      QTest::keyClick(search.box(), Qt::Key_Return);
     });
-    screen.click("cmdDatiAggiuntivi");
+    for (const QChar letter : QStringLiteral("verona")) {
+      QCoreApplication::postEvent(
+          &box, new QKeyEvent(QEvent::KeyPress, letter.toUpper().unicode(), Qt::NoModifier, letter));
+    }
+    settle();
+    EXPECT_EQ(box.text(), QStringLiteral("Verona"));
   });
 }
 

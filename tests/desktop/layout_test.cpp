@@ -24,19 +24,6 @@ namespace {
 
 class Layout : public ::testing::Test {
  protected:
-  // Opens the first line of the year and does this in its editor.
-  void inEditor(const char* year, const std::function<void()>& act) {
-    screen.click("optstType(1)");
-    screen.choose("KRNCboEsCont(0)", year);
-    screen.click("cmdNav(3)");
-    screen.whenModal([&](QWidget&) {
-      act();
-      screen.key(Qt::Key_Escape);
-    });
-    screen.find<QWidget>("grdCompensi")->setFocus();
-    screen.key(Qt::Key_Return);
-    EXPECT_TRUE(screen.allAnswered());
-  }
   QRect place(const char* name) {
     const auto* const widget = screen.find<QWidget>(name);
     return {widget->mapTo(screen.top(), QPoint()), widget->size()};
@@ -52,7 +39,7 @@ void expectBelow(const QRect& second, const QRect& first) {
 }
 
 TEST_F(Layout, WhatIsAskedTwiceStandsInTwoRows) {
-  inEditor("2016", [&] {
+  screen.inEditor("2016", [&] {
     screen.top()->resize(1080, 700);
     settle();
     expectBelow(place("txtField(10)"), place("txtField(9)"));
@@ -65,7 +52,7 @@ TEST_F(Layout, WhatIsAskedTwiceStandsInTwoRows) {
 }
 
 TEST_F(Layout, TheEditorOf2014IsAsHighAsItsContentWhereTheScreenHasRoom) {
-  inEditor("2014", [&] {
+  screen.inEditor("2014", [&] {
     const int room = screen.top()->screen()->availableGeometry().height() - 32;
     for (const auto* area : screen.top()->findChildren<desktop::ContentArea*>()) {
       if (!area->isVisible()) continue;
@@ -78,7 +65,7 @@ TEST_F(Layout, TheEditorOf2014IsAsHighAsItsContentWhereTheScreenHasRoom) {
 }
 
 TEST_F(Layout, ASectionWithOneFieldIsNotHigherThanItNeeds) {
-  inEditor("2014", [&] {
+  screen.inEditor("2014", [&] {
     screen.top()->findChild<QTabBar*>()->setCurrentIndex(1);
     settle();
     const auto* const section =
@@ -88,7 +75,7 @@ TEST_F(Layout, ASectionWithOneFieldIsNotHigherThanItNeeds) {
 }
 
 TEST_F(Layout, ATextThatCannotBeTypedIntoIsToldWholeWhereItIsCut) {
-  inEditor("2016", [&] {
+  screen.inEditor("2016", [&] {
     auto& name = dynamic_cast<TextBox&>(*screen.top()->form().find("txtField(1)"));
     const auto* const box = screen.find<QLineEdit>("txtField(1)");
     ASSERT_FALSE(box->isEnabled());

@@ -119,19 +119,30 @@ void Screen::key(Qt::Key key, Qt::KeyboardModifiers held) {
   settle();
 }
 
-void Screen::toTelematicFile() {
+void Screen::toTelematicFile(const char* year) {
   click("optstType(1)");
-  choose("KRNCboEsCont(0)", "2016");
+  choose("KRNCboEsCont(0)", year);
 }
 
-void Screen::toGrid() {
-  toTelematicFile();
+void Screen::toGrid(const char* year) {
+  toTelematicFile(year);
   click("cmdNav(3)");
 }
 
 void Screen::toEnd() {
   toGrid();
   click("cmdNav(3)");
+}
+
+void Screen::inEditor(const char* year, const std::function<void()>& act) {
+  toGrid(year);
+  whenModal([&](QWidget&) {
+    act();
+    if (top() != &window()) key(Qt::Key_Escape);
+  });
+  find<QWidget>("grdCompensi")->setFocus();
+  key(Qt::Key_Return);
+  EXPECT_TRUE(allAnswered());
 }
 
 void pressButton(QWidget& modal, const char* caption) {

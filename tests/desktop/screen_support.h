@@ -44,10 +44,12 @@ class Screen {
   void whenModal(std::function<void(QWidget& modal)> act);
   bool allAnswered() const { return modals_.empty(); }
 
-  // To the grid of 2016, and to the last step.
-  void toTelematicFile();
-  void toGrid();
+  // To the grid of a year, and to the last step.
+  void toTelematicFile(const char* year = "2016");
+  void toGrid(const char* year = "2016");
   void toEnd();
+  // Opens the first line of a year and does this in its editor, which is then closed if it is still open.
+  void inEditor(const char* year, const std::function<void()>& act);
 
  private:
   void watch();
