@@ -165,4 +165,10 @@ void setProtocol(ConnectionText& text, DriverFamily family) {
   if (own.empty() || own == "auto") text.set("TDS_Version", "7.4");
 }
 
+void setNarrowTexts(ConnectionText& text, std::string_view driver) {
+  const std::string name = lowerAscii(driver);
+  if (!contains(name, "postgresql") && !contains(name, "psqlodbc")) return;
+  if (!text.has({"ConnSettings"})) text.set("ConnSettings", "SET client_encoding TO 'UTF8'");
+}
+
 }  // namespace cu::odbc

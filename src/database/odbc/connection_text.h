@@ -46,4 +46,8 @@ void setEncryption(ConnectionText& text, DriverFamily family, bool encrypt);
 // is set here, unless the text names another.
 void setProtocol(ConnectionText& text, DriverFamily family);
 
+// PostgreSQL's driver takes the code page of narrow texts from the process's locale, unless the text says
+// which one it is. `driver`: its registered name or its library's.
+void setNarrowTexts(ConnectionText& text, std::string_view driver);
+
 }  // namespace cu::odbc

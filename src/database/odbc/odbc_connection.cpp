@@ -10,6 +10,7 @@
 #include "database/odbc/diagnostics.h"
 #include "database/odbc/driver.h"
 #include "database/odbc/handle.h"
+#include "database/odbc/utf8_locale.h"
 #include "database/odbc/watchdog.h"
 #include "database/odbc/wide.h"
 #include "host/error.h"
@@ -75,6 +76,7 @@ struct OdbcConnection::State {
     family = familyOf(driver);
     setEncryption(text, family, settings.encrypt);
     setProtocol(text, family);
+    setNarrowTexts(text, driver);
     if (!settings.encrypt) {
       warn("Attenzione: la connessione con il server del database non è cifrata (encrypt = false).");
     } else if (family == DriverFamily::Other) {
@@ -111,6 +113,7 @@ void OdbcConnection::State::login() {
   reader.reset();
   statement = StatementHandle();
   session = Session();
+  const Utf8Locale characters;
   session = Session(environment.get());
   lost = true;
   const std::string literal = asLiteral(settings.password);

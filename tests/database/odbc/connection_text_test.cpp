@@ -107,6 +107,19 @@ TEST(Protocol, IsNamedToFreeTdsAlone) {
   EXPECT_EQ(with("Driver=a", DriverFamily::Microsoft), "Driver=a;");
 }
 
+TEST(NarrowTexts, AreNamedToTheDriverThatWouldGoByTheLocale) {
+  const auto with = [](const char* given, const char* driver) {
+    ConnectionText text(given);
+    setNarrowTexts(text, driver);
+    return text.text();
+  };
+  for (const char* driver : {"PostgreSQL ANSI", "/usr/lib/odbc/psqlodbca.so"}) {
+    EXPECT_EQ(with("Driver=a", driver), "Driver=a;ConnSettings={SET client_encoding TO 'UTF8'};");
+    EXPECT_EQ(with("Driver=a;connsettings=x", driver), "Driver=a;connsettings=x;");
+  }
+  EXPECT_EQ(with("Driver=FreeTDS", "FreeTDS"), "Driver=FreeTDS;");
+}
+
 TEST(WideTexts, ThereAndBack) {
   for (const std::string& text :
        {std::string(), std::string("abc"), std::string("è €\xF0\x9F\x98\x80z"), std::string("a\0b", 3)}) {
