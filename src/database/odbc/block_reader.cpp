@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <optional>
 
 #include "database/odbc/wide.h"
 #include "host/error.h"
@@ -53,7 +54,8 @@ void BlockReader::read(const StatementHandle& statement, SQLSMALLINT columns, Ro
     const auto count = static_cast<std::size_t>(fetched_);
     for (std::size_t i = 0; i < count; ++i) {
       if (status_[i] == SQL_ROW_ERROR) throw CallFailed{};
-      const Watchdog::Watch watch(watchdog, block_ == 1 ? seconds : 0);
+      std::optional<Watchdog::Watch> watch;  // where the driver is asked for single cells
+      if (block_ == 1) watch.emplace(watchdog, seconds);
       row(statement, i, rows);
     }
     if (count == rowset_) setRowset(statement, block_);

@@ -197,6 +197,11 @@ DatabaseError timeoutOf(const Circumstance& circumstance) {
 }
 
 DatabaseError droppedOf(const Circumstance& circumstance) {
+  if (circumstance.statementKind.empty()) {
+    return {Unavailable, 0, "",
+            "Il server del database ha chiuso la connessione durante l'accesso. Verificare l'indirizzo nel "
+            "profilo e il server, poi riprovare."};
+  }
   return {Unavailable, 0, circumstance.statementKind,
           "La connessione con il server del database è caduta. I dati presentati restano a video: verificare "
           "il server e la rete, poi ripetere l'operazione."};
@@ -206,6 +211,10 @@ bool tellsOfDrop(const std::vector<Diagnostic>& diagnostics) {
   return std::ranges::any_of(diagnostics, isDrop);
 }
 
+bool tellsOfTimeout(const std::vector<Diagnostic>& diagnostics) {
+  return std::ranges::any_of(diagnostics, isTimeout);
+}
+
 bool tellsOfWay(const std::vector<Diagnostic>& diagnostics) {
   return std::ranges::any_of(diagnostics,
                              [](const Diagnostic& each) { return each.state.starts_with("08"); }) &&
@@ -213,7 +222,7 @@ bool tellsOfWay(const std::vector<Diagnostic>& diagnostics) {
 }
 
 DatabaseError errorOf(const std::vector<Diagnostic>& diagnostics, const Circumstance& circumstance) {
-  if (std::ranges::any_of(diagnostics, isTimeout)) return timeoutOf(circumstance);
+  if (tellsOfTimeout(diagnostics)) return timeoutOf(circumstance);
   if (!circumstance.statementKind.empty() && tellsOfDrop(diagnostics)) return droppedOf(circumstance);
   if (diagnostics.empty()) {
     const Told told = tell({"HY000", 0, ""}, circumstance.statementKind);

@@ -35,6 +35,7 @@ DatabaseError droppedOf(const Circumstance& circumstance);
 // Whether the server could not be reached or did not stay, whatever it would have said.
 bool tellsOfWay(const std::vector<Diagnostic>& diagnostics);
 bool tellsOfDrop(const std::vector<Diagnostic>& diagnostics);
+bool tellsOfTimeout(const std::vector<Diagnostic>& diagnostics);
 
 // First word of a statement in capitals.
 std::string kindOf(std::string_view statement);

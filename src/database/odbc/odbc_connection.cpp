@@ -42,10 +42,16 @@ std::string asLiteral(std::string_view secret) {
   return literal + "'";
 }
 
-// Whatever comes of a statement, nothing of it is left for the next one.
+// Whatever comes of a statement, nothing of it is left for the next one. A driver may have to read what the
+// server still sends.
 struct Closing {
   StatementHandle& statement;
-  ~Closing() { SQLFreeStmt(statement.get(), SQL_CLOSE); }
+  Watchdog& watchdog;
+  int seconds;
+  ~Closing() {
+    const Watchdog::Watch watch(watchdog, seconds);
+    SQLFreeStmt(statement.get(), SQL_CLOSE);
+  }
 };
 
 // Some drivers would send what stands before it, as if that were all.
@@ -140,7 +146,8 @@ void OdbcConnection::State::login() {
     // Some drivers tell their own running out of time like any other failure of the way.
     const bool outOfTime = settings.loginSeconds > 0 && tellsOfWay(diagnostics) &&
                            Clock::now() - start >= std::chrono::seconds(settings.loginSeconds);
-    if (watchdog.hasBitten() || outOfTime) throw timeoutOf(circumstance);
+    if (watchdog.ranOutOfTime() || outOfTime) throw timeoutOf(circumstance);
+    if (watchdog.sawServerGo()) throw droppedOf(circumstance);
     throw errorOf(diagnostics, circumstance);
   }
   watchdog.afterLogin();
@@ -170,7 +177,7 @@ void OdbcConnection::State::run(std::string_view source, RowStore* rows) {
   reviveIfLost();
   const Circumstance circumstance{kindOf(source), source, settings.statementSeconds};
   affected = -1;
-  const Closing closing{statement};
+  const Closing closing{statement, watchdog, settings.statementSeconds};
   try {
     SQLRETURN code = SQL_ERROR;
     if (wide) {
@@ -217,8 +224,9 @@ void OdbcConnection::State::fail(const Circumstance& circumstance) {
   SQLUINTEGER dead = SQL_CD_FALSE;
   SQLGetConnectAttr(session.get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
   lost = dead == SQL_CD_TRUE || watchdog.hasBitten() || tellsOfDrop(diagnostics);
-  if (watchdog.hasBitten()) throw timeoutOf(circumstance);
-  throw lost ? droppedOf(circumstance) : errorOf(diagnostics, circumstance);
+  if (watchdog.ranOutOfTime()) throw timeoutOf(circumstance);
+  // A driver may leave a server that has let its own time run out.
+  throw lost && !tellsOfTimeout(diagnostics) ? droppedOf(circumstance) : errorOf(diagnostics, circumstance);
 }
 
 OdbcConnection::OdbcConnection(std::unique_ptr<State> state) : state_(std::move(state)) {}

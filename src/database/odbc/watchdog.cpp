@@ -1,19 +1,13 @@
 #include "database/odbc/watchdog.h"
 
-#ifndef _WIN32
-#include <netinet/in.h>
-#include <sys/resource.h>
-#include <sys/socket.h>
-#include <sys/stat.h>
-#endif
-
 #include <algorithm>
 
 namespace cu::odbc {
 namespace {
 
 constexpr std::chrono::milliseconds kStep{100};
-constexpr int kIdleSteps = 20;  // after which it sleeps until it is armed again
+constexpr int kIdleSteps = 20;      // after which it sleeps until it is armed again
+constexpr int kLooksUntilGone = 3;  // a driver may still be at work on what it has taken
 
 // Behind the driver's own time.
 std::chrono::nanoseconds allowance(int seconds) {
@@ -22,34 +16,7 @@ std::chrono::nanoseconds allowance(int seconds) {
   return std::chrono::seconds(seconds + std::clamp(seconds / 4, kLeast, kMost));
 }
 
-#ifndef _WIN32
-bool isNetworkSocket(int descriptor, std::uint64_t& node) {
-  struct stat status {};
-  if (::fstat(descriptor, &status) != 0 || !S_ISSOCK(status.st_mode)) return false;
-  sockaddr_storage address{};
-  socklen_t length = sizeof address;
-  if (::getsockname(descriptor, reinterpret_cast<sockaddr*>(&address), &length) != 0) return false;
-  node = status.st_ino;
-  return address.ss_family == AF_INET || address.ss_family == AF_INET6;
-}
-#endif
-
 }  // namespace
-
-std::vector<SocketId> openSockets() {
-  std::vector<SocketId> sockets;
-#ifndef _WIN32
-  constexpr rlim_t kMost = 4096;
-  rlimit limit{};
-  ::getrlimit(RLIMIT_NOFILE, &limit);
-  const int last = static_cast<int>(std::min(limit.rlim_cur, kMost));
-  for (int descriptor = 0; descriptor < last; ++descriptor) {
-    SocketId socket{descriptor, 0};
-    if (isNetworkSocket(descriptor, socket.node)) sockets.push_back(socket);
-  }
-#endif
-  return sockets;
-}
 
 Watchdog::~Watchdog() {
   if (!thread_.joinable()) return;
@@ -65,21 +32,29 @@ void Watchdog::beforeLogin() {
   const std::lock_guard lock(mutex_);
   before_ = openSockets();
   loggedIn_ = false;
-  bitten_ = false;
+  bite_ = Bite::None;
 }
 
 void Watchdog::afterLogin() {
   const std::lock_guard lock(mutex_);
-  watched_ = openSockets();
-  std::erase_if(watched_, [this](const SocketId& each) {
-    return std::find(before_.begin(), before_.end(), each) != before_.end();
-  });
+  watched_ = socketsOfTheSession();
   loggedIn_ = true;
 }
 
+std::vector<SocketId> Watchdog::socketsOfTheSession() const {
+  if (loggedIn_) return watched_;
+  std::vector<SocketId> sockets = openSockets();
+  std::erase_if(sockets, [this](const SocketId& each) {
+    return std::find(before_.begin(), before_.end(), each) != before_.end();
+  });
+  return sockets;
+}
+
 void Watchdog::arm(int seconds) {
-  if (seconds <= 0) return;
-  deadline_ = std::chrono::nanoseconds(Clock::now().time_since_epoch() + allowance(seconds)).count();
+  ++call_;
+  deadline_ = seconds > 0
+                  ? std::chrono::nanoseconds(Clock::now().time_since_epoch() + allowance(seconds)).count()
+                  : kNoLimit;
   if (!thread_.joinable()) {
     thread_ = std::thread([this] { run(); });
   } else if (asleep_) {
@@ -88,39 +63,59 @@ void Watchdog::arm(int seconds) {
   }
 }
 
+// A look that has not seen the call's end yet is waited for: what it breaks belongs to this call.
+void Watchdog::disarm() {
+  deadline_ = kIdle;
+  if (looking_) const std::lock_guard lock(mutex_);
+}
+
 void Watchdog::run() {
   std::unique_lock lock(mutex_);
   for (int idle = 0; !stop_;) {
-    const std::int64_t deadline = deadline_;
-    if (deadline == kNever) {
-      ++idle;
-    } else {
-      idle = 0;
-      if (std::chrono::nanoseconds(Clock::now().time_since_epoch()).count() >= deadline) bite();
-    }
+    looking_ = true;
+    idle = look() ? 0 : idle + 1;
+    looking_ = false;
     if (idle < kIdleSteps) {
       wake_.wait_for(lock, kStep, [this] { return stop_; });
       continue;
     }
     asleep_ = true;
-    wake_.wait(lock, [this] { return stop_ || deadline_ != kNever; });
+    wake_.wait(lock, [this] { return stop_ || deadline_ != kIdle; });
     asleep_ = false;
     idle = 0;
   }
 }
 
-void Watchdog::bite() {
-  deadline_ = kNever;
-  bitten_ = true;
-#ifndef _WIN32
-  std::vector<SocketId> victims = loggedIn_ ? watched_ : openSockets();
-  for (const SocketId& each : victims) {
-    std::uint64_t node = 0;
-    if (!isNetworkSocket(each.descriptor, node) || node != each.node) continue;
-    if (!loggedIn_ && std::find(before_.begin(), before_.end(), each) != before_.end()) continue;
-    ::shutdown(each.descriptor, SHUT_RDWR);
+bool Watchdog::look() {
+  const std::int64_t deadline = deadline_;
+  if (deadline == kIdle) return false;
+  if (hasBitten()) return true;
+  if (std::chrono::nanoseconds(Clock::now().time_since_epoch()).count() >= deadline) {
+    bite(Bite::OutOfTime);
+  } else if (serverIsGone()) {
+    bite(Bite::ServerGone);
   }
-#endif
+  return true;
+}
+
+bool Watchdog::serverIsGone() {
+  const std::uint64_t call = call_;
+  if (call != callSeenGone_) looksSeenGone_ = 0;
+  callSeenGone_ = call;
+  bool open = false;
+  bool finished = false;
+  for (const SocketId& each : socketsOfTheSession()) {
+    const SocketState state = stateOf(each);
+    open = open || state == SocketState::Open;
+    finished = finished || state == SocketState::Finished;
+  }
+  looksSeenGone_ = finished && !open ? looksSeenGone_ + 1 : 0;
+  return looksSeenGone_ >= kLooksUntilGone;
+}
+
+void Watchdog::bite(Bite why) {
+  bite_ = why;
+  std::ranges::for_each(socketsOfTheSession(), breakOff);
 }
 
 }  // namespace cu::odbc

@@ -8,20 +8,17 @@
 #include <thread>
 #include <vector>
 
+#include "database/odbc/sockets.h"
+
 namespace cu::odbc {
 
-// The network sockets that the process holds open.
-struct SocketId {
-  int descriptor = -1;
-  std::uint64_t node = 0;  // tells a socket from a later one under the same number
-  friend bool operator==(const SocketId&, const SocketId&) = default;
-};
-std::vector<SocketId> openSockets();
-
-// Ends a call of a driver that does not come back, by closing the way to the server under it. Not every
-// driver keeps the time it is told, and none notices that a server is alive and silent if it waits without a
-// limit. This comes only after the driver's own time and a grace, so that the server's answer is heard where
-// there is one.
+// Ends a call of a driver that does not come back, by breaking the way to the server under it. Not every
+// driver keeps the time it is told, none notices that a server is alive and silent if it waits without a
+// limit, and one of them goes on asking a TLS session for data after the server has closed it in order.
+//
+// The way is broken when the driver's own time and a grace have passed, so that the server's answer is heard
+// where there is one; and, whatever time is allowed, when the server has closed its side, the driver has
+// taken all that came, and the call is still under way a moment later.
 //
 // Arming costs no system call. Where a process cannot find its sockets (Windows) it does nothing: the drivers
 // there keep their time.
@@ -36,7 +33,8 @@ class Watchdog {
   void beforeLogin();
   void afterLogin();
 
-  // Watches what is under way until the object goes; 0 seconds for no limit.
+  // Watches what is under way until the object goes; 0 seconds for no limit of time. Behind its end nothing
+  // is broken any more.
   class Watch {
    public:
     Watch(Watchdog& watchdog, int seconds) : watchdog_(watchdog) { watchdog_.arm(seconds); }
@@ -47,26 +45,38 @@ class Watchdog {
    private:
     Watchdog& watchdog_;
   };
-  // Whether the way was closed since the login.
-  bool hasBitten() const { return bitten_; }
+  // Whether the way was broken since the login, and why.
+  bool hasBitten() const { return bite_ != Bite::None; }
+  bool ranOutOfTime() const { return bite_ == Bite::OutOfTime; }
+  bool sawServerGo() const { return bite_ == Bite::ServerGone; }
 
  private:
   using Clock = std::chrono::steady_clock;
-  void arm(int seconds);
-  void disarm() { deadline_ = kNever; }
-  void run();
-  void bite();
+  enum class Bite : std::uint8_t { None, OutOfTime, ServerGone };
 
-  static constexpr std::int64_t kNever = INT64_MAX;
-  std::atomic<std::int64_t> deadline_ = kNever;  // of the clock, in nanoseconds
-  std::atomic<bool> bitten_ = false;
+  void arm(int seconds);
+  void disarm();
+  void run();
+  bool look();  // whether something is under way
+  bool serverIsGone();
+  std::vector<SocketId> socketsOfTheSession() const;
+  void bite(Bite why);
+
+  static constexpr std::int64_t kIdle = INT64_MAX;         // nothing is under way
+  static constexpr std::int64_t kNoLimit = INT64_MAX - 1;  // something is, for as long as it takes
+  std::atomic<std::int64_t> deadline_ = kIdle;             // of the clock, in nanoseconds
+  std::atomic<std::uint64_t> call_ = 0;
+  std::atomic<Bite> bite_ = Bite::None;
   std::atomic<bool> asleep_ = false;
+  std::atomic<bool> looking_ = false;
   std::mutex mutex_;  // of what follows
   std::condition_variable wake_;
   bool stop_ = false;
   bool loggedIn_ = false;
   std::vector<SocketId> before_;
   std::vector<SocketId> watched_;
+  std::uint64_t callSeenGone_ = 0;
+  int looksSeenGone_ = 0;  // one behind the other, within that call
   std::thread thread_;
 };
 

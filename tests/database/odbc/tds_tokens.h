@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "database/odbc/wide.h"
+
+// What a server says in the protocol of SQL Server, version 7.4, as bytes.
+namespace cu::odbc::test::tds {
+
+inline std::string little(std::uint64_t value, int bytes) {
+  std::string text;
+  for (int i = 0; i < bytes; ++i) text += static_cast<char>(value >> (8 * i) & 0xFFU);
+  return text;
+}
+
+inline std::string wide(std::string_view text) {
+  std::vector<SQLWCHAR> units;
+  toWide(text, units);
+  std::string bytes;
+  for (const SQLWCHAR unit : units) bytes += little(unit, 2);
+  return bytes;
+}
+
+// A text behind the number of its characters, in so many bytes.
+inline std::string counted(std::string_view text, int bytes) {
+  const std::string units = wide(text);
+  return little(units.size() / 2, bytes) + units;
+}
+
+inline std::string token(int kind, const std::string& content) {
+  return static_cast<char>(kind) + little(content.size(), 2) + content;
+}
+
+inline std::string done() { return static_cast<char>(0xFD) + little(0, 2) + little(0, 2) + little(0, 8); }
+
+// The answer to a login.
+inline std::string welcome() {
+  const std::string version = {'\x0F', '\x00', '\x07', '\xD0'};
+  return token(0xE3, '\x01' + counted("suite", 1) + counted("master", 1)) +
+         token(0xAD, std::string("\x01\x74\x00\x00\x04", 5) + counted("Microsoft SQL Server", 1) + version) +
+         done();
+}
+
+inline std::string error(int number, int severity, std::string_view message) {
+  return token(0xAA, little(static_cast<std::uint64_t>(number), 4) + '\x01' + static_cast<char>(severity) +
+                         counted(message, 2) + counted("prova", 1) + counted("", 1) + little(1, 4)) +
+         static_cast<char>(0xFD) + little(2, 2) + little(0, 2) + little(0, 8);
+}
+
+// The head of a result with one column of whole numbers, and a row of it.
+inline std::string columnOfNumbers(std::string_view name) {
+  constexpr char kInteger = 0x38;
+  return static_cast<char>(0x81) + little(1, 2) + little(0, 4) + little(0, 2) + kInteger + counted(name, 1);
+}
+inline std::string rowOf(std::uint32_t value) { return static_cast<char>(0xD1) + little(value, 4); }
+
+}  // namespace cu::odbc::test::tds
