@@ -140,7 +140,7 @@ class Describer : public ControlVisitor {
     for (const MenuBar::Tool& tool : control.tools()) {
       tools[tool.key] = {{"caption", tool.caption},
                          {"shortcut", tool.shortcut},
-                         {"enabled", tool.enabled},
+                         {"enabled", control.toolAvailable(tool)},
                          {"band", tool.band}};
     }
   }

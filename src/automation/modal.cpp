@@ -166,7 +166,7 @@ Modal previewModal(const std::string& title, const std::vector<std::string>& pag
 void requireTool(const MenuBar& bar, const std::string& tool) {
   const MenuBar::Tool* const found = bar.tool(tool);
   if (found == nullptr) throw Refused{"il menu non ha la voce \"" + tool + "\""};
-  if (!found->enabled) throw Refused{"la voce \"" + tool + "\" è disabilitata"};
+  if (!bar.toolAvailable(*found)) throw Refused{"la voce \"" + tool + "\" è disabilitata"};
 }
 
 Modal popupModal(const MenuBar& bar, const std::string& band, std::string& chosen) {

@@ -115,7 +115,7 @@ void fillMenu(QMenu& menu, const MenuBar& bar, const std::string& band,
     // The key itself is the form's; here it is only told.
     if (!tool.shortcut.empty()) text += u'\t' + shortcutText(tool.shortcut);
     QAction* const entry = menu.addAction(text);
-    entry->setEnabled(tool.enabled);
+    entry->setEnabled(bar.toolAvailable(tool));
     entry->setObjectName(shown(tool.key));
     QObject::connect(entry, &QAction::triggered, &menu, [choose, key = tool.key] { choose(key); });
   }
@@ -134,6 +134,15 @@ void MenuView::refresh() {
     QMenu* const menu = widgetBar_->addMenu(bandTitle(band));
     fillMenu(*menu, tools_, band,
              [this](const std::string& key) { act([this, key] { tools_.click(key); }); });
+  }
+}
+
+// What a step or a row makes possible is not told by the tools.
+void MenuView::afterEvent() {
+  if (!live()) return;
+  for (const MenuBar::Tool& tool : tools_.tools()) {
+    auto* const entry = widgetBar_->findChild<QAction*>(shown(tool.key));
+    if (entry != nullptr) entry->setEnabled(tools_.toolAvailable(tool));
   }
 }
 

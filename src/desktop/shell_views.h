@@ -27,6 +27,7 @@ class MenuView : public View {
  public:
   MenuView(FormWindow& window, MenuBar& bar, QWidget* parent);
   QMenuBar* bar() const { return widgetBar_; }
+  void afterEvent() override;
 
  private:
   void refresh() override;

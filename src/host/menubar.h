@@ -1,8 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "host/control.h"
@@ -22,16 +24,21 @@ class MenuBar : public Control {
     std::string band;
     std::string caption;
     std::string shortcut;
-    bool enabled = true;
+    bool enabled = true;  // as far as it says itself
   };
 
-  void addBand(const std::string& band) { bands_.push_back(band); }
+  // The tools of a band that opens as a popup are enabled only while `opens` returns true.
+  void addBand(const std::string& band, std::function<bool()> opens = {}) {
+    bands_.push_back(band);
+    opens_[band] = std::move(opens);
+  }
   void addTool(Tool tool) {
     tools_.push_back(std::move(tool));
     notify();
   }
   void clear() {
     bands_.clear();
+    opens_.clear();
     tools_.clear();
     notify();
   }
@@ -42,6 +49,11 @@ class MenuBar : public Control {
       if (tool.key == key) return &tool;
     }
     return nullptr;
+  }
+  // Whether a person can choose the tool now.
+  bool toolAvailable(const Tool& tool) const {
+    const auto band = opens_.find(tool.band);
+    return tool.enabled && (band == opens_.end() || !band->second || band->second());
   }
   void setToolEnabled(std::string_view key, bool enabled) {
     for (Tool& tool : tools_) {
@@ -55,13 +67,17 @@ class MenuBar : public Control {
     notify();
   }
 
+  // A command without a tool passes; a tool that cannot be chosen does nothing.
   void click(const std::string& key) {
+    const Tool* const chosen = tool(key);
+    if (chosen != nullptr && !toolAvailable(*chosen)) return;
     if (onToolClick) onToolClick(key);
   }
   std::function<void(const std::string& key)> onToolClick;
 
  private:
   std::vector<std::string> bands_;
+  std::map<std::string, std::function<bool()>, std::less<>> opens_;
   std::vector<Tool> tools_;
   int style_ = 0;
 };

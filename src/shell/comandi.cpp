@@ -35,13 +35,16 @@ void FrmWizard::creaMenu() {
                       .band = kBandaComune,
                       .caption = globali_.gTesti->text(80),
                       .shortcut = "Control+R"});
-  BarMenuWzr.addBand(kBandaDettaglio);
+  BarMenuWzr.addBand(kBandaDettaglio, [this] { return rigaApribile(); });
   BarMenuWzr.addTool({.key = kModificaCompenso,
                       .id = 3,
                       .band = kBandaDettaglio,
                       .caption = "&Modifica compenso per creazione CU",
                       .shortcut = {}});
 }
+
+// Elsewhere a row that an earlier step has left current would be opened in the layout of another year.
+bool FrmWizard::rigaApribile() const { return modoCU() && nPassoCorrente == 1 && grdCompensi.row() > 0; }
 
 void FrmWizard::sbGestShortCut(std::int16_t& KeyCode, std::int16_t& Shift) {
   const auto consuma = [&](const char* comando, bool esegui) {
@@ -52,10 +55,11 @@ void FrmWizard::sbGestShortCut(std::int16_t& KeyCode, std::int16_t& Shift) {
   const bool control = (Shift & kControl) != 0;
   switch (KeyCode) {
     case kTastoR:
-      if (control) consuma(kCercaOggetto, BarMenuWzr.tool(kCercaOggetto)->enabled);
+      if (control) consuma(kCercaOggetto, BarMenuWzr.toolAvailable(*BarMenuWzr.tool(kCercaOggetto)));
       break;
     case kTastoG:
-      if (control) consuma(kAvviaApplicazione, BarMenuWzr.tool(kAvviaApplicazione)->enabled);
+      if (control)
+        consuma(kAvviaApplicazione, BarMenuWzr.toolAvailable(*BarMenuWzr.tool(kAvviaApplicazione)));
       break;
     case kTastoF1:
       if (Shift == kMaiuscole) {

@@ -150,6 +150,7 @@ class FrmWizard : public Form {
 
   // The commands.
   void creaMenu();
+  bool rigaApribile() const;  // whether the row menu can open
   void sbGestShortCut(std::int16_t& KeyCode, std::int16_t& Shift);
   void sbExecuteMenuCommandWiz(const std::string& sTool);
   void sbRunApplication(std::int16_t nOggetto);

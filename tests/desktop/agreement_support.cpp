@@ -103,7 +103,7 @@ class Comparing : public ControlVisitor {
     const auto* const bar = qobject_cast<QMenuBar*>(view_.widget());
     for (const MenuBar::Tool& tool : control.tools()) {
       const auto* const entry = bar->findChild<QAction*>(shown(tool.key));
-      same("tool", entry != nullptr && entry->isEnabled(), tool.enabled);
+      same("tool", entry != nullptr && entry->isEnabled(), control.toolAvailable(tool));
     }
   }
   void visit(PrintControl& control) override {

@@ -116,6 +116,18 @@ TEST_F(GridWindow, TheRowMenuOpensByMouseAndByKey) {
   expectAgreement();
 }
 
+TEST_F(GridWindow, TheMenuBarsRowCommandIsEnabledOnTheGridAlone) {
+  auto* const command = screen.window().findChild<QAction*>(QStringLiteral("ModificaCompenso"));
+  EXPECT_TRUE(command->isEnabled());
+  screen.click("cmdNav(3)");
+  EXPECT_FALSE(command->isEnabled());
+  screen.click("cmdNav(2)");
+  EXPECT_TRUE(command->isEnabled());
+  screen.whenModal([](QWidget& modal) { pressButton(modal, "No"); });
+  screen.click("cmdNav(2)");
+  EXPECT_FALSE(command->isEnabled());
+}
+
 TEST_F(GridWindow, ADoubleClickAndEnterOpenTheEditorAndEscLeavesIt) {
   std::vector<std::string> opened;
   const auto leave = [&](QWidget&) {

@@ -50,6 +50,28 @@ TEST(MenuBar, AChosenToolReachesTheHandlerByKey) {
   EXPECT_EQ(chosen, (std::vector<std::string>{"a"}));
 }
 
+TEST(MenuBar, TheToolsOfABandThatCannotOpenAreNotAvailable) {
+  test::Stage stage;
+  MenuBar bar(stage.form, "BarMenuWzr", nullptr);
+  bool opens = false;
+  bar.addBand("always");
+  bar.addBand("popup", [&] { return opens; });
+  bar.addTool({"a", 1, "always", "A", "", true});
+  bar.addTool({"b", 2, "popup", "B", "", true});
+  std::vector<std::string> chosen;
+  bar.onToolClick = [&](const std::string& key) { chosen.push_back(key); };
+  EXPECT_TRUE(bar.toolAvailable(*bar.tool("a")));
+  EXPECT_FALSE(bar.toolAvailable(*bar.tool("b")));
+  bar.click("a");
+  bar.click("b");
+  opens = true;
+  bar.click("b");
+  bar.setToolEnabled("b", false);
+  EXPECT_FALSE(bar.toolAvailable(*bar.tool("b")));
+  bar.click("b");
+  EXPECT_EQ(chosen, (std::vector<std::string>{"a", "b"}));
+}
+
 TEST(MenuBar, StyleAndClearing) {
   test::Stage stage;
   MenuBar bar(stage.form, "BarMenuWzr", nullptr);

@@ -184,6 +184,63 @@ TEST_F(Commands, TheRowMenusToolOpensTheEditor) {
   EXPECT_EQ(frontEnd.shown.back(), "frmCompenso2017");
 }
 
+class RowMenusTool : public testing::Test, public WizardProva {
+ protected:
+  bool abilitata() { return form().BarMenuWzr.toolAvailable(*form().BarMenuWzr.tool("ModificaCompenso")); }
+  // Nothing opens, and nothing is sent.
+  void premutaInvano() {
+    dimentica();
+    frontEnd.shown.clear();
+    form().BarMenuWzr.click("ModificaCompenso");
+    EXPECT_THAT(frontEnd.shown, IsEmpty());
+    EXPECT_THAT(istruzioni(), IsEmpty());
+  }
+};
+
+TEST_F(RowMenusTool, IsEnabledOnTheGridAlone) {
+  avviaCU();
+  EXPECT_FALSE(abilitata());
+  premi(form().cmdNav[3]);
+  EXPECT_TRUE(abilitata());
+  premi(form().cmdNav[3]);
+  ASSERT_EQ(passo(), 2);
+  EXPECT_FALSE(abilitata());
+  premi(form().cmdNav[2]);
+  ASSERT_EQ(passo(), 1);
+  EXPECT_TRUE(abilitata());
+}
+
+// The rows of the year that was loaded are still there, the year in the list may be another one.
+TEST_F(RowMenusTool, DoesNothingOnTheFirstStepThoughRowsAreLoaded) {
+  vaiAllaGriglia();
+  frontEnd.answers = {Answer::No};
+  premi(form().cmdNav[2]);
+  ASSERT_EQ(passo(), 0);
+  form().KRNCboEsCont0.setIndex(2);
+  EXPECT_FALSE(abilitata());
+  premutaInvano();
+  premi(form().optstType[0]);
+  EXPECT_FALSE(abilitata());
+  premutaInvano();
+  premi(form().cmdNav[3]);
+  ASSERT_EQ(passo(), 2);
+  EXPECT_FALSE(abilitata());
+  premutaInvano();
+}
+
+TEST_F(RowMenusTool, DoesNothingOnTheLastStep) {
+  vaiAllaFine();
+  premutaInvano();
+}
+
+TEST_F(RowMenusTool, IsDisabledWithoutACurrentRow) {
+  righe({});
+  vaiAllaGriglia();
+  ASSERT_EQ(passo(), 1);
+  EXPECT_FALSE(abilitata());
+  premutaInvano();
+}
+
 TEST_F(Commands, AnUnknownToolDoesNothing) {
   dimentica();
   form().BarMenuWzr.click("Mnu_Altro");
