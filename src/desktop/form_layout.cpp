@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QLineEdit>
 #include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -12,6 +11,7 @@
 #include "desktop/foot.h"
 #include "desktop/grid_view.h"
 #include "desktop/layouter.h"
+#include "desktop/quick_search.h"
 #include "desktop/shell_views.h"
 #include "desktop/simple_views.h"
 #include "desktop/text.h"
@@ -89,36 +89,12 @@ Parts partsOf(FormWindow& window) {
 void addSearch(FormWindow& window, QBoxLayout& column, Grid& grid, GridView& view) {
   auto* row = new QHBoxLayout;
   auto* caption = new QLabel(QStringLiteral("C&erca percipiente"), column.parentWidget());
-  auto* box = new QLineEdit(column.parentWidget());
+  auto* box = new QuickSearch(view, column.parentWidget());
   caption->setBuddy(box);
-  box->setObjectName(QStringLiteral("ricercaRapida"));
-  box->setAccessibleName(QStringLiteral("Cerca percipiente"));
-  box->setPlaceholderText(QStringLiteral("Invio: il prossimo"));
-  box->setClearButtonEnabled(true);
-  box->setMaximumWidth(320);
   row->addWidget(caption);
   row->addWidget(box, 1);
   row->addStretch(1);
   column.addLayout(row);
-  auto* pause = new QTimer(box);
-  pause->setSingleShot(true);
-  pause->setInterval(120);
-  const auto search = [box, &view](bool behind) {
-    if (box->text().trimmed().isEmpty()) return;
-    const bool found = view.search(box->text().trimmed(), behind);
-    QPalette palette;
-    if (!found) palette.setColor(QPalette::Text, QColor(0xC0, 0x30, 0x30));
-    box->setPalette(palette);
-  };
-  QObject::connect(box, &QLineEdit::textEdited, box, [box, pause] {
-    box->setPalette({});
-    pause->start();
-  });
-  QObject::connect(pause, &QTimer::timeout, box, [search] { search(false); });
-  QObject::connect(box, &QLineEdit::returnPressed, box, [search, pause] {
-    pause->stop();
-    search(true);
-  });
   window.addExtra(box, grid);
 }
 

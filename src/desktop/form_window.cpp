@@ -185,6 +185,11 @@ bool FormWindow::key(QKeyEvent* event) {
   return consumed || !live();
 }
 
+bool FormWindow::isExtra(const QObject* watched) const {
+  return std::any_of(extras_.begin(), extras_.end(),
+                     [watched](const auto& extra) { return extra.second == watched; });
+}
+
 bool FormWindow::wheel(QWheelEvent* event) {
   if (!live() || form_->scroll() == nullptr) return false;
   wheelRest_ += event->angleDelta().y();
@@ -245,9 +250,13 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
       if (found != byWidget_.end()) takeFocus(*found->second, static_cast<QWidget*>(watched));
       break;
     }
-    case QEvent::KeyPress:
-      if (key(static_cast<QKeyEvent*>(event))) return true;
+    case QEvent::KeyPress: {
+      auto* const pressed = static_cast<QKeyEvent*>(event);
+      const std::int16_t code = formKey(*pressed).code;
+      const bool own = isExtra(watched) && (code == 13 || code == 27);
+      if (!own && key(pressed)) return true;
       break;
+    }
     case QEvent::Wheel: {
       // A list's choice does not change because the page is scrolled over it.
       auto* const turned = static_cast<QWheelEvent*>(event);

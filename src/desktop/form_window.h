@@ -31,7 +31,8 @@ class FormWindow : public QWidget {
   View* view(const Control& control) const;
   // For the layout: makes the view of a control, its widget a child of `parent`.
   View& make(Control& control, QWidget* parent);
-  // A widget of the view's own, with no control behind it, in the order of tabbing before `control`.
+  // A widget of the view's own, with no control behind it, in the order of tabbing before `control`. Enter
+  // and Esc are its own as well.
   void addExtra(QWidget* extra, const Control& before);
 
   void act(Control& control, const Event& event);
@@ -58,6 +59,7 @@ class FormWindow : public QWidget {
   void takeFocus(View& view, QWidget* widget);
   void orderTabs();
   bool key(QKeyEvent* event);
+  bool isExtra(const QObject* watched) const;
   bool wheel(QWheelEvent* event);
   void barMoved(const QScrollArea* area);
   void enter();

@@ -1,6 +1,7 @@
 #include "desktop/grid_model.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "desktop/text.h"
@@ -165,6 +166,27 @@ int GridModel::find(const QString& what, int at, int from) const {
     if (found > 0 && further < 0) further = row;
   }
   return further;
+}
+
+int GridModel::findNext(const QString& what, int at, int row) const {
+  const QString wanted = folded(what);
+  if (wanted.isEmpty() || rows_ == 0 || grid_ == nullptr) return -1;
+  enum Kind : std::size_t { Begins, Has, Lacks };
+  const auto kindOf = [&](int of) {
+    const qsizetype found = folded(text(of, at)).indexOf(wanted);
+    if (found < 0) return Lacks;
+    return found == 0 ? Begins : Has;
+  };
+  const Kind here = row < 0 || row >= rows_ ? Lacks : kindOf(row);
+  if (here == Lacks) return find(what, at, row + 1);
+  std::array<int, 3> first{-1, -1, -1};
+  for (int of = 0; of < rows_; ++of) {
+    const Kind kind = of == row ? here : kindOf(of);
+    if (kind == here && of > row) return of;
+    if (first.at(kind) < 0) first.at(kind) = of;
+  }
+  const int other = first.at(here == Begins ? Has : Begins);
+  return other >= 0 ? other : first.at(here);
 }
 
 }  // namespace cu::desktop

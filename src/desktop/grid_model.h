@@ -36,6 +36,9 @@ class GridModel : public QAbstractTableModel {
   // The first row from `from` on, going round, whose text in the column has what is looked for; the rows
   // that begin with it come before those that have it further on. -1 when there is none.
   int find(const QString& what, int column, int from) const;
+  // The one behind `row`, which has it as a rule: all that begin with it, then all that have it further on,
+  // and round again.
+  int findNext(const QString& what, int column, int row) const;
 
  private:
   // A cell as it is drawn; while the rows are held, as it was drawn last.

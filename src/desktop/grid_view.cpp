@@ -250,10 +250,11 @@ int GridView::searchColumn() const {
   return -1;
 }
 
-bool GridView::search(const QString& text, bool behind) {
+bool GridView::search(const QString& text, bool following) {
   if (!live() || searchColumn() < 0) return false;
-  const int from = std::max(0, static_cast<int>(grid_.row()) - 1 + (behind ? 1 : 0));
-  const int found = model_.find(text, searchColumn(), from);
+  const int current = static_cast<int>(grid_.row()) - 1;
+  const int found = following ? model_.findNext(text, searchColumn(), current)
+                              : model_.find(text, searchColumn(), std::max(0, current));
   if (found < 0) return false;
   // Only the row moves: the typing goes on where it is.
   FormWindow& shownIn = window();

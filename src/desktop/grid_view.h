@@ -52,8 +52,9 @@ class GridView : public View {
   void doubleClicked(int row);
   void openRowMenu();
   void copySelection();
-  // Moves to the next row, from the current one or behind it, that has the text; false when there is none.
-  bool search(const QString& text, bool behind);
+  // Moves to a row that has the text: the nearest one from the current row on, or the one that follows it.
+  // False when there is none.
+  bool search(const QString& text, bool following);
 
  private:
   void refresh() override;

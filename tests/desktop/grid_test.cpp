@@ -170,6 +170,60 @@ TEST_F(GridWindow, TheQuickSearchMovesToTheRowAndChangesNothingElse) {
   EXPECT_EQ(screen.window().focusWidget(), box) << "the typing goes on";
 }
 
+// The rows of a column in the order in which Enter in the quick search goes to them.
+QList<int> inOrderOfSearch(const desktop::GridModel& model, int column, const QString& wanted) {
+  QList<int> rows;
+  for (const bool begins : {true, false}) {
+    for (int row = 0; row < model.rowCount(); ++row) {
+      const QString name = model.text(row, column);
+      const bool has = name.contains(wanted, Qt::CaseInsensitive);
+      if (has && name.startsWith(wanted, Qt::CaseInsensitive) == begins) rows += row;
+    }
+  }
+  return rows;
+}
+
+TEST_F(GridWindow, EnterInTheQuickSearchGoesToTheNextRowAndRoundAgain) {
+  const int column = *view().model().columnOf("AnagraficaPerc");
+  const QString wanted = QStringLiteral("fe");
+  const QList<int> rows = inOrderOfSearch(view().model(), column, wanted);
+  const QString first = view().model().text(rows.first(), column);
+  const QString last = view().model().text(rows.last(), column);
+  ASSERT_TRUE(first.startsWith(wanted, Qt::CaseInsensitive)) << first.toStdString();
+  ASSERT_FALSE(last.startsWith(wanted, Qt::CaseInsensitive)) << last.toStdString();
+  auto* const box = screen.find<QLineEdit>("ricercaRapida");
+  box->setFocus();
+  typeText(*box, wanted);
+  QTRY_VERIFY(rows.contains(static_cast<int>(grid().row()) - 1));
+  qsizetype at = rows.indexOf(static_cast<int>(grid().row()) - 1);
+  for (qsizetype i = 0; i <= rows.size(); ++i) {
+    at = (at + 1) % rows.size();
+    screen.key(i % 2 == 0 ? Qt::Key_Return : Qt::Key_Enter);
+    ASSERT_EQ(static_cast<int>(grid().row()) - 1, rows[at]) << i;
+  }
+  EXPECT_EQ(screen.window().focusWidget(), box) << "the typing goes on";
+}
+
+TEST_F(GridWindow, EscInTheQuickSearchEmptiesItAndGoesBackToTheGrid) {
+  auto* const box = screen.find<QLineEdit>("ricercaRapida");
+  box->setFocus();
+  typeText(*box, QStringLiteral("zzz"));
+  int asked = 0;
+  screen.whenModal([&](QWidget& modal) {
+    ++asked;
+    pressButton(modal, "No");
+  });
+  screen.key(Qt::Key_Escape);
+  EXPECT_EQ(box->text(), QString());
+  EXPECT_EQ(screen.window().focusWidget(), box);
+  screen.key(Qt::Key_Escape);
+  EXPECT_EQ(screen.window().focusWidget(), &table());
+  EXPECT_EQ(asked, 0) << "the program is not offered to be left";
+  screen.key(Qt::Key_Escape);
+  EXPECT_EQ(asked, 1) << "in the grid the key is the form's";
+  expectAgreement();
+}
+
 TEST_F(GridWindow, WidthsAndOrderAreThePersonsAndTheModelKeepsItsOwn) {
   const int column = *view().model().columnOf("AnagraficaPerc");
   const int width = grid().columns()[static_cast<std::size_t>(column)].width;

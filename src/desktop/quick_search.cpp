@@ -1,0 +1,66 @@
+#include "desktop/quick_search.h"
+
+#include <QKeyEvent>
+
+#include "desktop/grid_view.h"
+
+namespace cu::desktop {
+namespace {
+
+constexpr int kPause = 120;  // milliseconds without a key, after which what was typed is looked for
+
+}  // namespace
+
+QuickSearch::QuickSearch(GridView& grid, QWidget* parent)
+    : QLineEdit(parent), grid_(grid), pause_(new QTimer(this)) {
+  setObjectName(QStringLiteral("ricercaRapida"));
+  setAccessibleName(QStringLiteral("Cerca percipiente"));
+  setPlaceholderText(QStringLiteral("Invio: il prossimo"));
+  setClearButtonEnabled(true);
+  setMaximumWidth(320);
+  pause_->setSingleShot(true);
+  pause_->setInterval(kPause);
+  connect(this, &QLineEdit::textEdited, this, [this] {
+    setPalette({});
+    pause_->start();
+  });
+  connect(pause_, &QTimer::timeout, this, [this] { search(false); });
+}
+
+void QuickSearch::search(bool following) {
+  pause_->stop();
+  const QString wanted = text().trimmed();
+  if (wanted.isEmpty()) return;
+  QPalette colours;
+  if (!grid_.search(wanted, following)) colours.setColor(QPalette::Text, QColor(0xC0, 0x30, 0x30));
+  setPalette(colours);
+}
+
+void QuickSearch::escape() {
+  pause_->stop();
+  setPalette({});
+  if (text().isEmpty()) {
+    grid_.table().setFocus(Qt::OtherFocusReason);
+  } else {
+    clear();
+  }
+}
+
+// Neither key goes on to the form, where Esc would offer to leave the program.
+void QuickSearch::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      search(true);
+      event->accept();
+      return;
+    case Qt::Key_Escape:
+      escape();
+      event->accept();
+      return;
+    default:
+      QLineEdit::keyPressEvent(event);
+  }
+}
+
+}  // namespace cu::desktop
