@@ -166,7 +166,7 @@ bool FormWindow::key(QKeyEvent* event) {
   if (!live()) return true;
   bool consumed = false;
   if (grid != nullptr) {
-    act(*grid, [&] { consumed = grid->keyDown(pressed.code, pressed.shift); });
+    consumed = showing->second->keyDown(pressed.code, pressed.shift);
   } else if (enter && button != nullptr && showing != byWidget_.end()) {
     // Enter presses the button that has the focus, not the default one.
     act([&] {

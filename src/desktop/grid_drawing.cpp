@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QTableView>
 #include <algorithm>
 
 #include "desktop/grid_model.h"
@@ -58,10 +59,29 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const {
   const auto* const model = static_cast<const GridModel*>(index.model());
   const bool menu = model->isMenu(index.column());
-  if (!menu && !model->isFlag(index.column())) {
+  if (menu || model->isFlag(index.column())) {
+    paintMark(painter, option, index, menu);
+  } else {
     QStyledItemDelegate::paint(painter, option, index);
-    return;
   }
+  paintCurrent(painter, option, index);
+}
+
+// Among highlighted rows the current one bears a line above and below.
+void CellPainter::paintCurrent(QPainter* painter, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) {
+  const auto* const table = qobject_cast<const QTableView*>(option.widget);
+  if (table == nullptr || table->currentIndex().row() != index.row()) return;
+  constexpr int kThick = 2;
+  const QRect& cell = option.rect;
+  const QColor ink = option.palette.color(QPalette::Text);
+  painter->fillRect(QRect(cell.left(), cell.top(), cell.width(), kThick), ink);
+  painter->fillRect(QRect(cell.left(), cell.bottom() - kThick + 1, cell.width(), kThick), ink);
+}
+
+void CellPainter::paintMark(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+                            bool menu) const {
+  const auto* const model = static_cast<const GridModel*>(index.model());
   QStyleOptionViewItem cell = option;
   initStyleOption(&cell, index);
   cell.text.clear();

@@ -20,11 +20,16 @@ class WrappedHeader : public QHeaderView {
   int height_ = 0;
 };
 
-// Flags as marks, the row menu as its arrow, everything else as text.
+// Flags as marks, the row menu as its arrow, everything else as text; the current row with lines around it.
 class CellPainter : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+ private:
+  static void paintCurrent(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index);
+  void paintMark(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+                 bool menu) const;
 };
 
 }  // namespace cu::desktop

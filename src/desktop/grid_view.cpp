@@ -6,9 +6,11 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <algorithm>
+#include <cstdlib>
 
 #include "desktop/form_window.h"
 #include "desktop/grid_drawing.h"
+#include "desktop/qt_front_end.h"
 #include "desktop/text.h"
 #include "host/form.h"
 
@@ -50,16 +52,53 @@ void GridTable::setCurrent(int row) {
 
 void GridTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
+  // The mark of the current row is as wide as the row.
+  viewport()->update();
   if (!setting_ && current.isValid() && current.row() != previous.row()) view_.rowChosen(current.row());
+}
+
+// Ctrl with an arrow, Home or End moves far, and takes the highlight along.
+QItemSelectionModel::SelectionFlags GridTable::selectionCommand(const QModelIndex& index,
+                                                                const QEvent* event) const {
+  if (event != nullptr && event->type() == QEvent::KeyPress &&
+      static_cast<const QKeyEvent*>(event)->modifiers().testFlag(Qt::ControlModifier) &&
+      !static_cast<const QKeyEvent*>(event)->modifiers().testFlag(Qt::ShiftModifier)) {
+    return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+  }
+  return QTableView::selectionCommand(index, event);
+}
+
+// A click with Ctrl may have taken the highlight from the current row: the nearest highlighted one becomes
+// the current row; without any the row is highlighted again.
+void GridTable::highlightCurrent() {
+  const QModelIndex current = currentIndex();
+  if (!current.isValid() || selectionModel()->isRowSelected(current.row())) return;
+  const QModelIndexList rows = selectionModel()->selectedRows();
+  const auto nearest = std::min_element(rows.begin(), rows.end(), [&](const auto& a, const auto& b) {
+    return std::abs(a.row() - current.row()) < std::abs(b.row() - current.row());
+  });
+  if (nearest == rows.end()) {
+    selectionModel()->select(current, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  } else {
+    const QModelIndex next = model()->index(nearest->row(), current.column());
+    selectionModel()->setCurrentIndex(next, QItemSelectionModel::NoUpdate);
+  }
 }
 
 void GridTable::mousePressEvent(QMouseEvent* event) {
   pressed_ = event->button() == Qt::LeftButton ? indexAt(event->pos()) : QModelIndex();
   QTableView::mousePressEvent(event);
+  highlightCurrent();
+}
+
+void GridTable::mouseMoveEvent(QMouseEvent* event) {
+  QTableView::mouseMoveEvent(event);
+  highlightCurrent();
 }
 
 void GridTable::mouseReleaseEvent(QMouseEvent* event) {
   QTableView::mouseReleaseEvent(event);
+  highlightCurrent();
   const QModelIndex released = indexAt(event->pos());
   const bool same = pressed_.isValid() && released == pressed_;
   const bool plain = event->modifiers() == Qt::NoModifier;
@@ -200,6 +239,49 @@ void GridView::headerPressed(int column) {
 void GridView::doubleClicked(int row) {
   if (!live()) return;
   act([this, row] { grid_.doubleClick(static_cast<std::size_t>(row) + 1); });
+}
+
+// The space bar acts on every highlighted row as it does on one.
+bool GridView::keyDown(std::int16_t code, std::int16_t shift) {
+  constexpr std::int16_t kSpace = 32;
+  if (!live()) return false;
+  QList<int> rows;
+  if (code == kSpace && grid_.onKeyDown) {
+    for (const QModelIndex& row : table_->selectionModel()->selectedRows()) rows += row.row() + 1;
+    std::sort(rows.begin(), rows.end());
+  }
+  if (rows.size() < 2) rows = {static_cast<int>(grid_.row())};
+  bool consumed = false;
+  window().act(grid_, [&] {
+    consumed = rows.size() < 2 ? grid_.keyDown(code, shift) : keyDownInRows(rows, code, shift);
+  });
+  return consumed;
+}
+
+// The first row that fails ends it. The current row stays the one that it was.
+bool GridView::keyDownInRows(const QList<int>& rows, std::int16_t code, std::int16_t shift) {
+  QtFrontEnd& screen = window().frontEnd();
+  const std::size_t current = grid_.row();
+  bool consumed = false;
+  const DrawingPause pause(grid_);
+  screen.setPointer(kPointerHourglass);
+  const auto end = [&] {
+    grid_.selectRow(current);
+    screen.setPointer(kPointerDefault);
+  };
+  try {
+    std::size_t done = 0;
+    for (const int row : rows) {
+      screen.progress("Righe evidenziate", ++done, static_cast<std::size_t>(rows.size()));
+      grid_.selectRow(static_cast<std::size_t>(row));
+      consumed = grid_.keyDown(code, shift) || consumed;
+    }
+  } catch (...) {
+    end();
+    throw;
+  }
+  end();
+  return consumed;
 }
 
 void GridView::openRowMenu() {

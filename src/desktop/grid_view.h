@@ -10,7 +10,8 @@ namespace cu::desktop {
 
 class GridView;
 
-// The table widget of a grid: mouse and keys become the grid's events.
+// The table widget of a grid: mouse and keys become the grid's events. The current row is always highlighted,
+// and marked where others are highlighted too.
 class GridTable : public QTableView {
  public:
   GridTable(GridView& view, QWidget* parent);
@@ -18,13 +19,18 @@ class GridTable : public QTableView {
 
  protected:
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                       const QEvent* event) const override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void highlightCurrent();
+
   GridView& view_;
   QPersistentModelIndex pressed_;
   bool setting_ = false;
@@ -41,6 +47,7 @@ class GridView : public View {
     View::detach();
     model_.detach();
   }
+  bool keyDown(std::int16_t code, std::int16_t shift) override;
   void afterEvent() override;
   GridTable& table() const { return *table_; }
   GridModel& model() { return model_; }
@@ -58,6 +65,7 @@ class GridView : public View {
 
  private:
   void refresh() override;
+  bool keyDownInRows(const QList<int>& rows, std::int16_t code, std::int16_t shift);
   void placeColumns();
   void rememberOrder();
   void headerMenu(const QPoint& at);

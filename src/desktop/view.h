@@ -32,6 +32,9 @@ class View : public ControlView {
   // What a person has typed but not yet handed over is handed over: the key Enter asks for it.
   virtual void commit() {}
 
+  // A key in a control that has keys of its own, such as a grid; true when a handler consumed it.
+  virtual bool keyDown(std::int16_t /*code*/, std::int16_t /*shift*/) { return false; }
+
   // An event of the form has ended: what it may have moved without telling is looked at again.
   virtual void afterEvent() {}
 

@@ -224,6 +224,60 @@ TEST_F(GridWindow, EscInTheQuickSearchEmptiesItAndGoesBackToTheGrid) {
   expectAgreement();
 }
 
+TEST_F(GridWindow, SpaceActsOnAllHighlightedRowsByTheRoutineForEach) {
+  const auto chosen = [&] {
+    QStringList flags;
+    for (int row = 0; row < 6; ++row)
+      flags += view().model().text(row, *view().model().columnOf("Selezionato"));
+    return flags.join(u' ');
+  };
+  const QString yes = QStringLiteral("Sì");
+  const QString no = QStringLiteral("No");
+  table().setFocus();
+  screen.key(Qt::Key_Down);
+  screen.key(Qt::Key_Space);
+  ASSERT_EQ(chosen(), QStringList({yes, no, yes, yes, yes, yes}).join(u' '));
+  screen.key(Qt::Key_Down, Qt::ShiftModifier);
+  screen.key(Qt::Key_Down, Qt::ShiftModifier);
+  screen.key(Qt::Key_Space);
+  EXPECT_EQ(chosen(), QStringList({yes, yes, no, no, yes, yes}).join(u' ')) << "each is inverted";
+  EXPECT_EQ(grid().row(), 4U) << "the current row is the one that it was";
+  EXPECT_EQ(table().selectionModel()->selectedRows().size(), 3) << "and the highlight stays";
+  EXPECT_EQ(screen.frontEnd().pointer(), 0);
+  expectAgreement();
+  screen.key(Qt::Key_Space);
+  EXPECT_EQ(chosen(), QStringList({yes, no, yes, yes, yes, yes}).join(u' '));
+  const QString all = QStringLiteral("[ %1 ]").arg(grid().rowCount() - 1);
+  EXPECT_EQ(count(), all.toStdString());
+}
+
+TEST_F(GridWindow, TheCurrentRowIsAlwaysHighlighted) {
+  const auto highlighted = [&] {
+    return table().selectionModel()->isRowSelected(table().currentIndex().row());
+  };
+  table().setFocus();
+  for (const Qt::Key key : {Qt::Key_End, Qt::Key_Home, Qt::Key_Down, Qt::Key_PageDown}) {
+    screen.key(key, Qt::ControlModifier);
+    EXPECT_TRUE(highlighted()) << key;
+    EXPECT_EQ(table().selectionModel()->selectedRows().size(), 1) << key;
+    expectAgreement();
+  }
+  const auto ctrlClick = [&](int row) {
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::ControlModifier, cell(row, "AnagraficaPerc"));
+    EXPECT_TRUE(highlighted()) << row;
+    expectAgreement();
+  };
+  QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::NoModifier, cell(2, "AnagraficaPerc"));
+  ctrlClick(2);
+  EXPECT_EQ(grid().row(), 3U) << "the only one stays";
+  ctrlClick(5);
+  EXPECT_EQ(grid().row(), 6U);
+  EXPECT_EQ(table().selectionModel()->selectedRows().size(), 2);
+  ctrlClick(5);
+  EXPECT_EQ(grid().row(), 3U) << "the one that is left";
+  EXPECT_EQ(table().selectionModel()->selectedRows().size(), 1);
+}
+
 TEST_F(GridWindow, WidthsAndOrderAreThePersonsAndTheModelKeepsItsOwn) {
   const int column = *view().model().columnOf("AnagraficaPerc");
   const int width = grid().columns()[static_cast<std::size_t>(column)].width;
