@@ -31,6 +31,13 @@ QScrollArea* areaAround(const QWidget* widget) {
   return nullptr;
 }
 
+const Frame* stageOf(const Form& form) {
+  for (const Frame* stage : form.stages()) {
+    if (stage->onStage()) return stage;
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 FormWindow::FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent)
@@ -40,6 +47,7 @@ FormWindow::FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent)
   for (const auto& view : views_) view->refreshAll();
   orderTabs();
   new FocusRing(this);
+  stageShown_ = stageOf(form);
   form.attach([this] { formChanged(); });
   formChanged();
 }
@@ -108,6 +116,15 @@ void FormWindow::afterEvent() {
   if (!live()) return;
   for (const auto& view : views_) view->afterEvent();
   syncFocus();
+  if (!frontEnd_.busy()) enterStage();
+}
+
+// On another stage the focus is where the work begins.
+void FormWindow::enterStage() {
+  const Frame* const stage = stageOf(*form_);
+  if (std::exchange(stageShown_, stage) == stage) return;
+  Control* const start = form_->stageStart();
+  if (start != nullptr && start->available() && form_->focus() != start) act(*start, {});
 }
 
 void FormWindow::formChanged() {

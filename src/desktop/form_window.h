@@ -58,6 +58,7 @@ class FormWindow : public QWidget {
   void syncScroll();
   void takeFocus(View& view, QWidget* widget);
   void orderTabs();
+  void enterStage();
   bool key(QKeyEvent* event);
   bool isExtra(const QObject* watched) const;
   bool wheel(QWheelEvent* event);
@@ -73,6 +74,7 @@ class FormWindow : public QWidget {
   std::vector<QScrollArea*> scrollAreas_;
   Foot* foot_ = nullptr;
   const Control* focusShown_ = nullptr;
+  const Frame* stageShown_ = nullptr;
   bool syncingFocus_ = false;
   bool syncingScroll_ = false;
   int scrollShown_ = -1;

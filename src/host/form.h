@@ -67,6 +67,9 @@ class Form {
   virtual bool shrunk() const { return false; }
   // Frames that take turns on the stage, in order; empty for most forms.
   virtual std::vector<const Frame*> stages() const { return {}; }
+  // Where a person's work on the present stage begins; null where the focus stays as it is. Only a window
+  // goes there by itself.
+  virtual Control* stageStart() { return nullptr; }
 
   void attach(std::function<void()> view) { view_ = std::move(view); }
   void notify() const;

@@ -28,6 +28,15 @@ void FrmWizard::sbVaiAlPasso(std::int16_t nPasso, Direzione nDirezione) {
   ctlWizardSideBand.select(modoCU() || nPassoCorrente == 0 ? nPassoCorrente + 1 : nPassoCorrente);
 }
 
+// Not on a button: a key pressed once more would be the next step, or the run.
+Control* FrmWizard::stageStart() {
+  if (nPassoCorrente == 1) return &grdCompensi;
+  if (nPassoCorrente == 2) return modoCU() ? static_cast<Control*>(&dtDataFirma) : &WizPrint;
+  return nullptr;
+}
+
+}
+
 bool FrmWizard::preparaPasso0(Direzione nDirezione) {
   bAvviaAbilitato = false;
   sbImpostaTesti();

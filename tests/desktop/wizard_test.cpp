@@ -131,6 +131,38 @@ TEST(WizardWindow, EscAndTheCloseBoxEnd) {
   EXPECT_FALSE(screen.frontEnd().anyOpen());
 }
 
+// A key that is pressed once too often starts nothing.
+TEST(WizardWindow, AStepBeginsWhereTheWorkIs) {
+  Screen screen;
+  screen.toTelematicFile();
+  screen.find<QWidget>("cmdNav(3)")->setFocus();
+  screen.key(Qt::Key_Return);
+  EXPECT_EQ(screen.focus()->name(), "grdCompensi");
+  expectAgreement(screen);
+  screen.find<QWidget>("cmdNav(3)")->setFocus();
+  screen.key(Qt::Key_Return);
+  EXPECT_EQ(screen.focus()->name(), "dtDataFirma");
+  screen.key(Qt::Key_Return);
+  settle();
+  EXPECT_TRUE(QDir(screen.documents()).isEmpty());
+  EXPECT_EQ(screen.window().windowTitle().toStdString(), "Autocomposizione Quadrivio - Passo 3 di 3 - Fine");
+  expectAgreement(screen);
+  screen.key(Qt::Key_I, Qt::AltModifier);
+  EXPECT_EQ(screen.focus()->name(), "grdCompensi");
+  expectAgreement(screen);
+}
+
+TEST(WizardWindow, TheLastStepOfPrintsBeginsWithThePrint) {
+  for (const std::int32_t mode : {246, 247}) {
+    Screen screen(mode);
+    screen.choose("KRNCboEsCont(0)", "2016");
+    screen.find<QWidget>("cmdNav(3)")->setFocus();
+    screen.key(Qt::Key_Return);
+    EXPECT_EQ(screen.focus()->name(), "WizPrint") << mode;
+    expectAgreement(screen);
+  }
+}
+
 TEST(WizardWindow, F1OpensTheGuideAndControlKeysAreSwallowed) {
   Screen screen;
   screen.key(Qt::Key_F1);
