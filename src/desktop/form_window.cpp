@@ -306,7 +306,10 @@ void FormWindow::mousePressEvent(QMouseEvent* event) {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  if (!live()) return;
+  // Some window managers let the close box of a window through that waits behind a modal one.
+  QWidget* const modal = QApplication::activeModalWidget();
+  if (!live() || frontEnd_.busy() || (modal != nullptr && modal != this)) return;
+  if (!frontEnd_.mayClose(*form_)) return;
   Form& form = *form_;
   act([&] { form.close(); });
 }

@@ -12,6 +12,7 @@
 #include "desktop/preview_dialog.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/text.h"
+#include "host/form.h"
 
 namespace cu::desktop {
 namespace {
@@ -130,6 +131,25 @@ void QtFrontEnd::error(const Error& error) {
   dialog.setObjectName(QStringLiteral("errore"));
   dialog.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
   run(dialog);
+}
+
+bool QtFrontEnd::mayClose(const Form& form) {
+  const std::string lost = form.unsavedWork();
+  if (lost.empty()) return true;
+  QMessageBox dialog(QMessageBox::Warning, shown(form.caption()), shown(lost), QMessageBox::NoButton,
+                     parentForDialog());
+  dialog.setTextFormat(Qt::PlainText);
+  dialog.setInformativeText(QStringLiteral(
+      "Chiudendo la finestra ora le correzioni vanno perdute. Quelle delle righe scelte si memorizzano "
+      "tornando al primo passo con Indietro e rispondendo Sì."));
+  dialog.setObjectName(QStringLiteral("conferma"));
+  const QPushButton* const close =
+      dialog.addButton(QStringLiteral("&Chiudi senza memorizzare"), QMessageBox::DestructiveRole);
+  QPushButton* const stay = dialog.addButton(QStringLiteral("&Resta"), QMessageBox::RejectRole);
+  dialog.setDefaultButton(stay);
+  dialog.setEscapeButton(stay);
+  run(dialog);
+  return dialog.clickedButton() == close;
 }
 
 std::string QtFrontEnd::chooseFolder(const std::string& title, const std::optional<std::string>& start) {

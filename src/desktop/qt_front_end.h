@@ -76,6 +76,8 @@ class QtFrontEnd : public FrontEnd {
   // The keys pressed while a window was being made ready that is typed into at once.
   Keys typedAhead();
   QWidget* parentForDialog() const;
+  // Asks the person where closing the form would lose something.
+  bool mayClose(const Form& form);
 
  private:
   struct Shown {

@@ -70,6 +70,8 @@ class Form {
   // Where a person's work on the present stage begins; null where the focus stays as it is. Only a window
   // goes there by itself.
   virtual Control* stageStart() { return nullptr; }
+  // What the close box would lose, in a sentence for the person; empty when nothing. Only a window asks.
+  virtual std::string unsavedWork() const { return {}; }
 
   void attach(std::function<void()> view) { view_ = std::move(view); }
   void notify() const;

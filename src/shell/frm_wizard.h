@@ -106,6 +106,7 @@ class FrmWizard : public Form {
   std::int16_t oggettoCorrente() const { return nOggettoCorrente; }  // of the menu commands
   std::vector<const Frame*> stages() const override { return {&fraStep[0], &fraStep[1], &fraStep[2]}; }
   Control* stageStart() override;
+  std::string unsavedWork() const override;
 
  private:
   void formLoad() override;

@@ -1,5 +1,7 @@
 #include "worklist/compensi.h"
 
+#include <utility>
+
 #include "host/frontend.h"
 #include "host/grid.h"
 #include "host/text.h"
@@ -24,6 +26,8 @@ void Compensi::sbCreaTabellaLavoro(const Filtri& filtri) {
   frontEnd_.setPointer(kPointerHourglass);
   frontEnd_.progress("Caricamento dei compensi", 0, 0);
   if (rsCompensi_.IsOpen()) rsCompensi_.Close();
+  nonMemorizzate_.clear();
+  aggiornamenti_.clear();
   const std::string select = fnSelectCompensi(filtri, globali_.gSessione->IDAzienda(), utilita_);
   globali_.gTabellaLavoro = fnNomeTabellaLavoro(globali_.gSessione->IDUtente());
   const std::string& nome = globali_.gTabellaLavoro;
@@ -112,12 +116,25 @@ bool Compensi::fnProtocolliMancanti() {
                "ISNULL(ProgressivoAnnSost, '') = '')") > 0;
 }
 
-void Compensi::sbAggiornaRiga() { esegui(fnAggiornaRiga(globali_.gTabellaLavoro, rsCompensi_, utilita_)); }
+void Compensi::sbAggiornaRiga() {
+  const std::string testo = fnAggiornaRiga(globali_.gTabellaLavoro, rsCompensi_, utilita_);
+  esegui(testo);
+  // A row that was stored and comes back from an editor as it was is stored still.
+  const bool cambiata = std::exchange(aggiornamenti_[rsCompensi_.Bookmark()], testo) != testo;
+  if (cambiata && rsCompensi_.Get("Modificato").flag()) nonMemorizzate_.insert(rsCompensi_.Bookmark());
+}
 
 void Compensi::sbMemorizzaModifiche() {
   frontEnd_.progress("Memorizzazione delle modifiche nei conti", 0, 0);
   interna().Execute(fnAggiornaConti(globali_.gTabellaLavoro));
   interna().Execute(fnAggiornaDatiAggiuntivi(globali_.gTabellaLavoro));
+  if (nonMemorizzate_.empty()) return;
+  // Rows that are not selected are not written.
+  const auto righe = rsCompensi_.Clone();
+  std::erase_if(nonMemorizzate_, [&](Recordset::RowMark riga) {
+    righe->SetBookmark(riga);
+    return righe->Get("Selezionato").flag();
+  });
 }
 
 void Compensi::sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo,
@@ -139,10 +156,12 @@ void Compensi::sbAggiornaProtocolli(const std::string& protocollo, const std::st
 
 void Compensi::scriviProtocolli(const std::string& protocollo, const std::string& progressivo,
                                 bool sovrascrivi) {
+  bool riempito = false;
   const auto riempi = [&](const char* campo, const std::string& valore) {
     if (!sovrascrivi && !trim(utilita_.toText(rsCompensi_.Get(campo))).empty()) return;
     rsCompensi_.Set(campo, Value::ofText(valore));
     rsCompensi_.Set("Modificato", Value::ofFlag(true));
+    riempito = true;
   };
   riempi("ProtocolloAnnSost", protocollo);
   riempi("ProgressivoAnnSost", progressivo);
@@ -153,6 +172,7 @@ void Compensi::scriviProtocolli(const std::string& protocollo, const std::string
          ", ProgressivoAnnSost = " + utilita_.literal(rsCompensi_.Get("ProgressivoAnnSost")) +
          ", Modificato = " + fromInteger(modificato < 0 ? -modificato : modificato) +
          fnChiaveRiga(rsCompensi_));
+  if (riempito) nonMemorizzate_.insert(rsCompensi_.Bookmark());
 }
 
 }  // namespace cu

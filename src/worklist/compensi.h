@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
+#include <set>
 #include <string>
 
 #include "host/recordset.h"
@@ -39,6 +41,8 @@ class Compensi {
   void sbAggiornaRiga();
   // Brings the changed and selected rows to the accounts.
   void sbMemorizzaModifiche();
+  // Rows changed whose present values no write-back has brought to the accounts.
+  std::size_t nonMemorizzate() const { return nonMemorizzate_.size(); }
   // The same pair of references on all selected rows.
   void sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo, bool sovrascrivi);
 
@@ -54,6 +58,8 @@ class Compensi {
   FrontEnd& frontEnd_;
   Grid& griglia_;
   Recordset rsCompensi_;
+  std::set<Recordset::RowMark> nonMemorizzate_;
+  std::map<Recordset::RowMark, std::string> aggiornamenti_;  // the last statement of each row from an editor
 };
 
 }  // namespace cu

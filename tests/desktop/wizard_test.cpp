@@ -131,6 +131,58 @@ TEST(WizardWindow, EscAndTheCloseBoxEnd) {
   EXPECT_FALSE(screen.frontEnd().anyOpen());
 }
 
+class ClosingWindow : public ::testing::Test {
+ protected:
+  // Corrects the first line of the grid.
+  void correct() {
+    screen.inEditor("2016", [&] {
+      screen.type("curField(19)", "1000,50");
+      screen.click("cmdOk");
+      EXPECT_EQ(screen.top(), &screen.window()) << "the row is taken";
+    });
+    ASSERT_NE(screen.form().unsavedWork(), "");
+  }
+  // What the window asks at its close box; "" when it asks nothing.
+  QString close(const char* answer) {
+    QString asked;
+    screen.whenModal([&](QWidget& modal) {
+      asked = boxText(modal);
+      EXPECT_EQ(qobject_cast<QMessageBox*>(&modal)->defaultButton()->text(), QStringLiteral("&Resta"));
+      pressButton(modal, answer);
+    });
+    screen.window().close();
+    return asked;
+  }
+  Screen screen;
+};
+
+TEST_F(ClosingWindow, AsksFirstWhenACorrectedRowIsNotStored) {
+  correct();
+  EXPECT_EQ(close("Resta"), QStringLiteral("Un compenso corretto non è ancora stato memorizzato nei conti."));
+  ASSERT_TRUE(screen.frontEnd().anyOpen());
+  expectAgreement(screen);
+  EXPECT_NE(close("Chiudi senza memorizzare"), QString());
+  EXPECT_FALSE(screen.frontEnd().anyOpen());
+}
+
+TEST_F(ClosingWindow, AsksNothingWhenNothingWouldBeLost) {
+  screen.toGrid();
+  screen.window().close();
+  EXPECT_FALSE(screen.frontEnd().anyOpen());
+}
+
+TEST(WizardWindow, TheCloseBoxOfAWindowBehindADialogDoesNothing) {
+  Screen screen;
+  screen.whenModal([&](QWidget& modal) {
+    screen.window().close();
+    pressButton(modal, "OK");
+  });
+  screen.click("cmdNav(3)");
+  EXPECT_TRUE(screen.allAnswered());
+  ASSERT_TRUE(screen.frontEnd().anyOpen());
+  expectAgreement(screen);
+}
+
 // A key that is pressed once too often starts nothing.
 TEST(WizardWindow, AStepBeginsWhereTheWorkIs) {
   Screen screen;

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/numericbox.h"
 #include "shell/wizard_prova.h"
 
 namespace cu::test {
@@ -61,6 +62,42 @@ TEST_F(HelpAndAbandon, AbandoningFromTheGridAsksNothingAboutTheEditsAndWritesNon
   EXPECT_FALSE(form().isOpen());
   EXPECT_EQ(frontEnd.boxes.size(), 1U);
   EXPECT_THAT(istruzioni(), IsEmpty());
+}
+
+class ClosingTheWindow : public testing::Test, public WizardProva {
+ protected:
+  void correggi(std::size_t riga) {
+    frontEnd.modals.push_back([](Form& editor) {
+      dynamic_cast<AmountBox&>(*editor.find("curField(19)")).enter("7");
+      dynamic_cast<Button&>(*editor.find("cmdOk")).click();
+    });
+    form().grdCompensi.doubleClick(riga);
+  }
+};
+
+TEST_F(ClosingTheWindow, LosesTheRowsThatNoWriteBackHasStored) {
+  vaiAllaGriglia();
+  EXPECT_EQ(form().unsavedWork(), "");
+  correggi(1);
+  EXPECT_EQ(form().unsavedWork(), "Un compenso corretto non è ancora stato memorizzato nei conti.");
+  correggi(2);
+  EXPECT_EQ(form().unsavedWork(), "2 compensi corretti non sono ancora stati memorizzati nei conti.");
+  premi(form().cmdNav[3]);
+  ASSERT_EQ(passo(), 2);
+  EXPECT_NE(form().unsavedWork(), "");
+  dimentica();
+  form().close();
+  EXPECT_FALSE(form().isOpen());
+  EXPECT_THAT(frontEnd.boxes, IsEmpty()) << "the form itself asks nothing";
+}
+
+TEST_F(ClosingTheWindow, LosesNothingOnceTheQuestionOnTheWayBackIsAnswered) {
+  vaiAllaGriglia();
+  correggi(1);
+  frontEnd.answers = {Answer::No};
+  premi(form().cmdNav[2]);
+  ASSERT_EQ(passo(), 0);
+  EXPECT_EQ(form().unsavedWork(), "");
 }
 
 }  // namespace
