@@ -9,21 +9,21 @@
 namespace cu {
 namespace {
 
-struct Given {
+struct Criterion {
   const char* name;
   bool present;
 };
 
 // Refused when anything else is given than what the control is chosen by.
 void onlyThese(const Control& control, const Choice& choice, std::initializer_list<std::string_view> names) {
-  const Given given[] = {{"index", choice.index.has_value()},
-                         {"text", choice.text.has_value()},
-                         {"record", choice.record.has_value()},
-                         {"code", choice.code.has_value()},
-                         {"description", choice.description.has_value()},
-                         {"report", choice.report.has_value()},
-                         {"output", choice.output.has_value()}};
-  for (const Given& each : given) {
+  const Criterion criteria[] = {{"index", choice.index.has_value()},
+                                {"text", choice.text.has_value()},
+                                {"record", choice.record.has_value()},
+                                {"code", choice.code.has_value()},
+                                {"description", choice.description.has_value()},
+                                {"report", choice.report.has_value()},
+                                {"output", choice.output.has_value()}};
+  for (const Criterion& each : criteria) {
     bool allowed = !each.present;
     for (const std::string_view name : names) allowed = allowed || name == each.name;
     if (!allowed) refuse(control, "\"" + std::string(each.name) + "\" non serve a scegliere qui");

@@ -8,7 +8,7 @@
 namespace cu {
 namespace {
 
-constexpr std::int32_t kAttivita = 1;
+constexpr std::int32_t kIdAttivita = 1;
 constexpr std::int32_t kCodiceAttivita = 1;
 constexpr std::string_view kAteco = "620909";  // other activities of information technology
 
@@ -30,9 +30,9 @@ void riempiAzienda(Connection& connessione, const DatiAzienda& dati) {
       {"IDAzienda", "IDAnagraficaRappresentante", "IDCodiceCaricaRappresentante", "IDFilialePrevalente"},
       {dati.idAzienda, dati.idRappresentante, dati.idCarica, dati.idFiliale});
   una("ConfigurazioneCompensiATerzi", {"IDAzienda"}, {dati.idAzienda});
-  una("AttivitaAzienda", {"IDAttivitaAzienda", "IDAzienda"}, {kAttivita, dati.idAzienda});
+  una("AttivitaAzienda", {"IDAttivitaAzienda", "IDAzienda"}, {kIdAttivita, dati.idAzienda});
   una("Filiale", {"IDFiliale", "IDAzienda", "IDAttivitaAzienda"},
-      {dati.idFiliale, dati.idAzienda, kAttivita});
+      {dati.idFiliale, dati.idAzienda, kIdAttivita});
 
   Inserimento contabile(connessione, "ConfigurazioneContabile", {"IDAzienda", "InterlineaGiornale"});
   contabile.intero(dati.idAzienda).testo("1").riga();
@@ -48,7 +48,7 @@ void riempiAzienda(Connection& connessione, const DatiAzienda& dati) {
   for (int anno = dati.primoAnno; anno <= dati.ultimoAnno; ++anno) {
     const std::int32_t periodo = anno - dati.primoAnno + 1;
     periodi.intero(periodo).intero(dati.idAzienda).intero(anno).riga();
-    attivita.intero(kAttivita).intero(periodo).intero(kCodiceAttivita).riga();
+    attivita.intero(kIdAttivita).intero(periodo).intero(kCodiceAttivita).riga();
   }
   periodi.chiudi();
   attivita.chiudi();

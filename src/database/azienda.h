@@ -8,6 +8,11 @@
 
 namespace cu {
 
+// The persons that every archive made by this project begins with, and the office that the second one holds.
+inline constexpr std::int32_t kIdSede = 1;
+inline constexpr std::int32_t kIdRappresentante = 2;
+inline constexpr std::int32_t kRappresentanteLegale = 1;
+
 // What an archive made by this project knows of its one company beside names and payees.
 struct DatiAzienda {
   std::int32_t idAzienda = 0;

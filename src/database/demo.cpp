@@ -13,15 +13,12 @@
 #include "database/ricostruzione.h"
 #include "database/risorse.h"
 #include "database/tabella.h"
+#include "host/ascii.h"
 #include "host/text.h"
 
 namespace cu {
 namespace {
 
-constexpr std::int32_t kIdSede = 1;
-constexpr std::int32_t kIdRappresentante = 2;
-constexpr std::int32_t kRappresentanteLegale = 1;
-constexpr std::int32_t kItalia = 86;
 constexpr int kPrimoAnno = 2014;
 constexpr int kUltimoAnno = 2017;
 
@@ -29,11 +26,6 @@ constexpr int kUltimoAnno = 2017;
 constexpr std::int32_t kFondo = 100;
 constexpr std::string_view kCodiceFiscaleFondo = "02159000583";
 constexpr std::string_view kNomeFondo = "Fondo Dimostrativo di Previdenza dei Liberi Professionisti";
-
-constexpr std::string_view kImporti[] = {"OnorarioProvvigioni",     "QuotaProvvigioniNonSoggette",
-                                         "SommeNonSoggette",        "SommeNonSoggetteRegConv",
-                                         "RitenutaAcconto",         "RitenutaImposta",
-                                         "ContributoPrevidenziale", "RitenutaPrevidenziale13"};
 
 std::int64_t numero(std::string_view testo) { return leadingInteger(testo); }
 
@@ -75,7 +67,7 @@ bool estero(std::string_view luogo) { return !luogo.empty() && luogo.front() == 
 // A municipality by its cadastral code, a foreign place by its id.
 std::int64_t idLuogo(std::string_view campo) {
   if (campo.empty()) return 0;
-  return campo.front() >= '0' && campo.front() <= '9' ? numero(campo) : idComune(campo);
+  return isDigit(campo.front()) ? numero(campo) : idComune(campo);
 }
 
 // The fiscal code of each name, for those that other lines refer to.
@@ -138,7 +130,7 @@ void riempiCompensi(Connection& connessione, const Chiavi& chiavi) {
   const Tabella t(risorsa("demo/compensi.tsv"));
   std::vector<std::string> colonne{"IDCompenso",    "IDAzienda",       "IDAnagrafica", "IDCausalePagamento",
                                    "DataPagamento", "NumeroDocumento", "DataDocumento"};
-  colonne.insert(colonne.end(), std::begin(kImporti), std::end(kImporti));
+  colonne.insert(colonne.end(), std::begin(kImportiConto), std::end(kImportiConto));
   Inserimento inserimento(connessione, "Compenso", colonne);
   for (std::size_t i = 0; i < t.righe(); ++i) {
     inserimento.intero(static_cast<std::int64_t>(i) + 1)
@@ -146,7 +138,7 @@ void riempiCompensi(Connection& connessione, const Chiavi& chiavi) {
         .intero(numero(t.campo(i, "ID")));
     inserimento.intero(chiavi.causale(t.campo(i, "Causale"))).data(giorno(t.campo(i, "DataPagamento")));
     inserimento.testo(t.campo(i, "NumeroDocumento")).data(giorno(t.campo(i, "DataDocumento")));
-    for (std::string_view colonna : kImporti) inserimento.importo(importo(t.campo(i, colonna)));
+    for (std::string_view colonna : kImportiConto) inserimento.importo(importo(t.campo(i, colonna)));
     inserimento.riga();
   }
   inserimento.chiudi();
@@ -156,12 +148,12 @@ void riempiCompensi(Connection& connessione, const Chiavi& chiavi) {
 void riempiConti(Connection& connessione, const Chiavi& chiavi) {
   const Tabella t(risorsa("demo/conti.tsv"));
   std::vector<std::string> colonne{"IDAnagrafica", "IDCausalePagamento", "Anno", "IDAzienda"};
-  colonne.insert(colonne.end(), std::begin(kImporti), std::end(kImporti));
+  colonne.insert(colonne.end(), std::begin(kImportiConto), std::end(kImportiConto));
   Inserimento inserimento(connessione, "ContoIndividuale", colonne);
   for (std::size_t i = 0; i < t.righe(); ++i) {
     inserimento.intero(numero(t.campo(i, "ID"))).intero(chiavi.causale(t.campo(i, "Causale")));
     inserimento.intero(numero(t.campo(i, "Anno"))).intero(kAziendaDemo);
-    for (std::string_view colonna : kImporti) inserimento.importo(importo(t.campo(i, colonna)));
+    for (std::string_view colonna : kImportiConto) inserimento.importo(importo(t.campo(i, colonna)));
     inserimento.riga();
   }
   inserimento.chiudi();

@@ -18,11 +18,7 @@ namespace {
 
 constexpr std::int32_t kAzienda = 1;
 constexpr std::int32_t kFiliale = 1;
-constexpr std::int32_t kIdSede = 1;
-constexpr std::int32_t kIdRappresentante = 2;
 constexpr std::int32_t kPrimoPercipiente = 101;
-constexpr std::int32_t kRappresentanteLegale = 1;
-constexpr std::int32_t kItalia = 86;
 constexpr std::int32_t kMassimo = 9999999;
 // The reason of a payee's further line of a year; nobody has it for the first.
 constexpr std::string_view kSecondaCausale = "M1";

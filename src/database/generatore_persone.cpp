@@ -4,14 +4,13 @@
 
 #include "database/codice_fiscale.h"
 #include "database/generatore_testi.h"
+#include "database/liste.h"
 #include "database/risorse.h"
 #include "database/tabella.h"
 #include "host/text.h"
 
 namespace cu {
 namespace {
-
-constexpr std::int32_t kItalia = 86;
 
 std::vector<std::string_view> colonna(std::string_view nomeRisorsa) {
   const Tabella t(risorsa(nomeRisorsa));
@@ -29,7 +28,7 @@ std::string numeroDitta(std::int32_t numero, std::int64_t ufficio) {
 
 constexpr std::array<std::string_view, 6> kForme = {"S.r.l.", "S.n.c.",     "S.a.s.",
                                                     "S.p.A.", "Soc. Coop.", "& Figli S.n.c."};
-constexpr std::array<std::string_view, 7> kAttivita = {
+constexpr std::array<std::string_view, 7> kAttivitaDitte = {
     "Studio Associato",
     "Costruzioni",
     "Servizi",
@@ -103,7 +102,7 @@ void Inventore::ditta(PercipienteInventato& p, Casuale& caso) const {
     p.anagrafica = unito({caso.scelta(cognomi_), " International ", caso.scelta(kFormeEstere)});
     return;
   }
-  p.anagrafica = unito({caso.scelta(kAttivita), " ", caso.scelta(cognomi_), " ", caso.scelta(kForme)});
+  p.anagrafica = unito({caso.scelta(kAttivitaDitte), " ", caso.scelta(cognomi_), " ", caso.scelta(kForme)});
 }
 
 void Inventore::residenza(PercipienteInventato& p, std::int32_t numero, Casuale& caso) const {

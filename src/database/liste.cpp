@@ -11,14 +11,14 @@
 namespace cu {
 namespace {
 
-std::int32_t numero(std::string_view testo) { return static_cast<std::int32_t>(leadingInteger(testo)); }
+std::int32_t idScritto(std::string_view testo) { return static_cast<std::int32_t>(leadingInteger(testo)); }
 
 std::vector<VoceInLista> voci(std::string_view risorsaLista) {
   const Tabella tabella(risorsa(risorsaLista));
   std::vector<VoceInLista> elenco;
   elenco.reserve(tabella.righe());
   for (std::size_t i = 0; i < tabella.righe(); ++i) {
-    elenco.push_back({numero(tabella.campo(i, "ID")), tabella.campo(i, "Codice")});
+    elenco.push_back({idScritto(tabella.campo(i, "ID")), tabella.campo(i, "Codice")});
   }
   return elenco;
 }
@@ -42,11 +42,11 @@ void riempi(Connection& connessione, const Lista& lista) {
   for (const Lista::Colonna& colonna : lista.colonne) nomi.emplace_back(colonna.colonna);
   Inserimento inserimento(connessione, lista.tabella, nomi);
   for (std::size_t i = 0; i < tabella.righe(); ++i) {
-    inserimento.intero(numero(tabella.campo(i, std::size_t{0})));
+    inserimento.intero(idScritto(tabella.campo(i, std::size_t{0})));
     for (const Lista::Colonna& colonna : lista.colonne) {
       const std::string_view campo = tabella.campo(i, colonna.campo);
       if (colonna.intero) {
-        inserimento.intero(numero(campo));
+        inserimento.intero(idScritto(campo));
       } else {
         inserimento.testo(campo);
       }
@@ -60,7 +60,7 @@ void riempiComuni(Connection& connessione) {
   const Tabella province(risorsa("liste/province.tsv"));
   const auto idProvincia = [&](std::string_view sigla) {
     for (std::size_t i = 0; i < province.righe(); ++i) {
-      if (province.campo(i, 1) == sigla) return numero(province.campo(i, std::size_t{0}));
+      if (province.campo(i, 1) == sigla) return idScritto(province.campo(i, std::size_t{0}));
     }
     throw std::out_of_range("provincia sconosciuta: " + std::string(sigla));
   };
@@ -97,7 +97,7 @@ std::vector<NazioneInLista> nazioni() {
   for (std::size_t i = 0; i < tabella.righe(); ++i) {
     const std::string_view codice = tabella.campo(i, "CodiceStato");
     elenco.push_back(
-        {numero(codice), codice, tabella.campo(i, "Nazione"), tabella.campo(i, "CodiceCatastale")});
+        {idScritto(codice), codice, tabella.campo(i, "Nazione"), tabella.campo(i, "CodiceCatastale")});
   }
   return elenco;
 }
@@ -110,7 +110,7 @@ std::int32_t idComune(std::string_view catasto) {
   const bool valido = catasto.size() == 4 && catasto[0] >= 'A' && catasto[0] <= 'Z' &&
                       catasto.find_first_not_of("0123456789", 1) == std::string_view::npos;
   if (!valido) throw std::invalid_argument("codice catastale non valido: " + std::string(catasto));
-  return (catasto[0] - 'A' + 1) * 1000 + numero(catasto.substr(1));
+  return (catasto[0] - 'A' + 1) * 1000 + idScritto(catasto.substr(1));
 }
 
 void riempiListe(Connection& connessione) {

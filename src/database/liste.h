@@ -25,6 +25,8 @@ struct NazioneInLista {
   std::string_view catasto;  // Z and three digits; empty for Italy and where there is none
 };
 
+inline constexpr std::int32_t kItalia = 86;  // the country's id
+
 struct VoceInLista {
   std::int32_t id = 0;
   std::string_view codice;

@@ -7,11 +7,6 @@
 namespace cu {
 namespace {
 
-constexpr std::string_view kImporti[] = {"OnorarioProvvigioni",     "QuotaProvvigioniNonSoggette",
-                                         "SommeNonSoggette",        "SommeNonSoggetteRegConv",
-                                         "RitenutaAcconto",         "RitenutaImposta",
-                                         "ContributoPrevidenziale", "RitenutaPrevidenziale13"};
-
 // The payments under the names that the filter uses.
 constexpr std::string_view kPagamenti =
     "(SELECT Comp.IDAzienda, Comp.IDAnagrafica, Comp.IDCausalePagamento, Comp.DataPagamento,"
@@ -42,7 +37,7 @@ void sommaCompensi(Connection& connessione, std::int32_t idAzienda, int anno, st
 
   std::string aggiorna = "UPDATE ContoIndividuale SET";
   const char* separatore = " ";
-  for (std::string_view importo : kImporti) {
+  for (std::string_view importo : kImportiConto) {
     aggiorna += separatore;
     aggiorna += importo;
     aggiorna += " = (SELECT ISNULL(SUM(ISNULL(Comp.";

@@ -9,6 +9,12 @@
 
 namespace cu {
 
+// The amounts of a payment, summed into the columns of the same names of its account.
+inline constexpr std::string_view kImportiConto[] = {"OnorarioProvvigioni",     "QuotaProvvigioniNonSoggette",
+                                                     "SommeNonSoggette",        "SommeNonSoggetteRegConv",
+                                                     "RitenutaAcconto",         "RitenutaImposta",
+                                                     "ContributoPrevidenziale", "RitenutaPrevidenziale13"};
+
 // Sums the payments of a year into the accounts of the payees and reasons that the filter selects; an account
 // that is not there yet is made. Accounts without payments and all additional data stay as they are.
 // Statements only, within the caller's transaction.

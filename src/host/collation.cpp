@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "host/ascii.h"
 #include "host/text.h"
 
 namespace cu {
@@ -18,9 +19,8 @@ constexpr std::array<std::uint8_t, 128> makeWeights() {
   weights[127] = next++;
   weights[' '] = next++;
   for (std::size_t c = '!'; c < 127; ++c) {
-    const bool digit = c >= '0' && c <= '9';
-    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-    if (!digit && !letter) weights[c] = next++;
+    const char each = static_cast<char>(c);
+    if (!isDigit(each) && !isLetter(each)) weights[c] = next++;
   }
   for (std::size_t c = '0'; c <= '9'; ++c) weights[c] = next++;
   for (std::size_t c = 'a'; c <= 'z'; ++c) {

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <chrono>
 
+#include "host/ascii.h"
+
 namespace cu {
 namespace {
 
@@ -22,7 +24,7 @@ std::optional<int> number(std::string_view digits) {
   if (digits.empty()) return std::nullopt;
   int value = 0;
   for (char c : digits) {
-    if (c < '0' || c > '9') return std::nullopt;
+    if (!isDigit(c)) return std::nullopt;
     value = value * 10 + (c - '0');
   }
   return value;

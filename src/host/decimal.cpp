@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "host/ascii.h"
 #include "host/error.h"
 
 namespace cu {
@@ -18,8 +19,6 @@ constexpr std::array<std::int64_t, 5> kStep = {10000, 1000, 100, 10, 1};
 std::uint64_t magnitude(std::int64_t value) {
   return value < 0 ? ~static_cast<std::uint64_t>(value) + 1 : static_cast<std::uint64_t>(value);
 }
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 }  // namespace
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/ascii.h"
 #include "host/collation.h"
 #include "host/error.h"
 #include "host/rowstore.h"
@@ -10,11 +11,7 @@
 namespace cu {
 namespace {
 
-bool isNameStart(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
-         static_cast<unsigned char>(c) >= 0x80;
-}
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isNameStart(char c) { return isLetter(c) || c == '_' || static_cast<unsigned char>(c) >= 0x80; }
 
 template <class T>
 int order(const T& a, const T& b) {

@@ -2,12 +2,11 @@
 
 #include <utility>
 
+#include "host/ascii.h"
 #include "host/text.h"
 
 namespace cu {
 namespace {
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Removes every occurrence.
 void drop(std::string& text, std::string_view what) {

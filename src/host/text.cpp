@@ -4,6 +4,8 @@
 #include <charconv>
 #include <limits>
 
+#include "host/ascii.h"
+
 namespace cu {
 namespace {
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
@@ -46,7 +48,7 @@ std::int64_t leadingInteger(std::string_view text) {
   if (!text.empty() && (text.front() == '-' || text.front() == '+')) text.remove_prefix(1);
   std::int64_t value = 0;
   for (char c : text) {
-    if (c < '0' || c > '9') break;
+    if (!isDigit(c)) break;
     if (value > (std::numeric_limits<std::int64_t>::max() - 9) / 10) break;
     value = value * 10 + (c - '0');
   }

@@ -19,7 +19,7 @@ constexpr double kPointsPerInch = 72;
 constexpr double kSmallest = 0.7;  // of a text that is made to fit, before it is cut
 constexpr double kLeading = 1.05;
 constexpr double kOneLine = 0.3;  // mm between base lines that are read as one
-constexpr char32_t kFirstLetter = 0x20;
+constexpr char32_t kFirstPrinted = 0x20;
 constexpr char32_t kDelete = 0x7F;
 constexpr QChar kEllipsis = QChar(0x2026);
 
@@ -93,7 +93,7 @@ const Canvas::Letter& Canvas::letter(Font& font, char32_t character) {
   const auto known = font.letters.find(character);
   if (known != font.letters.end()) return known->second;
   // A control character takes the room of a blank.
-  const char32_t shown = character < kFirstLetter || character == kDelete ? U' ' : character;
+  const char32_t shown = character < kFirstPrinted || character == kDelete ? U' ' : character;
   const QList<quint32> glyphs = font.raw.glyphIndexesForString(QString::fromUcs4(&shown, 1));
   const quint32 glyph = glyphs.isEmpty() ? 0 : glyphs.front();
   const QList<QPointF> advances = font.raw.advancesForGlyphIndexes({glyph}, QRawFont::UseDesignMetrics);

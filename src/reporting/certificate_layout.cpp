@@ -8,14 +8,14 @@
 namespace cu::reporting {
 namespace {
 
-constexpr double kMargin = 11;
-constexpr double kTop = 14;
-constexpr double kFooterRoom = 16;
-constexpr double kPoints = 7.2;
+constexpr double kCertificateMargin = 11;
+constexpr double kCertificateTop = 14;
+constexpr double kCertificateFooterRoom = 16;
+constexpr double kCertificatePoints = 7.2;
 constexpr double kRecipientLeft = 104;
 constexpr double kSignatureGap = 12;  // above the place and the date
-constexpr double kSigningRoom = 14;   // for the hand
-constexpr double kSignerGap = 1;
+constexpr double kHandRoom = 14;      // for the hand
+constexpr double kAboveSigner = 1;
 constexpr double kSignatureWidth = 78;
 const TextStyle kSignerStyle{7.5, false, kMuted};
 
@@ -28,7 +28,7 @@ class Certificate {
         first_(first),
         end_(end),
         pages_(pages),
-        width_(canvas.width() - 2 * kMargin) {}
+        width_(canvas.width() - 2 * kCertificateMargin) {}
 
   // Returns the pages it took.
   int draw() {
@@ -43,8 +43,9 @@ class Certificate {
     double y = letterhead();
     y = recipient(y);
     y = opening(y);
-    Table table(canvas_, input_.definition, input_.rows, 1, {kMargin, width_, canvas_.height() - kFooterRoom},
-                kPoints, [this] { return nextPage(); });
+    Table table(canvas_, input_.definition, input_.rows, 1,
+                {kCertificateMargin, width_, canvas_.height() - kCertificateFooterRoom}, kCertificatePoints,
+                [this] { return nextPage(); });
     nameSigners();
     y = table.run(first_, end_, y, fromUtf8(payee.total), signatureHeight());
     signature(y);
@@ -57,17 +58,18 @@ class Certificate {
     canvas_.beginPage();
     ++page_;
   }
-  void footer() { drawFooter(canvas_, kMargin, input_.company.name, page_, pages_); }
+  void footer() { drawFooter(canvas_, kCertificateMargin, input_.company.name, page_, pages_); }
 
   double nextPage() {
     footer();
     begin();
     const TextStyle title{9, true, kAccent};
     const TextStyle quiet{8, false, kMuted};
-    double y = kTop;
-    canvas_.text(kMargin, y + canvas_.ascent(title), width_, heading() + " (segue)", title);
+    double y = kCertificateTop;
+    canvas_.text(kCertificateMargin, y + canvas_.ascent(title), width_, heading() + " (segue)", title);
     y += canvas_.lineHeight(title);
-    y = canvas_.lines(kMargin, y, width_, canvas_.wrap(name_ + " - " + note_, quiet, width_), quiet);
+    y = canvas_.lines(kCertificateMargin, y, width_, canvas_.wrap(name_ + " - " + note_, quiet, width_),
+                      quiet);
     return y + 3;
   }
 
@@ -80,21 +82,21 @@ class Certificate {
     const Company& company = input_.company;
     const TextStyle name{13, true, kAccent};
     const TextStyle quiet{8, false, kMuted};
-    double y = kTop;
-    const double left = kMargin + 4;
+    double y = kCertificateTop;
+    const double left = kCertificateMargin + 4;
     const double room = width_ - 4;
     y = canvas_.lines(left, y, room, canvas_.wrap(company.name, name, room), name);
     for (const QString& line : {company.address, company.codes, company.contacts}) {
       if (!line.isEmpty()) y = canvas_.lines(left, y, room, canvas_.wrap(line, quiet, room), quiet);
     }
-    canvas_.fill({kMargin, kTop, 1.2, y - kTop}, kAccent);
-    return std::max(y, kTop + 17) + 11;
+    canvas_.fill({kCertificateMargin, kCertificateTop, 1.2, y - kCertificateTop}, kAccent);
+    return std::max(y, kCertificateTop + 17) + 11;
   }
 
   QString field(const char* name) const { return input_.rows.has(name) ? input_.rows.text(name) : QString(); }
 
   double recipient(double y) {
-    const double room = kMargin + width_ - kRecipientLeft;
+    const double room = kCertificateMargin + width_ - kRecipientLeft;
     const TextStyle label{7, false, kMuted};
     const TextStyle name{10.5, true, kInk};
     const TextStyle plain{9.5, false, kInk};
@@ -112,9 +114,9 @@ class Certificate {
   double opening(double y) {
     const TextStyle title{15, true, kInk};
     const TextStyle text{9.5, false, kInk};
-    y = canvas_.lines(kMargin, y, width_, canvas_.wrap(heading(), title, width_), title) + 3;
+    y = canvas_.lines(kCertificateMargin, y, width_, canvas_.wrap(heading(), title, width_), title) + 3;
     for (const QString& line : canvas_.wrap(introduction_, text, width_)) {
-      canvas_.text(kMargin, y + canvas_.ascent(text), width_, line, text);
+      canvas_.text(kCertificateMargin, y + canvas_.ascent(text), width_, line, text);
       y += canvas_.lineHeight(text) + 0.7;
     }
     return y + 5;
@@ -131,9 +133,9 @@ class Certificate {
   }
 
   double signatureHeight() {
-    double height = kSignatureGap + kSigningRoom;
+    double height = kSignatureGap + kHandRoom;
     for (const QStringList& signer : signers_)
-      height += kSignerGap + static_cast<double>(signer.size()) * canvas_.lineHeight(kSignerStyle);
+      height += kAboveSigner + static_cast<double>(signer.size()) * canvas_.lineHeight(kSignerStyle);
     return height;
   }
 
@@ -141,13 +143,14 @@ class Certificate {
     const TextStyle plain{9, false, kInk};
     y += kSignatureGap;
     const QString place = input_.company.town.isEmpty() ? QString() : input_.company.town + ", ";
-    canvas_.text(kMargin, y, width_ - kSignatureWidth - 6, place + writtenDate(input_.today), plain);
-    const double left = kMargin + width_ - kSignatureWidth;
+    canvas_.text(kCertificateMargin, y, width_ - kSignatureWidth - 6, place + writtenDate(input_.today),
+                 plain);
+    const double left = kCertificateMargin + width_ - kSignatureWidth;
     canvas_.text(left, y, kSignatureWidth, "Il sostituto d'imposta", plain, Align::Center);
-    y += kSigningRoom;
+    y += kHandRoom;
     canvas_.line(left, y, left + kSignatureWidth, y, kInk, 0.2);
     for (const QStringList& signer : signers_)
-      y = canvas_.lines(left, y + kSignerGap, kSignatureWidth, signer, kSignerStyle, Align::Center);
+      y = canvas_.lines(left, y + kAboveSigner, kSignatureWidth, signer, kSignerStyle, Align::Center);
   }
 
   Canvas& canvas_;

@@ -12,9 +12,9 @@
 namespace cu::reporting {
 namespace {
 
-constexpr double kMargin = 12;
-constexpr double kTop = 11;
-constexpr double kFooterRoom = 14;
+constexpr double kFormMargin = 12;
+constexpr double kFormTop = 11;
+constexpr double kFormFooterRoom = 14;
 constexpr double kSmallestSigner = 4;
 constexpr std::int64_t kAnnulment = 2;
 constexpr std::int64_t kReplacement = 3;
@@ -32,7 +32,7 @@ QString reference(const QString& text, qsizetype digits) {
 class Forms {
  public:
   Forms(Canvas& canvas, const LayoutInput& input)
-      : canvas_(canvas), input_(input), rows_(input.rows), width_(canvas.width() - 2 * kMargin) {}
+      : canvas_(canvas), input_(input), rows_(input.rows), width_(canvas.width() - 2 * kFormMargin) {}
 
   void certificate() {
     year_ = static_cast<std::int32_t>(rows_.get("Anno").integer());
@@ -62,13 +62,13 @@ class Forms {
     canvas_.beginPage();
     ++page_;
   }
-  void footer() { drawFooter(canvas_, kMargin, payee_ + " - " + code_, page_, pages_); }
+  void footer() { drawFooter(canvas_, kFormMargin, payee_ + " - " + code_, page_, pages_); }
 
   const FormGrid& grid(FormPart part, double y) {
     const auto key = std::make_pair(part, layoutYear(year_));
     const auto known = grids_.find(key);
     if (known != grids_.end()) return known->second;
-    return grids_.emplace(key, FormGrid(canvas_, input_.definition, part, year_, kMargin, width_, y))
+    return grids_.emplace(key, FormGrid(canvas_, input_.definition, part, year_, kFormMargin, width_, y))
         .first->second;
   }
 
@@ -103,20 +103,20 @@ class Forms {
     const TextStyle year{21, true, kPaper};
     const TextStyle quiet{7.6, false, kMuted};
     const TextStyle subtitle{9.6, true, kInk};
-    double y = kTop;
+    double y = kFormTop;
     constexpr double kYearWidth = 27;
     constexpr double kYearHeight = 11;
-    canvas_.text(kMargin, y + 8.4, width_ - kYearWidth - 4, "CERTIFICAZIONE UNICA", title);
-    canvas_.fill({kMargin + width_ - kYearWidth, y, kYearWidth, kYearHeight}, kAccent);
-    canvas_.text(kMargin + width_ - kYearWidth, y + 8.4, kYearWidth, QString::number(year_ + 1), year,
+    canvas_.text(kFormMargin, y + 8.4, width_ - kYearWidth - 4, "CERTIFICAZIONE UNICA", title);
+    canvas_.fill({kFormMargin + width_ - kYearWidth, y, kYearWidth, kYearHeight}, kAccent);
+    canvas_.text(kFormMargin + width_ - kYearWidth, y + 8.4, kYearWidth, QString::number(year_ + 1), year,
                  Align::Center);
     y += kYearHeight + 2;
     y = canvas_.lines(
-        kMargin, y, width_,
+        kFormMargin, y, width_,
         {"Redditi dell'anno " + QString::number(year_) + ": lavoro autonomo, provvigioni e redditi diversi"},
         subtitle);
     y = canvas_.lines(
-        kMargin, y + 0.5, width_,
+        kFormMargin, y + 0.5, width_,
         {"Certificazione di cui all'art. 4, commi 6-ter e 6-quater, del D.P.R. 22 luglio 1998, n. 322"},
         quiet);
     return y + 2.4;
@@ -130,11 +130,12 @@ class Forms {
     const double height = kBoxHeight;
     const double first = width_ * 0.3;
     const double second = width_ * 0.45;
-    if (!ordinary) canvas_.fill({kMargin, y, first, height}, kAlert);
-    canvas_.frame({kMargin, y, first, height}, ordinary ? kRule : kAlert, 0.2);
-    canvas_.lines(kMargin + 0.9, y + 0.5, first - 2, {"Comunicazione"},
+    if (!ordinary) canvas_.fill({kFormMargin, y, first, height}, kAlert);
+    canvas_.frame({kFormMargin, y, first, height}, ordinary ? kRule : kAlert, 0.2);
+    canvas_.lines(kFormMargin + 0.9, y + 0.5, first - 2, {"Comunicazione"},
                   {5.6, false, ordinary ? kMuted : kPaper});
-    canvas_.text(kMargin + 1.2, y + height - 2, first - 2.4, kind, {10.5, true, ordinary ? kInk : kPaper});
+    canvas_.text(kFormMargin + 1.2, y + height - 2, first - 2.4, kind,
+                 {10.5, true, ordinary ? kInk : kPaper});
     const QString protocol =
         ordinary ? QString() : reference(rows_.text("ProtocolloAnnSost"), kProtocolDigits);
     const QString progressive =
@@ -142,28 +143,28 @@ class Forms {
     const QString what = kind_ == kAnnulment     ? "annullata"
                          : kind_ == kReplacement ? "sostituita"
                                                  : "da annullare o sostituire";
-    plainBox({kMargin + first, y, second, height}, "Protocollo della certificazione " + what, protocol);
-    plainBox({kMargin + first + second, y, width_ - first - second, height}, "Progressivo", progressive);
+    plainBox({kFormMargin + first, y, second, height}, "Protocollo della certificazione " + what, protocol);
+    plainBox({kFormMargin + first + second, y, width_ - first - second, height}, "Progressivo", progressive);
     return y + height;
   }
 
   double intermediary(double y) {
-    y = drawBar(canvas_, kMargin, y, width_, "Impegno alla presentazione telematica");
+    y = drawBar(canvas_, kFormMargin, y, width_, "Impegno alla presentazione telematica");
     const double third = width_ / 3;
     const std::int64_t commitment = rows_.get("TipoComunicazione").integer();
     const QString prepared = commitment == 1   ? "1 - predisposta dal contribuente"
                              : commitment == 2 ? "2 - predisposta da chi effettua l'invio"
                                                : QString();
     const Date day = rows_.get("DataImpegno").date();
-    plainBox({kMargin, y, third, kBoxHeight}, "Codice fiscale dell'intermediario",
+    plainBox({kFormMargin, y, third, kBoxHeight}, "Codice fiscale dell'intermediario",
              upperCase(rows_.text("CodiceFiscaleIntermediario")));
-    plainBox({kMargin + third, y, third, kBoxHeight}, "Comunicazione", prepared);
-    plainBox({kMargin + 2 * third, y, third, kBoxHeight}, "Data dell'impegno", italianDate(day));
+    plainBox({kFormMargin + third, y, third, kBoxHeight}, "Comunicazione", prepared);
+    plainBox({kFormMargin + 2 * third, y, third, kBoxHeight}, "Data dell'impegno", italianDate(day));
     return y + kBoxHeight;
   }
 
   void signature(double y) {
-    y = drawBar(canvas_, kMargin, y, width_, "Data e firma");
+    y = drawBar(canvas_, kFormMargin, y, width_, "Data e firma");
     constexpr double kDateWidth = 42;
     constexpr double kLeast = 19;
     constexpr double kTextTop = 5.5;
@@ -174,7 +175,7 @@ class Forms {
     const QString signer = (rows_.text("NomeRapp") + ' ' + rows_.text("AnagraficaRapp")).trimmed();
     TextStyle name{8, true, kInk};
     TextStyle quiet{7, false, kMuted};
-    const double left = kMargin + kDateWidth;
+    const double left = kFormMargin + kDateWidth;
     const double width = width_ - kDateWidth;
     // Short names stand beside the line for the hand; long ones above it, whole, over all of the box.
     double room = width * 0.42 - 4;
@@ -183,7 +184,7 @@ class Forms {
     double height = kLeast;
     if (names.size() > 2 || signers.size() > 1) {
       room = width - 2.4;
-      const double most = canvas_.height() - kFooterRoom - y;
+      const double most = canvas_.height() - kFormFooterRoom - y;
       for (;;) {
         names = canvas_.wrap(company, name, room);
         signers = canvas_.wrap(signer, quiet, room);
@@ -197,7 +198,8 @@ class Forms {
       }
     }
     const Date chosen = rows_.get("Path3").date();
-    plainBox({kMargin, y, kDateWidth, height}, "Data", italianDate(chosen == Date() ? input_.today : chosen));
+    plainBox({kFormMargin, y, kDateWidth, height}, "Data",
+             italianDate(chosen == Date() ? input_.today : chosen));
     drawBox(canvas_, {left, y, width, height}, "Firma del sostituto d'imposta", kMuted);
     const double below = canvas_.lines(left + 1.2, y + kTextTop, room, names, name);
     canvas_.lines(left + 1.2, below + kSignerGap, room, signers, quiet);
@@ -207,24 +209,24 @@ class Forms {
 
   void amountsPage(std::size_t module, const auto& values) {
     begin();
-    double y = kTop;
+    double y = kFormTop;
     const TextStyle title{11, true, kAccent};
     const TextStyle quiet{6.8, false, kMuted};
     constexpr double kModuleWidth = 26;
-    canvas_.text(kMargin, y + 4.4, width_ - kModuleWidth - 4,
+    canvas_.text(kFormMargin, y + 4.4, width_ - kModuleWidth - 4,
                  "CERTIFICAZIONE UNICA " + QString::number(year_ + 1), title);
     canvas_.text(
-        kMargin, y + 8.4, width_ - kModuleWidth - 4,
+        kFormMargin, y + 8.4, width_ - kModuleWidth - 4,
         "Certificazione lavoro autonomo, provvigioni e redditi diversi - anno " + QString::number(year_),
         quiet);
-    const Box number{kMargin + width_ - kModuleWidth, y, kModuleWidth, kBoxHeight};
+    const Box number{kFormMargin + width_ - kModuleWidth, y, kModuleWidth, kBoxHeight};
     canvas_.frame(number, kAccent, 0.3);
     canvas_.lines(number.x + 0.9, number.y + 0.5, number.width - 2, {"Mod. N."}, {5.6, false, kMuted});
     drawBoxValue(canvas_, number, QString::number(static_cast<qulonglong>(module)), Align::Center, true);
     y += kBoxHeight + 1.4;
     const double codeWidth = 50;
-    plainBox({kMargin, y, codeWidth, kBoxHeight}, "Codice fiscale del percipiente", code_);
-    plainBox({kMargin + codeWidth, y, width_ - codeWidth, kBoxHeight}, "Cognome e nome o denominazione",
+    plainBox({kFormMargin, y, codeWidth, kBoxHeight}, "Codice fiscale del percipiente", code_);
+    plainBox({kFormMargin + codeWidth, y, width_ - codeWidth, kBoxHeight}, "Cognome e nome o denominazione",
              payee_);
     y += kBoxHeight - 0.4;
     const FormGrid& boxes = grid(FormPart::Amounts, y);

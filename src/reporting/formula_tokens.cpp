@@ -6,7 +6,7 @@
 namespace cu::reporting {
 namespace {
 
-constexpr char32_t kReplacement = 0xFFFD;
+constexpr char32_t kReplacementCharacter = 0xFFFD;
 constexpr std::size_t kLongestNumber = 18;  // digits
 
 bool isBlank(char32_t c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
@@ -14,7 +14,7 @@ bool isDigit(char32_t c) { return c >= '0' && c <= '9'; }
 bool isLetter(char32_t c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; }
 
 // U+FFFD stands for a byte that begins no character; one that was written as such has three bytes.
-bool isBroken(char32_t c, std::size_t length) { return c == kReplacement && length == 1; }
+bool isBroken(char32_t c, std::size_t length) { return c == kReplacementCharacter && length == 1; }
 
 class Splitter {
  public:

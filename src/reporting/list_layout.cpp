@@ -8,33 +8,33 @@
 namespace cu::reporting {
 namespace {
 
-constexpr double kMargin = 11;
-constexpr double kTop = 10;
-constexpr double kFooterRoom = 14;
-constexpr double kPoints = 7.2;
+constexpr double kListMargin = 11;
+constexpr double kListTop = 10;
+constexpr double kListFooterRoom = 14;
+constexpr double kListPoints = 7.2;
 
 // The head of a page; returns the y below.
 double pageHead(Canvas& canvas, const LayoutInput& input) {
-  const double width = canvas.width() - 2 * kMargin;
+  const double width = canvas.width() - 2 * kListMargin;
   const TextStyle title{14, true, kAccent};
   const TextStyle name{9.5, true, kInk};
   const TextStyle quiet{7.2, false, kMuted};
   const double half = width * 0.55;
   const double left = width - half - 4;
-  double y = kTop;
-  y = canvas.lines(kMargin, y, left, canvas.wrap(fromUtf8(input.definition.title), title, left), title);
-  canvas.text(kMargin, y + canvas.ascent(quiet), left, "Stampa del " + italianDate(input.today), quiet);
-  double right = kTop;
-  right = canvas.lines(kMargin + width - half, right, half, canvas.wrap(input.company.name, name, half), name,
-                       Align::Right);
-  right = canvas.lines(kMargin + width - half, right, half, {input.company.address, input.company.codes},
+  double y = kListTop;
+  y = canvas.lines(kListMargin, y, left, canvas.wrap(fromUtf8(input.definition.title), title, left), title);
+  canvas.text(kListMargin, y + canvas.ascent(quiet), left, "Stampa del " + italianDate(input.today), quiet);
+  double right = kListTop;
+  right = canvas.lines(kListMargin + width - half, right, half, canvas.wrap(input.company.name, name, half),
+                       name, Align::Right);
+  right = canvas.lines(kListMargin + width - half, right, half, {input.company.address, input.company.codes},
                        quiet, Align::Right);
   return std::max(y + canvas.lineHeight(quiet), right) + 3;
 }
 
 int drawPages(Canvas& canvas, const LayoutInput& input, int pages) {
-  const double bottom = canvas.height() - kFooterRoom;
-  const auto endPage = [&] { drawFooter(canvas, kMargin, input.company.name, canvas.pages(), pages); };
+  const double bottom = canvas.height() - kListFooterRoom;
+  const auto endPage = [&] { drawFooter(canvas, kListMargin, input.company.name, canvas.pages(), pages); };
   const auto newPage = [&] {
     endPage();
     canvas.beginPage();
@@ -42,8 +42,8 @@ int drawPages(Canvas& canvas, const LayoutInput& input, int pages) {
   };
   canvas.beginPage();
   const double y = pageHead(canvas, input);
-  Table table(canvas, input.definition, input.rows, 0, {kMargin, canvas.width() - 2 * kMargin, bottom},
-              kPoints, newPage);
+  Table table(canvas, input.definition, input.rows, 0,
+              {kListMargin, canvas.width() - 2 * kListMargin, bottom}, kListPoints, newPage);
   table.run(0, input.rows.size(), y, fromUtf8(input.definition.grandTotal));
   endPage();
   return canvas.pages();
@@ -74,10 +74,10 @@ void drawFooter(Canvas& canvas, double margin, const QString& left, int page, in
 
 void drawNothing(Canvas& canvas, const LayoutInput& input) {
   canvas.beginPage();
-  const double width = canvas.width() - 2 * kMargin;
-  canvas.text(kMargin, 24, width, fromUtf8(input.definition.title), {14, true, kAccent});
-  canvas.text(kMargin, 34, width, "Nessun elemento da stampare.", {10, false, kInk});
-  drawFooter(canvas, kMargin, input.company.name, 1, 1);
+  const double width = canvas.width() - 2 * kListMargin;
+  canvas.text(kListMargin, 24, width, fromUtf8(input.definition.title), {14, true, kAccent});
+  canvas.text(kListMargin, 34, width, "Nessun elemento da stampare.", {10, false, kInk});
+  drawFooter(canvas, kListMargin, input.company.name, 1, 1);
 }
 
 void drawList(Canvas& canvas, const LayoutInput& input) {

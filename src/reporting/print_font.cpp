@@ -19,8 +19,8 @@ constexpr const char* kTables[] = {"OS/2", "glyf", "head", "hhea", "hmtx", "loca
 
 // Letters from the blank to the letter-like symbols: Latin with all its accents, Greek, Cyrillic,
 // punctuation, currencies.
-constexpr char16_t kFirstLetter = 0x20;
-constexpr char16_t kLastLetter = 0x214F;
+constexpr char16_t kFirstMapped = 0x20;
+constexpr char16_t kLastMapped = 0x214F;
 
 void append16(QByteArray& table, quint32 value) {
   const quint16 big = qToBigEndian(static_cast<quint16>(value));
@@ -33,7 +33,7 @@ void append32(QByteArray& table, quint32 value) {
 
 // One subtable of format 6, in which a letter is found at once.
 QByteArray letterTable(const QRawFont& font) {
-  constexpr quint32 kCount = kLastLetter - kFirstLetter + 1;
+  constexpr quint32 kCount = kLastMapped - kFirstMapped + 1;
   QByteArray table;
   append16(table, 0);  // version
   append16(table, 1);  // subtables
@@ -43,9 +43,9 @@ QByteArray letterTable(const QRawFont& font) {
   append16(table, 6);
   append16(table, 10 + 2 * kCount);
   append16(table, 0);
-  append16(table, kFirstLetter);
+  append16(table, kFirstMapped);
   append16(table, kCount);
-  for (char16_t letter = kFirstLetter; letter <= kLastLetter; ++letter) {
+  for (char16_t letter = kFirstMapped; letter <= kLastMapped; ++letter) {
     const QList<quint32> glyphs = font.glyphIndexesForString(QString(QChar(letter)));
     append16(table, glyphs.isEmpty() ? 0 : glyphs.front());
   }

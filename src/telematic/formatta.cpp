@@ -6,12 +6,12 @@
 #include <cstring>
 #include <system_error>
 
+#include "host/ascii.h"
+
 namespace cu::telematico {
 namespace {
 
-bool cifra(char c) { return c >= '0' && c <= '9'; }
-
-bool soloCifre(std::string_view testo) { return std::all_of(testo.begin(), testo.end(), cifra); }
+bool soloCifre(std::string_view testo) { return std::all_of(testo.begin(), testo.end(), isDigit); }
 
 void aDestra(std::string_view testo, char riempimento, char* out, std::size_t width) {
   const std::size_t n = std::min(testo.size(), width);
@@ -93,7 +93,7 @@ bool numerico(std::string_view testo) {
   std::string conPunto(testo);
   if (conPunto.find('.') != std::string::npos) return false;
   std::replace(conPunto.begin(), conPunto.end(), ',', '.');
-  if (!cifra(conPunto.front()) && conPunto.front() != '.') return false;
+  if (!isDigit(conPunto.front()) && conPunto.front() != '.') return false;
   double numero = 0;
   const char* const end = conPunto.data() + conPunto.size();
   const auto letto = std::from_chars(conPunto.data(), end, numero);

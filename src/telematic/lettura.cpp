@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <span>
 
+#include "host/ascii.h"
 #include "host/text.h"
 #include "telematic/catalogo.h"
 #include "telematic/celle.h"
@@ -28,8 +29,7 @@ std::string_view campo(std::string_view linea, const CampoRecord& riga) {
 std::int32_t annoDellaFornitura(std::string_view rigaA) {
   const std::string_view codice = campo(rigaA, posto(kTipoA, "Codice fornitura"));
   const std::string_view cifre = codice.substr(3);
-  const bool leggibile = codice.starts_with("CUR") &&
-                         std::all_of(cifre.begin(), cifre.end(), [](char c) { return c >= '0' && c <= '9'; });
+  const bool leggibile = codice.starts_with("CUR") && std::all_of(cifre.begin(), cifre.end(), isDigit);
   return leggibile ? static_cast<std::int32_t>(2000 + leadingInteger(cifre) - 1) : 0;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/ascii.h"
 #include "host/text.h"
 
 namespace cu {
@@ -10,7 +11,7 @@ namespace {
 constexpr std::size_t kCifreAnno = 4;
 
 std::optional<int> anno(std::string_view testo) {
-  const bool cifre = std::all_of(testo.begin(), testo.end(), [](char c) { return c >= '0' && c <= '9'; });
+  const bool cifre = std::all_of(testo.begin(), testo.end(), isDigit);
   if (testo.size() != kCifreAnno || !cifre) return {};
   return static_cast<int>(leadingInteger(testo));
 }

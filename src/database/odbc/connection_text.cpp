@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/ascii.h"
 #include "host/error.h"
 #include "host/text.h"
 
@@ -49,8 +50,7 @@ std::string takeValue(std::string_view& text) {
 // Only where it must be: not every driver reads braces alike.
 std::string written(const std::string& value) {
   const bool plain = std::all_of(value.begin(), value.end(), [](char c) {
-    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-    return letter || (c >= '0' && c <= '9') || contains("-_.,:/\\", std::string_view(&c, 1)) ||
+    return isLetter(c) || isDigit(c) || contains("-_.,:/\\", std::string_view(&c, 1)) ||
            static_cast<unsigned char>(c) >= 0x80;
   });
   if (plain) return value;

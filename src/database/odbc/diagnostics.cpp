@@ -6,6 +6,7 @@
 
 #include "database/odbc/wide.h"
 #include "database/odbc/without_values.h"
+#include "host/ascii.h"
 #include "host/text.h"
 
 namespace cu::odbc {
@@ -239,13 +240,8 @@ std::string kindOf(std::string_view statement) {
   std::string word;
   for (std::size_t i = start; i < statement.size(); ++i) {
     const char c = statement[i];
-    if (c >= 'a' && c <= 'z') {
-      word += static_cast<char>(c - 'a' + 'A');
-    } else if (c >= 'A' && c <= 'Z') {
-      word += c;
-    } else {
-      break;
-    }
+    if (!isLetter(c)) break;
+    word += upperAscii(c);
   }
   return word.empty() ? "SQL" : word;
 }

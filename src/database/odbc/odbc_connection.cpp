@@ -13,6 +13,7 @@
 #include "database/odbc/utf8_locale.h"
 #include "database/odbc/watchdog.h"
 #include "database/odbc/wide.h"
+#include "host/ascii.h"
 #include "host/error.h"
 #include "host/text.h"
 
@@ -66,9 +67,8 @@ void refuseNull(std::string_view statement) {
 // "name", "[name]", "dbo.name", "[dbo].[name]".
 bool isTableName(std::string_view text) {
   const bool named = std::ranges::all_of(text, [](char c) {
-    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '#' || c == '@';
-    return letter || (c >= '0' && c <= '9') || c == '.' || c == '[' || c == ']' || c == '$' ||
-           static_cast<unsigned char>(c) >= 0x80;
+    return isLetter(c) || isDigit(c) || c == '_' || c == '#' || c == '@' || c == '.' || c == '[' ||
+           c == ']' || c == '$' || static_cast<unsigned char>(c) >= 0x80;
   });
   return !text.empty() && named;
 }

@@ -4,14 +4,13 @@
 #include <cstddef>
 #include <vector>
 
+#include "host/ascii.h"
+
 namespace cu::odbc {
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 bool isPartOfWord(char c) {
-  return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
-         static_cast<unsigned char>(c) >= 0x80;
+  return isDigit(c) || isLetter(c) || c == '_' || static_cast<unsigned char>(c) >= 0x80;
 }
 
 // The text literal whose quote stands at `at`, which is moved behind it.

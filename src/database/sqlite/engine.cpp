@@ -6,6 +6,7 @@
 #include "database/sqlite/errors.h"
 #include "database/sqlite/parser.h"
 #include "database/sqlite/row_reader.h"
+#include "host/ascii.h"
 #include "host/text.h"
 
 namespace cu::sqlite {
@@ -25,12 +26,7 @@ std::string plainTable(const std::vector<Token>& tokens) {
 }
 
 std::string firstWord(const std::vector<Token>& tokens) {
-  std::string word;
-  if (tokens.front().kind == TokenKind::Word) {
-    for (const char c : tokens.front().text)
-      word += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  }
-  return word;
+  return tokens.front().kind == TokenKind::Word ? upperAscii(tokens.front().text) : std::string();
 }
 
 // The engine has prepared a statement anew because another program has changed the tables.

@@ -42,4 +42,10 @@ inline std::string_view columnText(sqlite3_stmt* statement, int column) {
           static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
 }
 
+inline std::string_view valueText(sqlite3_value* value) {
+  const unsigned char* text = sqlite3_value_text(value);
+  if (text == nullptr) return {};
+  return {reinterpret_cast<const char*>(text), static_cast<std::size_t>(sqlite3_value_bytes(value))};
+}
+
 }  // namespace cu::sqlite

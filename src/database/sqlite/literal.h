@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "host/ascii.h"
+
 namespace cu::sqlite {
 
 // A constant of a statement. A text holds what stands between the quotes, inner quotes still doubled.
@@ -29,11 +31,9 @@ LiteralSpan scanNumber(std::string_view text);
 // The text with inner quotes single.
 std::string plainText(const Literal& literal);
 
-constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 // Bytes beyond ASCII belong to words.
 constexpr bool isWordStart(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '@' || c == '#' ||
-         static_cast<unsigned char>(c) >= 0x80;
+  return isLetter(c) || c == '_' || c == '@' || c == '#' || static_cast<unsigned char>(c) >= 0x80;
 }
 constexpr bool isWordPart(char c) { return isWordStart(c) || isDigit(c) || c == '$'; }
 

@@ -6,6 +6,7 @@
 
 #include "database/sqlite/amount.h"
 #include "database/sqlite/errors.h"
+#include "database/sqlite/handle.h"
 #include "database/sqlite/letter_case.h"
 #include "database/sqlite/like.h"
 #include "host/collation.h"
@@ -13,12 +14,6 @@
 
 namespace cu::sqlite {
 namespace {
-
-std::string_view textOf(sqlite3_value* value) {
-  const unsigned char* text = sqlite3_value_text(value);
-  if (text == nullptr) return {};
-  return {reinterpret_cast<const char*>(text), static_cast<std::size_t>(sqlite3_value_bytes(value))};
-}
 
 bool isNull(sqlite3_value* value) { return sqlite3_value_type(value) == SQLITE_NULL; }
 
@@ -59,11 +54,11 @@ void guarded(sqlite3_context* context, Body body) {
 }
 
 void upperFunction(sqlite3_context* context, int, sqlite3_value** args) {
-  if (!isNull(args[0])) guarded(context, [&] { answer(context, upperCase(textOf(args[0]))); });
+  if (!isNull(args[0])) guarded(context, [&] { answer(context, upperCase(valueText(args[0]))); });
 }
 
 void lowerFunction(sqlite3_context* context, int, sqlite3_value** args) {
-  if (!isNull(args[0])) guarded(context, [&] { answer(context, lowerCase(textOf(args[0]))); });
+  if (!isNull(args[0])) guarded(context, [&] { answer(context, lowerCase(valueText(args[0]))); });
 }
 
 // A calculated amount at its four places.
@@ -128,15 +123,15 @@ void likeFunction(sqlite3_context* context, int count, sqlite3_value** args) {
     if (isNull(args[i])) return;
   }
   guarded(context, [&] {
-    const std::string_view escape = count == 3 ? textOf(args[2]) : std::string_view();
-    sqlite3_result_int(context, like(textOf(args[0]), textOf(args[1]), escape) ? 1 : 0);
+    const std::string_view escape = count == 3 ? valueText(args[2]) : std::string_view();
+    sqlite3_result_int(context, like(valueText(args[0]), valueText(args[1]), escape) ? 1 : 0);
   });
 }
 
 // "[dbo].[name]" -> "name"
 void objectFunction(sqlite3_context* context, int, sqlite3_value** args) {
   if (isNull(args[0])) return;
-  guarded(context, [&] { answer(context, objectOf(textOf(args[0]))); });
+  guarded(context, [&] { answer(context, objectOf(valueText(args[0]))); });
 }
 
 struct Sum {

@@ -2,6 +2,7 @@
 
 #include "database/sqlite/parser_state.h"
 #include "database/sqlite/sql_error.h"
+#include "host/ascii.h"
 
 namespace cu::sqlite {
 namespace {
@@ -255,7 +256,7 @@ ExprPtr Parser::call(const Token& name) {
   const Nesting nesting(*this);
   ExprPtr result = node(ExprKind::Call);
   result->position = name.position;
-  for (const char c : name.text) result->name += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+  result->name = upperAscii(name.text);
   expect("(");
   if (accept("*")) {
     result->star = true;

@@ -1,19 +1,8 @@
 #include "database/sqlite/parser_state.h"
 #include "database/sqlite/sql_error.h"
-#include "host/text.h"
+#include "host/ascii.h"
 
 namespace cu::sqlite {
-namespace {
-
-std::string upperCase(std::string_view text) {
-  std::string result(text);
-  for (char& c : result) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return result;
-}
-
-}  // namespace
 
 std::vector<StatementPtr> Parser::statements() {
   std::vector<StatementPtr> result;
@@ -29,7 +18,7 @@ StatementPtr Parser::statement() {
   const Nesting nesting(*this);
   auto result = std::make_unique<Statement>();
   result->position = peek().position;
-  if (peek().kind == TokenKind::Word) result->kind = upperCase(peek().text);
+  if (peek().kind == TokenKind::Word) result->kind = upperAscii(peek().text);
   body(*result);
   return result;
 }
@@ -63,7 +52,7 @@ void Parser::body(Statement& statement) {
   } else if (accept("SET")) {
     set();
   } else if (peek().kind == TokenKind::Word) {
-    refuse(upperCase(peek().text));
+    refuse(upperAscii(peek().text));
   } else {
     unexpected();
   }
@@ -74,7 +63,7 @@ void Parser::begin(Statement& statement) {
     statement.body = transaction(TransactionVerb::Begin);
     return;
   }
-  if (at("TRY") || at("CATCH") || at("DISTRIBUTED")) refuse("BEGIN " + upperCase(peek().text));
+  if (at("TRY") || at("CATCH") || at("DISTRIBUTED")) refuse("BEGIN " + upperAscii(peek().text));
   BlockStatement block;
   for (;;) {
     while (accept(";")) {
@@ -112,7 +101,7 @@ void Parser::set() {
     expect("ON");
     return;
   }
-  refuse("SET " + upperCase(peek().text));
+  refuse("SET " + upperAscii(peek().text));
 }
 
 ExecStatement Parser::exec() {

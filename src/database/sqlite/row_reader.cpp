@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include "database/sqlite/amount.h"
+#include "database/sqlite/handle.h"
 
 namespace cu::sqlite {
 namespace {
@@ -24,12 +25,6 @@ ValueType typeOf(ValueKind kind) {
       return ValueType::Null;
   }
   return ValueType::Null;
-}
-
-std::string_view textOf(sqlite3_value* value) {
-  const unsigned char* const text = sqlite3_value_text(value);
-  if (text == nullptr) return {};
-  return {reinterpret_cast<const char*>(text), static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 void readText(std::string_view text, ValueKind kind, RowStore& rows) {
@@ -73,7 +68,7 @@ void readRow(sqlite3_stmt* statement, const std::vector<ValueKind>& kinds, RowSt
         rows.decimal(amountOf(sqlite3_value_double(value)));
         break;
       default:
-        readText(textOf(value), kind, rows);
+        readText(valueText(value), kind, rows);
         break;
     }
     ++column;

@@ -3,11 +3,10 @@
 #include <array>
 
 #include "database/sqlite/sql_error.h"
+#include "host/ascii.h"
 
 namespace cu::sqlite {
 namespace {
-
-constexpr char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
@@ -121,10 +120,10 @@ class Scanner {
   }
 
   Token symbol() {
-    static constexpr std::array<std::string_view, 7> kPairs = {"<>", "<=", ">=", "!=", "!<", "!>", "||"};
+    static constexpr std::array<std::string_view, 7> kOperators = {"<>", "<=", ">=", "!=", "!<", "!>", "||"};
     static constexpr std::string_view kSingle = "=<>+-*/%(),.;";
     std::size_t length = 0;
-    for (std::string_view pair : kPairs) {
+    for (std::string_view pair : kOperators) {
       if (startsWith(pair) && (pair != "||" || dialect_ == Dialect::Stored)) length = 2;
     }
     if (length == 0 && kSingle.find(text_[at_]) != std::string_view::npos) length = 1;
@@ -145,7 +144,7 @@ class Scanner {
 bool Token::isWord(std::string_view upperCase) const {
   if (kind != TokenKind::Word || text.size() != upperCase.size()) return false;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if (upper(text[i]) != upperCase[i]) return false;
+    if (upperAscii(text[i]) != upperCase[i]) return false;
   }
   return true;
 }

@@ -2,20 +2,10 @@
 
 #include "database/sqlite/sql_error.h"
 #include "database/sqlite/writer.h"
+#include "host/ascii.h"
 #include "host/text.h"
 
 namespace cu::sqlite {
-namespace {
-
-std::string upperAscii(std::string_view text) {
-  std::string result(text);
-  for (char& c : result) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return result;
-}
-
-}  // namespace
 
 void Writer::function(std::string_view name, const Expr& call, std::size_t arguments) {
   text(name).text("(");
