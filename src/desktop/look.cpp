@@ -125,6 +125,7 @@ bool dark() {
 }
 
 QColor bandColor() { return dark() ? QColor(0x17, 0x2C, 0x3F) : QColor(0x17, 0x45, 0x6B); }
+QColor warningInk() { return dark() ? QColor(0xFF, 0x9B, 0x8F) : QColor(0xB3, 0x26, 0x1E); }
 QColor bandInk() { return {0xF2, 0xF6, 0xFA}; }
 
 }  // namespace cu::desktop::look

@@ -15,5 +15,6 @@ void apply(QApplication& application, Colours colours);
 bool dark();
 QColor bandColor();
 QColor bandInk();
+QColor warningInk();  // of words that report something wrong, on the ground of a window or of a box
 
 }  // namespace cu::desktop::look

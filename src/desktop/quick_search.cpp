@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 
 #include "desktop/grid_view.h"
+#include "desktop/look.h"
 
 namespace cu::desktop {
 namespace {
@@ -32,7 +33,7 @@ void QuickSearch::search(bool following) {
   const QString wanted = text().trimmed();
   if (wanted.isEmpty()) return;
   QPalette colours;
-  if (!grid_.search(wanted, following)) colours.setColor(QPalette::Text, QColor(0xC0, 0x30, 0x30));
+  if (!grid_.search(wanted, following)) colours.setColor(QPalette::Text, look::warningInk());
   setPalette(colours);
 }
 

@@ -3,16 +3,19 @@
 #include <QAction>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QToolButton>
 #include <functional>
 
 #include "desktop/form_window.h"
+#include "desktop/look.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/search_list.h"
 #include "desktop/text.h"
 #include "desktop/whole_text.h"
 #include "host/form.h"
+#include "host/text.h"
 
 namespace cu::desktop {
 namespace {
@@ -37,6 +40,13 @@ class SearchedLine : public QLineEdit {
     }
   }
 };
+
+// What is wrong with a choice that is no row of the table.
+QString noteOn(const Selector& selector) {
+  if (selector.record() != 0) return {};
+  if (!trim(selector.code()).empty()) return QStringLiteral("Codice inesistente");
+  return trim(selector.description()).empty() ? QString() : QStringLiteral("Manca il codice");
+}
 
 QToolButton* searchButton(QWidget* parent) {
   auto* button = new QToolButton(parent);
@@ -77,6 +87,7 @@ SelectorView::SelectorView(FormWindow& window, Selector& selector, QWidget* pare
       selector_(selector),
       code_(new QLineEdit),
       description_(new QLineEdit),
+      note_(new QLabel),
       opener_(searchButton(nullptr)) {
   auto* around = new QWidget(parent);
   auto* row = new QHBoxLayout(around);
@@ -84,12 +95,18 @@ SelectorView::SelectorView(FormWindow& window, Selector& selector, QWidget* pare
   row->setSpacing(3);
   row->addWidget(code_);
   row->addWidget(description_, 1);
+  row->addWidget(note_);
   row->addWidget(opener_);
+  QPalette colours = note_->palette();
+  colours.setColor(QPalette::WindowText, look::warningInk());
+  note_->setPalette(colours);
   code_->setFixedWidth(code_->fontMetrics().horizontalAdvance(QStringLiteral("0000000000")) + 18);
   setWidget(around);
   opener_->setVisible(selector.binding().search);
   for (QLineEdit* line : {code_, description_}) {
     QObject::connect(line, &QLineEdit::editingFinished, line, [this] { commit(); });
+    // It was about what stood there before.
+    QObject::connect(line, &QLineEdit::textEdited, line, [this] { showNote({}); });
     openBy(line, [this, line] { openSearch(line->isModified() ? line->text() : QString()); });
   }
   QObject::connect(opener_, &QToolButton::clicked, opener_, [this] { openSearch({}); });
@@ -132,9 +149,18 @@ void SelectorView::refresh() {
   };
   show(*code_, selector_.code());
   show(*description_, selector_.description());
+  const bool typing = code_->isModified() || description_->isModified();
+  showNote(typing ? QString() : noteOn(selector_));
   // A long description can be read whole where the box is too short for it.
   description_->setToolTip(shown(selector_.description()));
   opener_->setVisible(selector_.binding().search);
+}
+
+void SelectorView::showNote(const QString& note) {
+  note_->setText(note);
+  note_->setAccessibleName(note);
+  note_->setVisible(!note.isEmpty());
+  code_->setAccessibleDescription(note);
 }
 
 void SelectorView::openSearch(const QString& typed) {

@@ -11,7 +11,7 @@ namespace cu::desktop {
 
 // A code box, a description box, and the search list. What is typed into either is handed over when the
 // person leaves it or presses Enter: a code that the table has chooses its row, anything else stands as it
-// was typed.
+// was typed, with a note beside it.
 class SelectorView : public View {
  public:
   SelectorView(FormWindow& window, Selector& selector, QWidget* parent);
@@ -20,13 +20,16 @@ class SelectorView : public View {
   void commit() override;
   QLineEdit* codeBox() const { return code_; }
   QLineEdit* descriptionBox() const { return description_; }
+  QLabel* note() const { return note_; }
   void openSearch(const QString& typed);
 
  private:
   void refresh() override;
+  void showNote(const QString& note);
   Selector& selector_;
   QLineEdit* code_;
   QLineEdit* description_;
+  QLabel* note_;
   QToolButton* opener_;
 };
 

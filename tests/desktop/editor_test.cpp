@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
@@ -234,6 +235,28 @@ TEST(SelectorWindow, ACodeIsLookedUpWhenItIsLeftAndAnUnknownOneStands) {
   EXPECT_EQ(screen.form().KrnCDPerc0.code(), "ZZZ");
   EXPECT_EQ(screen.form().KrnCDPerc0.description(), "");
   EXPECT_EQ(disagreements(screen.window()), "");
+}
+
+TEST(SelectorWindow, ACodeThatNoRowHasIsNotedBesideItsBox) {
+  Screen screen;
+  const auto& view = static_cast<desktop::SelectorView&>(*screen.window().view(screen.form().KrnCDPerc0));
+  const auto note = [&] { return view.note()->isVisible() ? view.note()->text() : QString(); };
+  EXPECT_EQ(note(), QString());
+  screen.type("KrnCDPerc(0)", "ZZZ");
+  EXPECT_EQ(note(), QString()) << "not while it is typed";
+  screen.key(Qt::Key_Tab);
+  EXPECT_EQ(note(), QStringLiteral("Codice inesistente"));
+  EXPECT_EQ(view.codeBox()->accessibleDescription(), note());
+  screen.type("KrnCDPerc(0)", "P003");
+  EXPECT_EQ(note(), QString()) << "it was about the code before";
+  screen.key(Qt::Key_Tab);
+  EXPECT_EQ(note(), QString());
+  screen.type("KrnCDPerc(0)", "");
+  screen.key(Qt::Key_Tab);
+  EXPECT_EQ(note(), QString());
+  typeText(*view.descriptionBox(), QStringLiteral("Rossi"));
+  screen.find<QWidget>("KRNCboEsCont(0)")->setFocus();
+  EXPECT_EQ(note(), QStringLiteral("Manca il codice"));
 }
 
 TEST(SelectorWindow, TheSearchListIsNarrowedByTypingAndGivenUpWithEsc) {
