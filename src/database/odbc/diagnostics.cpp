@@ -36,6 +36,12 @@ constexpr const char* kTooLong = "Un testo è più lungo della colonna che lo ri
 constexpr const char* kUnreachable =
     "Il server del database non si può raggiungere. Verificare l'indirizzo nel profilo e la rete.";
 
+constexpr const char* kNotEncrypted =
+    "Il server del database non ha stabilito una connessione cifrata. Verificare che all'indirizzo del "
+    "profilo "
+    "risponda SQL Server e che offra la cifratura (TLS) con un certificato valido. Solo in una rete fidata "
+    "se "
+    "ne può fare a meno, con encrypt = false nel profilo o con --no-encrypt.";
 constexpr const char* kNoDatabase = "Il database indicato non esiste sul server, o l'utente non può aprirlo.";
 
 constexpr Known kServerNumbers[] = {
@@ -113,36 +119,87 @@ bool isDrop(const Diagnostic& diagnostic) {
   return std::ranges::find(kDropped, diagnostic.state) != std::end(kDropped);
 }
 
-// "[unixODBC][FreeTDS][SQL Server]Login failed" -> "Login failed"; on one line.
-std::string bare(std::string message) {
-  while (!message.empty() && message.front() == '[') {
-    const std::size_t end = message.find(']');
-    if (end == std::string::npos) break;
-    message.erase(0, end + 1);
-  }
-  std::replace_if(
-      message.begin(), message.end(), [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
-  return std::string(trim(message));
+// FreeTDS numbers what it says itself as the library of old did.
+bool isNumberOfFreeTds(int number) {
+  return (number >= 20000 && number < 21000) || (number >= 2400 && number <= 2404) || number == 2500;
+}
+
+// The names before the words: "[unixODBC][FreeTDS][SQL Server]Login failed". The third is the data source's,
+// which FreeTDS writes before its own words too. A driver that writes none is known by the state.
+bool isOfServer(const std::string& state, int native, const std::vector<std::string>& names) {
+  if (native == 0) return false;
+  if (names.empty()) return !state.starts_with("08") && !state.starts_with("HY") && !state.starts_with("IM");
+  if (std::ranges::find(names, "FreeTDS") != names.end()) return !isNumberOfFreeTds(native);
+  const auto own = static_cast<std::size_t>(names.front() == "unixODBC" ? 1 : 0);
+  return names.size() - own >= 3;
 }
 
 const Known* known(const Diagnostic& diagnostic) {
+  if (!diagnostic.ofServer) return nullptr;
   const auto* const found = std::ranges::find(kServerNumbers, diagnostic.native, &Known::number);
   return found == std::end(kServerNumbers) ? nullptr : found;
 }
 
-// The server's own words count before those of the driver, and an error before a remark.
+bool isRemark(const Diagnostic& diagnostic) { return diagnostic.state.starts_with("01"); }
+
+// The one whose number or state says what happened: the server's own words count before those of the driver,
+// and an error before a remark.
 const Diagnostic& worst(const std::vector<Diagnostic>& diagnostics) {
   for (const Diagnostic& each : diagnostics) {
     if (known(each) != nullptr) return each;
   }
   for (const Diagnostic& each : diagnostics) {
-    if (!each.state.starts_with("01")) return each;
+    if (each.ofServer && !isRemark(each)) return each;
   }
-  return diagnostics.front();
+  const auto error = std::ranges::find_if_not(diagnostics, isRemark);
+  return error == diagnostics.end() ? diagnostics.front() : *error;
 }
 
-std::string sayingOfServer(const Diagnostic& diagnostic, std::string_view statement) {
-  std::string text = " Messaggio del server";
+// The one whose words are worth reading: a driver writes a general phrase beside the reason, which has a
+// number.
+const Diagnostic& mostTelling(const std::vector<Diagnostic>& diagnostics) {
+  const Diagnostic& decisive = worst(diagnostics);
+  if (decisive.ofServer || decisive.native != 0) return decisive;
+  for (const Diagnostic& each : diagnostics) {
+    if (!each.ofServer && each.native != 0) return each;
+  }
+  return decisive;
+}
+
+// The names of hosts and files are words too, and none of these.
+bool speaksOfEncryption(const std::string& message) {
+  std::string word;
+  for (const char c : lowerAscii(message) + ' ') {
+    if ((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '.' || c == '-' || c == '_') {
+      word += c;
+      continue;
+    }
+    while (!word.empty() && word.back() == '.') word.pop_back();
+    if (word == "ssl" || word == "tls" || word.starts_with("encrypt") || word.starts_with("certificate")) {
+      return true;
+    }
+    word.clear();
+  }
+  return false;
+}
+
+// The login of FreeTDS, once the server was reached, says no more than that it has failed.
+bool isOfEncryption(const Diagnostic& diagnostic) {
+  constexpr int kLoginFailed = 20002;
+  return diagnostic.native == kLoginFailed || speaksOfEncryption(diagnostic.message);
+}
+
+// What hinders a login is the encryption that was wanted, unless the server has said what hinders it.
+const Diagnostic* faultOfEncryption(const std::vector<Diagnostic>& diagnostics,
+                                    const Circumstance& circumstance) {
+  if (!circumstance.statementKind.empty() || !circumstance.encrypted) return nullptr;
+  if (std::ranges::any_of(diagnostics, &Diagnostic::ofServer)) return nullptr;
+  const auto found = std::ranges::find_if(diagnostics, isOfEncryption);
+  return found == diagnostics.end() ? nullptr : &*found;
+}
+
+std::string sayingOf(const Diagnostic& diagnostic, std::string_view statement) {
+  std::string text = diagnostic.ofServer ? " Messaggio del server" : " Messaggio del driver";
   if (diagnostic.native != 0) text += " (" + fromInteger(diagnostic.native) + ")";
   return text + ": " + withoutValues(diagnostic.message, statement);
 }
@@ -166,6 +223,20 @@ Told tell(const Diagnostic& diagnostic, const std::string& statementKind) {
 
 }  // namespace
 
+Diagnostic diagnosticOf(std::string state, int native, std::string message) {
+  std::vector<std::string> names;
+  while (!message.empty() && message.front() == '[') {
+    const std::size_t end = message.find(']');
+    if (end == std::string::npos) break;
+    names.push_back(message.substr(1, end - 1));
+    message.erase(0, end + 1);
+  }
+  std::replace_if(
+      message.begin(), message.end(), [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
+  const bool ofServer = isOfServer(state, native, names);
+  return {std::move(state), native, std::string(trim(message)), ofServer};
+}
+
 std::vector<Diagnostic> diagnosticsOf(SQLSMALLINT kind, SQLHANDLE handle) {
   constexpr SQLSMALLINT kMost = 16;
   std::vector<Diagnostic> diagnostics;
@@ -178,8 +249,9 @@ std::vector<Diagnostic> diagnosticsOf(SQLSMALLINT kind, SQLHANDLE handle) {
                                           static_cast<SQLSMALLINT>(message.size()), &length);
     if (!SQL_SUCCEEDED(code)) break;
     const auto end = std::find(message.begin(), message.end(), SQLWCHAR{0});
-    diagnostics.push_back({fromWide(state.data(), 5), static_cast<int>(native),
-                           bare(fromWide(message.data(), static_cast<std::size_t>(end - message.begin())))});
+    diagnostics.push_back(
+        diagnosticOf(fromWide(state.data(), 5), static_cast<int>(native),
+                     fromWide(message.data(), static_cast<std::size_t>(end - message.begin()))));
   }
   return diagnostics;
 }
@@ -229,10 +301,13 @@ DatabaseError errorOf(const std::vector<Diagnostic>& diagnostics, const Circumst
     const Told told = tell({"HY000", 0, ""}, circumstance.statementKind);
     return {told.kind, 0, circumstance.statementKind, told.text};
   }
-  const Diagnostic& diagnostic = worst(diagnostics);
-  const Told told = tell(diagnostic, circumstance.statementKind);
-  return {told.kind, diagnostic.native, circumstance.statementKind,
-          told.text + sayingOfServer(diagnostic, circumstance.statement)};
+  if (const Diagnostic* const fault = faultOfEncryption(diagnostics, circumstance)) {
+    return {Unavailable, fault->native, "", kNotEncrypted + sayingOf(*fault, circumstance.statement)};
+  }
+  const Told told = tell(worst(diagnostics), circumstance.statementKind);
+  const Diagnostic& telling = mostTelling(diagnostics);
+  return {told.kind, telling.native, circumstance.statementKind,
+          told.text + sayingOf(telling, circumstance.statement)};
 }
 
 std::string kindOf(std::string_view statement) {

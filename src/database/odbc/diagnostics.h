@@ -9,13 +9,16 @@
 
 namespace cu::odbc {
 
-// What the API says of its last call: a state of five characters, the server's number, its words.
+// What the API says of its last call: a state of five characters, a number, words.
 struct Diagnostic {
   std::string state;
   int native = 0;
-  std::string message;  // without the names of the drivers before it
+  std::string message;    // without the names of the drivers before it
+  bool ofServer = false;  // the server's own number and words; the driver's or its manager's otherwise
 };
 
+// From the words as the API gives them, with the names of those who handed them on.
+Diagnostic diagnosticOf(std::string state, int native, std::string message);
 std::vector<Diagnostic> diagnosticsOf(SQLSMALLINT kind, SQLHANDLE handle);
 
 // What was being done when it failed.
@@ -23,10 +26,11 @@ struct Circumstance {
   std::string statementKind;   // first word of the statement, in capitals; "" at the login
   std::string_view statement;  // of which no value may stand in an error
   int seconds = 0;             // the time that was allowed, 0 for none
+  bool encrypted = false;      // whether the connection was to be encrypted
 };
 
-// The one of the diagnostics that says most, as an error: what happened, in Italian; then the server's number
-// and words, without the values of the statement.
+// The one of the diagnostics that says most, as an error: what happened, in Italian; then the number and
+// words of the server or of the driver, without the values of the statement.
 DatabaseError errorOf(const std::vector<Diagnostic>& diagnostics, const Circumstance& circumstance);
 // Nobody answered in the time allowed.
 DatabaseError timeoutOf(const Circumstance& circumstance);

@@ -123,7 +123,7 @@ void OdbcConnection::State::login() {
   session = Session(environment.get());
   lost = true;
   const std::string literal = asLiteral(settings.password);
-  const Circumstance circumstance{"", literal, settings.loginSeconds};
+  const Circumstance circumstance{"", literal, settings.loginSeconds, settings.encrypt};
   if (!session) throw errorOf({}, circumstance);
   SQLSetConnectAttr(session.get(), SQL_ATTR_LOGIN_TIMEOUT,
                     number(static_cast<std::uintptr_t>(settings.loginSeconds)), 0);
@@ -160,7 +160,7 @@ void OdbcConnection::State::login() {
 
 void OdbcConnection::State::beginStatement() {
   statement = StatementHandle(session.get());
-  if (!statement) throw errorOf(diagnosticsOf(SQL_HANDLE_DBC, session.get()), {"", "", 0});
+  if (!statement) throw errorOf(diagnosticsOf(SQL_HANDLE_DBC, session.get()), {"", "", 0, false});
   // What a driver does not know of these it does without: they are what it does by itself, or the watchdog's.
   SQLHSTMT handle = statement.get();
   SQLSetStmtAttr(handle, SQL_ATTR_CURSOR_TYPE, number(SQL_CURSOR_FORWARD_ONLY), 0);
@@ -175,7 +175,7 @@ void OdbcConnection::State::beginStatement() {
 void OdbcConnection::State::run(std::string_view source, RowStore* rows) {
   refuseNull(source);
   reviveIfLost();
-  const Circumstance circumstance{kindOf(source), source, settings.statementSeconds};
+  const Circumstance circumstance{kindOf(source), source, settings.statementSeconds, settings.encrypt};
   affected = -1;
   const Closing closing{statement, watchdog, settings.statementSeconds};
   try {

@@ -148,8 +148,19 @@ TEST(Timeouts, AServerThatHangsIsLeftAndFoundAgain) {
   EXPECT_EQ(single(*connection, "SELECT 1"), "1");
 }
 
+// As Microsoft's driver hands them on, and what it says itself.
+Diagnostic fromServer(const char* state, int number, const std::string& words) {
+  return diagnosticOf(state, number, "[Microsoft][ODBC Driver 18 for SQL Server][SQL Server]" + words);
+}
+Diagnostic fromDriver(const char* state, int number, const std::string& words) {
+  return diagnosticOf(state, number, "[Microsoft][ODBC Driver 18 for SQL Server]" + words);
+}
+Diagnostic fromFreeTds(const char* state, int number, const std::string& words) {
+  return diagnosticOf(state, number, "[FreeTDS][SQL Server]" + words);
+}
+
 DatabaseError of(const char* state, int number, const char* message = "server's words") {
-  return odbc::errorOf({{state, number, message}}, {"UPDATE", "", 5});
+  return odbc::errorOf({fromServer(state, number, message)}, {"UPDATE", "", 5});
 }
 
 TEST(ServerNumbers, HaveTheirKinds) {
@@ -187,15 +198,78 @@ TEST(ServerNumbers, StandInTheTextWithTheServersWords) {
 }
 
 TEST(ServerNumbers, TheServersOwnWordsCountBeforeTheDrivers) {
-  const DatabaseError error = odbc::errorOf({{"01000", 5701, "Changed database context"},
-                                             {"08001", 20002, "Adaptive Server connection failed"},
-                                             {"28000", 18456, "Login failed for user 'cu'."}},
-                                            {"", "", 15});
+  const DatabaseError error = odbc::errorOf({fromFreeTds("01000", 5701, "Changed database context"),
+                                             fromFreeTds("08001", 20002, "Adaptive Server connection failed"),
+                                             fromFreeTds("28000", 18456, "Login failed for user 'cu'.")},
+                                            {"", "", 15, true});
   EXPECT_EQ(error.nativeCode(), 18456);
   EXPECT_STREQ(
       error.what(),
       "Il server del database ha rifiutato l'utente o la password. Messaggio del server (18456): Login "
       "failed for user 'cu'.");
+}
+
+TEST(Speakers, TheDriversWordsAreNotTheServers) {
+  EXPECT_TRUE(fromServer("42000", 102, "x").ofServer);
+  EXPECT_FALSE(fromDriver("08001", 10061, "TCP Provider: x").ofServer);
+  EXPECT_TRUE(fromFreeTds("42000", 102, "x").ofServer);
+  EXPECT_FALSE(fromFreeTds("08S01", 20009, "x").ofServer);
+  EXPECT_FALSE(fromFreeTds("22018", 2403, "x").ofServer);
+  EXPECT_FALSE(fromFreeTds("08001", 0, "x").ofServer);
+  EXPECT_FALSE(diagnosticOf("IM002", 0, "[unixODBC][Driver Manager]x").ofServer);
+  EXPECT_TRUE(diagnosticOf("42P01", 1, "ERROR: x").ofServer);
+  EXPECT_FALSE(diagnosticOf("08001", 101, "connection failed: x").ofServer);
+  EXPECT_EQ(
+      diagnosticOf("42000", 102, "[Microsoft][ODBC Driver 18 for SQL Server][SQL Server]a [b]\nc ").message,
+      "a [b] c");
+}
+
+TEST(Speakers, ADriversNumberIsNoNumberOfTheServer) {
+  const DatabaseError error = odbc::errorOf({fromDriver("HY000", 208, "x")}, {"SELECT", "", 0});
+  EXPECT_STREQ(error.what(),
+               "Il server del database ha rifiutato l'istruzione SELECT. Messaggio del driver (208): x");
+}
+
+TEST(Speakers, TheReasonIsSaidInPlaceOfAGeneralPhrase) {
+  const DatabaseError error = odbc::errorOf({fromFreeTds("08001", 0, "Unable to connect to data source"),
+                                             fromFreeTds("01000", 20013, "Unknown host machine name.")},
+                                            {"", "", 15, true});
+  EXPECT_STREQ(error.what(),
+               "Il server del database non si può raggiungere. Verificare l'indirizzo nel profilo e la rete. "
+               "Messaggio del driver (20013): Unknown host machine name.");
+}
+
+TEST(EncryptionFaults, AreNamedWhereEncryptionWasWanted) {
+  const std::vector<std::vector<Diagnostic>> faults = {
+      {fromFreeTds("08001", 0, "Unable to connect to data source"),
+       fromFreeTds("01000", 20002, "Adaptive Server connection failed")},
+      {fromDriver("08001", -1, "SSL Provider: [error:0A000086:SSL routines::certificate verify failed]"),
+       fromDriver("08001", -1, "Client unable to establish connection.")},
+      {fromDriver("08001", 21, "Encryption not supported on SQL Server.")},
+      {diagnosticOf("08001", 101, "server does not support SSL, but SSL was required")},
+      {diagnosticOf("08001", 101, "the server has no TLS.")}};
+  for (const auto& each : faults) {
+    const DatabaseError error = odbc::errorOf(each, {"", "", 15, true});
+    EXPECT_EQ(error.kind(), DatabaseErrorKind::Unavailable);
+    EXPECT_THAT(
+        error.what(),
+        AllOf(StartsWith("Il server del database non ha stabilito una connessione cifrata. "),
+              HasSubstr("(TLS)"), HasSubstr("encrypt = false"), HasSubstr(" Messaggio del driver (")));
+    EXPECT_THAT(odbc::errorOf(each, {"", "", 15, false}).what(),
+                StartsWith("Il server del database non si può raggiungere."));
+  }
+}
+
+TEST(EncryptionFaults, AreNotSeenInOtherFaults) {
+  const std::vector<std::vector<Diagnostic>> faults = {
+      {fromFreeTds("08S01", 20009, "Unable to connect"), fromFreeTds("08001", 0, "Unable to connect")},
+      {diagnosticOf("08001", 101,
+                    "connection to server at \"ssl.tls-encrypt.it\" failed: Connection refused")},
+      {fromDriver("08001", 10061, "TCP Provider: Error code 0x274D")}};
+  for (const auto& each : faults) {
+    EXPECT_THAT(odbc::errorOf(each, {"", "", 15, true}).what(),
+                StartsWith("Il server del database non si può raggiungere."));
+  }
 }
 
 TEST(WithoutValues, TakesOutWhatTheStatementHolds) {

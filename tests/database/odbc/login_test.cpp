@@ -6,6 +6,8 @@
 
 #include "socket_server.h"
 #include "support.h"
+#include "tds_server_support.h"
+#include "tds_tokens.h"
 
 namespace cu::odbc::test {
 namespace {
@@ -17,11 +19,11 @@ using ::testing::StartsWith;
 
 constexpr const char* kSecret = "parola-segreta";
 
-OdbcSettings freeTds(int port) {
+OdbcSettings freeTds(int port, int loginSeconds = 1) {
   OdbcSettings settings;
   settings.text = "Driver=FreeTDS;Server=127.0.0.1;Port=" + std::to_string(port) + ";Database=suite;UID=cu";
   settings.password = kSecret;
-  settings.loginSeconds = 1;
+  settings.loginSeconds = loginSeconds;
   return settings;
 }
 
@@ -42,8 +44,9 @@ TEST(LoginThroughFreeTds, AClosedPortIsToldAtOnce) {
     settings.encrypt = encrypt;
     const DatabaseError error = opening(settings);
     EXPECT_EQ(error.kind(), DatabaseErrorKind::Unavailable);
-    EXPECT_THAT(error.what(), StartsWith("Il server del database non si può raggiungere. Verificare "
-                                         "l'indirizzo nel profilo e la rete. Messaggio del server"));
+    EXPECT_THAT(error.what(),
+                StartsWith("Il server del database non si può raggiungere. Verificare "
+                           "l'indirizzo nel profilo e la rete. Messaggio del driver (20009): Unable"));
     EXPECT_THAT(error.what(), Not(HasSubstr(kSecret)));
     EXPECT_EQ(error.statementKind(), "");
   }
@@ -82,6 +85,49 @@ TEST(LoginThroughFreeTds, APortThatAnswersNonsenseIsNoServer) {
       EXPECT_LT(seconds, 6);
     }
   }
+}
+
+TEST(LoginThroughFreeTds, AServerThatDoesNotEncryptIsToldSo) {
+  TdsServer server([](std::string_view) { return TdsServer::Reply{tds::welcome()}; },
+                   TdsServer::Tls::Missing);
+  const DatabaseError error = opening(freeTds(server.port(), 15));
+  EXPECT_EQ(error.kind(), DatabaseErrorKind::Unavailable);
+  EXPECT_STREQ(
+      error.what(),
+      "Il server del database non ha stabilito una connessione cifrata. Verificare che all'indirizzo del "
+      "profilo risponda SQL Server e che offra la cifratura (TLS) con un certificato valido. Solo in una "
+      "rete "
+      "fidata se ne può fare a meno, con encrypt = false nel profilo o con --no-encrypt. Messaggio del "
+      "driver "
+      "(20002): Adaptive Server connection failed");
+  const std::string heard = server.heardInTheClear();
+  EXPECT_FALSE(heard.empty());
+  EXPECT_THAT(heard, Not(HasSubstr("suite")));
+  // Without encryption, as the profile may have it, it is a server as any other.
+  OdbcSettings settings = freeTds(server.port(), 15);
+  settings.encrypt = false;
+  EXPECT_TRUE(OdbcConnection::open(settings, ignore)->isSqlServer());
+}
+
+TEST(LoginThroughFreeTds, WhatTheServerSaysIsItsMessage) {
+  const TdsServer server([](std::string_view statement) {
+    if (statement.empty()) return TdsServer::Reply{tds::welcome()};
+    return TdsServer::Reply{tds::error(50000, 16, "perché € Ж")};
+  });
+  const auto connection = OdbcConnection::open(freeTds(server.port(), 15), ignore);
+  EXPECT_STREQ(
+      errorOf([&] { connection->Execute("EXEC x"); }).what(),
+      "Il server del database non accetta l'istruzione EXEC. Messaggio del server (50000): perché € Ж");
+}
+
+TEST(LoginThroughFreeTds, ALoginThatTheServerRejectsIsToldInItsWords) {
+  const TdsServer server([](std::string_view) {
+    return TdsServer::Reply{tds::error(18456, 14, "Login failed for user 'cu'.")};
+  });
+  EXPECT_STREQ(
+      opening(freeTds(server.port(), 15)).what(),
+      "Il server del database ha rifiutato l'utente o la password. Messaggio del server (18456): Login "
+      "failed for user 'cu'.");
 }
 
 TEST(LoginThroughFreeTds, ThePasswordNeverTravelsInTheClear) {
@@ -127,7 +173,8 @@ TEST(Login, ADatabaseThatIsNotThereIsTold) {
 TEST(Login, ADriverThatIsNotInstalledIsTold) {
   OdbcSettings settings = freeTds(1);
   settings.text = "Driver=Nessun Driver;Server=x;UID=y";
-  EXPECT_THAT(opening(settings).what(), StartsWith("Il driver ODBC indicato non si può caricare."));
+  EXPECT_THAT(opening(settings).what(),
+              StartsWith("Il driver ODBC indicato non si può caricare. Messaggio del driver: "));
   settings.text = "DSN=nessuna_sorgente;UID=y";
   EXPECT_THAT(opening(settings).what(),
               StartsWith("Il driver o la sorgente ODBC dell'indirizzo non è installata su questo computer."));

@@ -27,7 +27,7 @@ struct Freed {
 
 // A key and a certificate that it has signed itself, for this run.
 bool certify(SSL_CTX* context) {
-  const std::unique_ptr<EVP_PKEY, Freed<EVP_PKEY, EVP_PKEY_free>> key(EVP_RSA_gen(2048));
+  const std::unique_ptr<EVP_PKEY, Freed<EVP_PKEY, EVP_PKEY_free>> key(EVP_EC_gen("P-256"));
   const std::unique_ptr<X509, Freed<X509, X509_free>> certificate(X509_new());
   constexpr long kDay = 86400;
   X509_set_version(certificate.get(), X509_VERSION_3);
@@ -98,6 +98,10 @@ struct TdsServer::Client {
 };
 
 TdsServer::TdsServer(Answer answer, Tls tls) : answer_(std::move(answer)), tls_(tls) {
+  // The protocol knows no later version inside its own packets.
+  context_.reset(SSL_CTX_new(TLS_server_method()));
+  SSL_CTX_set_max_proto_version(context_.get(), TLS1_2_VERSION);
+  if (!certify(context_.get())) throw std::runtime_error("no certificate for the server");
   ::listen(socket_.descriptor(), 8);
   if (::pipe2(ears_.data(), O_CLOEXEC | O_NONBLOCK) != 0) throw std::runtime_error("no pipe for the server");
   process_ = ::fork();
@@ -121,10 +125,6 @@ const std::string& TdsServer::heardInTheClear() {
 void TdsServer::serve() {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
   std::signal(SIGPIPE, SIG_IGN);
-  // The protocol knows no later version inside its own packets.
-  context_.reset(SSL_CTX_new(TLS_server_method()));
-  SSL_CTX_set_max_proto_version(context_.get(), TLS1_2_VERSION);
-  if (!certify(context_.get())) ::_exit(1);
   for (;;) converse(::accept(socket_.descriptor(), nullptr, nullptr));
 }
 
