@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <map>
 
+#include "system/server_di_prova_support.h"
+
 namespace cu::test {
 
 std::size_t caratteri(const std::string& testo) {
@@ -54,19 +56,38 @@ std::string raddoppiato(const std::string& testo) {
   return doppio;
 }
 
+namespace {
+
+// What a server's text columns hold: the characters of its code page, as many as a column of descriptions
+// takes.
+constexpr std::size_t kDescrizione = 253;  // behind the two that a test puts before them
+bool nelServer(const Inserimento& inserimento) {
+  return inserimento.nellaTavola && caratteri(inserimento.testo) <= kDescrizione;
+}
+
+std::vector<Inserimento> tutti() {
+  std::vector<Inserimento> testi = {
+      {"SoliApici", "'"},
+      {"FineDellIstruzione", "';'); DROP TABLE ContoIndividuale; -- '' OR 1=1 "},
+      {"Commenti", "--'/*'*/\"--/*;'' */ -- /* aperto "},
+      {"Parentesi", "[%_'](){}?$^|#@&<>=+~!`,.:\\' LIKE '%[a-z]_' "},
+      {"RigheETabulazioni", "'\r\n\t\n\v\f\x01\x1B\x7F;'\nGO\nDROP TABLE Compenso\n"},
+      {"RigheFuoriDallaTavola", "'\r\n\u0085\u2028\u2029;'\u2028GO\u2028DROP TABLE Compenso\u0085", false},
+      {"FuoriDallaTavola", "'Ж😀e\u0301漢\u202E\u02BC\uFF07\uFFFD\u200DЖ' Привет 😀😀 \U0010FFFF", false},
+      {"NellaTavola", "'È€’“”–ŸŒßŠ\u00A0;--' "}};
+  for (Inserimento& testo : testi) testo.testo = ripetuto(testo.testo, 47) + "'";
+  testi.push_back({"UnaDescrizione", ripetuto("']);--/*%_\t\n\"È€ ", kDescrizione - 1) + "'"});
+  testi.push_back({"OttomilaCaratteri", ripetuto("']);--/*%_\t\n\"È😀 ", 7999) + "'", false});
+  return testi;
+}
+
+}  // namespace
+
 const std::vector<Inserimento>& inserimenti() {
   static const std::vector<Inserimento> testi = [] {
-    std::vector<Inserimento> brevi = {
-        {"SoliApici", "'"},
-        {"FineDellIstruzione", "';'); DROP TABLE ContoIndividuale; -- '' OR 1=1 "},
-        {"Commenti", "--'/*'*/\"--/*;'' */ -- /* aperto "},
-        {"Parentesi", "[%_'](){}?$^|#@&<>=+~!`,.:\\' LIKE '%[a-z]_' "},
-        {"RigheETabulazioni", "'\r\n\t\n\v\f\x01\x1B\x7F\u0085\u2028;'\nGO\nDROP TABLE Compenso\n"},
-        {"FuoriDallaTavola", "'Ж😀e\u0301漢\u202E\u02BC\uFF07\uFFFD\u200DЖ' Привет 😀😀 \U0010FFFF"},
-        {"NellaTavola", "'È€’“”–ŸŒßŠ\u00A0;--' "}};
-    for (Inserimento& breve : brevi) breve.testo = ripetuto(breve.testo, 47) + "'";
-    brevi.push_back({"OttomilaCaratteri", ripetuto("']);--/*%_\t\n\"È😀 ", 7999) + "'"});
-    return brevi;
+    std::vector<Inserimento> scelti = tutti();
+    if (sulServer()) std::erase_if(scelti, [](const Inserimento& testo) { return !nelServer(testo); });
+    return scelti;
   }();
   return testi;
 }

@@ -20,10 +20,12 @@ std::string raddoppiato(const std::string& testo);  // its quotes
 struct Inserimento {
   const char* nome;
   std::string testo;
+  bool nellaTavola = true;  // whether Windows-1252 has all its characters
 };
 inline void PrintTo(const Inserimento& inserimento, std::ostream* uscita) { *uscita << inserimento.nome; }
 
-// What a text could do harm with. Most fields take sixteen characters, two of which a test may need.
+// What a text could do harm with; on a server, those that its columns hold. Most fields take sixteen
+// characters, two of which a test may need.
 const std::vector<Inserimento>& inserimenti();
 
 }  // namespace cu::test

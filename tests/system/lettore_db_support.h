@@ -2,7 +2,6 @@
 
 #include <sqlite3.h>
 
-#include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -22,14 +21,15 @@ class LettoreDb final : public Lettore {
   LettoreDb(const LettoreDb&) = delete;
   LettoreDb& operator=(const LettoreDb&) = delete;
 
-  std::vector<Riga> righe(const std::string& domanda) override {
+  Tavola leggi(const std::string& domanda) override {
     Istruzione istruzione(*this, domanda);
-    std::vector<Riga> righe;
+    Tavola tavola;
+    for (int i = 0; i < istruzione.colonne(); ++i) tavola.colonne.push_back(istruzione.nome(i));
     while (istruzione.avanza()) {
-      Riga& riga = righe.emplace_back();
+      Riga& riga = tavola.righe.emplace_back();
       for (int i = 0; i < istruzione.colonne(); ++i) riga.push_back(istruzione.valore(i));
     }
-    return righe;
+    return tavola;
   }
   // All rows of a table in the order of their first four columns, as one text.
   std::string tavola(const std::string& nome) {
@@ -52,31 +52,21 @@ class LettoreDb final : public Lettore {
     if (codice != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(database_));
     return testo;
   }
-  // The first value of every row.
-  std::vector<std::string> elenco(const std::string& domanda) {
-    Istruzione istruzione(*this, domanda);
-    std::vector<std::string> valori;
-    while (istruzione.avanza()) valori.push_back(istruzione.valore(0));
-    return valori;
-  }
-  // The values of the first row by their columns.
-  std::map<std::string, std::string> riga(const std::string& domanda) {
-    Istruzione istruzione(*this, domanda);
-    std::map<std::string, std::string> valori;
-    if (!istruzione.avanza()) return valori;
-    for (int i = 0; i < istruzione.colonne(); ++i) valori[istruzione.nome(i)] = istruzione.valore(i);
-    return valori;
-  }
   void esegui(const std::string& istruzione) override {
     if (sqlite3_exec(database_, istruzione.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
       throw std::runtime_error(sqlite3_errmsg(database_));
     }
   }
-  // One statement, the texts in the places of its marks.
-  void esegui(const std::string& domanda, const std::vector<std::string>& testi) {
+  void esegui(const std::string& domanda, const std::vector<std::string>& testi) override {
     Istruzione istruzione(*this, domanda);
     istruzione.lega(testi);
     istruzione.avanza();
+  }
+  std::vector<std::string> tavole() override {
+    return elenco("SELECT name FROM sqlite_master WHERE type IN ('table', 'view') ORDER BY name");
+  }
+  std::string nellAnno(const std::string& colonna, const std::string& anno) const override {
+    return colonna + " LIKE '" + anno + "-%'";
   }
 
  private:

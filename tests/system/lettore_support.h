@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -11,11 +12,37 @@ class Lettore {
  public:
   virtual ~Lettore() = default;
 
-  using Riga = std::vector<std::string>;
   // A null is "", an amount has the places it needs, a day is "2016-12-31".
-  virtual std::vector<Riga> righe(const std::string& domanda) = 0;
+  using Riga = std::vector<std::string>;
+  struct Tavola {
+    Riga colonne;
+    std::vector<Riga> righe;
+  };
+  virtual Tavola leggi(const std::string& domanda) = 0;
   virtual void esegui(const std::string& istruzione) = 0;
+  // One statement, the texts in the places of its marks.
+  virtual void esegui(const std::string& domanda, const std::vector<std::string>& testi) = 0;
+  // The names of the tables and views, in an order that stays.
+  virtual std::vector<std::string> tavole() = 0;
+  // A condition: the column's day lies in the year.
+  virtual std::string nellAnno(const std::string& colonna, const std::string& anno) const = 0;
 
+  std::vector<Riga> righe(const std::string& domanda) { return leggi(domanda).righe; }
+  // The values of the first row by their columns.
+  std::map<std::string, std::string> riga(const std::string& domanda) {
+    const Tavola tavola = leggi(domanda);
+    std::map<std::string, std::string> valori;
+    if (tavola.righe.empty()) return valori;
+    for (std::size_t i = 0; i < tavola.colonne.size(); ++i)
+      valori[tavola.colonne[i]] = tavola.righe.front()[i];
+    return valori;
+  }
+  // The first value of every row.
+  std::vector<std::string> elenco(const std::string& domanda) {
+    std::vector<std::string> valori;
+    for (const Riga& riga : righe(domanda)) valori.push_back(riga.front());
+    return valori;
+  }
   // The first value of the first row; "" when there is none.
   std::string testo(const std::string& domanda) {
     const std::vector<Riga> tutte = righe(domanda);

@@ -8,6 +8,7 @@
 
 #include "database/odbc/odbc_connection.h"
 #include "database/schema.h"
+#include "system/inserimenti_support.h"
 
 namespace cu::test {
 namespace {
@@ -38,19 +39,39 @@ class LettoreDelServer final : public Lettore {
  public:
   explicit LettoreDelServer(const std::string& database) : connessione_(apri(database)) {}
 
-  std::vector<Riga> righe(const std::string& domanda) override {
+  Tavola leggi(const std::string& domanda) override {
     RowStore lette;
     connessione_->Query(domanda, lette);
+    Tavola tavola;
     std::vector<CellView> celle(lette.columns()->size());
-    std::vector<Riga> righe;
+    for (std::size_t i = 0; i < celle.size(); ++i) tavola.colonne.push_back((*lette.columns())[i].name);
     for (std::size_t i = 0; i < lette.size(); ++i) {
       lette.read(i, celle.data());
-      Riga& riga = righe.emplace_back();
+      Riga& riga = tavola.righe.emplace_back();
       for (const CellView& cella : celle) riga.push_back(testoDi(cella));
     }
-    return righe;
+    return tavola;
   }
   void esegui(const std::string& istruzione) override { connessione_->Execute(istruzione); }
+  // The server's own rule: a quote in a literal is doubled, and nothing else.
+  void esegui(const std::string& domanda, const std::vector<std::string>& testi) override {
+    std::string istruzione;
+    std::size_t quale = 0;
+    for (const char c : domanda) {
+      if (c == '?') {
+        istruzione += "'" + raddoppiato(testi.at(quale++)) + "'";
+      } else {
+        istruzione += c;
+      }
+    }
+    connessione_->Execute(istruzione);
+  }
+  std::vector<std::string> tavole() override {
+    return elenco("SELECT TABLE_NAME FROM INFORMATION_SCHEMA.TABLES ORDER BY TABLE_NAME");
+  }
+  std::string nellAnno(const std::string& colonna, const std::string& anno) const override {
+    return "YEAR(" + colonna + ") = " + anno;
+  }
 
  private:
   std::unique_ptr<OdbcConnection> connessione_;

@@ -6,7 +6,6 @@
 #include "system/forma_support.h"
 #include "system/guidato_support.h"
 #include "system/inserimenti_support.h"
-#include "system/lettore_db_support.h"
 
 namespace cu::test {
 namespace {
@@ -24,23 +23,23 @@ class StampaOstile : public Guidato, public testing::WithParamInterface<int> {
   // A payee with a reason for each text, and one for a harmless text.
   StampaOstile() : Guidato(false), testi_(inserimenti()) {
     testi_.push_back({"Innocuo", std::string(48, 'X')});
-    LettoreDb database(posto_.cartella() / "demo.db");
-    const auto chi = database.elenco(
+    const auto database = posto_.lettore();
+    const std::string nel2016 = database->nellAnno("DataPagamento", "2016");
+    const auto chi = database->elenco(
         "SELECT MIN(IDAnagrafica) FROM (SELECT IDAnagrafica, MIN(IDCausalePagamento) AS Causale FROM "
-        "Compenso WHERE "
-        "DataPagamento LIKE '2016%' GROUP BY IDAnagrafica HAVING COUNT(DISTINCT IDCausalePagamento) = 1) "
-        "GROUP BY "
-        "Causale ORDER BY 1");
+        "Compenso WHERE " +
+        nel2016 +
+        " GROUP BY IDAnagrafica HAVING COUNT(DISTINCT IDCausalePagamento) = 1) AS Uni GROUP BY Causale ORDER "
+        "BY 1");
     for (std::size_t i = 0; i < testi_.size(); ++i) {
       const std::string& testo = testi_[i].testo;
-      database.esegui("UPDATE Percipiente SET Codice = ? WHERE IDAnagrafica = " + chi.at(i), {testo});
-      database.esegui("UPDATE Anagrafica SET Anagrafica = ?, Nome = ? WHERE IDAnagrafica = " + chi.at(i),
-                      {breve(i), segno(i)});
-      database.esegui(
+      database->esegui("UPDATE Percipiente SET Codice = ? WHERE IDAnagrafica = " + chi.at(i), {testo});
+      database->esegui("UPDATE Anagrafica SET Anagrafica = ?, Nome = ? WHERE IDAnagrafica = " + chi.at(i),
+                       {breve(i), segno(i)});
+      database->esegui(
           "UPDATE CausalePagamento SET Codice = ? WHERE IDCausalePagamento = (SELECT MIN(IDCausalePagamento) "
-          "FROM "
-          "Compenso WHERE DataPagamento LIKE '2016%' AND IDAnagrafica = " +
-              chi.at(i) + ")",
+          "FROM Compenso WHERE " +
+              nel2016 + " AND IDAnagrafica = " + chi.at(i) + ")",
           {breve(i)});
     }
     posto_.imposta("printing.engine", "\"pdf\"");
