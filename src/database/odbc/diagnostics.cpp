@@ -124,14 +124,14 @@ bool isNumberOfFreeTds(int number) {
   return (number >= 20000 && number < 21000) || (number >= 2400 && number <= 2404) || number == 2500;
 }
 
-// The names before the words: "[unixODBC][FreeTDS][SQL Server]Login failed". The third is the data source's,
-// which FreeTDS writes before its own words too. A driver that writes none is known by the state.
+// The last of the names before the words is the speaker's: "[Microsoft][ODBC Driver 18 for SQL Server][SQL
+// Server]". FreeTDS writes the server's name before its own words too; a driver that writes none is known by
+// the state.
 bool isOfServer(const std::string& state, int native, const std::vector<std::string>& names) {
   if (native == 0) return false;
   if (names.empty()) return !state.starts_with("08") && !state.starts_with("HY") && !state.starts_with("IM");
-  if (std::ranges::find(names, "FreeTDS") != names.end()) return !isNumberOfFreeTds(native);
-  const auto own = static_cast<std::size_t>(names.front() == "unixODBC" ? 1 : 0);
-  return names.size() - own >= 3;
+  if (std::ranges::find(names, "FreeTDS") != names.end() && isNumberOfFreeTds(native)) return false;
+  return names.back().ends_with("SQL Server") && names.back().find("Driver") == std::string::npos;
 }
 
 const Known* known(const Diagnostic& diagnostic) {

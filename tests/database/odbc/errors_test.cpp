@@ -212,6 +212,8 @@ TEST(ServerNumbers, TheServersOwnWordsCountBeforeTheDrivers) {
 TEST(Speakers, TheDriversWordsAreNotTheServers) {
   EXPECT_TRUE(fromServer("42000", 102, "x").ofServer);
   EXPECT_FALSE(fromDriver("08001", 10061, "TCP Provider: x").ofServer);
+  EXPECT_FALSE(diagnosticOf("08001", 17, "[Microsoft][ODBC SQL Server Driver][DBNETLIB]x").ofServer);
+  EXPECT_TRUE(diagnosticOf("42000", 102, "[Altro][ODBC SQL Server Driver][Microsoft SQL Server]x").ofServer);
   EXPECT_TRUE(fromFreeTds("42000", 102, "x").ofServer);
   EXPECT_FALSE(fromFreeTds("08S01", 20009, "x").ofServer);
   EXPECT_FALSE(fromFreeTds("22018", 2403, "x").ofServer);

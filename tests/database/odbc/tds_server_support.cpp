@@ -104,8 +104,10 @@ TdsServer::TdsServer(Answer answer, Tls tls) : answer_(std::move(answer)), tls_(
   if (!certify(context_.get())) throw std::runtime_error("no certificate for the server");
   ::listen(socket_.descriptor(), 8);
   if (::pipe2(ears_.data(), O_CLOEXEC | O_NONBLOCK) != 0) throw std::runtime_error("no pipe for the server");
+  const pid_t parent = ::getpid();
   process_ = ::fork();
-  if (process_ == 0) serve();
+  if (process_ < 0) throw std::runtime_error("no process for the server");
+  if (process_ == 0) serve(parent);
 }
 
 TdsServer::~TdsServer() {
@@ -122,8 +124,9 @@ const std::string& TdsServer::heardInTheClear() {
   return heard_;
 }
 
-void TdsServer::serve() {
+void TdsServer::serve(pid_t parent) {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+  if (::getppid() != parent) ::_exit(0);
   std::signal(SIGPIPE, SIG_IGN);
   for (;;) converse(::accept(socket_.descriptor(), nullptr, nullptr));
 }

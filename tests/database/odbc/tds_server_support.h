@@ -50,7 +50,7 @@ class TdsServer {
     void operator()(SSL_CTX* context) const { SSL_CTX_free(context); }
   };
 
-  [[noreturn]] void serve();
+  [[noreturn]] void serve(pid_t parent);
   void converse(int descriptor);
   bool greet(Client& client);
   bool shakeHands(Client& client);
