@@ -179,6 +179,26 @@ TEST_F(Typing, TheKeypadsPointTypesTheDecimalMark) {
   expectAgreement();
 }
 
+TEST_F(Typing, AFullStopBeforeOneOrTwoDigitsIsTheDecimalMark) {
+  QLineEdit& box = line(form.curImporto);
+  QTest::keyClicks(&box, QStringLiteral("14000.5"));
+  EXPECT_EQ(box.text(), QStringLiteral("14000.5")) << "typing keeps the point";
+  QTest::keyClick(&box, Qt::Key_Tab);
+  EXPECT_EQ(box.text(), QStringLiteral("14.000,50"));
+  box.setFocus();
+  box.selectAll();
+  QTest::keyClicks(&box, QStringLiteral("12.500"));
+  QTest::keyClick(&box, Qt::Key_Tab);
+  EXPECT_EQ(box.text(), QStringLiteral("12.500,00"));
+  QApplication::clipboard()->setText(QStringLiteral("12.50"));
+  box.setFocus();
+  box.selectAll();
+  QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
+  QTest::keyClick(&box, Qt::Key_Tab);
+  EXPECT_EQ(box.text(), QStringLiteral("12,50"));
+  expectAgreement();
+}
+
 TEST_F(Typing, AnAmountRefusesWhatIsNoneAndWhatIsTooMuch) {
   QLineEdit& box = line(form.curImporto);
   QTest::keyClicks(&box, QStringLiteral("-9x9999,129"));

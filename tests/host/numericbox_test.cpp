@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
+
 #include "host/form.h"
 #include "support/scripted_front_end.h"
 
@@ -153,8 +155,94 @@ TEST_P(AmountPaste, IsTakenWholeOrNotAtAll) {
 INSTANTIATE_TEST_SUITE_P(Texts, AmountPaste,
                          testing::Values(Pasted{"1.234,56", "1.234,56"}, Pasted{" 12,5 ", "12,5"},
                                          Pasted{"1,239", "1,24"}, Pasted{"", ""}, Pasted{"abc", "7,00"},
-                                         Pasted{"1234.56", "7,00"}, Pasted{"-5", "7,00"}, Pasted{"-", "7,00"},
-                                         Pasted{"999999999999999", "7,00"}));
+                                         Pasted{"-5", "7,00"}, Pasted{"-", "7,00"},
+                                         Pasted{"999999999999999", "7,00"}, Pasted{"1.", "7,00"},
+                                         Pasted{"1.2,5", "7,00"}, Pasted{"0.125", "7,00"}));
+
+struct Pointed {
+  const char* text;
+  const char* typed;  // what of it is let in
+  const char* left;   // the text when the focus has gone
+};
+class AmountWithPoint : public Amounts, public testing::WithParamInterface<Pointed> {};
+
+TEST_P(AmountWithPoint, AThousandsMarkWithOneOrTwoDigitsBehindItIsTheDecimalMark) {
+  box.enter(GetParam().text);
+  EXPECT_EQ(box.text(), GetParam().typed);
+  leave();
+  EXPECT_EQ(box.text(), GetParam().left);
+}
+INSTANTIATE_TEST_SUITE_P(
+    Texts, AmountWithPoint,
+    testing::Values(Pointed{"14000.5", "14000.5", "14.000,50"}, Pointed{"12.50", "12.50", "12,50"},
+                    Pointed{"1234.56", "1234.56", "1.234,56"}, Pointed{"1234.567", "1234.56", "1.234,56"},
+                    Pointed{"12.500", "12.500", "12.500,00"}, Pointed{"12.5001", "12.500", "12.500,00"},
+                    Pointed{"1.234", "1.234", "1.234,00"}, Pointed{"1.234.567", "1.234.567", "1.234.567,00"},
+                    Pointed{"1.234.5", "1.234.5", "1.234,50"}, Pointed{"0.125", "0.12", "0,12"},
+                    Pointed{".5", ".5", "0,50"}, Pointed{"12.", "12.", "12,00"},
+                    Pointed{"1.2.3", "1.23", "1,23"}, Pointed{"12.50,7", "12.507", "12.507,00"},
+                    Pointed{"1..5", "1.5", "1,50"}, Pointed{"1.234,5.6", "1.234,56", "1.234,56"},
+                    Pointed{"5000,5", "5000,5", "5.000,50"}));
+
+TEST_P(AmountWithPoint, IsPastedAsItIsTyped) {
+  box.setNumber(amount("7"));
+  box.paste(GetParam().typed);
+  leave();
+  const bool unfinished = std::string_view(GetParam().typed).ends_with('.');
+  EXPECT_EQ(box.text(), unfinished ? "7,00" : GetParam().left);
+}
+
+TEST_F(Amounts, AnEditInTheMiddlePassesOverThousandsMarks) {
+  box.setNumber(amount("1234"));
+  EXPECT_TRUE(box.typeAt(1, 0, U'5'));
+  EXPECT_EQ(box.text(), "15.234,00");
+  EXPECT_TRUE(box.typeAt(4, 0, U'6'));
+  EXPECT_EQ(box.text(), "15.2634,00");
+  EXPECT_EQ(box.number(), amount("152634"));
+  EXPECT_TRUE(box.eraseAt(3, 2));
+  EXPECT_EQ(box.number(), amount("1534"));
+  EXPECT_TRUE(box.eraseAt(5, 3));
+  EXPECT_EQ(box.text(), "15.34");
+  EXPECT_TRUE(box.typeAt(4, 0, U'5'));
+  EXPECT_TRUE(box.typeAt(4, 0, U'5'));
+  EXPECT_EQ(box.text(), "15.3554");
+  EXPECT_EQ(box.number(), amount("153554"));
+  EXPECT_TRUE(box.type(U'1'));
+  leave();
+  EXPECT_EQ(box.text(), "1.535.541,00");
+}
+
+TEST_F(Amounts, AMarkInTheMiddleMakesANumberThatCanBeRead) {
+  box.enter("14000");
+  EXPECT_FALSE(box.typeAt(1, 0, U'.'));  // 1.4000
+  EXPECT_TRUE(box.typeAt(2, 0, U'.'));
+  EXPECT_EQ(box.number(), amount("14000"));
+  EXPECT_TRUE(box.eraseAt(2, 1));
+  EXPECT_TRUE(box.typeAt(4, 0, U'.'));
+  EXPECT_EQ(box.number(), amount("1400"));
+}
+
+TEST_F(Amounts, WithoutDecimalsAPointNeverSwellsTheNumber) {
+  box.setFormat(0, "L.", ",", ".");
+  box.enter("14000.5");
+  EXPECT_EQ(box.text(), "14000.");
+  EXPECT_EQ(box.value(), 14000);
+  box.enter("12.500");
+  EXPECT_EQ(box.value(), 12500);
+  box.enter("12.5");
+  EXPECT_EQ(box.value(), 13);
+  leave();
+  EXPECT_EQ(box.text(), "13");
+}
+
+TEST_F(Amounts, TheOtherMarksServeInTheirPlaces) {
+  box.setFormat(2, "$", ".", ",");
+  box.enter("14000,5");
+  leave();
+  EXPECT_EQ(box.text(), "14,000.50");
+  box.enter("12,345");
+  EXPECT_EQ(box.value(), 12345);
+}
 
 TEST_F(Amounts, AWholeNumberTakesDigitsOnly) {
   number.enter("20x1.6");
