@@ -1,10 +1,13 @@
 #include "desktop/edit_view.h"
 
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QToolButton>
 #include <QWidgetAction>
 #include <optional>
@@ -91,6 +94,16 @@ bool makeOneLine(std::u32string& text) {
   if (!text.empty() && isControl(text.back()) && !line.empty() && line.back() == U' ') line.pop_back();
   text = std::move(line);
   return true;
+}
+
+// Whether what has been typed so far may become a date: "3", "31/0", "5/3/201", but not "31/02/2".
+bool onItsWay(const QString& text) {
+  static const QRegularExpression kBeginning(
+      QStringLiteral("^(?:\\d{0,2}|\\d{1,2}/\\d{0,2}|(\\d{1,2}/\\d{1,2}/)\\d{0,3})$"));
+  const QRegularExpressionMatch match = kBeginning.match(text);
+  if (!match.hasMatch()) return false;
+  // Of 29 February the year decides.
+  return !match.hasCaptured(1) || Date::parseItalian(utf8(match.captured(1) + QStringLiteral("2000")));
 }
 
 std::u32string points(const QString& text) { return text.toStdU32String(); }
@@ -183,13 +196,14 @@ NumericView::NumericView(FormWindow& window, EditBox& box, QWidget* parent, cons
 }
 
 DateView::DateView(FormWindow& window, DateBox& box, QWidget* parent)
-    : EditView(window, box, new QWidget(parent)), date_(box), opener_(new QToolButton) {
+    : EditView(window, box, new QWidget(parent)), date_(box), opener_(new QToolButton), note_(new QLabel) {
   QWidget* const around = line()->parentWidget();
   auto* row = new QHBoxLayout(around);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(2);
   row->addWidget(line());
   row->addWidget(opener_);
+  row->addWidget(note_);
   row->addStretch(1);
   line()->setPlaceholderText(QStringLiteral("gg/mm/aaaa"));
   line()->setFixedWidth(line()->fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000  ")) + 24);
@@ -197,7 +211,10 @@ DateView::DateView(FormWindow& window, DateBox& box, QWidget* parent)
   opener_->setToolTip(QStringLiteral("Calendario (Alt+Giù)"));
   opener_->setAccessibleName(QStringLiteral("Apri il calendario"));
   opener_->setFocusPolicy(Qt::NoFocus);
+  note_->setText(QStringLiteral("⚠ Non è una data"));
+  note_->hide();
   surround(around);
+  QObject::connect(qApp, &QApplication::focusChanged, &watching_, [this] { showNote(); });
   QObject::connect(opener_, &QToolButton::clicked, opener_, [this] { openCalendar(); });
   auto* byKey = new QAction(line());
   byKey->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Down));
@@ -209,6 +226,17 @@ DateView::DateView(FormWindow& window, DateBox& box, QWidget* parent)
 void DateView::refresh() {
   EditView::refresh();
   opener_->setEnabled(!date_.locked());
+  showNote();
+}
+
+void DateView::showNote() {
+  if (!live()) return;
+  const QString text = shown(date_.text()).trimmed();
+  const bool unfinished = line()->hasFocus() && onItsWay(text);
+  const bool none = date_.enabled() && !text.isEmpty() && !date_.date() && !unfinished;
+  note_->setVisible(none);
+  line()->setAccessibleDescription(
+      none ? QStringLiteral("Non è una data: scrivere giorno, mese e anno, come 28/02/2017") : QString());
 }
 
 // "0503" is on its way to "05/03": the slash comes before the digit that follows day or month.
@@ -236,7 +264,7 @@ void DateView::openCalendar() {
   auto* calendar = new QCalendarWidget(&menu);
   calendar->setFirstDayOfWeek(Qt::Monday);
   calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-  const QDate day = QDate::fromString(shown(date_.text()), QStringLiteral("dd/MM/yyyy"));
+  const QDate day = QDate::fromString(shown(date_.entered()), QStringLiteral("dd/MM/yyyy"));
   if (day.isValid()) calendar->setSelectedDate(day);
   auto* holder = new QWidgetAction(&menu);
   holder->setDefaultWidget(calendar);

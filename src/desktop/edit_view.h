@@ -45,7 +45,8 @@ class NumericView : public EditView {
   NumericView(FormWindow& window, EditBox& box, QWidget* parent, const std::string& decimalPoint);
 };
 
-// A date: the slashes come by themselves where they belong, and a calendar opens beside it.
+// A date: the slashes come by themselves where they belong, and a calendar opens beside it. A note says
+// beside the box that what was typed is no date, as soon as it cannot become one.
 class DateView : public EditView {
  public:
   DateView(FormWindow& window, DateBox& box, QWidget* parent);
@@ -54,8 +55,11 @@ class DateView : public EditView {
   void refresh() override;
   void edited(const QString& now) override;
   void openCalendar();
+  void showNote();
   DateBox& date_;
   QToolButton* opener_;
+  QLabel* note_;
+  QObject watching_;  // ends with the view, which goes before its widgets do
 };
 
 // How a box's background is drawn.

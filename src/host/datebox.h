@@ -1,25 +1,34 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "host/date.h"
+#include "host/text.h"
 #include "host/textbox.h"
 
 namespace cu {
 
-// A date as a person writes it, "dd/mm/yyyy". Its value is the number of days since 30 December 1899, 0 when
-// the text is empty or no date; such a text is kept. When the focus goes, a date takes its full shape.
+// A date as a person writes it, "dd/mm/yyyy"; blanks beside it do not count. A text that is no date is kept
+// as it was typed, but holds no date. When the focus goes, a date takes its full shape.
 class DateBox : public EditBox {
  public:
   using EditBox::EditBox;
   void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
+  std::optional<Date> date() const { return Date::parseItalian(trim(text())); }
+  // Days since 30 December 1899; 0 without a date.
   std::int32_t value() const {
-    const auto day = Date::parseItalian(text());
+    const auto day = date();
     return day ? day->serial() : 0;
   }
+  // What a form goes by: the date in its full shape, empty without one.
+  std::string entered() const {
+    const auto day = date();
+    return day ? day->toItalian() : std::string();
+  }
   void leaving() override {
-    if (const auto day = Date::parseItalian(text())) show(day->toItalian());
+    if (const auto day = date()) show(day->toItalian());
   }
   void setDate(Date day) { setText(day.toItalian()); }
 };

@@ -19,10 +19,10 @@ bool FrmWizard::fnCreaFileCU() {
   ambiente_.frontEnd.progress("Controllo dei dati", 0, 0);
   Controlli controlli(sessione.database().internalConnection(), ambiente_.utilita, *oLogGrid);
   controlli.sbPreparaLog();
-  controlli.esegui({.dataFirma = dtDataFirma.text(),
+  controlli.esegui({.dataFirma = dtDataFirma.entered(),
                     .usoIntermediari = chkIntermediari.value(),
                     .codiceFiscaleIntermediario = txtCodiceFiscale.text(),
-                    .dataImpegno = dtDataImpegno.text()},
+                    .dataImpegno = dtDataImpegno.entered()},
                    sessione.IDAzienda(), globali_.gTabellaLavoro);
   if (controlli.bErrori()) {
     oLogGrid->show(0);
@@ -46,13 +46,13 @@ bool FrmWizard::avvisoData(const std::string& righe, DateBox& controllo) {
 
 bool FrmWizard::controllaDate() {
   const Date oggi = ambiente_.clock.today();
-  if (!dtDataFirma.text().empty() && dtDataFirma.value() > oggi.serial() &&
+  if (dtDataFirma.date() && dtDataFirma.value() > oggi.serial() &&
       !avvisoData("Attenzione! La data della firma non deve essere superiore alla\r\n"
                   "data odierna, altrimenti il file generato potrebbe essere scartato.",
                   dtDataFirma)) {
     return false;
   }
-  if (dtDataImpegno.text().empty() || !dtDataImpegno.enabled()) return true;
+  if (!dtDataImpegno.date() || !dtDataImpegno.enabled()) return true;
   if (dtDataImpegno.value() > oggi.serial()) {
     return avvisoData(
         "Attenzione! La data dell'impegno non deve essere superiore alla\r\n"

@@ -77,7 +77,7 @@ void FrmWizard::sbSalvaIntermediario() {
   sbScriviIntermediario(sessione.database().internalConnection(), sessione.IDAzienda(),
                         {.codiceFiscale = txtCodiceFiscale.text(),
                          .indiceImpegno = cboxTipoComunicazione.index(),
-                         .dataImpegno = dtDataImpegno.text()},
+                         .dataImpegno = dtDataImpegno.entered()},
                         ambiente_.utilita);
 }
 

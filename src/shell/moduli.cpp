@@ -17,7 +17,7 @@ void FrmWizard::stampaModuli(const std::string& sCodFisc) {
   const ricorsione::Corsa corsa{.idUtente = idUtente,
                                 .sTipoCom = fromInteger(tipoComunicazione()),
                                 .intermediari = chkIntermediari.value(),
-                                .dataFirma = dtDataFirma.text()};
+                                .dataFirma = dtDataFirma.entered()};
   const auto nome = [&] {
     return NomeModulo{.sCodFisc = sCodFisc,
                       .anno = KRNCboEsCont0.text(),

@@ -190,7 +190,7 @@ bool FrmWizard::fnControllaFiltri() {
 void FrmWizard::sbCaricaCompensi() {
   compensi_.sbCreaTabellaLavoro(filtri());
   grdCompensi.setState(0);
-  if (dtDataFirma.text().empty()) dtDataFirma.setDate(ambiente_.clock.today());
+  if (dtDataFirma.entered().empty()) dtDataFirma.setDate(ambiente_.clock.today());
 }
 
 void FrmWizard::sbPreparaStampa() {

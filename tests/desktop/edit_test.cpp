@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTest>
@@ -220,6 +221,44 @@ TEST_F(Typing, ADateGetsItsSlashesAndKeepsThemWhereTheyAreTyped) {
   QTest::keyClicks(&box, QStringLiteral("6/12/2016"));
   EXPECT_EQ(form.dtGiorno.text(), "6/12/2016");
   expectAgreement();
+}
+
+TEST_F(Typing, ABoxThatHoldsNoDateSaysSoAtOnceBesideIt) {
+  QLineEdit& box = line(form.dtGiorno);
+  const auto note = [&] {
+    QString told;
+    for (const QLabel* label : box.parentWidget()->findChildren<QLabel*>()) {
+      if (label->isVisible()) told += label->text();
+    }
+    EXPECT_EQ(told.isEmpty(), box.accessibleDescription().isEmpty());
+    return told;
+  };
+  const QString kNoDate = QStringLiteral("⚠ Non è una data");
+  const auto replace = [&](const QString& text) {
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClicks(&box, text);
+  };
+  EXPECT_EQ(note(), QString());
+  QTest::keyClicks(&box, QStringLiteral("3102202"));
+  EXPECT_EQ(note(), kNoDate) << "no year has this day";
+  QTest::keyClicks(&box, QStringLiteral("6"));
+  EXPECT_EQ(note(), kNoDate);
+  replace(QStringLiteral("2802201"));
+  EXPECT_EQ(note(), QString()) << "it is on its way to a date";
+  QTest::keyClick(&box, Qt::Key_Tab);
+  EXPECT_EQ(note(), kNoDate) << "it was left unfinished";
+  replace(QStringLiteral("28.02.17"));
+  EXPECT_EQ(note(), kNoDate);
+  replace(QStringLiteral("28/02/2017 "));
+  EXPECT_EQ(note(), QString());
+  expectAgreement();
+  QTest::keyClick(&box, Qt::Key_Tab);
+  EXPECT_EQ(box.text(), QStringLiteral("28/02/2017"));
+  form.dtGiorno.setText("mai");
+  EXPECT_EQ(note(), kNoDate);
+  form.dtGiorno.setText("");
+  EXPECT_EQ(note(), QString());
 }
 
 TEST_F(Typing, TabGoesInTheOrderOfTheControlsAndBack) {

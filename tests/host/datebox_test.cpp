@@ -64,6 +64,31 @@ TEST(DateBox, ATextThatIsNoDateKeepsItsShapeWhenTheFocusGoes) {
   EXPECT_EQ(box.text(), "31/2/2017");
 }
 
+TEST(DateBox, BlanksBesideADateDoNotCount) {
+  Stage stage;
+  DateBox box(stage.form, "dtDataFirma", nullptr);
+  box.enter(" 28/02/2017 ");
+  EXPECT_EQ(box.text(), " 28/02/2017 ");
+  EXPECT_EQ(box.entered(), "28/02/2017");
+  EXPECT_EQ(box.value(), 42794);
+  stage.form.setFocus(&box);
+  stage.form.setFocus(nullptr);
+  EXPECT_EQ(box.text(), "28/02/2017");
+}
+
+TEST(DateBox, WithoutADateNothingHasBeenEntered) {
+  Stage stage;
+  DateBox box(stage.form, "dtDataFirma", nullptr);
+  EXPECT_EQ(box.entered(), "");
+  for (const char* text : {"31/02/2026", "28.02.17", "   ", "28/02/ 2017"}) {
+    box.enter(text);
+    EXPECT_EQ(box.entered(), "") << text;
+    EXPECT_FALSE(box.date()) << text;
+  }
+  box.enter("5/3/2017");
+  EXPECT_EQ(box.entered(), "05/03/2017");
+}
+
 TEST(DateBox, DayZeroAndEarlierDaysAreNumbersToo) {
   Stage stage;
   DateBox box(stage.form, "dtDataImpegno", nullptr);

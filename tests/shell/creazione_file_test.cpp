@@ -96,6 +96,42 @@ TEST_F(FileRun, MissingDataLeaveCorrectionsAndIntermediaryStored) {
                           "Data dell'impegno non presente"));
 }
 
+TEST_F(FileRun, WhatIsNoDateIsMissing) {
+  certificati(1);
+  for (const char* testo : {"31/02/2026", "28.02.17", "  "}) {
+    vaiAllaFine();
+    form().dtDataFirma.enter(testo);
+    avviaRun();
+    EXPECT_THAT(factory.logs.back().column("Message"), ElementsAre("Data della firma non presente")) << testo;
+    EXPECT_EQ(form().dtDataFirma.text(), testo);
+    EXPECT_THAT(files.files, IsEmpty());
+  }
+  vaiAllaFine();
+  intermediario("NTRMDR70A01H501U", "31/02/2017");
+  form().dtDataFirma.enter("05/03/2017");
+  avviaRun();
+  EXPECT_THAT(factory.logs.back().column("Message"), ElementsAre("Data dell'impegno non presente"));
+  EXPECT_THAT(frontEnd.boxes, IsEmpty());
+}
+
+TEST_F(FileRun, BlanksBesideADateDoNotCount) {
+  certificati(2);
+  vaiAllaFine();
+  intermediario("NTRMDR70A01H501U", " 01/02/2017");
+  form().dtDataFirma.enter("28/02/2017 ");
+  avviaRun();
+  ASSERT_TRUE(riuscito());
+  const CurFile file(files.files.at(kFile));
+  EXPECT_THAT(file.line('B').text(), HasSubstr("01022017"));
+  EXPECT_THAT(file.line('D', 2).text(), HasSubstr("28022017"));
+  EXPECT_THAT(istruzioni(),
+              testing::Contains(testing::AllOf(StartsWith("INSERT INTO ConfigurazioneElencoCliFor"),
+                                               HasSubstr("'20170201'"))));
+  EXPECT_THAT(database.internal.texts(),
+              testing::Contains(
+                  testing::AllOf(StartsWith("INSERT INTO TabellaRicorsione2"), HasSubstr("'28/02/2017'"))));
+}
+
 TEST_F(FileRun, ASecondPressStartsAgainWithAnEmptyLog) {
   vaiAllaFine();
   form().dtDataFirma.enter("");
