@@ -31,9 +31,9 @@ void Casella::svuota() {
 
 Value Casella::valore() const {
   if (importo != nullptr) return Value::ofDecimal(importo->number());
-  if (testo != nullptr) return Value::ofText(testo->text());
+  if (testo != nullptr) return Value::ofText(testo->stored());
   if (flag != nullptr) return Value::ofInteger(flag->value() ? 1 : 0);
-  if (elenco != nullptr) return Value::ofInteger(elenco->record().value_or(0));
+  if (elenco != nullptr) return Value::ofInteger(elenco->storedRecord().value_or(0));
   if (numero != nullptr) return Value::ofInteger(numero->value());
   return {};
 }

@@ -2,7 +2,7 @@
 
 namespace cu {
 
-std::int32_t idComune(const Picker& comune) { return static_cast<std::int32_t>(comune.record()); }
+std::int32_t idComune(const Picker& comune) { return static_cast<std::int32_t>(comune.storedRecord()); }
 
 void associaComune(Picker& comune, const AmbienteEditor& ambiente) {
   SessioneHost& sessione = *ambiente.globali.gSessione;

@@ -44,7 +44,7 @@ void EditorCompenso::riscriviRiga() {
     cu::Recordset codice;
     codice.Open(interna(), ambiente_.utilita.fnAnsi2jet(
                                "SELECT Codice FROM CodicePerNonSoggetti WHERE IDCodicePerNonSoggetti = " +
-                               fromInteger(casella.elenco->record().value_or(0))));
+                               fromInteger(casella.elenco->storedRecord().value_or(0))));
     colonne.emplace_back(
         "CodicePerNonSoggetti",
         Value::ofText(codice.Eof() ? std::string() : ambiente_.utilita.toText(codice.Get(0))));

@@ -16,10 +16,15 @@ void ListBox::add(const std::string& text, std::optional<std::int64_t> record) {
   notify();
 }
 
-void ListBox::setIndex(int index) {
-  if (index < 0 || index >= static_cast<int>(entries_.size())) index = -1;
-  if (index == index_) return;
-  index_ = index;
+void ListBox::setIndex(std::int64_t index) { choose(index, std::nullopt); }
+
+void ListBox::choose(std::int64_t index, std::optional<std::int64_t> unlisted) {
+  storedIndex_ = index;
+  unlisted_ = unlisted;
+  const bool listed = index >= 0 && index < static_cast<std::int64_t>(entries_.size());
+  const int shown = listed ? static_cast<int>(index) : -1;
+  if (shown == index_) return;
+  index_ = shown;
   notify();
   if (onChange) onChange();
 }
@@ -46,7 +51,10 @@ int ListBox::indexOfRecord(std::int64_t record) const {
   return -1;
 }
 
-void ListBox::setRecord(std::int64_t record) { setIndex(indexOfRecord(record)); }
+void ListBox::setRecord(std::int64_t record) {
+  const int index = indexOfRecord(record);
+  choose(index, index < 0 ? std::optional(record) : std::nullopt);
+}
 
 void ListBox::setSource(const std::string& statement) {
   source_ = statement;
@@ -69,6 +77,8 @@ void ListBox::load() {
   entries_ = std::move(entries);
   const bool chosen = index_ >= 0;
   index_ = -1;
+  storedIndex_ = -1;
+  unlisted_.reset();
   notify();
   if (chosen && onChange) onChange();
 }

@@ -27,10 +27,13 @@ class ListBox : public Control {
   const std::vector<Entry>& entries() const { return entries_; }
 
   int index() const { return index_; }  // -1 when none is chosen
-  void setIndex(int index);             // out of range means none; raises the change event when it differs
+  void setIndex(std::int64_t index);    // out of range means none; raises the change event when it differs
   std::string text() const;
   std::optional<std::int64_t> record() const;
   void setRecord(std::int64_t record);  // the entry of that key, or none
+  // What is to be stored: the index or the key last set, also where the list has no such entry.
+  std::int64_t storedIndex() const { return storedIndex_; }
+  std::optional<std::int64_t> storedRecord() const { return unlisted_ ? unlisted_ : record(); }
   int indexOf(std::string_view text) const;
   int indexOfRecord(std::int64_t record) const;
 
@@ -50,8 +53,12 @@ class ListBox : public Control {
   Event onChange;
 
  private:
+  void choose(std::int64_t index, std::optional<std::int64_t> unlisted);
+
   std::vector<Entry> entries_;
   int index_ = -1;
+  std::int64_t storedIndex_ = -1;
+  std::optional<std::int64_t> unlisted_;  // the key last set, where no entry has it
   Connection* connection_ = nullptr;
   std::string source_;
   std::string displayField_;

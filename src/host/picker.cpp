@@ -32,6 +32,7 @@ void Picker::list(Recordset& rows) const {
 
 void Picker::setRecord(std::int64_t id) {
   std::string text = nameOf(id);
+  storedRecord_ = id;
   const std::int64_t record = text.empty() ? 0 : id;
   if (record == record_ && text == text_) return;
   record_ = record;

@@ -23,6 +23,8 @@ class Picker : public Control {
 
   std::int64_t record() const { return record_; }  // 0 when none
   const std::string& text() const { return text_; }
+  // What is to be stored: the id last set, also one that no row has.
+  std::int64_t storedRecord() const { return storedRecord_; }
   // The name of a municipality, "" when no row has that id.
   std::string nameOf(std::int64_t id) const;
   // The rows of its search list, id, province and name, in the order of the names.
@@ -37,6 +39,7 @@ class Picker : public Control {
   std::string title_;
   std::int32_t helpContext_ = 0;
   std::int64_t record_ = 0;
+  std::int64_t storedRecord_ = 0;
   std::string text_;
 };
 

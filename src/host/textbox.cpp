@@ -24,7 +24,9 @@ std::optional<std::string> EditBox::pasted(std::string_view text) const { return
 bool EditBox::leaves(const std::string&) const { return true; }
 
 void EditBox::setText(const std::string& text) {
-  if (text_ != text) change(text);
+  const std::string_view fitting = maxLength_ > 0 ? leftCodePoints(text, maxLength_) : text;
+  longer_ = fitting.size() < text.size() ? text : std::string();
+  if (text_ != fitting) change(std::string(fitting));
 }
 
 void EditBox::setLocked(bool locked) {
@@ -45,6 +47,7 @@ bool EditBox::take(std::string before, char32_t character, const std::string& be
   if (maxLength_ > 0 && codePoints(before) + codePoints(behind) >= maxLength_) return false;
   if (!admits(before, character, behind)) return false;
   appendUtf8(before, character);
+  longer_.clear();
   change(before + behind);  // a character typed is a change, also where it replaces its like
   return true;
 }
@@ -74,6 +77,7 @@ bool EditBox::pasteAt(std::size_t at, std::size_t count, std::string_view text) 
   if (maxLength_ > 0) {
     const std::size_t kept = codePoints(before) + codePoints(behind);
     fitting = leftCodePoints(text, kept < maxLength_ ? maxLength_ - kept : 0);
+    if (fitting.empty() && !text.empty() && count == 0) return false;
   }
   const auto taken = pasted(before + std::string(fitting) + behind);
   if (taken) setText(*taken);

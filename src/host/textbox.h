@@ -15,7 +15,10 @@ class EditBox : public Control {
   using Control::Control;
 
   const std::string& text() const { return text_; }
-  void setText(const std::string& text);                // raises the change event when it differs
+  // Cut at the length; raises the change event when what is shown differs.
+  void setText(const std::string& text);
+  // What is to be stored: the text, or the longer one that code has put in, as long as nobody has typed.
+  const std::string& stored() const { return longer_.empty() ? text_ : longer_; }
   std::size_t maxLength() const { return maxLength_; }  // in characters, 0 for any
   void setMaxLength(std::size_t characters) { maxLength_ = characters; }
   bool locked() const { return locked_; }
@@ -53,6 +56,7 @@ class EditBox : public Control {
   bool take(std::string before, char32_t character, const std::string& behind);
 
   std::string text_;
+  std::string longer_;  // than the box; empty for none
   std::size_t maxLength_ = 0;
   bool locked_ = false;
   Background background_ = Background::Window;

@@ -75,8 +75,8 @@ void FrmWizard::sbSalvaIntermediario() {
   if (!chkIntermediari.value()) return;
   SessioneHost& sessione = *globali_.gSessione;
   sbScriviIntermediario(sessione.database().internalConnection(), sessione.IDAzienda(),
-                        {.codiceFiscale = txtCodiceFiscale.text(),
-                         .indiceImpegno = cboxTipoComunicazione.index(),
+                        {.codiceFiscale = txtCodiceFiscale.stored(),
+                         .indiceImpegno = cboxTipoComunicazione.storedIndex(),
                          .dataImpegno = dtDataImpegno.entered()},
                         ambiente_.utilita);
 }

@@ -15,7 +15,7 @@ std::optional<Intermediario> fnLeggiIntermediario(Connection& connessione, std::
                                fromInteger(idAzienda)));
   if (riga.Eof()) return std::nullopt;
   return Intermediario{.codiceFiscale = utilita.toText(riga.Get("CodiceFiscaleIntermediario")),
-                       .indiceImpegno = utilita.toLong(riga.Get("TipoComunicazione")) - 1,
+                       .indiceImpegno = std::int64_t{utilita.toLong(riga.Get("TipoComunicazione"))} - 1,
                        .dataImpegno = utilita.toText(riga.Get("DataImpegno"))};
 }
 

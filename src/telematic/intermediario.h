@@ -13,7 +13,8 @@ class UtilitaSuite;
 // The intermediary as the screen shows it.
 struct Intermediario {
   std::string codiceFiscale;
-  int indiceImpegno = -1;   // of the list of commitments, -1 when none is chosen; stored plus 1
+  // Of the list of commitments, -1 when none is chosen; stored plus 1. It may be one that the list has not.
+  std::int64_t indiceImpegno = -1;
   std::string dataImpegno;  // "dd/mm/yyyy"; may be empty
 };
 

@@ -204,6 +204,16 @@ TEST_F(AdditionalData, AnEmptyPickerGivesZeroAndAnEmptyName) {
   EXPECT_EQ(dialogo.dati.ComuneResidenzaAnnoCorr, "");
 }
 
+TEST_F(AdditionalData, AMunicipalityThatNoRowHasIsKept) {
+  database.own.answer("SELECT Comune FROM Comune WHERE IDComune = 7", Table({"Comune"}, {}));
+  DatiAggiuntivi dati = completi();
+  dati.IDComuneResidenzaAnnoPrec = 7;
+  riempi(1, dati);
+  EXPECT_EQ(dialogo.TownComuneResidenzaAnnoPrec.record(), 0);
+  premiOk();
+  EXPECT_EQ(dialogo.dati.IDComuneResidenzaAnnoPrec, 7);
+}
+
 TEST_F(AdditionalData, CancelLeavesItsMembersAsTheyWere) {
   riempi(3, completi());
   protocollo().enter("99");

@@ -72,6 +72,25 @@ TEST_P(HandBack, StoresTheCodeOfTheChosenId) {
               Contains("SELECT Codice FROM CodicePerNonSoggetti WHERE IDCodicePerNonSoggetti = 2"));
 }
 
+TEST_P(HandBack, KeepsAnIdThatItsListHasNot) {
+  apri(GetParam(), {{"IDCodicePerNonSoggetti", whole(77)}});
+  EXPECT_EQ(c<ListBox>("cboCodicePerNonSoggetti").index(), -1);
+  conferma();
+  EXPECT_EQ(colonna("IDCodicePerNonSoggetti"), "77");
+  EXPECT_EQ(colonna("RitenuteAcconto"), "5");
+}
+
+TEST_P(HandBack, KeepsAFiscalCodeThatIsLongerThanItsBox) {
+  if (GetParam() == 2014) return;  // the oldest layout has no such box
+  apri(GetParam(), {{"AltriSoggettiCodiceFiscale", text("RSSMRA70A01H501U-VECCHIO")},
+                    {"CodiceFiscaleLavoroAutonomo", text("RSSMRA70A01H501U-VECCHIO")}});
+  EXPECT_EQ(testo(5).text(), "RSSMRA70A01H501U");
+  testo(6).enter("RSSMRA70A01H501U-NUOVO");
+  conferma();
+  EXPECT_EQ(colonna("AltriSoggettiCodiceFiscale"), "RSSMRA70A01H501U-VECCHIO");
+  EXPECT_EQ(colonna("CodiceFiscaleLavoroAutonomo"), "RSSMRA70A01H501U");
+}
+
 TEST_P(HandBack, WithoutAChosenIdStoresNoCode) {
   apri(GetParam(), {{"IDCodicePerNonSoggetti", whole(1)}, {"CodicePerNonSoggetti", text("C1")}});
   c<ListBox>("cboCodicePerNonSoggetti").setIndex(-1);

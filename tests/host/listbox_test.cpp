@@ -102,6 +102,32 @@ TEST(ListBox, FindsEntriesByTextAndKey) {
   EXPECT_EQ(on.list.index(), -1);
 }
 
+TEST(ListBox, WhatItCannotShowIsStoredUntilAnEntryOrNoneIsChosen) {
+  Lists on;
+  on.list.add("a", 3);
+  on.list.add("b", 4);
+  EXPECT_EQ(on.list.storedIndex(), -1);
+  on.list.setIndex(7);
+  EXPECT_EQ(on.list.index(), -1);
+  EXPECT_EQ(on.list.storedIndex(), 7);
+  EXPECT_TRUE(on.changes.empty());
+  on.list.setIndex(-1);
+  EXPECT_EQ(on.list.storedIndex(), -1);
+  on.list.setRecord(99);
+  EXPECT_EQ(on.list.record(), std::nullopt);
+  EXPECT_EQ(on.list.storedRecord(), 99);
+  on.list.setIndex(1);
+  EXPECT_EQ(on.list.storedIndex(), 1);
+  EXPECT_EQ(on.list.storedRecord(), 4);
+  on.list.setRecord(99);
+  on.list.setIndex(-1);
+  EXPECT_EQ(on.list.storedRecord(), std::nullopt);
+  on.list.setRecord(99);
+  on.loadYears();
+  EXPECT_EQ(on.list.storedRecord(), std::nullopt);
+  EXPECT_EQ(on.list.storedIndex(), -1);
+}
+
 TEST(ListBox, FillsItselfFromAStatementAndChoosesNothing) {
   Lists on;
   on.loadYears();

@@ -75,6 +75,16 @@ TEST_F(PickerTest, AnIdThatNoRowHasEmptiesIt) {
   EXPECT_EQ(picker.nameOf(7), "");
 }
 
+TEST_F(PickerTest, AnIdThatNoRowHasIsStoredUntilAnotherIsSet) {
+  picker.setRecord(7);
+  EXPECT_EQ(picker.storedRecord(), 7);
+  EXPECT_EQ(changes, 0);
+  picker.setRecord(0);
+  EXPECT_EQ(picker.storedRecord(), 0);
+  picker.setRecord(58);
+  EXPECT_EQ(picker.storedRecord(), 58);
+}
+
 TEST_F(PickerTest, BindingAgainEmptiesIt) {
   picker.setRecord(58);
   picker.bind(connection, "Altro", 5);

@@ -37,6 +37,37 @@ TEST(EditBox, AnAssignmentRaisesTheEventWhenTheTextDiffers) {
   EXPECT_EQ(view.changes, 2);
 }
 
+TEST(EditBox, AnAssignmentIsCutAtTheLengthAndStoredWholeUntilAPersonTypes) {
+  Box on;
+  on.box.setMaxLength(4);
+  on.box.setText("perché no");
+  EXPECT_EQ(on.box.text(), "perc");
+  EXPECT_EQ(on.box.stored(), "perché no");
+  on.box.setText("perciò");
+  EXPECT_EQ(on.box.stored(), "perciò");
+  EXPECT_EQ(on.changes, (std::vector<std::string>{"perc"}));
+  EXPECT_FALSE(on.box.type(U'x'));
+  EXPECT_EQ(on.box.stored(), "perciò");
+  EXPECT_TRUE(on.box.eraseAt(3, 1));
+  EXPECT_EQ(on.box.stored(), "per");
+  EXPECT_TRUE(on.box.type(U'c'));
+  EXPECT_EQ(on.box.stored(), "perc");
+}
+
+TEST(EditBox, TypingOrPastingTheLikeOfALongerTextShortensIt) {
+  Box on;
+  on.box.setMaxLength(2);
+  on.box.setText("1234");
+  on.box.enter("12");
+  EXPECT_EQ(on.box.stored(), "12");
+  on.box.setText("1234");
+  on.box.paste("12");
+  EXPECT_EQ(on.box.stored(), "12");
+  on.box.setText("1234");
+  on.box.setText("12");
+  EXPECT_EQ(on.box.stored(), "12");
+}
+
 TEST(EditBox, EachCharacterTypedIsOneChange) {
   Box on;
   on.box.setText("vecchio");
@@ -118,14 +149,6 @@ TEST(EditBox, AFullBoxTakesNoMoreButASelectionIsReplaced) {
   EXPECT_EQ(on.box.text(), "123");
   on.box.enter("4");
   EXPECT_EQ(on.box.text(), "4");
-}
-
-TEST(EditBox, CodeMayPutInMoreThanTheLength) {
-  Box on;
-  on.box.setMaxLength(3);
-  on.box.setText("12345");
-  EXPECT_EQ(on.box.text(), "12345");
-  EXPECT_FALSE(on.box.type(U'6'));
 }
 
 TEST(EditBox, OneCharacterIsTypedAtTheEnd) {
@@ -242,14 +265,15 @@ TEST(EditBox, APasteAtAPlaceIsCutAtTheRoomThatIsLeft) {
 
 TEST(EditBox, NothingIsPastedIntoAFullOrALockedBox) {
   Box on;
-  on.box.setText("più lungo");  // by code, past the length
   on.box.setMaxLength(4);
+  on.box.setText("più lungo");
   on.changes.clear();
-  on.box.pasteAt(2, 0, "no");
-  EXPECT_EQ(on.box.text(), "più lungo");
+  EXPECT_FALSE(on.box.pasteAt(2, 0, "no"));
+  EXPECT_EQ(on.box.text(), "più ");
+  EXPECT_EQ(on.box.stored(), "più lungo");
   on.box.setLocked(true);
-  EXPECT_FALSE(on.box.pasteAt(0, 9, "x"));
-  EXPECT_EQ(on.box.text(), "più lungo");
+  EXPECT_FALSE(on.box.pasteAt(0, 4, "x"));
+  EXPECT_EQ(on.box.text(), "più ");
   EXPECT_TRUE(on.changes.empty());
 }
 

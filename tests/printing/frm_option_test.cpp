@@ -47,6 +47,12 @@ TEST_F(PrintOptions, OpensWithCaptionsAndTheStoredSpacingLocked) {
   EXPECT_THAT(utilita.prepared, ElementsAre("frmOption"));
 }
 
+TEST_F(PrintOptions, OfALongerSpacingTheBoxShowsWhatItHolds) {
+  interlinea(valore(text("12")));
+  form.load();
+  EXPECT_EQ(form.txtInter.text(), "1");
+}
+
 TEST_F(PrintOptions, EscAndEnterPressTheButtonsThatCloseIt) {
   form.load();
   form.keyDown(27, 0);

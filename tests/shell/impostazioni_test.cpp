@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <string>
+
 #include "shell/wizard_prova.h"
 
 namespace cu::test {
@@ -16,10 +19,25 @@ const std::string kLettura =
 
 class RunSettings : public testing::Test, public WizardProva {
  protected:
-  void intermediarioSalvato() {
-    database.internal.answer(kLettura,
-                             Table({"CodiceFiscaleIntermediario", "TipoComunicazione", "DataImpegno"},
-                                   {{text("NTRMDR70A01H501U"), whole(2), day(2017, 2, 10)}}));
+  void intermediarioSalvato(const char* codice = "NTRMDR70A01H501U", const Value& impegno = whole(2)) {
+    const Table riga({"CodiceFiscaleIntermediario", "TipoComunicazione", "DataImpegno"},
+                     {{text(codice), impegno, day(2017, 2, 10)}});
+    database.internal.answer(kLettura, riga);
+    database.internal.answer("SELECT * FROM ConfigurazioneElencoCliFor WHERE IDAzienda = 1", riga);
+  }
+  // What "Avvia" stores of the intermediary.
+  std::string memorizzato() {
+    for (int i = passo(); i < 2; ++i) premi(form().cmdNav[3]);
+    dimentica();
+    premi(form().cmdNav[4]);
+    for (const std::string& testo : database.internal.texts()) {
+      if (testo.starts_with("UPDATE ConfigurazioneElencoCliFor")) return testo;
+    }
+    return {};
+  }
+  static std::string istruzione(const std::string& codice, const std::string& impegno) {
+    return "UPDATE ConfigurazioneElencoCliFor SET  CodiceFiscaleIntermediario = '" + codice +
+           "', TipoComunicazione = " + impegno + ", DataImpegno = '20170210' WHERE IDAzienda = 1";
   }
 };
 
@@ -132,6 +150,34 @@ TEST_F(RunSettings, TheIntermediarysCodeHoldsSixteenCharacters) {
   form().txtCodiceFiscale.enter("ABCDEFGHIJKLMNOPQR");
   EXPECT_EQ(form().txtCodiceFiscale.text(), "ABCDEFGHIJKLMNOP");
 }
+
+TEST_F(RunSettings, ALongerStoredCodeIsShownCutAndStaysStoredUntilAPersonTypes) {
+  intermediarioSalvato("NTRMDR70A01H501U/2");
+  vaiAllaFine();
+  premi(form().chkIntermediari);
+  EXPECT_EQ(form().txtCodiceFiscale.text(), "NTRMDR70A01H501U");
+  EXPECT_EQ(memorizzato(), istruzione("NTRMDR70A01H501U/2", "2"));
+  form().txtCodiceFiscale.enter("ALTRO");
+  EXPECT_EQ(memorizzato(), istruzione("ALTRO", "2"));
+}
+
+class UnlistedCommitment : public RunSettings, public testing::WithParamInterface<std::int32_t> {};
+
+TEST_P(UnlistedCommitment, StaysStoredUntilOneIsChosen) {
+  intermediarioSalvato("NTRMDR70A01H501U", whole(GetParam()));
+  vaiAllaFine();
+  premi(form().chkIntermediari);
+  EXPECT_EQ(form().cboxTipoComunicazione.index(), -1);
+  EXPECT_EQ(memorizzato(), istruzione("NTRMDR70A01H501U", std::to_string(GetParam())));
+  form().cboxTipoComunicazione.setIndex(0);
+  EXPECT_EQ(memorizzato(), istruzione("NTRMDR70A01H501U", "1"));
+  form().cboxTipoComunicazione.setIndex(-1);
+  EXPECT_EQ(memorizzato(), istruzione("NTRMDR70A01H501U", "0"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Codes, UnlistedCommitment,
+                         testing::Values(3, 0, -5, std::numeric_limits<std::int32_t>::max(),
+                                         std::numeric_limits<std::int32_t>::min()));
 
 TEST_F(RunSettings, TheFolderDialogStartsAtTheShownFolderAndItsChoiceBecomesTheFolder) {
   vaiAllaFine();
