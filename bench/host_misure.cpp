@@ -138,7 +138,7 @@ std::unique_ptr<FlatRows> flat() {
 class MemoryConnection : public Connection {
  public:
   explicit MemoryConnection(std::size_t rows = kRows) : rows_(rows) {}
-  void Execute(std::string_view) override {}
+  std::int64_t Execute(std::string_view) override { return -1; }
   void Query(std::string_view, RowStore& rows) override {
     rows.setColumns(columns());
     for (std::size_t row = 0; row < rows_; ++row) append(rows, row);

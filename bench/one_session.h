@@ -26,8 +26,10 @@ class OneConnection : public DatabaseHost {
 class TimedConnection : public Connection {
  public:
   explicit TimedConnection(Connection& inner) : inner_(inner) {}
-  void Execute(std::string_view statement) override {
-    spent += seconds([&] { inner_.Execute(statement); });
+  std::int64_t Execute(std::string_view statement) override {
+    std::int64_t touched = -1;
+    spent += seconds([&] { touched = inner_.Execute(statement); });
+    return touched;
   }
   void Query(std::string_view source, RowStore& rows) override {
     spent += seconds([&] { inner_.Query(source, rows); });

@@ -68,7 +68,9 @@ std::vector<VoceControllo> controllaTabelle(Connection& connessione, Connection&
       if (errore.kind() == DatabaseErrorKind::Unavailable || errore.kind() == DatabaseErrorKind::Timeout)
         throw;
       voce.manca = true;
-      voce.stato = errore.kind() == DatabaseErrorKind::Syntax ? "MANCA" : "NON SI LEGGE";
+      const bool manca =
+          errore.kind() == DatabaseErrorKind::Missing || errore.kind() == DatabaseErrorKind::Syntax;
+      voce.stato = manca ? "MANCA" : "NON SI LEGGE";
     }
     voci.push_back(std::move(voce));
     if (trovate != nullptr) confronta(nome, *attese, *trovate, voci);

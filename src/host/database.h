@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,8 +16,9 @@ class Rowset;
 class Connection {
  public:
   virtual ~Connection() = default;
-  // Runs a statement from which no rows are wanted.
-  virtual void Execute(std::string_view statement) = 0;
+  // Runs a statement from which no rows are wanted, and returns how many it has touched: of several in one
+  // text the last one's, -1 where the engine does not say.
+  virtual std::int64_t Execute(std::string_view statement) = 0;
   // Runs a statement, or reads the whole table when the text is a plain table name, and appends columns and
   // rows.
   virtual void Query(std::string_view source, RowStore& rows) = 0;

@@ -37,6 +37,7 @@ inline constexpr int kErrorObjectClosed = 3704;
 inline constexpr int kErrorObjectOpen = 3705;
 inline constexpr int kErrorFilter = 3001;
 inline constexpr int kErrorDatabase = -2147217900;  // the base of what a database refuses
+inline constexpr int kErrorRowGone = -2147217864;   // a row that another session has taken away
 inline constexpr int kErrorObjectBase = -2147221504;
 
 // Whatever was raised, as what a user reads.
@@ -59,7 +60,10 @@ enum class DatabaseErrorKind {
   Unavailable,  // missing, unreadable, not a database, cannot be reached
   NoSchema,     // a database without the suite's tables
   Locked,       // another program holds it
-  Constraint,   // a key or NOT NULL
+  Missing,      // a table or view that is not there
+  Exists,       // one that is there already
+  Duplicate,    // a second row with the same key
+  Constraint,   // another one, such as NOT NULL
   Syntax,       // a statement that the engine does not take
   Full,         // no space left
   ReadOnly,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -29,9 +30,9 @@ class ConnessioneTracciata : public Connection {
  public:
   ConnessioneTracciata(Connection& connessione, TracciaSql& traccia)
       : connessione_(connessione), traccia_(traccia) {}
-  void Execute(std::string_view statement) override {
+  std::int64_t Execute(std::string_view statement) override {
     traccia_.scrivi(statement);
-    connessione_.Execute(statement);
+    return connessione_.Execute(statement);
   }
   void Query(std::string_view source, RowStore& rows) override {
     traccia_.scrivi(source);

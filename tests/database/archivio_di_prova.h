@@ -57,11 +57,11 @@ class RefusingConnection : public Connection {
  public:
   RefusingConnection(Connection& connection, std::string piece)
       : connection_(connection), piece_(std::move(piece)) {}
-  void Execute(std::string_view statement) override {
+  std::int64_t Execute(std::string_view statement) override {
     if (statement.find(piece_) != std::string_view::npos) {
       throw DatabaseError(DatabaseErrorKind::Full, 0, "", "Spazio esaurito.");
     }
-    connection_.Execute(statement);
+    return connection_.Execute(statement);
   }
   void Query(std::string_view source, RowStore& rows) override { connection_.Query(source, rows); }
 

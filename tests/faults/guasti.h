@@ -38,9 +38,9 @@ class ConnessioneGuasta : public Connection {
  public:
   ConnessioneGuasta(std::unique_ptr<Connection> vera, Guasto& guasto)
       : vera_(std::move(vera)), guasto_(guasto) {}
-  void Execute(std::string_view testo) override {
+  std::int64_t Execute(std::string_view testo) override {
     prova(testo);
-    vera_->Execute(testo);
+    return vera_->Execute(testo);
   }
   void Query(std::string_view testo, RowStore& righe) override {
     prova(testo);

@@ -180,7 +180,7 @@ class AnyRows : public cu::Connection {
       }
     }
   }
-  void Execute(std::string_view) override {}
+  std::int64_t Execute(std::string_view) override { return -1; }
   void Query(std::string_view source, cu::RowStore& rows) override {
     if (source.ends_with(" WHERE 1 = 0")) {
       cu::test::Table(rows_.columns).fill(rows);

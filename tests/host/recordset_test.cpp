@@ -117,7 +117,7 @@ TEST(Recordset, AFailedOpeningLeavesItClosed) {
 TEST(Recordset, AResultWithoutColumnsIsEmpty) {
   class Mute : public Connection {
    public:
-    void Execute(std::string_view) override {}
+    std::int64_t Execute(std::string_view) override { return -1; }
     void Query(std::string_view, RowStore&) override {}
   } connection;
   Recordset set;

@@ -13,7 +13,10 @@ class SguardoAlFile : public Connection {
  public:
   explicit SguardoAlFile(const test::TempFolder& cartella) : cartella_(cartella) {}
   std::string alMomento;
-  void Execute(std::string_view) override { alMomento = cartella_.read("t.sql"); }
+  std::int64_t Execute(std::string_view) override {
+    alMomento = cartella_.read("t.sql");
+    return 7;
+  }
   void Query(std::string_view, RowStore& rows) override {
     alMomento = cartella_.read("t.sql");
     test::Table({"a"}, {}).fill(rows);
@@ -47,7 +50,7 @@ TEST(Traccia, ALineIsThereBeforeItsStatementRuns) {
   TracciaSql traccia(cartella / "t.sql");
   SguardoAlFile dietro(cartella);
   ConnessioneTracciata connessione(dietro, traccia);
-  connessione.Execute("DELETE FROM T");
+  EXPECT_EQ(connessione.Execute("DELETE FROM T"), 7);
   EXPECT_EQ(dietro.alMomento, "\"DELETE FROM T\"\n");
   RowStore righe;
   connessione.Query("tmpprequadrivio12", righe);

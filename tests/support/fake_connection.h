@@ -47,6 +47,11 @@ class FakeConnection : public Connection {
                       }});
   }
 
+  // A statement that contains the piece touches so many rows; of others the connection does not say.
+  void touchContaining(std::string piece, std::int64_t rows) {
+    touched_.emplace_back(std::move(piece), rows);
+  }
+
   std::vector<std::string> texts() const {
     std::vector<std::string> result;
     for (const Sent& each : sent) result.push_back(each.text);
@@ -60,9 +65,13 @@ class FakeConnection : public Connection {
     return result;
   }
 
-  void Execute(std::string_view statement) override {
+  std::int64_t Execute(std::string_view statement) override {
     sent.push_back({Kind::Execute, std::string(statement), readDepth > 0});
     if (const Rule* rule = fitting(statement)) rule->answer(statement);
+    for (auto count = touched_.rbegin(); count != touched_.rend(); ++count) {
+      if (statement.find(count->first) != std::string_view::npos) return count->second;
+    }
+    return -1;
   }
   void Query(std::string_view source, RowStore& rows) override {
     sent.push_back({Kind::Query, std::string(source), readDepth > 0});
@@ -95,6 +104,7 @@ class FakeConnection : public Connection {
   }
 
   std::vector<Rule> rules_;
+  std::vector<std::pair<std::string, std::int64_t>> touched_;
 };
 
 }  // namespace cu::test

@@ -32,6 +32,7 @@ constexpr const char* kDamaged = "Il database è danneggiato. Ripristinarlo da u
 constexpr const char* kRights =
     "L'utente del database non ha i diritti per questa operazione. Verificarli con «cuctl check».";
 constexpr const char* kLogin = "Il server del database ha rifiutato l'utente o la password.";
+constexpr const char* kNotTaken = "Il server del database non accetta l'istruzione";
 constexpr const char* kTooLong = "Un testo è più lungo della colonna che lo riceve.";
 constexpr const char* kUnreachable =
     "Il server del database non si può raggiungere. Verificare l'indirizzo nel profilo e la rete.";
@@ -45,7 +46,9 @@ constexpr const char* kNotEncrypted =
 constexpr const char* kNoDatabase = "Il database indicato non esiste sul server, o l'utente non può aprirlo.";
 
 constexpr Known kServerNumbers[] = {
-    {208, Syntax, "Nel database manca una tabella o una vista. Verificare con «cuctl check»."},
+    {208, Missing, "Nel database manca una tabella o una vista. Verificare con «cuctl check»."},
+    {3701, Missing, "Nel database manca una tabella o una vista. Verificare con «cuctl check»."},
+    {2714, Exists, "Nel database esiste già una tabella o una vista con questo nome."},
     {207, Syntax, "Nel database manca una colonna. Verificare con «cuctl check»."},
     {2715, Syntax, "Nel database manca un tipo della suite. Verificare con «cuctl check»."},
     {229, Other, kRights},
@@ -55,8 +58,8 @@ constexpr Known kServerNumbers[] = {
     {2760, Other, kRights},
     {515, Constraint, kNull},
     {547, Constraint, "Il database ha rifiutato i dati per un vincolo."},
-    {2601, Constraint, kDuplicate},
-    {2627, Constraint, kDuplicate},
+    {2601, Duplicate, kDuplicate},
+    {2627, Duplicate, kDuplicate},
     {8672, Constraint, "MERGE troverebbe più righe per la stessa riga da modificare."},
     {2628, Other, kTooLong},
     {8152, Other, kTooLong},
@@ -94,13 +97,17 @@ constexpr State kStates[] = {
     {"08", Unavailable, kUnreachable},
     {"3D", Unavailable, kNoDatabase},
     {"23502", Constraint, kNull},
-    {"23505", Constraint, kDuplicate},
+    {"23505", Duplicate, kDuplicate},
     {"23", Constraint, "Il database ha rifiutato i dati per un vincolo."},
     {"22001", Other, kTooLong},
     {"22003", Other, "Un numero è fuori dai limiti della colonna che lo riceve."},
     {"42501", Other, kRights},
-    {"42", Syntax, "Il server del database non accetta l'istruzione"},
-    {"S0", Syntax, "Il server del database non accetta l'istruzione"},
+    {"42S02", Missing, kNotTaken},
+    {"42P01", Missing, kNotTaken},
+    {"42S01", Exists, kNotTaken},
+    {"42P07", Exists, kNotTaken},
+    {"42", Syntax, kNotTaken},
+    {"S0", Syntax, kNotTaken},
     {"40", Locked, kBusy},
     {"55P03", Locked, kBusy},
     {"53100", Full, kFull},

@@ -99,6 +99,7 @@ struct OdbcConnection::State {
   }
   void run(std::string_view statement, RowStore* rows);
   void results(RowStore* rows);
+  bool countsNothing() const;
   [[noreturn]] void fail(const Circumstance& circumstance);
 
   OdbcSettings settings;
@@ -111,7 +112,7 @@ struct OdbcConnection::State {
   std::optional<BlockReader> reader;
   bool wide = true;
   bool lost = false;
-  std::int64_t affected = -1;
+  std::int64_t touched = -1;
   std::vector<SQLWCHAR> wideText;
 };
 
@@ -176,7 +177,7 @@ void OdbcConnection::State::run(std::string_view source, RowStore* rows) {
   refuseNull(source);
   reviveIfLost();
   const Circumstance circumstance{kindOf(source), source, settings.statementSeconds, settings.encrypt};
-  affected = -1;
+  touched = -1;
   const Closing closing{statement, watchdog, settings.statementSeconds};
   try {
     SQLRETURN code = SQL_ERROR;
@@ -204,9 +205,11 @@ void OdbcConnection::State::results(RowStore* rows) {
     SQLSMALLINT columns = 0;
     if (!SQL_SUCCEEDED(SQLNumResultCols(statement.get(), &columns))) throw CallFailed{};
     if (columns == 0) {
+      // What a trigger has touched comes before the statement's own count.
       SQLLEN count = -1;
-      if (SQL_SUCCEEDED(SQLRowCount(statement.get(), &count)) && count >= 0) {
-        affected = std::max<std::int64_t>(affected, 0) + count;
+      if (SQL_SUCCEEDED(SQLRowCount(statement.get(), &count)) && count >= 0 &&
+          !(count == 0 && countsNothing())) {
+        touched = count;
       }
     } else if (rows != nullptr) {
       reader->read(statement, columns, *rows, watchdog, settings.statementSeconds);
@@ -217,6 +220,15 @@ void OdbcConnection::State::results(RowStore* rows) {
     if (code == SQL_NO_DATA) return;
     if (!SQL_SUCCEEDED(code)) throw CallFailed{};
   }
+}
+
+// Of a server whose sessions begin without counting, Microsoft's driver says 0 rows, and this beside it.
+bool OdbcConnection::State::countsNothing() const {
+  if (family != DriverFamily::Microsoft) return false;
+  constexpr SQLINTEGER kNoCountStatus = 1231;
+  SQLULEN status = 0;
+  return SQL_SUCCEEDED(SQLGetStmtAttr(statement.get(), kNoCountStatus, &status, SQL_IS_UINTEGER, nullptr)) &&
+         status == 1;
 }
 
 void OdbcConnection::State::fail(const Circumstance& circumstance) {
@@ -239,7 +251,10 @@ std::unique_ptr<OdbcConnection> OdbcConnection::open(const OdbcSettings& setting
 
 bool OdbcConnection::wantsPassword(std::string_view text) { return !ConnectionText(text).signsOnByItself(); }
 
-void OdbcConnection::Execute(std::string_view statement) { state_->run(statement, nullptr); }
+std::int64_t OdbcConnection::Execute(std::string_view statement) {
+  state_->run(statement, nullptr);
+  return state_->touched;
+}
 
 void OdbcConnection::Query(std::string_view source, RowStore& rows) {
   if (isTableName(source)) {
@@ -248,8 +263,6 @@ void OdbcConnection::Query(std::string_view source, RowStore& rows) {
     state_->run(source, &rows);
   }
 }
-
-std::int64_t OdbcConnection::affected() const { return state_->affected; }
 
 std::size_t OdbcConnection::rowsPerBlock() const {
   return state_->reader ? state_->reader->rowsPerBlock() : 0;

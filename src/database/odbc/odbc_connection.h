@@ -33,12 +33,9 @@ class OdbcConnection final : public Connection {
   static bool wantsPassword(std::string_view text);
   ~OdbcConnection() override;
 
-  void Execute(std::string_view statement) override;
+  std::int64_t Execute(std::string_view statement) override;
   void Query(std::string_view source, RowStore& rows) override;
 
-  // Rows touched by the last statement that has no result, all statements of a text together; -1 when the
-  // server did not say.
-  std::int64_t affected() const;
   // Of the last result.
   std::size_t rowsPerBlock() const;
   // The server's own name and version: "Microsoft SQL Server 15.00.2000".

@@ -27,7 +27,7 @@ bool isSystemTable(std::string_view name) { return equalsNoCase(name, "sysobject
 std::shared_ptr<const TableInfo> Analysis::table(std::string_view name, std::size_t position) const {
   if (isSystemTable(name) && dialect_ == Dialect::Server) return systemTable();
   std::shared_ptr<const TableInfo> info = catalog_.find(name);
-  if (info == nullptr) throw SqlError(position, "tabella o vista sconosciuta: " + std::string(name));
+  if (info == nullptr) throw UnknownTable(position, "tabella o vista sconosciuta: " + std::string(name));
   return info;
 }
 

@@ -70,6 +70,7 @@ void Engine::forget() {
 }
 
 void Engine::run(std::string_view text, RowStore* rows, int depth) {
+  if (depth == 0) touched_ = -1;
   if (PreparedStatement* known = cache_.find(text, literals_)) {
     const bool ran = runPrepared(*known, literals_, rows);
     // What was found out about the statements holds for the tables as they were.
@@ -178,6 +179,7 @@ std::unique_ptr<PreparedStatement> Engine::ready(const Rewritten& rewritten, std
   auto result = std::make_unique<PreparedStatement>();
   result->kind = std::move(kind);
   result->query = rewritten.query;
+  result->definition = rewritten.definition;
   for (const Piece& piece : rewritten.pieces) {
     result->pieces.push_back(
         {piece.role, prepare(handle(), piece.sql, result->kind, !rewritten.definition), piece.parameters});
@@ -206,8 +208,14 @@ bool Engine::runPrepared(PreparedStatement& statement, const std::vector<Literal
     return true;
   }
   Transactions::Writing writing(transactions_, statement.pieces.size() > 1);
-  for (PreparedPiece& piece : statement.pieces) runPiece(statement, piece, literals, nullptr);
+  std::int64_t touched = -1;
+  for (PreparedPiece& piece : statement.pieces) {
+    runPiece(statement, piece, literals, nullptr);
+    const bool changes = !statement.definition && sqlite3_stmt_readonly(piece.statement.get()) == 0;
+    if (changes) touched = std::max<std::int64_t>(touched, 0) + sqlite3_changes64(handle());
+  }
   writing.done();
+  touched_ = touched;
   return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +21,10 @@ class Engine {
 
   // `rows`, where given, takes the rows of the first query of the text; a plain table name is such a query.
   void run(std::string_view text, RowStore* rows, int depth = 0);
+
+  // Rows that the last statement of the text run last has inserted, changed or deleted; -1 for one that does
+  // nothing of this.
+  std::int64_t touched() const { return touched_; }
 
   Transactions& transactions() { return transactions_; }
   sqlite3* handle() const { return database_.get(); }
@@ -47,6 +52,7 @@ class Engine {
   Transactions transactions_;
   std::vector<Literal> literals_;
   std::size_t prepared_ = 0;
+  std::int64_t touched_ = -1;
 };
 
 }  // namespace cu::sqlite

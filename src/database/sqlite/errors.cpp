@@ -22,6 +22,18 @@ std::string_view behindColon(std::string_view text) {
   return colon == std::string_view::npos ? std::string_view() : text.substr(colon + 2);
 }
 
+// "table [Azienda] already exists" -> "[Azienda]"
+std::string existing(std::string_view text) {
+  constexpr std::string_view kEnd = " already exists";
+  text.remove_suffix(kEnd.size());
+  return std::string(text.substr(text.find(' ') + 1));
+}
+
+bool isDuplicate(int code) {
+  return code == SQLITE_CONSTRAINT_PRIMARYKEY || code == SQLITE_CONSTRAINT_UNIQUE ||
+         code == SQLITE_CONSTRAINT_ROWID;
+}
+
 std::string constraint(int code, std::string_view text) {
   const std::string where(behindColon(text));
   switch (code) {
@@ -51,7 +63,7 @@ Told tell(int code, std::string_view engineText, const std::string& of) {
               "termini, e "
               "riprovare."};
     case SQLITE_CONSTRAINT:
-      return {Constraint, constraint(code, engineText)};
+      return {isDuplicate(code) ? Duplicate : Constraint, constraint(code, engineText)};
     case SQLITE_FULL:
       return {Full, "Il disco che contiene il database è pieno. Liberare spazio e ripetere l'operazione."};
     case SQLITE_READONLY:
@@ -76,6 +88,12 @@ Told tell(int code, std::string_view engineText, const std::string& of) {
     case SQLITE_TOOBIG:
       return {Other, "Un testo è troppo lungo per il database."};
     case SQLITE_ERROR:
+      if (engineText.starts_with("no such table: "))
+        return {Missing,
+                "Nel database manca una tabella o una vista: " + std::string(behindColon(engineText)) + "."};
+      if (engineText.ends_with(" already exists"))
+        return {Exists, "Nel database esiste già una tabella o una vista con questo nome: " +
+                            existing(engineText) + "."};
       return {Syntax, "Il database non accetta l'istruzione" + of + ": " + std::string(engineText) + "."};
     default:
       return {Other, "Errore del database" + (of.empty() ? std::string() : " nell'istruzione" + of) + ": " +
@@ -108,7 +126,8 @@ void raise(sqlite3* database, std::string_view kind) {
 }
 
 DatabaseError refused(const SqlError& error, std::string_view kind) {
-  return {DatabaseErrorKind::Syntax, 0, std::string(kind),
+  const bool missing = dynamic_cast<const UnknownTable*>(&error) != nullptr;
+  return {missing ? DatabaseErrorKind::Missing : DatabaseErrorKind::Syntax, 0, std::string(kind),
           "Il database incorporato non accetta l'istruzione" + ofKind(kind) + ": " + error.what() +
               " (carattere " + fromInteger(static_cast<std::int64_t>(error.position()) + 1) + ")."};
 }

@@ -119,7 +119,7 @@ Rewritten rewriteCreateView(CreateViewStatement& statement, const std::vector<Li
 
 Rewritten rewriteCreateIndex(CreateIndexStatement& statement, const Catalog& catalog) {
   const std::shared_ptr<const TableInfo> table = catalog.find(statement.table);
-  if (table == nullptr || table->view) throw SqlError(0, "tabella sconosciuta: " + statement.table);
+  if (table == nullptr || table->view) throw UnknownTable(0, "tabella sconosciuta: " + statement.table);
   for (const KeyColumn& part : statement.columns) {
     const std::size_t index = table->find(part.name);
     if (index == TableInfo::kNone) throw SqlError(0, "colonna sconosciuta: " + table->name + "." + part.name);
@@ -136,7 +136,8 @@ Rewritten rewriteDrop(const DropStatement& statement, const Catalog& catalog) {
   const std::shared_ptr<const TableInfo> found = catalog.find(statement.name);
   const bool there = found != nullptr && found->view == statement.view;
   if (!there && !statement.ifExists) {
-    throw SqlError(0, (statement.view ? "vista sconosciuta: " : "tabella sconosciuta: ") + statement.name);
+    throw UnknownTable(0,
+                       (statement.view ? "vista sconosciuta: " : "tabella sconosciuta: ") + statement.name);
   }
   Writer writer({}, Destination::Schema);
   writer.text(statement.view ? "DROP VIEW " : "DROP TABLE ").text(statement.ifExists ? "IF EXISTS " : "");

@@ -17,4 +17,10 @@ class SqlError : public std::runtime_error {
   std::size_t position_;
 };
 
+// A table or a view that is not there.
+class UnknownTable : public SqlError {
+ public:
+  using SqlError::SqlError;
+};
+
 }  // namespace cu::sqlite

@@ -23,7 +23,10 @@ std::unique_ptr<SqliteConnection> SqliteConnection::create(const std::string& pa
       new SqliteConnection(std::make_unique<State>(sqlite::openFile(path, true))));
 }
 
-void SqliteConnection::Execute(std::string_view statement) { state_->engine.run(statement, nullptr); }
+std::int64_t SqliteConnection::Execute(std::string_view statement) {
+  state_->engine.run(statement, nullptr);
+  return state_->engine.touched();
+}
 
 void SqliteConnection::Query(std::string_view source, RowStore& rows) { state_->engine.run(source, &rows); }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
@@ -22,7 +23,7 @@ class SqliteConnection final : public Connection {
   static std::unique_ptr<SqliteConnection> create(const std::string& path);
   ~SqliteConnection() override;
 
-  void Execute(std::string_view statement) override;
+  std::int64_t Execute(std::string_view statement) override;
   void Query(std::string_view source, RowStore& rows) override;
   // One read transaction. A statement that writes ends it, runs and begins another: what follows sees the
   // change, and others are not kept waiting.

@@ -22,6 +22,7 @@ struct PreparedStatement {
   std::string kind;
   std::vector<PreparedPiece> pieces;
   bool query = false;
+  bool definition = false;
   bool writes = false;
   std::vector<ValueKind> kinds;            // of the columns of a query
   std::shared_ptr<const Columns> columns;  // shared by all its results

@@ -175,10 +175,10 @@ TEST_P(Contract, WhatIsRefusedIsOfItsKindAndLeavesTheRest) {
     DatabaseErrorKind kind;
     const char* statement;
   } const cases[] = {
-      {"INSERT INTO t (id, testo) VALUES (1, 'segreto')", DatabaseErrorKind::Constraint, "INSERT"},
-      {"UPDATE t SET id = 1 WHERE testo = 'altro segreto'", DatabaseErrorKind::Constraint, "UPDATE"},
+      {"INSERT INTO t (id, testo) VALUES (1, 'segreto')", DatabaseErrorKind::Duplicate, "INSERT"},
+      {"UPDATE t SET id = 1 WHERE testo = 'altro segreto'", DatabaseErrorKind::Duplicate, "UPDATE"},
       {"SELECT manca FROM t WHERE testo = 'segreto'", DatabaseErrorKind::Syntax, "SELECT"},
-      {"DELETE FROM manca WHERE testo = 'segreto'", DatabaseErrorKind::Syntax, "DELETE"},
+      {"DELETE FROM manca WHERE testo = 'segreto'", DatabaseErrorKind::Missing, "DELETE"},
       {"SELECT id FROM t WHERE testo = 'segreto' AND", DatabaseErrorKind::Syntax, "SELECT"},
   };
   for (const auto& each : cases) {

@@ -33,7 +33,7 @@ TEST(Refusals, EachIsOfItsKindAndShowsNoValue) {
     const char* begins;
   };
   const Case cases[] = {
-      {"INSERT INTO t VALUES (1, 'segreto')", DatabaseErrorKind::Constraint, "INSERT",
+      {"INSERT INTO t VALUES (1, 'segreto')", DatabaseErrorKind::Duplicate, "INSERT",
        "Esiste già una riga con la stessa chiave. Messaggio del server"},
       {"update t SET nome = NULL WHERE nome = 'segreto'", DatabaseErrorKind::Constraint, "UPDATE",
        "Una colonna non ammette il valore nullo. Messaggio del server"},
@@ -45,7 +45,7 @@ TEST(Refusals, EachIsOfItsKindAndShowsNoValue) {
        "Il server del database ha rifiutato l'istruzione UPDATE. Messaggio del server"},
       {"INSERT INTO t VALUES (2, 'segreto troppo lungo')", DatabaseErrorKind::Other, "INSERT",
        "Un testo è più lungo della colonna che lo riceve. Messaggio del server"},
-      {"DROP TABLE manca", DatabaseErrorKind::Syntax, "DROP",
+      {"DROP TABLE manca", DatabaseErrorKind::Missing, "DROP",
        "Il server del database non accetta l'istruzione DROP. Messaggio del server"},
   };
   for (const Case& each : cases) {
@@ -170,9 +170,10 @@ TEST(ServerNumbers, HaveTheirKinds) {
     DatabaseErrorKind kind;
   };
   const Case cases[] = {
-      {"23000", 2627, DatabaseErrorKind::Constraint},   {"23000", 2601, DatabaseErrorKind::Constraint},
+      {"23000", 2627, DatabaseErrorKind::Duplicate},    {"23000", 2601, DatabaseErrorKind::Duplicate},
       {"23000", 515, DatabaseErrorKind::Constraint},    {"23000", 547, DatabaseErrorKind::Constraint},
-      {"42S02", 208, DatabaseErrorKind::Syntax},        {"42S22", 207, DatabaseErrorKind::Syntax},
+      {"42S02", 208, DatabaseErrorKind::Missing},       {"42S02", 3701, DatabaseErrorKind::Missing},
+      {"42S01", 2714, DatabaseErrorKind::Exists},       {"42S22", 207, DatabaseErrorKind::Syntax},
       {"42000", 102, DatabaseErrorKind::Syntax},        {"42000", 229, DatabaseErrorKind::Other},
       {"40001", 1205, DatabaseErrorKind::Locked},       {"42000", 1222, DatabaseErrorKind::Locked},
       {"42000", 1105, DatabaseErrorKind::Full},         {"42000", 9002, DatabaseErrorKind::Full},

@@ -182,16 +182,12 @@ TEST_P(Results, AnErrorBehindTheFirstResultIsNotLost) {
 
 TEST_P(Results, RowsTouchedAreCounted) {
   connection_->Execute("CREATE TEMPORARY TABLE conta (a int)");
-  connection_->Execute("INSERT INTO conta VALUES (1), (2), (3)");
-  EXPECT_EQ(connection_->affected(), 3);
-  connection_->Execute("UPDATE conta SET a = a + 1 WHERE a > 1");
-  EXPECT_EQ(connection_->affected(), 2);
-  connection_->Execute("UPDATE conta SET a = a + 1 WHERE a > 100");
-  EXPECT_EQ(connection_->affected(), 0);
-  connection_->Execute("DELETE FROM conta");
-  EXPECT_EQ(connection_->affected(), 3);
-  connection_->Execute("SELECT 1");
-  EXPECT_EQ(connection_->affected(), -1);
+  EXPECT_EQ(connection_->Execute("INSERT INTO conta VALUES (1), (2), (3)"), 3);
+  EXPECT_EQ(connection_->Execute("UPDATE conta SET a = a + 1 WHERE a > 1"), 2);
+  EXPECT_EQ(connection_->Execute("UPDATE conta SET a = a + 1 WHERE a > 100"), 0);
+  EXPECT_EQ(connection_->Execute("UPDATE conta SET a = 5; DELETE FROM conta WHERE a = 7"), 0);
+  EXPECT_EQ(connection_->Execute("DELETE FROM conta"), 3);
+  EXPECT_EQ(connection_->Execute("SELECT 1"), -1);
 }
 
 TEST_P(Results, AWideTableIsReadWhole) {

@@ -327,13 +327,15 @@ TEST_F(Errors, EachIsOfItsKindAndShowsNoValue) {
     const char* statement;
   };
   const Case cases[] = {
-      {"INSERT INTO t VALUES (1, 'segreto')", DatabaseErrorKind::Constraint, "INSERT"},
+      {"INSERT INTO t VALUES (1, 'segreto')", DatabaseErrorKind::Duplicate, "INSERT"},
       {"UPDATE t SET nome = NULL WHERE nome = 'segreto'", DatabaseErrorKind::Constraint, "UPDATE"},
       {"SELECT manca FROM t WHERE nome = 'segreto'", DatabaseErrorKind::Syntax, "SELECT"},
       {"SELECT * FROM t WHERE nome = 'segreto", DatabaseErrorKind::Syntax, ""},
       {"UPDATE t SET id = 'segreto'", DatabaseErrorKind::Other, "UPDATE"},
       {"DELETE FROM t WHERE COUNT(*) = 1 AND nome = 'segreto'", DatabaseErrorKind::Syntax, "DELETE"},
-      {"DROP TABLE segreta", DatabaseErrorKind::Syntax, "DROP"},
+      {"DROP TABLE segreta", DatabaseErrorKind::Missing, "DROP"},
+      {"SELECT * FROM segreta", DatabaseErrorKind::Missing, "SELECT"},
+      {"CREATE TABLE t (id int)", DatabaseErrorKind::Exists, "CREATE"},
       {"", DatabaseErrorKind::Syntax, ""},
       {"EXEC('SELECT manca FROM t')", DatabaseErrorKind::Syntax, "SELECT"},
   };

@@ -136,7 +136,7 @@ TEST_F(SuiteStatements, TheWorkTableIsDroppedAndMadeAnewAsOftenAsAsked) {
   for (int i = 0; i < 3; ++i) load();
   connection_->Execute(dropWorkTable(kWork));
   connection_->Execute(dropWorkTable(kWork));
-  EXPECT_EQ(errorOf([&] { one(kWork); }).kind(), DatabaseErrorKind::Syntax);
+  EXPECT_EQ(errorOf([&] { one(kWork); }).kind(), DatabaseErrorKind::Missing);
 }
 
 TEST_F(SuiteStatements, TheExistenceTestSeesTablesAndNoViews) {
@@ -151,7 +151,7 @@ TEST_F(SuiteStatements, ASecondLineOfOneKeyFailsOnTheKey) {
       "QuotaProvvigioniNonSoggette) "
       "VALUES (7, 1, 2016, 2, 0)");
   const DatabaseError error = errorOf([&] { load(" WHERE Anno = 2016"); });
-  EXPECT_EQ(error.kind(), DatabaseErrorKind::Constraint);
+  EXPECT_EQ(error.kind(), DatabaseErrorKind::Duplicate);
   EXPECT_EQ(error.statementKind(), "INSERT");
   EXPECT_STREQ(error.what(),
                "Esiste già una riga con la stessa chiave (tmpprequadrivio12.IDAnagrafica, "
@@ -299,6 +299,29 @@ TEST_F(WriteBack, ForMAndOTheRefundedExpensesLeaveTheAccount) {
   EXPECT_EQ(
       one("SELECT SommeNonSoggette FROM ContoIndividuale WHERE IDAnagrafica = 7 AND IDCausalePagamento = 2"),
       "0");
+}
+
+TEST_F(WriteBack, TheStatementsSayHowManyRowsTheyTouch) {
+  load();
+  const std::string row =
+      " WHERE Anno = 2016 AND IDAnagrafica = 7 AND IDAzienda = 1 AND IDCausalePagamento = ";
+  EXPECT_EQ(connection_->Execute("UPDATE tmpprequadrivio12 SET Modificato = 1" + row + "2"), 1);
+  EXPECT_EQ(connection_->Execute("UPDATE tmpprequadrivio12 SET Modificato = 1" + row + "99"), 0);
+  EXPECT_EQ(connection_->Execute("UPDATE tmpprequadrivio12 SET Modificato = 1"),
+            std::stoll(one("SELECT COUNT(*) FROM tmpprequadrivio12")));
+  connection_->Execute("DELETE FROM ContoIndividualeDatiAggiuntivi WHERE IDAnagrafica = 7");
+  for (int i = 0; i < 2; ++i) {  // the second time all additional data are there
+    EXPECT_EQ(connection_->Execute(writeAccounts(kWork)),
+              std::stoll(one("SELECT COUNT(*) FROM tmpprequadrivio12")));
+    EXPECT_EQ(connection_->Execute(writeAdditionalData(kWork)),
+              std::stoll(one("SELECT COUNT(*) FROM tmpprequadrivio12")));
+  }
+  connection_->Execute("UPDATE tmpprequadrivio12 SET Selezionato = 0");
+  EXPECT_EQ(connection_->Execute(writeAccounts(kWork)), 0);
+  EXPECT_EQ(connection_->Execute(writeAdditionalData(kWork)), 0);
+  EXPECT_EQ(connection_->Execute(dropWorkTable(kWork)), -1);
+  EXPECT_EQ(connection_->Execute(createWorkTable(kWork)), -1);
+  EXPECT_EQ(connection_->Execute("SELECT 1"), -1);
 }
 
 TEST_F(WriteBack, AMergeThatFailsInItsSecondStepLeavesNothingOfTheFirst) {
