@@ -21,9 +21,11 @@ void EditorCompenso::conferma() {
     dati_.ComuneResidenzaAnnoPrec = TownComuneResidenzaAnnoPrec->text();
     dati_.ComuneResidenzaAnnoCorr = TownComuneResidenzaAnnoCorr->text();
   }
-  if (RigaModificata) riscriviRiga();
-  sbSalvaModuli();
-  mostraConteggio();
+  recordset_->Attempt([this] {
+    if (RigaModificata) riscriviRiga();
+    sbSalvaModuli();
+    mostraConteggio();
+  });
   ok_ = true;
   unload();
 }

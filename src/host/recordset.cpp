@@ -336,6 +336,11 @@ void Recordset::Update() {
   editing_ = false;
   adding_ = false;
   ++data_->version;
+  settle(row, changed);
+}
+
+// The row was edited: it is the current one, or yields to another where it is no longer shown.
+void Recordset::settle(RowMark row, const Edited& changed) {
   if (showing_ == Showing::All) {
     position_ = row;
     return;
@@ -349,6 +354,20 @@ void Recordset::Update() {
   } else if (listed) {
     position_ = placeOf(visible_.erase(at));
   }
+}
+
+void Recordset::takeBack(RowMark row, std::optional<Edited> before) {
+  if (data_ == nullptr) return;
+  pending_.clear();
+  editing_ = false;
+  adding_ = false;
+  decoded_ = kNothing;
+  ++data_->version;
+  const bool touched = before.has_value();
+  Edited& changed = data_->edited[row];
+  changed = touched ? std::move(*before) : Edited{{}, RecordStatus::Unmodified};
+  settle(row, changed);
+  if (!touched) data_->edited.erase(row);
 }
 
 void Recordset::Delete() {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -84,6 +85,10 @@ class Recordset {
   // What was changed in the current row so far counts as brought to the database: the row is no longer
   // pending. Rows in sight stay in sight until the next filter; original values stay those that were read.
   void AcceptCurrent();
+  // Runs what changes the current row and brings it to the database. Where that raises an error, the row is
+  // as it was, and the current one again.
+  template <class Store>
+  void Attempt(const Store& store);
 
  private:
   // What differs from the row as read: a change of one flag costs one value, not the row.
@@ -121,6 +126,8 @@ class Recordset {
   void read(RowMark row, std::size_t columns, CellView* cells) const;
   static void set(Changes& changes, std::size_t column, Value value);
   static void apply(const Changes& changes, std::size_t columns, CellView* cells);
+  void settle(RowMark row, const Edited& changed);
+  void takeBack(RowMark row, std::optional<Edited> before);
   std::int64_t placeOf(std::vector<RowMark>::const_iterator leaving) const;
   void move(std::int64_t position);
 
@@ -138,5 +145,20 @@ class Recordset {
   mutable std::uint64_t decodedVersion_ = 0;
   static constexpr RowMark kNothing = 0xFFFFFFFF;
 };
+
+template <class Store>
+void Recordset::Attempt(const Store& store) {
+  Update();
+  const RowMark row = current();
+  const Edited* const changed = edited(row);
+  std::optional<Edited> before;
+  if (changed != nullptr) before = *changed;
+  try {
+    store();
+  } catch (...) {
+    takeBack(row, std::move(before));
+    throw;
+  }
+}
 
 }  // namespace cu

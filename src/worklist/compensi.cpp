@@ -38,10 +38,7 @@ void Compensi::sbCreaTabellaLavoro(const Filtri& filtri) {
   rsCompensi_.Open(globali_.gSessione->database().connection(), utilita_.fnAnsi2jet(nome),
                    LockType::BatchOptimistic);
   griglia_.bind(&rsCompensi_);
-  const auto selezionate = rsCompensi_.Clone();
-  selezionate->SetFilter("Selezionato = 1");
-  mostraConteggio(static_cast<std::int64_t>(selezionate->RecordCount()));
-  selezionate->Close();
+  mostraConteggio(contaInMemoria("Selezionato <> 0"));
   frontEnd_.setPointer(kPointerDefault);
 }
 
@@ -68,22 +65,27 @@ void Compensi::sbSelezionaRiga(AzioneSelezione azione) {
   bool valore = !rsCompensi_.Get("Selezionato").flag();
   if (azione == AzioneSelezione::Seleziona) valore = true;
   if (azione == AzioneSelezione::Deseleziona) valore = false;
-  rsCompensi_.Set("Selezionato", Value::ofFlag(valore));
-  rsCompensi_.Update();
-  esegui("UPDATE " + globali_.gTabellaLavoro + " SET Selezionato = " +
-         utilita_.absolute(rsCompensi_.Get("Selezionato")) + fnChiaveRiga(rsCompensi_));
+  rsCompensi_.Attempt([&] {
+    rsCompensi_.Set("Selezionato", Value::ofFlag(valore));
+    rsCompensi_.Update();
+    esegui("UPDATE " + globali_.gTabellaLavoro + " SET Selezionato = " +
+           utilita_.absolute(rsCompensi_.Get("Selezionato")) + fnChiaveRiga(rsCompensi_));
+  });
 }
 
 void Compensi::sbSelezionaTutto(AzioneSelezione azione) {
   if (!rsCompensi_.IsOpen() || rsCompensi_.RecordCount() == 0) return;
   frontEnd_.setPointer(kPointerHourglass);
-  {
+  try {
     const DrawingPause pausa(griglia_);
     const std::size_t righe = rsCompensi_.RecordCount();
     for (rsCompensi_.MoveFirst(); !rsCompensi_.Eof(); rsCompensi_.MoveNext()) {
       frontEnd_.progress("Selezione dei compensi", rsCompensi_.AbsolutePosition(), righe);
       sbSelezionaRiga(azione);
     }
+  } catch (...) {
+    mostraMemoria();  // the rows before the one that failed are stored
+    throw;
   }
   sbContaSelezionati();
   rsCompensi_.MoveFirst();
@@ -97,13 +99,30 @@ std::int64_t Compensi::conta(const std::string& testo) {
   return conteggio.Eof() ? 0 : conteggio.Get(0).integer();
 }
 
+std::int64_t Compensi::contaInMemoria(std::string_view filtro) const {
+  const auto righe = rsCompensi_.Clone();
+  righe->SetFilter(filtro);
+  return static_cast<std::int64_t>(righe->RecordCount());
+}
+
+void Compensi::mostraMemoria() {
+  if (!rsCompensi_.IsOpen()) return;
+  mostraConteggio(contaInMemoria("Selezionato <> 0"));
+  griglia_.refresh();
+}
+
 void Compensi::mostraConteggio(std::int64_t righe) {
   griglia_.setColumnCaption("Selezionato", "[ " + fromInteger(righe) + " ]");
 }
 
 void Compensi::sbContaSelezionati() {
-  mostraConteggio(
-      conta("SELECT COUNT(Selezionato) FROM " + globali_.gTabellaLavoro + " WHERE Selezionato = 1"));
+  try {
+    mostraConteggio(
+        conta("SELECT COUNT(Selezionato) FROM " + globali_.gTabellaLavoro + " WHERE Selezionato = 1"));
+  } catch (...) {
+    mostraMemoria();
+    throw;
+  }
 }
 
 bool Compensi::fnNessunaSelezione() {
@@ -140,18 +159,25 @@ void Compensi::sbMemorizzaModifiche() {
 void Compensi::sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo,
                                     bool sovrascrivi) {
   if (!rsCompensi_.IsOpen() || rsCompensi_.RecordCount() == 0) return;
-  {
+  const bool suUnaRiga = !rsCompensi_.Bof() && !rsCompensi_.Eof();
+  const Recordset::RowMark segnalibro = suUnaRiga ? rsCompensi_.Bookmark() : 0;
+  const auto torna = [&] {
+    if (suUnaRiga) rsCompensi_.SetBookmark(segnalibro);
+    griglia_.refresh();
+  };
+  try {
     const DrawingPause pausa(griglia_);
-    const bool suUnaRiga = !rsCompensi_.Bof() && !rsCompensi_.Eof();
-    const Recordset::RowMark segnalibro = suUnaRiga ? rsCompensi_.Bookmark() : 0;
     const std::size_t righe = rsCompensi_.RecordCount();
     for (rsCompensi_.MoveFirst(); !rsCompensi_.Eof(); rsCompensi_.MoveNext()) {
       frontEnd_.progress("Aggiornamento dei riferimenti", rsCompensi_.AbsolutePosition(), righe);
-      if (rsCompensi_.Get("Selezionato").flag()) scriviProtocolli(protocollo, progressivo, sovrascrivi);
+      if (!rsCompensi_.Get("Selezionato").flag()) continue;
+      rsCompensi_.Attempt([&] { scriviProtocolli(protocollo, progressivo, sovrascrivi); });
     }
-    if (suUnaRiga) rsCompensi_.SetBookmark(segnalibro);
+  } catch (...) {
+    torna();
+    throw;
   }
-  griglia_.refresh();
+  torna();
 }
 
 void Compensi::scriviProtocolli(const std::string& protocollo, const std::string& progressivo,

@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 
 #include "host/recordset.h"
 #include "shell/context/filtri.h"
@@ -50,6 +51,8 @@ class Compensi {
   Connection& interna() { return globali_.gSessione->database().internalConnection(); }
   void esegui(const std::string& testo);
   std::int64_t conta(const std::string& testo);
+  std::int64_t contaInMemoria(std::string_view filtro) const;
+  void mostraMemoria();  // count and rows as the recordset has them
   void mostraConteggio(std::int64_t righe);
   void scriviProtocolli(const std::string& protocollo, const std::string& progressivo, bool sovrascrivi);
 

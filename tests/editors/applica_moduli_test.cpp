@@ -186,6 +186,19 @@ TEST_F(FailingStatement, LeavesThePageOnTheModuleThatItShows) {
   EXPECT_TRUE(griglia().drawing());
 }
 
+TEST_F(FailingStatement, LeavesTheRowAsItWas) {
+  const Righe prima = fotografia(riga);
+  importo(20).enter("5");
+  database.main.refuseContaining("WHERE IDModuloXContoIndividuale = 9");
+  premi("cmdOk");
+  EXPECT_TRUE(differenze(prima, fotografia(riga)).empty());
+  EXPECT_EQ(riga.Status(), RecordStatus::Unmodified);
+  database.main.answerContaining("WHERE IDModuloXContoIndividuale = 9", Table());
+  premi("cmdOk");
+  EXPECT_TRUE(editor->OK());
+  EXPECT_EQ(riga.Get("RitenuteAcconto").toText(), "5");
+}
+
 TEST_F(FailingStatement, IsTriedAgainWithoutWhatWasExecuted) {
   database.main.refuseContaining("VALUES (43");
   int massimi = 41;

@@ -163,5 +163,19 @@ TEST_F(References, ARefusedStatementRisesAndTheGridDrawsAgain) {
   EXPECT_TRUE(finestra.griglia.drawing());
 }
 
+TEST_F(References, ARowWhoseStatementFailsHoldsWhatItHeld) {
+  carica({con(1, text("a"), text("1")), con(2, text("b"), text("2")), con(3, text("c"), text("3"))});
+  compensi.rsCompensi().MoveLast();
+  database.internal.refuseContaining("IDAnagrafica = 2");
+  EXPECT_THROW(compensi.sbAggiornaProtocolli("12", "7", true), DatabaseError);
+  EXPECT_EQ(finestra.griglia.row(), 3U);
+  EXPECT_TRUE(finestra.griglia.drawing());
+  std::vector<std::string> protocolli;
+  for (compensi.rsCompensi().MoveFirst(); !compensi.rsCompensi().Eof(); compensi.rsCompensi().MoveNext()) {
+    protocolli.push_back(valore("ProtocolloAnnSost") + valore("ProgressivoAnnSost") + valore("Modificato"));
+  }
+  EXPECT_THAT(protocolli, ElementsAre("127-1", "b20", "c30"));
+}
+
 }  // namespace
 }  // namespace cu::test

@@ -172,5 +172,32 @@ TEST_F(Selection, OfAllRowsThatFailsHalfwayLetsTheGridDrawAgain) {
   EXPECT_TRUE(finestra.griglia.drawing());
 }
 
+TEST_F(Selection, AToggleThatFailsLeavesTheRowAsItWas) {
+  carica({workRow(1, 1), workRow(2, 1)});
+  database.internal.refuseContaining("SET Selezionato");
+  EXPECT_THROW(compensi.sbSelezionaRiga(AzioneSelezione::Inverti), DatabaseError);
+  EXPECT_EQ(valore("Selezionato"), "1");
+  EXPECT_EQ(compensi.rsCompensi().Status(), RecordStatus::Unmodified);
+}
+
+TEST_F(Selection, OfAllRowsThatFailsHalfwayShowsWhatIsStored) {
+  carica({workRow(1, 1), workRow(2, 1), workRow(3, 1)});
+  database.internal.refuseContaining("IDAnagrafica = 2");
+  EXPECT_THROW(compensi.sbSelezionaTutto(AzioneSelezione::Deseleziona), DatabaseError);
+  EXPECT_EQ(didascaliaConteggio(), "[ 2 ]");
+  compensi.rsCompensi().MoveFirst();
+  EXPECT_EQ(valore("Selezionato"), "0");
+  compensi.rsCompensi().MoveNext();
+  EXPECT_EQ(valore("Selezionato"), "1");
+}
+
+TEST_F(Selection, ACountThatFailsLeavesTheHeaderWithTheRowsInMemory) {
+  carica({workRow(1, 1), workRow(2, 1)});
+  compensi.sbSelezionaRiga(AzioneSelezione::Deseleziona);
+  database.main.refuseContaining("COUNT(Selezionato)");
+  EXPECT_THROW(compensi.sbContaSelezionati(), DatabaseError);
+  EXPECT_EQ(didascaliaConteggio(), "[ 1 ]");
+}
+
 }  // namespace
 }  // namespace cu::test
