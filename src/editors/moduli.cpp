@@ -141,7 +141,9 @@ void EditorCompenso::applica() {
   const UtilitaSuite& utilita = ambiente_.utilita;
   const SqlModuli sql(disposizione_.bit, utilita);
   Connection& connessione = sessione().database().connection();
-  const auto esegui = [&](const std::string& testo) { connessione.Execute(utilita.fnAnsi2jet(testo)); };
+  const auto esegui = [&](const std::string& testo) {
+    return connessione.Execute(utilita.fnAnsi2jet(testo));
+  };
   for (; !moduli_.Eof(); moduli_.MoveNext()) {
     const bool eliminato = moduli_.Get("Eliminato").flag();
     const Value letto = moduli_.OriginalValue("IDModuloXContoIndividuale");
@@ -159,7 +161,13 @@ void EditorCompenso::applica() {
         break;
       }
       case RecordStatus::Modified:
-        esegui(eliminato ? sql.elimina(id) : sql.update(id, moduli_));
+        if (eliminato) {
+          esegui(sql.elimina(id));
+        } else if (esegui(sql.update(id, moduli_)) == 0) {
+          throw Error(kErrorRowGone, "Il modulo " + fromInteger(moduli_.Get("NumeroModulo").integer()) +
+                                         " non è più nel database: è stato eliminato altrove. Annullare e "
+                                         "riaprire il compenso.");
+        }
         break;
       case RecordStatus::Deleted:
         esegui(sql.elimina(id));

@@ -20,7 +20,21 @@ Compensi::Compensi(Globali& globali, UtilitaSuite& utilita, FrontEnd& frontEnd, 
   };
 }
 
-void Compensi::esegui(const std::string& testo) { interna().Execute(utilita_.fnAnsi2jet(testo)); }
+template <class Azione>
+auto Compensi::sullaTabella(const Azione& azione) {
+  try {
+    return azione();
+  } catch (const DatabaseError& errore) {
+    const auto testo = fnAltraSessione(errore, globali_.gTabellaLavoro);
+    if (!testo) throw;
+    throw Error(kErrorRowGone, *testo);
+  }
+}
+
+void Compensi::eseguiSullaRiga(const std::string& testo) {
+  const std::int64_t righe = sullaTabella([&] { return interna().Execute(utilita_.fnAnsi2jet(testo)); });
+  if (righe == 0) throw Error(kErrorRowGone, fnRigaMancante());
+}
 
 void Compensi::sbCreaTabellaLavoro(const Filtri& filtri) {
   frontEnd_.setPointer(kPointerHourglass);
@@ -31,12 +45,14 @@ void Compensi::sbCreaTabellaLavoro(const Filtri& filtri) {
   const std::string select = fnSelectCompensi(filtri, globali_.gSessione->IDAzienda(), utilita_);
   globali_.gTabellaLavoro = fnNomeTabellaLavoro(globali_.gSessione->IDUtente());
   const std::string& nome = globali_.gTabellaLavoro;
-  // These three go to the server as they stand.
-  interna().Execute(fnEliminaTabella(nome));
-  interna().Execute(fnCreaTabella(nome));
-  interna().Execute("INSERT INTO " + nome + " " + select);
-  rsCompensi_.Open(globali_.gSessione->database().connection(), utilita_.fnAnsi2jet(nome),
-                   LockType::BatchOptimistic);
+  sullaTabella([&] {
+    // These three go to the server as they stand.
+    interna().Execute(fnEliminaTabella(nome));
+    interna().Execute(fnCreaTabella(nome));
+    interna().Execute("INSERT INTO " + nome + " " + select);
+    rsCompensi_.Open(globali_.gSessione->database().connection(), utilita_.fnAnsi2jet(nome),
+                     LockType::BatchOptimistic);
+  });
   griglia_.bind(&rsCompensi_);
   mostraConteggio(contaInMemoria("Selezionato <> 0"));
   frontEnd_.setPointer(kPointerDefault);
@@ -68,8 +84,8 @@ void Compensi::sbSelezionaRiga(AzioneSelezione azione) {
   rsCompensi_.Attempt([&] {
     rsCompensi_.Set("Selezionato", Value::ofFlag(valore));
     rsCompensi_.Update();
-    esegui("UPDATE " + globali_.gTabellaLavoro + " SET Selezionato = " +
-           utilita_.absolute(rsCompensi_.Get("Selezionato")) + fnChiaveRiga(rsCompensi_));
+    eseguiSullaRiga("UPDATE " + globali_.gTabellaLavoro + " SET Selezionato = " +
+                    utilita_.absolute(rsCompensi_.Get("Selezionato")) + fnChiaveRiga(rsCompensi_));
   });
 }
 
@@ -95,7 +111,8 @@ void Compensi::sbSelezionaTutto(AzioneSelezione azione) {
 
 std::int64_t Compensi::conta(const std::string& testo) {
   Recordset conteggio;
-  conteggio.Open(globali_.gSessione->database().connection(), utilita_.fnAnsi2jet(testo));
+  sullaTabella(
+      [&] { conteggio.Open(globali_.gSessione->database().connection(), utilita_.fnAnsi2jet(testo)); });
   return conteggio.Eof() ? 0 : conteggio.Get(0).integer();
 }
 
@@ -137,7 +154,7 @@ bool Compensi::fnProtocolliMancanti() {
 
 void Compensi::sbAggiornaRiga() {
   const std::string testo = fnAggiornaRiga(globali_.gTabellaLavoro, rsCompensi_, utilita_);
-  esegui(testo);
+  eseguiSullaRiga(testo);
   // A row that was stored and comes back from an editor as it was is stored still.
   const bool cambiata = std::exchange(aggiornamenti_[rsCompensi_.Bookmark()], testo) != testo;
   if (cambiata && rsCompensi_.Get("Modificato").flag()) nonMemorizzate_.insert(rsCompensi_.Bookmark());
@@ -145,9 +162,15 @@ void Compensi::sbAggiornaRiga() {
 
 void Compensi::sbMemorizzaModifiche() {
   frontEnd_.progress("Memorizzazione delle modifiche nei conti", 0, 0);
-  interna().Execute(fnAggiornaConti(globali_.gTabellaLavoro));
-  interna().Execute(fnAggiornaDatiAggiuntivi(globali_.gTabellaLavoro));
-  if (nonMemorizzate_.empty()) return;
+  const std::int64_t conti =
+      sullaTabella([&] { return interna().Execute(fnAggiornaConti(globali_.gTabellaLavoro)); });
+  const std::int64_t dati =
+      sullaTabella([&] { return interna().Execute(fnAggiornaDatiAggiuntivi(globali_.gTabellaLavoro)); });
+  if (!rsCompensi_.IsOpen()) return;
+  const std::int64_t attese = contaInMemoria("Modificato <> 0 AND Selezionato <> 0");
+  for (const std::int64_t righe : {conti, dati}) {
+    if (righe >= 0 && righe != attese) throw Error(kErrorRowGone, fnCorrezioniMancanti(righe, attese));
+  }
   // Rows that are not selected are not written.
   const auto righe = rsCompensi_.Clone();
   std::erase_if(nonMemorizzate_, [&](Recordset::RowMark riga) {
@@ -193,11 +216,11 @@ void Compensi::scriviProtocolli(const std::string& protocollo, const std::string
   riempi("ProgressivoAnnSost", progressivo);
   rsCompensi_.Update();
   const std::int64_t modificato = rsCompensi_.Get("Modificato").integer();
-  esegui("UPDATE " + globali_.gTabellaLavoro +
-         " SET ProtocolloAnnSost = " + utilita_.literal(rsCompensi_.Get("ProtocolloAnnSost")) +
-         ", ProgressivoAnnSost = " + utilita_.literal(rsCompensi_.Get("ProgressivoAnnSost")) +
-         ", Modificato = " + fromInteger(modificato < 0 ? -modificato : modificato) +
-         fnChiaveRiga(rsCompensi_));
+  eseguiSullaRiga("UPDATE " + globali_.gTabellaLavoro +
+                  " SET ProtocolloAnnSost = " + utilita_.literal(rsCompensi_.Get("ProtocolloAnnSost")) +
+                  ", ProgressivoAnnSost = " + utilita_.literal(rsCompensi_.Get("ProgressivoAnnSost")) +
+                  ", Modificato = " + fromInteger(modificato < 0 ? -modificato : modificato) +
+                  fnChiaveRiga(rsCompensi_));
   if (riempito) nonMemorizzate_.insert(rsCompensi_.Bookmark());
 }
 

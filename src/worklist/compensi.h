@@ -19,7 +19,8 @@ class UtilitaSuite;
 enum class AzioneSelezione { Seleziona = 1, Deseleziona = 2, Inverti = 0 };
 
 // The compensation worklist: the user's work table, the recordset on it and what the grid shows of it.
-// Database errors rise as they are.
+// Database errors rise as they are, but for those that come of another session of the same user, which has a
+// table of the same name: they are kErrorRowGone.
 class Compensi {
  public:
   Compensi(Globali& globali, UtilitaSuite& utilita, FrontEnd& frontEnd, Grid& griglia);
@@ -49,7 +50,11 @@ class Compensi {
 
  private:
   Connection& interna() { return globali_.gSessione->database().internalConnection(); }
-  void esegui(const std::string& testo);
+  // Runs what names the work table: where another session has taken it away, the error says so.
+  template <class Azione>
+  auto sullaTabella(const Azione& azione);
+  // A statement on the current row: one that touches none is an error.
+  void eseguiSullaRiga(const std::string& testo);
   std::int64_t conta(const std::string& testo);
   std::int64_t contaInMemoria(std::string_view filtro) const;
   void mostraMemoria();  // count and rows as the recordset has them

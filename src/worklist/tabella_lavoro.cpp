@@ -49,6 +49,34 @@ std::string fnCreaTabella(const std::string& nome) {
          " WITH (IGNORE_DUP_KEY = OFF) ON [PRIMARY]) ON [PRIMARY]";
 }
 
+std::string fnRigaMancante() {
+  return "La tabella di lavoro non contiene più questa riga: un'altra sessione dello stesso utente l'ha "
+         "ricreata. Chiudere l'altra sessione, tornare al primo passo e ricaricare i compensi.";
+}
+
+std::string fnCorrezioniMancanti(std::int64_t righe, std::int64_t attese) {
+  return "La tabella di lavoro non contiene più tutte le correzioni: ne sono state memorizzate " +
+         fromInteger(righe) + " su " + fromInteger(attese) +
+         ". Un'altra sessione dello stesso utente l'ha ricreata. Chiudere l'altra sessione, tornare al primo "
+         "passo, ricaricare i compensi e ripetere le correzioni che mancano.";
+}
+
+std::optional<std::string> fnAltraSessione(const DatabaseError& errore, const std::string& nome) {
+  if (lowerAscii(errore.description()).find(lowerAscii(nome)) == std::string::npos) return std::nullopt;
+  if (errore.kind() == DatabaseErrorKind::Missing || errore.kind() == DatabaseErrorKind::Exists) {
+    return "La tabella di lavoro non è più quella di questa sessione: un'altra sessione dello stesso utente "
+           "la "
+           "sta ricreando. Chiudere l'altra sessione, tornare al primo passo e ricaricare i compensi.";
+  }
+  if (errore.kind() == DatabaseErrorKind::Duplicate) {
+    return "La tabella di lavoro contiene già uno di questi compensi: un'altra sessione dello stesso utente "
+           "la "
+           "sta riempiendo, oppure i conti danno lo stesso compenso due volte. Chiudere l'altra sessione e "
+           "ripetere l'operazione.";
+  }
+  return std::nullopt;
+}
+
 std::string fnSelectCompensi(const Filtri& filtri, std::int32_t idAzienda, const UtilitaSuite& utilita) {
   std::string testo = "SELECT";
   std::string_view prima = " ";

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
+#include "host/error.h"
 #include "shell/context/filtri.h"
 
 namespace cu {
@@ -14,6 +16,13 @@ class UtilitaSuite;
 std::string fnNomeTabellaLavoro(std::int32_t idUtente);
 std::string fnEliminaTabella(const std::string& nome);
 std::string fnCreaTabella(const std::string& nome);
+
+// What is said where another session of the same user has made the table anew: of a statement on one line
+// that touches none, and of a write-back that stores another number of rows than it should have.
+std::string fnRigaMancante();
+std::string fnCorrezioniMancanti(std::int64_t righe, std::int64_t attese);
+// The same of an error of the database that comes of it; nothing for any other error.
+std::optional<std::string> fnAltraSessione(const DatabaseError& errore, const std::string& nome);
 
 // The SELECT that fills it, with the filter of the first step.
 std::string fnSelectCompensi(const Filtri& filtri, std::int32_t idAzienda, const UtilitaSuite& utilita);

@@ -199,6 +199,17 @@ TEST_F(FailingStatement, LeavesTheRowAsItWas) {
   EXPECT_EQ(riga.Get("RitenuteAcconto").toText(), "5");
 }
 
+TEST_F(FailingStatement, AModuleThatIsGoneIsTold) {
+  database.main.touchContaining("WHERE IDModuloXContoIndividuale = 7", 0);  // to be deleted: it may be gone
+  database.main.touchContaining("WHERE IDModuloXContoIndividuale = 9", 0);
+  premi("cmdOk");
+  ASSERT_EQ(frontEnd.errors.size(), 1U);
+  EXPECT_EQ(frontEnd.errors[0].number, kErrorRowGone);
+  EXPECT_THAT(frontEnd.errors[0].text, testing::StartsWith("Il modulo "));
+  EXPECT_FALSE(editor->OK());
+  EXPECT_THAT(opere(), ElementsAre("DELETE 7", "UPDATE 8", "UPDATE 9"));
+}
+
 TEST_F(FailingStatement, IsTriedAgainWithoutWhatWasExecuted) {
   database.main.refuseContaining("VALUES (43");
   int massimi = 41;

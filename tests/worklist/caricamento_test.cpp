@@ -121,6 +121,40 @@ TEST_F(Load, ARefusedStatementRisesAndTheHourglassStays) {
   EXPECT_FALSE(compensi.rsCompensi().IsOpen());
 }
 
+struct Contesa {
+  const char* piece;
+  DatabaseErrorKind kind;
+  const char* said;  // by the server
+};
+class Contended : public testing::TestWithParam<Contesa>, public CompensiProva {};
+
+TEST_P(Contended, LoadIsToldInWords) {
+  const auto [piece, kind, said] = GetParam();
+  database.main.answer("tmpprequadrivio12", workTable({}));
+  database.internal.refuseContaining(piece, kind, said);
+  database.main.refuseContaining(piece, kind, said);
+  const std::string testo = erroreDi([&] { compensi.sbCreaTabellaLavoro(filtriDi("2016")); });
+  EXPECT_THAT(testo, testing::HasSubstr("un'altra sessione dello stesso utente"));
+  EXPECT_THAT(testo, testing::Not(testing::HasSubstr("(")));
+  EXPECT_FALSE(compensi.rsCompensi().IsOpen());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Statements, Contended,
+    testing::Values(Contesa{"drop table", DatabaseErrorKind::Missing, "(3701): 'dbo.tmpprequadrivio12'"},
+                    Contesa{"CREATE TABLE", DatabaseErrorKind::Exists, "(2714): 'tmpprequadrivio12'"},
+                    Contesa{"INSERT INTO", DatabaseErrorKind::Missing, "(208): 'tmpprequadrivio12'"},
+                    Contesa{"INSERT INTO", DatabaseErrorKind::Duplicate, "(2627): 'PK_tmpprequadrivio12'"},
+                    Contesa{"tmpprequadrivio12", DatabaseErrorKind::Missing, "(208): 'tmpprequadrivio12'"}));
+
+TEST_F(Load, AnotherTableThatIsMissingIsToldAsTheDatabaseTellsIt) {
+  database.internal.refuseContaining("INSERT INTO", DatabaseErrorKind::Missing, "manca RepContoIndividuale");
+  EXPECT_THROW(compensi.sbCreaTabellaLavoro(filtri), DatabaseError);
+  database.internal.refuseContaining("INSERT INTO", DatabaseErrorKind::Constraint,
+                                     "tmpprequadrivio12.Codice nullo");
+  EXPECT_THROW(compensi.sbCreaTabellaLavoro(filtri), DatabaseError);
+}
+
 TEST_F(Load, AfterARefusedOneTheNextOneStartsAfresh) {
   carica({workRow(1, 1)});
   database.internal.refuseContaining("INSERT INTO");

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "host/error.h"
 #include "host/form.h"
 #include "host/grid.h"
 #include "shell/context/globali.h"
@@ -48,6 +51,19 @@ struct CompensiProva {
     database.main.answer(testo, Table({"COUNT"}, {{whole(righe)}}));
   }
   std::vector<std::string> istruzioni() const { return database.internal.texts(); }
+  // What an operation raises of its own, not the database.
+  template <class Operazione>
+  std::string erroreDi(const Operazione& operazione) {
+    try {
+      operazione();
+    } catch (const DatabaseError& errore) {
+      ADD_FAILURE() << "the database's own error: " << errore.description();
+    } catch (const Error& errore) {
+      EXPECT_EQ(errore.number(), kErrorRowGone);
+      return errore.description();
+    }
+    return {};
+  }
   std::string valore(const char* campo) { return compensi.rsCompensi().Get(campo).toText(); }
   std::string didascaliaConteggio() { return finestra.griglia.column("Selezionato")->caption; }
 

@@ -177,5 +177,13 @@ TEST_F(References, ARowWhoseStatementFailsHoldsWhatItHeld) {
   EXPECT_THAT(protocolli, ElementsAre("127-1", "b20", "c30"));
 }
 
+TEST_F(References, ARowThatTheTableHasNoLongerIsTold) {
+  carica({con(1, text("a"), text("1"))});
+  database.internal.touchContaining("SET ProtocolloAnnSost", 0);
+  EXPECT_THAT(erroreDi([&] { compensi.sbAggiornaProtocolli("12", "7", true); }),
+              testing::StartsWith("La tabella di lavoro non contiene più questa riga: "));
+  EXPECT_EQ(valore("ProtocolloAnnSost"), "a");
+}
+
 }  // namespace
 }  // namespace cu::test

@@ -309,6 +309,13 @@ TEST_F(RowUpdate, LeavesOutWhatAnEditorCannotChange) {
   }
 }
 
+TEST_F(RowUpdate, OneThatTouchesNoRowIsTold) {
+  carica({workRow(31, 4)});
+  database.internal.touchContaining("UPDATE tmpprequadrivio12", 0);
+  EXPECT_THAT(erroreDi([&] { compensi.sbAggiornaRiga(); }),
+              testing::StartsWith("La tabella di lavoro non contiene più questa riga: "));
+}
+
 TEST_F(RowUpdate, ARefusedOneRises) {
   carica({workRow(31, 4)});
   database.internal.refuseContaining("UPDATE tmpprequadrivio12");
@@ -398,6 +405,30 @@ TEST_F(WriteBack, WhenTheFirstStatementIsRefusedTheSecondDoesNotRun) {
   database.internal.refuseContaining("UPDATE ContoIndividuale SET");
   EXPECT_THROW(compensi.sbMemorizzaModifiche(), DatabaseError);
   EXPECT_THAT(istruzioni(), ElementsAre(kConti));
+}
+
+TEST_F(WriteBack, AsManyRowsAsAreChangedAndSelectedAreWhatItShouldStore) {
+  carica({workRow(1, 1, {{"Modificato", whole(1)}}), workRow(2, 1, {{"Modificato", whole(-1)}}),
+          workRow(3, 1, {{"Modificato", whole(1)}, {"Selezionato", whole(0)}}), workRow(4, 1)});
+  for (const char* istruzione : {"UPDATE ContoIndividuale SET", "MERGE INTO"}) {
+    database.internal.touchContaining("ContoIndividuale", 2);
+    compensi.sbMemorizzaModifiche();
+    for (const int righe : {0, 1, 3}) {
+      istruzioni();
+      database.internal.sent.clear();
+      database.internal.touchContaining(istruzione, righe);
+      EXPECT_THAT(erroreDi([&] { compensi.sbMemorizzaModifiche(); }),
+                  testing::HasSubstr("ne sono state memorizzate " + std::to_string(righe) + " su 2"));
+      EXPECT_THAT(istruzioni(), testing::SizeIs(2)) << "what can be stored is";
+    }
+  }
+}
+
+TEST_F(WriteBack, WithoutACorrectionNoRowIsAwaited) {
+  carica({workRow(1, 1)});
+  database.internal.touchContaining("ContoIndividuale", 0);
+  compensi.sbMemorizzaModifiche();
+  EXPECT_THAT(istruzioni(), testing::SizeIs(2));
 }
 
 TEST_F(WriteBack, AfterTheSecondIsRefusedBothRunAgain) {

@@ -199,5 +199,29 @@ TEST_F(Selection, ACountThatFailsLeavesTheHeaderWithTheRowsInMemory) {
   EXPECT_EQ(didascaliaConteggio(), "[ 1 ]");
 }
 
+TEST_F(Selection, ARowThatTheTableHasNoLongerIsTold) {
+  carica({workRow(1, 1)});
+  database.internal.touchContaining("IDAnagrafica = 1", 0);
+  EXPECT_THAT(erroreDi([&] { compensi.sbSelezionaRiga(AzioneSelezione::Deseleziona); }),
+              testing::StartsWith("La tabella di lavoro non contiene più questa riga: "));
+  EXPECT_EQ(valore("Selezionato"), "1");
+  database.internal.touchContaining("IDAnagrafica = 1", 1);
+  compensi.sbSelezionaRiga(AzioneSelezione::Deseleziona);
+  EXPECT_EQ(valore("Selezionato"), "0");
+}
+
+TEST_F(Selection, ATableThatAnotherSessionHasTakenAwayIsTold) {
+  carica({workRow(1, 1)});
+  database.internal.refuseContaining(
+      "SET Selezionato", DatabaseErrorKind::Missing,
+      "Nel database manca una tabella. Messaggio del server (208): Invalid object name "
+      "'TMPprequadrivio12'.");
+  EXPECT_THAT(erroreDi([&] { compensi.sbSelezionaRiga(AzioneSelezione::Deseleziona); }),
+              testing::HasSubstr("un'altra sessione dello stesso utente"));
+  database.main.refuseContaining("COUNT(Selezionato)", DatabaseErrorKind::Missing, "manca tmpprequadrivio12");
+  EXPECT_THAT(erroreDi([&] { compensi.sbContaSelezionati(); }),
+              testing::Not(testing::HasSubstr("manca tmp")));
+}
+
 }  // namespace
 }  // namespace cu::test
