@@ -32,6 +32,9 @@ class Editor : public Form {
   // page and does nothing.
   virtual void ApriDatiAggiuntivi() = 0;
   virtual bool OK() const = 0;
+  // Part of the confirmation: brings the row to the database. Where it raises an error the editor stays open,
+  // with what was typed, and the row is as it was.
+  Event onConfirm;
 };
 
 // The editor of the layout of an income year: 2014, 2015, and one for every other year.

@@ -27,6 +27,7 @@ FrmDatiAggiuntivi::FrmDatiAggiuntivi(const AmbienteEditor& ambiente)
       cmdOk(*this, "cmdOk", nullptr, "OK"),
       cmdAnnulla(*this, "cmdAnnulla", nullptr, "Annulla"),
       ambiente_(ambiente) {
+  for (TextBox* casella : {&txtFusioneComuni, &txtFusioneComuniAnnoPrec}) casella->setMaxLength(kDescrizione);
   lblFusioneComuniAnnoPrec.buddy = &txtFusioneComuniAnnoPrec;
   lblFusioneComuni.buddy = &txtFusioneComuni;
   defaultButton = &cmdOk;
@@ -74,14 +75,14 @@ void FrmDatiAggiuntivi::sbFill() {
 void FrmDatiAggiuntivi::conferma() {
   // The members take what was typed even if a reference is then found missing.
   ok_ = true;
-  dati = {.Protocollo = riferimenti.txtProtocollo.text(),
-          .Progressivo = riferimenti.txtProgressivo.text(),
+  dati = {.Protocollo = riferimenti.txtProtocollo.stored(),
+          .Progressivo = riferimenti.txtProgressivo.stored(),
           .IDComuneResidenzaAnnoPrec = idComune(TownComuneResidenzaAnnoPrec),
           .IDComuneResidenzaAnnoCorr = idComune(TownComuneResidenzaAnnoCorr),
           .ComuneResidenzaAnnoPrec = TownComuneResidenzaAnnoPrec.text(),
           .ComuneResidenzaAnnoCorr = TownComuneResidenzaAnnoCorr.text(),
-          .FusioneComuni = txtFusioneComuni.text(),
-          .FusioneComuniAnnoPrec = txtFusioneComuniAnnoPrec.text()};
+          .FusioneComuni = txtFusioneComuni.stored(),
+          .FusioneComuniAnnoPrec = txtFusioneComuniAnnoPrec.stored()};
   if (tipo_ != 1 && !riferimenti.fnCompleti(ambiente_.utilita, ambiente_.globali.gTitolo)) return;
   unload();
 }

@@ -14,8 +14,8 @@ void EditorCompenso::conferma() {
     if (TipoComunicazione != 1 && !riferimenti_->fnCompleti(ambiente_.utilita, ambiente_.globali.gTitolo)) {
       return;
     }
-    dati_.Protocollo = riferimenti_->txtProtocollo.text();
-    dati_.Progressivo = riferimenti_->txtProgressivo.text();
+    dati_.Protocollo = riferimenti_->txtProtocollo.stored();
+    dati_.Progressivo = riferimenti_->txtProgressivo.stored();
     dati_.IDComuneResidenzaAnnoPrec = idComune(*TownComuneResidenzaAnnoPrec);
     dati_.IDComuneResidenzaAnnoCorr = idComune(*TownComuneResidenzaAnnoCorr);
     dati_.ComuneResidenzaAnnoPrec = TownComuneResidenzaAnnoPrec->text();
@@ -25,6 +25,7 @@ void EditorCompenso::conferma() {
     if (RigaModificata) riscriviRiga();
     sbSalvaModuli();
     mostraConteggio();
+    if (onConfirm) onConfirm();
   });
   ok_ = true;
   unload();
@@ -107,11 +108,17 @@ void EditorCompenso::ApriDatiAggiuntivi() {
   if (!disposizione_.immagine) return;
   apriDialogo();
   if (TipoComunicazione != 2) return;
-  if (EsitoDatiAggiuntivi) {
-    conferma();
-  } else {
-    annulla();
+  while (EsitoDatiAggiuntivi) {
+    try {
+      conferma();
+      return;
+    } catch (const std::exception& errore) {
+      // Nothing else is on the screen: the dialog comes back with what was typed.
+      frontEnd().error(asError(errore));
+      apriDialogo();
+    }
   }
+  annulla();
 }
 
 void EditorCompenso::apriDocumento(std::string_view nome) {

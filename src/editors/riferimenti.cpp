@@ -1,5 +1,6 @@
 #include "editors/riferimenti.h"
 
+#include "editors/dati_aggiuntivi.h"
 #include "host/form.h"
 #include "host/frontend.h"
 #include "host/text.h"
@@ -17,6 +18,7 @@ Riferimenti::Riferimenti(Form& form, Frame* frame)
   lblProtocollo.buddy = &txtProtocollo;
   lblProgressivo.buddy = &txtProgressivo;
   for (TextBox* casella : {&txtProtocollo, &txtProgressivo}) {
+    casella->setMaxLength(kDescrizione);
     casella->keyFilter = [&form](char32_t carattere) {
       if (tastoRiferimento(carattere)) return true;
       form.frontEnd().beep();

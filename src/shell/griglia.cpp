@@ -51,6 +51,7 @@ void FrmWizard::sbModificaCompenso() {
   };
   try {
     editor->setRecordset(righe);
+    editor->onConfirm = [this] { compensi_.sbAggiornaRiga(); };
     if (tipoComunicazione() != 0) editor->setTipoComunicazione(tipoComunicazione());
     if (optTipoComunicazione[1].value() && anno >= 2015) {
       editor->load();
@@ -59,7 +60,6 @@ void FrmWizard::sbModificaCompenso() {
       editor->showModal();
     }
     editor->unload();  // an annulment that was stopped on its way has never shown the form
-    if (editor->OK()) compensi_.sbAggiornaRiga();
   } catch (...) {
     // A row that cannot be saved must not leave the others out of sight, and out of what follows.
     mostraTutte();

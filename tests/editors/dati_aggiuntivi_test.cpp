@@ -204,6 +204,29 @@ TEST_F(AdditionalData, AnEmptyPickerGivesZeroAndAnEmptyName) {
   EXPECT_EQ(dialogo.dati.ComuneResidenzaAnnoCorr, "");
 }
 
+TEST_F(AdditionalData, TheTextsHoldAsMuchAsTheirColumns) {
+  riempi(3, {});
+  const std::string lungo(300, '7');
+  for (TextBox* casella :
+       {&protocollo(), &progressivo(), &dialogo.txtFusioneComuni, &dialogo.txtFusioneComuniAnnoPrec}) {
+    casella->enter(lungo);
+    EXPECT_EQ(casella->text(), lungo.substr(0, 255)) << casella->name();
+    casella->paste(lungo);
+    EXPECT_EQ(casella->text(), lungo.substr(0, 255)) << casella->name();
+  }
+}
+
+TEST_F(AdditionalData, ALongerStoredTextThatNobodyTouchesStays) {
+  DatiAggiuntivi dati = completi();
+  dati.FusioneComuni = dati.FusioneComuniAnnoPrec = dati.Protocollo = std::string(300, '7');
+  riempi(3, dati);
+  dialogo.txtFusioneComuniAnnoPrec.enter("ora");
+  premiOk();
+  EXPECT_EQ(dialogo.dati.FusioneComuni, dati.FusioneComuni);
+  EXPECT_EQ(dialogo.dati.FusioneComuniAnnoPrec, "ora");
+  EXPECT_EQ(dialogo.dati.Protocollo, dati.Protocollo);
+}
+
 TEST_F(AdditionalData, AMunicipalityThatNoRowHasIsKept) {
   database.own.answer("SELECT Comune FROM Comune WHERE IDComune = 7", Table({"Comune"}, {}));
   DatiAggiuntivi dati = completi();
