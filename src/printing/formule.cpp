@@ -174,7 +174,9 @@ std::string formula(const Dati& dati, const UtilitaSuite& utilita) {
 }
 
 std::string_view vista(const Dati& dati) {
-  return modoConti(dati) || dati.report == kSintetico ? "RepContoIndividuale" : "RepCompenso";
+  if (modoConti(dati)) return "RepContoIndividuale";
+  if (dati.modo != fnModoCertificazione()) return {};
+  return dati.report == kSintetico ? "RepContoIndividuale" : "RepCompenso";
 }
 
 std::string filtroSql(const Dati& dati, const UtilitaSuite& utilita) {

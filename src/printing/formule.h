@@ -37,7 +37,8 @@ void sbOrdinaEstremi(const Filtri& filtri, std::string_view campo, std::string& 
 // The whole formula.
 std::string formula(const Dati& dati, const UtilitaSuite& utilita);
 
-// The view that the test before printing looks into, and its condition.
+// The view that the test before printing looks into, "" in a run mode that prints without the test; and its
+// condition.
 std::string_view vista(const Dati& dati);
 std::string filtroSql(const Dati& dati, const UtilitaSuite& utilita);
 

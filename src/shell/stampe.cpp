@@ -22,8 +22,8 @@ void FrmWizard::stampaReport() {
 }
 
 bool FrmWizard::fnDaStampare() {
-  if (modoCU()) return true;
-  if (fnEsistonoElementi(stampa::vista(datiStampa()))) return true;
+  const std::string_view vista = stampa::vista(datiStampa());
+  if (vista.empty() || fnEsistonoElementi(vista)) return true;
   ambiente_.utilita.message("Nessun elemento da stampare", globali_.gTitolo);
   return false;
 }

@@ -298,7 +298,8 @@ INSTANTIATE_TEST_SUITE_P(Rows, PreTestView,
                          ::testing::Values(Vista{246, kConto, "RepContoIndividuale"},
                                            Vista{247, kSintetico, "RepContoIndividuale"},
                                            Vista{247, kAnalitico, "RepCompenso"},
-                                           Vista{247, "Altro.rpt", "RepCompenso"}));
+                                           Vista{247, "Altro.rpt", "RepCompenso"}, Vista{342, kSintetico, ""},
+                                           Vista{342, "Altro.rpt", ""}, Vista{300, kConto, ""}));
 
 struct Ordine {
   const char* campo;

@@ -8,6 +8,7 @@ namespace cu::test {
 namespace {
 
 using testing::AllOf;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -102,6 +103,17 @@ TEST_F(Prints, NothingToPrintIsToldAndNothingStarts) {
   EXPECT_THAT(stampe().calls, IsEmpty());
   EXPECT_THAT(frontEnd.pointers, IsEmpty());
   EXPECT_EQ(passo(), 2);
+}
+
+// The launcher may hand over any number; only the accounts and the certificate are tested beforehand.
+TEST_F(Prints, AnotherRunModePrintsWithoutLooking) {
+  vaiAllaStampa(300);
+  for (const char* vista : {"FROM RepContoIndividuale", "FROM RepCompenso"})
+    database.main.answerContaining(vista, Table({"IDAzienda"}, {}));
+  stampa();
+  EXPECT_THAT(cercati(), IsEmpty());
+  EXPECT_THAT(frontEnd.boxes, IsEmpty());
+  EXPECT_THAT(stampe().calls, Contains("report.preview"));
 }
 
 TEST_F(Prints, AnErrorOfTheTestIsToldAndCountsAsNothing) {
