@@ -46,13 +46,13 @@ struct PrinterChoice {
   int copies = 1;
 };
 
-// A print that was asked for, whatever became of it.
+// A print that was made, that failed, or that the profile has recorded instead of laid out.
 struct PrintNote {
   int kind = 0;             // output kind, 1 to 6
   std::optional<int> code;  // of a run; none for the kinds 1 and 2
   std::string report;
   std::string formula;
-  std::string file;  // full path; empty when none was named
+  std::string file;  // full path; empty for a preview and for a printer
   std::string printer;
   int copies = 0;
   bool written = false;  // the file, or the printer's job, stands as it was asked for

@@ -101,8 +101,8 @@ void StampaSuite::print() {
 void StampaSuite::run(std::int32_t code) {
   nota_.kind = tipoUscita(code);
   nota_.code = code;
+  if (nota_.file.empty()) trovaNome(code);
   esegui([this, code] {
-    if (nota_.file.empty()) trovaNome(code);
     if (impaginatore_) impaginatore_->run(code);
   });
 }

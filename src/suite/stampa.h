@@ -8,10 +8,11 @@
 
 namespace cu {
 
-// A print of the suite: finds the name of its file, has it laid out, and tells the front end of it once,
-// whatever became of it. A preview is told before it opens. A run without a name asks for one, whose ending
+// A print of the suite: finds the name of its file, has it laid out, and reports it to the front end once,
+// also when it fails. A preview is reported before it opens. A run without a name asks for one, whose ending
 // is added where it has none; but for code 2, whose file goes to the documents folder under a name that no
-// file there bears yet. A person who gives no name raises kErrorPrintGivenUp.
+// file there bears yet. A person who gives no name raises kErrorPrintGivenUp: that is no print and is not
+// reported.
 class StampaSuite : public ReportEngine {
  public:
   // Without an engine to lay it out the print is only told.

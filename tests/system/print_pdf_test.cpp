@@ -183,7 +183,9 @@ TEST_F(Pdf, APreviewShowsItsPagesUnderTheHourglassUntilItIsClosed) {
   // Given up at the dialog: not a word, no file.
   di({{"do", "choose"}, {"in", "frmWizard.WizPrint"}, {"output", 3}});
   di({{"do", "click"}, {"on", "frmWizard.cmdNav(4)"}});
-  EXPECT_TRUE(di({{"do", "answer"}, {"with", "cancel"}}).at("modal").is_null());
+  const json rinuncia = di({{"do", "answer"}, {"with", "cancel"}});
+  EXPECT_TRUE(rinuncia.at("modal").is_null());
+  EXPECT_EQ(rinuncia.at("effects").size(), 0U);
   EXPECT_EQ(posto.file("Documenti").size(), 2U);
 }
 
