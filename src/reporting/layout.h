@@ -15,6 +15,7 @@ struct LayoutInput {
   Rows& rows;
   const Company& company;
   Date today;
+  TimeOfDay now;
   Connection& connection;  // for what is read beside the rows
 };
 

@@ -5,7 +5,11 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QTemporaryFile>
+#include <functional>
+#include <utility>
+#include <vector>
 
+#include "reporting/dated_pdf.h"
 #include "reporting/gui_application.h"
 #include "reporting/italian.h"
 #include "reporting/new_file.h"
@@ -32,10 +36,23 @@ void draw(Canvas& canvas, const LayoutInput& input) {
   }
 }
 
-void prepare(QPdfWriter& writer, const LayoutInput& input, const std::string& creator) {
+// Runs as each page begins, and may raise.
+using PageCheck = std::function<void()>;
+
+// The report as a PDF; returns the texts of its pages where they are collected.
+std::vector<std::string> drawPdf(QIODevice& device, const LayoutInput& input, const std::string& creator,
+                                 bool collect, PageCheck check) {
+  DatedPdf dated(device, input.today, input.now);
+  const FixedHashOrder order;
+  QPdfWriter writer(&dated);
   writer.setResolution(kDotsPerInch);
   writer.setTitle(fromUtf8(input.definition.title));
-  writer.setCreator(fromUtf8(creator));
+  writer.setCreator(DatedPdf::withRoom(fromUtf8(creator)));
+  Canvas canvas(writer, isLandscape(input.definition.layout), collect);
+  canvas.setPageCheck(std::move(check));
+  draw(canvas, input);
+  canvas.end();
+  return canvas.pageTexts();
 }
 
 [[noreturn]] void noTemporaryFile() {
@@ -49,14 +66,7 @@ void writePdf(FileSystem& files, const std::string& path, const LayoutInput& inp
   ensureGuiApplication();
   NewFile file(files, path);
   NewFileDevice device(file);
-  {
-    QPdfWriter writer(&device);
-    prepare(writer, input, creator);
-    Canvas canvas(writer, isLandscape(input.definition.layout), false);
-    canvas.setPageCheck([&] { device.check(); });
-    draw(canvas, input);
-    canvas.end();
-  }
+  drawPdf(device, input, creator, false, [&] { device.check(); });
   device.check();
   file.commit();
 }
@@ -90,15 +100,7 @@ PreviewPages::PreviewPages(const LayoutInput& input, const std::string& creator)
     if (file.error() != QFileDevice::NoError) noTemporaryFile();
   };
   preview_.title = input.definition.title;
-  {
-    QPdfWriter writer(&file);
-    prepare(writer, input, creator);
-    Canvas canvas(writer, isLandscape(input.definition.layout), true);
-    canvas.setPageCheck(check);
-    draw(canvas, input);
-    canvas.end();
-    preview_.pages = canvas.pageTexts();
-  }
+  preview_.pages = drawPdf(file, input, creator, true, check);
   file.flush();
   check();
   preview_.file = file.fileName().toStdString();

@@ -65,7 +65,8 @@ class Engine final : public ReportEngine {
     const ReadScope reading(*connection_);
     Rows rows(*connection_, selectionOf(definition, formula_, *connection_));
     const Company company = readCompany(*connection_, idAzienda_);
-    use(LayoutInput{definition, rows, company, surroundings_.clock.today(), *connection_});
+    use(LayoutInput{definition, rows, company, surroundings_.clock.today(), surroundings_.clock.now(),
+                    *connection_});
   }
 
   const ReportSurroundings& surroundings_;

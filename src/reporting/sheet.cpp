@@ -5,6 +5,7 @@
 #include <array>
 #include <clocale>
 #include <cstring>
+#include <ctime>
 #include <string>
 
 #include "host/text.h"
@@ -49,9 +50,16 @@ std::string sheetName(const std::string& title) {
   return cut.empty() ? "Stampa" : std::string(cut);
 }
 
+// A moment as the library takes it; it would take the machine's time otherwise.
+std::time_t secondsOf(Date day, TimeOfDay time) {
+  constexpr std::int32_t kFirstDay = 25569;  // 1 January 1970
+  return ((static_cast<std::time_t>(day.serial() - kFirstDay) * 24 + time.hour) * 60 + time.minute) * 60 +
+         time.second;
+}
+
 class Sheet {
  public:
-  Sheet(const std::string& path, const std::string& title, const std::string& creator) {
+  Sheet(const std::string& path, const std::string& title, const std::string& creator, std::time_t created) {
     // Rows leave memory as the next one begins.
     lxw_workbook_options options = {};
     options.constant_memory = LXW_TRUE;
@@ -64,6 +72,7 @@ class Sheet {
     lxw_doc_properties properties = {};
     properties.title = titleCopy.data();
     properties.author = creatorCopy.data();
+    properties.created = created;
     workbook_set_properties(book_, &properties);
     head_ = workbook_add_format(book_);
     format_set_bold(head_);
@@ -228,7 +237,7 @@ void writeForms(Sheet& sheet, const LayoutInput& input) {
 
 void writeSheet(const std::string& path, const LayoutInput& input, const std::string& creator) {
   const PlainNumbers numbers;
-  Sheet sheet(path, input.definition.title, creator);
+  Sheet sheet(path, input.definition.title, creator, secondsOf(input.today, input.now));
   switch (input.definition.layout) {
     case LayoutKind::List:
     case LayoutKind::Certificate:
