@@ -72,6 +72,7 @@ class Prints {
     keys_.read(line, key);
     connection_->Execute(insert(key));
   }
+  std::unique_ptr<PrintRun> begin() { return reports_.beginRun(); }
   void forms(const std::string& path) { engine(342, 3421, kForm, kFormFormula, path)->run(3); }
   void list(const std::string& path, bool table) {
     engine(246, 2461, kAccounts, kAccountsFormula, path)->run(table ? 0 : 3);
@@ -195,6 +196,7 @@ void measureForms(const Folder& folder, int forms, bool each) {
   Prints prints(folder, false, forms);
   const auto count = static_cast<std::size_t>(forms);
   const double ours = seconds([&] {
+    const auto run = prints.begin();
     for (std::size_t i = 0; i < count; ++i) {
       if (!each) {
         prints.choose(i);

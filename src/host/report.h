@@ -39,6 +39,16 @@ class ReportEngine {
   virtual void run(std::int32_t code) = 0;
 };
 
+// While it lives, the prints made through one factory are one run: what none of them changes, the columns of
+// a report's view and the company's data, is read once for all of them.
+class PrintRun {
+ public:
+  PrintRun() = default;
+  virtual ~PrintRun() = default;
+  PrintRun(const PrintRun&) = delete;
+  PrintRun& operator=(const PrintRun&) = delete;
+};
+
 // The printer dialog.
 class PrinterDialog {
  public:

@@ -81,6 +81,7 @@ class HostFactory {
   virtual std::unique_ptr<RicostruzioneConti> createRicostruzione() = 0;
   virtual std::unique_ptr<LogGrid> createLogGrid() = 0;
   virtual std::unique_ptr<ReportEngine> createReport() = 0;
+  virtual std::unique_ptr<PrintRun> createPrintRun() = 0;  // goes before the factory
   virtual std::unique_ptr<PrinterDialog> createPrinterDialog() = 0;
 };
 

@@ -1,10 +1,10 @@
 #include "reporting/pdf_reports.h"
 
 #include "host/text.h"
-#include "reporting/company.h"
 #include "reporting/library.h"
 #include "reporting/output.h"
 #include "reporting/report_error.h"
+#include "reporting/run_readings.h"
 
 namespace cu {
 namespace reporting {
@@ -16,8 +16,9 @@ constexpr std::int32_t kNamedPdf = 3;  // and the two between them
 
 class Engine final : public ReportEngine {
  public:
-  Engine(const ReportSurroundings& surroundings, ReportLibrary& library)
-      : surroundings_(surroundings), library_(library) {}
+  Engine(const ReportSurroundings& surroundings, ReportLibrary& library,
+         std::shared_ptr<RunReadings> readings)
+      : surroundings_(surroundings), library_(library), readings_(std::move(readings)) {}
 
   void setSession(std::int32_t, std::int32_t idAzienda, std::int32_t) override { idAzienda_ = idAzienda; }
   void setConnection(Connection& connection) override { connection_ = &connection; }
@@ -62,15 +63,17 @@ class Engine final : public ReportEngine {
     if (connection_ == nullptr)
       throw Error(kErrorObjectNotSet, "La stampa non ha una connessione al database.");
     const ReportDefinition& definition = library_.find(report_, objectType_, number_);
+    const Formula formula = parseFormula(formula_);
     const ReadScope reading(*connection_);
-    Rows rows(*connection_, selectionOf(definition, formula_, *connection_));
-    const Company company = readCompany(*connection_, idAzienda_);
-    use(LayoutInput{definition, rows, company, surroundings_.clock.today(), surroundings_.clock.now(),
-                    *connection_});
+    Rows rows(*connection_,
+              selectionOf(definition, formula, readings_->columns(*connection_, definition.view)));
+    use(LayoutInput{definition, rows, readings_->company(*connection_, idAzienda_), surroundings_.clock.today(),
+                    surroundings_.clock.now(), *connection_});
   }
 
   const ReportSurroundings& surroundings_;
   ReportLibrary& library_;
+  std::shared_ptr<RunReadings> readings_;
   Connection* connection_ = nullptr;
   std::int32_t idAzienda_ = 0;
   std::int32_t objectType_ = 0;
@@ -80,6 +83,10 @@ class Engine final : public ReportEngine {
   std::string report_;
   std::string path_;
   std::string printer_;
+};
+
+struct Run final : PrintRun {
+  std::shared_ptr<RunReadings> readings = std::make_shared<RunReadings>();
 };
 
 }  // namespace
@@ -96,7 +103,15 @@ PdfReports::PdfReports(const ReportSurroundings& surroundings,
 PdfReports::~PdfReports() = default;
 
 std::unique_ptr<ReportEngine> PdfReports::create() {
-  return std::make_unique<reporting::Engine>(surroundings_, *library_);
+  std::shared_ptr<reporting::RunReadings> readings = run_.lock();
+  if (!readings) readings = std::make_shared<reporting::RunReadings>();
+  return std::make_unique<reporting::Engine>(surroundings_, *library_, std::move(readings));
+}
+
+std::unique_ptr<PrintRun> PdfReports::beginRun() {
+  auto run = std::make_unique<reporting::Run>();
+  run_ = run->readings;
+  return run;
 }
 
 }  // namespace cu

@@ -13,6 +13,7 @@ namespace cu {
 
 namespace reporting {
 class ReportLibrary;
+class RunReadings;
 struct DefinitionFile;
 }  // namespace reporting
 
@@ -39,12 +40,15 @@ class PdfReports {
   PdfReports(const PdfReports&) = delete;
   PdfReports& operator=(const PdfReports&) = delete;
 
-  // A new engine for one print; it does not outlive this object.
+  // A new engine for one print, which belongs to the run that has not ended; it does not outlive this object.
   std::unique_ptr<ReportEngine> create();
+  // One at a time.
+  std::unique_ptr<PrintRun> beginRun();
 
  private:
   ReportSurroundings surroundings_;
   std::unique_ptr<reporting::ReportLibrary> library_;
+  std::weak_ptr<reporting::RunReadings> run_;
 };
 
 }  // namespace cu

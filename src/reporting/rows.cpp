@@ -4,7 +4,6 @@
 
 #include "host/text.h"
 #include "reporting/definition_reader.h"
-#include "reporting/formula.h"
 #include "reporting/italian.h"
 
 namespace cu::reporting {
@@ -72,13 +71,8 @@ std::string fieldList(const ReportDefinition& definition, const Columns& columns
 
 }  // namespace
 
-std::string selectionOf(const ReportDefinition& definition, std::string_view formula,
-                        Connection& connection) {
-  const Formula parsed = parseFormula(formula);
-  RowStore none;
-  connection.Query("SELECT * FROM " + definition.view + " WHERE 1 = 0", none);
-  const Columns& columns = *none.columns();
-  const std::string condition = conditionOf(parsed, definition.view, columns);
+std::string selectionOf(const ReportDefinition& definition, const Formula& formula, const Columns& columns) {
+  const std::string condition = conditionOf(formula, definition.view, columns);
 
   std::string statement = "SELECT " + fieldList(definition, columns) + " FROM " + definition.view;
   if (!definition.joins.empty()) statement += " " + definition.joins;

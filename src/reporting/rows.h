@@ -9,13 +9,14 @@
 #include "host/database.h"
 #include "host/rowstore.h"
 #include "reporting/definition.h"
+#include "reporting/formula.h"
 
 namespace cu::reporting {
 
 // The statement that yields a report's rows: the fields that the definition uses (all of the view for a
-// form), the formula as its condition. Reads the view's columns. FormulaError, DatabaseError; Error
-// (kErrorReportDefinition) for a field that the view does not have.
-std::string selectionOf(const ReportDefinition& definition, std::string_view formula, Connection& connection);
+// form), the formula as its condition. `columns` are the view's. FormulaError; Error (kErrorReportDefinition)
+// for a field that the view does not have.
+std::string selectionOf(const ReportDefinition& definition, const Formula& formula, const Columns& columns);
 
 // The rows of a statement, one current at a time.
 class Rows {

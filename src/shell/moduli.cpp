@@ -24,6 +24,7 @@ void FrmWizard::stampaModuli(const std::string& sCodFisc) {
                       .oggi = ambiente_.clock.today(),
                       .ora = ambiente_.clock.now()};
   };
+  const std::unique_ptr<PrintRun> stampe = ambiente_.factory.createPrintRun();
   Recordset& righe = compensi_.rsCompensi();
   if (righe.RecordCount() > 0) righe.MoveFirst();
   eseguiRicorsione(ricorsione::elimina(idUtente));

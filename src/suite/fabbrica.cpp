@@ -46,6 +46,11 @@ std::unique_ptr<ReportEngine> FabbricaSuite::createReport() {
                                        impagina ? fornitori_.creaImpaginatore() : nullptr);
 }
 
+std::unique_ptr<PrintRun> FabbricaSuite::createPrintRun() {
+  const bool impagina = profilo_.stampa == Profilo::MotoreStampa::Pdf;
+  return impagina && fornitori_.creaCorsaStampe ? fornitori_.creaCorsaStampe() : std::make_unique<PrintRun>();
+}
+
 std::unique_ptr<PrinterDialog> FabbricaSuite::createPrinterDialog() {
   return std::make_unique<DialogoStampante>(frontEnd_);
 }

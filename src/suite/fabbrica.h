@@ -16,6 +16,8 @@ struct FornitoriSuite {
   std::function<std::unique_ptr<RicostruzioneConti>()> creaRicostruzione;
   // What lays a report out; may be empty where prints are only told.
   std::function<std::unique_ptr<ReportEngine>()> creaImpaginatore = {};
+  // Begins a run of its prints; empty where the above is.
+  std::function<std::unique_ptr<PrintRun>()> creaCorsaStampe = {};
 };
 
 // The suite's objects for one profile. Profile and front end outlive it. Making it empties the trace that the
@@ -29,6 +31,7 @@ class FabbricaSuite : public HostFactory {
   std::unique_ptr<RicostruzioneConti> createRicostruzione() override;
   std::unique_ptr<LogGrid> createLogGrid() override;
   std::unique_ptr<ReportEngine> createReport() override;
+  std::unique_ptr<PrintRun> createPrintRun() override;
   std::unique_ptr<PrinterDialog> createPrinterDialog() override;
 
   bool avvioRifiutato() const { return rifiutato_; }

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "report_support.h"
+#include "reporting/run_readings.h"
 
 namespace cu::test {
 namespace {
@@ -45,7 +46,9 @@ class Line {
  public:
   Line(int payee, const std::string& reason, int year)
       : year_(year),
-        rows_((chooseLines({{payee, reason}}), demo()), selectionOf(form(), formFormula(year), demo())) {
+        rows_((chooseLines({{payee, reason}}), demo()),
+              selectionOf(form(), parseFormula(formFormula(year)),
+                          RunReadings().columns(demo(), form().view))) {
     if (rows_.size() != 1) throw std::runtime_error("no such line");
     rows_.move(0);
   }

@@ -9,6 +9,7 @@
 #include "report_support.h"
 #include "reporting/formula_tokens.h"
 #include "reporting/rows.h"
+#include "reporting/run_readings.h"
 
 namespace cu::test {
 namespace {
@@ -24,7 +25,9 @@ ReportDefinition definition(const std::string& name) {
 }
 
 Righe rows(const std::string& report, const std::string& formula) {
-  return Righe(demo(), reporting::selectionOf(definition(report), formula, demo()));
+  const ReportDefinition used = definition(report);
+  return Righe(demo(), reporting::selectionOf(used, reporting::parseFormula(formula),
+                                              reporting::RunReadings().columns(demo(), used.view)));
 }
 
 std::set<std::string> column(const Righe& rows, const std::string& name) {

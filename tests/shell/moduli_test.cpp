@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "printing/frm_msg_link.h"
 #include "shell/creazione_prova.h"
 
@@ -67,14 +69,25 @@ TEST_F(Forms, TogetherTheTableHoldsAllSelectedLinesAndIsPrintedOnce) {
 
 TEST_F(Forms, EachPrintIsSetUpAnew) {
   avviaModuli(true);
-  EXPECT_THAT(stampe().calls,
-              ElementsAre("report.create", "report.session 12 1 1", "report.connection", "dialog.connection",
-                          "dialog.session 12", "report.objectType 342",
-                          "report.formula {__ViewName.Anno} = 2016 AND {__ViewName.IDAzienda} = 1 AND "
-                          "{__ViewName.IDUtente} = 12",
-                          "report.file Modulo.rpt", "report.definition 4", "report.outputMode 0",
-                          "report.outputPath /cu/CUR_01234567890_2016_05032017_1030.cur",
-                          "report.outputFormat 0", "dialog.definition 4", "report.run 3", "report.release"));
+  EXPECT_THAT(
+      stampe().calls,
+      ElementsAre("run.begin", "report.create", "report.session 12 1 1", "report.connection",
+                  "dialog.connection", "dialog.session 12", "report.objectType 342",
+                  "report.formula {__ViewName.Anno} = 2016 AND {__ViewName.IDAzienda} = 1 AND "
+                  "{__ViewName.IDUtente} = 12",
+                  "report.file Modulo.rpt", "report.definition 4", "report.outputMode 0",
+                  "report.outputPath /cu/CUR_01234567890_2016_05032017_1030.cur", "report.outputFormat 0",
+                  "dialog.definition 4", "report.run 3", "report.release", "run.end"));
+}
+
+TEST_F(Forms, AreOneRunOfPrints) {
+  avviaModuli();
+  const std::vector<std::string>& chiamate = stampe().calls;
+  ASSERT_FALSE(chiamate.empty());
+  EXPECT_EQ(chiamate.front(), "run.begin");
+  EXPECT_EQ(chiamate.back(), "run.end");
+  EXPECT_EQ(std::count(chiamate.begin(), chiamate.end(), "run.begin"), 1);
+  EXPECT_EQ(std::count(chiamate.begin(), chiamate.end(), "report.create"), 2);
 }
 
 TEST_F(Forms, KindIntermediaryAndSignatureGoWithEachLine) {

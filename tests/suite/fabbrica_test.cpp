@@ -54,6 +54,21 @@ TEST(Fabbrica, ThePrintIsTheOneOfTheProfilesEngine) {
   EXPECT_EQ(schermo.prints.size(), 2U);
 }
 
+TEST(Fabbrica, TheRunOfPrintsIsTheEngines) {
+  Profilo profilo;
+  test::ScriptedFrontEnd schermo;
+  test::PrintJournal giornale;
+  FornitoriSuite fornitori{finta, nullptr, [&] { return std::make_unique<test::FakeReport>(giornale); },
+                           [&] { return std::make_unique<test::NotedPrintRun>(giornale); }};
+  FabbricaSuite fabbrica(profilo, schermo, fornitori);
+  fabbrica.createPrintRun();
+  EXPECT_THAT(giornale.calls, ElementsAre("run.begin", "run.end"));
+  profilo.stampa = Profilo::MotoreStampa::Registro;
+  EXPECT_NE(fabbrica.createPrintRun(), nullptr);
+  EXPECT_EQ(giornale.calls.size(), 2U);
+  EXPECT_NE(FabbricaSuite(profilo, schermo, {finta, nullptr}).createPrintRun(), nullptr);
+}
+
 TEST(Fabbrica, WithoutAnEngineThePrintIsRefusedInWords) {
   const Profilo profilo;
   test::ScriptedFrontEnd schermo;

@@ -72,6 +72,7 @@ class FakeFactory : public HostFactory {
     printing.call("report.create");
     return std::make_unique<FakeReport>(printing);
   }
+  std::unique_ptr<PrintRun> createPrintRun() override { return std::make_unique<NotedPrintRun>(printing); }
   std::unique_ptr<PrinterDialog> createPrinterDialog() override {
     return std::make_unique<FakePrinterDialog>(printing);
   }

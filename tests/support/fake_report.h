@@ -36,6 +36,15 @@ struct PrintJournal {
   }
 };
 
+class NotedPrintRun : public PrintRun {
+ public:
+  explicit NotedPrintRun(PrintJournal& journal) : journal_(journal) { journal_.call("run.begin"); }
+  ~NotedPrintRun() override { journal_.calls.emplace_back("run.end"); }
+
+ private:
+  PrintJournal& journal_;
+};
+
 class FakeReport : public ReportEngine {
  public:
   explicit FakeReport(PrintJournal& journal) : journal_(journal) {}

@@ -15,11 +15,13 @@ Impianto::Impianto(const Profilo& profilo, FrontEnd& schermo)
       fabbrica_(profilo, schermo,
                 {[&profilo] { return apriConnessione(profilo.database); },
                  [] { return std::make_unique<RicostruzioneContiIndividuali>(); },
-                 [this, &schermo] {
-                   if (!impaginatore_)
-                     impaginatore_.emplace(ReportSurroundings{schermo, fileStampe_, *orologio_, "cuwizard"});
-                   return impaginatore_->create();
-                 }}),
+                 [this, &schermo] { return impaginatore(schermo).create(); },
+                 [this, &schermo] { return impaginatore(schermo).beginRun(); }}),
       programma_(Ambiente{schermo, fabbrica_, utilita_, impostazioni_, *orologio_, files_, stampe_}) {}
+
+PdfReports& Impianto::impaginatore(FrontEnd& schermo) {
+  if (!impaginatore_) impaginatore_.emplace(ReportSurroundings{schermo, fileStampe_, *orologio_, "cuwizard"});
+  return *impaginatore_;
+}
 
 }  // namespace cu

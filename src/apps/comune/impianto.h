@@ -29,6 +29,8 @@ class Impianto {
   bool avvioRifiutato() const { return fabbrica_.avvioRifiutato(); }
 
  private:
+  PdfReports& impaginatore(FrontEnd& schermo);
+
   std::unique_ptr<Clock> orologio_;
   FileSystemAnnotato files_;
   CatalogoStampe stampe_;

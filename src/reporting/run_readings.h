@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "host/database.h"
+#include "host/rowstore.h"
+#include "reporting/company.h"
+
+namespace cu::reporting {
+
+// What the prints of one run have in common, read when it is first asked for. DatabaseError.
+class RunReadings {
+ public:
+  const Columns& columns(Connection& connection, const std::string& view);
+  const Company& company(Connection& connection, std::int32_t idAzienda);
+
+ private:
+  std::map<std::pair<const Connection*, std::string>, std::shared_ptr<const Columns>> columns_;
+  std::map<std::pair<const Connection*, std::int32_t>, Company> companies_;
+};
+
+}  // namespace cu::reporting
