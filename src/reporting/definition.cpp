@@ -107,6 +107,22 @@ ReportGroup readGroup(const DefinitionReader& reader) {
           reader.flagOr("total_of_one", true)};
 }
 
+SelectionWords readSelection(const DefinitionReader& reader) {
+  reader.only({"field", "all", "one", "from", "to", "range"});
+  const auto with = [&](std::string_view key, std::initializer_list<std::string_view> marks) {
+    std::string text = reader.text(key);
+    for (const std::string_view mark : marks) {
+      if (text.find(mark) == std::string::npos)
+        reader.refuse(key, "manca il posto di un estremo", "un testo con " + std::string(mark));
+    }
+    return text;
+  };
+  SelectionWords words{reader.textsOr("field"), reader.text("all"), with("one", {"%1"}),
+                       with("from", {"%1"}),    with("to", {"%1"}), with("range", {"%1", "%2"})};
+  if (words.fields.empty()) reader.refuse("field", "manca", "il nome di un campo, o più nomi");
+  return words;
+}
+
 FormBox readBox(const DefinitionReader& reader) {
   FormBox box;
   box.width = reader.number("width");
@@ -166,7 +182,8 @@ ReportDefinition parseDefinition(std::string_view text, const std::string& file)
   }
   const DefinitionReader reader(parsed.table(), file);
   reader.only({"name", "object_type", "definition", "view", "title", "layout", "introduction", "joins",
-               "order", "grand_total", "computed", "group", "column", "sheet_column", "section"});
+               "order", "grand_total", "computed", "group", "column", "sheet_column", "section",
+               "selection"});
   ReportDefinition result;
   result.name = reader.text("name");
   result.objectType = reader.integer("object_type");
@@ -186,6 +203,9 @@ ReportDefinition parseDefinition(std::string_view text, const std::string& file)
   for (const DefinitionReader& each : reader.tables("column")) result.columns.push_back(readColumn(each));
   for (const DefinitionReader& each : reader.tables("sheet_column")) {
     result.sheetColumns.push_back(readColumn(each));
+  }
+  for (const DefinitionReader& each : reader.tables("selection")) {
+    result.selection.push_back(readSelection(each));
   }
   for (const DefinitionReader& each : reader.tables("section")) result.sections.push_back(readSection(each));
   check(result, reader);

@@ -48,6 +48,17 @@ struct ComputedField {
   std::string sql;  // an expression in the server's dialect over the view and the joined tables
 };
 
+// How a heading names the bounds of a selection by one of the fields: "%1" stands for the bound, in `range`
+// for the lower one and "%2" for the upper one.
+struct SelectionWords {
+  std::vector<std::string> fields;
+  std::string all;  // without a bound
+  std::string one;  // both bounds the same
+  std::string from;
+  std::string to;
+  std::string range;
+};
+
 enum class BoxKind {
   Text,
   Upper,
@@ -112,6 +123,7 @@ struct ReportDefinition {
   std::vector<ReportColumn> columns;
   std::vector<ReportColumn> sheetColumns;  // stand before the others in a table for a spreadsheet
   std::string grandTotal;                  // what stands before the totals of all; empty for none
+  std::vector<SelectionWords> selection;   // what the heading of a list names, in order
   std::vector<FormSection> sections;
 };
 

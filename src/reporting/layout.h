@@ -14,6 +14,7 @@ struct LayoutInput {
   const ReportDefinition& definition;
   Rows& rows;
   const Company& company;
+  QString selection;  // what the rows were selected by, in words
   Date today;
   TimeOfDay now;
   Connection& connection;  // for what is read beside the rows

@@ -19,10 +19,13 @@ double pageHead(Canvas& canvas, const LayoutInput& input) {
   const TextStyle title{14, true, kAccent};
   const TextStyle name{9.5, true, kInk};
   const TextStyle quiet{7.2, false, kMuted};
+  const TextStyle selection{7.8, true, kInk};
   const double half = width * 0.55;
   const double left = width - half - 4;
   double y = kListTop;
   y = canvas.lines(kListMargin, y, left, canvas.wrap(fromUtf8(input.definition.title), title, left), title);
+  if (!input.selection.isEmpty())
+    y = canvas.lines(kListMargin, y + 0.5, left, canvas.wrap(input.selection, selection, left), selection);
   canvas.text(kListMargin, y + canvas.ascent(quiet), left, "Stampa del " + italianDate(input.today), quiet);
   double right = kListTop;
   right = canvas.lines(kListMargin + width - half, right, half, canvas.wrap(input.company.name, name, half),
@@ -77,6 +80,8 @@ void drawNothing(Canvas& canvas, const LayoutInput& input) {
   const double width = canvas.width() - 2 * kListMargin;
   canvas.text(kListMargin, 24, width, fromUtf8(input.definition.title), {14, true, kAccent});
   canvas.text(kListMargin, 34, width, "Nessun elemento da stampare.", {10, false, kInk});
+  const TextStyle quiet{7.8, false, kMuted};
+  canvas.lines(kListMargin, 37, width, canvas.wrap(input.selection, quiet, width), quiet);
   drawFooter(canvas, kListMargin, input.company.name, 1, 1);
 }
 

@@ -5,6 +5,7 @@
 #include "reporting/output.h"
 #include "reporting/report_error.h"
 #include "reporting/run_readings.h"
+#include "reporting/selection_text.h"
 
 namespace cu {
 namespace reporting {
@@ -67,7 +68,8 @@ class Engine final : public ReportEngine {
     const ReadScope reading(*connection_);
     Rows rows(*connection_,
               selectionOf(definition, formula, readings_->columns(*connection_, definition.view)));
-    use(LayoutInput{definition, rows, readings_->company(*connection_, idAzienda_), surroundings_.clock.today(),
+    use(LayoutInput{definition, rows, readings_->company(*connection_, idAzienda_),
+                    selectionText(definition, formula), surroundings_.clock.today(),
                     surroundings_.clock.now(), *connection_});
   }
 

@@ -127,7 +127,7 @@ std::string Table::keyOf(std::size_t level) const {
 }
 
 void Table::open(std::size_t level) {
-  OpenGroup group{keyOf(level), titles_[level].of(rows_), notes_[level].of(rows_), 0, {}};
+  OpenGroup group{titles_[level].of(rows_), notes_[level].of(rows_), 0, {}};
   group.totals.resize(definition_.columns.size());
   // The heading, those below it and a row stay together.
   need(static_cast<double>(definition_.groups.size() - level) * 2.4 * rowHeight_ + rowHeight_ + textsHeight_ +
@@ -163,13 +163,12 @@ void Table::heading(const OpenGroup& group, std::size_t level, bool again) {
 }
 
 void Table::close(std::size_t level) {
-  const ReportGroup& definition = definition_.groups[level];
-  const bool summed = !definition.total.empty() && (definition.totalOfOne || groups_.back().below > 1);
-  // Totals that go over to another page stand there under the group's name.
+  const bool summed = totalled_[level];
+  // Totals that find no room below the tallest of rows stand on another page under the group's name.
   if (summed) need(totalHeight(), true);
   const OpenGroup group = std::move(groups_.back());
   groups_.pop_back();
-  if (summed) totals(fromUtf8(definition.total), group.totals, level == firstGroup_);
+  if (summed) totals(fromUtf8(definition_.groups[level].total), group.totals, level == firstGroup_);
   y_ += kGroupGap;
 }
 
@@ -258,13 +257,48 @@ void Table::totals(const QString& caption, const std::vector<Decimal>& values, b
   y_ += height;
 }
 
-// Of all that closes behind the last row, of whose groups the outer `open` have rows already.
-double Table::closingHeight(std::size_t open, bool summed) const {
-  double height = summed ? kGroupGap + totalHeight() : 0;
-  for (std::size_t i = 0; firstGroup_ + i < definition_.groups.size(); ++i) {
+// Where the groups end: told before they do, so that totals can be kept with the last of their rows.
+void Table::findGroups(std::size_t first, std::size_t end) {
+  const std::size_t levels = definition_.groups.size() - firstGroup_;
+  goOn_.assign(end - first, 0);
+  std::vector<std::string> keys(levels);
+  for (std::size_t i = first; i < end; ++i) {
+    rows_.move(i);
+    bool same = i > first;
+    for (std::size_t level = 0; level < levels; ++level) {
+      std::string key = keyOf(firstGroup_ + level);
+      same = same && key == keys[level];
+      if (same) goOn_[i - 1 - first] = level + 1;
+      keys[level] = std::move(key);
+    }
+  }
+}
+
+// Which totals stand behind the row that comes next, when of its groups the outer `before` are open and the
+// outer `after` go on behind it. The row's own amounts need not be known: they are added to all of these
+// totals alike.
+void Table::planTotals(std::size_t before, std::size_t after, bool grand) {
+  const std::vector<Decimal> none(definition_.columns.size());
+  const std::vector<Decimal>* outer = grand ? &sums_ : nullptr;
+  totalled_.assign(definition_.groups.size(), false);
+  for (std::size_t i = after; firstGroup_ + i < definition_.groups.size(); ++i) {
     const ReportGroup& group = definition_.groups[firstGroup_ + i];
-    if (!group.total.empty() && (group.totalOfOne || i < open)) height += totalHeight();
-    height += kGroupGap;
+    const bool innermost = firstGroup_ + i + 1 == definition_.groups.size();
+    const bool grows = i < before && (innermost || i + 1 >= before);
+    const std::size_t below = i < before ? groups_[i].below + (grows ? 1 : 0) : 1;
+    const std::vector<Decimal>& sums = i < before ? groups_[i].totals : none;
+    if (group.total.empty() || (!group.totalOfOne && below < 2) || (outer != nullptr && sums == *outer))
+      continue;
+    totalled_[firstGroup_ + i] = true;
+    outer = &sums;
+  }
+}
+
+// Of all that ends behind a row.
+double Table::closingHeight(std::size_t after, bool grand) const {
+  double height = grand ? kGroupGap + totalHeight() : 0;
+  for (std::size_t level = firstGroup_ + after; level < definition_.groups.size(); ++level) {
+    height += kGroupGap + (totalled_[level] ? totalHeight() : 0);
   }
   return height;
 }
@@ -273,17 +307,19 @@ double Table::run(std::size_t first, std::size_t end, double y, const QString& t
   y_ = head(y);
   groups_.clear();
   std::fill(sums_.begin(), sums_.end(), Decimal());
+  findGroups(first, end);
   for (std::size_t i = first; i < end; ++i) {
     rows_.move(i);
-    std::size_t same = 0;
-    while (same < groups_.size() && groups_[same].key == keyOf(firstGroup_ + same)) ++same;
-    while (groups_.size() > same) close(firstGroup_ + groups_.size() - 1);
+    const std::size_t after = goOn_[i - first];
+    const bool last = i + 1 == end;
+    const bool grand = last && !totalCaption.isEmpty();
     measureRow();
-    behind_ = i + 1 < end ? 0 : closingHeight(same, !totalCaption.isEmpty()) + tail;
+    planTotals(groups_.size(), after, grand);
+    behind_ = closingHeight(after, grand) + (last ? tail : 0);
     while (firstGroup_ + groups_.size() < definition_.groups.size()) open(firstGroup_ + groups_.size());
     row();
+    while (groups_.size() > after) close(firstGroup_ + groups_.size() - 1);
   }
-  while (!groups_.empty()) close(firstGroup_ + groups_.size() - 1);
   if (!totalCaption.isEmpty() && end > first) {
     y_ += kGroupGap;
     totals(totalCaption, sums_, true);

@@ -47,13 +47,13 @@ class Table {
         double points, std::function<double()> newPage);
 
   // The rows from `first` up to `end`, under a head of the columns from `y` on. `totalCaption` stands before
-  // the totals of them all; none where it is empty. The last row, the totals behind it and a room of the
-  // height `tail` below them share a page. Returns the y below the totals.
+  // the totals of them all; none where it is empty. A row and the totals behind it share a page, with the
+  // last row also a room of the height `tail`. Of totals that are equal and would stand one above the other
+  // only the outermost are drawn. Returns the y below the totals.
   double run(std::size_t first, std::size_t end, double y, const QString& totalCaption, double tail = 0);
 
  private:
   struct OpenGroup {
-    std::string key;
     QString title;
     QString note;
     std::size_t below = 0;  // groups or rows under it
@@ -68,7 +68,9 @@ class Table {
   void measureRow();
   void row();
   void amounts(double base, const TextStyle& style, const QColor& zeros, const QStringList& texts);
-  double closingHeight(std::size_t open, bool summed) const;
+  void findGroups(std::size_t first, std::size_t end);
+  void planTotals(std::size_t before, std::size_t after, bool grand);
+  double closingHeight(std::size_t after, bool grand) const;
   double room(std::size_t column) const;
   double totalHeight() const { return rowHeight_ + 0.6; }
   void totals(const QString& caption, const std::vector<Decimal>& values, bool strong);
@@ -92,6 +94,8 @@ class Table {
   double rowHeight_ = 0;
   double y_ = 0;
   std::vector<OpenGroup> groups_;
+  std::vector<std::size_t> goOn_;  // by row: how many of the outer groups go on behind it
+  std::vector<bool> totalled_;     // of the groups that end behind the current row: which show totals
   std::vector<Decimal> sums_;
   std::vector<QStringList> texts_;  // of the current row
   double textsHeight_ = 0;

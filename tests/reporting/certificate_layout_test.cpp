@@ -24,14 +24,14 @@ class Certificates : public testing::Test {
   Certificates() : archive(SqliteConnection::create(":memory:")) {
     creaArchivio(*archive, ContenutoArchivio::Dimostrativo);
   }
-  void pay(int payee, int day, const std::string& number, const std::string& amount) {
+  void pay(int payee, int day, const std::string& number, const std::string& amount, int reason = 1) {
     archive->Execute(
         "INSERT INTO Compenso (IDCompenso, IDAzienda, IDAnagrafica, IDCausalePagamento, DataPagamento, "
         "NumeroDocumento, DataDocumento, OnorarioProvvigioni, QuotaProvvigioniNonSoggette, RitenutaAcconto, "
         "RitenutaImposta, RitenutaPrevidenziale13) VALUES (" +
-        std::to_string(90000 + next_++) + ", 1, " + std::to_string(payee) + ", 1, '201801" +
-        std::to_string(10 + day % 20) + "', '" + number + "', '20180101', " + amount + ", " + amount + ", " +
-        amount + ", " + amount + ", " + amount + ")");
+        std::to_string(90000 + next_++) + ", 1, " + std::to_string(payee) + ", " + std::to_string(reason) +
+        ", '201801" + std::to_string(10 + day % 20) + "', '" + number + "', '20180101', " + amount + ", " +
+        amount + ", " + amount + ", " + amount + ", " + amount + ")");
   }
   std::string print(const char* report = kDetailed) {
     auto engine =
@@ -63,7 +63,9 @@ TEST_F(Certificates, AreSignedBelowARowAndAllTotals) {
   constexpr int kFewest = 18;
   constexpr int kMost = 42;
   for (int count = kFewest; count <= kMost; ++count) {
-    for (int i = 0; i < count; ++i) pay(101 + count - kFewest, i, "Doc" + std::to_string(i), "10");
+    const int payee = 101 + count - kFewest;
+    pay(payee, 0, "Altra", "10");
+    for (int i = 0; i < count; ++i) pay(payee, i, "Doc" + std::to_string(i), "10", 2);
   }
   int signatures = 0;
   int totals = 0;

@@ -105,7 +105,35 @@ INSTANTIATE_TEST_SUITE_P(
               ": gruppo: chiave sconosciuta, atteso uno di questi nomi: name, object_type, definition, view, "
               "title, "
               "layout, introduction, joins, order, grand_total, computed, group, column, sheet_column, "
-              "section."}));
+              "section, selection."}));
+
+constexpr const char* kSelection =
+    "[[selection]]\nfield = [\"Anno\", \"Altro\"]\nall = \"tutti\"\none = \"nel %1\"\nfrom = \"dal %1\"\n"
+    "to = \"al %1\"\nrange = \"dal %1 al %2\"\n";
+
+TEST(Definition, HasWordsForASelection) {
+  const ReportDefinition read = parseDefinition(std::string(kGood) + kSelection, "prova.toml");
+  ASSERT_EQ(read.selection.size(), 1U);
+  const SelectionWords& words = read.selection[0];
+  EXPECT_EQ(words.fields, (std::vector<std::string>{"Anno", "Altro"}));
+  EXPECT_EQ(words.all + '|' + words.one + '|' + words.from + '|' + words.to + '|' + words.range,
+            "tutti|nel %1|dal %1|al %1|dal %1 al %2");
+}
+
+TEST(Definition, NeedsAPlaceForEachBoundOfASelection) {
+  const auto without = [](const std::string& from, const std::string& to) {
+    std::string text = kGood + std::string(kSelection);
+    text.replace(text.find(from), from.size(), to);
+    return refusal(text);
+  };
+  const std::string place = "Definizione della stampa prova.toml: selection 1: ";
+  EXPECT_EQ(without("nel %1", "nel"), place + "one: manca il posto di un estremo, atteso un testo con %1.");
+  EXPECT_EQ(without("dal %1 al %2", "%1"),
+            place + "range: manca il posto di un estremo, atteso un testo con %2.");
+  EXPECT_EQ(without("field = [\"Anno\", \"Altro\"]\n", ""),
+            place + "field: manca, atteso il nome di un campo, o più nomi.");
+  EXPECT_EQ(without("all = \"tutti\"\n", ""), place + "all: manca, atteso un testo tra virgolette.");
+}
 
 std::string form(const std::string& box) {
   return "name = \"F.rpt\"\nobject_type = 1\ndefinition = 1\nview = \"V\"\ntitle = \"F\"\nlayout = "
@@ -135,7 +163,7 @@ TEST(Definition, IsRefusedInOneLineWhateverItHolds) {
       refusal(changed("layout =", "\"chi\\nave\" = 1\nlayout =")),
       "Definizione della stampa prova.toml: chi ave: chiave sconosciuta, atteso uno di questi nomi: name, "
       "object_type, definition, view, title, layout, introduction, joins, order, grand_total, computed, "
-      "group, column, sheet_column, section.");
+      "group, column, sheet_column, section, selection.");
   EXPECT_EQ(
       refusal(changed("\"list\"", "\"\"\"li\nst\"\"\"")),
       "Definizione della stampa prova.toml: layout: valore \"li st\" sconosciuto, atteso uno di questi: "
