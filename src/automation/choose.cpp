@@ -165,7 +165,7 @@ struct Choosing : RefusingVisitor {
 void choose(Control& control, const Choice& choice) {
   Choosing choosing(choice);
   control.accept(choosing);
-  if (choosing.event) perform(control, choosing.event);
+  if (choosing.event) control.form().perform(control, choosing.event);
 }
 
 }  // namespace cu

@@ -80,36 +80,36 @@ void clickOn(Control& control) {
   Click click;
   control.accept(click);
   requireReach(control);
-  perform(control, click.event);
+  control.form().perform(control, click.event);
 }
 
 void typeInto(Control& control, const std::string& text) {
   EditBox& box = editBox(control);
-  perform(control, [&] { box.enter(text); });
+  control.form().perform(control, [&] { box.enter(text); });
 }
 
 void pasteInto(Control& control, const std::string& text) {
   EditBox& box = editBox(control);
-  perform(control, [&] { box.paste(text); });
+  control.form().perform(control, [&] { box.paste(text); });
 }
 
 void focusOn(Control& control) {
   if (!control.takesFocus()) refuse(control, "il controllo non può avere il fuoco");
   requireReach(control);
-  perform(control, {});
+  control.form().perform(control, {});
 }
 
 void leave(Control& control) {
   if (!control.takesFocus()) refuse(control, "il controllo non può avere il fuoco");
   requireReach(control);
-  perform(control, [&] { control.form().setFocus(nullptr); });
+  control.form().perform(control, [&] { control.form().setFocus(nullptr); });
 }
 
 void selectRow(Control& control, std::int64_t row) {
   Grid& grid = gridOf(control);
   requireReach(control);
   const std::size_t chosen = existingRow(grid, row, 1);
-  perform(control, [&] { grid.selectRow(chosen); });
+  control.form().perform(control, [&] { grid.selectRow(chosen); });
 }
 
 void pressCell(Control& control, std::int64_t row, const std::string& column) {
@@ -120,29 +120,27 @@ void pressCell(Control& control, std::int64_t row, const std::string& column) {
   if (shown == nullptr) refuse(control, "la colonna \"" + column + "\" non esiste");
   if (!shown->visible) refuse(control, "la colonna \"" + column + "\" è nascosta");
   const std::string field = shown->field;
-  perform(control, [&] { grid.press(pressed, field); });
+  control.form().perform(control, [&] { grid.press(pressed, field); });
 }
 
 void doubleClickRow(Control& control, std::int64_t row) {
   Grid& grid = gridOf(control);
   requireReach(control);
   const std::size_t clicked = existingRow(grid, row, 0);
-  perform(control, [&] { grid.doubleClick(clicked); });
+  control.form().perform(control, [&] { grid.doubleClick(clicked); });
 }
 
 bool pressKey(Control& control, std::int16_t code, std::int16_t shift) {
   Grid& grid = gridOf(control);
   requireReach(control);
   bool consumed = false;
-  perform(control, [&] { consumed = grid.keyDown(code, shift); });
+  control.form().perform(control, [&] { consumed = grid.keyDown(code, shift); });
   return consumed;
 }
 
 bool pressKey(Form& form, std::int16_t code, std::int16_t shift) {
   bool consumed = false;
-  FrontEnd& frontEnd = form.frontEnd();
-  frontEnd.runEvent([&] { consumed = form.keyDown(code, shift); });
-  if (form.isOpen()) frontEnd.runEvent([&] { form.settleFocus(); });
+  form.perform([&] { consumed = form.keyDown(code, shift); });
   return consumed;
 }
 
@@ -152,7 +150,7 @@ void turnWheel(Form& form, int delta) {
 
 void chooseTool(MenuBar& bar, const std::string& tool) {
   requireReach(bar);
-  perform(bar, [&] { bar.click(tool); });
+  bar.form().perform(bar, [&] { bar.click(tool); });
 }
 
 void closeBox(Form& form) {

@@ -29,14 +29,6 @@ void requireReach(const Control& control) {
   }
 }
 
-void perform(Control& control, const Event& event) {
-  Form& form = control.form();
-  FrontEnd& frontEnd = form.frontEnd();
-  if (control.takesFocus()) frontEnd.runEvent([&] { form.setFocus(&control); });
-  if (event && form.isOpen() && control.available()) frontEnd.runEvent(event);
-  if (form.isOpen()) frontEnd.runEvent([&] { form.settleFocus(); });
-}
-
 void RefusingVisitor::visit(Frame& control) { refuse(control, why_); }
 void RefusingVisitor::visit(Label& control) { refuse(control, why_); }
 void RefusingVisitor::visit(Link& control) { refuse(control, why_); }

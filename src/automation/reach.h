@@ -11,10 +11,6 @@ namespace cu {
 // Refused when a person's hand does not reach the control.
 void requireReach(const Control& control);
 
-// The control takes the focus; then the event runs, if what the loss of the focus did has left the control
-// within reach.
-void perform(Control& control, const Event& event);
-
 // For a gesture that few kinds of controls know: all others refuse it with one sentence.
 class RefusingVisitor : public ControlVisitor {
  public:

@@ -103,12 +103,14 @@ void FormWindow::orderTabs() {
 }
 
 void FormWindow::act(Control& control, const Event& event) {
-  if (live() && !frontEnd_.busy()) frontEnd_.perform(control, event);
+  if (!live() || frontEnd_.busy()) return;
+  frontEnd_.perform(control, event);
   afterEvent();
 }
 
 void FormWindow::act(const Event& event) {
-  if (live() && !frontEnd_.busy()) frontEnd_.perform(*form_, event);
+  if (!live() || frontEnd_.busy()) return;
+  frontEnd_.perform(*form_, event);
   afterEvent();
 }
 
@@ -167,36 +169,38 @@ void FormWindow::takeFocus(View& taken, QWidget* widget) {
   }
 }
 
+// The keyboard leaves a widget. Where it goes to another control the focus rule has what was typed handed
+// over together with the focus; everywhere else the form's focus stays, and it is handed over here.
+void FormWindow::keyboardGone(View& left) {
+  if (frontEnd_.busy()) return;
+  const auto next = byWidget_.find(QApplication::focusWidget());
+  if (next != byWidget_.end() && next->second != &left) return;
+  frontEnd_.perform(*form_, [&left] { left.commit(); });
+}
+
 bool FormWindow::key(QKeyEvent* event) {
   const FormKey pressed = formKey(*event);
   if (pressed.code == 0 || pressed.code == 9) return false;
   const auto at = byWidget_.find(focusWidget());
   if (at != byWidget_.end()) takeFocus(*at->second, focusWidget());
   if (!live()) return true;
-  Control* const focus = form_->focus();
-  const bool enter = pressed.code == 13;
-  auto* const button = dynamic_cast<Button*>(focus);
   const auto showing = byWidget_.find(focusWidget());
+  View* const view = showing == byWidget_.end() ? nullptr : showing->second;
+  if (pressed.code == 27 && view != nullptr && view->takeBack()) return true;
   // A key in a field of the view's own is the view's, but for those that the whole form listens to.
-  auto* const grid = showing == byWidget_.end() ? nullptr : dynamic_cast<Grid*>(focus);
-  if (enter && showing != byWidget_.end()) showing->second->commit();
+  Control* const focus = view == nullptr ? nullptr : form_->focus();
+  const bool enter = pressed.code == 13;
+  if (enter && view != nullptr) act([view] { view->commit(); });
   if (!live()) return true;
   bool consumed = false;
-  if (grid != nullptr) {
-    consumed = showing->second->keyDown(pressed.code, pressed.shift);
-  } else if (enter && button != nullptr && showing != byWidget_.end()) {
-    // Enter presses the button that has the focus, not the default one.
-    act([&] {
-      std::int16_t code = pressed.code;
-      std::int16_t shift = pressed.shift;
-      if (form_->onKeyDown) form_->onKeyDown(code, shift);
-      consumed = code == 0;
-    });
-    if (!consumed && live() && button->available()) act(*button, [&] { button->click(); });
-    consumed = true;
+  if (dynamic_cast<Grid*>(focus) != nullptr) {
+    consumed = view->keyDown(pressed.code, pressed.shift);
   } else {
+    // Enter presses the button that has the focus, elsewhere the default one.
     Form& form = *form_;
-    act([&] { consumed = form.keyDown(pressed.code, pressed.shift); });
+    auto* const button = dynamic_cast<Button*>(focus);
+    Button* const byEnter = button != nullptr ? button : form.defaultButton;
+    act([&] { consumed = form.keyDown(pressed.code, pressed.shift, byEnter); });
     consumed = consumed || enter || pressed.code == 27;
   }
   return consumed || !live();
@@ -265,6 +269,13 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusIn: {
       const auto found = byWidget_.find(watched);
       if (found != byWidget_.end()) takeFocus(*found->second, static_cast<QWidget*>(watched));
+      break;
+    }
+    case QEvent::FocusOut: {
+      // A menu over the window gives the keyboard back.
+      if (static_cast<QFocusEvent*>(event)->reason() == Qt::PopupFocusReason) break;
+      const auto found = byWidget_.find(watched);
+      if (found != byWidget_.end()) keyboardGone(*found->second);
       break;
     }
     case QEvent::KeyPress: {

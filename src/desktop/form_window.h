@@ -57,13 +57,13 @@ class FormWindow : public QWidget {
   void syncFocus();
   void syncScroll();
   void takeFocus(View& view, QWidget* widget);
+  void keyboardGone(View& left);
   void orderTabs();
   void enterStage();
   bool key(QKeyEvent* event);
   bool isExtra(const QObject* watched) const;
   bool wheel(QWheelEvent* event);
   void barMoved(const QScrollArea* area);
-  void enter();
 
   QtFrontEnd& frontEnd_;
   Form* form_;

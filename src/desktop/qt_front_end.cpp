@@ -75,19 +75,15 @@ FormWindow* QtFrontEnd::topmost() const { return shown_.empty() ? nullptr : show
 QWidget* QtFrontEnd::parentForDialog() const { return topmost(); }
 
 void QtFrontEnd::perform(Control& control, const Event& event) {
-  Form& form = control.form();
   ++running_;
-  if (control.takesFocus()) runEvent([&] { form.setFocus(&control); });
-  if (event && form.isOpen() && control.available()) runEvent(event);
-  if (form.isOpen()) runEvent([&] { form.settleFocus(); });
+  control.form().perform(control, event);
   --running_;
   endOfWork();
 }
 
 void QtFrontEnd::perform(Form& form, const Event& event) {
   ++running_;
-  runEvent(event);
-  if (form.isOpen()) runEvent([&] { form.settleFocus(); });
+  form.perform(event);
   --running_;
   endOfWork();
 }

@@ -32,8 +32,7 @@ class QtFrontEnd : public FrontEnd {
   FormWindow* window(const Form& form) const;
   FormWindow* topmost() const;
 
-  // A person's event on a control: the control takes the focus; then the event runs, if what the loss of the
-  // focus did has left the control within reach.
+  // A person's event, by the focus rule of the form. While it runs nothing else comes in.
   void perform(Control& control, const Event& event);
   void perform(Form& form, const Event& event);
   // An event runs that waits for no person: nothing else may come in.

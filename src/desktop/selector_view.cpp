@@ -104,7 +104,6 @@ SelectorView::SelectorView(FormWindow& window, Selector& selector, QWidget* pare
   setWidget(around);
   opener_->setVisible(selector.binding().search);
   for (QLineEdit* line : {code_, description_}) {
-    QObject::connect(line, &QLineEdit::editingFinished, line, [this] { commit(); });
     // It was about what stood there before.
     QObject::connect(line, &QLineEdit::textEdited, line, [this] { showNote({}); });
     openBy(line, [this, line] { openSearch(line->isModified() ? line->text() : QString()); });
@@ -129,15 +128,32 @@ void SelectorView::commit() {
   if (!live()) return;
   const bool codeTyped = code_->isModified();
   const bool descriptionTyped = description_->isModified();
-  if ((!codeTyped && !descriptionTyped) || window().frontEnd().busy()) return;
+  if (!codeTyped && !descriptionTyped) return;
   code_->setModified(false);
   description_->setModified(false);
   const std::string code = utf8(code_->text().trimmed());
-  const std::string description = utf8(description_->text().trimmed());
-  act([&] {
-    if (codeTyped && !code.empty() && selector_.chooseCode(code)) return;
-    selector_.choose(code, codeTyped && !descriptionTyped ? std::string() : description);
-  });
+  const std::string description =
+      codeTyped && !descriptionTyped ? std::string() : utf8(description_->text().trimmed());
+  std::optional<Selector::Row> row;
+  try {
+    if (codeTyped && !code.empty()) row = selector_.findCode(code);
+  } catch (...) {
+    // Where the table cannot be read the code counts as it was typed.
+    selector_.choose(code, description);
+    throw;
+  }
+  if (!selector_.choose(row)) selector_.choose(code, description);
+  refreshAll();
+}
+
+bool SelectorView::takeBack() {
+  if (!live()) return false;
+  const bool differs =
+      code_->text() != shown(selector_.code()) || description_->text() != shown(selector_.description());
+  code_->setModified(false);
+  description_->setModified(false);
+  refreshAll();
+  return differs;
 }
 
 void SelectorView::refresh() {

@@ -18,6 +18,7 @@ class SelectorView : public View {
   QList<QWidget*> focusWidgets() const override;
   void setSpokenName(const QString& name) override;
   void commit() override;
+  bool takeBack() override;
   QLineEdit* codeBox() const { return code_; }
   QLineEdit* descriptionBox() const { return description_; }
   QLabel* note() const { return note_; }

@@ -29,8 +29,9 @@ class View : public ControlView {
   virtual void setSpokenName(const QString& name);
   QString spokenName() const { return spokenName_; }
 
-  // What a person has typed but not yet handed over is handed over: the key Enter asks for it.
-  virtual void commit() {}
+  // The key Esc: what has been typed since the focus came is taken back. False when there is nothing to take
+  // back.
+  virtual bool takeBack() { return false; }
 
   // A key in a control that has keys of its own, such as a grid; true when a handler consumed it.
   virtual bool keyDown(std::int16_t /*code*/, std::int16_t /*shift*/) { return false; }

@@ -16,6 +16,10 @@ void Control::notify() {
   if (view_ != nullptr) view_->changed(*this);
 }
 
+void Control::commit() const {
+  if (view_ != nullptr) view_->commit();
+}
+
 void Control::setEnabled(bool value) {
   if (enabled_ == value) return;
   enabled_ = value;

@@ -53,11 +53,18 @@ class ControlVisitor {
   virtual void visit(PrintControl& control) = 0;
 };
 
-// The one view attached to a control is told that the control's state has changed.
+// The one view attached to a control.
 class ControlView {
  public:
   virtual ~ControlView() = default;
+  // The control's state has changed.
   virtual void changed(Control& control) = 0;
+  // What a person has typed into the view and the control does not have yet is handed over. Called when the
+  // control loses the focus, before its own events.
+  virtual void commit() {}
+  // Called before a person's event runs on the control, which has the focus by then. False gives the event
+  // up.
+  virtual bool allows() { return true; }
 };
 
 enum class Background { Window, Face };
@@ -88,6 +95,9 @@ class Control {
   virtual bool takesFocus() const { return true; }
   // The focus goes: what was typed is put into its final shape, before anybody hears of it.
   virtual void leaving() {}
+  // What its view has not handed over yet, and whether its view lets a person's event run.
+  void commit() const;
+  bool allows() const { return view_ == nullptr || view_->allows(); }
 
   Event onGotFocus;
   Event onLostFocus;

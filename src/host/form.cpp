@@ -35,9 +35,23 @@ void Form::setFocus(Control* control) {
   Control* const before = focus_;
   focus_ = control;
   notify();
-  if (before != nullptr) before->leaving();
-  if (before != nullptr && before->onLostFocus) before->onLostFocus();
+  if (before != nullptr) {
+    before->commit();
+    before->leaving();
+    if (before->onLostFocus) before->onLostFocus();
+  }
   if (focus_ != nullptr && focus_ == control && focus_->onGotFocus) focus_->onGotFocus();
+}
+
+void Form::perform(Control& control, const Event& event) {
+  if (control.takesFocus()) frontEnd_.runEvent([&] { setFocus(&control); });
+  if (event && open_ && control.available() && control.allows()) frontEnd_.runEvent(event);
+  if (open_) frontEnd_.runEvent([&] { settleFocus(); });
+}
+
+void Form::perform(const Event& event) {
+  frontEnd_.runEvent(event);
+  if (open_) frontEnd_.runEvent([&] { settleFocus(); });
 }
 
 Control* Form::firstFocus() const {
@@ -103,12 +117,12 @@ void Form::close() {
   if (!refusesClose()) unload();
 }
 
-bool Form::keyDown(std::int16_t code, std::int16_t shift) {
+bool Form::keyDown(std::int16_t code, std::int16_t shift, Button* byEnter) {
   std::int16_t left = code;
   if (onKeyDown) onKeyDown(left, shift);
   if (code != 0 && left == 0) return true;
-  if (left == 13 && defaultButton != nullptr && defaultButton->available()) defaultButton->click();
-  if (left == 27 && cancelButton != nullptr && cancelButton->available()) cancelButton->click();
+  Button* const pressed = left == 13 ? byEnter : left == 27 ? cancelButton : nullptr;
+  if (pressed != nullptr && pressed->available()) perform(*pressed, [pressed] { pressed->click(); });
   return false;
 }
 

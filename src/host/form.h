@@ -30,12 +30,20 @@ class Form {
   Control* find(std::string_view name) const;  // null when there is none
 
   Control* focus() const { return focus_; }
-  // The control that had the focus sees it lost before the new one gets it. Null: nothing has it.
+  // The control that had the focus takes what its view still holds, takes its final shape and sees the focus
+  // lost before the new one gets it. Null: nothing has it.
   void setFocus(Control* control);
+  // The focus rule, for every front end. A person's event on a control: the control gets the focus, if it
+  // takes it; the event runs, if the loss of the focus has left the control within reach and its view allows
+  // it; the focus settles. An error in one of these is shown in its box and the next goes on. Without an
+  // event only the focus moves.
+  void perform(Control& control, const Event& event);
+  // A person's event on the form itself.
+  void perform(const Event& event);
   // Where the focus goes when the form opens: the first control that can take it.
   Control* firstFocus() const;
-  // To be called when an event has ended: a control that a person can no longer reach yields the focus to the
-  // next one in the order of tabbing, the last to the first.
+  // A control that a person can no longer reach yields the focus to the next one in the order of tabbing, the
+  // last to the first.
   void settleFocus();
 
   bool isOpen() const { return open_; }
@@ -48,9 +56,11 @@ class Form {
 
   // The close box: unloads, unless the form refuses.
   void close();
-  // A key pressed in the form. A handler that has consumed the key sets both to 0; otherwise 13 and 27 press
-  // the default and the cancel button. True when a handler consumed it.
-  bool keyDown(std::int16_t code, std::int16_t shift);
+  // A key pressed in the form. A handler that has consumed the key sets both to 0; otherwise 13 and 27 are
+  // events of the default and of the cancel button. True when a handler consumed it.
+  bool keyDown(std::int16_t code, std::int16_t shift) { return keyDown(code, shift, defaultButton); }
+  // The same with another button for 13; null for none.
+  bool keyDown(std::int16_t code, std::int16_t shift, Button* byEnter);
   void wheel(int delta);
 
   Button* defaultButton = nullptr;

@@ -295,6 +295,7 @@ struct Keys : Stage {
   Keys() {
     ok.onClick = [this] { clicks.push_back("ok"); };
     cancel.onClick = [this] { clicks.push_back("cancel"); };
+    form.show();
   }
 };
 

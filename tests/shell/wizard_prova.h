@@ -67,11 +67,7 @@ class WizardProva {
   template <class Controllo>
   bool premi(Controllo& controllo) {
     if (!controllo.available()) return false;
-    frontEnd.runEvent([&] {
-      controllo.form().setFocus(&controllo);
-      controllo.click();
-    });
-    controllo.form().settleFocus();
+    controllo.form().perform(controllo, [&] { controllo.click(); });
     return true;
   }
 
