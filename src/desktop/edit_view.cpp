@@ -11,16 +11,19 @@
 #include <QToolButton>
 #include <QWidgetAction>
 #include <optional>
+#include <utility>
 
 #include "desktop/form_window.h"
 #include "desktop/text.h"
 #include "desktop/whole_text.h"
+#include "host/form.h"
 #include "host/text.h"
 
 namespace cu::desktop {
 namespace {
 
 // A line that is selected whole when the keyboard or the first click comes to it, so that typing replaces it.
+// It is not when only its window or a menu over it had been left for a while: the typing goes on.
 class Line : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
@@ -36,8 +39,12 @@ class Line : public QLineEdit {
  protected:
   void focusInEvent(QFocusEvent* event) override {
     QLineEdit::focusInEvent(event);
-    selectAll();
     byMouse_ = event->reason() == Qt::MouseFocusReason;
+    if (!std::exchange(away_, false)) selectAll();
+  }
+  void focusOutEvent(QFocusEvent* event) override {
+    QLineEdit::focusOutEvent(event);
+    away_ = event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
   }
   void mouseReleaseEvent(QMouseEvent* event) override {
     QLineEdit::mouseReleaseEvent(event);
@@ -62,6 +69,7 @@ class Line : public QLineEdit {
   }
 
   bool byMouse_ = false;
+  bool away_ = false;
 };
 
 // What was done to `before` for `now`, with the cursor behind what was inserted.
@@ -127,8 +135,24 @@ EditView::EditView(FormWindow& window, EditBox& box, QWidget* parent)
   setWidget(line_);
   tellWhole(*line_);
   QObject::connect(line_, &QLineEdit::textEdited, line_, [this](const QString& now) {
-    if (live()) edited(now);
+    if (!live()) return;
+    if (!before_) before_ = Before{box_.text(), box_.restorer()};
+    edited(now);
   });
+}
+
+// The box has what was typed already; once the focus has gone it counts.
+void EditView::commit() {
+  if (live() && box_.form().focus() != &box_) before_.reset();
+}
+
+bool EditView::takeBack() {
+  if (!live() || !before_) return false;
+  const Before before = *std::exchange(before_, std::nullopt);
+  if (box_.text() == before.text) return false;
+  act(before.restore);
+  line_->selectAll();
+  return true;
 }
 
 QList<QWidget*> EditView::focusWidgets() const { return {line_}; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "desktop/view.h"
@@ -17,6 +18,8 @@ class EditView : public View {
  public:
   EditView(FormWindow& window, EditBox& box, QWidget* parent);
   QList<QWidget*> focusWidgets() const override;
+  void commit() override;
+  bool takeBack() override;
   QLineEdit* line() const { return line_; }
 
   // What a person has done to the content: characters from `at` on gave way to others.
@@ -37,6 +40,13 @@ class EditView : public View {
   Difference whatWasDone(const std::u32string& before, const std::u32string& now) const;
   EditBox& box_;
   QLineEdit* line_;
+
+  // The content before the first thing typed since the focus came.
+  struct Before {
+    std::string text;
+    Event restore;
+  };
+  std::optional<Before> before_;
 };
 
 // Amounts and numbers stand at the right; the decimal key of the keypad types the currency's mark.

@@ -59,6 +59,12 @@ void NumericBox::leaving() {
   if (!text().empty()) show(shown(number_));
 }
 
+// The number is kept with the places that the box does not show.
+Event NumericBox::restorer() {
+  if (text().empty()) return EditBox::restorer();
+  return [this, number = number_] { setNumber(number); };
+}
+
 void NumericBox::edited() {
   number_ = read(text()).value_or(Decimal());
   if (split(text()).byPoint) number_ = number_.rounded(shape_.decimals);

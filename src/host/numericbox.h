@@ -27,6 +27,7 @@ class NumericBox : public EditBox {
   void setLimits(Decimal min, Decimal max);
 
   void leaving() override;
+  Event restorer() override;
 
  protected:
   struct Shape {

@@ -91,6 +91,10 @@ bool EditBox::eraseAt(std::size_t at, std::size_t count) {
   return true;
 }
 
+Event EditBox::restorer() {
+  return [this, text = text_] { setText(text); };
+}
+
 void EditBox::enter(std::string_view typed) {
   if (locked_) return;
   if (typed.empty()) {

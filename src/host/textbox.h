@@ -37,6 +37,8 @@ class EditBox : public Control {
   bool typeAt(std::size_t at, std::size_t count, char32_t character);
   bool pasteAt(std::size_t at, std::size_t count, std::string_view text);
   bool eraseAt(std::size_t at, std::size_t count);
+  // What gives the box back the content that it has now.
+  virtual Event restorer();
 
   // True lets the character in; the filter itself beeps where it refuses.
   std::function<bool(char32_t)> keyFilter;
