@@ -115,15 +115,31 @@ void OptionView::refresh() {
   button_->setText(shown(option_.caption()));
   button_->setAccessibleName(spoken(option_.caption()));
   button_->setChecked(option_.value());
+  afterEvent();
 }
 
-void OptionView::chooseNeighbour(int step) {
+// The options of a frame are one stop of the Tab key: the one that is on, or the first where none is.
+void OptionView::afterEvent() {
   if (!live()) return;
+  const std::vector<Option*> options = group();
+  const auto on =
+      std::find_if(options.begin(), options.end(), [](const Option* option) { return option->value(); });
+  const bool stop = !options.empty() && &option_ == (on != options.end() ? *on : options.front());
+  button_->setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+std::vector<Option*> OptionView::group() const {
   std::vector<Option*> options;
   for (Control* control : option_.form().controls()) {
     auto* const other = dynamic_cast<Option*>(control);
     if (other != nullptr && other->frame() == option_.frame() && other->available()) options.push_back(other);
   }
+  return options;
+}
+
+void OptionView::chooseNeighbour(int step) {
+  if (!live()) return;
+  const std::vector<Option*> options = group();
   const auto here = std::find(options.begin(), options.end(), &option_);
   if (here == options.end() || options.size() < 2) return;
   const auto count = static_cast<std::ptrdiff_t>(options.size());

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QGroupBox>
 #include <QLabel>
+#include <vector>
 
 #include "desktop/view.h"
 
@@ -57,9 +58,11 @@ class OptionView : public View {
   QList<QWidget*> focusWidgets() const override { return {button_}; }
   // The neighbour in the same frame, as the arrow keys go.
   void chooseNeighbour(int step);
+  void afterEvent() override;
 
  private:
   void refresh() override;
+  std::vector<Option*> group() const;  // those of the frame that a person can reach
   Option& option_;
   QAbstractButton* button_;
 };
