@@ -89,6 +89,7 @@ void EditorCompenso::creaPagine() {
     stbMain->add("Modulo 1", prima);
     stbMain->add("Altri moduli", *fraAltriModuli);
     riferimenti_ = std::make_unique<Riferimenti>(*this, &prima);
+    riferimenti_->mostra = [this] { stbMain->select(1); };
     creaIntestazione(Pagina::Modulo1, &prima);
     fraMain = &crea<Frame>("fraMain", &prima, "");
     creaPagina(Pagina::Modulo1, fraMain);

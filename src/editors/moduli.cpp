@@ -106,6 +106,8 @@ void EditorCompenso::salva() {
   NuovoModulo = false;
   mostraConteggio();
   sbRicalcolaAmmontareLordo();
+  // Not on the next button, which deletes.
+  setFocus(grdAltriModuli);
 }
 
 void EditorCompenso::elimina() {

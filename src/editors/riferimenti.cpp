@@ -47,6 +47,7 @@ void Riferimenti::disponi(std::int32_t tipoComunicazione) {
 bool Riferimenti::fnCompleti(UtilitaSuite& utilita, const std::string& titolo) {
   const auto manca = [&](TextBox& casella, const char* testo) {
     if (!trim(casella.text()).empty()) return false;
+    if (mostra) mostra();
     utilita.message(testo, titolo);
     casella.form().setFocus(&casella);
     return true;

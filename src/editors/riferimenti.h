@@ -19,6 +19,8 @@ class Riferimenti {
   void disponi(std::int32_t tipoComunicazione);
   // False when one is missing: the first one is told and has the focus.
   bool fnCompleti(UtilitaSuite& utilita, const std::string& titolo);
+  // Where the form has pages: brings the frame into view.
+  Event mostra;
 
   Frame fraRiferimenti;
   Label lblProtocollo;
