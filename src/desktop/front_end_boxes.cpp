@@ -133,23 +133,33 @@ void QtFrontEnd::error(const Error& error) {
   run(dialog);
 }
 
-bool QtFrontEnd::mayClose(const Form& form) {
-  const std::string lost = form.unsavedWork();
+// The window's own question before something is lost. The way back is the default.
+bool QtFrontEnd::mayLose(const Form& form, const std::string& lost, const char* explanation,
+                         const char* onCaption) {
   if (lost.empty()) return true;
   QMessageBox dialog(QMessageBox::Warning, shown(form.caption()), shown(lost), QMessageBox::NoButton,
                      parentForDialog());
   dialog.setTextFormat(Qt::PlainText);
-  dialog.setInformativeText(QStringLiteral(
-      "Chiudendo la finestra ora le correzioni vanno perdute. Quelle delle righe scelte si memorizzano "
-      "tornando al primo passo con Indietro e rispondendo Sì."));
+  dialog.setInformativeText(QString::fromUtf8(explanation));
   dialog.setObjectName(QStringLiteral("conferma"));
-  const QPushButton* const close =
-      dialog.addButton(QStringLiteral("&Chiudi senza memorizzare"), QMessageBox::DestructiveRole);
+  const QPushButton* const on = dialog.addButton(QString::fromUtf8(onCaption), QMessageBox::DestructiveRole);
   QPushButton* const stay = dialog.addButton(QStringLiteral("&Resta"), QMessageBox::RejectRole);
   dialog.setDefaultButton(stay);
   dialog.setEscapeButton(stay);
   run(dialog);
-  return dialog.clickedButton() == close;
+  return dialog.clickedButton() == on;
+}
+
+bool QtFrontEnd::mayClose(const Form& form) {
+  return mayLose(
+      form, form.unsavedWork(),
+      "Chiudendo la finestra ora le correzioni vanno perdute. Quelle delle righe scelte si memorizzano "
+      "tornando al primo passo con Indietro e rispondendo Sì.",
+      "&Chiudi senza memorizzare");
+}
+
+bool QtFrontEnd::mayDrop(const Form& form, const std::string& lost) {
+  return mayLose(form, lost, "Proseguendo ora va perduto.", "&Prosegui senza salvare");
 }
 
 std::string QtFrontEnd::chooseFolder(const std::string& title, const std::optional<std::string>& start) {

@@ -86,7 +86,11 @@ void GridTable::highlightCurrent() {
 }
 
 void GridTable::mousePressEvent(QMouseEvent* event) {
-  pressed_ = event->button() == Qt::LeftButton ? indexAt(event->pos()) : QModelIndex();
+  const QModelIndex at = indexAt(event->pos());
+  // Asked before the press: the toolkit would highlight the row in spite of the answer.
+  const bool allowed = !at.isValid() || view_.goTo(at.row());
+  pressed_ = allowed && event->button() == Qt::LeftButton ? at : QModelIndex();
+  if (!allowed) return;
   QTableView::mousePressEvent(event);
   highlightCurrent();
 }
@@ -219,15 +223,36 @@ void GridView::rememberOrder() {
   memory_.setOrder(order);
 }
 
+bool GridView::goTo(int row) {
+  const std::size_t wanted = static_cast<std::size_t>(row) + 1;
+  if (!live() || !grid_.drops || grid_.drops(wanted).empty()) return true;
+  bool allowed = false;
+  act([&] {
+    allowed = mayChoose(wanted);
+    if (allowed) grid_.selectRow(wanted);
+  });
+  return allowed;
+}
+
+bool GridView::mayChoose(std::size_t row) {
+  return !grid_.drops || window().frontEnd().mayDrop(grid_.form(), grid_.drops(row));
+}
+
 void GridView::rowChosen(int row) {
-  if (!live() || static_cast<std::size_t>(row) + 1 == grid_.row()) return;
-  act([this, row] { grid_.selectRow(static_cast<std::size_t>(row) + 1); });
+  const std::size_t chosen = static_cast<std::size_t>(row) + 1;
+  if (!live() || chosen == grid_.row()) return;
+  act([this, chosen] {
+    if (mayChoose(chosen)) grid_.selectRow(chosen);
+  });
 }
 
 void GridView::cellPressed(int row, int column) {
   if (!live()) return;
   const std::string field = model_.column(column).field;
-  act([&] { grid_.press(static_cast<std::size_t>(row) + 1, field); });
+  const std::size_t pressed = static_cast<std::size_t>(row) + 1;
+  act([&] {
+    if (mayChoose(pressed)) grid_.press(pressed, field);
+  });
 }
 
 void GridView::headerPressed(int column) {
@@ -238,7 +263,10 @@ void GridView::headerPressed(int column) {
 
 void GridView::doubleClicked(int row) {
   if (!live()) return;
-  act([this, row] { grid_.doubleClick(static_cast<std::size_t>(row) + 1); });
+  const std::size_t clicked = static_cast<std::size_t>(row) + 1;
+  act([this, clicked] {
+    if (mayChoose(clicked)) grid_.doubleClick(clicked);
+  });
 }
 
 // The space bar acts on every highlighted row as it does on one.

@@ -53,6 +53,8 @@ class GridView : public View {
   GridModel& model() { return model_; }
 
   // A person's events.
+  // The row is about to be pressed. False when the person will not have dropped what goes with another row.
+  bool goTo(int row);
   void rowChosen(int row);
   void cellPressed(int row, int column);
   void headerPressed(int column);
@@ -70,6 +72,7 @@ class GridView : public View {
   void rememberOrder();
   void headerMenu(const QPoint& at);
   int widthOf(int column) const;
+  bool mayChoose(std::size_t row);
   int searchColumn() const;
 
   Grid& grid_;

@@ -75,8 +75,9 @@ class QtFrontEnd : public FrontEnd {
   // The keys pressed while a window was being made ready that is typed into at once.
   Keys typedAhead();
   QWidget* parentForDialog() const;
-  // Asks the person where closing the form would lose something.
+  // Ask the person where closing the form would lose something, or an event would drop what is said.
   bool mayClose(const Form& form);
+  bool mayDrop(const Form& form, const std::string& lost);
 
  private:
   struct Shown {
@@ -84,6 +85,7 @@ class QtFrontEnd : public FrontEnd {
     FormWindow* window;
     QEventLoop* loop;
   };
+  bool mayLose(const Form& form, const std::string& lost, const char* explanation, const char* onCaption);
   void place(FormWindow& window, const FormWindow* over) const;
   void fit(FormWindow& window, const FormWindow* over) const;
   void showPointer();

@@ -7,6 +7,7 @@
 
 #include "desktop/form_window.h"
 #include "desktop/layouter.h"
+#include "desktop/qt_front_end.h"
 #include "desktop/radio.h"
 #include "desktop/section.h"
 #include "desktop/text.h"
@@ -88,7 +89,7 @@ void LinkView::refresh() {
 }
 
 ButtonView::ButtonView(FormWindow& window, Button& button, QWidget* parent)
-    : View(window, button), button_(new QPushButton(parent)) {
+    : View(window, button), model_(button), button_(new QPushButton(parent)) {
   setWidget(button_);
   auto* const push = static_cast<QPushButton*>(button_);
   push->setAutoDefault(false);
@@ -101,6 +102,10 @@ ButtonView::ButtonView(FormWindow& window, Button& button, QWidget* parent)
 void ButtonView::refresh() {
   button_->setText(shown(control().caption()));
   button_->setAccessibleName(spoken(control().caption()));
+}
+
+bool ButtonView::allows() {
+  return !model_.drops || window().frontEnd().mayDrop(model_.form(), model_.drops());
 }
 
 OptionView::OptionView(FormWindow& window, Option& option, QWidget* parent)

@@ -46,9 +46,11 @@ class ButtonView : public View {
  public:
   ButtonView(FormWindow& window, Button& button, QWidget* parent);
   QList<QWidget*> focusWidgets() const override { return {button_}; }
+  bool allows() override;
 
  private:
   void refresh() override;
+  Button& model_;
   QAbstractButton* button_;
 };
 

@@ -46,4 +46,12 @@ bool Casella::pieno() const {
   return numero != nullptr && numero->value() != 0;
 }
 
+bool Casella::diversa(const CellView& riga, const UtilitaSuite& utilita) const {
+  if (importo != nullptr) return importo->number() != riga.decimal();
+  if (testo != nullptr) return testo->text() != utilita.toText(riga);
+  if (flag != nullptr) return flag->value() != riga.flag();
+  if (elenco != nullptr) return elenco->record().value_or(0) != utilita.toLong(riga);
+  return numero != nullptr && numero->value() != utilita.toLong(riga);
+}
+
 }  // namespace cu

@@ -101,6 +101,9 @@ void EditorCompenso::creaPagine() {
   grdAltriModuli->onRowAgain = [this] {
     if (NuovoModulo) mostraModulo();
   };
+  grdAltriModuli->drops = [this](std::size_t riga) {
+    return riga == grdAltriModuli->row() && !NuovoModulo ? std::string() : moduloNonSalvato();
+  };
   picAltriModuli = &crea<Frame>("picAltriModuli", fraAltriModuli, "");
   picAltriModuli->setVisible(!disposizione_.immagine);
   creaPagina(Pagina::AltriModuli, picAltriModuli);
@@ -283,6 +286,7 @@ void EditorCompenso::creaPulsanti() {
   }
   cmdOk = pulsante("cmdOk", nullptr, "OK", [this] { conferma(); });
   cmdAnnulla = pulsante("cmdAnnulla", nullptr, "Annulla", [this] { annulla(); });
+  cmdNew->drops = cmdOk->drops = [this] { return moduloNonSalvato(); };
   defaultButton = cmdOk;
   cancelButton = cmdAnnulla;
 }

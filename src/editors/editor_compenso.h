@@ -87,6 +87,8 @@ class EditorCompenso : public Editor {
   void sbApriModuli();
   void mostraModulo();
   void nuovo();
+  // What the fields hold of a module that has not been saved, in a sentence; empty for nothing.
+  std::string moduloNonSalvato() const;
   void salva();
   void elimina();
   void sbSalvaModuli();

@@ -1,5 +1,7 @@
 // The additional modules: a recordset beside the database until the editor is confirmed.
 
+#include <algorithm>
+
 #include "editors/editor_compenso.h"
 #include "editors/sql_moduli.h"
 #include "host/frontend.h"
@@ -80,6 +82,19 @@ void EditorCompenso::nuovo() {
   cmdSave->setEnabled(false);
   cmdDelete->setEnabled(false);
   numModulo->setValue(proposta);
+}
+
+std::string EditorCompenso::moduloNonSalvato() const {
+  if (!cmdSave->enabled() || (!NuovoModulo && moduli_.RecordCount() == 0)) return {};
+  const bool scritto = std::any_of(altriModuli_.begin(), altriModuli_.end(), [this](const Casella& casella) {
+    if (!casella.presente()) return false;
+    // A number alone makes no module.
+    if (NuovoModulo) return casella.numero != numModulo && casella.pieno();
+    return casella.diversa(moduli_.Get(casella.campo->colonna), ambiente_.utilita);
+  });
+  if (!scritto) return {};
+  return "Il modulo n. " + fromInteger(numModulo->value()) + " è stato " +
+         (NuovoModulo ? "scritto" : "modificato") + " ma non salvato con il pulsante «Salva».";
 }
 
 void EditorCompenso::salva() {

@@ -158,6 +158,9 @@ class Button : public Control {
   void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
   void click();
   Event onClick;
+  // What a click drops of what a person has written and not saved, in a sentence; empty for nothing. Only a
+  // window asks before it.
+  std::function<std::string()> drops;
 };
 
 // One of several of which one is on; those of one frame belong together. Turned on by a person or by code it

@@ -72,6 +72,9 @@ class Grid : public Control {
   Event onDoubleClick;
   Event onRowChange;  // a row has become the current one, or is shown anew
   Event onRowAgain;   // the row that is the current one already has been chosen
+  // What the choice of a row drops of what a person has written and not saved, in a sentence; empty for
+  // nothing. Only a window asks before it.
+  std::function<std::string(std::size_t row)> drops;
 
  private:
   std::vector<GridColumn> columns_;
