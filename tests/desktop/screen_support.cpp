@@ -34,9 +34,13 @@ const QString& demonstration() {
 
 }  // namespace
 
-Screen::Screen(std::int32_t mode) : watcher_(std::make_unique<QObject>()) {
-  const QString database = folder_.filePath(QStringLiteral("prova.db"));
+QString Screen::freshDatabase(const QTemporaryDir& folder) {
+  const QString database = folder.filePath(QStringLiteral("prova.db"));
   QFile::copy(demonstration(), database);
+  return database;
+}
+
+Screen::Screen(std::int32_t mode) : watcher_(std::make_unique<QObject>()) {
   QDir(folder_.path()).mkdir(QStringLiteral("documenti"));
   profile_.sessione.utente = 12;
   profile_.sessione.azienda = 1;
@@ -44,7 +48,7 @@ Screen::Screen(std::int32_t mode) : watcher_(std::make_unique<QObject>()) {
   profile_.sessione.titolo = "Quadrivio";
   profile_.sessione.processi = {{"Wizard stampa", mode}};
   profile_.sessione.oggi = Profilo::Istante{*Date::fromYmd(2017, 3, 5), {10, 30, 0}};
-  profile_.database.origine = database.toStdString();
+  profile_.database.origine = freshDatabase(folder_).toStdString();
   profile_.valuta = {true, "€", ",", "."};
   profile_.documenti = documents().toStdString();
   profile_.impostazioni = folder_.filePath(QStringLiteral("impostazioni.toml")).toStdString();

@@ -21,6 +21,8 @@ class Screen {
  public:
   explicit Screen(std::int32_t mode = 247);
   ~Screen();
+  // A new copy of the database in a folder; its address.
+  static QString freshDatabase(const QTemporaryDir& folder);
 
   FrmWizard& form() { return *impianto_->programma().wizard(); }
   desktop::QtFrontEnd& frontEnd() { return screen_; }
@@ -43,6 +45,7 @@ class Screen {
   // What is to be done with the next modal window, in the order given; each runs as soon as it is there.
   void whenModal(std::function<void(QWidget& modal)> act);
   bool allAnswered() const { return modals_.empty(); }
+  void forgetModals() { modals_.clear(); }
 
   // To the grid of a year, and to the last step.
   void toTelematicFile(const char* year = "2016");

@@ -1,0 +1,305 @@
+// What is typed is handed over in whichever way a box is left, and the keyboard stays where the person put
+// it.
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTest>
+
+#include "desktop/agreement_support.h"
+#include "desktop/screen_support.h"
+#include "desktop/selector_view.h"
+#include "host/numericbox.h"
+#include "support/fake_connection.h"
+
+namespace cu::test {
+namespace {
+
+class SelectorFocus : public ::testing::Test {
+ protected:
+  SelectorFocus() { screen.toTelematicFile(); }
+  QLineEdit& code(const Selector& selector) {
+    return *static_cast<desktop::SelectorView&>(*screen.window().view(selector)).codeBox();
+  }
+  QLineEdit& description(const Selector& selector) {
+    return *static_cast<desktop::SelectorView&>(*screen.window().view(selector)).descriptionBox();
+  }
+  void clickInto(QWidget& box) { QTest::mouseClick(&box, Qt::LeftButton, Qt::NoModifier, {8, 8}); }
+  // Where the keyboard is.
+  void typeOn(const QString& text) { QTest::keyClicks(screen.window().focusWidget(), text); }
+
+  Screen screen;
+  FrmWizard& form = screen.form();
+};
+
+TEST_F(SelectorFocus, ACodeLeftByAMnemonicBoundsTheLinesThatAreLoaded) {
+  screen.click("optCode");
+  clickInto(code(form.KrnCDPerc1));
+  typeOn(QStringLiteral("P002"));
+  screen.key(Qt::Key_A, Qt::AltModifier);
+  ASSERT_EQ(screen.window().windowTitle().toStdString(), "Autocomposizione Quadrivio - Passo 2 di 3");
+  EXPECT_EQ(form.KrnCDPerc1.code(), "P002");
+  EXPECT_NE(form.KrnCDPerc1.record(), 0);
+  ASSERT_GT(form.grdCompensi.rowCount(), 0U);
+  Recordset& rows = *form.grdCompensi.rows();
+  for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+    EXPECT_LE(rows.Get("IDAnagrafica").integer(), form.KrnCDPerc1.record());
+  }
+  rows.MoveFirst();
+  EXPECT_EQ(disagreements(screen.window()), "");
+}
+
+TEST_F(SelectorFocus, ACodeLeftByAClickOnBareGroundIsLookedUp) {
+  clickInto(code(form.KrnCDPerc0));
+  typeOn(QStringLiteral("P003"));
+  QTest::mouseClick(&screen.window(), Qt::LeftButton, Qt::NoModifier, {2, screen.window().height() - 2});
+  EXPECT_EQ(form.focus(), nullptr);
+  EXPECT_NE(form.KrnCDPerc0.record(), 0);
+  EXPECT_EQ(disagreements(screen.window()), "");
+}
+
+TEST_F(SelectorFocus, TheKeyboardStaysInTheBoxThatIsClickedInto) {
+  clickInto(code(form.KrnCDPerc0));
+  typeOn(QStringLiteral("P002"));
+  clickInto(code(form.KrnCDPerc1));
+  EXPECT_EQ(screen.focus(), &form.KrnCDPerc1);
+  typeOn(QStringLiteral("P004"));
+  screen.key(Qt::Key_Tab);
+  EXPECT_EQ(form.KrnCDPerc0.code(), "P002");
+  EXPECT_EQ(form.KrnCDPerc1.code(), "P004");
+  EXPECT_EQ(disagreements(screen.window()), "");
+}
+
+TEST_F(SelectorFocus, TheKeyboardGoesBackWithShiftTab) {
+  clickInto(code(form.KrnCDPerc1));
+  typeOn(QStringLiteral("P004"));
+  screen.key(Qt::Key_Tab, Qt::ShiftModifier);
+  EXPECT_EQ(screen.focus(), &form.KrnCDPerc0);
+  EXPECT_EQ(screen.window().focusWidget(), &description(form.KrnCDPerc0));
+  EXPECT_EQ(form.KrnCDPerc1.code(), "P004");
+  EXPECT_NE(form.KrnCDPerc1.record(), 0);
+  EXPECT_EQ(disagreements(screen.window()), "");
+}
+
+TEST_F(SelectorFocus, ACodeIsLookedUpWhenTheDescriptionIsEntered) {
+  clickInto(code(form.KrnCDPerc0));
+  typeOn(QStringLiteral("P003"));
+  clickInto(description(form.KrnCDPerc0));
+  EXPECT_NE(form.KrnCDPerc0.record(), 0);
+  EXPECT_EQ(screen.window().focusWidget(), &description(form.KrnCDPerc0));
+}
+
+TEST_F(SelectorFocus, ACodeCountsAsTypedWhereTheTableCannotBeRead) {
+  FakeConnection broken;
+  broken.refuseContaining("Codice = 'P003'");
+  form.KrnCDPerc0.bind(broken, {.table = "RepPercipienteCD",
+                                .codeField = "Codice",
+                                .descriptionField = "Anagrafica",
+                                .idField = "IDAnagrafica",
+                                .codeCaption = {},
+                                .descriptionCaption = {},
+                                .filter = {},
+                                .title = {}});
+  clickInto(code(form.KrnCDPerc0));
+  typeOn(QStringLiteral("P003"));
+  QString told;
+  screen.whenModal([&](QWidget& modal) {
+    told = modal.windowTitle();
+    QTest::keyClick(&modal, Qt::Key_Escape);
+  });
+  clickInto(code(form.KrnCDPerc1));
+  EXPECT_TRUE(screen.allAnswered());
+  EXPECT_EQ(form.KrnCDPerc0.code(), "P003");
+  EXPECT_EQ(form.KrnCDPerc0.description(), "");
+  EXPECT_EQ(screen.focus(), &form.KrnCDPerc1);
+  EXPECT_EQ(disagreements(screen.window()), "");
+}
+
+TEST(OptionFocus, TheOptionsOfAFrameAreOneStopOfTheTabKey) {
+  Screen screen;
+  screen.click("optstType(1)");
+  std::vector<std::string> stops;
+  for (int i = 0; i < 40; ++i) {
+    const std::string name = screen.focus() == nullptr ? std::string() : screen.focus()->name();
+    if (!stops.empty() && name == stops.front()) break;
+    if (stops.empty() || stops.back() != name) stops.push_back(name);
+    screen.key(Qt::Key_Tab);
+  }
+  const auto count = [&](const std::string& group) {
+    return std::count_if(stops.begin(), stops.end(),
+                         [&](const std::string& stop) { return stop.rfind(group, 0) == 0; });
+  };
+  EXPECT_EQ(count("optstType"), 1);
+  EXPECT_EQ(count("optTipoComunicazione"), 1);
+  EXPECT_EQ(count("optCode") + count("optName"), 1);
+  EXPECT_EQ(count("KrnCDPerc"), 2) << "and nothing else is passed over";
+  EXPECT_TRUE(screen.form().optTipoComunicazione[0].value());
+}
+
+TEST(OptionFocus, TheStopIsTheOptionThatIsOn) {
+  Screen screen;
+  screen.click("optstType(1)");
+  screen.click("optTipoComunicazione(2)");
+  screen.find<QWidget>("optstType(1)")->setFocus();
+  screen.key(Qt::Key_Tab);
+  EXPECT_EQ(screen.focus()->name(), "optTipoComunicazione(2)");
+  screen.key(Qt::Key_Tab, Qt::ShiftModifier);
+  EXPECT_EQ(screen.focus()->name(), "optstType(1)");
+  EXPECT_TRUE(screen.form().optTipoComunicazione[2].value());
+}
+
+class EscKey : public ::testing::Test {
+ protected:
+  // Whether the wizard has asked if it is to be left; the answer is no.
+  bool asked() {
+    bool box = false;
+    screen.whenModal([&](QWidget& modal) {
+      box = true;
+      pressButton(modal, "No");
+    });
+    screen.key(Qt::Key_Escape);
+    const bool gone = screen.allAnswered();
+    screen.forgetModals();
+    return box && gone;
+  }
+  Screen screen;
+};
+
+TEST_F(EscKey, TakesBackATypedCodeBeforeItOffersToLeave) {
+  screen.type("KrnCDPerc(0)", "P003");
+  EXPECT_FALSE(asked());
+  EXPECT_EQ(disagreements(screen.window()), "");
+  EXPECT_EQ(screen.form().KrnCDPerc0.code(), "");
+  EXPECT_TRUE(asked());
+}
+
+TEST_F(EscKey, TakesBackATypedDateBeforeItOffersToLeave) {
+  screen.toEnd();
+  const std::string before = screen.form().dtDataFirma.text();
+  screen.type("dtDataFirma", "0101");
+  ASSERT_NE(screen.form().dtDataFirma.text(), before);
+  EXPECT_FALSE(asked());
+  EXPECT_EQ(screen.form().dtDataFirma.text(), before);
+  EXPECT_EQ(disagreements(screen.window()), "");
+  EXPECT_TRUE(asked());
+}
+
+TEST_F(EscKey, ClosesAListBeforeItOffersToLeave) {
+  auto* const years = screen.find<QComboBox>("KRNCboEsCont(0)");
+  years->setFocus();
+  years->showPopup();
+  settle();
+  ASSERT_TRUE(years->view()->isVisible());
+  QTest::keyClick(QApplication::activePopupWidget()->focusWidget() != nullptr
+                      ? QApplication::activePopupWidget()->focusWidget()
+                      : QApplication::activePopupWidget(),
+                  Qt::Key_Escape);
+  settle();
+  EXPECT_FALSE(years->view()->isVisible());
+  EXPECT_TRUE(screen.frontEnd().anyOpen());
+  EXPECT_TRUE(asked());
+}
+
+TEST_F(EscKey, GivesAnAmountBackAsItWasStoredAndThenGivesTheEditorUp) {
+  screen.inEditor("2016", [&] {
+    auto& amount = dynamic_cast<AmountBox&>(*screen.top()->form().find("curField(19)"));
+    const Decimal stored = amount.number();
+    screen.type("curField(19)", "1,5");
+    screen.key(Qt::Key_Escape);
+    ASSERT_NE(screen.top(), &screen.window());
+    EXPECT_EQ(amount.number(), stored);
+    EXPECT_EQ(disagreements(*screen.top()), "");
+    screen.key(Qt::Key_Escape);
+    EXPECT_EQ(screen.top(), &screen.window());
+  });
+}
+
+TEST_F(EscKey, OnceATypedTextIsLeftItIsNotTakenBack) {
+  screen.inEditor("2016", [&] {
+    screen.type("txtField(5)", "RSSMRA70A01H501U");
+    screen.key(Qt::Key_Tab);
+    screen.key(Qt::Key_Escape);
+    EXPECT_EQ(screen.top(), &screen.window());
+  });
+}
+
+class EnterKey : public ::testing::Test {
+ protected:
+  double gross() {
+    Recordset& rows = *screen.form().grdCompensi.rows();
+    return rows.Get("AmmontareLordo").decimal().toDouble();
+  }
+  void toModules() {
+    screen.click("cmdAltriModuli");
+    screen.click("cmdNew");
+    screen.type("curField(18)", "12,5");
+  }
+  Screen screen;
+};
+
+TEST_F(EnterKey, LeavesTheAmountBeforeTheEditorIsConfirmed) {
+  double others = 0;
+  screen.inEditor("2016", [&] {
+    const auto value = [&](const char* name) {
+      return dynamic_cast<AmountBox&>(*screen.top()->form().find(name)).value();
+    };
+    others = value("curField(10)") - value("curField(19)");
+    screen.type("curField(19)", "20000");
+    screen.key(Qt::Key_Return);
+    EXPECT_EQ(screen.top(), &screen.window());
+  });
+  EXPECT_NEAR(gross(), others + 20000, 0.001);
+}
+
+TEST_F(EnterKey, AsksBeforeAModuleThatWasBegunIsDropped) {
+  screen.inEditor("2016", [&] {
+    toModules();
+    QString question;
+    screen.whenModal([&](QWidget& modal) {
+      question = boxText(modal);
+      QTest::keyClick(&modal, Qt::Key_Return);
+    });
+    screen.key(Qt::Key_Return);
+    EXPECT_TRUE(screen.allAnswered());
+    EXPECT_TRUE(question.startsWith(QStringLiteral("Il modulo n. "))) << question.toStdString();
+    EXPECT_NE(screen.top(), &screen.window()) << "no is the answer of Enter";
+    screen.whenModal([&](QWidget& modal) { pressButton(modal, "Sì"); });
+    screen.click("cmdOk");
+    EXPECT_EQ(screen.top(), &screen.window());
+  });
+}
+
+TEST_F(EnterKey, AsksNothingOnceTheModuleIsSaved) {
+  screen.inEditor("2016", [&] {
+    toModules();
+    screen.click("cmdSave");
+    EXPECT_EQ(screen.focus()->name(), "grdAltriModuli");
+    screen.key(Qt::Key_Return);
+    const auto* const modules = dynamic_cast<const Grid*>(screen.top()->form().find("grdAltriModuli"));
+    EXPECT_GE(modules->rowCount(), 1U) << "the next Enter deletes nothing";
+    screen.click("cmdOk");
+    EXPECT_EQ(screen.top(), &screen.window());
+  });
+}
+
+TEST(WindowSwitch, TheTypingGoesOnWhereItWas) {
+  Screen screen;
+  screen.toEnd();
+  screen.click("chkIntermediari");
+  screen.type("txtCodiceFiscale", "RSSMRA");
+  {
+    QWidget other(&screen.window(), Qt::Tool);
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  }
+  screen.window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&screen.window()));
+  QTest::keyClicks(screen.window().focusWidget(), QStringLiteral("70"));
+  EXPECT_EQ(screen.form().txtCodiceFiscale.text(), "RSSMRA70");
+}
+
+}  // namespace
+}  // namespace cu::test
