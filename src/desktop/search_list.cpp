@@ -129,6 +129,11 @@ SearchDialog::SearchDialog(QWidget* parent, const QString& title, Recordset& row
   connect(table_, &QTableView::doubleClicked, this, [this] { take(); });
   connect(buttons, &QDialogButtonBox::accepted, this, [this] { take(); });
   connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
+  // Enter takes the current row: it must be seen as such, whatever key or click with Ctrl has moved there.
+  connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+    const QModelIndex current = table_->currentIndex();
+    if (current.isValid() && !table_->selectionModel()->hasSelection()) table_->selectRow(current.row());
+  });
   box_->installEventFilter(this);
   box_->setText(typed);
   if (typed.isEmpty()) narrow({});

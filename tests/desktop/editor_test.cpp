@@ -259,6 +259,25 @@ TEST(SelectorWindow, ACodeThatNoRowHasIsNotedBesideItsBox) {
   EXPECT_EQ(note(), QStringLiteral("Manca il codice"));
 }
 
+// Enter takes the row that is current: it must be the one that is seen.
+TEST(SelectorWindow, TheSearchListsCurrentRowIsAlwaysHighlighted) {
+  Screen screen;
+  auto& view = static_cast<desktop::SelectorView&>(*screen.window().view(screen.form().KrnCDPerc0));
+  screen.whenModal([&](QWidget& modal) {
+    QTableView& table = *dynamic_cast<desktop::SearchDialog&>(modal).table();
+    table.setFocus();
+    for (const Qt::Key key : {Qt::Key_Home, Qt::Key_End, Qt::Key_End}) {
+      QTest::keyClick(&table, key, Qt::ControlModifier);
+      EXPECT_TRUE(table.selectionModel()->isRowSelected(table.currentIndex().row()));
+    }
+    const QPoint row = table.visualRect(table.currentIndex()).center();
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::ControlModifier, row);
+    EXPECT_TRUE(table.selectionModel()->isRowSelected(table.currentIndex().row()));
+    modal.close();
+  });
+  view.openSearch({});
+}
+
 TEST(SelectorWindow, TheSearchListIsNarrowedByTypingAndGivenUpWithEsc) {
   Screen screen;
   auto& view = static_cast<desktop::SelectorView&>(*screen.window().view(screen.form().KrnCDPerc0));
