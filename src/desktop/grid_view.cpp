@@ -10,7 +10,6 @@
 
 #include "desktop/form_window.h"
 #include "desktop/grid_drawing.h"
-#include "desktop/qt_front_end.h"
 #include "desktop/text.h"
 #include "host/form.h"
 
@@ -269,46 +268,24 @@ void GridView::doubleClicked(int row) {
   });
 }
 
-// The space bar acts on every highlighted row as it does on one.
-bool GridView::keyDown(std::int16_t code, std::int16_t shift) {
-  constexpr std::int16_t kSpace = 32;
-  if (!live()) return false;
-  QList<int> rows;
-  if (code == kSpace && grid_.onKeyDown) {
-    for (const QModelIndex& row : table_->selectionModel()->selectedRows()) rows += row.row() + 1;
-    std::sort(rows.begin(), rows.end());
+std::vector<std::size_t> GridView::highlighted() const {
+  std::vector<std::size_t> rows;
+  for (const QModelIndex& row : table_->selectionModel()->selectedRows()) {
+    rows.push_back(static_cast<std::size_t>(row.row()) + 1);
   }
-  if (rows.size() < 2) rows = {static_cast<int>(grid_.row())};
-  bool consumed = false;
-  window().act(grid_, [&] {
-    consumed = rows.size() < 2 ? grid_.keyDown(code, shift) : keyDownInRows(rows, code, shift);
-  });
-  return consumed;
+  if (rows.size() < 2) return {};
+  std::sort(rows.begin(), rows.end());
+  return rows;
 }
 
-// The first row that fails ends it. The current row stays the one that it was.
-bool GridView::keyDownInRows(const QList<int>& rows, std::int16_t code, std::int16_t shift) {
-  QtFrontEnd& screen = window().frontEnd();
-  const std::size_t current = grid_.row();
+bool GridView::keyDown(std::int16_t code, std::int16_t shift) {
+  if (!live()) return false;
   bool consumed = false;
-  const DrawingPause pause(grid_);
-  screen.setPointer(kPointerHourglass);
-  const auto end = [&] {
-    grid_.selectRow(current);
-    screen.setPointer(kPointerDefault);
-  };
-  try {
-    std::size_t done = 0;
-    for (const int row : rows) {
-      screen.progress("Righe evidenziate", ++done, static_cast<std::size_t>(rows.size()));
-      grid_.selectRow(static_cast<std::size_t>(row));
-      consumed = grid_.keyDown(code, shift) || consumed;
-    }
-  } catch (...) {
-    end();
-    throw;
-  }
-  end();
+  window().act(grid_, [&] {
+    grid_.highlight(highlighted());
+    consumed = grid_.keyDown(code, shift);
+  });
+  if (live()) grid_.highlight({});
   return consumed;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTableView>
+#include <vector>
 
 #include "desktop/column_memory.h"
 #include "desktop/grid_model.h"
@@ -67,7 +68,7 @@ class GridView : public View {
 
  private:
   void refresh() override;
-  bool keyDownInRows(const QList<int>& rows, std::int16_t code, std::int16_t shift);
+  std::vector<std::size_t> highlighted() const;
   void placeColumns();
   void rememberOrder();
   void headerMenu(const QPoint& at);

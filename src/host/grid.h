@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "host/control.h"
@@ -61,6 +62,11 @@ class Grid : public Control {
   // The cell of a row as it is shown.
   std::string shown(const GridColumn& column, const CellView& value) const;
 
+  // The rows, in their order, that a person has highlighted for the key that follows; none where the current
+  // row stands alone.
+  void highlight(std::vector<std::size_t> rows) { highlighted_ = std::move(rows); }
+  const std::vector<std::size_t>& highlighted() const { return highlighted_; }
+
   // A person's events; a row that does not exist is passed over.
   void selectRow(std::size_t row);
   bool keyDown(std::int16_t code, std::int16_t shift);
@@ -79,6 +85,7 @@ class Grid : public Control {
  private:
   std::vector<GridColumn> columns_;
   Recordset* rows_ = nullptr;
+  std::vector<std::size_t> highlighted_;
   int state_ = 0;
   int suspended_ = 0;
 };

@@ -34,7 +34,11 @@ void FrmWizard::collegaGriglia() {
 void FrmWizard::invertiRiga() {
   const Recordset& righe = compensi_.rsCompensi();
   if (!righe.IsOpen() || righe.Eof() || righe.Bof()) return;
-  compensi_.sbSelezionaRiga(AzioneSelezione::Inverti);
+  if (grdCompensi.highlighted().empty()) {
+    compensi_.sbSelezionaRiga(AzioneSelezione::Inverti);
+  } else {
+    compensi_.sbInvertiRighe(grdCompensi.highlighted());
+  }
   compensi_.sbContaSelezionati();
   grdCompensi.refresh();
 }

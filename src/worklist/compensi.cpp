@@ -109,6 +109,29 @@ void Compensi::sbSelezionaTutto(AzioneSelezione azione) {
   frontEnd_.setPointer(kPointerDefault);
 }
 
+void Compensi::sbInvertiRighe(const std::vector<std::size_t>& posizioni) {
+  const Recordset::RowMark corrente = rsCompensi_.Bookmark();
+  const auto torna = [&] {
+    rsCompensi_.SetBookmark(corrente);
+    frontEnd_.setPointer(kPointerDefault);
+  };
+  frontEnd_.setPointer(kPointerHourglass);
+  try {
+    const DrawingPause pausa(griglia_);
+    std::size_t fatte = 0;
+    for (const std::size_t posizione : posizioni) {
+      frontEnd_.progress("Selezione dei compensi", ++fatte, posizioni.size());
+      rsCompensi_.MoveTo(posizione);
+      sbSelezionaRiga(AzioneSelezione::Inverti);
+    }
+  } catch (...) {
+    torna();
+    mostraMemoria();
+    throw;
+  }
+  torna();
+}
+
 std::int64_t Compensi::conta(const std::string& testo) {
   Recordset conteggio;
   sullaTabella(

@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/recordset.h"
 #include "shell/context/filtri.h"
@@ -35,6 +36,8 @@ class Compensi {
   // The current row; and all rows, which then stand on the first one.
   void sbSelezionaRiga(AzioneSelezione azione);
   void sbSelezionaTutto(AzioneSelezione azione);
+  // Inverts each of these rows, by position; the current row stays. The first one that fails ends it.
+  void sbInvertiRighe(const std::vector<std::size_t>& posizioni);
   void sbContaSelezionati();
   bool fnNessunaSelezione();
   bool fnProtocolliMancanti();

@@ -44,6 +44,17 @@ TEST_F(GridStep, SpaceTogglesTheCurrentRowAndCountsAnew) {
   EXPECT_EQ(didascalia(), "[ 2 ]");
 }
 
+TEST_F(GridStep, SpaceTogglesEachHighlightedRowAndCountsOnce) {
+  selezionate = 7;
+  griglia().selectRow(3);
+  griglia().highlight({1, 2});
+  griglia().keyDown(kSpazio, 0);
+  EXPECT_THAT(istruzioni(), ElementsAre(seleziona("0", 1), seleziona("1", 2)));
+  EXPECT_THAT(database.main.texts(), SizeIs(1));
+  EXPECT_EQ(didascalia(), "[ 7 ]");
+  EXPECT_EQ(griglia().row(), 3U);
+}
+
 TEST_F(GridStep, OtherKeysToggleNothing) {
   griglia().keyDown(13, 0);
   griglia().keyDown(65, 0);

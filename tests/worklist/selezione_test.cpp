@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/error.h"
 #include "worklist/compensi_prova.h"
 
 namespace cu::test {
@@ -23,6 +24,28 @@ class Selection : public testing::Test, public CompensiProva {
  protected:
   void SetUp() override { compensi.sbFormattaGriglia(1); }
 };
+
+TEST_F(Selection, InvertsEachOfTheRowsGivenAndStaysOnTheCurrentOne) {
+  carica({workRow(1, 1, {{"Selezionato", whole(1)}}), workRow(2, 1, {{"Selezionato", whole(0)}}),
+          workRow(3, 1, {{"Selezionato", whole(1)}}), workRow(4, 1, {{"Selezionato", whole(1)}})});
+  compensi.rsCompensi().MoveTo(3);
+  compensi.sbInvertiRighe({1, 2, 4});
+  EXPECT_THAT(istruzioni(), ElementsAre(seleziona("0", 1), seleziona("1", 2), seleziona("0", 4)));
+  EXPECT_EQ(compensi.rsCompensi().AbsolutePosition(), 3U);
+  EXPECT_THAT(frontEnd.pointers, ElementsAre(11, 0));
+}
+
+TEST_F(Selection, AnErrorEndsTheInversionOnTheCurrentRow) {
+  carica({workRow(1, 1), workRow(2, 1), workRow(3, 1)});
+  compensi.rsCompensi().MoveTo(3);
+  database.internal.refuseContaining("IDAnagrafica = 2", DatabaseErrorKind::Locked, "Occupato.");
+  EXPECT_THROW(compensi.sbInvertiRighe({1, 2, 3}), Error);
+  EXPECT_THAT(istruzioni(), ElementsAre(seleziona("0", 1), seleziona("0", 2)));
+  EXPECT_EQ(compensi.rsCompensi().AbsolutePosition(), 3U);
+  EXPECT_THAT(frontEnd.pointers, ElementsAre(11, 0));
+  EXPECT_TRUE(finestra.griglia.drawing());
+  EXPECT_EQ(didascaliaConteggio(), "[ 2 ]") << "the first row is stored";
+}
 
 struct Azione {
   AzioneSelezione azione;
