@@ -67,7 +67,7 @@ class LettoreDelServer final : public Lettore {
     connessione_->Execute(istruzione);
   }
   std::vector<std::string> tavole() override {
-    return elenco("SELECT TABLE_NAME FROM INFORMATION_SCHEMA.TABLES ORDER BY TABLE_NAME");
+    return elenco("SELECT name FROM dbo.sysobjects WHERE type IN ('U', 'V') ORDER BY name");
   }
   std::string nellAnno(const std::string& colonna, const std::string& anno) const override {
     return "YEAR(" + colonna + ") = " + anno;

@@ -8,8 +8,6 @@
 #include <optional>
 
 #include "support.h"
-#include "tds_server_support.h"
-#include "tds_tokens.h"
 
 namespace cu::odbc::test {
 namespace {

@@ -6,8 +6,6 @@
 
 #include "socket_server.h"
 #include "support.h"
-#include "tds_server_support.h"
-#include "tds_tokens.h"
 
 namespace cu::odbc::test {
 namespace {

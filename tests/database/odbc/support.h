@@ -8,11 +8,15 @@
 
 #include "database/odbc/odbc_connection.h"
 #include "host/error.h"
+#include "server/tds_server.h"
+#include "server/tds_tokens.h"
 #include "support/postgres_server.h"
 
 namespace cu::odbc::test {
 
 using cu::test::PostgresServer;
+using cu::test::TdsServer;
+namespace tds = cu::test::tds;
 
 // Started with the first test that needs it.
 inline PostgresServer& server() {

@@ -8,7 +8,7 @@
 #include "database/odbc/wide.h"
 
 // What a server says in the protocol of SQL Server, version 7.4, as bytes.
-namespace cu::odbc::test::tds {
+namespace cu::test::tds {
 
 inline std::string little(std::uint64_t value, int bytes) {
   std::string text;
@@ -18,10 +18,19 @@ inline std::string little(std::uint64_t value, int bytes) {
 
 inline std::string wide(std::string_view text) {
   std::vector<SQLWCHAR> units;
-  toWide(text, units);
+  odbc::toWide(text, units);
   std::string bytes;
   for (const SQLWCHAR unit : units) bytes += little(unit, 2);
   return bytes;
+}
+
+inline std::string narrow(std::string_view bytes) {
+  std::vector<SQLWCHAR> units;
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+    units.push_back(static_cast<SQLWCHAR>(static_cast<unsigned char>(bytes[i]) +
+                                          256U * static_cast<unsigned char>(bytes[i + 1])));
+  }
+  return odbc::fromWide(units.data(), units.size());
 }
 
 // A text behind the number of its characters, in so many bytes.
@@ -34,7 +43,15 @@ inline std::string token(int kind, const std::string& content) {
   return static_cast<char>(kind) + little(content.size(), 2) + content;
 }
 
-inline std::string done() { return static_cast<char>(0xFD) + little(0, 2) + little(0, 2) + little(0, 8); }
+// The end of an answer: its marks, and the rows of a result where the marks say that there are some.
+inline std::string end(int marks, std::uint64_t rows) {
+  constexpr int kSelect = 0xC1;
+  return static_cast<char>(0xFD) + little(static_cast<std::uint64_t>(marks), 2) + little(kSelect, 2) +
+         little(rows, 8);
+}
+inline std::string done() { return end(0, 0); }
+inline std::string doneWith(std::uint64_t rows) { return end(0x10, rows); }
+inline std::string cancelled() { return end(0x20, 0); }
 
 // The answer to a login.
 inline std::string welcome() {
@@ -47,7 +64,7 @@ inline std::string welcome() {
 inline std::string error(int number, int severity, std::string_view message) {
   return token(0xAA, little(static_cast<std::uint64_t>(number), 4) + '\x01' + static_cast<char>(severity) +
                          counted(message, 2) + counted("prova", 1) + counted("", 1) + little(1, 4)) +
-         static_cast<char>(0xFD) + little(2, 2) + little(0, 2) + little(0, 8);
+         end(0x02, 0);
 }
 
 // The head of a result with one column of whole numbers, and a row of it.
@@ -57,4 +74,4 @@ inline std::string columnOfNumbers(std::string_view name) {
 }
 inline std::string rowOf(std::uint32_t value) { return static_cast<char>(0xD1) + little(value, 4); }
 
-}  // namespace cu::odbc::test::tds
+}  // namespace cu::test::tds

@@ -1,4 +1,4 @@
-#include "tds_server_support.h"
+#include "server/tds_server.h"
 
 #include <fcntl.h>
 #include <openssl/evp.h>
@@ -10,12 +10,15 @@
 #include <csignal>
 #include <stdexcept>
 
-namespace cu::odbc::test {
+#include "server/tds_tokens.h"
+
+namespace cu::test {
 namespace {
 
 constexpr std::size_t kHeader = 8;
 constexpr int kStatement = 0x01;
 constexpr int kReply = 0x04;
+constexpr int kCancel = 0x06;
 constexpr int kLogin = 0x10;
 constexpr int kPrelogin = 0x12;
 constexpr std::size_t kMostInAPacket = 4000;
@@ -54,12 +57,20 @@ std::string offer(bool tls) {
          std::string("\x0F\x00\x07\xD0\x00\x00", 6) + (tls ? '\x01' : '\x02') + '\0';
 }
 
+std::size_t shortAt(const std::string& content, std::size_t at) {
+  return static_cast<unsigned char>(content.at(at)) + 256U * static_cast<unsigned char>(content.at(at + 1));
+}
+
 // The text behind the headers of a statement.
 std::string statementOf(const std::string& content) {
-  const auto headers = static_cast<std::size_t>(static_cast<unsigned char>(content.at(0)));
-  std::string text;
-  for (std::size_t i = headers; i + 1 < content.size(); i += 2) text += content[i];
-  return text;
+  return tds::narrow(std::string_view(content).substr(shortAt(content, 0)));
+}
+
+// The one that a login names; "" for none.
+std::string databaseOf(const std::string& content) {
+  constexpr std::size_t kPlace = 68;  // of where the name begins; then how many characters it has
+  const std::string_view all(content);
+  return tds::narrow(all.substr(shortAt(content, kPlace), 2 * shortAt(content, kPlace + 2)));
 }
 
 }  // namespace
@@ -93,11 +104,12 @@ struct TdsServer::Client {
   }
 
   int descriptor;
+  Answer answer;
   SSL* tls = nullptr;
   bool encrypted = false;
 };
 
-TdsServer::TdsServer(Answer answer, Tls tls) : answer_(std::move(answer)), tls_(tls) {
+TdsServer::TdsServer(Sessions sessions, Tls tls) : sessions_(std::move(sessions)), tls_(tls) {
   // The protocol knows no later version inside its own packets.
   context_.reset(SSL_CTX_new(TLS_server_method()));
   SSL_CTX_set_max_proto_version(context_.get(), TLS1_2_VERSION);
@@ -128,7 +140,17 @@ void TdsServer::serve(pid_t parent) {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
   if (::getppid() != parent) ::_exit(0);
   std::signal(SIGPIPE, SIG_IGN);
-  for (;;) converse(::accept(socket_.descriptor(), nullptr, nullptr));
+  std::signal(SIGCHLD, SIG_IGN);
+  const pid_t self = ::getpid();
+  for (;;) {
+    const int descriptor = ::accept(socket_.descriptor(), nullptr, nullptr);
+    if (::fork() == 0) {
+      ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+      if (::getppid() == self) converse(descriptor);
+      ::_exit(0);
+    }
+    ::close(descriptor);
+  }
 }
 
 void TdsServer::converse(int descriptor) {
@@ -170,8 +192,10 @@ bool TdsServer::shakeHands(Client& client) {
 }
 
 bool TdsServer::obey(Client& client, const Packet& packet) {
+  if (packet.kind == kCancel) client.say(kReply, tds::cancelled());
+  if (packet.kind == kLogin) client.answer = sessions_(databaseOf(packet.content));
   if (packet.kind != kLogin && packet.kind != kStatement) return true;
-  const Reply reply = answer_(packet.kind == kLogin ? std::string() : statementOf(packet.content));
+  const Reply reply = client.answer(packet.kind == kLogin ? std::string() : statementOf(packet.content));
   if (!reply.tokens.empty()) client.say(kReply, reply.tokens);
   if (reply.then != Then::Stays) leave(client, reply.then);
   return reply.then == Then::Stays;
@@ -219,4 +243,4 @@ void TdsServer::leave(Client& client, Then how) const {
   }
 }
 
-}  // namespace cu::odbc::test
+}  // namespace cu::test

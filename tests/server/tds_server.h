@@ -11,10 +11,11 @@
 
 #include "support/postgres_server.h"
 
-namespace cu::odbc::test {
+namespace cu::test {
 
-// A port that speaks SQL Server's protocol over TLS, as far as a login and a plain statement need it, one
-// client after the other. What it answers to a statement, and whether it stays then, is the test's.
+// A port that speaks SQL Server's protocol over TLS, as far as a login and a plain statement need it. What it
+// answers to a statement, and whether it stays then, is the test's. It does so in processes of its own, one
+// for each client: the ends of a stream are looked at by the process that holds them.
 class TdsServer {
  public:
   enum class Then {
@@ -28,10 +29,14 @@ class TdsServer {
   };
   // The statement's text; "" for the login.
   using Answer = std::function<Reply(std::string_view statement)>;
+  // What answers to a client that has named that database.
+  using Sessions = std::function<Answer(const std::string& database)>;
 
   enum class Tls { Offered, Missing };
 
-  explicit TdsServer(Answer answer, Tls tls = Tls::Offered);
+  explicit TdsServer(const Answer& answer, Tls tls = Tls::Offered)
+      : TdsServer(Sessions([answer](const std::string&) { return answer; }), tls) {}
+  explicit TdsServer(Sessions sessions, Tls tls = Tls::Offered);
   ~TdsServer();
   TdsServer(const TdsServer&) = delete;
   TdsServer& operator=(const TdsServer&) = delete;
@@ -59,13 +64,13 @@ class TdsServer {
   bool receive(Client& client, Packet& packet) const;  // a message, of one packet or several
   void leave(Client& client, Then how) const;
 
-  Answer answer_;
+  Sessions sessions_;
   Tls tls_;
-  cu::test::LoopbackSocket socket_;
+  LoopbackSocket socket_;
   std::unique_ptr<SSL_CTX, FreeContext> context_;
   std::array<int, 2> ears_{-1, -1};  // a pipe, out of the other process
   std::string heard_;
   pid_t process_ = -1;
 };
 
-}  // namespace cu::odbc::test
+}  // namespace cu::test

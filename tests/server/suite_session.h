@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "database/sqlite/sqlite_connection.h"
+#include "server/tds_server.h"
+
+namespace cu::test {
+
+// What a server of the suite answers in one session: the embedded engine, given the server's statements, with
+// a file for each database. Its texts are those of Windows-1252, as the suite's columns hold them: another
+// character is a question mark.
+class SuiteSession {
+ public:
+  SuiteSession(std::string folder, std::string database)
+      : folder_(std::move(folder)), database_(std::move(database)) {}
+
+  TdsServer::Reply answer(std::string_view statement);
+
+ private:
+  std::string fileOf(const std::string& database) const { return folder_ + "/" + database + ".db"; }
+  bool administered(const std::string& statement) const;
+  void copy(const std::string& table, const std::string& to, const std::string& from) const;
+  SqliteConnection& connection();
+
+  std::string folder_;
+  std::string database_;
+  std::unique_ptr<SqliteConnection> connection_;
+};
+
+}  // namespace cu::test
