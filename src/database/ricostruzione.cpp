@@ -1,7 +1,12 @@
 #include "database/ricostruzione.h"
 
+#include <array>
+#include <map>
+#include <utility>
+
 #include "database/transazione.h"
 #include "host/error.h"
+#include "host/recordset.h"
 #include "host/text.h"
 
 namespace cu {
@@ -15,6 +20,33 @@ constexpr std::string_view kPagamenti =
     " LEFT JOIN Percipiente Perc ON Comp.IDAzienda = Perc.IDAzienda AND Comp.IDAnagrafica = Perc.IDAnagrafica"
     " LEFT JOIN Anagrafica Anag ON Comp.IDAnagrafica = Anag.IDAnagrafica"
     " LEFT JOIN CausalePagamento Causale ON Comp.IDCausalePagamento = Causale.IDCausalePagamento) Pagamenti";
+
+// The amounts of each account of a year, by payee and reason. An amount that is missing counts as zero.
+using Conti = std::map<std::pair<std::int64_t, std::int64_t>, std::array<Decimal, std::size(kImportiConto)>>;
+
+Conti leggiConti(Connection& connessione, std::int32_t idAzienda, int anno) {
+  std::string testo = "SELECT IDAnagrafica, IDCausalePagamento";
+  for (std::string_view importo : kImportiConto) testo.append(", ").append(importo);
+  testo += " FROM ContoIndividuale WHERE IDAzienda = " + fromInteger(idAzienda) +
+           " AND Anno = " + fromInteger(anno);
+  Recordset righe;
+  righe.Open(connessione, testo);
+  Conti conti;
+  for (; !righe.Eof(); righe.MoveNext()) {
+    auto& importi = conti[{righe.Get(0).integer(), righe.Get(1).integer()}];
+    for (std::size_t i = 0; i < importi.size(); ++i) importi[i] = righe.Get(i + 2).decimal();
+  }
+  return conti;
+}
+
+std::size_t diversi(const Conti& prima, const Conti& dopo) {
+  std::size_t quanti = 0;
+  for (const auto& [conto, importi] : dopo) {
+    const auto trovato = prima.find(conto);
+    if (trovato == prima.end() || trovato->second != importi) ++quanti;
+  }
+  return quanti;
+}
 
 }  // namespace
 
@@ -61,8 +93,11 @@ void RicostruzioneContiIndividuali::ricostruisci(std::int16_t anno) {
   if (database_ == nullptr) throw Error(kErrorObjectNotSet, "Alla ricostruzione manca il database.");
   Connection& connessione = database_->ownConnection();
   Transazione transazione(connessione);
+  const Conti prima = leggiConti(connessione, idAzienda_, anno);
   sommaCompensi(connessione, idAzienda_, anno, filtro_);
+  const std::size_t cambiati = diversi(prima, leggiConti(connessione, idAzienda_, anno));
   transazione.conferma();
+  cambiati_ = cambiati;
 }
 
 }  // namespace cu

@@ -30,11 +30,13 @@ class RicostruzioneContiIndividuali : public RicostruzioneConti {
   void setFiltro(const std::string& filtro) override { filtro_ = filtro; }
   // Error 91 without a database.
   void ricostruisci(std::int16_t anno) override;
+  std::size_t contiCambiati() const override { return cambiati_; }
 
  private:
   DatabaseHost* database_ = nullptr;
   std::int32_t idAzienda_ = 0;
   std::string filtro_;
+  std::size_t cambiati_ = 0;
 };
 
 }  // namespace cu

@@ -38,6 +38,18 @@ void Control::setCaption(const std::string& value) {
   notify();
 }
 
+void Control::setHint(const std::string& value) {
+  if (hint_ == value) return;
+  hint_ = value;
+  notify();
+}
+
+void Control::setNote(const std::string& value) {
+  if (note_ == value) return;
+  note_ = value;
+  notify();
+}
+
 bool Control::available() const {
   if (!enabled_ || !visible_) return false;
   for (const Frame* frame = frame_; frame != nullptr; frame = frame->frame()) {

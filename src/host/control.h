@@ -90,6 +90,13 @@ class Control {
   void setVisible(bool value);
   void setCaption(const std::string& value);
 
+  // Help for a person, which nothing but a window shows: a tooltip, and a line below the control about what
+  // it holds at present. Empty for none.
+  const std::string& hint() const { return hint_; }
+  const std::string& note() const { return note_; }
+  void setHint(const std::string& value);
+  void setNote(const std::string& value);
+
   // Whether a person's hand reaches it: it and all its frames are enabled, visible and on stage.
   bool available() const;
   virtual bool takesFocus() const { return true; }
@@ -112,6 +119,8 @@ class Control {
   std::string name_;
   Frame* frame_;
   std::string caption_;
+  std::string hint_;
+  std::string note_;
   bool enabled_ = true;
   bool visible_ = true;
   ControlView* view_ = nullptr;

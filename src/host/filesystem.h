@@ -25,6 +25,8 @@ class FileSystem {
   virtual std::unique_ptr<OutputFile> openForOutput(const std::string& path) = 0;
   virtual bool fileExists(const std::string& path) = 0;
   virtual bool folderExists(const std::string& path) = 0;
+  // Whether a file could be made there; false for a folder that does not exist.
+  virtual bool canWriteIn(const std::string& folder) = 0;
   virtual void createFolder(const std::string& path) = 0;                 // one level
   virtual void copy(const std::string& from, const std::string& to) = 0;  // overwrites
   // The whole content appears under the name, or what was there before stays.

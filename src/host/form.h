@@ -83,6 +83,10 @@ class Form {
   // What the close box would lose, in a sentence for the person; empty when nothing. Only a window asks.
   virtual std::string unsavedWork() const { return {}; }
 
+  // The heading of the chapter in the user's guide that explains what is on screen; empty for the guide's
+  // first page.
+  virtual std::string guideChapter() const { return {}; }
+
   void attach(std::function<void()> view) { view_ = std::move(view); }
   void notify() const;
 

@@ -13,6 +13,7 @@
 
 namespace cu {
 
+class Control;
 class Form;
 class MenuBar;
 
@@ -93,6 +94,12 @@ class FrontEnd {
   // Long work tells what it is doing and how far it is; a total of 0 where nobody knows. Costs next to
   // nothing; lets no other event in.
   virtual void progress(const char* /*what*/, std::size_t /*done*/, std::size_t /*total*/) {}
+  // A fact of the running event in one sentence, such as a number of rows changed. A window shows the facts
+  // of an event in its status line when the event has ended.
+  virtual void told(const std::string& /*fact*/) {}
+  // A step was refused because this control holds nothing. A window gives it the focus when the event has
+  // ended.
+  virtual void missing(Control& /*control*/) {}
 
   // Runs a person's event: an error that no handler caught ends here, in one box.
   void runEvent(const std::function<void()>& event);

@@ -25,6 +25,7 @@ class MenuBar : public Control {
     std::string caption;
     std::string shortcut;
     bool enabled = true;  // as far as it says itself
+    bool inert = false;   // kept for its key, without an effect: a window does not offer it
   };
 
   // The tools of a band that opens as a popup are enabled only while `opens` returns true.

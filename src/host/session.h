@@ -69,6 +69,8 @@ class RicostruzioneConti {
   virtual void setFlag(bool value) = 0;
   virtual void setFiltro(const std::string& filtro) = 0;
   virtual void ricostruisci(std::int16_t anno) = 0;
+  // Of the last rebuild: the accounts that it made, and those whose amounts it changed.
+  virtual std::size_t contiCambiati() const = 0;
 };
 
 // Makes the objects that the wizard creates anew for each use.

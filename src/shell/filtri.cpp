@@ -5,6 +5,15 @@
 #include "shell/frm_wizard.h"
 
 namespace cu {
+namespace {
+
+std::string fnEsitoRicostruzione(std::size_t cambiati) {
+  if (cambiati == 0) return "La ricostruzione non ha cambiato nessun conto.";
+  if (cambiati == 1) return "La ricostruzione ha cambiato un conto.";
+  return "La ricostruzione ha cambiato " + fromInteger(static_cast<std::int64_t>(cambiati)) + " conti.";
+}
+
+}  // namespace
 
 void FrmWizard::sbInitWizard() {
   globali_.gIDFunzione = globali_.gSessione->processi().at(0).idFunzione;
@@ -117,15 +126,23 @@ void FrmWizard::sbCreaFiltroStampa() {
   if (dato(scelti.causaleDa))
     sFiltro += " AND CodiceCausalePagamento >= " + utilita.literal(scelti.causaleDa);
   if (dato(scelti.causaleA)) sFiltro += " AND CodiceCausalePagamento <= " + utilita.literal(scelti.causaleA);
-  if (!chkRicostruzione.value()) return;
-  ambiente_.frontEnd.progress("Ricostruzione dei conti individuali", 0, 0);
+  if (chkRicostruzione.value()) ricostruisciConti(scelti);
+}
+
+void FrmWizard::ricostruisciConti(const Filtri& scelti) {
+  FrontEnd& schermo = ambiente_.frontEnd;
+  schermo.setPointer(kPointerHourglass);
+  schermo.progress("Ricostruzione dei conti individuali", 0, 0);
   oRic = ambiente_.factory.createRicostruzione();
   oRic->setDatabase(globali_.gSessione->database());
   oRic->setAzienda(globali_.gSessione->IDAzienda());
   oRic->setFlag(true);
   oRic->setFiltro(sFiltro);
   oRic->ricostruisci(static_cast<std::int16_t>(leadingInteger(trim(scelti.anno))));
+  const std::size_t cambiati = oRic->contiCambiati();
   oRic.reset();
+  schermo.setPointer(kPointerDefault);
+  schermo.told(fnEsitoRicostruzione(cambiati));
 }
 
 }  // namespace cu

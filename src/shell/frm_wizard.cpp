@@ -91,6 +91,10 @@ FrmWizard::FrmWizard(const Ambiente& ambiente, Globali& globali)
   dtDataImpegno.setBackground(Background::Face);
   txtCodiceFiscale.setMaxLength(16);
   txtPercorsoCU.setLocked(true);
+  chkRicostruzione.setHint(
+      "Ricalcola dai pagamenti i conti scelti, a ogni Avanti: le correzioni memorizzate nei conti vanno "
+      "perse.");
+  cmdOpzioni.setHint("Interlinea e salto pagina: nessuna stampa di questa procedura li usa.");
   WizPrint.setCatalogue(ambiente_.reports);
   collegaEventi();
 }

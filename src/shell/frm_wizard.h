@@ -24,6 +24,8 @@
 
 namespace cu {
 
+class ElaboraCompensi;
+
 // How a transition between steps is asked for.
 enum class Direzione { Salto = 0, Indietro = 1, Avanti = 2 };
 
@@ -104,6 +106,7 @@ class FrmWizard : public Form {
   std::string sInterlinea;
 
   std::int16_t oggettoCorrente() const { return nOggettoCorrente; }  // of the menu commands
+  std::string guideChapter() const override;
   std::vector<const Frame*> stages() const override { return {&fraStep[0], &fraStep[1], &fraStep[2]}; }
   Control* stageStart() override;
   std::string unsavedWork() const override;
@@ -138,6 +141,7 @@ class FrmWizard : public Form {
   void associaElenchi();
   std::string fnOrigineAnni(bool dal2014) const;
   void sbCreaFiltroStampa();
+  void ricostruisciConti(const Filtri& scelti);
   Filtri filtri() const;
   std::string FindName(std::int64_t nID);
 
@@ -167,6 +171,7 @@ class FrmWizard : public Form {
   // The settings of a run.
   void collegaImpostazioni();
   std::int32_t tipoComunicazione() const;  // 1 ordinary, 2 annulment, 3 replacement
+  void annotaCartella();
   void abilitaIntermediari(bool attivo);
   void sbCaricaIntermediario();
   void sbSalvaIntermediario();
@@ -174,10 +179,13 @@ class FrmWizard : public Form {
 
   // The telematic file.
   bool fnCreaFileCU();
+  void segnalaDatoMancante();
   bool controllaDate();
   bool avvisoData(const std::string& righe, DateBox& controllo);
   // The file's name; none when it could not be made.
   std::optional<std::string> generaFile(const std::string& sCodFisc);
+  bool creaFile(ElaboraCompensi& elabora);
+  std::string fnNomeFile(const std::string& sCodFisc) const;
   void stampaModuli(const std::string& sCodFisc);
   void eseguiRicorsione(const std::string& istruzione);
   void sbMostraEsitoFile(const std::string& sNomeFile, const std::string& sCartella, std::int16_t nFlag);

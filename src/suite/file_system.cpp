@@ -79,6 +79,10 @@ bool FileSystemPiattaforma::folderExists(const std::string& path) {
   return isPath(path) && fs::is_directory(path, error);
 }
 
+bool FileSystemPiattaforma::canWriteIn(const std::string& folder) {
+  return folderExists(folder) && canCreateFile(folder);
+}
+
 void FileSystemPiattaforma::createFolder(const std::string& path) {
   if (!isPath(path)) throw fileError(EINVAL, path);
   std::error_code error;

@@ -13,6 +13,7 @@ class FileSystemPiattaforma : public FileSystem {
   std::unique_ptr<OutputFile> openForOutput(const std::string& path) override;
   bool fileExists(const std::string& path) override;
   bool folderExists(const std::string& path) override;
+  bool canWriteIn(const std::string& folder) override;
   void createFolder(const std::string& path) override;
   void copy(const std::string& from, const std::string& to) override;
   void replace(const std::string& path, std::string_view content) override;

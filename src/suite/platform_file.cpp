@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <cstdlib>
 #include <filesystem>
 
 #include "host/text.h"
@@ -176,6 +177,15 @@ void copyFile(const std::string& from, const std::string& to) {
     substitute.write(std::string_view(block.data(), static_cast<std::size_t>(step)));
   }
   substitute.takePlace();
+}
+
+bool canCreateFile(const std::string& folder) {
+  std::string name = folder + "/.prova-XXXXXX";
+  const int number = ::mkstemp(name.data());
+  if (number < 0) return false;
+  ::close(number);
+  ::unlink(name.c_str());
+  return true;
 }
 
 FileLock::FileLock(const std::string& path) : file_(openForAppending(path)) {

@@ -40,6 +40,9 @@ Descriptor openForAppending(const std::string& path);
 void replaceFile(const std::string& path, std::string_view content);
 void copyFile(const std::string& from, const std::string& to);
 
+// Tries it with a file that is gone at once: rights alone say too little of a network's or a read-only disk.
+bool canCreateFile(const std::string& folder);
+
 // Held by one process at a time, from the constructor on.
 class FileLock {
  public:

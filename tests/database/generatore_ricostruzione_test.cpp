@@ -40,13 +40,15 @@ class Ricostruzione : public testing::Test {
         std::to_string(payee) + ", " + std::to_string(reason) + ", " + std::to_string(year) + ", 1, " + fee +
         ", 0)");
   }
-  void rebuild(std::int16_t year, const std::string& filter = "") {
+  // The accounts changed.
+  std::size_t rebuild(std::int16_t year, const std::string& filter = "") {
     RicostruzioneContiIndividuali rebuild;
     rebuild.setDatabase(host_);
     rebuild.setAzienda(1);
     rebuild.setFlag(true);
     rebuild.setFiltro(filter);
     rebuild.ricostruisci(year);
+    return rebuild.contiCambiati();
   }
   // The fee of an account; "-" where there is no account.
   std::string fee(int payee, int reason, int year) {
@@ -179,6 +181,20 @@ TEST_F(Ricostruzione, OfAYearWithoutPaymentsChangesNothing) {
   rebuild(2016);
   EXPECT_EQ(fee(7, 1, 2016), "50");
   EXPECT_EQ(number(*connection_, "SELECT COUNT(*) FROM ContoIndividuale"), 1);
+}
+
+TEST_F(Ricostruzione, CountsTheAccountsThatItMakesAndThoseWhoseAmountsItChanges) {
+  account(7, 1, 2016, "12.5");
+  account(8, 1, 2016, "50");
+  pay(7, 1, "20160315", "12.5, 0, NULL, 0, 0, 0, 0, 0");
+  EXPECT_EQ(rebuild(2016), 0U) << "what was missing and is zero now is no change";
+  pay(7, 1, "20160316", "0, 0, 0, 0, 0, 0, 0, 0.01");
+  pay(7, 11, "20160316", "0, 0, 0, 0, 0, 0, 0, 0");
+  EXPECT_EQ(rebuild(2016, " AND CodiceCausalePagamento >= 'B'"), 1U) << "a new account, though empty";
+  EXPECT_EQ(rebuild(2016), 1U);
+  EXPECT_EQ(rebuild(2016), 0U);
+  execute("UPDATE ContoIndividuale SET RitenutaAcconto = 7");
+  EXPECT_EQ(rebuild(2016), 2U) << "payee 8 has no payments";
 }
 
 TEST_F(Ricostruzione, TakesEverythingBackWhenItFails) {

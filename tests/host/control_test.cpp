@@ -38,6 +38,22 @@ TEST(Control, RegistersItselfWithItsFormInTheOrderOfTabbing) {
   EXPECT_EQ(stage.form.find("CMDNAV(3)"), nullptr);
 }
 
+TEST(Control, HelpForAPersonReachesTheViewAndNothingElse) {
+  Stage stage;
+  Button button(stage.form, "cmdOk", nullptr, "OK");
+  CountingView view;
+  button.attach(&view);
+  EXPECT_EQ(button.hint() + button.note(), "");
+  button.setHint("Che cosa fa.");
+  button.setNote("Che cosa c'è.");
+  button.setHint("Che cosa fa.");
+  button.setNote("Che cosa c'è.");
+  EXPECT_EQ(view.changes, 2);
+  EXPECT_EQ(button.hint(), "Che cosa fa.");
+  EXPECT_EQ(button.note(), "Che cosa c'è.");
+  EXPECT_EQ(button.caption(), "OK");
+}
+
 TEST(Control, TellsItsViewOfChangesOnly) {
   Stage stage;
   Button button(stage.form, "cmdOk", nullptr, "OK");

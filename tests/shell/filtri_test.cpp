@@ -301,5 +301,29 @@ TEST_F(Rebuilding, AFailureIsToldAndLeavesTheStep) {
   EXPECT_EQ(passo(), 0);
 }
 
+TEST_F(Rebuilding, IsUnderTheHourglassAndTellsHowManyAccountsItChanged) {
+  avviaCU();
+  form().chkRicostruzione.setValue(true);
+  int puntatore = -1;
+  factory.onRebuild = [&] { puntatore = frontEnd.pointer(); };
+  frontEnd.pointers.clear();
+  premi(form().cmdNav[3]);
+  EXPECT_EQ(puntatore, kPointerHourglass);
+  EXPECT_EQ(frontEnd.pointer(), kPointerDefault);
+  frontEnd.answers = {Answer::No, Answer::No};
+  for (const std::size_t cambiati : {1U, 1234U}) {
+    premi(form().cmdNav[2]);
+    factory.rebuiltAccounts = cambiati;
+    premi(form().cmdNav[3]);
+  }
+  EXPECT_THAT(frontEnd.facts, ElementsAre("La ricostruzione non ha cambiato nessun conto.",
+                                          "La ricostruzione ha cambiato un conto.",
+                                          "La ricostruzione ha cambiato 1234 conti."));
+}
+
+TEST_F(Rebuilding, TheBoxSaysWhatItDiscards) {
+  EXPECT_THAT(avviaCU().chkRicostruzione.hint(), testing::HasSubstr("a ogni Avanti: le correzioni"));
+}
+
 }  // namespace
 }  // namespace cu::test

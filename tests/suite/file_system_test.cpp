@@ -173,5 +173,15 @@ TEST_F(FileSystemTest, AJoinPutsOneSeparator) {
   EXPECT_EQ(files.join("", "Velatura.chm"), "/Velatura.chm");
 }
 
+TEST_F(FileSystemTest, AFileCanBeMadeWhereOneWasMadeForATrialAndIsGoneAgain) {
+  EXPECT_TRUE(files.canWriteIn(cartella.path()));
+  EXPECT_TRUE(std::filesystem::is_empty(cartella.path()));
+  EXPECT_FALSE(files.canWriteIn(cartella / "manca"));
+  cartella.write("file", "");
+  EXPECT_FALSE(files.canWriteIn(cartella / "file"));
+  // Not even whoever may do everything can make a file here.
+  EXPECT_FALSE(files.canWriteIn("/proc"));
+}
+
 }  // namespace
 }  // namespace cu

@@ -42,6 +42,7 @@ class FakeFactory : public HostFactory {
   std::vector<CurrencyAsked> currencies;
   std::deque<Rebuild> rebuilds;
   std::function<void()> onRebuild;  // runs while the accounts are rebuilt
+  std::size_t rebuiltAccounts = 0;
   std::deque<NotedLog> logs;
   PrintJournal printing;
   FakeSession* session = nullptr;  // the last one made
@@ -140,6 +141,7 @@ class FakeFactory : public HostFactory {
       noted_.years.push_back(anno);
       if (owner_.onRebuild) owner_.onRebuild();
     }
+    std::size_t contiCambiati() const override { return owner_.rebuiltAccounts; }
 
    private:
     FakeFactory& owner_;

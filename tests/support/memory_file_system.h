@@ -24,6 +24,7 @@ class MemoryFileSystem : public FileSystem {
 
   std::map<std::string, std::string> files;
   std::set<std::string> folders;
+  std::set<std::string> closed;     // folders in which nothing can be written
   std::vector<std::string> opened;  // paths, in order
   int openNow = 0;                  // files open at this moment
 
@@ -44,6 +45,7 @@ class MemoryFileSystem : public FileSystem {
     check(Operation::Open);
     if (!folderExists(parent(path))) throw FileError(kErrorPathNotFound, "Percorso inesistente.");
     if (folders.contains(path)) throw FileError(kErrorPathAccess, "È una cartella.");
+    if (closed.contains(parent(path))) throw FileError(kErrorPathAccess, "Accesso negato.");
     opened.push_back(path);
     files[path].clear();
     return std::make_unique<File>(*this, path);
@@ -51,6 +53,9 @@ class MemoryFileSystem : public FileSystem {
   bool fileExists(const std::string& path) override { return files.contains(path); }
   bool folderExists(const std::string& path) override {
     return path.empty() || path == "/" || folders.contains(path);
+  }
+  bool canWriteIn(const std::string& folder) override {
+    return folderExists(folder) && !closed.contains(folder);
   }
   void createFolder(const std::string& path) override {
     check(Operation::CreateFolder);

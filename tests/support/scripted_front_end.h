@@ -53,13 +53,17 @@ class ScriptedFrontEnd : public FrontEnd {
   std::vector<Opened> opened;
   std::vector<std::string> viewed;
   std::vector<PrintNote> prints;
-  std::vector<std::string> works;  // long work told, each once while it goes on
+  std::vector<std::string> facts;
+  std::vector<std::string> missed;  // names of the controls that held nothing
+  std::vector<std::string> works;   // long work told, each once while it goes on
   int beeps = 0;
-  std::vector<int> pointers;  // every setting
+  std::vector<int> pointers;      // every setting
+  std::vector<std::string> seen;  // boxes, modal forms and long work, each with the pointer at that moment
 
   void show(Form& form) override { shown.push_back(form.name()); }
   void showModal(Form& form) override {
     shown.push_back(form.name());
+    see(form.name());
     if (modals.empty()) {
       form.unload();
       return;
@@ -71,6 +75,7 @@ class ScriptedFrontEnd : public FrontEnd {
   void closed(Form&) override {}
   cu::Answer messageBox(const MessageBox& box) override {
     boxes.push_back(box);
+    see("box");
     if (!answers.empty()) return take(answers);
     switch (box.buttons) {
       case BoxButtons::Ok:
@@ -107,7 +112,10 @@ class ScriptedFrontEnd : public FrontEnd {
   void setPointer(int pointer) override { pointers.push_back(pointer); }
   void progress(const char* what, std::size_t, std::size_t) override {
     if (works.empty() || works.back() != what) works.emplace_back(what);
+    see(what);
   }
+  void told(const std::string& fact) override { facts.push_back(fact); }
+  void missing(Control& control) override { missed.push_back(control.name()); }
   int pointer() const override { return pointers.empty() ? kPointerDefault : pointers.back(); }
 
   std::vector<std::string> boxTexts() const {
@@ -117,6 +125,10 @@ class ScriptedFrontEnd : public FrontEnd {
   }
 
  private:
+  void see(const std::string& what) {
+    const std::string now = what + " " + std::to_string(pointer());
+    if (seen.empty() || seen.back() != now) seen.push_back(now);
+  }
   template <class T>
   static T take(std::deque<T>& queue) {
     T front = std::move(queue.front());
