@@ -30,6 +30,7 @@ void FrmWizard::stampaModuli(const std::string& sCodFisc) {
   eseguiRicorsione(ricorsione::elimina(idUtente));
   const std::size_t quante = righe.RecordCount();
   for (; !righe.Eof(); righe.MoveNext()) {
+    ambiente_.frontEnd.setPointer(kPointerHourglass);
     ambiente_.frontEnd.progress("Stampa dei moduli", righe.AbsolutePosition(), quante);
     if (!righe.Get("Selezionato").flag()) continue;
     if (optStampaTracciato[0].value()) eseguiRicorsione(ricorsione::elimina(idUtente));

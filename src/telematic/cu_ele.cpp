@@ -67,6 +67,7 @@ void CUEle::scriviFile(Connection& connection, Recordset& principale, Date DataF
   principale.MovePrevious();
   file_.WriteRecordTipoZ(principale.Row(), DataFirma, 0, 0);
   file_.CloseFile();
+  certificazioni_ = certificazioni;
 }
 
 void CUEle::scriviModuli(Connection& connection, const CellView* riga, const Chiave& chiave,

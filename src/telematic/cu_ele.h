@@ -38,6 +38,7 @@ class CUEle {
   // True when the run went through, also when there was nothing to write; false when the file could not be
   // opened. Any error rises; the lines written before it stay in the file, which then has no record Z.
   [[nodiscard]] bool Create(Date DataFirma);
+  std::size_t certificazioni() const { return certificazioni_; }  // written by Create
 
  private:
   // Columns of the main query that name the modules of a row.
@@ -57,6 +58,7 @@ class CUEle {
   CUFileSeq file_;
   DatiFornitura dati_;
   Connection* connection_ = nullptr;
+  std::size_t certificazioni_ = 0;
 };
 
 }  // namespace cu

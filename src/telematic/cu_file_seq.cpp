@@ -54,6 +54,7 @@ bool CUFileSeq::OpenFile() {
     return true;
   } catch (const Error& error) {
     if (error.number() == kErrorPathNotFound) {
+      ambiente_.frontEnd.setPointer(kPointerDefault);
       ambiente_.frontEnd.messageBox({"Attenzione! Il percorso per il salvataggio dei files è inesistente!",
                                      ambiente_.globali.gTitolo, BoxIcon::Stop, BoxButtons::Ok, Answer::Ok});
     }

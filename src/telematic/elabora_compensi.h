@@ -35,6 +35,8 @@ class ElaboraCompensi {
   // True when the run went through; false when the file could not be opened. The folder of the documents is
   // made where it is missing, and gets a copy where its path is another one. Errors rise as they are.
   [[nodiscard]] bool CreaFiles(Date DataFirma);
+  // Written by the last run. With none there was nothing to write, and no file was made.
+  std::size_t certificazioni() const { return cuEle_ == nullptr ? 0 : cuEle_->certificazioni(); }
 
  private:
   const AmbienteTelematico ambiente_;

@@ -184,11 +184,13 @@ void Compensi::sbAggiornaRiga() {
 }
 
 void Compensi::sbMemorizzaModifiche() {
+  frontEnd_.setPointer(kPointerHourglass);
   frontEnd_.progress("Memorizzazione delle modifiche nei conti", 0, 0);
   const std::int64_t conti =
       sullaTabella([&] { return interna().Execute(fnAggiornaConti(globali_.gTabellaLavoro)); });
   const std::int64_t dati =
       sullaTabella([&] { return interna().Execute(fnAggiornaDatiAggiuntivi(globali_.gTabellaLavoro)); });
+  frontEnd_.setPointer(kPointerDefault);
   if (!rsCompensi_.IsOpen()) return;
   const std::int64_t attese = contaInMemoria("Modificato <> 0 AND Selezionato <> 0");
   for (const std::int64_t righe : {conti, dati}) {

@@ -279,5 +279,94 @@ TEST_F(FileRun, TheYearOfTheLastRunStays) {
   EXPECT_EQ(globali().gAnno, 2016);
 }
 
+TEST_F(FileRun, IsUnderTheHourglassWhichGoesBeforeEachQuestionAndAtTheEnd) {
+  certificati(1);
+  vaiAllaFine();
+  form().dtDataFirma.enter("06/03/2017");
+  frontEnd.answers = {Answer::Ok};
+  frontEnd.seen.clear();
+  avviaRun();
+  ASSERT_TRUE(riuscito());
+  EXPECT_THAT(frontEnd.seen,
+              ElementsAre("Memorizzazione delle modifiche nei conti 11", "Controllo dei dati 11", "box 0",
+                          "Creazione del file telematico 11", "Stampa dei moduli 11", "frmMsgLink 0",
+                          "Caricamento dei compensi 11"));
+  EXPECT_EQ(frontEnd.pointer(), kPointerDefault);
+}
+
+TEST_F(FileRun, ThatIsStoppedLeavesTheArrowAndSaysThatNoFileWasMade) {
+  certificati(1);
+  vaiAllaFine();
+  form().dtDataFirma.enter("06/03/2017");
+  frontEnd.answers = {Answer::Cancel};
+  avviaRun();
+  EXPECT_EQ(frontEnd.pointer(), kPointerDefault);
+  form().dtDataFirma.enter("");
+  avviaRun();
+  EXPECT_THAT(frontEnd.pointers, ElementsAre(11, 0, 11, 0));
+  EXPECT_THAT(frontEnd.facts, ElementsAre("Il file telematico non è stato creato.",
+                                          "Il file telematico non è stato creato: mancano dei dati."));
+}
+
+TEST_F(FileRun, PointsAtTheFirstOfItsOwnFieldsThatHoldsNothing) {
+  vaiAllaFine();
+  intermediario("", "");
+  form().dtDataFirma.enter("");
+  avviaRun();
+  form().dtDataFirma.enter("05/03/2017");
+  avviaRun();
+  form().txtCodiceFiscale.enter("NTRMDR70A01H501U");
+  avviaRun();
+  EXPECT_THAT(frontEnd.missed, ElementsAre("dtDataFirma", "txtCodiceFiscale", "dtDataImpegno"));
+  Table senzaNome = azienda();
+  senzaNome.rows[0][1] = null();
+  senzaNome.rows[0][4] = null();
+  database.internal.answerContaining("AS CodFisc", senzaNome);
+  form().dtDataImpegno.enter("01/02/2017");
+  avviaRun();
+  EXPECT_EQ(passo(), 2);
+  EXPECT_THAT(frontEnd.missed, SizeIs(3)) << "the company's data are not completed here";
+}
+
+TEST_F(FileRun, TellsWhatBecameOfTheFile) {
+  vaiAllaFine();
+  avviaRun();
+  EXPECT_THAT(frontEnd.facts, ElementsAre("Nessun file telematico è stato creato: nessuna riga scelta ha un "
+                                          "periodo IVA nell'anno."));
+  frontEnd.facts.clear();
+  certificati(1);
+  premi(form().cmdNav[3]);
+  premi(form().cmdNav[3]);
+  avviaRun();
+  EXPECT_THAT(frontEnd.facts, ElementsAre("Creato CUR_01234567890_2016.cur."));
+}
+
+TEST_F(FileRun, TellsThatAFileCouldNotBeWrittenOrIsWithoutItsEnd) {
+  certificati(1);
+  vaiAllaFine();
+  files.closed.insert("/cu");
+  avviaRun();
+  EXPECT_EQ(passo(), 2);
+  EXPECT_THAT(frontEnd.boxes, IsEmpty());
+  EXPECT_EQ(frontEnd.pointer(), kPointerDefault);
+  files.closed.clear();
+  files.failNth(MemoryFileSystem::Operation::Write, 2, kErrorDiskFull);
+  avviaRun();
+  EXPECT_THAT(frontEnd.facts,
+              ElementsAre("Il file telematico non è stato creato: non è stato possibile scrivere "
+                          "CUR_01234567890_2016.cur nella cartella scelta.",
+                          "La creazione del file telematico si è interrotta: un file senza record Z non va "
+                          "trasmesso."));
+}
+
+TEST_F(FileRun, TheArrowIsBackWhenAMissingFolderIsTold) {
+  certificati(1);
+  vaiAllaFine();
+  files.folders.erase("/cu");
+  frontEnd.seen.clear();
+  avviaRun();
+  EXPECT_THAT(frontEnd.seen, testing::Contains("box 0"));
+}
+
 }  // namespace
 }  // namespace cu::test

@@ -58,6 +58,7 @@ TEST_F(ElaboraCompensiTest, MakesTheFileAndTheFolderOfTheDocuments) {
   EXPECT_EQ(tipi(kFile), "ABDHZ");
   EXPECT_TRUE(prova_.files.folders.contains("/documenti/CU"));
   EXPECT_EQ(prova_.files.files.size(), 1U);
+  EXPECT_EQ(elabora_.certificazioni(), 1U);
 }
 
 TEST_F(ElaboraCompensiTest, AFolderThatIsThereIsLeftAlone) {
@@ -71,6 +72,7 @@ TEST_F(ElaboraCompensiTest, TheFolderIsMadeAlsoWhenNothingIsWritten) {
   EXPECT_TRUE(elabora_.CreaFiles(kFirma));
   EXPECT_TRUE(prova_.files.folders.contains("/documenti/CU"));
   EXPECT_TRUE(prova_.files.files.empty());
+  EXPECT_EQ(elabora_.certificazioni(), 0U);
 }
 
 TEST_F(ElaboraCompensiTest, AMissingParentIsAnErrorBeforeAnyFileIsTouched) {

@@ -382,6 +382,8 @@ TEST_F(WriteBack, BothStatementsRunInOrderWhetherARowIsChangedOrNot) {
   carica({});
   compensi.sbMemorizzaModifiche();
   EXPECT_THAT(istruzioni(), ElementsAre(kConti, datiAggiuntivi()));
+  EXPECT_THAT(frontEnd.seen, testing::Contains("Memorizzazione delle modifiche nei conti 11"));
+  EXPECT_EQ(frontEnd.pointer(), kPointerDefault);
 }
 
 TEST_F(WriteBack, TheStatementsGoToTheServerAsTheyStand) {
