@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "shell/frm_wizard.h"
+#include "telematic/controlli.h"
 #include "telematic/intermediario.h"
 
 namespace cu {
@@ -34,7 +35,32 @@ void FrmWizard::collegaImpostazioni() {
     } else {
       sPercorsoCU = txtPercorsoCU.text();
     }
+    annotaCartella();
   };
+}
+
+// Said before the run: the run itself replaces a file without a question, and says nothing of one that cannot
+// be written. What fails here is told where it matters.
+void FrmWizard::annotaCartella() {
+  FileSystem& files = ambiente_.files;
+  std::string nota;
+  try {
+    SessioneHost& sessione = *globali_.gSessione;
+    Recordset azienda;
+    azienda.Open(sessione.database().ownConnection(), Controlli::fnQueryAzienda(sessione.IDAzienda()));
+    const std::string nome =
+        fnNomeFile(azienda.Eof() ? std::string() : ambiente_.utilita.toText(azienda.Get("CodFisc")));
+    if (!files.folderExists(sPercorsoCU)) {
+      nota = "La cartella non esiste.";
+    } else if (files.fileExists(files.join(sPercorsoCU, nome))) {
+      nota = nome + " esiste già: Avvia lo sostituisce.";
+    } else if (!files.canWriteIn(sPercorsoCU)) {
+      nota = "In questa cartella non si può scrivere.";
+    }
+  } catch (const std::exception&) {
+    nota.clear();
+  }
+  txtPercorsoCU.setNote(nota);
 }
 
 std::int32_t FrmWizard::tipoComunicazione() const {

@@ -83,6 +83,7 @@ bool FrmWizard::preparaPasso2() {
     if (compensi_.fnNessunaSelezione()) {
       ambiente_.utilita.message("Per poter proseguire è necessario selezionare almeno un elemento.",
                                 globali_.gTitolo);
+      ambiente_.frontEnd.missing(grdCompensi);
       return false;
     }
     if (!optTipoComunicazione[0].value() && compensi_.fnProtocolliMancanti()) {
@@ -91,6 +92,7 @@ bool FrmWizard::preparaPasso2() {
           "protocollo è obbligatorio. Verificare che in tutti gli\r\n"
           "elementi selezionati sia stato correttamente indicato.",
           globali_.gTitolo);
+      ambiente_.frontEnd.missing(cmdProtocollo);
       return false;
     }
   }
@@ -100,6 +102,7 @@ bool FrmWizard::preparaPasso2() {
   }
   sbPreparaStampa();
   sbImpostaPassoFinale();
+  if (modoCU()) annotaCartella();
   bAvviaAbilitato = true;
   return true;
 }
@@ -184,6 +187,7 @@ bool FrmWizard::fnControllaFiltri() {
   const bool annoRichiesto = modoCU() || globali_.gIDFunzione == fnModoCertificazione();
   if (!annoRichiesto || !trim(KRNCboEsCont0.text()).empty()) return true;
   ambiente_.utilita.message(testoProgramma(109), globali_.gTitolo);
+  ambiente_.frontEnd.missing(KRNCboEsCont0);
   return false;
 }
 

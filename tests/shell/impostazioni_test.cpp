@@ -262,5 +262,52 @@ TEST_F(RunSettings, AreKeptBetweenPassesOverTheSteps) {
   EXPECT_TRUE(form().optStampaTracciato[1].value());
 }
 
+class FolderNote : public RunSettings {
+ protected:
+  void SetUp() override {
+    database.own.answerContaining("AS CodFisc", azienda());
+    files.folders.insert("/scelta");
+  }
+  const std::string& nota() { return form().txtPercorsoCU.note(); }
+  void scegli(const char* cartella) {
+    frontEnd.folders = {cartella};
+    premi(form().cmdSfoglia);
+  }
+};
+
+TEST_F(FolderNote, NamesTheFileThatWouldBeReplacedBeforeItIs) {
+  files.files["/scelta/CUR_01234567890_2016.cur"] = "di ieri";
+  vaiAllaFine();
+  EXPECT_EQ(nota(), "");
+  scegli("/scelta");
+  EXPECT_EQ(nota(), "CUR_01234567890_2016.cur esiste già: Avvia lo sostituisce.");
+  scegli("");
+  EXPECT_EQ(nota(), "CUR_01234567890_2016.cur esiste già: Avvia lo sostituisce.");
+  scegli("/cu");
+  EXPECT_EQ(nota(), "");
+  files.files["/cu/CUR_01234567890_2016.cur"] = "di un altro";
+  premi(form().cmdNav[2]);
+  premi(form().cmdNav[3]);
+  EXPECT_EQ(nota(), "CUR_01234567890_2016.cur esiste già: Avvia lo sostituisce.");
+  EXPECT_EQ(files.files["/scelta/CUR_01234567890_2016.cur"], "di ieri");
+}
+
+TEST_F(FolderNote, SaysWhereNoFileCanBeMade) {
+  files.closed.insert("/scelta");
+  vaiAllaFine();
+  scegli("/scelta");
+  EXPECT_EQ(nota(), "In questa cartella non si può scrivere.");
+  scegli("/manca");
+  EXPECT_EQ(nota(), "La cartella non esiste.");
+}
+
+TEST_F(FolderNote, IsEmptyWhereItCannotBeFoundOut) {
+  database.own.refuseContaining("AS CodFisc");
+  vaiAllaFine();
+  EXPECT_EQ(nota(), "");
+  EXPECT_EQ(passo(), 2);
+  EXPECT_THAT(frontEnd.errors, IsEmpty());
+}
+
 }  // namespace
 }  // namespace cu::test

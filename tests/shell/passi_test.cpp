@@ -44,6 +44,8 @@ TEST_F(Steps, WithoutAYearTheCertificateStops) {
   premi(form().cmdNav[3]);
   EXPECT_EQ(passo(), 0);
   rifiutato(kAnnoObbligatorio);
+  EXPECT_THAT(frontEnd.missed, ElementsAre("KRNCboEsCont(0)"));
+  EXPECT_EQ(form().focus(), &form().cmdNav[3]) << "where it goes is the window's affair";
 }
 
 TEST_F(Steps, WithoutAYearTheTelematicFileStopsBeforeAnythingIsRead) {
@@ -155,6 +157,7 @@ TEST_F(Steps, WithNoLineSelectedTheGridStops) {
   premi(form().cmdNav[3]);
   EXPECT_EQ(passo(), 1);
   rifiutato(kNessunaSelezione);
+  EXPECT_THAT(frontEnd.missed, ElementsAre("grdCompensi"));
 }
 
 TEST_F(Steps, AnEmptyWorkTableStopsAtTheGrid) {
@@ -184,6 +187,7 @@ TEST_P(ReferencesRequired, OfAnAnnulmentOrAReplacementAlone) {
   ASSERT_EQ(frontEnd.boxes.size(), 1U);
   EXPECT_EQ(frontEnd.boxes[0].text, kProtocolliMancanti);
   EXPECT_EQ(frontEnd.boxes[0].title, "Quadrivio");
+  EXPECT_THAT(frontEnd.missed, ElementsAre("cmdProtocollo"));
   senzaProtocollo = 0;
   premi(form().cmdNav[3]);
   EXPECT_EQ(passo(), 2);
