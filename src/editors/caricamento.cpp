@@ -23,6 +23,7 @@ void EditorCompenso::setRecordset(cu::Recordset& righe) {
   sbConfiguraGrigliaModuli();
   sbApriModuli();
   Caricamento = false;
+  improntaCaricata_ = impronta();
 }
 
 void EditorCompenso::setTipoComunicazione(std::int32_t tipo) {

@@ -321,6 +321,10 @@ void EditorCompenso::formLoad() {
 
 void EditorCompenso::formUnload() { ambiente_.utilita.releaseForm(*this); }
 
+std::string EditorCompenso::guideChapter() const {
+  return fraAltriModuli->available() ? "Altri moduli" : "Correggere un compenso";
+}
+
 void EditorCompenso::scorri(int passi) {
   const int meta = std::clamp(scroll_.position + passi, 0, scroll_.max);
   if (meta == scroll_.position) return;

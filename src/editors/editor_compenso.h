@@ -31,6 +31,7 @@ class EditorCompenso : public Editor {
   bool OK() const override { return ok_; }
 
   const Scroll* scroll() const override { return disposizione_.immagine ? &scroll_ : nullptr; }
+  std::string guideChapter() const override;
   bool shrunk() const override { return !disposizione_.immagine && TipoComunicazione == 2; }
 
  private:
@@ -71,6 +72,9 @@ class EditorCompenso : public Editor {
   void conferma();
   void annulla();
   void riscriviRiga();
+  void diceNonRiscritta();
+  // Everything that the row would take from the form, as one text.
+  std::string impronta() const;
   using Assegnazioni = std::vector<std::pair<std::string, Value>>;  // column, what it becomes
   void riscriviComune(std::string_view anno, std::int32_t idComune, Assegnazioni& colonne);
   void apriDialogo();
@@ -111,6 +115,7 @@ class EditorCompenso : public Editor {
   bool ok_ = false;
   bool EsitoDatiAggiuntivi = false;
   DatiAggiuntivi dati_;
+  std::string improntaCaricata_;
   Scroll scroll_;
 
   std::vector<std::unique_ptr<Control>> controlli_;

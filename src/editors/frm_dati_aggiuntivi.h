@@ -20,6 +20,7 @@ class FrmDatiAggiuntivi : public Form {
   void setTipoComunicazione(std::int32_t tipo);
   void sbFill();  // the members into the controls
   bool OK() const { return ok_; }
+  std::string guideChapter() const override { return "Dati aggiuntivi"; }
   bool shrunk() const override { return tipo_ == 2; }
 
   Frame fraTab0;

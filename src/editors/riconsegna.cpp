@@ -27,8 +27,40 @@ void EditorCompenso::conferma() {
     mostraConteggio();
     if (onConfirm) onConfirm();
   });
+  if (!RigaModificata) diceNonRiscritta();
   ok_ = true;
   unload();
+}
+
+std::string EditorCompenso::impronta() const {
+  constexpr char kFine = '\x1f';
+  std::string tutto;
+  const auto aggiungi = [&](const std::string& valore) { tutto.append(valore) += kFine; };
+  aggiungi(dati_.Protocollo);
+  aggiungi(dati_.Progressivo);
+  for (const Casella& casella : modulo1_) aggiungi(casella.valore().view().toText());
+  aggiungi(fromInteger(dati_.IDComuneResidenzaAnnoPrec));
+  aggiungi(fromInteger(dati_.IDComuneResidenzaAnnoCorr));
+  aggiungi(dati_.FusioneComuni);
+  aggiungi(dati_.FusioneComuniAnnoPrec);
+  return tutto;
+}
+
+// Not every change makes the row be written anew: whoever has made only such ones learns here that they are
+// lost.
+void EditorCompenso::diceNonRiscritta() {
+  const std::string adesso = impronta();
+  if (adesso == improntaCaricata_) {
+    frontEnd().told("La riga è rimasta com'era: nessuna modifica.");
+    return;
+  }
+  const auto riferimenti = [](const std::string& di) {
+    return di.substr(0, di.find('\x1f', di.find('\x1f') + 1));
+  };
+  frontEnd().told(riferimenti(adesso) == riferimenti(improntaCaricata_)
+                      ? "La riga non è stata riscritta: le modifiche fatte, da sole, non bastano (guida: "
+                        "Correggere un compenso)."
+                      : "I riferimenti non sono entrati nella riga: si scrivono con il pulsante Protocollo.");
 }
 
 void EditorCompenso::annulla() {

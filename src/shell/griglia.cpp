@@ -64,6 +64,9 @@ void FrmWizard::sbModificaCompenso() {
       editor->showModal();
     }
     editor->unload();  // an annulment that was stopped on its way has never shown the form
+    if (!editor->OK()) {
+      ambiente_.frontEnd.told("L'editor è stato chiuso senza confermare: la riga è rimasta com'era.");
+    }
   } catch (...) {
     // A row that cannot be saved must not leave the others out of sight, and out of what follows.
     mostraTutte();

@@ -221,5 +221,53 @@ TEST_F(ClosedEditor, EnterConfirmsAndEscapeGivesUp) {
   EXPECT_TRUE(editor->OK());
 }
 
+class NotRewritten : public HandBack {
+ protected:
+  std::string detto(std::int32_t tipo = 1) {
+    editor->setTipoComunicazione(tipo);
+    premi("cmdOk");
+    EXPECT_TRUE(editor->OK());
+    return frontEnd.facts.empty() ? "" : frontEnd.facts.back();
+  }
+};
+
+TEST_P(NotRewritten, WithoutAChangeTheRowIsSaidToBeAsItWas) {
+  apri(GetParam(), rigaPiena());
+  EXPECT_EQ(detto(), "La riga è rimasta com'era: nessuna modifica.");
+}
+
+TEST_P(NotRewritten, ChangesThatDoNotMarkTheRowAreSaidToBeLost) {
+  apri(GetParam(), rigaPiena());
+  c<Check>("chkAnticipazione").click();
+  EXPECT_EQ(detto(),
+            "La riga non è stata riscritta: le modifiche fatte, da sole, non bastano (guida: Correggere un "
+            "compenso).");
+}
+
+TEST_P(NotRewritten, ARewrittenRowIsNotSpokenOf) {
+  apri(GetParam(), rigaPiena());
+  importo(20).enter("5");
+  EXPECT_EQ(detto(), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Years, NotRewritten, testing::Values(2014, 2015, 2016));
+
+class Annulment : public testing::Test, public CampiProva {};
+
+TEST_F(Annulment, ReferencesOfAnAnnulmentThatDoNotReachTheRowAreSaidToBeWrittenElsewhere) {
+  apri(2016, rigaPiena(), 2);
+  const std::string prima = riga.Get("ProtocolloAnnSost").toText();
+  frontEnd.modals.push_back([](Form& dialogo) {
+    dynamic_cast<TextBox&>(*dialogo.find("txtProtocollo")).enter("99999999999999999");
+    dynamic_cast<TextBox&>(*dialogo.find("txtProgressivo")).enter("77");
+    dynamic_cast<Button&>(*dialogo.find("cmdOk")).click();
+  });
+  editor->ApriDatiAggiuntivi();
+  EXPECT_TRUE(editor->OK());
+  EXPECT_EQ(riga.Get("ProtocolloAnnSost").toText(), prima);
+  EXPECT_THAT(frontEnd.facts, ElementsAre("I riferimenti non sono entrati nella riga: si scrivono con il "
+                                          "pulsante Protocollo."));
+}
+
 }  // namespace
 }  // namespace cu::test

@@ -225,6 +225,8 @@ TEST_F(Editing, ACancelledRowIsNotSaved) {
   rispondi(false);
   form().grdCompensi.doubleClick(2);
   EXPECT_THAT(istruzioni(), IsEmpty());
+  EXPECT_THAT(frontEnd.facts,
+              ElementsAre("L'editor è stato chiuso senza confermare: la riga è rimasta com'era."));
 }
 
 TEST_F(Editing, AfterwardsAllRowsShowAndTheEditedOneIsCurrent) {
