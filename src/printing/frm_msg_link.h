@@ -24,6 +24,8 @@ class FrmMsgLink : public Form {
   // The folder; its first use loads the form.
   void setPath(const std::string& cartella);
 
+  std::string guideChapter() const override { return "Il file è pronto"; }
+
   Label lblUser;
   Link lblLink;
   Label Label1;

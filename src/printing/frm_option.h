@@ -22,6 +22,8 @@ class FrmOption : public Form {
   // The same as PrintNewPage; the spacing itself is kept where nobody reads it.
   bool InterLine() const { return printNewPage_; }
 
+  std::string guideChapter() const override { return "Opzioni di stampa"; }
+
   Check chkPrintInter;
   TextBox txtInter;
   Check ChkNewPage;

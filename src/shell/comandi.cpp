@@ -1,5 +1,6 @@
 // The commands: menu tools, keyboard, and the one routine that carries them out.
 
+#include "shell/context/testi_programma.h"
 #include "shell/frm_wizard.h"
 
 namespace cu {
@@ -29,12 +30,14 @@ void FrmWizard::creaMenu() {
                       .id = 1,
                       .band = kBandaComune,
                       .caption = globali_.gTesti->text(829),
-                      .shortcut = "Control+G"});
+                      .shortcut = "Control+G",
+                      .inert = true});
   BarMenuWzr.addTool({.key = kCercaOggetto,
                       .id = 2,
                       .band = kBandaComune,
                       .caption = globali_.gTesti->text(80),
-                      .shortcut = "Control+R"});
+                      .shortcut = "Control+R",
+                      .inert = true});
   BarMenuWzr.addBand(kBandaDettaglio, [this] { return rigaApribile(); });
   BarMenuWzr.addTool({.key = kModificaCompenso,
                       .id = 3,
@@ -89,6 +92,14 @@ void FrmWizard::sbExecuteMenuCommandWiz(const std::string& sTool) {
   } else if (sTool == kModificaCompenso) {
     sbModificaCompenso();
   }
+}
+
+std::string FrmWizard::guideChapter() const {
+  if (globali_.gIDFunzione == fnModoContiIndividuali()) return "Stampare i conti individuali";
+  if (!modoCU()) return "Stampare le certificazioni in forma libera";
+  if (nPassoCorrente == 2) return "Firma, intermediario, cartella";
+  if (!optTipoComunicazione[0].value()) return "Annullare e sostituire";
+  return nPassoCorrente == 0 ? "Scegliere l'anno" : "Scegliere i compensi";
 }
 
 // Entries of the suite's common menu that start nothing from here; the keys are consumed all the same.

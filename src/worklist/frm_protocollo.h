@@ -23,6 +23,8 @@ class FrmProtocollo : public Form {
   bool Sovrascrivi() const { return sovrascrivi_; }
   bool OK() const { return ok_; }
 
+  std::string guideChapter() const override { return "Annullare e sostituire"; }
+
   Label lblStep;
   Frame fraRiferimenti;
   Label lblProtocollo;

@@ -46,6 +46,7 @@ TEST_F(Commands, ToolsStandInTwoBands) {
     EXPECT_EQ(voce.caption, kAttesi[i].didascalia);
     EXPECT_EQ(voce.shortcut, kAttesi[i].scorciatoia);
     EXPECT_TRUE(voce.enabled);
+    EXPECT_EQ(voce.inert, voce.band == "mnuPopUp");
   }
 }
 
@@ -248,6 +249,31 @@ TEST_F(Commands, AnUnknownToolDoesNothing) {
   EXPECT_THAT(frontEnd.helps, IsEmpty());
   EXPECT_THAT(frontEnd.shown, ElementsAre("frmWizard"));
   EXPECT_EQ(form().oggettoCorrente(), 0);
+}
+
+class GuideChapter : public testing::Test, public WizardProva {};
+
+TEST_F(GuideChapter, IsThatOfTheStepAndTheMode) {
+  avvia(246);
+  EXPECT_EQ(form().guideChapter(), "Stampare i conti individuali");
+  form().unload();
+  avviaCU();
+  EXPECT_EQ(form().guideChapter(), "Scegliere l'anno");
+  premi(form().optstType[0]);
+  EXPECT_EQ(form().guideChapter(), "Stampare le certificazioni in forma libera");
+  premi(form().optstType[1]);
+  premi(form().cmdNav[3]);
+  EXPECT_EQ(form().guideChapter(), "Scegliere i compensi");
+  premi(form().cmdNav[3]);
+  EXPECT_EQ(form().guideChapter(), "Firma, intermediario, cartella");
+}
+
+TEST_F(GuideChapter, OfAnAnnulmentIsItsOwn) {
+  avviaCU();
+  form().optTipoComunicazione[1].click();
+  EXPECT_EQ(form().guideChapter(), "Annullare e sostituire");
+  premi(form().cmdNav[3]);
+  EXPECT_EQ(form().guideChapter(), "Annullare e sostituire");
 }
 
 }  // namespace
