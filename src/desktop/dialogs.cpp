@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/reading_windows.h"
 #include "desktop/text.h"
 
 namespace cu::desktop {
@@ -27,6 +28,7 @@ constexpr int kTextWidth = 220;
 
 LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), table_(new QTableWidget(this)) {
   setWindowTitle(QStringLiteral("Dati mancanti"));
+  setProperty(kGuideChapter, QStringLiteral("Se manca qualche dato"));
   auto* column = new QVBoxLayout(this);
   auto* head = new QLabel(
       QStringLiteral(
@@ -59,7 +61,7 @@ LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), ta
     for (int at = 0; const std::size_t from : order) {
       const std::string text = from < values.size() ? values[from].view().toText() : std::string();
       auto* const item = new QTableWidgetItem(shown(text));
-      item->setToolTip(item->text());
+      item->setToolTip(dataTip(item->text()));
       table_->setItem(row, at++, item);
     }
     ++row;

@@ -1,25 +1,109 @@
 #include "desktop/foot.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
+
+#include "desktop/status.h"
+#include "desktop/text.h"
 
 namespace cu::desktop {
+namespace {
 
-Foot::Foot(QWidget* parent) : QWidget(parent), words_(new QLabel(this)), bar_(new QProgressBar(this)) {
+// One line that is cut where the window is too narrow; the tooltip then has the whole text.
+class Line : public QLabel {
+ public:
+  using QLabel::QLabel;
+  QSize minimumSizeHint() const override { return {60, QLabel::minimumSizeHint().height()}; }
+  QSize sizeHint() const override { return {minimumSizeHint().width(), QLabel::sizeHint().height()}; }
+  void setWhole(const QString& text) {
+    whole_ = text;
+    setAccessibleName(text);
+    cut();
+  }
+  const QString& whole() const { return whole_; }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QLabel::resizeEvent(event);
+    cut();
+  }
+
+ private:
+  void cut() {
+    const QString fitting = fontMetrics().elidedText(whole_, Qt::ElideRight, width());
+    setText(fitting);
+    setToolTip(fitting == whole_ ? QString() : sentenceTip(whole_));
+  }
+  QString whole_;
+};
+
+// A link is pressed by Enter too: the key has no other meaning here.
+class PathLink : public QToolButton {
+ public:
+  using QToolButton::QToolButton;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+      click();
+      return;
+    }
+    QToolButton::keyPressEvent(event);
+  }
+};
+
+}  // namespace
+
+Foot::Foot(QWidget* parent, std::function<void(const QString&)> open)
+    : QWidget(parent),
+      open_(std::move(open)),
+      words_(new Line(this)),
+      file_(link(QStringLiteral("Apri"), QStringLiteral("apriFile"))),
+      folder_(link(QStringLiteral("Apri la cartella"), QStringLiteral("apriCartella"))),
+      bar_(new QProgressBar(this)) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(12, 3, 12, 4);
   row->addWidget(words_, 1);
+  row->addWidget(file_);
+  row->addWidget(folder_);
   row->addWidget(bar_);
+  words_->setTextFormat(Qt::PlainText);
+  words_->setAccessibleDescription(QStringLiteral("Stato"));
   bar_->setFixedWidth(220);
   bar_->setFixedHeight(14);
   bar_->setTextVisible(false);
   bar_->setAccessibleName(QStringLiteral("Avanzamento"));
-  words_->setAccessibleDescription(QStringLiteral("Stato"));
   // The bar keeps its place when there is nothing to show, so that nothing jumps.
   QSizePolicy place = bar_->sizePolicy();
   place.setRetainSizeWhenHidden(true);
   bar_->setSizePolicy(place);
-  rest();
+  rest({});
 }
+
+QToolButton* Foot::link(const QString& caption, const QString& name) {
+  auto* const made = new PathLink(this);
+  made->setObjectName(name);
+  made->setText(caption);
+  made->setAutoRaise(true);
+  made->setCursor(Qt::PointingHandCursor);
+  made->setFocusPolicy(Qt::TabFocus);
+  QFont underlined = made->font();
+  underlined.setUnderline(true);
+  made->setFont(underlined);
+  QPalette palette = made->palette();
+  palette.setColor(QPalette::ButtonText, palette.color(QPalette::Link));
+  made->setPalette(palette);
+  connect(made, &QToolButton::clicked, this, [this, made] { open_(made->property("path").toString()); });
+  return made;
+}
+
+void Foot::offer(QToolButton& link, const QString& path) {
+  link.setProperty("path", path);
+  link.setToolTip(dataTip(path));
+  link.setVisible(!path.isEmpty());
+}
+
+QString Foot::words() const { return static_cast<const Line*>(words_)->whole(); }
 
 void Foot::tell(const QString& what, std::size_t done, std::size_t total) {
   working_ = true;
@@ -31,13 +115,17 @@ void Foot::tell(const QString& what, std::size_t done, std::size_t total) {
   } else {
     bar_->setRange(0, 0);
   }
-  words_->setText(words);
+  static_cast<Line*>(words_)->setWhole(words);
+  offer(*file_, {});
+  offer(*folder_, {});
   bar_->setVisible(true);
 }
 
-void Foot::rest() {
+void Foot::rest(const Status& status) {
   working_ = false;
-  words_->setText(QStringLiteral("Pronto"));
+  static_cast<Line*>(words_)->setWhole(status.words());
+  offer(*file_, status.file());
+  offer(*folder_, status.folder());
   bar_->setRange(0, 100);
   bar_->reset();
   bar_->setVisible(false);

@@ -11,6 +11,7 @@
 #include "desktop/foot.h"
 #include "desktop/grid_view.h"
 #include "desktop/layouter.h"
+#include "desktop/qt_front_end.h"
 #include "desktop/quick_search.h"
 #include "desktop/shell_views.h"
 #include "desktop/simple_views.h"
@@ -206,7 +207,7 @@ void layOutWizard(FormWindow& window, QBoxLayout& root, const Parts& parts) {
     layOutPage(window, *page);
   }
   layOutNavigation(window, root, parts.content);
-  auto* foot = new Foot(&window);
+  auto* foot = new Foot(&window, [&window](const QString& path) { window.frontEnd().showMade(path); });
   root.addWidget(foot);
   window.setFoot(foot);
 }

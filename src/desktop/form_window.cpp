@@ -23,6 +23,8 @@ namespace cu::desktop {
 namespace {
 
 constexpr int kNotch = 120;  // of a mouse wheel
+constexpr int kF1 = 112;
+constexpr int kShift = 1;
 
 QScrollArea* areaAround(const QWidget* widget) {
   for (QWidget* at = widget->parentWidget(); at != nullptr; at = at->parentWidget()) {
@@ -131,7 +133,7 @@ void FormWindow::enterStage() {
 
 void FormWindow::formChanged() {
   if (!live()) return;
-  setWindowTitle(shown(form_->caption()));
+  setWindowTitle(titled(form_->caption()));
   syncFocus();
   syncScroll();
   showShrunk(*this);
@@ -202,6 +204,10 @@ bool FormWindow::key(QKeyEvent* event) {
     Button* const byEnter = button != nullptr ? button : form.defaultButton;
     act([&] { consumed = form.keyDown(pressed.code, pressed.shift, byEnter); });
     consumed = consumed || enter || pressed.code == 27;
+  }
+  if (!consumed && live() && pressed.code == kF1 && (pressed.shift & ~kShift) == 0) {
+    frontEnd_.showGuide();
+    return true;
   }
   return consumed || !live();
 }

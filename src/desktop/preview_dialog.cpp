@@ -66,7 +66,8 @@ PreviewDialog::PreviewDialog(QWidget* parent, const Preview& preview)
     asText_ = !asText_;
     draw();
   });
-  for (QPushButton* each : {larger, smaller, fit, words}) each->setVisible(document_ != nullptr);
+  for (QPushButton* each : {larger, smaller, fit}) each->setVisible(document_ != nullptr);
+  words->setVisible(document_ != nullptr && !preview.pages.empty());
   button("&Chiudi", [this] { accept(); });
 
   area_->setWidget(picture_);

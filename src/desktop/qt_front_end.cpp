@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QScreen>
+#include <QShortcut>
 #include <QUrl>
 #include <algorithm>
 
@@ -34,7 +35,7 @@ bool hasTabs(const Form& form) {
 
 }  // namespace
 
-QtFrontEnd::QtFrontEnd(QString guide) : guide_(std::move(guide)) { told_.start(); }
+QtFrontEnd::QtFrontEnd(QString guide) : guide_(std::move(guide)) { shownAt_.start(); }
 
 QtFrontEnd::~QtFrontEnd() {
   for (const Shown& each : shown_) {
@@ -45,7 +46,10 @@ QtFrontEnd::~QtFrontEnd() {
 }
 
 QtFrontEnd::Waiting::Waiting(QtFrontEnd& frontEnd)
-    : frontEnd_(frontEnd), running_(std::exchange(frontEnd.running_, 0)) {
+    : frontEnd_(frontEnd),
+      running_(std::exchange(frontEnd.running_, 0)),
+      begun_(frontEnd.status_.begun()),
+      told_(frontEnd.status_.told()) {
   frontEnd_.dropInput();
   frontEnd_.showPointer();
   frontEnd_.restFeet();
@@ -53,11 +57,14 @@ QtFrontEnd::Waiting::Waiting(QtFrontEnd& frontEnd)
 
 QtFrontEnd::Waiting::~Waiting() {
   frontEnd_.running_ = running_;
+  frontEnd_.status_.resume(begun_, told_);
   frontEnd_.showPointer();
 }
 
 int QtFrontEnd::run(QDialog& dialog) {
   const Waiting waiting(*this);
+  auto* const help = new QShortcut(QKeySequence(Qt::Key_F1), &dialog);
+  QObject::connect(help, &QShortcut::activated, &dialog, [&] { showGuide(&dialog); });
   const int result = dialog.exec();
   // A desktop gives the keyboard back by itself; one without a window manager does not.
   if (topmost() != nullptr) topmost()->activateWindow();
@@ -75,23 +82,38 @@ FormWindow* QtFrontEnd::topmost() const { return shown_.empty() ? nullptr : show
 QWidget* QtFrontEnd::parentForDialog() const { return topmost(); }
 
 void QtFrontEnd::perform(Control& control, const Event& event) {
-  ++running_;
-  control.form().perform(control, event);
+  Form& form = control.form();
+  begin();
+  form.perform(control, event);
+  goToMissing(form);
   --running_;
   endOfWork();
 }
 
 void QtFrontEnd::perform(Form& form, const Event& event) {
-  ++running_;
+  begin();
   form.perform(event);
+  goToMissing(form);
   --running_;
   endOfWork();
+}
+
+void QtFrontEnd::begin() {
+  if (running_++ > 0) return;
+  status_.begin();
+  missing_ = nullptr;
+}
+
+void QtFrontEnd::goToMissing(const Form& form) {
+  Control* const missed = std::exchange(missing_, nullptr);
+  if (!form.isOpen() || missed == nullptr || !missed->available()) return;
+  runEvent([&] { missed->form().setFocus(missed); });
 }
 
 void QtFrontEnd::endOfWork() {
   if (running_ > 0) return;
   showPointer();
-  if (dropInput()) restFeet();
+  if (dropInput() || factsShown_ != status_.told()) restFeet();
 }
 
 // What was pressed while the work went on was meant for a screen that is no more. A window that opens in the
@@ -113,8 +135,9 @@ Keys QtFrontEnd::typedAhead() {
 }
 
 void QtFrontEnd::restFeet() {
+  factsShown_ = status_.told();
   for (const Shown& each : shown_) {
-    if (each.window->foot() != nullptr) each.window->foot()->rest();
+    if (each.window->foot() != nullptr) each.window->foot()->rest(status_);
   }
 }
 
@@ -183,6 +206,7 @@ void QtFrontEnd::closed(Form& form) {
   if (found == shown_.end()) return;
   const Shown gone = *found;
   shown_.erase(found);
+  missing_ = nullptr;
   // A form that goes while it is open takes its controls along before it tells.
   gone.window->detach(!form.isOpen());
   gone.window->hide();
@@ -202,18 +226,13 @@ void QtFrontEnd::popup(MenuBar& bar, const std::string& band) {
   if (!chosen.empty()) runEvent([&] { bar.click(chosen); });
 }
 
-void QtFrontEnd::help(const std::string&, int, std::int32_t) {
-  // Behind a modal form the guide could not be read: it goes with the window in front.
-  if (QWidget* const old = helpWindow_; old != nullptr && old->parentWidget() != topmost()) {
-    helpWindow_.clear();
-    delete old;
-  }
-  if (helpWindow_ == nullptr) {
-    helpWindow_ = new HelpWindow(topmost(), guide_);
-    helpWindow_->show();
-  }
-  helpWindow_->raise();
-  helpWindow_->activateWindow();
+void QtFrontEnd::help(const std::string&, int, std::int32_t) { showGuide(); }
+
+void QtFrontEnd::showGuide(QWidget* over) {
+  const FormWindow* const top = topmost();
+  QString chapter = over == nullptr ? QString() : over->property(kGuideChapter).toString();
+  if (chapter.isEmpty() && top != nullptr && top->live()) chapter = shown(top->form().guideChapter());
+  openGuide(helpWindow_, over != nullptr ? over : parentForDialog(), guide_, chapter);
 }
 
 void QtFrontEnd::open(const std::string& path, const std::string& folder) {
@@ -224,7 +243,18 @@ void QtFrontEnd::open(const std::string& path, const std::string& folder) {
 }
 
 void QtFrontEnd::viewText(const std::string& path) { (new TextWindow(topmost(), shown(path)))->show(); }
-void QtFrontEnd::printed(const PrintNote&) {}
+void QtFrontEnd::printed(const PrintNote& note) { status_.print(note); }
+void QtFrontEnd::told(const std::string& fact) { status_.tell(shown(fact)); }
+
+void QtFrontEnd::showMade(const QString& path) {
+  // A form is a PDF under a name that no program of the desktop is told to open.
+  if (!path.endsWith(QStringLiteral(".cur"))) {
+    open(utf8(path), {});
+    return;
+  }
+  preview({utf8(QFileInfo(path).fileName()), {}, utf8(path)});
+}
+
 void QtFrontEnd::beep() { QApplication::beep(); }
 
 void QtFrontEnd::setPointer(int pointer) {
@@ -247,8 +277,9 @@ void QtFrontEnd::showPointer() {
 
 void QtFrontEnd::progress(const char* what, std::size_t done, std::size_t total) {
   worked_ = true;
-  if (done > 0 && done < total && told_.elapsed() < kTellEvery) return;
-  told_.restart();
+  status_.work();
+  if (done > 0 && done < total && shownAt_.elapsed() < kTellEvery) return;
+  shownAt_.restart();
   for (const Shown& each : shown_) {
     if (each.window->foot() != nullptr) each.window->foot()->tell(QString::fromUtf8(what), done, total);
   }

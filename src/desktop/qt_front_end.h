@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desktop/input_drain.h"
+#include "desktop/status.h"
 #include "host/control.h"
 #include "host/frontend.h"
 
@@ -18,6 +19,7 @@ class QWidget;
 namespace cu::desktop {
 
 class FormWindow;
+class HelpWindow;
 
 // The window system as the wizard's screen. It needs a QApplication and lives as long as forms are shown.
 class QtFrontEnd : public FrontEnd {
@@ -58,6 +60,12 @@ class QtFrontEnd : public FrontEnd {
   void setPointer(int pointer) override;
   int pointer() const override { return pointer_; }
   void progress(const char* what, std::size_t done, std::size_t total) override;
+  void told(const std::string& fact) override;
+  void missing(Control& control) override { missing_ = &control; }
+  // A file that was made, or a folder.
+  void showMade(const QString& path);
+  // The user's guide at the chapter of what is on screen; over a dialog, where one is open.
+  void showGuide(QWidget* over = nullptr);
 
   // While a person is waited for: events come in, the arrow points.
   class Waiting {
@@ -70,6 +78,8 @@ class QtFrontEnd : public FrontEnd {
    private:
     QtFrontEnd& frontEnd_;
     int running_;
+    bool begun_;
+    std::size_t told_;
   };
   int run(QDialog& dialog);  // modally
   // The keys pressed while a window was being made ready that is typed into at once.
@@ -88,19 +98,24 @@ class QtFrontEnd : public FrontEnd {
   bool mayLose(const Form& form, const std::string& lost, const char* explanation, const char* onCaption);
   void place(FormWindow& window, const FormWindow* over) const;
   void fit(FormWindow& window, const FormWindow* over) const;
+  void begin();
+  void goToMissing(const Form& form);
   void showPointer();
   void endOfWork();
   bool dropInput();  // whether there had been work
   void restFeet();
 
   QString guide_;
-  QPointer<QWidget> helpWindow_;
+  QPointer<HelpWindow> helpWindow_;
   std::vector<Shown> shown_;
   int running_ = 0;
   int pointer_ = kPointerDefault;
   bool hourglass_ = false;  // as the screen shows it
   bool worked_ = false;     // the hourglass stood during the event that runs
-  QElapsedTimer told_;
+  QElapsedTimer shownAt_;
+  Status status_;
+  std::size_t factsShown_ = 0;
+  Control* missing_ = nullptr;  // of the event that runs
 };
 
 }  // namespace cu::desktop

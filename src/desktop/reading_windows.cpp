@@ -1,5 +1,6 @@
 #include "desktop/reading_windows.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QImage>
@@ -7,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTextBlock>
 #include <QTextBrowser>
@@ -19,6 +21,13 @@ namespace {
 void closeByEscape(QWidget& window) {
   auto* key = new QShortcut(QKeySequence(Qt::Key_Escape), &window);
   QObject::connect(key, &QShortcut::activated, &window, [&window] { window.close(); });
+}
+
+QLabel* plainLabel(const QString& text, QWidget* parent) {
+  auto* label = new QLabel(parent);
+  label->setTextFormat(Qt::PlainText);
+  label->setText(text);
+  return label;
 }
 
 // A picture is not wider than the text.
@@ -82,6 +91,43 @@ HelpWindow::HelpWindow(QWidget* parent, const QString& folder)
   text_->setFocus();
 }
 
+void HelpWindow::showChapter(const QString& heading) {
+  chapter_ = heading;
+  if (isVisible()) goToChapter();
+}
+
+// Where a heading is on the page is known once the page has its width.
+void HelpWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  QMetaObject::invokeMethod(
+      this, [this] { goToChapter(); }, Qt::QueuedConnection);
+}
+
+void HelpWindow::goToChapter() {
+  const QTextDocument& guide = *text_->document();
+  QTextBlock block = guide.begin();
+  while (block.isValid() && (block.blockFormat().headingLevel() == 0 || block.text() != chapter_)) {
+    block = block.next();
+  }
+  if (!block.isValid()) block = guide.begin();
+  text_->setTextCursor(QTextCursor(block));
+  const QRectF place = guide.documentLayout()->blockBoundingRect(block);
+  text_->verticalScrollBar()->setValue(static_cast<int>(place.top()));
+}
+
+void openGuide(QPointer<HelpWindow>& guide, QWidget* parent, const QString& folder, const QString& chapter) {
+  if (guide != nullptr && guide->parentWidget() != parent) {
+    HelpWindow* const old = guide;
+    guide.clear();
+    delete old;
+  }
+  if (guide == nullptr) guide = new HelpWindow(parent, folder);
+  guide->showChapter(chapter);
+  guide->show();
+  guide->raise();
+  guide->activateWindow();
+}
+
 FileLines::FileLines(const QString& path, QObject* parent) : QAbstractListModel(parent), file_(path) {
   starts_.push_back(0);
   if (!file_.open(QIODevice::ReadOnly)) return;
@@ -113,7 +159,7 @@ TextWindow::TextWindow(QWidget* parent, const QString& path) : QWidget(parent, Q
   auto* column = new QVBoxLayout(this);
   auto* model = new FileLines(path, this);
   if (!model->readable())
-    column->addWidget(new QLabel(QStringLiteral("%1 è vuoto o non si può leggere.").arg(path), this));
+    column->addWidget(plainLabel(QStringLiteral("%1 è vuoto o non si può leggere.").arg(path), this));
   auto* view = new QListView(this);
   view->setModel(model);
   view->setUniformItemSizes(true);

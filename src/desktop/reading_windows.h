@@ -2,6 +2,7 @@
 
 #include <QAbstractListModel>
 #include <QFile>
+#include <QPointer>
 #include <QWidget>
 #include <vector>
 
@@ -14,10 +15,24 @@ class HelpWindow : public QWidget {
  public:
   // `folder` holds "guida.md" and its pictures.
   HelpWindow(QWidget* parent, const QString& folder);
+  // The heading of that text at the top of the window; the guide's beginning where there is none.
+  void showChapter(const QString& heading);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
 
  private:
+  void goToChapter();
   QTextBrowser* text_;
+  QString chapter_;
 };
+
+// The property of a dialog that names its chapter.
+inline constexpr const char* kGuideChapter = "capitolo";
+
+// Brings the guide to the front, at a chapter. Behind a modal window it could not be read: a guide that
+// belongs to another window than `parent` yields to a new one.
+void openGuide(QPointer<HelpWindow>& guide, QWidget* parent, const QString& folder, const QString& chapter);
 
 // The lines of a text file of any size, each decoded when it is shown.
 class FileLines : public QAbstractListModel {

@@ -1,5 +1,7 @@
 #include "desktop/text.h"
 
+#include <QTextDocument>
+
 namespace cu::desktop {
 
 QString spoken(std::string_view caption) {
@@ -15,6 +17,16 @@ QString spoken(std::string_view caption) {
 
 QString lines(std::string_view text) {
   return shown(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+
+QString sentenceTip(const QString& text) {
+  return text.isEmpty() ? QString() : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
+}
+
+QString dataTip(const QString& text) { return Qt::mightBeRichText(text) ? sentenceTip(text) : text; }
+
+QString titled(std::string_view title) {
+  return title.empty() ? QStringLiteral("Autocomposizione") : shown(title);
 }
 
 QString folded(const QString& text) {

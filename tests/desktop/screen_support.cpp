@@ -40,7 +40,7 @@ QString Screen::freshDatabase(const QTemporaryDir& folder) {
   return database;
 }
 
-Screen::Screen(std::int32_t mode) : watcher_(std::make_unique<QObject>()) {
+Screen::Screen(std::int32_t mode, Profilo::MotoreStampa engine) : watcher_(std::make_unique<QObject>()) {
   QDir(folder_.path()).mkdir(QStringLiteral("documenti"));
   profile_.sessione.utente = 12;
   profile_.sessione.azienda = 1;
@@ -52,7 +52,7 @@ Screen::Screen(std::int32_t mode) : watcher_(std::make_unique<QObject>()) {
   profile_.valuta = {true, "€", ",", "."};
   profile_.documenti = documents().toStdString();
   profile_.impostazioni = folder_.filePath(QStringLiteral("impostazioni.toml")).toStdString();
-  profile_.stampa = Profilo::MotoreStampa::Registro;
+  profile_.stampa = engine;
   watch();
   impianto_ = std::make_unique<Impianto>(profile_, screen_);
   impianto_->programma().main();

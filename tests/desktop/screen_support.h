@@ -19,7 +19,7 @@ namespace cu::test {
 // The wizard in its window on a demonstration database of its own: user 12, company 1, 5 March 2017.
 class Screen {
  public:
-  explicit Screen(std::int32_t mode = 247);
+  explicit Screen(std::int32_t mode = 247, Profilo::MotoreStampa engine = Profilo::MotoreStampa::Registro);
   ~Screen();
   // A new copy of the database in a folder; its address.
   static QString freshDatabase(const QTemporaryDir& folder);
@@ -59,7 +59,7 @@ class Screen {
 
   QTemporaryDir folder_;
   Profilo profile_;
-  desktop::QtFrontEnd screen_;
+  desktop::QtFrontEnd screen_{QStringLiteral(CU_GUIDA)};
   std::unique_ptr<Impianto> impianto_;
   std::deque<std::function<void(QWidget&)>> modals_;
   std::unique_ptr<QObject> watcher_;  // ends the watch with itself

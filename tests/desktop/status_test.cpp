@@ -1,0 +1,186 @@
+// What the foot of the window says when the work is done, and the pointer meanwhile.
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <QTextBrowser>
+#include <QToolButton>
+
+#include "desktop/foot.h"
+#include "desktop/preview_dialog.h"
+#include "desktop/screen_support.h"
+
+namespace cu::test {
+namespace {
+
+// Takes the place of the desktop's programs.
+class Opener : public QTextBrowser {
+ public:
+  Opener() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "setSource"); }
+  ~Opener() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+  QStringList opened;
+
+ protected:
+  void doSetSource(const QUrl& url, QTextDocument::ResourceType) override { opened += url.toLocalFile(); }
+};
+
+QString words(Screen& screen) { return screen.window().foot()->words(); }
+
+QToolButton* link(Screen& screen, const char* name) {
+  auto* const found = screen.window().foot()->findChild<QToolButton*>(QString::fromLatin1(name));
+  return found->isVisible() ? found : nullptr;
+}
+
+void printTo(Screen& screen, int output) {
+  auto* const outputs = screen.find<QWidget>("WizPrint")->findChildren<QComboBox*>().at(1);
+  outputs->setCurrentIndex(output - 1);
+  emit outputs->activated(output - 1);
+  screen.click("cmdNav(4)");
+}
+
+void saveAs(QWidget& modal, const QString& path) {
+  auto* const name = modal.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+  ASSERT_NE(name, nullptr);
+  name->setText(path);
+  QTest::keyClick(name, Qt::Key_Return);
+}
+
+TEST(StatusLine, NamesTheFileOfAPrintAndOpensItAndItsFolder) {
+  Screen screen(246, Profilo::MotoreStampa::Pdf);
+  Opener opener;
+  screen.click("cmdNav(3)");
+  EXPECT_EQ(words(screen), "Pronto");
+  EXPECT_EQ(link(screen, "apriFile"), nullptr);
+  const QString path = QDir(screen.documents()).filePath(QStringLiteral("conti.pdf"));
+  screen.whenModal([&](QWidget& modal) { saveAs(modal, path); });
+  printTo(screen, 3);
+  EXPECT_TRUE(screen.allAnswered());
+  EXPECT_EQ(words(screen), "Creato conti.pdf.");
+  ASSERT_NE(link(screen, "apriFile"), nullptr);
+  QTest::mouseClick(link(screen, "apriFile"), Qt::LeftButton);
+  link(screen, "apriCartella")->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(link(screen, "apriCartella"), Qt::Key_Return);
+  EXPECT_EQ(opener.opened, QStringList({path, screen.documents()}));
+  EXPECT_TRUE(screen.frontEnd().anyOpen());
+  // A print that is only looked at makes nothing.
+  screen.whenModal([](QWidget& modal) { modal.close(); });
+  printTo(screen, 1);
+  EXPECT_EQ(words(screen), "Pronto");
+  EXPECT_EQ(link(screen, "apriFile"), nullptr);
+}
+
+TEST(StatusLine, AFormIsShownByTheWindowItselfWhateverItsNameEndsWith) {
+  Screen screen(247, Profilo::MotoreStampa::Pdf);
+  Opener opener;
+  screen.toEnd();
+  screen.click("optStampaTracciato(1)");
+  screen.whenModal([&](QWidget&) { screen.click("Command1"); });
+  screen.click("cmdNav(4)");
+  EXPECT_EQ(words(screen), "Creato CUR_04123450233_2016.cur. Creato CUR_04123450233_2016_05032017_1030.cur.");
+  int pages = 0;
+  screen.whenModal([&](QWidget& modal) {
+    const auto* const preview = dynamic_cast<desktop::PreviewDialog*>(&modal);
+    pages = preview == nullptr ? -1 : preview->pages();
+    modal.close();
+  });
+  ASSERT_NE(link(screen, "apriFile"), nullptr);
+  QTest::mouseClick(link(screen, "apriFile"), Qt::LeftButton);
+  EXPECT_TRUE(screen.allAnswered());
+  EXPECT_GT(pages, 0);
+  EXPECT_TRUE(opener.opened.isEmpty());
+}
+
+TEST(StatusLine, AFactStaysUntilTheNextWork) {
+  Screen screen;
+  screen.toGrid();
+  screen.whenModal([&](QWidget&) { screen.key(Qt::Key_Escape); });
+  screen.find<QWidget>("grdCompensi")->setFocus();
+  screen.key(Qt::Key_Return);
+  EXPECT_EQ(words(screen), "L'editor è stato chiuso senza confermare: la riga è rimasta com'era.");
+  screen.key(Qt::Key_Down);
+  EXPECT_EQ(words(screen), "L'editor è stato chiuso senza confermare: la riga è rimasta com'era.");
+  screen.whenModal([&](QWidget&) { screen.click("cmdOk"); });
+  screen.key(Qt::Key_Return);
+  EXPECT_EQ(words(screen), "La riga è rimasta com'era: nessuna modifica.");
+  screen.click("cmdSelect(0)");
+  EXPECT_EQ(words(screen), "Pronto");
+}
+
+TEST(StatusLine, SaysHowManyAccountsTheRebuildChangedBeforeTheGridWasLoaded) {
+  Screen screen;
+  screen.toTelematicFile();
+  screen.click("chkRicostruzione");
+  screen.click("cmdNav(3)");
+  EXPECT_TRUE(words(screen).startsWith(QStringLiteral("La ricostruzione "))) << words(screen).toStdString();
+}
+
+TEST(StatusLine, TheRunSaysWhatCameOfIt) {
+  Screen screen;
+  screen.toEnd();
+  screen.type("dtDataFirma", "");
+  screen.whenModal([](QWidget& modal) { pressButton(modal, "Chiudi"); });
+  screen.click("cmdNav(4)");
+  EXPECT_EQ(words(screen), "Il file telematico non è stato creato: mancano dei dati.");
+  screen.type("dtDataFirma", "05032017");
+  QString meanwhile;
+  screen.whenModal([&](QWidget&) {
+    meanwhile = words(screen);
+    screen.click("Command1");
+  });
+  screen.click("cmdNav(4)");
+  EXPECT_EQ(words(screen), "Creato CUR_04123450233_2016.cur. Nessuna stampa è stata scritta.");
+  EXPECT_EQ(meanwhile, words(screen)) << "the notice does not wait for its end";
+}
+
+TEST(StatusLine, IsCutInANarrowWindowAndToldWholeByItsTooltip) {
+  Screen screen;
+  screen.form().cmdOpzioni.onClick = [&] { screen.frontEnd().told(std::string(300, 'x') + " < & fine."); };
+  screen.click("cmdOpzioni");
+  auto* const line = screen.window().foot()->findChild<QLabel*>();
+  EXPECT_LT(line->text().size(), words(screen).size());
+  EXPECT_TRUE(line->toolTip().contains(QStringLiteral("&lt; &amp; fine.")));
+  EXPECT_LE(screen.window().foot()->width(), screen.window().width());
+}
+
+TEST(FolderNote, TheLastStepNamesTheFileThatWouldBeReplaced) {
+  Screen screen;
+  screen.toEnd();
+  auto* const note = screen.find<QLabel>("txtPercorsoCU.nota");
+  ASSERT_NE(note, nullptr);
+  EXPECT_FALSE(note->isVisible());
+  screen.whenModal([&](QWidget&) { screen.click("Command1"); });
+  screen.click("cmdNav(4)");
+  screen.click("cmdNav(3)");
+  screen.click("cmdNav(3)");
+  EXPECT_TRUE(note->isVisible());
+  EXPECT_EQ(note->text(), "CUR_04123450233_2016.cur esiste già: Avvia lo sostituisce.");
+}
+
+TEST(Hourglass, GoesWhileTheRunAsksAndWhenItEnds) {
+  Screen screen;
+  screen.toEnd();
+  screen.type("dtDataFirma", "06032017");
+  std::string pointers;
+  screen.whenModal([&](QWidget& modal) {
+    pointers += std::to_string(screen.frontEnd().pointer());
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    pressButton(modal, "OK");
+  });
+  screen.whenModal([&](QWidget&) {
+    pointers += std::to_string(screen.frontEnd().pointer());
+    screen.click("Command1");
+  });
+  screen.click("cmdNav(4)");
+  EXPECT_EQ(pointers, "00");
+  EXPECT_EQ(screen.frontEnd().pointer(), kPointerDefault);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+}  // namespace
+}  // namespace cu::test
