@@ -101,7 +101,8 @@ void makeReadable(QFileDialog& dialog, Kinds& kinds) {
 }  // namespace
 
 Answer QtFrontEnd::messageBox(const MessageBox& box) {
-  QMessageBox dialog(iconOf(box.icon), shown(box.title), QString(), QMessageBox::NoButton, parentForDialog());
+  QMessageBox dialog(iconOf(box.icon), titled(box.title), QString(), QMessageBox::NoButton,
+                     parentForDialog());
   dialog.setTextFormat(Qt::PlainText);
   dialog.setText(lines(box.text));
   dialog.setTextInteractionFlags(Qt::TextSelectableByMouse);

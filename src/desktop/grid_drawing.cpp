@@ -13,6 +13,11 @@ namespace {
 constexpr int kPadding = 6;
 constexpr int kWrap = Qt::TextWordWrap | Qt::AlignVCenter;
 
+QString drawnCaption(const QAbstractItemModel& model, int column) {
+  const QString caption = model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+  return countOnly(caption) ? unbroken(caption) : caption;
+}
+
 }  // namespace
 
 WrappedHeader::WrappedHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
@@ -24,7 +29,7 @@ WrappedHeader::WrappedHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, pare
 }
 
 QSize WrappedHeader::sectionSizeFromContents(int column) const {
-  const QString caption = model()->headerData(column, orientation(), Qt::DisplayRole).toString();
+  const QString caption = drawnCaption(*model(), column);
   const QRect room(0, 0, std::max(20, sectionSize(column) - kPadding), 1000);
   return fontMetrics().boundingRect(room, kWrap, caption).size() + QSize(kPadding, kPadding);
 }
@@ -48,7 +53,7 @@ void WrappedHeader::paintSection(QPainter* painter, const QRect& place, int colu
   option.rect = place;
   option.section = column;
   style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
-  const QString caption = model()->headerData(column, orientation(), Qt::DisplayRole).toString();
+  const QString caption = drawnCaption(*model(), column);
   const int align =
       model()->headerData(column, orientation(), Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask;
   painter->setPen(palette().color(QPalette::ButtonText));

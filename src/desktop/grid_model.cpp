@@ -13,12 +13,6 @@ constexpr int kRight = 1;
 constexpr int kCentre = 2;
 constexpr qsizetype kDrawnCells = 8192;  // more than a screen has
 
-// A caption without a letter: the number of rows that are on.
-bool countOnly(const QString& caption) {
-  return !caption.isEmpty() &&
-         std::none_of(caption.begin(), caption.end(), [](QChar c) { return c.isLetter(); });
-}
-
 bool sameColumns(const std::vector<GridColumn>& a, const std::vector<GridColumn>& b) {
   if (a.size() != b.size()) return false;
   for (std::size_t i = 0; i < a.size(); ++i) {
@@ -34,6 +28,13 @@ Qt::Alignment aligned(int alignment) {
 }
 
 }  // namespace
+
+bool countOnly(const QString& caption) {
+  return !caption.isEmpty() &&
+         std::none_of(caption.begin(), caption.end(), [](QChar c) { return c.isLetter(); });
+}
+
+QString unbroken(const QString& caption) { return QString(caption).replace(u' ', QChar::Nbsp); }
 
 GridModel::GridModel(Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(&grid) { refresh(); }
 

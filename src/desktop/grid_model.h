@@ -9,6 +9,10 @@
 
 namespace cu::desktop {
 
+// A caption without a letter: the number of rows that are on. It is one word.
+bool countOnly(const QString& caption);
+QString unbroken(const QString& caption);
+
 // The rows of a grid where they lie: a cell is read when it is shown.
 class GridModel : public QAbstractTableModel {
  public:

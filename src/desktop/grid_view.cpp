@@ -11,6 +11,7 @@
 #include "desktop/form_window.h"
 #include "desktop/grid_drawing.h"
 #include "desktop/text.h"
+#include "desktop/whole_text.h"
 #include "host/form.h"
 
 namespace cu::desktop {
@@ -33,6 +34,7 @@ GridTable::GridTable(GridView& view, QWidget* parent) : QTableView(parent), view
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
   setHorizontalHeader(new WrappedHeader(this));
   setItemDelegate(new CellPainter(this));
+  tellWhole(*this);
 }
 
 void GridTable::setCurrent(int row) {
@@ -176,9 +178,11 @@ int GridView::widthOf(int column) const {
   const GridColumn& of = model_.column(column);
   const int kept = memory_.width(shown(of.field));
   if (kept > 0) return kept;
-  // A caption is never cut: the longest of its words fits.
+  // A caption is never cut: the longest of its words fits, and the count of all rows.
+  QString caption = shown(of.caption);
+  if (countOnly(caption)) caption = unbroken(QStringLiteral("[ %1 ]").arg(model_.rowCount()));
   int words = 0;
-  for (const QString& word : shown(of.caption).split(u' ')) {
+  for (const QString& word : caption.split(u' ')) {
     words = std::max(words, table_->horizontalHeader()->fontMetrics().horizontalAdvance(word) + 14);
   }
   // Nor are the texts of the rows that are seen first, within reason.

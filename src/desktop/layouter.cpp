@@ -257,6 +257,12 @@ std::size_t Layouter::place(Row& row, const std::vector<Control*>& controls, std
         auto* beside = new QHBoxLayout;
         row.grid.addLayout(beside, row.next++, 0, 1, 2);
         fillRow(*beside, {&control, next});
+        auto* note = new QLabel(into);
+        note->setTextFormat(Qt::PlainText);
+        note->setWordWrap(true);
+        note->setObjectName(shown(control.name()) + QStringLiteral(".nota"));
+        row.grid.addWidget(note, row.next++, 0, 1, 2);
+        window_.view(control)->setNoteLabel(note);
         return 2;
       }
       field(row, control, nullptr);

@@ -174,8 +174,10 @@ void PrintView::refresh() {
   outputs_->setCurrentIndex(print_.output() - 1);
   reports_->setEnabled(print_.choice());
   outputs_->setEnabled(print_.choice());
-  note_->setText(print_.toFile() ? QStringLiteral("Una sola stampa per tutti i percipienti.") : QString());
-  note_->setVisible(print_.toFile());
+  // Where a report can be chosen, how the forms are printed is of no interest.
+  const bool together = print_.toFile() && !print_.choice();
+  note_->setText(together ? QStringLiteral("Una sola stampa per tutti i percipienti.") : QString());
+  note_->setVisible(together);
 }
 
 }  // namespace cu::desktop

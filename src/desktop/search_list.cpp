@@ -12,6 +12,7 @@
 #include <numeric>
 
 #include "desktop/text.h"
+#include "desktop/whole_text.h"
 
 namespace cu::desktop {
 
@@ -120,6 +121,7 @@ SearchDialog::SearchDialog(QWidget* parent, const QString& title, Recordset& row
   table_->setSelectionMode(QAbstractItemView::SingleSelection);
   table_->setTabKeyNavigation(false);
   table_->setWordWrap(false);
+  tellWhole(*table_);
   table_->verticalHeader()->hide();
   table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
   table_->horizontalHeader()->setStretchLastSection(true);

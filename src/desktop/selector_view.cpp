@@ -168,7 +168,7 @@ void SelectorView::refresh() {
   const bool typing = code_->isModified() || description_->isModified();
   showNote(typing ? QString() : noteOn(selector_));
   // A long description can be read whole where the box is too short for it.
-  description_->setToolTip(shown(selector_.description()));
+  description_->setToolTip(dataTip(shown(selector_.description())));
   opener_->setVisible(selector_.binding().search);
 }
 

@@ -16,6 +16,9 @@ constexpr int kNarrow = 52;
 constexpr int kMargin = 14;
 constexpr int kDisc = 26;
 
+// The mark in front of it stands for a line of the list.
+QString titleOf(const SideBand::Item& item) { return shown(item.title).remove(QStringLiteral("- ")); }
+
 // Draws the steps: those behind, the present one, those to come.
 class BandPainter : public QWidget {
  public:
@@ -56,7 +59,7 @@ class BandPainter : public QWidget {
     if (narrow_) return top + kDisc + kMargin;
 
     painter.setPen(ink);
-    const QString title = shown(item.title).remove(QStringLiteral("- "));
+    const QString title = titleOf(item);
     const QRect room(disc.right() + 10, top - 2, width() - disc.right() - 10 - kMargin, 1000);
     QRect used;
     painter.drawText(room, Qt::TextWordWrap, title, &used);
@@ -80,6 +83,8 @@ QString shortcutText(const std::string& shortcut) {
   return shown(shortcut).replace(QStringLiteral("Control"), QStringLiteral("Ctrl"));
 }
 
+bool offered(const MenuBar& bar, const MenuBar::Tool& tool) { return bar.toolAvailable(tool) && !tool.inert; }
+
 // What the bands are called in the bar: they have names for the program only.
 QString bandTitle(const std::string& band) {
   return band == "PopDettaglio" ? QStringLiteral("&Riga") : QStringLiteral("&Comandi");
@@ -97,7 +102,7 @@ void BandView::refresh() {
   QStringList steps;
   int number = 1;
   for (const SideBand::Item& item : band_.items()) {
-    QString step = shown(item.title) + QStringLiteral(", ") + shown(item.description);
+    QString step = titleOf(item) + QStringLiteral(", ") + shown(item.description);
     if (number++ == band_.selected()) step += QStringLiteral(" (passo corrente)");
     steps += step;
   }
@@ -115,7 +120,7 @@ void fillMenu(QMenu& menu, const MenuBar& bar, const std::string& band,
     // The key itself is the form's; here it is only told.
     if (!tool.shortcut.empty()) text += u'\t' + shortcutText(tool.shortcut);
     QAction* const entry = menu.addAction(text);
-    entry->setEnabled(bar.toolAvailable(tool));
+    entry->setEnabled(offered(bar, tool));
     entry->setObjectName(shown(tool.key));
     QObject::connect(entry, &QAction::triggered, &menu, [choose, key = tool.key] { choose(key); });
   }
@@ -142,7 +147,7 @@ void MenuView::afterEvent() {
   if (!live()) return;
   for (const MenuBar::Tool& tool : tools_.tools()) {
     auto* const entry = widgetBar_->findChild<QAction*>(shown(tool.key));
-    if (entry != nullptr) entry->setEnabled(tools_.toolAvailable(tool));
+    if (entry != nullptr) entry->setEnabled(offered(tools_, tool));
   }
 }
 

@@ -57,9 +57,8 @@ LabelView::LabelView(FormWindow& window, Label& label, QWidget* parent)
 
 void LabelView::refresh() {
   const QString text = lines(control().caption());
-  // Mnemonics work where the label names a field.
-  label_->setTextFormat(Qt::PlainText);
-  label_->setText(label_->buddy() != nullptr ? text : QString(text).replace(u'&', QStringLiteral("&&")));
+  // A mnemonic's mark is one only where the label names a field: elsewhere it is drawn as it stands.
+  label_->setText(text);
   // One without a name would be read as the section around it.
   label_->setAccessibleName(text.isEmpty() ? QStringLiteral(" ") : spoken(control().caption()));
   // An empty text keeps no line free.
@@ -83,9 +82,11 @@ LinkView::LinkView(FormWindow& window, Link& link, QWidget* parent) : View(windo
   QObject::connect(button, &QToolButton::clicked, button, [this, &link] { act([&link] { link.click(); }); });
 }
 
+// A link names what it opens, such as a folder: it has no mnemonic.
 void LinkView::refresh() {
-  button_->setText(shown(control().caption()));
-  button_->setAccessibleName(spoken(control().caption()));
+  const QString text = shown(control().caption());
+  button_->setText(QString(text).replace(u'&', QStringLiteral("&&")));
+  button_->setAccessibleName(text);
 }
 
 ButtonView::ButtonView(FormWindow& window, Button& button, QWidget* parent)

@@ -12,6 +12,11 @@ void View::setCaptionLabel(QLabel* label) {
   refreshAll();
 }
 
+void View::setNoteLabel(QLabel* label) {
+  noteLabel_ = label;
+  refreshAll();
+}
+
 void View::setSpokenName(const QString& name) {
   spokenName_ = name;
   const QList<QWidget*> takers = focusWidgets();
@@ -36,6 +41,14 @@ void View::refreshAll() {
     captionLabel_->setText(shown(control_->caption()));
     captionLabel_->setEnabled(control_->enabled());
     captionLabel_->setVisible(control_->visible());
+  }
+  if (noteLabel_ != nullptr) {
+    noteLabel_->setText(shown(control_->note()));
+    noteLabel_->setVisible(!control_->note().empty());
+  }
+  if (!control_->hint().empty()) {
+    widget_->setToolTip(sentenceTip(shown(control_->hint())));
+    widget_->setAccessibleDescription(shown(control_->hint()));
   }
   refresh();
 }

@@ -26,6 +26,8 @@ class View : public ControlView {
   // The caption that the layout has put beside or above the widget, and how the control is called aloud.
   void setCaptionLabel(QLabel* label);
   QLabel* captionLabel() const { return captionLabel_; }
+  // The line below the widget where the layout has room for the control's note.
+  void setNoteLabel(QLabel* label);
   virtual void setSpokenName(const QString& name);
   QString spokenName() const { return spokenName_; }
 
@@ -61,6 +63,7 @@ class View : public ControlView {
   Control* control_;
   QWidget* widget_ = nullptr;
   QLabel* captionLabel_ = nullptr;
+  QLabel* noteLabel_ = nullptr;
   QString spokenName_;
 };
 

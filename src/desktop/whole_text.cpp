@@ -1,10 +1,14 @@
 #include "desktop/whole_text.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
-#include <QEvent>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QStyle>
 #include <QStyleOptionComboBox>
+#include <QToolTip>
+
+#include "desktop/text.h"
 
 namespace cu::desktop {
 namespace {
@@ -18,7 +22,7 @@ class WholeText : public QObject {
     look();
   }
   void look() {
-    const QString whole = cut() ? text() : QString();
+    const QString whole = cut() ? dataTip(text()) : QString();
     if (box_.toolTip() != whole) box_.setToolTip(whole);
   }
   bool eventFilter(QObject* watched, QEvent* event) override {
@@ -68,7 +72,32 @@ bool WholeText<QComboBox>::cut() const {
   return box_.fontMetrics().horizontalAdvance(box_.currentText()) > field.width() - 4;
 }
 
+class WholeCells : public QObject {
+ public:
+  explicit WholeCells(QAbstractItemView& table) : QObject(&table), table_(table) {
+    table.viewport()->installEventFilter(this);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::ToolTip) return QObject::eventFilter(watched, event);
+    const auto* const help = static_cast<QHelpEvent*>(event);
+    const QModelIndex cell = table_.indexAt(help->pos());
+    const QRect place = table_.visualRect(cell);
+    QString tip = cell.data(Qt::ToolTipRole).toString();
+    const QString text = cell.data(Qt::DisplayRole).toString();
+    constexpr int kAround = 8;  // the margins of a cell
+    if (tip.isEmpty() && table_.fontMetrics().horizontalAdvance(text) > place.width() - kAround)
+      tip = dataTip(text);
+    QToolTip::showText(help->globalPos(), tip, table_.viewport(), place);
+    return true;
+  }
+
+ private:
+  QAbstractItemView& table_;
+};
+
 }  // namespace
+
+void tellWhole(QAbstractItemView& table) { new WholeCells(table); }
 
 void tellWhole(QLineEdit& line) {
   auto* const whole = new WholeText<QLineEdit>(line);

@@ -36,11 +36,12 @@ class Comparing : public ControlVisitor {
   }
   void visit(Label& control) override {
     const auto* const label = qobject_cast<QLabel*>(view_.widget());
-    QString text = label->text();
-    if (label->buddy() == nullptr) text.replace(QStringLiteral("&&"), QStringLiteral("&"));
-    same("caption", text, desktop::lines(control.caption()));
+    same("caption", label->text(), desktop::lines(control.caption()));
   }
-  void visit(Link& control) override { button(control); }
+  void visit(Link& control) override {
+    QString text = qobject_cast<QAbstractButton*>(view_.widget())->text();
+    same("caption", text.replace(QStringLiteral("&&"), QStringLiteral("&")), shown(control.caption()));
+  }
   void visit(Button& control) override { button(control); }
   void visit(Option& control) override {
     button(control);
@@ -103,7 +104,7 @@ class Comparing : public ControlVisitor {
     const auto* const bar = qobject_cast<QMenuBar*>(view_.widget());
     for (const MenuBar::Tool& tool : control.tools()) {
       const auto* const entry = bar->findChild<QAction*>(shown(tool.key));
-      same("tool", entry != nullptr && entry->isEnabled(), control.toolAvailable(tool));
+      same("tool", entry != nullptr && entry->isEnabled(), control.toolAvailable(tool) && !tool.inert);
     }
   }
   void visit(PrintControl& control) override {
@@ -165,7 +166,7 @@ std::string disagreements(const desktop::FormWindow& window) {
       all += QStringLiteral("focus: not in ") + shown(focus->name()) + u'\n';
     }
   }
-  if (window.windowTitle() != shown(window.form().caption())) all += QStringLiteral("title\n");
+  if (window.windowTitle() != desktop::titled(window.form().caption())) all += QStringLiteral("title\n");
   return all.toStdString();
 }
 

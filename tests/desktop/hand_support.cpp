@@ -199,7 +199,12 @@ bool Hand::menu(const json& command) {
   const QString tool = desktop::shown(command["tool"].get<std::string>());
   QWidget* const from = modal() != nullptr ? modal() : screen_.top();
   auto* const entry = from->findChild<QAction*>(tool);
-  if (entry == nullptr || !entry->isEnabled()) return false;
+  if (entry == nullptr) return false;
+  // What a window does not offer has no effect either.
+  const auto* const bar = dynamic_cast<const MenuBar*>(screen_.form().find("BarMenuWzr"));
+  const MenuBar::Tool* const told = bar->tool(command["tool"].get<std::string>());
+  if (told != nullptr && told->inert) return told->enabled && !entry->isEnabled();
+  if (!entry->isEnabled()) return false;
   if (auto* const popup = qobject_cast<QMenu*>(from)) {
     QTest::mouseClick(popup, Qt::LeftButton, Qt::NoModifier, popup->actionGeometry(entry).center());
   } else {

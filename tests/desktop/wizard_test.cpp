@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
@@ -41,6 +42,7 @@ TEST(WizardWindow, ByMouseFromStartToFile) {
   });
   screen.click("cmdNav(4)");
   EXPECT_TRUE(screen.allAnswered());
+  EXPECT_TRUE(notice.startsWith(QStringLiteral("Autocomposizione"))) << notice.toStdString();
   EXPECT_TRUE(notice.contains(QStringLiteral("CUR_04123450233_2016.cur"))) << notice.toStdString();
   EXPECT_TRUE(QDir(screen.documents()).exists(QStringLiteral("CUR_04123450233_2016.cur")));
   EXPECT_EQ(screen.window().windowTitle().toStdString(),
@@ -83,6 +85,7 @@ TEST(WizardWindow, RefusesToGoOnWithoutAYearAndSaysSo) {
   });
   screen.click("cmdNav(3)");
   EXPECT_EQ(text, "Per il tipo di stampa selezionato il campo anno è obbligatorio.");
+  EXPECT_EQ(screen.focus()->name(), "KRNCboEsCont(0)") << "the field that is missing";
   EXPECT_EQ(screen.window().windowTitle().toStdString(),
             "Autocomposizione Quadrivio - Passo 1 di 2 - Inizio");
   expectAgreement(screen);
@@ -99,6 +102,7 @@ TEST(WizardWindow, RefusesToGoOnWithNothingSelected) {
   });
   screen.click("cmdNav(3)");
   EXPECT_EQ(text, "Per poter proseguire è necessario selezionare almeno un elemento.");
+  EXPECT_EQ(screen.focus()->name(), "grdCompensi");
   expectAgreement(screen);
 }
 
@@ -226,6 +230,10 @@ TEST(WizardWindow, F1OpensTheGuideAndControlKeysAreSwallowed) {
     widget->close();
   }
   EXPECT_TRUE(guide);
+  for (const char* inert : {"Mnu_RunApplication", "Mnu_SearchObject"}) {
+    EXPECT_FALSE(screen.window().findChild<QAction*>(QString::fromLatin1(inert))->isEnabled()) << inert;
+    EXPECT_TRUE(screen.form().BarMenuWzr.tool(inert)->enabled) << inert;
+  }
   screen.key(Qt::Key_R, Qt::ControlModifier);
   EXPECT_EQ(screen.form().oggettoCorrente(), -1);
   screen.key(Qt::Key_G, Qt::ControlModifier);
@@ -243,6 +251,7 @@ TEST(WizardWindow, AMissingSignatureIsToldInTheLog) {
   });
   screen.click("cmdNav(4)");
   EXPECT_TRUE(log);
+  EXPECT_EQ(screen.focus()->name(), "dtDataFirma");
   EXPECT_TRUE(QDir(screen.documents()).isEmpty());
   expectAgreement(screen);
 }
