@@ -5,17 +5,18 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
-#include <QMessageBox>
 #include <csignal>
 #include <iostream>
 #include <optional>
 #include <string_view>
 
 #include "apps/avvio/finestra_avvio.h"
+#include "apps/avvio/messaggio_avvio.h"
 #include "apps/comune/impianto.h"
 #include "codici_uscita.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
+#include "host/error.h"
 #include "suite/profilo.h"
 #include "uso.h"
 
@@ -27,12 +28,11 @@ struct Opzioni {
   std::string colori = "sistema";
 };
 
-// The guide lies beside the program, installed or in its source tree.
-QString cartellaGuida(const Profilo& profilo) {
+// The guide lies where the profile says or beside the program, installed or in its source tree.
+QString cartellaGuida(const QString& delProfilo) {
   QString programma = QCoreApplication::applicationDirPath();
-  for (const QString& cartella :
-       {QString::fromStdString(profilo.sessione.cartellaGuida),
-        programma + QStringLiteral("/../share/doc/cuwizard"), programma + QStringLiteral("/../../docs")}) {
+  for (const QString& cartella : {delProfilo, programma + QStringLiteral("/../share/doc/cuwizard"),
+                                  programma + QStringLiteral("/../../docs")}) {
     if (QFileInfo::exists(cartella + QStringLiteral("/guida.md"))) return QDir(cartella).absolutePath();
   }
   return programma;
@@ -46,7 +46,8 @@ desktop::look::Colours colori(const std::string& nome) {
 
 // Nothing when the person has given up.
 std::optional<Profilo> profiloScelto() {
-  const CartelleAvvio cartelle = CartelleAvvio::delUtente();
+  CartelleAvvio cartelle = CartelleAvvio::delUtente();
+  cartelle.guida = cartellaGuida({});
   SceltaAvvio scelta = SceltaAvvio::ricordata();
   scelta.documentiMinisteriali = cartellaMinisteriale(cartelle);
   FinestraAvvio finestra(scelta, cartelle);
@@ -63,13 +64,17 @@ int esegui(const Opzioni& opzioni) {
   const std::optional<Profilo> profilo =
       opzioni.profilo.empty() ? profiloScelto() : std::optional(leggiProfilo(opzioni.profilo));
   if (!profilo) return kRiuscito;
-  desktop::QtFrontEnd schermo(cartellaGuida(*profilo));
+  desktop::QtFrontEnd schermo(cartellaGuida(QString::fromStdString(profilo->sessione.cartellaGuida)));
   schermo.onAllClosed = [] { QCoreApplication::quit(); };
   Impianto impianto(*profilo, schermo);
   bool avviato = false;
   schermo.runEvent([&] {
-    impianto.programma().main();
-    avviato = true;
+    try {
+      impianto.programma().main();
+      avviato = true;
+    } catch (const DatabaseError& errore) {
+      mostraErroreAvvio(errore);
+    }
   });
   if (!avviato || impianto.avvioRifiutato()) return kRifiutato;
   if (schermo.anyOpen()) return QApplication::exec();
@@ -130,10 +135,10 @@ int eseguiProgramma(int quanti, char** argomenti) {
   try {
     return esegui(opzioni);
   } catch (const ErroreProfilo& errore) {
-    std::cerr << errore.what() << '\n';
+    mostraErroreAvvio(errore);
     return kUsoSbagliato;
   } catch (const std::exception& errore) {
-    QMessageBox::critical(nullptr, QStringLiteral("Avvio"), QString::fromStdString(errore.what()));
+    mostraErroreAvvio(errore);
     return kRifiutato;
   }
 }

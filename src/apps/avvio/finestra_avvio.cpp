@@ -4,16 +4,21 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+#include "apps/avvio/messaggio_avvio.h"
 #include "desktop/section.h"
+#include "desktop/text.h"
+#include "desktop/whole_text.h"
 
 namespace cu {
 namespace {
@@ -86,6 +91,7 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
   documenti_->setPlaceholderText(QStringLiteral("cartella con istruzioni e note di compilazione"));
   documenti_->setText(scelta.documentiMinisteriali);
   colonna->addLayout(modulo);
+  avviso_->setTextFormat(Qt::PlainText);
   avviso_->setWordWrap(true);
   colonna->addWidget(avviso_);
 
@@ -102,6 +108,13 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
     database_.clear();
     leggiAziende();
   });
+  desktop::tellWhole(*casellaDatabase_);
+  desktop::tellWhole(*documenti_);
+  desktop::tellWhole(*aziende_);
+  auto* const guida = new QShortcut(QKeySequence(Qt::Key_F1), this);
+  connect(guida, &QShortcut::activated, this, [this] {
+    desktop::openGuide(guida_, this, cartelle_.guida, QStringLiteral("Avviare la procedura"));
+  });
   setMinimumWidth(560);
   leggiAziende();
   const int ultima = aziende_->findData(scelta.azienda);
@@ -116,12 +129,16 @@ void FinestraAvvio::leggiAziende() {
   aziende_->clear();
   elenco_.clear();
   avviso_->clear();
+  avviso_->setToolTip({});
   try {
     if (database_.isEmpty()) preparaDimostrativo(cartelle_);
     elenco_ = aziendeDi(database_.isEmpty() ? cartelle_.databaseDimostrativo() : database_);
     if (elenco_.empty()) avviso_->setText(QStringLiteral("Il database non contiene nessuna azienda."));
   } catch (const std::exception& errore) {
-    avviso_->setText(QString::fromStdString(errore.what()));
+    const QFileInfo scelto(database_);
+    avviso_->setText(avvisoDatabase(
+        database_.isEmpty() ? QStringLiteral("Il database dimostrativo") : scelto.fileName(), errore));
+    avviso_->setToolTip(desktop::sentenceTip(QString::fromUtf8(errore.what())));
   }
   for (const AziendaAvvio& azienda : elenco_) {
     aziende_->addItem(QString::fromStdString(azienda.nome), azienda.azienda);

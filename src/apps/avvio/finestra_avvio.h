@@ -3,6 +3,7 @@
 #include <QDialog>
 
 #include "apps/avvio/scelta_avvio.h"
+#include "desktop/reading_windows.h"
 
 class QButtonGroup;
 class QComboBox;
@@ -35,6 +36,7 @@ class FinestraAvvio : public QDialog {
   QLabel* avviso_;
   QPushButton* avvia_;
   std::vector<AziendaAvvio> elenco_;
+  QPointer<desktop::HelpWindow> guida_;
 };
 
 }  // namespace cu

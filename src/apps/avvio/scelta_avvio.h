@@ -27,6 +27,7 @@ struct CartelleAvvio {
   QString dati;          // demonstration database
   QString impostazioni;  // the settings' file
   QString documenti;     // where files go as long as nothing else is chosen
+  QString guida = {};    // where the user's guide lies
   static CartelleAvvio delUtente();
   QString databaseDimostrativo() const;
 };

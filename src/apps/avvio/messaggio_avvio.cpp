@@ -1,0 +1,82 @@
+#include "apps/avvio/messaggio_avvio.h"
+
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <iostream>
+
+#include "desktop/text.h"
+#include "host/error.h"
+#include "suite/profilo.h"
+
+namespace cu {
+namespace {
+
+const char* motivo(DatabaseErrorKind genere) {
+  switch (genere) {
+    case DatabaseErrorKind::Unavailable:
+      return "non c'è, non si può leggere, o non è un database";
+    case DatabaseErrorKind::NoSchema:
+      return "non contiene i dati della suite";
+    case DatabaseErrorKind::Locked:
+      return "è occupato da un altro programma";
+    case DatabaseErrorKind::Full:
+      return "il disco è pieno";
+    case DatabaseErrorKind::ReadOnly:
+      return "è di sola lettura";
+    case DatabaseErrorKind::Corrupt:
+      return "è danneggiato";
+    case DatabaseErrorKind::Timeout:
+      return "non risponde";
+    case DatabaseErrorKind::Constraint:
+    case DatabaseErrorKind::Syntax:
+    case DatabaseErrorKind::Other:
+      break;
+  }
+  return "non si riesce ad aprirlo";
+}
+
+QString perche(const std::exception& errore) {
+  const auto* const database = dynamic_cast<const DatabaseError*>(&errore);
+  return QString::fromUtf8(motivo(database == nullptr ? DatabaseErrorKind::Other : database->kind()));
+}
+
+}  // namespace
+
+MessaggioAvvio messaggioAvvio(const std::exception& errore) {
+  const QString dettaglio = desktop::lines(errore.what());
+  if (dynamic_cast<const ErroreProfilo*>(&errore) != nullptr) {
+    return {QStringLiteral("La procedura non può partire: il profilo con cui è stata chiamata non è valido.\n"
+                           "Mostrare questo messaggio a chi ha installato la procedura."),
+            dettaglio};
+  }
+  if (dynamic_cast<const DatabaseError*>(&errore) != nullptr) {
+    return {
+        QStringLiteral("La procedura non può partire: il database %1.\n"
+                       "Riprovare; se non basta, mostrare questo messaggio a chi ha installato la procedura.")
+            .arg(perche(errore)),
+        dettaglio};
+  }
+  return {
+      QStringLiteral("La procedura non può partire.\n"
+                     "Riprovare; se non basta, mostrare questo messaggio a chi ha installato la procedura."),
+      dettaglio};
+}
+
+QString avvisoDatabase(const QString& nome, const std::exception& errore) {
+  return QStringLiteral("%1 non si può usare: %2. Scegliere un altro database.").arg(nome, perche(errore));
+}
+
+void mostraErroreAvvio(const std::exception& errore) {
+  std::cerr << errore.what() << '\n';
+  const QString piattaforma = QGuiApplication::platformName();
+  if (piattaforma == QStringLiteral("offscreen") || piattaforma == QStringLiteral("minimal")) return;
+  const MessaggioAvvio messaggio = messaggioAvvio(errore);
+  QMessageBox box(QMessageBox::Critical, desktop::titled({}), QString());
+  box.setTextFormat(Qt::PlainText);
+  box.setText(messaggio.testo);
+  box.setInformativeText(messaggio.dettaglio);
+  box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+  box.exec();
+}
+
+}  // namespace cu
