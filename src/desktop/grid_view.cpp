@@ -10,6 +10,7 @@
 
 #include "desktop/form_window.h"
 #include "desktop/grid_drawing.h"
+#include "desktop/qt_front_end.h"
 #include "desktop/text.h"
 #include "desktop/whole_text.h"
 #include "host/form.h"
