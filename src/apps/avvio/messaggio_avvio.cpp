@@ -27,6 +27,9 @@ const char* motivo(DatabaseErrorKind genere) {
       return "è danneggiato";
     case DatabaseErrorKind::Timeout:
       return "non risponde";
+    case DatabaseErrorKind::Missing:
+    case DatabaseErrorKind::Exists:
+    case DatabaseErrorKind::Duplicate:
     case DatabaseErrorKind::Constraint:
     case DatabaseErrorKind::Syntax:
     case DatabaseErrorKind::Other:
