@@ -15,7 +15,7 @@ using testing::HasSubstr;
 // The demonstration company, every statement noted.
 class NotingConnection : public Connection {
  public:
-  void Execute(std::string_view statement) override { demo().Execute(statement); }
+  std::int64_t Execute(std::string_view statement) override { return demo().Execute(statement); }
   void Query(std::string_view source, RowStore& rows) override {
     sent.emplace_back(source);
     demo().Query(source, rows);
