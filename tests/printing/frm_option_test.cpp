@@ -54,11 +54,12 @@ TEST_F(PrintOptions, OfALongerSpacingTheBoxShowsWhatItHolds) {
 }
 
 TEST_F(PrintOptions, EscAndEnterPressTheButtonsThatCloseIt) {
-  form.load();
-  form.keyDown(27, 0);
-  EXPECT_TRUE(form.Cancel());
+  form.show();
   form.keyDown(13, 0);
   EXPECT_FALSE(form.Cancel());
+  form.show();
+  form.keyDown(27, 0);
+  EXPECT_TRUE(form.Cancel());
 }
 
 TEST_F(PrintOptions, ACompanyWithoutASpacingHasNone) {
