@@ -35,6 +35,7 @@ TEST_F(FailingSave, LeavesTheEditorOpenWithWhatWasTypedAndTheRowAsItWas) {
   frontEnd.modals.push_back([&](Form& editor) {
     auto& importo = dynamic_cast<AmountBox&>(*editor.find("curField(20)"));
     auto& ok = dynamic_cast<Button&>(*editor.find("cmdOk"));
+    editor.setFocus(&importo);
     importo.enter("5");
     premi(ok);
     EXPECT_TRUE(editor.isOpen());

@@ -16,6 +16,7 @@
 namespace cu::test {
 namespace {
 
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using json = nlohmann::json;
@@ -118,6 +119,7 @@ class Corsa : public ScenaOstile {
     if (!stato("frmWizard.chkIntermediari").at("value").get<bool>()) clic("frmWizard.chkIntermediari");
     scena("frmWizard");
     cartella();
+    scriviLeDate();
     const std::string fatto = creaIlFile();
 
     const auto conto = database_->riga("SELECT * FROM ContoIndividualeDatiAggiuntivi" + dove(anno));
@@ -223,6 +225,21 @@ class Corsa : public ScenaOstile {
     EXPECT_EQ(stato("frmWizard.txtPercorsoCU").at("text"), cartella_);
   }
 
+  // A text that is no date stays in its box, counts as none, and is reported as missing.
+  void scriviLeDate() {
+    const json registro = clic("frmWizard.cmdNav(4)").at("modal");
+    ASSERT_EQ(registro.at("kind"), "log");
+    std::vector<std::string> mancanti;
+    for (const json& riga : registro.at("rows")) mancanti.push_back(riga.at(0));
+    EXPECT_THAT(mancanti, ElementsAre("Data della firma", "Data dell'impegno"));
+    rispondi("ok");
+    for (const std::string nome : {"dtDataFirma", "dtDataImpegno"}) {
+      EXPECT_EQ(stato("frmWizard." + nome).at("text"), campi_["frmWizard"].at(nome));
+      fai({{"do", "enter"}, {"in", "frmWizard." + nome}, {"text", "05/03/2017"}});
+      campi_["frmWizard"][nome] = "05/03/2017";
+    }
+  }
+
   // What has stopped the run; "" when the file stands.
   std::string creaIlFile() {
     json risposta = clic("frmWizard.cmdNav(4)");
@@ -251,7 +268,7 @@ class Corsa : public ScenaOstile {
   void intermediario() {
     const auto salvato = database_->riga("SELECT * FROM ConfigurazioneElencoCliFor WHERE IDAzienda = 1");
     EXPECT_EQ(salvato.at("CodiceFiscaleIntermediario"), campi_["frmWizard"].at("txtCodiceFiscale"));
-    EXPECT_EQ(salvato.at("DataImpegno"), "");
+    EXPECT_EQ(salvato.at("DataImpegno"), "2017-03-05");
   }
 
   void nelFile(const std::string& anno) {

@@ -188,7 +188,7 @@ TEST_P(Contract, WhatIsRefusedIsOfItsKindAndLeavesTheRest) {
     EXPECT_THAT(error.what(), Not(HasSubstr("segreto")));
     EXPECT_EQ(error.number(), kErrorDatabase);
   }
-  EXPECT_EQ(errorOf([&] { rows("manca"); }).kind(), DatabaseErrorKind::Syntax);
+  EXPECT_EQ(errorOf([&] { rows("manca"); }).kind(), DatabaseErrorKind::Missing);
   EXPECT_EQ(rows("SELECT testo FROM t WHERE id = 1"), (Lines{{"segreto"}}));
 }
 

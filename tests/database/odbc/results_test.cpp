@@ -215,7 +215,7 @@ INSTANTIATE_TEST_SUITE_P(Drivers, Results, ::testing::Values("PostgreSQL Unicode
 TEST(ResultsOfATemporaryTable, AreReadWithTheNameInBrackets) {
   const auto connection = opened();
   const DatabaseError error = errorOf([&] { query(*connection, "manca"); });
-  EXPECT_EQ(error.kind(), DatabaseErrorKind::Syntax);
+  EXPECT_EQ(error.kind(), DatabaseErrorKind::Missing);
   EXPECT_EQ(error.statementKind(), "SELECT");
 }
 
