@@ -11,6 +11,7 @@
 #include "desktop/agreement_support.h"
 #include "desktop/screen_support.h"
 #include "desktop/selector_view.h"
+#include "host/grid.h"
 #include "host/numericbox.h"
 #include "support/fake_connection.h"
 
@@ -264,8 +265,8 @@ TEST_F(EnterKey, AsksBeforeAModuleThatWasBegunIsDropped) {
     screen.key(Qt::Key_Return);
     EXPECT_TRUE(screen.allAnswered());
     EXPECT_TRUE(question.startsWith(QStringLiteral("Il modulo n. "))) << question.toStdString();
-    EXPECT_NE(screen.top(), &screen.window()) << "no is the answer of Enter";
-    screen.whenModal([&](QWidget& modal) { pressButton(modal, "Sì"); });
+    EXPECT_NE(screen.top(), &screen.window()) << "Enter stays";
+    screen.whenModal([&](QWidget& modal) { pressButton(modal, "Prosegui senza salvare"); });
     screen.click("cmdOk");
     EXPECT_EQ(screen.top(), &screen.window());
   });

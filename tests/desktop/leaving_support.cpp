@@ -2,6 +2,7 @@
 
 #include <QTest>
 #include <QWindow>
+#include <memory>
 #include <utility>
 
 #include "desktop/hand_support.h"
@@ -242,17 +243,21 @@ void Leaving::takeBack(const std::string& field, const std::string& what) {
 void Leaving::leaveByButton(const Place& place, Way way, const std::string& what) {
   const bool mnemonic = way == Way::Mnemonic;
   if (place.button.empty() || (mnemonic && place.mnemonic == Qt::Key_unknown)) return;
+  // A list with one entry has not changed, and a button that waits for a change does nothing in a window,
+  // while a driver is refused.
+  const auto works = std::make_shared<bool>();
   together.step(
       what,
-      [this, mnemonic, place] {
+      [this, mnemonic, place, works] {
         form_ = together.front().name();
+        *works = control(place.button).available();
         if (mnemonic) {
           QTest::keyClick(screenTop().windowHandle(), place.mnemonic, Qt::AltModifier);
         } else {
           screen.click(place.button.c_str());
         }
       },
-      [this, place] { return pressed(place.button); });
+      [this, place, works] { return *works ? pressed(place.button) : Commands(); });
   place.back();
 }
 
@@ -276,9 +281,8 @@ void Leaving::leaveByEnter(const Place& place, const std::string& what) {
 // Only the window asks about a module that is not saved.
 void Leaving::dropModule() {
   together.then([this] {
-    if (Hand::waiting() != "message") return;
-    if (!boxText(*Hand::modal()).startsWith(QStringLiteral("Il modulo n. "))) return;
-    together.part([] { pressButton(*Hand::modal(), "Sì"); }, [] { return Commands(); });
+    if (Hand::modal() == nullptr || Hand::modal()->objectName() != QStringLiteral("conferma")) return;
+    together.part([] { pressButton(*Hand::modal(), "Prosegui senza salvare"); }, [] { return Commands(); });
   });
 }
 
