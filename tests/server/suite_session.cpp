@@ -58,6 +58,24 @@ std::string cellOf(ValueType type, const CellView& cell) {
   return tds::little(text.size(), 2) + text;
 }
 
+// The number that a server gives to it.
+int numberOf(DatabaseErrorKind kind) {
+  switch (kind) {
+    case DatabaseErrorKind::Missing:
+      return 208;
+    case DatabaseErrorKind::Exists:
+      return 2714;
+    case DatabaseErrorKind::Duplicate:
+      return 2627;
+    case DatabaseErrorKind::Constraint:
+      return 547;
+    case DatabaseErrorKind::Locked:
+      return 1222;
+    default:
+      return 50000;
+  }
+}
+
 std::string resultOf(const RowStore& rows) {
   const Columns& columns = *rows.columns();
   std::string tokens = static_cast<char>(0x81) + tds::little(columns.size(), 2);
@@ -72,7 +90,7 @@ std::string resultOf(const RowStore& rows) {
     tokens += static_cast<char>(0xD1);
     for (std::size_t i = 0; i < cells.size(); ++i) tokens += cellOf(columns[i].type, cells[i]);
   }
-  return tokens + tds::doneWith(rows.size());
+  return tokens + tds::selected(rows.size());
 }
 
 }  // namespace
@@ -87,16 +105,14 @@ TdsServer::Reply SuiteSession::answer(std::string_view statement) {
     const std::string text = da1252(a1252(statement));
     if (administered(text)) return {tds::done()};
     if (!std::regex_search(text, std::regex("^\\s*(SELECT|WITH)\\b"))) {
-      connection().Execute(text);
-      return {tds::done()};
+      const std::int64_t rows = connection().Execute(text);
+      return {rows < 0 ? tds::done() : tds::touched(static_cast<std::uint64_t>(rows))};
     }
     RowStore rows;
     connection().Query(text, rows);
     return {resultOf(rows)};
   } catch (const DatabaseError& error) {
-    constexpr int kKey = 2627;
-    constexpr int kOther = 50000;
-    return {tds::error(error.kind() == DatabaseErrorKind::Constraint ? kKey : kOther, 16, error.what())};
+    return {tds::error(numberOf(error.kind()), 16, error.what())};
   } catch (const std::exception& error) {
     return {tds::error(50001, 16, error.what())};
   }

@@ -43,15 +43,15 @@ inline std::string token(int kind, const std::string& content) {
   return static_cast<char>(kind) + little(content.size(), 2) + content;
 }
 
-// The end of an answer: its marks, and the rows of a result where the marks say that there are some.
-inline std::string end(int marks, std::uint64_t rows) {
-  constexpr int kSelect = 0xC1;
-  return static_cast<char>(0xFD) + little(static_cast<std::uint64_t>(marks), 2) + little(kSelect, 2) +
-         little(rows, 8);
+// The end of an answer: its marks and, where they say that it has one, a number of rows.
+inline std::string end(int marks, std::uint64_t rows = 0, int command = 0) {
+  return static_cast<char>(0xFD) + little(static_cast<std::uint64_t>(marks), 2) +
+         little(static_cast<std::uint64_t>(command), 2) + little(rows, 8);
 }
-inline std::string done() { return end(0, 0); }
-inline std::string doneWith(std::uint64_t rows) { return end(0x10, rows); }
-inline std::string cancelled() { return end(0x20, 0); }
+inline std::string done() { return end(0); }
+inline std::string touched(std::uint64_t rows) { return end(0x10, rows); }
+inline std::string selected(std::uint64_t rows) { return end(0x10, rows, 0xC1); }
+inline std::string cancelled() { return end(0x20); }
 
 // The answer to a login.
 inline std::string welcome() {
@@ -64,7 +64,7 @@ inline std::string welcome() {
 inline std::string error(int number, int severity, std::string_view message) {
   return token(0xAA, little(static_cast<std::uint64_t>(number), 4) + '\x01' + static_cast<char>(severity) +
                          counted(message, 2) + counted("prova", 1) + counted("", 1) + little(1, 4)) +
-         end(0x02, 0);
+         end(0x02);
 }
 
 // The head of a result with one column of whole numbers, and a row of it.
