@@ -133,7 +133,7 @@ class Reproducible : public testing::TestWithParam<Print> {
   void SetUp() override { chooseLines({{101, "A"}, {103, "A"}, {128, "A"}}); }
 };
 
-// The seed of hash tables is another one in each process.
+// Hash tables are seeded anew in each process.
 TEST_P(Reproducible, WithEverySeed) {
   const std::string first = bytes();
   for (int i = 0; i < 8; ++i) {
