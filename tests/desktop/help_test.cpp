@@ -184,7 +184,8 @@ TEST(StartMessage, SpeaksToAPersonAndKeepsTheDetailForWhoeverInstalledIt) {
                               "Il database «x» non esiste. ... «cuctl create --database sqlite:x».");
   const MessaggioAvvio database = messaggioAvvio(missing);
   expectForAPerson(database.testo);
-  EXPECT_TRUE(database.testo.contains(QStringLiteral("il database non c'è, non si può leggere")));
+  EXPECT_TRUE(
+      database.testo.contains(QStringLiteral("il database non si può usare: non si riesce ad aprirlo.")));
   EXPECT_TRUE(database.dettaglio.contains(QStringLiteral("cuctl create")));
   const MessaggioAvvio other = messaggioAvvio(std::runtime_error("boh"));
   EXPECT_TRUE(other.testo.startsWith(QStringLiteral("La procedura non può partire.")));

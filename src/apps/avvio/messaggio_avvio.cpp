@@ -13,8 +13,6 @@ namespace {
 
 const char* motivo(DatabaseErrorKind genere) {
   switch (genere) {
-    case DatabaseErrorKind::Unavailable:
-      return "non c'è, non si può leggere, o non è un database";
     case DatabaseErrorKind::NoSchema:
       return "non contiene i dati della suite";
     case DatabaseErrorKind::Locked:
@@ -27,6 +25,7 @@ const char* motivo(DatabaseErrorKind genere) {
       return "è danneggiato";
     case DatabaseErrorKind::Timeout:
       return "non risponde";
+    case DatabaseErrorKind::Unavailable:
     case DatabaseErrorKind::Missing:
     case DatabaseErrorKind::Exists:
     case DatabaseErrorKind::Duplicate:
@@ -38,9 +37,9 @@ const char* motivo(DatabaseErrorKind genere) {
   return "non si riesce ad aprirlo";
 }
 
-QString perche(const std::exception& errore) {
+DatabaseErrorKind genereDi(const std::exception& errore) {
   const auto* const database = dynamic_cast<const DatabaseError*>(&errore);
-  return QString::fromUtf8(motivo(database == nullptr ? DatabaseErrorKind::Other : database->kind()));
+  return database == nullptr ? DatabaseErrorKind::Other : database->kind();
 }
 
 }  // namespace
@@ -54,9 +53,9 @@ MessaggioAvvio messaggioAvvio(const std::exception& errore) {
   }
   if (dynamic_cast<const DatabaseError*>(&errore) != nullptr) {
     return {
-        QStringLiteral("La procedura non può partire: il database %1.\n"
+        QStringLiteral("La procedura non può partire, perché il database non si può usare: %1.\n"
                        "Riprovare; se non basta, mostrare questo messaggio a chi ha installato la procedura.")
-            .arg(perche(errore)),
+            .arg(QString::fromUtf8(motivo(genereDi(errore)))),
         dettaglio};
   }
   return {
@@ -66,7 +65,13 @@ MessaggioAvvio messaggioAvvio(const std::exception& errore) {
 }
 
 QString avvisoDatabase(const QString& nome, const std::exception& errore) {
-  return QStringLiteral("%1 non si può usare: %2. Scegliere un altro database.").arg(nome, perche(errore));
+  const DatabaseErrorKind genere = genereDi(errore);
+  // A file can be told more of than a server.
+  const char* const perche = genere == DatabaseErrorKind::Unavailable
+                                 ? "non c'è, non si può leggere, o non è un database"
+                                 : motivo(genere);
+  return QStringLiteral("%1 non si può usare: %2. Scegliere un altro database.")
+      .arg(nome, QString::fromUtf8(perche));
 }
 
 void mostraErroreAvvio(const std::exception& errore) {
