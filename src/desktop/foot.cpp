@@ -14,10 +14,13 @@ class Line : public QLabel {
  public:
   using QLabel::QLabel;
   QSize minimumSizeHint() const override { return {60, QLabel::minimumSizeHint().height()}; }
-  QSize sizeHint() const override { return {minimumSizeHint().width(), QLabel::sizeHint().height()}; }
+  QSize sizeHint() const override {
+    return {fontMetrics().horizontalAdvance(whole_) + 2, QLabel::sizeHint().height()};
+  }
   void setWhole(const QString& text) {
     whole_ = text;
     setAccessibleName(text);
+    updateGeometry();
     cut();
   }
   const QString& whole() const { return whole_; }
@@ -63,10 +66,12 @@ Foot::Foot(QWidget* parent, std::function<void(const QString&)> open)
       bar_(new QProgressBar(this)) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(12, 3, 12, 4);
-  row->addWidget(words_, 1);
+  row->addWidget(words_);
   row->addWidget(file_);
   row->addWidget(folder_);
+  row->addStretch(1);
   row->addWidget(bar_);
+  words_->setMinimumHeight(file_->sizeHint().height());  // the links come and go without moving anything
   words_->setTextFormat(Qt::PlainText);
   words_->setAccessibleDescription(QStringLiteral("Stato"));
   bar_->setFixedWidth(220);

@@ -127,6 +127,7 @@ void FormWindow::afterEvent() {
 void FormWindow::enterStage() {
   const Frame* const stage = stageOf(*form_);
   if (std::exchange(stageShown_, stage) == stage) return;
+  frontEnd_.stageEntered();
   Control* const start = form_->stageStart();
   if (start != nullptr && start->available() && form_->focus() != start) act(*start, {});
 }

@@ -246,6 +246,11 @@ void QtFrontEnd::viewText(const std::string& path) { (new TextWindow(topmost(), 
 void QtFrontEnd::printed(const PrintNote& note) { status_.print(note); }
 void QtFrontEnd::told(const std::string& fact) { status_.tell(shown(fact)); }
 
+void QtFrontEnd::stageEntered() {
+  status_.work();
+  restFeet();
+}
+
 void QtFrontEnd::showMade(const QString& path) {
   // A form is a PDF under a name that no program of the desktop is told to open.
   if (!path.endsWith(QStringLiteral(".cur"))) {

@@ -67,6 +67,9 @@ class QtFrontEnd : public FrontEnd {
   // The user's guide at the chapter of what is on screen; over a dialog, where one is open.
   void showGuide(QWidget* over = nullptr);
 
+  // Another step is on screen: what was told before the event that led there is of no interest there.
+  void stageEntered();
+
   // While a person is waited for: events come in, the arrow points.
   class Waiting {
    public:

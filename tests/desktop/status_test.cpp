@@ -57,11 +57,14 @@ TEST(StatusLine, NamesTheFileOfAPrintAndOpensItAndItsFolder) {
   screen.click("cmdNav(3)");
   EXPECT_EQ(words(screen), "Pronto");
   EXPECT_EQ(link(screen, "apriFile"), nullptr);
+  const int height = screen.window().foot()->height();
   const QString path = QDir(screen.documents()).filePath(QStringLiteral("conti.pdf"));
   screen.whenModal([&](QWidget& modal) { saveAs(modal, path); });
   printTo(screen, 3);
   EXPECT_TRUE(screen.allAnswered());
   EXPECT_EQ(words(screen), "Creato conti.pdf.");
+  settle();
+  EXPECT_EQ(screen.window().foot()->height(), height) << "nothing jumps";
   ASSERT_NE(link(screen, "apriFile"), nullptr);
   QTest::mouseClick(link(screen, "apriFile"), Qt::LeftButton);
   link(screen, "apriCartella")->setFocus(Qt::TabFocusReason);
@@ -108,6 +111,13 @@ TEST(StatusLine, AFactStaysUntilTheNextWork) {
   screen.whenModal([&](QWidget&) { screen.click("cmdOk"); });
   screen.key(Qt::Key_Return);
   EXPECT_EQ(words(screen), "La riga è rimasta com'era: nessuna modifica.");
+  screen.click("cmdNav(3)");
+  EXPECT_EQ(words(screen), "Pronto") << "not on another step";
+  screen.click("cmdNav(2)");
+  screen.whenModal([&](QWidget&) { screen.click("cmdAnnulla"); });
+  screen.find<QWidget>("grdCompensi")->setFocus();
+  screen.key(Qt::Key_Return);
+  EXPECT_NE(words(screen), "Pronto");
   screen.click("cmdSelect(0)");
   EXPECT_EQ(words(screen), "Pronto");
 }
