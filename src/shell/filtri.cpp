@@ -110,7 +110,25 @@ Filtri FrmWizard::filtri() const {
           .causaleA = KrnCDCausContrib1.code()};
 }
 
+// Such a bound is compared as it was typed, by name not at all or against an empty name.
+void FrmWizard::segnalaEstremi() {
+  const auto segnala = [&](const Label& didascalia, const Selector& estremo) {
+    if (estremo.record() != 0) return;
+    if (!trim(estremo.code()).empty()) {
+      ambiente_.frontEnd.told(didascalia.caption() + ": il codice \"" + std::string(trim(estremo.code())) +
+                              "\" non esiste, l'intervallo può non valere come è scritto.");
+    } else if (!trim(estremo.description()).empty()) {
+      ambiente_.frontEnd.told(didascalia.caption() + ": senza il codice la descrizione non limita nulla.");
+    }
+  };
+  segnala(lblPecDA, KrnCDPerc0);
+  segnala(lblPercA, KrnCDPerc1);
+  segnala(lblCausContrbDa, KrnCDCausContrib0);
+  segnala(lblCausContribA, KrnCDCausContrib1);
+}
+
 void FrmWizard::sbCreaFiltroStampa() {
+  segnalaEstremi();
   const UtilitaSuite& utilita = ambiente_.utilita;
   const Filtri scelti = filtri();
   const auto dato = [](const std::string& codice) { return !trim(codice).empty(); };

@@ -141,6 +141,7 @@ class FrmWizard : public Form {
   void associaElenchi();
   std::string fnOrigineAnni(bool dal2014) const;
   void sbCreaFiltroStampa();
+  void segnalaEstremi();  // bounds that are no row of their table
   void ricostruisciConti(const Filtri& scelti);
   Filtri filtri() const;
   std::string FindName(std::int64_t nID);

@@ -51,6 +51,23 @@ void saveAs(QWidget& modal, const QString& path) {
   QTest::keyClick(name, Qt::Key_Return);
 }
 
+TEST(StatusLine, RepeatsAtTheGridThatACodeIsNoRowUntilTheNextLoad) {
+  Screen screen;
+  screen.toTelematicFile();
+  screen.type("KrnCDPerc(0)", "ZZZ");
+  screen.key(Qt::Key_A, Qt::AltModifier);
+  ASSERT_EQ(screen.focus()->name(), "grdCompensi");
+  EXPECT_EQ(words(screen),
+            QStringLiteral("Da percipiente: il codice \"ZZZ\" non esiste, l'intervallo può non valere come è "
+                           "scritto."));
+  screen.whenModal([](QWidget& modal) { pressButton(modal, "No"); });
+  screen.click("cmdNav(2)");
+  screen.type("KrnCDPerc(0)", "P003");
+  screen.click("cmdNav(3)");
+  ASSERT_EQ(screen.focus()->name(), "grdCompensi");
+  EXPECT_EQ(words(screen), "Pronto");
+}
+
 TEST(StatusLine, NamesTheFileOfAPrintAndOpensItAndItsFolder) {
   Screen screen(246, Profilo::MotoreStampa::Pdf);
   Opener opener;

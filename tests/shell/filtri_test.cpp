@@ -229,6 +229,34 @@ TEST_F(Filters, ABlankReasonIsNoBound) {
   EXPECT_EQ(filtro(), "");
 }
 
+TEST_F(Filters, BoundsThatAreNoRowAreToldBeforeTheGridLoads) {
+  avviaCU();
+  form().KrnCDPerc0.choose(" ZZZ", "");
+  form().KrnCDPerc1.choose("", "Rossi");
+  form().KrnCDCausContrib0.choose(Selector::Row{1, "A", "Lavoro autonomo"});
+  std::size_t prima = 0;
+  database.internal.answerContaining("CREATE TABLE", [&](std::string_view) {
+    prima = frontEnd.facts.size();
+    return Table({"x"}, {});
+  });
+  premi(form().cmdNav[3]);
+  EXPECT_EQ(passo(), 1);
+  EXPECT_THAT(frontEnd.facts,
+              ElementsAre("Da percipiente: il codice \"ZZZ\" non esiste, l'intervallo può non valere come è "
+                          "scritto.",
+                          "A percipiente: senza il codice la descrizione non limita nulla."));
+  EXPECT_EQ(prima, 2U);
+}
+
+TEST_F(Filters, BoundsThatAreRowsAreNotTold) {
+  avviaCU();
+  form().KrnCDPerc0.choose(Selector::Row{3, "P003", "Rossi"});
+  form().KrnCDPerc1.choose("  ", " ");
+  premi(form().cmdNav[3]);
+  EXPECT_EQ(passo(), 1);
+  EXPECT_THAT(frontEnd.facts, IsEmpty());
+}
+
 TEST_F(Filters, TheWorklistIsFilteredByTheScreen) {
   avviaCU();
   form().optCode.click();
