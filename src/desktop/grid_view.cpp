@@ -39,7 +39,7 @@ GridTable::GridTable(GridView& view, QWidget* parent) : QTableView(parent), view
 }
 
 void GridTable::setCurrent(int row) {
-  if (currentIndex().row() == row) return;
+  if (currentIndex().row() == row && (row < 0 || selectionModel()->isRowSelected(row))) return;
   setting_ = true;
   if (row < 0) {
     setCurrentIndex({});
@@ -137,6 +137,8 @@ void GridTable::keyPressEvent(QKeyEvent* event) {
   // The space bar is the grid's own key; it selects nothing here.
   if (event->key() == Qt::Key_Space) return;
   QTableView::keyPressEvent(event);
+  // The toolkit highlights the row that the key leads to even where the move was refused.
+  view_.afterEvent();
 }
 
 GridView::GridView(FormWindow& window, Grid& grid, QWidget* parent)
