@@ -3,12 +3,13 @@
 #include <cstddef>
 #include <cstring>
 
+#include "modello/campo.h"
 #include "telematic/catalogo.h"
 #include "telematic/engine/record_image.h"
 
 namespace cu::telematico {
 
-inline constexpr std::size_t kLunghezzaCodice = 8;
+using modello::kLunghezzaCodice;
 inline constexpr std::size_t kLunghezzaValore = 16;
 inline constexpr char kSegnoContinuazione = '+';
 

@@ -5,11 +5,10 @@
 #include "host/error.h"
 #include "host/filesystem.h"
 #include "host/frontend.h"
+#include "modello/modello.h"
 #include "shell/context/globali.h"
 #include "telematic/catalogo.h"
 #include "telematic/formatta.h"
-#include "telematic/tavola_d.h"
-#include "telematic/tavola_h.h"
 #include "telematic/testo1252.h"
 
 namespace cu {
@@ -36,9 +35,9 @@ CUFileSeq::CUFileSeq(const AmbienteTelematico& ambiente)
       rigaH_(catalogo_.Item("TipoH")),
       celleD_(rigaD_),
       celleH_(rigaH_),
-      scrittoreD_(kCelleD, gAnno_, true),
-      scrittoreH1_(kCelleH, gAnno_, true),
-      scrittoreH2_(kCelleH, gAnno_, false) {}
+      scrittoreD_(modello::kModello, modello::Record::D, gAnno_, true),
+      scrittoreH1_(modello::kModello, modello::Record::H, gAnno_, true),
+      scrittoreH2_(modello::kModello, modello::Record::H, gAnno_, false) {}
 
 CUFileSeq::~CUFileSeq() {
   try {

@@ -96,7 +96,8 @@ std::string_view CUFileSeq::firma(Date DataFirma) {
 }
 
 void CUFileSeq::fermati(const Guasto& guasto, const CellView* Fields, char tipo) const {
-  const std::string campo(guasto.riga->codice);
+  const modello::Codice codice = modello::codice(*guasto.campo);
+  const std::string campo(codice.begin(), codice.end());
   std::string testo;
   if (guasto.motivo == Guasto::Motivo::TroppoLungo) {
     testo = "Il valore del campo " + campo + " supera i " + fromInteger(kLunghezzaValore) +
@@ -105,7 +106,8 @@ void CUFileSeq::fermati(const Guasto& guasto, const CellView* Fields, char tipo)
     testo = "I dati non stanno nelle " + fromInteger(kCelle) + " celle del record " + tipo +
             ": non c'è posto per il campo " + campo + ".";
   }
-  if (!guasto.riga->fonte.empty()) testo += " Dato: " + std::string(guasto.riga->fonte) + ".";
+  const std::string_view fonte = modello::fonte(*guasto.campo);
+  if (!fonte.empty()) testo += " Dato: " + std::string(fonte) + ".";
   std::string nome = cella(Fields, "Anagrafica").toText();
   const std::string secondo = cella(Fields, "Nome").toText();
   if (!nome.empty() && !secondo.empty()) nome += ' ';

@@ -1,14 +1,13 @@
 #include "telematic/lettura.h"
 
 #include <algorithm>
-#include <span>
+#include <string_view>
 
 #include "host/ascii.h"
 #include "host/text.h"
+#include "modello/modello.h"
 #include "telematic/catalogo.h"
 #include "telematic/celle.h"
-#include "telematic/tavola_d.h"
-#include "telematic/tavola_h.h"
 #include "telematic/testo1252.h"
 
 namespace cu::telematico {
@@ -64,23 +63,24 @@ void aggiungi(std::vector<std::string>& testi, std::string_view nome, std::strin
   if (!rifilato.empty()) testi.push_back(std::string(nome) + ": " + da1252(rifilato));
 }
 
-std::string_view fonte(std::span<const RigaCella> tavola, std::string_view codice, std::int32_t anno,
-                       bool primoModulo) {
-  for (const RigaCella& riga : tavola) {
-    if (riga.codice == codice && vale(riga, anno, primoModulo)) return riga.fonte;
+std::string_view fonte(modello::Record record, std::string_view codice, std::int32_t anno, bool primoModulo) {
+  for (const modello::Campo& campo : modello::kModello.campi) {
+    if (!haCella(campo, record) || !vale(campo, anno, primoModulo)) continue;
+    const modello::Codice suo = modello::codice(campo);
+    if (codice == std::string_view(suo.data(), suo.size())) return modello::fonte(campo);
   }
   return {};
 }
 
 void decodificaCelle(std::string_view linea, std::int32_t anno, std::vector<std::string>& testi) {
-  const bool tipoD = linea.front() == 'D';
-  const std::span<const RigaCella> tavola = tipoD ? std::span<const RigaCella>(kCelleD) : kCelleH;
-  const bool primo = tipoD || leadingInteger(campo(linea, posto(kTipoH, "Progressivo modulo"))) < 2;
+  const modello::Record record = linea.front() == 'D' ? modello::Record::D : modello::Record::H;
+  const bool primo =
+      record == modello::Record::D || leadingInteger(campo(linea, posto(kTipoH, "Progressivo modulo"))) < 2;
   std::string codice;
   std::string valore;
   const auto chiudi = [&] {
     if (codice.empty()) return;
-    const std::string_view colonna = fonte(tavola, codice, anno, primo);
+    const std::string_view colonna = fonte(record, codice, modello::annoTracciato(anno), primo);
     aggiungi(testi, colonna.empty() ? codice : codice + " (" + std::string(colonna) + ")", valore);
   };
   for (std::size_t n = 0; n < kCelle; ++n) {

@@ -5,24 +5,19 @@
 
 #include "host/error.h"
 #include "host/text.h"
+#include "modello/regole.h"
 #include "telematic/formatta.h"
 #include "telematic/testo1252.h"
 
 namespace cu::telematico {
+
+using modello::Condizione;
+using modello::Forma;
+
 namespace {
 
 constexpr std::uint8_t bit(Condizione condizione) {
   return static_cast<std::uint8_t>(1U << static_cast<unsigned>(condizione));
-}
-
-constexpr std::array<std::string_view, 5> kContributi = {
-    "ContributiCaricoAzienda", "ContributiCaricoPercipiente", "ImportoAltriContributi", "ContributiDovuti",
-    "ContributiVersati"};
-
-// Which code of sums not subject to withholding holds where none was chosen.
-std::string_view codiceDellAnno(std::int64_t anno) {
-  if (anno < 2016) return "3";
-  return anno == 2016 ? "6" : "7";
 }
 
 bool vero(const CellView& cella) {
@@ -51,14 +46,17 @@ std::uint16_t trova(const Columns& colonne, std::string_view nome) {
 
 }  // namespace
 
-ScrittoreCelle::ScrittoreCelle(std::span<const RigaCella> tavola, std::int32_t gAnno, bool primoModulo) {
-  for (const RigaCella& riga : tavola) {
-    if (!vale(riga, gAnno, primoModulo)) continue;
+ScrittoreCelle::ScrittoreCelle(const modello::Modello& modello, modello::Record record, std::int32_t gAnno,
+                               bool primoModulo)
+    : modello_(modello) {
+  const std::int32_t anno = modello::annoTracciato(gAnno, modello);
+  for (const modello::Campo& campo : modello.campi) {
+    if (!haCella(campo, record) || !vale(campo, anno, primoModulo)) continue;
     Passo passo;
-    std::copy_n(riga.codice.data(), kLunghezzaCodice, passo.codice.data());
-    passo.forma = riga.forma;
-    passo.condizione = bit(riga.condizione);
-    passo.riga = &riga;
+    passo.codice = codice(campo);
+    passo.forma = campo.forma;
+    passo.condizione = bit(campo.condizione);
+    passo.campo = &campo;
     condizioniUsate_ |= passo.condizione;
     passi_.push_back(passo);
   }
@@ -78,22 +76,24 @@ void ScrittoreCelle::lega(const Columns& colonne) {
   if (stesse(colonne)) return;
   legato_ = false;
   for (Passo& passo : passi_) {
-    if (!passo.riga->fonte.empty()) passo.colonne[0] = trova(colonne, passo.riga->fonte);
-    for (std::size_t i = 0; i < passo.riga->altre.size(); ++i) {
-      if (!passo.riga->altre[i].empty()) passo.colonne[i + 1] = trova(colonne, passo.riga->altre[i]);
+    if (!fonte(*passo.campo).empty()) passo.colonne[0] = trova(colonne, passo.campo->colonna);
+    for (std::size_t i = 0; i < passo.campo->altre.size(); ++i) {
+      if (!passo.campo->altre[i].empty()) passo.colonne[i + 1] = trova(colonne, passo.campo->altre[i]);
     }
   }
   using enum Condizione;
   if (serve(PersonaFisica)) colonne_.personaFisica = trova(colonne, "PersonaFisica");
-  if (serve(NonResidente) || serve(NonResidenteSchumacker)) {
+  if (serve(NonResidente) || serve(Schumacker)) {
     colonne_.nonResidente = trova(colonne, "NonResidente");
   }
-  if (serve(NonResidenteSchumacker)) colonne_.schumacker = trova(colonne, "NonResidenteSchumacker");
+  if (serve(Schumacker)) colonne_.schumacker = trova(colonne, "NonResidenteSchumacker");
   if (serve(AnnoDovuto)) colonne_.anticipazione = trova(colonne, "Anticipazione");
   if (serve(AnnoDovuto) || serve(CausaleN)) colonne_.codice = trova(colonne, "Codice");
   if (serve(BloccoC)) {
-    for (std::size_t i = 0; i < kContributi.size(); ++i) {
-      colonne_.contributi[i] = trova(colonne, kContributi[i]);
+    colonne_.contributi.clear();
+    for (const Passo& passo : passi_) {
+      const bool importo = genere(passo.forma) == modello::Genere::Importo;
+      if (importo && passo.condizione == bit(BloccoC)) colonne_.contributi.push_back(passo.colonne[0]);
     }
   }
   nomiLegati_.clear();
@@ -107,15 +107,14 @@ std::uint8_t ScrittoreCelle::condizioni(const CellView* riga) const {
   if (serve(PersonaFisica) && vero(riga[colonne_.personaFisica])) veri |= bit(PersonaFisica);
   if (serve(NonResidente) && vero(riga[colonne_.nonResidente])) {
     veri |= bit(NonResidente);
-    if (serve(NonResidenteSchumacker) && vero(riga[colonne_.schumacker])) veri |= bit(NonResidenteSchumacker);
+    if (serve(Schumacker) && vero(riga[colonne_.schumacker])) veri |= bit(Schumacker);
   }
   if (serve(AnnoDovuto)) {
-    const std::string_view codice = riga[colonne_.codice].text();
-    if (codice == "G" || codice == "H" || codice == "I" || vero(riga[colonne_.anticipazione])) {
+    if (modello::chiedeAnno(riga[colonne_.codice].text()) || vero(riga[colonne_.anticipazione])) {
       veri |= bit(AnnoDovuto);
     }
   }
-  if (serve(CausaleN) && riga[colonne_.codice].text() == "N") veri |= bit(CausaleN);
+  if (serve(CausaleN) && modello::haAddizionali(riga[colonne_.codice].text())) veri |= bit(CausaleN);
   if (serve(BloccoC)) {
     const bool qualcuno = std::any_of(colonne_.contributi.begin(), colonne_.contributi.end(),
                                       [riga](Ordinale colonna) { return nonZero(riga[colonna]); });
@@ -188,7 +187,7 @@ Guasto::Motivo ScrittoreCelle::codiceNonSoggetti(const Passo& passo, const CellV
   Decimal nonSoggette;
   if (!somma(riga[passo.colonne[1]], riga[passo.colonne[2]], nonSoggette)) return Motivo::TroppoLungo;
   if (nonSoggette.isZero()) return Motivo::Nessuno;
-  return destra(passo, codiceDellAnno(riga[passo.colonne[3]].integer()), celle);
+  return destra(passo, modello::codiceNonSoggetti(riga[passo.colonne[3]].integer(), modello_), celle);
 }
 
 Guasto::Motivo ScrittoreCelle::esegui(const Passo& passo, const CellView* riga, std::string_view dataFirma,
@@ -200,6 +199,7 @@ Guasto::Motivo ScrittoreCelle::esegui(const Passo& passo, const CellView* riga, 
     case Forma::Maiuscolo:
       return sinistra(passo, maiuscolo(cella), celle);
     case Forma::Destra:
+    case Forma::Intero:
       return destra(passo, testo(cella), celle);
     case Forma::RifilatoADestra:
       return destra(passo, trim(testo(cella)), celle);
@@ -214,6 +214,7 @@ Guasto::Motivo ScrittoreCelle::esegui(const Passo& passo, const CellView* riga, 
     case Forma::Flag:
       return vero(cella) ? destra(passo, "1", celle) : Motivo::Nessuno;
     case Forma::Importo:
+    case Forma::ImportoConSegno:
       return cella.isNull() ? Motivo::Nessuno : importo(passo, cella.decimal(), celle);
     case Forma::Somma: {
       Decimal totale;
@@ -225,9 +226,8 @@ Guasto::Motivo ScrittoreCelle::esegui(const Passo& passo, const CellView* riga, 
     case Forma::CodicePressoEnte:
       break;
   }
-  const std::int64_t ente = riga[passo.colonne[1]].integer();
-  const std::size_t scelta = ente == 1 ? 2 : ente == 2 ? 3 : 0;
-  return sinistra(passo, testo(riga[passo.colonne[scelta]]), celle);
+  const std::size_t scelta = modello::fontePressoEnte(cella.integer());
+  return sinistra(passo, testo(riga[passo.colonne[1 + scelta]]), celle);
 }
 
 Guasto ScrittoreCelle::scrivi(const CellView* riga, std::string_view dataFirma, Celle& celle) {
@@ -237,7 +237,7 @@ Guasto ScrittoreCelle::scrivi(const CellView* riga, std::string_view dataFirma, 
   for (const Passo& passo : passi_) {
     if ((veri & passo.condizione) == 0) continue;
     const Motivo motivo = esegui(passo, riga, dataFirma, celle);
-    if (motivo != Motivo::Nessuno) return {motivo, passo.riga};
+    if (motivo != Motivo::Nessuno) return {motivo, passo.campo};
   }
   return {};
 }

@@ -3,15 +3,14 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "host/rowstore.h"
 #include "host/value.h"
+#include "modello/modello.h"
 #include "telematic/celle.h"
-#include "telematic/tavola_celle.h"
 
 namespace cu::telematico {
 
@@ -19,14 +18,15 @@ namespace cu::telematico {
 struct Guasto {
   enum class Motivo { Nessuno, TroppoLungo, CelleEsaurite };
   Motivo motivo = Motivo::Nessuno;
-  const RigaCella* riga = nullptr;
+  const modello::Campo* campo = nullptr;
 };
 
-// Fills the cells of one kind of record from a row of its query: the rows of the table that hold in the run
+// Fills the cells of one kind of record from a row of its query: the boxes of the form that hold in the run
 // year, with their columns found once a query.
 class ScrittoreCelle {
  public:
-  ScrittoreCelle(std::span<const RigaCella> tavola, std::int32_t gAnno, bool primoModulo);
+  ScrittoreCelle(const modello::Modello& modello, modello::Record record, std::int32_t gAnno,
+                 bool primoModulo);
 
   // The rows that follow have these columns. Error 3265 when one that the year needs is missing. Cheap when
   // the columns are the same as before.
@@ -39,11 +39,11 @@ class ScrittoreCelle {
  private:
   using Ordinale = std::uint16_t;
   struct Passo {
-    std::array<char, kLunghezzaCodice> codice{};
-    Forma forma = Forma::Testo;
+    modello::Codice codice{};
+    modello::Forma forma = modello::Forma::Testo;
     std::uint8_t condizione = 0;        // one bit
     std::array<Ordinale, 4> colonne{};  // the source and the others
-    const RigaCella* riga = nullptr;
+    const modello::Campo* campo = nullptr;
   };
   struct ColonneCondizioni {
     Ordinale personaFisica = 0;
@@ -51,11 +51,11 @@ class ScrittoreCelle {
     Ordinale schumacker = 0;
     Ordinale anticipazione = 0;
     Ordinale codice = 0;
-    std::array<Ordinale, 5> contributi{};
+    std::vector<Ordinale> contributi;
   };
 
   bool stesse(const Columns& colonne) const;
-  bool serve(Condizione condizione) const;
+  bool serve(modello::Condizione condizione) const;
   std::uint8_t condizioni(const CellView* riga) const;
 
   using Motivo = Guasto::Motivo;
@@ -70,6 +70,7 @@ class ScrittoreCelle {
   std::string_view maiuscolo(const CellView& cella);
   std::string_view pulito(const CellView& cella);
 
+  const modello::Modello& modello_;
   std::vector<Passo> passi_;
   std::uint8_t condizioniUsate_ = 0;
   ColonneCondizioni colonne_;

@@ -6,16 +6,15 @@
 #include <map>
 #include <set>
 
+#include "modello/modello.h"
 #include "reporting/form_values.h"
 #include "reporting/library.h"
-#include "telematic/tavola_d.h"
-#include "telematic/tavola_h.h"
 
 namespace cu::reporting {
 namespace {
 
-using telematico::Forma;
-using telematico::RigaCella;
+using modello::Campo;
+using modello::Quadro;
 
 const ReportDefinition& form() {
   static const ReportDefinition found = [] {
@@ -42,16 +41,13 @@ std::set<std::pair<int, std::string>> boxes(FormPart part, int year, bool module
   return result;
 }
 
-std::set<std::pair<int, std::string>> cells(std::span<const RigaCella> table, std::string_view prefix,
-                                            int year, bool first) {
+std::set<std::pair<int, std::string>> cells(Quadro part, int year, bool first) {
   std::set<std::pair<int, std::string>> result;
-  for (const RigaCella& cell : table) {
-    if (!telematico::vale(cell, year, first) || !cell.codice.starts_with(prefix)) continue;
-    std::string column(cell.fonte);
+  for (const Campo& box : modello::kModello.campi) {
+    if (box.quadro != part || !haCella(box, record(part)) || !vale(box, year, first)) continue;
     // The file repeats the fund's name where the company has no code; the form leaves its box empty.
-    if (cell.codice == "AU001032") column = first ? "IDCUEntePrevidenziale" : "";
-    if (cell.codice == "DA002043" && cell.forma == Forma::Uno) column = "NonResidenteSchumacker";
-    if (!column.empty()) result.emplace(std::stoi(std::string(cell.codice.substr(5))), column);
+    if (part == Quadro::Somme && box.numero == 32 && !first) continue;
+    result.emplace(box.numero, box.colonna);
   }
   return result;
 }
@@ -59,18 +55,16 @@ std::set<std::pair<int, std::string>> cells(std::span<const RigaCella> table, st
 class FormBoxes : public testing::TestWithParam<int> {};
 
 TEST_P(FormBoxes, OfTheMainModuleAreThoseOfTheFile) {
-  EXPECT_EQ(boxes(FormPart::Amounts, GetParam(), false),
-            cells(telematico::kCelleH, "AU001", GetParam(), true));
+  EXPECT_EQ(boxes(FormPart::Amounts, GetParam(), false), cells(Quadro::Somme, GetParam(), true));
 }
 
 TEST_P(FormBoxes, OfAnAdditionalModuleAreThoseOfTheFile) {
-  EXPECT_EQ(boxes(FormPart::Amounts, GetParam(), true),
-            cells(telematico::kCelleH, "AU001", GetParam(), false));
+  EXPECT_EQ(boxes(FormPart::Amounts, GetParam(), true), cells(Quadro::Somme, GetParam(), false));
 }
 
 TEST_P(FormBoxes, OfCompanyAndPayeeAreThoseOfTheFile) {
-  std::set<std::pair<int, std::string>> expected = cells(telematico::kCelleD, "DA001", GetParam(), true);
-  expected.merge(cells(telematico::kCelleD, "DA002", GetParam(), true));
+  std::set<std::pair<int, std::string>> expected = cells(Quadro::Azienda, GetParam(), true);
+  expected.merge(cells(Quadro::Percipiente, GetParam(), true));
   EXPECT_EQ(boxes(FormPart::Identity, GetParam(), false), expected);
 }
 

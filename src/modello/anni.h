@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <limits>
+
+namespace cu::modello {
+
+// Tax years, first and last: a year is always that of the payment, which is the one that the clerk chooses
+// and that the rows hold. The form of a tax year is issued in the year after it.
+struct Anni {
+  std::int32_t primo = std::numeric_limits<std::int32_t>::min();
+  std::int32_t ultimo = std::numeric_limits<std::int32_t>::max();
+  constexpr bool comprende(std::int64_t anno) const { return anno >= primo && anno <= ultimo; }
+};
+
+inline constexpr Anni kTutti = {};
+constexpr Anni nel(std::int32_t anno) { return {anno, anno}; }
+constexpr Anni dal(std::int32_t anno) { return {.primo = anno}; }
+constexpr Anni finoAl(std::int32_t anno) { return {.ultimo = anno}; }
+
+}  // namespace cu::modello

@@ -1,0 +1,186 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "modello/anni.h"
+
+namespace cu::modello {
+
+// The parts of the form. The boxes of each are numbered on their own.
+enum class Quadro : std::uint8_t { Azienda, Percipiente, Firma, Somme };
+
+// The records of the telematic file that hold boxes.
+enum class Record : std::uint8_t { D, H };
+
+constexpr Record record(Quadro quadro) { return quadro == Quadro::Somme ? Record::H : Record::D; }
+
+// What the codes of a part's cells begin with.
+constexpr std::string_view prefisso(Quadro quadro) {
+  switch (quadro) {
+    case Quadro::Azienda:
+      return "DA001";
+    case Quadro::Percipiente:
+      return "DA002";
+    case Quadro::Firma:
+      return "DA003";
+    case Quadro::Somme:
+      break;
+  }
+  return "AU001";
+}
+
+// How the value of a box is formed from its columns.
+enum class Forma : std::uint8_t {
+  Testo,              // as it is read
+  Maiuscolo,          // in upper case
+  Destra,             // right-aligned to 16
+  RifilatoADestra,    // trimmed, then right-aligned
+  Intero,             // a whole number, right-aligned
+  Data,               // DDMMYYYY, right-aligned
+  DataFirma,          // that of the signature, today where there is none
+  Telefono,           // cleaned; the second column where the first is no number
+  Uno,                // ticked wherever its condition holds
+  Flag,               // ticked where the column is true
+  Importo,            // "#0.00", right-aligned; zero has no cell
+  ImportoConSegno,    // an amount that may be negative
+  Somma,              // an amount: the sum of two columns
+  CodiceNonSoggetti,  // the code, or the year's own where sums are not subject and no code was chosen
+  CodicePressoEnte,   // the company's code at the fund whose id the column holds
+};
+
+// Whether a box takes part; found once a certificate and module.
+enum class Condizione : std::uint8_t {
+  Sempre,
+  PersonaFisica,
+  NonResidente,
+  Schumacker,  // a non-resident of that kind
+  AnnoDovuto,  // an advance, or a reason that asks for the year
+  CausaleN,    // the reason that has surcharges
+  BloccoC,     // contributions: at least one of the five amounts
+  NonNelFile,  // kept with the module, but no cell of the file and no box of the print
+};
+
+// The modules of a certificate in which a box stands.
+enum class Moduli : std::uint8_t { Primo, Altri, Ogni };
+
+// Where a correction of the box goes when the line is written back.
+enum class Riscrittura : std::uint8_t {
+  No,
+  Riga,  // the work table, and from there by a formula into the account or nowhere
+  Dati,  // the work table and, as it is, the account's additional data
+};
+
+// What a column holds for a person.
+enum class Genere : std::uint8_t { Importo, Testo, Flag, Elenco, Numero };
+
+using AltreColonne = std::array<std::string_view, 3>;
+
+// A box of the form, in the tax years and the modules in which it has this number, column and condition.
+// Module 1 reads its columns from the row of the certificate, the others from the row of the module.
+struct Campo {
+  Quadro quadro;
+  std::int32_t numero;       // in its part; 0 for a column of the module's row that is no box
+  std::string_view colonna;  // empty where none is behind the box
+  Forma forma;
+  Condizione condizione;
+  Anni anni;
+  Moduli moduli = Moduli::Primo;
+  Riscrittura riscrittura = Riscrittura::No;
+  std::string_view elenco = {};  // the column of the id, where a person chooses the value from a list
+  AltreColonne altre = {};       // where the form needs more than one column
+};
+
+constexpr bool inModulo(const Campo& campo, bool primoModulo) {
+  return campo.moduli == Moduli::Ogni || campo.moduli == (primoModulo ? Moduli::Primo : Moduli::Altri);
+}
+
+constexpr bool vale(const Campo& campo, std::int32_t anno, bool primoModulo) {
+  return inModulo(campo, primoModulo) && campo.anni.comprende(anno);
+}
+
+// Whether the record has a cell for the box, in the years and modules that it holds in.
+constexpr bool haCella(const Campo& campo, Record dove) {
+  return record(campo.quadro) == dove && campo.condizione != Condizione::NonNelFile;
+}
+
+inline constexpr std::size_t kLunghezzaCodice = 8;
+using Codice = std::array<char, kLunghezzaCodice>;
+
+// "AU001004": the code of the box's cell.
+constexpr Codice codice(const Campo& campo) {
+  Codice codice{};
+  const std::string_view inizio = prefisso(campo.quadro);
+  for (std::size_t i = 0; i < inizio.size(); ++i) codice.at(i) = inizio[i];
+  std::int32_t resto = campo.numero;
+  for (std::size_t i = kLunghezzaCodice; i > inizio.size(); --i, resto /= 10) {
+    codice.at(i - 1) = static_cast<char>('0' + resto % 10);
+  }
+  return codice;
+}
+
+// The column that a cell is written from; empty where its form reads none. A code at a fund falls back on the
+// column behind the id.
+constexpr std::string_view fonte(const Campo& campo) {
+  if (campo.forma == Forma::Uno || campo.forma == Forma::DataFirma) return {};
+  return campo.forma == Forma::CodicePressoEnte ? campo.altre[0] : campo.colonna;
+}
+
+constexpr Genere genere(Forma forma) {
+  switch (forma) {
+    case Forma::Importo:
+    case Forma::ImportoConSegno:
+    case Forma::Somma:
+      return Genere::Importo;
+    case Forma::Uno:
+    case Forma::Flag:
+      return Genere::Flag;
+    case Forma::Intero:
+      return Genere::Numero;
+    case Forma::Testo:
+    case Forma::Maiuscolo:
+    case Forma::Destra:
+    case Forma::RifilatoADestra:
+    case Forma::Data:
+    case Forma::DataFirma:
+    case Forma::Telefono:
+    case Forma::CodiceNonSoggetti:
+    case Forma::CodicePressoEnte:
+      break;
+  }
+  return Genere::Testo;
+}
+
+// A column in which a box keeps what a person enters.
+struct Colonna {
+  std::string_view nome;
+  Genere genere = Genere::Testo;
+  char parte = '\0';  // 'a' or 'b' where the box is the sum of two columns
+};
+
+// The columns of a box, in the order in which they are written back: of a list the id and what stands for it,
+// of a sum its two parts.
+class ColonneDiCampo {
+ public:
+  constexpr explicit ColonneDiCampo(const Campo& campo) {
+    if (!campo.elenco.empty()) aggiungi({campo.elenco, Genere::Elenco});
+    if (campo.forma == Forma::Somma) {
+      aggiungi({campo.colonna, Genere::Importo, 'a'});
+      aggiungi({campo.altre[0], Genere::Importo, 'b'});
+    } else if (!campo.colonna.empty()) {
+      aggiungi({campo.colonna, genere(campo.forma)});
+    }
+  }
+  constexpr const Colonna* begin() const { return colonne_.data(); }
+  constexpr const Colonna* end() const { return colonne_.data() + quante_; }
+
+ private:
+  constexpr void aggiungi(const Colonna& colonna) { colonne_.at(quante_++) = colonna; }
+
+  std::array<Colonna, 2> colonne_{};
+  std::size_t quante_ = 0;
+};
+
+}  // namespace cu::modello
