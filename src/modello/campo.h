@@ -73,7 +73,7 @@ enum class Riscrittura : std::uint8_t {
   Dati,  // the work table and, as it is, the account's additional data
 };
 
-// What a column holds for a person.
+// What a column holds for a person; of a list it is the id.
 enum class Genere : std::uint8_t { Importo, Testo, Flag, Elenco, Numero };
 
 using AltreColonne = std::array<std::string_view, 3>;
@@ -139,6 +139,8 @@ constexpr Genere genere(Forma forma) {
       return Genere::Flag;
     case Forma::Intero:
       return Genere::Numero;
+    case Forma::CodicePressoEnte:
+      return Genere::Elenco;
     case Forma::Testo:
     case Forma::Maiuscolo:
     case Forma::Destra:
@@ -147,7 +149,6 @@ constexpr Genere genere(Forma forma) {
     case Forma::DataFirma:
     case Forma::Telefono:
     case Forma::CodiceNonSoggetti:
-    case Forma::CodicePressoEnte:
       break;
   }
   return Genere::Testo;

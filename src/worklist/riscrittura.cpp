@@ -1,10 +1,21 @@
 #include "worklist/riscrittura.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <span>
+
 #include "host/recordset.h"
 #include "host/text.h"
 #include "host/utility.h"
 
 namespace cu {
+
+using modello::Campo;
+using modello::Colonna;
+using modello::Modello;
+using modello::Riscrittura;
+
 namespace {
 
 struct Assegnazione {
@@ -23,6 +34,48 @@ constexpr std::array<Assegnazione, 8> kConti = {{
     {"ContributoPrevidenziale", "CItmp.ContributiCaricoAzienda + CItmp.ContributiCaricoPercipiente"},
     {"RitenutaPrevidenziale13", "CItmp.ContributiCaricoPercipiente"},
 }};
+
+constexpr std::string_view kRiferimenti[] = {"ProtocolloAnnSost", "ProgressivoAnnSost"};
+constexpr std::string_view kResidenza[] = {
+    "IDComuneResidenzaAnnoPrec",  "IDComuneResidenzaAnnoCorr",  "ComuneResidenzaAnnoPrec",
+    "ComuneResidenzaAnnoCorr",    "SiglaProvResidenzaAnnoPrec", "CodiceComuneDiNascitaPrec",
+    "SiglaProvResidenzaAnnoCorr", "CodiceComuneDiNascitaCorr",  "FusioneComuni",
+    "FusioneComuniAnnoPrec"};
+constexpr std::string_view kResidenzaAggiuntiva[] = {
+    "FusioneComuni", "FusioneComuniAnnoPrec", "IDComuneResidenzaAnnoPrec", "IDComuneResidenzaAnnoCorr"};
+// A part of a box whose other part goes into the account: it stands before the boxes.
+constexpr std::string_view kQuota = "QuotaProvvigioniNonSoggette";
+
+constexpr bool contiene(std::span<const std::string_view> nomi, std::string_view nome) {
+  return std::find(nomi.begin(), nomi.end(), nome) != nomi.end();
+}
+
+// Whether the lists of the residence have the boxes of the payee that are written back, and no other.
+constexpr bool residenzaIntera(const Modello& modello) {
+  for (const Campo& campo : modello.campi) {
+    if (campo.riscrittura == Riscrittura::No || record(campo.quadro) == modello::Record::H) continue;
+    for (const Colonna& colonna : modello::ColonneDiCampo(campo)) {
+      if (!contiene(kResidenza, colonna.nome)) return false;
+    }
+    const std::string_view chiave = campo.elenco.empty() ? campo.colonna : campo.elenco;
+    if (campo.riscrittura == Riscrittura::Dati && !contiene(kResidenzaAggiuntiva, chiave)) return false;
+  }
+  return std::all_of(std::begin(kResidenza), std::end(kResidenza),
+                     [&](std::string_view nome) { return trova(modello, nome).campo != nullptr; });
+}
+static_assert(residenzaIntera(modello::kModello));
+
+// Whether the box of module 1 is written back; one that has moved is, where its newest form has it.
+bool riscritto(const Modello& modello, const Campo& campo) {
+  if (campo.riscrittura == Riscrittura::No || record(campo.quadro) != modello::Record::H ||
+      !inModulo(campo, true)) {
+    return false;
+  }
+  const Campo* const fine = modello.campi.data() + modello.campi.size();
+  return std::none_of(&campo + 1, fine, [&](const Campo& altro) {
+    return altro.colonna == campo.colonna && altro.quadro == campo.quadro && inModulo(altro, true);
+  });
+}
 
 constexpr std::string_view kStessaRiga =
     "CI.IDAnagrafica = CItmp.IDAnagrafica AND CI.IDCausalePagamento = CItmp.IDCausalePagamento"
@@ -53,10 +106,38 @@ std::string fnChiaveRiga(const Recordset& riga) {
          " AND IDAzienda = " + id("IDAzienda") + " AND IDCausalePagamento = " + id("IDCausalePagamento");
 }
 
+std::vector<ColonnaRiscritta> colonneRiscritte(const Modello& modello) {
+  std::vector<ColonnaRiscritta> colonne;
+  for (const std::string_view nome : kRiferimenti) colonne.push_back({nome, Scrittura::Testo});
+  for (const Campo& campo : modello.campi) {
+    if (!riscritto(modello, campo)) continue;
+    for (const Colonna& colonna : modello::ColonneDiCampo(campo)) {
+      colonne.push_back({colonna.nome, scrittura(colonna.genere)});
+    }
+  }
+  for (const std::string_view nome : kResidenza) {
+    colonne.push_back({nome, scrittura(trova(modello, nome).colonna.genere)});
+  }
+  colonne.push_back({"Modificato", Scrittura::TestoNullo});
+  return colonne;
+}
+
+std::vector<std::string_view> datiAggiuntivi(const Modello& modello) {
+  std::vector<std::string_view> colonne = {kQuota};
+  for (const Campo& campo : modello.campi) {
+    if (campo.riscrittura != Riscrittura::Dati || !riscritto(modello, campo)) continue;
+    colonne.push_back(campo.elenco.empty() ? campo.colonna : campo.elenco);
+  }
+  colonne.insert(colonne.end(), std::begin(kRiferimenti), std::end(kRiferimenti));
+  colonne.insert(colonne.end(), std::begin(kResidenzaAggiuntiva), std::end(kResidenzaAggiuntiva));
+  return colonne;
+}
+
 std::string fnAggiornaRiga(const std::string& tabella, const Recordset& riga, const UtilitaSuite& utilita) {
+  static const std::vector<ColonnaRiscritta> kColonne = colonneRiscritte(modello::kModello);
   std::string testo = "UPDATE " + tabella + " SET ";
   std::string_view prima;
-  for (const ColonnaRiscritta& colonna : kColonneRiscritte) {
+  for (const ColonnaRiscritta& colonna : kColonne) {
     testo.append(prima).append(colonna.nome).append(" = ").append(valore(colonna, riga, utilita));
     prima = ", ";
   }
@@ -81,7 +162,7 @@ std::string fnAggiornaDatiAggiuntivi(const std::string& tabella) {
   std::string assegnazioni;
   std::string colonne = "IDAnagrafica, IDCausalePagamento, Anno, IDAzienda";
   std::string valori = "CItmp.IDAnagrafica, CItmp.IDCausalePagamento, CItmp.Anno, CItmp.IDAzienda";
-  for (const std::string_view colonna : kDatiAggiuntivi) {
+  for (const std::string_view colonna : datiAggiuntivi(modello::kModello)) {
     assegnazioni.append(assegnazioni.empty() ? " " : ", ")
         .append(colonna)
         .append(" = CItmp.")

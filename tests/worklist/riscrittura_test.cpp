@@ -3,9 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "modello/forma_2031.h"
 #include "worklist/compensi_prova.h"
 
 namespace cu::test {
@@ -440,6 +443,22 @@ TEST_F(WriteBack, AfterTheSecondIsRefusedBothRunAgain) {
   database.internal.answerContaining("MERGE", Table());
   compensi.sbMemorizzaModifiche();
   EXPECT_THAT(istruzioni(), ElementsAre(kConti, datiAggiuntivi(), kConti, datiAggiuntivi()));
+}
+
+// A new year's column is written back behind the other amounts; one that the year took away still is, as the
+// lines of the years before have it.
+TEST(NewYear, ItsColumnIsWrittenBack) {
+  const std::vector<ColonnaRiscritta> colonne = colonneRiscritte(kModello2031);
+  ASSERT_EQ(colonne.size(), std::size(kScritte) + 1);
+  std::size_t nuova = 0;
+  while (nuova < colonne.size() && colonne[nuova].nome != kColonnaNuova) ++nuova;
+  ASSERT_LT(nuova, colonne.size());
+  EXPECT_EQ(colonne[nuova].scrittura, Scrittura::Numero);
+  EXPECT_EQ(colonne[nuova - 1].nome, kColonnaTolta);
+  EXPECT_EQ(colonne[nuova + 1].nome, "IDComuneResidenzaAnnoPrec");
+  const std::vector<std::string_view> dati = cu::datiAggiuntivi(kModello2031);
+  EXPECT_EQ(dati.size(), std::size(kDatiAggiuntiviAttesi) + 1);
+  EXPECT_NE(std::find(dati.begin(), dati.end(), kColonnaNuova), dati.end());
 }
 
 }  // namespace

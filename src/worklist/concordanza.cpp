@@ -1,0 +1,9 @@
+#include "worklist/concordanza.h"
+
+namespace cu {
+
+static_assert(concordaLavoro(modello::kModello, kColonneLavoro));
+static_assert(concordaGriglia(modello::kModello, kColonneLavoro, kColonneGriglia));
+static_assert(concordaLordo(kColonneLavoro));
+
+}  // namespace cu
