@@ -3,11 +3,12 @@
 #include "editors/editor_compenso.h"
 #include "host/frontend.h"
 #include "host/text.h"
+#include "modello/regole.h"
 
 namespace cu {
 
 std::unique_ptr<Editor> fnCreaEditor(std::int32_t anno, const AmbienteEditor& ambiente) {
-  return std::make_unique<EditorCompenso>(fnDisposizione(anno), ambiente);
+  return std::make_unique<EditorCompenso>(modello::annoDisposizione(anno), ambiente);
 }
 
 void EditorCompenso::setRecordset(cu::Recordset& righe) {
@@ -39,16 +40,13 @@ void EditorCompenso::setTipoComunicazione(std::int32_t tipo) {
 void EditorCompenso::caricaIntestazione() {
   const UtilitaSuite& utilita = ambiente_.utilita;
   const auto testo = [&](std::string_view colonna) { return utilita.toText(recordset_->Get(colonna)); };
-  for (const CampoIntestazione& campo : kIntestazione) {
-    if ((campo.disposizioni & disposizione_.bit) == 0) continue;
+  for (const CampoIntestazione& campo : intestazione_) {
     std::string valore;
-    if (!campo.colonna.empty()) {
+    if (campo.campo->forma != modello::Forma::CodicePressoEnte) {
       valore = testo(campo.colonna);
     } else {
-      // Two bodies give their members a code of the payer; the others have none.
-      const std::int32_t ente = utilita.toLong(recordset_->Get("IDCUEntePrevidenziale"));
-      if (ente == 1) valore = testo("CodiceAzPressoENPAM");
-      if (ente == 2) valore = testo("CodiceAzPressoENPAPI");
+      const std::size_t fonte = modello::fontePressoEnte(utilita.toLong(recordset_->Get(campo.colonna)));
+      if (fonte != 0) valore = testo(campo.campo->altre.at(fonte));
     }
     testi_.at(campo.modulo1)->setText(valore);
     testi_.at(campo.altriModuli)->setText(valore);
@@ -60,22 +58,19 @@ void EditorCompenso::caricaIntestazione() {
   lblAnno->setCaption(testo("Anno"));
 }
 
-void EditorCompenso::blocca(int indice) {
-  AmountBox& importo = curField(indice);
-  importo.setEnabled(false);
-  importo.setBackground(Background::Face);
-  const auto etichetta = etichette_.find(indice);
+void EditorCompenso::blocca(Casella& casella) {
+  casella.importo->setEnabled(false);
+  casella.importo->setBackground(Background::Face);
+  const auto etichetta = etichette_.find(casella.campo->indice);
   if (etichetta != etichette_.end()) etichetta->second->setEnabled(false);
 }
 
 void EditorCompenso::sbCaricaModulo1() {
   caricaIntestazione();
-  const bool addizionali = ambiente_.utilita.toText(recordset_->Get("Codice")) == "N";
+  const bool addizionali = modello::haAddizionali(ambiente_.utilita.toText(recordset_->Get("Codice")));
   for (Casella& casella : modulo1_) {
-    const int indice = casella.campo->indice;
-    if (casella.importo != nullptr && indice >= kPrimaAddizionale && indice <= kUltimaAddizionale &&
-        !addizionali) {
-      blocca(indice);
+    if (casella.importo != nullptr && casella.campo->addizionale && !addizionali) {
+      blocca(casella);
     } else {
       casella.mostra(recordset_->Get(casella.campo->colonna), ambiente_.utilita);
     }
@@ -91,7 +86,7 @@ void EditorCompenso::caricaDatiAggiuntivi() {
   dati_.IDComuneResidenzaAnnoCorr = utilita.toLong(recordset_->Get("IDComuneResidenzaAnnoCorr"));
   dati_.ComuneResidenzaAnnoPrec = testo("ComuneResidenzaAnnoPrec");
   dati_.ComuneResidenzaAnnoCorr = testo("ComuneResidenzaAnnoCorr");
-  if (disposizione_.fusioneComuni) {
+  if (fusioneComuni_) {
     dati_.FusioneComuni = testo("FusioneComuni");
     dati_.FusioneComuniAnnoPrec = testo("FusioneComuniAnnoPrec");
   }
@@ -104,19 +99,21 @@ void EditorCompenso::caricaDatiAggiuntivi() {
 
 // One of the two is always closed; what it was loaded with stays in it.
 void EditorCompenso::bloccaPerCausale() {
-  const std::string codice = ambiente_.utilita.toText(recordset_->Get("Codice"));
-  blocca(codice == "M" || codice == "O" ? 12 : 15);
+  const bool spese = modello::rimborsaSpese(ambiente_.utilita.toText(recordset_->Get("Codice")));
+  blocca(casellaDi(Pagina::Modulo1, spese ? "SommeNonSoggetteARitenuta" : "SpeseRimborsate"));
 }
 
 void EditorCompenso::sbRicalcolaAmmontareLordo() {
   if (!moduli_.IsOpen()) return;
-  double somma = curField(11).value() + curField(12).value() + curField(19).value() + curField(22).value();
+  double somma = 0;
+  for (const std::string_view addendo : modello::kAddendiLordo)
+    somma += importo(Pagina::Modulo1, addendo).value();
   const auto moduli = moduli_.Clone();
   for (; !moduli->Eof(); moduli->MoveNext()) {
     if (!moduli->Get("Eliminato").flag())
-      somma += ambiente_.utilita.toDouble(moduli->Get("SommeNonSoggette"));
+      somma += ambiente_.utilita.toDouble(moduli->Get(modello::kAddendoLordoDelModulo));
   }
-  curField(10).setNumber(Decimal::fromDouble(somma));
+  importo(Pagina::Modulo1, modello::kLordo).setNumber(Decimal::fromDouble(somma));
 }
 
 }  // namespace cu

@@ -8,7 +8,7 @@
 
 namespace cu {
 
-// A row of the table with the control that shows it in an open editor; one of the five, or none.
+// A column of the form with the control that shows it in an open editor; one of the five, or none.
 struct Casella {
   const CampoEditor* campo = nullptr;
   AmountBox* importo = nullptr;

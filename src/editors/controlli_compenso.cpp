@@ -5,6 +5,7 @@
 #include "editors/editor_compenso.h"
 #include "editors/frm_dati_aggiuntivi.h"
 #include "host/text.h"
+#include "modello/regole.h"
 
 namespace cu {
 namespace {
@@ -25,14 +26,9 @@ constexpr Etichetta kEtichette[] = {{2, "lblField(3)"},          {3, "lblField(4
                                     {5, "lblField(6)"},          {6, "lblField(7)"},  {7, "lblField(8)"},
                                     {12, "lblSommeNonSoggette"}, {15, "lblSpeseRimb"}};
 
-// "7.a" is 7: the fields of a section stand in the order of their numbers.
-int numero(std::string_view campo) {
-  int valore = 0;
-  for (const char cifra : campo) {
-    if (cifra < '0' || cifra > '9') break;
-    valore = valore * 10 + (cifra - '0');
-  }
-  return valore;
+bool addendoDelLordo(std::string_view colonna) {
+  return std::find(modello::kAddendiLordo.begin(), modello::kAddendiLordo.end(), colonna) !=
+         modello::kAddendiLordo.end();
 }
 
 std::string nomeControllo(const CampoEditor& campo) {
@@ -50,17 +46,18 @@ C& EditorCompenso::crea(Args&&... args) {
   return creato;
 }
 
-EditorCompenso::EditorCompenso(const Disposizione& disposizione, const AmbienteEditor& ambiente)
-    : Editor(ambiente.frontEnd, std::string(disposizione.form), "Certificazione compensi"),
-      disposizione_(disposizione),
+EditorCompenso::EditorCompenso(std::int32_t anno, const AmbienteEditor& ambiente)
+    : Editor(ambiente.frontEnd, std::string(fnDisposizione(anno).form), "Certificazione compensi"),
+      disposizione_(fnDisposizione(anno)),
+      campiModulo1_(campiEditor(Pagina::Modulo1, anno)),
+      campiAltriModuli_(campiEditor(Pagina::AltriModuli, anno)),
+      intestazione_(disposizione_.immagine ? campiIntestazione(modello::kModello, anno)
+                                           : std::vector<CampoIntestazione>()),
+      fusioneComuni_(trova(modello::kModello, modello::Record::D, "FusioneComuni", anno, true).campo !=
+                     nullptr),
       ambiente_(ambiente) {
-  const auto scegli = [&](const auto& tabella, std::vector<Casella>& scelte) {
-    for (const CampoEditor& campo : tabella) {
-      if (campo.nella(disposizione_.bit)) scelte.emplace_back().campo = &campo;
-    }
-  };
-  scegli(kCampiModulo1, modulo1_);
-  scegli(kCampiAltriModuli, altriModuli_);
+  for (const CampoEditor& campo : campiModulo1_) modulo1_.emplace_back().campo = &campo;
+  for (const CampoEditor& campo : campiAltriModuli_) altriModuli_.emplace_back().campo = &campo;
   creaPagine();
   creaPulsanti();
   if (disposizione_.immagine) {
@@ -131,9 +128,8 @@ void EditorCompenso::creaPagina(Pagina pagina, Frame* dove) {
 void EditorCompenso::creaIntestazione(Pagina pagina, Frame* dove) {
   const bool prima = pagina == Pagina::Modulo1;
   Frame& riquadro = crea<Frame>(prima ? "Frame1" : "Frame1AltriModuli", dove, "Dati del percipiente");
-  for (const CampoIntestazione& campo : kIntestazione) {
-    if (campo.previdenza || (campo.disposizioni & disposizione_.bit) == 0) continue;
-    creaLettura(pagina, campo, &riquadro);
+  for (const CampoIntestazione& campo : intestazione_) {
+    if (!campo.previdenza) creaLettura(pagina, campo, &riquadro);
   }
   percipienti_.push_back(std::make_unique<Percipiente>(*this, &riquadro, prima ? "" : "AltriModuli"));
   if (!prima) return;
@@ -151,7 +147,8 @@ void EditorCompenso::chiudi(TextBox& casella) {
 void EditorCompenso::creaLettura(Pagina pagina, const CampoIntestazione& campo, Frame* dove) {
   const bool prima = pagina == Pagina::Modulo1;
   const int indice = prima ? campo.modulo1 : campo.altriModuli;
-  TextBox& casella = crea<TextBox>(element("txtField", indice), dove, std::string(campo.didascalia));
+  const std::string numero = campo.previdenza ? fromInteger(campo.campo->numero) + " " : std::string();
+  TextBox& casella = crea<TextBox>(element("txtField", indice), dove, numero + std::string(campo.didascalia));
   if (campo.lungoCodiceFiscale) casella.setMaxLength(kCodiceFiscale);
   chiudi(casella);
   if (!prima) casella.onChange = [this] { cambiato(Segno::ModuloModificato); };
@@ -164,9 +161,8 @@ void EditorCompenso::creaSezione(Pagina pagina, Sezione sezione, Frame* dove) {
     if (casella.campo->sezione == sezione && !casella.campo->controllo.empty()) campi.push_back(&casella);
   }
   if (campi.empty()) return;
-  std::stable_sort(campi.begin(), campi.end(), [](const Casella* a, const Casella* b) {
-    return numero(a->campo->campo) < numero(b->campo->campo);
-  });
+  std::stable_sort(campi.begin(), campi.end(),
+                   [](const Casella* a, const Casella* b) { return a->campo->numero < b->campo->numero; });
   Frame& riquadro = crea<Frame>(element("fraSezione", sezioni_++), dove, std::string(titolo(sezione)));
   if (sezione == Sezione::Somme && pagina == Pagina::Modulo1) {
     Label& titoloAnno = crea<Label>("lblTitoloAnno", &riquadro, disposizione_.immagine ? "2 Anno" : "Anno");
@@ -174,10 +170,8 @@ void EditorCompenso::creaSezione(Pagina pagina, Sezione sezione, Frame* dove) {
     titoloAnno.buddy = lblAnno;
   }
   if (sezione == Sezione::Previdenza) {
-    for (const CampoIntestazione& campo : kIntestazione) {
-      if (campo.previdenza && (campo.disposizioni & disposizione_.bit) != 0) {
-        creaLettura(pagina, campo, &riquadro);
-      }
+    for (const CampoIntestazione& campo : intestazione_) {
+      if (campo.previdenza) creaLettura(pagina, campo, &riquadro);
     }
   }
   for (Casella* casella : campi) creaCampo(pagina, *casella, &riquadro);
@@ -218,8 +212,8 @@ void EditorCompenso::cambiato(Segno segno) {
 void EditorCompenso::creaCampo(Pagina pagina, Casella& casella, Frame* dove) {
   const CampoEditor& campo = *casella.campo;
   const std::string nome = nomeControllo(campo);
-  std::string didascalia(disposizione_.immagine ? campo.dicitura : campo.didascalia2015);
-  if (disposizione_.immagine && !campo.campo.empty()) didascalia.insert(0, std::string(campo.campo) + " ");
+  std::string didascalia(disposizione_.immagine ? campo.dicitura : campo.didascalia2014);
+  if (disposizione_.immagine && campo.numero != 0) didascalia.insert(0, numeroScritto(campo) + " ");
   const Event cambio = [this, effetto = segno(pagina, campo)] { cambiato(effetto); };
   switch (campo.genere) {
     case Genere::Importo: {
@@ -229,10 +223,10 @@ void EditorCompenso::creaCampo(Pagina pagina, Casella& casella, Frame* dove) {
       if (!disposizione_.immagine && etichetta != std::end(kEtichette)) {
         label = etichette_[campo.indice] = &crea<Label>(etichetta->nome, dove, didascalia);
       }
-      casella.importo = importi_[campo.indice] = &crea<AmountBox>(nome, dove, didascalia);
+      casella.importo = &crea<AmountBox>(nome, dove, didascalia);
       if (label != nullptr) label->buddy = casella.importo;
       casella.importo->onChange = cambio;
-      if (campo.indice == 11 || campo.indice == 12 || campo.indice == 19 || campo.indice == 22) {
+      if (pagina == Pagina::Modulo1 && addendoDelLordo(campo.colonna)) {
         casella.importo->onLostFocus = [this] {
           if (!Caricamento) sbRicalcolaAmmontareLordo();
         };
@@ -256,7 +250,7 @@ void EditorCompenso::creaCampo(Pagina pagina, Casella& casella, Frame* dove) {
     case Genere::Numero:
       casella.numero = &crea<NumberBox>(nome, dove, didascalia);
       casella.numero->onChange = cambio;
-      (campo.campo.empty() ? numModulo : numAnno) = casella.numero;
+      (campo.numero == 0 ? numModulo : numAnno) = casella.numero;
       return;
   }
 }
@@ -298,12 +292,13 @@ void EditorCompenso::formLoad() {
   const Globali& globali = ambiente_.globali;
   const int decimali = (globali.gDecimaliValuta < 0 ? -globali.gDecimaliValuta : globali.gDecimaliValuta) * 2;
   const Decimal massimo = Decimal::fromInteger(99'999'999'999'999);
-  for (const auto& [indice, importo] : importi_) {
-    const bool negativo = std::find(std::begin(kImportiNegativi), std::end(kImportiNegativi), indice) !=
-                          std::end(kImportiNegativi);
-    importo->setFormat(decimali, globali.gSimboloValuta, globali.gSeparatoreDecimale,
-                       globali.gSeparatoreMigliaia);
-    importo->setLimits(negativo ? -massimo : Decimal(), massimo);
+  for (const Pagina pagina : {Pagina::Modulo1, Pagina::AltriModuli}) {
+    for (const Casella& casella : caselle(pagina)) {
+      if (casella.importo == nullptr) continue;
+      casella.importo->setFormat(decimali, globali.gSimboloValuta, globali.gSeparatoreDecimale,
+                                 globali.gSeparatoreMigliaia);
+      casella.importo->setLimits(casella.campo->conSegno ? -massimo : Decimal(), massimo);
+    }
   }
   numAnno->setLimits(Decimal(), Decimal::fromInteger(9'999));
   numModulo->setLimits(Decimal(), Decimal::fromInteger(99'999'999));

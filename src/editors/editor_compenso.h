@@ -22,7 +22,8 @@ namespace cu {
 // The editor of a compensation line, for any layout of the ministerial form.
 class EditorCompenso : public Editor {
  public:
-  EditorCompenso(const Disposizione& disposizione, const AmbienteEditor& ambiente);
+  // The year is one that the form knows.
+  EditorCompenso(std::int32_t anno, const AmbienteEditor& ambiente);
 
   void setRecordset(cu::Recordset& righe) override;
   cu::Recordset& Recordset() override { return *recordset_; }
@@ -56,8 +57,10 @@ class EditorCompenso : public Editor {
   void cambiato(Segno segno);
   std::vector<Casella>& caselle(Pagina pagina) { return pagina == Pagina::Modulo1 ? modulo1_ : altriModuli_; }
   // By the number of the form; none when the layout has no such field.
-  const Casella* casella(Pagina pagina, std::string_view campo) const;
-  AmountBox& curField(int indice) { return *importi_.at(indice); }
+  const Casella* casella(Pagina pagina, int numero) const;
+  // By its column, of which every layout has a box.
+  Casella& casellaDi(Pagina pagina, std::string_view colonna);
+  AmountBox& importo(Pagina pagina, std::string_view colonna) { return *casellaDi(pagina, colonna).importo; }
   void scorri(int passi);
   void mostraPagina(Pagina pagina);
   void apriDocumento(std::string_view nome);
@@ -67,7 +70,7 @@ class EditorCompenso : public Editor {
   void caricaIntestazione();
   void caricaDatiAggiuntivi();
   void bloccaPerCausale();
-  void blocca(int indice);
+  void blocca(Casella& casella);
   void sbRicalcolaAmmontareLordo();
   void conferma();
   void annulla();
@@ -80,7 +83,7 @@ class EditorCompenso : public Editor {
   void apriDialogo();
 
   // The rules.
-  bool pieno(Pagina pagina, std::string_view campo) const;
+  bool pieno(Pagina pagina, int numero) const;
   const Casella* primoPieno(Pagina pagina, int da, int a) const;
   int fnVerificaCompilazione();
   void sbAvvisoAltriModuli();
@@ -103,6 +106,10 @@ class EditorCompenso : public Editor {
   Connection& interna() { return sessione().database().internalConnection(); }
 
   const Disposizione& disposizione_;
+  const std::vector<CampoEditor> campiModulo1_;
+  const std::vector<CampoEditor> campiAltriModuli_;
+  const std::vector<CampoIntestazione> intestazione_;
+  const bool fusioneComuni_;  // the layout keeps notes on merged municipalities
   AmbienteEditor ambiente_;
   cu::Recordset* recordset_ = nullptr;
   cu::Recordset moduli_;
@@ -121,7 +128,6 @@ class EditorCompenso : public Editor {
   std::vector<std::unique_ptr<Control>> controlli_;
   std::vector<Casella> modulo1_;
   std::vector<Casella> altriModuli_;
-  std::map<int, AmountBox*> importi_;
   std::map<int, TextBox*> testi_;
   std::map<int, Label*> etichette_;  // of amounts whose caption is a label of its own
   int sezioni_ = 0;

@@ -12,22 +12,51 @@ namespace {
 
 constexpr const char* kFiltro = "Eliminato = 0";
 
+struct ColonnaModuli {
+  const char* campo;
+  const char* didascalia;
+  int tipo;
+  int larghezza;
+  int allineamento;
+  bool visibile = true;
+};
+constexpr ColonnaModuli kColonneModuli[] = {
+    {"NumeroModulo", "N° modulo", kGridLong, 700, 0},
+    {"AnnoModulo", "Anno", kGridLong, 1200, 0},
+    {"Anticipazione", "Anticipazione", kGridBoolean, 1200, 2},
+    {"SommeNonSoggette", "Somme non soggette a ritenuta", kGridDouble, 2000, 1},
+    {"ImponibileAnniPrec", "Imponib. anni prec.", kGridDouble, 2000, 1},
+    {"RitenuteAnniPrec", "Ritenute anni prec.", kGridDouble, 2000, 1},
+    {"IDModuloXContoIndividuale", "IDModuloXContoIndividuale", kGridLong, 0, 1, false},
+};
+
+// Each column that is seen belongs to a box of further modules, and has its kind.
+constexpr bool concorda(std::span<const ColonnaModuli> colonne) {
+  for (const ColonnaModuli& colonna : colonne) {
+    if (!colonna.visibile) continue;
+    const modello::Trovato trovato =
+        trova(modello::kModello, modello::Record::H, colonna.campo, modello::kModello.noti.ultimo, false);
+    if (trovato.campo == nullptr) return false;
+    const Genere genere = trovato.colonna.genere;
+    const int tipo = genere == Genere::Importo ? kGridDouble
+                     : genere == Genere::Flag  ? kGridBoolean
+                                               : kGridLong;
+    if (colonna.tipo != tipo) return false;
+  }
+  return true;
+}
+static_assert(concorda(kColonneModuli));
+
 }  // namespace
 
 void EditorCompenso::sbConfiguraGrigliaModuli() {
   grdAltriModuli->clearColumns();
   grdAltriModuli->decimalMark = ',';
   grdAltriModuli->thousandsMark = '.';
-  const GridColumn colonne[] = {
-      {"NumeroModulo", "N° modulo", kGridLong, 700, 0},
-      {"AnnoModulo", "Anno", kGridLong, 1200, 0},
-      {"Anticipazione", "Anticipazione", kGridBoolean, 1200, 2},
-      {"SommeNonSoggette", "Somme non soggette a ritenuta", kGridDouble, 2000, 1},
-      {"ImponibileAnniPrec", "Imponib. anni prec.", kGridDouble, 2000, 1},
-      {"RitenuteAnniPrec", "Ritenute anni prec.", kGridDouble, 2000, 1},
-      {"IDModuloXContoIndividuale", "IDModuloXContoIndividuale", kGridLong, 0, 1, false},
-  };
-  for (const GridColumn& colonna : colonne) grdAltriModuli->addColumn(colonna);
+  for (const ColonnaModuli& colonna : kColonneModuli) {
+    grdAltriModuli->addColumn({colonna.campo, colonna.didascalia, colonna.tipo, colonna.larghezza,
+                               colonna.allineamento, colonna.visibile});
+  }
 }
 
 void EditorCompenso::mostraConteggio() {
@@ -39,7 +68,7 @@ void EditorCompenso::mostraConteggio() {
 void EditorCompenso::sbApriModuli() {
   frontEnd().setPointer(kPointerHourglass);
   if (moduli_.IsOpen()) moduli_.Close();
-  const SqlModuli sql(disposizione_.bit, ambiente_.utilita);
+  const SqlModuli sql(disposizione_, campiAltriModuli_, ambiente_.utilita);
   moduli_.Open(interna(), ambiente_.utilita.fnAnsi2jet(sql.select(*recordset_, sessione().IDAzienda())),
                LockType::BatchOptimistic);
   mostraConteggio();
@@ -156,7 +185,7 @@ void EditorCompenso::sbSalvaModuli() {
 
 void EditorCompenso::applica() {
   const UtilitaSuite& utilita = ambiente_.utilita;
-  const SqlModuli sql(disposizione_.bit, utilita);
+  const SqlModuli sql(disposizione_, campiAltriModuli_, utilita);
   Connection& connessione = sessione().database().connection();
   const auto esegui = [&](const std::string& testo) {
     return connessione.Execute(utilita.fnAnsi2jet(testo));

@@ -1,7 +1,10 @@
 // What the ministerial instructions ask of a line, and what a module must be before it is kept.
 
+#include <stdexcept>
+
 #include "editors/editor_compenso.h"
 #include "host/text.h"
+#include "modello/regole.h"
 
 namespace cu {
 namespace {
@@ -30,7 +33,7 @@ class Segnalazioni {
 
 // "Imponibile" (campo 53
 std::string nominato(const CampoEditor& campo) {
-  return "\"" + std::string(campo.dicitura) + "\" (campo " + std::string(campo.campo);
+  return "\"" + std::string(campo.dicitura) + "\" (campo " + numeroScritto(campo);
 }
 
 std::string obbligatorioPerAltriSoggetti(const CampoEditor& campo) {
@@ -39,21 +42,28 @@ std::string obbligatorioPerAltriSoggetti(const CampoEditor& campo) {
 
 }  // namespace
 
-const Casella* EditorCompenso::casella(Pagina pagina, std::string_view campo) const {
+const Casella* EditorCompenso::casella(Pagina pagina, int numero) const {
   for (const Casella& casella : pagina == Pagina::Modulo1 ? modulo1_ : altriModuli_) {
-    if (casella.campo->campo == campo && casella.presente()) return &casella;
+    if (casella.campo->numero == numero && casella.presente()) return &casella;
   }
   return nullptr;
 }
 
-bool EditorCompenso::pieno(Pagina pagina, std::string_view campo) const {
-  const Casella* const trovata = casella(pagina, campo);
+Casella& EditorCompenso::casellaDi(Pagina pagina, std::string_view colonna) {
+  for (Casella& casella : caselle(pagina)) {
+    if (casella.campo->colonna == colonna) return casella;
+  }
+  throw std::out_of_range("no box of this column");
+}
+
+bool EditorCompenso::pieno(Pagina pagina, int numero) const {
+  const Casella* const trovata = casella(pagina, numero);
   return trovata != nullptr && trovata->pieno();
 }
 
 const Casella* EditorCompenso::primoPieno(Pagina pagina, int da, int a) const {
-  for (int campo = da; campo <= a; ++campo) {
-    const Casella* const trovata = casella(pagina, fromInteger(campo));
+  for (int numero = da; numero <= a; ++numero) {
+    const Casella* const trovata = casella(pagina, numero);
     if (trovata != nullptr && trovata->pieno()) return trovata;
   }
   return nullptr;
@@ -61,21 +71,21 @@ const Casella* EditorCompenso::primoPieno(Pagina pagina, int da, int a) const {
 
 int EditorCompenso::fnVerificaCompilazione() {
   Segnalazioni segnalazioni;
-  const auto pieno1 = [&](std::string_view campo) { return pieno(Pagina::Modulo1, campo); };
+  const auto pieno1 = [&](int numero) { return pieno(Pagina::Modulo1, numero); };
   const std::int32_t carica = ambiente_.utilita.toLong(recordset_->Get("CodiceCarica"));
   if (carica != 3 && carica != 4) {
-    for (const std::string_view campo : {"41", "42"}) {
-      if (!pieno1(campo)) continue;
-      segnalazioni.aggiungi(kFallimento, nominato(*casella(Pagina::Modulo1, campo)->campo) +
+    for (const int numero : {41, 42}) {
+      if (!pieno1(numero)) continue;
+      segnalazioni.aggiungi(kFallimento, nominato(*casella(Pagina::Modulo1, numero)->campo) +
                                              "): il campo va riempito se il Codice Carica è 3 o 4");
     }
   }
   const Casella* const altroSoggetto = primoPieno(Pagina::Modulo1, 53, 62);
-  if (!pieno1("52") && altroSoggetto != nullptr) {
+  if (!pieno1(52) && altroSoggetto != nullptr) {
     segnalazioni.aggiungi(kAltriSoggetti, obbligatorioPerAltriSoggetti(*altroSoggetto->campo));
   }
-  const Casella* const presente = pieno1("52") ? casella(Pagina::Modulo1, "52") : altroSoggetto;
-  if (pieno1("71") && presente != nullptr) {
+  const Casella* const presente = pieno1(52) ? casella(Pagina::Modulo1, 52) : altroSoggetto;
+  if (pieno1(71) && presente != nullptr) {
     segnalazioni.aggiungi(
         kCasiParticolari,
         "\"Codice fiscale (sezione lavoro autonomo e redditi diversi)\" (campo 71): il campo "
@@ -83,14 +93,14 @@ int EditorCompenso::fnVerificaCompilazione() {
             nominato(*presente->campo) + ")");
   }
   bool pignoramento = false;
-  for (const std::string_view campo : disposizione_.elencoB) pignoramento = pignoramento || pieno1(campo);
-  if (pieno1("72") && !pignoramento) {
+  for (const int numero : disposizione_.elencoB) pignoramento = pignoramento || pieno1(numero);
+  if (pieno1(72) && !pignoramento) {
     segnalazioni.aggiungi(kCasiParticolari,
                           "\"Codice fiscale (sezione pignoramento presso terzi)\" (campo 72): il campo deve "
                           "essere vuoto se è non compilata la sezione \"Somme liquidate a seguito di "
                           "pignoramento presso terzi\" (campi da 101 a 108)");
   }
-  if (pieno1("73") && primoPieno(Pagina::Modulo1, 131, 138) == nullptr) {
+  if (pieno1(73) && primoPieno(Pagina::Modulo1, 131, 138) == nullptr) {
     segnalazioni.aggiungi(
         kCasiParticolari,
         "\"Codice fiscale (sezione indennità di esproprio)\" (campo 73): il campo deve essere "
@@ -105,7 +115,7 @@ int EditorCompenso::fnVerificaCompilazione() {
 
 void EditorCompenso::sbAvvisoAltriModuli() {
   const Casella* const altroSoggetto = primoPieno(Pagina::AltriModuli, 53, 62);
-  if (pieno(Pagina::AltriModuli, "52") || altroSoggetto == nullptr) return;
+  if (pieno(Pagina::AltriModuli, 52) || altroSoggetto == nullptr) return;
   Segnalazioni segnalazioni;
   segnalazioni.aggiungi(kAltriSoggetti, obbligatorioPerAltriSoggetti(*altroSoggetto->campo));
   ambiente_.utilita.message(std::string(kIntroduzione) + segnalazioni.testo() + std::string(kConseguenza),
@@ -135,7 +145,8 @@ bool EditorCompenso::fnModuloValido() {
   if (numAnno->value() < kAnnoMinimo && numAnno->value() != 0) {
     return rifiuta("L'anno non è valido.", *numAnno);
   }
-  if (curField(17).number() > Decimal() && cboCodicePerNonSoggettiAltri->record().value_or(0) == 0) {
+  if (importo(Pagina::AltriModuli, modello::kAddendoLordoDelModulo).number() > Decimal() &&
+      cboCodicePerNonSoggettiAltri->record().value_or(0) == 0) {
     return rifiuta("Il Codice è obbligatorio se presente\r\nil campo Somme non soggette a ritenuta.",
                    *cboCodicePerNonSoggettiAltri);
   }

@@ -90,7 +90,7 @@ void EditorCompenso::riscriviRiga() {
   colonne.emplace_back("IDComuneResidenzaAnnoCorr", Value::ofInteger(dati_.IDComuneResidenzaAnnoCorr));
   colonne.emplace_back("ComuneResidenzaAnnoPrec", Value::ofText(dati_.ComuneResidenzaAnnoPrec));
   colonne.emplace_back("ComuneResidenzaAnnoCorr", Value::ofText(dati_.ComuneResidenzaAnnoCorr));
-  if (disposizione_.fusioneComuni) {
+  if (fusioneComuni_) {
     colonne.emplace_back("FusioneComuni", Value::ofText(dati_.FusioneComuni));
     colonne.emplace_back("FusioneComuniAnnoPrec", Value::ofText(dati_.FusioneComuniAnnoPrec));
   }
@@ -129,7 +129,7 @@ void EditorCompenso::apriDialogo() {
   dialogo.sbFill();
   dialogo.showModal();
   dati_ = dialogo.dati;
-  if (!disposizione_.fusioneComuni) {
+  if (!fusioneComuni_) {
     dati_.FusioneComuni.clear();
     dati_.FusioneComuniAnnoPrec.clear();
   }

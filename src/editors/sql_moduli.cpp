@@ -16,8 +16,9 @@ std::string perId(std::int64_t id) { return " WHERE " + std::string(kId) + " = "
 
 }  // namespace
 
-SqlModuli::SqlModuli(Disposizioni disposizione, const UtilitaSuite& utilita)
-    : disposizione_(disposizione), utilita_(utilita) {}
+SqlModuli::SqlModuli(const Disposizione& disposizione, std::span<const CampoEditor> campi,
+                     const UtilitaSuite& utilita)
+    : disposizione_(disposizione), campi_(campi), utilita_(utilita) {}
 
 std::string SqlModuli::select(const Recordset& riga, std::int32_t idAzienda) const {
   return "SELECT *, Anticipazione AS Eliminato FROM " + tabella() + " WHERE Anno = " + numero(riga, "Anno") +
@@ -52,20 +53,18 @@ std::string SqlModuli::insert(std::int64_t id, const Recordset& riga, std::int32
   std::string colonne = std::string(kId) + ", IDAnagrafica, IDAzienda, IDCausalePagamento, Anno";
   std::string valori = fromInteger(id) + ", " + numero(riga, "IDAnagrafica") + ", " + fromInteger(idAzienda) +
                        ", " + numero(riga, "IDCausalePagamento") + ", " + numero(riga, "Anno");
-  for (const CampoEditor& campo : kCampiAltriModuli) {
-    if (!campo.nella(disposizione_)) continue;
+  for (const CampoEditor& campo : campi_) {
     colonne += ", " + std::string(campo.colonna);
     valori += ", " + valore(campo, modulo, true);
   }
   // The oldest layout closes its list of columns with a blank.
-  const char* const chiusura = disposizione_ == kSolo2015 ? ") " : ")";
+  const char* const chiusura = disposizione_.immagine ? ")" : ") ";
   return "INSERT INTO " + tabella() + " (" + colonne + chiusura + " VALUES (" + valori + ")";
 }
 
 std::string SqlModuli::update(std::int64_t id, const Recordset& modulo) const {
   std::string assegnazioni;
-  for (const CampoEditor& campo : kCampiAltriModuli) {
-    if (!campo.nella(disposizione_)) continue;
+  for (const CampoEditor& campo : campi_) {
     assegnazioni += assegnazioni.empty() ? " " : ", ";
     assegnazioni += std::string(campo.colonna) + " = " + valore(campo, modulo, false);
   }

@@ -1,17 +1,21 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "editors/campi_editor.h"
+#include "editors/disposizione.h"
 #include "host/recordset.h"
 #include "host/utility.h"
 
 namespace cu {
 
 // The statements on ModuloXContoIndividuale, over the columns of one layout. `modulo` stands on the module.
+// Layout and columns outlive it.
 class SqlModuli {
  public:
-  SqlModuli(Disposizioni disposizione, const UtilitaSuite& utilita);
+  SqlModuli(const Disposizione& disposizione, std::span<const CampoEditor> campi,
+            const UtilitaSuite& utilita);
 
   std::string select(const Recordset& riga, std::int32_t idAzienda) const;
   std::string massimo() const;
@@ -24,7 +28,8 @@ class SqlModuli {
  private:
   std::string valore(const CampoEditor& campo, const Recordset& modulo, bool inserimento) const;
 
-  Disposizioni disposizione_;
+  const Disposizione& disposizione_;
+  std::span<const CampoEditor> campi_;
   const UtilitaSuite& utilita_;
 };
 

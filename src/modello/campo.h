@@ -10,12 +10,12 @@
 namespace cu::modello {
 
 // The parts of the form. The boxes of each are numbered on their own.
-enum class Quadro : std::uint8_t { Azienda, Percipiente, Firma, Somme };
+enum class Quadro : std::uint8_t { Azienda, Percipiente, Firma, Autonomo };
 
 // The records of the telematic file that hold boxes.
 enum class Record : std::uint8_t { D, H };
 
-constexpr Record record(Quadro quadro) { return quadro == Quadro::Somme ? Record::H : Record::D; }
+constexpr Record record(Quadro quadro) { return quadro == Quadro::Autonomo ? Record::H : Record::D; }
 
 // What the codes of a part's cells begin with.
 constexpr std::string_view prefisso(Quadro quadro) {
@@ -26,7 +26,7 @@ constexpr std::string_view prefisso(Quadro quadro) {
       return "DA002";
     case Quadro::Firma:
       return "DA003";
-    case Quadro::Somme:
+    case Quadro::Autonomo:
       break;
   }
   return "AU001";
@@ -66,7 +66,8 @@ enum class Condizione : std::uint8_t {
 // The modules of a certificate in which a box stands.
 enum class Moduli : std::uint8_t { Primo, Altri, Ogni };
 
-// Where a correction of the box goes when the line is written back.
+// Where a correction of the box goes when the line is written back. In a further module either means the row
+// of the module.
 enum class Riscrittura : std::uint8_t {
   No,
   Riga,  // the work table, and from there by a formula into the account or nowhere

@@ -37,7 +37,7 @@ TEST_F(Statements, TheKeyOfALineStandsInThemInNumbersWhateverTheTableHolds) {
                                            {"IDCausalePagamento", text("4;DROP TABLE Compenso")}})}));
   Recordset chiavi;
   chiavi.Open(database.main, "chiavi");
-  const SqlModuli sql(kSolo2017, utilita);
+  const SqlModuli sql(fnDisposizione(2016), {}, utilita);
   EXPECT_EQ(sql.select(chiavi, 1),
             "SELECT *, Anticipazione AS Eliminato FROM ModuloXContoIndividuale WHERE Anno = 2016 AND "
             "IDAnagrafica = "
@@ -196,7 +196,8 @@ TEST_F(Statements, ADeletion) {
 TEST_F(Statements, AYearOfZeroIsZeroInAnUpdateAndNullInAnInsertion) {
   moduli({modulo(7, 0, {{"AnnoModulo", whole(0)}})});
   apri(2014);
-  const SqlModuli sql(cu::kSolo2015, utilita);
+  const std::vector<CampoEditor> campi = campiEditor(Pagina::AltriModuli, 2014);
+  const SqlModuli sql(fnDisposizione(2014), campi, utilita);
   EXPECT_EQ(sql.update(7, righeModuli()),
             "UPDATE ModuloXContoIndividuale SET  NumeroModulo = 0, IDCodicePerNonSoggetti = NULL, AnnoModulo "
             "= 0, SommeNonSoggette = NULL, ImponibileAnniPrec = NULL, RitenuteAnniPrec = NULL, Anticipazione "

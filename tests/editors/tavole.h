@@ -16,7 +16,7 @@ enum class Tipo { Importo, Testo, Flag, Elenco, Numero };
 inline constexpr int kAnni[] = {2014, 2015, 2016};
 inline constexpr int kTutti = 7;
 inline constexpr int kDal2015 = 6;
-inline constexpr int kSolo2015 = 2;
+inline constexpr int kNel2015 = 2;
 inline constexpr int kDal2016 = 4;
 
 // A field as a person meets it: the control, the column behind it, its number in the ministerial form.
@@ -79,12 +79,12 @@ inline const std::vector<Campo>& tavolaModulo1() {
       {"txtField(9)",             "PignoramentoTerziCodiceFiscale1",      Testo,   "101", kDal2015},
       {"curField(38)",            "PignoramentoTerziSommeErogate1",       Importo, "102", kDal2015},
       {"curField(39)",            "PignoramentoTerziRitenuteOperate1",    Importo, "103", kDal2015},
-      {"chkRitenuteNonOperate1",  "PignoramentoTerziRitenuteNonOperate1", Flag,    "104", kSolo2015},
+      {"chkRitenuteNonOperate1",  "PignoramentoTerziRitenuteNonOperate1", Flag,    "104", kNel2015},
       {"curField(50)",            "PignoramentoTerziSommeNonTassate1",    Importo, "104", kDal2016},
       {"txtField(10)",            "PignoramentoTerziCodiceFiscale2",      Testo,   "105", kDal2015},
       {"curField(40)",            "PignoramentoTerziSommeErogate2",       Importo, "106", kDal2015},
       {"curField(41)",            "PignoramentoTerziRitenuteOperate2",    Importo, "107", kDal2015},
-      {"chkRitenuteNonOperate2",  "PignoramentoTerziRitenuteNonOperate2", Flag,    "108", kSolo2015},
+      {"chkRitenuteNonOperate2",  "PignoramentoTerziRitenuteNonOperate2", Flag,    "108", kNel2015},
       {"curField(51)",            "PignoramentoTerziSommeNonTassate2",    Importo, "108", kDal2016},
       {"curField(46)",            "IndennitaEsproprioSommeCorrisposte1",  Importo, "131", kDal2015},
       {"curField(47)",            "IndennitaEsproprioRitenuteOperate1",   Importo, "132", kDal2015},
@@ -129,12 +129,12 @@ inline const std::vector<Campo>& tavolaModuli() {
       {"txtField(14)",                      "PignoramentoTerziCodiceFiscale1",      Testo,   "101", kDal2015},
       {"curField(84)",                      "PignoramentoTerziSommeErogate1",       Importo, "102", kDal2015},
       {"curField(85)",                      "PignoramentoTerziRitenuteOperate1",    Importo, "103", kDal2015},
-      {"chkRitenuteNonOperate1AltriModuli", "PignoramentoTerziRitenuteNonOperate1", Flag,    "104", kSolo2015},
+      {"chkRitenuteNonOperate1AltriModuli", "PignoramentoTerziRitenuteNonOperate1", Flag,    "104", kNel2015},
       {"curField(52)",                      "PignoramentoTerziSommeNonTassate1",    Importo, "104", kDal2016},
       {"txtField(13)",                      "PignoramentoTerziCodiceFiscale2",      Testo,   "105", kDal2015},
       {"curField(86)",                      "PignoramentoTerziSommeErogate2",       Importo, "106", kDal2015},
       {"curField(87)",                      "PignoramentoTerziRitenuteOperate2",    Importo, "107", kDal2015},
-      {"chkRitenuteNonOperate2AltriModuli", "PignoramentoTerziRitenuteNonOperate2", Flag,    "108", kSolo2015},
+      {"chkRitenuteNonOperate2AltriModuli", "PignoramentoTerziRitenuteNonOperate2", Flag,    "108", kNel2015},
       {"curField(53)",                      "PignoramentoTerziSommeNonTassate2",    Importo, "108", kDal2016},
       {"curField(92)",                      "IndennitaEsproprioSommeCorrisposte1",  Importo, "131", kDal2015},
       {"curField(93)",                      "IndennitaEsproprioRitenuteOperate1",   Importo, "132", kDal2015},
@@ -158,8 +158,8 @@ inline const std::vector<Campo>& tavolaIntestazione() {
       {"txtField(19)", "CUCodiceFiscale",                    Testo, "29", kDal2015},
       {"txtField(1)",  "CUDenominazioneEntePrevidenziale",   Testo, "30", kDal2015},
       {"txtField(20)", "CUDenominazioneEntePrevidenziale",   Testo, "30", kDal2015},
-      {"txtField(2)",  "CUCodiceEntePrevidenziale",          Testo, "31", kSolo2015},
-      {"txtField(21)", "CUCodiceEntePrevidenziale",          Testo, "31", kSolo2015},
+      {"txtField(2)",  "CUCodiceEntePrevidenziale",          Testo, "31", kNel2015},
+      {"txtField(21)", "CUCodiceEntePrevidenziale",          Testo, "31", kNel2015},
       {"txtField(3)",  "",                                   Testo, "32", kDal2015},
       {"txtField(22)", "",                                   Testo, "32", kDal2015},
       {"txtField(4)",  "CUCodiceCategoriaEntePrevidenziale", Testo, "33", kDal2015},

@@ -47,11 +47,11 @@ TEST(Campo, HasACodeOfItsPartAndItsNumber) {
   EXPECT_EQ(testo(codice(campo(Quadro::Azienda, 8, "TelefonoAz", Forma::Telefono))), "DA001008");
   EXPECT_EQ(testo(codice(campo(Quadro::Percipiente, 44, "X", Forma::Testo))), "DA002044");
   EXPECT_EQ(testo(codice(campo(Quadro::Firma, 1, "", Forma::DataFirma))), "DA003001");
-  EXPECT_EQ(testo(codice(campo(Quadro::Somme, 138, "X", Forma::Importo))), "AU001138");
+  EXPECT_EQ(testo(codice(campo(Quadro::Autonomo, 138, "X", Forma::Importo))), "AU001138");
 }
 
 TEST(Campo, StandsInItsModulesAndYears) {
-  Campo casella = campo(Quadro::Somme, 1, "X", Forma::Importo);
+  Campo casella = campo(Quadro::Autonomo, 1, "X", Forma::Importo);
   casella.anni = dal(2015);
   EXPECT_TRUE(vale(casella, 2015, true));
   EXPECT_FALSE(vale(casella, 2015, false));
@@ -65,7 +65,7 @@ TEST(Campo, StandsInItsModulesAndYears) {
 }
 
 TEST(Campo, HasACellInTheRecordOfItsPartUnlessItIsKeptOutOfTheFile) {
-  Campo casella = campo(Quadro::Somme, 71, "X", Forma::Testo);
+  Campo casella = campo(Quadro::Autonomo, 71, "X", Forma::Testo);
   EXPECT_TRUE(haCella(casella, Record::H));
   EXPECT_FALSE(haCella(casella, Record::D));
   casella.condizione = Condizione::NonNelFile;
@@ -74,37 +74,37 @@ TEST(Campo, HasACellInTheRecordOfItsPartUnlessItIsKeptOutOfTheFile) {
 }
 
 TEST(Campo, NamesTheColumnThatItsCellIsWrittenFrom) {
-  EXPECT_EQ(fonte(campo(Quadro::Somme, 1, "X", Forma::Importo)), "X");
+  EXPECT_EQ(fonte(campo(Quadro::Autonomo, 1, "X", Forma::Importo)), "X");
   EXPECT_EQ(fonte(campo(Quadro::Percipiente, 43, "X", Forma::Uno)), "");
   EXPECT_EQ(fonte(campo(Quadro::Firma, 1, "", Forma::DataFirma)), "");
-  Campo ente = campo(Quadro::Somme, 32, "Id", Forma::CodicePressoEnte);
+  Campo ente = campo(Quadro::Autonomo, 32, "Id", Forma::CodicePressoEnte);
   ente.altre = {"Nome", "Primo", "Secondo"};
   EXPECT_EQ(fonte(ente), "Nome");
 }
 
 TEST(Campo, KeepsAValueInOneColumn) {
-  EXPECT_THAT(colonne(campo(Quadro::Somme, 1, "X", Forma::Importo)),
+  EXPECT_THAT(colonne(campo(Quadro::Autonomo, 1, "X", Forma::Importo)),
               ElementsAre(Piatta("X", Genere::Importo, '\0')));
-  EXPECT_THAT(colonne(campo(Quadro::Somme, 1, "X", Forma::ImportoConSegno)),
+  EXPECT_THAT(colonne(campo(Quadro::Autonomo, 1, "X", Forma::ImportoConSegno)),
               ElementsAre(Piatta("X", Genere::Importo, '\0')));
-  EXPECT_THAT(colonne(campo(Quadro::Somme, 1, "X", Forma::Flag)),
+  EXPECT_THAT(colonne(campo(Quadro::Autonomo, 1, "X", Forma::Flag)),
               ElementsAre(Piatta("X", Genere::Flag, '\0')));
-  EXPECT_THAT(colonne(campo(Quadro::Somme, 1, "X", Forma::Intero)),
+  EXPECT_THAT(colonne(campo(Quadro::Autonomo, 1, "X", Forma::Intero)),
               ElementsAre(Piatta("X", Genere::Numero, '\0')));
-  EXPECT_THAT(colonne(campo(Quadro::Somme, 1, "X", Forma::Maiuscolo)),
+  EXPECT_THAT(colonne(campo(Quadro::Autonomo, 1, "X", Forma::Maiuscolo)),
               ElementsAre(Piatta("X", Genere::Testo, '\0')));
   EXPECT_THAT(colonne(campo(Quadro::Firma, 1, "", Forma::DataFirma)), IsEmpty());
 }
 
 TEST(Campo, KeepsASumInItsTwoParts) {
-  Campo somma = campo(Quadro::Somme, 7, "X", Forma::Somma);
+  Campo somma = campo(Quadro::Autonomo, 7, "X", Forma::Somma);
   somma.altre = {"Y"};
   EXPECT_THAT(colonne(somma),
               ElementsAre(Piatta("X", Genere::Importo, 'a'), Piatta("Y", Genere::Importo, 'b')));
 }
 
 TEST(Campo, KeepsAChoiceAsItsIdAndItsText) {
-  Campo scelta = campo(Quadro::Somme, 6, "Codice", Forma::CodiceNonSoggetti);
+  Campo scelta = campo(Quadro::Autonomo, 6, "Codice", Forma::CodiceNonSoggetti);
   scelta.elenco = "IDCodice";
   EXPECT_THAT(colonne(scelta),
               ElementsAre(Piatta("IDCodice", Genere::Elenco, '\0'), Piatta("Codice", Genere::Testo, '\0')));

@@ -22,7 +22,7 @@ inline constexpr auto kCampi2031 = [] {
     campi.at(i) = modello::kCampi.at(i);
     if (campi.at(i).colonna == kColonnaTolta) campi.at(i).anni.ultimo = kAnnoNuovo - 1;
   }
-  campi.back() = {modello::Quadro::Somme,
+  campi.back() = {modello::Quadro::Autonomo,
                   kNumeroNuovo,
                   kColonnaNuova,
                   modello::Forma::Importo,

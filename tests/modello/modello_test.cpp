@@ -65,10 +65,10 @@ TEST(Boxes, MoveWithTheYears) {
 }
 
 TEST(Boxes, AreFoundByTheirNumber) {
-  const Campo* const anno = trovaNumero(kModello, Quadro::Somme, 2, 2016, false);
+  const Campo* const anno = trovaNumero(kModello, Quadro::Autonomo, 2, 2016, false);
   ASSERT_NE(anno, nullptr);
   EXPECT_EQ(anno->colonna, "AnnoModulo");
-  EXPECT_EQ(trovaNumero(kModello, Quadro::Somme, 4, 2016, false), nullptr);
+  EXPECT_EQ(trovaNumero(kModello, Quadro::Autonomo, 4, 2016, false), nullptr);
 }
 
 TEST(Boxes, AreNotLookedForInAColumnThatTwoOfThemKeep) {
@@ -93,7 +93,7 @@ class Guasti : public testing::Test {
   bool buono(Anni noti = kModello.noti) const { return coerente({campi_, noti, kModello.codiciNonSoggetti}); }
   Campo& somme(std::int32_t numero) {
     for (Campo& campo : campi_) {
-      if (campo.quadro == Quadro::Somme && campo.numero == numero) return campo;
+      if (campo.quadro == Quadro::Autonomo && campo.numero == numero) return campo;
     }
     throw std::runtime_error("no such box");
   }

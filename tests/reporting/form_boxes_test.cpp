@@ -46,7 +46,7 @@ std::set<std::pair<int, std::string>> cells(Quadro part, int year, bool first) {
   for (const Campo& box : modello::kModello.campi) {
     if (box.quadro != part || !haCella(box, record(part)) || !vale(box, year, first)) continue;
     // The file repeats the fund's name where the company has no code; the form leaves its box empty.
-    if (part == Quadro::Somme && box.numero == 32 && !first) continue;
+    if (part == Quadro::Autonomo && box.numero == 32 && !first) continue;
     result.emplace(box.numero, box.colonna);
   }
   return result;
@@ -55,11 +55,11 @@ std::set<std::pair<int, std::string>> cells(Quadro part, int year, bool first) {
 class FormBoxes : public testing::TestWithParam<int> {};
 
 TEST_P(FormBoxes, OfTheMainModuleAreThoseOfTheFile) {
-  EXPECT_EQ(boxes(FormPart::Amounts, GetParam(), false), cells(Quadro::Somme, GetParam(), true));
+  EXPECT_EQ(boxes(FormPart::Amounts, GetParam(), false), cells(Quadro::Autonomo, GetParam(), true));
 }
 
 TEST_P(FormBoxes, OfAnAdditionalModuleAreThoseOfTheFile) {
-  EXPECT_EQ(boxes(FormPart::Amounts, GetParam(), true), cells(Quadro::Somme, GetParam(), false));
+  EXPECT_EQ(boxes(FormPart::Amounts, GetParam(), true), cells(Quadro::Autonomo, GetParam(), false));
 }
 
 TEST_P(FormBoxes, OfCompanyAndPayeeAreThoseOfTheFile) {
