@@ -1,11 +1,13 @@
 // The additional modules: a recordset beside the database until the editor is confirmed.
 
 #include <algorithm>
+#include <span>
 
 #include "editors/editor_compenso.h"
 #include "editors/sql_moduli.h"
 #include "host/frontend.h"
 #include "host/text.h"
+#include "modello/moduli.h"
 
 namespace cu {
 namespace {
@@ -134,7 +136,7 @@ void EditorCompenso::salva() {
     if (NuovoModulo) {
       --UltimoIDModulo;
       moduli_.AddNew();
-      moduli_.Set("IDModuloXContoIndividuale", Value::ofInteger(UltimoIDModulo));
+      moduli_.Set(modello::kIdModulo, Value::ofInteger(UltimoIDModulo));
       moduli_.Set("Eliminato", Value::ofFlag(false));
     }
     for (const Casella& casella : altriModuli_) {
@@ -192,10 +194,10 @@ void EditorCompenso::applica() {
   };
   for (; !moduli_.Eof(); moduli_.MoveNext()) {
     const bool eliminato = moduli_.Get("Eliminato").flag();
-    const Value letto = moduli_.OriginalValue("IDModuloXContoIndividuale");
+    const Value letto = moduli_.OriginalValue(modello::kIdModulo);
     // A module whose insertion has succeeded in an attempt that then failed has its id by now.
     const std::int64_t id =
-        letto.view().isNull() ? moduli_.Get("IDModuloXContoIndividuale").integer() : letto.view().integer();
+        letto.view().isNull() ? moduli_.Get(modello::kIdModulo).integer() : letto.view().integer();
     switch (moduli_.Status()) {
       case RecordStatus::New: {
         if (eliminato) break;
@@ -203,7 +205,7 @@ void EditorCompenso::applica() {
         massimo.Open(connessione, utilita.fnAnsi2jet(sql.massimo()));
         const std::int64_t nuovoId = (massimo.Eof() ? 0 : massimo.Get("ID").integer()) + 1;
         esegui(sql.insert(nuovoId, *recordset_, sessione().IDAzienda(), moduli_));
-        moduli_.Set("IDModuloXContoIndividuale", Value::ofInteger(nuovoId));
+        moduli_.Set(modello::kIdModulo, Value::ofInteger(nuovoId));
         break;
       }
       case RecordStatus::Modified:

@@ -1,18 +1,17 @@
 #include "editors/sql_moduli.h"
 
 #include "host/text.h"
+#include "modello/moduli.h"
 
 namespace cu {
 namespace {
 
-constexpr std::string_view kTabella = "ModuloXContoIndividuale";
-constexpr std::string_view kId = "IDModuloXContoIndividuale";
-
-std::string tabella() { return std::string(kTabella); }
+std::string tabella() { return std::string(modello::kTabellaModuli); }
+std::string chiave() { return std::string(modello::kIdModulo); }
 std::string numero(const Recordset& riga, const char* colonna) {
   return fromInteger(riga.Get(colonna).integer());
 }
-std::string perId(std::int64_t id) { return " WHERE " + std::string(kId) + " = " + fromInteger(id); }
+std::string perId(std::int64_t id) { return " WHERE " + chiave() + " = " + fromInteger(id); }
 
 }  // namespace
 
@@ -21,15 +20,15 @@ SqlModuli::SqlModuli(const Disposizione& disposizione, std::span<const CampoEdit
     : disposizione_(disposizione), campi_(campi), utilita_(utilita) {}
 
 std::string SqlModuli::select(const Recordset& riga, std::int32_t idAzienda) const {
-  return "SELECT *, Anticipazione AS Eliminato FROM " + tabella() + " WHERE Anno = " + numero(riga, "Anno") +
-         " AND IDAnagrafica = " + numero(riga, "IDAnagrafica") +
-         " AND IDAzienda = " + fromInteger(idAzienda) +
-         " AND IDCausalePagamento = " + numero(riga, "IDCausalePagamento");
+  const auto di = [&](const char* colonna) {
+    return modello::ParteChiave{colonna, riga.Get(colonna).integer()};
+  };
+  return "SELECT *, Anticipazione AS Eliminato FROM " + tabella() +
+         modello::fnDoveConto(
+             {{di("Anno"), di("IDAnagrafica"), {"IDAzienda", idAzienda}, di("IDCausalePagamento")}});
 }
 
-std::string SqlModuli::massimo() const {
-  return "SELECT MAX(" + std::string(kId) + ") AS ID FROM " + tabella();
-}
+std::string SqlModuli::massimo() const { return "SELECT MAX(" + chiave() + ") AS ID FROM " + tabella(); }
 
 std::string SqlModuli::valore(const CampoEditor& campo, const Recordset& modulo, bool inserimento) const {
   const CellView cella = modulo.Get(campo.colonna);
@@ -50,7 +49,7 @@ std::string SqlModuli::valore(const CampoEditor& campo, const Recordset& modulo,
 
 std::string SqlModuli::insert(std::int64_t id, const Recordset& riga, std::int32_t idAzienda,
                               const Recordset& modulo) const {
-  std::string colonne = std::string(kId) + ", IDAnagrafica, IDAzienda, IDCausalePagamento, Anno";
+  std::string colonne = chiave() + ", IDAnagrafica, IDAzienda, IDCausalePagamento, Anno";
   std::string valori = fromInteger(id) + ", " + numero(riga, "IDAnagrafica") + ", " + fromInteger(idAzienda) +
                        ", " + numero(riga, "IDCausalePagamento") + ", " + numero(riga, "Anno");
   for (const CampoEditor& campo : campi_) {

@@ -26,13 +26,7 @@ void aggiungi(CURecord& record, Tavola righe) {
 void creaCatalogo(CURecords& catalogo, std::int32_t gAnno) {
   aggiungi(catalogo.Add("TipoA"), kTipoA);
   CURecord& tipoB = catalogo.Add("TipoB");
-  aggiungi(tipoB, kTipoBInizio);
-  if (gAnno < kAnnoEventiEccezionali) {
-    aggiungi(tipoB, kTipoBFinoAl2015);
-  } else {
-    aggiungi(tipoB, kTipoBDal2016);
-  }
-  aggiungi(tipoB, kTipoBFine);
+  for (const Tavola parte : modello::tipoB(gAnno)) aggiungi(tipoB, parte);
   aggiungi(catalogo.Add("TipoD"), kTipoD);
   aggiungi(catalogo.Add("TipoH"), kTipoH);
   aggiungi(catalogo.Add("TipoZ"), kTipoZ);

@@ -67,9 +67,9 @@ void CUFileSeq::WriteRecordTipoB(const CellView* Fields, std::int32_t NumeroComu
   campo.Item("Indirizzo posta elettronica").setValue(valore("EMailInternetAz").substr(0, 100));
   campo.Item("Telefono/Fax").setValue(telefonoOFax(valore("TelefonoAz"), valore("FaxAz")));
 
-  if (gAnno_ >= kAnnoEventiEccezionali) {
+  if (modello::haEventiEccezionali(gAnno_)) {
     const std::string evento = valore("CodiceEventoEccezionaleAz");
-    campo.Item("Eventi eccezionali").setValue(trim(evento).empty() ? "0" : maiuscolo1252(evento));
+    campo.Item(modello::kEventiEccezionali).setValue(trim(evento).empty() ? "0" : maiuscolo1252(evento));
   }
 
   campo.Item("Cod. Fisc. rappresentante").setValue(maiuscolo1252(valore("CodiceFiscaleRapp")));
@@ -80,8 +80,9 @@ void CUFileSeq::WriteRecordTipoB(const CellView* Fields, std::int32_t NumeroComu
   campo.Item("Cod. Fisc. soc. o ente dich.")
       .setValue(fnFormatta(zeroSeVuoto(maiuscolo1252(valore("CodiceFiscaleSocieta"))), "00000000000"));
 
-  // Certificates of employees: only the first form asked for their number in this supply.
-  if (gAnno_ == 2014) campo.Item("N° comun. certif. lav. dip. e assim.").setValue(fnFormatta(0, "00000000"));
+  if (modello::kContaDipendenti.comprende(gAnno_)) {
+    campo.Item("N° comun. certif. lav. dip. e assim.").setValue(fnFormatta(0, "00000000"));
+  }
   campo.Item("N° comun. certif. lav. aut. e provv.").setValue(fnFormatta(NumeroComunicazioni, "00000000"));
   campo.Item("Casella Quadro CT").setValue("0");
   campo.Item("Firma").setValue("1");

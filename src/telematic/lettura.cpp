@@ -153,13 +153,7 @@ std::vector<std::string> decodifica(std::string_view linea, std::int32_t anno) {
       decodificaQuadro(linea, kTipoA, testi);
       break;
     case 'B':
-      decodificaQuadro(linea, kTipoBInizio, testi);
-      if (anno < kAnnoEventiEccezionali) {
-        decodificaQuadro(linea, kTipoBFinoAl2015, testi);
-      } else {
-        decodificaQuadro(linea, kTipoBDal2016, testi);
-      }
-      decodificaQuadro(linea, kTipoBFine, testi);
+      for (const Tavola parte : modello::tipoB(anno)) decodificaQuadro(linea, parte, testi);
       break;
     case 'D':
       decodificaQuadro(linea, kTipoD, testi);

@@ -2,7 +2,7 @@
 
 #include <initializer_list>
 
-#include "host/text.h"
+#include "modello/moduli.h"
 
 namespace cu::telematico {
 namespace {
@@ -94,29 +94,21 @@ std::string queryPrincipale(std::string_view tabellaLavoro) {
 
 std::string queryModuli(std::int64_t anno, std::int64_t idAnagrafica, std::int64_t idAzienda,
                         std::int64_t idCausalePagamento) {
-  return unisci({
-      "SELECT ModuloXContoIndividuale.*, CodicePerNonSoggetti.Codice AS CodicePerNonSoggetti,",
-      " CUCodiceFiscale, CUDenominazioneEntePrevidenziale, CUCodiceEntePrevidenziale,",
+  // The fund of a module is that of its payee.
+  return modello::fnSelectModuli(
+      {{{"Anno", anno},
+        {"IDAnagrafica", idAnagrafica},
+        {"IDAzienda", idAzienda},
+        {"IDCausalePagamento", idCausalePagamento}}},
+      ", CUCodiceFiscale, CUDenominazioneEntePrevidenziale, CUCodiceEntePrevidenziale,"
       " CUDenominazioneEntePrevidenziale, CUCodiceCategoriaEntePrevidenziale",
-      " FROM ModuloXContoIndividuale",
-      " LEFT JOIN CodicePerNonSoggetti",
-      " ON ModuloXContoIndividuale.IDCodicePerNonSoggetti = CodicePerNonSoggetti.IDCodicePerNonSoggetti",
-      " INNER JOIN Percipiente ON ModuloXContoIndividuale.IDAzienda = Percipiente.IDAzienda",
-      " AND ModuloXContoIndividuale.IDAnagrafica = Percipiente.IDAnagrafica",
-      " LEFT JOIN CUEntePrevidenziale",
-      " ON Percipiente.IDCUEntePrevidenziale = CUEntePrevidenziale.IDCUEntePrevidenziale",
-      " LEFT JOIN CUCategoriaEntePrevidenziale",
-      " ON Percipiente.IDCUCategoriaEntePrevidenziale = ",
-      "CUCategoriaEntePrevidenziale.IDCUCategoriaEntePrevidenziale",
-      " WHERE ModuloXContoIndividuale.Anno = ",
-      fromInteger(anno),
-      " AND ModuloXContoIndividuale.IDAnagrafica = ",
-      fromInteger(idAnagrafica),
-      " AND ModuloXContoIndividuale.IDAzienda = ",
-      fromInteger(idAzienda),
-      " AND ModuloXContoIndividuale.IDCausalePagamento = ",
-      fromInteger(idCausalePagamento),
-  });
+      " INNER JOIN Percipiente ON ModuloXContoIndividuale.IDAzienda = Percipiente.IDAzienda"
+      " AND ModuloXContoIndividuale.IDAnagrafica = Percipiente.IDAnagrafica"
+      " LEFT JOIN CUEntePrevidenziale"
+      " ON Percipiente.IDCUEntePrevidenziale = CUEntePrevidenziale.IDCUEntePrevidenziale"
+      " LEFT JOIN CUCategoriaEntePrevidenziale"
+      " ON Percipiente.IDCUCategoriaEntePrevidenziale = "
+      "CUCategoriaEntePrevidenziale.IDCUCategoriaEntePrevidenziale");
 }
 
 }  // namespace cu::telematico
