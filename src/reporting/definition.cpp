@@ -4,7 +4,9 @@
 #include <array>
 
 #include "host/text.h"
+#include "modello/modello.h"
 #include "reporting/definition_reader.h"
+#include "reporting/form_boxes.h"
 
 namespace cu::reporting {
 namespace {
@@ -22,30 +24,6 @@ constexpr auto kFormats = std::to_array<Word<ColumnFormat>>({{"text", ColumnForm
 
 constexpr auto kParts =
     std::to_array<Word<FormPart>>({{"identity", FormPart::Identity}, {"amounts", FormPart::Amounts}});
-
-// Beside each kind how many fields it reads.
-struct KindRow {
-  BoxKind kind;
-  std::size_t fields;
-};
-constexpr auto kKinds = std::to_array<Word<KindRow>>({{"text", {BoxKind::Text, 1}},
-                                                      {"upper", {BoxKind::Upper, 1}},
-                                                      {"integer", {BoxKind::Integer, 1}},
-                                                      {"date", {BoxKind::Date, 1}},
-                                                      {"flag", {BoxKind::Flag, 1}},
-                                                      {"amount", {BoxKind::Amount, 1}},
-                                                      {"sum", {BoxKind::Sum, 2}},
-                                                      {"phone", {BoxKind::Phone, 2}},
-                                                      {"not_subject_code", {BoxKind::NotSubjectCode, 4}},
-                                                      {"fund_code", {BoxKind::FundCode, 3}}});
-
-constexpr auto kConditions =
-    std::to_array<Word<BoxCondition>>({{"person", BoxCondition::Person},
-                                       {"non_resident", BoxCondition::NonResident},
-                                       {"schumacker", BoxCondition::Schumacker},
-                                       {"year_due", BoxCondition::YearDue},
-                                       {"reason_n", BoxCondition::ReasonN},
-                                       {"contributions", BoxCondition::Contributions}});
 
 template <class T, std::size_t N>
 T choice(const DefinitionReader& reader, std::string_view key, const std::array<Word<T>, N>& words) {
@@ -123,26 +101,29 @@ SelectionWords readSelection(const DefinitionReader& reader) {
   return words;
 }
 
-FormBox readBox(const DefinitionReader& reader) {
+// Whether the form has a box of that column in the part, in some year.
+bool isBox(FormPart part, std::string_view field) {
+  return std::any_of(
+      modello::kModello.campi.begin(), modello::kModello.campi.end(), [&](const modello::Campo& campo) {
+        return record(campo.quadro) == recordOf(part) && inModulo(campo, true) && campo.colonna == field;
+      });
+}
+
+FormBox readBox(const DefinitionReader& reader, FormPart part) {
   FormBox box;
   box.width = reader.number("width");
   box.years = readYears(reader);
-  if (!reader.has("number")) {
+  if (!reader.has("field")) {
     reader.only({"width", "years"});
     return box;
   }
-  reader.only({"number", "caption", "kind", "field", "module", "when", "years", "width"});
-  box.number = fromInteger(reader.integer("number"));
-  box.caption = reader.text("caption");
-  const KindRow kind = choice(reader, "kind", kKinds);
-  box.kind = kind.kind;
-  box.fields = reader.textsOr("field");
-  if (box.fields.size() != kind.fields) {
-    reader.refuse("field", "numero di campi sbagliato",
-                  fromInteger(static_cast<std::int64_t>(kind.fields)) + " per questo tipo di casella");
+  reader.only({"field", "caption", "years", "width"});
+  box.field = reader.text("field");
+  if (!isBox(part, box.field)) {
+    reader.refuse("field", "valore \"" + box.field + "\" sconosciuto",
+                  "la colonna di una casella di questa parte del modello");
   }
-  box.moduleField = reader.textOr("module", "");
-  if (reader.has("when")) box.condition = choice(reader, "when", kConditions);
+  box.caption = reader.text("caption");
   return box;
 }
 
@@ -154,7 +135,7 @@ FormSection readSection(const DefinitionReader& reader) {
   section.years = readYears(reader);
   for (const auto& row : reader.rows("rows")) {
     std::vector<FormBox>& boxes = section.rows.emplace_back();
-    for (const DefinitionReader& box : row) boxes.push_back(readBox(box));
+    for (const DefinitionReader& box : row) boxes.push_back(readBox(box, section.part));
   }
   return section;
 }

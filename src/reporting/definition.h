@@ -59,43 +59,18 @@ struct SelectionWords {
   std::string range;
 };
 
-enum class BoxKind {
-  Text,
-  Upper,
-  Integer,
-  Date,
-  Flag,            // a cross where the field is true
-  Amount,          // nothing where it is zero
-  Sum,             // an amount: of two fields
-  Phone,           // the first field without its separators; the second where that is no number
-  NotSubjectCode,  // the code, or the year's own where sums are not subject and no code was chosen
-  FundCode,        // the company's code at the fund that the first field names
-};
-
-enum class BoxCondition {
-  Always,
-  Person,
-  NonResident,
-  Schumacker,  // a non-resident of that kind
-  YearDue,     // an advance, or the reasons G, H, I
-  ReasonN,
-  Contributions,  // at least one of the five amounts
-};
-
 struct Years {
   std::int32_t first = std::numeric_limits<std::int32_t>::min();
   std::int32_t last = std::numeric_limits<std::int32_t>::max();
   bool contains(std::int32_t year) const { return year >= first && year <= last; }
 };
 
+// A box of the ministerial form by its column; what stands in it, and in which years it is there at all, the
+// form itself says (modello).
 struct FormBox {
-  std::string number;  // of the ministerial form; empty for a space between boxes
+  std::string field;  // its column in the main module; empty for a space between boxes
   std::string caption;
-  BoxKind kind = BoxKind::Text;
-  BoxCondition condition = BoxCondition::Always;
-  std::vector<std::string> fields;
-  std::string moduleField;  // its column in an additional module; empty where it has none there
-  Years years;
+  Years years;  // where its place depends on the layout of a year
   double width = 1;
 };
 
@@ -104,7 +79,7 @@ enum class FormPart { Identity, Amounts };
 struct FormSection {
   FormPart part = FormPart::Amounts;
   std::string title;
-  Years years;
+  Years years;  // as of a box; a section none of whose boxes is in a year's form is not there either
   std::vector<std::vector<FormBox>> rows;
 };
 

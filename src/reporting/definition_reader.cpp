@@ -113,7 +113,7 @@ std::vector<DefinitionReader> DefinitionReader::tables(std::string_view key) con
 }
 
 std::vector<std::vector<DefinitionReader>> DefinitionReader::rows(std::string_view key) const {
-  constexpr std::string_view kExpected = "righe di caselle, come [ [ { number = 1, ... } ] ]";
+  constexpr std::string_view kExpected = "righe di caselle, come [ [ { field = ..., width = 1 } ] ]";
   const auto* const list = node(key, kExpected).as_array();
   if (list == nullptr || list->empty()) refuse(key, "tipo sbagliato", kExpected);
   std::vector<std::vector<DefinitionReader>> result;

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "host/text.h"
-#include "reporting/form_values.h"
 #include "reporting/italian.h"
 #include "reporting/palette.h"
 
@@ -56,20 +54,17 @@ void drawLines(Canvas& canvas, const Box& place, const QString& text, TextStyle 
 FormGrid::FormGrid(Canvas& canvas, const ReportDefinition& definition, FormPart part, std::int32_t year,
                    double x, double width, double y)
     : x_(x), width_(width), bottom_(y) {
-  const std::int32_t layout = layoutYear(year);
-  for (const FormSection& section : definition.sections) {
-    if (section.part != part || !section.years.contains(layout)) continue;
+  for (const LaidSection& section : layOut(definition, part, year)) {
     bottom_ += kBarGap;
-    bars_.push_back({section.title, bottom_});
+    bars_.push_back({section.section->title, bottom_});
     bottom_ += kBarHeight;
-    for (const std::vector<FormBox>& row : section.rows) {
+    for (const std::vector<LaidBox>& row : section.rows) {
       double shares = 0;
-      for (const FormBox& box : row) shares += box.years.contains(layout) ? box.width : 0;
+      for (const LaidBox& box : row) shares += box.box->width;
       double left = x;
-      for (const FormBox& box : row) {
-        if (!box.years.contains(layout)) continue;
-        const double share = width * box.width / shares;
-        if (!box.number.empty()) place(canvas, box, {left, bottom_, share, kBoxHeight});
+      for (const LaidBox& box : row) {
+        const double share = width * box.box->width / shares;
+        if (box.main != nullptr) place(canvas, box, {left, bottom_, share, kBoxHeight});
         left += share;
       }
       bottom_ += kBoxHeight;
@@ -77,13 +72,13 @@ FormGrid::FormGrid(Canvas& canvas, const ReportDefinition& definition, FormPart 
   }
 }
 
-void FormGrid::place(Canvas& canvas, const FormBox& box, const Box& at) {
-  PlacedBox placed{&box, at, {}, {kCaptionPoints, false, kMuted}};
+void FormGrid::place(Canvas& canvas, const LaidBox& box, const Box& at) {
+  PlacedBox placed{box, at, {}, {kCaptionPoints, false, kMuted}};
   const double room = at.width - kNumberWidth - 2 * kInset;
-  placed.caption = canvas.wrap(fromUtf8(box.caption), placed.captionStyle, room);
+  placed.caption = canvas.wrap(fromUtf8(box.box->caption), placed.captionStyle, room);
   if (placed.caption.size() > kCaptionLines) {
     placed.captionStyle.points = kSmallCaptionPoints;
-    placed.caption = canvas.wrap(fromUtf8(box.caption), placed.captionStyle, room);
+    placed.caption = canvas.wrap(fromUtf8(box.box->caption), placed.captionStyle, room);
   }
   boxes_.push_back(std::move(placed));
 }
@@ -100,7 +95,7 @@ void FormGrid::drawEmpty(Canvas& canvas, std::int32_t year) const {
     canvas.fill({box.place.x + kBehindFrame, box.place.y + kBehindFrame, kTagWidth, kTagHeight}, kTag);
     frames.append(box.place);
   }
-  for (const PlacedBox& box : boxes_) drawNumber(canvas, box.place, fromUtf8(box.box->number));
+  for (const PlacedBox& box : boxes_) drawNumber(canvas, box.place, QString::number(box.box.main->numero));
   for (const PlacedBox& box : boxes_) {
     double y = box.place.y + kCaptionTop + canvas.ascent(box.captionStyle);
     for (const QString& line : box.caption) {

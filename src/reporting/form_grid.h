@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "reporting/canvas.h"
-#include "reporting/definition.h"
+#include "reporting/form_boxes.h"
 
 namespace cu::reporting {
 
@@ -15,7 +15,7 @@ namespace cu::reporting {
 class FormGrid {
  public:
   struct PlacedBox {
-    const FormBox* box;  // of the definition
+    LaidBox box;
     Box place;
     QStringList caption;
     TextStyle captionStyle;
@@ -34,7 +34,7 @@ class FormGrid {
   void drawEmpty(Canvas& canvas, std::int32_t year) const;
 
  private:
-  void place(Canvas& canvas, const FormBox& box, const Box& at);
+  void place(Canvas& canvas, const LaidBox& box, const Box& at);
   double x_;
   double width_;
   double bottom_;

@@ -65,7 +65,7 @@ class Forms {
   void footer() { drawFooter(canvas_, kFormMargin, payee_ + " - " + code_, page_, pages_); }
 
   const FormGrid& grid(FormPart part, double y) {
-    const auto key = std::make_pair(part, layoutYear(year_));
+    const auto key = std::make_pair(part, modello::annoDisposizione(year_));
     const auto known = grids_.find(key);
     if (known != grids_.end()) return known->second;
     return grids_.emplace(key, FormGrid(canvas_, input_.definition, part, year_, kFormMargin, width_, y))
@@ -74,7 +74,7 @@ class Forms {
 
   void fillIn(const FormGrid& grid, const auto& values) {
     for (const FormGrid::PlacedBox& box : grid.boxes()) {
-      const BoxValue value = values.of(*box.box);
+      const BoxValue value = values.of(box.box);
       drawBoxValue(canvas_, box.place, value.text, value.align, false, box.caption.size());
     }
   }

@@ -1,19 +1,31 @@
 #include "reporting/form_values.h"
 
 #include <algorithm>
-#include <array>
+#include <string_view>
+#include <vector>
 
-#include "host/text.h"
+#include "modello/moduli.h"
+#include "modello/regole.h"
 #include "reporting/italian.h"
 
 namespace cu::reporting {
+
+using modello::Campo;
+using modello::Condizione;
+using modello::Forma;
+
 namespace {
 
-constexpr std::array<const char*, 5> kContributions = {
-    "ContributiCaricoAzienda", "ContributiCaricoPercipiente", "ImportoAltriContributi", "ContributiDovuti",
-    "ContributiVersati"};
-constexpr std::int64_t kEnpam = 1;
-constexpr std::int64_t kEnpapi = 2;
+// The amounts of which one fills the block of contributions.
+std::vector<std::string_view> contributions() {
+  std::vector<std::string_view> columns;
+  for (const modello::Campo& campo : modello::kModello.campi) {
+    if (campo.condizione == Condizione::BloccoC && genere(campo.forma) == modello::Genere::Importo) {
+      columns.push_back(campo.colonna);
+    }
+  }
+  return columns;
+}
 
 BoxValue amount(Decimal value) {
   if (value.isZero()) return {{}, Align::Right, {}};
@@ -22,83 +34,80 @@ BoxValue amount(Decimal value) {
 BoxValue flag(bool value) { return {value ? QString("X") : QString(), Align::Center, {}}; }
 BoxValue plain(const CellView& cell) { return {fromUtf8(cell.toText()).trimmed(), Align::Left, {}}; }
 
-// Of the columns of one row, with the kinds that need no more than one field.
-BoxValue simple(BoxKind kind, const CellView& cell) {
-  switch (kind) {
-    case BoxKind::Upper:
+// Of a box that needs no more than one column.
+BoxValue simple(Forma form, const CellView& cell) {
+  switch (form) {
+    case Forma::Maiuscolo:
       return {upperCase(plain(cell).text), Align::Left, {}};
-    case BoxKind::Date:
+    case Forma::Data:
       return {italianDate(cell.date()), Align::Left, {}};
-    case BoxKind::Flag:
+    case Forma::Uno:
+    case Forma::Flag:
       return flag(cell.flag());
-    case BoxKind::Amount:
-    case BoxKind::Sum:
+    case Forma::Importo:
+    case Forma::ImportoConSegno:
+    case Forma::Somma:
       return amount(cell.decimal());
-    case BoxKind::Text:
-    case BoxKind::Integer:
-    case BoxKind::Phone:
-    case BoxKind::NotSubjectCode:
-    case BoxKind::FundCode:
-      return plain(cell);
+    case Forma::Testo:
+    case Forma::Destra:
+    case Forma::RifilatoADestra:
+    case Forma::Intero:
+    case Forma::DataFirma:
+    case Forma::Telefono:
+    case Forma::CodiceNonSoggetti:
+    case Forma::CodicePressoEnte:
+      break;
   }
-  return {};
+  return plain(cell);
 }
 
 bool anyContribution(const Rows& rows) {
-  return std::any_of(kContributions.begin(), kContributions.end(),
-                     [&](const char* column) { return !rows.get(column).decimal().isZero(); });
+  static const std::vector<std::string_view> kColumns = contributions();
+  return std::any_of(kColumns.begin(), kColumns.end(),
+                     [&](std::string_view column) { return !rows.get(column).decimal().isZero(); });
 }
 
 }  // namespace
 
-std::int32_t layoutYear(std::int32_t year) {
-  constexpr std::int32_t kFirst = 2014;
-  constexpr std::int32_t kNewest = 2017;
-  return year < kFirst || year > kNewest ? kNewest : year;
-}
-
-bool MainModuleValues::holds(BoxCondition condition) const {
+bool MainModuleValues::holds(Condizione condition) const {
   switch (condition) {
-    case BoxCondition::Always:
+    case Condizione::Sempre:
       return true;
-    case BoxCondition::Person:
+    case Condizione::PersonaFisica:
       return rows_.get("PersonaFisica").flag();
-    case BoxCondition::NonResident:
+    case Condizione::NonResidente:
       return rows_.get("NonResidente").flag();
-    case BoxCondition::Schumacker:
+    case Condizione::Schumacker:
       return rows_.get("NonResidente").flag() && rows_.get("NonResidenteSchumacker").flag();
-    case BoxCondition::YearDue: {
-      const std::string_view reason = rows_.get("Codice").text();
-      return rows_.get("Anticipazione").flag() || reason == "G" || reason == "H" || reason == "I";
-    }
-    case BoxCondition::ReasonN:
-      return rows_.get("Codice").text() == "N";
-    case BoxCondition::Contributions:
+    case Condizione::AnnoDovuto:
+      return rows_.get("Anticipazione").flag() || modello::chiedeAnno(rows_.get("Codice").text());
+    case Condizione::CausaleN:
+      return modello::haAddizionali(rows_.get("Codice").text());
+    case Condizione::BloccoC:
       return anyContribution(rows_);
+    case Condizione::NonNelFile:
+      break;
   }
   return false;
 }
 
 // The code, or where sums are not subject and none was chosen the one that the year had for all other cases.
-QString MainModuleValues::notSubjectCode(const FormBox& box) const {
-  QString chosen = rows_.text(box.fields[0]).trimmed();
+QString MainModuleValues::notSubjectCode(const Campo& campo) const {
+  QString chosen = rows_.text(campo.colonna).trimmed();
   if (!chosen.isEmpty()) return chosen;
-  if ((rows_.get(box.fields[1]).decimal() + rows_.get(box.fields[2]).decimal()).isZero()) return {};
-  const std::int64_t year = rows_.get(box.fields[3]).integer();
-  if (year < 2016) return "3";
-  return year == 2016 ? "6" : "7";
+  if ((rows_.get(campo.altre[0]).decimal() + rows_.get(campo.altre[1]).decimal()).isZero()) return {};
+  return fromUtf8(modello::codiceNonSoggetti(rows_.get(campo.altre[2]).integer()));
 }
 
-QString MainModuleValues::fundCode(const FormBox& box) const {
-  const std::int64_t fund = rows_.get(box.fields[0]).integer();
-  if (fund == kEnpam) return rows_.text(box.fields[1]);
-  if (fund == kEnpapi) return rows_.text(box.fields[2]);
-  return {};
+// Empty where the company has no code at the fund, though the file then repeats the fund's name.
+BoxValue MainModuleValues::fundCode(const Campo& campo) const {
+  const std::size_t source = modello::fontePressoEnte(rows_.get(campo.colonna).integer());
+  return source == 0 ? BoxValue{} : BoxValue{rows_.text(campo.altre.at(source)).trimmed(), Align::Left, {}};
 }
 
-QString MainModuleValues::phone(const FormBox& box) const {
+QString MainModuleValues::phone(const Campo& campo) const {
   QString number;
-  for (const std::string& field : box.fields) {
+  for (const std::string_view field : {campo.colonna, campo.altre[0]}) {
     number = rows_.text(field);
     number.removeIf([](QChar c) { return QString(" -/\\().+").contains(c); });
     const bool digits =
@@ -108,53 +117,53 @@ QString MainModuleValues::phone(const FormBox& box) const {
   return number;
 }
 
-BoxValue MainModuleValues::of(const FormBox& box) const {
-  if (!holds(box.condition)) return {};
-  switch (box.kind) {
-    case BoxKind::Sum:
-      return amount(rows_.get(box.fields[0]).decimal() + rows_.get(box.fields[1]).decimal());
-    case BoxKind::Phone:
-      return {phone(box), Align::Left, {}};
-    case BoxKind::NotSubjectCode:
-      return {notSubjectCode(box), Align::Left, {}};
-    case BoxKind::FundCode:
-      return {fundCode(box).trimmed(), Align::Left, {}};
-    case BoxKind::Text:
-    case BoxKind::Upper:
-    case BoxKind::Integer:
-    case BoxKind::Date:
-    case BoxKind::Flag:
-    case BoxKind::Amount:
-      return simple(box.kind, rows_.get(box.fields[0]));
+BoxValue MainModuleValues::of(const LaidBox& box) const {
+  const Campo& campo = *box.main;
+  if (!holds(campo.condizione)) return {};
+  switch (campo.forma) {
+    case Forma::Somma:
+      return amount(rows_.get(campo.colonna).decimal() + rows_.get(campo.altre[0]).decimal());
+    case Forma::Telefono:
+      return {phone(campo), Align::Left, {}};
+    case Forma::CodiceNonSoggetti:
+      return {notSubjectCode(campo), Align::Left, {}};
+    case Forma::CodicePressoEnte:
+      return fundCode(campo);
+    case Forma::Testo:
+    case Forma::Maiuscolo:
+    case Forma::Destra:
+    case Forma::RifilatoADestra:
+    case Forma::Intero:
+    case Forma::Data:
+    case Forma::DataFirma:
+    case Forma::Uno:
+    case Forma::Flag:
+    case Forma::Importo:
+    case Forma::ImportoConSegno:
+      break;
   }
-  return {};
+  return simple(campo.forma, rows_.get(campo.colonna));
 }
 
 Rows readModules(Connection& connection, const Rows& certificates) {
-  const auto id = [&](const char* column) { return fromInteger(certificates.get(column).integer()); };
-  return Rows(
-      connection,
-      "SELECT ModuloXContoIndividuale.*, CodicePerNonSoggetti.Codice AS CodicePerNonSoggetti"
-      " FROM ModuloXContoIndividuale LEFT JOIN CodicePerNonSoggetti"
-      " ON ModuloXContoIndividuale.IDCodicePerNonSoggetti = CodicePerNonSoggetti.IDCodicePerNonSoggetti"
-      " WHERE ModuloXContoIndividuale.IDAnagrafica = " +
-          id("IDAnagrafica") + " AND ModuloXContoIndividuale.IDCausalePagamento = " +
-          id("IDCausalePagamento") + " AND ModuloXContoIndividuale.Anno = " + id("Anno") +
-          " AND ModuloXContoIndividuale.IDAzienda = " + id("IDAzienda") +
-          " ORDER BY ModuloXContoIndividuale.IDModuloXContoIndividuale");
+  const auto part = [&](std::string_view column) {
+    return modello::ParteChiave{column, certificates.get(column).integer()};
+  };
+  return Rows(connection, modello::fnSelectModuli({{part("IDAnagrafica"), part("IDCausalePagamento"),
+                                                    part("Anno"), part("IDAzienda")}}) +
+                              " ORDER BY ModuloXContoIndividuale.IDModuloXContoIndividuale");
 }
 
-BoxValue FurtherModuleValues::of(const FormBox& box) const {
-  if (box.condition == BoxCondition::Contributions) {
+BoxValue FurtherModuleValues::of(const LaidBox& box) const {
+  if (box.main->condizione == Condizione::BloccoC) {
     if (!anyContribution(modules_)) return {};
-    if (box.kind == BoxKind::FundCode)
-      return MainModuleValues(certificates_)
-          .of({box.number, box.caption, box.kind, BoxCondition::Always, box.fields, {}, {}, box.width});
+    if (box.main->forma == Forma::CodicePressoEnte)
+      return MainModuleValues(certificates_).fundCode(*box.main);
   }
-  if (box.moduleField.empty()) return {};
+  if (box.further == nullptr) return {};
   // The fund's columns are not the module's own.
-  const Rows& rows = modules_.has(box.moduleField) ? modules_ : certificates_;
-  return simple(box.kind, rows.get(box.moduleField));
+  const Rows& rows = modules_.has(box.further->colonna) ? modules_ : certificates_;
+  return simple(box.further->forma, rows.get(box.further->colonna));
 }
 
 }  // namespace cu::reporting

@@ -1,12 +1,11 @@
 #pragma once
 
 #include <QString>
-#include <cstdint>
 #include <optional>
 
 #include "host/database.h"
 #include "reporting/canvas.h"
-#include "reporting/definition.h"
+#include "reporting/form_boxes.h"
 #include "reporting/rows.h"
 
 namespace cu::reporting {
@@ -18,21 +17,17 @@ struct BoxValue {
   std::optional<Decimal> amount;  // where it is one that is not zero
 };
 
-// The year by which the form's layout is chosen: 2014 and 2015 have one of their own, every other year has
-// the newest.
-std::int32_t layoutYear(std::int32_t year);
-
 // The boxes of the current row of the certificates.
 class MainModuleValues {
  public:
   explicit MainModuleValues(const Rows& rows) : rows_(rows) {}
-  BoxValue of(const FormBox& box) const;
+  BoxValue of(const LaidBox& box) const;
+  BoxValue fundCode(const modello::Campo& campo) const;
 
  private:
-  bool holds(BoxCondition condition) const;
-  QString notSubjectCode(const FormBox& box) const;
-  QString fundCode(const FormBox& box) const;
-  QString phone(const FormBox& box) const;
+  bool holds(modello::Condizione condition) const;
+  QString notSubjectCode(const modello::Campo& campo) const;
+  QString phone(const modello::Campo& campo) const;
   const Rows& rows_;
 };
 
@@ -44,7 +39,7 @@ class FurtherModuleValues {
  public:
   FurtherModuleValues(const Rows& modules, const Rows& certificates)
       : modules_(modules), certificates_(certificates) {}
-  BoxValue of(const FormBox& box) const;
+  BoxValue of(const LaidBox& box) const;
 
  private:
   const Rows& modules_;

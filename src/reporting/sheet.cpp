@@ -2,11 +2,14 @@
 
 #include <xlsxwriter.h>
 
+#include <algorithm>
 #include <array>
 #include <clocale>
 #include <cstring>
 #include <ctime>
+#include <iterator>
 #include <string>
+#include <vector>
 
 #include "host/text.h"
 #include "reporting/form_values.h"
@@ -184,24 +187,30 @@ constexpr std::array<std::pair<const char*, const char*>, 5> kFormColumns = {
      {"Cognome o denominazione", "Anagrafica"},
      {"Nome", "Nome"}}};
 
-void writeModule(Sheet& sheet, const LayoutInput& input, std::int64_t module, std::int32_t layout,
-                 const auto& values) {
+// The boxes of the amounts in the layout of a year, in their order.
+std::vector<LaidBox> amountBoxes(const ReportDefinition& definition, std::int32_t year) {
+  std::vector<LaidBox> boxes;
+  for (const LaidSection& section : layOut(definition, FormPart::Amounts, year)) {
+    for (const std::vector<LaidBox>& row : section.rows) {
+      std::copy_if(row.begin(), row.end(), std::back_inserter(boxes),
+                   [](const LaidBox& box) { return box.main != nullptr; });
+    }
+  }
+  return boxes;
+}
+
+void writeModule(Sheet& sheet, const LayoutInput& input, std::int64_t module,
+                 const std::vector<LaidBox>& boxes, const auto& values) {
   sheet.beginRow();
   sheet.integer(input.rows.get("Anno").integer());
   for (std::size_t i = 1; i < kFormColumns.size(); ++i) sheet.text(input.rows.text(kFormColumns[i].second));
   sheet.integer(module);
-  for (const FormSection& section : input.definition.sections) {
-    if (section.part != FormPart::Amounts || !section.years.contains(layout)) continue;
-    for (const auto& row : section.rows) {
-      for (const FormBox& box : row) {
-        if (box.number.empty() || !box.years.contains(layout)) continue;
-        const BoxValue value = values.of(box);
-        if (value.amount) {
-          sheet.amount(*value.amount);
-        } else {
-          sheet.text(value.text);
-        }
-      }
+  for (const LaidBox& box : boxes) {
+    const BoxValue value = values.of(box);
+    if (value.amount) {
+      sheet.amount(*value.amount);
+    } else {
+      sheet.text(value.text);
     }
   }
 }
@@ -209,25 +218,20 @@ void writeModule(Sheet& sheet, const LayoutInput& input, std::int64_t module, st
 void writeForms(Sheet& sheet, const LayoutInput& input) {
   if (input.rows.size() == 0) return;
   input.rows.move(0);
-  const std::int32_t layout = layoutYear(static_cast<std::int32_t>(input.rows.get("Anno").integer()));
+  const std::vector<LaidBox> boxes =
+      amountBoxes(input.definition, static_cast<std::int32_t>(input.rows.get("Anno").integer()));
   for (const auto& [caption, field] : kFormColumns) sheet.column(QString::fromUtf8(caption), 20);
   sheet.column("Modulo", 8);
-  for (const FormSection& section : input.definition.sections) {
-    if (section.part != FormPart::Amounts || !section.years.contains(layout)) continue;
-    for (const auto& row : section.rows) {
-      for (const FormBox& box : row) {
-        if (box.number.empty() || !box.years.contains(layout)) continue;
-        sheet.column(fromUtf8(box.number + " " + box.caption), 16);
-      }
-    }
+  for (const LaidBox& box : boxes) {
+    sheet.column(QString::number(box.main->numero) + ' ' + fromUtf8(box.box->caption), 16);
   }
   for (std::size_t row = 0; row < input.rows.size(); ++row) {
     input.rows.move(row);
-    writeModule(sheet, input, 1, layout, MainModuleValues(input.rows));
+    writeModule(sheet, input, 1, boxes, MainModuleValues(input.rows));
     Rows modules = readModules(input.connection, input.rows);
     for (std::size_t i = 0; i < modules.size(); ++i) {
       modules.move(i);
-      writeModule(sheet, input, static_cast<std::int64_t>(i) + 2, layout,
+      writeModule(sheet, input, static_cast<std::int64_t>(i) + 2, boxes,
                   FurtherModuleValues(modules, input.rows));
     }
   }

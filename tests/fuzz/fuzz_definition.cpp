@@ -12,6 +12,7 @@
 
 #include "host/error.h"
 #include "host/text.h"
+#include "modello/modello.h"
 #include "reporting/definition.h"
 #include "reporting/library.h"
 #include "reporting/pdf_reports.h"
@@ -135,11 +136,17 @@ std::vector<cu::Column> fieldsOf(const ReportDefinition& definition) {
   }
   for (const auto& computed : definition.computed) names.push_back(computed.name);
   names.insert(names.end(), definition.order.begin(), definition.order.end());
+  // A box reads more columns than the one that it is placed by.
+  for (const auto& campo : cu::modello::kModello.campi) {
+    for (const std::string_view column : campo.altre) {
+      if (!column.empty()) names.emplace_back(column);
+    }
+    if (!campo.colonna.empty()) names.emplace_back(campo.colonna);
+  }
   for (const auto& section : definition.sections) {
     for (const auto& row : section.rows) {
       for (const auto& box : row) {
-        names.insert(names.end(), box.fields.begin(), box.fields.end());
-        if (!box.moduleField.empty()) names.push_back(box.moduleField);
+        if (!box.field.empty()) names.push_back(box.field);
       }
     }
     add(section.title);

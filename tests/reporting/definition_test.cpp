@@ -144,18 +144,18 @@ std::string form(const std::string& box) {
 
 TEST(Definition, TellsTheBoxThatIsWrong) {
   EXPECT_EQ(
-      refusal(form("{ number = 1, caption = \"C\", kind = \"sum\", field = \"A\", width = 1 }")),
-      "Definizione della stampa prova.toml: section 1, riga 1, casella 1: field: numero di campi sbagliato, "
-      "atteso 2 per questo tipo di casella.");
+      refusal(form("{ field = \"CodiceFiscaleAz\", caption = \"C\", width = 1 }")),
+      "Definizione della stampa prova.toml: section 1, riga 1, casella 1: field: valore \"CodiceFiscaleAz\" "
+      "sconosciuto, atteso la colonna di una casella di questa parte del modello.");
   EXPECT_EQ(
-      refusal(form("{ width = 1 }, { number = 1, caption = \"C\", kind = \"text\", field = \"A\", width = 1, "
+      refusal(form("{ width = 1 }, { field = \"Codice\", caption = \"C\", width = 1, "
                    "years = \"2015-2016\" }")),
       "Definizione della stampa prova.toml: section 1, riga 1, casella 2: years: valore \"2015-2016\" non "
       "ammesso, atteso anni come \"2015\", \"2015-\" o \"-2016\".");
   EXPECT_EQ(refusal(form("7")),
             "Definizione della stampa prova.toml: section 1: rows: tipo sbagliato, atteso righe di caselle, "
             "come [ [ { "
-            "number = 1, ... } ] ].");
+            "field = ..., width = 1 } ] ].");
 }
 
 TEST(Definition, IsRefusedInOneLineWhateverItHolds) {

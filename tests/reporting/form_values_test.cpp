@@ -27,14 +27,13 @@ const ReportDefinition& form() {
 template <class Values>
 Boxes filled(FormPart part, int year, const Values& values, const std::string& section = "") {
   Boxes result;
-  for (const FormSection& each : form().sections) {
-    if (each.part != part || !each.years.contains(layoutYear(year))) continue;
-    if (!section.empty() && each.title != section) continue;
+  for (const LaidSection& each : layOut(form(), part, year)) {
+    if (!section.empty() && each.section->title != section) continue;
     for (const auto& row : each.rows) {
-      for (const FormBox& box : row) {
-        if (box.number.empty() || !box.years.contains(layoutYear(year))) continue;
+      for (const LaidBox& box : row) {
+        if (box.main == nullptr) continue;
         const BoxValue value = values.of(box);
-        if (!value.text.isEmpty()) result[std::stoi(box.number)] = value.text.toStdString();
+        if (!value.text.isEmpty()) result[box.main->numero] = value.text.toStdString();
       }
     }
   }
