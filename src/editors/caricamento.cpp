@@ -1,5 +1,7 @@
 // A row comes into the editor.
 
+#include <algorithm>
+
 #include "editors/editor_compenso.h"
 #include "host/frontend.h"
 #include "host/text.h"
@@ -9,6 +11,12 @@ namespace cu {
 
 std::unique_ptr<Editor> fnCreaEditor(std::int32_t anno, const AmbienteEditor& ambiente) {
   return std::make_unique<EditorCompenso>(modello::annoDisposizione(anno), ambiente);
+}
+
+bool fnAnnullaNelDialogo(std::int32_t anno) {
+  return std::any_of(kDisposizioni.begin(), kDisposizioni.end(), [anno](const Disposizione& disposizione) {
+    return disposizione.immagine && disposizione.anni.comprende(anno);
+  });
 }
 
 void EditorCompenso::setRecordset(cu::Recordset& righe) {

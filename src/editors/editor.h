@@ -37,7 +37,11 @@ class Editor : public Form {
   Event onConfirm;
 };
 
-// The editor of the layout of an income year: 2014, 2015, and one for every other year.
+// The editor of a tax year, in the layout that its form has.
 std::unique_ptr<Editor> fnCreaEditor(std::int32_t anno, const AmbienteEditor& ambiente);
+
+// Whether an annulment of the year is finished by its additional data alone, without the editor. A year
+// before the first form is shown in the newest layout, and yet its annulment opens the editor.
+bool fnAnnullaNelDialogo(std::int32_t anno);
 
 }  // namespace cu

@@ -1,6 +1,7 @@
 // The selection filters of the first step: lists, selectors, the filter text, the rebuild of the accounts.
 
 #include "host/text.h"
+#include "modello/modello.h"
 #include "shell/context/testi_programma.h"
 #include "shell/frm_wizard.h"
 
@@ -41,9 +42,11 @@ void FrmWizard::sbInitWizard() {
   txtPercorsoCU.setText(sPercorsoCU);
 }
 
-std::string FrmWizard::fnOrigineAnni(bool dal2014) const {
+// The years of the accounts, or of those alone that have a form of their own or a newer one.
+std::string FrmWizard::fnOrigineAnni(bool conModulo) const {
   return "SELECT DISTINCT ContoIndividuale.Anno From ContoIndividuale WHERE IDAzienda = " +
-         fromInteger(globali_.gSessione->IDAzienda()) + (dal2014 ? " AND Anno >= 2014" : "") +
+         fromInteger(globali_.gSessione->IDAzienda()) +
+         (conModulo ? " AND Anno >= " + fromInteger(modello::kModello.noti.primo) : std::string()) +
          " ORDER BY Anno DESC";
 }
 

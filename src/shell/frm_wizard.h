@@ -139,7 +139,7 @@ class FrmWizard : public Form {
 
   // The selection filters.
   void associaElenchi();
-  std::string fnOrigineAnni(bool dal2014) const;
+  std::string fnOrigineAnni(bool conModulo) const;
   void sbCreaFiltroStampa();
   void segnalaEstremi();  // bounds that are no row of their table
   void ricostruisciConti(const Filtri& scelti);

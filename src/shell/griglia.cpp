@@ -57,7 +57,7 @@ void FrmWizard::sbModificaCompenso() {
     editor->setRecordset(righe);
     editor->onConfirm = [this] { compensi_.sbAggiornaRiga(); };
     if (tipoComunicazione() != 0) editor->setTipoComunicazione(tipoComunicazione());
-    if (optTipoComunicazione[1].value() && anno >= 2015) {
+    if (optTipoComunicazione[1].value() && fnAnnullaNelDialogo(anno)) {
       editor->load();
       editor->ApriDatiAggiuntivi();
     } else {

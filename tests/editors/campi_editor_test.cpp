@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "editors/disposizione.h"
+#include "editors/editor.h"
 #include "editors/tavole.h"
 #include "modello/forma_2031.h"
 
@@ -92,6 +93,11 @@ TEST(Layouts, EveryKnownYearHasOne) {
               1)
         << anno;
   }
+}
+
+TEST(Layouts, AnAnnulmentIsFinishedInTheDialogSinceTheSecondForm) {
+  for (const int anno : {2015, 2016, 2017, 2018}) EXPECT_TRUE(fnAnnullaNelDialogo(anno)) << anno;
+  for (const int anno : {0, 2013, 2014}) EXPECT_FALSE(fnAnnullaNelDialogo(anno)) << anno;
 }
 
 // What the build refuses.
