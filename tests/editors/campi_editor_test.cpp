@@ -50,7 +50,8 @@ class Fields : public testing::TestWithParam<int> {
       if (trovato == campi.end()) continue;
       ++attesi;
       EXPECT_EQ(trovato->genere, genere(atteso.tipo)) << atteso.controllo;
-      if (GetParam() != 2014) EXPECT_EQ(numeroScritto(*trovato), atteso.campo) << atteso.controllo;
+      if (GetParam() == 2014) continue;
+      EXPECT_EQ(numeroScritto(*trovato), atteso.campo) << atteso.controllo;
     }
     const auto conControllo = std::count_if(
         campi.begin(), campi.end(), [](const CampoEditor& campo) { return !campo.controllo.empty(); });
