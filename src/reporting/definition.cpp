@@ -38,22 +38,17 @@ bool isYear(std::string_view text) {
 std::int32_t yearOf(std::string_view text) { return static_cast<std::int32_t>(leadingInteger(text)); }
 
 // "2015", "2015-", "-2016".
-Years readYears(const DefinitionReader& reader) {
-  if (!reader.has("years")) return {};
+modello::Anni readYears(const DefinitionReader& reader) {
+  if (!reader.has("years")) return modello::kTutti;
   const std::string text = reader.text("years");
   const std::size_t dash = text.find('-');
-  if (dash == std::string::npos && isYear(text)) return {yearOf(text), yearOf(text)};
-  Years years;
-  if (dash == 4 && text.size() == 5 && isYear(text.substr(0, 4))) {
-    years.first = yearOf(text);
-    return years;
-  }
+  if (dash == std::string::npos && isYear(text)) return modello::nel(yearOf(text));
+  if (dash == 4 && text.size() == 5 && isYear(text.substr(0, 4))) return modello::dal(yearOf(text));
   if (dash != 0 || !isYear(text.substr(1))) {
     reader.refuse("years", "valore \"" + text + "\" non ammesso",
                   "anni come \"2015\", \"2015-\" o \"-2016\"");
   }
-  years.last = yearOf(text.substr(1));
-  return years;
+  return modello::finoAl(yearOf(text.substr(1)));
 }
 
 ReportColumn readColumn(const DefinitionReader& reader) {

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "modello/anni.h"
 
 namespace cu::reporting {
 
@@ -59,18 +60,12 @@ struct SelectionWords {
   std::string range;
 };
 
-struct Years {
-  std::int32_t first = std::numeric_limits<std::int32_t>::min();
-  std::int32_t last = std::numeric_limits<std::int32_t>::max();
-  bool contains(std::int32_t year) const { return year >= first && year <= last; }
-};
-
 // A box of the ministerial form by its column; what stands in it, and in which years it is there at all, the
 // form itself says (modello).
 struct FormBox {
   std::string field;  // its column in the main module; empty for a space between boxes
   std::string caption;
-  Years years;  // where its place depends on the layout of a year
+  modello::Anni years;  // where its place depends on the layout of a year
   double width = 1;
 };
 
@@ -79,7 +74,7 @@ enum class FormPart { Identity, Amounts };
 struct FormSection {
   FormPart part = FormPart::Amounts;
   std::string title;
-  Years years;  // as of a box; a section none of whose boxes is in a year's form is not there either
+  modello::Anni years;  // as of a box; a section none of whose boxes is in a year's form is not there either
   std::vector<std::vector<FormBox>> rows;
 };
 

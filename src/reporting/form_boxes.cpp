@@ -26,12 +26,12 @@ std::vector<LaidSection> layOut(const ReportDefinition& definition, FormPart par
   const std::int32_t layout = modello::annoDisposizione(year, form);
   std::vector<LaidSection> sections;
   for (const FormSection& section : definition.sections) {
-    if (section.part != part || !section.years.contains(layout)) continue;
+    if (section.part != part || !section.years.comprende(layout)) continue;
     LaidSection laid{&section, {}};
     for (const std::vector<FormBox>& row : section.rows) {
       std::vector<LaidBox> boxes;
       for (const FormBox& box : row) {
-        if (!box.years.contains(layout)) continue;
+        if (!box.years.comprende(layout)) continue;
         if (box.field.empty()) {
           boxes.push_back({&box});
           continue;
