@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <span>
 #include <string>
 #include <string_view>
@@ -42,36 +45,36 @@ struct CampoIntestazione : ControlloIntestazione {
 };
 std::vector<CampoIntestazione> campiIntestazione(const modello::Modello& modello, std::int32_t anno);
 
-// Whether a page has a control for each column of the form that a person can change, and no other: in no year
-// may two boxes keep the same one.
+// Whether a page has a control for each column of the form that a person can change, and no other, and no two
+// boxes of a year keep the same one.
 constexpr bool concorda(const modello::Modello& modello, std::span<const ControlloCampo> controlli,
                         Pagina pagina) {
-  const bool primo = pagina == Pagina::Modulo1;
+  const auto daModificare = [&](const modello::Campo& campo) {
+    return record(campo.quadro) == modello::Record::H && campo.riscrittura != modello::Riscrittura::No &&
+           inModulo(campo, pagina == Pagina::Modulo1);
+  };
   const auto conControllo = [&](std::string_view nome) {
-    for (const ControlloCampo& controllo : controlli) {
-      if (controllo.colonna == nome) return true;
-    }
-    return false;
+    return std::any_of(controlli.begin(), controlli.end(),
+                       [nome](const ControlloCampo& controllo) { return controllo.colonna == nome; });
   };
   for (const ControlloCampo& controllo : controlli) {
-    bool trovato = false;
-    for (std::int32_t anno = modello.noti.primo; anno <= modello.noti.ultimo; ++anno) {
-      const modello::Trovato qui = trova(modello, modello::Record::H, controllo.colonna, anno, primo);
-      trovato = trovato || (qui.campo != nullptr && qui.campo->riscrittura != modello::Riscrittura::No);
+    modello::Anni viste[4];
+    std::size_t quante = 0;
+    for (const modello::Campo& campo : modello.campi) {
+      if (!tiene(campo, controllo.colonna) || !daModificare(campo)) continue;
+      for (std::size_t i = 0; i < quante; ++i) {
+        if (siToccano(viste[i], campo.anni)) return false;
+      }
+      if (quante == std::size(viste)) return false;
+      viste[quante++] = campo.anni;
     }
-    if (!trovato) return false;
+    if (quante == 0) return false;
   }
   for (const modello::Campo& campo : modello.campi) {
-    if (record(campo.quadro) != modello::Record::H || campo.riscrittura == modello::Riscrittura::No ||
-        !inModulo(campo, primo)) {
-      continue;
-    }
+    if (!daModificare(campo)) continue;
     // A choice is shown by its id; the text beside it follows.
-    const modello::ColonneDiCampo colonne(campo);
-    for (const modello::Colonna& colonna : colonne) {
-      const bool segue = !campo.elenco.empty() && colonna.nome != campo.elenco;
-      if (!segue && !conControllo(colonna.nome)) return false;
-    }
+    if (!conControllo(campo.elenco.empty() ? campo.colonna : campo.elenco)) return false;
+    if (campo.forma == modello::Forma::Somma && !conControllo(campo.altre[0])) return false;
   }
   return true;
 }

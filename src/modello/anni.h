@@ -13,6 +13,8 @@ struct Anni {
   constexpr bool comprende(std::int64_t anno) const { return anno >= primo && anno <= ultimo; }
 };
 
+constexpr bool siToccano(const Anni& a, const Anni& b) { return a.primo <= b.ultimo && b.primo <= a.ultimo; }
+
 inline constexpr Anni kTutti = {};
 constexpr Anni nel(std::int32_t anno) { return {anno, anno}; }
 constexpr Anni dal(std::int32_t anno) { return {.primo = anno}; }

@@ -185,4 +185,11 @@ class ColonneDiCampo {
   std::size_t quante_ = 0;
 };
 
+// Whether a person's entry of the box is kept in the column.
+constexpr bool tiene(const Campo& campo, std::string_view colonna) {
+  if (colonna.empty()) return false;
+  return campo.colonna == colonna || campo.elenco == colonna ||
+         (campo.forma == Forma::Somma && campo.altre[0] == colonna);
+}
+
 }  // namespace cu::modello

@@ -4,37 +4,34 @@
 
 namespace cu::modello {
 
-// In one year and module no box stands twice and codes grow, so that the order of the rows is that of the
-// cells.
-constexpr bool inOrdine(const Modello& modello, std::int32_t anno, bool primoModulo) {
-  const Campo* ultimo = nullptr;
-  for (const Campo& campo : modello.campi) {
-    if (!vale(campo, anno, primoModulo)) continue;
-    if (campo.numero < 0 || campo.numero > 999) return false;
-    if (ultimo != nullptr && codice(campo) <= codice(*ultimo) &&
-        record(campo.quadro) == record(ultimo->quadro)) {
-      return false;
-    }
-    ultimo = &campo;
-  }
-  return true;
+// Whether some year and module of a record has both boxes.
+constexpr bool insieme(const Campo& a, const Campo& b) {
+  const bool moduli = a.moduli == b.moduli || a.moduli == Moduli::Ogni || b.moduli == Moduli::Ogni;
+  return moduli && record(a.quadro) == record(b.quadro) && siToccano(a.anni, b.anni);
 }
 
-// What every form must be: ordered in each year, also beside the known ones, with one way of writing back for
-// each column and a code for each year.
+// What every form must be. Of two boxes that stand together the second has the greater number, or is of a
+// later part: so no number stands twice, and the order of the rows is that of the cells. A column is written
+// back in one way. Each year has a code of sums not subject to withholding, also beside the known years.
 constexpr bool coerente(const Modello& modello) {
-  for (std::int32_t anno = modello.noti.primo - 2; anno <= modello.noti.ultimo + 2; ++anno) {
-    if (!inOrdine(modello, anno, true) || !inOrdine(modello, anno, false)) return false;
-    if (codiceNonSoggetti(anno, modello).empty()) return false;
-  }
-  for (const Campo& campo : modello.campi) {
-    for (const Campo& altro : modello.campi) {
-      if (campo.colonna == altro.colonna && inModulo(campo, true) && inModulo(altro, true) &&
-          campo.riscrittura != altro.riscrittura) {
+  for (const Campo* primo = modello.campi.data(); primo != modello.campi.data() + modello.campi.size();
+       ++primo) {
+    if (primo->numero < 0 || primo->numero > 999) return false;
+    for (const Campo* altro = modello.campi.data(); altro != primo; ++altro) {
+      if (insieme(*altro, *primo) && (altro->quadro > primo->quadro ||
+                                      (altro->quadro == primo->quadro && altro->numero >= primo->numero))) {
+        return false;
+      }
+      if (altro->riscrittura != primo->riscrittura && inModulo(*altro, true) && inModulo(*primo, true) &&
+          altro->colonna == primo->colonna) {
         return false;
       }
     }
   }
+  for (std::int32_t anno = modello.noti.primo - 2; anno <= modello.noti.ultimo + 2; ++anno) {
+    if (codiceNonSoggetti(anno, modello).empty()) return false;
+  }
   return true;
 }
+
 }  // namespace cu::modello

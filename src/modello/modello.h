@@ -56,27 +56,29 @@ struct Trovato {
   Colonna colonna;
 };
 
+constexpr Trovato trovatoIn(const Campo& campo, std::string_view colonna) {
+  for (const Colonna& sua : ColonneDiCampo(campo)) {
+    if (sua.nome == colonna) return {&campo, sua};
+  }
+  return {};
+}
+
 // In a record's boxes of one year and module no column may be asked for that two of them keep.
 constexpr Trovato trova(const Modello& modello, Record dove, std::string_view colonna, std::int32_t anno,
                         bool primoModulo) {
   Trovato trovato;
   for (const Campo& campo : modello.campi) {
-    if (record(campo.quadro) != dove || !vale(campo, anno, primoModulo)) continue;
-    for (const Colonna& sua : ColonneDiCampo(campo)) {
-      if (sua.nome != colonna) continue;
-      if (trovato.campo != nullptr) throw std::logic_error("two boxes keep the column");
-      trovato = {&campo, sua};
-    }
+    if (record(campo.quadro) != dove || !vale(campo, anno, primoModulo) || !tiene(campo, colonna)) continue;
+    if (trovato.campo != nullptr) throw std::logic_error("two boxes keep the column");
+    trovato = trovatoIn(campo, colonna);
   }
   return trovato;
 }
 
-// What a column holds in any year and module of a record; nothing known of it means no box.
+// What a column holds in whatever year and module.
 constexpr Trovato trova(const Modello& modello, std::string_view colonna) {
   for (const Campo& campo : modello.campi) {
-    for (const Colonna& sua : ColonneDiCampo(campo)) {
-      if (sua.nome == colonna) return {&campo, sua};
-    }
+    if (tiene(campo, colonna)) return trovatoIn(campo, colonna);
   }
   return {};
 }

@@ -142,7 +142,7 @@ TEST_F(Agreement, HasAColumnThatTwoBoxesOfAYearKeep) {
   doppi.push_back(doppi.back());
   doppi.back().numero = 150;
   const modello::Modello doppio = {doppi, kModello.noti, kModello.codiciNonSoggetti};
-  EXPECT_THROW(concorda(doppio, campi_, Pagina::Modulo1), std::logic_error);
+  EXPECT_FALSE(concorda(doppio, campi_, Pagina::Modulo1));
 }
 
 // The new year's box has a control as soon as the table of controls has one; the box that went is there until

@@ -43,6 +43,15 @@ TEST(Anni, HoldTheirFirstAndTheirLastYear) {
   EXPECT_TRUE(kTutti.comprende(0));
 }
 
+TEST(Anni, TouchWhereAYearIsInBoth) {
+  EXPECT_TRUE(siToccano(nel(2015), dal(2015)));
+  EXPECT_TRUE(siToccano(finoAl(2015), dal(2015)));
+  EXPECT_TRUE(siToccano(kTutti, nel(2015)));
+  EXPECT_FALSE(siToccano(finoAl(2014), dal(2015)));
+  EXPECT_FALSE(siToccano(dal(2015), finoAl(2014)));
+  EXPECT_FALSE(siToccano(nel(2014), nel(2015)));
+}
+
 TEST(Campo, HasACodeOfItsPartAndItsNumber) {
   EXPECT_EQ(testo(codice(campo(Quadro::Azienda, 8, "TelefonoAz", Forma::Telefono))), "DA001008");
   EXPECT_EQ(testo(codice(campo(Quadro::Percipiente, 44, "X", Forma::Testo))), "DA002044");
@@ -108,6 +117,20 @@ TEST(Campo, KeepsAChoiceAsItsIdAndItsText) {
   scelta.elenco = "IDCodice";
   EXPECT_THAT(colonne(scelta),
               ElementsAre(Piatta("IDCodice", Genere::Elenco, '\0'), Piatta("Codice", Genere::Testo, '\0')));
+}
+
+TEST(Campo, KeepsWhatItsColumnsAre) {
+  Campo scelta = campo(Quadro::Autonomo, 6, "Codice", Forma::CodiceNonSoggetti);
+  scelta.elenco = "IDCodice";
+  scelta.altre = {"Somme"};
+  EXPECT_TRUE(tiene(scelta, "Codice"));
+  EXPECT_TRUE(tiene(scelta, "IDCodice"));
+  EXPECT_FALSE(tiene(scelta, "Somme"));
+  EXPECT_FALSE(tiene(scelta, ""));
+  Campo somma = campo(Quadro::Autonomo, 7, "X", Forma::Somma);
+  somma.altre = {"Y"};
+  EXPECT_TRUE(tiene(somma, "Y"));
+  EXPECT_FALSE(tiene(somma, ""));
 }
 
 }  // namespace
