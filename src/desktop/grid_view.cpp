@@ -39,7 +39,7 @@ GridTable::GridTable(GridView& view, QWidget* parent) : QTableView(parent), view
 }
 
 void GridTable::setCurrent(int row) {
-  if (currentIndex().row() == row && (row < 0 || selectionModel()->isRowSelected(row))) return;
+  if (currentIndex().row() == row) return;
   setting_ = true;
   if (row < 0) {
     setCurrentIndex({});
@@ -138,7 +138,9 @@ void GridTable::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Space) return;
   QTableView::keyPressEvent(event);
   // The toolkit highlights the row that the key leads to even where the move was refused.
-  view_.afterEvent();
+  const QModelIndex current = currentIndex();
+  if (!current.isValid() || selectionModel()->isRowSelected(current.row())) return;
+  selectionModel()->select(current, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 GridView::GridView(FormWindow& window, Grid& grid, QWidget* parent)

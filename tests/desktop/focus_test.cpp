@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QTableView>
 #include <QTest>
 
 #include "desktop/agreement_support.h"
@@ -282,6 +283,46 @@ TEST_F(EnterKey, AsksNothingOnceTheModuleIsSaved) {
     EXPECT_GE(modules->rowCount(), 1U) << "the next Enter deletes nothing";
     screen.click("cmdOk");
     EXPECT_EQ(screen.top(), &screen.window());
+  });
+}
+
+// By the mouse and by the keyboard.
+TEST_F(EnterKey, AnotherRowIsNotChosenOverAModuleThatIsNotSaved) {
+  screen.inEditor("2016", [&] {
+    screen.click("cmdAltriModuli");
+    for (int i = 0; i < 2; ++i) {
+      screen.click("cmdNew");
+      screen.type("curField(18)", "1");
+      screen.click("cmdSave");
+    }
+    auto& table = *screen.find<QTableView>("grdAltriModuli");
+    const auto& modules = dynamic_cast<const Grid&>(*screen.top()->form().find("grdAltriModuli"));
+    const std::size_t last = modules.rowCount();
+    ASSERT_GE(last, 2U);
+    ASSERT_EQ(modules.row(), last);
+    const QPoint other = table.visualRect(table.model()->index(static_cast<int>(last) - 2, 0)).center();
+    const auto press = [&] { QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, other); };
+    const auto goUp = [&] {
+      table.setFocus();
+      screen.key(Qt::Key_Up);
+    };
+    for (const std::function<void()>& leave : {std::function<void()>(press), std::function<void()>(goUp)}) {
+      screen.type("curField(18)", "9");
+      screen.whenModal([](QWidget& modal) { pressButton(modal, "Resta"); });
+      leave();
+      EXPECT_TRUE(screen.allAnswered());
+      EXPECT_EQ(modules.row(), last);
+      EXPECT_EQ(disagreements(*screen.top()), "");
+      EXPECT_EQ(table.selectionModel()->selectedRows().value(0).row(), static_cast<int>(last) - 1);
+      EXPECT_EQ(screen.find<QLineEdit>("curField(18)")->text().left(1), QStringLiteral("9"));
+    }
+    screen.whenModal([](QWidget& modal) { pressButton(modal, "Prosegui senza salvare"); });
+    press();
+    EXPECT_EQ(modules.row(), last - 1);
+    EXPECT_EQ(disagreements(*screen.top()), "");
+    press();
+    screen.click("cmdOk");
+    EXPECT_EQ(screen.top(), &screen.window()) << "nothing is left to be asked";
   });
 }
 

@@ -207,7 +207,9 @@ void Leaving::leaveToField(const Place& place, const std::string& field, const s
         EXPECT_EQ(together.front().focus(), &control(to));
       },
       [this, to] {
-        return after({{"do", "focus"}, {"on", together.named(to)}});
+        // A click on a check changes it.
+        const bool check = dynamic_cast<const Check*>(&control(to)) != nullptr;
+        return after({{"do", check ? "click" : "focus"}, {"on", together.named(to)}});
       });
 }
 

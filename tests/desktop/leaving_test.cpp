@@ -58,6 +58,25 @@ TEST_F(AccountFields, OfTheFirstStep) {
   EXPECT_GE(visited, 7U);
 }
 
+TEST_F(AccountFields, OfThePrintOptions) {
+  Place options;
+  options.enter = [this] {
+    together.then([this] {
+      if (together.front().name() != "frmWizard") return;
+      click("cmdOpzioni");
+      click("chkPrintInter");
+    });
+  };
+  options.other = "txtInter";
+  options.another = "ChkNewPage";
+  options.button = "cmdOk";
+  options.back = options.enter;
+  walk(options);
+  closeForms();
+  together.run();
+  EXPECT_EQ(visited, 3U);
+}
+
 TEST_F(WizardFields, OfTheLastStep) {
   toTelematicFile();
   for (const char* button : {"cmdNav(3)", "cmdNav(3)", "chkIntermediari"}) click(button);
