@@ -20,6 +20,10 @@ else()
     # GCC 12 sees overlaps in std::string that are not there (GCC bug 105651).
     target_compile_options(house_options INTERFACE -Wno-restrict)
   endif()
+  if(CU_BUILT_ONCE)
+    # A name of one file may hide that of another file of the room.
+    target_compile_options(house_options INTERFACE -Wno-shadow)
+  endif()
   if(CU_SANITIZE)
     target_compile_options(house_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                    -fno-omit-frame-pointer)
@@ -48,6 +52,14 @@ function(cu_measured target)
   add_dependencies(${target} ${measured_rooms})
 endfunction()
 
+# Headers are most of what is compiled: a room in one piece reads them once. A change then compiles all of it, so
+# this is for trees that are built once.
+function(cu_in_one_piece target)
+  if(CU_BUILT_ONCE)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+  endif()
+endfunction()
+
 # cu_room(name PATH folder-below-src [LINKS rooms...] [PRIVATE libraries...])
 # Sources are all *.cpp directly in the folder; a room without sources is header-only.
 function(cu_room name)
@@ -62,6 +74,7 @@ function(cu_room name)
     add_library(${name} STATIC ${sources})
     target_include_directories(${name} PUBLIC ${root})
     target_link_libraries(${name} PUBLIC ${ROOM_LINKS} PRIVATE house_options ${ROOM_PRIVATE})
+    cu_in_one_piece(${name})
     if(CU_COVERAGE AND name IN_LIST measured_rooms)
       target_compile_options(${name} PRIVATE --coverage -O0)
       target_link_options(${name} INTERFACE --coverage)
@@ -89,6 +102,7 @@ function(cu_program name)
   cmake_parse_arguments(P "" "" "LINKS;SOURCES" ${ARGN})
   add_executable(${name} ${P_SOURCES})
   target_link_libraries(${name} PRIVATE house_options ${P_LINKS})
+  cu_in_one_piece(${name})
   cu_measured(${name})
 endfunction()
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kWide = 216;
 constexpr int kNarrow = 52;
-constexpr int kMargin = 14;
+constexpr int kBandMargin = 14;
 constexpr int kDisc = 26;
 
 // The mark in front of it stands for a line of the list.
@@ -35,7 +35,7 @@ class BandPainter : public QWidget {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(rect(), look::bandColor());
-    int top = 2 * kMargin;
+    int top = 2 * kBandMargin;
     int number = 1;
     for (const SideBand::Item& item : band_.items()) {
       top = paintItem(painter, item, number, top);
@@ -47,7 +47,7 @@ class BandPainter : public QWidget {
   int paintItem(QPainter& painter, const SideBand::Item& item, int number, int top) {
     const bool present = number == band_.selected();
     const QColor ink = look::bandInk();
-    const QRect disc(narrow_ ? (kNarrow - kDisc) / 2 : kMargin, top, kDisc, kDisc);
+    const QRect disc(narrow_ ? (kNarrow - kDisc) / 2 : kBandMargin, top, kDisc, kDisc);
     painter.setPen(QPen(ink, 1.5));
     painter.setBrush(present ? QBrush(ink) : Qt::NoBrush);
     painter.drawEllipse(disc);
@@ -56,11 +56,11 @@ class BandPainter : public QWidget {
     font.setBold(present);
     painter.setFont(font);
     painter.drawText(disc, Qt::AlignCenter, QString::number(number));
-    if (narrow_) return top + kDisc + kMargin;
+    if (narrow_) return top + kDisc + kBandMargin;
 
     painter.setPen(ink);
     const QString title = titleOf(item);
-    const QRect room(disc.right() + 10, top - 2, width() - disc.right() - 10 - kMargin, 1000);
+    const QRect room(disc.right() + 10, top - 2, width() - disc.right() - 10 - kBandMargin, 1000);
     QRect used;
     painter.drawText(room, Qt::TextWordWrap, title, &used);
     font.setBold(false);
@@ -71,7 +71,7 @@ class BandPainter : public QWidget {
     QRect usedBelow;
     painter.drawText(room.adjusted(0, used.height() + 1, 0, 0), Qt::TextWordWrap, shown(item.description),
                      &usedBelow);
-    return std::max(disc.bottom(), usedBelow.bottom()) + 2 * kMargin;
+    return std::max(disc.bottom(), usedBelow.bottom()) + 2 * kBandMargin;
   }
 
   const SideBand& band_;
