@@ -106,11 +106,16 @@ function(cu_program name)
   cu_measured(${name})
 endfunction()
 
-# cu_tests(name LINKS rooms... [LABEL fast|slow|system] [SUPPORT files...] [...])
+# cu_tests(name LINKS rooms... [LABEL fast|slow|system] [LOCK name] [ENVIRONMENT NAME=value...]
+#          [SUPPORT files...] [...])
 # One test program of all *_test.cpp of the calling folder, with what supports them there and in SUPPORT; each
 # file is noted as claimed.
+#
+# CTest knows each test by its own name, labelled single, so that one can be run alone (ctest -R). Thousands of
+# processes take minutes where a few take seconds: in the configuration Programs the whole program is a test too,
+# with its LABEL, and ./test runs those. Single tests with the same LOCK never run at the same time.
 function(cu_tests name)
-  cmake_parse_arguments(T "" "LABEL;TIMEOUT" "LINKS;DEFINES;SUPPORT" ${ARGN})
+  cmake_parse_arguments(T "" "LABEL;TIMEOUT;LOCK" "LINKS;DEFINES;SUPPORT;ENVIRONMENT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *_test.cpp)
   if(NOT sources)
     return()
@@ -129,8 +134,27 @@ function(cu_tests name)
   target_compile_definitions(${name} PRIVATE ${T_DEFINES})
   target_link_libraries(${name} PRIVATE house_options ${T_LINKS} GTest::gmock GTest::gtest_main)
   cu_measured(${name})
-  # The tests' own code need not be fast, and compiles in little more than half the time.
-  target_compile_options(${name} PRIVATE $<$<AND:$<CONFIG:Release,RelWithDebInfo>,$<CXX_COMPILER_ID:GNU>>:-O0>)
-  add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES LABELS ${T_LABEL} TIMEOUT ${T_TIMEOUT})
+  # The tests' own code need not be fast, and compiles in little more than half the time; a quarter less again
+  # without its lines under the sanitizers, as a failed expectation names its own.
+  target_compile_options(
+    ${name} PRIVATE $<$<AND:$<CONFIG:Release,RelWithDebInfo>,$<CXX_COMPILER_ID:GNU>>:-O0>
+                    $<$<AND:$<CONFIG:RelWithDebInfo>,$<CXX_COMPILER_ID:GNU>>:-g0>)
+
+  set(properties TIMEOUT ${T_TIMEOUT})
+  if(T_ENVIRONMENT)
+    list(APPEND properties ENVIRONMENT "${T_ENVIRONMENT}")
+  endif()
+  set(lock "")
+  if(T_LOCK)
+    set(lock RESOURCE_LOCK ${T_LOCK})
+  endif()
+  add_test(NAME ${name} COMMAND ${name} CONFIGURATIONS Programs)
+  set_tests_properties(${name} PROPERTIES LABELS ${T_LABEL} ${properties})
+  # The names are read when CTest runs, not with every build.
+  gtest_discover_tests(
+    ${name}
+    NO_PRETTY_TYPES NO_PRETTY_VALUES
+    DISCOVERY_MODE PRE_TEST
+    DISCOVERY_TIMEOUT 60
+    PROPERTIES LABELS single ${properties} ${lock})
 endfunction()
