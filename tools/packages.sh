@@ -7,9 +7,10 @@ packages=(
   qt6-base-dev qt6-translations-l10n libxlsxwriter-dev fonts-dejavu-core
   libpoppler-qt6-dev pkg-config
 )
-test_packages=(libgtest-dev libgmock-dev libssl-dev python3 postgresql odbc-postgresql poppler-utils cppcheck)
+test_packages=(libgtest-dev libgmock-dev libssl-dev python3 clang-tidy postgresql odbc-postgresql poppler-utils cppcheck)
 fuzz_packages=(clang libclang-rt-14-dev)
 coverage_packages=(gcovr)
+format_packages=(clang-format)
 guide_packages=(xvfb xdotool imagemagick)
 
 # install_missing PACKAGE...: as root, or through sudo.

@@ -1,0 +1,114 @@
+#!/usr/bin/env python3
+"""clang-tidy over all of src/:  tools/tidy.py BUILD [FOLDER-OF-SRC...]
+
+BUILD is a configured build folder with compile_commands.json. Most of clang-tidy's time goes into the headers of
+libraries, which it checks with each file. So the files of a folder are joined and checked as one, and what is
+found is told with its own file and line. Ends with 1 where anything is found.
+"""
+
+import bisect
+import concurrent.futures
+import json
+import os
+import pathlib
+import re
+import shlex
+import subprocess
+import sys
+import tempfile
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+LONGEST = 1500  # lines that are checked in one go, so that every processor has work to the end
+
+
+class Part:
+    """Some files of a folder, joined."""
+
+    def __init__(self, flags):
+        self.flags = flags
+        self.text = ""
+        self.starts = []  # the first line of each file
+        self.files = []
+
+    def lines(self):
+        return self.text.count("\n")
+
+    def add(self, file):
+        self.starts.append(self.lines() + 1)
+        self.files.append(file)
+        self.text += file.read_text(encoding="utf-8")
+
+    def place(self, line):
+        at = bisect.bisect_right(self.starts, line) - 1
+        return self.files[at].relative_to(ROOT), line - self.starts[at] + 1
+
+
+def flags_of(command):
+    """What a compiler is told, without launcher, compiler, file and output."""
+    words = shlex.split(command)
+    start = next(i for i, word in enumerate(words) if word.startswith("-"))
+    flags = []
+    rest = iter(words[start:])
+    for word in rest:
+        if word in ("-o", "-c", "-MF", "-MT"):
+            next(rest)
+        elif word != "-MD":
+            flags.append(word)
+    return flags
+
+
+def parts_of(build, wanted):
+    parts = {}
+    for entry in sorted(json.loads((build / "compile_commands.json").read_text()), key=lambda e: e["file"]):
+        file = pathlib.Path(entry["file"])
+        if not file.is_relative_to(ROOT / "src"):
+            continue
+        folder = file.parent.relative_to(ROOT / "src")
+        if wanted and str(folder) not in wanted:
+            continue
+        flags = flags_of(entry["command"])
+        of_folder = parts.setdefault((folder, *flags), [])
+        if not of_folder or of_folder[-1].lines() > LONGEST:
+            of_folder.append(Part(flags))
+        of_folder[-1].add(file)
+    return sorted((part for each in parts.values() for part in each), key=Part.lines, reverse=True)
+
+
+def check(build, part):
+    """What clang-tidy finds, each with its place in src/; not empty where it fails for another reason."""
+    with tempfile.TemporaryDirectory() as folder:
+        joined = pathlib.Path(folder) / "joined.cpp"
+        joined.write_text(part.text, encoding="utf-8")
+        done = subprocess.run(
+            ["clang-tidy", "--quiet", f"--config-file={ROOT / '.clang-tidy'}", "--header-filter=/rooms/",
+             str(joined), "--", *part.flags, "-Wno-unknown-warning-option"],
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, check=False)
+
+        def place(match):
+            file, line = part.place(int(match[1]))
+            return f"{file}:{line}:"
+
+        said = re.sub(re.escape(str(joined)) + r":(\d+):", place, done.stdout)
+        said = re.sub(re.escape(str(build)) + "/rooms/[^/]+/", "src/", said)
+        if done.returncode != 0 and not said:
+            said = f"clang-tidy ends with {done.returncode}: {done.stderr}\n"
+        return [each for each in re.split(r"^(?=\S+:\d+:\d+: error)", said, flags=re.MULTILINE) if each]
+
+
+def main():
+    build = pathlib.Path(sys.argv[1]).resolve()
+    parts = parts_of(build, sys.argv[2:])
+    if not parts:
+        sys.exit(f"{build} compiles nothing of these folders")
+    told = set()  # a header's are found with each folder that includes it
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as workers:
+        for found in workers.map(lambda part: check(build, part), parts):
+            for each in found:
+                if each not in told:
+                    print(each, end="", flush=True)
+                told.add(each)
+    print(f"clang-tidy: {sum(len(part.files) for part in parts)} files,", "see above" if told else "nothing found")
+    sys.exit(1 if told else 0)
+
+
+main()
