@@ -36,6 +36,13 @@ TEST(Traccia, EachTextIsAJsonStringOnALine) {
   EXPECT_EQ(stringaJson(""), "\"\"");
 }
 
+// Where a library of JSON would write the same text in other bytes: short forms of two control characters,
+// and one U+FFFD for all bytes of a torn character.
+TEST(Traccia, ItsBytesAreItsOwn) {
+  EXPECT_EQ(stringaJson("\b\f"), "\"\\u0008\\u000c\"");
+  EXPECT_EQ(stringaJson("\xe2\x82z"), "\"\xEF\xBF\xBD\xEF\xBF\xBDz\"");
+}
+
 TEST(Traccia, ItIsEmptiedAtTheStart) {
   const test::TempFolder cartella;
   cartella.write("t.sql", "vecchio\n");
