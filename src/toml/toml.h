@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
+
 // The TOML library, the same way in every file that includes it.
-#define TOML_HEADER_ONLY 1
+#define TOML_HEADER_ONLY 0
 #define TOML_EXCEPTIONS 0
 #define TOML_ENABLE_UNRELEASED_FEATURES 0
 

@@ -1,0 +1,3 @@
+// The library's parser, compiled here alone.
+#define TOML_IMPLEMENTATION
+#include "toml/toml.h"
