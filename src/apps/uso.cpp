@@ -1,27 +1,97 @@
 #include "uso.h"
 
+#include <algorithm>
 #include <charconv>
+#include <optional>
 
 #include "host/text.h"
 
 namespace cu {
 namespace {
 
-struct Frase {
-  CLI::ExitCodes errore;
-  const char* inglese;   // a piece of the library's sentence
-  const char* italiano;  // what stands for it
-};
+using Opzioni = std::vector<const CLI::Option*>;
 
-constexpr Frase kFrasi[] = {
-    {CLI::ExitCodes::RequiredError, "A subcommand is required", "manca il comando"},
-    {CLI::ExitCodes::RequiredError, " is required", ": manca"},
-    {CLI::ExitCodes::ExtrasError, "The following arguments were not expected: ", "argomenti sconosciuti: "},
-    {CLI::ExitCodes::ExtrasError, "The following argument was not expected: ", "argomento sconosciuto: "},
-    {CLI::ExitCodes::ConversionError, "Could not convert: ", "valore non valido: "},
-    {CLI::ExitCodes::RequiresError, " requires ", " richiede "},
-    {CLI::ExitCodes::ExcludesError, " excludes ", " esclude "},
-};
+Opzioni opzioniDelComando(const CLI::App& programma) {
+  const auto comandi = programma.get_subcommands();
+  const CLI::App& comando = comandi.empty() ? programma : *comandi.front();
+  return comando.get_options();
+}
+
+bool indicata(const CLI::Option* opzione) { return opzione->count() > 0; }
+
+std::optional<std::string> mancante(const Opzioni& opzioni) {
+  for (const CLI::Option* opzione : opzioni) {
+    if (opzione->get_required() && !indicata(opzione)) return opzione->get_name() + ": manca";
+  }
+  return {};
+}
+
+std::optional<std::string> senzaCompagna(const Opzioni& opzioni) {
+  for (const CLI::Option* opzione : opzioni) {
+    for (const CLI::Option* altra : opzione->get_needs()) {
+      if (indicata(opzione) && !indicata(altra))
+        return opzione->get_name() + " richiede " + altra->get_name();
+    }
+  }
+  return {};
+}
+
+std::optional<std::string> inconciliabile(const Opzioni& opzioni) {
+  for (const CLI::Option* opzione : opzioni) {
+    for (const CLI::Option* altra : opzione->get_excludes()) {
+      if (indicata(opzione) && indicata(altra)) return opzione->get_name() + " esclude " + altra->get_name();
+    }
+  }
+  return {};
+}
+
+// The last one first, as the library lists them.
+std::optional<std::string> ignoti(const CLI::App& programma) {
+  std::vector<std::string> parole = programma.remaining();
+  for (const CLI::App* comando : programma.get_subcommands()) {
+    if (parole.empty()) parole = comando->remaining();
+  }
+  if (parole.empty()) return {};
+  std::string testo = parole.size() > 1 ? "argomenti sconosciuti:" : "argomento sconosciuto:";
+  for (auto parola = parole.rbegin(); parola != parole.rend(); ++parola) testo += ' ' + *parola;
+  return testo;
+}
+
+// Of these two errors the library gives no more than a sentence: "...: option = value" and "option: ...".
+std::optional<std::string> nonValido(std::string_view frase) {
+  const std::size_t segno = frase.find(": ");
+  if (segno == std::string_view::npos) return {};
+  return "valore non valido" + std::string(frase.substr(segno));
+}
+
+std::string senzaValore(std::string_view frase, const Opzioni& opzioni) {
+  const std::string nome(frase.substr(0, frase.find(':')));
+  const bool troppi = std::any_of(opzioni.begin(), opzioni.end(), [&nome](const CLI::Option* opzione) {
+    return opzione->get_name() == nome &&
+           opzione->count() > static_cast<std::size_t>(opzione->get_items_expected_max());
+  });
+  return nome + (troppi ? ": indicata più volte" : ": manca il valore");
+}
+
+std::optional<std::string> inItaliano(const CLI::App& programma, const CLI::ParseError& errore) {
+  const Opzioni opzioni = opzioniDelComando(programma);
+  switch (static_cast<CLI::ExitCodes>(errore.get_exit_code())) {
+    case CLI::ExitCodes::RequiredError:
+      return mancante(opzioni).value_or("manca il comando");
+    case CLI::ExitCodes::ExtrasError:
+      return ignoti(programma);
+    case CLI::ExitCodes::RequiresError:
+      return senzaCompagna(opzioni);
+    case CLI::ExitCodes::ExcludesError:
+      return inconciliabile(opzioni);
+    case CLI::ExitCodes::ConversionError:
+      return nonValido(errore.what());
+    case CLI::ExitCodes::ArgumentMismatch:
+      return senzaValore(errore.what(), opzioni);
+    default:
+      return {};
+  }
+}
 
 }  // namespace
 
@@ -47,21 +117,11 @@ CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const st
 std::string erroreUso(const CLI::App& programma, const CLI::ParseError& errore) {
   // What is missing is looked at before what nobody knows, and may be missing because of it.
   const bool manca = errore.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError);
-  if (const auto ignoti = programma.remaining(true); manca && !ignoti.empty()) {
+  if (const auto parole = programma.remaining(true); manca && !parole.empty()) {
     return (programma.get_subcommands().empty() ? "comando sconosciuto: " : "argomento sconosciuto: ") +
-           ignoti.front();
+           parole.front();
   }
-  std::string testo = errore.what();
-  for (const Frase& frase : kFrasi) {
-    const std::size_t dove = testo.find(frase.inglese);
-    if (errore.get_exit_code() != static_cast<int>(frase.errore) || dove == std::string::npos) continue;
-    return testo.replace(dove, std::string_view(frase.inglese).size(), frase.italiano);
-  }
-  if (errore.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch)) {
-    const bool troppi = testo.find("At Most") != std::string::npos;
-    return testo.substr(0, testo.find(':')) + (troppi ? ": indicata più volte" : ": manca il valore");
-  }
-  return testo;
+  return inItaliano(programma, errore).value_or(errore.what());
 }
 
 void rifiutaVuoti(const CLI::App& programma) {
