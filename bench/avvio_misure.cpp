@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "apps/comune/connessioni.h"
-#include "database/archivio.h"
+#include "archive/archivio.h"
 #include "misura.h"
 
 namespace cu::bench {

@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "database/sqlite/parser.h"
-#include "database/sqlite/rewrite.h"
-#include "database/sqlite/stored_catalog.h"
-#include "host/collation.h"
+#include "base/collation.h"
+#include "sqlite/parser.h"
+#include "sqlite/rewrite.h"
+#include "sqlite/stored_catalog.h"
 
 namespace cu::bench {
 

@@ -16,14 +16,14 @@
 #include <string>
 #include <string_view>
 
+#include "archive/archivio.h"
 #include "bare_database.h"
-#include "database/archivio.h"
-#include "database/sqlite/sqlite_connection.h"
-#include "host/form.h"
-#include "host/grid.h"
+#include "controls/form.h"
+#include "controls/grid.h"
 #include "misura.h"
 #include "one_session.h"
 #include "printing/tabella_ricorsione.h"
+#include "sqlite/sqlite_connection.h"
 #include "suite/file_system.h"
 #include "suite/utilita.h"
 #include "support/fake_session.h"

@@ -15,7 +15,7 @@
 
 #include "apps/comune/connessioni.h"
 #include "apps/comune/impianto.h"
-#include "database/archivio.h"
+#include "archive/archivio.h"
 #include "desktop/form_window.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"

@@ -9,9 +9,9 @@
 #include <string_view>
 #include <vector>
 
-#include "host/collation.h"
-#include "host/database.h"
-#include "host/recordset.h"
+#include "base/collation.h"
+#include "data/database.h"
+#include "data/recordset.h"
 #include "misura.h"
 
 namespace cu::bench {

@@ -5,10 +5,10 @@
 #include <memory>
 #include <vector>
 
-#include "database/odbc/api.h"
-#include "database/odbc/handle.h"
-#include "database/odbc/odbc_connection.h"
 #include "misura.h"
+#include "odbc/api.h"
+#include "odbc/handle.h"
+#include "odbc/odbc_connection.h"
 #include "support/postgres_server.h"
 
 namespace cu::bench {

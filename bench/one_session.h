@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "host/database.h"
+#include "data/database.h"
 #include "host/log_grid.h"
 #include "misura.h"
 #include "support/fake_session.h"

@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "archive/archivio.h"
 #include "bare_database.h"
-#include "database/archivio.h"
-#include "database/sqlite/shape.h"
-#include "database/sqlite/sqlite_connection.h"
 #include "misura.h"
+#include "sqlite/shape.h"
+#include "sqlite/sqlite_connection.h"
 #include "telematic/query_cu.h"
 
 namespace cu::bench {

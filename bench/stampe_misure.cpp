@@ -17,13 +17,13 @@
 #include <string>
 #include <vector>
 
-#include "database/archivio.h"
-#include "database/sqlite/sqlite_connection.h"
+#include "archive/archivio.h"
 #include "misura.h"
 #include "reporting/gui_application.h"
 #include "reporting/library.h"
 #include "reporting/pdf_reports.h"
 #include "reporting/print_font.h"
+#include "sqlite/sqlite_connection.h"
 #include "suite/file_system.h"
 #include "support/fixed_clock.h"
 #include "support/scripted_front_end.h"

@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/date.h"
+#include "base/date.h"
 #include "telematic/testo1252.h"
 
 namespace cu::bench {

@@ -10,8 +10,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/text.h"
 #include "host/filesystem.h"
-#include "host/text.h"
 #include "misura.h"
 #include "telematic/catalogo.h"
 #include "telematic/cu_file_seq.h"

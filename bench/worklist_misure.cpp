@@ -8,14 +8,14 @@
 #include <string>
 #include <vector>
 
+#include "archive/archivio.h"
 #include "bare_database.h"
-#include "database/archivio.h"
-#include "database/sqlite/sqlite_connection.h"
+#include "controls/form.h"
+#include "controls/grid.h"
 #include "editors/editor.h"
-#include "host/form.h"
-#include "host/grid.h"
 #include "misura.h"
 #include "one_session.h"
+#include "sqlite/sqlite_connection.h"
 #include "suite/utilita.h"
 #include "support/memory_settings.h"
 #include "support/scripted_front_end.h"

@@ -1,7 +1,7 @@
 # Files carried inside the programs, so that nothing has to be installed beside them.
 #
 # cu_embed(variable OUTPUT name.cpp BASE folder FILES files... [HEADER name.h STRUCT name FUNCTION name])
-# puts the path of a source into the variable: it defines what the header declares (database/risorse.h unless
+# puts the path of a source into the variable: it defines what the header declares (archive/risorse.h unless
 # told otherwise), one entry a file, named by its path below the folder. The source is written again when a
 # file or this script changes.
 
@@ -11,7 +11,7 @@ if(NOT CMAKE_SCRIPT_MODE_FILE)
   function(cu_embed variable)
     cmake_parse_arguments(E "" "OUTPUT;BASE;HEADER;STRUCT;FUNCTION" "FILES" ${ARGN})
     if(NOT E_HEADER)
-      set(E_HEADER database/risorse.h)
+      set(E_HEADER archive/risorse.h)
       set(E_STRUCT RisorsaIncorporata)
       set(E_FUNCTION risorseIncorporate)
     endif()

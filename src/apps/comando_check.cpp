@@ -4,8 +4,8 @@
 
 #include "apps/comune/connessioni.h"
 #include "apps/comune/tavola.h"
+#include "base/text.h"
 #include "comandi.h"
-#include "host/text.h"
 
 namespace cu {
 

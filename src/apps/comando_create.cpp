@@ -4,8 +4,8 @@
 
 #include "apps/comune/argomenti.h"
 #include "apps/comune/connessioni.h"
+#include "archive/archivio.h"
 #include "comandi.h"
-#include "database/archivio.h"
 #include "suite/profilo.h"
 
 namespace cu {

@@ -6,9 +6,9 @@
 #include "apps/comune/riepilogo_file.h"
 #include "apps/comune/tavola.h"
 #include "automation/walker.h"
+#include "base/text.h"
 #include "comandi.h"
 #include "esito.h"
-#include "host/text.h"
 #include "telematic/lettura.h"
 
 namespace cu {

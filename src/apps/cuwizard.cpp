@@ -13,10 +13,10 @@
 #include "apps/avvio/finestra_avvio.h"
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/comune/impianto.h"
+#include "base/error.h"
 #include "codici_uscita.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
-#include "host/error.h"
 #include "suite/profilo.h"
 #include "uso.h"
 

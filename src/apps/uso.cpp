@@ -4,7 +4,7 @@
 #include <charconv>
 #include <optional>
 
-#include "host/text.h"
+#include "base/text.h"
 
 namespace cu {
 namespace {

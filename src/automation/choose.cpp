@@ -1,10 +1,10 @@
 #include "automation/reach.h"
-#include "host/listbox.h"
-#include "host/picker.h"
-#include "host/print_control.h"
-#include "host/selector.h"
-#include "host/tabs.h"
-#include "host/text.h"
+#include "base/text.h"
+#include "controls/listbox.h"
+#include "controls/picker.h"
+#include "controls/print_control.h"
+#include "controls/selector.h"
+#include "controls/tabs.h"
 
 namespace cu {
 namespace {

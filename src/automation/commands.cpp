@@ -7,9 +7,9 @@
 #include "automation/conversation.h"
 #include "automation/describe.h"
 #include "automation/gestures.h"
-#include "host/grid.h"
-#include "host/menubar.h"
-#include "host/text.h"
+#include "base/text.h"
+#include "controls/grid.h"
+#include "controls/menubar.h"
 
 namespace cu {
 namespace {

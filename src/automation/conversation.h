@@ -10,7 +10,7 @@
 #include "automation/line_reader.h"
 #include "automation/modal.h"
 #include "automation/run_context.h"
-#include "host/form.h"
+#include "controls/form.h"
 
 namespace cu {
 

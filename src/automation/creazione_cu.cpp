@@ -1,8 +1,8 @@
 #include "automation/creazione_cu.h"
 
 #include "automation/gestures.h"
-#include "host/form.h"
-#include "host/text.h"
+#include "base/text.h"
+#include "controls/form.h"
 
 namespace cu {
 namespace {

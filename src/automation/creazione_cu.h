@@ -4,7 +4,7 @@
 #include <string>
 
 #include "automation/percorso.h"
-#include "host/date.h"
+#include "base/date.h"
 
 namespace cu {
 

@@ -2,18 +2,18 @@
 
 #include <algorithm>
 
-#include "host/band.h"
-#include "host/datebox.h"
-#include "host/form.h"
-#include "host/grid.h"
-#include "host/listbox.h"
-#include "host/menubar.h"
-#include "host/numericbox.h"
-#include "host/picker.h"
-#include "host/print_control.h"
-#include "host/selector.h"
-#include "host/tabs.h"
-#include "host/textbox.h"
+#include "controls/band.h"
+#include "controls/datebox.h"
+#include "controls/form.h"
+#include "controls/grid.h"
+#include "controls/listbox.h"
+#include "controls/menubar.h"
+#include "controls/numericbox.h"
+#include "controls/picker.h"
+#include "controls/print_control.h"
+#include "controls/selector.h"
+#include "controls/tabs.h"
+#include "controls/textbox.h"
 
 namespace cu {
 namespace {

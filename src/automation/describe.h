@@ -1,8 +1,8 @@
 #pragma once
 
 #include "automation/json.h"
-#include "host/control.h"
-#include "host/value.h"
+#include "base/value.h"
+#include "controls/control.h"
 
 namespace cu {
 

@@ -1,7 +1,7 @@
 #include "automation/driver.h"
 
 #include "automation/conversation.h"
-#include "host/menubar.h"
+#include "controls/menubar.h"
 
 namespace cu {
 

@@ -6,7 +6,7 @@
 #include <ostream>
 
 #include "automation/run_context.h"
-#include "host/frontend.h"
+#include "controls/frontend.h"
 
 namespace cu {
 

@@ -1,12 +1,12 @@
 #include "automation/gestures.h"
 
 #include "automation/reach.h"
-#include "host/datebox.h"
-#include "host/grid.h"
-#include "host/menubar.h"
-#include "host/numericbox.h"
-#include "host/text.h"
-#include "host/textbox.h"
+#include "base/text.h"
+#include "controls/datebox.h"
+#include "controls/grid.h"
+#include "controls/menubar.h"
+#include "controls/numericbox.h"
+#include "controls/textbox.h"
 
 namespace cu {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/control.h"
+#include "controls/control.h"
 
 namespace cu {
 

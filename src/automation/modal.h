@@ -5,8 +5,8 @@
 #include <string>
 
 #include "automation/json.h"
-#include "host/frontend.h"
-#include "host/menubar.h"
+#include "controls/frontend.h"
+#include "controls/menubar.h"
 
 namespace cu {
 

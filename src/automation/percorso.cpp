@@ -1,10 +1,10 @@
 #include "automation/percorso.h"
 
 #include "automation/gestures.h"
-#include "host/form.h"
-#include "host/selector.h"
-#include "host/text.h"
-#include "host/textbox.h"
+#include "base/text.h"
+#include "controls/form.h"
+#include "controls/selector.h"
+#include "controls/textbox.h"
 
 namespace cu {
 

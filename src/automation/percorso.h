@@ -5,7 +5,7 @@
 #include <string>
 
 #include "automation/walker.h"
-#include "host/control.h"
+#include "controls/control.h"
 
 namespace cu {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "automation/gestures.h"
-#include "host/form.h"
-#include "host/frontend.h"
+#include "controls/form.h"
+#include "controls/frontend.h"
 
 namespace cu {
 

@@ -1,7 +1,7 @@
 #include "automation/stampa_compensi.h"
 
 #include "automation/gestures.h"
-#include "host/form.h"
+#include "controls/form.h"
 
 namespace cu {
 

@@ -1,6 +1,6 @@
 #include "automation/walker.h"
 
-#include "host/form.h"
+#include "controls/form.h"
 
 namespace cu {
 

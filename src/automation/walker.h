@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/frontend.h"
+#include "controls/frontend.h"
 
 namespace cu {
 

@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <optional>
 
-#include "host/frontend.h"
+#include "controls/frontend.h"
 
 class QComboBox;
 class QPushButton;

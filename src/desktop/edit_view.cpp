@@ -13,11 +13,11 @@
 #include <optional>
 #include <utility>
 
+#include "base/text.h"
+#include "controls/form.h"
 #include "desktop/form_window.h"
 #include "desktop/text.h"
 #include "desktop/whole_text.h"
-#include "host/form.h"
-#include "host/text.h"
 
 namespace cu::desktop {
 namespace {

@@ -3,9 +3,9 @@
 #include <optional>
 #include <string>
 
+#include "controls/datebox.h"
+#include "controls/textbox.h"
 #include "desktop/view.h"
-#include "host/datebox.h"
-#include "host/textbox.h"
 
 class QLineEdit;
 class QToolButton;

@@ -8,6 +8,10 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "controls/band.h"
+#include "controls/grid.h"
+#include "controls/menubar.h"
+#include "controls/tabs.h"
 #include "desktop/foot.h"
 #include "desktop/grid_view.h"
 #include "desktop/layouter.h"
@@ -16,10 +20,6 @@
 #include "desktop/shell_views.h"
 #include "desktop/simple_views.h"
 #include "desktop/text.h"
-#include "host/band.h"
-#include "host/grid.h"
-#include "host/menubar.h"
-#include "host/tabs.h"
 
 namespace cu::desktop {
 namespace {

@@ -11,13 +11,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "controls/grid.h"
 #include "desktop/focus_ring.h"
 #include "desktop/form_layout.h"
 #include "desktop/keys.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/text.h"
 #include "desktop/view_factory.h"
-#include "host/grid.h"
 
 namespace cu::desktop {
 namespace {

@@ -5,8 +5,8 @@
 #include <memory>
 #include <vector>
 
+#include "controls/form.h"
 #include "desktop/view.h"
-#include "host/form.h"
 
 class QScrollArea;
 

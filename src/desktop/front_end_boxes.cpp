@@ -7,12 +7,12 @@
 #include <QPushButton>
 #include <QTreeView>
 
+#include "controls/form.h"
 #include "desktop/dialogs.h"
 #include "desktop/form_window.h"
 #include "desktop/preview_dialog.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/text.h"
-#include "host/form.h"
 
 namespace cu::desktop {
 namespace {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "host/grid.h"
+#include "controls/grid.h"
 
 namespace cu::desktop {
 

@@ -8,12 +8,12 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "controls/form.h"
 #include "desktop/form_window.h"
 #include "desktop/grid_drawing.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/text.h"
 #include "desktop/whole_text.h"
-#include "host/form.h"
 
 namespace cu::desktop {
 namespace {

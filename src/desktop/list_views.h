@@ -1,9 +1,9 @@
 #pragma once
 
+#include "controls/listbox.h"
+#include "controls/print_control.h"
+#include "controls/tabs.h"
 #include "desktop/view.h"
-#include "host/listbox.h"
-#include "host/print_control.h"
-#include "host/tabs.h"
 
 class QComboBox;
 class QTabBar;

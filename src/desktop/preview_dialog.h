@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "host/frontend.h"
+#include "controls/frontend.h"
 
 class QLabel;
 class QPlainTextEdit;

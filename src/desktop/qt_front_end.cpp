@@ -12,14 +12,14 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "controls/form.h"
+#include "controls/tabs.h"
 #include "desktop/foot.h"
 #include "desktop/form_layout.h"
 #include "desktop/form_window.h"
 #include "desktop/reading_windows.h"
 #include "desktop/shell_views.h"
 #include "desktop/text.h"
-#include "host/form.h"
-#include "host/tabs.h"
 
 namespace cu::desktop {
 namespace {

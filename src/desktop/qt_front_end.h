@@ -7,10 +7,10 @@
 #include <memory>
 #include <vector>
 
+#include "controls/control.h"
+#include "controls/frontend.h"
 #include "desktop/input_drain.h"
 #include "desktop/status.h"
-#include "host/control.h"
-#include "host/frontend.h"
 
 class QDialog;
 class QEventLoop;

@@ -5,8 +5,8 @@
 #include <optional>
 #include <vector>
 
+#include "data/recordset.h"
 #include "desktop/input_drain.h"
-#include "host/recordset.h"
 
 class QLabel;
 class QLineEdit;

@@ -8,14 +8,14 @@
 #include <QToolButton>
 #include <functional>
 
+#include "base/text.h"
+#include "controls/form.h"
 #include "desktop/form_window.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/search_list.h"
 #include "desktop/text.h"
 #include "desktop/whole_text.h"
-#include "host/form.h"
-#include "host/text.h"
 
 namespace cu::desktop {
 namespace {

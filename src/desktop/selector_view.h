@@ -1,8 +1,8 @@
 #pragma once
 
+#include "controls/picker.h"
+#include "controls/selector.h"
 #include "desktop/view.h"
-#include "host/picker.h"
-#include "host/selector.h"
 
 class QLineEdit;
 class QToolButton;

@@ -3,9 +3,9 @@
 #include <QMenuBar>
 #include <functional>
 
+#include "controls/band.h"
+#include "controls/menubar.h"
 #include "desktop/view.h"
-#include "host/band.h"
-#include "host/menubar.h"
 
 class QMenu;
 

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "host/frontend.h"
+#include "controls/frontend.h"
 
 namespace cu::desktop {
 

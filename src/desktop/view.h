@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <string>
 
-#include "host/control.h"
+#include "controls/control.h"
 
 namespace cu::desktop {
 

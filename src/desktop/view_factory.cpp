@@ -1,12 +1,12 @@
 #include "desktop/view_factory.h"
 
+#include "controls/numericbox.h"
 #include "desktop/edit_view.h"
 #include "desktop/grid_view.h"
 #include "desktop/list_views.h"
 #include "desktop/selector_view.h"
 #include "desktop/shell_views.h"
 #include "desktop/simple_views.h"
-#include "host/numericbox.h"
 
 namespace cu::desktop {
 namespace {

@@ -1,6 +1,6 @@
 #include "editors/campi_editor.h"
 
-#include "host/text.h"
+#include "base/text.h"
 
 namespace cu {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "base/text.h"
+#include "controls/frontend.h"
 #include "editors/editor_compenso.h"
-#include "host/frontend.h"
-#include "host/text.h"
 #include "modello/regole.h"
 
 namespace cu {

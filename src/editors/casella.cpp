@@ -1,6 +1,6 @@
 #include "editors/casella.h"
 
-#include "host/text.h"
+#include "base/text.h"
 
 namespace cu {
 

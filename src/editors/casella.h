@@ -1,9 +1,9 @@
 #pragma once
 
+#include "controls/listbox.h"
+#include "controls/numericbox.h"
+#include "controls/textbox.h"
 #include "editors/campi_editor.h"
-#include "host/listbox.h"
-#include "host/numericbox.h"
-#include "host/textbox.h"
 #include "host/utility.h"
 
 namespace cu {

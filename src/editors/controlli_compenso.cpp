@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "editors/editor_compenso.h"
 #include "editors/frm_dati_aggiuntivi.h"
-#include "host/text.h"
 #include "modello/regole.h"
 
 namespace cu {

@@ -3,11 +3,11 @@
 #include <cstdint>
 #include <memory>
 
-#include "host/form.h"
-#include "host/recordset.h"
+#include "context/globali.h"
+#include "controls/form.h"
+#include "data/recordset.h"
 #include "host/settings.h"
 #include "host/utility.h"
-#include "shell/context/globali.h"
 
 namespace cu {
 

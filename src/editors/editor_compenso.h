@@ -7,15 +7,15 @@
 #include <utility>
 #include <vector>
 
+#include "controls/grid.h"
+#include "controls/picker.h"
+#include "controls/tabs.h"
 #include "editors/casella.h"
 #include "editors/dati_aggiuntivi.h"
 #include "editors/disposizione.h"
 #include "editors/editor.h"
 #include "editors/percipiente.h"
 #include "editors/riferimenti.h"
-#include "host/grid.h"
-#include "host/picker.h"
-#include "host/tabs.h"
 
 namespace cu {
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "controls/picker.h"
 #include "editors/dati_aggiuntivi.h"
 #include "editors/editor.h"
 #include "editors/percipiente.h"
 #include "editors/riferimenti.h"
-#include "host/picker.h"
 
 namespace cu {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <span>
 
+#include "base/text.h"
+#include "controls/frontend.h"
 #include "editors/editor_compenso.h"
 #include "editors/sql_moduli.h"
-#include "host/frontend.h"
-#include "host/text.h"
 #include "modello/moduli.h"
 
 namespace cu {

@@ -1,6 +1,6 @@
 #include "editors/percipiente.h"
 
-#include "host/text.h"
+#include "base/text.h"
 
 namespace cu {
 

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
+#include "controls/selector.h"
+#include "controls/textbox.h"
 #include "editors/editor.h"
-#include "host/selector.h"
-#include "host/textbox.h"
 
 namespace cu {
 

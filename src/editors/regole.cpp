@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
+#include "base/text.h"
 #include "editors/editor_compenso.h"
-#include "host/text.h"
 #include "modello/regole.h"
 
 namespace cu {

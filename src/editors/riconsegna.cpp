@@ -1,9 +1,9 @@
 // The confirmation: the row is handed back as the controls have it.
 
+#include "base/text.h"
+#include "controls/frontend.h"
 #include "editors/editor_compenso.h"
 #include "editors/frm_dati_aggiuntivi.h"
-#include "host/frontend.h"
-#include "host/text.h"
 
 namespace cu {
 

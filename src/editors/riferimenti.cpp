@@ -1,11 +1,11 @@
 #include "editors/riferimenti.h"
 
+#include "base/text.h"
+#include "controls/form.h"
+#include "controls/frontend.h"
 #include "editors/dati_aggiuntivi.h"
-#include "host/form.h"
-#include "host/frontend.h"
-#include "host/text.h"
 #include "host/utility.h"
-#include "worklist/frm_protocollo.h"
+#include "wizard/frm_protocollo.h"
 
 namespace cu {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "host/textbox.h"
+#include "controls/textbox.h"
 
 namespace cu {
 

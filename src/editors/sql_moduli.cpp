@@ -1,6 +1,6 @@
 #include "editors/sql_moduli.h"
 
-#include "host/text.h"
+#include "base/text.h"
 #include "modello/moduli.h"
 
 namespace cu {

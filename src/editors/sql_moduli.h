@@ -3,9 +3,9 @@
 #include <span>
 #include <string>
 
+#include "data/recordset.h"
 #include "editors/campi_editor.h"
 #include "editors/disposizione.h"
-#include "host/recordset.h"
 #include "host/utility.h"
 
 namespace cu {

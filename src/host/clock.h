@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/date.h"
+#include "base/date.h"
 
 namespace cu {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "host/value.h"
+#include "base/value.h"
 
 namespace cu {
 

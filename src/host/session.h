@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "host/database.h"
-#include "host/date.h"
+#include "base/date.h"
+#include "data/database.h"
 #include "host/log_grid.h"
 #include "host/report.h"
 

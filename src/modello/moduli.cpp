@@ -1,6 +1,6 @@
 #include "modello/moduli.h"
 
-#include "host/text.h"
+#include "base/text.h"
 
 namespace cu::modello {
 

@@ -2,12 +2,12 @@
 
 #include <limits>
 
-#include "host/collation.h"
-#include "host/error.h"
-#include "host/text.h"
+#include "base/collation.h"
+#include "base/error.h"
+#include "base/text.h"
+#include "base/value.h"
+#include "context/testi_programma.h"
 #include "host/utility.h"
-#include "host/value.h"
-#include "shell/context/testi_programma.h"
 
 namespace cu::stampa {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "shell/context/filtri.h"
+#include "context/filtri.h"
 
 namespace cu {
 

@@ -1,8 +1,8 @@
 #include "printing/tabella_ricorsione.h"
 
-#include "host/text.h"
+#include "base/text.h"
+#include "context/testi_programma.h"
 #include "host/utility.h"
-#include "shell/context/testi_programma.h"
 
 namespace cu {
 namespace ricorsione {

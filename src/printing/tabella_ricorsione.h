@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "host/date.h"
-#include "host/recordset.h"
+#include "base/date.h"
+#include "data/recordset.h"
 
 namespace cu {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "host/frontend.h"
+#include "controls/frontend.h"
 #include "host/report.h"
 
 namespace cu::stampa {

@@ -1,6 +1,6 @@
 #include "reporting/company.h"
 
-#include "host/text.h"
+#include "base/text.h"
 #include "reporting/italian.h"
 #include "reporting/rows.h"
 

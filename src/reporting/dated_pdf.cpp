@@ -3,7 +3,7 @@
 #include <QDateTime>
 #include <QHashFunctions>
 
-#include "host/text.h"
+#include "base/text.h"
 
 namespace cu::reporting {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "host/text.h"
+#include "base/text.h"
 #include "modello/modello.h"
 #include "reporting/definition_reader.h"
 #include "reporting/form_boxes.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "host/text.h"
+#include "base/text.h"
 #include "reporting/report_error.h"
 
 namespace cu::reporting {

@@ -2,7 +2,7 @@
 #include <map>
 #include <optional>
 
-#include "host/text.h"
+#include "base/text.h"
 #include "reporting/form_grid.h"
 #include "reporting/form_values.h"
 #include "reporting/italian.h"

@@ -3,7 +3,7 @@
 #include <QString>
 #include <optional>
 
-#include "host/database.h"
+#include "data/database.h"
 #include "reporting/canvas.h"
 #include "reporting/form_boxes.h"
 #include "reporting/rows.h"

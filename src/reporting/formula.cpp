@@ -1,7 +1,7 @@
 #include "reporting/formula.h"
 
-#include "host/rowstore.h"
-#include "host/text.h"
+#include "base/text.h"
+#include "data/rowstore.h"
 #include "reporting/formula_tokens.h"
 
 namespace cu::reporting {

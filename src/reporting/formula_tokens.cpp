@@ -1,6 +1,6 @@
 #include "reporting/formula_tokens.h"
 
-#include "host/text.h"
+#include "base/text.h"
 #include "reporting/report_error.h"
 
 namespace cu::reporting {

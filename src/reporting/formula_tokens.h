@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/error.h"
+#include "base/error.h"
 
 namespace cu::reporting {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "host/date.h"
-#include "host/decimal.h"
+#include "base/date.h"
+#include "base/decimal.h"
 
 namespace cu::reporting {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/database.h"
-#include "host/date.h"
+#include "base/date.h"
+#include "data/database.h"
 #include "reporting/canvas.h"
 #include "reporting/company.h"
 #include "reporting/definition.h"

@@ -1,6 +1,6 @@
 #include "reporting/library.h"
 
-#include "host/text.h"
+#include "base/text.h"
 #include "reporting/definition_reader.h"
 #include "reporting/embedded.h"
 

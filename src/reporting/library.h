@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "reporting/definition.h"
 
 namespace cu::reporting {

@@ -1,7 +1,7 @@
 #include "reporting/new_file.h"
 
-#include "host/error.h"
-#include "host/text.h"
+#include "base/error.h"
+#include "base/text.h"
 
 namespace cu::reporting {
 namespace {

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "controls/frontend.h"
 #include "host/filesystem.h"
-#include "host/frontend.h"
 #include "reporting/layout.h"
 
 class QTemporaryFile;

@@ -1,6 +1,6 @@
 #include "reporting/pdf_reports.h"
 
-#include "host/text.h"
+#include "base/text.h"
 #include "reporting/library.h"
 #include "reporting/output.h"
 #include "reporting/report_error.h"

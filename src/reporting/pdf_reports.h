@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "controls/frontend.h"
 #include "host/clock.h"
 #include "host/filesystem.h"
-#include "host/frontend.h"
 #include "host/report.h"
 
 namespace cu {

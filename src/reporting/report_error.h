@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/error.h"
+#include "base/error.h"
 
 namespace cu {
 

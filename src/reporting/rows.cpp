@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/text.h"
+#include "base/text.h"
 #include "reporting/definition_reader.h"
 #include "reporting/italian.h"
 

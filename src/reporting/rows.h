@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/database.h"
-#include "host/rowstore.h"
+#include "data/database.h"
+#include "data/rowstore.h"
 #include "reporting/definition.h"
 #include "reporting/formula.h"
 

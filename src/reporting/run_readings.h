@@ -6,8 +6,8 @@
 #include <string>
 #include <utility>
 
-#include "host/database.h"
-#include "host/rowstore.h"
+#include "data/database.h"
+#include "data/rowstore.h"
 #include "reporting/company.h"
 
 namespace cu::reporting {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "host/text.h"
+#include "base/text.h"
 #include "reporting/italian.h"
 
 namespace cu::reporting {

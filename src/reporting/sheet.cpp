@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "host/text.h"
+#include "base/text.h"
 #include "reporting/form_values.h"
 #include "reporting/italian.h"
 #include "reporting/report_error.h"

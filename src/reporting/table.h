@@ -6,7 +6,7 @@
 #include <functional>
 #include <vector>
 
-#include "host/decimal.h"
+#include "base/decimal.h"
 #include "reporting/canvas.h"
 #include "reporting/definition.h"
 #include "reporting/rows.h"

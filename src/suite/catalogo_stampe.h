@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/print_control.h"
+#include "controls/print_control.h"
 
 namespace cu {
 

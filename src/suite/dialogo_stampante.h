@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/frontend.h"
+#include "controls/frontend.h"
 #include "host/report.h"
 
 namespace cu {

@@ -3,8 +3,8 @@
 #include <functional>
 #include <memory>
 
+#include "controls/frontend.h"
 #include "host/clock.h"
-#include "host/frontend.h"
 #include "host/session.h"
 #include "suite/sessione.h"
 

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <sstream>
 
-#include "host/error.h"
-#include "host/text.h"
+#include "base/error.h"
+#include "base/text.h"
 #include "suite/platform_file.h"
 #include "toml/toml.h"
 

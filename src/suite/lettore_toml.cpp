@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <limits>
 
-#include "host/text.h"
+#include "base/text.h"
 
 namespace cu {
 namespace {

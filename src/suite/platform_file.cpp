@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "host/text.h"
+#include "base/text.h"
 
 namespace cu {
 namespace {

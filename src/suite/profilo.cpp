@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "host/text.h"
+#include "base/text.h"
 #include "suite/lettore_toml.h"
 
 namespace cu {

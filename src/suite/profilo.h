@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/date.h"
+#include "base/date.h"
 #include "host/session.h"
 
 namespace cu {

@@ -1,6 +1,6 @@
 #include "suite/sessione.h"
 
-#include "host/error.h"
+#include "base/error.h"
 
 namespace cu {
 

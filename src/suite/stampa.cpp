@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "host/text.h"
+#include "base/text.h"
 
 namespace cu {
 namespace {

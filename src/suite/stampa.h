@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "controls/frontend.h"
 #include "host/clock.h"
-#include "host/frontend.h"
 #include "host/report.h"
 
 namespace cu {

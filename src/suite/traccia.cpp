@@ -1,6 +1,6 @@
 #include "suite/traccia.h"
 
-#include "host/text.h"
+#include "base/text.h"
 
 namespace cu {
 namespace {

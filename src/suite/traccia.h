@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/database.h"
+#include "data/database.h"
 #include "suite/platform_file.h"
 
 namespace cu {

@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "host/error.h"
-#include "host/text.h"
+#include "base/error.h"
+#include "base/text.h"
 
 namespace cu {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/frontend.h"
+#include "controls/frontend.h"
 #include "host/utility.h"
 
 namespace cu {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "host/text.h"
+#include "base/text.h"
 #include "telematic/engine/records.h"
 
 namespace cu::telematico {

@@ -3,8 +3,8 @@
 #include <array>
 #include <string_view>
 
-#include "host/recordset.h"
-#include "host/text.h"
+#include "base/text.h"
+#include "data/recordset.h"
 #include "host/utility.h"
 
 namespace cu {

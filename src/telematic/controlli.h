@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "host/database.h"
+#include "data/database.h"
 #include "host/log_grid.h"
 
 namespace cu {

@@ -2,10 +2,10 @@
 
 #include <exception>
 
-#include "host/frontend.h"
-#include "host/recordset.h"
+#include "context/globali.h"
+#include "controls/frontend.h"
+#include "data/recordset.h"
 #include "host/utility.h"
-#include "shell/context/globali.h"
 #include "telematic/query_cu.h"
 
 namespace cu {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "host/database.h"
-#include "host/date.h"
+#include "base/date.h"
+#include "data/database.h"
 #include "telematic/ambiente_telematico.h"
 #include "telematic/cu_file_seq.h"
 

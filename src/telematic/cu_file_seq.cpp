@@ -2,11 +2,11 @@
 
 #include <exception>
 
-#include "host/error.h"
+#include "base/error.h"
+#include "context/globali.h"
+#include "controls/frontend.h"
 #include "host/filesystem.h"
-#include "host/frontend.h"
 #include "modello/modello.h"
-#include "shell/context/globali.h"
 #include "telematic/catalogo.h"
 #include "telematic/formatta.h"
 #include "telematic/testo1252.h"

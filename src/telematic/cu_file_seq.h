@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "host/date.h"
-#include "host/rowstore.h"
-#include "host/value.h"
+#include "base/date.h"
+#include "base/value.h"
+#include "data/rowstore.h"
 #include "telematic/ambiente_telematico.h"
 #include "telematic/celle.h"
 #include "telematic/engine/file_seq.h"

@@ -1,7 +1,7 @@
 #include <string>
 
-#include "host/error.h"
-#include "host/text.h"
+#include "base/error.h"
+#include "base/text.h"
 #include "telematic/catalogo.h"
 #include "telematic/cu_file_seq.h"
 #include "telematic/formatta.h"

@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <string>
 
+#include "base/error.h"
+#include "base/text.h"
 #include "host/clock.h"
-#include "host/error.h"
-#include "host/text.h"
 #include "telematic/catalogo.h"
 #include "telematic/cu_file_seq.h"
 #include "telematic/formatta.h"

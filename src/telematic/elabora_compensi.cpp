@@ -1,8 +1,8 @@
 #include "telematic/elabora_compensi.h"
 
+#include "context/globali.h"
+#include "data/recordset.h"
 #include "host/filesystem.h"
-#include "host/recordset.h"
-#include "shell/context/globali.h"
 
 namespace cu {
 

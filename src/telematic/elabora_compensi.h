@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/date.h"
+#include "base/date.h"
 #include "telematic/ambiente_telematico.h"
 #include "telematic/cu_ele.h"
 

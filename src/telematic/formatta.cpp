@@ -6,7 +6,7 @@
 #include <cstring>
 #include <system_error>
 
-#include "host/ascii.h"
+#include "base/ascii.h"
 
 namespace cu::telematico {
 namespace {

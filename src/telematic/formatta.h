@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/date.h"
+#include "base/date.h"
 
 namespace cu::telematico {
 

@@ -1,7 +1,7 @@
 #include "telematic/intermediario.h"
 
-#include "host/recordset.h"
-#include "host/text.h"
+#include "base/text.h"
+#include "data/recordset.h"
 #include "host/utility.h"
 
 namespace cu {

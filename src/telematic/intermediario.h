@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "host/database.h"
+#include "data/database.h"
 
 namespace cu {
 

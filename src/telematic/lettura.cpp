@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
-#include "host/ascii.h"
-#include "host/text.h"
+#include "base/ascii.h"
+#include "base/text.h"
 #include "modello/modello.h"
 #include "telematic/catalogo.h"
 #include "telematic/celle.h"

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/error.h"
-#include "host/text.h"
+#include "base/error.h"
+#include "base/text.h"
 #include "modello/regole.h"
 #include "telematic/formatta.h"
 #include "telematic/testo1252.h"

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/rowstore.h"
-#include "host/value.h"
+#include "base/value.h"
+#include "data/rowstore.h"
 #include "modello/modello.h"
 #include "telematic/celle.h"
 

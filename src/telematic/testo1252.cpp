@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "host/text.h"
+#include "base/text.h"
 
 namespace cu::telematico {
 namespace {

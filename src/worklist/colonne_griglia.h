@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "host/grid.h"
+#include "controls/grid.h"
 
 namespace cu {
 

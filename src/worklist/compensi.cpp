@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "host/frontend.h"
-#include "host/grid.h"
-#include "host/text.h"
+#include "base/text.h"
+#include "controls/frontend.h"
+#include "controls/grid.h"
 #include "host/utility.h"
 #include "worklist/colonne_griglia.h"
 #include "worklist/riscrittura.h"

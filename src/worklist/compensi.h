@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-#include "host/recordset.h"
-#include "shell/context/filtri.h"
-#include "shell/context/globali.h"
+#include "context/filtri.h"
+#include "context/globali.h"
+#include "data/recordset.h"
 
 namespace cu {
 

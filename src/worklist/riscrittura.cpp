@@ -5,8 +5,8 @@
 #include <iterator>
 #include <span>
 
-#include "host/recordset.h"
-#include "host/text.h"
+#include "base/text.h"
+#include "data/recordset.h"
 #include "host/utility.h"
 
 namespace cu {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "host/text.h"
+#include "base/text.h"
 #include "host/utility.h"
 #include "worklist/colonne.h"
 

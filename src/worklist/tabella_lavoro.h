@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "host/error.h"
-#include "shell/context/filtri.h"
+#include "base/error.h"
+#include "context/filtri.h"
 
 namespace cu {
 

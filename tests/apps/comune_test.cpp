@@ -8,7 +8,7 @@
 #include "apps/comune/file_annotati.h"
 #include "apps/comune/riepilogo_file.h"
 #include "apps/comune/tavola.h"
-#include "host/error.h"
+#include "base/error.h"
 #include "support/temp_folder.h"
 
 namespace cu {

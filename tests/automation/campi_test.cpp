@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include "automation/prova_support.h"
-#include "host/numericbox.h"
-#include "host/picker.h"
-#include "host/tabs.h"
+#include "controls/numericbox.h"
+#include "controls/picker.h"
+#include "controls/tabs.h"
 
 namespace cu::test {
 namespace {

@@ -6,16 +6,16 @@
 #include <vector>
 
 #include "automation/driver.h"
-#include "host/band.h"
-#include "host/datebox.h"
-#include "host/form.h"
-#include "host/grid.h"
-#include "host/listbox.h"
-#include "host/menubar.h"
-#include "host/print_control.h"
-#include "host/selector.h"
-#include "host/text.h"
-#include "host/textbox.h"
+#include "base/text.h"
+#include "controls/band.h"
+#include "controls/datebox.h"
+#include "controls/form.h"
+#include "controls/grid.h"
+#include "controls/listbox.h"
+#include "controls/menubar.h"
+#include "controls/print_control.h"
+#include "controls/selector.h"
+#include "controls/textbox.h"
 #include "support/fake_connection.h"
 
 namespace cu::test {

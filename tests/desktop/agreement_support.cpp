@@ -10,14 +10,14 @@
 #include <QMenuBar>
 #include <QTabBar>
 
+#include "controls/band.h"
+#include "controls/menubar.h"
+#include "controls/numericbox.h"
 #include "desktop/edit_view.h"
 #include "desktop/grid_view.h"
 #include "desktop/list_views.h"
 #include "desktop/selector_view.h"
 #include "desktop/text.h"
-#include "host/band.h"
-#include "host/menubar.h"
-#include "host/numericbox.h"
 
 namespace cu::test {
 namespace {

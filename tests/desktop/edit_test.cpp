@@ -9,14 +9,14 @@
 #include <QTest>
 #include <QTimer>
 
+#include "base/error.h"
+#include "controls/datebox.h"
+#include "controls/form.h"
+#include "controls/numericbox.h"
 #include "desktop/agreement_support.h"
 #include "desktop/edit_view.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/screen_support.h"
-#include "host/datebox.h"
-#include "host/error.h"
-#include "host/form.h"
-#include "host/numericbox.h"
 
 namespace cu::test {
 namespace {

@@ -14,12 +14,12 @@
 #include <QTest>
 #include <QWheelEvent>
 
+#include "controls/numericbox.h"
 #include "desktop/agreement_support.h"
 #include "desktop/grid_view.h"
 #include "desktop/screen_support.h"
 #include "desktop/search_list.h"
 #include "desktop/selector_view.h"
-#include "host/numericbox.h"
 
 namespace cu::test {
 namespace {

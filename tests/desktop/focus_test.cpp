@@ -9,11 +9,11 @@
 #include <QTableView>
 #include <QTest>
 
+#include "controls/grid.h"
+#include "controls/numericbox.h"
 #include "desktop/agreement_support.h"
 #include "desktop/screen_support.h"
 #include "desktop/selector_view.h"
-#include "host/grid.h"
-#include "host/numericbox.h"
 #include "support/fake_connection.h"
 
 namespace cu::test {

@@ -16,10 +16,10 @@
 
 #include "apps/avvio/finestra_avvio.h"
 #include "apps/avvio/messaggio_avvio.h"
+#include "base/error.h"
 #include "desktop/list_views.h"
 #include "desktop/screen_support.h"
 #include "desktop/text.h"
-#include "host/error.h"
 
 namespace cu::test {
 namespace {

@@ -12,12 +12,12 @@
 #include <QTest>
 #include <map>
 
+#include "controls/textbox.h"
 #include "desktop/dialogs.h"
 #include "desktop/grid_view.h"
 #include "desktop/layouter.h"
 #include "desktop/screen_support.h"
 #include "desktop/selector_view.h"
-#include "host/textbox.h"
 
 namespace cu::test {
 namespace {

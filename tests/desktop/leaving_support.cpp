@@ -5,13 +5,13 @@
 #include <memory>
 #include <utility>
 
+#include "controls/datebox.h"
+#include "controls/listbox.h"
+#include "controls/numericbox.h"
+#include "controls/picker.h"
+#include "controls/selector.h"
 #include "desktop/hand_support.h"
 #include "desktop/text.h"
-#include "host/datebox.h"
-#include "host/listbox.h"
-#include "host/numericbox.h"
-#include "host/picker.h"
-#include "host/selector.h"
 
 namespace cu::test {
 namespace {

@@ -4,8 +4,8 @@
 #include <QTabBar>
 #include <QTest>
 
+#include "controls/tabs.h"
 #include "desktop/leaving_support.h"
-#include "host/tabs.h"
 
 namespace cu::test {
 namespace {

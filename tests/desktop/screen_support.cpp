@@ -13,7 +13,7 @@
 #include <QTimer>
 
 #include "apps/comune/connessioni.h"
-#include "database/archivio.h"
+#include "archive/archivio.h"
 #include "desktop/text.h"
 
 namespace cu::test {

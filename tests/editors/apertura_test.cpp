@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "controls/selector.h"
 #include "editors/campi_prova.h"
-#include "host/selector.h"
 
 namespace cu::test {
 namespace {

@@ -3,9 +3,9 @@
 #include <map>
 #include <string>
 
+#include "controls/grid.h"
 #include "editors/editor_prova.h"
 #include "editors/tavole.h"
-#include "host/grid.h"
 
 namespace cu::test {
 

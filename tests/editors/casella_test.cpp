@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/form.h"
+#include "controls/form.h"
 #include "support/scripted_front_end.h"
 #include "support/simple_utility.h"
 #include "support/table.h"

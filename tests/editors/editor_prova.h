@@ -5,13 +5,13 @@
 #include <utility>
 #include <vector>
 
+#include "base/text.h"
+#include "controls/listbox.h"
+#include "controls/numericbox.h"
+#include "controls/picker.h"
+#include "controls/tabs.h"
+#include "controls/textbox.h"
 #include "editors/editor.h"
-#include "host/listbox.h"
-#include "host/numericbox.h"
-#include "host/picker.h"
-#include "host/tabs.h"
-#include "host/text.h"
-#include "host/textbox.h"
 #include "support/editor_answers.h"
 #include "support/memory_settings.h"
 #include "support/scripted_front_end.h"

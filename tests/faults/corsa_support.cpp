@@ -5,17 +5,17 @@
 #include <stdexcept>
 
 #include "apps/comune/connessioni.h"
+#include "archive/archivio.h"
+#include "archive/ricostruzione.h"
 #include "automation/gestures.h"
 #include "automation/walker.h"
-#include "database/archivio.h"
-#include "database/ricostruzione.h"
-#include "database/sqlite/sqlite_connection.h"
-#include "shell/mod_main.h"
+#include "sqlite/sqlite_connection.h"
 #include "suite/catalogo_stampe.h"
 #include "suite/fabbrica.h"
 #include "suite/impostazioni.h"
 #include "suite/orologio.h"
 #include "suite/utilita.h"
+#include "wizard/mod_main.h"
 
 namespace cu::test {
 namespace {

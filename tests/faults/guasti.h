@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "host/database.h"
-#include "host/error.h"
+#include "base/error.h"
+#include "data/database.h"
 #include "host/settings.h"
 #include "suite/file_system.h"
 

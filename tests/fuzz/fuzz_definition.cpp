@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/error.h"
-#include "host/text.h"
+#include "base/error.h"
+#include "base/text.h"
 #include "modello/modello.h"
 #include "reporting/definition.h"
 #include "reporting/library.h"

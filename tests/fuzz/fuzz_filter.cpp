@@ -10,9 +10,9 @@
 #include <string_view>
 #include <vector>
 
-#include "host/collation.h"
-#include "host/recordset.h"
-#include "host/text.h"
+#include "base/collation.h"
+#include "base/text.h"
+#include "data/recordset.h"
 #include "support/fake_connection.h"
 #include "support/table.h"
 

@@ -6,11 +6,11 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "database/sqlite/tokenizer.h"
-#include "host/rowstore.h"
-#include "host/text.h"
+#include "base/text.h"
+#include "data/rowstore.h"
 #include "reporting/formula.h"
 #include "reporting/formula_tokens.h"
+#include "sqlite/tokenizer.h"
 
 namespace {
 

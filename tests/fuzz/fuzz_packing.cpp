@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/rowstore.h"
+#include "data/rowstore.h"
 
 namespace {
 

@@ -10,13 +10,13 @@
 #include <string_view>
 #include <vector>
 
-#include "database/sqlite/handle.h"
-#include "database/sqlite/own_functions.h"
-#include "database/sqlite/parser.h"
-#include "database/sqlite/rewrite.h"
-#include "database/sqlite/shape.h"
-#include "database/sqlite/sql_error.h"
-#include "database/sqlite/stored_catalog.h"
+#include "sqlite/handle.h"
+#include "sqlite/own_functions.h"
+#include "sqlite/parser.h"
+#include "sqlite/rewrite.h"
+#include "sqlite/shape.h"
+#include "sqlite/sql_error.h"
+#include "sqlite/stored_catalog.h"
 
 namespace {
 

@@ -62,7 +62,7 @@ refuses(src/suite/a.cpp 1 include-up "  #  include <../b.h>\n")
 allows(src/suite/a.cpp "#include \"a..b.h\"\n#include \"host/good.h\"\n")
 
 # What the core may include: in every one of its folders, and below.
-foreach(folder host shell worklist telematic editors printing shell/context telematic/engine)
+foreach(folder base data host controls modello context worklist telematic editors printing wizard telematic/engine)
   refuses(src/${folder}/a.cpp 3 core-include "#include <vector>\n\n#include <sqlite3.h>\n")
   refuses(src/${folder}/a.cpp 1 core-include "#include \"thirdparty/json.h\"\n")
   refuses(src/${folder}/a.h 1 core-surface "#include <sstream>\n")
@@ -75,7 +75,7 @@ endforeach()
 foreach(header iostream fstream iomanip locale clocale cstdio cctype filesystem regex)
   refuses(src/host/a.cpp 1 core-surface "#include <${header}>\n")
 endforeach()
-foreach(folder suite database database/sqlite reporting desktop automation apps)
+foreach(folder suite archive sqlite odbc reporting desktop automation apps)
   allows(src/${folder}/a.cpp "#include <sqlite3.h>\n#include <iostream>\nint x = printf(\"x\");\n")
 endforeach()
 

@@ -4,7 +4,7 @@
 
 #include <ostream>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "support/scripted_front_end.h"
 #include "support/simple_utility.h"
 

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "database/archivio.h"
+#include "archive/archivio.h"
 #include "report_support.h"
 
 namespace cu::test {

@@ -5,7 +5,7 @@
 
 #include <set>
 
-#include "database/archivio_di_prova.h"
+#include "archive/archivio_di_prova.h"
 #include "report_support.h"
 #include "reporting/formula_tokens.h"
 #include "reporting/rows.h"

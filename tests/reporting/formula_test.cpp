@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/rowstore.h"
+#include "data/rowstore.h"
 #include "reporting/formula_tokens.h"
 #include "reporting/report_error.h"
 

@@ -8,7 +8,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "database/archivio.h"
+#include "archive/archivio.h"
 #include "suite/catalogo_stampe.h"
 
 namespace cu::test {

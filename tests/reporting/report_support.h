@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "database/sqlite/sqlite_connection.h"
 #include "reporting/library.h"
 #include "reporting/pdf_reports.h"
+#include "sqlite/sqlite_connection.h"
 #include "suite/file_system.h"
 #include "support/fixed_clock.h"
 #include "support/scripted_front_end.h"

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <sstream>
 
-#include "database/archivio.h"
+#include "archive/archivio.h"
 #include "report_support.h"
 
 namespace cu::test {

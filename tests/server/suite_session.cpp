@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "server/tds_tokens.h"
 #include "telematic/testo1252.h"
 

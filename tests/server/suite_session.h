@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "database/sqlite/sqlite_connection.h"
 #include "server/tds_server.h"
+#include "sqlite/sqlite_connection.h"
 
 namespace cu::test {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "database/odbc/wide.h"
+#include "odbc/wide.h"
 
 // What a server says in the protocol of SQL Server, version 7.4, as bytes.
 namespace cu::test::tds {

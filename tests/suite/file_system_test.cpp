@@ -5,7 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "suite/platform_file.h"
 #include "support/temp_folder.h"
 

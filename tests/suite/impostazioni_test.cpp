@@ -5,7 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "suite/file_system.h"
 #include "support/temp_folder.h"
 

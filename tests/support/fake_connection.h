@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "host/database.h"
-#include "host/error.h"
+#include "base/error.h"
+#include "data/database.h"
 #include "support/table.h"
 
 namespace cu::test {

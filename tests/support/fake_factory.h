@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/text.h"
+#include "base/text.h"
 #include "support/fake_log_grid.h"
 #include "support/fake_report.h"
 #include "support/fake_session.h"

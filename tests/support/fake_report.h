@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "host/error.h"
+#include "base/error.h"
+#include "base/text.h"
 #include "host/report.h"
-#include "host/text.h"
 
 namespace cu::test {
 

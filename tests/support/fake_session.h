@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/database.h"
+#include "data/database.h"
 #include "host/session.h"
 #include "support/fake_connection.h"
 

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "host/filesystem.h"
 
 namespace cu::test {

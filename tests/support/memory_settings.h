@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "host/settings.h"
 
 namespace cu::test {

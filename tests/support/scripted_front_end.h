@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "host/form.h"
-#include "host/frontend.h"
+#include "controls/form.h"
+#include "controls/frontend.h"
 
 namespace cu::test {
 

@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "host/date.h"
-#include "host/form.h"
-#include "host/frontend.h"
-#include "host/text.h"
+#include "base/date.h"
+#include "base/text.h"
+#include "controls/form.h"
+#include "controls/frontend.h"
 #include "host/utility.h"
 
 namespace cu::test {

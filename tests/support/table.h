@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "host/rowstore.h"
-#include "host/value.h"
+#include "base/value.h"
+#include "data/rowstore.h"
 
 namespace cu::test {
 

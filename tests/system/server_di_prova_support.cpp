@@ -6,8 +6,8 @@
 #include <iostream>
 #include <stdexcept>
 
-#include "database/odbc/odbc_connection.h"
-#include "database/schema.h"
+#include "archive/schema.h"
+#include "odbc/odbc_connection.h"
 #include "system/inserimenti_support.h"
 
 namespace cu::test {

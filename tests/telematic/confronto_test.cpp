@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "telematic/catalogo.h"
 #include "telematic/cu_file_seq.h"
 #include "telematic/engine/records.h"

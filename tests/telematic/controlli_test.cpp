@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "support/fake_connection.h"
 #include "support/fake_log_grid.h"
 #include "support/scripted_front_end.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "support/cur_reader.h"
 #include "telematic/prova.h"
 

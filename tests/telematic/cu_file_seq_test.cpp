@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "support/cur_reader.h"
 #include "telematic/prova.h"
 

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "host/error.h"
-#include "host/recordset.h"
+#include "base/error.h"
+#include "data/recordset.h"
 #include "support/cur_reader.h"
 #include "telematic/prova.h"
 

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "support/fake_connection.h"
 #include "support/scripted_front_end.h"
 #include "support/simple_utility.h"

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "shell/context/globali.h"
+#include "context/globali.h"
 #include "support/fake_session.h"
 #include "support/fixed_clock.h"
 #include "support/memory_file_system.h"

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "support/cur_reader.h"
 #include "telematic/cu_file_seq.h"
 #include "telematic/prova.h"

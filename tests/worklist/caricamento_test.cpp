@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "worklist/compensi_prova.h"
 #include "worklist/tabella_lavoro.h"
 

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "host/error.h"
-#include "host/form.h"
-#include "host/grid.h"
-#include "shell/context/globali.h"
+#include "base/error.h"
+#include "context/globali.h"
+#include "controls/form.h"
+#include "controls/grid.h"
 #include "support/fake_session.h"
 #include "support/scripted_front_end.h"
 #include "support/simple_utility.h"

@@ -4,8 +4,8 @@
 #include <QMessageBox>
 #include <iostream>
 
+#include "base/error.h"
 #include "desktop/text.h"
-#include "host/error.h"
 #include "suite/profilo.h"
 
 namespace cu {

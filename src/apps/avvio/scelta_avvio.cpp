@@ -6,8 +6,8 @@
 #include <QStandardPaths>
 
 #include "apps/comune/connessioni.h"
-#include "database/archivio.h"
-#include "host/recordset.h"
+#include "archive/archivio.h"
+#include "data/recordset.h"
 #include "suite/file_system.h"
 #include "suite/impostazioni.h"
 #include "suite/testi.h"

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "host/ascii.h"
-#include "host/text.h"
+#include "base/ascii.h"
+#include "base/text.h"
 
 namespace cu {
 namespace {

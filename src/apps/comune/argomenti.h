@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "host/date.h"
+#include "base/date.h"
 
 namespace cu {
 

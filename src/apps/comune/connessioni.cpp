@@ -3,10 +3,10 @@
 #include <iostream>
 
 #include "apps/comune/password.h"
-#include "database/odbc/odbc_connection.h"
-#include "database/schema.h"
-#include "database/sqlite/sqlite_connection.h"
-#include "host/error.h"
+#include "archive/schema.h"
+#include "base/error.h"
+#include "odbc/odbc_connection.h"
+#include "sqlite/sqlite_connection.h"
 
 namespace cu {
 namespace {

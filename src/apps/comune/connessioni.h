@@ -3,8 +3,8 @@
 #include <memory>
 #include <vector>
 
-#include "database/controllo.h"
-#include "host/database.h"
+#include "archive/controllo.h"
+#include "data/database.h"
 #include "suite/profilo.h"
 
 namespace cu {

@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "apps/comune/connessioni.h"
-#include "database/ricostruzione.h"
+#include "archive/ricostruzione.h"
 
 namespace cu {
 

@@ -5,13 +5,13 @@
 
 #include "apps/comune/file_annotati.h"
 #include "reporting/pdf_reports.h"
-#include "shell/mod_main.h"
 #include "suite/catalogo_stampe.h"
 #include "suite/fabbrica.h"
 #include "suite/impostazioni.h"
 #include "suite/orologio.h"
 #include "suite/profilo.h"
 #include "suite/utilita.h"
+#include "wizard/mod_main.h"
 
 namespace cu {
 

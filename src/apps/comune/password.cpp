@@ -11,7 +11,7 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "host/error.h"
+#include "base/error.h"
 
 namespace cu {
 namespace {

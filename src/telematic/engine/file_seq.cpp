@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "host/error.h"
-#include "host/frontend.h"
+#include "base/error.h"
+#include "controls/frontend.h"
 #include "telematic/engine/record_image.h"
 
 namespace cu {

@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "host/error.h"
-#include "host/text.h"
+#include "base/error.h"
+#include "base/text.h"
 #include "telematic/engine/layout.h"
 
 namespace cu {

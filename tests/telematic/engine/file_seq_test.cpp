@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "host/error.h"
+#include "base/error.h"
 #include "support/memory_file_system.h"
 #include "support/scripted_front_end.h"
 #include "telematic/engine/record_image.h"

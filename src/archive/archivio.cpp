@@ -1,0 +1,33 @@
+#include "archive/archivio.h"
+
+#include "archive/demo.h"
+#include "archive/liste.h"
+#include "archive/schema.h"
+#include "archive/transazione.h"
+
+namespace cu {
+
+void creaArchivio(Connection& connessione, ContenutoArchivio contenuto, const OpzioniGeneratore& opzioni) {
+  if (contenuto == ContenutoArchivio::Sintetico) controlla(opzioni);
+  if (contieneSuite(connessione)) {
+    throw ArchivioEsistente(
+        "Il database contiene già le tabelle della suite: non è stato modificato. Indicare un database "
+        "vuoto.");
+  }
+  Transazione transazione(connessione);
+  creaSchema(connessione);
+  riempiListe(connessione);
+  switch (contenuto) {
+    case ContenutoArchivio::Vuoto:
+      break;
+    case ContenutoArchivio::Dimostrativo:
+      riempiDemo(connessione);
+      break;
+    case ContenutoArchivio::Sintetico:
+      generaAzienda(connessione, opzioni);
+      break;
+  }
+  transazione.conferma();
+}
+
+}  // namespace cu

@@ -1,0 +1,289 @@
+#include "archive/generatore.h"
+
+#include <stdexcept>
+#include <string>
+#include <unordered_map>
+
+#include "archive/azienda.h"
+#include "archive/codice_fiscale.h"
+#include "archive/generatore_conti.h"
+#include "archive/generatore_persone.h"
+#include "archive/generatore_testi.h"
+#include "archive/inserimento.h"
+#include "archive/liste.h"
+#include "base/text.h"
+
+namespace cu {
+namespace {
+
+constexpr std::int32_t kAzienda = 1;
+constexpr std::int32_t kFiliale = 1;
+constexpr std::int32_t kPrimoPercipiente = 101;
+constexpr std::int32_t kMassimo = 9999999;
+// The reason of a payee's further line of a year; nobody has it for the first.
+constexpr std::string_view kSecondaCausale = "M1";
+
+Decimal centesimi(std::int64_t valore) { return Decimal::fromScaled(valore * 100); }
+
+// One line of the accounts.
+struct Conto {
+  std::int32_t idAnagrafica = 0;
+  std::int32_t idCausale = 0;
+  std::string_view causale;
+  int anno = 0;
+};
+
+class Generatore {
+ public:
+  Generatore(Connection& connessione, const OpzioniGeneratore& opzioni);
+  void azienda();
+  void percipiente(std::int32_t numero);
+  void chiudi();
+
+ private:
+  void anagrafica(std::int32_t id, const PercipienteInventato& p);
+  void scheda(std::int32_t id, const PercipienteInventato& p, Casuale& caso);
+  void conto(const Conto& conto, const PercipienteInventato& p, Casuale& caso);
+  void datiAggiuntivi(const Conto& conto, Casuale& caso);
+  void moduli(const Conto& conto, Casuale& caso);
+  Inserimento& chiaveConto(Inserimento& inserimento, const Conto& conto);
+  std::int32_t idCausale(std::string_view codice) const { return causali_.at(codice); }
+
+  Connection& connessione_;
+  OpzioniGeneratore opzioni_;
+  Inventore inventore_;
+  std::unordered_map<std::string_view, std::int32_t> causali_;
+  std::int32_t compensi_ = 0;
+  std::int32_t numeroModuli_ = 0;
+
+  Inserimento anagrafica_;
+  Inserimento percipiente_;
+  Inserimento conto_;
+  Inserimento compenso_;
+  // Additional data: one statement for each set of fields that is filled together.
+  Inserimento residenza_;
+  Inserimento riferimenti_;
+  Inserimento addizionali_;
+  Inserimento previdenza_;
+  Inserimento pignoramento_;
+  Inserimento modulo_;
+};
+
+Generatore::Generatore(Connection& c, const OpzioniGeneratore& opzioni)
+    : connessione_(c),
+      opzioni_(opzioni),
+      anagrafica_(c, "Anagrafica",
+                  {"IDAnagrafica", "Anagrafica", "Nome", "PersonaFisica", "CodiceFiscale", "PartitaIva",
+                   "EMailInternet", "Telefono", "Cap", "Indirizzo", "Sesso", "DataNascita", "IDComuneNascita",
+                   "IDNazionalita", "IDComune", "IDNazione"}),
+      percipiente_(c, "Percipiente",
+                   {"IDAzienda", "IDAnagrafica", "Codice", "NonResidente", "NonResidenteSchumacker",
+                    "CodiceIdentificazioneFiscaleEstero", "CodiceAzPressoENPAM", "CodiceAzPressoENPAPI",
+                    "IDCategoriaParticolare", "IDEventoEccezionale", "IDCUEntePrevidenziale"}),
+      conto_(c, "ContoIndividuale",
+             {"IDAnagrafica", "IDCausalePagamento", "Anno", "IDAzienda", "OnorarioProvvigioni",
+              "QuotaProvvigioniNonSoggette", "SommeNonSoggette", "SommeNonSoggetteRegConv", "RitenutaAcconto",
+              "RitenutaImposta", "ContributoPrevidenziale", "RitenutaPrevidenziale13"}),
+      compenso_(c, "Compenso",
+                {"IDCompenso", "IDAzienda", "IDAnagrafica", "IDCausalePagamento", "DataPagamento",
+                 "NumeroDocumento", "DataDocumento", "OnorarioProvvigioni", "QuotaProvvigioniNonSoggette",
+                 "SommeNonSoggette", "SommeNonSoggetteRegConv", "RitenutaAcconto", "RitenutaImposta",
+                 "ContributoPrevidenziale", "RitenutaPrevidenziale13"}),
+      residenza_(c, "ContoIndividualeDatiAggiuntivi",
+                 {"IDAnagrafica", "IDCausalePagamento", "Anno", "IDAzienda", "Anticipazione",
+                  "RitenuteSospese", "IDComuneResidenzaAnnoPrec", "IDComuneResidenzaAnnoCorr"}),
+      riferimenti_(c, "ContoIndividualeDatiAggiuntivi",
+                   {"IDAnagrafica", "IDCausalePagamento", "Anno", "IDAzienda", "Anticipazione",
+                    "ProtocolloAnnSost", "ProgressivoAnnSost"}),
+      addizionali_(
+          c, "ContoIndividualeDatiAggiuntivi",
+          {"IDAnagrafica", "IDCausalePagamento", "Anno", "IDAzienda", "Anticipazione", "AddRegionImposta",
+           "AddComunImposta", "IDComuneResidenzaAnnoPrec", "IDComuneResidenzaAnnoCorr"}),
+      previdenza_(c, "ContoIndividualeDatiAggiuntivi",
+                  {"IDAnagrafica", "IDCausalePagamento", "Anno", "IDAzienda", "Anticipazione",
+                   "AltriContributi", "ImportoAltriContributi", "ContributiDovuti", "ContributiVersati"}),
+      pignoramento_(c, "ContoIndividualeDatiAggiuntivi",
+                    {"IDAnagrafica", "IDCausalePagamento", "Anno", "IDAzienda", "Anticipazione",
+                     "PignoramentoTerziCodiceFiscale1", "PignoramentoTerziSommeErogate1",
+                     "PignoramentoTerziRitenuteOperate1"}),
+      modulo_(c, "ModuloXContoIndividuale",
+              {"IDModuloXContoIndividuale", "IDAnagrafica", "IDAzienda", "IDCausalePagamento", "Anno",
+               "NumeroModulo", "IDCodicePerNonSoggetti", "AnnoModulo", "SommeNonSoggette",
+               "ImponibileAnniPrec", "RitenuteAnniPrec", "Anticipazione"}) {
+  for (const VoceInLista& voce : causaliPagamento()) causali_.emplace(voce.codice, voce.id);
+}
+
+void Generatore::azienda() {
+  riempiAzienda(connessione_, {.idAzienda = kAzienda,
+                               .idFiliale = kFiliale,
+                               .idAnagrafica = kIdSede,
+                               .idRappresentante = kIdRappresentante,
+                               .idCarica = kRappresentanteLegale,
+                               .primoAnno = opzioni_.primoAnno - 1,
+                               .ultimoAnno = opzioni_.ultimoAnno + 2});
+  riempiLocalitaEstere(connessione_);
+
+  PercipienteInventato sede;
+  sede.tipo = TipoPercipiente::Ditta;
+  sede.anagrafica = "Azienda Sintetica S.p.A.";
+  sede.partitaIva = "0000000023";
+  sede.partitaIva += cifraDiControllo(sede.partitaIva);
+  sede.codiceFiscale = sede.partitaIva;
+  sede.eMail = "amministrazione@azienda.example";
+  sede.telefono = "045/1234567";
+  sede.cap = "37121";
+  sede.indirizzo = "Via Roma 1";
+  sede.idComune = idComune("L781");
+  sede.idNazione = kItalia;
+  anagrafica(kIdSede, sede);
+
+  PercipienteInventato rappresentante;
+  rappresentante.anagrafica = "Verdi";
+  rappresentante.nome = "Giuseppina";
+  rappresentante.femmina = true;
+  rappresentante.nascita = *Date::fromYmd(1960, 2, 29);
+  rappresentante.idComuneNascita = idComune("L781");
+  rappresentante.idNazionalita = kItalia;
+  rappresentante.idComune = idComune("L781");
+  rappresentante.idNazione = kItalia;
+  rappresentante.cap = "37121";
+  rappresentante.indirizzo = "Via Roma 2";
+  rappresentante.codiceFiscale = codiceFiscale({rappresentante.anagrafica, rappresentante.nome,
+                                                rappresentante.femmina, rappresentante.nascita, "L781"});
+  anagrafica(kIdRappresentante, rappresentante);
+}
+
+void Generatore::percipiente(std::int32_t numero) {
+  Casuale caso(opzioni_.seme, static_cast<std::uint64_t>(numero));
+  const std::int32_t id = kPrimoPercipiente + numero - 1;
+  const PercipienteInventato p = inventore_.inventa(numero, caso);
+  anagrafica(id, p);
+  scheda(id, p, caso);
+  const std::string_view causale = causaleTipica(p.tipo, caso);
+  for (int anno = opzioni_.primoAnno; anno <= opzioni_.ultimoAnno; ++anno) {
+    if (caso.percento(97)) conto({id, idCausale(causale), causale, anno}, p, caso);
+    if (caso.percento(7)) conto({id, idCausale(kSecondaCausale), kSecondaCausale, anno}, p, caso);
+  }
+}
+
+void Generatore::anagrafica(std::int32_t id, const PercipienteInventato& p) {
+  anagrafica_.intero(id).testo(p.anagrafica).testo(p.nome).flag(p.persona());
+  anagrafica_.testo(p.codiceFiscale).testo(p.partitaIva).testo(p.eMail).testo(p.telefono);
+  anagrafica_.testo(p.cap)
+      .testo(p.indirizzo)
+      .testo(!p.persona() ? ""
+             : p.femmina  ? "F"
+                          : "M")
+      .data(p.nascita);
+  anagrafica_.id(p.idComuneNascita).id(p.idNazionalita).id(p.idComune).id(p.idNazione).riga();
+}
+
+void Generatore::scheda(std::int32_t id, const PercipienteInventato& p, Casuale& caso) {
+  const std::int32_t ente =
+      p.residente() && p.persona() && caso.percento(30) ? static_cast<std::int32_t>(caso.tra(1, 9)) : 0;
+  percipiente_.intero(kAzienda).intero(id).testo(cifre(id - kPrimoPercipiente + 1, 7));
+  percipiente_.flag(!p.residente()).flag(p.schumacker).testo(p.identificazioneEstera);
+  percipiente_.testo(ente == 1 ? cifre(id, 8) : "").testo(ente == 2 ? unito({"A", cifre(id % 1000, 3)}) : "");
+  percipiente_.id(p.persona() && caso.percento(1) ? caso.tra(1, 29) : 0);
+  percipiente_.id(caso.percento(1) ? 1 : 0).id(ente).riga();
+}
+
+Inserimento& Generatore::chiaveConto(Inserimento& inserimento, const Conto& conto) {
+  return inserimento.intero(conto.idAnagrafica).intero(conto.idCausale).intero(conto.anno).intero(kAzienda);
+}
+
+void Generatore::conto(const Conto& conto, const PercipienteInventato& p, Casuale& caso) {
+  ImportiConto totale;
+  const std::int64_t quanti = caso.percento(70) ? 1 : caso.tra(2, 3);
+  for (std::int64_t i = 0; i < quanti; ++i) {
+    const ImportiConto importi = inventaCompenso(conto.causale, p.residente(), caso);
+    totale.aggiungi(importi);
+    const int mese = static_cast<int>(caso.tra(1, 12));
+    const Date giorno = *Date::fromYmd(conto.anno, mese, static_cast<int>(caso.tra(1, 28)));
+    compenso_.intero(++compensi_)
+        .intero(kAzienda)
+        .intero(conto.idAnagrafica)
+        .intero(conto.idCausale)
+        .data(giorno);
+    compenso_.testo(unito({fromInteger(caso.tra(1, 400)), "/", fromInteger(conto.anno)}));
+    compenso_.data(Date::fromSerial(giorno.serial() - static_cast<std::int32_t>(caso.tra(0, 30))));
+    for (std::int64_t importo : importi.tutti()) compenso_.importo(centesimi(importo));
+    compenso_.riga();
+  }
+  chiaveConto(conto_, conto);
+  for (std::int64_t importo : totale.tutti()) conto_.importo(centesimi(importo));
+  conto_.riga();
+  datiAggiuntivi(conto, caso);
+  if (caso.percento(4)) moduli(conto, caso);
+}
+
+void Generatore::datiAggiuntivi(const Conto& conto, Casuale& caso) {
+  const std::uint32_t tiro = caso.sotto(100);
+  if (conto.causale == "N") {
+    const std::int32_t comune = inventore_.comune(caso).id;
+    chiaveConto(addizionali_, conto).flag(false).importo(centesimi(caso.tra(50, 9000)));
+    addizionali_.importo(centesimi(caso.tra(10, 3000))).intero(comune).intero(comune).riga();
+  } else if (tiro < 15) {
+    chiaveConto(residenza_, conto).flag(tiro < 3).importo(centesimi(tiro < 2 ? caso.tra(100, 50000) : 0));
+    residenza_.intero(inventore_.comune(caso).id).intero(inventore_.comune(caso).id).riga();
+  } else if (tiro < 20) {
+    chiaveConto(riferimenti_, conto).flag(false);
+    riferimenti_.testo(unito({cifre(conto.anno % 100 + 1, 2), "030712", cifre(caso.tra(0, 999999999), 9)}));
+    riferimenti_.testo(cifre(caso.tra(1, 999999), 6)).riga();
+  } else if (tiro < 25) {
+    const std::int64_t dovuti = caso.tra(1000, 400000);
+    chiaveConto(previdenza_, conto).flag(false).flag(tiro == 20);
+    previdenza_.importo(centesimi(tiro == 20 ? caso.tra(-20000, 20000) : 0));
+    previdenza_.importo(centesimi(dovuti)).importo(centesimi(dovuti)).riga();
+  } else if (tiro == 25) {
+    const std::int64_t somma = caso.tra(5000, 300000);
+    std::string debitore = unito({cifre(caso.tra(1, kMassimo), 7), "023"});
+    debitore += cifraDiControllo(debitore);
+    chiaveConto(pignoramento_, conto).flag(false).testo(debitore).importo(centesimi(somma));
+    pignoramento_.importo(centesimi(somma / 5)).riga();
+  }
+}
+
+void Generatore::moduli(const Conto& conto, Casuale& caso) {
+  const std::int64_t quanti = caso.percento(70) ? 1 : caso.tra(2, 3);
+  for (std::int64_t i = 0; i < quanti; ++i) {
+    modulo_.intero(++numeroModuli_).intero(conto.idAnagrafica).intero(kAzienda).intero(conto.idCausale);
+    modulo_.intero(conto.anno).intero(i + 2);
+    if (caso.percento(50)) {
+      modulo_.intero(caso.tra(1, 2)).nullo().importo(centesimi(caso.tra(100, 90000))).importo({}).importo({});
+    } else {
+      const std::int64_t imponibile = caso.tra(10000, 900000);
+      modulo_.nullo().intero(conto.anno - 1).importo({}).importo(centesimi(imponibile));
+      modulo_.importo(centesimi(imponibile / 5));
+    }
+    modulo_.flag(caso.percento(10)).riga();
+  }
+}
+
+void Generatore::chiudi() {
+  for (Inserimento* inserimento : {&anagrafica_, &percipiente_, &conto_, &compenso_, &residenza_,
+                                   &riferimenti_, &addizionali_, &previdenza_, &pignoramento_, &modulo_}) {
+    inserimento->chiudi();
+  }
+}
+
+}  // namespace
+
+void controlla(const OpzioniGeneratore& opzioni) {
+  if (opzioni.percipienti < 1 || opzioni.percipienti > kMassimo) {
+    throw std::invalid_argument("numero di percipienti fuori dai limiti");
+  }
+  if (opzioni.primoAnno < 1902 || opzioni.ultimoAnno > 9990 || opzioni.primoAnno > opzioni.ultimoAnno) {
+    throw std::invalid_argument("anni fuori dai limiti");
+  }
+}
+
+void generaAzienda(Connection& connessione, const OpzioniGeneratore& opzioni) {
+  controlla(opzioni);
+  Generatore generatore(connessione, opzioni);
+  generatore.azienda();
+  for (std::int32_t numero = 1; numero <= opzioni.percipienti; ++numero) generatore.percipiente(numero);
+  generatore.chiudi();
+}
+
+}  // namespace cu

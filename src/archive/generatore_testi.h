@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "base/text.h"
+
+namespace cu {
+
+// The number with zeros in front, to the width.
+inline std::string cifre(std::int64_t valore, std::size_t larghezza) {
+  const std::string testo = fromInteger(valore);
+  std::string risultato;
+  if (testo.size() < larghezza) risultato.assign(larghezza - testo.size(), '0');
+  risultato += testo;
+  return risultato;
+}
+
+// The pieces joined. A list in braces is evaluated from left to right, which a sum of texts is not: pieces
+// that are drawn at random must come in one order with every compiler.
+inline std::string unito(std::initializer_list<std::string_view> pezzi) {
+  std::string risultato;
+  for (std::string_view pezzo : pezzi) risultato += pezzo;
+  return risultato;
+}
+
+}  // namespace cu

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "data/database.h"
+
+namespace cu {
+
+// The lists that every company needs, as data/liste/ keeps them.
+
+struct ComuneInLista {
+  std::int32_t id = 0;
+  std::string_view nome;
+  std::string_view catasto;    // cadastral code, such as "L781"
+  std::string_view provincia;  // sign, such as "VR"
+  bool soppresso = false;
+};
+
+struct NazioneInLista {
+  std::int32_t id = 0;      // the code as a number
+  std::string_view codice;  // three digits, of the Agenzia delle Entrate
+  std::string_view nome;
+  std::string_view catasto;  // Z and three digits; empty for Italy and where there is none
+};
+
+inline constexpr std::int32_t kItalia = 86;  // the country's id
+
+struct VoceInLista {
+  std::int32_t id = 0;
+  std::string_view codice;
+};
+
+std::vector<ComuneInLista> comuni();
+std::vector<NazioneInLista> nazioni();
+std::vector<VoceInLista> causaliPagamento();
+std::vector<VoceInLista> categorieParticolari();
+std::vector<VoceInLista> eventiEccezionali();
+
+// A municipality keeps its id whatever is added to the list: the letter's rank from 1, times a thousand, and
+// the digits ("A001" is 1001, "L781" 12781). std::invalid_argument for what is no cadastral code.
+std::int32_t idComune(std::string_view catasto);
+
+// Fills the tables of provinces, municipalities, countries, payment reasons and of all codes; statements
+// only, within the caller's transaction.
+void riempiListe(Connection& connessione);
+
+}  // namespace cu

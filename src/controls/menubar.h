@@ -1,0 +1,86 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "controls/control.h"
+
+namespace cu {
+
+// The menu bar: tools by key, in bands.
+class MenuBar : public Control {
+ public:
+  using Control::Control;
+  void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
+  bool takesFocus() const override { return false; }
+
+  struct Tool {
+    std::string key;
+    int id = 0;
+    std::string band;
+    std::string caption;
+    std::string shortcut;
+    bool enabled = true;  // as far as it says itself
+    bool inert = false;   // kept for its key, without an effect: a window does not offer it
+  };
+
+  // The tools of a band that opens as a popup are enabled only while `opens` returns true.
+  void addBand(const std::string& band, std::function<bool()> opens = {}) {
+    bands_.push_back(band);
+    opens_[band] = std::move(opens);
+  }
+  void addTool(Tool tool) {
+    tools_.push_back(std::move(tool));
+    notify();
+  }
+  void clear() {
+    bands_.clear();
+    opens_.clear();
+    tools_.clear();
+    notify();
+  }
+  const std::vector<std::string>& bands() const { return bands_; }
+  const std::vector<Tool>& tools() const { return tools_; }
+  const Tool* tool(std::string_view key) const {
+    for (const Tool& tool : tools_) {
+      if (tool.key == key) return &tool;
+    }
+    return nullptr;
+  }
+  // Whether a person can choose the tool now.
+  bool toolAvailable(const Tool& tool) const {
+    const auto band = opens_.find(tool.band);
+    return tool.enabled && (band == opens_.end() || !band->second || band->second());
+  }
+  void setToolEnabled(std::string_view key, bool enabled) {
+    for (Tool& tool : tools_) {
+      if (tool.key == key) tool.enabled = enabled;
+    }
+    notify();
+  }
+  int style() const { return style_; }
+  void setStyle(int style) {
+    style_ = style;
+    notify();
+  }
+
+  // A command without a tool passes; a tool that cannot be chosen does nothing.
+  void click(const std::string& key) {
+    const Tool* const chosen = tool(key);
+    if (chosen != nullptr && !toolAvailable(*chosen)) return;
+    if (onToolClick) onToolClick(key);
+  }
+  std::function<void(const std::string& key)> onToolClick;
+
+ private:
+  std::vector<std::string> bands_;
+  std::map<std::string, std::function<bool()>, std::less<>> opens_;
+  std::vector<Tool> tools_;
+  int style_ = 0;
+};
+
+}  // namespace cu

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "controls/control.h"
+#include "data/database.h"
+#include "data/recordset.h"
+
+namespace cu {
+
+// A code and description selector bound to one table: a code box, a description box and a search list.
+class Selector : public Control {
+ public:
+  using Control::Control;
+  void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
+
+  struct Binding {
+    std::string table;
+    std::string codeField;
+    std::string descriptionField;
+    std::string idField;
+    std::string codeCaption;
+    std::string descriptionCaption;
+    std::string filter;  // a condition on the table; may be empty
+    std::string title;
+    bool manage = false;  // toolbar entry "EseguiGestione"
+    bool search = true;   // toolbar entry "Ricerca"
+  };
+  // Binds and empties it.
+  void bind(Connection& connection, Binding binding);
+  const Binding& binding() const { return binding_; }
+
+  std::int64_t record() const { return record_; }  // 0 when none
+  const std::string& code() const { return code_; }
+  const std::string& description() const { return description_; }
+
+  struct Row {
+    std::int64_t record = 0;
+    std::string code;
+    std::string description;
+  };
+  // The row with that code, or id, of the table under the filter.
+  std::optional<Row> findCode(const std::string& code) const;
+  std::optional<Row> findRecord(std::int64_t id) const;
+  // The same row is chosen. False when there is none: nothing changes.
+  bool chooseCode(const std::string& code) { return choose(findCode(code)); }
+  bool chooseRecord(std::int64_t id) { return choose(findRecord(id)); }
+  bool choose(const std::optional<Row>& row);
+  // Code and description as they stand, whether a row has them or not.
+  void choose(const std::string& code, const std::string& description);
+  void empty() { set(0, "", ""); }
+  // The rows of its search list, id, code and description, in the order of the descriptions.
+  void list(Recordset& rows) const;
+
+  Event onChange;
+
+ private:
+  std::optional<Row> find(const std::string& condition) const;
+  void set(std::int64_t record, const std::string& code, const std::string& description);
+
+  Connection* connection_ = nullptr;
+  Binding binding_;
+  std::int64_t record_ = 0;
+  std::string code_;
+  std::string description_;
+};
+
+}  // namespace cu

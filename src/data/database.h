@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "data/rowstore.h"
+
+namespace cu {
+
+class Rowset;
+
+// One connection to the suite's database. Statements are whole texts in the server's dialect, values inlined.
+// Every operation may raise DatabaseError.
+class Connection {
+ public:
+  virtual ~Connection() = default;
+  // Runs a statement from which no rows are wanted, and returns how many it has touched: of several in one
+  // text the last one's, -1 where the engine does not say.
+  virtual std::int64_t Execute(std::string_view statement) = 0;
+  // Runs a statement, or reads the whole table when the text is a plain table name, and appends columns and
+  // rows.
+  virtual void Query(std::string_view source, RowStore& rows) = 0;
+  // Between these two calls all reads see one state of the database, and cost no lock each. Calls may nest; a
+  // statement that writes may come between them where the engine allows it. An engine without such a need
+  // does nothing.
+  virtual void BeginRead() {}
+  virtual void EndRead() noexcept {}
+};
+
+class ReadScope {
+ public:
+  explicit ReadScope(Connection& connection) : connection_(connection) { connection_.BeginRead(); }
+  ~ReadScope() { connection_.EndRead(); }
+  ReadScope(const ReadScope&) = delete;
+  ReadScope& operator=(const ReadScope&) = delete;
+
+ private:
+  Connection& connection_;
+};
+
+// The database object of the session.
+class DatabaseHost {
+ public:
+  virtual ~DatabaseHost() = default;
+  virtual Connection& connection() = 0;
+  virtual Connection& internalConnection() = 0;
+  // What controls, reports and the rebuild read for themselves.
+  virtual Connection& ownConnection() = 0;
+  virtual std::unique_ptr<Rowset> CreateRowset() = 0;
+};
+
+// A look-up in one table or view: fields, table, filter; then opened and asked.
+class Rowset {
+ public:
+  virtual ~Rowset() = default;
+  virtual void addField(std::string_view name) = 0;
+  virtual void setTable(std::string_view name) = 0;
+  virtual void setFilter(std::string_view text) = 0;  // a condition; may be empty
+  virtual void open() = 0;
+  virtual bool eof() const = 0;
+  // A field of the first row; Error 3265 for a name that was not added, 3021 without a row.
+  virtual Value value(std::string_view field) const = 0;
+};
+
+// Rowset on any connection: "SELECT fields FROM table WHERE filter".
+class ConnectionRowset : public Rowset {
+ public:
+  explicit ConnectionRowset(Connection& connection) : connection_(connection) {}
+  void addField(std::string_view name) override;
+  void setTable(std::string_view name) override { table_ = name; }
+  void setFilter(std::string_view text) override { filter_ = text; }
+  void open() override;
+  bool eof() const override { return rows_ == nullptr || rows_->size() == 0; }
+  Value value(std::string_view field) const override;
+  std::string source() const;
+
+ private:
+  Connection& connection_;
+  std::string fields_;
+  std::string table_;
+  std::string filter_;
+  std::unique_ptr<RowStore> rows_;
+};
+
+}  // namespace cu

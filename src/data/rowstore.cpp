@@ -1,0 +1,203 @@
+#include "data/rowstore.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "base/text.h"
+
+namespace cu {
+namespace {
+
+// A cell is a tag and what the tag calls for. From kNulls on a tag is a run of nulls.
+enum Tag : std::uint8_t {
+  kInteger = 1,
+  kDecimal = 2,
+  kText = 3,
+  kDate = 4,
+  kSameText = 5,
+  kZeroDecimal = 6,
+  kShortText = 16,
+  kNulls = 128
+};
+constexpr std::size_t kShortTextMax = kNulls - kShortText - 1;
+constexpr std::size_t kNullRunMax = 255 - kNulls;
+constexpr std::size_t kFirstChunk = 4096;
+constexpr std::size_t kLargestChunk = 1U << 20;
+constexpr std::size_t kWorthSharing = 12;  // a pointer and a length cost about as much
+
+std::uint64_t zigzag(std::int64_t value) {
+  // cppcheck-suppress shiftTooManyBitsSigned ; C++20 defines it: the sign fills all bits
+  return (static_cast<std::uint64_t>(value) << 1) ^ static_cast<std::uint64_t>(value >> 63);
+}
+std::int64_t unzigzag(std::uint64_t value) {
+  return static_cast<std::int64_t>((value >> 1) ^ (~(value & 1) + 1));
+}
+
+std::uint64_t readVarint(const unsigned char*& at) {
+  std::uint64_t value = *at++;
+  if (value < 0x80) return value;
+  value &= 0x7FU;
+  for (unsigned shift = 7;; shift += 7) {
+    const std::uint64_t byte = *at++;
+    value |= (byte & 0x7FU) << shift;
+    if (byte < 0x80) return value;
+  }
+}
+
+}  // namespace
+
+Columns::Columns(std::vector<Column> columns) : columns_(std::move(columns)) {
+  byName_.reserve(columns_.size());
+  for (std::size_t i = 0; i < columns_.size(); ++i) byName_.emplace(lowerAscii(columns_[i].name), i);
+}
+
+std::size_t Columns::find(std::string_view name) const {
+  const auto found = byName_.find(lowerAscii(name));
+  return found == byName_.end() ? kNone : found->second;
+}
+
+void RowStore::setColumns(std::shared_ptr<const Columns> columns) { columns_ = std::move(columns); }
+
+void RowStore::grow(std::size_t more) {
+  // A row lies in one piece: what is written of it moves to the new chunk.
+  const auto begun = static_cast<std::size_t>(end_ - rowStart_);
+  chunkSize_ = chunkSize_ == 0 ? kFirstChunk : std::min(chunkSize_ * 2, kLargestChunk);
+  const std::size_t size = std::max(chunkSize_, (begun + more) * 2);
+  chunks_.push_back(std::make_unique_for_overwrite<unsigned char[]>(size));
+  chunkBytes_ += size;
+  unsigned char* chunk = chunks_.back().get();
+  if (begun > 0) {
+    std::memcpy(chunk, rowStart_, begun);
+    // Texts of this very row may be pointed at from the old place, which stays.
+  }
+  rowStart_ = chunk;
+  end_ = chunk + begun;
+  limit_ = chunk + size;
+}
+
+void RowStore::varint(std::uint64_t value) {
+  while (value >= 0x80) {
+    *end_++ = static_cast<unsigned char>(value | 0x80U);
+    value >>= 7;
+  }
+  *end_++ = static_cast<unsigned char>(value);
+}
+
+void RowStore::flushNulls() {
+  while (nulls_ > 0) {
+    const std::size_t run = std::min(nulls_, kNullRunMax);
+    *end_++ = static_cast<unsigned char>(kNulls + run);
+    nulls_ -= run;
+  }
+}
+
+void RowStore::beginRow() {
+  if (lastText_.empty()) lastText_.resize(columns_->size());
+  rowStart_ = end_;
+  column_ = 0;
+  nulls_ = 0;
+}
+
+void RowStore::null() {
+  ++nulls_;
+  ++column_;
+}
+
+void RowStore::tagged(std::uint8_t tag, std::int64_t value) {
+  reserve(16 + nulls_ / kNullRunMax);
+  flushNulls();
+  *end_++ = tag;
+  varint(zigzag(value));
+  ++column_;
+}
+
+void RowStore::integer(std::int64_t value) { tagged(kInteger, value); }
+void RowStore::date(Date value) { tagged(kDate, value.serial()); }
+
+void RowStore::decimal(Decimal value) {
+  if (value.isZero()) {
+    reserve(16 + nulls_ / kNullRunMax);
+    flushNulls();
+    *end_++ = kZeroDecimal;
+    ++column_;
+    return;
+  }
+  tagged(kDecimal, value.scaled());
+}
+
+void RowStore::text(std::string_view value) {
+  reserve(32 + nulls_ / kNullRunMax + value.size());
+  flushNulls();
+  std::string_view& last = lastText_[column_];
+  ++column_;
+  if (value.size() > kWorthSharing && value == last) {
+    *end_++ = kSameText;
+    const char* place = last.data();
+    std::memcpy(end_, &place, sizeof place);
+    end_ += sizeof place;
+    varint(value.size());
+    return;
+  }
+  if (value.size() <= kShortTextMax) {
+    *end_++ = static_cast<unsigned char>(kShortText + value.size());
+  } else {
+    *end_++ = kText;
+    varint(value.size());
+  }
+  if (!value.empty()) std::memcpy(end_, value.data(), value.size());
+  if (value.size() > kWorthSharing) last = {reinterpret_cast<const char*>(end_), value.size()};
+  end_ += value.size();
+}
+
+void RowStore::endRow() {
+  if (column_ < columns_->size()) nulls_ += columns_->size() - column_;
+  reserve(16 + nulls_ / kNullRunMax);
+  flushNulls();
+  rows_.push_back(rowStart_);
+}
+
+void RowStore::readFirst(std::size_t row, std::size_t count, CellView* cells) const {
+  const unsigned char* at = rows_[row];
+  const auto text = [&at](std::size_t length) {
+    const CellView cell = CellView::ofText({reinterpret_cast<const char*>(at), length});
+    at += length;
+    return cell;
+  };
+  CellView* const end = cells + count;
+  while (cells < end) {
+    const std::uint8_t tag = *at++;
+    if (tag > kNulls) {
+      CellView* const behind = cells + std::min<std::ptrdiff_t>(tag - kNulls, end - cells);
+      while (cells < behind) *cells++ = CellView();
+    } else if (tag >= kShortText) {
+      *cells++ = text(tag - std::size_t{kShortText});
+    } else {
+      switch (tag) {
+        case kZeroDecimal:
+          *cells++ = CellView::ofDecimal(Decimal());
+          break;
+        case kInteger:
+          *cells++ = CellView::ofInteger(unzigzag(readVarint(at)));
+          break;
+        case kDecimal:
+          *cells++ = CellView::ofDecimal(Decimal::fromScaled(unzigzag(readVarint(at))));
+          break;
+        case kDate:
+          *cells++ = CellView::ofDate(Date::fromSerial(static_cast<std::int32_t>(unzigzag(readVarint(at)))));
+          break;
+        case kSameText: {
+          const char* place = nullptr;
+          std::memcpy(&place, at, sizeof place);
+          at += sizeof place;
+          *cells++ = CellView::ofText({place, readVarint(at)});
+          break;
+        }
+        default:  // kText
+          *cells++ = text(readVarint(at));
+          break;
+      }
+    }
+  }
+}
+
+}  // namespace cu

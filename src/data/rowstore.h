@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "base/value.h"
+
+namespace cu {
+
+struct Column {
+  std::string name;
+  ValueType type = ValueType::Null;  // Null where only the values tell
+};
+
+// The columns of a result, in order. Names are looked up without regard to case; where two columns bear one
+// name, the first is meant.
+class Columns {
+ public:
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+  explicit Columns(std::vector<Column> columns);
+  std::size_t size() const { return columns_.size(); }
+  const Column& operator[](std::size_t index) const { return columns_[index]; }
+  std::size_t find(std::string_view name) const;  // kNone when there is none
+
+ private:
+  std::vector<Column> columns_;
+  std::unordered_map<std::string, std::size_t> byName_;
+};
+
+// The rows of a result in memory, packed: a null costs a bit of a byte, a text its bytes. An engine appends
+// the cells of a row in the order of the columns; nothing is changed afterwards.
+class RowStore {
+ public:
+  RowStore() = default;
+  RowStore(const RowStore&) = delete;
+  RowStore& operator=(const RowStore&) = delete;
+
+  void setColumns(std::shared_ptr<const Columns> columns);
+  const std::shared_ptr<const Columns>& columns() const { return columns_; }
+
+  void beginRow();
+  void null();
+  void integer(std::int64_t value);
+  void decimal(Decimal value);
+  void text(std::string_view value);
+  void date(Date value);
+  void endRow();  // cells not given are null
+
+  std::size_t size() const { return rows_.size(); }
+  // Writes one view a column; `cells` has room for columns()->size(). The views live as long as the store.
+  void read(std::size_t row, CellView* cells) const { readFirst(row, columns_->size(), cells); }
+  // The same of the first `count` columns, and no more.
+  void readFirst(std::size_t row, std::size_t count, CellView* cells) const;
+  std::size_t bytes() const { return chunkBytes_; }
+
+ private:
+  void reserve(std::size_t more) {
+    if (static_cast<std::size_t>(limit_ - end_) < more) grow(more);
+  }
+  void grow(std::size_t more);
+  void tagged(std::uint8_t tag, std::int64_t value);
+  void varint(std::uint64_t value);
+  void flushNulls();
+
+  std::shared_ptr<const Columns> columns_;
+  std::vector<std::unique_ptr<unsigned char[]>> chunks_;
+  std::size_t chunkSize_ = 0;
+  std::size_t chunkBytes_ = 0;
+  unsigned char* rowStart_ = nullptr;
+  unsigned char* end_ = nullptr;    // behind the last byte written
+  unsigned char* limit_ = nullptr;  // behind the chunk
+  std::size_t nulls_ = 0;           // pending run
+  std::vector<const unsigned char*> rows_;
+  std::vector<std::string_view> lastText_;  // a column's last long text, to be pointed at when it comes again
+  std::size_t column_ = 0;
+};
+
+}  // namespace cu

@@ -1,0 +1,240 @@
+#include <array>
+
+#include "base/text.h"
+#include "sqlite/analysis.h"
+#include "sqlite/sql_error.h"
+
+namespace cu::sqlite {
+namespace {
+
+constexpr int kDeepestQuery = 40;
+
+void collateText(Expr& expr) {
+  if (expr.valueKind == ValueKind::Text && !carriesCollation(expr)) expr.noCase = true;
+}
+
+std::shared_ptr<const TableInfo> systemTable() {
+  TableInfo info;
+  info.name = "sysobjects";
+  for (const char* column : {"name", "id", "type"}) info.columns.push_back({column, ValueKind::Text});
+  return std::make_shared<TableInfo>(std::move(info));
+}
+
+}  // namespace
+
+bool isSystemTable(std::string_view name) { return equalsNoCase(name, "sysobjects"); }
+
+std::shared_ptr<const TableInfo> Analysis::table(std::string_view name, std::size_t position) const {
+  if (isSystemTable(name) && dialect_ == Dialect::Server) return systemTable();
+  std::shared_ptr<const TableInfo> info = catalog_.find(name);
+  if (info == nullptr) throw UnknownTable(position, "tabella o vista sconosciuta: " + std::string(name));
+  return info;
+}
+
+void Analysis::query(Select& query) {
+  select(query, nullptr, Use::Top);
+  orderByKey(query);
+}
+
+void Analysis::view(Select& query) {
+  if (!query.orderBy.empty() && dialect_ == Dialect::Server) {
+    throw SqlError(query.position, "una vista non ha ORDER BY");
+  }
+  select(query, nullptr, Use::Compared);
+}
+
+void Analysis::select(Select& first, const Scope* parent, Use use) {
+  if (++depth_ > kDeepestQuery) throw SqlError(first.position, "query troppo annidata");
+  bool compared = use == Use::Compared;
+  for (const Select* part = &first; part->compound != Compound::None; part = part->next.get()) {
+    compared = compared || part->compound == Compound::Union || !first.orderBy.empty();
+  }
+  core(first, parent, compared ? Use::Compared : Use::Top);
+  for (Select* part = first.next.get(); part != nullptr; part = part->next.get()) {
+    core(*part, parent, compared ? Use::Compared : Use::Top);
+    if (part->output.size() != first.output.size()) {
+      throw SqlError(part->position, "le query unite da UNION hanno un numero diverso di colonne");
+    }
+    for (std::size_t i = 0; i < part->output.size(); ++i) {
+      Expr left;
+      Expr right;
+      left.position = right.position = part->position;
+      left.valueKind = first.output[i].kind;
+      right.valueKind = part->output[i].kind;
+      first.output[i].kind = combine({&left, &right}, "UNION");
+    }
+  }
+  --depth_;
+}
+
+void Analysis::core(Select& select, const Scope* parent, Use use) {
+  Scope scope;
+  scope.parent = parent;
+  scope.select = &select;
+  sources(select.from, scope);
+  joinConditions(select.from, scope);
+  if (select.where != nullptr) test(*select.where, scope);
+  items(select, scope);
+  for (const ExprPtr& expr : select.groupBy) {
+    if (expr->kind == ExprKind::Number) throw SqlError(expr->position, "GROUP BY di una posizione");
+    value(*expr, scope);
+    collateText(*expr);
+  }
+  if (select.having != nullptr) test(*select.having, scope);
+  if (use == Use::Compared || select.distinct) {
+    for (SelectItem& item : select.items) {
+      if (!item.star) collateText(*item.expr);
+    }
+  }
+  std::size_t index = 0;
+  for (const SelectItem& item : select.items) {
+    if (item.star) {
+      index += item.width;
+    } else {
+      select.output[index++].collated = carriesCollation(*item.expr);
+    }
+  }
+  orderBy(select, scope);
+}
+
+void Analysis::sources(std::vector<Source>& from, Scope& scope) {
+  for (Source& source : from) {
+    if (!source.group.empty()) {
+      sources(source.group, scope);
+      continue;
+    }
+    if (source.select != nullptr) {
+      // A query in FROM sees nothing of its neighbours.
+      select(*source.select, scope.parent, Use::Compared);
+      TableInfo info;
+      info.name = source.alias;
+      info.view = true;
+      info.columns = source.select->output;
+      for (const ColumnInfo& column : info.columns) {
+        if (column.name.empty())
+          throw SqlError(source.position, "colonna senza nome in una query fra parentesi");
+      }
+      source.info = std::make_shared<TableInfo>(std::move(info));
+    } else {
+      source.info = table(source.table, source.position);
+    }
+    for (const Source* other : scope.sources) {
+      if (equalsNoCase(other->name(), source.name())) {
+        throw SqlError(source.position, "due tabelle con lo stesso nome: " + source.name());
+      }
+    }
+    scope.sources.push_back(&source);
+  }
+}
+
+void Analysis::joinConditions(std::vector<Source>& from, const Scope& scope) {
+  bool comma = false;
+  bool outer = false;
+  for (Source& source : from) {
+    comma = comma || source.join == Source::Join::Comma;
+    outer = outer || source.join == Source::Join::Right || source.join == Source::Join::Full;
+    joinConditions(source.group, scope);
+    if (source.on != nullptr) test(*source.on, scope);
+  }
+  // Comma and join bind differently on the two engines; only here would it show.
+  if (comma && outer) throw SqlError(from.front().position, "RIGHT o FULL JOIN accanto a una virgola");
+}
+
+void Analysis::items(Select& select, const Scope& scope) {
+  for (SelectItem& item : select.items) {
+    if (item.star) {
+      const std::size_t before = select.output.size();
+      star(item, select, scope);
+      item.width = select.output.size() - before;
+      continue;
+    }
+    value(*item.expr, scope);
+    ColumnInfo column;
+    column.kind = item.expr->valueKind;
+    column.name = item.alias;
+    if (column.name.empty() && item.expr->kind == ExprKind::Column) column.name = item.expr->name;
+    select.output.push_back(std::move(column));
+  }
+}
+
+void Analysis::star(const SelectItem& item, Select& select, const Scope& scope) const {
+  bool found = false;
+  for (const Source* source : scope.sources) {
+    if (!item.qualifier.empty() && !equalsNoCase(item.qualifier, source->name())) continue;
+    found = true;
+    select.output.insert(select.output.end(), source->info->columns.begin(), source->info->columns.end());
+  }
+  if (!found) throw SqlError(item.position, "«*» senza tabella");
+}
+
+void Analysis::orderBy(Select& select, const Scope& scope) {
+  for (OrderTerm& term : select.orderBy) orderTerm(select, term, scope);
+}
+
+// A bare name means a column of the result before one of the tables. True when that is all there is to say;
+// a column that the result has from a table is named in full instead.
+bool Analysis::orderByResult(const Select& select, Expr& expr, const Scope& scope) const {
+  const ColumnInfo* result = nullptr;
+  for (const ColumnInfo& column : select.output) {
+    if (!equalsNoCase(column.name, expr.name)) continue;
+    if (result != nullptr) throw SqlError(expr.position, "nome di colonna ambiguo: " + expr.name);
+    result = &column;
+  }
+  if (result == nullptr) return false;
+  const SelectItem* named = nullptr;
+  for (const SelectItem& item : select.items) {
+    if (!item.star && equalsNoCase(item.alias, expr.name)) named = &item;
+  }
+  if (named != nullptr || select.compound != Compound::None) {
+    expr.valueKind = result->kind;
+    expr.noCase = expr.valueKind == ValueKind::Text && !result->collated;
+    return true;
+  }
+  for (const SelectItem& item : select.items) {
+    if (!item.star) {
+      // Under another name in the result it is not the one that is meant.
+      if (item.alias.empty() && item.expr->kind == ExprKind::Column &&
+          equalsNoCase(item.expr->name, expr.name)) {
+        expr.qualifier = item.expr->qualifier;
+      }
+      continue;
+    }
+    for (const Source* source : scope.sources) {
+      if (!item.qualifier.empty() && !equalsNoCase(item.qualifier, source->name())) continue;
+      if (source->info->find(expr.name) != TableInfo::kNone) expr.qualifier = source->name();
+    }
+  }
+  return false;
+}
+
+void Analysis::orderTerm(const Select& select, OrderTerm& term, const Scope& scope) {
+  Expr& expr = *term.expr;
+  if (expr.kind == ExprKind::Number) {
+    expr.pinned = true;
+    return;
+  }
+  if (expr.kind == ExprKind::Column && expr.qualifier.empty() && orderByResult(select, expr, scope)) return;
+  value(expr, scope);
+  collateText(expr);
+}
+
+// The rows of a table come in the order of its key, as they lie on the server.
+void Analysis::orderByKey(Select& select) const {
+  if (!select.orderBy.empty() || select.from.size() != 1 || select.distinct || select.aggregated ||
+      !select.groupBy.empty() || select.compound != Compound::None) {
+    return;
+  }
+  const Source& source = select.from.front();
+  if (source.info == nullptr || source.info->view || source.select != nullptr) return;
+  for (const std::string& column : source.info->primaryKey) {
+    OrderTerm term;
+    term.expr = std::make_unique<Expr>();
+    term.expr->kind = ExprKind::Column;
+    term.expr->qualifier = source.name();
+    term.expr->name = column;
+    term.expr->valueKind = source.info->columns[source.info->find(column)].kind;
+    select.orderBy.push_back(std::move(term));
+  }
+}
+
+}  // namespace cu::sqlite

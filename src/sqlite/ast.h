@@ -1,0 +1,245 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "sqlite/catalog.h"
+
+namespace cu::sqlite {
+
+struct Expr;
+struct Select;
+struct Statement;
+using ExprPtr = std::unique_ptr<Expr>;
+using SelectPtr = std::unique_ptr<Select>;
+using StatementPtr = std::unique_ptr<Statement>;
+
+enum class ExprKind {
+  Null,
+  Number,
+  Text,
+  Column,
+  Negate,   // - operand
+  Plus,     // + operand
+  Binary,   // + - * / %, and || in stored texts: name
+  Compare,  // = <> < <= > >=: name
+  And,
+  Or,
+  Not,
+  Like,      // value, pattern, escape where given
+  Between,   // value, low, high
+  InList,    // value, the list
+  InSelect,  // value; select
+  IsNull,    // value
+  Exists,    // select
+  Case,      // `hasBase`: base; then pairs of WHEN and THEN; `hasElse`: else
+  Call,      // name
+  Cast,      // value; type
+  Subquery,  // select
+  Collate,   // value; name; only in stored texts
+};
+
+// How a literal is brought into the form in which the column beside it is stored.
+enum class Conversion {
+  AsIs,
+  Date,         // 'YYYYMMDD' or 'YYYY-MM-DD', a time behind it: the stored form
+  IntegerText,  // a text beside an integer
+  DecimalText,  // a text beside an amount
+  Amount,       // a number put into an amount: four places
+  Whole,        // a number put into an integer: cut
+  TextNumber,   // a number put into a text: as it is written
+};
+
+struct TypeName {
+  std::string name;  // in lower case
+  std::optional<int> length;
+  std::optional<int> scale;
+  std::size_t position = 0;
+};
+
+struct Expr {
+  ExprKind kind = ExprKind::Null;
+  std::size_t position = 0;
+  std::string name;
+  std::string qualifier;    // of a column
+  std::size_t literal = 0;  // of a number or text: its ordinal
+  std::vector<ExprPtr> args;
+  SelectPtr select;
+  TypeName type;
+  bool negated = false;   // NOT LIKE, NOT IN, IS NOT NULL
+  bool distinct = false;  // COUNT(DISTINCT x)
+  bool star = false;      // COUNT(*)
+  bool hasBase = false;
+  bool hasElse = false;
+  int depth = 1;  // of the tree below, for the limit on nesting
+
+  // Found by the analysis.
+  ValueKind valueKind = ValueKind::Unknown;
+  Conversion conversion = Conversion::AsIs;
+  bool pinned = false;    // a literal whose value the text of the statement depends on
+  bool collated = false;  // of a column: carries the collation of text
+  bool noCase = false;    // gets that collation
+  bool rounded = false;   // an amount that was calculated: rounded to four places
+  bool cut = false;       // an amount put into an integer column
+  bool notNull = false;   // put into a key that SQLite would number by itself
+};
+
+struct Source {
+  enum class Join { First, Comma, Inner, Left, Right, Full, Cross };
+  Join join = Join::First;
+  std::size_t position = 0;
+  std::string table;  // empty for a subquery or a group
+  std::string alias;
+  SelectPtr select;
+  std::vector<Source> group;  // joined tables in parentheses
+  ExprPtr on;
+  std::shared_ptr<const TableInfo> info;  // found by the analysis
+  const std::string& name() const { return alias.empty() ? table : alias; }
+};
+
+struct SelectItem {
+  bool star = false;
+  std::string qualifier;  // of a star
+  ExprPtr expr;
+  std::string alias;
+  std::size_t position = 0;
+  std::size_t width = 0;  // of a star: the columns it stands for; found by the analysis
+};
+
+struct OrderTerm {
+  ExprPtr expr;
+  bool descending = false;
+};
+
+enum class Compound { None, Union, UnionAll };
+
+struct Select {
+  std::size_t position = 0;
+  bool distinct = false;
+  std::vector<SelectItem> items;
+  std::vector<Source> from;
+  ExprPtr where;
+  std::vector<ExprPtr> groupBy;
+  ExprPtr having;
+  Compound compound = Compound::None;  // what joins `next` to this one
+  SelectPtr next;
+  std::vector<OrderTerm> orderBy;  // of the first of a compound: of the whole
+
+  // Found by the analysis.
+  std::vector<ColumnInfo> output;
+  bool aggregated = false;
+};
+
+struct Assignment {
+  std::string column;
+  std::size_t position = 0;
+  ExprPtr value;
+};
+
+struct InsertStatement {
+  std::string table;
+  std::vector<std::string> columns;  // empty: all, in their order
+  std::vector<std::vector<ExprPtr>> rows;
+  SelectPtr select;  // instead of rows
+};
+
+struct UpdateStatement {
+  std::string table;  // or an alias of `from`
+  std::vector<Assignment> assignments;
+  std::vector<Source> from;
+  ExprPtr where;
+};
+
+struct DeleteStatement {
+  std::string table;
+  ExprPtr where;
+};
+
+struct MergeStatement {
+  Source target;
+  Source source;
+  ExprPtr on;
+  std::vector<Assignment> update;
+  ExprPtr updateCondition;
+  bool updates = false;
+  std::vector<std::string> insertColumns;
+  std::vector<ExprPtr> insertValues;
+  ExprPtr insertCondition;
+  bool inserts = false;
+};
+
+struct KeyColumn {
+  std::string name;
+  bool descending = false;
+};
+
+struct ColumnDefinition {
+  std::string name;
+  TypeName type;
+  std::optional<bool> nullable;
+  ExprPtr defaultValue;
+  std::size_t position = 0;
+};
+
+struct CreateTableStatement {
+  std::string table;
+  std::vector<ColumnDefinition> columns;
+  std::vector<KeyColumn> primaryKey;
+  std::vector<std::vector<KeyColumn>> unique;
+};
+
+struct CreateViewStatement {
+  std::string view;
+  std::vector<std::string> columns;
+  SelectPtr select;
+};
+
+struct CreateIndexStatement {
+  std::string name;
+  std::string table;
+  std::vector<KeyColumn> columns;
+  bool unique = false;
+};
+
+struct DropStatement {
+  bool view = false;
+  bool ifExists = false;
+  std::string name;
+};
+
+struct IfStatement {
+  ExprPtr condition;
+  StatementPtr then;
+  StatementPtr otherwise;
+};
+
+struct BlockStatement {
+  std::vector<StatementPtr> statements;
+};
+
+struct ExecStatement {
+  std::size_t literal = 0;  // the text to be run
+};
+
+enum class TransactionVerb { Begin, Commit, Rollback };
+struct TransactionStatement {
+  TransactionVerb verb = TransactionVerb::Begin;
+};
+
+struct NothingStatement {};  // accepted without effect
+
+struct Statement {
+  std::size_t position = 0;
+  std::string kind;  // its first word in capitals
+  std::variant<NothingStatement, SelectPtr, InsertStatement, UpdateStatement, DeleteStatement, MergeStatement,
+               CreateTableStatement, CreateViewStatement, CreateIndexStatement, DropStatement, IfStatement,
+               BlockStatement, ExecStatement, TransactionStatement>
+      body;
+};
+
+}  // namespace cu::sqlite

@@ -1,0 +1,151 @@
+#include "sqlite/open.h"
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+#include <filesystem>
+#include <system_error>
+
+#include "base/text.h"
+#include "sqlite/errors.h"
+#include "sqlite/own_functions.h"
+
+namespace cu::sqlite {
+namespace {
+
+constexpr int kPatience = 5000;  // milliseconds
+
+// SQLite 3.38 puts a Bloom filter before the index that it makes for a join by itself, and there texts of
+// different length pass for different: "Rossi" and "Rossi " would not meet. The number is the engine's own
+// for that filter.
+constexpr int kBloomFilter = 0x00080000;
+
+// Asked of the system and not found out by opening: closing a file takes from the process every lock that it
+// holds on it, another connection's too.
+bool allows(const std::string& path, bool writing) {
+#ifdef _WIN32
+  return ::_access(path.c_str(), writing ? 6 : 4) == 0;
+#else
+  return ::access(path.c_str(), writing ? R_OK | W_OK : R_OK) == 0;
+#endif
+}
+
+std::string quoted(const std::string& path) { return "«" + path + "»"; }
+
+[[noreturn]] void unavailable(int code, const std::string& text) {
+  throw DatabaseError(DatabaseErrorKind::Unavailable, code, "", text);
+}
+
+[[noreturn]] void readOnly(const std::string& path) {
+  throw DatabaseError(DatabaseErrorKind::ReadOnly, SQLITE_READONLY, "",
+                      "Il database " + quoted(path) + " è di sola lettura. Verificare i permessi del file.");
+}
+
+void examine(const std::string& path, bool create) {
+  std::error_code error;
+  const std::filesystem::file_status status = std::filesystem::status(path, error);
+  if (status.type() == std::filesystem::file_type::not_found) {
+    if (create) return;
+    unavailable(SQLITE_CANTOPEN, "Il database " + quoted(path) +
+                                     " non esiste. Correggere l'indirizzo nel profilo, o crearlo con "
+                                     "«cuctl create --database sqlite:" +
+                                     path + "».");
+  }
+  if (error) {
+    unavailable(SQLITE_CANTOPEN,
+                "Il database " + quoted(path) + " non si può leggere: " + error.message() + ".");
+  }
+  if (status.type() == std::filesystem::file_type::directory) {
+    unavailable(SQLITE_CANTOPEN, quoted(path) + " è una cartella, non un database. Indicare un file.");
+  }
+  if (!allows(path, false)) {
+    unavailable(SQLITE_CANTOPEN,
+                "Il database " + quoted(path) + " non si può leggere. Verificare i permessi del file.");
+  }
+  if (!allows(path, true)) readOnly(path);
+}
+
+// The engine's error of an opening, with the file's name and what to do.
+[[noreturn]] void explain(sqlite3* database, const std::string& path) {
+  const int code = database == nullptr ? SQLITE_NOMEM : codeOf(database);
+  if ((code & 0xFF) == SQLITE_NOTADB) {
+    unavailable(code,
+                "Il file " + quoted(path) +
+                    " non è un database. Correggere l'indirizzo nel profilo, o indicare un altro file.");
+  }
+  if ((code & 0xFF) == SQLITE_CANTOPEN || (code & 0xFF) == SQLITE_PERM || (code & 0xFF) == SQLITE_AUTH) {
+    unavailable(code,
+                "Il database " + quoted(path) +
+                    " non si può aprire. Verificare i permessi del file e della sua cartella, e che sul "
+                    "disco ci sia spazio.");
+  }
+  const DatabaseError told = errorOf(code, sqlite3_errmsg(database), "");
+  throw DatabaseError(told.kind(), code, "", "Database " + quoted(path) + ": " + told.what());
+}
+
+// An index on a text lies in the order of whoever made it, and here text has another: what is looked up in it
+// would not be found. This program makes none.
+void refuseTextIndexes(sqlite3* database, const std::string& path) {
+  const StatementHandle query = prepare(database,
+                                        "SELECT t.name, i.name FROM sqlite_schema AS t, "
+                                        "pragma_index_list(t.name) AS i, pragma_index_xinfo(i.name) AS c "
+                                        "WHERE t.type = 'table' AND c.key = 1 AND c.coll = 'NOCASE' LIMIT 1",
+                                        "");
+  if (sqlite3_step(query.get()) != SQLITE_ROW) return;
+  throw DatabaseError(DatabaseErrorKind::Unavailable, 0, "",
+                      "Il database " + quoted(path) +
+                          " ha un indice su una colonna di testo, fatto da un altro " + "programma: «" +
+                          std::string(columnText(query.get(), 1)) + "» sulla tabella " +
+                          std::string(columnText(query.get(), 0)) + ". Eliminarlo con quel programma.");
+}
+
+bool run(sqlite3* database, const char* sql) {
+  return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+}  // namespace
+
+DatabaseHandle openFile(const std::string& path, bool create) {
+  // Nobody asks how much memory the engine holds, and counting it takes a lock at every request. Once it is
+  // at work the engine refuses, and goes on counting.
+  static const int counting = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+  static_cast<void>(counting);
+  const bool memory = path == ":memory:";
+  if (!memory) examine(path, create);
+  sqlite3* raw = nullptr;
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
+  // A name that looks like an address is a name all the same.
+  const std::string name = path.starts_with("file:") ? "./" + path : path;
+  const int code = sqlite3_open_v2(name.c_str(), &raw, flags, nullptr);
+  DatabaseHandle database(raw);
+  if (code != SQLITE_OK) explain(raw, path);
+  sqlite3_extended_result_codes(raw, 1);
+  sqlite3_busy_timeout(raw, kPatience);
+  sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  sqlite3_db_config(raw, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(raw, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, raw, kBloomFilter);
+  installFunctions(raw);
+  // The first read of the file: here it shows whether it is a database.
+  if (!run(raw, "SELECT count(*) FROM sqlite_schema")) explain(raw, path);
+  if (sqlite3_db_readonly(raw, "main") == 1) {
+    throw DatabaseError(
+        DatabaseErrorKind::ReadOnly, SQLITE_READONLY, "",
+        "Il database " + quoted(path) + " è di sola lettura. Verificare i permessi del file.");
+  }
+  // A change is complete or absent whenever the process ends, and readers do not wait for writers. What a
+  // dropped table leaves in the file is not worth the writing of zeros.
+  const bool set = run(raw, "PRAGMA journal_mode = WAL") && run(raw, "PRAGMA synchronous = NORMAL") &&
+                   run(raw, "PRAGMA foreign_keys = OFF") && run(raw, "PRAGMA secure_delete = OFF") &&
+                   run(raw, "PRAGMA temp_store = MEMORY") && run(raw, "PRAGMA cache_size = -65536") &&
+                   run(raw, "PRAGMA journal_size_limit = 67108864");
+  if (!set) explain(raw, path);
+  refuseTextIndexes(raw, path);
+  return database;
+}
+
+}  // namespace cu::sqlite

@@ -1,0 +1,192 @@
+#include "sqlite/own_functions.h"
+
+#include <cmath>
+#include <new>
+#include <string>
+
+#include "base/collation.h"
+#include "base/error.h"
+#include "sqlite/amount.h"
+#include "sqlite/errors.h"
+#include "sqlite/handle.h"
+#include "sqlite/letter_case.h"
+#include "sqlite/like.h"
+
+namespace cu::sqlite {
+namespace {
+
+bool isNull(sqlite3_value* value) { return sqlite3_value_type(value) == SQLITE_NULL; }
+
+void answer(sqlite3_context* context, const std::string& text) {
+  sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+}
+
+void fail(sqlite3_context* context, const char* message) { sqlite3_result_error(context, message, -1); }
+
+Decimal amount(sqlite3_value* value) {
+  if (sqlite3_value_type(value) == SQLITE_FLOAT) return amountOf(sqlite3_value_double(value));
+  return Decimal::fromInteger(sqlite3_value_int64(value));
+}
+
+void answer(sqlite3_context* context, Decimal amount) {
+  if (amount.scaled() % 10000 == 0) {
+    sqlite3_result_int64(context, amount.scaled() / 10000);
+  } else {
+    sqlite3_result_double(context, amount.toDouble());
+  }
+}
+
+int compare(void*, int lengthA, const void* a, int lengthB, const void* b) {
+  return compareItalian({static_cast<const char*>(a), static_cast<std::size_t>(lengthA)},
+                        {static_cast<const char*>(b), static_cast<std::size_t>(lengthB)});
+}
+
+// No exception may cross the engine.
+template <class Body>
+void guarded(sqlite3_context* context, Body body) {
+  try {
+    body();
+  } catch (const std::bad_alloc&) {
+    sqlite3_result_error_nomem(context);
+  } catch (const std::exception& error) {
+    fail(context, error.what());
+  }
+}
+
+void upperFunction(sqlite3_context* context, int, sqlite3_value** args) {
+  if (!isNull(args[0])) guarded(context, [&] { answer(context, upperCase(valueText(args[0]))); });
+}
+
+void lowerFunction(sqlite3_context* context, int, sqlite3_value** args) {
+  if (!isNull(args[0])) guarded(context, [&] { answer(context, lowerCase(valueText(args[0]))); });
+}
+
+// A calculated amount at its four places.
+void amountFunction(sqlite3_context* context, int, sqlite3_value** args) {
+  if (sqlite3_value_type(args[0]) != SQLITE_FLOAT) {
+    sqlite3_result_value(context, args[0]);
+    return;
+  }
+  guarded(context, [&] { answer(context, amountOf(sqlite3_value_double(args[0]))); });
+}
+
+void roundFunction(sqlite3_context* context, int, sqlite3_value** args) {
+  if (isNull(args[0]) || isNull(args[1])) return;
+  const int places = sqlite3_value_int(args[1]);
+  if (places < 0) {
+    fail(context, "ROUND con un numero negativo di decimali");
+    return;
+  }
+  guarded(context, [&] { answer(context, amount(args[0]).rounded(places < 4 ? places : 4)); });
+}
+
+void divideFunction(sqlite3_context* context, int, sqlite3_value** args) {
+  if (isNull(args[0]) || isNull(args[1])) return;
+  const bool whole =
+      sqlite3_value_type(args[0]) == SQLITE_INTEGER && sqlite3_value_type(args[1]) == SQLITE_INTEGER;
+  if (sqlite3_value_double(args[1]) == 0.0) {
+    fail(context, "divisione per zero");
+  } else if (!whole || sqlite3_value_int64(args[1]) == -1) {
+    const double quotient = sqlite3_value_double(args[0]) / sqlite3_value_double(args[1]);
+    if (whole && std::fabs(quotient) < 9.0e18) {
+      sqlite3_result_int64(context, -sqlite3_value_int64(args[0]));
+    } else {
+      sqlite3_result_double(context, quotient);
+    }
+  } else {
+    sqlite3_result_int64(context, sqlite3_value_int64(args[0]) / sqlite3_value_int64(args[1]));
+  }
+}
+
+void moduloFunction(sqlite3_context* context, int, sqlite3_value** args) {
+  if (isNull(args[0]) || isNull(args[1])) return;
+  const sqlite3_int64 divisor = sqlite3_value_int64(args[1]);
+  if (divisor == 0) {
+    fail(context, "divisione per zero");
+  } else {
+    sqlite3_result_int64(context, divisor == -1 ? 0 : sqlite3_value_int64(args[0]) % divisor);
+  }
+}
+
+// What goes into a key that the engine would number by itself.
+void requiredFunction(sqlite3_context* context, int, sqlite3_value** args) {
+  if (!isNull(args[0])) {
+    sqlite3_result_value(context, args[0]);
+    return;
+  }
+  fail(context, "NOT NULL constraint failed: chiave");
+  sqlite3_result_error_code(context, SQLITE_CONSTRAINT_NOTNULL);
+}
+
+void likeFunction(sqlite3_context* context, int count, sqlite3_value** args) {
+  for (int i = 0; i < count; ++i) {
+    if (isNull(args[i])) return;
+  }
+  guarded(context, [&] {
+    const std::string_view escape = count == 3 ? valueText(args[2]) : std::string_view();
+    sqlite3_result_int(context, like(valueText(args[0]), valueText(args[1]), escape) ? 1 : 0);
+  });
+}
+
+// "[dbo].[name]" -> "name"
+void objectFunction(sqlite3_context* context, int, sqlite3_value** args) {
+  if (isNull(args[0])) return;
+  guarded(context, [&] { answer(context, objectOf(valueText(args[0]))); });
+}
+
+struct Sum {
+  Decimal total;
+  bool any = false;
+};
+
+void sumStep(sqlite3_context* context, int, sqlite3_value** args) {
+  if (isNull(args[0])) return;
+  auto* sum = static_cast<Sum*>(sqlite3_aggregate_context(context, sizeof(Sum)));
+  if (sum == nullptr) {
+    sqlite3_result_error_nomem(context);
+    return;
+  }
+  guarded(context, [&] {
+    sum->total = sum->total + amount(args[0]);
+    sum->any = true;
+  });
+}
+
+void sumFinal(sqlite3_context* context) {
+  const auto* sum = static_cast<const Sum*>(sqlite3_aggregate_context(context, 0));
+  if (sum != nullptr && sum->any) answer(context, sum->total);
+}
+
+using ScalarFunction = void (*)(sqlite3_context*, int, sqlite3_value**);
+
+void install(sqlite3* database, const char* name, int arguments, ScalarFunction function, int more = 0) {
+  const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | more;
+  if (sqlite3_create_function_v2(database, name, arguments, flags, nullptr, function, nullptr, nullptr,
+                                 nullptr) != SQLITE_OK) {
+    raise(database, "");
+  }
+}
+
+}  // namespace
+
+void installFunctions(sqlite3* database) {
+  if (sqlite3_create_collation_v2(database, "NOCASE", SQLITE_UTF8, nullptr, compare, nullptr) != SQLITE_OK) {
+    raise(database, "");
+  }
+  install(database, "upper", 1, upperFunction, SQLITE_INNOCUOUS);
+  install(database, "lower", 1, lowerFunction, SQLITE_INNOCUOUS);
+  install(database, "cu_amount", 1, amountFunction);
+  install(database, "cu_round", 2, roundFunction);
+  install(database, "cu_divide", 2, divideFunction);
+  install(database, "cu_modulo", 2, moduloFunction);
+  install(database, "cu_required", 1, requiredFunction);
+  install(database, "cu_like", 2, likeFunction);
+  install(database, "cu_like", 3, likeFunction);
+  install(database, "cu_object", 1, objectFunction);
+  if (sqlite3_create_function_v2(database, "cu_sum", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, nullptr,
+                                 sumStep, sumFinal, nullptr) != SQLITE_OK) {
+    raise(database, "");
+  }
+}
+
+}  // namespace cu::sqlite

@@ -1,0 +1,43 @@
+#include "sqlite/sqlite_connection.h"
+
+#include "sqlite/engine.h"
+#include "sqlite/open.h"
+
+namespace cu {
+
+struct SqliteConnection::State {
+  explicit State(sqlite::DatabaseHandle database) : engine(std::move(database)) {}
+  sqlite::Engine engine;
+};
+
+SqliteConnection::SqliteConnection(std::unique_ptr<State> state) : state_(std::move(state)) {}
+SqliteConnection::~SqliteConnection() = default;
+
+std::unique_ptr<SqliteConnection> SqliteConnection::open(const std::string& path) {
+  return std::unique_ptr<SqliteConnection>(
+      new SqliteConnection(std::make_unique<State>(sqlite::openFile(path, false))));
+}
+
+std::unique_ptr<SqliteConnection> SqliteConnection::create(const std::string& path) {
+  return std::unique_ptr<SqliteConnection>(
+      new SqliteConnection(std::make_unique<State>(sqlite::openFile(path, true))));
+}
+
+std::int64_t SqliteConnection::Execute(std::string_view statement) {
+  state_->engine.run(statement, nullptr);
+  return state_->engine.touched();
+}
+
+void SqliteConnection::Query(std::string_view source, RowStore& rows) { state_->engine.run(source, &rows); }
+
+void SqliteConnection::BeginRead() { state_->engine.transactions().beginRead(); }
+
+void SqliteConnection::EndRead() noexcept { state_->engine.transactions().endRead(); }
+
+void SqliteConnection::setPatience(int milliseconds) {
+  sqlite3_busy_timeout(state_->engine.handle(), milliseconds);
+}
+
+std::size_t SqliteConnection::prepared() const { return state_->engine.prepared(); }
+
+}  // namespace cu

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+
+#include "sqlite/catalog.h"
+#include "sqlite/handle.h"
+
+namespace cu::sqlite {
+
+// The tables and views of an open file, read when they are first asked for.
+class StoredCatalog : public Catalog {
+ public:
+  explicit StoredCatalog(sqlite3* database) : database_(database) {}
+  std::shared_ptr<const TableInfo> find(std::string_view name) const override;
+
+  // Forgets what was read: the tables have changed.
+  void clear() { known_.clear(); }
+  // Forgets it when another program has changed the tables. True when it did.
+  bool refresh();
+
+ private:
+  std::shared_ptr<const TableInfo> read(const std::string& name) const;
+  void readTable(TableInfo& table) const;
+  void readView(TableInfo& view, const std::string& sql) const;
+
+  sqlite3* database_;
+  StatementHandle version_;
+  std::int64_t seen_ = -1;
+  mutable std::unordered_map<std::string, std::shared_ptr<const TableInfo>> known_;
+  mutable int depth_ = 0;
+};
+
+}  // namespace cu::sqlite

@@ -1,0 +1,115 @@
+#include "sqlite/transactions.h"
+
+#include "sqlite/errors.h"
+#include "sqlite/handle.h"
+
+namespace cu::sqlite {
+namespace {
+
+bool attempt(sqlite3* database, const char* sql) noexcept {
+  return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+}  // namespace
+
+void Transactions::startReading() {
+  if (readers_ == 0 || reading_ || depth_ > 0) return;
+  execute(database_, "BEGIN");
+  reading_ = true;
+}
+
+void Transactions::stopReading() {
+  if (!reading_) return;
+  execute(database_, "COMMIT");
+  reading_ = false;
+}
+
+void Transactions::beginRead() {
+  ++readers_;
+  try {
+    startReading();
+  } catch (...) {
+    --readers_;
+    throw;
+  }
+}
+
+void Transactions::endRead() noexcept {
+  if (readers_ == 0 || --readers_ > 0 || !reading_) return;
+  if (!attempt(database_, "COMMIT")) attempt(database_, "ROLLBACK");
+  reading_ = false;
+}
+
+void Transactions::statement(TransactionVerb verb) {
+  if (verb == TransactionVerb::Begin) {
+    if (depth_ == 0) {
+      stopReading();
+      // The lock for writing is taken now: a transaction that waited for it until its first change would find
+      // what it has read out of date.
+      try {
+        execute(database_, "BEGIN IMMEDIATE");
+      } catch (...) {
+        startReading();
+        throw;
+      }
+    }
+    ++depth_;
+    return;
+  }
+  const char* word = verb == TransactionVerb::Commit ? "COMMIT" : "ROLLBACK";
+  if (depth_ == 0) {
+    throw DatabaseError(DatabaseErrorKind::Other, 0, word,
+                        std::string(word) + " TRANSACTION senza una BEGIN TRANSACTION.");
+  }
+  if (verb == TransactionVerb::Commit && depth_ > 1) {
+    --depth_;
+    return;
+  }
+  // After some errors the engine has taken everything back by itself.
+  const bool open = sqlite3_get_autocommit(database_) == 0;
+  if (open) execute(database_, word);
+  depth_ = 0;
+  startReading();
+  if (!open && verb == TransactionVerb::Commit) {
+    throw DatabaseError(DatabaseErrorKind::Other, 0, word,
+                        "La transazione è già stata annullata da un errore.");
+  }
+}
+
+Transactions::Writing::Writing(Transactions& transactions, bool atomic)
+    : transactions_(transactions), atomic_(atomic), nested_(transactions.depth_ > 0) {
+  transactions_.stopReading();
+  if (!atomic_) return;
+  try {
+    execute(transactions_.database_, nested_ ? "SAVEPOINT cu" : "BEGIN IMMEDIATE");
+  } catch (...) {
+    atomic_ = false;
+    back();
+    throw;
+  }
+}
+
+void Transactions::Writing::done() {
+  if (!atomic_) return;
+  execute(transactions_.database_, nested_ ? "RELEASE cu" : "COMMIT");
+  atomic_ = false;
+}
+
+void Transactions::Writing::back() noexcept {
+  try {
+    transactions_.startReading();
+  } catch (...) {
+    // Reads go on, each with a lock of its own.
+  }
+}
+
+Transactions::Writing::~Writing() {
+  sqlite3* database = transactions_.database_;
+  if (atomic_ && sqlite3_get_autocommit(database) == 0) {
+    attempt(database, nested_ ? "ROLLBACK TO cu" : "ROLLBACK");
+    if (nested_) attempt(database, "RELEASE cu");
+  }
+  back();
+}
+
+}  // namespace cu::sqlite

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string_view>
+
+#include "controls/frontend.h"
+#include "controls/print_control.h"
+#include "host/clock.h"
+#include "host/filesystem.h"
+#include "host/session.h"
+#include "host/settings.h"
+#include "host/utility.h"
+
+namespace cu {
+
+// The name the program gives itself, and its title where the session has none.
+inline constexpr std::string_view kNomeProgramma = "Autocomposizione";
+
+// Everything around the wizard, handed over by the program that builds it.
+struct Ambiente {
+  FrontEnd& frontEnd;
+  HostFactory& factory;
+  UtilitaSuite& utilita;
+  Settings& settings;
+  Clock& clock;
+  FileSystem& files;
+  const ReportCatalogue& reports;
+};
+
+}  // namespace cu

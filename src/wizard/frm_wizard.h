@@ -1,0 +1,211 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "context/filtri.h"
+#include "context/globali.h"
+#include "controls/band.h"
+#include "controls/datebox.h"
+#include "controls/form.h"
+#include "controls/grid.h"
+#include "controls/listbox.h"
+#include "controls/menubar.h"
+#include "controls/print_control.h"
+#include "controls/selector.h"
+#include "controls/textbox.h"
+#include "printing/formule.h"
+#include "wizard/ambiente.h"
+#include "worklist/compensi.h"
+
+namespace cu {
+
+class ElaboraCompensi;
+
+// How a transition between steps is asked for.
+enum class Direzione { Salto = 0, Indietro = 1, Avanti = 2 };
+
+// The wizard's only main window: three frames of content, of which the run mode decides which are walked. Its
+// controls bear the names of the system; the routines stand in the files of their subjects.
+class FrmWizard : public Form {
+ public:
+  FrmWizard(const Ambiente& ambiente, Globali& globali);
+
+  // The setup once the session stands.
+  void sbInitWizard();
+
+  // Always on screen.
+  SideBand ctlWizardSideBand;
+  MenuBar BarMenuWzr;
+
+  // First step.
+  std::array<Frame, 3> fraStep;
+  Label lblStep0;
+  Frame fraStType;
+  std::array<Option, 2> optstType;
+  Frame fraTipoComunicazione;
+  std::array<Option, 3> optTipoComunicazione;
+  Label lblEsCont0;
+  ListBox KRNCboEsCont0;
+  Label lblEsCont1;
+  ListBox KRNCboEsCont1;
+  Button cmdOpzioni;
+  Check chkRicostruzione;
+  Frame Frame1;
+  Frame fraSelectOption;
+  Option optCode;
+  Option optName;
+  Label lblPecDA;
+  Selector KrnCDPerc0;
+  Label lblName0;
+  Label lblPercA;
+  Selector KrnCDPerc1;
+  Label lblName1;
+  Label lblCausContrbDa;
+  Selector KrnCDCausContrib0;
+  Label lblCausContribA;
+  Selector KrnCDCausContrib1;
+
+  // Second step.
+  Label lblStep1;
+  Grid grdCompensi;
+  std::array<Button, 2> cmdSelect;
+  Button cmdProtocollo;
+
+  // Last step.
+  Label lblStep5;
+  Frame fraPercorso;
+  TextBox txtPercorsoCU;
+  Button cmdSfoglia;
+  Frame fraTipoStampa;
+  std::array<Option, 2> optStampaTracciato;
+  Frame fraFirma;
+  DateBox dtDataFirma;
+  Check chkIntermediari;
+  Frame fraIntermediari;
+  Label lblCodiceFiscale;
+  TextBox txtCodiceFiscale;
+  Label lblTipoComunicazione;
+  ListBox cboxTipoComunicazione;
+  Label lblDataImpegno;
+  DateBox dtDataImpegno;
+  Frame Frame5;
+  PrintControl WizPrint;
+
+  // The buttons: help, abandon, back, next, start.
+  Frame picNav;
+  std::array<Button, 5> cmdNav;
+
+  // What frmOption was left with; nothing reads it.
+  bool bStampaInterlinea = false;
+  bool bSaltoPagina = false;
+  std::string sInterlinea;
+
+  std::int16_t oggettoCorrente() const { return nOggettoCorrente; }  // of the menu commands
+  std::string guideChapter() const override;
+  std::vector<const Frame*> stages() const override { return {&fraStep[0], &fraStep[1], &fraStep[2]}; }
+  Control* stageStart() override;
+  std::string unsavedWork() const override;
+
+ private:
+  void formLoad() override;
+  void formUnload() override;
+
+  // The step machine.
+  void sbVaiAlPasso(std::int16_t nPasso, Direzione nDirezione);
+  bool preparaPasso0(Direzione nDirezione);
+  bool preparaPasso1(Direzione nDirezione);
+  bool preparaPasso2();
+  void sbImpostaPulsanti(std::int16_t nPasso);
+  void sbImpostaTitolo(std::int16_t nPasso);
+  std::string fnTestoPasso(std::int16_t nPasso) const;
+  void sbImpostaTesti();
+  void impostaSpiegazioni();
+  void sbImpostaPassoFinale();
+  void sbPreparaStampa();
+  std::int32_t fnFilialePredefinita(std::int32_t nTipoOggetto, std::int32_t nFiliale);
+  void sbImpostaFasciaLaterale();
+  bool fnControllaFiltri();
+  void sbCaricaCompensi();
+  void tipoScelto(int indice);
+  void avvia();
+  void abbandona();
+  void aiuto(int contesto);
+  bool modoCU() const;
+
+  // The selection filters.
+  void associaElenchi();
+  std::string fnOrigineAnni(bool conModulo) const;
+  void sbCreaFiltroStampa();
+  void segnalaEstremi();  // bounds that are no row of their table
+  void ricostruisciConti(const Filtri& scelti);
+  Filtri filtri() const;
+  std::string FindName(std::int64_t nID);
+
+  // The prints.
+  stampa::Dati datiStampa() const;
+  void stampaReport();
+  bool fnDaStampare();
+  bool fnEsistonoElementi(std::string_view sVista);
+  // Launches the report of the print control; a name is that of a file in the folder of the telematic file.
+  void sbStampaReport(const std::string& sNomeFile);
+  void opzioniStampa();
+
+  // The commands.
+  void creaMenu();
+  bool rigaApribile() const;  // whether the row menu can open
+  void sbGestShortCut(std::int16_t& KeyCode, std::int16_t& Shift);
+  void sbExecuteMenuCommandWiz(const std::string& sTool);
+  void sbRunApplication(std::int16_t nOggetto);
+  void sbSearchObject(std::int16_t nOggetto);
+
+  // The grid of compensation lines.
+  void collegaGriglia();
+  void invertiRiga();
+  void sbModificaCompenso();
+  void protocolli();
+
+  // The settings of a run.
+  void collegaImpostazioni();
+  std::int32_t tipoComunicazione() const;  // 1 ordinary, 2 annulment, 3 replacement
+  void annotaCartella();
+  void abilitaIntermediari(bool attivo);
+  void sbCaricaIntermediario();
+  void sbSalvaIntermediario();
+  std::string fnSelezionaCartella(const std::string& partenza);
+
+  // The telematic file.
+  bool fnCreaFileCU();
+  void segnalaDatoMancante();
+  bool controllaDate();
+  bool avvisoData(const std::string& righe, DateBox& controllo);
+  // The file's name; none when it could not be made.
+  std::optional<std::string> generaFile(const std::string& sCodFisc);
+  bool creaFile(ElaboraCompensi& elabora);
+  std::string fnNomeFile(const std::string& sCodFisc) const;
+  void stampaModuli(const std::string& sCodFisc);
+  void eseguiRicorsione(const std::string& istruzione);
+  void sbMostraEsitoFile(const std::string& sNomeFile, const std::string& sCartella, std::int16_t nFlag);
+
+  void collegaEventi();
+
+  Ambiente ambiente_;
+  Globali& globali_;
+  Compensi compensi_;
+
+  std::int16_t nPassoCorrente = 0;
+  bool bAvviaAbilitato = false;
+  std::string sFiltro;
+  std::string sPercorsoCU;
+  bool bIntermediarioCaricato = false;
+  std::int16_t nOggettoCorrente = 0;
+  std::int32_t nContestoArg = 0;
+  std::unique_ptr<RicostruzioneConti> oRic;
+  std::unique_ptr<ReportEngine> oReport;  // of the print that runs
+};
+
+}  // namespace cu

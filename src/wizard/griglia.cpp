@@ -1,0 +1,85 @@
+// The second step: what a person does with the grid of compensation lines.
+
+#include "base/text.h"
+#include "editors/editor.h"
+#include "wizard/frm_protocollo.h"
+#include "wizard/frm_wizard.h"
+#include "worklist/colonne_griglia.h"
+
+namespace cu {
+namespace {
+
+constexpr std::int16_t kSpazio = 32;
+
+}  // namespace
+
+void FrmWizard::collegaGriglia() {
+  grdCompensi.onKeyDown = [this](std::int16_t& KeyCode, std::int16_t& /*Shift*/) {
+    if (grdCompensi.state() != 0 || KeyCode != kSpazio) return;
+    invertiRiga();
+  };
+  grdCompensi.onMouseUp = [this](std::size_t riga, const std::string& colonna) {
+    if (grdCompensi.state() != 0 || riga == 0 || grdCompensi.rowCount() == 0) return;
+    if (colonna == "Selezionato") invertiRiga();
+    if (colonna == kColonnaPopup) ambiente_.frontEnd.popup(BarMenuWzr, "PopDettaglio");
+  };
+  grdCompensi.onDoubleClick = [this] {
+    if (grdCompensi.state() == 0) sbModificaCompenso();
+  };
+  cmdSelect[0].onClick = [this] { compensi_.sbSelezionaTutto(AzioneSelezione::Seleziona); };
+  cmdSelect[1].onClick = [this] { compensi_.sbSelezionaTutto(AzioneSelezione::Deseleziona); };
+  cmdProtocollo.onClick = [this] { protocolli(); };
+}
+
+void FrmWizard::invertiRiga() {
+  const Recordset& righe = compensi_.rsCompensi();
+  if (!righe.IsOpen() || righe.Eof() || righe.Bof()) return;
+  if (grdCompensi.highlighted().empty()) {
+    compensi_.sbSelezionaRiga(AzioneSelezione::Inverti);
+  } else {
+    compensi_.sbInvertiRighe(grdCompensi.highlighted());
+  }
+  compensi_.sbContaSelezionati();
+  grdCompensi.refresh();
+}
+
+void FrmWizard::sbModificaCompenso() {
+  Recordset& righe = compensi_.rsCompensi();
+  if (!righe.IsOpen() || righe.Eof() || righe.Bof()) return;
+  const std::int32_t anno = ambiente_.utilita.toLong(KRNCboEsCont0.text());
+  const std::unique_ptr<Editor> editor =
+      fnCreaEditor(anno, {ambiente_.frontEnd, globali_, ambiente_.utilita, ambiente_.settings});
+  const auto mostraTutte = [&] {
+    righe.ClearFilter();
+    grdCompensi.refresh();
+  };
+  try {
+    editor->setRecordset(righe);
+    editor->onConfirm = [this] { compensi_.sbAggiornaRiga(); };
+    if (tipoComunicazione() != 0) editor->setTipoComunicazione(tipoComunicazione());
+    if (optTipoComunicazione[1].value() && fnAnnullaNelDialogo(anno)) {
+      editor->load();
+      editor->ApriDatiAggiuntivi();
+    } else {
+      editor->showModal();
+    }
+    editor->unload();  // an annulment that was stopped on its way has never shown the form
+    if (!editor->OK()) {
+      ambiente_.frontEnd.told("L'editor è stato chiuso senza confermare: la riga è rimasta com'era.");
+    }
+  } catch (...) {
+    // A row that cannot be saved must not leave the others out of sight, and out of what follows.
+    mostraTutte();
+    throw;
+  }
+  mostraTutte();
+}
+
+void FrmWizard::protocolli() {
+  FrmProtocollo dialogo(ambiente_.frontEnd, ambiente_.utilita);
+  dialogo.showModal();
+  if (!dialogo.OK()) return;
+  compensi_.sbAggiornaProtocolli(dialogo.Protocollo(), dialogo.Progressivo(), dialogo.Sovrascrivi());
+}
+
+}  // namespace cu

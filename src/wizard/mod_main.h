@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+
+#include "context/globali.h"
+#include "wizard/ambiente.h"
+#include "wizard/frm_wizard.h"
+
+namespace cu {
+
+// The entry of the process. The launcher's session says everything it has to know.
+class ModMain {
+ public:
+  explicit ModMain(const Ambiente& ambiente);
+  ~ModMain();
+
+  // Loads the wizard, binds the session, reads currency and title, checks the process list and shows the
+  // wizard; returns at once, and the process lives as long as the form is open. A session that refuses to
+  // start is told in a box; every other error is raised again under its number.
+  void main();
+
+  bool refused() const { return refused_; }      // the session refused to start
+  FrmWizard* wizard() { return wizard_.get(); }  // null before main()
+  Globali& globali() { return globali_; }
+
+ private:
+  void entry();
+  void controllaProcessi();
+
+  Ambiente ambiente_;
+  Globali globali_;
+  std::unique_ptr<FrmWizard> wizard_;
+  bool refused_ = false;
+};
+
+// The number of the error for a process that this program does not know.
+inline constexpr int kErrorProcessName = -2147221504 + 10002;
+
+}  // namespace cu

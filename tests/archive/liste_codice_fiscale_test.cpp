@@ -1,0 +1,65 @@
+#include "archive/codice_fiscale.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace cu {
+namespace {
+
+std::string codice(std::string_view cognome, std::string_view nome, bool femmina, int anno, int mese,
+                   int giorno, std::string_view luogo) {
+  return codiceFiscale({cognome, nome, femmina, *Date::fromYmd(anno, mese, giorno), luogo});
+}
+
+TEST(CodiceFiscale, OfWellKnownExamples) {
+  EXPECT_EQ(codice("Rossi", "Mario", false, 1980, 1, 1, "H501"), "RSSMRA80A01H501U");
+  EXPECT_EQ(codice("Rossi", "Mario", false, 1985, 12, 10, "A562"), "RSSMRA85T10A562S");
+  EXPECT_EQ(codice("Moretti", "Matteo", false, 1991, 4, 8, "F205"), "MRTMTT91D08F205J");
+}
+
+TEST(CodiceFiscale, OfAWomanAddsFortyToTheDay) {
+  EXPECT_EQ(codice("Bianchi", "Anna", true, 1970, 5, 3, "L781").substr(0, 15), "BNCNNA70E43L781");
+}
+
+TEST(CodiceFiscale, SkipsTheSecondOfFourConsonantsOfTheName) {
+  EXPECT_EQ(codice("Fo", "Gianfranco", false, 1950, 12, 31, "F205").substr(0, 6), "FOXGFR");
+}
+
+TEST(CodiceFiscale, FillsShortNamesWithVowelsAndX) {
+  EXPECT_EQ(codice("Re", "Al", false, 2001, 3, 9, "Z112").substr(0, 15), "REXLAX01C09Z112");
+}
+
+TEST(CodiceFiscale, CountsNeitherBlanksNorApostrophesNorAccents) {
+  EXPECT_EQ(codice("D'Amico", "Niccolò", false, 1964, 11, 30, "F839").substr(0, 6), "DMCNCL");
+  EXPECT_EQ(codice("De Luca", "Zoë", true, 1964, 1, 1, "F839").substr(0, 6), "DLCZOE");
+  EXPECT_EQ(codice("Žagar", "Müller", false, 1964, 1, 1, "Z150").substr(0, 6), "ZGRMLR");
+  EXPECT_EQ(codice("Großmann", "Hélène", true, 1964, 1, 1, "Z112").substr(0, 6), "GRSHLN");
+}
+
+TEST(CodiceFiscale, HasALetterForEachMonth) {
+  const std::string_view months = "ABCDEHLMPRST";
+  for (int month = 1; month <= 12; ++month) {
+    EXPECT_EQ(codice("Rossi", "Mario", false, 1980, month, 1, "H501")[8],
+              months[static_cast<std::size_t>(month - 1)]);
+  }
+}
+
+TEST(CodiceFiscale, CheckCharacterRefusesWhatIsNotFifteenLettersAndDigits) {
+  EXPECT_THROW((void)carattereDiControllo("RSSMRA80A01H50"), std::invalid_argument);
+  EXPECT_THROW((void)carattereDiControllo("RSSMRA80A01H50!"), std::invalid_argument);
+}
+
+TEST(CifraDiControllo, OfPublicNumbers) {
+  EXPECT_EQ(cifraDiControllo("0636339100"), '1');  // Agenzia delle Entrate
+  EXPECT_EQ(cifraDiControllo("8007875058"), '7');  // INPS
+  EXPECT_EQ(cifraDiControllo("0000000000"), '0');
+}
+
+TEST(CifraDiControllo, RefusesWhatIsNotTenDigits) {
+  EXPECT_THROW((void)cifraDiControllo("063633910"), std::invalid_argument);
+  EXPECT_THROW((void)cifraDiControllo("06363391O0"), std::invalid_argument);
+}
+
+}  // namespace
+}  // namespace cu

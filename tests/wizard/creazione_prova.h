@@ -1,0 +1,66 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "telematic/prova.h"
+#include "wizard/wizard_prova.h"
+
+namespace cu::test {
+
+inline constexpr const char* kFile = "/cu/CUR_01234567890_2016.cur";
+
+class FileRun : public testing::Test, public WizardProva {
+ protected:
+  // With rows for the file, one for each of these certificates.
+  void certificati(int quanti) {
+    std::vector<Contenuti> contenuti;
+    for (int i = 1; i <= quanti; ++i) {
+      contenuti.push_back({{"IDAnagrafica", whole(i)},
+                           {"IDCausalePagamento", whole(1)},
+                           {"Anno", whole(2016)},
+                           {"IDAzienda", whole(1)},
+                           {"Codice", text("A")},
+                           {"CodiceFiscale", text("RSSMRA70A01H501U")},
+                           {"Anagrafica", text("Rossi")},
+                           {"ProtocolloAnnSost", text("12")},
+                           {"ProgressivoAnnSost", text("3")},
+                           {"AnagraficaAz", text("Quadrivio SRL")}});
+    }
+    database.internal.answerContaining("ORDER BY Anag.Anagrafica", rispostaPrincipale(contenuti));
+    database.internal.answerContaining("FROM ModuloXContoIndividuale", rispostaModuli({}));
+  }
+  // With the intermediary's data as a person fills them in.
+  void intermediario(const char* codice, const char* impegno, int indice = 1) {
+    premi(form().chkIntermediari);
+    form().txtCodiceFiscale.enter(codice);
+    form().cboxTipoComunicazione.setIndex(indice);
+    form().dtDataImpegno.enter(impegno);
+  }
+  void avviaRun() {
+    dimentica();
+    premi(form().cmdNav[4]);
+  }
+  bool riuscito() { return passo() == 0; }
+  // Where in what was sent the first text with this piece stands.
+  std::size_t posto(const std::string& pezzo) const {
+    const auto testi = database.internal.texts();
+    const auto trovato = std::find_if(testi.begin(), testi.end(), [&](const std::string& testo) {
+      return testo.find(pezzo) != std::string::npos;
+    });
+    EXPECT_NE(trovato, testi.end()) << pezzo;
+    return static_cast<std::size_t>(trovato - testi.begin());
+  }
+  std::vector<std::string> avvisi() const {
+    std::vector<std::string> testi;
+    for (const MessageBox& box : frontEnd.boxes) {
+      if (box.buttons == BoxButtons::OkCancel) testi.push_back(box.text);
+    }
+    return testi;
+  }
+};
+
+}  // namespace cu::test
