@@ -35,7 +35,7 @@ else()
 endif()
 
 # The rooms whose lines and branches CU_COVERAGE counts: the core.
-set(measured_rooms base data controls modello context worklist telematic_engine telematic editors printing wizard)
+set(measured_rooms base data host controls modello worklist telematic_engine telematic printing fornitura editors wizard)
 
 # Links the measured rooms whole and ahead of the program's own objects: of an inline function that both hold, the
 # linker keeps the first it meets, and that has to be the one that counts. The tests need no counters of their own.
