@@ -109,7 +109,7 @@ void LogDialog::keyPressEvent(QKeyEvent* event) {
   QDialog::keyPressEvent(event);
 }
 
-PrinterDialog::PrinterDialog(QWidget* parent)
+PrinterChooser::PrinterChooser(QWidget* parent)
     : QDialog(parent), printers_(new QComboBox(this)), copies_(new QSpinBox(this)) {
   setWindowTitle(QStringLiteral("Stampa"));
   auto* column = new QVBoxLayout(this);
@@ -138,9 +138,9 @@ PrinterDialog::PrinterDialog(QWidget* parent)
   allow();
 }
 
-void PrinterDialog::allow() { ok_->setEnabled(!printers_->currentText().trimmed().isEmpty()); }
+void PrinterChooser::allow() { ok_->setEnabled(!printers_->currentText().trimmed().isEmpty()); }
 
-std::optional<PrinterChoice> PrinterDialog::choice() const {
+std::optional<PrinterChoice> PrinterChooser::choice() const {
   if (result() != QDialog::Accepted) return std::nullopt;
   return PrinterChoice{utf8(printers_->currentText().trimmed()), copies_->value()};
 }

@@ -26,9 +26,9 @@ class LogDialog : public QDialog {
 };
 
 // Printer and number of copies.
-class PrinterDialog : public QDialog {
+class PrinterChooser : public QDialog {
  public:
-  explicit PrinterDialog(QWidget* parent);
+  explicit PrinterChooser(QWidget* parent);
   std::optional<PrinterChoice> choice() const;
 
  private:

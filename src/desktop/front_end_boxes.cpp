@@ -174,7 +174,7 @@ std::string QtFrontEnd::chooseFolder(const std::string& title, const std::option
 }
 
 std::optional<PrinterChoice> QtFrontEnd::choosePrinter() {
-  PrinterDialog dialog(parentForDialog());
+  PrinterChooser dialog(parentForDialog());
   run(dialog);
   return dialog.choice();
 }

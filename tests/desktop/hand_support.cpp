@@ -88,7 +88,7 @@ std::string Hand::waiting() {
   if (const auto* const files = qobject_cast<QFileDialog*>(shown)) {
     return files->fileMode() == QFileDialog::Directory ? "folder" : "save";
   }
-  if (dynamic_cast<desktop::PrinterDialog*>(shown) != nullptr) return "printer";
+  if (dynamic_cast<desktop::PrinterChooser*>(shown) != nullptr) return "printer";
   if (dynamic_cast<desktop::LogDialog*>(shown) != nullptr) return "log";
   if (dynamic_cast<desktop::PreviewDialog*>(shown) != nullptr) return "preview";
   return "?";
