@@ -9,16 +9,6 @@
 
 namespace cu {
 
-std::unique_ptr<Editor> fnCreaEditor(std::int32_t anno, const AmbienteEditor& ambiente) {
-  return std::make_unique<EditorCompenso>(modello::annoDisposizione(anno), ambiente);
-}
-
-bool fnAnnullaNelDialogo(std::int32_t anno) {
-  return std::any_of(kDisposizioni.begin(), kDisposizioni.end(), [anno](const Disposizione& disposizione) {
-    return disposizione.immagine && disposizione.anni.comprende(anno);
-  });
-}
-
 void EditorCompenso::setRecordset(cu::Recordset& righe) {
   load();
   recordset_ = &righe;
@@ -35,13 +25,14 @@ void EditorCompenso::setRecordset(cu::Recordset& righe) {
   improntaCaricata_ = impronta();
 }
 
-void EditorCompenso::setTipoComunicazione(std::int32_t tipo) {
+void EditorCompenso::setTipoComunicazione(Comunicazione tipo) {
   TipoComunicazione = tipo;
   if (disposizione_.immagine) return;
   stbMain->setTabVisible(2, true);
   riferimenti_->disponi(tipo);
-  fraMain->setVisible(tipo != 2);  // an annulment asks for nothing but the references
-  if (tipo == 2) stbMain->setTabVisible(2, false);
+  fraMain->setVisible(tipo !=
+                      Comunicazione::Annullamento);  // an annulment asks for nothing but the references
+  if (tipo == Comunicazione::Annullamento) stbMain->setTabVisible(2, false);
   notify();
 }
 
