@@ -112,7 +112,7 @@ void measure(int payees) {
     opening = std::min(opening, seconds([&] {
                          const auto editor = fnCreaEditor(2016, {screen, globali, utilita, settings});
                          editor->setRecordset(rows);
-                         editor->setTipoComunicazione(1);
+                         editor->setTipoComunicazione(static_cast<Comunicazione>(1));
                          editor->load();
                        }));
     queries = std::min(queries, timed.spent);

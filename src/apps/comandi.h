@@ -4,9 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "automation/creazione_cu.h"
-#include "automation/stampa_compensi.h"
 #include "codici_uscita.h"
+#include "fornitura/corsa.h"
 
 namespace cu {
 
@@ -36,7 +35,7 @@ int comandoDrive(const std::string& profilo);
 
 struct OpzioniMake {
   std::string profilo;
-  RichiestaCU richiesta;
+  fornitura::RichiestaCU richiesta;
   bool passaAvvisi = false;
 };
 int comandoMake(const OpzioniMake& opzioni);
@@ -44,7 +43,9 @@ int comandoMake(const OpzioniMake& opzioni);
 inline constexpr const char* kStampaConti = "ContoIndividuale.rpt";
 struct OpzioniPrint {
   std::string profilo;
-  RichiestaStampa richiesta;
+  std::string report;
+  std::string file;
+  fornitura::RichiestaReport richiesta;
 };
 int comandoPrint(const OpzioniPrint& opzioni);
 

@@ -1,14 +1,13 @@
-#include <algorithm>
 #include <iostream>
 #include <vector>
 
-#include "apps/comune/impianto.h"
 #include "apps/comune/riepilogo_file.h"
 #include "apps/comune/tavola.h"
-#include "automation/walker.h"
 #include "base/text.h"
 #include "comandi.h"
 #include "esito.h"
+#include "host/testi_programma.h"
+#include "sessione_comando.h"
 #include "telematic/lettura.h"
 
 namespace cu {
@@ -43,50 +42,68 @@ void stampaFile(const std::string& percorso, std::int32_t anno) {
   for (const std::string& riga : riepilogo.prime) stampaRecord(riga, anno);
 }
 
-// The file written that is no print.
-std::optional<std::string> fileTelematico(const std::vector<std::string>& scritti,
-                                          const std::vector<PrintNote>& stampe) {
-  for (const std::string& percorso : scritti) {
-    const bool stampa = std::any_of(stampe.begin(), stampe.end(),
-                                    [&](const PrintNote& nota) { return nota.file == percorso; });
-    if (!stampa) return percorso;
+fornitura::RichiestaCU completa(const OpzioniMake& opzioni, SessioneComando& sessione, Surroundings& intorno,
+                                Terminale& terminale) {
+  fornitura::RichiestaCU richiesta = opzioni.richiesta;
+  if (richiesta.cartella.empty()) richiesta.cartella = sessione.cartella;
+  richiesta.cartellaDocumenti = sessione.testi().text(1264);
+  const std::vector<ReportInfo> moduli = intorno.stampe().reports(fnModoCU());
+  if (!moduli.empty()) richiesta.modulo = moduli.front();
+  richiesta.prosegue = [&terminale](const Finding& avviso) { return terminale.conferma(avviso.text); };
+  richiesta.guasto = [&terminale](const std::string& testo) { terminale.messaggi.push_back(testo); };
+  richiesta.cartellaScelta = [&sessione](const std::string& cartella) { sessione.cartella = cartella; };
+  return richiesta;
+}
+
+void registra(const Result<fornitura::EsitoCU>& esito, HostFactory& factory, Terminale& terminale) {
+  if (esito->mancanti.empty()) {
+    scriviRifiuti(esito.refusals, terminale);
+    return;
   }
-  return {};
+  const std::unique_ptr<LogGrid> registro = factory.createLogGrid();
+  fornitura::riempiLog(*registro, 0, esito->mancanti);
+  registro->show(0);
 }
 
 }  // namespace
 
 int comandoMake(const OpzioniMake& opzioni) {
-  Profilo profilo = leggiProfilo(opzioni.profilo);
-  profilo.sessione.processi = {{"Wizard stampa", 247}};
-  Walker walker;
-  walker.passWarnings = opzioni.passaAvvisi;
-  Impianto impianto(profilo, walker);
-  walker.runEvent([&] { impianto.programma().main(); });
-  const bool riuscito = walker.shown != nullptr && walker.messages.empty() &&
-                        creaFileCU(*walker.shown, walker, opzioni.richiesta);
-  if (walker.shown != nullptr) walker.runEvent([&] { walker.shown->close(); });
+  const Profilo profilo = leggiProfilo(opzioni.profilo);
+  Terminale terminale;
+  terminale.passaAvvisi = opzioni.passaAvvisi;
+  Surroundings intorno(profilo, terminale);
+  SessioneComando sessione(intorno, terminale);
+  std::optional<fornitura::FileScritto> scritto;
+  bool riuscito = false;
+  sessione.esegui([&] {
+    Compensi compensi(intorno.utilita(), terminale);
+    const auto esito =
+        fornitura::creaCU(sessione.ambiente(), compensi, completa(opzioni, sessione, intorno, terminale));
+    registra(esito, intorno.factory(), terminale);
+    scritto = esito->file;
+    riuscito = static_cast<bool>(esito);
+  });
 
-  for (const Walker::Warning& avviso : walker.warnings) {
-    std::cerr << righeDiTesto(avviso.text)
-              << (avviso.passed ? " Sì (--yes)\n" : " No (--yes per proseguire)\n");
+  for (const Terminale::Avviso& avviso : terminale.avvisi) {
+    std::cerr << righeDiTesto(avviso.testo)
+              << (avviso.passato ? " Sì (--yes)\n" : " No (--yes per proseguire)\n");
   }
-  scriviMessaggi(walker);
-  for (const LogTable& registro : walker.logs) stampaRegistro(registro);
-  if (!walker.logs.empty()) std::cerr << "Mancano dei dati: il file telematico non è stato creato.\n";
+  scriviMessaggi(terminale);
+  for (const LogTable& registro : terminale.registri) stampaRegistro(registro);
+  if (!terminale.registri.empty()) std::cerr << "Mancano dei dati: il file telematico non è stato creato.\n";
   if (!riuscito) {
-    const bool detto = !walker.messages.empty() || !walker.logs.empty() || !walker.warnings.empty();
+    const bool detto =
+        !terminale.messaggi.empty() || !terminale.registri.empty() || !terminale.avvisi.empty();
     if (!detto) std::cerr << "La procedura si è fermata prima della fine.\n";
     return kRifiutato;
   }
-  const auto scritto = fileTelematico(impianto.fileScritti(), walker.prints);
-  if (!scritto) {
+  if (scritto->certificazioni == 0) {
     std::cerr << "La selezione non dà certificazioni: nessun file telematico è stato creato.\n";
     return kRifiutato;
   }
-  stampaFile(*scritto, impianto.programma().globali().gAnno);
-  scriviStampe(walker, profilo);
-  return walker.messages.empty() ? kRiuscito : kRifiutato;
+  stampaFile(scritto->percorso, static_cast<std::int32_t>(leadingInteger(opzioni.richiesta.anno)));
+  scriviStampe(terminale, profilo);
+  return terminale.messaggi.empty() ? kRiuscito : kRifiutato;
 }
 
 }  // namespace cu

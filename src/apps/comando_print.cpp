@@ -1,29 +1,43 @@
 #include <iostream>
 
-#include "apps/comune/impianto.h"
-#include "automation/walker.h"
 #include "comandi.h"
 #include "esito.h"
+#include "host/testi_programma.h"
+#include "sessione_comando.h"
 
 namespace cu {
+namespace {
+
+fornitura::RichiestaReport completa(const OpzioniPrint& opzioni, const Surroundings& intorno,
+                                    Terminale& terminale) {
+  const bool conti = opzioni.report == kStampaConti;
+  fornitura::RichiestaReport richiesta = opzioni.richiesta;
+  richiesta.modo = conti ? ModoCorsa::ContiIndividuali : ModoCorsa::Certificazione;
+  richiesta.tipoOggetto = conti ? fnModoContiIndividuali() : fnModoCertificazione();
+  for (const ReportInfo& report : intorno.stampe().reports(richiesta.tipoOggetto)) {
+    if (report.name == opzioni.report) richiesta.report = report;
+  }
+  richiesta.guasto = [&terminale](const std::string& testo) { terminale.messaggi.push_back(testo); };
+  return richiesta;
+}
+
+}  // namespace
 
 int comandoPrint(const OpzioniPrint& opzioni) {
-  constexpr std::int32_t kModoConti = 246;
-  constexpr std::int32_t kModoCertificazione = 247;
-  Profilo profilo = leggiProfilo(opzioni.profilo);
-  const bool conti = opzioni.richiesta.report == kStampaConti;
-  profilo.sessione.processi = {{"Wizard stampa", conti ? kModoConti : kModoCertificazione}};
-  Walker walker;
-  Impianto impianto(profilo, walker);
-  walker.runEvent([&] { impianto.programma().main(); });
-  const bool riuscito = walker.shown != nullptr && walker.messages.empty() &&
-                        stampaCompensi(*walker.shown, walker, opzioni.richiesta);
-  if (walker.shown != nullptr) walker.runEvent([&] { walker.shown->close(); });
+  const Profilo profilo = leggiProfilo(opzioni.profilo);
+  Terminale terminale;
+  terminale.fileDaSalvare = opzioni.file;
+  Surroundings intorno(profilo, terminale);
+  SessioneComando sessione(intorno, terminale);
+  sessione.esegui([&] {
+    const auto esito = fornitura::stampaReport(sessione.ambiente(), completa(opzioni, intorno, terminale));
+    scriviRifiuti(esito.refusals, terminale);
+  });
 
-  scriviMessaggi(walker);
-  scriviStampe(walker, profilo);
-  if (riuscito && walker.messages.empty()) return kRiuscito;
-  if (walker.messages.empty()) std::cerr << "La procedura si è fermata prima della fine.\n";
+  scriviMessaggi(terminale);
+  scriviStampe(terminale, profilo);
+  if (!terminale.stampe.empty() && terminale.messaggi.empty()) return kRiuscito;
+  if (terminale.messaggi.empty()) std::cerr << "La procedura si è fermata prima della fine.\n";
   return kRifiutato;
 }
 

@@ -81,6 +81,7 @@ void aggiungiDrive(CLI::App& programma, Esecuzione& esegui) {
 
 // What is given on the line and has its place in the request only together with other options.
 struct OpzioniSciolte {
+  int tipo = 1;
   std::string protocollo;
   std::string progressivo;
   bool mantieni = false;
@@ -93,7 +94,7 @@ std::string annoSingolo(const std::string& anno) {
   return leggiAnni(anno) && anno.size() == 4 ? std::string() : "atteso un anno di quattro cifre";
 }
 
-void aggiungiEstremi(CLI::App& comando, Estremi& estremi) {
+void aggiungiEstremi(CLI::App& comando, fornitura::Estremi& estremi) {
   comando.add_option("--from-payee", estremi.daPercipiente, "Dal percipiente")->type_name("CODICE");
   comando.add_option("--to-payee", estremi.aPercipiente, "Al percipiente")->type_name("CODICE");
   comando.add_option("--from-reason", estremi.daCausale, "Dalla causale pagamento")->type_name("CODICE");
@@ -120,9 +121,10 @@ void aggiungiIntermediario(CLI::App& comando, OpzioniSciolte& sciolte) {
   data(comando, "--commitment-date", sciolte.dataImpegno, "Data dell'impegno")->needs(intermediario);
 }
 
-void raccogli(const OpzioniSciolte& sciolte, RichiestaCU& richiesta) {
+void raccogli(const OpzioniSciolte& sciolte, fornitura::RichiestaCU& richiesta) {
+  richiesta.tipo = static_cast<Comunicazione>(sciolte.tipo);
   if (!sciolte.protocollo.empty() || !sciolte.progressivo.empty()) {
-    richiesta.riferimenti = {sciolte.protocollo, sciolte.progressivo, sciolte.mantieni};
+    richiesta.riferimenti = {sciolte.protocollo, sciolte.progressivo, !sciolte.mantieni};
   }
   if (!sciolte.intermediario.empty()) {
     richiesta.intermediario = {sciolte.intermediario, sciolte.impegno, sciolte.dataImpegno};
@@ -134,13 +136,13 @@ void aggiungiMake(CLI::App& programma, Esecuzione& esegui) {
       aggiungiComando(programma, "make", "Crea il file telematico di un anno e le stampe dei moduli");
   auto opzioni = std::make_shared<OpzioniMake>();
   auto sciolte = std::make_shared<OpzioniSciolte>();
-  RichiestaCU& richiesta = opzioni->richiesta;
+  fornitura::RichiestaCU& richiesta = opzioni->richiesta;
   comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE");
   comando.add_option("--year", richiesta.anno, "Anno di pagamento dei compensi")
       ->required()
       ->check(annoSingolo)
       ->type_name("ANNO");
-  comando.add_option("--kind", richiesta.tipo, "1 comunicazione, 2 annullamento, 3 sostituzione")
+  comando.add_option("--kind", sciolte->tipo, "1 comunicazione, 2 annullamento, 3 sostituzione")
       ->check(fra(1, 3));
   aggiungiEstremi(comando, richiesta.estremi);
   comando.add_option("--folder", richiesta.cartella, "Cartella del file")->type_name("CARTELLA");
@@ -150,7 +152,7 @@ void aggiungiMake(CLI::App& programma, Esecuzione& esegui) {
   comando.add_flag("--cumulative", richiesta.stampaCumulativa, "Una stampa sola per tutti i percipienti");
   comando.add_flag("--yes", opzioni->passaAvvisi, "Prosegue davanti agli avvisi");
   comando.callback([&esegui, opzioni, sciolte] {
-    if (opzioni->richiesta.tipo == 1 && !sciolte->protocollo.empty()) {
+    if (sciolte->tipo == 1 && !sciolte->protocollo.empty()) {
       throw CLI::ValidationError("--protocol", "serve solo con --kind 2 o --kind 3");
     }
     raccogli(*sciolte, opzioni->richiesta);
@@ -174,10 +176,10 @@ void aggiungiPrint(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando =
       aggiungiComando(programma, "print", "Stampa i conti individuali o una certificazione in un file PDF");
   auto opzioni = std::make_shared<OpzioniPrint>();
-  RichiestaStampa& richiesta = opzioni->richiesta;
+  fornitura::RichiestaReport& richiesta = opzioni->richiesta;
   comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE");
   comando
-      .add_option("--report", richiesta.report,
+      .add_option("--report", opzioni->report,
                   "ContoIndividuale.rpt, CertificazioneCompensiSintetico.rpt o "
                   "CertificazioneCompensiAnalitico.rpt")
       ->required()
@@ -190,14 +192,13 @@ void aggiungiPrint(CLI::App& programma, Esecuzione& esegui) {
       ->check(annoSingolo)
       ->type_name("ANNO");
   aggiungiEstremi(comando, richiesta.estremi);
-  comando.add_option("--output", richiesta.file, "Il file da scrivere")->required()->type_name("FILE.pdf");
+  comando.add_option("--output", opzioni->file, "Il file da scrivere")->required()->type_name("FILE.pdf");
   comando.callback([&esegui, opzioni] {
-    RichiestaStampa& data = opzioni->richiesta;
-    if (data.adAnno && data.report != kStampaConti) {
+    if (opzioni->richiesta.adAnno && opzioni->report != kStampaConti) {
       throw CLI::ValidationError("--to-year", std::string("serve solo con --report ") + kStampaConti);
     }
-    if (data.file.empty()) throw CLI::ValidationError("--output", "manca il nome del file");
-    data.file = std::filesystem::absolute(data.file).string();
+    if (opzioni->file.empty()) throw CLI::ValidationError("--output", "manca il nome del file");
+    opzioni->file = std::filesystem::absolute(opzioni->file).string();
     esegui = [opzioni] { return comandoPrint(*opzioni); };
   });
 }

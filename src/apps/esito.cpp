@@ -13,13 +13,19 @@ std::string righeDiTesto(const std::string& testo) {
   return risultato;
 }
 
-void scriviMessaggi(const Walker& walker) {
-  for (const std::string& messaggio : walker.messages) std::cerr << righeDiTesto(messaggio) << '\n';
+void scriviRifiuti(const std::vector<Finding>& rifiuti, Terminale& terminale) {
+  for (const Finding& rifiuto : rifiuti) {
+    if (!rifiuto.text.empty()) terminale.messaggi.push_back(rifiuto.text);
+  }
 }
 
-void scriviStampe(const Walker& walker, const Profilo& profilo) {
+void scriviMessaggi(const Terminale& terminale) {
+  for (const std::string& messaggio : terminale.messaggi) std::cerr << righeDiTesto(messaggio) << '\n';
+}
+
+void scriviStampe(const Terminale& terminale, const Profilo& profilo) {
   const bool registrate = profilo.stampa == Profilo::MotoreStampa::Registro;
-  for (const PrintNote& stampa : walker.prints) {
+  for (const PrintNote& stampa : terminale.stampe) {
     if (!stampa.written && !registrate) continue;
     std::cout << (stampa.written ? "Stampa: " : "Stampa registrata, non impaginata: ") << stampa.file << " ("
               << stampa.report << ")\n";

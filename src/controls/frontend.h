@@ -9,7 +9,9 @@
 
 #include "base/error.h"
 #include "base/value.h"
-#include "host/utility.h"
+#include "controls/utility.h"
+#include "host/filesystem.h"
+#include "host/progress.h"
 
 namespace cu {
 
@@ -59,15 +61,10 @@ struct PrintNote {
   bool written = false;  // the file, or the printer's job, stands as it was asked for
 };
 
-inline constexpr int kPointerDefault = 0;
-inline constexpr int kPointerHourglass = 11;
-
 // The screen, or what stands for it: a window system, a program that drives the wizard, or a test's script.
 // Everything modal returns when it has been closed.
-class FrontEnd {
+class FrontEnd : public ProgressSink, public TextViewer {
  public:
-  virtual ~FrontEnd() = default;
-
   virtual void show(Form& form) = 0;
   virtual void showModal(Form& form) = 0;
   // The form has gone, or hides itself; its controls may be gone already.
@@ -86,14 +83,9 @@ class FrontEnd {
 
   virtual void help(const std::string& file, int command, std::int32_t context) = 0;
   virtual void open(const std::string& path, const std::string& folder) = 0;  // the desktop's "open"
-  virtual void viewText(const std::string& path) = 0;                         // without waiting
   virtual void printed(const PrintNote& note) = 0;
   virtual void beep() = 0;
-  virtual void setPointer(int pointer) = 0;
   virtual int pointer() const = 0;
-  // Long work tells what it is doing and how far it is; a total of 0 where nobody knows. Costs next to
-  // nothing; lets no other event in.
-  virtual void progress(const char* /*what*/, std::size_t /*done*/, std::size_t /*total*/) {}
   // A fact of the running event in one sentence, such as a number of rows changed. A window shows the facts
   // of an event in its status line when the event has ended.
   virtual void told(const std::string& /*fact*/) {}

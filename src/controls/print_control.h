@@ -7,20 +7,9 @@
 
 #include "controls/control.h"
 #include "data/database.h"
+#include "host/report.h"
 
 namespace cu {
-
-// A report that the suite keeps for an object type.
-struct ReportInfo {
-  std::string name;  // file name, such as "ContoIndividuale.rpt"
-  std::int32_t definition = 0;
-};
-
-class ReportCatalogue {
- public:
-  virtual ~ReportCatalogue() = default;
-  virtual std::vector<ReportInfo> reports(std::int32_t objectType) const = 0;
-};
 
 // The print control: which report of the object type, and where the output goes.
 class PrintControl : public Control {

@@ -29,35 +29,26 @@ bool Selector::choose(const std::optional<Row>& row) {
   return true;
 }
 
-std::optional<Selector::Row> Selector::find(const std::string& condition) const {
+Connection& Selector::connection() const {
   if (connection_ == nullptr)
     throw Error(kErrorObjectNotSet, "Il campo " + name() + " non è collegato a una tabella.");
-  std::string source = "SELECT " + binding_.idField + ", " + binding_.codeField + ", " +
-                       binding_.descriptionField + " FROM " + binding_.table + " WHERE " + condition;
-  if (!binding_.filter.empty()) source += " AND (" + binding_.filter + ")";
-  Recordset rows;
-  rows.Open(*connection_, source);
-  if (rows.Eof()) return std::nullopt;
-  return Row{rows.Get(0).integer(), rows.Get(1).toText(), rows.Get(2).toText()};
+  return *connection_;
 }
 
 void Selector::list(Recordset& rows) const {
-  if (connection_ == nullptr)
-    throw Error(kErrorObjectNotSet, "Il campo " + name() + " non è collegato a una tabella.");
-  std::string source = "SELECT " + binding_.idField + ", " + binding_.codeField + ", " +
-                       binding_.descriptionField + " FROM " + binding_.table;
-  if (!binding_.filter.empty()) source += " WHERE " + binding_.filter;
-  rows.Open(*connection_, source + " ORDER BY " + binding_.descriptionField);
+  const LookupTable& table = binding_;
+  std::string source = "SELECT " + table.idField + ", " + table.codeField + ", " + table.descriptionField +
+                       " FROM " + table.table;
+  if (!table.filter.empty()) source += " WHERE " + table.filter;
+  rows.Open(connection(), source + " ORDER BY " + table.descriptionField);
 }
 
 std::optional<Selector::Row> Selector::findCode(const std::string& code) const {
-  std::string literal = "'";
-  for (char c : code) literal += c == '\'' ? std::string("''") : std::string(1, c);
-  return find(binding_.codeField + " = " + literal + "'");
+  return cu::findCode(connection(), binding_, code);
 }
 
 std::optional<Selector::Row> Selector::findRecord(std::int64_t id) const {
-  return find(binding_.idField + " = " + fromInteger(id));
+  return cu::findRecord(connection(), binding_, id);
 }
 
 }  // namespace cu

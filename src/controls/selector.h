@@ -6,6 +6,7 @@
 
 #include "controls/control.h"
 #include "data/database.h"
+#include "data/lookup.h"
 #include "data/recordset.h"
 
 namespace cu {
@@ -16,14 +17,9 @@ class Selector : public Control {
   using Control::Control;
   void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
-  struct Binding {
-    std::string table;
-    std::string codeField;
-    std::string descriptionField;
-    std::string idField;
+  struct Binding : LookupTable {
     std::string codeCaption;
     std::string descriptionCaption;
-    std::string filter;  // a condition on the table; may be empty
     std::string title;
     bool manage = false;  // toolbar entry "EseguiGestione"
     bool search = true;   // toolbar entry "Ricerca"
@@ -36,11 +32,7 @@ class Selector : public Control {
   const std::string& code() const { return code_; }
   const std::string& description() const { return description_; }
 
-  struct Row {
-    std::int64_t record = 0;
-    std::string code;
-    std::string description;
-  };
+  using Row = LookupRow;
   // The row with that code, or id, of the table under the filter.
   std::optional<Row> findCode(const std::string& code) const;
   std::optional<Row> findRecord(std::int64_t id) const;
@@ -57,7 +49,7 @@ class Selector : public Control {
   Event onChange;
 
  private:
-  std::optional<Row> find(const std::string& condition) const;
+  Connection& connection() const;  // Error where it is not bound
   void set(std::int64_t record, const std::string& code, const std::string& description);
 
   Connection* connection_ = nullptr;

@@ -3,8 +3,8 @@
 #include "controls/listbox.h"
 #include "controls/numericbox.h"
 #include "controls/textbox.h"
+#include "controls/utility.h"
 #include "editors/campi_editor.h"
-#include "host/utility.h"
 
 namespace cu {
 

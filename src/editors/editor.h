@@ -5,9 +5,10 @@
 
 #include "context/globali.h"
 #include "controls/form.h"
+#include "controls/utility.h"
 #include "data/recordset.h"
+#include "host/modi.h"
 #include "host/settings.h"
-#include "host/utility.h"
 
 namespace cu {
 
@@ -27,7 +28,7 @@ class Editor : public Form {
   using Form::Form;
   virtual void setRecordset(cu::Recordset& righe) = 0;  // loads the row
   virtual cu::Recordset& Recordset() = 0;
-  virtual void setTipoComunicazione(std::int32_t tipo) = 0;  // 1 ordinary, 2 annulment, 3 replacement
+  virtual void setTipoComunicazione(Comunicazione tipo) = 0;
   // Opens only the additional data; an annulment is finished by it. The oldest layout has them on its own
   // page and does nothing.
   virtual void ApriDatiAggiuntivi() = 0;

@@ -27,13 +27,15 @@ class EditorCompenso : public Editor {
 
   void setRecordset(cu::Recordset& righe) override;
   cu::Recordset& Recordset() override { return *recordset_; }
-  void setTipoComunicazione(std::int32_t tipo) override;
+  void setTipoComunicazione(Comunicazione tipo) override;
   void ApriDatiAggiuntivi() override;
   bool OK() const override { return ok_; }
 
   const Scroll* scroll() const override { return disposizione_.immagine ? &scroll_ : nullptr; }
   std::string guideChapter() const override;
-  bool shrunk() const override { return !disposizione_.immagine && TipoComunicazione == 2; }
+  bool shrunk() const override {
+    return !disposizione_.immagine && TipoComunicazione == Comunicazione::Annullamento;
+  }
 
  private:
   enum class Segno { Nessuno, RigaModificata, ModuloModificato };
@@ -116,7 +118,7 @@ class EditorCompenso : public Editor {
 
   bool Caricamento = false;
   bool RigaModificata = false;
-  std::int32_t TipoComunicazione = 0;
+  Comunicazione TipoComunicazione = Comunicazione::Nessuna;
   bool NuovoModulo = false;
   std::int32_t UltimoIDModulo = 0;
   bool ok_ = false;

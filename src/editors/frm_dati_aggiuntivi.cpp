@@ -54,10 +54,10 @@ bool FrmDatiAggiuntivi::refusesClose() {
   return false;
 }
 
-void FrmDatiAggiuntivi::setTipoComunicazione(std::int32_t tipo) {
+void FrmDatiAggiuntivi::setTipoComunicazione(Comunicazione tipo) {
   tipo_ = tipo;
   riferimenti.disponi(tipo);
-  fraMain.setVisible(tipo != 2);  // an annulment asks for nothing else
+  fraMain.setVisible(tipo != Comunicazione::Annullamento);  // an annulment asks for nothing else
   notify();
 }
 
@@ -83,7 +83,9 @@ void FrmDatiAggiuntivi::conferma() {
           .ComuneResidenzaAnnoCorr = TownComuneResidenzaAnnoCorr.text(),
           .FusioneComuni = txtFusioneComuni.stored(),
           .FusioneComuniAnnoPrec = txtFusioneComuniAnnoPrec.stored()};
-  if (tipo_ != 1 && !riferimenti.fnCompleti(ambiente_.utilita, ambiente_.globali.gTitolo)) return;
+  if (tipo_ != Comunicazione::Ordinaria &&
+      !riferimenti.fnCompleti(ambiente_.utilita, ambiente_.globali.gTitolo))
+    return;
   unload();
 }
 

@@ -17,11 +17,11 @@ class FrmDatiAggiuntivi : public Form {
   std::int32_t IDCausalePagamento = 0;
   std::string Nome;
   DatiAggiuntivi dati;
-  void setTipoComunicazione(std::int32_t tipo);
+  void setTipoComunicazione(Comunicazione tipo);
   void sbFill();  // the members into the controls
   bool OK() const { return ok_; }
   std::string guideChapter() const override { return "Dati aggiuntivi"; }
-  bool shrunk() const override { return tipo_ == 2; }
+  bool shrunk() const override { return tipo_ == Comunicazione::Annullamento; }
 
   Frame fraTab0;
   Riferimenti riferimenti;
@@ -46,7 +46,7 @@ class FrmDatiAggiuntivi : public Form {
   void conferma();
 
   AmbienteEditor ambiente_;
-  std::int32_t tipo_ = 0;
+  Comunicazione tipo_ = Comunicazione::Nessuna;
   bool ok_ = false;
 };
 

@@ -1,6 +1,6 @@
 #include "editors/percipiente.h"
 
-#include "base/text.h"
+#include "worklist/elenchi.h"
 
 namespace cu {
 
@@ -18,26 +18,9 @@ Percipiente::Percipiente(Form& form, Frame* frame, const std::string& suffisso)
 void Percipiente::associa(const AmbienteEditor& ambiente) {
   SessioneHost& sessione = *ambiente.globali.gSessione;
   Connection& connessione = sessione.database().ownConnection();
-  cdPercipiente.bind(connessione, {.table = "RepPercipienteCD",
-                                   .codeField = "Codice",
-                                   .descriptionField = "Anagrafica",
-                                   .idField = "IDAnagrafica",
-                                   .codeCaption = "Codice",
-                                   .descriptionCaption = "Percipiente",
-                                   .filter = "IDAzienda = " + fromInteger(sessione.IDAzienda()),
-                                   .title = "",
-                                   .manage = false,
-                                   .search = true});
-  cdPagamento.bind(connessione, {.table = "CausalePagamento",
-                                 .codeField = "Codice",
-                                 .descriptionField = "CausalePagamento",
-                                 .idField = "IDCausalePagamento",
-                                 .codeCaption = "Codice causale",
-                                 .descriptionCaption = "Descrizione causale",
-                                 .filter = "",
-                                 .title = "Causale pagamento",
-                                 .manage = false,
-                                 .search = true});
+  cdPercipiente.bind(connessione, {elencoPercipienti(sessione.IDAzienda()), "Codice", "Percipiente", ""});
+  cdPagamento.bind(connessione,
+                   {elencoCausali(), "Codice causale", "Descrizione causale", "Causale pagamento"});
 }
 
 void Percipiente::mostra(std::int32_t idAnagrafica, const std::string& nome, std::int32_t idCausale) {

@@ -11,7 +11,8 @@ void EditorCompenso::conferma() {
   if (disposizione_.immagine) {
     if (fnVerificaCompilazione() == UtilitaSuite::kCancel) return;
   } else {
-    if (TipoComunicazione != 1 && !riferimenti_->fnCompleti(ambiente_.utilita, ambiente_.globali.gTitolo)) {
+    if (TipoComunicazione != Comunicazione::Ordinaria &&
+        !riferimenti_->fnCompleti(ambiente_.utilita, ambiente_.globali.gTitolo)) {
       return;
     }
     dati_.Protocollo = riferimenti_->txtProtocollo.stored();
@@ -139,7 +140,7 @@ void EditorCompenso::apriDialogo() {
 void EditorCompenso::ApriDatiAggiuntivi() {
   if (!disposizione_.immagine) return;
   apriDialogo();
-  if (TipoComunicazione != 2) return;
+  if (TipoComunicazione != Comunicazione::Annullamento) return;
   while (EsitoDatiAggiuntivi) {
     try {
       conferma();

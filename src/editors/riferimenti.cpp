@@ -3,9 +3,9 @@
 #include "base/text.h"
 #include "controls/form.h"
 #include "controls/frontend.h"
+#include "controls/utility.h"
 #include "editors/dati_aggiuntivi.h"
-#include "host/utility.h"
-#include "wizard/frm_protocollo.h"
+#include "worklist/riferimenti.h"
 
 namespace cu {
 
@@ -27,9 +27,9 @@ Riferimenti::Riferimenti(Form& form, Frame* frame)
   }
 }
 
-void Riferimenti::disponi(std::int32_t tipoComunicazione) {
-  const bool annullamento = tipoComunicazione == 2;
-  const bool aperti = annullamento || tipoComunicazione == 3;
+void Riferimenti::disponi(Comunicazione tipoComunicazione) {
+  const bool annullamento = tipoComunicazione == Comunicazione::Annullamento;
+  const bool aperti = annullamento || tipoComunicazione == Comunicazione::Sostituzione;
   if (annullamento) {
     fraRiferimenti.setCaption("Riferimenti per annullamento");
   } else {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "controls/textbox.h"
+#include "host/modi.h"
 
 namespace cu {
 
@@ -16,7 +17,7 @@ class Riferimenti {
   Riferimenti(Form& form, Frame* frame);
 
   // Caption, and whether a person may write: an ordinary communication needs no references.
-  void disponi(std::int32_t tipoComunicazione);
+  void disponi(Comunicazione tipoComunicazione);
   // False when one is missing: the first one is told and has the focus.
   bool fnCompleti(UtilitaSuite& utilita, const std::string& titolo);
   // Where the form has pages: brings the frame into view.

@@ -3,10 +3,10 @@
 #include <span>
 #include <string>
 
+#include "controls/utility.h"
 #include "data/recordset.h"
 #include "editors/campi_editor.h"
 #include "editors/disposizione.h"
-#include "host/utility.h"
 
 namespace cu {
 

@@ -16,6 +16,13 @@ class OutputFile {
   virtual void close() = 0;
 };
 
+// The suite's text viewer.
+class TextViewer {
+ public:
+  virtual ~TextViewer() = default;
+  virtual void viewText(const std::string& path) = 0;  // without waiting
+};
+
 // The files and folders of the machine. Paths are UTF-8. Failures raise FileError with the platform's number:
 // 61 disk full, 70 in use or denied, 75 path or file access, 76 path not found, 57 anything else.
 class FileSystem {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "data/database.h"
 
@@ -9,6 +10,18 @@ namespace cu {
 
 // The error number of a print that a person gave up: hexadecimal 800403EF.
 inline constexpr int kErrorPrintGivenUp = static_cast<int>(0x800403EF);
+
+// A report that the suite keeps for an object type.
+struct ReportInfo {
+  std::string name;  // file name, such as "ContoIndividuale.rpt"
+  std::int32_t definition = 0;
+};
+
+class ReportCatalogue {
+ public:
+  virtual ~ReportCatalogue() = default;
+  virtual std::vector<ReportInfo> reports(std::int32_t objectType) const = 0;
+};
 
 // One print of one report. Nothing is read or laid out before preview(), print() or run(); they may raise
 // Error, and leave nothing half-written under a file's final name.

@@ -38,6 +38,17 @@ class SessioneHost {
   virtual std::string helpFolder() = 0;  // without a separator at its end
 };
 
+// Whose rows the operations work on; the session outlives it.
+struct Ambito {
+  DatabaseHost* database = nullptr;
+  std::int32_t idUtente = 0;
+  std::int32_t idAzienda = 0;
+  std::int32_t idFiliale = 0;
+};
+inline Ambito ambitoDi(SessioneHost& sessione) {
+  return {&sessione.database(), sessione.IDUtente(), sessione.IDAzienda(), sessione.IDFiliale()};
+}
+
 struct Valuta {
   std::int16_t decimali = 0;  // a flag; 0 or not 0
   std::string simbolo;

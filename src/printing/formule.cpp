@@ -6,8 +6,7 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "base/value.h"
-#include "context/testi_programma.h"
-#include "host/utility.h"
+#include "host/conversioni.h"
 
 namespace cu::stampa {
 namespace {
@@ -23,9 +22,9 @@ constexpr std::string_view kSqlCodice = "Codice";
 constexpr std::string_view kSqlAnagrafica = "Anagrafica";
 constexpr std::string_view kSqlCodicePagamento = "CodicePagamento";
 
-bool modoConti(const Dati& dati) { return dati.modo == fnModoContiIndividuali(); }
+bool modoConti(const Dati& dati) { return dati.modo == ModoCorsa::ContiIndividuali; }
 
-std::int16_t annoBreve(std::string_view testo, const UtilitaSuite& utilita) {
+std::int16_t annoBreve(std::string_view testo, const Conversioni& utilita) {
   const std::int32_t anno = utilita.toLong(testo);
   if (anno < std::numeric_limits<std::int16_t>::min() || anno > std::numeric_limits<std::int16_t>::max()) {
     constexpr int kErroreOverflow = 6;
@@ -34,12 +33,12 @@ std::int16_t annoBreve(std::string_view testo, const UtilitaSuite& utilita) {
   return static_cast<std::int16_t>(anno);
 }
 
-std::string numero(std::int16_t valore, const UtilitaSuite& utilita) {
+std::string numero(std::int16_t valore, const Conversioni& utilita) {
   return utilita.literalNumber(Value::ofInteger(valore).view());
 }
 
 // A range of years, open where a list shows none.
-std::string anni(const std::string& campo, const Filtri& filtri, const UtilitaSuite& utilita) {
+std::string anni(const std::string& campo, const Filtri& filtri, const Conversioni& utilita) {
   const std::string da(trim(filtri.anno));
   const std::string a(trim(filtri.adAnno));
   if (da.empty() && a.empty()) return {};
@@ -53,7 +52,7 @@ std::string anni(const std::string& campo, const Filtri& filtri, const UtilitaSu
 
 // A range of texts. `solo` is the value of a lone bound, which of the two is given being told by `da`;
 // `ultimo` the operator of the upper bound of two.
-struct Estremi {
+struct Intervallo {
   bool da = false;
   bool a = false;
   std::string solo;
@@ -62,7 +61,7 @@ struct Estremi {
   std::string_view ultimo;
 };
 
-std::string intervallo(const std::string& campo, const Estremi& estremi, const UtilitaSuite& utilita) {
+std::string intervallo(const std::string& campo, const Intervallo& estremi, const Conversioni& utilita) {
   if (estremi.da && estremi.a) {
     return " " + campo + " >= " + utilita.literal(estremi.minore) + " AND " + campo +
            std::string(estremi.ultimo) + utilita.literal(estremi.maggiore);
@@ -76,16 +75,16 @@ void inOrdine(std::string& a, std::string& b) {
   if (compareItalian(b, a) < 0) std::swap(a, b);
 }
 
-std::string percipienti(std::string_view campo, const Filtri& filtri, const UtilitaSuite& utilita) {
+std::string percipienti(std::string_view campo, const Filtri& filtri, const Conversioni& utilita) {
   // Only a lone bound of this one field is the code; of every other field, codes included, it is the
   // description.
   const bool perCodice = campo == kCampoCodicePercipiente;
-  Estremi estremi{.da = !filtri.codiceDa.empty(),
-                  .a = !filtri.codiceA.empty(),
-                  .solo = {},
-                  .minore = {},
-                  .maggiore = {},
-                  .ultimo = "<= "};
+  Intervallo estremi{.da = !filtri.codiceDa.empty(),
+                     .a = !filtri.codiceA.empty(),
+                     .solo = {},
+                     .minore = {},
+                     .maggiore = {},
+                     .ultimo = "<= "};
   if (estremi.da) {
     estremi.solo = perCodice ? filtri.codiceDa : filtri.descrizioneDa;
   } else {
@@ -95,13 +94,13 @@ std::string percipienti(std::string_view campo, const Filtri& filtri, const Util
   return intervallo(std::string(campo), estremi, utilita);
 }
 
-std::string causali(std::string_view campo, const Filtri& filtri, const UtilitaSuite& utilita) {
-  Estremi estremi{.da = !filtri.causaleDa.empty(),
-                  .a = !filtri.causaleA.empty(),
-                  .solo = filtri.causaleDa.empty() ? filtri.causaleA : filtri.causaleDa,
-                  .minore = filtri.causaleDa,
-                  .maggiore = filtri.causaleA,
-                  .ultimo = "<="};
+std::string causali(std::string_view campo, const Filtri& filtri, const Conversioni& utilita) {
+  Intervallo estremi{.da = !filtri.causaleDa.empty(),
+                     .a = !filtri.causaleA.empty(),
+                     .solo = filtri.causaleDa.empty() ? filtri.causaleA : filtri.causaleDa,
+                     .minore = filtri.causaleDa,
+                     .maggiore = filtri.causaleA,
+                     .ultimo = "<="};
   inOrdine(estremi.minore, estremi.maggiore);
   return intervallo(std::string(campo), estremi, utilita);
 }
@@ -115,7 +114,7 @@ bool perContoOSintetico(const Dati& dati) {
   return dati.report == kContoIndividuale || dati.report == kSintetico;
 }
 
-std::string sqlAnno(const Dati& dati, const UtilitaSuite& utilita) {
+std::string sqlAnno(const Dati& dati, const Conversioni& utilita) {
   if (modoConti(dati)) return anni("Anno", dati.filtri, utilita);
   const std::string anno(trim(dati.filtri.anno));
   return (perContoOSintetico(dati) ? " Anno = " : "Year(DataPagamento) = ") + anno;
@@ -128,22 +127,22 @@ std::string_view sqlCampoPercipiente(const Dati& dati) {
 
 }  // namespace
 
-std::string fnFiltroAnno(const Dati& dati, const UtilitaSuite& utilita) {
+std::string fnFiltroAnno(const Dati& dati, const Conversioni& utilita) {
   if (modoConti(dati)) return anni(std::string(kCampoAnno), dati.filtri, utilita);
   const std::string anno(trim(dati.filtri.anno));
   if (dati.report == kSintetico) return " " + std::string(kCampoAnno) + " = " + anno;
-  if (dati.modo == fnModoCertificazione()) return "Year({__ViewName.DataPagamento}) = " + anno;
+  if (dati.modo == ModoCorsa::Certificazione) return "Year({__ViewName.DataPagamento}) = " + anno;
   return std::string(kCampoAnno) + " = " + anno;
 }
 
-std::string fnFiltroPercipiente(const Dati& dati, const UtilitaSuite& utilita) {
+std::string fnFiltroPercipiente(const Dati& dati, const Conversioni& utilita) {
   std::string_view campo = kCampoAnagrafica;
   if (dati.filtri.perCodice) campo = dati.report == kAnalitico ? kCampoCodice : kCampoCodicePercipiente;
   return percipienti(campo, dati.filtri, utilita);
 }
 
-std::string fnFiltroCausale(const Dati& dati, const UtilitaSuite& utilita) {
-  const bool delPagamento = dati.modo == fnModoCertificazione() && dati.report != kSintetico;
+std::string fnFiltroCausale(const Dati& dati, const Conversioni& utilita) {
+  const bool delPagamento = dati.modo == ModoCorsa::Certificazione && dati.report != kSintetico;
   return causali(delPagamento ? kCampoCodicePagamento : kCampoCodice, dati.filtri, utilita);
 }
 
@@ -157,10 +156,10 @@ void sbOrdinaEstremi(const Filtri& filtri, std::string_view campo, std::string& 
   inOrdine(a, b);
 }
 
-std::string formula(const Dati& dati, const UtilitaSuite& utilita) {
+std::string formula(const Dati& dati, const Conversioni& utilita) {
   std::string testo = fnFiltroAnno(dati, utilita);
   // The file's forms find their rows through the selection table instead.
-  const bool file = dati.modo == fnModoCU();
+  const bool file = dati.modo == ModoCorsa::CU;
   if (!file) {
     unisci(testo, fnFiltroPercipiente(dati, utilita), " AND ");
     unisci(testo, fnFiltroCausale(dati, utilita), " AND ");
@@ -175,11 +174,11 @@ std::string formula(const Dati& dati, const UtilitaSuite& utilita) {
 
 std::string_view vista(const Dati& dati) {
   if (modoConti(dati)) return "RepContoIndividuale";
-  if (dati.modo != fnModoCertificazione()) return {};
+  if (dati.modo != ModoCorsa::Certificazione) return {};
   return dati.report == kSintetico ? "RepContoIndividuale" : "RepCompenso";
 }
 
-std::string filtroSql(const Dati& dati, const UtilitaSuite& utilita) {
+std::string filtroSql(const Dati& dati, const Conversioni& utilita) {
   std::string testo = " IDAzienda =  " + fromInteger(dati.idAzienda);
   unisci(testo, sqlAnno(dati, utilita), " And ");
   unisci(testo, percipienti(sqlCampoPercipiente(dati), dati.filtri, utilita), " And ");

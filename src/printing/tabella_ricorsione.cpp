@@ -1,8 +1,8 @@
 #include "printing/tabella_ricorsione.h"
 
 #include "base/text.h"
-#include "context/testi_programma.h"
-#include "host/utility.h"
+#include "host/conversioni.h"
+#include "host/testi_programma.h"
 
 namespace cu {
 namespace ricorsione {
@@ -12,7 +12,7 @@ std::string elimina(std::int32_t idUtente) {
          " AND IDFunzione = " + fromInteger(fnModoCU());
 }
 
-std::string inserisci(const Recordset& riga, const Corsa& corsa, const UtilitaSuite& utilita) {
+std::string inserisci(const Recordset& riga, const Corsa& corsa, const Conversioni& utilita) {
   const auto id = [&](const char* colonna) { return fromInteger(riga.Get(colonna).integer()); };
   return "INSERT INTO TabellaRicorsione2 (IDPath1, IDPath2, IDUtente, IDFunzione, Path14, Path1, Path2, "
          "Path3)"
@@ -24,7 +24,7 @@ std::string inserisci(const Recordset& riga, const Corsa& corsa, const UtilitaSu
 
 }  // namespace ricorsione
 
-std::string NomeModulo::diRiga(const Recordset& riga, const UtilitaSuite& utilita) const {
+std::string NomeModulo::diRiga(const Recordset& riga, const Conversioni& utilita) const {
   return "CUR_" + sCodFisc + "_" + utilita.toText(riga.Get("CodiceFiscale")) + "_" +
          utilita.toText(riga.Get("CodicePercipiente")) + "_" + anno + "_" +
          utilita.toText(riga.Get("Codice")) + "_" + oggi.toDdmmyyyy() + "_" + ora.toHhmm() + ".cur";

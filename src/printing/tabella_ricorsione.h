@@ -8,7 +8,7 @@
 
 namespace cu {
 
-class UtilitaSuite;
+class Conversioni;
 
 // TabellaRicorsione2 carries the lines to print, by user and function, to the view behind the forms. The
 // statements as they are before fnAnsi2jet.
@@ -25,7 +25,7 @@ struct Corsa {
   std::string dataFirma;  // as the box shows it
 };
 // Puts the current row of the worklist in.
-std::string inserisci(const Recordset& riga, const Corsa& corsa, const UtilitaSuite& utilita);
+std::string inserisci(const Recordset& riga, const Corsa& corsa, const Conversioni& utilita);
 
 }  // namespace ricorsione
 
@@ -36,7 +36,7 @@ struct NomeModulo {
   std::string anno;
   Date oggi;
   TimeOfDay ora;
-  std::string diRiga(const Recordset& riga, const UtilitaSuite& utilita) const;
+  std::string diRiga(const Recordset& riga, const Conversioni& utilita) const;
   std::string cumulativo() const;
 };
 

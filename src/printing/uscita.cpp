@@ -2,68 +2,64 @@
 
 #include <exception>
 
+#include "base/error.h"
+
 namespace cu::stampa {
 namespace {
 
 template <class Istruzione>
-void prova(const Uscita& uscita, const Istruzione& istruzione) {
+void prova(const Lancio& lancio, const Istruzione& istruzione) {
   try {
     istruzione();
   } catch (const std::exception& errore) {
-    uscita.frontEnd.setPointer(kPointerDefault);
+    lancio.avanzamento.setPointer(kPointerDefault);
     const Error detto = asError(errore);
     if (detto.number() == kErrorPrintGivenUp) return;
-    uscita.frontEnd.messageBox({.text = detto.description(),
-                                .title = uscita.gTitolo,
-                                .icon = BoxIcon::Stop,
-                                .buttons = BoxButtons::Ok,
-                                .byDefault = Answer::Ok});
+    lancio.guasto(detto.description());
   }
 }
 
-void stampante(const Uscita& uscita) {
-  PrinterDialog& dialogo = uscita.dialogo;
-  ReportEngine& oReport = uscita.oReport;
-  uscita.frontEnd.setPointer(kPointerDefault);
-  prova(uscita, [&] { dialogo.setObjectType(uscita.tipoOggetto); });
-  prova(uscita, [&] { dialogo.prepare(); });
-  prova(uscita, [&] { dialogo.show(); });
+void stampante(const Lancio& lancio) {
+  PrinterDialog& dialogo = lancio.dialogo;
+  ReportEngine& oReport = lancio.oReport;
+  lancio.avanzamento.setPointer(kPointerDefault);
+  prova(lancio, [&] { dialogo.setObjectType(lancio.tipoOggetto); });
+  prova(lancio, [&] { dialogo.prepare(); });
+  prova(lancio, [&] { dialogo.show(); });
   const bool annullata = dialogo.cancelled();
   if (!annullata) {
-    prova(uscita, [&] { oReport.setCopies(dialogo.copies()); });
-    prova(uscita, [&] { oReport.setPrinter(dialogo.printer(), dialogo.port()); });
+    prova(lancio, [&] { oReport.setCopies(dialogo.copies()); });
+    prova(lancio, [&] { oReport.setPrinter(dialogo.printer(), dialogo.port()); });
   }
-  uscita.frontEnd.setPointer(kPointerHourglass);
-  if (!annullata) prova(uscita, [&] { oReport.print(); });
+  lancio.avanzamento.setPointer(kPointerHourglass);
+  if (!annullata) prova(lancio, [&] { oReport.print(); });
 }
 
 }  // namespace
 
-void esegui(const Uscita& uscita, int tipo) {
-  const auto codice = [&](std::int32_t valore) { prova(uscita, [&] { uscita.oReport.run(valore); }); };
+void esegui(const Lancio& lancio, Uscita tipo) {
+  const auto codice = [&](std::int32_t valore) { prova(lancio, [&] { lancio.oReport.run(valore); }); };
   switch (tipo) {
-    case 1:
-      prova(uscita, [&] { uscita.oReport.preview(); });
+    case Uscita::Anteprima:
+      prova(lancio, [&] { lancio.oReport.preview(); });
       break;
-    case 2:
-      stampante(uscita);
+    case Uscita::Stampante:
+      stampante(lancio);
       break;
-    case 3:
+    case Uscita::Pdf:
       codice(1);
       break;
-    case 4:
+    case Uscita::Foglio:
       codice(0);
       break;
-    case 5:
+    case Uscita::Posta:
       codice(2);
       break;
-    case 6:
+    case Uscita::File:
       codice(3);
       break;
-    default:
-      break;
   }
-  uscita.frontEnd.setPointer(kPointerDefault);
+  lancio.avanzamento.setPointer(kPointerDefault);
 }
 
 }  // namespace cu::stampa

@@ -1,24 +1,28 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string>
 
-#include "controls/frontend.h"
+#include "host/modi.h"
+#include "host/progress.h"
 #include "host/report.h"
 
 namespace cu::stampa {
 
-struct Uscita {
-  FrontEnd& frontEnd;
+struct Lancio {
+  ProgressSink& avanzamento;
   ReportEngine& oReport;  // told what to print
   PrinterDialog& dialogo;
-  std::string gTitolo;
   std::int32_t tipoOggetto = 0;
+  // Called with the text of each statement that fails, before the next one runs.
+  std::function<void(const std::string& testo)> guasto;
 };
 
-// Sends a report where the output kind says: 1 preview, 2 printer, 3 to 6 a run with a code; any other number
-// does nothing. The hourglass is on at the start and off at the end.
+// Sends a report where the output kind says; a number that is none does nothing. The hourglass is on at the
+// start and off at the end.
 //
-// Each statement that fails is told in a box, unless the person gave the print up, and the next one runs.
-void esegui(const Uscita& uscita, int tipo);
+// Each statement that fails is reported, unless the person gave the print up, and the next one runs.
+void esegui(const Lancio& lancio, Uscita tipo);
 
 }  // namespace cu::stampa

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/frontend.h"
-#include "host/utility.h"
+#include "controls/utility.h"
 
 namespace cu {
 

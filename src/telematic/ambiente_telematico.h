@@ -1,20 +1,27 @@
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 namespace cu {
 
 class Clock;
+class Conversioni;
+class DatabaseHost;
 class FileSystem;
-class FrontEnd;
-struct Globali;
-class UtilitaSuite;
+class ProgressSink;
+class TextViewer;
 
-// What the making of a file needs of its surroundings; all outlive it.
+// What the making of a file needs of its surroundings, all of which outlive it, and the rows that it takes.
 struct AmbienteTelematico {
-  const Globali& globali;
-  UtilitaSuite& utilita;
+  DatabaseHost& database;
+  const Conversioni& utilita;
   FileSystem& files;
-  FrontEnd& frontEnd;
+  ProgressSink& avanzamento;
+  TextViewer& visore;
   const Clock& clock;
+  std::string tabella;    // the work table
+  std::int32_t anno = 0;  // tax year
 };
 
 }  // namespace cu

@@ -5,7 +5,7 @@
 
 #include "base/text.h"
 #include "data/recordset.h"
-#include "host/utility.h"
+#include "host/conversioni.h"
 
 namespace cu {
 namespace {
@@ -17,7 +17,7 @@ constexpr std::string_view kPercipiente = "Percipiente";
 
 enum class Soggetto { Ogni, PersonaFisica, NonPersonaFisica, NatoInItalia, NonResidente };
 
-struct Controllo {
+struct Requisito {
   std::string_view colonna;
   Soggetto soggetto;
   std::string_view campo;
@@ -26,7 +26,7 @@ struct Controllo {
 };
 
 // The log shows the blank field itself where the company's name would stand, but for the first row.
-constexpr std::array<Controllo, 8> kControlliAzienda = {{
+constexpr std::array<Requisito, 8> kRequisitiAzienda = {{
     {"CodFisc", Soggetto::Ogni, "Codice fiscale", "Codice fiscale o partita IVA non presente", "AnagAz"},
     {"ComuneAz", Soggetto::Ogni, "Comune sede", "Comune sede non presente", "ComuneAz"},
     {"SiglaProvinciaAz", Soggetto::Ogni, "Provincia sede", "Provincia sede non presente", "SiglaProvinciaAz"},
@@ -41,7 +41,7 @@ constexpr std::array<Controllo, 8> kControlliAzienda = {{
      "NomeRapp"},
 }};
 
-constexpr std::array<Controllo, 7> kControlliPercipiente = {{
+constexpr std::array<Requisito, 7> kRequisitiPercipiente = {{
     {"CodiceFiscale", Soggetto::Ogni, "Codice fiscale", "Codice fiscale non presente", "AnagPercipiente"},
     {"Anagrafica", Soggetto::Ogni, "Cognome", "Cognome non presente", "AnagPercipiente"},
     {"Nome", Soggetto::PersonaFisica, "Nome", "Nome non presente", "AnagPercipiente"},
@@ -79,30 +79,8 @@ bool riguarda(Soggetto soggetto, const Recordset& riga, std::string_view persona
 
 }  // namespace
 
-Controlli::Controlli(Connection& connessione, const UtilitaSuite& utilita, LogGrid& log)
-    : connessione_(connessione), utilita_(utilita), log_(log) {}
-
-void Controlli::sbPreparaLog() {
-  log_.addColumn("Campo", LogGrid::kText, 35);
-  log_.addColumn("Sezione", LogGrid::kText, 20);
-  log_.addColumn("Denominazione", LogGrid::kText, 35);
-  log_.addColumn("Codice fiscale", LogGrid::kText, 30);
-}
-
-bool Controlli::fnScriviLog(const std::string& messaggio, const std::string& campo,
-                            const std::string& sezione, const std::string& denominazione,
-                            const std::string& codiceFiscale) {
-  constexpr std::int64_t kMessageType = 2;
-  log_.newRow();
-  log_.put("Campo", Value::ofText(campo));
-  log_.put("Sezione", Value::ofText(sezione));
-  log_.put("Denominazione", Value::ofText(denominazione));
-  log_.put("Codice fiscale", Value::ofText(codiceFiscale));
-  log_.put("MessageType", Value::ofInteger(kMessageType));
-  log_.put("Message", Value::ofText(messaggio));
-  log_.confirmRow();
-  return true;
-}
+Controlli::Controlli(Connection& connessione, const Conversioni& utilita)
+    : connessione_(connessione), utilita_(utilita) {}
 
 void Controlli::esegui(const DatiControllo& dati, std::int32_t idAzienda, const std::string& tabella) {
   controllaDati(dati);
@@ -111,19 +89,15 @@ void Controlli::esegui(const DatiControllo& dati, std::int32_t idAzienda, const 
 }
 
 void Controlli::controllaDati(const DatiControllo& dati) {
-  if (dati.dataFirma.empty()) {
-    errori_ =
-        fnScriviLog("Data della firma non presente", "Data della firma", std::string(kGenerico), "", "");
-  }
+  const auto manca = [this](std::string_view sezione, const char* campo, const char* messaggio) {
+    mancanti_.push_back({campo, std::string(sezione), "", "", messaggio});
+  };
+  if (dati.dataFirma.empty()) manca(kGenerico, "Data della firma", "Data della firma non presente");
   if (!dati.usoIntermediari) return;
   if (trim(dati.codiceFiscaleIntermediario).empty()) {
-    errori_ = fnScriviLog("Codice fiscale intermediario non presente", "Codice fiscale",
-                          std::string(kIntermediario), "", "");
+    manca(kIntermediario, "Codice fiscale", "Codice fiscale intermediario non presente");
   }
-  if (dati.dataImpegno.empty()) {
-    errori_ = fnScriviLog("Data dell'impegno non presente", "Data dell'impegno", std::string(kIntermediario),
-                          "", "");
-  }
+  if (dati.dataImpegno.empty()) manca(kIntermediario, "Data dell'impegno", "Data dell'impegno non presente");
 }
 
 void Controlli::controllaAzienda(std::int32_t idAzienda) {
@@ -131,12 +105,12 @@ void Controlli::controllaAzienda(std::int32_t idAzienda) {
   azienda.Open(connessione_, utilita_.fnAnsi2jet(fnQueryAzienda(idAzienda)), LockType::BatchOptimistic);
   if (!azienda.Eof()) {
     codFisc_ = utilita_.toText(azienda.Get("CodFisc"));
-    for (const Controllo& controllo : kControlliAzienda) {
-      if (!riguarda(controllo.soggetto, azienda, "PersonaFisicaAz") || !vuoto(azienda, controllo.colonna))
+    for (const Requisito& requisito : kRequisitiAzienda) {
+      if (!riguarda(requisito.soggetto, azienda, "PersonaFisicaAz") || !vuoto(azienda, requisito.colonna))
         continue;
-      errori_ =
-          fnScriviLog(std::string(controllo.messaggio), std::string(controllo.campo), std::string(kAzienda),
-                      utilita_.toText(azienda.Get(controllo.denominazione)), codFisc_);
+      mancanti_.push_back({std::string(requisito.campo), std::string(kAzienda),
+                           utilita_.toText(azienda.Get(requisito.denominazione)), codFisc_,
+                           std::string(requisito.messaggio)});
     }
   }
   azienda.Close();
@@ -146,15 +120,15 @@ void Controlli::controllaPercipienti(const std::string& tabella) {
   Recordset percipienti;
   percipienti.Open(connessione_, utilita_.fnAnsi2jet(fnQueryPercipienti(tabella)), LockType::BatchOptimistic);
   for (; !percipienti.Eof(); percipienti.MoveNext()) {
-    for (const Controllo& controllo : kControlliPercipiente) {
-      if (!vuoto(percipienti, controllo.colonna) ||
-          !riguarda(controllo.soggetto, percipienti, "PersonaFisica")) {
+    for (const Requisito& requisito : kRequisitiPercipiente) {
+      if (!vuoto(percipienti, requisito.colonna) ||
+          !riguarda(requisito.soggetto, percipienti, "PersonaFisica")) {
         continue;
       }
-      errori_ =
-          fnScriviLog(std::string(controllo.messaggio), std::string(controllo.campo),
-                      std::string(kPercipiente), utilita_.toText(percipienti.Get(controllo.denominazione)),
-                      utilita_.toText(percipienti.Get("CodiceFiscale")));
+      mancanti_.push_back({std::string(requisito.campo), std::string(kPercipiente),
+                           utilita_.toText(percipienti.Get(requisito.denominazione)),
+                           utilita_.toText(percipienti.Get("CodiceFiscale")),
+                           std::string(requisito.messaggio)});
     }
   }
   percipienti.Close();

@@ -2,14 +2,14 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "data/database.h"
-#include "host/log_grid.h"
 
 namespace cu {
 
 class Recordset;
-class UtilitaSuite;
+class Conversioni;
 
 // What the screen holds of what is checked.
 struct DatiControllo {
@@ -19,18 +19,26 @@ struct DatiControllo {
   std::string dataImpegno;
 };
 
-// The presence checks before a file is made: what is missing goes to the log, one row a datum, and the checks
-// go on, so that the user sees everything at once.
+// A datum that a file needs and that is not there: a row of the log.
+struct DatoMancante {
+  std::string campo;
+  std::string sezione;
+  std::string denominazione;  // whom it is about
+  std::string codiceFiscale;
+  std::string messaggio;
+};
+
+// The presence checks before a file is made. They go on after a datum that is missing, so that a person sees
+// everything at once.
 class Controlli {
  public:
-  Controlli(Connection& connessione, const UtilitaSuite& utilita, LogGrid& log);
+  Controlli(Connection& connessione, const Conversioni& utilita);
 
-  // Declares the log's columns.
-  void sbPreparaLog();
   // All checks, in their order. `tabella` is the work table.
   void esegui(const DatiControllo& dati, std::int32_t idAzienda, const std::string& tabella);
 
-  bool bErrori() const { return errori_; }
+  bool bErrori() const { return !mancanti_.empty(); }
+  const std::vector<DatoMancante>& mancanti() const { return mancanti_; }
   // The company's fiscal code, or its VAT number; empty when the company is not found.
   const std::string& sCodFisc() const { return codFisc_; }
 
@@ -39,16 +47,13 @@ class Controlli {
   static std::string fnQueryPercipienti(const std::string& tabella);
 
  private:
-  bool fnScriviLog(const std::string& messaggio, const std::string& campo, const std::string& sezione,
-                   const std::string& denominazione, const std::string& codiceFiscale);
   void controllaDati(const DatiControllo& dati);
   void controllaAzienda(std::int32_t idAzienda);
   void controllaPercipienti(const std::string& tabella);
 
   Connection& connessione_;
-  const UtilitaSuite& utilita_;
-  LogGrid& log_;
-  bool errori_ = false;
+  const Conversioni& utilita_;
+  std::vector<DatoMancante> mancanti_;
   std::string codFisc_;
 };
 

@@ -2,22 +2,20 @@
 
 #include <exception>
 
-#include "context/globali.h"
-#include "controls/frontend.h"
 #include "data/recordset.h"
-#include "host/utility.h"
+#include "host/conversioni.h"
+#include "host/progress.h"
+#include "host/session.h"
 #include "telematic/query_cu.h"
 
 namespace cu {
 
 CUEle::CUEle(const AmbienteTelematico& ambiente) : ambiente_(ambiente), file_(ambiente) {}
 
-std::string CUEle::fnQueryPrincipale() const {
-  return telematico::queryPrincipale(ambiente_.globali.gTabellaLavoro);
-}
+std::string CUEle::fnQueryPrincipale() const { return telematico::queryPrincipale(ambiente_.tabella); }
 
 bool CUEle::Create(Date DataFirma) {
-  Connection& connection = ambiente_.globali.gSessione->database().internalConnection();
+  Connection& connection = ambiente_.database.internalConnection();
   const ReadScope oneState(connection);
   Recordset principale;
   principale.Open(connection, ambiente_.utilita.fnAnsi2jet(fnQueryPrincipale()));
@@ -54,13 +52,13 @@ void CUEle::scriviFile(Connection& connection, Recordset& principale, Date DataF
   std::int32_t NumeroCertificazione = 0;
   const std::size_t certificazioni = principale.RecordCount();
   for (; !principale.Eof(); principale.MoveNext()) {
-    ambiente_.frontEnd.progress("Creazione del file telematico", principale.AbsolutePosition(),
-                                certificazioni);
+    ambiente_.avanzamento.progress("Creazione del file telematico", principale.AbsolutePosition(),
+                                   certificazioni);
     const CellView* const riga = principale.Row();
     ++NumeroCertificazione;
     file_.WriteRecordTipoD(riga, NumeroCertificazione, dati_.CodiceFiscaleAzienda, dati_.TipoComunicazione,
                            DataFirma);
-    if (dati_.TipoComunicazione == 2) continue;  // an annulment has no amounts
+    if (dati_.TipoComunicazione == Comunicazione::Annullamento) continue;  // an annulment has no amounts
     file_.WriteRecordTipoH(riga, NumeroCertificazione, 1, dati_.CodiceFiscaleAzienda, nullptr);
     scriviModuli(connection, riga, chiave, NumeroCertificazione);
   }

@@ -6,6 +6,7 @@
 
 #include "base/date.h"
 #include "data/database.h"
+#include "host/modi.h"
 #include "telematic/ambiente_telematico.h"
 #include "telematic/cu_file_seq.h"
 
@@ -20,7 +21,7 @@ struct DatiFornitura {
   std::string CodiceFiscaleIntermediario;
   std::string TipoComIntermediario;
   Date DataImpegnoIntermediario;
-  std::int32_t TipoComunicazione = 1;  // 1 ordinary, 2 annulment, 3 replacement
+  Comunicazione TipoComunicazione = Comunicazione::Ordinaria;
 };
 
 // Makes one telematic file of the selected rows of the work table.
@@ -39,6 +40,7 @@ class CUEle {
   // opened. Any error rises; the lines written before it stay in the file, which then has no record Z.
   [[nodiscard]] bool Create(Date DataFirma);
   std::size_t certificazioni() const { return certificazioni_; }  // written by Create
+  const std::string& rifiuto() const { return file_.rifiuto(); }
 
  private:
   // Columns of the main query that name the modules of a row.

@@ -3,8 +3,6 @@
 #include <exception>
 
 #include "base/error.h"
-#include "context/globali.h"
-#include "controls/frontend.h"
 #include "host/filesystem.h"
 #include "modello/modello.h"
 #include "telematic/catalogo.h"
@@ -29,8 +27,8 @@ constexpr std::string_view kFineRecord = "A";
 
 CUFileSeq::CUFileSeq(const AmbienteTelematico& ambiente)
     : ambiente_(ambiente),
-      gAnno_(ambiente.globali.gAnno),
-      file_(ambiente.files, ambiente.frontEnd),
+      gAnno_(ambiente.anno),
+      file_(ambiente.files, ambiente.visore),
       rigaD_(riempito(catalogo_, gAnno_).Item("TipoD")),
       rigaH_(catalogo_.Item("TipoH")),
       celleD_(rigaD_),
@@ -48,14 +46,13 @@ CUFileSeq::~CUFileSeq() {
 }
 
 bool CUFileSeq::OpenFile() {
+  rifiuto_.clear();
   try {
     file_.OpenFile(FileSeq::kSequentialOutput);
     return true;
   } catch (const Error& error) {
     if (error.number() == kErrorPathNotFound) {
-      ambiente_.frontEnd.setPointer(kPointerDefault);
-      ambiente_.frontEnd.messageBox({"Attenzione! Il percorso per il salvataggio dei files è inesistente!",
-                                     ambiente_.globali.gTitolo, BoxIcon::Stop, BoxButtons::Ok, Answer::Ok});
+      rifiuto_ = "Attenzione! Il percorso per il salvataggio dei files è inesistente!";
     }
   } catch (const std::exception&) {
     // As any other failure: false, without a word.

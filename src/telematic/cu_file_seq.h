@@ -7,6 +7,7 @@
 #include "base/date.h"
 #include "base/value.h"
 #include "data/rowstore.h"
+#include "host/modi.h"
 #include "telematic/ambiente_telematico.h"
 #include "telematic/celle.h"
 #include "telematic/engine/file_seq.h"
@@ -36,8 +37,10 @@ class CUFileSeq {
   std::int32_t NumRecD() const { return numRecD_; }
   std::int32_t NumRecH() const { return numRecH_; }
 
-  // False when the file cannot be opened; only a missing path is told to the user.
+  // False when the file cannot be opened; rifiuto() then says why to a person, and is empty for every reason
+  // but a missing path.
   [[nodiscard]] bool OpenFile();
+  const std::string& rifiuto() const { return rifiuto_; }
   void CloseFile() { file_.CloseFile(); }
   void ShowFile() { file_.ShowFile(); }
 
@@ -46,13 +49,13 @@ class CUFileSeq {
   void legaQueryModuli(const Columns& colonne);
 
   void WriteRecordTipoA(bool UsoIntermediari, std::string_view CodiceFiscale);
-  // TipoComunicazione: 1 ordinary, 2 annulment, 3 replacement. NumeroComunicazioni: certificates in the file.
+  // NumeroComunicazioni: certificates in the file.
   void WriteRecordTipoB(const CellView* Fields, std::int32_t NumeroComunicazioni,
-                        std::string_view CodiceFiscale, std::int32_t TipoComunicazione,
+                        std::string_view CodiceFiscale, Comunicazione TipoComunicazione,
                         std::string_view CodiceFiscaleIntermediario, bool UsoIntermediari,
                         std::string_view TipoComIntermediario, Date DataImpegno);
   void WriteRecordTipoD(const CellView* Fields, std::int32_t ProgressivoCertificazione,
-                        std::string_view CodiceFiscale, std::int32_t TipoComunicazione, Date DataFirma);
+                        std::string_view CodiceFiscale, Comunicazione TipoComunicazione, Date DataFirma);
   // FieldsModulo: the row of the module query from module 2 on, null for module 1.
   void WriteRecordTipoH(const CellView* Fields, std::int32_t ProgressivoCertificazione,
                         std::int32_t ProgressivoModulo, std::string_view CodiceFiscale,
@@ -80,6 +83,7 @@ class CUFileSeq {
   const AmbienteTelematico ambiente_;
   const std::int32_t gAnno_;
   FileSeq file_;
+  std::string rifiuto_;
   CURecords catalogo_;
   std::int32_t numRecD_ = 0;
   std::int32_t numRecH_ = 0;

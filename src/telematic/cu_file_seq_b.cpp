@@ -45,7 +45,7 @@ std::string CUFileSeq::fnNZ(const CellView* Fields, std::string_view colonna) co
 }
 
 void CUFileSeq::WriteRecordTipoB(const CellView* Fields, std::int32_t NumeroComunicazioni,
-                                 std::string_view CodiceFiscale, std::int32_t TipoComunicazione,
+                                 std::string_view CodiceFiscale, Comunicazione TipoComunicazione,
                                  std::string_view CodiceFiscaleIntermediario, bool UsoIntermediari,
                                  std::string_view TipoComIntermediario, Date DataImpegno) {
   const CUFields& campo = campi("TipoB");
@@ -55,8 +55,10 @@ void CUFileSeq::WriteRecordTipoB(const CellView* Fields, std::int32_t NumeroComu
   campo.Item("Cod. Fisc. Sost. imposta").setValue(maiuscolo1252(a1252(CodiceFiscale)));
   campo.Item("Progressivo modulo").setValue("00000001");
   campo.Item("Id. prod. software (Cod. Fisc.)").setValue(kCodiceFiscaleProduttore);
-  campo.Item("Fornitura rel. invio certif. da ann.").setValue(TipoComunicazione == 2 ? "1" : "0");
-  campo.Item("Fornitura rel. invio certif. da sost.").setValue(TipoComunicazione == 3 ? "1" : "0");
+  campo.Item("Fornitura rel. invio certif. da ann.")
+      .setValue(TipoComunicazione == Comunicazione::Annullamento ? "1" : "0");
+  campo.Item("Fornitura rel. invio certif. da sost.")
+      .setValue(TipoComunicazione == Comunicazione::Sostituzione ? "1" : "0");
 
   if (cella(Fields, "PersonaFisicaAz").flag()) {
     campo.Item("Cognome").setValue(maiuscolo(valore("AnagraficaAz"), 24));

@@ -117,7 +117,7 @@ void CUFileSeq::fermati(const Guasto& guasto, const CellView* Fields, char tipo)
 }
 
 void CUFileSeq::WriteRecordTipoD(const CellView* Fields, std::int32_t ProgressivoCertificazione,
-                                 std::string_view CodiceFiscale, std::int32_t TipoComunicazione,
+                                 std::string_view CodiceFiscale, Comunicazione TipoComunicazione,
                                  Date DataFirma) {
   if (colonne_ == nullptr) throw Error(kErrorObjectNotSet, "Le colonne della query non sono note.");
   rigaD_.place(kQuadroD.tipoRecord, "D");
@@ -125,7 +125,7 @@ void CUFileSeq::WriteRecordTipoD(const CellView* Fields, std::int32_t Progressiv
   ponNumero(rigaD_, kQuadroD.modulo, 1);
   ponPercipiente(rigaD_, kQuadroD.percipiente, Fields[quadro_.codiceFiscale]);
   ponNumero(rigaD_, kQuadroD.certificazione, ProgressivoCertificazione);
-  if (TipoComunicazione == 1) {
+  if (TipoComunicazione == Comunicazione::Ordinaria) {
     ponNumero(rigaD_, kProtocollo, 0);
     ponNumero(rigaD_, kProgressivo, 0);
   } else {
@@ -135,8 +135,8 @@ void CUFileSeq::WriteRecordTipoD(const CellView* Fields, std::int32_t Progressiv
     formatta(breve(Fields[quadro_.progressivo], kProgressivo.length), rigaD_.at(kProgressivo.offset),
              kProgressivo.length);
   }
-  if (TipoComunicazione == 2) rigaD_.place(kOperazione, "A");
-  if (TipoComunicazione == 3) rigaD_.place(kOperazione, "S");
+  if (TipoComunicazione == Comunicazione::Annullamento) rigaD_.place(kOperazione, "A");
+  if (TipoComunicazione == Comunicazione::Sostituzione) rigaD_.place(kOperazione, "S");
   rigaD_.place(kConferma, "0");
   rigaD_.place(kQuadroD.fine, "A");
   const Guasto guasto = scrittoreD_.scrivi(Fields, firma(DataFirma), celleD_);

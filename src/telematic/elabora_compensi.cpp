@@ -1,8 +1,8 @@
 #include "telematic/elabora_compensi.h"
 
-#include "context/globali.h"
 #include "data/recordset.h"
 #include "host/filesystem.h"
+#include "host/session.h"
 
 namespace cu {
 
@@ -17,7 +17,7 @@ bool ElaboraCompensi::CreaFiles(Date DataFirma) {
 
   cuEle_.reset();  // its file is closed before another one is begun
   cuEle_ = std::make_unique<CUEle>(ambiente_);
-  cuEle_->setConnection(ambiente_.globali.gSessione->database().connection());
+  cuEle_->setConnection(ambiente_.database.connection());
   cuEle_->setFileName(fileName_);
   cuEle_->setFilePathName(filePathName_);
   cuEle_->setDati(dati_);

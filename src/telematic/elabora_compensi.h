@@ -37,6 +37,8 @@ class ElaboraCompensi {
   [[nodiscard]] bool CreaFiles(Date DataFirma);
   // Written by the last run. With none there was nothing to write, and no file was made.
   std::size_t certificazioni() const { return cuEle_ == nullptr ? 0 : cuEle_->certificazioni(); }
+  // Why the last run could not open its file, for a person; empty where nothing is to be said.
+  std::string rifiuto() const { return cuEle_ == nullptr ? std::string() : cuEle_->rifiuto(); }
 
  private:
   const AmbienteTelematico ambiente_;

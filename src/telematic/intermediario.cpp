@@ -2,12 +2,12 @@
 
 #include "base/text.h"
 #include "data/recordset.h"
-#include "host/utility.h"
+#include "host/conversioni.h"
 
 namespace cu {
 
 std::optional<Intermediario> fnLeggiIntermediario(Connection& connessione, std::int32_t idAzienda,
-                                                  const UtilitaSuite& utilita) {
+                                                  const Conversioni& utilita) {
   Recordset riga;
   riga.Open(connessione,
             utilita.fnAnsi2jet("SELECT CodiceFiscaleIntermediario, TipoComunicazione, DataImpegno"
@@ -20,7 +20,7 @@ std::optional<Intermediario> fnLeggiIntermediario(Connection& connessione, std::
 }
 
 void sbScriviIntermediario(Connection& connessione, std::int32_t idAzienda,
-                           const Intermediario& intermediario, const UtilitaSuite& utilita) {
+                           const Intermediario& intermediario, const Conversioni& utilita) {
   const std::string azienda = fromInteger(idAzienda);
   const std::string codice = utilita.literal(intermediario.codiceFiscale);
   const std::string impegno = fromInteger(intermediario.indiceImpegno + 1);

@@ -8,7 +8,7 @@
 
 namespace cu {
 
-class UtilitaSuite;
+class Conversioni;
 
 // The intermediary as the screen shows it.
 struct Intermediario {
@@ -20,8 +20,8 @@ struct Intermediario {
 
 // The company's stored intermediary; nothing when it has none.
 std::optional<Intermediario> fnLeggiIntermediario(Connection& connessione, std::int32_t idAzienda,
-                                                  const UtilitaSuite& utilita);
+                                                  const Conversioni& utilita);
 void sbScriviIntermediario(Connection& connessione, std::int32_t idAzienda,
-                           const Intermediario& intermediario, const UtilitaSuite& utilita);
+                           const Intermediario& intermediario, const Conversioni& utilita);
 
 }  // namespace cu

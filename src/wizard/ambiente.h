@@ -4,11 +4,11 @@
 
 #include "controls/frontend.h"
 #include "controls/print_control.h"
+#include "controls/utility.h"
 #include "host/clock.h"
 #include "host/filesystem.h"
 #include "host/session.h"
 #include "host/settings.h"
-#include "host/utility.h"
 
 namespace cu {
 

@@ -1,6 +1,6 @@
 // The commands: menu tools, keyboard, and the one routine that carries them out.
 
-#include "context/testi_programma.h"
+#include "host/testi_programma.h"
 #include "wizard/frm_wizard.h"
 
 namespace cu {
@@ -95,7 +95,7 @@ void FrmWizard::sbExecuteMenuCommandWiz(const std::string& sTool) {
 }
 
 std::string FrmWizard::guideChapter() const {
-  if (globali_.gIDFunzione == fnModoContiIndividuali()) return "Stampare i conti individuali";
+  if (modo() == ModoCorsa::ContiIndividuali) return "Stampare i conti individuali";
   if (!modoCU()) return "Stampare le certificazioni in forma libera";
   if (nPassoCorrente == 2) return "Firma, intermediario, cartella";
   if (!optTipoComunicazione[0].value()) return "Annullare e sostituire";

@@ -1,7 +1,7 @@
 #include "wizard/frm_msg_link.h"
 
 #include "controls/frontend.h"
-#include "host/utility.h"
+#include "controls/utility.h"
 
 namespace cu {
 

@@ -3,8 +3,8 @@
 #include <exception>
 
 #include "base/text.h"
-#include "context/testi_programma.h"
-#include "host/utility.h"
+#include "controls/utility.h"
+#include "host/testi_programma.h"
 
 namespace cu {
 

@@ -2,26 +2,10 @@
 
 #include "base/text.h"
 #include "controls/frontend.h"
-#include "host/utility.h"
+#include "controls/utility.h"
+#include "worklist/riferimenti.h"
 
 namespace cu {
-
-bool tastoRiferimento(char32_t carattere) {
-  if (carattere >= 48 && carattere <= 57) return true;
-  switch (carattere) {
-    case 8:
-    case 9:
-    case 12:
-    case 37:
-    case 38:
-    case 39:
-    case 40:
-    case 46:
-      return true;
-    default:
-      return false;
-  }
-}
 
 FrmProtocollo::FrmProtocollo(FrontEnd& schermo, UtilitaSuite& utilita)
     : Form(schermo, "frmProtocollo", "Protocollo annullamento/sostituzione"),
@@ -36,8 +20,8 @@ FrmProtocollo::FrmProtocollo(FrontEnd& schermo, UtilitaSuite& utilita)
       cmdOk(*this, "cmdOk", nullptr, "OK"),
       cmdAnnulla(*this, "cmdAnnulla", nullptr, "Annulla"),
       utilita_(utilita) {
-  txtProtocollo.setMaxLength(17);
-  txtProgressivo.setMaxLength(6);
+  txtProtocollo.setMaxLength(kMassimoProtocollo);
+  txtProgressivo.setMaxLength(kMassimoProgressivo);
   for (TextBox* casella : {&txtProtocollo, &txtProgressivo}) {
     casella->keyFilter = [this](char32_t carattere) {
       if (tastoRiferimento(carattere)) return true;

@@ -9,9 +9,6 @@ namespace cu {
 
 class UtilitaSuite;
 
-// Lets a key into a box of references: digits, and the characters of the codes 8, 9, 12, 37 to 40 and 46.
-bool tastoRiferimento(char32_t carattere);
-
 // The references to the submission that is annulled or replaced, for all selected lines at once.
 class FrmProtocollo : public Form {
  public:

@@ -1,8 +1,8 @@
 #include "wizard/frm_wizard.h"
 
 #include "base/text.h"
-#include "context/testi_programma.h"
-#include "printing/tabella_ricorsione.h"
+#include "fornitura/carico.h"
+#include "host/testi_programma.h"
 
 namespace cu {
 
@@ -74,7 +74,9 @@ FrmWizard::FrmWizard(const Ambiente& ambiente, Globali& globali)
               {*this, "cmdNav(4)", &picNav, "A&vvia"}}},
       ambiente_(ambiente),
       globali_(globali),
-      compensi_(globali, ambiente_.utilita, ambiente_.frontEnd, grdCompensi) {
+      compensi_(ambiente_.utilita, ambiente_.frontEnd),
+      vista_(grdCompensi) {
+  compensi_.setVista(vista_);
   // As long as the certificate's print is chosen there is no kind of communication to choose.
   fraTipoComunicazione.setEnabled(false);
   for (Option& opzione : optTipoComunicazione) opzione.setEnabled(false);
@@ -99,6 +101,32 @@ FrmWizard::FrmWizard(const Ambiente& ambiente, Globali& globali)
   collegaEventi();
 }
 
+void FrmWizard::sbInitWizard() {
+  globali_.gIDFunzione = globali_.gSessione->processi().at(0).idFunzione;
+  sbVaiAlPasso(0, Direzione::Salto);
+  if (modo() == ModoCorsa::Certificazione) {
+    lblEsCont1.setVisible(false);
+    KRNCboEsCont1.setVisible(false);
+  }
+  if (modo() == ModoCorsa::ContiIndividuali) {
+    optstType[0].setVisible(false);
+    optstType[1].setVisible(false);
+    fraTipoComunicazione.setVisible(false);
+    fraFirma.setVisible(false);
+    fraIntermediari.setVisible(false);
+    chkIntermediari.setVisible(false);
+    fraTipoStampa.setVisible(false);
+    fraPercorso.setVisible(false);
+  }
+  associaElenchi();
+  cboxTipoComunicazione.clear();
+  cboxTipoComunicazione.add("Comunicazione predisposta dal contribuente");
+  cboxTipoComunicazione.add("Comunicazione predisposta da chi effettua l'invio");
+  sPercorsoCU = ambiente_.settings.get(globali_.gChiaveImpostazioni, kMenuSettings, "CU_Path",
+                                       ambiente_.utilita.defaultFolder());
+  txtPercorsoCU.setText(sPercorsoCU);
+}
+
 void FrmWizard::collegaEventi() {
   for (int i = 0; i < 2; ++i) {
     optstType[static_cast<std::size_t>(i)].onClick = [this, i] { tipoScelto(i); };
@@ -107,8 +135,8 @@ void FrmWizard::collegaEventi() {
     // The hidden second list follows the first one where the file is made.
     if (optstType[1].value()) KRNCboEsCont1.setIndex(KRNCboEsCont0.index());
   };
-  KrnCDPerc0.onChange = [this] { lblName0.setCaption(FindName(KrnCDPerc0.record())); };
-  KrnCDPerc1.onChange = [this] { lblName1.setCaption(FindName(KrnCDPerc1.record())); };
+  KrnCDPerc0.onChange = [this] { lblName0.setCaption(fornitura::FindName(intorno(), KrnCDPerc0.record())); };
+  KrnCDPerc1.onChange = [this] { lblName1.setCaption(fornitura::FindName(intorno(), KrnCDPerc1.record())); };
   cmdOpzioni.onClick = [this] { opzioniStampa(); };
   collegaGriglia();
   collegaImpostazioni();
@@ -121,7 +149,22 @@ void FrmWizard::collegaEventi() {
   onKeyDown = [this](std::int16_t& KeyCode, std::int16_t& Shift) { sbGestShortCut(KeyCode, Shift); };
 }
 
-bool FrmWizard::modoCU() const { return globali_.gIDFunzione == fnModoCU(); }
+ModoCorsa FrmWizard::modo() const { return modoCorsa(globali_.gIDFunzione); }
+
+fornitura::Ambiente FrmWizard::intorno() const {
+  return {.ambito = ambitoDi(*globali_.gSessione),
+          .factory = ambiente_.factory,
+          .utilita = ambiente_.utilita,
+          .files = ambiente_.files,
+          .clock = ambiente_.clock,
+          .avanzamento = ambiente_.frontEnd,
+          .visore = ambiente_.frontEnd};
+}
+
+void FrmWizard::mostraRifiuto(const Finding& rifiuto) {
+  ambiente_.utilita.message(rifiuto.text, globali_.gTitolo);
+  if (Control* const posto = find(rifiuto.place)) ambiente_.frontEnd.missing(*posto);
+}
 
 void FrmWizard::aiuto(int contesto) {
   constexpr int kAiutoPerContesto = 15;
@@ -130,7 +173,7 @@ void FrmWizard::aiuto(int contesto) {
 
 void FrmWizard::abbandona() {
   const std::string domanda =
-      globali_.gIDFunzione == fnModoContiIndividuali()
+      modo() == ModoCorsa::ContiIndividuali
           ? "Confermare l'abbandono dell'autocomposizione stampa conti individuali?"
           : " Confermare l'abbandono dell'autocomposizione stampa certificazione compensi?";
   if (ambiente_.utilita.question(domanda, globali_.gTitolo) == UtilitaSuite::kYes) unload();
@@ -151,7 +194,7 @@ void FrmWizard::formLoad() {
 // Whatever fails here ends the clean-up in silence, and what would have followed is left undone.
 void FrmWizard::formUnload() {
   try {
-    eseguiRicorsione(ricorsione::elimina(globali_.gSessione->IDUtente()));
+    static_cast<void>(fornitura::svuotaRicorsione(intorno()));
     ambiente_.settings.set(globali_.gChiaveImpostazioni, kMenuSettings, "CU_Path", txtPercorsoCU.text());
     ambiente_.settings.deleteSection(globali_.gChiaveImpostazioni, globali_.gSessione->settingsSection());
   } catch (const std::exception&) {

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "context/filtri.h"
+#include "base/result.h"
 #include "context/globali.h"
 #include "controls/band.h"
 #include "controls/datebox.h"
@@ -18,13 +18,15 @@
 #include "controls/print_control.h"
 #include "controls/selector.h"
 #include "controls/textbox.h"
-#include "printing/formule.h"
+#include "fornitura/ambiente.h"
+#include "fornitura/scrittura.h"
+#include "fornitura/stampa.h"
+#include "host/filtri.h"
 #include "wizard/ambiente.h"
+#include "wizard/griglia_compensi.h"
 #include "worklist/compensi.h"
 
 namespace cu {
-
-class ElaboraCompensi;
 
 // How a transition between steps is asked for.
 enum class Direzione { Salto = 0, Indietro = 1, Avanti = 2 };
@@ -127,7 +129,6 @@ class FrmWizard : public Form {
   void impostaSpiegazioni();
   void sbImpostaPassoFinale();
   void sbPreparaStampa();
-  std::int32_t fnFilialePredefinita(std::int32_t nTipoOggetto, std::int32_t nFiliale);
   void sbImpostaFasciaLaterale();
   bool fnControllaFiltri();
   void sbCaricaCompensi();
@@ -135,24 +136,30 @@ class FrmWizard : public Form {
   void avvia();
   void abbandona();
   void aiuto(int contesto);
-  bool modoCU() const;
+  bool modoCU() const { return modo() == ModoCorsa::CU; }
+  ModoCorsa modo() const;
+
+  // The operations: what they need of the surroundings, and how a refusal of theirs is shown. False where
+  // there is one.
+  fornitura::Ambiente intorno() const;
+  template <class T>
+  bool accolto(const Result<T>& esito) {
+    for (const Finding& rifiuto : esito.refusals) mostraRifiuto(rifiuto);
+    return static_cast<bool>(esito);
+  }
+  void mostraRifiuto(const Finding& rifiuto);
 
   // The selection filters.
   void associaElenchi();
-  std::string fnOrigineAnni(bool conModulo) const;
   void sbCreaFiltroStampa();
   void segnalaEstremi();  // bounds that are no row of their table
-  void ricostruisciConti(const Filtri& scelti);
   Filtri filtri() const;
-  std::string FindName(std::int64_t nID);
 
   // The prints.
   stampa::Dati datiStampa() const;
   void stampaReport();
   bool fnDaStampare();
-  bool fnEsistonoElementi(std::string_view sVista);
-  // Launches the report of the print control; a name is that of a file in the folder of the telematic file.
-  void sbStampaReport(const std::string& sNomeFile);
+  fornitura::RichiestaStampa richiestaStampa();  // of the print control
   void opzioniStampa();
 
   // The commands.
@@ -171,7 +178,7 @@ class FrmWizard : public Form {
 
   // The settings of a run.
   void collegaImpostazioni();
-  std::int32_t tipoComunicazione() const;  // 1 ordinary, 2 annulment, 3 replacement
+  Comunicazione tipoComunicazione() const;
   void annotaCartella();
   void abilitaIntermediari(bool attivo);
   void sbCaricaIntermediario();
@@ -182,13 +189,10 @@ class FrmWizard : public Form {
   bool fnCreaFileCU();
   void segnalaDatoMancante();
   bool controllaDate();
-  bool avvisoData(const std::string& righe, DateBox& controllo);
+  bool confermaAvviso(const Finding& avviso);
   // The file's name; none when it could not be made.
   std::optional<std::string> generaFile(const std::string& sCodFisc);
-  bool creaFile(ElaboraCompensi& elabora);
-  std::string fnNomeFile(const std::string& sCodFisc) const;
   void stampaModuli(const std::string& sCodFisc);
-  void eseguiRicorsione(const std::string& istruzione);
   void sbMostraEsitoFile(const std::string& sNomeFile, const std::string& sCartella, std::int16_t nFlag);
 
   void collegaEventi();
@@ -196,16 +200,14 @@ class FrmWizard : public Form {
   Ambiente ambiente_;
   Globali& globali_;
   Compensi compensi_;
+  GrigliaCompensi vista_;
 
   std::int16_t nPassoCorrente = 0;
   bool bAvviaAbilitato = false;
-  std::string sFiltro;
   std::string sPercorsoCU;
   bool bIntermediarioCaricato = false;
   std::int16_t nOggettoCorrente = 0;
   std::int32_t nContestoArg = 0;
-  std::unique_ptr<RicostruzioneConti> oRic;
-  std::unique_ptr<ReportEngine> oReport;  // of the print that runs
 };
 
 }  // namespace cu

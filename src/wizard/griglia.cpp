@@ -2,9 +2,9 @@
 
 #include "base/text.h"
 #include "editors/editor.h"
+#include "fornitura/selezione.h"
 #include "wizard/frm_protocollo.h"
 #include "wizard/frm_wizard.h"
-#include "worklist/colonne_griglia.h"
 
 namespace cu {
 namespace {
@@ -26,20 +26,19 @@ void FrmWizard::collegaGriglia() {
   grdCompensi.onDoubleClick = [this] {
     if (grdCompensi.state() == 0) sbModificaCompenso();
   };
-  cmdSelect[0].onClick = [this] { compensi_.sbSelezionaTutto(AzioneSelezione::Seleziona); };
-  cmdSelect[1].onClick = [this] { compensi_.sbSelezionaTutto(AzioneSelezione::Deseleziona); };
+  const auto tutte = [this](AzioneSelezione azione) {
+    return [this, azione] { accolto(fornitura::seleziona(compensi_, {.azione = azione, .tutte = true})); };
+  };
+  cmdSelect[0].onClick = tutte(AzioneSelezione::Seleziona);
+  cmdSelect[1].onClick = tutte(AzioneSelezione::Deseleziona);
   cmdProtocollo.onClick = [this] { protocolli(); };
 }
 
 void FrmWizard::invertiRiga() {
   const Recordset& righe = compensi_.rsCompensi();
   if (!righe.IsOpen() || righe.Eof() || righe.Bof()) return;
-  if (grdCompensi.highlighted().empty()) {
-    compensi_.sbSelezionaRiga(AzioneSelezione::Inverti);
-  } else {
-    compensi_.sbInvertiRighe(grdCompensi.highlighted());
-  }
-  compensi_.sbContaSelezionati();
+  accolto(fornitura::seleziona(compensi_,
+                               {.azione = AzioneSelezione::Inverti, .posizioni = grdCompensi.highlighted()}));
   grdCompensi.refresh();
 }
 
@@ -55,8 +54,8 @@ void FrmWizard::sbModificaCompenso() {
   };
   try {
     editor->setRecordset(righe);
-    editor->onConfirm = [this] { compensi_.sbAggiornaRiga(); };
-    if (tipoComunicazione() != 0) editor->setTipoComunicazione(tipoComunicazione());
+    editor->onConfirm = [this] { accolto(fornitura::correggi(compensi_)); };
+    if (tipoComunicazione() != Comunicazione::Nessuna) editor->setTipoComunicazione(tipoComunicazione());
     if (optTipoComunicazione[1].value() && fnAnnullaNelDialogo(anno)) {
       editor->load();
       editor->ApriDatiAggiuntivi();
@@ -79,7 +78,9 @@ void FrmWizard::protocolli() {
   FrmProtocollo dialogo(ambiente_.frontEnd, ambiente_.utilita);
   dialogo.showModal();
   if (!dialogo.OK()) return;
-  compensi_.sbAggiornaProtocolli(dialogo.Protocollo(), dialogo.Progressivo(), dialogo.Sovrascrivi());
+  accolto(fornitura::correggiRiferimenti(compensi_, {.protocollo = dialogo.Protocollo(),
+                                                     .progressivo = dialogo.Progressivo(),
+                                                     .sovrascrivi = dialogo.Sovrascrivi()}));
 }
 
 }  // namespace cu

@@ -48,8 +48,9 @@ void FrmWizard::annotaCartella() {
     SessioneHost& sessione = *globali_.gSessione;
     Recordset azienda;
     azienda.Open(sessione.database().ownConnection(), Controlli::fnQueryAzienda(sessione.IDAzienda()));
-    const std::string nome =
-        fnNomeFile(azienda.Eof() ? std::string() : ambiente_.utilita.toText(azienda.Get("CodFisc")));
+    const std::string nome = fornitura::fnNomeFile(
+        azienda.Eof() ? std::string() : ambiente_.utilita.toText(azienda.Get("CodFisc")),
+        KRNCboEsCont0.text());
     if (!files.folderExists(sPercorsoCU)) {
       nota = "La cartella non esiste.";
     } else if (files.fileExists(files.join(sPercorsoCU, nome))) {
@@ -63,11 +64,11 @@ void FrmWizard::annotaCartella() {
   txtPercorsoCU.setNote(nota);
 }
 
-std::int32_t FrmWizard::tipoComunicazione() const {
+Comunicazione FrmWizard::tipoComunicazione() const {
   for (std::size_t i = 0; i < optTipoComunicazione.size(); ++i) {
-    if (optTipoComunicazione[i].value()) return static_cast<std::int32_t>(i) + 1;
+    if (optTipoComunicazione[i].value()) return static_cast<Comunicazione>(i + 1);
   }
-  return 0;
+  return Comunicazione::Nessuna;
 }
 
 void FrmWizard::abilitaIntermediari(bool attivo) {

@@ -1,8 +1,11 @@
 // The step machine: transitions with their checks, and what each step shows in each mode.
 
 #include "base/text.h"
-#include "context/testi_programma.h"
+#include "fornitura/carico.h"
+#include "fornitura/selezione.h"
+#include "host/testi_programma.h"
 #include "wizard/frm_wizard.h"
+#include "worklist/tabella_lavoro.h"
 
 namespace cu {
 
@@ -58,7 +61,7 @@ bool FrmWizard::preparaPasso0(Direzione nDirezione) {
                                      .icon = BoxIcon::Question,
                                      .buttons = BoxButtons::YesNoCancel,
                                      .byDefault = Answer::Yes});
-  if (risposta == Answer::Yes) compensi_.sbMemorizzaModifiche();
+  if (risposta == Answer::Yes) return accolto(fornitura::memorizza(compensi_));
   return risposta != Answer::Cancel;
 }
 
@@ -70,7 +73,7 @@ bool FrmWizard::preparaPasso1(Direzione nDirezione) {
   } else if (optstType[1].value()) {
     if (nDirezione == Direzione::Avanti) {
       sbCreaFiltroStampa();
-      compensi_.sbFormattaGriglia(tipoComunicazione());
+      vista_.sbFormattaGriglia(tipoComunicazione());
       sbCaricaCompensi();
     }
     bAvviaAbilitato = false;
@@ -79,23 +82,7 @@ bool FrmWizard::preparaPasso1(Direzione nDirezione) {
 }
 
 bool FrmWizard::preparaPasso2() {
-  if (modoCU()) {
-    if (compensi_.fnNessunaSelezione()) {
-      ambiente_.utilita.message("Per poter proseguire è necessario selezionare almeno un elemento.",
-                                globali_.gTitolo);
-      ambiente_.frontEnd.missing(grdCompensi);
-      return false;
-    }
-    if (!optTipoComunicazione[0].value() && compensi_.fnProtocolliMancanti()) {
-      ambiente_.utilita.message(
-          "Per il tipo operazione annullamento o sostituzione il\r\n"
-          "protocollo è obbligatorio. Verificare che in tutti gli\r\n"
-          "elementi selezionati sia stato correttamente indicato.",
-          globali_.gTitolo);
-      ambiente_.frontEnd.missing(cmdProtocollo);
-      return false;
-    }
-  }
+  if (modoCU() && !accolto(fornitura::controllaSelezione(compensi_, tipoComunicazione()))) return false;
   if (optstType[0].value()) {
     if (!fnControllaFiltri()) return false;
     sbCreaFiltroStampa();
@@ -127,7 +114,7 @@ void FrmWizard::sbImpostaTitolo(std::int16_t nPasso) {
 }
 
 void FrmWizard::impostaSpiegazioni() {
-  if (globali_.gIDFunzione == fnModoContiIndividuali()) {
+  if (modo() == ModoCorsa::ContiIndividuali) {
     lblStep0.setCaption(testoProgramma(101));
     lblStep5.setCaption(
         "Dopo aver definito il formato di stampa che si intende utilizzare, è qui possibile scegliere la "
@@ -155,7 +142,7 @@ void FrmWizard::sbImpostaTesti() {
   fraStType.setCaption(testoProgramma(104));
   optstType[0].setCaption(testoProgramma(118));
   optstType[1].setCaption(testoProgramma(119));
-  lblEsCont0.setCaption(testoProgramma(globali_.gIDFunzione == fnModoContiIndividuali() ? 105 : 122));
+  lblEsCont0.setCaption(testoProgramma(modo() == ModoCorsa::ContiIndividuali ? 105 : 122));
   lblEsCont1.setCaption(testoProgramma(115));
   lblPecDA.setCaption(testoProgramma(110));
   lblPercA.setCaption(testoProgramma(111));
@@ -183,16 +170,11 @@ void FrmWizard::sbImpostaPassoFinale() {
   fraPercorso.setVisible(file);
 }
 
-bool FrmWizard::fnControllaFiltri() {
-  const bool annoRichiesto = modoCU() || globali_.gIDFunzione == fnModoCertificazione();
-  if (!annoRichiesto || !trim(KRNCboEsCont0.text()).empty()) return true;
-  ambiente_.utilita.message(testoProgramma(109), globali_.gTitolo);
-  ambiente_.frontEnd.missing(KRNCboEsCont0);
-  return false;
-}
+bool FrmWizard::fnControllaFiltri() { return accolto(fornitura::controllaFiltri(modo(), filtri())); }
 
 void FrmWizard::sbCaricaCompensi() {
-  compensi_.sbCreaTabellaLavoro(filtri());
+  globali_.gTabellaLavoro = fnNomeTabellaLavoro(globali_.gSessione->IDUtente());
+  if (!accolto(fornitura::carica(intorno(), compensi_, filtri()))) return;
   grdCompensi.setState(0);
   if (dtDataFirma.entered().empty()) dtDataFirma.setDate(ambiente_.clock.today());
 }
@@ -205,29 +187,12 @@ void FrmWizard::sbPreparaStampa() {
                        .report = {},
                        .idUtente = sessione.IDUtente(),
                        .objectType = tipoOggetto,
-                       .defaultRow = fnFilialePredefinita(tipoOggetto, sessione.IDFiliale()),
+                       .defaultRow = fornitura::fnFilialePredefinita(intorno(), tipoOggetto),
                        .application = std::string(kNomeProgramma),
                        .window = 0});
   const bool file = modoCU();
   WizPrint.setChoice(!file);
   WizPrint.setOutput(file ? 6 : 1);
-}
-
-std::int32_t FrmWizard::fnFilialePredefinita(std::int32_t nTipoOggetto, std::int32_t nFiliale) {
-  try {
-    const auto ricerca = globali_.gSessione->database().CreateRowset();
-    ricerca->addField("IDDefaultFilialePerTipoOggetto");
-    ricerca->addField("IDTipoOggetto");
-    ricerca->addField("IDFiliale");
-    ricerca->setTable("DefaultFilialePerTipoOggetto");
-    ricerca->setFilter("IDTipoOggetto = " + fromInteger(nTipoOggetto) +
-                       " AND \r\nIDFiliale = " + fromInteger(nFiliale));
-    ricerca->open();
-    if (ricerca->eof()) return 0;
-    return static_cast<std::int32_t>(ricerca->value("IDDefaultFilialePerTipoOggetto").view().integer());
-  } catch (const std::exception&) {
-    return 0;
-  }
 }
 
 void FrmWizard::tipoScelto(int indice) {
@@ -236,7 +201,7 @@ void FrmWizard::tipoScelto(int indice) {
   fraTipoComunicazione.setEnabled(file);
   for (Option& opzione : optTipoComunicazione) opzione.setEnabled(file);
   if (file) fraTipoComunicazione.setVisible(true);
-  KRNCboEsCont0.setSource(fnOrigineAnni(file));
+  KRNCboEsCont0.setSource(fornitura::fnOrigineAnni(globali_.gSessione->IDAzienda(), file));
   sbImpostaFasciaLaterale();
   impostaSpiegazioni();
   sbImpostaTitolo(nPassoCorrente);

@@ -1,81 +1,39 @@
-// The prints: the test whether anything would come out, the one routine that launches a report, the options.
+// The prints: the test whether anything would come out, the launch of a report, the options.
 
-#include "base/text.h"
-#include "context/testi_programma.h"
-#include "printing/formule.h"
-#include "printing/uscita.h"
 #include "wizard/frm_option.h"
 #include "wizard/frm_wizard.h"
 
 namespace cu {
 
 stampa::Dati FrmWizard::datiStampa() const {
-  return {.modo = globali_.gIDFunzione,
+  return {.modo = modo(),
           .report = WizPrint.report(),
           .filtri = filtri(),
           .idAzienda = globali_.gSessione->IDAzienda(),
           .idUtente = globali_.gSessione->IDUtente()};
 }
 
+fornitura::RichiestaStampa FrmWizard::richiestaStampa() {
+  return {
+      .dati = datiStampa(),
+      .tipoOggetto = WizPrint.objectType(),
+      .definizione = WizPrint.definition(),
+      .uscita = static_cast<Uscita>(WizPrint.output()),
+      .percorso = {},
+      .guasto = [this](const std::string& testo) {
+        ambiente_.frontEnd.messageBox({testo, globali_.gTitolo, BoxIcon::Stop, BoxButtons::Ok, Answer::Ok});
+      }};
+}
+
 void FrmWizard::stampaReport() {
-  if (fnDaStampare()) sbStampaReport("");
+  if (fnDaStampare()) accolto(fornitura::stampa(intorno(), richiestaStampa()));
 }
 
 bool FrmWizard::fnDaStampare() {
-  const std::string_view vista = stampa::vista(datiStampa());
-  if (vista.empty() || fnEsistonoElementi(vista)) return true;
-  ambiente_.utilita.message("Nessun elemento da stampare", globali_.gTitolo);
-  return false;
-}
-
-bool FrmWizard::fnEsistonoElementi(std::string_view sVista) {
-  try {
-    const auto elementi = globali_.gSessione->database().CreateRowset();
-    elementi->addField("IDAzienda");
-    elementi->setTable(sVista);
-    elementi->setFilter(stampa::filtroSql(datiStampa(), ambiente_.utilita));
-    elementi->open();
-    return !elementi->eof();
-  } catch (const std::exception& errore) {
-    ambiente_.frontEnd.messageBox({.text = asError(errore).description(),
-                                   .title = globali_.gTitolo,
-                                   .icon = BoxIcon::None,
-                                   .buttons = BoxButtons::Ok,
-                                   .byDefault = Answer::Ok});
-    return false;
-  }
-}
-
-void FrmWizard::sbStampaReport(const std::string& sNomeFile) {
-  SessioneHost& sessione = *globali_.gSessione;
-  // Controls and reports read for themselves.
-  Connection& connessione = sessione.database().ownConnection();
-  ambiente_.frontEnd.setPointer(kPointerHourglass);
-  if (sNomeFile.empty()) ambiente_.frontEnd.progress("Preparazione della stampa", 0, 0);
-  oReport = ambiente_.factory.createReport();
-  oReport->setSession(sessione.IDUtente(), sessione.IDAzienda(), sessione.IDFiliale());
-  oReport->setConnection(connessione);
-  const std::string formula = stampa::formula(datiStampa(), ambiente_.utilita);
-  const std::unique_ptr<PrinterDialog> dialogo = ambiente_.factory.createPrinterDialog();
-  dialogo->setConnection(connessione);
-  dialogo->setSession(sessione.IDUtente());
-  oReport->setObjectType(WizPrint.objectType());
-  oReport->setSelectionFormula(formula);
-  oReport->setReportFile(WizPrint.report());
-  oReport->setDefinition(WizPrint.definition());
-  if (!sNomeFile.empty()) {
-    oReport->setOutputMode(0);
-    oReport->setOutputPath(ambiente_.files.join(sPercorsoCU, sNomeFile));
-    oReport->setOutputFormat(0);
-  }
-  dialogo->setDefinition(WizPrint.definition());
-  stampa::esegui({.frontEnd = ambiente_.frontEnd,
-                  .oReport = *oReport,
-                  .dialogo = *dialogo,
-                  .gTitolo = globali_.gTitolo,
-                  .tipoOggetto = WizPrint.objectType()},
-                 WizPrint.output());
-  oReport.reset();
+  const auto guasto = [this](const std::string& testo) {
+    ambiente_.frontEnd.messageBox({testo, globali_.gTitolo, BoxIcon::None, BoxButtons::Ok, Answer::Ok});
+  };
+  return accolto(fornitura::controllaStampa(intorno(), datiStampa(), guasto));
 }
 
 void FrmWizard::opzioniStampa() {

@@ -3,29 +3,35 @@
 #include <utility>
 
 #include "base/text.h"
-#include "controls/frontend.h"
-#include "controls/grid.h"
-#include "host/utility.h"
-#include "worklist/colonne_griglia.h"
+#include "host/conversioni.h"
+#include "host/progress.h"
 #include "worklist/riscrittura.h"
 #include "worklist/tabella_lavoro.h"
 
 namespace cu {
 
-Compensi::Compensi(Globali& globali, UtilitaSuite& utilita, FrontEnd& frontEnd, Grid& griglia)
-    : globali_(globali), utilita_(utilita), frontEnd_(frontEnd), griglia_(griglia) {
-  // The row menu's column has no field: every row shows the picture of value 2 there.
-  griglia_.paintValue = [](const GridColumn& colonna, Value& valore) {
-    if (colonna.field == kColonnaPopup) valore = Value::ofInteger(kImmaginePopup);
-  };
-}
+// Nothing is shown while it lives, also when an error ends the work early.
+class Compensi::Pausa {
+ public:
+  explicit Pausa(VistaCompensi* vista) : vista_(vista) {
+    if (vista_ != nullptr) vista_->sospendi();
+  }
+  ~Pausa() {
+    if (vista_ != nullptr) vista_->riprendi();
+  }
+  Pausa(const Pausa&) = delete;
+  Pausa& operator=(const Pausa&) = delete;
+
+ private:
+  VistaCompensi* vista_;
+};
 
 template <class Azione>
 auto Compensi::sullaTabella(const Azione& azione) {
   try {
     return azione();
   } catch (const DatabaseError& errore) {
-    const auto testo = fnAltraSessione(errore, globali_.gTabellaLavoro);
+    const auto testo = fnAltraSessione(errore, tabella_);
     if (!testo) throw;
     throw Error(kErrorRowGone, *testo);
   }
@@ -36,45 +42,26 @@ void Compensi::eseguiSullaRiga(const std::string& testo) {
   if (righe == 0) throw Error(kErrorRowGone, fnRigaMancante());
 }
 
-void Compensi::sbCreaTabellaLavoro(const Filtri& filtri) {
-  frontEnd_.setPointer(kPointerHourglass);
-  frontEnd_.progress("Caricamento dei compensi", 0, 0);
+void Compensi::sbCreaTabellaLavoro(const Ambito& ambito, const Filtri& filtri) {
+  avanzamento_.setPointer(kPointerHourglass);
+  avanzamento_.progress("Caricamento dei compensi", 0, 0);
   if (rsCompensi_.IsOpen()) rsCompensi_.Close();
   nonMemorizzate_.clear();
   aggiornamenti_.clear();
-  const std::string select = fnSelectCompensi(filtri, globali_.gSessione->IDAzienda(), utilita_);
-  globali_.gTabellaLavoro = fnNomeTabellaLavoro(globali_.gSessione->IDUtente());
-  const std::string& nome = globali_.gTabellaLavoro;
+  ambito_ = ambito;
+  tabella_ = fnNomeTabellaLavoro(ambito.idUtente);
+  const std::string select = fnSelectCompensi(filtri, ambito.idAzienda, utilita_);
   sullaTabella([&] {
     // These three go to the server as they stand.
-    interna().Execute(fnEliminaTabella(nome));
-    interna().Execute(fnCreaTabella(nome));
-    interna().Execute("INSERT INTO " + nome + " " + select);
-    rsCompensi_.Open(globali_.gSessione->database().connection(), utilita_.fnAnsi2jet(nome),
+    interna().Execute(fnEliminaTabella(tabella_));
+    interna().Execute(fnCreaTabella(tabella_));
+    interna().Execute("INSERT INTO " + tabella_ + " " + select);
+    rsCompensi_.Open(ambito_.database->connection(), utilita_.fnAnsi2jet(tabella_),
                      LockType::BatchOptimistic);
   });
-  griglia_.bind(&rsCompensi_);
+  if (vista_ != nullptr) vista_->caricati(rsCompensi_);
   mostraConteggio(contaInMemoria("Selezionato <> 0"));
-  frontEnd_.setPointer(kPointerDefault);
-}
-
-void Compensi::sbFormattaGriglia(int tipoComunicazione) {
-  const bool annullamento = tipoComunicazione == 2;
-  const bool sostituzione = tipoComunicazione == 3;
-  const DrawingPause pausa(griglia_);
-  griglia_.clearColumns();
-  griglia_.decimalMark = ',';
-  griglia_.thousandsMark = '.';
-  for (const ColonnaGriglia& colonna : kColonneGriglia) {
-    if (colonna.quando == Quando::AnnullamentoSostituzione && !annullamento && !sostituzione) continue;
-    if (colonna.quando == Quando::NonAnnullamento && annullamento) continue;
-    griglia_.addColumn({.field = std::string(colonna.campo),
-                        .caption = std::string(colonna.didascalia),
-                        .type = colonna.tipo,
-                        .width = colonna.larghezza,
-                        .alignment = colonna.allineamento,
-                        .visible = colonna.quando != Quando::Nascosta});
-  }
+  avanzamento_.setPointer(kPointerDefault);
 }
 
 void Compensi::sbSelezionaRiga(AzioneSelezione azione) {
@@ -84,19 +71,19 @@ void Compensi::sbSelezionaRiga(AzioneSelezione azione) {
   rsCompensi_.Attempt([&] {
     rsCompensi_.Set("Selezionato", Value::ofFlag(valore));
     rsCompensi_.Update();
-    eseguiSullaRiga("UPDATE " + globali_.gTabellaLavoro + " SET Selezionato = " +
+    eseguiSullaRiga("UPDATE " + tabella_ + " SET Selezionato = " +
                     utilita_.absolute(rsCompensi_.Get("Selezionato")) + fnChiaveRiga(rsCompensi_));
   });
 }
 
 void Compensi::sbSelezionaTutto(AzioneSelezione azione) {
   if (!rsCompensi_.IsOpen() || rsCompensi_.RecordCount() == 0) return;
-  frontEnd_.setPointer(kPointerHourglass);
+  avanzamento_.setPointer(kPointerHourglass);
   try {
-    const DrawingPause pausa(griglia_);
+    const Pausa pausa(vista_);
     const std::size_t righe = rsCompensi_.RecordCount();
     for (rsCompensi_.MoveFirst(); !rsCompensi_.Eof(); rsCompensi_.MoveNext()) {
-      frontEnd_.progress("Selezione dei compensi", rsCompensi_.AbsolutePosition(), righe);
+      avanzamento_.progress("Selezione dei compensi", rsCompensi_.AbsolutePosition(), righe);
       sbSelezionaRiga(azione);
     }
   } catch (...) {
@@ -105,22 +92,22 @@ void Compensi::sbSelezionaTutto(AzioneSelezione azione) {
   }
   sbContaSelezionati();
   rsCompensi_.MoveFirst();
-  griglia_.refresh();
-  frontEnd_.setPointer(kPointerDefault);
+  mostra();
+  avanzamento_.setPointer(kPointerDefault);
 }
 
 void Compensi::sbInvertiRighe(const std::vector<std::size_t>& posizioni) {
   const Recordset::RowMark corrente = rsCompensi_.Bookmark();
   const auto torna = [&] {
     rsCompensi_.SetBookmark(corrente);
-    frontEnd_.setPointer(kPointerDefault);
+    avanzamento_.setPointer(kPointerDefault);
   };
-  frontEnd_.setPointer(kPointerHourglass);
+  avanzamento_.setPointer(kPointerHourglass);
   try {
-    const DrawingPause pausa(griglia_);
+    const Pausa pausa(vista_);
     std::size_t fatte = 0;
     for (const std::size_t posizione : posizioni) {
-      frontEnd_.progress("Selezione dei compensi", ++fatte, posizioni.size());
+      avanzamento_.progress("Selezione dei compensi", ++fatte, posizioni.size());
       rsCompensi_.MoveTo(posizione);
       sbSelezionaRiga(AzioneSelezione::Inverti);
     }
@@ -134,8 +121,7 @@ void Compensi::sbInvertiRighe(const std::vector<std::size_t>& posizioni) {
 
 std::int64_t Compensi::conta(const std::string& testo) {
   Recordset conteggio;
-  sullaTabella(
-      [&] { conteggio.Open(globali_.gSessione->database().connection(), utilita_.fnAnsi2jet(testo)); });
+  sullaTabella([&] { conteggio.Open(ambito_.database->connection(), utilita_.fnAnsi2jet(testo)); });
   return conteggio.Eof() ? 0 : conteggio.Get(0).integer();
 }
 
@@ -148,17 +134,20 @@ std::int64_t Compensi::contaInMemoria(std::string_view filtro) const {
 void Compensi::mostraMemoria() {
   if (!rsCompensi_.IsOpen()) return;
   mostraConteggio(contaInMemoria("Selezionato <> 0"));
-  griglia_.refresh();
+  mostra();
+}
+
+void Compensi::mostra() {
+  if (vista_ != nullptr) vista_->cambiati();
 }
 
 void Compensi::mostraConteggio(std::int64_t righe) {
-  griglia_.setColumnCaption("Selezionato", "[ " + fromInteger(righe) + " ]");
+  if (vista_ != nullptr) vista_->contati(righe);
 }
 
 void Compensi::sbContaSelezionati() {
   try {
-    mostraConteggio(
-        conta("SELECT COUNT(Selezionato) FROM " + globali_.gTabellaLavoro + " WHERE Selezionato = 1"));
+    mostraConteggio(conta("SELECT COUNT(Selezionato) FROM " + tabella_ + " WHERE Selezionato = 1"));
   } catch (...) {
     mostraMemoria();
     throw;
@@ -166,17 +155,17 @@ void Compensi::sbContaSelezionati() {
 }
 
 bool Compensi::fnNessunaSelezione() {
-  return conta("SELECT COUNT(Selezionato) FROM " + globali_.gTabellaLavoro + " WHERE Selezionato = 1") == 0;
+  return conta("SELECT COUNT(Selezionato) FROM " + tabella_ + " WHERE Selezionato = 1") == 0;
 }
 
 bool Compensi::fnProtocolliMancanti() {
-  return conta("SELECT COUNT(Selezionato) FROM " + globali_.gTabellaLavoro +
+  return conta("SELECT COUNT(Selezionato) FROM " + tabella_ +
                " WHERE Selezionato = 1 AND (ISNULL(ProtocolloAnnSost, '') = ''  OR "
                "ISNULL(ProgressivoAnnSost, '') = '')") > 0;
 }
 
 void Compensi::sbAggiornaRiga() {
-  const std::string testo = fnAggiornaRiga(globali_.gTabellaLavoro, rsCompensi_, utilita_);
+  const std::string testo = fnAggiornaRiga(tabella_, rsCompensi_, utilita_);
   eseguiSullaRiga(testo);
   // A row that was stored and comes back from an editor as it was is stored still.
   const bool cambiata = std::exchange(aggiornamenti_[rsCompensi_.Bookmark()], testo) != testo;
@@ -184,13 +173,12 @@ void Compensi::sbAggiornaRiga() {
 }
 
 void Compensi::sbMemorizzaModifiche() {
-  frontEnd_.setPointer(kPointerHourglass);
-  frontEnd_.progress("Memorizzazione delle modifiche nei conti", 0, 0);
-  const std::int64_t conti =
-      sullaTabella([&] { return interna().Execute(fnAggiornaConti(globali_.gTabellaLavoro)); });
+  avanzamento_.setPointer(kPointerHourglass);
+  avanzamento_.progress("Memorizzazione delle modifiche nei conti", 0, 0);
+  const std::int64_t conti = sullaTabella([&] { return interna().Execute(fnAggiornaConti(tabella_)); });
   const std::int64_t dati =
-      sullaTabella([&] { return interna().Execute(fnAggiornaDatiAggiuntivi(globali_.gTabellaLavoro)); });
-  frontEnd_.setPointer(kPointerDefault);
+      sullaTabella([&] { return interna().Execute(fnAggiornaDatiAggiuntivi(tabella_)); });
+  avanzamento_.setPointer(kPointerDefault);
   if (!rsCompensi_.IsOpen()) return;
   const std::int64_t attese = contaInMemoria("Modificato <> 0 AND Selezionato <> 0");
   for (const std::int64_t righe : {conti, dati}) {
@@ -211,13 +199,13 @@ void Compensi::sbAggiornaProtocolli(const std::string& protocollo, const std::st
   const Recordset::RowMark segnalibro = suUnaRiga ? rsCompensi_.Bookmark() : 0;
   const auto torna = [&] {
     if (suUnaRiga) rsCompensi_.SetBookmark(segnalibro);
-    griglia_.refresh();
+    mostra();
   };
   try {
-    const DrawingPause pausa(griglia_);
+    const Pausa pausa(vista_);
     const std::size_t righe = rsCompensi_.RecordCount();
     for (rsCompensi_.MoveFirst(); !rsCompensi_.Eof(); rsCompensi_.MoveNext()) {
-      frontEnd_.progress("Aggiornamento dei riferimenti", rsCompensi_.AbsolutePosition(), righe);
+      avanzamento_.progress("Aggiornamento dei riferimenti", rsCompensi_.AbsolutePosition(), righe);
       if (!rsCompensi_.Get("Selezionato").flag()) continue;
       rsCompensi_.Attempt([&] { scriviProtocolli(protocollo, progressivo, sovrascrivi); });
     }
@@ -241,7 +229,7 @@ void Compensi::scriviProtocolli(const std::string& protocollo, const std::string
   riempi("ProgressivoAnnSost", progressivo);
   rsCompensi_.Update();
   const std::int64_t modificato = rsCompensi_.Get("Modificato").integer();
-  eseguiSullaRiga("UPDATE " + globali_.gTabellaLavoro +
+  eseguiSullaRiga("UPDATE " + tabella_ +
                   " SET ProtocolloAnnSost = " + utilita_.literal(rsCompensi_.Get("ProtocolloAnnSost")) +
                   ", ProgressivoAnnSost = " + utilita_.literal(rsCompensi_.Get("ProgressivoAnnSost")) +
                   ", Modificato = " + fromInteger(modificato < 0 ? -modificato : modificato) +

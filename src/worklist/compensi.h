@@ -7,31 +7,46 @@
 #include <string_view>
 #include <vector>
 
-#include "context/filtri.h"
-#include "context/globali.h"
 #include "data/recordset.h"
+#include "host/filtri.h"
+#include "host/session.h"
 
 namespace cu {
 
-class FrontEnd;
-class Grid;
-class UtilitaSuite;
+class Conversioni;
+class ProgressSink;
 
 enum class AzioneSelezione { Seleziona = 1, Deseleziona = 2, Inverti = 0 };
 
-// The compensation worklist: the user's work table, the recordset on it and what the grid shows of it.
+// Shows the worklist to a person. Every call reports what has happened; none changes the rows.
+class VistaCompensi {
+ public:
+  virtual ~VistaCompensi() = default;
+  virtual void caricati(Recordset& righe) = 0;  // the rows are new; they stay at this address
+  virtual void contati(std::int64_t selezionati) = 0;
+  virtual void cambiati() = 0;  // rows, or the current one
+  // Between the two, rows change that nobody has to see one by one.
+  virtual void sospendi() = 0;
+  virtual void riprendi() = 0;
+};
+
+// The compensation worklist: the user's work table and the recordset on it.
 // Database errors rise as they are, but for those that come of another session of the same user, which has a
 // table of the same name: they are kErrorRowGone.
 class Compensi {
  public:
-  Compensi(Globali& globali, UtilitaSuite& utilita, FrontEnd& frontEnd, Grid& griglia);
+  Compensi(const Conversioni& utilita, ProgressSink& avanzamento)
+      : utilita_(utilita), avanzamento_(avanzamento) {}
+  Compensi(const Compensi&) = delete;
+  Compensi& operator=(const Compensi&) = delete;
 
+  void setVista(VistaCompensi& vista) { vista_ = &vista; }  // outlives it
   Recordset& rsCompensi() { return rsCompensi_; }
+  const std::string& tabella() const { return tabella_; }  // of the last load; "" before the first one
 
-  // Drops, creates and fills the table, and leaves rsCompensi open on it, bound to the grid.
-  void sbCreaTabellaLavoro(const Filtri& filtri);
-  // Lays out the grid's columns for the kind of communication: 1 ordinary, 2 annulment, 3 replacement.
-  void sbFormattaGriglia(int tipoComunicazione);
+  // Drops, creates and fills the user's table, and leaves rsCompensi open on it. The database of the scope is
+  // the one that everything after it works on.
+  void sbCreaTabellaLavoro(const Ambito& ambito, const Filtri& filtri);
 
   // The current row; and all rows, which then stand on the first one.
   void sbSelezionaRiga(AzioneSelezione azione);
@@ -52,7 +67,8 @@ class Compensi {
   void sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo, bool sovrascrivi);
 
  private:
-  Connection& interna() { return globali_.gSessione->database().internalConnection(); }
+  class Pausa;
+  Connection& interna() { return ambito_.database->internalConnection(); }
   // Runs what names the work table: where another session has taken it away, the error says so.
   template <class Azione>
   auto sullaTabella(const Azione& azione);
@@ -60,14 +76,16 @@ class Compensi {
   void eseguiSullaRiga(const std::string& testo);
   std::int64_t conta(const std::string& testo);
   std::int64_t contaInMemoria(std::string_view filtro) const;
+  void mostra();
   void mostraMemoria();  // count and rows as the recordset has them
   void mostraConteggio(std::int64_t righe);
   void scriviProtocolli(const std::string& protocollo, const std::string& progressivo, bool sovrascrivi);
 
-  Globali& globali_;
-  UtilitaSuite& utilita_;
-  FrontEnd& frontEnd_;
-  Grid& griglia_;
+  const Conversioni& utilita_;
+  ProgressSink& avanzamento_;
+  VistaCompensi* vista_ = nullptr;
+  Ambito ambito_;
+  std::string tabella_;
   Recordset rsCompensi_;
   std::set<Recordset::RowMark> nonMemorizzate_;
   std::map<Recordset::RowMark, std::string> aggiornamenti_;  // the last statement of each row from an editor

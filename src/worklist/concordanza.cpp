@@ -3,7 +3,6 @@
 namespace cu {
 
 static_assert(concordaLavoro(modello::kModello, kColonneLavoro));
-static_assert(concordaGriglia(modello::kModello, kColonneLavoro, kColonneGriglia));
 static_assert(concordaLordo(kColonneLavoro));
 
 }  // namespace cu

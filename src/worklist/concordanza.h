@@ -7,11 +7,10 @@
 #include "modello/modello.h"
 #include "modello/regole.h"
 #include "worklist/colonne.h"
-#include "worklist/colonne_griglia.h"
 
 namespace cu {
 
-// Whether the work table and its grid agree with a form.
+// Whether the work table agrees with a form.
 
 constexpr bool concorda(Tipo tipo, modello::Genere genere) {
   switch (genere) {
@@ -46,33 +45,6 @@ constexpr bool concordaLavoro(const modello::Modello& modello, std::span<const C
     for (const std::string_view& altra : campo.altre) {
       if (somme && !altra.empty() && colonnaLavoro(colonne, altra) == nullptr) return false;
     }
-  }
-  return true;
-}
-
-constexpr int tipoGriglia(modello::Genere genere) {
-  switch (genere) {
-    case modello::Genere::Importo:
-      return kGridDouble;
-    case modello::Genere::Testo:
-      return kGridText;
-    case modello::Genere::Flag:
-      return kGridBoolean;
-    case modello::Genere::Elenco:
-    case modello::Genere::Numero:
-      break;
-  }
-  return kGridBigInteger;
-}
-
-// The grid shows columns of the work table, those of the form as what they are.
-constexpr bool concordaGriglia(const modello::Modello& modello, std::span<const ColonnaLavoro> lavoro,
-                               std::span<const ColonnaGriglia> griglia) {
-  for (const ColonnaGriglia& colonna : griglia) {
-    if (colonna.campo == kColonnaPopup) continue;
-    if (colonnaLavoro(lavoro, colonna.campo) == nullptr) return false;
-    const modello::Trovato trovato = trova(modello, colonna.campo);
-    if (trovato.campo != nullptr && tipoGriglia(trovato.colonna.genere) != colonna.tipo) return false;
   }
   return true;
 }

@@ -7,7 +7,7 @@
 
 #include "base/text.h"
 #include "data/recordset.h"
-#include "host/utility.h"
+#include "host/conversioni.h"
 
 namespace cu {
 
@@ -82,7 +82,7 @@ constexpr std::string_view kStessaRiga =
     " AND CI.Anno = CItmp.Anno AND CI.IDAzienda = CItmp.IDAzienda";
 constexpr std::string_view kCambiata = "CItmp.Modificato <> 0 AND CItmp.Selezionato <> 0";
 
-std::string valore(const ColonnaRiscritta& colonna, const Recordset& riga, const UtilitaSuite& utilita) {
+std::string valore(const ColonnaRiscritta& colonna, const Recordset& riga, const Conversioni& utilita) {
   const CellView campo = riga.Get(colonna.nome);
   switch (colonna.scrittura) {
     case Scrittura::Testo:
@@ -133,7 +133,7 @@ std::vector<std::string_view> datiAggiuntivi(const Modello& modello) {
   return colonne;
 }
 
-std::string fnAggiornaRiga(const std::string& tabella, const Recordset& riga, const UtilitaSuite& utilita) {
+std::string fnAggiornaRiga(const std::string& tabella, const Recordset& riga, const Conversioni& utilita) {
   static const std::vector<ColonnaRiscritta> kColonne = colonneRiscritte(modello::kModello);
   std::string testo = "UPDATE " + tabella + " SET ";
   std::string_view prima;

@@ -9,7 +9,7 @@
 namespace cu {
 
 class Recordset;
-class UtilitaSuite;
+class Conversioni;
 
 // How a column of the edited row goes into the statement.
 enum class Scrittura {
@@ -49,7 +49,7 @@ std::vector<std::string_view> datiAggiuntivi(const modello::Modello& modello);
 std::string fnChiaveRiga(const Recordset& riga);
 
 // The UPDATE that brings the current row of the recordset to the work table.
-std::string fnAggiornaRiga(const std::string& tabella, const Recordset& riga, const UtilitaSuite& utilita);
+std::string fnAggiornaRiga(const std::string& tabella, const Recordset& riga, const Conversioni& utilita);
 
 // The two statements that bring the changed and selected rows to the accounts.
 std::string fnAggiornaConti(const std::string& tabella);

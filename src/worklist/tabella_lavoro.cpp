@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "base/text.h"
-#include "host/utility.h"
+#include "host/conversioni.h"
 #include "worklist/colonne.h"
 
 namespace cu {
@@ -77,7 +77,7 @@ std::optional<std::string> fnAltraSessione(const DatabaseError& errore, const st
   return std::nullopt;
 }
 
-std::string fnSelectCompensi(const Filtri& filtri, std::int32_t idAzienda, const UtilitaSuite& utilita) {
+std::string fnSelectCompensi(const Filtri& filtri, std::int32_t idAzienda, const Conversioni& utilita) {
   std::string testo = "SELECT";
   std::string_view prima = " ";
   for (const ColonnaLavoro& colonna : kColonneLavoro) {

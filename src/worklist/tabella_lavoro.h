@@ -5,11 +5,11 @@
 #include <string>
 
 #include "base/error.h"
-#include "context/filtri.h"
+#include "host/filtri.h"
 
 namespace cu {
 
-class UtilitaSuite;
+class Conversioni;
 
 // The statements of the work table, each as it is sent.
 
@@ -25,6 +25,6 @@ std::string fnCorrezioniMancanti(std::int64_t righe, std::int64_t attese);
 std::optional<std::string> fnAltraSessione(const DatabaseError& errore, const std::string& nome);
 
 // The SELECT that fills it, with the filter of the first step.
-std::string fnSelectCompensi(const Filtri& filtri, std::int32_t idAzienda, const UtilitaSuite& utilita);
+std::string fnSelectCompensi(const Filtri& filtri, std::int32_t idAzienda, const Conversioni& utilita);
 
 }  // namespace cu

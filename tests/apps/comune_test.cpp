@@ -5,7 +5,6 @@
 
 #include "apps/comune/argomenti.h"
 #include "apps/comune/connessioni.h"
-#include "apps/comune/file_annotati.h"
 #include "apps/comune/riepilogo_file.h"
 #include "apps/comune/tavola.h"
 #include "base/error.h"
@@ -51,15 +50,6 @@ TEST(RiepilogoFile, AFileThatIsNotThereHasNothing) {
   const RiepilogoFile riepilogo = riepiloga("/manca");
   EXPECT_EQ(riepilogo.byte, 0U);
   EXPECT_TRUE(riepilogo.record.empty());
-}
-
-TEST(FileAnnotati, EachFileOpenedIsNoted) {
-  const test::TempFolder cartella;
-  FileSystemAnnotato files;
-  files.openForOutput(cartella / "a");
-  EXPECT_THROW(files.openForOutput(cartella / "manca/b"), FileError);
-  files.openForOutput(cartella / "c");
-  EXPECT_EQ(files.aperti(), (std::vector<std::string>{cartella / "a", cartella / "c"}));
 }
 
 // What is told of an odbc address.

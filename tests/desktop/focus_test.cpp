@@ -15,6 +15,7 @@
 #include "desktop/screen_support.h"
 #include "desktop/selector_view.h"
 #include "support/fake_connection.h"
+#include "worklist/elenchi.h"
 
 namespace cu::test {
 namespace {
@@ -96,14 +97,7 @@ TEST_F(SelectorFocus, ACodeIsLookedUpWhenTheDescriptionIsEntered) {
 TEST_F(SelectorFocus, ACodeCountsAsTypedWhereTheTableCannotBeRead) {
   FakeConnection broken;
   broken.refuseContaining("Codice = 'P003'");
-  form.KrnCDPerc0.bind(broken, {.table = "RepPercipienteCD",
-                                .codeField = "Codice",
-                                .descriptionField = "Anagrafica",
-                                .idField = "IDAnagrafica",
-                                .codeCaption = {},
-                                .descriptionCaption = {},
-                                .filter = {},
-                                .title = {}});
+  form.KrnCDPerc0.bind(broken, {elencoPercipienti(1), "", "", ""});
   clickInto(code(form.KrnCDPerc0));
   typeOn(QStringLiteral("P003"));
   QString told;

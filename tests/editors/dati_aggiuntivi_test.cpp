@@ -21,7 +21,7 @@ class AdditionalData : public testing::Test, public CampiProva {
     dialogo.IDCausalePagamento = 1;
     dialogo.Nome = "Mario";
     dialogo.dati = std::move(dati);
-    dialogo.setTipoComunicazione(tipo);
+    dialogo.setTipoComunicazione(static_cast<Comunicazione>(tipo));
     dialogo.sbFill();
   }
   static DatiAggiuntivi completi() {
@@ -113,7 +113,7 @@ TEST_F(AdditionalData, GivesThePickersTitleAndContextOfTheRun) {
 
 TEST_F(AdditionalData, AnOrdinaryCommunicationNeedsNoReferencesAndClosesTheirBoxes) {
   for (const int tipo : {1, 0, 4}) {
-    dialogo.setTipoComunicazione(tipo);
+    dialogo.setTipoComunicazione(static_cast<Comunicazione>(tipo));
     EXPECT_EQ(dialogo.riferimenti.fraRiferimenti.caption(), "Riferimenti per sost./ann.");
     for (const char* nome :
          {"fraRiferimenti", "txtProtocollo", "txtProgressivo", "lblProtocollo", "lblProgressivo"}) {
@@ -142,8 +142,8 @@ void aperto(FrmDatiAggiuntivi& dialogo) {
 }
 
 TEST_F(AdditionalData, AnAnnulmentShowsOnlyTheReferences) {
-  dialogo.setTipoComunicazione(1);
-  dialogo.setTipoComunicazione(2);
+  dialogo.setTipoComunicazione(static_cast<Comunicazione>(1));
+  dialogo.setTipoComunicazione(static_cast<Comunicazione>(2));
   EXPECT_EQ(dialogo.riferimenti.fraRiferimenti.caption(), "Riferimenti per annullamento");
   aperto(dialogo);
   EXPECT_FALSE(dialogo.fraMain.visible());
@@ -151,8 +151,8 @@ TEST_F(AdditionalData, AnAnnulmentShowsOnlyTheReferences) {
 }
 
 TEST_F(AdditionalData, AReplacementShowsAll) {
-  dialogo.setTipoComunicazione(2);
-  dialogo.setTipoComunicazione(3);
+  dialogo.setTipoComunicazione(static_cast<Comunicazione>(2));
+  dialogo.setTipoComunicazione(static_cast<Comunicazione>(3));
   EXPECT_EQ(dialogo.riferimenti.fraRiferimenti.caption(), "Riferimenti per sostituzione");
   aperto(dialogo);
   EXPECT_TRUE(dialogo.fraMain.visible());
@@ -160,7 +160,7 @@ TEST_F(AdditionalData, AReplacementShowsAll) {
 }
 
 TEST_F(AdditionalData, TheReferencesTakeDigitsAndTheFewOtherCodesOfTheFilter) {
-  dialogo.setTipoComunicazione(3);
+  dialogo.setTipoComunicazione(static_cast<Comunicazione>(3));
   for (TextBox* casella : {&protocollo(), &progressivo()}) {
     for (char32_t tasto = 1; tasto < 256; ++tasto) {
       const bool ammesso = (tasto >= 48 && tasto <= 57) || tasto == 8 || tasto == 9 || tasto == 12 ||

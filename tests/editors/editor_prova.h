@@ -49,7 +49,7 @@ class EditorProva {
     riga.Open(database.main, "tabella", LockType::BatchOptimistic);
     editor = fnCreaEditor(anno, {frontEnd, globali, utilita, settings});
     editor->setRecordset(riga);
-    editor->setTipoComunicazione(tipo);
+    editor->setTipoComunicazione(static_cast<Comunicazione>(tipo));
     database.main.sent.clear();
     return *editor;
   }

@@ -168,7 +168,7 @@ TEST_F(OldestLayout, TheLaterOnesAreNeverShrunk) {
 TEST_F(OldestLayout, TheOtherKindsShowAll) {
   for (const int tipo : {3, 1, 0}) {
     apri(2014, {}, 2);
-    editor->setTipoComunicazione(tipo);
+    editor->setTipoComunicazione(static_cast<Comunicazione>(tipo));
     riferimenti(tipo == 3 ? "Riferimenti per sostituzione" : "Riferimenti per sost./ann.", tipo == 3);
     EXPECT_TRUE(schede().tabs()[1].visible);
     EXPECT_TRUE(c<Frame>("fraMain").visible());

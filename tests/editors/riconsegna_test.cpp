@@ -224,7 +224,7 @@ TEST_F(ClosedEditor, EnterConfirmsAndEscapeGivesUp) {
 class NotRewritten : public HandBack {
  protected:
   std::string detto(std::int32_t tipo = 1) {
-    editor->setTipoComunicazione(tipo);
+    editor->setTipoComunicazione(static_cast<Comunicazione>(tipo));
     premi("cmdOk");
     EXPECT_TRUE(editor->OK());
     return frontEnd.facts.empty() ? "" : frontEnd.facts.back();

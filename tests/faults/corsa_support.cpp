@@ -8,7 +8,7 @@
 #include "archive/archivio.h"
 #include "archive/ricostruzione.h"
 #include "automation/gestures.h"
-#include "automation/walker.h"
+#include "faults/walker_support.h"
 #include "sqlite/sqlite_connection.h"
 #include "suite/catalogo_stampe.h"
 #include "suite/fabbrica.h"

@@ -21,10 +21,6 @@ class Schermo : public ScriptedFrontEnd {
     giornale_.calls.push_back("pointer " + fromInteger(pointer));
     ScriptedFrontEnd::setPointer(pointer);
   }
-  Answer messageBox(const MessageBox& box) override {
-    giornale_.calls.push_back("box " + box.text);
-    return ScriptedFrontEnd::messageBox(box);
-  }
 
  private:
   PrintJournal& giornale_;
@@ -35,9 +31,12 @@ class Launch : public ::testing::Test {
   void esegui(int tipo) {
     FakeReport report(giornale);
     FakePrinterDialog dialogo(giornale);
-    stampa::esegui(
-        {.frontEnd = schermo, .oReport = report, .dialogo = dialogo, .gTitolo = "Titolo", .tipoOggetto = 246},
-        tipo);
+    stampa::esegui({.avanzamento = schermo,
+                    .oReport = report,
+                    .dialogo = dialogo,
+                    .tipoOggetto = 246,
+                    .guasto = [this](const std::string& testo) { giornale.calls.push_back("box " + testo); }},
+                   static_cast<Uscita>(tipo));
     chiamate = giornale.calls;
   }
   void fallisce(const std::string& chiamata, int numero = 57) {

@@ -10,7 +10,7 @@
 #include "base/text.h"
 #include "controls/form.h"
 #include "controls/frontend.h"
-#include "host/utility.h"
+#include "controls/utility.h"
 
 namespace cu::test {
 

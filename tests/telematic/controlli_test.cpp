@@ -9,7 +9,6 @@
 
 #include "base/error.h"
 #include "support/fake_connection.h"
-#include "support/fake_log_grid.h"
 #include "support/scripted_front_end.h"
 #include "support/simple_utility.h"
 
@@ -18,7 +17,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 using Riga = std::map<std::string, Value>;
 
@@ -101,20 +99,21 @@ class Checks : public testing::Test {
   void esegui() {
     connessione.answer(kAzienda, tavola(aziendaCompleta(false), aziende));
     connessione.answer(kPercipienti, tavola(percipienteCompleto(), percipienti));
-    controlli.sbPreparaLog();
     controlli.esegui(dati, 7, "tmpprequadrivio12");
   }
-  // Campo, Sezione, Denominazione, Codice fiscale, Message of each row.
+  // Campo, Sezione, Denominazione, Codice fiscale, Message of each datum that is missing.
   std::vector<std::vector<std::string>> righe() const {
     std::vector<std::vector<std::string>> trovate;
-    for (const auto& riga : registro.rows) {
-      std::vector<std::string> testi;
-      for (const char* colonna : {"Campo", "Sezione", "Denominazione", "Codice fiscale", "Message"}) {
-        testi.push_back(riga.at(colonna).view().toText());
-      }
-      trovate.push_back(std::move(testi));
+    for (const DatoMancante& dato : controlli.mancanti()) {
+      trovate.push_back({dato.campo, dato.sezione, dato.denominazione, dato.codiceFiscale, dato.messaggio});
     }
     return trovate;
+  }
+
+  std::vector<std::string> colonna(std::size_t quale) const {
+    std::vector<std::string> testi;
+    for (const auto& riga : righe()) testi.push_back(riga.at(quale));
+    return testi;
   }
 
   DatiControllo dati{.dataFirma = "05/03/2017",
@@ -126,9 +125,7 @@ class Checks : public testing::Test {
   FakeConnection connessione;
   ScriptedFrontEnd frontEnd;
   SimpleUtility utilita{frontEnd};
-  NotedLog registro;
-  FakeLogGrid log{registro};
-  Controlli controlli{connessione, utilita, log};
+  Controlli controlli{connessione, utilita};
 };
 
 TEST_F(Checks, QueriesAreSentWordForWord) {
@@ -146,25 +143,9 @@ TEST_F(Checks, ReadCompanyThenPayeesEachAdaptedBefore) {
 
 TEST_F(Checks, CompleteDataWriteNoRow) {
   esegui();
-  EXPECT_THAT(registro.rows, IsEmpty());
+  EXPECT_THAT(righe(), IsEmpty());
   EXPECT_FALSE(controlli.bErrori());
   EXPECT_EQ(controlli.sCodFisc(), "01234567890");
-}
-
-TEST_F(Checks, TheLogHasFourColumnsOfItsOwnInOrder) {
-  esegui();
-  EXPECT_THAT(
-      registro.columns,
-      ElementsAre(NotedLog::Column{"Campo", 1, 35}, NotedLog::Column{"Sezione", 1, 20},
-                  NotedLog::Column{"Denominazione", 1, 35}, NotedLog::Column{"Codice fiscale", 1, 30}));
-}
-
-TEST_F(Checks, ARowIsAMessageOfTypeTwo) {
-  dati.dataFirma.clear();
-  esegui();
-  ASSERT_THAT(registro.rows, SizeIs(1));
-  EXPECT_THAT(registro.rows[0], SizeIs(6));
-  EXPECT_EQ(registro.rows[0].at("MessageType"), Value::ofInteger(2));
 }
 
 enum class Dove { Firma, Codice, Impegno, Azienda, AziendaPersona, Percipiente };
@@ -283,7 +264,7 @@ TEST_F(Checks, GoOnSoThatEverythingMissingIsTold) {
   for (const Controllo& controllo : kControlli) {
     if (controllo.numero != 7) messaggi.emplace_back(controllo.messaggio);
   }
-  EXPECT_EQ(registro.column("Message"), messaggi);
+  EXPECT_EQ(colonna(4), messaggi);
 }
 
 TEST_F(Checks, WithoutAnIntermediaryItsDataAreNotAskedFor) {
@@ -310,7 +291,7 @@ TEST_F(Checks, ACompanyWithANullMarkIsNoNaturalPerson) {
   aziende[0]["PersonaFisicaAz"] = null();
   aziende[0]["NomeRapp"] = null();
   esegui();
-  EXPECT_THAT(registro.column("Campo"), ElementsAre("Nome rappresentante"));
+  EXPECT_THAT(colonna(0), ElementsAre("Nome rappresentante"));
 }
 
 TEST_F(Checks, ACompanyThatIsNotFoundWritesNoRowAndHasNoCode) {
@@ -340,7 +321,6 @@ TEST_F(Checks, APayeeThatIsNoNaturalPersonIsTestedByItsCodeItsNameAndItsCountryO
   }
   for (const Value& marca : {whole(0), null()}) {
     percipienti[0]["PersonaFisica"] = marca;
-    registro.rows.clear();
     esegui();
     EXPECT_THAT(righe(), IsEmpty());
   }
@@ -348,14 +328,14 @@ TEST_F(Checks, APayeeThatIsNoNaturalPersonIsTestedByItsCodeItsNameAndItsCountryO
   percipienti[0]["Anagrafica"] = null();
   percipienti[0]["NonResidente"] = whole(1);
   esegui();
-  EXPECT_THAT(registro.column("Campo"), ElementsAre("Codice fiscale", "Cognome", "Codice nazione residenza"));
+  EXPECT_THAT(colonna(0), ElementsAre("Codice fiscale", "Cognome", "Codice nazione residenza"));
 }
 
 TEST_F(Checks, APayeeWhoIsNotResidentIsNotExcusedFromTheOthers) {
   percipienti[0]["NonResidente"] = whole(1);
   percipienti[0]["Sesso"] = null();
   esegui();
-  EXPECT_THAT(registro.column("Campo"), ElementsAre("Sesso", "Codice nazione residenza"));
+  EXPECT_THAT(colonna(0), ElementsAre("Sesso", "Codice nazione residenza"));
 }
 
 TEST_F(Checks, AResidentOrOneWithANullMarkNeedsNoCountry) {
@@ -378,8 +358,8 @@ TEST_P(Birthplace, IsAMunicipalityForThoseBornInItaly) {
   percipienti[0]["NazioneNascita"] = GetParam().nazione;
   percipienti[0]["ComuneNascita"] = null();
   esegui();
-  EXPECT_EQ(registro.column("Campo"), GetParam().manca ? std::vector<std::string>{"Comune/Nazione di nascita"}
-                                                       : std::vector<std::string>{});
+  EXPECT_EQ(colonna(0), GetParam().manca ? std::vector<std::string>{"Comune/Nazione di nascita"}
+                                         : std::vector<std::string>{});
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -396,7 +376,7 @@ TEST_F(Checks, ThreeMissingDataOfAPayeeGiveThreeRows) {
   percipienti[0]["Sesso"] = text("");
   percipienti[0]["DataNascita"] = null();
   esegui();
-  EXPECT_THAT(registro.column("Campo"), ElementsAre("Nome", "Sesso", "Data di nascita"));
+  EXPECT_THAT(colonna(0), ElementsAre("Nome", "Sesso", "Data di nascita"));
 }
 
 TEST_F(Checks, PayeesAreTestedOneAfterTheOther) {
@@ -406,8 +386,8 @@ TEST_F(Checks, PayeesAreTestedOneAfterTheOther) {
   percipienti[1]["CodiceFiscale"] = null();
   percipienti[1]["DataNascita"] = null();
   esegui();
-  EXPECT_THAT(registro.column("Denominazione"), ElementsAre("Rossi Mario", "Verdi Ugo", "Verdi Ugo"));
-  EXPECT_THAT(registro.column("Codice fiscale"), ElementsAre("RSSMRA70A01H501U", "", ""));
+  EXPECT_THAT(colonna(2), ElementsAre("Rossi Mario", "Verdi Ugo", "Verdi Ugo"));
+  EXPECT_THAT(colonna(3), ElementsAre("RSSMRA70A01H501U", "", ""));
 }
 
 TEST_F(Checks, NoCodeIsTestedForItsForm) {

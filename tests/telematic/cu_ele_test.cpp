@@ -115,7 +115,7 @@ class CUEleTest : public testing::Test {
     database().answer(queryModuli(2016, anagrafica, 1, causale), test::rispostaModuli(contenuti));
   }
   bool crea(std::int32_t tipo = 1) {
-    dati_.TipoComunicazione = tipo;
+    dati_.TipoComunicazione = static_cast<Comunicazione>(tipo);
     ele_.setDati(dati_);
     return ele_.Create(kFirma);
   }
@@ -174,16 +174,14 @@ TEST_F(CUEleTest, WithoutRowsNoFileIsTouchedAndTheRunWentThrough) {
   EXPECT_TRUE(crea());
   EXPECT_TRUE(prova_.files.opened.empty());
   EXPECT_EQ(prova_.files.files.at(kFile), "vecchio");
-  EXPECT_TRUE(prova_.frontEnd.boxes.empty());
+  EXPECT_EQ(ele_.rifiuto(), "");
 }
 
 TEST_F(CUEleTest, AFolderThatNoLongerExistsIsToldAndNothingIsWritten) {
   prova_.files.folders.clear();
   righe({certificato(7, 3, "Bianchi", "A")});
   EXPECT_FALSE(crea());
-  ASSERT_EQ(prova_.frontEnd.boxes.size(), 1U);
-  EXPECT_EQ(prova_.frontEnd.boxes[0].text,
-            "Attenzione! Il percorso per il salvataggio dei files è inesistente!");
+  EXPECT_EQ(ele_.rifiuto(), "Attenzione! Il percorso per il salvataggio dei files è inesistente!");
   EXPECT_TRUE(prova_.files.files.empty());
   EXPECT_EQ(database().sent.size(), 1U);
   EXPECT_EQ(database().readDepth, 0);
@@ -194,7 +192,7 @@ TEST_F(CUEleTest, AnExistingFileIsReplacedWithoutAQuestion) {
   righe({certificato(7, 3, "Bianchi", "A")});
   EXPECT_TRUE(crea());
   EXPECT_EQ(letto().types(), "ABDHZ");
-  EXPECT_TRUE(prova_.frontEnd.boxes.empty());
+  EXPECT_EQ(ele_.rifiuto(), "");
 }
 
 TEST_F(CUEleTest, TwoReasonsOfOnePayeeAreTwoCertificates) {

@@ -67,7 +67,7 @@ TEST(RecordZ, CountsOneBAndWhatWasWritten) {
   file.legaQueryPrincipale(righe.colonne());
   EXPECT_EQ(file.NumRecD(), 0);
   EXPECT_EQ(file.NumRecH(), 0);
-  for (int n = 1; n <= 3; ++n) file.WriteRecordTipoD(righe[0], n, "x", 1, Date());
+  for (int n = 1; n <= 3; ++n) file.WriteRecordTipoD(righe[0], n, "x", Comunicazione::Ordinaria, Date());
   for (int n = 1; n <= 2; ++n) file.WriteRecordTipoH(righe[0], n, 1, "x", nullptr);
   EXPECT_EQ(file.NumRecD(), 3);
   EXPECT_EQ(file.NumRecH(), 2);
@@ -96,17 +96,12 @@ TEST(RecordZ, AFileWithoutHHasZerosThere) {
   EXPECT_EQ(letto.line('Z').at(52, 9), "000000000");
 }
 
-TEST(CUFileSeqOpenFile, AMissingFolderIsToldOnceAndYieldsFalse) {
+TEST(CUFileSeqOpenFile, AMissingFolderYieldsFalseAndSaysWhy) {
   Prova prova(2016);
   CUFileSeq file(prova.ambiente());
   file.setFilePathName("/manca/prova.cur");
   EXPECT_FALSE(file.OpenFile());
-  ASSERT_EQ(prova.frontEnd.boxes.size(), 1U);
-  const MessageBox& box = prova.frontEnd.boxes[0];
-  EXPECT_EQ(box.text, "Attenzione! Il percorso per il salvataggio dei files è inesistente!");
-  EXPECT_EQ(box.title, "Quadrivio");
-  EXPECT_EQ(box.icon, BoxIcon::Stop);
-  EXPECT_EQ(box.buttons, BoxButtons::Ok);
+  EXPECT_EQ(file.rifiuto(), "Attenzione! Il percorso per il salvataggio dei files è inesistente!");
   EXPECT_TRUE(prova.files.files.empty());
 }
 
@@ -117,7 +112,7 @@ TEST(CUFileSeqOpenFile, AnUnwritableTargetYieldsFalseWithoutAWord) {
     CUFileSeq file(prova.ambiente());
     file.setFilePathName("/prova.cur");
     EXPECT_FALSE(file.OpenFile()) << numero;
-    EXPECT_TRUE(prova.frontEnd.boxes.empty()) << numero;
+    EXPECT_EQ(file.rifiuto(), "") << numero;
   }
 }
 
@@ -127,7 +122,7 @@ TEST(CUFileSeqOpenFile, AFileAlreadyOpenYieldsFalseWithoutAWord) {
   file.setFilePathName("/prova.cur");
   EXPECT_TRUE(file.OpenFile());
   EXPECT_FALSE(file.OpenFile());
-  EXPECT_TRUE(prova.frontEnd.boxes.empty());
+  EXPECT_EQ(file.rifiuto(), "");
 }
 
 TEST(CUFileSeq, NamesGoThroughToTheFile) {
@@ -176,7 +171,7 @@ TEST(CUFileSeq, ReopeningTheSameObjectEmptiesTheFileAndKeepsTheCounters) {
   file.setFilePathName("/prova.cur");
   ASSERT_TRUE(file.OpenFile());
   file.legaQueryPrincipale(righe.colonne());
-  file.WriteRecordTipoD(righe[0], 1, "x", 1, Date());
+  file.WriteRecordTipoD(righe[0], 1, "x", Comunicazione::Ordinaria, Date());
   file.CloseFile();
   ASSERT_TRUE(file.OpenFile());
   EXPECT_EQ(prova.files.files.at("/prova.cur"), "");
@@ -189,7 +184,7 @@ TEST(CUFileSeq, ACertificateNeedsToKnowItsColumns) {
   CUFileSeq file(prova.ambiente());
   file.setFilePathName("/prova.cur");
   ASSERT_TRUE(file.OpenFile());
-  EXPECT_THROW(file.WriteRecordTipoD(righe[0], 1, "x", 1, Date()), Error);
+  EXPECT_THROW(file.WriteRecordTipoD(righe[0], 1, "x", Comunicazione::Ordinaria, Date()), Error);
   EXPECT_THROW(file.WriteRecordTipoH(righe[0], 1, 1, "x", nullptr), Error);
   file.legaQueryPrincipale(righe.colonne());
   EXPECT_THROW(file.WriteRecordTipoH(righe[0], 1, 2, "x", righe[0]), Error);
@@ -208,7 +203,7 @@ TEST(CUFileSeq, TheFrontispieceNeedsToKnowItsColumns) {
   ASSERT_TRUE(file.OpenFile());
   const auto numero = [&] {
     try {
-      file.WriteRecordTipoB(righe[0], 1, "x", 1, "", false, "", Date());
+      file.WriteRecordTipoB(righe[0], 1, "x", Comunicazione::Ordinaria, "", false, "", Date());
     } catch (const Error& error) {
       return error.number();
     }

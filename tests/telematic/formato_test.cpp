@@ -38,7 +38,8 @@ TEST(Formato, TheWorkedExampleOfTheDocument) {
   file.setFilePathName("/esempio.cur");
   ASSERT_TRUE(file.OpenFile());
   file.legaQueryPrincipale(righe.colonne());
-  file.WriteRecordTipoD(righe[0], 1, "01234567890", 1, Date::fromYmd(2017, 2, 28).value());
+  file.WriteRecordTipoD(righe[0], 1, "01234567890", Comunicazione::Ordinaria,
+                        Date::fromYmd(2017, 2, 28).value());
   file.WriteRecordTipoH(righe[0], 1, 1, "01234567890", nullptr);
   file.CloseFile();
 

@@ -8,7 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include "context/globali.h"
 #include "support/fake_session.h"
 #include "support/fixed_clock.h"
 #include "support/memory_file_system.h"
@@ -145,23 +144,24 @@ class Righe {
 
 // The surroundings of a run.
 struct Prova {
-  explicit Prova(int anno) {
-    globali.gAnno = anno;
-    globali.gTitolo = "Quadrivio";
-    globali.gTabellaLavoro = "tmpprequadrivio12";
-    globali.gSessione = std::make_unique<FakeSession>(database);
-    globali.gTesti = std::make_unique<FakeTesti>();
-  }
+  explicit Prova(int annoCorsa) : anno(annoCorsa) {}
   AmbienteTelematico ambiente() {
-    return {.globali = globali, .utilita = utilita, .files = files, .frontEnd = frontEnd, .clock = clock};
+    return {.database = database,
+            .utilita = utilita,
+            .files = files,
+            .avanzamento = frontEnd,
+            .visore = frontEnd,
+            .clock = clock,
+            .tabella = "tmpprequadrivio12",
+            .anno = anno};
   }
 
+  std::int32_t anno;
   MemoryFileSystem files;
   ScriptedFrontEnd frontEnd;
   SimpleUtility utilita{frontEnd};
   FixedClock clock{2017, 3, 5};
   FakeDatabase database;
-  Globali globali;
 };
 
 }  // namespace cu::test

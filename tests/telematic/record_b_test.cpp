@@ -49,8 +49,8 @@ std::string scrivi(int anno, const Contenuti& riga, const Chiamata& c = {}) {
   file.setFilePathName("/prova.cur");
   EXPECT_TRUE(file.OpenFile());
   file.legaQueryPrincipale(righe.colonne());
-  file.WriteRecordTipoB(righe[0], c.numero, c.codiceFiscale, c.tipo, c.intermediario, c.uso, c.impegno,
-                        c.data);
+  file.WriteRecordTipoB(righe[0], c.numero, c.codiceFiscale, static_cast<Comunicazione>(c.tipo),
+                        c.intermediario, c.uso, c.impegno, c.data);
   file.CloseFile();
   return prova.files.files.at("/prova.cur");
 }

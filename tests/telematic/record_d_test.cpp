@@ -31,7 +31,8 @@ std::string scrivi(int anno, const std::vector<Contenuti>& contenuti, int tipo =
   EXPECT_TRUE(file.OpenFile());
   file.legaQueryPrincipale(righe.colonne());
   for (std::size_t i = 0; i < righe.size(); ++i) {
-    file.WriteRecordTipoD(righe[i], static_cast<std::int32_t>(i + 1), "01234567890", tipo, firma);
+    file.WriteRecordTipoD(righe[i], static_cast<std::int32_t>(i + 1), "01234567890",
+                          static_cast<Comunicazione>(tipo), firma);
   }
   file.CloseFile();
   return prova.files.files.at("/prova.cur");
@@ -50,7 +51,7 @@ std::string errore(int anno, const Contenuti& riga) {
   file.legaQueryPrincipale(righe.colonne());
   std::string testo;
   try {
-    file.WriteRecordTipoD(righe[0], 1, "01234567890", 1, kFirma);
+    file.WriteRecordTipoD(righe[0], 1, "01234567890", Comunicazione::Ordinaria, kFirma);
   } catch (const Error& error) {
     EXPECT_EQ(error.number(), 5);
     testo = error.description();
@@ -58,7 +59,7 @@ std::string errore(int anno, const Contenuti& riga) {
   EXPECT_EQ(file.NumRecD(), testo.empty() ? 1 : 0);
   EXPECT_EQ(prova.files.files.at("/prova.cur").size(), testo.empty() ? 1900U : 0U);
   // What was half composed does not show in the next record.
-  file.WriteRecordTipoD(righe[1], 2, "01234567890", 1, kFirma);
+  file.WriteRecordTipoD(righe[1], 2, "01234567890", Comunicazione::Ordinaria, kFirma);
   const test::CurFile letto(prova.files.files.at("/prova.cur"));
   EXPECT_EQ(letto.lines().back().cells().size(), 2U);
   return testo;
@@ -403,7 +404,7 @@ TEST(RecordDFrame, ACertificateBeyondFiveFiguresLosesItsLastOnes) {
   file.setFilePathName("/prova.cur");
   ASSERT_TRUE(file.OpenFile());
   file.legaQueryPrincipale(righe.colonne());
-  file.WriteRecordTipoD(righe[0], 123456, "x", 1, kFirma);
+  file.WriteRecordTipoD(righe[0], 123456, "x", Comunicazione::Ordinaria, kFirma);
   EXPECT_EQ(test::CurFile(prova.files.files.at("/prova.cur")).line('D').at(42, 5), "12345");
 }
 

@@ -34,18 +34,18 @@ class GridStep : public testing::Test, public WizardProva {
 };
 
 TEST_F(GridStep, SpaceTogglesTheCurrentRowAndCountsAnew) {
-  selezionate = 1;
+  conteggi.selected = 1;
   griglia().keyDown(kSpazio, 0);
   EXPECT_THAT(istruzioni(), ElementsAre(seleziona("0", 1)));
   EXPECT_EQ(didascalia(), "[ 1 ]");
-  selezionate = 2;
+  conteggi.selected = 2;
   griglia().keyDown(kSpazio, 0);
   EXPECT_THAT(istruzioni(), ElementsAre(seleziona("0", 1), seleziona("1", 1)));
   EXPECT_EQ(didascalia(), "[ 2 ]");
 }
 
 TEST_F(GridStep, SpaceTogglesEachHighlightedRowAndCountsOnce) {
-  selezionate = 7;
+  conteggi.selected = 7;
   griglia().selectRow(3);
   griglia().highlight({1, 2});
   griglia().keyDown(kSpazio, 0);
@@ -131,7 +131,7 @@ TEST_F(GridStep, TheTwoButtonsSelectAndDeselectEveryRow) {
 }
 
 TEST_F(GridStep, AfterDeselectingEverythingTheWayOnIsBarred) {
-  selezionate = 0;
+  conteggi.selected = 0;
   premi(form().cmdSelect[1]);
   EXPECT_EQ(didascalia(), "[ 0 ]");
   premi(form().cmdNav[3]);

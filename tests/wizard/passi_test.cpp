@@ -153,7 +153,7 @@ TEST_F(Steps, ALoadThatFailsIsToldAndLeavesTheFirstStep) {
 
 TEST_F(Steps, WithNoLineSelectedTheGridStops) {
   vaiAllaGriglia();
-  selezionate = 0;
+  conteggi.selected = 0;
   premi(form().cmdNav[3]);
   EXPECT_EQ(passo(), 1);
   rifiutato(kNessunaSelezione);
@@ -162,7 +162,7 @@ TEST_F(Steps, WithNoLineSelectedTheGridStops) {
 
 TEST_F(Steps, AnEmptyWorkTableStopsAtTheGrid) {
   righe({});
-  selezionate = 0;
+  conteggi.selected = 0;
   vaiAllaGriglia();
   EXPECT_EQ(form().grdCompensi.rowCount(), 0U);
   premi(form().cmdNav[3]);
@@ -176,7 +176,7 @@ TEST_P(ReferencesRequired, OfAnAnnulmentOrAReplacementAlone) {
   avviaCU();
   form().optTipoComunicazione.at(static_cast<std::size_t>(GetParam())).click();
   premi(form().cmdNav[3]);
-  senzaProtocollo = 1;
+  conteggi.withoutReferences = 1;
   premi(form().cmdNav[3]);
   if (GetParam() == 0) {
     EXPECT_EQ(passo(), 2);
@@ -188,7 +188,7 @@ TEST_P(ReferencesRequired, OfAnAnnulmentOrAReplacementAlone) {
   EXPECT_EQ(frontEnd.boxes[0].text, kProtocolliMancanti);
   EXPECT_EQ(frontEnd.boxes[0].title, "Quadrivio");
   EXPECT_THAT(frontEnd.missed, ElementsAre("cmdProtocollo"));
-  senzaProtocollo = 0;
+  conteggi.withoutReferences = 0;
   premi(form().cmdNav[3]);
   EXPECT_EQ(passo(), 2);
 }
@@ -199,8 +199,8 @@ TEST_F(Steps, SelectionIsCheckedBeforeTheReferences) {
   avviaCU();
   form().optTipoComunicazione[2].click();
   premi(form().cmdNav[3]);
-  selezionate = 0;
-  senzaProtocollo = 1;
+  conteggi.selected = 0;
+  conteggi.withoutReferences = 1;
   premi(form().cmdNav[3]);
   rifiutato(kNessunaSelezione);
 }

@@ -107,7 +107,7 @@ class StateTable : public testing::TestWithParam<std::tuple<Stato, Evento>>, pub
       case Evento::AvantiRifiutato:
         // Neither a year nor a selected line.
         form().KRNCboEsCont0.setIndex(-1);
-        selezionate = 0;
+        conteggi.selected = 0;
         premi(form().cmdNav[3]);
         break;
       case Evento::Avvia:

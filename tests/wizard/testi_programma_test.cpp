@@ -1,4 +1,4 @@
-#include "context/testi_programma.h"
+#include "host/testi_programma.h"
 
 #include <gtest/gtest.h>
 

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "support/company_answers.h"
 #include "support/editor_answers.h"
 #include "support/fake_factory.h"
 #include "support/fixed_clock.h"
@@ -30,7 +31,8 @@ class WizardProva {
                      {1264, "Comunicazioni"},
                      {1368, " Chiave "}};
     files.folders = {"/cu", "/documenti", "/documenti/Comunicazioni"};
-    rispondi();
+    answerEditors(database);
+    answerCompany(database, conteggi);
   }
 
   // Starts the process in a mode that the launcher hands over.
@@ -109,8 +111,7 @@ class WizardProva {
   MemorySettings settings;
   MemoryFileSystem files;
   FixedClock clock{2017, 3, 5};
-  int selezionate = 1;      // what the table counts
-  int senzaProtocollo = 0;  // of these
+  Counts conteggi;
 
   class Stampe : public ReportCatalogue {
    public:
@@ -130,44 +131,8 @@ class WizardProva {
                            .files = files,
                            .reports = stampe}};
 
- private:
-  void rispondi() {
-    answerEditors(database);
-    database.own.answerContaining(
-        "SELECT DISTINCT ContoIndividuale.Anno",
-        Table({"Anno"}, {{whole(2016)}, {whole(2015)}, {whole(2014)}, {whole(2013)}}));
-    database.main.answerContaining("DefaultFilialePerTipoOggetto",
-                                   Table({"IDDefaultFilialePerTipoOggetto"}, {}));
-    database.main.answerContaining("FROM Anagrafica", Table({"IDAnagrafica", "Nome"}, {}));
-    // The test whether anything would be printed.
-    database.main.answerContaining("FROM RepContoIndividuale", Table({"IDAzienda"}, {}));
-    database.main.answerContaining("FROM RepCompenso", Table({"IDAzienda"}, {}));
-    database.main.answerContaining("SELECT COUNT(Selezionato)", [this](std::string_view testo) {
-      const bool protocolli = testo.find("ISNULL") != std::string_view::npos;
-      return Table({"COUNT"}, {{whole(protocolli ? senzaProtocollo : selezionate)}});
-    });
-    righe({workRow(1, 1), workRow(2, 1)});
-    database.internal.answerContaining("AS CodFisc", azienda());
-    database.internal.answerContaining("SELECT DISTINCT Anag.Sesso", percipiente());
-    database.internal.answerContaining("ORDER BY Anag.Anagrafica", Table({"Anno"}, {}));
-    database.internal.answerContaining("FROM ConfigurazioneElencoCliFor", Table({"IDAzienda"}, {}));
-  }
-
- public:
-  static Table azienda() {
-    return Table({"CodFisc", "AnagAz", "PersonaFisicaAz", "NomeAz", "ComuneAz", "SiglaProvinciaAz",
-                  "AnagraficaRapp", "NomeRapp", "CodiceFiscaleRapp", "CodiceCarica"},
-                 {{text("01234567890"), text("Quadrivio SRL"), whole(0), null(), text("Roma"), text("RM"),
-                   text("Bianchi"), text("Ada"), text("BNCDAA70A41H501X"), text("1")}});
-  }
-  static Table percipiente() {
-    return Table({"Sesso", "DataNascita", "NonResidente", "Indirizzo", "PersonaFisica", "Anagrafica", "Nome",
-                  "AnagPercipiente", "CodiceFiscale", "ComuneNascita", "ComuneRes", "NazioneNascita",
-                  "CodiceIdentificazioneFiscaleEstero", "PrefissoInternazionaleRes"},
-                 {{text("M"), day(1970, 1, 1), whole(0), text("Via Roma 1"), whole(1), text("Rossi"),
-                   text("Mario"), text("Rossi Mario"), text("RSSMRA70A01H501U"), text("Roma"), text("Roma"),
-                   text("Italia"), null(), null()}});
-  }
+  static Table azienda() { return completeCompany(); }
+  static Table percipiente() { return completePayee(); }
 };
 
 }  // namespace cu::test

@@ -30,14 +30,14 @@ TEST_F(Load, DropsCreatesAndFillsTheTableAndThenReadsIt) {
     ordine.emplace_back("legge");
     return workTable({});
   });
-  compensi.sbCreaTabellaLavoro(filtri);
+  caricaAnno(filtri);
   EXPECT_THAT(ordine, ElementsAre("elimina", "crea", "riempie", "legge"));
 }
 
 TEST_F(Load, TheThreeStatementsGoToTheServerAsTheyStandAndOnlyTheTablesNameIsAdapted) {
   database.main.answer("[tmpprequadrivio12]", workTable({}));
   utilita.adapt = [](const std::string& testo) { return "[" + testo + "]"; };
-  compensi.sbCreaTabellaLavoro(filtri);
+  caricaAnno(filtri);
   EXPECT_THAT(istruzioni(),
               ElementsAre(fnEliminaTabella("tmpprequadrivio12"), fnCreaTabella("tmpprequadrivio12"),
                           "INSERT INTO tmpprequadrivio12 " + fnSelectCompensi(filtri, 1, utilita)));
@@ -46,9 +46,9 @@ TEST_F(Load, TheThreeStatementsGoToTheServerAsTheyStandAndOnlyTheTablesNameIsAda
 }
 
 TEST_F(Load, NamesTheTableInTheRunContext) {
-  EXPECT_EQ(globali.gTabellaLavoro, "");
+  EXPECT_EQ(compensi.tabella(), "");
   carica({});
-  EXPECT_EQ(globali.gTabellaLavoro, "tmpprequadrivio12");
+  EXPECT_EQ(compensi.tabella(), "tmpprequadrivio12");
 }
 
 TEST_F(Load, RunsUnderTheHourglass) {
@@ -58,7 +58,7 @@ TEST_F(Load, RunsUnderTheHourglass) {
     return Table();
   });
   database.main.answer("tmpprequadrivio12", workTable({}));
-  compensi.sbCreaTabellaLavoro(filtri);
+  caricaAnno(filtri);
   EXPECT_EQ(durante, 11);
   EXPECT_THAT(frontEnd.pointers, ElementsAre(11, 0));
 }
@@ -71,11 +71,11 @@ TEST_F(Load, BindsTheRowsToTheGrid) {
 }
 
 TEST_F(Load, CountsTheSelectedRowsWithoutAskingTheDatabase) {
-  compensi.sbFormattaGriglia(1);
+  vista.sbFormattaGriglia(static_cast<Comunicazione>(1));
   EXPECT_EQ(didascaliaConteggio(), "[ 0 ]");
   database.main.answer("tmpprequadrivio12",
                        workTable({workRow(1, 1), workRow(2, 1, {{"Selezionato", whole(0)}}), workRow(3, 1)}));
-  compensi.sbCreaTabellaLavoro(filtri);
+  caricaAnno(filtri);
   EXPECT_EQ(didascaliaConteggio(), "[ 2 ]");
   EXPECT_THAT(database.main.texts(), ElementsAre("tmpprequadrivio12"));
   EXPECT_EQ(compensi.rsCompensi().Filter(), "");
@@ -83,7 +83,7 @@ TEST_F(Load, CountsTheSelectedRowsWithoutAskingTheDatabase) {
 }
 
 TEST_F(Load, AFilterThatMatchesNoRowGivesAnEmptyGrid) {
-  compensi.sbFormattaGriglia(1);
+  vista.sbFormattaGriglia(static_cast<Comunicazione>(1));
   carica({});
   EXPECT_EQ(finestra.griglia.rowCount(), 0U);
   EXPECT_EQ(finestra.griglia.row(), 0U);
@@ -112,7 +112,7 @@ TEST_F(Load, TheRowsCanBeChangedInMemory) {
 TEST_F(Load, ARefusedStatementRisesAndTheHourglassStays) {
   database.internal.refuseContaining("INSERT INTO", DatabaseErrorKind::Constraint, "Riga duplicata.");
   try {
-    compensi.sbCreaTabellaLavoro(filtri);
+    caricaAnno(filtri);
     FAIL() << "the error did not rise";
   } catch (const DatabaseError& errore) {
     EXPECT_EQ(errore.kind(), DatabaseErrorKind::Constraint);
@@ -133,7 +133,7 @@ TEST_P(Contended, LoadIsToldInWords) {
   database.main.answer("tmpprequadrivio12", workTable({}));
   database.internal.refuseContaining(piece, kind, said);
   database.main.refuseContaining(piece, kind, said);
-  const std::string testo = erroreDi([&] { compensi.sbCreaTabellaLavoro(filtriDi("2016")); });
+  const std::string testo = erroreDi([&] { caricaAnno(filtriDi("2016")); });
   EXPECT_THAT(testo, testing::HasSubstr("un'altra sessione dello stesso utente"));
   EXPECT_THAT(testo, testing::Not(testing::HasSubstr("(")));
   EXPECT_FALSE(compensi.rsCompensi().IsOpen());
@@ -149,16 +149,16 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(Load, AnotherTableThatIsMissingIsToldAsTheDatabaseTellsIt) {
   database.internal.refuseContaining("INSERT INTO", DatabaseErrorKind::Missing, "manca RepContoIndividuale");
-  EXPECT_THROW(compensi.sbCreaTabellaLavoro(filtri), DatabaseError);
+  EXPECT_THROW(caricaAnno(filtri), DatabaseError);
   database.internal.refuseContaining("INSERT INTO", DatabaseErrorKind::Constraint,
                                      "tmpprequadrivio12.Codice nullo");
-  EXPECT_THROW(compensi.sbCreaTabellaLavoro(filtri), DatabaseError);
+  EXPECT_THROW(caricaAnno(filtri), DatabaseError);
 }
 
 TEST_F(Load, AfterARefusedOneTheNextOneStartsAfresh) {
   carica({workRow(1, 1)});
   database.internal.refuseContaining("INSERT INTO");
-  EXPECT_THROW(compensi.sbCreaTabellaLavoro(filtri), DatabaseError);
+  EXPECT_THROW(caricaAnno(filtri), DatabaseError);
   EXPECT_EQ(finestra.griglia.rowCount(), 0U);
   database.internal.answerContaining("INSERT INTO", Table());
   carica({workRow(1, 1), workRow(2, 1)});

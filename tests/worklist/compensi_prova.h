@@ -7,13 +7,13 @@
 #include <vector>
 
 #include "base/error.h"
-#include "context/globali.h"
 #include "controls/form.h"
 #include "controls/grid.h"
 #include "support/fake_session.h"
 #include "support/scripted_front_end.h"
 #include "support/simple_utility.h"
 #include "support/work_table.h"
+#include "wizard/griglia_compensi.h"
 #include "worklist/compensi.h"
 
 namespace cu::test {
@@ -34,19 +34,20 @@ struct CompensiProva {
   };
 
   CompensiProva() {
-    globali.gSessione = std::make_unique<FakeSession>(database);
+    compensi.setVista(vista);
     contate("SELECT COUNT(Selezionato) FROM tmpprequadrivio12 WHERE Selezionato = 1", 0);
   }
 
   // Rows of the work table as the next load finds them, and that load.
   void carica(const std::vector<WorkRow>& righe) {
     database.main.answer("tmpprequadrivio12", workTable(righe));
-    compensi.sbCreaTabellaLavoro(filtriDi("2016"));
+    caricaAnno(filtriDi("2016"));
     database.main.sent.clear();
     database.internal.sent.clear();
     utilita.adapted.clear();
     frontEnd.pointers.clear();
   }
+  void caricaAnno(const Filtri& filtri) { compensi.sbCreaTabellaLavoro(ambitoDi(sessione), filtri); }
   void contate(const std::string& testo, std::int64_t righe) {
     database.main.answer(testo, Table({"COUNT"}, {{whole(righe)}}));
   }
@@ -70,9 +71,10 @@ struct CompensiProva {
   ScriptedFrontEnd frontEnd;
   SimpleUtility utilita{frontEnd};
   FakeDatabase database;
-  Globali globali;
+  FakeSession sessione{database};
   Finestra finestra{frontEnd};
-  Compensi compensi{globali, utilita, frontEnd, finestra.griglia};
+  GrigliaCompensi vista{finestra.griglia};
+  Compensi compensi{utilita, frontEnd};
 };
 
 // The key of a row of the year 2016 and the company 1, as every statement on one row ends.

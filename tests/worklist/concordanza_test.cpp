@@ -2,6 +2,8 @@
 
 #include "worklist/concordanza.h"
 
+#include "wizard/griglia_compensi.h"
+
 #include <gtest/gtest.h>
 
 #include <vector>

@@ -70,7 +70,7 @@ bool presente(Quando quando, int tipoComunicazione) {
 class ColumnsByKind : public testing::TestWithParam<int>, public CompensiProva {};
 
 TEST_P(ColumnsByKind, AreThoseOfTheKindInOrder) {
-  compensi.sbFormattaGriglia(GetParam());
+  vista.sbFormattaGriglia(static_cast<Comunicazione>(GetParam()));
   const auto& colonne = finestra.griglia.columns();
   std::size_t posto = 0;
   for (const ColonnaAttesa& attesa : kColonne) {
@@ -94,13 +94,13 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ColumnsByKind, testing::Values(1, 2, 3));
 class WorklistGrid : public testing::Test, public CompensiProva {};
 
 TEST_F(WorklistGrid, AnOrdinaryCommunicationShowsNoReferences) {
-  compensi.sbFormattaGriglia(1);
+  vista.sbFormattaGriglia(static_cast<Comunicazione>(1));
   EXPECT_EQ(finestra.griglia.columns().size(), 29U);
   EXPECT_EQ(finestra.griglia.column("ProtocolloAnnSost"), nullptr);
 }
 
 TEST_F(WorklistGrid, AnAnnulmentShowsOnlyWhoAndWhichReference) {
-  compensi.sbFormattaGriglia(2);
+  vista.sbFormattaGriglia(static_cast<Comunicazione>(2));
   std::vector<std::string> visibili;
   for (const GridColumn& colonna : finestra.griglia.columns()) {
     if (colonna.visible) visibili.push_back(colonna.field);
@@ -110,27 +110,24 @@ TEST_F(WorklistGrid, AnAnnulmentShowsOnlyWhoAndWhichReference) {
 }
 
 TEST_F(WorklistGrid, AReplacementShowsEverything) {
-  compensi.sbFormattaGriglia(3);
+  vista.sbFormattaGriglia(static_cast<Comunicazione>(3));
   EXPECT_EQ(finestra.griglia.columns().size(), 31U);
 }
 
 TEST_F(WorklistGrid, WithNoKindChosenNoReferencesAreShown) {
-  compensi.sbFormattaGriglia(0);
+  vista.sbFormattaGriglia(static_cast<Comunicazione>(0));
   EXPECT_EQ(finestra.griglia.column("ProtocolloAnnSost"), nullptr);
   EXPECT_NE(finestra.griglia.column("AmmontareLordo"), nullptr);
 }
 
 TEST_F(WorklistGrid, ALayoutReplacesTheOneBefore) {
-  compensi.sbFormattaGriglia(3);
-  compensi.sbFormattaGriglia(2);
+  vista.sbFormattaGriglia(static_cast<Comunicazione>(3));
+  vista.sbFormattaGriglia(static_cast<Comunicazione>(2));
   EXPECT_EQ(finestra.griglia.columns().size(), 8U);
 }
 
 TEST_F(WorklistGrid, AmountsHaveTwoPlacesACommaAndPointsWhateverTheCurrency) {
-  globali.gDecimaliValuta = 0;
-  globali.gSeparatoreDecimale = "x";
-  globali.gSeparatoreMigliaia = "y";
-  compensi.sbFormattaGriglia(1);
+  vista.sbFormattaGriglia(static_cast<Comunicazione>(1));
   const Grid& griglia = finestra.griglia;
   const GridColumn& importo = *finestra.griglia.column("AmmontareLordo");
   EXPECT_EQ(griglia.shown(importo, amount("1234567.891").view()), "1.234.567,89");
@@ -141,7 +138,7 @@ TEST_F(WorklistGrid, AmountsHaveTwoPlacesACommaAndPointsWhateverTheCurrency) {
 
 TEST_F(WorklistGrid, TheMenuColumnShowsTheSameValueInEveryRowAndNoOtherColumnIsPainted) {
   carica({workRow(1, 1), workRow(2, 1)});
-  compensi.sbFormattaGriglia(1);
+  vista.sbFormattaGriglia(static_cast<Comunicazione>(1));
   const Grid& griglia = finestra.griglia;
   const GridColumn& popup = *finestra.griglia.column("Popup");
   EXPECT_EQ(griglia.shown(popup, CellView()), "2");

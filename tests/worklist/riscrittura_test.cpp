@@ -296,7 +296,7 @@ TEST_F(RowUpdate, WritesTheRowAsItStandsInMemory) {
 TEST_F(RowUpdate, IsAdaptedBeforeItRuns) {
   utilita.adapt = [](const std::string& testo) { return testo + " --"; };
   database.main.answer("tmpprequadrivio12 --", workTable({workRow(31, 4)}));
-  compensi.sbCreaTabellaLavoro(filtriDi("2016"));
+  caricaAnno(filtriDi("2016"));
   compensi.sbAggiornaRiga();
   EXPECT_THAT(istruzioni().back(), testing::EndsWith(chiave(31, 4) + " --"));
 }

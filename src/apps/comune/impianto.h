@@ -1,44 +1,23 @@
 #pragma once
 
-#include <memory>
-#include <optional>
-
-#include "apps/comune/file_annotati.h"
-#include "reporting/pdf_reports.h"
-#include "suite/catalogo_stampe.h"
-#include "suite/fabbrica.h"
-#include "suite/impostazioni.h"
-#include "suite/orologio.h"
-#include "suite/profilo.h"
-#include "suite/utilita.h"
+#include "apps/comune/surroundings.h"
 #include "wizard/mod_main.h"
 
 namespace cu {
 
-// Everything that one run of the wizard needs, built for a profile and set before a front end. Profile and
-// front end outlive it. ErroreProfilo when the trace cannot be begun.
+// The wizard with everything that one run of it needs.
 class Impianto {
  public:
-  Impianto(const Profilo& profilo, FrontEnd& schermo);
-  Impianto(const Impianto&) = delete;
-  Impianto& operator=(const Impianto&) = delete;
+  Impianto(const Profilo& profilo, FrontEnd& schermo)
+      : intorno_(profilo, schermo),
+        programma_(Ambiente{schermo, intorno_.factory(), intorno_.utilita(), intorno_.settings(),
+                            intorno_.clock(), intorno_.files(), intorno_.stampe()}) {}
 
   ModMain& programma() { return programma_; }
-  // Paths of the files opened for output, in order; prints not among them.
-  const std::vector<std::string>& fileScritti() const { return files_.aperti(); }
-  bool avvioRifiutato() const { return fabbrica_.avvioRifiutato(); }
+  bool avvioRifiutato() const { return intorno_.avvioRifiutato(); }
 
  private:
-  PdfReports& impaginatore(FrontEnd& schermo);
-
-  std::unique_ptr<Clock> orologio_;
-  FileSystemAnnotato files_;
-  CatalogoStampe stampe_;
-  ImpostazioniToml impostazioni_;
-  UtilitaItaliana utilita_;
-  FileSystemPiattaforma fileStampe_;
-  std::optional<PdfReports> impaginatore_;  // from the first print on
-  FabbricaSuite fabbrica_;
+  Surroundings intorno_;
   ModMain programma_;
 };
 

@@ -4,7 +4,6 @@
 #include <cstddef>
 
 #include "base/error.h"
-#include "controls/frontend.h"
 #include "telematic/engine/record_image.h"
 
 namespace cu {
@@ -25,7 +24,7 @@ void FileSeq::CloseFile() {
 
 void FileSeq::ShowFile() {
   CloseFile();
-  frontEnd_.viewText(filePathName_);
+  visore_.viewText(filePathName_);
 }
 
 void FileSeq::CopyMemory(std::string& buffer, std::int32_t offset, std::string_view value,

@@ -10,7 +10,6 @@
 
 namespace cu {
 
-class FrontEnd;
 class RecordImage;
 
 // A file of fixed-width lines, written from the first to the last. Errors rise as they are, and the object
@@ -18,7 +17,7 @@ class RecordImage;
 // to a file that is not open, FileError for what the file system refuses.
 class FileSeq {
  public:
-  FileSeq(FileSystem& files, FrontEnd& frontEnd) : files_(files), frontEnd_(frontEnd) {}
+  FileSeq(FileSystem& files, TextViewer& visore) : files_(files), visore_(visore) {}
   FileSeq(const FileSeq&) = delete;
   FileSeq& operator=(const FileSeq&) = delete;
 
@@ -51,7 +50,7 @@ class FileSeq {
   std::int16_t fileNumber_ = 0;
   bool isOpen_ = false;
   FileSystem& files_;
-  FrontEnd& frontEnd_;
+  TextViewer& visore_;
   std::unique_ptr<OutputFile> file_;
   std::string line_;
 };

@@ -1,8 +1,8 @@
-#include "automation/walker.h"
+#include "faults/walker_support.h"
 
 #include "controls/form.h"
 
-namespace cu {
+namespace cu::test {
 
 void Walker::showModal(Form& form) {
   const auto steps = steps_.find(form.name());
@@ -36,4 +36,4 @@ std::optional<std::string> Walker::chooseFileToSave(const std::string&, const st
   return savedFile;
 }
 
-}  // namespace cu
+}  // namespace cu::test

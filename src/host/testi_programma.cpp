@@ -1,4 +1,4 @@
-#include "context/testi_programma.h"
+#include "host/testi_programma.h"
 
 #include <array>
 #include <string_view>
@@ -78,5 +78,11 @@ std::string testoProgramma(std::int16_t numero) {
 std::int32_t fnModoContiIndividuali() { return modo(120); }
 std::int32_t fnModoCertificazione() { return modo(121); }
 std::int32_t fnModoCU() { return modo(123); }
+
+ModoCorsa modoCorsa(std::int32_t idFunzione) {
+  if (idFunzione == fnModoContiIndividuali()) return ModoCorsa::ContiIndividuali;
+  if (idFunzione == fnModoCertificazione()) return ModoCorsa::Certificazione;
+  return idFunzione == fnModoCU() ? ModoCorsa::CU : ModoCorsa::Altro;
+}
 
 }  // namespace cu

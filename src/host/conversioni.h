@@ -8,24 +8,10 @@
 
 namespace cu {
 
-class Form;
-
-enum class BoxIcon { None, Stop, Question, Warning, Information };
-
-// The suite's application-wide object: boxes, null-safe conversions, literals, folders.
-class UtilitaSuite {
+// What the suite's application-wide object computes: null-safe conversions, literals, folders.
+class Conversioni {
  public:
-  virtual ~UtilitaSuite() = default;
-
-  static constexpr int kYes = 6;
-  virtual int question(const std::string& text, const std::string& title) = 0;  // Yes and No; 6 for Yes
-  // What was refused: OK and the warning icon unless told otherwise.
-  virtual void message(const std::string& text, const std::string& title,
-                       BoxIcon icon = BoxIcon::Warning) = 0;
-  virtual void refusedStart(const std::string& text, const std::string& title) = 0;
-  // OK and Cancel, question icon, Cancel the default; 2 for Cancel.
-  static constexpr int kCancel = 2;
-  virtual int confirm(const std::string& text, const std::string& title) = 0;
+  virtual ~Conversioni() = default;
 
   // Null-safe conversions.
   virtual std::string toText(const CellView& value) const = 0;
@@ -47,8 +33,6 @@ class UtilitaSuite {
 
   virtual std::string defaultFolder() const = 0;    // for the CU file
   virtual std::string documentsFolder() const = 0;  // default documents folder
-  virtual void prepareForm(Form& form) = 0;         // the suite's common treatment of forms
-  virtual void releaseForm(Form& form) = 0;
 
   // Adapts a statement for the database before it is sent: text in, text out.
   virtual std::string fnAnsi2jet(std::string statement) const = 0;

@@ -8,7 +8,7 @@
 
 #include "controls/frontend.h"
 
-namespace cu {
+namespace cu::test {
 
 // Stands before the wizard by itself: boxes are answered by a rule, each modal form is done by the steps
 // given for its name, and everything that was told is kept.
@@ -58,4 +58,4 @@ class Walker : public FrontEnd {
   int pointer_ = kPointerDefault;
 };
 
-}  // namespace cu
+}  // namespace cu::test

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "host/modi.h"
+
 namespace cu {
 
 // The program's own numbered texts; "" for a number it does not carry.
@@ -12,5 +14,8 @@ std::string testoProgramma(std::int16_t numero);
 std::int32_t fnModoContiIndividuali();  // print of the individual accounts over a range of years
 std::int32_t fnModoCertificazione();    // free-form certificate of the compensations of one year
 std::int32_t fnModoCU();                // telematic file and ministerial forms
+
+// The mode of a number that the launcher names.
+ModoCorsa modoCorsa(std::int32_t idFunzione);
 
 }  // namespace cu

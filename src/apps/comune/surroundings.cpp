@@ -1,4 +1,4 @@
-#include "apps/comune/impianto.h"
+#include "apps/comune/surroundings.h"
 
 #include <iostream>
 
@@ -7,7 +7,7 @@
 
 namespace cu {
 
-Impianto::Impianto(const Profilo& profilo, FrontEnd& schermo)
+Surroundings::Surroundings(const Profilo& profilo, FrontEnd& schermo)
     : orologio_(orologio(profilo)),
       impostazioni_(profilo.impostazioni, files_,
                     [](const std::string& avviso) { std::cerr << avviso << '\n'; }),
@@ -16,10 +16,9 @@ Impianto::Impianto(const Profilo& profilo, FrontEnd& schermo)
                 {[&profilo] { return apriConnessione(profilo.database); },
                  [] { return std::make_unique<RicostruzioneContiIndividuali>(); },
                  [this, &schermo] { return impaginatore(schermo).create(); },
-                 [this, &schermo] { return impaginatore(schermo).beginRun(); }}),
-      programma_(Ambiente{schermo, fabbrica_, utilita_, impostazioni_, *orologio_, files_, stampe_}) {}
+                 [this, &schermo] { return impaginatore(schermo).beginRun(); }}) {}
 
-PdfReports& Impianto::impaginatore(FrontEnd& schermo) {
+PdfReports& Surroundings::impaginatore(FrontEnd& schermo) {
   if (!impaginatore_) impaginatore_.emplace(ReportSurroundings{schermo, fileStampe_, *orologio_, "cuwizard"});
   return *impaginatore_;
 }

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "reporting/pdf_reports.h"
+#include "suite/catalogo_stampe.h"
+#include "suite/fabbrica.h"
+#include "suite/file_system.h"
+#include "suite/impostazioni.h"
+#include "suite/orologio.h"
+#include "suite/profilo.h"
+#include "suite/utilita.h"
+
+namespace cu {
+
+// What a run needs around it, built for a profile and set before a front end. Profile and front end outlive
+// it. ErroreProfilo when the trace cannot be begun.
+class Surroundings {
+ public:
+  Surroundings(const Profilo& profilo, FrontEnd& schermo);
+  Surroundings(const Surroundings&) = delete;
+  Surroundings& operator=(const Surroundings&) = delete;
+
+  Clock& clock() { return *orologio_; }
+  FileSystem& files() { return files_; }
+  const ReportCatalogue& stampe() const { return stampe_; }
+  Settings& settings() { return impostazioni_; }
+  UtilitaSuite& utilita() { return utilita_; }
+  HostFactory& factory() { return fabbrica_; }
+  bool avvioRifiutato() const { return fabbrica_.avvioRifiutato(); }
+
+ private:
+  PdfReports& impaginatore(FrontEnd& schermo);
+
+  std::unique_ptr<Clock> orologio_;
+  FileSystemPiattaforma files_;
+  CatalogoStampe stampe_;
+  ImpostazioniToml impostazioni_;
+  UtilitaItaliana utilita_;
+  FileSystemPiattaforma fileStampe_;
+  std::optional<PdfReports> impaginatore_;  // from the first print on
+  FabbricaSuite fabbrica_;
+};
+
+}  // namespace cu

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "controls/frontend.h"
+
+namespace cu {
+
+// The front end of a command without forms: it keeps what a person would see, for the command to write. No
+// form is ever shown before it; one that tries is an error of the program.
+class Terminale : public FrontEnd {
+ public:
+  // A warning, that is a box with OK and Cancel, is passed only if so wanted.
+  bool passaAvvisi = false;
+  std::optional<std::string> fileDaSalvare;  // the answer of the dialog for the name of a file
+
+  struct Avviso {
+    std::string testo;
+    bool passato;
+  };
+  std::vector<std::string> messaggi;  // what was refused, and errors that nothing caught
+  std::vector<Avviso> avvisi;
+  std::vector<LogTable> registri;
+  std::vector<PrintNote> stampe;
+
+  // Keeps a warning, and returns whether it is passed.
+  bool conferma(const std::string& testo);
+
+  void show(Form& form) override;
+  void showModal(Form& form) override;
+  void closed(Form&) override {}
+  Answer messageBox(const MessageBox& box) override;
+  void error(const Error& error) override { messaggi.push_back(error.description()); }
+  std::string chooseFolder(const std::string&, const std::optional<std::string>&) override { return {}; }
+  std::optional<PrinterChoice> choosePrinter() override { return std::nullopt; }
+  std::optional<std::string> chooseFileToSave(const std::string&, const std::string&,
+                                              const std::string&) override {
+    return fileDaSalvare;
+  }
+  void showLog(const LogTable& log) override { registri.push_back(log); }
+  void preview(const Preview&) override {}
+  void popup(MenuBar&, const std::string&) override {}
+  void help(const std::string&, int, std::int32_t) override {}
+  void open(const std::string&, const std::string&) override {}
+  void viewText(const std::string&) override {}
+  void printed(const PrintNote& note) override { stampe.push_back(note); }
+  void beep() override {}
+  void setPointer(int pointer) override { puntatore_ = pointer; }
+  int pointer() const override { return puntatore_; }
+
+ private:
+  int puntatore_ = kPointerDefault;
+};
+
+}  // namespace cu

@@ -1,0 +1,58 @@
+#include "sessione_comando.h"
+
+#include <exception>
+
+#include "base/text.h"
+#include "fornitura/stampa.h"
+#include "wizard/ambiente.h"
+
+namespace cu {
+
+void SessioneComando::esegui(const std::function<void()>& lavoro) {
+  bool avviata = false;
+  try {
+    avvia();
+    avviata = true;
+    lavoro();
+  } catch (const std::exception& errore) {
+    const Error detto = asError(errore);
+    if (!avviata && detto.number() == kErrorSessionRefused) {
+      intorno_.utilita().refusedStart(testi_->text(237), sessione_->title());
+    } else {
+      terminale_.error(detto);
+    }
+  }
+  if (avviata) lascia();
+}
+
+void SessioneComando::avvia() {
+  testi_ = intorno_.factory().createTesti();
+  chiave_ = std::string(trim(testi_->text(1368)));
+  sessione_ = intorno_.factory().createSessione();
+  sessione_->setProgramName(std::string(kNomeProgramma));
+  sessione_->start(0);
+  cartella = intorno_.settings().get(chiave_, kMenuSettings, "CU_Path", intorno_.utilita().defaultFolder());
+}
+
+fornitura::Ambiente SessioneComando::ambiente() {
+  return {.ambito = ambitoDi(*sessione_),
+          .factory = intorno_.factory(),
+          .utilita = intorno_.utilita(),
+          .files = intorno_.files(),
+          .clock = intorno_.clock(),
+          .avanzamento = terminale_,
+          .visore = terminale_};
+}
+
+// Whatever fails here ends the clean-up in silence, and what would have followed is left undone.
+void SessioneComando::lascia() {
+  try {
+    static_cast<void>(fornitura::svuotaRicorsione(ambiente()));
+    intorno_.settings().set(chiave_, kMenuSettings, "CU_Path", cartella);
+    intorno_.settings().deleteSection(chiave_, sessione_->settingsSection());
+  } catch (const std::exception&) {
+    return;
+  }
+}
+
+}  // namespace cu

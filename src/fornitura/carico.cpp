@@ -1,0 +1,74 @@
+#include "fornitura/carico.h"
+
+#include <exception>
+#include <memory>
+
+#include "base/text.h"
+#include "host/testi_programma.h"
+#include "modello/modello.h"
+
+namespace cu::fornitura {
+
+std::string fnOrigineAnni(std::int32_t idAzienda, bool conModulo) {
+  return "SELECT DISTINCT ContoIndividuale.Anno From ContoIndividuale WHERE IDAzienda = " +
+         fromInteger(idAzienda) +
+         (conModulo ? " AND Anno >= " + fromInteger(modello::kModello.noti.primo) : std::string()) +
+         " ORDER BY Anno DESC";
+}
+
+Result<> controllaFiltri(ModoCorsa modo, const Filtri& filtri) {
+  const bool annoRichiesto = modo == ModoCorsa::CU || modo == ModoCorsa::Certificazione;
+  if (!annoRichiesto || !trim(filtri.anno).empty()) return Done{};
+  return Result<>::refused({"anno-mancante", testoProgramma(109), "KRNCboEsCont(0)"});
+}
+
+std::string fnFiltroConti(const Filtri& filtri, const Conversioni& utilita) {
+  const auto dato = [](const std::string& codice) { return !trim(codice).empty(); };
+  std::string filtro;
+  if (filtri.perCodice) {
+    if (dato(filtri.codiceDa)) filtro += " AND CodicePercipiente >= " + utilita.literal(filtri.codiceDa);
+    if (dato(filtri.codiceA)) filtro += " AND CodicePercipiente <= " + utilita.literal(filtri.codiceA);
+  } else if (filtri.perNome) {
+    // The bound is set by its code, though the value compared is the name.
+    if (dato(filtri.codiceDa)) filtro += " AND Anagrafica >= " + utilita.literal(filtri.descrizioneDa);
+    if (dato(filtri.codiceA)) filtro += " AND Anagrafica <= " + utilita.literal(filtri.descrizioneA);
+  }
+  if (dato(filtri.causaleDa)) filtro += " AND CodiceCausalePagamento >= " + utilita.literal(filtri.causaleDa);
+  if (dato(filtri.causaleA)) filtro += " AND CodiceCausalePagamento <= " + utilita.literal(filtri.causaleA);
+  return filtro;
+}
+
+Result<std::size_t> ricostruisci(const Ambiente& ambiente, const Filtri& filtri) {
+  ambiente.avanzamento.setPointer(kPointerHourglass);
+  ambiente.avanzamento.progress("Ricostruzione dei conti individuali", 0, 0);
+  const std::unique_ptr<RicostruzioneConti> oRic = ambiente.factory.createRicostruzione();
+  oRic->setDatabase(*ambiente.ambito.database);
+  oRic->setAzienda(ambiente.ambito.idAzienda);
+  oRic->setFlag(true);
+  oRic->setFiltro(fnFiltroConti(filtri, ambiente.utilita));
+  oRic->ricostruisci(static_cast<std::int16_t>(leadingInteger(trim(filtri.anno))));
+  const std::size_t cambiati = oRic->contiCambiati();
+  ambiente.avanzamento.setPointer(kPointerDefault);
+  return cambiati;
+}
+
+Result<std::size_t> carica(const Ambiente& ambiente, Compensi& compensi, const Filtri& filtri) {
+  compensi.sbCreaTabellaLavoro(ambiente.ambito, filtri);
+  return compensi.rsCompensi().RecordCount();
+}
+
+std::string FindName(const Ambiente& ambiente, std::int64_t nID) {
+  try {
+    const auto ricerca = ambiente.ambito.database->CreateRowset();
+    ricerca->addField("IDAnagrafica");
+    ricerca->addField("Nome");
+    ricerca->setTable("Anagrafica");
+    ricerca->setFilter("IDAnagrafica = " + fromInteger(nID));
+    ricerca->open();
+    return ricerca->eof() ? std::string() : ambiente.utilita.toText(ricerca->value("Nome").view());
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
+}  // namespace cu::fornitura

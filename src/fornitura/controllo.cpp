@@ -1,0 +1,74 @@
+#include "fornitura/controllo.h"
+
+#include "base/text.h"
+
+namespace cu::fornitura {
+namespace {
+
+// The control that holds the datum, where the wizard has it.
+std::string posto(const DatoMancante& dato) {
+  if (dato.sezione == "Generico") return "dtDataFirma";
+  if (dato.sezione != "Intermediario") return {};
+  return dato.campo == "Codice fiscale" ? "txtCodiceFiscale" : "dtDataImpegno";
+}
+
+Finding avviso(const char* codice, const char* righe, const char* controllo) {
+  return {codice, std::string(righe) + "\r\nSi vuole continuare ugualmente?", controllo};
+}
+
+}  // namespace
+
+Result<Controllo> controlla(const Ambiente& ambiente, const DatiControllo& dati, const std::string& tabella) {
+  Controlli controlli(ambiente.ambito.database->internalConnection(), ambiente.utilita);
+  controlli.esegui(dati, ambiente.ambito.idAzienda, tabella);
+  Result<Controllo> esito(Controllo{controlli.sCodFisc(), controlli.mancanti()});
+  for (const DatoMancante& dato : esito->mancanti) {
+    esito.refusals.push_back({"dato-mancante", dato.messaggio, posto(dato)});
+  }
+  return esito;
+}
+
+void riempiLog(LogGrid& oLogGrid, std::int32_t idUtente, const std::vector<DatoMancante>& mancanti) {
+  oLogGrid.setUser(idUtente);
+  oLogGrid.setName("LogGrid_" + fromInteger(idUtente));
+  oLogGrid.addColumn("Campo", LogGrid::kText, 35);
+  oLogGrid.addColumn("Sezione", LogGrid::kText, 20);
+  oLogGrid.addColumn("Denominazione", LogGrid::kText, 35);
+  oLogGrid.addColumn("Codice fiscale", LogGrid::kText, 30);
+  constexpr std::int64_t kMessageType = 2;
+  for (const DatoMancante& dato : mancanti) {
+    oLogGrid.newRow();
+    oLogGrid.put("Campo", Value::ofText(dato.campo));
+    oLogGrid.put("Sezione", Value::ofText(dato.sezione));
+    oLogGrid.put("Denominazione", Value::ofText(dato.denominazione));
+    oLogGrid.put("Codice fiscale", Value::ofText(dato.codiceFiscale));
+    oLogGrid.put("MessageType", Value::ofInteger(kMessageType));
+    oLogGrid.put("Message", Value::ofText(dato.messaggio));
+    oLogGrid.confirmRow();
+  }
+}
+
+Result<> controllaDate(const DateFornitura& date, Date oggi) {
+  Result<> esito(Done{});
+  if (date.firma && date.firma->serial() > oggi.serial()) {
+    esito.warnings.push_back(avviso("firma-futura",
+                                    "Attenzione! La data della firma non deve essere superiore alla\r\n"
+                                    "data odierna, altrimenti il file generato potrebbe essere scartato.",
+                                    "dtDataFirma"));
+  }
+  if (!date.impegno) return esito;
+  if (date.impegno->serial() > oggi.serial()) {
+    esito.warnings.push_back(avviso("impegno-futuro",
+                                    "Attenzione! La data dell'impegno non deve essere superiore alla\r\n"
+                                    "data odierna, altrimenti il file generato potrebbe essere scartato.",
+                                    "dtDataImpegno"));
+  } else if (date.impegno->serial() < Date::fromYmd(oggi.year(), 1, 1)->serial()) {
+    esito.warnings.push_back(avviso("impegno-di-altro-anno",
+                                    "Attenzione! La data dell'impegno deve appartenere all'anno in\r\n"
+                                    "corso, altrimenti il file generato potrebbe essere scartato.",
+                                    "dtDataImpegno"));
+  }
+  return esito;
+}
+
+}  // namespace cu::fornitura

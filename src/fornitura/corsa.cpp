@@ -1,0 +1,227 @@
+#include "fornitura/corsa.h"
+
+#include <iterator>
+
+#include "base/text.h"
+#include "data/recordset.h"
+#include "fornitura/carico.h"
+#include "host/testi_programma.h"
+#include "telematic/intermediario.h"
+#include "worklist/elenchi.h"
+
+namespace cu::fornitura {
+namespace {
+
+template <class A, class B>
+void accogli(Result<A>& esito, const Result<B>& passo) {
+  esito.refusals.insert(esito.refusals.end(), passo.refusals.begin(), passo.refusals.end());
+}
+
+bool esisteAnno(const Ambiente& ambiente, const std::string& anno) {
+  Recordset anni;
+  anni.Open(ambiente.ambito.database->ownConnection(), fnOrigineAnni(ambiente.ambito.idAzienda, false));
+  for (; !anni.Eof(); anni.MoveNext()) {
+    if (anni.Get("Anno").toText() == anno) return true;
+  }
+  return false;
+}
+
+Finding annoSenzaConti(const std::string& anno, const char* elenco) {
+  return {"anno-senza-conti", "Nessun conto individuale per l'anno " + anno + ".", elenco};
+}
+
+// A bound as the selector of the first step takes it: what its row says, the code as given without a row.
+LookupRow estremo(const Ambiente& ambiente, const LookupTable& tabella,
+                  const std::optional<std::string>& codice) {
+  if (!codice) return {};
+  const auto riga = findCode(ambiente.ambito.database->ownConnection(), tabella, *codice);
+  return riga.value_or(LookupRow{0, *codice, ""});
+}
+
+Filtri filtriDi(const Ambiente& ambiente, const Estremi& estremi) {
+  Filtri filtri;
+  filtri.perCodice = true;
+  filtri.perNome = false;
+  const auto percipiente = [&](const std::optional<std::string>& codice) {
+    const LookupRow riga = estremo(ambiente, elencoPercipienti(ambiente.ambito.idAzienda), codice);
+    // The form shows the first name beside the box as soon as the bound changes.
+    const bool cambiato = riga.record != 0 || !riga.code.empty() || !riga.description.empty();
+    if (cambiato) static_cast<void>(FindName(ambiente, riga.record));
+    return riga;
+  };
+  const LookupRow da = percipiente(estremi.daPercipiente);
+  const LookupRow a = percipiente(estremi.aPercipiente);
+  filtri.codiceDa = da.code;
+  filtri.descrizioneDa = da.description;
+  filtri.codiceA = a.code;
+  filtri.descrizioneA = a.description;
+  filtri.causaleDa = estremo(ambiente, elencoCausali(), estremi.daCausale).code;
+  filtri.causaleA = estremo(ambiente, elencoCausali(), estremi.aCausale).code;
+  return filtri;
+}
+
+class CorsaCU {
+ public:
+  CorsaCU(const Ambiente& ambiente, Compensi& compensi, const RichiestaCU& richiesta)
+      : ambiente_(ambiente), compensi_(compensi), richiesta_(richiesta) {}
+
+  Result<EsitoCU> esegui() {
+    if (primoPasso() && secondoPasso() && ultimoPasso()) avvia();
+    return std::move(esito_);
+  }
+
+ private:
+  template <class T>
+  bool riuscito(const Result<T>& passo) {
+    accogli(esito_, passo);
+    return static_cast<bool>(passo);
+  }
+
+  bool primoPasso() {
+    if (!esisteAnno(ambiente_, richiesta_.anno)) {
+      esito_.refusals.push_back(annoSenzaConti(richiesta_.anno, "KRNCboEsCont(0)"));
+      return false;
+    }
+    filtri_ = filtriDi(ambiente_, richiesta_.estremi);
+    filtri_.anno = richiesta_.anno;
+    filtri_.adAnno = richiesta_.anno;
+    return riuscito(controllaFiltri(ModoCorsa::CU, filtri_)) &&
+           riuscito(carica(ambiente_, compensi_, filtri_));
+  }
+
+  bool secondoPasso() {
+    if (richiesta_.riferimenti) {
+      if (!riuscito(controllaRiferimenti(*richiesta_.riferimenti))) return false;
+      if (!riuscito(correggiRiferimenti(compensi_, *richiesta_.riferimenti))) return false;
+    }
+    if (!riuscito(controllaSelezione(compensi_, richiesta_.tipo))) return false;
+    static_cast<void>(fnFilialePredefinita(ambiente_, fnModoCU()));
+    return true;
+  }
+
+  bool ultimoPasso() {
+    if (richiesta_.cartellaScelta) richiesta_.cartellaScelta(richiesta_.cartella);
+    firma_ = richiesta_.firma.value_or(ambiente_.clock.today());
+    if (!richiesta_.intermediario) return true;
+    const RichiestaCU::Intermediario& dato = *richiesta_.intermediario;
+    const auto salvato = fnLeggiIntermediario(ambiente_.ambito.database->internalConnection(),
+                                              ambiente_.ambito.idAzienda, ambiente_.utilita);
+    if (salvato) intermediario_ = *salvato;
+    if (!riuscito(controllaCodiceIntermediario(dato.codiceFiscale))) return false;
+    intermediario_.codiceFiscale = dato.codiceFiscale;
+    if (dato.impegno) intermediario_.indiceImpegno = *dato.impegno - 1;
+    impegno_ = dato.data ? dato.data : Date::parseItalian(trim(intermediario_.dataImpegno));
+    intermediario_.dataImpegno = impegno_ ? impegno_->toItalian() : std::string();
+    return true;
+  }
+
+  void avvia() {
+    if (!riuscito(memorizza(compensi_))) return;
+    if (richiesta_.intermediario) {
+      sbScriviIntermediario(ambiente_.ambito.database->internalConnection(), ambiente_.ambito.idAzienda,
+                            intermediario_, ambiente_.utilita);
+    }
+    const auto controllo = controlla(ambiente_,
+                                     {.dataFirma = firma_.toItalian(),
+                                      .usoIntermediari = richiesta_.intermediario.has_value(),
+                                      .codiceFiscaleIntermediario = intermediario_.codiceFiscale,
+                                      .dataImpegno = intermediario_.dataImpegno},
+                                     compensi_.tabella());
+    esito_->mancanti = controllo->mancanti;
+    if (!riuscito(controllo) || !dateConfermate()) return;
+    const auto file = scrivi(ambiente_, compensi_, richiestaFile(controllo->sCodFisc));
+    if (!riuscito(file)) return;
+    esito_->file = *file;
+    if (!riuscito(stampaModuli(ambiente_, compensi_, richiestaModuli(controllo->sCodFisc)))) return;
+    static_cast<void>(riuscito(carica(ambiente_, compensi_, filtri_)));
+  }
+
+  bool dateConfermate() {
+    const auto date =
+        controllaDate({firma_, richiesta_.intermediario ? impegno_ : std::nullopt}, ambiente_.clock.today());
+    for (const Finding& avviso : date.warnings) {
+      esito_.warnings.push_back(avviso);
+      if (richiesta_.prosegue && richiesta_.prosegue(avviso)) continue;
+      esito_.refusals.push_back({avviso.code, "", avviso.place});
+      return false;
+    }
+    return true;
+  }
+
+  RichiestaFile richiestaFile(const std::string& sCodFisc) const {
+    constexpr std::int64_t kImpegni = 2;
+    const bool inElenco = intermediario_.indiceImpegno >= 0 && intermediario_.indiceImpegno < kImpegni;
+    return {.anno = richiesta_.anno,
+            .cartella = richiesta_.cartella,
+            .cartellaDocumenti = richiesta_.cartellaDocumenti,
+            .firma = firma_,
+            .dati = {.UsoIntermediari = richiesta_.intermediario.has_value(),
+                     .CodiceFiscaleAzienda = sCodFisc,
+                     .CodiceFiscaleIntermediario = intermediario_.codiceFiscale,
+                     .TipoComIntermediario = fromInteger(inElenco ? intermediario_.indiceImpegno + 1 : 0),
+                     .DataImpegnoIntermediario = impegno_.value_or(Date()),
+                     .TipoComunicazione = richiesta_.tipo}};
+  }
+
+  RichiestaModuli richiestaModuli(const std::string& sCodFisc) const {
+    const Ambito& ambito = ambiente_.ambito;
+    return {.stampa = {.dati = {.modo = ModoCorsa::CU,
+                                .report = richiesta_.modulo.name,
+                                .filtri = filtri_,
+                                .idAzienda = ambito.idAzienda,
+                                .idUtente = ambito.idUtente},
+                       .tipoOggetto = fnModoCU(),
+                       .definizione = richiesta_.modulo.definition,
+                       .uscita = Uscita::File,
+                       .percorso = {},
+                       .guasto = richiesta_.guasto},
+            .sCodFisc = sCodFisc,
+            .cartella = richiesta_.cartella,
+            .tipo = richiesta_.tipo,
+            .intermediari = richiesta_.intermediario.has_value(),
+            .dataFirma = firma_.toItalian(),
+            .cumulativa = richiesta_.stampaCumulativa};
+  }
+
+  const Ambiente& ambiente_;
+  Compensi& compensi_;
+  const RichiestaCU& richiesta_;
+  Result<EsitoCU> esito_{EsitoCU{}};
+  Filtri filtri_;
+  Date firma_;
+  Intermediario intermediario_;
+  std::optional<Date> impegno_;
+};
+
+}  // namespace
+
+Result<EsitoCU> creaCU(const Ambiente& ambiente, Compensi& compensi, const RichiestaCU& richiesta) {
+  return CorsaCU(ambiente, compensi, richiesta).esegui();
+}
+
+Result<> stampaReport(const Ambiente& ambiente, const RichiestaReport& richiesta) {
+  for (const auto& [anno, elenco] :
+       {std::pair{&richiesta.anno, "KRNCboEsCont(0)"}, std::pair{&richiesta.adAnno, "KRNCboEsCont(1)"}}) {
+    if (*anno && !esisteAnno(ambiente, **anno)) return Result<>::refused(annoSenzaConti(**anno, elenco));
+  }
+  Filtri filtri = filtriDi(ambiente, richiesta.estremi);
+  filtri.anno = richiesta.anno.value_or("");
+  filtri.adAnno = richiesta.adAnno.value_or("");
+  Result<> esito = controllaFiltri(richiesta.modo, filtri);
+  if (!esito) return esito;
+  static_cast<void>(fnFilialePredefinita(ambiente, richiesta.tipoOggetto));
+  const RichiestaStampa una{.dati = {.modo = richiesta.modo,
+                                     .report = richiesta.report.name,
+                                     .filtri = filtri,
+                                     .idAzienda = ambiente.ambito.idAzienda,
+                                     .idUtente = ambiente.ambito.idUtente},
+                            .tipoOggetto = richiesta.tipoOggetto,
+                            .definizione = richiesta.report.definition,
+                            .uscita = Uscita::Pdf,
+                            .percorso = {},
+                            .guasto = richiesta.guasto};
+  esito = controllaStampa(ambiente, una.dati, richiesta.guasto);
+  return esito ? stampa(ambiente, una) : esito;
+}
+
+}  // namespace cu::fornitura

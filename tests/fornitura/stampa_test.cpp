@@ -1,0 +1,125 @@
+#include "fornitura/stampa.h"
+
+#include <gmock/gmock.h>
+
+#include "fornitura/carico.h"
+#include "fornitura/corsa.h"
+#include "fornitura/fornitura_prova.h"
+
+namespace cu::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class Print : public OperazioniProva {
+ protected:
+  fornitura::RichiestaReport conti() {
+    return {.modo = ModoCorsa::ContiIndividuali,
+            .tipoOggetto = 246,
+            .report = {"ContoIndividuale.rpt", 1},
+            .anno = "2016",
+            .adAnno = std::nullopt,
+            .estremi = {},
+            .guasto = [this](const std::string& testo) { guasti.push_back(testo); }};
+  }
+  void qualcosa() {
+    database.main.answerContaining("FROM RepContoIndividuale", Table({"IDAzienda"}, {{whole(1)}}));
+  }
+  std::vector<std::string> guasti;
+};
+
+TEST_F(Print, AReportGoesWhereItsRequestSays) {
+  qualcosa();
+  EXPECT_TRUE(fornitura::stampaReport(ambiente(), conti()));
+  EXPECT_THAT(factory.printing.calls,
+              ElementsAre("report.create", "report.session 12 1 1", "report.connection", "dialog.connection",
+                          "dialog.session 12", "report.objectType 246", HasSubstr("report.formula "),
+                          "report.file ContoIndividuale.rpt", "report.definition 1", "dialog.definition 1",
+                          "report.run 1", "report.release"));
+  EXPECT_THAT(guasti, IsEmpty());
+}
+
+TEST_F(Print, NothingToPrintIsRefused) {
+  const auto esito = fornitura::stampaReport(ambiente(), conti());
+  EXPECT_THAT(codici(esito.refusals), ElementsAre("nulla-da-stampare @"));
+  EXPECT_EQ(esito.refusals[0].text, "Nessun elemento da stampare");
+  EXPECT_THAT(factory.printing.calls, IsEmpty());
+}
+
+TEST_F(Print, ATestThatFailsIsReportedAndCountsAsNothing) {
+  database.main.refuseContaining("FROM RepContoIndividuale");
+  EXPECT_FALSE(fornitura::stampaReport(ambiente(), conti()));
+  EXPECT_THAT(guasti, ElementsAre("Il database ha rifiutato l'istruzione."));
+}
+
+TEST_F(Print, AModeWithoutATestPasses) {
+  stampa::Dati dati;
+  dati.modo = ModoCorsa::Altro;
+  EXPECT_TRUE(fornitura::controllaStampa(ambiente(), dati, {}));
+  EXPECT_THAT(database.main.sent, IsEmpty());
+}
+
+TEST_F(Print, AYearWithoutAccountsIsRefused) {
+  fornitura::RichiestaReport richiesta = conti();
+  richiesta.adAnno = "2012";
+  const auto esito = fornitura::stampaReport(ambiente(), richiesta);
+  EXPECT_THAT(codici(esito.refusals), ElementsAre("anno-senza-conti @KRNCboEsCont(1)"));
+}
+
+TEST_F(Print, ABoundThatIsFoundHasItsFirstNameRead) {
+  qualcosa();
+  database.own.answerContaining("FROM RepPercipienteCD", Table({"IDAnagrafica", "Codice", "Anagrafica"},
+                                                               {{whole(7), text("P001"), text("Rossi")}}));
+  fornitura::RichiestaReport richiesta = conti();
+  richiesta.estremi.daPercipiente = "p001";
+  EXPECT_TRUE(fornitura::stampaReport(ambiente(), richiesta));
+  EXPECT_THAT(database.main.texts(), Contains(HasSubstr("IDAnagrafica = 7")));
+  EXPECT_THAT(factory.printing.arguments("report.formula"), ElementsAre(HasSubstr("'P001'")));
+}
+
+TEST_F(Print, TheBranchsDefaultIsZeroWhereItCannotBeRead) {
+  EXPECT_EQ(fornitura::fnFilialePredefinita(ambiente(), 246), 0);
+  database.main.answerContaining("DefaultFilialePerTipoOggetto",
+                                 Table({"IDDefaultFilialePerTipoOggetto", "IDTipoOggetto", "IDFiliale"},
+                                       {{whole(9), whole(246), whole(1)}}));
+  EXPECT_EQ(fornitura::fnFilialePredefinita(ambiente(), 246), 9);
+  database.main.refuseContaining("DefaultFilialePerTipoOggetto");
+  EXPECT_EQ(fornitura::fnFilialePredefinita(ambiente(), 246), 0);
+}
+
+TEST_F(Print, FormsAreOneFileALineOrOneForAll) {
+  ASSERT_TRUE(fornitura::carica(ambiente(), compensi, anno("2016")));
+  fornitura::RichiestaModuli richiesta{
+      .stampa = {.dati = {.modo = ModoCorsa::CU, .report = "Modulo.rpt", .filtri = anno("2016")},
+                 .tipoOggetto = 342,
+                 .definizione = 4,
+                 .uscita = Uscita::File,
+                 .percorso = {},
+                 .guasto = {}},
+      .sCodFisc = "01234567890",
+      .cartella = "/cu",
+      .tipo = Comunicazione::Ordinaria,
+      .intermediari = false,
+      .dataFirma = "05/03/2017",
+      .cumulativa = false};
+  EXPECT_TRUE(fornitura::stampaModuli(ambiente(), compensi, richiesta));
+  EXPECT_THAT(factory.printing.arguments("report.outputPath"), SizeIs(2));
+  factory.printing.calls.clear();
+  richiesta.cumulativa = true;
+  EXPECT_TRUE(fornitura::stampaModuli(ambiente(), compensi, richiesta));
+  EXPECT_THAT(factory.printing.arguments("report.outputPath"),
+              ElementsAre("/cu/CUR_01234567890_2016_05032017_1030.cur"));
+}
+
+TEST_F(Print, TheUsersLinesAreTakenOut) {
+  EXPECT_TRUE(fornitura::svuotaRicorsione(ambiente()));
+  EXPECT_THAT(eseguite(),
+              ElementsAre("DELETE FROM TabellaRicorsione2 WHERE IDUtente = 12 AND IDFunzione = 342"));
+}
+
+}  // namespace
+}  // namespace cu::test
