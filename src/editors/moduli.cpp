@@ -173,16 +173,20 @@ void EditorCompenso::sbSalvaModuli() {
   const DrawingPause pausa(*grdAltriModuli);
   // With no module in sight nothing is applied, not even the deletion of the last ones.
   if (moduli_.RecordCount() == 0) return;
-  const auto mostrato = moduli_.Bookmark();
+  // The page stays as it was, on the module that it shows, also after a success: the row that is brought to
+  // the work table behind it may fail, and the editor stays open. What has been executed counts as applied.
+  const auto torna = [this, mostrato = moduli_.Bookmark()] {
+    moduli_.SetFilter(kFiltro);
+    moduli_.SetBookmark(mostrato);
+  };
   moduli_.FilterPending();
   try {
     applica();
   } catch (...) {
-    // The page stays as it was, on the module that it shows; what has been executed counts as applied.
-    moduli_.SetFilter(kFiltro);
-    moduli_.SetBookmark(mostrato);
+    torna();
     throw;
   }
+  torna();
 }
 
 void EditorCompenso::applica() {

@@ -70,6 +70,43 @@ TEST_F(FailingSave, ThatIsGivenUpLeavesTheRowAsItWas) {
   EXPECT_EQ(form().grdCompensi.rowCount(), 2U);
 }
 
+// What was brought to the database of the modules stays there: it is not brought a second time.
+TEST_F(FailingSave, LeavesThePageOfModulesAsItWas) {
+  for (const bool cambiato : {true, false}) {
+    database.internal.answerContaining(
+        "FROM ModuloXContoIndividuale WHERE Anno = ",
+        moduleTable({{{"IDModuloXContoIndividuale", whole(7)}, {"NumeroModulo", whole(2)}},
+                     {{"IDModuloXContoIndividuale", whole(8)}, {"NumeroModulo", whole(3)}}}));
+    vai(2016);
+    frontEnd.errors.clear();
+    database.internal.touchContaining("SET ProtocolloAnnSost", 0);
+    frontEnd.modals.push_back([&](Form& editor) {
+      const auto& griglia = dynamic_cast<const Grid&>(*editor.find("grdAltriModuli"));
+      auto& ok = dynamic_cast<Button&>(*editor.find("cmdOk"));
+      const Control& pagina = *editor.find("cmdAltriModuli");
+      premi(dynamic_cast<Button&>(*editor.find("cmdAltriModuli")));
+      dynamic_cast<Grid&>(*editor.find("grdAltriModuli")).selectRow(2);
+      if (cambiato) {
+        dynamic_cast<AmountBox&>(*editor.find("curField(18)")).enter("9");
+        premi(dynamic_cast<Button&>(*editor.find("cmdSave")));
+      }
+      premi(ok);
+      EXPECT_THAT(frontEnd.errors, SizeIs(1));
+      ASSERT_TRUE(editor.isOpen());
+      EXPECT_EQ(griglia.rowCount(), 2U);
+      EXPECT_EQ(griglia.row(), 2U);
+      EXPECT_EQ(pagina.caption(), "&Altri moduli (2)");
+      const std::size_t inviate = database.main.sent.size();
+      database.internal.touchContaining("SET ProtocolloAnnSost", 1);
+      premi(ok);
+      EXPECT_FALSE(editor.isOpen());
+      EXPECT_EQ(database.main.sent.size(), inviate);
+    });
+    frontEnd.runEvent([&] { form().grdCompensi.doubleClick(2); });
+    EXPECT_THAT(frontEnd.errors, SizeIs(1));
+  }
+}
+
 TEST_F(FailingSave, OfAnAnnulmentBringsItsDialogBackWithWhatWasTyped) {
   vai(2016, 1);
   database.internal.refuseContaining("SET ProtocolloAnnSost", DatabaseErrorKind::Locked, "Occupato.");
