@@ -45,7 +45,11 @@ void Form::setFocus(Control* control) {
 
 void Form::perform(Control& control, const Event& event) {
   if (control.takesFocus()) frontEnd_.runEvent([&] { setFocus(&control); });
-  if (event && open_ && control.available() && control.allows()) frontEnd_.runEvent(event);
+  if (event && open_ && control.available()) {
+    frontEnd_.runEvent([&] {
+      if (control.allows()) event();
+    });
+  }
   if (open_) frontEnd_.runEvent([&] { settleFocus(); });
 }
 

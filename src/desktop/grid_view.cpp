@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
 
 #include "controls/form.h"
 #include "desktop/form_window.h"
@@ -233,7 +234,10 @@ void GridView::rememberOrder() {
 
 bool GridView::goTo(int row) {
   const std::size_t wanted = static_cast<std::size_t>(row) + 1;
-  if (!live() || !grid_.drops || grid_.drops(wanted).empty()) return true;
+  if (!live() || !grid_.drops) return true;
+  std::optional<bool> asks;  // none where that could not be found out
+  window().frontEnd().runEvent([&] { asks = !grid_.drops(wanted).empty(); });
+  if (!asks || !*asks) return asks.has_value();
   bool allowed = false;
   act([&] {
     allowed = mayChoose(wanted);

@@ -20,10 +20,14 @@ struct HoldingView : ControlView {
     events.push_back("commit");
     if (fails) throw Error(5, "guasto");
   }
-  bool allows() override { return allowed; }
+  bool allows() override {
+    if (failsToSay) throw Error(7, "guasto");
+    return allowed;
+  }
   Names& events;
   bool fails = false;
   bool allowed = true;
+  bool failsToSay = false;
 };
 
 struct Ruled : Stage {
@@ -106,6 +110,18 @@ TEST(FocusRule, AViewMayGiveTheEventUpOnceTheFocusIsThere) {
   asked.allowed = true;
   on.form.keyDown(13, 0);
   EXPECT_EQ(on.events.back(), "click");
+  on.ok.attach(nullptr);
+}
+
+TEST(FocusRule, AnErrorOfTheViewThatIsAskedIsShownAndTheEventGivenUp) {
+  Ruled on;
+  HoldingView asked{on.events};
+  on.ok.attach(&asked);
+  asked.failsToSay = true;
+  EXPECT_NO_THROW(on.press());
+  EXPECT_EQ(on.events, (Names{"commit", "lost 7", "got"}));
+  ASSERT_EQ(on.frontEnd.errors.size(), 1U);
+  EXPECT_EQ(on.frontEnd.errors.front().number, 7);
   on.ok.attach(nullptr);
 }
 

@@ -12,6 +12,7 @@
 #include "desktop/agreement_support.h"
 #include "desktop/grid_view.h"
 #include "desktop/screen_support.h"
+#include "host/error.h"
 
 namespace cu::test {
 namespace {
@@ -61,6 +62,24 @@ TEST_F(GridWindow, AClickBesideTheFlagOnlyMovesToTheRow) {
   QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::NoModifier, cell(5, "AnagraficaPerc"));
   EXPECT_EQ(grid().row(), 6U);
   EXPECT_EQ(count(), all);
+  expectAgreement();
+}
+
+TEST_F(GridWindow, AnErrorOfWhatAClickWouldDropIsToldAndTheRowStays) {
+  grid().drops = [](std::size_t) -> std::string { throw Error(13, "Tipo non corrispondente."); };
+  QString told;
+  screen.whenModal([&](QWidget& modal) {
+    told = boxText(modal);
+    QTest::keyClick(&modal, Qt::Key_Escape);
+  });
+  QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::NoModifier, cell(5, "AnagraficaPerc"));
+  EXPECT_TRUE(screen.allAnswered());
+  EXPECT_TRUE(told.contains(QStringLiteral("Tipo non corrispondente."))) << told.toStdString();
+  EXPECT_EQ(grid().row(), 1U);
+  EXPECT_FALSE(screen.frontEnd().busy());
+  grid().drops = nullptr;
+  QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::NoModifier, cell(5, "AnagraficaPerc"));
+  EXPECT_EQ(grid().row(), 6U);
   expectAgreement();
 }
 
