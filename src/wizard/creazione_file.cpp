@@ -49,13 +49,13 @@ bool FrmWizard::fnCreaFileCU() {
 // Of what the checks miss, only this can be completed here.
 void FrmWizard::segnalaDatoMancante() {
   FrontEnd& schermo = ambiente_.frontEnd;
-  if (dtDataFirma.text().empty()) {
+  if (dtDataFirma.entered().empty()) {
     schermo.missing(dtDataFirma);
   } else if (!chkIntermediari.value()) {
     return;
   } else if (trim(txtCodiceFiscale.text()).empty()) {
     schermo.missing(txtCodiceFiscale);
-  } else if (dtDataImpegno.text().empty()) {
+  } else if (dtDataImpegno.entered().empty()) {
     schermo.missing(dtDataImpegno);
   }
 }

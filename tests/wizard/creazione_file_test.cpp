@@ -104,13 +104,16 @@ TEST_F(FileRun, WhatIsNoDateIsMissing) {
     avviaRun();
     EXPECT_THAT(factory.logs.back().column("Message"), ElementsAre("Data della firma non presente")) << testo;
     EXPECT_EQ(form().dtDataFirma.text(), testo);
+    EXPECT_THAT(frontEnd.missed, ElementsAre("dtDataFirma")) << testo;
     EXPECT_THAT(files.files, IsEmpty());
+    frontEnd.missed.clear();
   }
   vaiAllaFine();
   intermediario("NTRMDR70A01H501U", "31/02/2017");
   form().dtDataFirma.enter("05/03/2017");
   avviaRun();
   EXPECT_THAT(factory.logs.back().column("Message"), ElementsAre("Data dell'impegno non presente"));
+  EXPECT_THAT(frontEnd.missed, ElementsAre("dtDataImpegno"));
   EXPECT_THAT(frontEnd.boxes, IsEmpty());
 }
 
