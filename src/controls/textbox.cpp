@@ -92,7 +92,7 @@ bool EditBox::eraseAt(std::size_t at, std::size_t count) {
 }
 
 Event EditBox::restorer() {
-  return [this, text = text_] { setText(text); };
+  return [this, text = stored()] { setText(text); };
 }
 
 void EditBox::enter(std::string_view typed) {

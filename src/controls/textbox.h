@@ -37,7 +37,7 @@ class EditBox : public Control {
   bool typeAt(std::size_t at, std::size_t count, char32_t character);
   bool pasteAt(std::size_t at, std::size_t count, std::string_view text);
   bool eraseAt(std::size_t at, std::size_t count);
-  // What gives the box back the content that it has now.
+  // What gives the box back the content that it has now, also the part that it does not show.
   virtual Event restorer();
 
   // True lets the character in; the filter itself beeps where it refuses.

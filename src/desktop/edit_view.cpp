@@ -136,7 +136,7 @@ EditView::EditView(FormWindow& window, EditBox& box, QWidget* parent)
   tellWhole(*line_);
   QObject::connect(line_, &QLineEdit::textEdited, line_, [this](const QString& now) {
     if (!live()) return;
-    if (!before_) before_ = Before{box_.text(), box_.restorer()};
+    if (!before_) before_ = Before{box_.stored(), box_.restorer()};
     edited(now);
   });
 }
@@ -149,7 +149,7 @@ void EditView::commit() {
 bool EditView::takeBack() {
   if (!live() || !before_) return false;
   const Before before = *std::exchange(before_, std::nullopt);
-  if (box_.text() == before.text) return false;
+  if (box_.stored() == before.text) return false;
   act(before.restore);
   line_->selectAll();
   return true;

@@ -33,6 +33,17 @@ TEST(Restorer, GivesATextBackAndRaisesTheChange) {
   EXPECT_EQ(on.date.text(), "05/03/2017");
 }
 
+TEST(Restorer, GivesBackATextThatIsLongerThanItsBox) {
+  Restored on;
+  on.text.setMaxLength(4);
+  on.text.setText("Rossini");
+  const Event restore = on.text.restorer();
+  on.text.enter("Bian");
+  restore();
+  EXPECT_EQ(on.text.text(), "Ross");
+  EXPECT_EQ(on.text.stored(), "Rossini");
+}
+
 TEST(Restorer, GivesAnAmountBackWithThePlacesThatAreNotShown) {
   Restored on;
   on.amount.setNumber(Decimal::fromScaled(12'345'678));

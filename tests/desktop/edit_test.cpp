@@ -280,6 +280,22 @@ TEST_F(Typing, AClickBesideTheFieldsEndsTheTyping) {
   EXPECT_EQ(box.text(), QStringLiteral("5,00"));
 }
 
+// The box keeps it for the database; also where the character typed is the one that was there.
+TEST_F(Typing, EscBringsBackATextThatIsLongerThanItsBox) {
+  form.txtTesto.setMaxLength(4);
+  for (const char* typed : {"x", "i"}) {
+    form.txtTesto.setText("iiiiLUNGO");
+    QLineEdit& box = line(form.txtTesto);
+    box.setSelection(1, 1);
+    QTest::keyClicks(&box, QString::fromLatin1(typed));
+    EXPECT_EQ(form.txtTesto.stored().size(), 4U) << typed;
+    QTest::keyClick(&box, Qt::Key_Escape);
+    EXPECT_EQ(form.txtTesto.stored(), "iiiiLUNGO") << typed;
+    EXPECT_TRUE(form.isOpen());
+    expectAgreement();
+  }
+}
+
 TEST_F(Typing, AnErrorOfAHandlerIsToldAndTheWindowStays) {
   form.txtTesto.onChange = [] { throw Error(13, "Tipo non corrispondente."); };
   QString told;
