@@ -38,10 +38,11 @@ Control* FrmWizard::stageStart() {
   return nullptr;
 }
 
-// On the first step the question has been answered, and the next load takes the rows anew.
+// On the first step the question has been answered, and the next load takes the rows anew; the prints know
+// no rows.
 std::string FrmWizard::unsavedWork() const {
   const std::size_t righe = compensi_.nonMemorizzate();
-  if (nPassoCorrente == 0 || righe == 0) return {};
+  if (!modoCU() || nPassoCorrente == 0 || righe == 0) return {};
   if (righe == 1) return "Un compenso corretto non è ancora stato memorizzato nei conti.";
   return fromInteger(static_cast<std::int64_t>(righe)) +
          " compensi corretti non sono ancora stati memorizzati nei conti.";

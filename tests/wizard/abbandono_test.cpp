@@ -100,5 +100,16 @@ TEST_F(ClosingTheWindow, LosesNothingOnceTheQuestionOnTheWayBackIsAnswered) {
   EXPECT_EQ(form().unsavedWork(), "");
 }
 
+TEST_F(ClosingTheWindow, LosesNothingInThePrintsThatFollow) {
+  vaiAllaGriglia();
+  correggi(1);
+  frontEnd.answers = {Answer::No};
+  premi(form().cmdNav[2]);
+  premi(form().optstType[0]);
+  premi(form().cmdNav[3]);
+  ASSERT_EQ(passo(), 2);
+  EXPECT_EQ(form().unsavedWork(), "");
+}
+
 }  // namespace
 }  // namespace cu::test
