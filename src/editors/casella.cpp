@@ -48,9 +48,9 @@ bool Casella::pieno() const {
 
 bool Casella::diversa(const CellView& riga, const UtilitaSuite& utilita) const {
   if (importo != nullptr) return importo->number() != riga.decimal();
-  if (testo != nullptr) return testo->text() != utilita.toText(riga);
+  if (testo != nullptr) return testo->stored() != utilita.toText(riga);
   if (flag != nullptr) return flag->value() != riga.flag();
-  if (elenco != nullptr) return elenco->record().value_or(0) != utilita.toLong(riga);
+  if (elenco != nullptr) return elenco->storedRecord().value_or(0) != utilita.toLong(riga);
   return numero != nullptr && numero->value() != utilita.toLong(riga);
 }
 

@@ -26,7 +26,7 @@ struct Casella {
   Value valore() const;
   // An amount other than 0, a text with more than blanks, a box that is ticked.
   bool pieno() const;
-  // Whether it shows anything else than the value of the row.
+  // Whether it would store anything else than the value of the row.
   bool diversa(const CellView& riga, const UtilitaSuite& utilita) const;
 };
 

@@ -100,6 +100,22 @@ TEST_F(BoxKinds, AreEmptiedAsTheirKindIs) {
   EXPECT_EQ(numero.text(), "");
 }
 
+TEST_F(BoxKinds, DifferFromTheRowWhenAPersonHasChangedThem) {
+  testo.setMaxLength(4);
+  const Value lungo = text("Rossini");
+  mostra(conTesto, lungo);
+  EXPECT_FALSE(conTesto.diversa(lungo.view(), utilita)) << "stored as it is, though cut on the screen";
+  testo.enter("Ross");
+  EXPECT_TRUE(conTesto.diversa(lungo.view(), utilita));
+  const Value ignota = whole(9);  // no entry of the list
+  mostra(conElenco, ignota);
+  EXPECT_FALSE(conElenco.diversa(ignota.view(), utilita));
+  elenco.setIndex(0);
+  EXPECT_TRUE(conElenco.diversa(ignota.view(), utilita));
+  elenco.setIndex(-1);
+  EXPECT_TRUE(conElenco.diversa(ignota.view(), utilita)) << "the choice has been taken away";
+}
+
 TEST_F(BoxKinds, WithoutAControlNothingIsShownAndNothingGivenBack) {
   Casella vuota;
   EXPECT_FALSE(vuota.presente());
