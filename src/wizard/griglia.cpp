@@ -54,6 +54,7 @@ void FrmWizard::sbModificaCompenso() {
   };
   try {
     editor->setRecordset(righe);
+    compensi_.sbApriRiga();
     editor->onConfirm = [this] { accolto(fornitura::correggi(compensi_)); };
     if (tipoComunicazione() != Comunicazione::Nessuna) editor->setTipoComunicazione(tipoComunicazione());
     if (optTipoComunicazione[1].value() && fnAnnullaNelDialogo(anno)) {

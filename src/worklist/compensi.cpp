@@ -47,7 +47,6 @@ void Compensi::sbCreaTabellaLavoro(const Ambito& ambito, const Filtri& filtri) {
   avanzamento_.progress("Caricamento dei compensi", 0, 0);
   if (rsCompensi_.IsOpen()) rsCompensi_.Close();
   nonMemorizzate_.clear();
-  aggiornamenti_.clear();
   ambito_ = ambito;
   tabella_ = fnNomeTabellaLavoro(ambito.idUtente);
   const std::string select = fnSelectCompensi(filtri, ambito.idAzienda, utilita_);
@@ -164,11 +163,13 @@ bool Compensi::fnProtocolliMancanti() {
                "ISNULL(ProgressivoAnnSost, '') = '')") > 0;
 }
 
+void Compensi::sbApriRiga() { rigaAperta_ = fnAggiornaRiga(tabella_, rsCompensi_, utilita_); }
+
 void Compensi::sbAggiornaRiga() {
   const std::string testo = fnAggiornaRiga(tabella_, rsCompensi_, utilita_);
   eseguiSullaRiga(testo);
   // A row that was stored and comes back from an editor as it was is stored still.
-  const bool cambiata = std::exchange(aggiornamenti_[rsCompensi_.Bookmark()], testo) != testo;
+  const bool cambiata = std::exchange(rigaAperta_, testo) != testo;
   if (cambiata && rsCompensi_.Get("Modificato").flag()) nonMemorizzate_.insert(rsCompensi_.Bookmark());
 }
 

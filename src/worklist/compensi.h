@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -57,7 +56,8 @@ class Compensi {
   bool fnNessunaSelezione();
   bool fnProtocolliMancanti();
 
-  // Brings the current row, as an editor left it, to the work table.
+  // The current row goes to an editor; and comes to the work table as the editor left it.
+  void sbApriRiga();
   void sbAggiornaRiga();
   // Brings the changed and selected rows to the accounts.
   void sbMemorizzaModifiche();
@@ -88,7 +88,7 @@ class Compensi {
   std::string tabella_;
   Recordset rsCompensi_;
   std::set<Recordset::RowMark> nonMemorizzate_;
-  std::map<Recordset::RowMark, std::string> aggiornamenti_;  // the last statement of each row from an editor
+  std::string rigaAperta_;  // what the row in the editor holds, as its statement
 };
 
 }  // namespace cu

@@ -111,5 +111,29 @@ TEST_F(ClosingTheWindow, LosesNothingInThePrintsThatFollow) {
   EXPECT_EQ(form().unsavedWork(), "");
 }
 
+TEST_F(ClosingTheWindow, LosesNothingOfAStoredRowThatAnEditorLeavesAsItWas) {
+  avviaCU();
+  form().optTipoComunicazione[2].click();
+  premi(form().cmdNav[3]);
+  frontEnd.modals.push_back([](Form& dialogo) {
+    dynamic_cast<TextBox&>(*dialogo.find("txtProtocollo")).enter("12345678901234567");
+    dynamic_cast<TextBox&>(*dialogo.find("txtProgressivo")).enter("123456");
+    dynamic_cast<Button&>(*dialogo.find("cmdOk")).click();
+  });
+  premi(form().cmdProtocollo);
+  EXPECT_NE(form().unsavedWork(), "");
+  premi(form().cmdNav[3]);
+  ASSERT_EQ(passo(), 2);
+  form().dtDataFirma.enter("");
+  premi(form().cmdNav[4]);
+  ASSERT_EQ(passo(), 2) << "the checks stop the run behind the write-back";
+  EXPECT_EQ(form().unsavedWork(), "");
+  premi(form().cmdNav[2]);
+  ASSERT_EQ(passo(), 1);
+  frontEnd.modals.push_back([](Form& editor) { dynamic_cast<Button&>(*editor.find("cmdOk")).click(); });
+  form().grdCompensi.doubleClick(1);
+  EXPECT_EQ(form().unsavedWork(), "");
+}
+
 }  // namespace
 }  // namespace cu::test

@@ -16,9 +16,15 @@ class UnsavedRows : public testing::Test, public CompensiProva {
   void correggi(std::size_t riga, const char* ritenute) {
     Recordset& righe = compensi.rsCompensi();
     righe.MoveTo(riga);
+    compensi.sbApriRiga();
     righe.Set("RitenuteAcconto", amount(ritenute));
     righe.Set("Modificato", Value::ofFlag(true));
     righe.Update();
+    compensi.sbAggiornaRiga();
+  }
+  void confermaSenzaModifiche(std::size_t riga) {
+    compensi.rsCompensi().MoveTo(riga);
+    compensi.sbApriRiga();
     compensi.sbAggiornaRiga();
   }
 };
@@ -36,13 +42,11 @@ TEST_F(UnsavedRows, AreThoseAnEditorHasChangedUntilTheWriteBack) {
 }
 
 TEST_F(UnsavedRows, ARowThatAnEditorHasLeftAsItWasIsNone) {
-  compensi.rsCompensi().MoveTo(2);
-  compensi.sbAggiornaRiga();
+  confermaSenzaModifiche(2);
   EXPECT_EQ(compensi.nonMemorizzate(), 0U);
   correggi(1, "5");
   compensi.sbMemorizzaModifiche();
-  compensi.rsCompensi().MoveTo(1);
-  compensi.sbAggiornaRiga();
+  confermaSenzaModifiche(1);
   EXPECT_EQ(compensi.nonMemorizzate(), 0U) << "stored, and the same still";
 }
 
@@ -60,6 +64,8 @@ TEST_F(UnsavedRows, ReferencesForTheSelectedRowsCountWhereTheyChangeARow) {
   compensi.sbMemorizzaModifiche();
   compensi.sbAggiornaProtocolli("99", "9", false);
   EXPECT_EQ(compensi.nonMemorizzate(), 0U) << "what is there stays";
+  confermaSenzaModifiche(1);
+  EXPECT_EQ(compensi.nonMemorizzate(), 0U) << "stored with its references, and the same still";
 }
 
 TEST_F(UnsavedRows, AFailedWriteBackStoresNone) {
