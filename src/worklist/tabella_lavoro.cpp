@@ -55,10 +55,11 @@ std::string fnRigaMancante() {
 }
 
 std::string fnCorrezioniMancanti(std::int64_t righe, std::int64_t attese) {
-  return "La tabella di lavoro non contiene più tutte le correzioni: ne sono state memorizzate " +
-         fromInteger(righe) + " su " + fromInteger(attese) +
-         ". Un'altra sessione dello stesso utente l'ha ricreata. Chiudere l'altra sessione, tornare al primo "
-         "passo, ricaricare i compensi e ripetere le correzioni che mancano.";
+  return "Non tutte le correzioni sono arrivate nei conti: ne sono state memorizzate " + fromInteger(righe) +
+         " su " + fromInteger(attese) +
+         ". Un'altra sessione dello stesso utente ha ricreato la tabella di lavoro, oppure un conto è stato "
+         "eliminato dopo il caricamento. Chiudere l'altra sessione, se c'è, tornare al primo passo, "
+         "ricaricare i compensi e ripetere le correzioni che mancano.";
 }
 
 std::optional<std::string> fnAltraSessione(const DatabaseError& errore, const std::string& nome) {
