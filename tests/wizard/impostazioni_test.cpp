@@ -161,6 +161,14 @@ TEST_F(RunSettings, ALongerStoredCodeIsShownCutAndStaysStoredUntilAPersonTypes) 
   EXPECT_EQ(memorizzato(), istruzione("ALTRO", "2"));
 }
 
+TEST_F(RunSettings, ACommitmentThatIsStoredAsNullBecomesANumber) {
+  intermediarioSalvato("NTRMDR70A01H501U", null());
+  vaiAllaFine();
+  premi(form().chkIntermediari);
+  EXPECT_EQ(form().cboxTipoComunicazione.index(), -1);
+  EXPECT_EQ(memorizzato(), istruzione("NTRMDR70A01H501U", "0"));
+}
+
 class UnlistedCommitment : public RunSettings, public testing::WithParamInterface<std::int32_t> {};
 
 TEST_P(UnlistedCommitment, StaysStoredUntilOneIsChosen) {
