@@ -34,6 +34,8 @@ class FileSystem {
   virtual bool folderExists(const std::string& path) = 0;
   // Whether a file could be made there; false for a folder that does not exist.
   virtual bool canWriteIn(const std::string& folder) = 0;
+  // Whether the file, which stays as it is, could be opened for output; false where there is none.
+  virtual bool canWrite(const std::string& path) = 0;
   virtual void createFolder(const std::string& path) = 0;                 // one level
   virtual void copy(const std::string& from, const std::string& to) = 0;  // overwrites
   // The whole content appears under the name, or what was there before stays.

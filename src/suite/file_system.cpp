@@ -83,6 +83,10 @@ bool FileSystemPiattaforma::canWriteIn(const std::string& folder) {
   return folderExists(folder) && canCreateFile(folder);
 }
 
+bool FileSystemPiattaforma::canWrite(const std::string& path) {
+  return fileExists(path) && canOpenFile(path);
+}
+
 void FileSystemPiattaforma::createFolder(const std::string& path) {
   if (!isPath(path)) throw fileError(EINVAL, path);
   std::error_code error;

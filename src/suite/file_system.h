@@ -14,6 +14,7 @@ class FileSystemPiattaforma : public FileSystem {
   bool fileExists(const std::string& path) override;
   bool folderExists(const std::string& path) override;
   bool canWriteIn(const std::string& folder) override;
+  bool canWrite(const std::string& path) override;
   void createFolder(const std::string& path) override;
   void copy(const std::string& from, const std::string& to) override;
   void replace(const std::string& path, std::string_view content) override;

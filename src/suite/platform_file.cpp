@@ -188,6 +188,14 @@ bool canCreateFile(const std::string& folder) {
   return true;
 }
 
+bool canOpenFile(const std::string& path) {
+  // Nor does it wait for the other end of a pipe.
+  const int number = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+  if (number < 0) return false;
+  ::close(number);
+  return true;
+}
+
 FileLock::FileLock(const std::string& path) : file_(openForAppending(path)) {
   while (::flock(file_.number(), LOCK_EX) != 0) {
     if (errno != EINTR) throw fileError(errno, path);

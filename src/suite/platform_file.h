@@ -42,6 +42,8 @@ void copyFile(const std::string& from, const std::string& to);
 
 // Tries it with a file that is gone at once: rights alone say too little of a network's or a read-only disk.
 bool canCreateFile(const std::string& folder);
+// The same of a file that exists, which is opened for writing and closed as it was.
+bool canOpenFile(const std::string& path);
 
 // Held by one process at a time, from the constructor on.
 class FileLock {

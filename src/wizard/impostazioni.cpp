@@ -53,8 +53,9 @@ void FrmWizard::annotaCartella() {
         KRNCboEsCont0.text());
     if (!files.folderExists(sPercorsoCU)) {
       nota = "La cartella non esiste.";
-    } else if (files.fileExists(files.join(sPercorsoCU, nome))) {
-      nota = nome + " esiste già: Avvia lo sostituisce.";
+    } else if (const std::string file = files.join(sPercorsoCU, nome); files.fileExists(file)) {
+      nota = nome + (files.canWrite(file) ? " esiste già: Avvia lo sostituisce."
+                                          : " esiste già e non si può sostituire.");
     } else if (!files.canWriteIn(sPercorsoCU)) {
       nota = "In questa cartella non si può scrivere.";
     }

@@ -183,5 +183,23 @@ TEST_F(FileSystemTest, AFileCanBeMadeWhereOneWasMadeForATrialAndIsGoneAgain) {
   EXPECT_FALSE(files.canWriteIn("/proc"));
 }
 
+TEST_F(FileSystemTest, WhetherAFileCanBeWrittenIsTriedWithoutAChangeOfIt) {
+  cartella.write("file", "prima");
+  const auto ora = std::filesystem::last_write_time(cartella / "file");
+  EXPECT_TRUE(files.canWrite(cartella / "file"));
+  EXPECT_EQ(cartella.read("file"), "prima");
+  EXPECT_EQ(std::filesystem::last_write_time(cartella / "file"), ora);
+  EXPECT_FALSE(files.canWrite(cartella / "manca"));
+  EXPECT_FALSE(files.fileExists(cartella / "manca"));
+  EXPECT_FALSE(files.canWrite(cartella.path()));
+  // Not even for whoever may do everything; nor is the other end waited for.
+  ASSERT_EQ(::mkfifo((cartella / "pipe").c_str(), 0600), 0);
+  EXPECT_FALSE(files.canWrite(cartella / "pipe"));
+  std::filesystem::permissions(cartella / "file", std::filesystem::perms::owner_read);
+  if (::geteuid() != 0) {
+    EXPECT_FALSE(files.canWrite(cartella / "file"));
+  }
+}
+
 }  // namespace
 }  // namespace cu

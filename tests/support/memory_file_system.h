@@ -24,7 +24,7 @@ class MemoryFileSystem : public FileSystem {
 
   std::map<std::string, std::string> files;
   std::set<std::string> folders;
-  std::set<std::string> closed;     // folders in which nothing can be written
+  std::set<std::string> closed;     // folders in which nothing can be written, and files that cannot
   std::vector<std::string> opened;  // paths, in order
   int openNow = 0;                  // files open at this moment
 
@@ -45,7 +45,8 @@ class MemoryFileSystem : public FileSystem {
     check(Operation::Open);
     if (!folderExists(parent(path))) throw FileError(kErrorPathNotFound, "Percorso inesistente.");
     if (folders.contains(path)) throw FileError(kErrorPathAccess, "È una cartella.");
-    if (closed.contains(parent(path))) throw FileError(kErrorPathAccess, "Accesso negato.");
+    if (closed.contains(path) || closed.contains(parent(path)))
+      throw FileError(kErrorPathAccess, "Accesso negato.");
     opened.push_back(path);
     files[path].clear();
     return std::make_unique<File>(*this, path);
@@ -56,6 +57,9 @@ class MemoryFileSystem : public FileSystem {
   }
   bool canWriteIn(const std::string& folder) override {
     return folderExists(folder) && !closed.contains(folder);
+  }
+  bool canWrite(const std::string& path) override {
+    return fileExists(path) && !closed.contains(path) && !closed.contains(parent(path));
   }
   void createFolder(const std::string& path) override {
     check(Operation::CreateFolder);

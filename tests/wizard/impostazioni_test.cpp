@@ -300,6 +300,13 @@ TEST_F(FolderNote, NamesTheFileThatWouldBeReplacedBeforeItIs) {
   EXPECT_EQ(files.files["/scelta/CUR_01234567890_2016.cur"], "di ieri");
 }
 
+TEST_F(FolderNote, SaysThatTheFileCannotBeReplacedWhereTheRunCouldNotOpenIt) {
+  files.files["/cu/CUR_01234567890_2016.cur"] = "di un altro";
+  files.closed.insert("/cu/CUR_01234567890_2016.cur");
+  vaiAllaFine();
+  EXPECT_EQ(nota(), "CUR_01234567890_2016.cur esiste già e non si può sostituire.");
+}
+
 TEST_F(FolderNote, SaysWhereNoFileCanBeMade) {
   files.closed.insert("/scelta");
   vaiAllaFine();
