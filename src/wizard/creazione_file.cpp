@@ -24,9 +24,23 @@ bool FrmWizard::fnCreaFileCU() {
                                                .dataImpegno = dtDataImpegno.entered()},
                                               globali_.gTabellaLavoro);
   fornitura::riempiLog(*oLogGrid, globali_.gSessione->IDUtente(), controllo->mancanti);
+  // The run stays on this step unless it succeeds: what it has made or met in the folder is noted there.
+  const std::string sNomeFile = fornitura::fnNomeFile(controllo->sCodFisc, KRNCboEsCont0.text());
+  try {
+    if (fnEsegui(controllo, *oLogGrid)) return true;
+  } catch (...) {
+    annotaCartella(sNomeFile);
+    throw;
+  }
+  annotaCartella(sNomeFile);
+  return false;
+}
+
+bool FrmWizard::fnEsegui(const Result<fornitura::Controllo>& controllo, LogGrid& oLogGrid) {
+  FrontEnd& schermo = ambiente_.frontEnd;
   if (!controllo) {
     schermo.setPointer(kPointerDefault);
-    oLogGrid->show(0);
+    oLogGrid.show(0);
     schermo.told("Il file telematico non è stato creato: mancano dei dati.");
     segnalaDatoMancante();
     return false;

@@ -19,6 +19,7 @@
 #include "controls/selector.h"
 #include "controls/textbox.h"
 #include "fornitura/ambiente.h"
+#include "fornitura/controllo.h"
 #include "fornitura/scrittura.h"
 #include "fornitura/stampa.h"
 #include "host/filtri.h"
@@ -179,7 +180,9 @@ class FrmWizard : public Form {
   // The settings of a run.
   void collegaImpostazioni();
   Comunicazione tipoComunicazione() const;
+  // The line below the folder: what the run would meet there, with the file's name looked up or given.
   void annotaCartella();
+  void annotaCartella(const std::string& nomeFile);
   void abilitaIntermediari(bool attivo);
   void sbCaricaIntermediario();
   void sbSalvaIntermediario();
@@ -187,6 +190,7 @@ class FrmWizard : public Form {
 
   // The telematic file.
   bool fnCreaFileCU();
+  bool fnEsegui(const Result<fornitura::Controllo>& controllo, LogGrid& oLogGrid);  // what follows the checks
   void segnalaDatoMancante();
   bool controllaDate();
   bool confermaAvviso(const Finding& avviso);

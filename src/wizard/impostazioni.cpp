@@ -42,20 +42,28 @@ void FrmWizard::collegaImpostazioni() {
 // Said before the run: the run itself replaces a file without a question, and says nothing of one that cannot
 // be written. What fails here is told where it matters.
 void FrmWizard::annotaCartella() {
-  FileSystem& files = ambiente_.files;
-  std::string nota;
   try {
     SessioneHost& sessione = *globali_.gSessione;
     Recordset azienda;
     azienda.Open(sessione.database().ownConnection(), Controlli::fnQueryAzienda(sessione.IDAzienda()));
-    const std::string nome = fornitura::fnNomeFile(
-        azienda.Eof() ? std::string() : ambiente_.utilita.toText(azienda.Get("CodFisc")),
-        KRNCboEsCont0.text());
+    const std::string codice =
+        azienda.Eof() ? std::string() : ambiente_.utilita.toText(azienda.Get("CodFisc"));
+    annotaCartella(fornitura::fnNomeFile(codice, KRNCboEsCont0.text()));
+  } catch (const std::exception&) {
+    txtPercorsoCU.setNote({});
+  }
+}
+
+void FrmWizard::annotaCartella(const std::string& nomeFile) {
+  FileSystem& files = ambiente_.files;
+  std::string nota;
+  try {
+    const std::string file = files.join(sPercorsoCU, nomeFile);
     if (!files.folderExists(sPercorsoCU)) {
       nota = "La cartella non esiste.";
-    } else if (const std::string file = files.join(sPercorsoCU, nome); files.fileExists(file)) {
-      nota = nome + (files.canWrite(file) ? " esiste già: Avvia lo sostituisce."
-                                          : " esiste già e non si può sostituire.");
+    } else if (files.fileExists(file)) {
+      nota = nomeFile + (files.canWrite(file) ? " esiste già: Avvia lo sostituisce."
+                                              : " esiste già e non si può sostituire.");
     } else if (!files.canWriteIn(sPercorsoCU)) {
       nota = "In questa cartella non si può scrivere.";
     }

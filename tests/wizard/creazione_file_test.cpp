@@ -362,6 +362,27 @@ TEST_F(FileRun, TellsThatAFileCouldNotBeWrittenOrIsWithoutItsEnd) {
                           "trasmesso."));
 }
 
+TEST_F(FileRun, ThatFailsLeavesTheFoldersNoteAsTheFolderIsThen) {
+  certificati(1);
+  database.own.answerContaining("AS CodFisc", azienda());
+  vaiAllaFine();
+  const auto nota = [this] {
+    avviaRun();
+    EXPECT_EQ(passo(), 2);
+    return form().txtPercorsoCU.note();
+  };
+  EXPECT_EQ(form().txtPercorsoCU.note(), "");
+  files.failNth(MemoryFileSystem::Operation::Write, 2, kErrorDiskFull);
+  EXPECT_EQ(nota(), "CUR_01234567890_2016.cur esiste già: Avvia lo sostituisce.");
+  files.closed.insert(kFile);
+  EXPECT_EQ(nota(), "CUR_01234567890_2016.cur esiste già e non si può sostituire.");
+  form().dtDataFirma.enter("");
+  files.files.clear();
+  EXPECT_EQ(nota(), "");
+  files.folders.erase("/cu");
+  EXPECT_EQ(nota(), "La cartella non esiste.");
+}
+
 TEST_F(FileRun, TheArrowIsBackWhenAMissingFolderIsTold) {
   certificati(1);
   vaiAllaFine();
