@@ -33,6 +33,7 @@
 #include "telematic/cu_ele.h"
 #include "telematic/query_cu.h"
 #include "telematic_a_mano.h"
+#include "wizard/griglia_compensi.h"
 #include "worklist/compensi.h"
 #include "worklist/riscrittura.h"
 #include "worklist/tabella_lavoro.h"
@@ -261,35 +262,42 @@ void ourSide(const Folder& folder) {
   UtilitaItaliana utilita(screen, "/tmp");
   FileSystemPiattaforma files;
   const test::FixedClock clock(2017, 3, 5);
-  Globali globali;
-  globali.gSessione = std::make_unique<OneSession>(database);
-  globali.gAnno = 2016;
+  OneSession session(database);
   Form form(screen, "frmWizard");
   Grid grid(form, "grdCompensi", nullptr);
-  Compensi compensi(globali, utilita, screen, grid);
+  GrigliaCompensi view(grid);
+  Compensi compensi(utilita, screen);
+  compensi.setVista(view);
   Filtri filtri;
   filtri.anno = "2016";
-  tell("load", seconds([&] { compensi.sbCreaTabellaLavoro(filtri); }));
+  tell("load", seconds([&] { compensi.sbCreaTabellaLavoro(ambitoDi(session), filtri); }));
   tell("lines", static_cast<double>(compensi.rsCompensi().RecordCount()));
 
-  NoLog log;
+  std::size_t missing = 0;
   tell("checks", seconds([&] {
-         Controlli controlli(*connection, utilita, log);
-         controlli.esegui({"01/03/2017", false, "", ""}, 1, globali.gTabellaLavoro);
+         Controlli controlli(*connection, utilita);
+         controlli.esegui({"01/03/2017", false, "", ""}, 1, compensi.tabella());
+         missing = controlli.mancanti().size();
        }));
-  if (log.rows != 0) throw std::runtime_error("the checks have found something");
+  if (missing != 0) throw std::runtime_error("the checks have found something");
 
   DatiFornitura dati;
   dati.CodiceFiscaleAzienda = kCompany;
   tell("run", seconds([&] {
-         CUEle ele(
-             {.globali = globali, .utilita = utilita, .files = files, .frontEnd = screen, .clock = clock});
+         CUEle ele({.database = database,
+                    .utilita = utilita,
+                    .files = files,
+                    .avanzamento = screen,
+                    .visore = screen,
+                    .clock = clock,
+                    .tabella = compensi.tabella(),
+                    .anno = 2016});
          ele.setFilePathName(folder.file("nostro.cur"));
          ele.setDati(dati);
          if (!ele.Create(kSignature)) throw std::runtime_error("no file");
        }));
   tell("peak", peakMiB());
-  const std::string query = telematico::queryPrincipale(globali.gTabellaLavoro);
+  const std::string query = telematico::queryPrincipale(compensi.tabella());
   tell("query", seconds([&] {
          RowStore rows;
          connection->Query(query, rows);

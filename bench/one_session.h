@@ -3,7 +3,6 @@
 #include <memory>
 
 #include "data/database.h"
-#include "host/log_grid.h"
 #include "misura.h"
 #include "support/fake_session.h"
 
@@ -51,19 +50,6 @@ class OneSession : public test::FakeSession {
  private:
   test::FakeDatabase unused_;
   DatabaseHost& database_;
-};
-
-// A log that only counts.
-class NoLog : public LogGrid {
- public:
-  void setUser(std::int32_t) override {}
-  void setName(const std::string&) override {}
-  void addColumn(const std::string&, int, int) override {}
-  void newRow() override { ++rows; }
-  void put(const std::string&, const Value&) override {}
-  void confirmRow() override {}
-  void show(int) override {}
-  int rows = 0;
 };
 
 }  // namespace cu::bench

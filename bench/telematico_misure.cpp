@@ -143,17 +143,21 @@ void ours(std::string* whole) {
   static test::Prova prova(2016);
   BlockFiles files;
   files.whole = whole;
-  CUFileSeq file({.globali = prova.globali,
-                  .utilita = prova.utilita,
+  AmbienteTelematico around = prova.ambiente();
+  CUFileSeq file({.database = around.database,
+                  .utilita = around.utilita,
                   .files = files,
-                  .frontEnd = prova.frontEnd,
-                  .clock = prova.clock});
+                  .avanzamento = around.avanzamento,
+                  .visore = around.visore,
+                  .clock = around.clock,
+                  .tabella = around.tabella,
+                  .anno = around.anno});
   if (!file.OpenFile()) std::abort();
   const Rows& r = rows();
   file.legaQueryPrincipale(r.principali.colonne());
   for (std::size_t i = 0; i < kRows; ++i) {
     const auto number = static_cast<std::int32_t>(i + 1);
-    file.WriteRecordTipoD(r.principali[i], number, kCompany, 1, kSignature);
+    file.WriteRecordTipoD(r.principali[i], number, kCompany, Comunicazione::Ordinaria, kSignature);
     file.WriteRecordTipoH(r.principali[i], number, 1, kCompany, nullptr);
     if (i % 5 == 0) {
       file.legaQueryModuli(r.moduli.colonne());

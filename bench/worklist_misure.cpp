@@ -19,6 +19,7 @@
 #include "suite/utilita.h"
 #include "support/memory_settings.h"
 #include "support/scripted_front_end.h"
+#include "wizard/griglia_compensi.h"
 #include "worklist/compensi.h"
 #include "worklist/riscrittura.h"
 #include "worklist/tabella_lavoro.h"
@@ -55,13 +56,15 @@ void measure(int payees) {
   globali.gSessione = std::make_unique<OneSession>(database);
   Form form(screen, "frmWizard");
   Grid grid(form, "grdCompensi", nullptr);
-  Compensi compensi(globali, utilita, screen, grid);
+  GrigliaCompensi view(grid);
+  Compensi compensi(utilita, screen);
+  compensi.setVista(view);
   Filtri filtri;
   filtri.anno = "2016";
-  compensi.sbCreaTabellaLavoro(filtri);
-  compensi.sbFormattaGriglia(1);
+  compensi.sbCreaTabellaLavoro(ambitoDi(*globali.gSessione), filtri);
+  view.sbFormattaGriglia(Comunicazione::Ordinaria);
   Recordset& rows = compensi.rsCompensi();
-  const std::string table = globali.gTabellaLavoro;
+  const std::string table = compensi.tabella();
   const std::string lines = grouped(static_cast<long long>(rows.RecordCount())) + " lines";
 
   std::vector<std::array<std::int64_t, 4>> keys;
@@ -112,7 +115,7 @@ void measure(int payees) {
     opening = std::min(opening, seconds([&] {
                          const auto editor = fnCreaEditor(2016, {screen, globali, utilita, settings});
                          editor->setRecordset(rows);
-                         editor->setTipoComunicazione(static_cast<Comunicazione>(1));
+                         editor->setTipoComunicazione(Comunicazione::Ordinaria);
                          editor->load();
                        }));
     queries = std::min(queries, timed.spent);

@@ -1,5 +1,7 @@
 #include "printing/formule.h"
 
+#include "host/testi_programma.h"
+
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -19,7 +21,7 @@ constexpr const char* kAnalitico = "CertificazioneCompensiAnalitico.rpt";
 constexpr const char* kModulo = "CertificazioneUnica.rpt";
 
 Dati dati(std::int32_t modo, const char* report, const Filtri& filtri = {}) {
-  return {.modo = modo, .report = report, .filtri = filtri, .idAzienda = 7, .idUtente = 12};
+  return {.modo = modoCorsa(modo), .report = report, .filtri = filtri, .idAzienda = 7, .idUtente = 12};
 }
 
 Filtri conAnni(const char* anno, const char* adAnno = "") {

@@ -186,7 +186,7 @@ TEST_P(Confronto, BothRoadsGiveTheSameBytes) {
     };
     scritti += prova(
         [&] {
-          veloce.WriteRecordTipoD(principali[i], certificazione, "01234567890", 1,
+          veloce.WriteRecordTipoD(principali[i], certificazione, "01234567890", Comunicazione::Ordinaria,
                                   Date::fromYmd(2017, 2, 28).value());
         },
         [&] {

@@ -13,6 +13,18 @@ namespace {
 using test::riga;
 using Testi = std::vector<std::string>;
 
+std::string rigaZ(const std::string& d, const std::string& h) {
+  return riga('Z', 2016,
+              {{"Tipo Record", "Z"},
+               {"N° rec. Tipo B", "000000001"},
+               {"N° rec. Tipo C", "000000000"},
+               {"N° rec. Tipo D", d},
+               {"N° rec. Tipo G", "000000000"},
+               {"N° rec. Tipo H", h},
+               {"N° rec. Tipo L", "000000000"},
+               {"Filler 6", "A"}});
+}
+
 std::string senzaFine(std::string linea) {
   linea.resize(1898);
   return linea;
