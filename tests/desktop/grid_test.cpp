@@ -12,7 +12,7 @@
 #include "desktop/agreement_support.h"
 #include "desktop/grid_view.h"
 #include "desktop/screen_support.h"
-#include "host/error.h"
+#include "base/error.h"
 
 namespace cu::test {
 namespace {
