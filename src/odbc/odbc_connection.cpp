@@ -95,7 +95,8 @@ struct OdbcConnection::State {
   void login();
   void beginStatement();
   void reviveIfLost() {
-    if (lost) login();
+    // The way may have been broken behind the last statement, while what was left of it was given up.
+    if (lost || watchdog.hasBitten()) login();
   }
   void run(std::string_view statement, RowStore* rows);
   void results(RowStore* rows);

@@ -111,6 +111,24 @@ TEST_P(Departures, BehindAWholeResultTakeNothingFromIt) {
   EXPECT_STREQ(errorOf([&] { query(*connection, "SELECT dopo"); }).what(), kDropped);
 }
 
+// The result is given up for an amount that the program does not take, the rest of it never comes.
+TEST_P(Departures, WhileTheRestOfAResultIsGivenUpCostNoFurtherStatement) {
+  const TdsServer server([](std::string_view statement) {
+    if (statement == "SELECT troppo") {
+      std::string tokens = tds::columnOfAmounts("n");
+      for (int i = 0; i < 3000; ++i) tokens += tds::rowBeyondAll();
+      return Reply{tokens, Then::LeavesWhenCancelled};
+    }
+    return statement.empty() ? welcome() : numbers(1, true);
+  });
+  const auto connection = OdbcConnection::open(settingsOf(server, GetParam()), ignore);
+  std::optional<DatabaseError> error;
+  const Spent spent = spentOn([&] { error = errorOf([&] { query(*connection, "SELECT troppo"); }); });
+  EXPECT_STREQ(error->what(), "Un importo del risultato è fuori dai limiti del programma.");
+  EXPECT_LT(spent.clock, 5);
+  EXPECT_EQ(single(*connection, "SELECT resta"), "1");
+}
+
 TEST_P(Departures, DuringALoginAreToldAsSuch) {
   const TdsServer server([](std::string_view) { return Reply{"", Then::Leaves}; });
   std::optional<DatabaseError> error;

@@ -107,6 +107,7 @@ struct TdsServer::Client {
   Answer answer;
   SSL* tls = nullptr;
   bool encrypted = false;
+  bool leaving = false;  // with the next cancel
 };
 
 TdsServer::TdsServer(Sessions sessions, Tls tls) : sessions_(std::move(sessions)), tls_(tls) {
@@ -192,13 +193,19 @@ bool TdsServer::shakeHands(Client& client) {
 }
 
 bool TdsServer::obey(Client& client, const Packet& packet) {
+  if (packet.kind == kCancel && client.leaving) {
+    leave(client, Then::Leaves);
+    return false;
+  }
   if (packet.kind == kCancel) client.say(kReply, tds::cancelled());
   if (packet.kind == kLogin) client.answer = sessions_(databaseOf(packet.content));
   if (packet.kind != kLogin && packet.kind != kStatement) return true;
   const Reply reply = client.answer(packet.kind == kLogin ? std::string() : statementOf(packet.content));
   if (!reply.tokens.empty()) client.say(kReply, reply.tokens);
-  if (reply.then != Then::Stays) leave(client, reply.then);
-  return reply.then == Then::Stays;
+  client.leaving = reply.then == Then::LeavesWhenCancelled;
+  if (reply.then == Then::Stays || client.leaving) return true;
+  leave(client, reply.then);
+  return false;
 }
 
 bool TdsServer::receive(Client& client, std::size_t count, std::string& bytes) const {

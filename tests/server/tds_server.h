@@ -20,8 +20,9 @@ class TdsServer {
  public:
   enum class Then {
     Stays,
-    EndsTls,  // in order, by the alert that closes it; the stream stays open
-    Leaves,   // ends TLS in order, and the stream
+    EndsTls,              // in order, by the alert that closes it; the stream stays open
+    Leaves,               // ends TLS in order, and the stream
+    LeavesWhenCancelled,  // the same once the client gives up the rest
   };
   struct Reply {
     std::string tokens;

@@ -74,4 +74,14 @@ inline std::string columnOfNumbers(std::string_view name) {
 }
 inline std::string rowOf(std::uint32_t value) { return static_cast<char>(0xD1) + little(value, 4); }
 
+// The same with a column of amounts without decimals, and a row of it that no amount of the program takes.
+inline std::string columnOfAmounts(std::string_view name) {
+  constexpr char kNumeric[] = {'\x6C', '\x11', '\x26', '\x00'};
+  return static_cast<char>(0x81) + little(1, 2) + little(0, 4) + little(0, 2) + std::string(kNumeric, 4) +
+         counted(name, 1);
+}
+inline std::string rowBeyondAll() {
+  return static_cast<char>(0xD1) + std::string("\x11\x01") + std::string(15, '\xFF') + '\x0A';
+}
+
 }  // namespace cu::test::tds
