@@ -68,7 +68,8 @@ TEST(Terminal, NoFormIsShown) {
   Terminale terminale;
   Finestra finestra(terminale);
   EXPECT_THROW(finestra.show(), std::logic_error);
-  EXPECT_THROW(finestra.showModal(), std::logic_error);
+  Finestra dialogo(terminale);
+  EXPECT_THROW(dialogo.showModal(), std::logic_error);
 }
 
 }  // namespace

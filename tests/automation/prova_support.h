@@ -86,8 +86,12 @@ class FrmProva : public Form {
     tabella.answerContaining("Codice = 'Z'", Table({"IDReparto", "Codice", "Reparto"}, {}));
     tabella.answerContaining("IDReparto = 9", Table({"IDReparto", "Codice", "Reparto"}, {}));
     tabella.refuseContaining("Codice = 'GUASTO'");
-    selReparto.bind(tabella, {"Reparti", "Codice", "Reparto", "IDReparto", "Codice", "Reparto",
-                              "IDAzienda = 1", "Reparti", false, true});
+    selReparto.bind(tabella, {{"Reparti", "Codice", "Reparto", "IDReparto", "IDAzienda = 1"},
+                              "Codice",
+                              "Reparto",
+                              "Reparti",
+                              false,
+                              true});
     selReparto.onChange = [this] { nota("reparto " + selReparto.code()); };
     tabella.answer("Righe", Table({"ID", "Nome", "Importo", "Scelto"},
                                   {{whole(1), text("Alfa"), amount("1234.5"), whole(1)},

@@ -71,7 +71,7 @@ class CommandAndDriver : public Guidato, public testing::WithParamInterface<unsi
     throw std::runtime_error("boxes without an end: " + risposta.dump());
   }
   void finisci() {
-    fai({{"do", "close"}, {"form", "frmWizard"}});
+    fai({{"do", "close"}, {"window", "frmWizard"}});
     processo_->chiudiIngresso();
     processo_->resto();
   }

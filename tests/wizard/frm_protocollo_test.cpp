@@ -7,6 +7,7 @@
 
 #include "support/scripted_front_end.h"
 #include "support/simple_utility.h"
+#include "worklist/riferimenti.h"
 
 namespace cu::test {
 namespace {
