@@ -9,10 +9,10 @@
 #include <QSettings>
 #include <QTest>
 
+#include "base/error.h"
 #include "desktop/agreement_support.h"
 #include "desktop/grid_view.h"
 #include "desktop/screen_support.h"
-#include "base/error.h"
 
 namespace cu::test {
 namespace {
