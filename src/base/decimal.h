@@ -42,7 +42,7 @@ class Decimal {
   friend Decimal operator+(Decimal a, Decimal b);
   friend Decimal operator-(Decimal a, Decimal b);
   friend Decimal operator-(Decimal a);
-  friend constexpr auto operator<=>(Decimal a, Decimal b) = default;
+  friend constexpr auto operator<=>(Decimal a, Decimal b) = default;  // NOLINT(modernize-use-nullptr)
 
  private:
   std::int64_t scaled_ = 0;

@@ -10,7 +10,7 @@ namespace cu::desktop {
 namespace {
 
 // One line that is cut where the window is too narrow; the tooltip then has the whole text.
-class Line : public QLabel {
+class FootLine : public QLabel {
  public:
   using QLabel::QLabel;
   QSize minimumSizeHint() const override { return {60, QLabel::minimumSizeHint().height()}; }
@@ -60,7 +60,7 @@ class PathLink : public QToolButton {
 Foot::Foot(QWidget* parent, std::function<void(const QString&)> open)
     : QWidget(parent),
       open_(std::move(open)),
-      words_(new Line(this)),
+      words_(new FootLine(this)),
       file_(link(QStringLiteral("Apri"), QStringLiteral("apriFile"))),
       folder_(link(QStringLiteral("Apri la cartella"), QStringLiteral("apriCartella"))),
       bar_(new QProgressBar(this)) {
@@ -108,7 +108,7 @@ void Foot::offer(QToolButton& link, const QString& path) {
   link.setVisible(!path.isEmpty());
 }
 
-QString Foot::words() const { return static_cast<const Line*>(words_)->whole(); }
+QString Foot::words() const { return static_cast<const FootLine*>(words_)->whole(); }
 
 void Foot::tell(const QString& what, std::size_t done, std::size_t total) {
   working_ = true;
@@ -120,7 +120,7 @@ void Foot::tell(const QString& what, std::size_t done, std::size_t total) {
   } else {
     bar_->setRange(0, 0);
   }
-  static_cast<Line*>(words_)->setWhole(words);
+  static_cast<FootLine*>(words_)->setWhole(words);
   offer(*file_, {});
   offer(*folder_, {});
   bar_->setVisible(true);
@@ -128,7 +128,7 @@ void Foot::tell(const QString& what, std::size_t done, std::size_t total) {
 
 void Foot::rest(const Status& status) {
   working_ = false;
-  static_cast<Line*>(words_)->setWhole(status.words());
+  static_cast<FootLine*>(words_)->setWhole(status.words());
   offer(*file_, status.file());
   offer(*folder_, status.folder());
   bar_->setRange(0, 100);

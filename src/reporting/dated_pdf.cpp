@@ -8,12 +8,10 @@
 namespace cu::reporting {
 namespace {
 
-using std::string_view_literals::operator""sv;
-
 // A date of creation is "(D:20180305103000+01'00')"; of a zone without an offset it is "(D:20180305103000Z)".
 constexpr std::string_view kDate = "/CreationDate (D:";
 constexpr qsizetype kRoom = 3;  // characters of two bytes, for the six that "Z" is shorter
-constexpr std::string_view kBlank = "\0 "sv;
+constexpr std::string_view kBlank{"\0 ", 2};
 constexpr std::string_view kBehindCreator = ")\n/Producer ";
 constexpr std::string_view kEndOfObject = "endobj";
 
