@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTreeView>
 
 #include "controls/form.h"
@@ -84,6 +85,12 @@ class Kinds : public QFileIconProvider {
                                    : QStringLiteral("File ") + file.suffix().toUpper();
   }
 };
+
+// The ending in a filter such as "File PDF (*.pdf)"; empty where it has none.
+QString endingOf(const QString& filter) {
+  static const QRegularExpression kPattern(QStringLiteral("\\*\\.(\\w+)"));
+  return kPattern.match(filter).captured(1);
+}
 
 // Wide enough for captions and dates to be read whole.
 void makeReadable(QFileDialog& dialog, Kinds& kinds) {
@@ -184,6 +191,8 @@ std::optional<std::string> QtFrontEnd::chooseFileToSave(const std::string& title
   Kinds kinds;
   QFileDialog dialog(parentForDialog(), shown(title), QString(), shown(filter));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
+  // Whether a file may be replaced is asked for the name that is written, which gets this ending.
+  dialog.setDefaultSuffix(endingOf(shown(filter)));
   makeReadable(dialog, kinds);
   if (!start.empty()) dialog.selectFile(shown(start));
   if (run(dialog) != QDialog::Accepted) return std::nullopt;

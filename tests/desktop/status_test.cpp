@@ -95,6 +95,34 @@ TEST(StatusLine, NamesTheFileOfAPrintAndOpensItAndItsFolder) {
   EXPECT_EQ(link(screen, "apriFile"), nullptr);
 }
 
+TEST(SaveDialog, AsksBeforeItReplacesTheFileOfANameTypedWithoutItsEnding) {
+  Screen screen(246, Profilo::MotoreStampa::Pdf);
+  screen.click("cmdNav(3)");
+  for (const auto& [output, ending] :
+       {std::pair{3, QStringLiteral(".pdf")}, std::pair{4, QStringLiteral(".xlsx")}}) {
+    const QString name = QDir(screen.documents()).filePath(QStringLiteral("altro"));
+    QFile before(name + ending);
+    ASSERT_TRUE(before.open(QIODevice::WriteOnly));
+    before.write("di prima");
+    before.close();
+    QString question;
+    screen.whenModal([&](QWidget& modal) {
+      saveAs(modal, name);
+      if (modal.isVisible()) modal.close();
+    });
+    screen.whenModal([&](QWidget& modal) {
+      question = boxText(modal);
+      QTest::keyClick(&modal, Qt::Key_Escape);
+    });
+    printTo(screen, output);
+    EXPECT_TRUE(screen.allAnswered());
+    screen.forgetModals();
+    EXPECT_TRUE(question.contains(QStringLiteral("altro") + ending)) << question.toStdString();
+    ASSERT_TRUE(before.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(before.readAll() == "di prima");
+  }
+}
+
 TEST(StatusLine, AFormIsShownByTheWindowItselfWhateverItsNameEndsWith) {
   Screen screen(247, Profilo::MotoreStampa::Pdf);
   Opener opener;
