@@ -60,15 +60,27 @@ void GridTable::currentChanged(const QModelIndex& current, const QModelIndex& pr
   if (!setting_ && current.isValid() && current.row() != previous.row()) view_.rowChosen(current.row());
 }
 
-// Ctrl with an arrow, Home or End moves far, and takes the highlight along.
+// Ctrl with Home or End goes to the first or last row; the toolkit would go to the last column as well, and
+// scroll the first ones out of sight.
+QModelIndex GridTable::moveCursor(CursorAction action, Qt::KeyboardModifiers held) {
+  const bool far = held.testFlag(Qt::ControlModifier) && (action == MoveHome || action == MoveEnd);
+  const QModelIndex current = currentIndex();
+  if (!far || !current.isValid()) return QTableView::moveCursor(action, held);
+  return model()->index(action == MoveHome ? 0 : model()->rowCount() - 1, current.column());
+}
+
+// Ctrl with an arrow, Home or End moves far, and takes the highlight along; with Shift it highlights all rows
+// up to there.
 QItemSelectionModel::SelectionFlags GridTable::selectionCommand(const QModelIndex& index,
                                                                 const QEvent* event) const {
-  if (event != nullptr && event->type() == QEvent::KeyPress &&
-      static_cast<const QKeyEvent*>(event)->modifiers().testFlag(Qt::ControlModifier) &&
-      !static_cast<const QKeyEvent*>(event)->modifiers().testFlag(Qt::ShiftModifier)) {
-    return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+  if (event == nullptr || event->type() != QEvent::KeyPress) {
+    return QTableView::selectionCommand(index, event);
   }
-  return QTableView::selectionCommand(index, event);
+  const Qt::KeyboardModifiers held = static_cast<const QKeyEvent*>(event)->modifiers();
+  if (!held.testFlag(Qt::ControlModifier)) return QTableView::selectionCommand(index, event);
+  return (held.testFlag(Qt::ShiftModifier) ? QItemSelectionModel::SelectCurrent
+                                           : QItemSelectionModel::ClearAndSelect) |
+         QItemSelectionModel::Rows;
 }
 
 // A click with Ctrl may have taken the highlight from the current row: the nearest highlighted one becomes

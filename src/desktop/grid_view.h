@@ -19,6 +19,7 @@ class GridTable : public QTableView {
   void setCurrent(int row);  // without a person's event
 
  protected:
+  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers held) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                        const QEvent* event) const override;

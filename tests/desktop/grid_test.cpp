@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScrollBar>
 #include <QSettings>
 #include <QTest>
 
@@ -295,6 +296,29 @@ TEST_F(GridWindow, TheCurrentRowIsAlwaysHighlighted) {
   ctrlClick(5);
   EXPECT_EQ(grid().row(), 3U) << "the one that is left";
   EXPECT_EQ(table().selectionModel()->selectedRows().size(), 1);
+}
+
+TEST_F(GridWindow, CtrlShiftEndAndHomeHighlightTheRowsUpToThere) {
+  const auto rows = [&] { return static_cast<std::size_t>(table().selectionModel()->selectedRows().size()); };
+  const QScrollBar& across = *table().horizontalScrollBar();
+  ASSERT_GT(across.maximum(), 0);
+  table().setFocus();
+  screen.key(Qt::Key_Down);
+  screen.key(Qt::Key_Down);
+  screen.key(Qt::Key_End, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(rows(), grid().rowCount() - 2);
+  EXPECT_EQ(grid().row(), grid().rowCount());
+  EXPECT_EQ(across.value(), 0) << "the first columns stay in sight";
+  screen.key(Qt::Key_Home, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(rows(), 3U);
+  EXPECT_EQ(grid().row(), 1U);
+  screen.key(Qt::Key_Space);
+  EXPECT_EQ(count(), "[ " + std::to_string(grid().rowCount() - 3) + " ]");
+  screen.key(Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(rows(), 1U);
+  EXPECT_EQ(grid().row(), grid().rowCount());
+  EXPECT_EQ(across.value(), 0);
+  expectAgreement();
 }
 
 TEST_F(GridWindow, WidthsAndOrderAreThePersonsAndTheModelKeepsItsOwn) {
