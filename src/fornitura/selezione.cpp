@@ -62,9 +62,8 @@ Result<> controllaCodiceIntermediario(const std::string& codiceFiscale) {
   return controllaTesto("frmWizard.txtCodiceFiscale", codiceFiscale, kMassimoCodiceIntermediario, nullptr);
 }
 
-Result<> correggiRiferimenti(Compensi& compensi, const RichiestaRiferimenti& richiesta) {
-  compensi.sbAggiornaProtocolli(richiesta.protocollo, richiesta.progressivo, richiesta.sovrascrivi);
-  return Done{};
+Result<std::size_t> correggiRiferimenti(Compensi& compensi, const RichiestaRiferimenti& richiesta) {
+  return compensi.sbAggiornaProtocolli(richiesta.protocollo, richiesta.progressivo, richiesta.sovrascrivi);
 }
 
 Result<> correggi(Compensi& compensi) {
@@ -72,9 +71,6 @@ Result<> correggi(Compensi& compensi) {
   return Done{};
 }
 
-Result<> memorizza(Compensi& compensi) {
-  compensi.sbMemorizzaModifiche();
-  return Done{};
-}
+Result<std::size_t> memorizza(Compensi& compensi) { return compensi.sbMemorizzaModifiche(); }
 
 }  // namespace cu::fornitura

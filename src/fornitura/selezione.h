@@ -30,7 +30,8 @@ struct RichiestaRiferimenti {
 };
 // Refused where the boxes would not take the texts as they are.
 Result<> controllaRiferimenti(const RichiestaRiferimenti& richiesta);
-Result<> correggiRiferimenti(Compensi& compensi, const RichiestaRiferimenti& richiesta);
+// Returns how many lines have got one or both.
+Result<std::size_t> correggiRiferimenti(Compensi& compensi, const RichiestaRiferimenti& richiesta);
 
 inline constexpr std::size_t kMassimoCodiceIntermediario = 16;
 // Refused where the box of the intermediary would not take the text as it is.
@@ -39,7 +40,7 @@ Result<> controllaCodiceIntermediario(const std::string& codiceFiscale);
 // Brings the current line, as it was corrected in memory, to the work table.
 Result<> correggi(Compensi& compensi);
 
-// Brings what was corrected on the selected lines to the accounts.
-Result<> memorizza(Compensi& compensi);
+// Brings what was corrected on the selected lines to the accounts; returns how many accounts.
+Result<std::size_t> memorizza(Compensi& compensi);
 
 }  // namespace cu::fornitura

@@ -11,6 +11,12 @@ namespace {
 
 constexpr std::int16_t kSpazio = 32;
 
+std::string fnEsitoRiferimenti(std::size_t righe) {
+  if (righe == 0) return "Nessuna riga ha ricevuto i riferimenti: nessuna è scelta, o li avevano già.";
+  if (righe == 1) return "I riferimenti sono stati scritti in una riga.";
+  return "I riferimenti sono stati scritti in " + fromInteger(static_cast<std::int64_t>(righe)) + " righe.";
+}
+
 }  // namespace
 
 void FrmWizard::collegaGriglia() {
@@ -79,9 +85,10 @@ void FrmWizard::protocolli() {
   FrmProtocollo dialogo(ambiente_.frontEnd, ambiente_.utilita);
   dialogo.showModal();
   if (!dialogo.OK()) return;
-  accolto(fornitura::correggiRiferimenti(compensi_, {.protocollo = dialogo.Protocollo(),
-                                                     .progressivo = dialogo.Progressivo(),
-                                                     .sovrascrivi = dialogo.Sovrascrivi()}));
+  const auto righe = fornitura::correggiRiferimenti(compensi_, {.protocollo = dialogo.Protocollo(),
+                                                                .progressivo = dialogo.Progressivo(),
+                                                                .sovrascrivi = dialogo.Sovrascrivi()});
+  if (accolto(righe)) ambiente_.frontEnd.told(fnEsitoRiferimenti(*righe));
 }
 
 }  // namespace cu

@@ -8,6 +8,16 @@
 #include "worklist/tabella_lavoro.h"
 
 namespace cu {
+namespace {
+
+std::string fnEsitoMemorizzazione(std::size_t conti) {
+  if (conti == 0) return "Nessun conto è cambiato: nessuna riga scelta era stata corretta.";
+  if (conti == 1) return "Le correzioni sono state memorizzate in un conto.";
+  return "Le correzioni sono state memorizzate in " + fromInteger(static_cast<std::int64_t>(conti)) +
+         " conti.";
+}
+
+}  // namespace
 
 void FrmWizard::sbVaiAlPasso(std::int16_t nPasso, Direzione nDirezione) {
   const int salto = modoCU() ? 1 : 2;
@@ -62,8 +72,11 @@ bool FrmWizard::preparaPasso0(Direzione nDirezione) {
                                      .icon = BoxIcon::Question,
                                      .buttons = BoxButtons::YesNoCancel,
                                      .byDefault = Answer::Yes});
-  if (risposta == Answer::Yes) return accolto(fornitura::memorizza(compensi_));
-  return risposta != Answer::Cancel;
+  if (risposta != Answer::Yes) return risposta != Answer::Cancel;
+  const auto conti = fornitura::memorizza(compensi_);
+  if (!accolto(conti)) return false;
+  ambiente_.frontEnd.told(fnEsitoMemorizzazione(*conti));
+  return true;
 }
 
 bool FrmWizard::preparaPasso1(Direzione nDirezione) {

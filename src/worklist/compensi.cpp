@@ -173,14 +173,14 @@ void Compensi::sbAggiornaRiga() {
   if (cambiata && rsCompensi_.Get("Modificato").flag()) nonMemorizzate_.insert(rsCompensi_.Bookmark());
 }
 
-void Compensi::sbMemorizzaModifiche() {
+std::size_t Compensi::sbMemorizzaModifiche() {
   avanzamento_.setPointer(kPointerHourglass);
   avanzamento_.progress("Memorizzazione delle modifiche nei conti", 0, 0);
   const std::int64_t conti = sullaTabella([&] { return interna().Execute(fnAggiornaConti(tabella_)); });
   const std::int64_t dati =
       sullaTabella([&] { return interna().Execute(fnAggiornaDatiAggiuntivi(tabella_)); });
   avanzamento_.setPointer(kPointerDefault);
-  if (!rsCompensi_.IsOpen()) return;
+  if (!rsCompensi_.IsOpen()) return 0;
   const std::int64_t attese = contaInMemoria("Modificato <> 0 AND Selezionato <> 0");
   for (const std::int64_t righe : {conti, dati}) {
     if (righe >= 0 && righe != attese) throw Error(kErrorRowGone, fnCorrezioniMancanti(righe, attese));
@@ -191,11 +191,13 @@ void Compensi::sbMemorizzaModifiche() {
     righe->SetBookmark(riga);
     return righe->Get("Selezionato").flag();
   });
+  return static_cast<std::size_t>(attese);
 }
 
-void Compensi::sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo,
-                                    bool sovrascrivi) {
-  if (!rsCompensi_.IsOpen() || rsCompensi_.RecordCount() == 0) return;
+std::size_t Compensi::sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo,
+                                           bool sovrascrivi) {
+  if (!rsCompensi_.IsOpen() || rsCompensi_.RecordCount() == 0) return 0;
+  std::size_t riempite = 0;
   const bool suUnaRiga = !rsCompensi_.Bof() && !rsCompensi_.Eof();
   const Recordset::RowMark segnalibro = suUnaRiga ? rsCompensi_.Bookmark() : 0;
   const auto torna = [&] {
@@ -208,23 +210,28 @@ void Compensi::sbAggiornaProtocolli(const std::string& protocollo, const std::st
     for (rsCompensi_.MoveFirst(); !rsCompensi_.Eof(); rsCompensi_.MoveNext()) {
       avanzamento_.progress("Aggiornamento dei riferimenti", rsCompensi_.AbsolutePosition(), righe);
       if (!rsCompensi_.Get("Selezionato").flag()) continue;
-      rsCompensi_.Attempt([&] { scriviProtocolli(protocollo, progressivo, sovrascrivi); });
+      rsCompensi_.Attempt([&] {
+        if (scriviProtocolli(protocollo, progressivo, sovrascrivi)) ++riempite;
+      });
     }
   } catch (...) {
     torna();
     throw;
   }
   torna();
+  return riempite;
 }
 
-void Compensi::scriviProtocolli(const std::string& protocollo, const std::string& progressivo,
+bool Compensi::scriviProtocolli(const std::string& protocollo, const std::string& progressivo,
                                 bool sovrascrivi) {
   bool riempito = false;
+  bool ricevuto = false;
   const auto riempi = [&](const char* campo, const std::string& valore) {
     if (!sovrascrivi && !trim(utilita_.toText(rsCompensi_.Get(campo))).empty()) return;
     rsCompensi_.Set(campo, Value::ofText(valore));
     rsCompensi_.Set("Modificato", Value::ofFlag(true));
     riempito = true;
+    ricevuto = ricevuto || !trim(valore).empty();
   };
   riempi("ProtocolloAnnSost", protocollo);
   riempi("ProgressivoAnnSost", progressivo);
@@ -236,6 +243,7 @@ void Compensi::scriviProtocolli(const std::string& protocollo, const std::string
                   ", Modificato = " + fromInteger(modificato < 0 ? -modificato : modificato) +
                   fnChiaveRiga(rsCompensi_));
   if (riempito) nonMemorizzate_.insert(rsCompensi_.Bookmark());
+  return ricevuto;
 }
 
 }  // namespace cu

@@ -59,12 +59,13 @@ class Compensi {
   // The current row goes to an editor; and comes to the work table as the editor left it.
   void sbApriRiga();
   void sbAggiornaRiga();
-  // Brings the changed and selected rows to the accounts.
-  void sbMemorizzaModifiche();
+  // Brings the changed and selected rows to the accounts; returns how many.
+  std::size_t sbMemorizzaModifiche();
   // Rows changed whose present values no write-back has brought to the accounts.
   std::size_t nonMemorizzate() const { return nonMemorizzate_.size(); }
-  // The same pair of references on all selected rows.
-  void sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo, bool sovrascrivi);
+  // The same pair of references on all selected rows; returns how many rows have got one or both.
+  std::size_t sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo,
+                                   bool sovrascrivi);
 
  private:
   class Pausa;
@@ -79,7 +80,7 @@ class Compensi {
   void mostra();
   void mostraMemoria();  // count and rows as the recordset has them
   void mostraConteggio(std::int64_t righe);
-  void scriviProtocolli(const std::string& protocollo, const std::string& progressivo, bool sovrascrivi);
+  bool scriviProtocolli(const std::string& protocollo, const std::string& progressivo, bool sovrascrivi);
 
   const Conversioni& utilita_;
   ProgressSink& avanzamento_;

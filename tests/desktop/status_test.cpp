@@ -193,6 +193,26 @@ TEST(StatusLine, TheRunSaysWhatCameOfIt) {
   EXPECT_EQ(meanwhile, words(screen)) << "the notice does not wait for its end";
 }
 
+// In the editor of the grid's current row.
+void correctARow(Screen& screen) {
+  screen.whenModal([&](QWidget&) {
+    screen.type("curField(19)", "20000");
+    screen.key(Qt::Key_Return);
+  });
+  screen.find<QWidget>("grdCompensi")->setFocus();
+  screen.key(Qt::Key_Return);
+  ASSERT_TRUE(screen.allAnswered());
+}
+
+TEST(StatusLine, SaysHowManyAccountsWereStoredOnTheWayBack) {
+  Screen screen;
+  screen.toGrid();
+  correctARow(screen);
+  screen.whenModal([](QWidget& modal) { pressButton(modal, "Sì"); });
+  screen.click("cmdNav(2)");
+  EXPECT_EQ(words(screen), "Le correzioni sono state memorizzate in un conto.");
+}
+
 TEST(StatusLine, IsCutInANarrowWindowAndToldWholeByItsTooltip) {
   Screen screen;
   screen.form().cmdOpzioni.onClick = [&] { screen.frontEnd().told(std::string(300, 'x') + " < & fine."); };

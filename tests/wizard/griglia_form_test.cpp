@@ -362,6 +362,28 @@ TEST_F(ReferencesButton, HandsOverWhetherPresentOnesAreReplaced) {
                                                    " ProgressivoAnnSost = '', Modificato = 1 ")));
 }
 
+TEST_F(ReferencesButton, TellsHowManyRowsHaveGotThePair) {
+  vai(1);
+  const auto scrivi = [&](const char* protocollo, bool sovrascrivi) {
+    frontEnd.facts.clear();
+    frontEnd.modals.push_back([&](Form& form) {
+      auto& dialogo = dynamic_cast<FrmProtocollo&>(form);
+      dialogo.txtProtocollo.enter(protocollo);
+      if (!sovrascrivi) dialogo.chkSovrascrivi.click();
+      dialogo.cmdOk.click();
+    });
+    premi(form().cmdProtocollo);
+  };
+  scrivi("12", true);
+  EXPECT_THAT(frontEnd.facts, ElementsAre("I riferimenti sono stati scritti in una riga."));
+  scrivi("13", false);
+  EXPECT_THAT(frontEnd.facts,
+              ElementsAre("Nessuna riga ha ricevuto i riferimenti: nessuna è scelta, o li avevano già."));
+  premi(form().cmdSelect[0]);
+  scrivi("14", true);
+  EXPECT_THAT(frontEnd.facts, ElementsAre("I riferimenti sono stati scritti in 2 righe."));
+}
+
 TEST_F(ReferencesButton, ChangesNothingUnlessTheDialogIsConfirmed) {
   vai(1);
   frontEnd.modals.push_back([](Form& form) {

@@ -231,6 +231,25 @@ TEST_F(Steps, BackFromTheGridWithYesWritesBack) {
                                         StartsWith("EXEC('MERGE INTO ContoIndividualeDatiAggiuntivi ")));
 }
 
+TEST_F(Steps, BackFromTheGridWithYesTellsHowManyAccountsWereStored) {
+  const char* const esiti[] = {"Nessun conto è cambiato: nessuna riga scelta era stata corretta.",
+                               "Le correzioni sono state memorizzate in un conto.",
+                               "Le correzioni sono state memorizzate in 2 conti."};
+  for (std::size_t corrette = 0; corrette < std::size(esiti); ++corrette) {
+    righe({workRow(1, 1, {{"Modificato", whole(corrette > 0 ? 1 : 0)}}),
+           workRow(2, 1, {{"Modificato", whole(corrette > 1 ? 1 : 0)}}),
+           workRow(3, 1, {{"Modificato", whole(1)}, {"Selezionato", whole(0)}})});
+    for (const char* istruzione : {"UPDATE ContoIndividuale SET", "MERGE INTO"}) {
+      database.internal.touchContaining(istruzione, static_cast<std::int64_t>(corrette));
+    }
+    vaiAllaGriglia();
+    frontEnd.facts.clear();
+    frontEnd.answers = {Answer::Yes};
+    premi(form().cmdNav[2]);
+    EXPECT_THAT(frontEnd.facts, ElementsAre(esiti[corrette]));
+  }
+}
+
 TEST_F(Steps, BackFromTheGridWithNoWritesNothing) {
   vaiAllaGriglia();
   dimentica();
