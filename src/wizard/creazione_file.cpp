@@ -9,21 +9,38 @@
 
 namespace cu {
 
-bool FrmWizard::fnCreaFileCU() {
+// An error that rises before the file is begun.
+template <class Azione>
+auto FrmWizard::primaDelFile(const Azione& azione) {
+  try {
+    return azione();
+  } catch (...) {
+    ambiente_.frontEnd.told("Il file telematico non è stato creato.");
+    throw;
+  }
+}
+
+Result<fornitura::Controllo> FrmWizard::preparaFile(std::unique_ptr<LogGrid>& oLogGrid) {
   FrontEnd& schermo = ambiente_.frontEnd;
-  if (!accolto(fornitura::memorizza(compensi_))) return false;
+  static_cast<void>(fornitura::memorizza(compensi_));
   schermo.setPointer(kPointerHourglass);
   sbSalvaIntermediario();
 
-  const std::unique_ptr<LogGrid> oLogGrid = ambiente_.factory.createLogGrid();
+  oLogGrid = ambiente_.factory.createLogGrid();
   schermo.progress("Controllo dei dati", 0, 0);
-  const auto controllo = fornitura::controlla(intorno(),
-                                              {.dataFirma = dtDataFirma.entered(),
-                                               .usoIntermediari = chkIntermediari.value(),
-                                               .codiceFiscaleIntermediario = txtCodiceFiscale.text(),
-                                               .dataImpegno = dtDataImpegno.entered()},
-                                              globali_.gTabellaLavoro);
+  auto controllo = fornitura::controlla(intorno(),
+                                        {.dataFirma = dtDataFirma.entered(),
+                                         .usoIntermediari = chkIntermediari.value(),
+                                         .codiceFiscaleIntermediario = txtCodiceFiscale.text(),
+                                         .dataImpegno = dtDataImpegno.entered()},
+                                        globali_.gTabellaLavoro);
   fornitura::riempiLog(*oLogGrid, globali_.gSessione->IDUtente(), controllo->mancanti);
+  return controllo;
+}
+
+bool FrmWizard::fnCreaFileCU() {
+  std::unique_ptr<LogGrid> oLogGrid;
+  const auto controllo = primaDelFile([&] { return preparaFile(oLogGrid); });
   // The run stays on this step unless it succeeds: what it has made or met in the folder is noted there.
   const std::string sNomeFile = fornitura::fnNomeFile(controllo->sCodFisc, KRNCboEsCont0.text());
   try {
@@ -45,7 +62,7 @@ bool FrmWizard::fnEsegui(const Result<fornitura::Controllo>& controllo, LogGrid&
     segnalaDatoMancante();
     return false;
   }
-  if (!controllaDate()) {
+  if (!primaDelFile([this] { return controllaDate(); })) {
     schermo.told("Il file telematico non è stato creato.");
     return false;
   }

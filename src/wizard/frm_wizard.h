@@ -190,6 +190,10 @@ class FrmWizard : public Form {
 
   // The telematic file.
   bool fnCreaFileCU();
+  template <class Azione>
+  auto primaDelFile(const Azione& azione);
+  // Corrections and intermediary are stored, the data checked.
+  Result<fornitura::Controllo> preparaFile(std::unique_ptr<LogGrid>& oLogGrid);
   bool fnEsegui(const Result<fornitura::Controllo>& controllo, LogGrid& oLogGrid);  // what follows the checks
   void segnalaDatoMancante();
   bool controllaDate();

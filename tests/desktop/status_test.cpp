@@ -12,9 +12,11 @@
 #include <QTextBrowser>
 #include <QToolButton>
 
+#include "apps/comune/connessioni.h"
 #include "desktop/foot.h"
 #include "desktop/preview_dialog.h"
 #include "desktop/screen_support.h"
+#include "worklist/tabella_lavoro.h"
 
 namespace cu::test {
 namespace {
@@ -211,6 +213,24 @@ TEST(StatusLine, SaysHowManyAccountsWereStoredOnTheWayBack) {
   screen.whenModal([](QWidget& modal) { pressButton(modal, "Sì"); });
   screen.click("cmdNav(2)");
   EXPECT_EQ(words(screen), "Le correzioni sono state memorizzate in un conto.");
+}
+
+// Another session has taken the corrected row out of the work table.
+TEST(StatusLine, SaysThatThereIsNoFileWhenAnErrorCameFirst) {
+  Screen screen;
+  screen.toGrid();
+  correctARow(screen);
+  creaConnessione(screen.profile().database)
+      ->Execute("DELETE FROM " + fnNomeTabellaLavoro(12) + " WHERE Modificato <> 0");
+  screen.click("cmdNav(3)");
+  QString box;
+  screen.whenModal([&](QWidget& modal) {
+    box = modal.objectName();
+    QTest::keyClick(&modal, Qt::Key_Escape);
+  });
+  screen.click("cmdNav(4)");
+  EXPECT_EQ(box, "errore");
+  EXPECT_EQ(words(screen), "Il file telematico non è stato creato.");
 }
 
 TEST(StatusLine, IsCutInANarrowWindowAndToldWholeByItsTooltip) {

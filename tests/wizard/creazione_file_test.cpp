@@ -264,6 +264,18 @@ TEST_F(FileRun, ADatabaseErrorRisesAndWhatWasStoredStays) {
   EXPECT_TRUE(factory.logs[0].released);
 }
 
+TEST_F(FileRun, AnErrorThatRisesBeforeTheFileSaysThatThereIsNone) {
+  certificati(1);
+  vaiAllaFine();
+  for (const char* istruzione : {"AS CodFisc", "EXEC('MERGE INTO", "UPDATE ContoIndividuale SET"}) {
+    database.internal.refuseContaining(istruzione, DatabaseErrorKind::Locked, "Occupato.");
+    frontEnd.facts.clear();
+    avviaRun();
+    EXPECT_THAT(frontEnd.facts, ElementsAre("Il file telematico non è stato creato.")) << istruzione;
+  }
+  EXPECT_THAT(frontEnd.errors, SizeIs(3));
+}
+
 TEST_F(FileRun, TheGridIsLoadedAnewForTheNextRun) {
   certificati(1);
   vaiAllaFine();
