@@ -75,6 +75,7 @@ class EditorCompenso : public Editor {
   void blocca(Casella& casella);
   void sbRicalcolaAmmontareLordo();
   void conferma();
+  void memorizzaRiga();
   void annulla();
   void riscriviRiga();
   void diceNonRiscritta();

@@ -22,15 +22,29 @@ void EditorCompenso::conferma() {
     dati_.ComuneResidenzaAnnoPrec = TownComuneResidenzaAnnoPrec->text();
     dati_.ComuneResidenzaAnnoCorr = TownComuneResidenzaAnnoCorr->text();
   }
-  recordset_->Attempt([this] {
-    if (RigaModificata) riscriviRiga();
-    sbSalvaModuli();
-    mostraConteggio();
-    if (onConfirm) onConfirm();
-  });
+  memorizzaRiga();
   if (!RigaModificata) diceNonRiscritta();
   ok_ = true;
   unload();
+}
+
+// An error finds the pointer in its box as it was before.
+void EditorCompenso::memorizzaRiga() {
+  const int puntatore = frontEnd().pointer();
+  frontEnd().setPointer(kPointerHourglass);
+  frontEnd().progress("Memorizzazione della riga", 0, 0);
+  try {
+    recordset_->Attempt([this] {
+      if (RigaModificata) riscriviRiga();
+      sbSalvaModuli();
+      mostraConteggio();
+      if (onConfirm) onConfirm();
+    });
+  } catch (...) {
+    frontEnd().setPointer(puntatore);
+    throw;
+  }
+  frontEnd().setPointer(puntatore);
 }
 
 std::string EditorCompenso::impronta() const {

@@ -277,5 +277,25 @@ TEST(Hourglass, GoesWhileTheRunAsksAndWhenItEnds) {
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
+// What is queued runs while the window is drawn, just before the statements.
+TEST(Hourglass, StandsWhileAnEditorsRowIsStored) {
+  Screen screen;
+  screen.inEditor("2016", [&] {
+    screen.type("curField(19)", "20000");
+    QString meanwhile;
+    std::optional<Qt::CursorShape> shape;
+    QTimer::singleShot(0, &screen.window(), [&] {
+      meanwhile = words(screen);
+      if (QApplication::overrideCursor() != nullptr) shape = QApplication::overrideCursor()->shape();
+    });
+    screen.click("cmdOk");
+    EXPECT_EQ(screen.top(), &screen.window());
+    EXPECT_EQ(meanwhile, "Memorizzazione della riga");
+    EXPECT_EQ(shape, Qt::WaitCursor);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  });
+  EXPECT_EQ(words(screen), "Pronto");
+}
+
 }  // namespace
 }  // namespace cu::test

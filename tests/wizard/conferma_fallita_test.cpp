@@ -55,6 +55,23 @@ TEST_F(FailingSave, LeavesTheEditorOpenWithWhatWasTypedAndTheRowAsItWas) {
   EXPECT_THAT(istruzioni().back(), HasSubstr(" RitenuteAcconto = 5,"));
 }
 
+TEST_F(FailingSave, HasThePointerBackBeforeItsErrorIsShown) {
+  vai(2016);
+  database.internal.refuseContaining("SET ProtocolloAnnSost", DatabaseErrorKind::Locked, "Occupato.");
+  frontEnd.modals.push_back([&](Form& editor) {
+    auto& ok = dynamic_cast<Button&>(*editor.find("cmdOk"));
+    frontEnd.seen.clear();
+    premi(ok);
+    ASSERT_THAT(frontEnd.errors, SizeIs(1));
+    EXPECT_EQ(frontEnd.pointer(), kPointerDefault);
+    database.internal.answerContaining("SET ProtocolloAnnSost", Table());
+    premi(ok);
+    EXPECT_EQ(frontEnd.pointer(), kPointerDefault);
+    EXPECT_THAT(frontEnd.seen, ElementsAre("Memorizzazione della riga 11"));
+  });
+  frontEnd.runEvent([&] { form().grdCompensi.doubleClick(2); });
+}
+
 TEST_F(FailingSave, ThatIsGivenUpLeavesTheRowAsItWas) {
   vai(2016);
   database.internal.touchContaining("SET ProtocolloAnnSost", 0);
