@@ -105,15 +105,20 @@ Result<> stampaModuli(const Ambiente& ambiente, Compensi& compensi, const Richie
   if (righe.RecordCount() > 0) righe.MoveFirst();
   eseguiRicorsione(ambiente, ricorsione::elimina(idUtente));
   const std::size_t quante = righe.RecordCount();
+  // One print of all forms takes its time behind the rows, which are quickly put together.
+  const char* const lavoro = richiesta.cumulativa ? "Preparazione dei moduli" : "Stampa dei moduli";
   for (; !righe.Eof(); righe.MoveNext()) {
     ambiente.avanzamento.setPointer(kPointerHourglass);
-    ambiente.avanzamento.progress("Stampa dei moduli", righe.AbsolutePosition(), quante);
+    ambiente.avanzamento.progress(lavoro, righe.AbsolutePosition(), quante);
     if (!righe.Get("Selezionato").flag()) continue;
     if (!richiesta.cumulativa) eseguiRicorsione(ambiente, ricorsione::elimina(idUtente));
     eseguiRicorsione(ambiente, ricorsione::inserisci(righe, corsa, ambiente.utilita));
     if (!richiesta.cumulativa) esito = inFile(nome().diRiga(righe, ambiente.utilita));
   }
-  if (richiesta.cumulativa) esito = inFile(nome().cumulativo());
+  if (richiesta.cumulativa) {
+    ambiente.avanzamento.progress("Stampa dei moduli", 0, 0);
+    esito = inFile(nome().cumulativo());
+  }
   return esito;
 }
 

@@ -13,6 +13,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 using testing::SizeIs;
 
 class Print : public OperazioniProva {
@@ -108,9 +109,13 @@ TEST_F(Print, FormsAreOneFileALineOrOneForAll) {
       .cumulativa = false};
   EXPECT_TRUE(fornitura::stampaModuli(ambiente(), compensi, richiesta));
   EXPECT_THAT(factory.printing.arguments("report.outputPath"), SizeIs(2));
+  EXPECT_THAT(avanzamento.works, Not(Contains("Preparazione dei moduli")));
   factory.printing.calls.clear();
+  avanzamento.works.clear();
   richiesta.cumulativa = true;
   EXPECT_TRUE(fornitura::stampaModuli(ambiente(), compensi, richiesta));
+  EXPECT_THAT(avanzamento.works, ElementsAre("Preparazione dei moduli", "Stampa dei moduli"))
+      << "the print of all of them begins when its lines are there";
   EXPECT_THAT(factory.printing.arguments("report.outputPath"),
               ElementsAre("/cu/CUR_01234567890_2016_05032017_1030.cur"));
 }
