@@ -40,6 +40,17 @@ const Frame* stageOf(const Form& form) {
   return nullptr;
 }
 
+// Of the options of a frame, one of which has the focus, the one that is on; null where there is none.
+Control* optionOn(const Form& form) {
+  const auto* const focus = dynamic_cast<const Option*>(form.focus());
+  if (focus == nullptr) return nullptr;
+  for (Control* control : form.controls()) {
+    const auto* const option = dynamic_cast<const Option*>(control);
+    if (option != nullptr && option->frame() == focus->frame() && option->value()) return control;
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 FormWindow::FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent)
@@ -123,12 +134,14 @@ void FormWindow::afterEvent() {
   if (!frontEnd_.busy()) enterStage();
 }
 
-// On another stage the focus is where the work begins.
+// On another stage the focus is where the work begins. On an option that is off it would not stay what it is:
+// the next Space would choose another one.
 void FormWindow::enterStage() {
   const Frame* const stage = stageOf(*form_);
   if (std::exchange(stageShown_, stage) == stage) return;
   frontEnd_.stageEntered();
-  Control* const start = form_->stageStart();
+  Control* start = form_->stageStart();
+  if (start == nullptr) start = optionOn(*form_);
   if (start != nullptr && start->available() && form_->focus() != start) act(*start, {});
 }
 

@@ -146,6 +146,19 @@ TEST(OptionFocus, TheStopIsTheOptionThatIsOn) {
   EXPECT_TRUE(screen.form().optTipoComunicazione[2].value());
 }
 
+// The button of the run is greyed on the first step, and the first control there is the other option.
+TEST(OptionFocus, AfterTheRunTheKeyboardIsOnTheOptionThatIsOn) {
+  Screen screen;
+  screen.toEnd();
+  screen.whenModal([&](QWidget&) { screen.key(Qt::Key_Return); });
+  screen.click("cmdNav(4)");
+  ASSERT_TRUE(screen.window().windowTitle().endsWith(QStringLiteral("Passo 1 di 3 - Inizio")));
+  EXPECT_EQ(screen.focus()->name(), "optstType(1)");
+  EXPECT_EQ(disagreements(screen.window()), "");
+  screen.key(Qt::Key_Space);
+  EXPECT_TRUE(screen.form().optstType[1].value());
+}
+
 class EscKey : public ::testing::Test {
  protected:
   // Whether the wizard has asked if it is to be left; the answer is no.
