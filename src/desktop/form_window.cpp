@@ -211,6 +211,7 @@ bool FormWindow::key(QKeyEvent* event) {
   bool consumed = false;
   if (dynamic_cast<Grid*>(focus) != nullptr) {
     consumed = view->keyDown(pressed.code, pressed.shift);
+    if (!consumed && pressed.code == 27) return cancel();
   } else {
     // Enter presses the button that has the focus, elsewhere the default one.
     Form& form = *form_;
@@ -224,6 +225,14 @@ bool FormWindow::key(QKeyEvent* event) {
     return true;
   }
   return consumed || !live();
+}
+
+// Esc in a grid, whose other keys are its own. False where the form has no button for it.
+bool FormWindow::cancel() {
+  if (!live() || form_->cancelButton == nullptr || !form_->cancelButton->available()) return !live();
+  Button& button = *form_->cancelButton;
+  act(button, [&button] { button.click(); });
+  return true;
 }
 
 bool FormWindow::isExtra(const QObject* watched) const {

@@ -61,6 +61,7 @@ class FormWindow : public QWidget {
   void orderTabs();
   void enterStage();
   bool key(QKeyEvent* event);
+  bool cancel();
   bool isExtra(const QObject* watched) const;
   bool wheel(QWheelEvent* event);
   void barMoved(const QScrollArea* area);

@@ -234,6 +234,19 @@ TEST_F(EscKey, OnceATypedTextIsLeftItIsNotTakenBack) {
   });
 }
 
+TEST_F(EscKey, InTheListOfModulesGivesTheEditorUp) {
+  screen.inEditor("2016", [&] {
+    screen.click("cmdAltriModuli");
+    screen.click("cmdNew");
+    screen.type("curField(18)", "12,5");
+    screen.click("cmdSave");
+    ASSERT_EQ(screen.focus()->name(), "grdAltriModuli");
+    screen.key(Qt::Key_Escape);
+    EXPECT_EQ(screen.top(), &screen.window());
+    if (screen.top() != &screen.window()) screen.click("cmdAnnulla");
+  });
+}
+
 class EnterKey : public ::testing::Test {
  protected:
   double gross() {
