@@ -210,7 +210,7 @@ void EditView::refresh() {
     }
   }
   if (line_->isReadOnly() != box_.locked()) line_->setReadOnly(box_.locked());
-  paintBackground(*line_, box_.background());
+  paintBackground(*line_, box_.locked() ? Background::Face : box_.background());
 }
 
 NumericView::NumericView(FormWindow& window, EditBox& box, QWidget* parent, const std::string& decimalPoint)

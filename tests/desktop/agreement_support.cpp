@@ -131,7 +131,7 @@ class Comparing : public ControlVisitor {
     same("text", line.text(), shown(control.text()));
     same("locked", line.isReadOnly(), control.locked());
     const bool face = line.palette().color(QPalette::Base) == line.palette().color(QPalette::Window);
-    if (control.enabled()) same("face", face, control.background() == Background::Face);
+    if (control.enabled()) same("face", face, control.locked() || control.background() == Background::Face);
   }
   desktop::View& view_;
 };

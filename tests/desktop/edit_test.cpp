@@ -21,6 +21,16 @@
 namespace cu::test {
 namespace {
 
+TEST(LockedBox, IsDrawnAsWhatCannotBeChanged) {
+  Screen screen;
+  screen.toEnd();
+  auto& line = *screen.find<QLineEdit>("txtPercorsoCU");
+  const auto ground = [&] { return line.grab().toImage().pixelColor(line.width() - 6, line.height() / 2); };
+  EXPECT_EQ(ground(), line.palette().color(QPalette::Window));
+  screen.form().txtPercorsoCU.setLocked(false);
+  EXPECT_NE(ground(), line.palette().color(QPalette::Window));
+}
+
 class Boxes : public Form {
  public:
   explicit Boxes(FrontEnd& frontEnd)
