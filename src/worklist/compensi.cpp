@@ -96,14 +96,22 @@ void Compensi::sbSelezionaTutto(AzioneSelezione azione) {
 }
 
 void Compensi::sbInvertiRighe(const std::vector<std::size_t>& posizioni) {
-  const Recordset::RowMark corrente = rsCompensi_.Bookmark();
-  const auto torna = [&] {
-    rsCompensi_.SetBookmark(corrente);
-    avanzamento_.setPointer(kPointerDefault);
-  };
   avanzamento_.setPointer(kPointerHourglass);
   try {
-    const Pausa pausa(vista_);
+    invertiNascoste(posizioni);
+  } catch (...) {
+    avanzamento_.setPointer(kPointerDefault);
+    mostraMemoria();
+    throw;
+  }
+  avanzamento_.setPointer(kPointerDefault);
+}
+
+// The current row is back before anything is shown again: the view never sees another one.
+void Compensi::invertiNascoste(const std::vector<std::size_t>& posizioni) {
+  const Pausa pausa(vista_);
+  const Recordset::RowMark corrente = rsCompensi_.Bookmark();
+  try {
     std::size_t fatte = 0;
     for (const std::size_t posizione : posizioni) {
       avanzamento_.progress("Selezione dei compensi", ++fatte, posizioni.size());
@@ -111,11 +119,10 @@ void Compensi::sbInvertiRighe(const std::vector<std::size_t>& posizioni) {
       sbSelezionaRiga(AzioneSelezione::Inverti);
     }
   } catch (...) {
-    torna();
-    mostraMemoria();
+    rsCompensi_.SetBookmark(corrente);
     throw;
   }
-  torna();
+  rsCompensi_.SetBookmark(corrente);
 }
 
 std::int64_t Compensi::conta(const std::string& testo) {

@@ -75,6 +75,7 @@ class Compensi {
   auto sullaTabella(const Azione& azione);
   // A statement on the current row: one that touches none is an error.
   void eseguiSullaRiga(const std::string& testo);
+  void invertiNascoste(const std::vector<std::size_t>& posizioni);
   std::int64_t conta(const std::string& testo);
   std::int64_t contaInMemoria(std::string_view filtro) const;
   void mostra();

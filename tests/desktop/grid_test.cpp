@@ -9,11 +9,14 @@
 #include <QScrollBar>
 #include <QSettings>
 #include <QTest>
+#include <algorithm>
 
+#include "apps/comune/connessioni.h"
 #include "base/error.h"
 #include "desktop/agreement_support.h"
 #include "desktop/grid_view.h"
 #include "desktop/screen_support.h"
+#include "worklist/tabella_lavoro.h"
 
 namespace cu::test {
 namespace {
@@ -318,6 +321,50 @@ TEST_F(GridWindow, CtrlShiftEndAndHomeHighlightTheRowsUpToThere) {
   EXPECT_EQ(rows(), 1U);
   EXPECT_EQ(grid().row(), grid().rowCount());
   EXPECT_EQ(across.value(), 0);
+  expectAgreement();
+}
+
+// Another session has deleted a row of the table in the meantime.
+TEST_F(GridWindow, TheHighlightStaysWhenSpaceFailsOnOneOfItsRows) {
+  const auto rows = [&] {
+    QList<int> found;
+    for (const QModelIndex& row : table().selectionModel()->selectedRows()) found += row.row();
+    std::sort(found.begin(), found.end());
+    return found;
+  };
+  table().setFocus();
+  screen.key(Qt::Key_Down);
+  for (int i = 0; i < 3; ++i) screen.key(Qt::Key_Down, Qt::ShiftModifier);
+  ASSERT_EQ(rows(), QList<int>({1, 2, 3, 4}));
+  grid().rows()->MoveTo(3);
+  const std::string payee = std::to_string(grid().rows()->Get("IDAnagrafica").integer());
+  const std::string reason = std::to_string(grid().rows()->Get("IDCausalePagamento").integer());
+  grid().rows()->MoveTo(5);
+  creaConnessione(screen.profile().database)
+      ->Execute("DELETE FROM " + fnNomeTabellaLavoro(12) + " WHERE IDAnagrafica = " + payee +
+                " AND IDCausalePagamento = " + reason);
+  QString told;
+  screen.whenModal([&](QWidget& modal) {
+    told = boxText(modal);
+    QTest::keyClick(&modal, Qt::Key_Escape);
+  });
+  screen.key(Qt::Key_Space);
+  EXPECT_TRUE(told.startsWith(QStringLiteral("La tabella di lavoro"))) << told.toStdString();
+  EXPECT_EQ(rows(), QList<int>({1, 2, 3, 4}));
+  EXPECT_EQ(grid().row(), 5U);
+  expectAgreement();
+}
+
+// Upwards: the current row is the first of them, and the last to be inverted is another one.
+TEST_F(GridWindow, TheHighlightStaysWhereverItsCurrentRowIs) {
+  table().setFocus();
+  for (int i = 0; i < 4; ++i) screen.key(Qt::Key_Down);
+  for (int i = 0; i < 2; ++i) screen.key(Qt::Key_Up, Qt::ShiftModifier);
+  screen.key(Qt::Key_Space);
+  EXPECT_EQ(table().selectionModel()->selectedRows().size(), 3);
+  EXPECT_EQ(grid().row(), 3U);
+  screen.key(Qt::Key_Space);
+  EXPECT_EQ(count(), "[ " + std::to_string(grid().rowCount()) + " ]");
   expectAgreement();
 }
 
