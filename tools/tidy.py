@@ -13,6 +13,7 @@ import os
 import pathlib
 import re
 import shlex
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -77,18 +78,25 @@ def parts_of(build, wanted):
 def check(build, part):
     """What clang-tidy finds, each with its place in src/; not empty where it fails for another reason."""
     with tempfile.TemporaryDirectory() as folder:
-        joined = pathlib.Path(folder) / "joined.cpp"
+        # The file finds its configuration in the folders above it: the project's, and that of its own folder.
+        place = pathlib.Path(folder) / "folder"
+        place.mkdir()
+        shutil.copy(ROOT / ".clang-tidy", folder)
+        own = part.files[0].parent / ".clang-tidy"
+        if own.exists():
+            shutil.copy(own, place)
+        joined = place / "joined.cpp"
         joined.write_text(part.text, encoding="utf-8")
         done = subprocess.run(
-            ["clang-tidy", "--quiet", f"--config-file={ROOT / '.clang-tidy'}", "--header-filter=/rooms/",
-             str(joined), "--", *part.flags, "-Wno-unknown-warning-option"],
+            ["clang-tidy", "--quiet", "--header-filter=/rooms/", str(joined), "--", *part.flags,
+             "-Wno-unknown-warning-option"],
             stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, check=False)
 
-        def place(match):
+        def source(match):
             file, line = part.place(int(match[1]))
             return f"{file}:{line}:"
 
-        said = re.sub(re.escape(str(joined)) + r":(\d+):", place, done.stdout)
+        said = re.sub(re.escape(str(joined)) + r":(\d+):", source, done.stdout)
         said = re.sub(re.escape(str(build)) + "/rooms/[^/]+/", "src/", said)
         if done.returncode != 0 and not said:
             said = f"clang-tidy ends with {done.returncode}: {done.stderr}\n"
