@@ -71,6 +71,13 @@ int QtFrontEnd::run(QDialog& dialog) {
   return result;
 }
 
+int QtFrontEnd::run(QDialog& dialog, QWidget& typedInto) {
+  ++running_;
+  const bool open = showTakingKeys(dialog, typedInto);
+  --running_;
+  return open ? run(dialog) : dialog.result();
+}
+
 FormWindow* QtFrontEnd::window(const Form& form) const {
   for (const Shown& each : shown_) {
     if (each.form == &form) return each.window;

@@ -84,7 +84,8 @@ class QtFrontEnd : public FrontEnd {
     bool begun_;
     std::size_t told_;
   };
-  int run(QDialog& dialog);  // modally
+  int run(QDialog& dialog);                      // modally
+  int run(QDialog& dialog, QWidget& typedInto);  // the same with a box that is typed into at once
   // The keys pressed while a window was being made ready that is typed into at once.
   Keys typedAhead();
   QWidget* parentForDialog() const;

@@ -76,7 +76,7 @@ std::optional<SearchDialog::Chosen> search(FormWindow& window, const QString& ti
   if (!rows.IsOpen()) return std::nullopt;
   SearchDialog dialog(&window, title, rows, captions, typed);
   dialog.typeAhead(screen.typedAhead());
-  screen.run(dialog);
+  screen.run(dialog, *dialog.box());
   return dialog.chosen();
 }
 

@@ -13,6 +13,9 @@
 #include <QTableView>
 #include <QTest>
 #include <QWheelEvent>
+#include <QWindow>
+#include <functional>
+#include <utility>
 
 #include "controls/numericbox.h"
 #include "desktop/agreement_support.h"
@@ -196,6 +199,43 @@ TEST_F(EditorWindow, TheMunicipalityTypedFastArrivesWhole) {
           &box, new QKeyEvent(QEvent::KeyPress, letter.toUpper().unicode(), Qt::NoModifier, letter));
     }
     settle();
+    EXPECT_EQ(box.text(), QStringLiteral("Verona"));
+  });
+}
+
+// Does something when the list has just got the keyboard.
+class AtActivation : public QObject {
+ public:
+  explicit AtActivation(std::function<void()> act) : act_(std::move(act)) { qApp->installEventFilter(this); }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool now =
+        event->type() == QEvent::WindowActivate && dynamic_cast<desktop::SearchDialog*>(watched) != nullptr;
+    if (now) std::exchange(act_, [] {})();
+    return false;
+  }
+
+ private:
+  std::function<void()> act_;
+};
+
+// The desktop gives the keyboard to the list some time after it is shown; keys come to the window below.
+TEST_F(EditorWindow, TheMunicipalityTypedWhileItsListOpensArrivesWhole) {
+  inMunicipality([&](QLineEdit& box) {
+    QWindow* const below = screen.top()->windowHandle();
+    const AtActivation typing([&] {
+      QTest::keyClick(below, Qt::Key_E);
+      QTest::keyClick(below, Qt::Key_R);
+    });
+    screen.whenModal([&](QWidget& modal) {
+      auto& search = dynamic_cast<desktop::SearchDialog&>(modal);
+      EXPECT_EQ(search.box()->text(), QStringLiteral("ver"));
+      QTest::keyClick(below, Qt::Key_O);
+      EXPECT_EQ(search.box()->text(), QStringLiteral("ver")) << "the window below is blocked from then on";
+      QTest::keyClicks(search.box(), QStringLiteral("ona"));
+      QTest::keyClick(search.box(), Qt::Key_Return);
+    });
+    QTest::keyClicks(&box, QStringLiteral("v"));
+    EXPECT_TRUE(screen.allAnswered());
     EXPECT_EQ(box.text(), QStringLiteral("Verona"));
   });
 }
