@@ -134,8 +134,8 @@ void FormWindow::afterEvent() {
   if (!frontEnd_.busy()) enterStage();
 }
 
-// On another stage the focus is where the work begins. On an option that is off it would not stay what it is:
-// the next Space would choose another one.
+// On another stage the focus is where the work begins, and never on an option that is off: the next Space
+// would choose it.
 void FormWindow::enterStage() {
   const Frame* const stage = stageOf(*form_);
   if (std::exchange(stageShown_, stage) == stage) return;
