@@ -101,16 +101,16 @@ picture anteprima
 press alt+c
 
 start --profile "$(profile 247)"
-press Tab Tab
+press Tab
 press Down Down
 picture certificazioni
 
 start --profile "$(profile 247)"
 press Down
-press Tab Tab Tab Tab
+press Tab Tab
 press Down Down
 picture primo_passo
-press Tab Tab Tab Tab Tab
+press Tab Tab Tab Tab
 press F4
 front
 write "co"
@@ -130,9 +130,8 @@ front
 press alt+a
 front
 picture passo_finale
-# Behind the last button comes the first field: the folder; the date is the fifth.
-press Tab Tab Tab Tab Tab
-press Delete
+# The step begins on the date.
+press ctrl+a Delete
 press alt+v
 front
 picture dati_mancanti
