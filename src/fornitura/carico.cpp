@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "host/testi_programma.h"
 #include "modello/modello.h"
+#include "worklist/tabella_lavoro.h"
 
 namespace cu::fornitura {
 
@@ -23,19 +24,7 @@ Result<> controllaFiltri(ModoCorsa modo, const Filtri& filtri) {
 }
 
 std::string fnFiltroConti(const Filtri& filtri, const Conversioni& utilita) {
-  const auto dato = [](const std::string& codice) { return !trim(codice).empty(); };
-  std::string filtro;
-  if (filtri.perCodice) {
-    if (dato(filtri.codiceDa)) filtro += " AND CodicePercipiente >= " + utilita.literal(filtri.codiceDa);
-    if (dato(filtri.codiceA)) filtro += " AND CodicePercipiente <= " + utilita.literal(filtri.codiceA);
-  } else if (filtri.perNome) {
-    // The bound is set by its code, though the value compared is the name.
-    if (dato(filtri.codiceDa)) filtro += " AND Anagrafica >= " + utilita.literal(filtri.descrizioneDa);
-    if (dato(filtri.codiceA)) filtro += " AND Anagrafica <= " + utilita.literal(filtri.descrizioneA);
-  }
-  if (dato(filtri.causaleDa)) filtro += " AND CodiceCausalePagamento >= " + utilita.literal(filtri.causaleDa);
-  if (dato(filtri.causaleA)) filtro += " AND CodiceCausalePagamento <= " + utilita.literal(filtri.causaleA);
-  return filtro;
+  return fnIntervalli(filtri, "CodiceCausalePagamento", utilita);
 }
 
 Result<std::size_t> ricostruisci(const Ambiente& ambiente, const Filtri& filtri) {

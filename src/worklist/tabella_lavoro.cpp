@@ -78,6 +78,21 @@ std::optional<std::string> fnAltraSessione(const DatabaseError& errore, const st
   return std::nullopt;
 }
 
+std::string fnIntervalli(const Filtri& filtri, const std::string& causale, const Conversioni& utilita) {
+  std::string testo;
+  if (filtri.perCodice) {
+    if (!vuoto(filtri.codiceDa)) testo += " AND CodicePercipiente >= " + utilita.literal(filtri.codiceDa);
+    if (!vuoto(filtri.codiceA)) testo += " AND CodicePercipiente <= " + utilita.literal(filtri.codiceA);
+  } else if (filtri.perNome) {
+    // The bound is set by its code, though the value compared is the name.
+    if (!vuoto(filtri.codiceDa)) testo += " AND Anagrafica >= " + utilita.literal(filtri.descrizioneDa);
+    if (!vuoto(filtri.codiceA)) testo += " AND Anagrafica <= " + utilita.literal(filtri.descrizioneA);
+  }
+  if (!vuoto(filtri.causaleDa)) testo += " AND " + causale + " >= " + utilita.literal(filtri.causaleDa);
+  if (!vuoto(filtri.causaleA)) testo += " AND " + causale + " <= " + utilita.literal(filtri.causaleA);
+  return testo;
+}
+
 std::string fnSelectCompensi(const Filtri& filtri, std::int32_t idAzienda, const Conversioni& utilita) {
   std::string testo = "SELECT";
   std::string_view prima = " ";
@@ -88,17 +103,7 @@ std::string fnSelectCompensi(const Filtri& filtri, std::int32_t idAzienda, const
   testo += " FROM RepContoIndividuale WHERE Anno = ";
   testo += trim(filtri.anno);
   testo += " AND IDAzienda = " + fromInteger(idAzienda);
-  if (filtri.perCodice) {
-    if (!vuoto(filtri.codiceDa)) testo += " AND CodicePercipiente >= " + utilita.literal(filtri.codiceDa);
-    if (!vuoto(filtri.codiceA)) testo += " AND CodicePercipiente <= " + utilita.literal(filtri.codiceA);
-  } else if (filtri.perNome) {
-    // The bound is set by its code, though the value compared is the name.
-    if (!vuoto(filtri.codiceDa)) testo += " AND Anagrafica >= " + utilita.literal(filtri.descrizioneDa);
-    if (!vuoto(filtri.codiceA)) testo += " AND Anagrafica <= " + utilita.literal(filtri.descrizioneA);
-  }
-  if (!vuoto(filtri.causaleDa)) testo += " AND Codice >= " + utilita.literal(filtri.causaleDa);
-  if (!vuoto(filtri.causaleA)) testo += " AND Codice <= " + utilita.literal(filtri.causaleA);
-  return testo;
+  return testo + fnIntervalli(filtri, "Codice", utilita);
 }
 
 }  // namespace cu

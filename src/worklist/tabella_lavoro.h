@@ -24,6 +24,9 @@ std::string fnCorrezioniMancanti(std::int64_t righe, std::int64_t attese);
 // The same of an error of the database that comes of it; nothing for any other error.
 std::optional<std::string> fnAltraSessione(const DatabaseError& errore, const std::string& nome);
 
+// The ranges of payees and payment reasons as conditions, each " AND ..."; `causale` is the column of the
+// reason's code.
+std::string fnIntervalli(const Filtri& filtri, const std::string& causale, const Conversioni& utilita);
 // The SELECT that fills it, with the filter of the first step.
 std::string fnSelectCompensi(const Filtri& filtri, std::int32_t idAzienda, const Conversioni& utilita);
 

@@ -24,18 +24,8 @@ class Write : public OperazioniProva {
     ASSERT_TRUE(fornitura::carica(ambiente(), compensi, anno("2016")));
   }
   void certificati(int quanti) {
-    std::vector<Contenuti> contenuti;
-    for (int i = 1; i <= quanti; ++i) {
-      contenuti.push_back({{"IDAnagrafica", whole(i)},
-                           {"IDCausalePagamento", whole(1)},
-                           {"Anno", whole(2016)},
-                           {"IDAzienda", whole(1)},
-                           {"Codice", text("A")},
-                           {"CodiceFiscale", text("RSSMRA70A01H501U")},
-                           {"Anagrafica", text("Rossi")},
-                           {"AnagraficaAz", text("Quadrivio SRL")}});
-    }
-    database.internal.answerContaining("ORDER BY Anag.Anagrafica", rispostaPrincipale(contenuti));
+    database.internal.answerContaining("ORDER BY Anag.Anagrafica",
+                                       rispostaPrincipale(certificati2016(quanti)));
   }
   fornitura::RichiestaFile richiesta() const {
     return {.anno = "2016",

@@ -164,4 +164,22 @@ struct Prova {
   FakeDatabase database;
 };
 
+// One row of the main query for each of so many certificates of the year 2016.
+inline std::vector<Contenuti> certificati2016(int quanti) {
+  std::vector<Contenuti> contenuti;
+  for (int i = 1; i <= quanti; ++i) {
+    contenuti.push_back({{"IDAnagrafica", whole(i)},
+                         {"IDCausalePagamento", whole(1)},
+                         {"Anno", whole(2016)},
+                         {"IDAzienda", whole(1)},
+                         {"Codice", text("A")},
+                         {"CodiceFiscale", text("RSSMRA70A01H501U")},
+                         {"Anagrafica", text("Rossi")},
+                         {"ProtocolloAnnSost", text("12")},
+                         {"ProgressivoAnnSost", text("3")},
+                         {"AnagraficaAz", text("Quadrivio SRL")}});
+  }
+  return contenuti;
+}
+
 }  // namespace cu::test

@@ -17,20 +17,8 @@ class FileRun : public testing::Test, public WizardProva {
  protected:
   // With rows for the file, one for each of these certificates.
   void certificati(int quanti) {
-    std::vector<Contenuti> contenuti;
-    for (int i = 1; i <= quanti; ++i) {
-      contenuti.push_back({{"IDAnagrafica", whole(i)},
-                           {"IDCausalePagamento", whole(1)},
-                           {"Anno", whole(2016)},
-                           {"IDAzienda", whole(1)},
-                           {"Codice", text("A")},
-                           {"CodiceFiscale", text("RSSMRA70A01H501U")},
-                           {"Anagrafica", text("Rossi")},
-                           {"ProtocolloAnnSost", text("12")},
-                           {"ProgressivoAnnSost", text("3")},
-                           {"AnagraficaAz", text("Quadrivio SRL")}});
-    }
-    database.internal.answerContaining("ORDER BY Anag.Anagrafica", rispostaPrincipale(contenuti));
+    database.internal.answerContaining("ORDER BY Anag.Anagrafica",
+                                       rispostaPrincipale(certificati2016(quanti)));
     database.internal.answerContaining("FROM ModuloXContoIndividuale", rispostaModuli({}));
   }
   // With the intermediary's data as a person fills them in.
