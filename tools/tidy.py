@@ -89,7 +89,7 @@ def check(build, part):
         joined.write_text(part.text, encoding="utf-8")
         done = subprocess.run(
             ["clang-tidy", "--quiet", "--header-filter=/rooms/", str(joined), "--", *part.flags,
-             "-Wno-unknown-warning-option"],
+             f"-I{part.files[0].parent}", "-Wno-unknown-warning-option"],
             stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, check=False)
 
         def source(match):

@@ -43,7 +43,7 @@ Filtri filtriDi(const Ambiente& ambiente, const Estremi& estremi) {
   filtri.perCodice = true;
   filtri.perNome = false;
   const auto percipiente = [&](const std::optional<std::string>& codice) {
-    const LookupRow riga = estremo(ambiente, elencoPercipienti(ambiente.ambito.idAzienda), codice);
+    LookupRow riga = estremo(ambiente, elencoPercipienti(ambiente.ambito.idAzienda), codice);
     // The form shows the first name beside the box as soon as the bound changes.
     const bool cambiato = riga.record != 0 || !riga.code.empty() || !riga.description.empty();
     if (cambiato) static_cast<void>(FindName(ambiente, riga.record));
