@@ -75,10 +75,18 @@ void Button::click() {
 Option::Option(Form& form, std::string name, Frame* frame, std::string caption, bool on)
     : Control(form, std::move(name), frame, std::move(caption)), value_(on) {}
 
+std::vector<Option*> Option::group() const {
+  std::vector<Option*> options;
+  for (Control* control : form().controls()) {
+    auto* const option = dynamic_cast<Option*>(control);
+    if (option != nullptr && option->frame() == frame()) options.push_back(option);
+  }
+  return options;
+}
+
 void Option::turnOn() {
-  for (Control* other : form().controls()) {
-    auto* option = dynamic_cast<Option*>(other);
-    if (option == nullptr || option == this || option->frame() != frame() || !option->value_) continue;
+  for (Option* option : group()) {
+    if (option == this || !option->value_) continue;
     option->value_ = false;
     option->notify();
   }

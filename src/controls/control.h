@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace cu {
 
@@ -181,6 +182,8 @@ class Option : public Control {
   bool value() const { return value_; }
   void setValue(bool value);
   void click();  // a person's: the event is raised also when it was on already
+  // All options of its frame, itself among them, in the order of tabbing.
+  std::vector<Option*> group() const;
   Event onClick;
 
  private:

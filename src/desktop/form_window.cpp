@@ -44,11 +44,10 @@ const Frame* stageOf(const Form& form) {
 Control* optionOn(const Form& form) {
   const auto* const focus = dynamic_cast<const Option*>(form.focus());
   if (focus == nullptr) return nullptr;
-  for (Control* control : form.controls()) {
-    const auto* const option = dynamic_cast<const Option*>(control);
-    if (option != nullptr && option->frame() == focus->frame() && option->value()) return control;
-  }
-  return nullptr;
+  const std::vector<Option*> options = focus->group();
+  const auto on =
+      std::find_if(options.begin(), options.end(), [](const Option* option) { return option->value(); });
+  return on == options.end() ? nullptr : *on;
 }
 
 }  // namespace

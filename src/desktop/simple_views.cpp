@@ -135,11 +135,8 @@ void OptionView::afterEvent() {
 }
 
 std::vector<Option*> OptionView::group() const {
-  std::vector<Option*> options;
-  for (Control* control : option_.form().controls()) {
-    auto* const other = dynamic_cast<Option*>(control);
-    if (other != nullptr && other->frame() == option_.frame() && other->available()) options.push_back(other);
-  }
+  std::vector<Option*> options = option_.group();
+  std::erase_if(options, [](const Option* option) { return !option->available(); });
   return options;
 }
 

@@ -238,6 +238,13 @@ TEST(Option, ThoseOfOneFrameBelongTogether) {
   EXPECT_EQ(options.clicks, (std::vector<std::string>{"opt(1)", "opt(2)"}));
 }
 
+TEST(Option, ItsGroupIsThatOfItsFrameInTheOrderOfTabbing) {
+  Options options;
+  const std::vector<Option*> group = {&options.a, &options.b, &options.c};
+  EXPECT_EQ(options.b.group(), group);
+  EXPECT_EQ(options.free.group(), std::vector<Option*>{&options.free});
+}
+
 TEST(Option, TheOtherOneGoesOffSilentlyButItsViewIsTold) {
   Options options;
   CountingView view;
