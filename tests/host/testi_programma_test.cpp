@@ -58,5 +58,14 @@ TEST(RunModes, AreReadFromTheTable) {
   EXPECT_EQ(fnModoCU(), 342);
 }
 
+TEST(RunModes, AreThreeAndEveryOtherNumberIsNone) {
+  EXPECT_EQ(modoCorsa(246), ModoCorsa::ContiIndividuali);
+  EXPECT_EQ(modoCorsa(247), ModoCorsa::Certificazione);
+  EXPECT_EQ(modoCorsa(342), ModoCorsa::CU);
+  for (const std::int32_t numero : {-1, 0, 1, 245, 248, 341, 343}) {
+    EXPECT_EQ(modoCorsa(numero), ModoCorsa::Altro) << numero;
+  }
+}
+
 }  // namespace
 }  // namespace cu::test

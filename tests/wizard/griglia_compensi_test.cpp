@@ -94,13 +94,13 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ColumnsByKind, testing::Values(1, 2, 3));
 class WorklistGrid : public testing::Test, public CompensiProva {};
 
 TEST_F(WorklistGrid, AnOrdinaryCommunicationShowsNoReferences) {
-  vista.sbFormattaGriglia(static_cast<Comunicazione>(1));
+  vista.sbFormattaGriglia(Comunicazione::Ordinaria);
   EXPECT_EQ(finestra.griglia.columns().size(), 29U);
   EXPECT_EQ(finestra.griglia.column("ProtocolloAnnSost"), nullptr);
 }
 
 TEST_F(WorklistGrid, AnAnnulmentShowsOnlyWhoAndWhichReference) {
-  vista.sbFormattaGriglia(static_cast<Comunicazione>(2));
+  vista.sbFormattaGriglia(Comunicazione::Annullamento);
   std::vector<std::string> visibili;
   for (const GridColumn& colonna : finestra.griglia.columns()) {
     if (colonna.visible) visibili.push_back(colonna.field);
@@ -110,24 +110,24 @@ TEST_F(WorklistGrid, AnAnnulmentShowsOnlyWhoAndWhichReference) {
 }
 
 TEST_F(WorklistGrid, AReplacementShowsEverything) {
-  vista.sbFormattaGriglia(static_cast<Comunicazione>(3));
+  vista.sbFormattaGriglia(Comunicazione::Sostituzione);
   EXPECT_EQ(finestra.griglia.columns().size(), 31U);
 }
 
 TEST_F(WorklistGrid, WithNoKindChosenNoReferencesAreShown) {
-  vista.sbFormattaGriglia(static_cast<Comunicazione>(0));
+  vista.sbFormattaGriglia(Comunicazione::Nessuna);
   EXPECT_EQ(finestra.griglia.column("ProtocolloAnnSost"), nullptr);
   EXPECT_NE(finestra.griglia.column("AmmontareLordo"), nullptr);
 }
 
 TEST_F(WorklistGrid, ALayoutReplacesTheOneBefore) {
-  vista.sbFormattaGriglia(static_cast<Comunicazione>(3));
-  vista.sbFormattaGriglia(static_cast<Comunicazione>(2));
+  vista.sbFormattaGriglia(Comunicazione::Sostituzione);
+  vista.sbFormattaGriglia(Comunicazione::Annullamento);
   EXPECT_EQ(finestra.griglia.columns().size(), 8U);
 }
 
 TEST_F(WorklistGrid, AmountsHaveTwoPlacesACommaAndPointsWhateverTheCurrency) {
-  vista.sbFormattaGriglia(static_cast<Comunicazione>(1));
+  vista.sbFormattaGriglia(Comunicazione::Ordinaria);
   const Grid& griglia = finestra.griglia;
   const GridColumn& importo = *finestra.griglia.column("AmmontareLordo");
   EXPECT_EQ(griglia.shown(importo, amount("1234567.891").view()), "1.234.567,89");
@@ -138,7 +138,7 @@ TEST_F(WorklistGrid, AmountsHaveTwoPlacesACommaAndPointsWhateverTheCurrency) {
 
 TEST_F(WorklistGrid, TheMenuColumnShowsTheSameValueInEveryRowAndNoOtherColumnIsPainted) {
   carica({workRow(1, 1), workRow(2, 1)});
-  vista.sbFormattaGriglia(static_cast<Comunicazione>(1));
+  vista.sbFormattaGriglia(Comunicazione::Ordinaria);
   const Grid& griglia = finestra.griglia;
   const GridColumn& popup = *finestra.griglia.column("Popup");
   EXPECT_EQ(griglia.shown(popup, CellView()), "2");

@@ -71,7 +71,7 @@ TEST_F(Load, BindsTheRowsToTheGrid) {
 }
 
 TEST_F(Load, CountsTheSelectedRowsWithoutAskingTheDatabase) {
-  vista.sbFormattaGriglia(static_cast<Comunicazione>(1));
+  vista.sbFormattaGriglia(Comunicazione::Ordinaria);
   EXPECT_EQ(didascaliaConteggio(), "[ 0 ]");
   database.main.answer("tmpprequadrivio12",
                        workTable({workRow(1, 1), workRow(2, 1, {{"Selezionato", whole(0)}}), workRow(3, 1)}));
@@ -83,7 +83,7 @@ TEST_F(Load, CountsTheSelectedRowsWithoutAskingTheDatabase) {
 }
 
 TEST_F(Load, AFilterThatMatchesNoRowGivesAnEmptyGrid) {
-  vista.sbFormattaGriglia(static_cast<Comunicazione>(1));
+  vista.sbFormattaGriglia(Comunicazione::Ordinaria);
   carica({});
   EXPECT_EQ(finestra.griglia.rowCount(), 0U);
   EXPECT_EQ(finestra.griglia.row(), 0U);

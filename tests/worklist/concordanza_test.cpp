@@ -1,8 +1,6 @@
-// What the build refuses: a work table or a grid that does not agree with the form.
+// What the build rejects: a work table that does not agree with the form.
 
 #include "worklist/concordanza.h"
-
-#include "wizard/griglia_compensi.h"
 
 #include <gtest/gtest.h>
 
@@ -23,19 +21,11 @@ class Agreement : public testing::Test {
     }
     throw std::logic_error("no such column");
   }
-  ColonnaGriglia& griglia(std::string_view nome) {
-    for (ColonnaGriglia& colonna : griglia_) {
-      if (colonna.campo == nome) return colonna;
-    }
-    throw std::logic_error("no such column");
-  }
   std::vector<ColonnaLavoro> lavoro_{kColonneLavoro.begin(), kColonneLavoro.end()};
-  std::vector<ColonnaGriglia> griglia_{kColonneGriglia.begin(), kColonneGriglia.end()};
 };
 
 TEST_F(Agreement, HoldsForWhatTheProgramHas) {
   EXPECT_TRUE(concordaLavoro(kModello, lavoro_));
-  EXPECT_TRUE(concordaGriglia(kModello, lavoro_, griglia_));
   EXPECT_TRUE(concordaLordo(lavoro_));
 }
 
@@ -65,21 +55,6 @@ TEST_F(Agreement, LacksTheKindOfABox) {
   EXPECT_FALSE(concordaLavoro(kModello, lavoro_));
 }
 
-TEST_F(Agreement, OfTheGridIsWithTheWorkTable) {
-  griglia("IDAnagrafica").campo = "Altro";
-  EXPECT_FALSE(concordaGriglia(kModello, lavoro_, griglia_));
-}
-
-TEST_F(Agreement, OfTheGridIsWithTheKindOfABox) {
-  for (const char* nome : {"Anticipazione", "AmmontareLordo", "ComuneResidenzaAnnoPrec"}) {
-    const int tipo = griglia(nome).tipo;
-    griglia(nome).tipo = kGridLong;
-    EXPECT_FALSE(concordaGriglia(kModello, lavoro_, griglia_)) << nome;
-    griglia(nome).tipo = tipo;
-  }
-  EXPECT_TRUE(concordaGriglia(kModello, lavoro_, griglia_));
-}
-
 TEST_F(Agreement, OfTheGrossAmountIsWithItsParts) {
   lavoro("AmmontareLordo").sorgente = "ISNULL(OnorarioProvvigioni,0) + ISNULL(SommeNonSoggette,0)";
   EXPECT_FALSE(concordaLordo(lavoro_));
@@ -91,10 +66,6 @@ TEST_F(Agreement, AsksForTheColumnOfANewYear) {
   EXPECT_FALSE(concordaLavoro(kModello2031, lavoro_));
   lavoro_.back().tipo = Tipo::Importo;
   EXPECT_TRUE(concordaLavoro(kModello2031, lavoro_));
-  griglia_.push_back({kColonnaNuova, "Nuova indennità", kGridText, 2000, 1, Quando::NonAnnullamento});
-  EXPECT_FALSE(concordaGriglia(kModello2031, lavoro_, griglia_));
-  griglia_.back().tipo = kGridDouble;
-  EXPECT_TRUE(concordaGriglia(kModello2031, lavoro_, griglia_));
 }
 
 }  // namespace

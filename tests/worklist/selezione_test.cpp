@@ -22,7 +22,7 @@ std::string seleziona(const char* valore, int idAnagrafica, int idCausale = 1) {
 
 class Selection : public testing::Test, public CompensiProva {
  protected:
-  void SetUp() override { vista.sbFormattaGriglia(static_cast<Comunicazione>(1)); }
+  void SetUp() override { vista.sbFormattaGriglia(Comunicazione::Ordinaria); }
 };
 
 TEST_F(Selection, InvertsEachOfTheRowsGivenAndStaysOnTheCurrentOne) {
