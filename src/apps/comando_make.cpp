@@ -42,12 +42,12 @@ void stampaFile(const std::string& percorso, std::int32_t anno) {
   for (const std::string& riga : riepilogo.prime) stampaRecord(riga, anno);
 }
 
-fornitura::RichiestaCU completa(const OpzioniMake& opzioni, SessioneComando& sessione, Surroundings& intorno,
-                                Terminale& terminale) {
+fornitura::RichiestaCU completa(const OpzioniMake& opzioni, SessioneComando& sessione,
+                                Surroundings& surroundings, Terminale& terminale) {
   fornitura::RichiestaCU richiesta = opzioni.richiesta;
   if (richiesta.cartella.empty()) richiesta.cartella = sessione.cartella;
   richiesta.cartellaDocumenti = sessione.testi().text(1264);
-  const std::vector<ReportInfo> moduli = intorno.stampe().reports(fnModoCU());
+  const std::vector<ReportInfo> moduli = surroundings.stampe().reports(fnModoCU());
   if (!moduli.empty()) richiesta.modulo = moduli.front();
   richiesta.prosegue = [&terminale](const Finding& avviso) { return terminale.conferma(avviso.text); };
   richiesta.guasto = [&terminale](const std::string& testo) { terminale.messaggi.push_back(testo); };
@@ -71,15 +71,15 @@ int comandoMake(const OpzioniMake& opzioni) {
   const Profilo profilo = leggiProfilo(opzioni.profilo);
   Terminale terminale;
   terminale.passaAvvisi = opzioni.passaAvvisi;
-  Surroundings intorno(profilo, terminale);
-  SessioneComando sessione(intorno, terminale);
+  Surroundings surroundings(profilo, terminale);
+  SessioneComando sessione(surroundings, terminale);
   std::optional<fornitura::FileScritto> scritto;
   bool riuscito = false;
   sessione.esegui([&] {
-    Compensi compensi(intorno.utilita(), terminale);
+    Compensi compensi(surroundings.utilita(), terminale);
     const auto esito =
-        fornitura::creaCU(sessione.ambiente(), compensi, completa(opzioni, sessione, intorno, terminale));
-    registra(esito, intorno.factory(), terminale);
+        fornitura::creaCU(sessione.intorno(), compensi, completa(opzioni, sessione, surroundings, terminale));
+    registra(esito, surroundings.factory(), terminale);
     scritto = esito->file;
     riuscito = static_cast<bool>(esito);
   });

@@ -8,13 +8,13 @@
 namespace cu {
 namespace {
 
-fornitura::RichiestaReport completa(const OpzioniPrint& opzioni, const Surroundings& intorno,
+fornitura::RichiestaReport completa(const OpzioniPrint& opzioni, const Surroundings& surroundings,
                                     Terminale& terminale) {
   const bool conti = opzioni.report == kStampaConti;
   fornitura::RichiestaReport richiesta = opzioni.richiesta;
   richiesta.modo = conti ? ModoCorsa::ContiIndividuali : ModoCorsa::Certificazione;
   richiesta.tipoOggetto = conti ? fnModoContiIndividuali() : fnModoCertificazione();
-  for (const ReportInfo& report : intorno.stampe().reports(richiesta.tipoOggetto)) {
+  for (const ReportInfo& report : surroundings.stampe().reports(richiesta.tipoOggetto)) {
     if (report.name == opzioni.report) richiesta.report = report;
   }
   richiesta.guasto = [&terminale](const std::string& testo) { terminale.messaggi.push_back(testo); };
@@ -27,10 +27,11 @@ int comandoPrint(const OpzioniPrint& opzioni) {
   const Profilo profilo = leggiProfilo(opzioni.profilo);
   Terminale terminale;
   terminale.fileDaSalvare = opzioni.file;
-  Surroundings intorno(profilo, terminale);
-  SessioneComando sessione(intorno, terminale);
+  Surroundings surroundings(profilo, terminale);
+  SessioneComando sessione(surroundings, terminale);
   sessione.esegui([&] {
-    const auto esito = fornitura::stampaReport(sessione.ambiente(), completa(opzioni, intorno, terminale));
+    const auto esito =
+        fornitura::stampaReport(sessione.intorno(), completa(opzioni, surroundings, terminale));
     scriviRifiuti(esito.refusals, terminale);
   });
 

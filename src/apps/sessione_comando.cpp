@@ -17,7 +17,7 @@ void SessioneComando::esegui(const std::function<void()>& lavoro) {
   } catch (const std::exception& errore) {
     const Error detto = asError(errore);
     if (!avviata && detto.number() == kErrorSessionRefused) {
-      intorno_.utilita().refusedStart(testi_->text(237), sessione_->title());
+      surroundings_.utilita().refusedStart(testi_->text(237), sessione_->title());
     } else {
       terminale_.error(detto);
     }
@@ -26,20 +26,21 @@ void SessioneComando::esegui(const std::function<void()>& lavoro) {
 }
 
 void SessioneComando::avvia() {
-  testi_ = intorno_.factory().createTesti();
+  testi_ = surroundings_.factory().createTesti();
   chiave_ = std::string(trim(testi_->text(1368)));
-  sessione_ = intorno_.factory().createSessione();
+  sessione_ = surroundings_.factory().createSessione();
   sessione_->setProgramName(std::string(kNomeProgramma));
   sessione_->start(0);
-  cartella = intorno_.settings().get(chiave_, kMenuSettings, "CU_Path", intorno_.utilita().defaultFolder());
+  cartella = surroundings_.settings().get(chiave_, kMenuSettings, "CU_Path",
+                                          surroundings_.utilita().defaultFolder());
 }
 
-fornitura::Ambiente SessioneComando::ambiente() {
+fornitura::Intorno SessioneComando::intorno() {
   return {.ambito = ambitoDi(*sessione_),
-          .factory = intorno_.factory(),
-          .utilita = intorno_.utilita(),
-          .files = intorno_.files(),
-          .clock = intorno_.clock(),
+          .factory = surroundings_.factory(),
+          .utilita = surroundings_.utilita(),
+          .files = surroundings_.files(),
+          .clock = surroundings_.clock(),
           .avanzamento = terminale_,
           .visore = terminale_};
 }
@@ -47,9 +48,9 @@ fornitura::Ambiente SessioneComando::ambiente() {
 // Whatever fails here ends the clean-up in silence, and what would have followed is left undone.
 void SessioneComando::lascia() {
   try {
-    static_cast<void>(fornitura::svuotaRicorsione(ambiente()));
-    intorno_.settings().set(chiave_, kMenuSettings, "CU_Path", cartella);
-    intorno_.settings().deleteSection(chiave_, sessione_->settingsSection());
+    fornitura::svuotaRicorsione(intorno());
+    surroundings_.settings().set(chiave_, kMenuSettings, "CU_Path", cartella);
+    surroundings_.settings().deleteSection(chiave_, sessione_->settingsSection());
   } catch (const std::exception&) {
     return;
   }

@@ -27,34 +27,34 @@ std::string fnFiltroConti(const Filtri& filtri, const Conversioni& utilita) {
   return fnIntervalli(filtri, "CodiceCausalePagamento", utilita);
 }
 
-Result<std::size_t> ricostruisci(const Ambiente& ambiente, const Filtri& filtri) {
-  ambiente.avanzamento.setPointer(kPointerHourglass);
-  ambiente.avanzamento.progress("Ricostruzione dei conti individuali", 0, 0);
-  const std::unique_ptr<RicostruzioneConti> oRic = ambiente.factory.createRicostruzione();
-  oRic->setDatabase(*ambiente.ambito.database);
-  oRic->setAzienda(ambiente.ambito.idAzienda);
+Result<std::size_t> ricostruisci(const Intorno& intorno, const Filtri& filtri) {
+  intorno.avanzamento.setPointer(kPointerHourglass);
+  intorno.avanzamento.progress("Ricostruzione dei conti individuali", 0, 0);
+  const std::unique_ptr<RicostruzioneConti> oRic = intorno.factory.createRicostruzione();
+  oRic->setDatabase(*intorno.ambito.database);
+  oRic->setAzienda(intorno.ambito.idAzienda);
   oRic->setFlag(true);
-  oRic->setFiltro(fnFiltroConti(filtri, ambiente.utilita));
+  oRic->setFiltro(fnFiltroConti(filtri, intorno.utilita));
   oRic->ricostruisci(static_cast<std::int16_t>(leadingInteger(trim(filtri.anno))));
   const std::size_t cambiati = oRic->contiCambiati();
-  ambiente.avanzamento.setPointer(kPointerDefault);
+  intorno.avanzamento.setPointer(kPointerDefault);
   return cambiati;
 }
 
-Result<std::size_t> carica(const Ambiente& ambiente, Compensi& compensi, const Filtri& filtri) {
-  compensi.sbCreaTabellaLavoro(ambiente.ambito, filtri);
+Result<std::size_t> carica(const Intorno& intorno, Compensi& compensi, const Filtri& filtri) {
+  compensi.sbCreaTabellaLavoro(intorno.ambito, filtri);
   return compensi.rsCompensi().RecordCount();
 }
 
-std::string FindName(const Ambiente& ambiente, std::int64_t nID) {
+std::string FindName(const Intorno& intorno, std::int64_t nID) {
   try {
-    const auto ricerca = ambiente.ambito.database->CreateRowset();
+    const auto ricerca = intorno.ambito.database->CreateRowset();
     ricerca->addField("IDAnagrafica");
     ricerca->addField("Nome");
     ricerca->setTable("Anagrafica");
     ricerca->setFilter("IDAnagrafica = " + fromInteger(nID));
     ricerca->open();
-    return ricerca->eof() ? std::string() : ambiente.utilita.toText(ricerca->value("Nome").view());
+    return ricerca->eof() ? std::string() : intorno.utilita.toText(ricerca->value("Nome").view());
   } catch (const std::exception&) {
     return {};
   }

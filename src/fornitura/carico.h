@@ -5,7 +5,7 @@
 #include <string>
 
 #include "base/result.h"
-#include "fornitura/ambiente.h"
+#include "fornitura/intorno.h"
 #include "host/filtri.h"
 #include "host/modi.h"
 #include "worklist/compensi.h"
@@ -24,12 +24,12 @@ Result<> controllaFiltri(ModoCorsa modo, const Filtri& filtri);
 std::string fnFiltroConti(const Filtri& filtri, const Conversioni& utilita);
 
 // Sums the payments into the accounts of the filters' year anew; the number of accounts changed.
-Result<std::size_t> ricostruisci(const Ambiente& ambiente, const Filtri& filtri);
+Result<std::size_t> ricostruisci(const Intorno& intorno, const Filtri& filtri);
 
 // Fills the user's work table; the number of lines.
-Result<std::size_t> carica(const Ambiente& ambiente, Compensi& compensi, const Filtri& filtri);
+Result<std::size_t> carica(const Intorno& intorno, Compensi& compensi, const Filtri& filtri);
 
 // The first name of a person, as a bound of the range is looked up; "" where it cannot be read.
-std::string FindName(const Ambiente& ambiente, std::int64_t nID);
+std::string FindName(const Intorno& intorno, std::int64_t nID);
 
 }  // namespace cu::fornitura

@@ -18,9 +18,9 @@ Finding avviso(const char* codice, const char* righe, const char* controllo) {
 
 }  // namespace
 
-Result<Controllo> controlla(const Ambiente& ambiente, const DatiControllo& dati, const std::string& tabella) {
-  Controlli controlli(ambiente.ambito.database->internalConnection(), ambiente.utilita);
-  controlli.esegui(dati, ambiente.ambito.idAzienda, tabella);
+Result<Controllo> controlla(const Intorno& intorno, const DatiControllo& dati, const std::string& tabella) {
+  Controlli controlli(intorno.ambito.database->internalConnection(), intorno.utilita);
+  controlli.esegui(dati, intorno.ambito.idAzienda, tabella);
   Result<Controllo> esito(Controllo{controlli.sCodFisc(), controlli.mancanti()});
   for (const DatoMancante& dato : esito->mancanti) {
     esito.refusals.push_back({"dato-mancante", dato.messaggio, posto(dato)});

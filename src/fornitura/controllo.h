@@ -6,7 +6,7 @@
 
 #include "base/date.h"
 #include "base/result.h"
-#include "fornitura/ambiente.h"
+#include "fornitura/intorno.h"
 #include "telematic/controlli.h"
 
 // Checking what a file is made of, before it is made.
@@ -18,7 +18,7 @@ struct Controllo {
 };
 // Every datum that is missing, as a refusal (code "dato-mancante") and as a row of the log. The value is
 // there in both cases.
-Result<Controllo> controlla(const Ambiente& ambiente, const DatiControllo& dati, const std::string& tabella);
+Result<Controllo> controlla(const Intorno& intorno, const DatiControllo& dati, const std::string& tabella);
 
 // The rows in the suite's log, which it shows when it is told to.
 void riempiLog(LogGrid& oLogGrid, std::int32_t idUtente, const std::vector<DatoMancante>& mancanti);

@@ -1,6 +1,6 @@
 #include "fornitura/corsa.h"
 
-#include <iterator>
+#include <utility>
 
 #include "base/text.h"
 #include "data/recordset.h"
@@ -12,14 +12,9 @@
 namespace cu::fornitura {
 namespace {
 
-template <class A, class B>
-void accogli(Result<A>& esito, const Result<B>& passo) {
-  esito.refusals.insert(esito.refusals.end(), passo.refusals.begin(), passo.refusals.end());
-}
-
-bool esisteAnno(const Ambiente& ambiente, const std::string& anno) {
+bool esisteAnno(const Intorno& intorno, const std::string& anno) {
   Recordset anni;
-  anni.Open(ambiente.ambito.database->ownConnection(), fnOrigineAnni(ambiente.ambito.idAzienda, false));
+  anni.Open(intorno.ambito.database->ownConnection(), fnOrigineAnni(intorno.ambito.idAzienda, false));
   for (; !anni.Eof(); anni.MoveNext()) {
     if (anni.Get("Anno").toText() == anno) return true;
   }
@@ -31,22 +26,22 @@ Finding annoSenzaConti(const std::string& anno, const char* elenco) {
 }
 
 // A bound as the selector of the first step takes it: what its row says, the code as given without a row.
-LookupRow estremo(const Ambiente& ambiente, const LookupTable& tabella,
+LookupRow estremo(const Intorno& intorno, const LookupTable& tabella,
                   const std::optional<std::string>& codice) {
   if (!codice) return {};
-  const auto riga = findCode(ambiente.ambito.database->ownConnection(), tabella, *codice);
+  const auto riga = findCode(intorno.ambito.database->ownConnection(), tabella, *codice);
   return riga.value_or(LookupRow{0, *codice, ""});
 }
 
-Filtri filtriDi(const Ambiente& ambiente, const Estremi& estremi) {
+Filtri filtriDi(const Intorno& intorno, const Estremi& estremi) {
   Filtri filtri;
   filtri.perCodice = true;
   filtri.perNome = false;
   const auto percipiente = [&](const std::optional<std::string>& codice) {
-    LookupRow riga = estremo(ambiente, elencoPercipienti(ambiente.ambito.idAzienda), codice);
+    LookupRow riga = estremo(intorno, elencoPercipienti(intorno.ambito.idAzienda), codice);
     // The form shows the first name beside the box as soon as the bound changes.
     const bool cambiato = riga.record != 0 || !riga.code.empty() || !riga.description.empty();
-    if (cambiato) static_cast<void>(FindName(ambiente, riga.record));
+    if (cambiato) static_cast<void>(FindName(intorno, riga.record));
     return riga;
   };
   const LookupRow da = percipiente(estremi.daPercipiente);
@@ -55,15 +50,15 @@ Filtri filtriDi(const Ambiente& ambiente, const Estremi& estremi) {
   filtri.descrizioneDa = da.description;
   filtri.codiceA = a.code;
   filtri.descrizioneA = a.description;
-  filtri.causaleDa = estremo(ambiente, elencoCausali(), estremi.daCausale).code;
-  filtri.causaleA = estremo(ambiente, elencoCausali(), estremi.aCausale).code;
+  filtri.causaleDa = estremo(intorno, elencoCausali(), estremi.daCausale).code;
+  filtri.causaleA = estremo(intorno, elencoCausali(), estremi.aCausale).code;
   return filtri;
 }
 
 class CorsaCU {
  public:
-  CorsaCU(const Ambiente& ambiente, Compensi& compensi, const RichiestaCU& richiesta)
-      : ambiente_(ambiente), compensi_(compensi), richiesta_(richiesta) {}
+  CorsaCU(const Intorno& intorno, Compensi& compensi, const RichiestaCU& richiesta)
+      : intorno_(intorno), compensi_(compensi), richiesta_(richiesta) {}
 
   Result<EsitoCU> esegui() {
     if (primoPasso() && secondoPasso() && ultimoPasso()) avvia();
@@ -73,20 +68,20 @@ class CorsaCU {
  private:
   template <class T>
   bool riuscito(const Result<T>& passo) {
-    accogli(esito_, passo);
+    esito_.refusals.insert(esito_.refusals.end(), passo.refusals.begin(), passo.refusals.end());
     return static_cast<bool>(passo);
   }
 
   bool primoPasso() {
-    if (!esisteAnno(ambiente_, richiesta_.anno)) {
+    if (!esisteAnno(intorno_, richiesta_.anno)) {
       esito_.refusals.push_back(annoSenzaConti(richiesta_.anno, "KRNCboEsCont(0)"));
       return false;
     }
-    filtri_ = filtriDi(ambiente_, richiesta_.estremi);
+    filtri_ = filtriDi(intorno_, richiesta_.estremi);
     filtri_.anno = richiesta_.anno;
     filtri_.adAnno = richiesta_.anno;
     return riuscito(controllaFiltri(ModoCorsa::CU, filtri_)) &&
-           riuscito(carica(ambiente_, compensi_, filtri_));
+           riuscito(carica(intorno_, compensi_, filtri_));
   }
 
   bool secondoPasso() {
@@ -95,17 +90,17 @@ class CorsaCU {
       if (!riuscito(correggiRiferimenti(compensi_, *richiesta_.riferimenti))) return false;
     }
     if (!riuscito(controllaSelezione(compensi_, richiesta_.tipo))) return false;
-    static_cast<void>(fnFilialePredefinita(ambiente_, fnModoCU()));
+    static_cast<void>(fnFilialePredefinita(intorno_, fnModoCU()));
     return true;
   }
 
   bool ultimoPasso() {
     if (richiesta_.cartellaScelta) richiesta_.cartellaScelta(richiesta_.cartella);
-    firma_ = richiesta_.firma.value_or(ambiente_.clock.today());
+    firma_ = richiesta_.firma.value_or(intorno_.clock.today());
     if (!richiesta_.intermediario) return true;
     const RichiestaCU::Intermediario& dato = *richiesta_.intermediario;
-    const auto salvato = fnLeggiIntermediario(ambiente_.ambito.database->internalConnection(),
-                                              ambiente_.ambito.idAzienda, ambiente_.utilita);
+    const auto salvato = fnLeggiIntermediario(intorno_.ambito.database->internalConnection(),
+                                              intorno_.ambito.idAzienda, intorno_.utilita);
     if (salvato) intermediario_ = *salvato;
     if (!riuscito(controllaCodiceIntermediario(dato.codiceFiscale))) return false;
     intermediario_.codiceFiscale = dato.codiceFiscale;
@@ -118,10 +113,10 @@ class CorsaCU {
   void avvia() {
     if (!riuscito(memorizza(compensi_))) return;
     if (richiesta_.intermediario) {
-      sbScriviIntermediario(ambiente_.ambito.database->internalConnection(), ambiente_.ambito.idAzienda,
-                            intermediario_, ambiente_.utilita);
+      sbScriviIntermediario(intorno_.ambito.database->internalConnection(), intorno_.ambito.idAzienda,
+                            intermediario_, intorno_.utilita);
     }
-    const auto controllo = controlla(ambiente_,
+    const auto controllo = controlla(intorno_,
                                      {.dataFirma = firma_.toItalian(),
                                       .usoIntermediari = richiesta_.intermediario.has_value(),
                                       .codiceFiscaleIntermediario = intermediario_.codiceFiscale,
@@ -129,16 +124,16 @@ class CorsaCU {
                                      compensi_.tabella());
     esito_->mancanti = controllo->mancanti;
     if (!riuscito(controllo) || !dateConfermate()) return;
-    const auto file = scrivi(ambiente_, compensi_, richiestaFile(controllo->sCodFisc));
+    const auto file = scrivi(intorno_, compensi_, richiestaFile(controllo->sCodFisc));
     if (!riuscito(file)) return;
     esito_->file = *file;
-    if (!riuscito(stampaModuli(ambiente_, compensi_, richiestaModuli(controllo->sCodFisc)))) return;
-    static_cast<void>(riuscito(carica(ambiente_, compensi_, filtri_)));
+    if (!riuscito(stampaModuli(intorno_, compensi_, richiestaModuli(controllo->sCodFisc)))) return;
+    static_cast<void>(riuscito(carica(intorno_, compensi_, filtri_)));
   }
 
   bool dateConfermate() {
     const auto date =
-        controllaDate({firma_, richiesta_.intermediario ? impegno_ : std::nullopt}, ambiente_.clock.today());
+        controllaDate({firma_, richiesta_.intermediario ? impegno_ : std::nullopt}, intorno_.clock.today());
     for (const Finding& avviso : date.warnings) {
       esito_.warnings.push_back(avviso);
       if (richiesta_.prosegue && richiesta_.prosegue(avviso)) continue;
@@ -149,8 +144,8 @@ class CorsaCU {
   }
 
   RichiestaFile richiestaFile(const std::string& sCodFisc) const {
-    constexpr std::int64_t kImpegni = 2;
-    const bool inElenco = intermediario_.indiceImpegno >= 0 && intermediario_.indiceImpegno < kImpegni;
+    const bool inElenco = intermediario_.indiceImpegno >= 0 &&
+                          intermediario_.indiceImpegno < static_cast<std::int64_t>(kImpegni.size());
     return {.anno = richiesta_.anno,
             .cartella = richiesta_.cartella,
             .cartellaDocumenti = richiesta_.cartellaDocumenti,
@@ -164,7 +159,7 @@ class CorsaCU {
   }
 
   RichiestaModuli richiestaModuli(const std::string& sCodFisc) const {
-    const Ambito& ambito = ambiente_.ambito;
+    const Ambito& ambito = intorno_.ambito;
     return {.stampa = {.dati = {.modo = ModoCorsa::CU,
                                 .report = richiesta_.modulo.name,
                                 .filtri = filtri_,
@@ -183,7 +178,7 @@ class CorsaCU {
             .cumulativa = richiesta_.stampaCumulativa};
   }
 
-  const Ambiente& ambiente_;
+  const Intorno& intorno_;
   Compensi& compensi_;
   const RichiestaCU& richiesta_;
   Result<EsitoCU> esito_{EsitoCU{}};
@@ -195,33 +190,33 @@ class CorsaCU {
 
 }  // namespace
 
-Result<EsitoCU> creaCU(const Ambiente& ambiente, Compensi& compensi, const RichiestaCU& richiesta) {
-  return CorsaCU(ambiente, compensi, richiesta).esegui();
+Result<EsitoCU> creaCU(const Intorno& intorno, Compensi& compensi, const RichiestaCU& richiesta) {
+  return CorsaCU(intorno, compensi, richiesta).esegui();
 }
 
-Result<> stampaReport(const Ambiente& ambiente, const RichiestaReport& richiesta) {
+Result<> stampaReport(const Intorno& intorno, const RichiestaReport& richiesta) {
   for (const auto& [anno, elenco] :
        {std::pair{&richiesta.anno, "KRNCboEsCont(0)"}, std::pair{&richiesta.adAnno, "KRNCboEsCont(1)"}}) {
-    if (*anno && !esisteAnno(ambiente, **anno)) return Result<>::refused(annoSenzaConti(**anno, elenco));
+    if (*anno && !esisteAnno(intorno, **anno)) return Result<>::refused(annoSenzaConti(**anno, elenco));
   }
-  Filtri filtri = filtriDi(ambiente, richiesta.estremi);
+  Filtri filtri = filtriDi(intorno, richiesta.estremi);
   filtri.anno = richiesta.anno.value_or("");
   filtri.adAnno = richiesta.adAnno.value_or("");
   Result<> esito = controllaFiltri(richiesta.modo, filtri);
   if (!esito) return esito;
-  static_cast<void>(fnFilialePredefinita(ambiente, richiesta.tipoOggetto));
+  static_cast<void>(fnFilialePredefinita(intorno, richiesta.tipoOggetto));
   const RichiestaStampa una{.dati = {.modo = richiesta.modo,
                                      .report = richiesta.report.name,
                                      .filtri = filtri,
-                                     .idAzienda = ambiente.ambito.idAzienda,
-                                     .idUtente = ambiente.ambito.idUtente},
+                                     .idAzienda = intorno.ambito.idAzienda,
+                                     .idUtente = intorno.ambito.idUtente},
                             .tipoOggetto = richiesta.tipoOggetto,
                             .definizione = richiesta.report.definition,
                             .uscita = Uscita::Pdf,
                             .percorso = {},
                             .guasto = richiesta.guasto};
-  esito = controllaStampa(ambiente, una.dati, richiesta.guasto);
-  return esito ? stampa(ambiente, una) : esito;
+  esito = controllaStampa(intorno, una.dati, richiesta.guasto);
+  return esito ? stampa(intorno, una) : esito;
 }
 
 }  // namespace cu::fornitura

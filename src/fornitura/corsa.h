@@ -8,8 +8,8 @@
 
 #include "base/date.h"
 #include "base/result.h"
-#include "fornitura/ambiente.h"
 #include "fornitura/controllo.h"
+#include "fornitura/intorno.h"
 #include "fornitura/scrittura.h"
 #include "fornitura/selezione.h"
 #include "fornitura/stampa.h"
@@ -54,8 +54,8 @@ struct EsitoCU {
 };
 
 // Load, references, checks, write-back, file, forms. It stops at the first refusal, and at a warning that is
-// not passed. The value is always there.
-Result<EsitoCU> creaCU(const Ambiente& ambiente, Compensi& compensi, const RichiestaCU& richiesta);
+// not passed, which is a refusal without a text then. The value is always there.
+Result<EsitoCU> creaCU(const Intorno& intorno, Compensi& compensi, const RichiestaCU& richiesta);
 
 struct RichiestaReport {
   ModoCorsa modo = ModoCorsa::Certificazione;
@@ -68,6 +68,6 @@ struct RichiestaReport {
 };
 
 // The accounts or a certificate, as a PDF for whose name the suite asks.
-Result<> stampaReport(const Ambiente& ambiente, const RichiestaReport& richiesta);
+Result<> stampaReport(const Intorno& intorno, const RichiestaReport& richiesta);
 
 }  // namespace cu::fornitura

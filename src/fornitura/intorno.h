@@ -9,7 +9,7 @@
 namespace cu::fornitura {
 
 // What the operations need of their surroundings; all of it outlives them.
-struct Ambiente {
+struct Intorno {
   Ambito ambito;
   HostFactory& factory;
   const Conversioni& utilita;

@@ -8,22 +8,22 @@ std::string fnNomeFile(const std::string& sCodFisc, const std::string& anno) {
   return "CUR_" + sCodFisc + "_" + anno + ".cur";
 }
 
-Result<FileScritto> scrivi(const Ambiente& ambiente, Compensi& compensi, const RichiestaFile& richiesta) {
-  FileSystem& files = ambiente.files;
-  ElaboraCompensi elabora({.database = *ambiente.ambito.database,
-                           .utilita = ambiente.utilita,
+Result<FileScritto> scrivi(const Intorno& intorno, Compensi& compensi, const RichiestaFile& richiesta) {
+  FileSystem& files = intorno.files;
+  ElaboraCompensi elabora({.database = *intorno.ambito.database,
+                           .utilita = intorno.utilita,
                            .files = files,
-                           .avanzamento = ambiente.avanzamento,
-                           .visore = ambiente.visore,
-                           .clock = ambiente.clock,
+                           .avanzamento = intorno.avanzamento,
+                           .visore = intorno.visore,
+                           .clock = intorno.clock,
                            .tabella = compensi.tabella(),
-                           .anno = ambiente.utilita.toLong(richiesta.anno)});
+                           .anno = intorno.utilita.toLong(richiesta.anno)});
   elabora.setDati(richiesta.dati);
   elabora.setFileName(fnNomeFile(richiesta.dati.CodiceFiscaleAzienda, richiesta.anno));
   elabora.setFilePathName(files.join(richiesta.cartella, elabora.FileName()));
   elabora.setFilePathNameMyDocuments(elabora.FilePathName());
   elabora.setFolderPathNameMyDocuments(
-      files.join(ambiente.utilita.documentsFolder(), richiesta.cartellaDocumenti));
+      files.join(intorno.utilita.documentsFolder(), richiesta.cartellaDocumenti));
   elabora.setRsMain(compensi.rsCompensi());
   elabora.sbWriteRecord();
   if (elabora.CreaFiles(richiesta.firma)) {

@@ -6,7 +6,7 @@
 
 #include "base/date.h"
 #include "base/result.h"
-#include "fornitura/ambiente.h"
+#include "fornitura/intorno.h"
 #include "telematic/cu_ele.h"
 #include "worklist/compensi.h"
 
@@ -33,6 +33,6 @@ struct FileScritto {
 
 // Refused where the file cannot be opened: "percorso-inesistente" with a text for a person, otherwise
 // "file-non-scritto" without one. An error that rises leaves the lines written before it, and no record Z.
-Result<FileScritto> scrivi(const Ambiente& ambiente, Compensi& compensi, const RichiestaFile& richiesta);
+Result<FileScritto> scrivi(const Intorno& intorno, Compensi& compensi, const RichiestaFile& richiesta);
 
 }  // namespace cu::fornitura

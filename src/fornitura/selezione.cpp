@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "telematic/intermediario.h"
 #include "worklist/riferimenti.h"
 
 namespace cu::fornitura {

@@ -33,7 +33,6 @@ Result<> controllaRiferimenti(const RichiestaRiferimenti& richiesta);
 // Returns how many lines have got one or both.
 Result<std::size_t> correggiRiferimenti(Compensi& compensi, const RichiestaRiferimenti& richiesta);
 
-inline constexpr std::size_t kMassimoCodiceIntermediario = 16;
 // Refused where the box of the intermediary would not take the text as it is.
 Result<> controllaCodiceIntermediario(const std::string& codiceFiscale);
 

@@ -11,21 +11,21 @@
 namespace cu::fornitura {
 namespace {
 
-void eseguiRicorsione(const Ambiente& ambiente, const std::string& istruzione) {
-  ambiente.ambito.database->internalConnection().Execute(ambiente.utilita.fnAnsi2jet(istruzione));
+void eseguiRicorsione(const Intorno& intorno, const std::string& istruzione) {
+  intorno.ambito.database->internalConnection().Execute(intorno.utilita.fnAnsi2jet(istruzione));
 }
 
 }  // namespace
 
-std::int32_t fnFilialePredefinita(const Ambiente& ambiente, std::int32_t nTipoOggetto) {
+std::int32_t fnFilialePredefinita(const Intorno& intorno, std::int32_t nTipoOggetto) {
   try {
-    const auto ricerca = ambiente.ambito.database->CreateRowset();
+    const auto ricerca = intorno.ambito.database->CreateRowset();
     ricerca->addField("IDDefaultFilialePerTipoOggetto");
     ricerca->addField("IDTipoOggetto");
     ricerca->addField("IDFiliale");
     ricerca->setTable("DefaultFilialePerTipoOggetto");
     ricerca->setFilter("IDTipoOggetto = " + fromInteger(nTipoOggetto) +
-                       " AND \r\nIDFiliale = " + fromInteger(ambiente.ambito.idFiliale));
+                       " AND \r\nIDFiliale = " + fromInteger(intorno.ambito.idFiliale));
     ricerca->open();
     if (ricerca->eof()) return 0;
     return static_cast<std::int32_t>(ricerca->value("IDDefaultFilialePerTipoOggetto").view().integer());
@@ -34,14 +34,14 @@ std::int32_t fnFilialePredefinita(const Ambiente& ambiente, std::int32_t nTipoOg
   }
 }
 
-Result<> controllaStampa(const Ambiente& ambiente, const stampa::Dati& dati, const Guasto& guasto) {
+Result<> controllaStampa(const Intorno& intorno, const stampa::Dati& dati, const Guasto& guasto) {
   const std::string_view vista = stampa::vista(dati);
   if (vista.empty()) return Done{};
   try {
-    const auto elementi = ambiente.ambito.database->CreateRowset();
+    const auto elementi = intorno.ambito.database->CreateRowset();
     elementi->addField("IDAzienda");
     elementi->setTable(vista);
-    elementi->setFilter(stampa::filtroSql(dati, ambiente.utilita));
+    elementi->setFilter(stampa::filtroSql(dati, intorno.utilita));
     elementi->open();
     if (!elementi->eof()) return Done{};
   } catch (const std::exception& errore) {
@@ -50,17 +50,17 @@ Result<> controllaStampa(const Ambiente& ambiente, const stampa::Dati& dati, con
   return Result<>::refused({"nulla-da-stampare", "Nessun elemento da stampare", ""});
 }
 
-Result<> stampa(const Ambiente& ambiente, const RichiestaStampa& richiesta) {
+Result<> stampa(const Intorno& intorno, const RichiestaStampa& richiesta) {
   // Controls and reports read for themselves.
-  Connection& connessione = ambiente.ambito.database->ownConnection();
-  const Ambito& ambito = ambiente.ambito;
-  ambiente.avanzamento.setPointer(kPointerHourglass);
-  if (richiesta.percorso.empty()) ambiente.avanzamento.progress("Preparazione della stampa", 0, 0);
-  const std::unique_ptr<ReportEngine> oReport = ambiente.factory.createReport();
+  Connection& connessione = intorno.ambito.database->ownConnection();
+  const Ambito& ambito = intorno.ambito;
+  intorno.avanzamento.setPointer(kPointerHourglass);
+  if (richiesta.percorso.empty()) intorno.avanzamento.progress("Preparazione della stampa", 0, 0);
+  const std::unique_ptr<ReportEngine> oReport = intorno.factory.createReport();
   oReport->setSession(ambito.idUtente, ambito.idAzienda, ambito.idFiliale);
   oReport->setConnection(connessione);
-  const std::string formula = stampa::formula(richiesta.dati, ambiente.utilita);
-  const std::unique_ptr<PrinterDialog> dialogo = ambiente.factory.createPrinterDialog();
+  const std::string formula = stampa::formula(richiesta.dati, intorno.utilita);
+  const std::unique_ptr<PrinterDialog> dialogo = intorno.factory.createPrinterDialog();
   dialogo->setConnection(connessione);
   dialogo->setSession(ambito.idUtente);
   oReport->setObjectType(richiesta.tipoOggetto);
@@ -73,7 +73,7 @@ Result<> stampa(const Ambiente& ambiente, const RichiestaStampa& richiesta) {
     oReport->setOutputFormat(0);
   }
   dialogo->setDefinition(richiesta.definizione);
-  stampa::esegui({.avanzamento = ambiente.avanzamento,
+  stampa::esegui({.avanzamento = intorno.avanzamento,
                   .oReport = *oReport,
                   .dialogo = *dialogo,
                   .tipoOggetto = richiesta.tipoOggetto,
@@ -82,8 +82,8 @@ Result<> stampa(const Ambiente& ambiente, const RichiestaStampa& richiesta) {
   return Done{};
 }
 
-Result<> stampaModuli(const Ambiente& ambiente, Compensi& compensi, const RichiestaModuli& richiesta) {
-  const std::int32_t idUtente = ambiente.ambito.idUtente;
+Result<> stampaModuli(const Intorno& intorno, Compensi& compensi, const RichiestaModuli& richiesta) {
+  const std::int32_t idUtente = intorno.ambito.idUtente;
   const ricorsione::Corsa corsa{.idUtente = idUtente,
                                 .sTipoCom = fromInteger(static_cast<std::int32_t>(richiesta.tipo)),
                                 .intermediari = richiesta.intermediari,
@@ -91,40 +91,39 @@ Result<> stampaModuli(const Ambiente& ambiente, Compensi& compensi, const Richie
   const auto nome = [&] {
     return NomeModulo{.sCodFisc = richiesta.sCodFisc,
                       .anno = richiesta.stampa.dati.filtri.anno,
-                      .oggi = ambiente.clock.today(),
-                      .ora = ambiente.clock.now()};
+                      .oggi = intorno.clock.today(),
+                      .ora = intorno.clock.now()};
   };
   const auto inFile = [&](const std::string& nomeFile) {
     RichiestaStampa una = richiesta.stampa;
-    una.percorso = ambiente.files.join(richiesta.cartella, nomeFile);
-    return stampa(ambiente, una);
+    una.percorso = intorno.files.join(richiesta.cartella, nomeFile);
+    return stampa(intorno, una);
   };
   Result<> esito(Done{});
-  const std::unique_ptr<PrintRun> stampe = ambiente.factory.createPrintRun();
+  const std::unique_ptr<PrintRun> stampe = intorno.factory.createPrintRun();
   Recordset& righe = compensi.rsCompensi();
   if (righe.RecordCount() > 0) righe.MoveFirst();
-  eseguiRicorsione(ambiente, ricorsione::elimina(idUtente));
+  eseguiRicorsione(intorno, ricorsione::elimina(idUtente));
   const std::size_t quante = righe.RecordCount();
   // One print of all forms takes its time behind the rows, which are quickly put together.
   const char* const lavoro = richiesta.cumulativa ? "Preparazione dei moduli" : "Stampa dei moduli";
   for (; !righe.Eof(); righe.MoveNext()) {
-    ambiente.avanzamento.setPointer(kPointerHourglass);
-    ambiente.avanzamento.progress(lavoro, righe.AbsolutePosition(), quante);
+    intorno.avanzamento.setPointer(kPointerHourglass);
+    intorno.avanzamento.progress(lavoro, righe.AbsolutePosition(), quante);
     if (!righe.Get("Selezionato").flag()) continue;
-    if (!richiesta.cumulativa) eseguiRicorsione(ambiente, ricorsione::elimina(idUtente));
-    eseguiRicorsione(ambiente, ricorsione::inserisci(righe, corsa, ambiente.utilita));
-    if (!richiesta.cumulativa) esito = inFile(nome().diRiga(righe, ambiente.utilita));
+    if (!richiesta.cumulativa) eseguiRicorsione(intorno, ricorsione::elimina(idUtente));
+    eseguiRicorsione(intorno, ricorsione::inserisci(righe, corsa, intorno.utilita));
+    if (!richiesta.cumulativa) esito = inFile(nome().diRiga(righe, intorno.utilita));
   }
   if (richiesta.cumulativa) {
-    ambiente.avanzamento.progress("Stampa dei moduli", 0, 0);
+    intorno.avanzamento.progress("Stampa dei moduli", 0, 0);
     esito = inFile(nome().cumulativo());
   }
   return esito;
 }
 
-Result<> svuotaRicorsione(const Ambiente& ambiente) {
-  eseguiRicorsione(ambiente, ricorsione::elimina(ambiente.ambito.idUtente));
-  return Done{};
+void svuotaRicorsione(const Intorno& intorno) {
+  eseguiRicorsione(intorno, ricorsione::elimina(intorno.ambito.idUtente));
 }
 
 }  // namespace cu::fornitura

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "base/result.h"
-#include "fornitura/ambiente.h"
+#include "fornitura/intorno.h"
 #include "host/modi.h"
 #include "printing/formule.h"
 #include "worklist/compensi.h"
@@ -14,7 +14,7 @@
 namespace cu::fornitura {
 
 // The row of the branch's defaults for an object type; 0 where it has none or it cannot be read.
-std::int32_t fnFilialePredefinita(const Ambiente& ambiente, std::int32_t nTipoOggetto);
+std::int32_t fnFilialePredefinita(const Intorno& intorno, std::int32_t nTipoOggetto);
 
 // Called with the text of each statement that fails, before the next one runs.
 using Guasto = std::function<void(const std::string& testo)>;
@@ -30,10 +30,10 @@ struct RichiestaStampa {
 
 // Refused where nothing would come out. A test that fails is reported, and counts as nothing; the modes
 // without a test pass.
-Result<> controllaStampa(const Ambiente& ambiente, const stampa::Dati& dati, const Guasto& guasto);
+Result<> controllaStampa(const Intorno& intorno, const stampa::Dati& dati, const Guasto& guasto);
 
 // Prints, without that test. What fails is reported to the request's `guasto`.
-Result<> stampa(const Ambiente& ambiente, const RichiestaStampa& richiesta);
+Result<> stampa(const Intorno& intorno, const RichiestaStampa& richiesta);
 
 struct RichiestaModuli {
   RichiestaStampa stampa;  // its path is set for each file
@@ -45,9 +45,9 @@ struct RichiestaModuli {
   bool cumulativa = false;  // one file for all lines
 };
 // The ministerial forms of the selected lines.
-Result<> stampaModuli(const Ambiente& ambiente, Compensi& compensi, const RichiestaModuli& richiesta);
+Result<> stampaModuli(const Intorno& intorno, Compensi& compensi, const RichiestaModuli& richiesta);
 
 // Takes the user's rows out of the table that carries the lines to the forms.
-Result<> svuotaRicorsione(const Ambiente& ambiente);
+void svuotaRicorsione(const Intorno& intorno);
 
 }  // namespace cu::fornitura

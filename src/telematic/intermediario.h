@@ -1,14 +1,24 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "data/database.h"
 
 namespace cu {
 
 class Conversioni;
+
+// The commitments that an intermediary may have, as a list shows them.
+inline constexpr std::array<std::string_view, 2> kImpegni = {
+    "Comunicazione predisposta dal contribuente", "Comunicazione predisposta da chi effettua l'invio"};
+
+// How many characters of a fiscal code the screen takes.
+inline constexpr std::size_t kMassimoCodiceIntermediario = 16;
 
 // The intermediary as the screen shows it.
 struct Intermediario {

@@ -20,13 +20,12 @@ auto FrmWizard::primaDelFile(const Azione& azione) {
   }
 }
 
-Result<fornitura::Controllo> FrmWizard::preparaFile(std::unique_ptr<LogGrid>& oLogGrid) {
+Result<fornitura::Controllo> FrmWizard::preparaFile(LogGrid& oLogGrid) {
   FrontEnd& schermo = ambiente_.frontEnd;
-  static_cast<void>(fornitura::memorizza(compensi_));
+  accolto(fornitura::memorizza(compensi_));
   schermo.setPointer(kPointerHourglass);
   sbSalvaIntermediario();
 
-  oLogGrid = ambiente_.factory.createLogGrid();
   schermo.progress("Controllo dei dati", 0, 0);
   auto controllo = fornitura::controlla(intorno(),
                                         {.dataFirma = dtDataFirma.entered(),
@@ -34,13 +33,13 @@ Result<fornitura::Controllo> FrmWizard::preparaFile(std::unique_ptr<LogGrid>& oL
                                          .codiceFiscaleIntermediario = txtCodiceFiscale.text(),
                                          .dataImpegno = dtDataImpegno.entered()},
                                         globali_.gTabellaLavoro);
-  fornitura::riempiLog(*oLogGrid, globali_.gSessione->IDUtente(), controllo->mancanti);
+  fornitura::riempiLog(oLogGrid, globali_.gSessione->IDUtente(), controllo->mancanti);
   return controllo;
 }
 
 bool FrmWizard::fnCreaFileCU() {
-  std::unique_ptr<LogGrid> oLogGrid;
-  const auto controllo = primaDelFile([&] { return preparaFile(oLogGrid); });
+  const std::unique_ptr<LogGrid> oLogGrid = ambiente_.factory.createLogGrid();
+  const auto controllo = primaDelFile([&] { return preparaFile(*oLogGrid); });
   // The run stays on this step unless it succeeds: what it has made or met in the folder is noted there.
   const std::string sNomeFile = fornitura::fnNomeFile(controllo->sCodFisc, KRNCboEsCont0.text());
   try {

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "fornitura/carico.h"
 #include "host/testi_programma.h"
+#include "telematic/intermediario.h"
 
 namespace cu {
 
@@ -91,7 +92,7 @@ FrmWizard::FrmWizard(const Ambiente& ambiente, Globali& globali)
   txtCodiceFiscale.setBackground(Background::Face);
   cboxTipoComunicazione.setBackground(Background::Face);
   dtDataImpegno.setBackground(Background::Face);
-  txtCodiceFiscale.setMaxLength(16);
+  txtCodiceFiscale.setMaxLength(kMassimoCodiceIntermediario);
   txtPercorsoCU.setLocked(true);
   chkRicostruzione.setHint(
       "Ricalcola dai pagamenti i conti scelti, a ogni Avanti: le correzioni memorizzate nei conti vanno "
@@ -120,8 +121,7 @@ void FrmWizard::sbInitWizard() {
   }
   associaElenchi();
   cboxTipoComunicazione.clear();
-  cboxTipoComunicazione.add("Comunicazione predisposta dal contribuente");
-  cboxTipoComunicazione.add("Comunicazione predisposta da chi effettua l'invio");
+  for (const std::string_view impegno : kImpegni) cboxTipoComunicazione.add(std::string(impegno));
   sPercorsoCU = ambiente_.settings.get(globali_.gChiaveImpostazioni, kMenuSettings, "CU_Path",
                                        ambiente_.utilita.defaultFolder());
   txtPercorsoCU.setText(sPercorsoCU);
@@ -151,7 +151,7 @@ void FrmWizard::collegaEventi() {
 
 ModoCorsa FrmWizard::modo() const { return modoCorsa(globali_.gIDFunzione); }
 
-fornitura::Ambiente FrmWizard::intorno() const {
+fornitura::Intorno FrmWizard::intorno() const {
   return {.ambito = ambitoDi(*globali_.gSessione),
           .factory = ambiente_.factory,
           .utilita = ambiente_.utilita,
@@ -194,7 +194,7 @@ void FrmWizard::formLoad() {
 // Whatever fails here ends the clean-up in silence, and what would have followed is left undone.
 void FrmWizard::formUnload() {
   try {
-    static_cast<void>(fornitura::svuotaRicorsione(intorno()));
+    fornitura::svuotaRicorsione(intorno());
     ambiente_.settings.set(globali_.gChiaveImpostazioni, kMenuSettings, "CU_Path", txtPercorsoCU.text());
     ambiente_.settings.deleteSection(globali_.gChiaveImpostazioni, globali_.gSessione->settingsSection());
   } catch (const std::exception&) {

@@ -18,8 +18,8 @@
 #include "controls/print_control.h"
 #include "controls/selector.h"
 #include "controls/textbox.h"
-#include "fornitura/ambiente.h"
 #include "fornitura/controllo.h"
+#include "fornitura/intorno.h"
 #include "fornitura/scrittura.h"
 #include "fornitura/stampa.h"
 #include "host/filtri.h"
@@ -142,7 +142,7 @@ class FrmWizard : public Form {
 
   // The operations: what they need of the surroundings, and how a refusal of theirs is shown. False where
   // there is one.
-  fornitura::Ambiente intorno() const;
+  fornitura::Intorno intorno() const;
   template <class T>
   bool accolto(const Result<T>& esito) {
     for (const Finding& rifiuto : esito.refusals) mostraRifiuto(rifiuto);
@@ -193,7 +193,7 @@ class FrmWizard : public Form {
   template <class Azione>
   auto primaDelFile(const Azione& azione);
   // Corrections and intermediary are stored, the data checked.
-  Result<fornitura::Controllo> preparaFile(std::unique_ptr<LogGrid>& oLogGrid);
+  Result<fornitura::Controllo> preparaFile(LogGrid& oLogGrid);
   bool fnEsegui(const Result<fornitura::Controllo>& controllo, LogGrid& oLogGrid);  // what follows the checks
   void segnalaDatoMancante();
   bool controllaDate();

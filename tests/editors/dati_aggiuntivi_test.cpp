@@ -142,8 +142,8 @@ void aperto(FrmDatiAggiuntivi& dialogo) {
 }
 
 TEST_F(AdditionalData, AnAnnulmentShowsOnlyTheReferences) {
-  dialogo.setTipoComunicazione(static_cast<Comunicazione>(1));
-  dialogo.setTipoComunicazione(static_cast<Comunicazione>(2));
+  dialogo.setTipoComunicazione(Comunicazione::Ordinaria);
+  dialogo.setTipoComunicazione(Comunicazione::Annullamento);
   EXPECT_EQ(dialogo.riferimenti.fraRiferimenti.caption(), "Riferimenti per annullamento");
   aperto(dialogo);
   EXPECT_FALSE(dialogo.fraMain.visible());
@@ -151,8 +151,8 @@ TEST_F(AdditionalData, AnAnnulmentShowsOnlyTheReferences) {
 }
 
 TEST_F(AdditionalData, AReplacementShowsAll) {
-  dialogo.setTipoComunicazione(static_cast<Comunicazione>(2));
-  dialogo.setTipoComunicazione(static_cast<Comunicazione>(3));
+  dialogo.setTipoComunicazione(Comunicazione::Annullamento);
+  dialogo.setTipoComunicazione(Comunicazione::Sostituzione);
   EXPECT_EQ(dialogo.riferimenti.fraRiferimenti.caption(), "Riferimenti per sostituzione");
   aperto(dialogo);
   EXPECT_TRUE(dialogo.fraMain.visible());
@@ -160,7 +160,7 @@ TEST_F(AdditionalData, AReplacementShowsAll) {
 }
 
 TEST_F(AdditionalData, TheReferencesTakeDigitsAndTheFewOtherCodesOfTheFilter) {
-  dialogo.setTipoComunicazione(static_cast<Comunicazione>(3));
+  dialogo.setTipoComunicazione(Comunicazione::Sostituzione);
   for (TextBox* casella : {&protocollo(), &progressivo()}) {
     for (char32_t tasto = 1; tasto < 256; ++tasto) {
       const bool ammesso = (tasto >= 48 && tasto <= 57) || tasto == 8 || tasto == 9 || tasto == 12 ||

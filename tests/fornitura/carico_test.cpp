@@ -14,7 +14,7 @@ using testing::HasSubstr;
 class Load : public OperazioniProva {};
 
 TEST_F(Load, ReturnsTheNumberOfLinesAndLeavesTheWorklistOnThem) {
-  const auto righe = fornitura::carica(ambiente(), compensi, anno("2016"));
+  const auto righe = fornitura::carica(intorno(), compensi, anno("2016"));
   ASSERT_TRUE(righe);
   EXPECT_EQ(*righe, 2U);
   EXPECT_EQ(compensi.tabella(), "tmpprequadrivio12");
@@ -25,7 +25,7 @@ TEST_F(Load, ReturnsTheNumberOfLinesAndLeavesTheWorklistOnThem) {
 
 TEST_F(Load, WhatTheDatabaseRefusesRises) {
   database.internal.refuseContaining("CREATE TABLE");
-  EXPECT_THROW(static_cast<void>(fornitura::carica(ambiente(), compensi, anno("2016"))), DatabaseError);
+  EXPECT_THROW(static_cast<void>(fornitura::carica(intorno(), compensi, anno("2016"))), DatabaseError);
 }
 
 TEST_F(Load, AYearIsRequiredOfTheFileAndOfTheCertificate) {
@@ -47,7 +47,7 @@ TEST_F(Load, ARebuildGetsTheFiltersAndReturnsHowManyAccountsItChanged) {
   filtri.perCodice = true;
   filtri.codiceDa = "P1";
   filtri.causaleA = "B";
-  const auto cambiati = fornitura::ricostruisci(ambiente(), filtri);
+  const auto cambiati = fornitura::ricostruisci(intorno(), filtri);
   EXPECT_EQ(*cambiati, 3U);
   ASSERT_EQ(factory.rebuilds.size(), 1U);
   EXPECT_EQ(factory.rebuilds[0].filter, " AND CodicePercipiente >= 'P1' AND CodiceCausalePagamento <= 'B'");
@@ -58,9 +58,9 @@ TEST_F(Load, ARebuildGetsTheFiltersAndReturnsHowManyAccountsItChanged) {
 TEST_F(Load, AFirstNameThatCannotBeReadIsEmpty) {
   database.main.answerContaining("FROM Anagrafica",
                                  Table({"IDAnagrafica", "Nome"}, {{whole(7), text("Ada")}}));
-  EXPECT_EQ(fornitura::FindName(ambiente(), 7), "Ada");
+  EXPECT_EQ(fornitura::FindName(intorno(), 7), "Ada");
   database.main.refuseContaining("FROM Anagrafica");
-  EXPECT_EQ(fornitura::FindName(ambiente(), 7), "");
+  EXPECT_EQ(fornitura::FindName(intorno(), 7), "");
 }
 
 }  // namespace

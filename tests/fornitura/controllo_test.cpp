@@ -14,7 +14,7 @@ using testing::SizeIs;
 class Check : public OperazioniProva {
  protected:
   Result<fornitura::Controllo> controlla() {
-    return fornitura::controlla(ambiente(), dati, "tmpprequadrivio12");
+    return fornitura::controlla(intorno(), dati, "tmpprequadrivio12");
   }
   std::vector<std::string> avvisi(const fornitura::DateFornitura& date) {
     return codici(fornitura::controllaDate(date, clock.today()).warnings);

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "fornitura/ambiente.h"
+#include "fornitura/intorno.h"
 #include "support/company_answers.h"
 #include "support/fake_factory.h"
 #include "support/fixed_clock.h"
@@ -28,7 +28,7 @@ class OperazioniProva : public testing::Test {
     EXPECT_TRUE(avanzamento.shown.empty());
     EXPECT_TRUE(avanzamento.boxes.empty());
   }
-  fornitura::Ambiente ambiente() {
+  fornitura::Intorno intorno() {
     return {.ambito = {&database, 12, 1, 1},
             .factory = factory,
             .utilita = utilita,
@@ -54,7 +54,7 @@ class OperazioniProva : public testing::Test {
   Compensi compensi{utilita, avanzamento};
 };
 
-// The text and the place of each.
+// The code and the place of each.
 inline std::vector<std::string> codici(const std::vector<Finding>& rilievi) {
   std::vector<std::string> trovati;
   for (const Finding& rilievo : rilievi) trovati.push_back(rilievo.code + " @" + rilievo.place);

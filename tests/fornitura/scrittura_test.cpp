@@ -21,7 +21,7 @@ class Write : public OperazioniProva {
   void SetUp() override {
     certificati(2);
     database.internal.answerContaining("FROM ModuloXContoIndividuale", rispostaModuli({}));
-    ASSERT_TRUE(fornitura::carica(ambiente(), compensi, anno("2016")));
+    ASSERT_TRUE(fornitura::carica(intorno(), compensi, anno("2016")));
   }
   void certificati(int quanti) {
     database.internal.answerContaining("ORDER BY Anag.Anagrafica",
@@ -50,7 +50,7 @@ class Write : public OperazioniProva {
 };
 
 TEST_F(Write, TheFileIsNamedByCompanyAndYear) {
-  const auto file = fornitura::scrivi(ambiente(), compensi, richiesta());
+  const auto file = fornitura::scrivi(intorno(), compensi, richiesta());
   ASSERT_TRUE(file);
   EXPECT_EQ(file->nome, "CUR_01234567890_2016.cur");
   EXPECT_EQ(file->percorso, "/cu/CUR_01234567890_2016.cur");
@@ -60,7 +60,7 @@ TEST_F(Write, TheFileIsNamedByCompanyAndYear) {
 
 TEST_F(Write, WithoutCertificatesThereIsNoFile) {
   certificati(0);
-  const auto file = fornitura::scrivi(ambiente(), compensi, richiesta());
+  const auto file = fornitura::scrivi(intorno(), compensi, richiesta());
   ASSERT_TRUE(file);
   EXPECT_EQ(file->certificazioni, 0U);
   EXPECT_THAT(files.files, IsEmpty());
@@ -68,20 +68,20 @@ TEST_F(Write, WithoutCertificatesThereIsNoFile) {
 
 TEST_F(Write, AFolderThatDoesNotExistIsRefusedInWords) {
   files.folders.erase("/cu");
-  const auto file = fornitura::scrivi(ambiente(), compensi, richiesta());
+  const auto file = fornitura::scrivi(intorno(), compensi, richiesta());
   EXPECT_THAT(codici(file.refusals), ElementsAre("percorso-inesistente @txtPercorsoCU"));
   EXPECT_EQ(file.refusals[0].text, "Attenzione! Il percorso per il salvataggio dei files è inesistente!");
 }
 
 TEST_F(Write, AFileThatCannotBeOpenedIsRefusedWithoutAWord) {
   files.failNth(MemoryFileSystem::Operation::Open, 1, 70);
-  const auto file = fornitura::scrivi(ambiente(), compensi, richiesta());
+  const auto file = fornitura::scrivi(intorno(), compensi, richiesta());
   EXPECT_THAT(codici(file.refusals), ElementsAre("file-non-scritto @txtPercorsoCU"));
   EXPECT_EQ(file.refusals[0].text, "");
 }
 
 TEST_F(Write, AWholeRunLoadsChecksWritesPrintsAndLoadsAgain) {
-  const auto esito = fornitura::creaCU(ambiente(), compensi, intera());
+  const auto esito = fornitura::creaCU(intorno(), compensi, intera());
   ASSERT_TRUE(esito) << esito.refusals.at(0).text;
   ASSERT_TRUE(esito->file.has_value());
   EXPECT_EQ(esito->file->certificazioni, 2U);
@@ -95,7 +95,7 @@ TEST_F(Write, AWholeRunStopsAtAYearWithoutAccounts) {
   fornitura::RichiestaCU altra = intera();
   altra.anno = "2012";
   database.internal.sent.clear();
-  const auto esito = fornitura::creaCU(ambiente(), compensi, altra);
+  const auto esito = fornitura::creaCU(intorno(), compensi, altra);
   EXPECT_THAT(codici(esito.refusals), ElementsAre("anno-senza-conti @KRNCboEsCont(0)"));
   EXPECT_EQ(esito.refusals[0].text, "Nessun conto individuale per l'anno 2012.");
   EXPECT_THAT(eseguite(), IsEmpty());
@@ -104,19 +104,19 @@ TEST_F(Write, AWholeRunStopsAtAYearWithoutAccounts) {
 TEST_F(Write, AWholeRunStopsAtAWarningThatIsNotPassed) {
   fornitura::RichiestaCU domani = intera();
   domani.firma = Date::fromYmd(2017, 3, 6);
-  const auto fermata = fornitura::creaCU(ambiente(), compensi, domani);
+  const auto fermata = fornitura::creaCU(intorno(), compensi, domani);
   EXPECT_FALSE(fermata);
   EXPECT_THAT(codici(fermata.warnings), ElementsAre("firma-futura @dtDataFirma"));
   EXPECT_THAT(files.files, IsEmpty());
   domani.prosegue = [](const Finding&) { return true; };
-  EXPECT_TRUE(fornitura::creaCU(ambiente(), compensi, domani));
+  EXPECT_TRUE(fornitura::creaCU(intorno(), compensi, domani));
   EXPECT_THAT(files.files, SizeIs(1));
 }
 
 TEST_F(Write, AWholeRunStopsWhereDataAreMissing) {
   fornitura::RichiestaCU conIntermediario = intera();
   conIntermediario.intermediario = {"NTRMDR70A01H501U", 1, std::nullopt};
-  const auto esito = fornitura::creaCU(ambiente(), compensi, conIntermediario);
+  const auto esito = fornitura::creaCU(intorno(), compensi, conIntermediario);
   EXPECT_THAT(codici(esito.refusals), ElementsAre("dato-mancante @dtDataImpegno"));
   ASSERT_THAT(esito->mancanti, SizeIs(1));
   EXPECT_FALSE(esito->file.has_value());

@@ -15,7 +15,7 @@ using testing::IsEmpty;
 class Lines : public OperazioniProva {
  protected:
   void SetUp() override {
-    ASSERT_TRUE(fornitura::carica(ambiente(), compensi, anno("2016")));
+    ASSERT_TRUE(fornitura::carica(intorno(), compensi, anno("2016")));
     database.internal.sent.clear();
   }
   std::vector<bool> scelte() {

@@ -35,7 +35,7 @@ class Print : public OperazioniProva {
 
 TEST_F(Print, AReportGoesWhereItsRequestSays) {
   qualcosa();
-  EXPECT_TRUE(fornitura::stampaReport(ambiente(), conti()));
+  EXPECT_TRUE(fornitura::stampaReport(intorno(), conti()));
   EXPECT_THAT(factory.printing.calls,
               ElementsAre("report.create", "report.session 12 1 1", "report.connection", "dialog.connection",
                           "dialog.session 12", "report.objectType 246", HasSubstr("report.formula "),
@@ -45,7 +45,7 @@ TEST_F(Print, AReportGoesWhereItsRequestSays) {
 }
 
 TEST_F(Print, NothingToPrintIsRefused) {
-  const auto esito = fornitura::stampaReport(ambiente(), conti());
+  const auto esito = fornitura::stampaReport(intorno(), conti());
   EXPECT_THAT(codici(esito.refusals), ElementsAre("nulla-da-stampare @"));
   EXPECT_EQ(esito.refusals[0].text, "Nessun elemento da stampare");
   EXPECT_THAT(factory.printing.calls, IsEmpty());
@@ -53,21 +53,21 @@ TEST_F(Print, NothingToPrintIsRefused) {
 
 TEST_F(Print, ATestThatFailsIsReportedAndCountsAsNothing) {
   database.main.refuseContaining("FROM RepContoIndividuale");
-  EXPECT_FALSE(fornitura::stampaReport(ambiente(), conti()));
+  EXPECT_FALSE(fornitura::stampaReport(intorno(), conti()));
   EXPECT_THAT(guasti, ElementsAre("Il database ha rifiutato l'istruzione."));
 }
 
 TEST_F(Print, AModeWithoutATestPasses) {
   stampa::Dati dati;
   dati.modo = ModoCorsa::Altro;
-  EXPECT_TRUE(fornitura::controllaStampa(ambiente(), dati, {}));
+  EXPECT_TRUE(fornitura::controllaStampa(intorno(), dati, {}));
   EXPECT_THAT(database.main.sent, IsEmpty());
 }
 
 TEST_F(Print, AYearWithoutAccountsIsRefused) {
   fornitura::RichiestaReport richiesta = conti();
   richiesta.adAnno = "2012";
-  const auto esito = fornitura::stampaReport(ambiente(), richiesta);
+  const auto esito = fornitura::stampaReport(intorno(), richiesta);
   EXPECT_THAT(codici(esito.refusals), ElementsAre("anno-senza-conti @KRNCboEsCont(1)"));
 }
 
@@ -77,23 +77,23 @@ TEST_F(Print, ABoundThatIsFoundHasItsFirstNameRead) {
                                                                {{whole(7), text("P001"), text("Rossi")}}));
   fornitura::RichiestaReport richiesta = conti();
   richiesta.estremi.daPercipiente = "p001";
-  EXPECT_TRUE(fornitura::stampaReport(ambiente(), richiesta));
+  EXPECT_TRUE(fornitura::stampaReport(intorno(), richiesta));
   EXPECT_THAT(database.main.texts(), Contains(HasSubstr("IDAnagrafica = 7")));
   EXPECT_THAT(factory.printing.arguments("report.formula"), ElementsAre(HasSubstr("'P001'")));
 }
 
 TEST_F(Print, TheBranchsDefaultIsZeroWhereItCannotBeRead) {
-  EXPECT_EQ(fornitura::fnFilialePredefinita(ambiente(), 246), 0);
+  EXPECT_EQ(fornitura::fnFilialePredefinita(intorno(), 246), 0);
   database.main.answerContaining("DefaultFilialePerTipoOggetto",
                                  Table({"IDDefaultFilialePerTipoOggetto", "IDTipoOggetto", "IDFiliale"},
                                        {{whole(9), whole(246), whole(1)}}));
-  EXPECT_EQ(fornitura::fnFilialePredefinita(ambiente(), 246), 9);
+  EXPECT_EQ(fornitura::fnFilialePredefinita(intorno(), 246), 9);
   database.main.refuseContaining("DefaultFilialePerTipoOggetto");
-  EXPECT_EQ(fornitura::fnFilialePredefinita(ambiente(), 246), 0);
+  EXPECT_EQ(fornitura::fnFilialePredefinita(intorno(), 246), 0);
 }
 
 TEST_F(Print, FormsAreOneFileALineOrOneForAll) {
-  ASSERT_TRUE(fornitura::carica(ambiente(), compensi, anno("2016")));
+  ASSERT_TRUE(fornitura::carica(intorno(), compensi, anno("2016")));
   fornitura::RichiestaModuli richiesta{
       .stampa = {.dati = {.modo = ModoCorsa::CU, .report = "Modulo.rpt", .filtri = anno("2016")},
                  .tipoOggetto = 342,
@@ -107,13 +107,13 @@ TEST_F(Print, FormsAreOneFileALineOrOneForAll) {
       .intermediari = false,
       .dataFirma = "05/03/2017",
       .cumulativa = false};
-  EXPECT_TRUE(fornitura::stampaModuli(ambiente(), compensi, richiesta));
+  EXPECT_TRUE(fornitura::stampaModuli(intorno(), compensi, richiesta));
   EXPECT_THAT(factory.printing.arguments("report.outputPath"), SizeIs(2));
   EXPECT_THAT(avanzamento.works, Not(Contains("Preparazione dei moduli")));
   factory.printing.calls.clear();
   avanzamento.works.clear();
   richiesta.cumulativa = true;
-  EXPECT_TRUE(fornitura::stampaModuli(ambiente(), compensi, richiesta));
+  EXPECT_TRUE(fornitura::stampaModuli(intorno(), compensi, richiesta));
   EXPECT_THAT(avanzamento.works, ElementsAre("Preparazione dei moduli", "Stampa dei moduli"))
       << "the print of all of them begins when its lines are there";
   EXPECT_THAT(factory.printing.arguments("report.outputPath"),
@@ -121,7 +121,7 @@ TEST_F(Print, FormsAreOneFileALineOrOneForAll) {
 }
 
 TEST_F(Print, TheUsersLinesAreTakenOut) {
-  EXPECT_TRUE(fornitura::svuotaRicorsione(ambiente()));
+  EXPECT_TRUE(fornitura::svuotaRicorsione(intorno()));
   EXPECT_THAT(eseguite(),
               ElementsAre("DELETE FROM TabellaRicorsione2 WHERE IDUtente = 12 AND IDFunzione = 342"));
 }

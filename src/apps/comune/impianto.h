@@ -9,15 +9,16 @@ namespace cu {
 class Impianto {
  public:
   Impianto(const Profilo& profilo, FrontEnd& schermo)
-      : intorno_(profilo, schermo),
-        programma_(Ambiente{schermo, intorno_.factory(), intorno_.utilita(), intorno_.settings(),
-                            intorno_.clock(), intorno_.files(), intorno_.stampe()}) {}
+      : surroundings_(profilo, schermo),
+        programma_(Ambiente{schermo, surroundings_.factory(), surroundings_.utilita(),
+                            surroundings_.settings(), surroundings_.clock(), surroundings_.files(),
+                            surroundings_.stampe()}) {}
 
   ModMain& programma() { return programma_; }
-  bool avvioRifiutato() const { return intorno_.avvioRifiutato(); }
+  bool avvioRifiutato() const { return surroundings_.avvioRifiutato(); }
 
  private:
-  Surroundings intorno_;
+  Surroundings surroundings_;
   ModMain programma_;
 };
 
