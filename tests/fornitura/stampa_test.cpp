@@ -121,7 +121,7 @@ TEST_F(Print, FormsAreOneFileALineOrOneForAll) {
 }
 
 TEST_F(Print, TheUsersLinesAreTakenOut) {
-  EXPECT_TRUE(fornitura::svuotaRicorsione(intorno()));
+  fornitura::svuotaRicorsione(intorno());
   EXPECT_THAT(eseguite(),
               ElementsAre("DELETE FROM TabellaRicorsione2 WHERE IDUtente = 12 AND IDFunzione = 342"));
 }
