@@ -12,7 +12,7 @@
 #include <string_view>
 
 #include "base/date.h"
-#include "telematic/testo1252.h"
+#include "base/windows1252.h"
 
 namespace cu::bench {
 
@@ -313,14 +313,14 @@ class ComposizioneAMano {
     std::memset(line_ + at + n, ' ', width - n);
   }
   std::string_view converted(std::string_view utf8) {
-    if (telematico::soloAscii(utf8)) return utf8;
+    if (soloAscii(utf8)) return utf8;
     scratch_.resize(utf8.size());
-    scratch_.resize(telematico::a1252(utf8, scratch_.data()));
+    scratch_.resize(a1252(utf8, scratch_.data()));
     return scratch_;
   }
   std::string_view big(std::string_view text) {
     upper_.assign(text);
-    for (char& c : upper_) c = telematico::maiuscola1252(c);
+    for (char& c : upper_) c = maiuscola1252(c);
     return upper_;
   }
   char* cell(const char* code) {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "archive/azienda.h"
-#include "archive/codice_fiscale.h"
+#include "base/codice_fiscale.h"
 #include "archive/inserimento.h"
 #include "archive/liste.h"
 #include "archive/ricostruzione.h"

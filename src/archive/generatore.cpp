@@ -5,7 +5,7 @@
 #include <unordered_map>
 
 #include "archive/azienda.h"
-#include "archive/codice_fiscale.h"
+#include "base/codice_fiscale.h"
 #include "archive/generatore_conti.h"
 #include "archive/generatore_persone.h"
 #include "archive/generatore_testi.h"

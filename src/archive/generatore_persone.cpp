@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "archive/codice_fiscale.h"
+#include "base/codice_fiscale.h"
 #include "archive/generatore_testi.h"
 #include "archive/liste.h"
 #include "archive/risorse.h"

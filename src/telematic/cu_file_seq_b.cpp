@@ -5,7 +5,7 @@
 #include "telematic/catalogo.h"
 #include "telematic/cu_file_seq.h"
 #include "telematic/formatta.h"
-#include "telematic/testo1252.h"
+#include "base/windows1252.h"
 
 namespace cu {
 

@@ -8,7 +8,7 @@
 #include "modello/modello.h"
 #include "telematic/catalogo.h"
 #include "telematic/celle.h"
-#include "telematic/testo1252.h"
+#include "base/windows1252.h"
 
 namespace cu::telematico {
 namespace {

@@ -7,7 +7,7 @@
 #include "base/text.h"
 #include "modello/regole.h"
 #include "telematic/formatta.h"
-#include "telematic/testo1252.h"
+#include "base/windows1252.h"
 
 namespace cu::telematico {
 

@@ -9,7 +9,7 @@
 
 #include "archive/archivio.h"
 #include "archive/archivio_di_prova.h"
-#include "archive/codice_fiscale.h"
+#include "base/codice_fiscale.h"
 #include "base/text.h"
 
 namespace cu {

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "archive/casuale.h"
-#include "archive/codice_fiscale.h"
+#include "base/codice_fiscale.h"
 #include "archive/generatore_conti.h"
 #include "archive/generatore_persone.h"
 #include "support/fake_connection.h"

@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "archive/codice_fiscale.h"
+#include "base/codice_fiscale.h"
 #include "archive/risorse.h"
 #include "archive/tabella.h"
 #include "base/text.h"

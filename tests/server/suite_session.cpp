@@ -10,13 +10,11 @@
 
 #include "base/error.h"
 #include "server/tds_tokens.h"
-#include "telematic/testo1252.h"
+#include "base/windows1252.h"
 
 namespace cu::test {
 namespace {
 
-using telematico::a1252;
-using telematico::da1252;
 
 constexpr const char* kMaster = "master";
 

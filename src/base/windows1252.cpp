@@ -1,4 +1,4 @@
-#include "telematic/testo1252.h"
+#include "base/windows1252.h"
 
 #include <array>
 #include <cstdint>
@@ -6,7 +6,7 @@
 
 #include "base/text.h"
 
-namespace cu::telematico {
+namespace cu {
 namespace {
 
 // The characters of the bytes 0x80 to 0x9F; 0 where the code page has none. From 0xA0 on byte and code point
@@ -115,4 +115,4 @@ std::string da1252(std::string_view text1252) {
   return text;
 }
 
-}  // namespace cu::telematico
+}  // namespace cu

@@ -1,4 +1,4 @@
-#include "telematic/testo1252.h"
+#include "base/windows1252.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace cu::telematico {
+namespace cu {
 namespace {
 
 std::string carattere(int byte) { return {static_cast<char>(static_cast<unsigned char>(byte))}; }
@@ -92,4 +92,4 @@ TEST(Testo1252, UpperCaseChangesNoOtherByte) {
 }
 
 }  // namespace
-}  // namespace cu::telematico
+}  // namespace cu

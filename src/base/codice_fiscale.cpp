@@ -1,8 +1,10 @@
-#include "archive/codice_fiscale.h"
+#include "base/codice_fiscale.h"
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 
+#include "base/ascii.h"
 #include "base/text.h"
 
 namespace cu {
@@ -54,6 +56,32 @@ std::string tre(std::string_view testo, std::string_view scelte) {
   return risultato;
 }
 
+constexpr std::string_view kMesi = "ABCDEHLMPRST";
+
+// The digit that a character of a code stands for; -1 for none. The letters replace digits in homonymous
+// codes.
+int cifra(char c) {
+  constexpr std::string_view kSostituti = "LMNPQRSTUV";
+  if (isDigit(c)) return c - '0';
+  const std::size_t posto = kSostituti.find(c);
+  return posto == std::string_view::npos ? -1 : static_cast<int>(posto);
+}
+
+bool maiuscola(char c) { return c >= 'A' && c <= 'Z'; }
+
+bool formaPersona(std::string_view codice) {
+  // A letter, a digit, the letter of a month.
+  constexpr std::string_view kForma = "AAAAAA00M00A000A";
+  for (std::size_t i = 0; i < kForma.size(); ++i) {
+    const char c = codice[i];
+    if (kForma[i] == 'A' && !maiuscola(c)) return false;
+    if (kForma[i] == '0' && cifra(c) < 0) return false;
+    if (kForma[i] == 'M' && kMesi.find(c) == std::string_view::npos) return false;
+  }
+  const int giorno = cifra(codice[9]) * 10 + cifra(codice[10]);
+  return (giorno >= 1 && giorno <= 31) || (giorno >= 41 && giorno <= 71);
+}
+
 void dueCifre(std::string& testo, int valore) {
   testo += static_cast<char>('0' + valore / 10 % 10);
   testo += static_cast<char>('0' + valore % 10);
@@ -69,7 +97,7 @@ std::string codiceFiscale(const DatiAnagrafici& dati) {
   if (delNome.size() > 3) delNome.erase(1, 1);  // of four or more: the first, the third and the fourth
   codice += tre(nome, delNome);
   dueCifre(codice, dati.nascita.year() % 100);
-  codice += std::string_view("ABCDEHLMPRST")[static_cast<std::size_t>(dati.nascita.month() - 1)];
+  codice += kMesi[static_cast<std::size_t>(dati.nascita.month() - 1)];
   dueCifre(codice, dati.nascita.day() + (dati.femmina ? 40 : 0));
   codice += dati.luogo;
   codice += carattereDiControllo(codice);
@@ -101,6 +129,31 @@ char cifraDiControllo(std::string_view prime10) {
     somma += cifra;
   }
   return static_cast<char>('0' + (10 - somma % 10) % 10);
+}
+
+FormaCodice formaCodice(std::string_view codice) {
+  if (codice.size() == 16 && formaPersona(codice)) return FormaCodice::Persona;
+  if (codice.size() == 11 && std::all_of(codice.begin(), codice.end(), isDigit)) return FormaCodice::Numero;
+  return FormaCodice::Nessuna;
+}
+
+bool controlloGiusto(std::string_view codice) {
+  const char atteso = codice.size() == 16 ? carattereDiControllo(codice.substr(0, 15))
+                                          : cifraDiControllo(codice.substr(0, 10));
+  return codice.back() == atteso && codice.find_first_not_of('0') != std::string_view::npos;
+}
+
+std::optional<DatiNelCodice> datiNelCodice(std::string_view codice) {
+  if (formaCodice(codice) != FormaCodice::Persona) return std::nullopt;
+  DatiNelCodice dati;
+  dati.anno = cifra(codice[6]) * 10 + cifra(codice[7]);
+  dati.mese = static_cast<int>(kMesi.find(codice[8])) + 1;
+  const int giorno = cifra(codice[9]) * 10 + cifra(codice[10]);
+  dati.femmina = giorno > 40;
+  dati.giorno = dati.femmina ? giorno - 40 : giorno;
+  dati.luogo = codice[11];
+  for (const std::size_t i : {12U, 13U, 14U}) dati.luogo += static_cast<char>('0' + cifra(codice[i]));
+  return dati;
 }
 
 }  // namespace cu

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace cu::telematico {
+namespace cu {
 
 // The file's text: one byte a character, Windows-1252. What has no place in it is one '?' a code point, and a
 // byte that is no UTF-8 likewise.
@@ -22,4 +22,4 @@ std::string maiuscolo1252(std::string_view text1252);
 // Back to UTF-8, for people; the five bytes without a character become U+FFFD.
 std::string da1252(std::string_view text1252);
 
-}  // namespace cu::telematico
+}  // namespace cu

@@ -1,4 +1,4 @@
-#include "archive/codice_fiscale.h"
+#include "base/codice_fiscale.h"
 
 #include <gtest/gtest.h>
 
@@ -59,6 +59,59 @@ TEST(CifraDiControllo, OfPublicNumbers) {
 TEST(CifraDiControllo, RefusesWhatIsNotTenDigits) {
   EXPECT_THROW((void)cifraDiControllo("063633910"), std::invalid_argument);
   EXPECT_THROW((void)cifraDiControllo("06363391O0"), std::invalid_argument);
+}
+
+TEST(FormaCodice, TellsPersonsFromNumbers) {
+  for (const char* persona : {"MRTNTN23M02D969P", "RCCMNL83S18D969H", "CNTCHR83T41D969D", "FOXDRA26C24H872Y",
+                              "MAILCU91A25F839D", "MRSMSR81D60Z611H", "RSSMRA45C12F205C", "RSSMRA45C12F20RX",
+                              "RSSMRA45C12F2L5N", "RSSMRA45C12F2LRI", "RSSMRAQRCMNFNLRG"}) {
+    EXPECT_EQ(formaCodice(persona), FormaCodice::Persona) << persona;
+    EXPECT_TRUE(controlloGiusto(persona)) << persona;
+  }
+  for (const char* numero : {"00743110157", "04123450233", "07643520567", "12345670017", "05979361218",
+                             "02182030391", "80015110580", "97151870587"}) {
+    EXPECT_EQ(formaCodice(numero), FormaCodice::Numero) << numero;
+    EXPECT_TRUE(controlloGiusto(numero)) << numero;
+  }
+}
+
+TEST(FormaCodice, HasNoMonthIAndNoDayBeyondTheMonth) {
+  EXPECT_EQ(formaCodice("CSTNGL22I10D086I"), FormaCodice::Nessuna);
+  EXPECT_EQ(formaCodice("CNTCHR83T32D969H"), FormaCodice::Nessuna);
+  EXPECT_EQ(formaCodice("CNTCHR83T00D969H"), FormaCodice::Nessuna);
+  EXPECT_EQ(formaCodice("CNTCHR83T72D969H"), FormaCodice::Nessuna);
+}
+
+TEST(FormaCodice, OfAnythingElseIsNone) {
+  for (const char* testo : {"", "RSSMRA45C12F205", "rssmra45c12f205c", "RSSMRA45C12F205CC", "0074311015",
+                            "007431101577", "0074311015A", "RSSMRA45C12F20*C", "1SSMRA45C12F205C"}) {
+    EXPECT_EQ(formaCodice(testo), FormaCodice::Nessuna) << testo;
+  }
+}
+
+TEST(ControlloGiusto, SeesAWrongLastCharacter) {
+  EXPECT_FALSE(controlloGiusto("FOXDRA26C24H872A"));
+  EXPECT_FALSE(controlloGiusto("00743110158"));
+  EXPECT_FALSE(controlloGiusto("01234567890"));
+  EXPECT_FALSE(controlloGiusto("00000000000"));
+}
+
+TEST(DatiNelCodice, AreSexBirthAndPlace) {
+  const auto donna = datiNelCodice("MRSMSR81D60Z611H");
+  ASSERT_TRUE(donna);
+  EXPECT_TRUE(donna->femmina);
+  EXPECT_EQ(donna->anno, 81);
+  EXPECT_EQ(donna->mese, 4);
+  EXPECT_EQ(donna->giorno, 20);
+  EXPECT_EQ(donna->luogo, "Z611");
+  const auto omocodo = datiNelCodice("RSSMRAQRCMNFNLRG");
+  ASSERT_TRUE(omocodo);
+  EXPECT_FALSE(omocodo->femmina);
+  EXPECT_EQ(omocodo->anno, 45);
+  EXPECT_EQ(omocodo->mese, 3);
+  EXPECT_EQ(omocodo->giorno, 12);
+  EXPECT_EQ(omocodo->luogo, "F205");
+  EXPECT_FALSE(datiNelCodice("00743110157"));
 }
 
 }  // namespace

@@ -1,0 +1,143 @@
+#include "lettura/caselle.h"
+
+#include <algorithm>
+
+#include "base/ascii.h"
+#include "modello/modello.h"
+
+namespace cu::lettura {
+
+using modello::Forma;
+using modello::Quadro;
+using modello::Record;
+
+namespace {
+
+// Boxes of the form that this system never fills.
+inline constexpr auto kSoloDiAltri = std::to_array<modello::Campo>({
+    {Quadro::Azienda, 11, "CodiceSede", Forma::Testo, modello::Condizione::Sempre, modello::kTutti},
+});
+
+struct AnniDiCausale {
+  std::string_view causale;
+  modello::Anni anni = modello::kTutti;
+};
+// J, K and V2 came between the lists of 2018 and 2022.
+constexpr auto kCausali = std::to_array<AnniDiCausale>({
+    {"A"},
+    {"B"},
+    {"C"},
+    {"D"},
+    {"E"},
+    {"F"},
+    {"G"},
+    {"H"},
+    {"I"},
+    {"J", modello::dal(2018)},
+    {"K", modello::dal(2018)},
+    {"L"},
+    {"L1"},
+    {"M"},
+    {"M1"},
+    {"M2"},
+    {"N"},
+    {"N1", modello::nel(2023)},
+    {"N2", {2023, 2024}},
+    {"N3", {2023, 2024}},
+    {"O"},
+    {"O1"},
+    {"P"},
+    {"Q"},
+    {"R"},
+    {"S"},
+    {"T"},
+    {"U"},
+    {"V"},
+    {"V1"},
+    {"V2", modello::dal(2018)},
+    {"W"},
+    {"X"},
+    {"Y"},
+    {"Z", modello::finoAl(2016)},
+    {"ZO"},
+});
+
+std::size_t indice(Quadro quadro) { return static_cast<std::size_t>(quadro); }
+
+}  // namespace
+
+Natura natura(const modello::Campo& campo) {
+  switch (campo.forma) {
+    case Forma::Maiuscolo:
+      if (campo.colonna.find("CodiceFiscale") != std::string_view::npos) return Natura::CodiceFiscale;
+      break;
+    case Forma::Testo:
+      if (campo.colonna.starts_with("SiglaProv") || campo.colonna == "ProvinciaNascita")
+        return Natura::Provincia;
+      break;
+    case Forma::Destra:
+    case Forma::RifilatoADestra:
+    case Forma::Intero:
+    case Forma::CodiceNonSoggetti:
+      return Natura::Numero;
+    case Forma::Data:
+    case Forma::DataFirma:
+      return Natura::Data;
+    case Forma::Uno:
+    case Forma::Flag:
+      return Natura::Flag;
+    case Forma::Importo:
+    case Forma::Somma:
+      return Natura::Importo;
+    case Forma::ImportoConSegno:
+      return Natura::ImportoConSegno;
+    case Forma::Telefono:
+    case Forma::CodicePressoEnte:
+      break;
+  }
+  return Natura::Testo;
+}
+
+Caselle::Caselle(std::optional<std::int32_t> anno) {
+  const auto delAnno = [&](const modello::Campo& campo) {
+    return !anno || campo.anni.comprende(modello::annoTracciato(*anno));
+  };
+  for (const modello::Campo& campo : modello::kModello.campi) {
+    if (campo.numero > 0 && haCella(campo, record(campo.quadro)) && delAnno(campo)) aggiungi(campo);
+  }
+  for (const modello::Campo& campo : kSoloDiAltri) aggiungi(campo);
+}
+
+void Caselle::aggiungi(const modello::Campo& campo) {
+  std::int16_t& posto = posto_.at(indice(campo.quadro)).at(static_cast<std::size_t>(campo.numero));
+  const Natura sua = natura(campo);
+  if (posto == 0) {
+    caselle_.push_back({campo.quadro, campo.numero, sua, false, false});
+    posto = static_cast<std::int16_t>(caselle_.size());
+  }
+  Casella& casella = caselle_[static_cast<std::size_t>(posto) - 1];
+  if (casella.natura != sua) casella.natura = Natura::Testo;
+  casella.primoModulo = casella.primoModulo || inModulo(campo, true);
+  casella.altriModuli = casella.altriModuli || inModulo(campo, false);
+}
+
+const Casella* Caselle::trova(Record record, std::string_view codice) const {
+  if (codice.size() != modello::kLunghezzaCodice) return nullptr;
+  if (!isDigit(codice[5]) || !isDigit(codice[6]) || !isDigit(codice[7])) return nullptr;
+  for (const Quadro quadro : {Quadro::Azienda, Quadro::Percipiente, Quadro::Firma, Quadro::Autonomo}) {
+    if (modello::record(quadro) != record || !codice.starts_with(modello::prefisso(quadro))) continue;
+    const int numero = (codice[5] - '0') * 100 + (codice[6] - '0') * 10 + (codice[7] - '0');
+    if (static_cast<std::size_t>(numero) >= kNumeri) return nullptr;
+    const std::int16_t posto = posto_.at(indice(quadro)).at(static_cast<std::size_t>(numero));
+    return posto == 0 ? nullptr : &caselle_[static_cast<std::size_t>(posto) - 1];
+  }
+  return nullptr;
+}
+
+bool causaleDellAnno(std::string_view causale, std::int32_t anno) {
+  return std::any_of(kCausali.begin(), kCausali.end(), [&](const AnniDiCausale& sua) {
+    return sua.causale == causale && sua.anni.comprende(anno);
+  });
+}
+
+}  // namespace cu::lettura

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "modello/campo.h"
+
+namespace cu::lettura {
+
+// What the value of a cell is held against.
+enum class Natura : std::uint8_t {
+  Testo,
+  Numero,  // digits, right-aligned
+  Flag,
+  Data,
+  Importo,
+  ImportoConSegno,
+  CodiceFiscale,
+  Provincia,
+};
+
+Natura natura(const modello::Campo& campo);
+
+// A code that the records of a year may have.
+struct Casella {
+  modello::Quadro quadro{};
+  int numero = 0;
+  Natura natura{};
+  bool primoModulo = false;  // of record H
+  bool altriModuli = false;
+};
+
+// The codes of a tax year; of an unknown year those of all years, the kinds that change being text.
+class Caselle {
+ public:
+  explicit Caselle(std::optional<std::int32_t> anno);
+  // Of the eight characters of a code; null where the record has no such code in the year.
+  const Casella* trova(modello::Record record, std::string_view codice) const;
+
+ private:
+  static constexpr std::size_t kNumeri = 200;
+  void aggiungi(const modello::Campo& campo);
+
+  std::vector<Casella> caselle_;
+  std::array<std::array<std::int16_t, kNumeri>, 4> posto_{};  // by part and number; 0 for none, else from 1
+};
+
+// Whether the form of the tax year has the reason. Where the lists are not known, every reason of a
+// neighbouring year is.
+bool causaleDellAnno(std::string_view causale, std::int32_t anno);
+
+}  // namespace cu::lettura

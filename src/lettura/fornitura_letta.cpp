@@ -1,0 +1,136 @@
+#include <cstdlib>
+#include <utility>
+
+#include "base/text.h"
+#include "base/windows1252.h"
+#include "lettura/esaminatore.h"
+#include "lettura/valori.h"
+
+// Records A, B and Z, and what an agent's certificates have in common.
+namespace cu::lettura {
+namespace {
+
+constexpr Tratto kCodiceFornitura = tratto(modello::kTipoA, "Codice fornitura");
+constexpr Tratto kTipoFornitore = tratto(modello::kTipoA, "Tipo fornitore");
+constexpr Tratto kFornitore = tratto(modello::kTipoA, "Cod. Fisc. fornitore");
+constexpr Tratto kAgenteDiB = tratto(modello::kTipoBInizio, "Cod. Fisc. Sost. imposta");
+constexpr Tratto kAnnullamenti = tratto(modello::kTipoBInizio, "Fornitura rel. invio certif. da ann.");
+constexpr Tratto kSostituzioni = tratto(modello::kTipoBInizio, "Fornitura rel. invio certif. da sost.");
+constexpr Tratto kCognome = tratto(modello::kTipoBInizio, "Cognome");
+constexpr Tratto kNome = tratto(modello::kTipoBInizio, "Nome");
+constexpr Tratto kDenominazione = tratto(modello::kTipoBInizio, "Denominazione");
+constexpr Tratto kCertificazioni = tratto(modello::kTipoBFine, "N° comun. certif. lav. aut. e provv.");
+static_assert(kCertificazioni.posizione == 402 && kDenominazione.posizione == 137 &&
+              kFornitore.posizione == 23);
+
+std::string letto(std::string_view riga, Tratto tratto) { return da1252(trim(leggi(riga, tratto))); }
+
+// The tax year of a supply: CUR18 is that of 2017. The first form is CUR15.
+std::optional<std::int32_t> annoDi(std::string_view codice) {
+  if (!codice.starts_with("CUR")) return std::nullopt;
+  const std::int64_t anno = numero(codice.substr(3));
+  if (anno < 15) return std::nullopt;
+  return static_cast<std::int32_t>(2000 + anno - 1);
+}
+
+}  // namespace
+
+void Esaminatore::recordA(std::string_view riga) {
+  const std::string_view codice = leggi(riga, kCodiceFornitura);
+  const auto anno = annoDi(codice);
+  if (!anno) {
+    segnala_.campo(Regola::H03, kCodiceFornitura, "Codice fornitura", [&] {
+      return "Il codice fornitura è " + citato(trim(codice)) +
+             ": atteso CUR e l'anno della CU, da CUR15.";
+    });
+  }
+  testate_.controlla('A', riga, segnala_);
+  testate_.anno(anno);
+  congruenza_.anno(anno);
+  caselle_.emplace(anno);
+  esito_.fornitura = {letto(riga, kCodiceFornitura), anno, letto(riga, kFornitore),
+                      letto(riga, kTipoFornitore)};
+  if (ascoltatore_ != nullptr) ascoltatore_->fornitura(esito_.fornitura);
+}
+
+void Esaminatore::recordB(std::string_view riga, bool affidabile) {
+  chiudiCertificato();
+  chiudiAgente();
+  agente_.presente = true;
+  agente_.affidabile = affidabile;
+  agente_.riga = segnala_.numero();
+  agente_.codice = leggi(riga, kAgenteDiB);
+  agente_.dichiarate = static_cast<int>(numero(leggi(riga, kCertificazioni)));
+  Sostituto& sostituto = agente_.sostituto;
+  sostituto.codiceFiscale = letto(riga, kAgenteDiB);
+  sostituto.annullamenti = leggi(riga, kAnnullamenti) == "1";
+  sostituto.sostituzioni = leggi(riga, kSostituzioni) == "1";
+  agente_.correttiva = sostituto.annullamenti || sostituto.sostituzioni;
+  esito_.annullamenti = esito_.annullamenti || sostituto.annullamenti;
+  esito_.sostituzioni = esito_.sostituzioni || sostituto.sostituzioni;
+  if (ascoltatore_ == nullptr) return;
+  sostituto.nome = letto(riga, kDenominazione);
+  if (sostituto.nome.empty()) {
+    sostituto.nome = letto(riga, kCognome);
+    const std::string nome = letto(riga, kNome);
+    if (!nome.empty()) sostituto.nome += " " + nome;
+  }
+  ascoltatore_->sostituto(sostituto);
+  annunciato_ = true;
+}
+
+void Esaminatore::annunciaSostituto() {
+  if (ascoltatore_ != nullptr && !std::exchange(annunciato_, true))
+    ascoltatore_->sostituto(agente_.sostituto);
+}
+
+void Esaminatore::chiudiAgente() {
+  const Agente& a = agente_;
+  if (a.presente && a.affidabile && a.dichiarate >= 0 && a.dichiarate != a.certificazioni &&
+      static_cast<std::size_t>(std::abs(a.dichiarate - a.certificazioni)) > ignoteDellAgente_) {
+    segnala_.campoDi(a.riga, 'B', Regola::O05, {1, modello::kLarghezzaRecord},
+                     "N° comun. certif. lav. aut. e provv.", [&] {
+                       return "Il record B dichiara " + std::to_string(a.dichiarate) +
+                              " certificazioni, il file ne ha " + std::to_string(a.certificazioni) + ".";
+                     });
+  }
+  if (a.presente && a.affidabile && !a.fuori.empty()) {
+    const bool sostituzioni = a.sostituto.sostituzioni && !a.sostituto.annullamenti;
+    segnala_.campoDi(
+        a.riga, 'B', Regola::H07, sostituzioni ? kSostituzioni : kAnnullamenti,
+        sostituzioni ? "Fornitura rel. invio certif. da sost." : "Fornitura rel. invio certif. da ann.", [&] {
+          return std::string(a.correttiva
+                                 ? "Il record B annuncia correzioni, ma le certificazioni sono ordinarie."
+                                 : "Le certificazioni sono correzioni, ma il record B non le annuncia.");
+        });
+  }
+  agente_ = {};
+  ignoteDellAgente_ = 0;
+  annunciato_ = false;
+}
+
+void Esaminatore::recordZ(std::string_view riga, bool affidabile) {
+  chiudiCertificato();
+  chiudiAgente();
+  if (!affidabile) return;
+  // What an unreadable line was is not known: it may be any that is missing.
+  std::size_t mancanti = 0;
+  std::string differenze;
+  bool troppi = false;
+  for (const char record : {'B', 'C', 'D', 'G', 'H', 'L'}) {
+    const Tratto dove = tratto(modello::kTipoZ, std::string("N° rec. Tipo ") + record);
+    const std::int64_t dichiarati = numero(leggi(riga, dove));
+    const auto contati = static_cast<std::int64_t>(esito_.totali[static_cast<std::size_t>(record - 'A')]);
+    if (dichiarati < 0 || !segnala_.leggibile(dove) || dichiarati == contati) continue;
+    if (dichiarati < contati) troppi = true;
+    if (dichiarati > contati) mancanti += static_cast<std::size_t>(dichiarati - contati);
+    if (!differenze.empty()) differenze += ", ";
+    differenze +=
+        std::string(1, record) + " " + std::to_string(dichiarati) + " invece di " + std::to_string(contati);
+  }
+  if (differenze.empty() || (!troppi && mancanti <= ignote_)) return;
+  segnala_.intera(Regola::O04, segnala_.numero(), {1, modello::kLarghezzaRecord},
+                  [&] { return "Il record Z conta " + differenze + "."; });
+}
+
+}  // namespace cu::lettura
