@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "codici_uscita.h"
+#include "apps/comune/codici_uscita.h"
 #include "fornitura/corsa.h"
 
 namespace cu {

@@ -10,11 +10,10 @@
 #include "comandi.h"
 #include "suite/profilo.h"
 #include "uso.h"
+#include "uso_esame.h"
 
 namespace cu {
 namespace {
-
-using Esecuzione = std::function<int()>;
 
 const char* const kData = "AAAA-MM-GG o GG/MM/AAAA";
 
@@ -213,6 +212,8 @@ int eseguiProgramma(int quanti, char** argomenti) {
   aggiungiDrive(programma, esegui);
   aggiungiMake(programma, esegui);
   aggiungiPrint(programma, esegui);
+  aggiungiInspect(programma, esegui);
+  aggiungiValidate(programma, esegui);
   try {
     programma.parse(quanti, argomenti);
     rifiutaVuoti(programma);

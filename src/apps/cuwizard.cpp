@@ -14,7 +14,7 @@
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/comune/impianto.h"
 #include "base/error.h"
-#include "codici_uscita.h"
+#include "apps/comune/codici_uscita.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
 #include "suite/profilo.h"

@@ -18,25 +18,6 @@ constexpr std::array<std::string_view, 64> kLatino = {
     "A", "A", "A", "A", "AE", "A", "AE", "C", "E", "E", "E", "E", "I",  "I", "I",  "I",   //
     "D", "N", "O", "O", "O",  "O", "OE", "",  "O", "U", "U", "U", "UE", "Y", "TH", "Y"};
 
-std::string lettere(std::string_view testo) {
-  std::string risultato;
-  for (std::size_t i = 0; i < testo.size();) {
-    const char32_t c = nextCodePoint(testo, i);
-    if (c >= 'a' && c <= 'z') {
-      risultato += static_cast<char>(c - 'a' + 'A');
-    } else if (c >= 'A' && c <= 'Z') {
-      risultato += static_cast<char>(c);
-    } else if (c >= 0xC0 && c <= 0xFF) {
-      risultato += kLatino[c - 0xC0];
-    } else if (c == 0x160 || c == 0x161) {
-      risultato += 'S';
-    } else if (c == 0x17D || c == 0x17E) {
-      risultato += 'Z';
-    }
-  }
-  return risultato;
-}
-
 bool vocale(char c) { return std::string_view("AEIOU").find(c) != std::string_view::npos; }
 
 std::string consonanti(std::string_view testo) {
@@ -89,9 +70,28 @@ void dueCifre(std::string& testo, int valore) {
 
 }  // namespace
 
+std::string lettereDiCodice(std::string_view testo) {
+  std::string risultato;
+  for (std::size_t i = 0; i < testo.size();) {
+    const char32_t c = nextCodePoint(testo, i);
+    if (c >= 'a' && c <= 'z') {
+      risultato += static_cast<char>(c - 'a' + 'A');
+    } else if (c >= 'A' && c <= 'Z') {
+      risultato += static_cast<char>(c);
+    } else if (c >= 0xC0 && c <= 0xFF) {
+      risultato += kLatino[c - 0xC0];
+    } else if (c == 0x160 || c == 0x161) {
+      risultato += 'S';
+    } else if (c == 0x17D || c == 0x17E) {
+      risultato += 'Z';
+    }
+  }
+  return risultato;
+}
+
 std::string codiceFiscale(const DatiAnagrafici& dati) {
-  const std::string cognome = lettere(dati.cognome);
-  const std::string nome = lettere(dati.nome);
+  const std::string cognome = lettereDiCodice(dati.cognome);
+  const std::string nome = lettereDiCodice(dati.nome);
   std::string codice = tre(cognome, consonanti(cognome));
   std::string delNome = consonanti(nome);
   if (delNome.size() > 3) delNome.erase(1, 1);  // of four or more: the first, the third and the fourth

@@ -19,6 +19,9 @@ struct DatiAnagrafici {
   std::string_view luogo;  // cadastral code of the municipality, or Z and three digits of the foreign country
 };
 
+// The letters of a name as the code counts them: capitals without marks, and nothing else.
+std::string lettereDiCodice(std::string_view testo);
+
 // 16 characters, upper case.
 std::string codiceFiscale(const DatiAnagrafici& dati);
 

@@ -20,6 +20,13 @@ const std::string& Certificato::valore(std::string_view codice) const {
 
 std::int64_t centesimiDi(const std::string& testo) { return centesimi(testo, true).value_or(0); }
 
+std::string importo(std::int64_t centesimi) {
+  if (centesimi == 0) return {};
+  std::string testo = euro(centesimi);
+  std::erase(testo, '.');
+  return testo;
+}
+
 std::int64_t nonSoggette(const Certificato& certificato) {
   std::int64_t somma = 0;
   for (const Modulo& modulo : certificato.moduli) {

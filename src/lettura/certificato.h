@@ -61,6 +61,8 @@ const std::string& valoreDi(const std::vector<Valore>& celle, std::string_view c
 
 // "1234,50" in cents; 0 for what is no amount.
 std::int64_t centesimiDi(const std::string& testo);
+// The same back; "" for 0, which has no cell.
+std::string importo(std::int64_t centesimi);
 // The sums not subject to withholding of all modules (boxes 5 and 7), in cents.
 std::int64_t nonSoggette(const Certificato& certificato);
 

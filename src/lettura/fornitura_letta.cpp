@@ -40,8 +40,7 @@ void Esaminatore::recordA(std::string_view riga) {
   const auto anno = annoDi(codice);
   if (!anno) {
     segnala_.campo(Regola::H03, kCodiceFornitura, "Codice fornitura", [&] {
-      return "Il codice fornitura è " + citato(trim(codice)) +
-             ": atteso CUR e l'anno della CU, da CUR15.";
+      return "Il codice fornitura è " + citato(trim(codice)) + ": atteso CUR e l'anno della CU, da CUR15.";
     });
   }
   testate_.controlla('A', riga, segnala_);

@@ -61,6 +61,11 @@ TEST(CifraDiControllo, RefusesWhatIsNotTenDigits) {
   EXPECT_THROW((void)cifraDiControllo("06363391O0"), std::invalid_argument);
 }
 
+TEST(LettereDiCodice, AreCapitalsWithoutMarks) {
+  EXPECT_EQ(lettereDiCodice("Sant'Àngelo d’Ìschia 2"), "SANTANGELODISCHIA");
+  EXPECT_EQ(lettereDiCodice(""), "");
+}
+
 TEST(FormaCodice, TellsPersonsFromNumbers) {
   for (const char* persona : {"MRTNTN23M02D969P", "RCCMNL83S18D969H", "CNTCHR83T41D969D", "FOXDRA26C24H872Y",
                               "MAILCU91A25F839D", "MRSMSR81D60Z611H", "RSSMRA45C12F205C", "RSSMRA45C12F20RX",

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+
+#include "lettura/righe.h"
+
+namespace cu {
+
+// A file that cannot be read; one line in Italian that names it.
+class FileIlleggibile : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// A file of the machine as a source of bytes. FileIlleggibile where it cannot be opened or read.
+class FileLetto : public lettura::Sorgente {
+ public:
+  explicit FileLetto(const std::string& percorso);
+  std::size_t leggi(char* dove, std::size_t quanti) override;
+  std::uint64_t dimensione() const { return dimensione_; }
+
+ private:
+  std::string percorso_;
+  std::ifstream file_;
+  std::uint64_t dimensione_ = 0;
+};
+
+}  // namespace cu

@@ -1,0 +1,184 @@
+#include <algorithm>
+#include <iostream>
+#include <sstream>
+
+#include "apps/comune/elenco_luoghi.h"
+#include "apps/comune/file_letto.h"
+#include "apps/esame/comandi_esame.h"
+#include "apps/esame/json_lettura.h"
+#include "apps/esame/testo_rilievi.h"
+#include "base/text.h"
+#include "apps/comune/codici_uscita.h"
+
+namespace cu {
+namespace {
+
+using lettura::Certificato;
+using lettura::Esito;
+using lettura::Fornitura;
+using lettura::Sostituto;
+
+// Passes on the certificates that were asked for.
+class Scelta : public lettura::Ascoltatore {
+ public:
+  explicit Scelta(std::optional<std::int64_t> quale) : quale_(quale) {}
+  void certificato(const Certificato& certificato) final {
+    ++contati_;
+    if (!quale_ || *quale_ == contati_) mostra(certificato);
+  }
+  std::int64_t contati() const { return contati_; }
+
+ protected:
+  virtual void mostra(const Certificato& certificato) = 0;
+  bool unaSola() const { return quale_.has_value(); }
+
+ private:
+  std::optional<std::int64_t> quale_;
+  std::int64_t contati_ = 0;
+};
+
+// Written as the file is read: what is known at its end alone comes last.
+class InJson : public Scelta {
+ public:
+  InJson(const OpzioniInspect& opzioni, std::uint64_t byte) : Scelta(opzioni.certificazione) {
+    std::cout << R"({"file":)" << nlohmann::ordered_json(opzioni.file).dump() << R"(,"bytes":)" << byte
+              << R"(,"agents":[)";
+  }
+  void sostituto(const Sostituto& sostituto) override {
+    chiudiSostituto();
+    std::cout << (primoSostituto_ ? "" : ",") << R"({"fiscalCode":)"
+              << nlohmann::ordered_json(sostituto.codiceFiscale).dump() << R"(,"name":)"
+              << nlohmann::ordered_json(sostituto.nome).dump() << R"(,"certificates":[)";
+    primoSostituto_ = false;
+    aperto_ = true;
+    primo_ = true;
+  }
+  void fine(const Esito& esito) {
+    chiudiSostituto();
+    nlohmann::ordered_json totali = nlohmann::ordered_json::object();
+    for (std::size_t i = 0; i < esito.totali.size(); ++i) {
+      const char lettera = static_cast<char>('A' + i);
+      const bool nota = std::string_view("ABDHZ").find(lettera) != std::string_view::npos;
+      if (nota || esito.totali[i] > 0) totali[std::string(1, lettera)] = esito.totali[i];
+    }
+    std::cout << R"(],"lines":)" << esito.righe << R"(,"supply":)"
+              << jsonFornitura(esito.fornitura, esito.annullamenti, esito.sostituzioni).dump()
+              << R"(,"totals":)" << totali.dump() << R"(,"findings":)" << jsonRilievi(esito.rilievi).dump()
+              << "}\n";
+  }
+
+ private:
+  void mostra(const Certificato& certificato) override {
+    std::cout << (primo_ ? "" : ",") << jsonCertificato(certificato).dump();
+    primo_ = false;
+  }
+  void chiudiSostituto() {
+    if (aperto_) std::cout << "]}";
+    aperto_ = false;
+  }
+
+  bool primoSostituto_ = true;
+  bool aperto_ = false;
+  bool primo_ = true;
+};
+
+std::string largo(std::string_view testo, std::size_t colonne) {
+  const std::size_t lettere = codePoints(testo);
+  if (lettere > colonne) return std::string(leftCodePoints(testo, colonne - 1)) + "…";
+  return std::string(testo) + std::string(colonne - lettere, ' ');
+}
+
+std::string aDestra(std::string_view testo, std::size_t colonne) {
+  const std::size_t lettere = codePoints(testo);
+  return std::string(lettere < colonne ? colonne - lettere : 0, ' ') + std::string(testo);
+}
+
+class InTesto : public Scelta {
+ public:
+  explicit InTesto(const OpzioniInspect& opzioni) : Scelta(opzioni.certificazione) {}
+  void fornitura(const Fornitura& fornitura) override {
+    std::cout << "Fornitura " << fornitura.codice;
+    if (fornitura.annoFiscale) std::cout << ", compensi del " << *fornitura.annoFiscale;
+    std::cout << ", inviata da " << fornitura.mittente << " (tipo " << fornitura.tipoMittente << ")\n";
+  }
+  void sostituto(const Sostituto& sostituto) override {
+    std::cout << "Sostituto " << sostituto.codiceFiscale << " " << sostituto.nome << ", fornitura "
+              << tipoFornitura(sostituto.annullamenti, sostituto.sostituzioni) << '\n';
+    if (!unaSola()) {
+      std::cout << riga({"N.", "Percipiente", "Nome", "Caus.", "Lordo", "Non soggette", "Imponibile",
+                         "R. acconto", "R. imposta", "Op.", "Protocollo", "Progr."});
+    }
+  }
+
+ private:
+  static std::string riga(const std::vector<std::string>& celle) {
+    constexpr std::array<std::size_t, 12> kLarghe = {6, 16, 30, 5, 13, 13, 13, 13, 13, 3, 17, 6};
+    std::string testo;
+    for (std::size_t i = 0; i < celle.size(); ++i) {
+      const bool importo = (i >= 4 && i <= 8) || i == 0;
+      testo += (i == 0 ? "" : "  ") +
+               (importo ? aDestra(celle[i], kLarghe.at(i)) : largo(celle[i], kLarghe.at(i)));
+    }
+    testo.erase(testo.find_last_not_of(' ') + 1);
+    return testo + "\n";
+  }
+  void mostra(const Certificato& certificato) override {
+    if (unaSola()) {
+      dettaglio(certificato);
+      return;
+    }
+    const auto importo = [&](const char* codice) { return certificato.valore(codice); };
+    std::cout << riga({fromInteger(certificato.numero), certificato.percipiente, certificato.nome,
+                       certificato.causale(), importo("AU001004"),
+                       lettura::importo(lettura::nonSoggette(certificato)), importo("AU001008"),
+                       importo("AU001009"), importo("AU001010"), certificato.operazione,
+                       certificato.protocollo, certificato.progressivo});
+  }
+  static void dettaglio(const Certificato& certificato) {
+    std::cout << "Certificazione " << certificato.numero << ", riga " << certificato.riga << '\n';
+    if (!certificato.operazione.empty()) {
+      std::cout << "  Operazione " << certificato.operazione << ", protocollo " << certificato.protocollo
+                << ", progressivo " << certificato.progressivo << '\n';
+    }
+    celle(certificato.celle);
+    for (const lettura::Modulo& modulo : certificato.moduli) {
+      std::cout << "  Modulo " << modulo.numero << ", riga " << modulo.riga << '\n';
+      celle(modulo.celle);
+    }
+  }
+  static void celle(const std::vector<lettura::Valore>& valori) {
+    for (const lettura::Valore& valore : valori)
+      std::cout << "    " << valore.codice << "  " << valore.testo << '\n';
+  }
+};
+
+}  // namespace
+
+int comandoInspect(const OpzioniInspect& opzioni) {
+  try {
+    FileLetto file(opzioni.file);
+    const ElencoLuoghi luoghi;
+    std::int64_t contati = 0;
+    if (opzioni.json) {
+      InJson uscita(opzioni, file.dimensione());
+      uscita.fine(lettura::esamina(file, &luoghi, &uscita));
+      contati = uscita.contati();
+    } else {
+      InTesto uscita(opzioni);
+      const Esito esito = lettura::esamina(file, &luoghi, &uscita);
+      contati = uscita.contati();
+      scriviRilievi(opzioni.file, esito.rilievi, std::cout);
+      std::cout << "Righe " << esito.righe << ", byte " << esito.byteLetti << ", certificazioni " << contati
+                << "; " << dettoConteggio(esito.rilievi) << ".\n";
+    }
+    if (opzioni.certificazione && *opzioni.certificazione > contati) {
+      std::cerr << opzioni.file << ": il file ha " << contati << " certificazioni.\n";
+    }
+    return kRiuscito;
+  } catch (const FileIlleggibile& errore) {
+    std::cerr << errore.what() << '\n';
+    return kUsoSbagliato;
+  }
+}
+
+}  // namespace cu

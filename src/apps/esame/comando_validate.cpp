@@ -1,0 +1,40 @@
+#include <iostream>
+
+#include "apps/comune/elenco_luoghi.h"
+#include "apps/comune/file_letto.h"
+#include "apps/esame/comandi_esame.h"
+#include "apps/esame/json_lettura.h"
+#include "apps/esame/testo_rilievi.h"
+#include "apps/comune/codici_uscita.h"
+
+namespace cu {
+
+int comandoValidate(const OpzioniValidate& opzioni) {
+  const ElencoLuoghi luoghi;
+  nlohmann::ordered_json tutti = nlohmann::ordered_json::array();
+  int codice = kRiuscito;
+  for (const std::string& percorso : opzioni.file) {
+    nlohmann::ordered_json json = {{"file", percorso}};
+    try {
+      FileLetto file(percorso);
+      const lettura::Esito esito = lettura::esamina(file, &luoghi);
+      const bool male = esito.rilievi.errori() > 0 || (opzioni.severo && esito.rilievi.avvisi() > 0);
+      if (male && codice == kRiuscito) codice = kRifiutato;
+      if (opzioni.json) {
+        json["findings"] = jsonRilievi(esito.rilievi);
+        json["counts"] = jsonConteggi(esito.rilievi);
+        tutti.push_back(std::move(json));
+      } else {
+        scriviRilievi(percorso, esito.rilievi, std::cout);
+        std::cout << percorso << ": " << dettoConteggio(esito.rilievi) << ".\n";
+      }
+    } catch (const FileIlleggibile& errore) {
+      std::cerr << errore.what() << '\n';
+      codice = kUsoSbagliato;
+    }
+  }
+  if (opzioni.json) std::cout << nlohmann::ordered_json{{"files", std::move(tutti)}}.dump() << '\n';
+  return codice;
+}
+
+}  // namespace cu
