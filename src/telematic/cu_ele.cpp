@@ -24,11 +24,11 @@ bool CUEle::Create(Date DataFirma) {
   try {
     scriviFile(connection, principale, DataFirma);
   } catch (...) {
-    // What was written is brought to the disk at once: the file without its Z is what there is to look at.
+    // Flush at once: after an error the file without its Z is the evidence.
     try {
       file_.CloseFile();
     } catch (const std::exception&) {
-      // The first error is the one to tell.
+      // The first error is the one to report.
     }
     throw;
   }
@@ -58,7 +58,7 @@ void CUEle::scriviFile(Connection& connection, Recordset& principale, Date DataF
     ++NumeroCertificazione;
     file_.WriteRecordTipoD(riga, NumeroCertificazione, dati_.CodiceFiscaleAzienda, dati_.TipoComunicazione,
                            DataFirma);
-    if (dati_.TipoComunicazione == Comunicazione::Annullamento) continue;  // an annulment has no amounts
+    if (dati_.TipoComunicazione == Comunicazione::Annullamento) continue;  // a cancellation has no amounts
     file_.WriteRecordTipoH(riga, NumeroCertificazione, 1, dati_.CodiceFiscaleAzienda, nullptr);
     scriviModuli(connection, riga, chiave, NumeroCertificazione);
   }

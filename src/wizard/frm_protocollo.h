@@ -9,12 +9,12 @@ namespace cu {
 
 class UtilitaSuite;
 
-// The references to the submission that is annulled or replaced, for all selected lines at once.
+// The references to the submission that is cancelled or replaced, for all selected lines at once.
 class FrmProtocollo : public Form {
  public:
   FrmProtocollo(FrontEnd& frontEnd, UtilitaSuite& utilita);
 
-  // Read after it has closed.
+  // Valid after the form has been closed.
   const std::string& Protocollo() const { return protocollo_; }
   const std::string& Progressivo() const { return progressivo_; }
   bool Sovrascrivi() const { return sovrascrivi_; }
