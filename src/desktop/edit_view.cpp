@@ -88,8 +88,8 @@ EditView::Difference difference(const std::u32string& before, const std::u32stri
 
 bool isControl(char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029; }
 
-// Removes the line breaks that a copied cell or paragraph contains: at the ends they are dropped, inside the
-// text each becomes a blank. Returns whether there were any.
+// Removes control characters, such as the line breaks of a copied cell or paragraph: at the ends they are
+// dropped, inside the text they become one blank. Returns whether there were any.
 bool makeOneLine(std::u32string& text) {
   std::u32string line;
   for (const char32_t c : text) {

@@ -22,7 +22,7 @@ class EditView : public View {
   bool takeBack() override;
   QLineEdit* line() const { return line_; }
 
-  // A change of the content by the user: `count` characters from `at` were replaced.
+  // A change of the content by the user: `removed` characters from `at` were replaced by `inserted`.
   struct Difference {
     std::size_t at = 0;
     std::size_t removed = 0;

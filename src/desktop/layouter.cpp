@@ -95,7 +95,7 @@ bool hang(QGridLayout& grid, int row, QWidget* text) {
   return true;
 }
 
-// "101 Codice fiscale" repeats "105 Codice fiscale".
+// "101 Codice fiscale" and "105 Codice fiscale" are the same caption.
 QString withoutNumber(const QString& caption) {
   return caption.isEmpty() || !caption[0].isDigit() ? caption : caption.section(u' ', 1);
 }

@@ -259,7 +259,7 @@ void QtFrontEnd::stageEntered() {
 }
 
 void QtFrontEnd::showMade(const QString& path) {
-  // The form's link names a PDF under a name that no program of the desktop could open.
+  // A printed form is a PDF with the extension .cur, for which the desktop has no program.
   if (!path.endsWith(QStringLiteral(".cur"))) {
     open(utf8(path), {});
     return;
