@@ -30,7 +30,7 @@ void EditorCompenso::setTipoComunicazione(Comunicazione tipo) {
   if (disposizione_.immagine) return;
   stbMain->setTabVisible(2, true);
   riferimenti_->disponi(tipo);
-  fraMain->setVisible(tipo != Comunicazione::Annullamento);  // a cancellation requires only the references
+  fraMain->setVisible(tipo != Comunicazione::Annullamento);  // an annulment requires only the references
   if (tipo == Comunicazione::Annullamento) stbMain->setTabVisible(2, false);
   notify();
 }

@@ -8,7 +8,7 @@ namespace cu {
 
 inline constexpr std::size_t kDescrizione = 255;  // maximum length of the text columns, in characters
 
-// The data outside the picture of the form: the references to the certificate that is cancelled or replaced,
+// The data outside the picture of the form: the references to the certificate that is annulled or replaced,
 // and the payee's residence in the previous and in the current year.
 struct DatiAggiuntivi {
   std::string Protocollo;

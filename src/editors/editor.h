@@ -29,7 +29,7 @@ class Editor : public Form {
   virtual void setRecordset(cu::Recordset& righe) = 0;  // loads the row
   virtual cu::Recordset& Recordset() = 0;
   virtual void setTipoComunicazione(Comunicazione tipo) = 0;
-  // Opens only the additional data, which complete a cancellation. No effect in the oldest layout, which has
+  // Opens only the additional data, which complete an annulment. No effect in the oldest layout, which has
   // them on its own page.
   virtual void ApriDatiAggiuntivi() = 0;
   virtual bool OK() const = 0;
@@ -41,8 +41,8 @@ class Editor : public Form {
 // Creates the editor of a tax year, in the layout of its form.
 std::unique_ptr<Editor> fnCreaEditor(std::int32_t anno, const AmbienteEditor& ambiente);
 
-// Whether a cancellation of the year needs only the additional data, without the editor. A year before the
-// first form is shown in the newest layout, but its cancellation opens the editor.
+// Whether an annulment of the year needs only the additional data, without the editor. A year before the
+// first form is shown in the newest layout, but its annulment opens the editor.
 bool fnAnnullaNelDialogo(std::int32_t anno);
 
 }  // namespace cu

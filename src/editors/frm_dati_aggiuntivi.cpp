@@ -57,7 +57,7 @@ bool FrmDatiAggiuntivi::refusesClose() {
 void FrmDatiAggiuntivi::setTipoComunicazione(Comunicazione tipo) {
   tipo_ = tipo;
   riferimenti.disponi(tipo);
-  fraMain.setVisible(tipo != Comunicazione::Annullamento);  // a cancellation requires nothing else
+  fraMain.setVisible(tipo != Comunicazione::Annullamento);  // an annulment requires nothing else
   notify();
 }
 

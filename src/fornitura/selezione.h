@@ -19,10 +19,10 @@ struct RichiestaSelezione {
 };
 Result<> seleziona(Compensi& compensi, const RichiestaSelezione& richiesta);
 
-// Rejected where no line is selected, or where a cancelling or replacing line lacks its references.
+// Rejected where no line is selected, or where an annulling or replacing line lacks its references.
 Result<> controllaSelezione(Compensi& compensi, Comunicazione tipo);
 
-// The references of the supply that is cancelled or replaced, for all selected lines.
+// The references of the supply that is annulled or replaced, for all selected lines.
 struct RichiestaRiferimenti {
   std::string protocollo;
   std::string progressivo;

@@ -58,7 +58,7 @@ void CUEle::scriviFile(Connection& connection, Recordset& principale, Date DataF
     ++NumeroCertificazione;
     file_.WriteRecordTipoD(riga, NumeroCertificazione, dati_.CodiceFiscaleAzienda, dati_.TipoComunicazione,
                            DataFirma);
-    if (dati_.TipoComunicazione == Comunicazione::Annullamento) continue;  // a cancellation has no amounts
+    if (dati_.TipoComunicazione == Comunicazione::Annullamento) continue;  // an annulment has no amounts
     file_.WriteRecordTipoH(riga, NumeroCertificazione, 1, dati_.CodiceFiscaleAzienda, nullptr);
     scriviModuli(connection, riga, chiave, NumeroCertificazione);
   }

@@ -129,7 +129,7 @@ void CUFileSeq::WriteRecordTipoD(const CellView* Fields, std::int32_t Progressiv
     ponNumero(rigaD_, kProtocollo, 0);
     ponNumero(rigaD_, kProgressivo, 0);
   } else {
-    // The references of the certificate that is cancelled or replaced.
+    // The references of the certificate that is annulled or replaced.
     formatta(breve(Fields[quadro_.protocollo], kProtocollo.length), rigaD_.at(kProtocollo.offset),
              kProtocollo.length);
     formatta(breve(Fields[quadro_.progressivo], kProgressivo.length), rigaD_.at(kProgressivo.offset),

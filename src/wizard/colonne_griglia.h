@@ -7,7 +7,7 @@
 
 namespace cu {
 
-// For a cancellation the grid shows only payees and references.
+// For an annulment the grid shows only payees and references.
 enum class Quando { Sempre, AnnullamentoSostituzione, NonAnnullamento, Nascosta };
 
 struct ColonnaGriglia {

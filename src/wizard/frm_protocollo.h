@@ -9,7 +9,7 @@ namespace cu {
 
 class UtilitaSuite;
 
-// The references to the submission that is cancelled or replaced, for all selected lines at once.
+// The references to the submission that is annulled or replaced, for all selected lines at once.
 class FrmProtocollo : public Form {
  public:
   FrmProtocollo(FrontEnd& frontEnd, UtilitaSuite& utilita);

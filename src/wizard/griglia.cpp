@@ -69,7 +69,7 @@ void FrmWizard::sbModificaCompenso() {
     } else {
       editor->showModal();
     }
-    editor->unload();  // a cancellation interrupted early has never shown the form
+    editor->unload();  // an annulment interrupted early has never shown the form
     if (!editor->OK()) {
       ambiente_.frontEnd.told("L'editor è stato chiuso senza confermare: la riga è rimasta com'era.");
     }

@@ -4,7 +4,7 @@
 
 namespace cu {
 
-// The references to the supply that is cancelled or replaced: the input rules of all their boxes.
+// The references to the supply that is annulled or replaced: the input rules of all their boxes.
 inline constexpr std::size_t kMassimoProtocollo = 17;
 inline constexpr std::size_t kMassimoProgressivo = 6;
 
