@@ -19,7 +19,7 @@ import sys
 import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-LONGEST = 1500  # lines that are checked in one go, so that every processor has work to the end
+LONGEST = 1500  # lines checked at a time, so that every processor has work to the end
 
 
 class Part:
@@ -78,7 +78,7 @@ def parts_of(build, wanted):
 def check(build, part):
     """What clang-tidy finds, each with its place in src/; not empty where it fails for another reason."""
     with tempfile.TemporaryDirectory() as folder:
-        # The file finds its configuration in the folders above it: the project's, and that of its own folder.
+        # clang-tidy searches the configuration in the folders above the file: its own folder's and the project's.
         place = pathlib.Path(folder) / "folder"
         place.mkdir()
         shutil.copy(ROOT / ".clang-tidy", folder)
@@ -108,7 +108,7 @@ def main():
     parts = parts_of(build, sys.argv[2:])
     if not parts:
         sys.exit(f"{build} compiles nothing of these folders")
-    told = set()  # a header's are found with each folder that includes it
+    told = set()  # findings in a header repeat for each folder that includes it
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as workers:
         for found in workers.map(lambda part: check(build, part), parts):
             for each in found:

@@ -74,7 +74,7 @@ class PrintShop {
   std::unique_ptr<PdfReports> reports;
 };
 
-// The reports, with a formula of the wizard for each.
+// File names of the reports.
 inline constexpr const char* kAccounts = "ContoIndividuale.rpt";
 inline constexpr const char* kSummary = "CertificazioneCompensiSintetico.rpt";
 inline constexpr const char* kDetailed = "CertificazioneCompensiAnalitico.rpt";
