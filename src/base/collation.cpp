@@ -198,7 +198,7 @@ class Keys {
   }
 
  private:
-  // Doubling leaves room for all signs between the last ASCII punctuation mark and the first digit.
+  // The shift leaves room for all signs between the last ASCII punctuation mark and the first digit.
   static std::uint32_t scaled(std::uint32_t weight) { return weight << 16; }
   static std::uint32_t weightOf(char c) { return scaled(kWeight[static_cast<unsigned char>(c)]); }
 

@@ -26,7 +26,7 @@ constexpr std::size_t kLargestChunk = 1U << 20;
 constexpr std::size_t kWorthSharing = 12;  // a pointer and a length need about as much space
 
 std::uint64_t zigzag(std::int64_t value) {
-  // cppcheck-suppress shiftTooManyBitsSigned ; C++20 defines it: the sign fills all bits
+  // cppcheck-suppress shiftTooManyBitsSigned ; defined in C++20: the sign bit is replicated
   return (static_cast<std::uint64_t>(value) << 1) ^ static_cast<std::uint64_t>(value >> 63);
 }
 std::int64_t unzigzag(std::uint64_t value) {

@@ -189,7 +189,7 @@ void QtFrontEnd::showModal(Form& form) {
   auto* const window = new FormWindow(*this, form, below);
   window->setWindowModality(Qt::ApplicationModal);
   QEventLoop loop;
-  // cppcheck-suppress danglingLifetime ; taken back before the loop goes
+  // cppcheck-suppress danglingLifetime ; reset before the loop is destroyed
   shown_.push_back({&form, window, &loop});
   if (below != nullptr) below->afterEvent();
   place(*window, below);

@@ -8,7 +8,7 @@
 namespace cu::sqlite {
 
 // The amount represented by a stored floating-point number. Nearly every one is the nearest to a number of
-// ten-thousandths, which one multiplication and one division verify; the others are converted through text.
+// ten-thousandths, which one multiplication and one division verify; Decimal::fromDouble converts the others.
 // Raises Error 6 when it is out of range.
 inline Decimal amountOf(double stored) {
   const double scaled = std::nearbyint(stored * 10000.0);
