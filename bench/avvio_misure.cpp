@@ -1,4 +1,4 @@
-// The start of both programs on the demonstration database, from the making of the process: cuctl until it
+// The start of both programs on the demonstration database, from the creation of the process: cuctl until it
 // has opened the wizard and ended, cuwizard until its first window is drawn.
 
 #include <cstdlib>
@@ -21,7 +21,7 @@ double start(const std::string& command) {
   return spent;
 }
 
-// The median, the two by turns: what a person waits for.
+// The median, measured alternately: the time that the user waits.
 Pair starts(const std::string& ours, const std::string& limit) {
   std::vector<double> a;
   std::vector<double> b;

@@ -1,6 +1,6 @@
 #pragma once
 
-// The embedded engine's C API and nothing around it: what every figure of the database is held against.
+// The embedded engine's C API alone: the reference of every figure of the database.
 
 #include <sqlite3.h>
 
@@ -16,7 +16,7 @@
 
 namespace cu::bench {
 
-// SQLite as it comes, with the settings that a careful program gives it and the order of the suite's texts.
+// SQLite with the settings of a careful program and the order of the suite's texts.
 class BareDatabase {
  public:
   explicit BareDatabase(const std::string& path) {
@@ -68,7 +68,8 @@ class BareStatement {
   }
   void reset() const { sqlite3_reset(statement_); }
 
-  // Steps to the end and looks at every cell, as whoever reads must; a number that depends on all of them.
+  // Steps to the end and reads every cell, as any reader has to; returns a number that depends on all of
+  // them.
   std::size_t drain() const {
     std::size_t seen = 0;
     const int columns = sqlite3_column_count(statement_);
@@ -105,7 +106,7 @@ inline void replaceAll(std::string& text, const std::string& what, const std::st
   }
 }
 
-// A text of the system in the engine's own words, its values written out, without the program's functions.
+// A text of the system in the engine's dialect, with its values inlined, without the program's functions.
 inline std::vector<std::string> plain(BareDatabase& database, const std::string& text) {
   const sqlite::StoredCatalog catalog(database.handle());
   const sqlite::TokenList tokens = sqlite::tokenize(text);

@@ -1,6 +1,6 @@
-// A run at one size, phase by phase, beside the same statements on the engine's bare C API and a loop that
-// composes the lines by hand as the rows come. Each side runs in a process of its own, as a clerk's run does,
-// so that its memory can be told. Argument: how many payees.
+// A run at one size, phase by phase, compared with the same statements on the engine's bare C API and a
+// hand-written loop that composes the lines as the rows arrive. Each side runs in a process of its own, as a
+// user's run does, so that its memory can be measured. Argument: the number of payees.
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -47,7 +47,7 @@ constexpr std::string_view kCompany = "01234567890";
 const Date kSignature = Date::fromYmd(2017, 2, 28).value();
 const std::string kTable = "tmpprequadrivio12";
 
-// What a side tells the process that compares them: names and numbers.
+// The results that a side passes to the comparing process: names and numbers.
 using Measures = std::map<std::string, double>;
 
 void tell(const char* name, double value) { std::printf("%s %.9g\n", name, value); }
@@ -104,7 +104,7 @@ class BlockFile {
   std::string block_;
 };
 
-// The modules' query with its four keys as parameters.
+// The modules' query, with its four keys as parameters.
 std::string modulesQuery() {
   std::string text = telematico::queryModuli(0, 0, 0, 0);
   for (const char* parameter : {"?1", "?2", "?3", "?4"}) text.replace(text.find(" = 0") + 3, 1, parameter);
@@ -113,7 +113,7 @@ std::string modulesQuery() {
 
 std::string mainQuery(BareDatabase& bare) { return plainOne(bare, telematico::queryPrincipale(kTable)); }
 
-// The first, second and last line cost nothing and are handed in.
+// The first, second and last line cost nothing and are passed in.
 void loop(BareDatabase& bare, const std::string& path, std::string_view first, std::string_view last) {
   bare.execute("BEGIN");
   {
@@ -152,7 +152,7 @@ std::string part(const std::string& path, off_t from, std::size_t length) {
   return bytes;
 }
 
-// The bytes of a file, in the same blocks, into another; only the writing counts.
+// Copies the bytes of a file, in the same blocks, to another one; only the writing is measured.
 double bareWrite(const std::string& from, const std::string& to) {
   const int source = ::open(from.c_str(), O_RDONLY);
   std::string block(kBlock, '\0');
@@ -337,7 +337,7 @@ void writeProfile(const Folder& folder) {
 }
 
 // The whole program: its start, the load, the write-back, the checks, the file, a print recorded for each
-// line and the load again.
+// line, and the second load.
 double make(const Folder& folder) {
   const std::string cuctl = (std::filesystem::path(self()).parent_path() / "cuctl").string();
   const std::string command = cuctl + " make --profile " + folder.file("profilo.toml") +
@@ -359,7 +359,7 @@ void measure(int payees) {
     throw std::runtime_error("no database");
   }
   writeProfile(folder);
-  // Short runs are disturbed more, and the growth is told from them: they are taken more often.
+  // Short runs are more disturbed, and the growth is computed from them: they are repeated more often.
   const int rounds = payees > 100000 ? 4 : payees > 10000 ? 8 : 24;
   const int makes = payees > 10000 ? 2 : 6;
   Measures ours;
@@ -371,7 +371,7 @@ void measure(int payees) {
     if (round == 0) sameBytes(folder);
     if (round < makes) made = std::min(made, make(folder));
   }
-  // Of both sides the least of each part.
+  // The minimum of each part, for both sides.
   const double whole = ours["load"] + ours["checks"] + ours["run"];
   const double statements = bare["load"] + bare["checks"] + bare["query"] + bare["modules"];
   const double size = payees;

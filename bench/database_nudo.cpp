@@ -1,4 +1,4 @@
-// The least that a program with a database does: the limit of cuctl's start. Argument: the file.
+// The minimum work of a program with a database: the limit of cuctl's start. Argument: the file.
 
 #include <sqlite3.h>
 

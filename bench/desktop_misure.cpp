@@ -1,5 +1,5 @@
-// What a clerk waits for in the window: the step to the grid, a key in an editor. Argument: how many payees
-// (100,000 without one).
+// The user's waiting times in the window: the step to the grid, a key in an editor. Argument: the number of
+// payees (default 100,000).
 
 #include <QApplication>
 #include <QGridLayout>
@@ -44,7 +44,7 @@ Profilo profileOf(const fs::path& folder, const std::string& database) {
   return profile;
 }
 
-// The text of the load as the wizard sent it last.
+// The text of the load as last sent by the wizard.
 std::string loadStatement(const std::string& trace) {
   std::ifstream file(trace);
   std::string found;
@@ -72,7 +72,7 @@ void answer(const QString& caption) {
   });
 }
 
-// Digits typed and deleted again, each drawn before the next one comes: the mean of a key.
+// Types and deletes digits, each drawn before the next one; returns the mean of a key.
 double keySeconds(QLineEdit& line) {
   constexpr int kDigits = 6;
   constexpr int kRounds = 20;
@@ -94,7 +94,7 @@ double keySeconds(QLineEdit& line) {
   return best;
 }
 
-// A window of fields and nothing else, as large as an editor.
+// A window that contains only fields, as large as an editor.
 double bareKeySeconds(QSize size) {
   QWidget window;
   auto* grid = new QGridLayout(&window);
@@ -147,7 +147,7 @@ void measure(const fs::path& folder, int payees) {
   screen.perform(wizard.KRNCboEsCont0, [&] { wizard.KRNCboEsCont0.setIndex(0); });
   click(wizard.cmdNav[3]);
 
-  // From here on both sides find the database warm.
+  // From here on the database is warm for both sides.
   const auto bare = apriConnessione(profile.database);
   Pair times{1e9, 1e9};
   for (int i = 0; i < kSteps; ++i) {

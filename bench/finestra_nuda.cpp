@@ -1,4 +1,4 @@
-// The least that a program with a window does: the limit of the wizard's start.
+// The minimum work of a program with a window: the limit of the wizard's start.
 
 #include <QApplication>
 #include <QLabel>

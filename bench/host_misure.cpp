@@ -1,5 +1,5 @@
-// The rows of a run in memory: 100,000 lines of 140 columns, as the query of the certificates yields them,
-// beside the same values in one flat array of cells.
+// The rows of a run in memory: 100,000 lines of 140 columns, as in the query of the certificates, compared
+// with the same values in one flat array of cells.
 
 #include <strings.h>
 
@@ -22,7 +22,7 @@ constexpr std::size_t kRows = 100'000;
 constexpr int kRounds = 5;
 constexpr int kCompared = 100'000;
 
-// Keeps a result that nobody reads.
+// Keeps the compiler from removing unused results.
 volatile std::size_t sink = 0;
 
 std::shared_ptr<const Columns> columns() {
@@ -34,8 +34,7 @@ std::shared_ptr<const Columns> columns() {
   return std::make_shared<const Columns>(std::move(list));
 }
 
-// What one writes who needs no more than to have the values: a cell is 16 bytes, texts lie one behind the
-// other.
+// A minimal store of values: a cell is 16 bytes, texts are contiguous.
 class FlatRows {
  public:
   void beginRow() {}
@@ -195,7 +194,8 @@ void store() {
   print({"one of them found by its key", filter.ours, filter.limit, "a flat array of cells"});
 }
 
-// One column set and the row updated, line by line: no slower for each line the more there are.
+// Sets one column and updates the row, line by line: the cost per line does not grow with the number of
+// lines.
 void selection() {
   for (const std::size_t count : {20'000U, 40'000U, 80'000U}) {
     MemoryConnection connection(count);

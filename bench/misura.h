@@ -1,8 +1,8 @@
 #pragma once
 
-// What all programs of this folder share. Each prints its figures as lines of fields with tabs between them;
-// `tavola` makes one table of the lines of all. A figure stands beside its limit, taken in the same run and
-// by turns with it: what disturbs the machine then falls on both sides alike.
+// Shared by all programs of this folder. Each prints its figures as lines of tab-separated fields; `tavola`
+// makes one table of the lines of all. A figure is printed with its limit, measured alternately in the same
+// run: a disturbance of the machine then affects both sides alike.
 
 #include <algorithm>
 #include <chrono>
@@ -25,13 +25,13 @@ struct Figure {
   std::string name;
   double ours = 0;
   double limit = 0;
-  std::string limitName = {};  // what the limit is
-  std::string promise = {};    // "ratio:1.2" to the limit, "value:0.3" alone; empty where nothing is promised
+  std::string limitName = {};  // describes the limit
+  std::string promise = {};    // "ratio:1.2" to the limit, "value:0.3" alone; empty without a promise
   std::string unit = "s";
-  // Figures of one series differ in their size, and the table tells how they grow between the sizes.
+  // Figures of one series differ in their size, and the table shows their growth between the sizes.
   std::string series = {};
   double size = 0;
-  bool held = false;  // to grow no faster than its limit
+  bool held = false;  // required to grow no faster than its limit
 };
 
 inline void section(const std::string& title) {
@@ -51,7 +51,7 @@ struct Pair {
   double limit = 0;
 };
 
-// The best of some rounds, the two by turns.
+// The best of some rounds, measured alternately.
 inline Pair best(int rounds, const std::function<void()>& ours, const std::function<void()>& limit) {
   Pair result{1e9, 1e9};
   for (int i = 0; i < rounds; ++i) {
@@ -73,7 +73,7 @@ inline std::string grouped(long long number) {
   return text;
 }
 
-// The most memory that this process has held, in MiB.
+// The peak memory of this process, in MiB.
 inline double peakMiB() {
   std::ifstream status("/proc/self/status");
   for (std::string line; std::getline(status, line);) {
@@ -92,7 +92,7 @@ class Folder {
   std::filesystem::path path_;
 };
 
-// One that goes with the object.
+// Deleted with the object.
 class ScratchFolder : public Folder {
  public:
   explicit ScratchFolder(const std::string& name) : Folder(std::filesystem::temp_directory_path() / name) {

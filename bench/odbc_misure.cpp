@@ -1,4 +1,4 @@
-// A server over the loopback, beside a program that does nothing but call the ODBC API with the same block.
+// A server over the loopback, compared with a program that only calls the ODBC API with the same block.
 
 #include <algorithm>
 #include <cstdlib>
@@ -15,7 +15,7 @@ namespace cu::bench {
 namespace {
 
 constexpr int kRounds = 5;
-constexpr int kParts = 20;  // short rounds: what disturbs them disturbs few
+constexpr int kParts = 20;  // short rounds: a disturbance affects few of them
 
 // The work table's 101 columns, by their kinds.
 std::string columnsOfWorkTable(bool definition) {
@@ -30,7 +30,7 @@ std::string columnsOfWorkTable(bool definition) {
   return text;
 }
 
-// The same calls and nothing around them.
+// The same API calls alone.
 class Bare {
  public:
   Bare(const std::string& text, std::size_t block) : block_(block) {
@@ -55,7 +55,7 @@ class Bare {
     need(SQLExecDirect(statement_, bytes(text), static_cast<SQLINTEGER>(text.size())));
     SQLFreeStmt(statement_, SQL_CLOSE);
   }
-  // Looks at every cell, as whoever reads must; the number of bytes seen.
+  // Reads every cell, as any reader has to; returns the number of bytes read.
   std::size_t fetch(const std::string& text) {
     need(SQLExecDirect(statement_, bytes(text), static_cast<SQLINTEGER>(text.size())));
     SQLSMALLINT count = 0;
@@ -115,7 +115,7 @@ class Bare {
   std::vector<SQLLEN> lengths_;
 };
 
-// `parts` is how many rounds make up what is named.
+// `parts` is the number of rounds that make up the figure.
 void compare(const std::string& name, int parts, const std::string& promise,
              const std::function<void()>& ours, const std::function<void()>& bare) {
   const Pair times = best(std::max(kRounds, parts), ours, bare);

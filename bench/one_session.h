@@ -8,7 +8,7 @@
 
 namespace cu::bench {
 
-// A database object whose connections are one, as the embedded engine's are.
+// A database object with one connection for all purposes, as with the embedded engine.
 class OneConnection : public DatabaseHost {
  public:
   explicit OneConnection(Connection& connection) : connection_(connection) {}
@@ -21,7 +21,7 @@ class OneConnection : public DatabaseHost {
   Connection& connection_;
 };
 
-// Passes everything on and adds up the time that the database takes.
+// Forwards all calls and sums the time spent in the database.
 class TimedConnection : public Connection {
  public:
   explicit TimedConnection(Connection& inner) : inner_(inner) {}
@@ -41,7 +41,7 @@ class TimedConnection : public Connection {
   Connection& inner_;
 };
 
-// A session of user 12 and company 1 over it.
+// A session of user 12 and company 1 on it.
 class OneSession : public test::FakeSession {
  public:
   explicit OneSession(DatabaseHost& database) : FakeSession(unused_), database_(database) {}

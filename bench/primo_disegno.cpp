@@ -1,4 +1,4 @@
-// Loaded into a program with a window: ends it, with code 0, once its first window has been drawn.
+// Preloaded into a program with a window: ends it, with code 0, once its first window has been drawn.
 
 #include <unistd.h>
 
@@ -14,7 +14,7 @@ class FirstPicture : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override {
     const auto* const widget = qobject_cast<QWidget*>(watched);
     if (event->type() == QEvent::Paint && widget != nullptr && widget->isWindow()) {
-      // The picture is complete when what paints it has come back.
+      // The picture is complete when the painting function has returned.
       QTimer::singleShot(0, [] { _exit(0); });
     }
     return false;

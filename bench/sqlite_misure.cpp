@@ -1,5 +1,5 @@
-// What the embedded engine's door costs: a text of the server's dialect known again, one adapted, a query for
-// each line of a run. Argument: how many payees (100,000 without one).
+// The overhead of the embedded engine's adapter: a known text of the server's dialect, an adapted one, a
+// query for each line of a run. Argument: the number of payees (default 100,000).
 
 #include <array>
 #include <cstdlib>
@@ -20,7 +20,7 @@ namespace {
 constexpr int kRounds = 5;
 constexpr int kTexts = 10000;
 
-// Keeps a result that nobody reads.
+// Keeps the compiler from removing unused results.
 volatile std::size_t sink = 0;
 
 void texts(BareDatabase& bare) {

@@ -1,4 +1,4 @@
-// Prints from an archive of any size, beside the library that writes the file doing nothing but that.
+// Prints from an archive of any size, compared with the library that only writes the file.
 //   stampe_misure each N       N forms, each in a file of its own, as the wizard prints line by line
 //   stampe_misure one N        N forms in one file
 //   stampe_misure accounts N   the individual accounts of about N lines
@@ -38,7 +38,7 @@ constexpr const char* kFormFormula =
 constexpr const char* kAccounts = "ContoIndividuale.rpt";
 constexpr const char* kAccountsFormula =
     "{__ViewName.IDAziendaPercipiente} = 1 AND {__ViewName.IDAzienda} = 1";
-constexpr std::size_t kModelLines = 2000;  // of a list whose pages stand for those of a longer one
+constexpr std::size_t kModelLines = 2000;  // of a list whose pages represent those of a longer one
 
 std::string insert(const CellView* key) {
   return "INSERT INTO TabellaRicorsione2 (IDPath1, IDPath2, IDUtente, IDFunzione, Path14, Path1, Path2, "

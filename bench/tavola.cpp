@@ -1,6 +1,6 @@
-// Makes one table of the lines that the measuring programs print: each figure beside its limit, their ratio,
-// how the figures of a series grow with their size, and whether what is promised is kept. Ends with 1 if
-// something is not.
+// Makes one table of the lines printed by the measuring programs: each figure with its limit, their ratio,
+// the growth of the figures of a series with their size, and whether the promises are kept. Exits with 1 if
+// one is not.
 
 #include <algorithm>
 #include <cmath>
@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr double kNoise = 0.02;  // of an exponent, between two runs of the same
-constexpr double kFrom = 10000;  // between these sizes a series is held to grow no faster than its limit
+constexpr double kNoise = 0.02;  // of an exponent, between two equal runs
+constexpr double kFrom = 10000;  // between these sizes a series is required to grow no faster than its limit
 constexpr double kTo = 300000;
 
 struct Line {
@@ -25,7 +25,7 @@ struct Line {
   std::string promise;
   std::string series;
   double size = 0;
-  bool held = false;  // to grow no faster than its limit
+  bool held = false;  // required to grow no faster than its limit
 };
 
 std::vector<std::string> fields(const std::string& line) {
@@ -46,7 +46,7 @@ std::string fixed(double value, int places) {
   return text;
 }
 
-// Three figures that count.
+// Three significant digits.
 std::string shown(double value, const std::string& unit) {
   std::string name = unit;
   if (unit == "s" && value < 1) {

@@ -1,8 +1,7 @@
 #pragma once
 
-// The certificate's lines composed by hand for the run year 2016: what one writes who has only this form
-// before his eyes and knows where each column lies, straight from the row to the places of the line. The
-// measure of what the tables cost.
+// The certificate's lines composed by hand for the run year 2016, directly from the row to the positions of
+// the line, with the form and the columns' indexes hard-coded. Measures the cost of the tables.
 
 #include <algorithm>
 #include <cstddef>
@@ -80,7 +79,7 @@ enum Modulo : int {
 };
 // clang-format on
 
-// `Row` tells of column n: isNull(n), text(n), amount(n) in ten-thousandths, whole(n), day(n).
+// `Row` reads column n: isNull(n), text(n), amount(n) in ten-thousandths, whole(n), day(n).
 class ComposizioneAMano {
  public:
   ComposizioneAMano() : d_(1900, ' '), h_(1900, ' ') {
@@ -302,7 +301,7 @@ class ComposizioneAMano {
   void frame(const Row& r, int number, std::string_view company) {
     field(1, 16, company);
     field(25, 16, r.text(CodiceFiscale));
-    // A number that has outgrown its five places loses its last digits.
+    // A number that exceeds its five places loses its last digits.
     while (number > 99999) number /= 10;
     digits(line_ + 41, 5, number);
   }
@@ -377,7 +376,7 @@ class ComposizioneAMano {
     if (!clean(phone)) clean(fax);
     put("DA001008", upper_);
   }
-  // True when nothing but digits is left.
+  // Returns true when only digits are left.
   bool clean(std::string_view text) {
     upper_.clear();
     bool number = true;

@@ -1,6 +1,6 @@
-// Composing and writing the records D and H from rows in memory: the product's writers beside a composer
-// written by hand for this one form. Both write the same bytes, which is checked first, into blocks that go
-// nowhere. And the fields of the catalogue by their names.
+// Composing and writing the records D and H from rows in memory: the product's writers compared with a
+// hand-written composer for this one form. Both write the same bytes, which is checked first, into blocks
+// that are discarded. Also the access to the fields of the catalogue by name.
 
 #include <cstdio>
 #include <cstdlib>
@@ -30,12 +30,12 @@ constexpr std::size_t kRows = 2000;
 constexpr int kRounds = 60;
 constexpr int kLookUps = 1000;
 
-// Keeps a result that nobody reads.
+// Keeps the compiler from removing unused results.
 volatile std::size_t sink = 0;
 
 constexpr std::size_t kBlock = 552 * 1900;
 
-// Gathers blocks as the platform's file does; keeps all of it only for the comparison.
+// Collects blocks as the platform's file does; keeps all data only for the comparison.
 class Blocks : public OutputFile {
  public:
   explicit Blocks(std::string* whole) : whole_(whole) { block_.reserve(kBlock); }
@@ -63,8 +63,8 @@ class BlockFiles : public test::MemoryFileSystem {
   }
 };
 
-// An ordinary company: most payees are residents with a handful of amounts; one in eight has contributions,
-// one in ten comes from abroad, one in six has an accent in the name, one in five a further module.
+// An ordinary company: most payees are residents with a few amounts; one in eight has contributions, one in
+// ten comes from abroad, one in six has an accent in the name, one in five a further module.
 test::Contenuti payee(std::size_t n) {
   const auto number = static_cast<std::int64_t>(n);
   test::Contenuti row = {

@@ -1,5 +1,5 @@
-// The clerk's work on a large worklist, beside the same statements on a bare engine. Argument: how many
-// payees (100,000 without one).
+// The user's work on a large worklist, compared with the same statements on the bare engine. Argument: the
+// number of payees (default 100,000).
 
 #include <algorithm>
 #include <array>
@@ -104,7 +104,7 @@ void measure(int payees) {
   print({"toggle of one among " + lines, toggle.ours, toggle.limit, "the same statements, bare"});
   compensi.sbSelezionaTutto(AzioneSelezione::Seleziona);
 
-  // The last line, so that the filter of its row passes over all others.
+  // The last line, so that the filter of its row tests all others.
   test::MemorySettings settings;
   double opening = 1e9;
   double queries = 1e9;
@@ -123,7 +123,7 @@ void measure(int payees) {
   print({"opening an editor on the last of " + lines, opening, queries, "its own queries"});
   rows.ClearFilter();
 
-  // Each line changed; the accounts lie in the archive, so that both sides write there, by turns.
+  // Changes each line; the accounts are in the archive, so that both sides write there, alternately.
   connection->Execute("UPDATE " + table + " SET Modificato = 1");
   BareDatabase bare(archive);
   const std::vector<std::string> accounts = plain(bare, fnAggiornaConti(table));

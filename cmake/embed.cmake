@@ -1,8 +1,8 @@
-# Files carried inside the programs, so that nothing has to be installed beside them.
+# Embeds files in the programs, so that nothing has to be installed with them.
 #
 # cu_embed(variable OUTPUT name.cpp BASE folder FILES files... [HEADER name.h STRUCT name FUNCTION name])
-# puts the path of a source into the variable: it defines what the header declares (archive/risorse.h unless
-# told otherwise), one entry a file, named by its path below the folder. The source is written again when a
+# sets the variable to the path of a source that defines what the header (default archive/risorse.h) declares: one
+# entry per file, named by its path below the folder. The source is written again when a
 # file or this script changes.
 
 if(NOT CMAKE_SCRIPT_MODE_FILE)
@@ -38,7 +38,7 @@ foreach(file IN LISTS FILES)
   string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${bytes}")
   file(SIZE ${file} size)
   cmake_path(RELATIVE_PATH file BASE_DIRECTORY ${BASE} OUTPUT_VARIABLE name)
-  # A zero behind the last byte keeps an empty file from being an empty array.
+  # A zero after the last byte avoids an empty array for an empty file.
   string(APPEND arrays "constexpr unsigned char kBytes${count}[] = {${bytes}0x00};\n")
   string(APPEND table "    {\"${name}\", kBytes${count}, ${size}},\n")
   math(EXPR count "${count} + 1")

@@ -1,7 +1,7 @@
-# The rooms of the house: one library a folder of src/, and each sees only the headers of the rooms it links.
+# The rooms: one library per folder of src/, with access only to the headers of the rooms it links.
 #
-# A room's headers are reached through a directory of its own that holds one link to the room's folder, so
-# "data/database.h" is found by those who link data and by nobody else.
+# The include directory of a room contains only a link to the room's folder, so that "data/database.h" is found only
+# by rooms that link data.
 
 find_program(CCACHE ccache)
 if(CCACHE)
@@ -17,18 +17,18 @@ else()
     INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
               -Woverloaded-virtual -Wcast-qual -Wformat=2 -Wimplicit-fallthrough -Werror)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # GCC 12 sees overlaps in std::string that are not there (GCC bug 105651).
+    # GCC 12 reports false overlaps in std::string (GCC bug 105651).
     target_compile_options(house_options INTERFACE -Wno-restrict)
   endif()
   if(CU_BUILT_ONCE)
-    # A name of one file may hide that of another file of the room.
+    # A name of one file may shadow a name of another file of the room.
     target_compile_options(house_options INTERFACE -Wno-shadow)
   endif()
   if(CU_SANITIZE)
     target_compile_options(house_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                    -fno-omit-frame-pointer)
-    # GCC compares no address with null in a constant expression while it looks for null itself; the address
-    # sanitizer stops at a null that is used.
+    # With its null checks GCC cannot compare an address with null in a constant expression; the address sanitizer
+    # detects the use of a null pointer.
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
       target_compile_options(house_options INTERFACE -fno-sanitize=null,nonnull-attribute,returns-nonnull-attribute)
     endif()
@@ -39,11 +39,11 @@ else()
   endif()
 endif()
 
-# The rooms whose lines and branches CU_COVERAGE counts: the core.
+# The rooms measured by CU_COVERAGE: the core.
 set(measured_rooms base data host controls modello worklist telematic_engine telematic printing fornitura editors wizard)
 
-# Links the measured rooms whole and ahead of the program's own objects: of an inline function that both hold, the
-# linker keeps the first it meets, and that has to be the one that counts. The tests need no counters of their own.
+# Links the measured rooms whole and before the program's own objects: of an inline function present in both, the
+# linker keeps the first one, which has to be the one with counters. The tests themselves need no counters.
 function(cu_measured target)
   if(NOT CU_COVERAGE)
     return()
@@ -57,8 +57,8 @@ function(cu_measured target)
   add_dependencies(${target} ${measured_rooms})
 endfunction()
 
-# Headers are most of what is compiled: a room in one piece reads them once. A change then compiles all of it, so
-# this is for trees that are built once.
+# Headers are most of the compiled code: a room compiled as one file reads them once. A change then recompiles the
+# whole room, so this is for trees that are built once.
 function(cu_in_one_piece target)
   if(CU_BUILT_ONCE)
     set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
@@ -71,7 +71,7 @@ function(cu_room name)
   cmake_parse_arguments(ROOM "" "PATH" "LINKS;PRIVATE;SOURCES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${ROOM_PATH}/*.cpp)
   list(APPEND sources ${ROOM_SOURCES})
-  # Noted for the test that compares the links with ARCHITECTURE.md.
+  # For the test that compares the links with ARCHITECTURE.md.
   set(links ${ROOM_LINKS})
   list(FILTER links EXCLUDE REGEX "::")
   list(JOIN links " " links)
@@ -88,7 +88,7 @@ function(cu_room name)
     if(CU_COVERAGE AND name IN_LIST measured_rooms)
       target_compile_options(${name} PRIVATE --coverage -O0)
       target_link_options(${name} INTERFACE --coverage)
-      # Headers are counted under their own names: as they are called, and as ccache calls them from the build folder.
+      # Maps headers to their own names: the link's name, and the name relative to the build folder that ccache uses.
       cmake_path(RELATIVE_PATH CMAKE_SOURCE_DIR BASE_DIRECTORY ${CMAKE_BINARY_DIR} OUTPUT_VARIABLE up)
       foreach(room ${measured_rooms})
         target_compile_options(
@@ -118,10 +118,10 @@ endfunction()
 
 # cu_tests(name LINKS rooms... [LABEL fast|slow|system] [LOCK name] [ENVIRONMENT NAME=value...]
 #          [SUPPORT files...] [...])
-# One test program of all *_test.cpp of the calling folder, with what supports them there and in SUPPORT; each
-# file is noted as claimed.
+# One test program of all *_test.cpp of the calling folder, with the support files there and in SUPPORT; marks each
+# file as belonging to a program.
 #
-# CTest knows each test by its own name, labelled single, so that one can be run alone (ctest -R). Thousands of
+# CTest has each test under its own name, labelled single, so that one can be run alone (ctest -R). Thousands of
 # processes take minutes where a few take seconds: in the configuration Programs the whole program is a test too,
 # with its LABEL, and ./test runs those. Single tests with the same LOCK never run at the same time.
 function(cu_tests name)
@@ -144,14 +144,14 @@ function(cu_tests name)
   target_compile_definitions(${name} PRIVATE ${T_DEFINES})
   target_link_libraries(${name} PRIVATE house_options ${T_LINKS} GTest::gmock GTest::gtest_main)
   cu_measured(${name})
-  # The test library is more than a third of what a test file compiles: it is read once for each program. Two files
-  # take less than the reading does.
+  # The test library is more than a third of the code that a test file compiles: it is precompiled for each program
+  # of more than two files, for which that is faster.
   list(LENGTH sources files)
   if(files GREATER 2)
     target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h> <string> <vector>)
   endif()
-  # The tests' own code need not be fast, and compiles in little more than half the time; a quarter less again
-  # without its lines under the sanitizers, as a failed expectation names its own.
+  # The tests' own code need not be fast, and compiles without optimisation in little more than half the time; without
+  # line information under the sanitizers in another quarter less, because a failed expectation reports its line.
   target_compile_options(
     ${name} PRIVATE $<$<AND:$<CONFIG:Release,RelWithDebInfo>,$<CXX_COMPILER_ID:GNU>>:-O0>
                     $<$<AND:$<CONFIG:RelWithDebInfo>,$<CXX_COMPILER_ID:GNU>>:-g0>)
@@ -166,7 +166,7 @@ function(cu_tests name)
   endif()
   add_test(NAME ${name} COMMAND ${name} CONFIGURATIONS Programs)
   set_tests_properties(${name} PROPERTIES LABELS ${T_LABEL} ${properties})
-  # The names are read when CTest runs, not with every build.
+  # Discovers the test names when CTest runs, not with every build.
   gtest_discover_tests(
     ${name}
     NO_PRETTY_TYPES NO_PRETTY_VALUES

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Takes the pictures of docs/guida.md anew, from the real program on the demonstration database, with the keyboard
-# alone on a screen of its own. Run it after a change of the windows:
+# Makes the pictures of docs/guida.md from the real program on the demonstration database, with the keyboard only, on
+# a separate screen. Run it after a change of the windows:
 #   tools/guida.sh
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -12,7 +12,7 @@ cmake --build --preset release --target cuwizard cuctl >/dev/null
 
 pictures=$PWD/docs/immagini
 program=$PWD/build/bin/cuwizard
-# A place with a name that may stand in a picture.
+# A folder whose name may be visible in a picture.
 work=/var/tmp/guida-cu
 rm -rf "$work"
 mkdir -p "$work"
@@ -31,7 +31,7 @@ export QT_QPA_PLATFORM=xcb
 mkdir -p "$HOME/Documenti" "$work/cu"
 sleep 1
 
-# The window that was opened last has the keyboard.
+# The window opened last has the keyboard focus.
 front() {
   sleep 0.6
   window=$(xdotool search --onlyvisible --pid "$app" --name '' 2>/dev/null | tail -1)
@@ -41,7 +41,7 @@ front() {
 press() { xdotool key --delay 80 "$@"; sleep 0.4; }
 point() { xdotool mousemove "$1" "$2" click 1; sleep 0.4; }
 write() { xdotool type --delay 50 "$1"; sleep 0.4; }
-# The window in front, in few colours and with a line around it.
+# The front window, in few colours and with a border.
 picture() {
   import -window "$window" "$work/schermo.png"
   convert "$work/schermo.png" +repage -bordercolor '#8a949e' -border 1 +dither -colors 64 -depth 8 \

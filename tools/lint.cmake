@@ -1,9 +1,9 @@
-# Rules of the house that neither the compiler nor the linker can see:
+# Project rules that neither the compiler nor the linker can check:
 #
 #   include-up      no include leaves its folder by "../"
-#   core-include    the core includes the standard library and headers of the house, nothing else
-#   core-surface    files, streams and the locale stay behind host's interfaces
-#   core-locale     the core calls nothing that the process's locale can change
+#   core-include    the core includes the standard library and the project's headers, nothing else
+#   core-surface    files, streams and the locale are used only through host's interfaces
+#   core-locale     the core calls no function that depends on the process's locale
 #
 # cmake -D ROOT=<repository> -P tools/lint.cmake
 # Prints "file:line: rule: what" for each breach and fails if there is one.
@@ -31,7 +31,7 @@ set(locale_names
     printf fprintf sprintf snprintf asprintf dprintf vprintf vfprintf vsprintf vsnprintf vasprintf wprintf
     fwprintf swprintf scanf fscanf sscanf vscanf vfscanf vsscanf strftime wcsftime strptime put_money put_time
     get_money get_time
-    # the locale itself, and order and letters by it
+    # the locale itself, and collation and character classes that depend on it
     setlocale localeconv newlocale uselocale strcoll strxfrm wcscoll isalnum isalpha isblank iscntrl isgraph
     islower isprint ispunct isspace isupper tolower toupper iswalpha iswspace towlower towupper
     # streams
@@ -44,7 +44,7 @@ macro(breach file line rule what)
   string(APPEND breaches "${file}:${line}: ${rule}: ${what}\n")
 endmacro()
 
-# Lines of a text as a list that holds neither brackets nor semicolons of the text.
+# The lines of a text as a list, with the text's brackets and semicolons replaced.
 function(lines_of text result)
   string(REPLACE "[" "(" text "${text}")
   string(REPLACE "]" ")" text "${text}")
@@ -54,7 +54,7 @@ function(lines_of text result)
   set(${result} "${text}" PARENT_SCOPE)
 endfunction()
 
-# The code without its texts, characters and comments.
+# The code without string literals, character literals and comments.
 function(code_of text result)
   set(quoted "\"([^\"\\\n]|\\\\.)*\"")
   set(character "'([^'\\\n]|\\\\.)'")

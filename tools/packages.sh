@@ -1,4 +1,4 @@
-# What the build and its tests need of Debian 12, installed where it is missing. Sourced by run, test and bench.
+# The Debian 12 packages required by the build and its tests; installs the missing ones. Sourced by run, test and bench.
 
 packages=(
   build-essential cmake ninja-build ccache git ca-certificates

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """clang-tidy over all of src/:  tools/tidy.py BUILD [FOLDER-OF-SRC...]
 
-BUILD is a configured build folder with compile_commands.json. Most of clang-tidy's time goes into the headers of
-libraries, which it checks with each file. So the files of a folder are joined and checked as one, and what is
-found is told with its own file and line. Ends with 1 where anything is found.
+BUILD is a configured build folder with compile_commands.json. Most of clang-tidy's time is spent on the headers of
+libraries, which it parses with each file. The files of a folder are therefore joined and checked as one; findings are
+reported with their original file and line. Exits with 1 where anything is found.
 """
 
 import bisect
@@ -19,7 +19,7 @@ import sys
 import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-LONGEST = 1500  # lines that are checked in one go, so that every processor has work to the end
+LONGEST = 1500  # lines checked at a time, so that every processor has work to the end
 
 
 class Part:
@@ -45,7 +45,7 @@ class Part:
 
 
 def flags_of(command):
-    """What a compiler is told, without launcher, compiler, file and output."""
+    """The options of a compiler command, without launcher, compiler, file and output."""
     words = shlex.split(command)
     start = next(i for i, word in enumerate(words) if word.startswith("-"))
     flags = []
@@ -76,9 +76,9 @@ def parts_of(build, wanted):
 
 
 def check(build, part):
-    """What clang-tidy finds, each with its place in src/; not empty where it fails for another reason."""
+    """The findings of clang-tidy with their places in src/; not empty where it fails for another reason."""
     with tempfile.TemporaryDirectory() as folder:
-        # The file finds its configuration in the folders above it: the project's, and that of its own folder.
+        # clang-tidy searches the configuration in the folders above the file: its own folder's and the project's.
         place = pathlib.Path(folder) / "folder"
         place.mkdir()
         shutil.copy(ROOT / ".clang-tidy", folder)
@@ -108,7 +108,7 @@ def main():
     parts = parts_of(build, sys.argv[2:])
     if not parts:
         sys.exit(f"{build} compiles nothing of these folders")
-    told = set()  # a header's are found with each folder that includes it
+    told = set()  # findings in a header repeat for each folder that includes it
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as workers:
         for found in workers.map(lambda part: check(build, part), parts):
             for each in found:

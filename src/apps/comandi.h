@@ -15,7 +15,7 @@ inline constexpr const char* kIndirizzoAtteso =
 struct OpzioniCheck {
   std::string database;
   std::string variabilePassword;
-  bool inChiaro = false;  // a server's connection that is not encrypted
+  bool inChiaro = false;  // permits an unencrypted connection to a server
 };
 int comandoCheck(const OpzioniCheck& opzioni);
 
@@ -24,7 +24,7 @@ struct OpzioniCreate {
   std::string variabilePassword;
   bool inChiaro = false;
   bool vuoto = false;
-  bool dimostrativo = false;  // also without it, unless told otherwise
+  bool dimostrativo = false;  // the default when no content is specified
   std::optional<std::int32_t> percipienti;
   std::string anni = "2014-2017";
   std::uint64_t seme = 1;

@@ -11,7 +11,8 @@
 namespace cu {
 namespace {
 
-// Of the embedded engine: a file that was not there before goes with what was begun beside it.
+// For the embedded engine: deletes a new file, and the files of the engine next to it, unless its creation
+// completes.
 class FileNuovo {
  public:
   explicit FileNuovo(const Profilo::Database& database) {

@@ -23,7 +23,7 @@ RunContext contesto(Globali& globali) {
     letto.IDAzienda = globali.gSessione->IDAzienda();
     letto.IDFiliale = globali.gSessione->IDFiliale();
   } catch (const Error&) {
-    // The session does not stand: there are no ids.
+    // The session could not be bound: there are no ids.
   }
   return letto;
 }

@@ -13,7 +13,7 @@
 namespace cu {
 namespace {
 
-// The log as a table whose columns stand under their names.
+// Prints the log as a table with its column names.
 void stampaRegistro(const LogTable& registro) {
   std::vector<std::vector<std::string>> tavola = {registro.columns};
   for (const auto& riga : registro.rows) {

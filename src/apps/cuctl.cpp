@@ -1,4 +1,4 @@
-// The program without a window.
+// The command line program.
 
 #include <CLI/CLI.hpp>
 #include <csignal>
@@ -17,7 +17,7 @@ namespace {
 
 const char* const kData = "AAAA-MM-GG o GG/MM/AAAA";
 
-// Reads a date as it is parsed, so that a wrong one is wrong usage.
+// Parses a date as an option, so that an invalid one is reported as wrong usage.
 CLI::Option* data(CLI::App& comando, const std::string& nome, std::optional<Date>& dove,
                   const std::string& spiegazione) {
   const auto leggi = [&dove](const CLI::results_t& valori) {
@@ -27,7 +27,7 @@ CLI::Option* data(CLI::App& comando, const std::string& nome, std::optional<Date
   return comando.add_option(nome, leggi, spiegazione)->type_name(kData)->expected(1);
 }
 
-// Where the database is and how it is reached.
+// The options for the database's address and connection.
 void aggiungiIndirizzo(CLI::App& comando, std::string& database, std::string& variabile, bool& inChiaro) {
   comando.add_option("--database", database, "sqlite:FILE oppure odbc:Driver=...;Server=...")
       ->required()
@@ -78,7 +78,7 @@ void aggiungiDrive(CLI::App& programma, Esecuzione& esegui) {
   comando.callback([&esegui, profilo] { esegui = [profilo] { return comandoDrive(*profilo); }; });
 }
 
-// What is given on the line and has its place in the request only together with other options.
+// Options whose place in the request depends on other options.
 struct OpzioniSciolte {
   int tipo = 1;
   std::string protocollo;
@@ -238,7 +238,7 @@ int eseguiProgramma(int quanti, char** argomenti) {
 
 int main(int argc, char** argv) {
 #ifdef SIGPIPE
-  // Whoever reads may go: that is told by the stream, and ends the run in order.
+  // The reader of the output may close it: the stream then reports the error, and the run ends in order.
   std::signal(SIGPIPE, SIG_IGN);
 #endif
   std::ios::sync_with_stdio(false);

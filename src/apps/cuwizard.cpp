@@ -1,4 +1,4 @@
-// The program with the window.
+// The window program.
 
 #include <CLI/CLI.hpp>
 #include <QApplication>
@@ -28,7 +28,7 @@ struct Opzioni {
   std::string colori = "sistema";
 };
 
-// The guide lies where the profile says or beside the program, installed or in its source tree.
+// The guide is in the folder named by the profile or next to the program, installed or in its source tree.
 QString cartellaGuida(const QString& delProfilo) {
   QString programma = QCoreApplication::applicationDirPath();
   for (const QString& cartella : {delProfilo, programma + QStringLiteral("/../share/doc/cuwizard"),
@@ -44,7 +44,7 @@ desktop::look::Colours colori(const std::string& nome) {
   return desktop::look::Colours::Desktop;
 }
 
-// Nothing when the person has given up.
+// Returns nullopt when the user has cancelled.
 std::optional<Profilo> profiloScelto() {
   CartelleAvvio cartelle = CartelleAvvio::delUtente();
   cartelle.guida = cartellaGuida({});
@@ -84,7 +84,7 @@ int esegui(const Opzioni& opzioni) {
   return kRiuscito;
 }
 
-// The help, and a machine without a screen, are answered before the toolkit starts: it would only abort.
+// The help, and a machine without a screen, are handled before the toolkit starts, which would only abort.
 std::optional<int> senzaSchermo(int quanti, char** argomenti, CLI::App& programma) {
   bool piattaforma = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
   for (int i = 1; i < quanti; ++i) {

@@ -9,16 +9,16 @@
 
 namespace cu {
 
-// The lines of a box as the terminal takes them.
+// The lines of a box, for the terminal.
 std::string righeDiTesto(const std::string& testo);
 
-// Refusals that say something, among the messages.
+// Adds the refusals that have a text to the messages.
 void scriviRifiuti(const std::vector<Finding>& rifiuti, Terminale& terminale);
 
-// What was refused, on standard error.
+// Writes the rejections to standard error.
 void scriviMessaggi(const Terminale& terminale);
 
-// Each print that stands in its file, on standard output; and where prints are only recorded, each of these.
+// Writes each print stored in a file to standard output; where prints are only recorded, every one of them.
 void scriviStampe(const Terminale& terminale, const Profilo& profilo);
 
 }  // namespace cu

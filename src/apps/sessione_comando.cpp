@@ -45,7 +45,7 @@ fornitura::Intorno SessioneComando::intorno() {
           .visore = terminale_};
 }
 
-// Whatever fails here ends the clean-up in silence, and what would have followed is left undone.
+// Any error here ends the clean-up silently; the remaining steps are skipped.
 void SessioneComando::lascia() {
   try {
     fornitura::svuotaRicorsione(intorno());

@@ -10,19 +10,19 @@
 
 namespace cu {
 
-// The session of a command that runs without a form: it is started, worked in and left as the wizard does.
+// The session of a command without forms: started, used and ended in the same way as by the wizard.
 class SessioneComando {
  public:
   SessioneComando(Surroundings& surroundings, Terminale& terminale)
       : surroundings_(surroundings), terminale_(terminale) {}
 
-  // Runs the work in the session. What the start refuses, and what the work raises, is a message of the
-  // terminal; the session is left in both cases where it was begun.
+  // Runs the work in the session. A rejected start, and an error of the work, become messages of the
+  // terminal; a session that was begun is ended in either case.
   void esegui(const std::function<void()>& lavoro);
 
   fornitura::Intorno intorno();
   TestiSuite& testi() { return *testi_; }
-  // The folder of the telematic file: as the settings have it, and kept there when the session is left.
+  // The folder of the telematic file: read from the settings, and stored there when the session ends.
   std::string cartella;
 
  private:

@@ -45,7 +45,7 @@ std::optional<std::string> inconciliabile(const Opzioni& opzioni) {
   return {};
 }
 
-// The last one first, as the library lists them.
+// In reverse order, because the library lists the last one first.
 std::optional<std::string> ignoti(const CLI::App& programma) {
   std::vector<std::string> parole = programma.remaining();
   for (const CLI::App* comando : programma.get_subcommands()) {
@@ -57,7 +57,7 @@ std::optional<std::string> ignoti(const CLI::App& programma) {
   return testo;
 }
 
-// Of these two errors the library gives no more than a sentence: "...: option = value" and "option: ...".
+// For these two errors the library provides only a sentence: "...: option = value" and "option: ...".
 std::optional<std::string> nonValido(std::string_view frase) {
   const std::size_t segno = frase.find(": ");
   if (segno == std::string_view::npos) return {};
@@ -115,7 +115,7 @@ CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const st
 }
 
 std::string erroreUso(const CLI::App& programma, const CLI::ParseError& errore) {
-  // What is missing is looked at before what nobody knows, and may be missing because of it.
+  // Missing options are reported before unknown ones, which may be their cause.
   const bool manca = errore.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError);
   if (const auto parole = programma.remaining(true); manca && !parole.empty()) {
     return (programma.get_subcommands().empty() ? "comando sconosciuto: " : "argomento sconosciuto: ") +

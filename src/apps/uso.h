@@ -5,15 +5,15 @@
 
 namespace cu {
 
-// The help's own words in Italian.
+// Sets the help's texts in Italian.
 void parlaItaliano(CLI::App& programma);
 CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const std::string& spiegazione);
 
-// What is wrong with a command line, on one line.
+// The error in a command line, as one line.
 std::string erroreUso(const CLI::App& programma, const CLI::ParseError& errore);
 
-// An option given without anything in it, as a script does whose variable is empty, is not taken for one that
-// was not given. CLI::ValidationError.
+// Rejects an option with an empty value (such as a script's unset variable), which would otherwise count as
+// absent. Raises CLI::ValidationError.
 void rifiutaVuoti(const CLI::App& programma);
 
 // Checks with an Italian message.

@@ -8,7 +8,8 @@
 
 namespace cu {
 
-// The database holds tables of the suite already: nothing was touched. The text is for the user.
+// Raised when the database already contains tables of the suite; nothing was changed. The text is for the
+// user.
 class ArchivioEsistente : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -16,8 +17,8 @@ class ArchivioEsistente : public std::runtime_error {
 
 enum class ContenutoArchivio { Vuoto, Dimostrativo, Sintetico };
 
-// Makes the suite's archive in an empty database: schema, lists, and the company asked for (`opzioni` counts
-// for a synthetic one only). All of it or nothing: one transaction. ArchivioEsistente, DatabaseError,
+// Creates the suite's archive in an empty database, in one transaction: schema, lists, and the company
+// requested (`opzioni` is used only for a synthetic one). Raises ArchivioEsistente, DatabaseError,
 // std::invalid_argument.
 void creaArchivio(Connection& connessione, ContenutoArchivio contenuto,
                   const OpzioniGeneratore& opzioni = {});

@@ -8,12 +8,12 @@
 
 namespace cu {
 
-// The persons that every archive made by this project begins with, and the office that the second one holds.
+// The persons present in every archive made by this project, and the office of the second one.
 inline constexpr std::int32_t kIdSede = 1;
 inline constexpr std::int32_t kIdRappresentante = 2;
 inline constexpr std::int32_t kRappresentanteLegale = 1;
 
-// What an archive made by this project knows of its one company beside names and payees.
+// The data of an archive's company except names and payees.
 struct DatiAzienda {
   std::int32_t idAzienda = 0;
   std::int32_t idFiliale = 0;
@@ -27,7 +27,8 @@ struct DatiAzienda {
 // Company, branch, activity, VAT periods and configuration; the default branch of the three kinds of print.
 void riempiAzienda(Connection& connessione, const DatiAzienda& dati);
 
-// Places abroad in which payees of the invented companies live. The lists know Italian municipalities only.
+// Foreign places in which payees of the invented companies live; the lists contain only Italian
+// municipalities.
 struct LocalitaEstera {
   std::int32_t id = 0;
   std::string_view nome;

@@ -4,12 +4,12 @@
 
 namespace cu {
 
-// A source of numbers that is the same on every machine and with every library: SplitMix64 (Steele, Lea,
-// Flood, "Fast splittable pseudorandom number generators", 2014). Not for secrets.
+// A pseudorandom generator with the same sequence on every machine and with every library: SplitMix64
+// (Steele, Lea, Flood, "Fast splittable pseudorandom number generators", 2014). Not for secrets.
 class Casuale {
  public:
   constexpr explicit Casuale(std::uint64_t seme) : stato_(seme) {}
-  // A source of its own for the number `indice`, whatever others were asked before.
+  // An independent generator for the number `indice`, whatever other generators have produced.
   constexpr Casuale(std::uint64_t seme, std::uint64_t indice) : stato_(mescola(seme) ^ mescola(~indice)) {}
 
   constexpr std::uint64_t prossimo() { return mescola(stato_ += 0x9E3779B97F4A7C15ULL); }
@@ -17,7 +17,7 @@ class Casuale {
   constexpr std::uint32_t sotto(std::uint32_t limite) {
     return static_cast<std::uint32_t>(((prossimo() >> 32) * limite) >> 32);
   }
-  // From `minimo` to `massimo`, both included.
+  // From `minimo` to `massimo`, inclusive.
   constexpr std::int64_t tra(std::int64_t minimo, std::int64_t massimo) {
     return minimo + static_cast<std::int64_t>(sotto(static_cast<std::uint32_t>(massimo - minimo + 1)));
   }

@@ -7,7 +7,7 @@
 
 namespace cu {
 
-// One thing that the system needs of a database, and how it stands. The texts are for the administrator.
+// One requirement on a database and its state. The texts are for the administrator.
 struct VoceControllo {
   std::string oggetto;  // "Tabella", "Vista", "Colonna", "Tipo", "Diritto", ...
   std::string nome;
@@ -16,11 +16,11 @@ struct VoceControllo {
   bool manca = false;
 };
 
-// What every database must hold: the tables and views with their columns. `modello` is one that was made by
-// this program. It only reads. DatabaseError when the database cannot be asked at all.
+// Checks what every database is required to contain: the tables and views with their columns. `modello` is a
+// database made by this program. Read-only. Raises DatabaseError when the database cannot be queried at all.
 std::vector<VoceControllo> controllaTabelle(Connection& connessione, Connection& modello);
 
-// What only a server has: version, order of texts, the suite's types, the user's rights.
+// Checks what only a server has: version, collation, the suite's types, the user's rights.
 std::vector<VoceControllo> controllaServer(Connection& connessione);
 
 }  // namespace cu

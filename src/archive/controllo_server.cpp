@@ -11,7 +11,7 @@
 namespace cu {
 namespace {
 
-// Texts of the first row of a question, by the order of its columns.
+// The texts of the first row of a query, in column order.
 std::vector<std::string> primaRiga(Connection& connessione, const std::string& domanda) {
   RowStore righe;
   connessione.Query(domanda, righe);
@@ -36,7 +36,7 @@ void versioneEOrdinamento(Connection& connessione, std::vector<VoceControllo>& v
                   "senza distinzione di maiuscole, con gli accenti (CI_AS)", testi[1], !giusto});
 }
 
-// Type families as the server names them.
+// Type families, with the server's names.
 const std::set<std::string, std::less<>>& famiglia(std::string_view base) {
   static const std::set<std::string, std::less<>> testi = {"varchar", "nvarchar", "char",
                                                            "nchar",   "text",     "ntext"};

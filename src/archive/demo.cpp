@@ -22,7 +22,7 @@ namespace {
 constexpr int kPrimoAnno = 2014;
 constexpr int kUltimoAnno = 2017;
 
-// A fund that does not exist, for the fields that the funds of the list leave empty.
+// A fund that does not exist, for the fields left empty by the funds of the list.
 constexpr std::int32_t kFondo = 100;
 constexpr std::string_view kCodiceFiscaleFondo = "02159000583";
 constexpr std::string_view kNomeFondo = "Fondo Dimostrativo di Previdenza dei Liberi Professionisti";
@@ -38,7 +38,7 @@ Decimal importo(std::string_view testo) {
   return *valore;
 }
 
-// Keys that the files write as codes.
+// Keys given as codes in the files.
 class Chiavi {
  public:
   Chiavi() {
@@ -70,7 +70,7 @@ std::int64_t idLuogo(std::string_view campo) {
   return isDigit(campo.front()) ? numero(campo) : idComune(campo);
 }
 
-// The fiscal code of each name, for those that other lines refer to.
+// The fiscal code by name id, for names to which other lines refer.
 using Codici = std::unordered_map<std::int64_t, std::string>;
 
 Codici riempiAnagrafiche(Connection& connessione, const Chiavi& chiavi) {
@@ -144,7 +144,7 @@ void riempiCompensi(Connection& connessione, const Chiavi& chiavi) {
   inserimento.chiudi();
 }
 
-// Accounts that no payment stands behind.
+// Accounts without payments.
 void riempiConti(Connection& connessione, const Chiavi& chiavi) {
   const Tabella t(risorsa("demo/conti.tsv"));
   std::vector<std::string> colonne{"IDAnagrafica", "IDCausalePagamento", "Anno", "IDAzienda"};
@@ -163,7 +163,7 @@ bool contiene(std::string_view testo, std::string_view parte) {
   return testo.find(parte) != std::string_view::npos;
 }
 
-// A value of the long files, which hold one line for each field that is filled.
+// A value of the long-format files, which have one line per filled field.
 void scriviValore(Inserimento& inserimento, std::string_view colonna, std::string_view valore,
                   const Codici& codici) {
   if (contiene(colonna, "CodiceFiscale")) {
@@ -179,8 +179,7 @@ void scriviValore(Inserimento& inserimento, std::string_view colonna, std::strin
   }
 }
 
-// Where the rows that belong to the row `prima` end: those that are equal to it in the first `chiavi`
-// columns.
+// The end of the group of rows that are equal to the row `prima` in the first `chiavi` columns.
 std::size_t fineGruppo(const Tabella& t, std::size_t prima, std::size_t chiavi) {
   std::size_t i = prima + 1;
   for (; i < t.righe(); ++i) {

@@ -4,13 +4,13 @@
 
 namespace cu {
 
-// What a user of the server must be allowed. The work table is made anew at each load, in the schema dbo, and
-// belongs then to the owner of the schema, not to who made it: so the rights on it can only be those on the
-// schema. Every statement of the system stands behind one of these lines; docs/sqlserver.md grants them.
+// The rights that a user of the server requires. The work table is created at each load in the schema dbo and
+// then belongs to the owner of the schema, not to its creator: the rights on it can therefore only be those
+// on the schema. Every statement of the system requires one of these rights; docs/sqlserver.md grants them.
 struct Diritto {
   std::string_view diritto;
   std::string_view classe;   // DATABASE, SCHEMA, TYPE, OBJECT
-  std::string_view oggetto;  // of the database: ""
+  std::string_view oggetto;  // "" for the database
 };
 
 inline constexpr Diritto kDiritti[] = {

@@ -20,7 +20,7 @@ constexpr std::int32_t kAzienda = 1;
 constexpr std::int32_t kFiliale = 1;
 constexpr std::int32_t kPrimoPercipiente = 101;
 constexpr std::int32_t kMassimo = 9999999;
-// The reason of a payee's further line of a year; nobody has it for the first.
+// The reason of a payee's second line of a year; never used for the first.
 constexpr std::string_view kSecondaCausale = "M1";
 
 Decimal centesimi(std::int64_t valore) { return Decimal::fromScaled(valore * 100); }
@@ -60,7 +60,7 @@ class Generatore {
   Inserimento percipiente_;
   Inserimento conto_;
   Inserimento compenso_;
-  // Additional data: one statement for each set of fields that is filled together.
+  // Additional data: one statement per set of fields that are filled together.
   Inserimento residenza_;
   Inserimento riferimenti_;
   Inserimento addizionali_;

@@ -13,13 +13,13 @@ struct OpzioniGeneratore {
   std::uint64_t seme = 1;
 };
 
-// std::invalid_argument for options out of range.
+// Raises std::invalid_argument for options out of range.
 void controlla(const OpzioniGeneratore& opzioni);
 
 // Fills an archive that has schema and lists with an invented company of any size: payees of all kinds, about
-// one line a payee and year, its payments, for some additional data and modules. The same options give the
-// same rows on every machine, and a payee does not depend on how many others there are. Statements only,
-// within the caller's transaction; std::invalid_argument for options out of range.
+// one line per payee and year, its payments, and for some lines additional data and modules. The same options
+// produce the same rows on every machine, and a payee does not depend on the number of the others. Runs
+// statements within the caller's transaction; raises std::invalid_argument for options out of range.
 void generaAzienda(Connection& connessione, const OpzioniGeneratore& opzioni);
 
 }  // namespace cu

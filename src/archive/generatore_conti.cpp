@@ -71,14 +71,14 @@ ImportiConto inventaCompenso(std::string_view causale, bool residente, Casuale& 
   if (caso.percento(20)) c.onorario += caso.tra(0, 1500000);
   if (!residente) {
     if (caso.percento(25)) {
-      c.regimeConvenzionale = c.onorario;  // free by treaty
+      c.regimeConvenzionale = c.onorario;  // exempt by treaty
       c.onorario = 0;
     }
     c.ritenutaImposta = percento(c.onorario, 30);
     return c;
   }
   if (causale == "N") {
-    c.nonSoggette = c.onorario;  // sport: free up to a yearly sum
+    c.nonSoggette = c.onorario;  // sport: exempt up to a yearly sum
     c.onorario = caso.percento(40) ? caso.tra(10000, 300000) : 0;
     c.ritenutaImposta = percento(c.onorario, 23);
   } else if (unaDi(causale, {"Q", "R", "S", "T", "U"})) {

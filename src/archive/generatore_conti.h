@@ -28,10 +28,10 @@ struct ImportiConto {
   void aggiungi(const ImportiConto& altri);
 };
 
-// The reason for which a payee of that kind is usually paid.
+// The usual payment reason of that kind of payee.
 std::string_view causaleTipica(TipoPercipiente tipo, Casuale& caso);
 
-// One payment for that reason, with the withholding that goes with it.
+// Invents one payment for that reason, with its withholding.
 ImportiConto inventaCompenso(std::string_view causale, bool residente, Casuale& caso);
 
 }  // namespace cu

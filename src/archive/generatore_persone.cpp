@@ -19,7 +19,7 @@ std::vector<std::string_view> colonna(std::string_view nomeRisorsa) {
   return elenco;
 }
 
-// Seven digits of its own, three of an office, the check digit.
+// Seven digits of the number, three of an office, the check digit.
 std::string numeroDitta(std::int32_t numero, std::int64_t ufficio) {
   std::string testo = unito({cifre(numero, 7), cifre(ufficio, 3)});
   testo += cifraDiControllo(testo);
@@ -121,7 +121,7 @@ void Inventore::residenza(PercipienteInventato& p, std::int32_t numero, Casuale&
   }
   if (!p.persona()) {
     p.partitaIva = numeroDitta(numero, p.residente() ? caso.tra(1, 103) : 999);
-    // An old record may hold the VAT number alone.
+    // An old record may contain only the VAT number.
     if (!caso.percento(10)) p.codiceFiscale = p.partitaIva;
   } else if (p.residente() && caso.percento(60)) {
     p.partitaIva = numeroDitta(numero, caso.tra(1, 103));

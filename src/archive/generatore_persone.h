@@ -14,7 +14,7 @@ namespace cu {
 
 enum class TipoPercipiente { Persona, Ditta, PersonaEstera, DittaEstera };
 
-// A payee that does not exist.
+// An invented payee.
 struct PercipienteInventato {
   TipoPercipiente tipo = TipoPercipiente::Persona;
   std::string anagrafica;
@@ -38,11 +38,11 @@ struct PercipienteInventato {
   bool residente() const { return tipo == TipoPercipiente::Persona || tipo == TipoPercipiente::Ditta; }
 };
 
-// What names, places and streets are drawn from.
+// Draws names, places and streets at random.
 class Inventore {
  public:
   Inventore();
-  // `numero` is the payee's own, from 1: VAT numbers follow it and so never repeat.
+  // `numero` is the payee's number, from 1: VAT numbers derive from it and therefore never repeat.
   PercipienteInventato inventa(std::int32_t numero, Casuale& caso) const;
   const ComuneInLista& comune(Casuale& caso) const { return caso.scelta(comuni_); }
 
@@ -55,8 +55,8 @@ class Inventore {
   std::vector<std::string_view> nomiMaschili_;
   std::vector<std::string_view> nomiFemminili_;
   std::vector<std::string_view> vie_;
-  std::vector<ComuneInLista> comuni_;         // those that exist
-  std::vector<ComuneInLista> luoghiNascita_;  // and those that existed
+  std::vector<ComuneInLista> comuni_;         // existing municipalities
+  std::vector<ComuneInLista> luoghiNascita_;  // existing and former municipalities
   std::vector<NazioneInLista> nazioniNascita_;
   std::vector<LocalitaEstera> localitaEstere_;
 };

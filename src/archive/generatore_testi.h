@@ -10,7 +10,7 @@
 
 namespace cu {
 
-// The number with zeros in front, to the width.
+// The number with leading zeros, to the width.
 inline std::string cifre(std::int64_t valore, std::size_t larghezza) {
   const std::string testo = fromInteger(valore);
   std::string risultato;
@@ -19,8 +19,8 @@ inline std::string cifre(std::int64_t valore, std::size_t larghezza) {
   return risultato;
 }
 
-// The pieces joined. A list in braces is evaluated from left to right, which a sum of texts is not: pieces
-// that are drawn at random must come in one order with every compiler.
+// Joins the pieces. An initializer list is evaluated from left to right, unlike the operands of +: pieces
+// drawn at random require one order with every compiler.
 inline std::string unito(std::initializer_list<std::string_view> pezzi) {
   std::string risultato;
   for (std::string_view pezzo : pezzi) risultato += pezzo;

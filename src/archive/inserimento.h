@@ -14,16 +14,15 @@
 
 namespace cu {
 
-// Gathers the rows of one table and sends several of them in one INSERT, so that a server is asked less
-// often. Only rows with the same fields left NULL go together: the statement then comes again and again with
-// nothing but other values in it, and an engine that knows it need not prepare it anew. Rows are not sent in
-// the order in which they are given.
+// Collects the rows of one table and sends several of them in one INSERT, which saves round trips to a
+// server. Only rows with the same NULL fields share a statement: the statement then repeats with different
+// values only, and an engine can reuse the prepared one. The order of the rows is not kept.
 //
-// The values of a row are given in the order of the columns, 64 at most; riga() ends it. chiudi() sends what
-// is left.
+// The values of a row are passed in the order of the columns, 64 at most; riga() ends the row. chiudi() sends
+// the remaining rows.
 class Inserimento {
  public:
-  // SQL Server takes a thousand at most.
+  // SQL Server accepts at most a thousand.
   static constexpr std::size_t kRighePerIstruzione = 20;
 
   Inserimento(Connection& connessione, std::string_view tabella,
@@ -37,7 +36,7 @@ class Inserimento {
   Inserimento& importo(Decimal valore);
   Inserimento& data(Date valore);  // day 0 is NULL
   Inserimento& nullo();
-  void riga();  // std::logic_error when values are missing
+  void riga();  // raises std::logic_error when values are missing
   void chiudi();
 
   std::size_t righe() const { return totale_; }
@@ -48,20 +47,20 @@ class Inserimento {
     std::size_t righe = 0;
   };
   void prepara(std::string_view tabella, const std::vector<std::string_view>& colonne);
-  std::string& posto();  // where the next value goes
+  std::string& posto();  // the buffer of the next value
   void manda(Gruppo& gruppo);
 
   Connection& connessione_;
   std::string testa_;
-  std::string riga_;  // the row begun
+  std::string riga_;  // the current row
   std::size_t colonne_ = 0;
-  std::size_t valori_ = 0;                  // of the row begun
-  std::uint64_t nulli_ = 0;                 // its NULL fields, a bit each
+  std::size_t valori_ = 0;                  // in the current row
+  std::uint64_t nulli_ = 0;                 // NULL fields of the current row, one bit each
   std::map<std::uint64_t, Gruppo> gruppi_;  // by NULL fields
   std::size_t totale_ = 0;
 };
 
-// The value as a text literal, quotes doubled.
+// Appends the value as a text literal, quotes doubled.
 void appendTesto(std::string& istruzione, std::string_view valore);
 
 }  // namespace cu

@@ -8,19 +8,19 @@
 
 namespace cu {
 
-// The lists that every company needs, as data/liste/ keeps them.
+// The lists required by every company, read from data/liste/.
 
 struct ComuneInLista {
   std::int32_t id = 0;
   std::string_view nome;
   std::string_view catasto;    // cadastral code, such as "L781"
-  std::string_view provincia;  // sign, such as "VR"
+  std::string_view provincia;  // code, such as "VR"
   bool soppresso = false;
 };
 
 struct NazioneInLista {
   std::int32_t id = 0;      // the code as a number
-  std::string_view codice;  // three digits, of the Agenzia delle Entrate
+  std::string_view codice;  // three digits, assigned by the Agenzia delle Entrate
   std::string_view nome;
   std::string_view catasto;  // Z and three digits; empty for Italy and where there is none
 };
@@ -38,12 +38,13 @@ std::vector<VoceInLista> causaliPagamento();
 std::vector<VoceInLista> categorieParticolari();
 std::vector<VoceInLista> eventiEccezionali();
 
-// A municipality keeps its id whatever is added to the list: the letter's rank from 1, times a thousand, and
-// the digits ("A001" is 1001, "L781" 12781). std::invalid_argument for what is no cadastral code.
+// The id of a municipality is independent of additions to the list: the letter's rank from 1, times a
+// thousand, plus the digits ("A001" is 1001, "L781" 12781). Raises std::invalid_argument for an invalid
+// cadastral code.
 std::int32_t idComune(std::string_view catasto);
 
-// Fills the tables of provinces, municipalities, countries, payment reasons and of all codes; statements
-// only, within the caller's transaction.
+// Fills the tables of provinces, municipalities, countries, payment reasons and all codes. Runs statements
+// within the caller's transaction.
 void riempiListe(Connection& connessione);
 
 }  // namespace cu

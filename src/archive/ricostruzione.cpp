@@ -12,7 +12,7 @@
 namespace cu {
 namespace {
 
-// The payments under the names that the filter uses.
+// The payments, with the column names that the filter uses.
 constexpr std::string_view kPagamenti =
     "(SELECT Comp.IDAzienda, Comp.IDAnagrafica, Comp.IDCausalePagamento, Comp.DataPagamento,"
     " Perc.Codice AS CodicePercipiente, Anag.Anagrafica, Causale.Codice AS CodiceCausalePagamento"
@@ -21,7 +21,7 @@ constexpr std::string_view kPagamenti =
     " LEFT JOIN Anagrafica Anag ON Comp.IDAnagrafica = Anag.IDAnagrafica"
     " LEFT JOIN CausalePagamento Causale ON Comp.IDCausalePagamento = Causale.IDCausalePagamento) Pagamenti";
 
-// The amounts of each account of a year, by payee and reason. An amount that is missing counts as zero.
+// The amounts of each account of a year, by payee and reason. A null amount counts as zero.
 using Conti = std::map<std::pair<std::int64_t, std::int64_t>, std::array<Decimal, std::size(kImportiConto)>>;
 
 Conti leggiConti(Connection& connessione, std::int32_t idAzienda, int anno) {

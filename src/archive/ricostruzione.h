@@ -9,15 +9,15 @@
 
 namespace cu {
 
-// The amounts of a payment, summed into the columns of the same names of its account.
+// The amounts of a payment that are summed into the columns of the same names of its account.
 inline constexpr std::string_view kImportiConto[] = {"OnorarioProvvigioni",     "QuotaProvvigioniNonSoggette",
                                                      "SommeNonSoggette",        "SommeNonSoggetteRegConv",
                                                      "RitenutaAcconto",         "RitenutaImposta",
                                                      "ContributoPrevidenziale", "RitenutaPrevidenziale13"};
 
-// Sums the payments of a year into the accounts of the payees and reasons that the filter selects; an account
-// that is not there yet is made. Accounts without payments and all additional data stay as they are.
-// Statements only, within the caller's transaction.
+// Sums the payments of a year into the accounts of the payees and reasons selected by the filter; creates
+// missing accounts. Accounts without payments and all additional data are not changed. Runs statements within
+// the caller's transaction.
 void sommaCompensi(Connection& connessione, std::int32_t idAzienda, int anno, std::string_view filtro = {});
 
 // "Ricostruzione conti individuali" on the database's own connection, in one transaction.
@@ -25,10 +25,10 @@ class RicostruzioneContiIndividuali : public RicostruzioneConti {
  public:
   void setDatabase(DatabaseHost& database) override { database_ = &database; }
   void setAzienda(std::int32_t idAzienda) override { idAzienda_ = idAzienda; }
-  // What it means belongs to the suite's own component: nothing depends on it here.
+  // The flag is defined by the suite's own component; it has no effect here.
   void setFlag(bool) override {}
   void setFiltro(const std::string& filtro) override { filtro_ = filtro; }
-  // Error 91 without a database.
+  // Raises Error 91 without a database.
   void ricostruisci(std::int16_t anno) override;
   std::size_t contiCambiati() const override { return cambiati_; }
 

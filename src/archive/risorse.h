@@ -6,7 +6,7 @@
 
 namespace cu {
 
-// A file of data/ that the program carries.
+// A file of data/ embedded in the program.
 struct RisorsaIncorporata {
   std::string_view nome;  // its path below data/, such as "liste/comuni.tsv"
   const unsigned char* dati;
@@ -15,7 +15,7 @@ struct RisorsaIncorporata {
 
 std::span<const RisorsaIncorporata> risorseIncorporate();
 
-// The content of one of them; std::out_of_range for a name that the program does not carry.
+// The content of an embedded file; raises std::out_of_range for an unknown name.
 std::string_view risorsa(std::string_view nome);
 
 }  // namespace cu

@@ -20,7 +20,7 @@ std::string_view senzaRigheVuoteECommenti(std::string_view testo) {
   return testo;
 }
 
-// The name in brackets behind `inizio`; empty for anything else.
+// The name in brackets after `inizio`; empty where there is none.
 std::string_view nomeDopo(std::string_view istruzione, std::string_view inizio) {
   if (!istruzione.starts_with(inizio)) return {};
   istruzione.remove_prefix(inizio.size());

@@ -6,15 +6,15 @@
 
 namespace cu {
 
-// A table kept as text: a line of column names, then one line a row, fields parted by tabs, UTF-8. The views
-// live as long as the text.
+// A table stored as text: a line of column names, then one line per row, fields separated by tabs, UTF-8. The
+// views are valid as long as the text.
 class Tabella {
  public:
-  // std::runtime_error for a row whose number of fields is not that of the first line.
+  // Raises std::runtime_error for a row whose number of fields differs from that of the first line.
   explicit Tabella(std::string_view testo);
 
   std::size_t righe() const { return colonne_.empty() ? 0 : campi_.size() / colonne_.size(); }
-  // std::out_of_range for a column that the table does not have.
+  // Raises std::out_of_range for an unknown column.
   std::size_t colonna(std::string_view nome) const;
   std::string_view campo(std::size_t riga, std::size_t colonna) const;
   std::string_view campo(std::size_t riga, std::string_view nome) const { return campo(riga, colonna(nome)); }

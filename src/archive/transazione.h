@@ -4,7 +4,7 @@
 
 namespace cu {
 
-// All or nothing: what is not confirmed by conferma() is taken back when the object goes.
+// A transaction: the destructor rolls back what conferma() has not committed.
 class Transazione {
  public:
   explicit Transazione(Connection& connessione) : connessione_(connessione) {
@@ -17,7 +17,7 @@ class Transazione {
     try {
       connessione_.Execute("ROLLBACK TRANSACTION");
     } catch (...) {
-      // The engine has taken it back by itself: the first error is the one to be told.
+      // The engine has already rolled back; the first error is the one to report.
     }
   }
   void conferma() {

@@ -14,7 +14,7 @@ struct Criterion {
   bool present;
 };
 
-// Refused when anything else is given than what the control is chosen by.
+// Rejects every kind of choice except those that the control supports.
 void onlyThese(const Control& control, const Choice& choice, std::initializer_list<std::string_view> names) {
   const Criterion criteria[] = {{"index", choice.index.has_value()},
                                 {"text", choice.text.has_value()},
@@ -136,7 +136,7 @@ struct Choosing : RefusingVisitor {
     return static_cast<int>(*choice.index);
   }
 
-  // The table is read before anything changes. What the database refuses is told as an error of its own.
+  // Reads the table before anything changes. A database error is reported with its own text.
   void lookUp(Selector& control) {
     std::optional<Selector::Row> row;
     bool asked = false;

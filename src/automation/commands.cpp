@@ -28,8 +28,8 @@ struct Argument {
   std::int64_t most = kAnyMax;
 };
 
-// When a command may come: reading at any time; acting when nothing waits for an answer; the other two say
-// for themselves.
+// When a command is accepted: Reading at any time; Acting when nothing waits for an answer; Answering
+// commands check for themselves.
 enum class When { Reading, Acting, Answering };
 
 // The arguments of one command, already checked against its row of the table.
@@ -64,7 +64,7 @@ struct Command {
 
 bool namesForm(const std::string& name) { return name.find('.') == std::string::npos; }
 
-// The control that a command acts on: no modal form stands before it.
+// The control on which a command acts; a modal form must not be in front of it.
 Control& acted(Conversation& talk, const std::string& name) {
   Control& control = talk.control(name);
   talk.requireFront(control.form());
@@ -182,7 +182,7 @@ JsonObject rows(Conversation& talk, const Given& given) {
                       static_cast<std::size_t>(given.integer("count")));
 }
 
-// Of an open popup, otherwise of the menu bar of the form in front.
+// The menu of an open popup, otherwise the menu bar of the front form.
 JsonObject menu(Conversation& talk, const Given& given) {
   const std::string tool = given.text("tool");
   if (talk.modal() != nullptr) {
@@ -276,7 +276,7 @@ bool fits(const Json& value, const Argument& argument) {
   return number >= argument.least && number <= argument.most;
 }
 
-// No control and no statement of a database holds a zero character.
+// No control and no database statement may contain a null character.
 bool holdsNull(const Json& value) {
   if (value.is_string()) return value.get_ref<const std::string&>().find('\0') != std::string::npos;
   return value.is_structured() && std::any_of(value.begin(), value.end(), holdsNull);
@@ -317,7 +317,7 @@ void check(const Command& command, const Json& given) {
   }
 }
 
-// Whether brackets nest deeper than any command does; what they hold is the parser's business.
+// Whether brackets nest deeper than in any command; the parser checks everything else.
 bool tooDeep(std::string_view line) {
   int depth = 0;
   bool inText = false;

@@ -10,10 +10,10 @@ namespace cu {
 
 class Conversation;
 
-// The command in a line; Refused when it is none.
+// Parses the command in a line; raises Refused when it is invalid.
 Json parseCommand(std::string_view line);
 
-// Runs it and gives its result, null for most; Refused when it cannot be done.
+// Runs the command and returns its result, null for most; raises Refused when it cannot be executed.
 JsonObject runCommand(Conversation& conversation, const Json& command);
 
 // Name and arguments of every command, such as "row in row".

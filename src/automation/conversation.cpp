@@ -18,7 +18,7 @@ void Conversation::serve(const std::function<bool()>& done) {
 }
 
 void Conversation::wait(Modal modal) {
-  // A box that an error in another one opens stands before it until it is answered.
+  // A box opened by an error in another box is answered first.
   Modal* const before = modal_;
   modal_ = &modal;
   modalAnswered_ = false;
@@ -107,7 +107,8 @@ void Conversation::execute(const LineReader::Line& line) {
     const auto id = command.find("id");
     if (id != command.end()) answer_.id = *id;
     JsonObject result = runCommand(*this, command);
-    // While it waited for a person other commands may have been answered, and this one before them.
+    // While this command waited for an answer of the user, other commands may have been answered, and this
+    // one before them.
     if (turn == turn_ && !result.is_null()) answer_.result = std::move(result);
   } catch (const Refused& refused) {
     refuse(refused.reason);

@@ -14,23 +14,24 @@
 
 namespace cu {
 
-// Rises through whatever is running when nobody drives any more: the input has ended, or the output is gone.
+// Raised through all running code when the driving program is gone: the input has ended, or the output is
+// closed.
 struct EndOfInput {};
 
-// The talk with the driving program: what is open, what waits, one answer for each command. It is entered
-// again wherever the system waits for a person: in a box, a dialog, a modal form.
+// The dialogue with the driving program: what is open, what waits, one answer for each command. It is
+// re-entered wherever the system waits for the user: in a box, a dialog, a modal form.
 class Conversation {
  public:
   Conversation(std::istream& in, std::ostream& out) : reader_(in), out_(out) {}
 
   // Answers and reads commands until `done`; raises EndOfInput.
   void serve(const std::function<bool()>& done);
-  // The same until the modal has taken an answer.
+  // Does the same until the modal has accepted an answer.
   void wait(Modal modal);
-  // The last line.
+  // Writes the last line.
   void end();
 
-  // The open forms, the topmost last.
+  // The open forms, the topmost is last.
   void opened(Form& form, bool modal);
   void closed(Form& form);
   bool isOpen(const Form& form) const;
@@ -43,7 +44,7 @@ class Conversation {
   int pointer() const { return pointer_; }
   void setRunContext(ReadRunContext read) { runContext_ = std::move(read); }
 
-  // For the commands. A name that nothing open bears is Refused, and so is a form behind a modal one.
+  // For the commands. An unknown name is Refused, and so is a form behind a modal one.
   Form& form(const std::string& name) const;
   Control& control(const std::string& fullName) const;
   void requireFront(const Form& form) const;
@@ -51,7 +52,7 @@ class Conversation {
   void answerModal(const Json& answer);
   void chooseInPopup(const std::string& tool);
   RunContext runContext() const { return runContext_ ? runContext_() : RunContext(); }
-  // The result of the command that runs, for the case that its answer is due before it has ended.
+  // Sets the result of the running command, in case its answer is due before it has ended.
   void setResult(JsonObject result) { answer_.result = std::move(result); }
 
  private:

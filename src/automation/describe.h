@@ -14,7 +14,7 @@ JsonObject describe(Control& control);
 JsonObject describe(const Form& form);
 JsonObject describeTree(const Form& form);
 
-// Rows of a grid from one on, counted from 1: by column, the values as stored and, under "shown", as
+// The rows of a grid from `from`, counted from 1: by column, the values as stored and, under "shown", as
 // displayed.
 JsonObject describeRows(const Grid& grid, std::size_t from, std::size_t count);
 

@@ -34,7 +34,7 @@ Driver::Outcome Driver::drive(const std::function<void()>& entry) {
   try {
     conversation_->end();
   } catch (const EndOfInput&) {
-    // Nobody is there to read the last line.
+    // The reader of the last line is gone.
     return outcome;
   }
   return outcome;
@@ -45,9 +45,9 @@ void Driver::unloadAll() {
     try {
       form->unload();
     } catch (const std::exception&) {
-      // Nobody is there to be told; the other forms are unloaded all the same.
+      // No reader is left for the error; the other forms are unloaded nevertheless.
     } catch (const EndOfInput&) {
-      // The unload asked for a person.
+      // The unload waited for the user.
     }
     conversation_->closed(*form);
   }

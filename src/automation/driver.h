@@ -12,8 +12,8 @@ namespace cu {
 
 class Conversation;
 
-// The wizard without a screen: another program says, in lines of JSON, what a person would do, and is told
-// what a person would see.
+// The wizard without a screen: another program sends the user's actions as lines of JSON, and receives what
+// the user would see.
 class Driver : public FrontEnd {
  public:
   Driver(std::istream& in, std::ostream& out);
@@ -21,9 +21,8 @@ class Driver : public FrontEnd {
   void setRunContext(ReadRunContext read);
 
   enum class Outcome { Ended, EntryFailed, InputEnded };
-  // Runs the entry, then what is asked for until no form is open, and writes the last line. An error that
-  // leaves the entry is told in a box, after which nothing more happens. The end of the input unloads what is
-  // open, at any point.
+  // Runs the entry, then commands until no form is open, and writes the last line. An error that leaves the
+  // entry is shown in a box, which ends the run. The end of the input unloads all open forms, at any point.
   Outcome drive(const std::function<void()>& entry);
 
   void show(Form& form) override;

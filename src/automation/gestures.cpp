@@ -11,7 +11,7 @@
 namespace cu {
 namespace {
 
-// Each visitor leaves in `event` what the gesture does to its control.
+// Each visitor sets `event` to the effect of the gesture on its control.
 struct Click : RefusingVisitor {
   Click() : RefusingVisitor("qui non c'è nulla da premere") {}
   using RefusingVisitor::visit;

@@ -11,22 +11,22 @@ namespace cu {
 
 class Form;
 
-// Why a person could not do it. Whoever raises it has changed nothing.
+// Why the user could not do it. It is raised before any change.
 struct Refused {
   std::string reason;
 };
 
-// What a person's hand does to a form. Each of these first makes sure that it can be done and raises Refused
-// otherwise; then the control takes the focus, and the event runs as the front end runs events.
+// User actions on a form. Each first checks that it is possible and raises Refused otherwise; then the
+// control gets the focus, and the event runs as in every front end.
 
 void clickOn(Control& control);
-// The whole content is selected and the text typed; an empty one deletes the content.
+// Selects the whole content and types the text; an empty text deletes the content.
 void typeInto(Control& control, const std::string& text);
 void pasteInto(Control& control, const std::string& text);
 void focusOn(Control& control);
-void leave(Control& control);  // nothing else takes the focus
+void leave(Control& control);  // the focus moves to no other control
 
-// What is chosen, by whatever the control offers.
+// The choice, by any of the properties that a control supports.
 struct Choice {
   std::optional<std::int64_t> index;
   std::optional<std::string> text;
@@ -42,11 +42,11 @@ void choose(Control& control, const Choice& choice);
 void selectRow(Control& grid, std::int64_t row);
 void pressCell(Control& grid, std::int64_t row, const std::string& column);
 void doubleClickRow(Control& grid, std::int64_t row);
-// True when a handler consumed the key.
+// Returns true when a handler consumed the key.
 bool pressKey(Control& grid, std::int16_t code, std::int16_t shift);
 bool pressKey(Form& form, std::int16_t code, std::int16_t shift);
 void turnWheel(Form& form, int delta);
-void chooseTool(MenuBar& bar, const std::string& tool);  // one that the bar has, enabled
+void chooseTool(MenuBar& bar, const std::string& tool);  // the tool is required to exist and to be enabled
 void closeBox(Form& form);
 
 // "frmWizard.cmdNav(3)".

@@ -6,10 +6,10 @@
 
 namespace cu {
 
-using Json = nlohmann::json;                // what comes in
-using JsonObject = nlohmann::ordered_json;  // what goes out, its members in the order they were told
+using Json = nlohmann::json;                // input
+using JsonObject = nlohmann::ordered_json;  // output, with the members in insertion order
 
-// One line of JSON; bytes that are no UTF-8 become U+FFFD.
+// One line of JSON; bytes that are not UTF-8 become U+FFFD.
 std::string toLine(const JsonObject& value);
 
 // A text as a member, "" when there is none; a number as a member, null when it is not set.

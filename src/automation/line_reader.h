@@ -6,8 +6,8 @@
 
 namespace cu {
 
-// Lines of a stream, without their end. The last one may lack its end. What a line has beyond the limit is
-// passed over.
+// Reads the lines of a stream, without their end; the last line may lack it. The part of a line beyond the
+// limit is skipped.
 class LineReader {
  public:
   static constexpr std::size_t kMaxBytes = 1U << 20;
@@ -17,7 +17,7 @@ class LineReader {
     std::string text;
     bool tooLong = false;
   };
-  std::optional<Line> next();  // nothing at the end of the input
+  std::optional<Line> next();  // nullopt at the end of the input
 
  private:
   std::istream& in_;

@@ -63,7 +63,7 @@ void takeOk(const Json& answer) {
   if (!isWord(answer, "ok")) expected("\"ok\"");
 }
 
-// The text of the one member of an object; nothing for "cancel".
+// The text of the only member of an object; nullopt for "cancel".
 std::optional<std::string> memberOrCancel(const Json& answer, const char* member, const std::string& what) {
   if (isWord(answer, "cancel")) return std::nullopt;
   if (!answer.is_object() || answer.size() != 1 || !answer.contains(member) || !answer[member].is_string() ||

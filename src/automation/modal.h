@@ -10,8 +10,7 @@
 
 namespace cu {
 
-// A box, dialog or open popup that waits for an answer. What it is told it either takes, or refuses with
-// Refused.
+// A box, dialog or open popup that waits for an answer, which it accepts, or rejects with Refused.
 struct Modal {
   JsonObject description;
   std::function<void(const Json& answer)> take;
@@ -28,7 +27,7 @@ Modal logModal(const LogTable& log);
 Modal previewModal(const std::string& title, const std::vector<std::string>& pages);
 Modal popupModal(const MenuBar& bar, const std::string& band, std::string& chosen);
 
-// A tool that a person can choose now; Refused otherwise.
+// Raises Refused unless the user can choose the tool now.
 void requireTool(const MenuBar& bar, const std::string& tool);
 
 }  // namespace cu

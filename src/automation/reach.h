@@ -8,10 +8,10 @@ namespace cu {
 
 [[noreturn]] void refuse(const Control& control, const std::string& why);
 
-// Refused when a person's hand does not reach the control.
+// Raises Refused when the user cannot reach the control.
 void requireReach(const Control& control);
 
-// For a gesture that few kinds of controls know: all others refuse it with one sentence.
+// Base for a gesture supported by few kinds of controls: all others reject it with one sentence.
 class RefusingVisitor : public ControlVisitor {
  public:
   explicit RefusingVisitor(std::string why) : why_(std::move(why)) {}

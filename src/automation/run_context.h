@@ -7,7 +7,7 @@
 
 namespace cu {
 
-// What the command `context` tells; the ids are there once the session stands.
+// The data of the command `context`; the ids are set once the session has been bound.
 struct RunContext {
   std::int32_t gIDFunzione = 0;
   std::int32_t gAnno = 0;

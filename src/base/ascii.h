@@ -5,7 +5,7 @@
 
 namespace cu {
 
-// ASCII alone, whatever the process's locale.
+// ASCII only, independent of the process's locale.
 
 constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 constexpr bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }

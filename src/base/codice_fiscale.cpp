@@ -10,8 +10,8 @@
 namespace cu {
 namespace {
 
-// Lower and upper case letters U+00C0 to U+00FF without their marks; diaereses by the two letters of the
-// norm.
+// Lower and upper case letters U+00C0 to U+00FF without their marks; letters with diaeresis become the two
+// letters of the rule.
 constexpr std::array<std::string_view, 64> kLatino = {
     "A", "A", "A", "A", "AE", "A", "AE", "C", "E", "E", "E", "E", "I",  "I", "I",  "I",   //
     "D", "N", "O", "O", "O",  "O", "OE", "",  "O", "U", "U", "U", "UE", "Y", "TH", "SS",  //
@@ -94,7 +94,8 @@ std::string codiceFiscale(const DatiAnagrafici& dati) {
   const std::string nome = lettereDiCodice(dati.nome);
   std::string codice = tre(cognome, consonanti(cognome));
   std::string delNome = consonanti(nome);
-  if (delNome.size() > 3) delNome.erase(1, 1);  // of four or more: the first, the third and the fourth
+  if (delNome.size() > 3)
+    delNome.erase(1, 1);  // of four or more consonants: the first, the third and the fourth
   codice += tre(nome, delNome);
   dueCifre(codice, dati.nascita.year() % 100);
   codice += kMesi[static_cast<std::size_t>(dati.nascita.month() - 1)];
@@ -105,7 +106,8 @@ std::string codiceFiscale(const DatiAnagrafici& dati) {
 }
 
 char carattereDiControllo(std::string_view primi15) {
-  // Values of the characters in odd positions, counted from 1; a digit stands with the letter of its rank.
+  // Values of the characters in odd positions, counted from 1; a digit has the value of the letter with its
+  // rank.
   constexpr std::array<int, 26> kDispari = {1,  0,  5, 7, 9, 13, 15, 17, 19, 21, 2,  4,  18,
                                             20, 11, 3, 6, 8, 12, 14, 16, 10, 22, 25, 24, 23};
   if (primi15.size() != 15) throw std::invalid_argument("servono 15 caratteri");

@@ -31,8 +31,8 @@ constexpr std::array<std::uint8_t, 128> makeWeights() {
 }
 constexpr std::array<std::uint8_t, 128> kWeight = makeWeights();
 
-// Plain letter and accent of the letters U+00C0 to U+017F that western languages write; 0 where there is
-// none.
+// The plain letter and the accent of each accented letter from U+00C0 to U+017F used by western languages; 0
+// for the others.
 struct Folded {
   char32_t base;
   std::uint32_t accent;
@@ -94,14 +94,14 @@ struct Key {
   std::uint32_t accent;
 };
 
-// Letters of their own, without a plain one: upper to lower case.
+// Letters that have no plain form: upper to lower case.
 char32_t lowerCase(char32_t c) {
   if (c == 0xD0) return 0xF0;    // eth
   if (c == 0x14A) return c + 1;  // eng
   return c;
 }
 
-// The two letters that a double letter stands for; "" where it is none.
+// The two letters into which a double letter expands; "" for any other letter.
 std::string_view twoLetters(char32_t c) {
   switch (c) {
     case 0xC6:
@@ -124,7 +124,7 @@ std::string_view twoLetters(char32_t c) {
   }
 }
 
-// A sign outside ASCII that stands for one of ASCII, or is one in another shape; 0 where there is none.
+// The ASCII equivalent of a typographic sign outside ASCII; 0 where there is none.
 char plainSign(char32_t c) {
   switch (c) {
     case 0xA0:
@@ -165,20 +165,20 @@ char plainSign(char32_t c) {
   }
 }
 
-// Marks, currencies, arrows and the like: no letters.
+// Punctuation, currencies, arrows and similar characters that are not letters.
 bool isSign(char32_t c) {
   constexpr char32_t kMicro = 0xB5;
   return (c < 0xC0 && c != kMicro) || c == 0xD7 || c == 0xF7 || (c >= 0x2000 && c < 0x2C00);
 }
 
-// The keys of a text, one after the other.
+// Iterates over the collation keys of a text.
 class Keys {
  public:
   Keys(std::string_view text, std::size_t at) : text_(text), at_(at) {}
 
   bool done() const { return at_ == text_.size() && second_ == 0; }
 
-  // A byte that begins no character stands behind all characters, by its value.
+  // An invalid byte sorts after all characters, by its value.
   Key next() {
     if (second_ != 0) return {std::exchange(second_, 0U), 1};
     const std::size_t begin = at_;
@@ -198,13 +198,13 @@ class Keys {
   }
 
  private:
-  // Between the last mark of ASCII and the first digit there is room for every sign.
+  // The shift leaves room for all signs between the last ASCII punctuation mark and the first digit.
   static std::uint32_t scaled(std::uint32_t weight) { return weight << 16; }
   static std::uint32_t weightOf(char c) { return scaled(kWeight[static_cast<unsigned char>(c)]); }
 
   std::string_view text_;
   std::size_t at_;
-  std::uint32_t second_ = 0;  // of the double letter that has just been read
+  std::uint32_t second_ = 0;  // second letter of the double letter just read
 };
 
 int compareFrom(std::string_view a, std::string_view b, std::size_t at) {

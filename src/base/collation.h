@@ -4,11 +4,11 @@
 
 namespace cu {
 
-// Negative, zero, positive, as the suite's tables compare and sort text on every engine: case and trailing
-// blanks do not count; an accented letter is another letter than its plain one and sorts right behind it,
-// a double letter (æ, œ, ß) behind the two that it stands for; blanks, then marks, then digits, then letters;
-// a typographic apostrophe, quotation mark or dash stands beside the plain one. UTF-8; bytes that are none
-// compare as they stand.
+// Returns a negative value, zero or a positive value. The order is that of the suite's tables on every
+// engine: case and trailing blanks are ignored; an accented letter differs from its plain letter and sorts
+// directly after it; a double letter (æ, œ, ß) sorts after its two letters; blanks, then punctuation, then
+// digits, then letters; a typographic apostrophe, quotation mark or dash sorts next to the plain one. Texts
+// are UTF-8; invalid bytes compare by value.
 int compareItalian(std::string_view a, std::string_view b);
 
 }  // namespace cu

@@ -50,7 +50,7 @@ std::optional<Date> Date::fromYmd(int year, int month, int day) {
 
 std::optional<Date> Date::parseItalian(std::string_view text) {
   const std::size_t first = text.find('/');
-  if (first > 2) return std::nullopt;  // npos too
+  if (first > 2) return std::nullopt;  // also for npos
   const std::size_t second = text.find('/', first + 1);
   if (second == std::string_view::npos || second - first > 3 || text.size() - second != 5)
     return std::nullopt;

@@ -8,7 +8,7 @@
 
 namespace cu {
 
-// A day, without a time and a time zone, as the number of days since 30 December 1899.
+// A day without time and time zone, stored as the number of days since 30 December 1899.
 class Date {
  public:
   static constexpr std::int32_t kFirst = -693593;  // 1 January of the year 1
@@ -19,15 +19,15 @@ class Date {
     d.serial_ = days;
     return d;
   }
-  // Nothing when there is no such day (years 1 to 9999).
+  // Returns nullopt when there is no such day (years 1 to 9999).
   static std::optional<Date> fromYmd(int year, int month, int day);
   // "dd/mm/yyyy"; day and month may have one digit.
   static std::optional<Date> parseItalian(std::string_view text);
-  // "yyyy-mm-dd" or "yyyymmdd", a time behind a blank or a T being passed over.
+  // "yyyy-mm-dd" or "yyyymmdd"; a time after a blank or a T is ignored.
   static std::optional<Date> parseIso(std::string_view text);
 
   constexpr std::int32_t serial() const { return serial_; }
-  // Of a number outside kFirst to kLast, year, month, day and texts are those of the nearer end.
+  // For a number outside kFirst to kLast, year, month, day and texts are those of the nearer limit.
   int year() const;
   int month() const;
   int day() const;

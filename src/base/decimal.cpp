@@ -31,9 +31,9 @@ Decimal Decimal::fromInteger(std::int64_t units) {
 }
 
 Decimal Decimal::fromDouble(double value) {
-  // Fifteen significant digits are all a double promises: rounding at that place first takes 1.00005 for what
-  // was typed and not for the binary fraction just below it. Where they do not reach the fourth place, the
-  // shortest text that means this double is taken whole: 19999999999999.98 has sixteen.
+  // A double guarantees fifteen significant digits. Rounding to them first makes 1.00005 round as the number
+  // typed and not as the binary fraction just below it. Where fifteen digits do not reach the fourth decimal
+  // place, the shortest text that identifies the double is used: 19999999999999.98 has sixteen.
   if (!std::isfinite(value) || std::fabs(value) >= 9.2e14) overflow();
   std::array<char, 40> buffer{};
   char* const last = buffer.data() + buffer.size();
@@ -54,13 +54,13 @@ Decimal Decimal::fromDouble(double value) {
   if (exponentText.front() == '+') exponentText.remove_prefix(1);
   std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent);
   std::int64_t digits = 0;
-  int shift = exponent + 5;  // from the digits, taken as a whole number, to ten-thousandths
+  int shift = exponent + 5;  // the digits as a whole number times 10^shift are ten-thousandths
   for (char c : text.substr(0, mark)) {
     if (!isDigit(c)) continue;
     digits = digits * 10 + (c - '0');
     --shift;
   }
-  while (shift > 0) {  // within 64 bits: the value is below 9.2e14
+  while (shift > 0) {  // fits in 64 bits: the value is below 9.2e14
     digits *= 10;
     --shift;
   }

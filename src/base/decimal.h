@@ -8,8 +8,8 @@
 
 namespace cu {
 
-// An amount: exact, four decimal places, in a 64-bit integer of ten-thousandths.
-// Range about +-922,337,203,685,477; arithmetic beyond it raises Error 6 (overflow).
+// An exact amount with four decimal places, stored as a 64-bit integer of ten-thousandths. The range is about
+// +-922,337,203,685,477; arithmetic beyond it raises Error 6 (overflow).
 class Decimal {
  public:
   constexpr Decimal() = default;
@@ -19,9 +19,9 @@ class Decimal {
     return d;
   }
   static Decimal fromInteger(std::int64_t units);
-  // Rounded to four places half away from zero; not a number or out of range raises Error 6.
+  // Rounds to four places, half away from zero; NaN or a value out of range raises Error 6.
   static Decimal fromDouble(double value);
-  // "-1234.5678"; more than four decimals are rounded half away from zero. Nothing else but blanks around.
+  // "-1234.5678"; more than four decimals are rounded half away from zero. Only blanks are allowed around it.
   static std::optional<Decimal> parse(std::string_view text);
 
   constexpr std::int64_t scaled() const { return scaled_; }
@@ -29,14 +29,14 @@ class Decimal {
   bool isZero() const { return scaled_ == 0; }
   Decimal abs() const;
 
-  // Half away from zero; places 0 to 4.
+  // Rounds half away from zero; places 0 to 4.
   Decimal rounded(int places) const;
-  // A point, no exponent, no superfluous zeros: "1234.5", "-0.0001", "0".
+  // Decimal point, no exponent, no superfluous zeros: "1234.5", "-0.0001", "0".
   std::string toText() const;
   // Exactly `places` decimals (0 to 4), rounded half away from zero, no thousands mark; a negative value that
   // rounds to zero keeps its sign ("-0,00").
   std::string toFixed(int places, char decimalMark) const;
-  // The same into a buffer of at least 24 bytes; returns the length.
+  // Writes the same text into a buffer of at least 24 bytes; returns the length.
   std::size_t toFixed(int places, char decimalMark, char* buffer) const;
 
   friend Decimal operator+(Decimal a, Decimal b);

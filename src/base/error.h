@@ -6,7 +6,7 @@
 
 namespace cu {
 
-// An error that rises to the edge of an event or of the entry: a number and the text that a user reads.
+// An error that propagates to the edge of an event or of the entry: a number and the text shown to the user.
 class Error : public std::runtime_error {
  public:
   Error(int number, const std::string& description) : std::runtime_error(description), number_(number) {}
@@ -36,11 +36,11 @@ inline constexpr int kErrorItemNotFound = 3265;
 inline constexpr int kErrorObjectClosed = 3704;
 inline constexpr int kErrorObjectOpen = 3705;
 inline constexpr int kErrorFilter = 3001;
-inline constexpr int kErrorDatabase = -2147217900;  // the base of what a database refuses
-inline constexpr int kErrorRowGone = -2147217864;   // a row that another session has taken away
+inline constexpr int kErrorDatabase = -2147217900;  // base number of database errors
+inline constexpr int kErrorRowGone = -2147217864;   // a row deleted by another session
 inline constexpr int kErrorObjectBase = -2147221504;
 
-// Whatever was raised, as what a user reads.
+// Converts any exception into an error with a text for the user.
 inline Error asError(const std::exception& raised) {
   if (const auto* const error = dynamic_cast<const Error*>(&raised)) return *error;
   constexpr int kErrorMemory = 7;
@@ -50,21 +50,21 @@ inline Error asError(const std::exception& raised) {
   return {kErrorInternal, std::string("Errore interno: ") + raised.what()};
 }
 
-// A file operation that failed; the number is one of those above.
+// A failed file operation; the number is one of those above.
 class FileError : public Error {
  public:
   using Error::Error;
 };
 
 enum class DatabaseErrorKind {
-  Unavailable,  // missing, unreadable, not a database, cannot be reached
+  Unavailable,  // missing, unreadable, not a database, unreachable
   NoSchema,     // a database without the suite's tables
-  Locked,       // another program holds it
-  Missing,      // a table or view that is not there
-  Exists,       // one that is there already
+  Locked,       // held by another program
+  Missing,      // missing table or view
+  Exists,       // object exists already
   Duplicate,    // a second row with the same key
-  Constraint,   // another one, such as NOT NULL
-  Syntax,       // a statement that the engine does not take
+  Constraint,   // any other constraint, such as NOT NULL
+  Syntax,       // a statement rejected by the engine
   Full,         // no space left
   ReadOnly,
   Corrupt,
@@ -72,7 +72,7 @@ enum class DatabaseErrorKind {
   Other,
 };
 
-// What a database refused. The text says what to do; it never holds a value of the statement.
+// An error of a database. The text states the remedy; it never contains a value of the statement.
 class DatabaseError : public Error {
  public:
   DatabaseError(DatabaseErrorKind kind, int nativeCode, const std::string& statementKind,

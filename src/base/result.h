@@ -7,8 +7,8 @@
 
 namespace cu {
 
-// Something that a person has to know of an operation: a code for programs, an Italian text, and the place
-// where it is put right (the name of a control of the wizard, or "" where there is none).
+// A refusal or warning of an operation: a code for programs, an Italian text, and the place of the correction
+// (the name of a control of the wizard, or "" where there is none).
 struct Finding {
   std::string code;
   std::string text;
@@ -17,8 +17,8 @@ struct Finding {
 
 struct Done {};
 
-// What an operation has come to. Without refusals there is a value; with them there may be one, for what is
-// known all the same. What went wrong on the way (a database, a file) is raised as Error, not held here.
+// The result of an operation. Without refusals it has a value; with refusals it may have one, for what is
+// available anyway. Technical failures (database, file) are raised as Error, not stored here.
 template <class T = Done>
 class [[nodiscard]] Result {
  public:
@@ -30,10 +30,10 @@ class [[nodiscard]] Result {
   }
 
   std::vector<Finding> refusals;
-  std::vector<Finding> warnings;  // what a person may pass
+  std::vector<Finding> warnings;  // findings that the user may override
 
   explicit operator bool() const { return refusals.empty(); }
-  // Only where there is a value: always without refusals.
+  // Only where there is a value, which is always the case without refusals.
   T& operator*() { return value_.value(); }
   const T& operator*() const { return value_.value(); }
   T* operator->() { return &value_.value(); }

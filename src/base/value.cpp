@@ -5,7 +5,7 @@
 namespace cu {
 namespace {
 
-// A number that is no day of the calendar is none.
+// A number outside the calendar yields no date.
 Date dayOf(std::int64_t number) {
   if (number < Date::kFirst || number > Date::kLast) return {};
   return Date::fromSerial(static_cast<std::int32_t>(number));

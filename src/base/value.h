@@ -12,7 +12,7 @@ namespace cu {
 
 enum class ValueType : std::uint8_t { Null, Integer, Decimal, Text, Date };
 
-// A value of a row where it lies, without a copy: valid while the row is not changed or released.
+// A view of a row's value in place, without a copy: valid while the row is not changed or released.
 class CellView {
  public:
   constexpr CellView() = default;
@@ -29,19 +29,20 @@ class CellView {
   ValueType type() const { return type_; }
   bool isNull() const { return type_ == ValueType::Null; }
 
-  // The content of that type; of another type it is the null-safe conversion: null is 0, "", day 0; an
-  // integer is a decimal; a decimal's integer is rounded half away from zero; a text's number is the whole
-  // text or else the integer at its head, its date one of Date's two forms, day 0 otherwise. A number beyond
-  // Decimal's range raises Error 6.
+  // The value as that type. Another type is converted, null-safe: null is 0, "", day 0; an integer converts
+  // to a decimal; a decimal is rounded to an integer half away from zero; a text is parsed as a number,
+  // otherwise the integer at its head is used; a text is parsed as a date in one of Date's two forms,
+  // otherwise day 0. A number beyond Decimal's range raises Error 6.
   std::int64_t integer() const;
   Decimal decimal() const;
   Date date() const;
   bool flag() const { return integer() != 0; }
-  // Only of a text; "" of anything else. See toText for the others.
+  // Only for a text; "" for any other type, which toText converts.
   std::string_view text() const {
     return type_ == ValueType::Text ? std::string_view(text_, length_) : std::string_view();
   }
-  // Null is "", an integer its digits, a decimal a point and no superfluous zeros, a date "dd/mm/yyyy".
+  // Null is "", an integer its digits, a decimal has a point and no superfluous zeros, a date is
+  // "dd/mm/yyyy".
   std::string toText() const;
 
  private:
@@ -55,7 +56,7 @@ class CellView {
   };
 };
 
-// A value of its own.
+// A value that owns its content.
 class Value {
  public:
   Value() = default;

@@ -10,7 +10,7 @@ namespace cu {
 namespace {
 
 // The characters of the bytes 0x80 to 0x9F; 0 where the code page has none. From 0xA0 on byte and code point
-// are the same number.
+// are equal.
 constexpr std::array<char32_t, 32> kDa80 = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                             0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
                                             0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,

@@ -8,7 +8,8 @@
 
 namespace cu {
 
-// The run context: one for the whole process, written only where the comment says and read everywhere.
+// The run context: one for the whole process, read everywhere. The comment at each field names the only place
+// that writes it.
 struct Globali {
   std::unique_ptr<SessioneHost> gSessione;  // entry
   std::unique_ptr<TestiSuite> gTesti;       // entry
@@ -19,8 +20,8 @@ struct Globali {
   std::string gSeparatoreDecimale;          // entry
   std::string gSeparatoreMigliaia;          // entry
   std::int32_t gIDFunzione = 0;             // sbInitWizard and the type option: 246, 247 or 342
-  std::int32_t gAnno = 0;                   // year of the run; holds from the pre-flight on
-  std::string gTabellaLavoro;               // name of the user's work table; its load
+  std::int32_t gAnno = 0;                   // year of the run; valid from the pre-flight on
+  std::string gTabellaLavoro;               // name of the user's work table; written when the table is loaded
   std::string helpFile;                     // entry: the application's help file
 };
 

@@ -7,7 +7,7 @@
 
 namespace cu {
 
-// The side band of a wizard: the list of its steps.
+// The side band of a wizard, which lists its steps.
 class SideBand : public Control {
  public:
   using Control::Control;
@@ -29,7 +29,7 @@ class SideBand : public Control {
     items_.push_back({title, description});
     notify();
   }
-  // From 1; a number without an item changes nothing.
+  // From 1; a number without an item is ignored.
   void select(int number) {
     if (number < 1 || number > static_cast<int>(items_.size())) return;
     selected_ = number;

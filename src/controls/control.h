@@ -30,7 +30,7 @@ class PrintControl;
 
 using Event = std::function<void()>;
 
-// One function a kind: what draws, drives or describes controls says here what it does with each.
+// One function per kind of control; drawing, driving and describing controls are visitors.
 class ControlVisitor {
  public:
   virtual ~ControlVisitor() = default;
@@ -58,20 +58,20 @@ class ControlVisitor {
 class ControlView {
  public:
   virtual ~ControlView() = default;
-  // The control's state has changed.
+  // Called after the control's state has changed.
   virtual void changed(Control& control) = 0;
-  // What a person has typed into the view and the control does not have yet is handed over. Called when the
+  // Passes what the user has typed, and the control has not received yet, to the control. Called when the
   // control loses the focus, before its own events.
   virtual void commit() {}
-  // Called before a person's event runs on the control, which has the focus by then. False gives the event
-  // up.
+  // Called before a user event runs on the control, after the control has received the focus. False cancels
+  // the event.
   virtual bool allows() { return true; }
 };
 
 enum class Background { Window, Face };
 
-// A control of a form: its state, and the events that its form handles. It registers itself with the form, in
-// the order of tabbing; `name` is its name with the index in its array, "cmdNav(3)".
+// A control of a form: its state, and the events that its form handles. The constructor registers it with the
+// form in tab order; `name` includes the index in a control array, "cmdNav(3)".
 class Control {
  public:
   Control(Form& form, std::string name, Frame* frame, std::string caption = {});
@@ -91,19 +91,19 @@ class Control {
   void setVisible(bool value);
   void setCaption(const std::string& value);
 
-  // Help for a person, which nothing but a window shows: a tooltip, and a line below the control about what
-  // it holds at present. Empty for none.
+  // Help for the user, shown only by a window: a tooltip, and a line below the control about its present
+  // content. Empty for none.
   const std::string& hint() const { return hint_; }
   const std::string& note() const { return note_; }
   void setHint(const std::string& value);
   void setNote(const std::string& value);
 
-  // Whether a person's hand reaches it: it and all its frames are enabled, visible and on stage.
+  // Whether the user can reach the control: it and all its frames are enabled, visible and on stage.
   bool available() const;
   virtual bool takesFocus() const { return true; }
-  // The focus goes: what was typed is put into its final shape, before anybody hears of it.
+  // Called when the focus leaves: brings typed text into its final form before the events run.
   virtual void leaving() {}
-  // What its view has not handed over yet, and whether its view lets a person's event run.
+  // Commits what the view has not passed on yet; returns whether the view permits a user event.
   void commit() const;
   bool allows() const { return view_ == nullptr || view_->allows(); }
 
@@ -135,7 +135,7 @@ class Frame : public Control {
   using Control::Control;
   void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
   bool takesFocus() const override { return false; }
-  // The left position, in the form's units; a frame far to the left is off stage.
+  // The left position, in the form's units; a frame at kOffStage or further left is off stage.
   static constexpr int kOffStage = -20000;
   int left() const { return left_; }
   void setLeft(int value);
@@ -150,10 +150,10 @@ class Label : public Control {
   using Control::Control;
   void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
   bool takesFocus() const override { return false; }
-  Control* buddy = nullptr;  // the control that it names, where it stands for that one's caption
+  Control* buddy = nullptr;  // the control for which this label serves as caption
 };
 
-// A text that a click opens something with.
+// A text that opens something when clicked.
 class Link : public Control {
  public:
   using Control::Control;
@@ -168,21 +168,21 @@ class Button : public Control {
   void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
   void click();
   Event onClick;
-  // What a click drops of what a person has written and not saved, in a sentence; empty for nothing. Only a
-  // window asks before it.
+  // Describes in a sentence the unsaved user input that a click discards; empty for none. Only a window asks
+  // for confirmation.
   std::function<std::string()> drops;
 };
 
-// One of several of which one is on; those of one frame belong together. Turned on by a person or by code it
-// raises onClick, as the other one goes off silently.
+// One of several options of a frame, of which exactly one is on. Turning it on, by the user or by code,
+// raises onClick; the option that was on is turned off without an event.
 class Option : public Control {
  public:
   Option(Form& form, std::string name, Frame* frame, std::string caption, bool on = false);
   void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
   bool value() const { return value_; }
   void setValue(bool value);
-  void click();  // a person's: the event is raised also when it was on already
-  // All options of its frame, itself among them, in the order of tabbing.
+  void click();  // a click by the user: raises the event also when the option was on already
+  // All options of its frame, including itself, in tab order.
   std::vector<Option*> group() const;
   Event onClick;
 

@@ -10,8 +10,8 @@
 
 namespace cu {
 
-// A date as a person writes it, "dd/mm/yyyy"; blanks beside it do not count. A text that is no date is kept
-// as it was typed, but holds no date. When the focus goes, a date takes its full shape.
+// A date entered as "dd/mm/yyyy"; surrounding blanks are ignored. A text that is no date is kept as typed,
+// but has no value. When the focus leaves, a date is formatted in full.
 class DateBox : public EditBox {
  public:
   using EditBox::EditBox;
@@ -22,7 +22,7 @@ class DateBox : public EditBox {
     const auto day = date();
     return day ? day->serial() : 0;
   }
-  // What a form goes by: the date in its full shape, empty without one.
+  // The value for the form: the date formatted in full, or empty.
   std::string entered() const {
     const auto day = date();
     return day ? day->toItalian() : std::string();

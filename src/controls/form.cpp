@@ -79,7 +79,7 @@ void Form::load() {
   formLoad();
 }
 
-// False when it is open already, or has unloaded itself in its load.
+// Returns false when the form is open already, or has unloaded itself during its load.
 bool Form::open() {
   load();
   if (open_ || !loaded_) return false;

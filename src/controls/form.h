@@ -12,7 +12,7 @@ namespace cu {
 
 class FrontEnd;
 
-// A window of the system: its controls by name, the focus, and its life from load to unload.
+// A window of the system: its controls by name, the focus, and its life cycle from load to unload.
 class Form {
  public:
   Form(FrontEnd& frontEnd, std::string name, std::string caption = {});
@@ -25,39 +25,39 @@ class Form {
   const std::string& caption() const { return caption_; }
   void setCaption(const std::string& caption);
 
-  // In the order of tabbing.
+  // In tab order.
   const std::vector<Control*>& controls() const { return controls_; }
   Control* find(std::string_view name) const;  // null when there is none
 
   Control* focus() const { return focus_; }
-  // The control that had the focus takes what its view still holds, takes its final shape and sees the focus
-  // lost before the new one gets it. Null: nothing has it.
+  // Before the new control gets the focus, the control that had it commits its view's text, formats it and
+  // runs its lost-focus event. Null: no control has the focus.
   void setFocus(Control* control);
-  // The focus rule, for every front end. A person's event on a control: the control gets the focus, if it
-  // takes it; the event runs, if the loss of the focus has left the control within reach and its view allows
-  // it; the focus settles. An error in one of these is shown in its box and the next goes on. Without an
-  // event only the focus moves.
+  // The focus rule for every front end. For a user event on a control, the control first gets the focus, if
+  // it accepts it. The event then runs, if the control is still available after the lost-focus event and its
+  // view permits it. Finally the focus settles. An error in any of these steps is shown in a box, and the
+  // next step runs. Without an event only the focus moves.
   void perform(Control& control, const Event& event);
-  // A person's event on the form itself.
+  // A user event on the form itself.
   void perform(const Event& event);
-  // Where the focus goes when the form opens: the first control that can take it.
+  // The control that gets the focus when the form opens: the first one that accepts it.
   Control* firstFocus() const;
-  // A control that a person can no longer reach yields the focus to the next one in the order of tabbing, the
-  // last to the first.
+  // Moves the focus away from a control that is no longer available, to the next one in tab order,
+  // cyclically.
   void settleFocus();
 
   bool isOpen() const { return open_; }
-  void load();  // once; runs formLoad
-  void show();  // loads it, shows it, returns at once
-  void
-  showModal();    // loads it, shows it, returns when it is unloaded or hidden; nothing if its load unloads it
-  void hide();    // the focus goes without an event
-  void unload();  // runs formUnload; the form goes, unless that raises an error
+  void load();       // runs formLoad, once
+  void show();       // loads the form, shows it, returns at once
+  void showModal();  // loads the form, shows it, returns when it is unloaded or hidden; does nothing if the
+                     // load unloads it
+  void hide();       // the focus is lost without an event
+  void unload();     // runs formUnload; the form is closed unless that raises an error
 
-  // The close box: unloads, unless the form refuses.
+  // The close box: unloads the form unless its handler rejects it.
   void close();
-  // A key pressed in the form. A handler that has consumed the key sets both to 0; otherwise 13 and 27 are
-  // events of the default and of the cancel button. True when a handler consumed it.
+  // A key pressed in the form. A handler that consumes the key sets both values to 0; otherwise 13 and 27
+  // click the default and the cancel button. Returns true when a handler consumed the key.
   bool keyDown(std::int16_t code, std::int16_t shift) { return keyDown(code, shift, defaultButton); }
   // The same with another button for 13; null for none.
   bool keyDown(std::int16_t code, std::int16_t shift, Button* byEnter);
@@ -68,22 +68,24 @@ class Form {
   std::function<void(std::int16_t& code, std::int16_t& shift)> onKeyDown;
   std::function<void(int delta)> onWheel;
 
-  // Where the form has one: a scrolling bar, from 0 to max; and whether only a part of the window is left.
+  // The scroll bar of a form that has one, from 0 to max; and whether the window shows only a part of the
+  // form.
   struct Scroll {
     int position = 0;
     int max = 0;
   };
   virtual const Scroll* scroll() const { return nullptr; }
   virtual bool shrunk() const { return false; }
-  // Frames that take turns on the stage, in order; empty for most forms.
+  // The frames of which one at a time is on stage, in order; empty for most forms.
   virtual std::vector<const Frame*> stages() const { return {}; }
-  // Where a person's work on the present stage begins; null where the focus stays as it is. Only a window
-  // goes there by itself.
+  // The control at which the user's work on the present stage begins; null where the focus stays unchanged.
+  // Only a window moves the focus there.
   virtual Control* stageStart() { return nullptr; }
-  // What the close box would lose, in a sentence for the person; empty when nothing. Only a window asks.
+  // Describes in a sentence for the user what the close box would discard; empty for nothing. Only a window
+  // asks for confirmation.
   virtual std::string unsavedWork() const { return {}; }
 
-  // The heading of the chapter in the user's guide that explains what is on screen; empty for the guide's
+  // The heading of the chapter in the user's guide that explains the present screen; empty for the guide's
   // first page.
   virtual std::string guideChapter() const { return {}; }
 

@@ -30,18 +30,18 @@ struct MessageBox {
   Answer byDefault = Answer::Ok;
 };
 
-// A table to be read and closed: the log of what is missing.
+// A read-only table for the user: the log of missing data.
 struct LogTable {
   std::vector<std::string> columns;
   std::vector<std::vector<Value>> rows;
 };
 
-// A report laid out, to be looked at: the text of each page, and the file that shows them, which goes when
-// the preview has been closed.
+// A preview of a report: the text of each page, and the file with the pages, which is deleted when the
+// preview has been closed.
 struct Preview {
   std::string title;
   std::vector<std::string> pages;
-  std::string file;  // a PDF; empty where nothing was laid out
+  std::string file;  // a PDF; empty where no layout was made
 };
 
 struct PrinterChoice {
@@ -49,30 +49,30 @@ struct PrinterChoice {
   int copies = 1;
 };
 
-// A print that was made, that failed, or that the profile has recorded instead of laid out.
+// A print that was made, that failed, or that was only recorded because the profile requires it.
 struct PrintNote {
   int kind = 0;             // output kind, 1 to 6
-  std::optional<int> code;  // of a run; none for the kinds 1 and 2
+  std::optional<int> code;  // code of run(); none for the kinds 1 and 2
   std::string report;
   std::string formula;
   std::string file;  // full path; empty for a preview and for a printer
   std::string printer;
   int copies = 0;
-  bool written = false;  // the file, or the printer's job, stands as it was asked for
+  bool written = false;  // the file, or the printer's job, is complete
 };
 
-// The screen, or what stands for it: a window system, a program that drives the wizard, or a test's script.
-// Everything modal returns when it has been closed.
+// The user interface: a window system, a program that drives the wizard, or a script of a test. Every modal
+// call returns when the box or form has been closed.
 class FrontEnd : public ProgressSink, public TextViewer {
  public:
   virtual void show(Form& form) = 0;
   virtual void showModal(Form& form) = 0;
-  // The form has gone, or hides itself; its controls may be gone already.
+  // The form has been closed, or is hidden; its controls may have been destroyed already.
   virtual void closed(Form& form) = 0;
 
   virtual Answer messageBox(const MessageBox& box) = 0;
-  virtual void error(const Error& error) = 0;  // one that nothing caught
-  // The folder chosen, "" for none.
+  virtual void error(const Error& error) = 0;  // an error that no handler caught
+  // Returns the folder chosen, "" for none.
   virtual std::string chooseFolder(const std::string& title, const std::optional<std::string>& start) = 0;
   virtual std::optional<PrinterChoice> choosePrinter() = 0;
   virtual std::optional<std::string> chooseFileToSave(const std::string& title, const std::string& start,
@@ -86,14 +86,14 @@ class FrontEnd : public ProgressSink, public TextViewer {
   virtual void printed(const PrintNote& note) = 0;
   virtual void beep() = 0;
   virtual int pointer() const = 0;
-  // A fact of the running event in one sentence, such as a number of rows changed. A window shows the facts
-  // of an event in its status line when the event has ended.
+  // Reports a fact of the running event in one sentence, such as a number of rows changed. A window shows the
+  // facts of an event in its status line when the event has ended.
   virtual void told(const std::string& /*fact*/) {}
-  // A step was refused because this control holds nothing. A window gives it the focus when the event has
-  // ended.
+  // Reports that a step was rejected because this control is empty. A window gives it the focus when the
+  // event has ended.
   virtual void missing(Control& /*control*/) {}
 
-  // Runs a person's event: an error that no handler caught ends here, in one box.
+  // Runs a user event; an error that no handler caught is shown in one box.
   void runEvent(const std::function<void()>& event);
 };
 

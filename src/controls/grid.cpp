@@ -77,7 +77,7 @@ void Grid::selectRow(std::size_t row) {
 }
 
 bool Grid::keyDown(std::int16_t code, std::int16_t shift) {
-  // The form sees a key first.
+  // The form's key handler runs first.
   std::int16_t left = code;
   if (form().onKeyDown) form().onKeyDown(left, shift);
   if (left != 0 && onKeyDown) onKeyDown(left, shift);

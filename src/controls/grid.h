@@ -12,7 +12,7 @@
 
 namespace cu {
 
-// Data types of a grid's columns.
+// Data types of grid columns.
 inline constexpr int kGridDouble = 5;
 inline constexpr int kGridBoolean = 11;
 inline constexpr int kGridLong = 3;
@@ -29,7 +29,7 @@ struct GridColumn {
   bool editable = false;
 };
 
-// A table bound to a recordset, whose current row is the grid's.
+// A table bound to a recordset; the recordset's current row is the grid's.
 class Grid : public Control {
  public:
   using Control::Control;
@@ -44,30 +44,30 @@ class Grid : public Control {
   void bind(Recordset* rows);  // null unbinds
   Recordset* rows() const { return rows_; }
   std::size_t rowCount() const;
-  std::size_t row() const;  // current, from 1; 0 when none
+  std::size_t row() const;  // current row, from 1; 0 when none
 
   int state() const { return state_; }  // 0 at rest
   void setState(int state) { state_ = state; }
   void suspendDrawing() { ++suspended_; }
-  void resumeDrawing();  // what changed meanwhile is drawn
+  void resumeDrawing();  // draws what changed meanwhile
   bool drawing() const { return suspended_ == 0; }
-  // Draws the rows anew, which shows the current row as when it is selected; so does binding.
+  // Redraws the rows and raises the same event as a selection of the current row; so does bind().
   void refresh();
 
-  // The amounts' marks; the same for every column of the grid.
+  // Decimal and thousands marks of the amounts; the same for every column of the grid.
   char decimalMark = ',';
   char thousandsMark = '.';
-  // Called for each cell before it is shown; may replace the value (an unbound column has a null one).
+  // Called for each cell before it is shown; may replace the value, which is null for an unbound column.
   std::function<void(const GridColumn& column, Value& value)> paintValue;
-  // The cell of a row as it is shown.
+  // The text shown for a cell.
   std::string shown(const GridColumn& column, const CellView& value) const;
 
-  // The rows, in their order, that a person has highlighted for the key that follows; none where the current
-  // row stands alone.
+  // The rows, in order, that the user has highlighted for the next key; empty where only the current row is
+  // selected.
   void highlight(std::vector<std::size_t> rows) { highlighted_ = std::move(rows); }
   const std::vector<std::size_t>& highlighted() const { return highlighted_; }
 
-  // A person's events; a row that does not exist is passed over.
+  // User events; a row that does not exist is ignored.
   void selectRow(std::size_t row);
   bool keyDown(std::int16_t code, std::int16_t shift);
   void press(std::size_t row, std::string_view field);  // row 0 is the header
@@ -76,10 +76,10 @@ class Grid : public Control {
   std::function<void(std::int16_t& code, std::int16_t& shift)> onKeyDown;
   std::function<void(std::size_t row, const std::string& field)> onMouseUp;
   Event onDoubleClick;
-  Event onRowChange;  // a row has become the current one, or is shown anew
-  Event onRowAgain;   // the row that is the current one already has been chosen
-  // What the choice of a row drops of what a person has written and not saved, in a sentence; empty for
-  // nothing. Only a window asks before it.
+  Event onRowChange;  // a row has become the current one, or is redrawn
+  Event onRowAgain;   // the current row has been selected again
+  // Describes in a sentence the unsaved user input that selecting a row discards; empty for none. Only a
+  // window asks for confirmation.
   std::function<std::string(std::size_t row)> drops;
 
  private:
@@ -90,7 +90,7 @@ class Grid : public Control {
   int suspended_ = 0;
 };
 
-// No drawing while it stands, also when an error ends the work early.
+// Suspends drawing for its lifetime, also when an error ends the work early.
 class DrawingPause {
  public:
   explicit DrawingPause(Grid& grid) : grid_(grid) { grid_.suspendDrawing(); }

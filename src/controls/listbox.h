@@ -11,7 +11,7 @@
 
 namespace cu {
 
-// A drop-down list without free text; it may fill itself from a statement.
+// A drop-down list without free text; it can be filled from a statement.
 class ListBox : public Control {
  public:
   using Control::Control;
@@ -27,18 +27,19 @@ class ListBox : public Control {
   const std::vector<Entry>& entries() const { return entries_; }
 
   int index() const { return index_; }  // -1 when none is chosen
-  void setIndex(std::int64_t index);    // out of range means none; raises the change event when it differs
+  void setIndex(
+      std::int64_t index);  // out of range selects none; raises the change event when the index differs
   std::string text() const;
   std::optional<std::int64_t> record() const;
-  void setRecord(std::int64_t record);  // the entry of that key, or none
-  // What is to be stored: the index or the key last set, also where the list has no such entry.
+  void setRecord(std::int64_t record);  // selects the entry with that key, or none
+  // The value to store: the index or key last set, also where the list has no such entry.
   std::int64_t storedIndex() const { return storedIndex_; }
   std::optional<std::int64_t> storedRecord() const { return unlisted_ ? unlisted_ : record(); }
   int indexOf(std::string_view text) const;
   int indexOfRecord(std::int64_t record) const;
 
-  // A list that fills itself: from what, showing which field, keyed on which field ("" for none). A new
-  // source changes nothing of what is shown before load().
+  // The source of the list: the statement, the field shown, and the key field ("" for none). A new source
+  // takes effect at load().
   void setConnection(Connection& connection) { connection_ = &connection; }
   void setSource(const std::string& statement);
   const std::string& source() const { return source_; }
@@ -46,7 +47,7 @@ class ListBox : public Control {
   void setKeyField(const std::string& field) { keyField_ = field; }
   void addColumn(const std::string& field) { columns_.push_back(field); }
   const std::vector<std::string>& columns() const { return columns_; }
-  void load();  // nothing is chosen afterwards
+  void load();  // leaves no entry selected
 
   Background background() const { return background_; }
   void setBackground(Background background);

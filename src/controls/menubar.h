@@ -24,11 +24,11 @@ class MenuBar : public Control {
     std::string band;
     std::string caption;
     std::string shortcut;
-    bool enabled = true;  // as far as it says itself
-    bool inert = false;   // kept for its key, without an effect: a window does not offer it
+    bool enabled = true;  // its own state; the band may disable it too
+    bool inert = false;   // kept for its key, without effect: a window does not show it
   };
 
-  // The tools of a band that opens as a popup are enabled only while `opens` returns true.
+  // The tools of a popup band are enabled only while `opens` returns true.
   void addBand(const std::string& band, std::function<bool()> opens = {}) {
     bands_.push_back(band);
     opens_[band] = std::move(opens);
@@ -51,7 +51,7 @@ class MenuBar : public Control {
     }
     return nullptr;
   }
-  // Whether a person can choose the tool now.
+  // Whether the user can choose the tool now.
   bool toolAvailable(const Tool& tool) const {
     const auto band = opens_.find(tool.band);
     return tool.enabled && (band == opens_.end() || !band->second || band->second());
@@ -68,7 +68,7 @@ class MenuBar : public Control {
     notify();
   }
 
-  // A command without a tool passes; a tool that cannot be chosen does nothing.
+  // A command without a tool runs; a tool that cannot be chosen is ignored.
   void click(const std::string& key) {
     const Tool* const chosen = tool(key);
     if (chosen != nullptr && !toolAvailable(*chosen)) return;

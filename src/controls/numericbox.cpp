@@ -21,7 +21,8 @@ std::size_t countDigits(std::string_view text) {
   return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), isDigit));
 }
 
-// "1.234.567": marks between groups of three digits, of which the first may have fewer and begins with no 0.
+// "1.234.567": marks between groups of three digits; the first group may be shorter and does not begin with
+// 0.
 bool grouped(std::string_view whole, std::string_view mark) {
   if (!whole.empty() && whole.front() == '-') whole.remove_prefix(1);
   std::size_t end = whole.find(mark);
@@ -59,7 +60,7 @@ void NumericBox::leaving() {
   if (!text().empty()) show(shown(number_));
 }
 
-// The number is kept with the places that the box does not show.
+// The number keeps the decimal places that the box does not show.
 Event NumericBox::restorer() {
   if (text().empty()) return EditBox::restorer();
   return [this, number = number_] { setNumber(number); };
@@ -105,15 +106,15 @@ NumericBox::Split NumericBox::split(std::string_view text) const {
   return {text.substr(0, last), behind, true, true};
 }
 
-// A text that ends with a thousands mark is on its way to one of three digits or to decimals.
+// A text that ends with a thousands mark may become a group of three digits or decimals.
 bool NumericBox::wellFormed(std::string_view text) const {
   const Split parts = split(text);
   const bool open = !parts.marked && hasMarks(text) && text.ends_with(shape_.separator);
   return placed(open ? text.substr(0, text.size() - shape_.separator.size()) : parts.whole);
 }
 
-// "-1.234,5", as far as it has been typed: "-", "1.", "12," are on their way to a number. Thousands marks
-// that an edit in the middle has left at wrong places are passed over.
+// Reads a complete or partial number such as "-1.234,5", "-", "1." or "12,". Thousands marks misplaced by an
+// edit in the middle are ignored.
 std::optional<Decimal> NumericBox::read(std::string_view text) const {
   const Split parts = split(text);
   std::string whole(parts.whole);
@@ -134,10 +135,12 @@ bool NumericBox::admits(const std::string& before, char32_t character, const std
   if (character == U'-') return before.empty() && min_ < Decimal() && leaves(after);
   const auto number = read(after);
   if (!number || !allowed(*number)) return false;
-  // What is typed on, and every mark, keeps the text one that can be read when it is left.
+  // A character appended, and every mark, is accepted only if the text remains readable when the focus
+  // leaves.
   const bool mark = typed == shape_.separator || typed == shape_.decimalPoint;
   if ((mark || behind.empty()) && !wellFormed(after) && wellFormed(before + behind)) return false;
-  // A mark of decimals is let in without decimals too: what follows it must not swell the whole number.
+  // A decimal mark is accepted also in a box without decimals; the digits after it must not extend the whole
+  // number.
   const Split parts = split(after);
   if (parts.places.size() <= static_cast<std::size_t>(shape_.decimals)) return true;
   return parts.byPoint && grouped(after + std::string(3 - parts.places.size(), '0'), shape_.separator);

@@ -10,12 +10,12 @@
 
 namespace cu {
 
-// A box for a number between two limits. While a person types, the text is what was typed and the value what
-// it says so far; when the focus goes the text takes the number's shape. A character that makes no number, or
-// one beyond the limits, is not let in; a pasted text that is none leaves the content as it is. A thousands
-// mark with one or two digits behind it, in a text without a decimal mark, is the decimal mark: "14000.5". A
-// number put in by code is kept whole, to its fourth place and beyond the limits, until a person types. An
-// empty text is worth 0.
+// A box for a number between two limits. While the user types, the box shows the text typed, and the value is
+// what the text means so far; when the focus leaves, the number is formatted. A character that makes the text
+// no number, or exceeds the limits, is rejected; a pasted text that is no number leaves the content
+// unchanged. In a text without a decimal mark, a thousands mark followed by one or two digits is the decimal
+// mark: "14000.5". A number set by code keeps its four decimals, also beyond the limits, until the user
+// types. An empty text has the value 0.
 class NumericBox : public EditBox {
  public:
   using EditBox::EditBox;
@@ -43,16 +43,16 @@ class NumericBox : public EditBox {
   std::optional<std::string> pasted(std::string_view text) const override;
   bool leaves(const std::string& text) const override;
   void edited() override;
-  // A text at its decimal mark, or at the thousands mark that serves as such.
+  // A text split at its decimal mark, or at the thousands mark that serves as such.
   struct Split {
     std::string_view whole;
     std::string_view places;
-    bool marked = false;   // there is one of the two
-    bool byPoint = false;  // it is the thousands mark
+    bool marked = false;   // one of the two marks is present
+    bool byPoint = false;  // the mark is the thousands mark
   };
   Split split(std::string_view text) const;
   bool hasMarks(std::string_view whole) const;
-  bool placed(std::string_view whole) const;  // its thousands marks are where they belong, or it has none
+  bool placed(std::string_view whole) const;  // its thousands marks are placed correctly, or it has none
   bool wellFormed(std::string_view text) const;
   std::string shown(Decimal number) const;
   std::optional<Decimal> read(std::string_view text) const;

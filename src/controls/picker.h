@@ -9,13 +9,13 @@
 
 namespace cu {
 
-// The suite's picker of a municipality: its name, and its id behind it.
+// The suite's picker of a municipality: shows its name, stores its id.
 class Picker : public Control {
  public:
   using Control::Control;
   void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
-  // The title is that of its search list. Empties it.
+  // `title` is the title of its search list. Empties the picker.
   void bind(Connection& connection, const std::string& title, std::int32_t helpContext);
   const std::string& title() const { return title_; }
   std::int32_t helpContext() const { return helpContext_; }
@@ -23,13 +23,13 @@ class Picker : public Control {
 
   std::int64_t record() const { return record_; }  // 0 when none
   const std::string& text() const { return text_; }
-  // What is to be stored: the id last set, also one that no row has.
+  // The value to store: the id last set, also where no row has it.
   std::int64_t storedRecord() const { return storedRecord_; }
   // The name of a municipality, "" when no row has that id.
   std::string nameOf(std::int64_t id) const;
-  // The rows of its search list, id, province and name, in the order of the names.
+  // The rows of its search list: id, province and name, ordered by name.
   void list(Recordset& rows) const;
-  // An id that no row has empties it, as 0 does. Raises the change event when the id differs.
+  // An id without a row empties the picker, as 0 does. Raises the change event when the id differs.
   void setRecord(std::int64_t id);
 
   Event onChange;

@@ -11,7 +11,7 @@
 
 namespace cu {
 
-// The print control: which report of the object type, and where the output goes.
+// The print control: the report of the object type, and the destination of the output.
 class PrintControl : public Control {
  public:
   using Control::Control;
@@ -44,7 +44,7 @@ class PrintControl : public Control {
 
   int output() const { return output_; }
   void setOutput(int kind);
-  bool choice() const { return choice_; }  // whether a person can choose report and output
+  bool choice() const { return choice_; }  // whether the user can choose report and output
   void setChoice(bool choice);
   bool toFile() const { return toFile_; }
   void setToFile(bool toFile);

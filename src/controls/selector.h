@@ -24,7 +24,7 @@ class Selector : public Control {
     bool manage = false;  // toolbar entry "EseguiGestione"
     bool search = true;   // toolbar entry "Ricerca"
   };
-  // Binds and empties it.
+  // Sets the table and empties the selector.
   void bind(Connection& connection, Binding binding);
   const Binding& binding() const { return binding_; }
 
@@ -33,23 +33,23 @@ class Selector : public Control {
   const std::string& description() const { return description_; }
 
   using Row = LookupRow;
-  // The row with that code, or id, of the table under the filter.
+  // Returns the table's row with that code, or id, under the filter.
   std::optional<Row> findCode(const std::string& code) const;
   std::optional<Row> findRecord(std::int64_t id) const;
-  // The same row is chosen. False when there is none: nothing changes.
+  // Selects that row. Returns false, and changes nothing, when there is none.
   bool chooseCode(const std::string& code) { return choose(findCode(code)); }
   bool chooseRecord(std::int64_t id) { return choose(findRecord(id)); }
   bool choose(const std::optional<Row>& row);
-  // Code and description as they stand, whether a row has them or not.
+  // Sets code and description without a look-up; they need not match a row.
   void choose(const std::string& code, const std::string& description);
   void empty() { set(0, "", ""); }
-  // The rows of its search list, id, code and description, in the order of the descriptions.
+  // The rows of its search list: id, code and description, ordered by description.
   void list(Recordset& rows) const;
 
   Event onChange;
 
  private:
-  Connection& connection() const;  // Error where it is not bound
+  Connection& connection() const;  // raises Error where it is not bound
   void set(std::int64_t record, const std::string& code, const std::string& description);
 
   Connection* connection_ = nullptr;

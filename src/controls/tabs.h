@@ -8,7 +8,7 @@
 
 namespace cu {
 
-// Pages of which one shows: the selected tab's frame is visible, the others are not.
+// Pages of which one is shown: the selected tab's frame is visible, the others are not.
 class Tabs : public Control {
  public:
   using Control::Control;
@@ -22,9 +22,9 @@ class Tabs : public Control {
   void add(const std::string& caption, Frame& page);  // the first one is selected
   const std::vector<Tab>& tabs() const { return tabs_; }
   int selected() const { return selected_; }  // from 1, 0 without tabs
-  // One that does not exist or is hidden changes nothing.
+  // A tab that does not exist or is hidden is ignored.
   void select(int tab);
-  // Hiding the selected one selects the first that is left.
+  // Hiding the selected tab selects the first visible one.
   void setTabVisible(int tab, bool visible);
   int indexOf(std::string_view caption) const;  // from 1, 0 when there is none
 

@@ -48,7 +48,7 @@ bool EditBox::take(std::string before, char32_t character, const std::string& be
   if (!admits(before, character, behind)) return false;
   appendUtf8(before, character);
   longer_.clear();
-  change(before + behind);  // a character typed is a change, also where it replaces its like
+  change(before + behind);  // a typed character is a change also where it replaces an equal one
   return true;
 }
 
@@ -56,7 +56,7 @@ bool EditBox::type(char32_t character) { return take(text_, character, {}); }
 
 namespace {
 
-// What stands before and behind a stretch of characters.
+// The text before and after a range of characters.
 std::pair<std::string, std::string> around(std::string_view text, std::size_t at, std::size_t count) {
   const std::string_view before = leftCodePoints(text, at);
   const std::string_view rest = text.substr(before.size());

@@ -14,12 +14,13 @@ enum class BoxIcon { None, Stop, Question, Warning, Information };
 class UtilitaSuite : public Conversioni {
  public:
   static constexpr int kYes = 6;
-  virtual int question(const std::string& text, const std::string& title) = 0;  // Yes and No; 6 for Yes
-  // What was refused: OK and the warning icon unless told otherwise.
+  virtual int question(const std::string& text,
+                       const std::string& title) = 0;  // Yes and No; returns 6 for Yes
+  // Reports a rejection; OK and the warning icon by default.
   virtual void message(const std::string& text, const std::string& title,
                        BoxIcon icon = BoxIcon::Warning) = 0;
   virtual void refusedStart(const std::string& text, const std::string& title) = 0;
-  // OK and Cancel, question icon, Cancel the default; 2 for Cancel.
+  // OK and Cancel, question icon, Cancel is the default; returns 2 for Cancel.
   static constexpr int kCancel = 2;
   virtual int confirm(const std::string& text, const std::string& title) = 0;
 

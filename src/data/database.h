@@ -11,20 +11,20 @@ namespace cu {
 
 class Rowset;
 
-// One connection to the suite's database. Statements are whole texts in the server's dialect, values inlined.
-// Every operation may raise DatabaseError.
+// One connection to the suite's database. Statements are complete texts in the server's dialect, with values
+// inlined. Every operation may raise DatabaseError.
 class Connection {
  public:
   virtual ~Connection() = default;
-  // Runs a statement from which no rows are wanted, and returns how many it has touched: of several in one
-  // text the last one's, -1 where the engine does not say.
+  // Runs a statement without a result set and returns the number of rows affected: for several statements in
+  // one text that of the last one, -1 where the engine does not report it.
   virtual std::int64_t Execute(std::string_view statement) = 0;
-  // Runs a statement, or reads the whole table when the text is a plain table name, and appends columns and
-  // rows.
+  // Runs a statement, or reads the whole table when the text is a plain table name; appends columns and rows
+  // to `rows`.
   virtual void Query(std::string_view source, RowStore& rows) = 0;
-  // Between these two calls all reads see one state of the database, and cost no lock each. Calls may nest; a
-  // statement that writes may come between them where the engine allows it. An engine without such a need
-  // does nothing.
+  // Between these two calls all reads see one state of the database and need no lock each. Calls may nest; a
+  // statement that writes may run between them where the engine permits it. No effect on an engine that does
+  // not need it.
   virtual void BeginRead() {}
   virtual void EndRead() noexcept {}
 };
@@ -40,18 +40,18 @@ class ReadScope {
   Connection& connection_;
 };
 
-// The database object of the session.
+// The session's database object.
 class DatabaseHost {
  public:
   virtual ~DatabaseHost() = default;
   virtual Connection& connection() = 0;
   virtual Connection& internalConnection() = 0;
-  // What controls, reports and the rebuild read for themselves.
+  // The connection used by controls, reports and the rebuild.
   virtual Connection& ownConnection() = 0;
   virtual std::unique_ptr<Rowset> CreateRowset() = 0;
 };
 
-// A look-up in one table or view: fields, table, filter; then opened and asked.
+// A look-up in one table or view: set fields, table and filter, open it, then read the values.
 class Rowset {
  public:
   virtual ~Rowset() = default;

@@ -18,15 +18,15 @@ int order(const T& a, const T& b) {
   return a < b ? -1 : (b < a ? 1 : 0);
 }
 
-// An integer of any size beside an amount.
+// Compares an integer of any size with an amount.
 int order(std::int64_t a, Decimal b) {
   std::int64_t whole = b.scaled() / 10000;
   const std::int64_t rest = b.scaled() % 10000;
-  if (rest < 0) --whole;  // the floor
+  if (rest < 0) --whole;  // rounds towards negative infinity
   return a != whole ? order(a, whole) : (rest == 0 ? 0 : -1);
 }
 
-// Of two values that are not null.
+// Neither value is null.
 int compare(const CellView& cell, const CellView& literal) {
   if (cell.type() == ValueType::Date || literal.type() == ValueType::Date) {
     return order(cell.date(), literal.date());
@@ -35,7 +35,7 @@ int compare(const CellView& cell, const CellView& literal) {
     return literal.type() == ValueType::Text ? compareItalian(cell.text(), literal.text())
                                              : compareItalian(cell.text(), literal.toText());
   }
-  // A text may hold a number beyond an amount's range, which an integer can be all the same.
+  // A text may contain a number beyond an amount's range that is a valid integer.
   if (literal.type() == ValueType::Text && !Decimal::parse(literal.text())) {
     const std::int64_t number = leadingInteger(literal.text());
     return cell.type() == ValueType::Integer ? order(cell.integer(), number) : -order(number, cell.decimal());

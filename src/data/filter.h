@@ -12,16 +12,16 @@ namespace cu {
 class Columns;
 
 // The condition of a recordset's filter: comparisons "field op literal" (=, <>, <, <=, >, >=), joined by AND
-// and OR, AND binding closer; literals are numbers, 'texts' with doubled quotes, #dates#, TRUE (-1), FALSE
-// (0) and NULL. Texts compare as the database does. A null field meets only "= NULL", another only "<> NULL".
-// Without a comparison every row matches.
+// and OR; AND has precedence. Literals are numbers, 'texts' with doubled quotes, #dates#, TRUE (-1), FALSE
+// (0) and NULL. Texts compare as in the database. A null field matches only "= NULL"; any other field matches
+// only "<> NULL" of the two. Without a comparison every row matches.
 class RowFilter {
  public:
   RowFilter() = default;
-  // Error 3001 for a text that is no condition, 3265 for an unknown field.
+  // Raises Error 3001 for an invalid condition, 3265 for an unknown field.
   static RowFilter parse(std::string_view text, const Columns& columns);
   bool matches(const CellView* row) const;
-  // How many columns of a row, from the first, matches() looks at.
+  // The number of leading columns of a row that matches() reads.
   std::size_t columns() const;
 
  private:

@@ -8,7 +8,7 @@
 
 namespace cu {
 
-// A table whose rows are found by a code that a person knows.
+// A table whose rows are found by a code known to the user.
 struct LookupTable {
   std::string table;
   std::string codeField;
@@ -23,7 +23,7 @@ struct LookupRow {
   std::string description;
 };
 
-// The first row with that code, or id, under the filter. DatabaseError as the connection raises it.
+// Returns the first row with that code, or id, under the filter. DatabaseErrors of the connection propagate.
 std::optional<LookupRow> findCode(Connection& connection, const LookupTable& table, const std::string& code);
 std::optional<LookupRow> findRecord(Connection& connection, const LookupTable& table, std::int64_t id);
 

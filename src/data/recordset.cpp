@@ -67,7 +67,7 @@ std::size_t Recordset::RecordCount() const {
   return visibleCount();
 }
 
-// Without rows both ends are true at once.
+// Without rows both Bof and Eof are true.
 bool Recordset::Bof() const {
   data();
   return !adding_ && (visibleCount() == 0 || position_ < 0);
@@ -116,7 +116,7 @@ void Recordset::MoveTo(std::size_t position) {
   move(static_cast<std::int64_t>(position) - 1);
 }
 
-// A row being added bears the number that it will have.
+// A row being added already has its final number.
 Recordset::RowMark Recordset::current() const {
   if (adding_) return static_cast<RowMark>(data().rows());
   if (Bof() || Eof()) noCurrentRow();
@@ -168,7 +168,7 @@ void Recordset::read(RowMark row, std::size_t columns, CellView* cells) const {
   if (const Edited* const changed = edited(row)) apply(changed->changes, columns, cells);
 }
 
-// Whether a row that was edited stays among those chosen.
+// Whether an edited row is still among the visible ones.
 bool Recordset::shows(RowMark row, const Edited& changed) const {
   const bool deleted = changed.status == RecordStatus::Deleted;
   if (showing_ == Showing::Pending) {
@@ -213,7 +213,7 @@ void Recordset::showAll() {
   }
 }
 
-// The place that a row leaving the visible rows yields to the next one, or to the last.
+// The position that becomes current when a row leaves the visible rows: the next row's, or the last one's.
 std::int64_t Recordset::placeOf(std::vector<RowMark>::const_iterator leaving) const {
   if (leaving == visible_.end() && leaving != visible_.begin()) --leaving;
   return leaving - visible_.begin();
@@ -301,7 +301,8 @@ void Recordset::Set(std::string_view field, const Value& value) {
   changeable();
   const std::size_t column = Ordinal(field);
   current();
-  // The column's type rules, so that an amount put into a column of amounts reads the same from every side.
+  // Applies the column's type rules, so that an amount stored in a column of amounts reads the same in every
+  // representation.
   const bool amount = Fields()[column].type == ValueType::Decimal && value.type() == ValueType::Integer;
   set(pending_, column, amount ? Value::ofDecimal(value.view().decimal()) : value);
   editing_ = true;
@@ -339,7 +340,7 @@ void Recordset::Update() {
   settle(row, changed);
 }
 
-// The row was edited: it is the current one, or yields to another where it is no longer shown.
+// After an edit the row is the current one, or another one where it is no longer visible.
 void Recordset::settle(RowMark row, const Edited& changed) {
   if (showing_ == Showing::All) {
     position_ = row;

@@ -18,14 +18,14 @@ namespace cu {
 enum class RecordStatus { Unmodified, New, Modified, Deleted };
 enum class LockType { ReadOnly = 1, BatchOptimistic = 4 };
 
-// The client-side, static recordset: all rows in memory; moving in it and changing it never touches the
-// database. A changed row keeps its values as read; a statement is what brings a change to the database.
+// The client-side, static recordset: all rows are in memory; moves and changes never access the database. A
+// changed row keeps its original values; changes are written to the database by statements.
 //
-// A closed recordset raises Error 3704, a field without a current row 3021, an unknown name 3265, an
-// unreadable filter 3001, a change of one opened read-only 3251.
+// Any use of a closed recordset raises Error 3704, a field without a current row 3021, an unknown name 3265,
+// an invalid filter 3001, a change of a read-only one 3251.
 //
-// A move, a filter and AddNew do the Update of what is pending first. A row that a change takes out of the
-// filter, and a deleted one, gives its place to the next row, to the last one where none follows.
+// A move, a filter and AddNew first call Update for pending changes. When a row is deleted, or no longer
+// matches the filter after a change, the next row becomes current, or the last one where none follows.
 class Recordset {
  public:
   Recordset() = default;
@@ -37,7 +37,7 @@ class Recordset {
   int State() const { return data_ == nullptr ? 0 : 1; }
   bool IsOpen() const { return data_ != nullptr; }
 
-  // Of the rows under the filter.
+  // Counts the rows under the filter.
   std::size_t RecordCount() const;
   bool Bof() const;
   bool Eof() const;
@@ -45,25 +45,25 @@ class Recordset {
   void MoveNext();
   void MovePrevious();
   void MoveLast();
-  // From 1, 0 when there is no current row; and the move to one.
+  // AbsolutePosition starts at 1 and is 0 without a current row; MoveTo moves to a position.
   std::size_t AbsolutePosition() const;
   void MoveTo(std::size_t position);
 
-  // Names the row itself: it holds whatever the filter does, also in a clone.
+  // Identifies the row itself: it stays valid under any filter, also in a clone.
   using RowMark = std::uint32_t;
   RowMark Bookmark() const;
-  void SetBookmark(RowMark mark);  // Error 3021 when the filter hides the row
+  void SetBookmark(RowMark mark);  // raises Error 3021 when the filter hides the row
 
-  // Comparisons of fields with numbers and 'texts', joined by AND and OR; "" shows all rows. Under a new
-  // filter the first row becomes the current one; when the filter goes, the current row stays.
+  // Comparisons of fields with numbers and 'texts', joined by AND and OR; "" shows all rows. A new filter
+  // makes the first matching row current; clearing the filter keeps the current row.
   void SetFilter(std::string_view condition);
   void ClearFilter() { SetFilter(""); }
-  // The rows with changes not yet brought to the database, in the order of the rows; a row added and deleted
-  // has none.
+  // Shows the rows with changes not yet written to the database, in row order; a row that was added and
+  // deleted is not among them.
   void FilterPending();
   const std::string& Filter() const { return filterText_; }
 
-  // Shares the rows and their changes; cursor and filter are the clone's own (first row, no filter).
+  // Shares the rows and their changes; the clone has its own cursor and filter (first row, no filter).
   std::unique_ptr<Recordset> Clone() const;
 
   const Columns& Fields() const;
@@ -71,27 +71,27 @@ class Recordset {
   CellView Get(std::string_view field) const { return Get(Ordinal(field)); }
   CellView Get(std::size_t column) const;
   Value OriginalValue(std::string_view field) const;  // as read from the database; null in a new row
-  // The whole current row, one view a column; until the next move or change.
+  // The whole current row, one view per column; valid until the next move or change.
   const CellView* Row() const;
-  // Any row under the filter, by its position from 1, without moving there; `cells` has room for a view a
-  // column.
+  // Reads any row under the filter by its position, from 1, without moving there; `cells` has room for one
+  // view per column.
   void Peek(std::size_t position, CellView* cells) const;
 
   void Set(std::string_view field, const Value& value);
   void AddNew();
   void Delete();
   void Update();
-  RecordStatus Status() const;  // of what is pending too
-  // What was changed in the current row so far counts as brought to the database: the row is no longer
-  // pending. Rows in sight stay in sight until the next filter; original values stay those that were read.
+  RecordStatus Status() const;  // includes pending changes
+  // Marks the changes of the current row as written to the database: the row is no longer pending. Visible
+  // rows stay visible until the next filter; original values stay those read.
   void AcceptCurrent();
-  // Runs what changes the current row and brings it to the database. Where that raises an error, the row is
-  // as it was, and the current one again.
+  // Runs a function that changes the current row and writes it to the database. If it raises an error, the
+  // row is restored and becomes current again, and the error propagates.
   template <class Store>
   void Attempt(const Store& store);
 
  private:
-  // What differs from the row as read: a change of one flag costs one value, not the row.
+  // Stores only the changed columns: a change of one flag costs one value, not a copy of the row.
   struct Change {
     std::size_t column;
     Value value;
@@ -101,14 +101,14 @@ class Recordset {
     Changes changes;
     RecordStatus status = RecordStatus::Modified;
   };
-  // What clones share.
+  // State shared by clones.
   struct Data {
     RowStore store;
     LockType lock = LockType::ReadOnly;
     std::size_t added = 0;
     bool anyDeleted = false;
     std::uint64_t version = 0;
-    std::unordered_map<RowMark, Edited> edited;  // rows changed, and those added behind the stored ones
+    std::unordered_map<RowMark, Edited> edited;  // changed rows, and rows added after the stored ones
     std::size_t rows() const { return store.size() + added; }
   };
   enum class Showing { All, Matching, Pending };
@@ -116,7 +116,7 @@ class Recordset {
   const Data& data() const;
   Data& data();
   Data& changeable();
-  const Edited* edited(RowMark row) const;  // null for a row as read
+  const Edited* edited(RowMark row) const;  // null for an unmodified row
   bool shows(RowMark row, const Edited& changed) const;
   void rebuild();
   void showAll();
@@ -135,11 +135,11 @@ class Recordset {
   Showing showing_ = Showing::All;
   std::string filterText_;
   RowFilter filter_;
-  std::vector<RowMark> visible_;  // only where not all rows show
-  std::int64_t position_ = -1;    // in the visible rows; -1 before the first, count behind the last
+  std::vector<RowMark> visible_;  // only where not all rows are shown
+  std::int64_t position_ = -1;    // index in the visible rows; -1 before the first, count after the last
   bool editing_ = false;          // between Set or AddNew and Update
   bool adding_ = false;
-  Changes pending_;  // of the current row
+  Changes pending_;  // changes of the current row
   mutable std::vector<CellView> cells_;
   mutable RowMark decoded_ = kNothing;
   mutable std::uint64_t decodedVersion_ = 0;

@@ -8,7 +8,7 @@
 namespace cu {
 namespace {
 
-// A cell is a tag and what the tag calls for. From kNulls on a tag is a run of nulls.
+// A cell is a tag followed by the data of its type. Tags from kNulls on encode a run of nulls.
 enum Tag : std::uint8_t {
   kInteger = 1,
   kDecimal = 2,
@@ -23,10 +23,10 @@ constexpr std::size_t kShortTextMax = kNulls - kShortText - 1;
 constexpr std::size_t kNullRunMax = 255 - kNulls;
 constexpr std::size_t kFirstChunk = 4096;
 constexpr std::size_t kLargestChunk = 1U << 20;
-constexpr std::size_t kWorthSharing = 12;  // a pointer and a length cost about as much
+constexpr std::size_t kWorthSharing = 12;  // a pointer and a length need about as much space
 
 std::uint64_t zigzag(std::int64_t value) {
-  // cppcheck-suppress shiftTooManyBitsSigned ; C++20 defines it: the sign fills all bits
+  // cppcheck-suppress shiftTooManyBitsSigned ; defined in C++20: the sign bit is replicated
   return (static_cast<std::uint64_t>(value) << 1) ^ static_cast<std::uint64_t>(value >> 63);
 }
 std::int64_t unzigzag(std::uint64_t value) {
@@ -59,7 +59,7 @@ std::size_t Columns::find(std::string_view name) const {
 void RowStore::setColumns(std::shared_ptr<const Columns> columns) { columns_ = std::move(columns); }
 
 void RowStore::grow(std::size_t more) {
-  // A row lies in one piece: what is written of it moves to the new chunk.
+  // A row is contiguous: its part written so far moves to the new chunk.
   const auto begun = static_cast<std::size_t>(end_ - rowStart_);
   chunkSize_ = chunkSize_ == 0 ? kFirstChunk : std::min(chunkSize_ * 2, kLargestChunk);
   const std::size_t size = std::max(chunkSize_, (begun + more) * 2);
@@ -68,7 +68,7 @@ void RowStore::grow(std::size_t more) {
   unsigned char* chunk = chunks_.back().get();
   if (begun > 0) {
     std::memcpy(chunk, rowStart_, begun);
-    // Texts of this very row may be pointed at from the old place, which stays.
+    // Shared texts of this row may point to the old chunk, which is kept.
   }
   rowStart_ = chunk;
   end_ = chunk + begun;

@@ -14,11 +14,11 @@ namespace cu {
 
 struct Column {
   std::string name;
-  ValueType type = ValueType::Null;  // Null where only the values tell
+  ValueType type = ValueType::Null;  // Null where only the values define it
 };
 
-// The columns of a result, in order. Names are looked up without regard to case; where two columns bear one
-// name, the first is meant.
+// The columns of a result, in order. Names are compared without case; for a duplicate name the first column
+// is found.
 class Columns {
  public:
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
@@ -32,8 +32,8 @@ class Columns {
   std::unordered_map<std::string, std::size_t> byName_;
 };
 
-// The rows of a result in memory, packed: a null costs a bit of a byte, a text its bytes. An engine appends
-// the cells of a row in the order of the columns; nothing is changed afterwards.
+// The rows of a result in memory, packed: a null takes a fraction of a byte, a text its bytes. An engine
+// appends the cells of a row in column order; stored rows do not change.
 class RowStore {
  public:
   RowStore() = default;
@@ -49,12 +49,13 @@ class RowStore {
   void decimal(Decimal value);
   void text(std::string_view value);
   void date(Date value);
-  void endRow();  // cells not given are null
+  void endRow();  // cells not appended are null
 
   std::size_t size() const { return rows_.size(); }
-  // Writes one view a column; `cells` has room for columns()->size(). The views live as long as the store.
+  // Writes one view per column; `cells` has room for columns()->size(). The views are valid as long as the
+  // store exists.
   void read(std::size_t row, CellView* cells) const { readFirst(row, columns_->size(), cells); }
-  // The same of the first `count` columns, and no more.
+  // Reads only the first `count` columns.
   void readFirst(std::size_t row, std::size_t count, CellView* cells) const;
   std::size_t bytes() const { return chunkBytes_; }
 
@@ -72,11 +73,11 @@ class RowStore {
   std::size_t chunkSize_ = 0;
   std::size_t chunkBytes_ = 0;
   unsigned char* rowStart_ = nullptr;
-  unsigned char* end_ = nullptr;    // behind the last byte written
-  unsigned char* limit_ = nullptr;  // behind the chunk
+  unsigned char* end_ = nullptr;    // after the last byte written
+  unsigned char* limit_ = nullptr;  // end of the chunk
   std::size_t nulls_ = 0;           // pending run
   std::vector<const unsigned char*> rows_;
-  std::vector<std::string_view> lastText_;  // a column's last long text, to be pointed at when it comes again
+  std::vector<std::string_view> lastText_;  // last long text of each column, which an equal text shares
   std::size_t column_ = 0;
 };
 

@@ -13,7 +13,7 @@ constexpr int kCellWidth = 196;
 constexpr int kMostColumns = 5;
 constexpr int kFewestColumns = 2;
 
-// Columns that a cell takes of those there are.
+// The number of columns that a cell takes.
 int spanOf(Cell::Width width, int columns) {
   switch (width) {
     case Cell::Width::Narrow:
@@ -36,7 +36,7 @@ void small(QWidget& title) {
 
 Cell::Cell(QWidget* parent) : QWidget(parent) {
   auto* column = new QVBoxLayout(this);
-  // Room for the line around the field that has the keyboard.
+  // Space for the focus line around the field.
   column->setContentsMargins(4, 0, 4, 4);
   column->setSpacing(1);
   column->addStretch(1);
@@ -60,7 +60,7 @@ void Cell::setContent(QWidget* content) {
   layout()->addWidget(content);
 }
 
-// A cell whose field is hidden takes no room.
+// A cell with a hidden field takes no space.
 bool Cell::eventFilter(QObject* watched, QEvent* event) {
   if (watched == content_ &&
       (event->type() == QEvent::HideToParent || event->type() == QEvent::ShowToParent)) {
@@ -91,12 +91,12 @@ void CellBox::resizeEvent(QResizeEvent* event) {
 }
 
 bool CellBox::event(QEvent* event) {
-  // The first layout comes before the first size.
+  // The first layout runs before the first resize.
   if (columns_ == 0 && event->type() == QEvent::Polish) arrange(kMostColumns - 1);
   return QWidget::event(event);
 }
 
-// Where each cell stands that takes so many columns.
+// The places of cells with these numbers of columns.
 std::vector<CellBox::Place> CellBox::places(const std::vector<int>& spans, int columns) const {
   std::vector<Place> found;
   int row = 0;
@@ -114,8 +114,8 @@ std::vector<CellBox::Place> CellBox::places(const std::vector<int>& spans, int c
   return found;
 }
 
-// Texts that may be long take what is free, as long as they stay in their row and that makes no further one;
-// a code with its description pushes nothing else into another one either.
+// Cells for long texts take the free columns, as long as they stay in their row and no row is added; nor does
+// a code with its description move another cell to the next row.
 std::vector<int> CellBox::spans(int columns) const {
   std::vector<int> found;
   for (const Cell* cell : cells_) found.push_back(spanOf(cell->width, columns));

@@ -9,7 +9,7 @@ class QGridLayout;
 
 namespace cu::desktop {
 
-// One box of a form: a small caption with the number of the box, the field below it.
+// One box of a form: a small caption with the number of the box, and the field below it.
 class Cell : public QWidget {
  public:
   explicit Cell(QWidget* parent);
@@ -17,10 +17,10 @@ class Cell : public QWidget {
   QString asks;  // the caption without its number
   void setTitle(QWidget* title);
   void setContent(QWidget* content);
-  // A code with its description wants more room than a list of choices, that more than an amount.
+  // A code with its description needs more space than a list of choices, which needs more than an amount.
   enum class Width { Narrow, Wide, Widest };
   Width width = Width::Narrow;
-  int mostColumns = 1;  // that it takes where some are free
+  int mostColumns = 1;  // the most columns it takes where some are free
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -29,8 +29,8 @@ class Cell : public QWidget {
   QWidget* content_ = nullptr;
 };
 
-// Boxes side by side, as many in a row as there is room for, in their order. Where a section asks for the
-// same again, the repetition stands below what it repeats.
+// Boxes side by side, as many per row as fit, in order. Where a section repeats a box, the repetition is
+// placed below the first one.
 class CellBox : public QWidget {
  public:
   explicit CellBox(QWidget* parent);

@@ -23,7 +23,7 @@ void drawEdge(QPainter& painter, const QStyleOption& option) {
   painter.restore();
 }
 
-// A box or a disc, filled where it is on.
+// A square or a circle, filled where it is on.
 void drawMark(QPainter& painter, const QStyleOption& option, bool round) {
   const bool enabled = (option.state & QStyle::State_Enabled) != 0;
   const bool on = (option.state & QStyle::State_On) != 0;
@@ -86,7 +86,7 @@ void ClearStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
 
 int ClearStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* returned) const {
-  // The line around what has the keyboard would be cut where its parent ends.
+  // The focus line would otherwise be clipped at the edge of its parent.
   if (hint == SH_FocusFrame_AboveWidget) return 1;
   if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
   return QProxyStyle::styleHint(hint, option, widget, returned);

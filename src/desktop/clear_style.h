@@ -4,7 +4,7 @@
 
 namespace cu::desktop {
 
-// The toolkit's style with edges that are seen on light and on dark grounds: marks, boxes, lists.
+// The toolkit's style with edges visible on light and dark backgrounds: marks, boxes, lists.
 class ClearStyle : public QProxyStyle {
  public:
   ClearStyle();

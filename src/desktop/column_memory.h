@@ -6,15 +6,14 @@
 
 namespace cu::desktop {
 
-// The widths and the order that a person has given the columns of a grid, kept for the person, not for the
-// program's data.
+// The user's widths and order of a grid's columns, stored per user and not with the program's data.
 class ColumnMemory {
  public:
   explicit ColumnMemory(const QString& grid);
-  // 0 where the person has said nothing.
+  // 0 where the user has set none.
   int width(const QString& field) const;
   void setWidth(const QString& field, int width);
-  // Fields from left to right; empty where the person has said nothing.
+  // Fields from left to right; empty where the user has set no order.
   QStringList order() const;
   void setOrder(const QStringList& fields);
   void forget();

@@ -38,7 +38,7 @@ LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), ta
   column->addWidget(head);
   column->addWidget(table_, 1);
 
-  // The kind of message is the same in every row and says nothing to a person; the message comes first.
+  // The kind of message is the same in every row and of no use to the user; the message is the first column.
   std::vector<std::size_t> order;
   for (std::size_t i = 0; i < log.columns.size(); ++i) {
     if (log.columns[i] == "Message") order.insert(order.begin(), i);
@@ -68,7 +68,7 @@ LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), ta
   }
   table_->setWordWrap(false);
   table_->resizeColumnsToContents();
-  // A long text does not push the others out of sight: it is cut, and told whole by its tooltip.
+  // A long text must not push the other columns out of view: it is cut, and its tooltip shows it in full.
   table_->setColumnWidth(0, std::min(table_->columnWidth(0), kMessageWidth));
   for (int at = 1; at < table_->columnCount(); ++at) {
     table_->setColumnWidth(at, std::min(table_->columnWidth(at), kTextWidth));
@@ -119,7 +119,7 @@ PrinterChooser::PrinterChooser(QWidget* parent)
   column->addLayout(form);
   const QStringList names = QPrinterInfo::availablePrinterNames();
   printers_->addItems(names);
-  // A printer that the machine does not list may be there all the same.
+  // A printer may be available without being listed.
   printers_->setEditable(true);
   printers_->setMinimumWidth(320);
   printers_->setAccessibleName(QStringLiteral("Stampante"));

@@ -12,7 +12,7 @@ class QTableWidget;
 
 namespace cu::desktop {
 
-// The log of what is missing: a table to be read, copied from, and closed.
+// The log of missing data: a table to read, copy from, and close.
 class LogDialog : public QDialog {
  public:
   LogDialog(QWidget* parent, const LogTable& log);

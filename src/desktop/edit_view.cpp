@@ -22,14 +22,15 @@
 namespace cu::desktop {
 namespace {
 
-// A line that is selected whole when the keyboard or the first click comes to it, so that typing replaces it.
-// It is not when only its window or a menu over it had been left for a while: the typing goes on.
+// A line that selects its whole content when it gets the focus by the keyboard or the first click, so that
+// typing replaces it. When the focus returns from another window or a menu, nothing is selected, and typing
+// continues.
 class Line : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
   QString keypadMark;
 
-  // The selection that a key replaces, while it does: a letter typed over its like is seen by it alone.
+  // The selection being replaced by a key: only this shows that a letter was typed over an equal one.
   struct Replaced {
     int at = 0;
     int count = 0;
@@ -72,7 +73,7 @@ class Line : public QLineEdit {
   bool away_ = false;
 };
 
-// What was done to `before` for `now`, with the cursor behind what was inserted.
+// The change from `before` to `now`; the cursor is after the inserted text.
 EditView::Difference difference(const std::u32string& before, const std::u32string& now, std::size_t cursor) {
   const std::size_t tail = now.size() - std::min(cursor, now.size());
   std::size_t behind = 0;
@@ -87,8 +88,8 @@ EditView::Difference difference(const std::u32string& before, const std::u32stri
 
 bool isControl(char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029; }
 
-// What a copied cell or paragraph brings along has no place in a line: at the ends it is left out, within the
-// text it is a blank. True when there was some.
+// Removes control characters, such as the line breaks of a copied cell or paragraph: at the ends they are
+// dropped, inside the text they become one blank. Returns whether there were any.
 bool makeOneLine(std::u32string& text) {
   std::u32string line;
   for (const char32_t c : text) {
@@ -104,13 +105,13 @@ bool makeOneLine(std::u32string& text) {
   return true;
 }
 
-// Whether what has been typed so far may become a date: "3", "31/0", "5/3/201", but not "31/02/2".
+// Whether the text may become a date: "3", "31/0", "5/3/201", but not "31/02/2".
 bool onItsWay(const QString& text) {
   static const QRegularExpression kBeginning(
       QStringLiteral("^(?:\\d{0,2}|\\d{1,2}/\\d{0,2}|(\\d{1,2}/\\d{1,2}/)\\d{0,3})$"));
   const QRegularExpressionMatch match = kBeginning.match(text);
   if (!match.hasMatch()) return false;
-  // Of 29 February the year decides.
+  // 29 February depends on the year.
   return !match.hasCaptured(1) || Date::parseItalian(utf8(match.captured(1) + QStringLiteral("2000")));
 }
 
@@ -141,7 +142,7 @@ EditView::EditView(FormWindow& window, EditBox& box, QWidget* parent)
   });
 }
 
-// The box has what was typed already; once the focus has gone it counts.
+// The box already has the text typed; when the focus leaves, it becomes final.
 void EditView::commit() {
   if (live() && box_.form().focus() != &box_) before_.reset();
 }
@@ -157,7 +158,7 @@ bool EditView::takeBack() {
 
 QList<QWidget*> EditView::focusWidgets() const { return {line_}; }
 
-// A key says itself what it replaced; of everything else the texts before and after tell.
+// For a key the replaced selection is known; for all other changes the texts before and after are compared.
 EditView::Difference EditView::whatWasDone(const std::u32string& before, const std::u32string& now) const {
   const QString text = QString::fromStdU32String(now);
   const int cursor = line_->cursorPosition();
@@ -263,7 +264,7 @@ void DateView::showNote() {
       none ? QStringLiteral("Non è una data: scrivere giorno, mese e anno, come 28/02/2017") : QString());
 }
 
-// "0503" is on its way to "05/03": the slash comes before the digit that follows day or month.
+// "0503" becomes "05/03": the slash is inserted before the digit after day or month.
 void DateView::edited(const QString& now) {
   const QString before = shown(date_.text());
   const bool appended = now.size() == before.size() + 1 && now.startsWith(before) && now.back().isDigit();

@@ -12,8 +12,8 @@ class QToolButton;
 
 namespace cu::desktop {
 
-// A box to type in. The widget lets the person type; what has changed is handed to the box as the one
-// character, paste or deletion that it was, and the box says what the text is.
+// A text box. The widget handles typing; each change is passed to the box as one character, paste or
+// deletion, and the box determines the text.
 class EditView : public View {
  public:
   EditView(FormWindow& window, EditBox& box, QWidget* parent);
@@ -22,7 +22,7 @@ class EditView : public View {
   bool takeBack() override;
   QLineEdit* line() const { return line_; }
 
-  // What a person has done to the content: characters from `at` on gave way to others.
+  // A change of the content by the user: `removed` characters from `at` were replaced by `inserted`.
   struct Difference {
     std::size_t at = 0;
     std::size_t removed = 0;
@@ -32,7 +32,7 @@ class EditView : public View {
  protected:
   void refresh() override;
   EditBox& box() const { return box_; }
-  // For a subclass that surrounds the line with more.
+  // For a subclass that adds widgets around the line.
   void surround(QWidget* with) { setWidget(with); }
   virtual void edited(const QString& now);
 
@@ -41,7 +41,7 @@ class EditView : public View {
   EditBox& box_;
   QLineEdit* line_;
 
-  // The content before the first thing typed since the focus came.
+  // The content before the first change since the box got the focus.
   struct Before {
     std::string text;
     Event restore;
@@ -49,14 +49,14 @@ class EditView : public View {
   std::optional<Before> before_;
 };
 
-// Amounts and numbers stand at the right; the decimal key of the keypad types the currency's mark.
+// Amounts and numbers are right-aligned; the decimal key of the keypad types the currency's mark.
 class NumericView : public EditView {
  public:
   NumericView(FormWindow& window, EditBox& box, QWidget* parent, const std::string& decimalPoint);
 };
 
-// A date: the slashes come by themselves where they belong, and a calendar opens beside it. A note says
-// beside the box that what was typed is no date, as soon as it cannot become one.
+// A date: the slashes are inserted automatically, and a calendar can be opened. A note next to the box
+// reports a text that is no date, as soon as it cannot become one.
 class DateView : public EditView {
  public:
   DateView(FormWindow& window, DateBox& box, QWidget* parent);
@@ -69,10 +69,10 @@ class DateView : public EditView {
   DateBox& date_;
   QToolButton* opener_;
   QLabel* note_;
-  QObject watching_;  // ends with the view, which goes before its widgets do
+  QObject watching_;  // destroyed with the view, before its widgets
 };
 
-// How a box's background is drawn.
+// Selects how a box's background is drawn.
 void paintBackground(QWidget& widget, Background background);
 
 }  // namespace cu::desktop

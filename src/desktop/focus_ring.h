@@ -4,7 +4,7 @@
 
 namespace cu::desktop {
 
-// A line around whatever has the keyboard, the same for every kind of widget.
+// A line around the widget with the focus, the same for every kind of widget.
 class FocusRing : public QFocusFrame {
  public:
   explicit FocusRing(QWidget* window);

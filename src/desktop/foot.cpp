@@ -9,7 +9,7 @@
 namespace cu::desktop {
 namespace {
 
-// One line that is cut where the window is too narrow; the tooltip then has the whole text.
+// One line that is cut where the window is too narrow; the tooltip then shows the whole text.
 class FootLine : public QLabel {
  public:
   using QLabel::QLabel;
@@ -40,7 +40,7 @@ class FootLine : public QLabel {
   QString whole_;
 };
 
-// A link is pressed by Enter too: the key has no other meaning here.
+// Enter activates a link too: the key has no other meaning here.
 class PathLink : public QToolButton {
  public:
   using QToolButton::QToolButton;
@@ -71,14 +71,15 @@ Foot::Foot(QWidget* parent, std::function<void(const QString&)> open)
   row->addWidget(folder_);
   row->addStretch(1);
   row->addWidget(bar_);
-  words_->setMinimumHeight(file_->sizeHint().height());  // the links come and go without moving anything
+  words_->setMinimumHeight(
+      file_->sizeHint().height());  // the links appear and disappear without moving anything
   words_->setTextFormat(Qt::PlainText);
   words_->setAccessibleDescription(QStringLiteral("Stato"));
   bar_->setFixedWidth(220);
   bar_->setFixedHeight(14);
   bar_->setTextVisible(false);
   bar_->setAccessibleName(QStringLiteral("Avanzamento"));
-  // The bar keeps its place when there is nothing to show, so that nothing jumps.
+  // The bar keeps its space when it is hidden, so that nothing moves.
   QSizePolicy place = bar_->sizePolicy();
   place.setRetainSizeWhenHidden(true);
   bar_->setSizePolicy(place);

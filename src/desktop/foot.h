@@ -10,13 +10,13 @@ namespace cu::desktop {
 
 class Status;
 
-// The foot of the main window: what is being done and how far it is, and otherwise what came of it.
+// The foot of the main window: the running operation and its progress, otherwise the result of the last one.
 class Foot : public QWidget {
  public:
-  // `open` is called with the file or the folder that the person wants to see.
+  // `open` is called with the file or folder to open.
   Foot(QWidget* parent, std::function<void(const QString& path)> open);
   void tell(const QString& what, std::size_t done, std::size_t total);
-  void rest(const Status& status);  // nothing is being done
+  void rest(const Status& status);  // no operation is running
   QString words() const;
   bool working() const { return working_; }
   int percent() const { return bar_->maximum() > 0 ? bar_->value() : -1; }

@@ -25,9 +25,9 @@ namespace cu::desktop {
 namespace {
 
 constexpr int kMargin = 12;
-constexpr int kNarrowBelow = 860;  // the band shows numbers only
+constexpr int kNarrowBelow = 860;  // below it the band shows only numbers
 
-// Tells the band how wide the window is.
+// Passes the window's width to the band.
 class BandWidth : public QObject {
  public:
   BandWidth(FormWindow& window, BandView& band) : QObject(&window), window_(window), band_(band) {
@@ -43,13 +43,13 @@ class BandWidth : public QObject {
   BandView& band_;
 };
 
-// What a form has at its top level, by the place it takes.
+// The top-level controls of a form, by their place.
 struct Parts {
   Control* menu = nullptr;
   Control* band = nullptr;
   std::vector<Frame*> pages;
   std::vector<Control*> content;
-  std::vector<Control*> above;   // buttons and links over the pages
+  std::vector<Control*> above;   // buttons and links above the pages
   std::vector<Control*> bottom;  // the buttons at the foot
 };
 
@@ -69,7 +69,8 @@ Parts partsOf(FormWindow& window) {
       parts.content.push_back(control);
     }
   }
-  // The buttons that close the form stand at its foot; where it has pages, its other ones stand above them.
+  // The buttons that close the form are placed at its foot; where it has pages, the others are placed above
+  // them.
   while (!parts.content.empty() && kindOf(*parts.content.back()) == Kind::Button) {
     parts.bottom.insert(parts.bottom.begin(), parts.content.back());
     parts.content.pop_back();
@@ -86,7 +87,7 @@ Parts partsOf(FormWindow& window) {
   return parts;
 }
 
-// The box beside a grid in which a person looks for a payee.
+// The box next to a grid in which the user searches for a payee.
 void addSearch(FormWindow& window, QBoxLayout& column, Grid& grid, GridView& view) {
   auto* row = new QHBoxLayout;
   auto* caption = new QLabel(QStringLiteral("C&erca percipiente"), column.parentWidget());
@@ -104,7 +105,7 @@ bool hasGrid(const std::vector<Control*>& controls) {
                      [](Control* control) { return dynamic_cast<Grid*>(control) != nullptr; });
 }
 
-// A page around a grid: what stands before the grid, the grid as large as there is room, what stands behind.
+// A page with a grid: the controls before the grid, the grid with all free space, the controls after it.
 void layOutGridPage(FormWindow& window, Frame& page) {
   Layouter layouter(window);
   QWidget* const into = window.view(page)->widget();
@@ -130,7 +131,7 @@ void layOutGridPage(FormWindow& window, Frame& page) {
   }
   layouter.fillRow(*buttonRow, buttons);
   buttonRow->addStretch(1);
-  // The fields of the row that the grid shows: below it, scrolling.
+  // The fields of the grid's current row: below it, scrollable.
   for (Frame* frame : frames) {
     layouter.fillFrame(*frame);
     auto* area = new ContentArea(into);
@@ -178,7 +179,7 @@ void layOutBottom(FormWindow& window, QBoxLayout& root, const Parts& parts) {
   Layouter(window).fillRow(*row, parts.bottom);
 }
 
-// The frame of the wizard's buttons: help at the left, the way on at the right.
+// The frame of the wizard's buttons: help at the left, forward at the right.
 void layOutNavigation(FormWindow& window, QBoxLayout& root, const std::vector<Control*>& content) {
   Layouter layouter(window);
   for (Control* control : content) {
@@ -231,7 +232,7 @@ void layOutDialog(FormWindow& window, QBoxLayout& root, const Parts& parts) {
   Layouter layouter(window);
   layouter.fill(content, parts.content);
   if (auto* const grid = content->layout()) grid->setContentsMargins(kMargin, kMargin, kMargin, 0);
-  // Wide enough for texts to be read in few lines; sections with boxes want more.
+  // Wide enough for texts to take few lines; sections with boxes need more.
   const bool sections = std::any_of(parts.content.begin(), parts.content.end(),
                                     [](Control* control) { return kindOf(*control) == Kind::Frame; });
   constexpr int kTextWidth = 460;
@@ -271,8 +272,8 @@ void showShrunk(FormWindow& window) {
                      [&window] { fitHeight(window, window.screen()->availableGeometry().height()); });
 }
 
-// Boxes and texts that wrap say only in their window how high they are, and are placed anew at another
-// height.
+// The height of boxes and wrapping texts is known only in their window; another height requires another
+// placement.
 void fitHeight(FormWindow& window, int room) {
   constexpr int kTries = 4;
   for (int i = 0; i < kTries; ++i) {

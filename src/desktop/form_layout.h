@@ -4,13 +4,13 @@ namespace cu::desktop {
 
 class FormWindow;
 
-// Makes the views of a form and places them: the wizard and the editors in their own arrangement, every other
-// form by its frames.
+// Creates the views of a form and places them: the wizard and the editors in their own arrangement, every
+// other form by its frames.
 void layOut(FormWindow& window);
 
-// Shows a form of which only a part is left in a window of that size.
+// Shows a form of which only a part is visible in a window of that size.
 void showShrunk(FormWindow& window);
-// Makes a window on the screen as high as its content, as far as the screen has room; it is told how much.
+// Makes a window on the screen as high as its content, up to `room`.
 void fitHeight(FormWindow& window, int room);
 
 }  // namespace cu::desktop

@@ -40,7 +40,7 @@ const Frame* stageOf(const Form& form) {
   return nullptr;
 }
 
-// Of the options of a frame, one of which has the focus, the one that is on; null where there is none.
+// The option that is on, among the options of the focused option's frame; null where there is none.
 Control* optionOn(const Form& form) {
   const auto* const focus = dynamic_cast<const Option*>(form.focus());
   if (focus == nullptr) return nullptr;
@@ -133,8 +133,8 @@ void FormWindow::afterEvent() {
   if (!frontEnd_.busy()) enterStage();
 }
 
-// On another stage the focus is where the work begins, and never on an option that is off: the next Space
-// would choose it.
+// On a new stage the focus is where the work begins, and never on an option that is off: the next Space would
+// select it.
 void FormWindow::enterStage() {
   const Frame* const stage = stageOf(*form_);
   if (std::exchange(stageShown_, stage) == stage) return;
@@ -152,12 +152,12 @@ void FormWindow::formChanged() {
   showShrunk(*this);
 }
 
-// The window's focus follows the form's.
+// Sets the window's focus to the form's.
 void FormWindow::syncFocus() {
   const Control* const wanted = form_->focus();
   QWidget* const has = focusWidget();
   const auto showing = byWidget_.find(has);
-  // A field of the window's own keeps the keyboard until the form gives the focus to somebody else.
+  // A field that belongs to the window only keeps the keyboard until the form's focus changes.
   const bool same = std::exchange(focusShown_, wanted) == wanted;
   if (same && has != nullptr && showing == byWidget_.end()) return;
   if (wanted == nullptr) {
@@ -173,7 +173,7 @@ void FormWindow::syncFocus() {
   syncingFocus_ = false;
 }
 
-// The form's focus follows the window's.
+// Sets the form's focus to the window's.
 void FormWindow::takeFocus(View& taken, QWidget* widget) {
   if (QScrollArea* const area = areaAround(widget)) area->ensureWidgetVisible(widget, 24, 40);
   if (syncingFocus_ || !live() || frontEnd_.busy() || !taken.live()) return;
@@ -184,8 +184,8 @@ void FormWindow::takeFocus(View& taken, QWidget* widget) {
   }
 }
 
-// The keyboard leaves a widget. Where it goes to another control the focus rule has what was typed handed
-// over together with the focus; everywhere else the form's focus stays, and it is handed over here.
+// Called when the keyboard focus leaves a widget. If it moves to another control, the focus rule commits the
+// typed text; otherwise the form's focus does not change, and the text is committed here.
 void FormWindow::keyboardGone(View& left) {
   if (frontEnd_.busy()) return;
   const auto next = byWidget_.find(QApplication::focusWidget());
@@ -202,7 +202,7 @@ bool FormWindow::key(QKeyEvent* event) {
   const auto showing = byWidget_.find(focusWidget());
   View* const view = showing == byWidget_.end() ? nullptr : showing->second;
   if (pressed.code == 27 && view != nullptr && view->takeBack()) return true;
-  // A key in a field of the view's own is the view's, but for those that the whole form listens to.
+  // The view handles a key in its own field, except the keys of the whole form.
   Control* const focus = view == nullptr ? nullptr : form_->focus();
   const bool enter = pressed.code == 13;
   if (enter && view != nullptr) act([view] { view->commit(); });
@@ -212,7 +212,7 @@ bool FormWindow::key(QKeyEvent* event) {
     consumed = view->keyDown(pressed.code, pressed.shift);
     if (!consumed && pressed.code == 27) return cancel();
   } else {
-    // Enter presses the button that has the focus, elsewhere the default one.
+    // Enter presses the focused button, otherwise the default one.
     Form& form = *form_;
     auto* const button = dynamic_cast<Button*>(focus);
     Button* const byEnter = button != nullptr ? button : form.defaultButton;
@@ -226,7 +226,7 @@ bool FormWindow::key(QKeyEvent* event) {
   return consumed || !live();
 }
 
-// Esc in a grid, whose other keys are its own. False where the form has no button for it.
+// Esc in a grid, which handles its other keys itself. Returns false where the form has no button for it.
 bool FormWindow::cancel() {
   if (!live() || form_->cancelButton == nullptr || !form_->cancelButton->available()) return !live();
   Button& button = *form_->cancelButton;
@@ -263,7 +263,7 @@ void FormWindow::addScrollArea(QScrollArea* area) {
   });
 }
 
-// The bar in the form has few steps, the one on the screen many: only a change of the form's moves the
+// The form's scroll bar has few steps, the one on the screen many: only a change of the form's moves the
 // screen's.
 void FormWindow::syncScroll() {
   const Form::Scroll* const scroll = form_->scroll();
@@ -275,7 +275,7 @@ void FormWindow::syncScroll() {
   }
 }
 
-// A person has moved the bar on the screen: the form's follows, step by step.
+// The user has moved the bar on the screen: the form's bar follows in steps.
 void FormWindow::barMoved(const QScrollArea* area) {
   const QScrollBar* const bar = area->verticalScrollBar();
   if (!live() || bar->maximum() <= 0 || form_->scroll() == nullptr) return;
@@ -300,7 +300,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
       break;
     }
     case QEvent::FocusOut: {
-      // A menu over the window gives the keyboard back.
+      // A menu over the window returns the keyboard focus.
       if (static_cast<QFocusEvent*>(event)->reason() == Qt::PopupFocusReason) break;
       const auto found = byWidget_.find(watched);
       if (found != byWidget_.end()) keyboardGone(*found->second);
@@ -314,7 +314,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
       break;
     }
     case QEvent::Wheel: {
-      // A list's choice does not change because the page is scrolled over it.
+      // The wheel must not change a list's choice while it scrolls the page.
       auto* const turned = static_cast<QWheelEvent*>(event);
       if (wheel(turned)) return true;
       if (qobject_cast<QComboBox*>(watched) != nullptr) {
@@ -330,12 +330,12 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-  // Only what no control has had: the focus is nowhere.
+  // Only keys that no control has received: nothing has the focus.
   if (live() && byWidget_.find(focusWidget()) == byWidget_.end() && key(event)) return;
   QWidget::keyPressEvent(event);
 }
 
-// A click beside the controls takes the focus away, as it ends the typing in a field.
+// A click beside the controls removes the focus, which ends typing in a field.
 void FormWindow::mousePressEvent(QMouseEvent* event) {
   QWidget::mousePressEvent(event);
   if (!live() || form_->focus() == nullptr) return;
@@ -345,7 +345,7 @@ void FormWindow::mousePressEvent(QMouseEvent* event) {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  // Some window managers let the close box of a window through that waits behind a modal one.
+  // Some window managers pass the close box on to a window that is blocked by a modal one.
   QWidget* const modal = QApplication::activeModalWidget();
   if (!live() || frontEnd_.busy() || (modal != nullptr && modal != this)) return;
   if (!frontEnd_.mayClose(*form_)) return;

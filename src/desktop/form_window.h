@@ -15,8 +15,8 @@ namespace cu::desktop {
 class Foot;
 class QtFrontEnd;
 
-// The window of a form: a view for each control, the focus kept equal in window and form, keys, wheel and
-// close box handed over as the form expects them.
+// The window of a form: creates a view for each control, keeps the focus of window and form equal, and passes
+// keys, wheel and close box to the form.
 class FormWindow : public QWidget {
  public:
   FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent);
@@ -25,24 +25,23 @@ class FormWindow : public QWidget {
   QtFrontEnd& frontEnd() const { return frontEnd_; }
   Form& form() const { return *form_; }
   bool live() const { return form_ != nullptr; }
-  // The form is closed. `alive`: its controls are still there and are told that nobody shows them any more.
+  // The form is closed. `alive`: its controls still exist and are notified that they have no view any more.
   void detach(bool alive);
 
   View* view(const Control& control) const;
-  // For the layout: makes the view of a control, its widget a child of `parent`.
+  // For the layout: creates the view of a control; its widget is a child of `parent`.
   View& make(Control& control, QWidget* parent);
-  // A widget of the view's own, with no control behind it, in the order of tabbing before `control`. Enter
-  // and Esc are its own as well.
+  // A widget of the view without a control, before `control` in tab order. It handles Enter and Esc itself.
   void addExtra(QWidget* extra, const Control& before);
 
   void act(Control& control, const Event& event);
-  void act(const Event& event);  // of the form itself
+  void act(const Event& event);  // an event of the form itself
 
   Foot* foot() const { return foot_; }
   void setFoot(Foot* foot) { foot_ = foot; }
-  // The views look again at what may have moved without telling.
+  // The views refresh what the event may have changed without notification.
   void afterEvent();
-  // The scrolling bar of the form is that of whichever of these is visible.
+  // The visible one of these areas is the form's scroll bar.
   void addScrollArea(QScrollArea* area);
 
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,4 +1,4 @@
-// Boxes and dialogs that a person answers.
+// Boxes and dialogs answered by the user.
 
 #include <QFileDialog>
 #include <QFileIconProvider>
@@ -62,7 +62,7 @@ std::vector<Answer> answersOf(BoxButtons buttons) {
   return {Answer::Ok};
 }
 
-// What the close box and Esc stand for: the way back, where there is one.
+// The answer of the close box and Esc: the safe one, where there is one.
 Answer escapeOf(BoxButtons buttons) {
   switch (buttons) {
     case BoxButtons::Ok:
@@ -76,7 +76,7 @@ Answer escapeOf(BoxButtons buttons) {
   return Answer::Cancel;
 }
 
-// The toolkit's own words for the kinds of files are not translated.
+// The toolkit does not translate its names of file kinds.
 class Kinds : public QFileIconProvider {
  public:
   QString type(const QFileInfo& file) const override {
@@ -86,13 +86,13 @@ class Kinds : public QFileIconProvider {
   }
 };
 
-// The ending in a filter such as "File PDF (*.pdf)"; empty where it has none.
+// The extension in a filter such as "File PDF (*.pdf)"; empty where it has none.
 QString endingOf(const QString& filter) {
   static const QRegularExpression kPattern(QStringLiteral("\\*\\.(\\w+)"));
   return kPattern.match(filter).captured(1);
 }
 
-// Wide enough for captions and dates to be read whole.
+// Wide enough to show captions and dates in full.
 void makeReadable(QFileDialog& dialog, Kinds& kinds) {
   dialog.setIconProvider(&kinds);
   auto* const details = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
@@ -141,7 +141,7 @@ void QtFrontEnd::error(const Error& error) {
   run(dialog);
 }
 
-// The window's own question before something is lost. The way back is the default.
+// The window's own confirmation before data is discarded. The safe answer is the default.
 bool QtFrontEnd::mayLose(const Form& form, const std::string& lost, const char* explanation,
                          const char* onCaption) {
   if (lost.empty()) return true;
@@ -171,7 +171,7 @@ bool QtFrontEnd::mayDrop(const Form& form, const std::string& lost) {
 }
 
 std::string QtFrontEnd::chooseFolder(const std::string& title, const std::optional<std::string>& start) {
-  Kinds kinds;  // outlives the dialog, which reads folders on a thread of its own
+  Kinds kinds;  // outlives the dialog, which reads folders in a thread of its own
   QFileDialog dialog(parentForDialog(), shown(title), shown(start.value_or(std::string())));
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setOption(QFileDialog::ShowDirsOnly);
@@ -191,7 +191,7 @@ std::optional<std::string> QtFrontEnd::chooseFileToSave(const std::string& title
   Kinds kinds;
   QFileDialog dialog(parentForDialog(), shown(title), QString(), shown(filter));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
-  // Whether a file may be replaced is asked for the name that is written, which gets this ending.
+  // The overwrite question is then asked for the name actually written, with this extension.
   dialog.setDefaultSuffix(endingOf(shown(filter)));
   makeReadable(dialog, kinds);
   if (!start.empty()) dialog.selectFile(shown(start));

@@ -72,7 +72,7 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   paintCurrent(painter, option, index);
 }
 
-// Among highlighted rows the current one bears a line above and below.
+// Among highlighted rows the current one has a line above and below.
 void CellPainter::paintCurrent(QPainter* painter, const QStyleOptionViewItem& option,
                                const QModelIndex& index) {
   const auto* const table = qobject_cast<const QTableView*>(option.widget);
@@ -98,7 +98,7 @@ void CellPainter::paintMark(QPainter* painter, const QStyleOptionViewItem& optio
   mark.initFrom(widget);
   mark.rect = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, {side, side}, option.rect);
   mark.state = QStyle::State_Enabled;
-  // On the colour of the selection arrow and mark take the colours of a text that is selected.
+  // On the selection colour, arrow and mark have the colour of selected text.
   const bool selected = option.state.testFlag(QStyle::State_Selected);
   if (menu) {
     mark.palette = cell.palette;

@@ -5,7 +5,7 @@
 
 namespace cu::desktop {
 
-// A header whose captions wrap, as high as the highest of them needs.
+// A header with wrapping captions, as high as the highest of them.
 class WrappedHeader : public QHeaderView {
  public:
   explicit WrappedHeader(QWidget* parent);
@@ -20,7 +20,8 @@ class WrappedHeader : public QHeaderView {
   int height_ = 0;
 };
 
-// Flags as marks, the row menu as its arrow, everything else as text; the current row with lines around it.
+// Draws flags as marks, the row menu as its arrow, everything else as text; the current row with lines around
+// it.
 class CellPainter : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;

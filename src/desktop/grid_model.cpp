@@ -129,7 +129,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return QVariant(aligned(column(index.column()).alignment));
     case Qt::AccessibleTextRole: {
       if (isMenu(index.column())) return QStringLiteral("Menu della riga");
-      // The caption of a flag may be a count, which says nothing of the row.
+      // The caption of a flag may be a count, which does not describe the row.
       const QString caption = isFlag(index.column()) && countOnly(shown(column(index.column()).caption))
                                   ? QStringLiteral("Selezione")
                                   : shown(column(index.column()).caption);

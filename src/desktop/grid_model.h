@@ -9,20 +9,20 @@
 
 namespace cu::desktop {
 
-// A caption without a letter: the number of rows that are on. It is one word.
+// Whether the caption has no letter: it is the number of rows that are on.
 bool countOnly(const QString& caption);
 QString unbroken(const QString& caption);
 
-// The rows of a grid where they lie: a cell is read when it is shown.
+// The rows of a grid, read in place: a cell is read when it is shown.
 class GridModel : public QAbstractTableModel {
  public:
   explicit GridModel(Grid& grid, QObject* parent = nullptr);
 
-  // The grid has changed: columns, rows, or what stands in them.
+  // Called when the grid's columns, rows or values have changed.
   void refresh();
   void detach() { grid_ = nullptr; }
-  // The rows are being worked on, filtered to one as likely as not, and the grid has not told of it: what is
-  // on the screen stays.
+  // The rows are being processed (usually filtered to one) without a notification of the grid: the screen is
+  // not updated.
   bool held() const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -32,20 +32,20 @@ class GridModel : public QAbstractTableModel {
 
   const GridColumn& column(int index) const { return columns_[static_cast<std::size_t>(index)]; }
   bool isFlag(int column) const;
-  // The row's menu opens from a column without field and caption.
+  // A column without field and caption opens the row's menu.
   bool isMenu(int column) const;
   std::optional<int> columnOf(std::string_view field) const;
   QString text(int row, int column) const;
   bool flag(int row, int column) const;  // as drawn
-  // The first row from `from` on, going round, whose text in the column has what is looked for; the rows
-  // that begin with it come before those that have it further on. -1 when there is none.
+  // Returns the first row from `from`, cyclically, whose text in the column contains `what`; rows that begin
+  // with it come before the others. -1 when there is none.
   int find(const QString& what, int column, int from) const;
-  // The one behind `row`, which has it as a rule: all that begin with it, then all that have it further on,
-  // and round again.
+  // Returns the match after `row`: all rows that begin with the text, then all others that contain it,
+  // cyclically.
   int findNext(const QString& what, int column, int row) const;
 
  private:
-  // A cell as it is drawn; while the rows are held, as it was drawn last.
+  // A cell as drawn; while the rows are held, as last drawn.
   struct Drawn {
     QString text;
     bool flag = false;
@@ -59,7 +59,7 @@ class GridModel : public QAbstractTableModel {
   int rows_ = 0;
   mutable std::vector<CellView> cells_;
   mutable int cached_ = -1;
-  // The cells drawn lately; what has not been drawn for long is forgotten with the older ones.
+  // The recently drawn cells in two generations, of which the older one is discarded.
   using Places = QHash<qint64, Drawn>;
   mutable Places drawn_;
   mutable Places drawnBefore_;

@@ -55,13 +55,13 @@ void GridTable::setCurrent(int row) {
 
 void GridTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
-  // The mark of the current row is as wide as the row.
+  // The mark of the current row covers the whole row.
   viewport()->update();
   if (!setting_ && current.isValid() && current.row() != previous.row()) view_.rowChosen(current.row());
 }
 
-// Ctrl with Home or End goes to the first or last row; the toolkit would go to the last column as well, and
-// scroll the first ones out of sight.
+// Ctrl with Home or End moves to the first or last row; the toolkit would also move to the last column, and
+// scroll the first ones out of view.
 QModelIndex GridTable::moveCursor(CursorAction action, Qt::KeyboardModifiers held) {
   const bool far = held.testFlag(Qt::ControlModifier) && (action == MoveHome || action == MoveEnd);
   const QModelIndex current = currentIndex();
@@ -69,7 +69,7 @@ QModelIndex GridTable::moveCursor(CursorAction action, Qt::KeyboardModifiers hel
   return model()->index(action == MoveHome ? 0 : model()->rowCount() - 1, current.column());
 }
 
-// Ctrl with an arrow, Home or End moves far, and takes the highlight along; with Shift it highlights all rows
+// Ctrl with an arrow, Home or End moves far, and moves the highlight too; with Shift it highlights all rows
 // up to there.
 QItemSelectionModel::SelectionFlags GridTable::selectionCommand(const QModelIndex& index,
                                                                 const QEvent* event) const {
@@ -83,8 +83,8 @@ QItemSelectionModel::SelectionFlags GridTable::selectionCommand(const QModelInde
          QItemSelectionModel::Rows;
 }
 
-// A click with Ctrl may have taken the highlight from the current row: the nearest highlighted one becomes
-// the current row; without any the row is highlighted again.
+// A click with Ctrl may have removed the highlight from the current row: the nearest highlighted row then
+// becomes the current one; if there is none, the row is highlighted again.
 void GridTable::highlightCurrent() {
   const QModelIndex current = currentIndex();
   if (!current.isValid() || selectionModel()->isRowSelected(current.row())) return;
@@ -102,7 +102,7 @@ void GridTable::highlightCurrent() {
 
 void GridTable::mousePressEvent(QMouseEvent* event) {
   const QModelIndex at = indexAt(event->pos());
-  // Asked before the press: the toolkit would highlight the row in spite of the answer.
+  // Confirmed before the press: otherwise the toolkit would highlight the row in spite of the answer.
   const bool allowed = !at.isValid() || view_.goTo(at.row());
   pressed_ = allowed && event->button() == Qt::LeftButton ? at : QModelIndex();
   if (!allowed) return;
@@ -147,10 +147,10 @@ void GridTable::keyPressEvent(QKeyEvent* event) {
     view_.doubleClicked(currentIndex().row());
     return;
   }
-  // The space bar is the grid's own key; it selects nothing here.
+  // The space bar is a key of the grid; it selects nothing here.
   if (event->key() == Qt::Key_Space) return;
   QTableView::keyPressEvent(event);
-  // The toolkit highlights the row that the key leads to even where the move was refused.
+  // The toolkit highlights the target row of the key even where the move was rejected.
   const QModelIndex current = currentIndex();
   if (!current.isValid() || selectionModel()->isRowSelected(current.row())) return;
   selectionModel()->select(current, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
@@ -187,7 +187,7 @@ void GridView::refresh() {
   table_->setCurrent(static_cast<int>(grid_.row()) - 1);
 }
 
-// The rows have a cursor of their own that the system moves without the grid.
+// The recordset's cursor may be moved without the grid.
 void GridView::afterEvent() {
   if (live() && !model_.held()) table_->setCurrent(static_cast<int>(grid_.row()) - 1);
 }
@@ -196,14 +196,14 @@ int GridView::widthOf(int column) const {
   const GridColumn& of = model_.column(column);
   const int kept = memory_.width(shown(of.field));
   if (kept > 0) return kept;
-  // A caption is never cut: the longest of its words fits, and the count of all rows.
+  // A caption is never cut: its longest word fits, and the count of all rows.
   QString caption = shown(of.caption);
   if (countOnly(caption)) caption = unbroken(QStringLiteral("[ %1 ]").arg(model_.rowCount()));
   int words = 0;
   for (const QString& word : caption.split(u' ')) {
     words = std::max(words, table_->horizontalHeader()->fontMetrics().horizontalAdvance(word) + 14);
   }
-  // Nor are the texts of the rows that are seen first, within reason.
+  // Nor are the texts of the first rows, up to a limit.
   constexpr int kSample = 60;
   constexpr int kWidest = 300;
   int texts = 0;
@@ -216,7 +216,7 @@ int GridView::widthOf(int column) const {
 void GridView::placeColumns() {
   QString columns;
   for (const GridColumn& column : grid_.columns()) columns += shown(column.field) + u'|';
-  // The rows come after the columns: widths are found again when the first ones are there.
+  // The rows are loaded after the columns: widths are computed again when the first rows are there.
   columns += model_.rowCount() > 0 ? u'1' : u'0';
   if (columns == placed_) return;
   placed_ = columns;
@@ -247,7 +247,7 @@ void GridView::rememberOrder() {
 bool GridView::goTo(int row) {
   const std::size_t wanted = static_cast<std::size_t>(row) + 1;
   if (!live() || !grid_.drops) return true;
-  std::optional<bool> asks;  // none where that could not be found out
+  std::optional<bool> asks;  // none where it could not be determined
   window().frontEnd().runEvent([&] { asks = !grid_.drops(wanted).empty(); });
   if (!asks || !*asks) return asks.has_value();
   bool allowed = false;
@@ -368,7 +368,7 @@ bool GridView::search(const QString& text, bool following) {
   const int found = following ? model_.findNext(text, searchColumn(), current)
                               : model_.find(text, searchColumn(), std::max(0, current));
   if (found < 0) return false;
-  // Only the row moves: the typing goes on where it is.
+  // Only the row changes: the focus stays where it is.
   FormWindow& shownIn = window();
   shownIn.act([&] { grid_.selectRow(static_cast<std::size_t>(found) + 1); });
   return true;

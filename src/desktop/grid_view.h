@@ -11,12 +11,12 @@ namespace cu::desktop {
 
 class GridView;
 
-// The table widget of a grid: mouse and keys become the grid's events. The current row is always highlighted,
-// and marked where others are highlighted too.
+// The table widget of a grid: converts mouse and keys into the grid's events. The current row is always
+// highlighted, and marked where others are highlighted too.
 class GridTable : public QTableView {
  public:
   GridTable(GridView& view, QWidget* parent);
-  void setCurrent(int row);  // without a person's event
+  void setCurrent(int row);  // without a user event
 
  protected:
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers held) override;
@@ -38,8 +38,8 @@ class GridTable : public QTableView {
   bool setting_ = false;
 };
 
-// A grid: its rows on a virtual model, the current row kept equal, the person's own widths and order of
-// columns, copying, and a search that moves to a row and changes nothing else.
+// A grid: its rows in a virtual model, the current row synchronised, the user's widths and order of columns,
+// copying, and a search that only changes the current row.
 class GridView : public View {
  public:
   GridView(FormWindow& window, Grid& grid, QWidget* parent);
@@ -54,8 +54,8 @@ class GridView : public View {
   GridTable& table() const { return *table_; }
   GridModel& model() { return model_; }
 
-  // A person's events.
-  // The row is about to be pressed. False when the person will not have dropped what goes with another row.
+  // User events. goTo() is called before a row is pressed; returns false when the user does not confirm what
+  // selecting another row discards.
   bool goTo(int row);
   void rowChosen(int row);
   void cellPressed(int row, int column);
@@ -63,8 +63,8 @@ class GridView : public View {
   void doubleClicked(int row);
   void openRowMenu();
   void copySelection();
-  // Moves to a row that has the text: the nearest one from the current row on, or the one that follows it.
-  // False when there is none.
+  // Moves to a row that contains the text: the nearest one from the current row, or the next match. Returns
+  // false when there is none.
   bool search(const QString& text, bool following);
 
  private:
@@ -81,7 +81,7 @@ class GridView : public View {
   GridModel model_;
   GridTable* table_;
   ColumnMemory memory_;
-  QString placed_;  // the columns last placed
+  QString placed_;  // the columns placed last
   bool placing_ = false;
 };
 

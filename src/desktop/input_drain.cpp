@@ -40,7 +40,7 @@ class Swallow : public QObject {
   Keys* pressed_;
 };
 
-// The keys of one window go to a widget of another.
+// Redirects the keys of one window to a widget of another.
 class Divert : public QObject {
  public:
   Divert(const QWindow* from, QWidget* to) : from_(from), to_(to) {
@@ -72,7 +72,7 @@ class Divert : public QObject {
   QWidget* to_;
 };
 
-// Which windows a modal one blocks is found out anew when a window gets its parent.
+// The toolkit recomputes which windows a modal one blocks when a window gets its parent.
 void setParentOf(QWindow& window, QWindow* parent, QWindow& below) {
   window.setTransientParent(parent);
   below.setTransientParent(below.transientParent());

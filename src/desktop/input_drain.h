@@ -9,16 +9,16 @@ class QWidget;
 
 namespace cu::desktop {
 
-// Takes mouse and keyboard events that wait, and drops them.
+// Discards pending mouse and keyboard events.
 void drainInput();
 
-// The same, but the keys that were pressed are given back, for a window that they were meant for.
+// Does the same, but returns the pressed keys, for the window for which they were meant.
 using Keys = std::vector<std::unique_ptr<QKeyEvent>>;
 Keys drainKeys();
 
-// Shows a dialog that blocks the window below it once it has the keyboard itself: until then the keys still
-// come to that one, which would lose them, and go into this widget of the dialog. False when they have closed
-// it.
+// Shows a dialog that blocks the window below it once it has the keyboard focus: until then that window still
+// receives the keys, which are redirected into this widget of the dialog. Returns false when the keys have
+// closed it.
 bool showTakingKeys(QDialog& dialog, QWidget& typedInto);
 
 }  // namespace cu::desktop

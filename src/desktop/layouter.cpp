@@ -27,7 +27,8 @@ namespace cu::desktop {
 namespace {
 
 constexpr int kSpacing = 8;
-constexpr std::size_t kCellsFrom = 3;  // captioned fields that make a section one of boxes
+constexpr std::size_t kCellsFrom =
+    3;  // the number of captioned fields from which a section consists of boxes
 
 class KindOf : public ControlVisitor {
  public:
@@ -52,7 +53,7 @@ class KindOf : public ControlVisitor {
   void visit(PrintControl&) override { kind = Kind::Wide; }
 };
 
-// A box for a known number of characters is not wider than they are.
+// A box for a known number of characters is not wider than these.
 void limitWidth(QWidget& widget, const Control& control) {
   auto* const line = qobject_cast<QLineEdit*>(&widget);
   if (line == nullptr) return;
@@ -66,7 +67,7 @@ void limitWidth(QWidget& widget, const Control& control) {
   }
 }
 
-// The pages of an editor are boxes throughout.
+// The pages of an editor consist of boxes only.
 bool onEditorPage(const std::vector<Control*>& controls) {
   if (controls.empty() || !controls.front()->form().stages().empty()) return false;
   for (const Frame* frame = controls.front()->frame(); frame != nullptr; frame = frame->frame()) {
@@ -75,7 +76,8 @@ bool onEditorPage(const std::vector<Control*>& controls) {
   return false;
 }
 
-// Puts `text` right below the field of a row, which keeps its caption beside it: an empty text takes no room.
+// Places `text` directly below the field of a row, which keeps its caption next to it: an empty text takes no
+// space.
 bool hang(QGridLayout& grid, int row, QWidget* text) {
   QLayoutItem* const field = grid.itemAtPosition(row, 1);
   if (field == nullptr || field->widget() == nullptr) return false;
@@ -93,7 +95,7 @@ bool hang(QGridLayout& grid, int row, QWidget* text) {
   return true;
 }
 
-// "101 Codice fiscale" asks for the same as "105 Codice fiscale".
+// "101 Codice fiscale" and "105 Codice fiscale" are the same caption.
 QString withoutNumber(const QString& caption) {
   return caption.isEmpty() || !caption[0].isDigit() ? caption : caption.section(u' ', 1);
 }
@@ -102,7 +104,7 @@ int mostColumnsOf(const Control& control, Cell::Width width) {
   constexpr int kAll = 9;
   if (width == Cell::Width::Widest) return kAll;
   if (dynamic_cast<const ListBox*>(&control) != nullptr) return 3;
-  // A name that is only shown.
+  // A read-only name.
   const auto* const text = dynamic_cast<const TextBox*>(&control);
   return text != nullptr && text->locked() && text->maxLength() == 0 ? 2 : 1;
 }
@@ -170,7 +172,7 @@ std::vector<Control*> Layouter::inside(const Frame* frame) const {
 void Layouter::fillFrame(Frame& frame) {
   QWidget* const into = window_.view(frame)->widget();
   fill(into, inside(&frame));
-  // What has no line around it is not set in.
+  // A frame without a border has no margins.
   if (frame.caption().empty() && into->layout() != nullptr) into->layout()->setContentsMargins(0, 0, 0, 0);
 }
 
@@ -202,14 +204,14 @@ void Layouter::fill(QWidget* into, const std::vector<Control*>& controls) {
   for (std::size_t at = 0; at < controls.size();) at += place(row, controls, at);
 }
 
-// Places what begins at `at`; says how many controls that was.
+// Places the control at `at` with those that belong to it; returns their number.
 std::size_t Layouter::place(Row& row, const std::vector<Control*>& controls, std::size_t at) {
   Control& control = *controls[at];
   QWidget* const into = row.grid.parentWidget();
   const Kind kind = kindOf(control);
   switch (kind) {
     case Kind::Frame: {
-      // Sections of a page with one field each stand side by side.
+      // Sections of a page with one field each are placed side by side.
       std::size_t count = 0;
       while (onEditorPage(controls) && at + count < controls.size() && holdsOne(*controls[at + count]))
         ++count;
@@ -231,7 +233,7 @@ std::size_t Layouter::place(Row& row, const std::vector<Control*>& controls, std
         field(row, *next, &label);
         return 2;
       }
-      // A text of its own; behind a field it belongs below that field.
+      // A separate text; after a field it is placed below that field.
       const bool below = at > 0 && kindOf(*controls[at - 1]) == Kind::Field;
       QWidget* const text = window_.make(label, into).widget();
       if (!below || !hang(row.grid, row.next - 1, text)) row.grid.addWidget(text, row.next++, 0, 1, 2);
@@ -251,7 +253,7 @@ std::size_t Layouter::place(Row& row, const std::vector<Control*>& controls, std
       row.grid.addWidget(window_.make(control, into).widget(), row.next++, 0, 1, 2, Qt::AlignLeft);
       return 1;
     case Kind::Field: {
-      // A button behind a field without a label stands beside it.
+      // A button after a field without a label is placed next to it.
       Control* const next = at + 1 < controls.size() ? controls[at + 1] : nullptr;
       if (control.caption().empty() && next != nullptr && kindOf(*next) == Kind::Button) {
         auto* beside = new QHBoxLayout;
@@ -338,7 +340,7 @@ void Layouter::fillRow(QBoxLayout& row, const std::vector<Control*>& controls) {
 void Layouter::cells(QWidget* into, const std::vector<Control*>& controls) {
   auto* box = new CellBox(into);
   auto* around = new QGridLayout(into);
-  // The cells bring room of their own.
+  // The cells have margins of their own.
   around->setContentsMargins(9, 5, 9, 5);
   around->addWidget(box);
   for (std::size_t at = 0; at < controls.size(); ++at) {
@@ -384,7 +386,7 @@ void Layouter::nameAll() {
     View* const shownBy = window_.view(*control);
     if (shownBy == nullptr || shownBy->focusWidgets().isEmpty() || !shownBy->spokenName().isEmpty()) continue;
     QString name = spoken(control->caption());
-    // Without a caption of its own it is called as the section that it stands in.
+    // Without a caption of its own it has the name of its section.
     for (const Frame* frame = control->frame(); name.isEmpty() && frame != nullptr; frame = frame->frame()) {
       name = spoken(frame->caption());
     }

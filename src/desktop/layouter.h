@@ -13,31 +13,31 @@ namespace cu::desktop {
 enum class Kind { Frame, Label, Link, Button, Option, Check, Field, Wide };
 Kind kindOf(Control& control);
 
-// Whether the frame is a whole page of its form: a stage, a tab's page, or one that the form scrolls.
+// Whether the frame is a whole page of its form: a stage, a tab's page, or a scrolling one.
 bool isPage(const Frame& frame);
 
-// As wide and high as what it shows, as far as there is room; scrolls where there is not.
+// As wide and high as its content, as far as there is space; scrolls otherwise.
 class ContentArea : public QScrollArea {
  public:
   explicit ContentArea(QWidget* parent);
   QSize sizeHint() const override;
-  // What it lacks for showing everything at its present width; less than 0 where it has too much.
+  // The height missing to show everything at its present width; negative where there is too much.
   int missingHeight() const;
 };
 
-// Places controls by the frames they stand in: labels before their fields, sections below each other, runs of
-// options and buttons side by side.
+// Places controls by their frames: labels before their fields, sections below each other, consecutive options
+// and buttons side by side.
 class Layouter {
  public:
   explicit Layouter(FormWindow& window) : window_(window) {}
 
-  std::vector<Control*> inside(const Frame* frame) const;  // directly
-  // One below the other into `into`, which has no layout yet.
+  std::vector<Control*> inside(const Frame* frame) const;  // direct children only
+  // Places the controls one below the other in `into`, which has no layout yet.
   void fill(QWidget* into, const std::vector<Control*>& controls);
-  void fillFrame(Frame& frame);  // one that is made already
-  // Side by side, each as wide as it needs; a stretch where `gap` says.
+  void fillFrame(Frame& frame);  // the frame has been created already
+  // Side by side, each with the width that it needs; a stretch at `gap`.
   void fillRow(QBoxLayout& row, const std::vector<Control*>& controls);
-  // What is spoken of every control that has no name yet.
+  // Sets the accessible name of every control without one.
   void nameAll();
 
  private:
@@ -46,7 +46,7 @@ class Layouter {
     int next = 0;
   };
   std::size_t place(Row& row, const std::vector<Control*>& controls, std::size_t at);
-  bool holdsOne(const Control& control) const;  // a frame with one field alone
+  bool holdsOne(const Control& control) const;  // a frame with a single field
   void field(Row& row, Control& control, Label* label);
   void together(Row& row, const std::vector<Control*>& run);
   void cells(QWidget* into, const std::vector<Control*>& controls);

@@ -24,7 +24,7 @@ constexpr const char* kOutputs[] = {
     "File PDF accanto al file telematico",
 };
 
-// The report's name as a person reads it, without the ending of its file.
+// The report's display name, without the extension of its file.
 QString reportTitle(const std::string& name) {
   struct Title {
     const char* file;
@@ -42,7 +42,7 @@ QString reportTitle(const std::string& name) {
   return shown(name).section(u'.', 0, 0);
 }
 
-// The key Delete takes a choice back.
+// The key Delete clears the choice.
 class Combo : public QComboBox {
  public:
   using QComboBox::QComboBox;
@@ -58,7 +58,7 @@ class Combo : public QComboBox {
   }
 };
 
-// A hidden tab keeps no place.
+// A hidden tab takes no space.
 class Bar : public QTabBar {
  public:
   using QTabBar::QTabBar;
@@ -174,7 +174,7 @@ void PrintView::refresh() {
   outputs_->setCurrentIndex(print_.output() - 1);
   reports_->setEnabled(print_.choice());
   outputs_->setEnabled(print_.choice());
-  // Where a report can be chosen, how the forms are printed is of no interest.
+  // Where a report can be chosen, the print style of the forms is irrelevant.
   const bool together = print_.toFile() && !print_.choice();
   note_->setText(together ? QStringLiteral("Una sola stampa per tutti i percipienti.") : QString());
   note_->setVisible(together);

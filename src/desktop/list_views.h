@@ -35,7 +35,7 @@ class TabsView : public View {
   QTabBar* bar_;
 };
 
-// Which report, and where it goes.
+// The choice of report and output.
 class PrintView : public View {
  public:
   PrintView(FormWindow& window, PrintControl& print, QWidget* parent);

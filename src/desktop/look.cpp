@@ -61,12 +61,13 @@ QPalette darkPalette() {
   return palette;
 }
 
-// A desktop that says nothing of its own has the toolkit's plain grey: ours is easier on the eyes.
+// A desktop without a palette of its own has the toolkit's plain grey: the program's palette is easier to
+// read.
 bool plain(const QPalette& palette) {
   return palette.color(QPalette::Window) == QApplication::style()->standardPalette().color(QPalette::Window);
 }
 
-// The icon of data/desktop, drawn here so that no library for its format is needed.
+// The icon of data/desktop, drawn here so that no library for its format is required.
 QIcon icon() {
   QIcon made;
   for (const int side : {16, 32, 48, 64, 128}) {

@@ -9,12 +9,12 @@ namespace cu::desktop::look {
 
 enum class Colours { Desktop, Light, Dark };
 
-// Style, palette, language of the window system's own texts; before the first window.
+// Sets style, palette and language of the window system's own texts; to be called before the first window.
 void apply(QApplication& application, Colours colours);
 
 bool dark();
 QColor bandColor();
 QColor bandInk();
-QColor warningInk();  // of words that report something wrong, on the ground of a window or of a box
+QColor warningInk();  // for error texts, on the background of a window or of a box
 
 }  // namespace cu::desktop::look

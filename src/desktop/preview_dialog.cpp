@@ -162,7 +162,7 @@ void PreviewDialog::keyPressEvent(QKeyEvent* event) {
 
 void PreviewDialog::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  // The page's room is known when the layout has followed.
+  // The page's space is known after the layout.
   QMetaObject::invokeMethod(
       this,
       [this] {

@@ -17,8 +17,8 @@ class Document;
 
 namespace cu::desktop {
 
-// A report to be looked at, page by page: the file's page as a picture, or its text where there is no file or
-// the person asks for the text.
+// A preview of a report, page by page: the file's page as a picture, or its text where there is no file or
+// the user selects the text.
 class PreviewDialog : public QDialog {
  public:
   PreviewDialog(QWidget* parent, const Preview& preview);
@@ -46,7 +46,7 @@ class PreviewDialog : public QDialog {
   std::vector<QWidget*> backward_;
   std::vector<QWidget*> forward_;
   int page_ = 0;
-  double scale_ = 0;  // dots an inch; 0: as wide as the window
+  double scale_ = 0;  // dots per inch; 0 for the window's width
   bool asText_ = false;
 };
 

@@ -25,7 +25,7 @@ namespace cu::desktop {
 namespace {
 
 constexpr qint64 kTellEvery = 80;  // milliseconds
-constexpr int kTitleBar = 32;      // of a window, as far as one can know
+constexpr int kTitleBar = 32;      // of a window, estimated
 constexpr int kSectionsWidth = 1080;
 
 bool hasTabs(const Form& form) {
@@ -66,7 +66,7 @@ int QtFrontEnd::run(QDialog& dialog) {
   auto* const help = new QShortcut(QKeySequence(Qt::Key_F1), &dialog);
   QObject::connect(help, &QShortcut::activated, &dialog, [&] { showGuide(&dialog); });
   const int result = dialog.exec();
-  // A desktop gives the keyboard back by itself; one without a window manager does not.
+  // A desktop returns the keyboard focus by itself; a system without a window manager does not.
   if (topmost() != nullptr) topmost()->activateWindow();
   return result;
 }
@@ -123,8 +123,8 @@ void QtFrontEnd::endOfWork() {
   if (dropInput() || factsShown_ != status_.told()) restFeet();
 }
 
-// What was pressed while the work went on was meant for a screen that is no more. A window that opens in the
-// midst of it drops that at once: later it would take the release of a person's first click.
+// Input during the work was meant for a screen that has changed. A window that opens during the work discards
+// it at once: later it would also discard the release of the user's first click.
 bool QtFrontEnd::dropInput() {
   if (!std::exchange(worked_, false)) return false;
   ++running_;
@@ -153,9 +153,9 @@ void QtFrontEnd::place(FormWindow& window, const FormWindow* over) const {
   const QRect room = screen->availableGeometry();
   QSize size = window.sizeHint().expandedTo(window.minimumSizeHint());
   if (!window.form().stages().empty()) size = {1040, 700};
-  // Tabs are pages of sections, which are read better in rows of five than from top to bottom.
+  // Tabs are pages of sections, which are easier to read in rows of five than from top to bottom.
   if (hasTabs(window.form()) && !window.form().shrunk()) size.setWidth(kSectionsWidth);
-  // A form of many sections is as high as the screen lets it, since the clerk reads it from top to bottom.
+  // A form with many sections is as high as the screen permits, because it is read from top to bottom.
   if (window.form().scroll() != nullptr)
     size = {kSectionsWidth, std::max(720, std::min(1000, room.height() * 9 / 10))};
   size = size.boundedTo(room.size() - QSize(0, kTitleBar));
@@ -189,7 +189,7 @@ void QtFrontEnd::showModal(Form& form) {
   auto* const window = new FormWindow(*this, form, below);
   window->setWindowModality(Qt::ApplicationModal);
   QEventLoop loop;
-  // cppcheck-suppress danglingLifetime ; taken back before the loop goes
+  // cppcheck-suppress danglingLifetime ; reset before the loop is destroyed
   shown_.push_back({&form, window, &loop});
   if (below != nullptr) below->afterEvent();
   place(*window, below);
@@ -200,7 +200,7 @@ void QtFrontEnd::showModal(Form& form) {
     const Waiting waiting(*this);
     loop.exec();
   }
-  // The program may be quitting, with the form still open.
+  // The program may be quitting with the form still open.
   for (Shown& each : shown_) {
     if (each.loop == &loop) each.loop = nullptr;
   }
@@ -214,7 +214,7 @@ void QtFrontEnd::closed(Form& form) {
   const Shown gone = *found;
   shown_.erase(found);
   missing_ = nullptr;
-  // A form that goes while it is open takes its controls along before it tells.
+  // A form destroyed while it is open destroys its controls before it reports its closing.
   gone.window->detach(!form.isOpen());
   gone.window->hide();
   gone.window->deleteLater();
@@ -259,7 +259,7 @@ void QtFrontEnd::stageEntered() {
 }
 
 void QtFrontEnd::showMade(const QString& path) {
-  // A form is a PDF under a name that no program of the desktop is told to open.
+  // A printed form is a PDF with the extension .cur, for which the desktop has no program.
   if (!path.endsWith(QStringLiteral(".cur"))) {
     open(utf8(path), {});
     return;
@@ -275,7 +275,7 @@ void QtFrontEnd::setPointer(int pointer) {
   showPointer();
 }
 
-// While a person is waited for the arrow points, whatever the work behind has set.
+// While the system waits for the user the pointer is an arrow, whatever the running work has set.
 void QtFrontEnd::showPointer() {
   const bool wanted = pointer_ == kPointerHourglass && running_ > 0;
   if (wanted == hourglass_) return;

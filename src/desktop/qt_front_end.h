@@ -21,23 +21,24 @@ namespace cu::desktop {
 class FormWindow;
 class HelpWindow;
 
-// The window system as the wizard's screen. It needs a QApplication and lives as long as forms are shown.
+// The window system as the wizard's front end. It requires a QApplication and lives as long as forms are
+// shown.
 class QtFrontEnd : public FrontEnd {
  public:
-  // `guide` is the folder of the user's guide, "guida.md" in it.
+  // `guide` is the folder of the user's guide, which contains "guida.md".
   explicit QtFrontEnd(QString guide = {});
   ~QtFrontEnd() override;
 
-  // Called when the last form has gone.
+  // Called when the last form has been closed.
   std::function<void()> onAllClosed;
   bool anyOpen() const { return !shown_.empty(); }
   FormWindow* window(const Form& form) const;
   FormWindow* topmost() const;
 
-  // A person's event, by the focus rule of the form. While it runs nothing else comes in.
+  // A user event, processed by the form's focus rule. While it runs, no other event is accepted.
   void perform(Control& control, const Event& event);
   void perform(Form& form, const Event& event);
-  // An event runs that waits for no person: nothing else may come in.
+  // An event is running that does not wait for the user: no other is accepted.
   bool busy() const { return running_ > 0; }
 
   void show(Form& form) override;
@@ -62,15 +63,15 @@ class QtFrontEnd : public FrontEnd {
   void progress(const char* what, std::size_t done, std::size_t total) override;
   void told(const std::string& fact) override;
   void missing(Control& control) override { missing_ = &control; }
-  // A file that was made, or a folder.
+  // Shows a file that was made, or a folder.
   void showMade(const QString& path);
-  // The user's guide at the chapter of what is on screen; over a dialog, where one is open.
+  // Shows the user's guide at the chapter of the present screen; over a dialog, where one is open.
   void showGuide(QWidget* over = nullptr);
 
-  // Another step is on screen: what was told before the event that led there is of no interest there.
+  // Another step is on screen: facts reported before the event that led there are cleared.
   void stageEntered();
 
-  // While a person is waited for: events come in, the arrow points.
+  // During its lifetime the system waits for the user: events are accepted, the pointer is an arrow.
   class Waiting {
    public:
     explicit Waiting(QtFrontEnd& frontEnd);
@@ -84,12 +85,12 @@ class QtFrontEnd : public FrontEnd {
     bool begun_;
     std::size_t told_;
   };
-  int run(QDialog& dialog);                      // modally
-  int run(QDialog& dialog, QWidget& typedInto);  // the same with a box that is typed into at once
-  // The keys pressed while a window was being made ready that is typed into at once.
+  int run(QDialog& dialog);                      // modal
+  int run(QDialog& dialog, QWidget& typedInto);  // the same, with a box that receives typing at once
+  // The keys pressed while a window that receives typing at once was being opened.
   Keys typedAhead();
   QWidget* parentForDialog() const;
-  // Ask the person where closing the form would lose something, or an event would drop what is said.
+  // Ask the user for confirmation where closing the form, or an event, would discard data.
   bool mayClose(const Form& form);
   bool mayDrop(const Form& form, const std::string& lost);
 
@@ -106,7 +107,7 @@ class QtFrontEnd : public FrontEnd {
   void goToMissing(const Form& form);
   void showPointer();
   void endOfWork();
-  bool dropInput();  // whether there had been work
+  bool dropInput();  // returns whether there had been work
   void restFeet();
 
   QString guide_;
@@ -114,12 +115,12 @@ class QtFrontEnd : public FrontEnd {
   std::vector<Shown> shown_;
   int running_ = 0;
   int pointer_ = kPointerDefault;
-  bool hourglass_ = false;  // as the screen shows it
-  bool worked_ = false;     // the hourglass stood during the event that runs
+  bool hourglass_ = false;  // as shown on the screen
+  bool worked_ = false;     // the hourglass was on during the running event
   QElapsedTimer shownAt_;
   Status status_;
   std::size_t factsShown_ = 0;
-  Control* missing_ = nullptr;  // of the event that runs
+  Control* missing_ = nullptr;  // of the running event
 };
 
 }  // namespace cu::desktop

@@ -8,7 +8,7 @@
 namespace cu::desktop {
 namespace {
 
-constexpr int kPause = 120;  // milliseconds without a key, after which what was typed is looked for
+constexpr int kPause = 120;  // milliseconds without a key, after which the search runs
 
 }  // namespace
 
@@ -47,7 +47,7 @@ void QuickSearch::escape() {
   }
 }
 
-// Neither key goes on to the form, where Esc would offer to leave the program.
+// Neither key is passed to the form, where Esc would offer to leave the program.
 void QuickSearch::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Return:

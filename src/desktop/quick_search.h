@@ -7,8 +7,8 @@ namespace cu::desktop {
 
 class GridView;
 
-// The box beside a grid in which a person looks for a row: typing moves to the nearest one that has the text,
-// Enter to the next; Esc empties the box, and from the empty one goes back to the grid.
+// The search box of a grid: typing moves to the nearest row that contains the text, Enter to the next one;
+// Esc empties the box, and in an empty box returns to the grid.
 class QuickSearch : public QLineEdit {
  public:
   QuickSearch(GridView& grid, QWidget* parent);

@@ -7,7 +7,7 @@
 namespace cu::desktop {
 namespace {
 
-// The toolkit calls a button that is not exclusive by itself a check box.
+// The toolkit exposes a button that is not auto-exclusive as a check box.
 class RadioAccess : public QAccessibleWidget {
  public:
   explicit RadioAccess(Radio* radio) : QAccessibleWidget(radio, QAccessible::RadioButton) {}

@@ -5,10 +5,10 @@
 
 namespace cu::desktop {
 
-// A choice whose frame, not the toolkit, sees to it that one alone is on.
+// An option whose frame, not the toolkit, ensures that exactly one is on.
 class Radio : public QRadioButton {
  public:
-  // `step` is told +1 or -1: the arrow keys go round the choices of a frame.
+  // `step` is called with +1 or -1: the arrow keys cycle through the options of a frame.
   Radio(std::function<void(int)> step, QWidget* parent);
 
  protected:

@@ -30,7 +30,7 @@ QLabel* plainLabel(const QString& text, QWidget* parent) {
   return label;
 }
 
-// A picture is not wider than the text.
+// A picture is no wider than the text.
 class Pages : public QTextBrowser {
  public:
   using QTextBrowser::QTextBrowser;
@@ -96,7 +96,7 @@ void HelpWindow::showChapter(const QString& heading) {
   if (isVisible()) goToChapter();
 }
 
-// Where a heading is on the page is known once the page has its width.
+// The position of a heading is known after the page has its width.
 void HelpWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   QMetaObject::invokeMethod(

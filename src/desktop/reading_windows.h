@@ -13,9 +13,9 @@ namespace cu::desktop {
 // The user's guide, with a search.
 class HelpWindow : public QWidget {
  public:
-  // `folder` holds "guida.md" and its pictures.
+  // `folder` contains "guida.md" and its pictures.
   HelpWindow(QWidget* parent, const QString& folder);
-  // The heading of that text at the top of the window; the guide's beginning where there is none.
+  // Scrolls to the heading with that text; to the beginning of the guide where there is none.
   void showChapter(const QString& heading);
 
  protected:
@@ -27,11 +27,11 @@ class HelpWindow : public QWidget {
   QString chapter_;
 };
 
-// The property of a dialog that names its chapter.
+// The property of a dialog with its chapter.
 inline constexpr const char* kGuideChapter = "capitolo";
 
-// Brings the guide to the front, at a chapter. Behind a modal window it could not be read: a guide that
-// belongs to another window than `parent` yields to a new one.
+// Brings the guide to the front, at a chapter. Behind a modal window it could not be used: a guide that
+// belongs to another window than `parent` is replaced by a new one.
 void openGuide(QPointer<HelpWindow>& guide, QWidget* parent, const QString& folder, const QString& chapter);
 
 // The lines of a text file of any size, each decoded when it is shown.
@@ -45,10 +45,10 @@ class FileLines : public QAbstractListModel {
  private:
   QFile file_;
   const char* data_ = nullptr;
-  std::vector<qint64> starts_;  // one more than there are lines
+  std::vector<qint64> starts_;  // one more than the number of lines
 };
 
-// A text file to be read.
+// Shows a text file.
 class TextWindow : public QWidget {
  public:
   TextWindow(QWidget* parent, const QString& path);

@@ -30,7 +30,7 @@ SearchModel::SearchModel(Recordset& rows, QStringList captions, QObject* parent)
 void SearchModel::narrow(const QString& typed) {
   const QString wanted = folded(typed.trimmed());
   beginResetModel();
-  // What goes on from what was typed before narrows it further.
+  // A text that continues the previous one narrows the result further.
   if (narrowed_.isEmpty() || !wanted.startsWith(narrowed_)) {
     matching_.resize(keys_.size());
     std::iota(matching_.begin(), matching_.end(), 0U);
@@ -49,7 +49,7 @@ void SearchModel::narrow(const QString& typed) {
     first.insert(first.end(), further.begin(), further.end());
     matching_ = std::move(first);
   }
-  // The order of what is left is that of the last typing; a shorter text starts from all rows again.
+  // The order of the remaining rows is that of the last search; a shorter text starts again from all rows.
   narrowed_ = wanted;
   endResetModel();
 }
@@ -81,7 +81,7 @@ QVariant SearchModel::headerData(int section, Qt::Orientation orientation, int r
 
 namespace {
 
-// What has been typed already is gone on with: the cursor stays behind it, nothing is selected.
+// Typing continues the present text: the cursor is at its end, nothing is selected.
 class TypedLine : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
@@ -131,7 +131,8 @@ SearchDialog::SearchDialog(QWidget* parent, const QString& title, Recordset& row
   connect(table_, &QTableView::doubleClicked, this, [this] { take(); });
   connect(buttons, &QDialogButtonBox::accepted, this, [this] { take(); });
   connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
-  // Enter takes the current row: it must be seen as such, whatever key or click with Ctrl has moved there.
+  // Enter selects the current row, which therefore has to be highlighted, whatever key or click with Ctrl has
+  // moved there.
   connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
     const QModelIndex current = table_->currentIndex();
     if (current.isValid() && !table_->selectionModel()->hasSelection()) table_->selectRow(current.row());
@@ -151,7 +152,7 @@ void SearchDialog::narrow(const QString& typed) {
   if (model_.rowCount() > 0) table_->selectRow(0);
 }
 
-// From the box the arrows and pages move in the list.
+// In the box, arrow and page keys move in the list.
 bool SearchDialog::eventFilter(QObject* watched, QEvent* event) {
   if (watched == box_ && event->type() == QEvent::KeyPress) {
     const auto* const key = static_cast<QKeyEvent*>(event);

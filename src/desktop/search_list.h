@@ -14,8 +14,8 @@ class QTableView;
 
 namespace cu::desktop {
 
-// The rows of a search list, those that have what was typed in code or description; rows whose description
-// or code begins with it come first.
+// The rows of a search list whose code or description contains the text typed; rows whose description or code
+// begins with it come first.
 class SearchModel : public QAbstractTableModel {
  public:
   SearchModel(Recordset& rows, QStringList captions, QObject* parent = nullptr);
@@ -40,17 +40,17 @@ class SearchModel : public QAbstractTableModel {
   Recordset& rows_;
   QStringList captions_;
   std::vector<Key> keys_;
-  std::vector<std::uint32_t> matching_;  // positions from 0
+  std::vector<std::uint32_t> matching_;  // indexes from 0
   QString narrowed_;
   mutable std::vector<CellView> cells_;
 };
 
-// Type to find, choose with the arrows and Enter or by a double click.
+// A search list: the user types to search, and chooses with the arrows and Enter or by a double click.
 class SearchDialog : public QDialog {
  public:
   SearchDialog(QWidget* parent, const QString& title, Recordset& rows, const QStringList& captions,
                const QString& typed);
-  // Keys that were pressed before the list was there: they arrive once it is.
+  // Keys pressed before the list was shown; they are processed when it is.
   void typeAhead(Keys keys);
   struct Chosen {
     std::int64_t record = 0;

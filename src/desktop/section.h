@@ -4,7 +4,7 @@
 
 namespace cu::desktop {
 
-// A section with its title on a bar, as on the ministerial form.
+// A section with its title in a bar, as on the ministerial form.
 class Section : public QGroupBox {
  public:
   using QGroupBox::QGroupBox;

@@ -20,7 +20,7 @@
 namespace cu::desktop {
 namespace {
 
-// The box of the municipality is typed into only to search: a letter opens the list with it.
+// Typing in the municipality's box only searches: a letter opens the list with it.
 class SearchedLine : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
@@ -41,7 +41,7 @@ class SearchedLine : public QLineEdit {
   }
 };
 
-// What is wrong with a choice that is no row of the table.
+// The note for a choice without a row in the table.
 QString noteOn(const Selector& selector) {
   if (selector.record() != 0) return {};
   if (!trim(selector.code()).empty()) return QStringLiteral("Codice inesistente");
@@ -64,7 +64,7 @@ void openBy(QLineEdit* line, const std::function<void()>& open) {
   QObject::connect(byKey, &QAction::triggered, line, open);
 }
 
-// What the person has chosen in the list; nothing when it was given up or could not be read.
+// The user's choice in the list; nullopt when it was cancelled or the list could not be read.
 std::optional<SearchDialog::Chosen> search(FormWindow& window, const QString& title,
                                            const QStringList& captions, const QString& typed,
                                            const std::function<void(Recordset&)>& read) {
@@ -104,7 +104,7 @@ SelectorView::SelectorView(FormWindow& window, Selector& selector, QWidget* pare
   setWidget(around);
   opener_->setVisible(selector.binding().search);
   for (QLineEdit* line : {code_, description_}) {
-    // It was about what stood there before.
+    // The note was about the previous text.
     QObject::connect(line, &QLineEdit::textEdited, line, [this] { showNote({}); });
     openBy(line, [this, line] { openSearch(line->isModified() ? line->text() : QString()); });
   }
@@ -138,7 +138,7 @@ void SelectorView::commit() {
   try {
     if (codeTyped && !code.empty()) row = selector_.findCode(code);
   } catch (...) {
-    // Where the table cannot be read the code counts as it was typed.
+    // If the table cannot be read, the code is stored as typed.
     selector_.choose(code, description);
     throw;
   }
@@ -167,7 +167,7 @@ void SelectorView::refresh() {
   show(*description_, selector_.description());
   const bool typing = code_->isModified() || description_->isModified();
   showNote(typing ? QString() : noteOn(selector_));
-  // A long description can be read whole where the box is too short for it.
+  // The tooltip shows a description that is too long for its box.
   description_->setToolTip(dataTip(shown(selector_.description())));
   opener_->setVisible(selector_.binding().search);
 }

@@ -9,9 +9,9 @@ class QToolButton;
 
 namespace cu::desktop {
 
-// A code box, a description box, and the search list. What is typed into either is handed over when the
-// person leaves it or presses Enter: a code that the table has chooses its row, anything else stands as it
-// was typed, with a note beside it.
+// A code box, a description box, and the search list. A text typed into either is committed when the user
+// leaves the box or presses Enter: a code present in the table selects its row; any other text is stored as
+// typed, with a note next to it.
 class SelectorView : public View {
  public:
   SelectorView(FormWindow& window, Selector& selector, QWidget* parent);

@@ -16,10 +16,10 @@ constexpr int kNarrow = 52;
 constexpr int kBandMargin = 14;
 constexpr int kDisc = 26;
 
-// The mark in front of it stands for a line of the list.
+// The leading mark stands for a line of the list.
 QString titleOf(const SideBand::Item& item) { return shown(item.title).remove(QStringLiteral("- ")); }
 
-// Draws the steps: those behind, the present one, those to come.
+// Draws the steps: completed, present, future.
 class BandPainter : public QWidget {
  public:
   BandPainter(const SideBand& band, QWidget* parent) : QWidget(parent), band_(band) { setNarrow(false); }
@@ -78,14 +78,14 @@ class BandPainter : public QWidget {
   bool narrow_ = false;
 };
 
-// "Control+G" as the desktop writes it.
+// "Control+G" in the desktop's notation.
 QString shortcutText(const std::string& shortcut) {
   return shown(shortcut).replace(QStringLiteral("Control"), QStringLiteral("Ctrl"));
 }
 
 bool offered(const MenuBar& bar, const MenuBar::Tool& tool) { return bar.toolAvailable(tool) && !tool.inert; }
 
-// What the bands are called in the bar: they have names for the program only.
+// The captions of the bands in the bar; their own names are for the program only.
 QString bandTitle(const std::string& band) {
   return band == "PopDettaglio" ? QStringLiteral("&Riga") : QStringLiteral("&Comandi");
 }
@@ -117,7 +117,7 @@ void fillMenu(QMenu& menu, const MenuBar& bar, const std::string& band,
   for (const MenuBar::Tool& tool : bar.tools()) {
     if (tool.band != band) continue;
     QString text = shown(tool.caption);
-    // The key itself is the form's; here it is only told.
+    // The form handles the key itself; the menu only shows it.
     if (!tool.shortcut.empty()) text += u'\t' + shortcutText(tool.shortcut);
     QAction* const entry = menu.addAction(text);
     entry->setEnabled(offered(bar, tool));
@@ -142,7 +142,7 @@ void MenuView::refresh() {
   }
 }
 
-// What a step or a row makes possible is not told by the tools.
+// Tools are not notified when a step or a row enables or disables them.
 void MenuView::afterEvent() {
   if (!live()) return;
   for (const MenuBar::Tool& tool : tools_.tools()) {

@@ -11,7 +11,7 @@ class QMenu;
 
 namespace cu::desktop {
 
-// The list of the steps at the window's side; where there is little room, only their numbers.
+// The list of the steps at the side of the window; only their numbers where there is little space.
 class BandView : public View {
  public:
   BandView(FormWindow& window, SideBand& band, QWidget* parent);
@@ -22,7 +22,7 @@ class BandView : public View {
   SideBand& band_;
 };
 
-// The tools in menus, one for each band.
+// The tools in menus, one per band.
 class MenuView : public View {
  public:
   MenuView(FormWindow& window, MenuBar& bar, QWidget* parent);
@@ -35,7 +35,7 @@ class MenuView : public View {
   QMenuBar* widgetBar_;
 };
 
-// The tools of a band as the entries of a menu; what is chosen is given to `choose`.
+// Fills a menu with the tools of a band; `choose` receives the tool chosen.
 void fillMenu(QMenu& menu, const MenuBar& bar, const std::string& band,
               const std::function<void(const std::string& key)>& choose);
 

@@ -15,7 +15,7 @@
 namespace cu::desktop {
 namespace {
 
-// A label whose lines are as long as there is room for.
+// A label that wraps at the available width.
 QLabel* wrapping(QWidget* parent) {
   auto* label = new QLabel(parent);
   label->setWordWrap(true);
@@ -41,7 +41,7 @@ void FrameView::refresh() {
   afterEvent();
 }
 
-// A section in which nothing is to be seen takes no room.
+// A section without visible content takes no space.
 void FrameView::afterEvent() {
   if (section_ == nullptr || !live()) return;
   bool any = false;
@@ -57,11 +57,11 @@ LabelView::LabelView(FormWindow& window, Label& label, QWidget* parent)
 
 void LabelView::refresh() {
   const QString text = lines(control().caption());
-  // A mnemonic's mark is one only where the label names a field: elsewhere it is drawn as it stands.
+  // An ampersand is a mnemonic only where the label names a field: elsewhere it is shown as a character.
   label_->setText(text);
-  // One without a name would be read as the section around it.
+  // A screen reader would use the name of the section for a label without a name.
   label_->setAccessibleName(text.isEmpty() ? QStringLiteral(" ") : spoken(control().caption()));
-  // An empty text keeps no line free.
+  // An empty text takes no line.
   label_->setMaximumHeight(text.isEmpty() ? 0 : QWIDGETSIZE_MAX);
 }
 
@@ -82,7 +82,7 @@ LinkView::LinkView(FormWindow& window, Link& link, QWidget* parent) : View(windo
   QObject::connect(button, &QToolButton::clicked, button, [this, &link] { act([&link] { link.click(); }); });
 }
 
-// A link names what it opens, such as a folder: it has no mnemonic.
+// A link names its target, such as a folder: it has no mnemonic.
 void LinkView::refresh() {
   const QString text = shown(control().caption());
   button_->setText(QString(text).replace(u'&', QStringLiteral("&&")));
@@ -124,7 +124,7 @@ void OptionView::refresh() {
   afterEvent();
 }
 
-// The options of a frame are one stop of the Tab key: the one that is on, or the first where none is.
+// The options of a frame are one tab stop: the one that is on, or the first where none is.
 void OptionView::afterEvent() {
   if (!live()) return;
   const std::vector<Option*> options = group();

@@ -9,7 +9,7 @@
 
 namespace cu::desktop {
 
-// A frame: a titled section where it has a caption, a plain area otherwise. Who lays it out fills it.
+// A frame: a titled section where it has a caption, otherwise a plain area. The layout fills it.
 class FrameView : public View {
  public:
   FrameView(FormWindow& window, Frame& frame, QWidget* parent);
@@ -58,13 +58,13 @@ class OptionView : public View {
  public:
   OptionView(FormWindow& window, Option& option, QWidget* parent);
   QList<QWidget*> focusWidgets() const override { return {button_}; }
-  // The neighbour in the same frame, as the arrow keys go.
+  // Selects the next or previous option of the same frame, for the arrow keys.
   void chooseNeighbour(int step);
   void afterEvent() override;
 
  private:
   void refresh() override;
-  std::vector<Option*> group() const;  // those of the frame that a person can reach
+  std::vector<Option*> group() const;  // those of the frame that the user can reach
   Option& option_;
   QAbstractButton* button_;
 };

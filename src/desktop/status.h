@@ -8,34 +8,34 @@
 
 namespace cu::desktop {
 
-// What is to be said when no work goes on: the facts of the last event that told some or did long work, and
-// the files that it made.
+// The status text while no work is running: the facts of the last event that reported some or did long work,
+// and the files made by it.
 class Status {
  public:
-  // A person's event begins: what it tells, or its first long work, takes the place of what was told before.
+  // A user event begins: its first fact, or its first long work, replaces the previous status.
   void begin() { begun_ = true; }
   void work() { forget(); }
   void tell(const QString& fact);
   void print(const PrintNote& note);
 
-  // An event inside this one, of a window that it has opened, must not take its facts away.
+  // A nested event, of a window opened by this one, must not remove its facts.
   bool begun() const { return begun_; }
   void resume(bool begun, std::size_t told) { begun_ = begun && told == told_; }
   std::size_t told() const { return told_; }
 
-  QString words() const;   // "Pronto" where there is nothing to say
-  QString file() const;    // the one file that was made
-  QString folder() const;  // where the files are that were made; each of the two may be empty
+  QString words() const;   // "Pronto" where there is nothing to report
+  QString file() const;    // the file, where exactly one was made
+  QString folder() const;  // the folder of the files made; each of the two may be empty
 
  private:
   void forget();
 
   bool begun_ = false;
-  std::size_t told_ = 0;  // ever
+  std::size_t told_ = 0;  // total count
   QStringList facts_;
   QSet<QString> files_;
-  QString first_;  // of them
-  int asked_ = 0;  // files that were to be made
+  QString first_;  // the first of them
+  int asked_ = 0;  // number of files to make
   QString printer_;
   int copies_ = 0;
 };

@@ -11,21 +11,20 @@ inline QString shown(std::string_view text) {
 }
 inline std::string utf8(const QString& text) { return text.toStdString(); }
 
-// A caption as it is read aloud: without the marks of mnemonics.
+// A caption without mnemonic marks, for a screen reader.
 QString spoken(std::string_view caption);
 
-// Of a box: its lines, for a widget.
+// The lines of a box, for a widget.
 QString lines(std::string_view text);
 
-// A tooltip: data as they are, which the toolkit would take for a marked-up text where they look like one;
-// and a sentence, whose lines wrap.
+// A tooltip: for data, escaped where the toolkit would take it for rich text; for a sentence, wrapped.
 QString dataTip(const QString& text);
 QString sentenceTip(const QString& text);
 
-// A window without a title of its own bears the program's; the toolkit would take the name of its file.
+// A window without a title has the program's; the toolkit would use the name of its file.
 QString titled(std::string_view title);
 
-// Letters without case and accents, for finding what a person types.
+// Letters without case and accents, for searching.
 QString folded(const QString& text);
 
 }  // namespace cu::desktop

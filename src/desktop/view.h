@@ -11,8 +11,8 @@ namespace cu::desktop {
 
 class FormWindow;
 
-// What shows one control: its widget follows the control's state, and a person's events go to the control by
-// way of the window.
+// The view of one control: its widget shows the control's state, and user events are passed to the control
+// through the window.
 class View : public ControlView {
  public:
   View(FormWindow& window, Control& control) : window_(window), control_(&control) {}
@@ -21,41 +21,41 @@ class View : public ControlView {
   View& operator=(const View&) = delete;
 
   QWidget* widget() const { return widget_; }  // the outermost
-  // The widgets that take the keyboard, in the order of tabbing; the first one stands for the control.
+  // The widgets that accept the focus, in tab order; the first one represents the control.
   virtual QList<QWidget*> focusWidgets() const { return {}; }
-  // The caption that the layout has put beside or above the widget, and how the control is called aloud.
+  // Sets the caption placed next to or above the widget, which is also the control's accessible name.
   void setCaptionLabel(QLabel* label);
   QLabel* captionLabel() const { return captionLabel_; }
-  // The line below the widget where the layout has room for the control's note.
+  // Sets the line below the widget for the control's note, where the layout has space for it.
   void setNoteLabel(QLabel* label);
   virtual void setSpokenName(const QString& name);
   QString spokenName() const { return spokenName_; }
 
-  // The key Esc: what has been typed since the focus came is taken back. False when there is nothing to take
-  // back.
+  // The key Esc: undoes what was typed since the control got the focus. Returns false when there is nothing
+  // to undo.
   virtual bool takeBack() { return false; }
 
-  // A key in a control that has keys of its own, such as a grid; true when a handler consumed it.
+  // A key in a control that handles keys itself, such as a grid; returns true when a handler consumed it.
   virtual bool keyDown(std::int16_t /*code*/, std::int16_t /*shift*/) { return false; }
 
-  // An event of the form has ended: what it may have moved without telling is looked at again.
+  // An event of the form has ended: refreshes what it may have changed without notification.
   virtual void afterEvent() {}
 
-  // The control is gone, or no longer shown.
+  // The control is destroyed, or no longer shown.
   virtual void detach() { control_ = nullptr; }
   bool live() const { return control_ != nullptr; }
 
   void changed(Control& control) override;
-  // Everything anew from the control.
+  // Refreshes everything from the control.
   void refreshAll();
 
  protected:
   virtual void refresh() = 0;
-  virtual bool shows() const;  // whether the control is to be seen, as far as it says itself
+  virtual bool shows() const;  // whether the control itself is visible, regardless of its frames
   void setWidget(QWidget* widget) { widget_ = widget; }
   FormWindow& window() const { return window_; }
   Control& control() const { return *control_; }
-  // A person's event on the control: focus first, then the event. Afterwards the view shows what has become.
+  // A user event on the control: focus first, then the event. The view is refreshed afterwards.
   void act(const Event& event);
 
  private:

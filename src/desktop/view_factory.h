@@ -6,7 +6,7 @@
 
 namespace cu::desktop {
 
-// The view of a control, by its kind; its widget a child of `parent`.
+// Creates the view for the kind of control; its widget is a child of `parent`.
 std::unique_ptr<View> makeView(FormWindow& window, Control& control, QWidget* parent);
 
 }  // namespace cu::desktop

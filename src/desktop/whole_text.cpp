@@ -13,7 +13,7 @@
 namespace cu::desktop {
 namespace {
 
-// Looks again whenever the box gets another text, width or state.
+// Updates whenever the box's text, width or state changes.
 template <class Box>
 class WholeText : public QObject {
  public:

@@ -6,10 +6,10 @@ class QLineEdit;
 
 namespace cu::desktop {
 
-// A text that cannot be typed into and is wider than its box is told whole by a tooltip.
+// Shows a read-only text that is wider than its box in a tooltip.
 void tellWhole(QLineEdit& line);
 void tellWhole(QComboBox& list);
-// Each cell of a table that is cut.
+// The same for each truncated cell of a table.
 void tellWhole(QAbstractItemView& table);
 
 }  // namespace cu::desktop

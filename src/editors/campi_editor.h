@@ -18,35 +18,35 @@ using modello::Genere;
 
 enum class Pagina { Modulo1, AltriModuli };
 
-// A column of the form in the layout of a year, with the control that shows it.
+// A column of the form in a year's layout, with the control that shows it.
 struct CampoEditor : ControlloCampo {
   Genere genere = Genere::Importo;
-  int numero = 0;     // of its box; 0 for a column that is no box
+  int numero = 0;     // number of its box; 0 for a column that is not a box
   char parte = '\0';  // 'a' or 'b' where the box has two columns
   bool addizionale = false;
   bool conSegno = false;  // may be negative
 };
 
-// "7.a"; nothing for a column that is no box.
+// "7.a"; empty for a column that is not a box.
 std::string numeroScritto(const CampoEditor& campo);
 
-// The controls of a page whose columns the form has in a year, in their order. The year is one that the form
-// knows.
+// The controls of a page whose columns exist in the year's form, in order. The year is a known year of the
+// form.
 std::vector<CampoEditor> campiEditor(const modello::Modello& modello,
                                      std::span<const ControlloCampo> controlli, Pagina pagina,
                                      std::int32_t anno);
 
-// The program's own.
+// The same for the program's own form.
 std::vector<CampoEditor> campiEditor(Pagina pagina, std::int32_t anno);
 
-// A read-only box of the heading in the layout of a year.
+// A read-only box of the heading in a year's layout.
 struct CampoIntestazione : ControlloIntestazione {
   const modello::Campo* campo = nullptr;
 };
 std::vector<CampoIntestazione> campiIntestazione(const modello::Modello& modello, std::int32_t anno);
 
-// Whether a page has a control for each column of the form that a person can change, and no other, and no two
-// boxes of a year keep the same one.
+// Whether a page has exactly one control for each column of the form that the user can change, and no two
+// boxes of a year store the same column.
 constexpr bool concorda(const modello::Modello& modello, std::span<const ControlloCampo> controlli,
                         Pagina pagina) {
   const auto daModificare = [&](const modello::Campo& campo) {
@@ -72,7 +72,7 @@ constexpr bool concorda(const modello::Modello& modello, std::span<const Control
   }
   for (const modello::Campo& campo : modello.campi) {
     if (!daModificare(campo)) continue;
-    // A choice is shown by its id; the text beside it follows.
+    // A choice is shown by its id; the text next to it is derived.
     if (!conControllo(campo.elenco.empty() ? campo.colonna : campo.elenco)) return false;
     if (campo.forma == modello::Forma::Somma && !conControllo(campo.altre[0])) return false;
   }

@@ -1,4 +1,4 @@
-// A row comes into the editor.
+// Loads a row into the editor.
 
 #include <algorithm>
 
@@ -30,8 +30,7 @@ void EditorCompenso::setTipoComunicazione(Comunicazione tipo) {
   if (disposizione_.immagine) return;
   stbMain->setTabVisible(2, true);
   riferimenti_->disponi(tipo);
-  fraMain->setVisible(tipo !=
-                      Comunicazione::Annullamento);  // an annulment asks for nothing but the references
+  fraMain->setVisible(tipo != Comunicazione::Annullamento);  // an annulment requires only the references
   if (tipo == Comunicazione::Annullamento) stbMain->setTabVisible(2, false);
   notify();
 }
@@ -96,7 +95,7 @@ void EditorCompenso::caricaDatiAggiuntivi() {
   TownComuneResidenzaAnnoCorr->setRecord(dati_.IDComuneResidenzaAnnoCorr);
 }
 
-// One of the two is always closed; what it was loaded with stays in it.
+// One of the two is always locked; it keeps the loaded value.
 void EditorCompenso::bloccaPerCausale() {
   const bool spese = modello::rimborsaSpese(ambiente_.utilita.toText(recordset_->Get("Codice")));
   blocca(casellaDi(Pagina::Modulo1, spese ? "SommeNonSoggetteARitenuta" : "SpeseRimborsate"));

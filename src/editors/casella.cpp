@@ -13,7 +13,7 @@ Control* Casella::controllo() const {
 }
 
 void Casella::mostra(const CellView& valore, const UtilitaSuite& utilita) {
-  // An amount is taken as it is stored, since a double has no room for the fourth place of a large one.
+  // An amount is passed as stored: a double cannot represent the fourth decimal place of a large one.
   if (importo != nullptr) importo->setNumber(valore.decimal());
   if (testo != nullptr) testo->setText(utilita.toText(valore));
   if (flag != nullptr) flag->setValue(valore.flag());

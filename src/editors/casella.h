@@ -8,7 +8,7 @@
 
 namespace cu {
 
-// A column of the form with the control that shows it in an open editor; one of the five, or none.
+// A column of the form with the control that shows it in an open editor; at most one of the five is set.
 struct Casella {
   const CampoEditor* campo = nullptr;
   AmountBox* importo = nullptr;
@@ -22,11 +22,11 @@ struct Casella {
 
   void mostra(const CellView& valore, const UtilitaSuite& utilita);
   void svuota();
-  // As the row keeps it: an amount whole, a flag 1 or 0, an id 0 where nothing is chosen.
+  // In the row's form: an amount unrounded, a flag 1 or 0, an id 0 where nothing is chosen.
   Value valore() const;
-  // An amount other than 0, a text with more than blanks, a box that is ticked.
+  // An amount other than 0, a text with a non-blank character, a ticked box.
   bool pieno() const;
-  // Whether it would store anything else than the value of the row.
+  // Whether it would store a value other than the row's.
   bool diversa(const CellView& riga, const UtilitaSuite& utilita) const;
 };
 

@@ -16,14 +16,14 @@ enum class Sezione {
   Esproprio
 };
 
-// What the editor adds to a column of the form: the control that shows it and its words. Number, kind and
+// The editor's additions to a column of the form: the control that shows it and its texts. Number, kind and
 // years come from the form (campi_editor.h).
 struct ControlloCampo {
-  std::string_view controllo;  // name or, with an index, the array; empty: the column has no control
+  std::string_view controllo;  // name or, with an index, the array; empty where the column has no control
   int indice = -1;
   std::string_view colonna;
   Sezione sezione = Sezione::Somme;
-  std::string_view dicitura;             // beside the number, in the layouts that show it
+  std::string_view dicitura;             // next to the number, in the layouts that show it
   std::string_view didascalia2014 = {};  // the whole caption in the layout of 2014
 };
 
@@ -31,7 +31,7 @@ struct ControlloCampo {
 namespace campi {
 using enum Sezione;
 
-// The module 1: columns of the work table.
+// Module 1: columns of the work table.
 inline constexpr ControlloCampo kControlliModulo1[] = {
     {"chkAnticipazione",                  -1, "Anticipazione",                        Somme,           "Anticipazione", "Anticipazione"},
     {"curField",                          10, "AmmontareLordo",                       Somme,           "Ammontare lordo corrisposto", "Ammontare lordo"},
@@ -95,7 +95,8 @@ inline constexpr ControlloCampo kControlliModulo1[] = {
     {"curField",                          44, "AltreIndennitaRitenuteOperate2",       Esproprio,       "Altre indennità e interessi: ritenute operate"},
 };
 
-// The modules from number 2: the columns of ModuloXContoIndividuale behind its key, in the order of its INSERT.
+// The modules from number 2: the columns of ModuloXContoIndividuale after its key, in the order of its
+// INSERT.
 inline constexpr ControlloCampo kControlliAltriModuli[] = {
     {"numModulo",                         -1, "NumeroModulo",                         Modulo,          "Numero modulo", "Numero modulo"},
     {"cboCodicePerNonSoggettiAltri",      -1, "IDCodicePerNonSoggetti",               Somme,           "Codice", "Codice per non soggetti"},
@@ -149,18 +150,18 @@ inline constexpr ControlloCampo kControlliAltriModuli[] = {
 using campi::kControlliAltriModuli;
 using campi::kControlliModulo1;
 
-// The amounts of the module 1 whose change counts as one of the other modules.
+// The amounts of module 1 whose change counts as a change of the other modules.
 inline constexpr int kImportiFuoriPosto[] = {50, 51};
 
-// The boxes that a person cannot change: the same source on both pages. They have a place in the layouts with
-// the form's picture alone.
+// The boxes that the user cannot change: the same source on both pages. Only the layouts with the form's
+// picture show them.
 struct ControlloIntestazione {
-  int modulo1;  // of txtField
+  int modulo1;  // index in txtField
   int altriModuli;
   std::string_view colonna;
   std::string_view didascalia;
   bool lungoCodiceFiscale = false;
-  bool previdenza = true;  // stands, with its number, in the section of social security
+  bool previdenza = true;  // shown, with its number, in the section of social security
 };
 inline constexpr ControlloIntestazione kIntestazione[] = {
     {11, 12, "CodiceFiscale", "Codice fiscale", true, false},
@@ -171,7 +172,7 @@ inline constexpr ControlloIntestazione kIntestazione[] = {
     {4, 23, "CUCodiceCategoriaEntePrevidenziale", "Categoria"},
 };
 
-// What the wording of the form calls each section.
+// The form's title of each section.
 constexpr std::string_view titolo(Sezione sezione) {
   switch (sezione) {
     case Sezione::Modulo:

@@ -1,4 +1,4 @@
-// The controls of the editor, made from the tables in the order of tabbing.
+// Creates the controls of the editor from the tables, in tab order.
 
 #include <algorithm>
 
@@ -17,7 +17,7 @@ constexpr std::size_t kCodiceFiscale = 16;
 constexpr const char* kElencoCodici =
     "SELECT IDCodicePerNonSoggetti, Codice + ' - ' + Descrizione AS Descrizione FROM CodicePerNonSoggetti";
 
-// The labels of the oldest layout that a lock greys with their field.
+// The labels of the oldest layout that are greyed together with their locked field.
 struct Etichetta {
   int indice;
   const char* nome;
@@ -94,7 +94,7 @@ void EditorCompenso::creaPagine() {
   }
   grdAltriModuli = &crea<Grid>("grdAltriModuli", fraAltriModuli);
   grdAltriModuli->onRowChange = [this] { mostraModulo(); };
-  // To choose the current row leaves a module that has just been begun.
+  // Selecting the current row again leaves a module that has just been begun.
   grdAltriModuli->onRowAgain = [this] {
     if (NuovoModulo) mostraModulo();
   };
@@ -106,7 +106,7 @@ void EditorCompenso::creaPagine() {
   creaPagina(Pagina::AltriModuli, picAltriModuli);
 }
 
-// References and residence, where they have no dialog of their own.
+// References and residence, where no separate dialog contains them.
 void EditorCompenso::creaAltriDati(Frame* pagina) {
   Frame& precedente = crea<Frame>("Frame2", pagina, "Comune di residenza anno precedente");
   TownComuneResidenzaAnnoPrec = &crea<Picker>("TownComuneResidenzaAnnoPrec", &precedente);

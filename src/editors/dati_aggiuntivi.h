@@ -6,10 +6,10 @@
 
 namespace cu {
 
-inline constexpr std::size_t kDescrizione = 255;  // characters of the columns that keep the texts
+inline constexpr std::size_t kDescrizione = 255;  // maximum length of the text columns, in characters
 
-// What the picture of the form does not show: the references to the certificate that is annulled or replaced,
-// and where the payee lived in the previous and in the current year.
+// The data outside the picture of the form: the references to the certificate that is annulled or replaced,
+// and the payee's residence in the previous and in the current year.
 struct DatiAggiuntivi {
   std::string Protocollo;
   std::string Progressivo;

@@ -8,18 +8,17 @@
 
 namespace cu {
 
-// One layout of the editor: the tax years that it serves and what is about it beside the boxes of the form.
+// One layout of the editor: its tax years and everything besides the boxes of the form.
 struct Disposizione {
   std::string_view form;
   modello::Anni anni;
-  // The form's picture in two pages that scroll, with links to its documents, the additional data in a dialog
-  // and the check of what was filled in; otherwise two tabs of labelled fields with the additional data among
-  // them.
+  // True: the form's picture in two pages that scroll, with links to its documents, the additional data in a
+  // dialog, and a check of the input. False: two tabs of labelled fields that include the additional data.
   bool immagine;
-  // The documents and the form's name bear the year of issue, which is the one after.
+  // The documents and the form's name contain the year of issue, which is the following year.
   std::string_view istruzioni = {};
   std::string_view note = {};
-  // The boxes of which one must be filled where box 72 is; one may stand twice in place of another.
+  // The boxes of which one is required where box 72 is filled; a repeated number replaces another one.
   std::array<int, 8> elencoB = {};
 };
 
@@ -31,7 +30,7 @@ inline constexpr auto kDisposizioni = std::to_array<Disposizione>({
         .immagine = true,
         .istruzioni = "CU_2016_Istruzioni.pdf",
         .note = "Note di compilazione CU 2016.pdf",
-        // In this year boxes 103 and 107 alone do not count.
+        // In this year boxes 103 and 107 alone are not sufficient.
         .elencoB = {101, 102, 102, 104, 105, 106, 106, 108},
     },
     {
@@ -44,7 +43,7 @@ inline constexpr auto kDisposizioni = std::to_array<Disposizione>({
     },
 });
 
-// The layout of a year that the form knows.
+// The layout of a known year.
 constexpr const Disposizione& fnDisposizione(std::int32_t anno) {
   for (const Disposizione& disposizione : kDisposizioni) {
     if (disposizione.anni.comprende(anno)) return disposizione;

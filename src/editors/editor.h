@@ -12,7 +12,7 @@
 
 namespace cu {
 
-// What an editor needs around it.
+// The surroundings of an editor.
 struct AmbienteEditor {
   FrontEnd& frontEnd;
   Globali& globali;
@@ -20,8 +20,8 @@ struct AmbienteEditor {
   Settings& settings;
 };
 
-// The editor of one compensation line, as the worklist uses it: the recordset stands on the line to be
-// edited; the editor filters it to that line and changes nothing but the recordset's row and, at the
+// The editor of one compensation line, as used by the worklist. The recordset's current row is the line to
+// edit. The editor filters the recordset to that line; it changes only the recordset's row and, at the
 // confirmation, the additional modules in the database.
 class Editor : public Form {
  public:
@@ -29,20 +29,20 @@ class Editor : public Form {
   virtual void setRecordset(cu::Recordset& righe) = 0;  // loads the row
   virtual cu::Recordset& Recordset() = 0;
   virtual void setTipoComunicazione(Comunicazione tipo) = 0;
-  // Opens only the additional data; an annulment is finished by it. The oldest layout has them on its own
-  // page and does nothing.
+  // Opens only the additional data, which complete an annulment. No effect in the oldest layout, which has
+  // them on its own page.
   virtual void ApriDatiAggiuntivi() = 0;
   virtual bool OK() const = 0;
-  // Part of the confirmation: brings the row to the database. Where it raises an error the editor stays open,
-  // with what was typed, and the row is as it was.
+  // Part of the confirmation: stores the row in the database. If it raises an error, the editor stays open
+  // with its input, and the row is unchanged.
   Event onConfirm;
 };
 
-// The editor of a tax year, in the layout that its form has.
+// Creates the editor of a tax year, in the layout of its form.
 std::unique_ptr<Editor> fnCreaEditor(std::int32_t anno, const AmbienteEditor& ambiente);
 
-// Whether an annulment of the year is finished by its additional data alone, without the editor. A year
-// before the first form is shown in the newest layout, and yet its annulment opens the editor.
+// Whether an annulment of the year needs only the additional data, without the editor. A year before the
+// first form is shown in the newest layout, but its annulment opens the editor.
 bool fnAnnullaNelDialogo(std::int32_t anno);
 
 }  // namespace cu

@@ -22,7 +22,7 @@ namespace cu {
 // The editor of a compensation line, for any layout of the ministerial form.
 class EditorCompenso : public Editor {
  public:
-  // The year is one that the form knows.
+  // The year is required to be a known year of the form.
   EditorCompenso(std::int32_t anno, const AmbienteEditor& ambiente);
 
   void setRecordset(cu::Recordset& righe) override;
@@ -43,7 +43,7 @@ class EditorCompenso : public Editor {
   void formLoad() override;
   void formUnload() override;
 
-  // The controls, made from the tables.
+  // The controls, created from the tables.
   template <class C, class... Args>
   C& crea(Args&&... args);
   void creaPagine();
@@ -58,9 +58,9 @@ class EditorCompenso : public Editor {
   Segno segno(Pagina pagina, const CampoEditor& campo) const;
   void cambiato(Segno segno);
   std::vector<Casella>& caselle(Pagina pagina) { return pagina == Pagina::Modulo1 ? modulo1_ : altriModuli_; }
-  // By the number of the form; none when the layout has no such field.
+  // By the number in the form; null when the layout has no such field.
   const Casella* casella(Pagina pagina, int numero) const;
-  // By its column, of which every layout has a box.
+  // By its column, for which every layout has a box.
   Casella& casellaDi(Pagina pagina, std::string_view colonna);
   AmountBox& importo(Pagina pagina, std::string_view colonna) { return *casellaDi(pagina, colonna).importo; }
   void scorri(int passi);
@@ -79,9 +79,9 @@ class EditorCompenso : public Editor {
   void annulla();
   void riscriviRiga();
   void diceNonRiscritta();
-  // Everything that the row would take from the form, as one text.
+  // All values that the row would receive from the form, as one text.
   std::string impronta() const;
-  using Assegnazioni = std::vector<std::pair<std::string, Value>>;  // column, what it becomes
+  using Assegnazioni = std::vector<std::pair<std::string, Value>>;  // column and its new value
   void riscriviComune(std::string_view anno, std::int32_t idComune, Assegnazioni& colonne);
   void apriDialogo();
 
@@ -97,7 +97,7 @@ class EditorCompenso : public Editor {
   void sbApriModuli();
   void mostraModulo();
   void nuovo();
-  // What the fields hold of a module that has not been saved, in a sentence; empty for nothing.
+  // Describes in a sentence the unsaved input of a module; empty for none.
   std::string moduloNonSalvato() const;
   void salva();
   void elimina();
@@ -112,7 +112,7 @@ class EditorCompenso : public Editor {
   const std::vector<CampoEditor> campiModulo1_;
   const std::vector<CampoEditor> campiAltriModuli_;
   const std::vector<CampoIntestazione> intestazione_;
-  const bool fusioneComuni_;  // the layout keeps notes on merged municipalities
+  const bool fusioneComuni_;  // the layout includes notes on merged municipalities
   AmbienteEditor ambiente_;
   cu::Recordset* recordset_ = nullptr;
   cu::Recordset moduli_;
@@ -132,9 +132,9 @@ class EditorCompenso : public Editor {
   std::vector<Casella> modulo1_;
   std::vector<Casella> altriModuli_;
   std::map<int, TextBox*> testi_;
-  std::map<int, Label*> etichette_;  // of amounts whose caption is a label of its own
+  std::map<int, Label*> etichette_;  // of amounts whose caption is a separate label
   int sezioni_ = 0;
-  std::vector<std::unique_ptr<Percipiente>> percipienti_;  // one a page
+  std::vector<std::unique_ptr<Percipiente>> percipienti_;  // one per page
   std::unique_ptr<Riferimenti> riferimenti_;               // of the oldest layout
 
   Tabs* stbMain = nullptr;

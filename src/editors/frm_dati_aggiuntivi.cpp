@@ -48,7 +48,7 @@ void FrmDatiAggiuntivi::formLoad() {
 
 void FrmDatiAggiuntivi::formUnload() { ambiente_.utilita.releaseForm(*this); }
 
-// The close box gives up as the button does, also after a check that has failed.
+// The close box cancels as the button does, also after a failed check.
 bool FrmDatiAggiuntivi::refusesClose() {
   ok_ = false;
   return false;
@@ -57,7 +57,7 @@ bool FrmDatiAggiuntivi::refusesClose() {
 void FrmDatiAggiuntivi::setTipoComunicazione(Comunicazione tipo) {
   tipo_ = tipo;
   riferimenti.disponi(tipo);
-  fraMain.setVisible(tipo != Comunicazione::Annullamento);  // an annulment asks for nothing else
+  fraMain.setVisible(tipo != Comunicazione::Annullamento);  // an annulment requires nothing else
   notify();
 }
 
@@ -73,7 +73,7 @@ void FrmDatiAggiuntivi::sbFill() {
 }
 
 void FrmDatiAggiuntivi::conferma() {
-  // The members take what was typed even if a reference is then found missing.
+  // The members receive the input even if a reference is then found missing.
   ok_ = true;
   dati = {.Protocollo = riferimenti.txtProtocollo.stored(),
           .Progressivo = riferimenti.txtProgressivo.stored(),

@@ -8,7 +8,7 @@
 
 namespace cu {
 
-// The small dialog of the additional data of one line. Its values are read back whatever OK says.
+// The small dialog of the additional data of one line. Its values are read back whatever the outcome of OK.
 class FrmDatiAggiuntivi : public Form {
  public:
   explicit FrmDatiAggiuntivi(const AmbienteEditor& ambiente);
@@ -18,7 +18,7 @@ class FrmDatiAggiuntivi : public Form {
   std::string Nome;
   DatiAggiuntivi dati;
   void setTipoComunicazione(Comunicazione tipo);
-  void sbFill();  // the members into the controls
+  void sbFill();  // copies the members into the controls
   bool OK() const { return ok_; }
   std::string guideChapter() const override { return "Dati aggiuntivi"; }
   bool shrunk() const override { return tipo_ == Comunicazione::Annullamento; }
@@ -50,9 +50,9 @@ class FrmDatiAggiuntivi : public Form {
   bool ok_ = false;
 };
 
-// A picker's id as the rows keep it.
+// A picker's id in the form stored in the rows.
 std::int32_t idComune(const Picker& comune);
-// Binds a picker for the run: its title, its help.
+// Binds a picker for the run: its title and its help.
 void associaComune(Picker& comune, const AmbienteEditor& ambiente);
 
 }  // namespace cu

@@ -1,4 +1,4 @@
-// The additional modules: a recordset beside the database until the editor is confirmed.
+// The additional modules: a recordset not written to the database until the editor is confirmed.
 
 #include <algorithm>
 #include <span>
@@ -32,7 +32,7 @@ constexpr ColonnaModuli kColonneModuli[] = {
     {"IDModuloXContoIndividuale", "IDModuloXContoIndividuale", kGridLong, 0, 1, false},
 };
 
-// Each column that is seen belongs to a box of further modules, and has its kind.
+// Each visible column belongs to a box of further modules, and has its kind.
 constexpr bool concorda(std::span<const ColonnaModuli> colonne) {
   for (const ColonnaModuli& colonna : colonne) {
     if (!colonna.visibile) continue;
@@ -78,7 +78,7 @@ void EditorCompenso::sbApriModuli() {
   Caricamento = true;
   for (; !moduli_.Eof(); moduli_.MoveNext()) {
     moduli_.Set("Eliminato", Value::ofFlag(false));
-    moduli_.AcceptCurrent();  // the mark is no change of the module
+    moduli_.AcceptCurrent();  // setting the mark is not a change of the module
   }
   if (moduli_.RecordCount() > 0) moduli_.MoveFirst();
   moduli_.SetFilter(kFiltro);
@@ -119,7 +119,7 @@ std::string EditorCompenso::moduloNonSalvato() const {
   if (!cmdSave->enabled() || (!NuovoModulo && moduli_.RecordCount() == 0)) return {};
   const bool scritto = std::any_of(altriModuli_.begin(), altriModuli_.end(), [this](const Casella& casella) {
     if (!casella.presente()) return false;
-    // A number alone makes no module.
+    // A number alone does not make a module.
     if (NuovoModulo) return casella.numero != numModulo && casella.pieno();
     return casella.diversa(moduli_.Get(casella.campo->colonna), ambiente_.utilita);
   });
@@ -165,16 +165,16 @@ void EditorCompenso::elimina() {
   grdAltriModuli->refresh();
   mostraConteggio();
   sbRicalcolaAmmontareLordo();
-  // With no module left to show, the fields stand for a new one, as when there is none at the opening.
+  // Without a module to show, the fields are those of a new one, as at the opening.
   if (moduli_.RecordCount() == 0) nuovo();
 }
 
 void EditorCompenso::sbSalvaModuli() {
   const DrawingPause pausa(*grdAltriModuli);
-  // With no module in sight nothing is applied, not even the deletion of the last ones.
+  // Without a visible module nothing is applied, not even the deletion of the last ones.
   if (moduli_.RecordCount() == 0) return;
-  // The page stays as it was, on the module that it shows, also after a success: the row that is brought to
-  // the work table behind it may fail, and the editor stays open. What has been executed counts as applied.
+  // The page keeps showing the same module, also after a success: storing the row in the work table
+  // afterwards may fail, and the editor then stays open. Executed changes count as applied.
   const auto torna = [this, mostrato = moduli_.Bookmark()] {
     moduli_.SetFilter(kFiltro);
     moduli_.SetBookmark(mostrato);
@@ -199,7 +199,7 @@ void EditorCompenso::applica() {
   for (; !moduli_.Eof(); moduli_.MoveNext()) {
     const bool eliminato = moduli_.Get("Eliminato").flag();
     const Value letto = moduli_.OriginalValue(modello::kIdModulo);
-    // A module whose insertion has succeeded in an attempt that then failed has its id by now.
+    // A module inserted by an attempt that failed later already has its id.
     const std::int64_t id =
         letto.view().isNull() ? moduli_.Get(modello::kIdModulo).integer() : letto.view().integer();
     switch (moduli_.Status()) {

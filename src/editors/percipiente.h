@@ -9,8 +9,8 @@
 
 namespace cu {
 
-// The payee and the payment reason of the line, to be read only: selectors bound as everywhere, and the name.
-// `suffisso` tells the boxes of a second page from those of the first.
+// The payee and the payment reason of the line, read-only: bound selectors, and the name. `suffisso`
+// distinguishes the boxes of a second page from those of the first.
 class Percipiente {
  public:
   Percipiente(Form& form, Frame* frame, const std::string& suffisso);

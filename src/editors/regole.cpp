@@ -1,4 +1,4 @@
-// What the ministerial instructions ask of a line, and what a module must be before it is kept.
+// The checks of a line required by the ministerial instructions, and those of a module before it is stored.
 
 #include <stdexcept>
 
@@ -134,7 +134,7 @@ bool EditorCompenso::fnModuloValido() {
     if (moduli->Get("Eliminato").flag() || moduli->Get("NumeroModulo").integer() != numModulo->value()) {
       continue;
     }
-    // The module that is being edited may keep its number.
+    // The module being edited may keep its number.
     if (!NuovoModulo && moduli->Bookmark() == moduli_.Bookmark()) continue;
     return rifiuta("Il numero modulo risulta già presente.", *numModulo);
   }

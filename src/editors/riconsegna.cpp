@@ -1,4 +1,4 @@
-// The confirmation: the row is handed back as the controls have it.
+// The confirmation: writes the controls' values to the row.
 
 #include "base/text.h"
 #include "controls/frontend.h"
@@ -28,7 +28,7 @@ void EditorCompenso::conferma() {
   unload();
 }
 
-// An error finds the pointer in its box as it was before.
+// The pointer is restored before an error is shown.
 void EditorCompenso::memorizzaRiga() {
   const int puntatore = frontEnd().pointer();
   frontEnd().setPointer(kPointerHourglass);
@@ -61,8 +61,7 @@ std::string EditorCompenso::impronta() const {
   return tutto;
 }
 
-// Not every change makes the row be written anew: whoever has made only such ones learns here that they are
-// lost.
+// Not every change causes the row to be rewritten: the user is informed here that such changes are lost.
 void EditorCompenso::diceNonRiscritta() {
   const std::string adesso = impronta();
   if (adesso == improntaCaricata_) {
@@ -83,8 +82,7 @@ void EditorCompenso::annulla() {
   unload();
 }
 
-// The look-ups come first: one that fails leaves the row as it was, so that the editor can still be
-// cancelled.
+// The look-ups come first: a failing one leaves the row unchanged, so that the editor can still be cancelled.
 void EditorCompenso::riscriviRiga() {
   Assegnazioni colonne;
   colonne.emplace_back("Modificato", Value::ofFlag(true));
@@ -160,7 +158,7 @@ void EditorCompenso::ApriDatiAggiuntivi() {
       conferma();
       return;
     } catch (const std::exception& errore) {
-      // Nothing else is on the screen: the dialog comes back with what was typed.
+      // No other window is open: the dialog is shown again with its input.
       frontEnd().error(asError(errore));
       apriDialogo();
     }

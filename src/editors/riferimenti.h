@@ -10,17 +10,17 @@ namespace cu {
 
 class UtilitaSuite;
 
-// The frame with protocol and progressive number of an earlier submission: the same on the dialog of the
-// additional data and on the oldest editor.
+// The frame with protocol and progressive number of an earlier submission, shared by the dialog of the
+// additional data and the oldest editor.
 class Riferimenti {
  public:
   Riferimenti(Form& form, Frame* frame);
 
-  // Caption, and whether a person may write: an ordinary communication needs no references.
+  // Sets the caption, and whether the user may write: an ordinary communication needs no references.
   void disponi(Comunicazione tipoComunicazione);
-  // False when one is missing: the first one is told and has the focus.
+  // Returns false when one is missing: reports the first missing one and gives it the focus.
   bool fnCompleti(UtilitaSuite& utilita, const std::string& titolo);
-  // Where the form has pages: brings the frame into view.
+  // Where the form has pages: makes the frame visible.
   Event mostra;
 
   Frame fraRiferimenti;

@@ -56,7 +56,7 @@ std::string SqlModuli::insert(std::int64_t id, const Recordset& riga, std::int32
     colonne += ", " + std::string(campo.colonna);
     valori += ", " + valore(campo, modulo, true);
   }
-  // The oldest layout closes its list of columns with a blank.
+  // The oldest layout ends its list of columns with a blank.
   const char* const chiusura = disposizione_.immagine ? ")" : ") ";
   return "INSERT INTO " + tabella() + " (" + colonne + chiusura + " VALUES (" + valori + ")";
 }

@@ -10,8 +10,8 @@
 
 namespace cu {
 
-// The statements on ModuloXContoIndividuale, over the columns of one layout. `modulo` stands on the module.
-// Layout and columns outlive it.
+// The statements on ModuloXContoIndividuale, with the columns of one layout. The current row of `modulo` is
+// the module. Layout and columns outlive the object.
 class SqlModuli {
  public:
   SqlModuli(const Disposizione& disposizione, std::span<const CampoEditor> campi,
@@ -19,7 +19,7 @@ class SqlModuli {
 
   std::string select(const Recordset& riga, std::int32_t idAzienda) const;
   std::string massimo() const;
-  // `riga` is the line of the work table that the module belongs to.
+  // `riga` is the module's line of the work table.
   std::string insert(std::int64_t id, const Recordset& riga, std::int32_t idAzienda,
                      const Recordset& modulo) const;
   std::string update(std::int64_t id, const Recordset& modulo) const;

@@ -5,7 +5,7 @@
 namespace cu::fornitura {
 namespace {
 
-// The control that holds the datum, where the wizard has it.
+// The wizard's control for the datum; "" where it has none.
 std::string posto(const DatoMancante& dato) {
   if (dato.sezione == "Generico") return "dtDataFirma";
   if (dato.sezione != "Intermediario") return {};

@@ -25,7 +25,8 @@ Finding annoSenzaConti(const std::string& anno, const char* elenco) {
   return {"anno-senza-conti", "Nessun conto individuale per l'anno " + anno + ".", elenco};
 }
 
-// A bound as the selector of the first step takes it: what its row says, the code as given without a row.
+// A range limit as resolved by the selector of the first step: the row's values, or the code as given without
+// a row.
 LookupRow estremo(const Intorno& intorno, const LookupTable& tabella,
                   const std::optional<std::string>& codice) {
   if (!codice) return {};
@@ -39,7 +40,7 @@ Filtri filtriDi(const Intorno& intorno, const Estremi& estremi) {
   filtri.perNome = false;
   const auto percipiente = [&](const std::optional<std::string>& codice) {
     LookupRow riga = estremo(intorno, elencoPercipienti(intorno.ambito.idAzienda), codice);
-    // The form shows the first name beside the box as soon as the bound changes.
+    // The form shows the first name next to the box as soon as the limit changes.
     const bool cambiato = riga.record != 0 || !riga.code.empty() || !riga.description.empty();
     if (cambiato) static_cast<void>(FindName(intorno, riga.record));
     return riga;

@@ -8,7 +8,7 @@
 
 namespace cu::fornitura {
 
-// What the operations need of their surroundings; all of it outlives them.
+// The surroundings of the operations; all of them outlive the operations.
 struct Intorno {
   Ambito ambito;
   HostFactory& factory;

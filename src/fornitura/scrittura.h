@@ -13,13 +13,13 @@
 // Writing the telematic file of the selected lines.
 namespace cu::fornitura {
 
-// "CUR_<fiscal code>_<year>.cur", the year as the list shows it.
+// "CUR_<fiscal code>_<year>.cur", with the year as shown in the list.
 std::string fnNomeFile(const std::string& sCodFisc, const std::string& anno);
 
 struct RichiestaFile {
-  std::string anno;      // as the list shows it
+  std::string anno;      // as shown in the list
   std::string cartella;  // of the file
-  // The folder below that of the documents which is made where it is missing.
+  // The subfolder of the documents folder, created where it is missing.
   std::string cartellaDocumenti;
   Date firma;
   DatiFornitura dati;
@@ -28,11 +28,12 @@ struct RichiestaFile {
 struct FileScritto {
   std::string nome;
   std::string percorso;
-  std::size_t certificazioni = 0;  // 0 where there was nothing to write, and then no file was made
+  std::size_t certificazioni = 0;  // 0 where there was nothing to write; no file is made then
 };
 
-// Refused where the file cannot be opened: "percorso-inesistente" with a text for a person, otherwise
-// "file-non-scritto" without one. An error that rises leaves the lines written before it, and no record Z.
+// Rejected where the file cannot be opened: "percorso-inesistente" with a text for the user, otherwise
+// "file-non-scritto" without one. When an error is raised, the file keeps the lines written before it and has
+// no record Z.
 Result<FileScritto> scrivi(const Intorno& intorno, Compensi& compensi, const RichiestaFile& richiesta);
 
 }  // namespace cu::fornitura

@@ -8,38 +8,38 @@
 #include "host/modi.h"
 #include "worklist/compensi.h"
 
-// Selecting and correcting the lines that were loaded. Errors of the database rise as they are, and leave the
-// rows that failed as they were.
+// Selecting and correcting the loaded lines. Database errors propagate unchanged; the rows that failed are
+// not changed.
 namespace cu::fornitura {
 
 struct RichiestaSelezione {
   AzioneSelezione azione = AzioneSelezione::Seleziona;
-  bool tutte = false;                       // all lines, otherwise
-  std::vector<std::size_t> posizioni = {};  // these, inverted; none for the current line
+  bool tutte = false;                       // all lines; otherwise `posizioni`
+  std::vector<std::size_t> posizioni = {};  // positions to invert; empty for the current line
 };
 Result<> seleziona(Compensi& compensi, const RichiestaSelezione& richiesta);
 
-// Refused where no line is selected, or where one that annuls or replaces lacks its references.
+// Rejected where no line is selected, or where an annulling or replacing line lacks its references.
 Result<> controllaSelezione(Compensi& compensi, Comunicazione tipo);
 
-// The references of the supply that is annulled or replaced, on all selected lines.
+// The references of the supply that is annulled or replaced, for all selected lines.
 struct RichiestaRiferimenti {
   std::string protocollo;
   std::string progressivo;
-  bool sovrascrivi = true;  // also where a line has its own
+  bool sovrascrivi = true;  // also for lines with references of their own
 };
-// Refused where the boxes would not take the texts as they are.
+// Rejected where the boxes would not accept the texts unchanged.
 Result<> controllaRiferimenti(const RichiestaRiferimenti& richiesta);
-// Returns how many lines have got one or both.
+// Returns the number of lines with one or both references.
 Result<std::size_t> correggiRiferimenti(Compensi& compensi, const RichiestaRiferimenti& richiesta);
 
-// Refused where the box of the intermediary would not take the text as it is.
+// Rejected where the intermediary's box would not accept the text unchanged.
 Result<> controllaCodiceIntermediario(const std::string& codiceFiscale);
 
-// Brings the current line, as it was corrected in memory, to the work table.
+// Stores the current line, as corrected in memory, in the work table.
 Result<> correggi(Compensi& compensi);
 
-// Brings what was corrected on the selected lines to the accounts; returns how many accounts.
+// Writes the corrections of the selected lines back to the accounts; returns the number of accounts.
 Result<std::size_t> memorizza(Compensi& compensi);
 
 }  // namespace cu::fornitura

@@ -51,7 +51,7 @@ Result<> controllaStampa(const Intorno& intorno, const stampa::Dati& dati, const
 }
 
 Result<> stampa(const Intorno& intorno, const RichiestaStampa& richiesta) {
-  // Controls and reports read for themselves.
+  // The connection of controls and reports.
   Connection& connessione = intorno.ambito.database->ownConnection();
   const Ambito& ambito = intorno.ambito;
   intorno.avanzamento.setPointer(kPointerHourglass);
@@ -105,7 +105,7 @@ Result<> stampaModuli(const Intorno& intorno, Compensi& compensi, const Richiest
   if (righe.RecordCount() > 0) righe.MoveFirst();
   eseguiRicorsione(intorno, ricorsione::elimina(idUtente));
   const std::size_t quante = righe.RecordCount();
-  // One print of all forms takes its time behind the rows, which are quickly put together.
+  // A print of all forms at once spends its time after the rows, which are collected quickly.
   const char* const lavoro = richiesta.cumulativa ? "Preparazione dei moduli" : "Stampa dei moduli";
   for (; !righe.Eof(); righe.MoveNext()) {
     intorno.avanzamento.setPointer(kPointerHourglass);

@@ -7,8 +7,8 @@
 
 namespace cu {
 
-// The suite's log: a table filled row by row and shown once. Besides the columns added it has "MessageType"
-// and "Message" of its own.
+// The suite's log: a table filled row by row and shown once. Besides the added columns it has the columns
+// "MessageType" and "Message".
 class LogGrid {
  public:
   virtual ~LogGrid() = default;

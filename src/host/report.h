@@ -8,10 +8,10 @@
 
 namespace cu {
 
-// The error number of a print that a person gave up: hexadecimal 800403EF.
+// The error number of a print cancelled by the user: hexadecimal 800403EF.
 inline constexpr int kErrorPrintGivenUp = static_cast<int>(0x800403EF);
 
-// A report that the suite keeps for an object type.
+// A report registered in the suite for an object type.
 struct ReportInfo {
   std::string name;  // file name, such as "ContoIndividuale.rpt"
   std::int32_t definition = 0;
@@ -23,12 +23,12 @@ class ReportCatalogue {
   virtual std::vector<ReportInfo> reports(std::int32_t objectType) const = 0;
 };
 
-// One print of one report. Nothing is read or laid out before preview(), print() or run(); they may raise
-// Error, and leave nothing half-written under a file's final name.
+// One print of one report. Nothing is read or laid out before preview(), print() or run(); these may raise
+// Error, and leave no incomplete file under the final name.
 //
-// What the wizard is handed asks for the name of a file where it needs one and tells the front end of the
-// print; the engine behind it, which lays the report out, does neither: it has got a full path before each
-// run, whatever the code.
+// There are two implementations. The one passed to the wizard prompts for a file name where one is needed and
+// reports the print to the front end. The engine behind it, which does the layout, does neither: it receives
+// a full path before each run, for every code.
 class ReportEngine {
  public:
   virtual ~ReportEngine() = default;
@@ -38,7 +38,7 @@ class ReportEngine {
   virtual void setSelectionFormula(const std::string& formula) = 0;
   virtual void setReportFile(const std::string& name) = 0;  // "ContoIndividuale.rpt"
   virtual void setDefinition(std::int32_t number) = 0;
-  // Three calls in this order name the file of run(3): mode 0, the full path, format 0.
+  // Three calls in this order set the file of run(3): mode 0, the full path, format 0.
   virtual void setOutputMode(std::int32_t mode) = 0;
   virtual void setOutputPath(const std::string& path) = 0;
   virtual void setOutputFormat(std::int32_t format) = 0;
@@ -46,14 +46,14 @@ class ReportEngine {
   virtual void setPrinter(const std::string& name, const std::string& port) = 0;
 
   virtual void preview() = 0;  // returns when it has been closed
-  virtual void print() = 0;    // to the printer that was set
-  // 0 a table for a spreadsheet, 1 a PDF where a dialog says, 2 a PDF for e-mail in the documents folder,
-  // 3 a PDF into the named file, or where a dialog says when none was named.
+  virtual void print() = 0;    // to the printer set before
+  // 0: a table for a spreadsheet; 1: a PDF into the file chosen in a dialog; 2: a PDF for e-mail in the
+  // documents folder; 3: a PDF into the file set, or chosen in a dialog when none was set.
   virtual void run(std::int32_t code) = 0;
 };
 
-// While it lives, the prints made through one factory are one run: what none of them changes, the columns of
-// a report's view and the company's data, is read once for all of them.
+// During its lifetime the prints made through one factory are one run: the columns of a report's view and the
+// company's data, which none of them changes, are read once for all.
 class PrintRun {
  public:
   PrintRun() = default;
@@ -62,7 +62,6 @@ class PrintRun {
   PrintRun& operator=(const PrintRun&) = delete;
 };
 
-// The printer dialog.
 class PrinterDialog {
  public:
   virtual ~PrinterDialog() = default;

@@ -12,33 +12,33 @@
 
 namespace cu {
 
-// The number with which a session refuses to start.
+// The error number of a session that cannot start.
 inline constexpr int kErrorSessionRefused = -2147221503;
 
-// A process that the launcher hands over: its name, and its number, which is the run mode.
+// A process passed by the launcher: its name, and its number, which is the run mode.
 struct ProcessoHost {
   std::string nome;
   std::int32_t idFunzione = 0;
 };
 
-// What the launcher hands over. Before start() only the program's name and the title may be asked for.
+// The session passed by the launcher. Before start() only the program's name and the title are available.
 class SessioneHost {
  public:
   virtual ~SessioneHost() = default;
-  virtual void start(std::int32_t window) = 0;  // Error -2147221503 when it cannot be bound
+  virtual void start(std::int32_t window) = 0;  // raises Error -2147221503 when the session cannot be bound
   virtual std::string settingsSection() = 0;    // deleted when the wizard unloads
   virtual void setProgramName(const std::string& name) = 0;
   virtual std::int32_t helpContext() = 0;
   virtual std::int32_t IDUtente() = 0;
   virtual const std::vector<ProcessoHost>& processi() = 0;
-  virtual DatabaseHost& database() = 0;  // an error when the session could not be bound
+  virtual DatabaseHost& database() = 0;  // raises an error when the session could not be bound
   virtual std::string title() = 0;
   virtual std::int32_t IDFiliale() = 0;
   virtual std::int32_t IDAzienda() = 0;
-  virtual std::string helpFolder() = 0;  // without a separator at its end
+  virtual std::string helpFolder() = 0;  // without a trailing separator
 };
 
-// Whose rows the operations work on; the session outlives it.
+// The user, company and branch on whose rows the operations work; the session outlives it.
 struct Ambito {
   DatabaseHost* database = nullptr;
   std::int32_t idUtente = 0;
@@ -71,7 +71,7 @@ class TestiSuite {
 };
 
 // "Ricostruzione conti individuali": sums the payments into the accounts of one company and year, for the
-// payees and reasons that the filter selects (" AND CodicePercipiente >= '...'"; empty for all).
+// payees and reasons selected by the filter (" AND CodicePercipiente >= '...'"; empty for all).
 class RicostruzioneConti {
  public:
   virtual ~RicostruzioneConti() = default;
@@ -80,11 +80,11 @@ class RicostruzioneConti {
   virtual void setFlag(bool value) = 0;
   virtual void setFiltro(const std::string& filtro) = 0;
   virtual void ricostruisci(std::int16_t anno) = 0;
-  // Of the last rebuild: the accounts that it made, and those whose amounts it changed.
+  // Of the last rebuild: the number of accounts created, and of those whose amounts changed.
   virtual std::size_t contiCambiati() const = 0;
 };
 
-// Makes the objects that the wizard creates anew for each use.
+// Creates the objects that the wizard needs, a new one for each use.
 class HostFactory {
  public:
   virtual ~HostFactory() = default;
@@ -94,7 +94,7 @@ class HostFactory {
   virtual std::unique_ptr<RicostruzioneConti> createRicostruzione() = 0;
   virtual std::unique_ptr<LogGrid> createLogGrid() = 0;
   virtual std::unique_ptr<ReportEngine> createReport() = 0;
-  virtual std::unique_ptr<PrintRun> createPrintRun() = 0;  // goes before the factory
+  virtual std::unique_ptr<PrintRun> createPrintRun() = 0;  // destroyed before the factory
   virtual std::unique_ptr<PrinterDialog> createPrinterDialog() = 0;
 };
 

@@ -7,15 +7,15 @@
 
 namespace cu {
 
-// The program's own numbered texts; "" for a number it does not carry.
+// The program's own numbered texts; "" for an unknown number.
 std::string testoProgramma(std::int16_t numero);
 
-// The run modes, which stand as decimal texts in that table.
+// The run modes, stored as decimal texts in that table.
 std::int32_t fnModoContiIndividuali();  // print of the individual accounts over a range of years
 std::int32_t fnModoCertificazione();    // free-form certificate of the compensations of one year
 std::int32_t fnModoCU();                // telematic file and ministerial forms
 
-// The mode of a number that the launcher names.
+// The run mode for a number passed by the launcher.
 ModoCorsa modoCorsa(std::int32_t idFunzione);
 
 }  // namespace cu

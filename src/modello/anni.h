@@ -5,8 +5,8 @@
 
 namespace cu::modello {
 
-// Tax years, first and last: a year is always that of the payment, which is the one that the clerk chooses
-// and that the rows hold. The form of a tax year is issued in the year after it.
+// Tax years, first and last, inclusive. A tax year is always the year of the payment, which the user chooses
+// and the rows contain; the form of a tax year is issued in the following year.
 struct Anni {
   std::int32_t primo = std::numeric_limits<std::int32_t>::min();
   std::int32_t ultimo = std::numeric_limits<std::int32_t>::max();

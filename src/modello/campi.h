@@ -6,8 +6,8 @@
 
 namespace cu::modello {
 
-// The form, box by box, by part and number. A box that moves or changes with a year has a row for each of its
-// shapes.
+// The form, box by box, by part and number. A box whose number or definition changes with the year has one
+// row per variant.
 inline constexpr auto kCampi = [] {
   using enum Quadro;
   using enum Forma;
@@ -18,8 +18,8 @@ inline constexpr auto kCampi = [] {
   constexpr Moduli Ogni = Moduli::Ogni;
   // clang-format off
   return std::to_array<Campo>({
-    // Company and payee. From 2016 the form asks for the merger of the municipality of residence, from 2017 for
-    // that of the year before as well, and what follows moves on by one.
+    // Company and payee. From 2016 the form contains the merger of the municipality of residence, from 2017
+    // also that of the previous year; each shifts the following boxes by one.
     {Azienda,       1, "CodiceFiscaleAz",                      Maiuscolo,         Sempre,        kTutti,       Primo},
     {Azienda,       2, "AnagraficaAz",                         Maiuscolo,         Sempre,        kTutti,       Primo},
     {Azienda,       3, "NomeAz",                               Maiuscolo,         Sempre,        kTutti,       Primo},
@@ -65,8 +65,8 @@ inline constexpr auto kCampi = [] {
     {Firma,         1, "",                                     DataFirma,         Sempre,        kTutti,       Primo},
     {Firma,         2, "",                                     Uno,               Sempre,        kTutti,       Primo},
 
-    // The amounts. The form of 2014 has the contributions at 20 and 21; from 2015 they are the block C at 29 to 39,
-    // and the sections from 41 on follow.
+    // The amounts. The form of 2014 has the contributions in 20 and 21; from 2015 they are block C in 29 to
+    // 39, and the sections follow from 41.
     {Autonomo,   0, "NumeroModulo",                         Intero,            NonNelFile,    kTutti,       Altri, Dati},
     {Autonomo,   1, "Codice",                               Maiuscolo,         Sempre,        kTutti,       Primo},
     {Autonomo,   2, "Anno",                                 Intero,            AnnoDovuto,    kTutti,       Primo},

@@ -9,15 +9,15 @@
 
 namespace cu::modello {
 
-// The parts of the form. The boxes of each are numbered on their own.
+// The parts of the form. The boxes of each part are numbered separately.
 enum class Quadro : std::uint8_t { Azienda, Percipiente, Firma, Autonomo };
 
-// The records of the telematic file that hold boxes.
+// The records of the telematic file that contain boxes.
 enum class Record : std::uint8_t { D, H };
 
 constexpr Record record(Quadro quadro) { return quadro == Quadro::Autonomo ? Record::H : Record::D; }
 
-// What the codes of a part's cells begin with.
+// The prefix of the codes of a part's cells.
 constexpr std::string_view prefisso(Quadro quadro) {
   switch (quadro) {
     case Quadro::Azienda:
@@ -32,66 +32,66 @@ constexpr std::string_view prefisso(Quadro quadro) {
   return "AU001";
 }
 
-// How the value of a box is formed from its columns.
+// How the value of a box is computed from its columns.
 enum class Forma : std::uint8_t {
-  Testo,              // as it is read
+  Testo,              // unchanged
   Maiuscolo,          // in upper case
   Destra,             // right-aligned to 16
   RifilatoADestra,    // trimmed, then right-aligned
   Intero,             // a whole number, right-aligned
   Data,               // DDMMYYYY, right-aligned
-  DataFirma,          // that of the signature, today where there is none
-  Telefono,           // cleaned; the second column where the first is no number
-  Uno,                // ticked wherever its condition holds
+  DataFirma,          // date of the signature; today where there is none
+  Telefono,           // cleaned; the second column where the first is not a number
+  Uno,                // ticked where the condition holds
   Flag,               // ticked where the column is true
   Importo,            // "#0.00", right-aligned; zero has no cell
   ImportoConSegno,    // an amount that may be negative
   Somma,              // an amount: the sum of two columns
-  CodiceNonSoggetti,  // the code, or the year's own where sums are not subject and no code was chosen
-  CodicePressoEnte,   // the company's code at the fund whose id the column holds
+  CodiceNonSoggetti,  // the code; where none was chosen and sums are not subject, the year's own code
+  CodicePressoEnte,   // the company's code at the fund whose id is in the column
 };
 
-// Whether a box takes part; found once a certificate and module.
+// Whether a box is present; evaluated once per certificate and module.
 enum class Condizione : std::uint8_t {
   Sempre,
   PersonaFisica,
   NonResidente,
-  Schumacker,  // a non-resident of that kind
-  AnnoDovuto,  // an advance, or a reason that asks for the year
-  CausaleN,    // the reason that has surcharges
+  Schumacker,  // a non-resident of the kind "Schumacker"
+  AnnoDovuto,  // an advance, or a reason that requires the year
+  CausaleN,    // the payment reason with surcharges
   BloccoC,     // contributions: at least one of the five amounts
-  NonNelFile,  // kept with the module, but no cell of the file and no box of the print
+  NonNelFile,  // stored with the module, but neither a cell of the file nor a box of the print
 };
 
-// The modules of a certificate in which a box stands.
+// The modules of a certificate that contain a box.
 enum class Moduli : std::uint8_t { Primo, Altri, Ogni };
 
-// Where a correction of the box goes when the line is written back. In a further module either means the row
-// of the module.
+// Where the corrected value of a box is stored when the line is written back. In a further module either
+// value means the row of the module.
 enum class Riscrittura : std::uint8_t {
   No,
-  Riga,  // the work table, and from there by a formula into the account or nowhere
-  Dati,  // the work table and, as it is, the account's additional data
+  Riga,  // the work table; from there by a formula into the account, or not at all
+  Dati,  // the work table and, unchanged, the account's additional data
 };
 
-// What a column holds for a person; of a list it is the id.
+// The kind of a column's value for the user; a column of a list contains the id.
 enum class Genere : std::uint8_t { Importo, Testo, Flag, Elenco, Numero };
 
 using AltreColonne = std::array<std::string_view, 3>;
 
-// A box of the form, in the tax years and the modules in which it has this number, column and condition.
-// Module 1 reads its columns from the row of the certificate, the others from the row of the module.
+// A box of the form, in the tax years and modules in which it has this number, column and condition. Module 1
+// reads its columns from the row of the certificate, further modules from the row of the module.
 struct Campo {
   Quadro quadro;
-  std::int32_t numero;       // in its part; 0 for a column of the module's row that is no box
-  std::string_view colonna;  // empty where none is behind the box
+  std::int32_t numero;       // in its part; 0 for a column of the module's row that is not a box
+  std::string_view colonna;  // empty for a box without a column
   Forma forma;
   Condizione condizione;
   Anni anni;
   Moduli moduli = Moduli::Primo;
   Riscrittura riscrittura = Riscrittura::No;
-  std::string_view elenco = {};  // the column of the id, where a person chooses the value from a list
-  AltreColonne altre = {};       // where the form needs more than one column
+  std::string_view elenco = {};  // the column of the id, where the user chooses the value from a list
+  AltreColonne altre = {};       // where the form of the value requires more than one column
 };
 
 constexpr bool inModulo(const Campo& campo, bool primoModulo) {
@@ -102,7 +102,7 @@ constexpr bool vale(const Campo& campo, std::int32_t anno, bool primoModulo) {
   return inModulo(campo, primoModulo) && campo.anni.comprende(anno);
 }
 
-// Whether the record has a cell for the box, in the years and modules that it holds in.
+// Whether the record has a cell for the box, in the box's years and modules.
 constexpr bool haCella(const Campo& campo, Record dove) {
   return record(campo.quadro) == dove && campo.condizione != Condizione::NonNelFile;
 }
@@ -122,8 +122,8 @@ constexpr Codice codice(const Campo& campo) {
   return codice;
 }
 
-// The column that a cell is written from; empty where its form reads none. A code at a fund falls back on the
-// column behind the id.
+// The column from which a cell is written; empty where its form reads none. A code at a fund falls back to
+// the column after the id.
 constexpr std::string_view fonte(const Campo& campo) {
   if (campo.forma == Forma::Uno || campo.forma == Forma::DataFirma) return {};
   return campo.forma == Forma::CodicePressoEnte ? campo.altre[0] : campo.colonna;
@@ -155,15 +155,15 @@ constexpr Genere genere(Forma forma) {
   return Genere::Testo;
 }
 
-// A column in which a box keeps what a person enters.
+// A column that stores the user's input for a box.
 struct Colonna {
   std::string_view nome;
   Genere genere = Genere::Testo;
   char parte = '\0';  // 'a' or 'b' where the box is the sum of two columns
 };
 
-// The columns of a box, in the order in which they are written back: of a list the id and what stands for it,
-// of a sum its two parts.
+// The columns of a box, in the order in which they are written back: for a list the id and the value that it
+// stands for, for a sum its two parts.
 class ColonneDiCampo {
  public:
   constexpr explicit ColonneDiCampo(const Campo& campo) {
@@ -185,7 +185,7 @@ class ColonneDiCampo {
   std::size_t quante_ = 0;
 };
 
-// Whether a person's entry of the box is kept in the column.
+// Whether the user's input for the box is stored in the column.
 constexpr bool tiene(const Campo& campo, std::string_view colonna) {
   if (colonna.empty()) return false;
   return campo.colonna == colonna || campo.elenco == colonna ||

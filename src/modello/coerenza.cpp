@@ -2,7 +2,7 @@
 
 namespace cu::modello {
 
-// The program's own form is checked once, here.
+// Checks the program's own form at compile time.
 static_assert(coerente(kModello));
 
 }  // namespace cu::modello

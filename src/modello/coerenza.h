@@ -4,15 +4,16 @@
 
 namespace cu::modello {
 
-// Whether some year and module of a record has both boxes.
+// Whether both boxes exist in some year and module of a record.
 constexpr bool insieme(const Campo& a, const Campo& b) {
   const bool moduli = a.moduli == b.moduli || a.moduli == Moduli::Ogni || b.moduli == Moduli::Ogni;
   return moduli && record(a.quadro) == record(b.quadro) && siToccano(a.anni, b.anni);
 }
 
-// What every form must be. Of two boxes that stand together the second has the greater number, or is of a
-// later part: so no number stands twice, and the order of the rows is that of the cells. A column is written
-// back in one way. Each year has a code of sums not subject to withholding, also beside the known years.
+// The invariants of every form. Of two boxes that coexist, the second has the greater number or belongs to a
+// later part: numbers are therefore unique, and the order of the rows is that of the cells. A column is
+// written back in one way only. Each year has a code of sums not subject to withholding, also outside the
+// known years.
 constexpr bool coerente(const Modello& modello) {
   for (const Campo* primo = modello.campi.data(); primo != modello.campi.data() + modello.campi.size();
        ++primo) {

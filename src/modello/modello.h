@@ -11,34 +11,34 @@
 
 namespace cu::modello {
 
-// A code that stands for a fact in some tax years.
+// A code with its tax years.
 struct CodiceAnnuo {
   Anni anni;
   std::string_view codice;
 };
 
-// The code of sums not subject to withholding that means "all other cases", for a line where none was chosen.
+// The code of sums not subject to withholding that means "all other cases", for a line without a chosen code.
 inline constexpr auto kCodiciNonSoggetti =
     std::to_array<CodiceAnnuo>({{finoAl(2015), "3"}, {nel(2016), "6"}, {dal(2017), "7"}});
 
-// A form: the one of the program, or another one that a test derives from.
+// A form: that of the program, or one derived from it by a test.
 struct Modello {
   std::span<const Campo> campi;
-  Anni noti;  // the tax years whose form the table holds
+  Anni noti;  // the tax years whose form the table contains
   std::span<const CodiceAnnuo> codiciNonSoggetti;
 };
 
 inline constexpr Modello kModello = {kCampi, {2014, 2017}, kCodiciNonSoggetti};
 
-// The known year whose form a year has, on the screen and on paper: its own, or else the newest one. That
-// holds for years before the first one too, whose lines can still be looked at.
+// The known year whose form is used for a year, on screen and on paper: the year itself, otherwise the newest
+// one. That includes years before the first one, whose lines can still be displayed.
 constexpr std::int32_t annoDisposizione(std::int32_t anno, const Modello& modello = kModello) {
   return modello.noti.comprende(anno) ? anno : modello.noti.ultimo;
 }
 
-// The year by which the telematic file of a year is laid out. It differs from the form's before the first
-// known year, for which no file was ever asked for: one that is made all the same has the boxes that are
-// bound to no first year, and nothing of what came or moved with the newest form.
+// The year that determines the layout of a year's telematic file. Before the first known year it differs from
+// annoDisposizione: no file was ever required for such a year; its file has the boxes without a first year,
+// and none that the newest form added or moved.
 constexpr std::int32_t annoTracciato(std::int32_t anno, const Modello& modello = kModello) {
   return std::min(anno, modello.noti.ultimo);
 }
@@ -50,7 +50,7 @@ constexpr std::string_view codiceNonSoggetti(std::int64_t anno, const Modello& m
   return {};
 }
 
-// A column and the box that keeps it; no box where a year has none.
+// A column and the box that stores it; no box where the year has none.
 struct Trovato {
   const Campo* campo = nullptr;
   Colonna colonna;
@@ -63,7 +63,7 @@ constexpr Trovato trovatoIn(const Campo& campo, std::string_view colonna) {
   return {};
 }
 
-// In a record's boxes of one year and module no column may be asked for that two of them keep.
+// Within a record's boxes of one year and module a column is required to be unique.
 constexpr Trovato trova(const Modello& modello, Record dove, std::string_view colonna, std::int32_t anno,
                         bool primoModulo) {
   Trovato trovato;
@@ -75,7 +75,7 @@ constexpr Trovato trova(const Modello& modello, Record dove, std::string_view co
   return trovato;
 }
 
-// What a column holds in whatever year and module.
+// The content of a column, in any year and module.
 constexpr Trovato trova(const Modello& modello, std::string_view colonna) {
   for (const Campo& campo : modello.campi) {
     if (tiene(campo, colonna)) return trovatoIn(campo, colonna);
@@ -83,7 +83,7 @@ constexpr Trovato trova(const Modello& modello, std::string_view colonna) {
   return {};
 }
 
-// The box of a part by its number.
+// The box with that number in the part.
 constexpr const Campo* trovaNumero(const Modello& modello, Quadro quadro, std::int32_t numero,
                                    std::int32_t anno, bool primoModulo) {
   for (const Campo& campo : modello.campi) {

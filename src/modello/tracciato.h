@@ -10,8 +10,8 @@
 
 namespace cu::modello {
 
-// The layout of the telematic file as the supply's rules print it: position (from 1), length, name of the
-// field. The names are the interface between layout and writers.
+// The layout of the telematic file as printed in the official rules for the supply: position (from 1),
+// length, name of the field. The names connect layout and writers.
 
 inline constexpr int kLarghezzaRecord = 1898;
 inline constexpr int kCelle = 75;
@@ -22,7 +22,8 @@ struct CampoRecord {
   int posizione = 0;
   int lunghezza = 0;
   std::string_view nome;
-  int volte = 1;  // more than one: so many fields in a row, the number from 1 at the end of the name
+  int volte =
+      1;  // more than one: that many consecutive fields, with the number from 1 at the end of the name
 };
 
 // clang-format off
@@ -164,8 +165,7 @@ inline constexpr auto kTipoZ = std::to_array<CampoRecord>({
 
 using Tavola = std::span<const CampoRecord>;
 
-// The position behind the rows when they follow one another from `posizione` on without gap or overlap; 0
-// when they do not.
+// The position after the rows when they are contiguous from `posizione`, without gap or overlap; otherwise 0.
 constexpr int dopo(Tavola righe, int posizione) {
   for (const CampoRecord& riga : righe) {
     if (riga.posizione != posizione || riga.lunghezza < 1 || riga.volte < 1) return 0;
@@ -179,7 +179,7 @@ static_assert(dopo(kTipoD, 1) == kLarghezzaRecord + 1);
 static_assert(dopo(kTipoH, 1) == kLarghezzaRecord + 1);
 static_assert(dopo(kTipoZ, 1) == kLarghezzaRecord + 1);
 
-// What stands in the middle of record B, by tax years; the last one is that of every other year.
+// The middle of record B, by tax years; the last entry applies to every other year.
 struct VarianteB {
   Anni anni;
   Tavola campi;
@@ -203,11 +203,11 @@ constexpr bool haCampo(Tavola tavola, std::string_view nome) {
                      [nome](const CampoRecord& riga) { return riga.nome == nome; });
 }
 
-// The exceptional event of the company, which record B has in some years.
+// The exceptional event of the company, present in record B in some years.
 inline constexpr std::string_view kEventiEccezionali = "Eventi eccezionali";
 constexpr bool haEventiEccezionali(std::int32_t anno) { return haCampo(tipoB(anno)[1], kEventiEccezionali); }
 
-// Certificates of employees: only the first form asked for their number in this supply.
+// Certificates of employees: only the first form requires their number in this supply.
 inline constexpr Anni kContaDipendenti = nel(2014);
 
 }  // namespace cu::modello

@@ -1,6 +1,6 @@
 #pragma once
 
-// The ODBC API, unixODBC's or the platform's own.
+// The ODBC API of unixODBC or of the platform.
 #ifdef _WIN32
 #define NOMINMAX
 #include <windows.h>

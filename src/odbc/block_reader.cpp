@@ -54,7 +54,7 @@ void BlockReader::read(const StatementHandle& statement, SQLSMALLINT columns, Ro
     const auto count = static_cast<std::size_t>(fetched_);
     for (std::size_t i = 0; i < count; ++i) {
       if (status_[i] == SQL_ROW_ERROR) throw CallFailed{};
-      std::optional<Watchdog::Watch> watch;  // where the driver is asked for single cells
+      std::optional<Watchdog::Watch> watch;  // while single cells are requested from the driver
       if (block_ == 1) watch.emplace(watchdog, seconds);
       row(statement, i, rows);
     }
@@ -79,7 +79,7 @@ void BlockReader::describe(const StatementHandle& statement, SQLSMALLINT count) 
     need(SQLDescribeColW(statement.get(), static_cast<SQLUSMALLINT>(i + 1), name.data(),
                          static_cast<SQLSMALLINT>(name.size()), &length, &column.type, &column.size, &digits,
                          &nullable));
-    // The driver manager tells some drivers' lengths in bytes of their own.
+    // The driver manager returns the length of some drivers' names in the driver's own bytes.
     const auto shown = std::min(static_cast<std::size_t>(length), name.size() - 1);
     const auto end = name.begin() + static_cast<std::ptrdiff_t>(shown);
     column.name.assign(name.begin(), std::find(name.begin(), end, SQLWCHAR{0}));
@@ -105,7 +105,7 @@ BlockReader::Bound BlockReader::boundOf(const Described& column) const {
     case SQL_TYPE_TIMESTAMP:
       return {Form::Date, SQL_C_TYPE_TIMESTAMP, alignedUp(sizeof(SQL_TIMESTAMP_STRUCT))};
     default:
-      break;  // any number may stand here; whatever it is, it has a text
+      break;  // any numeric type is possible here; each can be converted to text
   }
   Bound bound{Form::Text, static_cast<SQLSMALLINT>(wide_ ? SQL_C_WCHAR : SQL_C_CHAR)};
   if (column.size == 0 || column.size > kLongestBound) return bound;
@@ -126,7 +126,7 @@ void BlockReader::plan() {
     Bound bound = boundOf(each);
     columns.push_back(
         {fromWide(each.name.data(), each.name.size()), kTypes[static_cast<std::size_t>(bound.form)]});
-    // A driver gives the cells that are not bound in their order, behind those that are.
+    // A driver supplies unbound cells in column order, and only after the bound ones.
     if (bound.cell == 0) rowByRow = true;
     if (rowByRow) bound.cell = 0;
     rowBytes += bound.cell;
@@ -230,12 +230,12 @@ void BlockReader::text(const char* content, std::size_t bytes, RowStore& rows) {
     return;
   }
   utf8_.clear();
-  // Cells begin at multiples of eight bytes.
+  // Cells are aligned to eight bytes.
   appendFromWide(utf8_, reinterpret_cast<const SQLWCHAR*>(content), bytes / sizeof(SQLWCHAR));
   rows.text(utf8_);
 }
 
-// A cell of the current row, piece by piece.
+// Reads a cell of the current row in pieces.
 void BlockReader::askFor(const StatementHandle& statement, std::size_t column, RowStore& rows) {
   const Bound& bound = bound_[column];
   const std::size_t end = bound.form != Form::Text ? 0 : wide_ ? sizeof(SQLWCHAR) : 1;

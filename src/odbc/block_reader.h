@@ -11,28 +11,28 @@
 
 namespace cu::odbc {
 
-// A call of the API failed; the statement's diagnostics say why.
+// A call of the API failed; the statement's diagnostics contain the reason.
 struct CallFailed {};
 
-// Reads a result into rows: forward only, a block of rows at a time into a buffer a column. A text may be
-// longer than its column is declared; then it is asked for by itself, piece by piece. Where a column is
-// declared without a limit the rows come one by one.
+// Reads a result into rows: forward only, in blocks of rows, with one buffer per column. A text may be longer
+// than the declared length of its column; it is then read separately, in pieces. If a column is declared
+// without a limit, rows are read one by one.
 class BlockReader {
  public:
-  // `wide`: the driver gives texts as wide characters; otherwise they are taken as UTF-8. `rereads`: it gives
-  // a cell of a block once more.
+  // `wide`: the driver supplies texts as wide characters, otherwise as UTF-8. `rereads`: it can supply a cell
+  // of a block a second time.
   BlockReader(bool wide, bool rereads) : wide_(wide), rereads_(rereads) {}
 
-  // The result at which the statement stands, of so many columns. The time allowed counts for each call of
-  // the driver. CallFailed, DatabaseError for a value that has no place in a row.
+  // Reads the statement's current result with that number of columns. The time limit applies to each driver
+  // call. Raises CallFailed, and DatabaseError for a value that a row cannot represent.
   void read(const StatementHandle& statement, SQLSMALLINT columns, RowStore& rows, Watchdog& watchdog,
             int seconds);
 
   std::size_t rowsPerBlock() const { return block_; }
 
-  static constexpr std::size_t kBlockBytes = std::size_t{1} << 21;  // of the buffers together
+  static constexpr std::size_t kBlockBytes = std::size_t{1} << 21;  // of all buffers together
   static constexpr std::size_t kMostRows = 512;
-  // Many results are a row or two, and a driver looks at every place of a block.
+  // Many results have one or two rows, and a driver processes every row of a block.
   static constexpr std::size_t kFirstRows = 8;
   static constexpr std::size_t kLongestBound = 8000;  // characters
 
@@ -47,7 +47,7 @@ class BlockReader {
   struct Bound {
     Form form = Form::Text;
     SQLSMALLINT cType = SQL_C_CHAR;
-    std::size_t cell = 0;  // bytes; 0: not bound, asked for row by row
+    std::size_t cell = 0;  // bytes; 0 for a cell that is not bound but read row by row
     char* cells = nullptr;
     SQLLEN* lengths = nullptr;
   };
@@ -66,11 +66,11 @@ class BlockReader {
   bool wide_;
   bool rereads_;
   std::vector<Described> described_;
-  std::vector<Described> last_;  // what the buffers are bound for
+  std::vector<Described> last_;  // the columns for which the buffers are bound
   std::shared_ptr<const Columns> columns_;
   std::vector<Bound> bound_;
   std::size_t block_ = 1;
-  std::size_t rowset_ = 1;  // what the driver fetches at a time now
+  std::size_t rowset_ = 1;  // the number of rows that the driver fetches at a time
   std::unique_ptr<char[]> buffer_;
   std::size_t bufferBytes_ = 0;
   std::vector<SQLLEN> lengths_;

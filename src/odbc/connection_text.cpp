@@ -23,7 +23,7 @@ bool contains(std::string_view text, std::string_view piece) {
   return text.find(piece) != std::string_view::npos;
 }
 
-// The value at the head of `text`, which loses it and the semicolon behind it.
+// Removes the value at the head of `text`, with its semicolon, and returns it.
 std::string takeValue(std::string_view& text) {
   std::string value;
   if (text.empty() || text.front() != '{') {
@@ -47,7 +47,7 @@ std::string takeValue(std::string_view& text) {
   return value;
 }
 
-// Only where it must be: not every driver reads braces alike.
+// Braces only where required: drivers differ in parsing them.
 std::string written(const std::string& value) {
   const bool plain = std::all_of(value.begin(), value.end(), [](char c) {
     return isLetter(c) || isDigit(c) || contains("-_.,:/\\", std::string_view(&c, 1)) ||

@@ -14,7 +14,7 @@ namespace {
 
 using enum DatabaseErrorKind;
 
-// The numbers that SQL Server gives to what a clerk or an administrator can do something about.
+// The SQL Server error numbers for which the user or an administrator has a remedy.
 struct Known {
   int number;
   DatabaseErrorKind kind;
@@ -83,7 +83,7 @@ constexpr Known kServerNumbers[] = {
 };
 
 struct State {
-  std::string_view prefix;  // of the state; the first that fits counts
+  std::string_view prefix;  // of the state; the first match applies
   DatabaseErrorKind kind;
   const char* text;
 };
@@ -126,14 +126,14 @@ bool isDrop(const Diagnostic& diagnostic) {
   return std::ranges::find(kDropped, diagnostic.state) != std::end(kDropped);
 }
 
-// FreeTDS numbers what it says itself as the library of old did.
+// FreeTDS numbers its own messages as the original library did.
 bool isNumberOfFreeTds(int number) {
   return (number >= 20000 && number < 21000) || (number >= 2400 && number <= 2404) || number == 2500;
 }
 
-// The last of the names before the words is the speaker's: "[Microsoft][ODBC Driver 18 for SQL Server][SQL
-// Server]". FreeTDS writes the server's name before its own words too; a driver that writes none is known by
-// the state.
+// The last name before the text identifies the source: "[Microsoft][ODBC Driver 18 for SQL Server][SQL
+// Server]". FreeTDS writes the server's name before its own messages too; for a driver that writes no names
+// the state decides.
 bool isOfServer(const std::string& state, int native, const std::vector<std::string>& names) {
   if (native == 0) return false;
   if (names.empty()) return !state.starts_with("08") && !state.starts_with("HY") && !state.starts_with("IM");
@@ -149,8 +149,8 @@ const Known* known(const Diagnostic& diagnostic) {
 
 bool isRemark(const Diagnostic& diagnostic) { return diagnostic.state.starts_with("01"); }
 
-// The one whose number or state says what happened: the server's own words count before those of the driver,
-// and an error before a remark.
+// The diagnostic whose number or state identifies the error: the server's have precedence over the driver's,
+// and errors over information.
 const Diagnostic& worst(const std::vector<Diagnostic>& diagnostics) {
   for (const Diagnostic& each : diagnostics) {
     if (known(each) != nullptr) return each;
@@ -162,7 +162,7 @@ const Diagnostic& worst(const std::vector<Diagnostic>& diagnostics) {
   return error == diagnostics.end() ? diagnostics.front() : *error;
 }
 
-// The one whose words are worth reading: a driver writes a general phrase beside the reason, which has a
+// The diagnostic with the most specific text: a driver adds a general phrase to the reason, which has a
 // number.
 const Diagnostic& mostTelling(const std::vector<Diagnostic>& diagnostics) {
   const Diagnostic& decisive = worst(diagnostics);
@@ -173,7 +173,7 @@ const Diagnostic& mostTelling(const std::vector<Diagnostic>& diagnostics) {
   return decisive;
 }
 
-// The names of hosts and files are words too, and none of these.
+// Other words, such as names of hosts and files, do not match these.
 bool speaksOfEncryption(const std::string& message) {
   std::string word;
   for (const char c : lowerAscii(message) + ' ') {
@@ -190,13 +190,13 @@ bool speaksOfEncryption(const std::string& message) {
   return false;
 }
 
-// The login of FreeTDS, once the server was reached, says no more than that it has failed.
+// FreeTDS reports a failed login, after the server was reached, without a reason.
 bool isOfEncryption(const Diagnostic& diagnostic) {
   constexpr int kLoginFailed = 20002;
   return diagnostic.native == kLoginFailed || speaksOfEncryption(diagnostic.message);
 }
 
-// What hinders a login is the encryption that was wanted, unless the server has said what hinders it.
+// The cause of a failed login is the requested encryption, unless the server has reported a cause.
 const Diagnostic* faultOfEncryption(const std::vector<Diagnostic>& diagnostics,
                                     const Circumstance& circumstance) {
   if (!circumstance.statementKind.empty() || !circumstance.encrypted) return nullptr;

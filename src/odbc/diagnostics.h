@@ -9,34 +9,35 @@
 
 namespace cu::odbc {
 
-// What the API says of its last call: a state of five characters, a number, words.
+// A diagnostic of the API's last call: a state of five characters, a number, a text.
 struct Diagnostic {
   std::string state;
   int native = 0;
-  std::string message;    // without the names of the drivers before it
-  bool ofServer = false;  // the server's own number and words; the driver's or its manager's otherwise
+  std::string message;    // without the leading names of the drivers
+  bool ofServer = false;  // number and text are the server's; otherwise those of the driver or its manager
 };
 
-// From the words as the API gives them, with the names of those who handed them on.
+// From the API's text, which begins with the names of the components that passed it on.
 Diagnostic diagnosticOf(std::string state, int native, std::string message);
 std::vector<Diagnostic> diagnosticsOf(SQLSMALLINT kind, SQLHANDLE handle);
 
-// What was being done when it failed.
+// The operation that failed.
 struct Circumstance {
   std::string statementKind;   // first word of the statement, in capitals; "" at the login
-  std::string_view statement;  // of which no value may stand in an error
-  int seconds = 0;             // the time that was allowed, 0 for none
-  bool encrypted = false;      // whether the connection was to be encrypted
+  std::string_view statement;  // none of its values may be part of an error
+  int seconds = 0;             // time limit, 0 for none
+  bool encrypted = false;      // whether encryption was requested
 };
 
-// The one of the diagnostics that says most, as an error: what happened, in Italian; then the number and
-// words of the server or of the driver, without the values of the statement.
+// Converts the most specific diagnostic to an error: what happened, in Italian; then number and text of the
+// server or of the driver, without the values of the statement.
 DatabaseError errorOf(const std::vector<Diagnostic>& diagnostics, const Circumstance& circumstance);
-// Nobody answered in the time allowed.
+// The error for a time-out.
 DatabaseError timeoutOf(const Circumstance& circumstance);
-// The connection was there and is no more.
+// The error for a lost connection.
 DatabaseError droppedOf(const Circumstance& circumstance);
-// Whether the server could not be reached or did not stay, whatever it would have said.
+// Whether the server could not be reached or the connection was lost, whatever the server would have
+// answered.
 bool tellsOfWay(const std::vector<Diagnostic>& diagnostics);
 bool tellsOfDrop(const std::vector<Diagnostic>& diagnostics);
 bool tellsOfTimeout(const std::vector<Diagnostic>& diagnostics);

@@ -28,7 +28,7 @@ std::string described(const Environment& environment, const std::string& wanted,
                             &nameLength, description.data(), static_cast<SQLSMALLINT>(description.size()),
                             &descriptionLength))) {
     direction = SQL_FETCH_NEXT;
-    // Attributes of a driver are parted by NUL.
+    // Attributes of a driver are separated by NUL.
     if (equalsNoCase(textOf(name, nameLength), wanted)) return textOf(description, descriptionLength);
   }
   return {};

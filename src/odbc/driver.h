@@ -7,15 +7,15 @@
 
 namespace cu::odbc {
 
-// The driver that a connection text leads to: its registered name, its library where that is known, or the
-// name of the driver behind a data source. For telling its family, and for messages.
+// The driver of a connection text: its registered name, its library where that is known, or the driver's name
+// of a data source. Used to determine its family, and in messages.
 std::string driverOf(const Environment& environment, const ConnectionText& text);
 
-// What an open session says of itself: SQL_DBMS_NAME, SQL_DRIVER_NAME and the like; "" where it does not.
+// A property of an open session, such as SQL_DBMS_NAME or SQL_DRIVER_NAME; "" where it is not available.
 std::string informationOf(const Session& session, SQLUSMALLINT what);
 SQLUINTEGER numberOf(const Session& session, SQLUSMALLINT what);
 
-// Whether the driver gives texts as wide characters.
+// Whether the driver supplies texts as wide characters.
 bool givesWideTexts(const Session& session);
 
 }  // namespace cu::odbc

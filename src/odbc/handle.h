@@ -12,7 +12,7 @@ template <SQLSMALLINT Kind>
 class Handle {
  public:
   Handle() = default;
-  // Empty when the parent refuses it.
+  // Empty when the parent cannot allocate it.
   explicit Handle(SQLHANDLE parent) {
     if (!SQL_SUCCEEDED(SQLAllocHandle(Kind, parent, &handle_))) handle_ = nullptr;
   }
@@ -45,7 +45,7 @@ using Environment = Handle<SQL_HANDLE_ENV>;
 using Session = Handle<SQL_HANDLE_DBC>;
 using StatementHandle = Handle<SQL_HANDLE_STMT>;
 
-// An attribute that is a number, where the API wants it as a pointer.
+// A numeric attribute, as the pointer that the API requires.
 inline SQLPOINTER number(std::uintptr_t value) {
   return reinterpret_cast<SQLPOINTER>(value);  // NOLINT: the API's own way
 }

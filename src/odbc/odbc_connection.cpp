@@ -33,7 +33,7 @@ Environment newEnvironment() {
   return environment;
 }
 
-// As a literal of a statement, so that it is taken out of messages as values are.
+// Writes the secret as a literal of a statement, so that it is removed from messages like a value.
 std::string asLiteral(std::string_view secret) {
   std::string literal = "'";
   for (const char c : secret) {
@@ -43,8 +43,8 @@ std::string asLiteral(std::string_view secret) {
   return literal + "'";
 }
 
-// Whatever comes of a statement, nothing of it is left for the next one. A driver may have to read what the
-// server still sends.
+// Closes the statement's results in any case, so that none is left for the next one. A driver may have to
+// read what the server still sends.
 struct Closing {
   StatementHandle& statement;
   Watchdog& watchdog;
@@ -55,7 +55,7 @@ struct Closing {
   }
 };
 
-// Some drivers would send what stands before it, as if that were all.
+// Some drivers would send only the part before a null character, without an error.
 void refuseNull(std::string_view statement) {
   if (statement.find('\0') == std::string_view::npos) return;
   const std::string kind = kindOf(statement);
@@ -95,7 +95,8 @@ struct OdbcConnection::State {
   void login();
   void beginStatement();
   void reviveIfLost() {
-    // The way may have been broken behind the last statement, while what was left of it was given up.
+    // The connection may have been broken after the last statement, while its remaining results were
+    // discarded.
     if (lost || watchdog.hasBitten()) login();
   }
   void run(std::string_view statement, RowStore* rows);
@@ -145,7 +146,7 @@ void OdbcConnection::State::login() {
   }
   if (!SQL_SUCCEEDED(code)) {
     const std::vector<Diagnostic> diagnostics = diagnosticsOf(SQL_HANDLE_DBC, session.get());
-    // Some drivers tell their own running out of time like any other failure of the way.
+    // Some drivers report their own time-out like any other communication error.
     const bool outOfTime = settings.loginSeconds > 0 && tellsOfWay(diagnostics) &&
                            Clock::now() - start >= std::chrono::seconds(settings.loginSeconds);
     if (watchdog.ranOutOfTime() || outOfTime) throw timeoutOf(circumstance);
@@ -153,8 +154,8 @@ void OdbcConnection::State::login() {
     throw errorOf(diagnostics, circumstance);
   }
   watchdog.afterLogin();
-  // The drivers of SQL Server do. FreeTDS is not even to be asked: it reaches the driver manager's function
-  // in place of its own, and is refused there.
+  // The drivers of SQL Server do. FreeTDS must not be queried: it calls the driver manager's function instead
+  // of its own, which rejects the call.
   wide = family != DriverFamily::Other || givesWideTexts(session);
   beginStatement();
   lost = false;
@@ -163,7 +164,8 @@ void OdbcConnection::State::login() {
 void OdbcConnection::State::beginStatement() {
   statement = StatementHandle(session.get());
   if (!statement) throw errorOf(diagnosticsOf(SQL_HANDLE_DBC, session.get()), {"", "", 0, false});
-  // What a driver does not know of these it does without: they are what it does by itself, or the watchdog's.
+  // Attributes unknown to a driver are skipped: they are its default behaviour, or the watchdog replaces
+  // them.
   SQLHSTMT handle = statement.get();
   SQLSetStmtAttr(handle, SQL_ATTR_CURSOR_TYPE, number(SQL_CURSOR_FORWARD_ONLY), 0);
   SQLSetStmtAttr(handle, SQL_ATTR_CONCURRENCY, number(SQL_CONCUR_READ_ONLY), 0);
@@ -184,7 +186,7 @@ void OdbcConnection::State::run(std::string_view source, RowStore* rows) {
     SQLRETURN code = SQL_ERROR;
     if (wide) {
       toWide(source, wideText);
-      wideText.push_back(0);  // told its length, a driver may look for an end all the same
+      wideText.push_back(0);  // a driver may look for a terminator in spite of the length
       const Watchdog::Watch watch(watchdog, settings.statementSeconds);
       code = SQLExecDirectW(statement.get(), wideText.data(), static_cast<SQLINTEGER>(wideText.size() - 1));
     } else {
@@ -200,13 +202,13 @@ void OdbcConnection::State::run(std::string_view source, RowStore* rows) {
   }
 }
 
-// All of them, whatever is wanted: an error may stand behind the first.
+// Reads all results in any case: an error may follow the first one.
 void OdbcConnection::State::results(RowStore* rows) {
   for (;;) {
     SQLSMALLINT columns = 0;
     if (!SQL_SUCCEEDED(SQLNumResultCols(statement.get(), &columns))) throw CallFailed{};
     if (columns == 0) {
-      // What a trigger has touched comes before the statement's own count.
+      // The row counts of triggers come before the statement's own.
       SQLLEN count = -1;
       if (SQL_SUCCEEDED(SQLRowCount(statement.get(), &count)) && count >= 0 &&
           !(count == 0 && countsNothing())) {
@@ -223,7 +225,8 @@ void OdbcConnection::State::results(RowStore* rows) {
   }
 }
 
-// Of a server whose sessions begin without counting, Microsoft's driver says 0 rows, and this beside it.
+// For a server whose sessions start with NOCOUNT, Microsoft's driver returns 0 rows, together with this
+// diagnostic.
 bool OdbcConnection::State::countsNothing() const {
   if (family != DriverFamily::Microsoft) return false;
   constexpr SQLINTEGER kNoCountStatus = 1231;
@@ -238,7 +241,7 @@ void OdbcConnection::State::fail(const Circumstance& circumstance) {
   SQLGetConnectAttr(session.get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
   lost = dead == SQL_CD_TRUE || watchdog.hasBitten() || tellsOfDrop(diagnostics);
   if (watchdog.ranOutOfTime()) throw timeoutOf(circumstance);
-  // A driver may leave a server that has let its own time run out.
+  // A driver may disconnect from a server that has reached its own time limit.
   throw lost && !tellsOfTimeout(diagnostics) ? droppedOf(circumstance) : errorOf(diagnostics, circumstance);
 }
 

@@ -12,33 +12,34 @@ namespace cu {
 
 struct OdbcSettings {
   std::string text;      // keywords and values: "Driver=FreeTDS;Server=...;Database=...;UID=..."
-  std::string password;  // of the user of the text; not part of it
+  std::string password;  // of the text's user; not part of the text
   bool encrypt = true;
   int loginSeconds = 15;
   int statementSeconds = 600;  // 0 for no limit
 };
 
-// A database server behind an ODBC driver. A statement reaches it as it stands; a plain table name is read
-// with "SELECT * FROM name".
+// A database server behind an ODBC driver. Statements are sent unchanged; a plain table name is read with
+// "SELECT * FROM name".
 //
-// A result is read to its end before Query returns, so that nothing of one statement is left open when the
-// next comes: one handle serves every Connection of the session. A connection that was lost tells so once,
-// with what was under way, and is made anew for the next statement. For one thread.
+// Query reads a result to its end, so that no statement is left open when the next one runs: one handle
+// serves every Connection of the session. A lost connection is reported once, by the running operation, and
+// is reopened for the next statement. Not thread-safe.
 class OdbcConnection final : public Connection {
  public:
-  // What the driver cannot do and what is not as safe as it should be is told to `warn`, in Italian.
+  // `warn` receives, in Italian, missing capabilities of the driver and security weaknesses of the
+  // connection.
   static std::unique_ptr<OdbcConnection> open(const OdbcSettings& settings,
                                               const std::function<void(const std::string&)>& warn);
-  // Whether the text leaves the server to ask for a password. DatabaseError for a text that is none.
+  // Whether the server requires a password that the text does not replace. DatabaseError for an invalid text.
   static bool wantsPassword(std::string_view text);
   ~OdbcConnection() override;
 
   std::int64_t Execute(std::string_view statement) override;
   void Query(std::string_view source, RowStore& rows) override;
 
-  // Of the last result.
+  // For the last result.
   std::size_t rowsPerBlock() const;
-  // The server's own name and version: "Microsoft SQL Server 15.00.2000".
+  // The server's name and version: "Microsoft SQL Server 15.00.2000".
   std::string product() const;
   bool isSqlServer() const;
 

@@ -74,8 +74,8 @@ SocketState stateOf(const SocketId& socket) {
   return SocketState::Open;
 }
 
-// A stream that is only shut down looks like one with an end to be read, which a driver may read again and
-// again. Dissolving it leaves an error on it.
+// A stream that is only shut down looks like one with an end to read, which a driver may read repeatedly.
+// Dissolving the connection makes its calls fail.
 void breakOff(const SocketId& socket) {
   if (!isStill(socket)) return;
   sockaddr nowhere{};

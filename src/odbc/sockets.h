@@ -8,21 +8,21 @@ namespace cu::odbc {
 // A network socket of this process.
 struct SocketId {
   int descriptor = -1;
-  std::uint64_t node = 0;  // tells a socket from a later one under the same number
+  std::uint64_t node = 0;  // distinguishes a socket from a later one with the same number
   friend bool operator==(const SocketId&, const SocketId&) = default;
 };
 
-// Those that are open now; none where a process cannot find them (Windows).
+// The sockets open now; empty where a process cannot list them (Windows).
 std::vector<SocketId> openSockets();
 
 enum class SocketState : std::uint8_t {
-  Gone,  // this side has closed it
+  Gone,  // closed by this side
   Open,
-  Finished,  // the other side has closed the stream in order, and all that it sent has been read
+  Finished,  // the other side has closed the stream in order, and all its data has been read
 };
 SocketState stateOf(const SocketId& socket);
 
-// Breaks the way under whoever waits on it, who is told of an error and not only of an end.
+// Breaks the connection under a waiting call, which then returns an error and not only an end of data.
 void breakOff(const SocketId& socket);
 
 }  // namespace cu::odbc

@@ -4,7 +4,8 @@ namespace cu::odbc {
 
 #ifdef _WIN32
 
-// The driver manager there converts by the system's code page, and every driver takes wide characters.
+// On Windows the driver manager converts by the system's code page, and every driver supports wide
+// characters.
 Utf8Locale::Utf8Locale() = default;
 Utf8Locale::~Utf8Locale() = default;
 

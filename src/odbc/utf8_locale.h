@@ -6,9 +6,9 @@
 
 namespace cu::odbc {
 
-// While it lives, the calling thread's characters are UTF-8, whatever the environment says. The driver
-// manager decides by the thread's locale, when a session is allocated and when it connects, how it converts
-// the driver's narrow texts for the session's whole life: names of columns, messages.
+// During its lifetime the calling thread's character set is UTF-8, whatever the environment specifies. When a
+// session is allocated and when it connects, the driver manager selects by the thread's locale how it
+// converts the driver's narrow texts (column names, messages) for the session's lifetime.
 class Utf8Locale {
  public:
   Utf8Locale();

@@ -6,10 +6,10 @@ namespace cu::odbc {
 namespace {
 
 constexpr std::chrono::milliseconds kStep{100};
-constexpr int kIdleSteps = 20;      // after which it sleeps until it is armed again
-constexpr int kLooksUntilGone = 3;  // a driver may still be at work on what it has taken
+constexpr int kIdleSteps = 20;      // then it sleeps until it is armed again
+constexpr int kLooksUntilGone = 3;  // a driver may still be processing data received
 
-// Behind the driver's own time.
+// Longer than the driver's own time limit.
 std::chrono::nanoseconds allowance(int seconds) {
   constexpr int kLeast = 2;
   constexpr int kMost = 30;
@@ -63,7 +63,7 @@ void Watchdog::arm(int seconds) {
   }
 }
 
-// A look that has not seen the call's end yet is waited for: what it breaks belongs to this call.
+// Waits for a check in progress, so that a connection broken by it belongs to this call.
 void Watchdog::disarm() {
   deadline_ = kIdle;
   if (looking_) const std::lock_guard lock(mutex_);

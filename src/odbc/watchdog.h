@@ -12,16 +12,16 @@
 
 namespace cu::odbc {
 
-// Ends a call of a driver that does not come back, by breaking the way to the server under it. Not every
-// driver keeps the time it is told, none notices that a server is alive and silent if it waits without a
-// limit, and one of them goes on asking a TLS session for data after the server has closed it in order.
+// Ends a driver call that does not return, by breaking the connection to the server under it. Not every
+// driver observes its time limit, none detects a server that is alive and silent when there is no limit, and
+// one of them keeps reading from a TLS session that the server has closed in order.
 //
-// The way is broken when the driver's own time and a grace have passed, so that the server's answer is heard
-// where there is one; and, whatever time is allowed, when the server has closed its side, the driver has
-// taken all that came, and the call is still under way a moment later.
+// The connection is broken in two cases: when the driver's own time limit and a grace period have passed, so
+// that an answer of the server is still received; and, whatever the limit, when the server has closed its
+// side, the driver has read all data, and the call is still running a moment later.
 //
-// Arming costs no system call. Where a process cannot find its sockets (Windows) it does nothing: the drivers
-// there keep their time.
+// Arming costs no system call. Where a process cannot list its sockets (Windows) it does nothing: the drivers
+// there observe their time limit.
 class Watchdog {
  public:
   Watchdog() = default;
@@ -29,12 +29,12 @@ class Watchdog {
   Watchdog(const Watchdog&) = delete;
   Watchdog& operator=(const Watchdog&) = delete;
 
-  // Before a login: the sockets that are open now are somebody else's. After it: those that came are watched.
+  // Before a login the open sockets are excluded; those opened during the login are watched.
   void beforeLogin();
   void afterLogin();
 
-  // Watches what is under way until the object goes; 0 seconds for no limit of time. Behind its end nothing
-  // is broken any more.
+  // Watches the current call during its lifetime; 0 seconds for no time limit. Nothing is broken after its
+  // end.
   class Watch {
    public:
     Watch(Watchdog& watchdog, int seconds) : watchdog_(watchdog) { watchdog_.arm(seconds); }
@@ -45,7 +45,7 @@ class Watchdog {
    private:
     Watchdog& watchdog_;
   };
-  // Whether the way was broken since the login, and why.
+  // Whether the connection was broken since the login.
   bool hasBitten() const { return bite_ != Bite::None; }
   bool ranOutOfTime() const { return bite_ == Bite::OutOfTime; }
   bool sawServerGo() const { return bite_ == Bite::ServerGone; }
@@ -57,26 +57,26 @@ class Watchdog {
   void arm(int seconds);
   void disarm();
   void run();
-  bool look();  // whether something is under way
+  bool look();  // whether a call is running
   bool serverIsGone();
   std::vector<SocketId> socketsOfTheSession() const;
   void bite(Bite why);
 
-  static constexpr std::int64_t kIdle = INT64_MAX;         // nothing is under way
-  static constexpr std::int64_t kNoLimit = INT64_MAX - 1;  // something is, for as long as it takes
+  static constexpr std::int64_t kIdle = INT64_MAX;         // no call is running
+  static constexpr std::int64_t kNoLimit = INT64_MAX - 1;  // a call is running without a time limit
   std::atomic<std::int64_t> deadline_ = kIdle;             // of the clock, in nanoseconds
   std::atomic<std::uint64_t> call_ = 0;
   std::atomic<Bite> bite_ = Bite::None;
   std::atomic<bool> asleep_ = false;
   std::atomic<bool> looking_ = false;
-  std::mutex mutex_;  // of what follows
+  std::mutex mutex_;  // guards the following members
   std::condition_variable wake_;
   bool stop_ = false;
   bool loggedIn_ = false;
   std::vector<SocketId> before_;
   std::vector<SocketId> watched_;
   std::uint64_t callSeenGone_ = 0;
-  int looksSeenGone_ = 0;  // one behind the other, within that call
+  int looksSeenGone_ = 0;  // consecutive, within that call
   std::thread thread_;
 };
 

@@ -8,11 +8,11 @@
 
 namespace cu::odbc {
 
-// A text as the API's wide characters, without an end mark. Bytes that are no UTF-8 become U+FFFD. The buffer
-// is the caller's, to be used again.
+// Converts a text to the API's wide characters, without a terminator. Bytes that are not UTF-8 become U+FFFD.
+// The caller's buffer is reused.
 void toWide(std::string_view text, std::vector<SQLWCHAR>& wide);
 
-// Appends wide characters as UTF-8; half a pair becomes U+FFFD.
+// Appends wide characters as UTF-8; an unpaired surrogate becomes U+FFFD.
 void appendFromWide(std::string& text, const SQLWCHAR* wide, std::size_t count);
 std::string fromWide(const SQLWCHAR* wide, std::size_t count);
 

@@ -13,7 +13,7 @@ bool isPartOfWord(char c) {
   return isDigit(c) || isLetter(c) || c == '_' || static_cast<unsigned char>(c) >= 0x80;
 }
 
-// The text literal whose quote stands at `at`, which is moved behind it.
+// Returns the text literal whose quote is at `at`, and moves `at` after it.
 std::string takeText(std::string_view statement, std::size_t& at) {
   std::string value;
   for (++at; at < statement.size(); ++at) {
@@ -42,7 +42,7 @@ std::vector<std::string> valuesOf(std::string_view statement) {
       ++at;
     }
   }
-  // A literal may hold a statement with values of its own.
+  // A literal may contain a statement with values of its own.
   for (std::size_t i = 0, count = values.size(); i < count; ++i) {
     if (values[i].find('\'') == std::string::npos) continue;
     for (std::string& inner : valuesOf(std::string(values[i]))) values.push_back(std::move(inner));
@@ -63,8 +63,8 @@ void hide(std::string& message, const std::string& value) {
   }
 }
 
-// What SQL Server shows of a value without the statement having it word for word: a key as it is stored, a
-// text as far as it would have fitted.
+// Removes values that SQL Server shows in another form than in the statement: a key as stored, a text
+// truncated to the column's length.
 void cutShown(std::string& message) {
   for (const std::string_view lead :
        {std::string_view("The duplicate key value is ("), std::string_view("Truncated value: '")}) {

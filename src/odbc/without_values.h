@@ -5,8 +5,8 @@
 
 namespace cu::odbc {
 
-// A server's words about a statement, with "…" in the place of every value that the statement holds. A server
-// quotes the values that it refuses; errors end up in boxes, logs and mails, where they have no business.
+// A server's message on a statement, with "…" in place of every value of the statement. A server quotes the
+// values that it rejects; errors are shown in boxes, logs and mails, which must not contain them.
 std::string withoutValues(std::string_view message, std::string_view statement);
 
 }  // namespace cu::odbc

@@ -37,7 +37,7 @@ std::string numero(std::int16_t valore, const Conversioni& utilita) {
   return utilita.literalNumber(Value::ofInteger(valore).view());
 }
 
-// A range of years, open where a list shows none.
+// A range of years, open at an end without a year.
 std::string anni(const std::string& campo, const Filtri& filtri, const Conversioni& utilita) {
   const std::string da(trim(filtri.anno));
   const std::string a(trim(filtri.adAnno));
@@ -50,8 +50,8 @@ std::string anni(const std::string& campo, const Filtri& filtri, const Conversio
   return campo + " >= " + numero(minore, utilita) + " AND " + campo + " <=  " + numero(maggiore, utilita);
 }
 
-// A range of texts. `solo` is the value of a lone bound, which of the two is given being told by `da`;
-// `ultimo` the operator of the upper bound of two.
+// A range of texts. `solo` is the value of a single limit; `da` is true when that is the lower one. `ultimo`
+// is the operator of the upper limit of two.
 struct Intervallo {
   bool da = false;
   bool a = false;
@@ -76,7 +76,7 @@ void inOrdine(std::string& a, std::string& b) {
 }
 
 std::string percipienti(std::string_view campo, const Filtri& filtri, const Conversioni& utilita) {
-  // Only a lone bound of this one field is the code; of every other field, codes included, it is the
+  // Only a single limit of this field is the code; for every other field, codes included, it is the
   // description.
   const bool perCodice = campo == kCampoCodicePercipiente;
   Intervallo estremi{.da = !filtri.codiceDa.empty(),
@@ -158,7 +158,7 @@ void sbOrdinaEstremi(const Filtri& filtri, std::string_view campo, std::string& 
 
 std::string formula(const Dati& dati, const Conversioni& utilita) {
   std::string testo = fnFiltroAnno(dati, utilita);
-  // The file's forms find their rows through the selection table instead.
+  // The forms of the file find their rows through the selection table instead.
   const bool file = dati.modo == ModoCorsa::CU;
   if (!file) {
     unisci(testo, fnFiltroPercipiente(dati, utilita), " AND ");

@@ -10,27 +10,27 @@ namespace cu {
 
 class Conversioni;
 
-// TabellaRicorsione2 carries the lines to print, by user and function, to the view behind the forms. The
-// statements as they are before fnAnsi2jet.
+// TabellaRicorsione2 passes the lines to print, by user and function, to the view of the forms. These are the
+// statements before fnAnsi2jet.
 namespace ricorsione {
 
-// Takes the user's rows out.
+// Deletes the user's rows.
 std::string elimina(std::int32_t idUtente);
 
-// What is the same for all rows of a run.
+// The values common to all rows of a run.
 struct Corsa {
   std::int32_t idUtente = 0;
   std::string sTipoCom;  // "1", "2" or "3"
   bool intermediari = false;
-  std::string dataFirma;  // as the box shows it
+  std::string dataFirma;  // as shown in the box
 };
-// Puts the current row of the worklist in.
+// Inserts the current row of the worklist.
 std::string inserisci(const Recordset& riga, const Corsa& corsa, const Conversioni& utilita);
 
 }  // namespace ricorsione
 
-// The names of the forms' files: of one line, and of all lines of a run together. What stands in the row goes
-// into the name as it stands.
+// The names of the forms' files: for one line, and for all lines of a run together. The row's texts are used
+// unchanged.
 struct NomeModulo {
   std::string sCodFisc;
   std::string anno;

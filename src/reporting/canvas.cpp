@@ -16,22 +16,22 @@ namespace {
 
 constexpr double kMillimetresPerInch = 25.4;
 constexpr double kPointsPerInch = 72;
-constexpr double kSmallest = 0.7;  // of a text that is made to fit, before it is cut
+constexpr double kSmallest = 0.7;  // scale of a text that is shrunk to fit, before it is cut
 constexpr double kLeading = 1.05;
-constexpr double kOneLine = 0.3;  // mm between base lines that are read as one
+constexpr double kOneLine = 0.3;  // mm between base lines that count as one line
 constexpr char32_t kFirstPrinted = 0x20;
 constexpr char32_t kDelete = 0x7F;
 constexpr QChar kEllipsis = QChar(0x2026);
 
-// The character at the place, which is moved behind it.
+// Returns the code point at `at`, and moves `at` after it.
 char32_t next(QStringView text, qsizetype& at) {
   const QChar first = text[at++];
   if (!first.isHighSurrogate() || at == text.size() || !text[at].isLowSurrogate()) return first.unicode();
   return QChar::surrogateToUcs4(first, text[at++]);
 }
 
-// Where a word of which no more than up to `most` fits on a line from `start` is parted: behind a mark of the
-// last half, as numbers of documents have them, else at the end.
+// Where to break a word of which at most the part up to `most` fits on a line from `start`: after a mark in
+// its last half, as in document numbers, otherwise at the end.
 qsizetype readableCut(QStringView text, qsizetype start, qsizetype most) {
   for (qsizetype at = most; 2 * (at - start) > most - start; --at) {
     if (QStringView(u"/-_.").contains(text[at - 1])) return at;
@@ -92,7 +92,7 @@ Canvas::Font& Canvas::font(double points, bool bold) {
 const Canvas::Letter& Canvas::letter(Font& font, char32_t character) {
   const auto known = font.letters.find(character);
   if (known != font.letters.end()) return known->second;
-  // A control character takes the room of a blank.
+  // A control character takes the space of a blank.
   const char32_t shown = character < kFirstPrinted || character == kDelete ? U' ' : character;
   const QList<quint32> glyphs = font.raw.glyphIndexesForString(QString::fromUcs4(&shown, 1));
   const quint32 glyph = glyphs.isEmpty() ? 0 : glyphs.front();
@@ -127,7 +127,7 @@ QStringList Canvas::wrap(const QString& text, const TextStyle& style, double wid
 void Canvas::wrapParagraph(QStringView paragraph, Font& used, double limit, QStringList& lines) {
   QTextBoundaryFinder breaks(QTextBoundaryFinder::Line, paragraph.data(), paragraph.size());
   qsizetype start = 0;  // of the line
-  qsizetype good = 0;   // where it may end
+  qsizetype good = 0;   // the last possible break
   const auto fits = [&](qsizetype end) {
     QStringView part = paragraph.mid(start, end - start);
     while (part.endsWith(u' ')) part.chop(1);
@@ -141,7 +141,7 @@ void Canvas::wrapParagraph(QStringView paragraph, Font& used, double limit, QStr
   while (breaks.toNextBoundary() >= 0) {
     const qsizetype at = breaks.position();
     if (!fits(at) && good > start) end(good);
-    // A word that is wider than the line alone.
+    // The word alone is wider than the line.
     while (!fits(at)) {
       qsizetype cut = start + 1;
       while (cut < at && fits(cut + 1)) ++cut;
@@ -158,7 +158,7 @@ void Canvas::text(double x, double y, double width, const QString& text, const T
                   Align align) {
   if (painter_ == nullptr || text.isEmpty()) return;
   TextStyle fitting = style;
-  // Letters and marks that stand apart are joined where there is a letter for both.
+  // Letters and combining marks are composed where a composed letter exists.
   QString shown = text.normalized(QString::NormalizationForm_C);
   double taken = textWidth(shown, style);
   if (taken > width && width > 0) {
@@ -207,7 +207,7 @@ void Canvas::plain(double x, double y, const QString& text, const TextStyle& sty
   if (collect_) pieces_.push_back({x, y, text});
 }
 
-// Whole dots: a dot is far below what an eye sees, and a fraction costs as much in the file as a letter.
+// Whole dots: a dot is invisible, and a fraction takes as many bytes in the file as a letter.
 QPointF Canvas::point(double x, double y) const { return {std::round(x * dots_), std::round(y * dots_)}; }
 
 QRectF Canvas::rectangle(const Box& box) const {

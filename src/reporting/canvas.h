@@ -32,14 +32,14 @@ struct Box {
   double height = 0;
 };
 
-// Pages of A4 to draw on, all measures in millimetres. Without a device nothing is drawn: a layout run over
-// such a canvas only tells how many pages it takes.
+// Pages of A4 to draw on, all measures in millimetres. Without a device nothing is drawn: a layout run on
+// such a canvas only counts its pages.
 class Canvas {
  public:
-  // One that measures as the other does.
+  // Creates a canvas without a device with the same metrics.
   static std::unique_ptr<Canvas> measuring(const Canvas& like);
-  // The device outlives the canvas; its margins are ignored. `landscape` turns the pages, `collect` keeps the
-  // text of each.
+  // The device outlives the canvas; its margins are ignored. `landscape` rotates the pages, `collect` stores
+  // the text of each.
   Canvas(QPagedPaintDevice& device, bool landscape, bool collect);
   ~Canvas();
   Canvas(const Canvas&) = delete;
@@ -49,41 +49,43 @@ class Canvas {
   double width() const { return landscape_ ? 297 : 210; }
   double height() const { return landscape_ ? 210 : 297; }
 
-  // Runs as each page begins, and may raise: the way of what the pages are written to.
+  // The check is called as each page begins, and may raise: it reports errors of the pages' destination.
   void setPageCheck(std::function<void()> check) { pageCheck_ = std::move(check); }
-  // Before anything is drawn, also on the first page. Error (kErrorReportOutput) when the device refuses.
+  // To be called before drawing, also for the first page. Raises Error (kErrorReportOutput) when the device
+  // fails.
   void beginPage();
   int pages() const { return pages_; }
-  // Ends the drawing; Error as above.
+  // Ends the drawing; raises the same Error.
   void end();
 
   double textWidth(const QString& text, const TextStyle& style);
-  // Distance between two lines, and from the top of a line to its base.
+  // Distance between two lines, and from the top of a line to its base line.
   double lineHeight(const TextStyle& style);
   double ascent(const TextStyle& style);
-  // The text in lines that fit the width; a word longer than a line is broken.
+  // Breaks the text into lines that fit the width; a word longer than a line is broken.
   QStringList wrap(const QString& text, const TextStyle& style, double width);
 
-  // One line of text, `y` being its base line. Where it is wider than `width` it is set smaller, and from a
-  // point on cut with an ellipsis; what stands at the right, as amounts do, is never cut.
+  // Draws one line of text with the base line `y`. A text wider than `width` is shrunk, and below a minimum
+  // size cut with an ellipsis; right-aligned text, such as amounts, is never cut.
   void text(double x, double y, double width, const QString& text, const TextStyle& style,
             Align align = Align::Left);
-  // Lines from the top `y` downwards; returns the y below the last one.
+  // Draws lines from the top `y` downwards; returns the y below the last one.
   double lines(double x, double y, double width, const QStringList& lines, const TextStyle& style,
                Align align = Align::Left);
-  // A text that is known to fit.
+  // Draws a text known to fit.
   void plain(double x, double y, const QString& text, const TextStyle& style);
   void fill(const Box& box, const QColor& color);
   void frame(const Box& box, const QColor& color, double lineWidth) { frames({box}, color, lineWidth); }
   void frames(const QList<Box>& boxes, const QColor& color, double lineWidth);
   void line(double x1, double y1, double x2, double y2, const QColor& color, double lineWidth);
 
-  // The text of the pages, a line for each line that can be read across the page; only where collected.
+  // The text of the pages, one line for each line of text across the page; only where collected.
   std::vector<std::string> pageTexts();
 
  private:
   Canvas(bool landscape, double dots);
-  // Letters one by one: without ligatures, which a reader of the file would not find again as letters.
+  // Letters are drawn one by one, without ligatures, which text extraction from the file would not return as
+  // letters.
   struct Letter {
     quint32 glyph;
     double advance;  // whole dots
@@ -109,11 +111,11 @@ class Canvas {
   bool collect_ = false;
   QPagedPaintDevice* device_ = nullptr;
   std::unique_ptr<QPainter> painter_;
-  double dots_;  // a millimetre
+  double dots_;  // dots per millimetre
   int pages_ = 0;
   std::function<void()> pageCheck_;
   std::unordered_map<int, Font> fonts_;
-  std::vector<Piece> pieces_;  // of the page
+  std::vector<Piece> pieces_;  // of the current page
   std::vector<std::string> texts_;
 };
 

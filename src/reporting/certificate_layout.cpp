@@ -13,13 +13,13 @@ constexpr double kCertificateTop = 14;
 constexpr double kCertificateFooterRoom = 16;
 constexpr double kCertificatePoints = 7.2;
 constexpr double kRecipientLeft = 104;
-constexpr double kSignatureGap = 12;  // above the place and the date
-constexpr double kHandRoom = 14;      // for the hand
+constexpr double kSignatureGap = 12;  // above place and date
+constexpr double kHandRoom = 14;      // space for the signature
 constexpr double kAboveSigner = 1;
 constexpr double kSignatureWidth = 78;
 const TextStyle kSignerStyle{7.5, false, kMuted};
 
-// The certificate of one payee: the rows from `first` up to `end`.
+// The certificate of one payee: the rows from `first` to before `end`.
 class Certificate {
  public:
   Certificate(Canvas& canvas, const LayoutInput& input, std::size_t first, std::size_t end, int pages)
@@ -30,7 +30,7 @@ class Certificate {
         pages_(pages),
         width_(canvas.width() - 2 * kCertificateMargin) {}
 
-  // Returns the pages it took.
+  // Returns its number of pages.
   int draw() {
     input_.rows.move(first_);
     const ReportGroup& payee = input_.definition.groups.front();
@@ -122,7 +122,7 @@ class Certificate {
     return y + 5;
   }
 
-  // Who signs: whole, on as many lines as the names take.
+  // The names of the signers, in full, on as many lines as needed.
   void nameSigners() {
     const Company& company = input_.company;
     signers_ = {canvas_.wrap(company.name, kSignerStyle, kSignatureWidth)};
@@ -164,7 +164,7 @@ class Certificate {
   QString note_;
   QString year_;
   QString introduction_;
-  QList<QStringList> signers_;  // the company, and who signs for it
+  QList<QStringList> signers_;  // the company, and its signer
 };
 
 std::string keyOf(const Rows& rows, const std::vector<std::size_t>& places) {

@@ -21,7 +21,7 @@ constexpr const char* kCompany =
     " LEFT JOIN CodiceCarica Carica ON Conf.IDCodiceCaricaRappresentante = Carica.IDCodiceCarica"
     " WHERE Azienda.IDAzienda = ";
 
-// Both, or the one that is there.
+// Both texts, or the non-empty one.
 QString joined(const QString& first, const QString& second, const QString& mark) {
   return first.isEmpty() || second.isEmpty() ? first + second : first + mark + second;
 }

@@ -9,7 +9,7 @@ class Connection;
 
 namespace cu::reporting {
 
-// Who issues the reports.
+// The issuer of the reports.
 struct Company {
   QString name;  // with the first name of a natural person
   QString address;
@@ -17,10 +17,10 @@ struct Company {
   QString codes;     // "Codice fiscale ... - Partita IVA ..."
   QString contacts;  // "Tel. ... - e-mail"
   QString representative;
-  QString office;  // that of the representative
+  QString office;  // the representative's office
 };
 
-// All empty for a company that is not in the database. DatabaseError.
+// All fields are empty for a company that is not in the database. Raises DatabaseError.
 Company readCompany(Connection& connection, std::int32_t idAzienda);
 
 }  // namespace cu::reporting

@@ -8,9 +8,9 @@
 namespace cu::reporting {
 namespace {
 
-// A date of creation is "(D:20180305103000+01'00')"; of a zone without an offset it is "(D:20180305103000Z)".
+// A creation date is "(D:20180305103000+01'00')"; in a time zone without offset "(D:20180305103000Z)".
 constexpr std::string_view kDate = "/CreationDate (D:";
-constexpr qsizetype kRoom = 3;  // characters of two bytes, for the six that "Z" is shorter
+constexpr qsizetype kRoom = 3;  // characters of two bytes, for the six bytes that "Z" is shorter
 constexpr std::string_view kBlank{"\0 ", 2};
 constexpr std::string_view kBehindCreator = ")\n/Producer ";
 constexpr std::string_view kEndOfObject = "endobj";
@@ -33,7 +33,7 @@ QString DatedPdf::withRoom(const QString& creator) {
 qint64 DatedPdf::writeData(const char* data, qint64 size) {
   if (dated_) return target_.write(data, size);
   begun_.append(data, static_cast<std::size_t>(size));
-  // The information is the first object of the file.
+  // The document information is the first object of the file.
   if (begun_.find(kEndOfObject) == std::string::npos) return size;
   dated_ = true;
   const std::string dated = withCreationDate(begun_, date_);

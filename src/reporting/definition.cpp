@@ -96,7 +96,7 @@ SelectionWords readSelection(const DefinitionReader& reader) {
   return words;
 }
 
-// Whether the form has a box of that column in the part, in some year.
+// Whether the form has a box with that column in the part, in some year.
 bool isBox(FormPart part, std::string_view field) {
   return std::any_of(
       modello::kModello.campi.begin(), modello::kModello.campi.end(), [&](const modello::Campo& campo) {

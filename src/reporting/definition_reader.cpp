@@ -18,7 +18,7 @@ std::string ordinal(std::size_t index) { return fromInteger(static_cast<std::int
 
 void refuseDefinition(const std::string& text) {
   std::string line = "Definizione della stampa " + text + ".";
-  // Names and values of a definition may hold what would break the line.
+  // Names and values of a definition may contain line breaks and control characters.
   std::replace_if(
       line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
   throw Error(kErrorReportDefinition, line);

@@ -12,8 +12,8 @@
 
 namespace cu::reporting {
 
-// Reads the keys of one table of a definition. What is not as it must be raises Error with the file, the
-// place and what was expected.
+// Reads the keys of one table of a definition. Anything invalid raises Error with the file, the place and the
+// expected value.
 class DefinitionReader {
  public:
   DefinitionReader(const toml::table& table, std::string place) : table_(table), place_(std::move(place)) {}
@@ -31,7 +31,7 @@ class DefinitionReader {
   std::vector<DefinitionReader> tables(std::string_view key) const;  // [[key]]; none where it is missing
   std::vector<std::vector<DefinitionReader>> rows(std::string_view key) const;  // arrays of tables
 
-  // One of the words, by its place.
+  // The value of a word in this list, by its index.
   template <class T>
   T choice(std::string_view key, std::span<const std::pair<std::string_view, T>> words) const {
     const std::string found = text(key);

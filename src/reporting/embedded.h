@@ -6,7 +6,7 @@
 
 namespace cu {
 
-// A file of data/reports/ that the program carries.
+// A file of data/reports/ embedded in the program.
 struct EmbeddedFile {
   std::string_view name;  // its path below that folder
   const unsigned char* bytes;

@@ -12,11 +12,11 @@ constexpr modello::Record recordOf(FormPart part) {
   return part == FormPart::Amounts ? modello::Record::H : modello::Record::D;
 }
 
-// A box of the definition in the layout of a year.
+// A box of the definition in a year's layout.
 struct LaidBox {
   const FormBox* box;                       // of the definition
-  const modello::Campo* main = nullptr;     // null for a space
-  const modello::Campo* further = nullptr;  // in additional modules; null where they leave it blank
+  const modello::Campo* main = nullptr;     // null for a gap
+  const modello::Campo* further = nullptr;  // in additional modules; null for a box blank there
 };
 
 struct LaidSection {
@@ -24,8 +24,8 @@ struct LaidSection {
   std::vector<std::vector<LaidBox>> rows;
 };
 
-// The sections of a part in the layout that a year has; rows and sections without a box are left out. The
-// definition and the form outlive the result.
+// The sections of a part in a year's layout; rows and sections without a box are omitted. The definition and
+// the form outlive the result.
 std::vector<LaidSection> layOut(const ReportDefinition& definition, FormPart part, std::int32_t year,
                                 const modello::Modello& form = modello::kModello);
 

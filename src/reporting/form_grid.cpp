@@ -9,13 +9,13 @@ namespace cu::reporting {
 namespace {
 
 constexpr double kBarGap = 2.1;  // before a bar
-constexpr double kInset = 0.9;   // of what stands in a box
+constexpr double kInset = 0.9;   // of a box's content
 constexpr double kNumberWidth = 5.4;
 constexpr double kCaptionPoints = 5.6;
 constexpr double kSmallCaptionPoints = 4.9;
 constexpr qsizetype kCaptionLines = 2;
 constexpr double kValuePoints = 9;
-constexpr double kSmallestOneLine = 7;  // below it a value takes several lines
+constexpr double kSmallestOneLine = 7;  // below it a value is broken into several lines
 constexpr double kSmallestLines = 4;    // below it a value is cut
 constexpr double kStep = 0.1;
 constexpr double kBelowLines = 0.4;
@@ -32,11 +32,12 @@ void drawNumber(Canvas& canvas, const Box& place, const QString& number) {
   canvas.text(place.x + kBehindFrame, place.y + kBehindFrame + base, kTagWidth, number, style, Align::Center);
 }
 
-// A text on several lines that end where the place does, as large as it holds them all.
+// Draws a text on several lines that end at the bottom of the place, in the largest size that fits.
 void drawLines(Canvas& canvas, const Box& place, const QString& text, TextStyle style) {
-  // Each size is tried with the letters of the first one on a line that is wider by as much: a font is dear.
+  // Each size is measured with the first one's letters on a proportionally wider line: creating a font is
+  // expensive.
   const TextStyle measured = style;
-  const double height = canvas.lineHeight(measured) / measured.points;  // a point
+  const double height = canvas.lineHeight(measured) / measured.points;  // per point
   QStringList lines;
   for (;; style.points -= kStep) {
     lines = canvas.wrap(text, measured, place.width * measured.points / style.points * 0.99);
@@ -89,7 +90,7 @@ void FormGrid::drawEmpty(Canvas& canvas, std::int32_t year) const {
     title.replace("{Anno}", QString::number(year)).replace("{AnnoDopo}", QString::number(year + 1));
     drawBar(canvas, x_, bar.y, width_, title);
   }
-  // What has one colour is drawn in one go: thousands of forms are an ordinary case.
+  // Shapes of one colour are drawn together: thousands of forms are an ordinary case.
   QList<Box> frames;
   for (const PlacedBox& box : boxes_) {
     canvas.fill({box.place.x + kBehindFrame, box.place.y + kBehindFrame, kTagWidth, kTagHeight}, kTag);

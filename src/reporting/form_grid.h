@@ -10,8 +10,8 @@
 
 namespace cu::reporting {
 
-// The boxes of one part of the form in the layout of a year, placed on the page: worked out once, filled in
-// for each certificate.
+// The boxes of one part of the form in a year's layout, placed on the page: computed once, filled for each
+// certificate.
 class FormGrid {
  public:
   struct PlacedBox {
@@ -21,7 +21,7 @@ class FormGrid {
     TextStyle captionStyle;
   };
   struct Bar {
-    std::string title;  // may hold "{Anno}" and "{AnnoDopo}"
+    std::string title;  // may contain "{Anno}" and "{AnnoDopo}"
     double y;
   };
 
@@ -30,7 +30,7 @@ class FormGrid {
 
   const std::vector<PlacedBox>& boxes() const { return boxes_; }
   double bottom() const { return bottom_; }
-  // Bars, frames, numbers and captions. `year` is the year that the certificate is about.
+  // Draws bars, frames, numbers and captions. `year` is the year of the certificate.
   void drawEmpty(Canvas& canvas, std::int32_t year) const;
 
  private:
@@ -42,11 +42,11 @@ class FormGrid {
   std::vector<PlacedBox> boxes_;
 };
 
-// A title bar; returns the y below.
+// Draws a title bar; returns the y below.
 double drawBar(Canvas& canvas, double x, double y, double width, const QString& title);
-// A box without a number: its caption and its frame.
+// Draws a box without a number: its caption and its frame.
 void drawBox(Canvas& canvas, const Box& place, const QString& caption, const QColor& color);
-// What is written into a box below a caption of so many lines.
+// Draws the value of a box, below a caption of that many lines.
 void drawBoxValue(Canvas& canvas, const Box& place, const QString& text, Align align, bool bold = false,
                   qsizetype captionLines = 1);
 

@@ -18,17 +18,17 @@ constexpr double kFormFooterRoom = 14;
 constexpr double kSmallestSigner = 4;
 constexpr std::int64_t kAnnulment = 2;
 constexpr std::int64_t kReplacement = 3;
-// Digits that the authority gives to a transmission and to a certificate in it.
+// Digits assigned by the authority to a transmission and to a certificate in it.
 constexpr qsizetype kProtocolDigits = 17;
 constexpr qsizetype kProgressiveDigits = 6;
 
-// As the file has it: its first characters, filled with zeros on the left.
+// As in the file: truncated, and filled with zeros on the left.
 QString reference(const QString& text, qsizetype digits) {
   const QString cut = text.trimmed().left(digits);
   return cut.isEmpty() ? cut : cut.rightJustified(digits, '0');
 }
 
-// The forms of one report, one certificate after the other.
+// The forms of one report, one per certificate.
 class Forms {
  public:
   Forms(Canvas& canvas, const LayoutInput& input)
@@ -79,7 +79,7 @@ class Forms {
     }
   }
 
-  // A box outside the numbered ones.
+  // A box without a number.
   void plainBox(const Box& place, const QString& caption, const QString& value, Align align = Align::Left) {
     drawBox(canvas_, place, caption, kMuted);
     drawBoxValue(canvas_, place, value, align);
@@ -177,7 +177,7 @@ class Forms {
     TextStyle quiet{7, false, kMuted};
     const double left = kFormMargin + kDateWidth;
     const double width = width_ - kDateWidth;
-    // Short names stand beside the line for the hand; long ones above it, whole, over all of the box.
+    // Short names are placed next to the signature line; long ones above it, in full, across the whole box.
     double room = width * 0.42 - 4;
     QStringList names = canvas_.wrap(company, name, room);
     QStringList signers = canvas_.wrap(signer, quiet, room);

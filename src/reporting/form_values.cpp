@@ -16,7 +16,7 @@ using modello::Forma;
 
 namespace {
 
-// The amounts of which one fills the block of contributions.
+// The amounts of which at least one makes the block of contributions present.
 std::vector<std::string_view> contributions() {
   std::vector<std::string_view> columns;
   for (const modello::Campo& campo : modello::kModello.campi) {
@@ -34,7 +34,7 @@ BoxValue amount(Decimal value) {
 BoxValue flag(bool value) { return {value ? QString("X") : QString(), Align::Center, {}}; }
 BoxValue plain(const CellView& cell) { return {fromUtf8(cell.toText()).trimmed(), Align::Left, {}}; }
 
-// Of a box that needs no more than one column.
+// The value of a box that requires at most one column.
 BoxValue simple(Forma form, const CellView& cell) {
   switch (form) {
     case Forma::Maiuscolo:
@@ -91,7 +91,7 @@ bool MainModuleValues::holds(Condizione condition) const {
   return false;
 }
 
-// The code, or where sums are not subject and none was chosen the one that the year had for all other cases.
+// The code; where none was chosen and sums are not subject, the year's code for all other cases.
 QString MainModuleValues::notSubjectCode(const Campo& campo) const {
   QString chosen = rows_.text(campo.colonna).trimmed();
   if (!chosen.isEmpty()) return chosen;
@@ -99,7 +99,7 @@ QString MainModuleValues::notSubjectCode(const Campo& campo) const {
   return fromUtf8(modello::codiceNonSoggetti(rows_.get(campo.altre[2]).integer()));
 }
 
-// Empty where the company has no code at the fund, though the file then repeats the fund's name.
+// Empty where the company has no code at the fund, although the file then repeats the fund's name.
 BoxValue MainModuleValues::fundCode(const Campo& campo) const {
   const std::size_t source = modello::fontePressoEnte(rows_.get(campo.colonna).integer());
   return source == 0 ? BoxValue{} : BoxValue{rows_.text(campo.altre.at(source)).trimmed(), Align::Left, {}};
@@ -161,7 +161,7 @@ BoxValue FurtherModuleValues::of(const LaidBox& box) const {
       return MainModuleValues(certificates_).fundCode(*box.main);
   }
   if (box.further == nullptr) return {};
-  // The fund's columns are not the module's own.
+  // The module does not have the fund's columns.
   const Rows& rows = modules_.has(box.further->colonna) ? modules_ : certificates_;
   return simple(box.further->forma, rows.get(box.further->colonna));
 }

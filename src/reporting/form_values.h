@@ -10,11 +10,11 @@
 
 namespace cu::reporting {
 
-// What a box of the form shows.
+// The displayed value of a box of the form.
 struct BoxValue {
   QString text;
   Align align = Align::Left;
-  std::optional<Decimal> amount;  // where it is one that is not zero
+  std::optional<Decimal> amount;  // set where it is a non-zero amount
 };
 
 // The boxes of the current row of the certificates.
@@ -31,10 +31,10 @@ class MainModuleValues {
   const Rows& rows_;
 };
 
-// The additional modules of a certificate, by ascending number of their rows.
+// Reads the additional modules of a certificate, by ascending row number.
 Rows readModules(Connection& connection, const Rows& certificates);
 
-// The boxes of the current row of the modules; those of the fund are the certificate's.
+// The boxes of the current row of the modules; those of the fund are read from the certificate.
 class FurtherModuleValues {
  public:
   FurtherModuleValues(const Rows& modules, const Rows& certificates)

@@ -11,7 +11,7 @@ class Columns;
 
 namespace cu::reporting {
 
-// The selection formula of a report, read:
+// The parsed selection formula of a report:
 //
 //   formula    = [ comparison { "AND" comparison } ]
 //   comparison = operand ( "=" | "<>" | "<" | "<=" | ">" | ">=" ) operand
@@ -20,12 +20,12 @@ namespace cu::reporting {
 //   text       = "'" characters "'" | '"' characters '"'       the mark doubled stands for itself
 //   number     = [ "-" ] digits [ "." digits ]
 //
-// Words and names are read without regard to case.
+// Words and names are compared without case.
 struct FormulaOperand {
   enum class Kind { Field, YearOf, Text, Number };
   Kind kind = Kind::Number;
   std::size_t position = 1;
-  std::string view;  // of a field, as it is written
+  std::string view;  // of a field, as written
   std::string text;  // the column of a field, the content of a literal
 };
 
@@ -35,14 +35,14 @@ struct FormulaComparison {
   FormulaOperand right;
 };
 
-using Formula = std::vector<FormulaComparison>;  // all of them hold
+using Formula = std::vector<FormulaComparison>;  // all of them must be true
 
-// FormulaError for anything else.
+// Raises FormulaError for anything else.
 Formula parseFormula(std::string_view formula);
 
-// The formula as the condition of a statement on the view, in the server's dialect, its columns under the
-// view's name and literals with their quotes doubled; "" for an empty formula. FormulaError for another view
-// and for a column that the view does not have.
+// The formula as the condition of a statement on the view, in the server's dialect, with its columns
+// qualified by the view's name and the quotes of literals doubled; "" for an empty formula. Raises
+// FormulaError for another view and for a column that the view does not have.
 std::string conditionOf(const Formula& formula, std::string_view view, const Columns& columns);
 
 }  // namespace cu::reporting

@@ -13,7 +13,7 @@ bool isBlank(char32_t c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n
 bool isDigit(char32_t c) { return c >= '0' && c <= '9'; }
 bool isLetter(char32_t c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; }
 
-// U+FFFD stands for a byte that begins no character; one that was written as such has three bytes.
+// nextCodePoint returns U+FFFD for an invalid byte; a written U+FFFD has three bytes.
 bool isBroken(char32_t c, std::size_t length) { return c == kReplacementCharacter && length == 1; }
 
 class Splitter {

@@ -9,7 +9,7 @@
 
 namespace cu::reporting {
 
-// A selection formula that cannot be read. The text is for the user and names the place.
+// An invalid selection formula. The text is for the user and contains the position.
 class FormulaError : public Error {
  public:
   FormulaError(std::size_t position, const std::string& what);
@@ -24,13 +24,13 @@ enum class FormulaTokenKind { Field, Text, Number, Operator, Word, Open, Close, 
 struct FormulaToken {
   FormulaTokenKind kind = FormulaTokenKind::End;
   std::size_t position = 1;  // in characters, from 1
-  // Of a field what stands between the braces; of a text its content, doubled quotes made single; of anything
+  // Of a field the part between the braces; of a text its content, with doubled quotes undoubled; of anything
   // else its characters.
   std::string text;
 };
 
-// Splits a formula; blanks, tabs and line ends are passed over. The last token is End. FormulaError for
-// anything that is no token, for text that is not UTF-8 and for control characters in a literal.
+// Splits a formula; blanks, tabs and line ends are skipped. The last token is End. Raises FormulaError for an
+// invalid token, for text that is not UTF-8 and for control characters in a literal.
 std::vector<FormulaToken> tokenizeFormula(std::string_view formula);
 
 }  // namespace cu::reporting

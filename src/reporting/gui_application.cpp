@@ -11,10 +11,10 @@
 #endif
 #endif
 #if defined(__SANITIZE_ADDRESS__) || defined(CU_LEAKS_COUNT)
-// The font library keeps what it has read to the end of the process; that is no leak of this program.
+// The font library keeps its caches to the end of the process; that is not a leak of this program.
 extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
-// Nor is it a message of this program.
+// Nor is it a message for this program's output.
 extern "C" const char* __lsan_default_options();
 extern "C" const char* __lsan_default_options() { return "print_suppressions=0"; }
 #endif
@@ -31,14 +31,14 @@ void ensureGuiApplication() {
   static char platform[] = "offscreen";
   static char* arguments[] = {program, option, platform, nullptr};
   static int count = 3;
-  // What the toolkit misses of a desktop's session is of no concern to a print, and of none to who reads the
+  // The toolkit's messages on a missing desktop session are irrelevant for a print and for the readers of the
   // program's messages.
   const QtMessageHandler before =
       qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-  // Never taken down: the toolkit's own static objects may outlive anything that is released at the end.
+  // Never destroyed: the toolkit's own static objects may outlive anything that is destroyed at the end.
   [[maybe_unused]] static const auto* const application = new QGuiApplication(count, arguments);
   qInstallMessageHandler(before);
-  // The toolkit has taken over the locale of the environment; numbers stay as the program writes them.
+  // The toolkit has set the locale from the environment; number formats are reset.
   std::setlocale(LC_NUMERIC, "C");
 }
 

@@ -2,8 +2,8 @@
 
 namespace cu::reporting {
 
-// Fonts and painting need the toolkit's application object. Where a program has none yet, one is made that
-// needs no screen; it stays until the process ends. To be called on the thread that prints.
+// Fonts and painting require the toolkit's application object. Creates one without a screen if the program
+// has none; it exists until the process ends. To be called on the thread that prints.
 void ensureGuiApplication();
 
 }  // namespace cu::reporting

@@ -18,11 +18,12 @@ QString italianDate(Date date);
 // "31 dicembre 2017".
 QString writtenDate(Date date);
 
-// "Via dei Mulini 18 - 37121 Verona (VR)": what is empty is left out, with its marks.
+// "Via dei Mulini 18 - 37121 Verona (VR)": empty parts are omitted, with their marks.
 QString addressLine(const QString& street, const QString& cap, const QString& town, const QString& province,
                     const QString& country);
 
-// Letter by letter, as the telematic file has it: a letter whose capital would be two letters stays.
+// Converts letter by letter, as the telematic file does: a letter whose upper case would be two letters is
+// unchanged.
 QString upperCase(const QString& text);
 
 }  // namespace cu::reporting

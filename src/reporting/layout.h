@@ -9,18 +9,18 @@
 
 namespace cu::reporting {
 
-// What every layout draws from.
+// The input of every layout.
 struct LayoutInput {
   const ReportDefinition& definition;
   Rows& rows;
   const Company& company;
-  QString selection;  // what the rows were selected by, in words
+  QString selection;  // a description of the rows' selection
   Date today;
   TimeOfDay now;
-  Connection& connection;  // for what is read beside the rows
+  Connection& connection;  // for data other than the rows
 };
 
-// Each draws the whole report; a report without rows is one page that says so.
+// Each draws the whole report; a report without rows is one page with a message.
 void drawList(Canvas& canvas, const LayoutInput& input);
 void drawCertificates(Canvas& canvas, const LayoutInput& input);
 void drawForms(Canvas& canvas, const LayoutInput& input);

@@ -16,25 +16,25 @@ struct DefinitionFile {
   std::string text;
 };
 
-// Those of data/reports/, which the program carries.
+// The files of data/reports/ embedded in the program.
 std::vector<DefinitionFile> embeddedDefinitionFiles();
 
-// The definitions of the reports, read when they are first asked for.
+// The definitions of the reports, read at first use.
 class ReportLibrary {
  public:
   explicit ReportLibrary(std::vector<DefinitionFile> files) : files_(std::move(files)) {}
 
-  // Error (kErrorReportDefinition) when no definition bears the name, when it belongs to another object type
-  // or number, and what a broken file says when the name may be in it.
+  // Raises Error (kErrorReportDefinition) when no definition has the name, or when it belongs to another
+  // object type or number; or the error of an invalid file, when that file may contain the name.
   const ReportDefinition& find(std::string_view name, std::int32_t objectType, std::int32_t number);
-  // All of them. Error for a broken one.
+  // All of them. Raises the Error of an invalid one.
   std::vector<ReportDefinition> all() const;
 
  private:
   std::vector<DefinitionFile> files_;
   bool read_ = false;
   std::vector<ReportDefinition> definitions_;
-  std::optional<Error> broken_;  // the first one
+  std::optional<Error> broken_;  // the first error
 };
 
 }  // namespace cu::reporting

@@ -13,7 +13,7 @@ constexpr double kListTop = 10;
 constexpr double kListFooterRoom = 14;
 constexpr double kListPoints = 7.2;
 
-// The head of a page; returns the y below.
+// Draws the head of a page; returns the y below.
 double pageHead(Canvas& canvas, const LayoutInput& input) {
   const double width = canvas.width() - 2 * kListMargin;
   const TextStyle title{14, true, kAccent};
@@ -90,7 +90,7 @@ void drawList(Canvas& canvas, const LayoutInput& input) {
     drawNothing(canvas, input);
     return;
   }
-  // The number of the last page stands on each: the first pass only counts.
+  // The total number of pages is on each page: the first pass only counts.
   const int pages = drawPages(*Canvas::measuring(canvas), input, 0);
   drawPages(canvas, input, pages);
 }

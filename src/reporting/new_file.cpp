@@ -35,7 +35,7 @@ NewFile::~NewFile() {
   try {
     files_.remove(temporary_);
   } catch (const Error&) {
-    // What goes up already tells that the file could not be written.
+    // The exception being raised already reports that the file could not be written.
     temporary_.clear();
   }
 }

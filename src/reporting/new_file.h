@@ -10,11 +10,11 @@
 
 namespace cu::reporting {
 
-// A file that appears under its name when it is complete: written beside it, renamed at the end. What is
-// there under the name stays until then, and nothing stays of a file that was given up.
+// A file that appears under its name only when it is complete: written under a temporary name in the same
+// folder, renamed at the end. An existing file is kept until then, and an abandoned file is deleted.
 class NewFile {
  public:
-  NewFile(FileSystem& files, const std::string& path);  // FileError
+  NewFile(FileSystem& files, const std::string& path);  // raises FileError
   ~NewFile();
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
@@ -28,8 +28,8 @@ class NewFile {
   std::unique_ptr<OutputFile> file_;
 };
 
-// A new file as the toolkit writes to one. An error does not pass through the toolkit: it is kept, and what
-// follows is dropped, until check() raises it.
+// A NewFile as a device for the toolkit. An exception cannot propagate through the toolkit: it is stored, and
+// later data is dropped, until check() raises it.
 class NewFileDevice : public QIODevice {
  public:
   explicit NewFileDevice(NewFile& file) : file_(file) { open(QIODevice::WriteOnly); }

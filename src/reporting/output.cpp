@@ -36,10 +36,10 @@ void draw(Canvas& canvas, const LayoutInput& input) {
   }
 }
 
-// Runs as each page begins, and may raise.
+// Called as each page begins, and may raise.
 using PageCheck = std::function<void()>;
 
-// The report as a PDF; returns the texts of its pages where they are collected.
+// Draws the report as a PDF; returns the texts of its pages where they are collected.
 std::vector<std::string> drawPdf(QIODevice& device, const LayoutInput& input, const std::string& creator,
                                  bool collect, PageCheck check) {
   DatedPdf dated(device, input.today, input.now);
@@ -74,7 +74,7 @@ void writePdf(FileSystem& files, const std::string& path, const LayoutInput& inp
 void writeSpreadsheet(FileSystem& files, const std::string& path, const LayoutInput& input,
                       const std::string& creator) {
   ensureGuiApplication();
-  // The library writes to a file of the machine; from there the table goes the way of all files.
+  // The library writes to a file of the machine; the table is then copied like every other file.
   QTemporaryFile made;
   if (!made.open()) noTemporaryFile();
   NewFile file(files, path);

@@ -11,7 +11,7 @@ class QTemporaryFile;
 
 namespace cu::reporting {
 
-// Pages to be looked at, in a file that goes with the object. Error (kErrorReportOutput).
+// The pages of a preview, in a file that is deleted with the object. Raises Error (kErrorReportOutput).
 class PreviewPages {
  public:
   PreviewPages(const LayoutInput& input, const std::string& creator);
@@ -25,13 +25,14 @@ class PreviewPages {
   Preview preview_;
 };
 
-// Where else a laid-out report goes. All raise FileError, or Error (kErrorReportOutput, kErrorReportPrinter).
+// The other destinations of a report. All raise FileError, or Error (kErrorReportOutput,
+// kErrorReportPrinter).
 
 void writePdf(FileSystem& files, const std::string& path, const LayoutInput& input,
               const std::string& creator);
 void writeSpreadsheet(FileSystem& files, const std::string& path, const LayoutInput& input,
                       const std::string& creator);
-// To the printer of that name, or to the default one where it is empty.
+// Prints on the printer with that name, or on the default one where it is empty.
 void printPages(const std::string& printer, int copies, const LayoutInput& input, const std::string& creator);
 
 }  // namespace cu::reporting

@@ -4,7 +4,7 @@
 
 namespace cu::reporting {
 
-// The colours of all reports; they stay apart on a printer without colours too.
+// The colours of all reports, distinguishable also on a monochrome printer.
 inline const QColor kInk(0x1A, 0x24, 0x2C);
 inline const QColor kAccent(0x1F, 0x4E, 0x6B);
 inline const QColor kAlert(0x9C, 0x2B, 0x23);

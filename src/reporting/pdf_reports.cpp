@@ -13,7 +13,7 @@ namespace {
 
 // Codes of a run.
 constexpr std::int32_t kSpreadsheet = 0;
-constexpr std::int32_t kNamedPdf = 3;  // and the two between them
+constexpr std::int32_t kNamedPdf = 3;  // the two codes between are PDFs too
 
 class Engine final : public ReportEngine {
  public:
@@ -27,7 +27,7 @@ class Engine final : public ReportEngine {
   void setSelectionFormula(const std::string& formula) override { formula_ = formula; }
   void setReportFile(const std::string& name) override { report_ = name; }
   void setDefinition(std::int32_t number) override { number_ = number; }
-  // There is one mode and one format: the path alone tells what is written.
+  // There is only one mode and one format: the path alone determines the output.
   void setOutputMode(std::int32_t) override {}
   void setOutputPath(const std::string& path) override { path_ = path; }
   void setOutputFormat(std::int32_t) override {}
@@ -39,7 +39,7 @@ class Engine final : public ReportEngine {
     withRows([&](const LayoutInput& input) {
       pages = std::make_unique<PreviewPages>(input, surroundings_.creator);
     });
-    // Nothing of the database is held while a person looks at the pages.
+    // No database resource is held while the user reads the pages.
     surroundings_.frontEnd.preview(pages->preview());
   }
 

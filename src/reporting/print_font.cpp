@@ -14,7 +14,7 @@ namespace {
 constexpr const char* kInstalled = "DejaVu Sans";
 constexpr const char* kFamily = "DejaVu Sans Stampa";
 
-// What every outline font has, and nothing of hints, kerning or ligatures.
+// The tables required in every outline font, without hinting, kerning and ligatures.
 constexpr const char* kTables[] = {"OS/2", "glyf", "head", "hhea", "hmtx", "loca", "maxp"};
 
 // Letters from the blank to the letter-like symbols: Latin with all its accents, Greek, Cyrillic,
@@ -31,7 +31,7 @@ void append32(QByteArray& table, quint32 value) {
   table.append(reinterpret_cast<const char*>(&big), sizeof big);
 }
 
-// One subtable of format 6, in which a letter is found at once.
+// One subtable of format 6, which maps a letter by index.
 QByteArray letterTable(const QRawFont& font) {
   constexpr quint32 kCount = kLastMapped - kFirstMapped + 1;
   QByteArray table;
@@ -52,7 +52,7 @@ QByteArray letterTable(const QRawFont& font) {
   return table;
 }
 
-// Family, style, whole name and the name by which a PDF knows the font.
+// Family, style, full name and PostScript name, which a PDF uses.
 QByteArray nameTable(const QString& family, bool bold) {
   const QString style = bold ? "Bold" : "Regular";
   const std::vector<std::pair<quint32, QString>> names = {
@@ -75,7 +75,7 @@ QByteArray nameTable(const QString& family, bool bold) {
   return table + texts;
 }
 
-// Glyphs without names.
+// No glyph names.
 QByteArray glyphNameTable() {
   QByteArray table;
   append32(table, 0x00030000);
@@ -127,7 +127,7 @@ bool addPrintFont(bool bold) {
 QByteArray printFontOf(const QRawFont& font, const QString& family) {
   std::vector<std::pair<QByteArray, QByteArray>> tables;
   for (const char* tag : kTables) tables.emplace_back(tag, font.fontTable(tag));
-  // Tags stand in their order: OS/2, cmap, glyf, head, hhea, hmtx, loca, maxp, name, post.
+  // Tags are in ascending order: OS/2, cmap, glyf, head, hhea, hmtx, loca, maxp, name, post.
   tables.insert(tables.begin() + 1, {"cmap", letterTable(font)});
   tables.emplace_back("name", nameTable(family, font.weight() >= QFont::Bold));
   tables.emplace_back("post", glyphNameTable());

@@ -6,15 +6,15 @@
 
 namespace cu::reporting {
 
-// The font of all reports, as a print needs it: regular and bold of DejaVu Sans, with the letters of Europe's
-// alphabets, and without what is made for screens. A PDF embeds a font anew each time, and the programs that
-// fit outlines to a screen's dots, run for each glyph, would take half of the time of a short print.
+// The font of all reports, reduced to what a print requires: regular and bold of DejaVu Sans, with the
+// letters of Europe's alphabets, without data for screens. A PDF embeds the font each time, and its hinting
+// programs, run for each glyph, would take half of the time of a short print.
 //
-// The family under which the toolkit knows them. Error (kErrorReportOutput) where DejaVu Sans is not
-// installed: another font would break lines elsewhere, or lack letters.
+// The family name registered with the toolkit. Raises Error (kErrorReportOutput) where DejaVu Sans is not
+// installed: another font would break lines differently, or lack letters.
 QString printFontFamily();
 
-// The tables of a font that a print needs, as a font file of their own under another family's name.
+// The tables of a font required for a print, as a font file with another family name.
 QByteArray printFontOf(const QRawFont& font, const QString& family);
 
 }  // namespace cu::reporting

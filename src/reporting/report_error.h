@@ -4,7 +4,7 @@
 
 namespace cu {
 
-// Numbers of what the report engine itself refuses; files and databases have their own.
+// Error numbers of the report engine; files and databases have their own.
 inline constexpr int kErrorReportDefinition = kErrorObjectBase + 701;
 inline constexpr int kErrorReportFormula = kErrorObjectBase + 702;
 inline constexpr int kErrorReportPrinter = kErrorObjectBase + 703;

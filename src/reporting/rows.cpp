@@ -9,7 +9,7 @@
 namespace cu::reporting {
 namespace {
 
-// Names without regard to case, each once, in the order in which they come.
+// Unique names, compared without case, in insertion order.
 class Names {
  public:
   void add(const std::string& name) {

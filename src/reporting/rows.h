@@ -13,18 +13,18 @@
 
 namespace cu::reporting {
 
-// The statement that yields a report's rows: the fields that the definition uses (all of the view for a
-// form), the formula as its condition. `columns` are the view's. FormulaError; Error (kErrorReportDefinition)
-// for a field that the view does not have.
+// The statement for a report's rows: the fields used by the definition (all fields of the view for a form),
+// with the formula as its condition. `columns` are the view's. Raises FormulaError; Error
+// (kErrorReportDefinition) for a field that the view does not have.
 std::string selectionOf(const ReportDefinition& definition, const Formula& formula, const Columns& columns);
 
-// The rows of a statement, one current at a time.
+// The rows of a statement, with one current row.
 class Rows {
  public:
   Rows(Connection& connection, std::string_view statement);
   std::size_t size() const { return store_.size(); }
   void move(std::size_t row);
-  // The place of a column; Error (kErrorReportDefinition) when there is none.
+  // The index of a column; raises Error (kErrorReportDefinition) when there is none.
   std::size_t place(std::string_view column) const;
   bool has(std::string_view column) const { return store_.columns()->find(column) != Columns::kNone; }
   const CellView& at(std::size_t place) const { return cells_[place]; }
@@ -36,11 +36,11 @@ class Rows {
   std::vector<CellView> cells_;
 };
 
-// A text with fields in braces, its places found once.
+// A text with fields in braces, whose columns are looked up once.
 class Template {
  public:
   Template(std::string_view text, const Rows& rows);
-  QString of(const Rows& rows) const;  // of the current row; blanks at both ends dropped
+  QString of(const Rows& rows) const;  // for the current row; surrounding blanks are removed
 
  private:
   struct Part {

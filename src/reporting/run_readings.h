@@ -12,7 +12,7 @@
 
 namespace cu::reporting {
 
-// What the prints of one run have in common, read when it is first asked for. DatabaseError.
+// The data common to the prints of one run, read at first use. Raises DatabaseError.
 class RunReadings {
  public:
   const Columns& columns(Connection& connection, const std::string& view);

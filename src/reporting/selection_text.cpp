@@ -12,7 +12,7 @@ namespace {
 struct Bounds {
   std::optional<std::string> low;
   std::optional<std::string> high;
-  bool plain = true;  // nothing but these bounds
+  bool plain = true;  // only these limits
 };
 
 bool isOf(const FormulaOperand& operand, const SelectionWords& words) {

@@ -7,8 +7,8 @@
 
 namespace cu::reporting {
 
-// What the formula selects by, in the words that the definition has for it: "Anni dal 2014 al 2016 - ...". A
-// field that the formula compares otherwise than with a bound or two is left out.
+// Describes the formula's selection in the definition's words: "Anni dal 2014 al 2016 - ...". A field
+// compared otherwise than with one or two limits is omitted.
 QString selectionText(const ReportDefinition& definition, const Formula& formula);
 
 }  // namespace cu::reporting

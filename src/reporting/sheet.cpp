@@ -20,11 +20,11 @@
 namespace cu::reporting {
 namespace {
 
-constexpr int kMostRows = 1048576;  // of one sheet
+constexpr int kMostRows = 1048576;  // per sheet
 constexpr double kCharactersPerShare = 0.75;
 constexpr std::size_t kLongestSheetName = 31;
 
-// The library writes numbers by the process's locale; the file's form knows only a point.
+// The library formats numbers by the process's locale; the file format requires a decimal point.
 class PlainNumbers {
  public:
   PlainNumbers() : before_(std::setlocale(LC_NUMERIC, nullptr)) { std::setlocale(LC_NUMERIC, "C"); }
@@ -42,7 +42,7 @@ void check(lxw_error code) {
                                       " (codice " + fromInteger(static_cast<std::int64_t>(code)) + ").");
 }
 
-// The title as far as a sheet may be named by it.
+// The title, as far as it is a valid sheet name.
 std::string sheetName(const std::string& title) {
   std::string name;
   for (const char c : title) {
@@ -53,7 +53,7 @@ std::string sheetName(const std::string& title) {
   return cut.empty() ? "Stampa" : std::string(cut);
 }
 
-// A moment as the library takes it; it would take the machine's time otherwise.
+// Converts a date and time for the library, which would otherwise use the machine's.
 std::time_t secondsOf(Date day, TimeOfDay time) {
   constexpr std::int32_t kFirstDay = 25569;  // 1 January 1970
   return ((static_cast<std::time_t>(day.serial() - kFirstDay) * 24 + time.hour) * 60 + time.minute) * 60 +
@@ -63,7 +63,7 @@ std::time_t secondsOf(Date day, TimeOfDay time) {
 class Sheet {
  public:
   Sheet(const std::string& path, const std::string& title, const std::string& creator, std::time_t created) {
-    // Rows leave memory as the next one begins.
+    // Rows are freed from memory as the next one begins.
     lxw_workbook_options options = {};
     options.constant_memory = LXW_TRUE;
     book_ = workbook_new_opt(path.c_str(), &options);
@@ -116,7 +116,7 @@ class Sheet {
   void amount(Decimal value) {
     check(worksheet_write_number(sheet_, place(), column_++, value.toDouble(), amount_));
   }
-  // Days since 30 December 1899 are what the file counts too.
+  // The file also counts days since 30 December 1899.
   void date(Date value) { check(worksheet_write_number(sheet_, place(), column_++, value.serial(), date_)); }
   void close() {
     lxw_workbook* const book = book_;
@@ -187,7 +187,7 @@ constexpr std::array<std::pair<const char*, const char*>, 5> kFormColumns = {
      {"Cognome o denominazione", "Anagrafica"},
      {"Nome", "Nome"}}};
 
-// The boxes of the amounts in the layout of a year, in their order.
+// The boxes of the amounts in a year's layout, in order.
 std::vector<LaidBox> amountBoxes(const ReportDefinition& definition, std::int32_t year) {
   std::vector<LaidBox> boxes;
   for (const LaidSection& section : layOut(definition, FormPart::Amounts, year)) {

@@ -9,7 +9,7 @@ namespace cu::reporting {
 namespace {
 
 constexpr double kPadding = 0.85;  // mm, inside a cell
-constexpr double kRowGap = 1.3;    // mm, beside the lines of a row
+constexpr double kRowGap = 1.3;    // mm, around the lines of a row
 constexpr double kGroupGap = 0.8;  // mm, below a group
 constexpr double kCaptionGap = 1.2;
 constexpr double kRounding = 1e-6;
@@ -81,7 +81,7 @@ Table::Table(Canvas& canvas, const ReportDefinition& definition, Rows& rows, std
     values_.emplace_back(column, rows);
     lefts_.push_back(left);
     const double width = area.width * column.width / shares;
-    // Captions on the right of their columns would meet the next one's on the left where they fill them.
+    // Captions that fill right-aligned columns would touch the next column's left-aligned one.
     const double apart = alignOf(column) == Align::Right ? kCaptionGap : 0;
     captions_.push_back(canvas.wrap(fromUtf8(column.caption), caption_, width - 2 * kPadding - apart));
     lines = std::max(lines, static_cast<std::size_t>(captions_.back().size()));
@@ -112,7 +112,7 @@ double Table::head(double y) {
   return y + headHeight_ + 0.6;
 }
 
-// Begins another page where the height does not fit any more.
+// Begins a new page when the height no longer fits.
 void Table::need(double height, bool withinGroups) {
   if (y_ + height <= area_.bottom + kRounding) return;
   y_ = head(newPage_());
@@ -129,7 +129,7 @@ std::string Table::keyOf(std::size_t level) const {
 void Table::open(std::size_t level) {
   OpenGroup group{titles_[level].of(rows_), notes_[level].of(rows_), 0, {}};
   group.totals.resize(definition_.columns.size());
-  // The heading, those below it and a row stay together.
+  // The heading, the headings below it and one row are kept together.
   need(static_cast<double>(definition_.groups.size() - level) * 2.4 * rowHeight_ + rowHeight_ + textsHeight_ +
            behind_,
        true);
@@ -146,7 +146,7 @@ void Table::heading(const OpenGroup& group, std::size_t level, bool again) {
   y_ += outer ? 2.2 : 0.9;
   const double indent = outer ? 0 : kPadding;
   const double room = area_.width - 2 * indent;
-  // Title and note on one line where both fit, the note below where they do not.
+  // Title and note on one line where both fit, otherwise the note below.
   const double wide = canvas_.textWidth(title, style);
   const double noteWidth = group.note.isEmpty() ? 0 : canvas_.textWidth(group.note, quiet) + 4;
   if (wide + noteWidth <= room) {
@@ -164,7 +164,7 @@ void Table::heading(const OpenGroup& group, std::size_t level, bool again) {
 
 void Table::close(std::size_t level) {
   const bool summed = totalled_[level];
-  // Totals that find no room below the tallest of rows stand on another page under the group's name.
+  // Totals that do not fit below the tallest row are on another page, under the group's name.
   if (summed) need(totalHeight(), true);
   const OpenGroup group = std::move(groups_.back());
   groups_.pop_back();
@@ -209,14 +209,14 @@ void Table::row() {
       canvas_.text(left, top + canvas_.ascent(body_), room(i), values_[i].text(rows_), body_);
     }
   }
-  // Amounts stand out from the zeros between them.
+  // Non-zero amounts are darker than zeros.
   amounts(top + canvas_.ascent(body_), body_, kFaint, amountTexts);
   y_ += textsHeight_;
   canvas_.line(area_.x, y_, area_.x + area_.width, y_, kRule, 0.1);
 }
 
-// One size for all of a line, so that they can be compared: the normal one, or the one at which the widest
-// fits.
+// One size for all amounts of a line, so that they can be compared: the normal one, or the one at which the
+// widest fits.
 void Table::amounts(double base, const TextStyle& style, const QColor& zeros, const QStringList& texts) {
   if (!canvas_.draws()) return;
   const auto columns = static_cast<std::size_t>(texts.size());
@@ -257,7 +257,7 @@ void Table::totals(const QString& caption, const std::vector<Decimal>& values, b
   y_ += height;
 }
 
-// Where the groups end: told before they do, so that totals can be kept with the last of their rows.
+// Determines the ends of the groups in advance, so that totals can be kept with their last row.
 void Table::findGroups(std::size_t first, std::size_t end) {
   const std::size_t levels = definition_.groups.size() - firstGroup_;
   goOn_.assign(end - first, 0);
@@ -274,9 +274,9 @@ void Table::findGroups(std::size_t first, std::size_t end) {
   }
 }
 
-// Which totals stand behind the row that comes next, when of its groups the outer `before` are open and the
-// outer `after` go on behind it. The row's own amounts need not be known: they are added to all of these
-// totals alike.
+// Determines which totals follow the next row, when the outer `before` of its groups are open and the outer
+// `after` continue after it. The row's own amounts need not be known: they are added to all of these totals
+// alike.
 void Table::planTotals(std::size_t before, std::size_t after, bool grand) {
   const std::vector<Decimal> none(definition_.columns.size());
   const std::vector<Decimal>* outer = grand ? &sums_ : nullptr;
@@ -294,7 +294,7 @@ void Table::planTotals(std::size_t before, std::size_t after, bool grand) {
   }
 }
 
-// Of all that ends behind a row.
+// The height of all totals that follow a row.
 double Table::closingHeight(std::size_t after, bool grand) const {
   double height = grand ? kGroupGap + totalHeight() : 0;
   for (std::size_t level = firstGroup_ + after; level < definition_.groups.size(); ++level) {

@@ -18,7 +18,7 @@ class ColumnValue {
  public:
   ColumnValue(const ReportColumn& column, const Rows& rows);
   QString text(const Rows& rows) const;
-  Decimal amount(const Rows& rows) const;  // 0 for a column that is no amount
+  Decimal amount(const Rows& rows) const;  // 0 for a column that is not an amount
   const CellView& cell(const Rows& rows) const { return rows.at(terms_.front().place); }
   bool isTemplate() const { return template_.size() == 1; }
 
@@ -32,31 +32,30 @@ class ColumnValue {
   std::vector<Template> template_;  // one where the column is a text with fields in braces
 };
 
-// The rows of a report under its columns, with the headings and totals of its groups, over as many pages as
-// they take.
+// The rows of a report in columns, with the headings and totals of its groups, on as many pages as needed.
 class Table {
  public:
   struct Area {
     double x = 0;
     double width = 0;
-    double bottom = 0;  // no row reaches below
+    double bottom = 0;  // lower limit of the rows
   };
-  // Groups above `firstGroup` are the caller's. `newPage` ends the page, begins the next one and gives the y
-  // from which the table goes on.
+  // The caller handles the groups above `firstGroup`. `newPage` ends the page, begins the next one and
+  // returns the y at which the table continues.
   Table(Canvas& canvas, const ReportDefinition& definition, Rows& rows, std::size_t firstGroup, Area area,
         double points, std::function<double()> newPage);
 
-  // The rows from `first` up to `end`, under a head of the columns from `y` on. `totalCaption` stands before
-  // the totals of them all; none where it is empty. A row and the totals behind it share a page, with the
-  // last row also a room of the height `tail`. Of totals that are equal and would stand one above the other
-  // only the outermost are drawn. Returns the y below the totals.
+  // Draws the rows from `first` to before `end`, with a head of the columns at `y`. `totalCaption` is the
+  // caption of the totals of all rows; empty for none. A row and the totals after it are on one page, for the
+  // last row also a space of the height `tail`. Of equal totals that would follow each other only the
+  // outermost are drawn. Returns the y below the totals.
   double run(std::size_t first, std::size_t end, double y, const QString& totalCaption, double tail = 0);
 
  private:
   struct OpenGroup {
     QString title;
     QString note;
-    std::size_t below = 0;  // groups or rows under it
+    std::size_t below = 0;  // number of groups or rows below it
     std::vector<Decimal> totals;
   };
   double head(double y);
@@ -85,8 +84,8 @@ class Table {
   TextStyle strong_;
   TextStyle caption_;
   std::vector<ColumnValue> values_;
-  std::vector<double> lefts_;                   // of the columns, and the right end
-  std::vector<std::vector<std::size_t>> keys_;  // places, by group
+  std::vector<double> lefts_;                   // of the columns, and the right edge
+  std::vector<std::vector<std::size_t>> keys_;  // column indexes, by group
   std::vector<Template> titles_;
   std::vector<Template> notes_;
   std::vector<QStringList> captions_;
@@ -94,12 +93,12 @@ class Table {
   double rowHeight_ = 0;
   double y_ = 0;
   std::vector<OpenGroup> groups_;
-  std::vector<std::size_t> goOn_;  // by row: how many of the outer groups go on behind it
-  std::vector<bool> totalled_;     // of the groups that end behind the current row: which show totals
+  std::vector<std::size_t> goOn_;  // by row: how many of the outer groups continue after it
+  std::vector<bool> totalled_;     // of the groups that end after the current row: which show totals
   std::vector<Decimal> sums_;
   std::vector<QStringList> texts_;  // of the current row
   double textsHeight_ = 0;
-  double behind_ = 0;  // what must stand on the page of the current row, below it
+  double behind_ = 0;  // the height required on the current row's page, below it
 };
 
 }  // namespace cu::reporting

@@ -8,17 +8,17 @@
 
 namespace cu::sqlite {
 
-// Finds out what every expression of a statement is, by the tables of the open database, and notes in the
-// tree what its adaptation needs. SqlError for an unknown table or column, and where the kinds of two
-// operands do not go together: nothing is guessed.
+// Determines the kind of every expression of a statement from the tables of the open database, and notes in
+// the tree what the adaptation requires. Raises SqlError for an unknown table or column, and for incompatible
+// kinds of two operands: nothing is guessed.
 class Analysis {
  public:
   explicit Analysis(const Catalog& catalog, Dialect dialect = Dialect::Server)
       : catalog_(catalog), dialect_(dialect) {}
 
-  // A query that stands by itself. Of one table with a key, without an order: gets the order of the key.
+  // A top-level query. If it reads one table that has a key, without an order, it gets the order of the key.
   void query(Select& select);
-  // A query whose columns others compare: of a view.
+  // A query whose columns others compare: that of a view.
   void view(Select& select);
   void insert(InsertStatement& statement);
   void update(UpdateStatement& statement);
@@ -35,7 +35,7 @@ class Analysis {
     const Scope* parent = nullptr;
     Select* select = nullptr;
   };
-  enum class Use { Top, Compared };  // whether somebody compares the columns of a query by their names
+  enum class Use { Top, Compared };  // whether the query's columns are compared by name
 
   std::shared_ptr<const TableInfo> table(std::string_view name, std::size_t position) const;
 
@@ -78,19 +78,19 @@ class Analysis {
   int depth_ = 0;
 };
 
-// The system's list of its own tables, which the existence test reads.
+// The system's list of its tables, which the existence test reads.
 bool isSystemTable(std::string_view name);
 
-// Whether SQLite compares the value without regard to case by itself.
+// Whether SQLite by itself compares the value without case.
 bool carriesCollation(const Expr& expr);
 
-// Brings the literals of an expression to a kind; what is none stays.
+// Converts the literals of an expression to a kind; anything else is unchanged.
 void fit(Expr& expr, ValueKind kind);
-// The values among which a CASE or an ISNULL chooses; nothing of any other expression.
+// The possible values of a CASE or an ISNULL; empty for any other expression.
 std::vector<Expr*> branchesOf(const Expr& expr);
-// Makes two operands comparable; SqlError when they are not.
+// Makes two operands comparable; raises SqlError when they are not.
 void match(Expr& left, Expr& right, std::string_view what);
-// The kind of the branches together, literals fitted to the others.
+// The common kind of the branches; literals are fitted to the others.
 ValueKind combine(const std::vector<Expr*>& branches, std::string_view what);
 bool isNumeric(ValueKind kind);
 

@@ -4,7 +4,7 @@
 namespace cu::sqlite {
 namespace {
 
-// What ISNULL yields is of its first operand's kind.
+// The result of ISNULL has its first operand's kind.
 ValueKind isNullKind(Expr& call) {
   Expr& checked = *call.args[0];
   Expr& other = *call.args[1];
@@ -111,7 +111,7 @@ void Analysis::textCall(Expr& expr, Function function) const {
   if (operand != ValueKind::Text && operand != ValueKind::Null) {
     throw SqlError(expr.position, expr.name + " di " + describe(operand) + ": non decidibile");
   }
-  // Positions before the first character mean one thing here and another on the server.
+  // Positions before the first character have another meaning on the server.
   for (std::size_t i = 1; i < expr.args.size(); ++i) {
     if (expr.args[i]->kind != ExprKind::Number) {
       throw SqlError(expr.args[i]->position, expr.name + " vuole posizioni scritte per esteso");

@@ -29,7 +29,7 @@ ValueKind arithmeticKind(const Expr& left, const Expr& right) {
   return ValueKind::Null;
 }
 
-// The comparison goes by the left operand's collation, or by the right one's where only that is a column.
+// The left operand's collation applies, or the right one's where only that is a column.
 void compareAsText(Expr& left, const Expr& right) {
   if (left.valueKind != ValueKind::Text && right.valueKind != ValueKind::Text) return;
   if (carriesCollation(left) || (right.collated && left.kind != ExprKind::Column)) return;
@@ -190,7 +190,7 @@ void Analysis::binary(Expr& expr, const Scope& scope) {
   }
 }
 
-// The server joins texts and adds numbers with the same sign: the kinds of the operands decide.
+// The server uses the same sign to concatenate texts and to add numbers: the kinds of the operands decide.
 void Analysis::sum(Expr& expr) const {
   Expr& left = *expr.args[0];
   Expr& right = *expr.args[1];

@@ -104,7 +104,7 @@ void Analysis::sources(std::vector<Source>& from, Scope& scope) {
       continue;
     }
     if (source.select != nullptr) {
-      // A query in FROM sees nothing of its neighbours.
+      // A query in FROM cannot refer to its neighbours.
       select(*source.select, scope.parent, Use::Compared);
       TableInfo info;
       info.name = source.alias;
@@ -136,7 +136,7 @@ void Analysis::joinConditions(std::vector<Source>& from, const Scope& scope) {
     joinConditions(source.group, scope);
     if (source.on != nullptr) test(*source.on, scope);
   }
-  // Comma and join bind differently on the two engines; only here would it show.
+  // Comma and join have a different precedence on the two engines; only here would it matter.
   if (comma && outer) throw SqlError(from.front().position, "RIGHT o FULL JOIN accanto a una virgola");
 }
 
@@ -171,8 +171,8 @@ void Analysis::orderBy(Select& select, const Scope& scope) {
   for (OrderTerm& term : select.orderBy) orderTerm(select, term, scope);
 }
 
-// A bare name means a column of the result before one of the tables. True when that is all there is to say;
-// a column that the result has from a table is named in full instead.
+// An unqualified name refers to a column of the result before one of the tables. Returns true when the term
+// is resolved; a column that the result takes from a table is qualified instead.
 bool Analysis::orderByResult(const Select& select, Expr& expr, const Scope& scope) const {
   const ColumnInfo* result = nullptr;
   for (const ColumnInfo& column : select.output) {
@@ -192,7 +192,7 @@ bool Analysis::orderByResult(const Select& select, Expr& expr, const Scope& scop
   }
   for (const SelectItem& item : select.items) {
     if (!item.star) {
-      // Under another name in the result it is not the one that is meant.
+      // With an alias in the result it is not the column referred to.
       if (item.alias.empty() && item.expr->kind == ExprKind::Column &&
           equalsNoCase(item.expr->name, expr.name)) {
         expr.qualifier = item.expr->qualifier;
@@ -218,7 +218,7 @@ void Analysis::orderTerm(const Select& select, OrderTerm& term, const Scope& sco
   collateText(expr);
 }
 
-// The rows of a table come in the order of its key, as they lie on the server.
+// The rows of a table come in the order of its key, as on the server.
 void Analysis::orderByKey(Select& select) const {
   if (!select.orderBy.empty() || select.from.size() != 1 || select.distinct || select.aggregated ||
       !select.groupBy.empty() || select.compound != Compound::None) {

@@ -16,7 +16,7 @@ Expr& unsignedOf(Expr& expr) {
   return *inner;
 }
 
-// Numbers that stand for the whole value, also as a branch of a CASE or an ISNULL.
+// Applies to numbers that are the whole value, also as a branch of a CASE or an ISNULL.
 void convertNumbers(Expr& expr, Conversion conversion) {
   Expr& literal = unsignedOf(expr);
   if (literal.kind == ExprKind::Number) literal.conversion = conversion;
@@ -137,7 +137,7 @@ void Analysis::assignSelect(Select& first, const TableInfo& table, const std::ve
         assign(*part->items[i].expr, column, columns[i] == table.rowNumber);
         continue;
       }
-      // A column behind a star cannot be changed on its way.
+      // A column of a star cannot be converted.
       const ValueKind kind = part->output[i].kind;
       const bool same = kind == column.kind ||
                         (kind == ValueKind::Integer && column.kind == ValueKind::Decimal) ||
@@ -170,7 +170,7 @@ void Analysis::update(UpdateStatement& statement) {
   } else {
     sources(statement.from, scope);
     joinConditions(statement.from, scope);
-    // The target is named by its alias in FROM, or by its table.
+    // The target is identified by its alias in FROM, or by its table.
     const Source* updated = nullptr;
     for (const Source* source : scope.sources) {
       if (equalsNoCase(source->name(), statement.table)) updated = source;

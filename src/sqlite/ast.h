@@ -44,15 +44,15 @@ enum class ExprKind {
   Collate,   // value; name; only in stored texts
 };
 
-// How a literal is brought into the form in which the column beside it is stored.
+// The conversion of a literal into the storage form of the column that it is compared with or assigned to.
 enum class Conversion {
   AsIs,
-  Date,         // 'YYYYMMDD' or 'YYYY-MM-DD', a time behind it: the stored form
-  IntegerText,  // a text beside an integer
-  DecimalText,  // a text beside an amount
-  Amount,       // a number put into an amount: four places
-  Whole,        // a number put into an integer: cut
-  TextNumber,   // a number put into a text: as it is written
+  Date,         // 'YYYYMMDD' or 'YYYY-MM-DD' with an optional time: the stored form
+  IntegerText,  // a text compared with an integer
+  DecimalText,  // a text compared with an amount
+  Amount,       // a number assigned to an amount: four decimal places
+  Whole,        // a number assigned to an integer: truncated
+  TextNumber,   // a number assigned to a text: as written
 };
 
 struct TypeName {
@@ -76,17 +76,17 @@ struct Expr {
   bool star = false;      // COUNT(*)
   bool hasBase = false;
   bool hasElse = false;
-  int depth = 1;  // of the tree below, for the limit on nesting
+  int depth = 1;  // height of the subtree, for the limit on nesting
 
-  // Found by the analysis.
+  // Set by the analysis.
   ValueKind valueKind = ValueKind::Unknown;
   Conversion conversion = Conversion::AsIs;
-  bool pinned = false;    // a literal whose value the text of the statement depends on
+  bool pinned = false;    // a literal whose value determines the text of the statement
   bool collated = false;  // of a column: carries the collation of text
-  bool noCase = false;    // gets that collation
-  bool rounded = false;   // an amount that was calculated: rounded to four places
-  bool cut = false;       // an amount put into an integer column
-  bool notNull = false;   // put into a key that SQLite would number by itself
+  bool noCase = false;    // is written with that collation
+  bool rounded = false;   // a calculated amount: rounded to four places
+  bool cut = false;       // an amount assigned to an integer column
+  bool notNull = false;   // assigned to a key that SQLite would number by itself
 };
 
 struct Source {
@@ -98,7 +98,7 @@ struct Source {
   SelectPtr select;
   std::vector<Source> group;  // joined tables in parentheses
   ExprPtr on;
-  std::shared_ptr<const TableInfo> info;  // found by the analysis
+  std::shared_ptr<const TableInfo> info;  // set by the analysis
   const std::string& name() const { return alias.empty() ? table : alias; }
 };
 
@@ -108,7 +108,7 @@ struct SelectItem {
   ExprPtr expr;
   std::string alias;
   std::size_t position = 0;
-  std::size_t width = 0;  // of a star: the columns it stands for; found by the analysis
+  std::size_t width = 0;  // of a star: the number of its columns; set by the analysis
 };
 
 struct OrderTerm {
@@ -126,11 +126,11 @@ struct Select {
   ExprPtr where;
   std::vector<ExprPtr> groupBy;
   ExprPtr having;
-  Compound compound = Compound::None;  // what joins `next` to this one
+  Compound compound = Compound::None;  // the operator between this one and `next`
   SelectPtr next;
-  std::vector<OrderTerm> orderBy;  // of the first of a compound: of the whole
+  std::vector<OrderTerm> orderBy;  // the first one of a compound has that of the whole
 
-  // Found by the analysis.
+  // Set by the analysis.
   std::vector<ColumnInfo> output;
   bool aggregated = false;
 };
@@ -143,7 +143,7 @@ struct Assignment {
 
 struct InsertStatement {
   std::string table;
-  std::vector<std::string> columns;  // empty: all, in their order
+  std::vector<std::string> columns;  // empty: all, in order
   std::vector<std::vector<ExprPtr>> rows;
   SelectPtr select;  // instead of rows
 };
@@ -223,7 +223,7 @@ struct BlockStatement {
 };
 
 struct ExecStatement {
-  std::size_t literal = 0;  // the text to be run
+  std::size_t literal = 0;  // the text to run
 };
 
 enum class TransactionVerb { Begin, Commit, Rollback };
@@ -235,7 +235,7 @@ struct NothingStatement {};  // accepted without effect
 
 struct Statement {
   std::size_t position = 0;
-  std::string kind;  // its first word in capitals
+  std::string kind;  // its first word in upper case
   std::variant<NothingStatement, SelectPtr, InsertStatement, UpdateStatement, DeleteStatement, MergeStatement,
                CreateTableStatement, CreateViewStatement, CreateIndexStatement, DropStatement, IfStatement,
                BlockStatement, ExecStatement, TransactionStatement>

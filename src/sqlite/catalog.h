@@ -8,23 +8,23 @@
 
 namespace cu::sqlite {
 
-// What kind of value an expression yields, as far as a statement can be adapted by it.
+// The kind of an expression's value, as far as the adaptation of a statement depends on it.
 enum class ValueKind {
   Unknown,
-  Null,  // the word NULL: goes with every kind
+  Null,  // the word NULL: compatible with every kind
   Integer,
   Number,  // a numeric literal: an integer or an amount
   Decimal,
   Text,
   Date,
-  Condition,  // true or false; no value in the server's dialect
+  Condition,  // true or false; not a value in the server's dialect
 };
 
 struct ColumnInfo {
   std::string name;
   ValueKind kind = ValueKind::Unknown;
   bool notNull = false;
-  bool collated = true;  // a text that SQLite compares without regard to case by itself
+  bool collated = true;  // a text that SQLite by itself compares without case
 };
 
 // A table or a view.
@@ -33,22 +33,22 @@ struct TableInfo {
   bool view = false;
   std::vector<ColumnInfo> columns;
   std::vector<std::string> primaryKey;  // in the order of the key
-  // Column of a key of one integer, which SQLite fills by itself when it is given nothing; or kNone.
+  // The column of a single integer key, which SQLite numbers when it is not assigned; or kNone.
   std::size_t rowNumber = kNone;
 
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-  std::size_t find(std::string_view column) const;  // regardless of case; or kNone
+  std::size_t find(std::string_view column) const;  // without case; kNone when there is none
 };
 
 // The tables of the open database.
 class Catalog {
  public:
   virtual ~Catalog() = default;
-  // Regardless of case; null when there is none.
+  // Compares without case; null when there is none.
   virtual std::shared_ptr<const TableInfo> find(std::string_view name) const = 0;
 };
 
-// "un testo", "una data", ...: for messages.
+// "un testo", "una data" and so on, for messages.
 const char* describe(ValueKind kind);
 
 }  // namespace cu::sqlite

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::int64_t kUnit = 10000;
 constexpr std::int64_t kLargestAmount = 922337203685477;  // of a Decimal
-constexpr double kLargestRead = 9.2e14;                   // that Decimal takes from a double
+constexpr double kLargestRead = 9.2e14;                   // the largest that Decimal accepts from a double
 
 [[noreturn]] void fail(const char* message) { throw SqlError(0, message); }
 
@@ -49,7 +49,7 @@ StoredValue amount(std::string_view text) {
   if (!decimal) fail("importo fuori dai limiti");
   const std::int64_t scaled = decimal->scaled();
   if (scaled % kUnit == 0) return scaled / kUnit;
-  // The file keeps a double: always enough for fifteen digits, for more only by chance.
+  // The file stores a double: exact for up to fifteen digits, for more only by chance.
   const double stored = floating(decimal->toText());
   if (std::fabs(stored) >= kLargestRead || Decimal::fromDouble(stored) != *decimal)
     fail("un importo ha più cifre di quante il database ne conservi esatte");
@@ -72,7 +72,7 @@ std::optional<int> twoDigits(std::string_view text, std::size_t at) {
   return (text[at] - '0') * 10 + (text[at + 1] - '0');
 }
 
-// "HH:MM", "HH:MM:SS" and fractions of a second, which are passed over; "" for midnight.
+// "HH:MM", "HH:MM:SS" with ignored fractions of a second; "" for midnight.
 std::optional<std::string> timeOf(std::string_view text) {
   const auto hour = twoDigits(text, 0);
   const auto minute = twoDigits(text, 3);

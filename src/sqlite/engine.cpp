@@ -29,7 +29,7 @@ std::string firstWord(const std::vector<Token>& tokens) {
   return tokens.front().kind == TokenKind::Word ? upperAscii(tokens.front().text) : std::string();
 }
 
-// The engine has prepared a statement anew because another program has changed the tables.
+// The engine has prepared a statement again because another program has changed the tables.
 bool changedOutside(const PreparedStatement& statement) {
   return std::any_of(statement.pieces.begin(), statement.pieces.end(), [](const PreparedPiece& piece) {
     return sqlite3_stmt_status(piece.statement.get(), SQLITE_STMTSTATUS_REPREPARE, 0) != 0;
@@ -49,13 +49,13 @@ bool writes(const PreparedStatement& statement) {
 
 }  // namespace
 
-// A text on its way, statement by statement.
+// A text being run, statement by statement.
 struct Engine::Text {
   std::string_view text;
   const TokenList& tokens;
   RowStore* rows;
   int depth;
-  bool alone;  // the text is one statement
+  bool alone;  // the text consists of one statement
 };
 
 Engine::Engine(DatabaseHandle database)
@@ -73,7 +73,7 @@ void Engine::run(std::string_view text, RowStore* rows, int depth) {
   if (depth == 0) touched_ = -1;
   if (PreparedStatement* known = cache_.find(text, literals_)) {
     const bool ran = runPrepared(*known, literals_, rows);
-    // What was found out about the statements holds for the tables as they were.
+    // The cached analysis of statements is valid only for the old tables.
     if (changedOutside(*known)) forget();
     if (ran) return;
   }
@@ -153,7 +153,7 @@ bool Engine::holds(Expr& condition, Text& text) {
 
 void Engine::runSimple(Statement& statement, Text& text) {
   const Rewritten rewritten = rewrite(statement, text.tokens.literals, catalog_);
-  // No statement may be under way, nor kept, when the tables change.
+  // No statement may be running or cached when the tables change.
   if (rewritten.definition) forget();
   std::unique_ptr<PreparedStatement> prepared = ready(rewritten, statement.kind);
   if (!runPrepared(*prepared, text.tokens.literals, text.rows)) raiseChanged(statement.kind);
@@ -199,7 +199,7 @@ std::unique_ptr<PreparedStatement> Engine::ready(const Rewritten& rewritten, std
   return result;
 }
 
-// False when the tables have changed under a query that was kept; nothing has been read then.
+// Returns false when the tables have changed under a cached query; nothing has been read then.
 bool Engine::runPrepared(PreparedStatement& statement, const std::vector<Literal>& literals, RowStore* rows) {
   if (!statement.writes) {
     for (PreparedPiece& piece : statement.pieces) {
@@ -248,7 +248,7 @@ void Engine::bind(const PreparedPiece& piece, const std::vector<Literal>& litera
     const int index = static_cast<int>(parameter.literal) + 1;
     int code = SQLITE_OK;
     if (literal.kind == Literal::Kind::Text && parameter.conversion == Conversion::AsIs && !literal.doubled) {
-      // Lies in the statement's text, which outlives the run.
+      // Points into the statement's text, which outlives the run.
       code = sqlite3_bind_text64(statement, index, literal.text.data(), literal.text.size(), SQLITE_STATIC,
                                  SQLITE_UTF8);
     } else {

@@ -14,16 +14,17 @@
 
 namespace cu::sqlite {
 
-// Runs texts of the server's dialect on an open file.
+// Runs texts in the server's dialect on an open file.
 class Engine {
  public:
   explicit Engine(DatabaseHandle database);
 
-  // `rows`, where given, takes the rows of the first query of the text; a plain table name is such a query.
+  // `rows`, if not null, receives the rows of the first query of the text; a plain table name is such a
+  // query.
   void run(std::string_view text, RowStore* rows, int depth = 0);
 
-  // Rows that the last statement of the text run last has inserted, changed or deleted; -1 for one that does
-  // nothing of this.
+  // Number of rows inserted, changed or deleted by the last statement of the last text; -1 for any other
+  // statement.
   std::int64_t touched() const { return touched_; }
 
   Transactions& transactions() { return transactions_; }

@@ -9,9 +9,9 @@
 namespace cu::sqlite {
 namespace {
 
-// What the system says where no room is left for a file.
+// System error codes for a lack of disk space.
 #ifdef _WIN32
-constexpr int kNoRoom[] = {39, 112};  // the handle's disk, the disk
+constexpr int kNoRoom[] = {39, 112};  // ERROR_HANDLE_DISK_FULL, ERROR_DISK_FULL
 #else
 constexpr int kNoRoom[] = {ENOSPC, EDQUOT, EFBIG};
 #endif

@@ -10,19 +10,20 @@
 
 namespace cu::sqlite {
 
-// The extended code of the handle's last error; SQLITE_FULL also where the system found no room for a file
-// beside the database, which the engine tells as any other failure.
+// The extended code of the handle's last error; SQLITE_FULL also where the system had no space for a file
+// next to the database, which the engine reports as a general failure.
 int codeOf(sqlite3* database);
 
-// The last error of the handle as DatabaseError. `kind` is the statement's first word, or empty.
+// Raises the last error of the handle as DatabaseError. `kind` is the statement's first word, or empty.
 [[noreturn]] void raise(sqlite3* database, std::string_view kind);
 
-// By an extended result code and the engine's own words, which name tables and columns but no values.
+// From an extended result code and the engine's text, which contains names of tables and columns but no
+// values.
 DatabaseError errorOf(int extendedCode, std::string_view engineText, std::string_view kind);
 
-// A text that the adapter does not take.
+// For a text rejected by the adapter.
 DatabaseError refused(const SqlError& error, std::string_view kind);
-// A literal without a stored form.
+// For a literal without a stored form.
 DatabaseError unfit(const SqlError& error, std::string_view kind);
 
 }  // namespace cu::sqlite

@@ -30,20 +30,20 @@ enum class Function {
   Max,
   Avg,
   ObjectId,
-  // What the views of the file are written with.
+  // The functions that the views of the file use.
   StoredText,
   StoredInteger,
 };
 
 struct FunctionRule {
-  std::string_view name;  // in capitals
+  std::string_view name;  // in upper case
   Function function;
   std::size_t least;
   std::size_t most;
   Dialect dialect = Dialect::Server;
 };
 
-// Null for a function that is not known in the dialect; stored texts know the server's too.
+// Null for a function unknown in the dialect; stored texts know the server's too.
 const FunctionRule* findFunction(std::string_view upperCaseName, Dialect dialect);
 
 bool isAggregate(Function function);

@@ -18,7 +18,7 @@ struct FinalizeStatement {
 };
 using StatementHandle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
-// Puts a prepared statement back when its run ends, by an error too.
+// Resets a prepared statement when its run ends, also by an error.
 class Running {
  public:
   explicit Running(sqlite3_stmt* statement) : statement_(statement) {}
@@ -32,7 +32,7 @@ class Running {
 
 // Raises DatabaseError. `kind` is the first word of the statement ("SELECT"), or empty.
 StatementHandle prepare(sqlite3* database, std::string_view sql, std::string_view kind, bool kept = false);
-// One or more statements of the connection itself, without rows.
+// Runs one or more of the connection's own statements, without rows.
 void execute(sqlite3* database, const char* sql);
 
 inline std::string_view columnText(sqlite3_stmt* statement, int column) {

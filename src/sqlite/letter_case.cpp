@@ -7,7 +7,7 @@
 namespace cu::sqlite {
 namespace {
 
-// Where the capital of a pair has an even or an odd number and the small letter follows it.
+// Ranges in which each capital, with an even or an odd number, is followed by its small letter.
 struct Pairs {
   char32_t first;
   char32_t last;
@@ -57,7 +57,7 @@ std::string changed(std::string_view text, Change change) {
     const char32_t c = nextCodePoint(text, at);
     const char32_t other = change(c);
     if (other == c) {
-      result += text.substr(start, at - start);  // bytes that are no character stay too
+      result += text.substr(start, at - start);  // copies invalid bytes too
     } else {
       appendUtf8(result, other);
     }

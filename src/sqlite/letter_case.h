@@ -5,7 +5,7 @@
 
 namespace cu::sqlite {
 
-// Letters of the Latin alphabet with their accents, of UTF-8 text; every other character stays.
+// Converts Latin letters with and without accents in UTF-8 text; every other character is unchanged.
 std::string upperCase(std::string_view text);
 std::string lowerCase(std::string_view text);
 

@@ -82,7 +82,7 @@ bool meets(const Element& element, const std::string& character) {
   return element.kind == Element::Kind::NotSet;
 }
 
-// Goes back to the last % alone: no more than the product of the lengths.
+// Backtracks only to the last %: the cost is at most the product of the lengths.
 bool matches(const std::vector<std::string>& value, const std::vector<Element>& pattern) {
   constexpr std::size_t kNone = static_cast<std::size_t>(-1);
   std::size_t v = 0;

@@ -5,8 +5,8 @@
 
 namespace cu::sqlite {
 
-// The server's LIKE: %, _, [a-f], [^a-f]; characters compare as text does, trailing blanks of the value do
-// not count. `escape` is one character or empty.
+// The server's LIKE: %, _, [a-f], [^a-f]. Characters compare as text does; trailing blanks of the value are
+// ignored. `escape` is one character or empty.
 bool like(std::string_view value, std::string_view pattern, std::string_view escape);
 
 // The bare name in "[dbo].[name]", "dbo.name" or "name".

@@ -18,13 +18,12 @@ namespace {
 
 constexpr int kPatience = 5000;  // milliseconds
 
-// SQLite 3.38 puts a Bloom filter before the index that it makes for a join by itself, and there texts of
-// different length pass for different: "Rossi" and "Rossi " would not meet. The number is the engine's own
-// for that filter.
+// SQLite 3.38 adds a Bloom filter to its automatic join index, which treats texts of different length as
+// different: "Rossi" and "Rossi " would not match. This is the engine's flag for that filter.
 constexpr int kBloomFilter = 0x00080000;
 
-// Asked of the system and not found out by opening: closing a file takes from the process every lock that it
-// holds on it, another connection's too.
+// Uses the system call instead of opening the file: closing a file releases every lock of the process on it,
+// including another connection's.
 bool allows(const std::string& path, bool writing) {
 #ifdef _WIN32
   return ::_access(path.c_str(), writing ? 6 : 4) == 0;
@@ -68,7 +67,7 @@ void examine(const std::string& path, bool create) {
   if (!allows(path, true)) readOnly(path);
 }
 
-// The engine's error of an opening, with the file's name and what to do.
+// Raises the engine's error on opening, with the file's name and the remedy.
 [[noreturn]] void explain(sqlite3* database, const std::string& path) {
   const int code = database == nullptr ? SQLITE_NOMEM : codeOf(database);
   if ((code & 0xFF) == SQLITE_NOTADB) {
@@ -86,8 +85,8 @@ void examine(const std::string& path, bool create) {
   throw DatabaseError(told.kind(), code, "", "Database " + quoted(path) + ": " + told.what());
 }
 
-// An index on a text lies in the order of whoever made it, and here text has another: what is looked up in it
-// would not be found. This program makes none.
+// An index on a text has the order of its creator, while this connection orders texts differently: look-ups
+// in it would fail. This program creates none.
 void refuseTextIndexes(sqlite3* database, const std::string& path) {
   const StatementHandle query = prepare(database,
                                         "SELECT t.name, i.name FROM sqlite_schema AS t, "
@@ -109,15 +108,15 @@ bool run(sqlite3* database, const char* sql) {
 }  // namespace
 
 DatabaseHandle openFile(const std::string& path, bool create) {
-  // Nobody asks how much memory the engine holds, and counting it takes a lock at every request. Once it is
-  // at work the engine refuses, and goes on counting.
+  // The engine's memory statistics are not used, and cost a lock per allocation. The setting has no effect
+  // once the engine is in use.
   static const int counting = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
   static_cast<void>(counting);
   const bool memory = path == ":memory:";
   if (!memory) examine(path, create);
   sqlite3* raw = nullptr;
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
-  // A name that looks like an address is a name all the same.
+  // A file name that looks like a URI is still a file name.
   const std::string name = path.starts_with("file:") ? "./" + path : path;
   const int code = sqlite3_open_v2(name.c_str(), &raw, flags, nullptr);
   DatabaseHandle database(raw);
@@ -130,15 +129,15 @@ DatabaseHandle openFile(const std::string& path, bool create) {
   sqlite3_db_config(raw, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, raw, kBloomFilter);
   installFunctions(raw);
-  // The first read of the file: here it shows whether it is a database.
+  // The first read of the file shows whether it is a database.
   if (!run(raw, "SELECT count(*) FROM sqlite_schema")) explain(raw, path);
   if (sqlite3_db_readonly(raw, "main") == 1) {
     throw DatabaseError(
         DatabaseErrorKind::ReadOnly, SQLITE_READONLY, "",
         "Il database " + quoted(path) + " è di sola lettura. Verificare i permessi del file.");
   }
-  // A change is complete or absent whenever the process ends, and readers do not wait for writers. What a
-  // dropped table leaves in the file is not worth the writing of zeros.
+  // A change is complete or absent whenever the process ends, and readers do not wait for writers.
+  // Overwriting the pages of dropped tables with zeros is not worth its cost.
   const bool set = run(raw, "PRAGMA journal_mode = WAL") && run(raw, "PRAGMA synchronous = NORMAL") &&
                    run(raw, "PRAGMA foreign_keys = OFF") && run(raw, "PRAGMA secure_delete = OFF") &&
                    run(raw, "PRAGMA temp_store = MEMORY") && run(raw, "PRAGMA cache_size = -65536") &&

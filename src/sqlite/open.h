@@ -6,8 +6,8 @@
 
 namespace cu::sqlite {
 
-// An open file with the settings of this program. DatabaseError tells in words what is wrong with the file
-// and what to do.
+// Opens a file with the settings of this program. DatabaseError states what is wrong with the file and the
+// remedy.
 DatabaseHandle openFile(const std::string& path, bool create);
 
 }  // namespace cu::sqlite

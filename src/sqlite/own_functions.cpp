@@ -41,7 +41,7 @@ int compare(void*, int lengthA, const void* a, int lengthB, const void* b) {
                         {static_cast<const char*>(b), static_cast<std::size_t>(lengthB)});
 }
 
-// No exception may cross the engine.
+// No exception may propagate through the engine.
 template <class Body>
 void guarded(sqlite3_context* context, Body body) {
   try {
@@ -61,7 +61,7 @@ void lowerFunction(sqlite3_context* context, int, sqlite3_value** args) {
   if (!isNull(args[0])) guarded(context, [&] { answer(context, lowerCase(valueText(args[0]))); });
 }
 
-// A calculated amount at its four places.
+// Rounds a calculated amount to four places.
 void amountFunction(sqlite3_context* context, int, sqlite3_value** args) {
   if (sqlite3_value_type(args[0]) != SQLITE_FLOAT) {
     sqlite3_result_value(context, args[0]);
@@ -108,7 +108,7 @@ void moduloFunction(sqlite3_context* context, int, sqlite3_value** args) {
   }
 }
 
-// What goes into a key that the engine would number by itself.
+// Checks a value for a key that the engine would number by itself.
 void requiredFunction(sqlite3_context* context, int, sqlite3_value** args) {
   if (!isNull(args[0])) {
     sqlite3_result_value(context, args[0]);

@@ -4,9 +4,8 @@
 
 namespace cu::sqlite {
 
-// The Italian order of text under the name of the built-in collation, upper() and lower() that know accented
-// letters, and the functions that adapted statements call. What the file itself holds calls none of the
-// latter.
+// Installs the Italian text order under the name of the built-in collation, upper() and lower() for accented
+// letters, and the functions called by adapted statements. The file's own schema uses none of the latter.
 void installFunctions(sqlite3* database);
 
 }  // namespace cu::sqlite

@@ -24,7 +24,7 @@ constexpr std::array<std::string_view, 92> kReserved = {
     "PIVOT",     "PRIMARY",  "PROCEDURE", "REFERENCES", "RETURN",     "REVOKE",  "RIGHT",    "ROLLBACK",
     "SELECT",    "SET",      "SOME",      "TABLE",      "THEN",       "TOP",     "TRUNCATE", "UNION",
     "UNIQUE",    "UNPIVOT",  "UPDATE",    "VALUES"};
-// Beyond the list above, by the place where they begin a clause.
+// Reserved beyond the list above, because they begin a clause.
 constexpr std::array<std::string_view, 9> kReservedToo = {"VIEW", "WHEN",  "WHERE", "WHILE",      "WITH",
                                                           "USE",  "PRINT", "TRAN",  "TRANSACTION"};
 

@@ -7,10 +7,10 @@
 
 namespace cu::sqlite {
 
-// The statements of a text, in order. SqlError names the construct that is not taken.
+// Parses the statements of a text, in order. SqlError names the unsupported construct.
 std::vector<StatementPtr> parseStatements(const TokenList& tokens);
 
-// The SELECT of a view as the file keeps it ("CREATE VIEW name AS SELECT ..."), with the names of its columns
+// Parses the SELECT of a view as stored in the file ("CREATE VIEW name AS SELECT ..."), with its column names
 // where they are listed.
 CreateViewStatement parseStoredView(const TokenList& tokens);
 

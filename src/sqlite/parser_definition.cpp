@@ -90,7 +90,7 @@ ColumnDefinition Parser::column(CreateTableStatement& table) {
   }
 }
 
-// A key; one that stands behind a column without a list of columns is that column's.
+// A key; after a column and without a list of columns it is that column's.
 bool Parser::tableConstraint(CreateTableStatement& table, const std::string& column) {
   if (accept("CONSTRAINT")) name();
   if (at("CHECK") || at("FOREIGN") || at("REFERENCES")) refuse(peek().text);
@@ -134,8 +134,8 @@ std::vector<KeyColumn> Parser::keyColumns() {
   return columns;
 }
 
-// WITH (IGNORE_DUP_KEY = OFF, ...) ON [PRIMARY]: how the server lays the pages; nothing of it changes a
-// result, but for duplicates that would be passed over.
+// WITH (IGNORE_DUP_KEY = OFF, ...) ON [PRIMARY]: the server's page layout, which does not affect a result,
+// except for duplicates that would be ignored.
 void Parser::storageClauses() {
   if (accept("WITH")) {
     expect("(");
@@ -179,7 +179,7 @@ CreateIndexStatement Parser::createIndex(bool unique) {
   return result;
 }
 
-// The suite's own types are known by name; what a script says of them is passed over.
+// The suite's own types are known by name; their definition in a script is skipped.
 void Parser::createType() {
   const std::string type = lowerAscii(objectName());
   if (type != "note" && type != "descrizione" && type != "importo" && type != "sino") {

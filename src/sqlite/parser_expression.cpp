@@ -7,7 +7,7 @@
 namespace cu::sqlite {
 namespace {
 
-// Chains such as a + b + ... grow to the left; whoever walks the tree walks this deep.
+// Chains such as a + b + ... form a left-deep tree; recursion over the tree reaches this depth.
 constexpr int kDeepestTree = 300;
 
 }  // namespace

@@ -141,7 +141,7 @@ void Parser::joins(std::vector<Source>& sources) {
     expect("JOIN");
     Source right = source();
     if (join != Source::Join::Cross) {
-      // a JOIN b JOIN c ON ... ON ...: the inner pair comes first.
+      // a JOIN b JOIN c ON ... ON ...: the inner pair is joined first.
       if (!at("ON")) {
         const Nesting nesting(*this);
         Source group;

@@ -10,14 +10,14 @@
 
 namespace cu::sqlite {
 
-// The descent over the tokens; its members lie in the parser_*.cpp files by what they read.
+// The recursive descent parser; its members are in the parser_*.cpp files by subject.
 class Parser {
  public:
   explicit Parser(const TokenList& tokens, Dialect dialect = Dialect::Server)
       : tokens_(tokens.tokens), dialect_(dialect) {}
 
   std::vector<StatementPtr> statements();
-  CreateViewStatement createView();  // behind CREATE
+  CreateViewStatement createView();  // after CREATE
 
  private:
   friend CreateViewStatement parseStoredView(const TokenList& tokens);
@@ -33,7 +33,7 @@ class Parser {
   [[noreturn]] void refuse(std::string_view construct) const;
   std::string name();                   // a column, an alias
   std::string objectName();             // [dbo].[name] or name
-  bool atName() const;                  // a name that is no reserved word
+  bool atName() const;                  // a name that is not a reserved word
   std::vector<std::string> nameList();  // in parentheses
 
   // Statements.
@@ -96,10 +96,10 @@ class Parser {
   int depth_ = 0;
 };
 
-// Words that cannot be a name unless they are quoted.
+// Words that are names only when quoted.
 bool isReserved(const Token& token);
 
-// Counts the levels of a text; SqlError when they are too many.
+// Counts the nesting levels of a text; raises SqlError when they exceed the limit.
 struct Parser::Nesting {
   explicit Nesting(Parser& parser);
   ~Nesting() { --parser_.depth_; }

@@ -93,7 +93,7 @@ TransactionStatement Parser::transaction(TransactionVerb verb) {
   return {verb};
 }
 
-// The settings that a script may name, where they ask for what the engine does anyway.
+// Accepts the settings of a script that request the engine's own behaviour.
 void Parser::set() {
   for (const char* option : {"NOCOUNT", "ANSI_NULLS", "ANSI_PADDING", "ANSI_WARNINGS", "QUOTED_IDENTIFIER",
                              "XACT_ABORT", "CONCAT_NULL_YIELDS_NULL", "ARITHABORT"}) {

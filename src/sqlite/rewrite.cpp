@@ -100,7 +100,7 @@ Rewritten rewriteInsert(InsertStatement& statement, const std::vector<Literal>& 
   return single(writer.piece());
 }
 
-// UPDATE t SET ... FROM t a INNER JOIN b ON ... WHERE ...: the table that is changed leaves FROM, and the
+// UPDATE t SET ... FROM t a INNER JOIN b ON ... WHERE ...: the updated table is removed from FROM, and the
 // join conditions become conditions.
 Rewritten rewriteUpdate(UpdateStatement& statement, const std::vector<Literal>& literals,
                         const Catalog& catalog) {

@@ -9,18 +9,18 @@
 
 namespace cu::sqlite {
 
-// A literal of the text that is handed to the prepared statement: parameter number `literal` + 1.
+// A literal of the text bound to the prepared statement as parameter number `literal` + 1.
 struct Parameter {
   std::size_t literal = 0;
   Conversion conversion = Conversion::AsIs;
   friend bool operator==(const Parameter&, const Parameter&) = default;
 };
 
-// A statement in the embedded engine's own words.
+// A statement in the embedded engine's dialect.
 struct Piece {
   enum class Role {
     Run,
-    Ambiguous,  // asks for a row matched twice; one that is found is an error
+    Ambiguous,  // selects rows matched twice; a result is an error
   };
   Role role = Role::Run;
   std::string sql;
@@ -28,18 +28,18 @@ struct Piece {
 };
 
 struct Rewritten {
-  std::vector<Piece> pieces;        // run in order, all or nothing
+  std::vector<Piece> pieces;        // run in order, atomically
   std::vector<ColumnInfo> columns;  // of a query
   bool query = false;
   bool definition = false;  // changes the tables
 };
 
-// Adapts one statement by the tables of the open database. Literals of queries and changes become parameters;
-// those of definitions are written out. For a query, a change or a definition only; the statements that steer
-// (IF, EXEC, transactions) are the connection's own.
+// Adapts one statement to the tables of the open database. Literals of queries and changes become parameters;
+// those of definitions are inlined. Only for queries, changes and definitions; control statements (IF, EXEC,
+// transactions) are handled by the connection.
 Rewritten rewrite(Statement& statement, const std::vector<Literal>& literals, const Catalog& catalog);
 
-// The condition of an IF, as a query that yields a row when it holds.
+// The condition of an IF, as a query that returns a row when it is true.
 Piece rewriteCondition(Expr& condition, const std::vector<Literal>& literals, const Catalog& catalog);
 
 // The query for a plain table name.

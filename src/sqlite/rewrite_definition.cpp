@@ -9,8 +9,8 @@
 namespace cu::sqlite {
 namespace {
 
-// The order in which an index lies in the file is that of whoever wrote it; text is ordered differently by
-// different programs, so no index holds one.
+// An index is stored in the text order of the program that wrote it; programs order texts differently,
+// therefore no index contains a text.
 void refuseText(ValueKind kind, const std::string& column, std::size_t position) {
   if (kind == ValueKind::Text)
     throw SqlError(position, "una chiave o un indice su una colonna di testo: " + column);
@@ -59,7 +59,7 @@ Rewritten definition(Piece piece) {
 
 }  // namespace
 
-// A table with a key of several columns lies in the order of its key, as it does on the server.
+// A table with a key of several columns is stored in the order of its key, as on the server.
 Rewritten rewriteCreateTable(CreateTableStatement& statement, const std::vector<Literal>& literals,
                              const Catalog& catalog) {
   Writer writer(literals, Destination::Schema);

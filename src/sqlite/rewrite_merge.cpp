@@ -8,7 +8,7 @@
 namespace cu::sqlite {
 namespace {
 
-// Columns of the target that a condition reads.
+// The target's columns used in a condition.
 void columnsOf(const Expr& expr, const Source& target, const Source& source,
                std::vector<std::string>& columns) {
   if (expr.kind == ExprKind::Column) {
@@ -24,7 +24,7 @@ void writeMatch(Writer& writer, const MergeStatement& statement) {
   if (statement.updateCondition != nullptr) writer.text(" AND ").conjunct(*statement.updateCondition);
 }
 
-// The server refuses to change one row twice; a joined update would take one of the two.
+// The server rejects changing one row twice; a joined update would silently use one of the two source rows.
 Piece ambiguity(const MergeStatement& statement, const std::vector<Literal>& literals,
                 const std::vector<std::string>& matched) {
   Writer writer(literals, Destination::Run);
@@ -69,7 +69,7 @@ Piece insert(const MergeStatement& statement, const std::vector<Literal>& litera
 
 }  // namespace
 
-// The two branches run one after the other, the update first: it changes nothing of what decides whether a
+// The two branches run in sequence, the update first: it does not change the columns that decide whether a
 // row matches, so that the insert finds the same rows missing.
 Rewritten rewriteMerge(MergeStatement& statement, const std::vector<Literal>& literals,
                        const Catalog& catalog) {

@@ -5,7 +5,7 @@
 
 namespace cu::sqlite {
 
-// One kind of statement each; the trees are analysed where they are written.
+// One function per kind of statement; each analyses the tree that it writes.
 Rewritten rewriteSelect(Select& select, const std::vector<Literal>& literals, const Catalog& catalog);
 Rewritten rewriteInsert(InsertStatement& statement, const std::vector<Literal>& literals,
                         const Catalog& catalog);

@@ -46,8 +46,8 @@ std::shared_ptr<const Columns> makeColumns(const std::vector<ColumnInfo>& column
   return std::make_shared<const Columns>(std::move(result));
 }
 
-// A cell is fetched once and then asked what it is: the connection is for one thread, and so a value may be
-// read without the lock that each question to the statement would take.
+// A cell is fetched once and its type is then read from the value: the connection is used by one thread, so
+// that a value can be read without the lock that each call on the statement would take.
 void readRow(sqlite3_stmt* statement, const std::vector<ValueKind>& kinds, RowStore& rows) {
   rows.beginRow();
   int column = 0;

@@ -12,7 +12,7 @@ namespace cu::sqlite {
 
 std::shared_ptr<const Columns> makeColumns(const std::vector<ColumnInfo>& columns);
 
-// Appends the row at which the statement stands.
+// Appends the statement's current row.
 void readRow(sqlite3_stmt* statement, const std::vector<ValueKind>& kinds, RowStore& rows);
 
 }  // namespace cu::sqlite

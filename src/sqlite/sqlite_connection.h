@@ -11,28 +11,29 @@
 
 namespace cu {
 
-// The suite's database in one file of SQLite. Statements come in the server's dialect and are adapted here;
-// one that cannot be is refused with a DatabaseError that names the construct.
+// The suite's database in one SQLite file. Statements in the server's dialect are adapted here; one that
+// cannot be adapted is rejected with a DatabaseError that names the construct.
 //
-// What the program holds is in the file when Execute returns: a killed process loses nothing of it, and a
-// failed machine at most the last changes, never the file's order. For one thread.
+// When Execute returns, the change is in the file: a killed process loses none of it, a failed machine at
+// most the last changes, never the file's consistency. Not thread-safe.
 class SqliteConnection final : public Connection {
  public:
   static std::unique_ptr<SqliteConnection> open(const std::string& path);  // an existing database
-  // A database to be filled: a new file, or one that is there. ":memory:" is one that nobody else sees.
+  // Opens a database to be filled: a new file, or an existing one. ":memory:" is a private one.
   static std::unique_ptr<SqliteConnection> create(const std::string& path);
   ~SqliteConnection() override;
 
   std::int64_t Execute(std::string_view statement) override;
   void Query(std::string_view source, RowStore& rows) override;
-  // One read transaction. A statement that writes ends it, runs and begins another: what follows sees the
-  // change, and others are not kept waiting.
+  // One read transaction. A statement that writes ends it, runs and begins another one: later reads see the
+  // change, and other processes do not wait.
   void BeginRead() override;
   void EndRead() noexcept override;
 
-  // How long a lock held by another program is waited for, in milliseconds.
+  // How long to wait for a lock of another program, in milliseconds.
   void setPatience(int milliseconds);
-  // Statements prepared since the opening: a text that differs from an earlier one in its values costs none.
+  // Number of statements prepared since the opening: a text that differs from an earlier one only in its
+  // values needs none.
   std::size_t prepared() const;
 
  private:

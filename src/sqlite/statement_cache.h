@@ -11,7 +11,7 @@
 
 namespace cu::sqlite {
 
-// A statement ready to be run with other values.
+// A prepared statement that can be run with other values.
 struct PreparedPiece {
   Piece::Role role = Piece::Role::Run;
   StatementHandle statement;
@@ -28,12 +28,12 @@ struct PreparedStatement {
   std::shared_ptr<const Columns> columns;  // shared by all its results
 };
 
-// The statements used last, by shape.
+// The most recently used statements, by shape.
 class StatementCache {
  public:
   explicit StatementCache(std::size_t capacity) : capacity_(capacity) {}
 
-  // The statement for a text of a known shape, with the literals of the text; or null.
+  // Returns the statement for a text of a known shape, and the literals of the text; or null.
   PreparedStatement* find(std::string_view text, std::vector<Literal>& literals);
   PreparedStatement* add(Shape shape, std::unique_ptr<PreparedStatement> statement);
   void clear() { entries_.clear(); }
@@ -45,7 +45,7 @@ class StatementCache {
     std::unique_ptr<PreparedStatement> statement;
   };
   std::size_t capacity_;
-  std::vector<std::unique_ptr<Entry>> entries_;  // the one used last comes first
+  std::vector<std::unique_ptr<Entry>> entries_;  // most recently used first
 };
 
 }  // namespace cu::sqlite

@@ -32,7 +32,7 @@ std::shared_ptr<const TableInfo> StoredCatalog::find(std::string_view name) cons
   const std::string key = lowerAscii(name);
   const auto known = known_.find(key);
   if (known != known_.end()) return known->second;
-  // A view that names itself has no columns.
+  // A view that refers to itself has no columns.
   if (depth_ >= kDeepestView) return nullptr;
   ++depth_;
   std::shared_ptr<const TableInfo> found = read(std::string(name));
@@ -104,7 +104,7 @@ void StoredCatalog::readView(TableInfo& view, const std::string& sql) const {
     }
     return;
   } catch (const SqlError&) {
-    // Another program's view: its columns have names, and what they hold shows only in the values.
+    // Another program's view: its column names are known, their kinds only from the values.
     view.columns.clear();
   }
   const StatementHandle columns =

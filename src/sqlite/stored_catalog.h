@@ -11,15 +11,15 @@
 
 namespace cu::sqlite {
 
-// The tables and views of an open file, read when they are first asked for.
+// The tables and views of an open file, each read at first use.
 class StoredCatalog : public Catalog {
  public:
   explicit StoredCatalog(sqlite3* database) : database_(database) {}
   std::shared_ptr<const TableInfo> find(std::string_view name) const override;
 
-  // Forgets what was read: the tables have changed.
+  // Clears the cache after the tables have changed.
   void clear() { known_.clear(); }
-  // Forgets it when another program has changed the tables. True when it did.
+  // Clears the cache when another program has changed the tables; returns whether it has.
   bool refresh();
 
  private:

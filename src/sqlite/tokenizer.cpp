@@ -44,7 +44,7 @@ class Scanner {
     }
   }
 
-  // The server nests them.
+  // Comments nest, as on the server.
   void skipComment() {
     const std::size_t start = at_;
     std::size_t depth = 0;
@@ -154,7 +154,7 @@ std::string Token::name() const {
   result.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
     result += text[i];
-    if (mark != 0 && text[i] == mark) ++i;  // stands doubled
+    if (mark != 0 && text[i] == mark) ++i;  // doubled mark
   }
   return result;
 }

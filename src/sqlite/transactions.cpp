@@ -44,8 +44,8 @@ void Transactions::statement(TransactionVerb verb) {
   if (verb == TransactionVerb::Begin) {
     if (depth_ == 0) {
       stopReading();
-      // The lock for writing is taken now: a transaction that waited for it until its first change would find
-      // what it has read out of date.
+      // Takes the write lock at once: a transaction that waited for it until its first change would find its
+      // reads out of date.
       try {
         execute(database_, "BEGIN IMMEDIATE");
       } catch (...) {
@@ -65,7 +65,7 @@ void Transactions::statement(TransactionVerb verb) {
     --depth_;
     return;
   }
-  // After some errors the engine has taken everything back by itself.
+  // After some errors the engine has already rolled back by itself.
   const bool open = sqlite3_get_autocommit(database_) == 0;
   if (open) execute(database_, word);
   depth_ = 0;
@@ -99,7 +99,7 @@ void Transactions::Writing::back() noexcept {
   try {
     transactions_.startReading();
   } catch (...) {
-    // Reads go on, each with a lock of its own.
+    // Reads continue, each with its own lock.
   }
 }
 

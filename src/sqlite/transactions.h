@@ -6,22 +6,22 @@
 
 namespace cu::sqlite {
 
-// The transactions of a connection: those that statements ask for, one around a change of several steps, and
-// the one under which a run of reads sees one state of the database.
+// The transactions of a connection: those of statements, one around a change of several steps, and the one in
+// which a series of reads sees one state of the database.
 class Transactions {
  public:
   explicit Transactions(sqlite3* database) : database_(database) {}
 
-  // BEGIN, COMMIT and ROLLBACK TRANSACTION; those within another only count, as on the server.
+  // BEGIN, COMMIT and ROLLBACK TRANSACTION; nested ones are only counted, as on the server.
   void statement(TransactionVerb verb);
 
   void beginRead();
   void endRead() noexcept;
 
-  // Around every statement that writes: the run of reads steps aside.
+  // Surrounds every statement that writes: suspends the series of reads.
   class Writing {
    public:
-    // `atomic`: the statement is several steps, all or nothing.
+    // `atomic`: the statement consists of several steps that are executed all or none.
     Writing(Transactions& transactions, bool atomic);
     ~Writing();
     Writing(const Writing&) = delete;
@@ -32,7 +32,7 @@ class Transactions {
     void back() noexcept;
     Transactions& transactions_;
     bool atomic_;
-    bool nested_;  // within a transaction of the caller's
+    bool nested_;  // within a transaction of the caller
   };
 
  private:

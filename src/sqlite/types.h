@@ -7,16 +7,16 @@
 
 namespace cu::sqlite {
 
-// What a type of the server, or one of the suite's own, is in the embedded database.
+// The storage of a type of the server, or of the suite, in the embedded database.
 struct StoredType {
   ValueKind kind = ValueKind::Unknown;
-  std::string_view declaration;  // behind the column's name
+  std::string_view declaration;  // after the column's name
 };
 
-// SqlError for a type that has no place here.
+// Raises SqlError for an unsupported type.
 StoredType storedType(const TypeName& type);
 
-// The kind of a column of the file by its declared type and whether it carries the collation of text: a text
+// The kind of a column of the file, from its declared type and whether it has the text collation: a text
 // without it is a date.
 ValueKind kindOfStored(std::string_view declaredType, bool noCase);
 

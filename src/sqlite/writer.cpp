@@ -12,7 +12,7 @@
 namespace cu::sqlite {
 namespace {
 
-// How closely the embedded engine binds.
+// Operator precedence of the embedded engine.
 enum Binding { kOr = 1, kAnd, kNot, kComparison, kSum, kProduct, kJoin, kCollate, kPrimary };
 
 int bindingOf(const Expr& expr) {

@@ -11,11 +11,11 @@
 
 namespace cu::sqlite {
 
-// Where a text goes: to be prepared now, with literals as parameters and the connection's own functions; or
-// into the stored schema, with literals written out and nothing that other tools lack.
+// The destination of a text: prepared now, with literals as parameters and the connection's own functions; or
+// stored in the schema, with inlined literals and only functions available to other tools.
 enum class Destination { Run, Schema };
 
-// Writes analysed trees in the embedded engine's words.
+// Writes analysed trees in the embedded engine's dialect.
 class Writer {
  public:
   Writer(std::span<const Literal> literals, Destination destination)
@@ -30,7 +30,7 @@ class Writer {
   Writer& select(const Select& select);
   Writer& from(const std::vector<Source>& sources);
   Writer& source(const Source& source);
-  // A condition that stands beside others under AND.
+  // A condition that is one of several under AND.
   Writer& conjunct(const Expr& expr);
 
   Piece piece(Piece::Role role = Piece::Role::Run);

@@ -21,7 +21,7 @@ void Writer::datePart(std::string_view format, const Expr& call) {
   text("CAST(strftime('").text(format).text("', ").expression(*call.args[0]).text(") AS INTEGER)");
 }
 
-// LEFT, RIGHT, SUBSTRING: the positions stand in the text, from 1 on.
+// LEFT, RIGHT, SUBSTRING: the positions count from 1 in the text.
 void Writer::part(const Expr& expr, Function function) {
   const int first = positive(*expr.args[1]);
   text("substr(").expression(*expr.args[0]).text(", ");
@@ -94,7 +94,7 @@ void Writer::call(const Expr& expr) {
       datePart("%d", expr);
       return;
     case Function::Sum: {
-      // The engine adds in floating point; over many rows that shows in the fourth place.
+      // The engine adds in floating point, which over many rows affects the fourth decimal place.
       const bool exact = destination_ == Destination::Run && expr.valueKind == ValueKind::Decimal;
       function(exact ? "cu_sum" : "sum", expr, 1);
       return;

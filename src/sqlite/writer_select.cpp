@@ -4,7 +4,7 @@
 namespace cu::sqlite {
 namespace {
 
-// The server's list of its objects, as far as the existence test asks for it.
+// The server's list of its objects, as far as the existence test uses it.
 constexpr std::string_view kSystemTable =
     "(SELECT name COLLATE NOCASE AS name, name COLLATE NOCASE AS id, "
     "CASE type WHEN 'table' THEN 'U' ELSE 'V' END COLLATE NOCASE AS type "

@@ -4,7 +4,7 @@
 
 namespace cu {
 
-// The reports that the suite keeps for the three object types of the wizard.
+// The reports registered for the three object types of the wizard.
 class CatalogoStampe : public ReportCatalogue {
  public:
   std::vector<ReportInfo> reports(std::int32_t objectType) const override;

@@ -5,7 +5,7 @@
 
 namespace cu {
 
-// The printer dialog is the front end's; connection, definition and object type are of no use to it.
+// Shows the front end's printer dialog, which does not use connection, definition and object type.
 class DialogoStampante : public PrinterDialog {
  public:
   explicit DialogoStampante(FrontEnd& frontEnd) : frontEnd_(frontEnd) {}

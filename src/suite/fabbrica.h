@@ -10,18 +10,18 @@
 
 namespace cu {
 
-// What the factory takes from other rooms.
+// Functions that the factory receives from other rooms.
 struct FornitoriSuite {
   ApriDatabase apriDatabase;
   std::function<std::unique_ptr<RicostruzioneConti>()> creaRicostruzione;
-  // What lays a report out; may be empty where prints are only told.
+  // Creates the engine that lays a report out; empty where prints are only reported.
   std::function<std::unique_ptr<ReportEngine>()> creaImpaginatore = {};
-  // Begins a run of its prints; empty where the above is.
+  // Begins a run of its prints; empty where creaImpaginatore is.
   std::function<std::unique_ptr<PrintRun>()> creaCorsaStampe = {};
 };
 
-// The suite's objects for one profile. Profile and front end outlive it. Making it empties the trace that the
-// profile names; ErroreProfilo when that cannot be done.
+// The suite's objects for one profile. Profile and front end outlive the factory. The constructor empties the
+// trace named by the profile and raises ErroreProfilo when it cannot.
 class FabbricaSuite : public HostFactory {
  public:
   FabbricaSuite(const Profilo& profilo, FrontEnd& frontEnd, FornitoriSuite fornitori);

@@ -17,7 +17,7 @@ void check(const std::error_code& error, const std::string& path) {
   if (error) throw fileError(error.value(), path);
 }
 
-// std::filesystem cuts a path at a zero byte.
+// std::filesystem truncates a path at a zero byte.
 bool isPath(const std::string& path) { return path.find('\0') == std::string::npos; }
 
 class FileUscita : public OutputFile {
@@ -49,7 +49,7 @@ class FileUscita : public OutputFile {
   }
 
  private:
-  // What could not be written stays in the block, so that a later try goes on where this one stopped.
+  // Bytes that could not be written stay in the block, so that a later attempt continues there.
   void flush() {
     int code = 0;
     const std::size_t written = file_.write(block_, code);

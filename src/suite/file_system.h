@@ -4,10 +4,10 @@
 
 namespace cu {
 
-// The machine's files. Output gathers whole writes into blocks.
+// The machine's files. Output collects whole writes into blocks.
 class FileSystemPiattaforma : public FileSystem {
  public:
-  // 552 lines of 1900 bytes. A block of exactly 1 MiB takes a slower road in the system's page cache.
+  // 552 lines of 1900 bytes. A block of exactly 1 MiB is slower in the system's page cache.
   static constexpr std::size_t kBlocco = 552 * 1900;
 
   std::unique_ptr<OutputFile> openForOutput(const std::string& path) override;

@@ -11,7 +11,7 @@
 namespace cu {
 namespace {
 
-// TOML takes UTF-8 only.
+// TOML accepts only UTF-8.
 std::string comeUtf8(std::string_view testo) {
   std::string valido;
   valido.reserve(testo.size());
@@ -19,7 +19,7 @@ std::string comeUtf8(std::string_view testo) {
   return valido;
 }
 
-// The table under the key, made where there is none; null when something else stands there.
+// The table under the key, created where it is missing; null when the key has another type.
 toml::table* tabellaIn(toml::table& madre, std::string_view chiave) {
   const std::string nome = comeUtf8(chiave);
   if (!madre.contains(nome)) madre.insert(nome, toml::table());
@@ -83,7 +83,7 @@ void ImpostazioniToml::scrivi(const Contenuto& contenuto) {
   constexpr auto kForma = toml::toml_formatter::default_flags & ~toml::format_flags::allow_literal_strings;
   flusso << toml::toml_formatter(contenuto.radice, kForma);
   const std::string testo = std::move(flusso).str() + "\n";
-  // Never a file that cannot be read back.
+  // Never writes a file that cannot be parsed.
   if (!toml::parse(testo))
     throw FileError(kErrorDeviceIo, "Le impostazioni non si possono scrivere: " + file_);
   files_.replace(file_, testo);

@@ -8,18 +8,18 @@
 
 namespace cu {
 
-// Settings in a TOML file: a table for each application key, in it one for each section. Each write reads the
-// file afresh under a lock and replaces it as a whole; keys and sections that it does not concern stay. A
-// file that is no TOML is put aside beside it at the first write, and told.
+// Settings in a TOML file: one table per application key, with one table per section. Each write rereads the
+// file under a lock and replaces it atomically; other keys and sections are kept. The first write renames an
+// invalid file instead of replacing it, and reports that.
 class ImpostazioniToml : public Settings {
  public:
-  // `avviso` is told, in Italian, what a person should know; the same text once.
+  // `avviso` receives warnings for the user, in Italian; the same text only once.
   ImpostazioniToml(std::string file, FileSystem& files, std::function<void(const std::string&)> avviso);
 
-  // A file that cannot be read is told and counts as empty.
+  // An unreadable file is reported and counts as empty.
   std::string get(std::string_view application, std::string_view section, std::string_view name,
                   std::string_view otherwise) override;
-  // FileError when the settings cannot be written.
+  // Raises FileError when the settings cannot be written.
   void set(std::string_view application, std::string_view section, std::string_view name,
            std::string_view value) override;
   void deleteSection(std::string_view application, std::string_view section) override;

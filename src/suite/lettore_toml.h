@@ -11,14 +11,14 @@
 
 namespace cu {
 
-// Reads the keys of one table. Everything that is not as it must be raises ErroreProfilo with the file, the
-// dotted key and what was expected.
+// Reads the keys of one table. Anything invalid raises ErroreProfilo with the file, the dotted key and the
+// expected value.
 class LettoreToml {
  public:
   LettoreToml(const toml::table& tabella, std::string file, std::string prefisso = {})
       : tabella_(tabella), file_(std::move(file)), prefisso_(std::move(prefisso)) {}
 
-  // Refuses a key that is none of these.
+  // Rejects any other key.
   void soloChiavi(std::initializer_list<std::string_view> chiavi) const;
   bool presente(std::string_view chiave) const { return tabella_.contains(chiave); }
 
@@ -36,7 +36,7 @@ class LettoreToml {
     return presente(chiave) ? testo(chiave) : std::string(altrimenti);
   }
   std::string percorso(std::string_view chiave, const std::string& cartella) const;
-  // At least and at most so many characters.
+  // A text of `minimo` to `massimo` characters.
   std::string segno(std::string_view chiave, std::size_t minimo) const;
   const toml::node& nodo(std::string_view chiave, std::string_view atteso) const;
 
@@ -49,10 +49,10 @@ class LettoreToml {
   std::string prefisso_;
 };
 
-// A relative path taken from the folder; any other as it stands.
+// Resolves a relative path against the folder; returns any other unchanged.
 std::string completa(const std::string& percorso, const std::string& cartella);
 
-// One line: control characters become blanks.
+// One line: control characters are replaced by blanks.
 std::string unaRiga(std::string_view testo);
 
 }  // namespace cu

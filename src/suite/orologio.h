@@ -14,7 +14,7 @@ class OrologioSistema : public Clock {
   TimeOfDay now() const override;
 };
 
-// Stands still at an instant.
+// A clock stopped at an instant.
 class OrologioFisso : public Clock {
  public:
   explicit OrologioFisso(const Profilo::Istante& istante) : istante_(istante) {}
@@ -25,7 +25,7 @@ class OrologioFisso : public Clock {
   Profilo::Istante istante_;
 };
 
-// The clock that a profile asks for.
+// The clock configured by the profile.
 std::unique_ptr<Clock> orologio(const Profilo& profilo);
 
 }  // namespace cu

@@ -64,18 +64,18 @@ void syncFolder(const std::string& file) {
   const std::string folder = std::filesystem::path(file).parent_path().string();
   const int number = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (number < 0) return;
-  // Some file systems know no such call on a folder; the file itself is on the disk already.
+  // Some file systems do not support this call on a folder; the file itself is already on the disk.
   ::fsync(number);
   ::close(number);
 }
 
-// A new file beside `path`, which takes its place when it is complete and goes when it is not.
+// A new file next to `path`: it replaces `path` when it is complete, otherwise it is deleted.
 class Substitute {
  public:
   explicit Substitute(const std::string& path) : target_(followed(path)), file_(create()) {
     struct stat before {};
     if (::stat(target_.c_str(), &before) == 0) {
-      // The mode of a file that cannot be given it is the usual one.
+      // Where the mode cannot be copied the file keeps the default mode.
       if (::fchmod(file_.number(), before.st_mode & 07777U) != 0) errno = 0;
     }
   }
@@ -98,7 +98,7 @@ class Substitute {
   }
 
  private:
-  // A link stays a link: what it points to is replaced.
+  // A symbolic link is kept: its target is replaced.
   static std::string followed(const std::string& path) {
     std::error_code error;
     if (!std::filesystem::is_symlink(path, error)) return path;
@@ -189,7 +189,7 @@ bool canCreateFile(const std::string& folder) {
 }
 
 bool canOpenFile(const std::string& path) {
-  // Nor does it wait for the other end of a pipe.
+  // O_NONBLOCK: does not wait for the other end of a pipe either.
   const int number = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
   if (number < 0) return false;
   ::close(number);

@@ -7,13 +7,13 @@
 
 namespace cu {
 
-// Calls of the operating system on files; paths are UTF-8. What fails raises FileError with one of the
-// numbers of host/filesystem.h.
+// Operating system calls on files; paths are UTF-8. Failures raise FileError with one of the numbers of
+// host/filesystem.h.
 
-// The error that a system's error code stands for.
+// The error for a system error code.
 FileError fileError(int systemCode, const std::string& path);
 
-// An open file descriptor; it is closed when the object goes.
+// An open file descriptor, closed by the destructor.
 class Descriptor {
  public:
   explicit Descriptor(int number) : number_(number) {}
@@ -25,27 +25,29 @@ class Descriptor {
 
   int number() const { return number_; }
   bool isOpen() const { return number_ >= 0; }
-  // Bytes from the head of `bytes` that are written; all of them, or fewer and an error.
+  // Returns the number of bytes written from the head of `bytes`; fewer than all means an error in
+  // `systemCode`.
   std::size_t write(std::string_view bytes, int& systemCode);
-  int close();  // 0, or the system's error code
+  int close();  // returns 0, or the system's error code
 
  private:
   int number_;
 };
 
-Descriptor openForWriting(const std::string& path);  // created, or emptied
+Descriptor openForWriting(const std::string& path);  // creates or truncates the file
 Descriptor openForAppending(const std::string& path);
 
-// The content stands on the disk under the name, or what was there before stays.
+// Atomic: the file on the disk has the whole new content, or keeps the old one.
 void replaceFile(const std::string& path, std::string_view content);
 void copyFile(const std::string& from, const std::string& to);
 
-// Tries it with a file that is gone at once: rights alone say too little of a network's or a read-only disk.
+// Tests by creating a file and deleting it at once: access rights alone are not conclusive for a network's or
+// a read-only disk.
 bool canCreateFile(const std::string& folder);
-// The same of a file that exists, which is opened for writing and closed as it was.
+// Tests an existing file by opening it for writing; its content is not changed.
 bool canOpenFile(const std::string& path);
 
-// Held by one process at a time, from the constructor on.
+// A lock held by one process at a time for the lifetime of the object.
 class FileLock {
  public:
   explicit FileLock(const std::string& path);

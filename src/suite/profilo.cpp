@@ -42,7 +42,7 @@ std::optional<Profilo::Istante> oggi(const LettoreToml& sessione) {
   return Profilo::Istante{*giorno, {istante.time.hour, istante.time.minute, istante.time.second}};
 }
 
-// Without a separator at its end; may be empty.
+// Without a trailing separator; may be empty.
 std::string cartellaGuida(const LettoreToml& sessione, const std::string& cartella) {
   if (sessione.testo("help_folder").empty()) return {};
   std::string percorso = sessione.percorso("help_folder", cartella);

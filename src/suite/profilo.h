@@ -12,8 +12,8 @@
 
 namespace cu {
 
-// The profile: what the suite's launcher would hand over, from a TOML file. Paths are complete: relative ones
-// have been taken from the profile's folder.
+// The profile: the data that the suite's launcher would pass, read from a TOML file. Relative paths have been
+// resolved against the profile's folder.
 struct Profilo {
   struct Istante {
     Date giorno;
@@ -34,7 +34,7 @@ struct Profilo {
   enum class Motore { Sqlite, Odbc };
   struct Database {
     Motore motore = Motore::Sqlite;
-    std::string origine;            // the file's path, or the connection text behind "odbc:"
+    std::string origine;            // the file's path, or the connection text after "odbc:"
     std::string variabilePassword;  // name of an environment variable; may be empty
     bool cifrata = true;
     std::int32_t secondiAccesso = 15;
@@ -48,7 +48,7 @@ struct Profilo {
   };
   enum class MotoreStampa { Pdf, Registro };
 
-  std::string file;  // as it was named
+  std::string file;  // the profile's path as passed
   Sessione sessione;
   Database database;
   Valuta valuta;
@@ -58,7 +58,7 @@ struct Profilo {
   std::string traccia;  // path of the trace of statements; empty for none
 };
 
-// One line in Italian: the file, the key, what was expected.
+// One line in Italian: the file, the key, the expected value.
 class ErroreProfilo : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -66,10 +66,10 @@ class ErroreProfilo : public std::runtime_error {
 
 // Raises ErroreProfilo.
 Profilo leggiProfilo(const std::string& file);
-// The same of a text; `cartella` is where relative paths begin. Any bytes will do.
+// Parses a text; `cartella` is the base of relative paths. Accepts any bytes.
 Profilo analizzaProfilo(std::string_view testo, const std::string& file, const std::string& cartella);
 
-// What stands behind a database address, "sqlite:path" or "odbc:text"; nothing when it is none.
+// Splits a database address, "sqlite:path" or "odbc:text"; nullopt when it is neither.
 std::optional<Profilo::Database> analizzaIndirizzo(std::string_view indirizzo, const std::string& cartella);
 
 }  // namespace cu

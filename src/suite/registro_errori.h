@@ -5,8 +5,8 @@
 
 namespace cu {
 
-// The log's rows are gathered and shown by the front end. A column asked for by another name than those
-// added, "MessageType" and "Message" raises Error 3265; a value without a row, Error 3021.
+// Collects the log's rows, which the front end shows. Any column other than those added, "MessageType" and
+// "Message" raises Error 3265; a value without a row raises Error 3021.
 class RegistroErrori : public LogGrid {
  public:
   explicit RegistroErrori(FrontEnd& frontEnd) : frontEnd_(frontEnd) {}

@@ -13,11 +13,11 @@ namespace cu {
 
 using ApriDatabase = std::function<std::unique_ptr<Connection>()>;
 
-// The session that a profile describes. The database is opened by start(). Before that, and after a refused
-// start, only the program's name and the title may be asked for: anything else raises Error 91.
+// The session described by a profile. start() opens the database. Before it, and after a rejected start, only
+// the program's name and the title are available: anything else raises Error 91.
 class SessioneProfilo : public SessioneHost {
  public:
-  // `rifiutato` is set when the start is refused; it and the trace (may be null) outlive the session.
+  // `rifiutato` is set when the start is rejected; it and the trace (may be null) outlive the session.
   SessioneProfilo(const Profilo& profilo, ApriDatabase apri, TracciaSql* traccia, bool& rifiutato)
       : profilo_(profilo), apri_(std::move(apri)), traccia_(traccia), rifiutato_(rifiutato) {}
 
@@ -44,7 +44,7 @@ class SessioneProfilo : public SessioneHost {
   std::unique_ptr<DatabaseSuite> database_;
 };
 
-// One currency, the same on every day.
+// One currency, the same for every day.
 class ValutaProfilo : public ValutaHost {
  public:
   explicit ValutaProfilo(const Profilo::Valuta& valuta) : valuta_(valuta) {}

@@ -12,7 +12,7 @@ constexpr std::int32_t kDialogo = 1;
 constexpr std::int32_t kPosta = 2;
 constexpr std::int32_t kFile = 3;
 
-// The output kind that a code belongs to.
+// The output kind of a code.
 int tipoUscita(std::int32_t codice) {
   switch (codice) {
     case kDialogo:

@@ -8,14 +8,13 @@
 
 namespace cu {
 
-// A print of the suite: finds the name of its file, has it laid out, and reports it to the front end once,
-// also when it fails. A preview is reported before it opens. A run without a name asks for one, whose ending
-// is added where it has none; but for code 2, whose file goes to the documents folder under a name that no
-// file there bears yet. A person who gives no name raises kErrorPrintGivenUp: that is no print and is not
-// reported.
+// A print of the suite: determines the file name, runs the layout, and reports the print to the front end
+// once, also when it fails. A preview is reported before it opens. A run without a file name prompts for one
+// and adds a missing extension; code 2 instead uses an unused name in the documents folder. If the user
+// cancels the prompt, kErrorPrintGivenUp is raised and no print is reported.
 class StampaSuite : public ReportEngine {
  public:
-  // Without an engine to lay it out the print is only told.
+  // Without an engine the print is only reported.
   StampaSuite(FrontEnd& frontEnd, std::string documenti, const Clock& orologio,
               std::unique_ptr<ReportEngine> impaginatore)
       : frontEnd_(frontEnd),
@@ -41,8 +40,8 @@ class StampaSuite : public ReportEngine {
  private:
   void trovaNome(std::int32_t codice);
   std::string chiediNome(const std::string& estensione, const std::string& filtro);
-  std::string nomeNuovo() const;     // of a file that is not there yet
-  std::string nomeProposto() const;  // the report's and the day's, without an ending
+  std::string nomeNuovo() const;     // a file name not yet in use
+  std::string nomeProposto() const;  // from the report and the day, without extension
   template <class Impaginazione>
   void esegui(const Impaginazione& impaginazione);
 

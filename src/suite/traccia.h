@@ -10,8 +10,8 @@
 
 namespace cu {
 
-// The trace of statements: one JSON string a line, on the disk's side before the statement runs. Emptied when
-// the object is made. Raises FileError when it cannot be written: a trace with gaps would mislead.
+// The trace of statements: one JSON string per line, written to the disk before the statement runs. The
+// constructor empties the file. Raises FileError when it cannot be written: a trace with gaps would mislead.
 class TracciaSql {
  public:
   explicit TracciaSql(const std::string& path) : path_(path), file_(openForWriting(path)) {}
@@ -22,10 +22,10 @@ class TracciaSql {
   Descriptor file_;
 };
 
-// A text as a JSON string, with its quotes. Bytes that are no UTF-8 become U+FFFD.
+// A text as a JSON string, with its quotes. Bytes that are not UTF-8 become U+FFFD.
 std::string stringaJson(std::string_view testo);
 
-// Tells every text to the trace and passes it on.
+// Writes every statement to the trace and passes it on.
 class ConnessioneTracciata : public Connection {
  public:
   ConnessioneTracciata(Connection& connessione, TracciaSql& traccia)
@@ -46,7 +46,7 @@ class ConnessioneTracciata : public Connection {
   TracciaSql& traccia_;
 };
 
-// The session's database object over one connection; the trace may be null.
+// The session's database object for one connection; the trace may be null.
 class DatabaseSuite : public DatabaseHost {
  public:
   DatabaseSuite(std::unique_ptr<Connection> connessione, TracciaSql* traccia);

@@ -5,7 +5,7 @@
 
 namespace cu {
 
-// The suite's application-wide object on a front end. A number that does not fit 32 bits raises Error 6.
+// The suite's application-wide object, using a front end. A number that does not fit 32 bits raises Error 6.
 class UtilitaItaliana : public UtilitaSuite {
  public:
   UtilitaItaliana(FrontEnd& frontEnd, std::string documenti)
@@ -31,7 +31,7 @@ class UtilitaItaliana : public UtilitaSuite {
 
   std::string defaultFolder() const override { return documenti_; }
   std::string documentsFolder() const override { return documenti_; }
-  // The suite's common treatment of forms and the adaptation of statements for the server's older engines
+  // The suite's common treatment of forms, and its adaptation of statements for older engines of the server,
   // have no counterpart here.
   void prepareForm(Form&) override {}
   void releaseForm(Form&) override {}

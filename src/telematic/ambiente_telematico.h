@@ -12,7 +12,7 @@ class FileSystem;
 class ProgressSink;
 class TextViewer;
 
-// What the making of a file needs of its surroundings, all of which outlive it, and the rows that it takes.
+// The surroundings required to make a file, all of which outlive the generation, and its rows.
 struct AmbienteTelematico {
   DatabaseHost& database;
   const Conversioni& utilita;

@@ -13,8 +13,8 @@ class CURecords;
 
 namespace cu::telematico {
 
-// The layout of the telematic file is modello's; here it becomes places in a line and records with named
-// fields. The names are the interface between layout and writers.
+// modello defines the layout of the telematic file; here it becomes positions in a line and records with
+// named fields. The names connect layout and writers.
 using modello::CampoRecord;
 using modello::kCelle;
 using modello::kLarghezzaCella;
@@ -26,7 +26,7 @@ using modello::kTipoH;
 using modello::kTipoZ;
 using modello::Tavola;
 
-// Where the field stands, found when the program is compiled: a name that the table lacks does not compile.
+// The position of the field, computed at compile time: a name missing from the table does not compile.
 consteval FieldPlace posto(Tavola tavola, std::string_view nome) {
   for (const CampoRecord& riga : tavola) {
     if (riga.nome == nome) {

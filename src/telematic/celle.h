@@ -13,9 +13,9 @@ using modello::kLunghezzaCodice;
 inline constexpr std::size_t kLunghezzaValore = 16;
 inline constexpr char kSegnoContinuazione = '+';
 
-// The cells Campo1 to Campo75 of a record's line, filled from the first without gaps: a code and a value
-// each. A value of more than 16 characters goes on in the next cells, which repeat the code, put "+" before
-// the value and carry 15 characters each. Cells not in use are blank.
+// The cells Campo1 to Campo75 of a record's line, filled from the first without gaps, each with a code and a
+// value. A value of more than 16 characters continues in the next cells, which repeat the code and contain
+// "+" and 15 characters each. Unused cells are blank.
 class Celle {
  public:
   explicit Celle(RecordImage& riga) : prima_(riga.at(kPrimaCella - 1)) {}
@@ -26,7 +26,8 @@ class Celle {
   }
   std::size_t usate() const { return usate_; }
 
-  // Of 8 and `n` characters. An empty value takes no cell. False when the cells are used up.
+  // `codice` has 8 characters, `valore` has `n`. An empty value takes no cell. Returns false when the cells
+  // are used up.
   [[nodiscard]] bool fnScriviCampo(const char* codice, const char* valore, std::size_t n) {
     if (n == 0) return true;
     if (usate_ == kCelle) return false;
@@ -39,7 +40,7 @@ class Celle {
     return continua(codice, valore + kLunghezzaValore, n - kLunghezzaValore);
   }
 
-  // The same with blanks before the value; at most 16 characters.
+  // Right-aligns the value; at most 16 characters.
   [[nodiscard]] bool scriviADestra(const char* codice, const char* valore, std::size_t n) {
     if (usate_ == kCelle) return false;
     std::memcpy(prossima(codice) + (kLunghezzaValore - n), valore, n);
@@ -47,7 +48,7 @@ class Celle {
   }
 
  private:
-  // Takes the next cell for the code and returns its value area.
+  // Writes the code into the next cell and returns its value area.
   char* prossima(const char* codice) {
     char* const cella = prima_ + usate_++ * kLarghezzaCella;
     std::memcpy(cella, codice, kLunghezzaCodice);

@@ -22,10 +22,10 @@ struct Requisito {
   Soggetto soggetto;
   std::string_view campo;
   std::string_view messaggio;
-  std::string_view denominazione;  // the column that names whom the row is about
+  std::string_view denominazione;  // the column with the name of the row's subject
 };
 
-// The log shows the blank field itself where the company's name would stand, but for the first row.
+// In place of the company's name the log shows the blank field itself, except in the first row.
 constexpr std::array<Requisito, 8> kRequisitiAzienda = {{
     {"CodFisc", Soggetto::Ogni, "Codice fiscale", "Codice fiscale o partita IVA non presente", "AnagAz"},
     {"ComuneAz", Soggetto::Ogni, "Comune sede", "Comune sede non presente", "ComuneAz"},
@@ -68,7 +68,7 @@ bool riguarda(Soggetto soggetto, const Recordset& riga, std::string_view persona
     case Soggetto::NonPersonaFisica:
       return !riga.Get(personaFisica).flag();
     case Soggetto::NatoInItalia:
-      // Whoever was born abroad has a country instead of a municipality.
+      // A person born abroad has a country instead of a municipality.
       return riga.Get(personaFisica).flag() &&
              (vuoto(riga, "NazioneNascita") || equalsNoCase(riga.Get("NazioneNascita").text(), "ITALIA"));
     case Soggetto::NonResidente:

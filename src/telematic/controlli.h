@@ -11,7 +11,7 @@ namespace cu {
 class Recordset;
 class Conversioni;
 
-// What the screen holds of what is checked.
+// The checked values of the screen.
 struct DatiControllo {
   std::string dataFirma;  // as text, not trimmed
   bool usoIntermediari = false;
@@ -19,22 +19,22 @@ struct DatiControllo {
   std::string dataImpegno;
 };
 
-// A datum that a file needs and that is not there: a row of the log.
+// A required datum that is missing: a row of the log.
 struct DatoMancante {
   std::string campo;
   std::string sezione;
-  std::string denominazione;  // whom it is about
+  std::string denominazione;  // the subject of the row
   std::string codiceFiscale;
   std::string messaggio;
 };
 
-// The presence checks before a file is made. They go on after a datum that is missing, so that a person sees
-// everything at once.
+// The presence checks before a file is made. They continue after a missing datum, so that the user sees all
+// of them at once.
 class Controlli {
  public:
   Controlli(Connection& connessione, const Conversioni& utilita);
 
-  // All checks, in their order. `tabella` is the work table.
+  // Runs all checks, in order. `tabella` is the work table.
   void esegui(const DatiControllo& dati, std::int32_t idAzienda, const std::string& tabella);
 
   bool bErrori() const { return !mancanti_.empty(); }
@@ -42,7 +42,7 @@ class Controlli {
   // The company's fiscal code, or its VAT number; empty when the company is not found.
   const std::string& sCodFisc() const { return codFisc_; }
 
-  // The queries as they are sent, before the suite's adaptation.
+  // The queries before the suite's adaptation.
   static std::string fnQueryAzienda(std::int32_t idAzienda);
   static std::string fnQueryPercipienti(const std::string& tabella);
 

@@ -24,11 +24,11 @@ bool CUEle::Create(Date DataFirma) {
   try {
     scriviFile(connection, principale, DataFirma);
   } catch (...) {
-    // What was written is brought to the disk at once: the file without its Z is what there is to look at.
+    // Flush at once: after an error the file without its Z is the evidence.
     try {
       file_.CloseFile();
     } catch (const std::exception&) {
-      // The first error is the one to tell.
+      // The first error is the one to report.
     }
     throw;
   }

@@ -14,7 +14,7 @@ namespace cu {
 
 class Recordset;
 
-// What the screen settles about a supply.
+// The settings of a supply, from the screen.
 struct DatiFornitura {
   bool UsoIntermediari = false;
   std::string CodiceFiscaleAzienda;
@@ -29,21 +29,23 @@ class CUEle {
  public:
   explicit CUEle(const AmbienteTelematico& ambiente);
 
-  void setConnection(Connection& connection) { connection_ = &connection; }  // kept; Create uses its own
+  void setConnection(Connection& connection) {
+    connection_ = &connection;
+  }  // stored only; Create uses its own
   void setDati(const DatiFornitura& dati) { dati_ = dati; }
   const std::string& FileName() const { return file_.FileName(); }
   void setFileName(std::string_view name) { file_.setFileName(name); }
   const std::string& FilePathName() const { return file_.FilePathName(); }
   void setFilePathName(std::string_view path) { file_.setFilePathName(path); }
 
-  // True when the run went through, also when there was nothing to write; false when the file could not be
-  // opened. Any error rises; the lines written before it stay in the file, which then has no record Z.
+  // Returns true when the run completed, also when there was nothing to write; false when the file could not
+  // be opened. Errors propagate; the file keeps the lines written before and has no record Z.
   [[nodiscard]] bool Create(Date DataFirma);
   std::size_t certificazioni() const { return certificazioni_; }  // written by Create
   const std::string& rifiuto() const { return file_.rifiuto(); }
 
  private:
-  // Columns of the main query that name the modules of a row.
+  // Columns of the main query that identify the modules of a row.
   struct Chiave {
     std::size_t anno = 0;
     std::size_t idAnagrafica = 0;

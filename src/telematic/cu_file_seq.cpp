@@ -41,7 +41,7 @@ CUFileSeq::~CUFileSeq() {
   try {
     file_.CloseFile();
   } catch (const std::exception&) {
-    // Nobody is left to be told; the file lacks its record Z.
+    // No caller is left to report to; the file lacks its record Z.
   }
 }
 
@@ -55,7 +55,7 @@ bool CUFileSeq::OpenFile() {
       rifiuto_ = "Attenzione! Il percorso per il salvataggio dei files è inesistente!";
     }
   } catch (const std::exception&) {
-    // As any other failure: false, without a word.
+    // Any other failure: false, without a text.
   }
   return false;
 }
@@ -63,7 +63,7 @@ bool CUFileSeq::OpenFile() {
 void CUFileSeq::WriteRecordTipoA(bool UsoIntermediari, std::string_view CodiceFiscale) {
   const CUFields& campo = campi("TipoA");
   campo.Item("Tipo Record").setValue("A");
-  // The supply bears the year in which it is filed.
+  // The supply contains the year of filing.
   const std::string anno = fnFormatta(gAnno_ + 1, "0000");
   campo.Item("Codice fornitura").setValue("CUR" + anno.substr(2));
   campo.Item("Tipo fornitore").setValue(UsoIntermediari ? "10" : "01");

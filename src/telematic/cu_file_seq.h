@@ -17,12 +17,12 @@
 
 namespace cu {
 
-// The writer of one telematic file: one operation a record type. It serves one file, as its counters are
-// never reset, and the run year is that of its construction.
+// The writer of one telematic file: one operation per record type. An object serves one file, because its
+// counters are never reset; the run year is fixed at construction.
 //
-// Rows are those of the main query and of the module query, whose columns are made known once with lega...
-// and must live as long as rows are written; texts are UTF-8. Errors of the file rise as they are; a value
-// that does not fit its field's cells is Error 5 with a text for the clerk, and the record is not written.
+// The rows are those of the main query and of the module query. Their columns are bound once with lega... and
+// are required to outlive the writing of the rows. Texts are UTF-8. File errors propagate unchanged. A value
+// that does not fit its field's cells raises Error 5 with a text for the user, and the record is not written.
 class CUFileSeq {
  public:
   explicit CUFileSeq(const AmbienteTelematico& ambiente);
@@ -37,34 +37,34 @@ class CUFileSeq {
   std::int32_t NumRecD() const { return numRecD_; }
   std::int32_t NumRecH() const { return numRecH_; }
 
-  // False when the file cannot be opened; rifiuto() then says why to a person, and is empty for every reason
-  // but a missing path.
+  // Returns false when the file cannot be opened; rifiuto() then returns the reason for the user, which is
+  // empty except for a missing path.
   [[nodiscard]] bool OpenFile();
   const std::string& rifiuto() const { return rifiuto_; }
   void CloseFile() { file_.CloseFile(); }
   void ShowFile() { file_.ShowFile(); }
 
-  // Error 3265 when a column that the run year needs is missing.
+  // Raises Error 3265 when a column required by the run year is missing.
   void legaQueryPrincipale(const Columns& colonne);
   void legaQueryModuli(const Columns& colonne);
 
   void WriteRecordTipoA(bool UsoIntermediari, std::string_view CodiceFiscale);
-  // NumeroComunicazioni: certificates in the file.
+  // NumeroComunicazioni is the number of certificates in the file.
   void WriteRecordTipoB(const CellView* Fields, std::int32_t NumeroComunicazioni,
                         std::string_view CodiceFiscale, Comunicazione TipoComunicazione,
                         std::string_view CodiceFiscaleIntermediario, bool UsoIntermediari,
                         std::string_view TipoComIntermediario, Date DataImpegno);
   void WriteRecordTipoD(const CellView* Fields, std::int32_t ProgressivoCertificazione,
                         std::string_view CodiceFiscale, Comunicazione TipoComunicazione, Date DataFirma);
-  // FieldsModulo: the row of the module query from module 2 on, null for module 1.
+  // FieldsModulo is the row of the module query from module 2 on, null for module 1.
   void WriteRecordTipoH(const CellView* Fields, std::int32_t ProgressivoCertificazione,
                         std::int32_t ProgressivoModulo, std::string_view CodiceFiscale,
                         const CellView* FieldsModulo);
-  // Counts what was written; the arguments are not read.
+  // Writes the counters; the arguments are unused.
   void WriteRecordTipoZ(const CellView* Fields, Date Data, std::int32_t Riservato1, std::int32_t Riservato2);
 
  private:
-  // Columns of the main query that the frames need.
+  // Columns of the main query required by the frames.
   struct ColonneQuadro {
     std::size_t codiceFiscale = 0;
     std::size_t protocollo = 0;
@@ -88,7 +88,7 @@ class CUFileSeq {
   std::int32_t numRecD_ = 0;
   std::int32_t numRecH_ = 0;
 
-  // The two records that are written for each certificate: their lines, kept from one to the next.
+  // The lines of the two records written for each certificate, reused from one to the next.
   RecordImage rigaD_;
   RecordImage rigaH_;
   telematico::Celle celleD_;

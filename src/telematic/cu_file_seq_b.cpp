@@ -13,7 +13,7 @@ using namespace telematico;
 
 namespace {
 
-// The producer of the software, as the supply wants it named.
+// The producer of the software, required in the supply.
 constexpr std::string_view kCodiceFiscaleProduttore = "04711230587";
 
 std::string maiuscolo(const std::string& testo, std::size_t caratteri) {
@@ -22,7 +22,7 @@ std::string maiuscolo(const std::string& testo, std::size_t caratteri) {
 
 std::string zeroSeVuoto(std::string testo) { return testo.empty() ? "0" : std::move(testo); }
 
-// A phone number is cut before it is cleaned; a fax number stays as it is.
+// A phone number is truncated before it is cleaned; a fax number is written unchanged.
 std::string telefonoOFax(const std::string& telefono, const std::string& fax) {
   constexpr std::size_t kCaratteri = 12;
   if (trim(telefono).empty()) return fax.substr(0, kCaratteri);

@@ -15,7 +15,7 @@ using namespace telematico;
 
 namespace {
 
-// The two frames have the same widths, and most names.
+// The two frames have the same widths, and most names in common.
 struct PostiQuadro {
   FieldPlace tipoRecord;
   FieldPlace sostituto;
@@ -65,7 +65,7 @@ void CUFileSeq::legaQueryPrincipale(const Columns& colonne) {
 
 void CUFileSeq::legaQueryModuli(const Columns& colonne) { scrittoreH2_.lega(colonne); }
 
-// The cell's first characters, at most `n`.
+// At most the first `n` characters of the cell.
 std::string_view CUFileSeq::breve(const CellView& cella, std::size_t n) {
   appoggio_ = cella.type() == ValueType::Text ? a1252(cella.text()) : cella.toText();
   return std::string_view(appoggio_).substr(0, n);
@@ -129,7 +129,7 @@ void CUFileSeq::WriteRecordTipoD(const CellView* Fields, std::int32_t Progressiv
     ponNumero(rigaD_, kProtocollo, 0);
     ponNumero(rigaD_, kProgressivo, 0);
   } else {
-    // What was assigned to the certificate that is annulled or replaced.
+    // The references of the certificate that is annulled or replaced.
     formatta(breve(Fields[quadro_.protocollo], kProtocollo.length), rigaD_.at(kProtocollo.offset),
              kProtocollo.length);
     formatta(breve(Fields[quadro_.progressivo], kProgressivo.length), rigaD_.at(kProgressivo.offset),

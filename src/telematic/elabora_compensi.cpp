@@ -15,7 +15,7 @@ bool ElaboraCompensi::CreaFiles(Date DataFirma) {
   FileSystem& files = ambiente_.files;
   if (!files.folderExists(folderPathNameMyDocuments_)) files.createFolder(folderPathNameMyDocuments_);
 
-  cuEle_.reset();  // its file is closed before another one is begun
+  cuEle_.reset();  // closes its file before the next one is opened
   cuEle_ = std::make_unique<CUEle>(ambiente_);
   cuEle_->setConnection(ambiente_.database.connection());
   cuEle_->setFileName(fileName_);

@@ -12,13 +12,13 @@ namespace cu {
 
 class Recordset;
 
-// The wizard's hand on the generation of a file: it is filled with settings and called.
+// The wizard's interface to the generation of a file: receives the settings, then runs.
 class ElaboraCompensi {
  public:
   explicit ElaboraCompensi(const AmbienteTelematico& ambiente);
   ~ElaboraCompensi();
 
-  // Keeps a clone of the worklist; the generation reads by its own query.
+  // Stores a clone of the worklist; the generation reads with its own query.
   void setRsMain(const Recordset& worklist);
   const std::string& FileName() const { return fileName_; }
   void setFileName(std::string_view name) { fileName_ = name; }
@@ -28,16 +28,17 @@ class ElaboraCompensi {
   void setFolderPathNameMyDocuments(std::string_view path) { folderPathNameMyDocuments_ = path; }
   void setDati(const DatiFornitura& dati) { dati_ = dati; }
 
-  // The wizard calls the first one before each file; neither has anything to do.
+  // The wizard calls the first one before each file; neither has any effect.
   void sbWriteRecord() {}
   void sbShowLog() {}
 
-  // True when the run went through; false when the file could not be opened. The folder of the documents is
-  // made where it is missing, and gets a copy where its path is another one. Errors rise as they are.
+  // Returns true when the run completed, false when the file could not be opened. The documents folder is
+  // created where it is missing, and receives a copy of a file from any other folder. Errors propagate
+  // unchanged.
   [[nodiscard]] bool CreaFiles(Date DataFirma);
-  // Written by the last run. With none there was nothing to write, and no file was made.
+  // The number written by the last run. With 0 no file was made.
   std::size_t certificazioni() const { return cuEle_ == nullptr ? 0 : cuEle_->certificazioni(); }
-  // Why the last run could not open its file, for a person; empty where nothing is to be said.
+  // Why the last run could not open its file, for the user; may be empty.
   std::string rifiuto() const { return cuEle_ == nullptr ? std::string() : cuEle_->rifiuto(); }
 
  private:

@@ -89,7 +89,7 @@ std::string togliSeparatori(std::string_view testo) {
 bool numerico(std::string_view testo) {
   if (testo.empty()) return false;
   if (soloCifre(testo)) return true;
-  // A decimal comma and an exponent are what remains possible once the separators are gone.
+  // Only a decimal comma and an exponent remain possible after the separators have been removed.
   std::string conPunto(testo);
   if (conPunto.find('.') != std::string::npos) return false;
   std::replace(conPunto.begin(), conPunto.end(), ',', '.');

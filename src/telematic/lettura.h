@@ -7,9 +7,9 @@
 
 namespace cu::telematico {
 
-// What one line holds, a text for each field and each cell that is not blank: "Progressivo modulo: 00000001",
-// "DA002002 (Anagrafica): ROSSI". UTF-8; continuations are joined, blanks at both ends dropped. `linea` is
-// without its end; a line of another length or type yields nothing.
+// Decodes one line into a text for each field and each cell that is not blank: "Progressivo modulo:
+// 00000001", "DA002002 (Anagrafica): ROSSI". Texts are UTF-8, with continuations joined and surrounding
+// blanks removed. `linea` is without its end; a line of another length or type returns nothing.
 std::vector<std::string> decodifica(std::string_view linea, std::int32_t anno);
 
 }  // namespace cu::telematico

@@ -6,9 +6,9 @@
 
 namespace cu::telematico {
 
-// The two statements of the run, as they are sent.
+// The two statements of the run, as sent.
 
-// Every selected row of the work table that has a VAT period of its own year and company.
+// Selects every selected row of the work table that has a VAT period of its own year and company.
 std::string queryPrincipale(std::string_view tabellaLavoro);
 
 // The further modules of one compensation line.

@@ -26,7 +26,7 @@ bool vero(const CellView& cella) {
 
 bool nonZero(const CellView& cella) { return !cella.isNull() && !cella.decimal().isZero(); }
 
-// Nothing where the sum leaves what an amount can hold.
+// Returns false when the sum exceeds an amount's range.
 bool somma(const CellView& a, const CellView& b, Decimal& risultato) {
   const Decimal x = a.decimal();
   const Decimal y = b.decimal();

@@ -14,26 +14,26 @@
 
 namespace cu::telematico {
 
-// Why a value could not be written, and which.
+// The value that could not be written, and the reason.
 struct Guasto {
   enum class Motivo { Nessuno, TroppoLungo, CelleEsaurite };
   Motivo motivo = Motivo::Nessuno;
   const modello::Campo* campo = nullptr;
 };
 
-// Fills the cells of one kind of record from a row of its query: the boxes of the form that hold in the run
-// year, with their columns found once a query.
+// Fills the cells of one kind of record from a row of its query: the boxes of the run year's form. Their
+// columns are looked up once per query.
 class ScrittoreCelle {
  public:
   ScrittoreCelle(const modello::Modello& modello, modello::Record record, std::int32_t gAnno,
                  bool primoModulo);
 
-  // The rows that follow have these columns. Error 3265 when one that the year needs is missing. Cheap when
-  // the columns are the same as before.
+  // Binds the columns of the following rows. Raises Error 3265 when one required by the year is missing.
+  // Cheap when the columns are unchanged.
   void lega(const Columns& colonne);
   bool legato() const { return legato_; }
 
-  // `dataFirma` is the signature's day, 8 characters; only record D needs it.
+  // `dataFirma` is the date of the signature, 8 characters; only record D needs it.
   [[nodiscard]] Guasto scrivi(const CellView* riga, std::string_view dataFirma, Celle& celle);
 
  private:
@@ -41,8 +41,8 @@ class ScrittoreCelle {
   struct Passo {
     modello::Codice codice{};
     modello::Forma forma = modello::Forma::Testo;
-    std::uint8_t condizione = 0;        // one bit
-    std::array<Ordinale, 4> colonne{};  // the source and the others
+    std::uint8_t condizione = 0;        // a bit mask with one bit
+    std::array<Ordinale, 4> colonne{};  // the source and the other columns
     const modello::Campo* campo = nullptr;
   };
   struct ColonneCondizioni {
@@ -76,7 +76,7 @@ class ScrittoreCelle {
   ColonneCondizioni colonne_;
   bool legato_ = false;
   std::vector<std::string> nomiLegati_;
-  std::string appoggio_;  // a text on its way into the code page; grows to the longest
+  std::string appoggio_;  // buffer for the conversion to the code page; grows to the longest text
 };
 
 }  // namespace cu::telematico

@@ -1,3 +1,3 @@
-// The library's parser, compiled here alone.
+// The only file that compiles the library's parser.
 #define TOML_IMPLEMENTATION
 #include "toml/toml.h"

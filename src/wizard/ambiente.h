@@ -12,10 +12,10 @@
 
 namespace cu {
 
-// The name the program gives itself, and its title where the session has none.
+// The program's own name, and its title where the session has none.
 inline constexpr std::string_view kNomeProgramma = "Autocomposizione";
 
-// Everything around the wizard, handed over by the program that builds it.
+// The surroundings of the wizard, passed by the program that builds it.
 struct Ambiente {
   FrontEnd& frontEnd;
   HostFactory& factory;

@@ -7,7 +7,7 @@
 
 namespace cu {
 
-// With an annulment the grid shows only who and which reference.
+// For an annulment the grid shows only payees and references.
 enum class Quando { Sempre, AnnullamentoSostituzione, NonAnnullamento, Nascosta };
 
 struct ColonnaGriglia {
@@ -19,7 +19,7 @@ struct ColonnaGriglia {
   Quando quando;
 };
 
-// The column from which a row's menu opens, and the value whose picture it shows.
+// The column that opens a row's menu, and the value whose picture it shows.
 inline constexpr std::string_view kColonnaPopup = "Popup";
 inline constexpr int kImmaginePopup = 2;
 

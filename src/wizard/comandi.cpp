@@ -1,4 +1,4 @@
-// The commands: menu tools, keyboard, and the one routine that carries them out.
+// The commands: menu tools, keys, and the one routine that executes them.
 
 #include "host/testi_programma.h"
 #include "wizard/frm_wizard.h"
@@ -46,7 +46,7 @@ void FrmWizard::creaMenu() {
                       .shortcut = {}});
 }
 
-// Elsewhere a row that an earlier step has left current would be opened in the layout of another year.
+// On other steps a row left current by an earlier step would be opened in another year's layout.
 bool FrmWizard::rigaApribile() const { return modoCU() && nPassoCorrente == 1 && grdCompensi.row() > 0; }
 
 void FrmWizard::sbGestShortCut(std::int16_t& KeyCode, std::int16_t& Shift) {
@@ -102,7 +102,7 @@ std::string FrmWizard::guideChapter() const {
   return nPassoCorrente == 0 ? "Scegliere l'anno" : "Scegliere i compensi";
 }
 
-// Entries of the suite's common menu that start nothing from here; the keys are consumed all the same.
+// Entries of the suite's common menu without effect here; their keys are consumed nevertheless.
 void FrmWizard::sbRunApplication(std::int16_t /*nOggetto*/) {}
 void FrmWizard::sbSearchObject(std::int16_t /*nOggetto*/) {}
 

@@ -1,5 +1,4 @@
-// The run of the telematic file: what the user has corrected is stored, everything is checked, the file is
-// made.
+// The run of the telematic file: stores the user's corrections, checks the data, makes the file.
 
 #include "base/text.h"
 #include "fornitura/carico.h"
@@ -9,7 +8,7 @@
 
 namespace cu {
 
-// An error that rises before the file is begun.
+// For an error raised before the file is begun.
 template <class Azione>
 auto FrmWizard::primaDelFile(const Azione& azione) {
   try {
@@ -40,7 +39,7 @@ Result<fornitura::Controllo> FrmWizard::preparaFile(LogGrid& oLogGrid) {
 bool FrmWizard::fnCreaFileCU() {
   const std::unique_ptr<LogGrid> oLogGrid = ambiente_.factory.createLogGrid();
   const auto controllo = primaDelFile([&] { return preparaFile(*oLogGrid); });
-  // The run stays on this step unless it succeeds: what it has made or met in the folder is noted there.
+  // The run stays on this step unless it succeeds: the state of the folder is noted there.
   const std::string sNomeFile = fornitura::fnNomeFile(controllo->sCodFisc, KRNCboEsCont0.text());
   try {
     if (fnEsegui(controllo, *oLogGrid)) return true;
@@ -76,7 +75,7 @@ bool FrmWizard::fnEsegui(const Result<fornitura::Controllo>& controllo, LogGrid&
   return accolto(fornitura::carica(intorno(), compensi_, filtri()));
 }
 
-// Of what the checks miss, only this can be completed here.
+// Of the missing data, only this can be completed here.
 void FrmWizard::segnalaDatoMancante() {
   FrontEnd& schermo = ambiente_.frontEnd;
   if (dtDataFirma.entered().empty()) {

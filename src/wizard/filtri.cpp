@@ -48,7 +48,7 @@ Filtri FrmWizard::filtri() const {
           .causaleA = KrnCDCausContrib1.code()};
 }
 
-// Such a bound is compared as it was typed, by name not at all or against an empty name.
+// Such a limit is compared as typed; by name it is ignored, or compared with an empty name.
 void FrmWizard::segnalaEstremi() {
   const auto segnala = [&](const Label& didascalia, const Selector& estremo) {
     if (estremo.record() != 0) return;

@@ -39,7 +39,7 @@ void FrmMsgLink::setPath(const std::string& cartella) {
 
 void FrmMsgLink::formLoad() {
   utilita_.prepareForm(*this);
-  // The notice comes while the wizard's hourglass may be on.
+  // The notice may be shown while the wizard's hourglass is on.
   puntatore_ = frontEnd().pointer();
   frontEnd().setPointer(kPointerDefault);
   lblLink.setCaption(files_.join(utilita_.documentsFolder(), testi_.text(1264)));

@@ -11,17 +11,16 @@ namespace cu {
 
 class UtilitaSuite;
 
-// The notice at the end of a run: the file's name, a link that opens its folder, and what is to be done with
-// it.
+// The notice at the end of a run: the file's name, a link that opens its folder, and the next steps.
 class FrmMsgLink : public Form {
  public:
   FrmMsgLink(FrontEnd& frontEnd, UtilitaSuite& utilita, TestiSuite& testi, const FileSystem& files);
 
   void setConnection(cu::Connection* connection) { connection_ = connection; }
-  cu::Connection* connection() const { return connection_; }  // kept for the life of the form
-  // The wording of lblUser with the name in one sentence.
+  cu::Connection* connection() const { return connection_; }  // valid for the lifetime of the form
+  // Sets the text of lblUser, which contains the name.
   void setNomeFile(const std::string& nome);
-  // The folder; its first use loads the form.
+  // Sets the folder; the first call loads the form.
   void setPath(const std::string& cartella);
 
   std::string guideChapter() const override { return "Il file è pronto"; }

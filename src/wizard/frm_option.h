@@ -10,16 +10,16 @@ namespace cu {
 
 class UtilitaSuite;
 
-// "Modalità di stampa": two flags and a line spacing. Nothing that is printed takes notice of them.
+// "Modalità di stampa": two flags and a line spacing. No print uses them.
 class FrmOption : public Form {
  public:
   FrmOption(FrontEnd& frontEnd, UtilitaSuite& utilita, SessioneHost& sessione);
 
-  // To be read once a button has hidden the form.
+  // Valid after a button has hidden the form.
   bool PrintInt() const { return printInt_; }
   bool PrintNewPage() const { return printNewPage_; }
   bool Cancel() const { return cancel_; }
-  // The same as PrintNewPage; the spacing itself is kept where nobody reads it.
+  // Returns the same as PrintNewPage; the spacing itself is stored but not read.
   bool InterLine() const { return printNewPage_; }
 
   std::string guideChapter() const override { return "Opzioni di stampa"; }

@@ -14,7 +14,7 @@ class FrmProtocollo : public Form {
  public:
   FrmProtocollo(FrontEnd& frontEnd, UtilitaSuite& utilita);
 
-  // Read after it has closed.
+  // Valid after the form has been closed.
   const std::string& Protocollo() const { return protocollo_; }
   const std::string& Progressivo() const { return progressivo_; }
   bool Sovrascrivi() const { return sovrascrivi_; }

@@ -78,7 +78,7 @@ FrmWizard::FrmWizard(const Ambiente& ambiente, Globali& globali)
       compensi_(ambiente_.utilita, ambiente_.frontEnd),
       vista_(grdCompensi) {
   compensi_.setVista(vista_);
-  // As long as the certificate's print is chosen there is no kind of communication to choose.
+  // While the certificate's print is chosen, the kind of communication cannot be.
   fraTipoComunicazione.setEnabled(false);
   for (Option& opzione : optTipoComunicazione) opzione.setEnabled(false);
   cmdProtocollo.setEnabled(false);
@@ -132,7 +132,7 @@ void FrmWizard::collegaEventi() {
     optstType[static_cast<std::size_t>(i)].onClick = [this, i] { tipoScelto(i); };
   }
   KRNCboEsCont0.onChange = [this] {
-    // The hidden second list follows the first one where the file is made.
+    // The hidden second list follows the first one when a file is made.
     if (optstType[1].value()) KRNCboEsCont1.setIndex(KRNCboEsCont0.index());
   };
   KrnCDPerc0.onChange = [this] { lblName0.setCaption(fornitura::FindName(intorno(), KrnCDPerc0.record())); };
@@ -181,7 +181,8 @@ void FrmWizard::abbandona() {
 
 void FrmWizard::formLoad() {
   ambiente_.utilita.prepareForm(*this);
-  // A stored text that is no small number is the plain style; it must not keep the program from starting.
+  // A stored text that is not a small number means the plain style; it is required not to prevent the start
+  // of the program.
   constexpr std::int64_t kStileMassimo = 99;
   const std::int64_t stile =
       leadingInteger(ambiente_.settings.get(globali_.gChiaveImpostazioni, kMenuSettings, "View2", "2"));
@@ -191,7 +192,7 @@ void FrmWizard::formLoad() {
   sbImpostaFasciaLaterale();
 }
 
-// Whatever fails here ends the clean-up in silence, and what would have followed is left undone.
+// Any error here ends the clean-up silently; the remaining steps are skipped.
 void FrmWizard::formUnload() {
   try {
     fornitura::svuotaRicorsione(intorno());

@@ -29,16 +29,16 @@
 
 namespace cu {
 
-// How a transition between steps is asked for.
+// The kind of a transition between steps.
 enum class Direzione { Salto = 0, Indietro = 1, Avanti = 2 };
 
-// The wizard's only main window: three frames of content, of which the run mode decides which are walked. Its
-// controls bear the names of the system; the routines stand in the files of their subjects.
+// The wizard's only main window: three frames of content; the run mode determines which of them are steps.
+// Its controls have the system's names; the routines are in the files of their subjects.
 class FrmWizard : public Form {
  public:
   FrmWizard(const Ambiente& ambiente, Globali& globali);
 
-  // The setup once the session stands.
+  // Sets the form up after the session has been bound.
   void sbInitWizard();
 
   // Always on screen.
@@ -103,7 +103,7 @@ class FrmWizard : public Form {
   Frame picNav;
   std::array<Button, 5> cmdNav;
 
-  // What frmOption was left with; nothing reads it.
+  // The state of frmOption after closing; unused.
   bool bStampaInterlinea = false;
   bool bSaltoPagina = false;
   std::string sInterlinea;
@@ -140,8 +140,7 @@ class FrmWizard : public Form {
   bool modoCU() const { return modo() == ModoCorsa::CU; }
   ModoCorsa modo() const;
 
-  // The operations: what they need of the surroundings, and how a refusal of theirs is shown. False where
-  // there is one.
+  // The operations: their surroundings, and the display of a refusal. Returns false where there is one.
   fornitura::Intorno intorno() const;
   template <class T>
   bool accolto(const Result<T>& esito) {
@@ -153,7 +152,7 @@ class FrmWizard : public Form {
   // The selection filters.
   void associaElenchi();
   void sbCreaFiltroStampa();
-  void segnalaEstremi();  // bounds that are no row of their table
+  void segnalaEstremi();  // limits without a row in their table
   Filtri filtri() const;
 
   // The prints.
@@ -180,7 +179,7 @@ class FrmWizard : public Form {
   // The settings of a run.
   void collegaImpostazioni();
   Comunicazione tipoComunicazione() const;
-  // The line below the folder: what the run would meet there, with the file's name looked up or given.
+  // The line below the folder: what a run would find there, with the file's name looked up or given.
   void annotaCartella();
   void annotaCartella(const std::string& nomeFile);
   void abilitaIntermediari(bool attivo);
@@ -192,9 +191,10 @@ class FrmWizard : public Form {
   bool fnCreaFileCU();
   template <class Azione>
   auto primaDelFile(const Azione& azione);
-  // Corrections and intermediary are stored, the data checked.
+  // Stores corrections and intermediary, checks the data.
   Result<fornitura::Controllo> preparaFile(LogGrid& oLogGrid);
-  bool fnEsegui(const Result<fornitura::Controllo>& controllo, LogGrid& oLogGrid);  // what follows the checks
+  bool fnEsegui(const Result<fornitura::Controllo>& controllo,
+                LogGrid& oLogGrid);  // the part after the checks
   void segnalaDatoMancante();
   bool controllaDate();
   bool confermaAvviso(const Finding& avviso);

@@ -1,4 +1,4 @@
-// The second step: what a person does with the grid of compensation lines.
+// The second step: the user's actions in the grid of compensation lines.
 
 #include "base/text.h"
 #include "editors/editor.h"
@@ -69,12 +69,12 @@ void FrmWizard::sbModificaCompenso() {
     } else {
       editor->showModal();
     }
-    editor->unload();  // an annulment that was stopped on its way has never shown the form
+    editor->unload();  // an annulment interrupted early has never shown the form
     if (!editor->OK()) {
       ambiente_.frontEnd.told("L'editor è stato chiuso senza confermare: la riga è rimasta com'era.");
     }
   } catch (...) {
-    // A row that cannot be saved must not leave the others out of sight, and out of what follows.
+    // A row that cannot be stored must not leave the others hidden, and excluded from the next operations.
     mostraTutte();
     throw;
   }

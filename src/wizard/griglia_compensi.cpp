@@ -7,7 +7,7 @@ namespace cu {
 static_assert(concordaGriglia(modello::kModello, kColonneLavoro, kColonneGriglia));
 
 GrigliaCompensi::GrigliaCompensi(Grid& griglia) : griglia_(griglia) {
-  // The row menu's column has no field: every row shows the picture of value 2 there.
+  // The row menu's column has no field: every row shows the picture of value 2.
   griglia_.paintValue = [](const GridColumn& colonna, Value& valore) {
     if (colonna.field == kColonnaPopup) valore = Value::ofInteger(kImmaginePopup);
   };

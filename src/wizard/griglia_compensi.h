@@ -16,7 +16,7 @@ class GrigliaCompensi : public VistaCompensi {
  public:
   explicit GrigliaCompensi(Grid& griglia);
 
-  // Lays out the columns for the kind of communication.
+  // Configures the columns for the kind of communication.
   void sbFormattaGriglia(Comunicazione tipo);
 
   void caricati(Recordset& righe) override { griglia_.bind(&righe); }
@@ -44,7 +44,7 @@ constexpr int tipoGriglia(modello::Genere genere) {
   return kGridBigInteger;
 }
 
-// The grid shows columns of the work table, those of the form as what they are.
+// The grid shows columns of the work table; those of the form with the form's kind.
 constexpr bool concordaGriglia(const modello::Modello& modello, std::span<const ColonnaLavoro> lavoro,
                                std::span<const ColonnaGriglia> griglia) {
   for (const ColonnaGriglia& colonna : griglia) {

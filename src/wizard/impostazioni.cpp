@@ -39,8 +39,8 @@ void FrmWizard::collegaImpostazioni() {
   };
 }
 
-// Said before the run: the run itself replaces a file without a question, and says nothing of one that cannot
-// be written. What fails here is told where it matters.
+// A warning before the run: the run replaces an existing file without a question, and does not report one
+// that cannot be written. An error here is ignored; it is reported where it matters.
 void FrmWizard::annotaCartella() {
   try {
     SessioneHost& sessione = *globali_.gSessione;

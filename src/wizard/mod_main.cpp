@@ -25,8 +25,8 @@ void ModMain::main() {
       wizard_->unload();
       return;
     }
-    // Raised again by its number: of an object's error nothing else is kept, what database and files refuse
-    // keeps the text that says what to do.
+    // The error is raised again with its number. An object's error keeps nothing else; an error of database
+    // or files keeps its text, which states the remedy.
     if (errore.number() == kErrorProcessName) {
       throw Error(errore.number(), "Errore definito dall'applicazione o dall'oggetto.");
     }

@@ -8,18 +8,18 @@
 
 namespace cu {
 
-// The entry of the process. The launcher's session says everything it has to know.
+// The entry of the process. All its input comes from the launcher's session.
 class ModMain {
  public:
   explicit ModMain(const Ambiente& ambiente);
   ~ModMain();
 
   // Loads the wizard, binds the session, reads currency and title, checks the process list and shows the
-  // wizard; returns at once, and the process lives as long as the form is open. A session that refuses to
-  // start is told in a box; every other error is raised again under its number.
+  // wizard. Returns at once; the process lives as long as the form is open. A session that cannot start is
+  // reported in a box; every other error is raised again with its number.
   void main();
 
-  bool refused() const { return refused_; }      // the session refused to start
+  bool refused() const { return refused_; }      // the session could not start
   FrmWizard* wizard() { return wizard_.get(); }  // null before main()
   Globali& globali() { return globali_; }
 
@@ -33,7 +33,7 @@ class ModMain {
   bool refused_ = false;
 };
 
-// The number of the error for a process that this program does not know.
+// The error number for an unknown process.
 inline constexpr int kErrorProcessName = -2147221504 + 10002;
 
 }  // namespace cu

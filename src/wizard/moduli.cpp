@@ -1,4 +1,4 @@
-// What follows the telematic file: the forms of the selected lines, and the notice.
+// The steps after the telematic file: the forms of the selected lines, and the notice.
 
 #include "wizard/frm_msg_link.h"
 #include "wizard/frm_wizard.h"

@@ -1,4 +1,4 @@
-// The step machine: transitions with their checks, and what each step shows in each mode.
+// The step machine: transitions with their checks, and the controls of each step in each mode.
 
 #include "base/text.h"
 #include "fornitura/carico.h"
@@ -41,15 +41,15 @@ void FrmWizard::sbVaiAlPasso(std::int16_t nPasso, Direzione nDirezione) {
   ctlWizardSideBand.select(modoCU() || nPassoCorrente == 0 ? nPassoCorrente + 1 : nPassoCorrente);
 }
 
-// Not on a button: a key pressed once more would be the next step, or the run.
+// Not on a button: the same key again would trigger the next step, or the run.
 Control* FrmWizard::stageStart() {
   if (nPassoCorrente == 1) return &grdCompensi;
   if (nPassoCorrente == 2) return modoCU() ? static_cast<Control*>(&dtDataFirma) : &WizPrint;
   return nullptr;
 }
 
-// On the first step the question has been answered, and the next load takes the rows anew; the prints know
-// no rows.
+// On the first step the question has been answered, and the next load replaces the rows; the prints have no
+// rows.
 std::string FrmWizard::unsavedWork() const {
   const std::size_t righe = compensi_.nonMemorizzate();
   if (!modoCU() || nPassoCorrente == 0 || righe == 0) return {};

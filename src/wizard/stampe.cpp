@@ -1,4 +1,4 @@
-// The prints: the test whether anything would come out, the launch of a report, the options.
+// The prints: the test for an empty print, the launch of a report, the options.
 
 #include "wizard/frm_option.h"
 #include "wizard/frm_wizard.h"

@@ -13,17 +13,17 @@ struct ColonnaLavoro {
   Tipo tipo = Tipo::Descrizione;
   bool nonNullo = false;
   std::string_view sorgente =
-      {};  // in the SELECT that fills the table; empty: the view's column of the same name
+      {};  // in the SELECT that fills the table; empty for the view's column of the same name
 };
 
-// The account behind a row of the view, as the load's subqueries reach it.
+// The account of a row of the view, for the subqueries of the load.
 #define CONTO_DELLA_RIGA                                                               \
   " FROM ContoIndividuale CI WHERE RepContoIndividuale.IDAnagrafica = CI.IDAnagrafica" \
   " AND RepContoIndividuale.IDCausalePagamento = CI.IDCausalePagamento"                \
   " AND RepContoIndividuale.Anno = CI.Anno AND RepContoIndividuale.IDAzienda = CI.IDAzienda)"
 
-// The work table, one row a payee, payment reason and year: its columns in the order of the table and of the
-// SELECT that fills it by position.
+// The work table, one row per payee, payment reason and year: its columns in the order of the table and of
+// the SELECT that fills it by position.
 inline constexpr std::array<ColonnaLavoro, 101> kColonneLavoro = {{
     {.nome = "Selezionato", .tipo = Tipo::Int, .sorgente = "1 AS Selezionato"},
     {.nome = "Modificato", .tipo = Tipo::Int, .sorgente = "0 AS Modificato"},

@@ -10,7 +10,7 @@
 
 namespace cu {
 
-// Nothing is shown while it lives, also when an error ends the work early.
+// Suspends the view for its lifetime, also when an error ends the work early.
 class Compensi::Pausa {
  public:
   explicit Pausa(VistaCompensi* vista) : vista_(vista) {
@@ -51,7 +51,7 @@ void Compensi::sbCreaTabellaLavoro(const Ambito& ambito, const Filtri& filtri) {
   tabella_ = fnNomeTabellaLavoro(ambito.idUtente);
   const std::string select = fnSelectCompensi(filtri, ambito.idAzienda, utilita_);
   sullaTabella([&] {
-    // These three go to the server as they stand.
+    // These three are sent unchanged.
     interna().Execute(fnEliminaTabella(tabella_));
     interna().Execute(fnCreaTabella(tabella_));
     interna().Execute("INSERT INTO " + tabella_ + " " + select);
@@ -107,7 +107,7 @@ void Compensi::sbInvertiRighe(const std::vector<std::size_t>& posizioni) {
   avanzamento_.setPointer(kPointerDefault);
 }
 
-// The current row is back before anything is shown again: the view never sees another one.
+// The current row is restored before the view resumes, so that the view never sees another one.
 void Compensi::invertiNascoste(const std::vector<std::size_t>& posizioni) {
   const Pausa pausa(vista_);
   const Recordset::RowMark corrente = rsCompensi_.Bookmark();
@@ -175,7 +175,7 @@ void Compensi::sbApriRiga() { rigaAperta_ = fnAggiornaRiga(tabella_, rsCompensi_
 void Compensi::sbAggiornaRiga() {
   const std::string testo = fnAggiornaRiga(tabella_, rsCompensi_, utilita_);
   eseguiSullaRiga(testo);
-  // A row that was stored and comes back from an editor as it was is stored still.
+  // A row already written back stays so when an editor returns it unchanged.
   const bool cambiata = std::exchange(rigaAperta_, testo) != testo;
   if (cambiata && rsCompensi_.Get("Modificato").flag()) nonMemorizzate_.insert(rsCompensi_.Bookmark());
 }
@@ -192,7 +192,7 @@ std::size_t Compensi::sbMemorizzaModifiche() {
   for (const std::int64_t righe : {conti, dati}) {
     if (righe >= 0 && righe != attese) throw Error(kErrorRowGone, fnCorrezioniMancanti(righe, attese));
   }
-  // Rows that are not selected are not written.
+  // Rows that are not selected are not written back.
   const auto righe = rsCompensi_.Clone();
   std::erase_if(nonMemorizzate_, [&](Recordset::RowMark riga) {
     righe->SetBookmark(riga);

@@ -17,21 +17,21 @@ class ProgressSink;
 
 enum class AzioneSelezione { Seleziona = 1, Deseleziona = 2, Inverti = 0 };
 
-// Shows the worklist to a person. Every call reports what has happened; none changes the rows.
+// The view of the worklist for the user. Every call reports an event; none changes the rows.
 class VistaCompensi {
  public:
   virtual ~VistaCompensi() = default;
-  virtual void caricati(Recordset& righe) = 0;  // the rows are new; they stay at this address
+  virtual void caricati(Recordset& righe) = 0;  // the rows are new; their address does not change
   virtual void contati(std::int64_t selezionati) = 0;
-  virtual void cambiati() = 0;  // rows, or the current one
-  // Between the two, rows change that nobody has to see one by one.
+  virtual void cambiati() = 0;  // rows have changed, or the current one
+  // Between these two calls rows change without being drawn one by one.
   virtual void sospendi() = 0;
   virtual void riprendi() = 0;
 };
 
-// The compensation worklist: the user's work table and the recordset on it.
-// Database errors rise as they are, but for those that come of another session of the same user, which has a
-// table of the same name: they are kErrorRowGone.
+// The compensation worklist: the user's work table and the recordset on it. Database errors propagate
+// unchanged, except those caused by another session of the same user, whose table has the same name: these
+// become kErrorRowGone.
 class Compensi {
  public:
   Compensi(const Conversioni& utilita, ProgressSink& avanzamento)
@@ -39,47 +39,48 @@ class Compensi {
   Compensi(const Compensi&) = delete;
   Compensi& operator=(const Compensi&) = delete;
 
-  void setVista(VistaCompensi& vista) { vista_ = &vista; }  // outlives it
+  void setVista(VistaCompensi& vista) { vista_ = &vista; }  // the view outlives it
   Recordset& rsCompensi() { return rsCompensi_; }
-  const std::string& tabella() const { return tabella_; }  // of the last load; "" before the first one
+  const std::string& tabella() const { return tabella_; }  // of the last load; "" before the first
 
-  // Drops, creates and fills the user's table, and leaves rsCompensi open on it. The database of the scope is
-  // the one that everything after it works on.
+  // Drops, creates and fills the user's table, and leaves rsCompensi open on it. All later operations use the
+  // scope's database.
   void sbCreaTabellaLavoro(const Ambito& ambito, const Filtri& filtri);
 
-  // The current row; and all rows, which then stand on the first one.
+  // Changes the selection of the current row; of all rows, after which the first row is current.
   void sbSelezionaRiga(AzioneSelezione azione);
   void sbSelezionaTutto(AzioneSelezione azione);
-  // Inverts each of these rows, by position; the current row stays. The first one that fails ends it.
+  // Inverts the selection of the rows at these positions; the current row does not change. Stops at the first
+  // error.
   void sbInvertiRighe(const std::vector<std::size_t>& posizioni);
   void sbContaSelezionati();
   bool fnNessunaSelezione();
   bool fnProtocolliMancanti();
 
-  // The current row goes to an editor; and comes to the work table as the editor left it.
+  // Opens the current row in an editor; stores the edited row in the work table.
   void sbApriRiga();
   void sbAggiornaRiga();
-  // Brings the changed and selected rows to the accounts; returns how many.
+  // Writes the changed and selected rows back to the accounts; returns their number.
   std::size_t sbMemorizzaModifiche();
-  // Rows changed whose present values no write-back has brought to the accounts.
+  // The number of changed rows whose present values have not been written back.
   std::size_t nonMemorizzate() const { return nonMemorizzate_.size(); }
-  // The same pair of references on all selected rows; returns how many rows have got one or both.
+  // Writes the same pair of references to all selected rows; returns the number of rows with one or both.
   std::size_t sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo,
                                    bool sovrascrivi);
 
  private:
   class Pausa;
   Connection& interna() { return ambito_.database->internalConnection(); }
-  // Runs what names the work table: where another session has taken it away, the error says so.
+  // Runs statements on the work table; where another session has deleted the table, the error reports that.
   template <class Azione>
   auto sullaTabella(const Azione& azione);
-  // A statement on the current row: one that touches none is an error.
+  // Runs a statement on the current row; raises an error when it affects no row.
   void eseguiSullaRiga(const std::string& testo);
   void invertiNascoste(const std::vector<std::size_t>& posizioni);
   std::int64_t conta(const std::string& testo);
   std::int64_t contaInMemoria(std::string_view filtro) const;
   void mostra();
-  void mostraMemoria();  // count and rows as the recordset has them
+  void mostraMemoria();  // shows count and rows of the recordset
   void mostraConteggio(std::int64_t righe);
   bool scriviProtocolli(const std::string& protocollo, const std::string& progressivo, bool sovrascrivi);
 
@@ -90,7 +91,7 @@ class Compensi {
   std::string tabella_;
   Recordset rsCompensi_;
   std::set<Recordset::RowMark> nonMemorizzate_;
-  std::string rigaAperta_;  // what the row in the editor holds, as its statement
+  std::string rigaAperta_;  // the statement for the row as opened in the editor
 };
 
 }  // namespace cu

@@ -10,7 +10,7 @@
 
 namespace cu {
 
-// Whether the work table agrees with a form.
+// Checks the work table against a form.
 
 constexpr bool concorda(Tipo tipo, modello::Genere genere) {
   switch (genere) {
@@ -33,7 +33,7 @@ constexpr const ColonnaLavoro* colonnaLavoro(std::span<const ColonnaLavoro> colo
   return trovata == colonne.end() ? nullptr : &*trovata;
 }
 
-// The columns of the amounts of module 1 and of what is written back are in the work table, with their kind.
+// The columns of the amounts of module 1, and those written back, are in the work table with their type.
 constexpr bool concordaLavoro(const modello::Modello& modello, std::span<const ColonnaLavoro> colonne) {
   for (const modello::Campo& campo : modello.campi) {
     const bool somme = record(campo.quadro) == modello::Record::H;
@@ -49,7 +49,7 @@ constexpr bool concordaLavoro(const modello::Modello& modello, std::span<const C
   return true;
 }
 
-// The gross amount is loaded as the sum of its parts in the account and in the further modules.
+// The gross amount is loaded as the sum of its addends in the account and in the further modules.
 constexpr bool concordaLordo(std::span<const ColonnaLavoro> colonne) {
   const ColonnaLavoro* const lordo = colonnaLavoro(colonne, modello::kLordo);
   std::string_view resto = lordo == nullptr ? std::string_view() : lordo->sorgente;

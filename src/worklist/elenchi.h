@@ -7,7 +7,7 @@
 
 namespace cu {
 
-// The tables in which a payee and a payment reason are found by their codes.
+// The look-up tables of payees and payment reasons, by code.
 
 inline LookupTable elencoPercipienti(std::int32_t idAzienda) {
   return {.table = "RepPercipienteCD",

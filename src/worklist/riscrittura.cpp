@@ -23,7 +23,8 @@ struct Assegnazione {
   std::string_view valore;
 };
 
-// The inverses of the load. SpeseRimborsate goes nowhere: a changed line of the reasons M and O loses it.
+// The inverses of the load. SpeseRimborsate is not written back: a changed line of the reasons M and O loses
+// it.
 constexpr std::array<Assegnazione, 8> kConti = {{
     {"SommeNonSoggetteRegConv", "CItmp.SommeRegimeConvenzionale"},
     {"SommeNonSoggette", "CItmp.SommeNonSoggetteARitenuta"},
@@ -43,14 +44,14 @@ constexpr std::string_view kResidenza[] = {
     "FusioneComuniAnnoPrec"};
 constexpr std::string_view kResidenzaAggiuntiva[] = {
     "FusioneComuni", "FusioneComuniAnnoPrec", "IDComuneResidenzaAnnoPrec", "IDComuneResidenzaAnnoCorr"};
-// A part of a box whose other part goes into the account: it stands before the boxes.
+// A part of a box whose other part is written to the account: it precedes the boxes.
 constexpr std::string_view kQuota = "QuotaProvvigioniNonSoggette";
 
 constexpr bool contiene(std::span<const std::string_view> nomi, std::string_view nome) {
   return std::find(nomi.begin(), nomi.end(), nome) != nomi.end();
 }
 
-// Whether the lists of the residence have the boxes of the payee that are written back, and no other.
+// Whether the lists of the residence contain exactly the boxes of the payee that are written back.
 constexpr bool residenzaIntera(const Modello& modello) {
   for (const Campo& campo : modello.campi) {
     if (campo.riscrittura == Riscrittura::No || record(campo.quadro) == modello::Record::H) continue;
@@ -65,7 +66,7 @@ constexpr bool residenzaIntera(const Modello& modello) {
 }
 static_assert(residenzaIntera(modello::kModello));
 
-// Whether the box of module 1 is written back; one that has moved is, where its newest form has it.
+// Whether the box of module 1 is written back; a box that has moved is written back in its newest form.
 bool riscritto(const Modello& modello, const Campo& campo) {
   if (campo.riscrittura == Riscrittura::No || record(campo.quadro) != modello::Record::H ||
       !inModulo(campo, true)) {
@@ -100,7 +101,8 @@ std::string valore(const ColonnaRiscritta& colonna, const Recordset& riga, const
 }  // namespace
 
 std::string fnChiaveRiga(const Recordset& riga) {
-  // As numbers, whatever another program may have put into these columns of an embedded database.
+  // Converted to numbers, because another program may have stored other types in these columns of an embedded
+  // database.
   const auto id = [&](std::string_view colonna) { return fromInteger(riga.Get(colonna).integer()); };
   return " WHERE Anno = " + id("Anno") + " AND IDAnagrafica = " + id("IDAnagrafica") +
          " AND IDAzienda = " + id("IDAzienda") + " AND IDCausalePagamento = " + id("IDCausalePagamento");

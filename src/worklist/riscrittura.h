@@ -11,10 +11,10 @@ namespace cu {
 class Recordset;
 class Conversioni;
 
-// How a column of the edited row goes into the statement.
+// How a column of the edited row is written in the statement.
 enum class Scrittura {
   Testo,       // quoted literal
-  Assoluto,    // absolute value: a boolean's -1 is written as 1
+  Assoluto,    // absolute value: a boolean's -1 becomes 1
   Numero,      // number literal
   TestoNullo,  // null-safe text
 };
@@ -37,8 +37,8 @@ struct ColonnaRiscritta {
   Scrittura scrittura;
 };
 
-// What an editor can change of a line, in the order of the UPDATE of the work table: references, the boxes of
-// the amounts in the order of the form, municipalities.
+// The columns of a line that an editor can change, in the order of the UPDATE of the work table: references,
+// the boxes of the amounts in the order of the form, municipalities.
 std::vector<ColonnaRiscritta> colonneRiscritte(const modello::Modello& modello);
 
 // The additional data of a line, in the order of the MERGE into the accounts.
@@ -48,10 +48,10 @@ std::vector<std::string_view> datiAggiuntivi(const modello::Modello& modello);
 // row.
 std::string fnChiaveRiga(const Recordset& riga);
 
-// The UPDATE that brings the current row of the recordset to the work table.
+// The UPDATE that stores the current row of the recordset in the work table.
 std::string fnAggiornaRiga(const std::string& tabella, const Recordset& riga, const Conversioni& utilita);
 
-// The two statements that bring the changed and selected rows to the accounts.
+// The two statements that write the changed and selected rows back to the accounts.
 std::string fnAggiornaConti(const std::string& tabella);
 std::string fnAggiornaDatiAggiuntivi(const std::string& tabella);
 

@@ -84,7 +84,7 @@ std::string fnIntervalli(const Filtri& filtri, const std::string& causale, const
     if (!vuoto(filtri.codiceDa)) testo += " AND CodicePercipiente >= " + utilita.literal(filtri.codiceDa);
     if (!vuoto(filtri.codiceA)) testo += " AND CodicePercipiente <= " + utilita.literal(filtri.codiceA);
   } else if (filtri.perNome) {
-    // The bound is set by its code, though the value compared is the name.
+    // The limit is present when its code is, although the name is compared.
     if (!vuoto(filtri.codiceDa)) testo += " AND Anagrafica >= " + utilita.literal(filtri.descrizioneDa);
     if (!vuoto(filtri.codiceA)) testo += " AND Anagrafica <= " + utilita.literal(filtri.descrizioneA);
   }

@@ -52,7 +52,7 @@ TEST(RiepilogoFile, AFileThatIsNotThereHasNothing) {
   EXPECT_TRUE(riepilogo.record.empty());
 }
 
-// What is told of an odbc address.
+// The error for an odbc address.
 std::string rifiuto(const std::string& origine, const std::string& variabile) {
   Profilo::Database database;
   database.motore = Profilo::Motore::Odbc;

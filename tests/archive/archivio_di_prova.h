@@ -52,7 +52,7 @@ inline std::int64_t number(Connection& connection, std::string_view question) {
   return cells.at(0).integer();
 }
 
-// Refuses the statement that holds a piece of text, and hands on all others.
+// Rejects a statement that contains the given text, and forwards all others.
 class RefusingConnection : public Connection {
  public:
   RefusingConnection(Connection& connection, std::string piece)

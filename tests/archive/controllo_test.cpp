@@ -1,4 +1,4 @@
-// What an administrator is told about a database.
+// The report on a database for an administrator.
 #include "archive/controllo.h"
 
 #include <gmock/gmock.h>
@@ -90,7 +90,7 @@ TEST(ControllaTabelle, AServerThatGoesAwayEndsIt) {
 
 Value testo(const char* valore) { return Value::ofText(valore); }
 
-// A server that has all of it.
+// A server that has everything required.
 void rispondi(FakeConnection& connessione, const char* versione, const char* ordinamento,
               std::vector<Value> diritti) {
   connessione.answerContaining("SERVERPROPERTY",

@@ -18,7 +18,7 @@ namespace {
 using test::number;
 using test::Righe;
 
-// One archive for all tests, which only read it.
+// One read-only archive for all tests.
 Connection& demo() {
   static const std::unique_ptr<SqliteConnection> connection = [] {
     auto created = SqliteConnection::create(":memory:");
@@ -57,7 +57,7 @@ TEST(Demo, UsesEveryPaymentReason) {
             0);
 }
 
-// What the run asks of the company before it makes a file.
+// The data of the company required to make a file.
 TEST(Demo, CompanyHasAllThatTheFileNeeds) {
   const Righe rows(
       demo(),
@@ -81,7 +81,7 @@ TEST(Demo, CompanyHasAllThatTheFileNeeds) {
   }
 }
 
-// The chain of activity and VAT period that the file's rows depend on: exactly one in each year.
+// The chain of activity and VAT period on which the file's rows depend: exactly one in each year.
 TEST(Demo, CompanyHasOneActivityInEachVatPeriod) {
   for (int year = 2013; year <= 2019; ++year) {
     EXPECT_EQ(number(demo(),
@@ -222,7 +222,7 @@ constexpr const char* kAmounts[] = {"OnorarioProvvigioni",     "QuotaProvvigioni
                                     "RitenutaAcconto",         "RitenutaImposta",
                                     "ContributoPrevidenziale", "RitenutaPrevidenziale13"};
 
-// Sums in Decimal, row by row: not as the database sums.
+// Sums in Decimal, row by row, independently of the database.
 void expectAccountsToEqualPayments(Connection& connection, std::size_t withoutPayments) {
   std::map<std::string, std::array<Decimal, 8>> sums;
   const Righe payments(connection, "SELECT * FROM RepCompenso");
@@ -319,7 +319,7 @@ TEST(Demo, HasNoAdditionalDataWithoutAnAccount) {
             0);
 }
 
-// The synthetic company has to go through the same checks.
+// The synthetic company has to pass the same checks.
 class Sintetica : public testing::Test {
  protected:
   static Connection& archive() {

@@ -40,7 +40,7 @@ class Ricostruzione : public testing::Test {
         std::to_string(payee) + ", " + std::to_string(reason) + ", " + std::to_string(year) + ", 1, " + fee +
         ", 0)");
   }
-  // The accounts changed.
+  // Returns the number of accounts changed.
   std::size_t rebuild(std::int16_t year, const std::string& filter = "") {
     RicostruzioneContiIndividuali rebuild;
     rebuild.setDatabase(host_);

@@ -15,7 +15,7 @@ namespace {
 using test::number;
 using test::Righe;
 
-// An archive with schema and lists; what a test writes into it is taken back.
+// An archive with schema and lists; the changes of a test are rolled back.
 class EmptyArchive {
  public:
   EmptyArchive() { connection().Execute("BEGIN TRANSACTION"); }
@@ -154,7 +154,7 @@ TEST(Schema, HasTheTablesAndFourViewsAndNothingElse) {
   EXPECT_EQ(names, expected);
 }
 
-// Columns that the work table takes over from the view under the same name.
+// Columns of the work table loaded from the view's columns of the same name.
 constexpr const char* kSameName =
     "Nome Anticipazione CodiceFiscale IDCodicePerNonSoggetti CodicePerNonSoggetti RitenuteSospese "
     "AddRegionAcconto AddRegionImposta AddRegionSospesa AddComunAcconto AddComunImposta "
@@ -210,7 +210,7 @@ TEST(RepContoIndividuale, AReasonWithoutCodeAndAnAdvanceStoredAsNullStayNull) {
   const Righe fresh(*connection, query);
   EXPECT_TRUE(fresh.isNull(0, "Codice"));
   EXPECT_TRUE(fresh.isNull(0, "CodiceCausalePagamento"));
-  EXPECT_EQ(fresh.text(0, "Anticipazione"), "0");  // where nobody has said anything
+  EXPECT_EQ(fresh.text(0, "Anticipazione"), "0");  // the default
   connection->Execute("UPDATE ContoIndividualeDatiAggiuntivi SET Anticipazione = NULL");
   EXPECT_TRUE(Righe(*connection, query).isNull(0, "Anticipazione"));
 }
@@ -242,7 +242,7 @@ TEST(RepContoIndividuale, GivesOneRowForAnAccountWithNothingBesideIt) {
   EXPECT_TRUE(rows.isNull(0, "CodicePercipiente"));
 }
 
-// One payee of company 1 with an account of 2016 for reason "M" (id 11) and all that can stand beside it.
+// One payee of company 1 with an account of 2016 for reason "M" (id 11) and all related rows.
 void fillOneAccount(Connection& connection) {
   connection.Execute("INSERT INTO Azienda (IDAzienda, IDAnagrafica) VALUES (1, 1)");
   connection.Execute(
@@ -381,7 +381,7 @@ TEST(RepCertificazioneUnica, HasTheAmountsOfTheForm) {
   ASSERT_EQ(rows.size(), 1u);
   EXPECT_EQ(rows.text(0, "AmmontareLordo"), "1034.5");  // with the sums of the additional modules
   EXPECT_EQ(rows.text(0, "SommeRegimeConvenzionale"), "4");
-  EXPECT_EQ(rows.text(0, "SommeNonSoggetteARitenuta"), "0");  // of reason M they are reimbursed expenses
+  EXPECT_EQ(rows.text(0, "SommeNonSoggetteARitenuta"), "0");  // for reason M they are reimbursed expenses
   EXPECT_EQ(rows.text(0, "SpeseRimborsate"), "30");
   EXPECT_EQ(rows.text(0, "Imponibile"), "800");
   EXPECT_EQ(rows.text(0, "RitenuteAcconto"), "160");

@@ -1,4 +1,4 @@
-// The shape of the conversation: one answer for each command, modals, effects, the end.
+// The structure of the conversation: one answer for each command, modals, effects, the end.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

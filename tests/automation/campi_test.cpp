@@ -1,4 +1,4 @@
-// Boxes for amounts and numbers, the picker, tabs: what a driver does with them and what it reads of them.
+// Boxes for amounts and numbers, the picker, tabs: a driver's commands on them and their descriptions.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -97,7 +97,7 @@ std::string scegli(const char* controllo, const std::string& cosa) {
 std::string leggi(const char* controllo) { return su("get", "of", controllo, ""); }
 std::string lascia(const char* controllo) { return su("leave", "of", controllo, ""); }
 
-// The refusal of one command, after making sure that nothing has changed by it.
+// The rejection of a command, after checking that the command has changed nothing.
 std::string rifiuto(const std::string& comando) {
   const std::string albero = R"({"do":"tree","of":"frmCampi"})";
   const Colloquio c = parlaCampi({albero, comando, albero});

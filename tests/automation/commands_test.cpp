@@ -1,4 +1,4 @@
-// What each command does.
+// The effect of each command.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// What happened in the form after it had opened.
+// The events in the form after it had opened.
 std::vector<std::string> eventi(const std::vector<std::string>& comandi) {
   const Dialogo d = parla(comandi);
   for (std::size_t n = 1; n <= comandi.size(); ++n) EXPECT_TRUE(d.a(n)["ok"]) << d.a(n);

@@ -22,7 +22,7 @@ namespace cu::test {
 
 using nlohmann::json;
 
-// A modal form with one button that closes it and one that raises a question first.
+// A modal form with one button that closes it and one that first raises a question.
 class FrmFiglia : public Form {
  public:
   explicit FrmFiglia(FrontEnd& frontEnd) : Form(frontEnd, "frmFiglia", "Figlia") {
@@ -50,7 +50,7 @@ class CatalogoProva : public ReportCatalogue {
   std::vector<ReportInfo> reports(std::int32_t) const override { return {{"Uno.rpt", 1}, {"Due.rpt", 2}}; }
 };
 
-// One control of each kind, and buttons that ask for each kind of modal. What happens is told in `eventi`.
+// One control of each kind, and buttons that open each kind of modal. Events are recorded in `eventi`.
 class FrmProva : public Form {
  public:
   explicit FrmProva(FrontEnd& schermo) : Form(schermo, "frmProva", "Prova") {
@@ -236,7 +236,7 @@ class FrmProva : public Form {
   }
 };
 
-// A whole conversation with FrmProva: the lines sent, the answers got.
+// A whole conversation with FrmProva: the lines sent, the answers received.
 struct Dialogo {
   std::vector<json> risposte;
   Driver::Outcome esito = Driver::Outcome::Ended;

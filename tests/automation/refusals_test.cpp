@@ -1,4 +1,4 @@
-// What is refused, and that a refused command changes nothing.
+// Which commands are rejected, and that a rejected command changes nothing.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-// The refusal of one command, after making sure that nothing has changed by it.
+// The rejection of a command, after checking that the command has changed nothing.
 std::string rifiuto(const std::string& comando) {
   const std::string albero = R"({"do":"tree","of":"frmProva"})";
   const Dialogo d = parla({albero, comando, albero});

@@ -30,7 +30,7 @@ TEST(Collation, CaseDoesNotCount) {
 }
 
 TEST(Collation, SignsAmongTheLettersOfTheCodePageAreNoLetters) {
-  EXPECT_NE(compareItalian("×", "÷"), 0);  // 32 apart as a letter's two cases are
+  EXPECT_NE(compareItalian("×", "÷"), 0);  // 32 apart, like the two cases of a letter
   EXPECT_LT(compareItalian("×", "a"), 0);
   EXPECT_LT(compareItalian("ŷ", "z"), 0);
   EXPECT_LT(compareItalian("z", "µ"), 0);
@@ -78,7 +78,7 @@ TEST(Collation, AnAccentedLetterIsAnotherOneRightBehindThePlainOne) {
   EXPECT_LT(compareItalian("cité", "citta"), 0);
   EXPECT_LT(compareItalian("Nicolo", "Nicolò"), 0);
   EXPECT_LT(compareItalian("Nicolò", "Nicolucci"), 0);
-  EXPECT_LT(compareItalian("Nicolò", "Nicolo Anna"), 0);  // an accent weighs less than a letter
+  EXPECT_LT(compareItalian("Nicolò", "Nicolo Anna"), 0);  // an accent has less weight than a letter
   EXPECT_NE(compareItalian("è", "é"), 0);
 }
 
@@ -140,7 +140,7 @@ TEST(Collation, BytesThatAreNoCharactersCompareAsTheyStand) {
   EXPECT_LT(compareItalian("z", "\x80"), 0);
 }
 
-// Whatever it is given, it is an order: texts that compare equal are alike towards every other.
+// For any input it is an order: texts that compare equal compare alike with every other text.
 TEST(Collation, IsATotalOrderOfClasses) {
   const std::vector<std::string> pieces = {"a",    "A",    "à",    "À",  "á", "e", "é",      "E",
                                            " ",    "  ",   "0",    "9",  "-", "'", "z",      "Z",
@@ -177,7 +177,7 @@ TEST(Collation, IsATotalOrderOfClasses) {
   }
 }
 
-// The quick way of plain texts and the way of accented ones agree.
+// The fast path for plain texts and the path for accented ones agree.
 TEST(Collation, AnAccentBehindTheDifferenceChangesNothing) {
   std::mt19937 random(5);
   const std::string letters = "abcABC019 -'";

@@ -235,7 +235,7 @@ TEST(Decimal, FromDoubleTakesWhatWasMeant) {
       {0.0, 0},
       {-0.0, 0},
       {0.1 + 0.2, 3000},
-      {1.00005, 10001},  // its binary fraction lies below the half
+      {1.00005, 10001},  // its binary fraction is below the half
       {-1.00005, -10001},
       {2.00005, 20001},
       {1.00004999, 10000},

@@ -74,8 +74,8 @@ TEST(Text, DecodesCodePointsOfEveryLength) {
 TEST(Text, DamagedBytesCountOneEach) {
   EXPECT_EQ(decoded("\x80"), (std::vector<char32_t>{kBad}));
   EXPECT_EQ(decoded("\xFF\xFE"), (std::vector<char32_t>{kBad, kBad}));
-  EXPECT_EQ(decoded("\xC3"), (std::vector<char32_t>{kBad}));            // cut
-  EXPECT_EQ(decoded("\xE2\x82"), (std::vector<char32_t>{kBad, kBad}));  // cut
+  EXPECT_EQ(decoded("\xC3"), (std::vector<char32_t>{kBad}));            // truncated
+  EXPECT_EQ(decoded("\xE2\x82"), (std::vector<char32_t>{kBad, kBad}));  // truncated
   EXPECT_EQ(decoded("\xC3("), (std::vector<char32_t>{kBad, U'('}));     // no continuation
   EXPECT_EQ(decoded("\xC0\xAF"), (std::vector<char32_t>{kBad, kBad}));  // overlong
   EXPECT_EQ(decoded("\xE0\x80\xAF"), (std::vector<char32_t>{kBad, kBad, kBad}));

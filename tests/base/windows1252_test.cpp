@@ -11,7 +11,7 @@ namespace {
 
 std::string carattere(int byte) { return {static_cast<char>(static_cast<unsigned char>(byte))}; }
 
-// The second half of the code page, as the table of its makers prints it; "" where it has no character.
+// The second half of the code page, as published; "" where it has no character.
 const std::vector<std::string> kDa80 = {
     "€", "",  "‚", "ƒ", "„", "…", "†", "‡",      "ˆ", "‰", "Š", "‹", "Œ", "",       "Ž", "",  "",  "‘", "’",
     "“", "”", "•", "–", "—", "˜", "™", "š",      "›", "œ", "",  "ž", "Ÿ", "\u00A0", "¡", "¢", "£", "¤", "¥",

@@ -10,7 +10,7 @@
 
 namespace cu::test {
 
-// A form without controls of its own that notes its life.
+// A form without controls of its own that records its life cycle.
 class PlainForm : public Form {
  public:
   explicit PlainForm(FrontEnd& frontEnd, std::string name = "frmProva")
@@ -33,14 +33,14 @@ class PlainForm : public Form {
   bool refusesClose() override { return refuses; }
 };
 
-// Counts what a control's view is told.
+// Counts the calls of a control's view.
 class CountingView : public ControlView {
  public:
   int changes = 0;
   void changed(Control&) override { ++changes; }
 };
 
-// A front end and a form to put controls on.
+// A front end and a form for controls.
 struct Stage {
   ScriptedFrontEnd frontEnd;
   PlainForm form{frontEnd};

@@ -1,5 +1,5 @@
-// A person's event: the control gets the focus first, the one that had it hands over and is left, then the
-// event runs.
+// A user event: the control first gets the focus, the one that had it commits and loses it, then the event
+// runs.
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-// A view that holds back what was typed, and may forbid the events of its control.
+// A view that keeps what was typed until commit(), and may reject its control's events.
 struct HoldingView : ControlView {
   explicit HoldingView(Names& told) : events(told) {}
   void changed(Control&) override {}

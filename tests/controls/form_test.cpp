@@ -20,7 +20,7 @@ using test::Stage;
 
 using Names = std::vector<std::string>;
 
-// A front end that notes what the form asks of it among the form's own events.
+// A front end that records the form's calls among the form's own events.
 class NotingFrontEnd : public ScriptedFrontEnd {
  public:
   Names* life = nullptr;
@@ -164,7 +164,7 @@ TEST(Form, ACaptionThatChangesIsTold) {
   EXPECT_EQ(told, 1);
 }
 
-// Three boxes and a button that note gains and losses of the focus.
+// Three boxes and a button that record gains and losses of the focus.
 struct Focused : Stage {
   Frame frame{form, "fra", nullptr};
   Label label{form, "lbl", &frame};

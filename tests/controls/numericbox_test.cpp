@@ -161,8 +161,8 @@ INSTANTIATE_TEST_SUITE_P(Texts, AmountPaste,
 
 struct Pointed {
   const char* text;
-  const char* typed;  // what of it is let in
-  const char* left;   // the text when the focus has gone
+  const char* typed;  // the accepted part
+  const char* left;   // the text after the focus has left
 };
 class AmountWithPoint : public Amounts, public testing::WithParamInterface<Pointed> {};
 
@@ -308,7 +308,7 @@ TEST_F(Amounts, ErasingMustLeaveANumberWithinTheLimits) {
   EXPECT_EQ(box.text(), "99,5");
   EXPECT_TRUE(box.eraseAt(2, 2));
   EXPECT_EQ(box.value(), 99);
-  EXPECT_TRUE(box.eraseAt(0, 2));  // an empty box may be left below the least value
+  EXPECT_TRUE(box.eraseAt(0, 2));  // an empty box may be left although 0 is below the minimum
   EXPECT_EQ(box.text(), "");
 }
 

@@ -65,7 +65,7 @@ TEST(PrintControl, ANamedReportIsChosen) {
   on.control.initialise(setup(342, "CU2017Sintetico.rpt"));
   EXPECT_EQ(on.control.definition(), 12);
   on.control.initialise(setup(342, "Altro.rpt"));
-  EXPECT_EQ(on.control.definition(), 11);  // not there
+  EXPECT_EQ(on.control.definition(), 11);  // does not exist
 }
 
 TEST(PrintControl, ComingBackBeginsAnew) {

@@ -1,4 +1,4 @@
-// A box gets back what it held before a person typed.
+// Restoring the content of a box from before the user typed.
 
 #include <gtest/gtest.h>
 

@@ -13,7 +13,7 @@ namespace {
 using test::CountingView;
 using test::Stage;
 
-// A box that notes its text at each change.
+// A box that records its text at each change.
 struct Box {
   Stage stage;
   TextBox box{stage.form, "txtProtocollo", nullptr};
@@ -242,7 +242,7 @@ TEST(EditBox, ACharacterAtAPlaceObeysLockFilterAndLength) {
   on.box.setText("1à34");
   on.changes.clear();
   EXPECT_FALSE(on.box.typeAt(2, 0, U'5'));  // full
-  EXPECT_TRUE(on.box.typeAt(2, 1, U'5'));   // what it takes the place of makes room
+  EXPECT_TRUE(on.box.typeAt(2, 1, U'5'));   // the replaced character makes room
   EXPECT_EQ(on.box.text(), "1à54");
   on.box.keyFilter = digitsOnly;
   EXPECT_FALSE(on.box.typeAt(0, 1, U'x'));

@@ -252,7 +252,7 @@ TEST(RowFilter, RefusesAFieldThatIsNotThere) {
   EXPECT_EQ(errorOf("Mese = 1"), kErrorItemNotFound);
   EXPECT_EQ(errorOf("Anno = 1 OR Mese = 1"), kErrorItemNotFound);
   EXPECT_EQ(errorOf("[Nota] = 1"), kErrorItemNotFound);
-  EXPECT_EQ(errorOf("Città = 'x'"), kErrorItemNotFound);  // a name, and not a mark that cannot be read
+  EXPECT_EQ(errorOf("Città = 'x'"), kErrorItemNotFound);  // a name, not an invalid character
   EXPECT_EQ(errorOf("AND Anno = 1"), kErrorItemNotFound);
   EXPECT_EQ(errorOf("NOT Anno = 1"), kErrorItemNotFound);
   try {

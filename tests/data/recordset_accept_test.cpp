@@ -1,4 +1,4 @@
-// A change that counts as brought to the database.
+// Changes that count as written to the database.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -38,7 +38,7 @@ TEST(RecordsetAccept, AnAcceptedChangeIsNoLongerPending) {
 TEST(RecordsetAccept, KeepsWhatWasSetAndWhatWasRead) {
   OpenRows rows(lines(1));
   rows.set.Set("Nome", text("a"));
-  rows.set.AcceptCurrent();  // what is not yet updated too
+  rows.set.AcceptCurrent();  // includes the pending change
   EXPECT_EQ(rows.set.Get("Nome").text(), "a");
   EXPECT_EQ(rows.set.OriginalValue("Nome"), text("Nome 1"));
 }

@@ -1,4 +1,4 @@
-// A change whose statement fails is taken back.
+// A change whose statement fails is undone.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ struct Refused : std::runtime_error {
   Refused() : std::runtime_error("refused") {}
 };
 
-// Names the current row anew; the statement behind it fails.
+// Sets the current row's name; the statement then fails.
 void fail(Recordset& set, const char* name) {
   EXPECT_THROW(set.Attempt([&] {
     set.Set("Nome", text(name));

@@ -89,7 +89,7 @@ TEST(RecordsetChange, StatusFollowsTheRow) {
   EXPECT_EQ(rows.set.Status(), RecordStatus::New);
   rows.set.Set("Nome", text("y"));
   rows.set.Update();
-  EXPECT_EQ(rows.set.Status(), RecordStatus::New);  // it has never reached the database
+  EXPECT_EQ(rows.set.Status(), RecordStatus::New);  // it was never in the database
 }
 
 TEST(RecordsetChange, UpdateWithoutChangesDoesNothing) {

@@ -1,4 +1,4 @@
-// Clones: what they share and what is their own.
+// Clones: shared and separate state.
 
 #include <gtest/gtest.h>
 

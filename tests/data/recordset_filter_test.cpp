@@ -1,4 +1,4 @@
-// Filters and deletions: which rows a recordset shows and which one is current.
+// Filters and deletions: the visible rows and the current one.
 
 #include <gtest/gtest.h>
 
@@ -280,7 +280,7 @@ TEST(RecordsetDelete, DeletingAllLeavesNone) {
   EXPECT_EQ(numbers(rows.set), (Numbers{9}));
 }
 
-// Any sequence of operations shows what a plain list of rows would.
+// Any sequence of operations has the same result as on a plain list of rows.
 TEST(Recordset, BehavesAsAListOfRows) {
   std::mt19937 random(99);
   for (int round = 0; round < 60; ++round) {

@@ -41,7 +41,7 @@ inline std::vector<std::vector<Value>> lines(std::int64_t count) {
   return rows;
 }
 
-// The numbers of the rows that show, in order; the cursor ends behind the last.
+// The numbers of the visible rows, in order; leaves the cursor after the last one.
 inline std::vector<std::int64_t> numbers(Recordset& set) {
   std::vector<std::int64_t> result;
   if (set.RecordCount() == 0) return result;

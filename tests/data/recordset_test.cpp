@@ -156,7 +156,7 @@ TEST(Recordset, MovesOverBothEndsAndBack) {
   EXPECT_EQ(errorOf([&] { (void)rows.set.Get("Numero"); }), kErrorNoCurrentRow);
   EXPECT_EQ(errorOf([&] { rows.set.MoveNext(); }), kErrorNoCurrentRow);
   EXPECT_TRUE(rows.set.Eof());
-  rows.set.MovePrevious();  // from the end it is the last row
+  rows.set.MovePrevious();  // from the end this is the last row
   EXPECT_EQ(rows.set.Get("Numero").integer(), 2);
   rows.set.MovePrevious();
   rows.set.MovePrevious();

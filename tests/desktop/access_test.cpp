@@ -1,4 +1,4 @@
-// What a screen reader is told, and that nothing that is shown is cut.
+// The names for a screen reader, and that no displayed text is cut.
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@
 namespace cu::test {
 namespace {
 
-// Every widget that takes the keyboard has a role and a name; "" when all have.
+// The widgets that accept the focus without a role or a name; "" when there are none.
 std::string nameless(const desktop::FormWindow& window) {
   std::string all;
   for (Control* control : window.form().controls()) {

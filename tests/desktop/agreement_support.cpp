@@ -153,7 +153,7 @@ std::string disagreements(const desktop::FormWindow& window) {
     comparing.same("enabled", widget->isEnabledTo(widget->parentWidget()), control->enabled());
     comparing.same("visible", !widget->isHidden(),
                    control->visible() && (frame == nullptr || frame->onStage()));
-    // What a person can reach is what the driver can reach.
+    // The user and the driver can reach the same controls.
     if (control->takesFocus()) {
       comparing.same("reachable", widget->isEnabled() && widget->isVisibleTo(&window), control->available());
     }

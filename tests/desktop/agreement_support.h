@@ -6,8 +6,7 @@
 
 namespace cu::test {
 
-// Where model and widgets of a window do not say the same, one line each: enabled, visible, text, value,
-// focus.
+// The differences between model and widgets of a window, one line each: enabled, visible, text, value, focus.
 std::string disagreements(const desktop::FormWindow& window);
 
 }  // namespace cu::test

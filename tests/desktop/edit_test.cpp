@@ -1,4 +1,5 @@
-// Typing in boxes: at a place, over a selection, pasted, deleted; amounts, dates and refused characters.
+// Typing in boxes: at a position, over a selection, pasting, deleting; amounts, dates and rejected
+// characters.
 
 #include <gtest/gtest.h>
 
@@ -290,7 +291,7 @@ TEST_F(Typing, AClickBesideTheFieldsEndsTheTyping) {
   EXPECT_EQ(box.text(), QStringLiteral("5,00"));
 }
 
-// The box keeps it for the database; also where the character typed is the one that was there.
+// The box keeps the longer text for the database; also where the character typed equals the replaced one.
 TEST_F(Typing, EscBringsBackATextThatIsLongerThanItsBox) {
   form.txtTesto.setMaxLength(4);
   for (const char* typed : {"x", "i"}) {

@@ -1,4 +1,4 @@
-// The editor of a line in its window: both pages, the scrolling bar, refusals, the search lists.
+// The editor of a line in its window: both pages, the scroll bar, rejections, the search lists.
 
 #include <gtest/gtest.h>
 
@@ -29,7 +29,7 @@ namespace {
 
 class EditorWindow : public ::testing::Test {
  protected:
-  // Window and models agree before and after.
+  // Window and models agree before and after `act`.
   void inEditor(const char* year, const std::function<void()>& act) {
     screen.inEditor(year, [&] {
       expectAgreement();
@@ -67,7 +67,7 @@ TEST_F(EditorWindow, TheGrossAmountFollowsWhenAnAmountIsLeft) {
   });
 }
 
-// The release of the button waits already when the press is looked at.
+// The release of the button is already queued when the press is processed.
 TEST_F(EditorWindow, TheFirstClickCountsWhateverWorkItTookToOpen) {
   bool closed = false;
   screen.toGrid();
@@ -108,7 +108,7 @@ TEST_F(EditorWindow, PageKeysAndTheWheelMoveFormAndWindowTogether) {
     screen.key(Qt::Key_PageUp);
     EXPECT_EQ(form.scroll()->position, 0);
     EXPECT_EQ(bar->value(), 0);
-    // By the window's own bar: the form follows to the nearest of its steps.
+    // With the window's own bar: the form follows to the nearest of its steps.
     bar->setSliderPosition(bar->maximum());
     bar->triggerAction(QAbstractSlider::SliderToMaximum);
     settle();
@@ -185,7 +185,7 @@ TEST_F(EditorWindow, TheMunicipalityIsFoundByTyping) {
   });
 }
 
-// The letters wait already when the first of them opens the list.
+// The letters are already queued when the first of them opens the list.
 TEST_F(EditorWindow, TheMunicipalityTypedFastArrivesWhole) {
   inMunicipality([&](QLineEdit& box) {
     screen.whenModal([&](QWidget& modal) {
@@ -203,7 +203,7 @@ TEST_F(EditorWindow, TheMunicipalityTypedFastArrivesWhole) {
   });
 }
 
-// Does something when the list has just got the keyboard.
+// Acts when the list has just received the keyboard focus.
 class AtActivation : public QObject {
  public:
   explicit AtActivation(std::function<void()> act) : act_(std::move(act)) { qApp->installEventFilter(this); }
@@ -218,7 +218,7 @@ class AtActivation : public QObject {
   std::function<void()> act_;
 };
 
-// The desktop gives the keyboard to the list some time after it is shown; keys come to the window below.
+// The desktop activates the list some time after it is shown; until then keys arrive at the window below.
 TEST_F(EditorWindow, TheMunicipalityTypedWhileItsListOpensArrivesWhole) {
   inMunicipality([&](QLineEdit& box) {
     QWindow* const below = screen.top()->windowHandle();
@@ -247,7 +247,7 @@ TEST_F(EditorWindow, AnAnnulmentOf2014ShowsOnlyTheReferences) {
     EXPECT_TRUE(screen.find<QWidget>("txtProtocollo")->isVisible());
     EXPECT_FALSE(screen.find<QWidget>("fraMain")->isVisible());
     EXPECT_LT(screen.top()->height(), 380);
-    // The place of the tab that is hidden is nobody's.
+    // The position of the hidden tab belongs to no tab.
     const auto* const tabs = screen.find<QTabBar>("stbMain");
     EXPECT_LE(tabs->width(), tabs->tabRect(0).width() + 2);
     screen.type("txtProtocollo", "");
@@ -299,7 +299,7 @@ TEST(SelectorWindow, ACodeThatNoRowHasIsNotedBesideItsBox) {
   EXPECT_EQ(note(), QStringLiteral("Manca il codice"));
 }
 
-// Enter takes the row that is current: it must be the one that is seen.
+// Enter selects the current row, which is required to be the highlighted one.
 TEST(SelectorWindow, TheSearchListsCurrentRowIsAlwaysHighlighted) {
   Screen screen;
   auto& view = static_cast<desktop::SelectorView&>(*screen.window().view(screen.form().KrnCDPerc0));

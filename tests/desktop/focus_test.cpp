@@ -1,5 +1,4 @@
-// What is typed is handed over in whichever way a box is left, and the keyboard stays where the person put
-// it.
+// A typed text is committed whichever way a box is left, and the keyboard focus stays where the user set it.
 
 #include <gtest/gtest.h>
 
@@ -30,7 +29,7 @@ class SelectorFocus : public ::testing::Test {
     return *static_cast<desktop::SelectorView&>(*screen.window().view(selector)).descriptionBox();
   }
   void clickInto(QWidget& box) { QTest::mouseClick(&box, Qt::LeftButton, Qt::NoModifier, {8, 8}); }
-  // Where the keyboard is.
+  // At the keyboard focus.
   void typeOn(const QString& text) { QTest::keyClicks(screen.window().focusWidget(), text); }
 
   Screen screen;
@@ -146,7 +145,7 @@ TEST(OptionFocus, TheStopIsTheOptionThatIsOn) {
   EXPECT_TRUE(screen.form().optTipoComunicazione[2].value());
 }
 
-// The button of the run is greyed on the first step, and the first control there is the other option.
+// The button of the run is disabled on the first step, and the first control there is the other option.
 TEST(OptionFocus, AfterTheRunTheKeyboardIsOnTheOptionThatIsOn) {
   Screen screen;
   screen.toEnd();
@@ -161,7 +160,7 @@ TEST(OptionFocus, AfterTheRunTheKeyboardIsOnTheOptionThatIsOn) {
 
 class EscKey : public ::testing::Test {
  protected:
-  // Whether the wizard has asked if it is to be left; the answer is no.
+  // Whether the wizard has asked for confirmation to leave; the answer is no.
   bool asked() {
     bool box = false;
     screen.whenModal([&](QWidget& modal) {

@@ -96,7 +96,7 @@ TEST_F(GridWindow, TheArrowKeysMoveTheCurrentRow) {
   expectAgreement();
 }
 
-// The editor filters the rows to the one that it shows; an exposed window draws them all anew.
+// The editor filters the rows to its own; an exposed window redraws them all.
 TEST_F(GridWindow, StaysAsDrawnBehindAnEditor) {
   screen.window().view(grid())->refreshAll();
   table().setFocus();
@@ -116,7 +116,7 @@ TEST_F(GridWindow, StaysAsDrawnBehindAnEditor) {
   EXPECT_TRUE(screen.allAnswered());
   EXPECT_EQ(rows, 1U);
   EXPECT_EQ(current, 2);
-  // The colour of the selection tells which window has the keyboard: the rows below it are compared.
+  // The colour of the selection depends on the active window: the rows below it are compared.
   const QRect others(0, table().rowViewportPosition(3), before.width(), before.height() / 2);
   EXPECT_EQ(before.copy(others), behind.copy(others));
   EXPECT_EQ(table().currentIndex().row(), 2);
@@ -192,7 +192,7 @@ TEST_F(GridWindow, TheQuickSearchMovesToTheRowAndChangesNothingElse) {
   EXPECT_EQ(screen.window().focusWidget(), box) << "the typing goes on";
 }
 
-// The rows of a column in the order in which Enter in the quick search goes to them.
+// The rows of a column in the order in which Enter in the quick search visits them.
 QList<int> inOrderOfSearch(const desktop::GridModel& model, int column, const QString& wanted) {
   QList<int> rows;
   for (const bool begins : {true, false}) {
@@ -323,7 +323,7 @@ TEST_F(GridWindow, CtrlShiftEndAndHomeHighlightTheRowsUpToThere) {
   expectAgreement();
 }
 
-// Another session has deleted a row of the table in the meantime.
+// Another session has deleted a row of the table meanwhile.
 TEST_F(GridWindow, TheHighlightStaysWhenSpaceFailsOnOneOfItsRows) {
   const auto rows = [&] { return table().selectionModel()->selectedRows().size(); };
   table().setFocus();
@@ -349,7 +349,7 @@ TEST_F(GridWindow, TheHighlightStaysWhenSpaceFailsOnOneOfItsRows) {
   expectAgreement();
 }
 
-// Upwards: the current row is the first of them, and the last to be inverted is another one.
+// Upwards: the current row is the first of them, and the last one inverted is another.
 TEST_F(GridWindow, TheHighlightStaysWhereverItsCurrentRowIs) {
   table().setFocus();
   for (int i = 0; i < 4; ++i) screen.key(Qt::Key_Down);

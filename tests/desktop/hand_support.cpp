@@ -200,7 +200,7 @@ bool Hand::menu(const json& command) {
   QWidget* const from = modal() != nullptr ? modal() : screen_.top();
   auto* const entry = from->findChild<QAction*>(tool);
   if (entry == nullptr) return false;
-  // What a window does not offer has no effect either.
+  // A tool that a window does not show has no effect either.
   const auto* const bar = dynamic_cast<const MenuBar*>(screen_.form().find("BarMenuWzr"));
   const MenuBar::Tool* const told = bar->tool(command["tool"].get<std::string>());
   if (told != nullptr && told->inert) return told->enabled && !entry->isEnabled();
@@ -271,7 +271,7 @@ bool Hand::perform(const json& command) {
     desktop::FormWindow* const closing = window(command["window"]);
     return closing != nullptr && waiting().empty() && (closing->close(), true);
   }
-  return true;  // reading
+  return true;  // read-only
 }
 
 }  // namespace cu::test

@@ -7,14 +7,14 @@
 
 namespace cu::test {
 
-// Does with mouse and keyboard, on the widgets, what a command of a recorded run says. False when a person
-// could not do it: the widget is greyed, hidden, or behind a modal window.
+// Performs a command of a recorded run with mouse and keyboard on the widgets. Returns false when the user
+// could not do it: the widget is disabled, hidden, or behind a modal window.
 class Hand {
  public:
   explicit Hand(Screen& screen) : screen_(screen) {}
   bool perform(const nlohmann::json& command);
 
-  // What waits for the person: "" for nothing, otherwise the kind as the driver calls it.
+  // The kind of what waits for the user, with the driver's name for it; "" for nothing.
   static std::string waiting();
   static QWidget* modal();
 

@@ -1,4 +1,4 @@
-// The guide at the chapter of what is on screen, tooltips, and texts that are drawn as they are.
+// The guide at the chapter of the present screen, tooltips, and texts that are shown unchanged.
 
 #include <gtest/gtest.h>
 
@@ -24,7 +24,7 @@
 namespace cu::test {
 namespace {
 
-// The heading at which the guide is open, which is then closed; "" when it is not open.
+// The chapter at which the guide is open, which is then closed; "" when it is not open.
 std::string chapter() {
   settle();
   for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -167,7 +167,7 @@ TEST(StartDialog, ReadsAPathThatIsCutWholeInItsTooltip) {
   EXPECT_EQ((*shown)->toolTip(), path);
 }
 
-// What a person reads has none of a developer's words.
+// A text for users contains none of a developer's words.
 void expectForAPerson(const QString& text) {
   for (const char* word : {"cuctl", "profile", ".toml", "Errore -", "url", "SQL"}) {
     EXPECT_FALSE(text.contains(QString::fromLatin1(word))) << text.toStdString();
@@ -208,7 +208,7 @@ TEST(StartMessage, InTheStartDialogTellsWhatToDoThere) {
   EXPECT_TRUE(told->toolTip().contains(QStringLiteral("non esiste"))) << "the detail";
 }
 
-// The tooltip that the mouse brings up over a cell.
+// The tooltip shown by the mouse over a cell.
 QString tipOver(QTableView& table, const QModelIndex& cell) {
   QToolTip::hideText();
   settle();

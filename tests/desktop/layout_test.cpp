@@ -1,4 +1,4 @@
-// Where things stand in the windows, and what can be read of them.
+// The positions in the windows, and what can be read of them.
 
 #include <gtest/gtest.h>
 
@@ -32,7 +32,7 @@ class Layout : public ::testing::Test {
   Screen screen;
 };
 
-// The second time that a section asks for the same stands below the first.
+// The second occurrence of a box in a section is below the first.
 void expectBelow(const QRect& second, const QRect& first) {
   EXPECT_EQ(second.left(), first.left());
   EXPECT_GT(second.top(), first.bottom());

@@ -76,7 +76,7 @@ void Leaving::enter(const std::string& field) {
   widgetOf(field).setFocus(Qt::TabFocusReason);
 }
 
-// Types something new.
+// Types a new text.
 void Leaving::change(const std::string& field) {
   typed_.clear();
   pending_.clear();
@@ -87,7 +87,7 @@ void Leaving::change(const std::string& field) {
   if (auto* const box = dynamic_cast<EditBox*>(&changed)) {
     const std::string text = textFor(field);
     std::string keys = text;
-    // A date's slashes come by themselves.
+    // A date's slashes are inserted automatically.
     if (dynamic_cast<DateBox*>(box) != nullptr) std::erase(keys, '/');
     typeText(keyboard(), desktop::shown(keys));
     typed_ = {{{"do", "enter"}, {"in", name}, {"text", text}}};
@@ -102,7 +102,7 @@ void Leaving::change(const std::string& field) {
   }
 }
 
-// What is typed into a selector counts when it is left.
+// A text typed into a selector is committed when the selector is left.
 void Leaving::changeSelector(const std::string& field) {
   const bool payee = field.find("Perc") != std::string::npos;
   const bool unknown = visits_ % 4 == 0;
@@ -115,7 +115,7 @@ void Leaving::changeSelector(const std::string& field) {
   if (unknown) pending_.front()["description"] = "";
 }
 
-// Never twice the same in a row.
+// Never twice the same in succession.
 std::string Leaving::textFor(const std::string& field) const {
   const Control& box = control(field);
   const int days = visits_ % 18;
@@ -130,7 +130,7 @@ Commands Leaving::after(json command) {
   return all;
 }
 
-// On another step the window goes to the field where the work begins, the driver where it is sent.
+// On another step the window moves to the field where the work begins, the driver where it is sent.
 Commands Leaving::pressed(const std::string& button) {
   Commands all = after({{"do", "click"}, {"on", form_ + "." + button}});
   const Control* const focus = together.front().focus();
@@ -187,7 +187,7 @@ void Leaving::leave(const Place& place, const std::string& field, Way way, const
   }
 }
 
-// Until the keyboard is in another control: a selector has two boxes, and the window has fields of its own.
+// Until the focus is in another control: a selector has two boxes, and the window has fields of its own.
 void Leaving::tab(const std::string& field, bool forward) {
   for (int i = 0; i < 3; ++i) {
     QTest::keyClick(&keyboard(), forward ? Qt::Key_Tab : Qt::Key_Backtab);
@@ -207,7 +207,7 @@ void Leaving::leaveToField(const Place& place, const std::string& field, const s
         EXPECT_EQ(together.front().focus(), &control(to));
       },
       [this, to] {
-        // A click on a check changes it.
+        // A click on a check box changes it.
         const bool check = dynamic_cast<const Check*>(&control(to)) != nullptr;
         return after({{"do", check ? "click" : "focus"}, {"on", together.named(to)}});
       });
@@ -225,7 +225,8 @@ void Leaving::switchWindow() {
   EXPECT_TRUE(QTest::qWaitForWindowActive(&screenTop()));
 }
 
-// The driver has no key for it: it writes what was there before. Left afterwards, both have the same shape.
+// The driver has no key for it: it writes the previous text. After leaving the field both have the same
+// format.
 void Leaving::takeBack(const std::string& field, const std::string& what) {
   const bool box = dynamic_cast<EditBox*>(&control(field)) != nullptr;
   if (!box && dynamic_cast<Selector*>(&control(field)) == nullptr) return;
@@ -245,8 +246,8 @@ void Leaving::takeBack(const std::string& field, const std::string& what) {
 void Leaving::leaveByButton(const Place& place, Way way, const std::string& what) {
   const bool mnemonic = way == Way::Mnemonic;
   if (place.button.empty() || (mnemonic && place.mnemonic == Qt::Key_unknown)) return;
-  // A list with one entry has not changed, and a button that waits for a change does nothing in a window,
-  // while a driver is refused.
+  // A list with one entry has not changed; a button that requires a change has no effect in a window, while a
+  // driver is rejected.
   const auto works = std::make_shared<bool>();
   together.step(
       what,
@@ -280,7 +281,7 @@ void Leaving::leaveByEnter(const Place& place, const std::string& what) {
   place.enter();
 }
 
-// Only the window asks about a module that is not saved.
+// Only the window asks for confirmation about an unsaved module.
 void Leaving::dropModule() {
   together.then([this] {
     if (Hand::modal() == nullptr || Hand::modal()->objectName() != QStringLiteral("conferma")) return;

@@ -10,16 +10,16 @@
 
 namespace cu::test {
 
-// A form, or a page of one, whose fields are typed into and left in every way that a person has: by Tab and
-// Shift+Tab, a mnemonic, a click on another field, on bare ground and on a button, Enter, Esc, and a switch
-// to another window.
+// A form, or a page of one, whose fields are typed into and left in every way available to the user: by Tab
+// and Shift+Tab, a mnemonic, a click on another field, on the background and on a button, Enter, Esc, and a
+// switch to another window.
 struct Place {
-  std::function<void()> enter;  // queues the steps that bring it to the front from wherever a way has led
-  std::string other;            // a field to click into, and one more for that field itself
+  std::function<void()> enter;  // queues the steps that bring it to the front from any state
+  std::string other;            // a field to click, and a second one for that field itself
   std::string another;
-  std::string button;  // one to press; "" for none
+  std::string button;  // a button to press; "" for none
   Qt::Key mnemonic = Qt::Key_unknown;
-  std::function<void()> back;  // queues the steps back from where the button has led
+  std::function<void()> back;  // queues the steps back from the state after the button
   bool enterCloses = true;
 };
 
@@ -27,10 +27,10 @@ class Leaving : public ::testing::Test {
  protected:
   explicit Leaving(std::int32_t mode = 247) : screen(mode), together(screen) {}
 
-  // Queues every way for every field of the place that a person can reach when its turn comes.
+  // Queues every way for every field of the place that the user can reach when its turn comes.
   void walk(const Place& place);
-  // Queues steps: a press on a button of the form in front; Esc until the wizard is in front; the boxes that
-  // wait are answered, those of the wizard with this word in both.
+  // Queue steps: press a button of the front form; press Esc until the wizard is in front; answer the boxes
+  // that wait, in both wizards with this word.
   void click(const char* button);
   void closeForms();
   void answerBoxes(const char* caption = "OK", const char* answer = "ok");
@@ -65,10 +65,10 @@ class Leaving : public ::testing::Test {
   Together::Commands focusNow(const std::string& field);
 
   int visits_ = 0;
-  std::string form_;            // the one in front when a step began
-  Together::Commands typed_;    // what the driver is given for what was typed,
-  Together::Commands pending_;  // and for what counts only when the field is left
-  std::string before_;          // the text when the focus came
+  std::string form_;            // the front form when a step began
+  Together::Commands typed_;    // the driver's commands for the text typed,
+  Together::Commands pending_;  // and those that follow only when the field is left
+  std::string before_;          // the text when the field got the focus
 };
 
 }  // namespace cu::test

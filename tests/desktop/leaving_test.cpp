@@ -1,5 +1,5 @@
 // Every field of every form, left in every way: after each the window has the same state as the driver that
-// was given the same actions.
+// received the same actions.
 
 #include <QTabBar>
 #include <QTest>
@@ -23,7 +23,7 @@ class WizardFields : public Leaving {
           return Commands{{{"do", "choose"}, {"in", "frmWizard.KRNCboEsCont(0)"}, {"text", year}}};
         });
   }
-  // Of the first step: on with the mnemonic, back without storing anything.
+  // Of the first step: forward with the mnemonic, back without storing anything.
   Place firstStep() {
     Place place;
     place.enter = [] {};
@@ -115,7 +115,7 @@ TEST_F(WizardFields, OfTheReferencesOfAllLines) {
 class EditorFields : public WizardFields, public ::testing::WithParamInterface<const char*> {
  protected:
   bool oldest() const { return GetParam() == std::string("2014"); }
-  // Opens the first line where no editor is open, and turns to the page.
+  // Opens the first line where no editor is open, and selects the page.
   std::function<void()> opened(bool firstPage) {
     return [this, firstPage] {
       together.then([this, firstPage] {

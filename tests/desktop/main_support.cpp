@@ -1,4 +1,4 @@
-// The tests' own entry: a window system without a screen, and settings that are nobody's.
+// The tests' own entry: a window system without a screen, and private settings.
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@
 
 namespace {
 
-// What the platform without a screen cannot do is told at every window.
+// The platform without a screen reports its missing capabilities for every window.
 void quiet(QtMsgType type, const QMessageLogContext&, const QString& text) {
   if (type == QtFatalMsg || type == QtCriticalMsg) std::cerr << text.toStdString() << '\n';
 }

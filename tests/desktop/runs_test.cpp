@@ -1,5 +1,5 @@
-// Recorded runs of the driver, done again with mouse and keyboard in the window: after each step every
-// control of every open form agrees with its widget, and the same box waits for an answer.
+// Recorded runs of the driver, repeated with mouse and keyboard in the window: after each step every control
+// of every open form agrees with its widget, and the same box waits for an answer.
 
 #include <gtest/gtest.h>
 
@@ -35,7 +35,7 @@ class Walk {
  public:
   Walk(Screen& screen, std::vector<Line> lines) : screen_(screen), hand_(screen), lines_(std::move(lines)) {}
 
-  // Until the last line that can be walked; what remains open is closed.
+  // Runs until the last line that can be performed; closes what remains open.
   void go() {
     QTimer::singleShot(kPause, qApp, [this] { step(); });
     QEventLoop loop;
@@ -47,7 +47,8 @@ class Walk {
  private:
   static constexpr int kPause = 5;
 
-  // A step that opens a modal window comes back only when that has gone: the next step is on its way already.
+  // A step that opens a modal window returns only when the window has been closed: the next step is queued
+  // before.
   void step() {
     if (screen_.frontEnd().busy()) {
       QTimer::singleShot(kPause, qApp, [this] { step(); });
@@ -113,7 +114,7 @@ class Walk {
   void finish() {
     if (finished_) return;
     finished_ = true;
-    // What still waits is given up from the inside out.
+    // Cancels everything that still waits, innermost first.
     auto* const end = new QTimer(qApp);
     QObject::connect(end, &QTimer::timeout, qApp, [this, end] {
       if (QWidget* const modal = Hand::modal()) {
@@ -140,7 +141,7 @@ class Walk {
 struct RecordedRun {
   const char* name;
   std::int32_t mode;
-  int atLeast;  // steps
+  int atLeast;  // minimum number of steps
 };
 
 class Runs : public ::testing::TestWithParam<RecordedRun> {};

@@ -19,7 +19,7 @@
 namespace cu::test {
 namespace {
 
-// Made once; each test has its copy.
+// Created once; each test has its copy.
 const QString& demonstration() {
   static const QTemporaryDir folder;
   static const QString file = [] {
@@ -66,7 +66,7 @@ Screen::~Screen() {
   settle();
 }
 
-// What answers a window may open another one: the next watch is on its way before anything is done.
+// The answer may open another window: the next watch is queued first.
 void Screen::watch() {
   constexpr int kPause = 5;
   QTimer::singleShot(kPause, watcher_.get(), [this] { watch(); });
@@ -91,7 +91,7 @@ void Screen::click(const char* name) {
   auto* const widget = find<QWidget>(name);
   ASSERT_NE(widget, nullptr) << name;
   QPoint at = widget->rect().center();
-  // An option or a check is pressed on its mark.
+  // An option or a check box is clicked on its mark.
   if (qobject_cast<QAbstractButton*>(widget) != nullptr) at.setX(std::min(at.x(), 10));
   QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, at);
 }
@@ -115,9 +115,9 @@ void Screen::choose(const char* list, const char* text) {
 }
 
 void Screen::key(Qt::Key key, Qt::KeyboardModifiers held) {
-  // By way of the window, so that mnemonics are looked for as they are with a real keyboard.
+  // Sent through the window, so that mnemonics are processed as with a real keyboard.
   QTest::keyClick(top()->windowHandle(), key, held);
-  // A mnemonic shows its button pressed for a tenth of a second before the click comes.
+  // A mnemonic shows its button pressed for a tenth of a second before the click.
   constexpr int kAnimation = 180;
   if (held.testFlag(Qt::AltModifier)) QTest::qWait(kAnimation);
   settle();

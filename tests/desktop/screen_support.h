@@ -21,7 +21,7 @@ class Screen {
  public:
   explicit Screen(std::int32_t mode = 247, Profilo::MotoreStampa engine = Profilo::MotoreStampa::Registro);
   ~Screen();
-  // A new copy of the database in a folder; its address.
+  // Copies the database to the folder; returns its address.
   static QString freshDatabase(const QTemporaryDir& folder);
 
   FrmWizard& form() { return *impianto_->programma().wizard(); }
@@ -39,19 +39,19 @@ class Screen {
   void click(const char* name);
   void type(const char* name, const char* text);  // selects all and types
   void choose(const char* list, const char* text);
-  void key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier);  // where the focus is
+  void key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier);  // at the focus
   const Control* focus() { return top()->form().focus(); }
 
-  // What is to be done with the next modal window, in the order given; each runs as soon as it is there.
+  // The actions for the next modal windows, in order; each runs as soon as its window is shown.
   void whenModal(std::function<void(QWidget& modal)> act);
   bool allAnswered() const { return modals_.empty(); }
   void forgetModals() { modals_.clear(); }
 
-  // To the grid of a year, and to the last step.
+  // Goes to the grid of a year, and to the last step.
   void toTelematicFile(const char* year = "2016");
   void toGrid(const char* year = "2016");
   void toEnd();
-  // Opens the first line of a year and does this in its editor, which is then closed if it is still open.
+  // Opens the first line of a year and runs `act` in its editor, which is then closed if it is still open.
   void inEditor(const char* year, const std::function<void()>& act);
 
  private:
@@ -62,13 +62,13 @@ class Screen {
   desktop::QtFrontEnd screen_{QStringLiteral(CU_GUIDA)};
   std::unique_ptr<Impianto> impianto_;
   std::deque<std::function<void(QWidget&)>> modals_;
-  std::unique_ptr<QObject> watcher_;  // ends the watch with itself
+  std::unique_ptr<QObject> watcher_;  // stops the watch when destroyed
   QWidget* answering_ = nullptr;
 };
 
 void pressButton(QWidget& modal, const char* caption);  // by its caption without mnemonic
 QString boxText(QWidget& modal);
 void typeText(QWidget& widget, const QString& text);  // letters of any alphabet
-void settle();                                        // lets queued events run
+void settle();                                        // processes queued events
 
 }  // namespace cu::test

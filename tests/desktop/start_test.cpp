@@ -1,4 +1,4 @@
-// The start without a profile, and the windows to read in.
+// The start without a profile, and the reading windows.
 
 #include <gtest/gtest.h>
 
@@ -142,7 +142,7 @@ TEST(LongWork, TellsWhatAndHowFarInTheFootAndLetsNothingElseIn) {
   screen.form().cmdNav[0].onClick = [&] { pressedMeanwhile = true; };
   screen.form().cmdOpzioni.onClick = [&] {
     screen.frontEnd().setPointer(kPointerHourglass);
-    // A click that comes while the work goes on.
+    // A click during the work.
     QTest::mouseClick(screen.find<QWidget>("cmdNav(0)"), Qt::LeftButton);
     screen.frontEnd().progress("Prova", 1000, 1000);
     words = foot.words();

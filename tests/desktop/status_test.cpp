@@ -1,4 +1,4 @@
-// What the foot of the window says when the work is done, and the pointer meanwhile.
+// The status at the foot of the window after the work, and the pointer during it.
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@
 namespace cu::test {
 namespace {
 
-// Takes the place of the desktop's programs.
+// Replaces the desktop's programs.
 class Opener : public QTextBrowser {
  public:
   Opener() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "setSource"); }
@@ -90,7 +90,7 @@ TEST(StatusLine, NamesTheFileOfAPrintAndOpensItAndItsFolder) {
   QTest::keyClick(link(screen, "apriCartella"), Qt::Key_Return);
   EXPECT_EQ(opener.opened, QStringList({path, screen.documents()}));
   EXPECT_TRUE(screen.frontEnd().anyOpen());
-  // A print that is only looked at makes nothing.
+  // A preview makes no file.
   screen.whenModal([](QWidget& modal) { modal.close(); });
   printTo(screen, 1);
   EXPECT_EQ(words(screen), "Pronto");
@@ -215,7 +215,7 @@ TEST(StatusLine, SaysHowManyAccountsWereStoredOnTheWayBack) {
   EXPECT_EQ(words(screen), "Le correzioni sono state memorizzate in un conto.");
 }
 
-// Another session has taken the corrected row out of the work table.
+// Another session has deleted the corrected row from the work table.
 TEST(StatusLine, SaysThatThereIsNoFileWhenAnErrorCameFirst) {
   Screen screen;
   screen.toGrid();
@@ -277,7 +277,7 @@ TEST(Hourglass, GoesWhileTheRunAsksAndWhenItEnds) {
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
-// What is queued runs while the window is drawn, just before the statements.
+// A queued call runs while the window is drawn, just before the statements.
 TEST(Hourglass, StandsWhileAnEditorsRowIsStored) {
   Screen screen;
   screen.inEditor("2016", [&] {

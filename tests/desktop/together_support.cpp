@@ -56,8 +56,9 @@ void Together::run() {
   if (!::testing::Test::HasFailure()) compare();
 }
 
-// A step that opens a modal window comes back only when that has gone: the next one is on its way already. Of
-// any other step the end is waited for, and of a mnemonic the moment in which its button is shown pressed.
+// A step that opens a modal window returns only when the window has been closed: the next one is queued
+// before. Otherwise the end of the step is waited for, and for a mnemonic the time during which its button is
+// shown pressed.
 void Together::next() {
   const auto buttons = screen_.top()->findChildren<QAbstractButton*>();
   const bool pressed = std::any_of(buttons.begin(), buttons.end(), [](auto* each) { return each->isDown(); });
@@ -101,7 +102,7 @@ void Together::note(const Step& ended) {
   done_.push_back({ended.what, std::exchange(parts_, {}), state()});
 }
 
-// What is open is closed from the inside out.
+// Closes what is open, innermost first.
 void Together::giveUp() {
   QWidget* const box = Hand::modal();
   if (box == nullptr && screen_.top() == &screen_.window()) {
@@ -167,13 +168,13 @@ void Together::compare() const {
     ++at;
     ASSERT_LT(at, answers.size()) << done.what;
     compare(done, answers[at]);
-    // One fault shows in all that follows.
+    // One failure would cause failures in everything that follows.
     if (::testing::Test::HasFailure()) return;
   }
 }
 
 void Together::compare(const Done& done, std::string answer) {
-  // The controls make a long text: it is read only where it is not the same.
+  // The description of the controls is long: it is parsed only where it differs.
   const std::size_t tree = answer.find(done.state.tree);
   if (tree != std::string::npos) answer.replace(tree, done.state.tree.size(), "null");
   const json read = json::parse(answer);

@@ -13,23 +13,24 @@ class QEventLoop;
 
 namespace cu::test {
 
-// Actions done by hand in the window and then given to the driver, which walks a wizard of its own on a fresh
-// copy of the same database: after each action both have the same windows, boxes, focus and controls.
+// Actions performed by hand in the window and then sent to the driver, which runs a wizard of its own on a
+// new copy of the same database: after each action both have the same windows, boxes, focus and controls.
 class Together {
  public:
   using Commands = std::vector<nlohmann::json>;
 
   explicit Together(Screen& screen) : screen_(screen) {}
 
-  // `act` is done in the window. `commands` are asked for when it has ended: what the driver is given for it.
+  // `act` runs in the window. `commands` is called afterwards and returns the corresponding commands for the
+  // driver.
   void step(std::string what, std::function<void()> act, std::function<Commands()> commands);
-  // The same without a look at the state: something follows that belongs to it.
+  // The same without comparing the state: a later part completes the step.
   void part(std::function<void()> act, std::function<Commands()> commands);
-  // For a step that decides what comes next: steps added while `act` runs come before those that wait.
+  // For a step that determines the next ones: steps added while `act` runs come before those already queued.
   void then(std::function<void()> decide);
 
   void run();
-  // The window's form in front; the driver's commands name it.
+  // The window's front form; the driver's commands contain its name.
   Form& front() const { return screen_.top()->form(); }
   std::string named(const std::string& control) const { return front().name() + "." + control; }
 
@@ -40,7 +41,7 @@ class Together {
     std::function<void()> act;
     std::function<Commands()> commands;
   };
-  // What the window was like, its controls as the driver writes them in a line.
+  // The state of the window, with its controls in the driver's format, as one line.
   struct State {
     nlohmann::json brief;
     std::string front;
@@ -56,7 +57,7 @@ class Together {
   void note(const Step& ended);
   void giveUp();
   State state() const;
-  std::vector<std::string> drive() const;  // its answers
+  std::vector<std::string> drive() const;  // returns the answers
   void compare() const;
   static void compare(const Done& done, std::string answer);
 
@@ -65,11 +66,11 @@ class Together {
   std::deque<Step>* adding_ = &waiting_;
   std::optional<Step> running_;
   std::vector<Done> done_;
-  Commands parts_;  // of what is not done yet
+  Commands parts_;  // of the incomplete step
   QEventLoop* loop_ = nullptr;
   int acts_ = 0;
-  int acting_ = 0;            // the number of the act that has not come back
-  QWidget* modal_ = nullptr;  // when it began
+  int acting_ = 0;            // the number of the act that has not returned yet
+  QWidget* modal_ = nullptr;  // at its beginning
 };
 
 }  // namespace cu::test

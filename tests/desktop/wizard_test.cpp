@@ -1,4 +1,4 @@
-// The wizard's window along its main road, by mouse and by keyboard, and where it is refused.
+// The wizard's window on its main path, by mouse and by keyboard, and its rejections.
 
 #include <gtest/gtest.h>
 
@@ -146,7 +146,7 @@ class ClosingWindow : public ::testing::Test {
     });
     ASSERT_NE(screen.form().unsavedWork(), "");
   }
-  // What the window asks at its close box; "" when it asks nothing.
+  // The question of the close box; "" when there is none.
   QString close(const char* answer) {
     QString asked;
     screen.whenModal([&](QWidget& modal) {
@@ -187,7 +187,7 @@ TEST(WizardWindow, TheCloseBoxOfAWindowBehindADialogDoesNothing) {
   expectAgreement(screen);
 }
 
-// A key that is pressed once too often starts nothing.
+// A key pressed once too often starts nothing.
 TEST(WizardWindow, AStepBeginsWhereTheWorkIs) {
   Screen screen;
   screen.toTelematicFile();

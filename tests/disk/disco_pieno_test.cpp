@@ -1,7 +1,7 @@
-// The disk is full at each write of a whole run in turn: the run is repeated with room for one page more, or
-// one file more, until it succeeds. Each time it is told in words or nothing is missing, the database is
-// sound, each table of the accounts is as before or as after, what belongs to others is untouched, and the
-// next run, with room, makes all of it.
+// The disk is full at each write of a whole run in turn: the run is repeated with room for one more page, or
+// one more file, until it succeeds. Each time an error is reported or nothing is missing, the database is
+// intact, each table of the accounts is as before or as after, foreign data is unchanged, and the next run,
+// with room, produces everything.
 
 #include <gtest/gtest.h>
 
@@ -16,8 +16,8 @@ namespace cu::test {
 namespace {
 
 constexpr std::size_t kMoltePagine = 4000;
-// What is written when all else is done, into the database from its journal, fails without a word: it is
-// done again at the next opening.
+// The last writes, from the database's journal into the database, fail without a message: they are repeated
+// at the next opening.
 constexpr std::size_t kAncora = 6;
 
 bool diSpazio(const std::string& testo) {
@@ -27,18 +27,18 @@ bool diSpazio(const std::string& testo) {
          dice("Errore di lettura o scrittura sul file del database. Verificare il disco");
 }
 
-// What a run that met a full disk has left, now that there is room again.
+// Checks the result of a run on a full disk, now that there is room again.
 void controlla(const LuogoCorsa& luogo, const CorsaGuidata& corsa, const CorsaIntera& intera) {
   EXPECT_LT(corsa.codice(), 128) << "it was ended by a signal";
   intera.attendeSano(luogo);
-  // Who goes on behind an error of the editor makes the file without the correction.
+  // A user who continues after an error of the editor makes the file without the correction.
   EXPECT_TRUE(luogo.soloInteri(luogo.file()));
   if (!corsa.detti().empty()) {
     EXPECT_TRUE(std::any_of(corsa.detti().begin(), corsa.detti().end(), diSpazio)) << corsa.detti().front();
   } else if (corsa.finita()) {
     EXPECT_TRUE(intera.tutta(luogo)) << "nothing was told, and something is missing";
   } else {
-    // A telematic file that cannot be opened stops the run without a word, on the last step.
+    // A telematic file that cannot be opened stops the run without a message, on the last step.
     EXPECT_EQ(luogo.file(), "") << "it stopped without a word";
   }
 }
@@ -103,7 +103,8 @@ TEST(FullDisk, IsToldAtEachWriteAndLosesNothing) {
   const PiccoloDisco disco;
   if (HasFailure()) return;
   if (!disco.montato()) {
-    // Where nothing may be mounted a limit of the process is what can be had of a full disk.
+    // Where mounting is not permitted, a limit of the process is the best available approximation of a full
+    // disk.
     std::cout << "  no small file system here (" << disco.impedimento() << ")\n";
     limitaFile(intera);
     return;

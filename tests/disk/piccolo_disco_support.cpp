@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char* kTanto = "size=256m,nr_inodes=100000";
 
-// Mounts of this process are its own from now on. True at once when they already are.
+// Gives this process its own mounts. Returns true at once when it already has them.
 bool perConto() {
   static const bool riuscito = [] {
     const uid_t utente = ::getuid();
@@ -53,7 +53,7 @@ void PiccoloDisco::lascia(Risorsa risorsa, std::size_t quante) const {
   const bool pagine = risorsa == Risorsa::Pagine;
   const std::size_t usate = pagine ? (stato.f_blocks - stato.f_bfree) * stato.f_frsize
                                    : static_cast<std::size_t>(stato.f_files - stato.f_ffree);
-  // Nothing left at all would mean no limit where nothing is used.
+  // A limit of zero would mean no limit.
   const std::string tutto = pagine ? "size=" + std::to_string(usate + quante * stato.f_frsize)
                                    : "nr_inodes=" + std::to_string(usate + quante);
   if (!monta(tutto, MS_REMOUNT)) throw std::runtime_error(std::string("remount: ") + std::strerror(errno));
@@ -64,7 +64,7 @@ void PiccoloDisco::libera() const {
 }
 
 LimiteFile::LimiteFile(std::size_t byte) {
-  std::signal(SIGXFSZ, SIG_IGN);  // the write fails instead; who is started takes it over
+  std::signal(SIGXFSZ, SIG_IGN);  // the write fails instead; started programs inherit this
   ::getrlimit(RLIMIT_FSIZE, &prima_);
   rlimit limite = prima_;
   limite.rlim_cur = byte;

@@ -9,8 +9,8 @@
 
 namespace cu::test {
 
-// A file system of its own in memory, of which the test says how much is left. The process moves into a mount
-// namespace of its own first, and into a user namespace where it has no right to mount.
+// A private file system in memory with a free space set by the test. The process first enters its own mount
+// namespace, and a user namespace where it has no right to mount.
 class PiccoloDisco {
  public:
   enum class Risorsa { Pagine, File };
@@ -20,12 +20,12 @@ class PiccoloDisco {
   PiccoloDisco(const PiccoloDisco&) = delete;
   PiccoloDisco& operator=(const PiccoloDisco&) = delete;
 
-  // False where the machine forbids all mounts; `impedimento` says what it answered.
+  // False where the machine does not permit mounts; `impedimento` is the system's answer.
   bool montato() const { return montato_; }
   const std::string& impedimento() const { return impedimento_; }
   const std::string& cartella() const { return cartella_.path(); }
 
-  // Leaves room for so many pages, or so many files, beyond what is there.
+  // Limits the free space to that number of pages, or of files.
   void lascia(Risorsa risorsa, std::size_t quante) const;
   void libera() const;
 
@@ -37,7 +37,7 @@ class PiccoloDisco {
   std::string impedimento_;
 };
 
-// As long as it lives, programs that are started can write no file beyond so many bytes.
+// During its lifetime, started programs can write no file beyond that number of bytes.
 class LimiteFile {
  public:
   explicit LimiteFile(std::size_t byte);

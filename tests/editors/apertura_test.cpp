@@ -1,4 +1,4 @@
-// The opening: filter, lookups, heading, codes, and what the queries ask.
+// The opening: filter, look-ups, heading, codes, and the queries.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -175,7 +175,7 @@ TEST_F(Opening, AMissingColumnIsToldToTheCaller) {
   EXPECT_THROW(editor->setRecordset(riga), Error);
 }
 
-// The cancellation leaves everything as it was.
+// A cancellation leaves everything unchanged.
 TEST_F(Opening, CancellingLeavesRowAndTableAsTheyWere) {
   moduli({modulo(7, 2), modulo(8, 3)});
   for (const int anno : kAnni) {

@@ -1,4 +1,4 @@
-// Which modules the confirmation brings to the database, and in what order.
+// Which modules the confirmation writes to the database, and in what order.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -172,7 +172,7 @@ TEST_F(FailingStatement, EndsTheConfirmationWhereItStands) {
   ASSERT_EQ(frontEnd.errors.size(), 1U);
   EXPECT_EQ(frontEnd.errors[0].text, "Il database ha rifiutato l'istruzione.");
   EXPECT_FALSE(editor->OK());
-  EXPECT_TRUE(utilita.released.empty());  // still there
+  EXPECT_TRUE(utilita.released.empty());  // still open
   EXPECT_THAT(opere(), ElementsAre("DELETE 7", "UPDATE 8", "UPDATE 9"));
 }
 
@@ -200,7 +200,8 @@ TEST_F(FailingStatement, LeavesTheRowAsItWas) {
 }
 
 TEST_F(FailingStatement, AModuleThatIsGoneIsTold) {
-  database.main.touchContaining("WHERE IDModuloXContoIndividuale = 7", 0);  // to be deleted: it may be gone
+  database.main.touchContaining("WHERE IDModuloXContoIndividuale = 7",
+                                0);  // to be deleted: it may not exist any more
   database.main.touchContaining("WHERE IDModuloXContoIndividuale = 9", 0);
   premi("cmdOk");
   ASSERT_EQ(frontEnd.errors.size(), 1U);

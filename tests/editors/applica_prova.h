@@ -8,7 +8,7 @@
 
 namespace cu::test {
 
-// An editor whose page of modules is worked on, and what reaches the database of it.
+// An editor whose page of modules is used, and the resulting statements.
 class Applying : public CampiProva {
  public:
   Applying() { massimo(whole(41)); }
@@ -30,7 +30,7 @@ class Applying : public CampiProva {
     importo(18).enter("99");
     premi("cmdSave");
   }
-  // What the statements do, by their first word and the module they are about.
+  // The statements, by their first word and their module.
   std::vector<std::string> opere() {
     std::vector<std::string> tutte;
     for (const std::string& testo : istruzioni()) {
@@ -42,7 +42,7 @@ class Applying : public CampiProva {
     }
     return tutte;
   }
-  // The fields of a new module, each amount with the number of its field.
+  // Fills the fields of a new module, each amount with the number of its field.
   void riempi(int anno) {
     for (const Campo& campo : tavolaModuli()) {
       if (!campo.nel(anno)) continue;

@@ -1,4 +1,4 @@
-// The dialog of the additional data from the editor: what goes in, what comes back, and the annulment.
+// The dialog of the additional data, opened by the editor: its input, its result, and the annulment.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// What the payment reason opens and closes, in each layout.
+// The fields locked and unlocked by the payment reason, in each layout.
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ std::vector<Causale> causali() {
 
 constexpr const char* kAddizionali[] = {"AddRegionAcconto", "AddRegionImposta", "AddRegionSospesa",
                                         "AddComunAcconto",  "AddComunImposta",  "AddComunSospesa"};
-// In the oldest layout the labels of the fields that a lock closes.
+// In the oldest layout the labels of the locked fields.
 const std::map<int, const char*> kEtichette = {
     {2, "lblField(3)"}, {3, "lblField(4)"}, {4, "lblField(5)"},          {5, "lblField(6)"},
     {6, "lblField(7)"}, {7, "lblField(8)"}, {12, "lblSommeNonSoggette"}, {15, "lblSpeseRimb"}};
@@ -115,7 +115,7 @@ TEST_F(Locks, DoNotDependOnTheKindOfTheCommunication) {
   }
 }
 
-// The code of the payer at the body, by the body.
+// The payer's code at each fund.
 struct Ente {
   const char* nome;
   Value id;

@@ -101,7 +101,7 @@ TEST(Layouts, AnAnnulmentIsFinishedInTheDialogSinceTheSecondForm) {
   for (const int anno : {0, 2013, 2014}) EXPECT_FALSE(fnAnnullaNelDialogo(anno)) << anno;
 }
 
-// What the build refuses.
+// Tables rejected by the build.
 class Agreement : public testing::Test {
  protected:
   ControlloCampo& campo(std::string_view colonna) {
@@ -145,7 +145,7 @@ TEST_F(Agreement, HasAColumnThatTwoBoxesOfAYearKeep) {
   EXPECT_FALSE(concorda(doppio, campi_, Pagina::Modulo1));
 }
 
-// The new year's box has a control as soon as the table of controls has one; the box that went is there until
+// The new year's box has a control as soon as the table of controls has one; the removed box is there until
 // then.
 TEST(NewYear, HasItsOwnFields) {
   for (const Pagina pagina : {Pagina::Modulo1, Pagina::AltriModuli}) {

@@ -1,4 +1,4 @@
-// Every field of the module 1, in every layout that has it: from the column into the control and back.
+// Every field of module 1, in every layout that has it: from the column into the control and back.
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@ namespace {
 class Modulo1Field : public testing::TestWithParam<Caso>, public CampiProva {
  protected:
   const Campo& campo() const { return GetParam().campo; }
-  // A stored value, and the same as the control tells it.
+  // A stored value, and the control's representation of it.
   std::pair<Value, std::string> conservato() const {
     switch (campo().tipo) {
       case Tipo::Importo:
@@ -49,7 +49,7 @@ TEST_P(Modulo1Field, GoesBackToItsColumnAndToNoOther) {
   const std::string nuovo = cambia(campo());
   Righe attese = {{campo().colonna, nuovo}, {"Modificato", "-1"}};
   if (campo().tipo == Tipo::Elenco) attese["CodicePerNonSoggetti"] = "C2";
-  if (std::string(campo().colonna) != "RitenuteAcconto") {  // one that is sure to mark the row
+  if (std::string(campo().colonna) != "RitenuteAcconto") {  // a change that certainly marks the row
     importo(20).enter("5");
     attese["RitenuteAcconto"] = "5";
   }
@@ -73,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, MissingField,
                                                            casi(tavolaIntestazione(), false)))),
                          NomeCaso());
 
-// No control of the arrays stands on a form beyond those of the tables.
+// A form has no controls of the arrays other than those of the tables.
 TEST(Fields, AreThoseOfTheTablesAndNoOthers) {
   for (const int anno : kAnni) {
     CampiProva prova;

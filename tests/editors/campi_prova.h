@@ -9,8 +9,8 @@
 
 namespace cu::test {
 
-// A row as the database may hold it, with something different in every column: payment reason "N", codes and
-// municipalities that the database knows.
+// A row as the database may contain it, with a different value in every column: payment reason "N", codes and
+// municipalities known to the database.
 inline WorkRow rigaPiena() {
   WorkRow riga;
   int n = 100;
@@ -50,7 +50,7 @@ inline WorkRow rigaPiena() {
   return riga;
 }
 
-// A module with something different in every column, for the editor of a year.
+// A module with a different value in every column, for the editor of a year.
 inline WorkRow moduloPieno(std::int64_t id, std::int64_t numero) {
   WorkRow modulo;
   int n = 200;
@@ -74,7 +74,7 @@ inline WorkRow moduloPieno(std::int64_t id, std::int64_t numero) {
   return modulo;
 }
 
-// The smallest module.
+// A minimal module.
 inline WorkRow modulo(std::int64_t id, std::int64_t numero, WorkRow altro = {}) {
   altro["IDModuloXContoIndividuale"] = whole(id);
   altro["NumeroModulo"] = whole(numero);
@@ -82,7 +82,7 @@ inline WorkRow modulo(std::int64_t id, std::int64_t numero, WorkRow altro = {}) 
   return altro;
 }
 
-// An editor in front of a database that knows two codes and two municipalities.
+// An editor and a database with two codes and two municipalities.
 class CampiProva : public EditorProva {
  public:
   CampiProva() {
@@ -105,7 +105,7 @@ class CampiProva : public EditorProva {
         Table({"CodiceComuneDiNascita", "Provincia"}, {{text(codice), text(provincia)}}));
   }
 
-  // What the control shows, in the same writing as a column's value.
+  // The value shown by the control, in the notation of a column's value.
   std::string mostrato(const Campo& campo) {
     switch (campo.tipo) {
       case Tipo::Importo:
@@ -121,7 +121,7 @@ class CampiProva : public EditorProva {
     }
     return {};
   }
-  // A person's change to something that it did not show.
+  // Changes the control as the user, to a value that it did not show.
   std::string cambia(const Campo& campo) {
     switch (campo.tipo) {
       case Tipo::Importo:
@@ -155,7 +155,7 @@ class CampiProva : public EditorProva {
     }
     return colonne;
   }
-  // The columns that differ, with what they are now.
+  // The columns that differ, with their new values.
   static Righe differenze(const Righe& prima, const Righe& dopo) {
     Righe diverse;
     for (const auto& [nome, valore] : dopo) {

@@ -1,4 +1,4 @@
-// A box of an editor, of each kind: what it shows, what it gives back, when it is filled in.
+// A box of an editor, of each kind: the value shown, the value returned, when it is filled.
 
 #include "editors/casella.h"
 
@@ -77,7 +77,7 @@ TEST_F(BoxKinds, AreFilledInByAnythingButZeroBlanksOrNoChoice) {
   EXPECT_TRUE(conFlag.pieno());
   mostra(conElenco, whole(1));
   EXPECT_TRUE(conElenco.pieno());
-  mostra(conElenco, whole(9));  // no entry of the list
+  mostra(conElenco, whole(9));  // not in the list
   EXPECT_FALSE(conElenco.pieno());
   mostra(conNumero, whole(2));
   EXPECT_TRUE(conNumero.pieno());
@@ -107,7 +107,7 @@ TEST_F(BoxKinds, DifferFromTheRowWhenAPersonHasChangedThem) {
   EXPECT_FALSE(conTesto.diversa(lungo.view(), utilita)) << "stored as it is, though cut on the screen";
   testo.enter("Ross");
   EXPECT_TRUE(conTesto.diversa(lungo.view(), utilita));
-  const Value ignota = whole(9);  // no entry of the list
+  const Value ignota = whole(9);  // not in the list
   mostra(conElenco, ignota);
   EXPECT_FALSE(conElenco.diversa(ignota.view(), utilita));
   elenco.setIndex(0);

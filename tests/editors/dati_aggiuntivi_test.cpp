@@ -1,4 +1,4 @@
-// The dialog of the additional data by itself.
+// The dialog of the additional data alone.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

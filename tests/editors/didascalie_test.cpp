@@ -1,4 +1,4 @@
-// The words of the form.
+// The texts of the form.
 
 #include <gtest/gtest.h>
 
@@ -84,7 +84,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Didascalia{"lblNoteCompilazione", "Note di compilazione"}),
     nomeDidascalia);
 
-// From the form of 2016 on a field bears its number.
+// From the form of 2016 on the captions contain the field's number.
 class NumberedField : public testing::TestWithParam<Caso>, public CampiProva {};
 
 TEST_P(NumberedField, BearsItsNumberInTheMinisterialForm) {

@@ -19,7 +19,7 @@
 
 namespace cu::test {
 
-// An editor over a work table in memory, in surroundings that note what they are asked: company 1, title
+// An editor on a work table in memory, with surroundings that record their calls: company 1, title
 // "Quadrivio", the euro.
 class EditorProva {
  public:
@@ -36,11 +36,11 @@ class EditorProva {
     answerEditors(database);
   }
 
-  // Before apri(): the modules the database has.
+  // Before apri(): the modules in the database.
   void moduli(const std::vector<WorkRow>& righe) {
     database.internal.answerContaining("FROM ModuloXContoIndividuale WHERE Anno = ", moduleTable(righe));
   }
-  // Makes the editor of the year and loads the row; the row's year is that year. The form does not show.
+  // Creates the editor of the year and loads the row, whose year is set to it. The form is not shown.
   Editor& apri(std::int32_t anno, WorkRow cambi = {}, std::int32_t tipo = 1) {
     cambi.try_emplace("Anno", whole(anno));
     if (editor) editor.reset();
@@ -66,7 +66,7 @@ class EditorProva {
   void premi(const std::string& nome) {
     frontEnd.runEvent([&] { c<Button>(nome).click(); });
   }
-  // The field has the focus and loses it.
+  // Sets the focus to the field and removes it.
   void lascia(Control& controllo) {
     editor->setFocus(&controllo);
     editor->setFocus(nullptr);

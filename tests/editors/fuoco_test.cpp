@@ -1,4 +1,4 @@
-// Where the focus goes in an editor, what a key presses, and what a press would drop.
+// The movement of the focus in an editor, the buttons pressed by keys, and what a press would discard.
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@ namespace {
 
 class EditorFocus : public testing::TestWithParam<int>, public CampiProva {
  protected:
-  // A person's press on a button of the form.
+  // The user presses a button of the form.
   void premiDaPersona(const char* nome) {
     Button& pulsante = c<Button>(nome);
     editor->perform(pulsante, [&] { pulsante.click(); });

@@ -1,4 +1,4 @@
-// What the boxes take: limits, formats, lengths.
+// The input accepted by the boxes: limits, formats, lengths.
 
 #include <gtest/gtest.h>
 
@@ -64,7 +64,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, Amount,
                                                 insieme(casi(tavolaModulo1()), casi(tavolaModuli())))),
                          NomeCaso());
 
-// The texts of sixteen characters: those a person types, and of the heading the fiscal codes.
+// The texts of sixteen characters: those typed by the user, and the fiscal codes of the heading.
 const std::set<int> kSediciCaratteri = {5, 6, 7, 8, 9, 10, 13, 14, 18, 0, 11, 12, 19};
 
 class TextField : public testing::TestWithParam<Caso>, public CampiProva {};

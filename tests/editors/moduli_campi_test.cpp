@@ -1,4 +1,5 @@
-// Every field of the additional modules, in every layout that has it: from the row shown, and back at Salva.
+// Every field of the additional modules, in every layout that has it: from the row shown, and back with
+// Salva.
 
 #include <gtest/gtest.h>
 

@@ -37,7 +37,7 @@ TEST_P(ModulesPage, WithoutModulesOpensInTheStateOfANewOneWithNumberTwo) {
   EXPECT_FALSE(salvaAcceso());
   EXPECT_EQ(griglia().rowCount(), 0U);
   importo(18).enter("1");
-  premi("cmdSave");  // it is a new one
+  premi("cmdSave");  // it is a new module
   EXPECT_THAT(numeri(), ElementsAre("2"));
 }
 
@@ -54,7 +54,7 @@ TEST_P(ModulesPage, WithModulesShowsTheFirst) {
 }
 
 TEST_P(ModulesPage, ShowsEveryModuleWhateverItsAdvanceFlag) {
-  // The mark of deletion comes from the query as a copy of the flag.
+  // The query initialises the deletion mark with a copy of the flag.
   moduli({modulo(7, 2, {{"Anticipazione", whole(-1)}}), modulo(8, 3, {{"Anticipazione", whole(1)}})});
   apri(GetParam());
   EXPECT_THAT(numeri(), ElementsAre("2", "3"));

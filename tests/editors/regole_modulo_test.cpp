@@ -1,4 +1,4 @@
-// What a module must be before it is kept: one message at a time, the focus where the fault is.
+// The checks of a module before it is stored: one message at a time, the focus on the faulty field.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ class ModuleRule : public testing::TestWithParam<int>, public CampiProva {
     apri(GetParam());
     premi("cmdNew");
   }
-  // Nothing is saved, the message is told, the field named has the focus.
+  // Nothing is saved, the message is shown, the named field has the focus.
   void rifiuta(const std::string& testo, const std::string& campo) {
     frontEnd.boxes.clear();
     const bool acceso = salvaAcceso();
@@ -115,7 +115,7 @@ TEST_P(ModuleRule, SumsOfZeroNeedNone) {
   importo(17).enter("0");
   accetta();
   premi("cmdNew");
-  importo(17).enter("-1");  // no minus is let in: it is 1
+  importo(17).enter("-1");  // the minus is rejected: it is 1
   EXPECT_EQ(importo(17).value(), 1);
 }
 

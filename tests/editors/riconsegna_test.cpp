@@ -1,4 +1,4 @@
-// The confirmation hands the row back: codes, additional data, municipalities.
+// The confirmation writes the row back: codes, additional data, municipalities.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -169,7 +169,7 @@ TEST_P(HandBack, StoresTheModulesAlsoWhenTheRowIsUnmarked) {
   moduli({modulo(7, 2), modulo(8, 3)});
   apri(GetParam());
   premi("cmdDelete");
-  // Deleting has recalculated the gross amount, which was the same.
+  // The deletion has recalculated the gross amount, which did not change.
   premi("cmdOk");
   EXPECT_FALSE(modificata());
   EXPECT_THAT(istruzioni(),

@@ -1,4 +1,4 @@
-// What the check of the compilation tells, word for word, and what the answer does.
+// The warnings of the input check, word for word, and the effect of the answer.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -45,8 +45,8 @@ std::string vuoto71(const std::string& campo) {
 }
 
 struct Voce {
-  int indice;  // of curField on the page of the module 1
-  int altri;   // and on the other page
+  int indice;  // of curField on the page of module 1
+  int altri;   // on the other page
   const char* nome;
 };
 std::ostream& operator<<(std::ostream& out, const Voce& voce) { return out << voce.nome; }
@@ -65,7 +65,7 @@ const Voce kElencoA[] = {
 
 class Rules : public CampiProva {
  public:
-  // The report that cmdOk asks about in the editor of the year; "" when it asks nothing.
+  // The question of cmdOk in the editor of the year; "" when there is none.
   std::string segnalate() {
     frontEnd.boxes.clear();
     frontEnd.answers = {Answer::Cancel};
@@ -117,9 +117,9 @@ TEST_F(Warnings, ARefusalLeavesFormRowAndModulesAsTheyAre) {
   EXPECT_FALSE(editor->OK());
   EXPECT_TRUE(differenze(prima, fotografia(riga)).empty());
   EXPECT_THAT(istruzioni(), IsEmpty());
-  EXPECT_TRUE(utilita.released.empty());  // still there
+  EXPECT_TRUE(utilita.released.empty());  // still open
   frontEnd.answers = {Answer::Cancel};
-  premi("cmdOk");  // asked again at the next press
+  premi("cmdOk");  // asks again at the next press
   EXPECT_EQ(frontEnd.boxes.size(), 2U);
   frontEnd.answers = {Answer::Ok};
   premi("cmdOk");
@@ -294,7 +294,7 @@ TEST_P(OtherPayer, OfAModuleIsNotWarnedOfWithItsCode) {
 INSTANTIATE_TEST_SUITE_P(ListA, OtherPayer, testing::ValuesIn(kElencoA),
                          [](const auto& voce) { return "curField_" + std::to_string(voce.param.indice); });
 
-// Each field of the sections that campo 72 and campo 73 speak of: what it is worth alone, by year.
+// Each field of the sections of campo 72 and campo 73: whether it is sufficient alone, by year.
 struct Sezione {
   const char* controllo;
   bool nel2015;
@@ -324,7 +324,7 @@ TEST_P(Section, AllowsItsFiscalCode) {
   }
 }
 
-// In the year 2015 campi 103 and 107 alone do not count.
+// In 2015 campi 103 and 107 alone are not sufficient.
 INSTANTIATE_TEST_SUITE_P(
     ListB, Section,
     testing::Values(Sezione{"txtField(9)", true, true, 72}, Sezione{"curField(38)", true, true, 72},

@@ -1,4 +1,4 @@
-// What a change marks: the row, the module, nothing.
+// The marks set by a change: on the row, on the module, or none.
 
 #include <gtest/gtest.h>
 
@@ -9,8 +9,8 @@ namespace {
 
 enum class Segno { Riga, Modulo, Niente };
 
-// The amounts and texts whose change is one of the module, by their index; every other amount marks the row,
-// every other text nothing.
+// The amounts and texts whose change marks the module, by index; any other amount marks the row, any other
+// text nothing.
 const std::set<int> kImportiDelModulo = {17, 18, 21, 50, 51, 52, 53, 66, 67, 69, 70, 71, 74, 75, 76, 77, 78,
                                          79, 80, 81, 82, 83, 84, 85, 86, 87, 88, 89, 90, 91, 92, 93, 94, 95};
 const std::set<int> kTestiDelModulo = {12, 13, 14, 18, 19, 20, 22, 23};

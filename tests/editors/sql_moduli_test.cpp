@@ -86,7 +86,7 @@ TEST_F(Statements, AnInsertionOfTheLayoutOf2015) {
           "137.5, 138.5)"));
 }
 
-// Its list of columns closes with a blank of its own.
+// Its list of columns ends with a blank.
 TEST_F(Statements, AnInsertionOfTheOldestLayout) {
   apri(2014);
   riempi(2014);
@@ -192,7 +192,7 @@ TEST_F(Statements, ADeletion) {
   }
 }
 
-// Number and year are amounts to an update and ids to an insertion.
+// Number and year are amounts in an update and ids in an insertion.
 TEST_F(Statements, AYearOfZeroIsZeroInAnUpdateAndNullInAnInsertion) {
   moduli({modulo(7, 0, {{"AnnoModulo", whole(0)}})});
   apri(2014);

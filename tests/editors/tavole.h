@@ -12,14 +12,14 @@ namespace cu::test {
 
 enum class Tipo { Importo, Testo, Flag, Elenco, Numero };
 
-// Layouts by the first year they serve; 2016 stands for every later year.
+// Layouts by their first year; 2016 stands for every later year.
 inline constexpr int kAnni[] = {2014, 2015, 2016};
 inline constexpr int kTutti = 7;
 inline constexpr int kDal2015 = 6;
 inline constexpr int kNel2015 = 2;
 inline constexpr int kDal2016 = 4;
 
-// A field as a person meets it: the control, the column behind it, its number in the ministerial form.
+// A field of the editor: the control, its column, its number in the ministerial form.
 struct Campo {
   const char* controllo;
   const char* colonna;
@@ -148,7 +148,7 @@ inline const std::vector<Campo>& tavolaModuli() {
   return tavola;
 }
 
-// The heading of both pages: read-only boxes and what they show.
+// The heading of both pages: read-only boxes and their values.
 inline const std::vector<Campo>& tavolaIntestazione() {
   using enum Tipo;
   static const std::vector<Campo> tavola = {
@@ -178,7 +178,7 @@ struct Caso {
   }
 };
 
-// The fields that the layouts have (or lack) one by one.
+// The fields that each layout has (or lacks), one by one.
 inline std::vector<Caso> casi(const std::vector<Campo>& tavola, bool presenti = true) {
   std::vector<Caso> tutti;
   for (const int anno : kAnni) {

@@ -1,6 +1,6 @@
-// A full run fails at one point after another. It must tell so or pass on, and leave everything sound: the
-// database, what belongs to others, each table of the accounts whole, and the next run as if nothing had
-// been.
+// A full run fails at one point after another. It is required to report the error or to continue, and to
+// leave everything intact: the database, foreign data, each table of the accounts whole, and the next run
+// unaffected.
 
 #include <gtest/gtest.h>
 
@@ -41,8 +41,8 @@ TEST_P(FaultyRun, TellsItOrPassesOnAndLosesNothing) {
     ASSERT_FALSE(guasto.scattata().empty());
     const bool detto = !esito.messaggi.empty();
     detti += detto ? 1 : 0;
-    // A file that cannot be opened stops the run without a word, on the last step. Whoever else passes on in
-    // silence has done the whole work.
+    // A file that cannot be opened stops the run without a message, on the last step. Every other run that
+    // continues silently has completed the work.
     const bool nonAperto = guasto.scattata().starts_with("openForOutput") && !esito.finita;
     EXPECT_TRUE(detto || nonAperto || (esito.finita && corsa.file() == file));
     EXPECT_EQ(corsa.integrita(), "ok|\n");

@@ -24,7 +24,7 @@ constexpr const char* kFile = "Documenti/CUR_04123450233_2016.cur";
 constexpr const char* kAltroFile = "Documenti/CUR_04123450233_2015.cur";
 constexpr const char* kAltraImpostazione = "[\"Altro\".\"Sezione\"]\nNome = \"valore\"\n";
 
-// Made once, copied for each run.
+// Created once, copied for each run.
 const std::string& modello() {
   static const TempFolder cartella;
   static std::string file;
@@ -143,7 +143,7 @@ Corsa::Esito Corsa::percorri(Guasto& guasto) {
       passi(wizard);
       esito.finita = wizard.stages().at(0)->onStage();
     } catch (const Refused& rifiuto) {
-      // A control that what was told has left out of reach: a person would stop here.
+      // A control made unreachable by a reported error: the user would stop here.
       if (schermo.messages.empty()) throw std::logic_error("refused without a word: " + rifiuto.reason);
     }
     schermo.runEvent([&] { wizard.unload(); });

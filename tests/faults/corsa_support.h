@@ -10,23 +10,23 @@
 
 namespace cu::test {
 
-// A whole run for the year 2016 on a database of its own: a line corrected in its editor, one with a module,
-// the references left alone, the file, the end.
+// A whole run for 2016 on a database of its own: a line corrected in its editor, one with a module, the
+// references left unchanged, the file, the end.
 class Corsa {
  public:
   Corsa();
 
   struct Esito {
-    bool finita = false;                // back on the first step behind the file
-    std::vector<std::string> messaggi;  // what was told
+    bool finita = false;                // back on the first step after the file
+    std::vector<std::string> messaggi;  // the messages shown
   };
-  // Nothing may leave it as an exception.
+  // No exception may propagate from it.
   Esito percorri(Guasto& guasto);
 
   std::string file() const;                          // the telematic file's content; "" when there is none
   std::map<std::string, std::string> conti() const;  // each table of the accounts, as one text
   std::string integrita() const;                     // "ok"
-  void sporca() const;                               // an earlier file and setting that are not this run's
+  void sporca() const;  // an earlier file and setting that do not belong to this run
   bool altruiIntatti() const;
 
  private:

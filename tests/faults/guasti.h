@@ -11,8 +11,7 @@
 
 namespace cu::test {
 
-// Counts what a run asks of its surroundings and lets one call fail: the n-th, from 1, of the kind that is
-// watched.
+// Counts a run's calls of its surroundings and makes one fail: the n-th, from 1, of the selected kind.
 class Guasto {
  public:
   enum class Dove { Database, File, Impostazioni };
@@ -25,7 +24,7 @@ class Guasto {
     return true;
   }
   int chiamate() const { return chiamate_; }
-  const std::string& scattata() const { return scattata_; }  // which call failed; empty while none has
+  const std::string& scattata() const { return scattata_; }  // the call that failed; empty while none has
 
  private:
   Dove dove_;

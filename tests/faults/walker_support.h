@@ -10,30 +10,30 @@
 
 namespace cu::test {
 
-// Stands before the wizard by itself: boxes are answered by a rule, each modal form is done by the steps
-// given for its name, and everything that was told is kept.
+// Operates the wizard: boxes are answered by a rule, each modal form by the steps set for its name, and all
+// messages are kept.
 class Walker : public FrontEnd {
  public:
   using Steps = std::function<void(Form& form)>;
 
-  // A warning, that is a box with OK and Cancel, is passed only if so wanted.
+  // A warning (a box with OK and Cancel) is confirmed only if this is set.
   bool passWarnings = false;
   std::string folder;                    // the answer of the folder dialog
-  std::optional<std::string> savedFile;  // the answer of the dialog for the name of a file
+  std::optional<std::string> savedFile;  // the answer of the file name dialog
   void onForm(const std::string& name, Steps steps) { steps_[name] = std::move(steps); }
 
   struct Warning {
     std::string text;
     bool passed;
   };
-  std::vector<std::string> messages;  // what was refused, and errors that nothing caught
+  std::vector<std::string> messages;  // rejections, and errors that no handler caught
   std::vector<Warning> warnings;
   std::vector<LogTable> logs;
   std::vector<PrintNote> prints;
-  Form* shown = nullptr;  // the last form that opened beside the others
+  Form* shown = nullptr;  // the last form opened without being modal
 
   void show(Form& form) override { shown = &form; }
-  // A form that is still open after its steps, or has none, is closed.
+  // A form without steps, or still open after them, is closed.
   void showModal(Form& form) override;
   void closed(Form& form) override;
   Answer messageBox(const MessageBox& box) override;

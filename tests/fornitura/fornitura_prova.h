@@ -16,8 +16,8 @@
 
 namespace cu::test {
 
-// The operations in surroundings that note what they are asked: user 12, company 1, 5 March 2017. No form is
-// there; the front end is the sink of their progress alone.
+// The operations with surroundings that record their calls: user 12, company 1, 5 March 2017. There is no
+// form; the front end is only the sink of their progress.
 class OperazioniProva : public testing::Test {
  protected:
   OperazioniProva() {
@@ -54,7 +54,7 @@ class OperazioniProva : public testing::Test {
   Compensi compensi{utilita, avanzamento};
 };
 
-// The code and the place of each.
+// The code and the place of each finding.
 inline std::vector<std::string> codici(const std::vector<Finding>& rilievi) {
   std::vector<std::string> trovati;
   for (const Finding& rilievo : rilievi) trovati.push_back(rilievo.code + " @" + rilievo.place);

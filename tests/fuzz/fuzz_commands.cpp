@@ -1,5 +1,5 @@
-// Any bytes as the input of a conversation: each line gets one answer, which is JSON of the known shape, and
-// the last one says that it is over.
+// Any bytes as the input of a conversation: each line has one answer, which is JSON of the known structure,
+// and the last one reports the end.
 
 #include <cstddef>
 #include <cstdint>
@@ -29,7 +29,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!hasShape(answer)) std::abort();
   }
   if (!talk.ultima()["ended"].get<bool>()) std::abort();
-  // One before any command, one for each line, one at the end of the input; fewer when a form was closed.
+  // One answer before any command, one for each line, one at the end of the input; fewer when a form was
+  // closed.
   if (talk.risposte.size() > lines + 2) std::abort();
   if (talk.esito == cu::Driver::Outcome::InputEnded && talk.risposte.size() != lines + 2) std::abort();
   return 0;

@@ -1,5 +1,5 @@
-// Any bytes as the definition of a report: refused in one line that names the file, or printed, as pages and
-// as a table, from a view that has all the fields it asks for.
+// Any bytes as the definition of a report: rejected in one line that names the file, or printed, as pages and
+// as a table, from a view that has all the fields used.
 
 #include <cstddef>
 #include <cstdint>
@@ -52,7 +52,7 @@ void checkColumns(const std::vector<cu::reporting::ReportColumn>& columns) {
   }
 }
 
-// What every definition that was accepted keeps to.
+// The invariants of every accepted definition.
 void checkRules(const ReportDefinition& definition) {
   check(!definition.name.empty() && !definition.view.empty() && !definition.title.empty() &&
             definition.objectType > 0 && definition.number > 0 && !definition.order.empty(),
@@ -76,7 +76,7 @@ void checkRules(const ReportDefinition& definition) {
   }
 }
 
-// The fields that a definition reads, and those that every layout does.
+// The fields that a definition reads, and those that every layout reads.
 std::vector<cu::Column> fieldsOf(const ReportDefinition& definition) {
   std::vector<std::string> names = {"IDAnagrafica",
                                     "IDCausalePagamento",
@@ -136,7 +136,7 @@ std::vector<cu::Column> fieldsOf(const ReportDefinition& definition) {
   }
   for (const auto& computed : definition.computed) names.push_back(computed.name);
   names.insert(names.end(), definition.order.begin(), definition.order.end());
-  // A box reads more columns than the one that it is placed by.
+  // A box reads more columns than the one that identifies it.
   for (const auto& campo : cu::modello::kModello.campi) {
     for (const std::string_view column : campo.altre) {
       if (!column.empty()) names.emplace_back(column);
@@ -159,7 +159,7 @@ std::vector<cu::Column> fieldsOf(const ReportDefinition& definition) {
   return columns;
 }
 
-// Answers each question with the same few rows, in which all kinds of values take turns.
+// Answers each query with the same few rows, in which all kinds of values alternate.
 class AnyRows : public cu::Connection {
  public:
   explicit AnyRows(std::vector<cu::Column> columns) {
@@ -182,7 +182,7 @@ class AnyRows : public cu::Connection {
     for (std::size_t row = 0; row < kRows; ++row) {
       auto& cells = rows_.rows.emplace_back();
       for (std::size_t column = 0; column < rows_.columns.size(); ++column) {
-        // Two rows after each other agree in most of their cells: groups form.
+        // Two consecutive rows agree in most of their cells, so that groups form.
         cells.push_back(values[(column + row / 2 + (column % 5 == 0 ? row : 0)) % values.size()]);
       }
     }

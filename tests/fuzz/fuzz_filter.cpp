@@ -1,5 +1,5 @@
-// Any text as a recordset's filter, held against a reading of its own that goes by the rule and not by the
-// program: refused with the same number, or the same rows in sight, before and after they are changed.
+// Any text as a recordset's filter, compared with an independent implementation of the filter rules: rejected
+// with the same number, or the same visible rows, before and after changes.
 
 #include <cstddef>
 #include <cstdint>
@@ -53,7 +53,7 @@ struct Comparison {
 };
 using Condition = std::vector<std::vector<Comparison>>;
 
-// The condition by its rule. Raises the number of the error as an int.
+// Parses the condition by the rules. Raises the number of the error as an int.
 class Reading {
  public:
   explicit Reading(std::string_view text) : rest_(text) {}
@@ -219,7 +219,7 @@ bool matches(const Condition& condition, const std::vector<CellView>& row) {
   return false;
 }
 
-// Rows of all kinds, and of what the condition asks for itself.
+// Rows of all kinds, and rows with the condition's own literals.
 std::vector<std::vector<Value>> rowsFor(const Condition& condition) {
   std::vector<std::vector<Value>> rows = {
       {null(), null(), null(), null(), null()},
@@ -243,7 +243,7 @@ std::vector<std::vector<Value>> rowsFor(const Condition& condition) {
   return rows;
 }
 
-// The rows in sight are those that meet the condition, in their order.
+// The visible rows are those that match the condition, in order.
 void check(cu::Recordset& set, const Condition& condition) {
   const auto all = set.Clone();
   std::vector<CellView> cells(columns().size());
@@ -292,7 +292,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   check(set, condition);
 
-  // A change of the first row in sight, one column after the other, until no row is left there.
+  // Changes the first visible row, one column after the other, until no row is visible.
   const Value changes[] = {null(), whole(7), Value::ofDecimal(cu::Decimal::fromScaled(-70000)),
                            Value::ofText("abc"), day(2018, 1, 31)};
   for (std::size_t step = 0; step < columns().size() && set.RecordCount() > 0; ++step) {

@@ -1,5 +1,5 @@
-// Any bytes as a selection formula: a condition that the database's own tokenizer takes for as many literals
-// as the formula has, or one line that names a place within the formula.
+// Any bytes as a selection formula: a condition in which the database's tokenizer finds as many literals as
+// the formula has, or one line with a position in the formula.
 
 #include <cstddef>
 #include <cstdint>

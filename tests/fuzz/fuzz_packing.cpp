@@ -1,5 +1,5 @@
-// Any bytes as a script of cells: what goes into the packed rows comes out of them, whole or in part, and
-// stays where it lies.
+// Any bytes as a script of cells: the packed rows return what was stored, whole or in part, at stable
+// addresses.
 
 #include <cstddef>
 #include <cstdint>
@@ -29,7 +29,7 @@ constexpr std::size_t kMostBytes = 4U << 20;
   std::abort();
 }
 
-// Zeros behind the end.
+// Zeros after the end.
 class Script {
  public:
   Script(const std::uint8_t* data, std::size_t size) : at_(data), left_(size) {}
@@ -103,7 +103,7 @@ class Rows {
     }
   }
 
-  // False where the row ends before its last column.
+  // Returns false where the row ends before its last column.
   bool cell(Script& script, std::vector<Value>& cells) {
     switch (script.number<std::uint8_t>() % 10) {
       case 0:

@@ -1,4 +1,4 @@
-// Any bytes as a profile: read, or refused in one line that names the file.
+// Any bytes as a profile: read, or rejected in one line that names the file.
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
-// The tokenizer, the parser and the rewriting stand any bytes, and what they make of a text the engine can
-// prepare.
+// The tokenizer, the parser and the rewriting accept any bytes, and the engine can prepare every text that
+// they produce.
 #include <sqlite3.h>
 
 #include <cstddef>
@@ -46,7 +46,7 @@ struct Database {
   std::unique_ptr<StoredCatalog> catalog;
 };
 
-// What the engine itself limits or finds at preparing: no fault of the adapted text.
+// Limits of the engine, and errors found at preparing: no fault of the adapted text.
 bool allowed(std::string_view message) {
   for (const std::string_view known :
        {"too many", "misuse of aggregate", "at most", "expression tree is too large", "already exists",
@@ -56,7 +56,7 @@ bool allowed(std::string_view message) {
   return false;
 }
 
-// A text that was understood is of its own shape.
+// A parsed text matches its own shape.
 void checkShape(std::string_view text, const TokenList& tokens) {
   const Shape shape(text, tokens, std::vector<bool>(tokens.literals.size(), true));
   std::vector<Literal> literals;

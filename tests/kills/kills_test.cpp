@@ -1,6 +1,6 @@
-// The program killed at random moments of a whole run, some hundred times: the database is sound, each table
-// of the accounts is as before or as after, what belongs to others is untouched, nothing stands under its
-// name that is not whole but the telematic file, and the next run makes all of it.
+// The program is killed at random moments of a whole run, some hundred times: the database is intact, each
+// table of the accounts is as before or as after, foreign data is unchanged, no incomplete file but the
+// telematic file has its final name, and the next run produces everything.
 //
 // CU_KILLS is the number of kills.
 
@@ -22,7 +22,7 @@ namespace {
 using Tempo = CorsaIntera::Tempo;
 
 constexpr int kUccisioni = 300;
-constexpr int kTentativi = 3;  // for a kill; a program that is done sooner is not killed
+constexpr int kTentativi = 3;  // per kill; a program that ends before is not killed
 constexpr unsigned kInsieme = 2;
 
 int uccisioni() {
@@ -36,9 +36,9 @@ void sano(const LuogoCorsa& luogo, const CorsaIntera& intera) {
   EXPECT_TRUE(intera.file().starts_with(luogo.file()));
 }
 
-// Kills a run within a step of it. False where the program was done before.
+// Kills a run within a step. Returns false where the program ended before.
 bool uccidi(const LuogoCorsa& luogo, const CorsaIntera& intera, std::mt19937& caso, std::size_t& passo) {
-  // Every other time a step that takes long, in proportion to what it takes.
+  // Every second time a long step, in proportion to its duration.
   std::vector<double> pesi(intera.tempi().size(), 1);
   if (caso() % 2 == 0) {
     std::transform(intera.tempi().begin(), intera.tempi().end(), pesi.begin(),

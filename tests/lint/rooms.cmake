@@ -1,8 +1,8 @@
-# Compares the list of links in a page with the rooms as they were built:
+# Compares the list of links in a page with the built rooms:
 #
 #   cmake -D PAGE=<ARCHITECTURE.md> -D ROOMS=<one room and its links a line> -P rooms.cmake
 #
-# Fails with a line for each difference, and for each room that links one that stands after it in the list.
+# Fails with a line for each difference, and for each room that links a later one of the list.
 
 cmake_minimum_required(VERSION 3.25)
 

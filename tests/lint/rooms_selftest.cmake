@@ -1,4 +1,4 @@
-# What rooms.cmake accepts and rejects.
+# Tests what rooms.cmake accepts and rejects.
 
 cmake_minimum_required(VERSION 3.25)
 

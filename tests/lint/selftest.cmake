@@ -1,4 +1,4 @@
-# Each rule of tools/lint.cmake can fail, and fails at the right line; what is allowed passes.
+# Each rule of tools/lint.cmake can fail, and fails at the right line; permitted code passes.
 # cmake -D LINT=<tools/lint.cmake> -D WORK=<scratch folder> -P selftest.cmake
 
 cmake_minimum_required(VERSION 3.25)
@@ -6,7 +6,7 @@ cmake_minimum_required(VERSION 3.25)
 set(failures "")
 set(count 0)
 
-# A tree with one good core file; the cases are put beside it, each in a file of its own.
+# A tree with one valid core file; each case is added in a file of its own.
 function(new_tree tree)
   file(REMOVE_RECURSE "${WORK}/${tree}")
   file(WRITE "${WORK}/${tree}/src/host/good.h" "#pragma once\n#include <string>\n#include \"host/good.h\"\n")
@@ -27,7 +27,7 @@ function(numbered path)
   set(path "${path}" PARENT_SCOPE)
 endfunction()
 
-# One breach, told with its place; the first of each rule fails the lint by itself.
+# One breach, reported with its place; the first of each rule is also sufficient alone to fail the lint.
 function(refuses path line rule content)
   numbered("${path}")
   file(WRITE "${WORK}/refused/${path}" "${content}")
@@ -53,7 +53,7 @@ endfunction()
 new_tree(refused)
 new_tree(allowed)
 
-# Leaving the folder, everywhere.
+# Includes that leave the folder, in every room.
 foreach(path src/host/a.h src/suite/a.cpp src/desktop/a.cpp tests/host/a_test.cpp bench/a.cpp)
   refuses(${path} 2 include-up "#pragma once\n#include \"../host/good.h\"\n")
 endforeach()
@@ -61,7 +61,7 @@ refuses(src/suite/a.cpp 1 include-up "#include \"a/../b.h\"\n")
 refuses(src/suite/a.cpp 1 include-up "  #  include <../b.h>\n")
 allows(src/suite/a.cpp "#include \"a..b.h\"\n#include \"host/good.h\"\n")
 
-# What the core may include: in every one of its folders, and below.
+# The permitted includes of the core: in each of its folders, and below.
 foreach(folder base data host controls modello context worklist telematic editors printing wizard telematic/engine)
   refuses(src/${folder}/a.cpp 3 core-include "#include <vector>\n\n#include <sqlite3.h>\n")
   refuses(src/${folder}/a.cpp 1 core-include "#include \"thirdparty/json.h\"\n")
@@ -79,7 +79,7 @@ foreach(folder suite archive sqlite odbc reporting desktop automation apps)
   allows(src/${folder}/a.cpp "#include <sqlite3.h>\n#include <iostream>\nint x = printf(\"x\");\n")
 endforeach()
 
-# Calls by the locale.
+# Calls that depend on the locale.
 foreach(name stod stof stold stoi stol strtod strtof strtold strtol atof atoi to_string to_wstring setlocale
              localeconv printf fprintf sprintf snprintf vsnprintf sscanf strftime tolower toupper isalpha isspace
              strcoll)
@@ -96,7 +96,7 @@ foreach(name cout cerr cin locale)
 endforeach()
 allows(src/host/a.cpp "std::isdigit(c); std::from_chars(a, b, c); std::to_chars(a, b, c);\n")
 
-# Names in comments and texts are no calls; code beside them is.
+# Names in comments and texts are not calls; code next to them is.
 allows(src/host/a.cpp "// printf is not for us, nor is \"strtod\"\nauto x = \"printf(1) // \\\" strtod(2)\";  // atof(3)\n")
 allows(src/host/a.cpp "char a = '\"', b = '\\'', c = ';'; int d[3] = {10'000, 2, 3};  // it's sprintf\n")
 refuses(src/host/a.cpp 2 core-locale "// a comment\nauto x = \"// text\"; printf(1);\n")

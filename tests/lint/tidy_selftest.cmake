@@ -1,5 +1,5 @@
-# tools/tidy.py on a small tree of its own: what is found in a joined file is told with the file and line where it
-# stands, what a header holds too, and a clean tree passes.
+# tools/tidy.py on a small tree: a finding in a joined file, or in a header, is reported with the original file and
+# line, and a clean tree passes.
 #   cmake -D TIDY=tools/tidy.py -D CHECKS=.clang-tidy -D WORK=folder -P tidy_selftest.cmake
 
 file(REMOVE_RECURSE ${WORK})
@@ -28,7 +28,7 @@ function(tidy expected_code expected_text)
 endfunction()
 
 tidy(0 "2 files, nothing found")
-# What only a walk through the function can find, in the file that comes second.
+# A finding that requires path analysis of a function, in the second file.
 file(WRITE ${WORK}/src/room/b.cpp "#include \"room/b.h\"\n\nint b(const int* p) {\n  if (p != nullptr) return 0;\n  return *p;\n}\n")
 tidy(1 "src/room/b.cpp:5:10: error: Dereference of null pointer")
 file(WRITE ${WORK}/src/room/b.cpp "#include \"room/b.h\"\n")

@@ -1,5 +1,4 @@
-// A year that the program does not know, in a table of the test's own: what is derived from the table
-// follows.
+// A year unknown to the program, in a table of the test: everything derived from the table changes with it.
 
 #include <gtest/gtest.h>
 
@@ -23,7 +22,7 @@ TEST(NewYear, IsItsOwnOnScreenAndPaperAndTheYearsBehindFollowIt) {
   EXPECT_EQ(annoDisposizione(kAnnoNuovo), 2017) << "the program's own form does not know it";
 }
 
-// The cells of record H that a row with something in each column has.
+// The cells of record H for a row with a value in each column.
 std::set<std::string> celle(std::int32_t anno, bool primoModulo) {
   std::vector<std::string> colonne;
   Contenuti riga;

@@ -1,4 +1,4 @@
-// One box: its code, what its cell is written from, the columns that keep what a person enters.
+// One box: its code, the source of its cell, the columns that store the user's input.
 
 #include "modello/campo.h"
 

@@ -8,8 +8,8 @@
 
 namespace cu::test {
 
-// The form as a year to come may have it: one box more in every module, one less, and a code of its own for
-// sums not subject to withholding. The years between follow the form of today.
+// The form as a future year may have it: one more box in every module, one less, and its own code for sums
+// not subject to withholding. The years between have the newest form.
 inline constexpr std::int32_t kAnnoNuovo = 2031;
 inline constexpr std::string_view kColonnaNuova = "NuovaIndennita";
 inline constexpr std::int32_t kNumeroNuovo = 140;

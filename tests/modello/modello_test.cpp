@@ -1,4 +1,4 @@
-// The form as a whole: which year follows which, how a box is found, and what a form must be.
+// The form as a whole: the form of each year, finding a box, and the invariants of a form.
 
 #include "modello/modello.h"
 
@@ -75,7 +75,7 @@ TEST(Boxes, AreNotLookedForInAColumnThatTwoOfThemKeep) {
   EXPECT_THROW(trova(kModello, Record::H, "CUDenominazioneEntePrevidenziale", 2016, false), std::logic_error);
 }
 
-// What is summed to the gross amount is in the form, and counts once.
+// The addends of the gross amount are boxes of the form, and each counts once.
 TEST(Gross, IsMadeOfAmountsOfTheForm) {
   for (const std::string_view addendo : kAddendiLordo) {
     const Trovato trovato = trova(kModello, Record::H, addendo, 2017, true);
@@ -86,7 +86,7 @@ TEST(Gross, IsMadeOfAmountsOfTheForm) {
   EXPECT_EQ(trova(kModello, Record::H, kLordo, 2017, true).campo->numero, 4);
 }
 
-// A form with a row more or with one row otherwise.
+// A form with one more row or one changed row.
 class Guasti : public testing::Test {
  protected:
   Guasti() : campi_(kModello.campi.begin(), kModello.campi.end()) {}

@@ -1,4 +1,4 @@
-// What the frames of the records have of a year of their own.
+// The parts of the records that depend on the year.
 
 #include "modello/tracciato.h"
 

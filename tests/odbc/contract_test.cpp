@@ -1,4 +1,4 @@
-// What the system may expect of any connection, asked of the embedded engine and of a server alike.
+// The contract of every connection, tested on the embedded engine and on a server.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ struct Engine {
 
 std::unique_ptr<Connection> embedded() { return SqliteConnection::create(":memory:"); }
 
-// The server of the tests knows the suite's types by the same names.
+// The test server has the suite's types under the same names.
 std::unique_ptr<Connection> served() {
   auto connection = opened();
   if (single(*connection, "SELECT COUNT(*) FROM pg_type WHERE typname = 'importo'") == "0") {

@@ -1,5 +1,5 @@
-// A server that ends its TLS session in order, and with it the stream: a program that stops, not one that
-// dies. The driver of FreeTDS takes that for data that are still to come, and looks for them for ever.
+// A server that ends its TLS session in order, and with it the stream: a program that stops without crashing.
+// The FreeTDS driver then waits forever for more data.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -29,7 +29,7 @@ OdbcSettings settingsOf(const TdsServer& server, int statementSeconds) {
   return settings;
 }
 
-// Seconds by the clock, and of the processor for the whole process.
+// Seconds of wall-clock time, and of processor time of the whole process.
 struct Spent {
   double clock = 0;
   double processor = 0;
@@ -58,7 +58,7 @@ Reply numbers(std::uint32_t count, bool whole, Then then = Then::Stays) {
   return {tokens + (whole ? tds::done() : std::string()), then};
 }
 
-// The time allowed for a statement: none, less than a person waits, more.
+// The time limit of a statement: none, less than the user would wait, more.
 class Departures : public ::testing::TestWithParam<int> {
  protected:
   void dropsAndComesBack(OdbcConnection& connection, const std::string& statement) {
@@ -111,7 +111,7 @@ TEST_P(Departures, BehindAWholeResultTakeNothingFromIt) {
   EXPECT_STREQ(errorOf([&] { query(*connection, "SELECT dopo"); }).what(), kDropped);
 }
 
-// The result is given up for an amount that the program does not take, the rest of it never comes.
+// The result is abandoned at an amount that the program cannot represent; the rest of it never arrives.
 TEST_P(Departures, WhileTheRestOfAResultIsGivenUpCostNoFurtherStatement) {
   const TdsServer server([](std::string_view statement) {
     if (statement == "SELECT troppo") {
@@ -140,7 +140,7 @@ TEST_P(Departures, DuringALoginAreToldAsSuch) {
   EXPECT_LT(spent.processor, 1);
 }
 
-// Nobody can see that from outside: it is a server that does not answer.
+// The client cannot detect that: to it the server simply does not answer.
 TEST(DeparturesFromTls, ThatLeaveTheStreamOpenEndWithTheTimeAllowed) {
   const TdsServer server([](std::string_view statement) {
     return statement.empty() ? welcome() : Reply{"", Then::EndsTls};

@@ -1,4 +1,4 @@
-// What a server refuses, and what is left when it goes away.
+// Errors of a server, and the state after it has disconnected.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -55,7 +55,7 @@ TEST(Refusals, EachIsOfItsKindAndShowsNoValue) {
     EXPECT_THAT(error.what(), AllOf(StartsWith(each.begins), Not(HasSubstr("'segreto"))));
     EXPECT_EQ(error.number(), kErrorDatabase);
   }
-  // And the connection goes on.
+  // The connection remains usable.
   EXPECT_EQ(single(*connection, "SELECT COUNT(*) FROM t"), "1");
 }
 
@@ -102,9 +102,9 @@ TEST(Drops, AServerKilledInMidQueryIsToldOnceAndTheNextStatementFindsItAgain) {
   EXPECT_EQ(error.kind(), DatabaseErrorKind::Unavailable);
   EXPECT_EQ(error.statementKind(), "SELECT");
   EXPECT_STREQ(error.what(), kDropped);
-  // What was read is the program's.
+  // The rows already read are kept.
   EXPECT_EQ(before.size(), 1u);
-  // While it is away, that is told.
+  // While the server is away, that is reported.
   EXPECT_EQ(errorOf([&] { query(*connection, "SELECT 1"); }).kind(), DatabaseErrorKind::Unavailable);
   own.start();
   EXPECT_EQ(single(*connection, "SELECT COUNT(*) FROM resta"), "0");
@@ -148,7 +148,7 @@ TEST(Timeouts, AServerThatHangsIsLeftAndFoundAgain) {
   EXPECT_EQ(single(*connection, "SELECT 1"), "1");
 }
 
-// As Microsoft's driver hands them on, and what it says itself.
+// As passed on by Microsoft's driver, and the driver's own messages.
 Diagnostic fromServer(const char* state, int number, const std::string& words) {
   return diagnosticOf(state, number, "[Microsoft][ODBC Driver 18 for SQL Server][SQL Server]" + words);
 }

@@ -1,4 +1,4 @@
-// A driver that gives and takes texts as bytes, in whatever locale the process runs.
+// A driver that transfers texts as bytes, with the process in any locale.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -13,9 +13,9 @@ namespace {
 
 using ::testing::HasSubstr;
 
-using Environment = std::map<std::string, std::optional<std::string>>;  // nothing: the variable is not set
+using Environment = std::map<std::string, std::optional<std::string>>;  // nullopt: the variable is not set
 
-// Variables of the process, taken back at the end.
+// Sets environment variables and restores them at the end.
 class Variables {
  public:
   explicit Variables(const Environment& wanted) {
@@ -44,8 +44,8 @@ class Variables {
 
 struct Case {
   const char* name;
-  const char* locale;    // LC_ALL; null: no locale is named at all
-  const char* encoding;  // what the driver would derive from a locale of that code page; null: none
+  const char* locale;    // LC_ALL; null: no locale is set
+  const char* encoding;  // what the driver would derive from a locale with that code page; null: none
 };
 
 class LocaleOfTheProcess : public ::testing::TestWithParam<Case> {

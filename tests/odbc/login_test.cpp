@@ -1,4 +1,4 @@
-// On the way to a server: what is told when it cannot be reached, does not answer, or is something else.
+// Connecting to a server: the errors when it cannot be reached, does not answer, or is of another kind.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -101,7 +101,7 @@ TEST(LoginThroughFreeTds, AServerThatDoesNotEncryptIsToldSo) {
   const std::string heard = server.heardInTheClear();
   EXPECT_FALSE(heard.empty());
   EXPECT_THAT(heard, Not(HasSubstr("suite")));
-  // Without encryption, as the profile may have it, it is a server as any other.
+  // Without encryption, which the profile may permit, it is a server like any other.
   OdbcSettings settings = freeTds(server.port(), 15);
   settings.encrypt = false;
   EXPECT_TRUE(OdbcConnection::open(settings, ignore)->isSqlServer());
@@ -129,7 +129,7 @@ TEST(LoginThroughFreeTds, ALoginThatTheServerRejectsIsToldInItsWords) {
 }
 
 TEST(LoginThroughFreeTds, ThePasswordNeverTravelsInTheClear) {
-  // It may travel only behind the handshake, and here there is none.
+  // The password may be sent only after the handshake, which does not take place here.
   const SocketServer other("no such protocol");
   opening(freeTds(other.port()));
   const std::string heard = other.heard();
@@ -198,7 +198,7 @@ TEST(Login, WhatIsNotSafeIsSaid) {
 }
 
 TEST(Login, ThePasswordIsGivenToTheDriverAsItIs) {
-  // The server's own holds what the driver's text would take for marks.
+  // The password contains the special characters of the driver's text.
   EXPECT_EQ(single(*opened(), "SELECT current_user"), "prova");
 }
 

@@ -1,4 +1,4 @@
-// What comes back from a real server: types, blocks, nulls, texts of every length.
+// Results of a real server: types, blocks, nulls, texts of every length.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-// Each driver gives texts its own way: as wide characters and as bytes.
+// Each driver supplies texts in its own way: as wide characters and as bytes.
 class Results : public ::testing::TestWithParam<const char*> {
  protected:
   Results() : connection_(opened(GetParam())) {}
@@ -83,7 +83,7 @@ TEST_P(Results, TextsOfAnyLengthArriveWhole) {
 }
 
 TEST_P(Results, LongTextsStandAmongOtherColumns) {
-  // Behind a column without a limit every cell is asked for by itself, in its order.
+  // After a column without a limit every cell is read separately, in order.
   const Lines lines = query(
       "SELECT i, repeat('è', i * 5000) AS lungo, i * 0.5 AS importo, repeat('y', 20000) AS altro, CAST(NULL "
       "AS "
@@ -101,7 +101,7 @@ TEST_P(Results, LongTextsStandAmongOtherColumns) {
 }
 
 TEST_P(Results, ATextLongerThanItsColumnIsDeclaredIsAskedForAgain) {
-  // The driver declares 255 characters for what has no limit of its own.
+  // The driver declares 255 characters for types without a length limit.
   const std::string text = settingsOf(server(), GetParam()).text + ";TextAsLongVarchar=0";
   OdbcSettings settings = settingsOf(server(), GetParam());
   settings.text = text;
@@ -130,7 +130,7 @@ TEST_P(Results, EveryCharacterGoesThereAndBack) {
 }
 
 TEST_P(Results, RowsComeInBlocksWithoutALoss) {
-  // Around the ends of a block, with nulls in between.
+  // At the ends of a block, with nulls in between.
   for (const int count : {0, 1, 511, 512, 513, 1024, 5000}) {
     const Lines lines = query(
         "SELECT i, CASE WHEN i % 3 = 0 THEN NULL ELSE CAST('n' || i AS varchar(20)) END FROM "

@@ -11,8 +11,7 @@
 
 namespace cu::odbc::test {
 
-// A port that takes connections, reads whatever comes and answers each piece with the same bytes, or with
-// nothing at all.
+// A port that accepts connections, reads all data and answers each piece with the same bytes, or not at all.
 class SocketServer {
  public:
   explicit SocketServer(std::string answer) : answer_(std::move(answer)) {
@@ -27,7 +26,7 @@ class SocketServer {
   SocketServer(const SocketServer&) = delete;
   SocketServer& operator=(const SocketServer&) = delete;
   int port() const { return socket_.port(); }
-  // All that was said to it.
+  // All data received.
   std::string heard() const { return heard_; }
 
  private:

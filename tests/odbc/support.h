@@ -18,7 +18,7 @@ using cu::test::PostgresServer;
 using cu::test::TdsServer;
 namespace tds = cu::test::tds;
 
-// Started with the first test that needs it.
+// Started by the first test that needs it.
 inline PostgresServer& server() {
   static PostgresServer shared;
   return shared;

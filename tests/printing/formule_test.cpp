@@ -31,7 +31,7 @@ Filtri conAnni(const char* anno, const char* adAnno = "") {
   return filtri;
 }
 
-// A payee with code and description; an empty code leaves the bound out, whatever its description.
+// A payee with code and description; an empty code omits the limit, whatever its description.
 Filtri conPercipienti(bool perCodice, const char* codiceDa, const char* nomeDa, const char* codiceA,
                       const char* nomeA) {
   Filtri filtri;
@@ -121,7 +121,7 @@ INSTANTIATE_TEST_SUITE_P(
              "{__ViewName.Anagrafica} >= 'D''Angelo'"},
         Riga{"ToByName", dati(247, kSintetico, conPercipienti(false, "", "", "P9", "Verdi")),
              "{__ViewName.Anagrafica} <= 'Verdi'"},
-        // By name the descriptions decide, not the codes, which here would stand the other way round.
+        // By name the descriptions decide, not the codes, which here are in the opposite order.
         Riga{"BothByNameTheWrongWayRound",
              dati(246, kConto, conPercipienti(false, "P1", "Verdi", "P9", "Rossi")),
              " {__ViewName.Anagrafica} >= 'Rossi' AND {__ViewName.Anagrafica}<= 'Verdi'"},
@@ -130,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(
              " {__ViewName.Anagrafica} >= 'Rossi' AND {__ViewName.Anagrafica}<= 'Verdi'"},
         Riga{"BothByCodeOfTheAnalitico", dati(247, kAnalitico, conPercipienti(true, "P9", "A", "P1", "Z")),
              " {__ViewName.Codice} >= 'P1' AND {__ViewName.Codice}<= 'P9'"},
-        // A lone bound on this field takes the description.
+        // A single limit on this field uses the description.
         Riga{"FromByCodeOfTheAnalitico", dati(247, kAnalitico, conPercipienti(true, "P1", "Rossi", "", "")),
              "{__ViewName.Codice} >= 'Rossi'"},
         Riga{"ToByCodeOfTheAnalitico", dati(247, kAnalitico, conPercipienti(true, "", "", "P9", "Verdi")),
@@ -182,7 +182,7 @@ TEST_P(WholeFormula, IsTheVariantOfTheReport) {
 INSTANTIATE_TEST_SUITE_P(
     Variants, WholeFormula,
     ::testing::Values(
-        // All filters blank: the company clause alone.
+        // All filters blank: only the company's condition.
         Riga{"AccountsOfAll", dati(246, kConto),
              "{__ViewName.IDAziendaPercipiente} = 7 AND {__ViewName.IDAzienda} = 7"},
         Riga{"AccountsOfYears", dati(246, kConto, conAnni("2016", "2014")),
@@ -227,7 +227,7 @@ INSTANTIATE_TEST_SUITE_P(
              "{__ViewName.Codice}<= "
              "'P9' AND  {__ViewName.CodicePagamento} >= 'A' AND {__ViewName.CodicePagamento}<='M' AND "
              "{__ViewName.IDAzienda} = 7"},
-        // The selection lies in the table of the lines to print.
+        // The selection is in the table of the lines to print.
         Riga{"Form", dati(342, kModulo, tutto("2016", "", true)),
              "{__ViewName.Anno} = 2016 AND {__ViewName.IDAzienda} = 7 AND {__ViewName.IDUtente} = 12"},
         Riga{"FormAsTheSinteticoIsNamed", dati(342, kSintetico, tutto("2016", "", true)),
@@ -268,11 +268,11 @@ INSTANTIATE_TEST_SUITE_P(
         Riga{"AnaliticoByName", dati(247, kAnalitico, conPercipienti(false, "P1", "Verdi", "P9", "Rossi")),
              " IDAzienda =  7 And Year(DataPagamento) = 2016 And  Anagrafica >= 'Rossi' AND Anagrafica<= "
              "'Verdi'"},
-        // The reason's field follows the report here, not the mode.
+        // Here the reason's field depends on the report, not on the mode.
         Riga{"AnyOtherReport", dati(247, "Altro.rpt", tutto("2016", "", true)),
              " IDAzienda =  7 And Year(DataPagamento) = 2016 And  Codice >= 'P1' AND Codice<= 'P9' And  "
              "Codice >= 'A' AND Codice<='M'"},
-        // A lone bound is the description, whatever the field.
+        // A single limit is the description, for every field.
         Riga{"FromByCode", dati(247, kSintetico, conPercipienti(true, "P1", "Rossi", "", "")),
              " IDAzienda =  7 And  Anno = 2016 And CodicePercipiente >= 'Rossi'"},
         Riga{"ToByCode", dati(247, kSintetico, conPercipienti(true, "", "", "P9", "Verdi")),
@@ -316,7 +316,7 @@ TEST_P(Bounds, AreOfTheFieldAndAscend) {
   EXPECT_EQ(a, GetParam().a);
   EXPECT_EQ(b, GetParam().b);
 }
-// The case of letters does not count, as it does not in the database that selects by them.
+// Case is ignored, as in the database that selects by these limits.
 INSTANTIATE_TEST_SUITE_P(Fields, Bounds,
                          ::testing::Values(Ordine{"{__ViewName.CodicePercipiente}", "P1", "P2"},
                                            Ordine{"{__ViewName.Codice}", "P1", "P2"},

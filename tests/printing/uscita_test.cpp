@@ -13,7 +13,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// A screen whose pointer and boxes stand in one journal with what the print was asked.
+// A screen that records pointer and boxes in one journal with the calls of the print.
 class Schermo : public ScriptedFrontEnd {
  public:
   explicit Schermo(PrintJournal& giornale) : giornale_(giornale) {}
@@ -108,7 +108,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, Failure,
                                            Guasto{5, "report.run", "report.run 2"},
                                            Guasto{6, "report.run", "report.run 3"}));
 
-// Whatever of the printer's statements fails, the next one runs.
+// Whichever of the printer's statements fails, the next one runs.
 class PrinterFailure : public Launch, public ::testing::WithParamInterface<const char*> {};
 
 TEST_P(PrinterFailure, IsToldAndTheNextStatementRuns) {

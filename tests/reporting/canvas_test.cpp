@@ -60,7 +60,7 @@ TEST_F(CanvasTest, PartsAWideWordBehindAMarkNearTheEnd) {
   const double width = canvas->textWidth("WWWWWWW", style);
   EXPECT_THAT(wrapped("WWWWW_WWWWWWW", width), ElementsAre("WWWWW_", "WWWWWWW"));
   EXPECT_THAT(wrapped("WWWWW.WWWWWWW", width), ElementsAre("WWWWW.", "WWWWWWW"));
-  // Not behind one that would leave most of the line empty.
+  // Not after a mark that would leave most of the line empty.
   EXPECT_THAT(wrapped("W_WWWWWWWWWWW", width), testing::Not(testing::Contains("W_")));
 }
 

@@ -1,4 +1,4 @@
-// What stands on the pages of a signed certificate, and how its names and amounts are set.
+// The pages of a signed certificate, and the layout of its names and amounts.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -41,7 +41,7 @@ class Certificates : public testing::Test {
     engine->run(3);
     return shop.folder / "a.pdf";
   }
-  // By page, as they stand.
+  // The texts by page, unchanged.
   std::vector<std::string> printedPages() {
     std::vector<std::string> pages;
     const std::string text = squeezed(pdfText(print()));
@@ -100,7 +100,7 @@ TEST_F(Certificates, AreSignedByWholeNames) {
               HasSubstr("Responsabilità Limitata in Liquidazione Coatta Amministrativa Anna Bertoldi"));
 }
 
-// Of the row with the word.
+// Of the row that contains the word.
 std::vector<PdfWord> amountsOf(const std::string& path, const std::string& word) {
   const std::vector<PdfWord> words = pdfWords(path);
   std::vector<PdfWord> amounts;

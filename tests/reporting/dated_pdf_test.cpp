@@ -1,4 +1,4 @@
-// The same print has the same bytes, whenever, wherever and in whatever process it is made.
+// The same print has the same bytes, at any time, in any zone and in any process.
 
 #include "reporting/dated_pdf.h"
 
@@ -21,7 +21,7 @@ using reporting::withCreationDate;
 using testing::HasSubstr;
 using testing::Not;
 
-// A text as a PDF holds it, two bytes a letter.
+// A text as stored in a PDF, two bytes per letter.
 std::string wide(const std::string& text) {
   std::string result = "(\xfe\xff";
   for (const char c : text) result += std::string(1, '\0') + c;
@@ -91,7 +91,7 @@ TEST(DatedDevice, PassesAnErrorOn) {
   EXPECT_EQ(device.write("y"), -1);
 }
 
-// A zone of the machine for as long as it lives.
+// Sets the machine's time zone for its lifetime.
 class Zone {
  public:
   explicit Zone(const char* name) {
@@ -133,7 +133,7 @@ class Reproducible : public testing::TestWithParam<Print> {
   void SetUp() override { chooseLines({{101, "A"}, {103, "A"}, {128, "A"}}); }
 };
 
-// Hash tables are seeded anew in each process.
+// Hash tables have another seed in each process.
 TEST_P(Reproducible, WithEverySeed) {
   const std::string first = bytes();
   for (int i = 0; i < 8; ++i) {
@@ -147,7 +147,7 @@ TEST_P(Reproducible, AtEveryTimeAndZoneOfTheMachine) {
     const Zone zone("UTC0");
     return bytes();
   }();
-  // The hour of the machine is another one in each.
+  // The machine's hour differs in each.
   for (const char* name : {"CET-1", "EST5", "IST-5:30", "UTC0"}) {
     const Zone zone(name);
     EXPECT_TRUE(bytes() == first) << name;

@@ -1,5 +1,4 @@
-// The boxes of the form in the layout of a year: what the definition places is what the form has, each box
-// once.
+// The boxes of the form in a year's layout: the definition places exactly the form's boxes, each once.
 
 #include "reporting/form_boxes.h"
 
@@ -115,7 +114,7 @@ TEST(FormBoxes, OfAdditionalModulesLackWhatIsTheAccountsAlone) {
   EXPECT_EQ(blank, ranges({{1, 1}, {4, 5}, {8, 17}, {20, 21}, {41, 42}, {71, 73}}));
 }
 
-// The new year's box is on the page as soon as a section names its column; the box that went leaves its
+// The new year's box is on the page as soon as a section contains its column; the removed box leaves its
 // place.
 TEST(NewYear, HasItsOwnBoxes) {
   using test::kModello2031;
@@ -132,7 +131,7 @@ TEST(NewYear, HasItsOwnBoxes) {
   EXPECT_FALSE(std::binary_search(fresh.begin(), fresh.end(), test::kNumeroTolto));
   EXPECT_EQ(boxes(definition, FormPart::Amounts, test::kAnnoNuovo, kModello2031).back().further,
             &test::kCampi2031.back());
-  // A row without a box in the year is not there.
+  // A row without a box in the year is omitted.
   EXPECT_EQ(layOut(definition, FormPart::Amounts, 2017, kModello2031).back().rows.size() + 1,
             layOut(definition, FormPart::Amounts, test::kAnnoNuovo, kModello2031).back().rows.size());
 }

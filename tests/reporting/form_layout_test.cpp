@@ -215,7 +215,7 @@ TEST(FormLayout, ACompanyOfTwoHundredLettersIsReadableInItsBoxAndWholeInTheSigna
   ASSERT_EQ(box.size(), 2U);
   ASSERT_EQ(signature.size(), 2U);
   ASSERT_EQ(label.size(), 1U);
-  // Three lines, hardly smaller than the caption above.
+  // Three lines, only slightly smaller than the caption above.
   EXPECT_NEAR(box[1].top - box[0].top, 2 * 1.05 * sizeOf(box[0]), 1);
   EXPECT_GT(sizeOf(box[0]), 0.8 * sizeOf(label[0]));
   // One size, larger than in the box.

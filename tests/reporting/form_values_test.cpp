@@ -40,7 +40,7 @@ Boxes filled(FormPart part, int year, const Values& values, const std::string& s
   return result;
 }
 
-// One line of the demonstration company, chosen for a form.
+// One line of the demonstration company, selected for a form.
 class Line {
  public:
   Line(int payee, const std::string& reason, int year)

@@ -1,4 +1,4 @@
-// What the formulas of the wizard, as they stand, select from the demonstration company.
+// The rows of the demonstration company selected by the wizard's formulas.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -97,7 +97,7 @@ TEST(FormulaRows, ReasonsOfThePayments) {
 }
 
 TEST(FormulaRows, ALoneBoundOnTheCodeComparesWhatItWasGiven) {
-  // With the description of a payee: every code "P..." lies below "Rossi Marco".
+  // With the description of a payee: every code "P..." is below "Rossi Marco".
   const Righe found = rows(kDetailed,
                            "Year({__ViewName.DataPagamento}) = 2017 AND {__ViewName.Codice} >= 'Rossi' AND "
                            "{__ViewName.IDAzienda} = 1");

@@ -1,5 +1,4 @@
-// The gross amount of the lists over accounts is the sum that the form makes it: of the account and of its
-// modules.
+// The gross amount of the lists of accounts equals the form's sum: of the account and of its modules.
 
 #include <gtest/gtest.h>
 

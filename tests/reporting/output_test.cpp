@@ -117,7 +117,7 @@ TEST(Failure, OverAFolderIsTold) {
   EXPECT_THAT(shop.filesLeft(), ElementsAre("a.pdf"));
 }
 
-// The same print on files in memory, so that each step of it can be made to fail.
+// The same print on files in memory, so that each step can be made to fail.
 class MemoryPrint {
  public:
   MemoryPrint() : reports({screen, files, clock, "Quadrivio"}) { files.files["/a.pdf"] = "quella di prima"; }
@@ -214,7 +214,7 @@ TEST(Failure, OfAFormulaIsToldWithItsPosition) {
   EXPECT_THAT(shop.filesLeft(), IsEmpty());
 }
 
-// A screen that looks at the file while the preview stands.
+// A screen that examines the file during the preview.
 class WatchingScreen : public ScriptedFrontEnd {
  public:
   void preview(const Preview& preview) override {
@@ -266,7 +266,7 @@ TEST(Printer, ThatIsNotInstalledIsTold) {
                              "La stampante \"Stampante che non esiste\" non è installata."));
 }
 
-// What stands in the cells of a table, a row a line, "|" between them.
+// The cells of a table, one row per line, separated by "|".
 std::string cellsOf(const std::string& path) {
   const CommandResult result = runCommand(
       "python3 -c \"\n"

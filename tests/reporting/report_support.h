@@ -15,8 +15,8 @@
 
 namespace cu::test {
 
-// The demonstration company in memory: company 1, user 12. Shared by the tests of a program, which leave it
-// as they found it but for the lines chosen for the forms.
+// The demonstration company in memory: company 1, user 12. Shared by the tests of a program, which do not
+// change it except for the lines selected for the forms.
 Connection& demo();
 
 struct CommandResult {
@@ -25,16 +25,16 @@ struct CommandResult {
 };
 CommandResult runCommand(const std::string& command);
 
-// The text of a PDF as it stands on the page.
+// The text of a PDF in page layout.
 std::string pdfText(const std::string& path);
-// How often a piece stands in a text.
+// The number of occurrences of `piece` in a text.
 int count(const std::string& text, const std::string& piece);
 
-// The text with one blank where there were several.
+// The text with single blanks.
 std::string squeezed(const std::string& text);
 int pageCount(const std::string& path);
 
-// A word of a PDF where it stands, in points from the upper left corner of its page.
+// A word of a PDF with its position, in points from the upper left corner of its page.
 struct PdfWord {
   int page;
   double pageWidth;
@@ -47,7 +47,7 @@ struct PdfWord {
 };
 std::vector<PdfWord> pdfWords(const std::string& path);
 
-// One place to print in.
+// A folder to print in.
 class PrintShop {
  public:
   PrintShop();
@@ -57,13 +57,13 @@ class PrintShop {
   std::unique_ptr<ReportEngine> engine(const std::string& report, std::int32_t objectType,
                                        std::int32_t definition, const std::string& formula);
   std::unique_ptr<ReportEngine> engine(const std::string& report, const std::string& formula);
-  // Prints into a file of the folder and gives its path.
+  // Prints into a file of the folder and returns its path.
   std::string print(const std::string& report, const std::string& formula,
                     const std::string& name = "stampa.pdf");
   std::string text(const std::string& report, const std::string& formula) {
     return pdfText(print(report, formula));
   }
-  // Names a file for run(3).
+  // Sets the file of run(3).
   static void nameFile(ReportEngine& engine, const std::string& path);
   std::vector<std::string> filesLeft() const;  // names in the folder, in order
 
@@ -74,14 +74,14 @@ class PrintShop {
   std::unique_ptr<PdfReports> reports;
 };
 
-// What the formulas of the wizard ask of each report.
+// File names of the reports.
 inline constexpr const char* kAccounts = "ContoIndividuale.rpt";
 inline constexpr const char* kSummary = "CertificazioneCompensiSintetico.rpt";
 inline constexpr const char* kDetailed = "CertificazioneCompensiAnalitico.rpt";
 inline constexpr const char* kForms = "CertificazioneUnica.rpt";
 
-// Chooses lines for the forms in the place of those chosen before: the demonstration ids of payees with the
-// codes of their reasons.
+// Selects lines for the forms, replacing earlier ones: the demonstration ids of payees with the codes of
+// their reasons.
 struct ChosenLine {
   int payee;
   std::string reason;

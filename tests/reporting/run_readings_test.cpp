@@ -12,7 +12,7 @@ namespace {
 
 using testing::HasSubstr;
 
-// The demonstration company, every statement noted.
+// The demonstration company, with every statement recorded.
 class NotingConnection : public Connection {
  public:
   std::int64_t Execute(std::string_view statement) override { return demo().Execute(statement); }

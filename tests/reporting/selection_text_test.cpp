@@ -1,4 +1,4 @@
-// What the heading of a list names of its selection.
+// The description of the selection in the heading of a list.
 
 #include "reporting/selection_text.h"
 
@@ -50,7 +50,8 @@ INSTANTIATE_TEST_SUITE_P(
         Named{" {__ViewName.Anagrafica} >= 'A %2' AND {__ViewName.Anagrafica}<= '%1'",
               "Tutti gli anni - percipienti da A %2 a %1 - tutte le causali"},
         Named{"{repcontoindividuale.ANNO} = 2016", "Anno 2016 - tutti i percipienti - tutte le causali"},
-        // What is no bound, or more than two, is not put in words that would not hold.
+        // A condition that is no limit, or more than two limits, is not described, because the words would be
+        // wrong.
         Named{"{__ViewName.Anno} <> 2016 AND {__ViewName.Codice} > 'A'", "tutti i percipienti"},
         Named{"2016 = {__ViewName.Anno} AND {__ViewName.Codice} = {__ViewName.CodicePercipiente}", ""},
         Named{"{__ViewName.Anno} >= 2014 AND {__ViewName.Anno} >= 2015",

@@ -1,4 +1,4 @@
-// The reports that are tables: the individual accounts and the two free-form certificates.
+// The table reports: the individual accounts and the two free-form certificates.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -60,7 +60,7 @@ TEST(AccountsList, OfAllPayeesHasTheTotalOfAllAndEveryPageNumber) {
   for (int page = 1; page <= pages; ++page) {
     EXPECT_EQ(count(text, "Pagina " + std::to_string(page) + " di " + std::to_string(pages)), 1) << page;
   }
-  EXPECT_EQ(count(text, "Onorari e"), pages);  // the columns' captions stand on each
+  EXPECT_EQ(count(text, "Onorari e"), pages);  // on each page
 }
 
 TEST(Amounts, OfEightDigitsAreAsLargeAsSmallOnes) {
@@ -89,7 +89,7 @@ TEST(Amounts, OfEightDigitsAreAsLargeAsSmallOnes) {
   }
 }
 
-// Lines of the pages, without the empty ones.
+// The non-empty lines of the pages.
 std::vector<std::vector<std::string>> pageLines(const std::string& path) {
   std::vector<std::vector<std::string>> pages(1);
   std::istringstream text(squeezed(pdfText(path)));
@@ -103,7 +103,7 @@ std::vector<std::vector<std::string>> pageLines(const std::string& path) {
   return pages;
 }
 
-// Ranges that move the ends of the pages over the groups of different payees.
+// Ranges that move the page ends across the groups of different payees.
 std::vector<std::string> ranges() {
   std::vector<std::string> formulas;
   for (int year = 2014; year <= 2016; ++year) {
@@ -132,7 +132,7 @@ TEST(AccountsList, NoPageBeginsWithTotalsAlone) {
   EXPECT_GT(begun, 20);
 }
 
-// The amounts of a line of totals; "" of any other line.
+// The amounts of a line of totals; "" for any other line.
 std::string totalsOf(const std::string& line) {
   return line.starts_with("Totale") ? line.substr(line.find_first_of("-0123456789")) : "";
 }
@@ -241,7 +241,7 @@ TEST(Detailed, OverSeveralPagesRepeatsWhoAndWhat) {
   for (int i = 0; i < 120; ++i) EXPECT_EQ(count(text, " N" + std::to_string(i) + " "), 1) << i;
 }
 
-// Every word lies on the page, within its margins, and beside its neighbours.
+// Every word is on the page, within its margins, without overlapping its neighbours.
 void expectNoOverflow(const std::string& path) {
   constexpr double kSide = 25;  // points
   constexpr double kTop = 20;

@@ -1,5 +1,5 @@
-// Runs a test program with a server of the suite at hand: run_on_server PROGRAM [ARGUMENTS]. The program
-// finds the server's address in its environment, and reaches it by FreeTDS and TLS.
+// Runs a test program with a server of the suite: run_on_server PROGRAM [ARGUMENTS]. The program finds the
+// server's address in its environment, and connects through FreeTDS and TLS.
 
 #include <sys/wait.h>
 #include <unistd.h>

@@ -56,7 +56,7 @@ std::string cellOf(ValueType type, const CellView& cell) {
   return tds::little(text.size(), 2) + text;
 }
 
-// The number that a server gives to it.
+// The server's number for the error.
 int numberOf(DatabaseErrorKind kind) {
   switch (kind) {
     case DatabaseErrorKind::Missing:
@@ -116,7 +116,7 @@ TdsServer::Reply SuiteSession::answer(std::string_view statement) {
   }
 }
 
-// What concerns whole databases is none of the engine's.
+// Statements on whole databases are not passed to the engine.
 bool SuiteSession::administered(const std::string& statement) const {
   static const std::regex create("CREATE DATABASE (\\w+) COLLATE \\w+");
   static const std::regex drop("DROP DATABASE (\\w+)");

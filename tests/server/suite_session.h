@@ -9,9 +9,9 @@
 
 namespace cu::test {
 
-// What a server of the suite answers in one session: the embedded engine, given the server's statements, with
-// a file for each database. Its texts are those of Windows-1252, as the suite's columns hold them: another
-// character is a question mark.
+// The answers of a server of the suite in one session: the embedded engine runs the server's statements, with
+// a file for each database. Texts are limited to Windows-1252, as in the suite's columns: any other character
+// becomes a question mark.
 class SuiteSession {
  public:
   SuiteSession(std::string folder, std::string database)

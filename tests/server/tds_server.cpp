@@ -28,7 +28,7 @@ struct Freed {
   void operator()(T* object) const { Free(object); }
 };
 
-// A key and a certificate that it has signed itself, for this run.
+// A key and a self-signed certificate for this run.
 bool certify(SSL_CTX* context) {
   const std::unique_ptr<EVP_PKEY, Freed<EVP_PKEY, EVP_PKEY_free>> key(EVP_EC_gen("P-256"));
   const std::unique_ptr<X509, Freed<X509, X509_free>> certificate(X509_new());
@@ -47,7 +47,7 @@ bool certify(SSL_CTX* context) {
          SSL_CTX_use_PrivateKey(context, key.get()) == 1;
 }
 
-// What the server offers: its version, whether it encrypts, one thing at a time.
+// The server's pre-login options: its version, whether it encrypts, no concurrent results.
 std::string offer(bool tls) {
   constexpr std::size_t kOptions = 3 * 5 + 1;
   const auto option = [](int kind, std::size_t at, std::size_t length) {
@@ -61,14 +61,14 @@ std::size_t shortAt(const std::string& content, std::size_t at) {
   return static_cast<unsigned char>(content.at(at)) + 256U * static_cast<unsigned char>(content.at(at + 1));
 }
 
-// The text behind the headers of a statement.
+// The text after the headers of a statement.
 std::string statementOf(const std::string& content) {
   return tds::narrow(std::string_view(content).substr(shortAt(content, 0)));
 }
 
-// The one that a login names; "" for none.
+// The database named in a login; "" for none.
 std::string databaseOf(const std::string& content) {
-  constexpr std::size_t kPlace = 68;  // of where the name begins; then how many characters it has
+  constexpr std::size_t kPlace = 68;  // offset of the name's position, followed by its length
   const std::string_view all(content);
   return tds::narrow(all.substr(shortAt(content, kPlace), 2 * shortAt(content, kPlace + 2)));
 }
@@ -91,7 +91,7 @@ struct TdsServer::Client {
       ::send(descriptor, bytes.data(), bytes.size(), MSG_NOSIGNAL);
     }
   }
-  // A message, in as many packets as it takes.
+  // Sends a message, in as many packets as needed.
   void say(int kind, const std::string& content) const {
     for (std::size_t at = 0; at < content.size(); at += kMostInAPacket) {
       const std::string part = content.substr(at, kMostInAPacket);
@@ -107,11 +107,11 @@ struct TdsServer::Client {
   Answer answer;
   SSL* tls = nullptr;
   bool encrypted = false;
-  bool leaving = false;  // with the next cancel
+  bool leaving = false;  // at the next cancel
 };
 
 TdsServer::TdsServer(Sessions sessions, Tls tls) : sessions_(std::move(sessions)), tls_(tls) {
-  // The protocol knows no later version inside its own packets.
+  // The protocol supports no later version inside its own packets.
   context_.reset(SSL_CTX_new(TLS_server_method()));
   SSL_CTX_set_max_proto_version(context_.get(), TLS1_2_VERSION);
   if (!certify(context_.get())) throw std::runtime_error("no certificate for the server");
@@ -169,7 +169,7 @@ bool TdsServer::greet(Client& client) {
   return tls_ == Tls::Missing || shakeHands(client);
 }
 
-// Inside packets of the protocol; behind it everything is inside TLS.
+// The handshake is inside packets of the protocol; afterwards everything is inside TLS.
 bool TdsServer::shakeHands(Client& client) {
   BIO* const in = BIO_new(BIO_s_mem());
   BIO* const out = BIO_new(BIO_s_mem());
@@ -240,7 +240,7 @@ bool TdsServer::receive(Client& client, Packet& packet) const {
   return true;
 }
 
-// And waits for the client to go.
+// And waits for the client to disconnect.
 void TdsServer::leave(Client& client, Then how) const {
   if (client.encrypted) SSL_shutdown(client.tls);
   if (how == Then::Leaves) ::shutdown(client.descriptor, SHUT_WR);

@@ -13,16 +13,16 @@
 
 namespace cu::test {
 
-// A port that speaks SQL Server's protocol over TLS, as far as a login and a plain statement need it. What it
-// answers to a statement, and whether it stays then, is the test's. It does so in processes of its own, one
-// for each client: the ends of a stream are looked at by the process that holds them.
+// A port that implements SQL Server's protocol over TLS, as far as required for a login and a plain
+// statement. The test defines the answer to a statement, and whether the connection stays open. It runs in
+// separate processes, one for each client, because the watchdog examines the streams of its own process.
 class TdsServer {
  public:
   enum class Then {
     Stays,
-    EndsTls,              // in order, by the alert that closes it; the stream stays open
+    EndsTls,              // in order, by the closing alert; the stream stays open
     Leaves,               // ends TLS in order, and the stream
-    LeavesWhenCancelled,  // the same once the client gives up the rest
+    LeavesWhenCancelled,  // the same once the client cancels the rest
   };
   struct Reply {
     std::string tokens;
@@ -30,7 +30,7 @@ class TdsServer {
   };
   // The statement's text; "" for the login.
   using Answer = std::function<Reply(std::string_view statement)>;
-  // What answers to a client that has named that database.
+  // The answering function for a client that has named that database.
   using Sessions = std::function<Answer(const std::string& database)>;
 
   enum class Tls { Offered, Missing };
@@ -43,7 +43,7 @@ class TdsServer {
   TdsServer& operator=(const TdsServer&) = delete;
 
   int port() const { return socket_.port(); }
-  // All bytes that have come in the clear.
+  // All bytes received unencrypted.
   const std::string& heardInTheClear();
 
  private:
@@ -62,14 +62,14 @@ class TdsServer {
   bool shakeHands(Client& client);
   bool obey(Client& client, const Packet& packet);
   bool receive(Client& client, std::size_t count, std::string& bytes) const;
-  bool receive(Client& client, Packet& packet) const;  // a message, of one packet or several
+  bool receive(Client& client, Packet& packet) const;  // a message of one or several packets
   void leave(Client& client, Then how) const;
 
   Sessions sessions_;
   Tls tls_;
   LoopbackSocket socket_;
   std::unique_ptr<SSL_CTX, FreeContext> context_;
-  std::array<int, 2> ears_{-1, -1};  // a pipe, out of the other process
+  std::array<int, 2> ears_{-1, -1};  // a pipe from the other process
   std::string heard_;
   pid_t process_ = -1;
 };

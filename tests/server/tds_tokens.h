@@ -7,7 +7,7 @@
 
 #include "odbc/wide.h"
 
-// What a server says in the protocol of SQL Server, version 7.4, as bytes.
+// The server's messages in the protocol of SQL Server, version 7.4, as bytes.
 namespace cu::test::tds {
 
 inline std::string little(std::uint64_t value, int bytes) {
@@ -33,7 +33,7 @@ inline std::string narrow(std::string_view bytes) {
   return odbc::fromWide(units.data(), units.size());
 }
 
-// A text behind the number of its characters, in so many bytes.
+// A text after the number of its characters, in that many bytes.
 inline std::string counted(std::string_view text, int bytes) {
   const std::string units = wide(text);
   return little(units.size() / 2, bytes) + units;
@@ -43,7 +43,7 @@ inline std::string token(int kind, const std::string& content) {
   return static_cast<char>(kind) + little(content.size(), 2) + content;
 }
 
-// The end of an answer: its marks and, where they say that it has one, a number of rows.
+// The end of an answer: its flags and, where these include it, a number of rows.
 inline std::string end(int marks, std::uint64_t rows = 0, int command = 0) {
   return static_cast<char>(0xFD) + little(static_cast<std::uint64_t>(marks), 2) +
          little(static_cast<std::uint64_t>(command), 2) + little(rows, 8);
@@ -67,14 +67,14 @@ inline std::string error(int number, int severity, std::string_view message) {
          end(0x02);
 }
 
-// The head of a result with one column of whole numbers, and a row of it.
+// The head of a result with one column of whole numbers, and one row.
 inline std::string columnOfNumbers(std::string_view name) {
   constexpr char kInteger = 0x38;
   return static_cast<char>(0x81) + little(1, 2) + little(0, 4) + little(0, 2) + kInteger + counted(name, 1);
 }
 inline std::string rowOf(std::uint32_t value) { return static_cast<char>(0xD1) + little(value, 4); }
 
-// The same with a column of amounts without decimals, and a row of it that no amount of the program takes.
+// The same with a column of amounts without decimals, and a row with an amount beyond the program's range.
 inline std::string columnOfAmounts(std::string_view name) {
   constexpr char kNumeric[] = {'\x6C', '\x11', '\x26', '\x00'};
   return static_cast<char>(0x81) + little(1, 2) + little(0, 4) + little(0, 2) + std::string(kNumeric, 4) +

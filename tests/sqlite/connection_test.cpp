@@ -90,7 +90,7 @@ TEST_F(Files, AFileThatLooksLikeAnAddressIsAFile) {
   EXPECT_TRUE(std::filesystem::exists(folder_ / "file:a.db?mode=memory"));
 }
 
-// What the opening says to somebody without the superuser's rights.
+// The error of the opening for a user without superuser rights.
 DatabaseErrorKind openedByNobody(const std::string& path) {
   const pid_t child = ::fork();
   if (child == 0) {
@@ -110,7 +110,7 @@ TEST_F(Files, PermissionsThatAreMissingAreTold) {
   EXPECT_EQ(openedByNobody(folder_ / "a.db"), DatabaseErrorKind::ReadOnly);
   std::filesystem::permissions(folder_ / "a.db", perms::none);
   EXPECT_EQ(openedByNobody(folder_ / "a.db"), DatabaseErrorKind::Unavailable);
-  // The engine keeps its files beside the database: a folder that cannot be written is no place for it.
+  // The engine keeps its files next to the database: a read-only folder is not usable.
   std::filesystem::permissions(folder_ / "a.db", perms::all);
   std::filesystem::permissions(
       folder_.path(), perms::owner_read | perms::owner_exec | perms::others_read | perms::others_exec);
@@ -190,7 +190,7 @@ TEST_F(Locks, ALockOfAnotherProgramIsToldInWords) {
       "Il database è occupato da un altro programma. Chiudere l'altro programma, o attendere che termini, e "
       "riprovare.");
   EXPECT_EQ(errorOf([&] { mine->Execute("BEGIN TRANSACTION"); }).kind(), DatabaseErrorKind::Locked);
-  EXPECT_EQ(query(*mine, "t"), Lines{});  // reading goes on
+  EXPECT_EQ(query(*mine, "t"), Lines{});  // reads continue
   ASSERT_TRUE(other.run("COMMIT"));
   mine->Execute("INSERT INTO t VALUES (1, 'x')");
   EXPECT_EQ(query(*mine, "t").size(), 1u);
@@ -235,7 +235,7 @@ TEST_F(Locks, OneStateOfTheDatabaseIsReadBetweenBeginAndEnd) {
     EXPECT_EQ(query(*mine, "t").size(), 1u);
     other->Execute("INSERT INTO t VALUES (2, 'y')");
     EXPECT_EQ(query(*mine, "t").size(), 1u);
-    // A change of one's own steps out of it, and what follows is the new state.
+    // The connection's own change ends the read scope; later reads see the new state.
     mine->Execute("INSERT INTO t VALUES (3, 'z')");
     EXPECT_EQ(query(*mine, "t").size(), 3u);
     other->Execute("INSERT INTO t VALUES (4, 'w')");

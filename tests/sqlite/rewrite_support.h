@@ -18,7 +18,7 @@ inline Rewritten rewritten(std::string_view text) {
   return rewrite(*statements.front(), tokens.literals, catalog);
 }
 
-// The pieces, parted by " | ".
+// The pieces, separated by " | ".
 inline std::string adapted(std::string_view text) {
   std::string result;
   for (const Piece& piece : rewritten(text).pieces) {

@@ -8,7 +8,7 @@
 namespace cu::sqlite::test {
 namespace {
 
-// The literals of `text`, as far as it is of the shape of `model`; "no" when it is not.
+// The literals of `text` if it matches the shape of `model`; "no" otherwise.
 std::string against(std::string_view model, std::string_view text, bool bound = true) {
   const TokenList tokens = tokenize(model);
   const Shape shape(model, tokens, std::vector<bool>(tokens.literals.size(), bound));
@@ -57,7 +57,7 @@ class StatementCacheTest : public ::testing::Test {
     connection_->Execute("CREATE TABLE t (id int NOT NULL PRIMARY KEY, nome Note, importo Importo)");
     connection_->Execute("CREATE TABLE u (id int, nome Note)");
   }
-  // How many statements a text costs.
+  // The number of statements prepared for a text.
   std::size_t cost(const std::string& text) {
     const std::size_t before = connection_->prepared();
     connection_->Execute(text);

@@ -1,4 +1,4 @@
-// The statements of the system, as they stand, on a small database of the suite.
+// The system's statements, unchanged, on a small database of the suite.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -310,7 +310,7 @@ TEST_F(WriteBack, TheStatementsSayHowManyRowsTheyTouch) {
   EXPECT_EQ(connection_->Execute("UPDATE tmpprequadrivio12 SET Modificato = 1"),
             std::stoll(one("SELECT COUNT(*) FROM tmpprequadrivio12")));
   connection_->Execute("DELETE FROM ContoIndividualeDatiAggiuntivi WHERE IDAnagrafica = 7");
-  for (int i = 0; i < 2; ++i) {  // the second time all additional data are there
+  for (int i = 0; i < 2; ++i) {  // the second time all additional data exist
     EXPECT_EQ(connection_->Execute(writeAccounts(kWork)),
               std::stoll(one("SELECT COUNT(*) FROM tmpprequadrivio12")));
     EXPECT_EQ(connection_->Execute(writeAdditionalData(kWork)),

@@ -4,15 +4,15 @@
 #include <string>
 #include <string_view>
 
-// The statements of the system as they reach the database, for the tests and the benchmark of the embedded
-// engine. They stand by themselves: none of it comes from the code that composes them.
+// The system's statements as they reach the database, for the tests and the benchmark of the embedded engine.
+// They are independent of the code that composes them.
 namespace cu::sqlite::test {
 
 struct WorkColumn {
   const char* name;
   const char* type;
   bool nullable;
-  const char* source;  // "" for the column of the view of the same name
+  const char* source;  // "" for the view's column of the same name
 };
 
 inline constexpr std::array<WorkColumn, 101> kWorkColumns = {{
@@ -128,7 +128,7 @@ inline constexpr std::array<WorkColumn, 101> kWorkColumns = {{
     {"IDAzienda", "int", false, ""},
 }};
 
-// What a confirmed row writes to the work table.
+// The columns of the work table written by a confirmed row.
 inline constexpr std::array<const char*, 74> kRowColumns = {"ProtocolloAnnSost",
                                                             "ProgressivoAnnSost",
                                                             "Anticipazione",
@@ -204,7 +204,7 @@ inline constexpr std::array<const char*, 74> kRowColumns = {"ProtocolloAnnSost",
                                                             "FusioneComuniAnnoPrec",
                                                             "Modificato"};
 
-// What goes from the work table to the additional data.
+// The columns written from the work table to the additional data.
 inline constexpr std::array<const char*, 57> kAdditionalData = {"QuotaProvvigioniNonSoggette",
                                                                 "Anticipazione",
                                                                 "IDCodicePerNonSoggetti",
@@ -312,7 +312,7 @@ inline constexpr std::array<const char*, 48> kModuleColumns = {"IDModuloXContoIn
                                                                "AltreIndennitaSommeCorrisposte2",
                                                                "AltreIndennitaRitenuteOperate2"};
 
-// "@" stands for the name of the work table.
+// "@" is the name of the work table.
 inline constexpr std::string_view kMainQuery =
     "SELECT @.*, Anag.Anagrafica, Anag.Nome, Anag.PersonaFisica, Anag.EMailInternet,"
     " Anag.Telefono, Anag.Fax, CG.CodiceFiscaleSocieta, CASE WHEN ISNULL(Anag.CodiceFiscale,"
@@ -376,7 +376,7 @@ inline constexpr std::string_view kPayeeQuery =
     " Provincia ProvRes ON ComRes.IDProvincia = ProvRes.IDProvincia LEFT JOIN Nazione NazRes"
     " ON Anag.IDNazione = NazRes.IDNazione WHERE Selezionato <> 0";
 
-// Each "@" stands for a value: year, payee, company, reason.
+// Each "@" is a value: year, payee, company, reason.
 inline constexpr std::string_view kModuleQuery =
     "SELECT ModuloXContoIndividuale.*, CodicePerNonSoggetti.Codice AS CodicePerNonSoggetti,"
     " CUCodiceFiscale, CUDenominazioneEntePrevidenziale, CUCodiceEntePrevidenziale,"
@@ -393,7 +393,7 @@ inline constexpr std::string_view kModuleQuery =
     " ModuloXContoIndividuale.Anno = @ AND ModuloXContoIndividuale.IDAnagrafica = @ AND"
     " ModuloXContoIndividuale.IDAzienda = @ AND ModuloXContoIndividuale.IDCausalePagamento = @";
 
-// The company's number follows.
+// The company's number is appended.
 inline constexpr std::string_view kCompanyQuery =
     "SELECT CASE WHEN ISNULL(Anagrafica.CodiceFiscale, '') = '' THEN Anagrafica.PartitaIva"
     " ELSE Anagrafica.CodiceFiscale END AS CodFisc, Anagrafica.Anagrafica AS AnagAz,"

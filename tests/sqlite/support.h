@@ -17,7 +17,7 @@
 
 namespace cu::sqlite::test {
 
-// Tables for the rewriting alone.
+// Tables for testing the rewriting alone.
 class TestCatalog : public Catalog {
  public:
   TestCatalog() {
@@ -125,7 +125,7 @@ DatabaseError errorOf(Call call) {
   return {DatabaseErrorKind::Other, 0, "", "no error"};
 }
 
-// The file as a tool without any of the program's functions sees it.
+// The file as seen by a tool without the program's functions.
 class BareDatabase {
  public:
   explicit BareDatabase(const std::string& path) { sqlite3_open(path.c_str(), &database_); }
@@ -137,7 +137,7 @@ class BareDatabase {
     return sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
   }
   std::string message() const { return sqlite3_errmsg(database_); }
-  // Rows, cells parted by "|".
+  // Rows, with cells separated by "|".
   std::vector<std::string> read(const std::string& sql) {
     std::vector<std::string> rows;
     const auto collect = [](void* into, int count, char** values, char**) {

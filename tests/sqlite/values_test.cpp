@@ -1,4 +1,4 @@
-// What a value becomes on its way into the file and out of it.
+// The conversion of values on writing to the file and reading from it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

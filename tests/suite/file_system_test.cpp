@@ -179,7 +179,7 @@ TEST_F(FileSystemTest, AFileCanBeMadeWhereOneWasMadeForATrialAndIsGoneAgain) {
   EXPECT_FALSE(files.canWriteIn(cartella / "manca"));
   cartella.write("file", "");
   EXPECT_FALSE(files.canWriteIn(cartella / "file"));
-  // Not even whoever may do everything can make a file here.
+  // Not even the superuser can create a file here.
   EXPECT_FALSE(files.canWriteIn("/proc"));
 }
 
@@ -192,7 +192,7 @@ TEST_F(FileSystemTest, WhetherAFileCanBeWrittenIsTriedWithoutAChangeOfIt) {
   EXPECT_FALSE(files.canWrite(cartella / "manca"));
   EXPECT_FALSE(files.fileExists(cartella / "manca"));
   EXPECT_FALSE(files.canWrite(cartella.path()));
-  // Not even for whoever may do everything; nor is the other end waited for.
+  // Not even for the superuser; nor does the call wait for the other end.
   ASSERT_EQ(::mkfifo((cartella / "pipe").c_str(), 0600), 0);
   EXPECT_FALSE(files.canWrite(cartella / "pipe"));
   std::filesystem::permissions(cartella / "file", std::filesystem::perms::owner_read);

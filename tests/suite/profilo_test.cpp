@@ -73,7 +73,7 @@ std::string errore(std::string_view testo) {
   return "(nessun errore)";
 }
 
-// The complete profile with one line written otherwise; nothing for the line to go.
+// The complete profile with one line replaced; an empty replacement removes the line.
 std::string con(std::string_view riga, std::string_view altra) {
   std::string testo(kCompleto);
   const std::size_t dove = testo.find(std::string(riga) + "\n");

@@ -19,7 +19,7 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::SizeIs;
 
-// A screen that also tells what the dialog for a name showed.
+// A screen that also records the values shown in the file name dialog.
 class Schermo : public ScriptedFrontEnd {
  public:
   std::vector<std::string> chiesti;
@@ -50,7 +50,7 @@ class Stampa : public ::testing::Test {
   PrintJournal giornale;
   FakeConnection connessione;
   FixedClock orologio{2017, 3, 5};
-  std::unique_ptr<StampaSuite> stampa_;  // goes before what it tells
+  std::unique_ptr<StampaSuite> stampa_;  // destroyed before the objects it calls
 };
 
 TEST_F(Stampa, WhatIsSetReachesTheEngineAndTheNote) {

@@ -8,7 +8,7 @@
 namespace cu {
 namespace {
 
-// What the file holds at the moment a statement arrives.
+// The content of the file at the moment a statement arrives.
 class SguardoAlFile : public Connection {
  public:
   explicit SguardoAlFile(const test::TempFolder& cartella) : cartella_(cartella) {}
@@ -36,8 +36,8 @@ TEST(Traccia, EachTextIsAJsonStringOnALine) {
   EXPECT_EQ(stringaJson(""), "\"\"");
 }
 
-// Where a library of JSON would write the same text in other bytes: short forms of two control characters,
-// and one U+FFFD for all bytes of a torn character.
+// A JSON library would write the same text with other bytes: short escapes for two control characters, and
+// one U+FFFD for all bytes of a truncated character.
 TEST(Traccia, ItsBytesAreItsOwn) {
   EXPECT_EQ(stringaJson("\b\f"), "\"\\u0008\\u000c\"");
   EXPECT_EQ(stringaJson("\xe2\x82z"), "\"\xEF\xBF\xBD\xEF\xBF\xBDz\"");

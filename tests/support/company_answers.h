@@ -6,7 +6,7 @@
 
 namespace cu::test {
 
-// What the checks read of a company and a payee to whom nothing is missing.
+// The rows that the checks read for a company and a payee without missing data.
 inline Table completeCompany() {
   return Table({"CodFisc", "AnagAz", "PersonaFisicaAz", "NomeAz", "ComuneAz", "SiglaProvinciaAz",
                 "AnagraficaRapp", "NomeRapp", "CodiceFiscaleRapp", "CodiceCarica"},
@@ -22,7 +22,7 @@ inline Table completePayee() {
                  text("Italia"), null(), null()}});
 }
 
-// How many lines the work table says are selected, and how many of these lack their references.
+// The numbers of selected lines in the work table, and of those without references.
 struct Counts {
   int selected = 1;
   int withoutReferences = 0;
@@ -36,7 +36,7 @@ inline void answerCompany(FakeDatabase& database, const Counts& counts) {
   database.main.answerContaining("DefaultFilialePerTipoOggetto",
                                  Table({"IDDefaultFilialePerTipoOggetto"}, {}));
   database.main.answerContaining("FROM Anagrafica", Table({"IDAnagrafica", "Nome"}, {}));
-  // The test whether anything would be printed.
+  // The test for an empty print.
   database.main.answerContaining("FROM RepContoIndividuale", Table({"IDAzienda"}, {}));
   database.main.answerContaining("FROM RepCompenso", Table({"IDAzienda"}, {}));
   database.main.answerContaining("SELECT COUNT(Selezionato)", [&counts](std::string_view statement) {

@@ -9,11 +9,11 @@
 
 namespace cu::test {
 
-// Reads a telematic file as one holds it against the printed layout: lines of 1898 characters and CR LF,
-// fields by position (from 1) and length, cells by their codes. It knows nothing of the writers.
+// Reads a telematic file by the printed layout: lines of 1898 characters and CR LF, fields by position (from
+// 1) and length, cells by their codes. It is independent of the writers.
 struct CurCell {
   std::string code;
-  std::string value;  // 16 characters as they stand
+  std::string value;  // 16 characters, unchanged
   friend bool operator==(const CurCell&, const CurCell&) = default;
 };
 
@@ -26,7 +26,7 @@ class CurLine {
     return text_.substr(position - 1, length);
   }
 
-  // The 75 cells of a record D or H up to the first blank one; behind it all must be blank.
+  // The 75 cells of a record D or H up to the first blank one; all later ones are required to be blank.
   std::vector<CurCell> cells() const {
     std::vector<CurCell> result;
     bool ended = false;
@@ -41,7 +41,7 @@ class CurLine {
     }
     return result;
   }
-  // Codes and values, continuations joined, blanks at the right end dropped.
+  // Codes and values, with continuations joined and trailing blanks removed.
   std::vector<std::pair<std::string, std::string>> values() const {
     std::vector<std::pair<std::string, std::string>> result;
     for (const CurCell& cell : cells()) {
@@ -61,7 +61,7 @@ class CurLine {
     }
     return false;
   }
-  // The value under the code, blanks at its left end kept; "" when there is none.
+  // The value of the code, with leading blanks; "" when there is none.
   std::string value(std::string_view code) const {
     for (const auto& [each, value] : values()) {
       if (each == code) return value;
@@ -75,7 +75,7 @@ class CurLine {
 
 class CurFile {
  public:
-  // Every line must be complete: 1898 characters, CR LF.
+  // Every line is required to be complete: 1898 characters, CR LF.
   explicit CurFile(std::string_view content) {
     constexpr std::size_t kLine = 1900;
     if (content.size() % kLine != 0) throw std::runtime_error("the file holds a line that is not 1900 bytes");

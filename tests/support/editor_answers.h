@@ -9,7 +9,7 @@
 
 namespace cu::test {
 
-// A column of ModuloXContoIndividuale behind its key, in the order of the table.
+// A column of ModuloXContoIndividuale after its key, in the order of the table.
 inline constexpr std::string_view kModuleColumns[] = {"NumeroModulo",
                                                       "IDCodicePerNonSoggetti",
                                                       "AnnoModulo",
@@ -56,8 +56,8 @@ inline constexpr std::string_view kModuleColumns[] = {"NumeroModulo",
                                                       "AltreIndennitaSommeCorrisposte2",
                                                       "AltreIndennitaRitenuteOperate2"};
 
-// What "SELECT *, Anticipazione AS Eliminato" yields; a row says what is not null, its id among it. The flag
-// Eliminato comes as the database copies it.
+// The result of "SELECT *, Anticipazione AS Eliminato"; a row contains the values that are not null,
+// including its id. The flag Eliminato is the database's copy.
 inline Table moduleTable(const std::vector<WorkRow>& rows) {
   Table table;
   const auto typeOf = [](std::string_view name) {
@@ -87,7 +87,7 @@ inline Table moduleTable(const std::vector<WorkRow>& rows) {
   return table;
 }
 
-// What an editor asks of the database while it opens and is confirmed: no modules, two codes, one payee.
+// The answers to an editor's queries while it opens and is confirmed: no modules, two codes, one payee.
 inline void answerEditors(FakeDatabase& database) {
   database.internal.answerContaining("FROM ModuloXContoIndividuale WHERE Anno = ", moduleTable({}));
   database.internal.answerContaining("SELECT Codice FROM CodicePerNonSoggetti", Table({"Codice"}, {}));

@@ -14,8 +14,8 @@
 
 namespace cu::test {
 
-// A connection that notes every text it is sent and answers from rules. Of the rules that fit, the newest
-// holds; a query that no rule fits is a fault of the test, a statement is only noted.
+// A connection that records every text and answers by rules. Of the matching rules the newest applies; a
+// query without a rule is a failure of the test, a statement is only recorded.
 class FakeConnection : public Connection {
  public:
   enum class Kind { Execute, Query };
@@ -39,7 +39,7 @@ class FakeConnection : public Connection {
   void answerContaining(std::string piece, Answer answer) {
     rules_.push_back({std::move(piece), false, std::move(answer)});
   }
-  // Any text, query or statement, that contains the piece is refused.
+  // Rejects any text, query or statement, that contains the piece.
   void refuseContaining(std::string piece, DatabaseErrorKind kind = DatabaseErrorKind::Other,
                         std::string message = "Il database ha rifiutato l'istruzione.") {
     rules_.push_back({std::move(piece), false, [kind, message](std::string_view) -> Table {
@@ -47,7 +47,7 @@ class FakeConnection : public Connection {
                       }});
   }
 
-  // A statement that contains the piece touches so many rows; of others the connection does not say.
+  // A statement that contains the piece affects that number of rows; for others the number is unknown.
   void touchContaining(std::string piece, std::int64_t rows) {
     touched_.emplace_back(std::move(piece), rows);
   }

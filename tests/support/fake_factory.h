@@ -15,7 +15,7 @@
 
 namespace cu::test {
 
-// Makes the wizard's surroundings and notes, in order, what is made and what the entry asks of it.
+// Creates the wizard's surroundings and records, in order, the objects created and the calls of the entry.
 class FakeFactory : public HostFactory {
  public:
   struct CurrencyAsked {
@@ -41,12 +41,12 @@ class FakeFactory : public HostFactory {
   Valuta currency = {1, "€", ",", "."};
   std::vector<CurrencyAsked> currencies;
   std::deque<Rebuild> rebuilds;
-  std::function<void()> onRebuild;  // runs while the accounts are rebuilt
+  std::function<void()> onRebuild;  // runs during the rebuild of the accounts
   std::size_t rebuiltAccounts = 0;
   std::deque<NotedLog> logs;
   PrintJournal printing;
-  FakeSession* session = nullptr;  // the last one made
-  int databaseAsked = 0;           // how often a session was asked for its database, even in vain
+  FakeSession* session = nullptr;  // the last one created
+  int databaseAsked = 0;           // number of requests for a session's database, including failed ones
 
   std::unique_ptr<TestiSuite> createTesti() override {
     journal.push_back("testi");

@@ -9,7 +9,7 @@
 
 namespace cu::test {
 
-// What a log was told, in order.
+// The calls of a log, in order.
 struct NotedLog {
   struct Column {
     std::string name;
@@ -20,7 +20,7 @@ struct NotedLog {
   std::int32_t user = 0;
   std::string name;
   std::vector<Column> columns;
-  std::vector<std::map<std::string, Value>> rows;  // the confirmed ones
+  std::vector<std::map<std::string, Value>> rows;  // the confirmed rows
   std::vector<int> shown;                          // the arguments
   bool released = false;
 

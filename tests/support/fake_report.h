@@ -12,8 +12,8 @@
 
 namespace cu::test {
 
-// What report engines and printer dialogs were asked, in order, "report.preview"; and what they answer. A
-// call whose name, arguments left out, stands in `failures` is noted and then fails.
+// The calls of report engines and printer dialogs, in order, as "report.preview"; and their answers. A call
+// whose name, without arguments, is in `failures` is recorded and then fails.
 struct PrintJournal {
   std::vector<std::string> calls;
   std::map<std::string, Error> failures;

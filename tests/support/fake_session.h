@@ -24,12 +24,12 @@ class FakeDatabase : public DatabaseHost {
   std::unique_ptr<Rowset> CreateRowset() override { return std::make_unique<ConnectionRowset>(main); }
 };
 
-// A session whose answers are plain members; the database lives outside, as it outlasts the session.
+// A session whose answers are plain members; the database is external, because it outlives the session.
 class FakeSession : public SessioneHost {
  public:
   explicit FakeSession(FakeDatabase& database) : database_(database) {}
 
-  bool refuses = false;  // to start
+  bool refuses = false;  // whether the start is rejected
   std::vector<ProcessoHost> processes = {{"Wizard stampa", 247}};
   std::string applicationTitle = "Quadrivio";
   std::string section = "Sessione12";

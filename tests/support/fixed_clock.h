@@ -4,7 +4,7 @@
 
 namespace cu::test {
 
-// Stands still until a test moves it.
+// A stopped clock, set by the test.
 class FixedClock : public Clock {
  public:
   explicit FixedClock(Date day, TimeOfDay time = {10, 30, 0}) : day_(day), time_(time) {}

@@ -16,28 +16,27 @@
 
 namespace cu::test {
 
-// Files and folders in memory, with '/' as separator. The root exists; every other folder must be created.
-// Any operation can be made to fail, and the disk can be made too small.
+// Files and folders in memory, with '/' as separator. The root exists; every other folder has to be created.
+// Any operation can be made to fail, and the space can be limited.
 class MemoryFileSystem : public FileSystem {
  public:
   enum class Operation { Open, Write, Close, CreateFolder, Copy, Replace, Read, Remove, Rename };
 
   std::map<std::string, std::string> files;
   std::set<std::string> folders;
-  std::set<std::string> closed;     // folders in which nothing can be written, and files that cannot
+  std::set<std::string> closed;     // read-only folders and files
   std::vector<std::string> opened;  // paths, in order
-  int openNow = 0;                  // files open at this moment
+  int openNow = 0;                  // number of files open now
 
   // The n-th operation of that kind from now on (counted from 1) fails with the number, once.
   void failNth(Operation operation, int nth, int number, std::string message = "guasto provocato") {
     failures_.push_back({operation, nth, number, std::move(message)});
   }
-  // So many bytes can still be written to files that are open; a write that does not fit writes what fits and
-  // fails with 61.
+  // The number of bytes that can still be written; a write that does not fit is partial and fails with 61.
   void limitSpace(std::size_t bytes) { space_ = bytes; }
   void freeSpace() { space_.reset(); }
 
-  // What damage does to a file.
+  // Damages a file.
   void truncate(const std::string& path, std::size_t size) { files.at(path).resize(size); }
   void setByte(const std::string& path, std::size_t at, char value) { files.at(path).at(at) = value; }
 

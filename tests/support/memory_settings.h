@@ -12,7 +12,7 @@
 
 namespace cu::test {
 
-// Settings in memory; can be made to refuse what is written.
+// Settings in memory; writes can be made to fail.
 class MemorySettings : public Settings {
  public:
   using Key = std::tuple<std::string, std::string, std::string>;  // application, section, name

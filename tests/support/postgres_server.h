@@ -22,7 +22,7 @@
 
 namespace cu::test {
 
-// A socket of this machine alone, bound to a port that nobody has.
+// A loopback socket, bound to an unused port.
 class LoopbackSocket {
  public:
   LoopbackSocket() : descriptor_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
@@ -48,9 +48,9 @@ class LoopbackSocket {
   int port_ = 0;
 };
 
-// A PostgreSQL server of its own: its data in a folder that goes with the object, on the loopback, on a free
-// port, under a user without rights where the test itself has them. It ends with the object, and with the
-// test however that ends.
+// A private PostgreSQL server: its data are in a folder deleted with the object; it listens on the loopback,
+// on a free port, under a user without rights where the test itself has them. It ends with the object, and
+// with the test however that ends.
 class PostgresServer {
  public:
   static constexpr const char* kUser = "prova";
@@ -92,7 +92,7 @@ class PostgresServer {
     }
     throw std::runtime_error("the server did not start: " + folder_.read("log"));
   }
-  // At once, with whatever is under way.
+  // Immediately, including running statements.
   void stop() {
     if (process_ < 0) return;
     ::kill(process_, SIGCONT);
@@ -119,7 +119,7 @@ class PostgresServer {
   }
 
   pid_t launch(std::vector<std::string> arguments) const {
-    // By its whole name: the programs look for each other beside the name that they were called by.
+    // By its full path: the programs find each other next to the path by which they were started.
     const std::string program = bin_ + "/" + arguments.front();
     arguments.front() = program;
     std::vector<char*> pointers;

@@ -13,9 +13,8 @@
 
 namespace cu::test {
 
-// Records what it was asked, in order, and answers as a test has prepared: boxes from `answers` (when it is
-// empty, with OK or Yes), modal forms by the scripts in `modals`, dialogs from their queues (when empty,
-// cancelled).
+// Records the calls, in order, and answers as prepared by the test: boxes from `answers` (OK or Yes when it
+// is empty), modal forms by the scripts in `modals`, dialogs from their queues (cancelled when empty).
 class ScriptedFrontEnd : public FrontEnd {
  public:
   struct ErrorBox {
@@ -40,7 +39,7 @@ class ScriptedFrontEnd : public FrontEnd {
   std::vector<MessageBox> boxes;
   std::deque<Answer> answers;
   std::vector<ErrorBox> errors;
-  std::vector<std::string> shown;  // names of the forms, as they opened
+  std::vector<std::string> shown;  // names of the forms, in order of opening
   std::deque<Script> modals;
   std::vector<FolderAsked> foldersAsked;
   std::deque<std::string> folders;
@@ -54,11 +53,12 @@ class ScriptedFrontEnd : public FrontEnd {
   std::vector<std::string> viewed;
   std::vector<PrintNote> prints;
   std::vector<std::string> facts;
-  std::vector<std::string> missed;  // names of the controls that held nothing
-  std::vector<std::string> works;   // long work told, each once while it goes on
+  std::vector<std::string> missed;  // names of the empty controls reported
+  std::vector<std::string> works;   // long operations reported, each once
   int beeps = 0;
-  std::vector<int> pointers;      // every setting
-  std::vector<std::string> seen;  // boxes, modal forms and long work, each with the pointer at that moment
+  std::vector<int> pointers;  // every setting
+  std::vector<std::string>
+      seen;  // boxes, modal forms and long operations, each with the pointer at that moment
 
   void show(Form& form) override { shown.push_back(form.name()); }
   void showModal(Form& form) override {

@@ -14,17 +14,17 @@
 
 namespace cu::test {
 
-// The suite's utilities over a given front end. A statement is noted as it passes fnAnsi2jet, and changed if
-// a test says how.
+// The suite's utilities for a given front end. A statement passed to fnAnsi2jet is recorded, and changed if
+// the test sets a function.
 class SimpleUtility : public UtilitaSuite {
  public:
   explicit SimpleUtility(FrontEnd& frontEnd) : frontEnd_(frontEnd) {}
 
-  mutable std::vector<std::string> adapted;  // what was handed to fnAnsi2jet
+  mutable std::vector<std::string> adapted;  // the texts passed to fnAnsi2jet
   std::function<std::string(std::string)> adapt;
   std::string cuFolder = "/cu";
   std::string documents = "/documenti";
-  std::vector<std::string> prepared;  // names of the forms treated
+  std::vector<std::string> prepared;  // names of the forms prepared
   std::vector<std::string> released;
 
   int question(const std::string& text, const std::string& title) override {

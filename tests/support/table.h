@@ -13,7 +13,7 @@
 
 namespace cu::test {
 
-// Values as short as a table of them needs.
+// Short names for the values of test tables.
 inline Value null() { return {}; }
 inline Value whole(std::int64_t value) { return Value::ofInteger(value); }
 inline Value text(std::string value) { return Value::ofText(std::move(value)); }

@@ -9,7 +9,7 @@
 
 namespace cu::test {
 
-// A folder of its own on the disk, which goes with the object.
+// A temporary folder on the disk, deleted with the object.
 class TempFolder {
  public:
   TempFolder() : TempFolder(std::filesystem::temp_directory_path().string()) {}

@@ -127,7 +127,8 @@ inline constexpr std::array<WorkColumn, 101> kWorkColumns = {{
 
 using WorkRow = std::map<std::string, Value, std::less<>>;  // column name to value
 
-// A line as the load leaves it: selected, unchanged, with zeros in its amounts; `changes` say what differs.
+// A line as left by the load: selected, unchanged, with zeros in its amounts; `changes` contains the
+// differences.
 inline WorkRow workRow(std::int64_t idAnagrafica, std::int64_t idCausale, WorkRow changes = {}) {
   WorkRow row;
   for (const WorkColumn& column : kWorkColumns) {
@@ -149,7 +150,7 @@ inline WorkRow workRow(std::int64_t idAnagrafica, std::int64_t idCausale, WorkRo
   return row;
 }
 
-// What reading the whole table yields.
+// The result of reading the whole table.
 inline Table workTable(const std::vector<WorkRow>& rows) {
   Table table;
   for (const WorkColumn& column : kWorkColumns) {
@@ -159,7 +160,7 @@ inline Table workTable(const std::vector<WorkRow>& rows) {
     table.columns.push_back({std::string(column.name), type});
   }
   for (const WorkRow& row : rows) {
-    for (const auto& [name, value] : row) table.column(name);  // no other columns than these
+    for (const auto& [name, value] : row) table.column(name);  // no columns other than these
     std::vector<Value> cells;
     for (const WorkColumn& column : kWorkColumns) {
       const auto found = row.find(column.name);

@@ -1,4 +1,4 @@
-// A database that another program holds: told in words after a short wait, and the wizard goes on afterwards.
+// A database locked by another program: reported after a short wait, and the wizard continues afterwards.
 
 #include <gtest/gtest.h>
 
@@ -12,8 +12,8 @@ namespace {
 using nlohmann::json;
 
 TEST(ForeignLock, IsToldInWordsAndTheWizardGoesOnWhenItIsGone) {
-  // A file of the embedded engine, whatever database the other tests run on: a server makes others wait, and
-  // how long is for it and statement_timeout to say.
+  // A file of the embedded engine, whatever database the other tests use: a server makes others wait for a
+  // time that the server and statement_timeout determine.
   Posto posto(Posto::Database::Nessuno);
   ASSERT_EQ(posto.cuctl({"create", "--database", "sqlite:demo.db", "--demo"}).codice, 0);
   const auto processo = posto.guida();

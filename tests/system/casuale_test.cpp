@@ -1,5 +1,5 @@
-// Whatever a person may do in whatever order: random commands on random data. The program answers each,
-// raises nothing that it does not catch, and what it shows and writes stays true.
+// Any user actions in any order: random commands on random data. The program answers each, leaves no
+// exception uncaught, and what it shows and writes stays consistent.
 
 #include <gtest/gtest.h>
 
@@ -55,7 +55,7 @@ class QualunqueCosa : public Guidato, public testing::WithParamInterface<unsigne
     return {{"do", "answer"}, {"with", "cancel"}};
   }
 
-  // A command that fits the control's kind; null for one that a hand does nothing with.
+  // A command that fits the control's kind; null for a control without user actions.
   json gesto(const std::string& nome, const json& stato) {
     const std::string tipo = stato.at("kind");
     if (tipo == "button" || tipo == "link" || tipo == "option" || tipo == "check") {
@@ -113,7 +113,7 @@ class QualunqueCosa : public Guidato, public testing::WithParamInterface<unsigne
           {"do", "key"}, {"on", form}, {"code", uno<int>({13, 33, 34, 112, 82, 71})}, {"shift", numero(3)}};
     }
     if (form != "frmWizard" && numero(30) == 0) return {{"do", "close"}, {"window", form}};
-    // Forward and into the lines more often than a blind hand would.
+    // Goes forward and opens lines more often than at random.
     if (form == "frmWizard" && numero(4) == 0) {
       const int righe = manda({{"do", "get"}, {"of", "frmWizard.grdCompensi"}}).at("result").at("rows");
       if (righe > 0)
@@ -131,7 +131,7 @@ class QualunqueCosa : public Guidato, public testing::WithParamInterface<unsigne
     std::vector<json> gesti;
     for (const auto& [nome, controllo] : albero.items()) {
       if (nome == form || !controllo.at("enabled") || !controllo.at("visible")) continue;
-      if (nome == "cmdNav(1)" && numero(10) > 0) continue;  // the way out
+      if (nome == "cmdNav(1)" && numero(10) > 0) continue;  // the exit
       json trovato = gesto(form + "." + nome, controllo);
       if (!trovato.is_null()) gesti.push_back(std::move(trovato));
     }
@@ -150,7 +150,7 @@ class QualunqueCosa : public Guidato, public testing::WithParamInterface<unsigne
     EXPECT_EQ(mostrato, "[ " + std::to_string(selezionate) + " ]");
   }
 
-  // The telematic file of the year, made without a conversation; "" when the wizard has refused.
+  // The telematic file of the year, made without a conversation; "" when the wizard has rejected it.
   std::string fai(const std::string& anno) {
     const Esecuzione esito = posto_.cuctl({"make", "--profile", posto_.profilo(), "--year", anno, "--yes",
                                            "--folder", posto_.cartella() / "Documenti"});
@@ -214,7 +214,7 @@ TEST_P(QualunqueCosa, LeavesTheProgramSoundAndTheFileTrue) {
   }
 }
 
-// How many; CU_SEEDS asks for more by hand.
+// The number of seeds; CU_SEEDS sets another one.
 unsigned semi() {
   const char* const chiesti = std::getenv("CU_SEEDS");
   return chiesti == nullptr ? 8 : static_cast<unsigned>(std::stoul(chiesti));

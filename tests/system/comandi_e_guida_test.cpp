@@ -1,5 +1,5 @@
-// The commands run without a form what a person does on the wizard's steps: on random data and with random
-// choices, `make` and `print` send, write and print the same as the wizard under the driver.
+// The commands perform the wizard's steps without a form: on random data and with random choices, `make` and
+// `print` send, write and print the same as the wizard under the driver.
 
 #include <gmock/gmock.h>
 
@@ -36,7 +36,7 @@ class CommandAndDriver : public Guidato, public testing::WithParamInterface<unsi
   }
   void estremo(const char* opzione, const char* selettore, const std::string& codice) {
     if (!forse()) return;
-    // A code that no row has is typed with an empty description.
+    // A code without a row is typed with an empty description.
     const json trovato = manda({{"do", "choose"}, {"in", selettore}, {"code", codice}});
     if (!trovato.at("ok").get<bool>()) {
       fai({{"do", "choose"}, {"in", selettore}, {"code", codice}, {"description", ""}});
@@ -49,7 +49,7 @@ class CommandAndDriver : public Guidato, public testing::WithParamInterface<unsi
     estremo("--from-reason", "frmWizard.KrnCDCausContrib(0)", "A");
     estremo("--to-reason", "frmWizard.KrnCDCausContrib(1)", "Z");
   }
-  // Answers what is in front until the wizard is alone again; the texts of the boxes.
+  // Answers what is in front until only the wizard is open; returns the texts of the boxes.
   std::vector<std::string> chiudiTutto(json risposta) {
     std::vector<std::string> testi;
     for (int passi = 0; passi < 50; ++passi) {
@@ -75,7 +75,7 @@ class CommandAndDriver : public Guidato, public testing::WithParamInterface<unsi
     processo_->chiudiIngresso();
     processo_->resto();
   }
-  // The files of both places; the folder's own name is not compared.
+  // Compares the files of both places, without the folder's own name.
   void confronta() {
     EXPECT_EQ(senzaPosto(altro_, altro_.cartella().read("trace.sql")),
               senzaPosto(posto_, posto_.cartella().read("trace.sql")));

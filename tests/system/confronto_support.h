@@ -5,9 +5,10 @@
 
 namespace cu::test {
 
-// Where a value differs from what is expected of it; "" when it does not. An expected object names only the
-// members that count; a list counts whole. Instead of a value may stand {"$contains":"text"} for a text,
-// {"$count":n} for a list, {"$has":[...]} for a list that holds these among others, {"$any":true}.
+// The difference between a value and its expectation; "" when there is none. An expected object contains only
+// the members that matter; a list is compared whole. Instead of a value the expectation may be
+// {"$contains":"text"} for a text, {"$count":n} for a list, {"$has":[...]} for a list that contains at least
+// these, {"$any":true}.
 std::string differenza(const nlohmann::json& atteso, const nlohmann::json& trovato,
                        const std::string& dove = "$");
 

@@ -9,25 +9,25 @@
 
 namespace cu::test {
 
-// A run that nothing disturbs, and what it leaves: what a run that is disturbed, and the one after it, are
-// held against. What differs is a failure of the test.
+// An undisturbed run and its results, with which a disturbed run, and the one after it, are compared. A
+// difference is a failure of the test.
 class CorsaIntera {
  public:
   using Tempo = std::chrono::microseconds;
 
-  // `moduli` lays the forms out; without, they are only told.
+  // `moduli`: the forms are laid out; otherwise they are only reported.
   explicit CorsaIntera(bool moduli);
 
   bool moduli() const { return moduli_; }
   const std::string& file() const { return file_; }
   const std::vector<Tempo>& tempi() const { return tempi_; }  // of each step
 
-  // Whether all that the run leaves is there.
+  // Whether all results of the run exist.
   bool tutta(const LuogoCorsa& luogo) const;
-  // After a disturbed run: the database is sound, each table of the accounts is as before or as after, what
-  // belongs to others is untouched.
+  // After a disturbed run: the database is intact, each table of the accounts is as before or as after,
+  // foreign data is unchanged.
   void attendeSano(const LuogoCorsa& luogo) const;
-  // The next run succeeds and makes all of it.
+  // The next run succeeds and produces everything.
   void attendeRiuscita(const LuogoCorsa& luogo) const;
 
  private:

@@ -18,7 +18,7 @@ constexpr const char* kAltraCopia = "Documenti/Comunicazioni CU/CUR_04123450233_
 constexpr const char* kAltrui = "un file di un altro anno";
 constexpr const char* kImpostazioni = "[\"Altro\".\"Sezione\"]\nNome = \"valore\"\n";
 
-// Stands for the module of the line in the editor: a new one, or the one that an earlier run has left.
+// The module of the line in the editor: a new one, or the one left by an earlier run.
 constexpr const char* kModulo = "modulo";
 
 constexpr std::array kPassi = {R"j({"do":"click","on":"frmWizard.optstType(1)"})j",
@@ -41,7 +41,7 @@ constexpr std::array kPassi = {R"j({"do":"click","on":"frmWizard.optstType(1)"})
                                R"j({"do":"click","on":"frmMsgLink.Command1"})j",
                                R"j({"do":"close","window":"frmWizard"})j"};
 
-// Made once, copied for each place.
+// Created once, copied for each place.
 const std::string& modello() {
   static const TempFolder cartella;
   static const std::string file = [] {
@@ -54,7 +54,7 @@ const std::string& modello() {
   return file;
 }
 
-// What a box, an error or a log says.
+// The text of a box, an error or a log.
 std::string testo(const json& modale) {
   if (modale.contains("text")) return modale.at("text");
   return modale.contains("rows") ? modale.at("rows").dump() : modale.dump();
@@ -100,7 +100,7 @@ std::map<std::string, std::string> LuogoCorsa::conti() const {
 
 namespace {
 
-// The files of a folder with the telematic file's ending, by name.
+// The files of a folder with the telematic file's extension, by name.
 std::map<std::string, std::string> conEstensione(const TempFolder& cartella, const std::string& sotto) {
   std::map<std::string, std::string> trovati;
   for (const auto& voce : std::filesystem::directory_iterator(cartella / sotto)) {
@@ -176,7 +176,7 @@ bool CorsaGuidata::passo() {
   return rispondi(*prima);
 }
 
-// Answers one box after the other, as long as there are any.
+// Answers boxes one after the other, as long as there are any.
 bool CorsaGuidata::rispondi(json risposta) {
   while (!risposta.at("modal").is_null()) {
     const json modale = risposta.at("modal");

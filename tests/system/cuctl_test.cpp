@@ -198,7 +198,7 @@ TEST(Make, TheRangeOfPayeesIsByCode) {
     return esito.uscita;
   };
   EXPECT_THAT(righe({"--from-payee", "P001", "--to-payee", "P003"}), HasSubstr("Certificazioni: 4\n"));
-  // A bound that no payee has is a bound all the same.
+  // A limit without a payee is a valid limit.
   EXPECT_THAT(righe({"--from-payee", "P", "--to-payee", "P0035"}), HasSubstr("Certificazioni: 4\n"));
 }
 
@@ -229,7 +229,7 @@ TEST(Make, AWarningStopsUnlessItIsPassed) {
   EXPECT_THAT(passata.uscita, HasSubstr("File telematico: "));
 }
 
-// Where the bars of a table's line stand, in characters.
+// The positions of the bars in a table's line, in characters.
 std::vector<std::size_t> sbarre(const std::string& riga) {
   std::vector<std::size_t> posti;
   std::size_t carattere = 0;

@@ -1,4 +1,4 @@
-// The program with the window, from outside: what it answers before a window opens.
+// The window program, from outside: its messages before a window opens.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

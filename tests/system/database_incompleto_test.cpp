@@ -1,4 +1,4 @@
-// Databases that lack something of the suite's, and one that has nothing of it.
+// Databases without some of the suite's tables, and one without any.
 
 #include <gmock/gmock.h>
 

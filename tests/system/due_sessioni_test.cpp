@@ -1,4 +1,4 @@
-// One user in two places: both sessions have a work table of the same name.
+// One user in two sessions, whose work tables have the same name.
 
 #include <gtest/gtest.h>
 
@@ -78,7 +78,7 @@ TEST_F(TwoSessions, ALineThatTheOtherHasTakenAwayIsToldAndStaysAsItIs) {
   una.vaiAllaGriglia("2016");
   const std::string didascalia = una.didascalia();
   Sessione altra = sessione();
-  altra.vaiAllaGriglia("2015");  // of another year: none of the first one's lines is there
+  altra.vaiAllaGriglia("2015");  // another year: none of the first one's lines exists
   const json prima = una.riga(1);
   EXPECT_EQ(una.errore(una.premi(1)),
             "La tabella di lavoro non contiene più questa riga: un'altra sessione dello stesso utente l'ha "
@@ -123,7 +123,7 @@ TEST_F(TwoSessions, AloneNothingIsMissedAtTheWriteBack) {
   una.vaiAllaGriglia("2016");
   una.correggi(1, "12,5");
   una.correggi(2, "7");
-  EXPECT_EQ(una.errore(una.premi(2)), "");  // a deselected line is not stored
+  EXPECT_EQ(una.errore(una.premi(2)), "");  // a deselected line is not written back
   una.clic("frmWizard.cmdNav(3)");
   json risposta = una.clic("frmWizard.cmdNav(4)");
   EXPECT_EQ(risposta.at("windows").back(), "frmMsgLink") << risposta;
@@ -139,7 +139,7 @@ TEST_F(TwoSessions, ATableThatIsBeingMadeAnewIsToldInWords) {
   EXPECT_EQ(una.riga(1), prima);
 }
 
-// Whatever falls together, it is a success or a text without the engine's words.
+// Whatever coincides, the result is a success or a text without the engine's words.
 TEST_F(TwoSessions, StartsAtTheSameTimeSpeakToTheUser) {
   Sessione una = sessione();
   Sessione altra = sessione();

@@ -1,5 +1,5 @@
 // The editors from outside: a line of each year corrected and found in the file, modules, an annulment, a
-// warning, and what goes round through work table, accounts and file.
+// warning, and the values' way through work table, accounts and file.
 
 #include <gmock/gmock.h>
 
@@ -15,7 +15,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using json = nlohmann::json;
 
-// The H record of a payee and reason; its further modules bear the same number of certificate.
+// The H record of a payee and reason; its further modules have the same certificate number.
 const CurLine& recordH(const CurFile& file, std::string codiceFiscale, const std::string& causale,
                        int modulo = 1) {
   codiceFiscale.resize(16, ' ');
@@ -167,7 +167,7 @@ TEST_F(Editing, AModuleIsAddedChangedAndDeletedAndReachesTheFile) {
   EXPECT_THROW(recordH(file, chi, riga.at("Codice"), 3), std::runtime_error);
 }
 
-// What a person can put into each open field of the page, by the kind of the field.
+// What the user can enter into each unlocked field of the page, by the kind of the field.
 class GiroCompleto : public Guidato {
  protected:
   static constexpr const char* kMassimo = "9.999.999.999.999,99";
@@ -175,14 +175,14 @@ class GiroCompleto : public Guidato {
 
   GiroCompleto() : Guidato(false) {
     posto_.imposta("session.today", "2018-03-05T10:30:00");
-    // The reason N opens every amount but one.
+    // The reason N unlocks every amount but one.
     const auto database = posto_.lettore();
     database->esegui(
         "UPDATE ContoIndividuale SET IDCausalePagamento = (SELECT IDCausalePagamento FROM CausalePagamento "
         "WHERE Codice = 'N') WHERE Anno = 2017 AND IDAnagrafica = 101");
     avvia();
   }
-  // These four make up the gross amount, which must find room in the file.
+  // These four are the addends of the gross amount, which must fit into the file.
   static bool addendo(const std::string& nome) {
     return nome == "curField(10)" || nome == "curField(11)" || nome == "curField(12)" ||
            nome == "curField(22)";
@@ -238,7 +238,7 @@ TEST_F(GiroCompleto, FourPlacesAsStoredAreKeptWhereNobodyTypes) {
   vaiAllaGriglia("2017");
   const auto database = posto_.lettore();
   std::string form = apri(rigaDi(101));
-  // A first confirmation makes the row of the additional data.
+  // A first confirmation creates the row of the additional data.
   scrivi(form + ".curField(23)", "-1");
   clic(form + ".cmdOk");
   creaFile();

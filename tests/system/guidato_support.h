@@ -12,7 +12,7 @@
 
 namespace cu::test {
 
-// The wizard in the hands of a test, command by command. Every command must be accepted.
+// The wizard driven by a test, command by command. Every command is required to be accepted.
 class Guidato : public ::testing::Test {
  protected:
   using json = nlohmann::json;
@@ -57,7 +57,7 @@ class Guidato : public ::testing::Test {
     if (tipo > 0) clic("frmWizard.optTipoComunicazione(" + std::to_string(tipo) + ")");
     clic("frmWizard.cmdNav(3)");
   }
-  // Where the first line of a payee stands: a server gives the lines in an order of its own.
+  // The position of a payee's first line: a server returns the lines in its own order.
   int rigaDi(int anagrafica) {
     const json tutte = righe("frmWizard.grdCompensi", 1, stato("frmWizard.grdCompensi").at("rows"));
     int trovata = 0;
@@ -78,14 +78,14 @@ class Guidato : public ::testing::Test {
     const json risposta = fai({{"do", "doubleclick"}, {"in", "frmWizard.grdCompensi"}, {"row", riga}});
     return risposta.at("windows").back();
   }
-  // From the grid to the file, and back on the first step; the file's content.
+  // From the grid to the file, and back to the first step; returns the file's content.
   std::string creaFile() {
     clic("frmWizard.cmdNav(3)");
     json risposta = clic("frmWizard.cmdNav(4)");
     while (risposta.at("windows").back() == "frmMsgLink") risposta = clic("frmMsgLink.Command1");
     if (!risposta.at("modal").is_null()) throw std::runtime_error("no file: " + risposta.dump());
     for (const std::string& nome : posto_.file("Documenti")) {
-      // The forms bear more in their name than company and year.
+      // The names of the forms contain more than company and year.
       if (nome.starts_with("CUR_") && std::count(nome.begin(), nome.end(), '_') == 2) {
         return posto_.cartella().read("Documenti/" + nome);
       }

@@ -1,7 +1,7 @@
-// Whatever a person may put into a field. Each text goes into every place of every form that takes a text,
-// the places being those that a form itself tells; beside it runs a harmless text of the same length. What
-// was put in is found again as it was, cut or replaced where it must be, in control, work table, accounts and
-// file; and the statements of the two runs differ in their values alone.
+// Hostile texts in every field. Each text is entered in every place of every form that accepts a text, with
+// the places taken from the form's own description; a harmless text of the same length is entered in a
+// parallel run. The text is found unchanged, truncated or replaced where required, in control, work table,
+// accounts and file; and the statements of the two runs differ only in their values.
 
 #include <gmock/gmock.h>
 
@@ -25,7 +25,7 @@ using json = nlohmann::json;
 class Corsa : public ScenaOstile {
  public:
   explicit Corsa(std::string testo, bool conNulli = false) : ScenaOstile(std::move(testo), conNulli) {
-    // A payee and a reason of that name, of whom there is a line in every year.
+    // A payee and a reason with that name, with a line in every year.
     database_ = posto_.lettore();
     database_->esegui(std::string("UPDATE Percipiente SET Codice = ? WHERE IDAnagrafica = ") + kChi,
                       {testo_});
@@ -50,7 +50,7 @@ class Corsa : public ScenaOstile {
     for (const char* anno : {"2014", "2015", "2017"}) percorri(anno);
     chiudi();
     tutteRaggiunte();
-    // What the settings keep is read again.
+    // The stored settings are read again.
     avvia();
     EXPECT_EQ(stato("frmWizard.txtPercorsoCU").at("text"), cartella_);
     chiudi();
@@ -76,7 +76,7 @@ class Corsa : public ScenaOstile {
     }
   }
 
-  // The print of the certificates, to a printer that nobody has.
+  // The print of the certificates, on a printer that does not exist.
   void stampa() {
     scegliRiga("2016");
     clic("frmWizard.cmdNav(3)");
@@ -130,7 +130,7 @@ class Corsa : public ScenaOstile {
     if (fatto.empty()) {
       nelFile(anno);
     } else {
-      // Only a long text does not find room.
+      // Only a long text does not fit.
       EXPECT_GT(caratteri(testo_), 200U) << fatto;
       EXPECT_EQ(anno, "2017") << fatto;
       EXPECT_THAT(fatto, HasSubstr("75 celle del record D"));
@@ -145,7 +145,7 @@ class Corsa : public ScenaOstile {
     }
   }
 
-  // Once by codes, once by names: either way it is the one line. The accounts are rebuilt on the way.
+  // Once by codes, once by names: either way it is the one line. The accounts are rebuilt before.
   void allaGriglia(const std::string& anno) {
     clic("frmWizard.optCode");
     scegliRiga(anno);
@@ -187,7 +187,7 @@ class Corsa : public ScenaOstile {
     scena(form, "modulo");
     passa(clic(form + ".cmdSave"));
     EXPECT_EQ(passa(clic(form + ".cmdOk")).at("windows"), json({"frmWizard"}));
-    // The same line once more, as it is shown now.
+    // The same line again, as it is shown now.
     apri(1);
     mostrati(form, "frmCompenso", {});
     mostrati(form, "modulo", {});
@@ -205,7 +205,7 @@ class Corsa : public ScenaOstile {
     }
   }
 
-  // Says yes to what is only asked or told.
+  // Confirms all boxes.
   json passa(json risposta) {
     while (!risposta.at("modal").is_null() && risposta.at("modal").at("kind") == "message")
       risposta = rispondi("ok");
@@ -225,7 +225,7 @@ class Corsa : public ScenaOstile {
     EXPECT_EQ(stato("frmWizard.txtPercorsoCU").at("text"), cartella_);
   }
 
-  // A text that is no date stays in its box, counts as none, and is reported as missing.
+  // A text that is no date stays in its box, counts as empty, and is reported as missing.
   void scriviLeDate() {
     const json registro = clic("frmWizard.cmdNav(4)").at("modal");
     ASSERT_EQ(registro.at("kind"), "log");
@@ -240,7 +240,7 @@ class Corsa : public ScenaOstile {
     }
   }
 
-  // What has stopped the run; "" when the file stands.
+  // The message that has stopped the run; "" when the file was made.
   std::string creaIlFile() {
     json risposta = clic("frmWizard.cmdNav(4)");
     std::string fermata;
@@ -298,7 +298,7 @@ class Corsa : public ScenaOstile {
     const std::string scritto = nelTracciato(primi(testo, larghezza));
     return std::string(larghezza - scritto.size(), ' ') + scritto;
   }
-  // How many cells hold the text; record H has capitals.
+  // The number of cells with the text; record H is in upper case.
   static int celle(const CurLine& record, const std::string& testo) {
     std::string scritto = senzaCodaDiBlank(nelTracciato(testo));
     if (record.type() == 'H') scritto = senzaMinuscole(std::move(scritto));
@@ -315,13 +315,13 @@ class Corsa : public ScenaOstile {
   std::map<std::string, std::string> modulo() {
     return database_->riga("SELECT * FROM ModuloXContoIndividuale ORDER BY IDModuloXContoIndividuale DESC");
   }
-  // The layout of 2015 has no merger notes; its dialog asks for them all the same.
+  // The layout of 2015 has no merger notes; its dialog shows them nevertheless.
   static std::set<std::string> fusioniPerdute(const std::string& anno) {
     if (anno != "2015") return {};
     return {"txtFusioneComuni", "txtFusioneComuniAnnoPrec"};
   }
 
-  // Each text of a form stands in one column of the row; the columns and their texts.
+  // Each text of a form is in one column of the row; returns the columns and their texts.
   std::map<std::string, std::string> trovati(const std::string& gruppo,
                                              const std::map<std::string, std::string>& riga,
                                              const std::set<std::string>& perduti) {
@@ -344,7 +344,7 @@ class Corsa : public ScenaOstile {
   std::vector<std::string> forme_;
 };
 
-// What a run with a harmless text of that length leaves behind; made once for each length.
+// The results of a run with a harmless text of that length; created once for each length.
 const Corsa& innocua(std::size_t lunghezza) {
   static std::map<std::size_t, std::unique_ptr<Corsa>> corse;
   std::unique_ptr<Corsa>& corsa = corse[lunghezza];
@@ -371,7 +371,7 @@ TEST_P(InserimentoOstile, IsKeptAsItIsAndChangesNoStatement) {
   EXPECT_EQ(ostile.righeDelleTabelle(), altra.righeDelleTabelle());
 }
 
-// The database knows no text with a zero character in it; the words say so before anything changes.
+// The database cannot store a text with a zero character; the message appears before any change.
 TEST(InserimentoNullo, IsRefusedInWordsEverywhere) {
   Corsa corsa(std::string(6, '\''), true);
   corsa.percorri();

@@ -58,9 +58,9 @@ std::string raddoppiato(const std::string& testo) {
 
 namespace {
 
-// What a server's text columns hold: the characters of its code page, as many as a column of descriptions
-// takes.
-constexpr std::size_t kDescrizione = 253;  // behind the two that a test puts before them
+// The limits of a server's text columns: the characters of its code page, and the length of a column of
+// descriptions.
+constexpr std::size_t kDescrizione = 253;  // after the two that a test puts before them
 bool nelServer(const Inserimento& inserimento) {
   return inserimento.nellaTavola && caratteri(inserimento.testo) <= kDescrizione;
 }

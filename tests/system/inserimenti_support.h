@@ -10,12 +10,12 @@ namespace cu::test {
 std::size_t caratteri(const std::string& testo);  // of a text in UTF-8
 std::string primi(const std::string& testo, std::size_t quanti);
 std::string ripetuto(const std::string& testo, std::size_t lunghezza);
-// As the file writes it: the characters outside ASCII that the texts below share with the code page, '?' for
-// any other one.
+// In the file's characters: of the characters outside ASCII those shared by the texts below and the code page
+// are kept, any other becomes '?'.
 std::string nelTracciato(const std::string& testo);
-std::string senzaMinuscole(std::string testo);  // of ASCII
+std::string senzaMinuscole(std::string testo);  // for ASCII
 std::string senzaCodaDiBlank(std::string testo);
-std::string raddoppiato(const std::string& testo);  // its quotes
+std::string raddoppiato(const std::string& testo);  // doubles its quotes
 
 struct Inserimento {
   const char* nome;
@@ -24,7 +24,7 @@ struct Inserimento {
 };
 inline void PrintTo(const Inserimento& inserimento, std::ostream* uscita) { *uscita << inserimento.nome; }
 
-// What a text could do harm with; on a server, those that its columns hold. Most fields take sixteen
+// Texts that could do harm; on a server, those that its columns can store. Most fields accept sixteen
 // characters, two of which a test may need.
 const std::vector<Inserimento>& inserimenti();
 

@@ -1,5 +1,5 @@
-// The program killed at any moment: what was done is kept, each statement is done or not done, the database
-// is sound, and the next run completes the work.
+// The program is killed at any moment: finished work is kept, each statement is executed or not executed, the
+// database is intact, and the next run completes the work.
 
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -50,13 +50,13 @@ class Interruzione : public ::testing::Test {
     ASSERT_TRUE(risposta.has_value());
     ASSERT_NE(risposta->find("\"ok\":true"), std::string::npos) << *risposta;
   }
-  // How long the command takes when nothing disturbs it.
+  // The duration of the undisturbed command.
   static std::chrono::microseconds durata(Processo& processo, const std::string& comando) {
     const auto inizio = std::chrono::steady_clock::now();
     fai(processo, comando);
     return std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - inizio);
   }
-  // Gives the command and kills the program somewhere within the time it takes.
+  // Sends the command and kills the program within the command's duration.
   void uccidiDurante(Processo& processo, const std::string& comando, std::chrono::microseconds tempo) {
     std::uniform_int_distribution<std::int64_t> istante(0, tempo.count());
     const std::chrono::microseconds attesa(istante(caso_));
@@ -66,7 +66,7 @@ class Interruzione : public ::testing::Test {
     processo.codice();
   }
   void sano() {
-    if (sulServer()) return;  // a server looks after its own files
+    if (sulServer()) return;  // a server ensures its own consistency
     EXPECT_EQ(posto_.lettore()->testo("PRAGMA integrity_check"), "ok");
   }
   void compiPoi() {
@@ -108,7 +108,7 @@ TEST_F(Interruzione, SelectAllKeepsEachLineThatWasDone) {
     const std::int64_t fatte = lettore->numero("SELECT COUNT(*) FROM " + tabella + " WHERE Selezionato = 0");
     ASSERT_GT(righe, 1000);
     // The statements run in the order of the lines, which is that of the key where the server reads by it:
-    // what is done is a beginning of it, without a gap.
+    // the executed ones are a contiguous prefix.
     const auto nellOrdine = lettore->righe("SELECT Selezionato FROM " + tabella +
                                            " ORDER BY IDAnagrafica, IDCausalePagamento, Anno");
     EXPECT_TRUE(sulServer() || std::is_sorted(nellOrdine.begin(), nellOrdine.end()));

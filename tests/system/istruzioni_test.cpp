@@ -1,6 +1,6 @@
-// Every statement that the wizard sends, held against a list that people have read. The list stands beside
-// this file: a statement that changes shows there, and is then reviewed before the list is renewed. Of texts
-// that differ in their values alone the first one stands for all.
+// Every statement sent by the wizard, compared with a reviewed list next to this file: a changed statement
+// causes a difference, and is reviewed before the list is updated. Of texts that differ only in their values
+// the first one is listed.
 
 #include <gtest/gtest.h>
 
@@ -16,8 +16,8 @@ namespace {
 
 using nlohmann::json;
 
-// What is compared of a list. Which line of the work table comes first is a server's own affair, and with it
-// the values of the statements on a line.
+// The compared part of a list. A server determines which line of the work table comes first, and with it the
+// values of the statements on a line.
 std::string daConfrontare(const std::string& elenco) {
   if (!sulServer()) return elenco;
   std::string forme;
@@ -32,7 +32,7 @@ class Istruzioni : public Guidato {
  protected:
   Istruzioni() : Guidato(false) {}
 
-  // Runs the wizard in a mode and adds what it sent, under a heading.
+  // Runs the wizard in a mode and adds its statements, under a heading.
   void giro(const std::string& titolo, int funzione, const std::function<void()>& gesti) {
     posto_.imposta("session.processes",
                    "[ { name = \"Wizard stampa\", function = " + std::to_string(funzione) + " } ]");
@@ -129,7 +129,7 @@ TEST_F(Istruzioni, AreThoseOfTheReviewedList) {
     while (risposta.at("windows").back() == "frmMsgLink") risposta = clic("frmMsgLink.Command1");
     EXPECT_TRUE(risposta.at("modal").is_null()) << risposta;
     clic("frmWizard.cmdNav(3)");
-    // Back to the first step, the changes kept.
+    // Back to the first step, keeping the changes.
     risposta = clic("frmWizard.cmdNav(2)");
     if (!risposta.at("modal").is_null()) rispondi("yes");
   });

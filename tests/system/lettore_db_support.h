@@ -10,7 +10,7 @@
 
 namespace cu::test {
 
-// The embedded engine's file.
+// Reads the embedded engine's file.
 class LettoreDb final : public Lettore {
  public:
   explicit LettoreDb(const std::string& file) {

@@ -20,15 +20,15 @@ class Lettore {
   };
   virtual Tavola leggi(const std::string& domanda) = 0;
   virtual void esegui(const std::string& istruzione) = 0;
-  // One statement, the texts in the places of its marks.
+  // Runs one statement with the texts as its parameters.
   virtual void esegui(const std::string& domanda, const std::vector<std::string>& testi) = 0;
-  // The names of the tables and views, in an order that stays.
+  // The names of the tables and views, in a stable order.
   virtual std::vector<std::string> tavole() = 0;
-  // A condition: the column's day lies in the year.
+  // A condition: the column's date is in the year.
   virtual std::string nellAnno(const std::string& colonna, const std::string& anno) const = 0;
 
   std::vector<Riga> righe(const std::string& domanda) { return leggi(domanda).righe; }
-  // The values of the first row by their columns.
+  // The values of the first row by column.
   std::map<std::string, std::string> riga(const std::string& domanda) {
     const Tavola tavola = leggi(domanda);
     std::map<std::string, std::string> valori;

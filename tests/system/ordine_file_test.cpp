@@ -1,4 +1,4 @@
-// The order of the certificates in the file, from the accounts on.
+// The order of the certificates in the file, starting from the accounts.
 
 #include <gmock/gmock.h>
 
@@ -31,7 +31,8 @@ TEST(FileOrder, ReasonsOfOnePayeeFollowTheirCodesAndNotTheirIds) {
         "OnorarioProvvigioni, QuotaProvvigioniNonSoggette) SELECT " +
         perc + ", IDCausalePagamento, 2016, 1, 100, 0 FROM CausalePagamento WHERE Codice = '" + codice + "'");
   }
-  // Of the lists' own only one pair has ids against its codes; a company's own list may be in any order.
+  // In the program's lists only one pair has ids in the opposite order of its codes; a company's own list may
+  // have any order.
   lettore->esegui("UPDATE CausalePagamento SET Codice = 'S' WHERE Codice = 'A'");
   const Esecuzione esito = posto.cuctl(
       {"make", "--profile", posto.profilo(), "--year", "2016", "--from-payee", "P001", "--to-payee", "P001"});

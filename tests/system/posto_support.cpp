@@ -14,7 +14,7 @@ const char* contenuto(Posto::Database database) {
   return database == Posto::Database::Vuoto ? "--empty" : "--demo";
 }
 
-// Made once for the whole program, copied for each test.
+// Created once for the whole program, copied for each test.
 const std::string& modello(Posto::Database database) {
   static const TempFolder cartella;
   static std::map<Posto::Database, std::string> fatti;

@@ -11,23 +11,23 @@
 
 namespace cu::test {
 
-// A place to run in: a folder with a profile, a folder for documents and the database, the demonstration
-// company's unless told otherwise.
+// A place to run in: a folder with a profile, a folder for documents and the database, by default the
+// demonstration company's.
 class Posto {
  public:
   enum class Database { Dimostrativo, Vuoto, Nessuno };
   explicit Posto(Database database = Database::Dimostrativo);
 
-  // The profile's keys as TOML values, by "section.key"; an empty value takes the key out.
+  // The profile's keys as TOML values, by "section.key"; an empty value removes the key.
   void imposta(const std::string& chiave, const std::string& valore);
-  std::string profilo();  // written anew; its path
+  std::string profilo();  // writes it again; returns its path
 
   Esecuzione cuctl(std::vector<std::string> argomenti, const std::string& ingresso = {});
   std::unique_ptr<Processo> guida();  // cuctl drive
 
   // The place's database.
   std::string indirizzo() const;
-  // cuctl create, in place of the database that is there.
+  // cuctl create, replacing the present database.
   Esecuzione crea(std::vector<std::string> argomenti);
   Esecuzione sulDatabase(const std::string& comando, std::vector<std::string> argomenti = {});
   std::unique_ptr<Lettore> lettore() const;

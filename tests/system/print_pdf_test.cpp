@@ -1,4 +1,4 @@
-// What the prints hold, taken out of the PDF as another program reads it.
+// The content of the prints, extracted from the PDF by another program.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ using ::testing::StartsWith;
 
 using Argomenti = std::vector<std::string>;
 
-// "2366,66", as the file holds it, with the points that a print sets.
+// "2366,66" from the file, with the thousands marks of a print.
 std::string conPunti(std::string importo) {
   importo.erase(0, importo.find_first_not_of(' '));
   const std::size_t inizio = importo.at(0) == '-' ? 1 : 0;
@@ -53,7 +53,7 @@ class Pdf : public ::testing::Test {
     return posto.cuctl(argomenti);
   }
   CurFile fileTelematico() { return CurFile(posto.cartella().read("Documenti/CUR_04123450233_2016.cur")); }
-  // The forms that were printed, by name.
+  // The forms printed, by name.
   std::vector<std::string> moduli() {
     std::vector<std::string> nomi;
     for (const std::string& nome : posto.file("Documenti")) {
@@ -61,7 +61,7 @@ class Pdf : public ::testing::Test {
     }
     return nomi;
   }
-  // The amounts that the file holds for a payee, as a print shows them.
+  // A payee's amounts in the file, in the format of a print.
   std::vector<std::string> importi(const std::string& codiceFiscale) {
     std::vector<std::string> trovati;
     const CurFile file = fileTelematico();
@@ -120,7 +120,7 @@ TEST_F(Pdf, AFormThatCannotBeWrittenIsToldAndTheOthersStand) {
   EXPECT_THAT(esito.errori, HasSubstr("_P002_"));
   EXPECT_THAT(esito.uscita, AllOf(HasSubstr("File telematico: "), HasSubstr("_P001_"), HasSubstr("_P003_"),
                                   Not(HasSubstr("_P002_"))));
-  // Nothing is left of the one that failed, and the file and the others are whole.
+  // Nothing is left of the failed one, and the file and the others are complete.
   EXPECT_EQ(moduli().size(), 4U);
   for (const std::string& nome : posto.file("Documenti")) EXPECT_THAT(nome, Not(::testing::EndsWith(".tmp")));
   EXPECT_EQ(fileTelematico().line('Z').type(), 'Z');
@@ -180,7 +180,7 @@ TEST_F(Pdf, APreviewShowsItsPagesUnderTheHourglassUntilItIsClosed) {
   for (const char* nome : {"ContoIndividuale_20170305_1030.pdf", "ContoIndividuale_20170305_1030_2.pdf"}) {
     EXPECT_THAT(testo(std::string("Documenti/") + nome), HasSubstr("P041"));
   }
-  // Given up at the dialog: not a word, no file.
+  // Cancelled at the dialog: no message, no file.
   di({{"do", "choose"}, {"in", "frmWizard.WizPrint"}, {"output", 3}});
   di({{"do", "click"}, {"on", "frmWizard.cmdNav(4)"}});
   const json rinuncia = di({{"do", "answer"}, {"with", "cancel"}});

@@ -124,7 +124,7 @@ std::string inserisci(const std::string& valori) {
 
 class Moduli : public ::testing::Test {
  protected:
-  // Each at a place where one stood: a server gives the lines in an order of its own.
+  // Sorts the insertions at their positions: a server returns the lines in its own order.
   static void ordinaInserimenti(std::vector<std::string>& testi) {
     const auto inserisce = [](const std::string& testo) { return testo.starts_with("INSERT"); };
     std::vector<std::string> inserimenti;
@@ -135,7 +135,7 @@ class Moduli : public ::testing::Test {
       if (inserisce(testo)) testo = *prossimo++;
     }
   }
-  // What was sent of the table of the lines to print, and where the rest of the run stands beside it.
+  // The statements on the table of the lines to print, with the rest of the run as context.
   std::vector<std::string> traccia() const {
     std::vector<std::string> testi;
     std::istringstream righe(posto.cartella().read("trace.sql"));

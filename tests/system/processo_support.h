@@ -9,24 +9,24 @@
 
 namespace cu::test {
 
-// A run of a program, its three streams in our hands. What it writes on standard error goes to a file.
+// A run of a program with its three streams controlled by the test. Standard error is written to a file.
 class Processo {
  public:
-  // `argomenti` begin with the program's path.
+  // `argomenti` begins with the program's path.
   Processo(const std::vector<std::string>& argomenti, const std::string& cartella);
-  ~Processo();  // kills it if it still runs
+  ~Processo();  // kills it if it is still running
   Processo(const Processo&) = delete;
   Processo& operator=(const Processo&) = delete;
 
-  // False when it does not read any more.
+  // Returns false when the program does not read any more.
   bool scrivi(const std::string& testo);
   void chiudiIngresso();
   void chiudiUscita();
-  // Nothing at the end of its output; a line that does not come in time is a std::runtime_error.
+  // nullopt at the end of its output; raises std::runtime_error when a line does not arrive in time.
   std::optional<std::string> riga();
-  std::string resto();   // all that it still writes
-  int codice();          // waits for its end; 128 and the number of a signal
-  std::string errori();  // what it wrote on standard error
+  std::string resto();   // all remaining output
+  int codice();          // waits for its end; 128 plus the number of a signal
+  std::string errori();  // its standard error
   pid_t id() const { return id_; }
 
  private:
@@ -40,7 +40,7 @@ class Processo {
   std::optional<int> codice_;
 };
 
-// The whole run at once.
+// The result of a whole run.
 struct Esecuzione {
   int codice = 0;
   std::string uscita;

@@ -13,7 +13,7 @@ namespace {
 
 bool unTesto(const std::string& tipo) { return tipo == "text" || tipo == "date"; }
 
-// The two references have it wherever they stand.
+// The two references have the filter in every form.
 bool filtraITasti(const std::string& nome) { return nome == "txtProtocollo" || nome == "txtProgressivo"; }
 
 std::string tastiAmmessi(const std::string& testo) {
@@ -24,7 +24,7 @@ std::string tastiAmmessi(const std::string& testo) {
   return ammessi;
 }
 
-// Kinds into which no text is ever put; a kind that is not known here is tried.
+// Kinds that never accept a text; an unknown kind is tried.
 bool senzaTesto(const std::string& tipo) {
   static const std::set<std::string> tipi = {"window", "frame",  "label", "link",
                                              "button", "option", "check", "band"};
@@ -71,7 +71,7 @@ void ScenaOstile::tenta(const std::string& chi, const std::string& nome, const s
   }
 }
 
-// A text of its own for each field, so that it can be told where it went.
+// A different text for each field, so that its destination can be identified.
 std::string ScenaOstile::conSegno(const std::string& chi, std::size_t massimo) {
   if (massimo == 1) return testo_;
   const auto segno = segni_.try_emplace(chi, segni_.size()).first->second;
@@ -94,7 +94,7 @@ std::string ScenaOstile::scriviTesto(const std::string& chi, const std::string& 
   return entro(testo);
 }
 
-// Nothing but a number stands there, whatever is tried.
+// The field contains only a number, whatever is tried.
 void ScenaOstile::scriviNumero(const std::string& chi, const json& prima) {
   for (const char* gesto : {"enter", "paste"}) {
     fai({{"do", gesto}, {"in", chi}, {"text", testo_}});
@@ -119,7 +119,7 @@ void ScenaOstile::scegli(const std::string& chi, const json& prima) {
   EXPECT_EQ(stato(chi).at("description"), percipiente ? breve_ : testo_) << chi;
 }
 
-// What is chosen among entries is not among them.
+// The text is not among the entries of a list.
 void ScenaOstile::nonHa(const std::string& chi, const std::string& tipo) {
   const json prima = stato(chi);
   if (tipo == "grid") {
@@ -135,7 +135,7 @@ void ScenaOstile::nonHa(const std::string& chi, const std::string& tipo) {
   }
 }
 
-// Out of reach or locked: nothing gets in.
+// Unreachable or locked: nothing is accepted.
 void ScenaOstile::nonPrende(const std::string& chi, const std::string& tipo) {
   if (unTesto(tipo) || tipo == "amount" || tipo == "number") {
     nega({{"do", "enter"}, {"in", chi}, {"text", breve_}});
@@ -170,7 +170,7 @@ void ScenaOstile::nega(const json& comando) {
   EXPECT_NE(risposta.value("error", ""), "") << risposta;
 }
 
-// What no person's hand reaches is known by name; a new place is reached, or it stands here.
+// The places that the user cannot reach are listed by name; a new place has to be reached, or added here.
 void ScenaOstile::tutteRaggiunte() const {
   static const std::set<std::string> chiuse = {
       "KRNCboEsCont(1)", "txtPercorsoCU", "cdPercipiente", "cdPagamento", "txtNome", "numModulo1",

@@ -11,8 +11,8 @@
 
 namespace cu::test {
 
-// A wizard into whose forms one text is put, in every place that takes a text. The places are those that the
-// form tells. A payee and a reason of the database bear the text.
+// A wizard into whose forms one text is entered, in every place that accepts a text. The places are taken
+// from the form's own description. A payee and a reason of the database have the text as name.
 class ScenaOstile : public Guidato {
  protected:
   static constexpr const char* kChi = "101";    // the payee, whose code is the text
@@ -22,19 +22,19 @@ class ScenaOstile : public Guidato {
   explicit ScenaOstile(std::string testo, bool conNulli)
       : Guidato(false), testo_(std::move(testo)), breve_(primi(testo_, 40)), conNulli_(conNulli) {}
 
-  // Every place of the form gets the text, whatever its kind makes of it; what cannot be reached or is locked
-  // stays as it is. What the fields hold then is found in campi_ under the group.
+  // Enters the text in every place of the form, with the effect that its kind has; unreachable or locked ones
+  // do not change. The fields' contents are then stored in campi_ under the group.
   void scena(const std::string& form, const std::string& gruppo);
   void scena(const std::string& form) { scena(form, form.starts_with("frmCompenso") ? "frmCompenso" : form); }
-  // Every place that a form has told was reached, or is known to be closed.
+  // Every place described by a form was reached, or is known to be locked.
   void tutteRaggiunte() const;
 
-  // The command is refused in words, and nothing opens.
+  // The command is rejected with a text, and nothing opens.
   void nega(const json& comando);
   void negaIlNullo(const json& comando);
 
   std::string testo_;
-  std::string breve_;  // for what the file must have room for
+  std::string breve_;  // for places with limited space in the file
   bool conNulli_;      // whether a text with a zero character is tried everywhere
   std::map<std::string, std::map<std::string, std::string>> campi_;  // texts by group, then by name
 

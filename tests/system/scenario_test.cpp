@@ -1,4 +1,4 @@
-// Conversations that stand in files, one a file: what is sent, what is expected, and why.
+// Conversations stored in files, one per file: the commands, the expected answers, and the reason.
 //
 // A line of a file is a JSON object:
 //   {"comment":"..."}                  for the reader

@@ -53,7 +53,7 @@ class LettoreDelServer final : public Lettore {
     return tavola;
   }
   void esegui(const std::string& istruzione) override { connessione_->Execute(istruzione); }
-  // The server's own rule: a quote in a literal is doubled, and nothing else.
+  // The server's own rule: a quote in a literal is doubled, no other character is escaped.
   void esegui(const std::string& domanda, const std::vector<std::string>& testi) override {
     std::string istruzione;
     std::size_t quale = 0;

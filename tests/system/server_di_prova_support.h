@@ -7,18 +7,17 @@
 
 namespace cu::test {
 
-// The system tests on a server: where CU_TEST_SERVER holds the connection text of a Microsoft SQL Server, as
-// "Driver=FreeTDS;Server=...;Port=1433;UID=...", and CU_TEST_PASSWORD the password, each place has a database
-// of its own there instead of a file. The user must be allowed to create databases.
+// The system tests on a server: where CU_TEST_SERVER contains the connection text of a Microsoft SQL Server,
+// such as "Driver=FreeTDS;Server=...;Port=1433;UID=...", and CU_TEST_PASSWORD the password, each place has a
+// database of its own there instead of a file. The user is required to have the right to create databases.
 bool sulServer();
 inline constexpr const char* kVariabilePassword = "CU_TEST_PASSWORD";
 
-// A database on that server; it goes with the object.
+// A database on that server, deleted with the object.
 class DatabaseDelServer {
  public:
   DatabaseDelServer();
-  explicit DatabaseDelServer(
-      const DatabaseDelServer& modello);  // with the suite's tables and all that is in them
+  explicit DatabaseDelServer(const DatabaseDelServer& modello);  // with the suite's tables and all their rows
   ~DatabaseDelServer();
   DatabaseDelServer& operator=(const DatabaseDelServer&) = delete;
 

@@ -1,4 +1,4 @@
-// A database server at the other end: cuctl check and create, and the password on its way.
+// A database server: cuctl check and create, and the handling of the password.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -76,7 +76,7 @@ TEST_F(Server, AClosedPortIsTold) {
               StartsWith("Attenzione: la connessione con il server del database non è cifrata"));
 }
 
-// A run at a terminal, where `digitato` is typed once the program has asked.
+// A run at a terminal, where `digitato` is typed once the program has prompted.
 struct AlTerminale {
   AlTerminale(std::vector<std::string> argomenti, const std::string& digitato) {
     argomenti.insert(argomenti.begin(), CU_CUCTL);

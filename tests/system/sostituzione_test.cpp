@@ -1,5 +1,5 @@
-// A clerk's whole way through a replacement: lines left out, references, intermediary, missing data, a
-// warning, the file, and what the accounts hold afterwards.
+// The user's whole path through a replacement: deselected lines, references, intermediary, missing data, a
+// warning, the file, and the accounts afterwards.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -25,7 +25,7 @@ TEST_F(Sostituzione, IsStoppedMendedWarnedAndWritten) {
   clic("frmWizard.optTipoComunicazione(2)");
   clic("frmWizard.cmdNav(3)");
 
-  // Two lines stay out.
+  // Deselects two lines.
   const int righe = stato("frmWizard.grdCompensi").at("rows");
   const json prime =
       fai({{"do", "rows"}, {"in", "frmWizard.grdCompensi"}, {"from", 1}, {"count", 2}}).at("result");
@@ -34,7 +34,7 @@ TEST_F(Sostituzione, IsStoppedMendedWarnedAndWritten) {
   }
   EXPECT_EQ(conteggio(), "[ " + std::to_string(righe - 2) + " ]");
 
-  // Without references the step is refused.
+  // Without references the step is rejected.
   const auto altro = posto_.lettore();
   json risposta = clic("frmWizard.cmdNav(3)");
   EXPECT_EQ(
@@ -55,7 +55,7 @@ TEST_F(Sostituzione, IsStoppedMendedWarnedAndWritten) {
   clic("frmWizard.cmdNav(3)");
   EXPECT_EQ(stato("frmWizard").at("caption"), "Autocomposizione Quadrivio - Passo 3 di 3 - Fine");
 
-  // Three data are missing: nothing but the log comes.
+  // Three data are missing: only the log is shown.
   altro->esegui(
       "UPDATE Anagrafica SET Sesso = NULL WHERE IDAnagrafica = (SELECT MAX(IDAnagrafica) FROM "
       "tmpprequadrivio12 WHERE Selezionato <> 0 AND IDAnagrafica IN (SELECT IDAnagrafica FROM Anagrafica "
@@ -82,7 +82,7 @@ TEST_F(Sostituzione, IsStoppedMendedWarnedAndWritten) {
                     kProtocollo + "' AND ProgressivoAnnSost = '000042'"),
       righe - 2);
 
-  // Mended; the date of the commitment lies in an earlier year.
+  // Corrected; the date of the commitment is in an earlier year.
   altro->esegui("UPDATE Anagrafica SET Sesso = 'F' WHERE PersonaFisica <> 0 AND Sesso IS NULL");
   scrivi("frmWizard.txtCodiceFiscale", "MRARSS60A01L781Z");
   fai({{"do", "choose"}, {"in", "frmWizard.cboxTipoComunicazione"}, {"index", 1}});
@@ -126,7 +126,7 @@ TEST_F(Sostituzione, IsStoppedMendedWarnedAndWritten) {
   }
   EXPECT_EQ(certificazioni, righe - 2);
 
-  // What the accounts hold: the references of the lines that took part, and the intermediary.
+  // The accounts: the references of the lines in the file, and the intermediary.
   for (const json& riga : prime) {
     const auto righeConto = altro->righe(
         "SELECT ProtocolloAnnSost FROM ContoIndividualeDatiAggiuntivi WHERE Anno = 2016 AND IDAnagrafica = " +

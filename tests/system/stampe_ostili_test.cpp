@@ -1,5 +1,5 @@
-// The ranges of a print whose bounds are whatever texts a person may give: the statement before the print,
-// the selection formula and what the report makes of it.
+// The ranges of a print with hostile texts as limits: the statement before the print, the selection formula
+// and the report's own statement.
 
 #include <gmock/gmock.h>
 
@@ -13,7 +13,7 @@ namespace {
 using testing::HasSubstr;
 using json = nlohmann::json;
 
-// Nothing but a control character has no place in a formula.
+// Only a control character is invalid in a formula.
 bool conControlli(const std::string& testo) {
   return std::any_of(testo.begin(), testo.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; });
 }
@@ -53,7 +53,7 @@ class StampaOstile : public Guidato, public testing::WithParamInterface<int> {
   std::string breve(std::size_t i) const { return primi(testi_[i].testo, 40); }
   static std::string segno(std::size_t i) { return "SEGNO" + std::to_string(i) + "FINE"; }
 
-  // What the print of one text's range shows or says, and the shapes of what was sent for it.
+  // The print of one text's range, or its message, and the shapes of the statements sent for it.
   struct Esito {
     json modale;
     std::vector<std::string> forme;

@@ -1,5 +1,5 @@
-// The same input and the same clock of the profile give the same bytes, in every process, at every time and
-// in every zone of the machine.
+// The same input and the same clock in the profile produce the same bytes, in every process, at every time
+// and in every time zone of the machine.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -53,7 +53,7 @@ class StampeRipetibili : public ::testing::Test {
     }
     esegui(zona, {"drive", "--profile", posto.profilo()}, comandi);
   }
-  // All that is made, each time in processes of their own.
+  // Everything produced, each time in new processes.
   Contenuti tutto(const std::string& zona) {
     conti(zona);
     moduli(zona, {});
@@ -61,7 +61,7 @@ class StampeRipetibili : public ::testing::Test {
     tabella(zona);
     Contenuti contenuti;
     for (const std::string& nome : posto.file("Documenti")) {
-      // Beside the files lies the folder of their copies.
+      // The folder of the copies is next to the files.
       if (std::filesystem::is_regular_file(posto.cartella() / "Documenti/" + nome))
         contenuti[nome] = posto.cartella().read("Documenti/" + nome);
     }

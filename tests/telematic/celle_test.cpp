@@ -1,4 +1,4 @@
-// The cells of a record's line on their own.
+// The cells of a record's line alone.
 
 #include "telematic/celle.h"
 

@@ -1,5 +1,5 @@
-// The writers keep their lines composed; the engine composes a line from the values of its fields. Whatever
-// the rows hold, the two must give the same bytes.
+// The writers reuse composed lines; the engine composes each line from the values of its fields. For all rows
+// the two are required to produce the same bytes.
 
 #include <gtest/gtest.h>
 
@@ -101,7 +101,7 @@ Contenuti rigaASorte(Sorte& sorte) {
   return riga;
 }
 
-// The engine's road: values set in the catalogue by name, the record written from its fields.
+// The engine's path: values set in the catalogue by name, the record written from its fields.
 class Lenta {
  public:
   Lenta(int anno, test::Prova& prova) : file_(prova.files, prova.frontEnd) {
@@ -123,7 +123,7 @@ class Lenta {
   FileSeq file_;
 };
 
-// False when the row cannot be written; then neither road writes it.
+// Returns false when the row cannot be written; then neither path writes it.
 template <class Veloce, class Attesa>
 bool prova(const Veloce& veloce, const Attesa& attesa) {
   bool possibile = true;

@@ -101,7 +101,7 @@ class Checks : public testing::Test {
     connessione.answer(kPercipienti, tavola(percipienteCompleto(), percipienti));
     controlli.esegui(dati, 7, "tmpprequadrivio12");
   }
-  // Campo, Sezione, Denominazione, Codice fiscale, Message of each datum that is missing.
+  // Campo, Sezione, Denominazione, Codice fiscale, Message of each missing datum.
   std::vector<std::vector<std::string>> righe() const {
     std::vector<std::vector<std::string>> trovate;
     for (const DatoMancante& dato : controlli.mancanti()) {
@@ -186,7 +186,7 @@ constexpr Controllo kControlli[] = {
 
 class EachCheck : public Checks, public testing::WithParamInterface<Controllo> {
  protected:
-  // The one datum is missing, null or empty; everything else is there.
+  // Makes one datum missing, null or empty; all others are present.
   void togli(const Value& vuoto) {
     switch (GetParam().dove) {
       case Dove::Firma:
@@ -238,7 +238,7 @@ TEST_P(EachCheck, TakesABlankOfTheDatabaseForAValue) {
     dati.dataImpegno = "  ";
     esegui();
   } else if (GetParam().dove == Dove::Codice) {
-    // This one alone is trimmed.
+    // Only this one is trimmed.
     dati.codiceFiscaleIntermediario = "   ";
     esegui();
     EXPECT_THAT(righe(), ElementsAre(attesa()));
@@ -349,7 +349,7 @@ TEST_F(Checks, AResidentOrOneWithANullMarkNeedsNoCountry) {
 struct Nascita {
   const char* nome;
   Value nazione;
-  bool manca;  // an empty municipality
+  bool manca;  // an empty municipality counts as missing
 };
 
 class Birthplace : public Checks, public testing::WithParamInterface<Nascita> {};

@@ -21,7 +21,7 @@ using test::whole;
 constexpr const char* kFile = "/cu/CUR_01234567890_2016.cur";
 const Date kFirma = Date::fromYmd(2017, 2, 28).value();
 
-// The main query, with the name of the work table in its places.
+// The main query, with the name of the work table inserted.
 const std::string kQueryPrincipale =
     "SELECT tmpprequadrivio12.*, Anag.Anagrafica, Anag.Nome, Anag.PersonaFisica, Anag.EMailInternet,"
     " Anag.Telefono, Anag.Fax, CG.CodiceFiscaleSocieta, CASE WHEN ISNULL(Anag.CodiceFiscale, '') ="

@@ -88,14 +88,15 @@ inline const std::vector<std::string> kColonneModulo = {
 };
 // clang-format on
 
-// The columns of the main query: those of the work table, then what the joins add, some of them again.
+// The columns of the main query: those of the work table, then those of the joins, some of them repeated.
 inline std::vector<std::string> colonnePrincipali() {
   std::vector<std::string> colonne = kColonneTabellaLavoro;
   colonne.insert(colonne.end(), kColonneAggiunte.begin(), kColonneAggiunte.end());
   return colonne;
 }
 
-// A query's answer. Of two columns of one name the first is meant: the second holds what must never show.
+// A query's answer. Of two columns with one name the first is used: the second contains values that must
+// never appear.
 inline Table risposta(const std::vector<std::string>& colonne, const std::vector<Contenuti>& righe) {
   Table tavola;
   for (const std::string& nome : colonne) tavola.columns.push_back({nome, ValueType::Null});
@@ -123,7 +124,7 @@ inline Table rispostaPrincipale(const std::vector<Contenuti>& righe) {
 }
 inline Table rispostaModuli(const std::vector<Contenuti>& righe) { return risposta(kColonneModulo, righe); }
 
-// Rows in memory, as a query leaves them.
+// Rows in memory, as returned by a query.
 class Righe {
  public:
   explicit Righe(const Table& tavola) {
@@ -164,7 +165,7 @@ struct Prova {
   FakeDatabase database;
 };
 
-// One row of the main query for each of so many certificates of the year 2016.
+// One row of the main query for each certificate of the year 2016.
 inline std::vector<Contenuti> certificati2016(int quanti) {
   std::vector<Contenuti> contenuti;
   for (int i = 1; i <= quanti; ++i) {

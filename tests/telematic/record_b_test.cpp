@@ -83,7 +83,7 @@ Campi attesi(int anno, int tipo) {
   return campi;
 }
 
-// What one field holds, blanks at its right end dropped.
+// The content of one field, without trailing blanks.
 std::string campo(const std::string& linea, int anno, const std::string& nome) {
   for (const test::CampoTracciato& posto : test::tracciato('B', anno)) {
     if (posto.nome != nome) continue;

@@ -22,7 +22,7 @@ using Celle = test::Celle;
 
 const Date kFirma = Date::fromYmd(2017, 2, 28).value();
 
-// Writes the rows one after the other as certificates 1, 2, ...
+// Writes the rows in order as certificates 1, 2, ...
 std::string scrivi(int anno, const std::vector<Contenuti>& contenuti, int tipo = 1, Date firma = kFirma) {
   test::Prova prova(anno);
   const test::Righe righe(test::rispostaPrincipale(contenuti));
@@ -58,7 +58,7 @@ std::string errore(int anno, const Contenuti& riga) {
   }
   EXPECT_EQ(file.NumRecD(), testo.empty() ? 1 : 0);
   EXPECT_EQ(prova.files.files.at("/prova.cur").size(), testo.empty() ? 1900U : 0U);
-  // What was half composed does not show in the next record.
+  // A partly composed record does not affect the next one.
   file.WriteRecordTipoD(righe[1], 2, "01234567890", Comunicazione::Ordinaria, kFirma);
   const test::CurFile letto(prova.files.files.at("/prova.cur"));
   EXPECT_EQ(letto.lines().back().cells().size(), 2U);
@@ -202,7 +202,7 @@ INSTANTIATE_TEST_SUITE_P(RunYearsAndKinds, RecordD,
                                   std::to_string(std::get<1>(caso.param));
                          });
 
-// Each row of the form alone: its source fills one value under the year's code, and nothing else changes.
+// Each row of the form alone: its source fills one value with the year's code, and nothing else changes.
 TEST(RecordDRows, EachSourceFillsItsOwnCodeOfTheYear) {
   for (int anno = test::kPrimoAnno; anno <= test::kUltimoAnno; ++anno) {
     const auto delCodice = [anno](const test::RigaForma& r) {
@@ -221,7 +221,7 @@ TEST(RecordDRows, EachSourceFillsItsOwnCodeOfTheYear) {
     const test::CurFile letto(scrivi(anno, contenuti));
     for (std::size_t i = 0; i < righe.size(); ++i) {
       const test::RigaForma& r = righe[i];
-      bool scritta = false;  // a source stands in two rows of which a year has one at most
+      bool scritta = false;  // a source is in two rows, of which a year has at most one
       for (const test::RigaForma& altra : test::kFormaD) {
         scritta = scritta || (altra.fonte == r.fonte && delCodice(altra) != 0);
       }

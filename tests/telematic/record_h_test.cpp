@@ -71,7 +71,7 @@ Campi quadro(const std::string& modulo) {
 std::string importo(const std::string& cifre) { return std::string(16 - cifre.size(), ' ') + cifre; }
 const std::string kUno = std::string(15, ' ') + "1";
 
-// Every column of the form holds something; amounts tell their own number.
+// Every column of the form has a value; amounts encode their own number.
 Contenuti pieno(const std::vector<test::RigaForma>& forma) {
   Contenuti riga;
   int n = 100;
@@ -130,7 +130,7 @@ TEST_P(RecordH, ModulesWithNothingInThemAreFramesWithBlankCells) {
   EXPECT_EQ(scrivi(GetParam(), riga, Contenuti()).contenuto, test::riga('H', GetParam(), quadro("00000002")));
 }
 
-// Each row of the form alone, with what its condition asks for beside it.
+// Each row of the form alone, with the values required by its condition.
 TEST_P(RecordH, EachSourceFillsItsOwnCodeOfTheYear) {
   struct Caso {
     std::string fonte;
@@ -177,7 +177,7 @@ TEST_P(RecordH, EachSourceFillsItsOwnCodeOfTheYear) {
       if (r.se == test::Se::CausaleN) caso.riga["Codice"] = text("N");
       if (r.se == test::Se::BloccoC && r.come != test::Come::Importo)
         caso.riga["ContributiDovuti"] = amount("1");
-      // It may stand in another row of the same year.
+      // It may be in another row of the same year.
       for (const test::RigaForma& altra : forma) {
         if (altra.fonte == r.fonte && delCodice(altra) != 0) caso.solo = false;
       }
@@ -340,7 +340,7 @@ TEST(RecordHAmounts, AModulesErrorNamesThePayeeOfItsCertificate) {
 }
 
 TEST(RecordHErrors, ACell76StopsTheRun) {
-  // A column of the fund's name alone can pass the end of the record.
+  // Only a column of the fund's name can exceed the end of the record.
   const std::size_t giusto = 16 + 72 * 15;
   Contenuti modulo = {{"AnnoModulo", whole(2010)},
                       {"Anticipazione", whole(1)},

@@ -14,10 +14,10 @@
 
 namespace cu::test {
 
-// What a record must look like, by a second road: the rows of the form with their codes year by year, text
-// and amounts formed with plain string operations. It shares nothing with the writers.
+// The expected content of a record, computed independently: the rows of the form with their codes year by
+// year, text and amounts formed with plain string operations. It shares no code with the writers.
 
-using Contenuti = std::map<std::string, Value>;  // column name to value; what is absent is null
+using Contenuti = std::map<std::string, Value>;  // column name to value; an absent column is null
 
 inline constexpr int kPrimoAnno = 2013;
 inline constexpr int kUltimoAnno = 2018;
@@ -41,7 +41,7 @@ struct RigaForma {
   std::string fonte;
   Come come;
   Se se;
-  std::array<int, 6> codici;  // in 2013 to 2018; 0 where the form of that year lacks the row
+  std::array<int, 6> codici;  // in 2013 to 2018; 0 where that year's form lacks the row
 };
 
 // clang-format off
@@ -110,7 +110,7 @@ inline const std::vector<RigaForma> kFormaH1 = {
     {"RitenuteRimborsate",                  Come::Importo,   Se::Sempre,     {   0, 1023, 1021, 1021, 1021, 1021}},
 };
 
-// From 2015, in both kinds of module; the rows that only module 1 has stand apart below.
+// From 2015, in both kinds of module; the rows of module 1 only are separate, below.
 inline const std::vector<RigaForma> kFormaHDal2015 = {
     {"CUCodiceFiscale",                     Come::Maiuscolo, Se::BloccoC,    {   0,    0, 1029, 1029, 1029, 1029}},
     {"CUDenominazioneEntePrevidenziale",    Come::Testo,     Se::BloccoC,    {   0,    0, 1030, 1030, 1030, 1030}},
@@ -191,7 +191,7 @@ class Riferimento {
   Celle celleH1() const { return celle(formaH(true), "AU00", "", true); }
   Celle celleHAltri() const { return celle(formaH(false), "AU00", "", false); }
 
-  // Field contents of the cells: code and 16 characters each, a longer value going on behind a "+".
+  // Field contents of the cells: code and 16 characters each; a longer value continues after a "+".
   static std::map<std::string, std::string> campi(const Celle& celle) {
     std::map<std::string, std::string> campi;
     int n = 0;
@@ -212,7 +212,7 @@ class Riferimento {
     return n;
   }
 
-  // Latin letters of the tests' own texts.
+  // The Latin letters used in the tests.
   static std::string codifica(const std::string& utf8) {
     std::string uscita;
     for (std::size_t i = 0; i < utf8.size(); ++i) {

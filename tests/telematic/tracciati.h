@@ -175,8 +175,8 @@ inline Tracciato tracciato(char tipo, int anno) {
   return b;
 }
 
-// The line of a record whose named fields hold these contents, all others being blank. A content must fit its
-// field; a field that the record lacks is a fault of the test.
+// The line of a record with these contents in the named fields and blanks in all others. A content has to fit
+// its field; an unknown field is an error of the test.
 inline std::string riga(char tipo, int anno, const std::map<std::string, std::string>& contenuti) {
   std::string testo(1898, ' ');
   std::size_t posti = 0;

@@ -61,7 +61,7 @@ TEST_F(DateWarnings, CancellingAtTheSignatureGoesBackToItAndMakesNoFile) {
   EXPECT_THAT(files.files, IsEmpty());
   EXPECT_TRUE(factory.logs[0].released);
   EXPECT_EQ(globali().gAnno, 0);
-  // What was stored stays stored.
+  // Stored data is kept.
   EXPECT_THAT(istruzioni(), ElementsAre(StartsWith("UPDATE ContoIndividuale SET"), StartsWith("EXEC('MERGE"),
                                         StartsWith("INSERT INTO ConfigurazioneElencoCliFor")));
 }

@@ -17,7 +17,7 @@ const std::string kPulizia = "DELETE FROM TabellaRicorsione2 WHERE IDUtente = 12
 
 class FormLoad : public testing::Test, public WizardProva {};
 
-// A session that refuses its start leaves the form as its load made it.
+// A session that cannot start leaves the form as after its load.
 TEST_F(FormLoad, PutsEveryStageOutOfSightAndTwoItemsIntoTheBand) {
   factory.prepareSession = [](FakeSession& sessione) { sessione.refuses = true; };
   modMain.main();

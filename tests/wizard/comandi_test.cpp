@@ -131,7 +131,7 @@ struct Guida {
 
 class HelpKeys : public testing::TestWithParam<Guida>, public WizardProva {};
 
-// No argument is ever set, so both open the first one.
+// No argument is ever set, so that both open the first context.
 TEST_P(HelpKeys, OpenTheHelpAtContextOneByKeyAndByCommand) {
   avvia(247);
   form().keyDown(kF1, GetParam().modificatori);
@@ -211,7 +211,7 @@ TEST_F(RowMenusTool, IsEnabledOnTheGridAlone) {
   EXPECT_TRUE(abilitata());
 }
 
-// The rows of the year that was loaded are still there, the year in the list may be another one.
+// The rows of the loaded year are still there; the year in the list may be another one.
 TEST_F(RowMenusTool, DoesNothingOnTheFirstStepThoughRowsAreLoaded) {
   vaiAllaGriglia();
   frontEnd.answers = {Answer::No};

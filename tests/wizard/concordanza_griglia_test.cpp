@@ -1,4 +1,4 @@
-// What the build rejects: a grid that does not agree with the work table and the form.
+// Grids rejected by the build, because they do not agree with the work table and the form.
 
 #include <gtest/gtest.h>
 

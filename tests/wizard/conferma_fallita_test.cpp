@@ -1,4 +1,4 @@
-// A confirmed editor whose row cannot be brought to the work table.
+// A confirmed editor whose row cannot be stored in the work table.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -87,7 +87,7 @@ TEST_F(FailingSave, ThatIsGivenUpLeavesTheRowAsItWas) {
   EXPECT_EQ(form().grdCompensi.rowCount(), 2U);
 }
 
-// What was brought to the database of the modules stays there: it is not brought a second time.
+// The modules already written to the database are kept: they are not written a second time.
 TEST_F(FailingSave, LeavesThePageOfModulesAsItWas) {
   for (const bool cambiato : {true, false}) {
     database.internal.answerContaining(

@@ -8,8 +8,8 @@ namespace {
 
 struct Atteso {
   const char* nome;
-  const char* cornice;     // the frame it stands in; "" for the form itself
-  const char* didascalia;  // as the wizard shows it in the mode of the certificate; null where texts differ
+  const char* cornice;     // its frame; "" for the form itself
+  const char* didascalia;  // as shown in the mode of the certificate; null where the texts differ
 };
 
 constexpr Atteso kControlli[] = {

@@ -1,4 +1,4 @@
-// A run that an error of the database ends before the file.
+// A run ended by a database error before the file.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

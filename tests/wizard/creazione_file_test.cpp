@@ -207,7 +207,7 @@ TEST_F(FileRun, ACompanyThatIsNotFoundWritesNoRowAndLeavesItsCodeOutOfTheName) {
   EXPECT_TRUE(files.files.contains("/cu/CUR__2016.cur"));
 }
 
-// Positions as the layout of the supply gives them.
+// Positions from the layout of the supply.
 TEST_F(FileRun, TheSettingsReachTheFile) {
   certificati(2);
   vaiAllaFine();

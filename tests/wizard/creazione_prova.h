@@ -15,13 +15,13 @@ inline constexpr const char* kFile = "/cu/CUR_01234567890_2016.cur";
 
 class FileRun : public testing::Test, public WizardProva {
  protected:
-  // With rows for the file, one for each of these certificates.
+  // With rows for the file, one per certificate.
   void certificati(int quanti) {
     database.internal.answerContaining("ORDER BY Anag.Anagrafica",
                                        rispostaPrincipale(certificati2016(quanti)));
     database.internal.answerContaining("FROM ModuloXContoIndividuale", rispostaModuli({}));
   }
-  // With the intermediary's data as a person fills them in.
+  // With the intermediary's data as entered by the user.
   void intermediario(const char* codice, const char* impegno, int indice = 1) {
     premi(form().chkIntermediari);
     form().txtCodiceFiscale.enter(codice);
@@ -33,7 +33,7 @@ class FileRun : public testing::Test, public WizardProva {
     premi(form().cmdNav[4]);
   }
   bool riuscito() { return passo() == 0; }
-  // Where in what was sent the first text with this piece stands.
+  // The index of the first text sent that contains the piece.
   std::size_t posto(const std::string& pezzo) const {
     const auto testi = database.internal.texts();
     const auto trovato = std::find_if(testi.begin(), testi.end(), [&](const std::string& testo) {

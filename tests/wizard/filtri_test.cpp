@@ -26,7 +26,7 @@ std::vector<std::string> testi(const ListBox& elenco) {
 
 class Filters : public testing::Test, public WizardProva {
  protected:
-  // The filter text that the rebuild is given on the move to the last step of a print.
+  // The filter text passed to the rebuild when a print moves to the last step.
   std::string filtro() {
     form().chkRicostruzione.setValue(true);
     form().KRNCboEsCont0.setIndex(0);

@@ -16,7 +16,7 @@ using testing::ElementsAre;
 
 class ReferencesDialog : public testing::Test {
  protected:
-  // Opens the dialog and lets a person act; it is closed afterwards if that has not done so.
+  // Opens the dialog and runs the user's action; closes the dialog afterwards if it is still open.
   void apri(const std::function<void(FrmProtocollo&)>& azione) {
     frontEnd.modals.push_back([&](Form& form) { azione(dynamic_cast<FrmProtocollo&>(form)); });
     dialogo.showModal();
@@ -71,7 +71,7 @@ TEST_F(ReferencesDialog, BoxesHoldSeventeenAndSixCharacters) {
   EXPECT_EQ(dialogo.txtProgressivo.text(), "abcdef");
 }
 
-// Digits, and what the codes 8, 9, 12, 37 to 40 and 46 mean as characters.
+// Digits, and the characters with the codes 8, 9, 12, 37 to 40 and 46.
 TEST_F(ReferencesDialog, DigitsAndEightOtherCodesAreTheOnlyOnesLetThrough) {
   const std::set<char32_t> ammessi = {8, 9, 12, 37, 38, 39, 40, 46, 48, 49, 50, 51, 52, 53, 54, 55, 56, 57};
   for (char32_t carattere = 1; carattere < 400; ++carattere) {

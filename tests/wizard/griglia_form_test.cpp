@@ -162,7 +162,7 @@ TEST_F(EmptyGrid, ButtonsKeysAndMouseDoNothing) {
 
 class Editing : public testing::Test, public WizardProva {
  protected:
-  // On the grid of a year, with a kind of communication; the rows are of that year.
+  // Goes to the grid of a year, with a kind of communication; the rows are of that year.
   void vai(int anno, std::size_t tipo = 0) {
     database.own.answerContaining("SELECT DISTINCT ContoIndividuale.Anno", Table({"Anno"}, {{whole(anno)}}));
     righe({workRow(1, 1, {{"Anno", whole(anno)}}), workRow(2, 1, {{"Anno", whole(anno)}})});

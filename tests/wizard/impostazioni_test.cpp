@@ -25,7 +25,7 @@ class RunSettings : public testing::Test, public WizardProva {
     database.internal.answer(kLettura, riga);
     database.internal.answer("SELECT * FROM ConfigurazioneElencoCliFor WHERE IDAzienda = 1", riga);
   }
-  // What "Avvia" stores of the intermediary.
+  // The intermediary as stored by "Avvia".
   std::string memorizzato() {
     for (int i = passo(); i < 2; ++i) premi(form().cmdNav[3]);
     dimentica();
@@ -51,7 +51,7 @@ class KindOfCommunication : public testing::TestWithParam<Tipo>, public WizardPr
 
 TEST_P(KindOfCommunication, RulesTheReferencesButton) {
   avviaCU();
-  // From another choice, so that the click changes it.
+  // From another choice, so that the click is a change.
   form().optTipoComunicazione.at((GetParam().indice + 1) % 3).click();
   premi(form().optTipoComunicazione.at(GetParam().indice));
   EXPECT_EQ(form().cmdProtocollo.enabled(), GetParam().abilitato);
@@ -216,7 +216,7 @@ TEST_F(RunSettings, WithoutAFolderTheDialogIsGivenNoStart) {
   EXPECT_EQ(form().txtPercorsoCU.text(), "");
 }
 
-// The dialog of this front end cannot be opened.
+// A front end whose dialog cannot be opened.
 class WithoutDialogs : public ScriptedFrontEnd {
  public:
   std::string chooseFolder(const std::string&, const std::optional<std::string>&) override {

@@ -26,7 +26,7 @@ class Entry : public testing::Test, public WizardProva {
   }
 };
 
-// The two captions of the common menu are asked for while the form loads.
+// The two captions of the common menu are requested during the form's load.
 TEST_F(Entry, MakesTextsSessionAndFormBeforeTheSessionStarts) {
   modMain.main();
   EXPECT_THAT(factory.journal, ElementsAre("testi", "testo 1368", "sessione", "programma Autocomposizione",
@@ -156,7 +156,7 @@ TEST_F(Entry, ARefusedStartWithoutATitleIsToldUnderTheApplicationsOwn) {
   EXPECT_EQ(frontEnd.boxes[0].title, "Autocomposizione");
 }
 
-// The unload begins by reading the connection of the session, and ends there.
+// The unload begins with reading the connection of the session, and ends there.
 TEST_F(Entry, ARefusedStartUnloadsTheFormAndSavesNothing) {
   factory.prepareSession = [](FakeSession& sessione) { sessione.refuses = true; };
   modMain.main();

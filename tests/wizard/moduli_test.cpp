@@ -25,7 +25,7 @@ std::string inserisci(const std::string& valori) {
 
 class Forms : public FileRun {
  protected:
-  // Three lines, of which the second is not selected and the third neither, its flag being null.
+  // Three lines; the second is not selected, and neither is the third, whose flag is null.
   void SetUp() override {
     certificati(2);
     righe({workRow(1, 1), workRow(2, 1, {{"Selezionato", whole(0)}}),

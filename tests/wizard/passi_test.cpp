@@ -21,7 +21,7 @@ constexpr const char* kProtocolliMancanti =
 
 class Steps : public testing::Test, public WizardProva {
  protected:
-  // One box of refused input, in the wizard's title.
+  // One box for rejected input, with the wizard's title.
   void rifiutato(const char* testo) {
     ASSERT_EQ(frontEnd.boxes.size(), 1U);
     EXPECT_EQ(frontEnd.boxes[0].text, testo);
@@ -82,7 +82,7 @@ TEST_F(Steps, TheStagesAreTheThreeFramesInTheirOrder) {
   EXPECT_THAT(form().stages(), ElementsAre(&form().fraStep[0], &form().fraStep[1], &form().fraStep[2]));
 }
 
-// The launcher never hands this mode over; were it to, the print's option would still be on.
+// The launcher never passes this mode; if it did, the print's option would still be on.
 TEST_F(Steps, InTheFilesModeWithThePrintChosenTheSecondStepCanStart) {
   avvia(342);
   form().KRNCboEsCont0.setIndex(0);
@@ -91,7 +91,7 @@ TEST_F(Steps, InTheFilesModeWithThePrintChosenTheSecondStepCanStart) {
   EXPECT_TRUE(form().cmdNav[4].enabled());
   EXPECT_THAT(istruzioni(), IsEmpty());
   dimentica();
-  premi(form().cmdNav[4]);  // prints without asking whether anything would come out
+  premi(form().cmdNav[4]);  // prints without the test for an empty print
   EXPECT_THAT(database.main.texts(), IsEmpty());
   EXPECT_THAT(frontEnd.works, testing::Contains("Preparazione della stampa"));
 }

@@ -1,4 +1,4 @@
-// The references for annulling or replacing, written on the selected rows.
+// The references for annulling or replacing, written to the selected rows.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

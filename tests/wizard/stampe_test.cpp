@@ -21,7 +21,7 @@ class Prints : public testing::Test, public WizardProva {
     avvia(modo);
     form().KRNCboEsCont0.setIndex(0);
     premi(form().cmdNav[3]);
-    // What the test before printing finds.
+    // The result of the test before printing.
     database.main.answerContaining("FROM RepContoIndividuale", Table({"IDAzienda"}, {{whole(1)}}));
     database.main.answerContaining("FROM RepCompenso", Table({"IDAzienda"}, {{whole(1)}}));
   }
@@ -105,7 +105,7 @@ TEST_F(Prints, NothingToPrintIsToldAndNothingStarts) {
   EXPECT_EQ(passo(), 2);
 }
 
-// The launcher may hand over any number; only the accounts and the certificate are tested beforehand.
+// The launcher may pass any number; only the accounts and the certificate are tested beforehand.
 TEST_F(Prints, AnotherRunModePrintsWithoutLooking) {
   vaiAllaStampa(300);
   for (const char* vista : {"FROM RepContoIndividuale", "FROM RepCompenso"})
@@ -137,7 +137,7 @@ TEST_F(Prints, AFailedPrintIsToldAndTheWizardStays) {
   EXPECT_EQ(passo(), 2);
 }
 
-// The trap stands only behind the setting up of the report.
+// The error handler begins after the report has been set up.
 TEST_F(Prints, AReportThatCannotBeSetUpIsAnErrorThatRises) {
   vaiAllaStampa(246);
   stampe().failures.emplace("report.formula", Error(5, "La formula non si legge."));

@@ -9,10 +9,9 @@
 namespace cu::test {
 namespace {
 
-// Every state with every event: what the table lists leads to its next state, what it does not list does
-// nothing.
+// Every state with every event: listed events lead to their next state, all others have no effect.
 
-using Stato = std::pair<int, int>;  // mode, step; {0, 0} once the form is gone
+using Stato = std::pair<int, int>;  // mode, step; {0, 0} after the form has been closed
 
 enum class Evento {
   Informazioni,
@@ -33,7 +32,7 @@ constexpr Stato kFine = {0, 0};
 
 const std::map<std::pair<Stato, Evento>, Stato> kTabella = {
     {{{246, 0}, Evento::Avanti}, {246, 2}},
-    {{{246, 0}, Evento::AvantiRifiutato}, {246, 2}},  // no year is asked for
+    {{{246, 0}, Evento::AvantiRifiutato}, {246, 2}},  // no year is required
     {{{246, 2}, Evento::IndietroSi}, {246, 0}},
     {{{246, 2}, Evento::IndietroNo}, {246, 0}},
     {{{246, 2}, Evento::IndietroAnnulla}, {246, 0}},

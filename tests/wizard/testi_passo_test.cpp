@@ -98,7 +98,7 @@ struct Comune {
   const char* testo;
 };
 
-// But for the first year, of which see above.
+// Except the first year, for which see above.
 constexpr Comune kComuni[] = {
     {"fraStType", "Tipo di stampa"},
     {"optstType(0)", "Stampa certificazione dei compensi"},

@@ -98,7 +98,7 @@ TEST_F(PrintSetup, ThePrintControlTakesTheBranchOfTheSession) {
 
 struct ModoIniziale {
   int modo;
-  bool opzioni;      // the two options of the type, and what belongs to the file
+  bool opzioni;      // the two options of the type, and the controls of the file
   bool secondoAnno;  // the second list of years
 };
 

@@ -18,8 +18,8 @@
 
 namespace cu::test {
 
-// The wizard in surroundings that note what they are asked: user 12, company 1, 5 March 2017. The database
-// answers what a company with one complete payee would; a test changes an answer by giving another one.
+// The wizard with surroundings that record their calls: user 12, company 1, 5 March 2017. The database
+// answers as for a company with one complete payee; a test changes an answer by adding another one.
 class WizardProva {
  public:
   static constexpr const char* kTabella = "tmpprequadrivio12";
@@ -35,7 +35,7 @@ class WizardProva {
     answerCompany(database, conteggi);
   }
 
-  // Starts the process in a mode that the launcher hands over.
+  // Starts the process in a mode passed by the launcher.
   FrmWizard& avvia(std::int32_t modo = 247) {
     factory.prepareSession = [modo](FakeSession& sessione) {
       sessione.processes = {{"Wizard stampa", modo}};
@@ -50,7 +50,7 @@ class WizardProva {
     form().KRNCboEsCont0.setIndex(0);
     return form();
   }
-  // On the grid; and on the last step.
+  // Goes to the grid; to the last step.
   FrmWizard& vaiAllaGriglia() {
     avviaCU();
     premi(form().cmdNav[3]);
@@ -65,7 +65,7 @@ class WizardProva {
   FrmWizard& form() { return *modMain.wizard(); }
   Globali& globali() { return modMain.globali(); }
 
-  // As a person's hand: false where it cannot reach the control.
+  // As the user: returns false where the user cannot reach the control.
   template <class Controllo>
   bool premi(Controllo& controllo) {
     if (!controllo.available()) return false;
@@ -73,7 +73,7 @@ class WizardProva {
     return true;
   }
 
-  // The step on the stage; -1 when not exactly one stands beside the side band, enabled.
+  // The step on stage; -1 unless exactly one enabled frame is on stage next to the side band.
   int passo() {
     int trovato = -1;
     for (int i = 0; i < 3; ++i) {
@@ -85,7 +85,7 @@ class WizardProva {
     return trovato;
   }
 
-  // What was sent for the work itself: the prints' table aside.
+  // The statements sent, except those on the prints' table.
   std::vector<std::string> istruzioni() const {
     std::vector<std::string> testi;
     for (const std::string& testo : database.internal.texts(FakeConnection::Kind::Execute)) {

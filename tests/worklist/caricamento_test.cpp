@@ -108,7 +108,7 @@ TEST_F(Load, TheRowsCanBeChangedInMemory) {
   EXPECT_THAT(istruzioni(), ElementsAre());
 }
 
-// A row that the key or a NOT NULL column refuses, for one.
+// Such as a row rejected by the key or a NOT NULL column.
 TEST_F(Load, ARefusedStatementRisesAndTheHourglassStays) {
   database.internal.refuseContaining("INSERT INTO", DatabaseErrorKind::Constraint, "Riga duplicata.");
   try {
@@ -124,7 +124,7 @@ TEST_F(Load, ARefusedStatementRisesAndTheHourglassStays) {
 struct Contesa {
   const char* piece;
   DatabaseErrorKind kind;
-  const char* said;  // by the server
+  const char* said;  // the server's message
 };
 class Contended : public testing::TestWithParam<Contesa>, public CompensiProva {};
 

@@ -24,7 +24,7 @@ inline Filtri filtriDi(const std::string& anno) {
   return filtri;
 }
 
-// The worklist of user 12, company 1, over a database that only notes what it is sent.
+// The worklist of user 12, company 1, on a database that only records its statements.
 struct CompensiProva {
   class Finestra : public Form {
    public:
@@ -38,7 +38,7 @@ struct CompensiProva {
     contate("SELECT COUNT(Selezionato) FROM tmpprequadrivio12 WHERE Selezionato = 1", 0);
   }
 
-  // Rows of the work table as the next load finds them, and that load.
+  // The rows of the work table for the next load, and that load.
   void carica(const std::vector<WorkRow>& righe) {
     database.main.answer("tmpprequadrivio12", workTable(righe));
     caricaAnno(filtriDi("2016"));
@@ -52,7 +52,7 @@ struct CompensiProva {
     database.main.answer(testo, Table({"COUNT"}, {{whole(righe)}}));
   }
   std::vector<std::string> istruzioni() const { return database.internal.texts(); }
-  // What an operation raises of its own, not the database.
+  // An error raised by an operation itself, not by the database.
   template <class Operazione>
   std::string erroreDi(const Operazione& operazione) {
     try {
@@ -77,7 +77,7 @@ struct CompensiProva {
   Compensi compensi{utilita, frontEnd};
 };
 
-// The key of a row of the year 2016 and the company 1, as every statement on one row ends.
+// The key of a row of 2016 and company 1, which ends every statement on one row.
 inline std::string chiave(int idAnagrafica, int idCausale) {
   return " WHERE Anno = 2016 AND IDAnagrafica = " + std::to_string(idAnagrafica) +
          " AND IDAzienda = 1 AND IDCausalePagamento = " + std::to_string(idCausale);

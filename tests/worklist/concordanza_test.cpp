@@ -1,4 +1,4 @@
-// What the build rejects: a work table that does not agree with the form.
+// Work tables rejected by the build, because they do not agree with the form.
 
 #include "worklist/concordanza.h"
 

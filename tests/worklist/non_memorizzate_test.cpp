@@ -1,4 +1,4 @@
-// Which changed rows the accounts do not have yet.
+// Which changed rows have not been written back to the accounts.
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@ class UnsavedRows : public testing::Test, public CompensiProva {
  protected:
   UnsavedRows() { carica({scelta(1), scelta(2), workRow(3, 1, {{"Selezionato", whole(0)}})}); }
   static WorkRow scelta(int idAnagrafica) { return workRow(idAnagrafica, 1, {{"Selezionato", whole(1)}}); }
-  // As an editor leaves the row.
+  // Changes the row as an editor does.
   void correggi(std::size_t riga, const char* ritenute) {
     Recordset& righe = compensi.rsCompensi();
     righe.MoveTo(riga);

@@ -164,14 +164,14 @@ constexpr std::string_view kDatiAggiuntiviAttesi[] = {
 
 class RowUpdate : public testing::Test, public CompensiProva {
  protected:
-  // Puts the row into the grid's recordset and saves it; the one statement that was sent.
+  // Sets the row in the grid's recordset and saves it; returns the one statement sent.
   std::string salva(WorkRow cambiamenti) {
     carica({workRow(31, 4, std::move(cambiamenti))});
     compensi.sbAggiornaRiga();
     EXPECT_EQ(istruzioni().size(), 1U);
     return istruzioni().at(0);
   }
-  // What the statement writes into the column.
+  // The value written into the column by the statement.
   static std::string scritto(const std::string& testo, std::string_view colonna) {
     const std::string inizio = std::string(colonna) + " = ";
     std::size_t da = testo.find(" SET " + inizio);
@@ -183,7 +183,7 @@ class RowUpdate : public testing::Test, public CompensiProva {
   }
 };
 
-// A row with a value of its own in every column, and the statement composed column by column.
+// A row with a different value in every column, and the statement composed column by column.
 TEST_F(RowUpdate, WritesTheSeventyFourColumnsEachInItsWay) {
   EXPECT_EQ(std::size(kScritte), 74U);
   WorkRow riga;
@@ -447,8 +447,8 @@ TEST_F(WriteBack, AfterTheSecondIsRefusedBothRunAgain) {
   EXPECT_THAT(istruzioni(), ElementsAre(kConti, datiAggiuntivi(), kConti, datiAggiuntivi()));
 }
 
-// A new year's column is written back behind the other amounts; one that the year took away still is, as the
-// lines of the years before have it.
+// A new year's column is written back after the other amounts; one removed by the year still is, because the
+// lines of earlier years have it.
 TEST(NewYear, ItsColumnIsWrittenBack) {
   const std::vector<ColonnaRiscritta> colonne = colonneRiscritte(kModello2031);
   ASSERT_EQ(colonne.size(), std::size(kScritte) + 1);

@@ -73,7 +73,7 @@ const std::string kSelect =
 
 class Select : public testing::Test {
  protected:
-  // What follows the year and the company.
+  // The text after the year and the company.
   std::string oltre(const Filtri& filtri) const {
     const std::string testo = fnSelectCompensi(filtri, 7, utilita);
     const std::string inizio = kSelect + " WHERE Anno = 2016 AND IDAzienda = 7";

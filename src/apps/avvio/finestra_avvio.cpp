@@ -122,7 +122,7 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
   avvia_->setFocus();
 }
 
-// A database that cannot be opened is told here, and another one can be chosen.
+// A database that cannot be opened is reported here, so that the user can choose another one.
 void FinestraAvvio::leggiAziende() {
   casellaDatabase_->setText(database_.isEmpty() ? QStringLiteral("Dimostrativo") : database_);
   dimostrativo_->setEnabled(!database_.isEmpty());

@@ -14,7 +14,7 @@ class QSpinBox;
 
 namespace cu {
 
-// Stands for the suite's launcher: company, user, database, what to print.
+// Replaces the suite's launcher: choice of company, user, database and print.
 class FinestraAvvio : public QDialog {
  public:
   FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& cartelle);

@@ -66,7 +66,7 @@ MessaggioAvvio messaggioAvvio(const std::exception& errore) {
 
 QString avvisoDatabase(const QString& nome, const std::exception& errore) {
   const DatabaseErrorKind genere = genereDi(errore);
-  // A file can be told more of than a server.
+  // A message on a file can be more specific than one on a server.
   const char* const perche = genere == DatabaseErrorKind::Unavailable
                                  ? "non c'è, non si può leggere, o non è un database"
                                  : motivo(genere);

@@ -5,18 +5,18 @@
 
 namespace cu {
 
-// What a person reads who has started the program and gets no window: what has happened and what to do about
-// it; and the detail for whoever has installed the program.
+// The message for a user who started the program and gets no window: what has happened and what to do; and
+// the detail for the administrator.
 struct MessaggioAvvio {
   QString testo;
   QString dettaglio;
 };
 MessaggioAvvio messaggioAvvio(const std::exception& errore);
 
-// Why a database cannot be used, where another one can be chosen at once; `nome` is what the person calls it.
+// Why a database cannot be used, where another one can be chosen at once; `nome` is the user's name for it.
 QString avvisoDatabase(const QString& nome, const std::exception& errore);
 
-// In a box where there is a screen, and on standard error.
+// Shows it in a box where there is a screen, and writes it to standard error.
 void mostraErroreAvvio(const std::exception& errore);
 
 }  // namespace cu

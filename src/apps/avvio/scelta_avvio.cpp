@@ -75,7 +75,7 @@ void preparaDimostrativo(const CartelleAvvio& cartelle) {
   const QString file = cartelle.databaseDimostrativo();
   if (QFile::exists(file)) return;
   QDir().mkpath(cartelle.dati);
-  // Made beside its place and moved there when it is whole.
+  // Created under a temporary name and renamed when it is complete.
   const QString nuovo = file + QStringLiteral(".nuovo");
   QFile::remove(nuovo);
   creaArchivio(*creaConnessione(databaseDi(nuovo)), ContenutoArchivio::Dimostrativo);

@@ -9,9 +9,9 @@
 
 namespace cu {
 
-// What a person chooses before the wizard starts, where no profile says it; remembered for the next start.
+// The user's choices before the wizard starts, where no profile contains them; stored for the next start.
 struct SceltaAvvio {
-  QString database;  // a file; empty for the demonstration's
+  QString database;  // a file; empty for the demonstration database
   std::int32_t azienda = 1;
   std::int32_t filiale = 1;
   std::int32_t utente = 1;
@@ -22,18 +22,18 @@ struct SceltaAvvio {
   void ricorda() const;
 };
 
-// The folders of the person who uses the machine.
+// The folders of the current user.
 struct CartelleAvvio {
-  QString dati;          // demonstration database
-  QString impostazioni;  // the settings' file
-  QString documenti;     // where files go as long as nothing else is chosen
-  QString guida = {};    // where the user's guide lies
+  QString dati;          // of the demonstration database
+  QString impostazioni;  // of the settings file
+  QString documenti;     // of files until the user chooses another one
+  QString guida = {};    // of the user's guide
   static CartelleAvvio delUtente();
   QString databaseDimostrativo() const;
 };
 
-// Creates the demonstration database where there is none yet. Errors as the database tells them; nothing
-// half-made is left.
+// Creates the demonstration database where it is missing. Database errors propagate; no incomplete file is
+// left.
 void preparaDimostrativo(const CartelleAvvio& cartelle);
 
 struct AziendaAvvio {
@@ -41,13 +41,13 @@ struct AziendaAvvio {
   std::int32_t filiale = 0;
   std::string nome;
 };
-// The companies of a database, by name; errors as the database tells them.
+// The companies of a database, by name; database errors propagate.
 std::vector<AziendaAvvio> aziendeDi(const QString& database);
 
-// The profile that the launcher would hand over for the choice.
+// The profile that the launcher would pass for the choice.
 Profilo profiloDi(const SceltaAvvio& scelta, const CartelleAvvio& cartelle);
 
-// The setting that the editors take the ministerial documents' folder from.
+// The setting that contains the folder of the ministerial documents for the editors.
 QString cartellaMinisteriale(const CartelleAvvio& cartelle);
 void salvaCartellaMinisteriale(const CartelleAvvio& cartelle, const QString& cartella);
 

@@ -11,7 +11,7 @@
 namespace cu {
 namespace {
 
-// A server of another kind would refuse the first statement, and say less.
+// A server of another kind would reject the first statement with a less specific message.
 std::unique_ptr<Connection> apriServer(const Profilo::Database& database) {
   OdbcSettings impostazioni{database.origine, "", database.cifrata, database.secondiAccesso,
                             database.secondiIstruzione};
@@ -26,8 +26,8 @@ std::unique_ptr<Connection> apriServer(const Profilo::Database& database) {
   return connessione;
 }
 
-// A database of something else is told at once. One that lacks a table is opened: what needs it tells, or
-// goes on without.
+// Rejects a database without any table of the suite. One that lacks some tables is opened: the operations
+// that need them report an error, or continue without.
 void esigiSuite(Connection& connessione, const std::string& senza) {
   if (contieneSuite(connessione)) return;
   throw DatabaseError(DatabaseErrorKind::NoSchema, 0, "",

@@ -9,14 +9,14 @@
 
 namespace cu {
 
-// The suite's database that an address names. DatabaseError says in Italian what is wrong and what to do.
-// What a server's connection lacks in safety is told on standard error.
+// Opens the suite's database for an address. DatabaseError states in Italian the problem and the remedy.
+// Missing security of a server's connection is reported on standard error.
 std::unique_ptr<Connection> apriConnessione(const Profilo::Database& database);
 
-// A database to be filled.
+// Opens or creates a database to be filled.
 std::unique_ptr<Connection> creaConnessione(const Profilo::Database& database);
 
-// All that the system needs of the database that an address names, whatever it holds now.
+// Checks everything that the system requires of the database, whatever its present content.
 std::vector<VoceControllo> controllaDatabase(const Profilo::Database& database);
 
 }  // namespace cu

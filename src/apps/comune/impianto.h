@@ -5,7 +5,7 @@
 
 namespace cu {
 
-// The wizard with everything that one run of it needs.
+// The wizard with all objects required for one run.
 class Impianto {
  public:
   Impianto(const Profilo& profilo, FrontEnd& schermo)

@@ -58,7 +58,7 @@ class SenzaEco {
 std::string chiedi() {
   std::string password;
   {
-    // Before the question: what is typed at once must not show either.
+    // Before the prompt: early input must not be displayed either.
     const SenzaEco muto;
     std::cerr << "Password del database: " << std::flush;
     std::getline(std::cin, password);

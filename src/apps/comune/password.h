@@ -6,8 +6,8 @@
 
 namespace cu {
 
-// The password of the user of an odbc address: from the environment variable that is named, otherwise asked
-// at the terminal without showing it. DatabaseError where there is neither. It is never written anywhere.
+// The password of the user of an odbc address: read from the named environment variable, otherwise from the
+// terminal without echo. DatabaseError where there is neither. It is never written anywhere.
 std::string passwordDi(const Profilo::Database& database);
 
 }  // namespace cu

@@ -14,8 +14,8 @@
 
 namespace cu {
 
-// What a run needs around it, built for a profile and set before a front end. Profile and front end outlive
-// it. ErroreProfilo when the trace cannot be begun.
+// The surroundings of a run, created for a profile and a front end, which both outlive it. ErroreProfilo when
+// the trace cannot be created.
 class Surroundings {
  public:
   Surroundings(const Profilo& profilo, FrontEnd& schermo);
@@ -39,7 +39,7 @@ class Surroundings {
   ImpostazioniToml impostazioni_;
   UtilitaItaliana utilita_;
   FileSystemPiattaforma fileStampe_;
-  std::optional<PdfReports> impaginatore_;  // from the first print on
+  std::optional<PdfReports> impaginatore_;  // created by the first print
   FabbricaSuite fabbrica_;
 };
 

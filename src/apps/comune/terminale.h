@@ -8,24 +8,24 @@
 
 namespace cu {
 
-// The front end of a command without forms: it keeps what a person would see, for the command to write. No
-// form is ever shown before it; one that tries is an error of the program.
+// The front end of a command without forms: collects the messages for the user, which the command writes. No
+// form is shown; an attempt to show one is an error of the program.
 class Terminale : public FrontEnd {
  public:
-  // A warning, that is a box with OK and Cancel, is passed only if so wanted.
+  // A warning (a box with OK and Cancel) is confirmed only if this is set.
   bool passaAvvisi = false;
-  std::optional<std::string> fileDaSalvare;  // the answer of the dialog for the name of a file
+  std::optional<std::string> fileDaSalvare;  // the answer of the file name dialog
 
   struct Avviso {
     std::string testo;
     bool passato;
   };
-  std::vector<std::string> messaggi;  // what was refused, and errors that nothing caught
+  std::vector<std::string> messaggi;  // rejections, and errors that no handler caught
   std::vector<Avviso> avvisi;
   std::vector<LogTable> registri;
   std::vector<PrintNote> stampe;
 
-  // Keeps a warning, and returns whether it is passed.
+  // Stores a warning, and returns whether it is confirmed.
   bool conferma(const std::string& testo);
 
   void show(Form& form) override;

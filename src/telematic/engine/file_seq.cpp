@@ -45,7 +45,7 @@ void FileSeq::Compose(const IRecord& record, std::string& buffer) {
   buffer.assign(static_cast<std::size_t>(width), ' ');
   for (const IField* field : record.Fields().NewEnum()) {
     CopyMemory(buffer, field->Offset(), field->Value(), field->Length());
-    // The date and the number of a document share a field, with a mark between them.
+    // The date and the number of a document share a field, separated by a mark.
     if (field->Name().find("Data Documento") != std::string::npos && !field->Value().empty()) {
       CopyMemory(buffer, field->Offset() + 6, ";", 1);
     }

@@ -12,16 +12,16 @@ namespace cu {
 
 class RecordImage;
 
-// A file of fixed-width lines, written from the first to the last. Errors rise as they are, and the object
-// stays as it was: 55 for a file already open, 5 for a mode or an offset that does not exist, 52 for a write
-// to a file that is not open, FileError for what the file system refuses.
+// A file of fixed-width lines, written sequentially. Errors propagate and leave the object unchanged: 55 for
+// a file already open, 5 for an invalid mode or offset, 52 for a write to a file that is not open, FileError
+// for failures of the file system.
 class FileSeq {
  public:
   FileSeq(FileSystem& files, TextViewer& visore) : files_(files), visore_(visore) {}
   FileSeq(const FileSeq&) = delete;
   FileSeq& operator=(const FileSeq&) = delete;
 
-  const std::string& FileName() const { return fileName_; }  // kept for the owner, unused here
+  const std::string& FileName() const { return fileName_; }  // stored for the owner, unused here
   void setFileName(std::string_view name) { fileName_ = name; }
   const std::string& FilePathName() const { return filePathName_; }
   void setFilePathName(std::string_view path) { filePathName_ = path; }
@@ -35,11 +35,11 @@ class FileSeq {
   void WriteRecord(const IRecord& record);
   void WriteImage(const RecordImage& image);
 
-  // Places at most `length` characters of the value, and none behind the buffer's end. Error 5 when the
-  // offset lies outside the buffer.
+  // Places at most `length` characters of the value, and none beyond the buffer's end. Raises Error 5 when
+  // the offset is outside the buffer.
   static void CopyMemory(std::string& buffer, std::int32_t offset, std::string_view value,
                          std::int32_t length);
-  // The record's line without its end, into a buffer that is made anew.
+  // Writes the record's line, without its end, to a cleared buffer.
   static void Compose(const IRecord& record, std::string& buffer);
 
  private:

@@ -18,8 +18,8 @@ namespace cu {
 
 inline constexpr int kErrorKeyPresent = 457;
 
-// Members in the order of addition, each under a key of its own; keys differ without regard to case.
-// Errors: 457 for a key that is there already, 5 for an unknown key, 9 for a position out of range.
+// Members in insertion order, each with a unique key; keys are compared without case. Errors: 457 for an
+// existing key, 5 for an unknown key, 9 for a position out of range.
 template <class Member, class Interface>
 class KeyedMembers {
  public:

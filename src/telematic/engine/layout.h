@@ -8,9 +8,9 @@
 
 namespace cu {
 
-// What a writer of lines sees of a record's layout. Text is single-byte: a character is a byte.
+// The layout of a record as seen by a writer of lines. Text is single-byte: a character is a byte.
 
-// A member of a collection by its position, from 1, or by its key, without regard to case.
+// Selects a member of a collection by its position, from 1, or by its key, compared without case.
 using MemberIndex = std::variant<std::int32_t, std::string_view>;
 
 class IField {
@@ -27,7 +27,7 @@ class IFields {
   virtual ~IFields() = default;
   virtual const IField& Item(const MemberIndex& index) const = 0;
   virtual std::int32_t Count() const = 0;
-  virtual std::span<const IField* const> NewEnum() const = 0;  // in the order of addition
+  virtual std::span<const IField* const> NewEnum() const = 0;  // in insertion order
 };
 
 class IRecord {

@@ -10,23 +10,23 @@
 
 namespace cu {
 
-// Where a field lies in its record: offset from 0, and width.
+// The position of a field in its record: offset from 0, and width.
 struct FieldPlace {
   std::size_t offset = 0;
   std::size_t length = 0;
 };
 
-// The line of a record that is written many times, kept composed from one line to the next: what changes is
-// placed, the rest stands. It shows what FileSeq::WriteRecord makes of fields that hold the same values.
+// The line of a record that is written many times: only changed fields are placed again. It equals the output
+// of FileSeq::WriteRecord for fields with the same values.
 class RecordImage {
  public:
-  // Composed from the record as it stands.
+  // Composes the line from the record's present values.
   explicit RecordImage(const IRecord& record);
 
-  std::string_view line() const { return line_; }  // with its end
+  std::string_view line() const { return line_; }  // with the line end
   char* at(std::size_t offset) { return line_.data() + offset; }
 
-  // The field's whole content: left-aligned, cut at its width, blanks behind.
+  // Sets the field's whole content: left-aligned, truncated to its width, padded with blanks.
   void place(FieldPlace field, std::string_view value) {
     const std::size_t n = std::min(value.size(), field.length);
     char* const begin = at(field.offset);

@@ -10,8 +10,8 @@
 
 namespace cu {
 
-// A field of a record and the text that it holds. The text stays until another one is set, also across
-// writes; it may be longer than the field, which then shows its beginning.
+// A field of a record and its text. The text is kept until another one is set, also across writes; a text
+// longer than the field is truncated in the line.
 class CUField : public IField {
  public:
   const std::string& Name() const override { return name_; }
@@ -30,7 +30,7 @@ class CUField : public IField {
   std::int32_t offset_ = 0;
 };
 
-// The collections raise what KeyedMembers raises.
+// The collections raise the errors of KeyedMembers.
 class CUFields : public IFields {
  public:
   CUField& Item(const MemberIndex& index) const override { return members_.item(index); }
@@ -49,7 +49,7 @@ class CURecord : public IRecord {
   const std::string& Name() const override { return name_; }
   const CUFields& Fields() const override { return fields_; }
   CUFields& Fields() { return fields_; }
-  // Error 6 when the sum passes 32 bits.
+  // Raises Error 6 when the sum exceeds 32 bits.
   std::int32_t Length() const override;
   void setName(std::string_view name) { name_ = name; }
 

@@ -88,7 +88,7 @@ TEST(CUFields, ClearRemovesEveryMemberByItsName) {
   EXPECT_EQ(fields.Count(), 0);
   EXPECT_TRUE(fields.NewEnum().empty());
 
-  // A member renamed behind the collection's back is not found by its name.
+  // A member renamed directly is not found by its new name.
   fields.Add("A", 0, 1).setName("Altro");
   EXPECT_EQ(errorOf([&] { fields.Clear(); }), 5);
   EXPECT_EQ(fields.Count(), 1);
