@@ -3,7 +3,7 @@
 #include "archive/demo.h"
 #include "archive/liste.h"
 #include "archive/schema.h"
-#include "archive/transazione.h"
+#include "data/transazione.h"
 
 namespace cu {
 

@@ -1,6 +1,6 @@
 #include "archive/azienda.h"
 
-#include "archive/inserimento.h"
+#include "data/inserimento.h"
 #include "archive/risorse.h"
 #include "archive/tabella.h"
 #include "base/text.h"

@@ -4,7 +4,7 @@
 
 #include "archive/controllo.h"
 #include "archive/diritti.h"
-#include "archive/inserimento.h"
+#include "data/inserimento.h"
 #include "archive/schema.h"
 #include "base/text.h"
 

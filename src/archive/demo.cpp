@@ -8,7 +8,7 @@
 
 #include "archive/azienda.h"
 #include "base/codice_fiscale.h"
-#include "archive/inserimento.h"
+#include "data/inserimento.h"
 #include "archive/liste.h"
 #include "archive/ricostruzione.h"
 #include "archive/risorse.h"

@@ -9,7 +9,7 @@
 #include "archive/generatore_conti.h"
 #include "archive/generatore_persone.h"
 #include "archive/generatore_testi.h"
-#include "archive/inserimento.h"
+#include "data/inserimento.h"
 #include "archive/liste.h"
 #include "base/text.h"
 

@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "archive/inserimento.h"
+#include "data/inserimento.h"
 #include "archive/risorse.h"
 #include "archive/tabella.h"
 #include "base/text.h"

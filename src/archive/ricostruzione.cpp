@@ -4,7 +4,7 @@
 #include <map>
 #include <utility>
 
-#include "archive/transazione.h"
+#include "data/transazione.h"
 #include "base/error.h"
 #include "base/text.h"
 #include "data/recordset.h"

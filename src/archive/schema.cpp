@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "archive/inserimento.h"
+#include "data/inserimento.h"
 #include "archive/risorse.h"
 #include "base/text.h"
 

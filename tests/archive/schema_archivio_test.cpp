@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "archive/inserimento.h"
+#include "data/inserimento.h"
 #include "archive/schema.h"
 #include "support/fake_connection.h"
 

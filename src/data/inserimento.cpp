@@ -1,4 +1,4 @@
-#include "archive/inserimento.h"
+#include "data/inserimento.h"
 
 #include <array>
 #include <charconv>
