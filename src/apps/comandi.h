@@ -5,12 +5,10 @@
 #include <string>
 
 #include "apps/comune/codici_uscita.h"
+#include "apps/comune/connessioni.h"
 #include "fornitura/corsa.h"
 
 namespace cu {
-
-inline constexpr const char* kIndirizzoAtteso =
-    "--database: atteso \"sqlite:FILE\" oppure \"odbc:Driver=...;Server=...\"\n";
 
 struct OpzioniCheck {
   std::string database;
@@ -48,5 +46,14 @@ struct OpzioniPrint {
   fornitura::RichiestaReport richiesta;
 };
 int comandoPrint(const OpzioniPrint& opzioni);
+
+struct OpzioniCorrect {
+  std::string profilo;
+  std::int32_t anno = 0;
+  std::string cartella;
+  std::optional<Date> firma;  // today without it
+  bool passaAvvisi = false;
+};
+int comandoCorrect(const OpzioniCorrect& opzioni);
 
 }  // namespace cu

@@ -2,7 +2,8 @@
 #include <vector>
 
 #include "apps/comune/riepilogo_file.h"
-#include "apps/comune/tavola.h"
+#include "apps/esame/dopo_scrittura.h"
+#include "apps/esame/testo_rilievi.h"
 #include "base/text.h"
 #include "comandi.h"
 #include "esito.h"
@@ -12,18 +13,6 @@
 
 namespace cu {
 namespace {
-
-// Prints the log as a table with its column names.
-void stampaRegistro(const LogTable& registro) {
-  std::vector<std::vector<std::string>> tavola = {registro.columns};
-  for (const auto& riga : registro.rows) {
-    std::vector<std::string> celle;
-    celle.reserve(riga.size());
-    for (const Value& valore : riga) celle.push_back(valore.view().toText());
-    tavola.push_back(std::move(celle));
-  }
-  stampaTavola(tavola, std::cout);
-}
 
 void stampaRecord(const std::string& riga, std::int32_t anno) {
   std::cout << "Record " << riga.front() << ":\n";
@@ -55,14 +44,11 @@ fornitura::RichiestaCU completa(const OpzioniMake& opzioni, SessioneComando& ses
   return richiesta;
 }
 
-void registra(const Result<fornitura::EsitoCU>& esito, HostFactory& factory, Terminale& terminale) {
-  if (esito->mancanti.empty()) {
-    scriviRifiuti(esito.refusals, terminale);
-    return;
-  }
-  const std::unique_ptr<LogGrid> registro = factory.createLogGrid();
-  fornitura::riempiLog(*registro, 0, esito->mancanti);
-  registro->show(0);
+// What the reader finds in the file that was just written.
+void stampaControllo(const std::string& percorso, const DopoScrittura& dopo) {
+  if (!dopo.guasto.empty()) std::cerr << percorso << ": " << dopo.guasto << '\n';
+  scriviRilievi(percorso, dopo.rilievi, std::cerr);
+  std::cout << "Controllo: " << dettoConteggio(dopo.rilievi) << '\n';
 }
 
 }  // namespace
@@ -74,13 +60,25 @@ int comandoMake(const OpzioniMake& opzioni) {
   Surroundings surroundings(profilo, terminale);
   SessioneComando sessione(surroundings, terminale);
   std::optional<fornitura::FileScritto> scritto;
+  DopoScrittura dopo;
   bool riuscito = false;
   sessione.esegui([&] {
     Compensi compensi(surroundings.utilita(), terminale);
     const auto esito =
         fornitura::creaCU(sessione.intorno(), compensi, completa(opzioni, sessione, surroundings, terminale));
-    registra(esito, surroundings.factory(), terminale);
+    if (esito->mancanti.empty()) {
+      scriviRifiuti(esito.refusals, terminale);
+    } else {
+      registra(esito->mancanti, surroundings.factory());
+    }
     scritto = esito->file;
+    if (scritto && scritto->certificazioni > 0) {
+      const fornitura::Intorno intorno = sessione.intorno();
+      dopo = dopoScrittura(
+          intorno.ambito.database->ownConnection(), surroundings.clock(),
+          {scritto->percorso, opzioni.richiesta.tipo,
+           static_cast<std::int32_t>(leadingInteger(opzioni.richiesta.anno)), profilo.sessione.azienda});
+    }
     riuscito = static_cast<bool>(esito);
   });
 
@@ -89,7 +87,7 @@ int comandoMake(const OpzioniMake& opzioni) {
               << (avviso.passato ? " Sì (--yes)\n" : " No (--yes per proseguire)\n");
   }
   scriviMessaggi(terminale);
-  for (const LogTable& registro : terminale.registri) stampaRegistro(registro);
+  scriviRegistri(terminale);
   if (!terminale.registri.empty()) std::cerr << "Mancano dei dati: il file telematico non è stato creato.\n";
   if (!riuscito) {
     const bool detto =
@@ -102,6 +100,7 @@ int comandoMake(const OpzioniMake& opzioni) {
     return kRifiutato;
   }
   stampaFile(scritto->percorso, static_cast<std::int32_t>(leadingInteger(opzioni.richiesta.anno)));
+  stampaControllo(scritto->percorso, dopo);
   scriviStampe(terminale, profilo);
   return terminale.messaggi.empty() ? kRiuscito : kRifiutato;
 }

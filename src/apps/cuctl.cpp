@@ -7,6 +7,7 @@
 #include <iostream>
 
 #include "apps/comune/argomenti.h"
+#include "apps/esame/comandi_esame.h"
 #include "comandi.h"
 #include "suite/profilo.h"
 #include "uso.h"
@@ -14,18 +15,6 @@
 
 namespace cu {
 namespace {
-
-const char* const kData = "AAAA-MM-GG o GG/MM/AAAA";
-
-// Parses a date as an option, so that an invalid one is reported as wrong usage.
-CLI::Option* data(CLI::App& comando, const std::string& nome, std::optional<Date>& dove,
-                  const std::string& spiegazione) {
-  const auto leggi = [&dove](const CLI::results_t& valori) {
-    dove = leggiData(valori.back());
-    return dove.has_value();
-  };
-  return comando.add_option(nome, leggi, spiegazione)->type_name(kData)->expected(1);
-}
 
 // The options for the database's address and connection.
 void aggiungiIndirizzo(CLI::App& comando, std::string& database, std::string& variabile, bool& inChiaro) {
@@ -117,7 +106,7 @@ void aggiungiIntermediario(CLI::App& comando, OpzioniSciolte& sciolte) {
   comando.add_option("--commitment", sciolte.impegno, "1: predisposta dal contribuente, 2: da chi invia")
       ->check(fra(1, 2))
       ->needs(intermediario);
-  data(comando, "--commitment-date", sciolte.dataImpegno, "Data dell'impegno")->needs(intermediario);
+  aggiungiData(comando, "--commitment-date", sciolte.dataImpegno, "Data dell'impegno")->needs(intermediario);
 }
 
 void raccogli(const OpzioniSciolte& sciolte, fornitura::RichiestaCU& richiesta) {
@@ -145,7 +134,7 @@ void aggiungiMake(CLI::App& programma, Esecuzione& esegui) {
       ->check(fra(1, 3));
   aggiungiEstremi(comando, richiesta.estremi);
   comando.add_option("--folder", richiesta.cartella, "Cartella del file")->type_name("CARTELLA");
-  data(comando, "--signature-date", richiesta.firma, "Data della firma");
+  aggiungiData(comando, "--signature-date", richiesta.firma, "Data della firma");
   aggiungiRiferimenti(comando, *sciolte);
   aggiungiIntermediario(comando, *sciolte);
   comando.add_flag("--cumulative", richiesta.stampaCumulativa, "Una stampa sola per tutti i percipienti");
@@ -202,6 +191,30 @@ void aggiungiPrint(CLI::App& programma, Esecuzione& esegui) {
   });
 }
 
+void aggiungiCorrect(CLI::App& programma, Esecuzione& esegui) {
+  CLI::App& comando =
+      aggiungiComando(programma, "correct",
+                      "Scrive i file che lo stato di un anno chiede: nuove, sostituzioni, annullamenti");
+  auto opzioni = std::make_shared<OpzioniCorrect>();
+  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE");
+  comando.add_option("--year", opzioni->anno, "Anno di pagamento dei compensi")
+      ->required()
+      ->check(fra(1900, 2199))
+      ->type_name("ANNO");
+  comando.add_option("--folder", opzioni->cartella, "Cartella dei file")->required()->type_name("CARTELLA");
+  aggiungiData(comando, "--signature-date", opzioni->firma, "Data della firma");
+  comando.add_flag("--yes", opzioni->passaAvvisi, "Prosegue davanti agli avvisi");
+  comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoCorrect(*opzioni); }; });
+}
+
+void aggiungiUpgrade(CLI::App& programma, Esecuzione& esegui) {
+  CLI::App& comando =
+      aggiungiComando(programma, "upgrade", "Aggiunge a un database le tabelle per seguire gli invii");
+  auto opzioni = std::make_shared<OpzioniUpgrade>();
+  aggiungiIndirizzo(comando, opzioni->database, opzioni->variabilePassword, opzioni->inChiaro);
+  comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoUpgrade(*opzioni); }; });
+}
+
 int eseguiProgramma(int quanti, char** argomenti) {
   CLI::App programma("Certificazione Unica e stampe dei compensi, senza finestra", "cuctl");
   parlaItaliano(programma);
@@ -214,6 +227,13 @@ int eseguiProgramma(int quanti, char** argomenti) {
   aggiungiPrint(programma, esegui);
   aggiungiInspect(programma, esegui);
   aggiungiValidate(programma, esegui);
+  aggiungiDiff(programma, esegui);
+  aggiungiVerify(programma, esegui);
+  aggiungiSent(programma, esegui);
+  aggiungiReceipt(programma, esegui);
+  aggiungiStatus(programma, esegui);
+  aggiungiCorrect(programma, esegui);
+  aggiungiUpgrade(programma, esegui);
   try {
     programma.parse(quanti, argomenti);
     rifiutaVuoti(programma);

@@ -12,9 +12,9 @@
 
 #include "apps/avvio/finestra_avvio.h"
 #include "apps/avvio/messaggio_avvio.h"
+#include "apps/comune/codici_uscita.h"
 #include "apps/comune/impianto.h"
 #include "base/error.h"
-#include "apps/comune/codici_uscita.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
 #include "suite/profilo.h"

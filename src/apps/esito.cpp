@@ -1,8 +1,28 @@
 #include "esito.h"
 
 #include <iostream>
+#include <memory>
+#include <utility>
+
+#include "apps/comune/tavola.h"
+#include "fornitura/controllo.h"
 
 namespace cu {
+namespace {
+
+// Prints the log as a table with its column names.
+void stampaRegistro(const LogTable& registro) {
+  std::vector<std::vector<std::string>> tavola = {registro.columns};
+  for (const auto& riga : registro.rows) {
+    std::vector<std::string> celle;
+    celle.reserve(riga.size());
+    for (const Value& valore : riga) celle.push_back(valore.view().toText());
+    tavola.push_back(std::move(celle));
+  }
+  stampaTavola(tavola, std::cout);
+}
+
+}  // namespace
 
 std::string righeDiTesto(const std::string& testo) {
   std::string risultato;
@@ -21,6 +41,17 @@ void scriviRifiuti(const std::vector<Finding>& rifiuti, Terminale& terminale) {
 
 void scriviMessaggi(const Terminale& terminale) {
   for (const std::string& messaggio : terminale.messaggi) std::cerr << righeDiTesto(messaggio) << '\n';
+}
+
+void registra(const std::vector<DatoMancante>& mancanti, HostFactory& factory) {
+  if (mancanti.empty()) return;
+  const std::unique_ptr<LogGrid> registro = factory.createLogGrid();
+  fornitura::riempiLog(*registro, 0, mancanti);
+  registro->show(0);
+}
+
+void scriviRegistri(const Terminale& terminale) {
+  for (const LogTable& registro : terminale.registri) stampaRegistro(registro);
 }
 
 void scriviStampe(const Terminale& terminale, const Profilo& profilo) {

@@ -5,7 +5,9 @@
 
 #include "apps/comune/terminale.h"
 #include "base/result.h"
+#include "host/session.h"
 #include "suite/profilo.h"
+#include "telematic/controlli.h"
 
 namespace cu {
 
@@ -17,6 +19,11 @@ void scriviRifiuti(const std::vector<Finding>& rifiuti, Terminale& terminale);
 
 // Writes the rejections to standard error.
 void scriviMessaggi(const Terminale& terminale);
+
+// Shows the missing data of a file in the suite's log; none without missing data.
+void registra(const std::vector<DatoMancante>& mancanti, HostFactory& factory);
+// Writes each log that was shown, as a table, to standard output.
+void scriviRegistri(const Terminale& terminale);
 
 // Writes each print stored in a file to standard output; where prints are only recorded, every one of them.
 void scriviStampe(const Terminale& terminale, const Profilo& profilo);

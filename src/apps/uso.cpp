@@ -1,5 +1,7 @@
 #include "uso.h"
 
+#include "apps/comune/argomenti.h"
+
 #include <algorithm>
 #include <charconv>
 #include <optional>
@@ -145,6 +147,15 @@ CLI::Validator fra(int minimo, int massimo) {
             return valido ? std::string() : "atteso un numero da " + limiti;
           },
           "da " + limiti};
+}
+
+CLI::Option* aggiungiData(CLI::App& comando, const std::string& nome, std::optional<Date>& dove,
+                          const std::string& spiegazione) {
+  const auto leggi = [&dove](const CLI::results_t& valori) {
+    dove = leggiData(valori.back());
+    return dove.has_value();
+  };
+  return comando.add_option(nome, leggi, spiegazione)->type_name("AAAA-MM-GG o GG/MM/AAAA")->expected(1);
 }
 
 }  // namespace cu

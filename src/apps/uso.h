@@ -1,7 +1,10 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <optional>
 #include <string>
+
+#include "base/date.h"
 
 namespace cu {
 
@@ -18,5 +21,9 @@ void rifiutaVuoti(const CLI::App& programma);
 
 // Checks with an Italian message.
 CLI::Validator fra(int minimo, int massimo);
+
+// An option with a date, read as it is parsed, so that a wrong one is wrong usage.
+CLI::Option* aggiungiData(CLI::App& comando, const std::string& nome, std::optional<Date>& dove,
+                          const std::string& spiegazione);
 
 }  // namespace cu

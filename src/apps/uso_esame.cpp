@@ -6,6 +6,13 @@
 #include "uso.h"
 
 namespace cu {
+namespace {
+
+void aggiungiProfilo(CLI::App& comando, std::string& profilo) {
+  comando.add_option("--profile", profilo, "Il profilo TOML")->required()->type_name("FILE");
+}
+
+}  // namespace
 
 void aggiungiInspect(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando = aggiungiComando(programma, "inspect", "Mostra che cosa contiene un file telematico");
@@ -27,6 +34,62 @@ void aggiungiValidate(CLI::App& programma, Esecuzione& esegui) {
   comando.add_flag("--json", opzioni->json, "In JSON");
   comando.add_flag("--strict", opzioni->severo, "Anche un avviso dà codice d'uscita 1");
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoValidate(*opzioni); }; });
+}
+
+void aggiungiDiff(CLI::App& programma, Esecuzione& esegui) {
+  CLI::App& comando =
+      aggiungiComando(programma, "diff", "Confronta due file telematici, certificazione per certificazione");
+  auto opzioni = std::make_shared<OpzioniDiff>();
+  comando.add_option("old", opzioni->vecchio, "Il file di prima")->required()->type_name("FILE");
+  comando.add_option("new", opzioni->nuovo, "Il file di dopo")->required()->type_name("FILE");
+  comando.add_flag("--json", opzioni->json, "In JSON");
+  comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoDiff(*opzioni); }; });
+}
+
+void aggiungiVerify(CLI::App& programma, Esecuzione& esegui) {
+  CLI::App& comando =
+      aggiungiComando(programma, "verify", "Confronta un file telematico con i conti del suo anno");
+  auto opzioni = std::make_shared<OpzioniVerify>();
+  comando.add_option("file", opzioni->file, "Il file telematico")->required()->type_name("FILE");
+  aggiungiProfilo(comando, opzioni->profilo);
+  comando.add_flag("--json", opzioni->json, "In JSON");
+  comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoVerify(*opzioni); }; });
+}
+
+void aggiungiSent(CLI::App& programma, Esecuzione& esegui) {
+  CLI::App& comando = aggiungiComando(programma, "sent", "Segna come inviato un file telematico scritto");
+  auto opzioni = std::make_shared<OpzioniSent>();
+  comando.add_option("file", opzioni->file, "Il file telematico")->required()->type_name("FILE");
+  aggiungiProfilo(comando, opzioni->profilo);
+  aggiungiData(comando, "--date", opzioni->giorno, "Il giorno dell'invio; senza, oggi");
+  comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoSent(*opzioni); }; });
+}
+
+void aggiungiReceipt(CLI::App& programma, Esecuzione& esegui) {
+  CLI::App& comando =
+      aggiungiComando(programma, "receipt", "Legge una ricevuta; senza --apply la prova soltanto");
+  auto opzioni = std::make_shared<OpzioniReceipt>();
+  comando
+      .add_option("table", opzioni->tabella,
+                  "Tabella con CodiceFiscale, Causale, Protocollo, Progressivo, Esito, Motivo")
+      ->required()
+      ->type_name("TABELLA");
+  aggiungiProfilo(comando, opzioni->profilo);
+  comando.add_flag("--apply", opzioni->applica, "Registra le risposte");
+  comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoReceipt(*opzioni); }; });
+}
+
+void aggiungiStatus(CLI::App& programma, Esecuzione& esegui) {
+  CLI::App& comando = aggiungiComando(
+      programma, "status", "Dice a che punto è ogni certificazione di un anno, e che cosa occorre");
+  auto opzioni = std::make_shared<OpzioniStatus>();
+  aggiungiProfilo(comando, opzioni->profilo);
+  comando.add_option("--year", opzioni->anno, "Anno di pagamento dei compensi")
+      ->required()
+      ->check(fra(1900, 2199))
+      ->type_name("ANNO");
+  comando.add_flag("--json", opzioni->json, "In JSON");
+  comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoStatus(*opzioni); }; });
 }
 
 }  // namespace cu

@@ -16,6 +16,7 @@ void creaArchivio(Connection& connessione, ContenutoArchivio contenuto, const Op
   }
   Transazione transazione(connessione);
   creaSchema(connessione);
+  creaRegistro(connessione);
   riempiListe(connessione);
   switch (contenuto) {
     case ContenutoArchivio::Vuoto:

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "data/inserimento.h"
 #include "archive/risorse.h"
 #include "base/text.h"
+#include "data/inserimento.h"
 
 namespace cu {
 namespace {
@@ -41,12 +41,10 @@ std::string domandaSui(std::string_view colonne) {
   return domanda + ")";
 }
 
-}  // namespace
-
-std::vector<std::string_view> istruzioniSchema() {
+std::vector<std::string_view> istruzioniDi(std::string_view nome) {
   constexpr std::string_view kFine = "\nGO\n";
   std::vector<std::string_view> istruzioni;
-  std::string_view testo = risorsa("schema/suite.sql");
+  std::string_view testo = risorsa(nome);
   for (;;) {
     const std::size_t fine = testo.find(kFine);
     const std::string_view istruzione = senzaRigheVuoteECommenti(testo.substr(0, fine));
@@ -56,10 +54,26 @@ std::vector<std::string_view> istruzioniSchema() {
   }
 }
 
+constexpr std::string_view kCreaTabella = "CREATE TABLE [dbo].[";
+
+bool esiste(Connection& connessione, std::string_view tabella) {
+  std::string domanda = "SELECT COUNT(*) FROM dbo.sysobjects WHERE type = 'U' AND name = ";
+  appendTesto(domanda, tabella);
+  RowStore righe;
+  connessione.Query(domanda, righe);
+  CellView quante;
+  righe.read(0, &quante);
+  return quante.integer() > 0;
+}
+
+}  // namespace
+
+std::vector<std::string_view> istruzioniSchema() { return istruzioniDi("schema/suite.sql"); }
+
 std::vector<OggettoSchema> oggettiSchema() {
   std::vector<OggettoSchema> oggetti;
   for (std::string_view istruzione : istruzioniSchema()) {
-    if (const auto tabella = nomeDopo(istruzione, "CREATE TABLE [dbo].["); !tabella.empty()) {
+    if (const auto tabella = nomeDopo(istruzione, kCreaTabella); !tabella.empty()) {
       oggetti.push_back({tabella, false});
     } else if (const auto vista = nomeDopo(istruzione, "CREATE VIEW [dbo].["); !vista.empty()) {
       oggetti.push_back({vista, true});
@@ -98,6 +112,19 @@ bool contieneSuite(Connection& connessione) {
 
 void creaSchema(Connection& connessione) {
   for (std::string_view istruzione : istruzioniSchema()) connessione.Execute(istruzione);
+}
+
+std::size_t creaRegistro(Connection& connessione) {
+  std::size_t create = 0;
+  bool nuova = false;
+  for (std::string_view istruzione : istruzioniDi("schema/registro.sql")) {
+    if (const std::string_view tabella = nomeDopo(istruzione, kCreaTabella); !tabella.empty()) {
+      nuova = !esiste(connessione, tabella);
+      if (nuova) ++create;
+    }
+    if (nuova) connessione.Execute(istruzione);
+  }
+  return create;
 }
 
 }  // namespace cu

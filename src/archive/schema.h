@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,5 +34,9 @@ bool contieneSuite(Connection& connessione);
 
 // Creates all of them. Runs statements within the caller's transaction.
 void creaSchema(Connection& connessione);
+
+// Creates the tables of what this program keeps of the files it has written, where they are missing, and
+// returns how many it has created. Statements only, within the caller's transaction.
+std::size_t creaRegistro(Connection& connessione);
 
 }  // namespace cu

@@ -98,6 +98,22 @@ Natura natura(const modello::Campo& campo) {
   return Natura::Testo;
 }
 
+bool aDestra(Natura natura) {
+  switch (natura) {
+    case Natura::Numero:
+    case Natura::Flag:
+    case Natura::Data:
+    case Natura::Importo:
+    case Natura::ImportoConSegno:
+      return true;
+    case Natura::Testo:
+    case Natura::CodiceFiscale:
+    case Natura::Provincia:
+      break;
+  }
+  return false;
+}
+
 Caselle::Caselle(std::optional<std::int32_t> anno) {
   const auto delAnno = [&](const modello::Campo& campo) {
     return !anno || campo.anni.comprende(modello::annoTracciato(*anno));

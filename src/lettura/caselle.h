@@ -23,6 +23,8 @@ enum class Natura : std::uint8_t {
 };
 
 Natura natura(const modello::Campo& campo);
+// Whether blanks fill the value on its left.
+bool aDestra(Natura natura);
 
 // A code that the records of a year may have.
 struct Casella {

@@ -19,22 +19,6 @@ namespace {
 
 constexpr std::size_t kValore = kLarghezzaCella - kLunghezzaCodice;
 
-bool aDestra(Natura natura) {
-  switch (natura) {
-    case Natura::Numero:
-    case Natura::Flag:
-    case Natura::Data:
-    case Natura::Importo:
-    case Natura::ImportoConSegno:
-      return true;
-    case Natura::Testo:
-    case Natura::CodiceFiscale:
-    case Natura::Provincia:
-      break;
-  }
-  return false;
-}
-
 const char* atteso(Natura natura) {
   switch (natura) {
     case Natura::Numero:

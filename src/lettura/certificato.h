@@ -29,6 +29,7 @@ struct Fornitura {
   std::optional<std::int32_t> annoFiscale;  // 2017; none of an unknown code
   std::string mittente;
   std::string tipoMittente;
+  std::string testo;  // the whole line, blanks and all
 };
 
 // A record B.
@@ -37,6 +38,7 @@ struct Sostituto {
   std::string nome;
   bool annullamenti = false;
   bool sostituzioni = false;
+  std::string testo;  // the whole line, blanks and all; empty without a record B
 };
 
 // A record D with its H.

@@ -48,7 +48,7 @@ void Esaminatore::recordA(std::string_view riga) {
   congruenza_.anno(anno);
   caselle_.emplace(anno);
   esito_.fornitura = {letto(riga, kCodiceFornitura), anno, letto(riga, kFornitore),
-                      letto(riga, kTipoFornitore)};
+                      letto(riga, kTipoFornitore), da1252(riga)};
   if (ascoltatore_ != nullptr) ascoltatore_->fornitura(esito_.fornitura);
 }
 
@@ -74,6 +74,7 @@ void Esaminatore::recordB(std::string_view riga, bool affidabile) {
     const std::string nome = letto(riga, kNome);
     if (!nome.empty()) sostituto.nome += " " + nome;
   }
+  sostituto.testo = da1252(riga);
   ascoltatore_->sostituto(sostituto);
   annunciato_ = true;
 }

@@ -9,6 +9,10 @@
 
 namespace cu {
 
+// What is said of an address that is none.
+inline constexpr const char* kIndirizzoAtteso =
+    "--database: atteso \"sqlite:FILE\" oppure \"odbc:Driver=...;Server=...\"\n";
+
 // Opens the suite's database for an address. DatabaseError states in Italian the problem and the remedy.
 // Missing security of a server's connection is reported on standard error.
 std::unique_ptr<Connection> apriConnessione(const Profilo::Database& database);

@@ -2,17 +2,17 @@
 
 #include <cstdint>
 #include <fstream>
-#include <stdexcept>
 #include <string>
 
+#include "base/error.h"
 #include "lettura/righe.h"
 
 namespace cu {
 
 // A file that cannot be read; one line in Italian that names it.
-class FileIlleggibile : public std::runtime_error {
+class FileIlleggibile : public FileError {
  public:
-  using std::runtime_error::runtime_error;
+  explicit FileIlleggibile(const std::string& testo) : FileError(kErrorFileNotFound, testo) {}
 };
 
 // A file of the machine as a source of bytes. FileIlleggibile where it cannot be opened or read.

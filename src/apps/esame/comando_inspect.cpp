@@ -2,13 +2,13 @@
 #include <iostream>
 #include <sstream>
 
+#include "apps/comune/codici_uscita.h"
 #include "apps/comune/elenco_luoghi.h"
 #include "apps/comune/file_letto.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/json_lettura.h"
 #include "apps/esame/testo_rilievi.h"
 #include "base/text.h"
-#include "apps/comune/codici_uscita.h"
 
 namespace cu {
 namespace {

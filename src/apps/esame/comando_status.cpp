@@ -1,0 +1,71 @@
+#include <array>
+#include <iostream>
+#include <map>
+
+#include "apps/comune/codici_uscita.h"
+#include "apps/comune/terminale.h"
+#include "apps/esame/comandi_esame.h"
+#include "apps/esame/json_confronto.h"
+#include "apps/esame/registro_del_profilo.h"
+#include "riscontro/stato.h"
+#include "suite/utilita.h"
+
+namespace cu {
+namespace {
+
+using riscontro::Operazione;
+using riscontro::VoceStato;
+
+constexpr ParoleConfronto kParole = {"accettato", "nei conti"};
+
+nlohmann::ordered_json json(const VoceStato& voce) {
+  return {{"payee", voce.percipiente},
+          {"name", voce.nome},
+          {"reason", voce.causale},
+          {"state", voce.stato},
+          {"operation", riscontro::nome(voce.operazione)},
+          {"protocol", voce.accettata ? voce.accettata->protocollo : std::string()},
+          {"progressive", voce.accettata ? voce.accettata->progressivo : std::string()},
+          {"rejection", voce.motivo},
+          {"boxes", jsonCaselle(voce.caselle)}};
+}
+
+void scrivi(const VoceStato& voce) {
+  std::cout << voce.nome << " (" << voce.percipiente << "), causale " << voce.causale << ": "
+            << (voce.stato.empty() ? "mai scritta" : voce.stato);
+  if (!voce.motivo.empty()) std::cout << " (" << voce.motivo << ")";
+  std::cout << ", operazione " << riscontro::nome(voce.operazione) << '\n';
+  for (const lettura::CasellaDiversa& casella : voce.caselle) {
+    std::cout << "  modulo " << casella.modulo << ", " << casella.campo << ": " << kParole.vecchio << " \""
+              << casella.vecchio << "\", " << kParole.nuovo << " \"" << casella.nuovo << "\"\n";
+  }
+}
+
+}  // namespace
+
+int comandoStatus(const OpzioniStatus& opzioni) {
+  const Profilo profilo = leggiProfilo(opzioni.profilo);
+  RegistroDelProfilo registro(profilo);
+  Terminale terminale;
+  const UtilitaItaliana utilita(terminale, profilo.documenti);
+  const std::vector<VoceStato> voci =
+      riscontro::statoEsercizio(*registro, {profilo.sessione.azienda, opzioni.anno}, utilita);
+  if (opzioni.json) {
+    nlohmann::ordered_json lista = nlohmann::ordered_json::array();
+    for (const VoceStato& voce : voci) lista.push_back(json(voce));
+    std::cout << lista.dump() << '\n';
+    return kRiuscito;
+  }
+  std::map<Operazione, std::size_t> quante;
+  for (const VoceStato& voce : voci) {
+    scrivi(voce);
+    ++quante[voce.operazione];
+  }
+  std::cout << "Certificazioni " << voci.size();
+  for (const auto& [operazione, numero] : quante)
+    std::cout << ", " << riscontro::nome(operazione) << " " << numero;
+  std::cout << ".\n";
+  return kRiuscito;
+}
+
+}  // namespace cu

@@ -1,0 +1,68 @@
+#include "apps/esame/dopo_scrittura.h"
+
+#include <filesystem>
+#include <utility>
+#include <vector>
+
+#include "apps/comune/elenco_luoghi.h"
+#include "apps/comune/file_letto.h"
+#include "apps/esame/impronta.h"
+#include "base/error.h"
+#include "base/text.h"
+#include "riscontro/registro.h"
+
+namespace cu {
+namespace {
+
+class Raccolta : public lettura::Ascoltatore {
+ public:
+  void fornitura(const lettura::Fornitura& fornitura) override { recordA = fornitura.testo; }
+  void sostituto(const lettura::Sostituto& sostituto) override { recordB = sostituto.testo; }
+  void certificato(const lettura::Certificato& certificato) override { certificati.push_back(certificato); }
+
+  std::string recordA;
+  std::string recordB;
+  std::vector<lettura::Certificato> certificati;
+};
+
+// "2018-03-05 10:30:00"
+std::string momento(const Clock& orologio) {
+  const TimeOfDay ora = orologio.now();
+  const auto due = [](int numero) { return (numero < 10 ? "0" : "") + fromInteger(numero); };
+  return orologio.today().toIso() + " " + due(ora.hour) + ":" + due(ora.minute) + ":" + due(ora.second);
+}
+
+void registra(riscontro::Registro& registro, const Clock& orologio, const FileAppenaScritto& file,
+              const Raccolta& raccolta) {
+  riscontro::Invio invio;
+  invio.idAzienda = file.idAzienda;
+  invio.anno = file.anno;
+  invio.tipo = static_cast<std::int32_t>(file.tipo);
+  invio.nome = std::filesystem::path(file.percorso).filename().string();
+  invio.impronta = improntaFile(file.percorso);
+  invio.momento = momento(orologio);
+  invio.recordA = raccolta.recordA;
+  invio.recordB = raccolta.recordB;
+  registro.registra(invio, raccolta.certificati);
+}
+
+}  // namespace
+
+DopoScrittura dopoScrittura(Connection& connessione, const Clock& orologio, const FileAppenaScritto& file) {
+  DopoScrittura dopo;
+  try {
+    riscontro::Registro registro(connessione);
+    const bool presente = registro.presente();
+    Raccolta raccolta;
+    const ElencoLuoghi luoghi;
+    FileLetto letto(file.percorso);
+    dopo.rilievi = lettura::esamina(letto, &luoghi, presente ? &raccolta : nullptr).rilievi;
+    if (presente) registra(registro, orologio, file, raccolta);
+    dopo.registrato = presente;
+  } catch (const std::exception& errore) {
+    dopo.guasto = asError(errore).description();
+  }
+  return dopo;
+}
+
+}  // namespace cu

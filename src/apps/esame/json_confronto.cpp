@@ -1,0 +1,61 @@
+#include "apps/esame/json_confronto.h"
+
+#include <iostream>
+
+namespace cu {
+
+using nlohmann::ordered_json;
+
+ordered_json jsonCaselle(const std::vector<lettura::CasellaDiversa>& caselle) {
+  ordered_json lista = ordered_json::array();
+  for (const lettura::CasellaDiversa& casella : caselle) {
+    lista.push_back({{"module", casella.modulo},
+                     {"field", casella.campo},
+                     {"old", casella.vecchio},
+                     {"new", casella.nuovo}});
+  }
+  return lista;
+}
+
+ordered_json jsonConfrontata(const Confrontata& confrontata) {
+  return {{"payee", confrontata.percipiente},
+          {"reason", confrontata.causale},
+          {"state", confrontata.stato},
+          {"boxes", jsonCaselle(confrontata.caselle)}};
+}
+
+void scriviConfrontata(const Confrontata& confrontata, const char* stato, const ParoleConfronto& parole,
+                       std::ostream& uscita) {
+  uscita << confrontata.nome << " (" << confrontata.percipiente << "), causale " << confrontata.causale
+         << ": " << stato << '\n';
+  for (const lettura::CasellaDiversa& casella : confrontata.caselle) {
+    const auto valore = [](const std::string& testo) {
+      return testo.empty() ? "niente" : "\"" + testo + "\"";
+    };
+    uscita << "  modulo " << casella.modulo << ", " << casella.campo << ": " << parole.vecchio << " "
+           << valore(casella.vecchio) << ", " << parole.nuovo << " " << valore(casella.nuovo) << '\n';
+  }
+}
+
+void ListaConfronto::aggiungi(const Confrontata& confrontata, const char* stato,
+                              const ParoleConfronto& parole) {
+  const bool uguale = confrontata.stato == "equal";
+  ++tutte_;
+  if (!uguale) ++diverse_;
+  if (json_) {
+    std::cout << (prima_ ? "[" : ",\n") << jsonConfrontata(confrontata).dump();
+    prima_ = false;
+  } else if (!uguale) {
+    scriviConfrontata(confrontata, stato, parole, std::cout);
+  }
+}
+
+void ListaConfronto::fine(const char* diverse) {
+  if (json_) {
+    std::cout << (prima_ ? "[]\n" : "]\n");
+  } else {
+    std::cout << "Certificazioni " << tutte_ << ", " << diverse << " " << diverse_ << ".\n";
+  }
+}
+
+}  // namespace cu

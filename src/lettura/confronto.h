@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "lettura/certificato.h"
+
+// Certificate against certificate, whatever their order and their numbers.
+namespace cu::lettura {
+
+struct CasellaDiversa {
+  int modulo = 1;
+  std::string campo;  // code of the cell
+  std::string vecchio;
+  std::string nuovo;
+};
+
+// The cells that differ, by module and code. The signature and its date are not compared. `soloD` compares
+// the cells of record D alone, as an annulment has no others.
+std::vector<CasellaDiversa> diverse(const Certificato& vecchio, const Certificato& nuovo, bool soloD = false);
+
+// Pairs the certificates of one side with those of the other, by payee and reason; equal keys in their order.
+class Accostamento {
+ public:
+  void aggiungi(Certificato certificato);
+  // The counterpart, which is taken out; nothing where there is none. Without a reason any of the payee's, in
+  // their order.
+  std::optional<Certificato> togli(const Certificato& certificato);
+  // Those that nobody has asked for, in the order in which they were added.
+  void rimasti(const std::function<void(const Certificato&)>& chiama) const;
+
+ private:
+  struct Posto {
+    Certificato certificato;
+    bool tolto = false;
+  };
+  std::vector<Posto> posti_;
+  std::unordered_map<std::string, std::vector<std::size_t>> perChiave_;
+  std::unordered_map<std::string, std::size_t> prossimo_;
+};
+
+}  // namespace cu::lettura

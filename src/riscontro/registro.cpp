@@ -1,0 +1,258 @@
+#include "riscontro/registro.h"
+
+#include <algorithm>
+#include <array>
+#include <unordered_map>
+#include <utility>
+
+#include "base/text.h"
+#include "data/inserimento.h"
+#include "data/recordset.h"
+#include "data/transazione.h"
+
+namespace cu::riscontro {
+
+using lettura::Certificato;
+using lettura::Valore;
+
+namespace {
+
+constexpr std::array<std::pair<Stato, std::string_view>, 6> kStati = {{{Stato::Scritta, "scritta"},
+                                                                       {Stato::Inviata, "inviata"},
+                                                                       {Stato::Accettata, "accettata"},
+                                                                       {Stato::Scartata, "scartata"},
+                                                                       {Stato::Annullata, "annullata"},
+                                                                       {Stato::Sostituita, "sostituita"}}};
+
+// A line for each cell. A control character, which no sound file has, would part what is one.
+std::string testoCelle(const std::vector<Valore>& celle) {
+  std::string testo;
+  for (const Valore& cella : celle) {
+    testo += cella.codice + "=";
+    std::transform(cella.testo.begin(), cella.testo.end(), std::back_inserter(testo),
+                   [](char c) { return static_cast<unsigned char>(c) < 0x20 ? ' ' : c; });
+    testo += '\n';
+  }
+  return testo;
+}
+
+std::vector<Valore> celleDa(std::string_view testo) {
+  std::vector<Valore> celle;
+  while (!testo.empty()) {
+    const std::string_view riga = testo.substr(0, testo.find('\n'));
+    const std::size_t uguale = riga.find('=');
+    if (uguale != std::string_view::npos) {
+      celle.push_back({std::string(riga.substr(0, uguale)), std::string(riga.substr(uguale + 1))});
+    }
+    testo.remove_prefix(std::min(riga.size() + 1, testo.size()));
+  }
+  return celle;
+}
+
+std::string quotato(std::string_view testo) {
+  std::string letterale;
+  appendTesto(letterale, testo);
+  return letterale;
+}
+
+std::string deiCertificati(std::int32_t idAzienda, std::optional<std::int32_t> anno) {
+  std::string testo = " WHERE CuInvio.IDAzienda = " + fromInteger(idAzienda);
+  if (anno) testo += " AND CuInvio.Anno = " + fromInteger(*anno);
+  return testo;
+}
+
+Invio invioDa(const Recordset& riga) {
+  const auto testo = [&](const char* campo) { return riga.Get(campo).toText(); };
+  const auto giorno = [&](const char* campo) {
+    const CellView cella = riga.Get(campo);
+    return cella.isNull() ? std::string() : cella.date().toIso();
+  };
+  Invio invio;
+  invio.id = riga.Get("IDInvio").integer();
+  invio.idAzienda = static_cast<std::int32_t>(riga.Get("IDAzienda").integer());
+  invio.anno = static_cast<std::int32_t>(riga.Get("Anno").integer());
+  invio.tipo = static_cast<std::int32_t>(riga.Get("Tipo").integer());
+  invio.nome = testo("Nome");
+  invio.impronta = testo("Impronta");
+  invio.momento = giorno("Momento");
+  invio.dataInvio = giorno("DataInvio");
+  invio.certificazioni = riga.Get("Certificazioni").integer();
+  invio.moduli = riga.Get("Moduli").integer();
+  invio.recordA = testo("RecordA");
+  invio.recordB = testo("RecordB");
+  return invio;
+}
+
+Registrata registrataDa(const Recordset& riga, bool conCelle) {
+  const auto testo = [&](const char* campo) { return riga.Get(campo).toText(); };
+  Registrata r;
+  r.id = riga.Get("IDCertificazione").integer();
+  r.idInvio = riga.Get("IDInvio").integer();
+  r.stato = statoDi(testo("Stato")).value_or(Stato::Scritta);
+  r.protocollo = testo("Protocollo");
+  r.progressivo = testo("Progressivo");
+  r.motivo = testo("Motivo");
+  Certificato& c = r.certificato;
+  c.numero = static_cast<int>(riga.Get("Numero").integer());
+  c.percipiente = testo("CodiceFiscale");
+  c.nome = testo("Nome");
+  c.operazione = testo("Operazione");
+  c.protocollo = testo("RiferimentoProtocollo");
+  c.progressivo = testo("RiferimentoProgressivo");
+  if (conCelle) c.celle = celleDa(testo("Celle"));
+  // The reason is a cell of the first module, also where modules are not read or there are none.
+  c.moduli.push_back({1, 0, {{"AU001001", testo("Causale")}}});
+  return r;
+}
+
+}  // namespace
+
+std::string_view nome(Stato stato) { return kStati.at(static_cast<std::size_t>(stato)).second; }
+
+std::optional<Stato> statoDi(std::string_view parola) {
+  for (const auto& [stato, suo] : kStati) {
+    if (suo == parola) return stato;
+  }
+  return std::nullopt;
+}
+
+std::string improntaCelle(const Certificato& certificato) {
+  // FNV-1a over the cells: it tells contents apart, and protects nothing.
+  std::uint64_t somma = 14695981039346656037U;
+  const auto aggiungi = [&somma](std::string_view testo) {
+    for (const char c : testo) somma = (somma ^ static_cast<unsigned char>(c)) * 1099511628211U;
+  };
+  for (const Valore& cella : certificato.celle) {
+    if (cella.codice.starts_with("DA003")) continue;
+    aggiungi(cella.codice + "=" + cella.testo + "\n");
+  }
+  for (const lettura::Modulo& modulo : certificato.moduli) aggiungi("H\n" + testoCelle(modulo.celle));
+  std::string cifre;
+  for (int i = 60; i >= 0; i -= 4) cifre += "0123456789abcdef"[(somma >> static_cast<unsigned>(i)) & 15U];
+  return cifre;
+}
+
+bool Registro::presente() {
+  Recordset quante;
+  quante.Open(connessione_,
+              "SELECT COUNT(*) FROM dbo.sysobjects WHERE type = 'U' AND name IN ('CuInvio',"
+              " 'CuCertificazione', 'CuModulo')");
+  return quante.Get(0).integer() == 3;
+}
+
+std::int64_t Registro::massimo(std::string_view tabella, std::string_view colonna) {
+  Recordset riga;
+  riga.Open(connessione_, "SELECT MAX(" + std::string(colonna) + ") FROM " + std::string(tabella));
+  return riga.Eof() ? 0 : riga.Get(0).integer();
+}
+
+std::int64_t Registro::registra(const Invio& invio, const std::vector<Certificato>& certificati) {
+  Transazione transazione(connessione_);
+  // The row of the file is written first: it holds the id, and with it the lock, until the end.
+  const std::int64_t id = massimo("CuInvio", "IDInvio") + 1;
+  std::int64_t moduli = 0;
+  for (const Certificato& c : certificati) moduli += static_cast<std::int64_t>(c.moduli.size());
+  connessione_.Execute(
+      "INSERT INTO CuInvio (IDInvio, IDAzienda, Anno, Tipo, Nome, Impronta, Momento, Certificazioni, Moduli,"
+      " RecordA, RecordB) VALUES (" +
+      fromInteger(id) + ", " + fromInteger(invio.idAzienda) + ", " + fromInteger(invio.anno) + ", " +
+      fromInteger(invio.tipo) + ", " + quotato(invio.nome) + ", " + quotato(invio.impronta) + ", " +
+      quotato(invio.momento) + ", " + fromInteger(static_cast<std::int64_t>(certificati.size())) + ", " +
+      fromInteger(moduli) + ", " + quotato(invio.recordA) + ", " + quotato(invio.recordB) + ")");
+  std::int64_t prossima = massimo("CuCertificazione", "IDCertificazione");
+  Inserimento inD(connessione_, "CuCertificazione",
+                  {"IDCertificazione", "IDInvio", "CodiceFiscale", "Causale", "Nome", "Numero", "Operazione",
+                   "RiferimentoProtocollo", "RiferimentoProgressivo", "Celle", "Impronta", "Stato"});
+  Inserimento inH(connessione_, "CuModulo", {"IDCertificazione", "Modulo", "Celle"});
+  for (const Certificato& c : certificati) {
+    inD.intero(++prossima).intero(id).testo(c.percipiente.empty() ? " " : c.percipiente).testo(c.causale());
+    inD.testo(c.nome).intero(c.numero).testo(c.operazione).testo(c.protocollo).testo(c.progressivo);
+    inD.testo(testoCelle(c.celle)).testo(improntaCelle(c)).testo(nome(Stato::Scritta)).riga();
+    for (std::size_t i = 0; i < c.moduli.size(); ++i) {
+      inH.intero(prossima)
+          .intero(static_cast<std::int64_t>(i) + 1)
+          .testo(testoCelle(c.moduli[i].celle))
+          .riga();
+    }
+  }
+  inD.chiudi();
+  inH.chiudi();
+  transazione.conferma();
+  return id;
+}
+
+std::optional<Invio> Registro::cerca(std::string_view impronta) {
+  Recordset riga;
+  riga.Open(connessione_,
+            "SELECT * FROM CuInvio WHERE Impronta = " + quotato(impronta) + " ORDER BY IDInvio DESC");
+  if (riga.Eof()) return std::nullopt;
+  return invioDa(riga);
+}
+
+std::vector<Invio> Registro::invii(std::int32_t idAzienda) {
+  Recordset riga;
+  riga.Open(connessione_,
+            "SELECT * FROM CuInvio WHERE IDAzienda = " + fromInteger(idAzienda) + " ORDER BY IDInvio");
+  std::vector<Invio> invii;
+  for (; !riga.Eof(); riga.MoveNext()) invii.push_back(invioDa(riga));
+  return invii;
+}
+
+void Registro::segnaInviato(std::int64_t idInvio, Date giorno) {
+  connessione_.Execute("UPDATE CuInvio SET DataInvio = '" + giorno.toCompact() +
+                       "' WHERE IDInvio = " + fromInteger(idInvio));
+  connessione_.Execute(
+      "UPDATE CuCertificazione SET Stato = 'inviata' WHERE Stato = 'scritta' AND IDInvio = " +
+      fromInteger(idInvio));
+}
+
+void Registro::leggiModuli(std::int32_t idAzienda, std::optional<std::int32_t> anno,
+                           std::vector<Registrata>& registrate) {
+  std::unordered_map<std::int64_t, Registrata*> perId;
+  for (Registrata& r : registrate) perId[r.id] = &r;
+  Recordset riga;
+  riga.Open(connessione_,
+            "SELECT CuModulo.IDCertificazione, CuModulo.Modulo, CuModulo.Celle FROM CuModulo"
+            " INNER JOIN CuCertificazione ON CuModulo.IDCertificazione = CuCertificazione.IDCertificazione"
+            " INNER JOIN CuInvio ON CuCertificazione.IDInvio = CuInvio.IDInvio" +
+                deiCertificati(idAzienda, anno) + " ORDER BY CuModulo.IDCertificazione, CuModulo.Modulo");
+  for (; !riga.Eof(); riga.MoveNext()) {
+    const auto trovata = perId.find(riga.Get(0).integer());
+    if (trovata == perId.end()) continue;
+    std::vector<lettura::Modulo>& moduli = trovata->second->certificato.moduli;
+    const auto numero = static_cast<int>(riga.Get(1).integer());
+    if (numero == 1) moduli.clear();
+    moduli.push_back({numero, 0, celleDa(riga.Get(2).toText())});
+  }
+}
+
+std::vector<Registrata> Registro::certificate(std::int32_t idAzienda, std::optional<std::int32_t> anno,
+                                              bool conCelle) {
+  Recordset riga;
+  riga.Open(connessione_,
+            std::string("SELECT CuCertificazione.IDCertificazione, CuCertificazione.IDInvio,"
+                        " CuCertificazione.CodiceFiscale, CuCertificazione.Causale, CuCertificazione.Nome,"
+                        " CuCertificazione.Numero, CuCertificazione.Operazione,"
+                        " CuCertificazione.RiferimentoProtocollo, CuCertificazione.RiferimentoProgressivo,") +
+                (conCelle ? " CuCertificazione.Celle," : "") +
+                " CuCertificazione.Stato, CuCertificazione.Protocollo, CuCertificazione.Progressivo,"
+                " CuCertificazione.Motivo FROM CuCertificazione"
+                " INNER JOIN CuInvio ON CuCertificazione.IDInvio = CuInvio.IDInvio" +
+                deiCertificati(idAzienda, anno) + " ORDER BY CuCertificazione.IDCertificazione");
+  std::vector<Registrata> registrate;
+  for (; !riga.Eof(); riga.MoveNext()) registrate.push_back(registrataDa(riga, conCelle));
+  if (conCelle) leggiModuli(idAzienda, anno, registrate);
+  return registrate;
+}
+
+void Registro::aggiorna(const Registrata& r, Date giorno) {
+  const auto testo = [](const std::string& valore) {
+    return valore.empty() ? std::string("NULL") : quotato(valore);
+  };
+  connessione_.Execute("UPDATE CuCertificazione SET Stato = " + quotato(nome(r.stato)) +
+                       ", Protocollo = " + testo(r.protocollo) + ", Progressivo = " + testo(r.progressivo) +
+                       ", Motivo = " + testo(r.motivo) + ", DataEsito = '" + giorno.toCompact() +
+                       "' WHERE IDCertificazione = " + fromInteger(r.id));
+}
+
+}  // namespace cu::riscontro
