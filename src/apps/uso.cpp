@@ -11,9 +11,9 @@
 namespace cu {
 namespace {
 
-using Opzioni = std::vector<const CLI::Option*>;
+using OpzioniLinea = std::vector<const CLI::Option*>;
 
-Opzioni opzioniDelComando(const CLI::App& programma) {
+OpzioniLinea opzioniDelComando(const CLI::App& programma) {
   const auto comandi = programma.get_subcommands();
   const CLI::App& comando = comandi.empty() ? programma : *comandi.front();
   return comando.get_options();
@@ -21,14 +21,14 @@ Opzioni opzioniDelComando(const CLI::App& programma) {
 
 bool indicata(const CLI::Option* opzione) { return opzione->count() > 0; }
 
-std::optional<std::string> mancante(const Opzioni& opzioni) {
+std::optional<std::string> mancante(const OpzioniLinea& opzioni) {
   for (const CLI::Option* opzione : opzioni) {
     if (opzione->get_required() && !indicata(opzione)) return opzione->get_name() + ": manca";
   }
   return {};
 }
 
-std::optional<std::string> senzaCompagna(const Opzioni& opzioni) {
+std::optional<std::string> senzaCompagna(const OpzioniLinea& opzioni) {
   for (const CLI::Option* opzione : opzioni) {
     for (const CLI::Option* altra : opzione->get_needs()) {
       if (indicata(opzione) && !indicata(altra))
@@ -38,7 +38,7 @@ std::optional<std::string> senzaCompagna(const Opzioni& opzioni) {
   return {};
 }
 
-std::optional<std::string> inconciliabile(const Opzioni& opzioni) {
+std::optional<std::string> inconciliabile(const OpzioniLinea& opzioni) {
   for (const CLI::Option* opzione : opzioni) {
     for (const CLI::Option* altra : opzione->get_excludes()) {
       if (indicata(opzione) && indicata(altra)) return opzione->get_name() + " esclude " + altra->get_name();
@@ -66,7 +66,7 @@ std::optional<std::string> nonValido(std::string_view frase) {
   return "valore non valido" + std::string(frase.substr(segno));
 }
 
-std::string senzaValore(std::string_view frase, const Opzioni& opzioni) {
+std::string senzaValore(std::string_view frase, const OpzioniLinea& opzioni) {
   const std::string nome(frase.substr(0, frase.find(':')));
   const bool troppi = std::any_of(opzioni.begin(), opzioni.end(), [&nome](const CLI::Option* opzione) {
     return opzione->get_name() == nome &&
@@ -76,7 +76,7 @@ std::string senzaValore(std::string_view frase, const Opzioni& opzioni) {
 }
 
 std::optional<std::string> inItaliano(const CLI::App& programma, const CLI::ParseError& errore) {
-  const Opzioni opzioni = opzioniDelComando(programma);
+  const OpzioniLinea opzioni = opzioniDelComando(programma);
   switch (static_cast<CLI::ExitCodes>(errore.get_exit_code())) {
     case CLI::ExitCodes::RequiredError:
       return mancante(opzioni).value_or("manca il comando");
@@ -106,13 +106,13 @@ void parlaItaliano(CLI::App& programma) {
   forma->label("REQUIRED", "(obbligatoria)");
   forma->label("Needs", "Con");
   forma->label("Excludes", "Senza");
-  programma.get_help_ptr()->group("Opzioni");
-  programma.option_defaults()->group("Opzioni");
+  programma.get_help_ptr()->group("OpzioniLinea");
+  programma.option_defaults()->group("OpzioniLinea");
 }
 
 CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const std::string& spiegazione) {
   CLI::App* const comando = programma.add_subcommand(nome, spiegazione)->group("Comandi");
-  comando->get_help_ptr()->group("Opzioni");
+  comando->get_help_ptr()->group("OpzioniLinea");
   return *comando;
 }
 
