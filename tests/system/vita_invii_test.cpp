@@ -48,12 +48,14 @@ class VitaInvii : public ::testing::Test {
     return letto.at("agents").at(0).at("certificates");
   }
   // An answer to each certificate of a file; those at these places are rejected.
-  std::string ricevuta(const std::string& file, const std::string& protocollo, const std::vector<std::size_t>& scartate) {
+  std::string ricevuta(const std::string& file, const std::string& protocollo,
+                       const std::vector<std::size_t>& scartate) {
     std::string tabella = "CodiceFiscale;Causale;Protocollo;Progressivo;Esito;Motivo\n";
     const json tutte = certificati(file);
     for (std::size_t i = 0; i < tutte.size(); ++i) {
       const bool scartata = std::find(scartate.begin(), scartate.end(), i) != scartate.end();
-      tabella += tutte[i].at("payee").get<std::string>() + ";" + tutte[i].at("reason").get<std::string>() + ";";
+      tabella +=
+          tutte[i].at("payee").get<std::string>() + ";" + tutte[i].at("reason").get<std::string>() + ";";
       tabella += scartata ? ";;scartata;Codice fiscale non registrato\n"
                           : protocollo + ";" + std::to_string(i + 1) + ";accettata;\n";
     }
@@ -97,26 +99,31 @@ TEST_F(VitaInvii, EndsWithNothingLeftToDo) {
   const json tolta = prime.at(3);
   const auto archivio = posto_.lettore();
   const auto conto = [](const json& certificato) {
-    return " WHERE Anno = 2017 AND IDAnagrafica IN (SELECT IDAnagrafica FROM Anagrafica WHERE CodiceFiscale = '" +
+    return " WHERE Anno = 2017 AND IDAnagrafica IN (SELECT IDAnagrafica FROM Anagrafica WHERE CodiceFiscale "
+           "= '" +
            certificato.at("payee").get<std::string>() + "' OR PartitaIva = '" +
            certificato.at("payee").get<std::string>() +
            "') AND IDCausalePagamento = (SELECT IDCausalePagamento FROM CausalePagamento WHERE Codice = '" +
            certificato.at("reason").get<std::string>() + "')";
   };
-  archivio->esegui("UPDATE ContoIndividuale SET OnorarioProvvigioni = OnorarioProvvigioni + 0.01" + conto(corretta));
+  archivio->esegui("UPDATE ContoIndividuale SET OnorarioProvvigioni = OnorarioProvvigioni + 0.01" +
+                   conto(corretta));
   archivio->esegui("DELETE FROM ContoIndividuale" + conto(tolta));
   archivio->esegui(
-      "INSERT INTO Anagrafica (IDAnagrafica, Anagrafica, Nome, PersonaFisica, CodiceFiscale, Sesso, DataNascita,"
+      "INSERT INTO Anagrafica (IDAnagrafica, Anagrafica, Nome, PersonaFisica, CodiceFiscale, Sesso, "
+      "DataNascita,"
       " IDComuneNascita, Indirizzo, Cap, IDComune) SELECT 9001, 'Nuovo', 'Mario', 1, 'NVUMRA80A01L781C', 'M',"
-      " '1980-01-01', IDComuneNascita, 'Via Roma 1', '37121', IDComune FROM Anagrafica WHERE IDAnagrafica = 101");
+      " '1980-01-01', IDComuneNascita, 'Via Roma 1', '37121', IDComune FROM Anagrafica WHERE IDAnagrafica = "
+      "101");
   archivio->esegui("INSERT INTO Percipiente (IDAzienda, IDAnagrafica, Codice) VALUES (1, 9001, 'P900')");
   archivio->esegui(
       "INSERT INTO ContoIndividuale (IDAnagrafica, IDCausalePagamento, Anno, IDAzienda, OnorarioProvvigioni,"
       " QuotaProvvigioniNonSoggette, RitenutaAcconto) SELECT 9001, IDCausalePagamento, 2017, 1, 1000, 0, 200"
       " FROM CausalePagamento WHERE Codice = 'A'");
   const std::string prima = archivio->leggi("SELECT * FROM ContoIndividualeDatiAggiuntivi").testo();
-  EXPECT_EQ(operazioni(), (std::map<std::string, int>{
-                              {"nuova", 3}, {"sostituzione", 1}, {"annullamento", 1}, {"nessuna", quante - 4}}));
+  EXPECT_EQ(operazioni(),
+            (std::map<std::string, int>{
+                {"nuova", 3}, {"sostituzione", 1}, {"annullamento", 1}, {"nessuna", quante - 4}}));
   for (const json& voce : status()) {
     if (voce.at("operation") != "sostituzione") continue;
     EXPECT_EQ(voce.at("payee"), corretta.at("payee"));
@@ -168,8 +175,9 @@ TEST_F(VitaInvii, ARejectedCorrectionLeavesTheAcceptanceBeforeIt) {
   const std::string file = crea();
   applicata(ricevuta(file, "18030612345678901", {}));  // marks the file as sent
   const auto archivio = posto_.lettore();
-  archivio->esegui("UPDATE ContoIndividuale SET RitenutaAcconto = RitenutaAcconto + 1 WHERE Anno = 2017 AND"
-                   " IDAnagrafica = 101 AND IDCausalePagamento = 1");
+  archivio->esegui(
+      "UPDATE ContoIndividuale SET RitenutaAcconto = RitenutaAcconto + 1 WHERE Anno = 2017 AND"
+      " IDAnagrafica = 101 AND IDCausalePagamento = 1");
   const auto quante = static_cast<int>(status().size());
   ASSERT_EQ(operazioni(), (std::map<std::string, int>{{"sostituzione", 1}, {"nessuna", quante - 1}}));
   ASSERT_EQ(cuctl({"correct", "--year", kAnno, "--folder", in("c"), "--yes"}).codice, 0);
@@ -248,8 +256,9 @@ TEST_F(VitaInvii, AFreshFileAgreesWithTheAccounts) {
 
 TEST_F(VitaInvii, ACentInTheAccountsIsFound) {
   const std::string file = crea();
-  posto_.lettore()->esegui("UPDATE ContoIndividuale SET RitenutaAcconto = RitenutaAcconto + 0.01 WHERE Anno = 2017"
-                           " AND IDAnagrafica = 101 AND IDCausalePagamento = 1");
+  posto_.lettore()->esegui(
+      "UPDATE ContoIndividuale SET RitenutaAcconto = RitenutaAcconto + 0.01 WHERE Anno = 2017"
+      " AND IDAnagrafica = 101 AND IDCausalePagamento = 1");
   const Esecuzione esecuzione = cuctl({"verify", file, "--json"});
   EXPECT_EQ(esecuzione.codice, 1);
   int diverse = 0;
