@@ -77,9 +77,10 @@ Natura natura(const modello::Campo& campo) {
       break;
     case Forma::Destra:
     case Forma::RifilatoADestra:
-    case Forma::Intero:
     case Forma::CodiceNonSoggetti:
       return Natura::Numero;
+    case Forma::Intero:
+      return Natura::Anno;
     case Forma::Data:
     case Forma::DataFirma:
       return Natura::Data;
@@ -101,6 +102,7 @@ Natura natura(const modello::Campo& campo) {
 bool aDestra(Natura natura) {
   switch (natura) {
     case Natura::Numero:
+    case Natura::Anno:
     case Natura::Flag:
     case Natura::Data:
     case Natura::Importo:

@@ -14,6 +14,7 @@ namespace cu::lettura {
 enum class Natura : std::uint8_t {
   Testo,
   Numero,  // digits, right-aligned
+  Anno,    // four of them
   Flag,
   Data,
   Importo,

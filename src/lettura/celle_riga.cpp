@@ -23,6 +23,8 @@ const char* atteso(Natura natura) {
   switch (natura) {
     case Natura::Numero:
       return "atteso un numero allineato a destra.";
+    case Natura::Anno:
+      return "atteso un anno di quattro cifre, allineato a destra.";
     case Natura::Flag:
       return "atteso 1 in fondo alla cella.";
     case Natura::Data:
@@ -46,6 +48,8 @@ bool delGenere(Cella& cella) {
   switch (cella.casella->natura) {
     case Natura::Numero:
       return std::all_of(testo.begin(), testo.end(), isDigit);
+    case Natura::Anno:
+      return testo.size() == 4 && numero(testo) >= 1900 && numero(testo) < 2100;
     case Natura::Flag:
       return testo == "1" || testo == "0";
     case Natura::Data:

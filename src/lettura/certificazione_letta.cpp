@@ -51,9 +51,7 @@ void Esaminatore::agenteDi(std::string_view testa) {
   const std::string_view daCella = cella == nullptr ? std::string_view() : primi16(cella->testo);
   const std::string_view dellaTesta = trimRight(testa);
   corrente_.agente = testa;
-  if (!agente_.presente || !agente_.affidabile) {
-    if (!std::exchange(agente_.confermato, true)) agente_.codice = testa;
-  }
+  if (!std::exchange(agente_.codiceNoto, true)) agente_.codice = testa;
   std::string_view atteso = trimRight(agente_.codice);
   const bool primo = !std::exchange(agente_.confermato, true);
   if (dellaTesta != atteso && primo && daCella == dellaTesta) {
@@ -80,6 +78,7 @@ void Esaminatore::percipienteDi(std::string_view riga) {
   corrente_.percipiente = trimRight(leggi(riga, kPercipiente));
   if (cella == nullptr) return;
   corrente_.daCella = primi16(cella->testo);
+  if (!segnala_.leggibile(kPercipiente)) corrente_.percipiente = corrente_.daCella;
   corrente_.cella = CelleRiga::tratto(*cella);
   corrente_.testaIncerta = corrente_.daCella != corrente_.percipiente && segnala_.leggibile(kPercipiente) &&
                            segnala_.leggibile(corrente_.cella);

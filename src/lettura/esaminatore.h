@@ -30,7 +30,8 @@ class Esaminatore {
 
   struct Agente {
     bool presente = false;
-    bool affidabile = true;  // its line could be read
+    bool affidabile = true;   // its line could be read
+    bool codiceNoto = false;  // otherwise the first certificate gives it
     bool confermato = false;
     std::string codice;
     std::int64_t riga = 0;

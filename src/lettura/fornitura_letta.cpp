@@ -59,6 +59,7 @@ void Esaminatore::recordB(std::string_view riga, bool affidabile) {
   agente_.affidabile = affidabile;
   agente_.riga = segnala_.numero();
   agente_.codice = leggi(riga, kAgenteDiB);
+  agente_.codiceNoto = affidabile && segnala_.leggibile(kAgenteDiB);
   agente_.dichiarate = static_cast<int>(numero(leggi(riga, kCertificazioni)));
   Sostituto& sostituto = agente_.sostituto;
   sostituto.codiceFiscale = letto(riga, kAgenteDiB);

@@ -152,8 +152,8 @@ TEST(Danni, AnotherCharacterOfTheSameKind) {
                                           "D Flag conferma Singola Certif.",
                                           "D Spazio a disp. utente",
                                           "H AU001001",
-                                          "H AU001002",
                                           "H AU001006",
+                                          "H AU001009",
                                           "H AU001030",
                                           "H Spazio a disp. utente"}));
 }
