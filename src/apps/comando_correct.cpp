@@ -2,9 +2,9 @@
 #include <iostream>
 
 #include "apps/comune/tavola.h"
-#include "apps/esame/dopo_scrittura.h"
+#include "apps/comune/dopo_scrittura.h"
 #include "apps/esame/registro_del_profilo.h"
-#include "apps/esame/testo_rilievi.h"
+#include "apps/comune/testo_rilievi.h"
 #include "comandi.h"
 #include "esito.h"
 #include "riscontro/correzione.h"

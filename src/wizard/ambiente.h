@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
+#include <string>
 #include <string_view>
 
 #include "controls/frontend.h"
@@ -7,6 +10,7 @@
 #include "controls/utility.h"
 #include "host/clock.h"
 #include "host/filesystem.h"
+#include "host/modi.h"
 #include "host/session.h"
 #include "host/settings.h"
 
@@ -14,6 +18,15 @@ namespace cu {
 
 // The program's own name, and its title where the session has none.
 inline constexpr std::string_view kNomeProgramma = "Autocomposizione";
+
+// A telematic file that was just written.
+struct FileFatto {
+  std::string percorso;
+  Comunicazione tipo = Comunicazione::Ordinaria;
+  std::int32_t anno = 0;  // of the payments
+  std::int32_t idAzienda = 0;
+  DatabaseHost& database;
+};
 
 // The surroundings of the wizard, passed by the program that builds it.
 struct Ambiente {
@@ -24,6 +37,8 @@ struct Ambiente {
   Clock& clock;
   FileSystem& files;
   const ReportCatalogue& reports;
+  // Reads the file again, and returns a sentence on what was found in it, or "". Never raises. May be empty.
+  std::function<std::string(const FileFatto& file)> dopoIlFile = {};
 };
 
 }  // namespace cu

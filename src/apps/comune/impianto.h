@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/comune/dopo_scrittura.h"
 #include "apps/comune/surroundings.h"
 #include "wizard/mod_main.h"
 
@@ -12,7 +13,11 @@ class Impianto {
       : surroundings_(profilo, schermo),
         programma_(Ambiente{schermo, surroundings_.factory(), surroundings_.utilita(),
                             surroundings_.settings(), surroundings_.clock(), surroundings_.files(),
-                            surroundings_.stampe()}) {}
+                            surroundings_.stampe(), [this](const FileFatto& file) {
+                              return dettoDopo(
+                                  dopoScrittura(file.database.ownConnection(), surroundings_.clock(),
+                                                {file.percorso, file.tipo, file.anno, file.idAzienda}));
+                            }}) {}
 
   ModMain& programma() { return programma_; }
   bool avvioRifiutato() const { return surroundings_.avvioRifiutato(); }

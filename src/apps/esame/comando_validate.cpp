@@ -5,7 +5,7 @@
 #include "apps/comune/file_letto.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/json_lettura.h"
-#include "apps/esame/testo_rilievi.h"
+#include "apps/comune/testo_rilievi.h"
 
 namespace cu {
 

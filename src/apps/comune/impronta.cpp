@@ -1,4 +1,4 @@
-#include "apps/esame/impronta.h"
+#include "apps/comune/impronta.h"
 
 #include <QCryptographicHash>
 #include <vector>
