@@ -37,7 +37,6 @@ class Selector : public Control {
   std::optional<Row> findCode(const std::string& code) const;
   std::optional<Row> findRecord(std::int64_t id) const;
   // The same row is chosen. False when there is none: nothing changes.
-  bool chooseCode(const std::string& code) { return choose(findCode(code)); }
   bool chooseRecord(std::int64_t id) { return choose(findRecord(id)); }
   bool choose(const std::optional<Row>& row);
   // Code and description as they stand, whether a row has them or not.

@@ -15,7 +15,7 @@
 
 namespace cu {
 
-enum class RecordStatus { Unmodified, New, Modified, Deleted };
+enum class RecordStatus { Unmodified, New, Modified };
 enum class LockType { ReadOnly = 1, BatchOptimistic = 4 };
 
 // The client-side, static recordset: all rows in memory; moving in it and changing it never touches the
@@ -25,7 +25,7 @@ enum class LockType { ReadOnly = 1, BatchOptimistic = 4 };
 // unreadable filter 3001, a change of one opened read-only 3251.
 //
 // A move, a filter and AddNew do the Update of what is pending first. A row that a change takes out of the
-// filter, and a deleted one, gives its place to the next row, to the last one where none follows.
+// filter gives its place to the next row, to the last one where none follows.
 class Recordset {
  public:
   Recordset() = default;
@@ -44,7 +44,6 @@ class Recordset {
   void MoveFirst();
   void MoveNext();
   void MovePrevious();
-  void MoveLast();
   // From 1, 0 when there is no current row; and the move to one.
   std::size_t AbsolutePosition() const;
   void MoveTo(std::size_t position);
@@ -58,8 +57,7 @@ class Recordset {
   // filter the first row becomes the current one; when the filter goes, the current row stays.
   void SetFilter(std::string_view condition);
   void ClearFilter() { SetFilter(""); }
-  // The rows with changes not yet brought to the database, in the order of the rows; a row added and deleted
-  // has none.
+  // The rows with changes not yet brought to the database, in the order of the rows.
   void FilterPending();
   const std::string& Filter() const { return filterText_; }
 
@@ -79,7 +77,6 @@ class Recordset {
 
   void Set(std::string_view field, const Value& value);
   void AddNew();
-  void Delete();
   void Update();
   RecordStatus Status() const;  // of what is pending too
   // What was changed in the current row so far counts as brought to the database: the row is no longer
@@ -106,7 +103,6 @@ class Recordset {
     RowStore store;
     LockType lock = LockType::ReadOnly;
     std::size_t added = 0;
-    bool anyDeleted = false;
     std::uint64_t version = 0;
     std::unordered_map<RowMark, Edited> edited;  // rows changed, and those added behind the stored ones
     std::size_t rows() const { return store.size() + added; }

@@ -25,7 +25,6 @@ class View : public ControlView {
   virtual QList<QWidget*> focusWidgets() const { return {}; }
   // The caption that the layout has put beside or above the widget, and how the control is called aloud.
   void setCaptionLabel(QLabel* label);
-  QLabel* captionLabel() const { return captionLabel_; }
   // The line below the widget where the layout has room for the control's note.
   void setNoteLabel(QLabel* label);
   virtual void setSpokenName(const QString& name);

@@ -27,8 +27,6 @@ class ReportLibrary {
   // Error (kErrorReportDefinition) when no definition bears the name, when it belongs to another object type
   // or number, and what a broken file says when the name may be in it.
   const ReportDefinition& find(std::string_view name, std::int32_t objectType, std::int32_t number);
-  // All of them. Error for a broken one.
-  std::vector<ReportDefinition> all() const;
 
  private:
   std::vector<DefinitionFile> files_;

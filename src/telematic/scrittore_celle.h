@@ -31,7 +31,6 @@ class ScrittoreCelle {
   // The rows that follow have these columns. Error 3265 when one that the year needs is missing. Cheap when
   // the columns are the same as before.
   void lega(const Columns& colonne);
-  bool legato() const { return legato_; }
 
   // `dataFirma` is the signature's day, 8 characters; only record D needs it.
   [[nodiscard]] Guasto scrivi(const CellView* riga, std::string_view dataFirma, Celle& celle);

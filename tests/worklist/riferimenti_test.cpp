@@ -136,7 +136,7 @@ TEST_F(References, WithNoCurrentRowNoneIsCurrentAfterwards) {
     if (prima) {
       compensi.rsCompensi().MovePrevious();
     } else {
-      compensi.rsCompensi().MoveLast();
+      compensi.rsCompensi().MoveTo(compensi.rsCompensi().RecordCount());
       compensi.rsCompensi().MoveNext();
     }
     compensi.sbAggiornaProtocolli("12", "3", true);
@@ -165,7 +165,7 @@ TEST_F(References, ARefusedStatementRisesAndTheGridDrawsAgain) {
 
 TEST_F(References, ARowWhoseStatementFailsHoldsWhatItHeld) {
   carica({con(1, text("a"), text("1")), con(2, text("b"), text("2")), con(3, text("c"), text("3"))});
-  compensi.rsCompensi().MoveLast();
+  compensi.rsCompensi().MoveTo(compensi.rsCompensi().RecordCount());
   database.internal.refuseContaining("IDAnagrafica = 2");
   EXPECT_THROW(compensi.sbAggiornaProtocolli("12", "7", true), DatabaseError);
   EXPECT_EQ(finestra.griglia.row(), 3U);

@@ -143,7 +143,7 @@ TEST_F(Selection, AllRowsAreDeselectedAndTheHeaderCountsNone) {
 
 TEST_F(Selection, OfAllRowsRunsUnderTheHourglassWithoutDrawingAndEndsOnTheFirstRow) {
   carica({workRow(1, 1), workRow(2, 1), workRow(3, 1)});
-  compensi.rsCompensi().MoveLast();
+  compensi.rsCompensi().MoveTo(compensi.rsCompensi().RecordCount());
   std::vector<bool> disegno;
   std::vector<int> puntatori;
   database.internal.answerContaining("UPDATE", [&](std::string_view) {
