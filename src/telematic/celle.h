@@ -24,7 +24,6 @@ class Celle {
     std::memset(prima_, ' ', usate_ * kLarghezzaCella);
     usate_ = 0;
   }
-  std::size_t usate() const { return usate_; }
 
   // Of 8 and `n` characters. An empty value takes no cell. False when the cells are used up.
   [[nodiscard]] bool fnScriviCampo(const char* codice, const char* valore, std::size_t n) {
