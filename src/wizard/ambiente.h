@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string_view>
-
 #include "controls/frontend.h"
 #include "controls/print_control.h"
 #include "controls/utility.h"
@@ -11,9 +9,6 @@
 #include "host/settings.h"
 
 namespace cu {
-
-// The name the program gives itself, and its title where the session has none.
-inline constexpr std::string_view kNomeProgramma = "Autocomposizione";
 
 // Everything around the wizard, handed over by the program that builds it.
 struct Ambiente {
