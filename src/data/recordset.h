@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/per_chiamanti.h"
 #include "data/database.h"
 #include "data/filter.h"
 #include "data/rowstore.h"
@@ -26,7 +27,7 @@ enum class LockType { ReadOnly = 1, BatchOptimistic = 4 };
 //
 // A move, a filter and AddNew do the Update of what is pending first. A row that a change takes out of the
 // filter gives its place to the next row, to the last one where none follows.
-class Recordset {
+class Recordset : public per_chiamanti::DiRecordset<Recordset> {
  public:
   Recordset() = default;
   Recordset(const Recordset&) = delete;
@@ -34,7 +35,6 @@ class Recordset {
 
   void Open(Connection& connection, std::string_view source, LockType lock = LockType::ReadOnly);
   void Close();
-  int State() const { return data_ == nullptr ? 0 : 1; }
   bool IsOpen() const { return data_ != nullptr; }
 
   // Of the rows under the filter.
@@ -59,7 +59,6 @@ class Recordset {
   void ClearFilter() { SetFilter(""); }
   // The rows with changes not yet brought to the database, in the order of the rows.
   void FilterPending();
-  const std::string& Filter() const { return filterText_; }
 
   // Shares the rows and their changes; cursor and filter are the clone's own (first row, no filter).
   std::unique_ptr<Recordset> Clone() const;
@@ -88,6 +87,8 @@ class Recordset {
   void Attempt(const Store& store);
 
  private:
+  friend per_chiamanti::DiRecordset<Recordset>;
+
   // What differs from the row as read: a change of one flag costs one value, not the row.
   struct Change {
     std::size_t column;

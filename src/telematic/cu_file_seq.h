@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/date.h"
+#include "base/per_chiamanti.h"
 #include "base/value.h"
 #include "data/rowstore.h"
 #include "host/modi.h"
@@ -23,26 +24,21 @@ namespace cu {
 // Rows are those of the main query and of the module query, whose columns are made known once with lega...
 // and must live as long as rows are written; texts are UTF-8. Errors of the file rise as they are; a value
 // that does not fit its field's cells is Error 5 with a text for the clerk, and the record is not written.
-class CUFileSeq {
+class CUFileSeq : public per_chiamanti::DiCUFileSeq<CUFileSeq> {
  public:
   explicit CUFileSeq(const AmbienteTelematico& ambiente);
   ~CUFileSeq();
   CUFileSeq(const CUFileSeq&) = delete;
   CUFileSeq& operator=(const CUFileSeq&) = delete;
 
-  const std::string& FileName() const { return file_.FileName(); }
   void setFileName(std::string_view name) { file_.setFileName(name); }
-  const std::string& FilePathName() const { return file_.FilePathName(); }
   void setFilePathName(std::string_view path) { file_.setFilePathName(path); }
-  std::int32_t NumRecD() const { return numRecD_; }
-  std::int32_t NumRecH() const { return numRecH_; }
 
   // False when the file cannot be opened; rifiuto() then says why to a person, and is empty for every reason
   // but a missing path.
   [[nodiscard]] bool OpenFile();
   const std::string& rifiuto() const { return rifiuto_; }
   void CloseFile() { file_.CloseFile(); }
-  void ShowFile() { file_.ShowFile(); }
 
   // Error 3265 when a column that the run year needs is missing.
   void legaQueryPrincipale(const Columns& colonne);
@@ -64,6 +60,8 @@ class CUFileSeq {
   void WriteRecordTipoZ(const CellView* Fields, Date Data, std::int32_t Riservato1, std::int32_t Riservato2);
 
  private:
+  friend per_chiamanti::DiCUFileSeq<CUFileSeq>;
+
   // Columns of the main query that the frames need.
   struct ColonneQuadro {
     std::size_t codiceFiscale = 0;

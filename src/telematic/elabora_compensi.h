@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/date.h"
+#include "base/per_chiamanti.h"
 #include "telematic/ambiente_telematico.h"
 #include "telematic/cu_ele.h"
 
@@ -13,7 +14,7 @@ namespace cu {
 class Recordset;
 
 // The wizard's hand on the generation of a file: it is filled with settings and called.
-class ElaboraCompensi {
+class ElaboraCompensi : public per_chiamanti::DiElaboraCompensi {
  public:
   explicit ElaboraCompensi(const AmbienteTelematico& ambiente);
   ~ElaboraCompensi();
@@ -28,9 +29,8 @@ class ElaboraCompensi {
   void setFolderPathNameMyDocuments(std::string_view path) { folderPathNameMyDocuments_ = path; }
   void setDati(const DatiFornitura& dati) { dati_ = dati; }
 
-  // The wizard calls the first one before each file; neither has anything to do.
+  // Called before each file; it has nothing to do.
   void sbWriteRecord() {}
-  void sbShowLog() {}
 
   // True when the run went through; false when the file could not be opened. The folder of the documents is
   // made where it is missing, and gets a copy where its path is another one. Errors rise as they are.
