@@ -4,7 +4,7 @@
 
 #include "base/text.h"
 #include "fornitura/stampa.h"
-#include "wizard/ambiente.h"
+#include "host/testi_programma.h"
 
 namespace cu {
 

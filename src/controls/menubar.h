@@ -56,12 +56,6 @@ class MenuBar : public Control {
     const auto band = opens_.find(tool.band);
     return tool.enabled && (band == opens_.end() || !band->second || band->second());
   }
-  void setToolEnabled(std::string_view key, bool enabled) {
-    for (Tool& tool : tools_) {
-      if (tool.key == key) tool.enabled = enabled;
-    }
-    notify();
-  }
   int style() const { return style_; }
   void setStyle(int style) {
     style_ = style;

@@ -36,8 +36,7 @@ class Selector : public Control {
   // Returns the table's row with that code, or id, under the filter.
   std::optional<Row> findCode(const std::string& code) const;
   std::optional<Row> findRecord(std::int64_t id) const;
-  // Selects that row. Returns false, and changes nothing, when there is none.
-  bool chooseCode(const std::string& code) { return choose(findCode(code)); }
+  // The same row is chosen. False when there is none: nothing changes.
   bool chooseRecord(std::int64_t id) { return choose(findRecord(id)); }
   bool choose(const std::optional<Row>& row);
   // Sets code and description without a look-up; they need not match a row.

@@ -88,12 +88,6 @@ void Recordset::MoveFirst() {
   move(0);
 }
 
-void Recordset::MoveLast() {
-  Update();
-  if (visibleCount() == 0) noCurrentRow();
-  move(static_cast<std::int64_t>(visibleCount()) - 1);
-}
-
 void Recordset::MoveNext() {
   Update();
   if (Eof()) noCurrentRow();
@@ -170,11 +164,7 @@ void Recordset::read(RowMark row, std::size_t columns, CellView* cells) const {
 
 // Whether an edited row is still among the visible ones.
 bool Recordset::shows(RowMark row, const Edited& changed) const {
-  const bool deleted = changed.status == RecordStatus::Deleted;
-  if (showing_ == Showing::Pending) {
-    return changed.status != RecordStatus::Unmodified && !(deleted && row >= data_->store.size());
-  }
-  if (deleted) return false;
+  if (showing_ == Showing::Pending) return changed.status != RecordStatus::Unmodified;
   const std::size_t columns = filter_.columns();
   std::vector<CellView> cells(columns);
   read(row, columns, cells.data());
@@ -194,8 +184,6 @@ void Recordset::rebuild() {
   std::vector<CellView> cells(columns);
   const auto rows = static_cast<RowMark>(data_->rows());
   for (RowMark row = 0; row < rows; ++row) {
-    const Edited* const changed = edited(row);
-    if (changed != nullptr && changed->status == RecordStatus::Deleted) continue;
     read(row, columns, cells.data());
     if (filter_.matches(cells.data())) visible_.push_back(row);
   }
@@ -204,13 +192,9 @@ void Recordset::rebuild() {
 void Recordset::showAll() {
   filterText_.clear();
   filter_ = RowFilter();
-  showing_ = data_->anyDeleted ? Showing::Matching : Showing::All;
+  showing_ = Showing::All;
   visible_.clear();
-  if (data_->anyDeleted) {
-    rebuild();
-  } else {
-    visible_.shrink_to_fit();
-  }
+  visible_.shrink_to_fit();
 }
 
 // The position that becomes current when a row leaves the visible rows: the next row's, or the last one's.
@@ -225,8 +209,7 @@ void Recordset::SetFilter(std::string_view condition) {
     const bool keep = !Bof() && !Eof();
     const RowMark row = keep ? current() : 0;
     showAll();
-    position_ = showing_ == Showing::All ? static_cast<std::int64_t>(row)
-                                         : placeOf(std::lower_bound(visible_.begin(), visible_.end(), row));
+    position_ = row;
     return;
   }
   filter_ = RowFilter::parse(condition, *data().store.columns());
@@ -369,20 +352,6 @@ void Recordset::takeBack(RowMark row, std::optional<Edited> before) {
   changed = touched ? std::move(*before) : Edited{{}, RecordStatus::Unmodified};
   settle(row, changed);
   if (!touched) data_->edited.erase(row);
-}
-
-void Recordset::Delete() {
-  changeable();
-  Update();
-  const RowMark row = current();
-  Edited& changed = data_->edited[row];
-  changed.status = RecordStatus::Deleted;
-  data_->anyDeleted = true;
-  ++data_->version;
-  if (showing_ == Showing::All) showAll();
-  auto at = std::lower_bound(visible_.begin(), visible_.end(), row);
-  if (at != visible_.end() && *at == row && !shows(row, changed)) at = visible_.erase(at);
-  position_ = placeOf(at);
 }
 
 void Recordset::AcceptCurrent() {

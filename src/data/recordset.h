@@ -9,13 +9,14 @@
 #include <utility>
 #include <vector>
 
+#include "base/per_chiamanti.h"
 #include "data/database.h"
 #include "data/filter.h"
 #include "data/rowstore.h"
 
 namespace cu {
 
-enum class RecordStatus { Unmodified, New, Modified, Deleted };
+enum class RecordStatus { Unmodified, New, Modified };
 enum class LockType { ReadOnly = 1, BatchOptimistic = 4 };
 
 // The client-side, static recordset: all rows are in memory; moves and changes never access the database. A
@@ -24,9 +25,9 @@ enum class LockType { ReadOnly = 1, BatchOptimistic = 4 };
 // Any use of a closed recordset raises Error 3704, a field without a current row 3021, an unknown name 3265,
 // an invalid filter 3001, a change of a read-only one 3251.
 //
-// A move, a filter and AddNew first call Update for pending changes. When a row is deleted, or no longer
-// matches the filter after a change, the next row becomes current, or the last one where none follows.
-class Recordset {
+// A move, a filter and AddNew do the Update of what is pending first. A row that a change takes out of the
+// filter gives its place to the next row, to the last one where none follows.
+class Recordset : public per_chiamanti::DiRecordset<Recordset> {
  public:
   Recordset() = default;
   Recordset(const Recordset&) = delete;
@@ -34,7 +35,6 @@ class Recordset {
 
   void Open(Connection& connection, std::string_view source, LockType lock = LockType::ReadOnly);
   void Close();
-  int State() const { return data_ == nullptr ? 0 : 1; }
   bool IsOpen() const { return data_ != nullptr; }
 
   // Counts the rows under the filter.
@@ -44,8 +44,7 @@ class Recordset {
   void MoveFirst();
   void MoveNext();
   void MovePrevious();
-  void MoveLast();
-  // AbsolutePosition starts at 1 and is 0 without a current row; MoveTo moves to a position.
+  // From 1, 0 when there is no current row; and the move to one.
   std::size_t AbsolutePosition() const;
   void MoveTo(std::size_t position);
 
@@ -58,10 +57,8 @@ class Recordset {
   // makes the first matching row current; clearing the filter keeps the current row.
   void SetFilter(std::string_view condition);
   void ClearFilter() { SetFilter(""); }
-  // Shows the rows with changes not yet written to the database, in row order; a row that was added and
-  // deleted is not among them.
+  // The rows with changes not yet brought to the database, in the order of the rows.
   void FilterPending();
-  const std::string& Filter() const { return filterText_; }
 
   // Shares the rows and their changes; the clone has its own cursor and filter (first row, no filter).
   std::unique_ptr<Recordset> Clone() const;
@@ -79,7 +76,6 @@ class Recordset {
 
   void Set(std::string_view field, const Value& value);
   void AddNew();
-  void Delete();
   void Update();
   RecordStatus Status() const;  // includes pending changes
   // Marks the changes of the current row as written to the database: the row is no longer pending. Visible
@@ -91,7 +87,9 @@ class Recordset {
   void Attempt(const Store& store);
 
  private:
-  // Stores only the changed columns: a change of one flag costs one value, not a copy of the row.
+  friend per_chiamanti::DiRecordset<Recordset>;
+
+  // What differs from the row as read: a change of one flag costs one value, not the row.
   struct Change {
     std::size_t column;
     Value value;
@@ -106,7 +104,6 @@ class Recordset {
     RowStore store;
     LockType lock = LockType::ReadOnly;
     std::size_t added = 0;
-    bool anyDeleted = false;
     std::uint64_t version = 0;
     std::unordered_map<RowMark, Edited> edited;  // changed rows, and rows added after the stored ones
     std::size_t rows() const { return store.size() + added; }

@@ -38,7 +38,25 @@ LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), ta
   column->addWidget(head);
   column->addWidget(table_, 1);
 
-  // The kind of message is the same in every row and of no use to the user; the message is the first column.
+  fill(log);
+
+  auto* buttons = new QDialogButtonBox(this);
+  QPushButton* const close = buttons->addButton(QStringLiteral("Chiudi"), QDialogButtonBox::AcceptRole);
+  QPushButton* const copied =
+      buttons->addButton(QStringLiteral("&Copia tutto"), QDialogButtonBox::ActionRole);
+  close->setDefault(true);
+  connect(close, &QPushButton::clicked, this, [this] { accept(); });
+  connect(copied, &QPushButton::clicked, this, [this] {
+    table_->selectAll();
+    copy();
+  });
+  column->addWidget(buttons);
+  resize(1000, 420);
+  table_->setFocus();
+}
+
+void LogDialog::fill(const LogTable& log) {
+  // The kind of message is the same in every row and says nothing to a person; the message comes first.
   std::vector<std::size_t> order;
   for (std::size_t i = 0; i < log.columns.size(); ++i) {
     if (log.columns[i] == "Message") order.insert(order.begin(), i);
@@ -75,20 +93,6 @@ LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), ta
   }
   table_->horizontalHeader()->setStretchLastSection(true);
   if (!log.rows.empty()) table_->selectRow(0);
-
-  auto* buttons = new QDialogButtonBox(this);
-  QPushButton* const close = buttons->addButton(QStringLiteral("Chiudi"), QDialogButtonBox::AcceptRole);
-  QPushButton* const copied =
-      buttons->addButton(QStringLiteral("&Copia tutto"), QDialogButtonBox::ActionRole);
-  close->setDefault(true);
-  connect(close, &QPushButton::clicked, this, [this] { accept(); });
-  connect(copied, &QPushButton::clicked, this, [this] {
-    table_->selectAll();
-    copy();
-  });
-  column->addWidget(buttons);
-  resize(1000, 420);
-  table_->setFocus();
 }
 
 void LogDialog::copy() {

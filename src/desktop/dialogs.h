@@ -21,6 +21,7 @@ class LogDialog : public QDialog {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void fill(const LogTable& log);
   void copy();
   QTableWidget* table_;
 };

@@ -112,7 +112,6 @@ void Foot::offer(QToolButton& link, const QString& path) {
 QString Foot::words() const { return static_cast<const FootLine*>(words_)->whole(); }
 
 void Foot::tell(const QString& what, std::size_t done, std::size_t total) {
-  working_ = true;
   QString words = what;
   if (total > 0) {
     words += QStringLiteral(": %L1 di %L2").arg(done).arg(total);
@@ -128,7 +127,6 @@ void Foot::tell(const QString& what, std::size_t done, std::size_t total) {
 }
 
 void Foot::rest(const Status& status) {
-  working_ = false;
   static_cast<FootLine*>(words_)->setWhole(status.words());
   offer(*file_, status.file());
   offer(*folder_, status.folder());

@@ -18,8 +18,6 @@ class Foot : public QWidget {
   void tell(const QString& what, std::size_t done, std::size_t total);
   void rest(const Status& status);  // no operation is running
   QString words() const;
-  bool working() const { return working_; }
-  int percent() const { return bar_->maximum() > 0 ? bar_->value() : -1; }
 
  private:
   QToolButton* link(const QString& caption, const QString& name);
@@ -30,7 +28,6 @@ class Foot : public QWidget {
   QToolButton* file_;
   QToolButton* folder_;
   QProgressBar* bar_;
-  bool working_ = false;
 };
 
 }  // namespace cu::desktop

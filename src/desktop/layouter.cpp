@@ -8,14 +8,10 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "controls/band.h"
-#include "controls/datebox.h"
 #include "controls/grid.h"
 #include "controls/listbox.h"
-#include "controls/menubar.h"
 #include "controls/numericbox.h"
 #include "controls/picker.h"
-#include "controls/print_control.h"
 #include "controls/selector.h"
 #include "controls/tabs.h"
 #include "desktop/cells.h"
@@ -30,30 +26,7 @@ constexpr int kSpacing = 8;
 constexpr std::size_t kCellsFrom =
     3;  // the number of captioned fields from which a section consists of boxes
 
-class KindOf : public ControlVisitor {
- public:
-  Kind kind = Kind::Wide;
-  void visit(Frame&) override { kind = Kind::Frame; }
-  void visit(Label&) override { kind = Kind::Label; }
-  void visit(Link&) override { kind = Kind::Link; }
-  void visit(Button&) override { kind = Kind::Button; }
-  void visit(Option&) override { kind = Kind::Option; }
-  void visit(Check&) override { kind = Kind::Check; }
-  void visit(TextBox&) override { kind = Kind::Field; }
-  void visit(ListBox&) override { kind = Kind::Field; }
-  void visit(Selector&) override { kind = Kind::Field; }
-  void visit(DateBox&) override { kind = Kind::Field; }
-  void visit(AmountBox&) override { kind = Kind::Field; }
-  void visit(NumberBox&) override { kind = Kind::Field; }
-  void visit(Picker&) override { kind = Kind::Field; }
-  void visit(Tabs&) override { kind = Kind::Wide; }
-  void visit(Grid&) override { kind = Kind::Wide; }
-  void visit(SideBand&) override { kind = Kind::Wide; }
-  void visit(MenuBar&) override { kind = Kind::Wide; }
-  void visit(PrintControl&) override { kind = Kind::Wide; }
-};
-
-// A box for a known number of characters is not wider than these.
+// A box for a known number of characters is not wider than they are.
 void limitWidth(QWidget& widget, const Control& control) {
   auto* const line = qobject_cast<QLineEdit*>(&widget);
   if (line == nullptr) return;
@@ -115,12 +88,6 @@ bool namesNext(const Label& label, const Control& next) {
 }
 
 }  // namespace
-
-Kind kindOf(Control& control) {
-  KindOf visitor;
-  control.accept(visitor);
-  return visitor.kind;
-}
 
 bool isPage(const Frame& frame) {
   const Form& form = frame.form();
@@ -210,35 +177,10 @@ std::size_t Layouter::place(Row& row, const std::vector<Control*>& controls, std
   QWidget* const into = row.grid.parentWidget();
   const Kind kind = kindOf(control);
   switch (kind) {
-    case Kind::Frame: {
-      // Sections of a page with one field each are placed side by side.
-      std::size_t count = 0;
-      while (onEditorPage(controls) && at + count < controls.size() && holdsOne(*controls[at + count]))
-        ++count;
-      if (count < 2) count = 1;
-      auto* beside = new QHBoxLayout;
-      beside->setSpacing(kSpacing);
-      row.grid.addLayout(beside, row.next++, 0, 1, 2);
-      for (std::size_t i = at; i < at + count; ++i) {
-        auto& frame = static_cast<Frame&>(*controls[i]);
-        beside->addWidget(window_.make(frame, into).widget(), 1);
-        fillFrame(frame);
-      }
-      return count;
-    }
-    case Kind::Label: {
-      auto& label = static_cast<Label&>(control);
-      Control* const next = at + 1 < controls.size() ? controls[at + 1] : nullptr;
-      if (next != nullptr && kindOf(*next) == Kind::Field && namesNext(label, *next)) {
-        field(row, *next, &label);
-        return 2;
-      }
-      // A separate text; after a field it is placed below that field.
-      const bool below = at > 0 && kindOf(*controls[at - 1]) == Kind::Field;
-      QWidget* const text = window_.make(label, into).widget();
-      if (!below || !hang(row.grid, row.next - 1, text)) row.grid.addWidget(text, row.next++, 0, 1, 2);
-      return 1;
-    }
+    case Kind::Frame:
+      return placeFrames(row, controls, at);
+    case Kind::Label:
+      return placeLabel(row, controls, at);
     case Kind::Option:
     case Kind::Button:
     case Kind::Link: {
@@ -252,24 +194,8 @@ std::size_t Layouter::place(Row& row, const std::vector<Control*>& controls, std
     case Kind::Check:
       row.grid.addWidget(window_.make(control, into).widget(), row.next++, 0, 1, 2, Qt::AlignLeft);
       return 1;
-    case Kind::Field: {
-      // A button after a field without a label is placed next to it.
-      Control* const next = at + 1 < controls.size() ? controls[at + 1] : nullptr;
-      if (control.caption().empty() && next != nullptr && kindOf(*next) == Kind::Button) {
-        auto* beside = new QHBoxLayout;
-        row.grid.addLayout(beside, row.next++, 0, 1, 2);
-        fillRow(*beside, {&control, next});
-        auto* note = new QLabel(into);
-        note->setTextFormat(Qt::PlainText);
-        note->setWordWrap(true);
-        note->setObjectName(shown(control.name()) + QStringLiteral(".nota"));
-        row.grid.addWidget(note, row.next++, 0, 1, 2);
-        window_.view(control)->setNoteLabel(note);
-        return 2;
-      }
-      field(row, control, nullptr);
-      return 1;
-    }
+    case Kind::Field:
+      return placeField(row, controls, at);
     case Kind::Wide: {
       View& made = window_.make(control, into);
       const bool grows = dynamic_cast<Grid*>(&control) != nullptr;
@@ -280,6 +206,56 @@ std::size_t Layouter::place(Row& row, const std::vector<Control*>& controls, std
     }
   }
   return 1;
+}
+
+// Sections of a page with one field each stand side by side.
+std::size_t Layouter::placeFrames(Row& row, const std::vector<Control*>& controls, std::size_t at) {
+  std::size_t count = 0;
+  while (onEditorPage(controls) && at + count < controls.size() && holdsOne(*controls[at + count])) ++count;
+  if (count < 2) count = 1;
+  auto* beside = new QHBoxLayout;
+  beside->setSpacing(kSpacing);
+  row.grid.addLayout(beside, row.next++, 0, 1, 2);
+  for (std::size_t i = at; i < at + count; ++i) {
+    auto& frame = static_cast<Frame&>(*controls[i]);
+    beside->addWidget(window_.make(frame, row.grid.parentWidget()).widget(), 1);
+    fillFrame(frame);
+  }
+  return count;
+}
+
+std::size_t Layouter::placeLabel(Row& row, const std::vector<Control*>& controls, std::size_t at) {
+  auto& label = static_cast<Label&>(*controls[at]);
+  Control* const next = at + 1 < controls.size() ? controls[at + 1] : nullptr;
+  if (next != nullptr && kindOf(*next) == Kind::Field && namesNext(label, *next)) {
+    field(row, *next, &label);
+    return 2;
+  }
+  // A text of its own; behind a field it belongs below that field.
+  const bool below = at > 0 && kindOf(*controls[at - 1]) == Kind::Field;
+  QWidget* const text = window_.make(label, row.grid.parentWidget()).widget();
+  if (!below || !hang(row.grid, row.next - 1, text)) row.grid.addWidget(text, row.next++, 0, 1, 2);
+  return 1;
+}
+
+// A button behind a field without a label stands beside it.
+std::size_t Layouter::placeField(Row& row, const std::vector<Control*>& controls, std::size_t at) {
+  Control& control = *controls[at];
+  Control* const next = at + 1 < controls.size() ? controls[at + 1] : nullptr;
+  if (!control.caption().empty() || next == nullptr || kindOf(*next) != Kind::Button) {
+    field(row, control, nullptr);
+    return 1;
+  }
+  auto* beside = new QHBoxLayout;
+  row.grid.addLayout(beside, row.next++, 0, 1, 2);
+  fillRow(*beside, {&control, next});
+  auto* note = new QLabel(row.grid.parentWidget());
+  note->setTextFormat(Qt::PlainText);
+  note->setWordWrap(true);
+  note->setObjectName(shown(control.name()) + QStringLiteral(".nota"));
+  row.grid.addWidget(note, row.next++, 0, 1, 2);
+  window_.view(control)->setNoteLabel(note);
+  return 2;
 }
 
 void Layouter::field(Row& row, Control& control, Label* label) {

@@ -4,16 +4,14 @@
 #include <vector>
 
 #include "desktop/form_window.h"
+#include "desktop/kind.h"
 
 class QBoxLayout;
 class QGridLayout;
 
 namespace cu::desktop {
 
-enum class Kind { Frame, Label, Link, Button, Option, Check, Field, Wide };
-Kind kindOf(Control& control);
-
-// Whether the frame is a whole page of its form: a stage, a tab's page, or a scrolling one.
+// Whether the frame is a whole page of its form: a stage, a tab's page, or one that the form scrolls.
 bool isPage(const Frame& frame);
 
 // As wide and high as its content, as far as there is space; scrolls otherwise.
@@ -46,7 +44,10 @@ class Layouter {
     int next = 0;
   };
   std::size_t place(Row& row, const std::vector<Control*>& controls, std::size_t at);
-  bool holdsOne(const Control& control) const;  // a frame with a single field
+  std::size_t placeFrames(Row& row, const std::vector<Control*>& controls, std::size_t at);
+  std::size_t placeLabel(Row& row, const std::vector<Control*>& controls, std::size_t at);
+  std::size_t placeField(Row& row, const std::vector<Control*>& controls, std::size_t at);
+  bool holdsOne(const Control& control) const;  // a frame with one field alone
   void field(Row& row, Control& control, Label* label);
   void together(Row& row, const std::vector<Control*>& run);
   void cells(QWidget* into, const std::vector<Control*>& controls);

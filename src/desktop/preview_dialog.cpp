@@ -37,13 +37,7 @@ PreviewDialog::PreviewDialog(QWidget* parent, const Preview& preview)
   setWindowTitle(preview.title.empty() ? QStringLiteral("Anteprima")
                                        : QStringLiteral("Anteprima - ") + shown(preview.title));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
-  if (!preview.file.empty()) document_ = Poppler::Document::load(shown(preview.file));
-  if (document_ != nullptr && document_->isLocked()) document_.reset();
-  if (document_ != nullptr) {
-    document_->setRenderHint(Poppler::Document::Antialiasing);
-    document_->setRenderHint(Poppler::Document::TextAntialiasing);
-  }
-  asText_ = document_ == nullptr;
+  open();
 
   auto* column = new QVBoxLayout(this);
   auto* row = new QHBoxLayout;
@@ -89,6 +83,16 @@ PreviewDialog::PreviewDialog(QWidget* parent, const Preview& preview)
 }
 
 PreviewDialog::~PreviewDialog() = default;
+
+void PreviewDialog::open() {
+  if (!preview_.file.empty()) document_ = Poppler::Document::load(shown(preview_.file));
+  if (document_ != nullptr && document_->isLocked()) document_.reset();
+  if (document_ != nullptr) {
+    document_->setRenderHint(Poppler::Document::Antialiasing);
+    document_->setRenderHint(Poppler::Document::TextAntialiasing);
+  }
+  asText_ = document_ == nullptr;
+}
 
 int PreviewDialog::pages() const {
   return document_ != nullptr ? document_->numPages() : static_cast<int>(preview_.pages.size());

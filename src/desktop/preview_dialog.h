@@ -31,6 +31,7 @@ class PreviewDialog : public QDialog {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void open();
   void go(int page);
   void zoom(double factor);
   void fitWidth();

@@ -25,8 +25,7 @@ class View : public ControlView {
   virtual QList<QWidget*> focusWidgets() const { return {}; }
   // Sets the caption placed next to or above the widget, which is also the control's accessible name.
   void setCaptionLabel(QLabel* label);
-  QLabel* captionLabel() const { return captionLabel_; }
-  // Sets the line below the widget for the control's note, where the layout has space for it.
+  // The line below the widget where the layout has room for the control's note.
   void setNoteLabel(QLabel* label);
   virtual void setSpokenName(const QString& name);
   QString spokenName() const { return spokenName_; }

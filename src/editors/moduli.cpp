@@ -221,9 +221,6 @@ void EditorCompenso::applica() {
                                          "riaprire il compenso.");
         }
         break;
-      case RecordStatus::Deleted:
-        esegui(sql.elimina(id));
-        break;
       case RecordStatus::Unmodified:
         break;
     }

@@ -2,12 +2,16 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "host/modi.h"
 
 namespace cu {
 
-// The program's own numbered texts; "" for an unknown number.
+// The name the program gives itself, and its title where the session has none.
+inline constexpr std::string_view kNomeProgramma = "Autocomposizione";
+
+// The program's own numbered texts; "" for a number it does not carry.
 std::string testoProgramma(std::int16_t numero);
 
 // The run modes, stored as decimal texts in that table.

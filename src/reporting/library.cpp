@@ -14,12 +14,6 @@ std::vector<DefinitionFile> embeddedDefinitionFiles() {
   return result;
 }
 
-std::vector<ReportDefinition> ReportLibrary::all() const {
-  std::vector<ReportDefinition> result;
-  for (const DefinitionFile& file : files_) result.push_back(parseDefinition(file.text, file.name));
-  return result;
-}
-
 const ReportDefinition& ReportLibrary::find(std::string_view name, std::int32_t objectType,
                                             std::int32_t number) {
   for (std::size_t i = 0; !read_ && i < files_.size(); ++i) {

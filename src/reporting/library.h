@@ -27,8 +27,6 @@ class ReportLibrary {
   // Raises Error (kErrorReportDefinition) when no definition has the name, or when it belongs to another
   // object type or number; or the error of an invalid file, when that file may contain the name.
   const ReportDefinition& find(std::string_view name, std::int32_t objectType, std::int32_t number);
-  // All of them. Raises the Error of an invalid one.
-  std::vector<ReportDefinition> all() const;
 
  private:
   std::vector<DefinitionFile> files_;

@@ -63,7 +63,7 @@ class Analysis {
   void cast(Expr& expr, const Scope& scope);
   void call(Expr& expr, const Scope& scope);
   void dateCall(Expr& expr) const;
-  void textCall(Expr& expr, Function function) const;
+  void textCall(Expr& expr) const;
   void aggregate(Expr& expr, Function function, const Scope& scope) const;
 
   // Statements.
@@ -71,7 +71,7 @@ class Analysis {
   void assign(Expr& expr, const ColumnInfo& column, bool rowNumber) const;
   void assignments(std::vector<Assignment>& list, const TableInfo& table, const Scope& scope);
   std::vector<std::size_t> insertColumns(const TableInfo& table, const std::vector<std::string>& names) const;
-  void assignSelect(Select& select, const TableInfo& table, const std::vector<std::size_t>& columns);
+  void assignSelect(Select& query, const TableInfo& table, const std::vector<std::size_t>& columns);
 
   const Catalog& catalog_;
   Dialect dialect_;

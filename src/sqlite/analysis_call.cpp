@@ -29,7 +29,7 @@ void Analysis::call(Expr& expr, const Scope& scope) {
   if (expr.args.size() + (expr.star ? 1 : 0) < rule->least || expr.args.size() > rule->most) {
     throw SqlError(expr.position, "numero di argomenti di " + expr.name);
   }
-  if ((expr.star && rule->function != Function::Count) || (expr.distinct && !isAggregate(rule->function))) {
+  if (expr.star && rule->function != Function::Count) {
     throw SqlError(expr.position, "argomenti di " + expr.name);
   }
   for (const ExprPtr& arg : expr.args) value(*arg, scope);
@@ -37,62 +37,27 @@ void Analysis::call(Expr& expr, const Scope& scope) {
     case Function::IsNull:
       expr.valueKind = isNullKind(expr);
       return;
-    case Function::Coalesce: {
-      std::vector<Expr*> branches;
-      for (const ExprPtr& arg : expr.args) branches.push_back(arg.get());
-      expr.valueKind = combine(branches, expr.name);
-      return;
-    }
-    case Function::NullIf: {
-      Expr& first = *expr.args[0];
-      match(first, *expr.args[1], expr.name);
-      first.noCase = first.valueKind == ValueKind::Text && !carriesCollation(first);
-      expr.valueKind = first.valueKind;
-      return;
-    }
     case Function::Year:
-    case Function::Month:
-    case Function::Day:
       dateCall(expr);
       return;
     case Function::RTrim:
-    case Function::LTrim:
     case Function::Upper:
-    case Function::Lower:
-    case Function::Len:
-    case Function::Left:
-    case Function::Right:
-    case Function::Substring:
-      textCall(expr, rule->function);
+      textCall(expr);
       return;
     case Function::ObjectId:
       if (expr.args[0]->kind != ExprKind::Text) throw SqlError(expr.position, "OBJECT_ID di un'espressione");
       expr.valueKind = ValueKind::Text;
       return;
-    case Function::Abs:
-    case Function::Round:
-      for (const ExprPtr& arg : expr.args) {
-        if (isNumeric(arg->valueKind) || arg->valueKind == ValueKind::Null) continue;
-        throw SqlError(arg->position, expr.name + " di " + describe(arg->valueKind));
-      }
-      if (rule->function == Function::Round && expr.args[1]->kind != ExprKind::Number) {
-        throw SqlError(expr.position, "ROUND vuole un numero di decimali scritto per esteso");
-      }
-      if (rule->function == Function::Round) expr.args[1]->pinned = true;
-      expr.valueKind = expr.args[0]->valueKind;
-      return;
     case Function::Sum:
     case Function::Count:
-    case Function::Min:
     case Function::Max:
-    case Function::Avg:
       aggregate(expr, rule->function, scope);
+      return;
+    case Function::StoredAmount:
+      expr.valueKind = expr.args[0]->valueKind;
       return;
     case Function::StoredText:
       expr.valueKind = ValueKind::Text;
-      return;
-    case Function::StoredInteger:
-      expr.valueKind = ValueKind::Integer;
       return;
   }
 }
@@ -106,33 +71,23 @@ void Analysis::dateCall(Expr& expr) const {
   expr.valueKind = ValueKind::Integer;
 }
 
-void Analysis::textCall(Expr& expr, Function function) const {
+void Analysis::textCall(Expr& expr) const {
   const ValueKind operand = expr.args[0]->valueKind;
   if (operand != ValueKind::Text && operand != ValueKind::Null) {
     throw SqlError(expr.position, expr.name + " di " + describe(operand) + ": non decidibile");
   }
-  // Positions before the first character have another meaning on the server.
-  for (std::size_t i = 1; i < expr.args.size(); ++i) {
-    if (expr.args[i]->kind != ExprKind::Number) {
-      throw SqlError(expr.args[i]->position, expr.name + " vuole posizioni scritte per esteso");
-    }
-    expr.args[i]->pinned = true;
-  }
-  expr.valueKind = function == Function::Len ? ValueKind::Integer : ValueKind::Text;
+  expr.valueKind = ValueKind::Text;
 }
 
 void Analysis::aggregate(Expr& expr, Function function, const Scope& scope) const {
   if (scope.select == nullptr) throw SqlError(expr.position, expr.name + " fuori da una query");
   scope.select->aggregated = true;
   if (function == Function::Count) {
-    if (expr.distinct) {
-      expr.args[0]->noCase = expr.args[0]->valueKind == ValueKind::Text && !carriesCollation(*expr.args[0]);
-    }
     expr.valueKind = ValueKind::Integer;
     return;
   }
   Expr& operand = *expr.args[0];
-  if (function == Function::Min || function == Function::Max) {
+  if (function == Function::Max) {
     operand.noCase = operand.valueKind == ValueKind::Text && !carriesCollation(operand);
     expr.valueKind = operand.valueKind;
     return;

@@ -53,7 +53,6 @@ void Analysis::value(Expr& expr, const Scope& scope) {
       column(expr, scope);
       return;
     case ExprKind::Negate:
-    case ExprKind::Plus:
       value(*expr.args[0], scope);
       needNumeric(*expr.args[0], "segno");
       expr.valueKind = expr.args[0]->valueKind;
@@ -85,10 +84,7 @@ void Analysis::value(Expr& expr, const Scope& scope) {
     case ExprKind::And:
     case ExprKind::Or:
     case ExprKind::Not:
-    case ExprKind::Like:
-    case ExprKind::Between:
     case ExprKind::InList:
-    case ExprKind::InSelect:
     case ExprKind::IsNull:
     case ExprKind::Exists:
       throw SqlError(expr.position, "una condizione dove occorre un valore");
@@ -105,23 +101,7 @@ void Analysis::test(Expr& expr, const Scope& scope) {
     case ExprKind::Compare:
       compare(expr, scope);
       break;
-    case ExprKind::Like:
-      for (const ExprPtr& arg : expr.args) {
-        value(*arg, scope);
-        if (arg->valueKind != ValueKind::Text && arg->valueKind != ValueKind::Null) {
-          throw SqlError(arg->position,
-                         std::string("LIKE con ") + describe(arg->valueKind) + ": non decidibile");
-        }
-      }
-      break;
-    case ExprKind::Between:
-      for (const ExprPtr& arg : expr.args) value(*arg, scope);
-      match(*expr.args[0], *expr.args[1], "BETWEEN");
-      match(*expr.args[0], *expr.args[2], "BETWEEN");
-      expr.args[0]->noCase = expr.args[0]->valueKind == ValueKind::Text && !carriesCollation(*expr.args[0]);
-      break;
     case ExprKind::InList:
-    case ExprKind::InSelect:
       membership(expr, scope);
       break;
     case ExprKind::IsNull:
@@ -135,7 +115,6 @@ void Analysis::test(Expr& expr, const Scope& scope) {
     case ExprKind::Text:
     case ExprKind::Column:
     case ExprKind::Negate:
-    case ExprKind::Plus:
     case ExprKind::Binary:
     case ExprKind::Case:
     case ExprKind::Call:
@@ -181,10 +160,7 @@ void Analysis::binary(Expr& expr, const Scope& scope) {
   needNumeric(left, "«" + expr.name + "»");
   needNumeric(right, "«" + expr.name + "»");
   expr.valueKind = arithmeticKind(left, right);
-  if (expr.name == "%" && expr.valueKind == ValueKind::Decimal) {
-    throw SqlError(expr.position, "resto di una divisione fra importi");
-  }
-  if (isSum(expr) && expr.valueKind == ValueKind::Decimal) {
+  if (expr.valueKind == ValueKind::Decimal) {
     expr.rounded = true;
     for (const ExprPtr& arg : expr.args) arg->rounded = arg->rounded && !isSum(*arg);
   }
@@ -226,33 +202,15 @@ void Analysis::compare(Expr& expr, const Scope& scope) {
 void Analysis::membership(Expr& expr, const Scope& scope) {
   for (const ExprPtr& arg : expr.args) value(*arg, scope);
   Expr& wanted = *expr.args[0];
-  if (expr.kind == ExprKind::InSelect) {
-    select(*expr.select, &scope, Use::Top);
-    if (expr.select->output.size() != 1) throw SqlError(expr.position, "IN vuole una query di una colonna");
-    Expr column;
-    column.position = expr.position;
-    column.valueKind = expr.select->output.front().kind;
-    match(wanted, column, "IN");
-  }
   for (std::size_t i = 1; i < expr.args.size(); ++i) match(wanted, *expr.args[i], "IN");
   wanted.noCase = wanted.valueKind == ValueKind::Text && !carriesCollation(wanted);
 }
 
 void Analysis::caseOf(Expr& expr, const Scope& scope) {
   const std::size_t end = expr.args.size() - (expr.hasElse ? 1 : 0);
-  std::size_t first = 0;
-  if (expr.hasBase) {
-    first = 1;
-    value(*expr.args[0], scope);
-  }
   std::vector<Expr*> branches;
-  for (std::size_t i = first; i < end; i += 2) {
-    if (expr.hasBase) {
-      value(*expr.args[i], scope);
-      match(*expr.args[0], *expr.args[i], "CASE");
-    } else {
-      test(*expr.args[i], scope);
-    }
+  for (std::size_t i = 0; i < end; i += 2) {
+    test(*expr.args[i], scope);
     value(*expr.args[i + 1], scope);
     branches.push_back(expr.args[i + 1].get());
   }
@@ -260,32 +218,14 @@ void Analysis::caseOf(Expr& expr, const Scope& scope) {
     value(*expr.args.back(), scope);
     branches.push_back(expr.args.back().get());
   }
-  if (expr.hasBase) {
-    Expr& base = *expr.args[0];
-    base.noCase = base.valueKind == ValueKind::Text && !carriesCollation(base);
-  }
   expr.valueKind = combine(branches, "CASE");
 }
 
 void Analysis::cast(Expr& expr, const Scope& scope) {
   Expr& operand = *expr.args[0];
   value(operand, scope);
-  if (dialect_ == Dialect::Stored) {
-    const ValueKind kind = kindOfStored(expr.type.name, true);
-    expr.valueKind = kind == ValueKind::Unknown ? operand.valueKind : kind;
-    return;
-  }
-  const ValueKind kind = storedType(expr.type).kind;
-  fit(operand, kind);
-  const bool numeric = isNumeric(operand.valueKind) || operand.valueKind == ValueKind::Null;
-  const bool fits = kind == operand.valueKind || (numeric && isNumeric(kind)) ||
-                    (kind == ValueKind::Text && operand.valueKind == ValueKind::Integer);
-  const bool padded = expr.type.name == "char" || expr.type.name == "nchar";
-  if (!fits || padded) {
-    throw SqlError(expr.position,
-                   std::string("CAST di ") + describe(operand.valueKind) + " in " + expr.type.name);
-  }
-  expr.valueKind = kind;
+  const ValueKind kind = kindOfStored(expr.type.name, true);
+  expr.valueKind = kind == ValueKind::Unknown ? operand.valueKind : kind;
 }
 
 void Analysis::condition(Expr& expr) { test(expr, Scope()); }

@@ -43,27 +43,9 @@ void Analysis::view(Select& query) {
   select(query, nullptr, Use::Compared);
 }
 
-void Analysis::select(Select& first, const Scope* parent, Use use) {
-  if (++depth_ > kDeepestQuery) throw SqlError(first.position, "query troppo annidata");
-  bool compared = use == Use::Compared;
-  for (const Select* part = &first; part->compound != Compound::None; part = part->next.get()) {
-    compared = compared || part->compound == Compound::Union || !first.orderBy.empty();
-  }
-  core(first, parent, compared ? Use::Compared : Use::Top);
-  for (Select* part = first.next.get(); part != nullptr; part = part->next.get()) {
-    core(*part, parent, compared ? Use::Compared : Use::Top);
-    if (part->output.size() != first.output.size()) {
-      throw SqlError(part->position, "le query unite da UNION hanno un numero diverso di colonne");
-    }
-    for (std::size_t i = 0; i < part->output.size(); ++i) {
-      Expr left;
-      Expr right;
-      left.position = right.position = part->position;
-      left.valueKind = first.output[i].kind;
-      right.valueKind = part->output[i].kind;
-      first.output[i].kind = combine({&left, &right}, "UNION");
-    }
-  }
+void Analysis::select(Select& query, const Scope* parent, Use use) {
+  if (++depth_ > kDeepestQuery) throw SqlError(query.position, "query troppo annidata");
+  core(query, parent, use);
   --depth_;
 }
 
@@ -75,12 +57,6 @@ void Analysis::core(Select& select, const Scope* parent, Use use) {
   joinConditions(select.from, scope);
   if (select.where != nullptr) test(*select.where, scope);
   items(select, scope);
-  for (const ExprPtr& expr : select.groupBy) {
-    if (expr->kind == ExprKind::Number) throw SqlError(expr->position, "GROUP BY di una posizione");
-    value(*expr, scope);
-    collateText(*expr);
-  }
-  if (select.having != nullptr) test(*select.having, scope);
   if (use == Use::Compared || select.distinct) {
     for (SelectItem& item : select.items) {
       if (!item.star) collateText(*item.expr);
@@ -99,10 +75,6 @@ void Analysis::core(Select& select, const Scope* parent, Use use) {
 
 void Analysis::sources(std::vector<Source>& from, Scope& scope) {
   for (Source& source : from) {
-    if (!source.group.empty()) {
-      sources(source.group, scope);
-      continue;
-    }
     if (source.select != nullptr) {
       // A query in FROM cannot refer to its neighbours.
       select(*source.select, scope.parent, Use::Compared);
@@ -128,16 +100,9 @@ void Analysis::sources(std::vector<Source>& from, Scope& scope) {
 }
 
 void Analysis::joinConditions(std::vector<Source>& from, const Scope& scope) {
-  bool comma = false;
-  bool outer = false;
   for (Source& source : from) {
-    comma = comma || source.join == Source::Join::Comma;
-    outer = outer || source.join == Source::Join::Right || source.join == Source::Join::Full;
-    joinConditions(source.group, scope);
     if (source.on != nullptr) test(*source.on, scope);
   }
-  // Comma and join have a different precedence on the two engines; only here would it matter.
-  if (comma && outer) throw SqlError(from.front().position, "RIGHT o FULL JOIN accanto a una virgola");
 }
 
 void Analysis::items(Select& select, const Scope& scope) {
@@ -185,7 +150,7 @@ bool Analysis::orderByResult(const Select& select, Expr& expr, const Scope& scop
   for (const SelectItem& item : select.items) {
     if (!item.star && equalsNoCase(item.alias, expr.name)) named = &item;
   }
-  if (named != nullptr || select.compound != Compound::None) {
+  if (named != nullptr) {
     expr.valueKind = result->kind;
     expr.noCase = expr.valueKind == ValueKind::Text && !result->collated;
     return true;
@@ -209,10 +174,7 @@ bool Analysis::orderByResult(const Select& select, Expr& expr, const Scope& scop
 
 void Analysis::orderTerm(const Select& select, OrderTerm& term, const Scope& scope) {
   Expr& expr = *term.expr;
-  if (expr.kind == ExprKind::Number) {
-    expr.pinned = true;
-    return;
-  }
+  if (expr.kind == ExprKind::Number) throw SqlError(expr.position, "ORDER BY di una posizione");
   if (expr.kind == ExprKind::Column && expr.qualifier.empty() && orderByResult(select, expr, scope)) return;
   value(expr, scope);
   collateText(expr);
@@ -220,10 +182,7 @@ void Analysis::orderTerm(const Select& select, OrderTerm& term, const Scope& sco
 
 // The rows of a table come in the order of its key, as on the server.
 void Analysis::orderByKey(Select& select) const {
-  if (!select.orderBy.empty() || select.from.size() != 1 || select.distinct || select.aggregated ||
-      !select.groupBy.empty() || select.compound != Compound::None) {
-    return;
-  }
+  if (!select.orderBy.empty() || select.from.size() != 1 || select.distinct || select.aggregated) return;
   const Source& source = select.from.front();
   if (source.info == nullptr || source.info->view || source.select != nullptr) return;
   for (const std::string& column : source.info->primaryKey) {

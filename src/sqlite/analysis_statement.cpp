@@ -12,7 +12,7 @@ bool isLiteral(const Expr& expr) { return expr.kind == ExprKind::Number || expr.
 // A signed number is a number.
 Expr& unsignedOf(Expr& expr) {
   Expr* inner = &expr;
-  while (inner->kind == ExprKind::Negate || inner->kind == ExprKind::Plus) inner = inner->args[0].get();
+  while (inner->kind == ExprKind::Negate) inner = inner->args[0].get();
   return *inner;
 }
 
@@ -24,7 +24,7 @@ void convertNumbers(Expr& expr, Conversion conversion) {
 }
 
 bool calculates(const Expr& expr) {
-  if (expr.kind == ExprKind::Binary || expr.kind == ExprKind::Cast) return true;
+  if (expr.kind == ExprKind::Binary) return true;
   return std::any_of(expr.args.begin(), expr.args.end(), [](const ExprPtr& arg) { return calculates(*arg); });
 }
 
@@ -123,28 +123,26 @@ void Analysis::insert(InsertStatement& statement) {
   }
 }
 
-void Analysis::assignSelect(Select& first, const TableInfo& table, const std::vector<std::size_t>& columns) {
-  select(first, nullptr, Use::Top);
-  if (first.output.size() != columns.size()) {
-    throw SqlError(first.position, "INSERT in " + table.name + ": tante colonne quanti valori");
+void Analysis::assignSelect(Select& query, const TableInfo& table, const std::vector<std::size_t>& columns) {
+  select(query, nullptr, Use::Top);
+  if (query.output.size() != columns.size()) {
+    throw SqlError(query.position, "INSERT in " + table.name + ": tante colonne quanti valori");
   }
-  for (Select* part = &first; part != nullptr; part = part->next.get()) {
-    const bool starred =
-        std::any_of(part->items.begin(), part->items.end(), [](const SelectItem& item) { return item.star; });
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      const ColumnInfo& column = table.columns[columns[i]];
-      if (!starred) {
-        assign(*part->items[i].expr, column, columns[i] == table.rowNumber);
-        continue;
-      }
-      // A column of a star cannot be converted.
-      const ValueKind kind = part->output[i].kind;
-      const bool same = kind == column.kind ||
-                        (kind == ValueKind::Integer && column.kind == ValueKind::Decimal) ||
-                        kind == ValueKind::Unknown || kind == ValueKind::Null;
-      if (!same)
-        throw SqlError(part->position, "INSERT con «*»: la colonna " + column.name + " è di altro tipo");
+  const bool starred =
+      std::any_of(query.items.begin(), query.items.end(), [](const SelectItem& item) { return item.star; });
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const ColumnInfo& column = table.columns[columns[i]];
+    if (!starred) {
+      assign(*query.items[i].expr, column, columns[i] == table.rowNumber);
+      continue;
     }
+    // A column behind a star cannot be changed on its way.
+    const ValueKind kind = query.output[i].kind;
+    const bool same = kind == column.kind ||
+                      (kind == ValueKind::Integer && column.kind == ValueKind::Decimal) ||
+                      kind == ValueKind::Unknown || kind == ValueKind::Null;
+    if (!same)
+      throw SqlError(query.position, "INSERT con «*»: la colonna " + column.name + " è di altro tipo");
   }
 }
 
@@ -184,9 +182,7 @@ void Analysis::update(UpdateStatement& statement) {
       throw SqlError(updated->position, "una vista non si modifica: " + statement.table);
     }
     for (const Source& source : statement.from) {
-      const bool inner = source.join == Source::Join::First || source.join == Source::Join::Comma ||
-                         source.join == Source::Join::Inner || source.join == Source::Join::Cross;
-      if (!inner || !source.group.empty())
+      if (source.join == Source::Join::Left)
         throw SqlError(source.position, "UPDATE ... FROM con JOIN non interna");
     }
     statement.table = updated->name();

@@ -25,21 +25,17 @@ enum class ExprKind {
   Text,
   Column,
   Negate,   // - operand
-  Plus,     // + operand
-  Binary,   // + - * / %, and || in stored texts: name
+  Binary,   // + -, and || for texts: name
   Compare,  // = <> < <= > >=: name
   And,
   Or,
   Not,
-  Like,      // value, pattern, escape where given
-  Between,   // value, low, high
   InList,    // value, the list
-  InSelect,  // value; select
   IsNull,    // value
   Exists,    // select
-  Case,      // `hasBase`: base; then pairs of WHEN and THEN; `hasElse`: else
+  Case,      // pairs of WHEN and THEN; `hasElse`: else
   Call,      // name
-  Cast,      // value; type
+  Cast,      // value; type; only in stored texts
   Subquery,  // select
   Collate,   // value; name; only in stored texts
 };
@@ -71,17 +67,14 @@ struct Expr {
   std::vector<ExprPtr> args;
   SelectPtr select;
   TypeName type;
-  bool negated = false;   // NOT LIKE, NOT IN, IS NOT NULL
-  bool distinct = false;  // COUNT(DISTINCT x)
-  bool star = false;      // COUNT(*)
-  bool hasBase = false;
+  bool negated = false;  // NOT IN, IS NOT NULL
+  bool star = false;     // COUNT(*)
   bool hasElse = false;
   int depth = 1;  // height of the subtree, for the limit on nesting
 
   // Set by the analysis.
   ValueKind valueKind = ValueKind::Unknown;
   Conversion conversion = Conversion::AsIs;
-  bool pinned = false;    // a literal whose value determines the text of the statement
   bool collated = false;  // of a column: carries the collation of text
   bool noCase = false;    // is written with that collation
   bool rounded = false;   // a calculated amount: rounded to four places
@@ -90,13 +83,12 @@ struct Expr {
 };
 
 struct Source {
-  enum class Join { First, Comma, Inner, Left, Right, Full, Cross };
+  enum class Join { First, Inner, Left };
   Join join = Join::First;
   std::size_t position = 0;
-  std::string table;  // empty for a subquery or a group
+  std::string table;  // empty for a subquery
   std::string alias;
   SelectPtr select;
-  std::vector<Source> group;  // joined tables in parentheses
   ExprPtr on;
   std::shared_ptr<const TableInfo> info;  // set by the analysis
   const std::string& name() const { return alias.empty() ? table : alias; }
@@ -116,19 +108,13 @@ struct OrderTerm {
   bool descending = false;
 };
 
-enum class Compound { None, Union, UnionAll };
-
 struct Select {
   std::size_t position = 0;
   bool distinct = false;
   std::vector<SelectItem> items;
   std::vector<Source> from;
   ExprPtr where;
-  std::vector<ExprPtr> groupBy;
-  ExprPtr having;
-  Compound compound = Compound::None;  // the operator between this one and `next`
-  SelectPtr next;
-  std::vector<OrderTerm> orderBy;  // the first one of a compound has that of the whole
+  std::vector<OrderTerm> orderBy;
 
   // Set by the analysis.
   std::vector<ColumnInfo> output;
@@ -173,11 +159,6 @@ struct MergeStatement {
   bool inserts = false;
 };
 
-struct KeyColumn {
-  std::string name;
-  bool descending = false;
-};
-
 struct ColumnDefinition {
   std::string name;
   TypeName type;
@@ -189,37 +170,28 @@ struct ColumnDefinition {
 struct CreateTableStatement {
   std::string table;
   std::vector<ColumnDefinition> columns;
-  std::vector<KeyColumn> primaryKey;
-  std::vector<std::vector<KeyColumn>> unique;
+  std::vector<std::string> primaryKey;
 };
 
 struct CreateViewStatement {
   std::string view;
-  std::vector<std::string> columns;
   SelectPtr select;
 };
 
 struct CreateIndexStatement {
   std::string name;
   std::string table;
-  std::vector<KeyColumn> columns;
-  bool unique = false;
+  std::vector<std::string> columns;
 };
 
 struct DropStatement {
   bool view = false;
-  bool ifExists = false;
   std::string name;
 };
 
 struct IfStatement {
   ExprPtr condition;
   StatementPtr then;
-  StatementPtr otherwise;
-};
-
-struct BlockStatement {
-  std::vector<StatementPtr> statements;
 };
 
 struct ExecStatement {
@@ -238,7 +210,7 @@ struct Statement {
   std::string kind;  // its first word in upper case
   std::variant<NothingStatement, SelectPtr, InsertStatement, UpdateStatement, DeleteStatement, MergeStatement,
                CreateTableStatement, CreateViewStatement, CreateIndexStatement, DropStatement, IfStatement,
-               BlockStatement, ExecStatement, TransactionStatement>
+               ExecStatement, TransactionStatement>
       body;
 };
 

@@ -120,11 +120,6 @@ void Engine::runStatement(Statement& statement, Text& text) {
     run(inner, text.rows, text.depth + 1);
     return;
   }
-  if (auto* block = std::get_if<BlockStatement>(&statement.body)) {
-    text.alone = false;
-    for (const StatementPtr& inner : block->statements) runStatement(*inner, text);
-    return;
-  }
   if (auto* condition = std::get_if<IfStatement>(&statement.body)) {
     runIf(*condition, text);
     return;
@@ -134,11 +129,7 @@ void Engine::runStatement(Statement& statement, Text& text) {
 
 void Engine::runIf(IfStatement& statement, Text& text) {
   text.alone = false;
-  if (holds(*statement.condition, text)) {
-    runStatement(*statement.then, text);
-  } else if (statement.otherwise != nullptr) {
-    runStatement(*statement.otherwise, text);
-  }
+  if (holds(*statement.condition, text)) runStatement(*statement.then, text);
 }
 
 bool Engine::holds(Expr& condition, Text& text) {

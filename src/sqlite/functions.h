@@ -9,30 +9,16 @@ namespace cu::sqlite {
 
 enum class Function {
   IsNull,
-  Coalesce,
-  NullIf,
   RTrim,
-  LTrim,
   Upper,
-  Lower,
-  Len,
-  Left,
-  Right,
-  Substring,
-  Abs,
-  Round,
   Year,
-  Month,
-  Day,
   Sum,
   Count,
-  Min,
   Max,
-  Avg,
   ObjectId,
-  // The functions that the views of the file use.
+  // What the views of the file are written with.
+  StoredAmount,
   StoredText,
-  StoredInteger,
 };
 
 struct FunctionRule {
@@ -45,7 +31,5 @@ struct FunctionRule {
 
 // Null for a function unknown in the dialect; stored texts know the server's too.
 const FunctionRule* findFunction(std::string_view upperCaseName, Dialect dialect);
-
-bool isAggregate(Function function);
 
 }  // namespace cu::sqlite

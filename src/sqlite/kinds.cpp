@@ -70,8 +70,7 @@ void fitText(Expr& literal, ValueKind kind) {
 }
 
 bool isChoice(const Expr& expr) {
-  return expr.kind == ExprKind::Call &&
-         (expr.name == "ISNULL" || expr.name == "COALESCE" || expr.name == "IFNULL");
+  return expr.kind == ExprKind::Call && (expr.name == "ISNULL" || expr.name == "IFNULL");
 }
 
 }  // namespace
@@ -82,7 +81,7 @@ std::vector<Expr*> branchesOf(const Expr& expr) {
     for (const ExprPtr& arg : expr.args) branches.push_back(arg.get());
   } else if (expr.kind == ExprKind::Case) {
     const std::size_t end = expr.args.size() - (expr.hasElse ? 1 : 0);
-    for (std::size_t i = expr.hasBase ? 2 : 1; i < end; i += 2) branches.push_back(expr.args[i].get());
+    for (std::size_t i = 1; i < end; i += 2) branches.push_back(expr.args[i].get());
     if (expr.hasElse) branches.push_back(expr.args.back().get());
   }
   return branches;

@@ -40,22 +40,15 @@ char32_t upper(char32_t c) {
   return placeInPair(c) == 1 ? c - 1 : c;
 }
 
-char32_t lower(char32_t c) {
-  if (c >= 'A' && c <= 'Z') return c + 32;
-  if (c < 0x80) return c;
-  if (c >= 0xC0 && c <= 0xDE && c != 0xD7) return c + 32;
-  if (c == 0x178) return 0xFF;
-  return placeInPair(c) == 0 ? c + 1 : c;
-}
+}  // namespace
 
-template <class Change>
-std::string changed(std::string_view text, Change change) {
+std::string upperCase(std::string_view text) {
   std::string result;
   result.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t start = at;
     const char32_t c = nextCodePoint(text, at);
-    const char32_t other = change(c);
+    const char32_t other = upper(c);
     if (other == c) {
       result += text.substr(start, at - start);  // copies invalid bytes too
     } else {
@@ -64,10 +57,5 @@ std::string changed(std::string_view text, Change change) {
   }
   return result;
 }
-
-}  // namespace
-
-std::string upperCase(std::string_view text) { return changed(text, upper); }
-std::string lowerCase(std::string_view text) { return changed(text, lower); }
 
 }  // namespace cu::sqlite

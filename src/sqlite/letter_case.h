@@ -5,8 +5,8 @@
 
 namespace cu::sqlite {
 
-// Converts Latin letters with and without accents in UTF-8 text; every other character is unchanged.
+// The capitals of letters of the Latin alphabet with their accents, of UTF-8 text; every other character
+// stays.
 std::string upperCase(std::string_view text);
-std::string lowerCase(std::string_view text);
 
 }  // namespace cu::sqlite

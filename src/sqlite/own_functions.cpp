@@ -1,6 +1,5 @@
 #include "sqlite/own_functions.h"
 
-#include <cmath>
 #include <new>
 #include <string>
 
@@ -10,7 +9,7 @@
 #include "sqlite/errors.h"
 #include "sqlite/handle.h"
 #include "sqlite/letter_case.h"
-#include "sqlite/like.h"
+#include "sqlite/object_name.h"
 
 namespace cu::sqlite {
 namespace {
@@ -57,11 +56,7 @@ void upperFunction(sqlite3_context* context, int, sqlite3_value** args) {
   if (!isNull(args[0])) guarded(context, [&] { answer(context, upperCase(valueText(args[0]))); });
 }
 
-void lowerFunction(sqlite3_context* context, int, sqlite3_value** args) {
-  if (!isNull(args[0])) guarded(context, [&] { answer(context, lowerCase(valueText(args[0]))); });
-}
-
-// Rounds a calculated amount to four places.
+// A calculated amount at its four places.
 void amountFunction(sqlite3_context* context, int, sqlite3_value** args) {
   if (sqlite3_value_type(args[0]) != SQLITE_FLOAT) {
     sqlite3_result_value(context, args[0]);
@@ -70,45 +65,7 @@ void amountFunction(sqlite3_context* context, int, sqlite3_value** args) {
   guarded(context, [&] { answer(context, amountOf(sqlite3_value_double(args[0]))); });
 }
 
-void roundFunction(sqlite3_context* context, int, sqlite3_value** args) {
-  if (isNull(args[0]) || isNull(args[1])) return;
-  const int places = sqlite3_value_int(args[1]);
-  if (places < 0) {
-    fail(context, "ROUND con un numero negativo di decimali");
-    return;
-  }
-  guarded(context, [&] { answer(context, amount(args[0]).rounded(places < 4 ? places : 4)); });
-}
-
-void divideFunction(sqlite3_context* context, int, sqlite3_value** args) {
-  if (isNull(args[0]) || isNull(args[1])) return;
-  const bool whole =
-      sqlite3_value_type(args[0]) == SQLITE_INTEGER && sqlite3_value_type(args[1]) == SQLITE_INTEGER;
-  if (sqlite3_value_double(args[1]) == 0.0) {
-    fail(context, "divisione per zero");
-  } else if (!whole || sqlite3_value_int64(args[1]) == -1) {
-    const double quotient = sqlite3_value_double(args[0]) / sqlite3_value_double(args[1]);
-    if (whole && std::fabs(quotient) < 9.0e18) {
-      sqlite3_result_int64(context, -sqlite3_value_int64(args[0]));
-    } else {
-      sqlite3_result_double(context, quotient);
-    }
-  } else {
-    sqlite3_result_int64(context, sqlite3_value_int64(args[0]) / sqlite3_value_int64(args[1]));
-  }
-}
-
-void moduloFunction(sqlite3_context* context, int, sqlite3_value** args) {
-  if (isNull(args[0]) || isNull(args[1])) return;
-  const sqlite3_int64 divisor = sqlite3_value_int64(args[1]);
-  if (divisor == 0) {
-    fail(context, "divisione per zero");
-  } else {
-    sqlite3_result_int64(context, divisor == -1 ? 0 : sqlite3_value_int64(args[0]) % divisor);
-  }
-}
-
-// Checks a value for a key that the engine would number by itself.
+// What goes into a key that the engine would number by itself.
 void requiredFunction(sqlite3_context* context, int, sqlite3_value** args) {
   if (!isNull(args[0])) {
     sqlite3_result_value(context, args[0]);
@@ -116,16 +73,6 @@ void requiredFunction(sqlite3_context* context, int, sqlite3_value** args) {
   }
   fail(context, "NOT NULL constraint failed: chiave");
   sqlite3_result_error_code(context, SQLITE_CONSTRAINT_NOTNULL);
-}
-
-void likeFunction(sqlite3_context* context, int count, sqlite3_value** args) {
-  for (int i = 0; i < count; ++i) {
-    if (isNull(args[i])) return;
-  }
-  guarded(context, [&] {
-    const std::string_view escape = count == 3 ? valueText(args[2]) : std::string_view();
-    sqlite3_result_int(context, like(valueText(args[0]), valueText(args[1]), escape) ? 1 : 0);
-  });
 }
 
 // "[dbo].[name]" -> "name"
@@ -174,14 +121,8 @@ void installFunctions(sqlite3* database) {
     raise(database, "");
   }
   install(database, "upper", 1, upperFunction, SQLITE_INNOCUOUS);
-  install(database, "lower", 1, lowerFunction, SQLITE_INNOCUOUS);
   install(database, "cu_amount", 1, amountFunction);
-  install(database, "cu_round", 2, roundFunction);
-  install(database, "cu_divide", 2, divideFunction);
-  install(database, "cu_modulo", 2, moduloFunction);
   install(database, "cu_required", 1, requiredFunction);
-  install(database, "cu_like", 2, likeFunction);
-  install(database, "cu_like", 3, likeFunction);
   install(database, "cu_object", 1, objectFunction);
   if (sqlite3_create_function_v2(database, "cu_sum", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, nullptr,
                                  sumStep, sumFinal, nullptr) != SQLITE_OK) {

@@ -13,11 +13,8 @@ void Parser::create(Statement& statement) {
     statement.body = createView();
   } else if (accept("TYPE")) {
     createType();
-  } else if (at("UNIQUE") || at("CLUSTERED") || at("NONCLUSTERED") || at("INDEX")) {
-    const bool unique = accept("UNIQUE");
-    if (!accept("CLUSTERED")) accept("NONCLUSTERED");
-    expect("INDEX");
-    statement.body = createIndex(unique);
+  } else if (accept("INDEX")) {
+    statement.body = createIndex();
   } else if (peek().kind == TokenKind::Word) {
     refuse("CREATE " + std::string(peek().text));
   } else {
@@ -81,9 +78,6 @@ ColumnDefinition Parser::column(CreateTableStatement& table) {
       refuse(std::string(peek().text) + " in una colonna");
     } else if (accept("DEFAULT")) {
       result.defaultValue = expression();
-    } else if (at("CONSTRAINT") && at("DEFAULT", 2)) {
-      take();
-      name();
     } else if (!tableConstraint(table, result.name)) {
       return result;
     }
@@ -93,42 +87,28 @@ ColumnDefinition Parser::column(CreateTableStatement& table) {
 // A key; after a column and without a list of columns it is that column's.
 bool Parser::tableConstraint(CreateTableStatement& table, const std::string& column) {
   if (accept("CONSTRAINT")) name();
-  if (at("CHECK") || at("FOREIGN") || at("REFERENCES")) refuse(peek().text);
-  const bool primary = at("PRIMARY");
-  if (!primary && !at("UNIQUE")) return false;
-  if (primary && !table.primaryKey.empty())
-    throw SqlError(peek().position, "due chiavi primarie in una tabella");
+  if (at("CHECK") || at("FOREIGN") || at("REFERENCES") || at("UNIQUE")) refuse(peek().text);
+  if (!at("PRIMARY")) return false;
+  if (!table.primaryKey.empty()) throw SqlError(peek().position, "due chiavi primarie in una tabella");
   take();
-  if (primary) expect("KEY");
-  if (!accept("CLUSTERED")) accept("NONCLUSTERED");
-  std::vector<KeyColumn> columns;
-  if (peek().is("(")) {
-    columns = keyColumns();
-  } else if (!column.empty()) {
-    columns.push_back({column, false});
+  expect("KEY");
+  accept("CLUSTERED");
+  if (column.empty() || peek().is("(")) {
+    table.primaryKey = keyColumns();
   } else {
-    expect("(");
+    table.primaryKey.push_back(column);
   }
   storageClauses();
-  if (primary) {
-    table.primaryKey = std::move(columns);
-  } else {
-    table.unique.push_back(std::move(columns));
-  }
   return true;
 }
 
-std::vector<KeyColumn> Parser::keyColumns() {
-  std::vector<KeyColumn> columns;
+std::vector<std::string> Parser::keyColumns() {
+  std::vector<std::string> columns;
   expect("(");
   do {
-    KeyColumn column{name(), false};
-    if (accept("DESC")) {
-      column.descending = true;
-    } else {
-      accept("ASC");
-    }
-    columns.push_back(std::move(column));
+    columns.push_back(name());
+    if (at("DESC")) refuse("DESC in una chiave");
+    accept("ASC");
   } while (accept(","));
   expect(")");
   return columns;
@@ -159,7 +139,7 @@ void Parser::storageClauses() {
 CreateViewStatement Parser::createView() {
   CreateViewStatement result;
   result.view = objectName();
-  if (peek().is("(")) result.columns = nameList();
+  if (peek().is("(")) refuse("elenco di colonne di una vista");
   if (at("WITH")) refuse("CREATE VIEW ... WITH");
   expect("AS");
   result.select = select();
@@ -167,9 +147,8 @@ CreateViewStatement Parser::createView() {
   return result;
 }
 
-CreateIndexStatement Parser::createIndex(bool unique) {
+CreateIndexStatement Parser::createIndex() {
   CreateIndexStatement result;
-  result.unique = unique;
   result.name = name();
   expect("ON");
   result.table = objectName();
@@ -199,10 +178,7 @@ DropStatement Parser::drop() {
     if (peek().kind == TokenKind::Word) refuse("DROP " + std::string(peek().text));
     unexpected();
   }
-  if (accept("IF")) {
-    expect("EXISTS");
-    result.ifExists = true;
-  }
+  if (at("IF")) refuse("DROP ... IF EXISTS");
   result.name = objectName();
   if (peek().is(",")) refuse("DROP di più oggetti");
   return result;

@@ -53,17 +53,13 @@ ExprPtr Parser::notCondition() {
 
 ExprPtr Parser::predicate() {
   ExprPtr left = additive();
-  static constexpr std::array<std::string_view, 9> kComparisons = {
-      "=", "<>", "!=", "<", "<=", ">", ">=", "!<", "!>"};
+  static constexpr std::array<std::string_view, 6> kComparisons = {"=", "<>", "<", "<=", ">", ">="};
   for (std::string_view comparison : kComparisons) {
     if (!peek().is(comparison)) continue;
     ExprPtr result = node(ExprKind::Compare);
     take();
     if (at("ALL") || at("ANY") || at("SOME")) refuse(std::string(peek().text) + " in un confronto");
-    result->name = comparison == "!="   ? "<>"
-                   : comparison == "!<" ? ">="
-                   : comparison == "!>" ? "<="
-                                        : comparison;
+    result->name = comparison;
     result = adopt(std::move(result), std::move(left));
     return adopt(std::move(result), additive());
   }
@@ -74,57 +70,36 @@ ExprPtr Parser::predicate() {
     expect("NULL");
     return adopt(std::move(result), std::move(left));
   }
-  const bool negated = at("NOT") && (at("LIKE", 1) || at("IN", 1) || at("BETWEEN", 1));
-  if (negated) take();
-  ExprPtr result = node(ExprKind::Like);
+  const bool negated = at("NOT");
+  const std::size_t word = negated ? 1 : 0;
+  for (const char* condition : {"LIKE", "BETWEEN"}) {
+    if (at(condition, word)) refuse(condition);
+  }
+  if (!at("IN", word)) return left;
+  ExprPtr result = node(ExprKind::InList);
   result->negated = negated;
-  if (accept("LIKE")) {
-    result = adopt(std::move(result), std::move(left));
-    result = adopt(std::move(result), additive());
-    if (accept("ESCAPE")) result = adopt(std::move(result), additive());
-    return result;
-  }
-  if (accept("BETWEEN")) {
-    result->kind = ExprKind::Between;
-    result = adopt(std::move(result), std::move(left));
-    result = adopt(std::move(result), additive());
-    expect("AND");
-    return adopt(std::move(result), additive());
-  }
-  if (!accept("IN")) return left;
+  if (negated) take();
+  take();
   expect("(");
+  if (at("SELECT")) refuse("IN con una query");
   result = adopt(std::move(result), std::move(left));
-  if (at("SELECT")) {
-    result->kind = ExprKind::InSelect;
-    result->select = select();
-  } else {
-    result->kind = ExprKind::InList;
-    do {
-      result = adopt(std::move(result), additive());
-    } while (accept(","));
-  }
+  do {
+    result = adopt(std::move(result), additive());
+  } while (accept(","));
   expect(")");
   return result;
 }
 
 ExprPtr Parser::additive() {
-  ExprPtr left = multiplicative();
+  ExprPtr left = concatenation();
   while (peek().is("+") || peek().is("-")) {
     ExprPtr sum = node(ExprKind::Binary);
     sum->name = take().text;
     sum = adopt(std::move(sum), std::move(left));
-    left = adopt(std::move(sum), multiplicative());
+    left = adopt(std::move(sum), concatenation());
   }
-  return left;
-}
-
-ExprPtr Parser::multiplicative() {
-  ExprPtr left = concatenation();
-  while (peek().is("*") || peek().is("/") || peek().is("%")) {
-    ExprPtr product = node(ExprKind::Binary);
-    product->name = take().text;
-    product = adopt(std::move(product), std::move(left));
-    left = adopt(std::move(product), concatenation());
+  for (const char* operation : {"*", "/", "%"}) {
+    if (peek().is(operation)) refuse(std::string("«") + operation + "» fra valori");
   }
   return left;
 }
@@ -141,7 +116,7 @@ ExprPtr Parser::concatenation() {
 }
 
 ExprPtr Parser::unary() {
-  if (!peek().is("-") && !peek().is("+")) {
+  if (!peek().is("-")) {
     ExprPtr value = primary();
     while (at("COLLATE")) {
       if (dialect_ != Dialect::Stored) refuse("COLLATE");
@@ -153,7 +128,7 @@ ExprPtr Parser::unary() {
     return value;
   }
   const Nesting nesting(*this);
-  ExprPtr sign = node(peek().is("-") ? ExprKind::Negate : ExprKind::Plus);
+  ExprPtr sign = node(ExprKind::Negate);
   take();
   return adopt(std::move(sign), unary());
 }
@@ -181,7 +156,6 @@ ExprPtr Parser::primary() {
     expect(")");
     return exists;
   }
-  if ((at("LEFT") || at("RIGHT")) && peek(1).is("(")) return call(take());
   if (at("SELECT")) unexpected();
   return columnOrCall();
 }
@@ -205,11 +179,7 @@ ExprPtr Parser::caseExpression() {
   const Nesting nesting(*this);
   ExprPtr result = node(ExprKind::Case);
   take();
-  if (!at("WHEN")) {
-    result->hasBase = true;
-    result = adopt(std::move(result), expression());
-  }
-  if (!at("WHEN")) expect("WHEN");
+  if (!at("WHEN")) refuse("CASE con un valore");
   while (accept("WHEN")) {
     result = adopt(std::move(result), expression());
     expect("THEN");
@@ -224,6 +194,7 @@ ExprPtr Parser::caseExpression() {
 }
 
 ExprPtr Parser::cast() {
+  if (dialect_ != Dialect::Stored) refuse("CAST");
   const Nesting nesting(*this);
   ExprPtr result = node(ExprKind::Cast);
   take();
@@ -261,11 +232,7 @@ ExprPtr Parser::call(const Token& name) {
   if (accept("*")) {
     result->star = true;
   } else if (!at(")")) {
-    if (accept("DISTINCT")) {
-      result->distinct = true;
-    } else {
-      accept("ALL");
-    }
+    if (at("DISTINCT")) refuse("DISTINCT in una funzione");
     do {
       result = adopt(std::move(result), expression());
     } while (accept(","));

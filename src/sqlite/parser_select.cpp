@@ -7,16 +7,6 @@ namespace cu::sqlite {
 SelectPtr Parser::select() {
   const Nesting nesting(*this);
   SelectPtr first = selectCore();
-  Select* last = first.get();
-  int parts = 1;
-  while (at("UNION") || at("EXCEPT") || at("INTERSECT")) {
-    if (!accept("UNION")) refuse(peek().text);
-    if (++parts > 100) throw SqlError(peek().position, "troppe UNION");
-    last->compound = accept("ALL") ? Compound::UnionAll : Compound::Union;
-    if (peek().is("(")) refuse("UNION con parentesi");
-    last->next = selectCore();
-    last = last->next.get();
-  }
   if (accept("ORDER")) {
     expect("BY");
     do {
@@ -30,7 +20,7 @@ SelectPtr Parser::select() {
       first->orderBy.push_back(std::move(term));
     } while (accept(","));
   }
-  for (const char* clause : {"OFFSET", "FETCH", "FOR", "OPTION", "LIMIT"}) {
+  for (const char* clause : {"UNION", "EXCEPT", "INTERSECT", "OFFSET", "FETCH", "FOR", "OPTION", "LIMIT"}) {
     if (at(clause)) refuse(clause);
   }
   return first;
@@ -52,14 +42,8 @@ SelectPtr Parser::selectCore() {
   if (at("INTO")) refuse("SELECT ... INTO");
   if (accept("FROM")) result->from = from();
   if (accept("WHERE")) result->where = expression();
-  if (accept("GROUP")) {
-    expect("BY");
-    do {
-      result->groupBy.push_back(expression());
-    } while (accept(","));
-    if (at("WITH")) refuse("GROUP BY ... WITH");
-  }
-  if (accept("HAVING")) result->having = expression();
+  if (at("GROUP")) refuse("GROUP BY");
+  if (at("HAVING")) refuse("HAVING");
   return result;
 }
 
@@ -80,13 +64,8 @@ SelectItem Parser::selectItem() {
     at_ += ahead + 1;
     return item;
   }
-  // alias = expression
   if (atName() && peek(1).is("=")) {
-    if (peek().text.front() == '@') refuse("assegnazione a una variabile");
-    item.alias = name();
-    take();
-    item.expr = expression();
-    return item;
+    refuse(peek().text.front() == '@' ? "assegnazione a una variabile" : "nome davanti all'espressione");
   }
   item.expr = expression();
   item.alias = optionalAlias();
@@ -102,12 +81,7 @@ std::vector<Source> Parser::from() {
   std::vector<Source> sources;
   sources.push_back(source());
   joins(sources);
-  while (accept(",")) {
-    Source next = source();
-    next.join = Source::Join::Comma;
-    sources.push_back(std::move(next));
-    joins(sources);
-  }
+  if (peek().is(",")) refuse("tabelle separate da virgole");
   for (const char* clause : {"PIVOT", "UNPIVOT"}) {
     if (at(clause)) refuse(clause);
   }
@@ -121,42 +95,22 @@ void Parser::joins(std::vector<Source>& sources) {
       join = Source::Join::Inner;
     } else if (accept("LEFT")) {
       join = Source::Join::Left;
-    } else if (accept("RIGHT")) {
-      join = Source::Join::Right;
-    } else if (accept("FULL")) {
-      join = Source::Join::Full;
-    } else if (accept("CROSS")) {
-      if (at("APPLY")) refuse("CROSS APPLY");
-      join = Source::Join::Cross;
-    } else if (at("OUTER")) {
-      refuse("OUTER APPLY");
+      accept("OUTER");
     } else {
+      for (const char* word : {"RIGHT", "FULL", "CROSS", "OUTER"}) {
+        if (at(word)) refuse(word + (" " + upperAscii(peek(1).text)));
+      }
       return;
     }
-    if (join == Source::Join::Left || join == Source::Join::Right || join == Source::Join::Full)
-      accept("OUTER");
     for (const char* hint : {"LOOP", "HASH", "MERGE", "REMOTE"}) {
       if (at(hint)) refuse("suggerimento " + std::string(hint) + " in una JOIN");
     }
     expect("JOIN");
     Source right = source();
-    if (join != Source::Join::Cross) {
-      // a JOIN b JOIN c ON ... ON ...: the inner pair is joined first.
-      if (!at("ON")) {
-        const Nesting nesting(*this);
-        Source group;
-        group.position = right.position;
-        group.group.push_back(std::move(right));
-        joins(group.group);
-        right = std::move(group);
-      }
-      expect("ON");
-      right.on = expression();
-    }
+    expect("ON");
+    right.on = expression();
     right.join = join;
     sources.push_back(std::move(right));
-    // The ON of an enclosing join follows.
-    if (at("ON")) return;
   }
 }
 
@@ -165,17 +119,12 @@ Source Parser::source() {
   Source result;
   result.position = peek().position;
   if (accept("(")) {
-    if (at("SELECT")) {
-      result.select = select();
-      expect(")");
-      result.alias = optionalAlias();
-      if (result.alias.empty()) throw SqlError(result.position, "una query fra parentesi vuole un nome");
-      if (peek().is("(")) refuse("elenco di colonne di una query fra parentesi");
-      return result;
-    }
-    result.group.push_back(source());
-    joins(result.group);
+    if (!at("SELECT")) refuse("JOIN fra parentesi");
+    result.select = select();
     expect(")");
+    result.alias = optionalAlias();
+    if (result.alias.empty()) throw SqlError(result.position, "una query fra parentesi vuole un nome");
+    if (peek().is("(")) refuse("elenco di colonne di una query fra parentesi");
     return result;
   }
   result.table = objectName();

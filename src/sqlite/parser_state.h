@@ -42,7 +42,6 @@ class Parser {
   void begin(Statement& statement);
   void ifStatement(Statement& statement);
   TransactionStatement transaction(TransactionVerb verb);
-  void set();
   ExecStatement exec();
   InsertStatement insert();
   UpdateStatement update();
@@ -56,9 +55,9 @@ class Parser {
   CreateTableStatement createTable();
   ColumnDefinition column(CreateTableStatement& table);
   bool tableConstraint(CreateTableStatement& table, const std::string& column);
-  std::vector<KeyColumn> keyColumns();
+  std::vector<std::string> keyColumns();
   void storageClauses();
-  CreateIndexStatement createIndex(bool unique);
+  CreateIndexStatement createIndex();
   void createType();
   DropStatement drop();
   TypeName typeName();
@@ -78,7 +77,6 @@ class Parser {
   ExprPtr notCondition();
   ExprPtr predicate();
   ExprPtr additive();
-  ExprPtr multiplicative();
   ExprPtr unary();
   ExprPtr concatenation();
   ExprPtr primary();

@@ -49,8 +49,6 @@ void Parser::body(Statement& statement) {
   } else if (accept("EXEC") || accept("EXECUTE")) {
     statement.kind = "EXEC";
     statement.body = exec();
-  } else if (accept("SET")) {
-    set();
   } else if (peek().kind == TokenKind::Word) {
     refuse(upperAscii(peek().text));
   } else {
@@ -63,23 +61,14 @@ void Parser::begin(Statement& statement) {
     statement.body = transaction(TransactionVerb::Begin);
     return;
   }
-  if (at("TRY") || at("CATCH") || at("DISTRIBUTED")) refuse("BEGIN " + upperAscii(peek().text));
-  BlockStatement block;
-  for (;;) {
-    while (accept(";")) {
-    }
-    if (accept("END")) break;
-    block.statements.push_back(this->statement());
-  }
-  statement.body = std::move(block);
+  refuse("BEGIN " + upperAscii(peek().text));
 }
 
 void Parser::ifStatement(Statement& statement) {
   IfStatement result;
   result.condition = expression();
   result.then = this->statement();
-  if (peek().is(";") && at("ELSE", 1)) take();
-  if (accept("ELSE")) result.otherwise = this->statement();
+  if (at("ELSE")) refuse("IF ... ELSE");
   statement.body = std::move(result);
 }
 
@@ -91,17 +80,6 @@ TransactionStatement Parser::transaction(TransactionVerb verb) {
   }
   if (atName()) refuse("nome di transazione");
   return {verb};
-}
-
-// Accepts the settings of a script that request the engine's own behaviour.
-void Parser::set() {
-  for (const char* option : {"NOCOUNT", "ANSI_NULLS", "ANSI_PADDING", "ANSI_WARNINGS", "QUOTED_IDENTIFIER",
-                             "XACT_ABORT", "CONCAT_NULL_YIELDS_NULL", "ARITHABORT"}) {
-    if (!accept(option)) continue;
-    expect("ON");
-    return;
-  }
-  refuse("SET " + upperAscii(peek().text));
 }
 
 ExecStatement Parser::exec() {
@@ -199,7 +177,6 @@ MergeStatement Parser::merge() {
   if (!at("USING")) result.target.alias = optionalAlias();
   expect("USING");
   result.source = source();
-  if (!result.source.group.empty()) refuse("MERGE da tabelle unite");
   expect("ON");
   result.on = expression();
   if (!at("WHEN")) expect("WHEN");

@@ -41,7 +41,6 @@ Rewritten rewrite(Statement& statement, const std::vector<Literal>& literals, co
           [&](DropStatement& drop) { return rewriteDrop(drop, catalog); },
           [](NothingStatement&) -> Rewritten { steers(); },
           [](IfStatement&) -> Rewritten { steers(); },
-          [](BlockStatement&) -> Rewritten { steers(); },
           [](ExecStatement&) -> Rewritten { steers(); },
           [](TransactionStatement&) -> Rewritten { steers(); },
       },

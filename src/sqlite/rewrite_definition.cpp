@@ -23,16 +23,13 @@ const ColumnDefinition& definitionOf(const CreateTableStatement& statement, cons
   throw SqlError(0, "colonna sconosciuta: " + statement.table + "." + column);
 }
 
-void writeKey(Writer& writer, const std::vector<KeyColumn>& columns) {
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    writer.text(i == 0 ? "(" : ", ").name(columns[i].name);
-    if (columns[i].descending) writer.text(" DESC");
-  }
+void writeKey(Writer& writer, const std::vector<std::string>& columns) {
+  for (std::size_t i = 0; i < columns.size(); ++i) writer.text(i == 0 ? "(" : ", ").name(columns[i]);
   writer.text(")");
 }
 
 bool isConstant(const Expr& expr) {
-  if (expr.kind == ExprKind::Negate || expr.kind == ExprKind::Plus) return isConstant(*expr.args[0]);
+  if (expr.kind == ExprKind::Negate) return isConstant(*expr.args[0]);
   return expr.kind == ExprKind::Number || expr.kind == ExprKind::Text || expr.kind == ExprKind::Null;
 }
 
@@ -71,20 +68,13 @@ Rewritten rewriteCreateTable(CreateTableStatement& statement, const std::vector<
       throw SqlError(column.position, "colonna ripetuta: " + column.name);
     }
     const bool key = std::any_of(statement.primaryKey.begin(), statement.primaryKey.end(),
-                                 [&](const KeyColumn& part) { return equalsNoCase(part.name, column.name); });
+                                 [&](const std::string& part) { return equalsNoCase(part, column.name); });
     if (i > 0) writer.text(", ");
     writeColumn(writer, column, key, catalog);
   }
-  for (const std::vector<KeyColumn>& key : statement.unique) {
-    for (const KeyColumn& part : key) {
-      refuseText(storedType(definitionOf(statement, part.name).type).kind, part.name, 0);
-    }
-    writer.text(", UNIQUE ");
-    writeKey(writer, key);
-  }
   if (statement.primaryKey.empty()) return definition(writer.text(")").piece());
-  for (const KeyColumn& part : statement.primaryKey) {
-    refuseText(storedType(definitionOf(statement, part.name).type).kind, part.name, 0);
+  for (const std::string& part : statement.primaryKey) {
+    refuseText(storedType(definitionOf(statement, part).type).kind, part, 0);
   }
   writer.text(", PRIMARY KEY ");
   writeKey(writer, statement.primaryKey);
@@ -96,37 +86,30 @@ Rewritten rewriteCreateView(CreateViewStatement& statement, const std::vector<Li
                             const Catalog& catalog) {
   Analysis(catalog).view(*statement.select);
   const std::vector<ColumnInfo>& output = statement.select->output;
-  if (!statement.columns.empty() && statement.columns.size() != output.size()) {
-    throw SqlError(0, "vista " + statement.view + ": tanti nomi quante colonne");
-  }
   for (std::size_t i = 0; i < output.size(); ++i) {
-    const std::string& name = statement.columns.empty() ? output[i].name : statement.columns[i];
+    const std::string& name = output[i].name;
     if (name.empty()) throw SqlError(0, "vista " + statement.view + ": colonna senza nome");
     for (std::size_t j = 0; j < i; ++j) {
-      if (equalsNoCase(statement.columns.empty() ? output[j].name : statement.columns[j], name)) {
+      if (equalsNoCase(output[j].name, name)) {
         throw SqlError(0, "vista " + statement.view + ": colonna ripetuta " + name);
       }
     }
   }
   Writer writer(literals, Destination::Schema);
   writer.text("CREATE VIEW ").name(statement.view);
-  for (std::size_t i = 0; i < statement.columns.size(); ++i) {
-    writer.text(i == 0 ? " (" : ", ").name(statement.columns[i]);
-  }
-  if (!statement.columns.empty()) writer.text(")");
   return definition(writer.text(" AS ").select(*statement.select).piece());
 }
 
 Rewritten rewriteCreateIndex(CreateIndexStatement& statement, const Catalog& catalog) {
   const std::shared_ptr<const TableInfo> table = catalog.find(statement.table);
   if (table == nullptr || table->view) throw UnknownTable(0, "tabella sconosciuta: " + statement.table);
-  for (const KeyColumn& part : statement.columns) {
-    const std::size_t index = table->find(part.name);
-    if (index == TableInfo::kNone) throw SqlError(0, "colonna sconosciuta: " + table->name + "." + part.name);
-    refuseText(table->columns[index].kind, part.name, 0);
+  for (const std::string& part : statement.columns) {
+    const std::size_t index = table->find(part);
+    if (index == TableInfo::kNone) throw SqlError(0, "colonna sconosciuta: " + table->name + "." + part);
+    refuseText(table->columns[index].kind, part, 0);
   }
   Writer writer({}, Destination::Schema);
-  writer.text(statement.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ").name(statement.name);
+  writer.text("CREATE INDEX ").name(statement.name);
   writer.text(" ON ").name(statement.table).text(" ");
   writeKey(writer, statement.columns);
   return definition(writer.piece());
@@ -135,12 +118,12 @@ Rewritten rewriteCreateIndex(CreateIndexStatement& statement, const Catalog& cat
 Rewritten rewriteDrop(const DropStatement& statement, const Catalog& catalog) {
   const std::shared_ptr<const TableInfo> found = catalog.find(statement.name);
   const bool there = found != nullptr && found->view == statement.view;
-  if (!there && !statement.ifExists) {
+  if (!there) {
     throw UnknownTable(0,
                        (statement.view ? "vista sconosciuta: " : "tabella sconosciuta: ") + statement.name);
   }
   Writer writer({}, Destination::Schema);
-  writer.text(statement.view ? "DROP VIEW " : "DROP TABLE ").text(statement.ifExists ? "IF EXISTS " : "");
+  writer.text(statement.view ? "DROP VIEW " : "DROP TABLE ");
   return definition(writer.name(statement.name).piece());
 }
 

@@ -99,9 +99,6 @@ void StoredCatalog::readView(TableInfo& view, const std::string& sql) const {
     CreateViewStatement statement = parseStoredView(tokens);
     Analysis(*this, Dialect::Stored).view(*statement.select);
     view.columns = statement.select->output;
-    for (std::size_t i = 0; i < statement.columns.size() && i < view.columns.size(); ++i) {
-      view.columns[i].name = statement.columns[i];
-    }
     return;
   } catch (const SqlError&) {
     // Another program's view: its column names are known, their kinds only from the values.

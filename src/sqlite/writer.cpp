@@ -12,8 +12,8 @@
 namespace cu::sqlite {
 namespace {
 
-// Operator precedence of the embedded engine.
-enum Binding { kOr = 1, kAnd, kNot, kComparison, kSum, kProduct, kJoin, kCollate, kPrimary };
+// How closely the embedded engine binds.
+enum Binding { kOr = 1, kAnd, kNot, kComparison, kSum, kJoin, kCollate, kPrimary };
 
 int bindingOf(const Expr& expr) {
   switch (expr.kind) {
@@ -24,20 +24,13 @@ int bindingOf(const Expr& expr) {
     case ExprKind::Not:
       return kNot;
     case ExprKind::Compare:
-    case ExprKind::Between:
     case ExprKind::InList:
-    case ExprKind::InSelect:
     case ExprKind::IsNull:
       return kComparison;
-    case ExprKind::Like:
-      return expr.negated ? kNot : kPrimary;
     case ExprKind::Binary:
-      if (expr.name == "||") return kJoin;
-      if (expr.name == "/" || expr.name == "%") return kPrimary;
-      return expr.name == "*" ? kProduct : kSum;
+      return expr.name == "||" ? kJoin : kSum;
     case ExprKind::Collate:
     case ExprKind::Negate:
-    case ExprKind::Plus:
       return kCollate;
     case ExprKind::Null:
     case ExprKind::Number:
@@ -115,7 +108,7 @@ Writer& Writer::expression(const Expr& expr, int binding) {
 }
 
 void Writer::literal(const Expr& expr) {
-  if (destination_ == Destination::Schema || expr.pinned) {
+  if (destination_ == Destination::Schema) {
     sql_ += writtenOut(literals_[expr.literal], expr.conversion);
     return;
   }
@@ -151,9 +144,6 @@ void Writer::bare(const Expr& expr) {
     case ExprKind::Negate:
       text("-").expression(*expr.args[0], kPrimary);
       return;
-    case ExprKind::Plus:
-      expression(*expr.args[0], kCollate);
-      return;
     case ExprKind::Binary:
       binary(expr);
       return;
@@ -169,25 +159,10 @@ void Writer::bare(const Expr& expr) {
     case ExprKind::Not:
       text("NOT ").expression(*expr.args[0], kPrimary);
       return;
-    case ExprKind::Like:
-      ownFunction(expr, "LIKE");
-      text(expr.negated ? "NOT cu_like(" : "cu_like(");
-      list(expr.args, ", ", 0);
-      sql_ += ')';
-      return;
-    case ExprKind::Between:
-      between(expr);
-      return;
     case ExprKind::InList:
       expression(*expr.args[0], kSum).text(expr.negated ? " NOT IN (" : " IN (");
       list(expr.args, ", ", 0, 1);
       sql_ += ')';
-      return;
-    case ExprKind::InSelect:
-      expression(*expr.args[0], kSum)
-          .text(expr.negated ? " NOT IN (" : " IN (")
-          .select(*expr.select)
-          .text(")");
       return;
     case ExprKind::IsNull:
       expression(*expr.args[0], kSum).text(expr.negated ? " IS NOT NULL" : " IS NULL");
@@ -201,46 +176,24 @@ void Writer::bare(const Expr& expr) {
     case ExprKind::Call:
       call(expr);
       return;
-    case ExprKind::Cast:
-      cast(expr);
-      return;
     case ExprKind::Subquery:
       text("(").select(*expr.select).text(")");
       return;
+    case ExprKind::Cast:
     case ExprKind::Collate:
-      throw SqlError(expr.position, "COLLATE");
+      throw SqlError(expr.position, "espressione dei soli testi del file");
   }
 }
 
 void Writer::binary(const Expr& expr) {
-  const Expr& left = *expr.args[0];
-  const Expr& right = *expr.args[1];
-  if (expr.name == "/" || expr.name == "%") {
-    // A division by zero is an error on the server and NULL here.
-    ownFunction(expr, "divisione");
-    const bool amounts = expr.name == "/" && expr.valueKind == ValueKind::Decimal;
-    text(expr.name == "/" ? "cu_divide(" : "cu_modulo(");
-    if (amounts) sql_ += "CAST(";
-    expression(left);
-    if (amounts) sql_ += " AS REAL)";
-    text(", ").expression(right).text(")");
-    return;
-  }
   const int own = bindingOf(expr);
-  expression(left, own).text(" ").text(expr.name).text(" ").expression(right, own + 1);
-}
-
-void Writer::between(const Expr& expr) {
-  expression(*expr.args[0], kSum).text(expr.negated ? " NOT BETWEEN " : " BETWEEN ");
-  expression(*expr.args[1], kSum).text(" AND ").expression(*expr.args[2], kSum);
+  expression(*expr.args[0], own).text(" ").text(expr.name).text(" ").expression(*expr.args[1], own + 1);
 }
 
 void Writer::caseOf(const Expr& expr) {
   sql_ += "CASE";
-  std::size_t at = 0;
-  if (expr.hasBase) text(" ").expression(*expr.args[at++]);
   const std::size_t end = expr.args.size() - (expr.hasElse ? 1 : 0);
-  for (; at < end; at += 2)
+  for (std::size_t at = 0; at < end; at += 2)
     text(" WHEN ").expression(*expr.args[at]).text(" THEN ").expression(*expr.args[at + 1]);
   if (expr.hasElse) text(" ELSE ").expression(*expr.args.back());
   sql_ += " END";

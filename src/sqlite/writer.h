@@ -40,14 +40,9 @@ class Writer {
   void literal(const Expr& expr);
   void list(const std::vector<ExprPtr>& args, std::string_view separator, int binding, std::size_t first = 0);
   void binary(const Expr& expr);
-  void between(const Expr& expr);
   void caseOf(const Expr& expr);
   void call(const Expr& expr);
   void function(std::string_view name, const Expr& call, std::size_t arguments);
-  void part(const Expr& call, Function function);
-  void datePart(std::string_view format, const Expr& call);
-  void cast(const Expr& expr);
-  int positive(const Expr& literal) const;
   void core(const Select& select);
   void ownFunction(const Expr& expr, std::string_view what) const;
 

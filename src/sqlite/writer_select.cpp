@@ -14,18 +14,10 @@ std::string_view joinWord(Source::Join join) {
   switch (join) {
     case Source::Join::First:
       return "";
-    case Source::Join::Comma:
-      return ", ";
     case Source::Join::Inner:
       return " INNER JOIN ";
     case Source::Join::Left:
       return " LEFT JOIN ";
-    case Source::Join::Right:
-      return " RIGHT JOIN ";
-    case Source::Join::Full:
-      return " FULL JOIN ";
-    case Source::Join::Cross:
-      return " CROSS JOIN ";
   }
   return "";
 }
@@ -33,11 +25,7 @@ std::string_view joinWord(Source::Join join) {
 }  // namespace
 
 Writer& Writer::select(const Select& select) {
-  for (const Select* part = &select; part != nullptr; part = part->next.get()) {
-    core(*part);
-    if (part->compound == Compound::Union) text(" UNION ");
-    if (part->compound == Compound::UnionAll) text(" UNION ALL ");
-  }
+  core(select);
   for (std::size_t i = 0; i < select.orderBy.size(); ++i) {
     text(i == 0 ? " ORDER BY " : ", ").expression(*select.orderBy[i].expr);
     if (select.orderBy[i].descending) text(" DESC");
@@ -64,10 +52,6 @@ void Writer::core(const Select& select) {
   }
   if (!select.from.empty()) text(" FROM ").from(select.from);
   if (select.where != nullptr) text(" WHERE ").expression(*select.where);
-  for (std::size_t i = 0; i < select.groupBy.size(); ++i) {
-    text(i == 0 ? " GROUP BY " : ", ").expression(*select.groupBy[i]);
-  }
-  if (select.having != nullptr) text(" HAVING ").expression(*select.having);
 }
 
 Writer& Writer::from(const std::vector<Source>& sources) {
@@ -79,7 +63,6 @@ Writer& Writer::from(const std::vector<Source>& sources) {
 }
 
 Writer& Writer::source(const Source& source) {
-  if (!source.group.empty()) return text("(").from(source.group).text(")");
   if (source.select != nullptr) return text("(").select(*source.select).text(") AS ").name(source.alias);
   if (isSystemTable(source.table)) return text(kSystemTable).text(" AS ").name(source.name());
   name(source.table);

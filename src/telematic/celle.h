@@ -24,7 +24,6 @@ class Celle {
     std::memset(prima_, ' ', usate_ * kLarghezzaCella);
     usate_ = 0;
   }
-  std::size_t usate() const { return usate_; }
 
   // `codice` has 8 characters, `valore` has `n`. An empty value takes no cell. Returns false when the cells
   // are used up.

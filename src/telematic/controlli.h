@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/per_chiamanti.h"
 #include "data/database.h"
 
 namespace cu {
@@ -28,16 +29,15 @@ struct DatoMancante {
   std::string messaggio;
 };
 
-// The presence checks before a file is made. They continue after a missing datum, so that the user sees all
-// of them at once.
-class Controlli {
+// The presence checks before a file is made. They go on after a datum that is missing, so that a person sees
+// everything at once.
+class Controlli : public per_chiamanti::DiControlli<Controlli> {
  public:
   Controlli(Connection& connessione, const Conversioni& utilita);
 
   // Runs all checks, in order. `tabella` is the work table.
   void esegui(const DatiControllo& dati, std::int32_t idAzienda, const std::string& tabella);
 
-  bool bErrori() const { return !mancanti_.empty(); }
   const std::vector<DatoMancante>& mancanti() const { return mancanti_; }
   // The company's fiscal code, or its VAT number; empty when the company is not found.
   const std::string& sCodFisc() const { return codFisc_; }

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/date.h"
+#include "base/per_chiamanti.h"
 #include "data/database.h"
 #include "host/modi.h"
 #include "telematic/ambiente_telematico.h"
@@ -25,7 +26,7 @@ struct DatiFornitura {
 };
 
 // Makes one telematic file of the selected rows of the work table.
-class CUEle {
+class CUEle : public per_chiamanti::DiCUEle<CUEle> {
  public:
   explicit CUEle(const AmbienteTelematico& ambiente);
 
@@ -33,9 +34,7 @@ class CUEle {
     connection_ = &connection;
   }  // stored only; Create uses its own
   void setDati(const DatiFornitura& dati) { dati_ = dati; }
-  const std::string& FileName() const { return file_.FileName(); }
   void setFileName(std::string_view name) { file_.setFileName(name); }
-  const std::string& FilePathName() const { return file_.FilePathName(); }
   void setFilePathName(std::string_view path) { file_.setFilePathName(path); }
 
   // Returns true when the run completed, also when there was nothing to write; false when the file could not
@@ -45,7 +44,9 @@ class CUEle {
   const std::string& rifiuto() const { return file_.rifiuto(); }
 
  private:
-  // Columns of the main query that identify the modules of a row.
+  friend per_chiamanti::DiCUEle<CUEle>;
+
+  // Columns of the main query that name the modules of a row.
   struct Chiave {
     std::size_t anno = 0;
     std::size_t idAnagrafica = 0;

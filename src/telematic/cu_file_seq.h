@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/date.h"
+#include "base/per_chiamanti.h"
 #include "base/value.h"
 #include "data/rowstore.h"
 #include "host/modi.h"
@@ -20,29 +21,24 @@ namespace cu {
 // The writer of one telematic file: one operation per record type. An object serves one file, because its
 // counters are never reset; the run year is fixed at construction.
 //
-// The rows are those of the main query and of the module query. Their columns are bound once with lega... and
-// are required to outlive the writing of the rows. Texts are UTF-8. File errors propagate unchanged. A value
-// that does not fit its field's cells raises Error 5 with a text for the user, and the record is not written.
-class CUFileSeq {
+// Rows are those of the main query and of the module query, whose columns are made known once with lega...
+// and must live as long as rows are written; texts are UTF-8. Errors of the file rise as they are; a value
+// that does not fit its field's cells is Error 5 with a text for the clerk, and the record is not written.
+class CUFileSeq : public per_chiamanti::DiCUFileSeq<CUFileSeq> {
  public:
   explicit CUFileSeq(const AmbienteTelematico& ambiente);
   ~CUFileSeq();
   CUFileSeq(const CUFileSeq&) = delete;
   CUFileSeq& operator=(const CUFileSeq&) = delete;
 
-  const std::string& FileName() const { return file_.FileName(); }
   void setFileName(std::string_view name) { file_.setFileName(name); }
-  const std::string& FilePathName() const { return file_.FilePathName(); }
   void setFilePathName(std::string_view path) { file_.setFilePathName(path); }
-  std::int32_t NumRecD() const { return numRecD_; }
-  std::int32_t NumRecH() const { return numRecH_; }
 
   // Returns false when the file cannot be opened; rifiuto() then returns the reason for the user, which is
   // empty except for a missing path.
   [[nodiscard]] bool OpenFile();
   const std::string& rifiuto() const { return rifiuto_; }
   void CloseFile() { file_.CloseFile(); }
-  void ShowFile() { file_.ShowFile(); }
 
   // Raises Error 3265 when a column required by the run year is missing.
   void legaQueryPrincipale(const Columns& colonne);
@@ -64,7 +60,9 @@ class CUFileSeq {
   void WriteRecordTipoZ(const CellView* Fields, Date Data, std::int32_t Riservato1, std::int32_t Riservato2);
 
  private:
-  // Columns of the main query required by the frames.
+  friend per_chiamanti::DiCUFileSeq<CUFileSeq>;
+
+  // Columns of the main query that the frames need.
   struct ColonneQuadro {
     std::size_t codiceFiscale = 0;
     std::size_t protocollo = 0;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/date.h"
+#include "base/per_chiamanti.h"
 #include "telematic/ambiente_telematico.h"
 #include "telematic/cu_ele.h"
 
@@ -12,8 +13,8 @@ namespace cu {
 
 class Recordset;
 
-// The wizard's interface to the generation of a file: receives the settings, then runs.
-class ElaboraCompensi {
+// The wizard's hand on the generation of a file: it is filled with settings and called.
+class ElaboraCompensi : public per_chiamanti::DiElaboraCompensi {
  public:
   explicit ElaboraCompensi(const AmbienteTelematico& ambiente);
   ~ElaboraCompensi();
@@ -28,9 +29,8 @@ class ElaboraCompensi {
   void setFolderPathNameMyDocuments(std::string_view path) { folderPathNameMyDocuments_ = path; }
   void setDati(const DatiFornitura& dati) { dati_ = dati; }
 
-  // The wizard calls the first one before each file; neither has any effect.
+  // Called before each file; it has nothing to do.
   void sbWriteRecord() {}
-  void sbShowLog() {}
 
   // Returns true when the run completed, false when the file could not be opened. The documents folder is
   // created where it is missing, and receives a copy of a file from any other folder. Errors propagate

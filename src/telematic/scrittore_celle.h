@@ -31,7 +31,6 @@ class ScrittoreCelle {
   // Binds the columns of the following rows. Raises Error 3265 when one required by the year is missing.
   // Cheap when the columns are unchanged.
   void lega(const Columns& colonne);
-  bool legato() const { return legato_; }
 
   // `dataFirma` is the date of the signature, 8 characters; only record D needs it.
   [[nodiscard]] Guasto scrivi(const CellView* riga, std::string_view dataFirma, Celle& celle);

@@ -1,10 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <functional>
-#include <string>
-#include <string_view>
-
 #include "controls/frontend.h"
 #include "controls/print_control.h"
 #include "controls/utility.h"
@@ -16,19 +11,7 @@
 
 namespace cu {
 
-// The program's own name, and its title where the session has none.
-inline constexpr std::string_view kNomeProgramma = "Autocomposizione";
-
-// A telematic file that was just written.
-struct FileFatto {
-  std::string percorso;
-  Comunicazione tipo = Comunicazione::Ordinaria;
-  std::int32_t anno = 0;  // of the payments
-  std::int32_t idAzienda = 0;
-  DatabaseHost& database;
-};
-
-// The surroundings of the wizard, passed by the program that builds it.
+// Everything around the wizard, handed over by the program that builds it.
 struct Ambiente {
   FrontEnd& frontEnd;
   HostFactory& factory;

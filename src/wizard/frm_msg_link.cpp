@@ -26,12 +26,6 @@ FrmMsgLink::FrmMsgLink(FrontEnd& schermo, UtilitaSuite& utilita, TestiSuite& tes
   Command1.onClick = [this] { unload(); };
 }
 
-void FrmMsgLink::setNomeFile(const std::string& nome) {
-  load();
-  lblUser.setCaption("\r\nIl file generato, che si chiama " + nome +
-                     ", è stato creato correttamente nel seguente percorso:");
-}
-
 void FrmMsgLink::setPath(const std::string& cartella) {
   load();
   lblLink.setCaption(cartella);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "base/per_chiamanti.h"
 #include "controls/form.h"
 #include "data/database.h"
 #include "host/filesystem.h"
@@ -11,16 +12,14 @@ namespace cu {
 
 class UtilitaSuite;
 
-// The notice at the end of a run: the file's name, a link that opens its folder, and the next steps.
-class FrmMsgLink : public Form {
+// The notice at the end of a run: the file's name, a link that opens its folder, and what is to be done with
+// it.
+class FrmMsgLink : public Form, public per_chiamanti::DiFrmMsgLink<FrmMsgLink> {
  public:
   FrmMsgLink(FrontEnd& frontEnd, UtilitaSuite& utilita, TestiSuite& testi, const FileSystem& files);
 
-  void setConnection(cu::Connection* connection) { connection_ = connection; }
-  cu::Connection* connection() const { return connection_; }  // valid for the lifetime of the form
-  // Sets the text of lblUser, which contains the name.
-  void setNomeFile(const std::string& nome);
-  // Sets the folder; the first call loads the form.
+  void setConnection(cu::Connection* connection) { connection_ = connection; }  // kept while the form is open
+  // The folder; its first use loads the form.
   void setPath(const std::string& cartella);
 
   std::string guideChapter() const override { return "Il file è pronto"; }
@@ -32,6 +31,8 @@ class FrmMsgLink : public Form {
   Button Command1;
 
  private:
+  friend per_chiamanti::DiFrmMsgLink<FrmMsgLink>;
+
   void formLoad() override;
   void formUnload() override;
 

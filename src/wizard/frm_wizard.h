@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/per_chiamanti.h"
 #include "base/result.h"
 #include "context/globali.h"
 #include "controls/band.h"
@@ -32,9 +33,9 @@ namespace cu {
 // The kind of a transition between steps.
 enum class Direzione { Salto = 0, Indietro = 1, Avanti = 2 };
 
-// The wizard's only main window: three frames of content; the run mode determines which of them are steps.
-// Its controls have the system's names; the routines are in the files of their subjects.
-class FrmWizard : public Form {
+// The wizard's only main window: three frames of content, of which the run mode decides which are walked. Its
+// controls bear the names of the system; the routines stand in the files of their subjects.
+class FrmWizard : public Form, public per_chiamanti::DiFrmWizard<FrmWizard> {
  public:
   FrmWizard(const Ambiente& ambiente, Globali& globali);
 
@@ -103,18 +104,14 @@ class FrmWizard : public Form {
   Frame picNav;
   std::array<Button, 5> cmdNav;
 
-  // The state of frmOption after closing; unused.
-  bool bStampaInterlinea = false;
-  bool bSaltoPagina = false;
-  std::string sInterlinea;
-
-  std::int16_t oggettoCorrente() const { return nOggettoCorrente; }  // of the menu commands
   std::string guideChapter() const override;
   std::vector<const Frame*> stages() const override { return {&fraStep[0], &fraStep[1], &fraStep[2]}; }
   Control* stageStart() override;
   std::string unsavedWork() const override;
 
  private:
+  friend per_chiamanti::DiFrmWizard<FrmWizard>;
+
   void formLoad() override;
   void formUnload() override;
 

@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "host/testi_programma.h"
 
 namespace cu {
 namespace {

@@ -81,7 +81,7 @@ TEST(Grid, ItsCurrentRowIsTheRecordsets) {
   on.grid.bind(&on.rows.set);
   EXPECT_EQ(on.grid.rowCount(), 4U);
   EXPECT_EQ(on.grid.row(), 1U);
-  on.rows.set.MoveLast();
+  on.rows.set.MoveTo(on.rows.set.RecordCount());
   EXPECT_EQ(on.grid.row(), 4U);
   on.rows.set.MoveNext();
   EXPECT_EQ(on.grid.row(), 0U);

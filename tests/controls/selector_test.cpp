@@ -68,7 +68,7 @@ TEST(Selector, IsEmptyWhenBoundAndAsksNothing) {
 
 TEST(Selector, ACodeOfTheTableIsChosenUnderTheFilter) {
   Bound on;
-  EXPECT_TRUE(on.selector.chooseCode("007"));
+  EXPECT_TRUE(on.selector.choose(on.selector.findCode("007")));
   EXPECT_EQ(on.connection.texts(),
             (std::vector<std::string>{std::string(kHead) + "Codice = '007' AND (IDAzienda = 1)"}));
   EXPECT_EQ(on.selector.record(), 42);  // the first row
@@ -92,8 +92,8 @@ TEST(Selector, ARecordOfTheTableIsChosen) {
 
 TEST(Selector, WithoutSuchARowNothingChanges) {
   Bound on;
-  on.selector.chooseCode("007");
-  EXPECT_FALSE(on.selector.chooseCode("999"));
+  on.selector.choose(on.selector.findCode("007"));
+  EXPECT_FALSE(on.selector.choose(on.selector.findCode("999")));
   EXPECT_FALSE(on.selector.chooseRecord(5));
   EXPECT_EQ(on.selector.record(), 42);
   EXPECT_EQ(on.changes, 1);
@@ -111,7 +111,7 @@ TEST(Selector, ARowIsLookedUpWithoutBeingChosen) {
 
 TEST(Selector, ACodesQuotesAreDoubled) {
   Bound on;
-  on.selector.chooseCode("D'A''");
+  on.selector.choose(on.selector.findCode("D'A''"));
   EXPECT_EQ(on.connection.texts().back(), std::string(kHead) + "Codice = 'D''A''''' AND (IDAzienda = 1)");
 }
 
@@ -126,7 +126,7 @@ TEST(Selector, WithoutAFilterOnlyTheConditionStands) {
 
 TEST(Selector, CodeAndDescriptionAreSetAsTheyStand) {
   Bound on;
-  on.selector.chooseCode("007");
+  on.selector.choose(on.selector.findCode("007"));
   on.connection.sent.clear();
   on.selector.choose("ZZZ", "nessuno");
   EXPECT_TRUE(on.connection.sent.empty());
@@ -142,10 +142,10 @@ TEST(Selector, EmptyingAndBindingAnewRaiseTheEventWhenSomethingWasChosen) {
   Bound on;
   on.selector.empty();
   EXPECT_EQ(on.changes, 0);
-  on.selector.chooseCode("007");
+  on.selector.choose(on.selector.findCode("007"));
   on.selector.empty();
   EXPECT_EQ(on.changes, 2);
-  on.selector.chooseCode("007");
+  on.selector.choose(on.selector.findCode("007"));
   on.selector.bind(on.connection, payees());
   EXPECT_EQ(on.selector.record(), 0);
   EXPECT_EQ(on.changes, 4);
@@ -177,7 +177,7 @@ TEST(Selector, ListsTheRowsOfItsFilterByDescription) {
 TEST(Selector, UnboundItSaysSo) {
   Stage stage;
   Selector selector(stage.form, "cdPagamento", nullptr);
-  EXPECT_EQ(errorOf([&] { selector.chooseCode("A"); }), kErrorObjectNotSet);
+  EXPECT_EQ(errorOf([&] { selector.choose(selector.findCode("A")); }), kErrorObjectNotSet);
   EXPECT_EQ(errorOf([&] { selector.chooseRecord(1); }), kErrorObjectNotSet);
   Recordset rows;
   EXPECT_EQ(errorOf([&] { selector.list(rows); }), kErrorObjectNotSet);

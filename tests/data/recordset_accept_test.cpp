@@ -51,7 +51,7 @@ TEST(RecordsetAccept, ALaterChangeIsPendingAgainAsAModification) {
   rows.set.AcceptCurrent();
   EXPECT_THAT(pending(rows.set), IsEmpty());
   rows.set.ClearFilter();
-  rows.set.MoveLast();
+  rows.set.MoveTo(rows.set.RecordCount());
   EXPECT_EQ(rows.set.Get("Numero").integer(), 9);
   rows.set.Set("Nome", text("dopo"));
   rows.set.Update();

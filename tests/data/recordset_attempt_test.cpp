@@ -101,18 +101,6 @@ TEST(RecordsetAttempt, ARowThatLeftTheFilterIsTheCurrentOneAgain) {
   EXPECT_THAT(numbers(rows.set), ElementsAre(1, 2));
 }
 
-TEST(RecordsetAttempt, ARowDeletedInVainIsThereAgain) {
-  OpenRows rows(lines(3));
-  rows.set.MoveNext();
-  EXPECT_THROW(rows.set.Attempt([&] {
-    rows.set.Delete();
-    throw Refused();
-  }),
-               Refused);
-  EXPECT_EQ(rows.set.Get("Numero").integer(), 2);
-  EXPECT_THAT(numbers(rows.set), ElementsAre(1, 2, 3));
-}
-
 TEST(RecordsetAttempt, WithoutACurrentRowNothingIsTried) {
   OpenRows rows({});
   bool tried = false;

@@ -24,7 +24,7 @@ using Numbers = std::vector<std::int64_t>;
 
 TEST(RecordsetFilter, ShowsTheRowsThatMatchFromTheFirst) {
   OpenRows rows(lines(5));
-  rows.set.MoveLast();
+  rows.set.MoveTo(rows.set.RecordCount());
   rows.set.SetFilter("Numero >= 3");
   EXPECT_EQ(rows.set.Filter(), "Numero >= 3");
   EXPECT_EQ(rows.set.RecordCount(), 3U);
@@ -97,7 +97,7 @@ TEST(RecordsetFilter, AChangeNotYetUpdatedIsUpdatedByTheFilter) {
 TEST(RecordsetFilter, FromTheEndItsGoingLeadsToTheFirstRow) {
   OpenRows rows(lines(3));
   rows.set.SetFilter("Numero >= 2");
-  rows.set.MoveLast();
+  rows.set.MoveTo(rows.set.RecordCount());
   rows.set.MoveNext();
   rows.set.ClearFilter();
   EXPECT_EQ(rows.set.Get("Numero").integer(), 1);
@@ -147,7 +147,7 @@ TEST(RecordsetFilter, ARowThatLeavesTheFilterYieldsItsPlaceToTheNext) {
 TEST(RecordsetFilter, TheLastRowThatLeavesYieldsToTheOneBefore) {
   OpenRows rows(lines(3));
   rows.set.SetFilter("Scelto = 0");
-  rows.set.MoveLast();
+  rows.set.MoveTo(rows.set.RecordCount());
   rows.set.Set("Scelto", whole(1));
   rows.set.Update();
   EXPECT_EQ(rows.set.Get("Numero").integer(), 2);
@@ -178,7 +178,7 @@ TEST(RecordsetFilter, ARowAddedUnderAFilterShowsWhenItMatches) {
 TEST(RecordsetFilter, ARowAddedThatDoesNotMatchStaysHidden) {
   OpenRows rows(lines(2));
   rows.set.SetFilter("Scelto = 0");
-  rows.set.MoveLast();
+  rows.set.MoveTo(rows.set.RecordCount());
   rows.set.AddNew();
   rows.set.Set("Numero", whole(3));
   rows.set.Set("Scelto", whole(1));
@@ -231,56 +231,7 @@ TEST(RecordsetFilter, WithoutChangesNothingIsPending) {
   EXPECT_TRUE(rows.set.Eof());
 }
 
-TEST(RecordsetDelete, ADeletedRowGoesWithEveryFilter) {
-  OpenRows rows(lines(4));
-  rows.set.MoveTo(2);
-  rows.set.Delete();
-  EXPECT_EQ(rows.set.RecordCount(), 3U);
-  EXPECT_EQ(rows.set.Get("Numero").integer(), 3);
-  EXPECT_EQ(numbers(rows.set), (Numbers{1, 3, 4}));
-  rows.set.SetFilter("Numero < 4");
-  EXPECT_EQ(numbers(rows.set), (Numbers{1, 3}));
-  rows.set.ClearFilter();
-  EXPECT_EQ(numbers(rows.set), (Numbers{1, 3, 4}));
-  rows.set.MoveLast();
-  rows.set.Delete();
-  EXPECT_EQ(rows.set.Get("Numero").integer(), 3);
-}
-
-TEST(RecordsetDelete, ADeletedRowIsPending) {
-  OpenRows rows(lines(3));
-  rows.set.SetFilter("Numero = 2");
-  rows.set.Delete();
-  EXPECT_TRUE(rows.set.Eof());
-  rows.set.FilterPending();
-  EXPECT_EQ(rows.set.RecordCount(), 1U);
-  EXPECT_EQ(rows.set.Status(), RecordStatus::Deleted);
-  EXPECT_EQ(rows.set.OriginalValue("Numero"), whole(2));
-}
-
-TEST(RecordsetDelete, ARowAddedAndDeletedNeverWas) {
-  OpenRows rows(lines(1));
-  rows.set.AddNew();
-  rows.set.Set("Numero", whole(2));
-  rows.set.Update();
-  rows.set.Delete();
-  EXPECT_EQ(numbers(rows.set), (Numbers{1}));
-  rows.set.FilterPending();
-  EXPECT_EQ(rows.set.RecordCount(), 0U);
-}
-
-TEST(RecordsetDelete, DeletingAllLeavesNone) {
-  OpenRows rows(lines(3));
-  while (!rows.set.Eof()) rows.set.Delete();
-  EXPECT_EQ(rows.set.RecordCount(), 0U);
-  EXPECT_TRUE(rows.set.Bof());
-  rows.set.AddNew();
-  rows.set.Set("Numero", whole(9));
-  rows.set.Update();
-  EXPECT_EQ(numbers(rows.set), (Numbers{9}));
-}
-
-// Any sequence of operations has the same result as on a plain list of rows.
+// Any sequence of operations shows what a plain list of rows would.
 TEST(Recordset, BehavesAsAListOfRows) {
   std::mt19937 random(99);
   for (int round = 0; round < 60; ++round) {
@@ -292,7 +243,7 @@ TEST(Recordset, BehavesAsAListOfRows) {
     bool filtered = false;
     for (int step = 0; step < 60; ++step) {
       const auto flag = static_cast<std::int64_t>(random() % 2);
-      switch (random() % 6) {
+      switch (random() % 5) {
         case 0:
           rows.set.SetFilter("Scelto = 0");
           filtered = true;
@@ -311,17 +262,11 @@ TEST(Recordset, BehavesAsAListOfRows) {
         case 3:
           if (rows.set.RecordCount() > 0) rows.set.MoveTo(1 + random() % rows.set.RecordCount());
           break;
-        case 4:
+        default:
           if (rows.set.AbsolutePosition() > 0) {
             chosen[rows.set.Get("Numero").integer()] = flag;
             rows.set.Set("Scelto", whole(flag));
             rows.set.Update();
-          }
-          break;
-        default:
-          if (rows.set.AbsolutePosition() > 0 && random() % 4 == 0) {
-            chosen.erase(rows.set.Get("Numero").integer());
-            rows.set.Delete();
           }
           break;
       }

@@ -49,7 +49,6 @@ TEST(Recordset, MovingAndChangingNeverTouchTheDatabase) {
   rows.set.Clone();
   rows.set.AddNew();
   rows.set.Update();
-  rows.set.Delete();
   rows.set.Close();
   EXPECT_EQ(rows.connection.sent.size(), 1U);
 }
@@ -63,7 +62,6 @@ TEST(Recordset, AClosedOneRefusesEverything) {
   EXPECT_EQ(errorOf([&] { set.MoveFirst(); }), kErrorObjectClosed);
   EXPECT_EQ(errorOf([&] { set.MoveNext(); }), kErrorObjectClosed);
   EXPECT_EQ(errorOf([&] { set.MovePrevious(); }), kErrorObjectClosed);
-  EXPECT_EQ(errorOf([&] { set.MoveLast(); }), kErrorObjectClosed);
   EXPECT_EQ(errorOf([&] { set.MoveTo(1); }), kErrorObjectClosed);
   EXPECT_EQ(errorOf([&] { (void)set.AbsolutePosition(); }), kErrorObjectClosed);
   EXPECT_EQ(errorOf([&] { (void)set.Bookmark(); }), kErrorObjectClosed);
@@ -78,7 +76,6 @@ TEST(Recordset, AClosedOneRefusesEverything) {
   EXPECT_EQ(errorOf([&] { (void)set.OriginalValue("Numero"); }), kErrorObjectClosed);
   EXPECT_EQ(errorOf([&] { set.Set("Numero", whole(1)); }), kErrorObjectClosed);
   EXPECT_EQ(errorOf([&] { set.AddNew(); }), kErrorObjectClosed);
-  EXPECT_EQ(errorOf([&] { set.Delete(); }), kErrorObjectClosed);
   EXPECT_EQ(errorOf([&] { (void)set.Status(); }), kErrorObjectClosed);
 }
 
@@ -135,14 +132,12 @@ TEST(Recordset, WithoutRowsBothEndsAreTrueAtOnce) {
   EXPECT_EQ(rows.set.RecordCount(), 0U);
   EXPECT_EQ(rows.set.AbsolutePosition(), 0U);
   EXPECT_EQ(errorOf([&] { rows.set.MoveFirst(); }), kErrorNoCurrentRow);
-  EXPECT_EQ(errorOf([&] { rows.set.MoveLast(); }), kErrorNoCurrentRow);
   EXPECT_EQ(errorOf([&] { rows.set.MoveNext(); }), kErrorNoCurrentRow);
   EXPECT_EQ(errorOf([&] { rows.set.MovePrevious(); }), kErrorNoCurrentRow);
   EXPECT_EQ(errorOf([&] { (void)rows.set.Get("Numero"); }), kErrorNoCurrentRow);
   EXPECT_EQ(errorOf([&] { (void)rows.set.Bookmark(); }), kErrorNoCurrentRow);
   EXPECT_EQ(errorOf([&] { (void)rows.set.Status(); }), kErrorNoCurrentRow);
   EXPECT_EQ(errorOf([&] { rows.set.Set("Nome", text("x")); }), kErrorNoCurrentRow);
-  EXPECT_EQ(errorOf([&] { rows.set.Delete(); }), kErrorNoCurrentRow);
 }
 
 TEST(Recordset, MovesOverBothEndsAndBack) {
@@ -166,7 +161,7 @@ TEST(Recordset, MovesOverBothEndsAndBack) {
   EXPECT_EQ(errorOf([&] { (void)rows.set.Row(); }), kErrorNoCurrentRow);
   rows.set.MoveNext();
   EXPECT_EQ(rows.set.Get("Numero").integer(), 1);
-  rows.set.MoveLast();
+  rows.set.MoveTo(rows.set.RecordCount());
   EXPECT_EQ(rows.set.Get("Numero").integer(), 2);
   rows.set.MoveFirst();
   EXPECT_EQ(rows.set.Get("Numero").integer(), 1);
@@ -228,7 +223,7 @@ TEST(Recordset, ABookmarkNamesItsRow) {
   OpenRows rows(lines(4));
   rows.set.MoveTo(3);
   const auto mark = rows.set.Bookmark();
-  rows.set.MoveLast();
+  rows.set.MoveTo(rows.set.RecordCount());
   rows.set.MoveNext();
   rows.set.SetBookmark(mark);
   EXPECT_EQ(rows.set.Get("Numero").integer(), 3);

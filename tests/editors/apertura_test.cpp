@@ -24,7 +24,7 @@ TEST_F(Opening, FiltersTheRecordsetToTheRow) {
 TEST_F(Opening, TakesTheRowOnWhichTheRecordsetStands) {
   database.main.answer("tabella", workTable({workRow(1, 1), workRow(2, 3, {{"Nome", text("Anna")}})}));
   riga.Open(database.main, "tabella", LockType::BatchOptimistic);
-  riga.MoveLast();
+  riga.MoveTo(riga.RecordCount());
   editor = fnCreaEditor(2016, {frontEnd, globali, utilita, settings});
   editor->setRecordset(riga);
   EXPECT_EQ(riga.Filter(), "Anno = 2016 AND IDAnagrafica = 2 AND IDCausalePagamento = 3");

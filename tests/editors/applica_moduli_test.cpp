@@ -44,15 +44,6 @@ TEST_F(Apply, TakesThePendingRowsInTheRecordsetsOrder) {
   EXPECT_THAT(opere(), ElementsAre("DELETE 7", "UPDATE 9", "DELETE 10", "INSERT 42"));
 }
 
-TEST_F(Apply, ARowDeletedFromTheRecordsetItselfIsDeleted) {
-  moduli({modulo(7, 2), modulo(8, 3)});
-  apri(2016);
-  seleziona(1);
-  righeModuli().Delete();
-  premi("cmdOk");
-  EXPECT_THAT(opere(), ElementsAre("DELETE 7"));
-}
-
 TEST_F(Apply, ADeletedNumberUsedAgainIsDeletedAndThenInserted) {
   moduli({modulo(7, 2), modulo(8, 3)});
   apri(2016);

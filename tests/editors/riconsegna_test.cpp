@@ -46,7 +46,7 @@ TEST_P(HandBack, LeavesTheOtherRowsAlone) {
   apri(GetParam());
   conferma();
   riga.ClearFilter();
-  riga.MoveLast();
+  riga.MoveTo(riga.RecordCount());
   EXPECT_EQ(colonna("IDAnagrafica"), "2");
   EXPECT_EQ(riga.Status(), RecordStatus::Unmodified);
 }

@@ -45,10 +45,11 @@ std::set<std::string> celle(std::int32_t anno, bool primoModulo) {
   scrittore.lega(righe.colonne());
   EXPECT_EQ(scrittore.scrivi(righe[0], {}, celle).motivo, telematico::Guasto::Motivo::Nessuno);
   std::set<std::string> scritte;
-  for (std::size_t n = 0; n < celle.usate(); ++n) {
+  for (std::size_t n = 0; n < telematico::kCelle; ++n) {
     const auto posto = static_cast<std::size_t>(telematico::kPrimaCella - 1) +
                        n * static_cast<std::size_t>(telematico::kLarghezzaCella);
     const std::string cella(immagine.line().substr(posto, telematico::kLarghezzaCella));
+    if (cella.front() == ' ') break;
     scritte.insert(cella.starts_with("AU001006") ? cella : cella.substr(0, 8));
   }
   return scritte;

@@ -7,7 +7,9 @@
 
 #include "archive/archivio_di_prova.h"
 #include "report_support.h"
+#include "reporting/definition_reader.h"
 #include "reporting/formula_tokens.h"
+#include "reporting/library.h"
 #include "reporting/rows.h"
 #include "reporting/run_readings.h"
 
@@ -18,7 +20,8 @@ using reporting::ReportDefinition;
 using testing::ElementsAre;
 
 ReportDefinition definition(const std::string& name) {
-  for (const ReportDefinition& each : reporting::ReportLibrary(reporting::embeddedDefinitionFiles()).all()) {
+  for (const reporting::DefinitionFile& file : reporting::embeddedDefinitionFiles()) {
+    ReportDefinition each = reporting::parseDefinition(file.text, file.name);
     if (each.name == name) return each;
   }
   throw std::runtime_error("no definition of " + name);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "modello/regole.h"
+#include "reporting/definition_reader.h"
 #include "reporting/library.h"
 
 namespace cu::reporting {
@@ -19,7 +20,8 @@ TEST(GrossAmount, OfAccountsIsThatOfTheForm) {
                                     modello::kAddendiLordoDelConto.end());
   expected.emplace_back(kModules);
   int seen = 0;
-  for (const ReportDefinition& report : ReportLibrary(embeddedDefinitionFiles()).all()) {
+  for (const DefinitionFile& file : embeddedDefinitionFiles()) {
+    const ReportDefinition report = parseDefinition(file.text, file.name);
     if (report.view != "RepContoIndividuale") continue;
     for (const ReportColumn& column : report.columns) {
       if (column.caption != "Ammontare lordo") continue;

@@ -31,7 +31,25 @@ TEST(Refusal, NamesTheConstructThatHasNoPlaceHere) {
       {"SELECT * FROM Conto INNER HASH JOIN tmp12 ON 1 = 1", "suggerimento HASH in una JOIN"},
       {"SELECT ROW_NUMBER() OVER (ORDER BY Anno) FROM Conto", "OVER"},
       {"SELECT Nome COLLATE Latin1_General_CI_AS FROM Vista", "COLLATE"},
-      {"SELECT Anno FROM Conto GROUP BY Anno WITH ROLLUP", "GROUP BY ... WITH"},
+      {"SELECT Anno FROM Conto UNION ALL SELECT 1", "UNION"},
+      {"SELECT Anno FROM Conto GROUP BY Anno", "GROUP BY"},
+      {"SELECT COUNT(*) FROM Conto HAVING COUNT(*) > 1", "HAVING"},
+      {"SELECT COUNT(DISTINCT Anno) FROM Conto", "DISTINCT in una funzione"},
+      {"SELECT a.Anno FROM Conto a, tmp12 b", "tabelle separate da virgole"},
+      {"SELECT a.Anno FROM Conto a RIGHT JOIN tmp12 b ON a.Anno = b.Anno", "RIGHT JOIN"},
+      {"SELECT a.Anno FROM Conto a FULL OUTER JOIN tmp12 b ON a.Anno = b.Anno", "FULL OUTER"},
+      {"SELECT a.Anno FROM Conto a CROSS JOIN tmp12 b", "CROSS JOIN"},
+      {"SELECT a.Anno FROM (Conto a JOIN tmp12 b ON a.Anno = b.Anno)", "JOIN fra parentesi"},
+      {"SELECT Anno FROM Conto WHERE Codice LIKE 'a%'", "LIKE"},
+      {"SELECT Anno FROM Conto WHERE Codice NOT LIKE 'a%'", "LIKE"},
+      {"SELECT Anno FROM Conto WHERE Anno BETWEEN 1 AND 2", "BETWEEN"},
+      {"SELECT Anno FROM Conto WHERE Anno NOT IN (SELECT Anno FROM tmp12)", "IN con una query"},
+      {"SELECT CASE Anno WHEN 1 THEN 2 END FROM Conto", "CASE con un valore"},
+      {"SELECT CAST(Anno AS int) FROM Conto", "CAST"},
+      {"SELECT Quota * 2 FROM Conto", "«*» fra valori"},
+      {"SELECT Quota / 2 FROM Conto", "«/» fra valori"},
+      {"SELECT Anno % 2 FROM Conto", "«%» fra valori"},
+      {"SELECT c = Anno FROM Conto", "nome davanti all'espressione"},
       {"SELECT Anno FROM Conto WHERE Anno > ALL (SELECT 1)", "ALL in un confronto"},
       {"SELECT @x = 1", "assegnazione a una variabile"},
       {"SELECT @x", "variabile @x"},
@@ -56,7 +74,9 @@ TEST(Refusal, NamesTheConstructThatHasNoPlaceHere) {
       {"TRUNCATE TABLE Conto", "TRUNCATE"},
       {"ALTER TABLE Conto ADD x int", "ALTER"},
       {"GRANT SELECT ON Conto TO x", "GRANT"},
-      {"SET DATEFORMAT dmy", "SET DATEFORMAT"},
+      {"SET NOCOUNT ON", "SET"},
+      {"BEGIN DELETE Conto END", "BEGIN DELETE"},
+      {"IF 1 = 1 DELETE Conto ELSE DELETE tmp12", "IF ... ELSE"},
       {"CREATE PROCEDURE p AS SELECT 1", "CREATE PROCEDURE"},
       {"CREATE TRIGGER t ON Conto FOR INSERT AS SELECT 1", "CREATE TRIGGER"},
       {"CREATE TYPE Altro FROM int", "CREATE TYPE di un tipo non della suite"},
@@ -64,12 +84,17 @@ TEST(Refusal, NamesTheConstructThatHasNoPlaceHere) {
       {"CREATE TABLE t (a varchar(10) COLLATE x)", "COLLATE in una colonna"},
       {"CREATE TABLE t (a AS b + 1)", "colonna calcolata"},
       {"CREATE TABLE t (a int CHECK (a > 0))", "CHECK"},
+      {"CREATE TABLE t (a int, UNIQUE (a))", "UNIQUE"},
+      {"CREATE TABLE t (a int, PRIMARY KEY (a DESC))", "DESC in una chiave"},
+      {"CREATE UNIQUE INDEX i ON Conto (Anno)", "CREATE UNIQUE"},
       {"CREATE TABLE t (a int REFERENCES Conto(Anno))", "REFERENCES"},
       {"CREATE TABLE t (a int PRIMARY KEY WITH (IGNORE_DUP_KEY = ON))", "IGNORE_DUP_KEY = ON"},
       {"CREATE TABLE t (a int) ON [ALTRO]", "gruppo di file diverso da PRIMARY"},
       {"CREATE INDEX i ON Conto (Anno) INCLUDE (Quota)", "indice con INCLUDE"},
       {"CREATE VIEW v WITH SCHEMABINDING AS SELECT 1 AS a", "CREATE VIEW ... WITH"},
+      {"CREATE VIEW v (a) AS SELECT Anno FROM Conto", "elenco di colonne di una vista"},
       {"DROP INDEX i ON Conto", "DROP INDEX"},
+      {"DROP TABLE IF EXISTS Conto", "DROP ... IF EXISTS"},
       {"DROP TABLE a, b", "DROP di più oggetti"},
       {"MERGE Conto c USING tmp12 t ON c.Anno = t.Anno WHEN NOT MATCHED BY SOURCE THEN DELETE;",
        "WHEN NOT MATCHED BY SOURCE"},
@@ -102,11 +127,7 @@ TEST(Refusal, TellsWhatCannotBeDecided) {
       {"SELECT YEAR(Codice) FROM tmp12", "YEAR di un testo"},
       {"SELECT RTRIM(Anno) FROM tmp12", "RTRIM di un numero intero: non decidibile"},
       {"SELECT SUM(Codice) FROM tmp12", "SUM di un testo: non decidibile"},
-      {"SELECT SUBSTRING(Codice, Anno, 1) FROM tmp12", "SUBSTRING vuole posizioni scritte per esteso"},
-      {"SELECT SUBSTRING(Codice, 0, 1) FROM tmp12", "una posizione è un numero intero da 1 in su"},
-      {"SELECT Lordo % 2 FROM tmp12", "resto di una divisione fra importi"},
-      {"SELECT CAST(Lordo AS varchar(10)) FROM tmp12", "CAST di un importo in varchar"},
-      {"SELECT CAST(Lordo AS float) FROM tmp12", "tipo non ammesso dal database incorporato: float"},
+      {"SELECT Anno FROM tmp12 ORDER BY 1", "ORDER BY di una posizione"},
   };
   for (const Refused& each : cases) EXPECT_EQ(refusal(each.text), each.message) << each.text;
 }
@@ -117,9 +138,10 @@ TEST(Refusal, NamesWhatTheDatabaseDoesNotHold) {
       {"SELECT Assente FROM Conto", "colonna sconosciuta: Assente"},
       {"SELECT Conto.Assente FROM Conto", "colonna sconosciuta: Conto.Assente"},
       {"SELECT x.Anno FROM Conto c", "colonna sconosciuta: x.Anno"},
-      {"SELECT Anno FROM Conto, tmp12", "nome di colonna ambiguo: Anno"},
-      {"SELECT a.Anno, b.Anno FROM Conto a, tmp12 b ORDER BY Anno", "nome di colonna ambiguo: Anno"},
-      {"SELECT * FROM Conto, Conto", "due tabelle con lo stesso nome: Conto"},
+      {"SELECT Anno FROM Conto INNER JOIN tmp12 ON Flag = Lordo", "nome di colonna ambiguo: Anno"},
+      {"SELECT a.Anno, b.Anno FROM Conto a INNER JOIN tmp12 b ON a.Flag = b.Lordo ORDER BY Anno",
+       "nome di colonna ambiguo: Anno"},
+      {"SELECT * FROM Conto INNER JOIN Conto ON Anno = Anno", "due tabelle con lo stesso nome: Conto"},
       {"SELECT x.* FROM Conto", "«*» senza tabella"},
       {"UPDATE Conto SET Assente = 1", "colonna sconosciuta: Conto.Assente"},
       {"UPDATE Vista SET Nome = 'x'", "una vista non si modifica: Vista"},
@@ -133,6 +155,8 @@ TEST(Refusal, NamesWhatTheDatabaseDoesNotHold) {
        "la colonna IDAnagrafica non ammette il valore nullo"},
       {"SELECT SOUNDEX(Nome) FROM Vista", "funzione non ammessa dal database incorporato: SOUNDEX"},
       {"SELECT CONVERT(int, Anno) FROM Conto", "funzione non ammessa dal database incorporato: CONVERT"},
+      {"SELECT LOWER(Nome) FROM Vista", "funzione non ammessa dal database incorporato: LOWER"},
+      {"SELECT ROUND(Quota, 2) FROM Conto", "funzione non ammessa dal database incorporato: ROUND"},
       {"SELECT IFNULL(Anno, 1) FROM Conto", "funzione non ammessa dal database incorporato: IFNULL"},
       {"SELECT RTRIM(Nome, 'x') FROM Vista", "numero di argomenti di RTRIM"},
       {"DROP TABLE Assente", "tabella sconosciuta: Assente"},
@@ -156,9 +180,8 @@ TEST(Refusal, NamesWhatTheDatabaseDoesNotHold) {
       {"CREATE VIEW v AS SELECT Anno + 1 FROM Conto", "vista v: colonna senza nome"},
       {"CREATE VIEW v AS SELECT Anno, Anno FROM Conto", "vista v: colonna ripetuta Anno"},
       {"CREATE VIEW v AS SELECT Anno FROM Conto ORDER BY Anno", "una vista non ha ORDER BY"},
-      {"CREATE VIEW v AS SELECT Anno FROM Conto WHERE Codice LIKE 'a%'",
-       "costruzione non ammessa in una vista: LIKE"},
-      {"CREATE VIEW v AS SELECT Anno / 2 AS a FROM Conto", "costruzione non ammessa in una vista: divisione"},
+      {"CREATE VIEW v AS SELECT OBJECT_ID('Conto') AS a FROM Conto",
+       "costruzione non ammessa in una vista: OBJECT_ID"},
   };
   for (const Refused& each : cases) EXPECT_EQ(refusal(each.text), each.message) << each.text;
 }
@@ -168,8 +191,6 @@ TEST(Refusal, TellsWhereAConditionAndWhereAValueBelongs) {
   EXPECT_EQ(refusal("SELECT (Anno = 1) FROM Conto"), "una condizione dove occorre un valore");
   EXPECT_EQ(refusal("SELECT Anno FROM Conto WHERE (SELECT Anno, Flag FROM Conto) = 1"),
             "una query come valore dà una colonna sola");
-  EXPECT_EQ(refusal("SELECT Anno FROM Conto WHERE Anno IN (SELECT Anno, Flag FROM Conto)"),
-            "IN vuole una query di una colonna");
 }
 
 TEST(Refusal, TellsWhereATextBreaksOff) {
@@ -202,11 +223,8 @@ TEST(Refusal, DeepAndLongTextsEndInAnError) {
   for (int i = 0; i < 5000; ++i) negations += "NOT ";
   EXPECT_EQ(refusal(negations), "espressione troppo annidata");
   std::string signs = "SELECT ";
-  for (int i = 0; i < 5000; ++i) signs += "+ ";
+  for (int i = 0; i < 5000; ++i) signs += "- ";
   EXPECT_EQ(refusal(signs), "espressione troppo annidata");
-  std::string unions = "SELECT 1 AS a";
-  for (int i = 0; i < 5000; ++i) unions += " UNION SELECT 1";
-  EXPECT_EQ(refusal(unions), "troppe UNION");
 }
 
 }  // namespace

@@ -33,16 +33,11 @@ TEST(Rewrite, PlainStatementsKeepTheirWordsAndGetParameters) {
       {"SELECT MAX(IDAnagrafica) AS ID FROM Anagrafica", "SELECT max(IDAnagrafica) AS ID FROM Anagrafica"},
       {"SELECT DISTINCT Conto.Anno From Conto WHERE Flag = 1 ORDER BY Anno DESC",
        "SELECT DISTINCT Conto.Anno FROM Conto WHERE Flag = ?1 ORDER BY Conto.Anno DESC"},
-      {"SELECT Anno, COUNT(*) n FROM Conto GROUP BY Anno HAVING COUNT(*) > 1",
-       "SELECT Anno, count(*) AS n FROM Conto GROUP BY Anno HAVING count(*) > ?1"},
-      {"SELECT a.Anno FROM (SELECT Anno FROM Conto) a, Anagrafica b WHERE a.Anno = b.IDAnagrafica",
-       "SELECT a.Anno FROM (SELECT Anno FROM Conto) AS a, Anagrafica AS b WHERE a.Anno = b.IDAnagrafica"},
-      {"SELECT Anno FROM Conto WHERE NOT (Anno = 1 OR Anno = 2) AND Flag IS NOT NULL",
-       "SELECT Anno FROM Conto WHERE NOT (Anno = ?1 OR Anno = ?2) AND Flag IS NOT NULL "
-       "ORDER BY Conto.IDAnagrafica, Conto.Anno"},
-      {"SELECT Anno FROM Conto WHERE (Anno = 1 OR Anno = 2) AND Flag BETWEEN 1 AND 3 ORDER BY Anno",
-       "SELECT Anno FROM Conto WHERE (Anno = ?1 OR Anno = ?2) AND Flag BETWEEN ?3 AND ?4 ORDER BY Anno"},
-      {"SELECT c = Codice FROM tmp12 ORDER BY 1 DESC", "SELECT Codice AS c FROM tmp12 ORDER BY 1 DESC"},
+      {"SELECT a.Anno FROM (SELECT Anno FROM Conto) a INNER JOIN Anagrafica b ON a.Anno = b.IDAnagrafica",
+       "SELECT a.Anno FROM (SELECT Anno FROM Conto) AS a INNER JOIN Anagrafica AS b ON a.Anno = "
+       "b.IDAnagrafica"},
+      {"SELECT Anno FROM Conto WHERE (Anno = 1 OR Anno = 2) AND Flag IS NULL ORDER BY Anno",
+       "SELECT Anno FROM Conto WHERE (Anno = ?1 OR Anno = ?2) AND Flag IS NULL ORDER BY Anno"},
   });
 }
 
@@ -77,14 +72,10 @@ TEST(Rewrite, CalculatedAmountsAreRoundedToFourPlacesOnce) {
        "SELECT cu_amount(Onorario - ifnull(Quota, ?1)) AS i FROM Conto ORDER BY Anno"},
       {"SELECT Onorario + Quota + 1 - (Quota - 2) AS i FROM Conto ORDER BY Anno",
        "SELECT cu_amount(Onorario + Quota + ?1 - (Quota - ?2)) AS i FROM Conto ORDER BY Anno"},
-      {"SELECT SUM(Onorario) AS s, SUM(Anno) AS n, AVG(Anno) AS m FROM Conto",
-       "SELECT cu_sum(Onorario) AS s, sum(Anno) AS n, CAST(avg(Anno) AS INTEGER) AS m FROM Conto"},
-      {"UPDATE Conto SET Onorario = Quota * 2", "UPDATE Conto SET Onorario = cu_amount(Quota * ?1)"},
+      {"SELECT SUM(Onorario) AS s, SUM(Anno) AS n FROM Conto",
+       "SELECT cu_sum(Onorario) AS s, sum(Anno) AS n FROM Conto"},
       {"UPDATE Conto SET Onorario = Quota", "UPDATE Conto SET Onorario = Quota"},
       {"UPDATE Conto SET Onorario = ISNULL(Quota, 0)", "UPDATE Conto SET Onorario = ifnull(Quota, ?1)"},
-      {"SELECT Onorario / 2 AS h, Anno / 2 AS k FROM Conto ORDER BY Anno",
-       "SELECT cu_divide(CAST(Onorario AS REAL), ?1) AS h, cu_divide(Anno, ?2) AS k FROM Conto ORDER BY "
-       "Anno"},
   });
 }
 
@@ -102,46 +93,26 @@ TEST(Rewrite, TextComparesWithoutCaseWhereTheColumnDoesNotSaySo) {
        "ifnull(Progressivo, ?3) COLLATE NOCASE = ?4 ORDER BY Anno"},
       {"SELECT Anno FROM tmp12 WHERE Codice + 'x' = 'AX' ORDER BY Anno",
        "SELECT Anno FROM tmp12 WHERE (Codice || ?1) COLLATE NOCASE = ?2 ORDER BY Anno"},
-      {"SELECT Anno FROM tmp12 WHERE UPPER(Codice) BETWEEN 'A' AND 'C' ORDER BY Anno",
-       "SELECT Anno FROM tmp12 WHERE upper(Codice) COLLATE NOCASE BETWEEN ?1 AND ?2 ORDER BY Anno"},
-      {"SELECT CASE RTRIM(Codice) WHEN 'M' THEN 1 ELSE 0 END AS f FROM tmp12 ORDER BY Anno",
-       "SELECT CASE rtrim(Codice) COLLATE NOCASE WHEN ?1 THEN ?2 ELSE ?3 END AS f FROM tmp12 ORDER BY Anno"},
+      {"SELECT Anno FROM tmp12 WHERE UPPER(Codice) = 'A' ORDER BY Anno",
+       "SELECT Anno FROM tmp12 WHERE upper(Codice) COLLATE NOCASE = ?1 ORDER BY Anno"},
       {"SELECT DISTINCT RTRIM(Codice) AS c, Codice FROM tmp12",
        "SELECT DISTINCT rtrim(Codice) COLLATE NOCASE AS c, Codice FROM tmp12"},
-      {"SELECT RTRIM(Codice) AS c FROM tmp12 GROUP BY RTRIM(Codice) ORDER BY c, RTRIM(Codice)",
-       "SELECT rtrim(Codice) AS c FROM tmp12 GROUP BY rtrim(Codice) COLLATE NOCASE "
-       "ORDER BY c COLLATE NOCASE, rtrim(Codice) COLLATE NOCASE"},
-      {"SELECT MAX(RTRIM(Codice)) AS c, COUNT(DISTINCT LOWER(Codice)) AS n, MIN(Codice) AS m FROM tmp12",
-       "SELECT max(rtrim(Codice) COLLATE NOCASE) AS c, count(DISTINCT lower(Codice) COLLATE NOCASE) AS n, "
-       "min(Codice) AS m FROM tmp12"},
-      {"SELECT RTRIM(Codice) AS c FROM tmp12 UNION SELECT Nome FROM Vista ORDER BY c",
-       "SELECT rtrim(Codice) COLLATE NOCASE AS c FROM tmp12 UNION SELECT Nome FROM Vista ORDER BY c"},
-      {"SELECT x.c FROM (SELECT LTRIM(Codice) AS c FROM tmp12) x WHERE x.c = 'a'",
-       "SELECT x.c FROM (SELECT ltrim(Codice) COLLATE NOCASE AS c FROM tmp12) AS x WHERE x.c = ?1"},
-      {"SELECT NULLIF(RTRIM(Codice), 'm') AS c FROM tmp12 ORDER BY Anno",
-       "SELECT nullif(rtrim(Codice) COLLATE NOCASE, ?1) AS c FROM tmp12 ORDER BY Anno"},
+      {"SELECT RTRIM(Codice) AS c FROM tmp12 ORDER BY c, RTRIM(Codice)",
+       "SELECT rtrim(Codice) AS c FROM tmp12 ORDER BY c COLLATE NOCASE, rtrim(Codice) COLLATE NOCASE"},
+      {"SELECT MAX(RTRIM(Codice)) AS c, MAX(Codice) AS m FROM tmp12",
+       "SELECT max(rtrim(Codice) COLLATE NOCASE) AS c, max(Codice) AS m FROM tmp12"},
+      {"SELECT x.c FROM (SELECT RTRIM(Codice) AS c FROM tmp12) x WHERE x.c = 'a'",
+       "SELECT x.c FROM (SELECT rtrim(Codice) COLLATE NOCASE AS c FROM tmp12) AS x WHERE x.c = ?1"},
   });
 }
 
 TEST(Rewrite, FunctionsBecomeTheEnginesOwn) {
   check({
-      {"SELECT Year(Pagato) AS y, MONTH(Pagato) AS m, DAY(Pagato) AS d FROM Conto ORDER BY Anno",
-       "SELECT CAST(strftime('%Y', Pagato) AS INTEGER) AS y, CAST(strftime('%m', Pagato) AS INTEGER) AS m, "
-       "CAST(strftime('%d', Pagato) AS INTEGER) AS d FROM Conto ORDER BY Anno"},
-      {"SELECT LEN(Codice) AS l, LEFT(Codice, 2) AS a, RIGHT(Codice, 3) AS b, SUBSTRING(Codice, 2, 4) AS c "
-       "FROM tmp12 ORDER BY Anno",
-       "SELECT length(rtrim(Codice)) AS l, substr(Codice, 1, 2) AS a, substr(Codice, -3) AS b, "
-       "substr(Codice, 2, 4) AS c FROM tmp12 ORDER BY Anno"},
-      {"SELECT COALESCE(Codice, Protocollo, '') AS c, ABS(Lordo) AS a, ROUND(Lordo, 2) AS r FROM tmp12 ORDER "
-       "BY Anno",
-       "SELECT coalesce(Codice, Protocollo, ?1) AS c, abs(Lordo) AS a, cu_round(Lordo, 2) AS r FROM tmp12 "
-       "ORDER BY Anno"},
-      {"SELECT Anno FROM tmp12 WHERE Codice LIKE 'a%' AND Codice NOT LIKE '%z' ESCAPE '!' ORDER BY Anno",
-       "SELECT Anno FROM tmp12 WHERE cu_like(Codice, ?1) AND NOT cu_like(Codice, ?2, ?3) ORDER BY Anno"},
-      {"SELECT CAST(Lordo AS int) AS i, CAST(Anno AS varchar(10)) AS t, CAST(Codice AS varchar(5)) AS c, "
-       "CAST(Lordo AS decimal(18, 2)) AS d FROM tmp12 ORDER BY Anno",
-       "SELECT CAST(Lordo AS INTEGER) AS i, CAST(Anno AS TEXT) AS t, substr(Codice, 1, 5) AS c, "
-       "cu_round(Lordo, 2) AS d FROM tmp12 ORDER BY Anno"},
+      {"SELECT Year(Pagato) AS y, ISNULL(Codice, '') AS c FROM Conto ORDER BY Anno",
+       "SELECT CAST(strftime('%Y', Pagato) AS INTEGER) AS y, ifnull(Codice, ?1) AS c FROM Conto ORDER BY "
+       "Anno"},
+      {"SELECT UPPER(Codice) AS u, RTRIM(Codice) AS r FROM tmp12 ORDER BY Anno",
+       "SELECT upper(Codice) AS u, rtrim(Codice) AS r FROM tmp12 ORDER BY Anno"},
   });
 }
 
@@ -186,8 +157,6 @@ TEST(Rewrite, TheJoinedUpdateLosesItsTargetFromTheTablesItReads) {
        "CI.IDAnagrafica = t.IDAnagrafica AND t.Modificato <> ?1 AND t.Selezionato <> ?2"},
       {"UPDATE CI SET CI.Flag = 1 FROM tmp12 t INNER JOIN Conto CI ON CI.Anno = t.Anno",
        "UPDATE Conto AS CI SET Flag = ?1 FROM tmp12 AS t WHERE CI.Anno = t.Anno"},
-      {"UPDATE Conto SET Flag = 1 FROM Conto, tmp12 WHERE Conto.Anno = tmp12.Anno OR tmp12.Anno = 1",
-       "UPDATE Conto SET Flag = ?1 FROM tmp12 WHERE Conto.Anno = tmp12.Anno OR tmp12.Anno = ?2"},
       {"UPDATE Conto SET Flag = 1 FROM Conto a INNER JOIN tmp12 b ON a.Anno = b.Anno OR a.Flag = 2 WHERE "
        "b.Anno = 3",
        "UPDATE Conto AS a SET Flag = ?1 FROM tmp12 AS b WHERE (a.Anno = b.Anno OR a.Flag = ?2) AND b.Anno = "
@@ -243,26 +212,27 @@ TEST(Rewrite, OrderByMeansTheColumnsOfTheResultFirst) {
   });
 }
 
-TEST(Rewrite, JoinsOfEveryKind) {
+// No statement of the system uses these; whoever examines a database of the suite or removes parts of it
+// does.
+TEST(Rewrite, WantedThoughUnsent) {
   check({
-      {"SELECT a.Anno FROM Conto a LEFT OUTER JOIN tmp12 b ON a.Anno = b.Anno RIGHT JOIN Vista v ON v.Totale "
-       "= b.Lordo "
-       "CROSS JOIN Anagrafica",
-       "SELECT a.Anno FROM Conto AS a LEFT JOIN tmp12 AS b ON a.Anno = b.Anno RIGHT JOIN Vista AS v ON "
-       "v.Totale = b.Lordo CROSS JOIN Anagrafica"},
-      {"SELECT a.Anno FROM Conto a LEFT JOIN tmp12 b INNER JOIN Vista v ON v.Totale = b.Lordo ON a.Anno = "
-       "b.Anno",
-       "SELECT a.Anno FROM Conto AS a LEFT JOIN (tmp12 AS b INNER JOIN Vista AS v ON v.Totale = b.Lordo) ON "
-       "a.Anno = b.Anno"},
-      {"SELECT a.Anno FROM (Conto a JOIN tmp12 b ON a.Anno = b.Anno)",
-       "SELECT a.Anno FROM (Conto AS a INNER JOIN tmp12 AS b ON a.Anno = b.Anno)"},
+      {"SELECT COUNT(*) AS n FROM Conto", "SELECT count(*) AS n FROM Conto"},
+      {"SELECT Anno FROM Conto WHERE Flag IS NOT NULL AND Anno NOT IN (1, 2) ORDER BY Anno",
+       "SELECT Anno FROM Conto WHERE Flag IS NOT NULL AND Anno NOT IN (?1, ?2) ORDER BY Anno"},
+      {"SELECT Anno FROM Conto WHERE NOT (Anno = 1 OR Anno = 2) ORDER BY Anno",
+       "SELECT Anno FROM Conto WHERE NOT (Anno = ?1 OR Anno = ?2) ORDER BY Anno"},
+      {"SELECT a.Anno FROM Conto a LEFT OUTER JOIN tmp12 b ON a.Anno = b.Anno",
+       "SELECT a.Anno FROM Conto AS a LEFT JOIN tmp12 AS b ON a.Anno = b.Anno"},
+      {"CREATE TABLE t (a int NOT NULL PRIMARY KEY)", "CREATE TABLE t (a INTEGER NOT NULL, PRIMARY KEY (a))"},
+      {"DROP VIEW Vista", "DROP VIEW Vista"},
+      {"DROP TABLE Conto", "DROP TABLE Conto"},
   });
 }
 
 TEST(Rewrite, TheResultsColumnsAreNamedAndTyped) {
   const Rewritten result = rewritten(
       "SELECT t.*, t.Lordo - 1 AS Netto, COUNT(*), Year(c.Pagato) AS y FROM tmp12 t "
-      "INNER JOIN Conto c ON t.Anno = c.Anno GROUP BY t.Anno");
+      "INNER JOIN Conto c ON t.Anno = c.Anno");
   ASSERT_EQ(result.columns.size(), 11u);
   EXPECT_EQ(result.columns[5].name, "Lordo");
   EXPECT_EQ(result.columns[5].kind, ValueKind::Decimal);

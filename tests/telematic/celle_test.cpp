@@ -40,13 +40,14 @@ TEST_F(Cells, ALastFreeOneIsTakenAndBehindItNone) {
   EXPECT_FALSE(scrivi("B"));
   EXPECT_FALSE(celle.scriviADestra("AU001002", "1", 1));
   EXPECT_EQ(cella(kCelle), "AU001001A               ");
-  EXPECT_EQ(celle.usate(), kCelle);
 }
 
 TEST_F(Cells, AnEmptyValueTakesNoneEvenWhereNoneIsLeft) {
-  riempi(kCelle);
+  riempi(kCelle - 1);
   EXPECT_TRUE(scrivi(""));
-  EXPECT_EQ(celle.usate(), kCelle);
+  EXPECT_TRUE(scrivi("A"));
+  EXPECT_TRUE(scrivi(""));
+  EXPECT_FALSE(scrivi("B"));
 }
 
 TEST_F(Cells, ALongValueThatFindsNoCellToGoOnInIsRefused) {

@@ -85,7 +85,9 @@ class ToolKeys : public testing::TestWithParam<std::pair<std::int16_t, const cha
 
 TEST_P(ToolKeys, AreSwallowedAndDoNothingWhileTheToolIsDisabled) {
   avvia(247);
-  form().BarMenuWzr.setToolEnabled(GetParam().second, false);
+  form().BarMenuWzr.clear();
+  form().BarMenuWzr.addTool(
+      {.key = GetParam().second, .band = {}, .caption = {}, .shortcut = {}, .enabled = false});
   dimentica();
   EXPECT_TRUE(form().keyDown(GetParam().first, kControl));
   EXPECT_EQ(form().oggettoCorrente(), 0);

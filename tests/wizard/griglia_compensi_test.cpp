@@ -2,7 +2,12 @@
 
 #include <string_view>
 
-#include "worklist/compensi_prova.h"
+#include "controls/form.h"
+#include "controls/grid.h"
+#include "support/fake_connection.h"
+#include "support/scripted_front_end.h"
+#include "support/work_table.h"
+#include "wizard/griglia_compensi.h"
 
 namespace cu::test {
 namespace {
@@ -67,7 +72,27 @@ bool presente(Quando quando, int tipoComunicazione) {
   return false;
 }
 
-class ColumnsByKind : public testing::TestWithParam<int>, public CompensiProva {};
+struct GrigliaProva {
+  class Finestra : public Form {
+   public:
+    explicit Finestra(FrontEnd& schermo)
+        : Form(schermo, "frmWizard"), griglia(*this, "grdCompensi", nullptr) {}
+    Grid griglia;
+  };
+
+  void apri() {
+    database.answer("tmpprequadrivio12", workTable({workRow(1, 1), workRow(2, 1), workRow(3, 1)}));
+    righe.Open(database, "tmpprequadrivio12");
+  }
+
+  FakeConnection database;
+  Recordset righe;
+  ScriptedFrontEnd frontEnd;
+  Finestra finestra{frontEnd};
+  GrigliaCompensi vista{finestra.griglia};
+};
+
+class ColumnsByKind : public testing::TestWithParam<int>, public GrigliaProva {};
 
 TEST_P(ColumnsByKind, AreThoseOfTheKindInOrder) {
   vista.sbFormattaGriglia(static_cast<Comunicazione>(GetParam()));
@@ -91,7 +116,7 @@ TEST_P(ColumnsByKind, AreThoseOfTheKindInOrder) {
 
 INSTANTIATE_TEST_SUITE_P(Kinds, ColumnsByKind, testing::Values(1, 2, 3));
 
-class WorklistGrid : public testing::Test, public CompensiProva {};
+class WorklistGrid : public testing::Test, public GrigliaProva {};
 
 TEST_F(WorklistGrid, AnOrdinaryCommunicationShowsNoReferences) {
   vista.sbFormattaGriglia(Comunicazione::Ordinaria);
@@ -137,7 +162,6 @@ TEST_F(WorklistGrid, AmountsHaveTwoPlacesACommaAndPointsWhateverTheCurrency) {
 }
 
 TEST_F(WorklistGrid, TheMenuColumnShowsTheSameValueInEveryRowAndNoOtherColumnIsPainted) {
-  carica({workRow(1, 1), workRow(2, 1)});
   vista.sbFormattaGriglia(Comunicazione::Ordinaria);
   const Grid& griglia = finestra.griglia;
   const GridColumn& popup = *finestra.griglia.column("Popup");
@@ -148,6 +172,31 @@ TEST_F(WorklistGrid, TheMenuColumnShowsTheSameValueInEveryRowAndNoOtherColumnIsP
   Value nulla;
   griglia.paintValue(identita, nulla);
   EXPECT_TRUE(nulla.isNull());
+}
+
+TEST_F(WorklistGrid, ShowsTheRowsAndHowManyAreSelected) {
+  apri();
+  vista.sbFormattaGriglia(Comunicazione::Ordinaria);
+  EXPECT_EQ(finestra.griglia.column("Selezionato")->caption, "[ 0 ]");
+  vista.caricati(righe);
+  vista.contati(2);
+  EXPECT_EQ(finestra.griglia.rows(), &righe);
+  EXPECT_EQ(finestra.griglia.rowCount(), 3U);
+  EXPECT_EQ(finestra.griglia.row(), 1U);
+  EXPECT_EQ(finestra.griglia.column("Selezionato")->caption, "[ 2 ]");
+}
+
+TEST_F(WorklistGrid, StandsStillWhileItsRowsChangeAndThenShowsTheCurrentOne) {
+  apri();
+  vista.caricati(righe);
+  int mostrate = 0;
+  finestra.griglia.onRowChange = [&] { ++mostrate; };
+  vista.sospendi();
+  EXPECT_FALSE(finestra.griglia.drawing());
+  vista.riprendi();
+  EXPECT_TRUE(finestra.griglia.drawing());
+  vista.cambiati();
+  EXPECT_EQ(mostrate, 1);
 }
 
 }  // namespace

@@ -67,7 +67,7 @@ TEST_F(GridStep, SpaceIsPassedOverUnlessTheGridIsAtRest) {
 }
 
 TEST_F(GridStep, SpaceBeforeTheFirstOrBehindTheLastRowTogglesNothing) {
-  griglia().rows()->MoveLast();
+  griglia().rows()->MoveTo(griglia().rows()->RecordCount());
   griglia().rows()->MoveNext();
   griglia().keyDown(kSpazio, 0);
   griglia().rows()->MoveFirst();

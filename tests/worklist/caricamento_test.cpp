@@ -65,29 +65,26 @@ TEST_F(Load, RunsUnderTheHourglass) {
 
 TEST_F(Load, BindsTheRowsToTheGrid) {
   carica({workRow(1, 1), workRow(2, 1), workRow(3, 1)});
-  EXPECT_EQ(finestra.griglia.rows(), &compensi.rsCompensi());
-  EXPECT_EQ(finestra.griglia.rowCount(), 3U);
-  EXPECT_EQ(finestra.griglia.row(), 1U);
+  EXPECT_EQ(vista.righe, &compensi.rsCompensi());
+  EXPECT_EQ(vista.quante(), 3U);
+  EXPECT_EQ(vista.corrente(), 1U);
 }
 
 TEST_F(Load, CountsTheSelectedRowsWithoutAskingTheDatabase) {
-  vista.sbFormattaGriglia(Comunicazione::Ordinaria);
-  EXPECT_EQ(didascaliaConteggio(), "[ 0 ]");
   database.main.answer("tmpprequadrivio12",
                        workTable({workRow(1, 1), workRow(2, 1, {{"Selezionato", whole(0)}}), workRow(3, 1)}));
   caricaAnno(filtri);
-  EXPECT_EQ(didascaliaConteggio(), "[ 2 ]");
+  EXPECT_EQ(vista.selezionati, 2);
   EXPECT_THAT(database.main.texts(), ElementsAre("tmpprequadrivio12"));
   EXPECT_EQ(compensi.rsCompensi().Filter(), "");
   EXPECT_EQ(compensi.rsCompensi().RecordCount(), 3U);
 }
 
 TEST_F(Load, AFilterThatMatchesNoRowGivesAnEmptyGrid) {
-  vista.sbFormattaGriglia(Comunicazione::Ordinaria);
   carica({});
-  EXPECT_EQ(finestra.griglia.rowCount(), 0U);
-  EXPECT_EQ(finestra.griglia.row(), 0U);
-  EXPECT_EQ(didascaliaConteggio(), "[ 0 ]");
+  EXPECT_EQ(vista.quante(), 0U);
+  EXPECT_EQ(vista.corrente(), 0U);
+  EXPECT_EQ(vista.selezionati, 0);
   EXPECT_TRUE(compensi.fnNessunaSelezione());
 }
 
@@ -159,10 +156,10 @@ TEST_F(Load, AfterARefusedOneTheNextOneStartsAfresh) {
   carica({workRow(1, 1)});
   database.internal.refuseContaining("INSERT INTO");
   EXPECT_THROW(caricaAnno(filtri), DatabaseError);
-  EXPECT_EQ(finestra.griglia.rowCount(), 0U);
+  EXPECT_EQ(vista.quante(), 0U);
   database.internal.answerContaining("INSERT INTO", Table());
   carica({workRow(1, 1), workRow(2, 1)});
-  EXPECT_EQ(finestra.griglia.rowCount(), 2U);
+  EXPECT_EQ(vista.quante(), 2U);
 }
 
 }  // namespace

@@ -2,18 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "base/error.h"
-#include "controls/form.h"
-#include "controls/grid.h"
 #include "support/fake_session.h"
 #include "support/scripted_front_end.h"
 #include "support/simple_utility.h"
 #include "support/work_table.h"
-#include "wizard/griglia_compensi.h"
 #include "worklist/compensi.h"
 
 namespace cu::test {
@@ -24,15 +21,27 @@ inline Filtri filtriDi(const std::string& anno) {
   return filtri;
 }
 
-// The worklist of user 12, company 1, on a database that only records its statements.
-struct CompensiProva {
-  class Finestra : public Form {
-   public:
-    explicit Finestra(FrontEnd& schermo)
-        : Form(schermo, "frmWizard"), griglia(*this, "grdCompensi", nullptr) {}
-    Grid griglia;
-  };
+// Notes what it is shown.
+class Vista : public VistaCompensi {
+ public:
+  void caricati(Recordset& nuove) override { righe = &nuove; }
+  void contati(std::int64_t quanti) override { selezionati = quanti; }
+  void cambiati() override { ++cambiamenti; }
+  void sospendi() override { ++pause; }
+  void riprendi() override { --pause; }
 
+  bool disegna() const { return pause == 0; }
+  std::size_t quante() const { return righe != nullptr && righe->IsOpen() ? righe->RecordCount() : 0; }
+  std::size_t corrente() const { return quante() == 0 ? 0 : righe->AbsolutePosition(); }
+
+  Recordset* righe = nullptr;
+  std::int64_t selezionati = -1;
+  int cambiamenti = 0;
+  int pause = 0;
+};
+
+// The worklist of user 12, company 1, over a database that only notes what it is sent.
+struct CompensiProva {
   CompensiProva() {
     compensi.setVista(vista);
     contate("SELECT COUNT(Selezionato) FROM tmpprequadrivio12 WHERE Selezionato = 1", 0);
@@ -46,6 +55,7 @@ struct CompensiProva {
     database.internal.sent.clear();
     utilita.adapted.clear();
     frontEnd.pointers.clear();
+    vista.cambiamenti = 0;
   }
   void caricaAnno(const Filtri& filtri) { compensi.sbCreaTabellaLavoro(ambitoDi(sessione), filtri); }
   void contate(const std::string& testo, std::int64_t righe) {
@@ -66,14 +76,12 @@ struct CompensiProva {
     return {};
   }
   std::string valore(const char* campo) { return compensi.rsCompensi().Get(campo).toText(); }
-  std::string didascaliaConteggio() { return finestra.griglia.column("Selezionato")->caption; }
 
   ScriptedFrontEnd frontEnd;
   SimpleUtility utilita{frontEnd};
   FakeDatabase database;
   FakeSession sessione{database};
-  Finestra finestra{frontEnd};
-  GrigliaCompensi vista{finestra.griglia};
+  Vista vista;
   Compensi compensi{utilita, frontEnd};
 };
 

@@ -105,22 +105,20 @@ TEST_F(References, TheCurrentRowIsTheOneThatWasCurrentBefore) {
   carica({con(1, null(), null()), con(2, null(), null()), con(3, null(), null())});
   compensi.rsCompensi().MoveNext();
   compensi.sbAggiornaProtocolli("12", "3", true);
-  EXPECT_EQ(finestra.griglia.row(), 2U);
+  EXPECT_EQ(vista.corrente(), 2U);
 }
 
 TEST_F(References, TheGridStandsStillMeanwhileAndIsDrawnAnewAtTheEnd) {
   carica({con(1, null(), null())});
   bool disegno = true;
-  int mostrate = 0;
   database.internal.answerContaining("UPDATE", [&](std::string_view) {
-    disegno = finestra.griglia.drawing();
+    disegno = vista.disegna();
     return Table();
   });
-  finestra.griglia.onRowChange = [&] { ++mostrate; };
   compensi.sbAggiornaProtocolli("12", "3", true);
   EXPECT_FALSE(disegno);
-  EXPECT_TRUE(finestra.griglia.drawing());
-  EXPECT_EQ(mostrate, 1);
+  EXPECT_TRUE(vista.disegna());
+  EXPECT_EQ(vista.cambiamenti, 1);
 }
 
 TEST_F(References, AreAdaptedBeforeTheyRun) {
@@ -136,11 +134,11 @@ TEST_F(References, WithNoCurrentRowNoneIsCurrentAfterwards) {
     if (prima) {
       compensi.rsCompensi().MovePrevious();
     } else {
-      compensi.rsCompensi().MoveLast();
+      compensi.rsCompensi().MoveTo(compensi.rsCompensi().RecordCount());
       compensi.rsCompensi().MoveNext();
     }
     compensi.sbAggiornaProtocolli("12", "3", true);
-    EXPECT_EQ(finestra.griglia.row(), 0U);
+    EXPECT_EQ(vista.corrente(), 0U);
     EXPECT_EQ(istruzioni().size(), 2U);
   }
 }
@@ -160,16 +158,16 @@ TEST_F(References, ARefusedStatementRisesAndTheGridDrawsAgain) {
   carica({con(1, null(), null())});
   database.internal.refuseContaining("UPDATE");
   EXPECT_THROW(compensi.sbAggiornaProtocolli("12", "3", true), DatabaseError);
-  EXPECT_TRUE(finestra.griglia.drawing());
+  EXPECT_TRUE(vista.disegna());
 }
 
 TEST_F(References, ARowWhoseStatementFailsHoldsWhatItHeld) {
   carica({con(1, text("a"), text("1")), con(2, text("b"), text("2")), con(3, text("c"), text("3"))});
-  compensi.rsCompensi().MoveLast();
+  compensi.rsCompensi().MoveTo(compensi.rsCompensi().RecordCount());
   database.internal.refuseContaining("IDAnagrafica = 2");
   EXPECT_THROW(compensi.sbAggiornaProtocolli("12", "7", true), DatabaseError);
-  EXPECT_EQ(finestra.griglia.row(), 3U);
-  EXPECT_TRUE(finestra.griglia.drawing());
+  EXPECT_EQ(vista.corrente(), 3U);
+  EXPECT_TRUE(vista.disegna());
   std::vector<std::string> protocolli;
   for (compensi.rsCompensi().MoveFirst(); !compensi.rsCompensi().Eof(); compensi.rsCompensi().MoveNext()) {
     protocolli.push_back(valore("ProtocolloAnnSost") + valore("ProgressivoAnnSost") + valore("Modificato"));

@@ -20,10 +20,7 @@ std::string seleziona(const char* valore, int idAnagrafica, int idCausale = 1) {
          chiave(idAnagrafica, idCausale);
 }
 
-class Selection : public testing::Test, public CompensiProva {
- protected:
-  void SetUp() override { vista.sbFormattaGriglia(Comunicazione::Ordinaria); }
-};
+class Selection : public testing::Test, public CompensiProva {};
 
 TEST_F(Selection, InvertsEachOfTheRowsGivenAndStaysOnTheCurrentOne) {
   carica({workRow(1, 1, {{"Selezionato", whole(1)}}), workRow(2, 1, {{"Selezionato", whole(0)}}),
@@ -43,8 +40,8 @@ TEST_F(Selection, AnErrorEndsTheInversionOnTheCurrentRow) {
   EXPECT_THAT(istruzioni(), ElementsAre(seleziona("0", 1), seleziona("0", 2)));
   EXPECT_EQ(compensi.rsCompensi().AbsolutePosition(), 3U);
   EXPECT_THAT(frontEnd.pointers, ElementsAre(11, 0));
-  EXPECT_TRUE(finestra.griglia.drawing());
-  EXPECT_EQ(didascaliaConteggio(), "[ 2 ]") << "the first row is stored";
+  EXPECT_TRUE(vista.disegna());
+  EXPECT_EQ(vista.selezionati, 2) << "the first row is stored";
 }
 
 struct Azione {
@@ -100,7 +97,7 @@ TEST_F(Selection, TheCountIsAskedOfTheTableAndShownInTheHeader) {
   carica({workRow(1, 1)});
   contate(kConteggio, 17);
   compensi.sbContaSelezionati();
-  EXPECT_EQ(didascaliaConteggio(), "[ 17 ]");
+  EXPECT_EQ(vista.selezionati, 17);
   EXPECT_THAT(database.main.texts(), ElementsAre(kConteggio));
   EXPECT_THAT(utilita.adapted, ElementsAre(kConteggio));
 }
@@ -129,31 +126,31 @@ TEST_F(Selection, AllRowsAreSelectedWithOneStatementEach) {
   contate(kConteggio, 3);
   compensi.sbSelezionaTutto(AzioneSelezione::Seleziona);
   EXPECT_THAT(istruzioni(), ElementsAre(seleziona("1", 1), seleziona("1", 2), seleziona("1", 3, 5)));
-  EXPECT_EQ(didascaliaConteggio(), "[ 3 ]");
+  EXPECT_EQ(vista.selezionati, 3);
 }
 
 TEST_F(Selection, AllRowsAreDeselectedAndTheHeaderCountsNone) {
   carica({workRow(1, 1), workRow(2, 1)});
-  EXPECT_EQ(didascaliaConteggio(), "[ 2 ]");
+  EXPECT_EQ(vista.selezionati, 2);
   contate(kConteggio, 0);
   compensi.sbSelezionaTutto(AzioneSelezione::Deseleziona);
   EXPECT_THAT(istruzioni(), ElementsAre(seleziona("0", 1), seleziona("0", 2)));
-  EXPECT_EQ(didascaliaConteggio(), "[ 0 ]");
+  EXPECT_EQ(vista.selezionati, 0);
 }
 
 TEST_F(Selection, OfAllRowsRunsUnderTheHourglassWithoutDrawingAndEndsOnTheFirstRow) {
   carica({workRow(1, 1), workRow(2, 1), workRow(3, 1)});
-  compensi.rsCompensi().MoveLast();
+  compensi.rsCompensi().MoveTo(compensi.rsCompensi().RecordCount());
   std::vector<bool> disegno;
   std::vector<int> puntatori;
   database.internal.answerContaining("UPDATE", [&](std::string_view) {
-    disegno.push_back(finestra.griglia.drawing());
+    disegno.push_back(vista.disegna());
     puntatori.push_back(frontEnd.pointer());
     return Table();
   });
   bool disegnoAlConteggio = false;
   database.main.answerContaining("COUNT", [&](std::string_view) {
-    disegnoAlConteggio = finestra.griglia.drawing();
+    disegnoAlConteggio = vista.disegna();
     return Table({"COUNT"}, {{whole(3)}});
   });
   compensi.sbSelezionaTutto(AzioneSelezione::Seleziona);
@@ -162,7 +159,7 @@ TEST_F(Selection, OfAllRowsRunsUnderTheHourglassWithoutDrawingAndEndsOnTheFirstR
   EXPECT_THAT(puntatori, Each(11));
   EXPECT_TRUE(disegnoAlConteggio);
   EXPECT_THAT(frontEnd.pointers, ElementsAre(11, 0));
-  EXPECT_EQ(finestra.griglia.row(), 1U);
+  EXPECT_EQ(vista.corrente(), 1U);
 }
 
 TEST_F(Selection, OfAllRowsDoesNothingOnAnEmptyGrid) {
@@ -185,14 +182,14 @@ TEST_F(Selection, ACountThatYieldsNoRowIsNone) {
   database.main.answer(kConteggio, Table({"COUNT"}, {}));
   EXPECT_TRUE(compensi.fnNessunaSelezione());
   compensi.sbContaSelezionati();
-  EXPECT_EQ(didascaliaConteggio(), "[ 0 ]");
+  EXPECT_EQ(vista.selezionati, 0);
 }
 
 TEST_F(Selection, OfAllRowsThatFailsHalfwayLetsTheGridDrawAgain) {
   carica({workRow(1, 1), workRow(2, 1)});
   database.internal.refuseContaining("IDAnagrafica = 2");
   EXPECT_THROW(compensi.sbSelezionaTutto(AzioneSelezione::Seleziona), DatabaseError);
-  EXPECT_TRUE(finestra.griglia.drawing());
+  EXPECT_TRUE(vista.disegna());
 }
 
 TEST_F(Selection, AToggleThatFailsLeavesTheRowAsItWas) {
@@ -207,7 +204,7 @@ TEST_F(Selection, OfAllRowsThatFailsHalfwayShowsWhatIsStored) {
   carica({workRow(1, 1), workRow(2, 1), workRow(3, 1)});
   database.internal.refuseContaining("IDAnagrafica = 2");
   EXPECT_THROW(compensi.sbSelezionaTutto(AzioneSelezione::Deseleziona), DatabaseError);
-  EXPECT_EQ(didascaliaConteggio(), "[ 2 ]");
+  EXPECT_EQ(vista.selezionati, 2);
   compensi.rsCompensi().MoveFirst();
   EXPECT_EQ(valore("Selezionato"), "0");
   compensi.rsCompensi().MoveNext();
@@ -219,7 +216,7 @@ TEST_F(Selection, ACountThatFailsLeavesTheHeaderWithTheRowsInMemory) {
   compensi.sbSelezionaRiga(AzioneSelezione::Deseleziona);
   database.main.refuseContaining("COUNT(Selezionato)");
   EXPECT_THROW(compensi.sbContaSelezionati(), DatabaseError);
-  EXPECT_EQ(didascaliaConteggio(), "[ 1 ]");
+  EXPECT_EQ(vista.selezionati, 1);
 }
 
 TEST_F(Selection, ARowThatTheTableHasNoLongerIsTold) {

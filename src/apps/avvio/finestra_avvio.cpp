@@ -41,20 +41,39 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
       avviso_(new QLabel(this)) {
   setWindowTitle(QStringLiteral("Avvio"));
   auto* colonna = new QVBoxLayout(this);
+  componiModi(*colonna, scelta.funzione);
+  componiModulo(*colonna, scelta);
+  componiPulsanti(*colonna);
+  desktop::tellWhole(*casellaDatabase_);
+  desktop::tellWhole(*documenti_);
+  desktop::tellWhole(*aziende_);
+  auto* const guida = new QShortcut(QKeySequence(Qt::Key_F1), this);
+  connect(guida, &QShortcut::activated, this, [this] {
+    desktop::openGuide(guida_, this, cartelle_.guida, QStringLiteral("Avviare la procedura"));
+  });
+  setMinimumWidth(560);
+  leggiAziende();
+  const int ultima = aziende_->findData(scelta.azienda);
+  if (ultima >= 0) aziende_->setCurrentIndex(ultima);
+  avvia_->setFocus();
+}
 
+void FinestraAvvio::componiModi(QVBoxLayout& colonna, std::int32_t scelta) {
   auto* modi = new desktop::Section(QStringLiteral("Che cosa stampare"), this);
   auto* righe = new QVBoxLayout(modi);
   const auto modo = [&](const char* testo, std::int32_t funzione) {
     auto* scelto = new QRadioButton(QString::fromUtf8(testo), modi);
     funzioni_->addButton(scelto, funzione);
-    scelto->setChecked(funzione == scelta.funzione);
+    scelto->setChecked(funzione == scelta);
     righe->addWidget(scelto);
   };
   modo("&Certificazioni dei compensi e Certificazione Unica", kCertificazioni);
   modo("Conti &individuali", kContiIndividuali);
   if (funzioni_->checkedId() < 0) funzioni_->button(kCertificazioni)->setChecked(true);
-  colonna->addWidget(modi);
+  colonna.addWidget(modi);
+}
 
+void FinestraAvvio::componiModulo(QVBoxLayout& colonna, const SceltaAvvio& scelta) {
   auto* modulo = new QFormLayout;
   modulo->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
   const auto conPulsanti = [this](QLineEdit* casella, std::initializer_list<QPushButton*> pulsanti) {
@@ -90,36 +109,26 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
   documenti_->setAccessibleName(QStringLiteral("Documenti ministeriali"));
   documenti_->setPlaceholderText(QStringLiteral("cartella con istruzioni e note di compilazione"));
   documenti_->setText(scelta.documentiMinisteriali);
-  colonna->addLayout(modulo);
+  colonna.addLayout(modulo);
   avviso_->setTextFormat(Qt::PlainText);
   avviso_->setWordWrap(true);
-  colonna->addWidget(avviso_);
-
-  auto* pulsanti = new QDialogButtonBox(this);
-  avvia_ = pulsanti->addButton(QStringLiteral("A&vvia"), QDialogButtonBox::AcceptRole);
-  pulsanti->addButton(QStringLiteral("Annulla"), QDialogButtonBox::RejectRole);
-  avvia_->setDefault(true);
-  colonna->addWidget(pulsanti);
-  connect(pulsanti, &QDialogButtonBox::accepted, this, [this] { accept(); });
-  connect(pulsanti, &QDialogButtonBox::rejected, this, [this] { reject(); });
+  colonna.addWidget(avviso_);
   connect(sfogliaDatabase, &QPushButton::clicked, this, [this] { scegliDatabase(); });
   connect(sfogliaDocumenti, &QPushButton::clicked, this, [this] { scegliDocumenti(); });
   connect(dimostrativo_, &QPushButton::clicked, this, [this] {
     database_.clear();
     leggiAziende();
   });
-  desktop::tellWhole(*casellaDatabase_);
-  desktop::tellWhole(*documenti_);
-  desktop::tellWhole(*aziende_);
-  auto* const guida = new QShortcut(QKeySequence(Qt::Key_F1), this);
-  connect(guida, &QShortcut::activated, this, [this] {
-    desktop::openGuide(guida_, this, cartelle_.guida, QStringLiteral("Avviare la procedura"));
-  });
-  setMinimumWidth(560);
-  leggiAziende();
-  const int ultima = aziende_->findData(scelta.azienda);
-  if (ultima >= 0) aziende_->setCurrentIndex(ultima);
-  avvia_->setFocus();
+}
+
+void FinestraAvvio::componiPulsanti(QVBoxLayout& colonna) {
+  auto* pulsanti = new QDialogButtonBox(this);
+  avvia_ = pulsanti->addButton(QStringLiteral("A&vvia"), QDialogButtonBox::AcceptRole);
+  pulsanti->addButton(QStringLiteral("Annulla"), QDialogButtonBox::RejectRole);
+  avvia_->setDefault(true);
+  colonna.addWidget(pulsanti);
+  connect(pulsanti, &QDialogButtonBox::accepted, this, [this] { accept(); });
+  connect(pulsanti, &QDialogButtonBox::rejected, this, [this] { reject(); });
 }
 
 // A database that cannot be opened is reported here, so that the user can choose another one.

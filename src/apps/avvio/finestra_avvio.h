@@ -11,6 +11,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QSpinBox;
+class QVBoxLayout;
 
 namespace cu {
 
@@ -21,6 +22,9 @@ class FinestraAvvio : public QDialog {
   SceltaAvvio scelta() const;
 
  private:
+  void componiModi(QVBoxLayout& colonna, std::int32_t scelta);
+  void componiModulo(QVBoxLayout& colonna, const SceltaAvvio& scelta);
+  void componiPulsanti(QVBoxLayout& colonna);
   void scegliDatabase();
   void scegliDocumenti();
   void leggiAziende();

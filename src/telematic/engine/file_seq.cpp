@@ -22,11 +22,6 @@ void FileSeq::CloseFile() {
   isOpen_ = false;
 }
 
-void FileSeq::ShowFile() {
-  CloseFile();
-  visore_.viewText(filePathName_);
-}
-
 void FileSeq::CopyMemory(std::string& buffer, std::int32_t offset, std::string_view value,
                          std::int32_t length) {
   const auto width = static_cast<std::int64_t>(buffer.size());

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/per_chiamanti.h"
 #include "host/filesystem.h"
 #include "telematic/engine/layout.h"
 
@@ -12,26 +13,22 @@ namespace cu {
 
 class RecordImage;
 
-// A file of fixed-width lines, written sequentially. Errors propagate and leave the object unchanged: 55 for
-// a file already open, 5 for an invalid mode or offset, 52 for a write to a file that is not open, FileError
-// for failures of the file system.
-class FileSeq {
+// A file of fixed-width lines, written from the first to the last. Errors rise as they are, and the object
+// stays as it was: 55 for a file already open, 5 for a mode or an offset that does not exist, 52 for a write
+// to a file that is not open, FileError for what the file system refuses.
+class FileSeq : public per_chiamanti::DiFileSeq<FileSeq> {
  public:
   FileSeq(FileSystem& files, TextViewer& visore) : files_(files), visore_(visore) {}
   FileSeq(const FileSeq&) = delete;
   FileSeq& operator=(const FileSeq&) = delete;
 
-  const std::string& FileName() const { return fileName_; }  // stored for the owner, unused here
-  void setFileName(std::string_view name) { fileName_ = name; }
-  const std::string& FilePathName() const { return filePathName_; }
+  void setFileName(std::string_view name) { fileName_ = name; }  // kept for the owner, unused here
   void setFilePathName(std::string_view path) { filePathName_ = path; }
-  std::int16_t FileNumber() const { return fileNumber_; }
   bool IsOpen() const { return isOpen_; }
 
   static constexpr std::int32_t kSequentialOutput = 0;
   void OpenFile(std::int32_t mode);
   void CloseFile();
-  void ShowFile();  // closes it and shows it in the text viewer, without waiting
   void WriteRecord(const IRecord& record);
   void WriteImage(const RecordImage& image);
 
@@ -43,6 +40,8 @@ class FileSeq {
   static void Compose(const IRecord& record, std::string& buffer);
 
  private:
+  friend per_chiamanti::DiFileSeq<FileSeq>;
+
   void write(std::string_view line);
 
   std::string fileName_;

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/per_chiamanti.h"
 #include "telematic/engine/keyed_members.h"
 #include "telematic/engine/layout.h"
 
@@ -30,17 +31,16 @@ class CUField : public IField {
   std::int32_t offset_ = 0;
 };
 
-// The collections raise the errors of KeyedMembers.
-class CUFields : public IFields {
+// The collections raise what KeyedMembers raises.
+class CUFields : public IFields, public per_chiamanti::DiRaccolta<CUFields> {
  public:
   CUField& Item(const MemberIndex& index) const override { return members_.item(index); }
   std::int32_t Count() const override { return members_.count(); }
   std::span<const IField* const> NewEnum() const override { return members_.interfaces(); }
   CUField& Add(std::string_view name, std::int32_t offset, std::int32_t length);
-  void Remove(const MemberIndex& index) { members_.remove(index); }
-  void Clear() { members_.clear(); }
 
  private:
+  friend per_chiamanti::DiRaccolta<CUFields>;
   KeyedMembers<CUField, IField> members_;
 };
 
@@ -58,16 +58,15 @@ class CURecord : public IRecord {
   CUFields fields_;
 };
 
-class CURecords : public IRecords {
+class CURecords : public IRecords, public per_chiamanti::DiRaccolta<CURecords> {
  public:
   CURecord& Item(const MemberIndex& index) const override { return members_.item(index); }
   std::int32_t Count() const override { return members_.count(); }
   std::span<const IRecord* const> NewEnum() const override { return members_.interfaces(); }
   CURecord& Add(std::string_view name);
-  void Remove(const MemberIndex& index) { members_.remove(index); }
-  void Clear() { members_.clear(); }
 
  private:
+  friend per_chiamanti::DiRaccolta<CURecords>;
   KeyedMembers<CURecord, IRecord> members_;
 };
 
