@@ -12,7 +12,7 @@
 
 #include "base/date.h"
 #include "colonne_a_mano.h"
-#include "telematic/testo1252.h"
+#include "base/windows1252.h"
 
 namespace cu::bench {
 

@@ -1,0 +1,129 @@
+#include "riscontro/ricevuta.h"
+
+#include <gtest/gtest.h>
+
+#include "riscontro/riscontro_prova.h"
+
+namespace cu::riscontro::prova {
+namespace {
+
+constexpr const char* kProtocollo = "18030612345678901";
+
+Date giorno() { return *Date::fromYmd(2018, 3, 7); }
+
+RigaRicevuta accettata(const std::string& percipiente, const std::string& causale = "A",
+                       const std::string& progressivo = "000001",
+                       const std::string& protocollo = kProtocollo) {
+  return {2, percipiente, causale, protocollo, progressivo, "accettata", ""};
+}
+RigaRicevuta scartata(const std::string& percipiente, const std::string& causale = "A") {
+  return {2, percipiente, causale, "", "", "scartata", "codice non registrato"};
+}
+
+class Ricevuta : public ::testing::Test {
+ protected:
+  // The code of the message of a receipt with that row alone.
+  std::string codiceDi(const RigaRicevuta& riga) {
+    return pianifica(con_.registro, 1, {riga}).righe.at(0).codice;
+  }
+  void applicata(const std::vector<RigaRicevuta>& righe) {
+    const PianoRicevuta piano = pianifica(con_.registro, 1, righe);
+    ASSERT_TRUE(piano.applicabile());
+    applica(con_.registro, piano, giorno());
+  }
+  ConRegistro con_;
+};
+
+TEST_F(Ricevuta, GivesProtocolAndProgressive) {
+  con_.registro.segnaInviato(con_.scrivi({certificato("P1", "A"), certificato("P2", "A")}), giorno());
+  applicata({accettata("p1", "a", "7"), scartata("P2")});
+  const auto dopo = con_.registro.certificate(1, 2017, false);
+  EXPECT_EQ(con_.stati(), "accettata scartata");
+  EXPECT_EQ(dopo[0].protocollo, kProtocollo);
+  EXPECT_EQ(dopo[0].progressivo, "000007");
+  EXPECT_EQ(dopo[1].protocollo, "");
+  EXPECT_EQ(dopo[1].motivo, "codice non registrato");
+}
+
+TEST_F(Ricevuta, APlanChangesNothing) {
+  con_.scrivi({certificato("P1", "A")});
+  const PianoRicevuta piano = pianifica(con_.registro, 1, {accettata("P1")});
+  EXPECT_TRUE(piano.applicabile());
+  EXPECT_EQ(con_.stati(), "scritta");
+}
+
+TEST_F(Ricevuta, MarksAFileThatWasNotMarkedAsSent) {
+  con_.scrivi({certificato("P1", "A"), certificato("P2", "A")});
+  applicata({accettata("P1")});
+  EXPECT_EQ(con_.stati(), "accettata inviata");
+  EXPECT_EQ(con_.registro.cerca("impronta1")->dataInvio, "2018-03-07");
+}
+
+TEST_F(Ricevuta, BelongsToTheLatestSentCertificate) {
+  con_.registro.segnaInviato(con_.scrivi({certificato("P1", "A")}), giorno());
+  con_.registro.segnaInviato(con_.scrivi({certificato("P1", "A")}), giorno());
+  con_.scrivi({certificato("P1", "A")});
+  applicata({accettata("P1")});
+  EXPECT_EQ(con_.stati(), "inviata accettata scritta");
+}
+
+TEST_F(Ricevuta, WithoutAReasonIsOfTheOnlyOne) {
+  con_.scrivi({certificato("P1", "M"), certificato("P2", "A"), certificato("P2", "M")});
+  EXPECT_EQ(codiceDi(accettata("P1", "")), "");
+  EXPECT_EQ(codiceDi(accettata("P2", "")), "P09");
+  EXPECT_FALSE(pianifica(con_.registro, 1, {accettata("P2", "")}).applicabile());
+  EXPECT_EQ(codiceDi(accettata("P2", "M")), "");
+}
+
+TEST_F(Ricevuta, AnAcceptedReplacementEndsWhatItReplaces) {
+  con_.scrivi({certificato("P1", "A")});
+  applicata({accettata("P1")});
+  con_.scrivi({certificato("P1", "A", "S")}, 3);
+  applicata({accettata("P1", "A", "000002", "18040112345678902")});
+  EXPECT_EQ(con_.stati(), "sostituita accettata");
+}
+
+TEST_F(Ricevuta, AnAcceptedAnnulmentEndsWhatItAnnuls) {
+  con_.scrivi({certificato("P1", "A"), certificato("P1", "M")});
+  applicata({accettata("P1"), accettata("P1", "M", "000002")});
+  con_.scrivi({certificato("P1", "M", "A")}, 2);
+  applicata({accettata("P1", "M", "000001", "18040112345678902")});
+  EXPECT_EQ(con_.stati(), "accettata annullata accettata");
+}
+
+TEST_F(Ricevuta, ARejectedCorrectionLeavesTheAcceptance) {
+  con_.scrivi({certificato("P1", "A")});
+  applicata({accettata("P1")});
+  con_.scrivi({certificato("P1", "A", "S")}, 3);
+  applicata({scartata("P1")});
+  EXPECT_EQ(con_.stati(), "accettata scartata");
+}
+
+TEST_F(Ricevuta, TheSameAnswerIsEqual) {
+  con_.scrivi({certificato("P1", "A"), certificato("P2", "A")});
+  const std::vector<RigaRicevuta> righe = {accettata("P1"), scartata("P2")};
+  applicata(righe);
+  const PianoRicevuta piano = pianifica(con_.registro, 1, righe);
+  EXPECT_EQ(piano.quanti(EsitoRiga::Uguale), 2U);
+  EXPECT_TRUE(piano.cambiate.empty());
+}
+
+TEST_F(Ricevuta, NamesWhatIsWrong) {
+  con_.scrivi({certificato("P1", "A")});
+  EXPECT_EQ(codiceDi(accettata("", "A")), "P12");
+  EXPECT_EQ(codiceDi(accettata("P9", "A")), "P12");
+  EXPECT_EQ(codiceDi(accettata("P1", "M")), "P12");
+  EXPECT_EQ(codiceDi(accettata("P1", "A", "000001", "1803061234567890")), "V09");
+  EXPECT_EQ(codiceDi(accettata("P1", "A", "000001", "1,80306E+16")), "V09");
+  EXPECT_EQ(codiceDi(accettata("P1", "A", "")), "V09");
+  EXPECT_EQ(codiceDi(accettata("P1", "A", "0000001")), "V09");
+  RigaRicevuta forse = accettata("P1");
+  forse.esito = "forse";
+  EXPECT_EQ(codiceDi(forse), "V05");
+  applicata({accettata("P1")});
+  EXPECT_EQ(codiceDi(accettata("P1", "A", "000009")), "P12");
+  EXPECT_EQ(con_.stati(), "accettata");
+}
+
+}  // namespace
+}  // namespace cu::riscontro::prova
