@@ -81,8 +81,8 @@ void CartellaXlsx::leggiCartella() {
     } else if (xml.inizio(nomeXml("sheet"))) {
       const QStringView stato = xml.attributo(nomeXml("state"));
       const bool nascosto = stato == nomeXml("hidden") || stato == nomeXml("veryHidden");
-      fogli_.push_back({{xml.attributo(nomeXml("name")).toString().toStdString(), nascosto}, {}});
-      relazioniDeiFogli_.push_back(xml.relazione().toString().toStdString());
+      fogli_.push_back({{inUtf8(xml.attributo(nomeXml("name"))), nascosto}, {}});
+      relazioniDeiFogli_.push_back(inUtf8(xml.relazione()));
     }
   }
 }
@@ -94,9 +94,9 @@ void CartellaXlsx::leggiRelazioni() {
       continue;
     }
     const QStringView tipo = xml.attributo(nomeXml("Type"));
-    const std::string parte = parteDi(xml.attributo(nomeXml("Target")).toString().toStdString());
+    const std::string parte = parteDi(inUtf8(xml.attributo(nomeXml("Target"))));
     if (tipo.endsWith(nomeXml("/worksheet"))) {
-      parti_[xml.attributo(nomeXml("Id")).toString().toStdString()] = parte;
+      parti_[inUtf8(xml.attributo(nomeXml("Id")))] = parte;
     } else if (tipo.endsWith(nomeXml("/styles"))) {
       parteStili_ = parte;
     } else if (tipo.endsWith(nomeXml("/sharedStrings"))) {
@@ -132,7 +132,7 @@ void CartellaXlsx::leggiStili(std::size_t membroStili) {
   while (xml.avanza()) {
     if (xml.inizio(nomeXml("numFmt"))) {
       propri[xml.attributo(nomeXml("numFmtId")).toInt()] =
-          formatoDiCodice(xml.attributo(nomeXml("formatCode")).toString().toStdString());
+          formatoDiCodice(inUtf8(xml.attributo(nomeXml("formatCode"))));
     } else if (xml.inizio(nomeXml("cellXfs"))) {
       delleCelle = true;
     } else if (xml.fine(nomeXml("cellXfs"))) {

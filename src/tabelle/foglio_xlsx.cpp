@@ -49,7 +49,7 @@ class LettoreFoglio {
       } else if (dati && xml_.inizio(nomeDiFoglio("row"))) {
         leggiRiga();
       } else if (xml_.inizio(nomeDiFoglio("mergeCell"))) {
-        const auto unione = analizzaUnione(xml_.attributo(nomeDiFoglio("ref")).toString().toStdString());
+        const auto unione = analizzaUnione(inUtf8(xml_.attributo(nomeDiFoglio("ref"))));
         if (!unione) danneggiato("celle unite");
         unioni_.push_back(*unione);
       }
@@ -70,7 +70,7 @@ class LettoreFoglio {
     posto_.riga = precedente + 1;
     posto_.colonna = 0;
     if (!numero.isEmpty()) {
-      const auto letto = analizzaRiferimento('A' + numero.toString().toStdString());
+      const auto letto = analizzaRiferimento('A' + inUtf8(numero));
       if (!letto || letto->riga <= precedente) danneggiato("numero di riga");
       posto_.riga = letto->riga;
     }
@@ -92,13 +92,14 @@ class LettoreFoglio {
     ++posto_.colonna;
     const QStringView scritto = xml_.attributo(nomeDiFoglio("r"));
     if (!scritto.isEmpty()) {
-      const auto letto = analizzaRiferimento(scritto.toString().toStdString());
+      const auto letto = analizzaRiferimento(inUtf8(scritto));
       if (!letto || letto->riga != posto_.riga || letto->colonna < posto_.colonna) {
         danneggiato("posto di una cella");
       }
       posto_.colonna = letto->colonna;
     }
-    const Cella cella = cellaDi(leggiGrezza());
+    leggiGrezza();
+    const Cella cella = cellaDi(grezza_);
     if (cella.genere == Genere::Vuota) return;
     if (posto_.colonna > limiti_.colonne) {
       if (soloBianchi(cella.testo)) return;
@@ -108,33 +109,34 @@ class LettoreFoglio {
     riga.celle.back() = cella;
   }
 
-  CellaGrezza leggiGrezza() {
-    CellaGrezza cella;
-    cella.tipo = xml_.attributo(nomeDiFoglio("t")).toString().toStdString();
+  void leggiGrezza() {
+    CellaGrezza& cella = grezza_;
+    cella.tipo.clear();
+    aggiungiUtf8(cella.tipo, xml_.attributo(nomeDiFoglio("t")));
     cella.stile = xml_.attributo(nomeDiFoglio("s")).toULong();
-    QString valore;
-    QString formula;
-    QString* dove = nullptr;
-    while (xml_.avanza() && !xml_.fine(nomeDiFoglio("c"))) {
+    cella.valore.clear();
+    cella.formula.clear();
+    cella.haFormula = cella.haValore = false;
+    std::string* dove = nullptr;
+    while (xml_.avanza()) {
+      if (xml_.testo()) {
+        if (dove != nullptr) aggiungiUtf8(*dove, xml_.caratteri());
+        continue;
+      }
+      dove = nullptr;
+      if (xml_.fine(nomeDiFoglio("c"))) break;
       if (xml_.inizio(nomeDiFoglio("v"))) {
-        dove = &valore;
+        dove = &cella.valore;
         cella.haValore = true;
       } else if (xml_.inizio(nomeDiFoglio("f"))) {
-        dove = &formula;
+        dove = &cella.formula;
         cella.haFormula = true;
       } else if (xml_.inizio(nomeDiFoglio("is"))) {
         cella.valore = leggiTestoXlsx(xml_, nomeDiFoglio("is"));
         cella.haValore = true;
-      } else if (xml_.testo()) {
-        if (dove != nullptr) *dove += xml_.caratteri();
-      } else {
-        dove = nullptr;
       }
     }
-    if (cella.tipo == "str") valore = senzaSequenze(valore);
-    if (!valore.isEmpty()) cella.valore = valore.toStdString();
-    cella.formula = formula.toStdString();
-    return cella;
+    if (cella.tipo == "str") cella.valore = senzaSequenze(cella.valore);
   }
 
   Cella conservata(Genere genere, std::string_view testo) {
@@ -204,6 +206,7 @@ class LettoreFoglio {
   Deposito& deposito_;
   const Limiti& limiti_;
   LettoreXml xml_;
+  CellaGrezza grezza_;  // used again for each cell
   std::vector<Unione> unioni_;
   RigheFoglio esito_;
 };

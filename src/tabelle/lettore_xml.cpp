@@ -14,6 +14,18 @@ constexpr std::size_t kTrattoMassimo = std::size_t{1} << 20U;
 
 }  // namespace
 
+void aggiungiUtf8(std::string& testo, QStringView aggiunta) {
+  const std::size_t prima = testo.size();
+  for (const QChar c : aggiunta) {
+    if (c.unicode() >= 0x80) {
+      testo.resize(prima);
+      testo += aggiunta.toUtf8().toStdString();
+      return;
+    }
+    testo += static_cast<char>(c.unicode());
+  }
+}
+
 DispositivoMembro::DispositivoMembro(ArchivioZip::Membro membro, const Posto& posto)
     : membro_(std::move(membro)), posto_(posto) {
   open(QIODevice::ReadOnly | QIODevice::Unbuffered);
@@ -68,7 +80,6 @@ bool LettoreXml::avanza() {
         malformato();
       case QXmlStreamReader::StartElement:
         if (++profondita_ > kProfonditaMassima) malformato();
-        attributi_ = lettore_.attributes();
         return true;
       case QXmlStreamReader::EndElement:
         --profondita_;
@@ -88,14 +99,16 @@ bool LettoreXml::avanza() {
 }
 
 QStringView LettoreXml::attributo(QLatin1String nome) const {
-  for (const QXmlStreamAttribute& attributo : attributi_) {
+  const QXmlStreamAttributes tutti = lettore_.attributes();
+  for (const QXmlStreamAttribute& attributo : tutti) {
     if (attributo.name() == nome && attributo.prefix().isEmpty()) return attributo.value();
   }
   return {};
 }
 
 QStringView LettoreXml::relazione() const {
-  for (const QXmlStreamAttribute& attributo : attributi_) {
+  const QXmlStreamAttributes tutti = lettore_.attributes();
+  for (const QXmlStreamAttribute& attributo : tutti) {
     if (attributo.name() == QLatin1String("id") &&
         attributo.namespaceUri().endsWith(QLatin1String("/relationships"))) {
       return attributo.value();

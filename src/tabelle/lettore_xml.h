@@ -34,6 +34,14 @@ class DispositivoMembro : public QIODevice {
   bool finito_ = false;
 };
 
+// Appends as UTF-8. What is in a sheet is ASCII for the most part, and needs no memory of its own.
+void aggiungiUtf8(std::string& testo, QStringView aggiunta);
+inline std::string inUtf8(QStringView testo) {
+  std::string esito;
+  aggiungiUtf8(esito, testo);
+  return esito;
+}
+
 // Reads a part of a workbook element by element. Names are compared without their namespaces, which differ
 // between the two variants of the format. Every function raises ErroreTabella: F03 for what is not
 // well-formed or too deep, F04 for a document type definition, F05 for an endless text or tag, and what the
@@ -49,7 +57,8 @@ class LettoreXml {
   bool fine(QLatin1String nome) const { return lettore_.isEndElement() && lettore_.name() == nome; }
   bool testo() const { return lettore_.isCharacters(); }
   QStringView caratteri() const { return lettore_.text(); }
-  // Without regard to the namespace; empty for none. Valid until the next advance.
+  // Of the element that has just begun, without regard to the namespace; empty for none. Valid until the next
+  // advance.
   QStringView attributo(QLatin1String nome) const;
   // The identifier of a relationship, whose name is that of another attribute too.
   QStringView relazione() const;
@@ -62,7 +71,6 @@ class LettoreXml {
 
   DispositivoMembro dispositivo_;
   QXmlStreamReader lettore_;
-  QXmlStreamAttributes attributi_;
   Posto posto_;
   std::string parte_;
   int profondita_ = 0;

@@ -45,6 +45,22 @@ std::string nomeFoglioXlsx(std::string_view voluto) {
   return tagliato.empty() ? "Foglio1" : std::string(tagliato);
 }
 
+// The format has characters that XML cannot have as _xHHHH_; the library does not mark a text that looks like
+// that.
+std::string conSequenze(std::string_view contenuto) {
+  constexpr std::size_t kLunghezza = 7;
+  std::string scritto;
+  for (std::size_t i = 0; i < contenuto.size(); ++i) {
+    const std::string_view tratto = contenuto.substr(i, kLunghezza);
+    if (tratto.size() == kLunghezza && tratto.starts_with("_x") && tratto.ends_with('_') &&
+        tratto.find_first_not_of("0123456789abcdefABCDEF", 2) == kLunghezza - 1) {
+      scritto += "_x005F";
+    }
+    scritto += contenuto[i];
+  }
+  return scritto;
+}
+
 class ScrittoreXlsx {
  public:
   ScrittoreXlsx(const std::string& file, const TabellaDaScrivere& tabella, const OpzioniXlsx& opzioni)
@@ -139,7 +155,7 @@ class ScrittoreXlsx {
   void testo(std::string_view contenuto, lxw_format* come) {
     if (contenuto.empty()) return;
     misura(codePoints(contenuto));
-    verifica(worksheet_write_string(foglio_, riga(), colonna(), std::string(contenuto).c_str(), come));
+    verifica(worksheet_write_string(foglio_, riga(), colonna(), conSequenze(contenuto).c_str(), come));
   }
   void numero(double quanto, std::size_t caratteri, lxw_format* come) {
     misura(caratteri);

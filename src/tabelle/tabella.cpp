@@ -8,9 +8,17 @@
 namespace cu::tabelle {
 namespace {
 
+// Names in a file may have line ends.
+std::string inUnaRiga(std::string testo) {
+  for (char& c : testo) {
+    if (static_cast<unsigned char>(c) < 0x20) c = ' ';
+  }
+  return testo;
+}
+
 std::string rigaDiErrore(const std::string& codice, const Posto& posto, const std::string& testo) {
   const std::string dove = descrizione(posto);
-  return (dove.empty() ? "" : dove + ": ") + testo + " (" + codice + ").";
+  return inUnaRiga((dove.empty() ? "" : dove + ": ") + testo + " (" + codice + ").");
 }
 
 }  // namespace
@@ -24,7 +32,7 @@ std::string descrizione(const Posto& posto) {
   if (!posto.foglio.empty()) aggiungi("foglio \"" + posto.foglio + "\"");
   if (posto.riga > 0) aggiungi("riga " + fromInteger(static_cast<std::int64_t>(posto.riga)));
   if (posto.colonna > 0) aggiungi("colonna " + letteraColonna(posto.colonna));
-  return testo;
+  return inUnaRiga(testo);
 }
 
 std::string letteraColonna(std::size_t colonna) {
@@ -36,7 +44,7 @@ std::string letteraColonna(std::size_t colonna) {
 }
 
 std::string motivoSenzaValore(const Cella& cella) {
-  const std::string testo(cella.testo);
+  const std::string testo = inUnaRiga(std::string(cella.testo));
   if (cella.genere == Genere::FormulaMaiCalcolata) {
     return "la formula " + testo +
            " non è mai stata calcolata: aprire il file con il foglio di calcolo e salvarlo";

@@ -1,10 +1,13 @@
 #include "tabelle/testo_xlsx.h"
 
+#include <QString>
+
 namespace cu::tabelle {
 
-QString senzaSequenze(const QString& scritto) {
+std::string senzaSequenze(const std::string& utf8) {
   constexpr qsizetype kLunghezza = 7;
-  if (!scritto.contains(QLatin1String("_x"))) return scritto;
+  if (utf8.find("_x") == std::string::npos) return utf8;
+  const QString scritto = QString::fromStdString(utf8);
   QString testo;
   for (qsizetype i = 0; i < scritto.size(); ++i) {
     const QStringView tratto = QStringView(scritto).mid(i, kLunghezza);
@@ -21,11 +24,11 @@ QString senzaSequenze(const QString& scritto) {
       testo += scritto[i];
     }
   }
-  return testo;
+  return testo.toStdString();
 }
 
 std::string leggiTestoXlsx(LettoreXml& xml, QLatin1String elemento) {
-  QString testo;
+  std::string testo;
   bool dentro = false;
   while (xml.avanza() && !xml.fine(elemento)) {
     if (xml.inizio(QLatin1String("rPh"))) {
@@ -35,10 +38,10 @@ std::string leggiTestoXlsx(LettoreXml& xml, QLatin1String elemento) {
     } else if (xml.fine(QLatin1String("t"))) {
       dentro = false;
     } else if (dentro && xml.testo()) {
-      testo += xml.caratteri();
+      aggiungiUtf8(testo, xml.caratteri());
     }
   }
-  return senzaSequenze(testo).toStdString();
+  return senzaSequenze(testo);
 }
 
 }  // namespace cu::tabelle

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QLatin1String>
-#include <QString>
 #include <string>
 
 #include "tabelle/lettore_xml.h"
@@ -10,7 +9,7 @@ namespace cu::tabelle {
 
 // Decodes a text of the format: a character that XML cannot have is written as _xHHHH_, and so is the first
 // underscore of a text that looks like that.
-QString senzaSequenze(const QString& scritto);
+std::string senzaSequenze(const std::string& utf8);
 
 // Reads the text of the element that has just begun ("si" or "is"), to its end: its parts joined, without
 // phonetic hints and decoded.
