@@ -1,10 +1,10 @@
 #include <filesystem>
 #include <iostream>
 
-#include "apps/comune/tavola.h"
 #include "apps/comune/dopo_scrittura.h"
-#include "apps/esame/registro_del_profilo.h"
+#include "apps/comune/tavola.h"
 #include "apps/comune/testo_rilievi.h"
+#include "apps/esame/registro_del_profilo.h"
 #include "comandi.h"
 #include "esito.h"
 #include "riscontro/correzione.h"

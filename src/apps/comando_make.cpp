@@ -1,8 +1,8 @@
 #include <iostream>
 #include <vector>
 
-#include "apps/comune/riepilogo_file.h"
 #include "apps/comune/dopo_scrittura.h"
+#include "apps/comune/riepilogo_file.h"
 #include "apps/comune/testo_rilievi.h"
 #include "base/text.h"
 #include "comandi.h"

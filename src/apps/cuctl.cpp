@@ -230,7 +230,7 @@ int eseguiProgramma(int quanti, char** argomenti) {
   aggiungiDiff(programma, esegui);
   aggiungiVerify(programma, esegui);
   aggiungiSent(programma, esegui);
-  //R aggiungiReceipt(programma, esegui);
+  aggiungiReceipt(programma, esegui);
   aggiungiStatus(programma, esegui);
   aggiungiCorrect(programma, esegui);
   aggiungiUpgrade(programma, esegui);

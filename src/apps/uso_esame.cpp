@@ -76,7 +76,7 @@ void aggiungiReceipt(CLI::App& programma, Esecuzione& esegui) {
       ->type_name("TABELLA");
   aggiungiProfilo(comando, opzioni->profilo);
   comando.add_flag("--apply", opzioni->applica, "Registra le risposte");
-  comando.callback([&esegui, opzioni] { esegui = [opzioni] { return 3; /*R*/ }; });
+  comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoReceipt(*opzioni); }; });
 }
 
 void aggiungiStatus(CLI::App& programma, Esecuzione& esegui) {
