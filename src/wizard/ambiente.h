@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
+#include <string>
+
 #include "controls/frontend.h"
 #include "controls/print_control.h"
 #include "controls/utility.h"
@@ -11,7 +15,16 @@
 
 namespace cu {
 
-// Everything around the wizard, handed over by the program that builds it.
+// A telematic file that was just written.
+struct FileFatto {
+  std::string percorso;
+  Comunicazione tipo = Comunicazione::Ordinaria;
+  std::int32_t anno = 0;  // of the payments
+  std::int32_t idAzienda = 0;
+  DatabaseHost& database;
+};
+
+// The surroundings of the wizard, passed by the program that builds it.
 struct Ambiente {
   FrontEnd& frontEnd;
   HostFactory& factory;
