@@ -24,6 +24,8 @@ void aggiungiInspect(CLI::App& programma, Esecuzione& esegui) {
                   "Solo questa certificazione, contata dall'inizio del file")
       ->check(fra(1, 2000000000))
       ->type_name("N");
+  comando.add_option("--csv", opzioni->csv, "Scrive le certificazioni in una tabella")->type_name("FILE.csv");
+  comando.add_option("--xlsx", opzioni->xlsx, "Le scrive in un foglio elettronico")->type_name("FILE.xlsx");
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoInspect(*opzioni); }; });
 }
 

@@ -56,7 +56,7 @@ LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), ta
 }
 
 void LogDialog::fill(const LogTable& log) {
-  // The kind of message is the same in every row and says nothing to a person; the message comes first.
+  // The kind of message is the same in every row and has no information for a user; the message comes first.
   std::vector<std::size_t> order;
   for (std::size_t i = 0; i < log.columns.size(); ++i) {
     if (log.columns[i] == "Message") order.insert(order.begin(), i);

@@ -238,7 +238,7 @@ std::size_t Layouter::placeLabel(Row& row, const std::vector<Control*>& controls
   return 1;
 }
 
-// A button behind a field without a label stands beside it.
+// A button behind a field without a label is placed beside it.
 std::size_t Layouter::placeField(Row& row, const std::vector<Control*>& controls, std::size_t at) {
   Control& control = *controls[at];
   Control* const next = at + 1 < controls.size() ? controls[at + 1] : nullptr;

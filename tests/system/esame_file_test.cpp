@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -142,6 +143,18 @@ TEST_F(EsameFile, DiffNamesTheBoxThatChanged) {
     EXPECT_EQ(voce.at("boxes").at(0).at("field"), "AU001004");
   }
   EXPECT_EQ(cambiate, 1);
+}
+
+TEST_F(EsameFile, InspectWritesItsTable) {
+  const Esecuzione esecuzione =
+      posto_.cuctl({"inspect", file_, "--csv", in("t.csv"), "--xlsx", in("t.xlsx")});
+  EXPECT_EQ(esecuzione.codice, 0) << esecuzione.errori;
+  std::ifstream csv(in("t.csv"), std::ios::binary);
+  const std::string testo((std::istreambuf_iterator<char>(csv)), {});
+  EXPECT_EQ(std::count(testo.begin(), testo.end(), '\n'), 50);
+  EXPECT_THAT(testo, HasSubstr("04123450233;1;3;"));
+  EXPECT_GT(std::filesystem::file_size(in("t.xlsx")), 5000U);
+  EXPECT_EQ(posto_.cuctl({"inspect", file_, "--csv", in("nessuna/t.csv")}).codice, 1);
 }
 
 }  // namespace

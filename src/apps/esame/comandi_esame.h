@@ -14,6 +14,8 @@ struct OpzioniInspect {
   std::string file;
   bool json = false;
   std::optional<std::int64_t> certificazione;  // counted over the whole file, from 1
+  std::string csv;                             // files for a table of the certificates; "" for none
+  std::string xlsx;
 };
 int comandoInspect(const OpzioniInspect& opzioni);
 

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <iostream>
-#include <sstream>
 
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/elenco_luoghi.h"
@@ -8,6 +7,7 @@
 #include "apps/comune/testo_rilievi.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/json_lettura.h"
+#include "apps/esame/tabella_certificati.h"
 #include "base/text.h"
 
 namespace cu {
@@ -152,25 +152,38 @@ class InTesto : public Scelta {
   }
 };
 
+// Reads the file for the output, and for the tables where some were asked for.
+Esito leggi(FileLetto& file, const OpzioniInspect& opzioni, lettura::Ascoltatore& uscita) {
+  const ElencoLuoghi luoghi;
+  if (opzioni.csv.empty() && opzioni.xlsx.empty()) return lettura::esamina(file, &luoghi, &uscita);
+  TabellaCertificati tabella(&uscita);
+  Esito esito = lettura::esamina(file, &luoghi, &tabella);
+  if (!opzioni.csv.empty()) tabella.scriviCsv(opzioni.csv);
+  if (!opzioni.xlsx.empty()) tabella.scriviXlsx(opzioni.xlsx);
+  return esito;
+}
+
+std::int64_t inJson(FileLetto& file, const OpzioniInspect& opzioni) {
+  InJson uscita(opzioni, file.dimensione());
+  uscita.fine(leggi(file, opzioni, uscita));
+  return uscita.contati();
+}
+
+std::int64_t inTesto(FileLetto& file, const OpzioniInspect& opzioni) {
+  InTesto uscita(opzioni);
+  const Esito esito = leggi(file, opzioni, uscita);
+  scriviRilievi(opzioni.file, esito.rilievi, std::cout);
+  std::cout << "Righe " << esito.righe << ", byte " << esito.byteLetti << ", certificazioni "
+            << uscita.contati() << "; " << dettoConteggio(esito.rilievi) << ".\n";
+  return uscita.contati();
+}
+
 }  // namespace
 
 int comandoInspect(const OpzioniInspect& opzioni) {
   try {
     FileLetto file(opzioni.file);
-    const ElencoLuoghi luoghi;
-    std::int64_t contati = 0;
-    if (opzioni.json) {
-      InJson uscita(opzioni, file.dimensione());
-      uscita.fine(lettura::esamina(file, &luoghi, &uscita));
-      contati = uscita.contati();
-    } else {
-      InTesto uscita(opzioni);
-      const Esito esito = lettura::esamina(file, &luoghi, &uscita);
-      contati = uscita.contati();
-      scriviRilievi(opzioni.file, esito.rilievi, std::cout);
-      std::cout << "Righe " << esito.righe << ", byte " << esito.byteLetti << ", certificazioni " << contati
-                << "; " << dettoConteggio(esito.rilievi) << ".\n";
-    }
+    const std::int64_t contati = opzioni.json ? inJson(file, opzioni) : inTesto(file, opzioni);
     if (opzioni.certificazione && *opzioni.certificazione > contati) {
       std::cerr << opzioni.file << ": il file ha " << contati << " certificazioni.\n";
     }
