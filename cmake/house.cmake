@@ -40,7 +40,7 @@ else()
 endif()
 
 # The rooms measured by CU_COVERAGE: the core.
-set(measured_rooms base data host controls modello worklist telematic_engine telematic printing fornitura editors wizard)
+set(measured_rooms base data host controls modello lettura worklist telematic_engine telematic printing fornitura riscontro editors wizard)
 
 # Links the measured rooms whole and before the program's own objects: of an inline function present in both, the
 # linker keeps the first one, which has to be the one with counters. The tests themselves need no counters.
@@ -139,6 +139,12 @@ function(cu_tests name)
   endif()
   file(GLOB support CONFIGURE_DEPENDS *_support.cpp)
   add_executable(${name} ${sources} ${support} ${T_SUPPORT})
+  if(T_LABEL STREQUAL fast)
+    if(NOT TARGET fast_tests)
+      add_custom_target(fast_tests)
+    endif()
+    add_dependencies(fast_tests ${name})
+  endif()
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/bin)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE ${T_DEFINES})
