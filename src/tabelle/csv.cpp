@@ -39,7 +39,7 @@ Dichiarazione leggiDichiarazione(std::string_view testo) {
 struct Divisione {
   bool pulita = false;  // quotes are only around whole fields
   std::size_t campi = 0;
-  auto operator<=>(const Divisione&) const = default;
+  auto operator<=>(const Divisione&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 bool virgoletteInOrdine(const CampoGrezzo& campo, std::string_view testo) {
