@@ -1,5 +1,6 @@
 #include "tabelle/csv.h"
 
+#include <compare>
 #include <memory>
 #include <string>
 #include <utility>
@@ -34,34 +35,46 @@ Dichiarazione leggiDichiarazione(std::string_view testo) {
   return testo[i] == '\r' || testo[i] == '\n' ? Dichiarazione{separatore, i + 1} : Dichiarazione{};
 }
 
-// Returns the number of fields of the record at the given line, or of the first one that is not blank
-// whatever the separator.
-std::size_t campiIntestazione(std::string_view testo, std::size_t primaRiga, std::size_t voluta,
-                              char separatore) {
-  Scansione scansione(testo, primaRiga, separatore);
+// The heading as one separator splits it.
+struct Divisione {
+  bool pulita = false;  // quotes are only around whole fields
+  std::size_t campi = 0;
+  auto operator<=>(const Divisione&) const = default;  // NOLINT(modernize-use-nullptr)
+};
+
+bool virgoletteInOrdine(const CampoGrezzo& campo, std::string_view testo) {
+  if (campo.aperto) return false;
+  if (campo.virgolette) return soloBianchi(testo.substr(campo.fine + 1, campo.coda - campo.fine - 1));
+  return testo.substr(campo.inizio, campo.fine - campo.inizio).find('"') == std::string_view::npos;
+}
+
+// Splits the record at the given line, or the first one that is not blank whatever the separator.
+Divisione dividiIntestazione(std::string_view testo, std::size_t voluta, char separatore) {
+  Scansione scansione(testo, 1, separatore);
   while (!scansione.finita()) {
     const std::size_t riga = scansione.riga();
-    std::size_t campi = 0;
+    Divisione divisione{true, 0};
     bool contenuto = false;
     for (bool ultimo = false; !ultimo;) {
       const CampoGrezzo campo = scansione.prossimo();
-      ++campi;
       const std::string_view suo = testo.substr(campo.inizio, campo.fine - campo.inizio);
+      ++divisione.campi;
+      divisione.pulita = divisione.pulita && virgoletteInOrdine(campo, testo);
       contenuto = contenuto || suo.find_first_not_of(" \t\r\n;,") != std::string_view::npos;
       ultimo = campo.ultimo;
     }
-    if (voluta == 0 ? contenuto : riga >= voluta) return campi;
+    if (voluta == 0 ? contenuto : riga >= voluta) return divisione;
   }
-  return 0;
+  return {};
 }
 
-char riconosciSeparatore(std::string_view testo, std::size_t primaRiga, std::size_t voluta) {
+char riconosciSeparatore(std::string_view testo, std::size_t voluta) {
   char migliore = kRiconosciuti[0];
-  std::size_t campi = 0;
+  Divisione sua;
   for (const char candidato : kRiconosciuti) {
-    const std::size_t suoi = campiIntestazione(testo, primaRiga, voluta, candidato);
-    if (suoi > campi) {
-      campi = suoi;
+    const Divisione divisione = dividiIntestazione(testo, voluta, candidato);
+    if (divisione > sua) {
+      sua = divisione;
       migliore = candidato;
     }
   }
@@ -188,7 +201,7 @@ Tabella leggiCsv(std::string_view byte, std::string_view nome, const OpzioniLett
   } else if (inizio > 0) {
     tabella.separatore = dichiarazione.separatore;
   } else {
-    tabella.separatore = riconosciSeparatore(*testo, 1, opzioni.rigaIntestazione);
+    tabella.separatore = riconosciSeparatore(*testo, opzioni.rigaIntestazione);
   }
   componi(tabella, LettoreCsv(*testo, inizio, tabella, opzioni).righe(opzioni.rigaIntestazione), opzioni);
   tabella.testi = testo;

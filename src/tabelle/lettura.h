@@ -30,7 +30,8 @@ struct Limiti {
 
 struct OpzioniLettura {
   // A text's separator: a semicolon, a comma, a tab or a bar (separatoreAmmesso). Without it the first line
-  // "sep=;" decides, else the one that gives the heading the most cells among ; tab and comma.
+  // "sep=;" decides, else the one among ; tab and comma that gives the heading the most cells, and quotes
+  // around whole cells only.
   std::optional<char> separatore;
   // Without it: a byte order mark, else UTF-8 if the whole text is valid, else Windows-1252.
   Caratteri caratteri = Caratteri::Riconosciuti;

@@ -37,6 +37,7 @@ const Caso kCasi[] = {
     {"oneColumn", "A\n1,5\n", {"1:|A", "2:|1,5"}},
     {"separatorOfTheHeaderNotOfTheAmounts", "A;B\n1,50;2,50\n", {"1:|A|B", "2:|1,50|2,50"}},
     {"separatorOutsideQuotes", "\"A;B;C\",D\n1,2\n", {"1:|A;B;C|D", "2:|1|2"}},
+    {"separatorThatAgreesWithTheQuotes", "A;\"x\t\"\n\"1\t2\t3\";4\n", {"1:|A|x\t", "2:|1\t2\t3|4"}},
     {"declaredSeparator", "sep=,\r\nA,B;C\r\n1,2\r\n", {"2:|A|B;C", "3:|1|2"}},
     {"declaredSeparatorQuoted", "\"SEP=|\"\nA|B\n", {"2:|A|B"}},
     {"notADeclaration", "sep=x\nA\n", {"1:|sep=x", "2:|A"}},

@@ -45,15 +45,9 @@ struct Rifiuto {
   std::string attesa;
 };
 
-std::vector<Rifiuto> rifiuti() {
-  const std::string foglio = "xl/worksheets/sheet1.xml";
-  const std::string danno =
-      "f.xlsx, foglio \"Dati\": Il file è danneggiato (xl/worksheets/sheet1.xml) (F03).";
-  const std::string cellaDanno = "f.xlsx, foglio \"Dati\", riga 2, colonna A: Il foglio è danneggiato (";
-  const std::string dtd = "Il file ha una definizione di tipo (DTD), che non è ammessa (F04).";
-  Cartella unite;
-  unite.foglio = "<sheetData>"s + kRighe + "</sheetData><mergeCells><mergeCell ref=\"A1:A1\"/>" +
-                 "<mergeCell ref=\"A1:Z9\"/></mergeCells>";
+const std::string kFoglio = "xl/worksheets/sheet1.xml";
+
+std::vector<Rifiuto> archivi() {
   Cartella nascosti;
   nascosti.fogli = R"(<sheet name="X" state="veryHidden" sheetId="1" r:id="rId1"/>)";
   return {
@@ -71,25 +65,28 @@ std::vector<Rifiuto> rifiuti() {
        "f.xlsx: Il file è protetto da una password: salvarlo senza protezione (F03)."},
       {"noRelations", senza("xl/_rels/workbook.xml.rels"),
        "f.xlsx: Il file è danneggiato o incompleto: manca xl/_rels/workbook.xml.rels (F03)."},
-      {"noSheet", senza(foglio), "f.xlsx: Il file è danneggiato o incompleto: manca " + foglio + " (F03)."},
+      {"noSheet", senza(kFoglio), "f.xlsx: Il file è danneggiato o incompleto: manca " + kFoglio + " (F03)."},
       {"noTexts", senza("xl/sharedStrings.xml"),
        "f.xlsx: Il file è danneggiato o incompleto: manca xl/sharedStrings.xml (F03)."},
       {"onlyHidden", xlsxDi(nascosti), "f.xlsx: La cartella di lavoro non ha fogli visibili (F02)."},
       {"emptySheet", xlsxDiRighe(""), "f.xlsx, foglio \"Dati\": Il foglio non ha righe (F01)."},
-      {"emptyMember", con(foglio, ""), danno},
-      {"cutOff", con(foglio, "<worksheet><sheetData><row r=\"1\"><c r=\"A1\"><v>1"), danno},
-      {"notXml", con(foglio, "ciao"), danno},
-      {"twoRoots", con(foglio, "<worksheet/><worksheet/>"), danno},
-      {"undeclaredEntity", con(foglio, "<worksheet>&nulla;</worksheet>"), danno},
-      {"tooDeep",
-       con(foglio,
-           [] {
-             std::string testo;
-             for (int i = 0; i < 100000; ++i) testo += "<a>";
-             return testo;
-           }()),
-       danno},
-      {"dtd", con(foglio, "<!DOCTYPE worksheet><worksheet/>"), "f.xlsx, foglio \"Dati\": " + dtd},
+  };
+}
+
+std::vector<Rifiuto> parti() {
+  const std::string danno =
+      "f.xlsx, foglio \"Dati\": Il file è danneggiato (xl/worksheets/sheet1.xml) (F03).";
+  const std::string dtd = "Il file ha una definizione di tipo (DTD), che non è ammessa (F04).";
+  std::string annidati;
+  for (int i = 0; i < 100000; ++i) annidati += "<a>";
+  return {
+      {"emptyMember", con(kFoglio, ""), danno},
+      {"cutOff", con(kFoglio, "<worksheet><sheetData><row r=\"1\"><c r=\"A1\"><v>1"), danno},
+      {"notXml", con(kFoglio, "ciao"), danno},
+      {"twoRoots", con(kFoglio, "<worksheet/><worksheet/>"), danno},
+      {"undeclaredEntity", con(kFoglio, "<worksheet>&nulla;</worksheet>"), danno},
+      {"tooDeep", con(kFoglio, annidati), danno},
+      {"dtd", con(kFoglio, "<!DOCTYPE worksheet><worksheet/>"), "f.xlsx, foglio \"Dati\": " + dtd},
       {"externalEntity",
        con("xl/workbook.xml", "<!DOCTYPE w [<!ENTITY x SYSTEM \"file:///etc/passwd\">]><w>&x;</w>"),
        "f.xlsx: " + dtd},
@@ -97,10 +94,19 @@ std::vector<Rifiuto> rifiuti() {
        con("xl/sharedStrings.xml", "<!DOCTYPE s [<!ENTITY a \"aa\"><!ENTITY b \"&a;&a;\">]><sst>&b;</sst>"),
        "f.xlsx: " + dtd},
       {"longText",
-       con(foglio, "<worksheet><sheetData>" + std::string(3 << 20U, 'x') + "</sheetData></worksheet>"),
+       con(kFoglio, "<worksheet><sheetData>" + std::string(3 << 20U, 'x') + "</sheetData></worksheet>"),
        "f.xlsx, foglio \"Dati\": Il file ha un testo troppo lungo (F05)."},
-      {"longAttribute", con(foglio, "<worksheet a=\"" + std::string(3 << 20U, 'x') + "\"/>"),
+      {"longAttribute", con(kFoglio, "<worksheet a=\"" + std::string(3 << 20U, 'x') + "\"/>"),
        "f.xlsx, foglio \"Dati\": Il file ha un testo troppo lungo (F05)."},
+  };
+}
+
+std::vector<Rifiuto> celle() {
+  const std::string cellaDanno = "f.xlsx, foglio \"Dati\", riga 2, colonna A: Il foglio è danneggiato (";
+  Cartella unite;
+  unite.foglio = "<sheetData>"s + kRighe + "</sheetData><mergeCells><mergeCell ref=\"A1:A1\"/>" +
+                 "<mergeCell ref=\"A1:Z9\"/></mergeCells>";
+  return {
       {"unknownText", cella(R"(<c r="A2" t="s"><v>7</v></c>)"), cellaDanno + "testo di una cella) (F03)."},
       {"negativeText", cella(R"(<c r="A2" t="s"><v>-1</v></c>)"), cellaDanno + "testo di una cella) (F03)."},
       {"noNumber", cella(R"(<c r="A2"><v>12x</v></c>)"), cellaDanno + "numero di una cella) (F03)."},
@@ -118,7 +124,9 @@ std::vector<Rifiuto> rifiuti() {
 }
 
 TEST(XlsxOstile, IsRejectedWithReasonAndPlace) {
-  for (const Rifiuto& caso : rifiuti()) EXPECT_EQ(rifiuto(caso.byte, "f.xlsx"), caso.attesa) << caso.nome;
+  for (const auto& casi : {archivi(), parti(), celle()}) {
+    for (const Rifiuto& caso : casi) EXPECT_EQ(rifiuto(caso.byte, "f.xlsx"), caso.attesa) << caso.nome;
+  }
 }
 
 TEST(XlsxOstile, CutOffAnywhereItIsRejected) {
