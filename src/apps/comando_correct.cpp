@@ -54,11 +54,13 @@ int comandoCorrect(const OpzioniCorrect& opzioni) {
          .cartella = std::filesystem::absolute(opzioni.cartella).string(),
          .cartellaDocumenti = sessione.testi().text(1264),
          .firma = opzioni.firma.value_or(surroundings.clock().today()),
-         .prosegue = [&terminale](const Finding& avviso) { return terminale.conferma(avviso.text); }});
-    for (const riscontro::FileCorretto& file : esito->file) {
-      stampaFile(file, dopoScrittura(propria, surroundings.clock(),
-                                     {file.percorso, file.tipo, opzioni.anno, profilo.sessione.azienda}));
-    }
+         .prosegue = [&terminale](const Finding& avviso) { return terminale.conferma(avviso.text); },
+         .scritto =
+             [&](const riscontro::FileCorretto& file) {
+               stampaFile(file,
+                          dopoScrittura(propria, surroundings.clock(),
+                                        {file.percorso, file.tipo, opzioni.anno, profilo.sessione.azienda}));
+             }});
     registra(esito->mancanti, surroundings.factory());
     if (esito->mancanti.empty()) scriviRifiuti(esito.refusals, terminale);
     scritti = esito->file.size();

@@ -179,7 +179,7 @@ class Correzione {
                   .DataImpegnoIntermediario = intermediario_ ? intermediario_->data.value_or(Date()) : Date(),
                   .TipoComunicazione = tipo}});
     if (!riuscito(file)) return false;
-    esito_->file.push_back({tipo, file->percorso, file->certificazioni});
+    fatto({tipo, file->percorso, file->certificazioni});
     return true;
   }
 
@@ -194,7 +194,12 @@ class Correzione {
       file->write(riga + "\r\n");
     }
     file->close();
-    esito_->file.push_back({Comunicazione::Annullamento, percorso, quante});
+    fatto({Comunicazione::Annullamento, percorso, quante});
+  }
+
+  void fatto(FileCorretto file) {
+    if (richiesta_.scritto) richiesta_.scritto(file);
+    esito_->file.push_back(std::move(file));
   }
 
   Result<EsitoCorrezione> fine() {

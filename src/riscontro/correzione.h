@@ -15,6 +15,12 @@
 // The supplies that the state of a year asks for.
 namespace cu::riscontro {
 
+struct FileCorretto {
+  Comunicazione tipo = Comunicazione::Ordinaria;
+  std::string percorso;
+  std::size_t certificazioni = 0;
+};
+
 struct RichiestaCorrezione {
   std::int32_t anno = 0;
   std::string cartella;           // the three folders lie below it
@@ -22,12 +28,7 @@ struct RichiestaCorrezione {
   Date firma;
   std::function<bool(const Finding& avviso)>
       prosegue;  // a warning of a date, or of a file that is there already
-};
-
-struct FileCorretto {
-  Comunicazione tipo = Comunicazione::Ordinaria;
-  std::string percorso;
-  std::size_t certificazioni = 0;
+  std::function<void(const FileCorretto& file)> scritto;  // after each file, before the next one is begun
 };
 
 struct EsitoCorrezione {
