@@ -153,7 +153,7 @@ void Esaminatore::recordD(std::string_view riga, bool affidabile) {
     percipienteDi(riga);
     numeroDi(riga);
     protocolloDi(riga);
-    if (numeroIn(riga, kProgressivoModulo) > 1) {
+    if (numeroIn(riga, kProgressivoModulo) != 1 && numeroIn(riga, kProgressivoModulo) >= 0) {
       segnala_.campo(Regola::O07, kInizioRiga, "Progressivo modulo",
                      [] { return std::string("Il record D di una certificazione è sempre del modulo 1."); });
     }
@@ -163,6 +163,8 @@ void Esaminatore::recordD(std::string_view riga, bool affidabile) {
 }
 
 void Esaminatore::raccogliD(std::string_view riga) {
+  if (agente_.sostituto.codiceFiscale.empty())
+    agente_.sostituto.codiceFiscale = da1252(trimRight(corrente_.agente));
   annunciaSostituto();
   Certificato& c = corrente_.certificato;
   c.numero = numeroLetto(riga, kNumero);
@@ -216,6 +218,8 @@ void Esaminatore::confrontaConD(std::string_view riga) {
   // The number that follows the one before is right.
   if (corrente_.moduli == 0 && suo == corrente_.precedente + 1) {
     segnala_.campoDi(corrente_.riga, 'D', Regola::H02, kNumero, "Progressivo Certificazione", testo);
+    agente_.visti.reset(static_cast<std::size_t>(corrente_.numero));
+    agente_.visti.set(static_cast<std::size_t>(suo));
     corrente_.numero = suo;
     agente_.ultimo = suo;
   } else {

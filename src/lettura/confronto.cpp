@@ -1,6 +1,7 @@
 #include "lettura/confronto.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace cu::lettura {
@@ -26,10 +27,17 @@ void confronta(int modulo, const std::vector<Valore>& vecchie, const std::vector
                    [](const CasellaDiversa& a, const CasellaDiversa& b) { return a.campo < b.campo; });
 }
 
-const std::vector<Valore>& celleDi(const Certificato& certificato, std::size_t modulo) {
+// The cells of the module with the number; none where there is no such module.
+const std::vector<Valore>& celleDi(const Certificato& certificato, int numero) {
   static const std::vector<Valore> kNessuna;
-  return modulo < certificato.moduli.size() ? certificato.moduli[modulo].celle : kNessuna;
+  const auto trovato = std::find_if(certificato.moduli.begin(), certificato.moduli.end(),
+                                    [numero](const Modulo& modulo) { return modulo.numero == numero; });
+  return trovato == certificato.moduli.end() ? kNessuna : trovato->celle;
 }
+
+// The keys of a payee's certificates of any reason, and of its annulments.
+const std::string kQualunque = "\n*";
+const std::string kAnnullamento = "\n!";
 
 std::string chiave(const Certificato& certificato) {
   return certificato.percipiente + "\n" + certificato.causale();
@@ -40,29 +48,50 @@ std::string chiave(const Certificato& certificato) {
 std::vector<CasellaDiversa> diverse(const Certificato& vecchio, const Certificato& nuovo, bool soloD) {
   std::vector<CasellaDiversa> diverse;
   confronta(1, vecchio.celle, nuovo.celle, diverse);
-  const std::size_t moduli = soloD ? 0 : std::max(vecchio.moduli.size(), nuovo.moduli.size());
-  for (std::size_t i = 0; i < moduli; ++i) {
-    confronta(static_cast<int>(i) + 1, celleDi(vecchio, i), celleDi(nuovo, i), diverse);
+  if (soloD) return diverse;
+  std::set<int> numeri;
+  for (const Certificato* const uno : {&vecchio, &nuovo}) {
+    for (const Modulo& modulo : uno->moduli) numeri.insert(modulo.numero);
   }
+  for (const int numero : numeri)
+    confronta(numero, celleDi(vecchio, numero), celleDi(nuovo, numero), diverse);
   return diverse;
 }
 
 void Accostamento::aggiungi(Certificato certificato) {
+  const bool senzaCausale = certificato.causale().empty();
   perChiave_[chiave(certificato)].push_back(posti_.size());
-  if (!certificato.causale().empty()) perChiave_[certificato.percipiente + "\n*"].push_back(posti_.size());
+  if (!senzaCausale) perChiave_[certificato.percipiente + kQualunque].push_back(posti_.size());
+  if (senzaCausale && certificato.operazione == "A") {
+    perChiave_[certificato.percipiente + kAnnullamento].push_back(posti_.size());
+  }
   posti_.push_back({std::move(certificato), false});
 }
 
 std::optional<Certificato> Accostamento::togli(const Certificato& certificato) {
+  // An annulment has no record H, and so no reason.
+  const bool senzaCausale = certificato.causale().empty();
+  const std::string altra = !senzaCausale                   ? kAnnullamento
+                            : certificato.operazione == "A" ? kQualunque
+                                                            : std::string();
   for (const std::string& cercata :
-       {chiave(certificato),
-        certificato.causale().empty() ? certificato.percipiente + "\n*" : std::string()}) {
+       {chiave(certificato), altra.empty() ? std::string() : certificato.percipiente + altra}) {
     const auto trovati = perChiave_.find(cercata);
     if (trovati == perChiave_.end()) continue;
-    for (std::size_t& i = prossimo_[cercata]; i < trovati->second.size(); ++i) {
-      Posto& posto = posti_[trovati->second[i]];
-      if (!std::exchange(posto.tolto, true)) return std::move(posto.certificato);
+    Posto* scelto = nullptr;
+    for (const std::size_t i : trovati->second) {
+      Posto& posto = posti_[i];
+      if (posto.tolto) continue;
+      if (scelto == nullptr) scelto = &posto;
+      // Of several with the same key the one that is equal.
+      if (trovati->second.size() > 1 && diverse(posto.certificato, certificato).empty()) {
+        scelto = &posto;
+        break;
+      }
     }
+    if (scelto == nullptr) continue;
+    scelto->tolto = true;
+    return std::move(scelto->certificato);
   }
   return std::nullopt;
 }

@@ -29,8 +29,9 @@ std::vector<CasellaDiversa> diverse(const Certificato& vecchio, const Certificat
 class Accostamento {
  public:
   void aggiungi(Certificato certificato);
-  // The counterpart, which is taken out; nothing where there is none. Without a reason any of the payee's, in
-  // their order.
+  // The counterpart, which is taken out; nothing where there is none. Of several with the same payee and
+  // reason the one with the same cells, else the first. An annulment, which has no reason, pairs with any of
+  // its payee.
   std::optional<Certificato> togli(const Certificato& certificato);
   // Those that nobody has asked for, in the order in which they were added.
   void rimasti(const std::function<void(const Certificato&)>& chiama) const;
@@ -42,7 +43,6 @@ class Accostamento {
   };
   std::vector<Posto> posti_;
   std::unordered_map<std::string, std::vector<std::size_t>> perChiave_;
-  std::unordered_map<std::string, std::size_t> prossimo_;
 };
 
 }  // namespace cu::lettura

@@ -23,7 +23,8 @@ void della(Segnalatore& segnala, Regola regola, const Cella& cella, const Testo&
 
 void esige(const CelleRiga& celle, Quadro quadro, int numero, std::string_view codice, const char* dato,
            Segnalatore& segnala) {
-  if (celle.trova(quadro, numero) != nullptr) return;
+  // An unreadable code may be the one that is missing.
+  if (celle.trova(quadro, numero) != nullptr || !segnala.integra()) return;
   segnala.campo(Regola::K07, celle.posto(codice), codice,
                 [&] { return "Manca " + std::string(dato) + " (" + std::string(codice) + ")."; });
 }
@@ -172,7 +173,7 @@ void Congruenza::primoModulo(const CelleRiga& celle, Segnalatore& segnala) {
   causale(celle, segnala);
   nonOltre(celle, Regola::C03, {9, 8}, segnala);
   nonOltre(celle, Regola::C03, {10, 8}, segnala);
-  nonInsieme(celle, Regola::C04, 9, 10, segnala);
+  if (celle.cents(9) > 0 && celle.cents(10) > 0) nonInsieme(celle, Regola::C04, 9, 10, segnala);
   if (modello::haAddizionali(causale_)) return;
   for (const Cella& cella : celle) {
     if (cella.casella->numero < 12 || cella.casella->numero > 17) continue;
@@ -183,18 +184,20 @@ void Congruenza::primoModulo(const CelleRiga& celle, Segnalatore& segnala) {
 
 void Congruenza::annoDelReddito(const CelleRiga& celle, Segnalatore& segnala) const {
   const Cella* const anno = celle.somma(2);
-  if (anno == nullptr || celle.somma(3) != nullptr || modello::chiedeAnno(causale_)) return;
+  const Cella* const anticipazione = celle.somma(3);
+  const bool anticipata = anticipazione != nullptr && anticipazione->testo == "1";
+  if (anno == nullptr || anticipata || modello::chiedeAnno(causale_)) return;
   della(segnala, Regola::C08, *anno, [&] {
     return "La casella 2 (anno) è compilata con la causale " + citato(causale_) + " e senza anticipazione.";
   });
 }
 
 void Congruenza::somme(const CelleRiga& celle, bool primo, const Segnalatore& segnala) {
-  for (const int numero : {4, 5, 7, 8, 20, 22}) {
+  for (const int numero : {8, 4, 5, 7, 20, 22}) {
     const Cella* const cella = celle.somma(numero);
     if (cella == nullptr || cella->casella->natura != Natura::Importo) continue;
     if (!cella->buona) somme_.certe = false;
-    if (somme_.codice.empty() || (primo && numero == 4)) {
+    if (somme_.codice.empty()) {
       somme_.riga = segnala.numero();
       somme_.dove = CelleRiga::tratto(*cella);
       somme_.codice = cella->codice;

@@ -30,7 +30,7 @@ class Congruenza {
     std::int64_t imponibile = 0;
     std::int64_t nonSoggette = 0;
     std::int64_t rimborsi = 0;
-    std::int64_t riga = 0;  // of the gross amount, or of what stands in for it
+    std::int64_t riga = 0;  // of the base, or of the first amount without one
     Tratto dove;
     std::string codice;
     bool certe = true;  // every amount could be read

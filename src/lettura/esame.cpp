@@ -69,6 +69,10 @@ void Esaminatore::byteStranieri(std::string_view testo) {
 
 void Esaminatore::larghezza(const Riga& riga) {
   const std::size_t giusti = riga.lunghezza < kLarghezza ? riga.lunghezza : kLarghezza;
+  // A line that is too long may hold what was the next ones.
+  const std::size_t altre = riga.lunghezza < 2 * kLarghezza ? 0 : riga.lunghezza / kLarghezza - 1;
+  ignote_ += altre;
+  ignoteDellAgente_ += altre;
   segnala_.intera(Regola::L01, riga.numero, {static_cast<int>(giusti) + 1, 0}, [&] {
     return "La riga ha " + std::to_string(riga.lunghezza) + " caratteri" + dettoFine(riga.fine) +
            ": ne sono attesi 1898 e CR LF.";
@@ -130,6 +134,7 @@ bool Esaminatore::ordine(char record, const Riga& riga) {
 void Esaminatore::riga(const Riga& riga) {
   ultimaRiga_ = riga.numero;
   const char record = riga.testo.empty() ? '\0' : riga.testo.front();
+  if (zeta_.riga != 0) oltreZeta_ = true;
   const bool nota = record == 'A' || record == 'B' || record == 'D' || record == 'H' || record == 'Z';
   segnala_.riga(riga.numero, nota ? record : '\0', false);
   const bool affidabile = caratteri(riga);
@@ -155,17 +160,23 @@ void Esaminatore::riga(const Riga& riga) {
                     [] { return std::string("In posizione 1898 manca la A che chiude il record."); });
   }
   if (record != 'A') testate_.controlla(record, testo, segnala_);
+  const bool unite = riga.lunghezza >= 2 * kLarghezza;
   if (record == 'A' && alSuoPosto) recordA(testo);
   if (record == 'B') recordB(testo, affidabile);
   if (record == 'D') recordD(testo, affidabile);
   if (record == 'H') recordH(testo, affidabile);
   if (record == 'Z') recordZ(testo, affidabile);
+  if (unite) {
+    dopo_ = Dopo::Ignoto;
+    corrente_.affidabile = false;
+  }
 }
 
 void Esaminatore::fineFile() {
   chiudiCertificato();
   chiudiAgente();
-  if (dopo_ == Dopo::Z) return;
+  confrontaConteggi();
+  if (dopo_ == Dopo::Z && !oltreZeta_) return;
   segnala_.intera(Regola::L04, ultimaRiga_ == 0 ? 1 : ultimaRiga_, {1, 0}, [&] {
     return std::string(ultimaRiga_ == 0 ? "Il file è vuoto." : "Il file non finisce con il record Z.");
   });

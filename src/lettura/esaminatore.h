@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <bitset>
 #include <cstdint>
 #include <optional>
@@ -92,6 +93,7 @@ class Esaminatore {
 
   void chiudiCertificato();
   void chiudiAgente();
+  void confrontaConteggi();
   void fineFile();
 
   Esito esito_;
@@ -106,6 +108,13 @@ class Esaminatore {
   Corrente corrente_;
   std::string riempita_;  // a line that is too short, filled with blanks
   std::int64_t ultimaRiga_ = 0;
+  struct Fine {
+    std::int64_t riga = 0;                     // 0 without a record Z
+    std::array<std::int64_t, 6> dichiarati{};  // of kContati; -1 for what is no number
+  };
+  static constexpr std::string_view kContati = "BCDGHL";
+  Fine zeta_;
+  bool oltreZeta_ = false;  // something follows the first record Z
   std::size_t ignote_ = 0;  // lines that may be any record
   std::size_t ignoteDellAgente_ = 0;
   bool annunciato_ = false;

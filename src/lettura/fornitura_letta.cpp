@@ -112,17 +112,28 @@ void Esaminatore::chiudiAgente() {
 
 void Esaminatore::recordZ(std::string_view riga, bool affidabile) {
   chiudiCertificato();
-  chiudiAgente();
-  if (!affidabile) return;
+  if (zeta_.riga != 0 || !affidabile) return;
+  zeta_.riga = segnala_.numero();
+  for (std::size_t i = 0; i < kContati.size(); ++i) {
+    const Tratto dove = tratto(modello::kTipoZ, std::string("N° rec. Tipo ") + kContati[i]);
+    zeta_.dichiarati.at(i) = segnala_.leggibile(dove) ? numero(leggi(riga, dove)) : -1;
+  }
+}
+
+void Esaminatore::confrontaConteggi() {
+  if (zeta_.riga == 0) return;
   // What an unreadable line was is not known: it may be any that is missing.
   std::size_t mancanti = 0;
   std::string differenze;
   bool troppi = false;
-  for (const char record : {'B', 'C', 'D', 'G', 'H', 'L'}) {
-    const Tratto dove = tratto(modello::kTipoZ, std::string("N° rec. Tipo ") + record);
-    const std::int64_t dichiarati = numero(leggi(riga, dove));
+  for (std::size_t i = 0; i < kContati.size(); ++i) {
+    const char record = kContati[i];
+    const std::int64_t dichiarati = zeta_.dichiarati.at(i);
     const auto contati = static_cast<std::int64_t>(esito_.totali[static_cast<std::size_t>(record - 'A')]);
-    if (dichiarati < 0 || !segnala_.leggibile(dove) || dichiarati == contati) continue;
+    if (dichiarati < 0 || dichiarati == contati) continue;
+    // A record that this supply has not is reported where it is.
+    const bool nota = record == 'B' || record == 'D' || record == 'H';
+    if (dichiarati < contati && !nota) continue;
     if (dichiarati < contati) troppi = true;
     if (dichiarati > contati) mancanti += static_cast<std::size_t>(dichiarati - contati);
     if (!differenze.empty()) differenze += ", ";
@@ -130,7 +141,7 @@ void Esaminatore::recordZ(std::string_view riga, bool affidabile) {
         std::string(1, record) + " " + std::to_string(dichiarati) + " invece di " + std::to_string(contati);
   }
   if (differenze.empty() || (!troppi && mancanti <= ignote_)) return;
-  segnala_.intera(Regola::O04, segnala_.numero(), {1, modello::kLarghezzaRecord},
+  segnala_.intera(Regola::O04, zeta_.riga, {1, modello::kLarghezzaRecord},
                   [&] { return "Il record Z conta " + differenze + "."; });
 }
 

@@ -9,6 +9,7 @@
 
 #include "base/windows1252.h"
 #include "lettura/rilievi.h"
+#include "modello/campo.h"
 
 namespace cu::lettura {
 
@@ -33,6 +34,7 @@ class Segnalatore {
   std::int64_t numero() const { return riga_; }
   char record() const { return record_; }
   bool muta() const { return muta_; }
+  bool integra() const { return guasti_.empty(); }
   void guasto(Tratto tratto) { guasti_.push_back(tratto); }
   bool leggibile(Tratto tratto) const {
     return std::none_of(guasti_.begin(), guasti_.end(), [tratto](const Tratto& g) {
@@ -67,7 +69,10 @@ class Segnalatore {
       rilievi_.conta(regola);
       return;
     }
-    rilievi_.aggiungi({riga, tratto.posizione, tratto.lunghezza, record, std::string(nome), regola, testo()});
+    // The code of a cell comes from the file; the names of fields are the layout's: those of
+    // eight characters are ASCII.
+    std::string campo = nome.size() == modello::kLunghezzaCodice ? da1252(nome) : std::string(nome);
+    rilievi_.aggiungi({riga, tratto.posizione, tratto.lunghezza, record, std::move(campo), regola, testo()});
   }
 
   Rilievi& rilievi_;

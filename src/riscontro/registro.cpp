@@ -24,16 +24,38 @@ constexpr std::array<std::pair<Stato, std::string_view>, 6> kStati = {{{Stato::S
                                                                        {Stato::Annullata, "annullata"},
                                                                        {Stato::Sostituita, "sostituita"}}};
 
-// A line for each cell. A control character, which no sound file has, would part what is one.
+// A line for each cell; backslashes and control characters are escaped, so that any value comes back as it
+// was.
 std::string testoCelle(const std::vector<Valore>& celle) {
+  constexpr std::string_view kCifre = "0123456789ABCDEF";
   std::string testo;
   for (const Valore& cella : celle) {
     testo += cella.codice + "=";
-    std::transform(cella.testo.begin(), cella.testo.end(), std::back_inserter(testo),
-                   [](char c) { return static_cast<unsigned char>(c) < 0x20 ? ' ' : c; });
+    for (const char c : cella.testo) {
+      const auto byte = static_cast<unsigned char>(c);
+      if (byte >= 0x20 && c != '\\') {
+        testo += c;
+      } else {
+        testo += {'\\', kCifre[byte / 16], kCifre[byte % 16]};
+      }
+    }
     testo += '\n';
   }
   return testo;
+}
+
+std::string senzaSegni(std::string_view testo) {
+  const auto cifra = [](char c) { return c <= '9' ? c - '0' : c - 'A' + 10; };
+  std::string valore;
+  for (std::size_t i = 0; i < testo.size(); ++i) {
+    if (testo[i] == '\\' && i + 2 < testo.size()) {
+      valore += static_cast<char>(cifra(testo[i + 1]) * 16 + cifra(testo[i + 2]));
+      i += 2;
+    } else {
+      valore += testo[i];
+    }
+  }
+  return valore;
 }
 
 std::vector<Valore> celleDa(std::string_view testo) {
@@ -42,7 +64,7 @@ std::vector<Valore> celleDa(std::string_view testo) {
     const std::string_view riga = testo.substr(0, testo.find('\n'));
     const std::size_t uguale = riga.find('=');
     if (uguale != std::string_view::npos) {
-      celle.push_back({std::string(riga.substr(0, uguale)), std::string(riga.substr(uguale + 1))});
+      celle.push_back({std::string(riga.substr(0, uguale)), senzaSegni(riga.substr(uguale + 1))});
     }
     testo.remove_prefix(std::min(riga.size() + 1, testo.size()));
   }
@@ -146,6 +168,21 @@ std::int64_t Registro::massimo(std::string_view tabella, std::string_view colonn
   return riga.Eof() ? 0 : riga.Get(0).integer();
 }
 
+// An annulment does not say its reason: it is that of the certificate which it refers to.
+std::string Registro::causaleDi(const Certificato& certificato, std::int32_t idAzienda) {
+  if (certificato.operazione != "A" || !certificato.causale().empty()) return certificato.causale();
+  Recordset riga;
+  riga.Open(connessione_,
+            "SELECT CuCertificazione.Causale FROM CuCertificazione INNER JOIN CuInvio"
+            " ON CuCertificazione.IDInvio = CuInvio.IDInvio" +
+                deiCertificati(idAzienda, std::nullopt) +
+                " AND CuCertificazione.CodiceFiscale = " + quotato(certificato.percipiente) +
+                " AND CuCertificazione.Protocollo = " + quotato(certificato.protocollo) +
+                " AND CuCertificazione.Progressivo = " + quotato(certificato.progressivo) +
+                " ORDER BY CuCertificazione.IDCertificazione");
+  return riga.Eof() ? std::string() : riga.Get(0).toText();
+}
+
 std::int64_t Registro::registra(const Invio& invio, const std::vector<Certificato>& certificati) {
   Transazione transazione(connessione_);
   // The row of the file is written first: it holds the id, and with it the lock, until the end.
@@ -165,7 +202,10 @@ std::int64_t Registro::registra(const Invio& invio, const std::vector<Certificat
                    "RiferimentoProtocollo", "RiferimentoProgressivo", "Celle", "Impronta", "Stato"});
   Inserimento inH(connessione_, "CuModulo", {"IDCertificazione", "Modulo", "Celle"});
   for (const Certificato& c : certificati) {
-    inD.intero(++prossima).intero(id).testo(c.percipiente.empty() ? " " : c.percipiente).testo(c.causale());
+    inD.intero(++prossima)
+        .intero(id)
+        .testo(c.percipiente.empty() ? " " : c.percipiente)
+        .testo(causaleDi(c, invio.idAzienda));
     inD.testo(c.nome).intero(c.numero).testo(c.operazione).testo(c.protocollo).testo(c.progressivo);
     inD.testo(testoCelle(c.celle)).testo(improntaCelle(c)).testo(nome(Stato::Scritta)).riga();
     for (std::size_t i = 0; i < c.moduli.size(); ++i) {

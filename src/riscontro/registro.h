@@ -70,6 +70,7 @@ class Registro {
   Connection& connessione() { return connessione_; }
 
  private:
+  std::string causaleDi(const lettura::Certificato& certificato, std::int32_t idAzienda);
   std::int64_t massimo(std::string_view tabella, std::string_view colonna);
   void leggiModuli(std::int32_t idAzienda, std::optional<std::int32_t> anno,
                    std::vector<Registrata>& registrate);

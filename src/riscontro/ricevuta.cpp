@@ -82,10 +82,12 @@ class Pianificazione {
     const RigaRicevuta& letta = riga.letta;
     std::vector<std::size_t> sue;
     if (const auto trovate = perPercipiente_.find(letta.codiceFiscale); trovate != perPercipiente_.end()) {
-      std::copy_if(
-          trovate->second.begin(), trovate->second.end(), std::back_inserter(sue), [&](std::size_t i) {
-            return letta.causale.empty() || piano_.registrate[i].certificato.causale() == letta.causale;
-          });
+      std::copy_if(trovate->second.begin(), trovate->second.end(), std::back_inserter(sue),
+                   [&](std::size_t i) {
+                     const std::string& sua = piano_.registrate[i].certificato.causale();
+                     const bool ignota = sua.empty() && piano_.registrate[i].certificato.operazione == "A";
+                     return letta.causale.empty() || sua == letta.causale || ignota;
+                   });
     }
     if (sue.empty()) {
       male(riga, EsitoRiga::Errore, "CodiceFiscale", "P12",
@@ -164,10 +166,11 @@ class Pianificazione {
     for (const std::size_t i : sue) {
       const Registrata& r = piano_.registrate[i];
       if (r.stato != Stato::Accettata || r.certificato.operazione == "A" || r.id >= correzione.id) continue;
-      if (r.certificato.causale() != correzione.certificato.causale()) continue;
+      const std::string& causale = correzione.certificato.causale();
       const bool indicata = r.protocollo == correzione.certificato.protocollo &&
                             r.progressivo == correzione.certificato.progressivo;
-      if (indicata || !precedente) precedente = i;
+      if (indicata || (!precedente && (causale.empty() || r.certificato.causale() == causale)))
+        precedente = i;
       if (indicata) break;
     }
     if (!precedente) return;

@@ -1,73 +1,124 @@
 #include "riscontro/stato.h"
 
+#include <algorithm>
 #include <array>
 #include <map>
 #include <utility>
 
-#include "base/text.h"
-
 namespace cu::riscontro {
 namespace {
 
-// What is on record of one certificate: of payee and reason, and of the how many-th with these in its file.
+// What is on record of one certificate, in the order in which it was written.
 struct Storia {
-  std::optional<Registrata> accettata;
-  std::optional<Registrata> ultima;
+  std::vector<Registrata> voci;
+  bool usata = false;
+
+  const Registrata* accettata() const {
+    const auto trovata = std::find_if(voci.rbegin(), voci.rend(), [](const Registrata& r) {
+      return r.stato == Stato::Accettata && r.certificato.operazione != "A";
+    });
+    return trovata == voci.rend() ? nullptr : &*trovata;
+  }
+  // What has no answer yet: a file that was sent, or a correction that was written. What came before the
+  // acceptance is answered by it.
+  const Registrata* inAttesa() const {
+    const Registrata* const prima = accettata();
+    const auto trovata = std::find_if(voci.rbegin(), voci.rend(), [prima](const Registrata& r) {
+      if (prima != nullptr && r.id < prima->id) return false;
+      return r.stato == Stato::Inviata || (r.stato == Stato::Scritta && !r.ordinaria());
+    });
+    return trovata == voci.rend() ? nullptr : &*trovata;
+  }
+  // The last thing that happened. An ordinary certificate that was only written again changes nothing.
+  const Registrata* mostrata() const {
+    if (const Registrata* const attesa = inAttesa()) return attesa;
+    const auto risposta = std::find_if(voci.rbegin(), voci.rend(),
+                                       [](const Registrata& r) { return r.stato != Stato::Scritta; });
+    return risposta != voci.rend() ? &*risposta : voci.empty() ? nullptr : &voci.back();
+  }
 };
 
-using Storie = std::map<std::string, Storia>;
-
-std::string chiave(const lettura::Certificato& certificato, int volta) {
-  return certificato.percipiente + "\n" + certificato.causale() + "\n" + fromInteger(volta);
-}
-
-Storie leggiStorie(Registro& registro, const Esercizio& esercizio) {
-  Storie storie;
-  std::map<std::string, int> volte;
-  std::int64_t invio = 0;
-  for (Registrata& registrata : registro.certificate(esercizio.idAzienda, esercizio.anno, true)) {
-    if (std::exchange(invio, registrata.idInvio) != registrata.idInvio) volte.clear();
-    const int volta = ++volte[chiave(registrata.certificato, 0)];
-    Storia& storia = storie[chiave(registrata.certificato, volta)];
-    if (registrata.stato == Stato::Accettata && registrata.certificato.operazione != "A") {
-      storia.accettata = registrata;
+// The stories of a year. A correction belongs to what it refers to; an ordinary certificate to those of its
+// payee and reason, the how many-th with these in its file.
+class Storie {
+ public:
+  Storie(Registro& registro, const Esercizio& esercizio) {
+    std::int64_t invio = 0;
+    std::map<std::string, std::size_t> volte;
+    for (Registrata& r : registro.certificate(esercizio.idAzienda, esercizio.anno, true)) {
+      if (std::exchange(invio, r.idInvio) != r.idInvio) volte.clear();
+      const std::string sua = chiave(r.certificato);
+      const std::size_t volta = volte[sua]++;
+      std::optional<std::size_t> quale = riferita(r);
+      if (!quale && !r.ordinaria() && r.certificato.causale().empty()) continue;  // of no known certificate
+      if (!quale) quale = diChiave(sua, volta);
+      if (!r.protocollo.empty()) perRiferimento_[riferimento(r.protocollo, r.progressivo)] = *quale;
+      storie_[*quale].voci.push_back(std::move(r));
     }
-    storia.ultima = std::move(registrata);
   }
-  return storie;
-}
 
-// A correction that was written waits for its answer; an ordinary certificate only once it was sent.
-bool inAttesa(const Storia& storia) {
-  if (!storia.ultima) return false;
-  const Registrata& ultima = *storia.ultima;
-  return ultima.stato == Stato::Inviata || (ultima.stato == Stato::Scritta && !ultima.ordinaria());
-}
+  // The story of an account: of several the one that agrees with it, else the first; null without one.
+  Storia* di(const lettura::Certificato& conto, bool soloUguale) {
+    const auto trovate = perChiave_.find(chiave(conto));
+    if (trovate == perChiave_.end()) return nullptr;
+    for (const std::size_t i : trovate->second) {
+      Storia& storia = storie_[i];
+      if (storia.usata) continue;
+      const Registrata* const accettata = storia.accettata();
+      const bool uguale = accettata != nullptr && lettura::diverse(accettata->certificato, conto).empty();
+      if (soloUguale && !uguale) continue;
+      storia.usata = true;
+      return &storia;
+    }
+    return nullptr;
+  }
+  const std::vector<Storia>& tutte() const { return storie_; }
 
-std::string statoDi(const Storia& storia) {
-  if (!storia.ultima) return {};
-  const bool soloRiscritta = storia.ultima->stato == Stato::Scritta && storia.ultima->ordinaria();
-  const Registrata& mostrata = soloRiscritta && storia.accettata ? *storia.accettata : *storia.ultima;
-  return std::string(nome(mostrata.stato));
-}
+ private:
+  static std::string chiave(const lettura::Certificato& c) { return c.percipiente + "\n" + c.causale(); }
+  static std::string riferimento(const std::string& protocollo, const std::string& progressivo) {
+    return protocollo + "/" + progressivo;
+  }
+  std::optional<std::size_t> riferita(const Registrata& r) const {
+    if (r.ordinaria()) return std::nullopt;
+    const auto trovata =
+        perRiferimento_.find(riferimento(r.certificato.protocollo, r.certificato.progressivo));
+    return trovata == perRiferimento_.end() ? std::nullopt : std::optional(trovata->second);
+  }
+  std::size_t diChiave(const std::string& chiave, std::size_t volta) {
+    std::vector<std::size_t>& sue = perChiave_[chiave];
+    while (sue.size() <= volta) {
+      sue.push_back(storie_.size());
+      storie_.emplace_back();
+    }
+    return sue[volta];
+  }
 
-VoceStato voceDi(const lettura::Certificato& certificato, const Storia& storia) {
+  std::vector<Storia> storie_;
+  std::map<std::string, std::vector<std::size_t>> perChiave_;
+  std::map<std::string, std::size_t> perRiferimento_;
+};
+
+VoceStato voceDi(const lettura::Certificato& certificato, const Storia* storia) {
   VoceStato voce;
   voce.percipiente = certificato.percipiente;
   voce.nome = certificato.nome;
   voce.causale = certificato.causale();
-  voce.stato = statoDi(storia);
-  if (storia.ultima && storia.ultima->stato == Stato::Scartata) voce.motivo = storia.ultima->motivo;
-  voce.accettata = storia.accettata;
+  if (storia == nullptr) return voce;
+  if (const Registrata* const mostrata = storia->mostrata()) {
+    voce.stato = nome(mostrata->stato);
+    if (mostrata->stato == Stato::Scartata) voce.motivo = mostrata->motivo;
+  }
+  if (const Registrata* const accettata = storia->accettata()) voce.accettata = *accettata;
   return voce;
 }
 
-VoceStato delConto(Conto conto, const Storia& storia) {
+VoceStato delConto(Conto conto, const Storia* storia) {
   VoceStato voce = voceDi(conto.certificato, storia);
-  if (storia.accettata) voce.caselle = lettura::diverse(storia.accettata->certificato, conto.certificato);
-  if (inAttesa(storia)) {
+  if (voce.accettata) voce.caselle = lettura::diverse(voce.accettata->certificato, conto.certificato);
+  if (storia != nullptr && storia->inAttesa() != nullptr) {
     voce.operazione = Operazione::Attesa;
-  } else if (!storia.accettata) {
+  } else if (!voce.accettata) {
     voce.operazione = Operazione::Nuova;
   } else {
     voce.operazione = voce.caselle.empty() ? Operazione::Nessuna : Operazione::Sostituzione;
@@ -86,20 +137,25 @@ std::string_view nome(Operazione operazione) {
 
 std::vector<VoceStato> statoEsercizio(Registro& registro, const Esercizio& esercizio,
                                       const Conversioni& utilita) {
-  Storie storie = leggiStorie(registro, esercizio);
+  Storie storie(registro, esercizio);
+  std::vector<Conto> conti;
+  leggiConti(registro.connessione(), esercizio, utilita,
+             [&](Conto conto) { conti.push_back(std::move(conto)); });
+  std::vector<const Storia*> loro(conti.size(), nullptr);
+  for (const bool soloUguale : {true, false}) {
+    for (std::size_t i = 0; i < conti.size(); ++i) {
+      if (loro[i] == nullptr) loro[i] = storie.di(conti[i].certificato, soloUguale);
+    }
+  }
   std::vector<VoceStato> voci;
-  std::map<std::string, int> volte;
-  leggiConti(registro.connessione(), esercizio, utilita, [&](Conto conto) {
-    const int volta = ++volte[chiave(conto.certificato, 0)];
-    const auto sua = storie.extract(chiave(conto.certificato, volta));
-    voci.push_back(delConto(std::move(conto), sua.empty() ? Storia() : sua.mapped()));
-  });
-  for (const auto& [_, storia] : storie) {
-    const bool attesa = inAttesa(storia);
-    if (!storia.accettata && !attesa) continue;
-    VoceStato voce =
-        voceDi(storia.accettata ? storia.accettata->certificato : storia.ultima->certificato, storia);
-    voce.operazione = attesa ? Operazione::Attesa : Operazione::Annullamento;
+  for (std::size_t i = 0; i < conti.size(); ++i) voci.push_back(delConto(std::move(conti[i]), loro[i]));
+  for (const Storia& storia : storie.tutte()) {
+    if (storia.usata) continue;
+    const Registrata* const accettata = storia.accettata();
+    const Registrata* const attesa = storia.inAttesa();
+    if (accettata == nullptr && attesa == nullptr) continue;
+    VoceStato voce = voceDi((accettata != nullptr ? accettata : attesa)->certificato, &storia);
+    voce.operazione = attesa != nullptr ? Operazione::Attesa : Operazione::Annullamento;
     voci.push_back(std::move(voce));
   }
   return voci;

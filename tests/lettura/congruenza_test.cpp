@@ -30,7 +30,7 @@ void soloAvvisi(const FileDiProva& file) { EXPECT_EQ(file.esamina().rilievi.erro
 TEST(C01, ABaseThatDiffersByACent) {
   FileDiProva file = buono();
   file.valore(4, "AU001008", amount("1000,01"));
-  EXPECT_EQ(elenco(file.esamina()), di("C01", 4, file, "AU001004"));
+  EXPECT_EQ(elenco(file.esamina()), di("C01", 4, file, "AU001008"));
   soloAvvisi(file);
 }
 
@@ -43,7 +43,7 @@ TEST(C01, CountsTreatySumsAndThoseOfFurtherModules) {
   file.modulo({{"AU001006", amount("7")}, {"AU001007", amount("100,00")}}).fine();
   EXPECT_EQ(elenco(file.esamina()), Elenco{});
   file.valore(5, "AU001007", amount("100,01"));
-  EXPECT_EQ(elenco(file.esamina()), di("C01", 4, file, "AU001004"));
+  EXPECT_EQ(elenco(file.esamina()), di("C01", 4, file, "AU001008"));
 }
 
 TEST(C01, CountsRefundedExpensesInTheBoxOfTheirYear) {
@@ -56,10 +56,13 @@ TEST(C01, CountsRefundedExpensesInTheBoxOfTheirYear) {
   EXPECT_EQ(elenco(con({{"AU001020", amount("1,00")}}, "CUR15").esamina()), Elenco{});
 }
 
-TEST(C01, WithoutAGrossAmountIsAtTheFirstOfTheOthers) {
+TEST(C01, IsAtTheBaseWhateverAmountIsMissing) {
   FileDiProva file = buono();
   file.togli(4, "AU001004");
-  EXPECT_EQ(elenco(file.esamina()), di("C01", 4, file, "AU001007"));
+  EXPECT_EQ(elenco(file.esamina()), di("C01", 4, file, "AU001008"));
+  file = buono();
+  file.togli(4, "AU001008").togli(4, "AU001009");
+  EXPECT_EQ(elenco(file.esamina()), di("C01", 4, file, "AU001004"));
 }
 
 TEST(C02, SumsWithoutTheirCodeAndACodeWithoutSums) {

@@ -126,6 +126,26 @@ TEST(L04, ALineBehindTheEnd) {
   EXPECT_EQ(elenco(file.esamina()), Elenco{"L04 10:1"});
 }
 
+TEST(L04, ASecondEndAndAFileBehindAFile) {
+  FileDiProva file = buono();
+  file.righe.push_back(file.righe.back());
+  EXPECT_EQ(elenco(file.esamina()), Elenco{"L04 10:1"});
+  file = buono();
+  file.righe.insert(file.righe.begin() + 4, file.righe.back());
+  EXPECT_EQ(elenco(file.esamina()), Elenco{"L04 10:1"});
+}
+
+TEST(L01, TwoLinesWithoutAnEndBetweenThem) {
+  for (std::size_t riga = 1; riga <= 8; ++riga) {
+    for (const std::size_t tolti : {1U, 2U}) {
+      std::string testo = buono().testo();
+      testo.erase(riga * 1900 - tolti, tolti);
+      if (tolti == 1) testo.erase(riga * 1900 - 2, 1);
+      EXPECT_EQ(elenco(FileDiProva::esaminaTesto(testo)), Elenco{"L01 " + std::to_string(riga) + ":1899"});
+    }
+  }
+}
+
 TEST(L04, AnEmptyFile) { EXPECT_EQ(elenco(FileDiProva::esaminaTesto("")), Elenco{"L04 1:1"}); }
 
 TEST(O01, AFileWithoutItsHead) {
@@ -168,6 +188,11 @@ TEST(O03, ARecordThatTheSupplyHasNot) {
   file = buono();
   file.righe.insert(file.righe.begin() + 4, "Q" + file.righe[4].substr(1));
   EXPECT_EQ(elenco(file.esamina()), Elenco{"O03 5:1"});
+  for (const char* lettera : {"C", "G", "L"}) {
+    file = buono();
+    file.metti(6, 1, lettera);
+    EXPECT_EQ(elenco(file.esamina()), Elenco{"O03 6:1"}) << lettera;
+  }
 }
 
 TEST(O04, CountsThatDiffer) {
@@ -207,6 +232,8 @@ TEST(O07, ModulesThatAreNotCounted) {
   primo.metti(4, 25, "4");
   EXPECT_EQ(elenco(primo.esamina()), Elenco{"O07 4:1"});
   FileDiProva diD = file;
+  diD.metti(3, 25, "0");
+  EXPECT_EQ(elenco(diD.esamina()), Elenco{"O07 3:1"});
   diD.metti(3, 25, "2");
   EXPECT_EQ(elenco(diD.esamina()), Elenco{"O07 3:1"});
 }

@@ -62,7 +62,23 @@ TEST(H02, ThePayeeOfAnAnnulmentAgainstItsCell) {
 }
 
 TEST(H02, TheNumberDiffersInOneRecord) {
-  prova({{4, 42, "00002", "H02 4:42"}, {6, 42, "00009", "H02 6:42"}, {3, 42, "00005", "H02 3:42"}});
+  prova({{4, 42, "00002", "H02 4:42"},
+         {6, 42, "00009", "H02 6:42"},
+         {3, 42, "00005", "H02 3:42"},
+         {3, 42, "00002", "H02 3:42"}});
+}
+
+TEST(H01, AForeignByteInAHeadIsTheOnlyFinding) {
+  for (const Danno& danno : std::vector<Danno>{{2, 3, "\x01", "L03 2:3"},
+                                               {3, 3, "\x01", "L03 3:3"},
+                                               {3, 27, "\x01", "L03 3:27"},
+                                               {4, 27, "\x01", "L03 4:27"},
+                                               {3, 44, "\x01", "L03 3:44"},
+                                               {4, 91, "\x01", "L03 4:91"}}) {
+    FileDiProva file = buono();
+    file.metti(danno.riga, danno.posizione, danno.testo);
+    EXPECT_EQ(elenco(file.esamina()), Elenco{danno.trovato});
+  }
 }
 
 TEST(H03, ASupplyThatIsNotKnown) {

@@ -19,7 +19,7 @@ TEST(Registro, IsMissingInADatabaseWithoutItsTables) {
 TEST(Registro, KeepsEachCertificateWithItsCells) {
   ConRegistro con;
   lettura::Certificato scritto = certificato("RSSMRC71C08L781I", "A");
-  scritto.celle.push_back({"DA002002", "D'AMICO = \"è\""});
+  scritto.celle.push_back({"DA002002", "D'AMICO = \"è\" \t\\09"});
   scritto.moduli.push_back({2, 0, {{"AU001018", "10,00"}}});
   scritto.moduli.push_back({3, 0, {}});
   con.scrivi({certificato("00743110157", "M"), scritto});

@@ -86,7 +86,13 @@ TEST_F(Ricevuta, AnAcceptedReplacementEndsWhatItReplaces) {
 TEST_F(Ricevuta, AnAcceptedAnnulmentEndsWhatItAnnuls) {
   con_.scrivi({certificato("P1", "A"), certificato("P1", "M")});
   applicata({accettata("P1"), accettata("P1", "M", "000002")});
-  con_.scrivi({certificato("P1", "M", "A")}, 2);
+  // Without a record H it has no reason of its own.
+  lettura::Certificato annullamento = certificato("P1", "M", "A");
+  annullamento.moduli.clear();
+  annullamento.protocollo = kProtocollo;
+  annullamento.progressivo = "000002";
+  con_.scrivi({annullamento}, 2);
+  EXPECT_EQ(con_.registro.certificate(1, 2017, false).back().certificato.causale(), "M");
   applicata({accettata("P1", "M", "000001", "18040112345678902")});
   EXPECT_EQ(con_.stati(), "accettata annullata accettata");
 }

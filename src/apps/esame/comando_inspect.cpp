@@ -40,15 +40,16 @@ class Scelta : public lettura::Ascoltatore {
 // Written as the file is read: what is known at its end alone comes last.
 class InJson : public Scelta {
  public:
-  InJson(const OpzioniInspect& opzioni, std::uint64_t byte) : Scelta(opzioni.certificazione) {
-    std::cout << R"({"file":)" << nlohmann::ordered_json(opzioni.file).dump() << R"(,"bytes":)" << byte
+  explicit InJson(const OpzioniInspect& opzioni) : Scelta(opzioni.certificazione) {
+    std::cout << R"({"file":)" << nlohmann::ordered_json(opzioni.file).dump(-1, ' ', false, kNonUtf8)
               << R"(,"agents":[)";
   }
   void sostituto(const Sostituto& sostituto) override {
     chiudiSostituto();
     std::cout << (primoSostituto_ ? "" : ",") << R"({"fiscalCode":)"
-              << nlohmann::ordered_json(sostituto.codiceFiscale).dump() << R"(,"name":)"
-              << nlohmann::ordered_json(sostituto.nome).dump() << R"(,"certificates":[)";
+              << nlohmann::ordered_json(sostituto.codiceFiscale).dump(-1, ' ', false, kNonUtf8)
+              << R"(,"name":)" << nlohmann::ordered_json(sostituto.nome).dump(-1, ' ', false, kNonUtf8)
+              << R"(,"certificates":[)";
     primoSostituto_ = false;
     aperto_ = true;
     primo_ = true;
@@ -61,15 +62,16 @@ class InJson : public Scelta {
       const bool nota = std::string_view("ABDHZ").find(lettera) != std::string_view::npos;
       if (nota || esito.totali[i] > 0) totali[std::string(1, lettera)] = esito.totali[i];
     }
-    std::cout << R"(],"lines":)" << esito.righe << R"(,"supply":)"
-              << jsonFornitura(esito.fornitura, esito.annullamenti, esito.sostituzioni).dump()
-              << R"(,"totals":)" << totali.dump() << R"(,"findings":)" << jsonRilievi(esito.rilievi).dump()
-              << "}\n";
+    std::cout << R"(],"bytes":)" << esito.byteLetti << R"(,"lines":)" << esito.righe << R"(,"supply":)"
+              << jsonFornitura(esito.fornitura, esito.annullamenti, esito.sostituzioni)
+                     .dump(-1, ' ', false, kNonUtf8)
+              << R"(,"totals":)" << totali.dump(-1, ' ', false, kNonUtf8) << R"(,"findings":)"
+              << jsonRilievi(esito.rilievi).dump(-1, ' ', false, kNonUtf8) << "}\n";
   }
 
  private:
   void mostra(const Certificato& certificato) override {
-    std::cout << (primo_ ? "" : ",") << jsonCertificato(certificato).dump();
+    std::cout << (primo_ ? "" : ",") << jsonCertificato(certificato).dump(-1, ' ', false, kNonUtf8);
     primo_ = false;
   }
   void chiudiSostituto() {
@@ -164,7 +166,7 @@ Esito leggi(FileLetto& file, const OpzioniInspect& opzioni, lettura::Ascoltatore
 }
 
 std::int64_t inJson(FileLetto& file, const OpzioniInspect& opzioni) {
-  InJson uscita(opzioni, file.dimensione());
+  InJson uscita(opzioni);
   uscita.fine(leggi(file, opzioni, uscita));
   return uscita.contati();
 }

@@ -6,6 +6,7 @@
 #include "apps/comune/terminale.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/json_confronto.h"
+#include "apps/esame/json_lettura.h"
 #include "apps/esame/registro_del_profilo.h"
 #include "riscontro/stato.h"
 #include "suite/utilita.h"
@@ -53,7 +54,7 @@ int comandoStatus(const OpzioniStatus& opzioni) {
   if (opzioni.json) {
     nlohmann::ordered_json lista = nlohmann::ordered_json::array();
     for (const VoceStato& voce : voci) lista.push_back(json(voce));
-    std::cout << lista.dump() << '\n';
+    std::cout << lista.dump(-1, ' ', false, kNonUtf8) << '\n';
     return kRiuscito;
   }
   std::map<Operazione, std::size_t> quante;

@@ -33,7 +33,8 @@ int comandoValidate(const OpzioniValidate& opzioni) {
       codice = kUsoSbagliato;
     }
   }
-  if (opzioni.json) std::cout << nlohmann::ordered_json{{"files", std::move(tutti)}}.dump() << '\n';
+  if (opzioni.json)
+    std::cout << nlohmann::ordered_json{{"files", std::move(tutti)}}.dump(-1, ' ', false, kNonUtf8) << '\n';
   return codice;
 }
 

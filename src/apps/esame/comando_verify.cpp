@@ -57,7 +57,10 @@ int comandoVerify(const OpzioniVerify& opzioni) {
   try {
     FileLetto letto(opzioni.file);
     DelFile file;
-    static_cast<void>(lettura::esamina(letto, nullptr, &file));
+    const std::size_t errori = lettura::esamina(letto, nullptr, &file).rilievi.errori();
+    if (errori > 0) {
+      std::cerr << opzioni.file << ": il file ha errori (" << errori << "); «cuctl validate» li elenca.\n";
+    }
     if (!file.anno) {
       std::cerr << opzioni.file << ": il record A non dice di quale anno è la fornitura.\n";
       return kRifiutato;
@@ -68,7 +71,7 @@ int comandoVerify(const OpzioniVerify& opzioni) {
     ListaConfronto lista(opzioni.json);
     verifica(file, *connessione, {profilo.sessione.azienda, *file.anno}, utilita, lista);
     lista.fine("diverse dai conti");
-    return lista.uguali() ? kRiuscito : kRifiutato;
+    return lista.uguali() && errori == 0 ? kRiuscito : kRifiutato;
   } catch (const FileIlleggibile& errore) {
     std::cerr << errore.what() << '\n';
     return kUsoSbagliato;

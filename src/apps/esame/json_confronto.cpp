@@ -1,4 +1,5 @@
 #include "apps/esame/json_confronto.h"
+#include "apps/esame/json_lettura.h"
 
 #include <iostream>
 
@@ -43,7 +44,7 @@ void ListaConfronto::aggiungi(const Confrontata& confrontata, const char* stato,
   ++tutte_;
   if (!uguale) ++diverse_;
   if (json_) {
-    std::cout << (prima_ ? "[" : ",\n") << jsonConfrontata(confrontata).dump();
+    std::cout << (prima_ ? "[" : ",\n") << jsonConfrontata(confrontata).dump(-1, ' ', false, kNonUtf8);
     prima_ = false;
   } else if (!uguale) {
     scriviConfrontata(confrontata, stato, parole, std::cout);

@@ -8,6 +8,9 @@
 
 namespace cu {
 
+// A file's name may hold bytes that are no UTF-8: each becomes U+FFFD.
+inline constexpr auto kNonUtf8 = nlohmann::ordered_json::error_handler_t::replace;
+
 // What the reader finds, as docs/automazione.md describes it.
 nlohmann::ordered_json jsonRilievo(const lettura::Rilievo& rilievo);
 nlohmann::ordered_json jsonRilievi(const lettura::Rilievi& rilievi);  // the list
