@@ -27,7 +27,7 @@ class EsameFile : public ::testing::Test {
     make_ = fatto;
     file_ = in("cu") + "/CUR_04123450233_2017.cur";
   }
-  std::string in(const std::string& nome) const { return (posto_.cartella().path() / nome).string(); }
+  std::string in(const std::string& nome) const { return posto_.cartella().path() + "/" + nome; }
   std::string contenuto() const {
     std::ifstream file(file_, std::ios::binary);
     return std::string((std::istreambuf_iterator<char>(file)), {});

@@ -24,7 +24,7 @@ class VitaInvii : public ::testing::Test {
  protected:
   void SetUp() override { posto_.imposta("printing.engine", "\"record\""); }
 
-  std::string in(const std::string& nome) const { return (posto_.cartella().path() / nome).string(); }
+  std::string in(const std::string& nome) const { return posto_.cartella().path() + "/" + nome; }
   Esecuzione cuctl(std::vector<std::string> argomenti) {
     argomenti.insert(argomenti.end(), {"--profile", posto_.profilo()});
     return posto_.cuctl(argomenti);
@@ -120,7 +120,7 @@ TEST_F(VitaInvii, EndsWithNothingLeftToDo) {
       "INSERT INTO ContoIndividuale (IDAnagrafica, IDCausalePagamento, Anno, IDAzienda, OnorarioProvvigioni,"
       " QuotaProvvigioniNonSoggette, RitenutaAcconto) SELECT 9001, IDCausalePagamento, 2017, 1, 1000, 0, 200"
       " FROM CausalePagamento WHERE Codice = 'A'");
-  const std::string prima = archivio->leggi("SELECT * FROM ContoIndividualeDatiAggiuntivi").testo();
+  const auto prima = archivio->righe("SELECT * FROM ContoIndividualeDatiAggiuntivi");
   EXPECT_EQ(operazioni(),
             (std::map<std::string, int>{
                 {"nuova", 3}, {"sostituzione", 1}, {"annullamento", 1}, {"nessuna", quante - 4}}));
@@ -155,7 +155,7 @@ TEST_F(VitaInvii, EndsWithNothingLeftToDo) {
   for (json* celle : {&cellePrime, &celleAnnullate}) celle->erase("DA003001");
   EXPECT_EQ(celleAnnullate, cellePrime);
   // The accounts are as they were.
-  EXPECT_EQ(archivio->leggi("SELECT * FROM ContoIndividualeDatiAggiuntivi").testo(), prima);
+  EXPECT_EQ(archivio->righe("SELECT * FROM ContoIndividualeDatiAggiuntivi"), prima);
 
   // A correction that was written is pending, and is not written again.
   EXPECT_EQ(operazioni(), (std::map<std::string, int>{{"nuova", 3}, {"attesa", 2}, {"nessuna", quante - 4}}));
@@ -184,7 +184,8 @@ TEST_F(VitaInvii, ARejectedCorrectionLeavesTheAcceptanceBeforeIt) {
   applicata(ricevuta(in("c") + "/sostituzioni/CUR_04123450233_2017.cur", "18041012345678903", {0}));
   EXPECT_EQ(operazioni(), (std::map<std::string, int>{{"sostituzione", 1}, {"nessuna", quante - 1}}));
   for (const json& voce : status()) {
-    if (voce.at("operation") == "sostituzione") EXPECT_EQ(voce.at("protocol"), "18030612345678901");
+    if (voce.at("operation") != "sostituzione") continue;
+    EXPECT_EQ(voce.at("protocol"), "18030612345678901");
   }
 }
 
