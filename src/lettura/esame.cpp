@@ -176,7 +176,8 @@ void Esaminatore::fineFile() {
   chiudiCertificato();
   chiudiAgente();
   confrontaConteggi();
-  if (dopo_ == Dopo::Z && !oltreZeta_) return;
+  // An unreadable last line may be the record.
+  if ((dopo_ == Dopo::Z || dopo_ == Dopo::Ignoto) && !oltreZeta_) return;
   segnala_.intera(Regola::L04, ultimaRiga_ == 0 ? 1 : ultimaRiga_, {1, 0}, [&] {
     return std::string(ultimaRiga_ == 0 ? "Il file è vuoto." : "Il file non finisce con il record Z.");
   });

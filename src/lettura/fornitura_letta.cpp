@@ -121,7 +121,8 @@ void Esaminatore::recordZ(std::string_view riga, bool affidabile) {
 }
 
 void Esaminatore::confrontaConteggi() {
-  if (zeta_.riga == 0) return;
+  // Where something follows the record, what it counts is not known.
+  if (zeta_.riga == 0 || oltreZeta_) return;
   // What an unreadable line was is not known: it may be any that is missing.
   std::size_t mancanti = 0;
   std::string differenze;
