@@ -1,9 +1,9 @@
 #include <filesystem>
 #include <iostream>
 
-#include "apps/comune/dopo_scrittura.h"
+#include "apps/esame/dopo_scrittura.h"
 #include "apps/comune/tavola.h"
-#include "apps/comune/testo_rilievi.h"
+#include "apps/esame/testo_rilievi.h"
 #include "apps/esame/registro_del_profilo.h"
 #include "comandi.h"
 #include "esito.h"

@@ -1,9 +1,9 @@
 #include <iostream>
 #include <vector>
 
-#include "apps/comune/dopo_scrittura.h"
+#include "apps/esame/dopo_scrittura.h"
 #include "apps/comune/riepilogo_file.h"
-#include "apps/comune/testo_rilievi.h"
+#include "apps/esame/testo_rilievi.h"
 #include "base/text.h"
 #include "comandi.h"
 #include "esito.h"

@@ -109,16 +109,6 @@ bool FrmWizard::controllaDate() {
   return true;
 }
 
-std::string FrmWizard::rilettura(const std::string& percorso) {
-  if (!ambiente_.dopoIlFile) return {};
-  const std::string detto = ambiente_.dopoIlFile({.percorso = percorso,
-                                                  .tipo = tipoComunicazione(),
-                                                  .anno = globali_.gAnno,
-                                                  .idAzienda = globali_.gSessione->IDAzienda(),
-                                                  .database = globali_.gSessione->database()});
-  return detto.empty() ? detto : " " + detto;
-}
-
 std::optional<std::string> FrmWizard::generaFile(const std::string& sCodFisc) {
   FrontEnd& schermo = ambiente_.frontEnd;
   const fornitura::RichiestaFile richiesta{
@@ -139,7 +129,7 @@ std::optional<std::string> FrmWizard::generaFile(const std::string& sCodFisc) {
       schermo.told(
           file->certificazioni == 0
               ? "Nessun file telematico è stato creato: nessuna riga scelta ha un periodo IVA nell'anno."
-              : "Creato " + file->nome + "." + rilettura(file->percorso));
+              : "Creato " + file->nome + ".");
       return file->nome;
     }
     for (const Finding& rifiuto : file.refusals) {

@@ -196,7 +196,6 @@ class FrmWizard : public Form, public per_chiamanti::DiFrmWizard<FrmWizard> {
   bool controllaDate();
   bool confermaAvviso(const Finding& avviso);
   // The file's name; none when it could not be made.
-  std::string rilettura(const std::string& percorso);
   std::optional<std::string> generaFile(const std::string& sCodFisc);
   void stampaModuli(const std::string& sCodFisc);
   void sbMostraEsitoFile(const std::string& sNomeFile, const std::string& sCartella, std::int16_t nFlag);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "apps/comune/dopo_scrittura.h"
 #include "apps/comune/surroundings.h"
 #include "wizard/mod_main.h"
 
@@ -13,11 +12,7 @@ class Impianto {
       : surroundings_(profilo, schermo),
         programma_(Ambiente{schermo, surroundings_.factory(), surroundings_.utilita(),
                             surroundings_.settings(), surroundings_.clock(), surroundings_.files(),
-                            surroundings_.stampe(), [this](const FileFatto& file) {
-                              return dettoDopo(
-                                  dopoScrittura(file.database.ownConnection(), surroundings_.clock(),
-                                                {file.percorso, file.tipo, file.anno, file.idAzienda}));
-                            }}) {}
+                            surroundings_.stampe()}) {}
 
   ModMain& programma() { return programma_; }
   bool avvioRifiutato() const { return surroundings_.avvioRifiutato(); }

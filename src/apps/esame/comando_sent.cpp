@@ -2,7 +2,7 @@
 
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/file_letto.h"
-#include "apps/comune/impronta.h"
+#include "apps/esame/impronta.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/registro_del_profilo.h"
 #include "data/transazione.h"

@@ -28,7 +28,4 @@ struct DopoScrittura {
 // The connection is one that is not traced. Never raises: the file stays, whatever happens here.
 DopoScrittura dopoScrittura(Connection& connessione, const Clock& orologio, const FileAppenaScritto& file);
 
-// "Controllo: nessun errore, 8 avvisi." and the first error, or what went wrong.
-std::string dettoDopo(const DopoScrittura& dopo);
-
 }  // namespace cu

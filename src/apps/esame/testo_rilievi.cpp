@@ -1,4 +1,4 @@
-#include "apps/comune/testo_rilievi.h"
+#include "apps/esame/testo_rilievi.h"
 
 #include <string_view>
 

@@ -1,4 +1,4 @@
-#include "apps/comune/impronta.h"
+#include "apps/esame/impronta.h"
 
 #include <QCryptographicHash>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "apps/comune/dopo_scrittura.h"
+#include "apps/esame/dopo_scrittura.h"
 
 #include <filesystem>
 #include <utility>
@@ -6,8 +6,7 @@
 
 #include "apps/comune/elenco_luoghi.h"
 #include "apps/comune/file_letto.h"
-#include "apps/comune/impronta.h"
-#include "apps/comune/testo_rilievi.h"
+#include "apps/esame/impronta.h"
 #include "base/error.h"
 #include "base/text.h"
 #include "riscontro/registro.h"
@@ -48,16 +47,6 @@ void registra(riscontro::Registro& registro, const Clock& orologio, const FileAp
 }
 
 }  // namespace
-
-std::string dettoDopo(const DopoScrittura& dopo) {
-  if (!dopo.guasto.empty()) return "Il file non è stato controllato o registrato: " + dopo.guasto;
-  std::string testo = "Controllo: " + dettoConteggio(dopo.rilievi) + ".";
-  for (const lettura::Rilievo& rilievo : dopo.rilievi.ordinati()) {
-    if (lettura::voce(rilievo.regola).gravita != lettura::Gravita::Errore) continue;
-    return testo + " Riga " + fromInteger(rilievo.riga) + ": " + rilievo.testo;
-  }
-  return testo;
-}
 
 DopoScrittura dopoScrittura(Connection& connessione, const Clock& orologio, const FileAppenaScritto& file) {
   DopoScrittura dopo;
