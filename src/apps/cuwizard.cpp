@@ -3,17 +3,20 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <csignal>
 #include <iostream>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "apps/avvio/finestra_avvio.h"
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/impianto.h"
+#include "apps/strumenti/strumenti.h"
 #include "base/error.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
@@ -26,6 +29,7 @@ namespace {
 struct Opzioni {
   std::string profilo;
   std::string colori = "sistema";
+  std::vector<std::string> file;  // telematic files to read
 };
 
 // The guide is in the folder named by the profile or next to the program, installed or in its source tree.
@@ -51,7 +55,12 @@ std::optional<Profilo> profiloScelto() {
   SceltaAvvio scelta = SceltaAvvio::ricordata();
   scelta.documentiMinisteriali = cartellaMinisteriale(cartelle);
   FinestraAvvio finestra(scelta, cartelle);
-  if (finestra.exec() != QDialog::Accepted) return std::nullopt;
+  // Not modal: the windows opened from it can be used.
+  QEventLoop attesa;
+  QObject::connect(&finestra, &QDialog::finished, &attesa, &QEventLoop::quit);
+  finestra.show();
+  attesa.exec();
+  if (finestra.result() != QDialog::Accepted) return std::nullopt;
   const SceltaAvvio fatta = finestra.scelta();
   fatta.ricorda();
   if (fatta.documentiMinisteriali != scelta.documentiMinisteriali) {
@@ -60,12 +69,30 @@ std::optional<Profilo> profiloScelto() {
   return profiloDi(fatta, cartelle);
 }
 
+// Until the last window for telematic files is closed.
+int finoAgliStrumenti() {
+  if (!strumenti::aperti()) return kRiuscito;
+  QGuiApplication::setQuitOnLastWindowClosed(true);
+  return QApplication::exec();
+}
+
 int esegui(const Opzioni& opzioni) {
-  const std::optional<Profilo> profilo =
-      opzioni.profilo.empty() ? profiloScelto() : std::optional(leggiProfilo(opzioni.profilo));
-  if (!profilo) return kRiuscito;
+  std::optional<Profilo> profilo;
+  if (!opzioni.profilo.empty()) profilo = leggiProfilo(opzioni.profilo);
+  if (!opzioni.file.empty()) {
+    for (const std::string& uno : opzioni.file) strumenti::apriFile(QString::fromStdString(uno), profilo);
+    return finoAgliStrumenti();
+  }
+  if (!profilo) profilo = profiloScelto();
+  if (!profilo) return finoAgliStrumenti();
   desktop::QtFrontEnd schermo(cartellaGuida(QString::fromStdString(profilo->sessione.cartellaGuida)));
-  schermo.onAllClosed = [] { QCoreApplication::quit(); };
+  schermo.onAllClosed = [] {
+    if (strumenti::aperti()) {
+      QGuiApplication::setQuitOnLastWindowClosed(true);
+    } else {
+      QCoreApplication::quit();
+    }
+  };
   Impianto impianto(*profilo, schermo);
   bool avviato = false;
   schermo.runEvent([&] {
@@ -116,6 +143,11 @@ int eseguiProgramma(int quanti, char** argomenti) {
   programma.add_option("--colori", opzioni.colori, "chiari, scuri, o quelli del sistema")
       ->check(CLI::IsMember({"sistema", "chiari", "scuri"}))
       ->type_name("QUALI");
+  programma
+      .add_option(
+          "FILE", opzioni.file,
+          "File telematici da leggere e controllare, ognuno in una finestra, invece di avviare la procedura")
+      ->type_name("FILE.cur");
   if (const auto esito = senzaSchermo(quanti, argomenti, programma)) return *esito;
 
   QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\nqt.*.warning=false"));
