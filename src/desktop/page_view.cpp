@@ -65,7 +65,7 @@ PageView::PageView(QWidget* parent)
   words_->setMargin(8);
   views_->addWidget(area_);
   views_->addWidget(words_);
-  views_->setMinimumHeight(fontMetrics().height() * 4);
+  views_->setMinimumHeight(fontMetrics().height() * 9);
   column->addWidget(views_, 1);
   draw();
 }

@@ -73,8 +73,8 @@ std::vector<Colonna> FinestraFile::colonneCaselle() {
        },
        false, [](std::size_t riga) { return QVariant(qulonglong(riga)); }},
       {"codice", "Codice", [di](std::size_t riga) { return qs(di(riga).codice); }},
-      {"nome", "Casella", [di](std::size_t riga) { return qs(di(riga).nome); }},
       {"valore", "Valore", [di](std::size_t riga) { return qs(di(riga).testo); }},
+      {"nome", "Casella", [di](std::size_t riga) { return qs(di(riga).nome); }},
   };
 }
 

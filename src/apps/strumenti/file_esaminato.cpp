@@ -250,10 +250,10 @@ std::string intestazione(const FileEsaminato& file) {
   }
   for (const lettura::Sostituto& sostituto : file.sostituti()) {
     testo +=
-        file.sostituti().size() > 1 ? "" : "\nSostituto " + sostituto.codiceFiscale + " " + sostituto.nome;
+        file.sostituti().size() > 1 ? "" : " · sostituto " + sostituto.codiceFiscale + " " + sostituto.nome;
   }
   if (file.sostituti().size() > 1)
-    testo += "\n" + alPlurale(file.sostituti().size(), "sostituto", "sostituti");
+    testo += " · " + alPlurale(file.sostituti().size(), "sostituto", "sostituti");
   testo += "\n" + alPlurale(file.certificati().size(), "certificazione", "certificazioni") + ", " +
            alPlurale(static_cast<std::uint64_t>(esito.righe), "riga", "righe") + ", " +
            alPlurale(file.dimensione(), "byte", "byte") + ": " + dettoConteggio(esito.rilievi);

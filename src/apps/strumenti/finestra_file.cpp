@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -42,19 +43,25 @@ FinestraFile::FinestraFile(const QString& percorso, std::optional<Profilo> profi
   certificati_->scelta = [this](auto quale) { mostraCertificato(quale); };
   elenco->addWidget(certificati_, 1);
   lati->addWidget(sinistra);
-  auto* const alti = new QSplitter(Qt::Vertical, lati);
+  // On a low screen the three parts scroll.
+  auto* const scorre = new QScrollArea(lati);
+  scorre->setFrameShape(QFrame::NoFrame);
+  scorre->setWidgetResizable(true);
+  scorre->setFocusPolicy(Qt::NoFocus);
+  auto* const alti = new QSplitter(Qt::Vertical, scorre);
   alti->setChildrenCollapsible(false);
   alti->addWidget(destra());
   caselle_ = new Tabella(QStringLiteral("strumenti_caselle"), QStringLiteral("Caselle della certificazione"),
                          colonneCaselle(), alti);
   alti->addWidget(caselle_);
   alti->addWidget(sotto());
-  lati->addWidget(alti);
+  scorre->setWidget(alti);
+  lati->addWidget(scorre);
   lati->setStretchFactor(0, 5);
   lati->setStretchFactor(1, 4);
-  alti->setStretchFactor(0, 5);
-  alti->setStretchFactor(1, 2);
-  alti->setStretchFactor(2, 3);
+  lati->setSizes({700, 620});
+  alti->setStretchFactor(0, 1);
+  alti->setSizes({360, 120, 160});
   colonna->addWidget(lati, 1);
 
   auto* const pulsanti = new QHBoxLayout;
@@ -172,6 +179,11 @@ QWidget* FinestraFile::sotto() {
   rilievi_->aperta = [this](std::size_t quale) { vaiAlRilievo(quale); };
   connect(diChi_, &QComboBox::currentIndexChanged, this, [this] { filtraRilievi(); });
   colonna->addWidget(rilievi_, 1);
+  detto_ = new QLabel(riquadro);
+  detto_->setTextFormat(Qt::PlainText);
+  detto_->setWordWrap(true);
+  detto_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  colonna->addWidget(detto_);
   tratto_ = new QPlainTextEdit(riquadro);
   tratto_->setReadOnly(true);
   tratto_->setTabChangesFocus(true);
@@ -180,6 +192,7 @@ QWidget* FinestraFile::sotto() {
   tratto_->setFixedHeight(tratto_->fontMetrics().height() * 3 + 12);
   tratto_->setAccessibleName(QStringLiteral("Il tratto della riga"));
   tratto_->hide();
+  detto_->hide();
   colonna->addWidget(tratto_);
   return riquadro;
 }

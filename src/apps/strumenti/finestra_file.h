@@ -83,6 +83,7 @@ class FinestraFile : public Finestra {
   QComboBox* diChi_ = nullptr;
   QLabel* altri_ = nullptr;
   Tabella* rilievi_ = nullptr;
+  QLabel* detto_ = nullptr;
   QPlainTextEdit* tratto_ = nullptr;
   QPushButton* conFile_ = nullptr;
   QPushButton* conConti_ = nullptr;

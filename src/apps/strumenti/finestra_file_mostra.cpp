@@ -156,9 +156,12 @@ void FinestraFile::filtraRilievi() {
 void FinestraFile::mostraTratto(std::optional<std::size_t> rilievo) {
   if (!rilievo || file_ == nullptr || *rilievo >= file_->rilievi().size()) {
     tratto_->hide();
+    detto_->hide();
     return;
   }
   const lettura::Rilievo& suo = file_->rilievi()[*rilievo];
+  detto_->setText(qs(suo.testo));
+  detto_->show();
   QString riga;
   try {
     riga = carattereABrano(file_->riga(suo.riga));

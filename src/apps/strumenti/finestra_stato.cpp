@@ -22,9 +22,8 @@ constexpr QSize kDimensioneStato(1120, 660);
 constexpr int kTutte = static_cast<int>(kOperazioni);
 
 // In the order of riscontro::Operazione; then all.
-constexpr std::array<const char*, kOperazioni + 1> kFiltri = {"N&uove (%1)",        "S&ostituzioni (%1)",
-                                                              "Annulla&menti (%1)", "Ne&ssuna (%1)",
-                                                              "&In attesa (%1)",    "&Tutte (%1)"};
+constexpr std::array<const char*, kOperazioni + 1> kFiltri = {"N&uove",   "S&ostituzioni", "Annulla&menti",
+                                                              "Ne&ssuna", "&In attesa",    "&Tutte"};
 
 }  // namespace
 
@@ -96,8 +95,7 @@ QWidget* FinestraStato::operazioni() {
   riga->setContentsMargins(0, 0, 0, 0);
   filtri_ = new QButtonGroup(riquadro);
   const auto aggiungi = [&](int quale) {
-    auto* const uno =
-        new QPushButton(QString::fromUtf8(kFiltri.at(static_cast<std::size_t>(quale))).arg(0), riquadro);
+    auto* const uno = new QPushButton(riquadro);
     uno->setCheckable(true);
     uno->setAutoDefault(false);
     filtri_->addButton(uno, quale);
@@ -106,15 +104,30 @@ QWidget* FinestraStato::operazioni() {
   aggiungi(kTutte);
   for (int i = 0; i < kTutte; ++i) aggiungi(i);
   filtri_->button(kTutte)->setChecked(true);
+  scriviFiltri();
   riga->addStretch(1);
   connect(filtri_, &QButtonGroup::idToggled, this, [this](int quale, bool premuto) {
     if (!premuto) return;
     operazione_.reset();
     if (quale != kTutte) operazione_ = static_cast<std::size_t>(quale);
+    scriviFiltri();
     voci_->riapplicaFiltro();
     diceFrase();
   });
   return riquadro;
+}
+
+// The counts, and a sign on the one that is chosen.
+void FinestraStato::scriviFiltri() {
+  for (QAbstractButton* uno : filtri_->buttons()) {
+    const auto quale = static_cast<std::size_t>(filtri_->id(uno));
+    std::size_t quante = 0;
+    if (stato_ != nullptr) quante = quale == kOperazioni ? stato_->voci.size() : stato_->quante.at(quale);
+    uno->setText(
+        QStringLiteral("%1%2 (%3)")
+            .arg(uno->isChecked() ? QStringLiteral("✓ ") : QString(), QString::fromUtf8(kFiltri.at(quale)))
+            .arg(quante));
+  }
 }
 
 void FinestraStato::componiTabelle(QSplitter& divisore) {

@@ -32,6 +32,7 @@ class FinestraStato : public Finestra {
   QWidget* sopra();
   QWidget* operazioni();
   QWidget* pulsanti();
+  void scriviFiltri();
   void componiTabelle(QSplitter& divisore);
   // Runs a work of this window; one at a time.
   void esegui(const QString& che, std::function<void()> lavoro, std::function<void()> fatto, bool scrive);

@@ -77,16 +77,7 @@ void FinestraStato::mostra() {
   for (const VoceMostrata& voce : stato_->voci) {
     cercati_.push_back(desktop::folded(qs(voce.percipiente + "\n" + voce.nome + "\n" + voce.causale)));
   }
-  for (QAbstractButton* uno : filtri_->buttons()) {
-    const int quale = filtri_->id(uno);
-    const bool tutte = quale == static_cast<int>(kOperazioni);
-    const std::size_t quante =
-        tutte ? stato_->voci.size() : stato_->quante.at(static_cast<std::size_t>(quale));
-    // The number in brackets is the only part of the caption that changes.
-    QString testo = uno->text();
-    testo.truncate(testo.indexOf(u'('));
-    uno->setText(testo + QStringLiteral("(%1)").arg(quante));
-  }
+  scriviFiltri();
   voci_->mostra(stato_->voci.size());
   diceFrase();
   abilita();

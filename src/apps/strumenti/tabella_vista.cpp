@@ -14,7 +14,7 @@ namespace cu::strumenti {
 namespace {
 
 constexpr int kRigheMisurate = 200;
-constexpr int kLarghezzaMassima = 320;
+constexpr int kLarghezzaMassima = 240;
 
 }  // namespace
 
@@ -99,7 +99,7 @@ Tabella::Tabella(const QString& nome, const QString& detta, std::vector<Colonna>
   horizontalHeader()->setResizeContentsPrecision(kRigheMisurate);
   horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
   setSortingEnabled(true);
-  setMinimumHeight(fontMetrics().height() * 4);
+  setMinimumHeight(fontMetrics().height() * 6);
   setMinimumWidth(fontMetrics().height() * 8);
   desktop::tellWhole(*this);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int quale, int, int larga) {

@@ -43,9 +43,7 @@ class Azienda {
                                                    .prosegue = [](const std::string&) { return true; }});
     return esito.file.empty() ? std::string() : esito.file.front().file.percorso;
   }
-  void esegui(const std::string& istruzione) const {
-    apriConnessione(profilo.database)->Execute(istruzione);
-  }
+  void esegui(const std::string& istruzione) const { apriConnessione(profilo.database)->Execute(istruzione); }
 
   TempFolder cartella;
   Profilo profilo;

@@ -86,7 +86,8 @@ TEST(FileRead, SaysWhatAFileIsNot) {
   const test::TempFolder cartella;
   const FileEsaminato vuoto = FileEsaminato::leggi(test::scritto(cartella / "vuoto.cur", ""), {});
   EXPECT_EQ(stranezza(vuoto), "Il file è vuoto.");
-  const FileEsaminato pdf = FileEsaminato::leggi(test::scritto(cartella / "a.pdf", "%PDF-1.7\n\x01\x02\n"), {});
+  const FileEsaminato pdf =
+      FileEsaminato::leggi(test::scritto(cartella / "a.pdf", "%PDF-1.7\n\x01\x02\n"), {});
   EXPECT_THAT(stranezza(pdf), HasSubstr("non è un file telematico"));
   EXPECT_FALSE(pdf.rilievi().empty());
   const FileEsaminato buono = FileEsaminato::leggi(test::scritto(cartella / "b.cur", molti(1).testo()), {});
@@ -100,7 +101,8 @@ TEST(FileRead, SaysWhatAFileIsNot) {
 TEST(FileRead, ATruncatedFileShowsWhatCouldBeRead) {
   const test::TempFolder cartella;
   const std::string intero = molti(4).testo();
-  for (const std::size_t byte : {std::size_t{1}, std::size_t{1899}, std::size_t{5000}, intero.size() - 3000}) {
+  for (const std::size_t byte :
+       {std::size_t{1}, std::size_t{1899}, std::size_t{5000}, intero.size() - 3000}) {
     const FileEsaminato file =
         FileEsaminato::leggi(test::scritto(cartella / "tronco.cur", intero.substr(0, byte)), {});
     EXPECT_GT(file.esito().rilievi.errori(), 0U) << byte;
