@@ -79,6 +79,8 @@ int finoAgliStrumenti() {
 int esegui(const Opzioni& opzioni) {
   std::optional<Profilo> profilo;
   if (!opzioni.profilo.empty()) profilo = leggiProfilo(opzioni.profilo);
+  strumenti::guida(
+      cartellaGuida(profilo ? QString::fromStdString(profilo->sessione.cartellaGuida) : QString()));
   if (!opzioni.file.empty()) {
     for (const std::string& uno : opzioni.file) strumenti::apriFile(QString::fromStdString(uno), profilo);
     return finoAgliStrumenti();

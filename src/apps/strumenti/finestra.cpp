@@ -57,12 +57,24 @@ class Ricevitore : public QObject {
   std::function<void(const QStringList&)> ricevi_;
 };
 
+QString& cartellaDellaGuida() {
+  static QString cartella;
+  return cartella;
+}
+
 }  // namespace
+
+void Finestra::guida(const QString& cartella) { cartellaDellaGuida() = cartella; }
 
 Finestra::Finestra(const QString& nome) : nome_(nome) {
   setAttribute(Qt::WA_DeleteOnClose);
   auto* const esc = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(esc, &QShortcut::activated, this, [this] { close(); });
+  auto* const f1 = new QShortcut(QKeySequence::HelpContents, this);
+  connect(f1, &QShortcut::activated, this, [this] {
+    desktop::openGuide(aiuto_, this, cartellaDellaGuida(),
+                       QStringLiteral("Controllare e seguire i file telematici"));
+  });
 }
 
 bool Finestra::aperte() {

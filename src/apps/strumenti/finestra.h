@@ -1,12 +1,14 @@
 #pragma once
 
-#include <QIcon>
+#include <QKeySequence>
+#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QWidget>
 #include <functional>
 #include <optional>
 
+#include "desktop/reading_windows.h"
 #include "lettura/rilievi.h"
 #include "suite/profilo.h"
 
@@ -22,6 +24,8 @@ class Finestra : public QWidget {
   explicit Finestra(const QString& nome);
   // Whether one of them is on the screen.
   static bool aperte();
+  // The folder of the user's guide, for F1.
+  static void guida(const QString& cartella);
 
  protected:
   // Called by the subclass at the end of its construction.
@@ -36,6 +40,7 @@ class Finestra : public QWidget {
  private:
   QString nome_;
   QList<QSplitter*> divisori_;
+  QPointer<desktop::HelpWindow> aiuto_;
 };
 
 // The files that are dropped on a widget.

@@ -15,6 +15,8 @@ void inVista(Finestra* finestra) {
 
 }  // namespace
 
+void guida(const QString& cartella) { Finestra::guida(cartella); }
+
 void apriFile(const QString& percorso, const std::optional<Profilo>& profilo) {
   inVista(new FinestraFile(percorso, profilo));
 }

@@ -51,7 +51,8 @@ class FiltroTabella : public QSortFilterProxyModel {
   explicit FiltroTabella(QObject* parent);
   // Rows that are shown; all of them where it is empty.
   std::function<bool(std::size_t riga)> passa;
-  void riapplica() { invalidateFilter(); }
+  // As a whole: many scattered rows leave faster than one by one.
+  void riapplica() { invalidate(); }
 
  protected:
   bool filterAcceptsRow(int riga, const QModelIndex& parent) const override;

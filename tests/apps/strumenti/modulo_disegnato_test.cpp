@@ -78,10 +78,12 @@ Corsa corri(const test::Azienda& azienda, std::int32_t anno) {
     richiesta.prosegue = [](const Finding&) { return true; };
     richiesta.guasto = [](const std::string& testo) { ADD_FAILURE() << testo; };
     const auto esito = fornitura::creaCU(sessione.intorno(), compensi, richiesta);
+    for (const Finding& rifiuto : esito.refusals) ADD_FAILURE() << rifiuto.code << ' ' << rifiuto.text;
     if (esito->file) corsa.file = esito->file->percorso;
   });
-  for (const auto& trovato : std::filesystem::recursive_directory_iterator(azienda.cartella.path())) {
-    if (trovato.path().extension() == ".pdf" && corsa.moduli.empty()) corsa.moduli = trovato.path().string();
+  for (const std::string& messaggio : terminale.messaggi) ADD_FAILURE() << messaggio;
+  for (const PrintNote& stampa : terminale.stampe) {
+    if (stampa.written) corsa.moduli = stampa.file;
   }
   return corsa;
 }
