@@ -16,8 +16,11 @@ constexpr std::string_view kFirma = "DA003";
 
 bool diRecordD(const std::string& codice) { return codice.starts_with("DA"); }
 
-std::vector<CasellaConfrontata> tutte(const lettura::Certificato& certificato, bool vecchio, bool nuovo,
+std::vector<CasellaConfrontata> tutte(lettura::Certificato certificato, bool vecchio, bool nuovo,
                                       std::int32_t anno) {
+  // Modules are compared by their places, whatever numbers the file gives them.
+  int posto = 0;
+  for (lettura::Modulo& modulo : certificato.moduli) modulo.numero = ++posto;
   std::vector<CasellaConfrontata> caselle;
   for (const CasellaMostrata& una : caselleDi(certificato, anno)) {
     if (una.codice.starts_with(kFirma)) continue;
