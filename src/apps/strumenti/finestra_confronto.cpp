@@ -44,71 +44,13 @@ FinestraConfronto::FinestraConfronto(QString file, Profilo profilo)
 
 void FinestraConfronto::componi() {
   auto* const colonna = new QVBoxLayout(this);
-  testa_ = new QLabel(this);
-  testa_->setTextFormat(Qt::PlainText);
-  testa_->setWordWrap(true);
-  avviso_ = new QLabel(this);
-  avviso_->setTextFormat(Qt::PlainText);
-  avviso_->setWordWrap(true);
-  avviso_->hide();
-  colonna->addWidget(testa_);
-  colonna->addWidget(avviso_);
-  attesa_ = new QWidget(this);
-  auto* const riga = new QHBoxLayout(attesa_);
-  riga->setContentsMargins(0, 0, 0, 0);
-  barra_ = new QProgressBar(attesa_);
-  barra_->setAccessibleName(QStringLiteral("Confronto in corso"));
-  riga->addWidget(barra_, 1);
-  riga->addWidget(pulsante("Interr&ompi", [this] { lavoro_.annulla(); }));
-  colonna->addWidget(attesa_);
+  componiTesta(*colonna);
   colonna->addWidget(filtri());
 
   auto* const lati = new QSplitter(Qt::Horizontal, this);
   lati->setChildrenCollapsible(false);
-  const auto di = [this](std::size_t quale) -> const RigaConfronto& { return confronto_->righe()[quale]; };
-  righe_ =
-      new Tabella(QStringLiteral("strumenti_confronto"), QStringLiteral("Certificazioni a confronto"),
-                  {{"stato", "Stato",
-                    [this, di](std::size_t q) { return qs(detto(di(q).esito, confronto_->haConti())); }},
-                   {"percipiente", "Codice fiscale", [di](std::size_t q) { return qs(di(q).percipiente); }},
-                   {"nome", "Nome", [di](std::size_t q) { return qs(di(q).nome); }},
-                   {"causale", "Caus.", [di](std::size_t q) { return qs(di(q).causale); }},
-                   {"diverse", "Caselle diverse",
-                    [di](std::size_t q) {
-                      return di(q).caselle.empty() ? QString() : QString::number(di(q).caselle.size());
-                    },
-                    true, [di](std::size_t q) { return QVariant(qulonglong(di(q).caselle.size())); }}},
-                  lati);
-  righe_->filtro().passa = [this](std::size_t q) {
-    if (confronto_ == nullptr) return false;
-    if (soloDiverse_->isChecked() && confronto_->righe()[q].esito == EsitoConfronto::Uguale) return false;
-    return cercato_.isEmpty() || cercati_[q].contains(cercato_);
-  };
-  righe_->scelta = [this](auto quale) { mostraCaselle(quale); };
-  const auto casella = [this](std::size_t q) -> const CasellaConfrontata& { return caselleMostrate_[q]; };
-  const char* const prima = profilo_ ? "Nel file" : "Vecchio";
-  const char* const dopo = profilo_ ? "Nei conti" : "Nuovo";
-  caselle_ = new Tabella(
-      QStringLiteral("strumenti_caselle_confronto"), QStringLiteral("Caselle a confronto"),
-      {{"segno",
-        "",
-        [casella](std::size_t q) { return casella(q).diversa ? QStringLiteral("≠") : QString(); },
-        false,
-        {},
-        [casella](std::size_t q) {
-          return casella(q).diversa ? QStringLiteral("diversa") : QStringLiteral("uguale");
-        }},
-       {"modulo", "Modulo",
-        [casella](std::size_t q) {
-          return casella(q).modulo == 0 ? QStringLiteral("dati") : QString::number(casella(q).modulo);
-        },
-        false, [](std::size_t q) { return QVariant(qulonglong(q)); }},
-       {"codice", "Codice", [casella](std::size_t q) { return qs(casella(q).codice); }},
-       {"vecchio", prima, [casella](std::size_t q) { return qs(casella(q).vecchio); }},
-       {"nuovo", dopo, [casella](std::size_t q) { return qs(casella(q).nuovo); }},
-       {"nome", "Casella", [casella](std::size_t q) { return qs(casella(q).nome); }}},
-      lati);
-  caselle_->modello().inGrassetto = [casella](std::size_t q) { return casella(q).diversa; };
+  righe_ = tabellaRighe(*lati);
+  caselle_ = tabellaCaselle(*lati);
   lati->addWidget(righe_);
   lati->addWidget(caselle_);
   lati->setStretchFactor(0, 1);
@@ -134,6 +76,78 @@ void FinestraConfronto::componi() {
     if (totale > 0) barra_->setValue(static_cast<int>(fatto * kMille / totale));
   };
   leggi();
+}
+
+void FinestraConfronto::componiTesta(QVBoxLayout& colonna) {
+  testa_ = new QLabel(this);
+  testa_->setTextFormat(Qt::PlainText);
+  testa_->setWordWrap(true);
+  avviso_ = new QLabel(this);
+  avviso_->setTextFormat(Qt::PlainText);
+  avviso_->setWordWrap(true);
+  avviso_->hide();
+  colonna.addWidget(testa_);
+  colonna.addWidget(avviso_);
+  attesa_ = new QWidget(this);
+  auto* const riga = new QHBoxLayout(attesa_);
+  riga->setContentsMargins(0, 0, 0, 0);
+  barra_ = new QProgressBar(attesa_);
+  barra_->setAccessibleName(QStringLiteral("Confronto in corso"));
+  riga->addWidget(barra_, 1);
+  riga->addWidget(pulsante("Interr&ompi", [this] { lavoro_.annulla(); }));
+  colonna.addWidget(attesa_);
+}
+
+Tabella* FinestraConfronto::tabellaRighe(QSplitter& lati) {
+  const auto di = [this](std::size_t quale) -> const RigaConfronto& { return confronto_->righe()[quale]; };
+  auto* const tabella =
+      new Tabella(QStringLiteral("strumenti_confronto"), QStringLiteral("Certificazioni a confronto"),
+                  {{"stato", "Stato",
+                    [this, di](std::size_t q) { return qs(detto(di(q).esito, confronto_->haConti())); }},
+                   {"percipiente", "Codice fiscale", [di](std::size_t q) { return qs(di(q).percipiente); }},
+                   {"nome", "Nome", [di](std::size_t q) { return qs(di(q).nome); }},
+                   {"causale", "Caus.", [di](std::size_t q) { return qs(di(q).causale); }},
+                   {"diverse", "Caselle diverse",
+                    [di](std::size_t q) {
+                      return di(q).caselle.empty() ? QString() : QString::number(di(q).caselle.size());
+                    },
+                    true, [di](std::size_t q) { return QVariant(qulonglong(di(q).caselle.size())); }}},
+                  &lati);
+  tabella->filtro().passa = [this](std::size_t q) {
+    if (confronto_ == nullptr) return false;
+    if (soloDiverse_->isChecked() && confronto_->righe()[q].esito == EsitoConfronto::Uguale) return false;
+    return cercato_.isEmpty() || cercati_[q].contains(cercato_);
+  };
+  tabella->scelta = [this](auto quale) { mostraCaselle(quale); };
+  return tabella;
+}
+
+Tabella* FinestraConfronto::tabellaCaselle(QSplitter& lati) {
+  const auto casella = [this](std::size_t q) -> const CasellaConfrontata& { return caselleMostrate_[q]; };
+  const char* const prima = profilo_ ? "Nel file" : "Vecchio";
+  const char* const dopo = profilo_ ? "Nei conti" : "Nuovo";
+  auto* const tabella = new Tabella(
+      QStringLiteral("strumenti_caselle_confronto"), QStringLiteral("Caselle a confronto"),
+      {{"segno",
+        "",
+        [casella](std::size_t q) { return casella(q).diversa ? QStringLiteral("≠") : QString(); },
+        false,
+        {},
+        [casella](std::size_t q) {
+          return casella(q).diversa ? QStringLiteral("diversa") : QStringLiteral("uguale");
+        }},
+       {"modulo", "Modulo",
+        [casella](std::size_t q) {
+          return casella(q).modulo == 0 ? QStringLiteral("dati") : QString::number(casella(q).modulo);
+        },
+        false, [](std::size_t q) { return QVariant(qulonglong(q)); }},
+       {"codice", "Codice", [casella](std::size_t q) { return qs(casella(q).codice); }},
+       {"vecchio", prima, [casella](std::size_t q) { return qs(casella(q).vecchio); }},
+       {"nuovo", dopo, [casella](std::size_t q) { return qs(casella(q).nuovo); }},
+       {"nome", "Casella", [casella](std::size_t q) { return qs(casella(q).nome); }}},
+      &lati);
+  tabella->modello().inGrassetto = [casella](std::size_t q) { return casella(q).diversa; };
+  return tabella;
 }
 
 QWidget* FinestraConfronto::filtri() {

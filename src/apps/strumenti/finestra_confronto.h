@@ -12,6 +12,7 @@ class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QProgressBar;
+class QVBoxLayout;
 
 namespace cu::strumenti {
 
@@ -25,6 +26,9 @@ class FinestraConfronto : public Finestra {
 
  private:
   void componi();
+  void componiTesta(QVBoxLayout& colonna);
+  Tabella* tabellaRighe(QSplitter& lati);
+  Tabella* tabellaCaselle(QSplitter& lati);
   QWidget* filtri();
   void leggi();
   void mostra();
