@@ -16,10 +16,13 @@
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/impianto.h"
+#include "apps/esame/dopo_scrittura.h"
+#include "apps/esame/testo_rilievi.h"
 #include "apps/strumenti/strumenti.h"
 #include "base/error.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
+#include "suite/orologio.h"
 #include "suite/profilo.h"
 #include "uso.h"
 
@@ -76,6 +79,16 @@ int finoAgliStrumenti() {
   return QApplication::exec();
 }
 
+// A file that was just written is read again and kept on record. One with errors is shown.
+void controllaFile(const FileCreato& file, Connection& connessione, const Profilo& profilo,
+                   FrontEnd& schermo) {
+  const DopoScrittura dopo = dopoScrittura(connessione, *orologio(profilo),
+                                           {file.percorso, file.tipo, file.anno, profilo.sessione.azienda});
+  if (!dopo.guasto.empty()) schermo.told("Il file non si è potuto controllare: " + dopo.guasto);
+  if (dopo.guasto.empty()) schermo.told("Controllo: " + dettoConteggio(dopo.rilievi) + ".");
+  if (dopo.rilievi.errori() > 0) strumenti::apriFile(QString::fromStdString(file.percorso), profilo);
+}
+
 int esegui(const Opzioni& opzioni) {
   std::optional<Profilo> profilo;
   if (!opzioni.profilo.empty()) profilo = leggiProfilo(opzioni.profilo);
@@ -95,7 +108,9 @@ int esegui(const Opzioni& opzioni) {
       QCoreApplication::quit();
     }
   };
-  Impianto impianto(*profilo, schermo);
+  Impianto impianto(*profilo, schermo, [&](const FileCreato& file, Connection& connessione) {
+    controllaFile(file, connessione, *profilo, schermo);
+  });
   bool avviato = false;
   schermo.runEvent([&] {
     try {

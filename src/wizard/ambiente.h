@@ -1,12 +1,17 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
+#include <string>
 #include <string_view>
 
 #include "controls/frontend.h"
 #include "controls/print_control.h"
 #include "controls/utility.h"
+#include "data/database.h"
 #include "host/clock.h"
 #include "host/filesystem.h"
+#include "host/modi.h"
 #include "host/session.h"
 #include "host/settings.h"
 
@@ -14,6 +19,13 @@ namespace cu {
 
 // The program's own name, and its title where the session has none.
 inline constexpr std::string_view kNomeProgramma = "Autocomposizione";
+
+// A telematic file that the wizard has just written.
+struct FileCreato {
+  std::string percorso;
+  Comunicazione tipo = Comunicazione::Ordinaria;
+  std::int32_t anno = 0;
+};
 
 // The surroundings of the wizard, passed by the program that builds it.
 struct Ambiente {
@@ -24,6 +36,8 @@ struct Ambiente {
   Clock& clock;
   FileSystem& files;
   const ReportCatalogue& reports;
+  // Called with each file and a connection that is not traced; may be empty.
+  std::function<void(const FileCreato& file, Connection& connessione)> dopoFile = {};
 };
 
 }  // namespace cu
