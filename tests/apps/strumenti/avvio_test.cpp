@@ -56,6 +56,9 @@ TEST(StartTools, AFileThatIsDroppedOpens) {
   EXPECT_FALSE(aperti());
   QMimeData dati;
   dati.setUrls({QUrl::fromLocalFile(percorso)});
+  QDragEnterEvent entrato(QPoint(5, 5), Qt::CopyAction, &dati, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&finestra, &entrato);
+  EXPECT_TRUE(entrato.isAccepted());
   QDropEvent lasciato(QPointF(5, 5), Qt::CopyAction, &dati, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(&finestra, &lasciato);
   ASSERT_TRUE(aperti());
