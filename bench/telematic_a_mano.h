@@ -11,8 +11,8 @@
 #include <string_view>
 
 #include "base/date.h"
-#include "colonne_a_mano.h"
 #include "base/windows1252.h"
+#include "colonne_a_mano.h"
 
 namespace cu::bench {
 

@@ -152,4 +152,62 @@ front
 press alt+p
 front
 picture protocollo
+
+# The windows for telematic files: a file with findings, its accounts, the state of its year.
+stop() {
+  kill "$app" 2>/dev/null || true
+  wait "$app" 2>/dev/null || true
+  app=
+}
+stop
+build/bin/cuctl correct --profile "$(profile 247)" --year 2016 --folder "$work/correzioni" --yes >/dev/null 2>&1
+file=$(find "$work/correzioni" -name '*.cur')
+build/bin/cuctl sent "$file" --profile "$(profile 247)" --date 2017-03-06 >/dev/null
+start --profile "$(profile 247)" "$file"
+press alt+l
+press alt+v Down Tab
+press Down Return
+sleep 1
+picture file_telematico
+
+# Two amounts of the file differ from the accounts.
+sed 's/AU001009          473,33/AU001009          473,34/; s/AU001009          839,26/AU001009          830,00/' \
+  "$file" >"$work/CUR_2016.cur"
+start --profile "$(profile 247)" "$work/CUR_2016.cur"
+press alt+t
+sleep 2
+front
+picture confronto
+
+# The state is that of the start dialog's own database: the worked one takes its place.
+stop
+{
+  echo 'CodiceFiscale;Causale;Protocollo;Progressivo;Esito;Motivo'
+  build/bin/cuctl inspect "$file" --json | python3 -c '
+import json, sys
+for agent in json.load(sys.stdin)["agents"]:
+    for number, one in enumerate(agent["certificates"][:12], 1):
+        if number == 4:
+            print("%s;%s;;;scartata;Codice fiscale non presente in anagrafe" % (one["payee"], one["reason"]))
+        else:
+            print("%s;%s;17030612345678901;%06d;accettata;" % (one["payee"], one["reason"], number))'
+} >"$work/ricevuta.csv"
+mkdir -p "$XDG_DATA_HOME/cuwizard/cuwizard"
+cp "$work/demo.db" "$XDG_DATA_HOME/cuwizard/cuwizard/dimostrativo.db"
+start
+press alt+r s
+sleep 2
+front
+press alt+a Down
+sleep 2
+press alt+l
+front
+write "$work/ricevuta.csv"
+press Return
+sleep 1
+front
+press alt+r
+sleep 2
+front
+picture stato_invii
 ls -la "$pictures"

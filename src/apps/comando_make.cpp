@@ -1,14 +1,14 @@
 #include <iostream>
 #include <vector>
 
-#include "apps/esame/dopo_scrittura.h"
 #include "apps/comune/riepilogo_file.h"
+#include "apps/comune/sessione_comando.h"
+#include "apps/esame/dopo_scrittura.h"
 #include "apps/esame/testo_rilievi.h"
 #include "base/text.h"
 #include "comandi.h"
 #include "esito.h"
 #include "host/testi_programma.h"
-#include "sessione_comando.h"
 #include "telematic/lettura.h"
 
 namespace cu {

@@ -1,9 +1,9 @@
 #include <iostream>
 
+#include "apps/comune/sessione_comando.h"
 #include "comandi.h"
 #include "esito.h"
 #include "host/testi_programma.h"
-#include "sessione_comando.h"
 
 namespace cu {
 namespace {

@@ -3,20 +3,26 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <csignal>
 #include <iostream>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "apps/avvio/finestra_avvio.h"
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/impianto.h"
+#include "apps/esame/dopo_scrittura.h"
+#include "apps/esame/testo_rilievi.h"
+#include "apps/strumenti/strumenti.h"
 #include "base/error.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
+#include "suite/orologio.h"
 #include "suite/profilo.h"
 #include "uso.h"
 
@@ -26,6 +32,7 @@ namespace {
 struct Opzioni {
   std::string profilo;
   std::string colori = "sistema";
+  std::vector<std::string> file;  // telematic files to read
 };
 
 // The guide is in the folder named by the profile or next to the program, installed or in its source tree.
@@ -51,7 +58,12 @@ std::optional<Profilo> profiloScelto() {
   SceltaAvvio scelta = SceltaAvvio::ricordata();
   scelta.documentiMinisteriali = cartellaMinisteriale(cartelle);
   FinestraAvvio finestra(scelta, cartelle);
-  if (finestra.exec() != QDialog::Accepted) return std::nullopt;
+  // Not modal: the windows opened from it can be used.
+  QEventLoop attesa;
+  QObject::connect(&finestra, &QDialog::finished, &attesa, &QEventLoop::quit);
+  finestra.show();
+  attesa.exec();
+  if (finestra.result() != QDialog::Accepted) return std::nullopt;
   const SceltaAvvio fatta = finestra.scelta();
   fatta.ricorda();
   if (fatta.documentiMinisteriali != scelta.documentiMinisteriali) {
@@ -60,13 +72,45 @@ std::optional<Profilo> profiloScelto() {
   return profiloDi(fatta, cartelle);
 }
 
+// Until the last window for telematic files is closed.
+int finoAgliStrumenti() {
+  if (!strumenti::aperti()) return kRiuscito;
+  QGuiApplication::setQuitOnLastWindowClosed(true);
+  return QApplication::exec();
+}
+
+// A file that was just written is read again and kept on record. One with errors is shown.
+void controllaFile(const FileCreato& file, Connection& connessione, const Profilo& profilo,
+                   FrontEnd& schermo) {
+  const DopoScrittura dopo = dopoScrittura(connessione, *orologio(profilo),
+                                           {file.percorso, file.tipo, file.anno, profilo.sessione.azienda});
+  if (!dopo.guasto.empty()) schermo.told("Il file non si è potuto controllare: " + dopo.guasto);
+  if (dopo.guasto.empty()) schermo.told("Controllo: " + dettoConteggio(dopo.rilievi) + ".");
+  if (dopo.rilievi.errori() > 0) strumenti::apriFile(QString::fromStdString(file.percorso), profilo);
+}
+
 int esegui(const Opzioni& opzioni) {
-  const std::optional<Profilo> profilo =
-      opzioni.profilo.empty() ? profiloScelto() : std::optional(leggiProfilo(opzioni.profilo));
-  if (!profilo) return kRiuscito;
+  std::optional<Profilo> profilo;
+  if (!opzioni.profilo.empty()) profilo = leggiProfilo(opzioni.profilo);
+  strumenti::guida(
+      cartellaGuida(profilo ? QString::fromStdString(profilo->sessione.cartellaGuida) : QString()));
+  if (!opzioni.file.empty()) {
+    for (const std::string& uno : opzioni.file) strumenti::apriFile(QString::fromStdString(uno), profilo);
+    return finoAgliStrumenti();
+  }
+  if (!profilo) profilo = profiloScelto();
+  if (!profilo) return finoAgliStrumenti();
   desktop::QtFrontEnd schermo(cartellaGuida(QString::fromStdString(profilo->sessione.cartellaGuida)));
-  schermo.onAllClosed = [] { QCoreApplication::quit(); };
-  Impianto impianto(*profilo, schermo);
+  schermo.onAllClosed = [] {
+    if (strumenti::aperti()) {
+      QGuiApplication::setQuitOnLastWindowClosed(true);
+    } else {
+      QCoreApplication::quit();
+    }
+  };
+  Impianto impianto(*profilo, schermo, [&](const FileCreato& file, Connection& connessione) {
+    controllaFile(file, connessione, *profilo, schermo);
+  });
   bool avviato = false;
   schermo.runEvent([&] {
     try {
@@ -116,6 +160,11 @@ int eseguiProgramma(int quanti, char** argomenti) {
   programma.add_option("--colori", opzioni.colori, "chiari, scuri, o quelli del sistema")
       ->check(CLI::IsMember({"sistema", "chiari", "scuri"}))
       ->type_name("QUALI");
+  programma
+      .add_option(
+          "FILE", opzioni.file,
+          "File telematici da leggere e controllare, ognuno in una finestra, invece di avviare la procedura")
+      ->type_name("FILE.cur");
   if (const auto esito = senzaSchermo(quanti, argomenti, programma)) return *esito;
 
   QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\nqt.*.warning=false"));

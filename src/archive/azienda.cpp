@@ -1,9 +1,9 @@
 #include "archive/azienda.h"
 
-#include "data/inserimento.h"
 #include "archive/risorse.h"
 #include "archive/tabella.h"
 #include "base/text.h"
+#include "data/inserimento.h"
 
 namespace cu {
 namespace {

@@ -4,9 +4,9 @@
 
 #include "archive/controllo.h"
 #include "archive/diritti.h"
-#include "data/inserimento.h"
 #include "archive/schema.h"
 #include "base/text.h"
+#include "data/inserimento.h"
 
 namespace cu {
 namespace {

@@ -5,13 +5,13 @@
 #include <unordered_map>
 
 #include "archive/azienda.h"
-#include "base/codice_fiscale.h"
 #include "archive/generatore_conti.h"
 #include "archive/generatore_persone.h"
 #include "archive/generatore_testi.h"
-#include "data/inserimento.h"
 #include "archive/liste.h"
+#include "base/codice_fiscale.h"
 #include "base/text.h"
+#include "data/inserimento.h"
 
 namespace cu {
 namespace {

@@ -2,11 +2,11 @@
 
 #include <array>
 
-#include "base/codice_fiscale.h"
 #include "archive/generatore_testi.h"
 #include "archive/liste.h"
 #include "archive/risorse.h"
 #include "archive/tabella.h"
+#include "base/codice_fiscale.h"
 #include "base/text.h"
 
 namespace cu {

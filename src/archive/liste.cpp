@@ -3,10 +3,10 @@
 #include <stdexcept>
 #include <string>
 
-#include "data/inserimento.h"
 #include "archive/risorse.h"
 #include "archive/tabella.h"
 #include "base/text.h"
+#include "data/inserimento.h"
 
 namespace cu {
 namespace {

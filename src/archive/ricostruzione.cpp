@@ -4,10 +4,10 @@
 #include <map>
 #include <utility>
 
-#include "data/transazione.h"
 #include "base/error.h"
 #include "base/text.h"
 #include "data/recordset.h"
+#include "data/transazione.h"
 
 namespace cu {
 namespace {

@@ -47,17 +47,30 @@ class Forms {
       identityPage();
       return;
     }
-    Rows modules = readModules(input_.connection, rows_);
+    Rows modules =
+        input_.fromFile ? Rows(input_.connection, kFileModules) : readModules(input_.connection, rows_);
     pages_ = 2 + static_cast<int>(modules.size());
     identityPage();
-    amountsPage(1, MainModuleValues(rows_));
+    withValues([this](const auto& values) { amountsPage(1, values); });
     for (std::size_t i = 0; i < modules.size(); ++i) {
       modules.move(i);
-      amountsPage(i + 2, FurtherModuleValues(modules, rows_));
+      if (input_.fromFile) {
+        amountsPage(i + 2, FileValues(modules));
+      } else {
+        amountsPage(i + 2, FurtherModuleValues(modules, rows_));
+      }
     }
   }
 
  private:
+  // The boxes of the certificate's row.
+  void withValues(const auto& use) {
+    if (input_.fromFile) {
+      use(FileValues(rows_));
+    } else {
+      use(MainModuleValues(rows_));
+    }
+  }
   void begin() {
     canvas_.beginPage();
     ++page_;
@@ -91,7 +104,7 @@ class Forms {
     y = communication(y);
     const FormGrid& boxes = grid(FormPart::Identity, y);
     boxes.drawEmpty(canvas_, year_);
-    fillIn(boxes, MainModuleValues(rows_));
+    withValues([&](const auto& values) { fillIn(boxes, values); });
     y = boxes.bottom();
     if (rows_.get("Path2").flag()) y = intermediary(y + 2.1);
     signature(y + 2.1);

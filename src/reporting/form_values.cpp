@@ -145,6 +145,27 @@ BoxValue MainModuleValues::of(const LaidBox& box) const {
   return simple(campo.forma, rows_.get(campo.colonna));
 }
 
+BoxValue FileValues::of(const LaidBox& box) const {
+  if (box.main == nullptr) return {};
+  const modello::Codice code = modello::codice(*box.main);
+  const std::string text = rows_.get({code.data(), code.size()}).toText();
+  const Forma form = box.main->forma;
+  if (text.empty()) return {};
+  if (genere(form) == modello::Genere::Importo) {
+    std::string number = text;
+    std::replace(number.begin(), number.end(), ',', '.');
+    const std::optional<Decimal> value = Decimal::parse(number);
+    return value ? amount(*value) : BoxValue{fromUtf8(text), Align::Right, {}};
+  }
+  if (genere(form) == modello::Genere::Flag && text == "1") return flag(true);
+  constexpr std::size_t kDay = 8;
+  if (form == Forma::Data && text.size() == kDay) {
+    const std::string italian = text.substr(0, 2) + "/" + text.substr(2, 2) + "/" + text.substr(4);
+    if (Date::parseItalian(italian)) return {fromUtf8(italian), Align::Left, {}};
+  }
+  return {fromUtf8(text), Align::Left, {}};
+}
+
 Rows readModules(Connection& connection, const Rows& certificates) {
   const auto part = [&](std::string_view column) {
     return modello::ParteChiave{column, certificates.get(column).integer()};

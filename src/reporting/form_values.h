@@ -31,6 +31,16 @@ class MainModuleValues {
   const Rows& rows_;
 };
 
+// The boxes of the current row of a file's cells, whose columns are the codes.
+class FileValues {
+ public:
+  explicit FileValues(const Rows& rows) : rows_(rows) {}
+  BoxValue of(const LaidBox& box) const;
+
+ private:
+  const Rows& rows_;
+};
+
 // Reads the additional modules of a certificate, by ascending row number.
 Rows readModules(Connection& connection, const Rows& certificates);
 

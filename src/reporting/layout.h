@@ -18,7 +18,12 @@ struct LayoutInput {
   Date today;
   TimeOfDay now;
   Connection& connection;  // for data other than the rows
+  bool fromFile = false;   // forms: the rows have the cells of a file, by their codes
 };
+
+// The two statements for the forms of a file.
+inline constexpr const char* kFileCertificate = "certificate";
+inline constexpr const char* kFileModules = "modules";
 
 // Each draws the whole report; a report without rows is one page with a message.
 void drawList(Canvas& canvas, const LayoutInput& input);

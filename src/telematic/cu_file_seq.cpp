@@ -3,11 +3,11 @@
 #include <exception>
 
 #include "base/error.h"
+#include "base/windows1252.h"
 #include "host/filesystem.h"
 #include "modello/modello.h"
 #include "telematic/catalogo.h"
 #include "telematic/formatta.h"
-#include "base/windows1252.h"
 
 namespace cu {
 

@@ -3,11 +3,11 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "base/windows1252.h"
 #include "host/clock.h"
 #include "telematic/catalogo.h"
 #include "telematic/cu_file_seq.h"
 #include "telematic/formatta.h"
-#include "base/windows1252.h"
 
 namespace cu {
 

@@ -5,10 +5,10 @@
 
 #include "base/ascii.h"
 #include "base/text.h"
+#include "base/windows1252.h"
 #include "modello/modello.h"
 #include "telematic/catalogo.h"
 #include "telematic/celle.h"
-#include "base/windows1252.h"
 
 namespace cu::telematico {
 namespace {

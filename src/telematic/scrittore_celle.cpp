@@ -5,9 +5,9 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "base/windows1252.h"
 #include "modello/regole.h"
 #include "telematic/formatta.h"
-#include "base/windows1252.h"
 
 namespace cu::telematico {
 

@@ -130,6 +130,10 @@ std::optional<std::string> FrmWizard::generaFile(const std::string& sCodFisc) {
           file->certificazioni == 0
               ? "Nessun file telematico è stato creato: nessuna riga scelta ha un periodo IVA nell'anno."
               : "Creato " + file->nome + ".");
+      if (file->certificazioni > 0 && ambiente_.dopoFile) {
+        ambiente_.dopoFile({file->percorso, tipoComunicazione(), globali_.gAnno},
+                           intorno().ambito.database->ownConnection());
+      }
       return file->nome;
     }
     for (const Finding& rifiuto : file.refusals) {

@@ -7,9 +7,9 @@
 #include <string>
 
 #include "archive/casuale.h"
-#include "base/codice_fiscale.h"
 #include "archive/generatore_conti.h"
 #include "archive/generatore_persone.h"
+#include "base/codice_fiscale.h"
 #include "support/fake_connection.h"
 
 namespace cu {

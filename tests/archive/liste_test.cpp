@@ -7,9 +7,9 @@
 #include <stdexcept>
 #include <string>
 
-#include "base/codice_fiscale.h"
 #include "archive/risorse.h"
 #include "archive/tabella.h"
+#include "base/codice_fiscale.h"
 #include "base/text.h"
 #include "support/fake_connection.h"
 

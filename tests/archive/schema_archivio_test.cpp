@@ -4,8 +4,8 @@
 
 #include <stdexcept>
 
-#include "data/inserimento.h"
 #include "archive/schema.h"
+#include "data/inserimento.h"
 #include "support/fake_connection.h"
 
 namespace cu {

@@ -1,5 +1,5 @@
-// Any bytes as a telematic file: findings lie inside the file, and neither the size of the blocks in which it is
-// read nor a listener changes them.
+// Any bytes as a telematic file: findings lie inside the file, and neither the size of the blocks in which it
+// is read nor a listener changes them.
 
 #include <algorithm>
 #include <cstddef>

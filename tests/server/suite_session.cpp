@@ -9,12 +9,11 @@
 #include <vector>
 
 #include "base/error.h"
-#include "server/tds_tokens.h"
 #include "base/windows1252.h"
+#include "server/tds_tokens.h"
 
 namespace cu::test {
 namespace {
-
 
 constexpr const char* kMaster = "master";
 

@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QShortcut>
@@ -16,6 +17,8 @@
 #include <QVBoxLayout>
 
 #include "apps/avvio/messaggio_avvio.h"
+#include "apps/strumenti/finestra.h"
+#include "apps/strumenti/strumenti.h"
 #include "desktop/section.h"
 #include "desktop/text.h"
 #include "desktop/whole_text.h"
@@ -126,6 +129,9 @@ void FinestraAvvio::componiPulsanti(QVBoxLayout& colonna) {
   avvia_ = pulsanti->addButton(QStringLiteral("A&vvia"), QDialogButtonBox::AcceptRole);
   pulsanti->addButton(QStringLiteral("Annulla"), QDialogButtonBox::RejectRole);
   avvia_->setDefault(true);
+  strumenti_ = pulsanti->addButton(QStringLiteral("St&rumenti"), QDialogButtonBox::ResetRole);
+  strumenti_->setAutoDefault(false);
+  componiStrumenti();
   colonna.addWidget(pulsanti);
   connect(pulsanti, &QDialogButtonBox::accepted, this, [this] { accept(); });
   connect(pulsanti, &QDialogButtonBox::rejected, this, [this] { reject(); });
@@ -153,6 +159,36 @@ void FinestraAvvio::leggiAziende() {
     aziende_->addItem(QString::fromStdString(azienda.nome), azienda.azienda);
   }
   avvia_->setEnabled(!elenco_.empty());
+  stato_->setEnabled(!elenco_.empty());
+}
+
+void FinestraAvvio::componiStrumenti() {
+  auto* const menu = new QMenu(strumenti_);
+  const QAction* const apri = menu->addAction(QStringLiteral("&Apri un file telematico…"));
+  const QAction* const confronta = menu->addAction(QStringLiteral("&Confronta due file…"));
+  stato_ = menu->addAction(QStringLiteral("&Stato degli invii…"));
+  strumenti_->setMenu(menu);
+  connect(apri, &QAction::triggered, this, [this] {
+    const QString scelto = strumenti::scegliFile(this, QStringLiteral("Apri un file telematico"));
+    if (!scelto.isEmpty()) strumenti::apriFile(scelto, profilo());
+  });
+  connect(confronta, &QAction::triggered, this, [this] {
+    const QString vecchio = strumenti::scegliFile(this, QStringLiteral("Il file vecchio"));
+    if (vecchio.isEmpty()) return;
+    const QString nuovo = strumenti::scegliFile(this, QStringLiteral("Il file nuovo"), vecchio);
+    if (!nuovo.isEmpty()) strumenti::apriConfronto(vecchio, nuovo);
+  });
+  connect(stato_, &QAction::triggered, this, [this] {
+    if (const auto scelto = profilo()) strumenti::apriStato(*scelto);
+  });
+  strumenti::accettaFile(this, [this](const QStringList& file) {
+    for (const QString& uno : file) strumenti::apriFile(uno, profilo());
+  });
+}
+
+std::optional<Profilo> FinestraAvvio::profilo() const {
+  if (elenco_.empty()) return std::nullopt;
+  return profiloDi(scelta(), cartelle_);
 }
 
 void FinestraAvvio::scegliDatabase() {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QDialog>
+#include <optional>
 
 #include "apps/avvio/scelta_avvio.h"
 #include "desktop/reading_windows.h"
 
+class QAction;
 class QButtonGroup;
 class QComboBox;
 class QLabel;
@@ -15,7 +17,8 @@ class QVBoxLayout;
 
 namespace cu {
 
-// Replaces the suite's launcher: choice of company, user, database and print.
+// Replaces the suite's launcher: choice of company, user, database and print. The windows for telematic files
+// that it opens stay open without it: it is shown without blocking other windows.
 class FinestraAvvio : public QDialog {
  public:
   FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& cartelle);
@@ -28,6 +31,9 @@ class FinestraAvvio : public QDialog {
   void scegliDatabase();
   void scegliDocumenti();
   void leggiAziende();
+  void componiStrumenti();
+  // Of the present choice; none where the database cannot be used.
+  std::optional<Profilo> profilo() const;
 
   CartelleAvvio cartelle_;
   QString database_;
@@ -39,6 +45,8 @@ class FinestraAvvio : public QDialog {
   QLineEdit* documenti_;
   QLabel* avviso_;
   QPushButton* avvia_;
+  QPushButton* strumenti_;
+  QAction* stato_ = nullptr;
   std::vector<AziendaAvvio> elenco_;
   QPointer<desktop::HelpWindow> guida_;
 };

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "apps/comune/surroundings.h"
 #include "wizard/mod_main.h"
 
@@ -8,11 +11,12 @@ namespace cu {
 // The wizard with all objects required for one run.
 class Impianto {
  public:
-  Impianto(const Profilo& profilo, FrontEnd& schermo)
+  using DopoFile = std::function<void(const FileCreato& file, Connection& connessione)>;
+  Impianto(const Profilo& profilo, FrontEnd& schermo, DopoFile dopoFile = {})
       : surroundings_(profilo, schermo),
         programma_(Ambiente{schermo, surroundings_.factory(), surroundings_.utilita(),
                             surroundings_.settings(), surroundings_.clock(), surroundings_.files(),
-                            surroundings_.stampe()}) {}
+                            surroundings_.stampe(), std::move(dopoFile)}) {}
 
   ModMain& programma() { return programma_; }
   bool avvioRifiutato() const { return surroundings_.avvioRifiutato(); }

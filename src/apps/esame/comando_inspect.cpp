@@ -4,10 +4,10 @@
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/elenco_luoghi.h"
 #include "apps/comune/file_letto.h"
-#include "apps/esame/testo_rilievi.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/json_lettura.h"
 #include "apps/esame/tabella_certificati.h"
+#include "apps/esame/testo_rilievi.h"
 #include "base/text.h"
 
 namespace cu {

@@ -4,8 +4,7 @@
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/connessioni.h"
 #include "apps/esame/comandi_esame.h"
-#include "archive/schema.h"
-#include "data/transazione.h"
+#include "apps/esame/operazioni_registro.h"
 
 namespace cu {
 
@@ -17,10 +16,7 @@ int comandoUpgrade(const OpzioniUpgrade& opzioni) {
   }
   database->variabilePassword = opzioni.variabilePassword;
   database->cifrata = !opzioni.inChiaro;
-  const auto connessione = apriConnessione(*database);
-  Transazione transazione(*connessione);
-  const std::size_t create = creaRegistro(*connessione);
-  transazione.conferma();
+  const std::size_t create = aggiungiTabelle(*database);
   if (create == 0) {
     std::cout << "Il database ha già le tabelle per seguire gli invii.\n";
   } else {

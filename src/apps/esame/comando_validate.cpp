@@ -3,9 +3,9 @@
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/elenco_luoghi.h"
 #include "apps/comune/file_letto.h"
-#include "apps/esame/testo_rilievi.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/json_lettura.h"
+#include "apps/esame/testo_rilievi.h"
 
 namespace cu {
 

@@ -7,6 +7,26 @@ namespace cu {
 
 using nlohmann::ordered_json;
 
+const char* detto(EsitoConfronto esito, const ParoleEsiti& parole) {
+  switch (esito) {
+    case EsitoConfronto::Uguale:
+      break;
+    case EsitoConfronto::Diverso:
+      return parole.diverso;
+    case EsitoConfronto::SoloVecchio:
+      return parole.soloVecchio;
+    case EsitoConfronto::SoloNuovo:
+      return parole.soloNuovo;
+  }
+  return "equal";
+}
+
+Confrontata confrontata(const Coppia& coppia, const ParoleEsiti& stati) {
+  const lettura::Certificato& certificato = coppia.uno();
+  return {certificato.percipiente, certificato.nome, certificato.causale(), detto(coppia.esito, stati),
+          coppia.caselle};
+}
+
 ordered_json jsonCaselle(const std::vector<lettura::CasellaDiversa>& caselle) {
   ordered_json lista = ordered_json::array();
   for (const lettura::CasellaDiversa& casella : caselle) {

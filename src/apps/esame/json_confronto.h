@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "lettura/confronto.h"
+#include "apps/esame/confronti.h"
 
 namespace cu {
 
@@ -17,6 +17,14 @@ struct Confrontata {
   std::string stato;  // "equal", "different", ...
   std::vector<lettura::CasellaDiversa> caselle;
 };
+// The words of the outcomes other than equal.
+struct ParoleEsiti {
+  const char* diverso;
+  const char* soloVecchio;
+  const char* soloNuovo;
+};
+const char* detto(EsitoConfronto esito, const ParoleEsiti& parole);  // "equal" where it is
+Confrontata confrontata(const Coppia& coppia, const ParoleEsiti& stati);
 nlohmann::ordered_json jsonCaselle(const std::vector<lettura::CasellaDiversa>& caselle);
 nlohmann::ordered_json jsonConfrontata(const Confrontata& confrontata);
 

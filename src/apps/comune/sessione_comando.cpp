@@ -1,4 +1,4 @@
-#include "sessione_comando.h"
+#include "apps/comune/sessione_comando.h"
 
 #include <exception>
 

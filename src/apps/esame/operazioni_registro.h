@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "apps/esame/dopo_scrittura.h"
+#include "base/date.h"
+#include "base/result.h"
+#include "controls/frontend.h"
+#include "riscontro/correzione.h"
+#include "suite/profilo.h"
+
+// What the commands and the windows do with the record of what was filed.
+namespace cu {
+
+// Adds the missing tables to a database; returns how many.
+std::size_t aggiungiTabelle(const Profilo::Database& database);
+
+struct EsitoInvio {
+  bool riuscito = false;
+  std::string testo;  // Italian, a sentence
+};
+// Marks a written file as sent; today where there is no day. FileIlleggibile, SenzaRegistro and errors of the
+// database rise as they are.
+EsitoInvio segnaInviato(const Profilo& profilo, const std::string& file, std::optional<Date> giorno);
+
+struct RichiestaCorreggi {
+  std::int32_t anno = 0;
+  std::string cartella;
+  std::optional<Date> firma;                                // today without it
+  std::function<bool(const std::string& avviso)> prosegue;  // a warning, with the user's answer
+};
+struct FileScritto {
+  riscontro::FileCorretto file;
+  DopoScrittura dopo;
+};
+struct EsitoCorreggi {
+  bool riuscito = false;
+  std::vector<FileScritto> file;
+  std::vector<LogTable> registri;     // missing data
+  std::vector<std::string> messaggi;  // refusals, and errors of the work
+};
+// Writes the supplies that the state of a year asks for, each of which is checked and kept on record. Never
+// raises, but for a profile that cannot be used.
+EsitoCorreggi correggi(const Profilo& profilo, const RichiestaCorreggi& richiesta);
+
+// "Certificazioni nuove", "Sostituzioni", "Annullamenti".
+const char* dettaFornitura(Comunicazione tipo);
+
+}  // namespace cu

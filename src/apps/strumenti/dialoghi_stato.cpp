@@ -1,0 +1,156 @@
+#include "apps/strumenti/dialoghi_stato.h"
+
+#include <QDateEdit>
+#include <QDialogButtonBox>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "apps/esame/testo_rilievi.h"
+#include "apps/strumenti/finestra.h"
+#include "apps/strumenti/tabella_vista.h"
+
+namespace cu::strumenti {
+namespace {
+
+QLabel* frase(const QString& testo, QWidget* parent) {
+  auto* const fatta = new QLabel(parent);
+  fatta->setTextFormat(Qt::PlainText);
+  fatta->setWordWrap(true);
+  fatta->setText(testo);
+  return fatta;
+}
+
+}  // namespace
+
+DialogoInviato::DialogoInviato(QWidget* parent, QDate oggi)
+    : QDialog(parent), file_(new QLineEdit(this)), giorno_(new QDateEdit(oggi, this)) {
+  setWindowTitle(QStringLiteral("Segna come inviato"));
+  auto* const colonna = new QVBoxLayout(this);
+  colonna->addWidget(
+      frase(QStringLiteral("Il file viene riconosciuto dal suo contenuto, fra quelli scritti per "
+                           "questa azienda: nome e cartella possono essere cambiati."),
+            this));
+  auto* const modulo = new QFormLayout;
+  file_->setReadOnly(true);
+  file_->setAccessibleName(QStringLiteral("File inviato"));
+  auto* const sfoglia = new QPushButton(QStringLiteral("&Sfoglia…"), this);
+  auto* const riga = new QHBoxLayout;
+  riga->addWidget(file_, 1);
+  riga->addWidget(sfoglia);
+  modulo->addRow(QStringLiteral("File"), riga);
+  giorno_->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
+  giorno_->setCalendarPopup(true);
+  modulo->addRow(QStringLiteral("Inviato il &giorno"), giorno_);
+  colonna->addLayout(modulo);
+  auto* const pulsanti = new QDialogButtonBox(this);
+  segna_ = pulsanti->addButton(QStringLiteral("S&egna"), QDialogButtonBox::AcceptRole);
+  segna_->setEnabled(false);
+  pulsanti->addButton(QStringLiteral("Annulla"), QDialogButtonBox::RejectRole);
+  colonna->addWidget(pulsanti);
+  connect(pulsanti, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(pulsanti, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  connect(sfoglia, &QPushButton::clicked, this,
+          [this] { scegli(scegliFile(this, QStringLiteral("File inviato"), file_->text())); });
+  resize(520, sizeHint().height());
+  sfoglia->setFocus();
+}
+
+void DialogoInviato::scegli(const QString& file) {
+  if (file.isEmpty()) return;
+  file_->setText(file);
+  segna_->setEnabled(true);
+  segna_->setDefault(true);
+}
+
+QString DialogoInviato::file() const { return file_->text(); }
+QDate DialogoInviato::giorno() const { return giorno_->date(); }
+
+DialogoRicevuta::DialogoRicevuta(QWidget* parent, const QString& nome, const riscontro::PianoRicevuta& piano)
+    : QDialog(parent), piano_(piano) {
+  setWindowTitle(QStringLiteral("Ricevuta: %1").arg(nome));
+  auto* const colonna = new QVBoxLayout(this);
+  const auto quanti = [this](riscontro::EsitoRiga esito) { return piano_.quanti(esito); };
+  const std::size_t nuovi = quanti(riscontro::EsitoRiga::Nuovo);
+  QString testo = QStringLiteral("%1 nuovi, %2 già registrati, %3 da decidere, %4 errori.")
+                      .arg(nuovi)
+                      .arg(quanti(riscontro::EsitoRiga::Uguale))
+                      .arg(quanti(riscontro::EsitoRiga::DaDecidere))
+                      .arg(quanti(riscontro::EsitoRiga::Errore));
+  if (!piano_.applicabile()) {
+    testo += QStringLiteral(" Finché ci sono righe da decidere o errori non si registra nulla.");
+  } else if (nuovi == 0) {
+    testo += QStringLiteral(" Non c'è nulla da registrare.");
+  } else {
+    testo += QStringLiteral(" Non è ancora stato scritto nulla.");
+  }
+  colonna->addWidget(frase(testo, this));
+  const auto di = [this](std::size_t q) -> const riscontro::RigaPiano& { return piano_.righe[q]; };
+  auto* const tabella = new Tabella(
+      QStringLiteral("strumenti_ricevuta"), QStringLiteral("Righe della ricevuta"),
+      {{"riga", "Riga", [di](std::size_t q) { return QString::number(di(q).letta.riga); }, true,
+        [di](std::size_t q) { return QVariant(qlonglong(di(q).letta.riga)); }},
+       {"prova", "Registrazione", [di](std::size_t q) { return qs(detto(di(q).esito)); }},
+       {"percipiente", "Codice fiscale", [di](std::size_t q) { return qs(di(q).letta.codiceFiscale); }},
+       {"causale", "Caus.", [di](std::size_t q) { return qs(di(q).letta.causale); }},
+       {"esito", "Esito", [di](std::size_t q) { return qs(di(q).letta.esito); }},
+       {"protocollo", "Protocollo", [di](std::size_t q) { return qs(di(q).letta.protocollo); }},
+       {"progressivo", "Progr.", [di](std::size_t q) { return qs(di(q).letta.progressivo); }},
+       {"messaggio", "Messaggio",
+        [di](std::size_t q) { return qs(di(q).codice.empty() ? di(q).letta.motivo : di(q).testo); }}},
+      this);
+  tabella->mostra(piano_.righe.size());
+  colonna->addWidget(tabella, 1);
+  auto* const pulsanti = new QDialogButtonBox(this);
+  auto* const registra = pulsanti->addButton(QStringLiteral("&Registra"), QDialogButtonBox::AcceptRole);
+  registra->setEnabled(piano_.applicabile() && nuovi > 0);
+  pulsanti->addButton(QStringLiteral("&Chiudi"), QDialogButtonBox::RejectRole);
+  connect(pulsanti, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(pulsanti, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  colonna->addWidget(pulsanti);
+  resize(860, 380);
+}
+
+DialogoCorrezioni::DialogoCorrezioni(QWidget* parent, const EsitoCorreggi& esito,
+                                     const std::function<void(const QString& file)>& apri)
+    : QDialog(parent) {
+  setWindowTitle(QStringLiteral("Correzioni"));
+  auto* const colonna = new QVBoxLayout(this);
+  for (const std::string& messaggio : esito.messaggi) {
+    colonna->addWidget(frase(qs(messaggio).remove(u'\r').trimmed(), this));
+  }
+  if (esito.file.empty()) {
+    colonna->addWidget(frase(
+        esito.riuscito
+            ? QStringLiteral(
+                  "Nessuna certificazione è da inviare, sostituire o annullare: non c'è nulla da scrivere.")
+            : QStringLiteral("Non è stato scritto nessun file."),
+        this));
+  }
+  for (const FileScritto& scritto : esito.file) {
+    const QString percorso = qs(scritto.file.percorso);
+    auto* const riga = new QHBoxLayout;
+    QString testo = QStringLiteral("%1: %2 certificazioni\n%3\nControllo: %4")
+                        .arg(QString::fromUtf8(dettaFornitura(scritto.file.tipo)))
+                        .arg(scritto.file.certificazioni)
+                        .arg(percorso, qs(dettoConteggio(scritto.dopo.rilievi)));
+    if (!scritto.dopo.guasto.empty()) testo += u'\n' + qs(scritto.dopo.guasto);
+    riga->addWidget(frase(testo, this), 1);
+    auto* const mostra = new QPushButton(QStringLiteral("Apri"), this);
+    mostra->setAccessibleName(QStringLiteral("Apri %1").arg(QFileInfo(percorso).fileName()));
+    connect(mostra, &QPushButton::clicked, this, [apri, percorso] { apri(percorso); });
+    riga->addWidget(mostra);
+    colonna->addLayout(riga);
+  }
+  auto* const pulsanti = new QDialogButtonBox(this);
+  pulsanti->addButton(QStringLiteral("&Chiudi"), QDialogButtonBox::RejectRole);
+  connect(pulsanti, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  colonna->addWidget(pulsanti);
+  resize(640, sizeHint().height());
+}
+
+}  // namespace cu::strumenti

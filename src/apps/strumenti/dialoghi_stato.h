@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QDate>
+#include <QDialog>
+#include <functional>
+#include <vector>
+
+#include "apps/esame/operazioni_registro.h"
+#include "apps/strumenti/stato_letto.h"
+
+class QDateEdit;
+class QLineEdit;
+class QPushButton;
+
+namespace cu::strumenti {
+
+// Which file was sent, and when.
+class DialogoInviato : public QDialog {
+ public:
+  DialogoInviato(QWidget* parent, QDate oggi);
+  QString file() const;
+  QDate giorno() const;
+  void scegli(const QString& file);
+
+ private:
+  QLineEdit* file_;
+  QDateEdit* giorno_;
+  QPushButton* segna_;
+};
+
+// What the rows of a receipt change. It is accepted only where the plan can be applied.
+class DialogoRicevuta : public QDialog {
+ public:
+  DialogoRicevuta(QWidget* parent, const QString& nome, const riscontro::PianoRicevuta& piano);
+
+ private:
+  riscontro::PianoRicevuta piano_;
+};
+
+// The files that were written, with their checks.
+class DialogoCorrezioni : public QDialog {
+ public:
+  DialogoCorrezioni(QWidget* parent, const EsitoCorreggi& esito,
+                    const std::function<void(const QString& file)>& apri);
+};
+
+}  // namespace cu::strumenti

@@ -1,0 +1,177 @@
+#include "apps/strumenti/finestra.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QScreen>
+#include <QSettings>
+#include <QShortcut>
+#include <QSplitter>
+#include <algorithm>
+#include <utility>
+
+#include "lettura/valori.h"
+
+namespace cu::strumenti {
+namespace {
+
+class Ricevitore : public QObject {
+ public:
+  Ricevitore(QWidget* widget, std::function<void(const QStringList&)> ricevi)
+      : QObject(widget), ricevi_(std::move(ricevi)) {
+    widget->setAcceptDrops(true);
+    widget->installEventFilter(this);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::DragEnter) {
+      auto* const entrata = static_cast<QDragEnterEvent*>(event);
+      if (!fileDi(*entrata->mimeData()).isEmpty()) entrata->acceptProposedAction();
+      return true;
+    }
+    if (event->type() == QEvent::Drop) {
+      auto* const lasciato = static_cast<QDropEvent*>(event);
+      const QStringList file = fileDi(*lasciato->mimeData());
+      if (!file.isEmpty()) {
+        lasciato->acceptProposedAction();
+        ricevi_(file);
+      }
+      return true;
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  static QStringList fileDi(const QMimeData& dati) {
+    QStringList file;
+    for (const QUrl& indirizzo : dati.urls()) {
+      if (indirizzo.isLocalFile()) file += indirizzo.toLocalFile();
+    }
+    return file;
+  }
+  std::function<void(const QStringList&)> ricevi_;
+};
+
+QString& cartellaDellaGuida() {
+  static QString cartella;
+  return cartella;
+}
+
+}  // namespace
+
+void Finestra::guida(const QString& cartella) { cartellaDellaGuida() = cartella; }
+
+Finestra::Finestra(const QString& nome) : nome_(nome) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  auto* const esc = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+  connect(esc, &QShortcut::activated, this, [this] { close(); });
+  auto* const f1 = new QShortcut(QKeySequence::HelpContents, this);
+  connect(f1, &QShortcut::activated, this, [this] {
+    desktop::openGuide(aiuto_, this, cartellaDellaGuida(),
+                       QStringLiteral("Controllare e seguire i file telematici"));
+  });
+}
+
+bool Finestra::aperte() {
+  const QWidgetList tutte = QApplication::topLevelWidgets();
+  return std::any_of(tutte.begin(), tutte.end(), [](const QWidget* una) {
+    return dynamic_cast<const Finestra*>(una) != nullptr && una->isVisible();
+  });
+}
+
+void Finestra::ricordaPosto(std::initializer_list<QSplitter*> divisori, QSize dimensione) {
+  divisori_ = divisori;
+  const QSize schermo = QGuiApplication::primaryScreen()->availableSize();
+  resize(std::min(dimensione.width(), schermo.width() - 40),
+         std::min(dimensione.height(), schermo.height() - 60));
+  QSettings memoria;
+  memoria.beginGroup(QStringLiteral("strumenti/") + nome_);
+  // A screen may be smaller than the last one.
+  restoreGeometry(memoria.value(QStringLiteral("posto")).toByteArray());
+  for (qsizetype i = 0; i < divisori_.size(); ++i) {
+    divisori_[i]->restoreState(memoria.value(QStringLiteral("divisore%1").arg(i)).toByteArray());
+  }
+}
+
+void Finestra::closeEvent(QCloseEvent* event) {
+  if (const QString perche = occupata(); !perche.isEmpty()) {
+    event->ignore();
+    mostraErrore(perche);
+    return;
+  }
+  QSettings memoria;
+  memoria.beginGroup(QStringLiteral("strumenti/") + nome_);
+  memoria.setValue(QStringLiteral("posto"), saveGeometry());
+  for (qsizetype i = 0; i < divisori_.size(); ++i) {
+    memoria.setValue(QStringLiteral("divisore%1").arg(i), divisori_[i]->saveState());
+  }
+  QWidget::closeEvent(event);
+}
+
+void Finestra::mostraErrore(const QString& testo) {
+  QMessageBox box(QMessageBox::Warning, windowTitle(), {}, QMessageBox::Ok, this);
+  box.setTextFormat(Qt::PlainText);
+  box.setText(testo);
+  box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  box.exec();
+}
+
+bool Finestra::conferma(const QString& testo) {
+  QMessageBox box(QMessageBox::Question, windowTitle(), {}, QMessageBox::Ok | QMessageBox::Cancel, this);
+  box.setTextFormat(Qt::PlainText);
+  box.setText(testo);
+  box.setDefaultButton(QMessageBox::Cancel);
+  return box.exec() == QMessageBox::Ok;
+}
+
+QPushButton* Finestra::pulsante(const char* testo, const std::function<void()>& azione, QKeySequence tasto) {
+  auto* const fatto = new QPushButton(QString::fromUtf8(testo), this);
+  fatto->setAutoDefault(true);
+  connect(fatto, &QPushButton::clicked, this, azione);
+  if (!tasto.isEmpty()) {
+    auto* const scorciatoia = new QShortcut(tasto, this);
+    connect(scorciatoia, &QShortcut::activated, fatto, &QPushButton::click);
+    fatto->setToolTip(tasto.toString(QKeySequence::NativeText));
+  }
+  return fatto;
+}
+
+void accettaFile(QWidget* widget, std::function<void(const QStringList& file)> ricevi) {
+  new Ricevitore(widget, std::move(ricevi));
+}
+
+QString scegliFile(QWidget* parent, const QString& titolo, const QString& vicino) {
+  const QString cartella = vicino.isEmpty() ? QString() : QFileInfo(vicino).absolutePath();
+  return QFileDialog::getOpenFileName(
+      parent, titolo, cartella,
+      QStringLiteral("File telematici (*.cur *.CUR *.ccf *.txt);;Tutti i file (*)"));
+}
+
+QString detto(lettura::Gravita gravita) {
+  return gravita == lettura::Gravita::Errore ? QStringLiteral("✖ errore") : QStringLiteral("⚠ avviso");
+}
+
+QString segni(std::size_t errori, std::size_t avvisi) {
+  QStringList parti;
+  if (errori > 0) parti += QStringLiteral("✖ %1").arg(errori);
+  if (avvisi > 0) parti += QStringLiteral("⚠ %1").arg(avvisi);
+  return parti.join(QStringLiteral("  "));
+}
+
+QString segniDetti(std::size_t errori, std::size_t avvisi) {
+  QStringList parti;
+  if (errori > 0) parti += errori == 1 ? QStringLiteral("1 errore") : QStringLiteral("%1 errori").arg(errori);
+  if (avvisi > 0) parti += avvisi == 1 ? QStringLiteral("1 avviso") : QStringLiteral("%1 avvisi").arg(avvisi);
+  return parti.isEmpty() ? QStringLiteral("nessun rilievo") : parti.join(QStringLiteral(", "));
+}
+
+QString importoMostrato(std::int64_t centesimi) {
+  return centesimi == 0 ? QString() : qs(lettura::euro(centesimi));
+}
+
+}  // namespace cu::strumenti

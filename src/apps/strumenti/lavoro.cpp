@@ -1,0 +1,75 @@
+#include "apps/strumenti/lavoro.h"
+
+#include <QThread>
+#include <utility>
+
+#include "base/error.h"
+
+namespace cu::strumenti {
+namespace {
+
+constexpr int kMillisecondi = 100;  // between two reports of the progress
+
+Lavoro::Esito esitoDi(const std::function<void()>& lavoro) {
+  try {
+    lavoro();
+    return {};
+  } catch (const Interrotto&) {
+    return {{}, true};
+  } catch (const std::exception& errore) {
+    const QString testo = QString::fromStdString(asError(errore).description());
+    return {testo.isEmpty() ? QStringLiteral("L'operazione non è riuscita.") : testo, false};
+  }
+}
+
+}  // namespace
+
+Lavoro::Lavoro(QObject* parent) : QObject(parent) {
+  orologio_.setInterval(kMillisecondi);
+  connect(&orologio_, &QTimer::timeout, this, [this] {
+    if (avanzamento) avanzamento(fatto_, totale_);
+  });
+}
+
+Lavoro::~Lavoro() {
+  annullato_ = true;
+  if (thread_ != nullptr) thread_->wait();
+}
+
+void Lavoro::avvia(std::function<void()> lavoro, std::function<void(const Esito&)> finito) {
+  if (inCorso()) return;
+  annullato_ = false;
+  fatto_ = 0;
+  totale_ = 0;
+  finito_ = std::move(finito);
+  thread_.reset(QThread::create([this, lavoro = std::move(lavoro)] {
+    const Esito esito = esitoDi(lavoro);
+    QMetaObject::invokeMethod(
+        this, [this, esito] { finisci(esito); }, Qt::QueuedConnection);
+  }));
+  orologio_.start();
+  thread_->start();
+}
+
+void Lavoro::finisci(const Esito& esito) {
+  orologio_.stop();
+  thread_->wait();
+  thread_.reset();
+  const auto finito = std::exchange(finito_, nullptr);
+  if (finito) finito(esito);
+}
+
+void Lavoro::avanza(std::uint64_t fatto, std::uint64_t totale) {
+  if (annullato_) throw Interrotto();
+  fatto_ = fatto;
+  totale_ = totale;
+}
+
+bool Lavoro::chiedi(const std::function<bool()>& domanda) {
+  bool risposta = false;
+  QMetaObject::invokeMethod(
+      this, [&] { risposta = domanda(); }, Qt::BlockingQueuedConnection);
+  return risposta;
+}
+
+}  // namespace cu::strumenti

@@ -1,0 +1,223 @@
+#include "apps/strumenti/tabella_vista.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <algorithm>
+#include <utility>
+
+#include "desktop/whole_text.h"
+
+namespace cu::strumenti {
+namespace {
+
+constexpr int kRigheMisurate = 200;
+constexpr int kLarghezzaMassima = 240;
+
+}  // namespace
+
+ModelloTabella::ModelloTabella(std::vector<Colonna> colonne, QObject* parent)
+    : QAbstractTableModel(parent), colonne_(std::move(colonne)) {}
+
+void ModelloTabella::mostra(std::size_t righe) {
+  beginResetModel();
+  righe_ = static_cast<int>(righe);
+  endResetModel();
+}
+
+int ModelloTabella::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : righe_; }
+
+int ModelloTabella::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(colonne_.size());
+}
+
+QVariant ModelloTabella::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const Colonna& colonna = colonne_[static_cast<std::size_t>(index.column())];
+  const auto riga = static_cast<std::size_t>(index.row());
+  switch (role) {
+    case Qt::DisplayRole:
+      return colonna.testo(riga);
+    case Qt::TextAlignmentRole:
+      return QVariant(colonna.aDestra ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
+    case Qt::AccessibleTextRole:
+      return colonna.detto ? colonna.detto(riga) : colonna.testo(riga);
+    case Qt::FontRole: {
+      if (!inGrassetto || !inGrassetto(riga)) return {};
+      QFont grassetto = QApplication::font("QTableView");
+      grassetto.setBold(true);
+      return grassetto;
+    }
+    case kOrdine:
+      return colonna.ordine ? colonna.ordine(riga) : QVariant(colonna.testo(riga));
+    default:
+      return {};
+  }
+}
+
+QVariant ModelloTabella::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal) return {};
+  const Colonna& colonna = colonne_[static_cast<std::size_t>(section)];
+  if (role == Qt::DisplayRole) return QString::fromUtf8(colonna.titolo);
+  if (role == Qt::TextAlignmentRole) {
+    return QVariant(colonna.aDestra ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
+  }
+  return {};
+}
+
+FiltroTabella::FiltroTabella(QObject* parent) : QSortFilterProxyModel(parent) {
+  setSortRole(ModelloTabella::kOrdine);
+  setSortCaseSensitivity(Qt::CaseInsensitive);
+}
+
+bool FiltroTabella::filterAcceptsRow(int riga, const QModelIndex&) const {
+  return !passa || passa(static_cast<std::size_t>(riga));
+}
+
+Tabella::Tabella(const QString& nome, const QString& detta, std::vector<Colonna> colonne, QWidget* parent)
+    : QTableView(parent),
+      modello_(new ModelloTabella(std::move(colonne), this)),
+      filtro_(new FiltroTabella(this)),
+      memoria_(nome) {
+  setAccessibleName(detta);
+  filtro_->setSourceModel(modello_);
+  setModel(filtro_);
+  setSelectionBehavior(QAbstractItemView::SelectRows);
+  setSelectionMode(QAbstractItemView::ExtendedSelection);
+  setTabKeyNavigation(false);
+  setAlternatingRowColors(true);
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setWordWrap(false);
+  setCornerButtonEnabled(false);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+  horizontalHeader()->setStretchLastSection(true);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setResizeContentsPrecision(kRigheMisurate);
+  horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  setSortingEnabled(true);
+  setMinimumHeight(fontMetrics().height() * 6);
+  setMinimumWidth(fontMetrics().height() * 8);
+  desktop::tellWhole(*this);
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int quale, int, int larga) {
+    if (!posate_ || zitta_ || quale == modello_->columnCount() - 1) return;
+    memoria_.setWidth(QString::fromUtf8(modello_->colonne()[static_cast<std::size_t>(quale)].chiave), larga);
+  });
+  connect(this, &QTableView::clicked, this, [this](const QModelIndex& dove) {
+    if (aperta) aperta(static_cast<std::size_t>(filtro_->mapToSource(dove).row()));
+  });
+}
+
+void Tabella::mostra(std::size_t righe, bool primaRiga) {
+  zitta_ = true;
+  modello_->mostra(righe);
+  if (!posate_ || righe > 0) larghezze();
+  zitta_ = false;
+  detta_.reset();
+  if (primaRiga && filtro_->rowCount() > 0) {
+    setCurrentIndex(filtro_->index(0, 0));
+  } else if (scelta) {
+    scelta(std::nullopt);
+  }
+}
+
+void Tabella::riapplicaFiltro() {
+  const auto prima = corrente();
+  zitta_ = true;
+  filtro_->riapplica();
+  zitta_ = false;
+  const bool resta = prima && filtro_->mapFromSource(modello_->index(static_cast<int>(*prima), 0)).isValid();
+  if (resta) {
+    scegli(prima);
+  } else if (filtro_->rowCount() > 0) {
+    setCurrentIndex(filtro_->index(0, 0));
+    currentChanged(currentIndex(), {});
+  } else {
+    detta_.reset();
+    if (scelta) scelta(std::nullopt);
+  }
+}
+
+std::optional<std::size_t> Tabella::corrente() const {
+  const QModelIndex ora = currentIndex();
+  if (!ora.isValid()) return std::nullopt;
+  return static_cast<std::size_t>(filtro_->mapToSource(ora).row());
+}
+
+void Tabella::scegli(std::optional<std::size_t> riga) {
+  if (!riga) {
+    clearSelection();
+    setCurrentIndex({});
+    return;
+  }
+  const QModelIndex dove = filtro_->mapFromSource(modello_->index(static_cast<int>(*riga), 0));
+  if (!dove.isValid()) return;
+  setCurrentIndex(dove);
+  scrollTo(dove);
+}
+
+std::size_t Tabella::mostrate() const { return static_cast<std::size_t>(filtro_->rowCount()); }
+
+void Tabella::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  if (zitta_) return;
+  const auto ora = corrente();
+  if (ora == detta_) return;
+  detta_ = ora;
+  if (scelta) scelta(ora);
+}
+
+void Tabella::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) {
+    copia();
+    return;
+  }
+  const auto ora = corrente();
+  const bool invio = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (invio && aperta && ora) {
+    aperta(*ora);
+    return;
+  }
+  QTableView::keyPressEvent(event);
+}
+
+void Tabella::showEvent(QShowEvent* event) {
+  QTableView::showEvent(event);
+  zitta_ = true;
+  larghezze();
+  zitta_ = false;
+  posate_ = true;
+}
+
+// The user's width, otherwise that of the first rows.
+void Tabella::larghezze() {
+  for (int i = 0; i < modello_->columnCount(); ++i) {
+    const int ricordata =
+        memoria_.width(QString::fromUtf8(modello_->colonne()[static_cast<std::size_t>(i)].chiave));
+    if (ricordata > 0) {
+      setColumnWidth(i, ricordata);
+    } else {
+      resizeColumnToContents(i);
+      setColumnWidth(i, std::min(columnWidth(i), kLarghezzaMassima));
+    }
+  }
+}
+
+void Tabella::copia() {
+  QModelIndexList righe = selectionModel()->selectedRows();
+  std::sort(righe.begin(), righe.end(), [](const auto& a, const auto& b) { return a.row() < b.row(); });
+  QStringList testo;
+  for (const QModelIndex& riga : righe) {
+    QStringList celle;
+    for (int i = 0; i < filtro_->columnCount(); ++i) {
+      celle += filtro_->index(riga.row(), i).data(Qt::DisplayRole).toString();
+    }
+    testo += celle.join(u'\t');
+  }
+  QApplication::clipboard()->setText(testo.join(u'\n'));
+}
+
+}  // namespace cu::strumenti

@@ -1,0 +1,76 @@
+// The start dialog's way to the windows for telematic files.
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QUrl>
+
+#include "apps/avvio/finestra_avvio.h"
+#include "apps/strumenti/finestra_file.h"
+#include "apps/strumenti/strumenti.h"
+#include "azienda_support.h"
+#include "lettura/lettura_prova.h"
+
+namespace cu::strumenti {
+namespace {
+
+CartelleAvvio cartelleIn(const QTemporaryDir& cartella) {
+  return {cartella.filePath(QStringLiteral("dati")),
+          cartella.filePath(QStringLiteral("config/impostazioni.toml")),
+          cartella.filePath(QStringLiteral("documenti"))};
+}
+
+QMenu* menuDi(const FinestraAvvio& finestra) {
+  for (auto* uno : finestra.findChildren<QPushButton*>()) {
+    if (uno->menu() != nullptr) return uno->menu();
+  }
+  return nullptr;
+}
+
+TEST(StartTools, TheStateNeedsADatabaseAndFilesDoNot) {
+  const QTemporaryDir cartella;
+  const FinestraAvvio buona({}, cartelleIn(cartella));
+  ASSERT_NE(menuDi(buona), nullptr);
+  ASSERT_EQ(menuDi(buona)->actions().size(), 3);
+  EXPECT_TRUE(menuDi(buona)->actions()[2]->isEnabled());
+  SceltaAvvio senza;
+  senza.database = cartella.filePath(QStringLiteral("manca.db"));
+  const FinestraAvvio rotta(senza, cartelleIn(cartella));
+  EXPECT_TRUE(menuDi(rotta)->actions()[0]->isEnabled());
+  EXPECT_FALSE(menuDi(rotta)->actions()[2]->isEnabled());
+}
+
+TEST(StartTools, AFileThatIsDroppedOpens) {
+  const QTemporaryDir cartella;
+  const test::TempFolder altra;
+  lettura::prova::FileDiProva prova;
+  prova.certificato().fine();
+  const QString percorso = QString::fromStdString(test::scritto(altra / "lasciato.cur", prova.testo()));
+  FinestraAvvio finestra({}, cartelleIn(cartella));
+  EXPECT_FALSE(aperti());
+  QMimeData dati;
+  dati.setUrls({QUrl::fromLocalFile(percorso)});
+  QDragEnterEvent entrato(QPoint(5, 5), Qt::CopyAction, &dati, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&finestra, &entrato);
+  EXPECT_TRUE(entrato.isAccepted());
+  QDropEvent lasciato(QPointF(5, 5), Qt::CopyAction, &dati, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&finestra, &lasciato);
+  ASSERT_TRUE(aperti());
+  for (QWidget* una : QApplication::topLevelWidgets()) {
+    auto* const aperta = dynamic_cast<FinestraFile*>(una);
+    if (aperta == nullptr) continue;
+    EXPECT_TRUE(test::aspetta([aperta] { return !aperta->legge(); }));
+    EXPECT_EQ(aperta->windowTitle(), QStringLiteral("lasciato.cur"));
+    aperta->close();
+  }
+  EXPECT_TRUE(test::aspetta([] { return !aperti(); }));
+}
+
+}  // namespace
+}  // namespace cu::strumenti

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QThread>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <string>
+
+#include "apps/comune/connessioni.h"
+#include "apps/esame/operazioni_registro.h"
+#include "archive/archivio.h"
+#include "suite/profilo.h"
+#include "support/temp_folder.h"
+
+namespace cu::test {
+
+// The demonstration company in a folder of its own, with the tables of what was filed.
+class Azienda {
+ public:
+  Azienda() {
+    profilo.file = "prova";
+    profilo.sessione.utente = 12;
+    profilo.sessione.azienda = 1;
+    profilo.sessione.filiale = 1;
+    profilo.sessione.titolo = "Quadrivio";
+    profilo.sessione.sezioneImpostazioni = "Sessione12";
+    profilo.sessione.oggi = Profilo::Istante{Date::fromYmd(2018, 3, 5).value(), {10, 30, 0}};
+    profilo.database.origine = cartella / "demo.db";
+    profilo.valuta = {true, "€", ",", "."};
+    profilo.documenti = cartella / "documenti";
+    profilo.impostazioni = cartella / "impostazioni.toml";
+    std::filesystem::create_directory(profilo.documenti);
+    creaArchivio(*creaConnessione(profilo.database), ContenutoArchivio::Dimostrativo);
+  }
+  // The ordinary supply of a year, as the accounts have it.
+  std::string scrivi(std::int32_t anno) const {
+    const EsitoCorreggi esito = correggi(profilo, {.anno = anno,
+                                                   .cartella = cartella / "uscita",
+                                                   .firma = {},
+                                                   .prosegue = [](const std::string&) { return true; }});
+    return esito.file.empty() ? std::string() : esito.file.front().file.percorso;
+  }
+  void esegui(const std::string& istruzione) const { apriConnessione(profilo.database)->Execute(istruzione); }
+
+  TempFolder cartella;
+  Profilo profilo;
+};
+
+inline std::string letto(const std::string& percorso) {
+  std::ifstream file(percorso, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline std::string scritto(const std::string& percorso, const std::string& testo) {
+  std::ofstream(percorso, std::ios::binary) << testo;
+  return percorso;
+}
+
+// Waits for what a window does in its thread.
+inline bool aspetta(const std::function<bool()>& fatto) {
+  QElapsedTimer tempo;
+  tempo.start();
+  constexpr int kMassimo = 30000;
+  while (!fatto() && tempo.elapsed() < kMassimo) {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    QThread::msleep(2);
+  }
+  QCoreApplication::processEvents();
+  return fatto();
+}
+
+}  // namespace cu::test

@@ -1,0 +1,121 @@
+// Reading a file for a window: certificates by their lines, and whatever the file is.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "apps/comune/file_letto.h"
+#include "apps/strumenti/file_esaminato.h"
+#include "apps/strumenti/lavoro.h"
+#include "azienda_support.h"
+#include "lettura/lettura_prova.h"
+
+namespace cu::strumenti {
+namespace {
+
+using lettura::prova::FileDiProva;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+FileDiProva molti(int quanti) {
+  FileDiProva file;
+  for (int i = 0; i < quanti; ++i) file.certificato();
+  file.fine();
+  return file;
+}
+
+TEST(FileRead, EachCertificateIsReadAgainAtItsLines) {
+  const test::TempFolder cartella;
+  FileDiProva prova = molti(150);
+  prova.valore(3 + 2 * 97 + 1, "AU001004", FileDiProva::amount("9999,99"));
+  const std::string percorso = test::scritto(cartella / "molti.cur", prova.testo());
+  const FileEsaminato file = FileEsaminato::leggi(percorso, {});
+  ASSERT_EQ(file.certificati().size(), 150U);
+  for (const std::size_t quale : {0U, 63U, 97U, 149U}) {
+    const lettura::Certificato riletto = file.rileggi(quale);
+    EXPECT_EQ(riletto.numero, static_cast<int>(quale) + 1);
+    EXPECT_EQ(riletto.riga, file.certificati()[quale].riga);
+    ASSERT_EQ(riletto.moduli.size(), 1U);
+    EXPECT_EQ(riletto.moduli[0].riga, file.certificati()[quale].riga + 1);
+    EXPECT_EQ(riletto.valore("AU001004"), quale == 97 ? "9999,99" : "1234,50");
+  }
+  EXPECT_EQ(file.certificati()[97].lordo, 999999);
+  EXPECT_EQ(file.riga(1), prova.righe[0]);
+  EXPECT_EQ(file.riga(303), prova.righe[302]);
+}
+
+TEST(FileRead, LinesOfAnyLengthAreFoundAgain) {
+  const test::TempFolder cartella;
+  FileDiProva prova = molti(100);
+  prova.righe[40] = "corta";
+  prova.righe[90] += std::string(9000, 'X');
+  const std::string percorso = test::scritto(cartella / "storto.cur", prova.testo());
+  const FileEsaminato file = FileEsaminato::leggi(percorso, {});
+  EXPECT_EQ(file.riga(41), "corta");
+  EXPECT_EQ(file.riga(91).size(), lettura::kRigaMassima);
+  const std::size_t ultimo = file.certificati().size() - 1;
+  EXPECT_EQ(file.rileggi(ultimo).numero, 100);
+}
+
+TEST(FileRead, AFindingBelongsToTheCertificateOfItsLine) {
+  const test::TempFolder cartella;
+  FileDiProva prova = molti(3);
+  prova.valore(6, "AU001008", FileDiProva::amount("999,00"));
+  prova.metti(9, 1, "Q");
+  const std::string percorso = test::scritto(cartella / "rilievi.cur", prova.testo());
+  const FileEsaminato file = FileEsaminato::leggi(percorso, {});
+  EXPECT_EQ(file.certificatoDi(6), std::optional<std::size_t>(1));
+  EXPECT_EQ(file.certificatoDi(5), std::optional<std::size_t>(1));
+  EXPECT_EQ(file.certificatoDi(2), std::nullopt);
+  EXPECT_EQ(file.certificatoDi(9), std::nullopt) << "of the whole file";
+  EXPECT_EQ(file.certificati()[1].avvisi, 1U) << "the base differs";
+  EXPECT_EQ(file.certificati()[0].avvisi + file.certificati()[0].errori, 0U);
+  EXPECT_GT(file.esito().rilievi.errori(), 0U);
+}
+
+TEST(FileRead, AFileThatChangesIsNotMixedWithTheOneThatWasRead) {
+  const test::TempFolder cartella;
+  const std::string percorso = test::scritto(cartella / "cambia.cur", molti(2).testo());
+  const FileEsaminato file = FileEsaminato::leggi(percorso, {});
+  test::scritto(percorso, molti(3).testo());
+  EXPECT_THROW(static_cast<void>(file.rileggi(0)), FileIlleggibile);
+  std::filesystem::remove(percorso);
+  EXPECT_THROW(static_cast<void>(file.riga(1)), FileIlleggibile);
+}
+
+TEST(FileRead, SaysWhatAFileIsNot) {
+  const test::TempFolder cartella;
+  const FileEsaminato vuoto = FileEsaminato::leggi(test::scritto(cartella / "vuoto.cur", ""), {});
+  EXPECT_EQ(stranezza(vuoto), "Il file è vuoto.");
+  const FileEsaminato pdf =
+      FileEsaminato::leggi(test::scritto(cartella / "a.pdf", "%PDF-1.7\n\x01\x02\n"), {});
+  EXPECT_THAT(stranezza(pdf), HasSubstr("non è un file telematico"));
+  EXPECT_FALSE(pdf.rilievi().empty());
+  const FileEsaminato buono = FileEsaminato::leggi(test::scritto(cartella / "b.cur", molti(1).testo()), {});
+  EXPECT_THAT(stranezza(buono), IsEmpty());
+  EXPECT_THAT(intestazione(buono), HasSubstr("Fornitura CUR18, compensi del 2017, ordinaria"));
+  EXPECT_THAT(intestazione(buono), HasSubstr("nessun errore, nessun avviso"));
+  EXPECT_THROW(FileEsaminato::leggi(cartella.path(), {}), FileIlleggibile);
+  EXPECT_THROW(FileEsaminato::leggi(cartella / "manca.cur", {}), FileIlleggibile);
+}
+
+TEST(FileRead, ATruncatedFileShowsWhatCouldBeRead) {
+  const test::TempFolder cartella;
+  const std::string intero = molti(4).testo();
+  for (const std::size_t byte :
+       {std::size_t{1}, std::size_t{1899}, std::size_t{5000}, intero.size() - 3000}) {
+    const FileEsaminato file =
+        FileEsaminato::leggi(test::scritto(cartella / "tronco.cur", intero.substr(0, byte)), {});
+    EXPECT_GT(file.esito().rilievi.errori(), 0U) << byte;
+    for (std::size_t i = 0; i < file.certificati().size(); ++i) EXPECT_NO_THROW(file.rileggi(i)) << byte;
+  }
+}
+
+TEST(FileRead, CanBeInterrupted) {
+  const test::TempFolder cartella;
+  const std::string percorso = test::scritto(cartella / "molti.cur", molti(50).testo());
+  EXPECT_THROW(FileEsaminato::leggi(percorso, [](std::uint64_t, std::uint64_t) { throw Interrotto(); }),
+               Interrotto);
+}
+
+}  // namespace
+}  // namespace cu::strumenti

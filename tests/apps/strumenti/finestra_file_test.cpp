@@ -1,0 +1,233 @@
+// The window of a telematic file.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+#include <set>
+
+#include "apps/strumenti/esportazione.h"
+#include "apps/strumenti/finestra_file.h"
+#include "apps/strumenti/tabella_vista.h"
+#include "azienda_support.h"
+#include "desktop/page_view.h"
+#include "lettura/lettura_prova.h"
+
+namespace cu::strumenti {
+namespace {
+
+using lettura::prova::FileDiProva;
+
+// A window that is destroyed with the object.
+class Schermo {
+ public:
+  explicit Schermo(const std::string& percorso) : finestra_(new FinestraFile(qs(percorso), {})) {
+    finestra_->setAttribute(Qt::WA_DeleteOnClose, false);
+    finestra_->show();
+    finita();
+  }
+  FinestraFile* operator->() const { return finestra_.get(); }
+  void finita() const {
+    EXPECT_TRUE(test::aspetta([this] { return !finestra_->legge(); }));
+  }
+  Tabella& tabella(const char* nome) const {
+    for (auto* una : finestra_->findChildren<QTableView*>()) {
+      if (una->accessibleName() == QString::fromUtf8(nome)) return *dynamic_cast<Tabella*>(una);
+    }
+    throw std::runtime_error(nome);
+  }
+  Tabella& certificati() const { return tabella("Certificazioni"); }
+  Tabella& rilievi() const { return tabella("Rilievi"); }
+  Tabella& caselle() const { return tabella("Caselle della certificazione"); }
+  desktop::PageView& modulo() const {
+    for (auto* uno : finestra_->findChildren<QWidget*>()) {
+      if (auto* const vista = dynamic_cast<desktop::PageView*>(uno)) return *vista;
+    }
+    throw std::runtime_error("no pages");
+  }
+  QString cella(Tabella& tabella, std::size_t riga, int colonna) const {
+    return tabella.modello().index(static_cast<int>(riga), colonna).data().toString();
+  }
+  bool dice(const char* testo) const {
+    for (auto* una : finestra_->findChildren<QLabel*>()) {
+      if (una->isVisibleTo(finestra_.get()) && una->text().contains(QString::fromUtf8(testo))) return true;
+    }
+    return false;
+  }
+
+ private:
+  std::unique_ptr<FinestraFile> finestra_;
+};
+
+std::string treCertificati(const test::TempFolder& cartella) {
+  FileDiProva prova;
+  prova.certificato().certificato("BNCLCU80A01L781X").certificato("VRDGNN75B41L781W").fine();
+  prova.valore(6, "AU001008", FileDiProva::amount("999,00"));
+  prova.valore(8, "AU001004", FileDiProva::amount("12,3X"));
+  return test::scritto(cartella / "tre.cur", prova.testo());
+}
+
+TEST(FileWindow, SearchesAndKeepsTheChoiceThatIsStillShown) {
+  const test::TempFolder cartella;
+  const Schermo schermo(treCertificati(cartella));
+  EXPECT_EQ(schermo.certificati().mostrate(), 3U);
+  EXPECT_EQ(schermo.certificati().corrente(), std::optional<std::size_t>(0));
+  schermo.certificati().scegli(1);
+  auto* const cerca = schermo->findChild<QLineEdit*>();
+  cerca->setText(QStringLiteral("bnclcu"));
+  EXPECT_EQ(schermo.certificati().mostrate(), 1U);
+  EXPECT_EQ(schermo.certificati().corrente(), std::optional<std::size_t>(1));
+  cerca->setText(QStringLiteral("vrdg"));
+  EXPECT_EQ(schermo.certificati().corrente(), std::optional<std::size_t>(2));
+  cerca->setText(QStringLiteral("nessuno"));
+  EXPECT_EQ(schermo.certificati().mostrate(), 0U);
+  EXPECT_EQ(schermo.caselle().mostrate(), 0U);
+  EXPECT_TRUE(schermo.modulo().sentence().contains(QStringLiteral("ricerca")));
+  cerca->clear();
+  EXPECT_EQ(schermo.certificati().mostrate(), 3U);
+}
+
+TEST(FileWindow, ShowsOnlyThoseWithFindingsAndSortsWithoutLosingTheChoice) {
+  const test::TempFolder cartella;
+  const Schermo schermo(treCertificati(cartella));
+  schermo->findChild<QCheckBox*>()->setChecked(true);
+  const std::size_t conRilievi = schermo.certificati().mostrate();
+  EXPECT_LT(conRilievi, 4U);
+  EXPECT_GT(conRilievi, 1U);
+  schermo.certificati().scegli(2);
+  constexpr int kLordo = 5;
+  for (const Qt::SortOrder ordine : {Qt::DescendingOrder, Qt::AscendingOrder}) {
+    schermo.certificati().sortByColumn(kLordo, ordine);
+    EXPECT_EQ(schermo.certificati().corrente(), std::optional<std::size_t>(2));
+  }
+}
+
+TEST(FileWindow, AFindingLeadsToItsCertificateItsCellAndItsPage) {
+  const test::TempFolder cartella;
+  const Schermo schermo(treCertificati(cartella));
+  const FileEsaminato file = FileEsaminato::leggi(cartella / "tre.cur", {});
+  std::optional<std::size_t> importo;
+  for (std::size_t i = 0; i < file.rilievi().size(); ++i) {
+    if (file.rilievi()[i].regola == lettura::Regola::K03) importo = i;
+  }
+  ASSERT_TRUE(importo);
+  schermo->findChild<QComboBox*>()->setCurrentIndex(1);
+  schermo->findChild<QLineEdit*>()->setText(QStringLiteral("rossi"));
+  schermo->vaiAlRilievo(*importo);
+  EXPECT_EQ(schermo.certificati().corrente(), std::optional<std::size_t>(2)) << "the filter gives way";
+  const auto casella = schermo.caselle().corrente();
+  ASSERT_TRUE(casella);
+  EXPECT_EQ(schermo.cella(schermo.caselle(), *casella, 1), QStringLiteral("AU001004"));
+  EXPECT_EQ(schermo.cella(schermo.caselle(), *casella, 2), QStringLiteral("12,3X"));
+  EXPECT_EQ(schermo.modulo().page(), 1) << "the page of module 1";
+  auto* const tratto = schermo->findChild<QPlainTextEdit*>();
+  ASSERT_EQ(tratto->extraSelections().size(), 1);
+  EXPECT_TRUE(tratto->extraSelections()[0].cursor.selectedText().contains(QStringLiteral("12,3X")));
+}
+
+TEST(FileWindow, AFindingOfNoCertificateShowsItsStretch) {
+  const test::TempFolder cartella;
+  FileDiProva prova;
+  prova.certificato().fine();
+  prova.metti(2, 402, "00000099");
+  const Schermo schermo(test::scritto(cartella / "b.cur", prova.testo()));
+  schermo->findChild<QComboBox*>()->setCurrentIndex(1);
+  ASSERT_GE(schermo.rilievi().mostrate(), 1U);
+  schermo->vaiAlRilievo(0);
+  auto* const tratto = schermo->findChild<QPlainTextEdit*>();
+  EXPECT_TRUE(tratto->isVisibleTo(schermo.operator->()));
+  EXPECT_TRUE(schermo.dice("99"));
+}
+
+TEST(FileWindow, WhateverTheFileIsThereIsASentence) {
+  const test::TempFolder cartella;
+  const Schermo manca(cartella / "manca.cur");
+  EXPECT_TRUE(manca.dice("il file non esiste"));
+  const Schermo directory(cartella.path());
+  EXPECT_TRUE(directory.dice("è una cartella"));
+  const Schermo vuoto(test::scritto(cartella / "vuoto.cur", ""));
+  EXPECT_TRUE(vuoto.dice("Il file è vuoto."));
+  const Schermo pdf(
+      test::scritto(cartella / "a.pdf", "%PDF-1.7\n\x01\x02\x81\n" + std::string(100000, '\0')));
+  EXPECT_TRUE(pdf.dice("non è un file telematico"));
+  EXPECT_GT(pdf.rilievi().mostrate(), 0U) << "what is wrong is listed";
+  FileDiProva senzaAnno("XYZ99");
+  senzaAnno.certificato().fine();
+  const Schermo ignoto(test::scritto(cartella / "ignoto.cur", senzaAnno.testo()));
+  EXPECT_EQ(ignoto.certificati().mostrate(), 1U);
+  EXPECT_GT(ignoto.caselle().mostrate(), 5U);
+  EXPECT_TRUE(
+      test::aspetta([&] { return ignoto.modulo().sentence().contains(QStringLiteral("di quale anno")); }));
+}
+
+TEST(FileWindow, TheFormIsDrawnAfterTheChoice) {
+  const test::TempFolder cartella;
+  const Schermo schermo(treCertificati(cartella));
+  EXPECT_TRUE(test::aspetta([&] { return schermo.modulo().pages() == 2; }));
+}
+
+TEST(FileWindow, ReadsAgainWhatHasChanged) {
+  const test::TempFolder cartella;
+  const std::string percorso = treCertificati(cartella);
+  const Schermo schermo(percorso);
+  FileDiProva uno;
+  uno.certificato().fine();
+  test::scritto(percorso, uno.testo());
+  schermo.certificati().scegli(2);
+  EXPECT_TRUE(schermo.modulo().sentence().contains(QStringLiteral("cambiato")));
+  schermo->apri(qs(percorso));
+  schermo.finita();
+  EXPECT_EQ(schermo.certificati().mostrate(), 1U);
+  std::filesystem::remove(percorso);
+  schermo->apri(qs(percorso));
+  schermo.finita();
+  EXPECT_TRUE(schermo.dice("il file non esiste"));
+  EXPECT_EQ(schermo.certificati().mostrate(), 1U) << "what was read stays";
+}
+
+TEST(FileWindow, EachLetterPressesOneThing) {
+  const test::TempFolder cartella;
+  const Schermo schermo(treCertificati(cartella));
+  std::multiset<QChar> lettere;
+  const auto conta = [&](const QString& testo) {
+    const qsizetype posto = testo.indexOf(u'&');
+    if (posto >= 0) lettere.insert(testo[posto + 1].toLower());
+  };
+  for (auto* uno : schermo->findChildren<QAbstractButton*>()) conta(uno->text());
+  for (auto* una : schermo->findChildren<QLabel*>()) conta(una->text());
+  for (const QChar lettera : lettere) EXPECT_EQ(lettere.count(lettera), 1U) << QString(lettera).toStdString();
+}
+
+TEST(FileWindow, EverythingThatCanBeReachedHasAName) {
+  const test::TempFolder cartella;
+  const Schermo schermo(treCertificati(cartella));
+  for (auto* uno : schermo->findChildren<QWidget*>()) {
+    if ((uno->focusPolicy() & Qt::TabFocus) == 0 || !uno->isVisibleTo(schermo.operator->())) continue;
+    auto* const pulsante = qobject_cast<QAbstractButton*>(uno);
+    const bool detto =
+        !uno->accessibleName().isEmpty() || (pulsante != nullptr && !pulsante->text().isEmpty());
+    EXPECT_TRUE(detto) << uno->metaObject()->className();
+  }
+}
+
+TEST(FileWindow, WritesTheTableForASpreadsheet) {
+  const test::TempFolder cartella;
+  const Schermo schermo(treCertificati(cartella));
+  const std::string dove = cartella / "tabella.csv";
+  EXPECT_EQ(scriviCsv(schermo.certificati().modello(), qs(dove)), QString());
+  const std::string testo = test::letto(dove);
+  EXPECT_TRUE(testo.starts_with("\xEF\xBB\xBFN.;Rilievi;Codice fiscale;Nome;Caus.;Lordo;"));
+  EXPECT_THAT(testo,
+              ::testing::HasSubstr(";RSSMRC71C08L781I;ROSSI MARCO;A;1.234,50;234,50;1.000,00;200,00;"));
+  EXPECT_EQ(std::count(testo.begin(), testo.end(), '\n'), 4);
+  EXPECT_NE(scriviCsv(schermo.certificati().modello(), qs(cartella / "manca/tabella.csv")), QString());
+}
+
+}  // namespace
+}  // namespace cu::strumenti

@@ -1,0 +1,139 @@
+// The state of a year, from the accounts to the answer of the authority.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QTableView>
+
+#include "apps/strumenti/dialoghi_stato.h"
+#include "apps/strumenti/finestra_stato.h"
+#include "apps/strumenti/stato_letto.h"
+#include "apps/strumenti/tabella_vista.h"
+#include "azienda_support.h"
+
+namespace cu::strumenti {
+namespace {
+
+using riscontro::Operazione;
+
+std::size_t quante(const StatoLetto& stato, Operazione operazione) {
+  return stato.quante.at(static_cast<std::size_t>(operazione));
+}
+
+// The answer for the first certificates of a state: all accepted but the last.
+std::vector<riscontro::RigaRicevuta> risposta(const StatoLetto& stato, std::size_t righe) {
+  std::vector<riscontro::RigaRicevuta> ricevuta;
+  for (std::size_t i = 0; i < righe; ++i) {
+    const VoceMostrata& voce = stato.voci[i];
+    const bool scartata = i + 1 == righe;
+    const std::string numero = std::to_string(i + 1);
+    ricevuta.push_back({static_cast<std::int64_t>(i) + 2, voce.percipiente, voce.causale,
+                        scartata ? "" : "18030612345678901",
+                        scartata ? "" : std::string(6 - numero.size(), '0') + numero,
+                        scartata ? "scartata" : "accettata", scartata ? "Codice fiscale errato" : ""});
+  }
+  return ricevuta;
+}
+
+TEST(State, FollowsAYearFromTheAccountsToTheReceiptAndToACorrection) {
+  const test::Azienda azienda;
+  const StatoLetto prima = leggiStato(azienda.profilo, std::nullopt);
+  ASSERT_TRUE(prima.tabelle);
+  EXPECT_EQ(prima.anno, prima.anni.front()) << "the newest";
+  const StatoLetto nuove = leggiStato(azienda.profilo, 2016);
+  EXPECT_EQ(quante(nuove, Operazione::Nuova), nuove.voci.size());
+  EXPECT_EQ(nuove.voci.front().stato, "mai scritta");
+
+  const std::string file = azienda.scrivi(2016);
+  EXPECT_TRUE(segnaInviato(azienda.profilo, file, Date::fromYmd(2018, 3, 6)).riuscito);
+  EXPECT_EQ(quante(leggiStato(azienda.profilo, 2016), Operazione::Attesa), nuove.voci.size());
+
+  const auto ricevuta = risposta(nuove, 3);
+  EXPECT_TRUE(pianoRicevuta(azienda.profilo, ricevuta).applicabile());
+  EXPECT_EQ(quante(leggiStato(azienda.profilo, 2016), Operazione::Attesa), nuove.voci.size())
+      << "a plan changes nothing";
+  EXPECT_TRUE(registraRicevuta(azienda.profilo, ricevuta));
+  StatoLetto dopo = leggiStato(azienda.profilo, 2016);
+  EXPECT_EQ(quante(dopo, Operazione::Nessuna), 2U);
+  EXPECT_EQ(quante(dopo, Operazione::Nuova), 1U) << "the rejected one is sent anew";
+  EXPECT_EQ(dopo.voci[2].motivo, "Codice fiscale errato");
+  EXPECT_EQ(dopo.voci[0].progressivo, "000001");
+
+  auto sbagliata = ricevuta;
+  sbagliata[0].esito = "forse";
+  EXPECT_FALSE(pianoRicevuta(azienda.profilo, sbagliata).applicabile());
+  EXPECT_FALSE(registraRicevuta(azienda.profilo, sbagliata));
+}
+
+TEST(State, WithoutTheTablesSaysSoAndAddsThem) {
+  const test::Azienda azienda;
+  azienda.esegui("DROP TABLE CuCertificazione");
+  azienda.esegui("DROP TABLE CuInvio");
+  EXPECT_FALSE(leggiStato(azienda.profilo, std::nullopt).tabelle);
+  FinestraStato finestra(azienda.profilo);
+  finestra.setAttribute(Qt::WA_DeleteOnClose, false);
+  finestra.show();
+  ASSERT_TRUE(test::aspetta([&] { return !finestra.lavora(); }));
+  QAbstractButton* aggiungi = nullptr;
+  for (auto* uno : finestra.findChildren<QAbstractButton*>()) {
+    if (uno->text().contains(QStringLiteral("ggiungi le tabelle"))) aggiungi = uno;
+  }
+  ASSERT_NE(aggiungi, nullptr);
+  EXPECT_TRUE(aggiungi->isVisible());
+  aggiungi->click();
+  ASSERT_TRUE(test::aspetta([&] { return !finestra.lavora() && !aggiungi->isVisible(); }));
+  EXPECT_TRUE(leggiStato(azienda.profilo, std::nullopt).tabelle);
+}
+
+TEST(StateWindow, CountsTheOperationsAndFiltersByThem) {
+  const test::Azienda azienda;
+  const std::size_t tutte = leggiStato(azienda.profilo, std::nullopt).voci.size();
+  FinestraStato finestra(azienda.profilo);
+  finestra.setAttribute(Qt::WA_DeleteOnClose, false);
+  finestra.show();
+  ASSERT_TRUE(test::aspetta([&] { return !finestra.lavora(); }));
+  Tabella* voci = nullptr;
+  for (auto* una : finestra.findChildren<QTableView*>()) {
+    if (una->accessibleName().startsWith(QStringLiteral("Certificazioni")))
+      voci = dynamic_cast<Tabella*>(una);
+  }
+  ASSERT_NE(voci, nullptr);
+  EXPECT_EQ(voci->mostrate(), tutte);
+  const auto premi = [&](const QString& testo) {
+    for (auto* uno : finestra.findChildren<QAbstractButton*>()) {
+      if (uno->text() == testo) uno->click();
+    }
+  };
+  premi(QStringLiteral("S&ostituzioni (0)"));
+  EXPECT_EQ(voci->mostrate(), 0U);
+  premi(QStringLiteral("N&uove (%1)").arg(tutte));
+  EXPECT_EQ(voci->mostrate(), tutte);
+}
+
+TEST(StateWindow, ADatabaseThatIsGoneIsASentence) {
+  test::Azienda azienda;
+  azienda.profilo.database.origine = azienda.cartella / "manca.db";
+  EXPECT_THROW(leggiStato(azienda.profilo, std::nullopt), DatabaseError);
+}
+
+TEST(ReceiptDialog, RegistersOnlyWhatCanBeApplied) {
+  riscontro::PianoRicevuta piano;
+  piano.righe.resize(2);
+  const auto registra = [](const riscontro::PianoRicevuta& suo) {
+    DialogoRicevuta dialogo(nullptr, QStringLiteral("ricevuta.csv"), suo);
+    for (auto* uno : dialogo.findChildren<QAbstractButton*>()) {
+      if (uno->text() == QStringLiteral("&Registra")) return uno->isEnabled();
+    }
+    return false;
+  };
+  EXPECT_TRUE(registra(piano));
+  piano.righe[1].esito = riscontro::EsitoRiga::DaDecidere;
+  EXPECT_FALSE(registra(piano));
+  piano.righe[0].esito = piano.righe[1].esito = riscontro::EsitoRiga::Uguale;
+  EXPECT_FALSE(registra(piano)) << "there is nothing to register";
+}
+
+}  // namespace
+}  // namespace cu::strumenti
