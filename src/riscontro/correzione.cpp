@@ -190,7 +190,9 @@ class Correzione {
         intorno_.files.join(*dove, fornitura::fnNomeFile(sCodFisc_, fromInteger(richiesta_.anno)));
     const std::size_t quante = annullate.size();
     const auto file = intorno_.files.openForOutput(percorso);
-    for (const std::string& riga : righeAnnullamenti({ultimo_, std::move(annullate), richiesta_.firma})) {
+    const std::vector<std::string> righe =
+        righeAnnullamenti({ultimo_, std::move(annullate), richiesta_.firma});
+    for (const std::string& riga : righe) {
       file->write(riga + "\r\n");
     }
     file->close();
