@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "system/forma_support.h"
@@ -23,15 +24,17 @@ bool conControlli(const std::string& testo) {
   return std::any_of(testo.begin(), testo.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; });
 }
 
-// Of the payees with one reason alone the first of each reason. Grouped here: the embedded engine, which one
-// of the servers has behind it, does not group.
-std::vector<std::string> unoPerCausale(const std::vector<Lettore::Riga>& pagamenti) {
+// Of the payees with one reason alone the first of each reason, with that reason. Grouped here: the embedded
+// engine, which one of the servers has behind it, does not group.
+std::vector<std::pair<std::string, std::string>> unoPerCausale(const std::vector<Lettore::Riga>& pagamenti) {
   std::map<int, std::set<int>> causali;
   for (const Lettore::Riga& riga : pagamenti) causali[std::stoi(riga.at(0))].insert(std::stoi(riga.at(1)));
   std::set<int> viste;
-  std::vector<std::string> chi;
+  std::vector<std::pair<std::string, std::string>> chi;
   for (const auto& [percipiente, sue] : causali) {
-    if (sue.size() == 1 && viste.insert(*sue.begin()).second) chi.push_back(std::to_string(percipiente));
+    if (sue.size() == 1 && viste.insert(*sue.begin()).second) {
+      chi.emplace_back(std::to_string(percipiente), std::to_string(*sue.begin()));
+    }
   }
   return chi;
 }
@@ -43,18 +46,16 @@ class StampaOstile : public Guidato, public testing::WithParamInterface<int> {
     testi_.push_back({"Innocuo", std::string(48, 'X')});
     const auto database = posto_.lettore();
     const std::string nel2016 = database->nellAnno("DataPagamento", "2016");
-    const std::vector<std::string> chi = unoPerCausale(
+    const auto chi = unoPerCausale(
         database->righe("SELECT IDAnagrafica, IDCausalePagamento FROM Compenso WHERE " + nel2016));
     for (std::size_t i = 0; i < testi_.size(); ++i) {
-      const std::string& testo = testi_[i].testo;
-      database->esegui("UPDATE Percipiente SET Codice = ? WHERE IDAnagrafica = " + chi.at(i), {testo});
-      database->esegui("UPDATE Anagrafica SET Anagrafica = ?, Nome = ? WHERE IDAnagrafica = " + chi.at(i),
+      const auto& [percipiente, causale] = chi.at(i);
+      database->esegui("UPDATE Percipiente SET Codice = ? WHERE IDAnagrafica = " + percipiente,
+                       {testi_[i].testo});
+      database->esegui("UPDATE Anagrafica SET Anagrafica = ?, Nome = ? WHERE IDAnagrafica = " + percipiente,
                        {breve(i), segno(i)});
-      database->esegui(
-          "UPDATE CausalePagamento SET Codice = ? WHERE IDCausalePagamento = (SELECT MIN(IDCausalePagamento) "
-          "FROM Compenso WHERE " +
-              nel2016 + " AND IDAnagrafica = " + chi.at(i) + ")",
-          {breve(i)});
+      database->esegui("UPDATE CausalePagamento SET Codice = ? WHERE IDCausalePagamento = " + causale,
+                       {breve(i)});
     }
     posto_.imposta("printing.engine", "\"pdf\"");
     posto_.imposta("session.processes",
