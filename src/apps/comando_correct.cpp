@@ -19,7 +19,7 @@ int comandoCorrect(const OpzioniCorrect& opzioni) {
   for (const FileScritto& scritto : esito.file) {
     const riscontro::FileCorretto& file = scritto.file;
     std::cout << dettaFornitura(file.tipo) << ": " << file.percorso << " (" << file.certificazioni << ")\n";
-    scriviRilievi(file.percorso, scritto.dopo.rilievi, std::cerr);
+    scriviRilievi(file.percorso, scritto.dopo.rilievi, std::cout);
     if (!scritto.dopo.guasto.empty()) std::cerr << file.percorso << ": " << scritto.dopo.guasto << '\n';
   }
   for (const Terminale::Avviso& avviso : terminale.avvisi) {

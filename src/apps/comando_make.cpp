@@ -47,7 +47,7 @@ fornitura::RichiestaCU completa(const OpzioniMake& opzioni, SessioneComando& ses
 // What the reader finds in the file that was just written.
 void stampaControllo(const std::string& percorso, const DopoScrittura& dopo) {
   if (!dopo.guasto.empty()) std::cerr << percorso << ": " << dopo.guasto << '\n';
-  scriviRilievi(percorso, dopo.rilievi, std::cerr);
+  scriviRilievi(percorso, dopo.rilievi, std::cout);
   std::cout << "Controllo: " << dettoConteggio(dopo.rilievi) << '\n';
 }
 
