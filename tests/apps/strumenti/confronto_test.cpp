@@ -82,8 +82,7 @@ TEST(Comparison, AFreshFileIsTheAccountsAndACentIsFound) {
   const Confronto diverso =
       Confronto::conConti(test::scritto(azienda.cartella / "cambiato.cur", testo), azienda.profilo, kLibero);
   EXPECT_EQ(diverso.quante(EsitoConfronto::Diverso), 1U);
-  const std::string dove = " FROM ContoIndividuale WHERE Anno = 2017 AND IDAzienda = 1";
-  azienda.esegui("DELETE" + dove + " AND IDAnagrafica = (SELECT MIN(IDAnagrafica)" + dove + ")");
+  azienda.esegui("DELETE FROM ContoIndividuale WHERE Anno = 2017 AND IDAzienda = 1 AND IDAnagrafica = 101");
   const Confronto senza = Confronto::conConti(file, azienda.profilo, kLibero);
   EXPECT_GE(senza.quante(EsitoConfronto::SoloVecchio), 1U);
   EXPECT_EQ(senza.quante(EsitoConfronto::Diverso), 0U);
