@@ -19,13 +19,15 @@ struct Storia {
     });
     return trovata == voci.rend() ? nullptr : &*trovata;
   }
-  // What has no answer yet: a file that was sent, or a correction that was written. What came before the
-  // acceptance is answered by it.
+  // What has no answer yet: a file that was sent, or a correction of what is accepted that was written. What
+  // came before the acceptance is answered by it.
   const Registrata* inAttesa() const {
     const Registrata* const prima = accettata();
     const auto trovata = std::find_if(voci.rbegin(), voci.rend(), [prima](const Registrata& r) {
       if (prima != nullptr && r.id < prima->id) return false;
-      return r.stato == Stato::Inviata || (r.stato == Stato::Scritta && !r.ordinaria());
+      const bool diQuella = prima != nullptr && r.certificato.protocollo == prima->protocollo &&
+                            r.certificato.progressivo == prima->progressivo;
+      return r.stato == Stato::Inviata || (r.stato == Stato::Scritta && !r.ordinaria() && diQuella);
     });
     return trovata == voci.rend() ? nullptr : &*trovata;
   }

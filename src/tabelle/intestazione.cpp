@@ -10,10 +10,7 @@ bool apostrofo(QChar c) {
   return c == '\'' || c == '`' || c == QChar(0x2019) || c == QChar(0x2018) || c == QChar(0xB4);
 }
 
-}  // namespace
-
-std::string normalizza(std::string_view intestazione) {
-  const QString testo = QString::fromUtf8(intestazione.data(), static_cast<qsizetype>(intestazione.size()));
+QString ridotto(const QString& testo) {
   QString tenuto;
   for (const QChar c : testo) {
     if (!apostrofo(c)) tenuto += c;
@@ -24,7 +21,22 @@ std::string normalizza(std::string_view intestazione) {
                        c.category() == QChar::Other_Format || c == '_' || c == '.';
     if (!tolto) esito += c;
   }
-  return esito.toStdString();
+  return esito;
+}
+
+}  // namespace
+
+std::string normalizza(std::string_view intestazione) {
+  // What a decomposition or a folding brings forth may be reduced further: a wide apostrophe becomes a plain
+  // one.
+  constexpr int kVolte = 8;
+  QString testo = QString::fromUtf8(intestazione.data(), static_cast<qsizetype>(intestazione.size()));
+  for (int volta = 0; volta < kVolte; ++volta) {
+    const QString esito = ridotto(testo);
+    if (esito == testo) break;
+    testo = esito;
+  }
+  return testo.toStdString();
 }
 
 }  // namespace cu::tabelle

@@ -135,6 +135,16 @@ TEST_F(Stati, OfAnAnnulmentOfNothingKnownSayNothing) {
   EXPECT_EQ(primo(), " nuova");
 }
 
+TEST_F(Stati, OfAWrittenCorrectionOfAnotherAcceptanceSaysNothing) {
+  invia(scrivi({conto(0)}));
+  rispondi(conto(0), "accettata", "000001");
+  cambia();
+  lettura::Certificato altra = correzione("S");
+  altra.progressivo = "000099";
+  scrivi({altra});
+  EXPECT_EQ(primo(), "accettata sostituzione");
+}
+
 TEST_F(Stati, OfTwoWithOneKeyKeepToWhatAgrees) {
   lettura::Certificato altro = conto(0);
   altro.moduli[0].celle.back().testo = "9,99";
