@@ -1,6 +1,5 @@
 #include "apps/strumenti/dialoghi_stato.h"
 
-#include <QDateEdit>
 #include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QFormLayout>
@@ -28,7 +27,10 @@ QLabel* frase(const QString& testo, QWidget* parent) {
 }  // namespace
 
 DialogoInviato::DialogoInviato(QWidget* parent, QDate oggi)
-    : QDialog(parent), file_(new QLineEdit(this)), giorno_(new QDateEdit(oggi, this)) {
+    : QDialog(parent),
+      file_(new QLineEdit(this)),
+      giorno_(new QLineEdit(oggi.toString(QStringLiteral("dd/MM/yyyy")), this)),
+      nota_(new QLabel(this)) {
   setWindowTitle(QStringLiteral("Segna come inviato"));
   auto* const colonna = new QVBoxLayout(this);
   colonna->addWidget(
@@ -43,9 +45,14 @@ DialogoInviato::DialogoInviato(QWidget* parent, QDate oggi)
   riga->addWidget(file_, 1);
   riga->addWidget(sfoglia);
   modulo->addRow(QStringLiteral("File"), riga);
-  giorno_->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-  giorno_->setCalendarPopup(true);
-  modulo->addRow(QStringLiteral("Inviato il &giorno"), giorno_);
+  auto* const rigaGiorno = new QHBoxLayout;
+  rigaGiorno->addWidget(giorno_);
+  rigaGiorno->addWidget(nota_, 1);
+  auto* const etichetta = new QLabel(QStringLiteral("Inviato il &giorno"), this);
+  etichetta->setBuddy(giorno_);
+  giorno_->setAccessibleName(QStringLiteral("Inviato il giorno"));
+  giorno_->setMaximumWidth(giorno_->fontMetrics().horizontalAdvance(QStringLiteral("  00/00/0000  ")) + 16);
+  modulo->addRow(etichetta, rigaGiorno);
   colonna->addLayout(modulo);
   auto* const pulsanti = new QDialogButtonBox(this);
   segna_ = pulsanti->addButton(QStringLiteral("S&egna"), QDialogButtonBox::AcceptRole);
@@ -56,6 +63,7 @@ DialogoInviato::DialogoInviato(QWidget* parent, QDate oggi)
   connect(pulsanti, &QDialogButtonBox::rejected, this, &QDialog::reject);
   connect(sfoglia, &QPushButton::clicked, this,
           [this] { scegli(scegliFile(this, QStringLiteral("File inviato"), file_->text())); });
+  connect(giorno_, &QLineEdit::textChanged, this, [this] { controlla(); });
   resize(520, sizeHint().height());
   sfoglia->setFocus();
 }
@@ -63,12 +71,27 @@ DialogoInviato::DialogoInviato(QWidget* parent, QDate oggi)
 void DialogoInviato::scegli(const QString& file) {
   if (file.isEmpty()) return;
   file_->setText(file);
-  segna_->setEnabled(true);
+  controlla();
   segna_->setDefault(true);
+  segna_->setFocus();
+}
+
+void DialogoInviato::controlla() {
+  const bool valida = giorno().isValid();
+  nota_->setText(valida ? QString() : QStringLiteral("Non è una data."));
+  segna_->setEnabled(valida && !file_->text().isEmpty());
 }
 
 QString DialogoInviato::file() const { return file_->text(); }
-QDate DialogoInviato::giorno() const { return giorno_->date(); }
+// "05/03/2018", "5/3/2018" or "05032018".
+QDate DialogoInviato::giorno() const {
+  const QString testo = giorno_->text().trimmed();
+  for (const char* forma : {"dd/MM/yyyy", "d/M/yyyy", "ddMMyyyy"}) {
+    const QDate letta = QDate::fromString(testo, QString::fromLatin1(forma));
+    if (letta.isValid()) return letta;
+  }
+  return {};
+}
 
 DialogoRicevuta::DialogoRicevuta(QWidget* parent, const QString& nome, const riscontro::PianoRicevuta& piano)
     : QDialog(parent), piano_(piano) {

@@ -8,7 +8,7 @@
 #include "apps/esame/operazioni_registro.h"
 #include "apps/strumenti/stato_letto.h"
 
-class QDateEdit;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -23,8 +23,11 @@ class DialogoInviato : public QDialog {
   void scegli(const QString& file);
 
  private:
+  void controlla();
+
   QLineEdit* file_;
-  QDateEdit* giorno_;
+  QLineEdit* giorno_;
+  QLabel* nota_;
   QPushButton* segna_;
 };
 

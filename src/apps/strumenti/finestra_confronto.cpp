@@ -11,6 +11,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include "apps/strumenti/casella_cerca.h"
 #include "apps/strumenti/strumenti.h"
 #include "apps/strumenti/tabella_vista.h"
 #include "desktop/text.h"
@@ -155,7 +156,7 @@ QWidget* FinestraConfronto::filtri() {
   auto* const riga = new QHBoxLayout(riquadro);
   riga->setContentsMargins(0, 0, 0, 0);
   auto* const etichetta = new QLabel(QStringLiteral("C&erca"), riquadro);
-  cerca_ = new QLineEdit(riquadro);
+  cerca_ = new CasellaCerca(riquadro);
   cerca_->setClearButtonEnabled(true);
   cerca_->setPlaceholderText(QStringLiteral("codice fiscale, nome o causale"));
   cerca_->setAccessibleName(QStringLiteral("Cerca fra le certificazioni"));

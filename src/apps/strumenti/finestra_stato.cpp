@@ -11,6 +11,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include "apps/strumenti/casella_cerca.h"
 #include "apps/strumenti/modulo_disegnato.h"
 #include "apps/strumenti/tabella_vista.h"
 #include "desktop/text.h"
@@ -66,7 +67,7 @@ QWidget* FinestraStato::sopra() {
   anni_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   anno->setBuddy(anni_);
   auto* const etichetta = new QLabel(QStringLiteral("C&erca"), riquadro);
-  cerca_ = new QLineEdit(riquadro);
+  cerca_ = new CasellaCerca(riquadro);
   cerca_->setClearButtonEnabled(true);
   cerca_->setPlaceholderText(QStringLiteral("codice fiscale, nome o causale"));
   cerca_->setAccessibleName(QStringLiteral("Cerca fra le certificazioni"));

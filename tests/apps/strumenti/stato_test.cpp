@@ -2,11 +2,16 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
 
 #include <QAbstractButton>
 #include <QLabel>
 #include <QTableView>
 
+#include "apps/strumenti/casella_cerca.h"
 #include "apps/strumenti/dialoghi_stato.h"
 #include "apps/strumenti/finestra_stato.h"
 #include "apps/strumenti/stato_letto.h"
@@ -133,6 +138,41 @@ TEST(ReceiptDialog, RegistersOnlyWhatCanBeApplied) {
   EXPECT_FALSE(registra(piano));
   piano.righe[0].esito = piano.righe[1].esito = riscontro::EsitoRiga::Uguale;
   EXPECT_FALSE(registra(piano)) << "there is nothing to register";
+}
+
+TEST(SentDialog, TakesOnlyADayThatExists) {
+  DialogoInviato dialogo(nullptr, QDate(2018, 3, 6));
+  auto* const segna = dialogo.findChild<QDialogButtonBox*>()->buttons().first();
+  QLineEdit* giorno = nullptr;
+  for (auto* una : dialogo.findChildren<QLineEdit*>()) {
+    if (una->accessibleName() == QStringLiteral("Inviato il giorno")) giorno = una;
+  }
+  ASSERT_NE(giorno, nullptr);
+  EXPECT_FALSE(segna->isEnabled());
+  dialogo.scegli(QStringLiteral("/tmp/file.cur"));
+  EXPECT_TRUE(segna->isEnabled());
+  for (const char* forma : {"05/03/2018", "5/3/2018", "05032018", " 05/03/2018 "}) {
+    giorno->setText(QString::fromLatin1(forma));
+    EXPECT_EQ(dialogo.giorno(), QDate(2018, 3, 5)) << forma;
+    EXPECT_TRUE(segna->isEnabled());
+  }
+  for (const char* forma : {"31/02/2018", "", "domani", "5/3/18"}) {
+    giorno->setText(QString::fromLatin1(forma));
+    EXPECT_FALSE(dialogo.giorno().isValid()) << forma;
+    EXPECT_FALSE(segna->isEnabled()) << forma;
+  }
+}
+
+TEST(SearchBox, IsEmptiedByEscBeforeTheWindowCloses) {
+  QDialog finestra;
+  auto* const cerca = new CasellaCerca(&finestra);
+  cerca->setText(QStringLiteral("conti"));
+  finestra.show();
+  QTest::keyClick(cerca, Qt::Key_Escape);
+  EXPECT_EQ(cerca->text(), QString());
+  EXPECT_TRUE(finestra.isVisible());
+  QTest::keyClick(cerca, Qt::Key_Escape);
+  EXPECT_FALSE(finestra.isVisible());
 }
 
 }  // namespace
