@@ -1,7 +1,6 @@
 #include "riscontro/atteso.h"
 
 #include <algorithm>
-#include <array>
 
 #include "base/ascii.h"
 #include "base/text.h"
@@ -89,10 +88,6 @@ std::string valore(const RigaConto& riga, const Campo& campo) {
   return {};
 }
 
-constexpr std::array<std::string_view, 5> kContributi = {
-    "ContributiCaricoAzienda", "ContributiCaricoPercipiente", "ImportoAltriContributi", "ContributiDovuti",
-    "ContributiVersati"};
-
 }  // namespace
 
 CellView RigaConto::operator[](std::string_view colonna) const {
@@ -101,10 +96,10 @@ CellView RigaConto::operator[](std::string_view colonna) const {
   return ordinale == Columns::kNone ? CellView() : celle_[ordinale];
 }
 
-CelleAttese::CelleAttese(modello::Record record, std::int32_t anno, bool primoModulo)
-    : anno_(modello::annoTracciato(anno)) {
+CelleAttese::CelleAttese(modello::Record record, std::int32_t anno, bool primoModulo) {
+  const std::int32_t tracciato = modello::annoTracciato(anno);
   for (const Campo& campo : modello::kModello.campi) {
-    if (haCella(campo, record) && modello::vale(campo, anno_, primoModulo)) campi_.push_back(&campo);
+    if (haCella(campo, record) && modello::vale(campo, tracciato, primoModulo)) campi_.push_back(&campo);
   }
 }
 
@@ -123,8 +118,11 @@ bool CelleAttese::vale(Condizione condizione, const RigaConto& riga) const {
     case Condizione::CausaleN:
       return modello::haAddizionali(riga["Codice"].toText());
     case Condizione::BloccoC:
-      return std::any_of(kContributi.begin(), kContributi.end(),
-                         [&](std::string_view colonna) { return !riga[colonna].decimal().isZero(); });
+      return std::any_of(campi_.begin(), campi_.end(), [&](const Campo* campo) {
+        const bool importo =
+            campo->condizione == condizione && genere(campo->forma) == modello::Genere::Importo;
+        return importo && !riga[campo->colonna].decimal().isZero();
+      });
     case Condizione::NonNelFile:
       break;
   }

@@ -34,7 +34,6 @@ class CelleAttese {
  private:
   bool vale(modello::Condizione condizione, const RigaConto& riga) const;
 
-  std::int32_t anno_;
   std::vector<const modello::Campo*> campi_;
 };
 
