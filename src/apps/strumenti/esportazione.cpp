@@ -1,49 +1,46 @@
 #include "apps/strumenti/esportazione.h"
 
 #include <QAbstractItemModel>
-#include <QSaveFile>
-#include <QStringList>
+
+#include "base/error.h"
+#include "suite/platform_file.h"
+#include "tabelle/scrittura.h"
 
 namespace cu::strumenti {
 namespace {
 
-// A cell that a spreadsheet would take for a formula is written as a text.
-QString cellaCsv(QString testo) {
-  if (!testo.isEmpty() && QStringLiteral("=+@").contains(testo.front())) testo.prepend(u'\'');
-  if (!testo.contains(u';') && !testo.contains(u'"') && !testo.contains(u'\n') && !testo.contains(u'\r')) {
-    return testo;
+tabelle::TabellaDaScrivere comeMostrata(const QAbstractItemModel& modello) {
+  tabelle::TabellaDaScrivere tabella;
+  tabella.foglio = "Certificazioni";
+  for (int colonna = 0; colonna < modello.columnCount(); ++colonna) {
+    tabella.colonne.push_back(modello.headerData(colonna, Qt::Horizontal).toString().toStdString());
   }
-  return u'"' + testo.replace(QStringLiteral("\""), QStringLiteral("\"\"")) + u'"';
-}
-
-QByteArray rigaCsv(const QStringList& celle) {
-  QStringList scritte;
-  for (const QString& cella : celle) scritte += cellaCsv(cella);
-  return (scritte.join(u';') + QStringLiteral("\r\n")).toUtf8();
+  for (int riga = 0; riga < modello.rowCount(); ++riga) {
+    std::vector<Value>& celle = tabella.righe.emplace_back();
+    for (int colonna = 0; colonna < modello.columnCount(); ++colonna) {
+      celle.push_back(Value::ofText(modello.index(riga, colonna).data().toString().toStdString()));
+    }
+  }
+  return tabella;
 }
 
 }  // namespace
 
-QString scriviCsv(const QAbstractItemModel& tabella, const QString& percorso) {
-  QSaveFile file(percorso);
-  const auto guasto = [&] {
-    return QStringLiteral("%1 non si può scrivere: %2").arg(percorso, file.errorString());
-  };
-  if (!file.open(QIODevice::WriteOnly)) return guasto();
-  file.write("\xEF\xBB\xBF");
-  QStringList celle;
-  for (int colonna = 0; colonna < tabella.columnCount(); ++colonna) {
-    celle += tabella.headerData(colonna, Qt::Horizontal).toString();
-  }
-  file.write(rigaCsv(celle));
-  for (int riga = 0; riga < tabella.rowCount(); ++riga) {
-    celle.clear();
-    for (int colonna = 0; colonna < tabella.columnCount(); ++colonna) {
-      celle += tabella.index(riga, colonna).data().toString();
+QString scriviTabella(const QAbstractItemModel& modello, const QString& percorso) {
+  const std::string file = percorso.toStdString();
+  try {
+    if (!percorso.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive)) {
+      replaceFile(file, tabelle::scriviCsv(comeMostrata(modello)));
+    } else {
+      // The library for workbooks reports a file that cannot be made in words of its own.
+      replaceFile(file, {});
+      tabelle::scriviXlsx(file, comeMostrata(modello), {});
     }
-    file.write(rigaCsv(celle));
+  } catch (const Error& errore) {
+    return QStringLiteral("%1 non si può scrivere: %2")
+        .arg(percorso, QString::fromStdString(errore.description()));
   }
-  return file.commit() ? QString() : guasto();
+  return {};
 }
 
 }  // namespace cu::strumenti

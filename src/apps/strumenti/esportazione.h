@@ -6,8 +6,8 @@ class QAbstractItemModel;
 
 namespace cu::strumenti {
 
-// Writes a table as it is shown: UTF-8 with a mark at its beginning, columns separated by ";". Returns what
-// went wrong; the file is then as it was before.
-QString scriviCsv(const QAbstractItemModel& tabella, const QString& percorso);
+// Writes a table as it is shown: a workbook where the name ends with .xlsx, else a text (CSV). Returns what
+// went wrong, in Italian; "" for success.
+QString scriviTabella(const QAbstractItemModel& modello, const QString& percorso);
 
 }  // namespace cu::strumenti

@@ -248,14 +248,14 @@ void FinestraFile::esporta() {
   const QString dove = QFileDialog::getSaveFileName(
       this, QStringLiteral("Esporta le certificazioni"),
       questo.absolutePath() + u'/' + questo.completeBaseName() + QStringLiteral(".csv"),
-      QStringLiteral("Tabella CSV (*.csv)"));
+      QStringLiteral("Tabella CSV (*.csv);;Foglio elettronico (*.xlsx)"));
   if (dove.isEmpty()) return;
   if (QFileInfo(dove) == questo) {
     mostraErrore(
         QStringLiteral("La tabella non può sostituire il file telematico. Scegliere un altro nome."));
     return;
   }
-  const QString errore = scriviCsv(certificati_->modello(), dove);
+  const QString errore = scriviTabella(certificati_->modello(), dove);
   if (!errore.isEmpty()) mostraErrore(errore);
 }
 

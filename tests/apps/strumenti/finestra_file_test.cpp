@@ -220,13 +220,18 @@ TEST(FileWindow, WritesTheTableForASpreadsheet) {
   const test::TempFolder cartella;
   const Schermo schermo(treCertificati(cartella));
   const std::string dove = cartella / "tabella.csv";
-  EXPECT_EQ(scriviCsv(schermo.certificati().modello(), qs(dove)), QString());
+  EXPECT_EQ(scriviTabella(schermo.certificati().modello(), qs(dove)), QString());
   const std::string testo = test::letto(dove);
   EXPECT_TRUE(testo.starts_with("\xEF\xBB\xBFN.;Rilievi;Codice fiscale;Nome;Caus.;Lordo;"));
-  EXPECT_THAT(testo,
-              ::testing::HasSubstr(";RSSMRC71C08L781I;ROSSI MARCO;A;1.234,50;234,50;1.000,00;200,00;"));
+  EXPECT_THAT(testo, ::testing::HasSubstr(
+                         R"(;RSSMRC71C08L781I;ROSSI MARCO;A;"1.234,50";"234,50";"1.000,00";"200,00";)"));
   EXPECT_EQ(std::count(testo.begin(), testo.end(), '\n'), 4);
-  EXPECT_NE(scriviCsv(schermo.certificati().modello(), qs(cartella / "manca/tabella.csv")), QString());
+  const std::string foglio = cartella / "tabella.xlsx";
+  EXPECT_EQ(scriviTabella(schermo.certificati().modello(), qs(foglio)), QString());
+  EXPECT_TRUE(test::letto(foglio).starts_with("PK"));
+  for (const char* nome : {"manca/tabella.csv", "manca/tabella.xlsx"}) {
+    EXPECT_NE(scriviTabella(schermo.certificati().modello(), qs(cartella / nome)), QString()) << nome;
+  }
 }
 
 }  // namespace
