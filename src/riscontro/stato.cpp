@@ -31,6 +31,13 @@ struct Storia {
     });
     return trovata == voci.rend() ? nullptr : &*trovata;
   }
+  // The last rejection, as long as nothing was accepted after it.
+  const Registrata* scartata() const {
+    const auto risposta = std::find_if(voci.rbegin(), voci.rend(), [](const Registrata& r) {
+      return r.stato == Stato::Scartata || r.stato == Stato::Accettata;
+    });
+    return risposta != voci.rend() && risposta->stato == Stato::Scartata ? &*risposta : nullptr;
+  }
   // The last thing that happened. An ordinary certificate that was only written again changes nothing.
   const Registrata* mostrata() const {
     if (const Registrata* const attesa = inAttesa()) return attesa;
@@ -107,10 +114,8 @@ VoceStato voceDi(const lettura::Certificato& certificato, const Storia* storia) 
   voce.nome = certificato.nome;
   voce.causale = certificato.causale();
   if (storia == nullptr) return voce;
-  if (const Registrata* const mostrata = storia->mostrata()) {
-    voce.stato = nome(mostrata->stato);
-    if (mostrata->stato == Stato::Scartata) voce.motivo = mostrata->motivo;
-  }
+  if (const Registrata* const mostrata = storia->mostrata()) voce.stato = nome(mostrata->stato);
+  if (const Registrata* const scartata = storia->scartata()) voce.motivo = scartata->motivo;
   if (const Registrata* const accettata = storia->accettata()) voce.accettata = *accettata;
   return voce;
 }
@@ -138,11 +143,14 @@ std::string_view nome(Operazione operazione) {
 }
 
 std::vector<VoceStato> statoEsercizio(Registro& registro, const Esercizio& esercizio,
-                                      const Conversioni& utilita) {
+                                      const Conversioni& utilita,
+                                      const std::function<void(std::size_t conti)>& letti) {
   Storie storie(registro, esercizio);
   std::vector<Conto> conti;
-  leggiConti(registro.connessione(), esercizio, utilita,
-             [&](Conto conto) { conti.push_back(std::move(conto)); });
+  leggiConti(registro.connessione(), esercizio, utilita, [&](Conto conto) {
+    conti.push_back(std::move(conto));
+    if (letti) letti(conti.size());
+  });
   std::vector<const Storia*> loro(conti.size(), nullptr);
   for (const bool soloUguale : {true, false}) {
     for (std::size_t i = 0; i < conti.size(); ++i) {

@@ -67,6 +67,14 @@ class Stati : public ::testing::Test {
     return trovato;
   }
 
+  // The reason that is shown for it.
+  std::string motivo() {
+    for (const VoceStato& voce : statoEsercizio(registro_, kEsercizio, utilita_)) {
+      if (voce.percipiente == conto(0).percipiente && voce.causale == conto(0).causale()) return voce.motivo;
+    }
+    return "not listed";
+  }
+
   std::unique_ptr<Connection> connessione_;
   Registro registro_;
   test::ScriptedFrontEnd schermo_;
@@ -93,6 +101,34 @@ TEST_F(Stati, OfARejectedOne) {
   invia(scrivi({conto(0)}));
   rispondi(conto(0), "scartata", "");
   EXPECT_EQ(primo(), "scartata nuova");
+}
+
+TEST_F(Stati, KeepTheReasonOfARejectionUntilSomethingIsAccepted) {
+  invia(scrivi({conto(0)}));
+  EXPECT_EQ(motivo(), "");
+  rispondi(conto(0), "scartata", "");
+  EXPECT_EQ(motivo(), "no");
+  const std::int64_t invio = scrivi({conto(0)});
+  EXPECT_EQ(motivo(), "no") << "written anew";
+  invia(invio);
+  EXPECT_EQ(primo(), "inviata attesa");
+  EXPECT_EQ(motivo(), "no") << "sent anew";
+  rispondi(conto(0), "accettata", "000001");
+  EXPECT_EQ(motivo(), "");
+  cambia();
+  invia(scrivi({correzione("S")}));
+  rispondi(conto(0), "scartata", "");
+  scrivi({correzione("S")});
+  EXPECT_EQ(primo(), "scritta attesa");
+  EXPECT_EQ(motivo(), "no") << "of the replacement";
+}
+
+TEST_F(Stati, AreReadWithACountOfTheAccounts) {
+  std::vector<std::size_t> letti;
+  static_cast<void>(
+      statoEsercizio(registro_, kEsercizio, utilita_, [&](std::size_t conti) { letti.push_back(conti); }));
+  ASSERT_EQ(letti.size(), conti_.size());
+  EXPECT_EQ(letti.back(), conti_.size());
 }
 
 TEST_F(Stati, OfOneThatChangesAfterwards) {
