@@ -1,5 +1,7 @@
 #include "apps/esame/ricevuta_letta.h"
 
+#include <algorithm>
+#include <array>
 #include <map>
 
 #include "apps/comune/file_letto.h"
@@ -21,6 +23,8 @@ std::string contenuto(const std::string& percorso) {
   return testo;
 }
 
+constexpr std::array<const char*, 4> kOccorrono = {"CodiceFiscale", "Protocollo", "Progressivo", "Esito"};
+
 // The columns by their normalised names; those that are required are there.
 using Colonne = std::map<std::string, std::size_t>;
 
@@ -29,16 +33,26 @@ Colonne colonneDi(const tabelle::Tabella& tabella) {
   for (std::size_t i = 0; i < tabella.intestazione.celle.size(); ++i) {
     colonne.emplace(tabelle::normalizza(tabella.intestazione.celle[i].testo), i);
   }
-  for (const char* occorre : {"CodiceFiscale", "Protocollo", "Progressivo", "Esito"}) {
-    if (colonne.contains(tabelle::normalizza(occorre))) continue;
-    throw tabelle::ErroreTabella("C01", {tabella.file, tabella.foglio, tabella.intestazione.numero, 0},
-                                 std::string("manca la colonna \"") + occorre + "\"");
+  const tabelle::Posto posto{tabella.file, tabella.foglio, tabella.intestazione.numero, 0};
+  const auto manca = [&](const char* nome) { return !colonne.contains(tabelle::normalizza(nome)); };
+  if (std::all_of(kOccorrono.begin(), kOccorrono.end(), manca)) {
+    throw tabelle::ErroreTabella("C01", posto,
+                                 "non è la tabella di una ricevuta, nessuna intestazione è nota: occorrono "
+                                 "CodiceFiscale, Protocollo, Progressivo ed Esito");
+  }
+  const auto prima = std::find_if(kOccorrono.begin(), kOccorrono.end(), manca);
+  if (prima != kOccorrono.end()) {
+    throw tabelle::ErroreTabella("C01", posto, std::string("manca la colonna \"") + *prima + "\"");
   }
   return colonne;
 }
 
 std::vector<RigaRicevuta> righeDi(const tabelle::Tabella& tabella) {
   const Colonne colonne = colonneDi(tabella);
+  if (tabella.righe.empty()) {
+    throw tabelle::ErroreTabella("F01", {tabella.file, tabella.foglio, 0, 0},
+                                 "la ricevuta è vuota: sotto le intestazioni non c'è nessuna riga");
+  }
   std::vector<RigaRicevuta> righe;
   for (const tabelle::RigaTabella& riga : tabella.righe) {
     const auto testo = [&](const char* nome) {
