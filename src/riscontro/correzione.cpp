@@ -35,7 +35,11 @@ class Correzione {
 
   Result<EsitoCorrezione> esegui() {
     const Esercizio esercizio{intorno_.ambito.idAzienda, richiesta_.anno};
-    const std::vector<VoceStato> voci = statoEsercizio(registro_, esercizio, intorno_.utilita);
+    const std::vector<VoceStato> voci =
+        statoEsercizio(registro_, esercizio, intorno_.utilita, [this](std::size_t conti) {
+          intorno_.avanzamento.progress("Lettura dei conti e degli invii", conti, 0);
+        });
+    if (!continua()) return std::move(esito_);
     sCodFisc_ = codiceFiscaleAzienda(registro_.connessione(), esercizio.idAzienda);
     ultimoInvio();
     Scelte nuove;
@@ -51,7 +55,7 @@ class Correzione {
     }
     if (!nuove.empty() && !daiConti(Comunicazione::Ordinaria, nuove)) return fine();
     if (!sostituite.empty() && !daiConti(Comunicazione::Sostituzione, sostituite)) return fine();
-    if (!annullate.empty()) scriviAnnullamenti(std::move(annullate));
+    if (!annullate.empty() && continua()) scriviAnnullamenti(std::move(annullate));
     return fine();
   }
 
@@ -64,6 +68,12 @@ class Correzione {
   bool riuscito(const Result<T>& passo) {
     esito_.refusals.insert(esito_.refusals.end(), passo.refusals.begin(), passo.refusals.end());
     return static_cast<bool>(passo);
+  }
+
+  bool continua() {
+    if (!richiesta_.continua || richiesta_.continua()) return true;
+    esito_->interrotto = true;
+    return false;
   }
 
   bool confermato(const Finding& avviso) {
@@ -119,7 +129,7 @@ class Correzione {
 
   // Loads the accounts and selects the chosen ones, each with its references.
   bool scegli(const Scelte& scelte) {
-    if (!riuscito(fornitura::carica(intorno_, compensi_, filtri()))) return false;
+    if (!riuscito(fornitura::carica(intorno_, compensi_, filtri())) || !continua()) return false;
     if (!riuscito(fornitura::seleziona(compensi_, {.azione = AzioneSelezione::Deseleziona, .tutte = true})))
       return false;
     Recordset& righe = compensi_.rsCompensi();
@@ -162,10 +172,11 @@ class Correzione {
   }
 
   bool daiConti(Comunicazione tipo, const Scelte& scelte) {
-    if (!scegli(scelte) || !riuscito(fornitura::controllaSelezione(compensi_, tipo)) || !controllati())
+    if (!continua() || !scegli(scelte) || !riuscito(fornitura::controllaSelezione(compensi_, tipo)) ||
+        !controllati())
       return false;
     const auto dove = cartella(tipo);
-    if (!dove) return false;
+    if (!dove || !continua()) return false;
     const auto file = fornitura::scrivi(
         intorno_, compensi_,
         {.anno = fromInteger(richiesta_.anno),

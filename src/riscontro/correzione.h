@@ -27,12 +27,14 @@ struct RichiestaCorrezione {
   std::string cartellaDocumenti;  // as the wizard's run has it
   Date firma;
   std::function<bool(const Finding& avviso)>
-      prosegue;  // a warning of a date, or of a file that is there already
+      prosegue;                    // a warning of a date, or of a file that is there already
+  std::function<bool()> continua;  // asked between two steps; false leaves the rest undone
   std::function<void(const FileCorretto& file)> scritto;  // after each file, before the next one is begun
 };
 
 struct EsitoCorrezione {
   std::vector<FileCorretto> file;
+  bool interrotto = false;
   std::vector<DatoMancante> mancanti;  // what keeps an ordinary supply or a replacement from being made
 };
 

@@ -183,7 +183,8 @@ std::string Registro::causaleDi(const Certificato& certificato, std::int32_t idA
   return riga.Eof() ? std::string() : riga.Get(0).toText();
 }
 
-std::int64_t Registro::registra(const Invio& invio, const std::vector<Certificato>& certificati) {
+std::int64_t Registro::registra(const Invio& invio, const std::vector<Certificato>& certificati,
+                                const std::function<void(std::size_t quante)>& registrate) {
   Transazione transazione(connessione_);
   // The row of the file is written first: it holds the id, and with it the lock, until the end.
   const std::int64_t id = massimo("CuInvio", "IDInvio") + 1;
@@ -201,6 +202,7 @@ std::int64_t Registro::registra(const Invio& invio, const std::vector<Certificat
                   {"IDCertificazione", "IDInvio", "CodiceFiscale", "Causale", "Nome", "Numero", "Operazione",
                    "RiferimentoProtocollo", "RiferimentoProgressivo", "Celle", "Impronta", "Stato"});
   Inserimento inH(connessione_, "CuModulo", {"IDCertificazione", "Modulo", "Celle"});
+  std::size_t fatte = 0;
   for (const Certificato& c : certificati) {
     inD.intero(++prossima)
         .intero(id)
@@ -214,6 +216,7 @@ std::int64_t Registro::registra(const Invio& invio, const std::vector<Certificat
           .testo(testoCelle(c.moduli[i].celle))
           .riga();
     }
+    if (registrate) registrate(++fatte);
   }
   inD.chiudi();
   inH.chiudi();

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -53,8 +55,9 @@ class Registro {
 
   bool presente();
 
-  // In one transaction; the id of the file.
-  std::int64_t registra(const Invio& invio, const std::vector<lettura::Certificato>& certificati);
+  // In one transaction; the id of the file. `registrate` is called after each certificate.
+  std::int64_t registra(const Invio& invio, const std::vector<lettura::Certificato>& certificati,
+                        const std::function<void(std::size_t quante)>& registrate = {});
   // The last file with the content.
   std::optional<Invio> cerca(std::string_view impronta);
   std::vector<Invio> invii(std::int32_t idAzienda);

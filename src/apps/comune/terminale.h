@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,6 +26,7 @@ class Terminale : public FrontEnd {
   std::vector<Avviso> avvisi;
   std::vector<LogTable> registri;
   std::vector<PrintNote> stampe;
+  std::function<void(const char* che, std::size_t fatto, std::size_t totale)> avanzamento;
 
   // Stores a warning, and returns whether it is confirmed.
   bool conferma(const std::string& testo);
@@ -47,6 +50,9 @@ class Terminale : public FrontEnd {
   void viewText(const std::string&) override {}
   void printed(const PrintNote& note) override { stampe.push_back(note); }
   void beep() override {}
+  void progress(const char* what, std::size_t done, std::size_t total) override {
+    if (avanzamento) avanzamento(what, done, total);
+  }
   void setPointer(int pointer) override { puntatore_ = pointer; }
   int pointer() const override { return puntatore_; }
 

@@ -43,7 +43,11 @@ void registra(riscontro::Registro& registro, const Clock& orologio, const FileAp
   invio.momento = momento(orologio);
   invio.recordA = raccolta.recordA;
   invio.recordB = raccolta.recordB;
-  registro.registra(invio, raccolta.certificati);
+  const std::size_t tutte = raccolta.certificati.size();
+  registro.registra(invio, raccolta.certificati, [&file, tutte](std::size_t fatte) {
+    if (file.avanzamento != nullptr)
+      file.avanzamento->progress("Registrazione delle certificazioni", fatte, tutte);
+  });
 }
 
 }  // namespace
@@ -53,6 +57,7 @@ DopoScrittura dopoScrittura(Connection& connessione, const Clock& orologio, cons
   try {
     riscontro::Registro registro(connessione);
     const bool presente = registro.presente();
+    if (file.avanzamento != nullptr) file.avanzamento->progress("Controllo del file", 0, 0);
     Raccolta raccolta;
     const ElencoLuoghi luoghi;
     FileLetto letto(file.percorso);

@@ -6,6 +6,7 @@
 #include "data/database.h"
 #include "host/clock.h"
 #include "host/modi.h"
+#include "host/progress.h"
 #include "lettura/rilievi.h"
 
 namespace cu {
@@ -17,6 +18,7 @@ struct FileAppenaScritto {
   Comunicazione tipo = Comunicazione::Ordinaria;
   std::int32_t anno = 0;  // of the payments
   std::int32_t idAzienda = 0;
+  ProgressSink* avanzamento = nullptr;
 };
 
 struct DopoScrittura {

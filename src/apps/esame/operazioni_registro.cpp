@@ -26,26 +26,32 @@ EsitoInvio segnaInviato(const Profilo& profilo, const std::string& file, std::op
   RegistroDelProfilo registro(profilo);
   const auto invio = registro->cerca(impronta);
   if (!invio || invio->idAzienda != profilo.sessione.azienda) {
-    return {false, file +
-                       ": non è fra i file scritti per questa azienda, o è cambiato da allora. Non è stato "
-                       "segnato nulla."};
+    return {false,
+            file +
+                ": non è fra i file scritti per questa azienda, o è cambiato da allora. Non è stato "
+                "segnato nulla.",
+            std::nullopt};
   }
+  EsitoInvio esito{true, {}, *invio};
   const std::string quale = "Invio " + fromInteger(invio->id) + " (" + invio->nome + "): ";
   if (!invio->dataInvio.empty()) {
-    return {true, quale + "già segnato come inviato il " +
-                      Date::parseIso(invio->dataInvio).value_or(Date()).toItalian() + "."};
+    esito.testo = quale + "già segnato come inviato il " +
+                  Date::parseIso(invio->dataInvio).value_or(Date()).toItalian() + ".";
+    return esito;
   }
   const Date suo = giorno.value_or(orologio(profilo)->today());
   Transazione transazione(registro->connessione());
   registro->segnaInviato(invio->id, suo);
   transazione.conferma();
-  return {true, quale + "segnato come inviato il " + suo.toItalian() + ", certificazioni " +
-                    fromInteger(invio->certificazioni) + "."};
+  esito.testo = quale + "segnato come inviato il " + suo.toItalian() + ", certificazioni " +
+                fromInteger(invio->certificazioni) + ".";
+  return esito;
 }
 
 EsitoCorreggi correggi(const Profilo& profilo, const RichiestaCorreggi& richiesta) {
   EsitoCorreggi fatto;
   Terminale terminale;
+  terminale.avanzamento = richiesta.avanzamento;
   Surroundings surroundings(profilo, terminale);
   SessioneComando sessione(surroundings, terminale);
   sessione.esegui([&] {
@@ -61,11 +67,12 @@ EsitoCorreggi correggi(const Profilo& profilo, const RichiestaCorreggi& richiest
          .cartellaDocumenti = sessione.testi().text(1264),
          .firma = richiesta.firma.value_or(surroundings.clock().today()),
          .prosegue = [&richiesta](const Finding& avviso) { return richiesta.prosegue(avviso.text); },
+         .continua = richiesta.continua,
          .scritto =
              [&](const riscontro::FileCorretto& file) {
                fatto.file.push_back({file, dopoScrittura(propria, surroundings.clock(),
                                                          {file.percorso, file.tipo, richiesta.anno,
-                                                          profilo.sessione.azienda})});
+                                                          profilo.sessione.azienda, &terminale})});
              }});
     if (!esito->mancanti.empty()) {
       const auto log = surroundings.factory().createLogGrid();
@@ -76,7 +83,8 @@ EsitoCorreggi correggi(const Profilo& profilo, const RichiestaCorreggi& richiest
         if (!rifiuto.text.empty()) fatto.messaggi.push_back(rifiuto.text);
       }
     }
-    fatto.riuscito = static_cast<bool>(esito);
+    fatto.interrotto = esito->interrotto;
+    fatto.riuscito = static_cast<bool>(esito) && !esito->interrotto;
   });
   fatto.registri = std::move(terminale.registri);
   for (std::string& messaggio : terminale.messaggi) fatto.messaggi.push_back(std::move(messaggio));

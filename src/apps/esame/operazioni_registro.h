@@ -11,6 +11,7 @@
 #include "base/result.h"
 #include "controls/frontend.h"
 #include "riscontro/correzione.h"
+#include "riscontro/registro.h"
 #include "suite/profilo.h"
 
 // What the commands and the windows do with the record of what was filed.
@@ -21,7 +22,8 @@ std::size_t aggiungiTabelle(const Profilo::Database& database);
 
 struct EsitoInvio {
   bool riuscito = false;
-  std::string testo;  // Italian, a sentence
+  std::string testo;                      // Italian, a sentence
+  std::optional<riscontro::Invio> invio;  // the file on record, as it was before
 };
 // Marks a written file as sent; today where there is no day. FileIlleggibile, SenzaRegistro and errors of the
 // database rise as they are.
@@ -32,6 +34,9 @@ struct RichiestaCorreggi {
   std::string cartella;
   std::optional<Date> firma;                                // today without it
   std::function<bool(const std::string& avviso)> prosegue;  // a warning, with the user's answer
+  // What is done and how far it is, without a total where that is not known.
+  std::function<void(const char* che, std::size_t fatto, std::size_t totale)> avanzamento = {};
+  std::function<bool()> continua = {};  // asked between two steps; false leaves the rest undone
 };
 struct FileScritto {
   riscontro::FileCorretto file;
@@ -39,6 +44,7 @@ struct FileScritto {
 };
 struct EsitoCorreggi {
   bool riuscito = false;
+  bool interrotto = false;
   std::vector<FileScritto> file;
   std::vector<LogTable> registri;     // missing data
   std::vector<std::string> messaggi;  // refusals, and errors of the work

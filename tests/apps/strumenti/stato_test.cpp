@@ -10,6 +10,7 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QTableView>
+#include <set>
 
 #include "apps/strumenti/casella_cerca.h"
 #include "apps/strumenti/dialoghi_stato.h"
@@ -70,6 +71,40 @@ TEST(State, FollowsAYearFromTheAccountsToTheReceiptAndToACorrection) {
   sbagliata[0].esito = "forse";
   EXPECT_FALSE(pianoRicevuta(azienda.profilo, sbagliata).applicabile());
   EXPECT_FALSE(registraRicevuta(azienda.profilo, sbagliata));
+}
+
+TEST(Corrections, ReportTheirProgressAndCanBeLeftBetweenTwoSteps) {
+  const test::Azienda azienda;
+  std::set<std::string> passi;
+  std::size_t scritte = 0;
+  RichiestaCorreggi richiesta{
+      .anno = 2016, .cartella = azienda.cartella / "uscita", .firma = {}, .prosegue = [](const std::string&) {
+        return true;
+      }};
+  richiesta.avanzamento = [&](const char* che, std::size_t fatto, std::size_t totale) {
+    passi.insert(che);
+    if (std::string(che).starts_with("Creazione")) scritte = std::max(scritte, fatto);
+    EXPECT_TRUE(totale == 0 || fatto <= totale) << che;
+  };
+  int domande = 0;
+  richiesta.continua = [&] { return ++domande < 3; };
+  const EsitoCorreggi lasciato = correggi(azienda.profilo, richiesta);
+  EXPECT_TRUE(lasciato.interrotto);
+  EXPECT_FALSE(lasciato.riuscito);
+  EXPECT_TRUE(lasciato.file.empty());
+  EXPECT_EQ(scritte, 0U);
+  EXPECT_EQ(quante(leggiStato(azienda.profilo, 2016), Operazione::Nuova),
+            leggiStato(azienda.profilo, 2016).voci.size())
+      << "nothing is on record";
+  richiesta.continua = [] { return true; };
+  const EsitoCorreggi finito = correggi(azienda.profilo, richiesta);
+  EXPECT_FALSE(finito.interrotto);
+  ASSERT_EQ(finito.file.size(), 1U);
+  EXPECT_EQ(scritte, finito.file.front().file.certificazioni);
+  for (const char* che : {"Lettura dei conti e degli invii", "Caricamento dei compensi",
+                          "Creazione del file telematico", "Registrazione delle certificazioni"}) {
+    EXPECT_TRUE(passi.contains(che)) << che;
+  }
 }
 
 TEST(State, WithoutTheTablesSaysSoAndAddsThem) {
