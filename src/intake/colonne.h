@@ -65,6 +65,8 @@ enum class ColonnaPercipiente : std::uint8_t {
   CategoriaParticolare,
   EventoEccezionale,
   EntePrevidenziale,
+  CodiceFiscaleEnte,
+  CodiceEnte,
   CategoriaEnte,
   CodiceAziendaENPAM,
   CodiceAziendaENPAPI,
@@ -122,16 +124,18 @@ enum class Obbligo : std::uint8_t {
 };
 
 struct Colonna {
-  std::uint8_t indice;  // its rank in the enumeration
+  std::uint8_t indice = 0;  // its rank in the enumeration
   std::string_view nome;
-  std::array<std::string_view, 3> altriNomi;  // "" for none
-  TipoColonna tipo;
-  Obbligo obbligo;
-  std::uint16_t massimo;     // characters of a text
-  std::string_view esempio;  // of the template's row
-  std::string_view ammessi;  // the values that it accepts, in words, for the template
-  bool somma;                // several columns of the file add up
+  std::array<std::string_view, 3> altriNomi{};  // "" for none
+  TipoColonna tipo = TipoColonna::Testo;
+  Obbligo obbligo = Obbligo::Nessuno;
+  bool somma = false;        // several columns of the file add up
+  std::string_view esempio = "";  // in the template's row
+  std::string_view ammessi = "";  // what it accepts, in words
 };
+
+// Of a text.
+inline constexpr std::size_t kMassimoCaratteri = 255;
 
 // The columns of a kind of table in the order of the enumeration.
 std::span<const Colonna> colonne(Elenco elenco);
