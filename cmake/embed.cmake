@@ -1,7 +1,7 @@
 # Embeds files in the programs, so that nothing has to be installed with them.
 #
 # cu_embed(variable OUTPUT name.cpp BASE folder FILES files... [HEADER name.h STRUCT name FUNCTION name])
-# sets the variable to the path of a source that defines what the header (default archive/risorse.h) declares: one
+# sets the variable to the path of a source that defines what the header (default liste/risorse.h) declares: one
 # entry per file, named by its path below the folder. The source is written again when a
 # file or this script changes.
 
@@ -11,7 +11,7 @@ if(NOT CMAKE_SCRIPT_MODE_FILE)
   function(cu_embed variable)
     cmake_parse_arguments(E "" "OUTPUT;BASE;HEADER;STRUCT;FUNCTION" "FILES" ${ARGN})
     if(NOT E_HEADER)
-      set(E_HEADER archive/risorse.h)
+      set(E_HEADER liste/risorse.h)
       set(E_STRUCT RisorsaIncorporata)
       set(E_FUNCTION risorseIncorporate)
     endif()

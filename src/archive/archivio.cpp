@@ -1,7 +1,7 @@
 #include "archive/archivio.h"
 
 #include "archive/demo.h"
-#include "archive/liste.h"
+#include "archive/riempi_liste.h"
 #include "archive/schema.h"
 #include "data/transazione.h"
 

@@ -1,9 +1,9 @@
 #include "archive/azienda.h"
 
-#include "archive/risorse.h"
-#include "archive/tabella.h"
 #include "base/text.h"
 #include "data/inserimento.h"
+#include "liste/risorse.h"
+#include "liste/tabella.h"
 
 namespace cu {
 namespace {

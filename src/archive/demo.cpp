@@ -7,14 +7,14 @@
 #include <vector>
 
 #include "archive/azienda.h"
-#include "archive/liste.h"
 #include "archive/ricostruzione.h"
-#include "archive/risorse.h"
-#include "archive/tabella.h"
 #include "base/ascii.h"
 #include "base/codice_fiscale.h"
 #include "base/text.h"
 #include "data/inserimento.h"
+#include "liste/liste.h"
+#include "liste/risorse.h"
+#include "liste/tabella.h"
 
 namespace cu {
 namespace {

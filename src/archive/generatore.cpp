@@ -8,10 +8,10 @@
 #include "archive/generatore_conti.h"
 #include "archive/generatore_persone.h"
 #include "archive/generatore_testi.h"
-#include "archive/liste.h"
 #include "base/codice_fiscale.h"
 #include "base/text.h"
 #include "data/inserimento.h"
+#include "liste/liste.h"
 
 namespace cu {
 namespace {

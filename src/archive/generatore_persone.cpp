@@ -3,11 +3,11 @@
 #include <array>
 
 #include "archive/generatore_testi.h"
-#include "archive/liste.h"
-#include "archive/risorse.h"
-#include "archive/tabella.h"
 #include "base/codice_fiscale.h"
 #include "base/text.h"
+#include "liste/liste.h"
+#include "liste/risorse.h"
+#include "liste/tabella.h"
 
 namespace cu {
 namespace {

@@ -7,8 +7,8 @@
 
 #include "archive/azienda.h"
 #include "archive/casuale.h"
-#include "archive/liste.h"
 #include "base/date.h"
+#include "liste/liste.h"
 
 namespace cu {
 

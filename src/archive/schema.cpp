@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "archive/risorse.h"
 #include "base/text.h"
 #include "data/inserimento.h"
+#include "liste/risorse.h"
 
 namespace cu {
 namespace {

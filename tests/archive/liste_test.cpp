@@ -1,4 +1,4 @@
-#include "archive/liste.h"
+#include "liste/liste.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,9 @@
 #include <stdexcept>
 #include <string>
 
-#include "archive/risorse.h"
-#include "archive/tabella.h"
+#include "archive/riempi_liste.h"
+#include "liste/risorse.h"
+#include "liste/tabella.h"
 #include "base/codice_fiscale.h"
 #include "base/text.h"
 #include "support/fake_connection.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "archive/liste.h"
+#include "liste/liste.h"
 #include "base/codice_fiscale.h"
 
 namespace cu {

@@ -1,4 +1,4 @@
-#include "archive/risorse.h"
+#include "liste/risorse.h"
 
 #include <stdexcept>
 #include <string>

@@ -1,4 +1,4 @@
-#include "archive/tabella.h"
+#include "liste/tabella.h"
 
 #include <stdexcept>
 #include <string>

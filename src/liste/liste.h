@@ -4,8 +4,6 @@
 #include <string_view>
 #include <vector>
 
-#include "data/database.h"
-
 namespace cu {
 
 // The lists required by every company, read from data/liste/.
@@ -15,7 +13,7 @@ struct ComuneInLista {
   std::string_view nome;
   std::string_view catasto;    // cadastral code, such as "L781"
   std::string_view provincia;  // code, such as "VR"
-  bool soppresso = false;
+  int soppresso = 0;           // the year in which it ceased to exist; 0 for one that exists
 };
 
 struct NazioneInLista {
@@ -42,9 +40,5 @@ std::vector<VoceInLista> eventiEccezionali();
 // thousand, plus the digits ("A001" is 1001, "L781" 12781). Raises std::invalid_argument for an invalid
 // cadastral code.
 std::int32_t idComune(std::string_view catasto);
-
-// Fills the tables of provinces, municipalities, countries, payment reasons and all codes. Runs statements
-// within the caller's transaction.
-void riempiListe(Connection& connessione);
 
 }  // namespace cu

@@ -1,4 +1,4 @@
-#include "archive/tabella.h"
+#include "liste/tabella.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,157 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "data/database.h"
+#include "host/progress.h"
+#include "intake/lettura_righe.h"
+#include "intake/messaggi.h"
+#include "schede/schede.h"
+
+namespace cu::intake {
+
+enum class StatoRiga : std::uint8_t { Nuovo, Uguale, Diverso, DaDecidere, Errore, Escluso };
+inline constexpr std::size_t kStatiRiga = 6;
+std::string_view nome(StatoRiga stato);  // "nuovo", "da decidere"
+
+// What is done with rows that the database has with other values.
+enum class SuDiversi : std::uint8_t { Rifiuta, Salta, Aggiorna };
+
+// A row of a reading.
+struct Posizione {
+  std::size_t file = 0;  // index of the reading
+  std::size_t riga = 0;  // index of the row in it
+  friend auto operator<=>(const Posizione&, const Posizione&) = default;
+};
+
+// What a person has decided of a row.
+struct Decisione {
+  bool esclusa = false;
+  std::int32_t idAnagrafica = 0;  // the payee that the row means; 0 where none was chosen
+  bool nuovoPercipiente = false;  // none of the candidates
+  std::int32_t idComune = 0;      // the place, of several with the name
+  bool sovrascriviConto = false;  // the account's corrections by hand are given up
+};
+
+struct RichiestaPiano {
+  std::int32_t idAzienda = 0;  // not for companies
+  std::optional<int> anno;     // payments of other years are left out
+  SuDiversi diversi = SuDiversi::Rifiuta;
+  std::set<Codice> accettati;     // warnings
+  bool databaseEstraneo = false;  // the database may be one that this program has not created
+  Date oggi;
+  std::map<Posizione, Decisione> decisioni;
+};
+
+struct Candidato {
+  std::int32_t id = 0;  // of a payee (IDAnagrafica) or a place
+  std::string testo;    // "P001 Bianchi Luca, BNCLCU70A01L781X"
+};
+
+struct RigaPiano {
+  Posizione posizione;
+  StatoRiga stato = StatoRiga::Errore;
+  std::size_t voce = 0;     // the record that it writes or found: an index of aziende, percipienti, compensi
+  std::int32_t conto = -1;  // payments: an index of conti
+  std::vector<std::uint8_t> derivati;  // columns whose values do not come from the file
+  std::vector<Messaggio> messaggi;     // those of the reading are there too
+  std::vector<Candidato> candidati;
+};
+
+// A record of the database before and after; an id of 0 in `dopo` is a new one.
+template <class Scheda>
+struct Voce {
+  std::optional<Scheda> prima;
+  Scheda dopo;
+  std::size_t riga = 0;  // index of the planned row
+};
+// Beside a payee: what the lists do not have.
+struct AccantoPercipiente {
+  std::string localitaEstera;                                      // a town abroad to be added
+  std::string enteCodiceFiscale, enteNome, enteCodice, categoria;  // a fund and its category to be added
+};
+// Beside a payment.
+struct AccantoCompenso {
+  std::string riferimento;
+  std::size_t percipiente = 0;  // index of Piano::soggetti
+  std::int32_t idCodiceNonSoggette = 0;
+};
+
+// A payee of whom rows speak, as reports name it.
+struct Soggetto {
+  std::int32_t idAnagrafica = 0;
+  std::string codice;
+  std::string nome;
+};
+
+struct ContoPiano {
+  std::int32_t idAnagrafica = 0;
+  std::int32_t idCausale = 0;
+  int anno = 0;
+  std::string percipiente;  // its code
+  std::string causale;
+  std::optional<schede::Importi> prima;
+  schede::Importi dopo{};
+  std::int32_t codicePrima = 0;  // of the sums not subject, of the account
+  std::int32_t codiceDopo = 0;
+};
+
+// What the checks before the telematic file would still report.
+struct MancantePiano {
+  std::string percipiente;  // its code; "" for the company
+  int controllo = 0;        // 4 to 11 of the company, 12 to 18 of a payee
+  std::string testo;
+};
+
+// What an import would do: the preview, the test and the import use the same one. It can be kept; whether the
+// database has changed since is checked when it is applied.
+struct Piano {
+  Elenco elenco = Elenco::Compensi;
+  RichiestaPiano richiesta;
+  std::shared_ptr<const std::vector<Lettura>> letture;
+  std::vector<RigaPiano> righe;     // in the order of the files and their rows
+  std::vector<Messaggio> messaggi;  // of the files, of the database, of accounts
+  std::vector<Voce<schede::SchedaAzienda>> aziende;
+  std::vector<Voce<schede::SchedaPercipiente>> percipienti;
+  std::vector<AccantoPercipiente> accantoPercipienti;  // one for each of percipienti
+  std::vector<Voce<schede::SchedaCompenso>> compensi;
+  std::vector<AccantoCompenso> accantoCompensi;  // one for each of compensi
+  std::vector<ContoPiano> conti;                 // those that change
+  std::vector<MancantePiano> mancanti;
+  std::uint64_t impronta = 0;  // of the rows of the database that the plan relies on
+
+  std::array<std::size_t, kStatiRiga> conteggi() const;
+  std::size_t quante(StatoRiga stato) const { return conteggi()[static_cast<std::size_t>(stato)]; }
+  // Whether it can be applied: no errors, nothing to decide, no warnings but accepted ones.
+  bool applicabile() const;
+  // Whether there is anything to write.
+  bool scrive() const;
+  // Of the warnings that stop it: each code once.
+  std::set<Codice> avvisiDaAccettare() const;
+  const RigaLetta& letta(const RigaPiano& riga) const {
+    return (*letture)[riga.posizione.file].righe[riga.posizione.riga];
+  }
+};
+
+// A column of a table and its text, as reports show it: amounts and dates with a point and in ISO form.
+using ValoriRiga = std::vector<std::pair<std::string, std::string>>;
+ValoriRiga chiave(const Piano& piano, const RigaPiano& riga);
+ValoriRiga valori(const Piano& piano, const RigaPiano& riga);
+// "prima" and "dopo" of an account under its columns' names.
+ValoriRiga importi(const schede::Importi& importi);
+
+// Plans the rows of one kind of list. Reads each table once, writes nothing. Raises DatabaseError, and Error
+// for a cancelled operation; whatever a person can correct is a message of the plan.
+Piano pianifica(Connection& connessione, std::vector<Lettura> letture, const RichiestaPiano& richiesta,
+                ProgressSink* avanzamento = nullptr);
+
+}  // namespace cu::intake

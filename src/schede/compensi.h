@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "base/result.h"
+#include "schede/schede.h"
+#include "schede/scrittura.h"
+
+namespace cu::schede {
+
+// The payments of a company. The accounts are not changed: the rebuild sums the payments into them.
+class Compensi {
+ public:
+  Compensi(Connection& connessione, std::int32_t idAzienda)
+      : connessione_(connessione), idAzienda_(idAzienda) {}
+
+  // Of the years, or all without one; in the order of their ids, read in one statement.
+  std::vector<SchedaCompenso> degliAnni(const std::vector<int>& anni) const;
+  std::optional<SchedaCompenso> cerca(std::int32_t idCompenso) const;
+
+  static std::vector<Finding> controlla(const SchedaCompenso& compenso);
+
+  static SchedaCompenso aggiungi(Scrittura& scrittura, SchedaCompenso compenso);
+  static bool cambia(Scrittura& scrittura, const SchedaCompenso& prima, const SchedaCompenso& dopo);
+  static void togli(Scrittura& scrittura, const SchedaCompenso& compenso);
+
+ private:
+  Connection& connessione_;
+  std::int32_t idAzienda_;
+};
+
+}  // namespace cu::schede
