@@ -27,7 +27,7 @@ class Aziende {
   // the record with its ids.
   static SchedaAzienda aggiungi(Scrittura& scrittura, SchedaAzienda azienda);
   // Writes what differs; returns false where nothing does.
-  static bool cambia(Scrittura& scrittura, const SchedaAzienda& prima, const SchedaAzienda& dopo);
+  static bool cambia(Scrittura& scrittura, SchedaAzienda azienda);
   // Adds the periods of the years that the company does not have.
   static void assicuraAnni(Scrittura& scrittura, std::int32_t idAzienda, const std::vector<int>& anni);
   // What depends on the company: refused, and nothing removed, where there is something.

@@ -24,8 +24,9 @@ class Compensi {
   static std::vector<Finding> controlla(const SchedaCompenso& compenso);
 
   static SchedaCompenso aggiungi(Scrittura& scrittura, SchedaCompenso compenso);
-  static bool cambia(Scrittura& scrittura, const SchedaCompenso& prima, const SchedaCompenso& dopo);
-  static void togli(Scrittura& scrittura, const SchedaCompenso& compenso);
+  // Writes what differs; returns false where nothing does.
+  static bool cambia(Scrittura& scrittura, const SchedaCompenso& compenso);
+  static void togli(Scrittura& scrittura, std::int32_t idCompenso);
 
  private:
   Connection& connessione_;

@@ -25,7 +25,8 @@ class Percipienti {
 
   // Writes name and payee; ids of 0 are new ones. Returns the record with its ids.
   static SchedaPercipiente aggiungi(Scrittura& scrittura, SchedaPercipiente percipiente);
-  static bool cambia(Scrittura& scrittura, const SchedaPercipiente& prima, const SchedaPercipiente& dopo);
+  // Writes what differs; returns false where nothing does.
+  static bool cambia(Scrittura& scrittura, const SchedaPercipiente& percipiente);
   // Refused where payments, accounts or modules name the payee. The name stays where something else uses it.
   static Result<> togli(Scrittura& scrittura, const SchedaPercipiente& percipiente);
 

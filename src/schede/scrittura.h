@@ -38,9 +38,11 @@ class Scrittura {
   std::int32_t nuovoId(const TabellaSuite& tabella, std::int32_t almeno = 1);
 
   void inserisci(const TabellaSuite& tabella, const Riga& riga);
-  // Writes the columns that differ; returns false, and writes nothing, when there are none. `prima` is the
-  // row as the database has it.
+  // Writes the columns that mean something else; returns false, and writes nothing, when there are none.
+  // `prima` is the row as the database has it.
   bool cambia(const TabellaSuite& tabella, const Riga& prima, const Riga& dopo);
+  // The same of a row found by its key; raises Error where it is no longer there.
+  bool riscrivi(const TabellaSuite& tabella, const Riga& dopo);
   void togli(const TabellaSuite& tabella, const Riga& riga);
   void chiudi();
 
@@ -51,10 +53,13 @@ class Scrittura {
   std::map<const TabellaSuite*, std::int32_t> ultimi_;
 };
 
-// The rows of the table under a condition ("" for all; may begin with a join's WHERE), as the database has
-// them.
+// The rows of the table as the database has them; `condizione` follows the table's name, such as " WHERE ..."
+// or " INNER JOIN ...".
 std::vector<Riga> leggiRighe(Connection& connessione, const TabellaSuite& tabella,
-                             std::string_view condizione);
+                             std::string_view condizione = {});
+// The same, a row at a time and without a copy: one view for each column.
+void perOgniRiga(Connection& connessione, const TabellaSuite& tabella, std::string_view condizione,
+                 const std::function<void(const CellView*)>& funzione);
 // The condition that finds a row by its key.
 std::string condizioneChiave(const TabellaSuite& tabella, const Riga& riga);
 // A value as a literal in the server's dialect.

@@ -19,6 +19,8 @@ TEST(Refusal, NamesTheConstructThatHasNoPlaceHere) {
       {"SELECT Anno INTO x FROM Conto", "SELECT ... INTO"},
       {"SELECT * FROM Conto WITH (NOLOCK)", "suggerimento WITH (...)"},
       {"SELECT * FROM Conto c WITH (NOLOCK)", "suggerimento WITH (...)"},
+      {"SELECT * FROM Conto WITH (TABLOCKX)", "suggerimento WITH (...)"},
+      {"SELECT * FROM Conto WITH (TABLOCKX, HOLDLOCK, NOLOCK)", "suggerimento WITH (...)"},
       {"SELECT * FROM Conto (NOLOCK)", "suggerimento o funzione dopo un nome di tabella"},
       {"SELECT * FROM Conto PIVOT (SUM(Anno) FOR Anno IN ([1])) p", "PIVOT"},
       {"SELECT * FROM Conto a UNPIVOT (x FOR y IN (z)) p", "UNPIVOT"},

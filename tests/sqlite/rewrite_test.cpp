@@ -41,6 +41,13 @@ TEST(Rewrite, PlainStatementsKeepTheirWordsAndGetParameters) {
   });
 }
 
+TEST(Rewrite, TheLockOfAWholeTableIsThatOfTheTransaction) {
+  check({
+      {"SELECT MAX(IDAnagrafica) FROM Anagrafica WITH (TABLOCKX, HOLDLOCK)",
+       "SELECT max(IDAnagrafica) FROM Anagrafica"},
+  });
+}
+
 TEST(Rewrite, NamesLoseTheirSchemaAndBrackets) {
   check({
       {"SELECT [Anno] FROM [dbo].[Conto] ORDER BY [Anno]", "SELECT Anno FROM Conto ORDER BY Anno"},
