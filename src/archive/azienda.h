@@ -4,7 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "data/database.h"
+#include "schede/schede.h"
+#include "schede/scrittura.h"
 
 namespace cu {
 
@@ -13,19 +14,9 @@ inline constexpr std::int32_t kIdSede = 1;
 inline constexpr std::int32_t kIdRappresentante = 2;
 inline constexpr std::int32_t kRappresentanteLegale = 1;
 
-// The data of an archive's company except names and payees.
-struct DatiAzienda {
-  std::int32_t idAzienda = 0;
-  std::int32_t idFiliale = 0;
-  std::int32_t idAnagrafica = 0;
-  std::int32_t idRappresentante = 0;
-  std::int32_t idCarica = 0;
-  int primoAnno = 0;   // VAT periods, from this year
-  int ultimoAnno = 0;  // to this one
-};
-
-// Company, branch, activity, VAT periods and configuration; the default branch of the three kinds of print.
-void riempiAzienda(Connection& connessione, const DatiAzienda& dati);
+// What every invented company has in common: activity, office of the representative, and VAT periods from the
+// year before the first one to the second after the last one.
+schede::SchedaAzienda aziendaInventata(int primoAnno, int ultimoAnno);
 
 // Foreign places in which payees of the invented companies live; the lists contain only Italian
 // municipalities.
@@ -35,6 +26,6 @@ struct LocalitaEstera {
   std::int32_t idNazione = 0;
 };
 std::vector<LocalitaEstera> localitaEstere();
-void riempiLocalitaEstere(Connection& connessione);
+void riempiLocalitaEstere(schede::Scrittura& scrittura);
 
 }  // namespace cu

@@ -15,6 +15,9 @@
 #include "liste/liste.h"
 #include "liste/risorse.h"
 #include "liste/tabella.h"
+#include "schede/aziende.h"
+#include "schede/compensi.h"
+#include "schede/percipienti.h"
 
 namespace cu {
 namespace {
@@ -28,6 +31,7 @@ constexpr std::string_view kCodiceFiscaleFondo = "02159000583";
 constexpr std::string_view kNomeFondo = "Fondo Dimostrativo di Previdenza dei Liberi Professionisti";
 
 std::int64_t numero(std::string_view testo) { return leadingInteger(testo); }
+std::int32_t idScheda(std::string_view testo) { return static_cast<std::int32_t>(numero(testo)); }
 
 Date giorno(std::string_view testo) { return Date::parseIso(testo).value_or(Date()); }
 
@@ -65,83 +69,92 @@ class Chiavi {
 bool estero(std::string_view luogo) { return !luogo.empty() && luogo.front() == 'Z'; }
 
 // A municipality by its cadastral code, a foreign place by its id.
-std::int64_t idLuogo(std::string_view campo) {
+std::int32_t idLuogo(std::string_view campo) {
   if (campo.empty()) return 0;
-  return isDigit(campo.front()) ? numero(campo) : idComune(campo);
+  return isDigit(campo.front()) ? idScheda(campo) : idComune(campo);
 }
 
-// The fiscal code by name id, for names to which other lines refer.
-using Codici = std::unordered_map<std::int64_t, std::string>;
+schede::SchedaAnagrafica anagrafica(const Tabella& t, std::size_t riga, const Chiavi& chiavi) {
+  const bool persona = t.campo(riga, "PersonaFisica") == "1";
+  const std::string_view luogo = t.campo(riga, "LuogoNascita");
+  schede::SchedaAnagrafica scheda;
+  scheda.id = idScheda(t.campo(riga, "ID"));
+  scheda.anagrafica = t.campo(riga, "Anagrafica");
+  scheda.nome = t.campo(riga, "Nome");
+  scheda.personaFisica = persona;
+  scheda.nascita = giorno(t.campo(riga, "DataNascita"));
+  scheda.codiceFiscale = t.campo(riga, "CodiceFiscale");
+  if (persona) {
+    scheda.codiceFiscale =
+        codiceFiscale({scheda.anagrafica, scheda.nome, t.campo(riga, "Sesso") == "F", scheda.nascita, luogo});
+  }
+  scheda.partitaIva = t.campo(riga, "PartitaIva");
+  scheda.email = t.campo(riga, "EMailInternet");
+  scheda.telefono = t.campo(riga, "Telefono");
+  scheda.fax = t.campo(riga, "Fax");
+  scheda.cap = t.campo(riga, "Cap");
+  scheda.indirizzo = t.campo(riga, "Indirizzo");
+  scheda.sesso = t.campo(riga, "Sesso");
+  scheda.idComuneNascita = estero(luogo) ? 0 : idLuogo(luogo);
+  scheda.idNazionalita = estero(luogo) ? chiavi.nazioneDiNascita(luogo) : persona ? kItalia : 0;
+  scheda.idComune = idLuogo(t.campo(riga, "Comune"));
+  scheda.idNazione = idScheda(t.campo(riga, "Nazione"));
+  return scheda;
+}
 
-Codici riempiAnagrafiche(Connection& connessione, const Chiavi& chiavi) {
+// The names by id.
+using Anagrafiche = std::unordered_map<std::int64_t, schede::SchedaAnagrafica>;
+
+Anagrafiche anagrafiche(const Chiavi& chiavi) {
   const Tabella t(risorsa("demo/anagrafiche.tsv"));
-  Inserimento inserimento(connessione, "Anagrafica",
-                          {"IDAnagrafica", "Anagrafica", "Nome", "PersonaFisica", "CodiceFiscale",
-                           "PartitaIva", "EMailInternet", "Telefono", "Fax", "Cap", "Indirizzo", "Sesso",
-                           "DataNascita", "IDComuneNascita", "IDNazionalita", "IDComune", "IDNazione"});
-  Codici codici;
+  Anagrafiche elenco;
   for (std::size_t i = 0; i < t.righe(); ++i) {
-    const std::int64_t id = numero(t.campo(i, "ID"));
-    const bool persona = t.campo(i, "PersonaFisica") == "1";
-    const std::string_view luogo = t.campo(i, "LuogoNascita");
-    const Date nascita = giorno(t.campo(i, "DataNascita"));
-    std::string codice(t.campo(i, "CodiceFiscale"));
-    if (persona) {
-      codice = codiceFiscale(
-          {t.campo(i, "Anagrafica"), t.campo(i, "Nome"), t.campo(i, "Sesso") == "F", nascita, luogo});
-    }
-    inserimento.intero(id).testo(t.campo(i, "Anagrafica")).testo(t.campo(i, "Nome")).flag(persona);
-    inserimento.testo(codice).testo(t.campo(i, "PartitaIva")).testo(t.campo(i, "EMailInternet"));
-    inserimento.testo(t.campo(i, "Telefono")).testo(t.campo(i, "Fax")).testo(t.campo(i, "Cap"));
-    inserimento.testo(t.campo(i, "Indirizzo")).testo(t.campo(i, "Sesso")).data(nascita);
-    inserimento.id(estero(luogo) ? 0 : idLuogo(luogo));
-    inserimento.id(estero(luogo) ? chiavi.nazioneDiNascita(luogo) : persona ? kItalia : 0);
-    inserimento.id(idLuogo(t.campo(i, "Comune"))).id(numero(t.campo(i, "Nazione")));
-    inserimento.riga();
-    codici.emplace(id, codice.empty() ? std::string(t.campo(i, "PartitaIva")) : codice);
+    elenco.emplace(numero(t.campo(i, "ID")), anagrafica(t, i, chiavi));
   }
-  inserimento.chiudi();
-  return codici;
+  return elenco;
 }
 
-void riempiPercipienti(Connection& connessione, const Chiavi& chiavi) {
+// The fiscal code, or the VAT number, of a name to which other lines refer.
+std::string_view codice(const schede::SchedaAnagrafica& scheda) {
+  return scheda.codiceFiscale.empty() ? scheda.partitaIva : scheda.codiceFiscale;
+}
+
+void riempiPercipienti(schede::Scrittura& scrittura, const Chiavi& chiavi, const Anagrafiche& nomi) {
   const Tabella t(risorsa("demo/percipienti.tsv"));
-  Inserimento inserimento(connessione, "Percipiente",
-                          {"IDAzienda", "IDAnagrafica", "Codice", "NonResidente", "NonResidenteSchumacker",
-                           "CodiceFiscaleRappresentante", "CodiceIdentificazioneFiscaleEstero",
-                           "CodiceAzPressoENPAM", "CodiceAzPressoENPAPI", "IDCategoriaParticolare",
-                           "IDEventoEccezionale", "IDCUEntePrevidenziale", "IDCUCategoriaEntePrevidenziale"});
   for (std::size_t i = 0; i < t.righe(); ++i) {
-    inserimento.intero(kAziendaDemo).intero(numero(t.campo(i, "ID"))).testo(t.campo(i, "Codice"));
-    inserimento.flag(t.campo(i, "NonResidente") == "1").flag(t.campo(i, "NonResidenteSchumacker") == "1");
-    inserimento.testo(t.campo(i, "CodiceFiscaleRappresentante"));
-    inserimento.testo(t.campo(i, "CodiceIdentificazioneFiscaleEstero"));
-    inserimento.testo(t.campo(i, "CodiceAzPressoENPAM")).testo(t.campo(i, "CodiceAzPressoENPAPI"));
-    inserimento.id(chiavi.categoria(t.campo(i, "CategoriaParticolare")));
-    inserimento.id(chiavi.evento(t.campo(i, "EventoEccezionale")));
-    inserimento.id(numero(t.campo(i, "EntePrevidenziale")))
-        .id(numero(t.campo(i, "CategoriaEntePrevidenziale")));
-    inserimento.riga();
+    schede::SchedaPercipiente scheda;
+    scheda.idAzienda = kAziendaDemo;
+    scheda.anagrafica = nomi.at(numero(t.campo(i, "ID")));
+    scheda.codice = t.campo(i, "Codice");
+    scheda.nonResidente = t.campo(i, "NonResidente") == "1";
+    scheda.schumacker = t.campo(i, "NonResidenteSchumacker") == "1";
+    scheda.codiceFiscaleRappresentante = t.campo(i, "CodiceFiscaleRappresentante");
+    scheda.codiceFiscaleEstero = t.campo(i, "CodiceIdentificazioneFiscaleEstero");
+    scheda.codiceEnpam = t.campo(i, "CodiceAzPressoENPAM");
+    scheda.codiceEnpapi = t.campo(i, "CodiceAzPressoENPAPI");
+    scheda.idCategoriaParticolare = chiavi.categoria(t.campo(i, "CategoriaParticolare"));
+    scheda.idEventoEccezionale = chiavi.evento(t.campo(i, "EventoEccezionale"));
+    scheda.idEnte = idScheda(t.campo(i, "EntePrevidenziale"));
+    scheda.idCategoriaEnte = idScheda(t.campo(i, "CategoriaEntePrevidenziale"));
+    schede::Percipienti::aggiungi(scrittura, scheda);
   }
-  inserimento.chiudi();
 }
 
-void riempiCompensi(Connection& connessione, const Chiavi& chiavi) {
+void riempiCompensi(schede::Scrittura& scrittura, const Chiavi& chiavi) {
   const Tabella t(risorsa("demo/compensi.tsv"));
-  std::vector<std::string> colonne{"IDCompenso",    "IDAzienda",       "IDAnagrafica", "IDCausalePagamento",
-                                   "DataPagamento", "NumeroDocumento", "DataDocumento"};
-  colonne.insert(colonne.end(), std::begin(kImportiConto), std::end(kImportiConto));
-  Inserimento inserimento(connessione, "Compenso", colonne);
   for (std::size_t i = 0; i < t.righe(); ++i) {
-    inserimento.intero(static_cast<std::int64_t>(i) + 1)
-        .intero(kAziendaDemo)
-        .intero(numero(t.campo(i, "ID")));
-    inserimento.intero(chiavi.causale(t.campo(i, "Causale"))).data(giorno(t.campo(i, "DataPagamento")));
-    inserimento.testo(t.campo(i, "NumeroDocumento")).data(giorno(t.campo(i, "DataDocumento")));
-    for (std::string_view colonna : kImportiConto) inserimento.importo(importo(t.campo(i, colonna)));
-    inserimento.riga();
+    schede::SchedaCompenso scheda;
+    scheda.idAzienda = kAziendaDemo;
+    scheda.idAnagrafica = idScheda(t.campo(i, "ID"));
+    scheda.idCausale = chiavi.causale(t.campo(i, "Causale"));
+    scheda.pagamento = giorno(t.campo(i, "DataPagamento"));
+    scheda.numero = t.campo(i, "NumeroDocumento");
+    scheda.documento = giorno(t.campo(i, "DataDocumento"));
+    for (std::size_t k = 0; k < schede::kImporti; ++k) {
+      scheda.importi[k] = importo(t.campo(i, kImportiConto[k]));
+    }
+    schede::Compensi::aggiungi(scrittura, scheda);
   }
-  inserimento.chiudi();
 }
 
 // Accounts without payments.
@@ -165,10 +178,10 @@ bool contiene(std::string_view testo, std::string_view parte) {
 
 // A value of the long-format files, which have one line per filled field.
 void scriviValore(Inserimento& inserimento, std::string_view colonna, std::string_view valore,
-                  const Codici& codici) {
+                  const Anagrafiche& nomi) {
   if (contiene(colonna, "CodiceFiscale")) {
     // "=128": the fiscal code of that name.
-    inserimento.testo(valore.front() == '=' ? std::string_view(codici.at(numero(valore.substr(1)))) : valore);
+    inserimento.testo(valore.front() == '=' ? codice(nomi.at(numero(valore.substr(1)))) : valore);
   } else if (contiene(colonna, "Protocollo") || contiene(colonna, "Progressivo") ||
              contiene(colonna, "Fusione")) {
     inserimento.testo(valore);
@@ -190,7 +203,7 @@ std::size_t fineGruppo(const Tabella& t, std::size_t prima, std::size_t chiavi) 
   return i;
 }
 
-void riempiDatiAggiuntivi(Connection& connessione, const Chiavi& chiavi, const Codici& codici) {
+void riempiDatiAggiuntivi(Connection& connessione, const Chiavi& chiavi, const Anagrafiche& nomi) {
   const Tabella t(risorsa("demo/dati_aggiuntivi.tsv"));
   for (std::size_t prima = 0; prima < t.righe();) {
     const std::size_t fine = fineGruppo(t, prima, 3);
@@ -200,7 +213,7 @@ void riempiDatiAggiuntivi(Connection& connessione, const Chiavi& chiavi, const C
     inserimento.intero(numero(t.campo(prima, "ID"))).intero(chiavi.causale(t.campo(prima, "Causale")));
     inserimento.intero(numero(t.campo(prima, "Anno"))).intero(kAziendaDemo);
     for (std::size_t i = prima; i < fine; ++i) {
-      scriviValore(inserimento, t.campo(i, "Colonna"), t.campo(i, "Valore"), codici);
+      scriviValore(inserimento, t.campo(i, "Colonna"), t.campo(i, "Valore"), nomi);
     }
     inserimento.riga();
     inserimento.chiudi();
@@ -208,7 +221,7 @@ void riempiDatiAggiuntivi(Connection& connessione, const Chiavi& chiavi, const C
   }
 }
 
-void riempiModuli(Connection& connessione, const Chiavi& chiavi, const Codici& codici) {
+void riempiModuli(Connection& connessione, const Chiavi& chiavi, const Anagrafiche& nomi) {
   const Tabella t(risorsa("demo/moduli.tsv"));
   for (std::size_t prima = 0; prima < t.righe();) {
     const std::size_t fine = fineGruppo(t, prima, 5);
@@ -234,7 +247,7 @@ void riempiModuli(Connection& connessione, const Chiavi& chiavi, const Codici& c
     inserimento.flag(anticipazione);
     for (std::size_t i = prima; i < fine; ++i) {
       if (t.campo(i, "Colonna") == "Anticipazione") continue;
-      scriviValore(inserimento, t.campo(i, "Colonna"), t.campo(i, "Valore"), codici);
+      scriviValore(inserimento, t.campo(i, "Colonna"), t.campo(i, "Valore"), nomi);
     }
     inserimento.riga();
     inserimento.chiudi();
@@ -242,38 +255,38 @@ void riempiModuli(Connection& connessione, const Chiavi& chiavi, const Codici& c
   }
 }
 
-void riempiFondo(Connection& connessione) {
-  Inserimento ente(connessione, "CUEntePrevidenziale",
-                   {"IDCUEntePrevidenziale", "CUCodiceFiscale", "CUDenominazioneEntePrevidenziale",
-                    "CUCodiceEntePrevidenziale"});
-  ente.intero(kFondo).testo(kCodiceFiscaleFondo).testo(kNomeFondo).testo("99").riga();
-  ente.chiudi();
-  Inserimento categoria(connessione, "CUCategoriaEntePrevidenziale",
-                        {"IDCUCategoriaEntePrevidenziale", "CUCodiceCategoriaEntePrevidenziale"});
-  categoria.intero(kFondo).testo("Z").riga();
-  categoria.chiudi();
+void riempiFondo(schede::Scrittura& scrittura) {
+  scrittura.inserisci(schede::kEnte,
+                      {Value::ofInteger(kFondo), Value::ofText(std::string(kCodiceFiscaleFondo)),
+                       Value::ofText(std::string(kNomeFondo)), Value::ofText("99")});
+  scrittura.inserisci(schede::kCategoriaEnte, {Value::ofInteger(kFondo), Value::ofText("Z")});
+}
+
+void riempiAziendaDemo(schede::Scrittura& scrittura, const Anagrafiche& nomi) {
+  schede::SchedaAzienda azienda = aziendaInventata(kPrimoAnno, kUltimoAnno);
+  azienda.id = kAziendaDemo;
+  azienda.idFiliale = kFilialeDemo;
+  azienda.sede = nomi.at(kIdSede);
+  azienda.rappresentante = nomi.at(kIdRappresentante);
+  schede::Aziende::aggiungi(scrittura, azienda);
 }
 
 }  // namespace
 
 void riempiDemo(Connection& connessione) {
   const Chiavi chiavi;
-  riempiAzienda(connessione, {.idAzienda = kAziendaDemo,
-                              .idFiliale = kFilialeDemo,
-                              .idAnagrafica = kIdSede,
-                              .idRappresentante = kIdRappresentante,
-                              .idCarica = kRappresentanteLegale,
-                              .primoAnno = 2013,
-                              .ultimoAnno = 2019});
-  riempiLocalitaEstere(connessione);
-  riempiFondo(connessione);
-  const Codici codici = riempiAnagrafiche(connessione, chiavi);
-  riempiPercipienti(connessione, chiavi);
-  riempiCompensi(connessione, chiavi);
+  const Anagrafiche nomi = anagrafiche(chiavi);
+  schede::Scrittura scrittura(connessione);
+  riempiAziendaDemo(scrittura, nomi);
+  riempiLocalitaEstere(scrittura);
+  riempiFondo(scrittura);
+  riempiPercipienti(scrittura, chiavi, nomi);
+  riempiCompensi(scrittura, chiavi);
+  scrittura.chiudi();
   riempiConti(connessione, chiavi);
   for (int anno = kPrimoAnno; anno <= kUltimoAnno; ++anno) sommaCompensi(connessione, kAziendaDemo, anno);
-  riempiDatiAggiuntivi(connessione, chiavi, codici);
-  riempiModuli(connessione, chiavi, codici);
+  riempiDatiAggiuntivi(connessione, chiavi, nomi);
+  riempiModuli(connessione, chiavi, nomi);
 }
 
 }  // namespace cu

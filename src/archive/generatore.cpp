@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "archive/azienda.h"
 #include "archive/generatore_conti.h"
@@ -12,6 +13,9 @@
 #include "base/text.h"
 #include "data/inserimento.h"
 #include "liste/liste.h"
+#include "schede/aziende.h"
+#include "schede/compensi.h"
+#include "schede/percipienti.h"
 
 namespace cu {
 namespace {
@@ -24,6 +28,27 @@ constexpr std::int32_t kMassimo = 9999999;
 constexpr std::string_view kSecondaCausale = "M1";
 
 Decimal centesimi(std::int64_t valore) { return Decimal::fromScaled(valore * 100); }
+
+schede::SchedaAnagrafica anagrafica(std::int32_t id, const PercipienteInventato& p) {
+  schede::SchedaAnagrafica scheda;
+  scheda.id = id;
+  scheda.anagrafica = p.anagrafica;
+  scheda.nome = p.nome;
+  scheda.personaFisica = p.persona();
+  scheda.codiceFiscale = p.codiceFiscale;
+  scheda.partitaIva = p.partitaIva;
+  scheda.email = p.eMail;
+  scheda.telefono = p.telefono;
+  scheda.cap = p.cap;
+  scheda.indirizzo = p.indirizzo;
+  if (p.persona()) scheda.sesso = p.femmina ? "F" : "M";
+  scheda.nascita = p.nascita;
+  scheda.idComuneNascita = p.idComuneNascita;
+  scheda.idNazionalita = p.idNazionalita;
+  scheda.idComune = p.idComune;
+  scheda.idNazione = p.idNazione;
+  return scheda;
+}
 
 // One line of the accounts.
 struct Conto {
@@ -41,7 +66,6 @@ class Generatore {
   void chiudi();
 
  private:
-  void anagrafica(std::int32_t id, const PercipienteInventato& p);
   void scheda(std::int32_t id, const PercipienteInventato& p, Casuale& caso);
   void conto(const Conto& conto, const PercipienteInventato& p, Casuale& caso);
   void datiAggiuntivi(const Conto& conto, Casuale& caso);
@@ -53,13 +77,10 @@ class Generatore {
   OpzioniGeneratore opzioni_;
   Inventore inventore_;
   std::unordered_map<std::string_view, std::int32_t> causali_;
-  std::int32_t compensi_ = 0;
   std::int32_t numeroModuli_ = 0;
 
-  Inserimento anagrafica_;
-  Inserimento percipiente_;
+  schede::Scrittura scrittura_;
   Inserimento conto_;
-  Inserimento compenso_;
   // Additional data: one statement per set of fields that are filled together.
   Inserimento residenza_;
   Inserimento riferimenti_;
@@ -72,23 +93,11 @@ class Generatore {
 Generatore::Generatore(Connection& c, const OpzioniGeneratore& opzioni)
     : connessione_(c),
       opzioni_(opzioni),
-      anagrafica_(c, "Anagrafica",
-                  {"IDAnagrafica", "Anagrafica", "Nome", "PersonaFisica", "CodiceFiscale", "PartitaIva",
-                   "EMailInternet", "Telefono", "Cap", "Indirizzo", "Sesso", "DataNascita", "IDComuneNascita",
-                   "IDNazionalita", "IDComune", "IDNazione"}),
-      percipiente_(c, "Percipiente",
-                   {"IDAzienda", "IDAnagrafica", "Codice", "NonResidente", "NonResidenteSchumacker",
-                    "CodiceIdentificazioneFiscaleEstero", "CodiceAzPressoENPAM", "CodiceAzPressoENPAPI",
-                    "IDCategoriaParticolare", "IDEventoEccezionale", "IDCUEntePrevidenziale"}),
+      scrittura_(c),
       conto_(c, "ContoIndividuale",
              {"IDAnagrafica", "IDCausalePagamento", "Anno", "IDAzienda", "OnorarioProvvigioni",
               "QuotaProvvigioniNonSoggette", "SommeNonSoggette", "SommeNonSoggetteRegConv", "RitenutaAcconto",
               "RitenutaImposta", "ContributoPrevidenziale", "RitenutaPrevidenziale13"}),
-      compenso_(c, "Compenso",
-                {"IDCompenso", "IDAzienda", "IDAnagrafica", "IDCausalePagamento", "DataPagamento",
-                 "NumeroDocumento", "DataDocumento", "OnorarioProvvigioni", "QuotaProvvigioniNonSoggette",
-                 "SommeNonSoggette", "SommeNonSoggetteRegConv", "RitenutaAcconto", "RitenutaImposta",
-                 "ContributoPrevidenziale", "RitenutaPrevidenziale13"}),
       residenza_(c, "ContoIndividualeDatiAggiuntivi",
                  {"IDAnagrafica", "IDCausalePagamento", "Anno", "IDAzienda", "Anticipazione",
                   "RitenuteSospese", "IDComuneResidenzaAnnoPrec", "IDComuneResidenzaAnnoCorr"}),
@@ -114,33 +123,28 @@ Generatore::Generatore(Connection& c, const OpzioniGeneratore& opzioni)
 }
 
 void Generatore::azienda() {
-  riempiAzienda(connessione_, {.idAzienda = kAzienda,
-                               .idFiliale = kFiliale,
-                               .idAnagrafica = kIdSede,
-                               .idRappresentante = kIdRappresentante,
-                               .idCarica = kRappresentanteLegale,
-                               .primoAnno = opzioni_.primoAnno - 1,
-                               .ultimoAnno = opzioni_.ultimoAnno + 2});
-  riempiLocalitaEstere(connessione_);
-
-  PercipienteInventato sede;
-  sede.tipo = TipoPercipiente::Ditta;
+  schede::SchedaAzienda azienda = aziendaInventata(opzioni_.primoAnno, opzioni_.ultimoAnno);
+  azienda.id = kAzienda;
+  azienda.idFiliale = kFiliale;
+  schede::SchedaAnagrafica& sede = azienda.sede;
+  sede.id = kIdSede;
   sede.anagrafica = "Azienda Sintetica S.p.A.";
   sede.partitaIva = "0000000023";
   sede.partitaIva += cifraDiControllo(sede.partitaIva);
   sede.codiceFiscale = sede.partitaIva;
-  sede.eMail = "amministrazione@azienda.example";
+  sede.email = "amministrazione@azienda.example";
   sede.telefono = "045/1234567";
   sede.cap = "37121";
   sede.indirizzo = "Via Roma 1";
   sede.idComune = idComune("L781");
   sede.idNazione = kItalia;
-  anagrafica(kIdSede, sede);
 
-  PercipienteInventato rappresentante;
+  schede::SchedaAnagrafica& rappresentante = azienda.rappresentante;
+  rappresentante.id = kIdRappresentante;
   rappresentante.anagrafica = "Verdi";
   rappresentante.nome = "Giuseppina";
-  rappresentante.femmina = true;
+  rappresentante.personaFisica = true;
+  rappresentante.sesso = "F";
   rappresentante.nascita = *Date::fromYmd(1960, 2, 29);
   rappresentante.idComuneNascita = idComune("L781");
   rappresentante.idNazionalita = kItalia;
@@ -148,16 +152,16 @@ void Generatore::azienda() {
   rappresentante.idNazione = kItalia;
   rappresentante.cap = "37121";
   rappresentante.indirizzo = "Via Roma 2";
-  rappresentante.codiceFiscale = codiceFiscale({rappresentante.anagrafica, rappresentante.nome,
-                                                rappresentante.femmina, rappresentante.nascita, "L781"});
-  anagrafica(kIdRappresentante, rappresentante);
+  rappresentante.codiceFiscale =
+      codiceFiscale({rappresentante.anagrafica, rappresentante.nome, true, rappresentante.nascita, "L781"});
+  schede::Aziende::aggiungi(scrittura_, azienda);
+  riempiLocalitaEstere(scrittura_);
 }
 
 void Generatore::percipiente(std::int32_t numero) {
   Casuale caso(opzioni_.seme, static_cast<std::uint64_t>(numero));
   const std::int32_t id = kPrimoPercipiente + numero - 1;
   const PercipienteInventato p = inventore_.inventa(numero, caso);
-  anagrafica(id, p);
   scheda(id, p, caso);
   const std::string_view causale = causaleTipica(p.tipo, caso);
   for (int anno = opzioni_.primoAnno; anno <= opzioni_.ultimoAnno; ++anno) {
@@ -166,26 +170,24 @@ void Generatore::percipiente(std::int32_t numero) {
   }
 }
 
-void Generatore::anagrafica(std::int32_t id, const PercipienteInventato& p) {
-  anagrafica_.intero(id).testo(p.anagrafica).testo(p.nome).flag(p.persona());
-  anagrafica_.testo(p.codiceFiscale).testo(p.partitaIva).testo(p.eMail).testo(p.telefono);
-  anagrafica_.testo(p.cap)
-      .testo(p.indirizzo)
-      .testo(!p.persona() ? ""
-             : p.femmina  ? "F"
-                          : "M")
-      .data(p.nascita);
-  anagrafica_.id(p.idComuneNascita).id(p.idNazionalita).id(p.idComune).id(p.idNazione).riga();
-}
-
 void Generatore::scheda(std::int32_t id, const PercipienteInventato& p, Casuale& caso) {
   const std::int32_t ente =
       p.residente() && p.persona() && caso.percento(30) ? static_cast<std::int32_t>(caso.tra(1, 9)) : 0;
-  percipiente_.intero(kAzienda).intero(id).testo(cifre(id - kPrimoPercipiente + 1, 7));
-  percipiente_.flag(!p.residente()).flag(p.schumacker).testo(p.identificazioneEstera);
-  percipiente_.testo(ente == 1 ? cifre(id, 8) : "").testo(ente == 2 ? unito({"A", cifre(id % 1000, 3)}) : "");
-  percipiente_.id(p.persona() && caso.percento(1) ? caso.tra(1, 29) : 0);
-  percipiente_.id(caso.percento(1) ? 1 : 0).id(ente).riga();
+  schede::SchedaPercipiente scheda;
+  scheda.idAzienda = kAzienda;
+  scheda.anagrafica = anagrafica(id, p);
+  scheda.codice = cifre(id - kPrimoPercipiente + 1, 7);
+  scheda.nonResidente = !p.residente();
+  scheda.schumacker = p.schumacker;
+  scheda.codiceFiscaleEstero = p.identificazioneEstera;
+  if (ente == 1) scheda.codiceEnpam = cifre(id, 8);
+  if (ente == 2) scheda.codiceEnpapi = unito({"A", cifre(id % 1000, 3)});
+  if (p.persona() && caso.percento(1)) {
+    scheda.idCategoriaParticolare = static_cast<std::int32_t>(caso.tra(1, 29));
+  }
+  if (caso.percento(1)) scheda.idEventoEccezionale = 1;
+  scheda.idEnte = ente;
+  schede::Percipienti::aggiungi(scrittura_, std::move(scheda));
 }
 
 Inserimento& Generatore::chiaveConto(Inserimento& inserimento, const Conto& conto) {
@@ -200,15 +202,16 @@ void Generatore::conto(const Conto& conto, const PercipienteInventato& p, Casual
     totale.aggiungi(importi);
     const int mese = static_cast<int>(caso.tra(1, 12));
     const Date giorno = *Date::fromYmd(conto.anno, mese, static_cast<int>(caso.tra(1, 28)));
-    compenso_.intero(++compensi_)
-        .intero(kAzienda)
-        .intero(conto.idAnagrafica)
-        .intero(conto.idCausale)
-        .data(giorno);
-    compenso_.testo(unito({fromInteger(caso.tra(1, 400)), "/", fromInteger(conto.anno)}));
-    compenso_.data(Date::fromSerial(giorno.serial() - static_cast<std::int32_t>(caso.tra(0, 30))));
-    for (std::int64_t importo : importi.tutti()) compenso_.importo(centesimi(importo));
-    compenso_.riga();
+    schede::SchedaCompenso compenso;
+    compenso.idAzienda = kAzienda;
+    compenso.idAnagrafica = conto.idAnagrafica;
+    compenso.idCausale = conto.idCausale;
+    compenso.pagamento = giorno;
+    compenso.numero = unito({fromInteger(caso.tra(1, 400)), "/", fromInteger(conto.anno)});
+    compenso.documento = Date::fromSerial(giorno.serial() - static_cast<std::int32_t>(caso.tra(0, 30)));
+    const auto tutti = importi.tutti();
+    for (std::size_t k = 0; k < tutti.size(); ++k) compenso.importi[k] = centesimi(tutti[k]);
+    schede::Compensi::aggiungi(scrittura_, std::move(compenso));
   }
   chiaveConto(conto_, conto);
   for (std::int64_t importo : totale.tutti()) conto_.importo(centesimi(importo));
@@ -261,8 +264,9 @@ void Generatore::moduli(const Conto& conto, Casuale& caso) {
 }
 
 void Generatore::chiudi() {
-  for (Inserimento* inserimento : {&anagrafica_, &percipiente_, &conto_, &compenso_, &residenza_,
-                                   &riferimenti_, &addizionali_, &previdenza_, &pignoramento_, &modulo_}) {
+  scrittura_.chiudi();
+  for (Inserimento* inserimento :
+       {&conto_, &residenza_, &riferimenti_, &addizionali_, &previdenza_, &pignoramento_, &modulo_}) {
     inserimento->chiudi();
   }
 }
