@@ -17,6 +17,7 @@ void creaArchivio(Connection& connessione, ContenutoArchivio contenuto, const Op
   Transazione transazione(connessione);
   creaSchema(connessione);
   creaRegistro(connessione);
+  creaMarca(connessione);
   riempiListe(connessione);
   switch (contenuto) {
     case ContenutoArchivio::Vuoto:

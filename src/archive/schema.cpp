@@ -117,14 +117,20 @@ void creaSchema(Connection& connessione) {
 std::size_t creaRegistro(Connection& connessione) {
   std::size_t create = 0;
   bool nuova = false;
-  for (std::string_view istruzione : istruzioniDi("schema/registro.sql")) {
-    if (const std::string_view tabella = nomeDopo(istruzione, kCreaTabella); !tabella.empty()) {
-      nuova = !esiste(connessione, tabella);
-      if (nuova) ++create;
+  for (const char* const schema : {"schema/registro.sql", "schema/importazioni.sql"}) {
+    for (std::string_view istruzione : istruzioniDi(schema)) {
+      if (const std::string_view tabella = nomeDopo(istruzione, kCreaTabella); !tabella.empty()) {
+        nuova = !esiste(connessione, tabella);
+        if (nuova) ++create;
+      }
+      if (nuova) connessione.Execute(istruzione);
     }
-    if (nuova) connessione.Execute(istruzione);
   }
   return create;
+}
+
+void creaMarca(Connection& connessione) {
+  for (std::string_view istruzione : istruzioniDi("schema/archivio.sql")) connessione.Execute(istruzione);
 }
 
 }  // namespace cu

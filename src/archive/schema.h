@@ -35,8 +35,11 @@ bool contieneSuite(Connection& connessione);
 // Creates all of them. Runs statements within the caller's transaction.
 void creaSchema(Connection& connessione);
 
-// Creates the tables of what this program keeps of the files it has written, where they are missing, and
-// returns how many it has created. Statements only, within the caller's transaction.
+// Creates the tables of what this program keeps for itself, of files written and of imports, where they are
+// missing, and returns how many it has created. Statements only, within the caller's transaction.
 std::size_t creaRegistro(Connection& connessione);
+
+// Marks the database as created by this program.
+void creaMarca(Connection& connessione);
 
 }  // namespace cu
