@@ -10,6 +10,7 @@
 #include "intake/corrispondenza.h"
 #include "intake/testo_cella.h"
 #include "intake/valore_cella.h"
+#include "tabelle/errore.h"
 #include "tabelle/lettura.h"
 
 namespace cu::intake {
@@ -17,6 +18,14 @@ namespace {
 
 constexpr std::size_t kMassimoColonne = 64;
 using Tentate = std::bitset<kMassimoColonne>;
+
+// A sentence behind a colon.
+std::string minuscolaIniziale(std::string testo) {
+  if (!testo.empty() && testo.front() >= 'A' && testo.front() <= 'Z') {
+    testo.front() = static_cast<char>(testo.front() - 'A' + 'a');
+  }
+  return testo;
+}
 
 class LettoreRighe {
  public:
@@ -34,6 +43,7 @@ class LettoreRighe {
     for (const ColonnaTrovata& trovata : trovate_.colonne) {
       lettura_.intestazioni[trovata.colonna->indice] = trovata.intestazione;
     }
+    codicePossibile_ = codicePossibile();
     trovaSaltate();
     impara();
     leggiTutte();
@@ -149,9 +159,8 @@ class LettoreRighe {
     std::string nome;
     if (colonna > 0) nome = pulito(tabella_.intestazione.cella(colonna - 1).testo, appoggio);
     if (nome.empty() && colonna > 0) nome = tabelle::letteraColonna(colonna);
-    std::string testo = rilievo.testo;
-    if (!testo.empty()) testo.front() = static_cast<char>(lowerAscii(testo.substr(0, 1)).front());
-    return messaggio(codiceDaSigla(rilievo.codice).value_or(Codice::F03), std::move(testo), std::move(nome));
+    return messaggio(codiceDaSigla(rilievo.codice).value_or(Codice::F03), minuscolaIniziale(rilievo.testo),
+                     std::move(nome));
   }
 
   void leggiUna(const tabelle::RigaTabella& riga, RigaLetta& letta) {
@@ -200,12 +209,21 @@ class LettoreRighe {
           if (!c && !persona) manca(letta, colonna.indice);
           break;
         case Obbligo::SeItaliano:
-          if (!c && !senzaCodice && (inTabella || trovate_.ha(rangoIva()))) manca(letta, colonna.indice);
+          if (!c && !senzaCodice && codicePossibile_) manca(letta, colonna.indice);
           break;
       }
     }
     gruppo(letta, chiave, Obbligo::UnaDelleChiavi, "manca il percipiente");
     gruppo(letta, importo, Obbligo::UnoDegliImporti, "manca l'importo");
+  }
+
+  // Without any of these the heading lacks the fiscal code, and no row is to repeat that.
+  bool codicePossibile() const {
+    using enum ColonnaPercipiente;
+    const auto colonne = {CodiceFiscale, PartitaIva, NonResidente, Nazione, CodiceFiscaleEstero};
+    return std::any_of(colonne.begin(), colonne.end(), [&](ColonnaPercipiente colonna) {
+      return trovate_.ha(static_cast<std::uint8_t>(colonna));
+    });
   }
 
   static std::uint8_t rangoIva() { return static_cast<std::uint8_t>(ColonnaPercipiente::PartitaIva); }
@@ -236,6 +254,7 @@ class LettoreRighe {
   LettoreCelle celle_;
   std::vector<ColonnaLetta> colonne_;
   std::vector<bool> saltate_;
+  bool codicePossibile_ = false;
 };
 
 bool errore(const Messaggio& messaggio) { return messaggio.gravita == Gravita::Errore; }
@@ -270,10 +289,28 @@ Lettura leggiRighe(const tabelle::Tabella& tabella, Elenco elenco, const Mappatu
   return lettura;
 }
 
-Lettura letturaFallita(const std::string& file, Elenco elenco, Messaggio messaggio) {
+Lettura leggiFile(std::string_view byte, const std::string& nome, Elenco elenco, const Mappatura& mappatura,
+                  Date oggi) {
+  try {
+    Lettura lettura =
+        leggiRighe(tabelle::leggiTabella(byte, nome, mappatura.lettura), elenco, mappatura, oggi);
+    lettura.dimensione = byte.size();
+    return lettura;
+  } catch (const tabelle::ErroreTabella& errore) {
+    Messaggio nuovo =
+        messaggio(codiceDaSigla(errore.codice()).value_or(Codice::F03), minuscolaIniziale(errore.testo()));
+    nuovo.riga = errore.posto().riga;
+    Lettura lettura = letturaFallita(nome, elenco, std::move(nuovo));
+    lettura.foglio = errore.posto().foglio;
+    lettura.dimensione = byte.size();
+    return lettura;
+  }
+}
+
+Lettura letturaFallita(const std::string& nome, Elenco elenco, Messaggio messaggio) {
   Lettura lettura;
   lettura.elenco = elenco;
-  lettura.file = file;
+  lettura.file = nome;
   lettura.intestazioni.resize(colonne(elenco).size());
   lettura.messaggi.push_back(std::move(messaggio));
   return lettura;

@@ -93,7 +93,11 @@ struct Lettura {
 // a list of the database decides, are the plan's. Size and digest of the file are set by the caller.
 Lettura leggiRighe(const tabelle::Tabella& tabella, Elenco elenco, const Mappatura& mappatura, Date oggi);
 
-// The same for a file that is no table: its error as the message of a reading without rows.
-Lettura letturaFallita(const std::string& file, Elenco elenco, Messaggio messaggio);
+// Reads the bytes of a file, for whose places `nome` is. One that is no table gives a reading without rows
+// that has its error: F01, F02, F03 or F05.
+Lettura leggiFile(std::string_view byte, const std::string& nome, Elenco elenco, const Mappatura& mappatura,
+                  Date oggi);
+// The same for one that could not even be opened.
+Lettura letturaFallita(const std::string& nome, Elenco elenco, Messaggio messaggio);
 
 }  // namespace cu::intake

@@ -112,8 +112,9 @@ std::string_view nome(Gravita gravita);
 struct Messaggio {
   Codice codice = Codice::F01;
   Gravita gravita = Gravita::Errore;
-  std::string colonna;  // as the file has it; "" where it is none
-  std::string testo;    // a sentence in Italian without place, code and full stop
+  std::string colonna;   // as the file has it; "" where it is none
+  std::string testo;     // a sentence in Italian without place, code and full stop
+  std::size_t riga = 0;  // of a message that belongs to no row of a table: where in the file it is
 };
 
 // With the severity of the code.
