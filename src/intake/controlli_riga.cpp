@@ -35,7 +35,7 @@ std::string codiceNudo(std::string_view testo) {
   }
   if (nudo.size() == kCifreNumero + 2 && nudo.starts_with("IT") && tutteCifre(nudo.substr(2)))
     nudo.erase(0, 2);
-  return nudo;
+  return nudo.empty() ? std::string(testo) : nudo;
 }
 
 // A number that has lost its leading zeros; "" where they do not make a valid one.

@@ -43,7 +43,12 @@ std::string dettoMessaggio(const PostoMessaggio& posto, const Messaggio& messagg
   if (riga > 0) aggiungi("riga " + fromInteger(static_cast<std::int64_t>(riga)));
   if (!messaggio.colonna.empty()) aggiungi("colonna \"" + messaggio.colonna + '"');
   if (!testo.empty()) testo += ": ";
-  return testo + messaggio.testo + " (" + std::string(voce(messaggio.codice).sigla) + ").";
+  testo += messaggio.testo + " (" + std::string(voce(messaggio.codice).sigla) + ").";
+  // Names in a file may have line ends.
+  for (char& c : testo) {
+    if (static_cast<unsigned char>(c) < 0x20) c = ' ';
+  }
+  return testo;
 }
 
 }  // namespace cu::intake

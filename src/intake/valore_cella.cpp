@@ -15,6 +15,8 @@ namespace {
 
 using tabelle::Genere;
 
+constexpr Decimal kLimiteImporto = Decimal::fromScaled(100'000'000'000 * 10'000);
+
 ValoreLetto conValore(CellView valore) { return {true, false, false, valore}; }
 ValoreLetto senzaValore() { return {false, false, false, {}}; }
 
@@ -126,7 +128,12 @@ ValoreLetto LettoreCelle::leggi(const ColonnaLetta& colonna, const tabelle::Riga
     male = male || (!letto.letta && !letto.vuota);
     insieme = unita(colonna, insieme, letto);
   }
-  return male ? senzaValore() : insieme;
+  if (male) return senzaValore();
+  if (insieme.valore.type() == ValueType::Decimal && insieme.valore.decimal().abs() >= kLimiteImporto) {
+    segnala(messaggi, colonna, Codice::V03, "la somma supera l'importo massimo, 99999999999,99");
+    return senzaValore();
+  }
+  return insieme;
 }
 
 // Amounts add up, texts are joined.

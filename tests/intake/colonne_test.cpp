@@ -177,6 +177,15 @@ TEST(ColonneDiSomme, AddUp) {
             Righe{"f.csv, riga 4, colonna \"Spese + Bollo + SommeNonSoggette\": x non è un importo (V03)."});
 }
 
+TEST(ColonneDiSomme, StayBelowTheLimitTogether) {
+  EXPECT_EQ(
+      detti(letta(Elenco::Compensi,
+                  "CodicePercipiente;Causale;DataPagamento;Spese;Bollo\n"
+                  "P1;A;2017-03-05;99999999999,99;0,01\nP1;A;2017-03-05;99999999999,99;0,00\n")),
+      Righe{"f.csv, riga 2, colonna \"Spese + Bollo\": la somma supera l'importo massimo, 99999999999,99 "
+            "(V03)."});
+}
+
 TEST(RigheCorteELunghe, AreReadAndReported) {
   const Lettura lettura = letta(Elenco::Compensi,
                                 "CodicePercipiente;Causale;DataPagamento;Onorario;NumeroDocumento\n"
