@@ -286,6 +286,7 @@ Lettura leggiRighe(const tabelle::Tabella& tabella, Elenco elenco, const Mappatu
   lettura.foglio = tabella.foglio;
   lettura.testi = tabella.testi;
   LettoreRighe(tabella, lettura, mappatura, oggi).esegui();
+  for (Messaggio& suo : lettura.messaggi) suo.posto = {tabella.file, tabella.foglio, 0};
   return lettura;
 }
 
@@ -299,7 +300,7 @@ Lettura leggiFile(std::string_view byte, const std::string& nome, Elenco elenco,
   } catch (const tabelle::ErroreTabella& errore) {
     Messaggio nuovo =
         messaggio(codiceDaSigla(errore.codice()).value_or(Codice::F03), minuscolaIniziale(errore.testo()));
-    nuovo.riga = errore.posto().riga;
+    nuovo.posto = {nome, errore.posto().foglio, errore.posto().riga};
     Lettura lettura = letturaFallita(nome, elenco, std::move(nuovo));
     lettura.foglio = errore.posto().foglio;
     lettura.dimensione = byte.size();
@@ -312,6 +313,7 @@ Lettura letturaFallita(const std::string& nome, Elenco elenco, Messaggio messagg
   lettura.elenco = elenco;
   lettura.file = nome;
   lettura.intestazioni.resize(colonne(elenco).size());
+  if (messaggio.posto.file.empty()) messaggio.posto.file = nome;
   lettura.messaggi.push_back(std::move(messaggio));
   return lettura;
 }

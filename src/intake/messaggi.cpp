@@ -29,7 +29,7 @@ std::string_view nome(Gravita gravita) {
 }
 
 Messaggio messaggio(Codice codice, std::string testo, std::string colonna) {
-  return {codice, voce(codice).gravita, std::move(colonna), std::move(testo), 0};
+  return {codice, voce(codice).gravita, std::move(colonna), std::move(testo), {}};
 }
 
 std::string dettoMessaggio(const PostoMessaggio& posto, const Messaggio& messaggio) {
@@ -39,8 +39,7 @@ std::string dettoMessaggio(const PostoMessaggio& posto, const Messaggio& messagg
     testo += parte;
   };
   if (!posto.foglio.empty()) aggiungi("foglio \"" + posto.foglio + '"');
-  const std::size_t riga = posto.riga > 0 ? posto.riga : messaggio.riga;
-  if (riga > 0) aggiungi("riga " + fromInteger(static_cast<std::int64_t>(riga)));
+  if (posto.riga > 0) aggiungi("riga " + fromInteger(static_cast<std::int64_t>(posto.riga)));
   if (!messaggio.colonna.empty()) aggiungi("colonna \"" + messaggio.colonna + '"');
   if (!testo.empty()) testo += ": ";
   testo += messaggio.testo + " (" + std::string(voce(messaggio.codice).sigla) + ").";
@@ -50,5 +49,7 @@ std::string dettoMessaggio(const PostoMessaggio& posto, const Messaggio& messagg
   }
   return testo;
 }
+
+std::string dettoMessaggio(const Messaggio& messaggio) { return dettoMessaggio(messaggio.posto, messaggio); }
 
 }  // namespace cu::intake

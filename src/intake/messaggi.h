@@ -109,25 +109,27 @@ std::optional<Codice> codiceDaSigla(std::string_view sigla);
 // "errore", "da decidere", "avviso", "informazione"
 std::string_view nome(Gravita gravita);
 
-struct Messaggio {
-  Codice codice = Codice::F01;
-  Gravita gravita = Gravita::Errore;
-  std::string colonna;   // as the file has it; "" where it is none
-  std::string testo;     // a sentence in Italian without place, code and full stop
-  std::size_t riga = 0;  // of a message that belongs to no row of a table: where in the file it is
-};
-
-// With the severity of the code.
-Messaggio messaggio(Codice codice, std::string testo, std::string colonna = {});
-
-// Where the message belongs: 0 for the whole file, "" for none.
+// Where something is, as far as it is known: "" and 0 for what is not.
 struct PostoMessaggio {
   std::string file;
   std::string foglio;
   std::size_t riga = 0;
 };
 
+struct Messaggio {
+  Codice codice = Codice::F01;
+  Gravita gravita = Gravita::Errore;
+  std::string colonna;     // as the file has it; "" where it is none
+  std::string testo;       // a sentence in Italian without place, code and full stop
+  PostoMessaggio posto{};  // of a message that belongs to no row
+};
+
+// With the severity of the code.
+Messaggio messaggio(Codice codice, std::string testo, std::string colonna = {});
+
 // 'compensi.csv, riga 14, colonna "Ritenuta": 199,9O non è un importo (V03).'
 std::string dettoMessaggio(const PostoMessaggio& posto, const Messaggio& messaggio);
+// With its own place.
+std::string dettoMessaggio(const Messaggio& messaggio);
 
 }  // namespace cu::intake

@@ -21,7 +21,7 @@ inline Lettura letta(Elenco elenco, std::string_view byte, const Mappatura& mapp
 inline std::vector<std::string> detti(const Lettura& lettura) {
   std::vector<std::string> righe;
   for (const Messaggio& m : lettura.messaggi) {
-    righe.push_back(dettoMessaggio({lettura.file, lettura.foglio, 0}, m));
+    righe.push_back(dettoMessaggio(m));
   }
   for (const RigaLetta& riga : lettura.righe) {
     for (const Messaggio& m : riga.messaggi) {
