@@ -150,10 +150,11 @@ function(cu_tests name)
   target_compile_definitions(${name} PRIVATE ${T_DEFINES})
   target_link_libraries(${name} PRIVATE house_options ${T_LINKS} GTest::gmock GTest::gtest_main)
   cu_measured(${name})
+  cu_in_one_piece(${name})
   # The test library is more than a third of the code that a test file compiles: it is precompiled for each program
   # of more than two files, for which that is faster.
   list(LENGTH sources files)
-  if(files GREATER 2)
+  if(files GREATER 2 AND NOT CU_BUILT_ONCE)
     target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h> <string> <vector>)
   endif()
   # The tests' own code need not be fast, and compiles without optimisation in little more than half the time; without

@@ -1,4 +1,5 @@
-# The Debian 12 packages required by the build and its tests; installs the missing ones. Sourced by run, test and bench.
+# The Debian 12 packages required by the build and its tests; installs the missing ones. Chooses the preset. Sourced by
+# run, test and bench.
 
 packages=(
   build-essential cmake ninja-build ccache git ca-certificates
@@ -32,4 +33,9 @@ install_missing() {
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" \
     >/dev/null
+}
+
+# The preset to build with: an existing build/release is kept up to date; in a fresh clone everything is built once.
+built_preset() {
+  if [ -e build/release/CMakeCache.txt ]; then echo release; else echo run; fi
 }

@@ -98,7 +98,7 @@ std::string leggi(const char* controllo) { return su("get", "of", controllo, "")
 std::string lascia(const char* controllo) { return su("leave", "of", controllo, ""); }
 
 // The rejection of a command, after checking that the command has changed nothing.
-std::string rifiuto(const std::string& comando) {
+std::string rifiutoDiCampi(const std::string& comando) {
   const std::string albero = R"({"do":"tree","of":"frmCampi"})";
   const Colloquio c = parlaCampi({albero, comando, albero});
   EXPECT_EQ(c.risposte[1]["ok"], false) << comando;
@@ -142,11 +142,13 @@ TEST(DrivenAmount, IsPastedInOneStepOrNotAtAll) {
 }
 
 TEST(DrivenAmount, IsNotTypedIntoWhereItIsLockedAndNotChosen) {
-  EXPECT_EQ(rifiuto(scrivi("curField(2)", "1")), "frmCampi.curField(2): il controllo è in sola lettura");
-  EXPECT_EQ(rifiuto(incolla("curField(2)", "1")), "frmCampi.curField(2): il controllo è in sola lettura");
-  EXPECT_EQ(rifiuto(scegli("curField(10)", R"("index":0)")),
+  EXPECT_EQ(rifiutoDiCampi(scrivi("curField(2)", "1")),
+            "frmCampi.curField(2): il controllo è in sola lettura");
+  EXPECT_EQ(rifiutoDiCampi(incolla("curField(2)", "1")),
+            "frmCampi.curField(2): il controllo è in sola lettura");
+  EXPECT_EQ(rifiutoDiCampi(scegli("curField(10)", R"("index":0)")),
             "frmCampi.curField(10): qui non c'è nulla da scegliere");
-  EXPECT_THAT(rifiuto(su("click", "on", "curField(10)", "")), HasSubstr("nulla da premere"));
+  EXPECT_THAT(rifiutoDiCampi(su("click", "on", "curField(10)", "")), HasSubstr("nulla da premere"));
 }
 
 TEST(DrivenNumber, IsTypedPastedAndRead) {
@@ -173,12 +175,12 @@ TEST(DrivenPicker, IsChosenByItsKeyAndEmptiedByZero) {
 }
 
 TEST(DrivenPicker, RefusesAKeyThatNoMunicipalityHasAndAnythingElse) {
-  EXPECT_EQ(rifiuto(scegli("townComune", R"("record":7)")),
+  EXPECT_EQ(rifiutoDiCampi(scegli("townComune", R"("record":7)")),
             "frmCampi.townComune: nessun comune ha la chiave 7");
-  EXPECT_EQ(rifiuto(scegli("townComune", R"("text":"Roma")")),
+  EXPECT_EQ(rifiutoDiCampi(scegli("townComune", R"("text":"Roma")")),
             "frmCampi.townComune: \"text\" non serve a scegliere qui");
-  EXPECT_EQ(rifiuto(su("choose", "in", "townComune", "")), "frmCampi.townComune: indicare record");
-  EXPECT_THAT(rifiuto(scrivi("townComune", "Roma")), HasSubstr("qui non si scrive"));
+  EXPECT_EQ(rifiutoDiCampi(su("choose", "in", "townComune", "")), "frmCampi.townComune: indicare record");
+  EXPECT_THAT(rifiutoDiCampi(scrivi("townComune", "Roma")), HasSubstr("qui non si scrive"));
 }
 
 TEST(DrivenPicker, WhatTheDatabaseRefusesIsAnErrorBox) {
@@ -204,16 +206,16 @@ TEST(DrivenTabs, AreSwitchedByNumberOrCaption) {
 }
 
 TEST(DrivenTabs, RefuseOneThatIsNotThere) {
-  EXPECT_EQ(rifiuto(scegli("stbSchede", R"("index":0)")),
+  EXPECT_EQ(rifiutoDiCampi(scegli("stbSchede", R"("index":0)")),
             "frmCampi.stbSchede: la scheda 0 non esiste: le schede sono 3");
-  EXPECT_EQ(rifiuto(scegli("stbSchede", R"("index":4)")),
+  EXPECT_EQ(rifiutoDiCampi(scegli("stbSchede", R"("index":4)")),
             "frmCampi.stbSchede: la scheda 4 non esiste: le schede sono 3");
-  EXPECT_EQ(rifiuto(scegli("stbSchede", R"("index":3)")), "frmCampi.stbSchede: la scheda è nascosta");
-  EXPECT_EQ(rifiuto(scegli("stbSchede", R"("text":"Altra")")),
+  EXPECT_EQ(rifiutoDiCampi(scegli("stbSchede", R"("index":3)")), "frmCampi.stbSchede: la scheda è nascosta");
+  EXPECT_EQ(rifiutoDiCampi(scegli("stbSchede", R"("text":"Altra")")),
             "frmCampi.stbSchede: la scheda \"Altra\" non esiste");
-  EXPECT_EQ(rifiuto(scegli("stbSchede", R"("index":1,"text":"Modulo 1")")),
+  EXPECT_EQ(rifiutoDiCampi(scegli("stbSchede", R"("index":1,"text":"Modulo 1")")),
             "frmCampi.stbSchede: indicare index oppure text");
-  EXPECT_EQ(rifiuto(scegli("stbSchede", R"("record":1)")),
+  EXPECT_EQ(rifiutoDiCampi(scegli("stbSchede", R"("record":1)")),
             "frmCampi.stbSchede: \"record\" non serve a scegliere qui");
 }
 

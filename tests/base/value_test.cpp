@@ -10,12 +10,12 @@
 namespace cu {
 namespace {
 
-constexpr std::int64_t kMax = std::numeric_limits<std::int64_t>::max();
-constexpr std::int64_t kMin = std::numeric_limits<std::int64_t>::min();
+constexpr std::int64_t kMaxInteger = std::numeric_limits<std::int64_t>::max();
+constexpr std::int64_t kMinInteger = std::numeric_limits<std::int64_t>::min();
 
 CellView text(std::string_view content) { return CellView::ofText(content); }
 CellView amount(std::string_view content) { return CellView::ofDecimal(Decimal::parse(content).value()); }
-CellView day(int year, int month, int dayOfMonth) {
+CellView dayCell(int year, int month, int dayOfMonth) {
   return CellView::ofDate(Date::fromYmd(year, month, dayOfMonth).value());
 }
 
@@ -72,11 +72,11 @@ TEST(CellView, ATextInEveryShape) {
 }
 
 TEST(CellView, ADateInEveryShape) {
-  EXPECT_EQ(day(2017, 3, 5).date(), Date::fromYmd(2017, 3, 5));
-  EXPECT_EQ(day(2017, 3, 5).integer(), 42799);
-  EXPECT_EQ(day(2017, 3, 5).decimal().toText(), "42799");
-  EXPECT_EQ(day(2017, 3, 5).toText(), "05/03/2017");
-  EXPECT_EQ(day(1899, 12, 30).toText(), "30/12/1899");
+  EXPECT_EQ(dayCell(2017, 3, 5).date(), Date::fromYmd(2017, 3, 5));
+  EXPECT_EQ(dayCell(2017, 3, 5).integer(), 42799);
+  EXPECT_EQ(dayCell(2017, 3, 5).decimal().toText(), "42799");
+  EXPECT_EQ(dayCell(2017, 3, 5).toText(), "05/03/2017");
+  EXPECT_EQ(dayCell(1899, 12, 30).toText(), "30/12/1899");
 }
 
 TEST(CellView, TrueIsMinusOneAndAnyNumberButZeroIsTrue) {
@@ -89,11 +89,11 @@ TEST(CellView, TrueIsMinusOneAndAnyNumberButZeroIsTrue) {
 }
 
 TEST(CellView, ANumberThatIsNoDayIsNone) {
-  EXPECT_EQ(CellView::ofInteger(kMax).date(), Date());
-  EXPECT_EQ(CellView::ofInteger(kMin).date(), Date());
+  EXPECT_EQ(CellView::ofInteger(kMaxInteger).date(), Date());
+  EXPECT_EQ(CellView::ofInteger(kMinInteger).date(), Date());
   EXPECT_EQ(CellView::ofInteger(Date::kLast + 1).date(), Date());
   EXPECT_EQ(CellView::ofInteger(Date::kFirst).date().toIso(), "0001-01-01");
-  EXPECT_EQ(CellView::ofDecimal(Decimal::fromScaled(kMax)).date(), Date());
+  EXPECT_EQ(CellView::ofDecimal(Decimal::fromScaled(kMaxInteger)).date(), Date());
 }
 
 TEST(CellView, AnAmountBeyondTheRangeIsAnOverflow) {
@@ -105,7 +105,7 @@ TEST(CellView, AnAmountBeyondTheRangeIsAnOverflow) {
     }
     return 0;
   };
-  EXPECT_EQ(numberOf(CellView::ofInteger(kMax)), 6);
+  EXPECT_EQ(numberOf(CellView::ofInteger(kMaxInteger)), 6);
   EXPECT_EQ(numberOf(text("12345678901234567 e altro")), 6);
   EXPECT_EQ(numberOf(text("922337203685477.5807")), 0);
 }
@@ -127,9 +127,12 @@ TEST(Value, OwnsWhatTheViewShowed) {
 }
 
 TEST(Value, EveryTypeGoesThroughAView) {
-  const Value values[] = {
-      Value(),           Value::ofInteger(kMin), Value::ofDecimal(Decimal::fromScaled(-1)),
-      Value::ofText(""), Value::ofText("è"),     Value::ofDate(Date::fromSerial(-5))};
+  const Value values[] = {Value(),
+                          Value::ofInteger(kMinInteger),
+                          Value::ofDecimal(Decimal::fromScaled(-1)),
+                          Value::ofText(""),
+                          Value::ofText("è"),
+                          Value::ofDate(Date::fromSerial(-5))};
   const ValueType types[] = {ValueType::Null, ValueType::Integer, ValueType::Decimal,
                              ValueType::Text, ValueType::Text,    ValueType::Date};
   for (std::size_t i = 0; i < std::size(values); ++i) {

@@ -33,12 +33,12 @@ Selector::Binding payees() {
 
 constexpr const char* kHead = "SELECT IDAnagrafica, Codice, Anagrafica FROM RepPercipienteCD WHERE ";
 
-struct Bound {
+struct BoundSelector {
   Stage stage;
   Selector selector{stage.form, "KrnCDPerc(0)", nullptr};
   FakeConnection connection;
   int changes = 0;
-  Bound() {
+  BoundSelector() {
     selector.onChange = [this] { ++changes; };
     selector.bind(connection, payees());
     connection.answerContaining(kHead, Table({"IDAnagrafica", "Codice", "Anagrafica"}, {}));
@@ -55,7 +55,7 @@ struct Bound {
 };
 
 TEST(Selector, IsEmptyWhenBoundAndAsksNothing) {
-  Bound on;
+  BoundSelector on;
   EXPECT_EQ(on.selector.record(), 0);
   EXPECT_EQ(on.selector.code(), "");
   EXPECT_EQ(on.selector.description(), "");
@@ -67,7 +67,7 @@ TEST(Selector, IsEmptyWhenBoundAndAsksNothing) {
 }
 
 TEST(Selector, ACodeOfTheTableIsChosenUnderTheFilter) {
-  Bound on;
+  BoundSelector on;
   EXPECT_TRUE(on.selector.choose(on.selector.findCode("007")));
   EXPECT_EQ(on.connection.texts(),
             (std::vector<std::string>{std::string(kHead) + "Codice = '007' AND (IDAzienda = 1)"}));
@@ -78,7 +78,7 @@ TEST(Selector, ACodeOfTheTableIsChosenUnderTheFilter) {
 }
 
 TEST(Selector, ARecordOfTheTableIsChosen) {
-  Bound on;
+  BoundSelector on;
   EXPECT_TRUE(on.selector.chooseRecord(42));
   EXPECT_TRUE(on.selector.chooseRecord(42));
   EXPECT_EQ(on.selector.description(), "ROSSI");
@@ -91,7 +91,7 @@ TEST(Selector, ARecordOfTheTableIsChosen) {
 }
 
 TEST(Selector, WithoutSuchARowNothingChanges) {
-  Bound on;
+  BoundSelector on;
   on.selector.choose(on.selector.findCode("007"));
   EXPECT_FALSE(on.selector.choose(on.selector.findCode("999")));
   EXPECT_FALSE(on.selector.chooseRecord(5));
@@ -100,7 +100,7 @@ TEST(Selector, WithoutSuchARowNothingChanges) {
 }
 
 TEST(Selector, ARowIsLookedUpWithoutBeingChosen) {
-  Bound on;
+  BoundSelector on;
   const auto row = on.selector.findCode("007");
   ASSERT_TRUE(row.has_value());
   EXPECT_EQ(row->record, 42);
@@ -110,13 +110,13 @@ TEST(Selector, ARowIsLookedUpWithoutBeingChosen) {
 }
 
 TEST(Selector, ACodesQuotesAreDoubled) {
-  Bound on;
+  BoundSelector on;
   on.selector.choose(on.selector.findCode("D'A''"));
   EXPECT_EQ(on.connection.texts().back(), std::string(kHead) + "Codice = 'D''A''''' AND (IDAzienda = 1)");
 }
 
 TEST(Selector, WithoutAFilterOnlyTheConditionStands) {
-  Bound on;
+  BoundSelector on;
   Selector::Binding binding = payees();
   binding.filter.clear();
   on.selector.bind(on.connection, binding);
@@ -125,7 +125,7 @@ TEST(Selector, WithoutAFilterOnlyTheConditionStands) {
 }
 
 TEST(Selector, CodeAndDescriptionAreSetAsTheyStand) {
-  Bound on;
+  BoundSelector on;
   on.selector.choose(on.selector.findCode("007"));
   on.connection.sent.clear();
   on.selector.choose("ZZZ", "nessuno");
@@ -139,7 +139,7 @@ TEST(Selector, CodeAndDescriptionAreSetAsTheyStand) {
 }
 
 TEST(Selector, EmptyingAndBindingAnewRaiseTheEventWhenSomethingWasChosen) {
-  Bound on;
+  BoundSelector on;
   on.selector.empty();
   EXPECT_EQ(on.changes, 0);
   on.selector.choose(on.selector.findCode("007"));
@@ -152,7 +152,7 @@ TEST(Selector, EmptyingAndBindingAnewRaiseTheEventWhenSomethingWasChosen) {
 }
 
 TEST(Selector, ListsTheRowsOfItsFilterByDescription) {
-  Bound on;
+  BoundSelector on;
   const std::string head = "SELECT IDAnagrafica, Codice, Anagrafica FROM RepPercipienteCD";
   on.connection.answer(
       head + " WHERE IDAzienda = 1 ORDER BY Anagrafica",

@@ -36,7 +36,7 @@ bool matches(std::string_view condition, const std::vector<Value>& row) {
   return RowFilter::parse(condition, columns()).matches(cells.data());
 }
 
-int errorOf(std::string_view condition) {
+int errorOfFilter(std::string_view condition) {
   try {
     (void)RowFilter::parse(condition, columns());
   } catch (const Error& error) {
@@ -235,7 +235,7 @@ TEST(RowFilter, RefusesWhatIsNoCondition) {
                                 "{Anno = 1",
                                 "Anno = 1 |",
                                 "Anno = \"x\""}) {
-    EXPECT_EQ(errorOf(condition), kErrorFilter) << condition;
+    EXPECT_EQ(errorOfFilter(condition), kErrorFilter) << condition;
   }
 }
 
@@ -249,12 +249,12 @@ TEST(RowFilter, TheErrorNamesThePlace) {
 }
 
 TEST(RowFilter, RefusesAFieldThatIsNotThere) {
-  EXPECT_EQ(errorOf("Mese = 1"), kErrorItemNotFound);
-  EXPECT_EQ(errorOf("Anno = 1 OR Mese = 1"), kErrorItemNotFound);
-  EXPECT_EQ(errorOf("[Nota] = 1"), kErrorItemNotFound);
-  EXPECT_EQ(errorOf("Città = 'x'"), kErrorItemNotFound);  // a name, not an invalid character
-  EXPECT_EQ(errorOf("AND Anno = 1"), kErrorItemNotFound);
-  EXPECT_EQ(errorOf("NOT Anno = 1"), kErrorItemNotFound);
+  EXPECT_EQ(errorOfFilter("Mese = 1"), kErrorItemNotFound);
+  EXPECT_EQ(errorOfFilter("Anno = 1 OR Mese = 1"), kErrorItemNotFound);
+  EXPECT_EQ(errorOfFilter("[Nota] = 1"), kErrorItemNotFound);
+  EXPECT_EQ(errorOfFilter("Città = 'x'"), kErrorItemNotFound);  // a name, not an invalid character
+  EXPECT_EQ(errorOfFilter("AND Anno = 1"), kErrorItemNotFound);
+  EXPECT_EQ(errorOfFilter("NOT Anno = 1"), kErrorItemNotFound);
   try {
     (void)RowFilter::parse("Mese = 1", columns());
     FAIL();

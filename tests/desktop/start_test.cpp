@@ -22,7 +22,7 @@
 namespace cu::test {
 namespace {
 
-CartelleAvvio foldersIn(const QTemporaryDir& folder) {
+CartelleAvvio startFoldersIn(const QTemporaryDir& folder) {
   return {folder.filePath(QStringLiteral("dati")),
           folder.filePath(QStringLiteral("config/impostazioni.toml")),
           folder.filePath(QStringLiteral("documenti"))};
@@ -37,7 +37,7 @@ QPushButton* startButton(FinestraAvvio& window) {
 
 TEST(Start, MakesTheDemonstrationDatabaseAtTheFirstStartAndNamesItsCompany) {
   const QTemporaryDir folder;
-  const CartelleAvvio folders = foldersIn(folder);
+  const CartelleAvvio folders = startFoldersIn(folder);
   FinestraAvvio window({}, folders);
   EXPECT_TRUE(QFile::exists(folders.databaseDimostrativo()));
   EXPECT_FALSE(QFile::exists(folders.databaseDimostrativo() + QStringLiteral(".nuovo")));
@@ -58,7 +58,7 @@ TEST(Start, ADatabaseThatCannotBeOpenedIsToldAndNothingCanBeStarted) {
   file.close();
   SceltaAvvio choice;
   choice.database = broken;
-  FinestraAvvio window(choice, foldersIn(folder));
+  FinestraAvvio window(choice, startFoldersIn(folder));
   EXPECT_FALSE(startButton(window)->isEnabled());
   bool told = false;
   for (const auto* label : window.findChildren<QLabel*>())
@@ -82,7 +82,7 @@ TEST(Start, RemembersTheChoice) {
 
 TEST(Start, KeepsTheFolderOfTheMinisterialDocumentsWhereTheEditorsLook) {
   const QTemporaryDir folder;
-  const CartelleAvvio folders = foldersIn(folder);
+  const CartelleAvvio folders = startFoldersIn(folder);
   EXPECT_EQ(cartellaMinisteriale(folders), QString());
   salvaCartellaMinisteriale(folders, QStringLiteral("/documenti/ministero"));
   EXPECT_EQ(cartellaMinisteriale(folders), QStringLiteral("/documenti/ministero"));
@@ -98,7 +98,7 @@ TEST(Start, HandsOverWhatTheLauncherWould) {
   SceltaAvvio choice;
   choice.utente = 12;
   choice.funzione = 246;
-  const Profilo profile = profiloDi(choice, foldersIn(folder));
+  const Profilo profile = profiloDi(choice, startFoldersIn(folder));
   EXPECT_EQ(profile.sessione.utente, 12);
   ASSERT_EQ(profile.sessione.processi.size(), 1U);
   EXPECT_EQ(profile.sessione.processi[0].nome, "Wizard stampa");

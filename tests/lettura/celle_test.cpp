@@ -6,50 +6,42 @@
 namespace cu::lettura::prova {
 namespace {
 
-using Elenco = std::vector<std::string>;
-
-std::string amount(std::string_view testo) { return FileDiProva::amount(testo); }
-
 // Lines: 1 A, 2 B, 3 D, 4 H, 5 H of the second module, 6 Z.
-FileDiProva buono(const std::string& codice = "CUR18") {
+FileDiProva dueModuli(const std::string& codice = "CUR18") {
   FileDiProva file(codice);
   file.certificato().modulo({{"AU001002", amount("2015")}, {"AU001003", amount("1")}});
   return file.fine();
 }
 
-Elenco di(const char* regola, std::size_t riga, const FileDiProva& file, std::string_view cella) {
-  return {std::string(regola) + " " + std::to_string(riga) + ":" + std::to_string(file.posto(riga, cella))};
-}
-
 // Cells appended to the first module.
-FileDiProva con(const std::vector<std::pair<std::string, std::string>>& celle,
-                const std::string& codice = "CUR18") {
-  FileDiProva file = buono(codice);
+FileDiProva conInDueModuli(const std::vector<std::pair<std::string, std::string>>& celle,
+                           const std::string& codice = "CUR18") {
+  FileDiProva file = dueModuli(codice);
   FileDiProva::celle(file.righe[3], celle);
   return file;
 }
 
 TEST(K01, ACodeThatTheYearHasNot) {
   for (const char* codice : {"AU001099", "AU001040", "DA002001", "AU00104X", "au001041", "        "}) {
-    FileDiProva file = con({{codice, "1"}});
+    FileDiProva file = conInDueModuli({{codice, "1"}});
     EXPECT_EQ(elenco(file.esamina()), di("K01", 4, file, codice)) << codice;
   }
-  FileDiProva file = con({{"AU001031", "X"}}, "CUR17");
+  FileDiProva file = conInDueModuli({{"AU001031", "X"}}, "CUR17");
   EXPECT_EQ(elenco(file.esamina()), di("K01", 4, file, "AU001031"));
-  file = con({{"AU001023", amount("1,00")}}, "CUR16");
+  file = conInDueModuli({{"AU001023", amount("1,00")}}, "CUR16");
   EXPECT_EQ(elenco(file.esamina()), di("K01", 4, file, "AU001023"));
-  file = buono("CUR16");
+  file = dueModuli("CUR16");
   FileDiProva::celle(file.righe[2], {{"DA002027", "X"}});
   EXPECT_EQ(elenco(file.esamina()), di("K01", 3, file, "DA002027"));
 }
 
 TEST(K01, TheContinuationsOfAnUnknownCodeAreNotReportedAgain) {
-  FileDiProva file = con({{"AU001099", "ABCDEFGHIJKLMNOP"}, {"AU001099", "+QRS"}});
+  FileDiProva file = conInDueModuli({{"AU001099", "ABCDEFGHIJKLMNOP"}, {"AU001099", "+QRS"}});
   EXPECT_EQ(elenco(file.esamina()), di("K01", 4, file, "AU001099"));
 }
 
 TEST(K01, TheSeatOfTheAgentIsOfTheForm) {
-  FileDiProva file = buono();
+  FileDiProva file = dueModuli();
   file.togli(3, "DA003001").togli(3, "DA003002");
   const std::size_t posto = file.posto(3, "DA002001");
   std::string& d = file.righe[2];
@@ -59,11 +51,12 @@ TEST(K01, TheSeatOfTheAgentIsOfTheForm) {
 }
 
 TEST(K02, CodesOutOfOrderOrTwice) {
-  FileDiProva file = con({{"AU001005", amount("0,00")}});
+  FileDiProva file = conInDueModuli({{"AU001005", amount("0,00")}});
   EXPECT_EQ(elenco(file.esamina()), di("K02", 4, file, "AU001005"));
-  file = con({{"AU001009", amount("200,00")}});
+  file = conInDueModuli({{"AU001009", amount("200,00")}});
   EXPECT_EQ(elenco(file.esamina()), (Elenco{"K02 4:" + std::to_string(file.posto(4, "AU001009") + 24)}));
-  file = con({{"AU001052", "04123450233"}, {"AU001041", amount("0,00")}, {"AU001053", amount("1,00")}});
+  file = conInDueModuli(
+      {{"AU001052", "04123450233"}, {"AU001041", amount("0,00")}, {"AU001053", amount("1,00")}});
   EXPECT_EQ(elenco(file.esamina()), di("K02", 4, file, "AU001041"));
 }
 
@@ -97,7 +90,7 @@ TEST(K03, ValuesOfTheWrongKind) {
       {"AU001052", "RSSMRC71C32L781I"},
   };
   for (const Sbagliato& sbagliato : sbagliati) {
-    FileDiProva file = con({{sbagliato.codice, sbagliato.valore}});
+    FileDiProva file = conInDueModuli({{sbagliato.codice, sbagliato.valore}});
     EXPECT_EQ(elenco(file.esamina()), di("K03", 4, file, sbagliato.codice)) << sbagliato.valore;
   }
 }
@@ -119,68 +112,71 @@ TEST(K03, NumbersDatesAndProvincesOfTheWrongKind) {
       {3, {"DA003002", "1"}},
   };
   for (const auto& [riga, sbagliato] : sbagliati) {
-    FileDiProva file = buono();
+    FileDiProva file = dueModuli();
     file.valore(riga, sbagliato.codice, sbagliato.valore);
     EXPECT_EQ(elenco(file.esamina()), di("K03", riga, file, sbagliato.codice)) << sbagliato.valore;
   }
 }
 
 TEST(K03, AnAmountHasNoContinuation) {
-  FileDiProva file = con({{"AU001020", amount("1,00")}, {"AU001020", "+00"}});
+  FileDiProva file = conInDueModuli({{"AU001020", amount("1,00")}, {"AU001020", "+00"}});
   EXPECT_EQ(elenco(file.esamina()), di("K03", 4, file, "AU001020"));
 }
 
 TEST(K03, TheBoxesOfTwoYearsHaveTheirOwnKinds) {
-  EXPECT_EQ(elenco(con({{"AU001102", amount("5,00")}, {"AU001104", amount("1")}}, "CUR16").esamina()),
-            Elenco{});
-  EXPECT_EQ(elenco(con({{"AU001102", amount("5,00")}, {"AU001104", amount("5,00")}}, "CUR17").esamina()),
-            Elenco{});
-  FileDiProva file = con({{"AU001104", amount("1")}}, "CUR17");
+  EXPECT_EQ(
+      elenco(conInDueModuli({{"AU001102", amount("5,00")}, {"AU001104", amount("1")}}, "CUR16").esamina()),
+      Elenco{});
+  EXPECT_EQ(
+      elenco(conInDueModuli({{"AU001102", amount("5,00")}, {"AU001104", amount("5,00")}}, "CUR17").esamina()),
+      Elenco{});
+  FileDiProva file = conInDueModuli({{"AU001104", amount("1")}}, "CUR17");
   EXPECT_EQ(elenco(file.esamina()), di("K03", 4, file, "AU001104"));
 }
 
 TEST(K03, AmountsWithASignWhereTheFormLeavesRoomForOne) {
-  EXPECT_EQ(elenco(con({{"AU001037", amount("-5,00")}, {"AU001039", amount("-0,01")}}).esamina()), Elenco{});
+  EXPECT_EQ(elenco(conInDueModuli({{"AU001037", amount("-5,00")}, {"AU001039", amount("-0,01")}}).esamina()),
+            Elenco{});
 }
 
 TEST(K04, AWrongLastCharacter) {
-  FileDiProva file = con({{"AU001052", "RSSMRC71C08L781Z"}});
+  FileDiProva file = conInDueModuli({{"AU001052", "RSSMRC71C08L781Z"}});
   EXPECT_EQ(elenco(file.esamina()), di("K04", 4, file, "AU001052"));
   EXPECT_EQ(file.esamina().rilievi.errori(), 0U);
-  file = con({{"AU001052", "00743110158"}});
+  file = conInDueModuli({{"AU001052", "00743110158"}});
   EXPECT_EQ(elenco(file.esamina()), di("K04", 4, file, "AU001052"));
-  EXPECT_EQ(elenco(con({{"AU001052", "RSSMRA45C12F2L5N"}}).esamina()), Elenco{});
+  EXPECT_EQ(elenco(conInDueModuli({{"AU001052", "RSSMRA45C12F2L5N"}}).esamina()), Elenco{});
 }
 
 TEST(K05, AContinuationWithoutItsBeginning) {
-  FileDiProva file = con({{"AU001030", "+ENTE"}});
+  FileDiProva file = conInDueModuli({{"AU001030", "+ENTE"}});
   EXPECT_EQ(elenco(file.esamina()), di("K05", 4, file, "AU001030"));
-  file = buono();
+  file = dueModuli();
   FileDiProva::celle(file.righe[3],
                      {{"AU001029", "80015110580"}, {"AU001030", "ABCDEFGHIJKLMNOP"}, {"AU001032", "+QRS"}});
   EXPECT_EQ(elenco(file.esamina()), di("K05", 4, file, "AU001032"));
 }
 
 TEST(K06, CellsWithoutAValueAndGaps) {
-  FileDiProva file = con({{"AU001041", ""}, {"AU001042", amount("1,00")}});
+  FileDiProva file = conInDueModuli({{"AU001041", ""}, {"AU001042", amount("1,00")}});
   EXPECT_EQ(elenco(file.esamina()), di("K06", 4, file, "AU001041"));
-  file = con({{"AU001041", amount("1,00")}, {"AU001042", amount("1,00")}});
+  file = conInDueModuli({{"AU001041", amount("1,00")}, {"AU001042", amount("1,00")}});
   const std::size_t posto = file.posto(4, "AU001041");
   file.metti(4, posto, std::string(24, ' '));
   EXPECT_EQ(elenco(file.esamina()), Elenco{"K06 4:" + std::to_string(posto)});
-  file = buono();
+  file = dueModuli();
   file.metti(4, 1866, "AU001138" + amount("1,00"));
   EXPECT_EQ(elenco(file.esamina()), (Elenco{"K06 4:234", "C03 4:1866"}));
 }
 
 TEST(K07, WhatEveryCertificateHas) {
   for (const char* codice : {"DA002001", "DA002002", "DA001001"}) {
-    FileDiProva file = buono();
+    FileDiProva file = dueModuli();
     const std::size_t posto = file.posto(3, codice);
     file.togli(3, codice);
     EXPECT_EQ(elenco(file.esamina()), Elenco{"K07 3:" + std::to_string(posto)}) << codice;
   }
-  FileDiProva file = buono();
+  FileDiProva file = dueModuli();
   file.togli(4, "AU001001");
   EXPECT_EQ(elenco(file.esamina()), Elenco{"K07 4:90"});
 }
@@ -204,14 +200,15 @@ TEST(K07, ACertificateWithoutModules) {
 }
 
 TEST(K08, CellsThatExcludeOthers) {
-  FileDiProva file =
-      con({{"AU001102", amount("9,00")}, {"AU001103", amount("1,00")}, {"AU001104", amount("2,00")}});
+  FileDiProva file = conInDueModuli(
+      {{"AU001102", amount("9,00")}, {"AU001103", amount("1,00")}, {"AU001104", amount("2,00")}});
   EXPECT_EQ(elenco(file.esamina()), di("K08", 4, file, "AU001104"));
-  file = con({{"AU001106", amount("9,00")}, {"AU001107", amount("1,00")}, {"AU001108", amount("2,00")}});
+  file = conInDueModuli(
+      {{"AU001106", amount("9,00")}, {"AU001107", amount("1,00")}, {"AU001108", amount("2,00")}});
   EXPECT_EQ(elenco(file.esamina()), di("K08", 4, file, "AU001108"));
   for (int numero = 12; numero <= 17; ++numero) {
     const std::string codice = "AU0010" + std::to_string(numero);
-    file = con({{codice, amount("1,00")}});
+    file = conInDueModuli({{codice, amount("1,00")}});
     EXPECT_EQ(elenco(file.esamina()), di("K08", 4, file, codice));
     EXPECT_EQ(elenco(file.valore(4, "AU001001", "N").esamina()), Elenco{});
   }
@@ -219,7 +216,7 @@ TEST(K08, CellsThatExcludeOthers) {
 
 TEST(K08, TheBoxesOfTheFirstModuleInAnother) {
   for (const char* codice : {"AU001004", "AU001020", "AU001041", "AU001071"}) {
-    FileDiProva file = buono();
+    FileDiProva file = dueModuli();
     FileDiProva::celle(file.righe[4],
                        {{codice, std::string(codice) == "AU001071" ? "04123450233" : amount("0,00")}});
     EXPECT_EQ(elenco(file.esamina()), di("K08", 5, file, codice)) << codice;

@@ -5,30 +5,22 @@
 namespace cu::lettura::prova {
 namespace {
 
-using Elenco = std::vector<std::string>;
-
-std::string amount(std::string_view testo) { return FileDiProva::amount(testo); }
-
-FileDiProva buono(const std::string& codice = "CUR18") {
+FileDiProva unCertificato(const std::string& codice = "CUR18") {
   FileDiProva file(codice);
   return file.certificato().fine();
 }
 
 FileDiProva con(const std::vector<std::pair<std::string, std::string>>& celle,
                 const std::string& codice = "CUR18") {
-  FileDiProva file = buono(codice);
+  FileDiProva file = unCertificato(codice);
   FileDiProva::celle(file.righe[3], celle);
   return file;
-}
-
-Elenco di(const char* regola, std::size_t riga, const FileDiProva& file, std::string_view cella) {
-  return {std::string(regola) + " " + std::to_string(riga) + ":" + std::to_string(file.posto(riga, cella))};
 }
 
 void soloAvvisi(const FileDiProva& file) { EXPECT_EQ(file.esamina().rilievi.errori(), 0U); }
 
 TEST(C01, ABaseThatDiffersByACent) {
-  FileDiProva file = buono();
+  FileDiProva file = unCertificato();
   file.valore(4, "AU001008", amount("1000,01"));
   EXPECT_EQ(elenco(file.esamina()), di("C01", 4, file, "AU001008"));
   soloAvvisi(file);
@@ -57,26 +49,26 @@ TEST(C01, CountsRefundedExpensesInTheBoxOfTheirYear) {
 }
 
 TEST(C01, IsAtTheBaseWhateverAmountIsMissing) {
-  FileDiProva file = buono();
+  FileDiProva file = unCertificato();
   file.togli(4, "AU001004");
   EXPECT_EQ(elenco(file.esamina()), di("C01", 4, file, "AU001008"));
-  file = buono();
+  file = unCertificato();
   file.togli(4, "AU001008").togli(4, "AU001009");
   EXPECT_EQ(elenco(file.esamina()), di("C01", 4, file, "AU001004"));
 }
 
 TEST(C02, SumsWithoutTheirCodeAndACodeWithoutSums) {
-  FileDiProva file = buono();
+  FileDiProva file = unCertificato();
   file.togli(4, "AU001006");
   EXPECT_EQ(elenco(file.esamina()), di("C02", 4, file, "AU001007"));
   soloAvvisi(file);
-  file = buono();
+  file = unCertificato();
   file.togli(4, "AU001007").valore(4, "AU001004", amount("1000,00"));
   EXPECT_EQ(elenco(file.esamina()), di("C02", 4, file, "AU001006"));
 }
 
 TEST(C03, ATaxAboveItsBase) {
-  FileDiProva file = buono();
+  FileDiProva file = unCertificato();
   file.valore(4, "AU001009", amount("1000,01"));
   EXPECT_EQ(elenco(file.esamina()), di("C03", 4, file, "AU001009"));
   file.valore(4, "AU001009", amount("1000,00"));
@@ -104,7 +96,7 @@ TEST(C05, BirthAgainstTheFiscalCode) {
                                                         {"DA002005", amount("09031971")},
                                                         {"DA002005", amount("08041971")},
                                                         {"DA002006", "Vicenza"}}) {
-    FileDiProva file = buono();
+    FileDiProva file = unCertificato();
     file.valore(3, codice, valore);
     EXPECT_EQ(elenco(file.esamina()), di("C05", 3, file, codice)) << valore;
     soloAvvisi(file);
@@ -112,7 +104,7 @@ TEST(C05, BirthAgainstTheFiscalCode) {
 }
 
 TEST(C05, ComparesNoPlaceWithoutAList) {
-  FileDiProva file = buono();
+  FileDiProva file = unCertificato();
   file.valore(3, "DA002006", "Vicenza");
   TestoLetto sorgente(file.testo());
   EXPECT_EQ(elenco(esamina(sorgente)), Elenco{});
@@ -151,7 +143,7 @@ TEST(C08, AYearWithAReasonThatHasNone) {
 }
 
 TEST(C09, AReasonThatTheYearHasNot) {
-  FileDiProva file = buono();
+  FileDiProva file = unCertificato();
   file.valore(4, "AU001001", "V2");
   EXPECT_EQ(elenco(file.esamina()), Elenco{"C09 4:90"});
   soloAvvisi(file);

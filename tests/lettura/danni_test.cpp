@@ -23,7 +23,7 @@ struct Luogo {
   std::string nome;
 };
 
-FileDiProva buono() {
+FileDiProva sanoConContributi() {
   FileDiProva file;
   file.certificato();
   FileDiProva::celle(file.righe[3], {{"AU001020", FileDiProva::amount("0,00")},
@@ -78,7 +78,7 @@ char altro(char c) {
 
 std::set<std::string> nonVisti(const std::function<bool(FileDiProva&, const Luogo&)>& danneggia) {
   std::set<std::string> nonVisti;
-  const FileDiProva sano = buono();
+  const FileDiProva sano = sanoConContributi();
   for (const Luogo& luogo : luoghiDi(sano)) {
     FileDiProva file = sano;
     if (!danneggia(file, luogo)) continue;
@@ -93,10 +93,12 @@ void riferisci(const char* danno, const std::set<std::string>& nonVisti) {
   for (const std::string& nome : nonVisti) std::cout << "  " << nome << '\n';
 }
 
-TEST(Danni, TheSoundFileHasNone) { EXPECT_EQ(elenco(buono().esamina()), std::vector<std::string>{}); }
+TEST(Danni, TheSoundFileHasNone) {
+  EXPECT_EQ(elenco(sanoConContributi().esamina()), std::vector<std::string>{});
+}
 
 TEST(Danni, AControlCharacterIsSeenWhereItIs) {
-  const FileDiProva sano = buono();
+  const FileDiProva sano = sanoConContributi();
   for (const Luogo& luogo : luoghiDi(sano)) {
     if (luogo.posizione == 1 || luogo.posizione == 1898) continue;  // the record's letter and its mark
     FileDiProva file = sano;

@@ -219,4 +219,13 @@ inline std::vector<std::string> elenco(const Esito& esito) {
   return elenco;
 }
 
+using Elenco = std::vector<std::string>;
+
+inline std::string amount(std::string_view testo) { return FileDiProva::amount(testo); }
+
+// A single finding, at the line's first cell of that code.
+inline Elenco di(const char* regola, std::size_t riga, const FileDiProva& file, std::string_view cella) {
+  return {std::string(regola) + " " + std::to_string(riga) + ":" + std::to_string(file.posto(riga, cella))};
+}
+
 }  // namespace cu::lettura::prova

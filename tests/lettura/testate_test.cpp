@@ -5,9 +5,7 @@
 namespace cu::lettura::prova {
 namespace {
 
-using Elenco = std::vector<std::string>;
-
-FileDiProva buono(char operazione = ' ') {
+FileDiProva dueCertificati(char operazione = ' ') {
   FileDiProva file;
   file.certificato("RSSMRC71C08L781I", operazione).certificato("00743110157", operazione);
   return file.fine();
@@ -22,7 +20,7 @@ struct Danno {
 
 void prova(const std::vector<Danno>& danni, char operazione = ' ') {
   for (const Danno& danno : danni) {
-    FileDiProva file = buono(operazione);
+    FileDiProva file = dueCertificati(operazione);
     file.metti(danno.riga, danno.posizione, danno.testo);
     EXPECT_EQ(elenco(file.esamina()), Elenco{danno.trovato}) << danno.riga << ":" << danno.posizione;
   }
@@ -37,7 +35,7 @@ TEST(H01, TheAgentsCodeDiffersInOneRecord) {
 }
 
 TEST(H01, TheCellOfTheAgentAgainstTheHeads) {
-  FileDiProva file = buono();
+  FileDiProva file = dueCertificati();
   file.valore(3, "DA001001", "00743110157");
   EXPECT_EQ(elenco(file.esamina()), Elenco{"H01 3:90"});
 }
@@ -46,17 +44,17 @@ TEST(H02, ThePayeeDiffersInOneRecord) {
   prova({{3, 26, "RSSMRC71C08L781Z", "H02 3:26"},
          {4, 26, "RSSMRC71C08L781Z", "H02 4:26"},
          {6, 26, "X", "H02 6:26"}});
-  FileDiProva file = buono();
+  FileDiProva file = dueCertificati();
   file.valore(5, "DA002001", "04123450233");
   EXPECT_EQ(elenco(file.esamina()), (Elenco{"H02 5:" + std::to_string(file.posto(5, "DA002001"))}));
 }
 
 TEST(H02, ThePayeeOfAnAnnulmentAgainstItsCell) {
-  FileDiProva file = buono('A');
+  FileDiProva file = dueCertificati('A');
   file.valore(3, "DA002001", "BNCMRC71C08L781");
   const std::string posto = std::to_string(file.posto(3, "DA002001"));
   EXPECT_EQ(elenco(file.esamina()), (Elenco{"H02 3:" + posto, "K03 3:" + posto}));
-  file = buono('A');
+  file = dueCertificati('A');
   file.metti(4, 26, "04123450233     ");
   EXPECT_EQ(elenco(file.esamina()), (Elenco{"H02 4:" + std::to_string(file.posto(4, "DA002001"))}));
 }
@@ -75,7 +73,7 @@ TEST(H01, AForeignByteInAHeadIsTheOnlyFinding) {
                                                {4, 27, "\x01", "L03 4:27"},
                                                {3, 44, "\x01", "L03 3:44"},
                                                {4, 91, "\x01", "L03 4:91"}}) {
-    FileDiProva file = buono();
+    FileDiProva file = dueCertificati();
     file.metti(danno.riga, danno.posizione, danno.testo);
     EXPECT_EQ(elenco(file.esamina()), Elenco{danno.trovato});
   }
@@ -114,10 +112,10 @@ TEST(H07, AnOrdinaryCertificateAmongCorrections) {
 }
 
 TEST(H07, ACorrectionAmongOrdinaryCertificates) {
-  FileDiProva file = buono();
+  FileDiProva file = dueCertificati();
   file.metti(5, 84, "S").metti(5, 47, "18030612345678901").metti(5, 64, "000001");
   EXPECT_EQ(elenco(file.esamina()), Elenco{"H07 5:84"});
-  file = buono();
+  file = dueCertificati();
   file.metti(3, 84, "S").metti(3, 47, "18030612345678901").metti(3, 64, "000001");
   EXPECT_EQ(elenco(file.esamina()), Elenco{"H07 3:84"});
 }
@@ -157,7 +155,7 @@ TEST(F03, DatesThatDoNotExist) {
          {2, 429, "        ", "F03 2:429"},
          {2, 429, "20180305", "F03 2:429"},
          {2, 429, "0503201X", "F03 2:429"}});
-  FileDiProva file = buono();
+  FileDiProva file = dueCertificati();
   file.metti(2, 429, "00000000");
   EXPECT_EQ(elenco(file.esamina()), Elenco{});
 }
@@ -177,7 +175,7 @@ TEST(F05, LowerCaseWhereCapitalsAreRequired) {
          {2, 137, "Bottega S.R.L.", "F05 2:137"},
          {2, 310, "brtnna68d52l781k", "F05 2:310"},
          {2, 137, "BOTTEGA \xE0", "F05 2:137"}});
-  FileDiProva file = buono();
+  FileDiProva file = dueCertificati();
   file.metti(2, 137, "Bottega");
   EXPECT_EQ(file.esamina().rilievi.errori(), 0U);
   EXPECT_EQ(file.esamina().rilievi.avvisi(), 1U);
@@ -203,7 +201,7 @@ TEST(F06, FillersThatAreNotBlank) {
 }
 
 TEST(CampiLiberi, AreTheUsers) {
-  FileDiProva file = buono();
+  FileDiProva file = dueCertificati();
   file.metti(1, 530, "nostro").metti(2, 60, "nostro").metti(3, 70, "nostro").metti(4, 64, "nostro");
   EXPECT_EQ(elenco(file.esamina()), Elenco{});
 }

@@ -16,11 +16,7 @@ using ::testing::StartsWith;
 using Reply = TdsServer::Reply;
 using Then = TdsServer::Then;
 
-constexpr const char* kDropped =
-    "La connessione con il server del database è caduta. I dati presentati restano a video: verificare il "
-    "server e la rete, poi ripetere l'operazione.";
-
-OdbcSettings settingsOf(const TdsServer& server, int statementSeconds) {
+OdbcSettings settingsOfTds(const TdsServer& server, int statementSeconds) {
   OdbcSettings settings;
   settings.text =
       "Driver=FreeTDS;Server=127.0.0.1;Port=" + std::to_string(server.port()) + ";Database=suite;UID=cu";
@@ -78,7 +74,7 @@ TEST_P(Departures, BeforeAnAnswerAreToldAndTheNextStatementConnectsAnew) {
     if (statement == "SELECT via") return Reply{"", Then::Leaves};
     return statement.empty() ? welcome() : numbers(1, true);
   });
-  const auto connection = OdbcConnection::open(settingsOf(server, GetParam()), ignore);
+  const auto connection = OdbcConnection::open(settingsOfTds(server, GetParam()), ignore);
   dropsAndComesBack(*connection, "SELECT via");
 }
 
@@ -87,7 +83,7 @@ TEST_P(Departures, WithinAResultAreToldAndTheNextStatementConnectsAnew) {
     if (statement == "SELECT via") return numbers(3000, false, Then::Leaves);
     return statement.empty() ? welcome() : numbers(1, true);
   });
-  const auto connection = OdbcConnection::open(settingsOf(server, GetParam()), ignore);
+  const auto connection = OdbcConnection::open(settingsOfTds(server, GetParam()), ignore);
   dropsAndComesBack(*connection, "SELECT via");
 }
 
@@ -96,7 +92,7 @@ TEST_P(Departures, BetweenTwoStatementsAreToldByTheSecond) {
     return statement.empty() ? welcome()
                              : numbers(1, true, statement == "SELECT ultima" ? Then::Leaves : Then::Stays);
   });
-  const auto connection = OdbcConnection::open(settingsOf(server, GetParam()), ignore);
+  const auto connection = OdbcConnection::open(settingsOfTds(server, GetParam()), ignore);
   EXPECT_EQ(single(*connection, "SELECT ultima"), "1");
   dropsAndComesBack(*connection, "SELECT dopo");
 }
@@ -106,7 +102,7 @@ TEST_P(Departures, BehindAWholeResultTakeNothingFromIt) {
     return statement.empty() ? welcome()
                              : numbers(20000, true, statement == "SELECT tutto" ? Then::Leaves : Then::Stays);
   });
-  const auto connection = OdbcConnection::open(settingsOf(server, GetParam()), ignore);
+  const auto connection = OdbcConnection::open(settingsOfTds(server, GetParam()), ignore);
   EXPECT_EQ(query(*connection, "SELECT tutto").size(), 20000u);
   EXPECT_STREQ(errorOf([&] { query(*connection, "SELECT dopo"); }).what(), kDropped);
 }
@@ -121,7 +117,7 @@ TEST_P(Departures, WhileTheRestOfAResultIsGivenUpCostNoFurtherStatement) {
     }
     return statement.empty() ? welcome() : numbers(1, true);
   });
-  const auto connection = OdbcConnection::open(settingsOf(server, GetParam()), ignore);
+  const auto connection = OdbcConnection::open(settingsOfTds(server, GetParam()), ignore);
   std::optional<DatabaseError> error;
   const Spent spent = spentOn([&] { error = errorOf([&] { query(*connection, "SELECT troppo"); }); });
   EXPECT_STREQ(error->what(), "Un importo del risultato è fuori dai limiti del programma.");
@@ -133,7 +129,7 @@ TEST_P(Departures, DuringALoginAreToldAsSuch) {
   const TdsServer server([](std::string_view) { return Reply{"", Then::Leaves}; });
   std::optional<DatabaseError> error;
   const Spent spent = spentOn(
-      [&] { error = errorOf([&] { OdbcConnection::open(settingsOf(server, GetParam()), ignore); }); });
+      [&] { error = errorOf([&] { OdbcConnection::open(settingsOfTds(server, GetParam()), ignore); }); });
   EXPECT_EQ(error->kind(), DatabaseErrorKind::Unavailable);
   EXPECT_THAT(error->what(), StartsWith("Il server del database "));
   EXPECT_LT(spent.clock, 5);
@@ -145,7 +141,7 @@ TEST(DeparturesFromTls, ThatLeaveTheStreamOpenEndWithTheTimeAllowed) {
   const TdsServer server([](std::string_view statement) {
     return statement.empty() ? welcome() : Reply{"", Then::EndsTls};
   });
-  const auto connection = OdbcConnection::open(settingsOf(server, 1), ignore);
+  const auto connection = OdbcConnection::open(settingsOfTds(server, 1), ignore);
   std::optional<DatabaseError> error;
   const Spent spent = spentOn([&] { error = errorOf([&] { query(*connection, "SELECT via"); }); });
   EXPECT_EQ(error->kind(), DatabaseErrorKind::Timeout) << error->what();

@@ -18,10 +18,6 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-constexpr const char* kDropped =
-    "La connessione con il server del database è caduta. I dati presentati restano a video: verificare il "
-    "server e la rete, poi ripetere l'operazione.";
-
 TEST(Refusals, EachIsOfItsKindAndShowsNoValue) {
   const auto connection = opened();
   connection->Execute("CREATE TEMPORARY TABLE t (id int NOT NULL PRIMARY KEY, nome varchar(10) NOT NULL)");

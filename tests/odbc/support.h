@@ -18,6 +18,10 @@ using cu::test::PostgresServer;
 using cu::test::TdsServer;
 namespace tds = cu::test::tds;
 
+inline constexpr const char* kDropped =
+    "La connessione con il server del database è caduta. I dati presentati restano a video: verificare il "
+    "server e la rete, poi ripetere l'operazione.";
+
 // Started by the first test that needs it.
 inline PostgresServer& server() {
   static PostgresServer shared;

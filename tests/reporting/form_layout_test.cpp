@@ -185,7 +185,7 @@ TEST(FormLayout, ALongNameTakesTwoLinesAndIsWhole) {
   EXPECT_THAT(text, HasSubstr("E DEGLI IMPIANTI SPORTIVI DELLA PROVINCIA DI VERONA\n"));
 }
 
-double sizeOf(const PdfWord& word) { return word.bottom - word.top; }
+double heightOf(const PdfWord& word) { return word.bottom - word.top; }
 
 TEST(FormLayout, ACompanyOfTwoHundredLettersIsReadableInItsBoxAndWholeInTheSignature) {
   const auto archive = SqliteConnection::create(":memory:");
@@ -216,11 +216,11 @@ TEST(FormLayout, ACompanyOfTwoHundredLettersIsReadableInItsBoxAndWholeInTheSigna
   ASSERT_EQ(signature.size(), 2U);
   ASSERT_EQ(label.size(), 1U);
   // Three lines, only slightly smaller than the caption above.
-  EXPECT_NEAR(box[1].top - box[0].top, 2 * 1.05 * sizeOf(box[0]), 1);
-  EXPECT_GT(sizeOf(box[0]), 0.8 * sizeOf(label[0]));
+  EXPECT_NEAR(box[1].top - box[0].top, 2 * 1.05 * heightOf(box[0]), 1);
+  EXPECT_GT(heightOf(box[0]), 0.8 * heightOf(label[0]));
   // One size, larger than in the box.
-  EXPECT_NEAR(sizeOf(signature[0]), sizeOf(signature[1]), 0.01);
-  EXPECT_GT(sizeOf(signature[0]), 1.3 * sizeOf(box[0]));
+  EXPECT_NEAR(heightOf(signature[0]), heightOf(signature[1]), 0.01);
+  EXPECT_GT(heightOf(signature[0]), 1.3 * heightOf(box[0]));
   EXPECT_GT(signature[1].top, signature[0].top);
 }
 

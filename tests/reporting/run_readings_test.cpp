@@ -30,7 +30,7 @@ class NotingConnection : public Connection {
 };
 
 constexpr const char* kColumns = " WHERE 1 = 0";
-constexpr const char* kCompany = " FROM Azienda ";
+constexpr const char* kCompanyStatement = " FROM Azienda ";
 
 class Runs : public testing::Test {
  protected:
@@ -53,7 +53,7 @@ TEST_F(Runs, ReadColumnsAndCompanyOnce) {
   EXPECT_EQ(form(), first);
   EXPECT_EQ(connection.sent.size(), 2 * statements - 2);
   EXPECT_EQ(connection.count(kColumns), 1);
-  EXPECT_EQ(connection.count(kCompany), 1);
+  EXPECT_EQ(connection.count(kCompanyStatement), 1);
 }
 
 TEST_F(Runs, ReadTheRowsOfEachPrint) {
@@ -70,7 +70,7 @@ TEST_F(Runs, ForgetAtTheirEnd) {
   form();
   form();
   EXPECT_EQ(connection.count(kColumns), 3);
-  EXPECT_EQ(connection.count(kCompany), 3);
+  EXPECT_EQ(connection.count(kCompanyStatement), 3);
 }
 
 TEST_F(Runs, ShareNothingWithOneAnother) {
@@ -90,7 +90,7 @@ TEST_F(Runs, HoldEachConnectionsOwn) {
   PrintShop::nameFile(*engine, shop.folder / "a.pdf");
   engine->run(3);
   EXPECT_EQ(other.count(kColumns), 1);
-  EXPECT_EQ(other.count(kCompany), 1);
+  EXPECT_EQ(other.count(kCompanyStatement), 1);
 }
 
 TEST_F(Runs, HoldEachReportsAndCompanysOwn) {
@@ -102,7 +102,7 @@ TEST_F(Runs, HoldEachReportsAndCompanysOwn) {
   PrintShop::nameFile(*accounts, shop.folder / "b.pdf");
   accounts->run(3);
   EXPECT_EQ(connection.count(kColumns), 2);
-  EXPECT_EQ(connection.count(kCompany), 2);
+  EXPECT_EQ(connection.count(kCompanyStatement), 2);
 }
 
 }  // namespace

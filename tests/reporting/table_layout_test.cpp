@@ -15,10 +15,10 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr const char* kCompany = "{__ViewName.IDAziendaPercipiente} = 1 AND {__ViewName.IDAzienda} = 1";
+constexpr const char* kTheCompany = "{__ViewName.IDAziendaPercipiente} = 1 AND {__ViewName.IDAzienda} = 1";
 
 std::string ofPayee(const std::string& code) {
-  return "{__ViewName.CodicePercipiente} = '" + code + "' AND " + kCompany;
+  return "{__ViewName.CodicePercipiente} = '" + code + "' AND " + kTheCompany;
 }
 
 TEST(AccountsList, HasALineAYearUnderPayeeAndReason) {
@@ -51,7 +51,7 @@ TEST(AccountsList, HoldsQuotasModulesAndContributions) {
 
 TEST(AccountsList, OfAllPayeesHasTheTotalOfAllAndEveryPageNumber) {
   PrintShop shop;
-  const std::string path = shop.print(kAccounts, kCompany);
+  const std::string path = shop.print(kAccounts, kTheCompany);
   const std::string text = squeezed(pdfText(path));
   EXPECT_THAT(text,
               HasSubstr("Totale generale 1.515.716,26 82.374,64 25.336,30 763,58 1.624.190,78 119.132,80 "
@@ -73,7 +73,7 @@ TEST(Amounts, OfEightDigitsAreAsLargeAsSmallOnes) {
   for (const char* report : {kAccounts, kSummary}) {
     SCOPED_TRACE(report);
     PrintShop shop;
-    auto engine = shop.engine(report, std::string(" {__ViewName.Anno} = 2017 AND ") + kCompany);
+    auto engine = shop.engine(report, std::string(" {__ViewName.Anno} = 2017 AND ") + kTheCompany);
     engine->setConnection(*archive);
     PrintShop::nameFile(*engine, shop.folder / "a.pdf");
     engine->run(3);
@@ -109,7 +109,7 @@ std::vector<std::string> ranges() {
   for (int year = 2014; year <= 2016; ++year) {
     for (const char* from : {"P001", "P004", "P009", "P017", "P023", "P031"}) {
       formulas.push_back("{__ViewName.Anno} >= " + std::to_string(year) +
-                         " AND {__ViewName.CodicePercipiente} >= '" + from + "' AND " + kCompany);
+                         " AND {__ViewName.CodicePercipiente} >= '" + from + "' AND " + kTheCompany);
     }
   }
   return formulas;
@@ -151,7 +151,7 @@ TEST(Totals, AreNotRepeatedOneAboveTheOther) {
   for (const std::string& formula : ranges()) expectNoTotalTwice(shop.print(kAccounts, formula));
   for (const char* payee : {"P001", "P002", "P003", "P022", "P023", "P032"})
     expectNoTotalTwice(shop.print(kAccounts, ofPayee(payee)));
-  expectNoTotalTwice(shop.print(kSummary, std::string(" {__ViewName.Anno} = 2016 AND ") + kCompany));
+  expectNoTotalTwice(shop.print(kSummary, std::string(" {__ViewName.Anno} = 2016 AND ") + kTheCompany));
   expectNoTotalTwice(
       shop.print(kDetailed, "Year({__ViewName.DataPagamento}) = 2016 AND {__ViewName.IDAzienda} = 1"));
 }
@@ -165,7 +165,7 @@ TEST(Totals, ThatAreEqualByChanceAreNotRepeatedEither) {
       "IDCausalePagamento = (SELECT IDCausalePagamento FROM CausalePagamento WHERE Codice = 'A')");
   PrintShop shop;
   auto engine =
-      shop.engine(kAccounts, std::string("{__ViewName.CodicePercipiente} >= 'P022' AND ") + kCompany);
+      shop.engine(kAccounts, std::string("{__ViewName.CodicePercipiente} >= 'P022' AND ") + kTheCompany);
   engine->setConnection(*archive);
   PrintShop::nameFile(*engine, shop.folder / "a.pdf");
   engine->run(3);
@@ -176,13 +176,13 @@ TEST(Totals, ThatAreEqualByChanceAreNotRepeatedEither) {
 
 TEST(AccountsList, AGroupThatGoesOnIsNamedAgain) {
   PrintShop shop;
-  const std::string text = shop.text(kAccounts, kCompany);
+  const std::string text = shop.text(kAccounts, kTheCompany);
   EXPECT_GT(count(text, "(segue)"), 0);
 }
 
 TEST(Summary, IsALetterForEachPayee) {
   PrintShop shop;
-  const std::string text = shop.text(kSummary, std::string(" {__ViewName.Anno} = 2017 AND ") + kCompany);
+  const std::string text = shop.text(kSummary, std::string(" {__ViewName.Anno} = 2017 AND ") + kTheCompany);
   EXPECT_EQ(count(text, "Certificazione dei compensi - anno 2017"), 45);
   EXPECT_EQ(count(text, "Verona, 5 marzo 2018"), 45);
   EXPECT_EQ(count(text, "Il sostituto d'imposta"), 45);
@@ -292,9 +292,9 @@ TEST(Overflow, NoReportWritesBesideItsPlace) {
   }
   PrintShop shop;
   const std::vector<std::pair<std::string, std::string>> prints = {
-      {kAccounts, std::string("{__ViewName.CodicePercipiente} <= 'P003' AND ") + kCompany},
-      {kSummary,
-       std::string(" {__ViewName.Anno} = 2017 AND {__ViewName.CodicePercipiente} <= 'P003' AND ") + kCompany},
+      {kAccounts, std::string("{__ViewName.CodicePercipiente} <= 'P003' AND ") + kTheCompany},
+      {kSummary, std::string(" {__ViewName.Anno} = 2017 AND {__ViewName.CodicePercipiente} <= 'P003' AND ") +
+                     kTheCompany},
       {kDetailed,
        "Year({__ViewName.DataPagamento}) = 2017 AND {__ViewName.Codice} <= 'P003' AND {__ViewName.IDAzienda} "
        "= 1"},

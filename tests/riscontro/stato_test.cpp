@@ -11,7 +11,7 @@ namespace cu::riscontro::prova {
 namespace {
 
 constexpr Esercizio kEsercizio{1, 2017};
-constexpr const char* kProtocollo = "18030612345678901";
+constexpr const char* kProtocolloStato = "18030612345678901";
 
 // The demonstration company, whose certificates of a year were filed as its accounts give them.
 class Stati : public ::testing::Test {
@@ -35,9 +35,9 @@ class Stati : public ::testing::Test {
   void invia(std::int64_t invio) { registro_.segnaInviato(invio, *Date::fromYmd(2018, 3, 6)); }
   void rispondi(const lettura::Certificato& c, const std::string& esito, const std::string& progressivo) {
     const bool si = esito == "accettata";
-    const PianoRicevuta piano = pianifica(
-        registro_, 1,
-        {{2, c.percipiente, conto(0).causale(), si ? kProtocollo : "", si ? progressivo : "", esito, "no"}});
+    const PianoRicevuta piano = pianifica(registro_, 1,
+                                          {{2, c.percipiente, conto(0).causale(), si ? kProtocolloStato : "",
+                                            si ? progressivo : "", esito, "no"}});
     ASSERT_TRUE(piano.applicabile());
     applica(registro_, piano, *Date::fromYmd(2018, 3, 7));
   }
@@ -51,7 +51,7 @@ class Stati : public ::testing::Test {
   lettura::Certificato correzione(const char* operazione) const {
     lettura::Certificato c = conto(0);
     c.operazione = operazione;
-    c.protocollo = kProtocollo;
+    c.protocollo = kProtocolloStato;
     c.progressivo = "000001";
     if (std::string(operazione) == "A") c.moduli.clear();
     return c;
@@ -189,7 +189,7 @@ TEST_F(Stati, OfTwoWithOneKeyKeepToWhatAgrees) {
   for (std::size_t i = 0; i < 2; ++i) {
     Registrata r = tutte[i];
     r.stato = Stato::Accettata;
-    r.protocollo = kProtocollo;
+    r.protocollo = kProtocolloStato;
     r.progressivo = "00000" + std::to_string(i + 1);
     registro_.aggiorna(r, *Date::fromYmd(2018, 3, 7));
   }

@@ -33,7 +33,7 @@ struct Prova {
 };
 
 template <class F>
-int numero(F&& operazione) {
+int numeroErrore(F&& operazione) {
   try {
     operazione();
   } catch (const Error& error) {
@@ -63,19 +63,19 @@ TEST(Sessione, BeforeTheStartOnlyNameAndTitleAreThere) {
   prova.sessione.setProgramName("cuctl");
   EXPECT_EQ(prova.sessione.title(), "Quadrivio");
   EXPECT_EQ(prova.aperture, 0);
-  EXPECT_EQ(numero([&] { prova.sessione.database(); }), kErrorObjectNotSet);
-  EXPECT_EQ(numero([&] { prova.sessione.IDUtente(); }), kErrorObjectNotSet);
-  EXPECT_EQ(numero([&] { prova.sessione.processi(); }), kErrorObjectNotSet);
-  EXPECT_EQ(numero([&] { prova.sessione.settingsSection(); }), kErrorObjectNotSet);
+  EXPECT_EQ(numeroErrore([&] { prova.sessione.database(); }), kErrorObjectNotSet);
+  EXPECT_EQ(numeroErrore([&] { prova.sessione.IDUtente(); }), kErrorObjectNotSet);
+  EXPECT_EQ(numeroErrore([&] { prova.sessione.processi(); }), kErrorObjectNotSet);
+  EXPECT_EQ(numeroErrore([&] { prova.sessione.settingsSection(); }), kErrorObjectNotSet);
 }
 
 TEST(Sessione, ARefusedStartHasItsNumberAndLeavesNoDatabase) {
   Prova prova;
   prova.descrizione.sessione.rifiutaAvvio = true;
-  EXPECT_EQ(numero([&] { prova.sessione.start(0); }), -2147221503);
+  EXPECT_EQ(numeroErrore([&] { prova.sessione.start(0); }), -2147221503);
   EXPECT_TRUE(prova.rifiutato);
   EXPECT_EQ(prova.aperture, 0);
-  EXPECT_EQ(numero([&] { prova.sessione.database(); }), kErrorObjectNotSet);
+  EXPECT_EQ(numeroErrore([&] { prova.sessione.database(); }), kErrorObjectNotSet);
   EXPECT_EQ(prova.sessione.title(), "Quadrivio");
 }
 
@@ -88,7 +88,7 @@ TEST(Sessione, ADatabaseThatCannotBeOpenedIsNoRefusedStart) {
         throw DatabaseError(DatabaseErrorKind::Unavailable, 14, "", "manca");
       },
       nullptr, rifiutato);
-  EXPECT_EQ(numero([&] { sessione.start(0); }), kErrorDatabase);
+  EXPECT_EQ(numeroErrore([&] { sessione.start(0); }), kErrorDatabase);
   EXPECT_FALSE(rifiutato);
 }
 

@@ -8,7 +8,7 @@
 namespace cu::test {
 namespace {
 
-constexpr const char* kFile = "demo.db";
+constexpr const char* kFileDatabase = "demo.db";
 
 const char* contenuto(Posto::Database database) {
   return database == Posto::Database::Vuoto ? "--empty" : "--demo";
@@ -20,7 +20,7 @@ const std::string& modello(Posto::Database database) {
   static std::map<Posto::Database, std::string> fatti;
   std::string& file = fatti[database];
   if (file.empty()) {
-    file = cartella / (database == Posto::Database::Vuoto ? "vuoto.db" : kFile);
+    file = cartella / (database == Posto::Database::Vuoto ? "vuoto.db" : kFileDatabase);
     const Esecuzione esito =
         esegui({CU_CUCTL, "create", "--database", "sqlite:" + file, contenuto(database)}, cartella.path());
     if (esito.codice != 0) throw std::runtime_error("cuctl create: " + esito.errori);
@@ -63,7 +63,7 @@ Posto::Posto(Database database) {
   if (sulServer()) {
     usa(std::make_unique<DatabaseDelServer>(modelloSulServer(database)));
   } else {
-    std::filesystem::copy_file(modello(database), cartella_ / kFile);
+    std::filesystem::copy_file(modello(database), cartella_ / kFileDatabase);
   }
 }
 
@@ -97,12 +97,12 @@ std::unique_ptr<Processo> Posto::guida() {
 }
 
 std::string Posto::indirizzo() const {
-  return database_ == nullptr ? std::string("sqlite:") + kFile : database_->indirizzo();
+  return database_ == nullptr ? std::string("sqlite:") + kFileDatabase : database_->indirizzo();
 }
 
 Esecuzione Posto::crea(std::vector<std::string> argomenti) {
   database_.reset();
-  std::filesystem::remove(cartella_ / kFile);
+  std::filesystem::remove(cartella_ / kFileDatabase);
   if (sulServer()) usa(std::make_unique<DatabaseDelServer>());
   return sulDatabase("create", std::move(argomenti));
 }
@@ -121,7 +121,7 @@ Esecuzione Posto::sulDatabase(const std::string& comando, std::vector<std::strin
 
 std::unique_ptr<Lettore> Posto::lettore() const {
   if (database_ != nullptr) return database_->lettore();
-  return std::make_unique<LettoreDb>(cartella_ / kFile);
+  return std::make_unique<LettoreDb>(cartella_ / kFileDatabase);
 }
 
 std::vector<std::string> Posto::file(const std::string& sotto) const {
