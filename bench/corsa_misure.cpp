@@ -41,7 +41,7 @@
 namespace cu::bench {
 namespace {
 
-// What a side tells the process that compares them: names and numbers.
+// What a side reports to the process that compares them: names and numbers.
 using Measures = std::map<std::string, double>;
 
 void tell(const char* name, double value) { std::printf("%s %.9g\n", name, value); }

@@ -16,7 +16,7 @@
 
 namespace cu::bench {
 
-// `Row` tells of column n: isNull(n), text(n), amount(n) in ten-thousandths, whole(n), day(n).
+// `Row` returns of column n: isNull(n), text(n), amount(n) in ten-thousandths, whole(n), day(n).
 class ComposizioneAMano {
  public:
   ComposizioneAMano() : d_(1900, ' '), h_(1900, ' ') {

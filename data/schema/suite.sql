@@ -1,5 +1,5 @@
 -- The suite's tables and views, as far as this system needs them, in the dialect of SQL Server. Statements are
--- parted by lines that hold GO alone. The embedded database is given the same texts.
+-- separated by lines of GO alone. The embedded database receives the same texts.
 --
 -- No foreign keys: old data hold ids of 0. No index on a text column.
 
@@ -385,7 +385,7 @@ CREATE INDEX [IX_TabellaRicorsione2_Utente] ON [dbo].[TabellaRicorsione2] ([IDUt
 GO
 
 -- One row for each row of ContoIndividuale, whatever is missing beside it. The code of a reason that is not
--- there, or has none, is null, and so is an advance that was stored so: the worklist refuses both
+-- there, or has none, is null, and so is an advance that was stored so: the worklist rejects both
 CREATE VIEW [dbo].[RepContoIndividuale] AS
 SELECT CI.IDAnagrafica, CI.IDCausalePagamento, CI.Anno, CI.IDAzienda, CI.OnorarioProvvigioni,
        CI.QuotaProvvigioniNonSoggette, CI.SommeNonSoggette, CI.SommeNonSoggetteRegConv, CI.RitenutaAcconto,

@@ -39,7 +39,7 @@ std::string tre(std::string_view testo, std::string_view scelte) {
 
 constexpr std::string_view kMesi = "ABCDEHLMPRST";
 
-// The digit that a character of a code stands for; -1 for none. The letters replace digits in homonymous
+// The digit that a character of a code represents; -1 for none. The letters replace digits in homonymous
 // codes.
 int cifra(char c) {
   constexpr std::string_view kSostituti = "LMNPQRSTUV";

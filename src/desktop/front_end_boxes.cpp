@@ -191,7 +191,7 @@ std::optional<std::string> QtFrontEnd::chooseFileToSave(const std::string& title
   Kinds kinds;
   QFileDialog dialog(parentForDialog(), shown(title), QString(), shown(filter));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
-  // The overwrite question is then asked for the name actually written, with this extension.
+  // The overwrite question then concerns the name actually written, with this extension.
   dialog.setDefaultSuffix(endingOf(shown(filter)));
   makeReadable(dialog, kinds);
   if (!start.empty()) dialog.selectFile(shown(start));

@@ -208,7 +208,7 @@ std::size_t Layouter::place(Row& row, const std::vector<Control*>& controls, std
   return 1;
 }
 
-// Sections of a page with one field each stand side by side.
+// Sections of a page with one field each are placed side by side.
 std::size_t Layouter::placeFrames(Row& row, const std::vector<Control*>& controls, std::size_t at) {
   std::size_t count = 0;
   while (onEditorPage(controls) && at + count < controls.size() && holdsOne(*controls[at + count])) ++count;

@@ -16,7 +16,7 @@ constexpr int kNarrow = 52;
 constexpr int kBandMargin = 14;
 constexpr int kDisc = 26;
 
-// The leading mark stands for a line of the list.
+// The leading mark represents a line of the list.
 QString titleOf(const SideBand::Item& item) { return shown(item.title).remove(QStringLiteral("- ")); }
 
 // Draws the steps: completed, present, future.

@@ -163,7 +163,7 @@ struct Colonna {
 };
 
 // The columns of a box, in the order in which they are written back: for a list the id and the value that it
-// stands for, for a sum its two parts.
+// represents, for a sum its two parts.
 class ColonneDiCampo {
  public:
   constexpr explicit ColonneDiCampo(const Campo& campo) {

@@ -17,7 +17,7 @@ namespace cu::reporting {
 //   comparison = operand ( "=" | "<>" | "<" | "<=" | ">" | ">=" ) operand
 //   operand    = field | "Year" "(" field ")" | text | number
 //   field      = "{" view "." column "}"       view: __ViewName, or the name of the report's own view
-//   text       = "'" characters "'" | '"' characters '"'       the mark doubled stands for itself
+//   text       = "'" characters "'" | '"' characters '"'       a doubled mark is one mark
 //   number     = [ "-" ] digits [ "." digits ]
 //
 // Words and names are compared without case.

@@ -139,7 +139,7 @@ std::optional<Stato> statoDi(std::string_view parola) {
 }
 
 std::string improntaCelle(const Certificato& certificato) {
-  // FNV-1a over the cells: it tells contents apart, and protects nothing.
+  // FNV-1a over the cells: it distinguishes contents, and protects nothing.
   std::uint64_t somma = 14695981039346656037U;
   const auto aggiungi = [&somma](std::string_view testo) {
     for (const char c : testo) somma = (somma ^ static_cast<unsigned char>(c)) * 1099511628211U;

@@ -34,7 +34,7 @@ namespace cu {
 enum class Direzione { Salto = 0, Indietro = 1, Avanti = 2 };
 
 // The wizard's only main window: three frames of content, of which the run mode decides which are walked. Its
-// controls bear the names of the system; the routines stand in the files of their subjects.
+// controls have the names of the system; the routines are in the files of their subjects.
 class FrmWizard : public Form, public per_chiamanti::DiFrmWizard<FrmWizard> {
  public:
   FrmWizard(const Ambiente& ambiente, Globali& globali);

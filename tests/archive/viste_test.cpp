@@ -100,7 +100,7 @@ TEST(RepContoIndividuale, GivesOneRowForAnAccountWithNothingBesideIt) {
   EXPECT_TRUE(rows.isNull(0, "CodicePercipiente"));
 }
 
-// One payee of company 1 with an account of 2016 for reason "M" (id 11) and all that can stand beside it.
+// One payee of company 1 with an account of 2016 for reason "M" (id 11) and all that can accompany it.
 void fillOneAccount(Connection& connection) {
   connection.Execute("INSERT INTO Azienda (IDAzienda, IDAnagrafica) VALUES (1, 1)");
   connection.Execute(

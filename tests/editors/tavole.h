@@ -12,7 +12,7 @@ namespace cu::test {
 
 enum class Tipo { Importo, Testo, Flag, Elenco, Numero };
 
-// Layouts by their first year; 2016 stands for every later year.
+// Layouts by their first year; 2016 is valid for every later year.
 inline constexpr int kAnni[] = {2014, 2015, 2016};
 inline constexpr int kTutti = 7;
 inline constexpr int kDal2015 = 6;

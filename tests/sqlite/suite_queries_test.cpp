@@ -1,4 +1,4 @@
-// The queries of a run and the small statements of the forms, as they stand, on a small database of the
+// The queries of a run and the small statements of the forms, unchanged, on a small database of the
 // suite.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -7,10 +7,10 @@
 #include "suite_columns.h"
 
 // The statements of the system as they reach the database, for the tests and the benchmark of the embedded
-// engine. They stand by themselves: none of it comes from the code that composes them.
+// engine. They are independent: none of it comes from the code that composes them.
 namespace cu::sqlite::test {
 
-// "@" stands for the name of the work table.
+// "@" is replaced by the name of the work table.
 inline constexpr std::string_view kMainQuery =
     "SELECT @.*, Anag.Anagrafica, Anag.Nome, Anag.PersonaFisica, Anag.EMailInternet,"
     " Anag.Telefono, Anag.Fax, CG.CodiceFiscaleSocieta, CASE WHEN ISNULL(Anag.CodiceFiscale,"

@@ -74,7 +74,7 @@ inline Campi quadro(const std::string& modulo) {
 inline std::string importo(const std::string& cifre) { return std::string(16 - cifre.size(), ' ') + cifre; }
 inline const std::string kUno = std::string(15, ' ') + "1";
 
-// Every column of the form holds something; amounts tell their own number.
+// Every column of the form has a value; an amount contains the number of its column.
 inline Contenuti pieno(const std::vector<test::RigaForma>& forma) {
   Contenuti riga;
   int n = 100;

@@ -15,7 +15,7 @@ class RecordImage;
 
 // A file of fixed-width lines, written from the first to the last. Errors rise as they are, and the object
 // stays as it was: 55 for a file already open, 5 for a mode or an offset that does not exist, 52 for a write
-// to a file that is not open, FileError for what the file system refuses.
+// to a file that is not open, FileError for what the file system rejects.
 class FileSeq : public per_chiamanti::DiFileSeq<FileSeq> {
  public:
   FileSeq(FileSystem& files, TextViewer& visore) : files_(files), visore_(visore) {}
