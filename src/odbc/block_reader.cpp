@@ -18,7 +18,7 @@ void need(SQLRETURN code) {
   if (!SQL_SUCCEEDED(code)) throw CallFailed{};
 }
 
-[[noreturn]] void refuse(const char* what) {
+[[noreturn]] void refuseResult(const char* what) {
   throw DatabaseError(DatabaseErrorKind::Other, 0, "SELECT", what);
 }
 
@@ -185,7 +185,8 @@ void BlockReader::row(const StatementHandle& statement, std::size_t row, RowStor
       continue;
     }
     if (!rereads_)
-      refuse("Una colonna del risultato contiene un testo più lungo di quanto il driver ODBC dichiara.");
+      refuseResult(
+          "Una colonna del risultato contiene un testo più lungo di quanto il driver ODBC dichiara.");
     need(SQLSetPos(statement.get(), static_cast<SQLSETPOSIROW>(row + 1), SQL_POSITION, SQL_LOCK_NO_CHANGE));
     askFor(statement, i, rows);
   }
@@ -207,14 +208,14 @@ void BlockReader::cell(const Bound& column, const char* content, SQLLEN length, 
     case Form::Amount: {
       const auto bytes = std::min(static_cast<std::size_t>(std::max<SQLLEN>(length, 0)), kAmountBytes - 1);
       const auto amount = Decimal::parse(std::string_view(content, bytes));
-      if (!amount) refuse("Un importo del risultato è fuori dai limiti del programma.");
+      if (!amount) refuseResult("Un importo del risultato è fuori dai limiti del programma.");
       rows.decimal(*amount);
       return;
     }
     case Form::Date: {
       const auto stamp = at<SQL_TIMESTAMP_STRUCT>(content);
       const auto day = Date::fromYmd(stamp.year, stamp.month, stamp.day);
-      if (!day) refuse("Una data del risultato è fuori dai limiti del programma.");
+      if (!day) refuseResult("Una data del risultato è fuori dai limiti del programma.");
       rows.date(*day);
       return;
     }

@@ -9,12 +9,12 @@
 namespace cu::odbc {
 namespace {
 
-[[noreturn]] void refuse(const std::string& why) {
+[[noreturn]] void refuseAddress(const std::string& why) {
   throw DatabaseError(DatabaseErrorKind::Unavailable, 0, "", why);
 }
 
 [[noreturn]] void malformed() {
-  refuse(
+  refuseAddress(
       "L'indirizzo odbc del database non è valido: atteso un elenco di chiavi e valori, come "
       "\"odbc:Driver=FreeTDS;Server=...;Database=...;UID=...\".");
 }
@@ -88,7 +88,7 @@ ConnectionText::ConnectionText(std::string_view text) {
   }
   if (entries_.empty()) malformed();
   if (has({"PWD", "Password"})) {
-    refuse(
+    refuseAddress(
         "La password non va scritta nell'indirizzo del database: indicare in password_env del profilo, o con "
         "--password-env, il nome della variabile d'ambiente che la contiene.");
   }
@@ -153,8 +153,8 @@ void setEncryption(ConnectionText& text, DriverFamily family, bool encrypt) {
   for (const char* const keyword : {"Encryption", "Encrypt"}) {
     const std::string own = lowerAscii(text.value({keyword}));
     if (own.empty() || std::ranges::find(kStrictEnough, own) != std::end(kStrictEnough)) continue;
-    refuse("L'indirizzo del database toglie la cifratura (" + std::string(keyword) +
-           "): toglierne la chiave, o scrivere encrypt = false nel profilo.");
+    refuseAddress("L'indirizzo del database toglie la cifratura (" + std::string(keyword) +
+                  "): toglierne la chiave, o scrivere encrypt = false nel profilo.");
   }
   if (!text.has({words.keyword})) text.set(words.keyword, words.on);
 }
