@@ -31,8 +31,8 @@ void stampaFile(const std::string& percorso, std::int32_t anno) {
   for (const std::string& riga : riepilogo.prime) stampaRecord(riga, anno);
 }
 
-fornitura::RichiestaCU completa(const OpzioniMake& opzioni, SessioneComando& sessione,
-                                Surroundings& surroundings, Terminale& terminale) {
+fornitura::RichiestaCU completaCorsa(const OpzioniMake& opzioni, SessioneComando& sessione,
+                                     Surroundings& surroundings, Terminale& terminale) {
   fornitura::RichiestaCU richiesta = opzioni.richiesta;
   if (richiesta.cartella.empty()) richiesta.cartella = sessione.cartella;
   richiesta.cartellaDocumenti = sessione.testi().text(1264);
@@ -64,8 +64,8 @@ int comandoMake(const OpzioniMake& opzioni) {
   bool riuscito = false;
   sessione.esegui([&] {
     Compensi compensi(surroundings.utilita(), terminale);
-    const auto esito =
-        fornitura::creaCU(sessione.intorno(), compensi, completa(opzioni, sessione, surroundings, terminale));
+    const auto esito = fornitura::creaCU(sessione.intorno(), compensi,
+                                         completaCorsa(opzioni, sessione, surroundings, terminale));
     if (esito->mancanti.empty()) {
       scriviRifiuti(esito.refusals, terminale);
     } else {

@@ -8,8 +8,8 @@
 namespace cu {
 namespace {
 
-fornitura::RichiestaReport completa(const OpzioniPrint& opzioni, const Surroundings& surroundings,
-                                    Terminale& terminale) {
+fornitura::RichiestaReport completaStampa(const OpzioniPrint& opzioni, const Surroundings& surroundings,
+                                          Terminale& terminale) {
   const bool conti = opzioni.report == kStampaConti;
   fornitura::RichiestaReport richiesta = opzioni.richiesta;
   richiesta.modo = conti ? ModoCorsa::ContiIndividuali : ModoCorsa::Certificazione;
@@ -31,7 +31,7 @@ int comandoPrint(const OpzioniPrint& opzioni) {
   SessioneComando sessione(surroundings, terminale);
   sessione.esegui([&] {
     const auto esito =
-        fornitura::stampaReport(sessione.intorno(), completa(opzioni, surroundings, terminale));
+        fornitura::stampaReport(sessione.intorno(), completaStampa(opzioni, surroundings, terminale));
     scriviRifiuti(esito.refusals, terminale);
   });
 

@@ -150,7 +150,7 @@ std::optional<int> senzaSchermo(int quanti, char** argomenti, CLI::App& programm
   return std::nullopt;
 }
 
-int eseguiProgramma(int quanti, char** argomenti) {
+int eseguiFinestra(int quanti, char** argomenti) {
   Opzioni opzioni;
   CLI::App programma("Autocomposizione: conti individuali, certificazioni, Certificazione Unica", "cuwizard");
   parlaItaliano(programma);

@@ -29,7 +29,7 @@ constexpr std::string_view kSecondaCausale = "M1";
 
 Decimal centesimi(std::int64_t valore) { return Decimal::fromScaled(valore * 100); }
 
-schede::SchedaAnagrafica anagrafica(std::int32_t id, const PercipienteInventato& p) {
+schede::SchedaAnagrafica anagraficaInventata(std::int32_t id, const PercipienteInventato& p) {
   schede::SchedaAnagrafica scheda;
   scheda.id = id;
   scheda.anagrafica = p.anagrafica;
@@ -175,7 +175,7 @@ void Generatore::scheda(std::int32_t id, const PercipienteInventato& p, Casuale&
       p.residente() && p.persona() && caso.percento(30) ? static_cast<std::int32_t>(caso.tra(1, 9)) : 0;
   schede::SchedaPercipiente scheda;
   scheda.idAzienda = kAzienda;
-  scheda.anagrafica = anagrafica(id, p);
+  scheda.anagrafica = anagraficaInventata(id, p);
   scheda.codice = cifre(id - kPrimoPercipiente + 1, 7);
   scheda.nonResidente = !p.residente();
   scheda.schumacker = p.schumacker;

@@ -253,7 +253,7 @@ constexpr std::array<Command, 19> kCommands = {{
     {"close", When::Acting, {{{"window", Kind::Text}}}, close},
 }};
 
-const char* nameOf(Kind kind) {
+const char* nameOfKind(Kind kind) {
   switch (kind) {
     case Kind::Text:
       return "un testo";
@@ -286,7 +286,7 @@ void check(const Argument& argument, const Json& command) {
   const std::string name(argument.name);
   const auto found = command.find(name);
   if (found == command.end()) {
-    if (argument.required) throw Refused{"manca \"" + name + "\": atteso " + nameOf(argument.kind)};
+    if (argument.required) throw Refused{"manca \"" + name + "\": atteso " + nameOfKind(argument.kind)};
     return;
   }
   if (holdsNull(*found)) throw Refused{"\"" + name + "\": il carattere nullo non è ammesso"};
@@ -294,7 +294,7 @@ void check(const Argument& argument, const Json& command) {
   if (argument.kind == Kind::Text) good = found->is_string();
   if (argument.kind == Kind::Integer) good = fits(*found, argument);
   if (good) return;
-  std::string wanted = nameOf(argument.kind);
+  std::string wanted = nameOfKind(argument.kind);
   if (argument.least != kAnyMin) wanted += " da " + fromInteger(argument.least);
   if (argument.most != kAnyMax) wanted += " a " + fromInteger(argument.most);
   throw Refused{"\"" + name + "\": atteso " + wanted};

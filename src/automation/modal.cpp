@@ -9,7 +9,7 @@
 namespace cu {
 namespace {
 
-const char* nameOf(BoxIcon icon) {
+const char* nameInModal(BoxIcon icon) {
   switch (icon) {
     case BoxIcon::None:
       return "none";
@@ -25,7 +25,7 @@ const char* nameOf(BoxIcon icon) {
   return "none";
 }
 
-const char* nameOf(Answer answer) {
+const char* nameInModal(Answer answer) {
   switch (answer) {
     case Answer::Ok:
       return "ok";
@@ -95,18 +95,18 @@ Modal messageModal(const MessageBox& box, Answer& result) {
   JsonObject buttons = JsonObject::array();
   std::string words;
   for (const Answer answer : answers) {
-    buttons.push_back(nameOf(answer));
-    words += (words.empty() ? "\"" : ", \"") + std::string(nameOf(answer)) + "\"";
+    buttons.push_back(nameInModal(answer));
+    words += (words.empty() ? "\"" : ", \"") + std::string(nameInModal(answer)) + "\"";
   }
   return {{{"kind", "message"},
            {"text", box.text},
            {"title", box.title},
-           {"icon", nameOf(box.icon)},
+           {"icon", nameInModal(box.icon)},
            {"buttons", buttons},
-           {"default", nameOf(box.byDefault)}},
+           {"default", nameInModal(box.byDefault)}},
           [answers, words, &result](const Json& given) {
             for (const Answer answer : answers) {
-              if (!isWord(given, nameOf(answer))) continue;
+              if (!isWord(given, nameInModal(answer))) continue;
               result = answer;
               return;
             }

@@ -33,7 +33,7 @@ std::set<std::string> allCodes() {
   return codes;
 }
 
-const std::string& textOf(const FormOfFile::Cells& cells, std::string_view code) {
+const std::string& cellText(const FormOfFile::Cells& cells, std::string_view code) {
   static const std::string kNone;
   const auto found = std::find_if(cells.begin(), cells.end(),
                                   [code](const FormOfFile::Cell& cell) { return cell.code == code; });
@@ -85,7 +85,7 @@ class CellsConnection final : public Connection {
   static Row cellsOf(const FormOfFile::Cells& cells) {
     static const std::set<std::string> kCodes = allCodes();
     Row row;
-    for (const std::string& code : kCodes) row.emplace(code, Value::ofText(textOf(cells, code)));
+    for (const std::string& code : kCodes) row.emplace(code, Value::ofText(cellText(cells, code)));
     return row;
   }
 
@@ -104,15 +104,15 @@ class CellsConnection final : public Connection {
     number("Anno", form_.year);
     number("Path1", form_.kind);
     number("Path2", form_.intermediary.empty() ? 0 : 1);
-    row.emplace("Path3", Value::ofDate(dayOf(textOf(cells, "DA003001"))));
+    row.emplace("Path3", Value::ofDate(dayOf(cellText(cells, "DA003001"))));
     text("ProtocolloAnnSost", form_.protocol);
     text("ProgressivoAnnSost", form_.progressive);
     number("PersonaFisica", 1);
-    text("CodiceFiscale", textOf(cells, "DA002001"));
-    text("Anagrafica", textOf(cells, "DA002002"));
-    text("Nome", textOf(cells, "DA002003"));
-    text("AnagraficaAz", textOf(cells, "DA001002"));
-    text("NomeAz", textOf(cells, "DA001003"));
+    text("CodiceFiscale", cellText(cells, "DA002001"));
+    text("Anagrafica", cellText(cells, "DA002002"));
+    text("Nome", cellText(cells, "DA002003"));
+    text("AnagraficaAz", cellText(cells, "DA001002"));
+    text("NomeAz", cellText(cells, "DA001003"));
     text("NomeRapp", form_.representative);
     text("AnagraficaRapp", {});
     text("CodiceFiscaleIntermediario", form_.intermediary);

@@ -36,7 +36,7 @@ class PlainNumbers {
   std::string before_;
 };
 
-void check(lxw_error code) {
+void checkWritten(lxw_error code) {
   if (code == LXW_NO_ERROR) return;
   throw Error(kErrorReportOutput, "Impossibile scrivere la tabella: " + std::string(lxw_strerror(code)) +
                                       " (codice " + fromInteger(static_cast<std::int64_t>(code)) + ").");
@@ -67,9 +67,9 @@ class Sheet {
     lxw_workbook_options options = {};
     options.constant_memory = LXW_TRUE;
     book_ = workbook_new_opt(path.c_str(), &options);
-    if (book_ == nullptr) check(LXW_ERROR_MEMORY_MALLOC_FAILED);
+    if (book_ == nullptr) checkWritten(LXW_ERROR_MEMORY_MALLOC_FAILED);
     sheet_ = workbook_add_worksheet(book_, sheetName(title).c_str());
-    if (sheet_ == nullptr) check(LXW_ERROR_MEMORY_MALLOC_FAILED);
+    if (sheet_ == nullptr) checkWritten(LXW_ERROR_MEMORY_MALLOC_FAILED);
     std::string titleCopy = title;
     std::string creatorCopy = creator;
     lxw_doc_properties properties = {};
@@ -96,7 +96,7 @@ class Sheet {
 
   void column(const QString& caption, double width) {
     worksheet_set_column(sheet_, column_, column_, width, nullptr);
-    check(worksheet_write_string(sheet_, 0, column_++, caption.toStdString().c_str(), head_));
+    checkWritten(worksheet_write_string(sheet_, 0, column_++, caption.toStdString().c_str(), head_));
   }
   void beginRow() {
     if (++row_ >= kMostRows) {
@@ -108,20 +108,22 @@ class Sheet {
   void text(const QString& value) {
     const lxw_col_t at = column_++;
     if (!value.isEmpty())
-      check(worksheet_write_string(sheet_, place(), at, value.toStdString().c_str(), nullptr));
+      checkWritten(worksheet_write_string(sheet_, place(), at, value.toStdString().c_str(), nullptr));
   }
   void integer(std::int64_t value) {
-    check(worksheet_write_number(sheet_, place(), column_++, static_cast<double>(value), nullptr));
+    checkWritten(worksheet_write_number(sheet_, place(), column_++, static_cast<double>(value), nullptr));
   }
   void amount(Decimal value) {
-    check(worksheet_write_number(sheet_, place(), column_++, value.toDouble(), amount_));
+    checkWritten(worksheet_write_number(sheet_, place(), column_++, value.toDouble(), amount_));
   }
   // The file also counts days since 30 December 1899.
-  void date(Date value) { check(worksheet_write_number(sheet_, place(), column_++, value.serial(), date_)); }
+  void date(Date value) {
+    checkWritten(worksheet_write_number(sheet_, place(), column_++, value.serial(), date_));
+  }
   void close() {
     lxw_workbook* const book = book_;
     book_ = nullptr;
-    check(workbook_close(book));
+    checkWritten(workbook_close(book));
   }
 
  private:

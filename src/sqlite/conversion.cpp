@@ -95,7 +95,7 @@ std::optional<std::string> timeOf(std::string_view text) {
   return time;
 }
 
-std::string quoted(std::string_view text) {
+std::string quotedName(std::string_view text) {
   std::string result = "'";
   for (const char c : text) {
     result += c;
@@ -170,7 +170,7 @@ std::string writtenOut(const Literal& literal, Conversion conversion) {
     if (error != std::errc()) fail("numero fuori dai limiti");
     return {buffer.data(), end};
   }
-  return quoted(std::get<std::string>(value));
+  return quotedName(std::get<std::string>(value));
 }
 
 }  // namespace cu::sqlite

@@ -20,9 +20,9 @@ void answer(sqlite3_context* context, const std::string& text) {
   sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
-void fail(sqlite3_context* context, const char* message) { sqlite3_result_error(context, message, -1); }
+void failCall(sqlite3_context* context, const char* message) { sqlite3_result_error(context, message, -1); }
 
-Decimal amount(sqlite3_value* value) {
+Decimal amountArgument(sqlite3_value* value) {
   if (sqlite3_value_type(value) == SQLITE_FLOAT) return amountOf(sqlite3_value_double(value));
   return Decimal::fromInteger(sqlite3_value_int64(value));
 }
@@ -48,7 +48,7 @@ void guarded(sqlite3_context* context, Body body) {
   } catch (const std::bad_alloc&) {
     sqlite3_result_error_nomem(context);
   } catch (const std::exception& error) {
-    fail(context, error.what());
+    failCall(context, error.what());
   }
 }
 
@@ -71,7 +71,7 @@ void requiredFunction(sqlite3_context* context, int, sqlite3_value** args) {
     sqlite3_result_value(context, args[0]);
     return;
   }
-  fail(context, "NOT NULL constraint failed: chiave");
+  failCall(context, "NOT NULL constraint failed: chiave");
   sqlite3_result_error_code(context, SQLITE_CONSTRAINT_NOTNULL);
 }
 
@@ -94,7 +94,7 @@ void sumStep(sqlite3_context* context, int, sqlite3_value** args) {
     return;
   }
   guarded(context, [&] {
-    sum->total = sum->total + amount(args[0]);
+    sum->total = sum->total + amountArgument(args[0]);
     sum->any = true;
   });
 }

@@ -8,7 +8,7 @@
 namespace cu::telematico {
 namespace {
 
-void aggiungi(CURecord& record, Tavola righe) {
+void aggiungiRighe(CURecord& record, Tavola righe) {
   for (const CampoRecord& riga : righe) {
     if (riga.volte == 1) {
       record.Fields().Add(riga.nome, riga.posizione - 1, riga.lunghezza);
@@ -24,12 +24,12 @@ void aggiungi(CURecord& record, Tavola righe) {
 }  // namespace
 
 void creaCatalogo(CURecords& catalogo, std::int32_t gAnno) {
-  aggiungi(catalogo.Add("TipoA"), kTipoA);
+  aggiungiRighe(catalogo.Add("TipoA"), kTipoA);
   CURecord& tipoB = catalogo.Add("TipoB");
-  for (const Tavola parte : modello::tipoB(gAnno)) aggiungi(tipoB, parte);
-  aggiungi(catalogo.Add("TipoD"), kTipoD);
-  aggiungi(catalogo.Add("TipoH"), kTipoH);
-  aggiungi(catalogo.Add("TipoZ"), kTipoZ);
+  for (const Tavola parte : modello::tipoB(gAnno)) aggiungiRighe(tipoB, parte);
+  aggiungiRighe(catalogo.Add("TipoD"), kTipoD);
+  aggiungiRighe(catalogo.Add("TipoH"), kTipoH);
+  aggiungiRighe(catalogo.Add("TipoZ"), kTipoZ);
 }
 
 }  // namespace cu::telematico

@@ -17,7 +17,7 @@ using test::null;
 using test::Table;
 using test::whole;
 
-std::shared_ptr<const Columns> columns(std::size_t count) {
+std::shared_ptr<const Columns> columnsOf(std::size_t count) {
   std::vector<Column> list(count);
   for (std::size_t i = 0; i < count; ++i) list[i].name = "C" + std::to_string(i);
   return std::make_shared<const Columns>(std::move(list));
@@ -52,7 +52,7 @@ void expectSame(const std::vector<std::vector<Value>>& rows, std::size_t width) 
 }
 
 TEST(Columns, AreFoundWithoutRegardToCase) {
-  const Columns columns({{"IDAnagrafica", ValueType::Integer}, {"Più", ValueType::Text}});
+  const Columns columnsOf({{"IDAnagrafica", ValueType::Integer}, {"Più", ValueType::Text}});
   EXPECT_EQ(columns.size(), 2U);
   EXPECT_EQ(columns.find("idanagrafica"), 0U);
   EXPECT_EQ(columns.find("IDANAGRAFICA"), 0U);
@@ -63,7 +63,7 @@ TEST(Columns, AreFoundWithoutRegardToCase) {
 }
 
 TEST(Columns, OfTwoWithOneNameTheFirstIsMeant) {
-  const Columns columns(
+  const Columns columnsOf(
       {{"Codice", ValueType::Text}, {"Anno", ValueType::Integer}, {"CODICE", ValueType::Integer}});
   EXPECT_EQ(columns.size(), 3U);
   EXPECT_EQ(columns.find("Codice"), 0U);
@@ -121,7 +121,7 @@ TEST(RowStore, LongRunsOfNulls) {
 
 TEST(RowStore, ARowBegunIsCompletedWithNulls) {
   RowStore store;
-  store.setColumns(columns(300));
+  store.setColumns(columnsOf(300));
   store.beginRow();
   store.integer(1);
   store.null();
@@ -140,7 +140,7 @@ TEST(RowStore, ARowBegunIsCompletedWithNulls) {
 
 TEST(RowStore, ARowGivenUpLeavesNoTrace) {
   RowStore store;
-  store.setColumns(columns(3));
+  store.setColumns(columnsOf(3));
   store.beginRow();
   store.text("abbandonata");
   store.null();
@@ -166,7 +166,7 @@ TEST(RowStore, TextsLongerThanAChunkMoveTheRowAndStayReadable) {
 TEST(RowStore, ATextThatComesAgainIsKeptOnce) {
   const std::string name = "ENTE NAZIONALE DI PREVIDENZA E ASSISTENZA DEI MEDICI E DEGLI ODONTOIATRI";
   RowStore once;
-  once.setColumns(columns(2));
+  once.setColumns(columnsOf(2));
   for (int i = 0; i < 10'000; ++i) {
     once.beginRow();
     once.integer(i);
@@ -191,7 +191,7 @@ TEST(RowStore, SharedTextsSurviveTheMoveOfTheirRow) {
 
 TEST(RowStore, ViewsLiveAsLongAsTheStore) {
   RowStore store;
-  store.setColumns(columns(1));
+  store.setColumns(columnsOf(1));
   store.beginRow();
   store.text("il primo testo della tabella");
   store.endRow();
@@ -220,7 +220,7 @@ TEST(RowStore, ReadsTheFirstColumnsAndNoMore) {
 
 TEST(RowStore, AResultWithoutColumnsHasEmptyRows) {
   RowStore store;
-  store.setColumns(columns(0));
+  store.setColumns(columnsOf(0));
   store.beginRow();
   store.endRow();
   EXPECT_EQ(store.size(), 1U);

@@ -65,20 +65,20 @@ TEST(Elenchi, HaveTwoNames) {
   EXPECT_FALSE(elencoDaNomeInglese("invoices"));
 }
 
-struct Caso {
+struct CasoColonna {
   const char* nome;
   Elenco elenco;
   const char* testo;
   Righe messaggi;
 };
 
-class TabellaConColonne : public testing::TestWithParam<Caso> {};
+class TabellaConColonne : public testing::TestWithParam<CasoColonna> {};
 
 TEST_P(TabellaConColonne, ReportsThem) {
   EXPECT_EQ(detti(letta(GetParam().elenco, GetParam().testo)), GetParam().messaggi);
 }
 
-const Caso kCasi[] = {
+const CasoColonna kCasi[] = {
     {"allRequired",
      Elenco::Compensi,
      "Compenso;CF;Codice_Percipiente;causale;Data Pagamento\n1;;P1;A;2017-03-05\n",

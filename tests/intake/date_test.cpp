@@ -25,17 +25,17 @@ Righe date(const Lettura& lettura) {
   return tutte;
 }
 
-struct Caso {
+struct CasoData {
   const char* nome;
   Righe scritte;
   Righe lette;
 };
 
-class DateScritte : public testing::TestWithParam<Caso> {};
+class DateScritte : public testing::TestWithParam<CasoData> {};
 
 TEST_P(DateScritte, AreReadInOneOrder) { EXPECT_EQ(date(conDate(GetParam().scritte)), GetParam().lette); }
 
-const Caso kCasi[] = {
+const CasoData kCasi[] = {
     {"dayFirst", {"25/03/2017", "05/03/2017"}, {"2017-03-25", "2017-03-05"}},
     {"monthFirst", {"03/25/2017", "05/03/2017"}, {"2017-03-25", "2017-05-03"}},
     {"shortNumbers", {"25/3/2017", "5/3/2017"}, {"2017-03-25", "2017-03-05"}},

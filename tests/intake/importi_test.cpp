@@ -9,14 +9,14 @@ namespace {
 using prova::detti;
 using prova::letta;
 
-struct Caso {
+struct CasoImporto {
   const char* nome;
   const char* scritto;
   const char* atteso;  // the amount, or the outcome
   SegniImporto segni{};
 };
 
-std::string esito(const Caso& caso) {
+std::string esito(const CasoImporto& caso) {
   const ImportoLetto letto = leggiImporto(caso.scritto, caso.segni);
   switch (letto.esito) {
     case EsitoImporto::Letto:
@@ -44,7 +44,7 @@ constexpr SegniImporto kVistaVirgola{{}, {}, true, false};
 constexpr SegniImporto kVistoPunto{{}, {}, false, true};
 constexpr SegniImporto kVistiTutti{{}, {}, true, true};
 
-const Caso kCasi[] = {
+const CasoImporto kCasi[] = {
     {"whole", "1234", "1234"},
     {"comma", "1234,50", "1234.5"},
     {"point", "1234.5", "1234.5"},
@@ -116,7 +116,7 @@ const Caso kCasi[] = {
     {"declaredComma", "1,234", "1.23 rounded", kVirgola},
 };
 
-class ImportoScritto : public testing::TestWithParam<Caso> {};
+class ImportoScritto : public testing::TestWithParam<CasoImporto> {};
 
 TEST_P(ImportoScritto, IsReadAsItIsMeant) { EXPECT_EQ(esito(GetParam()), GetParam().atteso); }
 

@@ -10,7 +10,7 @@ using prova::letta;
 using prova::righe;
 using Righe = std::vector<std::string>;
 
-struct Caso {
+struct CasoPersona {
   const char* nome;
   const char* colonne;
   const char* valori;
@@ -18,10 +18,10 @@ struct Caso {
   Righe messaggi{};
 };
 
-class Percipiente : public testing::TestWithParam<Caso> {};
+class Percipiente : public testing::TestWithParam<CasoPersona> {};
 
 TEST_P(Percipiente, IsCheckedAndCompletedByItsFiscalCode) {
-  const Caso& caso = GetParam();
+  const CasoPersona& caso = GetParam();
   const Lettura lettura = letta(Elenco::Percipienti, std::string(caso.colonne) + "\n" + caso.valori + "\n");
   EXPECT_EQ(righe(lettura)[0], caso.campi);
   Righe attesi;
@@ -29,7 +29,7 @@ TEST_P(Percipiente, IsCheckedAndCompletedByItsFiscalCode) {
   EXPECT_EQ(detti(lettura), attesi);
 }
 
-const Caso kCasi[] = {
+const CasoPersona kCasi[] = {
     {"person", "CodiceFiscale;Cognome;Nome", "RSSMRA80A01H501U;Rossi;Mario",
      "CodiceFiscale=RSSMRA80A01H501U|Cognome=Rossi|Nome=Mario|PersonaFisica*=1|Sesso*=M|DataNascita*=01/01/"
      "1980"},

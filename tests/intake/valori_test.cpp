@@ -17,7 +17,7 @@ Lettura conValore(const std::string& colonna, const std::string& valore) {
                "Codice;PartitaIva;Cognome;" + colonna + "\nP1;00743110157;Verdi;" + valore + "\n");
 }
 
-struct Caso {
+struct CasoValore {
   const char* nome;
   std::string colonna;
   std::string valore;
@@ -25,7 +25,7 @@ struct Caso {
   std::string messaggio;  // "" for none
 };
 
-class ValoreScritto : public testing::TestWithParam<Caso> {};
+class ValoreScritto : public testing::TestWithParam<CasoValore> {};
 
 TEST_P(ValoreScritto, IsReadOrReported) {
   const Lettura lettura = conValore(GetParam().colonna, GetParam().valore);
@@ -46,7 +46,7 @@ TEST_P(ValoreScritto, IsReadOrReported) {
 
 const std::string kLungo(255, 'x');
 
-const Caso kCasi[] = {
+const CasoValore kCasi[] = {
     {"text", "Indirizzo", "Via Roma 1", "Via Roma 1", ""},
     {"blanksAround", "Indirizzo", "  Via Roma 1 \t", "Via Roma 1", ""},
     {"blanksWithin", "Indirizzo", "Via   Roma\t1", "Via Roma 1", ""},

@@ -135,7 +135,7 @@ TEST(Definition, NeedsAPlaceForEachBoundOfASelection) {
   EXPECT_EQ(without("all = \"tutti\"\n", ""), place + "all: manca, atteso un testo tra virgolette.");
 }
 
-std::string form(const std::string& box) {
+std::string formWith(const std::string& box) {
   return "name = \"F.rpt\"\nobject_type = 1\ndefinition = 1\nview = \"V\"\ntitle = \"F\"\nlayout = "
          "\"form\"\norder = "
          "[\"A\"]\n[[section]]\npart = \"amounts\"\ntitle = \"S\"\nrows = [ [ " +
@@ -144,15 +144,15 @@ std::string form(const std::string& box) {
 
 TEST(Definition, TellsTheBoxThatIsWrong) {
   EXPECT_EQ(
-      refusal(form("{ field = \"CodiceFiscaleAz\", caption = \"C\", width = 1 }")),
+      refusal(formWith("{ field = \"CodiceFiscaleAz\", caption = \"C\", width = 1 }")),
       "Definizione della stampa prova.toml: section 1, riga 1, casella 1: field: valore \"CodiceFiscaleAz\" "
       "sconosciuto, atteso la colonna di una casella di questa parte del modello.");
   EXPECT_EQ(
-      refusal(form("{ width = 1 }, { field = \"Codice\", caption = \"C\", width = 1, "
-                   "years = \"2015-2016\" }")),
+      refusal(formWith("{ width = 1 }, { field = \"Codice\", caption = \"C\", width = 1, "
+                       "years = \"2015-2016\" }")),
       "Definizione della stampa prova.toml: section 1, riga 1, casella 2: years: valore \"2015-2016\" non "
       "ammesso, atteso anni come \"2015\", \"2015-\" o \"-2016\".");
-  EXPECT_EQ(refusal(form("7")),
+  EXPECT_EQ(refusal(formWith("7")),
             "Definizione della stampa prova.toml: section 1: rows: tipo sbagliato, atteso righe di caselle, "
             "come [ [ { "
             "field = ..., width = 1 } ] ].");

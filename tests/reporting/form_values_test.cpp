@@ -16,7 +16,7 @@ using testing::ElementsAre;
 using testing::Pair;
 using Boxes = std::map<int, std::string>;
 
-const ReportDefinition& form() {
+const ReportDefinition& formOfValues() {
   static const ReportDefinition found = [] {
     ReportLibrary library(embeddedDefinitionFiles());
     return library.find(kForms, 342, 3421);
@@ -27,7 +27,7 @@ const ReportDefinition& form() {
 template <class Values>
 Boxes filled(FormPart part, int year, const Values& values, const std::string& section = "") {
   Boxes result;
-  for (const LaidSection& each : layOut(form(), part, year)) {
+  for (const LaidSection& each : layOut(formOfValues(), part, year)) {
     if (!section.empty() && each.section->title != section) continue;
     for (const auto& row : each.rows) {
       for (const LaidBox& box : row) {
@@ -46,8 +46,8 @@ class Line {
   Line(int payee, const std::string& reason, int year)
       : year_(year),
         rows_((chooseLines({{payee, reason}}), demo()),
-              selectionOf(form(), parseFormula(formFormula(year)),
-                          RunReadings().columns(demo(), form().view))) {
+              selectionOf(formOfValues(), parseFormula(formFormula(year)),
+                          RunReadings().columns(demo(), formOfValues().view))) {
     if (rows_.size() != 1) throw std::runtime_error("no such line");
     rows_.move(0);
   }

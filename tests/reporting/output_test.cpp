@@ -17,7 +17,7 @@ using testing::Not;
 
 constexpr const char* kFormula = "{__ViewName.IDAziendaPercipiente} = 1 AND {__ViewName.IDAzienda} = 1";
 
-Error refusal(const std::function<void()>& print) {
+Error refusalOfPrint(const std::function<void()>& print) {
   try {
     print();
   } catch (const Error& error) {
@@ -85,12 +85,12 @@ TEST(Run, AsksNothingAndTellsNothing) {
 
 TEST(Run, WithoutAFileOrWithAnUnknownCodeIsRefused) {
   PrintShop shop;
-  EXPECT_EQ(refusal([&] { shop.engine(kAccounts, kFormula)->run(3); }).description(),
+  EXPECT_EQ(refusalOfPrint([&] { shop.engine(kAccounts, kFormula)->run(3); }).description(),
             "La stampa non ha il nome del file da scrivere.");
   for (const int code : {-1, 4}) {
     auto engine = shop.engine(kAccounts, kFormula);
     PrintShop::nameFile(*engine, shop.folder / "a.pdf");
-    EXPECT_EQ(refusal([&] { engine->run(code); }).number(), kErrorInvalidCall);
+    EXPECT_EQ(refusalOfPrint([&] { engine->run(code); }).number(), kErrorInvalidCall);
   }
   EXPECT_THAT(shop.filesLeft(), IsEmpty());
 }
@@ -101,7 +101,7 @@ TEST(Failure, InAFolderThatIsNotThereIsToldAndLeavesNothing) {
   for (const int code : {0, 3}) {
     auto engine = shop.engine(kAccounts, kFormula);
     PrintShop::nameFile(*engine, path);
-    const Error error = refusal([&] { engine->run(code); });
+    const Error error = refusalOfPrint([&] { engine->run(code); });
     EXPECT_EQ(error.number(), kErrorPathNotFound);
     EXPECT_THAT(error.description(), HasSubstr("Impossibile creare la stampa " + path));
   }
@@ -113,7 +113,7 @@ TEST(Failure, OverAFolderIsTold) {
   std::filesystem::create_directory(shop.folder / "a.pdf");
   auto engine = shop.engine(kAccounts, kFormula);
   PrintShop::nameFile(*engine, shop.folder / "a.pdf");
-  EXPECT_EQ(refusal([&] { engine->run(3); }).number(), kErrorPathAccess);
+  EXPECT_EQ(refusalOfPrint([&] { engine->run(3); }).number(), kErrorPathAccess);
   EXPECT_THAT(shop.filesLeft(), ElementsAre("a.pdf"));
 }
 
@@ -130,7 +130,7 @@ class MemoryPrint {
     engine->setReportFile(kAccounts);
     engine->setDefinition(2461);
     PrintShop::nameFile(*engine, "/a.pdf");
-    return refusal([&] { engine->run(code); });
+    return refusalOfPrint([&] { engine->run(code); });
   }
   ScriptedFrontEnd screen;
   MemoryFileSystem files;
@@ -182,7 +182,7 @@ TEST(Failure, OfABrokenDefinitionIsTold) {
   PrintShop shop(broken);
   auto engine = shop.engine(kAccounts, kFormula);
   PrintShop::nameFile(*engine, shop.folder / "a.pdf");
-  const Error error = refusal([&] { engine->run(3); });
+  const Error error = refusalOfPrint([&] { engine->run(3); });
   EXPECT_EQ(error.number(), kErrorReportDefinition);
   EXPECT_EQ(
       error.description(),
@@ -199,7 +199,7 @@ TEST(Failure, OfADefinitionWithAFieldThatTheViewLacksIsTold) {
   PrintShop shop(files);
   auto engine = shop.engine(kAccounts, kFormula);
   PrintShop::nameFile(*engine, shop.folder / "a.pdf");
-  EXPECT_EQ(refusal([&] { engine->run(3); }).description(),
+  EXPECT_EQ(refusalOfPrint([&] { engine->run(3); }).description(),
             "Definizione della stampa ContoIndividuale.rpt: la vista RepContoIndividuale non ha il campo "
             "\"RitenutaInventata\".");
 }
@@ -208,7 +208,7 @@ TEST(Failure, OfAFormulaIsToldWithItsPosition) {
   PrintShop shop;
   auto engine = shop.engine(kAccounts, "{__ViewName.Anno} >= duemila");
   PrintShop::nameFile(*engine, shop.folder / "a.pdf");
-  const Error error = refusal([&] { engine->run(3); });
+  const Error error = refusalOfPrint([&] { engine->run(3); });
   EXPECT_EQ(error.number(), kErrorReportFormula);
   EXPECT_THAT(error.description(), HasSubstr("carattere 22"));
   EXPECT_THAT(shop.filesLeft(), IsEmpty());
@@ -259,7 +259,7 @@ TEST(Printer, ThatIsNotInstalledIsTold) {
   auto engine = shop.engine(kAccounts, kFormula);
   engine->setCopies(2);
   engine->setPrinter("Stampante che non esiste", "");
-  const Error error = refusal([&] { engine->print(); });
+  const Error error = refusalOfPrint([&] { engine->print(); });
   EXPECT_EQ(error.number(), kErrorReportPrinter);
   EXPECT_THAT(error.description(),
               testing::AnyOf("Nessuna stampante è installata su questo computer.",

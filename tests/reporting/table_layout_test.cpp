@@ -104,7 +104,7 @@ std::vector<std::vector<std::string>> pageLines(const std::string& path) {
 }
 
 // Ranges that move the page ends across the groups of different payees.
-std::vector<std::string> ranges() {
+std::vector<std::string> reasonRanges() {
   std::vector<std::string> formulas;
   for (int year = 2014; year <= 2016; ++year) {
     for (const char* from : {"P001", "P004", "P009", "P017", "P023", "P031"}) {
@@ -118,7 +118,7 @@ std::vector<std::string> ranges() {
 TEST(AccountsList, NoPageBeginsWithTotalsAlone) {
   PrintShop shop;
   int begun = 0;
-  for (const std::string& formula : ranges()) {
+  for (const std::string& formula : reasonRanges()) {
     for (const auto& page : pageLines(shop.print(kAccounts, formula))) {
       bool goesOn = false;
       for (const std::string& line : page) {
@@ -148,7 +148,7 @@ void expectNoTotalTwice(const std::string& path) {
 
 TEST(Totals, AreNotRepeatedOneAboveTheOther) {
   PrintShop shop;
-  for (const std::string& formula : ranges()) expectNoTotalTwice(shop.print(kAccounts, formula));
+  for (const std::string& formula : reasonRanges()) expectNoTotalTwice(shop.print(kAccounts, formula));
   for (const char* payee : {"P001", "P002", "P003", "P022", "P023", "P032"})
     expectNoTotalTwice(shop.print(kAccounts, ofPayee(payee)));
   expectNoTotalTwice(shop.print(kSummary, std::string(" {__ViewName.Anno} = 2016 AND ") + kTheCompany));

@@ -42,7 +42,7 @@ constexpr std::array kPassi = {R"j({"do":"click","on":"frmWizard.optstType(1)"})
                                R"j({"do":"close","window":"frmWizard"})j"};
 
 // Created once, copied for each place.
-const std::string& modello() {
+const std::string& databaseModello() {
   static const TempFolder cartella;
   static const std::string file = [] {
     std::string nome = cartella / "demo.db";
@@ -69,7 +69,7 @@ bool domandaDiFine(const json& modale) {
 LuogoCorsa::LuogoCorsa(bool moduli) : LuogoCorsa(moduli, std::filesystem::temp_directory_path().string()) {}
 
 LuogoCorsa::LuogoCorsa(bool moduli, const std::string& dove) : cartella_(dove) {
-  std::filesystem::copy_file(modello(), cartella_ / "demo.db");
+  std::filesystem::copy_file(databaseModello(), cartella_ / "demo.db");
   std::filesystem::create_directories(cartella_ / "Documenti/Comunicazioni CU");
   cartella_.write(kAltroFile, kAltrui);
   cartella_.write(kAltraCopia, kAltrui);

@@ -1,0 +1,26 @@
+# tools/names.py reports a name that two files of a folder have in their anonymous namespaces, and no other.
+file(REMOVE_RECURSE ${WORK})
+
+function(write name text)
+  file(WRITE ${WORK}/${name} "namespace cu {\nnamespace {\n\n${text}\n\n}  // namespace\n\nint outside() { return 1; }\n}  // namespace cu\n")
+endfunction()
+
+function(expect code pattern)
+  execute_process(COMMAND ${NAMES} ${WORK} RESULT_VARIABLE result OUTPUT_VARIABLE output)
+  if(NOT result EQUAL code OR NOT output MATCHES "${pattern}")
+    message(FATAL_ERROR "expected ${code} and ${pattern}, got ${result} and ${output}")
+  endif()
+endfunction()
+
+write(a/one.cpp "int twice(int value) { return 2 * value; }")
+write(a/two.cpp "int thrice(int value) { return 3 * value; }")
+write(b/one.cpp "int twice(int value) { return 2 * value; }")
+expect(0 "^$")
+write(a/two.cpp "[[noreturn]] void twice(const char* text) {\n}")
+expect(1 "/a: twice in one.cpp, two.cpp\n$")
+write(a/two.cpp "struct Case {\n};")
+write(a/three.cpp "struct Case {\n};")
+expect(1 "/a: Case in three.cpp, two.cpp\n$")
+write(a/two.cpp "constexpr int kLimit = 1;")
+write(a/three.cpp "constexpr const char* kLimit = \"\";")
+expect(1 "/a: kLimit in three.cpp, two.cpp\n$")

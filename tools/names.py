@@ -1,0 +1,55 @@
+#!/usr/bin/env python3
+"""Names in anonymous namespaces that repeat within a folder:  tools/names.py FOLDER...
+
+Where a tree is built once, the files of a room or of a test program are compiled as one file. A function of the same
+name in two of them is then an overload, and the wrong one may be called without an error. Exits with 1 where a name
+repeats. Folders of independent programs (fuzz) are not examined.
+"""
+
+import collections
+import pathlib
+import re
+import sys
+
+FUNCTION = re.compile(
+    r"(?!using\b|return\b|class\b|struct\b|enum\b|//|#|\}|TEST|INSTANTIATE|constexpr .*=)"
+    r"[A-Za-z\[][\w:<>&*\[\], ()]*?[ &*](\w+)\(")
+TYPE = re.compile(r"(?:class|struct|enum class|enum) (\w+)")
+CONSTANT = re.compile(r"constexpr [^=({]*?\b(k[A-Z]\w*)")
+
+
+def names_of(file):
+    anonymous = False
+    for line in file.read_text(encoding="utf-8").splitlines():
+        if line.startswith("namespace {"):
+            anonymous = True
+        elif line == "}  // namespace":
+            anonymous = False
+        elif anonymous:
+            for pattern in (TYPE, CONSTANT, FUNCTION):
+                if found := pattern.match(line):
+                    if pattern is not FUNCTION or not line.endswith(";"):
+                        yield found[1]
+                    break
+
+
+def main():
+    repeated = 0
+    for root in sys.argv[1:]:
+        folders = collections.defaultdict(list)
+        for file in sorted(pathlib.Path(root).rglob("*.cpp")):
+            if file.parent.name != "fuzz":
+                folders[file.parent].append(file)
+        for folder, files in sorted(folders.items()):
+            places = collections.defaultdict(set)
+            for file in files:
+                for name in names_of(file):
+                    places[name].add(file.name)
+            for name, where in places.items():
+                if len(where) > 1:
+                    repeated += 1
+                    print(f"{folder}: {name} in {', '.join(sorted(where))}")
+    sys.exit(1 if repeated else 0)
+
+
+main()
