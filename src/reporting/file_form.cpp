@@ -132,11 +132,12 @@ class CellsConnection final : public Connection {
 
 }  // namespace
 
-std::unique_ptr<PreviewPages> drawFormOfFile(const FormOfFile& form, const std::string& creator) {
+std::unique_ptr<PreviewPages> drawFormOfFile(const FormOfFile& form, const std::string& creator,
+                                             std::vector<FormPlace>* places) {
   CellsConnection cells(form);
   Rows rows(cells, kFileCertificate);
   const Company company;
-  const LayoutInput input{formDefinition(), rows, company, {}, {}, {}, cells, true};
+  const LayoutInput input{formDefinition(), rows, company, {}, {}, {}, cells, true, places};
   return std::make_unique<PreviewPages>(input, creator);
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/date.h"
+#include "reporting/layout.h"
 #include "reporting/output.h"
 
 namespace cu::reporting {
@@ -33,8 +34,9 @@ struct FormOfFile {
 
 // Draws the pages of the ministerial form. Each box shows the file's cell and nothing else: no value is
 // derived, and a cell that is not of its kind is shown as it is. Cells that the form of the year does not
-// have are left out. Raises Error (kErrorReportOutput).
-std::unique_ptr<PreviewPages> drawFormOfFile(const FormOfFile& form, const std::string& creator);
+// have are left out. `places` is given the box of each cell. Raises Error (kErrorReportOutput).
+std::unique_ptr<PreviewPages> drawFormOfFile(const FormOfFile& form, const std::string& creator,
+                                             std::vector<FormPlace>* places = nullptr);
 
 // The caption of a cell's box in the form of a year; empty for a cell that the form does not have.
 std::string boxCaption(const std::string& code, std::int32_t year);

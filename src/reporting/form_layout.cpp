@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <map>
 #include <optional>
+#include <string>
+#include <utility>
 
 #include "base/text.h"
 #include "reporting/form_grid.h"
@@ -89,7 +91,14 @@ class Forms {
     for (const FormGrid::PlacedBox& box : grid.boxes()) {
       const BoxValue value = values.of(box.box);
       drawBoxValue(canvas_, box.place, value.text, value.align, false, box.caption.size());
+      const modello::Codice code = modello::codice(*box.box.main);
+      placed({code.data(), code.size()}, box.place);
     }
+  }
+
+  void placed(std::string code, const Box& at) {
+    if (input_.places == nullptr || !canvas_.draws()) return;
+    input_.places->push_back({std::move(code), static_cast<std::size_t>(page_ - 1), at});
   }
 
   // A box without a number.
@@ -214,6 +223,8 @@ class Forms {
     plainBox({kFormMargin, y, kDateWidth, height}, "Data",
              italianDate(chosen == Date() ? input_.today : chosen));
     drawBox(canvas_, {left, y, width, height}, "Firma del sostituto d'imposta", kMuted);
+    placed("DA003001", {kFormMargin, y, kDateWidth, height});
+    placed("DA003002", {left, y, width, height});
     const double below = canvas_.lines(left + 1.2, y + kTextTop, room, names, name);
     canvas_.lines(left + 1.2, below + kSignerGap, room, signers, quiet);
     const double line = y + height - kBelowLine;

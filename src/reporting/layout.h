@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "base/date.h"
 #include "data/database.h"
 #include "reporting/canvas.h"
@@ -9,6 +12,13 @@
 
 namespace cu::reporting {
 
+// Where a form shows a cell of a file.
+struct FormPlace {
+  std::string code;      // "AU001004"
+  std::size_t page = 0;  // from 0
+  Box place;
+};
+
 // The input of every layout.
 struct LayoutInput {
   const ReportDefinition& definition;
@@ -17,8 +27,9 @@ struct LayoutInput {
   QString selection;  // a description of the rows' selection
   Date today;
   TimeOfDay now;
-  Connection& connection;  // for data other than the rows
-  bool fromFile = false;   // forms: the rows have the cells of a file, by their codes
+  Connection& connection;                    // for data other than the rows
+  bool fromFile = false;                     // forms: the rows have the cells of a file, by their codes
+  std::vector<FormPlace>* places = nullptr;  // forms: is filled as they are drawn
 };
 
 // The two statements for the forms of a file.

@@ -63,8 +63,9 @@ FormOfFile moduloDi(const lettura::Certificato& certificato, const lettura::Sost
 }
 
 std::unique_ptr<reporting::PreviewPages> disegna(const lettura::Certificato& certificato,
-                                                 const lettura::Sostituto& sostituto, std::int32_t anno) {
-  return reporting::drawFormOfFile(moduloDi(certificato, sostituto, anno), "cuwizard");
+                                                 const lettura::Sostituto& sostituto, std::int32_t anno,
+                                                 std::vector<reporting::FormPlace>* posti) {
+  return reporting::drawFormOfFile(moduloDi(certificato, sostituto, anno), "cuwizard", posti);
 }
 
 std::string nomeCasella(const std::string& codice, std::int32_t anno) {

@@ -14,7 +14,8 @@ namespace cu::strumenti {
 reporting::FormOfFile moduloDi(const lettura::Certificato& certificato, const lettura::Sostituto& sostituto,
                                std::int32_t anno);
 std::unique_ptr<reporting::PreviewPages> disegna(const lettura::Certificato& certificato,
-                                                 const lettura::Sostituto& sostituto, std::int32_t anno);
+                                                 const lettura::Sostituto& sostituto, std::int32_t anno,
+                                                 std::vector<reporting::FormPlace>* posti = nullptr);
 
 // A cell with its place, for a table.
 struct CasellaMostrata {

@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <map>
 #include <sstream>
@@ -46,8 +48,7 @@ void conta(const std::string& testo, std::map<std::string, int>& parole) {
   for (std::string parola; flusso >> parola;) ++parole[qs(parola).toUpper().toStdString()];
 }
 
-std::string testoPdf(const std::string& pdf) {
-  const std::string comando = "pdftotext -layout '" + pdf + "' -";
+std::string uscitaDi(const std::string& comando) {
   FILE* const uscita = ::popen(comando.c_str(), "r");
   if (uscita == nullptr) return {};
   std::string testo;
@@ -58,6 +59,8 @@ std::string testoPdf(const std::string& pdf) {
   EXPECT_EQ(::pclose(uscita), 0);
   return testo;
 }
+
+std::string testoPdf(const std::string& pdf) { return uscitaDi("pdftotext -layout '" + pdf + "' -"); }
 
 // The form of a certificate; the company's code at a fund is blank where the file repeats the fund instead.
 reporting::FormOfFile comeStampato(const lettura::Certificato& certificato,
@@ -144,6 +147,37 @@ TEST(FormOfFile, ShowsACellAndNothingThatFollowsFromOthers) {
   const std::string testo = testoDi(prova);
   EXPECT_THAT(testo, HasSubstr("12,3X")) << "what is no amount is shown as it is";
   EXPECT_THAT(testo, Not(HasSubstr("1.234,50")));
+}
+
+// The text in a rectangle of a page, in points.
+std::string testoIn(const std::string& pdf, const reporting::FormPlace& posto) {
+  constexpr double kPunti = 72 / 25.4;
+  const auto punti = [](double millimetri) { return std::to_string(std::lround(millimetri * kPunti)); };
+  const std::string pagina = std::to_string(posto.page + 1);
+  const std::string comando = "pdftotext -r 72 -f " + pagina + " -l " + pagina + " -x " +
+                              punti(posto.place.x) + " -y " + punti(posto.place.y) + " -W " +
+                              punti(posto.place.width) + " -H " + punti(posto.place.height) + " '" + pdf +
+                              "' -";
+  return uscitaDi(comando);
+}
+
+TEST(FormOfFile, SaysWhereItsBoxesAre) {
+  FileDiProva prova;
+  prova.certificato().fine();
+  lettura::Sostituto sostituto;
+  const lettura::Certificato certificato = certificatoDi(prova, sostituto);
+  std::vector<reporting::FormPlace> posti;
+  const auto pagine = disegna(certificato, sostituto, 2017, &posti);
+  const auto testo = [&](const std::string& codice) {
+    const auto posto =
+        std::find_if(posti.begin(), posti.end(), [&](const auto& uno) { return uno.code == codice; });
+    return posto == posti.end() ? "no box" : testoIn(pagine->preview().file, *posto);
+  };
+  EXPECT_THAT(testo("AU001004"), HasSubstr("1.234,50"));
+  EXPECT_THAT(testo("AU001008"), HasSubstr("1.000,00"));
+  EXPECT_THAT(testo("AU001008"), Not(HasSubstr("1.234,50")));
+  EXPECT_THAT(testo("DA002001"), HasSubstr("RSSMRC71C08L781I"));
+  EXPECT_EQ(testo("ZZ001001"), "no box");
 }
 
 TEST(FormOfFile, AnAnnulmentHasItsReferenceAndOnePage) {
