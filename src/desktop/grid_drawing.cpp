@@ -69,12 +69,10 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   } else {
     QStyledItemDelegate::paint(painter, option, index);
   }
-  paintCurrent(painter, option, index);
+  paintCurrentRow(painter, option, index);
 }
 
-// Among highlighted rows the current one has a line above and below.
-void CellPainter::paintCurrent(QPainter* painter, const QStyleOptionViewItem& option,
-                               const QModelIndex& index) {
+void paintCurrentRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
   const auto* const table = qobject_cast<const QTableView*>(option.widget);
   if (table == nullptr || table->currentIndex().row() != index.row()) return;
   constexpr int kThick = 2;

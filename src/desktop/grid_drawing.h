@@ -20,6 +20,9 @@ class WrappedHeader : public QHeaderView {
   int height_ = 0;
 };
 
+// Lines above and below a cell of the current row, which is so told from other highlighted ones.
+void paintCurrentRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index);
+
 // Draws flags as marks, the row menu as its arrow, everything else as text; the current row with lines around
 // it.
 class CellPainter : public QStyledItemDelegate {
@@ -28,7 +31,6 @@ class CellPainter : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
  private:
-  static void paintCurrent(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index);
   void paintMark(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
                  bool menu) const;
 };

@@ -1,19 +1,12 @@
 #pragma once
 
 #include <QDialog>
-#include <memory>
 #include <vector>
 
 #include "controls/frontend.h"
+#include "desktop/pages.h"
 
 class QLabel;
-class QPlainTextEdit;
-class QScrollArea;
-class QStackedWidget;
-
-namespace Poppler {
-class Document;
-}
 
 namespace cu::desktop {
 
@@ -22,33 +15,19 @@ namespace cu::desktop {
 class PreviewDialog : public QDialog {
  public:
   PreviewDialog(QWidget* parent, const Preview& preview);
-  ~PreviewDialog() override;
-  int page() const { return page_; }
-  int pages() const;
+  int page() const { return pages_->page(); }
+  int pages() const { return pages_->pages(); }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void open();
-  void go(int page);
-  void zoom(double factor);
-  void fitWidth();
-  void draw();
+  void tell();
 
-  const Preview& preview_;
-  std::unique_ptr<Poppler::Document> document_;
-  QStackedWidget* views_;
-  QScrollArea* area_;
-  QLabel* picture_;
-  QPlainTextEdit* text_;
+  Pages* pages_;
   QLabel* place_;
   std::vector<QWidget*> backward_;
   std::vector<QWidget*> forward_;
-  int page_ = 0;
-  double scale_ = 0;  // dots per inch; 0 for the window's width
-  bool asText_ = false;
 };
 
 }  // namespace cu::desktop

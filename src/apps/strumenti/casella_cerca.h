@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <functional>
 
 namespace cu::strumenti {
 
@@ -9,11 +10,19 @@ namespace cu::strumenti {
 class CasellaCerca : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
+  // Down or Enter: on to what was found.
+  std::function<void()> avanti;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
-    if (event->key() == Qt::Key_Escape && !text().isEmpty()) {
+    const int tasto = event->key();
+    if (tasto == Qt::Key_Escape && !text().isEmpty()) {
       clear();
+      event->accept();
+      return;
+    }
+    if (avanti && (tasto == Qt::Key_Down || tasto == Qt::Key_Return || tasto == Qt::Key_Enter)) {
+      avanti();
       event->accept();
       return;
     }

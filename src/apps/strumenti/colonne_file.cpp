@@ -4,6 +4,11 @@
 #include "apps/strumenti/tabella_vista.h"
 
 namespace cu::strumenti {
+namespace {
+
+constexpr int kCampoMassimo = 110;
+
+}  // namespace
 
 std::vector<Colonna> FinestraFile::colonneCertificati() {
   const auto di = [this](std::size_t riga) -> const RigaCertificato& { return file_->certificati()[riga]; };
@@ -52,14 +57,24 @@ std::vector<Colonna> FinestraFile::colonneRilievi() {
   const auto voce = [di](std::size_t riga) -> const lettura::VoceRegola& {
     return lettura::voce(di(riga).regola);
   };
+  const auto diChi = [this](std::size_t riga) {
+    const auto quale = certificatoDelRilievo(riga);
+    return quale ? QStringLiteral("n. %1").arg(file_->certificati()[*quale].numero)
+                 : QStringLiteral("di tutto il file");
+  };
+  const auto ordineDiChi = [this](std::size_t riga) {
+    const auto quale = certificatoDelRilievo(riga);
+    return QVariant(quale ? qlonglong(*quale) : qlonglong(-1));
+  };
   return {
       {"gravita", "Gravità", [voce](std::size_t riga) { return detto(voce(riga).gravita); }},
       {"codice", "Regola", [voce](std::size_t riga) { return qs(std::string(voce(riga).codice)); }},
+      {"dove", "Certificazione", diChi, false, ordineDiChi},
       {"riga", "Riga", [di](std::size_t riga) { return QString::number(di(riga).riga); }, true,
        [di](std::size_t riga) { return QVariant(qlonglong(di(riga).riga)); }},
       {"posizione", "Pos.", [di](std::size_t riga) { return QString::number(di(riga).posizione); }, true,
        [di](std::size_t riga) { return QVariant(di(riga).posizione); }},
-      {"campo", "Campo", [di](std::size_t riga) { return qs(di(riga).campo); }},
+      {"campo", "Campo", [di](std::size_t riga) { return qs(di(riga).campo); }, false, {}, {}, kCampoMassimo},
       {"testo", "Che cosa non va", [di](std::size_t riga) { return qs(di(riga).testo); }},
   };
 }

@@ -41,11 +41,15 @@ class Confronto {
  public:
   static Confronto diFile(const std::string& vecchio, const std::string& nuovo,
                           const FileEsaminato::Avanza& avanza);
-  // Error where the file does not give its year; errors of the database rise as they are.
+  // Where the file hardly belongs to the accounts nothing is compared, unless `comunque`. Error where the
+  // file does not give its year; errors of the database rise as they are.
   static Confronto conConti(const std::string& file, const Profilo& profilo,
-                            const FileEsaminato::Avanza& avanza);
+                            const FileEsaminato::Avanza& avanza, bool comunque = false);
 
   bool haConti() const { return !nuovo_; }
+  // Why the two sides hardly belong together: another company, another year; "" where they do.
+  const std::string& estraneita() const { return estraneita_; }
+  bool confrontati() const { return confrontati_; }
   const std::vector<RigaConfronto>& righe() const { return righe_; }
   std::size_t quante(EsitoConfronto esito) const { return quante_.at(static_cast<std::size_t>(esito)); }
   // All boxes of a certificate but the signature. Error where a file has changed since.
@@ -53,11 +57,15 @@ class Confronto {
 
  private:
   void aggiungi(const Coppia& coppia);
+  std::string estraneiFraLoro() const;
+  std::string estraneoAiConti(Connection& connessione, std::int32_t azienda) const;
 
   std::optional<FileEsaminato> vecchio_;
   std::optional<FileEsaminato> nuovo_;  // none where the other side are the accounts
   std::vector<RigaConfronto> righe_;
   std::array<std::size_t, 4> quante_{};
+  std::string estraneita_;
+  bool confrontati_ = true;
 };
 
 // "= uguale", "≠ diversa", "− manca nei conti": a sign and words.

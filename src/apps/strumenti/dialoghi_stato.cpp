@@ -8,35 +8,22 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
-#include "apps/esame/testo_rilievi.h"
-#include "apps/strumenti/finestra.h"
+#include "apps/strumenti/conteggi.h"
+#include "apps/strumenti/frase.h"
 #include "apps/strumenti/tabella_vista.h"
 
 namespace cu::strumenti {
-namespace {
-
-QLabel* frase(const QString& testo, QWidget* parent) {
-  auto* const fatta = new QLabel(parent);
-  fatta->setTextFormat(Qt::PlainText);
-  fatta->setWordWrap(true);
-  fatta->setText(testo);
-  return fatta;
-}
-
-}  // namespace
-
 DialogoInviato::DialogoInviato(QWidget* parent, QDate oggi)
-    : QDialog(parent),
+    : Dialogo(parent, QStringLiteral("inviato"), QStringLiteral("Segna come inviato")),
       file_(new QLineEdit(this)),
       giorno_(new QLineEdit(oggi.toString(QStringLiteral("dd/MM/yyyy")), this)),
       nota_(new QLabel(this)) {
-  setWindowTitle(QStringLiteral("Segna come inviato"));
   auto* const colonna = new QVBoxLayout(this);
   colonna->addWidget(
-      frase(QStringLiteral("Il file viene riconosciuto dal suo contenuto, fra quelli scritti per "
-                           "questa azienda: nome e cartella possono essere cambiati."),
-            this));
+      new Frase(this, QStringLiteral("Il file viene riconosciuto dal suo contenuto, fra quelli scritti per "
+                                     "questa azienda: nome e cartella possono essere cambiati.")));
   auto* const modulo = new QFormLayout;
   file_->setReadOnly(true);
   file_->setAccessibleName(QStringLiteral("File inviato"));
@@ -64,7 +51,7 @@ DialogoInviato::DialogoInviato(QWidget* parent, QDate oggi)
   connect(sfoglia, &QPushButton::clicked, this,
           [this] { scegli(scegliFile(this, QStringLiteral("File inviato"), file_->text())); });
   connect(giorno_, &QLineEdit::textChanged, this, [this] { controlla(); });
-  resize(520, sizeHint().height());
+  ricordaDimensione({520, sizeHint().height()});
   sfoglia->setFocus();
 }
 
@@ -93,25 +80,43 @@ QDate DialogoInviato::giorno() const {
   return {};
 }
 
-DialogoRicevuta::DialogoRicevuta(QWidget* parent, const QString& nome, const riscontro::PianoRicevuta& piano)
-    : QDialog(parent), piano_(piano) {
-  setWindowTitle(QStringLiteral("Ricevuta: %1").arg(nome));
-  auto* const colonna = new QVBoxLayout(this);
-  const auto quanti = [this](riscontro::EsitoRiga esito) { return piano_.quanti(esito); };
-  const std::size_t nuovi = quanti(riscontro::EsitoRiga::Nuovo);
-  QString testo = QStringLiteral("%1 nuovi, %2 già registrati, %3 da decidere, %4 errori.")
-                      .arg(nuovi)
-                      .arg(quanti(riscontro::EsitoRiga::Uguale))
-                      .arg(quanti(riscontro::EsitoRiga::DaDecidere))
-                      .arg(quanti(riscontro::EsitoRiga::Errore));
-  if (!piano_.applicabile()) {
+namespace {
+
+// The counts of a plan, and what can be done with it.
+QString dettoPiano(const riscontro::PianoRicevuta& piano) {
+  using riscontro::EsitoRiga;
+  const auto quanti = [&](EsitoRiga esito) { return piano.quanti(esito); };
+  QString testo = QStringLiteral("%1, %2 già registrati, %3 da decidere, %4.")
+                      .arg(qs(alPlurale(quanti(EsitoRiga::Nuovo), "nuovo", "nuovi")),
+                           conteggio(quanti(EsitoRiga::Uguale)), conteggio(quanti(EsitoRiga::DaDecidere)),
+                           qs(alPlurale(quanti(EsitoRiga::Errore), "errore", "errori")));
+  const bool nessuna =
+      std::all_of(piano.righe.begin(), piano.righe.end(), [](const riscontro::RigaPiano& riga) {
+        return riga.esito == EsitoRiga::Errore && riga.codice == "P12";
+      });
+  if (nessuna) {
+    return QStringLiteral(
+               "Nessuna riga corrisponde a una certificazione di questa azienda che attende una risposta: "
+               "forse la ricevuta è di un'altra azienda. ") +
+           testo;
+  }
+  if (!piano.applicabile()) {
     testo += QStringLiteral(" Finché ci sono righe da decidere o errori non si registra nulla.");
-  } else if (nuovi == 0) {
+  } else if (quanti(EsitoRiga::Nuovo) == 0) {
     testo += QStringLiteral(" Non c'è nulla da registrare.");
   } else {
     testo += QStringLiteral(" Non è ancora stato scritto nulla.");
   }
-  colonna->addWidget(frase(testo, this));
+  return testo;
+}
+
+}  // namespace
+
+DialogoRicevuta::DialogoRicevuta(QWidget* parent, const QString& nome, const riscontro::PianoRicevuta& piano)
+    : Dialogo(parent, QStringLiteral("ricevuta"), QStringLiteral("Ricevuta: %1").arg(nome)), piano_(piano) {
+  auto* const colonna = new QVBoxLayout(this);
+  colonna->addWidget(new Frase(this, dettoPiano(piano_)));
+  const std::size_t nuovi = piano_.quanti(riscontro::EsitoRiga::Nuovo);
   const auto di = [this](std::size_t q) -> const riscontro::RigaPiano& { return piano_.righe[q]; };
   auto* const tabella = new Tabella(
       QStringLiteral("strumenti_ricevuta"), QStringLiteral("Righe della ricevuta"),
@@ -135,45 +140,54 @@ DialogoRicevuta::DialogoRicevuta(QWidget* parent, const QString& nome, const ris
   connect(pulsanti, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(pulsanti, &QDialogButtonBox::rejected, this, &QDialog::reject);
   colonna->addWidget(pulsanti);
-  resize(860, 380);
+  tabella->setFocus();
+  ricordaDimensione({860, 380});
 }
 
 DialogoCorrezioni::DialogoCorrezioni(QWidget* parent, const EsitoCorreggi& esito,
                                      const std::function<void(const QString& file)>& apri)
-    : QDialog(parent) {
-  setWindowTitle(QStringLiteral("Correzioni"));
+    : Dialogo(parent, QStringLiteral("correzioni"), QStringLiteral("Correzioni")) {
   auto* const colonna = new QVBoxLayout(this);
   for (const std::string& messaggio : esito.messaggi) {
-    colonna->addWidget(frase(qs(messaggio).remove(u'\r').trimmed(), this));
+    colonna->addWidget(new Frase(this, qs(messaggio).remove(u'\r').trimmed()));
   }
-  if (esito.file.empty()) {
-    colonna->addWidget(frase(
+  if (esito.interrotto) {
+    colonna->addWidget(new Frase(
+        this, esito.file.empty()
+                  ? QStringLiteral("Interrotto: non è stato scritto nessun file.")
+                  : QStringLiteral("Interrotto: i file elencati qui sono interi e registrati, gli altri non "
+                                   "sono stati scritti. «Scrivi correzioni» scrive ciò che manca.")));
+  } else if (esito.file.empty()) {
+    colonna->addWidget(new Frase(
+        this,
         esito.riuscito
             ? QStringLiteral(
                   "Nessuna certificazione è da inviare, sostituire o annullare: non c'è nulla da scrivere.")
-            : QStringLiteral("Non è stato scritto nessun file."),
-        this));
+            : QStringLiteral("Non è stato scritto nessun file.")));
   }
   for (const FileScritto& scritto : esito.file) {
     const QString percorso = qs(scritto.file.percorso);
     auto* const riga = new QHBoxLayout;
-    QString testo = QStringLiteral("%1: %2 certificazioni\n%3\nControllo: %4")
-                        .arg(QString::fromUtf8(dettaFornitura(scritto.file.tipo)))
-                        .arg(scritto.file.certificazioni)
-                        .arg(percorso, qs(dettoConteggio(scritto.dopo.rilievi)));
+    QString testo = QStringLiteral("%1: %2\n%3\nControllo: %4")
+                        .arg(QString::fromUtf8(dettaFornitura(scritto.file.tipo)),
+                             qs(alPlurale(scritto.file.certificazioni, "certificazione", "certificazioni")),
+                             percorso, qs(dettiRilievi(scritto.dopo.rilievi)));
     if (!scritto.dopo.guasto.empty()) testo += u'\n' + qs(scritto.dopo.guasto);
-    riga->addWidget(frase(testo, this), 1);
+    riga->addWidget(new Frase(this, testo), 1);
     auto* const mostra = new QPushButton(QStringLiteral("Apri"), this);
-    mostra->setAccessibleName(QStringLiteral("Apri %1").arg(QFileInfo(percorso).fileName()));
+    mostra->setAccessibleName(
+        QStringLiteral("Apri %1: %2")
+            .arg(QString::fromUtf8(dettaFornitura(scritto.file.tipo)), QFileInfo(percorso).fileName()));
     connect(mostra, &QPushButton::clicked, this, [apri, percorso] { apri(percorso); });
     riga->addWidget(mostra);
     colonna->addLayout(riga);
   }
+  colonna->addStretch(1);
   auto* const pulsanti = new QDialogButtonBox(this);
   pulsanti->addButton(QStringLiteral("&Chiudi"), QDialogButtonBox::RejectRole);
   connect(pulsanti, &QDialogButtonBox::rejected, this, &QDialog::reject);
   colonna->addWidget(pulsanti);
-  resize(640, sizeHint().height());
+  ricordaDimensione({640, sizeHint().height()});
 }
 
 }  // namespace cu::strumenti

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <QDate>
-#include <QDialog>
 #include <functional>
 #include <vector>
 
 #include "apps/esame/operazioni_registro.h"
+#include "apps/strumenti/finestra.h"
 #include "apps/strumenti/stato_letto.h"
 
 class QLabel;
@@ -15,7 +15,7 @@ class QPushButton;
 namespace cu::strumenti {
 
 // Which file was sent, and when.
-class DialogoInviato : public QDialog {
+class DialogoInviato : public Dialogo {
  public:
   DialogoInviato(QWidget* parent, QDate oggi);
   QString file() const;
@@ -32,7 +32,7 @@ class DialogoInviato : public QDialog {
 };
 
 // What the rows of a receipt change. It is accepted only where the plan can be applied.
-class DialogoRicevuta : public QDialog {
+class DialogoRicevuta : public Dialogo {
  public:
   DialogoRicevuta(QWidget* parent, const QString& nome, const riscontro::PianoRicevuta& piano);
 
@@ -41,7 +41,7 @@ class DialogoRicevuta : public QDialog {
 };
 
 // The files that were written, with their checks.
-class DialogoCorrezioni : public QDialog {
+class DialogoCorrezioni : public Dialogo {
  public:
   DialogoCorrezioni(QWidget* parent, const EsitoCorreggi& esito,
                     const std::function<void(const QString& file)>& apri);

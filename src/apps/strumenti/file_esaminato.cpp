@@ -8,7 +8,8 @@
 #include "apps/comune/elenco_luoghi.h"
 #include "apps/comune/file_letto.h"
 #include "apps/esame/json_lettura.h"
-#include "apps/esame/testo_rilievi.h"
+#include "apps/strumenti/conteggi.h"
+#include "apps/strumenti/natura_file.h"
 #include "base/text.h"
 #include "base/windows1252.h"
 
@@ -27,13 +28,13 @@ std::int64_t momentoDi(const std::string& percorso) {
 
 class ConIndice : public lettura::Sorgente {
  public:
-  ConIndice(FileLetto& file, IndiceRighe& indice, const FileEsaminato::Avanza& avanza)
-      : file_(file), indice_(indice), avanza_(avanza) {}
+  ConIndice(FileLetto& file, IndiceRighe& indice, const FileEsaminato::Avanza& avanza, const char* che)
+      : file_(file), indice_(indice), avanza_(avanza), che_(che) {}
   std::size_t leggi(char* dove, std::size_t quanti) override {
     const std::size_t letti = file_.leggi(dove, quanti);
     indice_.aggiungi(dove, letti);
     byte_ += letti;
-    if (avanza_) avanza_(byte_, file_.dimensione());
+    if (avanza_) avanza_(che_, byte_, file_.dimensione());
     return letti;
   }
 
@@ -41,6 +42,7 @@ class ConIndice : public lettura::Sorgente {
   FileLetto& file_;
   IndiceRighe& indice_;
   const FileEsaminato::Avanza& avanza_;
+  const char* che_;
   std::uint64_t byte_ = 0;
 };
 
@@ -102,6 +104,14 @@ class DaTesto : public lettura::Sorgente {
   std::size_t letti_ = 0;
 };
 
+// The first bytes, at most.
+std::string inizioDi(const std::string& percorso) {
+  FileLetto file(percorso);
+  std::string inizio(kInizioFile, '\0');
+  inizio.resize(file.leggi(inizio.data(), inizio.size()));
+  return inizio;
+}
+
 [[noreturn]] void cambiato(const std::string& percorso) {
   throw FileIlleggibile(percorso + ": il file è cambiato da quando è stato letto. Ricaricarlo.");
 }
@@ -128,22 +138,40 @@ IndiceRighe::Punto IndiceRighe::prima(std::int64_t riga) const {
   return {static_cast<std::int64_t>(posto) * kPasso + 1, inizi_[posto]};
 }
 
-FileEsaminato FileEsaminato::leggi(const std::string& percorso, const Avanza& avanza) {
+FileEsaminato FileEsaminato::leggi(const std::string& percorso, const Avanza& avanza, const char* che) {
   FileEsaminato file;
   file.percorso_ = percorso;
   file.modificato_ = momentoDi(percorso);
+  const std::string inizio = inizioDi(percorso);
   FileLetto letto(percorso);
-  ConIndice sorgente(letto, file.indice_, avanza);
+  file.dimensione_ = letto.dimensione();
+  if (const std::string natura = naturaDi(inizio); !natura.empty()) {
+    file.estraneo_ = "Questo è " + natura + ", non un file telematico della Certificazione Unica.";
+    return file;
+  }
+  ConIndice sorgente(letto, file.indice_, avanza, che);
   Elenco elenco(file.sostituti_, file.certificati_);
   const ElencoLuoghi luoghi;
   file.esito_ = lettura::esamina(sorgente, &luoghi, &elenco);
   file.dimensione_ = file.esito_.byteLetti;
+  const bool riconosciuto = file.esito_.fornitura.codice.starts_with("CUR") || !file.certificati_.empty();
+  const bool nessunaRiga =
+      file.esito_.rilievi.quanti(lettura::Regola::L01) >= static_cast<std::size_t>(file.esito_.righe);
+  if (file.dimensione_ > 0 && !riconosciuto && nessunaRiga && !cominciaComeRecordA(inizio)) {
+    file.estraneo_ =
+        "Questo non è un file telematico della Certificazione Unica: nessuna delle sue righe ne ha la forma.";
+    file.esito_.rilievi = {};
+    return file;
+  }
   file.rilievi_ = file.esito_.rilievi.ordinati();
-  file.contaRilievi();
+  file.ordinaRilievi();
   return file;
 }
 
-void FileEsaminato::contaRilievi() {
+void FileEsaminato::ordinaRilievi() {
+  std::stable_partition(rilievi_.begin(), rilievi_.end(), [this](const lettura::Rilievo& rilievo) {
+    return !certificatoDi(rilievo.riga).has_value();
+  });
   for (const lettura::Rilievo& rilievo : rilievi_) {
     const auto quale = certificatoDi(rilievo.riga);
     if (!quale) continue;
@@ -220,26 +248,9 @@ Certificato FileEsaminato::rileggi(std::size_t certificato) const {
   return uno.primo;
 }
 
-namespace {
-
-// "38.000.000"
-std::string conPunti(std::uint64_t numero) {
-  std::string cifre = fromInteger(static_cast<std::int64_t>(numero));
-  for (std::size_t posto = cifre.size(); posto > 3;) {
-    posto -= 3;
-    cifre.insert(posto, ".");
-  }
-  return cifre;
-}
-
-std::string alPlurale(std::uint64_t numero, const char* uno, const char* piu) {
-  return conPunti(numero) + " " + (numero == 1 ? uno : piu);
-}
-
-}  // namespace
-
 std::string intestazione(const FileEsaminato& file) {
   const lettura::Esito& esito = file.esito();
+  if (!file.estraneo().empty()) return file.percorso() + "\n" + alPlurale(file.dimensione(), "byte", "byte");
   std::string testo;
   if (esito.fornitura.codice.empty()) {
     testo = "Fornitura non riconosciuta";
@@ -256,11 +267,12 @@ std::string intestazione(const FileEsaminato& file) {
     testo += " · " + alPlurale(file.sostituti().size(), "sostituto", "sostituti");
   testo += "\n" + alPlurale(file.certificati().size(), "certificazione", "certificazioni") + ", " +
            alPlurale(static_cast<std::uint64_t>(esito.righe), "riga", "righe") + ", " +
-           alPlurale(file.dimensione(), "byte", "byte") + ": " + dettoConteggio(esito.rilievi);
+           alPlurale(file.dimensione(), "byte", "byte") + ": " + dettiRilievi(esito.rilievi);
   return testo;
 }
 
 std::string stranezza(const FileEsaminato& file) {
+  if (!file.estraneo().empty()) return file.estraneo();
   if (file.dimensione() == 0) return "Il file è vuoto.";
   if (!file.certificati().empty()) return {};
   if (file.esito().fornitura.codice.empty()) {

@@ -54,16 +54,20 @@ struct RigaCertificato {
 // A file that was read once. Its certificates are not kept: they are read again at their lines.
 class FileEsaminato {
  public:
-  using Avanza = std::function<void(std::uint64_t fatto, std::uint64_t totale)>;
-  // Reads the file; `avanza` may raise. FileIlleggibile where it cannot be read.
-  static FileEsaminato leggi(const std::string& percorso, const Avanza& avanza);
+  using Avanza = std::function<void(const char* che, std::uint64_t fatto, std::uint64_t totale)>;
+  // Reads the file, `avanza` being called with `che`; it may raise. FileIlleggibile where it cannot be read.
+  static FileEsaminato leggi(const std::string& percorso, const Avanza& avanza,
+                             const char* che = "Lettura del file");
 
   const std::string& percorso() const { return percorso_; }
   std::uint64_t dimensione() const { return dimensione_; }
   const lettura::Esito& esito() const { return esito_; }
   const std::vector<lettura::Sostituto>& sostituti() const { return sostituti_; }
   const std::vector<RigaCertificato>& certificati() const { return certificati_; }
+  // Those of no certificate come first.
   const std::vector<lettura::Rilievo>& rilievi() const { return rilievi_; }
+  // A sentence where the file is something else than a telematic file, which then has no findings.
+  const std::string& estraneo() const { return estraneo_; }
   std::optional<std::int32_t> anno() const { return esito_.fornitura.annoFiscale; }
 
   // The certificate to whose lines the line belongs.
@@ -75,7 +79,7 @@ class FileEsaminato {
 
  private:
   std::vector<std::string> righe(std::int64_t prima, std::int64_t ultima) const;
-  void contaRilievi();
+  void ordinaRilievi();
 
   std::string percorso_;
   std::uint64_t dimensione_ = 0;
@@ -84,6 +88,7 @@ class FileEsaminato {
   std::vector<lettura::Sostituto> sostituti_;
   std::vector<RigaCertificato> certificati_;
   std::vector<lettura::Rilievo> rilievi_;
+  std::string estraneo_;
   IndiceRighe indice_;
 };
 

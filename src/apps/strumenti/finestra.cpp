@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "apps/strumenti/conteggi.h"
+#include "desktop/focus_ring.h"
 #include "lettura/valori.h"
 
 namespace cu::strumenti {
@@ -66,8 +68,13 @@ QString& cartellaDellaGuida() {
 
 void Finestra::guida(const QString& cartella) { cartellaDellaGuida() = cartella; }
 
-Finestra::Finestra(const QString& nome) : nome_(nome) {
+Finestra::Finestra(const QString& nome)
+    : nome_(nome), attesa_(new Attesa(this, [this] { lavoro_.annulla(); })), lavoro_(nullptr) {
   setAttribute(Qt::WA_DeleteOnClose);
+  new desktop::FocusRing(this);
+  lavoro_.avanzamento = [this](const char* che, std::uint64_t fatto, std::uint64_t totale) {
+    attesa_->avanza(QString::fromUtf8(che), fatto, totale);
+  };
   auto* const esc = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(esc, &QShortcut::activated, this, [this] { close(); });
   auto* const f1 = new QShortcut(QKeySequence::HelpContents, this);
@@ -98,6 +105,16 @@ void Finestra::ricordaPosto(std::initializer_list<QSplitter*> divisori, QSize di
   }
 }
 
+void Finestra::esegui(Compito compito) {
+  if (lavoro_.inCorso()) return;
+  attesa_->comincia(compito.che, compito.interrompibile);
+  lavoro_.avvia(std::move(compito.lavoro),
+                [this, finito = std::move(compito.finito)](const Lavoro::Esito& esito) {
+                  attesa_->finisci();
+                  finito(esito);
+                });
+}
+
 void Finestra::closeEvent(QCloseEvent* event) {
   if (const QString perche = occupata(); !perche.isEmpty()) {
     event->ignore();
@@ -121,12 +138,14 @@ void Finestra::mostraErrore(const QString& testo) {
   box.exec();
 }
 
-bool Finestra::conferma(const QString& testo) {
-  QMessageBox box(QMessageBox::Question, windowTitle(), {}, QMessageBox::Ok | QMessageBox::Cancel, this);
+bool Finestra::conferma(const QString& testo, const QString& azione) {
+  QMessageBox box(QMessageBox::Question, windowTitle(), {}, QMessageBox::NoButton, this);
   box.setTextFormat(Qt::PlainText);
   box.setText(testo);
-  box.setDefaultButton(QMessageBox::Cancel);
-  return box.exec() == QMessageBox::Ok;
+  const QPushButton* const si = box.addButton(azione, QMessageBox::AcceptRole);
+  box.setDefaultButton(box.addButton(QStringLiteral("Annulla"), QMessageBox::RejectRole));
+  box.exec();
+  return box.clickedButton() == si;
 }
 
 QPushButton* Finestra::pulsante(const char* testo, const std::function<void()>& azione, QKeySequence tasto) {
@@ -145,12 +164,43 @@ void accettaFile(QWidget* widget, std::function<void(const QStringList& file)> r
   new Ricevitore(widget, std::move(ricevi));
 }
 
+Dialogo::Dialogo(QWidget* parent, const QString& nome, const QString& titolo)
+    : QDialog(parent), nome_(QStringLiteral("strumenti/") + nome) {
+  setWindowTitle(titolo);
+  new desktop::FocusRing(this);
+}
+
+void Dialogo::ricordaDimensione(QSize dimensione) {
+  const QSize ricordata = QSettings().value(nome_ + QStringLiteral("/dimensione"), dimensione).toSize();
+  const QSize schermo = QGuiApplication::primaryScreen()->availableSize();
+  resize(ricordata.boundedTo(schermo - QSize(40, 60)));
+}
+
+void Dialogo::done(int esito) {
+  QSettings().setValue(nome_ + QStringLiteral("/dimensione"), size());
+  QDialog::done(esito);
+}
+
+QString cartellaRicordata(const QString& uso, const QString& altrimenti) {
+  const QString ricordata = QSettings().value(QStringLiteral("strumenti/cartelle/") + uso).toString();
+  return !ricordata.isEmpty() && QFileInfo(ricordata).isDir() ? ricordata : altrimenti;
+}
+
+void ricordaCartella(const QString& uso, const QString& cartella) {
+  QSettings().setValue(QStringLiteral("strumenti/cartelle/") + uso, cartella);
+}
+
 QString scegliFile(QWidget* parent, const QString& titolo, const QString& vicino) {
-  const QString cartella = vicino.isEmpty() ? QString() : QFileInfo(vicino).absolutePath();
-  return QFileDialog::getOpenFileName(
+  const QString uso = QStringLiteral("file");
+  const QString cartella = vicino.isEmpty() ? cartellaRicordata(uso) : QFileInfo(vicino).absolutePath();
+  const QString scelto = QFileDialog::getOpenFileName(
       parent, titolo, cartella,
       QStringLiteral("File telematici (*.cur *.CUR *.ccf *.txt);;Tutti i file (*)"));
+  if (!scelto.isEmpty()) ricordaCartella(uso, QFileInfo(scelto).absolutePath());
+  return scelto;
 }
+
+QString conteggio(std::uint64_t numero) { return qs(conPunti(numero)); }
 
 QString detto(lettura::Gravita gravita) {
   return gravita == lettura::Gravita::Errore ? QStringLiteral("✖ errore") : QStringLiteral("⚠ avviso");
@@ -158,15 +208,15 @@ QString detto(lettura::Gravita gravita) {
 
 QString segni(std::size_t errori, std::size_t avvisi) {
   QStringList parti;
-  if (errori > 0) parti += QStringLiteral("✖ %1").arg(errori);
-  if (avvisi > 0) parti += QStringLiteral("⚠ %1").arg(avvisi);
+  if (errori > 0) parti += QStringLiteral("✖ %1").arg(conteggio(errori));
+  if (avvisi > 0) parti += QStringLiteral("⚠ %1").arg(conteggio(avvisi));
   return parti.join(QStringLiteral("  "));
 }
 
 QString segniDetti(std::size_t errori, std::size_t avvisi) {
   QStringList parti;
-  if (errori > 0) parti += errori == 1 ? QStringLiteral("1 errore") : QStringLiteral("%1 errori").arg(errori);
-  if (avvisi > 0) parti += avvisi == 1 ? QStringLiteral("1 avviso") : QStringLiteral("%1 avvisi").arg(avvisi);
+  if (errori > 0) parti += qs(alPlurale(errori, "errore", "errori"));
+  if (avvisi > 0) parti += qs(alPlurale(avvisi, "avviso", "avvisi"));
   return parti.isEmpty() ? QStringLiteral("nessun rilievo") : parti.join(QStringLiteral(", "));
 }
 

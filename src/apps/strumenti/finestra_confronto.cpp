@@ -3,18 +3,14 @@
 #include <QCheckBox>
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QLabel>
-#include <QLineEdit>
-#include <QProgressBar>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
 
-#include "apps/strumenti/casella_cerca.h"
+#include "apps/strumenti/frase.h"
+#include "apps/strumenti/ricerca.h"
 #include "apps/strumenti/strumenti.h"
 #include "apps/strumenti/tabella_vista.h"
-#include "desktop/text.h"
 
 namespace cu::strumenti {
 namespace {
@@ -26,19 +22,13 @@ QString nomeDi(const QString& percorso) { return QFileInfo(percorso).fileName();
 }  // namespace
 
 FinestraConfronto::FinestraConfronto(QString vecchio, QString nuovo)
-    : Finestra(QStringLiteral("confronto")),
-      vecchio_(std::move(vecchio)),
-      nuovo_(std::move(nuovo)),
-      lavoro_(nullptr) {
+    : Finestra(QStringLiteral("confronto")), vecchio_(std::move(vecchio)), nuovo_(std::move(nuovo)) {
   setWindowTitle(QStringLiteral("Confronto: %1 e %2").arg(nomeDi(vecchio_), nomeDi(nuovo_)));
   componi();
 }
 
 FinestraConfronto::FinestraConfronto(QString file, Profilo profilo)
-    : Finestra(QStringLiteral("confronto")),
-      vecchio_(std::move(file)),
-      profilo_(std::move(profilo)),
-      lavoro_(nullptr) {
+    : Finestra(QStringLiteral("confronto")), vecchio_(std::move(file)), profilo_(std::move(profilo)) {
   setWindowTitle(QStringLiteral("Confronto con i conti: %1").arg(nomeDi(vecchio_)));
   componi();
 }
@@ -46,19 +36,20 @@ FinestraConfronto::FinestraConfronto(QString file, Profilo profilo)
 void FinestraConfronto::componi() {
   auto* const colonna = new QVBoxLayout(this);
   componiTesta(*colonna);
-  colonna->addWidget(filtri());
+  componiFiltri();
+  colonna->addWidget(ricerca_);
 
   auto* const lati = new QSplitter(Qt::Horizontal, this);
   lati->setChildrenCollapsible(false);
   righe_ = tabellaRighe(*lati);
   caselle_ = tabellaCaselle(*lati);
+  ricerca_->serve(righe_);
   lati->addWidget(righe_);
   lati->addWidget(caselle_);
   lati->setStretchFactor(0, 1);
   lati->setStretchFactor(1, 1);
   colonna->addWidget(lati, 1);
-  vuoto_ = new QLabel(this);
-  vuoto_->setWordWrap(true);
+  vuoto_ = new Frase(this);
   colonna->addWidget(vuoto_);
 
   auto* const pulsanti = new QHBoxLayout;
@@ -71,53 +62,40 @@ void FinestraConfronto::componi() {
   pulsanti->addWidget(pulsante("&Chiudi", [this] { close(); }));
   colonna->addLayout(pulsanti);
   ricordaPosto({lati}, kDimensioneConfronto);
-  lavoro_.avanzamento = [this](std::uint64_t fatto, std::uint64_t totale) {
-    constexpr int kMille = 1000;
-    barra_->setRange(0, totale == 0 ? 0 : kMille);
-    if (totale > 0) barra_->setValue(static_cast<int>(fatto * kMille / totale));
-  };
   leggi();
 }
 
 void FinestraConfronto::componiTesta(QVBoxLayout& colonna) {
-  testa_ = new QLabel(this);
-  testa_->setTextFormat(Qt::PlainText);
-  testa_->setWordWrap(true);
-  avviso_ = new QLabel(this);
-  avviso_->setTextFormat(Qt::PlainText);
-  avviso_->setWordWrap(true);
-  avviso_->hide();
+  testa_ = new Frase(this);
+  avviso_ = new Frase(this);
   colonna.addWidget(testa_);
   colonna.addWidget(avviso_);
-  attesa_ = new QWidget(this);
-  auto* const riga = new QHBoxLayout(attesa_);
-  riga->setContentsMargins(0, 0, 0, 0);
-  barra_ = new QProgressBar(attesa_);
-  barra_->setAccessibleName(QStringLiteral("Confronto in corso"));
-  riga->addWidget(barra_, 1);
-  riga->addWidget(pulsante("Interr&ompi", [this] { lavoro_.annulla(); }));
-  colonna.addWidget(attesa_);
+  comunque_ = pulsante("Confronta co&munque", [this] { leggi(true); });
+  comunque_->hide();
+  auto* const riga = new QHBoxLayout;
+  riga->addWidget(comunque_);
+  riga->addStretch(1);
+  colonna.addLayout(riga);
+  colonna.addWidget(attesa());
 }
 
 Tabella* FinestraConfronto::tabellaRighe(QSplitter& lati) {
   const auto di = [this](std::size_t quale) -> const RigaConfronto& { return confronto_->righe()[quale]; };
-  auto* const tabella =
-      new Tabella(QStringLiteral("strumenti_confronto"), QStringLiteral("Certificazioni a confronto"),
-                  {{"stato", "Stato",
-                    [this, di](std::size_t q) { return qs(detto(di(q).esito, confronto_->haConti())); }},
-                   {"percipiente", "Codice fiscale", [di](std::size_t q) { return qs(di(q).percipiente); }},
-                   {"nome", "Nome", [di](std::size_t q) { return qs(di(q).nome); }},
-                   {"causale", "Caus.", [di](std::size_t q) { return qs(di(q).causale); }},
-                   {"diverse", "Caselle diverse",
-                    [di](std::size_t q) {
-                      return di(q).caselle.empty() ? QString() : QString::number(di(q).caselle.size());
-                    },
-                    true, [di](std::size_t q) { return QVariant(qulonglong(di(q).caselle.size())); }}},
-                  &lati);
+  auto* const tabella = new Tabella(
+      QStringLiteral("strumenti_confronto"), QStringLiteral("Certificazioni a confronto"),
+      {{"stato", "Stato",
+        [this, di](std::size_t q) { return qs(detto(di(q).esito, confronto_->haConti())); }},
+       {"percipiente", "Codice fiscale", [di](std::size_t q) { return qs(di(q).percipiente); }},
+       {"nome", "Nome", [di](std::size_t q) { return qs(di(q).nome); }},
+       {"causale", "Caus.", [di](std::size_t q) { return qs(di(q).causale); }},
+       {"diverse", "Caselle diverse",
+        [di](std::size_t q) { return di(q).caselle.empty() ? QString() : conteggio(di(q).caselle.size()); },
+        true, [di](std::size_t q) { return QVariant(qulonglong(di(q).caselle.size())); }}},
+      &lati);
   tabella->filtro().passa = [this](std::size_t q) {
     if (confronto_ == nullptr) return false;
     if (soloDiverse_->isChecked() && confronto_->righe()[q].esito == EsitoConfronto::Uguale) return false;
-    return cercato_.isEmpty() || cercati_[q].contains(cercato_);
+    return ricerca_->passa(q);
   };
   tabella->scelta = [this](auto quale) { mostraCaselle(quale); };
   return tabella;
@@ -151,85 +129,77 @@ Tabella* FinestraConfronto::tabellaCaselle(QSplitter& lati) {
   return tabella;
 }
 
-QWidget* FinestraConfronto::filtri() {
-  auto* const riquadro = new QWidget(this);
-  auto* const riga = new QHBoxLayout(riquadro);
-  riga->setContentsMargins(0, 0, 0, 0);
-  auto* const etichetta = new QLabel(QStringLiteral("C&erca"), riquadro);
-  cerca_ = new CasellaCerca(riquadro);
-  cerca_->setClearButtonEnabled(true);
-  cerca_->setPlaceholderText(QStringLiteral("codice fiscale, nome o causale"));
-  cerca_->setAccessibleName(QStringLiteral("Cerca fra le certificazioni"));
-  etichetta->setBuddy(cerca_);
-  soloDiverse_ = new QCheckBox(QStringLiteral("Solo le &differenze"), riquadro);
+void FinestraConfronto::componiFiltri() {
+  ricerca_ = new Ricerca(this);
+  soloDiverse_ = new QCheckBox(QStringLiteral("Solo le &differenze"), ricerca_);
   soloDiverse_->setChecked(true);
-  riga->addWidget(etichetta);
-  riga->addWidget(cerca_, 1);
-  riga->addWidget(soloDiverse_);
-  const auto filtra = [this] {
-    cercato_ = desktop::folded(cerca_->text().trimmed());
-    righe_->riapplicaFiltro();
-    diceConteggi();
-  };
-  connect(cerca_, &QLineEdit::textChanged, this, filtra);
-  connect(soloDiverse_, &QCheckBox::toggled, this, filtra);
-  auto* const trova = new QShortcut(QKeySequence::Find, this);
-  connect(trova, &QShortcut::activated, this, [this] {
-    cerca_->setFocus();
-    cerca_->selectAll();
-  });
-  return riquadro;
+  ricerca_->metti(soloDiverse_);
+  ricerca_->cambiata = [this] { diceConteggi(); };
+  connect(soloDiverse_, &QCheckBox::toggled, ricerca_, &Ricerca::applica);
 }
 
-void FinestraConfronto::leggi() {
-  if (lavoro_.inCorso()) return;
-  testa_->setText(QStringLiteral("Confronto in corso…"));
-  avviso_->hide();
-  vuoto_->hide();
-  attesa_->show();
-  barra_->setRange(0, 0);
+void FinestraConfronto::leggi(bool comunque) {
+  if (lavora()) return;
+  testa_->dici(QStringLiteral("Confronto in corso…"));
+  avviso_->dici({});
+  comunque_->hide();
+  vuoto_->dici({});
   auto letto = std::make_shared<Confronto>();
-  lavoro_.avvia(
-      [this, letto, vecchio = vecchio_.toStdString(), nuovo = nuovo_.toStdString(), profilo = profilo_] {
-        const auto avanza = [this](std::uint64_t fatto, std::uint64_t totale) {
-          lavoro_.avanza(fatto, totale);
-        };
-        *letto = profilo ? Confronto::conConti(vecchio, *profilo, avanza)
-                         : Confronto::diFile(vecchio, nuovo, avanza);
-      },
-      [this, letto](const Lavoro::Esito& esito) {
-        attesa_->hide();
-        if (esito.errore.isEmpty() && !esito.interrotto) {
-          confronto_ = letto;
-          mostra();
-          return;
-        }
-        testa_->setText(esito.interrotto ? QStringLiteral("Il confronto è stato interrotto.")
-                                         : QStringLiteral("Il confronto non è riuscito."));
-        avviso_->setText(esito.errore);
-        avviso_->setVisible(!esito.errore.isEmpty());
-      });
+  esegui({.che = QStringLiteral("Lettura…"),
+          .lavoro =
+              [this, letto, comunque, vecchio = vecchio_.toStdString(), nuovo = nuovo_.toStdString(),
+               profilo = profilo_] {
+                const auto avanza = [this](const char* che, std::uint64_t fatto, std::uint64_t totale) {
+                  lavoro().avanza(che, fatto, totale);
+                };
+                *letto = profilo ? Confronto::conConti(vecchio, *profilo, avanza, comunque)
+                                 : Confronto::diFile(vecchio, nuovo, avanza);
+              },
+          .finito =
+              [this, letto](const Lavoro::Esito& esito) {
+                if (esito.errore.isEmpty() && !esito.interrotto) {
+                  confronto_ = letto;
+                  mostra();
+                  return;
+                }
+                testa_->dici(esito.interrotto
+                                 ? QStringLiteral("Il confronto è stato interrotto. Con Ricarica (F5) si "
+                                                  "ricomincia.")
+                                 : QStringLiteral("Il confronto non è riuscito."));
+                avviso_->dici(esito.errore);
+              }});
 }
 
 void FinestraConfronto::mostra() {
-  cercati_.clear();
-  for (const RigaConfronto& riga : confronto_->righe()) {
-    cercati_.push_back(desktop::folded(qs(riga.percipiente + "\n" + riga.nome + "\n" + riga.causale)));
-  }
+  ricerca_->prepara(confronto_->righe().size(), [this](std::size_t q) {
+    const RigaConfronto& riga = confronto_->righe()[q];
+    return riga.percipiente + "\n" + riga.nome + "\n" + riga.causale;
+  });
   righe_->mostra(confronto_->righe().size());
+  avviso_->dici(qs(confronto_->estraneita()));
+  comunque_->setVisible(!confronto_->confrontati());
   diceConteggi();
-  righe_->setFocus();
+  if (confronto_->confrontati()) {
+    righe_->setFocus();
+  } else {
+    comunque_->setFocus();
+  }
 }
 
 void FinestraConfronto::diceConteggi() {
   if (confronto_ == nullptr) return;
   const bool conti = confronto_->haConti();
   const auto parte = [&](EsitoConfronto esito, const char* testo) {
-    return QStringLiteral("%1 %2").arg(confronto_->quante(esito)).arg(QString::fromUtf8(testo));
+    return QStringLiteral("%1 %2").arg(conteggio(confronto_->quante(esito)), QString::fromUtf8(testo));
   };
   const QString di = conti ? QStringLiteral("%1 e i conti").arg(nomeDi(vecchio_))
                            : QStringLiteral("Vecchio: %1. Nuovo: %2").arg(vecchio_, nuovo_);
-  testa_->setText(
+  if (!confronto_->confrontati()) {
+    testa_->dici(di);
+    vuoto_->dici({});
+    return;
+  }
+  testa_->dici(
       di + u'\n' +
       QStringList{parte(EsitoConfronto::Uguale, "uguali"),
                   parte(EsitoConfronto::Diverso, conti ? "diverse" : "cambiate"),
@@ -250,8 +220,7 @@ void FinestraConfronto::diceConteggi() {
   } else if (righe_->mostrate() == 0) {
     frase = QStringLiteral("Nessuna certificazione corrisponde alla ricerca.");
   }
-  vuoto_->setText(frase);
-  vuoto_->setVisible(!frase.isEmpty());
+  vuoto_->dici(frase);
 }
 
 void FinestraConfronto::mostraCaselle(std::optional<std::size_t> quale) {
@@ -260,8 +229,7 @@ void FinestraConfronto::mostraCaselle(std::optional<std::size_t> quale) {
     try {
       caselleMostrate_ = confronto_->caselle(*quale);
     } catch (const std::exception& errore) {
-      avviso_->setText(QString::fromUtf8(errore.what()));
-      avviso_->show();
+      avviso_->dici(QString::fromUtf8(errore.what()));
     }
   }
   caselle_->mostra(caselleMostrate_.size(), false);

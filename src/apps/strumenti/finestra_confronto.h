@@ -6,16 +6,15 @@
 
 #include "apps/strumenti/confronto.h"
 #include "apps/strumenti/finestra.h"
-#include "apps/strumenti/lavoro.h"
 
 class QCheckBox;
-class QLabel;
-class QLineEdit;
-class QProgressBar;
+class QPushButton;
 class QVBoxLayout;
 
 namespace cu::strumenti {
 
+class Frase;
+class Ricerca;
 class Tabella;
 
 // Two files, or a file and the accounts, certificate by certificate and box by box.
@@ -29,8 +28,8 @@ class FinestraConfronto : public Finestra {
   void componiTesta(QVBoxLayout& colonna);
   Tabella* tabellaRighe(QSplitter& lati);
   Tabella* tabellaCaselle(QSplitter& lati);
-  QWidget* filtri();
-  void leggi();
+  void componiFiltri();
+  void leggi(bool comunque = false);
   void mostra();
   void mostraCaselle(std::optional<std::size_t> quale);
   void diceConteggi();
@@ -40,19 +39,15 @@ class FinestraConfronto : public Finestra {
   std::optional<Profilo> profilo_;
   std::shared_ptr<const Confronto> confronto_;
   std::vector<CasellaConfrontata> caselleMostrate_;
-  std::vector<QString> cercati_;
-  QString cercato_;
 
-  QLabel* testa_ = nullptr;
-  QLabel* avviso_ = nullptr;
-  QWidget* attesa_ = nullptr;
-  QProgressBar* barra_ = nullptr;
-  QLineEdit* cerca_ = nullptr;
+  Frase* testa_ = nullptr;
+  Frase* avviso_ = nullptr;
+  QPushButton* comunque_ = nullptr;
+  Ricerca* ricerca_ = nullptr;
   QCheckBox* soloDiverse_ = nullptr;
   Tabella* righe_ = nullptr;
-  QLabel* vuoto_ = nullptr;
+  Frase* vuoto_ = nullptr;
   Tabella* caselle_ = nullptr;
-  Lavoro lavoro_;
 };
 
 }  // namespace cu::strumenti

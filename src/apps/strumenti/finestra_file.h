@@ -7,15 +7,13 @@
 
 #include "apps/strumenti/file_esaminato.h"
 #include "apps/strumenti/finestra.h"
-#include "apps/strumenti/lavoro.h"
 #include "apps/strumenti/modulo_disegnato.h"
 
 class QCheckBox;
 class QComboBox;
+class QHBoxLayout;
 class QLabel;
-class QLineEdit;
 class QPlainTextEdit;
-class QProgressBar;
 
 namespace cu::desktop {
 class PageView;
@@ -23,6 +21,8 @@ class PageView;
 
 namespace cu::strumenti {
 
+class Frase;
+class Ricerca;
 class Tabella;
 struct Colonna;
 
@@ -33,16 +33,16 @@ class FinestraFile : public Finestra {
   // Without a profile the accounts are not known. Reading begins at once.
   FinestraFile(const QString& percorso, std::optional<Profilo> profilo);
 
-  bool legge() const { return lavoro_.inCorso(); }
   void apri(const QString& percorso);
-  // Chooses the certificate of a finding and shows its cell.
+  // Chooses the certificate of a finding, and shows its cell in the table and on the form.
   void vaiAlRilievo(std::size_t rilievo);
 
  private:
   QWidget* testa();
-  QWidget* ricerca();
+  QWidget* sinistra();
   QWidget* destra();
   QWidget* sotto();
+  void componiPulsanti(QHBoxLayout& riga);
   std::vector<Colonna> colonneCertificati();
   std::vector<Colonna> colonneRilievi();
   std::vector<Colonna> colonneCaselle();
@@ -53,6 +53,12 @@ class FinestraFile : public Finestra {
   void disegnaCertificato();
   void filtraRilievi();
   void mostraTratto(std::optional<std::size_t> rilievo);
+  // Marks a box on the form, turning to its page; a box that the form does not have only turns the page.
+  void segna(std::string codice, int pagina);
+  void segnaCasella(std::size_t casella);
+  void segnaRilievo(std::size_t rilievo);
+  void mostraSegno();
+  std::optional<std::size_t> certificatoDelRilievo(std::size_t rilievo) const;
   void diceRilievi();
   void chiedeFile();
   void confrontaFile();
@@ -63,32 +69,33 @@ class FinestraFile : public Finestra {
   QString percorso_;
   std::optional<Profilo> profilo_;
   std::shared_ptr<const FileEsaminato> file_;
-  std::vector<QString> cercati_;  // what the search looks at, of each certificate
-  QString cercato_;
   std::optional<std::size_t> quale_;
   std::optional<lettura::Certificato> certificato_;
   std::vector<CasellaMostrata> caselleMostrate_;
+  struct Segno {
+    std::string codice;
+    int pagina = 0;
+  };
+  std::optional<Segno> segno_;  // on the form of the certificate that is shown
+  std::vector<reporting::FormPlace> posti_;
   QTimer disegno_;
 
-  QLabel* testa_ = nullptr;
-  QLabel* avviso_ = nullptr;
-  QWidget* attesa_ = nullptr;
-  QProgressBar* barra_ = nullptr;
-  QLineEdit* cerca_ = nullptr;
+  Frase* testa_ = nullptr;
+  Frase* avviso_ = nullptr;
+  Ricerca* ricerca_ = nullptr;
   QCheckBox* soloRilievi_ = nullptr;
   QLabel* quanti_ = nullptr;
   Tabella* certificati_ = nullptr;
   desktop::PageView* modulo_ = nullptr;
   Tabella* caselle_ = nullptr;
   QComboBox* diChi_ = nullptr;
-  QLabel* altri_ = nullptr;
+  Frase* altri_ = nullptr;
   Tabella* rilievi_ = nullptr;
-  QLabel* detto_ = nullptr;
+  Frase* detto_ = nullptr;
   QPlainTextEdit* tratto_ = nullptr;
   QPushButton* conFile_ = nullptr;
   QPushButton* conConti_ = nullptr;
   QPushButton* esporta_ = nullptr;
-  Lavoro lavoro_;  // ends before what it uses
 };
 
 }  // namespace cu::strumenti

@@ -5,15 +5,17 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextBlock>
 #include <algorithm>
+#include <utility>
 
 #include "apps/comune/file_letto.h"
 #include "apps/strumenti/esportazione.h"
 #include "apps/strumenti/finestra_file.h"
+#include "apps/strumenti/frase.h"
+#include "apps/strumenti/ricerca.h"
 #include "apps/strumenti/strumenti.h"
 #include "apps/strumenti/tabella_vista.h"
 #include "base/windows1252.h"
@@ -40,22 +42,20 @@ QString carattereABrano(const std::string& byte) {
 }  // namespace
 
 bool FinestraFile::passa(std::size_t certificato) const {
-  if (file_ == nullptr || certificato >= cercati_.size()) return false;
+  if (file_ == nullptr || !ricerca_->passa(certificato)) return false;
   const RigaCertificato& riga = file_->certificati()[certificato];
-  if (soloRilievi_->isChecked() && riga.errori + riga.avvisi == 0) return false;
-  return cercato_.isEmpty() || cercati_[certificato].contains(cercato_);
+  return !soloRilievi_->isChecked() || riga.errori + riga.avvisi > 0;
 }
 
 void FinestraFile::mostra() {
-  cercati_.clear();
-  cercati_.reserve(file_->certificati().size());
-  for (const RigaCertificato& riga : file_->certificati()) {
-    cercati_.push_back(desktop::folded(qs(riga.percipiente + "\n" + riga.nome + "\n" + riga.causale)));
-  }
+  ricerca_->prepara(file_->certificati().size(), [this](std::size_t quale) {
+    const RigaCertificato& riga = file_->certificati()[quale];
+    return riga.percipiente + "\n" + riga.nome + "\n" + riga.causale;
+  });
   const bool letto = !file_->percorso().empty();
   if (letto) setWindowTitle(QFileInfo(percorso_).fileName());
   quale_.reset();
-  avviso_->setText(letto ? qs(stranezza(*file_)) : QString());
+  avviso_->dici(letto ? qs(stranezza(*file_)) : QString());
   const bool senzaCertificati = file_->certificati().empty();
   diChi_->setCurrentIndex(senzaCertificati ? 1 : diChi_->currentIndex());
   rilievi_->mostra(file_->rilievi().size(), false);
@@ -70,11 +70,12 @@ void FinestraFile::mostra() {
 
 void FinestraFile::mostraTesta() {
   if (file_ == nullptr) return;
-  testa_->setText(file_->percorso().empty() ? percorso_ : qs(intestazione(*file_)));
+  testa_->dici(file_->percorso().empty() ? percorso_ : qs(intestazione(*file_)));
   const std::size_t tutte = file_->certificati().size();
-  quanti_->setText(certificati_->mostrate() == tutte
-                       ? QString()
-                       : QStringLiteral("%1 di %2").arg(certificati_->mostrate()).arg(tutte));
+  quanti_->setText(
+      certificati_->mostrate() == tutte
+          ? QString()
+          : QStringLiteral("%1 di %2").arg(conteggio(certificati_->mostrate()), conteggio(tutte)));
   diceRilievi();
 }
 
@@ -90,19 +91,19 @@ void FinestraFile::diceRilievi() {
     testo = diChi_->currentIndex() == 1 ? QStringLiteral("Nessun rilievo: il file è in ordine.")
             : quale_                    ? QStringLiteral("Nessun rilievo.")
                                         : QStringLiteral("Nessuna certificazione scelta.");
-    if (file_->percorso().empty()) testo.clear();
+    if (file_->percorso().empty() || !file_->estraneo().empty()) testo.clear();
   }
   if (tralasciati > 0 && diChi_->currentIndex() == 1) {
     testo = QStringLiteral("Di ogni regola sono elencati i primi 1.000 casi; altri %1 sono solo contati.")
-                .arg(tralasciati);
+                .arg(conteggio(tralasciati));
   }
-  altri_->setText(testo);
-  altri_->setToolTip(desktop::sentenceTip(testo));
+  altri_->dici(testo);
 }
 
 void FinestraFile::mostraCertificato(std::optional<std::size_t> quale) {
   quale_ = quale;
   certificato_.reset();
+  segno_.reset();
   caselleMostrate_.clear();
   QString errore;
   if (quale_ && file_ != nullptr) {
@@ -113,25 +114,26 @@ void FinestraFile::mostraCertificato(std::optional<std::size_t> quale) {
       errore = QString::fromUtf8(raccolto.what());
     }
   }
-  caselle_->mostra(caselleMostrate_.size());
+  caselle_->mostra(caselleMostrate_.size(), false);
   filtraRilievi();
   if (!errore.isEmpty()) {
     disegno_.stop();
-    modulo_->say(errore);
+    modulo_->pages().say(errore);
   } else if (certificato_) {
     disegno_.start();
   } else {
     disegno_.stop();
     const bool filtrate = file_ != nullptr && !file_->certificati().empty();
-    modulo_->say(filtrate ? QStringLiteral("Nessuna certificazione corrisponde alla ricerca.")
-                          : QStringLiteral("Nessuna certificazione da mostrare."));
+    modulo_->pages().say(filtrate ? QStringLiteral("Nessuna certificazione corrisponde alla ricerca.")
+                                  : QStringLiteral("Nessuna certificazione da mostrare."));
   }
 }
 
 void FinestraFile::disegnaCertificato() {
   if (!certificato_ || !quale_) return;
+  posti_.clear();
   if (!file_->anno()) {
-    modulo_->say(
+    modulo_->pages().say(
         QStringLiteral("Il file non dice di quale anno è: le caselle si leggono nella tabella qui sotto, "
                        "il modulo non si può disegnare."));
     return;
@@ -139,16 +141,28 @@ void FinestraFile::disegnaCertificato() {
   try {
     const std::size_t suo = file_->certificati()[*quale_].sostituto;
     const lettura::Sostituto nessuno;
-    const auto pagine = disegna(
-        *certificato_, suo < file_->sostituti().size() ? file_->sostituti()[suo] : nessuno, *file_->anno());
-    modulo_->open(qs(pagine->preview().file), pagine->preview().pages);
+    const auto pagine =
+        disegna(*certificato_, suo < file_->sostituti().size() ? file_->sostituti()[suo] : nessuno,
+                *file_->anno(), &posti_);
+    modulo_->pages().open(qs(pagine->preview().file), pagine->preview().pages);
+    mostraSegno();
   } catch (const std::exception& errore) {
-    modulo_->say(QStringLiteral("Il modulo non si può disegnare: %1").arg(QString::fromUtf8(errore.what())));
+    modulo_->pages().say(
+        QStringLiteral("Il modulo non si può disegnare: %1").arg(QString::fromUtf8(errore.what())));
   }
 }
 
 void FinestraFile::filtraRilievi() {
   rilievi_->riapplicaFiltro();
+  // Of what is shown the first that is the certificate's own.
+  const auto ora = rilievi_->corrente();
+  if (quale_ && ora && certificatoDelRilievo(*ora) != quale_) {
+    const std::vector<lettura::Rilievo>& tutti = file_->rilievi();
+    const auto suo = std::find_if(tutti.begin(), tutti.end(), [this](const lettura::Rilievo& uno) {
+      return file_->certificatoDi(uno.riga) == quale_;
+    });
+    if (suo != tutti.end()) rilievi_->scegli(static_cast<std::size_t>(suo - tutti.begin()));
+  }
   mostraTratto(rilievi_->corrente());
   if (file_ != nullptr) diceRilievi();
 }
@@ -156,12 +170,12 @@ void FinestraFile::filtraRilievi() {
 void FinestraFile::mostraTratto(std::optional<std::size_t> rilievo) {
   if (!rilievo || file_ == nullptr || *rilievo >= file_->rilievi().size()) {
     tratto_->hide();
-    detto_->hide();
+    detto_->dici({});
     return;
   }
   const lettura::Rilievo& suo = file_->rilievi()[*rilievo];
-  detto_->setText(qs(suo.testo));
-  detto_->show();
+  detto_->dici((certificatoDelRilievo(*rilievo) ? QString() : QStringLiteral("Di tutto il file: ")) +
+               qs(suo.testo));
   QString riga;
   try {
     riga = carattereABrano(file_->riga(suo.riga));
@@ -191,42 +205,78 @@ void FinestraFile::mostraTratto(std::optional<std::size_t> rilievo) {
   tratto_->centerCursor();
 }
 
+std::optional<std::size_t> FinestraFile::certificatoDelRilievo(std::size_t rilievo) const {
+  return file_->certificatoDi(file_->rilievi().at(rilievo).riga);
+}
+
 void FinestraFile::vaiAlRilievo(std::size_t rilievo) {
-  const lettura::Rilievo suo = file_->rilievi().at(rilievo);
-  const auto quale = file_->certificatoDi(suo.riga);
-  if (quale) {
+  if (const auto quale = certificatoDelRilievo(rilievo)) {
     if (!passa(*quale)) {
-      cerca_->clear();
+      ricerca_->svuota();
       soloRilievi_->setChecked(false);
     }
     if (quale_ != quale) certificati_->scegli(quale);
-    int modulo = 0;
-    for (const lettura::Modulo& uno : certificato_ ? certificato_->moduli : std::vector<lettura::Modulo>()) {
-      if (uno.riga == suo.riga) modulo = uno.numero;
-    }
-    const auto casella =
-        std::find_if(caselleMostrate_.begin(), caselleMostrate_.end(), [&](const CasellaMostrata& una) {
-          return una.codice == suo.campo && (suo.record == 'D' || una.modulo == modulo);
-        });
-    if (casella != caselleMostrate_.end()) {
-      caselle_->scegli(static_cast<std::size_t>(casella - caselleMostrate_.begin()));
-      // Page 1 has the data, the others have a module each.
-      const auto dove = std::find_if(certificato_->moduli.begin(), certificato_->moduli.end(),
-                                     [&](const lettura::Modulo& uno) { return uno.riga == suo.riga; });
-      const int pagina = suo.record == 'D' || dove == certificato_->moduli.end()
-                             ? 0
-                             : static_cast<int>(dove - certificato_->moduli.begin()) + 1;
-      if (disegno_.isActive()) {
-        disegno_.stop();
-        disegnaCertificato();
-      }
-      modulo_->go(pagina);
-    } else {
-      caselle_->scegli(std::nullopt);
-    }
+    segnaRilievo(rilievo);
   }
   rilievi_->scegli(rilievo);
   mostraTratto(rilievo);
+}
+
+// Page 1 has the data, the others have a module each.
+void FinestraFile::segnaRilievo(std::size_t rilievo) {
+  if (!certificato_) return;
+  const lettura::Rilievo suo = file_->rilievi().at(rilievo);
+  const std::vector<lettura::Modulo>& moduli = certificato_->moduli;
+  const auto dove = std::find_if(moduli.begin(), moduli.end(),
+                                 [&](const lettura::Modulo& uno) { return uno.riga == suo.riga; });
+  const bool nelModulo = suo.record != 'D' && dove != moduli.end();
+  const int modulo = nelModulo ? dove->numero : 0;
+  const auto casella =
+      std::find_if(caselleMostrate_.begin(), caselleMostrate_.end(), [&](const CasellaMostrata& una) {
+        return una.codice == suo.campo && (!nelModulo || una.modulo == modulo);
+      });
+  caselle_->scegli(casella == caselleMostrate_.end()
+                       ? std::nullopt
+                       : std::optional(static_cast<std::size_t>(casella - caselleMostrate_.begin())));
+  segna(suo.campo, nelModulo ? static_cast<int>(dove - moduli.begin()) + 1 : 0);
+}
+
+void FinestraFile::segnaCasella(std::size_t casella) {
+  if (!certificato_ || casella >= caselleMostrate_.size()) return;
+  const CasellaMostrata& sua = caselleMostrate_[casella];
+  const std::vector<lettura::Modulo>& moduli = certificato_->moduli;
+  const auto dove = std::find_if(moduli.begin(), moduli.end(),
+                                 [&](const lettura::Modulo& uno) { return uno.numero == sua.modulo; });
+  const bool nelModulo = sua.modulo != 0 && dove != moduli.end();
+  segna(sua.codice, nelModulo ? static_cast<int>(dove - moduli.begin()) + 1 : 0);
+}
+
+void FinestraFile::segna(std::string codice, int pagina) {
+  segno_ = Segno{std::move(codice), pagina};
+  if (disegno_.isActive()) {
+    disegno_.stop();
+    disegnaCertificato();
+  } else {
+    mostraSegno();
+  }
+}
+
+void FinestraFile::mostraSegno() {
+  desktop::Pages& pagine = modulo_->pages();
+  if (!segno_ || !pagine.pictures()) return;
+  const auto posto = std::find_if(posti_.begin(), posti_.end(), [this](const reporting::FormPlace& uno) {
+    return uno.code == segno_->codice && uno.page == static_cast<std::size_t>(segno_->pagina);
+  });
+  if (posto == posti_.end()) {
+    pagine.setMark(std::nullopt);
+    pagine.go(segno_->pagina);
+    return;
+  }
+  constexpr double kPunti = 72 / 25.4;  // in a millimetre
+  const reporting::Box& dove = posto->place;
+  const QRectF riquadro(dove.x * kPunti, dove.y * kPunti, dove.width * kPunti, dove.height * kPunti);
+  const QString nome = qs(segno_->codice + " " + nomeCasella(segno_->codice, file_->anno().value_or(0)));
+  pagine.setMark(desktop::Pages::Mark{segno_->pagina, riquadro, nome});
 }
 
 void FinestraFile::chiedeFile() {

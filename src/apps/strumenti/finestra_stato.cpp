@@ -4,17 +4,14 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
-#include <QProgressBar>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
 
-#include "apps/strumenti/casella_cerca.h"
+#include "apps/strumenti/frase.h"
 #include "apps/strumenti/modulo_disegnato.h"
+#include "apps/strumenti/ricerca.h"
 #include "apps/strumenti/tabella_vista.h"
-#include "desktop/text.h"
 
 namespace cu::strumenti {
 namespace {
@@ -29,65 +26,41 @@ constexpr std::array<const char*, kOperazioni + 1> kFiltri = {"N&uove",   "S&ost
 }  // namespace
 
 FinestraStato::FinestraStato(Profilo profilo)
-    : Finestra(QStringLiteral("stato")), profilo_(std::move(profilo)), lavoro_(nullptr) {
+    : Finestra(QStringLiteral("stato")), profilo_(std::move(profilo)) {
   setWindowTitle(QStringLiteral("Stato degli invii"));
   auto* const colonna = new QVBoxLayout(this);
   colonna->addWidget(sopra());
   colonna->addWidget(operazioni());
-  frase_ = new QLabel(this);
-  frase_->setTextFormat(Qt::PlainText);
-  frase_->setWordWrap(true);
+  frase_ = new Frase(this);
   colonna->addWidget(frase_);
   auto* const divisore = new QSplitter(Qt::Vertical, this);
   divisore->setChildrenCollapsible(false);
   componiTabelle(*divisore);
   colonna->addWidget(divisore, 1);
-  attesa_ = new QWidget(this);
-  auto* const riga = new QHBoxLayout(attesa_);
-  riga->setContentsMargins(0, 0, 0, 0);
-  attende_ = new QLabel(attesa_);
-  auto* const barra = new QProgressBar(attesa_);
-  barra->setRange(0, 0);
-  barra->setAccessibleName(QStringLiteral("Lavoro in corso"));
-  riga->addWidget(attende_);
-  riga->addWidget(barra, 1);
-  colonna->addWidget(attesa_);
+  risposta_ = new Frase(this);
+  risposta_->hide();
+  colonna->addWidget(risposta_);
+  colonna->addWidget(attesa());
   colonna->addWidget(pulsanti());
   ricordaPosto({divisore}, kDimensioneStato);
   leggi(std::nullopt);
 }
 
 QWidget* FinestraStato::sopra() {
-  auto* const riquadro = new QWidget(this);
-  auto* const riga = new QHBoxLayout(riquadro);
-  riga->setContentsMargins(0, 0, 0, 0);
-  auto* const anno = new QLabel(QStringLiteral("&Anno dei compensi"), riquadro);
-  anni_ = new QComboBox(riquadro);
+  ricerca_ = new Ricerca(this);
+  auto* const anno = new QLabel(QStringLiteral("&Anno dei compensi"), ricerca_);
+  anni_ = new QComboBox(ricerca_);
   anni_->setAccessibleName(QStringLiteral("Anno dei compensi"));
   anni_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   anno->setBuddy(anni_);
-  auto* const etichetta = new QLabel(QStringLiteral("C&erca"), riquadro);
-  cerca_ = new CasellaCerca(riquadro);
-  cerca_->setClearButtonEnabled(true);
-  cerca_->setPlaceholderText(QStringLiteral("codice fiscale, nome o causale"));
-  cerca_->setAccessibleName(QStringLiteral("Cerca fra le certificazioni"));
-  etichetta->setBuddy(cerca_);
-  for (QWidget* uno :
-       {static_cast<QWidget*>(anno), static_cast<QWidget*>(anni_), static_cast<QWidget*>(etichetta)})
-    riga->addWidget(uno);
-  riga->addWidget(cerca_, 1);
-  connect(anni_, &QComboBox::activated, this, [this] { leggi(anni_->currentData().toInt()); });
-  connect(cerca_, &QLineEdit::textChanged, this, [this] {
-    cercato_ = desktop::folded(cerca_->text().trimmed());
-    voci_->riapplicaFiltro();
-    diceFrase();
+  ricerca_->metti(anno, true);
+  ricerca_->metti(anni_, true);
+  ricerca_->cambiata = [this] { diceFrase(); };
+  connect(anni_, &QComboBox::activated, this, [this] {
+    risposta_->dici({});
+    leggi(anni_->currentData().toInt());
   });
-  auto* const trova = new QShortcut(QKeySequence::Find, this);
-  connect(trova, &QShortcut::activated, this, [this] {
-    cerca_->setFocus();
-    cerca_->selectAll();
-  });
-  return riquadro;
+  return ricerca_;
 }
 
 QWidget* FinestraStato::operazioni() {
@@ -112,8 +85,7 @@ QWidget* FinestraStato::operazioni() {
     operazione_.reset();
     if (quale != kTutte) operazione_ = static_cast<std::size_t>(quale);
     scriviFiltri();
-    voci_->riapplicaFiltro();
-    diceFrase();
+    ricerca_->applica();
   });
   return riquadro;
 }
@@ -127,7 +99,7 @@ void FinestraStato::scriviFiltri() {
     uno->setText(
         QStringLiteral("%1%2 (%3)")
             .arg(uno->isChecked() ? QStringLiteral("✓ ") : QString(), QString::fromUtf8(kFiltri.at(quale)))
-            .arg(quante));
+            .arg(conteggio(quante)));
   }
 }
 
@@ -149,16 +121,15 @@ void FinestraStato::componiTabelle(QSplitter& divisore) {
   voci_->filtro().passa = [this, di](std::size_t q) {
     if (stato_ == nullptr) return false;
     if (operazione_ && static_cast<std::size_t>(di(q).operazione) != *operazione_) return false;
-    return cercato_.isEmpty() || cercati_[q].contains(cercato_);
+    return ricerca_->passa(q);
   };
   voci_->scelta = [this](auto quale) { mostraCaselle(quale); };
+  ricerca_->serve(voci_);
   divisore.addWidget(voci_);
   auto* const sotto = new QWidget(&divisore);
   auto* const colonna = new QVBoxLayout(sotto);
   colonna->setContentsMargins(0, 0, 0, 0);
-  cambiate_ = new QLabel(sotto);
-  cambiate_->setTextFormat(Qt::PlainText);
-  cambiate_->setWordWrap(true);
+  cambiate_ = new Frase(sotto);
   colonna->addWidget(cambiate_);
   const auto casella = [this](std::size_t q) -> const lettura::CasellaDiversa& {
     return stato_->voci[*voci_->corrente()].caselle[q];
@@ -193,7 +164,10 @@ QWidget* FinestraStato::pulsanti() {
   riga->addStretch(1);
   riga->addWidget(ricarica_ = pulsante(
                       "&Ricarica",
-                      [this] { leggi(stato_ == nullptr ? std::nullopt : std::optional(stato_->anno)); },
+                      [this] {
+                        risposta_->dici({});
+                        leggi(stato_ == nullptr ? std::nullopt : std::optional(stato_->anno));
+                      },
                       QKeySequence(Qt::Key_F5)));
   riga->addWidget(pulsante("C&hiudi", [this] { close(); }));
   return riquadro;

@@ -6,24 +6,25 @@
 #include <vector>
 
 #include "apps/strumenti/finestra.h"
-#include "apps/strumenti/lavoro.h"
 #include "apps/strumenti/stato_letto.h"
 
 class QButtonGroup;
 class QComboBox;
-class QLabel;
-class QLineEdit;
-class QProgressBar;
+class QSplitter;
 
 namespace cu::strumenti {
 
+class Frase;
+class Ricerca;
 class Tabella;
 
 // Where each certificate of a year is between the accounts and the authority, and what follows.
 class FinestraStato : public Finestra {
  public:
   explicit FinestraStato(Profilo profilo);
-  bool lavora() const { return lavoro_.inCorso(); }
+  // As the buttons do, once the file or the folder is chosen.
+  void leggiRicevuta(const QString& tabella);
+  void scriviCorrezioni(const QString& cartella);
 
  protected:
   QString occupata() const override;
@@ -34,40 +35,40 @@ class FinestraStato : public Finestra {
   QWidget* pulsanti();
   void scriviFiltri();
   void componiTabelle(QSplitter& divisore);
-  // Runs a work of this window; one at a time.
-  void esegui(const QString& che, std::function<void()> lavoro, std::function<void()> fatto, bool scrive);
+  // What a work of this window may do.
+  enum class Modo : std::uint8_t { Legge, Scrive, ScriveAPassi };
+  void compi(const QString& che, std::function<void()> lavoro, std::function<void()> fatto, Modo modo);
   void leggi(std::optional<std::int32_t> anno);
   void mostra();
+  QString dettaVoce(const VoceMostrata& voce) const;
   void mostraCaselle(std::optional<std::size_t> quale);
   void diceFrase();
   void abilita();
   void segnaInviato();
   void leggiRicevuta();
+  void registra(const std::shared_ptr<std::vector<riscontro::RigaRicevuta>>& righe,
+                const std::shared_ptr<riscontro::PianoRicevuta>& piano);
   void scriviCorrezioni();
   void aggiungiTabelle();
 
   Profilo profilo_;
   std::shared_ptr<const StatoLetto> stato_;
-  std::vector<QString> cercati_;
-  QString cercato_;
   std::optional<std::size_t> operazione_;  // the one that is shown; all of them without it
   bool scrive_ = false;
 
-  QLabel* frase_ = nullptr;
-  QWidget* attesa_ = nullptr;
-  QLabel* attende_ = nullptr;
+  Frase* frase_ = nullptr;
+  Frase* risposta_ = nullptr;  // what the last operation has done
   QComboBox* anni_ = nullptr;
-  QLineEdit* cerca_ = nullptr;
+  Ricerca* ricerca_ = nullptr;
   QButtonGroup* filtri_ = nullptr;
   Tabella* voci_ = nullptr;
-  QLabel* cambiate_ = nullptr;
+  Frase* cambiate_ = nullptr;
   Tabella* caselle_ = nullptr;
   QPushButton* inviato_ = nullptr;
   QPushButton* ricevuta_ = nullptr;
   QPushButton* correzioni_ = nullptr;
   QPushButton* tabelle_ = nullptr;
   QPushButton* ricarica_ = nullptr;
-  Lavoro lavoro_;
 };
 
 }  // namespace cu::strumenti

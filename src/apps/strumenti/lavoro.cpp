@@ -27,7 +27,7 @@ Lavoro::Esito esitoDi(const std::function<void()>& lavoro) {
 Lavoro::Lavoro(QObject* parent) : QObject(parent) {
   orologio_.setInterval(kMillisecondi);
   connect(&orologio_, &QTimer::timeout, this, [this] {
-    if (avanzamento) avanzamento(fatto_, totale_);
+    if (avanzamento) avanzamento(che_, fatto_, totale_);
   });
 }
 
@@ -39,8 +39,7 @@ Lavoro::~Lavoro() {
 void Lavoro::avvia(std::function<void()> lavoro, std::function<void(const Esito&)> finito) {
   if (inCorso()) return;
   annullato_ = false;
-  fatto_ = 0;
-  totale_ = 0;
+  riferisci(nullptr, 0, 0);
   finito_ = std::move(finito);
   thread_.reset(QThread::create([this, lavoro = std::move(lavoro)] {
     const Esito esito = esitoDi(lavoro);
@@ -59,10 +58,15 @@ void Lavoro::finisci(const Esito& esito) {
   if (finito) finito(esito);
 }
 
-void Lavoro::avanza(std::uint64_t fatto, std::uint64_t totale) {
-  if (annullato_) throw Interrotto();
+void Lavoro::riferisci(const char* che, std::uint64_t fatto, std::uint64_t totale) {
+  che_ = che;
   fatto_ = fatto;
   totale_ = totale;
+}
+
+void Lavoro::avanza(const char* che, std::uint64_t fatto, std::uint64_t totale) {
+  if (annullato_) throw Interrotto();
+  riferisci(che, fatto, totale);
 }
 
 bool Lavoro::chiedi(const std::function<bool()>& domanda) {

@@ -33,12 +33,15 @@ class Lavoro : public QObject {
   // `finito` is called in the window's thread.
   void avvia(std::function<void()> lavoro, std::function<void(const Esito&)> finito);
   void annulla() { annullato_ = true; }
+  bool annullato() const { return annullato_; }
   bool inCorso() const { return thread_ != nullptr; }
   // Called in the window's thread while the work is running.
-  std::function<void(std::uint64_t fatto, std::uint64_t totale)> avanzamento;
+  std::function<void(const char* che, std::uint64_t fatto, std::uint64_t totale)> avanzamento;
 
-  // For the work: reports how far it is. Raises Interrotto.
-  void avanza(std::uint64_t fatto, std::uint64_t totale);
+  // For the work: reports what it does and how far it is, with a total of 0 where that is not known. `che`
+  // stays valid. The second raises Interrotto.
+  void riferisci(const char* che, std::uint64_t fatto, std::uint64_t totale);
+  void avanza(const char* che, std::uint64_t fatto, std::uint64_t totale);
   // For the work: asks the user, in the window's thread, and returns the answer. The window must not be
   // destroyed meanwhile.
   bool chiedi(const std::function<bool()>& domanda);
@@ -50,6 +53,7 @@ class Lavoro : public QObject {
   std::function<void(const Esito&)> finito_;
   QTimer orologio_;
   std::atomic<bool> annullato_ = false;
+  std::atomic<const char*> che_ = nullptr;
   std::atomic<std::uint64_t> fatto_ = 0;
   std::atomic<std::uint64_t> totale_ = 0;
 };

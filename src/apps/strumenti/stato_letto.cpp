@@ -43,7 +43,8 @@ VoceMostrata mostrata(riscontro::VoceStato voce) {
 
 }  // namespace
 
-StatoLetto leggiStato(const Profilo& profilo, std::optional<std::int32_t> anno) {
+StatoLetto leggiStato(const Profilo& profilo, std::optional<std::int32_t> anno,
+                      const std::function<void(const char* che, std::size_t fatti)>& avanza) {
   StatoLetto letto;
   const auto connessione = apriConnessione(profilo.database);
   riscontro::Registro registro(*connessione);
@@ -56,7 +57,12 @@ StatoLetto leggiStato(const Profilo& profilo, std::optional<std::int32_t> anno) 
   letto.anno = noto ? *anno : letto.anni.front();
   Terminale terminale;
   const UtilitaItaliana utilita(terminale, profilo.documenti);
-  for (riscontro::VoceStato& voce : riscontro::statoEsercizio(registro, {azienda, letto.anno}, utilita)) {
+  if (avanza) avanza("Lettura degli invii", 0);
+  const auto letti = [&avanza](std::size_t conti) {
+    if (avanza) avanza("Lettura dei conti", conti);
+  };
+  for (riscontro::VoceStato& voce :
+       riscontro::statoEsercizio(registro, {azienda, letto.anno}, utilita, letti)) {
     ++letto.quante.at(static_cast<std::size_t>(voce.operazione));
     letto.voci.push_back(mostrata(std::move(voce)));
   }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,8 +39,9 @@ struct StatoLetto {
   std::vector<VoceMostrata> voci;
   std::array<std::size_t, kOperazioni> quante{};
 };
-// Of the newest year where none is asked for.
-StatoLetto leggiStato(const Profilo& profilo, std::optional<std::int32_t> anno);
+// Of the newest year where none is asked for. `avanza` is called as it goes on, and may raise.
+StatoLetto leggiStato(const Profilo& profilo, std::optional<std::int32_t> anno,
+                      const std::function<void(const char* che, std::size_t fatti)>& avanza = {});
 
 riscontro::PianoRicevuta pianoRicevuta(const Profilo& profilo,
                                        const std::vector<riscontro::RigaRicevuta>& righe);

@@ -5,16 +5,27 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <algorithm>
 #include <utility>
 
+#include "desktop/grid_drawing.h"
 #include "desktop/whole_text.h"
 
 namespace cu::strumenti {
 namespace {
 
 constexpr int kRigheMisurate = 200;
-constexpr int kLarghezzaMassima = 240;
+
+// The current row has lines around it.
+class DisegnoRiga : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyledItemDelegate::paint(painter, option, index);
+    desktop::paintCurrentRow(painter, option, index);
+  }
+};
 
 }  // namespace
 
@@ -96,15 +107,18 @@ Tabella::Tabella(const QString& nome, const QString& detta, std::vector<Colonna>
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
   horizontalHeader()->setStretchLastSection(true);
   horizontalHeader()->setHighlightSections(false);
-  horizontalHeader()->setResizeContentsPrecision(kRigheMisurate);
   horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
   setSortingEnabled(true);
+  setItemDelegate(new DisegnoRiga(this));
   setMinimumHeight(fontMetrics().height() * 6);
   setMinimumWidth(fontMetrics().height() * 8);
   desktop::tellWhole(*this);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int quale, int, int larga) {
     if (!posate_ || zitta_ || quale == modello_->columnCount() - 1) return;
     memoria_.setWidth(QString::fromUtf8(modello_->colonne()[static_cast<std::size_t>(quale)].chiave), larga);
+  });
+  connect(filtro_, &QAbstractItemModel::layoutChanged, this, [this] {
+    if (currentIndex().isValid()) scrollTo(currentIndex());
   });
   connect(this, &QTableView::clicked, this, [this](const QModelIndex& dove) {
     if (aperta) aperta(static_cast<std::size_t>(filtro_->mapToSource(dove).row()));
@@ -197,13 +211,24 @@ void Tabella::larghezze() {
   for (int i = 0; i < modello_->columnCount(); ++i) {
     const int ricordata =
         memoria_.width(QString::fromUtf8(modello_->colonne()[static_cast<std::size_t>(i)].chiave));
-    if (ricordata > 0) {
-      setColumnWidth(i, ricordata);
-    } else {
-      resizeColumnToContents(i);
-      setColumnWidth(i, std::min(columnWidth(i), kLarghezzaMassima));
-    }
+    const int massima = modello_->colonne()[static_cast<std::size_t>(i)].massima;
+    setColumnWidth(i, ricordata > 0 ? ricordata : std::min(larghezzaDi(i), massima));
   }
+}
+
+// Of the heading and of some rows from the first to the last, because numbers grow.
+int Tabella::larghezzaDi(int colonna) const {
+  constexpr int kIntornoCella = 14;
+  int larga = horizontalHeader()->sectionSizeHint(colonna);
+  const int righe = modello_->rowCount();
+  const int passo = std::max(1, righe / kRigheMisurate);
+  const auto misura = [&](int riga) {
+    const QString testo = modello_->index(riga, colonna).data().toString();
+    larga = std::max(larga, fontMetrics().horizontalAdvance(testo) + kIntornoCella);
+  };
+  for (int riga = 0; riga < righe; riga += passo) misura(riga);
+  if (righe > 0) misura(righe - 1);
+  return larga;
 }
 
 void Tabella::copia() {

@@ -22,6 +22,7 @@ struct Colonna {
   bool aDestra = false;
   std::function<QVariant(std::size_t riga)> ordine = {};  // the text where it is empty
   Testo detto = {};                                       // for a screen reader; the text where it is empty
+  int massima = 240;                                      // of its first width
 };
 
 // Reads each cell when it is shown.
@@ -58,7 +59,8 @@ class FiltroTabella : public QSortFilterProxyModel {
   bool filterAcceptsRow(int riga, const QModelIndex& parent) const override;
 };
 
-// A table of rows with a filter, the user's widths of columns, and Ctrl+C for the highlighted rows.
+// A table of rows with a filter, a current row that stays in sight when it is sorted, the user's widths of
+// columns, and Ctrl+C for the highlighted rows.
 class Tabella : public QTableView {
  public:
   // `nome` is that of the table in the user's settings, `detta` that for a screen reader.
@@ -87,6 +89,7 @@ class Tabella : public QTableView {
 
  private:
   void larghezze();
+  int larghezzaDi(int colonna) const;
   void copia();
 
   ModelloTabella* modello_;

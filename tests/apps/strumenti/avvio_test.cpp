@@ -65,7 +65,7 @@ TEST(StartTools, AFileThatIsDroppedOpens) {
   for (QWidget* una : QApplication::topLevelWidgets()) {
     auto* const aperta = dynamic_cast<FinestraFile*>(una);
     if (aperta == nullptr) continue;
-    EXPECT_TRUE(test::aspetta([aperta] { return !aperta->legge(); }));
+    EXPECT_TRUE(test::aspetta([aperta] { return !aperta->lavora(); }));
     EXPECT_EQ(aperta->windowTitle(), QStringLiteral("lasciato.cur"));
     aperta->close();
   }

@@ -1,8 +1,12 @@
 #pragma once
 
-#include <QCoreApplication>
+#include <QAbstractButton>
+#include <QApplication>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QThread>
+#include <QTimer>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -70,6 +74,37 @@ inline bool aspetta(const std::function<bool()>& fatto) {
   }
   QCoreApplication::processEvents();
   return fatto();
+}
+
+// Calls once with the next dialog that waits for an answer.
+inline void alProssimoDialogo(const std::function<void(QWidget& dialogo)>& fa) {
+  auto* const orologio = new QTimer(qApp);
+  QObject::connect(orologio, &QTimer::timeout, orologio, [orologio, fa] {
+    QWidget* const dialogo = QApplication::activeModalWidget();
+    if (dialogo == nullptr) return;
+    orologio->stop();
+    orologio->deleteLater();
+    fa(*dialogo);
+  });
+  orologio->start(10);
+}
+
+// Presses the button of a widget whose caption contains the text; whether there is one.
+inline bool premi(QWidget& dove, const char* testo) {
+  for (auto* uno : dove.findChildren<QAbstractButton*>()) {
+    if (!uno->text().remove(u'&').contains(QString::fromUtf8(testo))) continue;
+    uno->click();
+    return true;
+  }
+  return false;
+}
+
+// Whether a label of the widget that can be seen contains the text.
+inline bool dice(const QWidget& dove, const char* testo) {
+  const QList<QLabel*> scritte = dove.findChildren<QLabel*>();
+  return std::any_of(scritte.begin(), scritte.end(), [&](const QLabel* una) {
+    return una->isVisibleTo(&dove) && una->text().contains(QString::fromUtf8(testo));
+  });
 }
 
 }  // namespace cu::test

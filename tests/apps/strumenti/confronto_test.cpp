@@ -16,8 +16,10 @@ namespace cu::strumenti {
 namespace {
 
 using lettura::prova::FileDiProva;
+using ::testing::HasSubstr;
+using ::testing::Not;
 
-const FileEsaminato::Avanza kLibero = [](std::uint64_t, std::uint64_t) {};
+const FileEsaminato::Avanza kLibero = [](const char*, std::uint64_t, std::uint64_t) {};
 
 struct DueFile {
   test::TempFolder cartella;
@@ -95,6 +97,72 @@ TEST(Comparison, WithoutAYearThereAreNoAccounts) {
   EXPECT_THROW(
       Confronto::conConti(test::scritto(azienda.cartella / "x.cur", prova.testo()), azienda.profilo, kLibero),
       Error);
+}
+
+// The ordinary supply of the accounts, as another company would have it.
+std::string diAltri(const test::Azienda& azienda) {
+  std::string testo = test::letto(azienda.scrivi(2017));
+  for (std::size_t posto = 0; (posto = testo.find("04123450233", posto)) != std::string::npos;)
+    testo.replace(posto, 11, "00000000232");
+  return test::scritto(azienda.cartella / "altri.cur", testo);
+}
+
+TEST(Comparison, OfAnotherCompanyOrAnotherYearIsSaidFirst) {
+  const test::Azienda azienda;
+  const std::string file = diAltri(azienda);
+  const Confronto altri = Confronto::conConti(file, azienda.profilo, kLibero);
+  EXPECT_THAT(altri.estraneita(), HasSubstr("di un'altra azienda (00000000232"));
+  EXPECT_THAT(altri.estraneita(), HasSubstr("codice fiscale 04123450233"));
+  EXPECT_THAT(altri.estraneita(), Not(HasSubstr("altro anno")));
+  EXPECT_FALSE(altri.confrontati());
+  EXPECT_TRUE(altri.righe().empty());
+  const Confronto comunque = Confronto::conConti(file, azienda.profilo, kLibero, true);
+  EXPECT_TRUE(comunque.confrontati());
+  EXPECT_GT(comunque.quante(EsitoConfronto::Diverso), 40U);
+  const std::string proprio = azienda.scrivi(2017);
+  EXPECT_EQ(Confronto::conConti(proprio, azienda.profilo, kLibero).estraneita(), "");
+  azienda.esegui("DELETE FROM ContoIndividuale WHERE Anno = 2017 AND IDAzienda = 1");
+  const Confronto senza = Confronto::conConti(proprio, azienda.profilo, kLibero);
+  EXPECT_THAT(senza.estraneita(), HasSubstr("nessun compenso del 2017"));
+  EXPECT_FALSE(senza.confrontati());
+}
+
+TEST(Comparison, TwoFilesOfDifferentCompaniesAreCompared) {
+  const test::Azienda azienda;
+  const Confronto confronto = Confronto::diFile(azienda.scrivi(2017), diAltri(azienda), kLibero);
+  EXPECT_THAT(confronto.estraneita(), HasSubstr("non sono dello stesso sostituto"));
+  EXPECT_GT(confronto.righe().size(), 40U);
+}
+
+TEST(Comparison, AFileOfAnotherKindIsASentence) {
+  const test::Azienda azienda;
+  const std::string pdf = test::scritto(azienda.cartella / "a.pdf", "%PDF-1.7\n");
+  try {
+    static_cast<void>(Confronto::diFile(pdf, pdf, kLibero));
+    FAIL();
+  } catch (const Error& errore) {
+    EXPECT_THAT(errore.description(), HasSubstr("un documento PDF"));
+  }
+}
+
+TEST(ComparisonWindow, GoesOnWithAnotherCompanyOnlyWhenAsked) {
+  const test::Azienda azienda;
+  FinestraConfronto finestra(qs(diAltri(azienda)), azienda.profilo);
+  finestra.setAttribute(Qt::WA_DeleteOnClose, false);
+  finestra.show();
+  ASSERT_TRUE(test::aspetta([&] { return !finestra.lavora(); }));
+  EXPECT_TRUE(test::dice(finestra, "di un'altra azienda"));
+  EXPECT_FALSE(test::dice(finestra, "diverse"));
+  Tabella* righe = nullptr;
+  for (auto* una : finestra.findChildren<QTableView*>()) {
+    if (una->accessibleName().startsWith(QStringLiteral("Cert"))) righe = dynamic_cast<Tabella*>(una);
+  }
+  ASSERT_NE(righe, nullptr);
+  EXPECT_EQ(righe->mostrate(), 0U);
+  ASSERT_TRUE(test::premi(finestra, "Confronta comunque"));
+  ASSERT_TRUE(test::aspetta([&] { return !finestra.lavora(); }));
+  EXPECT_GT(righe->mostrate(), 40U);
+  EXPECT_TRUE(test::dice(finestra, "di un'altra azienda")) << "it stays in sight";
 }
 
 TEST(ComparisonWindow, ShowsTheDifferencesFirst) {

@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include "apps/comune/file_letto.h"
+#include "apps/strumenti/conteggi.h"
 #include "apps/strumenti/file_esaminato.h"
+#include "apps/strumenti/finestra.h"
 #include "apps/strumenti/lavoro.h"
 #include "azienda_support.h"
 #include "lettura/lettura_prova.h"
@@ -88,14 +90,67 @@ TEST(FileRead, SaysWhatAFileIsNot) {
   EXPECT_EQ(stranezza(vuoto), "Il file è vuoto.");
   const FileEsaminato pdf =
       FileEsaminato::leggi(test::scritto(cartella / "a.pdf", "%PDF-1.7\n\x01\x02\n"), {});
-  EXPECT_THAT(stranezza(pdf), HasSubstr("non è un file telematico"));
-  EXPECT_FALSE(pdf.rilievi().empty());
+  EXPECT_THAT(stranezza(pdf), HasSubstr("non un file telematico"));
+  EXPECT_THAT(stranezza(pdf), HasSubstr("un documento PDF"));
+  EXPECT_TRUE(pdf.rilievi().empty()) << "what it is says it all";
   const FileEsaminato buono = FileEsaminato::leggi(test::scritto(cartella / "b.cur", molti(1).testo()), {});
   EXPECT_THAT(stranezza(buono), IsEmpty());
   EXPECT_THAT(intestazione(buono), HasSubstr("Fornitura CUR18, compensi del 2017, ordinaria"));
   EXPECT_THAT(intestazione(buono), HasSubstr("nessun errore, nessun avviso"));
   EXPECT_THROW(FileEsaminato::leggi(cartella.path(), {}), FileIlleggibile);
   EXPECT_THROW(FileEsaminato::leggi(cartella / "manca.cur", {}), FileIlleggibile);
+}
+
+TEST(FileRead, AFileOfAnotherKindIsOneSentence) {
+  const test::TempFolder cartella;
+  const auto frase = [&](const std::string& contenuto) {
+    const FileEsaminato file = FileEsaminato::leggi(test::scritto(cartella / "altro", contenuto), {});
+    EXPECT_TRUE(file.rilievi().empty()) << contenuto;
+    EXPECT_EQ(file.esito().rilievi.errori(), 0U) << contenuto;
+    EXPECT_EQ(stranezza(file), file.estraneo());
+    return file.estraneo();
+  };
+  EXPECT_THAT(frase(std::string("\x89PNG\r\n\x1a\n\0\0", 10)), HasSubstr("un'immagine PNG"));
+  EXPECT_THAT(frase("PK\3\4....xl/workbook.xml"), HasSubstr("un foglio elettronico XLSX"));
+  EXPECT_THAT(frase("PK\3\4....lettera.txt"), HasSubstr("un archivio ZIP"));
+  EXPECT_THAT(frase("\n<?xml version=\"1.0\"?><a/>"), HasSubstr("un documento XML"));
+  std::string testo;
+  for (int i = 0; i < 5000; ++i) testo += "Agenda del giorno " + std::to_string(i) + "\n";
+  EXPECT_THAT(frase(testo), HasSubstr("nessuna delle sue righe"));
+}
+
+TEST(FileRead, ADamagedTelematicFileKeepsItsFindings) {
+  const test::TempFolder cartella;
+  std::string soloLf = molti(2).testo();
+  std::erase(soloLf, '\r');
+  const FileEsaminato file = FileEsaminato::leggi(test::scritto(cartella / "lf.cur", soloLf), {});
+  EXPECT_EQ(file.estraneo(), "");
+  EXPECT_FALSE(file.rilievi().empty());
+}
+
+TEST(FileRead, FindingsOfTheWholeFileComeFirst) {
+  const test::TempFolder cartella;
+  FileDiProva prova = molti(2);
+  prova.valore(4, "AU001008", FileDiProva::amount("999,00"));
+  prova.metti(2, 402, "00000099");
+  const FileEsaminato file = FileEsaminato::leggi(test::scritto(cartella / "r.cur", prova.testo()), {});
+  ASSERT_GE(file.rilievi().size(), 2U);
+  bool diCertificato = false;
+  for (const lettura::Rilievo& uno : file.rilievi()) {
+    const bool suo = file.certificatoDi(uno.riga).has_value();
+    EXPECT_TRUE(suo || !diCertificato) << uno.testo;
+    diCertificato = suo;
+  }
+  EXPECT_TRUE(diCertificato);
+}
+
+TEST(FileRead, CountsHaveThousandsMarks) {
+  EXPECT_EQ(conPunti(0), "0");
+  EXPECT_EQ(conPunti(999), "999");
+  EXPECT_EQ(conPunti(1000), "1.000");
+  EXPECT_EQ(conPunti(38000000), "38.000.000");
+  EXPECT_EQ(segni(1200, 20000), QStringLiteral("✖ 1.200  ⚠ 20.000"));
+  EXPECT_EQ(segniDetti(1, 20000), QStringLiteral("1 errore, 20.000 avvisi"));
 }
 
 TEST(FileRead, ATruncatedFileShowsWhatCouldBeRead) {
@@ -113,8 +168,9 @@ TEST(FileRead, ATruncatedFileShowsWhatCouldBeRead) {
 TEST(FileRead, CanBeInterrupted) {
   const test::TempFolder cartella;
   const std::string percorso = test::scritto(cartella / "molti.cur", molti(50).testo());
-  EXPECT_THROW(FileEsaminato::leggi(percorso, [](std::uint64_t, std::uint64_t) { throw Interrotto(); }),
-               Interrotto);
+  EXPECT_THROW(
+      FileEsaminato::leggi(percorso, [](const char*, std::uint64_t, std::uint64_t) { throw Interrotto(); }),
+      Interrotto);
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 
 #include "apps/strumenti/esportazione.h"
 #include "apps/strumenti/finestra_file.h"
+#include "apps/strumenti/frase.h"
 #include "apps/strumenti/tabella_vista.h"
 #include "azienda_support.h"
 #include "desktop/page_view.h"
@@ -34,7 +35,7 @@ class Schermo {
   }
   FinestraFile* operator->() const { return finestra_.get(); }
   void finita() const {
-    EXPECT_TRUE(test::aspetta([this] { return !finestra_->legge(); }));
+    EXPECT_TRUE(test::aspetta([this] { return !finestra_->lavora(); }));
   }
   Tabella& tabella(const char* nome) const {
     for (auto* una : finestra_->findChildren<QTableView*>()) {
@@ -88,7 +89,7 @@ TEST(FileWindow, SearchesAndKeepsTheChoiceThatIsStillShown) {
   cerca->setText(QStringLiteral("nessuno"));
   EXPECT_EQ(schermo.certificati().mostrate(), 0U);
   EXPECT_EQ(schermo.caselle().mostrate(), 0U);
-  EXPECT_TRUE(schermo.modulo().sentence().contains(QStringLiteral("ricerca")));
+  EXPECT_TRUE(schermo.modulo().pages().sentence().contains(QStringLiteral("ricerca")));
   cerca->clear();
   EXPECT_EQ(schermo.certificati().mostrate(), 3U);
 }
@@ -125,10 +126,105 @@ TEST(FileWindow, AFindingLeadsToItsCertificateItsCellAndItsPage) {
   ASSERT_TRUE(casella);
   EXPECT_EQ(schermo.cella(schermo.caselle(), *casella, 1), QStringLiteral("AU001004"));
   EXPECT_EQ(schermo.cella(schermo.caselle(), *casella, 2), QStringLiteral("12,3X"));
-  EXPECT_EQ(schermo.modulo().page(), 1) << "the page of module 1";
+  EXPECT_EQ(schermo.modulo().pages().page(), 1) << "the page of module 1";
   auto* const tratto = schermo->findChild<QPlainTextEdit*>();
   ASSERT_EQ(tratto->extraSelections().size(), 1);
   EXPECT_TRUE(tratto->extraSelections()[0].cursor.selectedText().contains(QStringLiteral("12,3X")));
+}
+
+TEST(FileWindow, AFindingIsMarkedAndScrolledToOnTheForm) {
+  const test::TempFolder cartella;
+  const Schermo schermo(treCertificati(cartella));
+  schermo->resize(700, 500);
+  const FileEsaminato file = FileEsaminato::leggi(cartella / "tre.cur", {});
+  std::optional<std::size_t> importo;
+  for (std::size_t i = 0; i < file.rilievi().size(); ++i) {
+    if (file.rilievi()[i].regola == lettura::Regola::K03) importo = i;
+  }
+  ASSERT_TRUE(importo);
+  schermo->vaiAlRilievo(*importo);
+  desktop::Pages& pagine = schermo.modulo().pages();
+  ASSERT_TRUE(test::aspetta([&] { return pagine.pictures() && pagine.mark(); }));
+  EXPECT_EQ(pagine.mark()->page, 1);
+  EXPECT_TRUE(pagine.mark()->spoken.contains(QStringLiteral("AU001004")));
+  for (int i = 0; i < 6; ++i) pagine.larger();
+  pagine.setMark(pagine.mark());
+  EXPECT_TRUE(pagine.seen().contains(pagine.mark()->place.center()));
+  // A box that is chosen in the table is marked too, and another certificate has no mark.
+  schermo.caselle().setFocus();
+  schermo.caselle().aperta(0);
+  EXPECT_EQ(pagine.mark()->page, 0);
+  schermo.certificati().scegli(0);
+  EXPECT_TRUE(test::aspetta([&] { return !pagine.mark(); }));
+}
+
+TEST(FileWindow, FindingsOfTheWholeFileAreShownWithEveryCertificate) {
+  const test::TempFolder cartella;
+  FileDiProva prova;
+  prova.certificato().certificato("BNCLCU80A01L781X").fine();
+  prova.metti(2, 402, "00000099");
+  const Schermo schermo(test::scritto(cartella / "b.cur", prova.testo()));
+  constexpr int kDove = 2;
+  for (const std::size_t quale : {0U, 1U}) {
+    schermo.certificati().scegli(quale);
+    ASSERT_GE(schermo.rilievi().mostrate(), 1U);
+    EXPECT_EQ(schermo.rilievi().model()->index(0, kDove).data().toString(),
+              QStringLiteral("di tutto il file"));
+  }
+  schermo->findChild<QCheckBox*>()->setChecked(true);
+  EXPECT_EQ(schermo.rilievi().model()->index(0, kDove).data().toString(), QStringLiteral("di tutto il file"))
+      << "with the filter on";
+  schermo.rilievi().scegli(0);
+  EXPECT_TRUE(schermo.dice("Di tutto il file: "));
+}
+
+TEST(FileWindow, ALongSentenceDoesNotCoverTheTable) {
+  const test::TempFolder cartella;
+  const Schermo schermo(treCertificati(cartella));
+  auto* const frase = new Frase(schermo.operator->());
+  frase->resize(120, 10);
+  frase->dici(QStringLiteral("Una frase lunga che in poco spazio ha bisogno di più righe per stare intera"));
+  EXPECT_GE(frase->minimumHeight(), frase->fontMetrics().height() * 3);
+  frase->resize(900, 10);
+  EXPECT_LT(frase->minimumHeight(), frase->fontMetrics().height() * 2);
+}
+
+TEST(FileWindow, DownAndEnterLeadFromTheSearchToTheTable) {
+  const test::TempFolder cartella;
+  const Schermo schermo(treCertificati(cartella));
+  auto* const cerca = schermo->findChild<QLineEdit*>();
+  for (const Qt::Key tasto : {Qt::Key_Down, Qt::Key_Return}) {
+    cerca->setFocus();
+    QTest::keyClick(cerca, tasto);
+    EXPECT_EQ(schermo->focusWidget(), &schermo.certificati());
+  }
+}
+
+TEST(FileWindow, AfterSortingTheChoiceIsInSightAndNumbersAreWhole) {
+  const test::TempFolder cartella;
+  FileDiProva prova;
+  for (int i = 0; i < 1200; ++i) prova.certificato();
+  prova.fine();
+  const Schermo schermo(test::scritto(cartella / "molti.cur", prova.testo()));
+  Tabella& tabella = schermo.certificati();
+  const QString ultimo = schermo.cella(tabella, 1199, 0);
+  EXPECT_GE(tabella.columnWidth(0), tabella.fontMetrics().horizontalAdvance(ultimo) + 6);
+  tabella.scegli(0);
+  tabella.sortByColumn(0, Qt::DescendingOrder);
+  const QRect dove = tabella.visualRect(tabella.currentIndex());
+  EXPECT_EQ(tabella.corrente(), std::optional<std::size_t>(0));
+  EXPECT_TRUE(tabella.viewport()->rect().intersects(dove));
+  EXPECT_TRUE(schermo.dice("1.200 certificazioni"));
+}
+
+TEST(FileDialogs, RememberTheFolderAsLongAsItIsThere) {
+  const auto uso = QStringLiteral("prova");
+  {
+    const test::TempFolder cartella;
+    ricordaCartella(uso, qs(cartella.path()));
+    EXPECT_EQ(cartellaRicordata(uso), qs(cartella.path()));
+  }
+  EXPECT_EQ(cartellaRicordata(uso, QStringLiteral("/altrove")), QStringLiteral("/altrove"));
 }
 
 TEST(FileWindow, AFindingOfNoCertificateShowsItsStretch) {
@@ -155,21 +251,21 @@ TEST(FileWindow, WhateverTheFileIsThereIsASentence) {
   EXPECT_TRUE(vuoto.dice("Il file è vuoto."));
   const Schermo pdf(
       test::scritto(cartella / "a.pdf", "%PDF-1.7\n\x01\x02\x81\n" + std::string(100000, '\0')));
-  EXPECT_TRUE(pdf.dice("non è un file telematico"));
-  EXPECT_GT(pdf.rilievi().mostrate(), 0U) << "what is wrong is listed";
+  EXPECT_TRUE(pdf.dice("un documento PDF, non un file telematico"));
+  EXPECT_EQ(pdf.rilievi().mostrate(), 0U) << "the sentence says it all";
   FileDiProva senzaAnno("XYZ99");
   senzaAnno.certificato().fine();
   const Schermo ignoto(test::scritto(cartella / "ignoto.cur", senzaAnno.testo()));
   EXPECT_EQ(ignoto.certificati().mostrate(), 1U);
   EXPECT_GT(ignoto.caselle().mostrate(), 5U);
-  EXPECT_TRUE(
-      test::aspetta([&] { return ignoto.modulo().sentence().contains(QStringLiteral("di quale anno")); }));
+  EXPECT_TRUE(test::aspetta(
+      [&] { return ignoto.modulo().pages().sentence().contains(QStringLiteral("di quale anno")); }));
 }
 
 TEST(FileWindow, TheFormIsDrawnAfterTheChoice) {
   const test::TempFolder cartella;
   const Schermo schermo(treCertificati(cartella));
-  EXPECT_TRUE(test::aspetta([&] { return schermo.modulo().pages() == 2; }));
+  EXPECT_TRUE(test::aspetta([&] { return schermo.modulo().pages().pages() == 2; }));
 }
 
 TEST(FileWindow, ReadsAgainWhatHasChanged) {
@@ -180,7 +276,7 @@ TEST(FileWindow, ReadsAgainWhatHasChanged) {
   uno.certificato().fine();
   test::scritto(percorso, uno.testo());
   schermo.certificati().scegli(2);
-  EXPECT_TRUE(schermo.modulo().sentence().contains(QStringLiteral("cambiato")));
+  EXPECT_TRUE(schermo.modulo().pages().sentence().contains(QStringLiteral("cambiato")));
   schermo->apri(qs(percorso));
   schermo.finita();
   EXPECT_EQ(schermo.certificati().mostrate(), 1U);

@@ -122,9 +122,131 @@ TEST(State, WithoutTheTablesSaysSoAndAddsThem) {
   }
   ASSERT_NE(aggiungi, nullptr);
   EXPECT_TRUE(aggiungi->isVisible());
+  EXPECT_EQ(finestra.focusWidget(), aggiungi) << "the next thing to do";
+  test::alProssimoDialogo([](QWidget& domanda) { EXPECT_TRUE(test::premi(domanda, "Annulla")); });
+  aggiungi->click();
+  EXPECT_FALSE(finestra.lavora());
+  EXPECT_FALSE(leggiStato(azienda.profilo, std::nullopt).tabelle) << "not without the answer";
+  test::alProssimoDialogo([](QWidget& domanda) { EXPECT_TRUE(test::premi(domanda, "Aggiungi le tabelle")); });
   aggiungi->click();
   ASSERT_TRUE(test::aspetta([&] { return !finestra.lavora() && !aggiungi->isVisible(); }));
   EXPECT_TRUE(leggiStato(azienda.profilo, std::nullopt).tabelle);
+  EXPECT_TRUE(test::dice(finestra, "sono state aggiunte"));
+  EXPECT_NE(dynamic_cast<Tabella*>(finestra.focusWidget()), nullptr);
+}
+
+// The window of a year's state, read.
+class SchermoStato {
+ public:
+  explicit SchermoStato(const test::Azienda& azienda) : finestra_(azienda.profilo) {
+    finestra_.setAttribute(Qt::WA_DeleteOnClose, false);
+    finestra_.show();
+    finita();
+  }
+  FinestraStato& operator*() { return finestra_; }
+  FinestraStato* operator->() { return &finestra_; }
+  void finita() {
+    EXPECT_TRUE(test::aspetta([this] { return !finestra_.lavora(); }));
+  }
+
+ private:
+  FinestraStato finestra_;
+};
+
+TEST(StateWindow, SaysWhatWasMarkedAsSent) {
+  const test::Azienda azienda;
+  const std::string file = azienda.scrivi(2016);
+  SchermoStato schermo(azienda);
+  const auto segna = [&] {
+    test::alProssimoDialogo([&file](QWidget& dialogo) {
+      dynamic_cast<DialogoInviato&>(dialogo).scegli(qs(file));
+      EXPECT_TRUE(test::premi(dialogo, "Segna"));
+    });
+    EXPECT_TRUE(test::premi(*schermo, "Segna come inviato"));
+    schermo.finita();
+  };
+  segna();
+  EXPECT_TRUE(test::dice(*schermo, "Segnato come inviato il 05/03/2018 il file CUR_"));
+  EXPECT_TRUE(test::dice(*schermo, "del 2016."));
+  segna();
+  EXPECT_TRUE(test::dice(*schermo, "era già segnato come inviato il 05/03/2018"));
+}
+
+TEST(StateWindow, ShowsTheReasonOfARejectionAlsoAfterTheCorrection) {
+  const test::Azienda azienda;
+  const StatoLetto nuove = leggiStato(azienda.profilo, std::nullopt);
+  const std::string file = azienda.scrivi(nuove.anno);
+  EXPECT_TRUE(segnaInviato(azienda.profilo, file, std::nullopt).riuscito);
+  EXPECT_TRUE(registraRicevuta(azienda.profilo, risposta(nuove, 1)));
+  EXPECT_TRUE(segnaInviato(azienda.profilo, azienda.scrivi(nuove.anno), std::nullopt).riuscito);
+  SchermoStato schermo(azienda);
+  EXPECT_TRUE(test::dice(*schermo, "Motivo dell'ultimo scarto: Codice fiscale errato"));
+}
+
+TEST(StateWindow, TellsAReceiptOfOthersFromOneWithoutRows) {
+  const test::Azienda azienda;
+  SchermoStato schermo(azienda);
+  const auto frase = [&](const char* contenuto) {
+    const std::string tabella = test::scritto(azienda.cartella / "ricevuta.csv", contenuto);
+    QString letta;
+    bool chiuso = false;
+    test::alProssimoDialogo([&](QWidget& dialogo) {
+      for (auto* una : dialogo.findChildren<QLabel*>()) letta += una->text() + u'\n';
+      dialogo.close();
+      chiuso = true;
+    });
+    schermo->leggiRicevuta(qs(tabella));
+    EXPECT_TRUE(test::aspetta([&] { return chiuso && !schermo->lavora(); }));
+    return letta.toStdString();
+  };
+  using ::testing::HasSubstr;
+  EXPECT_THAT(frase("CodiceFiscale;Protocollo;Progressivo;Esito\n"
+                    "BNCLCU80A01L781X;18030612345678901;000001;accettata\n"),
+              HasSubstr("Nessuna riga corrisponde"));
+  EXPECT_THAT(frase("CodiceFiscale;Protocollo;Progressivo;Esito\n"), HasSubstr("nessuna riga"));
+  EXPECT_THAT(frase("a;b\n1;2\n"), HasSubstr("non è la tabella di una ricevuta"));
+}
+
+TEST(StateWindow, CorrectionsCanBeInterruptedAndSayWhatWasWritten) {
+  const test::Azienda azienda;
+  SchermoStato schermo(azienda);
+  const auto correzioni = [&](bool interrompi) {
+    schermo->scriviCorrezioni(qs(azienda.cartella / "uscita"));
+    if (interrompi) {
+      EXPECT_TRUE(test::premi(*schermo, "Interrompi"));
+    }
+    DialogoCorrezioni* dialogo = nullptr;
+    EXPECT_TRUE(test::aspetta([&] {
+      for (auto* uno : schermo->findChildren<QDialog*>()) {
+        if (auto* const suo = dynamic_cast<DialogoCorrezioni*>(uno)) dialogo = suo;
+      }
+      return dialogo != nullptr && !schermo->lavora();
+    }));
+    std::string testo;
+    for (auto* una : dialogo->findChildren<QLabel*>()) testo += una->text().toStdString() + "\n";
+    delete dialogo;
+    return testo;
+  };
+  using ::testing::HasSubstr;
+  EXPECT_THAT(correzioni(true), HasSubstr("Interrotto: non è stato scritto nessun file."));
+  EXPECT_FALSE(std::filesystem::exists(azienda.cartella / "uscita"));
+  EXPECT_THAT(correzioni(false), HasSubstr("Certificazioni nuove: "));
+}
+
+TEST(StateWindow, EverythingThatCanBeReachedHasAName) {
+  const test::Azienda azienda;
+  SchermoStato schermo(azienda);
+  std::multiset<QChar> lettere;
+  for (auto* uno : schermo->findChildren<QWidget*>()) {
+    auto* const pulsante = qobject_cast<QAbstractButton*>(uno);
+    auto* const scritta = qobject_cast<QLabel*>(uno);
+    const QString testo = pulsante != nullptr ? pulsante->text() : scritta != nullptr ? scritta->text() : "";
+    const qsizetype posto = testo.indexOf(u'&');
+    if (posto >= 0) lettere.insert(testo[posto + 1].toLower());
+    if ((uno->focusPolicy() & Qt::TabFocus) == 0 || !uno->isVisibleTo(&*schermo)) continue;
+    EXPECT_TRUE(!uno->accessibleName().isEmpty() || !testo.isEmpty()) << uno->metaObject()->className();
+  }
+  for (const QChar lettera : lettere) EXPECT_EQ(lettere.count(lettera), 1U) << QString(lettera).toStdString();
 }
 
 TEST(StateWindow, CountsTheOperationsAndFiltersByThem) {
