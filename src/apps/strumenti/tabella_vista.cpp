@@ -216,7 +216,8 @@ void Tabella::larghezze() {
   }
 }
 
-// Of the heading and of some rows from the first to the last, because numbers grow.
+// Of the heading, of some rows from the first to the last, because numbers grow, and of the first that are
+// shown.
 int Tabella::larghezzaDi(int colonna) const {
   constexpr int kIntornoCella = 14;
   int larga = horizontalHeader()->sectionSizeHint(colonna);
@@ -228,6 +229,9 @@ int Tabella::larghezzaDi(int colonna) const {
   };
   for (int riga = 0; riga < righe; riga += passo) misura(riga);
   if (righe > 0) misura(righe - 1);
+  for (int riga = 0; riga < std::min(filtro_->rowCount(), kRigheMisurate); ++riga) {
+    misura(filtro_->mapToSource(filtro_->index(riga, 0)).row());
+  }
   return larga;
 }
 

@@ -177,6 +177,10 @@ TEST(ComparisonWindow, ShowsTheDifferencesFirst) {
         dynamic_cast<Tabella*>(una);
   }
   ASSERT_TRUE(test::aspetta([&] { return righe->mostrate() == 3; }));
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_GE(righe->columnWidth(0),
+              righe->fontMetrics().horizontalAdvance(righe->model()->index(i, 0).data().toString()) + 8);
+  }
   finestra.findChild<QCheckBox*>()->setChecked(false);
   EXPECT_EQ(righe->mostrate(), 4U);
   righe->scegli(1);
