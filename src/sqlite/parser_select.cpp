@@ -130,7 +130,8 @@ Source Parser::source() {
   result.table = objectName();
   if (peek().is("(")) refuse("suggerimento o funzione dopo un nome di tabella");
   result.alias = optionalAlias();
-  // The lock of the whole table until the end of the transaction is the one that every writing transaction has.
+  // The lock of the whole table until the end of the transaction is the one that every writing transaction
+  // has.
   if (at("WITH") && peek(1).is("(") && at("TABLOCKX", 2) && peek(3).is(",") && at("HOLDLOCK", 4) &&
       peek(5).is(")")) {
     at_ += 6;

@@ -8,10 +8,10 @@
 #include <string>
 
 #include "archive/riempi_liste.h"
-#include "liste/risorse.h"
-#include "liste/tabella.h"
 #include "base/codice_fiscale.h"
 #include "base/text.h"
+#include "liste/risorse.h"
+#include "liste/tabella.h"
 #include "support/fake_connection.h"
 
 namespace cu {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "liste/liste.h"
 #include "base/codice_fiscale.h"
+#include "liste/liste.h"
 
 namespace cu {
 
