@@ -2,8 +2,8 @@
 """Names in anonymous namespaces that repeat within a folder:  tools/names.py FOLDER...
 
 Where a tree is built once, the files of a room or of a test program are compiled as one file. A function of the same
-name in two of them is then an overload, and the wrong one may be called without an error. Exits with 1 where a name
-repeats. Folders of independent programs (fuzz) are not examined.
+name in two of them is then an overload, and the wrong one may be called without an error; a constant of a header of
+the folder is then ambiguous. Exits with 1 where a name repeats. Folders of independent programs (fuzz) are not examined.
 """
 
 import collections
@@ -15,7 +15,9 @@ FUNCTION = re.compile(
     r"(?!using\b|return\b|class\b|struct\b|enum\b|//|#|\}|TEST|INSTANTIATE|constexpr .*=)"
     r"[A-Za-z\[][\w:<>&*\[\], ()]*?[ &*](\w+)\(")
 TYPE = re.compile(r"(?:class|struct|enum class|enum) (\w+)")
-CONSTANT = re.compile(r"constexpr [^=({]*?\b(k[A-Z]\w*)")
+CONSTANT = re.compile(r"constexpr [^=({]*?\b(k[A-Z]\w*)(?:\[[^\]]*\])* *[={]")
+
+HEADER = re.compile(r"^inline constexpr [^=({;]*?\b(k[A-Z]\w*)(?:\[[^\]]*\])* *[={]", re.MULTILINE)
 
 
 def names_of(file):
@@ -42,6 +44,9 @@ def main():
                 folders[file.parent].append(file)
         for folder, files in sorted(folders.items()):
             places = collections.defaultdict(set)
+            for header in folder.glob("*.h"):
+                for name in HEADER.findall(header.read_text(encoding="utf-8")):
+                    places[name].add(header.name)
             for file in files:
                 for name in names_of(file):
                     places[name].add(file.name)

@@ -14,7 +14,7 @@ constexpr std::string_view kDate = "GG/MM/AAAA o AAAA-MM-GG";
 constexpr std::string_view kFlag = "S o N, SI o NO, 1 o 0, X o niente, true o false";
 constexpr std::string_view kImporti = "due decimali al più, senza segni di migliaia";
 constexpr std::string_view kPercento = "da 0 a 100";
-constexpr std::string_view kCodici = "16 caratteri di una persona, 11 cifre di una ditta";
+constexpr std::string_view kFormaCodici = "16 caratteri di una persona, 11 cifre di una ditta";
 constexpr std::string_view kIva = "11 cifre";
 constexpr std::string_view kSigla = "sigla di due lettere, come VR";
 constexpr std::string_view kCap5 = "5 cifre in Italia";
@@ -40,7 +40,7 @@ constexpr auto kAziende = [] {
   // clang-format off
   return std::to_array<Colonna>({
     {.indice = rango(CodiceFiscale), .nome = "CodiceFiscale", .tipo = T::CodiceFiscale, .obbligo = O::Sempre,
-     .esempio = "12345670017", .ammessi = kCodici},
+     .esempio = "12345670017", .ammessi = kFormaCodici},
     {.indice = rango(PartitaIva), .nome = "PartitaIva", .tipo = T::PartitaIva, .esempio = "12345670017", .ammessi = kIva},
     {.indice = rango(Denominazione), .nome = "Denominazione", .altriNomi = {"Cognome", "RagioneSociale"},
      .obbligo = O::Sempre, .esempio = "Esempio S.r.l.", .ammessi = "il cognome di una persona"},
@@ -57,7 +57,7 @@ constexpr auto kAziende = [] {
     {.indice = rango(CodiceAttivita), .nome = "CodiceAttivita", .esempio = "692011",
      .ammessi = "codice ATECO, senza punti"},
     {.indice = rango(RappresentanteCodiceFiscale), .nome = "RappresentanteCodiceFiscale",
-     .tipo = T::CodiceFiscale, .obbligo = O::SeNonPersona, .esempio = "RSSMRA80A01H501U", .ammessi = kCodici},
+     .tipo = T::CodiceFiscale, .obbligo = O::SeNonPersona, .esempio = "RSSMRA80A01H501U", .ammessi = kFormaCodici},
     {.indice = rango(RappresentanteCognome), .nome = "RappresentanteCognome", .obbligo = O::SeNonPersona,
      .esempio = "Rossi"},
     {.indice = rango(RappresentanteNome), .nome = "RappresentanteNome", .obbligo = O::SeNonPersona,
@@ -69,7 +69,7 @@ constexpr auto kAziende = [] {
     {.indice = rango(EventoEccezionale), .nome = "EventoEccezionale", .tipo = T::Codice,
      .ammessi = "codice dell'evento"},
     {.indice = rango(IntermediarioCodiceFiscale), .nome = "IntermediarioCodiceFiscale",
-     .tipo = T::CodiceFiscale, .ammessi = kCodici},
+     .tipo = T::CodiceFiscale, .ammessi = kFormaCodici},
     {.indice = rango(Impegno), .nome = "Impegno", .tipo = T::Codice,
      .ammessi = "1 predisposta dal contribuente, 2 da chi invia"},
     {.indice = rango(DataImpegno), .nome = "DataImpegno", .tipo = T::Data, .ammessi = kDate},
@@ -86,7 +86,7 @@ constexpr auto kPercipienti = [] {
   return std::to_array<Colonna>({
     {.indice = rango(Codice), .nome = "Codice", .esempio = "P001", .ammessi = "se manca, lo assegna il programma"},
     {.indice = rango(CodiceFiscale), .nome = "CodiceFiscale", .tipo = T::CodiceFiscale, .obbligo = O::SeItaliano,
-     .esempio = "RSSMRA80A01H501U", .ammessi = kCodici},
+     .esempio = "RSSMRA80A01H501U", .ammessi = kFormaCodici},
     {.indice = rango(PartitaIva), .nome = "PartitaIva", .tipo = T::PartitaIva, .esempio = "00743110157", .ammessi = kIva},
     {.indice = rango(Cognome), .nome = "Cognome", .altriNomi = {"Denominazione", "RagioneSociale", "Nominativo"},
      .obbligo = O::Sempre, .esempio = "Rossi", .ammessi = "o la ragione sociale"},
@@ -112,7 +112,7 @@ constexpr auto kPercipienti = [] {
     {.indice = rango(Schumacker), .nome = "Schumacker", .tipo = T::Logico, .ammessi = kFlag},
     {.indice = rango(CodiceFiscaleEstero), .nome = "CodiceFiscaleEstero"},
     {.indice = rango(CodiceFiscaleRappresentante), .nome = "CodiceFiscaleRappresentante",
-     .tipo = T::CodiceFiscale, .ammessi = kCodici},
+     .tipo = T::CodiceFiscale, .ammessi = kFormaCodici},
     {.indice = rango(CategoriaParticolare), .nome = "CategoriaParticolare", .tipo = T::Codice,
      .ammessi = "codice della categoria"},
     {.indice = rango(EventoEccezionale), .nome = "EventoEccezionale", .tipo = T::Codice,

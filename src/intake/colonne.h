@@ -129,9 +129,9 @@ struct Colonna {
   std::array<std::string_view, 3> altriNomi{};  // "" for none
   TipoColonna tipo = TipoColonna::Testo;
   Obbligo obbligo = Obbligo::Nessuno;
-  bool somma = false;             // several columns of the file add up
-  std::string_view esempio = "";  // in the template's row
-  std::string_view ammessi = "";  // what it accepts, in words
+  bool somma = false;          // several columns of the file add up
+  std::string_view esempio{};  // in the template's row
+  std::string_view ammessi{};  // what it accepts, in words
 };
 
 // Of a text.

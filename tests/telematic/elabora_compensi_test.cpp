@@ -16,7 +16,7 @@ using test::MemoryFileSystem;
 using test::text;
 using test::whole;
 
-constexpr const char* kFile = "/cu/CUR_01234567890_2016.cur";
+constexpr const char* kFileElaborato = "/cu/CUR_01234567890_2016.cur";
 const Date kFirma = Date::fromYmd(2017, 2, 28).value();
 
 class ElaboraCompensiTest : public testing::Test {
@@ -34,8 +34,8 @@ class ElaboraCompensiTest : public testing::Test {
     dati.CodiceFiscaleAzienda = "01234567890";
     elabora_.setDati(dati);
     elabora_.setFileName("CUR_01234567890_2016.cur");
-    elabora_.setFilePathName(kFile);
-    elabora_.setFilePathNameMyDocuments(kFile);
+    elabora_.setFilePathName(kFileElaborato);
+    elabora_.setFilePathNameMyDocuments(kFileElaborato);
     elabora_.setFolderPathNameMyDocuments("/documenti/CU");
   }
   std::string tipi(const std::string& file) { return test::CurFile(prova_.files.files.at(file)).types(); }
@@ -55,7 +55,7 @@ class ElaboraCompensiTest : public testing::Test {
 
 TEST_F(ElaboraCompensiTest, MakesTheFileAndTheFolderOfTheDocuments) {
   EXPECT_TRUE(elabora_.CreaFiles(kFirma));
-  EXPECT_EQ(tipi(kFile), "ABDHZ");
+  EXPECT_EQ(tipi(kFileElaborato), "ABDHZ");
   EXPECT_TRUE(prova_.files.folders.contains("/documenti/CU"));
   EXPECT_EQ(prova_.files.files.size(), 1U);
   EXPECT_EQ(elabora_.certificazioni(), 1U);
@@ -102,22 +102,22 @@ TEST_F(ElaboraCompensiTest, AnotherPathOfTheDocumentsGetsACopyThatOverwrites) {
   prova_.files.folders.insert("/documenti/CU");
   elabora_.setFilePathNameMyDocuments("/documenti/CU/copia.cur");
   EXPECT_TRUE(elabora_.CreaFiles(kFirma));
-  EXPECT_EQ(prova_.files.files.at("/documenti/CU/copia.cur"), prova_.files.files.at(kFile));
-  EXPECT_EQ(tipi(kFile), "ABDHZ");
+  EXPECT_EQ(prova_.files.files.at("/documenti/CU/copia.cur"), prova_.files.files.at(kFileElaborato));
+  EXPECT_EQ(tipi(kFileElaborato), "ABDHZ");
 }
 
 TEST_F(ElaboraCompensiTest, ACopyThatFailsRisesAndTheFileIsThere) {
   elabora_.setFilePathNameMyDocuments("/documenti/CU/copia.cur");
   prova_.files.failNth(MemoryFileSystem::Operation::Copy, 1, 61);
   EXPECT_EQ(errore([&] { static_cast<void>(elabora_.CreaFiles(kFirma)); }), 61);
-  EXPECT_EQ(tipi(kFile), "ABDHZ");
+  EXPECT_EQ(tipi(kFileElaborato), "ABDHZ");
 }
 
 TEST_F(ElaboraCompensiTest, EachRunBeginsWithCountersAtZero) {
   EXPECT_TRUE(elabora_.CreaFiles(kFirma));
-  EXPECT_EQ(test::CurFile(prova_.files.files.at(kFile)).line('A').at(16, 5), "CUR17");
+  EXPECT_EQ(test::CurFile(prova_.files.files.at(kFileElaborato)).line('A').at(16, 5), "CUR17");
   EXPECT_TRUE(elabora_.CreaFiles(kFirma));
-  const test::CurFile secondo(prova_.files.files.at(kFile));
+  const test::CurFile secondo(prova_.files.files.at(kFileElaborato));
   EXPECT_EQ(secondo.types(), "ABDHZ");
   EXPECT_EQ(secondo.line('Z').at(34, 9), "000000001");
 }
@@ -133,21 +133,21 @@ TEST_F(ElaboraCompensiTest, KeepsACloneOfTheWorklistAndReadsByItsOwnQuery) {
   elabora_.sbShowLog();
   EXPECT_TRUE(elabora_.CreaFiles(kFirma));
   EXPECT_EQ(righe.AbsolutePosition(), 2U);
-  EXPECT_EQ(tipi(kFile), "ABDHZ");
+  EXPECT_EQ(tipi(kFileElaborato), "ABDHZ");
   Recordset chiuso;
   EXPECT_EQ(errore([&] { elabora_.setRsMain(chiuso); }), 3704);
 }
 
 TEST_F(ElaboraCompensiTest, NamesCanBeReadBack) {
   EXPECT_EQ(elabora_.FileName(), "CUR_01234567890_2016.cur");
-  EXPECT_EQ(elabora_.FilePathName(), kFile);
+  EXPECT_EQ(elabora_.FilePathName(), kFileElaborato);
 }
 
 TEST_F(ElaboraCompensiTest, AnErrorOfTheRunRisesAndNothingIsCopied) {
   elabora_.setFilePathNameMyDocuments("/documenti/CU/copia.cur");
   prova_.files.failNth(MemoryFileSystem::Operation::Write, 3, 61);
   EXPECT_EQ(errore([&] { static_cast<void>(elabora_.CreaFiles(kFirma)); }), 61);
-  EXPECT_EQ(tipi(kFile), "AB");
+  EXPECT_EQ(tipi(kFileElaborato), "AB");
   EXPECT_FALSE(prova_.files.files.contains("/documenti/CU/copia.cur"));
 }
 

@@ -148,7 +148,8 @@ bool Finestra::conferma(const QString& testo, const QString& azione) {
   return box.clickedButton() == si;
 }
 
-QPushButton* Finestra::pulsante(const char* testo, const std::function<void()>& azione, QKeySequence tasto) {
+QPushButton* Finestra::pulsante(const char* testo, const std::function<void()>& azione,
+                                const QKeySequence& tasto) {
   auto* const fatto = new QPushButton(QString::fromUtf8(testo), this);
   fatto->setAutoDefault(true);
   connect(fatto, &QPushButton::clicked, this, azione);

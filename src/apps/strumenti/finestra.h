@@ -38,7 +38,8 @@ class Finestra : public QWidget {
   // A reason not to close now; empty where there is none.
   virtual QString occupata() const { return {}; }
   void mostraErrore(const QString& testo);
-  QPushButton* pulsante(const char* testo, const std::function<void()>& azione, QKeySequence tasto = {});
+  QPushButton* pulsante(const char* testo, const std::function<void()>& azione,
+                        const QKeySequence& tasto = {});
   // `azione` is the caption of the button that goes on.
   bool conferma(const QString& testo, const QString& azione);
 
