@@ -101,6 +101,7 @@ std::string maiuscolo1252(std::string_view text1252) {
 }
 
 std::string da1252(std::string_view text1252) {
+  if (soloAscii(text1252)) return std::string(text1252);
   std::string text;
   text.reserve(text1252.size());
   for (const char c : text1252) {

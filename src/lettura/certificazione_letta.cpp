@@ -35,6 +35,7 @@ std::string daZeri(std::string_view testo) { return zeri(testo) ? std::string() 
 
 std::vector<Valore> valori(const CelleRiga& celle) {
   std::vector<Valore> valori;
+  valori.reserve(celle.quante());
   for (const Cella& cella : celle) {
     const auto stesso = [&](const Valore& v) { return v.codice == cella.codice; };
     if (std::any_of(valori.begin(), valori.end(), stesso)) continue;

@@ -15,8 +15,6 @@ using modello::Forma;
 
 namespace {
 
-// As the file's code page keeps it.
-std::string testo(const CellView& cella) { return da1252(trimRight(a1252(cella.toText()))); }
 std::string maiuscolo(const CellView& cella) {
   return da1252(trimRight(maiuscolo1252(a1252(cella.toText()))));
 }
@@ -29,7 +27,7 @@ std::string importo(Decimal valore) { return valore.isZero() ? std::string() : v
 
 std::string telefono(const CellView& numero, const CellView& fax) {
   const auto pulito = [](const CellView& cella) {
-    std::string cifre = testo(cella);
+    std::string cifre = testoNelFile(cella);
     std::erase_if(cifre,
                   [](char c) { return std::string_view(" -/\\().+").find(c) != std::string_view::npos; });
     return cifre;
@@ -42,35 +40,42 @@ std::string telefono(const CellView& numero, const CellView& fax) {
   return numerico || (altro && isDigit(suo.back())) ? suo : pulito(fax);
 }
 
-Decimal somma(const RigaConto& riga, const Campo& campo) {
-  return riga[campo.colonna].decimal() + riga[campo.altre[0]].decimal();
+}  // namespace
+
+std::string testoNelFile(const CellView& cella) {
+  std::string testo = cella.toText();
+  if (soloAscii(testo)) {
+    testo.resize(trimRight(testo).size());
+    return testo;
+  }
+  return da1252(trimRight(a1252(testo)));
 }
 
-std::string codiceNonSoggetti(const RigaConto& riga, const Campo& campo) {
-  std::string scelto = testo(riga[campo.colonna]);
+std::string CelleAttese::codiceNonSoggetti(const RigaConto& riga, const Casella& casella) {
+  std::string scelto = testoNelFile(riga.a(casella.colonna));
   if (!scelto.empty()) return scelto;
-  const Decimal somme = riga[campo.altre[0]].decimal() + riga[campo.altre[1]].decimal();
+  const Decimal somme = riga.a(casella.altre[0]).decimal() + riga.a(casella.altre[1]).decimal();
   return somme.isZero() ? std::string()
-                        : std::string(modello::codiceNonSoggetti(riga[campo.altre[2]].integer()));
+                        : std::string(modello::codiceNonSoggetti(riga.a(casella.altre[2]).integer()));
 }
 
-std::string valore(const RigaConto& riga, const Campo& campo) {
-  const CellView cella = riga[campo.colonna];
-  switch (campo.forma) {
+std::string CelleAttese::valore(const RigaConto& riga, const Casella& casella) {
+  const CellView cella = riga.a(casella.colonna);
+  switch (casella.campo->forma) {
     case Forma::Testo:
-      return testo(cella);
+      return testoNelFile(cella);
     case Forma::Maiuscolo:
       return maiuscolo(cella);
     case Forma::Destra:
     case Forma::RifilatoADestra:
     case Forma::Intero:
-      return std::string(trim(testo(cella)));
+      return std::string(trim(testoNelFile(cella)));
     case Forma::Data:
       return cella.isNull() ? std::string() : cella.date().toDdmmyyyy();
     case Forma::DataFirma:
       return {};  // not in the accounts
     case Forma::Telefono:
-      return telefono(cella, riga[campo.altre[0]]);
+      return telefono(cella, riga.a(casella.altre[0]));
     case Forma::Uno:
       return "1";
     case Forma::Flag:
@@ -79,27 +84,38 @@ std::string valore(const RigaConto& riga, const Campo& campo) {
     case Forma::ImportoConSegno:
       return importo(cella.decimal());
     case Forma::Somma:
-      return importo(somma(riga, campo));
+      return importo(cella.decimal() + riga.a(casella.altre[0]).decimal());
     case Forma::CodiceNonSoggetti:
-      return codiceNonSoggetti(riga, campo);
+      return codiceNonSoggetti(riga, casella);
     case Forma::CodicePressoEnte:
-      return testo(riga[campo.altre.at(modello::fontePressoEnte(cella.integer()))]);
+      return testoNelFile(riga.a(casella.altre.at(modello::fontePressoEnte(cella.integer()))));
   }
   return {};
-}
-
-}  // namespace
-
-CellView RigaConto::operator[](std::string_view colonna) const {
-  if (colonna.empty()) return {};
-  const std::size_t ordinale = colonne_.find(colonna);
-  return ordinale == Columns::kNone ? CellView() : celle_[ordinale];
 }
 
 CelleAttese::CelleAttese(modello::Record record, std::int32_t anno, bool primoModulo) {
   const std::int32_t tracciato = modello::annoTracciato(anno);
   for (const Campo& campo : modello::kModello.campi) {
-    if (haCella(campo, record) && modello::vale(campo, tracciato, primoModulo)) campi_.push_back(&campo);
+    if (!haCella(campo, record) || !modello::vale(campo, tracciato, primoModulo)) continue;
+    const modello::Codice codice = modello::codice(campo);
+    caselle_.push_back({&campo, std::string(codice.data(), codice.size()), Columns::kNone, {}});
+  }
+}
+
+void CelleAttese::lega(const Columns& colonne) {
+  const auto trova = [&](std::string_view nome) {
+    return nome.empty() ? Columns::kNone : colonne.find(nome);
+  };
+  condizioni_ = {trova("PersonaFisica"), trova("NonResidente"), trova("NonResidenteSchumacker"),
+                 trova("Anticipazione"), trova("Codice")};
+  contributi_.clear();
+  for (Casella& casella : caselle_) {
+    const Campo& campo = *casella.campo;
+    casella.colonna = trova(campo.colonna);
+    std::transform(campo.altre.begin(), campo.altre.end(), casella.altre.begin(), trova);
+    if (campo.condizione == Condizione::BloccoC && genere(campo.forma) == modello::Genere::Importo) {
+      contributi_.push_back(casella.colonna);
+    }
   }
 }
 
@@ -108,21 +124,19 @@ bool CelleAttese::vale(Condizione condizione, const RigaConto& riga) const {
     case Condizione::Sempre:
       return true;
     case Condizione::PersonaFisica:
-      return vero(riga["PersonaFisica"]);
+      return vero(riga.a(condizioni_.personaFisica));
     case Condizione::NonResidente:
-      return vero(riga["NonResidente"]);
+      return vero(riga.a(condizioni_.nonResidente));
     case Condizione::Schumacker:
-      return vero(riga["NonResidente"]) && vero(riga["NonResidenteSchumacker"]);
+      return vero(riga.a(condizioni_.nonResidente)) && vero(riga.a(condizioni_.schumacker));
     case Condizione::AnnoDovuto:
-      return vero(riga["Anticipazione"]) || modello::chiedeAnno(riga["Codice"].toText());
+      return vero(riga.a(condizioni_.anticipazione)) ||
+             modello::chiedeAnno(riga.a(condizioni_.causale).toText());
     case Condizione::CausaleN:
-      return modello::haAddizionali(riga["Codice"].toText());
+      return modello::haAddizionali(riga.a(condizioni_.causale).toText());
     case Condizione::BloccoC:
-      return std::any_of(campi_.begin(), campi_.end(), [&](const Campo* campo) {
-        const bool importo =
-            campo->condizione == condizione && genere(campo->forma) == modello::Genere::Importo;
-        return importo && !riga[campo->colonna].decimal().isZero();
-      });
+      return std::any_of(contributi_.begin(), contributi_.end(),
+                         [&](std::size_t colonna) { return !riga.a(colonna).decimal().isZero(); });
     case Condizione::NonNelFile:
       break;
   }
@@ -131,12 +145,10 @@ bool CelleAttese::vale(Condizione condizione, const RigaConto& riga) const {
 
 std::vector<lettura::Valore> CelleAttese::di(const RigaConto& riga) const {
   std::vector<lettura::Valore> celle;
-  for (const Campo* const campo : campi_) {
-    if (!vale(campo->condizione, riga)) continue;
-    std::string suo = valore(riga, *campo);
-    if (suo.empty()) continue;
-    const modello::Codice codice = modello::codice(*campo);
-    celle.push_back({std::string(codice.data(), codice.size()), std::move(suo)});
+  for (const Casella& casella : caselle_) {
+    if (!vale(casella.campo->condizione, riga)) continue;
+    std::string suo = valore(riga, casella);
+    if (!suo.empty()) celle.push_back({casella.codice, std::move(suo)});
   }
   return celle;
 }

@@ -95,40 +95,90 @@ std::string domandaModuli(const Esercizio& esercizio) {
 using Chiave = std::pair<std::int64_t, std::int64_t>;  // payee and reason
 using Celle = std::vector<lettura::Valore>;
 
-// Calls with each row of a query.
-void perRiga(Connection& connessione, const std::string& domanda,
-             const std::function<void(const RigaConto&)>& chiama) {
-  RowStore righe;
-  connessione.Query(domanda, righe);
-  std::vector<CellView> celle(righe.columns()->size());
-  for (std::size_t i = 0; i < righe.size(); ++i) {
-    righe.read(i, celle.data());
-    chiama(RigaConto(*righe.columns(), celle.data()));
-  }
-}
-
 std::map<Chiave, std::vector<Celle>> leggiModuli(Connection& connessione, const Esercizio& esercizio) {
-  const CelleAttese attese(modello::Record::H, esercizio.anno, false);
+  CelleAttese attese(modello::Record::H, esercizio.anno, false);
   std::map<Chiave, std::vector<Celle>> moduli;
-  perRiga(connessione, domandaModuli(esercizio), [&](const RigaConto& riga) {
-    moduli[{riga["IDAnagrafica"].integer(), riga["IDCausalePagamento"].integer()}].push_back(attese.di(riga));
-  });
+  perRiga(
+      connessione, domandaModuli(esercizio), [&](const Columns& colonne) { attese.lega(colonne); },
+      [&](const RigaConto& riga) {
+        moduli[{riga["IDAnagrafica"].integer(), riga["IDCausalePagamento"].integer()}].push_back(
+            attese.di(riga));
+      });
   return moduli;
 }
 
 // The cells of the company, the same in every certificate.
 Celle leggiAzienda(Connection& connessione, const Esercizio& esercizio) {
-  const CelleAttese attese(modello::Record::D, esercizio.anno, true);
+  CelleAttese attese(modello::Record::D, esercizio.anno, true);
   Celle azienda;
+  const auto lega = [&](const Columns& colonne) { attese.lega(colonne); };
   const auto aggiungi = [&](const RigaConto& riga) {
     for (lettura::Valore& valore : attese.di(riga)) {
       if (valore.codice.starts_with("DA001")) azienda.push_back(std::move(valore));
     }
   };
-  perRiga(connessione, domandaAzienda(esercizio), aggiungi);
-  perRiga(connessione, domandaAttivita(esercizio), aggiungi);
+  perRiga(connessione, domandaAzienda(esercizio), lega, aggiungi);
+  perRiga(connessione, domandaAttivita(esercizio), lega, aggiungi);
   return azienda;
 }
+
+// Makes an account of each row.
+class LettoreConti {
+ public:
+  LettoreConti(Connection& connessione, const Esercizio& esercizio)
+      : azienda_(leggiAzienda(connessione, esercizio)),
+        moduli_(leggiModuli(connessione, esercizio)),
+        inD_(modello::Record::D, esercizio.anno, true),
+        inH_(modello::Record::H, esercizio.anno, true) {}
+
+  void lega(const Columns& colonne) {
+    inD_.lega(colonne);
+    inH_.lega(colonne);
+    anagrafica_ = colonne.find("IDAnagrafica");
+    causale_ = colonne.find("IDCausalePagamento");
+    codiceFiscale_ = colonne.find("CodiceFiscale");
+    protocollo_ = colonne.find("ProtocolloAnnSost");
+    progressivo_ = colonne.find("ProgressivoAnnSost");
+  }
+
+  Conto conto(const RigaConto& riga) {
+    Conto conto;
+    conto.idAnagrafica = riga.a(anagrafica_).integer();
+    conto.idCausale = riga.a(causale_).integer();
+    conto.protocollo = testoNelFile(riga.a(protocollo_));
+    conto.progressivo = testoNelFile(riga.a(progressivo_));
+    lettura::Certificato& certificato = conto.certificato;
+    certificato.numero = ++numero_;
+    const std::string codice = maiuscolo1252(a1252(riga.a(codiceFiscale_).toText()));
+    certificato.percipiente = da1252(trimRight(std::string_view(codice).substr(0, 16)));
+    certificato.celle = azienda_;
+    for (lettura::Valore& valore : inD_.di(riga)) {
+      if (!valore.codice.starts_with("DA001")) certificato.celle.push_back(std::move(valore));
+    }
+    certificato.nome = certificato.valore("DA002002");
+    if (const std::string& nome = certificato.valore("DA002003"); !nome.empty())
+      certificato.nome += " " + nome;
+    certificato.moduli.push_back({1, 0, inH_.di(riga)});
+    const auto altri = moduli_.find({conto.idAnagrafica, conto.idCausale});
+    if (altri == moduli_.end()) return conto;
+    for (Celle& celle : altri->second) {
+      certificato.moduli.push_back({static_cast<int>(certificato.moduli.size()) + 1, 0, std::move(celle)});
+    }
+    return conto;
+  }
+
+ private:
+  Celle azienda_;
+  std::map<Chiave, std::vector<Celle>> moduli_;
+  CelleAttese inD_;
+  CelleAttese inH_;
+  std::size_t anagrafica_ = Columns::kNone;
+  std::size_t causale_ = Columns::kNone;
+  std::size_t codiceFiscale_ = Columns::kNone;
+  std::size_t protocollo_ = Columns::kNone;
+  std::size_t progressivo_ = Columns::kNone;
+  int numero_ = 0;
+};
 
 }  // namespace
 
@@ -142,32 +192,10 @@ std::string codiceFiscaleAzienda(Connection& connessione, std::int32_t idAzienda
 void leggiConti(Connection& connessione, const Esercizio& esercizio, const Conversioni& utilita,
                 const std::function<void(Conto)>& ricevi) {
   const ReadScope lettura(connessione);
-  const Celle azienda = leggiAzienda(connessione, esercizio);
-  std::map<Chiave, std::vector<Celle>> moduli = leggiModuli(connessione, esercizio);
-  const CelleAttese inD(modello::Record::D, esercizio.anno, true);
-  const CelleAttese inH(modello::Record::H, esercizio.anno, true);
-  int numero = 0;
-  perRiga(connessione, domandaConti(esercizio, utilita), [&](const RigaConto& riga) {
-    Conto conto;
-    conto.idAnagrafica = riga["IDAnagrafica"].integer();
-    conto.idCausale = riga["IDCausalePagamento"].integer();
-    lettura::Certificato& certificato = conto.certificato;
-    certificato.numero = ++numero;
-    const std::string codice = maiuscolo1252(a1252(riga["CodiceFiscale"].toText()));
-    certificato.percipiente = da1252(trimRight(std::string_view(codice).substr(0, 16)));
-    certificato.celle = azienda;
-    for (lettura::Valore& valore : inD.di(riga)) {
-      if (!valore.codice.starts_with("DA001")) certificato.celle.push_back(std::move(valore));
-    }
-    certificato.nome = certificato.valore("DA002002");
-    if (const std::string& nome = certificato.valore("DA002003"); !nome.empty())
-      certificato.nome += " " + nome;
-    certificato.moduli.push_back({1, 0, inH.di(riga)});
-    for (Celle& celle : moduli[{conto.idAnagrafica, conto.idCausale}]) {
-      certificato.moduli.push_back({static_cast<int>(certificato.moduli.size()) + 1, 0, std::move(celle)});
-    }
-    ricevi(std::move(conto));
-  });
+  LettoreConti lettore(connessione, esercizio);
+  perRiga(
+      connessione, domandaConti(esercizio, utilita), [&](const Columns& colonne) { lettore.lega(colonne); },
+      [&](const RigaConto& riga) { ricevi(lettore.conto(riga)); });
 }
 
 }  // namespace cu::riscontro

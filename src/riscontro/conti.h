@@ -23,6 +23,8 @@ struct Conto {
   lettura::Certificato certificato;
   std::int64_t idAnagrafica = 0;
   std::int64_t idCausale = 0;
+  std::string protocollo;  // of what a correction of it would refer to, as the accounts have it
+  std::string progressivo;
 };
 
 // Reads all accounts of the year in the order of the file. Nothing is written, and the work table is not
