@@ -16,7 +16,7 @@ namespace cu::lettura {
 
 struct CasellaDiversa {
   int modulo = 1;
-  std::string campo;  // code of the cell
+  std::string campo;  // code of the cell; of a head the record and the field: "B Denominazione"
   std::string vecchio;
   std::string nuovo;
 };
@@ -24,6 +24,19 @@ struct CasellaDiversa {
 // The cells that differ, by module and code. The signature and its date are not compared. `soloD` compares
 // the cells of record D alone, as an annulment has no others.
 std::vector<CasellaDiversa> diverse(const Certificato& vecchio, const Certificato& nuovo, bool soloD = false);
+
+enum class EsitoConfronto : std::uint8_t { Uguale, Diverso, SoloVecchio, SoloNuovo };
+
+// A certificate and its counterpart; null where there is none. Both live until the call returns.
+struct Coppia {
+  const Certificato* vecchio = nullptr;
+  const Certificato* nuovo = nullptr;
+  EsitoConfronto esito = EsitoConfronto::Uguale;
+  std::vector<CasellaDiversa> caselle;
+
+  const Certificato& uno() const { return nuovo != nullptr ? *nuovo : *vecchio; }
+};
+using RiceviCoppia = std::function<void(const Coppia&)>;
 
 // Pairs the certificates of one side with those of the other, by payee and reason; equal keys in their order.
 class Accostamento {

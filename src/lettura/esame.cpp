@@ -159,6 +159,7 @@ void Esaminatore::riga(const Riga& riga) {
     segnala_.intera(Regola::L02, riga.numero, {modello::kLarghezzaRecord, 1},
                     [] { return std::string("In posizione 1898 manca la A che chiude il record."); });
   }
+  if (ascoltatore_ != nullptr) ascoltatore_->record(record, riga.numero, testo);
   if (record != 'A') testate_.controlla(record, testo, segnala_);
   const bool unite = riga.lunghezza >= 2 * kLarghezza;
   if (record == 'A' && alSuoPosto) recordA(testo);

@@ -29,6 +29,8 @@ class Ascoltatore {
   virtual void fornitura(const Fornitura& /*fornitura*/) {}
   virtual void sostituto(const Sostituto& /*sostituto*/) {}  // also before a certificate without a record B
   virtual void certificato(const Certificato& /*certificato*/) {}
+  // Each line of a known record as it stands, before what it says: 1898 characters of Windows-1252.
+  virtual void record(char /*tipo*/, std::int64_t /*riga*/, std::string_view /*testo*/) {}
 };
 
 struct Esito {

@@ -18,6 +18,9 @@ inline constexpr int kCelle = 75;
 inline constexpr int kPrimaCella = 90;  // position
 inline constexpr int kLarghezzaCella = 24;
 
+// The producer of the software, required in record B.
+inline constexpr std::string_view kCodiceFiscaleProduttore = "04711230587";
+
 struct CampoRecord {
   int posizione = 0;
   int lunghezza = 0;

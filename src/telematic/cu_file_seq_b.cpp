@@ -13,9 +13,6 @@ using namespace telematico;
 
 namespace {
 
-// The producer of the software, required in the supply.
-constexpr std::string_view kCodiceFiscaleProduttore = "04711230587";
-
 std::string maiuscolo(const std::string& testo, std::size_t caratteri) {
   return maiuscolo1252(std::string_view(testo).substr(0, caratteri));
 }
@@ -54,7 +51,7 @@ void CUFileSeq::WriteRecordTipoB(const CellView* Fields, std::int32_t NumeroComu
   campo.Item("Tipo Record").setValue("B");
   campo.Item("Cod. Fisc. Sost. imposta").setValue(maiuscolo1252(a1252(CodiceFiscale)));
   campo.Item("Progressivo modulo").setValue("00000001");
-  campo.Item("Id. prod. software (Cod. Fisc.)").setValue(kCodiceFiscaleProduttore);
+  campo.Item("Id. prod. software (Cod. Fisc.)").setValue(modello::kCodiceFiscaleProduttore);
   campo.Item("Fornitura rel. invio certif. da ann.")
       .setValue(TipoComunicazione == Comunicazione::Annullamento ? "1" : "0");
   campo.Item("Fornitura rel. invio certif. da sost.")

@@ -22,19 +22,21 @@ int comandoVerify(const OpzioniVerify& opzioni) {
     Terminale terminale;
     const UtilitaItaliana utilita(terminale, profilo.documenti);
     ListaConfronto lista(opzioni.json);
-    const auto errori =
+    const auto esito =
         confrontaConConti(file, *connessione, profilo.sessione.azienda, utilita, [&](const Coppia& coppia) {
           lista.aggiungi(confrontata(coppia, kEsiti), detto(coppia.esito, kDetti), kParole);
         });
-    if (!errori) {
+    if (!esito) {
       std::cerr << opzioni.file << ": il record A non dice di quale anno è la fornitura.\n";
       return kRifiutato;
     }
+    lista.testate(esito->testate, {"nel file", "atteso"});
     lista.fine("diverse dai conti");
-    if (*errori > 0) {
-      std::cerr << opzioni.file << ": il file ha errori (" << *errori << "); «cuctl validate» li elenca.\n";
+    if (esito->errori > 0) {
+      std::cerr << opzioni.file << ": il file ha errori (" << esito->errori
+                << "); «cuctl validate» li elenca.\n";
     }
-    return lista.uguali() && *errori == 0 ? kRiuscito : kRifiutato;
+    return lista.uguali() && esito->errori == 0 ? kRiuscito : kRifiutato;
   } catch (const FileIlleggibile& errore) {
     std::cerr << errore.what() << '\n';
     return kUsoSbagliato;

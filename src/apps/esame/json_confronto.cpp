@@ -45,17 +45,32 @@ ordered_json jsonConfrontata(const Confrontata& confrontata) {
           {"boxes", jsonCaselle(confrontata.caselle)}};
 }
 
+namespace {
+
+// The first records of a file have no module.
+void scriviCaselle(const std::vector<lettura::CasellaDiversa>& caselle, const ParoleConfronto& parole,
+                   std::ostream& uscita) {
+  const auto valore = [](const std::string& testo) { return testo.empty() ? "niente" : "\"" + testo + "\""; };
+  for (const lettura::CasellaDiversa& casella : caselle) {
+    uscita << "  ";
+    if (casella.modulo > 0) uscita << "modulo " << casella.modulo << ", ";
+    uscita << casella.campo << ": " << parole.vecchio << " " << valore(casella.vecchio) << ", "
+           << parole.nuovo << " " << valore(casella.nuovo) << '\n';
+  }
+}
+
+}  // namespace
+
 void scriviConfrontata(const Confrontata& confrontata, const char* stato, const ParoleConfronto& parole,
                        std::ostream& uscita) {
   uscita << confrontata.nome << " (" << confrontata.percipiente << "), causale " << confrontata.causale
          << ": " << stato << '\n';
-  for (const lettura::CasellaDiversa& casella : confrontata.caselle) {
-    const auto valore = [](const std::string& testo) {
-      return testo.empty() ? "niente" : "\"" + testo + "\"";
-    };
-    uscita << "  modulo " << casella.modulo << ", " << casella.campo << ": " << parole.vecchio << " "
-           << valore(casella.vecchio) << ", " << parole.nuovo << " " << valore(casella.nuovo) << '\n';
-  }
+  scriviCaselle(confrontata.caselle, parole, uscita);
+}
+
+void ListaConfronto::scrivi(const Confrontata& confrontata) {
+  std::cout << (prima_ ? "[" : ",\n") << jsonConfrontata(confrontata).dump(-1, ' ', false, kNonUtf8);
+  prima_ = false;
 }
 
 void ListaConfronto::aggiungi(const Confrontata& confrontata, const char* stato,
@@ -64,10 +79,21 @@ void ListaConfronto::aggiungi(const Confrontata& confrontata, const char* stato,
   ++tutte_;
   if (!uguale) ++diverse_;
   if (json_) {
-    std::cout << (prima_ ? "[" : ",\n") << jsonConfrontata(confrontata).dump(-1, ' ', false, kNonUtf8);
-    prima_ = false;
+    scrivi(confrontata);
   } else if (!uguale) {
     scriviConfrontata(confrontata, stato, parole, std::cout);
+  }
+}
+
+void ListaConfronto::testate(const std::vector<lettura::CasellaDiversa>& caselle,
+                             const ParoleConfronto& parole) {
+  if (caselle.empty()) return;
+  testate_ = true;
+  if (json_) {
+    scrivi({"", "", "", "different", caselle});
+  } else {
+    std::cout << "Frontespizio della fornitura: diverso\n";
+    scriviCaselle(caselle, parole, std::cout);
   }
 }
 

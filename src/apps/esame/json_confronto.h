@@ -41,15 +41,20 @@ class ListaConfronto {
  public:
   explicit ListaConfronto(bool json) : json_(json) {}
   void aggiungi(const Confrontata& confrontata, const char* stato, const ParoleConfronto& parole);
+  // What differs in the heads of the file: an entry without a payee.
+  void testate(const std::vector<lettura::CasellaDiversa>& caselle, const ParoleConfronto& parole);
   // The end of the list, and the sum of it in words.
   void fine(const char* diverse);
-  bool uguali() const { return diverse_ == 0; }
+  bool uguali() const { return diverse_ == 0 && !testate_; }
 
  private:
+  void scrivi(const Confrontata& confrontata);
+
   bool json_;
   bool prima_ = true;
   std::size_t tutte_ = 0;
   std::size_t diverse_ = 0;
+  bool testate_ = false;
 };
 
 }  // namespace cu
