@@ -18,6 +18,26 @@ inline constexpr auto kSoloDiAltri = std::to_array<modello::Campo>({
     {Quadro::Azienda, 11, "CodiceSede", Forma::Testo, modello::Condizione::Sempre, modello::kTutti},
 });
 
+// Each with a blank behind it. The last ones no longer exist: of Sardinia until 2016, the older signs of
+// Forlì and Pesaro, and Fiume, Pola and Zara, where people were born.
+constexpr std::string_view kProvince =
+    "AG AL AN AO AP AQ AR AT AV BA BG BI BL BN BO BR BS BT BZ CA CB CE CH CL CN CO CR CS CT CZ "
+    "EN FC FE FG FI FM FR GE GO GR IM IS KR LC LE LI LO LT LU MB MC ME MI MN MO MS MT NA NO NU "
+    "OR PA PC PD PE PG PI PN PO PR PT PU PV PZ RA RC RE RG RI RM RN RO SA SI SO SP SR SS SU SV "
+    "TA TE TN TO TP TR TS TV UD VA VB VC VE VI VR VT VV "
+    "CI OG OT VS FO PS FU PL ZA ";
+
+constexpr std::size_t kLettere = 26;
+constexpr bool isUpper(char c) { return c >= 'A' && c <= 'Z'; }
+constexpr std::size_t postoDi(std::string_view sigla) {
+  return static_cast<std::size_t>(sigla[0] - 'A') * kLettere + static_cast<std::size_t>(sigla[1] - 'A');
+}
+constexpr auto kProvincia = [] {
+  std::array<bool, kLettere * kLettere> note{};
+  for (std::size_t i = 0; i + 2 < kProvince.size(); i += 3) note.at(postoDi(kProvince.substr(i, 2))) = true;
+  return note;
+}();
+
 struct AnniDiCausale {
   std::string_view causale;
   modello::Anni anni = modello::kTutti;
@@ -72,8 +92,8 @@ Natura natura(const modello::Campo& campo) {
       if (campo.colonna.find("CodiceFiscale") != std::string_view::npos) return Natura::CodiceFiscale;
       break;
     case Forma::Testo:
-      if (campo.colonna.starts_with("SiglaProv") || campo.colonna == "ProvinciaNascita")
-        return Natura::Provincia;
+      if (campo.colonna.starts_with("SiglaProv")) return Natura::Provincia;
+      if (campo.colonna == "ProvinciaNascita") return Natura::ProvinciaNascita;
       break;
     case Forma::Destra:
     case Forma::RifilatoADestra:
@@ -111,6 +131,7 @@ bool aDestra(Natura natura) {
     case Natura::Testo:
     case Natura::CodiceFiscale:
     case Natura::Provincia:
+    case Natura::ProvinciaNascita:
       break;
   }
   return false;
@@ -150,6 +171,10 @@ const Casella* Caselle::trova(Record record, std::string_view codice) const {
     return posto == 0 ? nullptr : &caselle_[static_cast<std::size_t>(posto) - 1];
   }
   return nullptr;
+}
+
+bool provincia(std::string_view sigla) {
+  return sigla.size() == 2 && isUpper(sigla[0]) && isUpper(sigla[1]) && kProvincia[postoDi(sigla)];
 }
 
 bool causaleDellAnno(std::string_view causale, std::int32_t anno) {

@@ -21,6 +21,7 @@ enum class Natura : std::uint8_t {
   ImportoConSegno,
   CodiceFiscale,
   Provincia,
+  ProvinciaNascita,  // or EE, abroad
 };
 
 Natura natura(const modello::Campo& campo);
@@ -50,6 +51,9 @@ class Caselle {
   std::vector<Casella> caselle_;
   std::array<std::array<std::int16_t, kNumeri>, 4> posto_{};  // by part and number; 0 for none, else from 1
 };
+
+// Whether a province has or had the sign.
+bool provincia(std::string_view sigla);
 
 // Whether the form of the tax year has the reason. Where the lists are not known, every reason of a
 // neighbouring year is.

@@ -36,6 +36,8 @@ const char* atteso(Natura natura) {
     case Natura::CodiceFiscale:
       return "atteso un codice fiscale di 16 caratteri o di 11 cifre.";
     case Natura::Provincia:
+      return "attesa la sigla di una provincia.";
+    case Natura::ProvinciaNascita:
       return "attesa la sigla di una provincia, o EE.";
     case Natura::Testo:
       break;
@@ -63,7 +65,9 @@ bool delGenere(Cella& cella) {
     case Natura::CodiceFiscale:
       return formaCodice(testo) != FormaCodice::Nessuna;
     case Natura::Provincia:
-      return testo.size() == 2 && testo[0] >= 'A' && testo[0] <= 'Z' && testo[1] >= 'A' && testo[1] <= 'Z';
+      return provincia(testo);
+    case Natura::ProvinciaNascita:
+      return provincia(testo) || testo == "EE";
     case Natura::Testo:
       break;
   }

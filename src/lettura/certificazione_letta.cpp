@@ -114,6 +114,10 @@ void Esaminatore::operazioneDi(std::string_view riga) {
   corrente_.operazione = leggi(riga, kOperazione).front();
   if (corrente_.operazione != ' ' && corrente_.operazione != 'A' && corrente_.operazione != 'S') return;
   const bool correzione = corrente_.operazione != ' ';
+  if (correzione) {
+    std::vector<std::int64_t>& sue = agente_.correzioni.at(corrente_.operazione == 'A' ? 0 : 1);
+    if (sue.size() < Rilievi::kMassimoPerRegola) sue.push_back(segnala_.numero());
+  }
   if (!agente_.presente && agente_.certificazioni == 1) agente_.correttiva = correzione;
   if (correzione == agente_.correttiva) {
     agente_.alSuoPosto = true;

@@ -40,9 +40,10 @@ class Esaminatore {
     int certificazioni = 0;
     int ultimo = 0;  // number of a certificate
     std::bitset<100000> visti;
-    bool correttiva = false;          // annulments or replacements are declared
-    bool alSuoPosto = false;          // a certificate of the declared kind was there
-    std::vector<std::int64_t> fuori;  // lines of others, as long as none was
+    bool correttiva = false;                              // annulments or replacements are declared
+    bool alSuoPosto = false;                              // a certificate of the declared kind was there
+    std::vector<std::int64_t> fuori;                      // lines of others, as long as none was
+    std::array<std::vector<std::int64_t>, 2> correzioni;  // lines of annulments, of replacements
     Sostituto sostituto;
   };
   struct Corrente {
@@ -80,6 +81,7 @@ class Esaminatore {
   void percipienteDi(std::string_view riga);
   void numeroDi(std::string_view riga);
   void fuoriPosto(std::int64_t riga);
+  void nonAnnunciate(std::size_t genere);
   void operazioneDi(std::string_view riga);
   void protocolloDi(std::string_view riga);
   void modulo(std::string_view riga);
@@ -93,6 +95,7 @@ class Esaminatore {
 
   void chiudiCertificato();
   void chiudiAgente();
+  void confrontaOperazioni();
   void confrontaConteggi();
   void fineFile();
 

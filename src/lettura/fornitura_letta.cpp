@@ -1,3 +1,4 @@
+#include <array>
 #include <cstdlib>
 #include <utility>
 
@@ -85,6 +86,60 @@ void Esaminatore::annunciaSostituto() {
     ascoltatore_->sostituto(agente_.sostituto);
 }
 
+namespace {
+
+struct FlagDiB {
+  Tratto tratto;
+  std::string_view nome;
+  std::string_view correzioni;
+};
+constexpr std::array<FlagDiB, 2> kFlagDiB = {
+    {{kAnnullamenti, "Fornitura rel. invio certif. da ann.", "annullamenti"},
+     {kSostituzioni, "Fornitura rel. invio certif. da sost.", "sostituzioni"}}};
+
+}  // namespace
+
+// Corrections of a kind that record B does not declare. Beside others that it declares they are wrong
+// themselves; otherwise the record is.
+void Esaminatore::nonAnnunciate(std::size_t genere) {
+  const FlagDiB& flag = kFlagDiB.at(genere);
+  const std::array<bool, 2> annunciate = {agente_.sostituto.annullamenti, agente_.sostituto.sostituzioni};
+  const auto testo = [&] {
+    return "Ci sono " + std::string(flag.correzioni) + ", ma il record B non ne annuncia.";
+  };
+  if (!annunciate.at(1 - genere) || agente_.correzioni.at(1 - genere).empty()) {
+    segnala_.campoDi(agente_.riga, 'B', Regola::H07, flag.tratto, flag.nome, testo);
+    return;
+  }
+  for (const std::int64_t riga : agente_.correzioni.at(genere)) {
+    segnala_.campoDi(riga, 'D', Regola::H07, tratto(modello::kTipoD, "Tipo op.: ann./sost."),
+                     "Tipo op.: ann./sost.", testo);
+  }
+}
+
+// What record B declares against the operations of its certificates.
+void Esaminatore::confrontaOperazioni() {
+  const Agente& a = agente_;
+  const std::array<bool, 2> annunciate = {a.sostituto.annullamenti, a.sostituto.sostituzioni};
+  for (const std::size_t genere : {0U, 1U}) {
+    if (!a.correzioni.at(genere).empty() && !annunciate.at(genere) && (a.correttiva || !a.fuori.empty())) {
+      nonAnnunciate(genere);
+      return;
+    }
+  }
+  // An unreadable line may be the one that is declared.
+  if (ignoteDellAgente_ > 0 && a.fuori.empty()) return;
+  for (const std::size_t genere : {0U, 1U}) {
+    const bool altre = !a.fuori.empty() || !a.correzioni.at(1 - genere).empty();
+    if (!annunciate.at(genere) || !a.correzioni.at(genere).empty() || !altre) continue;
+    const FlagDiB& flag = kFlagDiB.at(genere);
+    segnala_.campoDi(a.riga, 'B', Regola::H07, flag.tratto, flag.nome, [&] {
+      return "Il record B annuncia " + std::string(flag.correzioni) + ", ma non ce ne sono.";
+    });
+    if (!a.fuori.empty()) return;
+  }
+}
+
 void Esaminatore::chiudiAgente() {
   const Agente& a = agente_;
   if (a.presente && a.affidabile && a.dichiarate >= 0 && a.dichiarate != a.certificazioni &&
@@ -95,16 +150,7 @@ void Esaminatore::chiudiAgente() {
                               " certificazioni, il file ne ha " + std::to_string(a.certificazioni) + ".";
                      });
   }
-  if (a.presente && a.affidabile && !a.fuori.empty()) {
-    const bool sostituzioni = a.sostituto.sostituzioni && !a.sostituto.annullamenti;
-    segnala_.campoDi(
-        a.riga, 'B', Regola::H07, sostituzioni ? kSostituzioni : kAnnullamenti,
-        sostituzioni ? "Fornitura rel. invio certif. da sost." : "Fornitura rel. invio certif. da ann.", [&] {
-          return std::string(a.correttiva
-                                 ? "Il record B annuncia correzioni, ma le certificazioni sono ordinarie."
-                                 : "Le certificazioni sono correzioni, ma il record B non le annuncia.");
-        });
-  }
+  if (a.presente && a.affidabile) confrontaOperazioni();
   agente_ = {};
   ignoteDellAgente_ = 0;
   annunciato_ = false;

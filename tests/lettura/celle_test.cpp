@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "archive/liste.h"
 #include "lettura/caselle.h"
 #include "lettura/lettura_prova.h"
 
@@ -107,6 +108,8 @@ TEST(K03, NumbersDatesAndProvincesOfTheWrongKind) {
       {3, {"DA002007", "V"}},
       {3, {"DA002007", "VER"}},
       {3, {"DA002007", " VR"}},
+      {3, {"DA002007", "XX"}},
+      {3, {"DA001005", "EE"}},
       {3, {"DA001005", "1A"}},
       {3, {"DA003001", "05032018"}},
       {3, {"DA003002", "1"}},
@@ -116,6 +119,15 @@ TEST(K03, NumbersDatesAndProvincesOfTheWrongKind) {
     file.valore(riga, sbagliato.codice, sbagliato.valore);
     EXPECT_EQ(elenco(file.esamina()), di("K03", riga, file, sbagliato.codice)) << sbagliato.valore;
   }
+}
+
+TEST(K03, TheSignsOfProvincesNowAndBefore) {
+  for (const ComuneInLista& comune : comuni()) EXPECT_TRUE(provincia(comune.provincia)) << comune.provincia;
+  for (const char* sigla : {"EE", "FU", "PL", "ZA", "FO", "PS", "OT", "MB"}) {
+    EXPECT_EQ(elenco(buono().valore(3, "DA002007", sigla).esamina()), Elenco{}) << sigla;
+  }
+  for (const char* sigla : {"", "V", "VRX", "R ", " R", "vr", "EE", "ZZ"})
+    EXPECT_FALSE(provincia(sigla)) << sigla;
 }
 
 TEST(K03, AnAmountHasNoContinuation) {

@@ -122,7 +122,26 @@ TEST(H07, ACorrectionAmongOrdinaryCertificates) {
 
 TEST(H07, ASupplyThatDeclaresWhatItIsNot) {
   prova({{2, 91, "1", "H07 2:91"}, {2, 92, "1", "H07 2:92"}});
-  prova({{2, 92, "0", "H07 2:91"}}, 'S');
+  prova({{2, 92, "0", "H07 2:92"}}, 'S');
+}
+
+TEST(H07, AFlagOfTheOtherKind) {
+  FileDiProva file;
+  file.certificato("RSSMRC71C08L781I", 'S').fine();
+  file.metti(2, 91, "10");
+  EXPECT_EQ(elenco(file.esamina()), Elenco{"H07 2:92"});
+  file.metti(2, 91, "11");
+  EXPECT_EQ(elenco(file.esamina()), Elenco{"H07 2:91"});
+}
+
+TEST(H07, AnAnnulmentAmongReplacementsThatAreDeclaredAlone) {
+  FileDiProva file;
+  file.certificato("RSSMRC71C08L781I", 'S').certificato("00743110157", 'A').fine();
+  EXPECT_EQ(elenco(file.esamina()), Elenco{});
+  file.metti(2, 91, "0");
+  EXPECT_EQ(elenco(file.esamina()), Elenco{"H07 5:84"});
+  file.metti(2, 91, "10");
+  EXPECT_EQ(elenco(file.esamina()), Elenco{"H07 3:84"});
 }
 
 TEST(F01, NumbersThatAreNotFilledWithZeros) {
