@@ -10,17 +10,10 @@
 
 namespace cu {
 
-struct OpzioniCheck {
-  std::string database;
-  std::string variabilePassword;
-  bool inChiaro = false;  // permits an unencrypted connection to a server
-};
-int comandoCheck(const OpzioniCheck& opzioni);
+int comandoCheck(const OpzioniDatabase& opzioni);
 
 struct OpzioniCreate {
-  std::string database;
-  std::string variabilePassword;
-  bool inChiaro = false;
+  OpzioniDatabase database;
   bool vuoto = false;
   bool dimostrativo = false;  // the default when no content is specified
   std::optional<std::int32_t> percipienti;
@@ -55,5 +48,12 @@ struct OpzioniCorrect {
   bool passaAvvisi = false;
 };
 int comandoCorrect(const OpzioniCorrect& opzioni);
+
+struct OpzioniDiscard {
+  std::string file;
+  std::string profilo;
+  bool passaAvvisi = false;
+};
+int comandoDiscard(const OpzioniDiscard& opzioni);
 
 }  // namespace cu

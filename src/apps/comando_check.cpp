@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 
 #include "apps/comune/connessioni.h"
@@ -9,14 +8,9 @@
 
 namespace cu {
 
-int comandoCheck(const OpzioniCheck& opzioni) {
-  auto database = analizzaIndirizzo(opzioni.database, std::filesystem::current_path().string());
-  if (!database) {
-    std::cerr << kIndirizzoAtteso;
-    return kUsoSbagliato;
-  }
-  database->variabilePassword = opzioni.variabilePassword;
-  database->cifrata = !opzioni.inChiaro;
+int comandoCheck(const OpzioniDatabase& opzioni) {
+  const auto database = databaseIndicato(opzioni);
+  if (!database) return kUsoSbagliato;
   std::vector<std::vector<std::string>> tavola = {{"Oggetto", "Nome", "Occorre", "Stato"}};
   std::int64_t mancanti = 0;
   for (VoceControllo& voce : controllaDatabase(*database)) {

@@ -22,10 +22,7 @@ int comandoCorrect(const OpzioniCorrect& opzioni) {
     scriviRilievi(file.percorso, scritto.dopo.rilievi, std::cout);
     if (!scritto.dopo.guasto.empty()) std::cerr << file.percorso << ": " << scritto.dopo.guasto << '\n';
   }
-  for (const Terminale::Avviso& avviso : terminale.avvisi) {
-    std::cerr << righeDiTesto(avviso.testo)
-              << (avviso.passato ? " Sì (--yes)\n" : " No (--yes per proseguire)\n");
-  }
+  scriviAvvisi(terminale);
   terminale.messaggi = std::move(esito.messaggi);
   terminale.registri = std::move(esito.registri);
   scriviMessaggi(terminale);

@@ -53,13 +53,8 @@ const char* descrizione(ContenutoArchivio contenuto) {
 }  // namespace
 
 int comandoCreate(const OpzioniCreate& opzioni) {
-  auto database = analizzaIndirizzo(opzioni.database, std::filesystem::current_path().string());
-  if (!database) {
-    std::cerr << kIndirizzoAtteso;
-    return kUsoSbagliato;
-  }
-  database->variabilePassword = opzioni.variabilePassword;
-  database->cifrata = !opzioni.inChiaro;
+  const auto database = databaseIndicato(opzioni.database);
+  if (!database) return kUsoSbagliato;
   const auto anni = leggiAnni(opzioni.anni);
   if (!anni) {
     std::cerr << "--years: atteso un anno o un intervallo, come 2014-2017\n";
@@ -79,7 +74,7 @@ int comandoCreate(const OpzioniCreate& opzioni) {
     std::cerr << errore.what() << '\n';
     return kRifiutato;
   }
-  std::cout << "Database creato, " << descrizione(contenuto(opzioni)) << ": " << opzioni.database << '\n';
+  std::cout << "Database creato, " << descrizione(contenuto(opzioni)) << ": " << opzioni.database.indirizzo << '\n';
   return kRiuscito;
 }
 

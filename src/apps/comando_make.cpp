@@ -82,10 +82,7 @@ int comandoMake(const OpzioniMake& opzioni) {
     riuscito = static_cast<bool>(esito);
   });
 
-  for (const Terminale::Avviso& avviso : terminale.avvisi) {
-    std::cerr << righeDiTesto(avviso.testo)
-              << (avviso.passato ? " Sì (--yes)\n" : " No (--yes per proseguire)\n");
-  }
+  scriviAvvisi(terminale);
   scriviMessaggi(terminale);
   scriviRegistri(terminale);
   if (!terminale.registri.empty()) std::cerr << "Mancano dei dati: il file telematico non è stato creato.\n";

@@ -17,20 +17,21 @@ namespace cu {
 namespace {
 
 // The options for the database's address and connection.
-void aggiungiIndirizzo(CLI::App& comando, std::string& database, std::string& variabile, bool& inChiaro) {
-  comando.add_option("--database", database, "sqlite:FILE oppure odbc:Driver=...;Server=...")
+void aggiungiIndirizzo(CLI::App& comando, OpzioniDatabase& database) {
+  comando.add_option("--database", database.indirizzo, "sqlite:FILE oppure odbc:Driver=...;Server=...")
       ->required()
       ->type_name("URL");
-  comando.add_option("--password-env", variabile, "Variabile con la password di un url odbc")
+  comando
+      .add_option("--password-env", database.variabilePassword, "Variabile con la password di un url odbc")
       ->type_name("NOME");
-  comando.add_flag("--no-encrypt", inChiaro, "Non cifra la connessione di un url odbc");
+  comando.add_flag("--no-encrypt", database.inChiaro, "Non cifra la connessione di un url odbc");
 }
 
 void aggiungiCheck(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando =
       aggiungiComando(programma, "check", "Dice che cosa occorre di un database e che cosa manca");
-  auto opzioni = std::make_shared<OpzioniCheck>();
-  aggiungiIndirizzo(comando, opzioni->database, opzioni->variabilePassword, opzioni->inChiaro);
+  auto opzioni = std::make_shared<OpzioniDatabase>();
+  aggiungiIndirizzo(comando, *opzioni);
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoCheck(*opzioni); }; });
 }
 
@@ -38,7 +39,7 @@ void aggiungiCreate(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando =
       aggiungiComando(programma, "create", "Crea il database della suite, con un'azienda o senza");
   auto opzioni = std::make_shared<OpzioniCreate>();
-  aggiungiIndirizzo(comando, opzioni->database, opzioni->variabilePassword, opzioni->inChiaro);
+  aggiungiIndirizzo(comando, opzioni->database);
   CLI::Option* const vuoto = comando.add_flag("--empty", opzioni->vuoto, "Solo le liste, nessuna azienda");
   CLI::Option* const demo = comando
                                 .add_flag("--demo", opzioni->dimostrativo,
@@ -207,11 +208,21 @@ void aggiungiCorrect(CLI::App& programma, Esecuzione& esegui) {
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoCorrect(*opzioni); }; });
 }
 
+void aggiungiDiscard(CLI::App& programma, Esecuzione& esegui) {
+  CLI::App& comando = aggiungiComando(
+      programma, "discard", "Toglie dal registro un file scritto che non verrà inviato; il file resta");
+  auto opzioni = std::make_shared<OpzioniDiscard>();
+  comando.add_option("file", opzioni->file, "Il file telematico")->required()->type_name("FILE");
+  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE");
+  comando.add_flag("--yes", opzioni->passaAvvisi, "Toglie il file senza chiedere conferma");
+  comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoDiscard(*opzioni); }; });
+}
+
 void aggiungiUpgrade(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando =
       aggiungiComando(programma, "upgrade", "Aggiunge a un database le tabelle per seguire gli invii");
-  auto opzioni = std::make_shared<OpzioniUpgrade>();
-  aggiungiIndirizzo(comando, opzioni->database, opzioni->variabilePassword, opzioni->inChiaro);
+  auto opzioni = std::make_shared<OpzioniDatabase>();
+  aggiungiIndirizzo(comando, *opzioni);
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoUpgrade(*opzioni); }; });
 }
 
@@ -233,6 +244,7 @@ int eseguiProgramma(int quanti, char** argomenti) {
   aggiungiReceipt(programma, esegui);
   aggiungiStatus(programma, esegui);
   aggiungiCorrect(programma, esegui);
+  aggiungiDiscard(programma, esegui);
   aggiungiUpgrade(programma, esegui);
   try {
     programma.parse(quanti, argomenti);

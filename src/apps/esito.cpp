@@ -39,6 +39,13 @@ void scriviRifiuti(const std::vector<Finding>& rifiuti, Terminale& terminale) {
   }
 }
 
+void scriviAvvisi(const Terminale& terminale) {
+  for (const Terminale::Avviso& avviso : terminale.avvisi) {
+    std::cerr << righeDiTesto(avviso.testo)
+              << (avviso.passato ? " Sì (--yes)\n" : " No (--yes per proseguire)\n");
+  }
+}
+
 void scriviMessaggi(const Terminale& terminale) {
   for (const std::string& messaggio : terminale.messaggi) std::cerr << righeDiTesto(messaggio) << '\n';
 }

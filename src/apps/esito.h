@@ -17,6 +17,8 @@ std::string righeDiTesto(const std::string& testo);
 // Adds the refusals that have a text to the messages.
 void scriviRifiuti(const std::vector<Finding>& rifiuti, Terminale& terminale);
 
+// Writes the warnings to standard error, each with its answer.
+void scriviAvvisi(const Terminale& terminale);
 // Writes the rejections to standard error.
 void scriviMessaggi(const Terminale& terminale);
 

@@ -25,11 +25,14 @@ std::vector<modello::Tavola> tavole(char record, std::int32_t anno) {
 std::string nelFile(const CellView& cella) { return a1252(cella.toText()); }
 std::string inMaiuscole(const CellView& cella) { return maiuscolo1252(nelFile(cella)); }
 
-// A code that stands as a number in its field. One that is longer keeps its first digits.
+// A code that stands as a number in its field: filled at its left, with blanks where it is no number. One
+// that is longer keeps its first characters.
 std::string riempito(const std::string& codice, std::size_t cifre) {
-  if (!std::all_of(codice.begin(), codice.end(), isDigit)) return codice;
-  const std::string nudo = codice.substr(std::min(codice.find_first_not_of('0'), codice.size()));
-  return nudo.size() >= cifre ? nudo.substr(0, cifre) : std::string(cifre - nudo.size(), '0') + nudo;
+  const bool numero = std::all_of(codice.begin(), codice.end(), isDigit);
+  const std::string nudo =
+      numero ? codice.substr(std::min(codice.find_first_not_of('0'), codice.size())) : codice;
+  if (nudo.size() >= cifre) return nudo.substr(0, cifre);
+  return std::string(cifre - nudo.size(), numero ? '0' : ' ') + nudo;
 }
 
 // The telephone is cut before its separators are left out; a fax number keeps them.

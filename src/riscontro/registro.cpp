@@ -83,6 +83,12 @@ std::string deiCertificati(std::int32_t idAzienda, std::optional<std::int32_t> a
   return testo;
 }
 
+std::string nonInviato(std::int64_t idInvio) {
+  const std::string suo = fromInteger(idInvio);
+  return "IDInvio = " + suo + " AND DataInvio IS NULL AND NOT EXISTS (SELECT 1 FROM CuCertificazione WHERE" +
+         " CuCertificazione.IDInvio = " + suo + " AND Stato <> 'scritta')";
+}
+
 Invio invioDa(const Recordset& riga) {
   const auto testo = [&](const char* campo) { return riga.Get(campo).toText(); };
   const auto giorno = [&](const char* campo) {
@@ -247,6 +253,29 @@ void Registro::segnaInviato(std::int64_t idInvio, Date giorno) {
   connessione_.Execute(
       "UPDATE CuCertificazione SET Stato = 'inviata' WHERE Stato = 'scritta' AND IDInvio = " +
       fromInteger(idInvio));
+}
+
+bool Registro::soloScritto(std::int64_t idInvio) {
+  Recordset riga;
+  riga.Open(connessione_, "SELECT IDInvio FROM CuInvio WHERE " + nonInviato(idInvio));
+  return !riga.Eof();
+}
+
+bool Registro::togli(std::int64_t idInvio) {
+  const std::string suoi = " WHERE IDInvio = " + fromInteger(idInvio);
+  Transazione transazione(connessione_);
+  // The first statement decides, and locks the file against a receipt.
+  connessione_.Execute("DELETE FROM CuInvio WHERE " + nonInviato(idInvio));
+  Recordset rimasto;
+  rimasto.Open(connessione_, "SELECT IDInvio FROM CuInvio" + suoi);
+  if (!rimasto.Eof()) return false;
+  connessione_.Execute(
+      "DELETE FROM CuModulo WHERE EXISTS (SELECT 1 FROM CuCertificazione WHERE"
+      " CuCertificazione.IDCertificazione = CuModulo.IDCertificazione AND CuCertificazione.IDInvio = " +
+      fromInteger(idInvio) + ")");
+  connessione_.Execute("DELETE FROM CuCertificazione" + suoi);
+  transazione.conferma();
+  return true;
 }
 
 void Registro::leggiModuli(std::int32_t idAzienda, std::optional<std::int32_t> anno,

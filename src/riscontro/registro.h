@@ -64,6 +64,11 @@ class Registro {
   // Marks the file, and those of its certificates that are only written.
   void segnaInviato(std::int64_t idInvio, Date giorno);
 
+  // Whether the file and all of its certificates are no more than written.
+  bool soloScritto(std::int64_t idInvio);
+  // Takes out such a file with its certificates, in one transaction; false where it was sent meanwhile.
+  bool togli(std::int64_t idInvio);
+
   // The certificates of a company, of one year or of all, in the order in which they were written; `conCelle`
   // with their contents.
   std::vector<Registrata> certificate(std::int32_t idAzienda, std::optional<std::int32_t> anno,

@@ -62,6 +62,23 @@ TEST(Registro, MarksAFileAsSentWithItsCertificates) {
   EXPECT_EQ(con.registro.cerca("impronta2")->dataInvio, "2018-03-06");
 }
 
+TEST(Registro, TakesOutAFileThatWasOnlyWritten) {
+  ConRegistro con;
+  const std::int64_t primo = con.scrivi({certificato("A", "A")});
+  const std::int64_t secondo = con.scrivi({certificato("B", "A"), certificato("C", "A")});
+  con.registro.segnaInviato(primo, *Date::fromYmd(2018, 3, 6));
+  EXPECT_FALSE(con.registro.soloScritto(primo));
+  EXPECT_FALSE(con.registro.togli(primo));
+  EXPECT_EQ(con.stati(), "inviata scritta scritta");
+  EXPECT_TRUE(con.registro.soloScritto(secondo));
+  EXPECT_TRUE(con.registro.togli(secondo));
+  EXPECT_EQ(con.stati(), "inviata");
+  EXPECT_FALSE(con.registro.cerca("impronta2"));
+  Recordset moduli;
+  moduli.Open(*con.connessione, "SELECT * FROM CuModulo");
+  EXPECT_EQ(moduli.RecordCount(), 1U);
+}
+
 TEST(Registro, AFingerprintLeavesTheSignatureOut) {
   lettura::Certificato uno = certificato("A", "A");
   lettura::Certificato altro = uno;

@@ -189,6 +189,61 @@ TEST_F(VitaInvii, ARejectedCorrectionLeavesTheAcceptanceBeforeIt) {
   }
 }
 
+TEST_F(VitaInvii, ADiscardedFileIsAsIfItHadNotBeenWritten) {
+  const std::string file = crea();
+  applicata(ricevuta(file, "18030612345678901", {}));
+  posto_.lettore()->esegui(
+      "UPDATE ContoIndividuale SET RitenutaAcconto = RitenutaAcconto + 1 WHERE Anno = 2017 AND"
+      " IDAnagrafica = 101 AND IDCausalePagamento = 1");
+  const json prima = status();
+  const auto quante = static_cast<int>(prima.size());
+  ASSERT_EQ(cuctl({"correct", "--year", kAnno, "--folder", in("c"), "--yes"}).codice, 0);
+  const std::string sostituzione = in("c") + "/sostituzioni/CUR_04123450233_2017.cur";
+  const json dopo = status();
+  ASSERT_EQ(operazioni(), (std::map<std::string, int>{{"attesa", 1}, {"nessuna", quante - 1}}));
+
+  const Esecuzione prova = cuctl({"discard", sostituzione});
+  EXPECT_EQ(prova.codice, 1);
+  EXPECT_THAT(prova.errori, HasSubstr("verrebbe tolto dal registro"));
+  EXPECT_THAT(prova.errori, HasSubstr("Non è stato tolto nulla."));
+  EXPECT_EQ(status(), dopo);
+
+  const Esecuzione vera = cuctl({"discard", sostituzione, "--yes"});
+  EXPECT_EQ(vera.codice, 0) << vera.errori;
+  EXPECT_THAT(vera.uscita, HasSubstr("tolto dal registro, certificazioni 1."));
+  EXPECT_TRUE(std::filesystem::exists(sostituzione));
+  EXPECT_EQ(status(), prima);
+  EXPECT_THAT(posto_.lettore()->righe("SELECT * FROM CuModulo WHERE IDCertificazione NOT IN"
+                                      " (SELECT IDCertificazione FROM CuCertificazione)"),
+              IsEmpty());
+  EXPECT_EQ(cuctl({"discard", sostituzione, "--yes"}).codice, 1);
+  ASSERT_EQ(cuctl({"correct", "--year", kAnno, "--folder", in("c"), "--yes"}).codice, 0);
+  EXPECT_EQ(status(), dopo);
+}
+
+TEST_F(VitaInvii, ASentFileIsNotDiscarded) {
+  const std::string file = crea();
+  inviata(file);
+  const json prima = status();
+  const Esecuzione esecuzione = cuctl({"discard", file, "--yes"});
+  EXPECT_EQ(esecuzione.codice, 1);
+  EXPECT_THAT(esecuzione.errori, HasSubstr("le sue certificazioni risultano inviate"));
+  EXPECT_EQ(status(), prima);
+  applicata(ricevuta(file, "18030612345678901", {0}));
+  EXPECT_EQ(cuctl({"discard", file, "--yes"}).codice, 1);
+  EXPECT_EQ(cuctl({"discard", in("nessuno.cur"), "--yes"}).codice, 2);
+  std::ofstream(file, std::ios::app | std::ios::binary) << " ";
+  EXPECT_THAT(cuctl({"discard", file, "--yes"}).errori, HasSubstr("non è fra i file scritti"));
+}
+
+TEST_F(VitaInvii, AFileThatWasWrittenTwiceIsDiscardedOnce) {
+  const json prima = status();
+  crea();
+  const std::string file = crea();
+  EXPECT_EQ(cuctl({"discard", file, "--yes"}).codice, 0);
+  EXPECT_EQ(status(), prima);
+}
+
 TEST_F(VitaInvii, AReceiptTwiceAddsNothing) {
   const std::string file = crea();
   const std::string tabella = ricevuta(file, "18030612345678901", {1});
@@ -213,6 +268,42 @@ TEST_F(VitaInvii, AReceiptThatFitsNothingIsRejectedWhole) {
   EXPECT_THAT(esecuzione.errori, HasSubstr("(V09)"));
   EXPECT_THAT(esecuzione.errori, HasSubstr("riga 4, colonna \"Esito\""));
   EXPECT_EQ(operazioni().count("attesa"), 0U);
+}
+
+TEST_F(VitaInvii, ATableThatIsNoReceiptIsToldApartFromOneThatFitsNothing) {
+  crea();
+  const std::string nome = in("vuota.csv");
+  const std::pair<const char*, const char*> tabelle[] = {
+      {"", "Il file è vuoto (F01)."},
+      {"CodiceFiscale;Protocollo;Progressivo;Esito\n", "nessuna riga (F01)."},
+      {"Nome;Importo\nRossi;12,50\n", "nessuna intestazione è nota"},
+      {"%PDF-1.4\n", "(F02)."}};
+  for (const auto& [contenuto, detto] : tabelle) {
+    std::ofstream(nome, std::ios::binary) << contenuto;
+    const Esecuzione esecuzione = cuctl({"receipt", nome});
+    EXPECT_EQ(esecuzione.codice, 1) << contenuto;
+    EXPECT_THAT(esecuzione.errori, HasSubstr(detto));
+    EXPECT_EQ(esecuzione.uscita, "");
+  }
+}
+
+TEST_F(VitaInvii, TheTraceHasNothingOfWhatIsReadAndFollowed) {
+  const std::string file = crea();
+  const std::string tabella = ricevuta(file, "18030612345678901", {1});
+  const auto traccia = [&] {
+    std::ifstream letta(in("trace.sql"), std::ios::binary);
+    return std::string((std::istreambuf_iterator<char>(letta)), {});
+  };
+  const std::string prima = traccia();
+  ASSERT_NE(prima, "");
+  EXPECT_THAT(prima, ::testing::Not(HasSubstr("CuInvio")));
+  EXPECT_EQ(cuctl({"verify", file}).codice, 0);
+  EXPECT_EQ(cuctl({"status", "--year", kAnno}).codice, 0);
+  EXPECT_EQ(cuctl({"discard", file}).codice, 1);
+  inviata(file);
+  applicata(tabella);
+  EXPECT_EQ(cuctl({"discard", file, "--yes"}).codice, 1);
+  EXPECT_EQ(traccia(), prima);
 }
 
 TEST_F(VitaInvii, WithoutTheTablesTheRunIsTheSame) {

@@ -1,5 +1,6 @@
 #include "apps/comune/connessioni.h"
 
+#include <filesystem>
 #include <iostream>
 
 #include "apps/comune/password.h"
@@ -37,6 +38,17 @@ void esigiSuite(Connection& connessione, const std::string& senza) {
 }
 
 }  // namespace
+
+std::optional<Profilo::Database> databaseIndicato(const OpzioniDatabase& opzioni) {
+  auto database = analizzaIndirizzo(opzioni.indirizzo, std::filesystem::current_path().string());
+  if (!database) {
+    std::cerr << "--database: atteso \"sqlite:FILE\" oppure \"odbc:Driver=...;Server=...\"\n";
+    return std::nullopt;
+  }
+  database->variabilePassword = opzioni.variabilePassword;
+  database->cifrata = !opzioni.inChiaro;
+  return database;
+}
 
 std::unique_ptr<Connection> apriConnessione(const Profilo::Database& database) {
   switch (database.motore) {

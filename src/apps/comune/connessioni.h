@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "archive/controllo.h"
@@ -9,9 +11,14 @@
 
 namespace cu {
 
-// What is said of an address that is none.
-inline constexpr const char* kIndirizzoAtteso =
-    "--database: atteso \"sqlite:FILE\" oppure \"odbc:Driver=...;Server=...\"\n";
+// The options of a command that name its database.
+struct OpzioniDatabase {
+  std::string indirizzo;
+  std::string variabilePassword;
+  bool inChiaro = false;  // permits an unencrypted connection to a server
+};
+// Nothing where the address is none, which is reported on standard error.
+std::optional<Profilo::Database> databaseIndicato(const OpzioniDatabase& opzioni);
 
 // Opens the suite's database for an address. DatabaseError states in Italian the problem and the remedy.
 // Missing security of a server's connection is reported on standard error.

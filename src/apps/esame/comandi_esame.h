@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/comune/connessioni.h"
 #include "base/date.h"
 
 // The commands that read what was filed. docs/automazione.md describes their answers.
@@ -64,11 +65,6 @@ struct OpzioniStatus {
 };
 int comandoStatus(const OpzioniStatus& opzioni);
 
-struct OpzioniUpgrade {
-  std::string database;
-  std::string variabilePassword;
-  bool inChiaro = false;
-};
-int comandoUpgrade(const OpzioniUpgrade& opzioni);
+int comandoUpgrade(const OpzioniDatabase& opzioni);
 
 }  // namespace cu

@@ -1,21 +1,14 @@
-#include <filesystem>
 #include <iostream>
 
 #include "apps/comune/codici_uscita.h"
-#include "apps/comune/connessioni.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/operazioni_registro.h"
 
 namespace cu {
 
-int comandoUpgrade(const OpzioniUpgrade& opzioni) {
-  auto database = analizzaIndirizzo(opzioni.database, std::filesystem::current_path().string());
-  if (!database) {
-    std::cerr << kIndirizzoAtteso;
-    return kUsoSbagliato;
-  }
-  database->variabilePassword = opzioni.variabilePassword;
-  database->cifrata = !opzioni.inChiaro;
+int comandoUpgrade(const OpzioniDatabase& opzioni) {
+  const auto database = databaseIndicato(opzioni);
+  if (!database) return kUsoSbagliato;
   const std::size_t create = aggiungiTabelle(*database);
   if (create == 0) {
     std::cout << "Il database ha già le tabelle per seguire gli invii.\n";

@@ -21,19 +21,28 @@ std::size_t aggiungiTabelle(const Profilo::Database& database) {
   return create;
 }
 
+namespace {
+
+std::string detto(const riscontro::Invio& invio) {
+  return "Invio " + fromInteger(invio.id) + " (" + invio.nome + "): ";
+}
+
+EsitoInvio nonRegistrato(const std::string& file, const char* nulla) {
+  return {false, file + ": non è fra i file scritti per questa azienda, o è cambiato da allora. " + nulla,
+          std::nullopt};
+}
+
+}  // namespace
+
 EsitoInvio segnaInviato(const Profilo& profilo, const std::string& file, std::optional<Date> giorno) {
   const std::string impronta = improntaFile(file);
   RegistroDelProfilo registro(profilo);
   const auto invio = registro->cerca(impronta);
   if (!invio || invio->idAzienda != profilo.sessione.azienda) {
-    return {false,
-            file +
-                ": non è fra i file scritti per questa azienda, o è cambiato da allora. Non è stato "
-                "segnato nulla.",
-            std::nullopt};
+    return nonRegistrato(file, "Non è stato segnato nulla.");
   }
   EsitoInvio esito{true, {}, *invio};
-  const std::string quale = "Invio " + fromInteger(invio->id) + " (" + invio->nome + "): ";
+  const std::string quale = detto(*invio);
   if (!invio->dataInvio.empty()) {
     esito.testo = quale + "già segnato come inviato il " +
                   Date::parseIso(invio->dataInvio).value_or(Date()).toItalian() + ".";
@@ -46,6 +55,39 @@ EsitoInvio segnaInviato(const Profilo& profilo, const std::string& file, std::op
   esito.testo = quale + "segnato come inviato il " + suo.toItalian() + ", certificazioni " +
                 fromInteger(invio->certificazioni) + ".";
   return esito;
+}
+
+EsitoInvio togliDalRegistro(const Profilo& profilo, const std::string& file,
+                            const std::function<bool(const std::string& avviso)>& conferma) {
+  constexpr const char* kNulla = "Non è stato tolto nulla.";
+  const std::string impronta = improntaFile(file);
+  RegistroDelProfilo registro(profilo);
+  const auto invio = registro->cerca(impronta);
+  if (!invio || invio->idAzienda != profilo.sessione.azienda) return nonRegistrato(file, kNulla);
+  const auto inviato = [&] {
+    return EsitoInvio{
+        false,
+        detto(*invio) +
+            "le sue certificazioni risultano inviate. Un file inviato resta nel registro e attende la "
+            "ricevuta. " +
+            kNulla,
+        *invio};
+  };
+  if (!registro->soloScritto(invio->id)) return inviato();
+  if (!conferma("Il file " + invio->nome + " (certificazioni " + fromInteger(invio->certificazioni) +
+                ") verrebbe tolto dal registro, come se non fosse stato scritto.")) {
+    return {false, kNulla, *invio};
+  }
+  if (!registro->togli(invio->id)) return inviato();
+  // A run that was repeated has written the same bytes again.
+  for (auto altro = registro->cerca(impronta);
+       altro && altro->idAzienda == invio->idAzienda && registro->togli(altro->id);
+       altro = registro->cerca(impronta)) {
+  }
+  return {true,
+          detto(*invio) + "tolto dal registro, certificazioni " + fromInteger(invio->certificazioni) +
+              ". Il file resta nella sua cartella: non va inviato.",
+          *invio};
 }
 
 EsitoCorreggi correggi(const Profilo& profilo, const RichiestaCorreggi& richiesta) {

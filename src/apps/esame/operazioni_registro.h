@@ -29,6 +29,12 @@ struct EsitoInvio {
 // database rise as they are.
 EsitoInvio segnaInviato(const Profilo& profilo, const std::string& file, std::optional<Date> giorno);
 
+// Takes a written file that will never be sent out of the record, as if it had not been written; the file
+// itself stays. Only as long as none of its certificates was sent; `conferma` is asked before. Raises as
+// segnaInviato does.
+EsitoInvio togliDalRegistro(const Profilo& profilo, const std::string& file,
+                            const std::function<bool(const std::string& avviso)>& conferma);
+
 struct RichiestaCorreggi {
   std::int32_t anno = 0;
   std::string cartella;
