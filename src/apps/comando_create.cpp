@@ -74,7 +74,8 @@ int comandoCreate(const OpzioniCreate& opzioni) {
     std::cerr << errore.what() << '\n';
     return kRifiutato;
   }
-  std::cout << "Database creato, " << descrizione(contenuto(opzioni)) << ": " << opzioni.database.indirizzo << '\n';
+  std::cout << "Database creato, " << descrizione(contenuto(opzioni)) << ": " << opzioni.database.indirizzo
+            << '\n';
   return kRiuscito;
 }
 

@@ -36,7 +36,7 @@ std::string riempito(const std::string& codice, std::size_t cifre) {
 }
 
 // The telephone is cut before its separators are left out; a fax number keeps them.
-std::string telefono(const RigaConto& riga) {
+std::string telefonoDiB(const RigaConto& riga) {
   constexpr std::size_t kCifre = 12;
   std::string numero = nelFile(riga["TelefonoAz"]);
   if (trim(numero).empty()) return nelFile(riga["FaxAz"]).substr(0, kCifre);
@@ -87,7 +87,7 @@ std::string recordB(const RigaConto& riga, std::int32_t anno) {
     b.testo("Denominazione", inMaiuscole(riga["AnagraficaAz"]));
   }
   b.testo("Indirizzo posta elettronica", nelFile(riga["EMailInternetAz"]));
-  b.testo("Telefono/Fax", telefono(riga));
+  b.testo("Telefono/Fax", telefonoDiB(riga));
   if (modello::haEventiEccezionali(anno)) {
     const std::string evento = inMaiuscole(riga["CodiceEventoEccezionaleAz"]);
     b.testo(modello::kEventiEccezionali, trim(evento).empty() ? "0" : evento);

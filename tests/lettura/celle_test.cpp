@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "archive/liste.h"
 #include "lettura/caselle.h"
 #include "lettura/lettura_prova.h"
+#include "liste/liste.h"
 
 namespace cu::lettura::prova {
 namespace {
@@ -124,7 +124,7 @@ TEST(K03, NumbersDatesAndProvincesOfTheWrongKind) {
 TEST(K03, TheSignsOfProvincesNowAndBefore) {
   for (const ComuneInLista& comune : comuni()) EXPECT_TRUE(provincia(comune.provincia)) << comune.provincia;
   for (const char* sigla : {"EE", "FU", "PL", "ZA", "FO", "PS", "OT", "MB"}) {
-    EXPECT_EQ(elenco(buono().valore(3, "DA002007", sigla).esamina()), Elenco{}) << sigla;
+    EXPECT_EQ(elenco(dueModuli().valore(3, "DA002007", sigla).esamina()), Elenco{}) << sigla;
   }
   for (const char* sigla : {"", "V", "VRX", "R ", " R", "vr", "EE", "ZZ"})
     EXPECT_FALSE(provincia(sigla)) << sigla;

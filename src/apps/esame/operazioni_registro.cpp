@@ -23,7 +23,7 @@ std::size_t aggiungiTabelle(const Profilo::Database& database) {
 
 namespace {
 
-std::string detto(const riscontro::Invio& invio) {
+std::string dettoInvio(const riscontro::Invio& invio) {
   return "Invio " + fromInteger(invio.id) + " (" + invio.nome + "): ";
 }
 
@@ -42,7 +42,7 @@ EsitoInvio segnaInviato(const Profilo& profilo, const std::string& file, std::op
     return nonRegistrato(file, "Non è stato segnato nulla.");
   }
   EsitoInvio esito{true, {}, *invio};
-  const std::string quale = detto(*invio);
+  const std::string quale = dettoInvio(*invio);
   if (!invio->dataInvio.empty()) {
     esito.testo = quale + "già segnato come inviato il " +
                   Date::parseIso(invio->dataInvio).value_or(Date()).toItalian() + ".";
@@ -67,7 +67,7 @@ EsitoInvio togliDalRegistro(const Profilo& profilo, const std::string& file,
   const auto inviato = [&] {
     return EsitoInvio{
         false,
-        detto(*invio) +
+        dettoInvio(*invio) +
             "le sue certificazioni risultano inviate. Un file inviato resta nel registro e attende la "
             "ricevuta. " +
             kNulla,
@@ -85,7 +85,7 @@ EsitoInvio togliDalRegistro(const Profilo& profilo, const std::string& file,
        altro = registro->cerca(impronta)) {
   }
   return {true,
-          detto(*invio) + "tolto dal registro, certificazioni " + fromInteger(invio->certificazioni) +
+          dettoInvio(*invio) + "tolto dal registro, certificazioni " + fromInteger(invio->certificazioni) +
               ". Il file resta nella sua cartella: non va inviato.",
           *invio};
 }
