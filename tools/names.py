@@ -2,8 +2,8 @@
 """Names in anonymous namespaces that repeat within a folder:  tools/names.py FOLDER...
 
 Where a tree is built once, the files of a room or of a test program are compiled as one file. A function of the same
-name in two of them is then an overload, and the wrong one may be called without an error; a constant of a header of
-the folder is then ambiguous. Exits with 1 where a name repeats. Folders of independent programs (fuzz) are not examined.
+name in two of them is then an overload, and the wrong one may be called without an error; a name of a header of the
+folder is then ambiguous. Exits with 1 where a name repeats. Folders of independent programs (fuzz) are not examined.
 """
 
 import collections
@@ -17,7 +17,9 @@ FUNCTION = re.compile(
 TYPE = re.compile(r"(?:class|struct|enum class|enum) (\w+)")
 CONSTANT = re.compile(r"constexpr [^=({]*?\b(k[A-Z]\w*)(?:\[[^\]]*\])* *[={]")
 
-HEADER = re.compile(r"^inline constexpr [^=({;]*?\b(k[A-Z]\w*)(?:\[[^\]]*\])* *[={]", re.MULTILINE)
+HEADER = re.compile(
+    r"^(?:inline constexpr [^=({;]*?\b(?=k[A-Z])|(?:class|struct|enum class|enum) (?=\w+[^;]*$)|using (?=\w+ =))(\w+)",
+    re.MULTILINE)
 
 
 def names_of(file):
@@ -44,13 +46,15 @@ def main():
                 folders[file.parent].append(file)
         for folder, files in sorted(folders.items()):
             places = collections.defaultdict(set)
+            headers = collections.defaultdict(set)
             for header in folder.glob("*.h"):
                 for name in HEADER.findall(header.read_text(encoding="utf-8")):
-                    places[name].add(header.name)
+                    headers[name].add(header.name)
             for file in files:
                 for name in names_of(file):
                     places[name].add(file.name)
             for name, where in places.items():
+                where |= headers[name]
                 if len(where) > 1:
                     repeated += 1
                     print(f"{folder}: {name} in {', '.join(sorted(where))}")

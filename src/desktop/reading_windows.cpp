@@ -31,7 +31,7 @@ QLabel* plainLabel(const QString& text, QWidget* parent) {
 }
 
 // A picture is no wider than the text.
-class Pages : public QTextBrowser {
+class GuidePages : public QTextBrowser {
  public:
   using QTextBrowser::QTextBrowser;
   QVariant loadResource(int type, const QUrl& name) override {
@@ -58,7 +58,7 @@ class Pages : public QTextBrowser {
 }  // namespace
 
 HelpWindow::HelpWindow(QWidget* parent, const QString& folder)
-    : QWidget(parent, Qt::Window), text_(new Pages(this)) {
+    : QWidget(parent, Qt::Window), text_(new GuidePages(this)) {
   setAttribute(Qt::WA_DeleteOnClose);
   setWindowTitle(QStringLiteral("Guida"));
   auto* column = new QVBoxLayout(this);

@@ -29,12 +29,12 @@ void esige(const CelleRiga& celle, Quadro quadro, int numero, std::string_view c
                 [&] { return "Manca " + std::string(dato) + " (" + std::string(codice) + ")."; });
 }
 
-struct Coppia {
+struct DueCaselle {
   int ritenuta;
   int imponibile;
 };
 
-void nonOltre(const CelleRiga& celle, Regola regola, Coppia coppia, Segnalatore& segnala) {
+void nonOltre(const CelleRiga& celle, Regola regola, DueCaselle coppia, Segnalatore& segnala) {
   const Cella* const ritenuta = celle.somma(coppia.ritenuta);
   if (ritenuta == nullptr || !ritenuta->buona) return;
   const Cella* const imponibile = celle.somma(coppia.imponibile);
@@ -214,9 +214,9 @@ void Congruenza::modulo(const CelleRiga& celle, bool primo, Segnalatore& segnala
   if (primo) primoModulo(celle, segnala);
   somme(celle, primo, segnala);
   codiceDelleSomme(celle, segnala);
-  constexpr auto kCoppie = std::to_array<Coppia>(
+  constexpr auto kCoppie = std::to_array<DueCaselle>(
       {{54, 53}, {55, 53}, {103, 102}, {107, 106}, {132, 131}, {134, 133}, {136, 135}, {138, 137}});
-  for (const Coppia& coppia : kCoppie) nonOltre(celle, Regola::C03, coppia, segnala);
+  for (const DueCaselle& coppia : kCoppie) nonOltre(celle, Regola::C03, coppia, segnala);
   nonOltre(celle, Regola::C06, {19, 18}, segnala);
   contributi(celle, segnala);
   annoDelReddito(celle, segnala);

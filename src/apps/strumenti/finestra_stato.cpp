@@ -159,6 +159,8 @@ QWidget* FinestraStato::pulsanti() {
   riga->setContentsMargins(0, 0, 0, 0);
   riga->addWidget(tabelle_ = pulsante("A&ggiungi le tabelle", [this] { aggiungiTabelle(); }));
   riga->addWidget(inviato_ = pulsante("Segna come in&viato…", [this] { segnaInviato(); }));
+  riga->addWidget(tolto_ = pulsante("&Non verrà inviato…", [this] { togliDalRegistro(); }));
+  tolto_->setToolTip(QStringLiteral("Toglie dal registro un file scritto che non verrà inviato"));
   riga->addWidget(ricevuta_ = pulsante("&Leggi ricevuta…", [this] { leggiRicevuta(); }));
   riga->addWidget(correzioni_ = pulsante("Scrivi &correzioni…", [this] { scriviCorrezioni(); }));
   riga->addStretch(1);

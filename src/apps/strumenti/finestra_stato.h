@@ -25,6 +25,7 @@ class FinestraStato : public Finestra {
   // As the buttons do, once the file or the folder is chosen.
   void leggiRicevuta(const QString& tabella);
   void scriviCorrezioni(const QString& cartella);
+  void togliDalRegistro(const QString& file);
 
  protected:
   QString occupata() const override;
@@ -45,6 +46,7 @@ class FinestraStato : public Finestra {
   void diceFrase();
   void abilita();
   void segnaInviato();
+  void togliDalRegistro();
   void leggiRicevuta();
   void registra(const std::shared_ptr<std::vector<riscontro::RigaRicevuta>>& righe,
                 const std::shared_ptr<riscontro::PianoRicevuta>& piano);
@@ -65,6 +67,7 @@ class FinestraStato : public Finestra {
   Frase* cambiate_ = nullptr;
   Tabella* caselle_ = nullptr;
   QPushButton* inviato_ = nullptr;
+  QPushButton* tolto_ = nullptr;
   QPushButton* ricevuta_ = nullptr;
   QPushButton* correzioni_ = nullptr;
   QPushButton* tabelle_ = nullptr;

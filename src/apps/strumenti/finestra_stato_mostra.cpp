@@ -54,7 +54,7 @@ void FinestraStato::abilita() {
   const bool tabelle = stato_ != nullptr && stato_->tabelle;
   tabelle_->setVisible(stato_ != nullptr && !tabelle);
   tabelle_->setEnabled(libera);
-  for (QPushButton* uno : {inviato_, ricevuta_}) uno->setEnabled(libera && tabelle);
+  for (QPushButton* uno : {inviato_, tolto_, ricevuta_}) uno->setEnabled(libera && tabelle);
   correzioni_->setEnabled(libera && tabelle && !stato_->anni.empty());
   ricarica_->setEnabled(libera);
   anni_->setEnabled(libera && tabelle && !stato_->anni.empty());

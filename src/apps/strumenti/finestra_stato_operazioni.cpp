@@ -68,6 +68,45 @@ void FinestraStato::segnaInviato() {
       Modo::Scrive);
 }
 
+void FinestraStato::togliDalRegistro() {
+  const QString uso = QStringLiteral("inviato");
+  const QString scelto = QFileDialog::getOpenFileName(
+      this, QStringLiteral("File che non verrà inviato"), cartellaRicordata(uso, qs(profilo_.documenti)),
+      QStringLiteral("File telematici (*.cur);;Tutti i file (*)"));
+  if (scelto.isEmpty()) return;
+  ricordaCartella(uso, QFileInfo(scelto).absolutePath());
+  togliDalRegistro(scelto);
+}
+
+void FinestraStato::togliDalRegistro(const QString& file) {
+  risposta_->dici({});
+  auto esito = std::make_shared<EsitoInvio>();
+  auto rifiutato = std::make_shared<bool>(false);
+  const auto chiede = [this, rifiutato](const std::string& avviso) {
+    const QString testo = qs(avviso) + QStringLiteral("\n\nIl file resta nella sua cartella.");
+    const bool si =
+        lavoro().chiedi([this, testo] { return conferma(testo, QStringLiteral("&Togli dal registro")); });
+    *rifiutato = !si;
+    return si;
+  };
+  compi(
+      QStringLiteral("Il file viene tolto dal registro…"),
+      [esito, chiede, profilo = profilo_, percorso = file.toStdString()] {
+        *esito = cu::togliDalRegistro(profilo, percorso, chiede);
+      },
+      [this, esito, rifiutato] {
+        if (*rifiutato) return;
+        if (!esito->riuscito || !esito->invio) {
+          mostraErrore(qs(esito->testo));
+          return;
+        }
+        risposta_->dici(
+            QStringLiteral("✓ Tolto dal registro il file %1: non va inviato.").arg(qs(esito->invio->nome)));
+        leggi(esito->invio->anno);
+      },
+      Modo::Scrive);
+}
+
 void FinestraStato::leggiRicevuta() {
   const QString uso = QStringLiteral("ricevute");
   const QString scelta = QFileDialog::getOpenFileName(

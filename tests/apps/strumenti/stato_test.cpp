@@ -172,6 +172,22 @@ TEST(StateWindow, SaysWhatWasMarkedAsSent) {
   EXPECT_TRUE(test::dice(*schermo, "era già segnato come inviato il 05/03/2018"));
 }
 
+TEST(StateWindow, TakesAFileThatWillNotBeSentOutOfTheRecordOnceConfirmed) {
+  const test::Azienda azienda;
+  const std::string file = azienda.scrivi(2016);
+  SchermoStato schermo(azienda);
+  const auto togli = [&](const char* risposta) {
+    test::alProssimoDialogo([risposta](QWidget& dialogo) { EXPECT_TRUE(test::premi(dialogo, risposta)); });
+    schermo->togliDalRegistro(qs(file));
+    schermo.finita();
+  };
+  togli("Annulla");
+  EXPECT_FALSE(test::dice(*schermo, "Tolto dal registro"));
+  togli("Togli dal registro");
+  EXPECT_TRUE(test::dice(*schermo, "Tolto dal registro il file CUR_"));
+  EXPECT_FALSE(segnaInviato(azienda.profilo, file, std::nullopt).riuscito);
+}
+
 TEST(StateWindow, ShowsTheReasonOfARejectionAlsoAfterTheCorrection) {
   const test::Azienda azienda;
   const StatoLetto nuove = leggiStato(azienda.profilo, std::nullopt);
