@@ -100,11 +100,17 @@ Confronto Confronto::conConti(const std::string& file, const Profilo& profilo,
   LettoConAvanzamento letto(file, avanza, "Confronto: il file");
   Terminale terminale;
   const UtilitaItaliana utilita(terminale, profilo.documenti);
-  static_cast<void>(
+  const auto esito =
       confrontaConConti(letto, *connessione, profilo.sessione.azienda, utilita, [&](const Coppia& coppia) {
         confronto.aggiungi(coppia);
         avanza("Confronto: certificazioni", confronto.righe_.size(), 0);
-      }));
+      });
+  if (esito && !esito->testate.empty()) {
+    confronto.testateDiverse_ = true;
+    confronto.righe_.insert(confronto.righe_.begin(),
+                            RigaConfronto{"", "Frontespizio della fornitura", "", EsitoConfronto::Diverso,
+                                          std::nullopt, std::nullopt, std::nullopt, esito->testate});
+  }
   return confronto;
 }
 
@@ -169,6 +175,12 @@ void Confronto::aggiungi(const Coppia& coppia) {
 
 std::vector<CasellaConfrontata> Confronto::caselle(std::size_t quale) const {
   const RigaConfronto& riga = righe_.at(quale);
+  if (testateDiverse_ && quale == 0) {
+    std::vector<CasellaConfrontata> campi;
+    for (const lettura::CasellaDiversa& una : riga.caselle)
+      campi.push_back({0, una.campo, {}, una.vecchio, una.nuovo, true});
+    return campi;
+  }
   const std::int32_t anno = vecchio_->anno().value_or(nuovo_ ? nuovo_->anno().value_or(0) : 0);
   if (riga.esito == EsitoConfronto::SoloNuovo) {
     return tutte(riga.conto ? *riga.conto : nuovo_->rileggi(riga.nuovo.value()), false, true, anno);

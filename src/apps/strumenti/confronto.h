@@ -14,7 +14,8 @@
 namespace cu::strumenti {
 
 // A certificate that was compared. Of a certificate of a file its place there is kept, of one that only the
-// accounts have the certificate itself.
+// accounts have the certificate itself. The first row may be the heads of the whole file where they differ
+// from the company's data; it has neither.
 struct RigaConfronto {
   std::string percipiente;
   std::string nome;
@@ -51,6 +52,8 @@ class Confronto {
   const std::string& estraneita() const { return estraneita_; }
   bool confrontati() const { return confrontati_; }
   const std::vector<RigaConfronto>& righe() const { return righe_; }
+  // Whether the first row is the heads of the file.
+  bool testateDiverse() const { return testateDiverse_; }
   std::size_t quante(EsitoConfronto esito) const { return quante_.at(static_cast<std::size_t>(esito)); }
   // All boxes of a certificate but the signature. Error where a file has changed since.
   std::vector<CasellaConfrontata> caselle(std::size_t riga) const;
@@ -66,6 +69,7 @@ class Confronto {
   std::array<std::size_t, 4> quante_{};
   std::string estraneita_;
   bool confrontati_ = true;
+  bool testateDiverse_ = false;
 };
 
 // "= uguale", "≠ diversa", "− manca nei conti": a sign and words.

@@ -205,7 +205,10 @@ void FinestraConfronto::diceConteggi() {
                   parte(EsitoConfronto::Diverso, conti ? "diverse" : "cambiate"),
                   parte(EsitoConfronto::SoloVecchio, conti ? "mancano nei conti" : "solo nel vecchio"),
                   parte(EsitoConfronto::SoloNuovo, conti ? "mancano nel file" : "solo nel nuovo")}
-          .join(QStringLiteral(", ")));
+          .join(QStringLiteral(", ")) +
+      (confronto_->testateDiverse()
+           ? QStringLiteral(". Il frontespizio del file è diverso dai dati dell'azienda.")
+           : QString()));
   const bool nessunaDiversa = confronto_->quante(EsitoConfronto::Uguale) == confronto_->righe().size();
   QString frase;
   if (confronto_->righe().empty()) {

@@ -90,6 +90,20 @@ TEST(Comparison, AFreshFileIsTheAccountsAndACentIsFound) {
   EXPECT_EQ(senza.quante(EsitoConfronto::Diverso), 0U);
 }
 
+TEST(Comparison, HeadsThatDifferFromTheCompanyAreARowOfTheirOwn) {
+  const test::Azienda azienda;
+  const std::string file = azienda.scrivi(2017);
+  EXPECT_FALSE(Confronto::conConti(file, azienda.profilo, kLibero).testateDiverse());
+  azienda.esegui("UPDATE Anagrafica SET Anagrafica = 'Altra Denominazione' WHERE IDAnagrafica = 1");
+  const Confronto altro = Confronto::conConti(file, azienda.profilo, kLibero);
+  ASSERT_TRUE(altro.testateDiverse());
+  EXPECT_EQ(altro.righe()[0].nome, "Frontespizio della fornitura");
+  const std::vector<CasellaConfrontata> campi = altro.caselle(0);
+  ASSERT_EQ(campi.size(), 1U);
+  EXPECT_EQ(campi[0].nuovo.substr(0, 19), "ALTRA DENOMINAZIONE");
+  EXPECT_TRUE(campi[0].diversa);
+}
+
 TEST(Comparison, WithoutAYearThereAreNoAccounts) {
   const test::Azienda azienda;
   FileDiProva prova("XYZ99");
