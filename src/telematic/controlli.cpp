@@ -1,11 +1,11 @@
 #include "telematic/controlli.h"
 
-#include <array>
 #include <string_view>
 
 #include "base/text.h"
 #include "data/recordset.h"
 #include "host/conversioni.h"
+#include "telematic/requisiti.h"
 
 namespace cu {
 namespace {
@@ -15,63 +15,24 @@ constexpr std::string_view kIntermediario = "Intermediario";
 constexpr std::string_view kAzienda = "Azienda";
 constexpr std::string_view kPercipiente = "Percipiente";
 
-enum class Soggetto { Ogni, PersonaFisica, NonPersonaFisica, NatoInItalia, NonResidente };
-
-struct Requisito {
-  std::string_view colonna;
-  Soggetto soggetto;
-  std::string_view campo;
-  std::string_view messaggio;
-  std::string_view denominazione;  // the column with the name of the row's subject
-};
-
-// In place of the company's name the log shows the blank field itself, except in the first row.
-constexpr std::array<Requisito, 8> kRequisitiAzienda = {{
-    {"CodFisc", Soggetto::Ogni, "Codice fiscale", "Codice fiscale o partita IVA non presente", "AnagAz"},
-    {"ComuneAz", Soggetto::Ogni, "Comune sede", "Comune sede non presente", "ComuneAz"},
-    {"SiglaProvinciaAz", Soggetto::Ogni, "Provincia sede", "Provincia sede non presente", "SiglaProvinciaAz"},
-    {"NomeAz", Soggetto::PersonaFisica, "Nome azienda", "Nome azienda non presente", "NomeAz"},
-    {"CodiceFiscaleRapp", Soggetto::NonPersonaFisica, "Codice fiscale rappresentante",
-     "Codice fiscale del rappresentante non presente", "CodiceFiscaleRapp"},
-    {"CodiceCarica", Soggetto::NonPersonaFisica, "Codice carica rappresentante",
-     "Codice carica del rappresentante non presente", "CodiceCarica"},
-    {"AnagraficaRapp", Soggetto::NonPersonaFisica, "Cognome rappresentante",
-     "Cognome del rappresentante non presente", "AnagraficaRapp"},
-    {"NomeRapp", Soggetto::NonPersonaFisica, "Nome rappresentante", "Nome del rappresentante non presente",
-     "NomeRapp"},
-}};
-
-constexpr std::array<Requisito, 7> kRequisitiPercipiente = {{
-    {"CodiceFiscale", Soggetto::Ogni, "Codice fiscale", "Codice fiscale non presente", "AnagPercipiente"},
-    {"Anagrafica", Soggetto::Ogni, "Cognome", "Cognome non presente", "AnagPercipiente"},
-    {"Nome", Soggetto::PersonaFisica, "Nome", "Nome non presente", "AnagPercipiente"},
-    {"Sesso", Soggetto::PersonaFisica, "Sesso", "Sesso non presente", "AnagPercipiente"},
-    {"DataNascita", Soggetto::PersonaFisica, "Data di nascita", "Data di nascita non presente",
-     "AnagPercipiente"},
-    {"ComuneNascita", Soggetto::NatoInItalia, "Comune/Nazione di nascita",
-     "Comune/Nazione di nascita non presente", "AnagPercipiente"},
-    {"PrefissoInternazionaleRes", Soggetto::NonResidente, "Codice nazione residenza",
-     "Codice nazione di residenza non presente", "AnagPercipiente"},
-}};
-
 bool vuoto(const Recordset& riga, std::string_view colonna) {
   const CellView campo = riga.Get(colonna);
   return campo.isNull() || (campo.type() == ValueType::Text && campo.text().empty());
 }
 
-bool riguarda(Soggetto soggetto, const Recordset& riga, std::string_view personaFisica) {
+bool riguarda(SoggettoRequisito soggetto, const Recordset& riga, std::string_view personaFisica) {
   switch (soggetto) {
-    case Soggetto::Ogni:
+    case SoggettoRequisito::Ogni:
       return true;
-    case Soggetto::PersonaFisica:
+    case SoggettoRequisito::PersonaFisica:
       return riga.Get(personaFisica).flag();
-    case Soggetto::NonPersonaFisica:
+    case SoggettoRequisito::NonPersonaFisica:
       return !riga.Get(personaFisica).flag();
-    case Soggetto::NatoInItalia:
+    case SoggettoRequisito::NatoInItalia:
       // A person born abroad has a country instead of a municipality.
       return riga.Get(personaFisica).flag() &&
              (vuoto(riga, "NazioneNascita") || equalsNoCase(riga.Get("NazioneNascita").text(), "ITALIA"));
-    case Soggetto::NonResidente:
+    case SoggettoRequisito::NonResidente:
       break;
   }
   return riga.Get("NonResidente").flag();
