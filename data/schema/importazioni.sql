@@ -47,14 +47,15 @@ CREATE TABLE [dbo].[CuImportazioneRiga] (
   CONSTRAINT [PK_CuImportazioneRiga] PRIMARY KEY CLUSTERED ([IDImportazione] ASC, [Numero] ASC)
 )
 GO
--- One row for each account whose payments a batch changed; without values before it, the batch made the account.
+-- One row for each account whose payments a batch changed: its amounts before, which are null where the batch made it,
+-- and the sum of its payments before.
 CREATE TABLE [dbo].[CuImportazioneConto] (
   [IDImportazione] [int] NOT NULL,
   [Anno] [int] NOT NULL,
   [IDAnagrafica] [int] NOT NULL,
   [IDCausalePagamento] [int] NOT NULL,
   [Prima] [varchar](8000) NULL,
-  [Dopo] [varchar](8000) NULL,
+  [Somma] [varchar](8000) NULL,
   CONSTRAINT [PK_CuImportazioneConto] PRIMARY KEY CLUSTERED ([IDImportazione] ASC, [Anno] ASC, [IDAnagrafica] ASC, [IDCausalePagamento] ASC)
 )
 GO

@@ -52,16 +52,21 @@ struct RichiestaPiano {
   std::map<Posizione, Decisione> decisioni;
 };
 
+struct ArchivioLetto;
+
 struct Candidato {
   std::int32_t id = 0;  // of a payee (IDAnagrafica) or a place
   std::string testo;    // "P001 Bianchi Luca, BNCLCU70A01L781X"
 };
 
+inline constexpr std::size_t kSenzaVoce = static_cast<std::size_t>(-1);
+
 struct RigaPiano {
   Posizione posizione;
   StatoRiga stato = StatoRiga::Errore;
-  std::size_t voce = 0;     // the record that it writes or found: an index of aziende, percipienti, compensi
-  std::int32_t conto = -1;  // payments: an index of conti
+  // The record that it writes or found: an index of aziende, percipienti or compensi.
+  std::size_t voce = kSenzaVoce;
+  std::int32_t conto = -1;             // payments: an index of conti
   std::vector<std::uint8_t> derivati;  // columns whose values do not come from the file
   std::vector<Messaggio> messaggi;     // those of the reading are there too
   std::vector<Candidato> candidati;
@@ -74,23 +79,16 @@ struct Voce {
   Scheda dopo;
   std::size_t riga = 0;  // index of the planned row
 };
-// Beside a payee: what the lists do not have.
+// Beside a payee: what the lists do not have, and the import adds.
 struct AccantoPercipiente {
-  std::string localitaEstera;                                      // a town abroad to be added
-  std::string enteCodiceFiscale, enteNome, enteCodice, categoria;  // a fund and its category to be added
+  std::string localitaEstera;                           // a town abroad
+  std::string enteCodiceFiscale, enteNome, enteCodice;  // a fund
+  std::string categoria;                                // a fund's category
 };
 // Beside a payment.
 struct AccantoCompenso {
   std::string riferimento;
-  std::size_t percipiente = 0;  // index of Piano::soggetti
   std::int32_t idCodiceNonSoggette = 0;
-};
-
-// A payee of whom rows speak, as reports name it.
-struct Soggetto {
-  std::int32_t idAnagrafica = 0;
-  std::string codice;
-  std::string nome;
 };
 
 struct ContoPiano {
@@ -127,7 +125,7 @@ struct Piano {
   std::vector<AccantoCompenso> accantoCompensi;  // one for each of compensi
   std::vector<ContoPiano> conti;                 // those that change
   std::vector<MancantePiano> mancanti;
-  std::uint64_t impronta = 0;  // of the rows of the database that the plan relies on
+  std::shared_ptr<const ArchivioLetto> archivio;  // the rows of the database that the plan relies on
 
   std::array<std::size_t, kStatiRiga> conteggi() const;
   std::size_t quante(StatoRiga stato) const { return conteggi()[static_cast<std::size_t>(stato)]; }
@@ -142,15 +140,16 @@ struct Piano {
   }
 };
 
-// A column of a table and its text, as reports show it: amounts and dates with a point and in ISO form.
+// The columns of the list and their texts, as reports show them: amounts with a point, dates in ISO form.
 using ValoriRiga = std::vector<std::pair<std::string, std::string>>;
 ValoriRiga chiave(const Piano& piano, const RigaPiano& riga);
 ValoriRiga valori(const Piano& piano, const RigaPiano& riga);
-// "prima" and "dopo" of an account under its columns' names.
+// The amounts of an account under the columns of the list of payments.
 ValoriRiga importi(const schede::Importi& importi);
 
 // Plans the rows of one kind of list. Reads each table once, writes nothing. Raises DatabaseError, and Error
-// for a cancelled operation; whatever a person can correct is a message of the plan.
+// for a database that is not ready (storico.h); whatever a person can correct is a message of the plan. An
+// exception of the sink ends it.
 Piano pianifica(Connection& connessione, std::vector<Lettura> letture, const RichiestaPiano& richiesta,
                 ProgressSink* avanzamento = nullptr);
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/result.h"
 #include "data/database.h"
 #include "intake/piano.h"
 
@@ -36,5 +37,9 @@ std::vector<Lotto> storico(Connection& connessione, std::optional<std::int32_t> 
 // Whether the database has the tables of the history, and the mark of one that this program has created.
 bool haStorico(Connection& connessione);
 bool creatoQui(Connection& connessione);
+
+// Refused: a database that this program has not created unless the request says so, one without history, and
+// a company that is not there.
+Result<> prontoPerImportare(Connection& connessione, Elenco elenco, const RichiestaPiano& richiesta);
 
 }  // namespace cu::intake

@@ -52,6 +52,20 @@ std::vector<VoceInLista> causaliPagamento() { return voci("liste/causali_pagamen
 std::vector<VoceInLista> categorieParticolari() { return voci("liste/categorie_particolari.tsv"); }
 std::vector<VoceInLista> eventiEccezionali() { return voci("liste/eventi_eccezionali.tsv"); }
 
+std::vector<VoceInLista> categorieEntiPrevidenziali() {
+  return voci("liste/categorie_enti_previdenziali.tsv");
+}
+
+std::vector<EnteInLista> entiPrevidenziali() {
+  const Tabella tabella(risorsa("liste/enti_previdenziali.tsv"));
+  std::vector<EnteInLista> elenco;
+  for (std::size_t i = 0; i < tabella.righe(); ++i) {
+    elenco.push_back({idScritto(tabella.campo(i, "ID")), tabella.campo(i, "CodiceFiscale"),
+                      tabella.campo(i, "Denominazione"), tabella.campo(i, "CodiceEnte")});
+  }
+  return elenco;
+}
+
 std::int32_t idComune(std::string_view catasto) {
   const bool valido = catasto.size() == 4 && catasto[0] >= 'A' && catasto[0] <= 'Z' &&
                       catasto.find_first_not_of("0123456789", 1) == std::string_view::npos;

@@ -35,6 +35,15 @@ std::vector<NazioneInLista> nazioni();
 std::vector<VoceInLista> causaliPagamento();
 std::vector<VoceInLista> categorieParticolari();
 std::vector<VoceInLista> eventiEccezionali();
+std::vector<VoceInLista> categorieEntiPrevidenziali();
+
+struct EnteInLista {
+  std::int32_t id = 0;
+  std::string_view codiceFiscale;
+  std::string_view nome;
+  std::string_view codice;
+};
+std::vector<EnteInLista> entiPrevidenziali();
 
 // The id of a municipality is independent of additions to the list: the letter's rank from 1, times a
 // thousand, plus the digits ("A001" is 1001, "L781" 12781). Raises std::invalid_argument for an invalid

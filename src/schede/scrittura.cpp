@@ -149,20 +149,29 @@ void Scrittura::inserisci(const TabellaSuite& tabella, const Riga& riga) {
 }
 
 bool Scrittura::cambia(const TabellaSuite& tabella, const Riga& prima, const Riga& dopo) {
-  std::string istruzione;
   Riga scritta = prima;
+  bool diversa = false;
   for (std::size_t i = tabella.chiavi; i < tabella.colonne.size(); ++i) {
     if (equivalenti(tabella.colonne[i].tipo, prima[i], dopo[i])) continue;
     scritta[i] = dopo[i];
+    diversa = true;
+  }
+  if (diversa) ripristina(tabella, prima, scritta);
+  return diversa;
+}
+
+void Scrittura::ripristina(const TabellaSuite& tabella, const Riga& prima, const Riga& dopo) {
+  std::string istruzione;
+  for (std::size_t i = tabella.chiavi; i < tabella.colonne.size(); ++i) {
+    if (prima[i] == dopo[i]) continue;
     istruzione += istruzione.empty() ? " SET " : ", ";
     istruzione.append(tabella.colonne[i].nome).append(" = ");
     appendValore(istruzione, dopo[i]);
   }
-  if (istruzione.empty()) return false;
+  if (istruzione.empty()) return;
   chiudi();
   connessione_.Execute("UPDATE " + std::string(tabella.nome) + istruzione + condizioneChiave(tabella, prima));
-  if (diario_ != nullptr) diario_->cambiata(tabella, prima, scritta);
-  return true;
+  if (diario_ != nullptr) diario_->cambiata(tabella, prima, dopo);
 }
 
 bool Scrittura::riscrivi(const TabellaSuite& tabella, const Riga& dopo) {

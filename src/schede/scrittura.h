@@ -41,7 +41,9 @@ class Scrittura {
   // Writes the columns that mean something else; returns false, and writes nothing, when there are none.
   // `prima` is the row as the database has it.
   bool cambia(const TabellaSuite& tabella, const Riga& prima, const Riga& dopo);
-  // The same of a row found by its key; raises Error where it is no longer there.
+  // Writes every column that differs in any way, null and empty included.
+  void ripristina(const TabellaSuite& tabella, const Riga& prima, const Riga& dopo);
+  // The same as cambia of a row found by its key; raises Error where it is no longer there.
   bool riscrivi(const TabellaSuite& tabella, const Riga& dopo);
   void togli(const TabellaSuite& tabella, const Riga& riga);
   void chiudi();

@@ -1,0 +1,307 @@
+#include "intake/annulla.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "base/text.h"
+#include "data/inserimento.h"
+#include "data/transazione.h"
+#include "intake/conti_lotto.h"
+#include "intake/storico.h"
+#include "schede/conteggio.h"
+#include "schede/righe.h"
+#include "schede/testo_riga.h"
+
+namespace cu::intake {
+namespace {
+
+using schede::TabellaSuite;
+
+// A row that the batch wrote: as it was before its first writing and as it was after its last one.
+struct RigaLotto {
+  const TabellaSuite* tabella = nullptr;
+  std::string prima;  // "" for a row that was not there
+  std::string dopo;   // "" for one that was removed
+};
+using RigheLotto = std::map<std::pair<std::string, std::string>, RigaLotto>;  // by table and key
+
+// A column in which other rows name a row of a table.
+struct Riferimento {
+  std::string_view tabella;
+  std::string_view daTabella;
+  std::string_view daColonna;
+};
+constexpr auto kRiferimenti = std::to_array<Riferimento>({
+    {"Anagrafica", "Azienda", "IDAnagrafica"},
+    {"Anagrafica", "ConfigurazioneGenerale", "IDAnagraficaRappresentante"},
+    {"Anagrafica", "Percipiente", "IDAnagrafica"},
+    {"Anagrafica", "Compenso", "IDAnagrafica"},
+    {"Anagrafica", "ContoIndividuale", "IDAnagrafica"},
+    {"Anagrafica", "ContoIndividualeDatiAggiuntivi", "IDAnagrafica"},
+    {"Anagrafica", "ModuloXContoIndividuale", "IDAnagrafica"},
+    {"Azienda", "Percipiente", "IDAzienda"},
+    {"Azienda", "Compenso", "IDAzienda"},
+    {"Azienda", "ContoIndividuale", "IDAzienda"},
+    {"Azienda", "ContoIndividualeDatiAggiuntivi", "IDAzienda"},
+    {"Azienda", "ModuloXContoIndividuale", "IDAzienda"},
+    {"Azienda", "PeriodoIva", "IDAzienda"},
+    {"Azienda", "CuInvio", "IDAzienda"},
+    {"Comune", "Anagrafica", "IDComune"},
+    {"Comune", "Anagrafica", "IDComuneNascita"},
+    {"Comune", "ContoIndividualeDatiAggiuntivi", "IDComuneResidenzaAnnoPrec"},
+    {"Comune", "ContoIndividualeDatiAggiuntivi", "IDComuneResidenzaAnnoCorr"},
+    {"CUEntePrevidenziale", "Percipiente", "IDCUEntePrevidenziale"},
+    {"CUCategoriaEntePrevidenziale", "Percipiente", "IDCUCategoriaEntePrevidenziale"},
+    {"CodiceAttivita", "AttivitaAziendaPerPeriodoIva", "IDCodiceAttivita"},
+    {"Filiale", "ConfigurazioneGenerale", "IDFilialePrevalente"},
+});
+
+class Annullamento {
+ public:
+  Annullamento(DatabaseHost& database, RicostruzioneConti& ricostruzione, const Lotto& lotto)
+      : connessione_(database.ownConnection()),
+        lotto_(lotto),
+        conti_(database, ricostruzione, lotto.idAzienda, lotto.id),
+        scrittura_(connessione_) {}
+
+  Result<Annullato> esegui() {
+    leggi();
+    controllaRighe();
+    if (lotto_.elenco == Elenco::Compensi) {
+      for (std::string& testo : conti_.corretti()) rifiuta("conto", std::move(testo));
+    }
+    if (!rifiuti_.empty()) return rifiutato();
+    lasciaAnniUsati();
+    riporta();
+    if (lotto_.elenco == Elenco::Compensi) conti_.riporta();
+    controllaUsi();
+    if (!rifiuti_.empty()) return rifiutato();
+    return fatto_;
+  }
+
+ private:
+  void rifiuta(const char* codice, std::string testo) { rifiuti_.push_back({codice, std::move(testo), ""}); }
+  Result<Annullato> rifiutato() {
+    Result<Annullato> esito = Annullato{};
+    esito.refusals = std::move(rifiuti_);
+    return esito;
+  }
+
+  void leggi() {
+    RowStore righe;
+    connessione_.Query(
+        "SELECT Tabella, Chiave, Operazione, Prima, Dopo FROM CuImportazioneRiga WHERE IDImportazione = " +
+            fromInteger(lotto_.id) + " ORDER BY Numero",
+        righe);
+    std::array<CellView, 5> celle;
+    for (std::size_t i = 0; i < righe.size(); ++i) {
+      righe.read(i, celle.data());
+      const TabellaSuite* const tabella = schede::tabellaSuite(celle[0].text());
+      if (tabella == nullptr) continue;
+      const auto [riga, nuova] = righe_.try_emplace({celle[0].toText(), celle[1].toText()});
+      if (nuova) riga->second = {tabella, celle[3].toText(), {}};
+      riga->second.dopo = celle[4].toText();
+    }
+  }
+
+  // The rows of a table as they are, by key: the whole table where the batch wrote many of them.
+  const std::unordered_map<std::string, schede::Riga>& attuali(const TabellaSuite& tabella) {
+    const auto [sue, nuove] = attuali_.try_emplace(&tabella);
+    if (!nuove) return sue->second;
+    const bool dellAzienda = std::any_of(tabella.colonne.begin(), tabella.colonne.end(),
+                                         [](const auto& colonna) { return colonna.nome == "IDAzienda"; });
+    std::string condizione;
+    if (dellAzienda && lotto_.idAzienda != 0)
+      condizione = " WHERE IDAzienda = " + fromInteger(lotto_.idAzienda);
+    for (schede::Riga& riga : schede::leggiRighe(connessione_, tabella, condizione)) {
+      std::string chiave = schede::testoChiave(tabella, riga);
+      if (righe_.contains({std::string(tabella.nome), chiave}))
+        sue->second.emplace(std::move(chiave), std::move(riga));
+    }
+    return sue->second;
+  }
+
+  void controllaRighe() {
+    for (const auto& [chiave, riga] : righe_) {
+      const auto& sue = attuali(*riga.tabella);
+      const auto suo = sue.find(chiave.second);
+      const bool ce = suo != sue.end();
+      if (!ce && riga.dopo.empty()) continue;
+      const std::string quale = "La riga " + chiave.second + " della tabella " + chiave.first;
+      if (!ce) {
+        rifiuta("eliminata", quale + " è stata eliminata dopo l'importazione.");
+      } else if (schede::testoRiga(suo->second) != riga.dopo) {
+        rifiuta("modificata", quale + " è stata modificata dopo l'importazione.");
+      } else if (riga.prima.empty() && riga.tabella == &schede::kDatiAggiuntivi && haAltriDati(suo->second)) {
+        rifiuta("modificata", quale + " ha ricevuto altri dati dopo l'importazione.");
+      }
+    }
+  }
+
+  // The batch wrote only the code of the account's additional data.
+  bool haAltriDati(const schede::Riga& riga) {
+    RowStore righe;
+    connessione_.Query("SELECT * FROM ContoIndividualeDatiAggiuntivi" +
+                           schede::condizioneChiave(schede::kDatiAggiuntivi, riga),
+                       righe);
+    std::vector<CellView> celle(righe.columns()->size());
+    righe.read(0, celle.data());
+    for (std::size_t i = 0; i < celle.size(); ++i) {
+      const std::string& colonna = (*righe.columns())[i].name;
+      const bool sua =
+          std::any_of(schede::kDatiAggiuntivi.colonne.begin(), schede::kDatiAggiuntivi.colonne.end(),
+                      [&](const auto& una) { return equalsNoCase(una.nome, colonna); });
+      const bool vuota =
+          celle[i].isNull() ||
+          (celle[i].type() == ValueType::Text ? celle[i].text().empty() : celle[i].decimal().isZero());
+      if (!sua && !vuota) return true;
+    }
+    return false;
+  }
+
+  // A year that has payments of other batches goes on needing its period.
+  void lasciaAnniUsati() {
+    if (lotto_.elenco != Elenco::Compensi) return;
+    std::set<int> usati;
+    schede::perOgniRiga(connessione_, schede::kCompenso,
+                        " WHERE IDAzienda = " + fromInteger(lotto_.idAzienda), [&](const CellView* riga) {
+                          const auto sua = righe_.find({"Compenso", riga[0].toText()});
+                          const bool tolta = sua != righe_.end() && sua->second.prima.empty();
+                          if (!tolta) usati.insert(riga[4].date().year());
+                        });
+    std::set<std::string> periodi;
+    std::erase_if(righe_, [&](const auto& una) {
+      if (una.second.tabella != &schede::kPeriodoIva) return false;
+      const schede::Riga riga = schede::rigaDaTesto(schede::kPeriodoIva, una.second.dopo);
+      if (!usati.contains(schede::idIn(riga, 2))) return false;
+      periodi.insert(una.first.second);
+      return true;
+    });
+    std::erase_if(righe_, [&](const auto& una) {
+      if (una.second.tabella != &schede::kAttivitaPerPeriodo) return false;
+      const schede::Riga riga = schede::rigaDaTesto(schede::kAttivitaPerPeriodo, una.second.dopo);
+      return periodi.contains(riga[1].view().toText());
+    });
+  }
+
+  void riporta() {
+    std::map<const TabellaSuite*, std::vector<std::string>> daTogliere;
+    for (const auto& [chiave, riga] : righe_) {
+      if (riga.prima.empty() && riga.dopo.empty()) continue;
+      if (riga.prima.empty()) {
+        daTogliere[riga.tabella].push_back(chiave.second);
+        ++fatto_.tolte;
+        continue;
+      }
+      ++fatto_.riportate;
+      const schede::Riga prima = schede::rigaDaTesto(*riga.tabella, riga.prima);
+      if (riga.dopo.empty()) {
+        scrittura_.inserisci(*riga.tabella, prima);
+      } else {
+        scrittura_.ripristina(*riga.tabella, attuali(*riga.tabella).at(chiave.second), prima);
+      }
+    }
+    scrittura_.chiudi();
+    for (const auto& [tabella, chiavi] : daTogliere) togli(*tabella, chiavi);
+  }
+
+  void togli(const TabellaSuite& tabella, const std::vector<std::string>& chiavi) {
+    constexpr std::size_t kPerIstruzione = 100;
+    if (tabella.chiavi > 1) {
+      for (const std::string& chiave : chiavi) scrittura_.togli(tabella, attuali(tabella).at(chiave));
+      return;
+    }
+    for (std::size_t i = 0; i < chiavi.size(); i += kPerIstruzione) {
+      std::string istruzione = "DELETE FROM " + std::string(tabella.nome) + " WHERE ";
+      istruzione.append(tabella.colonne[0].nome).append(" IN (");
+      for (std::size_t k = i; k < std::min(chiavi.size(), i + kPerIstruzione); ++k) {
+        istruzione.append(k == i ? "" : ", ").append(chiavi[k]);
+      }
+      connessione_.Execute(istruzione + ")");
+    }
+  }
+
+  // What other rows, or other batches, still name.
+  void controllaUsi() {
+    std::map<std::string, std::set<std::string>> tolte;
+    for (const auto& [chiave, riga] : righe_) {
+      if (riga.prima.empty()) tolte[chiave.first].insert(chiave.second);
+    }
+    for (const Riferimento& uno : kRiferimenti) {
+      const auto sue = tolte.find(std::string(uno.tabella));
+      if (sue == tolte.end() || !presente(uno.daTabella)) continue;
+      RowStore righe;
+      connessione_.Query(
+          "SELECT DISTINCT " + std::string(uno.daColonna) + " FROM " + std::string(uno.daTabella), righe);
+      CellView id;
+      for (std::size_t i = 0; i < righe.size(); ++i) {
+        righe.readFirst(i, 1, &id);
+        if (!sue->second.contains(id.toText())) continue;
+        rifiuta("usata", "La riga " + id.toText() + " della tabella " + std::string(uno.tabella) +
+                             " è usata dalla tabella " + std::string(uno.daTabella) + ".");
+      }
+    }
+    altriLotti(tolte);
+  }
+
+  bool presente(std::string_view tabella) {
+    return schede::quante(connessione_, "dbo.sysobjects",
+                          " WHERE type = 'U' AND name = '" + std::string(tabella) + "'") > 0;
+  }
+
+  void altriLotti(const std::map<std::string, std::set<std::string>>& tolte) {
+    RowStore righe;
+    connessione_.Query(
+        "SELECT DISTINCT R.Tabella, R.Chiave, R.IDImportazione FROM CuImportazioneRiga R"
+        " INNER JOIN CuImportazione L ON R.IDImportazione = L.IDImportazione"
+        " WHERE L.Stato = 'applicata' AND R.IDImportazione <> " +
+            fromInteger(lotto_.id),
+        righe);
+    std::array<CellView, 3> celle;
+    for (std::size_t i = 0; i < righe.size(); ++i) {
+      righe.read(i, celle.data());
+      const auto sue = tolte.find(celle[0].toText());
+      if (sue == tolte.end() || !sue->second.contains(celle[1].toText())) continue;
+      rifiuta("lotto", "La riga " + celle[1].toText() + " della tabella " + celle[0].toText() +
+                           " è anche dell'importazione " + celle[2].toText() + ".");
+    }
+  }
+
+  Connection& connessione_;
+  const Lotto& lotto_;
+  ContiLotto conti_;
+  schede::Scrittura scrittura_;
+  RigheLotto righe_;
+  std::map<const TabellaSuite*, std::unordered_map<std::string, schede::Riga>> attuali_;
+  std::vector<Finding> rifiuti_;
+  Annullato fatto_;
+};
+
+}  // namespace
+
+Result<Annullato> annulla(DatabaseHost& database, RicostruzioneConti& ricostruzione,
+                          const RichiestaAnnulla& richiesta) {
+  Connection& connessione = database.ownConnection();
+  Transazione transazione(connessione);
+  const std::vector<Lotto> lotti = storico(connessione, std::nullopt);
+  const auto suo = std::find_if(lotti.begin(), lotti.end(),
+                                [&](const Lotto& lotto) { return lotto.id == richiesta.lotto; });
+  const std::string quale = "L'importazione " + fromInteger(richiesta.lotto);
+  if (suo == lotti.end()) return Result<Annullato>::refused({"sconosciuta", quale + " non esiste.", ""});
+  if (suo->annullato) return Result<Annullato>::refused({"annullata", quale + " è già annullata.", ""});
+  Result<Annullato> esito = Annullamento(database, ricostruzione, *suo).esegui();
+  if (!esito || richiesta.prova) return esito;
+  std::string istruzione = "UPDATE CuImportazione SET Stato = 'annullata', MomentoAnnullamento = ";
+  appendTesto(istruzione, richiesta.momento);
+  connessione.Execute(istruzione + " WHERE IDImportazione = " + fromInteger(richiesta.lotto));
+  transazione.conferma();
+  return esito;
+}
+
+}  // namespace cu::intake

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "intake/archivio_letto.h"
+#include "intake/piano.h"
+
+namespace cu::intake {
+
+// Whether the plan writes the row.
+bool scritta(const Piano& piano, const RigaPiano& riga);
+
+// The accounts whose payments a plan changes, before and after, and what is wrong with them: A01 to A04, R13.
+class ContiToccati {
+ public:
+  ContiToccati(Piano& piano, const ArchivioLetto& archivio) : piano_(piano), archivio_(archivio) {}
+
+  // Once all rows are judged. Rows of accounts that cannot be as planned change their state.
+  void calcola();
+
+ private:
+  struct Conto {
+    schede::Importi primaDiTutto{};  // the sum of the payments that are there
+    schede::Importi dopo{};
+    std::int32_t codice = 0;
+    std::vector<std::size_t> righe;
+    bool aggiungeSomme = false;
+    bool dueCodici = false;
+  };
+  using Conti = std::map<ChiaveConto, Conto>;
+
+  static ChiaveConto chiave(const schede::SchedaCompenso& scheda);
+  void raccogli();
+  void sommaEsistenti();
+  void applicaRighe();
+  void corretti(const ChiaveConto& chiave, Conto& conto);
+  void controlla(const ChiaveConto& chiave, const Conto& conto);
+  void scrivi();
+  void segnala(const ChiaveConto& chiave, const Conto& conto, Codice codice, const std::string& testo,
+               bool sulleRighe);
+  const ContoLetto* letto(const ChiaveConto& chiave) const;
+
+  Piano& piano_;
+  const ArchivioLetto& archivio_;
+  Conti conti_;
+  std::map<std::int32_t, const schede::SchedaPercipiente*> percipienti_;
+};
+
+}  // namespace cu::intake

@@ -1,0 +1,68 @@
+#include "intake/diario_lotto.h"
+
+#include <algorithm>
+#include <array>
+
+#include "schede/testo_riga.h"
+
+namespace cu::intake {
+namespace {
+
+constexpr std::array<schede::ColonnaSuite, 1> kColonneImportazione = {
+    {{"IDImportazione", schede::TipoColonna::Intero}}};
+
+// The size of a file as an amount, which holds what an int does not.
+Decimal comeImporto(std::uint64_t dimensione) {
+  constexpr std::uint64_t kMassimo = 900000000000000;
+  return Decimal::fromInteger(static_cast<std::int64_t>(std::min(dimensione, kMassimo)));
+}
+
+}  // namespace
+
+const schede::TabellaSuite kImportazione{"CuImportazione", 1, kColonneImportazione};
+
+DiarioLotto::DiarioLotto(Connection& connessione, std::int32_t id, const Piano& piano,
+                         const std::string& utente, const std::string& momento)
+    : id_(id),
+      righe_(
+          connessione, "CuImportazioneRiga",
+          {"IDImportazione", "Numero", "Tabella", "Chiave", "Operazione", "Prima", "Dopo", "Riferimento"}) {
+  Inserimento lotto(connessione, "CuImportazione",
+                    {"IDImportazione", "IDAzienda", "Elenco", "Momento", "Utente", "Stato", "Nuovi", "Uguali",
+                     "Diversi", "DaDecidere", "Errori", "Esclusi"});
+  lotto.intero(id).id(piano.elenco == Elenco::Aziende ? 0 : piano.richiesta.idAzienda);
+  lotto.testo(nome(piano.elenco)).testo(momento).testo(utente).testo("applicata");
+  for (const std::size_t quante : piano.conteggi()) lotto.intero(static_cast<std::int64_t>(quante));
+  lotto.riga();
+  lotto.chiudi();
+  Inserimento file(connessione, "CuImportazioneFile",
+                   {"IDImportazione", "Numero", "Nome", "Foglio", "Dimensione", "Impronta"});
+  std::int64_t numero = 0;
+  for (const Lettura& lettura : *piano.letture) {
+    file.intero(id).intero(++numero).testo(lettura.file).testo(lettura.foglio);
+    file.importo(comeImporto(lettura.dimensione)).testo(lettura.sha256.empty() ? "-" : lettura.sha256).riga();
+  }
+  file.chiudi();
+}
+
+void DiarioLotto::scrivi(const schede::TabellaSuite& tabella, const schede::Riga& riga,
+                         std::string_view operazione, const std::string& prima, const std::string& dopo) {
+  righe_.intero(id_).intero(++numero_).testo(tabella.nome).testo(schede::testoChiave(tabella, riga));
+  righe_.testo(operazione).testo(prima).testo(dopo);
+  righe_.testo(&tabella == &schede::kCompenso ? std::string_view(riferimento_) : std::string_view()).riga();
+}
+
+void DiarioLotto::inserita(const schede::TabellaSuite& tabella, const schede::Riga& riga) {
+  scrivi(tabella, riga, "inserita", {}, schede::testoRiga(riga));
+}
+
+void DiarioLotto::cambiata(const schede::TabellaSuite& tabella, const schede::Riga& prima,
+                           const schede::Riga& dopo) {
+  scrivi(tabella, dopo, "cambiata", schede::testoRiga(prima), schede::testoRiga(dopo));
+}
+
+void DiarioLotto::tolta(const schede::TabellaSuite& tabella, const schede::Riga& riga) {
+  scrivi(tabella, riga, "tolta", schede::testoRiga(riga), {});
+}
+
+}  // namespace cu::intake

@@ -1,0 +1,176 @@
+#include "intake/piano.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "intake/archivio_letto.h"
+#include "intake/conti_toccati.h"
+#include "intake/riga_in_corso.h"
+#include "intake/storico.h"
+#include "intake/valori_scheda.h"
+
+namespace cu::intake {
+namespace {
+
+void mettiRighe(Piano& piano) {
+  std::size_t quante = 0;
+  for (const Lettura& lettura : *piano.letture) quante += lettura.righe.size();
+  piano.righe.reserve(quante);
+  for (std::size_t file = 0; file < piano.letture->size(); ++file) {
+    const Lettura& lettura = (*piano.letture)[file];
+    for (const Messaggio& uno : lettura.messaggi) piano.messaggi.push_back(uno);
+    if (piano.archivio->impronte.contains(lettura.sha256)) {
+      piano.messaggi.push_back(messaggio(Codice::F08, "il file è già stato importato"));
+      piano.messaggi.back().posto = {lettura.file, lettura.foglio, 0};
+    }
+    for (std::size_t i = 0; i < lettura.righe.size(); ++i) {
+      piano.righe.emplace_back().posizione = {file, i};
+    }
+  }
+}
+
+ValoriRiga nominati(Elenco elenco, const std::vector<Value>& valori) {
+  ValoriRiga nominati;
+  for (std::size_t i = 0; i < valori.size(); ++i) {
+    if (valori[i].isNull()) continue;
+    const CellView cella = valori[i].view();
+    nominati.emplace_back(colonne(elenco)[i].nome,
+                          valori[i].type() == ValueType::Date ? cella.date().toIso() : cella.toText());
+  }
+  return nominati;
+}
+
+std::vector<Value> valoriPianificati(const Piano& piano, const RigaPiano& riga) {
+  const ArchivioLetto& archivio = *piano.archivio;
+  switch (piano.elenco) {
+    case Elenco::Aziende:
+      return valoriAzienda(piano.aziende[riga.voce].dopo, archivio.luoghi, archivio.elenchi);
+    case Elenco::Percipienti:
+      return valoriPercipiente(piano.percipienti[riga.voce].dopo, piano.accantoPercipienti[riga.voce],
+                               archivio.luoghi, archivio.elenchi);
+    case Elenco::Compensi:
+      break;
+  }
+  const schede::SchedaCompenso& compenso = piano.compensi[riga.voce].dopo;
+  const auto suo = std::lower_bound(
+      archivio.percipienti.begin(), archivio.percipienti.end(), compenso.idAnagrafica,
+      [](const schede::SchedaPercipiente& p, std::int32_t id) { return p.anagrafica.id < id; });
+  const bool trovato = suo != archivio.percipienti.end() && suo->anagrafica.id == compenso.idAnagrafica;
+  return valoriCompenso(compenso, trovato ? &*suo : nullptr,
+                        piano.accantoCompensi[riga.voce].idCodiceNonSoggette, archivio.elenchi);
+}
+
+// The columns that identify a row of the list.
+std::size_t colonneChiave(Elenco elenco) {
+  switch (elenco) {
+    case Elenco::Aziende:
+      return 2;
+    case Elenco::Percipienti:
+      return 3;
+    case Elenco::Compensi:
+      break;
+  }
+  return 7;
+}
+
+}  // namespace
+
+std::string_view nome(StatoRiga stato) {
+  constexpr std::array<std::string_view, kStatiRiga> kNomi = {"nuovo",       "uguale", "diverso",
+                                                              "da decidere", "errore", "escluso"};
+  return kNomi[static_cast<std::size_t>(stato)];
+}
+
+std::array<std::size_t, kStatiRiga> Piano::conteggi() const {
+  std::array<std::size_t, kStatiRiga> quante{};
+  for (const RigaPiano& riga : righe) ++quante[static_cast<std::size_t>(riga.stato)];
+  return quante;
+}
+
+bool Piano::scrive() const {
+  return std::any_of(righe.begin(), righe.end(), [&](const RigaPiano& riga) { return scritta(*this, riga); });
+}
+
+std::set<Codice> Piano::avvisiDaAccettare() const {
+  std::set<Codice> codici;
+  if (!scrive()) return codici;
+  const auto raccogli = [&](const std::vector<Messaggio>& suoi) {
+    for (const Messaggio& uno : suoi) {
+      if (uno.gravita == Gravita::Avviso && !richiesta.accettati.contains(uno.codice))
+        codici.insert(uno.codice);
+    }
+  };
+  raccogli(messaggi);
+  for (const RigaPiano& riga : righe) {
+    if (scritta(*this, riga)) raccogli(riga.messaggi);
+  }
+  return codici;
+}
+
+bool Piano::applicabile() const {
+  const bool errori = std::any_of(messaggi.begin(), messaggi.end(),
+                                  [](const Messaggio& uno) { return uno.gravita == Gravita::Errore; });
+  if (errori) return false;
+  const auto quante = conteggi();
+  const auto di = [&](StatoRiga stato) { return quante[static_cast<std::size_t>(stato)]; };
+  if (di(StatoRiga::Errore) > 0 || di(StatoRiga::DaDecidere) > 0) return false;
+  if (di(StatoRiga::Diverso) > 0 && richiesta.diversi == SuDiversi::Rifiuta) return false;
+  return avvisiDaAccettare().empty();
+}
+
+ValoriRiga valori(const Piano& piano, const RigaPiano& riga) {
+  if (riga.voce != kSenzaVoce) return nominati(piano.elenco, valoriPianificati(piano, riga));
+  std::vector<Value> letti(colonne(piano.elenco).size());
+  for (const Campo& campo : piano.letta(riga).campi) letti[campo.colonna] = Value::of(campo.valore);
+  return nominati(piano.elenco, letti);
+}
+
+ValoriRiga chiave(const Piano& piano, const RigaPiano& riga) {
+  ValoriRiga tutti = valori(piano, riga);
+  const auto nomi = colonne(piano.elenco).first(colonneChiave(piano.elenco));
+  std::erase_if(tutti, [&](const auto& uno) {
+    return std::none_of(nomi.begin(), nomi.end(), [&](const Colonna& c) { return c.nome == uno.first; });
+  });
+  return tutti;
+}
+
+ValoriRiga importi(const schede::Importi& importi) {
+  using enum ColonnaCompenso;
+  constexpr std::array<ColonnaCompenso, schede::kImporti> kColonne = {
+      Onorario,        QuotaNonSoggetta, SommeNonSoggette,        SommeRegimeConvenzionale,
+      RitenutaAcconto, RitenutaImposta,  ContributoPrevidenziale, ContributoPercipiente};
+  ValoriRiga nominati;
+  for (std::size_t i = 0; i < kColonne.size(); ++i) {
+    nominati.emplace_back(colonna(kColonne[i]).nome, importi[i].toText());
+  }
+  return nominati;
+}
+
+Piano pianifica(Connection& connessione, std::vector<Lettura> letture, const RichiestaPiano& richiesta,
+                ProgressSink* avanzamento) {
+  Piano piano;
+  piano.richiesta = richiesta;
+  if (!letture.empty()) piano.elenco = letture.front().elenco;
+  const Result<> pronto = prontoPerImportare(connessione, piano.elenco, richiesta);
+  if (!pronto) throw Error(kErrorDatabase, pronto.refusals.front().text);
+  piano.letture = std::make_shared<const std::vector<Lettura>>(std::move(letture));
+  const ReadScope lettura(connessione);
+  piano.archivio = std::make_shared<const ArchivioLetto>(connessione, piano.elenco, richiesta);
+  mettiRighe(piano);
+  switch (piano.elenco) {
+    case Elenco::Aziende:
+      pianificaAziende(piano, *piano.archivio, avanzamento);
+      break;
+    case Elenco::Percipienti:
+      pianificaPercipienti(piano, *piano.archivio, avanzamento);
+      break;
+    case Elenco::Compensi:
+      pianificaCompensi(piano, *piano.archivio, avanzamento);
+      break;
+  }
+  return piano;
+}
+
+}  // namespace cu::intake

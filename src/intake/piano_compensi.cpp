@@ -1,0 +1,216 @@
+#include <array>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "base/text.h"
+#include "intake/conti_toccati.h"
+#include "intake/identita.h"
+#include "intake/importi_compenso.h"
+#include "intake/mancanti.h"
+#include "intake/riga_in_corso.h"
+#include "intake/soggetti.h"
+#include "intake/testo_cella.h"
+
+namespace cu::intake {
+namespace {
+
+using schede::SchedaCompenso;
+
+// A reason that the form has only in some tax years.
+struct AnniCausale {
+  std::string_view causale;
+  int dal = 0;
+  int al = 0;
+  std::string_view altra;  // the one of the other years
+};
+constexpr std::array<AnniCausale, 2> kAnniCausali = {{{"Z", 0, 2015, "ZO"}, {"ZO", 2016, 9999, "Z"}}};
+
+class PianoCompensi {
+ public:
+  PianoCompensi(Piano& piano, const ArchivioLetto& archivio)
+      : piano_(piano),
+        archivio_(archivio),
+        soggetti_(archivio.percipienti),
+        identita_(piano, archivio),
+        conti_(piano, archivio) {}
+
+  void riga(RigaPiano& riga) {
+    RigaInCorso corso(piano_, riga);
+    if (!daPianificare(corso)) return;
+    if (diAltroAnno(corso)) return;
+    const schede::SchedaPercipiente* percipiente = nullptr;
+    Voce<SchedaCompenso> voce;
+    AccantoCompenso accanto;
+    if (!trova(corso, percipiente) || !componi(corso, *percipiente, voce.dopo, accanto)) {
+      riga.stato = corso.stato(StatoRiga::Errore);
+      return;
+    }
+    voce.riga = static_cast<std::size_t>(&riga - piano_.righe.data());
+    const Riscontro riscontro = identita_.cerca(voce.dopo, accanto.riferimento);
+    if (riscontro.compenso != nullptr) {
+      voce.prima = *riscontro.compenso;
+      voce.dopo.id = riscontro.compenso->id;
+    }
+    giudica(corso, riscontro, voce, accanto);
+    riga.voce = piano_.compensi.size();
+    identita_.aggiungi(voce.dopo, accanto.riferimento, riga.voce);
+    piano_.compensi.push_back(std::move(voce));
+    piano_.accantoCompensi.push_back(std::move(accanto));
+  }
+
+  void conti() {
+    conti_.calcola();
+    mancanti();
+  }
+
+ private:
+  bool diAltroAnno(RigaInCorso& corso) {
+    const int anno = corso.letta().valore(ColonnaCompenso::DataPagamento).date().year();
+    if (!piano_.richiesta.anno || *piano_.richiesta.anno == anno) return false;
+    corso.segnala(Codice::R05, ColonnaCompenso::DataPagamento,
+                  "pagato nel " + fromInteger(anno) + ", non nel " + fromInteger(*piano_.richiesta.anno));
+    corso.riga().stato = StatoRiga::Escluso;
+    return true;
+  }
+
+  bool trova(RigaInCorso& corso, const schede::SchedaPercipiente*& percipiente) {
+    if (corso.decisione().idAnagrafica != 0) percipiente = soggetti_.diId(corso.decisione().idAnagrafica);
+    if (percipiente != nullptr) return true;
+    const Chiavi chiavi = chiaviDelCompenso(corso.letta());
+    if (!soggetti_.trova(corso, chiavi, percipiente)) return false;
+    if (percipiente != nullptr) return true;
+    std::string chi;
+    for (const std::string* chiave : {&chiavi.codice, &chiavi.codiceFiscale, &chiavi.partitaIva}) {
+      if (!chiave->empty()) chi += (chi.empty() ? "" : ", ") + mostrato(*chiave);
+    }
+    corso.segnala(Codice::P12, "nessun percipiente dell'azienda ha il codice " + chi);
+    return false;
+  }
+
+  bool componi(RigaInCorso& corso, const schede::SchedaPercipiente& percipiente, SchedaCompenso& scheda,
+               AccantoCompenso& accanto) {
+    using enum ColonnaCompenso;
+    const RigaLetta& letta = corso.letta();
+    const auto causale = idDelCodice(corso, static_cast<std::uint8_t>(Causale), letta.valore(Causale).text(),
+                                     archivio_.elenchi.causali);
+    if (!causale) return false;
+    scheda.idAzienda = piano_.richiesta.idAzienda;
+    scheda.idAnagrafica = percipiente.anagrafica.id;
+    scheda.idCausale = *causale;
+    scheda.pagamento = letta.valore(DataPagamento).date();
+    scheda.numero = std::string(letta.valore(NumeroDocumento).text());
+    scheda.documento = letta.valore(DataDocumento).date();
+    const std::string_view codice = archivio_.elenchi.causali.codice(*causale);
+    scheda.importi = importiDelCompenso(corso, trim(codice));
+    causaleDellAnno(corso, trim(codice), scheda.pagamento.year());
+    accanto.riferimento = std::string(letta.valore(Riferimento).text());
+    if (letta.ha(CodiceNonSoggette)) {
+      const auto id = idDelCodice(corso, static_cast<std::uint8_t>(CodiceNonSoggette),
+                                  letta.valore(CodiceNonSoggette).text(), archivio_.elenchi.nonSoggette);
+      if (!id) return false;
+      accanto.idCodiceNonSoggette = *id;
+    }
+    return true;
+  }
+
+  static void causaleDellAnno(RigaInCorso& corso, std::string_view causale, int anno) {
+    for (const AnniCausale& una : kAnniCausali) {
+      if (una.causale != causale || (anno >= una.dal && anno <= una.al)) continue;
+      corso.segnala(Codice::R11, ColonnaCompenso::Causale,
+                    "la causale " + std::string(causale) + " non è del " + fromInteger(anno) + ", che ha " +
+                        std::string(una.altra));
+    }
+  }
+
+  void giudica(RigaInCorso& corso, const Riscontro& riscontro, const Voce<SchedaCompenso>& voce,
+               const AccantoCompenso& accanto) {
+    RigaPiano& riga = corso.riga();
+    switch (riscontro.esito) {
+      case Riscontro::Esito::Nuovo:
+        riga.stato = corso.stato(StatoRiga::Nuovo);
+        return;
+      case Riscontro::Esito::Ripetuto:
+        corso.segnala(Codice::R04, "lo stesso documento è, con altri dati, " + riscontro.dove);
+        riga.messaggi.back().gravita = Gravita::Errore;
+        riga.stato = StatoRiga::Errore;
+        return;
+      case Riscontro::Esito::Uguale:
+        if (codiceUguale(voce.dopo, accanto)) return corso.uguale();
+        return corso.diverso("codice delle somme non soggette");
+      case Riscontro::Esito::Diverso:
+        return corso.diverso(differenze(*voce.prima, voce.dopo));
+    }
+  }
+
+  // The code of the sums not subject is the account's.
+  bool codiceUguale(const SchedaCompenso& scheda, const AccantoCompenso& accanto) const {
+    if (accanto.idCodiceNonSoggette == 0) return true;
+    const auto conto = archivio_.conti.find({scheda.idAnagrafica, scheda.idCausale, scheda.pagamento.year()});
+    return conto != archivio_.conti.end() && conto->second.idCodiceNonSoggette == accanto.idCodiceNonSoggette;
+  }
+
+  static std::string differenze(const SchedaCompenso& prima, const SchedaCompenso& dopo) {
+    constexpr std::array<std::string_view, schede::kImporti> kNomi = {"onorario",
+                                                                      "quota non soggetta",
+                                                                      "somme non soggette",
+                                                                      "somme in regime convenzionale",
+                                                                      "ritenuta d'acconto",
+                                                                      "ritenuta d'imposta",
+                                                                      "contributo previdenziale",
+                                                                      "contributo del percipiente"};
+    std::string testo;
+    const auto aggiungi = [&](std::string_view cosa) {
+      if (!testo.empty()) testo += ", ";
+      testo += cosa;
+    };
+    if (prima.idAnagrafica != dopo.idAnagrafica) aggiungi("percipiente");
+    if (prima.idCausale != dopo.idCausale) aggiungi("causale");
+    if (prima.pagamento != dopo.pagamento) aggiungi("data di pagamento " + prima.pagamento.toItalian());
+    if (prima.numero != dopo.numero || prima.documento != dopo.documento) aggiungi("documento");
+    for (std::size_t i = 0; i < kNomi.size(); ++i) {
+      if (prima.importi[i] != dopo.importi[i]) {
+        aggiungi(std::string(kNomi[i]) + " in archivio " + prima.importi[i].toFixed(2, ','));
+      }
+    }
+    return testo;
+  }
+
+  // Of the payees whose accounts change, and of the company.
+  void mancanti() {
+    std::set<std::int32_t> detti;
+    for (const ContoPiano& conto : piano_.conti) {
+      if (!detti.insert(conto.idAnagrafica).second) continue;
+      const schede::SchedaPercipiente* const suo = soggetti_.diId(conto.idAnagrafica);
+      if (suo == nullptr) continue;
+      for (const Mancanza mancanza : mancanze(*suo, archivio_.luoghi)) {
+        piano_.mancanti.push_back({suo->codice, mancanza->numero, std::string(mancanza->messaggio)});
+      }
+    }
+    if (piano_.conti.empty() || archivio_.aziende.empty()) return;
+    for (const Mancanza mancanza : mancanze(archivio_.aziende.front(), archivio_.luoghi)) {
+      piano_.mancanti.push_back({"", mancanza->numero, std::string(mancanza->messaggio)});
+    }
+  }
+
+  Piano& piano_;
+  const ArchivioLetto& archivio_;
+  Soggetti soggetti_;
+  Identita identita_;
+  ContiToccati conti_;
+};
+
+}  // namespace
+
+void pianificaCompensi(Piano& piano, const ArchivioLetto& archivio, ProgressSink* avanzamento) {
+  PianoCompensi compensi(piano, archivio);
+  std::size_t fatte = 0;
+  for (RigaPiano& riga : piano.righe) {
+    if (avanzamento != nullptr) avanzamento->progress("Compensi", fatte++, piano.righe.size());
+    compensi.riga(riga);
+  }
+  compensi.conti();
+}
+
+}  // namespace cu::intake

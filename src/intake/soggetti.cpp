@@ -1,0 +1,115 @@
+#include "intake/soggetti.h"
+
+#include <algorithm>
+
+#include "base/codice_fiscale.h"
+#include "base/text.h"
+
+namespace cu::intake {
+namespace {
+
+using Trovati = std::vector<const schede::SchedaPercipiente*>;
+
+std::string perIndice(std::string_view testo) { return lowerAscii(trim(testo)); }
+
+std::string perNome(std::string_view cognome, std::string_view nome) {
+  return lettereDiCodice(cognome) + lettereDiCodice(nome);
+}
+
+bool contraddice(std::string_view uno, std::string_view altro) {
+  return !uno.empty() && !altro.empty() && !equalsNoCase(uno, altro);
+}
+
+std::string cheSi(const schede::SchedaPercipiente& percipiente) {
+  return percipiente.codice + " " + detto(percipiente.anagrafica);
+}
+
+template <class C>
+Chiavi chiaviIn(const RigaLetta& riga, C codice, C codiceFiscale, C partitaIva) {
+  return {std::string(riga.valore(codice).text()), std::string(riga.valore(codiceFiscale).text()),
+          std::string(riga.valore(partitaIva).text())};
+}
+
+}  // namespace
+
+Chiavi chiaviDi(const RigaLetta& percipiente) {
+  using enum ColonnaPercipiente;
+  return chiaviIn(percipiente, Codice, CodiceFiscale, PartitaIva);
+}
+
+Chiavi chiaviDelCompenso(const RigaLetta& compenso) {
+  using enum ColonnaCompenso;
+  return chiaviIn(compenso, CodicePercipiente, CodiceFiscale, PartitaIva);
+}
+
+Soggetti::Soggetti(std::span<const schede::SchedaPercipiente> percipienti) {
+  const auto metti = [](Indice& indice, std::string chiave, const schede::SchedaPercipiente* suo) {
+    if (!chiave.empty()) indice[std::move(chiave)].push_back(suo);
+  };
+  for (const schede::SchedaPercipiente& percipiente : percipienti) {
+    const schede::SchedaAnagrafica& a = percipiente.anagrafica;
+    metti(perCodice_, perIndice(percipiente.codice), &percipiente);
+    metti(perCodiceFiscale_, perIndice(a.codiceFiscale), &percipiente);
+    metti(perPartitaIva_, perIndice(a.partitaIva), &percipiente);
+    metti(perNome_, perNome(a.anagrafica, a.nome), &percipiente);
+    perId_.emplace(a.id, &percipiente);
+  }
+}
+
+const schede::SchedaPercipiente* Soggetti::diId(std::int32_t idAnagrafica) const {
+  const auto suo = perId_.find(idAnagrafica);
+  return suo == perId_.end() ? nullptr : suo->second;
+}
+
+const Trovati& Soggetti::cerca(const Indice& indice, const std::string& chiave) {
+  static const Trovati kNessuno;
+  const auto trovati = indice.find(chiave);
+  return trovati == indice.end() ? kNessuno : trovati->second;
+}
+
+bool Soggetti::trova(RigaInCorso& corso, const Chiavi& chiavi,
+                     const schede::SchedaPercipiente*& trovato) const {
+  const Trovati& conCodice = cerca(perCodice_, perIndice(chiavi.codice));
+  const Trovati& conFiscale = cerca(perCodiceFiscale_, perIndice(chiavi.codiceFiscale));
+  Trovati conIva = cerca(perPartitaIva_, perIndice(chiavi.partitaIva));
+  // A VAT number whose fiscal codes conflict is no key.
+  std::erase_if(conIva, [&](const schede::SchedaPercipiente* suo) {
+    return contraddice(suo->anagrafica.codiceFiscale, chiavi.codiceFiscale);
+  });
+  for (const Trovati* trovati : {&conCodice, &conFiscale, static_cast<const Trovati*>(&conIva)}) {
+    if (trovati->empty()) continue;
+    if (trovato != nullptr) {
+      if (std::find(trovati->begin(), trovati->end(), trovato) != trovati->end()) continue;
+      corso.segnala(Codice::P10,
+                    "un codice indica " + cheSi(*trovato) + ", un altro " + cheSi(*trovati->front()));
+      return false;
+    }
+    if (trovati->size() > 1) {
+      candidati(corso, *trovati, "ha lo stesso codice");
+      return false;
+    }
+    trovato = trovati->front();
+  }
+  return true;
+}
+
+Trovati Soggetti::omonimi(const Chiavi& chiavi, std::string_view cognome, std::string_view nome) const {
+  Trovati possibili = cerca(perNome_, perNome(cognome, nome));
+  std::erase_if(possibili, [&](const schede::SchedaPercipiente* suo) {
+    return contraddice(suo->anagrafica.codiceFiscale, chiavi.codiceFiscale) ||
+           contraddice(suo->anagrafica.partitaIva, chiavi.partitaIva);
+  });
+  return possibili;
+}
+
+void Soggetti::candidati(RigaInCorso& corso, const Trovati& possibili, const std::string& perche) const {
+  std::string elenco;
+  for (const schede::SchedaPercipiente* suo : possibili) {
+    if (!elenco.empty()) elenco += "; ";
+    elenco += cheSi(*suo);
+    corso.riga().candidati.push_back({suo->anagrafica.id, cheSi(*suo)});
+  }
+  corso.segnala(Codice::P09, "un percipiente in archivio " + perche + ": " + elenco);
+}
+
+}  // namespace cu::intake

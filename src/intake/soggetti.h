@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "intake/riga_in_corso.h"
+
+namespace cu::intake {
+
+// What a row says of who is meant.
+struct Chiavi {
+  std::string codice;
+  std::string codiceFiscale;
+  std::string partitaIva;
+};
+Chiavi chiaviDi(const RigaLetta& percipiente);
+Chiavi chiaviDelCompenso(const RigaLetta& compenso);
+
+// The payees of a company by their keys.
+class Soggetti {
+ public:
+  explicit Soggetti(std::span<const schede::SchedaPercipiente> percipienti);
+
+  const schede::SchedaPercipiente* diId(std::int32_t idAnagrafica) const;
+  // The payee that the keys mean, the first one that hits: the code, the fiscal code as written, the VAT
+  // number that one payee has without another fiscal code. `trovato` stays null where none hits. False, and a
+  // message, where keys mean different payees or several ones.
+  bool trova(RigaInCorso& corso, const Chiavi& chiavi, const schede::SchedaPercipiente*& trovato) const;
+  // The payees of the name whose codes do not contradict the keys.
+  std::vector<const schede::SchedaPercipiente*> omonimi(const Chiavi& chiavi, std::string_view cognome,
+                                                        std::string_view nome) const;
+  // Leaves the choice to a person.
+  void candidati(RigaInCorso& corso, const std::vector<const schede::SchedaPercipiente*>& possibili,
+                 const std::string& perche) const;
+
+ private:
+  using Indice = std::unordered_map<std::string, std::vector<const schede::SchedaPercipiente*>>;
+  static const std::vector<const schede::SchedaPercipiente*>& cerca(const Indice& indice,
+                                                                    const std::string& chiave);
+
+  Indice perCodice_;
+  Indice perCodiceFiscale_;
+  Indice perPartitaIva_;
+  Indice perNome_;
+  std::unordered_map<std::int32_t, const schede::SchedaPercipiente*> perId_;
+};
+
+}  // namespace cu::intake

@@ -1,0 +1,96 @@
+#include "intake/esporta.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "banco.h"
+
+namespace cu::intake {
+namespace {
+
+using prova::Banco;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// The table as a text, as it is written to a file.
+std::string csv(const Esportazione& esportazione) {
+  std::string testo;
+  for (const Colonna& colonna : colonne(esportazione.elenco)) testo += std::string(colonna.nome) + ";";
+  testo += "\n";
+  for (const std::vector<Value>& riga : esportazione.righe) {
+    for (const Value& valore : riga) {
+      const CellView cella = valore.view();
+      const std::string scritto = valore.type() == ValueType::Date ? cella.date().toIso() : cella.toText();
+      testo += '"';
+      for (const char c : scritto) testo += c == '"' ? std::string("\"\"") : std::string(1, c);
+      testo += "\";";
+    }
+    testo += "\n";
+  }
+  return testo;
+}
+
+// The accounts by payee and reason: ids differ from database to database.
+std::vector<std::string> conti(Connection& connessione) {
+  const test::Righe righe(
+      connessione,
+      "SELECT Conto.CodicePercipiente, Conto.Codice, Conto.Anno, Conto.OnorarioProvvigioni,"
+      " Conto.QuotaProvvigioniNonSoggette, Conto.SommeNonSoggette, Conto.SommeNonSoggetteRegConv,"
+      " Conto.RitenutaAcconto, Conto.RitenutaImposta, Conto.ContributoPrevidenziale,"
+      " Conto.RitenutaPrevidenziale13, Conto.CodicePerNonSoggetti, Conto.CodiceFiscale,"
+      " Conto.Anagrafica, Conto.Nome, Conto.CUCodiceFiscale, Conto.CUCodiceEntePrevidenziale,"
+      " Conto.CUCodiceCategoriaEntePrevidenziale, Conto.NonResidente"
+      " FROM RepContoIndividuale Conto WHERE EXISTS (SELECT * FROM Compenso C"
+      " WHERE C.IDAnagrafica = Conto.IDAnagrafica AND C.IDCausalePagamento = Conto.IDCausalePagamento"
+      " AND Year(C.DataPagamento) = Conto.Anno)"
+      " ORDER BY Conto.CodicePercipiente, Conto.Codice, Conto.Anno");
+  std::vector<std::string> testi;
+  for (std::size_t i = 0; i < righe.size(); ++i) {
+    std::string testo;
+    for (const std::string& colonna : righe.names()) testo += righe.text(i, colonna) + "|";
+    testi.push_back(testo);
+  }
+  return testi;
+}
+
+void andataERitorno(ContenutoArchivio contenuto) {
+  Banco origine(contenuto);
+  Banco nuova;
+  ASSERT_THAT(nuova.importa(Elenco::Aziende, csv(esportaAziende(*origine, 1)), "a.csv"), IsEmpty());
+  ASSERT_THAT(nuova.importa(Elenco::Percipienti, csv(esportaPercipienti(*origine, 1)), "p.csv"), IsEmpty());
+  const Esportazione compensi = esportaCompensi(*origine, 1, std::nullopt);
+  ASSERT_THAT(nuova.importa(Elenco::Compensi, csv(compensi), "c.csv"), IsEmpty());
+  EXPECT_EQ(nuova.quante("Compenso"), origine.quante("Compenso"));
+  EXPECT_EQ(conti(*nuova), conti(*origine));
+  EXPECT_GT(conti(*nuova).size(), 100U);
+  // What was imported is exported alike, and imported again it is equal.
+  EXPECT_EQ(csv(esportaPercipienti(*nuova, 1)), csv(esportaPercipienti(*origine, 1)));
+  EXPECT_EQ(csv(esportaAziende(*nuova, 1)), csv(esportaAziende(*origine, 1)));
+  EXPECT_FALSE(nuova.piano(Elenco::Percipienti, csv(esportaPercipienti(*origine, 1))).scrive());
+  EXPECT_FALSE(nuova.piano(Elenco::Compensi, csv(compensi)).scrive());
+}
+
+TEST(Esporta, TheDemonstrationCompanyComesBackWithTheSameAccounts) {
+  andataERitorno(ContenutoArchivio::Dimostrativo);
+}
+
+TEST(Esporta, ASyntheticCompanyComesBackWithTheSameAccounts) { andataERitorno(ContenutoArchivio::Sintetico); }
+
+TEST(Esporta, WhatHasNoPlaceInTheTablesIsListed) {
+  Banco demo(ContenutoArchivio::Dimostrativo);
+  const Esportazione compensi = esportaCompensi(*demo, 1, 2014);
+  ASSERT_EQ(compensi.tralasciati.size(), 3U);
+  EXPECT_THAT(compensi.tralasciati[0], ::testing::HasSubstr("conti senza compensi"));
+  EXPECT_THAT(compensi.tralasciati[1], ::testing::HasSubstr("dati aggiuntivi"));
+  EXPECT_THAT(compensi.tralasciati[2], ::testing::HasSubstr("moduli aggiuntivi"));
+}
+
+TEST(Esporta, ACompanyIsFoundByItsCodesAndItsId) {
+  Banco demo(ContenutoArchivio::Dimostrativo);
+  EXPECT_EQ(cercaAzienda(*demo, "04123450233"), 1);
+  EXPECT_EQ(cercaAzienda(*demo, "1"), 1);
+  EXPECT_EQ(cercaAzienda(*demo, "2"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace cu::intake

@@ -1,0 +1,195 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "banco.h"
+#include "intake/archivio_letto.h"
+
+namespace cu::intake {
+namespace {
+
+using prova::Banco;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+class PianoPercipientiTest : public ::testing::Test {
+ protected:
+  Piano piano(const std::string& byte) { return banco.piano(Elenco::Percipienti, byte); }
+  // The record of the first row.
+  const schede::SchedaPercipiente& primo(const std::string& byte) {
+    piano_ = piano(byte);
+    return piano_.percipienti.at(0).dopo;
+  }
+  std::vector<std::string> detti() const { return Banco::messaggi(piano_); }
+  std::string comune(std::int32_t id) const {
+    const schede::Luogo* const luogo = piano_.archivio->luoghi.comuneDiId(id);
+    return luogo == nullptr ? "" : luogo->nome + " " + luogo->catasto;
+  }
+  std::string nazione(std::int32_t id) const {
+    const schede::Luogo* const luogo = piano_.archivio->luoghi.nazioneDiId(id);
+    return luogo == nullptr ? "" : luogo->nome;
+  }
+
+  Banco banco{prova::riempito()};
+  Piano piano_;
+};
+
+TEST_F(PianoPercipientiTest, APersonIsCompletedFromTheFiscalCode) {
+  const auto& p =
+      primo("CodiceFiscale;Cognome;Nome;Comune;Provincia\nMRTNTN23M02D969P;Moretti;Antonio;Genova;GE\n");
+  EXPECT_TRUE(p.anagrafica.personaFisica);
+  EXPECT_EQ(p.anagrafica.sesso, "M");
+  EXPECT_EQ(p.anagrafica.nascita.toIso(), "1923-08-02");
+  EXPECT_EQ(comune(p.anagrafica.idComuneNascita), "Genova D969");
+  EXPECT_EQ(nazione(p.anagrafica.idNazionalita), "Italia");
+  EXPECT_EQ(comune(p.anagrafica.idComune), "Genova D969");
+  EXPECT_EQ(p.codice, "00001") << "made when absent";
+  EXPECT_THAT(piano_.righe[0].derivati,
+              Contains(static_cast<std::uint8_t>(ColonnaPercipiente::ComuneNascita)));
+  EXPECT_THAT(piano_.righe[0].derivati, Contains(static_cast<std::uint8_t>(ColonnaPercipiente::Codice)));
+  EXPECT_THAT(detti(), Not(Contains(HasSubstr("P11"))));
+}
+
+TEST_F(PianoPercipientiTest, SomeoneBornAbroadHasACountry) {
+  const auto& p = primo("CodiceFiscale;Cognome;Nome\nMRSMSR81D60Z611H;Amaris;Maserati;\n");
+  EXPECT_EQ(p.anagrafica.idComuneNascita, 0);
+  EXPECT_EQ(nazione(p.anagrafica.idNazionalita), "Perù");
+}
+
+TEST_F(PianoPercipientiTest, AMatchIsTheFirstKeyThatHits) {
+  EXPECT_EQ(Banco::stati(piano("Codice;CodiceFiscale;Cognome;Nome\nP1;RSSMRA80A01H501U;Rossi;Mario\n")),
+            "uguale");
+  const Piano suo = piano("Codice;CodiceFiscale;Cognome;Nome\nX;RSSMRA80A01H501U;Rossi;Mario\n");
+  EXPECT_EQ(Banco::stati(suo), "diverso");
+  EXPECT_THAT(Banco::messaggi(suo), ElementsAre("2: R04: già presente, diverso: codice"));
+  EXPECT_EQ(Banco::stati(piano("Codice;CodiceFiscale;Cognome\nP1;00743110157;Rossi\n")), "errore");
+}
+
+TEST_F(PianoPercipientiTest, AColumnThatIsNotThereLeavesWhatIsAndADashEmptiesIt) {
+  banco.richiesta.diversi = SuDiversi::Aggiorna;
+  const auto& p =
+      primo("Codice;CodiceFiscale;Cognome;Nome;Cap;Email\nP1;RSSMRA80A01H501U;Rossi;Mario;-;a@b.example\n");
+  EXPECT_EQ(p.anagrafica.cap, "");
+  EXPECT_EQ(p.anagrafica.email, "a@b.example");
+  EXPECT_EQ(p.anagrafica.indirizzo, "Via Garibaldi 7");
+  ASSERT_TRUE(banco.applica(piano_)->lotto);
+  EXPECT_EQ(banco.uno("SELECT Indirizzo FROM Anagrafica WHERE EMailInternet = 'a@b.example'"),
+            "Via Garibaldi 7");
+  EXPECT_EQ(banco.uno("SELECT Cap FROM Anagrafica WHERE EMailInternet = 'a@b.example'"), "");
+}
+
+TEST_F(PianoPercipientiTest, ANameAloneNeverMatches) {
+  ASSERT_THAT(
+      banco.importa(Elenco::Percipienti, "Codice;Cognome;Nazione;NonResidente\nE1;Müller GmbH;Germania;S\n"),
+      IsEmpty());
+  const std::string riga = "Codice;Cognome;Nazione;NonResidente\n;MÜLLER GMBH;Germania;S\n";
+  Piano suo = piano(riga);
+  EXPECT_EQ(Banco::stati(suo), "da decidere");
+  EXPECT_THAT(Banco::messaggi(suo), Contains(HasSubstr("P09: un percipiente in archivio ha lo stesso nome")));
+  ASSERT_EQ(suo.righe[0].candidati.size(), 1U);
+  banco.richiesta.decisioni[{0, 0}].idAnagrafica = suo.righe[0].candidati[0].id;
+  EXPECT_EQ(Banco::stati(piano(riga)), "diverso");
+  banco.richiesta.decisioni[{0, 0}] = {.nuovoPercipiente = true};
+  EXPECT_EQ(Banco::stati(piano(riga)), "nuovo");
+  banco.richiesta.decisioni[{0, 0}] = {.esclusa = true};
+  EXPECT_EQ(Banco::stati(piano(riga)), "escluso");
+}
+
+TEST_F(PianoPercipientiTest, AHomonymWithAnotherFiscalCodeIsAnotherPerson) {
+  EXPECT_EQ(Banco::stati(piano("CodiceFiscale;Cognome;Nome\nRSSMRA85T10A562S;Rossi;Mario\n")), "nuovo");
+}
+
+TEST_F(PianoPercipientiTest, AVatNumberOfAnotherFiscalCodeIsNoKey) {
+  ASSERT_THAT(
+      banco.importa(Elenco::Percipienti,
+                    "Codice;CodiceFiscale;PartitaIva;Cognome\nG1;07643520567;12345670017;Gruppo Uno\n"),
+      IsEmpty());
+  EXPECT_EQ(
+      Banco::stati(piano("Codice;CodiceFiscale;PartitaIva;Cognome\nG2;05979361218;12345670017;Gruppo Due\n")),
+      "nuovo");
+  EXPECT_EQ(Banco::stati(piano("PartitaIva;Cognome\n12345670017;Gruppo Uno\n")), "uguale");
+}
+
+TEST_F(PianoPercipientiTest, HomonymousPlacesAreLeftToThePerson) {
+  piano_ = piano("CodiceFiscale;Cognome;Comune;Provincia\n07643520567;Ditta Uno;Castro;\n");
+  EXPECT_EQ(Banco::stati(piano_), "da decidere");
+  EXPECT_THAT(detti(), Contains(HasSubstr("P08 Comune: più luoghi si chiamano")));
+  ASSERT_EQ(piano_.righe[0].candidati.size(), 2U);
+  banco.richiesta.decisioni[{0, 0}].idComune = piano_.righe[0].candidati[1].id;
+  EXPECT_EQ(Banco::stati(piano("CodiceFiscale;Cognome;Comune;Provincia\n07643520567;Ditta Uno;Castro;\n")),
+            "nuovo");
+  banco.richiesta.decisioni.clear();
+  EXPECT_EQ(Banco::stati(piano("CodiceFiscale;Cognome;Comune;Provincia\n07643520567;Ditta Uno;Castro;BG\n")),
+            "nuovo");
+}
+
+TEST_F(PianoPercipientiTest, AFormerMunicipalityIsFoundByTheDayOfBirth) {
+  // Bellagio has one code until 2014 and another one since.
+  const auto nato = [&](const char* data) {
+    const auto& p = primo(std::string("Codice;Cognome;Nome;PersonaFisica;Sesso;DataNascita;ComuneNascita;"
+                                      "ProvinciaNascita;NonResidente;Nazione\nE;Bianchi;Luca;S;M;") +
+                          data + ";Bellagio;CO;S;Francia\n");
+    return comune(p.anagrafica.idComuneNascita);
+  };
+  EXPECT_EQ(nato("2016-05-01"), "Bellagio M335");
+  EXPECT_EQ(piano_.righe[0].candidati.size(), 0U);
+}
+
+TEST_F(PianoPercipientiTest, ABirthplaceOtherThanTheCodesIsAWarning) {
+  primo(
+      "CodiceFiscale;Cognome;Nome;ComuneNascita;ProvinciaNascita\nMRTNTN23M02D969P;Moretti;Antonio;Roma;"
+      "RM\n");
+  EXPECT_THAT(detti(), Contains("2: P06 ComuneNascita: Roma ha il codice H501, il codice fiscale ha D969"));
+  primo("CodiceFiscale;Cognome;Nome;ComuneNascita\nMRTNTN23M02D969P;Moretti;Antonio;Fantasia\n");
+  EXPECT_THAT(detti(), Contains(HasSubstr("P06 ComuneNascita: ")));
+}
+
+TEST_F(PianoPercipientiTest, WhatIsMissingForTheFileIsSaid) {
+  piano_ = piano("Codice;Cognome;Nome;NonResidente;CodiceFiscaleEstero\nE;Smith;John;S;UK1\n");
+  EXPECT_THAT(detti(), Contains("2: P11: Sesso non presente"));
+  EXPECT_THAT(detti(), Contains("2: P11: Codice nazione di residenza non presente"));
+  ASSERT_FALSE(piano_.mancanti.empty());
+  EXPECT_EQ(piano_.mancanti[0].percipiente, "E");
+  EXPECT_EQ(piano_.mancanti[0].controllo, 12);
+}
+
+TEST_F(PianoPercipientiTest, ACodeThatNoListHasIsAnError) {
+  piano_ = piano(
+      "CodiceFiscale;Cognome;CategoriaParticolare;Nazione;EntePrevidenziale;Comune\n"
+      "07643520567;Ditta Uno;QQ;Utopia;Cassa Ignota;\n05979361218;Ditta Due;;;ENPAM;Fantasia\n");
+  EXPECT_EQ(Banco::stati(piano_), "errore errore");
+  EXPECT_THAT(detti(), Contains(HasSubstr("2: V05 CategoriaParticolare")));
+  EXPECT_THAT(detti(), Contains(HasSubstr("2: V05 Nazione")));
+  EXPECT_THAT(detti(), Contains(HasSubstr("2: V05 EntePrevidenziale")));
+  EXPECT_THAT(detti(), Contains(HasSubstr("3: V05 Comune")));
+}
+
+TEST_F(PianoPercipientiTest, AFundOfOnesOwnAndATownAbroadAreAddedOnce) {
+  ASSERT_THAT(banco.importa(
+                  Elenco::Percipienti,
+                  "Codice;CodiceFiscale;Cognome;Comune;Nazione;NonResidente;EntePrevidenziale;"
+                  "CodiceFiscaleEnte;CodiceEnte;CategoriaEnte\n"
+                  "E1;07643520567;Ditta Uno;Springfield;Stati Uniti d'America;S;Fondo Mio;02159000583;99;Z\n"
+                  "E2;05979361218;Ditta Due;Springfield;USA;S;Fondo Mio;02159000583;99;Z\n"),
+              IsEmpty());
+  EXPECT_EQ(banco.uno("SELECT COUNT(*) FROM Comune WHERE Comune = 'Springfield'"), "1");
+  EXPECT_EQ(banco.uno("SELECT IDComune FROM Comune WHERE Comune = 'Springfield'"), "100001");
+  EXPECT_EQ(
+      banco.uno(
+          "SELECT IDCUEntePrevidenziale FROM CUEntePrevidenziale WHERE CUCodiceFiscale = '02159000583'"),
+      "100");
+  EXPECT_EQ(banco.uno("SELECT COUNT(*) FROM Percipiente WHERE IDCUEntePrevidenziale = 100"
+                      " AND IDCUCategoriaEntePrevidenziale = 100"),
+            "2");
+}
+
+TEST_F(PianoPercipientiTest, TheSamePayeeTwiceInTheFile) {
+  EXPECT_EQ(Banco::stati(
+                piano("CodiceFiscale;Cognome;Email\n07643520567;Uno;\n07643520567;Uno;\n07643520567;Due;\n")),
+            "nuovo uguale errore");
+}
+
+}  // namespace
+}  // namespace cu::intake
