@@ -195,7 +195,8 @@ Result<Applicato> applica(DatabaseHost& database, RicostruzioneConti& ricostruzi
   Transazione transazione(connessione);
   schede::Scrittura ids(connessione);
   const std::int32_t lotto = ids.nuovoId(kImportazione);
-  if (ArchivioLetto(connessione, piano.elenco, piano.richiesta).impronta() != piano.archivio->impronta()) {
+  if (ArchivioLetto(connessione, piano.elenco, piano.richiesta, piano.archivio->luoghiLetti).impronta() !=
+      piano.archivio->impronta()) {
     return Result<Applicato>::refused(
         {"cambiato", "Il database è cambiato dopo la prova: ripeterla. Non è stato scritto nulla.", ""});
   }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "base/text.h"
 #include "data/inserimento.h"
@@ -57,8 +58,11 @@ class Somma {
 
 }  // namespace
 
-ArchivioLetto::ArchivioLetto(Connection& connessione, Elenco elenco, const RichiestaPiano& richiesta)
-    : luoghi(connessione), elenchi(connessione) {
+ArchivioLetto::ArchivioLetto(Connection& connessione, Elenco elenco, const RichiestaPiano& richiesta,
+                             std::shared_ptr<const schede::Luoghi> giaLetti)
+    : luoghiLetti(giaLetti ? std::move(giaLetti) : std::make_shared<const schede::Luoghi>(connessione)),
+      luoghi(*luoghiLetti),
+      elenchi(connessione) {
   const schede::Aziende tutte(connessione);
   if (elenco == Elenco::Aziende) {
     aziende = tutte.tutte();

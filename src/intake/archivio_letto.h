@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -34,9 +35,12 @@ struct ContoLetto {
 
 // What an import of one kind needs of the database, each table read once.
 struct ArchivioLetto {
-  ArchivioLetto(Connection& connessione, Elenco elenco, const RichiestaPiano& richiesta);
+  // `luoghi`: those of an earlier reading, which takes most of the time of a small one.
+  ArchivioLetto(Connection& connessione, Elenco elenco, const RichiestaPiano& richiesta,
+                std::shared_ptr<const schede::Luoghi> luoghi = nullptr);
 
-  schede::Luoghi luoghi;
+  std::shared_ptr<const schede::Luoghi> luoghiLetti;
+  const schede::Luoghi& luoghi;
   schede::Elenchi elenchi;
   std::vector<schede::SchedaAzienda> aziende;          // the company, or all of them
   std::vector<schede::SchedaPercipiente> percipienti;  // not for companies

@@ -23,12 +23,12 @@ std::string chiaveBase(char genere, const SchedaCompenso& scheda) {
   return chiave;
 }
 
-std::string numeroDi(const SchedaCompenso& scheda) { return lowerAscii(trim(scheda.numero)); }
+std::string numeroDocumento(const SchedaCompenso& scheda) { return lowerAscii(trim(scheda.numero)); }
 
 std::string chiaveDocumento(const SchedaCompenso& scheda) {
   std::string chiave = chiaveBase('d', scheda);
   attacca(chiave, scheda.documento.serial());
-  return chiave + numeroDi(scheda);
+  return chiave + numeroDocumento(scheda);
 }
 
 std::string chiaveImporti(const SchedaCompenso& scheda) {
@@ -50,7 +50,7 @@ bool stesso(const SchedaCompenso& a, const SchedaCompenso& b) {
 Identita::Identita(const Piano& piano, const ArchivioLetto& archivio) : piano_(piano), archivio_(archivio) {
   for (const SchedaCompenso& compenso : archivio.compensi) {
     perId_.emplace(compenso.id, &compenso);
-    if (numeroDi(compenso).empty()) {
+    if (numeroDocumento(compenso).empty()) {
       perImporti_[chiaveImporti(compenso)].push_back(&compenso);
     } else {
       perDocumento_[chiaveDocumento(compenso)].push_back(&compenso);
@@ -68,7 +68,7 @@ Riscontro Identita::cerca(const SchedaCompenso& scheda, const std::string& rifer
   if (!riferimento.empty()) {
     const Riscontro ripetuto = neiFile(scheda, chiaveRiferimento(riferimento));
     if (ripetuto.esito != Riscontro::Esito::Nuovo) return ripetuto;
-  } else if (!numeroDi(scheda).empty()) {
+  } else if (!numeroDocumento(scheda).empty()) {
     const Riscontro ripetuto = neiFile(scheda, chiaveDocumento(scheda));
     if (ripetuto.esito != Riscontro::Esito::Nuovo) return ripetuto;
   }
@@ -97,7 +97,7 @@ Riscontro Identita::nellArchivio(const SchedaCompenso& scheda, const std::string
     }
   }
   const bool conRiferimento = !riferimento.empty();
-  if (numeroDi(scheda).empty()) return senzaNumero(scheda, conRiferimento);
+  if (numeroDocumento(scheda).empty()) return senzaNumero(scheda, conRiferimento);
   const auto trovati = perDocumento_.find(chiaveDocumento(scheda));
   if (trovati == perDocumento_.end()) return {};
   std::vector<Compenso> possibili = trovati->second;
@@ -124,7 +124,7 @@ void Identita::aggiungi(const SchedaCompenso& scheda, const std::string& riferim
   const auto numero = static_cast<std::uint32_t>(voce);
   if (!riferimento.empty()) {
     visti_.emplace(chiaveRiferimento(riferimento), numero);
-  } else if (!numeroDi(scheda).empty()) {
+  } else if (!numeroDocumento(scheda).empty()) {
     visti_.emplace(chiaveDocumento(scheda), numero);
   }
 }

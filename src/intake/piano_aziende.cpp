@@ -13,7 +13,7 @@ namespace {
 constexpr int kPrimoAnnoDelModello = 2014;
 
 template <class C>
-constexpr std::uint8_t numeroDi(C colonna) {
+constexpr std::uint8_t rangoAzienda(C colonna) {
   return static_cast<std::uint8_t>(colonna);
 }
 
@@ -54,7 +54,7 @@ class CampiAzienda {
     if (campo == nullptr) return;
     id = 0;
     if (campo->valore.isNull()) return;
-    if (const auto suo = idDelCodice(corso_, numeroDi(colonna), campo->valore.text(), elenco)) id = *suo;
+    if (const auto suo = idDelCodice(corso_, rangoAzienda(colonna), campo->valore.text(), elenco)) id = *suo;
   }
   void sede() {
     schede::SchedaAnagrafica& sede = azienda_.sede;
@@ -63,7 +63,7 @@ class CampiAzienda {
     if (comune == nullptr) return;
     sede.idComune = 0;
     if (comune->valore.isNull()) return;
-    const auto suo = idDelComune(corso_, numeroDi(ColonnaAzienda::Comune), comune->valore.text(),
+    const auto suo = idDelComune(corso_, rangoAzienda(ColonnaAzienda::Comune), comune->valore.text(),
                                  corso_.letta().valore(ColonnaAzienda::Provincia).text(), archivio_.luoghi);
     if (!suo) return;
     sede.idComune = *suo;
@@ -97,7 +97,7 @@ class CampiAzienda {
   schede::SchedaAzienda& azienda_;
 };
 
-std::string differenze(const schede::SchedaAzienda& prima, const schede::SchedaAzienda& dopo) {
+std::string differenzeAzienda(const schede::SchedaAzienda& prima, const schede::SchedaAzienda& dopo) {
   std::string testo;
   const auto se = [&](bool diverso, const char* cosa) {
     if (!diverso) return;
@@ -136,7 +136,7 @@ class PianoAziende {
     } else if (dopo == *trovata) {
       corso.uguale();
     } else {
-      corso.diverso(differenze(*trovata, dopo));
+      corso.diverso(differenzeAzienda(*trovata, dopo));
     }
     piano_.aziende.push_back({trovata == nullptr ? std::nullopt : std::optional(*trovata), std::move(dopo),
                               static_cast<std::size_t>(&riga - piano_.righe.data())});

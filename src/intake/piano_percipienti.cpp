@@ -13,8 +13,8 @@
 namespace cu::intake {
 namespace {
 
-std::string differenze(const schede::SchedaPercipiente& prima, const schede::SchedaPercipiente& dopo,
-                       const AccantoPercipiente& accanto) {
+std::string differenzePercipiente(const schede::SchedaPercipiente& prima,
+                                  const schede::SchedaPercipiente& dopo, const AccantoPercipiente& accanto) {
   const schede::SchedaAnagrafica& a = prima.anagrafica;
   const schede::SchedaAnagrafica& b = dopo.anagrafica;
   std::string testo;
@@ -76,7 +76,7 @@ class PianoPercipienti {
     } else if (voce.dopo == *trovato && !aggiunge(accanto)) {
       corso.uguale();
     } else {
-      corso.diverso(differenze(*trovato, voce.dopo, accanto));
+      corso.diverso(differenzePercipiente(*trovato, voce.dopo, accanto));
     }
     piano_.percipienti.push_back(std::move(voce));
     piano_.accantoPercipienti.push_back(std::move(accanto));
