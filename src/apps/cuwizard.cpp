@@ -195,4 +195,4 @@ int eseguiFinestra(int quanti, char** argomenti) {
 }  // namespace
 }  // namespace cu
 
-int main(int argc, char** argv) { return cu::eseguiProgramma(argc, argv); }
+int main(int argc, char** argv) { return cu::eseguiFinestra(argc, argv); }
