@@ -62,7 +62,7 @@ ContiLotto::ContiLotto(DatabaseHost& database, RicostruzioneConti& ricostruzione
       idAzienda_(idAzienda),
       lotto_(lotto) {}
 
-ContiLotto::Attuali ContiLotto::attuali(const std::set<ChiaveConto>& quali) const {
+ContiLotto::Attuali ContiLotto::attuali(const std::set<ChiaveConto>& quali, bool conSomme) const {
   const std::string sua = " WHERE IDAzienda = " + fromInteger(idAzienda_);
   Attuali trovati;
   schede::perOgniRiga(connessione_, schede::kConto, sua, [&](const CellView* riga) {
@@ -71,6 +71,7 @@ ContiLotto::Attuali ContiLotto::attuali(const std::set<ChiaveConto>& quali) cons
     Riga& conto = trovati.conti[chiave];
     for (std::size_t i = 0; i < schede::kConto.colonne.size(); ++i) conto.push_back(Value::of(riga[i]));
   });
+  if (!conSomme) return trovati;
   schede::perOgniRiga(connessione_, schede::kCompenso, sua, [&](const CellView* riga) {
     const ChiaveConto chiave{idIn(riga[2]), idIn(riga[3]), riga[4].date().year()};
     if (quali.contains(chiave)) sommaA(trovati.somme[chiave], riga);
@@ -133,16 +134,24 @@ void ContiLotto::ricostruisci() {
     ricostruzione_.ricostruisci(static_cast<std::int16_t>(anno));
   }
   // The rebuild leaves accounts without payments as they are.
-  const Attuali ora = attuali(quali);
   schede::Scrittura scrittura(connessione_);
-  for (const auto& [chiave, conto] : ora.conti) {
-    if (!ora.somme.contains(chiave))
-      scrittura.cambia(schede::kConto, conto, rigaConto(chiave, idAzienda_, {}));
+  for (const Riga& conto : schede::leggiRighe(
+           connessione_, schede::kConto,
+           " INNER JOIN CuImportazioneConto Toccato ON Toccato.IDAnagrafica = ContoIndividuale.IDAnagrafica"
+           " AND Toccato.IDCausalePagamento = ContoIndividuale.IDCausalePagamento"
+           " AND Toccato.Anno = ContoIndividuale.Anno WHERE Toccato.IDImportazione = " +
+               fromInteger(lotto_) + " AND ContoIndividuale.IDAzienda = " + fromInteger(idAzienda_) +
+               " AND NOT EXISTS (SELECT * FROM Compenso WHERE Compenso.IDAzienda = ContoIndividuale.IDAzienda"
+               " AND Compenso.IDAnagrafica = ContoIndividuale.IDAnagrafica"
+               " AND Compenso.IDCausalePagamento = ContoIndividuale.IDCausalePagamento"
+               " AND Year(Compenso.DataPagamento) = ContoIndividuale.Anno)")) {
+    scrittura.cambia(schede::kConto, conto,
+                     rigaConto({idIn(conto, 0), idIn(conto, 1), idIn(conto, 2)}, idAzienda_, {}));
   }
 }
 
 void ContiLotto::confronta(const std::vector<ContoPiano>& conti) const {
-  const Attuali ora = attuali(chiavi());
+  const Attuali ora = attuali(chiavi(), false);
   for (const ContoPiano& conto : conti) {
     const auto suo = ora.conti.find({conto.idAnagrafica, conto.idCausale, conto.anno});
     if (suo != ora.conti.end() && importiDi(suo->second) == conto.dopo) continue;

@@ -42,7 +42,7 @@ class ContiLotto {
     std::map<ChiaveConto, schede::Importi> somme;  // of the accounts that have payments
   };
   std::map<ChiaveConto, Ricordo> ricordi() const;
-  Attuali attuali(const std::set<ChiaveConto>& quali) const;
+  Attuali attuali(const std::set<ChiaveConto>& quali, bool conSomme = true) const;
   std::set<ChiaveConto> chiavi() const;
   bool haAltro(const ChiaveConto& chiave) const;
 
