@@ -52,7 +52,7 @@ void expectSame(const std::vector<std::vector<Value>>& rows, std::size_t width) 
 }
 
 TEST(Columns, AreFoundWithoutRegardToCase) {
-  const Columns columnsOf({{"IDAnagrafica", ValueType::Integer}, {"Più", ValueType::Text}});
+  const Columns columns({{"IDAnagrafica", ValueType::Integer}, {"Più", ValueType::Text}});
   EXPECT_EQ(columns.size(), 2U);
   EXPECT_EQ(columns.find("idanagrafica"), 0U);
   EXPECT_EQ(columns.find("IDANAGRAFICA"), 0U);
@@ -63,7 +63,7 @@ TEST(Columns, AreFoundWithoutRegardToCase) {
 }
 
 TEST(Columns, OfTwoWithOneNameTheFirstIsMeant) {
-  const Columns columnsOf(
+  const Columns columns(
       {{"Codice", ValueType::Text}, {"Anno", ValueType::Integer}, {"CODICE", ValueType::Integer}});
   EXPECT_EQ(columns.size(), 3U);
   EXPECT_EQ(columns.find("Codice"), 0U);
