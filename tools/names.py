@@ -15,7 +15,7 @@ FUNCTION = re.compile(
     r"(?!using\b|return\b|class\b|struct\b|enum\b|//|#|\}|TEST|INSTANTIATE|constexpr .*=)"
     r"[A-Za-z\[][\w:<>&*\[\], ()]*?[ &*](\w+)\(")
 TYPE = re.compile(r"(?:class|struct|enum class|enum) (\w+)")
-CONSTANT = re.compile(r"constexpr [^=({]*?\b(k[A-Z]\w*)(?:\[[^\]]*\])* *[={]")
+CONSTANT = re.compile(r"(?:constexpr|const) [^=({]*?\b(k[A-Z]\w*)(?:\[[^\]]*\])* *[={]")
 
 HEADER = re.compile(
     r"^(?:inline constexpr [^=({;]*?\b(?=k[A-Z])|(?:class|struct|enum class|enum) (?=\w+[^;]*$)|using (?=\w+ =))(\w+)",

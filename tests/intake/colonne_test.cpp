@@ -34,7 +34,7 @@ struct Intestazione {
 };
 
 TEST(Colonne, AreFoundByNameAndAlias) {
-  constexpr Intestazione kCasi[] = {
+  constexpr Intestazione kCasiColonna[] = {
       {Elenco::Aziende, "codice fiscale", "CodiceFiscale"},
       {Elenco::Aziende, "PARTITA_IVA", "PartitaIva"},
       {Elenco::Aziende, "Cognome", "Denominazione"},
@@ -47,7 +47,7 @@ TEST(Colonne, AreFoundByNameAndAlias) {
       {Elenco::Compensi, " Spese ", "SommeNonSoggette"},
       {Elenco::Compensi, "bollo", "SommeNonSoggette"},
   };
-  for (const Intestazione& caso : kCasi) {
+  for (const Intestazione& caso : kCasiColonna) {
     const auto rango = cercaColonna(caso.elenco, caso.scritta);
     ASSERT_TRUE(rango) << caso.scritta;
     EXPECT_EQ(colonne(caso.elenco)[*rango].nome, caso.nome);
@@ -78,7 +78,7 @@ TEST_P(TabellaConColonne, ReportsThem) {
   EXPECT_EQ(detti(letta(GetParam().elenco, GetParam().testo)), GetParam().messaggi);
 }
 
-const CasoColonna kCasi[] = {
+const CasoColonna kCasiColonna[] = {
     {"allRequired",
      Elenco::Compensi,
      "Compenso;CF;Codice_Percipiente;causale;Data Pagamento\n1;;P1;A;2017-03-05\n",
@@ -163,7 +163,7 @@ const CasoColonna kCasi[] = {
      {"f.csv, riga 5, colonna \"CodiceFiscale\": manca il valore, che è obbligatorio (C01)."}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Colonne, TabellaConColonne, testing::ValuesIn(kCasi),
+INSTANTIATE_TEST_SUITE_P(Colonne, TabellaConColonne, testing::ValuesIn(kCasiColonna),
                          [](const auto& caso) { return caso.param.nome; });
 
 TEST(ColonneDiSomme, AddUp) {

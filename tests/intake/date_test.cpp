@@ -35,7 +35,7 @@ class DateScritte : public testing::TestWithParam<CasoData> {};
 
 TEST_P(DateScritte, AreReadInOneOrder) { EXPECT_EQ(date(conDate(GetParam().scritte)), GetParam().lette); }
 
-const CasoData kCasi[] = {
+const CasoData kCasiData[] = {
     {"dayFirst", {"25/03/2017", "05/03/2017"}, {"2017-03-25", "2017-03-05"}},
     {"monthFirst", {"03/25/2017", "05/03/2017"}, {"2017-03-25", "2017-05-03"}},
     {"shortNumbers", {"25/3/2017", "5/3/2017"}, {"2017-03-25", "2017-03-05"}},
@@ -60,7 +60,7 @@ const CasoData kCasi[] = {
      {"none", "none", "none", "none", "none"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Date, DateScritte, testing::ValuesIn(kCasi),
+INSTANTIATE_TEST_SUITE_P(Date, DateScritte, testing::ValuesIn(kCasiData),
                          [](const auto& caso) { return caso.param.nome; });
 
 TEST(DateErrate, AreReportedWithTheirValue) {

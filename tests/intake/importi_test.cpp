@@ -44,7 +44,7 @@ constexpr SegniImporto kVistaVirgola{{}, {}, true, false};
 constexpr SegniImporto kVistoPunto{{}, {}, false, true};
 constexpr SegniImporto kVistiTutti{{}, {}, true, true};
 
-const CasoImporto kCasi[] = {
+const CasoImporto kCasiImporto[] = {
     {"whole", "1234", "1234"},
     {"comma", "1234,50", "1234.5"},
     {"point", "1234.5", "1234.5"},
@@ -120,7 +120,7 @@ class ImportoScritto : public testing::TestWithParam<CasoImporto> {};
 
 TEST_P(ImportoScritto, IsReadAsItIsMeant) { EXPECT_EQ(esito(GetParam()), GetParam().atteso); }
 
-INSTANTIATE_TEST_SUITE_P(Importi, ImportoScritto, testing::ValuesIn(kCasi),
+INSTANTIATE_TEST_SUITE_P(Importi, ImportoScritto, testing::ValuesIn(kCasiImporto),
                          [](const auto& caso) { return caso.param.nome; });
 
 TEST(ImportiDelFile, DecideWhatAPointMeans) {

@@ -29,7 +29,7 @@ TEST_P(Percipiente, IsCheckedAndCompletedByItsFiscalCode) {
   EXPECT_EQ(detti(lettura), attesi);
 }
 
-const CasoPersona kCasi[] = {
+const CasoPersona kCasiPersona[] = {
     {"person", "CodiceFiscale;Cognome;Nome", "RSSMRA80A01H501U;Rossi;Mario",
      "CodiceFiscale=RSSMRA80A01H501U|Cognome=Rossi|Nome=Mario|PersonaFisica*=1|Sesso*=M|DataNascita*=01/01/"
      "1980"},
@@ -154,7 +154,7 @@ const CasoPersona kCasi[] = {
      {"\"CodiceFiscaleRappresentante\": ABC non ha la forma di un codice fiscale (P01)."}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Persone, Percipiente, testing::ValuesIn(kCasi),
+INSTANTIATE_TEST_SUITE_P(Persone, Percipiente, testing::ValuesIn(kCasiPersona),
                          [](const auto& caso) { return caso.param.nome; });
 
 TEST(AziendaLetta, HasItsCodesChecked) {

@@ -46,7 +46,7 @@ TEST_P(ValoreScritto, IsReadOrReported) {
 
 const std::string kLungo(255, 'x');
 
-const CasoValore kCasi[] = {
+const CasoValore kCasiValore[] = {
     {"text", "Indirizzo", "Via Roma 1", "Via Roma 1", ""},
     {"blanksAround", "Indirizzo", "  Via Roma 1 \t", "Via Roma 1", ""},
     {"blanksWithin", "Indirizzo", "Via   Roma\t1", "Via Roma 1", ""},
@@ -95,7 +95,7 @@ const CasoValore kCasi[] = {
     {"noFlag", "Schumacker", "forse", "none", "forse non è né sì né no: serve S o N (V05)."},
 };
 
-INSTANTIATE_TEST_SUITE_P(Valori, ValoreScritto, testing::ValuesIn(kCasi),
+INSTANTIATE_TEST_SUITE_P(Valori, ValoreScritto, testing::ValuesIn(kCasiValore),
                          [](const auto& caso) { return caso.param.nome; });
 
 TEST(Croci, MakeAnEmptyCellANo) {
