@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -35,5 +36,8 @@ struct OpzioniXlsx {
 // replaced. Raises ErroreTabella: F05 beyond a sheet's rows or columns or a cell's characters, F03 for what
 // cannot be written.
 void scriviXlsx(const std::string& file, const TabellaDaScrivere& tabella, const OpzioniXlsx& opzioni);
+// The same of a sheet for each table, in order; their names differ.
+void scriviXlsx(const std::string& file, std::span<const TabellaDaScrivere> fogli,
+                const OpzioniXlsx& opzioni);
 
 }  // namespace cu::tabelle

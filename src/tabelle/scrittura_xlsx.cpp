@@ -63,15 +63,12 @@ std::string conSequenze(std::string_view contenuto) {
 
 class ScrittoreXlsx {
  public:
-  ScrittoreXlsx(const std::string& file, const TabellaDaScrivere& tabella, const OpzioniXlsx& opzioni)
-      : tabella_(tabella), posto_{file, {}, 0, 0}, larghezze_(tabella.colonne.size(), 0) {
+  ScrittoreXlsx(const std::string& file, const OpzioniXlsx& opzioni) : posto_{file, {}, 0, 0} {
     // Rows are freed from memory as the next one begins.
     lxw_workbook_options come = {};
     come.constant_memory = LXW_TRUE;
     cartella_ = workbook_new_opt(file.c_str(), &come);
     if (cartella_ == nullptr) verifica(LXW_ERROR_MEMORY_MALLOC_FAILED);
-    foglio_ = workbook_add_worksheet(cartella_, nomeFoglioXlsx(tabella.foglio).c_str());
-    if (foglio_ == nullptr) verifica(LXW_ERROR_MEMORY_MALLOC_FAILED);
     proprieta(opzioni);
     testata_ = workbook_add_format(cartella_);
     format_set_bold(testata_);
@@ -81,7 +78,6 @@ class ScrittoreXlsx {
     data_ = formato("dd/mm/yyyy");
     // As a text format, so that a code which is typed in such a cell later keeps its zeros.
     testo_ = formato("@");
-    worksheet_freeze_panes(foglio_, 1, 0);
   }
   ~ScrittoreXlsx() {
     if (cartella_ != nullptr) workbook_close(cartella_);
@@ -89,14 +85,18 @@ class ScrittoreXlsx {
   ScrittoreXlsx(const ScrittoreXlsx&) = delete;
   ScrittoreXlsx& operator=(const ScrittoreXlsx&) = delete;
 
-  void scrivi() {
-    for (std::size_t i = 0; i < tabella_.colonne.size(); ++i) {
+  void scrivi(const TabellaDaScrivere& tabella) {
+    foglio_ = workbook_add_worksheet(cartella_, nomeFoglioXlsx(tabella.foglio).c_str());
+    if (foglio_ == nullptr) verifica(LXW_ERROR_MEMORY_MALLOC_FAILED);
+    worksheet_freeze_panes(foglio_, 1, 0);
+    larghezze_.assign(tabella.colonne.size(), 0);
+    for (std::size_t i = 0; i < tabella.colonne.size(); ++i) {
       vai(0, i);
-      testo(tabella_.colonne[i], testata_);
+      testo(tabella.colonne[i], testata_);
     }
-    for (std::size_t riga = 0; riga < tabella_.righe.size(); ++riga) {
-      const std::vector<Value>& valori = tabella_.righe[riga];
-      for (std::size_t i = 0; i < std::min(valori.size(), tabella_.colonne.size()); ++i) {
+    for (std::size_t riga = 0; riga < tabella.righe.size(); ++riga) {
+      const std::vector<Value>& valori = tabella.righe[riga];
+      for (std::size_t i = 0; i < std::min(valori.size(), tabella.colonne.size()); ++i) {
         vai(riga + 1, i);
         valore(valori[i].view());
       }
@@ -107,6 +107,9 @@ class ScrittoreXlsx {
       verifica(worksheet_set_column(foglio_, colonna, colonna, larghezza, nullptr));
     }
     posto_.riga = posto_.colonna = 0;
+  }
+
+  void chiudi() {
     lxw_workbook* const chiusa = cartella_;
     cartella_ = nullptr;
     verifica(workbook_close(chiusa));
@@ -199,7 +202,6 @@ class ScrittoreXlsx {
     }
   }
 
-  const TabellaDaScrivere& tabella_;
   Posto posto_;
   std::vector<std::size_t> larghezze_;
   lxw_workbook* cartella_ = nullptr;
@@ -214,8 +216,15 @@ class ScrittoreXlsx {
 }  // namespace
 
 void scriviXlsx(const std::string& file, const TabellaDaScrivere& tabella, const OpzioniXlsx& opzioni) {
+  scriviXlsx(file, std::span(&tabella, 1), opzioni);
+}
+
+void scriviXlsx(const std::string& file, std::span<const TabellaDaScrivere> fogli,
+                const OpzioniXlsx& opzioni) {
   const NumeriConPunto numeri;
-  ScrittoreXlsx(file, tabella, opzioni).scrivi();
+  ScrittoreXlsx scrittore(file, opzioni);
+  for (const TabellaDaScrivere& foglio : fogli) scrittore.scrivi(foglio);
+  scrittore.chiudi();
 }
 
 }  // namespace cu::tabelle

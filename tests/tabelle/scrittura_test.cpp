@@ -57,6 +57,24 @@ TEST_F(Scrittura, OfAWorkbookKeepsTheKinds) {
                    "3:|N 12||N -0.0125", "4:||0001-01-01|N 0"}));
 }
 
+TEST_F(Scrittura, OfAWorkbookMayHaveSeveralSheets) {
+  TabellaDaScrivere altra;
+  altra.foglio = "Valori";
+  altra.colonne = {"Colonna"};
+  altra.righe = {{testo("007")}};
+  const std::vector<TabellaDaScrivere> fogli = {esempio(), altra};
+  scriviXlsx(cartella_ / "f.xlsx", fogli, {"Prova", *Date::fromYmd(2024, 1, 31)});
+  const std::string byte = cartella_.read("f.xlsx");
+  const auto nomi = fogliDi(byte, "f.xlsx");
+  ASSERT_EQ(nomi.size(), 2U);
+  EXPECT_EQ(nomi[0].nome, "Compensi");
+  EXPECT_EQ(nomi[1].nome, "Valori");
+  EXPECT_EQ(leggiTabella(byte, "f.xlsx").righe.size(), 3U);
+  OpzioniLettura opzioni;
+  opzioni.foglio = "Valori";
+  EXPECT_EQ(scritte(leggiTabella(byte, "f.xlsx", opzioni)), (Righe{"1:|Colonna", "2:|007"}));
+}
+
 // Texts that are easily taken for something else.
 const std::vector<std::string>& difficili() {
   static const std::vector<std::string> testi = {"=1+1",
