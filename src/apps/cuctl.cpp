@@ -12,20 +12,10 @@
 #include "suite/profilo.h"
 #include "uso.h"
 #include "uso_esame.h"
+#include "uso_importa.h"
 
 namespace cu {
 namespace {
-
-// The options for the database's address and connection.
-void aggiungiIndirizzo(CLI::App& comando, OpzioniDatabase& database) {
-  comando.add_option("--database", database.indirizzo, "sqlite:FILE oppure odbc:Driver=...;Server=...")
-      ->required()
-      ->type_name("URL");
-  comando
-      .add_option("--password-env", database.variabilePassword, "Variabile con la password di un url odbc")
-      ->type_name("NOME");
-  comando.add_flag("--no-encrypt", database.inChiaro, "Non cifra la connessione di un url odbc");
-}
 
 void aggiungiCheck(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando =
@@ -246,6 +236,9 @@ int eseguiProgramma(int quanti, char** argomenti) {
   aggiungiCorrect(programma, esegui);
   aggiungiDiscard(programma, esegui);
   aggiungiUpgrade(programma, esegui);
+  aggiungiImport(programma, esegui);
+  aggiungiExport(programma, esegui);
+  aggiungiTemplate(programma, esegui);
   try {
     programma.parse(quanti, argomenti);
     rifiutaVuoti(programma);

@@ -13,11 +13,16 @@ namespace {
 
 using OpzioniLinea = std::vector<const CLI::Option*>;
 
-OpzioniLinea opzioniDelComando(const CLI::App& programma) {
-  const auto comandi = programma.get_subcommands();
-  const CLI::App& comando = comandi.empty() ? programma : *comandi.front();
-  return comando.get_options();
+// The innermost command of the line.
+const CLI::App& comandoIndicato(const CLI::App& programma) {
+  const CLI::App* comando = &programma;
+  for (auto interni = comando->get_subcommands(); !interni.empty(); interni = comando->get_subcommands()) {
+    comando = interni.front();
+  }
+  return *comando;
 }
+
+OpzioniLinea opzioniDelComando(const CLI::App& programma) { return comandoIndicato(programma).get_options(); }
 
 bool indicata(const CLI::Option* opzione) { return opzione->count() > 0; }
 
@@ -50,9 +55,7 @@ std::optional<std::string> inconciliabile(const OpzioniLinea& opzioni) {
 // In reverse order, because the library lists the last one first.
 std::optional<std::string> ignoti(const CLI::App& programma) {
   std::vector<std::string> parole = programma.remaining();
-  for (const CLI::App* comando : programma.get_subcommands()) {
-    if (parole.empty()) parole = comando->remaining();
-  }
+  if (parole.empty()) parole = comandoIndicato(programma).remaining();
   if (parole.empty()) return {};
   std::string testo = parole.size() > 1 ? "argomenti sconosciuti:" : "argomento sconosciuto:";
   for (auto parola = parole.rbegin(); parola != parole.rend(); ++parola) testo += ' ' + *parola;
@@ -116,22 +119,31 @@ CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const st
   return *comando;
 }
 
+void aggiungiIndirizzo(CLI::App& comando, OpzioniDatabase& database) {
+  comando.add_option("--database", database.indirizzo, "sqlite:FILE oppure odbc:Driver=...;Server=...")
+      ->required()
+      ->type_name("URL");
+  comando
+      .add_option("--password-env", database.variabilePassword, "Variabile con la password di un url odbc")
+      ->type_name("NOME");
+  comando.add_flag("--no-encrypt", database.inChiaro, "Non cifra la connessione di un url odbc");
+}
+
 std::string erroreUso(const CLI::App& programma, const CLI::ParseError& errore) {
   // Missing options are reported before unknown ones, which may be their cause.
   const bool manca = errore.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError);
   if (const auto parole = programma.remaining(true); manca && !parole.empty()) {
-    return (programma.get_subcommands().empty() ? "comando sconosciuto: " : "argomento sconosciuto: ") +
-           parole.front();
+    const auto tutti = [](const CLI::App*) { return true; };
+    const bool servivaComando = !comandoIndicato(programma).get_subcommands(tutti).empty();
+    return (servivaComando ? "comando sconosciuto: " : "argomento sconosciuto: ") + parole.front();
   }
   return inItaliano(programma, errore).value_or(errore.what());
 }
 
 void rifiutaVuoti(const CLI::App& programma) {
-  for (const CLI::App* comando : programma.get_subcommands()) {
-    for (const CLI::Option* opzione : comando->get_options()) {
-      for (const std::string& valore : opzione->results()) {
-        if (trim(valore).empty()) throw CLI::ValidationError(opzione->get_name(), "manca il valore");
-      }
+  for (const CLI::Option* opzione : comandoIndicato(programma).get_options()) {
+    for (const std::string& valore : opzione->results()) {
+      if (trim(valore).empty()) throw CLI::ValidationError(opzione->get_name(), "manca il valore");
     }
   }
 }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "apps/comune/connessioni.h"
 #include "base/date.h"
 
 namespace cu {
@@ -11,6 +12,9 @@ namespace cu {
 // Sets the help's texts in Italian.
 void parlaItaliano(CLI::App& programma);
 CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const std::string& spiegazione);
+
+// The options for a database's address and connection.
+void aggiungiIndirizzo(CLI::App& comando, OpzioniDatabase& database);
 
 // The error in a command line, as one line.
 std::string erroreUso(const CLI::App& programma, const CLI::ParseError& errore);

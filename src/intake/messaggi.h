@@ -104,6 +104,11 @@ static_assert([] {
 }());
 
 constexpr const VoceCodice& voce(Codice codice) { return kVociCodici[static_cast<std::size_t>(codice)]; }
+// Whether a person can accept messages with the code: those that are warnings, always or, as V09, where what
+// was lost can be restored.
+constexpr bool accettabile(Codice codice) {
+  return voce(codice).gravita == Gravita::Avviso || codice == Codice::V09;
+}
 // "V03"; upper case.
 std::optional<Codice> codiceDaSigla(std::string_view sigla);
 // "errore", "da decidere", "avviso", "informazione"

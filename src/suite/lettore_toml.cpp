@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <limits>
 
 #include "base/text.h"
@@ -24,6 +25,24 @@ std::string unaRiga(std::string_view testo) {
     if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = ' ';
   }
   return riga;
+}
+
+std::string leggiTestoToml(const std::string& file) {
+  constexpr std::size_t kMaxBytes = 1U << 20;
+  const auto rifiuta = [&](const char* motivo) {
+    throw ErroreProfilo(unaRiga(file) + ": " + motivo + ", atteso un profilo TOML leggibile");
+  };
+  std::error_code errore;
+  if (std::filesystem::is_directory(file, errore)) rifiuta("è una cartella");
+  if (!std::filesystem::exists(file, errore)) rifiuta("il file non esiste");
+  std::ifstream flusso(file, std::ios::binary);
+  if (!flusso) rifiuta("il file non si può leggere");
+  std::string testo(kMaxBytes + 1, '\0');
+  flusso.read(testo.data(), static_cast<std::streamsize>(testo.size()));
+  if (flusso.bad()) rifiuta("il file non si può leggere");
+  testo.resize(static_cast<std::size_t>(flusso.gcount()));
+  if (testo.size() > kMaxBytes) rifiuta("il file supera 1 MiB");
+  return testo;
 }
 
 void LettoreToml::rifiuta(std::string_view chiave, std::string_view difetto, std::string_view atteso) const {

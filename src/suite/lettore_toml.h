@@ -52,6 +52,9 @@ class LettoreToml {
 // Resolves a relative path against the folder; returns any other unchanged.
 std::string completa(const std::string& percorso, const std::string& cartella);
 
+// The bytes of a file, 1 MiB at most. Raises ErroreProfilo.
+std::string leggiTestoToml(const std::string& file);
+
 // One line: control characters are replaced by blanks.
 std::string unaRiga(std::string_view testo);
 

@@ -1,7 +1,6 @@
 #include "suite/profilo.h"
 
 #include <filesystem>
-#include <fstream>
 
 #include "base/text.h"
 #include "suite/lettore_toml.h"
@@ -9,7 +8,6 @@
 namespace cu {
 namespace {
 
-constexpr std::size_t kMaxBytes = 1U << 20;
 constexpr std::string_view kAttesaData = "una data con ora senza fuso, come 2017-03-05T10:30:00";
 constexpr std::string_view kAttesiProcessi =
     "un elenco come [ { name = \"Wizard stampa\", function = 247 } ]";
@@ -147,20 +145,7 @@ Profilo analizzaProfilo(std::string_view testo, const std::string& file, const s
 }
 
 Profilo leggiProfilo(const std::string& file) {
-  const auto rifiuta = [&](const char* motivo) {
-    throw ErroreProfilo(unaRiga(file) + ": " + motivo + ", atteso un profilo TOML leggibile");
-  };
-  std::error_code errore;
-  if (std::filesystem::is_directory(file, errore)) rifiuta("è una cartella");
-  if (!std::filesystem::exists(file, errore)) rifiuta("il file non esiste");
-  std::ifstream flusso(file, std::ios::binary);
-  if (!flusso) rifiuta("il file non si può leggere");
-  std::string testo(kMaxBytes + 1, '\0');
-  flusso.read(testo.data(), static_cast<std::streamsize>(testo.size()));
-  if (flusso.bad()) rifiuta("il file non si può leggere");
-  testo.resize(static_cast<std::size_t>(flusso.gcount()));
-  if (testo.size() > kMaxBytes) rifiuta("il file supera 1 MiB");
-  return analizzaProfilo(testo, file, std::filesystem::absolute(file).parent_path().string());
+  return analizzaProfilo(leggiTestoToml(file), file, std::filesystem::absolute(file).parent_path().string());
 }
 
 }  // namespace cu

@@ -35,6 +35,14 @@ TEST(Codici, HaveTheirSeverity) {
   EXPECT_EQ(conGravita(Gravita::Informazione), "F07 F08 R03 R05 R12 ");
 }
 
+TEST(Codici, CanBeAcceptedWhereTheyAreWarnings) {
+  EXPECT_TRUE(accettabile(Codice::V04));
+  EXPECT_TRUE(accettabile(Codice::V09));
+  EXPECT_FALSE(accettabile(Codice::V03));
+  EXPECT_FALSE(accettabile(Codice::R04));
+  EXPECT_FALSE(accettabile(Codice::R03));
+}
+
 TEST(MessaggioDetto, HasThePartsThatAreKnown) {
   const Messaggio importo = messaggio(Codice::V03, "199,9O non è un importo", "Ritenuta");
   EXPECT_EQ(dettoMessaggio({"compensi.csv", "", 14}, importo),

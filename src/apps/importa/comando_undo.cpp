@@ -1,0 +1,32 @@
+#include <iostream>
+
+#include "apps/comune/codici_uscita.h"
+#include "apps/importa/database_importa.h"
+#include "archive/ricostruzione.h"
+#include "intake/annulla.h"
+
+namespace cu {
+
+int comandoUndo(const OpzioniUndo& opzioni) {
+  try {
+    DatabaseSuite database = apriDatabase(opzioni.database);
+    RicostruzioneContiIndividuali ricostruzione;
+    const auto annullato =
+        intake::annulla(database, ricostruzione,
+                        {.lotto = opzioni.lotto, .prova = !opzioni.applica, .momento = momentoAttuale()});
+    for (const Finding& rifiuto : annullato.refusals) std::cerr << rifiuto.text << '\n';
+    if (!annullato) {
+      std::cout << "Importazione " << opzioni.lotto << ": non si può annullare. Non è stato scritto nulla.\n";
+      return kRifiutato;
+    }
+    std::cout << (opzioni.applica ? "Importazione " : "Prova: importazione ") << opzioni.lotto
+              << (opzioni.applica ? " annullata" : " da annullare") << ", righe tolte: " << annullato->tolte
+              << ", riportate ai valori di prima: " << annullato->riportate << '.';
+    std::cout << (opzioni.applica ? "\n" : " Non è stato scritto nulla.\n");
+    return kRiuscito;
+  } catch (const UsoSbagliato& errore) {
+    return rifiutaUso(errore);
+  }
+}
+
+}  // namespace cu

@@ -1,0 +1,44 @@
+#include "apps/importa/database_importa.h"
+
+#include <iostream>
+
+#include "apps/comune/codici_uscita.h"
+
+#include "intake/esporta.h"
+#include "suite/orologio.h"
+
+namespace cu {
+namespace {
+
+std::string dueCifre(int numero) {
+  return {static_cast<char>('0' + numero / 10), static_cast<char>('0' + numero % 10)};
+}
+
+}  // namespace
+
+int rifiutaUso(const UsoSbagliato& errore) {
+  const std::string testo = errore.what();
+  if (!testo.empty()) std::cerr << testo << '\n';
+  return kUsoSbagliato;
+}
+
+DatabaseSuite apriDatabase(const OpzioniDatabase& opzioni) {
+  const auto database = databaseIndicato(opzioni);
+  if (!database) throw UsoSbagliato({});
+  return {apriConnessione(*database), nullptr};
+}
+
+std::int32_t aziendaDi(Connection& connessione, const std::string& codiceOId) {
+  const auto azienda = intake::cercaAzienda(connessione, codiceOId);
+  if (!azienda) throw UsoSbagliato("--company: nel database non c'è un'azienda " + codiceOId);
+  return *azienda;
+}
+
+std::string momentoAttuale() {
+  const OrologioSistema orologio;
+  const TimeOfDay ora = orologio.now();
+  return orologio.today().toIso() + ' ' + dueCifre(ora.hour) + ':' + dueCifre(ora.minute) + ':' +
+         dueCifre(ora.second);
+}
+
+}  // namespace cu

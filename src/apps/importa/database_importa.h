@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "apps/importa/comandi_importa.h"
+#include "suite/traccia.h"
+
+namespace cu {
+
+// The command line is wrong in a way that only running shows; one line in Italian, "" where it has been
+// written.
+class UsoSbagliato : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// Writes the line to standard error; returns the exit code.
+int rifiutaUso(const UsoSbagliato& errore);
+
+// Opens the database of a command. UsoSbagliato for an address that is none; DatabaseError.
+DatabaseSuite apriDatabase(const OpzioniDatabase& opzioni);
+
+// The company of a fiscal code or id. UsoSbagliato for one that the database does not have.
+std::int32_t aziendaDi(Connection& connessione, const std::string& codiceOId);
+
+// "2018-03-05 10:30:00", of the machine's clock.
+std::string momentoAttuale();
+
+}  // namespace cu

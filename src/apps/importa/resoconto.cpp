@@ -1,0 +1,133 @@
+#include "apps/importa/resoconto.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "base/text.h"
+#include "suite/platform_file.h"
+#include "tabelle/scrittura.h"
+
+namespace cu {
+namespace {
+
+using intake::Gravita;
+using intake::Messaggio;
+using intake::Piano;
+using intake::RigaPiano;
+using intake::StatoRiga;
+
+bool finisceCosi(const std::string& file, std::string_view estensione) {
+  return file.size() > estensione.size() &&
+         equalsNoCase(std::string_view(file).substr(file.size() - estensione.size()), estensione);
+}
+
+struct ParoleStato {
+  StatoRiga stato;
+  std::string_view uno;
+  std::string_view piu;
+  bool sempre;  // also when there is none
+};
+constexpr auto kParole = std::to_array<ParoleStato>({
+    {StatoRiga::Nuovo, "nuovo", "nuovi", true},
+    {StatoRiga::Uguale, "uguale", "uguali", true},
+    {StatoRiga::Diverso, "diverso", "diversi", false},
+    {StatoRiga::DaDecidere, "da decidere", "da decidere", true},
+    {StatoRiga::Errore, "errore", "errori", true},
+    {StatoRiga::Escluso, "escluso", "esclusi", false},
+});
+
+std::string inCifre(std::size_t numero) { return fromInteger(static_cast<std::int64_t>(numero)); }
+
+Value oTesto(std::string testo) { return testo.empty() ? Value() : Value::ofText(std::move(testo)); }
+
+std::vector<Value> rigaCsv(const intake::PostoMessaggio& posto, std::string_view stato,
+                           const Messaggio& messaggio) {
+  return {oTesto(posto.file),
+          posto.riga == 0 ? Value() : Value::ofInteger(static_cast<std::int64_t>(posto.riga)),
+          oTesto(messaggio.colonna),
+          oTesto(std::string(stato)),
+          oTesto(std::string(intake::voce(messaggio.codice).sigla)),
+          oTesto(messaggio.testo)};
+}
+
+intake::PostoMessaggio postoDi(const Piano& piano, const RigaPiano& riga) {
+  const intake::Lettura& lettura = (*piano.letture)[riga.posizione.file];
+  return {lettura.file, lettura.foglio, lettura.righe[riga.posizione.riga].numero};
+}
+
+bool errore(const Messaggio& messaggio) { return messaggio.gravita == Gravita::Errore; }
+
+}  // namespace
+
+bool fileDiResoconto(const std::string& file) {
+  return finisceCosi(file, ".json") || finisceCosi(file, ".csv");
+}
+
+void scriviResoconto(const std::string& file, const Piano& piano, const EsitoImportazione& esito) {
+  replaceFile(file, finisceCosi(file, ".json") ? resocontoJson(piano, esito) : resocontoCsv(piano));
+}
+
+std::string resocontoCsv(const Piano& piano) {
+  tabelle::TabellaDaScrivere tabella;
+  tabella.colonne = {"file", "riga", "colonna", "stato", "codice", "messaggio"};
+  for (const Messaggio& messaggio : piano.messaggi) {
+    tabella.righe.push_back(rigaCsv(messaggio.posto, {}, messaggio));
+  }
+  for (const RigaPiano& riga : piano.righe) {
+    const intake::PostoMessaggio posto = postoDi(piano, riga);
+    const std::string_view stato = intake::nome(riga.stato);
+    for (const Messaggio& messaggio : riga.messaggi) {
+      tabella.righe.push_back(rigaCsv(posto, stato, messaggio));
+    }
+    if (!riga.messaggi.empty()) continue;
+    tabella.righe.push_back({oTesto(posto.file), Value::ofInteger(static_cast<std::int64_t>(posto.riga)),
+                             Value(), oTesto(std::string(stato)), Value(),
+                             oTesto(piano.letta(riga).esclusa)});
+  }
+  return tabelle::scriviCsv(tabella);
+}
+
+void scriviMessaggi(const Piano& piano, std::ostream& uscita) {
+  for (const Messaggio& messaggio : piano.messaggi) uscita << dettoMessaggio(messaggio) << '\n';
+  for (const RigaPiano& riga : piano.righe) {
+    if (riga.messaggi.empty()) continue;
+    const intake::PostoMessaggio posto = postoDi(piano, riga);
+    for (const Messaggio& messaggio : riga.messaggi) uscita << dettoMessaggio(posto, messaggio) << '\n';
+  }
+}
+
+std::string dettiConteggi(const std::array<std::size_t, intake::kStatiRiga>& conteggi) {
+  std::string testo;
+  for (const ParoleStato& parole : kParole) {
+    const std::size_t quanti = conteggi[static_cast<std::size_t>(parole.stato)];
+    if (quanti == 0 && !parole.sempre) continue;
+    if (!testo.empty()) testo += ", ";
+    testo += inCifre(quanti) + ' ' + std::string(quanti == 1 ? parole.uno : parole.piu);
+  }
+  return testo;
+}
+
+std::string dettoEsito(const Piano& piano, const EsitoImportazione& esito) {
+  std::string testo = esito.applica ? "Importazione" : "Prova";
+  if (esito.lotto) testo += ' ' + fromInteger(*esito.lotto);
+  testo += ": " + dettiConteggi(piano.conteggi());
+  const auto generali =
+      static_cast<std::size_t>(std::count_if(piano.messaggi.begin(), piano.messaggi.end(), errore));
+  if (generali > 0)
+    testo += generali == 1 ? "; 1 errore generale" : "; " + inCifre(generali) + " errori generali";
+  testo += '.';
+  const std::set<intake::Codice> avvisi = piano.avvisiDaAccettare();
+  if (!avvisi.empty()) {
+    std::string sigle;
+    for (const intake::Codice codice : avvisi) {
+      if (!sigle.empty()) sigle += ',';
+      sigle += intake::voce(codice).sigla;
+    }
+    testo += " Avvisi da accettare: " + sigle + '.';
+  }
+  return esito.applicata ? testo : testo + " Non è stato scritto nulla.";
+}
+
+}  // namespace cu

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <ostream>
+#include <string>
+
+#include "intake/piano.h"
+
+namespace cu {
+
+// What became of a plan.
+struct EsitoImportazione {
+  bool applica = false;    // as asked for
+  bool riuscita = false;   // applied, tested without errors, or nothing to write
+  bool applicata = false;  // something was written
+  std::optional<std::int32_t> lotto;
+};
+
+// Whether a name ends in .json or .csv, in any case.
+bool fileDiResoconto(const std::string& file);
+
+// Writes the report as the file's ending asks. Raises Error.
+void scriviResoconto(const std::string& file, const intake::Piano& piano, const EsitoImportazione& esito);
+// The two forms.
+std::string resocontoJson(const intake::Piano& piano, const EsitoImportazione& esito);
+std::string resocontoCsv(const intake::Piano& piano);
+
+// Every message on a line with its place: those of files and accounts, then those of the rows in order.
+void scriviMessaggi(const intake::Piano& piano, std::ostream& uscita);
+
+// "120 nuovi, 3 uguali, 1 da decidere, 0 errori": the states that occur, and those four.
+std::string dettiConteggi(const std::array<std::size_t, intake::kStatiRiga>& conteggi);
+// One line: "Prova: 120 nuovi, ... Non è stato scritto nulla."
+std::string dettoEsito(const intake::Piano& piano, const EsitoImportazione& esito);
+
+}  // namespace cu

@@ -1,0 +1,26 @@
+#include "apps/importa/scrittura_tabella.h"
+
+#include "base/text.h"
+#include "suite/platform_file.h"
+
+namespace cu {
+namespace {
+
+bool finisceIn(const std::string& file, std::string_view estensione) {
+  return file.size() > estensione.size() &&
+         equalsNoCase(std::string_view(file).substr(file.size() - estensione.size()), estensione);
+}
+
+}  // namespace
+
+bool fileDiTabella(const std::string& file) { return finisceIn(file, ".csv") || finisceIn(file, ".xlsx"); }
+
+void scriviTabelle(const std::string& file, const std::vector<tabelle::TabellaDaScrivere>& tabelle) {
+  if (finisceIn(file, ".csv")) {
+    replaceFile(file, tabelle::scriviCsv(tabelle.front()));
+  } else {
+    tabelle::scriviXlsx(file, tabelle, {});
+  }
+}
+
+}  // namespace cu

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tabelle/scrittura.h"
+
+namespace cu {
+
+// Whether a name ends in .csv or .xlsx, in any case.
+bool fileDiTabella(const std::string& file);
+
+// Writes tables as the file's ending asks: a workbook with a sheet for each, or the first as a text. Raises
+// Error.
+void scriviTabelle(const std::string& file, const std::vector<tabelle::TabellaDaScrivere>& tabelle);
+
+}  // namespace cu
