@@ -120,17 +120,24 @@ class Pianificazione {
     });
   }
 
-  // The same answer as the one on record adds nothing.
+  // The same answer as the one on record adds nothing. A rejection has no protocol: it is the same as that of
+  // the last certificate that was sent, whatever was only written since, with the same reason.
   bool giaDetto(RigaPiano& riga, const std::vector<std::size_t>& sue) const {
+    const auto inviata = std::find_if(sue.rbegin(), sue.rend(), [&](std::size_t i) {
+      return piano_.registrate[i].stato != Stato::Scritta;
+    });
     for (const std::size_t i : sue) {
       const Registrata& r = piano_.registrate[i];
       const bool accettata = riga.letta.esito == "accettata" && r.protocollo == riga.letta.protocollo &&
                              r.progressivo == riga.letta.progressivo && !r.protocollo.empty();
-      const bool scartata = riga.letta.esito == "scartata" && r.stato == Stato::Scartata && i == sue.back();
+      const bool scartata = riga.letta.esito == "scartata" && r.stato == Stato::Scartata && i == *inviata &&
+                            (i == sue.back() || r.motivo == riga.letta.motivo);
       if (!accettata && !scartata) continue;
       riga.esito = EsitoRiga::Uguale;
       riga.codice = "R03";
-      riga.testo = "la risposta è già registrata";
+      const bool inTabella =
+          std::find(piano_.cambiate.begin(), piano_.cambiate.end(), i) != piano_.cambiate.end();
+      riga.testo = inTabella ? "ripete una riga precedente della tabella" : "la risposta è già registrata";
       riga.registrata = i;
       return true;
     }

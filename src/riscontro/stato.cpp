@@ -38,9 +38,11 @@ struct Storia {
     });
     return risposta != voci.rend() && risposta->stato == Stato::Scartata ? &*risposta : nullptr;
   }
-  // The last thing that happened. An ordinary certificate that was only written again changes nothing.
+  // The last thing that happened. An ordinary certificate that was only written again changes nothing, unless
+  // it is the new one of a rejected one.
   const Registrata* mostrata() const {
     if (const Registrata* const attesa = inAttesa()) return attesa;
+    if (accettata() == nullptr && !voci.empty()) return &voci.back();
     const auto risposta = std::find_if(voci.rbegin(), voci.rend(),
                                        [](const Registrata& r) { return r.stato != Stato::Scritta; });
     return risposta != voci.rend() ? &*risposta : voci.empty() ? nullptr : &voci.back();

@@ -114,6 +114,29 @@ TEST_F(Ricevuta, TheSameAnswerIsEqual) {
   EXPECT_TRUE(piano.cambiate.empty());
 }
 
+TEST_F(Ricevuta, ARejectionReadAgainIsNotOfAnotherFileThatWasOnlyWritten) {
+  con_.registro.segnaInviato(con_.scrivi({certificato("P1", "A")}), giorno());
+  con_.scrivi({certificato("P1", "A")});
+  applicata({scartata("P1")});
+  EXPECT_EQ(con_.stati(), "scartata scritta");
+  EXPECT_EQ(codiceDi(scartata("P1")), "R03");
+  applicata({scartata("P1")});
+  EXPECT_EQ(con_.stati(), "scartata scritta");
+  // Another reason is another answer.
+  RigaRicevuta altra = scartata("P1");
+  altra.motivo = "altro";
+  EXPECT_EQ(codiceDi(altra), "");
+}
+
+TEST_F(Ricevuta, ARowThatRepeatsAnotherOfItsTableSaysSo) {
+  con_.scrivi({certificato("P1", "A")});
+  const PianoRicevuta piano = pianifica(con_.registro, 1, {accettata("P1"), accettata("P1")});
+  EXPECT_EQ(piano.righe[1].codice, "R03");
+  EXPECT_EQ(piano.righe[1].testo, "ripete una riga precedente della tabella");
+  applica(con_.registro, piano, giorno());
+  EXPECT_EQ(pianifica(con_.registro, 1, {accettata("P1")}).righe[0].testo, "la risposta è già registrata");
+}
+
 TEST_F(Ricevuta, NamesWhatIsWrong) {
   con_.scrivi({certificato("P1", "A")});
   EXPECT_EQ(codiceDi(accettata("", "A")), "P12");

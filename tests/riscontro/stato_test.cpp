@@ -101,6 +101,8 @@ TEST_F(Stati, OfARejectedOne) {
   invia(scrivi({conto(0)}));
   rispondi(conto(0), "scartata", "");
   EXPECT_EQ(primo(), "scartata nuova");
+  scrivi({conto(0)});
+  EXPECT_EQ(primo(), "scritta nuova");
 }
 
 TEST_F(Stati, KeepTheReasonOfARejectionUntilSomethingIsAccepted) {
