@@ -96,12 +96,13 @@ inline constexpr auto kVociCodici = [] {
   // clang-format on
 }();
 static_assert(kVociCodici.size() == kCodici);
-static_assert([] {
+constexpr bool vociInOrdine() {
   for (std::size_t i = 0; i < kVociCodici.size(); ++i) {
     if (kVociCodici[i].codice != static_cast<Codice>(i)) return false;
   }
   return true;
-}());
+}
+static_assert(vociInOrdine());
 
 constexpr const VoceCodice& voce(Codice codice) { return kVociCodici[static_cast<std::size_t>(codice)]; }
 // Whether a person can accept messages with the code: those that are warnings, always or, as V09, where what

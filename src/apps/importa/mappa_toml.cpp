@@ -155,8 +155,8 @@ Fonte leggiFonte(const LettoreToml& colonne, std::string_view chiave, const Colo
     if (!unibile) colonne.rifiuta(chiave, "valore non ammesso", "una sola intestazione");
     return {leggiIntestazioni(colonne, chiave, *elenco), {}, Segno::ComeScritto};
   }
-  if (nodo.is_table()) return leggiTabellaFonte(colonne.sezione(chiave), chiave, colonne, colonna);
-  colonne.rifiuta(chiave, "tipo sbagliato", kAttesaFonte);
+  if (!nodo.is_table()) colonne.rifiuta(chiave, "tipo sbagliato", kAttesaFonte);
+  return leggiTabellaFonte(colonne.sezione(chiave), chiave, colonne, colonna);
 }
 
 // The column that a key means.
