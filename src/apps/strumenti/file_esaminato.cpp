@@ -170,10 +170,10 @@ FileEsaminato FileEsaminato::leggi(const std::string& percorso, const Avanza& av
 
 void FileEsaminato::ordinaRilievi() {
   std::stable_partition(rilievi_.begin(), rilievi_.end(), [this](const lettura::Rilievo& rilievo) {
-    return !certificatoDi(rilievo.riga).has_value();
+    return !certificatoDi(rilievo).has_value();
   });
   for (const lettura::Rilievo& rilievo : rilievi_) {
-    const auto quale = certificatoDi(rilievo.riga);
+    const auto quale = certificatoDi(rilievo);
     if (!quale) continue;
     const bool errore = lettura::voce(rilievo.regola).gravita == lettura::Gravita::Errore;
     ++(errore ? certificati_[*quale].errori : certificati_[*quale].avvisi);
@@ -188,6 +188,13 @@ std::optional<std::size_t> FileEsaminato::certificatoDi(std::int64_t riga) const
   const auto trovato = dopo - 1;
   if (riga > trovato->ultima) return std::nullopt;
   return static_cast<std::size_t>(trovato - certificati_.begin());
+}
+
+std::optional<std::size_t> FileEsaminato::certificatoDi(const lettura::Rilievo& rilievo) const {
+  using lettura::Regola;
+  const Regola regola = rilievo.regola;
+  if (regola == Regola::L04 || regola == Regola::O04 || regola == Regola::O05) return std::nullopt;
+  return certificatoDi(rilievo.riga);
 }
 
 std::vector<std::string> FileEsaminato::righe(std::int64_t prima, std::int64_t ultima) const {

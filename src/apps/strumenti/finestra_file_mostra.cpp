@@ -159,7 +159,7 @@ void FinestraFile::filtraRilievi() {
   if (quale_ && ora && certificatoDelRilievo(*ora) != quale_) {
     const std::vector<lettura::Rilievo>& tutti = file_->rilievi();
     const auto suo = std::find_if(tutti.begin(), tutti.end(), [this](const lettura::Rilievo& uno) {
-      return file_->certificatoDi(uno.riga) == quale_;
+      return file_->certificatoDi(uno) == quale_;
     });
     if (suo != tutti.end()) rilievi_->scegli(static_cast<std::size_t>(suo - tutti.begin()));
   }
@@ -206,7 +206,7 @@ void FinestraFile::mostraTratto(std::optional<std::size_t> rilievo) {
 }
 
 std::optional<std::size_t> FinestraFile::certificatoDelRilievo(std::size_t rilievo) const {
-  return file_->certificatoDi(file_->rilievi().at(rilievo).riga);
+  return file_->certificatoDi(file_->rilievi().at(rilievo));
 }
 
 void FinestraFile::vaiAlRilievo(std::size_t rilievo) {

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "apps/comune/file_letto.h"
 #include "apps/strumenti/conteggi.h"
 #include "apps/strumenti/file_esaminato.h"
@@ -142,6 +144,21 @@ TEST(FileRead, FindingsOfTheWholeFileComeFirst) {
     diCertificato = suo;
   }
   EXPECT_TRUE(diCertificato);
+}
+
+TEST(FileRead, AFileCutInHalfSaysSoBeforeWhatItsCertificatesHave) {
+  const test::TempFolder cartella;
+  const std::string testo = molti(10).testo();
+  const FileEsaminato file =
+      FileEsaminato::leggi(test::scritto(cartella / "meta.cur", testo.substr(0, 12 * 1900)), {});
+  const auto fine =
+      std::find_if(file.rilievi().begin(), file.rilievi().end(),
+                   [](const lettura::Rilievo& uno) { return uno.regola == lettura::Regola::L04; });
+  ASSERT_NE(fine, file.rilievi().end());
+  EXPECT_EQ(file.certificatoDi(*fine), std::nullopt);
+  for (auto prima = file.rilievi().begin(); prima != fine; ++prima)
+    EXPECT_EQ(file.certificatoDi(*prima), std::nullopt);
+  for (const RigaCertificato& uno : file.certificati()) EXPECT_EQ(uno.errori, 0U) << uno.numero;
 }
 
 TEST(FileRead, CountsHaveThousandsMarks) {
