@@ -72,8 +72,8 @@ class FileEsaminato {
 
   // The certificate to whose lines the line belongs.
   std::optional<std::size_t> certificatoDi(std::int64_t riga) const;
-  // Of a finding; none for one of the whole file, also where it is shown on a certificate's line: a file that ends
-  // too early ends in a certificate.
+  // Of a finding; none for one of the whole file, also where it is shown on a certificate's line: a file that
+  // ends too early ends in a certificate.
   std::optional<std::size_t> certificatoDi(const lettura::Rilievo& rilievo) const;
   // Reads a certificate again. Error where the file is no longer the one that was read.
   lettura::Certificato rileggi(std::size_t certificato) const;
