@@ -24,7 +24,7 @@ int rifiutaUso(const UsoSbagliato& errore) {
 
 DatabaseSuite apriDatabase(const OpzioniDatabase& opzioni) {
   const auto database = databaseIndicato(opzioni);
-  if (!database) throw UsoSbagliato({});
+  if (!database) throw UsoSbagliato(std::string());
   return {apriConnessione(*database), nullptr};
 }
 
