@@ -34,9 +34,8 @@ void check(bool kept, const char* what) {
 
 void checkMessage(const Lettura& reading, std::size_t row, const cu::intake::Messaggio& message) {
   check(!message.testo.empty(), "a message without a text");
-  for (const char c : cu::intake::row == 0
-                          ? cu::intake::dettoMessaggio(message)
-                          : cu::intake::dettoMessaggio({reading.file, reading.foglio, row}, message)) {
+  for (const char c : row == 0 ? cu::intake::dettoMessaggio(message)
+                               : cu::intake::dettoMessaggio({reading.file, reading.foglio, row}, message)) {
     check(static_cast<unsigned char>(c) >= 0x20, "a message of several lines");
   }
 }
