@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "apps/importa/comandi_importa.h"
-#include "apps/importa/resoconto.h"
-#include "apps/importa/scrittura_tabella.h"
+#include "apps/importazione/resoconto.h"
+#include "apps/importazione/scrittura_tabella.h"
 #include "tabelle/lettura.h"
 #include "uso.h"
 

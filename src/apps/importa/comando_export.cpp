@@ -3,7 +3,7 @@
 
 #include "apps/comune/codici_uscita.h"
 #include "apps/importa/database_importa.h"
-#include "apps/importa/scrittura_tabella.h"
+#include "apps/importazione/scrittura_tabella.h"
 #include "intake/esporta.h"
 
 namespace cu {

@@ -3,7 +3,7 @@
 
 #include "apps/comune/codici_uscita.h"
 #include "apps/importa/database_importa.h"
-#include "apps/importa/resoconto.h"
+#include "apps/importazione/resoconto.h"
 #include "intake/storico.h"
 
 namespace cu {

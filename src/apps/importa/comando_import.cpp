@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <utility>
@@ -6,19 +5,17 @@
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/file_letto.h"
 #include "apps/importa/database_importa.h"
-#include "apps/importa/file_importato.h"
-#include "apps/importa/mappe_personali.h"
-#include "apps/importa/resoconto.h"
-#include "archive/ricostruzione.h"
+#include "apps/importazione/esecuzione.h"
+#include "apps/importazione/file_importato.h"
+#include "apps/importazione/mappe_personali.h"
+#include "apps/importazione/resoconto.h"
 #include "base/text.h"
-#include "intake/applica.h"
 #include "suite/lettore_toml.h"
 #include "suite/orologio.h"
 
 namespace cu {
 namespace {
 
-using intake::Gravita;
 using intake::Lettura;
 using intake::Mappatura;
 using intake::Piano;
@@ -63,20 +60,6 @@ Lettura leggiUno(const OpzioniImport& opzioni, const std::optional<Mappa>& indic
   return lettura;
 }
 
-bool illeggibile(const Lettura& lettura) {
-  if (!lettura.righe.empty() || lettura.messaggi.size() != 1) return false;
-  const intake::Codice codice = lettura.messaggi.front().codice;
-  return codice >= intake::Codice::F01 && codice <= intake::Codice::F05;
-}
-
-// A bad file stops nothing as long as there is a good one.
-void tralasciaIllegibili(std::vector<Lettura>& letture) {
-  if (std::all_of(letture.begin(), letture.end(), illeggibile)) return;
-  for (Lettura& lettura : letture) {
-    if (illeggibile(lettura)) lettura.messaggi.front().gravita = Gravita::Informazione;
-  }
-}
-
 std::vector<Lettura> leggiTutti(const OpzioniImport& opzioni, Date oggi) {
   const std::optional<Mappa> indicata = mappaIndicata(opzioni);
   std::vector<Lettura> letture;
@@ -93,23 +76,6 @@ void verificaResoconto(const std::string& file) {
   const std::filesystem::path cartella = std::filesystem::absolute(file).parent_path();
   if (!canCreateFile(cartella.string()))
     throw UsoSbagliato("--report: non si può scrivere in " + cartella.string());
-}
-
-// A test does everything that applying does, and takes it back.
-EsitoImportazione eseguiPiano(DatabaseSuite& database, const Piano& piano, const OpzioniImport& opzioni) {
-  EsitoImportazione esito;
-  esito.applica = opzioni.applica;
-  if (!piano.applicabile()) return esito;
-  RicostruzioneContiIndividuali ricostruzione;
-  const auto applicato =
-      intake::applica(database, ricostruzione, piano,
-                      {.prova = !opzioni.applica, .utente = "cuctl", .momento = momentoAttuale()});
-  for (const Finding& rifiuto : applicato.refusals) std::cerr << rifiuto.text << '\n';
-  if (!applicato) return esito;
-  esito.riuscita = true;
-  esito.lotto = applicato->lotto;
-  esito.applicata = opzioni.applica && esito.lotto.has_value();
-  return esito;
 }
 
 }  // namespace
@@ -131,7 +97,9 @@ int comandoImport(const OpzioniImport& opzioni) {
     richiesta.oggi = oggi;
     const Piano piano = intake::pianifica(database.ownConnection(), std::move(letture), richiesta);
     scriviMessaggi(piano, std::cerr);
-    const EsitoImportazione esito = eseguiPiano(database, piano, opzioni);
+    const Esecuzione eseguita = eseguiPiano(database, piano, {.applica = opzioni.applica, .utente = "cuctl"});
+    for (const std::string& rifiuto : eseguita.rifiuti) std::cerr << rifiuto << '\n';
+    const EsitoImportazione& esito = eseguita.esito;
     if (!opzioni.resoconto.empty()) scriviResoconto(opzioni.resoconto, piano, esito);
     std::cout << dettoEsito(piano, esito) << '\n';
     return esito.riuscita ? kRiuscito : kRifiutato;

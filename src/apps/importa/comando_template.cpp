@@ -2,8 +2,8 @@
 
 #include "apps/comune/codici_uscita.h"
 #include "apps/importa/comandi_importa.h"
-#include "apps/importa/modello_tabella.h"
-#include "apps/importa/scrittura_tabella.h"
+#include "apps/importazione/modello_tabella.h"
+#include "apps/importazione/scrittura_tabella.h"
 
 namespace cu {
 

@@ -2,18 +2,14 @@
 
 #include "apps/comune/codici_uscita.h"
 #include "apps/importa/database_importa.h"
-#include "archive/ricostruzione.h"
-#include "intake/annulla.h"
+#include "apps/importazione/esecuzione.h"
 
 namespace cu {
 
 int comandoUndo(const OpzioniUndo& opzioni) {
   try {
     DatabaseSuite database = apriDatabase(opzioni.database);
-    RicostruzioneContiIndividuali ricostruzione;
-    const auto annullato =
-        intake::annulla(database, ricostruzione,
-                        {.lotto = opzioni.lotto, .prova = !opzioni.applica, .momento = momentoAttuale()});
+    const auto annullato = annullaLotto(database, opzioni.lotto, !opzioni.applica);
     for (const Finding& rifiuto : annullato.refusals) std::cerr << rifiuto.text << '\n';
     if (!annullato) {
       std::cout << "Importazione " << opzioni.lotto << ": non si può annullare. Non è stato scritto nulla.\n";

@@ -3,18 +3,9 @@
 #include <iostream>
 
 #include "apps/comune/codici_uscita.h"
-
 #include "intake/esporta.h"
-#include "suite/orologio.h"
 
 namespace cu {
-namespace {
-
-std::string dueCifre(int numero) {
-  return {static_cast<char>('0' + numero / 10), static_cast<char>('0' + numero % 10)};
-}
-
-}  // namespace
 
 int rifiutaUso(const UsoSbagliato& errore) {
   const std::string testo = errore.what();
@@ -32,13 +23,6 @@ std::int32_t aziendaDi(Connection& connessione, const std::string& codiceOId) {
   const auto azienda = intake::cercaAzienda(connessione, codiceOId);
   if (!azienda) throw UsoSbagliato("--company: nel database non c'è un'azienda " + codiceOId);
   return *azienda;
-}
-
-std::string momentoAttuale() {
-  const OrologioSistema orologio;
-  const TimeOfDay ora = orologio.now();
-  return orologio.today().toIso() + ' ' + dueCifre(ora.hour) + ':' + dueCifre(ora.minute) + ':' +
-         dueCifre(ora.second);
 }
 
 }  // namespace cu

@@ -25,7 +25,4 @@ DatabaseSuite apriDatabase(const OpzioniDatabase& opzioni);
 // The company of a fiscal code or id. UsoSbagliato for one that the database does not have.
 std::int32_t aziendaDi(Connection& connessione, const std::string& codiceOId);
 
-// "2018-03-05 10:30:00", of the machine's clock.
-std::string momentoAttuale();
-
 }  // namespace cu

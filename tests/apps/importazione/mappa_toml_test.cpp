@@ -1,4 +1,4 @@
-#include "apps/importa/mappa_toml.h"
+#include "apps/importazione/mappa_toml.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
-#include "apps/importa/modello_tabella.h"
+#include "apps/importazione/modello_tabella.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
 
-#include "apps/importa/scrittura_tabella.h"
+#include "apps/importazione/scrittura_tabella.h"
 #include "intake/lettura_righe.h"
 #include "support/temp_folder.h"
 

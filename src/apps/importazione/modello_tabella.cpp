@@ -1,4 +1,4 @@
-#include "apps/importa/modello_tabella.h"
+#include "apps/importazione/modello_tabella.h"
 
 #include <string>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "apps/importa/file_importato.h"
+#include "apps/importazione/file_importato.h"
 
 #include <QCryptographicHash>
 #include <algorithm>

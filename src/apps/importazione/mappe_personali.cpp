@@ -1,4 +1,4 @@
-#include "apps/importa/mappe_personali.h"
+#include "apps/importazione/mappe_personali.h"
 
 #include <QCryptographicHash>
 #include <QStandardPaths>

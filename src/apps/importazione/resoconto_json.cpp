@@ -1,6 +1,6 @@
 #include <nlohmann/json.hpp>
 
-#include "apps/importa/resoconto.h"
+#include "apps/importazione/resoconto.h"
 
 namespace cu {
 namespace {

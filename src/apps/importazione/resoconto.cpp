@@ -1,4 +1,4 @@
-#include "apps/importa/resoconto.h"
+#include "apps/importazione/resoconto.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "apps/importa/scrittura_tabella.h"
+#include "apps/importazione/scrittura_tabella.h"
 
 #include "base/text.h"
 #include "suite/platform_file.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "apps/importa/mappa_toml.h"
+#include "apps/importazione/mappa_toml.h"
 
 namespace cu {
 

@@ -1,0 +1,64 @@
+#include "apps/importazione/esecuzione.h"
+
+#include <algorithm>
+
+#include "archive/ricostruzione.h"
+#include "intake/applica.h"
+#include "suite/orologio.h"
+
+namespace cu {
+namespace {
+
+using intake::Lettura;
+
+std::string dueCifre(int numero) {
+  return {static_cast<char>('0' + numero / 10), static_cast<char>('0' + numero % 10)};
+}
+
+bool illeggibile(const Lettura& lettura) {
+  if (!lettura.righe.empty() || lettura.messaggi.size() != 1) return false;
+  const intake::Codice codice = lettura.messaggi.front().codice;
+  return codice >= intake::Codice::F01 && codice <= intake::Codice::F05;
+}
+
+}  // namespace
+
+void tralasciaIllegibili(std::vector<Lettura>& letture) {
+  if (std::all_of(letture.begin(), letture.end(), illeggibile)) return;
+  for (Lettura& lettura : letture) {
+    if (illeggibile(lettura)) lettura.messaggi.front().gravita = intake::Gravita::Informazione;
+  }
+}
+
+std::string momentoAttuale() {
+  const OrologioSistema orologio;
+  const TimeOfDay ora = orologio.now();
+  return orologio.today().toIso() + ' ' + dueCifre(ora.hour) + ':' + dueCifre(ora.minute) + ':' +
+         dueCifre(ora.second);
+}
+
+Esecuzione eseguiPiano(DatabaseSuite& database, const intake::Piano& piano,
+                       const RichiestaEsecuzione& richiesta, ProgressSink* avanzamento) {
+  Esecuzione eseguita;
+  EsitoImportazione& esito = eseguita.esito;
+  esito.applica = richiesta.applica;
+  if (!piano.applicabile()) return eseguita;
+  RicostruzioneContiIndividuali ricostruzione;
+  const auto applicato = intake::applica(
+      database, ricostruzione, piano,
+      {.prova = !richiesta.applica, .utente = richiesta.utente, .momento = momentoAttuale()}, avanzamento);
+  for (const Finding& rifiuto : applicato.refusals) eseguita.rifiuti.push_back(rifiuto.text);
+  if (!applicato) return eseguita;
+  esito.riuscita = true;
+  esito.lotto = applicato->lotto;
+  esito.applicata = richiesta.applica && esito.lotto.has_value();
+  return eseguita;
+}
+
+Result<intake::Annullato> annullaLotto(DatabaseSuite& database, std::int32_t lotto, bool prova) {
+  RicostruzioneContiIndividuali ricostruzione;
+  return intake::annulla(database, ricostruzione,
+                         {.lotto = lotto, .prova = prova, .momento = momentoAttuale()});
+}
+
+}  // namespace cu
