@@ -115,6 +115,8 @@ LettoreCelle::Cella LettoreCelle::conValori(const ColonnaLetta& colonna, Cella c
 ValoreLetto LettoreCelle::leggi(const ColonnaLetta& colonna, const tabelle::RigaTabella& riga,
                                 std::vector<Messaggio>& messaggi) {
   const ColonnaTrovata& trovata = *colonna.trovata;
+  // An empty one is how a profile leaves a column out.
+  if (trovata.costante && trovata.costante->empty()) return {};
   if (trovata.costante) return una(colonna, {*trovata.costante, Genere::Testo, false}, messaggi);
   ValoreLetto insieme;
   bool male = false;

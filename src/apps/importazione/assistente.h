@@ -1,0 +1,144 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <set>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "apps/importazione/esecuzione.h"
+#include "apps/importazione/file_scelto.h"
+#include "apps/importazione/mappa_toml.h"
+#include "apps/importazione/riepiloghi.h"
+#include "apps/importazione/righe_mostrate.h"
+#include "apps/importazione/stato_database.h"
+#include "intake/piano.h"
+
+namespace cu {
+
+enum class Passo : std::uint8_t { Sorgente, Lettura, Colonne, Percipienti, Compensi, Prova, Esito };
+inline constexpr std::size_t kPassi = 7;
+// "Percipienti"; for a list of companies the step of the payees is theirs.
+std::string titoloPasso(Passo passo, intake::Elenco elenco);
+
+// An import in seven steps: what a person has chosen so far, and what follows from it. What takes its time is
+// a work that is done elsewhere, and whose result is taken in afterwards; nothing that was chosen is lost on
+// the way back, and what follows from a change is worked out again when its step is reached. Nothing is
+// written but by `importa` and `aggiungiTabelle`.
+class Assistente {
+ public:
+  struct Ambiente {
+    Profilo::Database database;
+    std::int32_t azienda = 0;
+    std::string cartellaMappe;  // of the person's profiles
+    std::string utente;         // for the history
+    Date oggi;
+  };
+  // `lavoro` may run in any thread: it uses nothing that changes meanwhile. What it raises, and what its sink
+  // raises, ends it with nothing written. `accogli` is called after it, in the assistant's thread.
+  struct Compito {
+    const char* che = "";  // "Lettura delle righe"
+    std::function<void(ProgressSink* avanzamento)> lavoro;
+    std::function<void()> accogli;
+    bool scrive = false;
+  };
+
+  explicit Assistente(Ambiente ambiente) : ambiente_(std::move(ambiente)) {}
+
+  // The step at hand, and the ways out of it.
+  Passo passo() const { return passo_; }
+  bool comprende(Passo passo) const;  // whether the kind of data has the step
+  // Why there is no next step yet, as a sentence; "" where there is nothing against it.
+  std::string impedimento() const;
+  bool puoAvanzare() const;
+  bool puoTornare() const;
+  void avanti();
+  void indietro() { vai(precedente()); }
+  void vai(Passo passo);  // back to a step that was passed
+  // What has to be worked out before the step at hand can be shown; nothing when it can.
+  std::optional<Compito> daFare();
+
+  // Source.
+  const std::optional<StatoDatabase>& database() const { return database_; }
+  void rileggiDatabase() { database_.reset(); }
+  void ammettiEstraneo(bool ammesso);
+  bool ammesso() const { return richiesta_.databaseEstraneo; }
+  std::int32_t azienda() const { return ambiente_.azienda; }
+  void scegliAzienda(std::int32_t azienda);
+  intake::Elenco elenco() const { return elenco_; }
+  void scegliElenco(intake::Elenco elenco);
+  std::optional<int> anno() const { return richiesta_.anno; }
+  void scegliAnno(std::optional<int> anno);  // payments of other years are left out
+  // The kind of data follows from the headings of the first file unless it was chosen.
+  void aggiungi(const std::vector<std::string>& percorsi);
+  void togli(std::size_t file);
+  const std::vector<FileScelto>& file() const { return file_; }
+
+  // Reading and columns: what is changed for a file is changed for all that have the same heading.
+  std::size_t quantiSimili(std::size_t file) const;  // itself among them
+  void cambiaMappatura(std::size_t file, const intake::Mappatura& mappatura);
+  Mappa profilo(std::size_t file) const;
+  void usaProfilo(std::size_t file, const Mappa& mappa);  // of the same kind of data
+  const intake::Lettura* lettura(std::size_t file) const;
+
+  // Payees, payments and trial.
+  const intake::Piano* piano() const { return piano_.get(); }
+  const std::vector<RigaMostrata>& righe() const { return *righe_; }
+  const intake::Decisione& decisione(std::size_t riga) const;
+  void decidi(std::span<const std::size_t> righe, const std::function<void(intake::Decisione&)>& come);
+  intake::SuDiversi suDiversi() const { return richiesta_.diversi; }
+  void scegliDiversi(intake::SuDiversi diversi);
+  void accetta(intake::Codice codice, bool accettato);
+  void ripetiPiano() { scarta(Livello::Piano); }
+  const std::optional<Esecuzione>& prova() const { return prova_; }
+
+  // Result. Only after a trial that was successful.
+  bool puoImportare() const;
+  Compito importa();
+  const std::optional<Esecuzione>& importata() const { return importata_; }
+  // A new import into the same database: files and what follows from them are forgotten.
+  void ricomincia();
+
+  const Ambiente& ambiente() const { return ambiente_; }
+
+ private:
+  // What is known only after some work, each of what comes before it.
+  enum class Livello : std::uint8_t { Tabelle, Letture, Piano, Prova };
+  // Forgets it and what follows from it.
+  void scarta(Livello livello);
+  Passo precedente() const;
+  std::string impedimentoSorgente() const;
+  Compito esamina();
+  Compito carica();
+  Compito rileggi();
+  Compito leggi();
+  Compito pianifica();
+  Compito prova(bool applica);
+  // Takes a result in unless something that it depends on has changed meanwhile.
+  std::function<void()> seAncora(std::function<void()> accogli);
+  void raggruppa();
+
+  Ambiente ambiente_;
+  Passo passo_ = Passo::Sorgente;
+  std::uint64_t revisione_ = 0;
+  std::optional<StatoDatabase> database_;
+  intake::Elenco elenco_ = intake::Elenco::Compensi;
+  bool elencoScelto_ = false;
+  std::vector<FileScelto> file_;
+  std::vector<std::size_t> gruppi_;  // of each file: the first one that is like it
+  std::set<std::string> daCaricare_;
+  bool daRileggere_ = false;
+  std::shared_ptr<const std::vector<intake::Lettura>> letture_;
+  intake::RichiestaPiano richiesta_;
+  std::shared_ptr<intake::Piano> piano_;
+  std::shared_ptr<const std::vector<RigaMostrata>> righe_;
+  std::optional<Esecuzione> prova_;
+  std::optional<Esecuzione> importata_;
+};
+
+}  // namespace cu

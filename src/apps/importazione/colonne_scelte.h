@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "apps/importazione/file_scelto.h"
+#include "intake/lettura_righe.h"
+
+namespace cu {
+
+// A column of the list, where a file has it, and what its rows give for it.
+struct ColonnaScelta {
+  const intake::Colonna* colonna = nullptr;
+  std::vector<std::string> intestazioni;  // of the file
+  std::optional<std::string> costante;
+  intake::Segno segno = intake::Segno::ComeScritto;
+  bool scelta = false;              // by a person or a profile; otherwise found by its name
+  std::size_t valori = 0;           // rows with a value
+  std::vector<std::string> esempi;  // the first different values, as they were read
+  std::string estremi;              // of dates: "dal 05/01/2017 al 12/12/2017"
+  bool presente() const { return !intestazioni.empty() || (costante && !costante->empty()); }
+};
+
+// In the order of the list. The file has a table.
+std::vector<ColonnaScelta> colonneScelte(const FileScelto& file, const intake::Lettura& lettura);
+
+// The headings of a table as they are shown; "" for a column without one.
+std::vector<std::string> intestazioniDi(const tabelle::Tabella& tabella);
+
+// Whether a column can be made of several ones of the file.
+bool unisceColonne(const intake::Colonna& colonna);
+// Where the values of a column come from, from now on: no headings and no constant is a column that is not
+// imported, also where the file has one of its name.
+void cambiaFonte(intake::Mappatura& mappatura, std::uint8_t colonna, intake::Fonte fonte);
+
+// The different texts of a column of the file with what each means, up to a number of them.
+using Significati = std::vector<std::pair<std::string, std::string>>;
+Significati testiDi(const FileScelto& file, const ColonnaScelta& colonna, std::size_t massimo);
+void cambiaSignificato(intake::Mappatura& mappatura, std::uint8_t colonna, const std::string& testo,
+                       const std::string& significato);
+
+// A value as a window shows it: "1234,50", "05/03/2017", "sì".
+std::string valoreMostrato(CellView valore, intake::TipoColonna tipo);
+
+}  // namespace cu

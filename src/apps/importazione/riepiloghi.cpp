@@ -1,0 +1,192 @@
+#include "apps/importazione/riepiloghi.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <unordered_map>
+#include <utility>
+
+#include "intake/archivio_letto.h"
+#include "intake/conti_toccati.h"
+
+namespace cu {
+namespace {
+
+using intake::Codice;
+using intake::ColonnaCompenso;
+using intake::Gravita;
+using intake::Messaggio;
+using intake::Piano;
+using intake::RigaPiano;
+using Stato = SoggettoPiano::Stato;
+
+void aggiungiImporti(schede::Importi& totale, const schede::Importi& importi) {
+  for (std::size_t i = 0; i < totale.size(); ++i) totale[i] = totale[i] + importi[i];
+}
+
+intake::PostoMessaggio postoDellaRiga(const Piano& piano, const RigaPiano& riga) {
+  const intake::Lettura& lettura = (*piano.letture)[riga.posizione.file];
+  return {lettura.file, lettura.foglio, lettura.righe[riga.posizione.riga].numero};
+}
+
+bool haMessaggio(const RigaPiano& riga, Codice codice) {
+  return std::any_of(riga.messaggi.begin(), riga.messaggi.end(),
+                     [&](const Messaggio& uno) { return uno.codice == codice; });
+}
+
+std::string chiaveLetta(const intake::RigaLetta& letta) {
+  for (const ColonnaCompenso colonna :
+       {ColonnaCompenso::CodicePercipiente, ColonnaCompenso::CodiceFiscale, ColonnaCompenso::PartitaIva}) {
+    if (letta.ha(colonna)) return std::string(letta.valore(colonna).text());
+  }
+  return {};
+}
+
+Stato statoSenzaVoce(const RigaPiano& riga) {
+  if (haMessaggio(riga, Codice::P09)) return Stato::DaScegliere;
+  if (haMessaggio(riga, Codice::P12)) return Stato::Assente;
+  if (haMessaggio(riga, Codice::P10)) return Stato::InConflitto;
+  return Stato::NonCercato;
+}
+
+class RaccoltaSoggetti {
+ public:
+  explicit RaccoltaSoggetti(const Piano& piano) : piano_(piano) {
+    for (const schede::SchedaPercipiente& uno : piano.archivio->percipienti) {
+      perId_.emplace(uno.anagrafica.id, &uno);
+    }
+  }
+
+  void riga(std::size_t quale) {
+    const RigaPiano& riga = piano_.righe[quale];
+    if (riga.stato == intake::StatoRiga::Escluso) return;
+    if (riga.voce == intake::kSenzaVoce) {
+      const std::string chiave = chiaveLetta(piano_.letta(riga));
+      const Stato stato = statoSenzaVoce(riga);
+      SoggettoPiano& suo = diChiave({static_cast<int>(stato), chiave});
+      suo.stato = stato;
+      suo.chiave = chiave;
+      suo.candidati = riga.candidati;
+      suo.righe.push_back(quale);
+      const CellView onorario = piano_.letta(riga).valore(ColonnaCompenso::Onorario);
+      if (!onorario.isNull()) suo.onorari = suo.onorari + onorario.decimal();
+      return;
+    }
+    const schede::SchedaCompenso& compenso = piano_.compensi[riga.voce].dopo;
+    SoggettoPiano& suo = diChiave({kConVoce, std::to_string(compenso.idAnagrafica)});
+    suo.stato = Stato::Trovato;
+    suo.righe.push_back(quale);
+    suo.onorari = suo.onorari + compenso.importi[schede::posto(schede::Importo::Onorario)];
+    const auto noto = perId_.find(compenso.idAnagrafica);
+    if (noto == perId_.end() || !suo.chiave.empty()) return;
+    const schede::SchedaAnagrafica& anagrafica = noto->second->anagrafica;
+    suo.chiave = noto->second->codice;
+    suo.nome =
+        anagrafica.nome.empty() ? anagrafica.anagrafica : anagrafica.anagrafica + ' ' + anagrafica.nome;
+  }
+
+  std::vector<SoggettoPiano> presi() {
+    constexpr std::array<int, 5> kOrdine = {4, 2, 0, 1, 3};
+    std::stable_sort(soggetti_.begin(), soggetti_.end(), [&](const SoggettoPiano& a, const SoggettoPiano& b) {
+      return kOrdine[static_cast<std::size_t>(a.stato)] < kOrdine[static_cast<std::size_t>(b.stato)];
+    });
+    return std::move(soggetti_);
+  }
+
+ private:
+  static constexpr int kConVoce = -1;
+  SoggettoPiano& diChiave(std::pair<int, std::string> chiave) {
+    const auto [suo, nuovo] = posti_.try_emplace(std::move(chiave), soggetti_.size());
+    if (nuovo) soggetti_.emplace_back();
+    return soggetti_[suo->second];
+  }
+
+  const Piano& piano_;
+  std::unordered_map<std::int32_t, const schede::SchedaPercipiente*> perId_;
+  std::map<std::pair<int, std::string>, std::size_t> posti_;
+  std::vector<SoggettoPiano> soggetti_;
+};
+
+}  // namespace
+
+std::vector<SommaAnnoCausale> sommePerAnnoECausale(const Piano& piano) {
+  std::map<std::pair<int, std::string>, SommaAnnoCausale> somme;
+  std::vector<SommaAnnoCausale*> deiConti;
+  for (const intake::ContoPiano& conto : piano.conti) {
+    SommaAnnoCausale& sua = somme[{conto.anno, conto.causale}];
+    sua.anno = conto.anno;
+    sua.causale = conto.causale;
+    ++sua.conti;
+    if (conto.prima) aggiungiImporti(sua.prima, *conto.prima);
+    aggiungiImporti(sua.dopo, conto.dopo);
+    deiConti.push_back(&sua);
+  }
+  for (const RigaPiano& riga : piano.righe) {
+    if (riga.conto >= 0 && intake::scritta(piano, riga))
+      ++deiConti[static_cast<std::size_t>(riga.conto)]->compensi;
+  }
+  std::vector<SommaAnnoCausale> ordinate;
+  for (auto& [chiave, somma] : somme) ordinate.push_back(std::move(somma));
+  return ordinate;
+}
+
+Decimal ritenute(const schede::Importi& importi) {
+  return importi[schede::posto(schede::Importo::RitenutaAcconto)] +
+         importi[schede::posto(schede::Importo::RitenutaImposta)];
+}
+
+std::vector<AvvisiDiCodice> avvisiPerCodice(const Piano& piano) {
+  std::map<Codice, AvvisiDiCodice> trovati;
+  const auto aggiungi = [&](const Messaggio& uno, const intake::PostoMessaggio& posto) {
+    if (uno.gravita != Gravita::Avviso) return;
+    AvvisiDiCodice& suoi = trovati[uno.codice];
+    if (suoi.quanti++ == 0) suoi.primo = intake::dettoMessaggio(posto, uno);
+  };
+  if (!piano.scrive()) return {};
+  for (const Messaggio& uno : piano.messaggi) aggiungi(uno, uno.posto);
+  for (const RigaPiano& riga : piano.righe) {
+    if (riga.messaggi.empty() || !intake::scritta(piano, riga)) continue;
+    const intake::PostoMessaggio posto = postoDellaRiga(piano, riga);
+    for (const Messaggio& uno : riga.messaggi) aggiungi(uno, posto);
+  }
+  std::vector<AvvisiDiCodice> avvisi;
+  for (auto& [codice, suoi] : trovati) {
+    suoi.codice = codice;
+    suoi.accettati = piano.richiesta.accettati.contains(codice);
+    avvisi.push_back(std::move(suoi));
+  }
+  return avvisi;
+}
+
+std::vector<std::string> messaggiGenerali(const Piano& piano) {
+  std::vector<std::string> testi;
+  for (const Messaggio& uno : piano.messaggi) {
+    if (uno.gravita != Gravita::Avviso) testi.push_back(intake::dettoMessaggio(uno));
+  }
+  return testi;
+}
+
+std::vector<SoggettoPiano> soggettiDelPiano(const Piano& piano) {
+  if (piano.elenco != intake::Elenco::Compensi || piano.archivio == nullptr) return {};
+  RaccoltaSoggetti raccolta(piano);
+  for (std::size_t i = 0; i < piano.righe.size(); ++i) raccolta.riga(i);
+  return raccolta.presi();
+}
+
+std::string detto(SoggettoPiano::Stato stato) {
+  switch (stato) {
+    case Stato::Trovato:
+      return "✓ in archivio";
+    case Stato::Assente:
+      return "✖ non in archivio";
+    case Stato::DaScegliere:
+      return "? da scegliere";
+    case Stato::InConflitto:
+      return "✖ codici in conflitto";
+    case Stato::NonCercato:
+      break;
+  }
+  return "− righe con errori";
+}
+
+}  // namespace cu

@@ -1,0 +1,26 @@
+#include "apps/importazione/stato_database.h"
+
+#include <algorithm>
+
+#include "apps/comune/connessioni.h"
+#include "intake/storico.h"
+#include "schede/aziende.h"
+
+namespace cu {
+
+StatoDatabase esaminaDatabase(const Profilo::Database& database) {
+  const auto connessione = apriConnessione(database);
+  StatoDatabase stato;
+  stato.creatoQui = intake::creatoQui(*connessione);
+  stato.storico = intake::haStorico(*connessione);
+  for (const schede::SchedaAzienda& azienda : schede::Aziende(*connessione).tutte()) {
+    std::string nome = azienda.sede.anagrafica;
+    if (!azienda.sede.nome.empty()) nome += ' ' + azienda.sede.nome;
+    stato.aziende.push_back({azienda.id, std::move(nome)});
+  }
+  std::sort(stato.aziende.begin(), stato.aziende.end(),
+            [](const AziendaDelDatabase& a, const AziendaDelDatabase& b) { return a.nome < b.nome; });
+  return stato;
+}
+
+}  // namespace cu
