@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "data/inserimento.h"
 #include "data/recordset.h"
+#include "data/testo_protetto.h"
 #include "data/transazione.h"
 
 namespace cu::riscontro {
@@ -24,38 +25,15 @@ constexpr std::array<std::pair<Stato, std::string_view>, 6> kStati = {{{Stato::S
                                                                        {Stato::Annullata, "annullata"},
                                                                        {Stato::Sostituita, "sostituita"}}};
 
-// A line for each cell; backslashes and control characters are escaped, so that any value comes back as it
-// was.
+// A line for each cell.
 std::string testoCelle(const std::vector<Valore>& celle) {
-  constexpr std::string_view kCifre = "0123456789ABCDEF";
   std::string testo;
   for (const Valore& cella : celle) {
     testo += cella.codice + "=";
-    for (const char c : cella.testo) {
-      const auto byte = static_cast<unsigned char>(c);
-      if (byte >= 0x20 && c != '\\') {
-        testo += c;
-      } else {
-        testo += {'\\', kCifre[byte / 16], kCifre[byte % 16]};
-      }
-    }
+    appendProtetto(testo, cella.testo);
     testo += '\n';
   }
   return testo;
-}
-
-std::string senzaSegni(std::string_view testo) {
-  const auto cifra = [](char c) { return c <= '9' ? c - '0' : c - 'A' + 10; };
-  std::string valore;
-  for (std::size_t i = 0; i < testo.size(); ++i) {
-    if (testo[i] == '\\' && i + 2 < testo.size()) {
-      valore += static_cast<char>(cifra(testo[i + 1]) * 16 + cifra(testo[i + 2]));
-      i += 2;
-    } else {
-      valore += testo[i];
-    }
-  }
-  return valore;
 }
 
 std::vector<Valore> celleDa(std::string_view testo) {
@@ -64,7 +42,7 @@ std::vector<Valore> celleDa(std::string_view testo) {
     const std::string_view riga = testo.substr(0, testo.find('\n'));
     const std::size_t uguale = riga.find('=');
     if (uguale != std::string_view::npos) {
-      celle.push_back({std::string(riga.substr(0, uguale)), senzaSegni(riga.substr(uguale + 1))});
+      celle.push_back({std::string(riga.substr(0, uguale)), senzaProtezione(riga.substr(uguale + 1))});
     }
     testo.remove_prefix(std::min(riga.size() + 1, testo.size()));
   }

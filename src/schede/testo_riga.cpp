@@ -1,36 +1,10 @@
 #include "schede/testo_riga.h"
 
 #include "base/text.h"
+#include "data/testo_protetto.h"
 
 namespace cu::schede {
 namespace {
-
-constexpr std::string_view kEsadecimali = "0123456789ABCDEF";
-
-void appendProtetto(std::string& testo, std::string_view valore) {
-  for (const char c : valore) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte >= 0x20 && c != '\\') {
-      testo += c;
-    } else {
-      testo += {'\\', kEsadecimali[byte / 16], kEsadecimali[byte % 16]};
-    }
-  }
-}
-
-std::string senzaProtezione(std::string_view testo) {
-  const auto cifra = [](char c) { return static_cast<int>(kEsadecimali.find(c)); };
-  std::string valore;
-  for (std::size_t i = 0; i < testo.size(); ++i) {
-    if (testo[i] == '\\' && i + 2 < testo.size()) {
-      valore += static_cast<char>(cifra(testo[i + 1]) * 16 + cifra(testo[i + 2]));
-      i += 2;
-    } else {
-      valore += testo[i];
-    }
-  }
-  return valore;
-}
 
 void appendTestoValore(std::string& testo, const Value& valore) {
   const CellView cella = valore.view();
