@@ -209,8 +209,8 @@ void aggiungiDiscard(CLI::App& programma, Esecuzione& esegui) {
 }
 
 void aggiungiUpgrade(CLI::App& programma, Esecuzione& esegui) {
-  CLI::App& comando =
-      aggiungiComando(programma, "upgrade", "Aggiunge a un database le tabelle per seguire gli invii");
+  CLI::App& comando = aggiungiComando(
+      programma, "upgrade", "Aggiunge a un database le tabelle per seguire gli invii e le importazioni");
   auto opzioni = std::make_shared<OpzioniDatabase>();
   aggiungiIndirizzo(comando, *opzioni);
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoUpgrade(*opzioni); }; });

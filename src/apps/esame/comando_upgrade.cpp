@@ -11,9 +11,9 @@ int comandoUpgrade(const OpzioniDatabase& opzioni) {
   if (!database) return kUsoSbagliato;
   const std::size_t create = aggiungiTabelle(*database);
   if (create == 0) {
-    std::cout << "Il database ha già le tabelle per seguire gli invii.\n";
+    std::cout << "Il database ha già le tabelle per seguire gli invii e le importazioni.\n";
   } else {
-    std::cout << "Tabelle per seguire gli invii aggiunte: " << create << ".\n";
+    std::cout << "Tabelle per seguire gli invii e le importazioni aggiunte: " << create << ".\n";
   }
   return kRiuscito;
 }
