@@ -85,7 +85,8 @@ class PianoCompensi {
     for (const std::string* chiave : {&chiavi.codice, &chiavi.codiceFiscale, &chiavi.partitaIva}) {
       if (!chiave->empty()) chi += (chi.empty() ? "" : ", ") + mostrato(*chiave);
     }
-    corso.segnala(Codice::P12, "nessun percipiente dell'azienda ha il codice " + chi);
+    // Without any key the reading has reported that it is missing, of the row or once of the heading.
+    if (!chi.empty()) corso.segnala(Codice::P12, "nessun percipiente dell'azienda ha il codice " + chi);
     return false;
   }
 

@@ -118,6 +118,12 @@ TEST_F(PianoCompensiTest, APayeeIsFoundByAnyOfItsKeys) {
   EXPECT_THAT(detti(suo), Contains(HasSubstr("4: P10: un codice indica P1 Rossi Mario")));
 }
 
+TEST_F(PianoCompensiTest, WithoutAColumnOfTheKeyOnlyTheColumnIsReported) {
+  const Piano suo = piano("A;2017-09-20;100\nA;2017-09-21;100\n", "Causale;DataPagamento;Onorario");
+  EXPECT_EQ(Banco::stati(suo), "errore errore");
+  EXPECT_THAT(detti(suo), ElementsAre(HasSubstr("C01: manca il percipiente")));
+}
+
 TEST_F(PianoCompensiTest, SeveralPayeesOfOneCodeAreLeftToThePerson) {
   ASSERT_THAT(banco.importa(Elenco::Percipienti,
                             "Codice;PartitaIva;Cognome\nP3;00743110157;Gruppo Uno\n"
