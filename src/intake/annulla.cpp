@@ -12,6 +12,7 @@
 #include "base/text.h"
 #include "data/inserimento.h"
 #include "data/transazione.h"
+#include "intake/altri_dati.h"
 #include "intake/conti_lotto.h"
 #include "intake/storico.h"
 #include "schede/conteggio.h"
@@ -138,31 +139,12 @@ class Annullamento {
         rifiuta("eliminata", quale + " è stata eliminata dopo l'importazione.");
       } else if (schede::testoRiga(suo->second) != riga.dopo) {
         rifiuta("modificata", quale + " è stata modificata dopo l'importazione.");
-      } else if (riga.prima.empty() && riga.tabella == &schede::kDatiAggiuntivi && haAltriDati(suo->second)) {
+      } else if (riga.prima.empty() && riga.tabella == &schede::kDatiAggiuntivi &&
+                 quantiAltriDati(connessione_,
+                                 schede::condizioneChiave(schede::kDatiAggiuntivi, suo->second)) > 0) {
         rifiuta("modificata", quale + " ha ricevuto altri dati dopo l'importazione.");
       }
     }
-  }
-
-  // The batch wrote only the code of the account's additional data.
-  bool haAltriDati(const schede::Riga& riga) {
-    RowStore righe;
-    connessione_.Query("SELECT * FROM ContoIndividualeDatiAggiuntivi" +
-                           schede::condizioneChiave(schede::kDatiAggiuntivi, riga),
-                       righe);
-    std::vector<CellView> celle(righe.columns()->size());
-    righe.read(0, celle.data());
-    for (std::size_t i = 0; i < celle.size(); ++i) {
-      const std::string& colonna = (*righe.columns())[i].name;
-      const bool sua =
-          std::any_of(schede::kDatiAggiuntivi.colonne.begin(), schede::kDatiAggiuntivi.colonne.end(),
-                      [&](const auto& una) { return equalsNoCase(una.nome, colonna); });
-      const bool vuota =
-          celle[i].isNull() ||
-          (celle[i].type() == ValueType::Text ? celle[i].text().empty() : celle[i].decimal().isZero());
-      if (!sua && !vuota) return true;
-    }
-    return false;
   }
 
   // A year that has payments of other batches goes on needing its period.

@@ -1,11 +1,11 @@
 #include "intake/esporta.h"
 
 #include <map>
-#include <set>
 #include <unordered_map>
 #include <utility>
 
 #include "base/text.h"
+#include "intake/altri_dati.h"
 #include "intake/archivio_letto.h"
 #include "intake/valori_scheda.h"
 #include "schede/aziende.h"
@@ -15,27 +15,39 @@
 namespace cu::intake {
 namespace {
 
-std::string dettaLasciata(std::int64_t quante, const char* cosa) { return fromInteger(quante) + " " + cosa; }
+std::string detti(std::int64_t quanti, const char* uno, const char* piu) {
+  return fromInteger(quanti) + " " + (quanti == 1 ? uno : piu);
+}
+
+using Somme = std::map<ChiaveConto, schede::Importi>;  // of the payments of each account
 
 // What belongs to accounts and has no column.
 void lasciati(Connection& connessione, const ArchivioLetto& archivio, std::int32_t idAzienda,
-              std::optional<int> anno, const std::set<ChiaveConto>& conPagamenti,
-              std::vector<std::string>& tralasciati) {
+              std::optional<int> anno, const Somme& somme, std::vector<std::string>& tralasciati) {
   std::string suoi = " WHERE IDAzienda = " + fromInteger(idAzienda);
   if (anno) suoi += " AND Anno = " + fromInteger(*anno);
   std::int64_t senza = 0;
+  std::int64_t corretti = 0;
   for (const auto& [chiave, conto] : archivio.conti) {
     if (!conto.importi || (anno && chiave.anno != *anno)) continue;
-    if (!conPagamenti.contains(chiave)) ++senza;
+    const auto somma = somme.find(chiave);
+    if (somma == somme.end()) {
+      ++senza;
+    } else if (somma->second != *conto.importi) {
+      ++corretti;
+    }
   }
-  if (senza > 0) tralasciati.push_back(dettaLasciata(senza, "conti senza compensi"));
-  const auto conta = [&](const char* tabella, const char* cosa) {
-    const std::int64_t quante = schede::quante(connessione, tabella, suoi);
-    if (quante > 0) tralasciati.push_back(dettaLasciata(quante, cosa));
+  const auto lascia = [&](std::int64_t quanti, const char* uno, const char* piu) {
+    if (quanti > 0) tralasciati.push_back(detti(quanti, uno, piu));
   };
-  conta("ContoIndividualeDatiAggiuntivi",
-        "conti con dati aggiuntivi, dei quali resta il codice delle somme non soggette");
-  conta("ModuloXContoIndividuale", "moduli aggiuntivi");
+  lascia(senza, "conto senza compensi", "conti senza compensi");
+  lascia(corretti, "conto corretto a mano, del quale restano i compensi",
+         "conti corretti a mano, dei quali restano i compensi");
+  lascia(quantiAltriDati(connessione, suoi),
+         "conto con dati aggiuntivi, del quale resta il codice delle somme non soggette",
+         "conti con dati aggiuntivi, dei quali resta il codice delle somme non soggette");
+  lascia(schede::quante(connessione, "ModuloXContoIndividuale", suoi), "modulo aggiuntivo",
+         "moduli aggiuntivi");
 }
 
 }  // namespace
@@ -73,7 +85,7 @@ Esportazione esportaCompensi(Connection& connessione, std::int32_t idAzienda, st
   for (const auto& [riferimento, id] : archivio.riferimenti) riferimenti.emplace(id, riferimento);
   Esportazione esportazione;
   esportazione.elenco = Elenco::Compensi;
-  std::set<ChiaveConto> conPagamenti;
+  Somme somme;
   std::int64_t senzaPercipiente = 0;
   for (const schede::SchedaCompenso& compenso : archivio.compensi) {
     if (anno && compenso.pagamento.year() != *anno) continue;
@@ -83,7 +95,8 @@ Esportazione esportaCompensi(Connection& connessione, std::int32_t idAzienda, st
       continue;
     }
     const ChiaveConto chiave{compenso.idAnagrafica, compenso.idCausale, compenso.pagamento.year()};
-    conPagamenti.insert(chiave);
+    schede::Importi& somma = somme[chiave];
+    for (std::size_t i = 0; i < somma.size(); ++i) somma[i] = somma[i] + compenso.importi[i];
     const auto conto = archivio.conti.find(chiave);
     const std::int32_t codice = conto == archivio.conti.end() ? 0 : conto->second.idCodiceNonSoggette;
     std::vector<Value> riga = valoriCompenso(compenso, suo->second, codice, archivio.elenchi);
@@ -94,9 +107,10 @@ Esportazione esportaCompensi(Connection& connessione, std::int32_t idAzienda, st
     esportazione.righe.push_back(std::move(riga));
   }
   if (senzaPercipiente > 0) {
-    esportazione.tralasciati.push_back(dettaLasciata(senzaPercipiente, "compensi senza percipiente"));
+    esportazione.tralasciati.push_back(
+        detti(senzaPercipiente, "compenso senza percipiente", "compensi senza percipiente"));
   }
-  lasciati(connessione, archivio, idAzienda, anno, conPagamenti, esportazione.tralasciati);
+  lasciati(connessione, archivio, idAzienda, anno, somme, esportazione.tralasciati);
   return esportazione;
 }
 

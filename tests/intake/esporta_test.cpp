@@ -85,6 +85,26 @@ TEST(Esporta, WhatHasNoPlaceInTheTablesIsListed) {
   EXPECT_THAT(compensi.tralasciati[2], ::testing::HasSubstr("moduli aggiuntivi"));
 }
 
+TEST(Esporta, AnAccountCorrectedByHandIsListed) {
+  Banco suo{prova::riempito()};
+  EXPECT_THAT(esportaCompensi(*suo, 1, std::nullopt).tralasciati, IsEmpty());
+  suo->Execute("UPDATE ContoIndividuale SET RitenutaAcconto = 299 WHERE Anno = 2017");
+  EXPECT_THAT(esportaCompensi(*suo, 1, std::nullopt).tralasciati,
+              ElementsAre("1 conto corretto a mano, del quale restano i compensi"));
+  EXPECT_THAT(esportaCompensi(*suo, 1, 2016).tralasciati, IsEmpty());
+}
+
+TEST(Esporta, ACodeOfSumsNotSubjectIsNotLeftOut) {
+  Banco suo{prova::riempito()};
+  ASSERT_THAT(
+      suo.importa(Elenco::Compensi,
+                  "CodicePercipiente;Causale;DataPagamento;Onorario;SommeNonSoggette;CodiceNonSoggette\n"
+                  "P1;M;2017-11-20;70;10;7\n"),
+      IsEmpty());
+  ASSERT_EQ(suo.quante("ContoIndividualeDatiAggiuntivi"), 1);
+  EXPECT_THAT(esportaCompensi(*suo, 1, std::nullopt).tralasciati, IsEmpty());
+}
+
 TEST(Esporta, ACompanyIsFoundByItsCodesAndItsId) {
   Banco demo(ContenutoArchivio::Dimostrativo);
   EXPECT_EQ(cercaAzienda(*demo, "04123450233"), 1);
