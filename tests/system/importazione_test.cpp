@@ -388,45 +388,5 @@ TEST_F(Importazione, TakesTheTemplatesAsTheyAre) {
   }
 }
 
-// The demonstration company's tables, exported and imported into an empty database.
-class AndataERitorno : public ::testing::TestWithParam<const char*> {};
-
-TEST_P(AndataERitorno, GivesTheSameTablesAndASecondTimeNothing) {
-  // Files on a server, too: an export does not know the engine that it is imported into.
-  Posto da(Posto::Database::Nessuno);
-  Posto a(Posto::Database::Nessuno);
-  const std::string origine = "sqlite:" + (da.cartella() / "da.db");
-  const std::string arrivo = "sqlite:" + (a.cartella() / "a.db");
-  ASSERT_EQ(da.cuctl({"create", "--database", origine, "--demo"}).codice, 0);
-  ASSERT_EQ(a.cuctl({"create", "--database", arrivo, "--empty"}).codice, 0);
-  const std::string estensione = GetParam();
-  for (const char* elenco : {"companies", "payees", "payments"}) {
-    const std::string file = da.cartella() / (elenco + estensione);
-    Argomenti esporta = {"export",   elenco, "--database", origine,
-                         "--output", file,   "--company",  "04123450233"};
-    const Esecuzione esportati = da.cuctl(esporta);
-    ASSERT_EQ(esportati.codice, 0) << esportati.errori;
-    Argomenti importa = {"import", elenco,    file,       "--database",
-                         arrivo,   "--apply", "--accept", "P11,P02,P03,P06"};
-    if (elenco != std::string("companies")) importa.insert(importa.end(), {"--company", "04123450233"});
-    const Esecuzione importati = a.cuctl(importa);
-    ASSERT_EQ(importati.codice, 0) << elenco << importati.uscita << importati.errori;
-    const Esecuzione ancora = a.cuctl(importa);
-    EXPECT_EQ(ancora.codice, 0) << ancora.errori;
-    EXPECT_THAT(ancora.uscita, HasSubstr("Importazione: 0 nuovi, "));
-    // What has been imported is exported as the same table.
-    esporta[3] = arrivo;
-    esporta[5] = a.cartella() / ("ancora-" + (elenco + estensione));
-    ASSERT_EQ(a.cuctl(esporta).codice, 0);
-    if (estensione == ".csv") {
-      EXPECT_EQ(a.cartella().read("ancora-" + (elenco + estensione)),
-                da.cartella().read(elenco + estensione));
-    }
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(Tabelle, AndataERitorno, testing::Values(".csv", ".xlsx"),
-                         [](const auto& caso) { return std::string(caso.param).substr(1); });
-
 }  // namespace
 }  // namespace cu::test
