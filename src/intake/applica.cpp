@@ -126,7 +126,7 @@ class Applicazione {
     codiciNonSoggette();
     if (creatoQui(scrittura_.connessione())) anni();
     scrittura_.chiudi();
-    conti.ricostruisci();
+    conti.ricostruisci(avanzamento_);
     conti.confronta(piano_.conti);
   }
 

@@ -23,6 +23,11 @@ Importi importiDi(const Riga& conto) {
   for (std::size_t i = 0; i < importi.size(); ++i) importi[i] = conto[kPrimoImporto + i].view().decimal();
   return importi;
 }
+Importi importiDi(const CellView* conto) {
+  Importi importi;
+  for (std::size_t i = 0; i < importi.size(); ++i) importi[i] = conto[kPrimoImporto + i].decimal();
+  return importi;
+}
 
 Riga rigaConto(const ChiaveConto& chiave, std::int32_t idAzienda, const Importi& importi) {
   Riga riga = {Value::ofInteger(chiave.idAnagrafica), Value::ofInteger(chiave.idCausale),
@@ -62,7 +67,7 @@ ContiLotto::ContiLotto(DatabaseHost& database, RicostruzioneConti& ricostruzione
       idAzienda_(idAzienda),
       lotto_(lotto) {}
 
-ContiLotto::Attuali ContiLotto::attuali(const std::set<ChiaveConto>& quali, bool conSomme) const {
+ContiLotto::Attuali ContiLotto::attuali(const std::set<ChiaveConto>& quali) const {
   const std::string sua = " WHERE IDAzienda = " + fromInteger(idAzienda_);
   Attuali trovati;
   schede::perOgniRiga(connessione_, schede::kConto, sua, [&](const CellView* riga) {
@@ -71,7 +76,6 @@ ContiLotto::Attuali ContiLotto::attuali(const std::set<ChiaveConto>& quali, bool
     Riga& conto = trovati.conti[chiave];
     for (std::size_t i = 0; i < schede::kConto.colonne.size(); ++i) conto.push_back(Value::of(riga[i]));
   });
-  if (!conSomme) return trovati;
   schede::perOgniRiga(connessione_, schede::kCompenso, sua, [&](const CellView* riga) {
     const ChiaveConto chiave{idIn(riga[2]), idIn(riga[3]), riga[4].date().year()};
     if (quali.contains(chiave)) sommaA(trovati.somme[chiave], riga);
@@ -114,18 +118,40 @@ std::map<ChiaveConto, ContiLotto::Ricordo> ContiLotto::ricordi() const {
 }
 
 std::set<ChiaveConto> ContiLotto::chiavi() const {
+  RowStore righe;
+  connessione_.Query(
+      "SELECT IDAnagrafica, IDCausalePagamento, Anno FROM CuImportazioneConto WHERE IDImportazione = " +
+          fromInteger(lotto_),
+      righe);
   std::set<ChiaveConto> quali;
-  for (const auto& [chiave, ricordo] : ricordi()) quali.insert(chiave);
+  std::array<CellView, 3> celle;
+  for (std::size_t i = 0; i < righe.size(); ++i) {
+    righe.read(i, celle.data());
+    quali.insert({idIn(celle[0]), idIn(celle[1]), idIn(celle[2])});
+  }
   return quali;
 }
 
-void ContiLotto::ricostruisci() {
-  const std::set<ChiaveConto> quali = chiavi();
+std::set<int> ContiLotto::anni() const {
+  RowStore righe;
+  connessione_.Query(
+      "SELECT DISTINCT Anno FROM CuImportazioneConto WHERE IDImportazione = " + fromInteger(lotto_), righe);
   std::set<int> anni;
-  for (const ChiaveConto& chiave : quali) anni.insert(chiave.anno);
+  CellView anno;
+  for (std::size_t i = 0; i < righe.size(); ++i) {
+    righe.read(i, &anno);
+    anni.insert(static_cast<int>(anno.integer()));
+  }
+  return anni;
+}
+
+void ContiLotto::ricostruisci(ProgressSink* avanzamento) {
   ricostruzione_.setDatabase(database_);
   ricostruzione_.setAzienda(idAzienda_);
-  for (const int anno : anni) {
+  const std::set<int> tutti = anni();
+  std::size_t fatti = 0;
+  for (const int anno : tutti) {
+    if (avanzamento != nullptr) avanzamento->progress("Conti", fatti++, tutti.size());
     ricostruzione_.setFiltro(
         " AND EXISTS (SELECT * FROM CuImportazioneConto Toccato WHERE Toccato.IDImportazione = " +
         fromInteger(lotto_) + " AND Toccato.Anno = " + fromInteger(anno) +
@@ -151,15 +177,20 @@ void ContiLotto::ricostruisci() {
 }
 
 void ContiLotto::confronta(const std::vector<ContoPiano>& conti) const {
-  const Attuali ora = attuali(chiavi(), false);
-  for (const ContoPiano& conto : conti) {
-    const auto suo = ora.conti.find({conto.idAnagrafica, conto.idCausale, conto.anno});
-    if (suo != ora.conti.end() && importiDi(suo->second) == conto.dopo) continue;
-    throw Error(kErrorDatabase,
-                "Il conto " + conto.percipiente + ", causale " + conto.causale + ", " +
-                    fromInteger(conto.anno) +
-                    ", ricostruito dai compensi, non è quello previsto. Non è stato scritto nulla.");
-  }
+  std::map<ChiaveConto, const ContoPiano*> attesi;
+  for (const ContoPiano& conto : conti)
+    attesi.emplace(ChiaveConto{conto.idAnagrafica, conto.idCausale, conto.anno}, &conto);
+  schede::perOgniRiga(connessione_, schede::kConto, " WHERE IDAzienda = " + fromInteger(idAzienda_),
+                      [&](const CellView* riga) {
+                        const auto suo = attesi.find({idIn(riga[0]), idIn(riga[1]), idIn(riga[2])});
+                        if (suo != attesi.end() && importiDi(riga) == suo->second->dopo) attesi.erase(suo);
+                      });
+  if (attesi.empty()) return;
+  const ContoPiano& conto = *attesi.begin()->second;
+  throw Error(kErrorDatabase,
+              "Il conto " + conto.percipiente + ", causale " + conto.causale + ", " +
+                  fromInteger(conto.anno) +
+                  ", ricostruito dai compensi, non è quello previsto. Non è stato scritto nulla.");
 }
 
 std::vector<std::string> ContiLotto::corretti() const {

@@ -22,8 +22,8 @@ class ContiLotto {
 
   // Keeps what they are before the batch: amounts, and the sum of their payments.
   void ricorda(const std::vector<ContoPiano>& conti);
-  // Rebuilds those that have payments; the amounts of others become zero.
-  void ricostruisci();
+  // Rebuilds those that have payments; the amounts of others become zero. Reports each year.
+  void ricostruisci(ProgressSink* avanzamento = nullptr);
   // Raises Error where they are not as planned.
   void confronta(const std::vector<ContoPiano>& conti) const;
 
@@ -42,8 +42,9 @@ class ContiLotto {
     std::map<ChiaveConto, schede::Importi> somme;  // of the accounts that have payments
   };
   std::map<ChiaveConto, Ricordo> ricordi() const;
-  Attuali attuali(const std::set<ChiaveConto>& quali, bool conSomme = true) const;
+  Attuali attuali(const std::set<ChiaveConto>& quali) const;
   std::set<ChiaveConto> chiavi() const;
+  std::set<int> anni() const;
   bool haAltro(const ChiaveConto& chiave) const;
 
   DatabaseHost& database_;
