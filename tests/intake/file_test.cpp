@@ -39,6 +39,11 @@ const std::string kRiga = "P1;A;25/03/2017;100,50;7\n";
 const std::string kLetta =
     "CodicePercipiente=P1|Causale=A|DataPagamento=25/03/2017|NumeroDocumento=7|Onorario=100.5";
 
+const std::string kSenzaImporto = "CodicePercipiente=P1|Causale=A|DataPagamento=25/03/2017|NumeroDocumento=7";
+const std::string kSegni = "compensi.csv, riga ";
+const std::string kMigliaia =
+    " non è un importo: i segni delle migliaia si indicano nella mappatura (migliaia) (V03).";
+
 std::string sostituisci(std::string testo, const std::string& cosa, const std::string& con) {
   for (std::size_t i = testo.find(cosa); i != std::string::npos; i = testo.find(cosa, i + con.size())) {
     testo.replace(i, cosa.size(), con);
@@ -123,6 +128,31 @@ const CasoTesto kTesti[] = {
      {"CodicePercipiente=P1|Causale=A|DataPagamento=25/03/2017|NumeroDocumento=7|Onorario=1100.5"},
      {},
      conSegni(',', '\'')},
+    {"thousandsWithoutAProfile",
+     kTesta + sostituisci(kRiga, "100,50", "1.100,50") + sostituisci(kRiga, "100,50", "\"1,100.50\"") +
+         sostituisci(kRiga, "100,50", "1'100,50"),
+     {kSenzaImporto, kSenzaImporto, kSenzaImporto},
+     {kSegni + "2, colonna \"Onorario\": 1.100,50" + kMigliaia,
+      kSegni + "3, colonna \"Onorario\": 1,100.50" + kMigliaia,
+      kSegni + "4, colonna \"Onorario\": 1'100,50" + kMigliaia}},
+    {"euro", kTesta + sostituisci(kRiga, "100,50", "€ 100,50"), {kLetta}},
+    {"minusBehind",
+     kTesta + sostituisci(kRiga, "100,50", "12,00-") + sostituisci(kRiga, "100,50", "(12,00)"),
+     {kSenzaImporto + "|Onorario=-12", kSenzaImporto + "|Onorario=-12"}},
+    {"otherDates",
+     kTesta + sostituisci(kRiga, "25/03/2017", "2017-03-25") + sostituisci(kRiga, "25/03/2017", "25.3.17") +
+         sostituisci(kRiga, "25/03/2017", "42819"),
+     {kLetta, kLetta, kLetta}},
+    {"errorsOfASpreadsheet",
+     kTesta + "P1;A;#N/A;100,50;7\nP1;A;25/03/2017;#RIF!;7\n",
+     {"CodicePercipiente=P1|Causale=A|NumeroDocumento=7|Onorario=100.5", kSenzaImporto},
+     {"compensi.csv, riga 2, colonna \"DataPagamento\": la cella mostra l'errore #N/A (V08).",
+      "compensi.csv, riga 3, colonna \"Onorario\": la cella mostra l'errore #RIF! (V08)."}},
+    {"outsideWindows1252",
+     kTesta + sostituisci(kRiga, ";7", ";№7"),
+     {"CodicePercipiente=P1|Causale=A|DataPagamento=25/03/2017|NumeroDocumento=№7|Onorario=100.5"},
+     {"compensi.csv, riga 2, colonna \"NumeroDocumento\": il carattere № nel file telematico diventa un "
+      "punto interrogativo (V07)."}},
     {"point", kTesta + sostituisci(kRiga, "100,50", "100.5"), {kLetta}},
     {"apostropheOfASpreadsheet",
      kTesta + sostituisci(kRiga, "100,50", "'-100,50"),
