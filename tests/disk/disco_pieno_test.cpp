@@ -20,13 +20,6 @@ constexpr std::size_t kMoltePagine = 4000;
 // at the next opening.
 constexpr std::size_t kAncora = 6;
 
-bool diSpazio(const std::string& testo) {
-  const auto dice = [&](const char* pezzo) { return testo.find(pezzo) != std::string::npos; };
-  return dice("Spazio su disco esaurito") || dice("Il disco che contiene il database è pieno") ||
-         dice("che sul disco ci sia spazio") ||
-         dice("Errore di lettura o scrittura sul file del database. Verificare il disco");
-}
-
 // Checks the result of a run on a full disk, now that there is room again.
 void controlla(const LuogoCorsa& luogo, const CorsaGuidata& corsa, const CorsaIntera& intera) {
   EXPECT_LT(corsa.codice(), 128) << "it was ended by a signal";

@@ -34,6 +34,13 @@ bool perConto() {
 
 }  // namespace
 
+bool diSpazio(const std::string& testo) {
+  const auto dice = [&](const char* pezzo) { return testo.find(pezzo) != std::string::npos; };
+  return dice("Spazio su disco esaurito") || dice("Il disco che contiene il database è pieno") ||
+         dice("che sul disco ci sia spazio") ||
+         dice("Errore di lettura o scrittura sul file del database. Verificare il disco");
+}
+
 PiccoloDisco::PiccoloDisco() {
   montato_ = perConto() && monta(kTanto, 0);
   if (!montato_) impedimento_ = std::strerror(errno);

@@ -37,6 +37,9 @@ class PiccoloDisco {
   std::string impedimento_;
 };
 
+// Whether a text that a program shows names the full disk.
+bool diSpazio(const std::string& testo);
+
 // During its lifetime, started programs can write no file beyond that number of bytes.
 class LimiteFile {
  public:
