@@ -158,4 +158,19 @@ std::optional<DatiNelCodice> datiNelCodice(std::string_view codice) {
   return dati;
 }
 
+std::string lettereDelNome(std::string_view cognome, std::string_view nome) {
+  const DatiAnagrafici dati{cognome, nome, false, *Date::fromYmd(2000, 1, 1), "A001"};
+  return codiceFiscale(dati).substr(0, 6);
+}
+
+std::optional<Date> nascitaNelCodice(const DatiNelCodice& dati, Date oggi) {
+  constexpr int kEtaMinima = 14;
+  const auto limite = Date::fromYmd(oggi.year() - kEtaMinima, oggi.month(), std::min(oggi.day(), 28));
+  for (const int secolo : {2000, 1900}) {
+    const auto giorno = Date::fromYmd(secolo + dati.anno, dati.mese, dati.giorno);
+    if (giorno && limite && *giorno <= *limite) return giorno;
+  }
+  return std::nullopt;
+}
+
 }  // namespace cu

@@ -53,4 +53,10 @@ struct DatiNelCodice {
 // Nothing of a code that is no person's.
 std::optional<DatiNelCodice> datiNelCodice(std::string_view codice);
 
+// The six letters that a code has of a name.
+std::string lettereDelNome(std::string_view cognome, std::string_view nome);
+
+// The day of birth in a code, in the last century in which a person of 14 years can have it.
+std::optional<Date> nascitaNelCodice(const DatiNelCodice& dati, Date oggi);
+
 }  // namespace cu

@@ -16,7 +16,6 @@ namespace {
 
 constexpr std::size_t kCifreNumero = 11;
 constexpr std::size_t kCifreCap = 5;
-constexpr int kEtaMinima = 14;
 
 template <class C>
 constexpr std::uint8_t rangoDi(C colonna) {
@@ -51,22 +50,6 @@ bool soloZeri(std::string_view codice) { return codice.find_first_not_of('0') ==
 
 std::string nomeCompleto(std::string_view cognome, std::string_view nome) {
   return std::string(cognome) + ' ' + std::string(nome);
-}
-
-// The six letters that a code has of a name.
-std::string lettereDelNome(std::string_view cognome, std::string_view nome) {
-  const DatiAnagrafici dati{cognome, nome, false, *Date::fromYmd(2000, 1, 1), "A001"};
-  return cu::codiceFiscale(dati).substr(0, 6);
-}
-
-// The day of birth in a code, in the last century in which a person of 14 years can have it.
-std::optional<Date> nascitaNelCodice(const DatiNelCodice& dati, Date oggi) {
-  const auto limite = Date::fromYmd(oggi.year() - kEtaMinima, oggi.month(), std::min(oggi.day(), 28));
-  for (const int secolo : {2000, 1900}) {
-    const auto giorno = Date::fromYmd(secolo + dati.anno, dati.mese, dati.giorno);
-    if (giorno && limite && *giorno <= *limite) return giorno;
-  }
-  return std::nullopt;
 }
 
 }  // namespace
