@@ -10,7 +10,7 @@
 
 cmake_minimum_required(VERSION 3.25)
 
-set(core_folders base data host liste schede intake controls modello context worklist telematic printing fornitura editors wizard)
+set(core_folders base data host liste schede intake controls modello context worklist telematic printing fornitura editors wizard gestione)
 
 set(standard_headers
     algorithm any array atomic bit bitset cassert cerrno cfloat charconv chrono climits cmath compare complex
