@@ -159,6 +159,10 @@ bool QtFrontEnd::mayLose(const Form& form, const std::string& lost, const char* 
 }
 
 bool QtFrontEnd::mayClose(const Form& form) {
+  if (form.stages().empty()) {
+    return mayLose(form, form.unsavedWork(), "Chiudendo la finestra ora va perduto.",
+                   "&Chiudi senza registrare");
+  }
   return mayLose(
       form, form.unsavedWork(),
       "Chiudendo la finestra ora le correzioni vanno perdute. Quelle delle righe scelte si memorizzano "

@@ -13,6 +13,7 @@
 #include <algorithm>
 
 #include "controls/form.h"
+#include "controls/grid.h"
 #include "controls/tabs.h"
 #include "desktop/foot.h"
 #include "desktop/form_layout.h"
@@ -27,10 +28,19 @@ namespace {
 constexpr qint64 kTellEvery = 80;  // milliseconds
 constexpr int kTitleBar = 32;      // of a window, estimated
 constexpr int kSectionsWidth = 1080;
+constexpr QSize kListSize(960, 620);
 
 bool hasTabs(const Form& form) {
   return std::any_of(form.controls().begin(), form.controls().end(),
                      [](const Control* control) { return dynamic_cast<const Tabs*>(control) != nullptr; });
+}
+
+// A form whose content is a list: the list takes the space that there is.
+bool isList(const Form& form) {
+  return form.stages().empty() &&
+         std::any_of(form.controls().begin(), form.controls().end(), [](const Control* control) {
+           return control->frame() == nullptr && dynamic_cast<const Grid*>(control) != nullptr;
+         });
 }
 
 }  // namespace
@@ -155,6 +165,7 @@ void QtFrontEnd::place(FormWindow& window, const FormWindow* over) const {
   if (!window.form().stages().empty()) size = {1040, 700};
   // Tabs are pages of sections, which are easier to read in rows of five than from top to bottom.
   if (hasTabs(window.form()) && !window.form().shrunk()) size.setWidth(kSectionsWidth);
+  if (isList(window.form())) size = size.expandedTo(kListSize);
   // A form with many sections is as high as the screen permits, because it is read from top to bottom.
   if (window.form().scroll() != nullptr)
     size = {kSectionsWidth, std::max(720, std::min(1000, room.height() * 9 / 10))};
@@ -169,7 +180,7 @@ void QtFrontEnd::place(FormWindow& window, const FormWindow* over) const {
 }
 
 void QtFrontEnd::fit(FormWindow& window, const FormWindow* over) const {
-  if (window.form().scroll() != nullptr || !window.form().stages().empty()) return;
+  if (window.form().scroll() != nullptr || !window.form().stages().empty() || isList(window.form())) return;
   const QRect room = window.screen()->availableGeometry();
   fitHeight(window, room.height() - kTitleBar);
   const int lowest = std::max(room.top(), room.bottom() - window.height());
