@@ -22,7 +22,13 @@ struct OpzioniCreate {
 };
 int comandoCreate(const OpzioniCreate& opzioni);
 
-int comandoDrive(const std::string& profilo);
+inline constexpr const char* kInizioWizard = "wizard";
+inline constexpr const char* kInizioArchivi = "archivi";
+struct OpzioniDrive {
+  std::string profilo;
+  std::string inizio = kInizioWizard;  // the form with which the run starts
+};
+int comandoDrive(const OpzioniDrive& opzioni);
 
 struct OpzioniMake {
   std::string profilo;

@@ -1,6 +1,7 @@
 #include <iostream>
 
 #include "apps/comune/impianto.h"
+#include "apps/comune/impianto_gestione.h"
 #include "automation/driver.h"
 #include "comandi.h"
 
@@ -28,10 +29,39 @@ RunContext contesto(Globali& globali) {
   return letto;
 }
 
+RunContext contesto(Gestione& gestione) {
+  const ContestoGestione& suo = gestione.contesto();
+  RunContext letto;
+  letto.gTitolo = suo.titolo;
+  letto.gDecimaliValuta = suo.valuta.decimali;
+  letto.gSimboloValuta = suo.valuta.simbolo;
+  letto.gSeparatoreDecimale = suo.valuta.separatoreDecimale;
+  letto.gSeparatoreMigliaia = suo.valuta.separatoreMigliaia;
+  try {
+    letto.IDUtente = gestione.sessione()->IDUtente();
+    letto.IDAzienda = gestione.sessione()->IDAzienda();
+    letto.IDFiliale = gestione.sessione()->IDFiliale();
+  } catch (const Error&) {
+    // The session could not be bound: there are no ids.
+  }
+  return letto;
+}
+
+int guidaGestione(const Profilo& profilo) {
+  Driver driver(std::cin, std::cout);
+  ImpiantoGestione impianto(profilo, driver);
+  driver.setRunContext([&] { return contesto(impianto.gestione()); });
+  const Driver::Outcome esito = driver.drive([&] { impianto.gestione().main(); });
+  if (esito == Driver::Outcome::InputEnded) return kRiuscito;
+  return esito == Driver::Outcome::EntryFailed || impianto.avvioRifiutato() ? kRifiutato : kRiuscito;
+}
+
 }  // namespace
 
-int comandoDrive(const std::string& file) {
+int comandoDrive(const OpzioniDrive& opzioni) {
+  const std::string& file = opzioni.profilo;
   const Profilo profilo = leggiProfilo(file);
+  if (opzioni.inizio == kInizioArchivi) return guidaGestione(profilo);
   Driver driver(std::cin, std::cout);
   Impianto impianto(profilo, driver);
   driver.setRunContext([&] { return contesto(impianto.programma().globali()); });

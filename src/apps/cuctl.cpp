@@ -50,12 +50,21 @@ void aggiungiCreate(CLI::App& programma, Esecuzione& esegui) {
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoCreate(*opzioni); }; });
 }
 
+std::string inizioNoto(const std::string& inizio) {
+  return inizio == kInizioWizard || inizio == kInizioArchivi ? std::string() : "atteso wizard o archivi";
+}
+
 void aggiungiDrive(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando = aggiungiComando(
       programma, "drive", "Guida la procedura con comandi JSON, una riga ciascuno, da un altro programma");
-  auto profilo = std::make_shared<std::string>();
-  comando.add_option("--profile", *profilo, "Il profilo TOML")->required()->type_name("FILE");
-  comando.callback([&esegui, profilo] { esegui = [profilo] { return comandoDrive(*profilo); }; });
+  auto opzioni = std::make_shared<OpzioniDrive>();
+  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE");
+  comando
+      .add_option("--start", opzioni->inizio,
+                  "wizard: la procedura, come senza indicazioni; archivi: aziende, percipienti e compensi")
+      ->check(inizioNoto)
+      ->type_name("FORM");
+  comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoDrive(*opzioni); }; });
 }
 
 // Options whose place in the request depends on other options.

@@ -91,9 +91,9 @@ Esecuzione Posto::cuctl(std::vector<std::string> argomenti, const std::string& i
   return esegui(argomenti, cartella_.path(), ingresso);
 }
 
-std::unique_ptr<Processo> Posto::guida() {
-  return std::make_unique<Processo>(std::vector<std::string>{CU_CUCTL, "drive", "--profile", profilo()},
-                                    cartella_.path());
+std::unique_ptr<Processo> Posto::guida(std::vector<std::string> altri) {
+  altri.insert(altri.begin(), {CU_CUCTL, "drive", "--profile", profilo()});
+  return std::make_unique<Processo>(altri, cartella_.path());
 }
 
 std::string Posto::indirizzo() const {

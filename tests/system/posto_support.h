@@ -23,7 +23,7 @@ class Posto {
   std::string profilo();  // writes it again; returns its path
 
   Esecuzione cuctl(std::vector<std::string> argomenti, const std::string& ingresso = {});
-  std::unique_ptr<Processo> guida();  // cuctl drive
+  std::unique_ptr<Processo> guida(std::vector<std::string> altri = {});  // cuctl drive, and further arguments
 
   // The place's database.
   std::string indirizzo() const;
