@@ -10,12 +10,15 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QShortcut>
 #include <QSpinBox>
+#include <QTimer>
 #include <QVBoxLayout>
 
+#include "apps/avvio/gestione_aperta.h"
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/strumenti/finestra.h"
 #include "apps/strumenti/strumenti.h"
@@ -60,6 +63,8 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
   if (ultima >= 0) aziende_->setCurrentIndex(ultima);
   avvia_->setFocus();
 }
+
+FinestraAvvio::~FinestraAvvio() = default;
 
 void FinestraAvvio::componiModi(QVBoxLayout& colonna, std::int32_t scelta) {
   auto* modi = new desktop::Section(QStringLiteral("Che cosa stampare"), this);
@@ -132,6 +137,9 @@ void FinestraAvvio::componiPulsanti(QVBoxLayout& colonna) {
   strumenti_ = pulsanti->addButton(QStringLiteral("St&rumenti"), QDialogButtonBox::ResetRole);
   strumenti_->setAutoDefault(false);
   componiStrumenti();
+  datiPropri_ = pulsanti->addButton(QStringLiteral("Dati &propri"), QDialogButtonBox::ResetRole);
+  datiPropri_->setAutoDefault(false);
+  componiDatiPropri();
   colonna.addWidget(pulsanti);
   connect(pulsanti, &QDialogButtonBox::accepted, this, [this] { accept(); });
   connect(pulsanti, &QDialogButtonBox::rejected, this, [this] { reject(); });
@@ -145,10 +153,15 @@ void FinestraAvvio::leggiAziende() {
   elenco_.clear();
   avviso_->clear();
   avviso_->setToolTip({});
+  bool aperto = false;
   try {
     if (database_.isEmpty()) preparaDimostrativo(cartelle_);
     elenco_ = aziendeDi(database_.isEmpty() ? cartelle_.databaseDimostrativo() : database_);
-    if (elenco_.empty()) avviso_->setText(QStringLiteral("Il database non contiene nessuna azienda."));
+    aperto = true;
+    if (elenco_.empty()) {
+      avviso_->setText(
+          QStringLiteral("Il database non contiene nessuna azienda: con «Dati propri» se ne aggiunge una."));
+    }
   } catch (const std::exception& errore) {
     const QFileInfo scelto(database_);
     avviso_->setText(avvisoDatabase(
@@ -159,6 +172,7 @@ void FinestraAvvio::leggiAziende() {
     aziende_->addItem(QString::fromStdString(azienda.nome), azienda.azienda);
   }
   avvia_->setEnabled(!elenco_.empty());
+  gestisci_->setEnabled(aperto);
   stato_->setEnabled(!elenco_.empty());
 }
 
@@ -184,6 +198,54 @@ void FinestraAvvio::componiStrumenti() {
   strumenti::accettaFile(this, [this](const QStringList& file) {
     for (const QString& uno : file) strumenti::apriFile(uno, profilo());
   });
+}
+
+void FinestraAvvio::componiDatiPropri() {
+  auto* const menu = new QMenu(datiPropri_);
+  gestisci_ = menu->addAction(QStringLiteral("&Aziende, percipienti e compensi…"));
+  const QAction* const nuovo = menu->addAction(QStringLiteral("&Nuovo archivio…"));
+  datiPropri_->setMenu(menu);
+  connect(gestisci_, &QAction::triggered, this, [this] { gestisci(); });
+  connect(nuovo, &QAction::triggered, this, [this] { nuovoArchivio(); });
+}
+
+void FinestraAvvio::nuovoArchivio() {
+  QString file = QFileDialog::getSaveFileName(this, QStringLiteral("Nuovo archivio"), cartelle_.documenti,
+                                              QStringLiteral("Database (*.db)"), nullptr,
+                                              QFileDialog::DontConfirmOverwrite);
+  if (file.isEmpty()) return;
+  if (QFileInfo(file).suffix().isEmpty()) file += QStringLiteral(".db");
+  try {
+    creaArchivioVuoto(file);
+  } catch (const std::exception& errore) {
+    QMessageBox::warning(this, QStringLiteral("Nuovo archivio"), desktop::lines(errore.what()));
+    return;
+  }
+  database_ = file;
+  leggiAziende();
+  gestisci();
+}
+
+// One database is worked on in one place: the start window comes back when the forms are closed.
+void FinestraAvvio::gestisci() {
+  const Profilo suo = profiloDi(scelta(), cartelle_);
+  gestione_ = std::make_unique<GestioneAperta>(suo, cartelle_.guida);
+  gestione_->schermo().onAllClosed = [this] { QTimer::singleShot(0, this, [this] { finitaGestione(); }); };
+  if (gestione_->apri()) {
+    hide();
+  } else {
+    gestione_.reset();
+  }
+}
+
+void FinestraAvvio::finitaGestione() {
+  const QVariant scelta = aziende_->currentData();
+  gestione_.reset();
+  leggiAziende();
+  const int stessa = aziende_->findData(scelta);
+  if (stessa >= 0) aziende_->setCurrentIndex(stessa);
+  show();
+  activateWindow();
 }
 
 std::optional<Profilo> FinestraAvvio::profilo() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <memory>
 #include <optional>
 
 #include "apps/avvio/scelta_avvio.h"
@@ -17,11 +18,14 @@ class QVBoxLayout;
 
 namespace cu {
 
+class GestioneAperta;
+
 // Replaces the suite's launcher: choice of company, user, database and print. The windows for telematic files
 // that it opens stay open without it: it is shown without blocking other windows.
 class FinestraAvvio : public QDialog {
  public:
   FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& cartelle);
+  ~FinestraAvvio() override;
   SceltaAvvio scelta() const;
 
  private:
@@ -32,6 +36,10 @@ class FinestraAvvio : public QDialog {
   void scegliDocumenti();
   void leggiAziende();
   void componiStrumenti();
+  void componiDatiPropri();
+  void nuovoArchivio();
+  void gestisci();
+  void finitaGestione();
   // Of the present choice; none where the database cannot be used.
   std::optional<Profilo> profilo() const;
 
@@ -46,7 +54,10 @@ class FinestraAvvio : public QDialog {
   QLabel* avviso_;
   QPushButton* avvia_;
   QPushButton* strumenti_;
+  QPushButton* datiPropri_;
   QAction* stato_ = nullptr;
+  QAction* gestisci_ = nullptr;
+  std::unique_ptr<GestioneAperta> gestione_;
   std::vector<AziendaAvvio> elenco_;
   QPointer<desktop::HelpWindow> guida_;
 };

@@ -2,11 +2,13 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
 
 #include "apps/comune/connessioni.h"
 #include "archive/archivio.h"
+#include "base/error.h"
 #include "data/recordset.h"
 #include "suite/file_system.h"
 #include "suite/impostazioni.h"
@@ -23,6 +25,23 @@ Profilo::Database databaseDi(const QString& file) {
   Profilo::Database database;
   database.origine = file.toStdString();
   return database;
+}
+
+// Created under a temporary name and renamed when it is complete.
+void creaIntero(const QString& file, ContenutoArchivio contenuto) {
+  const QString nuovo = file + QStringLiteral(".nuovo");
+  const auto togli = [&] {
+    for (const char* coda : {"", "-wal", "-shm"}) QFile::remove(nuovo + QString::fromLatin1(coda));
+  };
+  togli();
+  try {
+    creaArchivio(*creaConnessione(databaseDi(nuovo)), contenuto);
+  } catch (...) {
+    togli();
+    throw;
+  }
+  for (const char* coda : {"-wal", "-shm"}) QFile::remove(nuovo + QString::fromLatin1(coda));
+  QFile::rename(nuovo, file);
 }
 
 std::string chiave() { return TestiItaliani().text(kTestoChiave); }
@@ -75,12 +94,15 @@ void preparaDimostrativo(const CartelleAvvio& cartelle) {
   const QString file = cartelle.databaseDimostrativo();
   if (QFile::exists(file)) return;
   QDir().mkpath(cartelle.dati);
-  // Created under a temporary name and renamed when it is complete.
-  const QString nuovo = file + QStringLiteral(".nuovo");
-  QFile::remove(nuovo);
-  creaArchivio(*creaConnessione(databaseDi(nuovo)), ContenutoArchivio::Dimostrativo);
-  for (const char* coda : {"-wal", "-shm"}) QFile::remove(nuovo + QString::fromLatin1(coda));
-  QFile::rename(nuovo, file);
+  creaIntero(file, ContenutoArchivio::Dimostrativo);
+}
+
+void creaArchivioVuoto(const QString& file) {
+  if (QFile::exists(file)) {
+    throw Error(kErrorPathAccess, "Il file «" + QFileInfo(file).fileName().toStdString() +
+                                      "» esiste già: per un nuovo archivio serve un nome nuovo.");
+  }
+  creaIntero(file, ContenutoArchivio::Vuoto);
 }
 
 std::vector<AziendaAvvio> aziendeDi(const QString& database) {

@@ -36,6 +36,10 @@ struct CartelleAvvio {
 // left.
 void preparaDimostrativo(const CartelleAvvio& cartelle);
 
+// Creates a database with the lists and no company. A file that exists, and an error, leave everything as it
+// was; both are raised with a text for the user.
+void creaArchivioVuoto(const QString& file);
+
 struct AziendaAvvio {
   std::int32_t azienda = 0;
   std::int32_t filiale = 0;
