@@ -1,13 +1,18 @@
 #include "gestione/conteggio_compenso.h"
 
+#include "schede/importi.h"
+
 namespace cu {
 namespace {
+
+using schede::euro;
+using schede::percento;
 
 static_assert(static_cast<std::size_t>(Cifra::ContributoPercipiente) + 1 == schede::kImporti);
 
 }  // namespace
 
-void ConteggioCompenso::setRegola(const std::optional<RegolaCausale>& regola) {
+void ConteggioCompenso::setRegola(const std::optional<schede::RegolaCausale>& regola) {
   regola_ = regola;
   calcola();
 }
@@ -53,10 +58,10 @@ void ConteggioCompenso::calcola() {
     di(Cifra::QuotaNonSoggetta) = onorario - valore(Cifra::Imponibile);
   } else {
     const int parte = regola_ ? regola_->imponibile : 100;
-    proponi(Cifra::QuotaNonSoggetta, onorario - percentoDi(onorario, parte));
+    proponi(Cifra::QuotaNonSoggetta, onorario - percento(onorario, parte));
     di(Cifra::Imponibile) = onorario - valore(Cifra::QuotaNonSoggetta);
   }
-  const Decimal ritenuta = regola_ ? percentoDi(valore(Cifra::Imponibile), regola_->aliquota) : Decimal();
+  const Decimal ritenuta = regola_ ? percento(valore(Cifra::Imponibile), regola_->aliquota) : Decimal();
   const bool imposta = regola_ && regola_->imposta;
   proponi(Cifra::RitenutaAcconto, imposta ? Decimal() : ritenuta);
   proponi(Cifra::RitenutaImposta, imposta ? ritenuta : Decimal());

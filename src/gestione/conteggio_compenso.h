@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "gestione/regole_causale.h"
+#include "gestione/avvisi_compenso.h"
 #include "schede/schede.h"
 
 namespace cu {
@@ -31,8 +31,8 @@ inline constexpr std::size_t kCifre = 11;
 // compared.
 class ConteggioCompenso {
  public:
-  void setRegola(const std::optional<RegolaCausale>& regola);
-  const std::optional<RegolaCausale>& regola() const { return regola_; }
+  void setRegola(const std::optional<schede::RegolaCausale>& regola);
+  const std::optional<schede::RegolaCausale>& regola() const { return regola_; }
   // A payment as it is stored: what agrees with the usual figures goes on following them.
   void carica(const schede::Importi& importi);
 
@@ -53,7 +53,7 @@ class ConteggioCompenso {
   Decimal lordo() const;
   Decimal netto() const;
 
-  std::optional<RegolaCausale> regola_;
+  std::optional<schede::RegolaCausale> regola_;
   std::array<Decimal, kCifre> valori_{};
   std::array<bool, kCifre> aMano_{};
 };

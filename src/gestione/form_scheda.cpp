@@ -1,8 +1,11 @@
 #include "gestione/form_scheda.h"
 
+#include <algorithm>
+
 #include "base/codice_fiscale.h"
 #include "base/text.h"
 #include "base/windows1252.h"
+#include "controls/selector.h"
 #include "gestione/esame_codice.h"
 
 namespace cu {
@@ -18,8 +21,20 @@ FormScheda::FormScheda(const ContestoGestione& contesto, std::string nome, std::
     : Form(contesto.frontEnd, std::move(nome), std::move(didascalia)), contesto_(contesto) {}
 
 std::string FormScheda::unsavedWork() const {
-  return !ok_ && contesto_.scrivibile && cambiata() ? "Quello che è stato scritto non è ancora registrato."
-                                                    : std::string();
+  return !ok_ && contesto_.scrivibile && (cambiata() || incompleta())
+             ? "Quello che è stato scritto non è ancora registrato."
+             : std::string();
+}
+
+bool FormScheda::incompleta() const {
+  return std::any_of(controls().begin(), controls().end(), [](const Control* uno) {
+    if (!uno->available()) return false;
+    if (const auto* const data = dynamic_cast<const DateBox*>(uno)) {
+      return !trim(data->text()).empty() && !data->date();
+    }
+    const auto* const scelta = dynamic_cast<const Selector*>(uno);
+    return scelta != nullptr && scelta->record() == 0 && !trim(scelta->code()).empty();
+  });
 }
 
 void FormScheda::collegaPulsanti(Button& registra, Button& annulla) {

@@ -37,6 +37,9 @@ class FormScheda : public Form {
   void collegaPulsanti(Button& registra, Button& annulla);
   void concludi();  // writes, and closes the form
 
+  // Whether a box has something written that stands for nothing, such as half a date.
+  bool incompleta() const;
+
   // Shows the reason in a box; the focus goes to the place.
   bool rifiuta(const std::string& testo, Control* dove);
   bool rifiuta(const Finding& motivo, std::initializer_list<Posto> posti);

@@ -146,11 +146,7 @@ void FrmArchivi::elimina() {
     return;
   }
   const Result<> esito = contesto_.registrazione().togliAzienda(*azienda);
-  if (!esito) {
-    std::string testo;
-    for (const Finding& motivo : esito.refusals) testo += (testo.empty() ? "" : "\r\n") + motivo.text;
-    return contesto_.avvisa(testo);
-  }
+  if (!esito) return contesto_.avvisa(esito.refusals.front().text);
   frontEnd().told("Azienda eliminata: " + nome + ".");
   ricarica(0);
 }

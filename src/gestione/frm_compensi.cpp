@@ -7,13 +7,14 @@
 #include "base/collation.h"
 #include "base/text.h"
 #include "gestione/frm_pagamento.h"
-#include "gestione/regole_causale.h"
 #include "schede/compensi.h"
+#include "schede/importi.h"
 #include "schede/percipienti.h"
 
 namespace cu {
 namespace {
 
+using schede::euro;
 using schede::Importo;
 using schede::SchedaCompenso;
 

@@ -117,7 +117,8 @@ void FrmPagamento::regolaCambiata() {
   const auto percipiente = schede::Percipienti(contesto_.connessione(), idAzienda_)
                                .cerca(static_cast<std::int32_t>(KrnCDPerc.record()));
   const bool estero = percipiente && percipiente->nonResidente && !percipiente->schumacker;
-  conteggio_.setRegola(regolaDi(KrnCDCausale.record() == 0 ? std::string() : KrnCDCausale.code(), estero));
+  conteggio_.setRegola(
+      schede::regolaDi(KrnCDCausale.record() == 0 ? std::string() : KrnCDCausale.code(), estero));
   mostraCifre(std::nullopt);
   mostraAvvisi();
 }

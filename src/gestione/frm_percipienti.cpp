@@ -164,11 +164,7 @@ void FrmPercipienti::elimina() {
     return;
   }
   const Result<> esito = contesto_.registrazione().togliPercipiente(*percipiente);
-  if (!esito) {
-    std::string testo;
-    for (const Finding& motivo : esito.refusals) testo += (testo.empty() ? "" : "\r\n") + motivo.text;
-    return contesto_.avvisa(testo);
-  }
+  if (!esito) return contesto_.avvisa(esito.refusals.front().text);
   frontEnd().told("Percipiente eliminato: " + nome + ".");
   ricarica(0);
 }

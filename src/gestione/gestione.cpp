@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 #include "host/testi_programma.h"
+#include "schede/conteggio.h"
 
 namespace cu {
 

@@ -15,6 +15,7 @@
 #include "intake/storico.h"
 #include "schede/aziende.h"
 #include "schede/compensi.h"
+#include "schede/conteggio.h"
 #include "schede/percipienti.h"
 
 namespace cu::intake {
@@ -124,7 +125,7 @@ class Applicazione {
       }
     });
     codiciNonSoggette();
-    if (creatoQui(scrittura_.connessione())) anni();
+    if (schede::archivioProprio(scrittura_.connessione())) anni();
     scrittura_.chiudi();
     conti.ricostruisci(avanzamento_);
     conti.confronta(piano_.conti);

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "base/text.h"
-#include "intake/importi_compenso.h"
 #include "intake/riga_in_corso.h"
+#include "schede/importi.h"
 
 namespace cu::intake {
 namespace {
@@ -119,7 +119,7 @@ void ContiToccati::controlla(const ChiaveConto& chiave, const Conto& conto) {
       std::any_of(conto.dopo.begin(), conto.dopo.end(), [](Decimal uno) { return uno < Decimal(); });
   if (negativo) {
     segnala(chiave, conto, Codice::A01, "una somma del conto diventa negativa", true);
-  } else if (const std::string oltre = oltreIlCompenso(conto.dopo); !oltre.empty()) {
+  } else if (const std::string oltre = schede::oltreIlCompenso(conto.dopo); !oltre.empty()) {
     segnala(chiave, conto, Codice::R13, "nel conto " + oltre, true);
   }
   const ContoLetto* const suo = letto(chiave);

@@ -1,46 +1,26 @@
 #include "intake/importi_compenso.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <string>
+
+#include "schede/importi.h"
+#include "schede/regole_causale.h"
 
 namespace cu::intake {
 namespace {
 
+using schede::euro;
 using schede::Importi;
+using schede::percento;
 using I = schede::Importo;
 
 // The usual rate of the tax on account of a reason; others are not compared.
-struct AliquotaUsuale {
-  std::string_view causale;
-  std::int32_t percento = 0;
-};
-constexpr std::array<AliquotaUsuale, 16> kAliquoteUsuali = {{{"A", 20},
-                                                             {"B", 20},
-                                                             {"E", 20},
-                                                             {"L", 20},
-                                                             {"L1", 20},
-                                                             {"M", 20},
-                                                             {"M1", 20},
-                                                             {"M2", 20},
-                                                             {"O", 20},
-                                                             {"O1", 20},
-                                                             {"Q", 23},
-                                                             {"R", 23},
-                                                             {"S", 23},
-                                                             {"T", 23},
-                                                             {"U", 23},
-                                                             {"W", 4}}};
-
 std::optional<Decimal> aliquotaUsuale(std::string_view causale) {
-  for (const AliquotaUsuale& una : kAliquoteUsuali) {
-    if (una.causale == causale) return Decimal::fromInteger(una.percento);
-  }
-  return std::nullopt;
+  const std::optional<schede::RegolaCausale> regola = schede::regolaDi(causale, false);
+  if (!regola || regola->imposta) return std::nullopt;
+  return Decimal::fromInteger(regola->aliquota);
 }
-
-std::string euro(Decimal importo) { return importo.toFixed(2, ','); }
 
 class ImportiCompenso {
  public:
@@ -144,7 +124,7 @@ class ImportiCompenso {
     confronta(Imponibile, base(), "l'imponibile");
     confronta(Netto, lordo() - di(I::RitenutaAcconto) - di(I::RitenutaImposta) - di(I::ContributoPercipiente),
               "il netto");
-    if (const std::string oltre = oltreIlCompenso(importi_); !oltre.empty())
+    if (const std::string oltre = schede::oltreIlCompenso(importi_); !oltre.empty())
       corso_.segnala(Codice::R13, oltre);
     const bool gia = std::any_of(corso_.riga().messaggi.begin(), corso_.riga().messaggi.end(),
                                  [](const Messaggio& uno) { return uno.codice == Codice::R06; });
@@ -169,30 +149,6 @@ class ImportiCompenso {
 
 Importi importiDelCompenso(RigaInCorso& corso, std::string_view causale) {
   return ImportiCompenso(corso, causale).calcola();
-}
-
-Decimal percento(Decimal importo, Decimal percentuale) {
-  // Hundredths of a percent of a percent: parts of a million, with four places.
-  constexpr std::int64_t kParti = 1000000;
-  const std::int64_t centesimi = importo.rounded(2).scaled() / 100;
-  const std::int64_t intere = centesimi / kParti * percentuale.scaled();
-  const std::int64_t resto = centesimi % kParti * percentuale.scaled();
-  const std::int64_t meta = resto < 0 ? -kParti / 2 : kParti / 2;
-  return Decimal::fromScaled((intere + (resto + meta) / kParti) * 100);
-}
-
-std::string oltreIlCompenso(const Importi& importi) {
-  const auto di = [&](I importo) { return importi[posto(importo)]; };
-  const Decimal base = di(I::Onorario) - di(I::QuotaNonSoggetta);
-  const Decimal ritenute = di(I::RitenutaAcconto) + di(I::RitenutaImposta);
-  if (di(I::QuotaNonSoggetta).abs() > di(I::Onorario).abs()) {
-    return "la quota non soggetta " + euro(di(I::QuotaNonSoggetta)) + " supera il compenso " +
-           euro(di(I::Onorario));
-  }
-  if (ritenute.abs() > base.abs()) {
-    return "le ritenute " + euro(ritenute) + " superano l'imponibile " + euro(base);
-  }
-  return {};
 }
 
 }  // namespace cu::intake

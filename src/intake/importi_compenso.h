@@ -11,11 +11,4 @@ namespace cu::intake {
 // contradicts itself as a message: R01, R02, R06, R09, R13, R14.
 schede::Importi importiDelCompenso(RigaInCorso& corso, std::string_view causale);
 
-// A percentage of an amount in cents, rounded half away from zero.
-Decimal percento(Decimal importo, Decimal percentuale);
-
-// Whether quota and taxes fit into what they are part of; else what is wrong. For a payment and for an
-// account.
-std::string oltreIlCompenso(const schede::Importi& importi);
-
 }  // namespace cu::intake

@@ -9,12 +9,8 @@
 namespace cu::intake {
 namespace {
 
+using schede::haTabella;
 using schede::idIn;
-
-bool haTabella(Connection& connessione, std::string_view nome) {
-  return schede::quante(connessione, "dbo.sysobjects",
-                        " WHERE type = 'U' AND name = '" + std::string(nome) + "'") > 0;
-}
 
 Lotto lottoDa(const CellView* riga) {
   constexpr std::size_t kPrimoConteggio = 6;
@@ -37,8 +33,6 @@ bool haStorico(Connection& connessione) {
   return haTabella(connessione, "CuImportazione") && haTabella(connessione, "CuImportazioneFile") &&
          haTabella(connessione, "CuImportazioneRiga") && haTabella(connessione, "CuImportazioneConto");
 }
-
-bool creatoQui(Connection& connessione) { return haTabella(connessione, "CuArchivio"); }
 
 std::vector<Lotto> storico(Connection& connessione, std::optional<std::int32_t> idAzienda) {
   std::vector<Lotto> lotti;
@@ -75,7 +69,7 @@ std::vector<Lotto> storico(Connection& connessione, std::optional<std::int32_t> 
 }
 
 Result<> prontoPerImportare(Connection& connessione, Elenco elenco, const RichiestaPiano& richiesta) {
-  if (!richiesta.databaseEstraneo && !creatoQui(connessione)) {
+  if (!richiesta.databaseEstraneo && !schede::archivioProprio(connessione)) {
     return Result<>::refused(
         {"estraneo",
          "Il database non è stato creato da questo programma: in quello di un'altra suite è lei a "

@@ -34,9 +34,8 @@ struct Lotto {
 // no history.
 std::vector<Lotto> storico(Connection& connessione, std::optional<std::int32_t> idAzienda);
 
-// Whether the database has the tables of the history, and the mark of one that this program has created.
+// Whether the database has the tables of the history.
 bool haStorico(Connection& connessione);
-bool creatoQui(Connection& connessione);
 
 // Refused: a database that this program has not created unless the request says so, one without history, and
 // a company that is not there.

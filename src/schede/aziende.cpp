@@ -271,12 +271,13 @@ Result<> Aziende::togli(Scrittura& scrittura, const SchedaAzienda& azienda) {
   scrittura.chiudi();
   Connection& connessione = scrittura.connessione();
   const std::string sue = di(azienda.id);
-  const Result<> usi = senzaUsi(connessione, "l'azienda",
-                                {{"Percipiente", sue, "percipienti"},
-                                 {"Compenso", sue, "compensi"},
-                                 {"ContoIndividuale", sue, "conti individuali"},
-                                 {"ContoIndividualeDatiAggiuntivi", sue, "dati aggiuntivi"},
-                                 {"ModuloXContoIndividuale", sue, "moduli aggiuntivi"}});
+  const Result<> usi = senzaUsi(
+      connessione, "l'azienda",
+      {{"Percipiente", sue, "un percipiente", "percipienti"},
+       {"Compenso", sue, "un compenso", "compensi"},
+       {"ContoIndividuale", sue, "un conto individuale", "conti individuali"},
+       {"ContoIndividualeDatiAggiuntivi", sue, "dati aggiuntivi di un conto", "dati aggiuntivi di conti"},
+       {"ModuloXContoIndividuale", sue, "un modulo aggiuntivo", "moduli aggiuntivi"}});
   if (!usi) return usi;
   for (const Riga& filiale : leggiRighe(connessione, kFiliale, sue)) {
     togliRighe(scrittura, kFilialePredefinita, " WHERE IDFiliale = " + fromInteger(idIn(filiale, 0)));

@@ -1,5 +1,8 @@
 #include "schede/conteggio.h"
 
+#include <string>
+#include <vector>
+
 #include "base/text.h"
 
 namespace cu::schede {
@@ -14,17 +17,30 @@ std::int64_t quante(Connection& connessione, std::string_view tabella, std::stri
   return numero.integer();
 }
 
+bool haTabella(Connection& connessione, std::string_view nome) {
+  return quante(connessione, "dbo.sysobjects", " WHERE type = 'U' AND name = '" + std::string(nome) + "'") >
+         0;
+}
+
+bool archivioProprio(Connection& connessione) { return haTabella(connessione, "CuArchivio"); }
+
 Result<> senzaUsi(Connection& connessione, std::string_view chi, std::initializer_list<Uso> usi) {
-  Result<> esito = Done{};
+  std::vector<std::string> trovati;
+  std::int64_t tutti = 0;
   for (const Uso& uso : usi) {
-    const std::int64_t trovati = quante(connessione, uso.tabella, uso.condizione);
-    if (trovati == 0) continue;
-    esito.refusals.push_back({"usato",
-                              "Non si può eliminare " + std::string(chi) + ": ne dipendono " +
-                                  fromInteger(trovati) + " " + std::string(uso.nome) + ".",
-                              ""});
+    const std::int64_t righe = quante(connessione, uso.tabella, uso.condizione);
+    if (righe == 0) continue;
+    trovati.push_back(righe == 1 ? std::string(uso.uno) : fromInteger(righe) + " " + std::string(uso.piu));
+    tutti += righe;
   }
-  return esito;
+  if (trovati.empty()) return Done{};
+  std::string testo = "Non si può eliminare " + std::string(chi) + ": ne ";
+  testo += tutti == 1 ? "dipende " : "dipendono ";
+  for (std::size_t i = 0; i < trovati.size(); ++i) {
+    if (i > 0) testo += i + 1 == trovati.size() ? " e " : ", ";
+    testo += trovati[i];
+  }
+  return Result<>::refused({"usato", testo + ".", ""});
 }
 
 void togliAnagraficaLibera(Scrittura& scrittura, std::int32_t idAnagrafica) {

@@ -84,11 +84,12 @@ Result<> Percipienti::togli(Scrittura& scrittura, const SchedaPercipiente& perci
       " WHERE IDAzienda = " + fromInteger(percipiente.idAzienda) + " AND IDAnagrafica = " + id;
   scrittura.chiudi();
   Connection& connessione = scrittura.connessione();
-  const Result<> usi = senzaUsi(connessione, "il percipiente",
-                                {{"Compenso", suoi, "compensi"},
-                                 {"ContoIndividuale", suoi, "conti individuali"},
-                                 {"ContoIndividualeDatiAggiuntivi", suoi, "dati aggiuntivi"},
-                                 {"ModuloXContoIndividuale", suoi, "moduli aggiuntivi"}});
+  const Result<> usi = senzaUsi(
+      connessione, "il percipiente",
+      {{"Compenso", suoi, "un compenso", "compensi"},
+       {"ContoIndividuale", suoi, "un conto individuale", "conti individuali"},
+       {"ContoIndividualeDatiAggiuntivi", suoi, "dati aggiuntivi di un conto", "dati aggiuntivi di conti"},
+       {"ModuloXContoIndividuale", suoi, "un modulo aggiuntivo", "moduli aggiuntivi"}});
   if (!usi) return usi;
   for (const Riga& riga : leggiRighe(connessione, kPercipiente, suoi)) scrittura.togli(kPercipiente, riga);
   togliAnagraficaLibera(scrittura, percipiente.anagrafica.id);

@@ -9,6 +9,7 @@
 #include "schede/aziende.h"
 #include "schede/compensi.h"
 #include "schede/conteggio.h"
+#include "schede/importi.h"
 #include "schede/luoghi.h"
 #include "schede/percipienti.h"
 #include "schede/righe.h"
@@ -50,16 +51,10 @@ void aggiungiA(Importi& somma, const Importi& importi) {
 
 // What is wrong with the sums of an account; "" for nothing.
 std::string oltreLeSomme(const Importi& importi) {
-  const auto di = [&](Importo quale) { return importi[posto(quale)]; };
   if (std::any_of(importi.begin(), importi.end(), [](Decimal uno) { return uno < Decimal(); })) {
-    return "avrebbe una somma negativa";
+    return "una somma diventa negativa";
   }
-  const Decimal imponibile = di(Importo::Onorario) - di(Importo::QuotaNonSoggetta);
-  if (imponibile < Decimal()) return "avrebbe una quota non soggetta maggiore dei compensi";
-  if (di(Importo::RitenutaAcconto) + di(Importo::RitenutaImposta) > imponibile) {
-    return "avrebbe ritenute maggiori dell'imponibile";
-  }
-  return {};
+  return oltreIlCompenso(importi);
 }
 
 Result<> controllaConto(Connection& connessione, std::int32_t idAzienda, const ContoToccato& conto) {
@@ -68,7 +63,7 @@ Result<> controllaConto(Connection& connessione, std::int32_t idAzienda, const C
               [&](const CellView* riga) { difetto = oltreLeSomme(importiDelConto(riga)); });
   if (difetto.empty()) return Done{};
   return Result<>::refused({"conto",
-                            "Il conto del percipiente per questa causale e l'anno " +
+                            "Nel conto del percipiente per questa causale e l'anno " +
                                 fromInteger(conto.anno) + " " + difetto + ": non è stato registrato nulla.",
                             "importi"});
 }
@@ -111,10 +106,6 @@ Result<T> rifiutato(const Result<>& esito) {
 }
 
 }  // namespace
-
-bool archivioProprio(Connection& connessione) {
-  return quante(connessione, "dbo.sysobjects", " WHERE type = 'U' AND name = 'CuArchivio'") > 0;
-}
 
 ContoToccato contoDi(const SchedaCompenso& compenso) {
   return {compenso.idAnagrafica, compenso.idCausale, compenso.pagamento.year()};

@@ -15,9 +15,6 @@
 
 namespace cu::schede {
 
-// Whether this program has created the database: in any other one the suite numbers its own rows.
-bool archivioProprio(Connection& connessione);
-
 // An account of a company.
 struct ContoToccato {
   std::int32_t idAnagrafica = 0;

@@ -11,7 +11,7 @@ Decimal importo(const char* testo) { return Decimal::parse(testo).value(); }
 
 ConteggioCompenso conteggio(const char* causale, const char* onorario, bool nonResidente = false) {
   ConteggioCompenso nuovo;
-  nuovo.setRegola(regolaDi(causale, nonResidente));
+  nuovo.setRegola(schede::regolaDi(causale, nonResidente));
   nuovo.scrivi(Cifra::Onorario, importo(onorario));
   return nuovo;
 }
@@ -57,7 +57,7 @@ TEST(ConteggioCompenso, AnOverwrittenTaxStaysUntilItIsEmptied) {
   c.scrivi(Cifra::Onorario, importo("2000"));
   EXPECT_EQ(c.valore(Cifra::RitenutaAcconto), importo("150"));
   EXPECT_EQ(c.valore(Cifra::Netto), importo("1850"));
-  c.setRegola(regolaDi("M", false));
+  c.setRegola(schede::regolaDi("M", false));
   EXPECT_EQ(c.valore(Cifra::RitenutaAcconto), importo("150"));
   c.libera(Cifra::RitenutaAcconto);
   EXPECT_EQ(c.valore(Cifra::RitenutaAcconto), importo("400"));
@@ -91,7 +91,7 @@ TEST(ConteggioCompenso, AStoredPaymentGoesOnFollowingTheUsualFigures) {
   ConteggioCompenso c = conteggio("A", "1000");
   const schede::Importi importi = c.importi();
   ConteggioCompenso altro;
-  altro.setRegola(regolaDi("A", false));
+  altro.setRegola(schede::regolaDi("A", false));
   altro.carica(importi);
   altro.scrivi(Cifra::Onorario, importo("500"));
   EXPECT_EQ(altro.valore(Cifra::RitenutaAcconto), importo("100"));
@@ -101,7 +101,7 @@ TEST(ConteggioCompenso, AStoredTaxThatIsNotTheUsualOneStays) {
   ConteggioCompenso c = conteggio("A", "1000");
   c.scrivi(Cifra::RitenutaAcconto, importo("40"));
   ConteggioCompenso altro;
-  altro.setRegola(regolaDi("A", false));
+  altro.setRegola(schede::regolaDi("A", false));
   altro.carica(c.importi());
   altro.scrivi(Cifra::Onorario, importo("2000"));
   EXPECT_EQ(altro.valore(Cifra::RitenutaAcconto), importo("40"));

@@ -111,6 +111,19 @@ TEST_F(FrmCompensiTest, WhatIsMissingIsToldAtItsField) {
   });
 }
 
+TEST_F(FrmCompensiTest, WhatStandsForNothingIsUnsavedWorkToo) {
+  FrmPagamento form(contesto, azienda_.id, std::nullopt, 2017);
+  apri<FrmPagamento>(form, [&](FrmPagamento& f) {
+    EXPECT_EQ(f.unsavedWork(), "");
+    scrivi(f.datDocumento, "31/02/2017");
+    EXPECT_NE(f.unsavedWork(), "");
+    scrivi(f.datDocumento, "");
+    EXPECT_EQ(f.unsavedWork(), "");
+    f.KrnCDPerc.choose("P9", "");
+    EXPECT_NE(f.unsavedWork(), "");
+  });
+}
+
 TEST_F(FrmCompensiTest, APayeeAbroadIsProposedAFinalTax) {
   const auto weber = percipiente(azienda_.id, "P002", "Weber", true);
   FrmPagamento form(contesto, azienda_.id, std::nullopt, 2017);
@@ -219,7 +232,7 @@ TEST_F(FrmCompensiTest, AnAccountDoesNotBecomeNegative) {
   compenso(rossi_, "20/04/2017", -300, -60);
   const Result<> esito = contesto.registrazione().togliCompenso(grande);
   ASSERT_FALSE(esito);
-  EXPECT_THAT(esito.refusals.front().text, HasSubstr("avrebbe una somma negativa"));
+  EXPECT_THAT(esito.refusals.front().text, HasSubstr("una somma diventa negativa"));
   EXPECT_EQ(quante("Compenso"), 2);
   EXPECT_EQ(conto("OnorarioProvvigioni"), "700");
 }

@@ -181,7 +181,9 @@ TEST_F(FrmPercipienteTest, APayeeWithPaymentsIsNotDeleted) {
   FrmPercipienti elenco(contesto, azienda_);
   apri<FrmPercipienti>(elenco, [&](FrmPercipienti& f) {
     clic(f.cmdElimina);
-    EXPECT_THAT(ultimoBox(), HasSubstr("Non si può eliminare il percipiente: ne dipendono 1 compensi."));
+    EXPECT_THAT(
+        ultimoBox(),
+        HasSubstr("Non si può eliminare il percipiente: ne dipendono un compenso e un conto individuale."));
     f.grdPercipienti.selectRow(2);
     clic(f.cmdElimina);
     EXPECT_EQ(f.grdPercipienti.rowCount(), 1U);

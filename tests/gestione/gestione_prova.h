@@ -10,6 +10,7 @@
 #include "archive/archivio.h"
 #include "archive/archivio_di_prova.h"
 #include "archive/ricostruzione.h"
+#include "controls/textbox.h"
 #include "gestione/contesto.h"
 #include "schede/luoghi.h"
 #include "sqlite/sqlite_connection.h"
@@ -100,7 +101,8 @@ class GestioneProva : public ::testing::Test {
     return *contesto.registrazione().compenso(std::nullopt, nuovo);
   }
   std::int32_t comune(const std::string& nome) {
-    const schede::Luogo* const luogo = schede::Luoghi(database()).comune(nome, "", std::nullopt).uno();
+    const schede::Luoghi luoghi(database());
+    const schede::Luogo* const luogo = luoghi.comune(nome, "", std::nullopt).uno();
     return luogo == nullptr ? 0 : luogo->id;
   }
 

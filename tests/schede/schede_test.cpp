@@ -5,6 +5,7 @@
 #include "archive/archivio_vuoto_prova.h"
 #include "schede/aziende.h"
 #include "schede/compensi.h"
+#include "schede/conteggio.h"
 #include "schede/luoghi.h"
 #include "schede/percipienti.h"
 #include "schede/righe.h"
@@ -123,7 +124,7 @@ TEST(SchedeAziende, GoWithAllTheirRowsUnlessSomethingDependsOnThem) {
   scrittura.chiudi();
   const Result<> rifiuto = Aziende::togli(scrittura, scheda);
   ASSERT_FALSE(rifiuto);
-  EXPECT_EQ(rifiuto.refusals[0].text, "Non si può eliminare l'azienda: ne dipendono 1 percipienti.");
+  EXPECT_EQ(rifiuto.refusals[0].text, "Non si può eliminare l'azienda: ne dipende un percipiente.");
   ASSERT_TRUE(Percipienti::togli(scrittura, suo));
   ASSERT_TRUE(Aziende::togli(scrittura, scheda));
   for (const TabellaSuite* tabella : {&kAzienda, &kAnagrafica, &kConfigurazioneGenerale, &kFiliale,
@@ -254,6 +255,13 @@ TEST_F(LuoghiTest, CountriesAreFoundByNameCodeAndOtherNames) {
   EXPECT_EQ(nazione("U.S.A."), "Stati Uniti d'America");
   EXPECT_EQ(nazione("Gran Bretagna"), "Regno Unito");
   EXPECT_EQ(nazione("Utopia"), "");
+}
+
+TEST(SchedeArchivio, OneThatThisProgramHasCreatedIsMarked) {
+  EmptyArchive archivio;
+  EXPECT_TRUE(archivioProprio(*archivio));
+  const auto altro = SqliteConnection::create(":memory:");
+  EXPECT_FALSE(archivioProprio(*altro));
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // What is unusual in the amounts of a payment, in words.
 
-#include "gestione/regole_causale.h"
+#include "gestione/avvisi_compenso.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +9,7 @@ namespace {
 
 using schede::Importi;
 using schede::Importo;
+using schede::regolaDi;
 
 Decimal cent(std::int64_t centesimi) { return Decimal::fromScaled(centesimi * 100); }
 
@@ -21,28 +22,28 @@ Importi importi(std::int64_t onorario, std::int64_t quota, std::int64_t acconto,
   return nuovi;
 }
 
-TEST(RegoleCausale, ATaxThatIsNotTheRateIsToldWithBothFigures) {
+TEST(AvvisiCompenso, ATaxThatIsNotTheRateIsToldWithBothFigures) {
   const auto avvisi = avvisiCompenso(importi(1000'00, 0, 150'00), regolaDi("A", false));
   ASSERT_EQ(avvisi.size(), 1U);
   EXPECT_EQ(avvisi[0].testo, "La ritenuta d'acconto non è il 20 % dell'imponibile: 150,00 invece di 200,00.");
   EXPECT_FALSE(avvisi[0].arrotondamento);
 }
 
-TEST(RegoleCausale, OneCentIsARounding) {
+TEST(AvvisiCompenso, OneCentIsARounding) {
   const auto avvisi = avvisiCompenso(importi(1000'00, 0, 199'99), regolaDi("A", false));
   ASSERT_EQ(avvisi.size(), 1U);
   EXPECT_EQ(avvisi[0].testo, "La ritenuta d'acconto non è il 20 % dell'imponibile: 199,99 invece di 200,00.");
   EXPECT_TRUE(avvisi[0].arrotondamento);
 }
 
-TEST(RegoleCausale, AnAgentsShareIsHalfOrAFifth) {
+TEST(AvvisiCompenso, AnAgentsShareIsHalfOrAFifth) {
   EXPECT_TRUE(avvisiCompenso(importi(2864'00, 2291'20, 131'74), regolaDi("R", false)).empty());
   const auto avvisi = avvisiCompenso(importi(1000'00, 300'00, 161'00), regolaDi("R", false));
   ASSERT_EQ(avvisi.size(), 1U);
   EXPECT_EQ(avvisi[0].testo, "L'imponibile non è il 50 % né il 20 % del compenso: 700,00 su 1.000,00.");
 }
 
-TEST(RegoleCausale, ATaxOfTheOtherKindIsUnusual) {
+TEST(AvvisiCompenso, ATaxOfTheOtherKindIsUnusual) {
   const auto avvisi = avvisiCompenso(importi(1000'00, 220'00, 179'40), regolaDi("V", false));
   ASSERT_EQ(avvisi.size(), 1U);
   EXPECT_EQ(avvisi[0].testo,
@@ -50,14 +51,14 @@ TEST(RegoleCausale, ATaxOfTheOtherKindIsUnusual) {
             "d'imposta.");
 }
 
-TEST(RegoleCausale, ReasonsWithoutAUsualTaxAreNotChecked) {
+TEST(AvvisiCompenso, ReasonsWithoutAUsualTaxAreNotChecked) {
   for (const char* causale : {"C", "D", "G", "H", "I", "N", "P", "X", "Y", "ZO", "", "??"}) {
     EXPECT_FALSE(regolaDi(causale, false)) << causale;
   }
   EXPECT_TRUE(avvisiCompenso(importi(1000'00, 0, 1'00), std::nullopt).empty());
 }
 
-TEST(RegoleCausale, ThePayeesPartIsWithinTheContribution) {
+TEST(AvvisiCompenso, ThePayeesPartIsWithinTheContribution) {
   Importi nuovi = importi(1000'00, 0, 200'00);
   nuovi[posto(Importo::ContributoPrevidenziale)] = cent(30'00);
   nuovi[posto(Importo::ContributoPercipiente)] = cent(40'00);
@@ -66,25 +67,12 @@ TEST(RegoleCausale, ThePayeesPartIsWithinTheContribution) {
   EXPECT_TRUE(avvisiCompenso(nuovi, regolaDi("A", false)).empty());
 }
 
-TEST(RegoleCausale, WhatCannotBeIsAnError) {
+TEST(AvvisiCompenso, WhatCannotBeIsAnError) {
   EXPECT_EQ(erroreCompenso(importi(100'00, 200'00, 0)),
             "La quota non soggetta 200,00 supera il compenso 100,00.");
   EXPECT_EQ(erroreCompenso(importi(100'00, 0, 60'00, 50'00)),
             "Le ritenute 110,00 superano l'imponibile 100,00.");
   EXPECT_EQ(erroreCompenso(importi(-100'00, 0, -20'00)), "");
-}
-
-TEST(RegoleCausale, PercentagesAreRoundedHalfAwayFromZero) {
-  EXPECT_EQ(percentoDi(cent(6249'99), 50), cent(3125'00));
-  EXPECT_EQ(percentoDi(cent(-6249'99), 50), cent(-3125'00));
-  EXPECT_EQ(percentoDi(cent(2), 20), cent(0));
-  EXPECT_EQ(percentoDi(cent(3), 20), cent(1));
-}
-
-TEST(RegoleCausale, AmountsAreShownWithThousands) {
-  EXPECT_EQ(euro(cent(1234567'80)), "1.234.567,80");
-  EXPECT_EQ(euro(cent(-1234'50)), "-1.234,50");
-  EXPECT_EQ(euro(cent(123'00)), "123,00");
 }
 
 }  // namespace
