@@ -5,13 +5,14 @@
 #include "apps/comune/connessioni.h"
 #include "intake/storico.h"
 #include "schede/aziende.h"
+#include "schede/conteggio.h"
 
 namespace cu {
 
 StatoDatabase esaminaDatabase(const Profilo::Database& database) {
   const auto connessione = apriConnessione(database);
   StatoDatabase stato;
-  stato.creatoQui = intake::creatoQui(*connessione);
+  stato.creatoQui = schede::archivioProprio(*connessione);
   stato.storico = intake::haStorico(*connessione);
   for (const schede::SchedaAzienda& azienda : schede::Aziende(*connessione).tutte()) {
     std::string nome = azienda.sede.anagrafica;
