@@ -69,7 +69,9 @@ bool Cell::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
-CellBox::CellBox(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(this)) {
+// A layout sends events to the box that it is made for.
+CellBox::CellBox(QWidget* parent) : QWidget(parent) {
+  grid_ = new QGridLayout(this);
   grid_->setContentsMargins(0, 0, 0, 0);
   grid_->setHorizontalSpacing(6);
   grid_->setVerticalSpacing(4);

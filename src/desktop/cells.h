@@ -49,7 +49,7 @@ class CellBox : public QWidget {
   std::vector<Place> places(const std::vector<int>& spans, int columns) const;
   std::vector<int> spans(int columns) const;
   void arrange(int columns);
-  QGridLayout* grid_;
+  QGridLayout* grid_ = nullptr;
   std::vector<Cell*> cells_;
   int columns_ = 0;
 };

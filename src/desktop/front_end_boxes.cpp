@@ -170,7 +170,9 @@ bool QtFrontEnd::mayClose(const Form& form) {
       "&Chiudi senza memorizzare");
 }
 
+// A button that discards all of the work closes the form.
 bool QtFrontEnd::mayDrop(const Form& form, const std::string& lost) {
+  if (form.stages().empty() && lost == form.unsavedWork()) return mayClose(form);
   return mayLose(form, lost, "Proseguendo ora va perduto.", "&Prosegui senza salvare");
 }
 

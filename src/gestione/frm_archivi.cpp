@@ -26,11 +26,6 @@ std::vector<GridColumn> colonneAziende() {
           colonnaNumero("Compensi", "Compensi")};
 }
 
-std::string denominazione(const SchedaAzienda& azienda) {
-  return azienda.sede.nome.empty() ? azienda.sede.anagrafica
-                                   : azienda.sede.anagrafica + " " + azienda.sede.nome;
-}
-
 std::string contiDetti(std::size_t quanti) {
   return quanti == 1 ? "Un conto è stato corretto"
                      : fromInteger(static_cast<std::int64_t>(quanti)) + " conti sono stati corretti";
@@ -75,12 +70,12 @@ void FrmArchivi::ricarica(std::int32_t corrente) {
   Connection& connessione = contesto_.connessione();
   aziende_ = schede::Aziende(connessione).tutte();
   std::stable_sort(aziende_.begin(), aziende_.end(), [](const SchedaAzienda& a, const SchedaAzienda& b) {
-    return compareItalian(denominazione(a), denominazione(b)) < 0;
+    return compareItalian(nominativo(a.sede), nominativo(b.sede)) < 0;
   });
   std::vector<RigheElenco::Riga> righe;
   for (const SchedaAzienda& una : aziende_) {
     const std::string sue = " WHERE IDAzienda = " + fromInteger(una.id);
-    righe.push_back({Value::ofInteger(una.id), Value::ofText(denominazione(una)),
+    righe.push_back({Value::ofInteger(una.id), Value::ofText(nominativo(una.sede)),
                      Value::ofText(una.sede.codiceFiscale), Value::ofText(una.sede.partitaIva),
                      Value::ofInteger(schede::quante(connessione, "Percipiente", sue)),
                      Value::ofInteger(schede::quante(connessione, "Compenso", sue))});
@@ -140,7 +135,7 @@ void FrmArchivi::modifica() {
 void FrmArchivi::elimina() {
   const SchedaAzienda* const azienda = corrente();
   if (azienda == nullptr) return;
-  const std::string nome = denominazione(*azienda);
+  const std::string nome = nominativo(azienda->sede);
   if (contesto_.utilita.question("Eliminare l'azienda " + nome + "?", contesto_.titolo) !=
       UtilitaSuite::kYes) {
     return;

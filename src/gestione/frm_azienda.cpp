@@ -202,7 +202,7 @@ void FrmAzienda::avvisaDoppioni(const SchedaAzienda& azienda, std::vector<std::s
         altra.sede.codiceFiscale != azienda.sede.codiceFiscale) {
       continue;
     }
-    avvisi.push_back("C'è già un'azienda con questo codice fiscale: " + altra.sede.anagrafica + ".");
+    avvisi.push_back("C'è già un'azienda con questo codice fiscale: " + nominativo(altra.sede) + ".");
   }
 }
 
@@ -218,7 +218,7 @@ bool FrmAzienda::registra() {
   const Result<SchedaAzienda> esito = contesto_.registrazione().azienda(prima_, azienda);
   if (!esito) return rifiuta(esito.refusals.front(), {});
   scritta_ = *esito;
-  frontEnd().told((prima_ ? "Azienda cambiata: " : "Azienda aggiunta: ") + scritta_.sede.anagrafica + ".");
+  frontEnd().told((prima_ ? "Azienda cambiata: " : "Azienda aggiunta: ") + nominativo(scritta_.sede) + ".");
   return true;
 }
 

@@ -71,7 +71,7 @@ void aggiungi(Somme& somme, const schede::Importi& importi) {
 }  // namespace
 
 FrmCompensi::FrmCompensi(const ContestoGestione& contesto, const schede::SchedaAzienda& azienda)
-    : Form(contesto.frontEnd, "frmCompensi", "Compensi pagati da " + azienda.sede.anagrafica),
+    : Form(contesto.frontEnd, "frmCompensi", "Compensi pagati da " + nominativo(azienda.sede)),
       cboAnno(*this, "cboAnno", nullptr, "Anno di pagamento"),
       lblStato(*this, "lblStato", nullptr),
       grdCompensi(*this, "grdCompensi", nullptr),
@@ -105,8 +105,7 @@ void FrmCompensi::formLoad() {
 void FrmCompensi::leggiNomi() {
   Connection& connessione = contesto_.connessione();
   for (const schede::SchedaPercipiente& uno : schede::Percipienti(connessione, idAzienda_).tutti()) {
-    const schede::SchedaAnagrafica& a = uno.anagrafica;
-    percipienti_[a.id] = a.nome.empty() ? a.anagrafica : a.anagrafica + " " + a.nome;
+    percipienti_[uno.anagrafica.id] = nominativo(uno.anagrafica);
   }
   Recordset righe;
   righe.Open(connessione, "SELECT IDCausalePagamento, Codice FROM CausalePagamento");

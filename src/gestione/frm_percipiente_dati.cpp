@@ -199,7 +199,7 @@ void FrmPercipiente::avvisaDoppioni(const SchedaPercipiente& percipiente,
     if (altro.anagrafica.id == percipiente.anagrafica.id || altro.anagrafica.codiceFiscale != codice)
       continue;
     avvisi.push_back("C'è già un percipiente con questo codice fiscale: " + altro.codice + ", " +
-                     altro.anagrafica.anagrafica + " " + altro.anagrafica.nome + ".");
+                     nominativo(altro.anagrafica) + ".");
   }
 }
 
@@ -238,7 +238,7 @@ bool FrmPercipiente::registra() {
   if (!esito) return rifiuta(esito.refusals.front(), {{"codice", &txtCodice}});
   scritta_ = *esito;
   frontEnd().told((prima_ ? "Percipiente cambiato: " : "Percipiente aggiunto: ") + scritta_.codice + ", " +
-                  scritta_.anagrafica.anagrafica + ".");
+                  nominativo(scritta_.anagrafica) + ".");
   return true;
 }
 

@@ -26,11 +26,6 @@ std::vector<GridColumn> colonnePercipienti() {
           colonnaTesto("Indirizzo", "Indirizzo", kCodiceFiscale)};
 }
 
-std::string nominativo(const SchedaPercipiente& percipiente) {
-  const schede::SchedaAnagrafica& a = percipiente.anagrafica;
-  return a.nome.empty() ? a.anagrafica : a.anagrafica + " " + a.nome;
-}
-
 // Letters without case and accents, and the digits.
 std::string perCercare(std::string_view testo) {
   std::string lettere;
@@ -48,7 +43,7 @@ std::string perCercare(std::string_view testo) {
 }  // namespace
 
 FrmPercipienti::FrmPercipienti(const ContestoGestione& contesto, const schede::SchedaAzienda& azienda)
-    : Form(contesto.frontEnd, "frmPercipienti", "Percipienti di " + azienda.sede.anagrafica),
+    : Form(contesto.frontEnd, "frmPercipienti", "Percipienti di " + nominativo(azienda.sede)),
       txtCerca(*this, "txtCerca", nullptr, "Cerca"),
       lblTrovati(*this, "lblTrovati", nullptr),
       grdPercipienti(*this, "grdPercipienti", nullptr),
@@ -82,7 +77,7 @@ void FrmPercipienti::ricarica(std::int32_t corrente) {
   percipienti_.clear();
   percipienti_.reserve(tutti.size());
   for (SchedaPercipiente& uno : tutti) {
-    std::string nome = nominativo(uno);
+    std::string nome = nominativo(uno.anagrafica);
     // A blank never occurs in what is looked for.
     std::string cercabile =
         perCercare(uno.codice) + " " + perCercare(nome) + " " + perCercare(uno.anagrafica.codiceFiscale);
@@ -158,7 +153,7 @@ void FrmPercipienti::modifica() {
 void FrmPercipienti::elimina() {
   const SchedaPercipiente* const percipiente = corrente();
   if (percipiente == nullptr) return;
-  const std::string nome = percipiente->codice + ", " + nominativo(*percipiente);
+  const std::string nome = percipiente->codice + ", " + nominativo(percipiente->anagrafica);
   if (contesto_.utilita.question("Eliminare il percipiente " + nome + "?", contesto_.titolo) !=
       UtilitaSuite::kYes) {
     return;

@@ -121,8 +121,7 @@ std::optional<std::int32_t> idDellaNazione(RigaInCorso& corso, std::uint8_t colo
 }
 
 std::string detto(const schede::SchedaAnagrafica& scheda) {
-  std::string testo = scheda.anagrafica;
-  if (!scheda.nome.empty()) testo += " " + scheda.nome;
+  std::string testo = nominativo(scheda);
   const std::string& codice = scheda.codiceFiscale.empty() ? scheda.partitaIva : scheda.codiceFiscale;
   if (!codice.empty()) testo += ", " + codice;
   return testo;

@@ -32,6 +32,11 @@ struct SchedaAnagrafica {
   friend bool operator==(const SchedaAnagrafica&, const SchedaAnagrafica&) = default;
 };
 
+// "Rossi Mario", "Studio Prova S.r.l."
+inline std::string nominativo(const SchedaAnagrafica& anagrafica) {
+  return anagrafica.nome.empty() ? anagrafica.anagrafica : anagrafica.anagrafica + " " + anagrafica.nome;
+}
+
 struct SchedaPercipiente {
   std::int32_t idAzienda = 0;
   SchedaAnagrafica anagrafica;

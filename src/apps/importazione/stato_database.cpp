@@ -15,9 +15,7 @@ StatoDatabase esaminaDatabase(const Profilo::Database& database) {
   stato.creatoQui = schede::archivioProprio(*connessione);
   stato.storico = intake::haStorico(*connessione);
   for (const schede::SchedaAzienda& azienda : schede::Aziende(*connessione).tutte()) {
-    std::string nome = azienda.sede.anagrafica;
-    if (!azienda.sede.nome.empty()) nome += ' ' + azienda.sede.nome;
-    stato.aziende.push_back({azienda.id, std::move(nome)});
+    stato.aziende.push_back({azienda.id, nominativo(azienda.sede)});
   }
   std::sort(stato.aziende.begin(), stato.aziende.end(),
             [](const AziendaDelDatabase& a, const AziendaDelDatabase& b) { return a.nome < b.nome; });
