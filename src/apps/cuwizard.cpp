@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/assistente/importazione_guidata.h"
 #include "apps/avvio/finestra_avvio.h"
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/comune/codici_uscita.h"
@@ -32,7 +33,8 @@ namespace {
 struct Opzioni {
   std::string profilo;
   std::string colori = "sistema";
-  std::vector<std::string> file;  // telematic files to read
+  std::vector<std::string> file;  // telematic files to read, or tables to import
+  bool importa = false;
 };
 
 // The guide is in the folder named by the profile or next to the program, installed or in its source tree.
@@ -72,6 +74,14 @@ std::optional<Profilo> profiloScelto() {
   return profiloDi(fatta, cartelle);
 }
 
+// Of the last choice in the start window.
+Profilo profiloRicordato() {
+  const CartelleAvvio cartelle = CartelleAvvio::delUtente();
+  const SceltaAvvio scelta = SceltaAvvio::ricordata();
+  if (scelta.database.isEmpty()) preparaDimostrativo(cartelle);
+  return profiloDi(scelta, cartelle);
+}
+
 // Until the last window for telematic files is closed.
 int finoAgliStrumenti() {
   if (!strumenti::aperti()) return kRiuscito;
@@ -94,6 +104,12 @@ int esegui(const Opzioni& opzioni) {
   if (!opzioni.profilo.empty()) profilo = leggiProfilo(opzioni.profilo);
   strumenti::guida(
       cartellaGuida(profilo ? QString::fromStdString(profilo->sessione.cartellaGuida) : QString()));
+  if (opzioni.importa) {
+    QStringList tabelle;
+    for (const std::string& uno : opzioni.file) tabelle += QString::fromStdString(uno);
+    assistente::apriImportazione(profilo ? *profilo : profiloRicordato(), tabelle);
+    return finoAgliStrumenti();
+  }
   if (!opzioni.file.empty()) {
     for (const std::string& uno : opzioni.file) strumenti::apriFile(QString::fromStdString(uno), profilo);
     return finoAgliStrumenti();
@@ -165,6 +181,10 @@ int eseguiFinestra(int quanti, char** argomenti) {
           "FILE", opzioni.file,
           "File telematici da leggere e controllare, ognuno in una finestra, invece di avviare la procedura")
       ->type_name("FILE.cur");
+  programma.add_flag(
+      "--importa", opzioni.importa,
+      "I FILE sono tabelle da importare: apre l'importazione guidata, sul database del profilo o "
+      "dell'ultimo avvio");
   if (const auto esito = senzaSchermo(quanti, argomenti, programma)) return *esito;
 
   QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\nqt.*.warning=false"));

@@ -18,6 +18,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "apps/assistente/importazione_guidata.h"
 #include "apps/avvio/gestione_aperta.h"
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/strumenti/finestra.h"
@@ -159,8 +160,8 @@ void FinestraAvvio::leggiAziende() {
     elenco_ = aziendeDi(database_.isEmpty() ? cartelle_.databaseDimostrativo() : database_);
     aperto = true;
     if (elenco_.empty()) {
-      avviso_->setText(
-          QStringLiteral("Il database non contiene nessuna azienda: con «Dati propri» se ne aggiunge una."));
+      avviso_->setText(QStringLiteral(
+          "Il database non contiene nessuna azienda: con «Dati propri» se ne aggiunge o se ne importa una."));
     }
   } catch (const std::exception& errore) {
     const QFileInfo scelto(database_);
@@ -174,6 +175,7 @@ void FinestraAvvio::leggiAziende() {
   avvia_->setEnabled(!elenco_.empty());
   gestisci_->setEnabled(aperto);
   stato_->setEnabled(!elenco_.empty());
+  importa_->setEnabled(aperto);
 }
 
 void FinestraAvvio::componiStrumenti() {
@@ -203,9 +205,12 @@ void FinestraAvvio::componiStrumenti() {
 void FinestraAvvio::componiDatiPropri() {
   auto* const menu = new QMenu(datiPropri_);
   gestisci_ = menu->addAction(QStringLiteral("&Aziende, percipienti e compensi…"));
+  importa_ = menu->addAction(QStringLiteral("&Importa da tabelle…"));
   const QAction* const nuovo = menu->addAction(QStringLiteral("&Nuovo archivio…"));
   datiPropri_->setMenu(menu);
   connect(gestisci_, &QAction::triggered, this, [this] { gestisci(); });
+  connect(importa_, &QAction::triggered, this,
+          [this] { assistente::apriImportazione(profiloDi(scelta(), cartelle_)); });
   connect(nuovo, &QAction::triggered, this, [this] { nuovoArchivio(); });
 }
 

@@ -57,6 +57,7 @@ class FinestraAvvio : public QDialog {
   QPushButton* datiPropri_;
   QAction* stato_ = nullptr;
   QAction* gestisci_ = nullptr;
+  QAction* importa_ = nullptr;
   std::unique_ptr<GestioneAperta> gestione_;
   std::vector<AziendaAvvio> elenco_;
   QPointer<desktop::HelpWindow> guida_;

@@ -87,8 +87,9 @@ class Assistente {
   const intake::Lettura* lettura(std::size_t file) const;
 
   // Payees, payments and trial.
-  const intake::Piano* piano() const { return piano_.get(); }
-  const std::vector<RigaMostrata>& righe() const { return *righe_; }
+  // A window goes on showing the former ones until new ones are there.
+  std::shared_ptr<const intake::Piano> piano() const { return piano_; }
+  std::shared_ptr<const std::vector<RigaMostrata>> righe() const { return righe_; }
   const intake::Decisione& decisione(std::size_t riga) const;
   void decidi(std::span<const std::size_t> righe, const std::function<void(intake::Decisione&)>& come);
   intake::SuDiversi suDiversi() const { return richiesta_.diversi; }

@@ -14,7 +14,7 @@ Attesa::Attesa(QWidget* parent, std::function<void()> interrompi)
     : QWidget(parent),
       che_(new QLabel(this)),
       barra_(new QProgressBar(this)),
-      interrompi_(new QPushButton(QStringLiteral("Interrom&pi"), this)) {
+      interrompi_(new QPushButton(this)) {
   auto* const riga = new QHBoxLayout(this);
   riga->setContentsMargins(0, 0, 0, 0);
   che_->setTextFormat(Qt::PlainText);
@@ -30,11 +30,12 @@ Attesa::Attesa(QWidget* parent, std::function<void()> interrompi)
   hide();
 }
 
-void Attesa::comincia(const QString& che, bool interrompibile) {
+void Attesa::comincia(const QString& che, bool interrompibile, const QString& interrompi) {
   lascia_ = false;
   che_->setText(che);
   barra_->setRange(0, 0);
   barra_->setAccessibleDescription(che);
+  interrompi_->setText(interrompi);
   interrompi_->setVisible(interrompibile);
   interrompi_->setEnabled(true);
   show();

@@ -14,7 +14,8 @@ namespace cu::strumenti {
 class Attesa : public QWidget {
  public:
   Attesa(QWidget* parent, std::function<void()> interrompi);
-  void comincia(const QString& che, bool interrompibile);
+  // `interrompi` is the caption of the button.
+  void comincia(const QString& che, bool interrompibile, const QString& interrompi);
   // Without a total the number alone is shown.
   void avanza(const QString& che, std::uint64_t fatto, std::uint64_t totale);
   // The work goes on to the end of its step.

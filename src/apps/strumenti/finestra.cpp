@@ -79,8 +79,7 @@ Finestra::Finestra(const QString& nome)
   connect(esc, &QShortcut::activated, this, [this] { close(); });
   auto* const f1 = new QShortcut(QKeySequence::HelpContents, this);
   connect(f1, &QShortcut::activated, this, [this] {
-    desktop::openGuide(aiuto_, this, cartellaDellaGuida(),
-                       QStringLiteral("Controllare e seguire i file telematici"));
+    desktop::openGuide(aiuto_, this, cartellaDellaGuida(), capitolo());
   });
 }
 
@@ -107,7 +106,7 @@ void Finestra::ricordaPosto(std::initializer_list<QSplitter*> divisori, QSize di
 
 void Finestra::esegui(Compito compito) {
   if (lavoro_.inCorso()) return;
-  attesa_->comincia(compito.che, compito.interrompibile);
+  attesa_->comincia(compito.che, compito.interrompibile, compito.interrompi);
   lavoro_.avvia(std::move(compito.lavoro),
                 [this, finito = std::move(compito.finito)](const Lavoro::Esito& esito) {
                   attesa_->finisci();

@@ -37,6 +37,8 @@ class Finestra : public QWidget {
   void closeEvent(QCloseEvent* event) override;
   // A reason not to close now; empty where there is none.
   virtual QString occupata() const { return {}; }
+  // Of the user's guide, for F1.
+  virtual QString capitolo() const { return QStringLiteral("Controllare e seguire i file telematici"); }
   void mostraErrore(const QString& testo);
   QPushButton* pulsante(const char* testo, const std::function<void()>& azione,
                         const QKeySequence& tasto = {});
@@ -48,6 +50,7 @@ class Finestra : public QWidget {
     std::function<void()> lavoro;
     std::function<void(const Lavoro::Esito&)> finito;
     bool interrompibile = true;
+    QString interrompi = QStringLiteral("Interrom&pi");  // the caption of the button that does
   };
   void esegui(Compito compito);
   Lavoro& lavoro() { return lavoro_; }

@@ -7,7 +7,7 @@
 #include "apps/importazione/mappe_personali.h"
 #include "apps/importazione/righe_errate.h"
 #include "intake/storico.h"
-#include "posto_importazione.h"
+#include "apps/importazione/posto_importazione.h"
 #include "tabelle/scrittura.h"
 
 namespace cu {

@@ -5,7 +5,7 @@
 
 #include "apps/importazione/assistente.h"
 #include "apps/importazione/righe_errate.h"
-#include "posto_importazione.h"
+#include "apps/importazione/posto_importazione.h"
 #include "tabelle/scrittura.h"
 
 namespace cu {
@@ -84,10 +84,10 @@ TEST_F(Riepiloghi, GiveTheRowsWithErrorsBackWithTheirColumns) {
 }
 
 TEST_F(Riepiloghi, ShowRowsAsTextsThatCanBeSorted) {
-  ASSERT_EQ(assistente_.righe().size(), 5U);
-  EXPECT_THAT(assistente_.righe()[0].celle,
+  ASSERT_EQ(assistente_.righe()->size(), 5U);
+  EXPECT_THAT((*assistente_.righe())[0].celle,
               ElementsAre("P001", "A", "2018-03-20", "1/2018", "1000", "", "200"));
-  EXPECT_THAT(assistente_.righe()[3].messaggi, HasSubstr("(P12)"));
+  EXPECT_THAT((*assistente_.righe())[3].messaggi, HasSubstr("(P12)"));
   EXPECT_THAT(messaggiGenerali(piano()), IsEmpty());
   EXPECT_EQ(dettoStato(intake::StatoRiga::DaDecidere), "? da decidere");
 }

@@ -1,0 +1,201 @@
+#include "apps/assistente/finestra_assistente.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include "apps/assistente/finestra_storico.h"
+#include "apps/assistente/pagina_colonne.h"
+#include "apps/assistente/pagina_esito.h"
+#include "apps/assistente/pagina_lettura.h"
+#include "apps/assistente/pagina_prova.h"
+#include "apps/assistente/pagina_righe.h"
+#include "apps/assistente/pagina_soggetti.h"
+#include "apps/assistente/pagina_sorgente.h"
+#include "apps/importazione/mappe_personali.h"
+#include "apps/strumenti/frase.h"
+#include "suite/orologio.h"
+
+namespace cu::assistente {
+namespace {
+
+constexpr QSize kDimensioneAssistente(1080, 640);
+
+constexpr std::size_t posto(Passo passo) { return static_cast<std::size_t>(passo); }
+
+}  // namespace
+
+FinestraAssistente::FinestraAssistente(Profilo profilo, const QStringList& file)
+    : Finestra(QStringLiteral("importazione")),
+      profilo_(std::move(profilo)),
+      assistente_({.database = profilo_.database,
+                   .azienda = profilo_.sessione.azienda,
+                   .cartellaMappe = cartellaMappe(),
+                   .utente = "cuwizard",
+                   .oggi = orologio(profilo_)->today()}) {
+  setWindowTitle(QStringLiteral("Importa da tabelle"));
+  auto* const colonna = new QVBoxLayout(this);
+  auto* const mezzo = new QHBoxLayout;
+  mezzo->addWidget(passi());
+  mezzo->addWidget(contenuto(), 1);
+  colonna->addLayout(mezzo, 1);
+  colonna->addWidget(attesa());
+  colonna->addWidget(pulsanti());
+  strumenti::accettaFile(this, [this](const QStringList& lasciati) { aggiungi(lasciati); });
+  ricordaPosto({}, kDimensioneAssistente);
+  aggiungi(file);
+  prosegui();
+}
+
+QWidget* FinestraAssistente::passi() {
+  passi_ = new QListWidget(this);
+  passi_->setAccessibleName(QStringLiteral("Passi"));
+  passi_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+  passi_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  passi_->setSpacing(3);
+  for (std::size_t i = 0; i < kPassi; ++i) passi_->addItem(QString());
+  passi_->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("✓ 4  Percipienti")) + 40);
+  connect(passi_, &QListWidget::itemActivated, this, [this] { vaiAlPasso(passi_->currentRow()); });
+  connect(passi_, &QListWidget::itemClicked, this, [this] { vaiAlPasso(passi_->currentRow()); });
+  return passi_;
+}
+
+template <class P>
+P* FinestraAssistente::registra(P* pagina) {
+  pagina->cambiata = [this] {
+    sospeso_ = false;
+    prosegui();
+  };
+  pagina->errore = [this](const QString& testo) { mostraErrore(testo); };
+  pagine_->addWidget(pagina);
+  return pagina;
+}
+
+QWidget* FinestraAssistente::contenuto() {
+  auto* const riquadro = new QWidget(this);
+  auto* const colonna = new QVBoxLayout(riquadro);
+  colonna->setContentsMargins(0, 0, 0, 0);
+  titolo_ = new strumenti::Frase(riquadro);
+  QFont grande = titolo_->font();
+  grande.setBold(true);
+  titolo_->setFont(grande);
+  colonna->addWidget(titolo_);
+  pagine_ = new QStackedWidget(riquadro);
+  colonna->addWidget(pagine_, 1);
+  risposta_ = new strumenti::Frase(riquadro);
+  risposta_->hide();
+  colonna->addWidget(risposta_);
+  auto* const sorgente = registra(new PaginaSorgente(pagine_, assistente_));
+  sorgente->aggiungiTabelle = [this] { aggiungiTabelle(); };
+  delPasso_[posto(Passo::Sorgente)] = sorgente;
+  delPasso_[posto(Passo::Lettura)] = registra(new PaginaLettura(pagine_, assistente_));
+  delPasso_[posto(Passo::Colonne)] = registra(new PaginaColonne(pagine_, assistente_));
+  delPasso_[posto(Passo::Percipienti)] = registra(new PaginaSoggetti(pagine_, assistente_));
+  delPasso_[posto(Passo::Prova)] = registra(new PaginaProva(pagine_, assistente_));
+  auto* const esito = registra(new PaginaEsito(pagine_, assistente_));
+  esito->apriStorico = [this] { apriStorico(); };
+  esito->ricomincia = [this] {
+    assistente_.ricomincia();
+    arrivato_ = true;
+    prosegui();
+  };
+  delPasso_[posto(Passo::Esito)] = esito;
+  return riquadro;
+}
+
+// Their columns are those of the list.
+PaginaRighe* FinestraAssistente::righeDi(intake::Elenco elenco) {
+  PaginaRighe*& sua = righe_[static_cast<std::size_t>(elenco)];
+  if (sua == nullptr) sua = registra(new PaginaRighe(pagine_, assistente_, elenco));
+  return sua;
+}
+
+Pagina* FinestraAssistente::paginaDelPasso() {
+  const bool compensi = assistente_.elenco() == intake::Elenco::Compensi;
+  const Passo passo = assistente_.passo();
+  if (passo == Passo::Compensi || (passo == Passo::Percipienti && !compensi))
+    return righeDi(assistente_.elenco());
+  return delPasso_[posto(passo)];
+}
+
+QWidget* FinestraAssistente::pulsanti() {
+  auto* const riquadro = new QWidget(this);
+  auto* const riga = new QHBoxLayout(riquadro);
+  riga->setContentsMargins(0, 0, 0, 0);
+  riga->addWidget(pulsante("&Storico…", [this] { apriStorico(); }));
+  riga->addStretch(1);
+  riga->addWidget(riprova_ = pulsante("Ri&prova", [this] {
+                    sospeso_ = false;
+                    prosegui();
+                  }));
+  riga->addWidget(indietro_ = pulsante("Ind&ietro", [this] { indietro(); }));
+  riga->addWidget(avanti_ = pulsante("A&vanti", [this] { avanti(); }));
+  riga->addWidget(importa_ = pulsante("I&mporta", [this] { importa(); }));
+  riga->addWidget(pulsante("C&hiudi", [this] { close(); }));
+  return riquadro;
+}
+
+QString FinestraAssistente::occupata() const {
+  if (!lavora() || !scrive_) return {};
+  return QStringLiteral(
+      "È in corso una scrittura. La finestra si può chiudere appena è finita, o dopo averla annullata.");
+}
+
+QString FinestraAssistente::capitolo() const { return QStringLiteral("Importare da tabelle"); }
+
+void FinestraAssistente::aggiungi(const QStringList& file) {
+  if (file.isEmpty() || (lavora() && scrive_) || assistente_.passo() == Passo::Esito) return;
+  std::vector<std::string> percorsi;
+  for (const QString& uno : file) percorsi.push_back(uno.toStdString());
+  assistente_.vai(Passo::Sorgente);
+  assistente_.aggiungi(percorsi);
+  sospeso_ = false;
+  prosegui();
+}
+
+void FinestraAssistente::avanti() {
+  if (lavora() || !assistente_.puoAvanzare()) return;
+  assistente_.avanti();
+  arrivato_ = true;
+  risposta_->dici({});
+  prosegui();
+}
+
+void FinestraAssistente::indietro() {
+  if (lavora() || !assistente_.puoTornare()) return;
+  assistente_.indietro();
+  arrivato_ = true;
+  sospeso_ = false;
+  risposta_->dici({});
+  prosegui();
+}
+
+void FinestraAssistente::vaiAlPasso(int quale) {
+  if (lavora() || quale < 0 || static_cast<Passo>(quale) >= assistente_.passo()) {
+    mostraPassi();
+    return;
+  }
+  assistente_.vai(static_cast<Passo>(quale));
+  arrivato_ = true;
+  sospeso_ = false;
+  risposta_->dici({});
+  prosegui();
+}
+
+void FinestraAssistente::apriStorico() {
+  if (storico_ == nullptr) storico_ = new FinestraStorico(profilo_);
+  storico_->annullata = [this, mia = QPointer<FinestraAssistente>(this)] {
+    if (mia == nullptr || assistente_.passo() == Passo::Esito || lavora()) return;
+    assistente_.rileggiDatabase();
+    assistente_.ripetiPiano();
+    prosegui();
+  };
+  storico_->show();
+  storico_->raise();
+  storico_->activateWindow();
+}
+
+}  // namespace cu::assistente

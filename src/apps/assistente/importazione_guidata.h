@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include "suite/profilo.h"
+
+// The windows that bring data in from other programs. Each is independent of the others and destroyed when it
+// is closed.
+namespace cu::assistente {
+
+// With files that were chosen already, or none.
+void apriImportazione(const Profilo& profilo, const QStringList& file = {});
+// The batches of the database, and their undoing.
+void apriStorico(const Profilo& profilo);
+
+}  // namespace cu::assistente

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QComboBox>
+#include <QString>
+#include <QWidget>
+#include <functional>
+#include <initializer_list>
+#include <string>
+#include <utility>
+
+#include "apps/importazione/assistente.h"
+#include "apps/strumenti/finestra.h"
+
+class QHBoxLayout;
+class QLabel;
+
+// The window of an import: a page for each of its steps, which shows the assistant's state and changes it.
+namespace cu::assistente {
+
+using strumenti::qs;
+
+class Pagina : public QWidget {
+ public:
+  Pagina(QWidget* parent, Assistente& assistente) : QWidget(parent), assistente_(assistente) {}
+  // Shows the state as it is now, which may lack what is not worked out yet.
+  virtual void mostra() = 0;
+  // Where the work of the step begins.
+  virtual QWidget* primo() { return this; }
+
+  // The state has changed: what follows from it is to be worked out, and shown.
+  std::function<void()> cambiata;
+  std::function<void(const QString& testo)> errore;
+
+ protected:
+  Assistente& stato() { return assistente_; }
+  const Assistente& stato() const { return assistente_; }
+  void cambia() {
+    if (cambiata) cambiata();
+  }
+  void mostraErrore(const QString& testo) {
+    if (errore) errore(testo);
+  }
+
+ private:
+  Assistente& assistente_;
+};
+
+// A caption with its box beside it.
+QLabel* etichetta(const char* testo, QWidget* di, QWidget* parent);
+
+// A drop-down list of values with their words; what a person chooses calls `scelto`.
+template <class V>
+class Scelta : public QComboBox {
+ public:
+  Scelta(QWidget* parent, const char* nome, std::initializer_list<std::pair<const char*, V>> voci)
+      : QComboBox(parent) {
+    setAccessibleName(QString::fromUtf8(nome));
+    for (const auto& [parola, valore] : voci) {
+      addItem(QString::fromUtf8(parola));
+      valori_.push_back(valore);
+    }
+    connect(this, &QComboBox::activated, this, [this](int quale) {
+      if (scelto) scelto(valori_.at(static_cast<std::size_t>(quale)));
+    });
+  }
+  void metti(const V& valore) {
+    for (std::size_t i = 0; i < valori_.size(); ++i) {
+      if (valori_[i] == valore) setCurrentIndex(static_cast<int>(i));
+    }
+  }
+  std::function<void(const V& valore)> scelto;
+
+ private:
+  std::vector<V> valori_;
+};
+
+// "1.234,50", "05/03/2017" of a text with a point, or in ISO form; other texts as they are.
+QString importoDaTesto(const std::string& testo);
+QString giornoDaTesto(const std::string& testo);
+QString importoDa(Decimal importo);
+// "12 righe"
+QString quante(std::size_t numero, const char* una, const char* piu);
+
+}  // namespace cu::assistente

@@ -1,0 +1,92 @@
+// The profiles of the step of the columns.
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "apps/assistente/pagina_colonne.h"
+#include "apps/importazione/mappe_personali.h"
+#include "apps/strumenti/frase.h"
+#include "suite/platform_file.h"
+
+namespace cu::assistente {
+namespace {
+
+const QString kUsoProfili = QStringLiteral("profili");
+const QString kFiltroProfili = QStringLiteral("Profili (*.toml);;Tutti i file (*)");
+
+}  // namespace
+
+void PaginaColonne::componiSopra(QVBoxLayout& colonna) {
+  auto* const riga = new QHBoxLayout;
+  quale_ = new QComboBox(this);
+  quale_->setAccessibleName(QStringLiteral("File"));
+  quale_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  riga->addWidget(quale_, 1);
+  riga->addStretch(1);
+  const auto bottone = [&](const char* testo, const char* spiegato, const std::function<void()>& azione) {
+    auto* const fatto = new QPushButton(QString::fromUtf8(testo), this);
+    fatto->setAutoDefault(true);
+    fatto->setToolTip(QString::fromUtf8(spiegato));
+    connect(fatto, &QPushButton::clicked, this, azione);
+    riga->addWidget(fatto);
+  };
+  bottone("&Carica profilo…", "Usa le colonne e il modo di leggere di un profilo", [this] {
+    const QString scelto = QFileDialog::getOpenFileName(
+        this, QStringLiteral("Carica profilo"), strumenti::cartellaRicordata(kUsoProfili), kFiltroProfili);
+    if (!scelto.isEmpty()) caricaProfilo(scelto);
+  });
+  bottone("Salva pro&filo…", "Scrive le colonne e il modo di leggere in un file", [this] {
+    QString scelto = QFileDialog::getSaveFileName(this, QStringLiteral("Salva profilo"),
+                                                  strumenti::cartellaRicordata(kUsoProfili), kFiltroProfili);
+    if (scelto.isEmpty()) return;
+    if (QFileInfo(scelto).suffix().isEmpty()) scelto += QStringLiteral(".toml");
+    salvaProfilo(scelto);
+  });
+  bottone("&Ricorda per questi titoli", "I file con gli stessi titoli vengono letti così da soli",
+          [this] { ricordaProfilo(); });
+  colonna.addLayout(riga);
+  avviso_ = new strumenti::Frase(this);
+  risposta_ = new strumenti::Frase(this);
+  risposta_->hide();
+  colonna.addWidget(avviso_);
+  colonna.addWidget(risposta_);
+  connect(quale_, &QComboBox::activated, this, [this] { mostra(); });
+}
+
+void PaginaColonne::caricaProfilo(const QString& percorso) {
+  strumenti::ricordaCartella(kUsoProfili, QFileInfo(percorso).absolutePath());
+  try {
+    stato().usaProfilo(file(), leggiMappa(percorso.toStdString()));
+  } catch (const std::exception& guasto) {
+    mostraErrore(QString::fromUtf8(guasto.what()));
+    return;
+  }
+  risposta_->dici(QStringLiteral("✓ Caricato il profilo %1.").arg(QFileInfo(percorso).fileName()));
+  cambia();
+}
+
+// A profile in a file of its own is chosen by hand, for whatever headings.
+void PaginaColonne::salvaProfilo(const QString& percorso) {
+  strumenti::ricordaCartella(kUsoProfili, QFileInfo(percorso).absolutePath());
+  try {
+    replaceFile(percorso.toStdString(), scriviMappa(stato().profilo(file())));
+    risposta_->dici(QStringLiteral("✓ Scritto il profilo %1.").arg(percorso));
+  } catch (const std::exception& guasto) {
+    mostraErrore(QString::fromUtf8(guasto.what()));
+  }
+}
+
+void PaginaColonne::ricordaProfilo() {
+  try {
+    const std::string scritto = salvaMappa(stato().ambiente().cartellaMappe, stato().profilo(file()));
+    risposta_->dici(QStringLiteral("✓ I file con questi titoli verranno letti così: %1.").arg(qs(scritto)));
+  } catch (const std::exception& guasto) {
+    mostraErrore(QString::fromUtf8(guasto.what()));
+  }
+}
+
+}  // namespace cu::assistente

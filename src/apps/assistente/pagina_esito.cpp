@@ -1,0 +1,58 @@
+#include "apps/assistente/pagina_esito.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "apps/strumenti/frase.h"
+
+namespace cu::assistente {
+
+PaginaEsito::PaginaEsito(QWidget* parent, Assistente& assistente)
+    : Pagina(parent, assistente),
+      frase_(new strumenti::Frase(this)),
+      altra_(new QPushButton(QStringLiteral("&Nuova importazione"), this)) {
+  auto* const colonna = new QVBoxLayout(this);
+  colonna->setContentsMargins(0, 0, 0, 0);
+  colonna->addWidget(frase_);
+  auto* const storico = new QPushButton(QStringLiteral("Storico e ann&ullamento…"), this);
+  auto* const riga = new QHBoxLayout;
+  for (QPushButton* uno : {altra_, storico}) {
+    uno->setAutoDefault(true);
+    riga->addWidget(uno);
+  }
+  riga->addStretch(1);
+  colonna->addLayout(riga);
+  colonna->addStretch(1);
+  connect(storico, &QPushButton::clicked, this, [this] {
+    if (apriStorico) apriStorico();
+  });
+  connect(altra_, &QPushButton::clicked, this, [this] {
+    if (ricomincia) ricomincia();
+  });
+}
+
+QWidget* PaginaEsito::primo() { return altra_; }
+
+void PaginaEsito::mostra() {
+  const auto& importata = stato().importata();
+  if (!importata || stato().piano() == nullptr) return;
+  const intake::Piano& piano = *stato().piano();
+  QString testo = QStringLiteral("✓ ") + qs(dettoEsito(piano, importata->esito));
+  if (!piano.conti.empty())
+    testo += u' ' + quante(piano.conti.size(), "conto ricostruito.", "conti ricostruiti.");
+  if (importata->esito.lotto) {
+    testo +=
+        QStringLiteral(
+            "\n\nSe è stata uno sbaglio, l'importazione %1 si annulla dallo storico, finché nulla di ciò che "
+            "ha scritto è stato cambiato o usato da altri dati.")
+            .arg(*importata->esito.lotto);
+  }
+  if (piano.elenco == intake::Elenco::Percipienti)
+    testo += QStringLiteral("\n\nOra si possono importare i compensi pagati a questi percipienti.");
+  if (piano.elenco == intake::Elenco::Aziende)
+    testo += QStringLiteral("\n\nOra si possono importare i percipienti di ogni azienda.");
+  frase_->dici(testo);
+}
+
+}  // namespace cu::assistente

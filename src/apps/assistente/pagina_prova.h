@@ -1,0 +1,63 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "apps/assistente/pagina.h"
+#include "apps/importazione/riepiloghi.h"
+
+class QListWidget;
+class QListWidgetItem;
+class QPushButton;
+class QTabWidget;
+class QVBoxLayout;
+
+namespace cu::strumenti {
+class Frase;
+class Tabella;
+}  // namespace cu::strumenti
+
+namespace cu::assistente {
+
+// What the import would do, tried and taken back, and what still stops it.
+class PaginaProva : public Pagina {
+ public:
+  PaginaProva(QWidget* parent, Assistente& assistente);
+  void mostra() override;
+  QWidget* primo() override;
+  // As the buttons do, once the place is chosen.
+  void salvaErrori(const QString& cartellaOFile);
+  void salvaResoconto(const QString& file);
+
+ private:
+  void componiSchede(QVBoxLayout& colonna);
+  QWidget* avvisi();
+  QWidget* somme();
+  QWidget* conti();
+  QWidget* mancanti();
+  QString dettaProva() const;
+  void mostraAvvisi();
+  void titoliSchede();
+  void chiediErrori();
+  void chiediResoconto();
+
+  std::shared_ptr<const intake::Piano> piano_;
+  std::vector<AvvisiDiCodice> avvisi_;
+  std::vector<SommaAnnoCausale> somme_;
+  std::vector<std::string> generali_;
+  bool zitta_ = false;
+  strumenti::Frase* frase_ = nullptr;
+  strumenti::Frase* risposta_ = nullptr;
+  QWidget* riquadroDiversi_ = nullptr;
+  Scelta<intake::SuDiversi>* diversi_ = nullptr;
+  QPushButton* ripeti_ = nullptr;
+  QPushButton* errori_ = nullptr;
+  QPushButton* resoconto_ = nullptr;
+  QTabWidget* schede_ = nullptr;
+  QListWidget* listaAvvisi_ = nullptr;
+  strumenti::Tabella* tabellaSomme_ = nullptr;
+  strumenti::Tabella* tabellaConti_ = nullptr;
+  strumenti::Tabella* tabellaMancanti_ = nullptr;
+};
+
+}  // namespace cu::assistente

@@ -1,0 +1,262 @@
+#include "apps/assistente/pagina_righe.h"
+
+#include <QHBoxLayout>
+#include <QItemSelectionModel>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "apps/strumenti/casella_cerca.h"
+#include "apps/strumenti/conteggi.h"
+#include "apps/strumenti/frase.h"
+#include "apps/strumenti/tabella_vista.h"
+#include "desktop/text.h"
+
+namespace cu::assistente {
+namespace {
+
+using intake::StatoRiga;
+
+QString cellaDetta(const std::string& testo, ColonnaRiga::Genere genere) {
+  switch (genere) {
+    case ColonnaRiga::Genere::Data:
+      return giornoDaTesto(testo);
+    case ColonnaRiga::Genere::Importo:
+      return importoDaTesto(testo);
+    case ColonnaRiga::Genere::Testo:
+      break;
+  }
+  return qs(testo);
+}
+
+QVariant ordineCella(const std::string& testo, ColonnaRiga::Genere genere) {
+  if (genere != ColonnaRiga::Genere::Importo) return qs(testo);
+  return QVariant(qlonglong(Decimal::parse(testo).value_or(Decimal()).scaled()));
+}
+
+bool haCodice(const intake::RigaPiano& riga, intake::Codice codice) {
+  return std::any_of(riga.messaggi.begin(), riga.messaggi.end(),
+                     [&](const intake::Messaggio& uno) { return uno.codice == codice; });
+}
+
+}  // namespace
+
+PaginaRighe::PaginaRighe(QWidget* parent, Assistente& assistente, intake::Elenco elenco)
+    : Pagina(parent, assistente) {
+  auto* const colonna = new QVBoxLayout(this);
+  colonna->setContentsMargins(0, 0, 0, 0);
+  conteggi_ = new strumenti::Frase(this);
+  colonna->addWidget(conteggi_);
+  componiFiltri(*colonna);
+  componiTabella(*colonna, elenco);
+  messaggi_ = new strumenti::Frase(this);
+  colonna->addWidget(messaggi_);
+  componiDecisioni(*colonna);
+}
+
+void PaginaRighe::componiFiltri(QVBoxLayout& colonna) {
+  auto* const riga = new QHBoxLayout;
+  stati_ = new QComboBox(this);
+  stati_->setAccessibleName(QStringLiteral("Righe mostrate"));
+  stati_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  cerca_ = new strumenti::CasellaCerca(this);
+  cerca_->setClearButtonEnabled(true);
+  cerca_->setPlaceholderText(QStringLiteral("una parte di ciò che si vede nella riga"));
+  cerca_->setAccessibleName(QStringLiteral("Cerca fra le righe"));
+  riga->addWidget(etichetta("&Righe", stati_, this));
+  riga->addWidget(stati_);
+  riga->addWidget(etichetta("&Cerca", cerca_, this));
+  riga->addWidget(cerca_, 1);
+  colonna.addLayout(riga);
+  connect(stati_, &QComboBox::activated, this, [this] {
+    const int quale = stati_->currentData().toInt();
+    filtro_ = quale < 0 ? std::nullopt : std::optional(static_cast<StatoRiga>(quale));
+    tabella_->riapplicaFiltro();
+  });
+  cerca_->avanti = [this] { tabella_->setFocus(Qt::TabFocusReason); };
+  connect(cerca_, &QLineEdit::textChanged, this, [this] {
+    cercato_ = desktop::folded(cerca_->text().trimmed());
+    tabella_->riapplicaFiltro();
+  });
+}
+
+void PaginaRighe::componiTabella(QVBoxLayout& colonna, intake::Elenco elenco) {
+  const auto riga = [this](std::size_t q) -> const intake::RigaPiano& { return piano_->righe[q]; };
+  std::vector<strumenti::Colonna> colonne = {
+      {.chiave = "file",
+       .titolo = "File",
+       .testo = [this, riga](std::size_t q) { return qs((*piano_->letture)[riga(q).posizione.file].file); },
+       .massima = 110},
+      {.chiave = "riga",
+       .titolo = "Riga",
+       .testo = [this, riga](std::size_t q) { return strumenti::conteggio(piano_->letta(riga(q)).numero); },
+       .aDestra = true,
+       .ordine = [](std::size_t q) { return QVariant(qlonglong(q)); }},
+      {.chiave = "stato",
+       .titolo = "Stato",
+       .testo = [riga](std::size_t q) { return qs(dettoStato(riga(q).stato)); },
+       .detto = [riga](std::size_t q) { return qs(std::string(intake::nome(riga(q).stato))); }}};
+  std::size_t posto = 0;
+  for (const ColonnaRiga& una : colonneDelleRighe(elenco)) {
+    const auto cella = [this, posto](std::size_t q) -> const std::string& {
+      return (*righe_)[q].celle[posto];
+    };
+    colonne.push_back({.chiave = una.titolo,
+                       .titolo = una.titolo,
+                       .testo = [cella, una](std::size_t q) { return cellaDetta(cella(q), una.genere); },
+                       .aDestra = una.genere == ColonnaRiga::Genere::Importo,
+                       .ordine = [cella, una](std::size_t q) { return ordineCella(cella(q), una.genere); }});
+    ++posto;
+  }
+  colonne.push_back({.chiave = "messaggi", .titolo = "Messaggi", .testo = [this](std::size_t q) {
+                       return qs((*righe_)[q].messaggi);
+                     }});
+  tabella_ =
+      new strumenti::Tabella(QStringLiteral("assistente_righe_") + qs(std::string(intake::nome(elenco))),
+                             QStringLiteral("Righe da importare"), std::move(colonne), this);
+  tabella_->filtro().passa = [this](std::size_t q) {
+    if (piano_ == nullptr || q >= righe_->size()) return false;
+    if (filtro_ && piano_->righe[q].stato != *filtro_) return false;
+    if (cercato_.isEmpty()) return true;
+    prepara();
+    return testi_[q].contains(cercato_);
+  };
+  tabella_->scelta = [this](auto) { mostraRiga(); };
+  colonna.addWidget(tabella_, 1);
+}
+
+// What can be found of each row, once somebody searches.
+void PaginaRighe::prepara() {
+  if (testi_.size() == righe_->size()) return;
+  testi_.reserve(righe_->size());
+  const auto colonne = colonneDelleRighe(piano_->elenco);
+  for (const RigaMostrata& una : *righe_) {
+    QString testo = qs(una.messaggi);
+    for (std::size_t i = 0; i < una.celle.size(); ++i)
+      testo += u'\n' + cellaDetta(una.celle[i], colonne[i].genere);
+    testi_.push_back(desktop::folded(testo));
+  }
+}
+
+void PaginaRighe::componiDecisioni(QVBoxLayout& colonna) {
+  auto* const riga = new QHBoxLayout;
+  const auto bottone = [&](const char* testo, const std::function<void()>& azione) {
+    auto* const fatto = new QPushButton(QString::fromUtf8(testo), this);
+    fatto->setAutoDefault(true);
+    connect(fatto, &QPushButton::clicked, this, azione);
+    return fatto;
+  };
+  escludi_ = bottone("Escl&udi le righe evidenziate",
+                     [this] { decidi([](intake::Decisione& d) { d.esclusa = true; }); });
+  riprendi_ = bottone("Ripren&di le righe evidenziate",
+                      [this] { decidi([](intake::Decisione& d) { d.esclusa = false; }); });
+  rinuncia_ = bottone("Rinunci&a alle correzioni del conto",
+                      [this] { decidi([](intake::Decisione& d) { d.sovrascriviConto = true; }); });
+  rinuncia_->setToolTip(QStringLiteral(
+      "Il conto diventa la somma dei suoi compensi: ciò che vi è stato corretto a mano va perso"));
+  scelta_ = new QWidget(this);
+  auto* const scelte = new QHBoxLayout(scelta_);
+  scelte->setContentsMargins(0, 0, 0, 0);
+  candidati_ = new QComboBox(scelta_);
+  candidati_->setAccessibleName(QStringLiteral("Scelte possibili"));
+  candidati_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  auto* const conferma = bottone("Sce&gli", [this] { scegliCandidato(); });
+  scelte->addWidget(etichetta("Qua&le", candidati_, scelta_));
+  scelte->addWidget(candidati_, 1);
+  scelte->addWidget(conferma);
+  colonna.addWidget(scelta_);
+  riga->addWidget(escludi_);
+  riga->addWidget(riprendi_);
+  riga->addWidget(rinuncia_);
+  riga->addStretch(1);
+  colonna.addLayout(riga);
+}
+
+QWidget* PaginaRighe::primo() { return tabella_; }
+
+const intake::RigaPiano* PaginaRighe::corrente() const {
+  const auto quale = tabella_->corrente();
+  return piano_ != nullptr && quale && *quale < piano_->righe.size() ? &piano_->righe[*quale] : nullptr;
+}
+
+std::vector<std::size_t> PaginaRighe::evidenziate() const {
+  std::vector<std::size_t> quali;
+  for (const QModelIndex& una : tabella_->selectionModel()->selectedRows()) {
+    quali.push_back(static_cast<std::size_t>(tabella_->filtro().mapToSource(una).row()));
+  }
+  std::sort(quali.begin(), quali.end());
+  return quali;
+}
+
+void PaginaRighe::mostra() {
+  const auto nuovo = stato().piano();
+  if (nuovo == nullptr || nuovo == piano_) return;
+  const auto prima = tabella_->corrente();
+  piano_ = nuovo;
+  righe_ = stato().righe();
+  testi_.clear();
+  mostraConteggi();
+  tabella_->mostra(piano_->righe.size());
+  if (prima && *prima < piano_->righe.size()) tabella_->scegli(prima);
+  mostraRiga();
+}
+
+void PaginaRighe::mostraConteggi() {
+  const auto quante = piano_->conteggi();
+  stati_->clear();
+  stati_->addItem(QStringLiteral("tutte (%1)").arg(strumenti::conteggio(piano_->righe.size())), -1);
+  for (std::size_t i = 0; i < quante.size(); ++i) {
+    if (quante[i] == 0 && !(filtro_ && static_cast<std::size_t>(*filtro_) == i)) continue;
+    stati_->addItem(QStringLiteral("%1 (%2)").arg(qs(dettoStato(static_cast<StatoRiga>(i))),
+                                                  strumenti::conteggio(quante[i])),
+                    static_cast<int>(i));
+  }
+  stati_->setCurrentIndex(stati_->findData(filtro_ ? static_cast<int>(*filtro_) : -1));
+  conteggi_->dici(qs(dettiConteggi(quante)) + u'.');
+}
+
+void PaginaRighe::mostraRiga() {
+  const intake::RigaPiano* const riga = corrente();
+  const auto quale = tabella_->corrente();
+  escludi_->setEnabled(riga != nullptr);
+  riprendi_->setVisible(riga != nullptr && stato().piano() == piano_ && stato().decisione(*quale).esclusa);
+  rinuncia_->setVisible(riga != nullptr && haCodice(*riga, intake::Codice::A02));
+  scelta_->setVisible(riga != nullptr && !riga->candidati.empty());
+  candidati_->clear();
+  if (riga == nullptr) {
+    messaggi_->dici({});
+    return;
+  }
+  messaggi_->dici(qs((*righe_)[*quale].messaggi));
+  for (const intake::Candidato& uno : riga->candidati) candidati_->addItem(qs(uno.testo), uno.id);
+  if (piano_->elenco == intake::Elenco::Percipienti && haCodice(*riga, intake::Codice::P09)) {
+    candidati_->addItem(QStringLiteral("nessuno di questi: un percipiente nuovo"), 0);
+  }
+}
+
+void PaginaRighe::scegliCandidato() {
+  const intake::RigaPiano* const riga = corrente();
+  if (riga == nullptr || candidati_->currentIndex() < 0) return;
+  const std::int32_t scelto = candidati_->currentData().toInt();
+  const bool luogo = haCodice(*riga, intake::Codice::P08);
+  const std::vector<std::size_t> quali{*tabella_->corrente()};
+  stato().decidi(quali, [&](intake::Decisione& decisione) {
+    if (luogo) {
+      decisione.idComune = scelto;
+    } else {
+      decisione.idAnagrafica = scelto;
+      decisione.nuovoPercipiente = scelto == 0;
+    }
+  });
+  cambia();
+}
+
+void PaginaRighe::decidi(const std::function<void(intake::Decisione&)>& come) {
+  const std::vector<std::size_t> quali = evidenziate();
+  if (quali.empty()) return;
+  stato().decidi(quali, come);
+  cambia();
+}
+
+}  // namespace cu::assistente

@@ -1,0 +1,238 @@
+#include "apps/assistente/pagina_sorgente.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "apps/importazione/modello_tabella.h"
+#include "apps/importazione/scrittura_tabella.h"
+#include "apps/strumenti/conteggi.h"
+#include "apps/strumenti/frase.h"
+#include "apps/strumenti/tabella_vista.h"
+
+namespace cu::assistente {
+namespace {
+
+constexpr int kTuttiGliAnni = 2000;  // the box shows words for its smallest number
+constexpr int kUltimoAnno = 2199;
+const QString kUso = QStringLiteral("importazione");
+
+}  // namespace
+
+PaginaSorgente::PaginaSorgente(QWidget* parent, Assistente& assistente) : Pagina(parent, assistente) {
+  auto* const colonna = new QVBoxLayout(this);
+  colonna->setContentsMargins(0, 0, 0, 0);
+  colonna->addWidget(new strumenti::Frase(
+      this, QStringLiteral("I dati vengono da tabelle di un altro programma: file CSV, TSV o XLSX, che si "
+                           "possono anche trascinare qui. I file vengono soltanto letti.")));
+  componiFile(*colonna);
+  componiScelte(*colonna);
+  avviso_ = new strumenti::Frase(this);
+  avviso_->hide();
+  colonna->addWidget(avviso_);
+  auto* const riga = new QHBoxLayout;
+  tabelle_ = new QPushButton(QStringLiteral("Aggiungi le ta&belle"), this);
+  estraneo_ = new QPushButton(QStringLiteral("Importa &lo stesso in questo database…"), this);
+  for (QPushButton* uno : {tabelle_, estraneo_}) {
+    uno->setAutoDefault(true);
+    uno->hide();
+    riga->addWidget(uno);
+  }
+  riga->addStretch(1);
+  colonna->addLayout(riga);
+  connect(tabelle_, &QPushButton::clicked, this, [this] {
+    if (aggiungiTabelle) aggiungiTabelle();
+  });
+  connect(estraneo_, &QPushButton::clicked, this, [this] {
+    QMessageBox domanda(QMessageBox::Question, window()->windowTitle(), {}, QMessageBox::NoButton, this);
+    domanda.setTextFormat(Qt::PlainText);
+    domanda.setText(
+        QStringLiteral("In questo database è un'altra suite a numerare le righe. Si può importare solo se la "
+                       "suite intanto non lavora, e dopo averne fatto una copia."));
+    const QPushButton* const si =
+        domanda.addButton(QStringLiteral("&Importa lo stesso"), QMessageBox::AcceptRole);
+    domanda.setDefaultButton(domanda.addButton(QStringLiteral("Annulla"), QMessageBox::RejectRole));
+    domanda.exec();
+    if (domanda.clickedButton() != si) return;
+    stato().ammettiEstraneo(true);
+    cambia();
+  });
+}
+
+void PaginaSorgente::componiScelte(QVBoxLayout& colonna) {
+  dati_ = new Scelta<intake::Elenco>(this, "Che cosa contengono i file",
+                                     {{"Aziende", intake::Elenco::Aziende},
+                                      {"Percipienti", intake::Elenco::Percipienti},
+                                      {"Compensi pagati", intake::Elenco::Compensi}});
+  dati_->scelto = [this](intake::Elenco elenco) {
+    stato().scegliElenco(elenco);
+    cambia();
+  };
+  aziende_ = new QComboBox(this);
+  aziende_->setAccessibleName(QStringLiteral("Azienda"));
+  aziende_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  aziende_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  connect(aziende_, &QComboBox::activated, this, [this] {
+    stato().scegliAzienda(aziende_->currentData().toInt());
+    cambia();
+  });
+  anno_ = new QSpinBox(this);
+  anno_->setRange(kTuttiGliAnni, kUltimoAnno);
+  anno_->setSpecialValueText(QStringLiteral("tutti gli anni"));
+  anno_->setAccessibleName(QStringLiteral("Solo i compensi pagati nell'anno"));
+  anno_->setKeyboardTracking(false);
+  connect(anno_, &QSpinBox::valueChanged, this, [this](int anno) {
+    stato().scegliAnno(anno == kTuttiGliAnni ? std::nullopt : std::optional(anno));
+    cambia();
+  });
+  auto* const modulo = new QFormLayout;
+  modulo->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+  modulo->addRow(etichetta("&Che cosa contengono", dati_, this), dati_);
+  modulo->addRow(etichetta("A&zienda", aziende_, this), aziende_);
+  riquadroAnno_ = etichetta("Pagati nell'a&nno", anno_, this);
+  modulo->addRow(riquadroAnno_, anno_);
+  colonna.addLayout(modulo);
+}
+
+void PaginaSorgente::componiFile(QVBoxLayout& colonna) {
+  const auto di = [this](std::size_t q) -> const FileScelto& { return mostrati_[q]; };
+  file_ = new strumenti::Tabella(
+      QStringLiteral("assistente_file"), QStringLiteral("File da importare"),
+      {{.chiave = "nome", .titolo = "File", .testo = [di](std::size_t q) { return qs(di(q).nome); }},
+       {.chiave = "tipo", .titolo = "Tipo", .testo = [this, di](std::size_t q) { return dettoTipo(di(q)); }},
+       {.chiave = "righe",
+        .titolo = "Righe",
+        .testo =
+            [di](std::size_t q) {
+              return di(q).tabella == nullptr ? QString() : strumenti::conteggio(di(q).tabella->righe.size());
+            },
+        .aDestra = true,
+        .ordine =
+            [di](std::size_t q) {
+              return QVariant(di(q).tabella == nullptr ? 0 : qlonglong(di(q).tabella->righe.size()));
+            }},
+       {.chiave = "nota", .titolo = "Nota", .testo = [this, di](std::size_t q) { return dettaNota(di(q)); }}},
+      this);
+  colonna.addWidget(file_, 1);
+  auto* const riga = new QHBoxLayout;
+  const auto bottone = [&](const char* testo, const std::function<void()>& azione) {
+    auto* const fatto = new QPushButton(QString::fromUtf8(testo), this);
+    fatto->setAutoDefault(true);
+    connect(fatto, &QPushButton::clicked, this, azione);
+    riga->addWidget(fatto);
+    return fatto;
+  };
+  aggiungi_ = bottone("&Aggiungi file…", [this] { sfoglia(); });
+  togli_ = bottone("&Togli", [this] { togli(); });
+  riga->addStretch(1);
+  bottone("&Modello vuoto…", [this] {
+    scriviModello();
+  })->setToolTip(QStringLiteral("Scrive una tabella da riempire, con una riga d'esempio"));
+  colonna.addLayout(riga);
+}
+
+QWidget* PaginaSorgente::primo() { return stato().file().empty() ? aggiungi_ : static_cast<QWidget*>(file_); }
+
+QString PaginaSorgente::dettoTipo(const FileScelto& file) const {
+  if (!file.fogli.empty()) return quante(file.fogli.size(), "foglio", "fogli") + QStringLiteral(" XLSX");
+  if (file.tabella == nullptr) return {};
+  const char separatore = file.tabella->separatore;
+  const QString segno = separatore == '\t' ? QStringLiteral("tab") : QString(QLatin1Char(separatore));
+  return QStringLiteral("testo %1, separatore %2")
+      .arg(QString::fromUtf8(file.tabella->caratteri.data(), qsizetype(file.tabella->caratteri.size())),
+           segno);
+}
+
+QString PaginaSorgente::dettaNota(const FileScelto& file) const {
+  if (!file.guasto.empty()) return QStringLiteral("✖ ") + qs(file.guasto);
+  if (!file.nota.empty()) return QStringLiteral("⚠ ") + qs(file.nota);
+  if (!file.profilo.empty())
+    return QStringLiteral("letto con il profilo %1").arg(QFileInfo(qs(file.profilo)).fileName());
+  return file.tabella == nullptr ? QString() : QStringLiteral("✓ si legge");
+}
+
+void PaginaSorgente::mostraDatabase() {
+  const auto& database = stato().database();
+  aziende_->clear();
+  tabelle_->setVisible(database && !database->storico);
+  estraneo_->setVisible(database && database->storico && !database->creatoQui && !stato().ammesso());
+  if (!database) return;
+  for (const AziendaDelDatabase& una : database->aziende) aziende_->addItem(qs(una.nome), una.id);
+  aziende_->setCurrentIndex(aziende_->findData(stato().azienda()));
+  aziende_->setEnabled(stato().elenco() != intake::Elenco::Aziende && !database->aziende.empty());
+  QString testo;
+  if (!database->storico) {
+    testo = QStringLiteral(
+        "Questo database non ha ancora le tabelle che ricordano le importazioni. «Aggiungi le tabelle» le "
+        "crea: gli altri dati restano come sono.");
+  } else if (!database->creatoQui) {
+    testo = stato().ammesso()
+                ? QStringLiteral("Il database è di un'altra suite: l'importazione è stata ammessa.")
+                : QStringLiteral(
+                      "Questo database non è stato creato da questo programma: in quello di un'altra suite è "
+                      "lei a numerare le righe, e importarvi può confondere i suoi dati.");
+  } else if (database->aziende.empty() && stato().elenco() != intake::Elenco::Aziende) {
+    testo =
+        QStringLiteral("Il database non contiene nessuna azienda: importare prima l'elenco delle aziende.");
+  }
+  avviso_->dici(testo);
+}
+
+void PaginaSorgente::mostra() {
+  const auto prima = file_->corrente();
+  mostrati_ = stato().file();
+  file_->mostra(mostrati_.size());
+  file_->scegli(prima);
+  togli_->setEnabled(!stato().file().empty());
+  dati_->metti(stato().elenco());
+  const bool compensi = stato().elenco() == intake::Elenco::Compensi;
+  riquadroAnno_->setVisible(compensi);
+  anno_->setVisible(compensi);
+  mostraDatabase();
+}
+
+void PaginaSorgente::sfoglia() {
+  const QStringList scelti = QFileDialog::getOpenFileNames(
+      this, QStringLiteral("File da importare"), strumenti::cartellaRicordata(kUso),
+      QStringLiteral("Tabelle (*.csv *.tsv *.txt *.xlsx);;Tutti i file (*)"));
+  if (scelti.isEmpty()) return;
+  strumenti::ricordaCartella(kUso, QFileInfo(scelti.first()).absolutePath());
+  std::vector<std::string> percorsi;
+  for (const QString& uno : scelti) percorsi.push_back(uno.toStdString());
+  stato().aggiungi(percorsi);
+  cambia();
+}
+
+void PaginaSorgente::togli() {
+  const auto quale = file_->corrente();
+  if (!quale) return;
+  const auto& file = stato().file();
+  const auto suo = std::find_if(file.begin(), file.end(), [&](const FileScelto& uno) {
+    return uno.percorso == mostrati_[*quale].percorso;
+  });
+  if (suo == file.end()) return;
+  stato().togli(static_cast<std::size_t>(suo - file.begin()));
+  cambia();
+}
+
+void PaginaSorgente::scriviModello() {
+  const QString nome = qs(std::string(intake::nome(stato().elenco()))) + QStringLiteral(".xlsx");
+  const QString scelto = QFileDialog::getSaveFileName(
+      this, QStringLiteral("Modello vuoto"), strumenti::cartellaRicordata(kUso) + u'/' + nome,
+      QStringLiteral("Cartella di lavoro (*.xlsx);;Testo (*.csv)"));
+  if (scelto.isEmpty()) return;
+  try {
+    scriviTabelle(scelto.toStdString(), modelloTabella(stato().elenco()));
+  } catch (const std::exception& guasto) {
+    mostraErrore(QString::fromUtf8(guasto.what()));
+  }
+}
+
+}  // namespace cu::assistente

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "apps/assistente/pagina.h"
+
+class QPushButton;
+class QSpinBox;
+class QVBoxLayout;
+
+namespace cu::strumenti {
+class Frase;
+class Tabella;
+}  // namespace cu::strumenti
+
+namespace cu::assistente {
+
+// What is imported, from which files, and for whom.
+class PaginaSorgente : public Pagina {
+ public:
+  PaginaSorgente(QWidget* parent, Assistente& assistente);
+  void mostra() override;
+  QWidget* primo() override;
+  // The tables of the history are added to the database by the window, which has the means.
+  std::function<void()> aggiungiTabelle;
+
+ private:
+  void componiScelte(QVBoxLayout& colonna);
+  void componiFile(QVBoxLayout& colonna);
+  void mostraDatabase();
+  void sfoglia();
+  void togli();
+  void scriviModello();
+  QString dettoTipo(const FileScelto& file) const;
+  QString dettaNota(const FileScelto& file) const;
+
+  std::vector<FileScelto> mostrati_;
+  Scelta<intake::Elenco>* dati_ = nullptr;
+  QComboBox* aziende_ = nullptr;
+  QSpinBox* anno_ = nullptr;
+  QWidget* riquadroAnno_ = nullptr;
+  strumenti::Tabella* file_ = nullptr;
+  QPushButton* aggiungi_ = nullptr;
+  QPushButton* togli_ = nullptr;
+  strumenti::Frase* avviso_ = nullptr;
+  QPushButton* tabelle_ = nullptr;
+  QPushButton* estraneo_ = nullptr;
+};
+
+}  // namespace cu::assistente
