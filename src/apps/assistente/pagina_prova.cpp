@@ -20,6 +20,11 @@ namespace {
 
 const QString kUsoSalvati = QStringLiteral("importazione_salvati");
 
+// The last column takes the space that is left.
+strumenti::Colonna colonnaVuota() {
+  return {.chiave = "vuota", .titolo = "", .testo = [](std::size_t) { return QString(); }};
+}
+
 }  // namespace
 
 PaginaProva::PaginaProva(QWidget* parent, Assistente& assistente)
@@ -121,7 +126,8 @@ QWidget* PaginaProva::somme() {
        importo("dopo", "Onorari dopo", [](const SommaAnnoCausale& s) { return s.dopo[0]; }),
        importo("ritenutePrima", "Ritenute prima",
                [](const SommaAnnoCausale& s) { return ritenute(s.prima); }),
-       importo("ritenuteDopo", "Ritenute dopo", [](const SommaAnnoCausale& s) { return ritenute(s.dopo); })},
+       importo("ritenuteDopo", "Ritenute dopo", [](const SommaAnnoCausale& s) { return ritenute(s.dopo); }),
+       colonnaVuota()},
       this);
   return tabellaSomme_;
 }
@@ -165,7 +171,8 @@ QWidget* PaginaProva::conti() {
        importo("nonSoggettePrima", "Non sogg. prima",
                [prima, nonSoggette](const intake::ContoPiano& c) { return nonSoggette(prima(c)); }),
        importo("nonSoggetteDopo", "Non sogg. dopo",
-               [nonSoggette](const intake::ContoPiano& c) { return nonSoggette(c.dopo); })},
+               [nonSoggette](const intake::ContoPiano& c) { return nonSoggette(c.dopo); }),
+       colonnaVuota()},
       this);
   return tabellaConti_;
 }

@@ -5,9 +5,9 @@
 
 #include "apps/importazione/colonne_scelte.h"
 #include "apps/importazione/mappe_personali.h"
+#include "apps/importazione/posto_importazione.h"
 #include "apps/importazione/righe_errate.h"
 #include "intake/storico.h"
-#include "apps/importazione/posto_importazione.h"
 #include "tabelle/scrittura.h"
 
 namespace cu {

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "apps/importazione/assistente.h"
-#include "apps/importazione/righe_errate.h"
 #include "apps/importazione/posto_importazione.h"
+#include "apps/importazione/righe_errate.h"
 #include "tabelle/scrittura.h"
 
 namespace cu {

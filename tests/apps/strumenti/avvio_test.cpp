@@ -46,6 +46,23 @@ TEST(StartTools, TheStateNeedsADatabaseAndFilesDoNot) {
   EXPECT_FALSE(menuDi(rotta)->actions()[2]->isEnabled());
 }
 
+TEST(StartTools, ImportsNeedADatabase) {
+  const QTemporaryDir cartella;
+  const auto importa = [](const FinestraAvvio& finestra) -> const QAction* {
+    for (const QAction* uno : finestra.findChildren<QAction*>()) {
+      if (uno->text().contains(QStringLiteral("Importa da tabelle"))) return uno;
+    }
+    return nullptr;
+  };
+  const FinestraAvvio buona({}, cartelleIn(cartella));
+  ASSERT_NE(importa(buona), nullptr);
+  EXPECT_TRUE(importa(buona)->isEnabled());
+  SceltaAvvio senza;
+  senza.database = cartella.filePath(QStringLiteral("manca.db"));
+  const FinestraAvvio rotta(senza, cartelleIn(cartella));
+  EXPECT_FALSE(importa(rotta)->isEnabled());
+}
+
 TEST(StartTools, AFileThatIsDroppedOpens) {
   const QTemporaryDir cartella;
   const test::TempFolder altra;
