@@ -6,7 +6,8 @@ namespace cu {
 
 // The rights that a user of the server requires. The work table is created at each load in the schema dbo and
 // then belongs to the owner of the schema, not to its creator: the rights on it can therefore only be those
-// on the schema. Every statement of the system requires one of these rights; docs/sqlserver.md grants them.
+// on the schema. Every statement of the system requires one of these rights but those of own data, which
+// docs/sqlserver.md names apart; it grants them.
 struct Diritto {
   std::string_view diritto;
   std::string_view classe;   // DATABASE, SCHEMA, TYPE, OBJECT

@@ -27,7 +27,7 @@ class DalNulla : public ::testing::Test {
     Argomenti argomenti = {"import", elenco, esempio(file), "--database", posto_.indirizzo()};
     if (elenco != "companies") argomenti.insert(argomenti.end(), {"--company", kAziendaDellaGuida});
     if (posto_.databaseDelServer() != nullptr) {
-      argomenti.insert(argomenti.end(), {"--password-env", kVariabilePassword, "--no-encrypt"});
+      argomenti.insert(argomenti.end(), {"--password-env", kVariabilePassword});
     }
     const Esecuzione prova = posto_.cuctl(argomenti);
     EXPECT_EQ(prova.codice, 0) << prova.errori;

@@ -51,7 +51,7 @@ class Importazione : public ::testing::Test {
   Esecuzione conDatabase(Argomenti argomenti, const std::string& ingresso = {}) {
     argomenti.insert(argomenti.end(), {"--database", posto_.indirizzo()});
     if (posto_.databaseDelServer() != nullptr) {
-      argomenti.insert(argomenti.end(), {"--password-env", kVariabilePassword, "--no-encrypt"});
+      argomenti.insert(argomenti.end(), {"--password-env", kVariabilePassword});
     }
     return posto_.cuctl(argomenti, ingresso);
   }

@@ -90,6 +90,8 @@ DatabaseDelServer::DatabaseDelServer() {
 DatabaseDelServer::DatabaseDelServer(const DatabaseDelServer& modello) : DatabaseDelServer() {
   const auto connessione = apri(nome_);
   creaSchema(*connessione);
+  creaRegistro(*connessione);
+  creaMarca(*connessione);
   for (const OggettoSchema& oggetto : oggettiSchema()) {
     if (oggetto.vista) continue;
     const std::string tabella = ".dbo." + std::string(oggetto.nome);

@@ -17,7 +17,8 @@ inline constexpr const char* kVariabilePassword = "CU_TEST_PASSWORD";
 class DatabaseDelServer {
  public:
   DatabaseDelServer();
-  explicit DatabaseDelServer(const DatabaseDelServer& modello);  // with the suite's tables and all their rows
+  explicit DatabaseDelServer(
+      const DatabaseDelServer& modello);  // with all tables and the rows of the suite's
   ~DatabaseDelServer();
   DatabaseDelServer& operator=(const DatabaseDelServer&) = delete;
 
