@@ -14,9 +14,7 @@ namespace {
 
 using nlohmann::json;
 using ::testing::AllOf;
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using Argomenti = std::vector<std::string>;
 
 constexpr const char* kAziende =
@@ -204,6 +202,15 @@ TEST_F(Importazione, ReportsErrorsInJsonAndAsATable) {
   EXPECT_THAT(leggi("r.csv"), AllOf(HasSubstr("file;riga;colonna;stato;codice;messaggio\r\n"),
                                     HasSubstr("compensi.csv;2;Onorario;errore;V03;x non è un importo\r\n"),
                                     HasSubstr("compensi.csv;;Note;;C03;")));
+}
+
+TEST_F(Importazione, IsToldAlsoWhereItsReportCannotBeWritten) {
+  prepara();
+  std::filesystem::create_directory(posto_.cartella() / "r.json");
+  const Esecuzione esito = compensi(kCompensi, {"--apply", "--report", posto_.cartella() / "r.json"});
+  EXPECT_EQ(esito.codice, 1);
+  EXPECT_EQ(esito.uscita, "Importazione 3: 3 nuovi, 0 uguali, 0 da decidere, 0 errori.\n");
+  EXPECT_THAT(esito.errori, HasSubstr("r.json"));
 }
 
 TEST_F(Importazione, FindsAProfileByTheHeading) {

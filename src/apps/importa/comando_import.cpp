@@ -100,8 +100,9 @@ int comandoImport(const OpzioniImport& opzioni) {
     const Esecuzione eseguita = eseguiPiano(database, piano, {.applica = opzioni.applica, .utente = "cuctl"});
     for (const std::string& rifiuto : eseguita.rifiuti) std::cerr << rifiuto << '\n';
     const EsitoImportazione& esito = eseguita.esito;
-    if (!opzioni.resoconto.empty()) scriviResoconto(opzioni.resoconto, piano, esito);
+    // Said before the report is written: what is applied stays, whatever happens to the report.
     std::cout << dettoEsito(piano, esito) << '\n';
+    if (!opzioni.resoconto.empty()) scriviResoconto(opzioni.resoconto, piano, esito);
     return esito.riuscita ? kRiuscito : kRifiutato;
   } catch (const UsoSbagliato& errore) {
     return rifiutaUso(errore);
