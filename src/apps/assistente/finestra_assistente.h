@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <QStringList>
 #include <array>
+#include <functional>
 
 #include "apps/importazione/assistente.h"
 #include "apps/strumenti/finestra.h"
@@ -25,6 +26,8 @@ class PaginaRighe;
 class FinestraAssistente : public strumenti::Finestra {
  public:
   explicit FinestraAssistente(Profilo profilo, const QStringList& file = {});
+  // Something was written.
+  std::function<void()> importate;
   // As the person does it.
   void aggiungi(const QStringList& file);
   void avanti();

@@ -33,6 +33,8 @@ void FinestraAssistente::prosegui() {
   if (lavora()) return;
   auto compito = sospeso_ ? std::nullopt : assistente_.daFare();
   if (compito) {
+    // What the trial tries can be looked at meanwhile.
+    if (assistente_.passo() == Passo::Prova && assistente_.piano() != nullptr) mostra();
     compi(*compito);
   } else {
     mostra();
@@ -63,6 +65,7 @@ void FinestraAssistente::compi(const Assistente::Compito& compito) {
                 }
                 const Passo passo = assistente_.passo();
                 accogli();
+                if (passo != Passo::Esito && assistente_.passo() == Passo::Esito && importate) importate();
                 arrivato_ = arrivato_ || passo != assistente_.passo();
                 prosegui();
               },

@@ -1,5 +1,7 @@
 #include "apps/assistente/importazione_guidata.h"
 
+#include <utility>
+
 #include "apps/assistente/finestra_assistente.h"
 #include "apps/assistente/finestra_storico.h"
 
@@ -14,8 +16,10 @@ void davanti(QWidget* finestra) {
 
 }  // namespace
 
-void apriImportazione(const Profilo& profilo, const QStringList& file) {
-  davanti(new FinestraAssistente(profilo, file));
+void apriImportazione(const Profilo& profilo, const QStringList& file, std::function<void()> importate) {
+  auto* const finestra = new FinestraAssistente(profilo, file);
+  finestra->importate = std::move(importate);
+  davanti(finestra);
 }
 
 void apriStorico(const Profilo& profilo) { davanti(new FinestraStorico(profilo)); }

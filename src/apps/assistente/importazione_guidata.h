@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 #include "suite/profilo.h"
 
@@ -9,8 +10,9 @@
 // is closed.
 namespace cu::assistente {
 
-// With files that were chosen already, or none.
-void apriImportazione(const Profilo& profilo, const QStringList& file = {});
+// With files that were chosen already, or none; `importate` is called whenever something was written.
+void apriImportazione(const Profilo& profilo, const QStringList& file = {},
+                      std::function<void()> importate = {});
 // The batches of the database, and their undoing.
 void apriStorico(const Profilo& profilo);
 

@@ -174,6 +174,7 @@ void PaginaColonne::mostra() {
   colonne_->mostra(scelte_.size());
   if (riga) colonne_->scegli(riga);
   avviso_->dici(dettoAvviso());
+  proponi_->setEnabled(!scelte_.empty() && conProposte(stato().file()[file()], scelte_).has_value());
   mostraPannello();
 }
 

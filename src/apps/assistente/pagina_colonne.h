@@ -47,6 +47,7 @@ class PaginaColonne : public Pagina {
   std::vector<ColonnaScelta> scelte_;
   bool zitta_ = false;
   QComboBox* quale_ = nullptr;
+  QPushButton* proponi_ = nullptr;
   strumenti::Frase* avviso_ = nullptr;
   strumenti::Frase* risposta_ = nullptr;
   strumenti::Tabella* colonne_ = nullptr;

@@ -33,7 +33,14 @@ void PaginaColonne::componiSopra(QVBoxLayout& colonna) {
     fatto->setToolTip(QString::fromUtf8(spiegato));
     connect(fatto, &QPushButton::clicked, this, azione);
     riga->addWidget(fatto);
+    return fatto;
   };
+  proponi_ = bottone("Pr&oponi", "Abbina le colonne del file il cui titolo somiglia al nome", [this] {
+    if (const auto proposte = conProposte(stato().file()[file()], scelte_)) {
+      stato().cambiaMappatura(file(), *proposte);
+      cambia();
+    }
+  });
   bottone("&Carica profilo…", "Usa le colonne e il modo di leggere di un profilo", [this] {
     const QString scelto = QFileDialog::getOpenFileName(
         this, QStringLiteral("Carica profilo"), strumenti::cartellaRicordata(kUsoProfili), kFiltroProfili);

@@ -45,7 +45,7 @@ QString PaginaProva::dettaProva() const {
   if (stato().puoImportare()) {
     return testo + QStringLiteral("✓ La prova è riuscita: non è stato scritto nulla, e si può importare.");
   }
-  return testo + QStringLiteral("La prova non è ancora stata fatta.");
+  return testo + QStringLiteral("La prova è in corso.");
 }
 
 void PaginaProva::mostra() {
@@ -59,6 +59,8 @@ void PaginaProva::mostra() {
     tabellaConti_->mostra(piano_->conti.size());
     tabellaMancanti_->mostra(piano_->mancanti.size());
     risposta_->dici({});
+    const bool avvisi = !avvisiPerCodice(*piano_).empty();
+    schede_->setCurrentIndex(avvisi || piano_->elenco != intake::Elenco::Compensi ? 0 : 1);
   }
   mostraAvvisi();
   titoliSchede();

@@ -209,8 +209,7 @@ void FinestraAvvio::componiDatiPropri() {
   const QAction* const nuovo = menu->addAction(QStringLiteral("&Nuovo archivio…"));
   datiPropri_->setMenu(menu);
   connect(gestisci_, &QAction::triggered, this, [this] { gestisci(); });
-  connect(importa_, &QAction::triggered, this,
-          [this] { assistente::apriImportazione(profiloDi(scelta(), cartelle_)); });
+  connect(importa_, &QAction::triggered, this, [this] { importa(); });
   connect(nuovo, &QAction::triggered, this, [this] { nuovoArchivio(); });
 }
 
@@ -244,13 +243,24 @@ void FinestraAvvio::gestisci() {
 }
 
 void FinestraAvvio::finitaGestione() {
-  const QVariant scelta = aziende_->currentData();
   gestione_.reset();
+  rileggiAziende();
+  show();
+  activateWindow();
+}
+
+void FinestraAvvio::rileggiAziende() {
+  const QVariant scelta = aziende_->currentData();
   leggiAziende();
   const int stessa = aziende_->findData(scelta);
   if (stessa >= 0) aziende_->setCurrentIndex(stessa);
-  show();
-  activateWindow();
+}
+
+// Companies may be among what was imported.
+void FinestraAvvio::importa() {
+  assistente::apriImportazione(profiloDi(scelta(), cartelle_), {}, [questa = QPointer<FinestraAvvio>(this)] {
+    if (questa != nullptr) questa->rileggiAziende();
+  });
 }
 
 std::optional<Profilo> FinestraAvvio::profilo() const {

@@ -40,6 +40,8 @@ class FinestraAvvio : public QDialog {
   void nuovoArchivio();
   void gestisci();
   void finitaGestione();
+  void rileggiAziende();
+  void importa();
   // Of the present choice; none where the database cannot be used.
   std::optional<Profilo> profilo() const;
 

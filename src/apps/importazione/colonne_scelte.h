@@ -37,6 +37,12 @@ bool unisceColonne(const intake::Colonna& colonna);
 // imported, also where the file has one of its name.
 void cambiaFonte(intake::Mappatura& mappatura, std::uint8_t colonna, intake::Fonte fonte);
 
+// The mapping with more columns: those whose name begins, word for word, as an unused heading of the file
+// does
+// ("Data pag.", "Caus."), where only one does. Nothing without one.
+std::optional<intake::Mappatura> conProposte(const FileScelto& file,
+                                             const std::vector<ColonnaScelta>& scelte);
+
 // The different texts of a column of the file with what each means, up to a number of them.
 using Significati = std::vector<std::pair<std::string, std::string>>;
 Significati testiDi(const FileScelto& file, const ColonnaScelta& colonna, std::size_t massimo);

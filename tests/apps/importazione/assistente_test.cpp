@@ -5,8 +5,10 @@
 
 #include "apps/importazione/colonne_scelte.h"
 #include "apps/importazione/mappe_personali.h"
+#include "apps/importazione/modello_tabella.h"
 #include "apps/importazione/posto_importazione.h"
 #include "apps/importazione/righe_errate.h"
+#include "apps/importazione/scrittura_tabella.h"
 #include "intake/storico.h"
 #include "tabelle/scrittura.h"
 
@@ -205,6 +207,34 @@ TEST_F(AssistenteImportazione, FindsAndKeepsAProfile) {
   EXPECT_THROW(altro.usaProfilo(0, {Elenco::Aziende, "", {}}), ErroreProfilo);
 }
 
+TEST_F(AssistenteImportazione, ProposesColumnsWhoseNamesBeginAsTheHeadingsDo) {
+  Assistente assistente = conTesto(
+      "Cod. percipiente;Caus.;Data di pag.;Num. doc.;Compenso lordo;Ritenuta;Onorario;Note\n"
+      "P001;A;20/03/2018;1/2018;x;200;1000;y\n");
+  avanza(assistente);
+  avanza(assistente);
+  EXPECT_FALSE(assistente.puoAvanzare());
+  const auto prima = colonneScelte(assistente.file().front(), *assistente.lettura(0));
+  const auto proposte = conProposte(assistente.file().front(), prima);
+  ASSERT_TRUE(proposte);
+  assistente.cambiaMappatura(0, *proposte);
+  svolgi(assistente);
+  const auto scelte = colonneScelte(assistente.file().front(), *assistente.lettura(0));
+  const auto da = [&](intake::ColonnaCompenso colonna) {
+    const auto& intestazioni = scelte[static_cast<std::size_t>(colonna)].intestazioni;
+    return intestazioni.empty() ? std::string() : intestazioni.front();
+  };
+  using enum intake::ColonnaCompenso;
+  EXPECT_EQ(da(CodicePercipiente), "Cod. percipiente");
+  EXPECT_EQ(da(Causale), "Caus.");
+  EXPECT_EQ(da(DataPagamento), "Data di pag.");
+  EXPECT_EQ(da(NumeroDocumento), "Num. doc.");
+  EXPECT_EQ(da(Onorario), "Onorario");
+  EXPECT_EQ(da(RitenutaAcconto), "") << "it could be another one as well";
+  EXPECT_TRUE(assistente.puoAvanzare());
+  EXPECT_FALSE(conProposte(assistente.file().front(), scelte)) << "nothing is left to propose";
+}
+
 TEST_F(AssistenteImportazione, ReportsAProfileThatIsWrongAndReadsWithoutIt) {
   const std::string testo = kCompensi;
   const Assistente prima = conTesto(testo);
@@ -276,6 +306,30 @@ TEST_F(AssistenteImportazione, ReportsATrialWhoseDatabaseHasChanged) {
   assistente.ripetiPiano();
   svolgi(assistente);
   EXPECT_TRUE(assistente.puoImportare());
+}
+
+TEST_F(AssistenteImportazione, GoesFromAnEmptyDatabaseToPayments) {
+  test::PostoImportazione vuoto;
+  vuoto.svuota();
+  Assistente assistente(vuoto.ambiente());
+  for (const Elenco elenco : {Elenco::Aziende, Elenco::Percipienti, Elenco::Compensi}) {
+    const std::string file = vuoto.cartella / (std::string(intake::nome(elenco)) + ".xlsx");
+    scriviTabelle(file, modelloTabella(elenco));
+    assistente.aggiungi({file});
+    finoAllaProva(assistente);
+    ASSERT_EQ(assistente.passo(), Passo::Prova) << assistente.impedimento();
+    EXPECT_EQ(assistente.elenco(), elenco);
+    for (const AvvisiDiCodice& uno : avvisiPerCodice(*assistente.piano()))
+      assistente.accetta(uno.codice, true);
+    svolgi(assistente);
+    ASSERT_TRUE(assistente.puoImportare()) << intake::nome(elenco);
+    importaTutto(assistente);
+    EXPECT_EQ(assistente.passo(), Passo::Esito);
+    assistente.ricomincia();
+    svolgi(assistente);
+    EXPECT_EQ(assistente.database()->aziende.size(), 1U);
+  }
+  EXPECT_EQ(intake::storico(*apriConnessione(vuoto.database), std::nullopt).size(), 3U);
 }
 
 TEST_F(AssistenteImportazione, ImportsNothingThatIsThereAlready) {

@@ -53,6 +53,11 @@ class PostoImportazione {
     database.origine = cartella / "archivio.db";
     std::filesystem::copy_file(modello().origine, database.origine);
   }
+  // Without any company.
+  void svuota() {
+    database.origine = cartella / "vuoto.db";
+    creaArchivio(*creaConnessione(database), ContenutoArchivio::Vuoto);
+  }
   Assistente::Ambiente ambiente() const {
     return {.database = database,
             .azienda = 1,
