@@ -96,14 +96,16 @@ void FinestraAssistente::mostra() {
 
 void FinestraAssistente::mostraPassi() {
   const auto questo = static_cast<int>(assistente_.passo());
+  int numero = 0;  // of those that the kind of data has
   for (int i = 0; i < passi_->count(); ++i) {
     const auto passo = static_cast<Passo>(i);
+    if (assistente_.comprende(passo)) ++numero;
     const QString segno = i < questo    ? QStringLiteral("✓ ")
                           : i == questo ? QStringLiteral("▸ ")
                                         : QStringLiteral("   ");
     QListWidgetItem* const voce = passi_->item(i);
     const QString titolo = qs(titoloPasso(passo, assistente_.elenco()));
-    voce->setText(QStringLiteral("%1%2  %3").arg(segno).arg(i + 1).arg(titolo));
+    voce->setText(QStringLiteral("%1%2  %3").arg(segno).arg(numero).arg(titolo));
     const QString detto = i < questo    ? QStringLiteral("fatto")
                           : i == questo ? QStringLiteral("questo")
                                         : QStringLiteral("da fare");

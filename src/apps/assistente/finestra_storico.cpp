@@ -81,7 +81,8 @@ FinestraStorico::FinestraStorico(Profilo profilo)
             }},
        {.chiave = "righe",
         .titolo = "Righe",
-        .testo = [di](std::size_t q) { return qs(dettiConteggi(di(q).conteggi)); }},
+        .testo = [di](std::size_t q) { return qs(dettiConteggi(di(q).conteggi)); },
+        .massima = 420},
        {.chiave = "file", .titolo = "File", .testo = [di](std::size_t q) { return fileDi(di(q)); }}},
       this);
   tabella_->scelta = [this](auto) { abilita(); };

@@ -194,9 +194,7 @@ QWidget* PaginaProva::mancanti() {
   return tabellaMancanti_;
 }
 
-QWidget* PaginaProva::primo() {
-  return listaAvvisi_->count() > 0 ? static_cast<QWidget*>(listaAvvisi_) : tabellaSomme_;
-}
+QWidget* PaginaProva::primo() { return schede_->currentWidget(); }
 
 void PaginaProva::salvaErrori(const QString& cartellaOFile) {
   const std::vector<std::size_t> file = fileConRigheErrate(*piano_);

@@ -83,6 +83,10 @@ void PaginaProva::mostraAvvisi() {
     voce->setCheckState(uno.accettati ? Qt::Checked : Qt::Unchecked);
     voce->setData(Qt::UserRole, static_cast<int>(uno.codice));
   }
+  if (avvisi_.empty()) {
+    auto* const nessuno = new QListWidgetItem(QStringLiteral("Nessun avviso da accettare."), listaAvvisi_);
+    nessuno->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+  }
   listaAvvisi_->setCurrentRow(std::clamp(prima, 0, std::max(0, listaAvvisi_->count() - 1)));
   zitta_ = false;
 }

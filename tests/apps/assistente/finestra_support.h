@@ -89,7 +89,11 @@ class BancoAssistente {
   void accettaTutto() {
     while (auto* const avvisi = cerca<QListWidget>("Avvisi da accettare")) {
       int quale = 0;
-      while (quale < avvisi->count() && avvisi->item(quale)->checkState() == Qt::Checked) ++quale;
+      const auto daAccettare = [&] {
+        const QListWidgetItem* const voce = avvisi->item(quale);
+        return voce->flags().testFlag(Qt::ItemIsUserCheckable) && voce->checkState() != Qt::Checked;
+      };
+      while (quale < avvisi->count() && !daAccettare()) ++quale;
       if (quale == avvisi->count()) return;
       avvisi->item(quale)->setCheckState(Qt::Checked);
       aspettaFerma();
