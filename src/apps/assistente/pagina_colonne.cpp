@@ -129,7 +129,7 @@ const ColonnaScelta* PaginaColonne::corrente() const {
   return quale && *quale < scelte_.size() ? &scelte_[*quale] : nullptr;
 }
 
-// The first thing that stops the import, in a window's words.
+// The first thing that stops the import.
 QString PaginaColonne::dettoAvviso() const {
   const std::string impedimento = stato().impedimento();
   if (impedimento.empty()) {
@@ -137,14 +137,7 @@ QString PaginaColonne::dettoAvviso() const {
                "Le colonne con l'asterisco sono obbligatorie; in grassetto quelle trovate nel file.") +
            dettiNonUsati();
   }
-  QString testo = qs(impedimento);
-  if (testo.contains(QStringLiteral("(V02)"))) {
-    const qsizetype rimedio = testo.indexOf(QStringLiteral(": indicarlo con"));
-    testo =
-        testo.left(rimedio) +
-        QStringLiteral(" (V02). Nel passo Lettura si indica l'ordine delle date: giorno o mese per primo.");
-  }
-  return QStringLiteral("✖ ") + testo + dettiNonUsati();
+  return QStringLiteral("✖ ") + qs(impedimento) + dettiNonUsati();
 }
 
 // The columns of the file that nothing is made of.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "apps/importazione/parole_finestra.h"
+
 namespace cu {
 namespace {
 
@@ -64,7 +66,7 @@ std::string Assistente::impedimento() const {
       if (letture_ == nullptr) return "Le righe non sono ancora state lette.";
       for (const Lettura& lettura : *letture_) {
         if (const intake::Messaggio* const errore = erroreGenerale(lettura))
-          return intake::dettoMessaggio(*errore);
+          return perLaFinestra(intake::dettoMessaggio(*errore));
       }
       return {};
     case Passo::Percipienti:

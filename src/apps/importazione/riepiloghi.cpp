@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "apps/importazione/parole_finestra.h"
 #include "intake/archivio_letto.h"
 #include "intake/conti_toccati.h"
 
@@ -140,7 +141,7 @@ std::vector<AvvisiDiCodice> avvisiPerCodice(const Piano& piano) {
   const auto aggiungi = [&](const Messaggio& uno, const intake::PostoMessaggio& posto) {
     if (uno.gravita != Gravita::Avviso) return;
     AvvisiDiCodice& suoi = trovati[uno.codice];
-    if (suoi.quanti++ == 0) suoi.primo = intake::dettoMessaggio(posto, uno);
+    if (suoi.quanti++ == 0) suoi.primo = perLaFinestra(intake::dettoMessaggio(posto, uno));
   };
   if (!piano.scrive()) return {};
   for (const Messaggio& uno : piano.messaggi) aggiungi(uno, uno.posto);
@@ -161,7 +162,7 @@ std::vector<AvvisiDiCodice> avvisiPerCodice(const Piano& piano) {
 std::vector<std::string> messaggiGenerali(const Piano& piano) {
   std::vector<std::string> testi;
   for (const Messaggio& uno : piano.messaggi) {
-    if (uno.gravita != Gravita::Avviso) testi.push_back(intake::dettoMessaggio(uno));
+    if (uno.gravita != Gravita::Avviso) testi.push_back(perLaFinestra(intake::dettoMessaggio(uno)));
   }
   return testi;
 }

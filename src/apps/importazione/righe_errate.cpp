@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "apps/importazione/colonne_scelte.h"
+#include "apps/importazione/parole_finestra.h"
 
 namespace cu {
 namespace {
@@ -22,7 +23,7 @@ std::string motivi(const intake::RigaPiano& riga) {
     if (!ferma) continue;
     if (!testo.empty()) testo += "; ";
     if (!uno.colonna.empty()) testo += uno.colonna + ": ";
-    testo += uno.testo + " (" + std::string(intake::voce(uno.codice).sigla) + ")";
+    testo += perLaFinestra(uno.testo) + " (" + std::string(intake::voce(uno.codice).sigla) + ")";
   }
   return testo;
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "apps/importazione/parole_finestra.h"
+
 namespace cu {
 namespace {
 
@@ -99,7 +101,7 @@ std::string messaggiUniti(const intake::Piano& piano, const intake::RigaPiano& r
   for (const intake::Messaggio& uno : riga.messaggi) {
     if (!testo.empty()) testo += "; ";
     if (!uno.colonna.empty()) testo += uno.colonna + ": ";
-    testo += uno.testo + " (" + std::string(intake::voce(uno.codice).sigla) + ")";
+    testo += perLaFinestra(uno.testo) + " (" + std::string(intake::voce(uno.codice).sigla) + ")";
   }
   return testo;
 }

@@ -150,6 +150,7 @@ TEST_F(AssistenteImportazione, ReadsAFileAsAPersonSays) {
   avanza(assistente);
   avanza(assistente);
   EXPECT_THAT(assistente.impedimento(), HasSubstr("(V02)"));
+  EXPECT_THAT(assistente.impedimento(), HasSubstr("nel passo Lettura"));
   intake::Mappatura mappatura = assistente.file().front().mappatura;
   mappatura.date = intake::OrdineData::MeseGiornoAnno;
   mappatura.migliaia = '.';
@@ -166,6 +167,20 @@ TEST_F(AssistenteImportazione, ReadsAFileAsAPersonSays) {
   assistente.cambiaMappatura(0, mappatura);
   svolgi(assistente);
   EXPECT_EQ(assistente.file().front().tabella->intestazione.celle.size(), 1U);
+}
+
+TEST_F(AssistenteImportazione, NamesNoOptionOfTheCommandLine) {
+  Assistente assistente = conTesto(
+      "CodicePercipiente;Causale;DataPagamento;Onorario\nP001;A;20/03/2018;1.234\nP001;A;20/03/"
+      "2018;1.234,56\n");
+  finoAllaProva(assistente);
+  const auto righe = assistente.righe();
+  ASSERT_EQ(righe->size(), 2U);
+  for (const RigaMostrata& una : *righe) {
+    EXPECT_THAT(una.messaggi, HasSubstr("(V03)"));
+    EXPECT_THAT(una.messaggi, HasSubstr("nel passo Lettura"));
+    EXPECT_THAT(una.messaggi, testing::Not(HasSubstr("--")));
+  }
 }
 
 TEST_F(AssistenteImportazione, ChangesAllFilesWithTheSameHeadingTogether) {
