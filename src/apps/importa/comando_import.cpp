@@ -97,7 +97,8 @@ int comandoImport(const OpzioniImport& opzioni) {
     richiesta.oggi = oggi;
     const Piano piano = intake::pianifica(database.ownConnection(), std::move(letture), richiesta);
     scriviMessaggi(piano, std::cerr);
-    const Esecuzione eseguita = eseguiPiano(database, piano, {.applica = opzioni.applica, .utente = "cuctl"});
+    const EsecuzionePiano eseguita =
+        eseguiPiano(database, piano, {.applica = opzioni.applica, .utente = "cuctl"});
     for (const std::string& rifiuto : eseguita.rifiuti) std::cerr << rifiuto << '\n';
     const EsitoImportazione& esito = eseguita.esito;
     // Said before the report is written: what is applied stays, whatever happens to the report.

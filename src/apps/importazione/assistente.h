@@ -96,12 +96,12 @@ class Assistente {
   void scegliDiversi(intake::SuDiversi diversi);
   void accetta(intake::Codice codice, bool accettato);
   void ripetiPiano() { scarta(Livello::Piano); }
-  const std::optional<Esecuzione>& prova() const { return prova_; }
+  const std::optional<EsecuzionePiano>& prova() const { return prova_; }
 
   // Result. Only after a trial that was successful.
   bool puoImportare() const;
   Compito importa();
-  const std::optional<Esecuzione>& importata() const { return importata_; }
+  const std::optional<EsecuzionePiano>& importata() const { return importata_; }
   // A new import into the same database: files and what follows from them are forgotten.
   void ricomincia();
 
@@ -138,8 +138,8 @@ class Assistente {
   intake::RichiestaPiano richiesta_;
   std::shared_ptr<intake::Piano> piano_;
   std::shared_ptr<const std::vector<RigaMostrata>> righe_;
-  std::optional<Esecuzione> prova_;
-  std::optional<Esecuzione> importata_;
+  std::optional<EsecuzionePiano> prova_;
+  std::optional<EsecuzionePiano> importata_;
 };
 
 }  // namespace cu

@@ -134,7 +134,7 @@ Compito Assistente::pianifica() {
 }
 
 Compito Assistente::prova(bool applica) {
-  auto eseguita = std::make_shared<Esecuzione>();
+  auto eseguita = std::make_shared<EsecuzionePiano>();
   return {.che = applica ? "Scrittura" : "Prova",
           .lavoro =
               [eseguita, piano = std::shared_ptr<const intake::Piano>(piano_), applica,

@@ -37,9 +37,9 @@ std::string momentoAttuale() {
          dueCifre(ora.second);
 }
 
-Esecuzione eseguiPiano(DatabaseSuite& database, const intake::Piano& piano,
-                       const RichiestaEsecuzione& richiesta, ProgressSink* avanzamento) {
-  Esecuzione eseguita;
+EsecuzionePiano eseguiPiano(DatabaseSuite& database, const intake::Piano& piano,
+                            const RichiestaEsecuzione& richiesta, ProgressSink* avanzamento) {
+  EsecuzionePiano eseguita;
   EsitoImportazione& esito = eseguita.esito;
   esito.applica = richiesta.applica;
   if (!piano.applicabile()) return eseguita;

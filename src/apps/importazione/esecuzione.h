@@ -23,14 +23,14 @@ struct RichiestaEsecuzione {
   bool applica = false;  // without it everything is done and taken back
   std::string utente;    // for the history
 };
-struct Esecuzione {
+struct EsecuzionePiano {
   EsitoImportazione esito;
   std::vector<std::string> rifiuti;  // why a plan that seemed applicable was not applied
 };
 // Tests or applies a plan. One that is not applicable is left alone. Raises DatabaseError, and what the sink
 // raises: nothing was written then.
-Esecuzione eseguiPiano(DatabaseSuite& database, const intake::Piano& piano,
-                       const RichiestaEsecuzione& richiesta, ProgressSink* avanzamento = nullptr);
+EsecuzionePiano eseguiPiano(DatabaseSuite& database, const intake::Piano& piano,
+                            const RichiestaEsecuzione& richiesta, ProgressSink* avanzamento = nullptr);
 
 // Takes a batch back, or tests whether it could be.
 Result<intake::Annullato> annullaLotto(DatabaseSuite& database, std::int32_t lotto, bool prova);
