@@ -1,5 +1,6 @@
 #include "apps/assistente/finestra_assistente.h"
 
+#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -142,6 +143,20 @@ QString FinestraAssistente::occupata() const {
   if (!lavora() || !scrive_) return {};
   return QStringLiteral(
       "È in corso una scrittura. La finestra si può chiudere appena è finita, o dopo averla annullata.");
+}
+
+// Esc closes a window: what was chosen so far is not given up by a key too many.
+void FinestraAssistente::closeEvent(QCloseEvent* event) {
+  const Passo passo = assistente_.passo();
+  const bool aMeta = passo != Passo::Sorgente && passo != Passo::Esito && occupata().isEmpty();
+  if (aMeta &&
+      !conferma(QStringLiteral("Non è ancora stato importato nulla. Chiudendo, le scelte fatte fin qui "
+                               "vanno perse."),
+                QStringLiteral("C&hiudi lo stesso"))) {
+    event->ignore();
+    return;
+  }
+  Finestra::closeEvent(event);
 }
 
 QString FinestraAssistente::capitolo() const { return QStringLiteral("Importare da tabelle"); }

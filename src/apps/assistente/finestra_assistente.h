@@ -38,6 +38,7 @@ class FinestraAssistente : public strumenti::Finestra {
   bool ferma() const { return !lavora(); }
 
  protected:
+  void closeEvent(QCloseEvent* event) override;
   QString occupata() const override;
   QString capitolo() const override;
 

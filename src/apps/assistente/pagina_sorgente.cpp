@@ -182,6 +182,7 @@ void PaginaSorgente::mostraDatabase() {
     testo =
         QStringLiteral("Il database non contiene nessuna azienda: importare prima l'elenco delle aziende.");
   }
+  if (testo.isEmpty() && !stato().file().empty()) testo = qs(stato().impedimento());
   avviso_->dici(testo);
 }
 

@@ -191,6 +191,30 @@ TEST(ImportWindow, OffersToMakeADatabaseReady) {
   EXPECT_TRUE(banco.bottone("Avanti")->isEnabled());
 }
 
+TEST(ImportWindow, AsksBeforeItIsClosedHalfWay) {
+  BancoAssistente banco;
+  auto& finestra = banco.apri();
+  banco.avanti(2);
+  bool chiesto = false;
+  test::alProssimoDialogo([&](QWidget& dialogo) {
+    chiesto = true;
+    test::premi(dialogo, "Annulla");
+  });
+  finestra.close();
+  EXPECT_TRUE(chiesto);
+  EXPECT_TRUE(finestra.isVisible());
+  EXPECT_EQ(banco.passo(), Passo::Colonne);
+  banco.indietro(2);
+  EXPECT_TRUE(finestra.close()) << "nothing is lost at the first step";
+}
+
+TEST(ImportWindow, SaysWhyThereIsNoWayOn) {
+  BancoAssistente banco("");
+  auto& finestra = banco.apri();
+  EXPECT_FALSE(banco.bottone("Avanti")->isEnabled());
+  EXPECT_TRUE(test::dice(finestra, "f.csv non si può leggere"));
+}
+
 TEST(ImportWindow, GoesBackToTheStepFromWhichTheDatabaseCouldNotBeRead) {
   BancoAssistente banco;
   auto& finestra = banco.apri();

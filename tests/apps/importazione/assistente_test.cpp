@@ -169,6 +169,28 @@ TEST_F(AssistenteImportazione, ReadsAFileAsAPersonSays) {
   EXPECT_EQ(assistente.file().front().tabella->intestazione.celle.size(), 1U);
 }
 
+TEST_F(AssistenteImportazione, ReadsTheSheetThatWasChosen) {
+  std::vector<tabelle::TabellaDaScrivere> fogli(2);
+  const auto testo = [](const char* valore) { return Value::ofText(valore); };
+  fogli[0] = {"Note", {"Appunti"}, {{testo("x")}}};
+  fogli[1] = {"Marzo",
+              {"CodicePercipiente", "Causale", "DataPagamento", "Onorario"},
+              {{testo("P001"), testo("A"), testo("20/03/2018"), testo("1000")}}};
+  const std::string file = posto.cartella / "due.xlsx";
+  tabelle::scriviXlsx(file, fogli, {});
+  Assistente assistente = con({file});
+  EXPECT_THAT(assistente.file().front().fogli, ElementsAre("Note", "Marzo"));
+  assistente.scegliElenco(Elenco::Compensi);
+  svolgi(assistente);
+  avanza(assistente);
+  intake::Mappatura mappatura = assistente.file().front().mappatura;
+  mappatura.lettura.foglio = "Marzo";
+  assistente.cambiaMappatura(0, mappatura);
+  finoAllaProva(assistente);
+  EXPECT_EQ(assistente.file().front().tabella->foglio, "Marzo");
+  EXPECT_EQ(assistente.piano()->quante(StatoRiga::Nuovo), 1U);
+}
+
 TEST_F(AssistenteImportazione, NamesNoOptionOfTheCommandLine) {
   Assistente assistente = conTesto(
       "CodicePercipiente;Causale;DataPagamento;Onorario\nP001;A;20/03/2018;1.234\nP001;A;20/03/"
