@@ -165,6 +165,12 @@ void replaceFile(const std::string& path, std::string_view content) {
   substitute.takePlace();
 }
 
+void replaceFileInPieces(const std::string& path, const std::function<void(const PieceWriter&)>& make) {
+  Substitute substitute(path);
+  make([&](std::string_view piece) { substitute.write(piece); });
+  substitute.takePlace();
+}
+
 void copyFile(const std::string& from, const std::string& to) {
   const Descriptor source = openFile(from, O_RDONLY);
   Substitute substitute(to);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -39,6 +40,9 @@ Descriptor openForAppending(const std::string& path);
 
 // Atomic: the file on the disk has the whole new content, or keeps the old one.
 void replaceFile(const std::string& path, std::string_view content);
+// The same for a content that is made in pieces: `make` passes each of them on.
+using PieceWriter = std::function<void(std::string_view)>;
+void replaceFileInPieces(const std::string& path, const std::function<void(const PieceWriter&)>& make);
 void copyFile(const std::string& from, const std::string& to);
 
 // Tests by creating a file and deleting it at once: access rights alone are not conclusive for a network's or

@@ -155,6 +155,23 @@ TEST_F(FileSystemTest, AReplacementThroughALinkKeepsTheLink) {
   EXPECT_EQ(cartella.read("vero"), "dopo");
 }
 
+TEST_F(FileSystemTest, AReplacementInPiecesIsWholeOrDoesNotHappen) {
+  const std::string file = cartella.write("r.json", "vecchio");
+  EXPECT_THROW(replaceFileInPieces(file,
+                                   [](const PieceWriter& scrivi) {
+                                     scrivi("nuo");
+                                     throw std::runtime_error("interrotto");
+                                   }),
+               std::runtime_error);
+  EXPECT_EQ(cartella.read("r.json"), "vecchio");
+  replaceFileInPieces(file, [](const PieceWriter& scrivi) {
+    scrivi("nuo");
+    scrivi("vo");
+  });
+  EXPECT_EQ(cartella.read("r.json"), "nuovo");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(cartella.path()), {}), 1);
+}
+
 TEST_F(FileSystemTest, ReadRemoveAndRenameNeedAFile) {
   cartella.write("a", std::string("x\0y", 3));
   EXPECT_EQ(files.readAll(cartella / "a"), std::string("x\0y", 3));

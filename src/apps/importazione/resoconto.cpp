@@ -66,7 +66,11 @@ bool fileDiResoconto(const std::string& file) {
 }
 
 void scriviResoconto(const std::string& file, const Piano& piano, const EsitoImportazione& esito) {
-  replaceFile(file, finisceCosi(file, ".json") ? resocontoJson(piano, esito) : resocontoCsv(piano));
+  if (finisceCosi(file, ".json")) {
+    replaceFileInPieces(file, [&](const PieceWriter& scrivi) { resocontoJson(piano, esito, scrivi); });
+  } else {
+    replaceFile(file, resocontoCsv(piano));
+  }
 }
 
 std::string resocontoCsv(const Piano& piano) {

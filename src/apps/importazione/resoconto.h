@@ -2,9 +2,11 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <ostream>
 #include <string>
+#include <string_view>
 
 #include "intake/piano.h"
 
@@ -24,7 +26,8 @@ bool fileDiResoconto(const std::string& file);
 // Writes the report as the file's ending asks. Raises Error.
 void scriviResoconto(const std::string& file, const intake::Piano& piano, const EsitoImportazione& esito);
 // The two forms.
-std::string resocontoJson(const intake::Piano& piano, const EsitoImportazione& esito);
+void resocontoJson(const intake::Piano& piano, const EsitoImportazione& esito,
+                   const std::function<void(std::string_view)>& scrivi);  // in pieces, in order
 std::string resocontoCsv(const intake::Piano& piano);
 
 // Every message on a line with its place: those of files and accounts, then those of the rows in order.

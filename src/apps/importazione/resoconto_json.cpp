@@ -71,40 +71,59 @@ Json jsonGenerale(const Messaggio& messaggio) {
   return json;
 }
 
-// A list whose items are made one at a time: all of them together would be many times the text.
+// The text goes on as soon as there is a block of it: a report can be hundreds of times a block.
+class Testo {
+ public:
+  explicit Testo(const std::function<void(std::string_view)>& scrivi) : scrivi_(scrivi) {}
+  Testo& operator<<(std::string_view pezzo) {
+    constexpr std::size_t kBlocco = std::size_t{1} << 16U;
+    testo_ += pezzo;
+    if (testo_.size() >= kBlocco) fine();
+    return *this;
+  }
+  void fine() {
+    scrivi_(testo_);
+    testo_.clear();
+  }
+
+ private:
+  const std::function<void(std::string_view)>& scrivi_;
+  std::string testo_;
+};
+
 template <class Voci, class Fai>
-void aggiungiElenco(std::string& testo, const char* nome, const Voci& voci, Fai fai) {
-  testo += ",\n\"";
-  testo += nome;
-  testo += "\": [";
+void aggiungiElenco(Testo& testo, std::string_view nome, const Voci& voci, Fai fai) {
+  testo << ",\n\"" << nome << "\": [";
   bool prima = true;
   for (const auto& voce : voci) {
-    testo += prima ? "\n" : ",\n";
+    testo << (prima ? "\n" : ",\n") << inTesto(fai(voce));
     prima = false;
-    testo += inTesto(fai(voce));
   }
-  testo += ']';
+  testo << "]";
 }
 
 }  // namespace
 
-std::string resocontoJson(const Piano& piano, const EsitoImportazione& esito) {
+void resocontoJson(const Piano& piano, const EsitoImportazione& esito,
+                   const std::function<void(std::string_view)>& scrivi) {
   Json conteggi = Json::object();
   const auto quanti = piano.conteggi();
   for (std::size_t i = 0; i < quanti.size(); ++i) {
     conteggi[std::string(intake::nome(static_cast<intake::StatoRiga>(i)))] = quanti[i];
   }
-  std::string testo = "{\"batch\": " + (esito.lotto ? std::to_string(*esito.lotto) : std::string("null"));
-  testo += esito.applicata ? ", \"applied\": true" : ", \"applied\": false";
-  testo += ", \"kind\": " + inTesto(intake::nomeInglese(piano.elenco));
-  testo += ", \"counts\": " + inTesto(conteggi);
+  Testo testo(scrivi);
+  testo << "{\"batch\": " << (esito.lotto ? std::to_string(*esito.lotto) : std::string("null"));
+  testo << (esito.applicata ? ", \"applied\": true" : ", \"applied\": false");
+  testo << ", \"kind\": " << inTesto(intake::nomeInglese(piano.elenco));
+  testo << ", \"counts\": " << inTesto(conteggi);
   aggiungiElenco(testo, "rows", piano.righe, [&](const RigaPiano& riga) { return jsonRiga(piano, riga); });
   aggiungiElenco(testo, "accounts", piano.conti, jsonConto);
   aggiungiElenco(testo, "missing", piano.mancanti, [](const intake::MancantePiano& mancante) {
     return Json{{"payee", mancante.percipiente}, {"check", mancante.controllo}, {"text", mancante.testo}};
   });
   aggiungiElenco(testo, "messages", piano.messaggi, jsonGenerale);
-  return testo + "}\n";
+  testo << "}\n";
+  testo.fine();
 }
 
 }  // namespace cu
