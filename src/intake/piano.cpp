@@ -137,13 +137,9 @@ ValoriRiga chiave(const Piano& piano, const RigaPiano& riga) {
 }
 
 ValoriRiga importi(const schede::Importi& importi) {
-  using enum ColonnaCompenso;
-  constexpr std::array<ColonnaCompenso, schede::kImporti> kColonne = {
-      Onorario,        QuotaNonSoggetta, SommeNonSoggette,        SommeRegimeConvenzionale,
-      RitenutaAcconto, RitenutaImposta,  ContributoPrevidenziale, ContributoPercipiente};
   ValoriRiga nominati;
-  for (std::size_t i = 0; i < kColonne.size(); ++i) {
-    nominati.emplace_back(colonna(kColonne[i]).nome, importi[i].toText());
+  for (std::size_t i = 0; i < kColonneImporti.size(); ++i) {
+    nominati.emplace_back(colonna(kColonneImporti[i]).nome, importi[i].toText());
   }
   return nominati;
 }

@@ -9,6 +9,50 @@
 namespace cu::intake {
 namespace {
 
+// The columns that have a text of a record as it is.
+template <class C, class Scheda>
+struct TestoDi {
+  C colonna;
+  std::string Scheda::*campo;
+};
+using Anagrafica = schede::SchedaAnagrafica;
+using A = ColonnaAzienda;
+using P = ColonnaPercipiente;
+
+constexpr TestoDi<A, Anagrafica> kTestiSede[] = {{A::CodiceFiscale, &Anagrafica::codiceFiscale},
+                                                 {A::PartitaIva, &Anagrafica::partitaIva},
+                                                 {A::Denominazione, &Anagrafica::anagrafica},
+                                                 {A::Nome, &Anagrafica::nome},
+                                                 {A::Indirizzo, &Anagrafica::indirizzo},
+                                                 {A::Cap, &Anagrafica::cap},
+                                                 {A::Telefono, &Anagrafica::telefono},
+                                                 {A::Fax, &Anagrafica::fax},
+                                                 {A::Email, &Anagrafica::email}};
+constexpr TestoDi<A, Anagrafica> kTestiRappresentante[] = {
+    {A::RappresentanteCodiceFiscale, &Anagrafica::codiceFiscale},
+    {A::RappresentanteCognome, &Anagrafica::anagrafica},
+    {A::RappresentanteNome, &Anagrafica::nome}};
+constexpr TestoDi<A, schede::SchedaAzienda> kTestiAzienda[] = {
+    {A::CodiceAttivita, &schede::SchedaAzienda::codiceAttivita},
+    {A::CodiceFiscaleSocieta, &schede::SchedaAzienda::codiceFiscaleSocieta},
+    {A::IntermediarioCodiceFiscale, &schede::SchedaAzienda::intermediario}};
+constexpr TestoDi<P, Anagrafica> kTestiAnagrafica[] = {{P::CodiceFiscale, &Anagrafica::codiceFiscale},
+                                                       {P::PartitaIva, &Anagrafica::partitaIva},
+                                                       {P::Cognome, &Anagrafica::anagrafica},
+                                                       {P::Nome, &Anagrafica::nome},
+                                                       {P::Sesso, &Anagrafica::sesso},
+                                                       {P::Indirizzo, &Anagrafica::indirizzo},
+                                                       {P::Cap, &Anagrafica::cap},
+                                                       {P::Email, &Anagrafica::email},
+                                                       {P::Telefono, &Anagrafica::telefono},
+                                                       {P::Fax, &Anagrafica::fax}};
+constexpr TestoDi<P, schede::SchedaPercipiente> kTestiPercipiente[] = {
+    {P::Codice, &schede::SchedaPercipiente::codice},
+    {P::CodiceFiscaleEstero, &schede::SchedaPercipiente::codiceFiscaleEstero},
+    {P::CodiceFiscaleRappresentante, &schede::SchedaPercipiente::codiceFiscaleRappresentante},
+    {P::CodiceAziendaENPAM, &schede::SchedaPercipiente::codiceEnpam},
+    {P::CodiceAziendaENPAPI, &schede::SchedaPercipiente::codiceEnpapi}};
+
 // A row being filled: under the columns of a list.
 class ValoriDi {
  public:
@@ -17,6 +61,10 @@ class ValoriDi {
   template <class C>
   void testo(C colonna, const std::string& valore) {
     if (!valore.empty()) a(colonna) = Value::ofText(valore);
+  }
+  template <class C, class Scheda, std::size_t N>
+  void testi(const TestoDi<C, Scheda> (&tavola)[N], const Scheda& scheda) {
+    for (const TestoDi<C, Scheda>& uno : tavola) testo(uno.colonna, scheda.*uno.campo);
   }
   template <class C>
   void logico(C colonna, bool valore) {
@@ -115,25 +163,13 @@ std::vector<Value> valoriAzienda(const schede::SchedaAzienda& azienda, const sch
                                  const schede::Elenchi& elenchi) {
   using enum ColonnaAzienda;
   ValoriDi valori(Elenco::Aziende);
-  valori.testo(CodiceFiscale, azienda.sede.codiceFiscale);
-  valori.testo(PartitaIva, azienda.sede.partitaIva);
-  valori.testo(Denominazione, azienda.sede.anagrafica);
-  valori.testo(Nome, azienda.sede.nome);
-  valori.testo(Indirizzo, azienda.sede.indirizzo);
-  valori.testo(Cap, azienda.sede.cap);
+  valori.testi(kTestiSede, azienda.sede);
+  valori.testi(kTestiRappresentante, azienda.rappresentante);
+  valori.testi(kTestiAzienda, azienda);
   valori.testo(Comune, scriviComune(luoghi, azienda.sede.idComune, std::nullopt));
   valori.testo(Provincia, scriviProvincia(luoghi, azienda.sede.idComune));
-  valori.testo(Telefono, azienda.sede.telefono);
-  valori.testo(Fax, azienda.sede.fax);
-  valori.testo(Email, azienda.sede.email);
-  valori.testo(CodiceAttivita, azienda.codiceAttivita);
-  valori.testo(RappresentanteCodiceFiscale, azienda.rappresentante.codiceFiscale);
-  valori.testo(RappresentanteCognome, azienda.rappresentante.anagrafica);
-  valori.testo(RappresentanteNome, azienda.rappresentante.nome);
   valori.testo(RappresentanteCarica, elenchi.cariche.codice(azienda.idCarica));
-  valori.testo(CodiceFiscaleSocieta, azienda.codiceFiscaleSocieta);
   valori.testo(EventoEccezionale, elenchi.eventi.codice(azienda.idEventoEccezionale));
-  valori.testo(IntermediarioCodiceFiscale, azienda.intermediario);
   if (azienda.impegno != 0) valori.testo(Impegno, fromInteger(azienda.impegno));
   valori.giorno(DataImpegno, azienda.dataImpegno);
   return valori.presi();
@@ -144,29 +180,16 @@ std::vector<Value> valoriPercipiente(const schede::SchedaPercipiente& p, const A
   using enum ColonnaPercipiente;
   const schede::SchedaAnagrafica& a = p.anagrafica;
   ValoriDi valori(Elenco::Percipienti);
-  valori.testo(Codice, p.codice);
-  valori.testo(CodiceFiscale, a.codiceFiscale);
-  valori.testo(PartitaIva, a.partitaIva);
-  valori.testo(Cognome, a.anagrafica);
-  valori.testo(Nome, a.nome);
+  valori.testi(kTestiAnagrafica, a);
+  valori.testi(kTestiPercipiente, p);
   valori.logico(PersonaFisica, a.personaFisica);
-  valori.testo(Sesso, a.sesso);
   valori.giorno(DataNascita, a.nascita);
   luoghiDi(valori, a, accanto, luoghi);
-  valori.testo(Indirizzo, a.indirizzo);
-  valori.testo(Cap, a.cap);
-  valori.testo(Email, a.email);
-  valori.testo(Telefono, a.telefono);
-  valori.testo(Fax, a.fax);
   valori.logico(NonResidente, p.nonResidente);
   valori.logico(Schumacker, p.schumacker);
-  valori.testo(CodiceFiscaleEstero, p.codiceFiscaleEstero);
-  valori.testo(CodiceFiscaleRappresentante, p.codiceFiscaleRappresentante);
   valori.testo(CategoriaParticolare, elenchi.categorie.codice(p.idCategoriaParticolare));
   valori.testo(EventoEccezionale, elenchi.eventi.codice(p.idEventoEccezionale));
   ente(valori, p, accanto, elenchi);
-  valori.testo(CodiceAziendaENPAM, p.codiceEnpam);
-  valori.testo(CodiceAziendaENPAPI, p.codiceEnpapi);
   return valori.presi();
 }
 
@@ -174,9 +197,7 @@ std::vector<Value> valoriCompenso(const schede::SchedaCompenso& compenso,
                                   const schede::SchedaPercipiente* percipiente,
                                   std::int32_t idCodiceNonSoggette, const schede::Elenchi& elenchi) {
   using enum ColonnaCompenso;
-  using I = schede::Importo;
   ValoriDi valori(Elenco::Compensi);
-  const auto importo = [&](I quale) { return compenso.importi[posto(quale)]; };
   if (percipiente != nullptr) {
     valori.testo(CodicePercipiente, percipiente->codice);
     valori.testo(CodiceFiscale, percipiente->anagrafica.codiceFiscale);
@@ -186,15 +207,11 @@ std::vector<Value> valoriCompenso(const schede::SchedaCompenso& compenso,
   valori.giorno(DataPagamento, compenso.pagamento);
   valori.testo(NumeroDocumento, compenso.numero);
   valori.giorno(DataDocumento, compenso.documento);
+  for (std::size_t i = 0; i < kColonneImporti.size(); ++i) {
+    valori.importo(kColonneImporti[i], compenso.importi[i]);
+  }
   // An amount is required, be it zero.
-  valori.a(Onorario) = Value::ofDecimal(importo(I::Onorario));
-  valori.importo(QuotaNonSoggetta, importo(I::QuotaNonSoggetta));
-  valori.importo(SommeNonSoggette, importo(I::SommeNonSoggette));
-  valori.importo(SommeRegimeConvenzionale, importo(I::RegimeConvenzionale));
-  valori.importo(RitenutaAcconto, importo(I::RitenutaAcconto));
-  valori.importo(RitenutaImposta, importo(I::RitenutaImposta));
-  valori.importo(ContributoPrevidenziale, importo(I::ContributoPrevidenziale));
-  valori.importo(ContributoPercipiente, importo(I::ContributoPercipiente));
+  valori.a(Onorario) = Value::ofDecimal(compenso.importi[posto(schede::Importo::Onorario)]);
   valori.testo(CodiceNonSoggette, elenchi.nonSoggette.codice(idCodiceNonSoggette));
   return valori.presi();
 }

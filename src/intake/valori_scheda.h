@@ -1,13 +1,23 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "base/value.h"
+#include "intake/colonne.h"
 #include "intake/piano.h"
 #include "schede/elenchi.h"
 #include "schede/luoghi.h"
 
 namespace cu::intake {
+
+// The columns of the amounts of a payment, in the order of schede::Importo.
+inline constexpr auto kColonneImporti = std::to_array<ColonnaCompenso>(
+    {ColonnaCompenso::Onorario, ColonnaCompenso::QuotaNonSoggetta, ColonnaCompenso::SommeNonSoggette,
+     ColonnaCompenso::SommeRegimeConvenzionale, ColonnaCompenso::RitenutaAcconto,
+     ColonnaCompenso::RitenutaImposta, ColonnaCompenso::ContributoPrevidenziale,
+     ColonnaCompenso::ContributoPercipiente});
+static_assert(kColonneImporti.size() == schede::kImporti);
 
 // Records as rows of the tables that can be imported: one value for each column of the list, null for a cell
 // without one. Read again, they give the same records.
