@@ -283,7 +283,9 @@ void fitHeight(FormWindow& window, int room) {
       if (area->isVisible()) missing = std::max(missing, area->missingHeight());
     }
     const int height = std::min(window.height() + missing, room);
-    if (missing == -window.height() || height == window.height()) return;
+    if (missing == -window.height()) return;
+    // The first look may see the heights from before a change of the width.
+    if (i > 0 && height == window.height()) return;
     window.resize(window.width(), height);
   }
 }

@@ -39,13 +39,17 @@ GridTable::GridTable(GridView& view, QWidget* parent) : QTableView(parent), view
   tellWhole(*this);
 }
 
+// The arrows move only from a column that is shown.
 void GridTable::setCurrent(int row) {
-  if (currentIndex().row() == row) return;
+  const int before = currentIndex().column();
+  const bool seen = before >= 0 && !isColumnHidden(before);
+  if (currentIndex().row() == row && (row < 0 || seen)) return;
   setting_ = true;
   if (row < 0) {
     setCurrentIndex({});
   } else {
-    const int column = std::max(0, currentIndex().column());
+    int column = seen ? before : 0;
+    while (isColumnHidden(column) && column + 1 < model()->columnCount()) ++column;
     selectionModel()->setCurrentIndex(model()->index(row, column),
                                       QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     scrollTo(model()->index(row, horizontalHeader()->logicalIndex(0)));

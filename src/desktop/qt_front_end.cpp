@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 #include <QUrl>
 #include <algorithm>
 
@@ -182,10 +183,22 @@ void QtFrontEnd::place(FormWindow& window, const FormWindow* over) const {
 void QtFrontEnd::fit(FormWindow& window, const FormWindow* over) const {
   if (window.form().scroll() != nullptr || !window.form().stages().empty() || isList(window.form())) return;
   const QRect room = window.screen()->availableGeometry();
-  fitHeight(window, room.height() - kTitleBar);
-  const int lowest = std::max(room.top(), room.bottom() - window.height());
+  const int highest = room.height() - kTitleBar;
   const int middle = over == nullptr ? room.center().y() : over->frameGeometry().center().y();
-  window.move(window.x(), std::clamp(middle - window.height() / 2, room.top(), lowest));
+  const auto fitThere = [&window, room, highest, middle] {
+    fitHeight(window, highest);
+    const int lowest = std::max(room.top(), room.bottom() - window.height());
+    window.move(window.x(), std::clamp(middle - window.height() / 2, room.top(), lowest));
+  };
+  fitThere();
+  // Where the content is higher than the screen, more of its fields are placed side by side.
+  const int widest = std::min(kSectionsWidth, room.width());
+  if (window.height() < highest || window.width() >= widest) return;
+  const int left = window.x() - (widest - window.width()) / 2;
+  window.resize(widest, highest);
+  window.move(std::clamp(left, room.left(), std::max(room.left(), room.right() - widest)), window.y());
+  // The fields take their new places first.
+  QTimer::singleShot(0, &window, fitThere);
 }
 
 void QtFrontEnd::show(Form& form) {

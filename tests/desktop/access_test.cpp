@@ -9,47 +9,13 @@
 #include <QTableView>
 #include <QTest>
 
+#include "desktop/access_support.h"
 #include "desktop/agreement_support.h"
 #include "desktop/foot.h"
 #include "desktop/screen_support.h"
 
 namespace cu::test {
 namespace {
-
-// The widgets that accept the focus without a role or a name; "" when there are none.
-std::string nameless(const desktop::FormWindow& window) {
-  std::string all;
-  for (Control* control : window.form().controls()) {
-    const desktop::View* const view = window.view(*control);
-    if (view == nullptr) continue;
-    for (QWidget* widget : view->focusWidgets()) {
-      QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(widget);
-      if (told == nullptr || told->role() == QAccessible::NoRole || told->text(QAccessible::Name).isEmpty()) {
-        all += control->name() + "\n";
-      }
-    }
-  }
-  return all;
-}
-
-// Texts wider or higher than the widget that shows them; "" when there are none.
-std::string cut(const QWidget& window) {
-  std::string all;
-  const auto tell = [&](const QWidget& widget, const QString& text) {
-    all += widget.objectName().toStdString() + ": " + text.toStdString() + "\n";
-  };
-  for (const QLabel* label : window.findChildren<QLabel*>()) {
-    if (!label->isVisible() || label->text().isEmpty()) continue;
-    const int needed = label->wordWrap() ? label->heightForWidth(label->width()) : label->sizeHint().height();
-    const bool narrow = !label->wordWrap() && label->width() < label->sizeHint().width();
-    if (label->height() < needed || narrow) tell(*label, label->text());
-  }
-  for (const QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
-    if (!button->isVisible() || button->text().isEmpty()) continue;
-    if (button->width() < button->minimumSizeHint().width() - 1) tell(*button, button->text());
-  }
-  return all;
-}
 
 TEST(Accessibility, EveryFieldOfTheWizardHasRoleAndName) {
   Screen screen;
@@ -121,21 +87,21 @@ TEST(Accessibility, NoTextIsCutAtTheSizesOfADesk) {
     Screen screen;
     screen.window().resize(size);
     settle();
-    EXPECT_EQ(cut(screen.window()), "") << "first step " << size.width();
+    EXPECT_EQ(cutTexts(screen.window()), "") << "first step " << size.width();
     screen.toGrid();
     settle();
-    EXPECT_EQ(cut(screen.window()), "") << "second step " << size.width();
+    EXPECT_EQ(cutTexts(screen.window()), "") << "second step " << size.width();
     screen.whenModal([&](QWidget&) {
       screen.top()->resize(size);
       settle();
-      EXPECT_EQ(cut(*screen.top()), "") << "editor " << size.width();
+      EXPECT_EQ(cutTexts(*screen.top()), "") << "editor " << size.width();
       screen.key(Qt::Key_Escape);
     });
     screen.find<QWidget>("grdCompensi")->setFocus();
     screen.key(Qt::Key_Return);
     screen.click("cmdNav(3)");
     settle();
-    EXPECT_EQ(cut(screen.window()), "") << "last step " << size.width();
+    EXPECT_EQ(cutTexts(screen.window()), "") << "last step " << size.width();
   }
 }
 

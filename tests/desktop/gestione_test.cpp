@@ -16,6 +16,8 @@
 
 #include "apps/avvio/finestra_avvio.h"
 #include "apps/avvio/gestione_aperta.h"
+#include "controls/grid.h"
+#include "desktop/access_support.h"
 #include "desktop/form_window.h"
 #include "desktop/screen_support.h"
 
@@ -70,6 +72,27 @@ class GestioneInFinestra : public ::testing::Test {
   }
   ~GestioneInFinestra() override { settle(); }
 
+  // With the demonstration company.
+  void conDati() {
+    SceltaAvvio scelta;
+    const CartelleAvvio cartelle = cartelleIn(folder_);
+    preparaDimostrativo(cartelle);
+    scelta.database = cartelle.databaseDimostrativo();
+    gestione_ = std::make_unique<GestioneAperta>(profiloDi(scelta, cartelle), QString());
+  }
+  // Presses the button; `atti` runs in the window that opens, which is then closed.
+  void inFinestra(desktop::FormWindow& sotto, const char* pulsante,
+                  const std::function<void(desktop::FormWindow&)>& atti) {
+    bool fatto = false;
+    alProssimo(gestione_->schermo(), [&](desktop::FormWindow& modale) {
+      atti(modale);
+      fatto = true;
+      QTimer::singleShot(20, &modale, [&modale] { modale.form().unload(); });
+    });
+    QTest::mouseClick(&widget(sotto, pulsante), Qt::LeftButton);
+    EXPECT_TRUE(fatto) << pulsante;
+  }
+
   desktop::FormWindow& apri() {
     EXPECT_TRUE(gestione_->apri());
     desktop::FormWindow& finestra = *gestione_->schermo().topmost();
@@ -114,6 +137,42 @@ TEST_F(GestioneInFinestra, ClosingTheListEndsTheForms) {
   QTest::mouseClick(&widget(finestra, "cmdChiudi"), Qt::LeftButton);
   EXPECT_TRUE(chiuse);
   EXPECT_FALSE(gestione_->schermo().anyOpen());
+}
+
+TEST_F(GestioneInFinestra, TheArrowsMoveInAListOfPayeesAndEnterOpensTheRow) {
+  conDati();
+  inFinestra(apri(), "cmdPercipienti", [&](desktop::FormWindow& elenco) {
+    auto& tabella = static_cast<QTableView&>(widget(elenco, "grdPercipienti"));
+    tabella.setFocus();
+    QTest::keyClick(&tabella, Qt::Key_Down);
+    const auto& griglia = static_cast<Grid&>(*elenco.form().find("grdPercipienti"));
+    EXPECT_EQ(griglia.row(), 2U);
+    const QString codice = QString::fromStdString(griglia.rows()->Get("Codice").toText());
+    alProssimo(gestione_->schermo(), [&](desktop::FormWindow& scheda) {
+      EXPECT_EQ(static_cast<QLineEdit&>(widget(scheda, "txtCodice")).text(), codice);
+      QTimer::singleShot(20, &scheda, [&scheda] { scheda.form().unload(); });
+    });
+    QTest::keyClick(&tabella, Qt::Key_Return);
+  });
+}
+
+TEST_F(GestioneInFinestra, EveryFieldHasANameAndNoTextIsCut) {
+  conDati();
+  const auto guarda = [](const desktop::FormWindow& finestra) {
+    EXPECT_EQ(nameless(finestra), "") << finestra.form().name();
+    EXPECT_EQ(cutTexts(finestra), "") << finestra.form().name();
+  };
+  desktop::FormWindow& prima = apri();
+  guarda(prima);
+  inFinestra(prima, "cmdModifica", guarda);
+  inFinestra(prima, "cmdPercipienti", [&](desktop::FormWindow& elenco) {
+    guarda(elenco);
+    inFinestra(elenco, "cmdNuovo", guarda);
+  });
+  inFinestra(prima, "cmdCompensi", [&](desktop::FormWindow& elenco) {
+    guarda(elenco);
+    inFinestra(elenco, "cmdModifica", guarda);
+  });
 }
 
 TEST(NuovoArchivio, IsWholeAndReplacesNothing) {
