@@ -20,6 +20,20 @@ std::vector<SchedaCompenso> Compensi::degliAnni(const std::vector<int>& anni) co
   return schede;
 }
 
+std::vector<int> Compensi::anni() const {
+  RowStore righe;
+  connessione_.Query("SELECT DISTINCT Year(DataPagamento) AS Anno FROM Compenso WHERE IDAzienda = " +
+                         fromInteger(idAzienda_) + " ORDER BY Anno",
+                     righe);
+  std::vector<int> anni;
+  for (std::size_t i = 0; i < righe.size(); ++i) {
+    CellView anno;
+    righe.read(i, &anno);
+    anni.push_back(static_cast<int>(anno.integer()));
+  }
+  return anni;
+}
+
 std::optional<SchedaCompenso> Compensi::cerca(std::int32_t idCompenso) const {
   std::optional<SchedaCompenso> trovato;
   perOgniRiga(

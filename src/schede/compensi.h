@@ -19,6 +19,8 @@ class Compensi {
 
   // Of the years, or all without one; in the order of their ids, read in one statement.
   std::vector<SchedaCompenso> degliAnni(const std::vector<int>& anni) const;
+  // The years of payment, the first one first.
+  std::vector<int> anni() const;
   std::optional<SchedaCompenso> cerca(std::int32_t idCompenso) const;
 
   static std::vector<Finding> controlla(const SchedaCompenso& compenso);

@@ -47,6 +47,19 @@ std::optional<SchedaPercipiente> Percipienti::cerca(std::int32_t idAnagrafica) c
   return std::move(trovati.front());
 }
 
+std::vector<SchedaPercipiente> Percipienti::conCodiceFiscale(std::string_view codice) const {
+  std::string condizione = " WHERE CodiceFiscale = ";
+  appendTesto(condizione, codice);
+  std::vector<std::int32_t> nomi;
+  perOgniRiga(connessione_, kAnagrafica, condizione + " ORDER BY IDAnagrafica",
+              [&](const CellView* riga) { nomi.push_back(anagraficaDa(riga).id); });
+  std::vector<SchedaPercipiente> schede;
+  for (const std::int32_t nome : nomi) {
+    if (auto scheda = cerca(nome)) schede.push_back(*std::move(scheda));
+  }
+  return schede;
+}
+
 std::vector<Finding> Percipienti::controlla(const SchedaPercipiente& percipiente) {
   std::vector<Finding> mancanze;
   const auto vuole = [&](bool manca, const char* testo, const char* posto) {

@@ -20,6 +20,7 @@ class Percipienti {
   // In the order of their ids, read in one statement.
   std::vector<SchedaPercipiente> tutti() const;
   std::optional<SchedaPercipiente> cerca(std::int32_t idAnagrafica) const;
+  std::vector<SchedaPercipiente> conCodiceFiscale(std::string_view codice) const;
 
   static std::vector<Finding> controlla(const SchedaPercipiente& percipiente);
 

@@ -267,12 +267,8 @@ std::size_t Registrazione::ricostruisci(std::int32_t idAzienda, int anno, const 
 
 std::size_t Registrazione::ricalcola(std::int32_t idAzienda, const std::vector<ContoToccato>& tranne) {
   Transazione transazione(connessione());
-  std::set<int> anni;
-  for (const SchedaCompenso& compenso : Compensi(connessione(), idAzienda).degliAnni({})) {
-    anni.insert(compenso.pagamento.year());
-  }
   std::size_t cambiati = 0;
-  for (const int anno : anni) {
+  for (const int anno : Compensi(connessione(), idAzienda).anni()) {
     std::string filtro;
     for (const ContoToccato& conto : tranne) {
       if (conto.anno != anno) continue;

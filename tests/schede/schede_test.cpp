@@ -148,6 +148,9 @@ TEST(SchedePercipienti, ComeBackAndAreChangedAndRemoved) {
   EXPECT_TRUE(Percipienti::cambia(scrittura, scheda));
   EXPECT_FALSE(Percipienti::cambia(scrittura, scheda));
   EXPECT_THAT(percipienti.tutti(), ElementsAre(scheda));
+  EXPECT_THAT(percipienti.conCodiceFiscale(scheda.anagrafica.codiceFiscale), ElementsAre(scheda));
+  EXPECT_THAT(percipienti.conCodiceFiscale("x'"), ElementsAre());
+  EXPECT_THAT(Percipienti(*archivio, 2).conCodiceFiscale(scheda.anagrafica.codiceFiscale), ElementsAre());
   EXPECT_FALSE(Percipienti::togli(scrittura, scheda)) << "it has a payment";
   Compensi::togli(scrittura, suo.id);
   EXPECT_TRUE(Percipienti::togli(scrittura, scheda));
@@ -166,6 +169,8 @@ TEST(SchedeCompensi, AreReadByYearsAndChanged) {
   EXPECT_THAT(compensi.degliAnni({2017}), ElementsAre(primo));
   EXPECT_THAT(compensi.degliAnni({2016, 2017}), ElementsAre(primo, altro));
   EXPECT_THAT(compensi.degliAnni({}), ElementsAre(primo, altro));
+  EXPECT_THAT(compensi.anni(), ElementsAre(2016, 2017));
+  EXPECT_THAT(Compensi(*archivio, 2).anni(), ElementsAre());
   primo.importi[posto(Importo::RitenutaAcconto)] = Decimal::fromInteger(200);
   EXPECT_TRUE(Compensi::cambia(scrittura, primo));
   EXPECT_EQ(compensi.cerca(primo.id), primo);
