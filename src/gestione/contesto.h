@@ -28,6 +28,11 @@ struct ContestoGestione : AmbienteGestione {
 
   Connection& connessione() const { return database->ownConnection(); }
   schede::Registrazione registrazione() const { return {*database, factory}; }
+  // The answer by default writes and deletes nothing.
+  bool conferma(const std::string& domanda) const {
+    return frontEnd.messageBox({domanda, titolo, BoxIcon::Question, BoxButtons::YesNo, Answer::No}) ==
+           Answer::Yes;
+  }
   void avvisa(const std::string& testo) const { utilita.message(testo, titolo, BoxIcon::Warning); }
 };
 

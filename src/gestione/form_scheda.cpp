@@ -33,7 +33,8 @@ bool FormScheda::incompleta() const {
       return !trim(data->text()).empty() && !data->date();
     }
     const auto* const scelta = dynamic_cast<const Selector*>(uno);
-    return scelta != nullptr && scelta->record() == 0 && !trim(scelta->code()).empty();
+    return scelta != nullptr && scelta->record() == 0 &&
+           !trim(scelta->code() + scelta->description()).empty();
   });
 }
 
@@ -71,7 +72,7 @@ bool FormScheda::accetta(const std::vector<std::string>& avvisi) {
   std::string testo;
   for (const std::string& avviso : avvisi) testo += avviso + "\r\n";
   testo += avvisi.size() == 1 ? "\r\nRegistrare ugualmente?" : "\r\nRegistrare ugualmente tutto?";
-  return contesto_.utilita.question(testo, contesto_.titolo) == UtilitaSuite::kYes;
+  return contesto_.conferma(testo);
 }
 
 bool FormScheda::codiceAmmesso(TextBox& casella, std::string_view nome, std::vector<std::string>& avvisi) {

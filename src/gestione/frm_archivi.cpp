@@ -16,7 +16,7 @@ namespace {
 using schede::SchedaAzienda;
 
 std::vector<GridColumn> colonneAziende() {
-  constexpr int kNome = 4200;
+  constexpr int kNome = 6300;
   constexpr int kCodice = 2400;
   return {colonnaChiave(),
           colonnaTesto("Denominazione", "Azienda", kNome),
@@ -38,14 +38,14 @@ FrmArchivi::FrmArchivi(const ContestoGestione& contesto)
       lblStato(*this, "lblStato", nullptr),
       grdAziende(*this, "grdAziende", nullptr),
       fraAziende(*this, "fraAziende", nullptr),
-      cmdNuova(*this, "cmdNuova", &fraAziende, "Nuova azienda..."),
-      cmdModifica(*this, "cmdModifica", &fraAziende, "Modifica..."),
-      cmdElimina(*this, "cmdElimina", &fraAziende, "Elimina"),
+      cmdNuova(*this, "cmdNuova", &fraAziende, "&Nuova azienda..."),
+      cmdModifica(*this, "cmdModifica", &fraAziende, "&Modifica..."),
+      cmdElimina(*this, "cmdElimina", &fraAziende, "&Elimina"),
       fraDati(*this, "fraDati", nullptr),
-      cmdPercipienti(*this, "cmdPercipienti", &fraDati, "Percipienti..."),
-      cmdCompensi(*this, "cmdCompensi", &fraDati, "Compensi..."),
-      cmdRicalcola(*this, "cmdRicalcola", &fraDati, "Ricalcola i conti"),
-      cmdChiudi(*this, "cmdChiudi", nullptr, "Chiudi"),
+      cmdPercipienti(*this, "cmdPercipienti", &fraDati, "&Percipienti..."),
+      cmdCompensi(*this, "cmdCompensi", &fraDati, "C&ompensi..."),
+      cmdRicalcola(*this, "cmdRicalcola", &fraDati, "&Ricalcola i conti"),
+      cmdChiudi(*this, "cmdChiudi", nullptr, "&Chiudi"),
       contesto_(contesto),
       righe_(grdAziende, colonneAziende()) {
   cmdRicalcola.setHint("Somma di nuovo i compensi dell'azienda nei suoi conti individuali.");
@@ -89,7 +89,7 @@ void FrmArchivi::abilita() {
   const bool scelta = grdAziende.row() > 0;
   const bool scrivibile = contesto_.scrivibile;
   cmdNuova.setEnabled(scrivibile);
-  cmdModifica.setCaption(scrivibile ? "Modifica..." : "Apri...");
+  cmdModifica.setCaption(scrivibile ? "&Modifica..." : "&Apri...");
   cmdModifica.setEnabled(scelta);
   cmdElimina.setEnabled(scelta && scrivibile);
   cmdPercipienti.setEnabled(scelta);
@@ -116,7 +116,9 @@ const SchedaAzienda* FrmArchivi::corrente() const {
 void FrmArchivi::nuova() {
   FrmAzienda editor(contesto_, std::nullopt);
   editor.showModal();
-  if (editor.OK()) ricarica(editor.idAzienda());
+  if (!editor.OK()) return;
+  ricarica(editor.idAzienda());
+  setFocus(&grdAziende);
 }
 
 void FrmArchivi::modifica() {
@@ -136,10 +138,7 @@ void FrmArchivi::elimina() {
   const SchedaAzienda* const azienda = corrente();
   if (azienda == nullptr) return;
   const std::string nome = nominativo(azienda->sede);
-  if (contesto_.utilita.question("Eliminare l'azienda " + nome + "?", contesto_.titolo) !=
-      UtilitaSuite::kYes) {
-    return;
-  }
+  if (!contesto_.conferma("Eliminare l'azienda " + nome + "?")) return;
   const Result<> esito = contesto_.registrazione().togliAzienda(*azienda);
   if (!esito) return contesto_.avvisa(esito.refusals.front().text);
   frontEnd().told("Azienda eliminata: " + nome + ".");

@@ -43,8 +43,8 @@ FrmAzienda::FrmAzienda(const ContestoGestione& contesto, std::optional<SchedaAzi
       txtIntermediario(*this, "txtIntermediario", &fraFornitura, "Codice fiscale dell'intermediario"),
       cboImpegno(*this, "cboImpegno", &fraFornitura, "Impegno"),
       datImpegno(*this, "datImpegno", &fraFornitura, "Data dell'impegno"),
-      cmdOk(*this, "cmdOk", nullptr, "Registra"),
-      cmdAnnulla(*this, "cmdAnnulla", nullptr, "Annulla"),
+      cmdOk(*this, "cmdOk", nullptr, "&Registra"),
+      cmdAnnulla(*this, "cmdAnnulla", nullptr, "&Annulla"),
       prima_(std::move(prima)) {
   limitaTesti({&txtCodiceFiscale, &txtPartitaIva, &txtDenominazione, &txtNome, &txtCodiceAttivita,
                &txtIndirizzo, &txtCap, &txtTelefono, &txtFax, &txtEmail, &txtRappCodiceFiscale,

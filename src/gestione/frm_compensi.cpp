@@ -25,7 +25,7 @@ std::vector<GridColumn> colonneCompensi() {
           colonnaGiorno("DataPagamento", "Pagamento"),
           colonnaTesto("Percipiente", "Percipiente", kNome),
           colonnaTesto("Causale", "Causale", kCorta),
-          colonnaTesto("Documento", "Documento", kCorta + 600),
+          colonnaTesto("Documento", "Documento", kCorta + 450),
           colonnaImporto("Onorario", "Compenso"),
           colonnaImporto("NonSoggette", "Non soggette"),
           colonnaImporto("Ritenute", "Ritenute"),
@@ -72,16 +72,16 @@ void aggiungi(Somme& somme, const schede::Importi& importi) {
 
 FrmCompensi::FrmCompensi(const ContestoGestione& contesto, const schede::SchedaAzienda& azienda)
     : Form(contesto.frontEnd, "frmCompensi", "Compensi pagati da " + nominativo(azienda.sede)),
-      cboAnno(*this, "cboAnno", nullptr, "Anno di pagamento"),
       lblStato(*this, "lblStato", nullptr),
+      cboAnno(*this, "cboAnno", nullptr, "&Anno di pagamento"),
       grdCompensi(*this, "grdCompensi", nullptr),
       fraComandi(*this, "fraComandi", nullptr),
-      cmdNuovo(*this, "cmdNuovo", &fraComandi, "Nuovo compenso..."),
-      cmdModifica(*this, "cmdModifica", &fraComandi, "Modifica..."),
-      cmdElimina(*this, "cmdElimina", &fraComandi, "Elimina"),
+      cmdNuovo(*this, "cmdNuovo", &fraComandi, "&Nuovo compenso..."),
+      cmdModifica(*this, "cmdModifica", &fraComandi, "&Modifica..."),
+      cmdElimina(*this, "cmdElimina", &fraComandi, "&Elimina"),
       lblTotale(*this, "lblTotale", nullptr),
       grdTotali(*this, "grdTotali", nullptr),
-      cmdChiudi(*this, "cmdChiudi", nullptr, "Chiudi"),
+      cmdChiudi(*this, "cmdChiudi", nullptr, "&Chiudi"),
       contesto_(contesto),
       idAzienda_(azienda.id),
       righe_(grdCompensi, colonneCompensi()),
@@ -118,12 +118,9 @@ void FrmCompensi::leggiNomi() {
 void FrmCompensi::riempiAnni(int scelto) {
   const int oggi = contesto_.clock.today().year();
   std::set<int> anni = {oggi - 1, oggi};
-  int ultimo = 0;
-  for (const SchedaCompenso& uno : schede::Compensi(contesto_.connessione(), idAzienda_).degliAnni({})) {
-    anni.insert(uno.pagamento.year());
-    ultimo = std::max(ultimo, uno.pagamento.year());
-  }
-  if (scelto == 0) scelto = ultimo > 0 ? ultimo : oggi;
+  const std::vector<int> loro = schede::Compensi(contesto_.connessione(), idAzienda_).anni();
+  anni.insert(loro.begin(), loro.end());
+  if (scelto == 0) scelto = loro.empty() ? oggi : loro.back();
   anni.insert(scelto);
   const Event cambia = std::exchange(cboAnno.onChange, {});
   cboAnno.clear();
@@ -188,13 +185,13 @@ void FrmCompensi::mostraTotali() {
 void FrmCompensi::abilita() {
   const bool scelto = grdCompensi.row() > 0;
   cmdNuovo.setEnabled(contesto_.scrivibile && !percipienti_.empty());
-  cmdModifica.setCaption(contesto_.scrivibile ? "Modifica..." : "Apri...");
+  cmdModifica.setCaption(contesto_.scrivibile ? "&Modifica..." : "&Apri...");
   cmdModifica.setEnabled(scelto);
   cmdElimina.setEnabled(scelto && contesto_.scrivibile);
   lblStato.setCaption(!contesto_.scrivibile  ? std::string(kSoloLettura)
                       : percipienti_.empty() ? "Prima dei compensi servono i percipienti."
                       : compensi_.empty()    ? "In quest'anno non c'è ancora nessun compenso."
-                                             : "");
+                                             : "I compensi pagati nell'anno.");
 }
 
 const SchedaCompenso* FrmCompensi::corrente() const {
@@ -244,7 +241,7 @@ void FrmCompensi::elimina() {
   if (!schede::contiCorretti(contesto_.connessione(), idAzienda_, {schede::contoDi(compenso)}).empty()) {
     domanda += "\r\n\r\n" + std::string(kContoCorretto);
   }
-  if (contesto_.utilita.question(domanda, contesto_.titolo) != UtilitaSuite::kYes) return;
+  if (!contesto_.conferma(domanda)) return;
   const Result<> esito = contesto_.registrazione().togliCompenso(compenso);
   if (!esito) return contesto_.avvisa(esito.refusals.front().text);
   frontEnd().told("Compenso eliminato: " + detto(compenso) + ".");

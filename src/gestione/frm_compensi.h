@@ -18,8 +18,8 @@ class FrmCompensi : public Form {
 
   std::string guideChapter() const override { return "I compensi"; }
 
-  ListBox cboAnno;
   Label lblStato;
+  ListBox cboAnno;
   Grid grdCompensi;
   Frame fraComandi;
   Button cmdNuovo;

@@ -14,6 +14,9 @@ namespace {
 
 using schede::SchedaCompenso;
 
+constexpr const char* kComeSiScrive =
+    "Imponibile, ritenuta e netto si calcolano dal compenso. Ogni cifra si può riscrivere; vuotandola torna "
+    "quella calcolata.";
 constexpr Decimal kMassimoImporto = Decimal::fromScaled(99'999'999'999'99'00);  // below 10^11
 
 void scegliRiga(Selector& selettore, std::int32_t id) {
@@ -33,6 +36,7 @@ FrmPagamento::FrmPagamento(const ContestoGestione& contesto, std::int32_t idAzie
       datPagamento(*this, "datPagamento", &fraPagamento, "Data di pagamento"),
       txtNumero(*this, "txtNumero", &fraPagamento, "Numero del documento"),
       datDocumento(*this, "datDocumento", &fraPagamento, "Data del documento"),
+      lblAvvisi(*this, "lblAvvisi", nullptr),
       fraImporti(*this, "fraImporti", nullptr, "Importi"),
       ambOnorario(*this, "ambOnorario", &fraImporti, "Compenso"),
       ambQuota(*this, "ambQuota", &fraImporti, "Quota non soggetta"),
@@ -46,10 +50,9 @@ FrmPagamento::FrmPagamento(const ContestoGestione& contesto, std::int32_t idAzie
                                "di cui a carico del percipiente"),
       ambLordo(*this, "ambLordo", &fraImporti, "Lordo"),
       ambNetto(*this, "ambNetto", &fraImporti, "Netto pagato"),
-      lblAvvisi(*this, "lblAvvisi", nullptr),
-      cmdAltro(*this, "cmdAltro", nullptr, "Registra e nuovo"),
-      cmdOk(*this, "cmdOk", nullptr, "Registra"),
-      cmdAnnulla(*this, "cmdAnnulla", nullptr, "Annulla"),
+      cmdAltro(*this, "cmdAltro", nullptr, "Registra e &nuovo"),
+      cmdOk(*this, "cmdOk", nullptr, "&Registra"),
+      cmdAnnulla(*this, "cmdAnnulla", nullptr, "&Annulla"),
       idAzienda_(idAzienda),
       prima_(std::move(prima)),
       caselle_{&ambOnorario,
@@ -156,7 +159,7 @@ void FrmPagamento::mostraCifre(std::optional<Cifra> tranne) {
 void FrmPagamento::mostraAvvisi() {
   std::string testo = erroreCompenso(conteggio_.importi());
   for (const AvvisoCompenso& avviso : conteggio_.avvisi()) testo += (testo.empty() ? "" : " ") + avviso.testo;
-  lblAvvisi.setCaption(testo);
+  lblAvvisi.setCaption(testo.empty() ? kComeSiScrive : testo);
 }
 
 SchedaCompenso FrmPagamento::raccolta() const {
@@ -172,19 +175,23 @@ SchedaCompenso FrmPagamento::raccolta() const {
 
 bool FrmPagamento::cambiata() const { return !(raccolta() == caricata_); }
 
+bool FrmPagamento::esiste(Selector& selettore, const char* nessuno) {
+  const std::string_view codice = trim(selettore.code());
+  const std::string_view nome = trim(selettore.description());
+  if (selettore.record() != 0 || (codice.empty() && nome.empty())) return true;
+  // A code whose description was emptied was not looked for again.
+  if (nome.empty() && selettore.choose(selettore.findCode(std::string(codice)))) return true;
+  std::string testo = nessuno;
+  if (!codice.empty()) testo += " ha il codice «" + std::string(codice) + "»";
+  if (!nome.empty()) testo += (codice.empty() ? " si chiama «" : " e si chiama «") + std::string(nome) + "»";
+  return rifiuta(testo + ".", &selettore);
+}
+
 bool FrmPagamento::ammesso(std::vector<std::string>& avvisi) {
   if (!dataAmmessa(datPagamento, "Data di pagamento") || !dataAmmessa(datDocumento, "Data del documento")) {
     return false;
   }
-  const auto inesistente = [](const Selector& selettore) {
-    return selettore.record() == 0 && !trim(selettore.code()).empty();
-  };
-  if (inesistente(KrnCDPerc)) {
-    return rifiuta("Nessun percipiente ha il codice «" + KrnCDPerc.code() + "».", &KrnCDPerc);
-  }
-  if (inesistente(KrnCDCausale)) {
-    return rifiuta("La causale «" + KrnCDCausale.code() + "» non esiste.", &KrnCDCausale);
-  }
+  if (!esiste(KrnCDPerc, "Nessun percipiente") || !esiste(KrnCDCausale, "Nessuna causale")) return false;
   const SchedaCompenso compenso = raccolta();
   const std::vector<Finding> mancanze = schede::Compensi::controlla(compenso);
   if (!mancanze.empty()) {
@@ -216,8 +223,7 @@ bool FrmPagamento::contiAmmessi(const SchedaCompenso& compenso) {
   std::set<schede::ContoToccato> conti = {schede::contoDi(compenso)};
   if (prima_) conti.insert(schede::contoDi(*prima_));
   if (schede::contiCorretti(contesto_.connessione(), idAzienda_, conti).empty()) return true;
-  return contesto_.utilita.question(std::string(kContoCorretto) + "\r\n\r\nRegistrare il compenso?",
-                                    contesto_.titolo) == UtilitaSuite::kYes;
+  return contesto_.conferma(std::string(kContoCorretto) + "\r\n\r\nRegistrare il compenso?");
 }
 
 bool FrmPagamento::registra() {
@@ -236,12 +242,14 @@ bool FrmPagamento::registra() {
 // The next payment is often one of the same day.
 void FrmPagamento::registraEAltro() {
   if (!registra()) return;
+  const std::string scritto = KrnCDPerc.description() + ", " + ultimo_->pagamento.toItalian();
   SchedaCompenso seguente;
   seguente.idAzienda = idAzienda_;
   seguente.pagamento = ultimo_->pagamento;
   seguente.idCausale = ultimo_->idCausale;
   partenza_ = seguente;
   mostra();
+  lblAvvisi.setCaption("Registrato: " + scritto + ".");
   setFocus(&KrnCDPerc);
 }
 

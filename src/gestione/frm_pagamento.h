@@ -33,6 +33,7 @@ class FrmPagamento : public FormScheda {
   DateBox datPagamento;
   TextBox txtNumero;
   DateBox datDocumento;
+  Label lblAvvisi;
   Frame fraImporti;
   AmountBox ambOnorario;
   AmountBox ambQuota;
@@ -45,7 +46,6 @@ class FrmPagamento : public FormScheda {
   AmountBox ambContributoPercipiente;
   AmountBox ambLordo;
   AmountBox ambNetto;
-  Label lblAvvisi;
   Button cmdAltro;
   Button cmdOk;
   Button cmdAnnulla;
@@ -62,6 +62,8 @@ class FrmPagamento : public FormScheda {
   void registraEAltro();
   AmountBox& casella(Cifra cifra) { return *caselle_[static_cast<std::size_t>(cifra)]; }
   schede::SchedaCompenso raccolta() const;
+  // Refused: what was written in a selector and is not in its list.
+  bool esiste(Selector& selettore, const char* nessuno);
   bool ammesso(std::vector<std::string>& avvisi);
   bool contiAmmessi(const schede::SchedaCompenso& compenso);
 

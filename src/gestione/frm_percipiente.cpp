@@ -42,8 +42,8 @@ FrmPercipiente::FrmPercipiente(const ContestoGestione& contesto, std::int32_t id
       cboCategoriaEnte(*this, "cboCategoriaEnte", &fraFornitura, "Categoria dell'ente"),
       txtEnpam(*this, "txtEnpam", &fraFornitura, "Codice azienda ENPAM"),
       txtEnpapi(*this, "txtEnpapi", &fraFornitura, "Codice azienda ENPAPI"),
-      cmdOk(*this, "cmdOk", nullptr, "Registra"),
-      cmdAnnulla(*this, "cmdAnnulla", nullptr, "Annulla"),
+      cmdOk(*this, "cmdOk", nullptr, "&Registra"),
+      cmdAnnulla(*this, "cmdAnnulla", nullptr, "&Annulla"),
       idAzienda_(idAzienda),
       prima_(std::move(prima)) {
   limitaTesti({&txtCodice, &txtCodiceFiscale, &txtPartitaIva, &txtCognome, &txtNome, &txtIndirizzo, &txtCap,

@@ -195,9 +195,9 @@ void FrmPercipiente::avvisaDoppioni(const SchedaPercipiente& percipiente,
                                     std::vector<std::string>& avvisi) const {
   const std::string& codice = percipiente.anagrafica.codiceFiscale;
   if (codice.empty()) return;
-  for (const SchedaPercipiente& altro : schede::Percipienti(contesto_.connessione(), idAzienda_).tutti()) {
-    if (altro.anagrafica.id == percipiente.anagrafica.id || altro.anagrafica.codiceFiscale != codice)
-      continue;
+  for (const SchedaPercipiente& altro :
+       schede::Percipienti(contesto_.connessione(), idAzienda_).conCodiceFiscale(codice)) {
+    if (altro.anagrafica.id == percipiente.anagrafica.id) continue;
     avvisi.push_back("C'è già un percipiente con questo codice fiscale: " + altro.codice + ", " +
                      nominativo(altro.anagrafica) + ".");
   }

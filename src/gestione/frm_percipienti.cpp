@@ -44,14 +44,14 @@ std::string perCercare(std::string_view testo) {
 
 FrmPercipienti::FrmPercipienti(const ContestoGestione& contesto, const schede::SchedaAzienda& azienda)
     : Form(contesto.frontEnd, "frmPercipienti", "Percipienti di " + nominativo(azienda.sede)),
-      txtCerca(*this, "txtCerca", nullptr, "Cerca"),
       lblTrovati(*this, "lblTrovati", nullptr),
+      txtCerca(*this, "txtCerca", nullptr, "Ce&rca"),
       grdPercipienti(*this, "grdPercipienti", nullptr),
       fraComandi(*this, "fraComandi", nullptr),
-      cmdNuovo(*this, "cmdNuovo", &fraComandi, "Nuovo percipiente..."),
-      cmdModifica(*this, "cmdModifica", &fraComandi, "Modifica..."),
-      cmdElimina(*this, "cmdElimina", &fraComandi, "Elimina"),
-      cmdChiudi(*this, "cmdChiudi", nullptr, "Chiudi"),
+      cmdNuovo(*this, "cmdNuovo", &fraComandi, "&Nuovo percipiente..."),
+      cmdModifica(*this, "cmdModifica", &fraComandi, "&Modifica..."),
+      cmdElimina(*this, "cmdElimina", &fraComandi, "&Elimina"),
+      cmdChiudi(*this, "cmdChiudi", nullptr, "&Chiudi"),
       contesto_(contesto),
       idAzienda_(azienda.id),
       righe_(grdPercipienti, colonnePercipienti()) {
@@ -63,6 +63,7 @@ FrmPercipienti::FrmPercipienti(const ContestoGestione& contesto, const schede::S
   cmdChiudi.onClick = [this] { unload(); };
   grdPercipienti.onDoubleClick = [this] { modifica(); };
   grdPercipienti.onRowChange = [this] { abilita(); };
+  defaultButton = &cmdModifica;
   cancelButton = &cmdChiudi;
 }
 
@@ -106,7 +107,7 @@ void FrmPercipienti::mostra() {
   const std::string di = fromInteger(static_cast<std::int64_t>(percipienti_.size()));
   lblTrovati.setCaption(!contesto_.scrivibile  ? std::string(kSoloLettura)
                         : percipienti_.empty() ? "Non c'è ancora nessun percipiente."
-                        : cercato.empty()      ? di + " percipienti."
+                        : cercato.empty()      ? di + (di == "1" ? " percipiente." : " percipienti.")
                                                : fromInteger(quanti) + " di " + di + " percipienti.");
   abilita();
 }
@@ -114,7 +115,7 @@ void FrmPercipienti::mostra() {
 void FrmPercipienti::abilita() {
   const bool scelto = grdPercipienti.row() > 0;
   cmdNuovo.setEnabled(contesto_.scrivibile);
-  cmdModifica.setCaption(contesto_.scrivibile ? "Modifica..." : "Apri...");
+  cmdModifica.setCaption(contesto_.scrivibile ? "&Modifica..." : "&Apri...");
   cmdModifica.setEnabled(scelto);
   cmdElimina.setEnabled(scelto && contesto_.scrivibile);
 }
@@ -154,10 +155,7 @@ void FrmPercipienti::elimina() {
   const SchedaPercipiente* const percipiente = corrente();
   if (percipiente == nullptr) return;
   const std::string nome = percipiente->codice + ", " + nominativo(percipiente->anagrafica);
-  if (contesto_.utilita.question("Eliminare il percipiente " + nome + "?", contesto_.titolo) !=
-      UtilitaSuite::kYes) {
-    return;
-  }
+  if (!contesto_.conferma("Eliminare il percipiente " + nome + "?")) return;
   const Result<> esito = contesto_.registrazione().togliPercipiente(*percipiente);
   if (!esito) return contesto_.avvisa(esito.refusals.front().text);
   frontEnd().told("Percipiente eliminato: " + nome + ".");

@@ -16,8 +16,8 @@ class FrmPercipienti : public Form {
 
   std::string guideChapter() const override { return "I percipienti"; }
 
-  TextBox txtCerca;
   Label lblTrovati;
+  TextBox txtCerca;
   Grid grdPercipienti;
   Frame fraComandi;
   Button cmdNuovo;

@@ -90,7 +90,7 @@ GridColumn colonnaTesto(const char* campo, const char* didascalia, int larghezza
   return {campo, didascalia, kGridText, larghezza, 0, true, false};
 }
 GridColumn colonnaImporto(const char* campo, const char* didascalia) {
-  constexpr int kLarghezza = 1500;
+  constexpr int kLarghezza = 1350;
   return {campo, didascalia, kGridDouble, kLarghezza, kDestra, true, false};
 }
 GridColumn colonnaGiorno(const char* campo, const char* didascalia) {

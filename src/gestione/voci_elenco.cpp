@@ -113,7 +113,7 @@ void collegaCausale(Selector& causale, Connection& connessione) {
 void collegaPercipiente(Selector& percipiente, Connection& connessione, std::int32_t idAzienda) {
   percipiente.bind(connessione, {{.table = "RepPercipienteCD",
                                   .codeField = "Codice",
-                                  .descriptionField = "Anagrafica",
+                                  .descriptionField = "RTRIM(Anagrafica + ' ' + ISNULL(Nome, ''))",
                                   .idField = "IDAnagrafica",
                                   .filter = "IDAzienda = " + fromInteger(idAzienda)},
                                  "Codice",

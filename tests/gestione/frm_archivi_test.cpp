@@ -69,7 +69,7 @@ TEST_F(FrmArchiviTest, AnotherDatabaseOffersNothingThatWrites) {
     EXPECT_FALSE(f.cmdNuova.available());
     EXPECT_FALSE(f.cmdElimina.available());
     EXPECT_FALSE(f.cmdRicalcola.available());
-    EXPECT_EQ(f.cmdModifica.caption(), "Apri...");
+    EXPECT_EQ(f.cmdModifica.caption(), "&Apri...");
     EXPECT_TRUE(f.cmdPercipienti.available());
   });
 }

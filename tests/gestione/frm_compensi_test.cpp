@@ -60,7 +60,7 @@ TEST_F(FrmCompensiTest, AnEmptiedFigureIsComputedAgainWhenItIsLeft) {
     scrivi(f.ambRitenutaAcconto, "");
     f.setFocus(&f.ambOnorario);
     EXPECT_EQ(f.ambRitenutaAcconto.text(), "400,00");
-    EXPECT_EQ(f.lblAvvisi.caption(), "");
+    EXPECT_THAT(f.lblAvvisi.caption(), HasSubstr("si calcolano dal compenso"));
   });
 }
 
@@ -77,6 +77,24 @@ TEST_F(FrmCompensiTest, AnUnusualTaxIsAskedAboutAndNeverAnError) {
   });
   EXPECT_TRUE(form.ultimo());
   EXPECT_EQ(conto("RitenutaAcconto"), "150");
+}
+
+TEST_F(FrmCompensiTest, APayeeIsFoundByCodeAndShownWithTheWholeName) {
+  schede::SchedaPercipiente anna;
+  anna.idAzienda = azienda_.id;
+  anna.codice = "P007";
+  anna.anagrafica.anagrafica = "Bianchi";
+  anna.anagrafica.nome = "Anna";
+  ASSERT_TRUE(contesto.registrazione().percipiente(std::nullopt, anna));
+  FrmPagamento form(contesto, azienda_.id, std::nullopt, 2017);
+  apri<FrmPagamento>(form, [&](FrmPagamento& f) {
+    EXPECT_EQ(f.KrnCDPerc.findCode("P007")->description, "Bianchi Anna");
+    EXPECT_EQ(f.KrnCDPerc.findCode("P001")->description, "Rossi");
+    Recordset elenco;
+    f.KrnCDPerc.list(elenco);
+    ASSERT_EQ(elenco.RecordCount(), 2U);
+    EXPECT_EQ(elenco.Get(2).text(), "Bianchi Anna");
+  });
 }
 
 TEST_F(FrmCompensiTest, ATaxAboveTheBaseIsRejected) {
@@ -100,6 +118,12 @@ TEST_F(FrmCompensiTest, WhatIsMissingIsToldAtItsField) {
     f.KrnCDPerc.choose("P9", "");
     clic(f.cmdOk);
     EXPECT_EQ(ultimoBox(), "Nessun percipiente ha il codice «P9».");
+    f.KrnCDPerc.choose("P001", "Verdi");
+    clic(f.cmdOk);
+    EXPECT_EQ(ultimoBox(), "Nessun percipiente ha il codice «P001» e si chiama «Verdi».");
+    f.KrnCDPerc.choose("P001", "");
+    clic(f.cmdOk);
+    EXPECT_EQ(ultimoBox(), "Manca la causale.");
     f.KrnCDPerc.chooseRecord(rossi_.anagrafica.id);
     clic(f.cmdOk);
     EXPECT_EQ(ultimoBox(), "Manca la causale.");

@@ -62,7 +62,8 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
   leggiAziende();
   const int ultima = aziende_->findData(scelta.azienda);
   if (ultima >= 0) aziende_->setCurrentIndex(ultima);
-  avvia_->setFocus();
+  // Without any company there is one thing to do.
+  (elenco_.empty() && gestisci_->isEnabled() ? datiPropri_ : avvia_)->setFocus();
 }
 
 FinestraAvvio::~FinestraAvvio() = default;
