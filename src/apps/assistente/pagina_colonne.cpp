@@ -71,7 +71,7 @@ void PaginaColonne::componiTabella(QSplitter& divisore) {
             [di](std::size_t q) {
               QStringList esempi;
               for (const std::string& uno : di(q).esempi) esempi += qs(uno);
-              const QString detti = esempi.join(QStringLiteral("; "));
+              QString detti = esempi.join(QStringLiteral("; "));
               if (di(q).estremi.empty()) return detti;
               return qs(di(q).estremi) + QStringLiteral(": ") + detti;
             }}},

@@ -168,13 +168,16 @@ void PaginaLettura::mostra() {
   file_->setCurrentIndex(std::min(prima, file_->count() - 1));
   file_->setEnabled(file_->count() > 1);
   const FileScelto* const file = corrente();
-  modello_->mostra(file == nullptr ? nullptr : file->tabella);
-  if (file == nullptr) return;
+  if (file == nullptr) {
+    modello_->mostra(nullptr);
+    return;
+  }
+  modello_->mostra(file->tabella);
   const intake::Mappatura& mappatura = file->mappatura;
   const bool testo = file->fogli.empty();
   foglio_->clear();
   for (const std::string& uno : file->fogli) foglio_->addItem(qs(uno));
-  const std::string foglio = file->tabella != nullptr ? file->tabella->foglio : mappatura.lettura.foglio;
+  const std::string& foglio = file->tabella != nullptr ? file->tabella->foglio : mappatura.lettura.foglio;
   foglio_->setCurrentIndex(std::max(0, foglio_->findText(qs(foglio))));
   foglio_->setEnabled(foglio_->count() > 1);
   {

@@ -113,6 +113,7 @@ class RaccoltaSoggetti {
 std::vector<SommaAnnoCausale> sommePerAnnoECausale(const Piano& piano) {
   std::map<std::pair<int, std::string>, SommaAnnoCausale> somme;
   std::vector<SommaAnnoCausale*> deiConti;
+  deiConti.reserve(piano.conti.size());
   for (const intake::ContoPiano& conto : piano.conti) {
     SommaAnnoCausale& sua = somme[{conto.anno, conto.causale}];
     sua.anno = conto.anno;
