@@ -177,7 +177,8 @@ void PaginaLettura::mostra() {
   const bool testo = file->fogli.empty();
   foglio_->clear();
   for (const std::string& uno : file->fogli) foglio_->addItem(qs(uno));
-  const std::string& foglio = file->tabella != nullptr ? file->tabella->foglio : mappatura.lettura.foglio;
+  const tabelle::Tabella* const tabella = file->tabella.get();
+  const std::string& foglio = tabella != nullptr ? tabella->foglio : mappatura.lettura.foglio;
   foglio_->setCurrentIndex(std::max(0, foglio_->findText(qs(foglio))));
   foglio_->setEnabled(foglio_->count() > 1);
   {
