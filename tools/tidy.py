@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""clang-tidy over all of src/:  tools/tidy.py BUILD [FOLDER-OF-SRC...]
+"""clang-tidy over all of src/:  tools/tidy.py [--deep] BUILD [FOLDER-OF-SRC...]
 
 BUILD is a configured build folder with compile_commands.json. Most of clang-tidy's time is spent on the headers of
 libraries, which it parses with each file. The files of a folder are therefore joined and checked as one; findings are
-reported with their original file and line. Exits with 1 where anything is found.
+reported with their original file and line. The path-sensitive checks follow fewer paths and shorter functions unless
+--deep is given, which takes four times as long. Exits with 1 where anything is found.
 """
 
 import bisect
@@ -19,7 +20,10 @@ import sys
 import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-LONGEST = 1500  # lines checked at a time, so that every processor has work to the end
+LONGEST = 4000  # lines checked at a time, so that every processor has work to the end
+# Without following a call to its end every widget that a parent owns is a leak.
+SHALLOW = [f"--extra-arg={word}" for word in ("-Xclang", "-analyzer-config", "-Xclang", "mode=shallow")] + [
+    "--checks=-clang-analyzer-cplusplus.NewDeleteLeaks"]
 
 
 class Part:
@@ -75,7 +79,7 @@ def parts_of(build, wanted):
     return sorted((part for each in parts.values() for part in each), key=Part.lines, reverse=True)
 
 
-def check(build, part):
+def check(build, part, depth):
     """The findings of clang-tidy with their places in src/; not empty where it fails for another reason."""
     with tempfile.TemporaryDirectory() as folder:
         # clang-tidy searches the configuration in the folders above the file: its own folder's and the project's.
@@ -88,7 +92,7 @@ def check(build, part):
         joined = place / "joined.cpp"
         joined.write_text(part.text, encoding="utf-8")
         done = subprocess.run(
-            ["clang-tidy", "--quiet", "--header-filter=/rooms/", str(joined), "--", *part.flags,
+            ["clang-tidy", "--quiet", "--header-filter=/rooms/", *depth, str(joined), "--", *part.flags,
              f"-I{part.files[0].parent}", "-Wno-unknown-warning-option"],
             stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, check=False)
 
@@ -104,13 +108,16 @@ def check(build, part):
 
 
 def main():
-    build = pathlib.Path(sys.argv[1]).resolve()
-    parts = parts_of(build, sys.argv[2:])
+    words = sys.argv[1:]
+    depth = [] if "--deep" in words else SHALLOW
+    build, *folders = (word for word in words if word != "--deep")
+    build = pathlib.Path(build).resolve()
+    parts = parts_of(build, folders)
     if not parts:
         sys.exit(f"{build} compiles nothing of these folders")
     told = set()  # findings in a header repeat for each folder that includes it
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as workers:
-        for found in workers.map(lambda part: check(build, part), parts):
+        for found in workers.map(lambda part: check(build, part, depth), parts):
             for each in found:
                 if each not in told:
                     print(each, end="", flush=True)

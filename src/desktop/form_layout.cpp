@@ -115,13 +115,13 @@ void layOutGridPage(FormWindow& window, Frame& page) {
   std::vector<Frame*> frames;
   QBoxLayout* const buttonRow = new QHBoxLayout;
   for (Control* control : layouter.inside(&page)) {
-    if (auto* const grid = dynamic_cast<Grid*>(control)) {
+    if (kindOf(*control) == Kind::Button) {
+      buttons.push_back(control);
+    } else if (auto* const grid = dynamic_cast<Grid*>(control)) {
       auto& view = static_cast<GridView&>(window.make(*grid, into));
       if (!window.form().stages().empty()) addSearch(window, *column, *grid, view);
       column->addWidget(view.widget(), 1);
       column->addLayout(buttonRow);
-    } else if (kindOf(*control) == Kind::Button) {
-      buttons.push_back(control);
     } else if (auto* const frame = dynamic_cast<Frame*>(control)) {
       frames.push_back(frame);
       window.make(*frame, into);

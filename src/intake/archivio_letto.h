@@ -23,7 +23,7 @@ struct ChiaveConto {
   std::int32_t idAnagrafica = 0;
   std::int32_t idCausale = 0;
   int anno = 0;
-  friend auto operator<=>(const ChiaveConto&, const ChiaveConto&) = default;
+  friend auto operator<=>(const ChiaveConto&, const ChiaveConto&) = default;  // NOLINT(modernize-use-nullptr)
 };
 
 struct ContoLetto {

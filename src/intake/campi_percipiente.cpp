@@ -231,7 +231,7 @@ class CampiPercipiente {
     }
     if (!ricerca.trovati.empty()) {
       for (const schede::Luogo* luogo : ricerca.trovati) {
-        if (luogo == nelCodice) return natoIn(*luogo);
+        if (nelCodice != nullptr && luogo == nelCodice) return natoIn(*nelCodice);
       }
       if (const auto scelto = scegliLuogo(corso_, posto(ComuneNascita), nome, ricerca.trovati)) {
         natoIn(*archivio_.luoghi.comuneDiId(*scelto));

@@ -66,10 +66,10 @@ bool Identita::possibile(Compenso compenso, bool conRiferimento) const {
 
 Riscontro Identita::cerca(const SchedaCompenso& scheda, const std::string& riferimento) {
   if (!riferimento.empty()) {
-    const Riscontro ripetuto = neiFile(scheda, chiaveRiferimento(riferimento));
+    Riscontro ripetuto = neiFile(scheda, chiaveRiferimento(riferimento));
     if (ripetuto.esito != Riscontro::Esito::Nuovo) return ripetuto;
   } else if (!numeroDocumento(scheda).empty()) {
-    const Riscontro ripetuto = neiFile(scheda, chiaveDocumento(scheda));
+    Riscontro ripetuto = neiFile(scheda, chiaveDocumento(scheda));
     if (ripetuto.esito != Riscontro::Esito::Nuovo) return ripetuto;
   }
   return nellArchivio(scheda, riferimento);

@@ -28,9 +28,9 @@ enum class SuDiversi : std::uint8_t { Rifiuta, Salta, Aggiorna };
 
 // A row of a reading.
 struct Posizione {
-  std::size_t file = 0;  // index of the reading
-  std::size_t riga = 0;  // index of the row in it
-  friend auto operator<=>(const Posizione&, const Posizione&) = default;
+  std::size_t file = 0;                                                   // index of the reading
+  std::size_t riga = 0;                                                   // index of the row in it
+  friend auto operator<=>(const Posizione&, const Posizione&) = default;  // NOLINT(modernize-use-nullptr)
 };
 
 // What a person has decided of a row.
