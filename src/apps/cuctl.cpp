@@ -105,6 +105,7 @@ void aggiungiIntermediario(CLI::App& comando, OpzioniSciolte& sciolte) {
           ->type_name("CF");
   comando.add_option("--commitment", sciolte.impegno, "1: predisposta dal contribuente, 2: da chi invia")
       ->check(fra(1, 2))
+      ->type_name("1|2")
       ->needs(intermediario);
   aggiungiData(comando, "--commitment-date", sciolte.dataImpegno, "Data dell'impegno")->needs(intermediario);
 }
@@ -131,7 +132,8 @@ void aggiungiMake(CLI::App& programma, Esecuzione& esegui) {
       ->check(annoSingolo)
       ->type_name("ANNO");
   comando.add_option("--kind", sciolte->tipo, "1 comunicazione, 2 annullamento, 3 sostituzione")
-      ->check(fra(1, 3));
+      ->check(fra(1, 3))
+      ->type_name("1|2|3");
   aggiungiEstremi(comando, richiesta.estremi);
   comando.add_option("--folder", richiesta.cartella, "Cartella del file")->type_name("CARTELLA");
   aggiungiData(comando, "--signature-date", richiesta.firma, "Data della firma");

@@ -106,16 +106,18 @@ void parlaItaliano(CLI::App& programma) {
   forma->label("Usage", "Uso");
   forma->label("OPTIONS", "OPZIONI");
   forma->label("SUBCOMMAND", "COMANDO");
-  forma->label("REQUIRED", "(obbligatoria)");
+  forma->label("Positionals", "Argomenti");
+  forma->label("TEXT", "TESTO");
+  forma->label("REQUIRED", "(obbligatorio)");
   forma->label("Needs", "Con");
   forma->label("Excludes", "Senza");
-  programma.get_help_ptr()->group("OpzioniLinea");
-  programma.option_defaults()->group("OpzioniLinea");
+  programma.get_help_ptr()->group("Opzioni");
+  programma.option_defaults()->group("Opzioni");
 }
 
 CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const std::string& spiegazione) {
   CLI::App* const comando = programma.add_subcommand(nome, spiegazione)->group("Comandi");
-  comando->get_help_ptr()->group("OpzioniLinea");
+  comando->get_help_ptr()->group("Opzioni");
   return *comando;
 }
 
@@ -158,7 +160,7 @@ CLI::Validator fra(int minimo, int massimo) {
                 letto.ec == std::errc() && letto.ptr == fine && numero >= minimo && numero <= massimo;
             return valido ? std::string() : "atteso un numero da " + limiti;
           },
-          "da " + limiti};
+          ""};
 }
 
 CLI::Option* aggiungiData(CLI::App& comando, const std::string& nome, std::optional<Date>& dove,

@@ -34,6 +34,47 @@ TEST(Usage, HelpGoesToStandardOutput) {
     EXPECT_THAT(aiuto, HasSubstr(comando));
 }
 
+TEST(Usage, HelpIsInItalianAlone) {
+  Posto posto(Posto::Database::Nessuno);
+  for (const Argomenti& comando : {Argomenti{},
+                                   {"check"},
+                                   {"create"},
+                                   {"drive"},
+                                   {"make"},
+                                   {"print"},
+                                   {"inspect"},
+                                   {"validate"},
+                                   {"verify"},
+                                   {"diff"},
+                                   {"sent"},
+                                   {"discard"},
+                                   {"receipt"},
+                                   {"status"},
+                                   {"correct"},
+                                   {"upgrade"},
+                                   {"import"},
+                                   {"import", "companies"},
+                                   {"import", "payees"},
+                                   {"import", "payments"},
+                                   {"import", "history"},
+                                   {"import", "undo"},
+                                   {"export"},
+                                   {"export", "payments"},
+                                   {"template"},
+                                   {"template", "payees"}}) {
+    Argomenti argomenti = comando;
+    argomenti.push_back("--help");
+    const std::string aiuto = posto.cuctl(argomenti).uscita;
+    EXPECT_THAT(aiuto, HasSubstr("\nOpzioni:\n"));
+    for (const char* inglese :
+         {"OPTIONS", "Options", "Positionals", "TEXT", "INT", "REQUIRED", "Needs", "Excludes"})
+      EXPECT_THAT(aiuto, Not(HasSubstr(inglese))) << aiuto;
+  }
+  EXPECT_THAT(posto.cuctl({"inspect", "--help"}).uscita,
+              HasSubstr("\nArgomenti:\n  file FILE (obbligatorio)"));
+  EXPECT_THAT(posto.cuctl({"make", "--help"}).uscita, HasSubstr("--kind 1|2|3 "));
+}
+
 TEST(Usage, WhatIsWrongEndsWithTwoAndSaysWhat) {
   struct {
     Argomenti argomenti;
