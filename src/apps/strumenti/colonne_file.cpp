@@ -7,6 +7,7 @@ namespace cu::strumenti {
 namespace {
 
 constexpr int kCampoMassimo = 110;
+constexpr int kTestoMassimo = 440;
 
 }  // namespace
 
@@ -69,13 +70,19 @@ std::vector<Colonna> FinestraFile::colonneRilievi() {
   return {
       {"gravita", "Gravità", [voce](std::size_t riga) { return detto(voce(riga).gravita); }},
       {"codice", "Regola", [voce](std::size_t riga) { return qs(std::string(voce(riga).codice)); }},
+      {"testo",
+       "Che cosa non va",
+       [di](std::size_t riga) { return qs(di(riga).testo); },
+       false,
+       {},
+       {},
+       kTestoMassimo},
       {"dove", "Certificazione", diChi, false, ordineDiChi},
       {"riga", "Riga", [di](std::size_t riga) { return QString::number(di(riga).riga); }, true,
        [di](std::size_t riga) { return QVariant(qlonglong(di(riga).riga)); }},
       {"posizione", "Pos.", [di](std::size_t riga) { return QString::number(di(riga).posizione); }, true,
        [di](std::size_t riga) { return QVariant(di(riga).posizione); }},
       {"campo", "Campo", [di](std::size_t riga) { return qs(di(riga).campo); }, false, {}, {}, kCampoMassimo},
-      {"testo", "Che cosa non va", [di](std::size_t riga) { return qs(di(riga).testo); }},
   };
 }
 

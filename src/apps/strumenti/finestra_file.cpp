@@ -21,7 +21,7 @@ namespace cu::strumenti {
 namespace {
 
 constexpr int kAttesaDisegno = 120;  // milliseconds without another choice
-constexpr QSize kDimensioneFile(1320, 720);
+constexpr QSize kDimensioneFile(1320, 780);
 
 }  // namespace
 
@@ -56,7 +56,7 @@ FinestraFile::FinestraFile(const QString& percorso, std::optional<Profilo> profi
   lati->setStretchFactor(1, 4);
   lati->setSizes({700, 620});
   alti->setStretchFactor(0, 1);
-  alti->setSizes({360, 120, 160});
+  alti->setSizes({330, 110, 250});
   colonna->addWidget(lati, 1);
 
   auto* const pulsanti = new QHBoxLayout;

@@ -164,7 +164,7 @@ TEST(FileWindow, FindingsOfTheWholeFileAreShownWithEveryCertificate) {
   prova.certificato().certificato("BNCLCU80A01L781X").fine();
   prova.metti(2, 402, "00000099");
   const Schermo schermo(test::scritto(cartella / "b.cur", prova.testo()));
-  constexpr int kDove = 2;
+  constexpr int kDove = 3;
   for (const std::size_t quale : {0U, 1U}) {
     schermo.certificati().scegli(quale);
     ASSERT_GE(schermo.rilievi().mostrate(), 1U);
