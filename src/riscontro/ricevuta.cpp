@@ -19,6 +19,7 @@ bool cifre(const std::string& testo) { return std::all_of(testo.begin(), testo.e
 class Pianificazione {
  public:
   Pianificazione(Registro& registro, std::int32_t idAzienda) {
+    piano_.invii = registro.invii(idAzienda);
     piano_.registrate = registro.certificate(idAzienda, std::nullopt, false);
     for (std::size_t i = 0; i < piano_.registrate.size(); ++i) {
       perPercipiente_[piano_.registrate[i].certificato.percipiente].push_back(i);
@@ -195,6 +196,21 @@ class Pianificazione {
 std::size_t PianoRicevuta::quanti(EsitoRiga esito) const {
   return static_cast<std::size_t>(std::count_if(
       righe.begin(), righe.end(), [esito](const RigaPiano& riga) { return riga.esito == esito; }));
+}
+
+std::size_t PianoRicevuta::nuovi(std::string_view esito) const {
+  return static_cast<std::size_t>(std::count_if(righe.begin(), righe.end(), [esito](const RigaPiano& riga) {
+    return riga.esito == EsitoRiga::Nuovo && riga.letta.esito == esito;
+  }));
+}
+
+const Invio& PianoRicevuta::invio(std::int64_t id) const {
+  return *std::find_if(invii.begin(), invii.end(), [id](const Invio& uno) { return uno.id == id; });
+}
+
+const Invio* PianoRicevuta::invioDi(const RigaPiano& riga) const {
+  if (riga.esito == EsitoRiga::DaDecidere || riga.esito == EsitoRiga::Errore) return nullptr;
+  return &invio(registrate[riga.registrata].idInvio);
 }
 
 PianoRicevuta pianifica(Registro& registro, std::int32_t idAzienda, const std::vector<RigaRicevuta>& righe) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/date.h"
@@ -37,12 +38,18 @@ struct RigaPiano {
 };
 
 struct PianoRicevuta {
+  std::vector<Invio> invii;  // the company's
   std::vector<RigaPiano> righe;
   std::vector<Registrata> registrate;   // as they will be
   std::vector<std::size_t> cambiate;    // of these
   std::vector<std::int64_t> daSegnare;  // files that are not marked as sent yet
   std::size_t quanti(EsitoRiga esito) const;
   bool applicabile() const { return quanti(EsitoRiga::Errore) + quanti(EsitoRiga::DaDecidere) == 0; }
+  std::size_t nuovi(
+      std::string_view esito) const;          // the new rows with that answer, "accettata" or "scartata"
+  const Invio& invio(std::int64_t id) const;  // of these; it must be there
+  // The file that the row answers; null where the row is an error or to be decided.
+  const Invio* invioDi(const RigaPiano& riga) const;
 };
 
 // A row belongs to the latest sent certificate of its payee and reason.

@@ -6,83 +6,16 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <nlohmann/json.hpp>
 
-#include "system/posto_support.h"
+#include "system/vita_invii_support.h"
 
 namespace cu::test {
 namespace {
 
-using nlohmann::json;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::UnorderedElementsAre;
-
-constexpr const char* kAnno = "2017";
-
-class VitaInvii : public ::testing::Test {
- protected:
-  void SetUp() override { posto_.imposta("printing.engine", "\"record\""); }
-
-  std::string in(const std::string& nome) const { return posto_.cartella().path() + "/" + nome; }
-  Esecuzione cuctl(std::vector<std::string> argomenti) {
-    argomenti.insert(argomenti.end(), {"--profile", posto_.profilo()});
-    return posto_.cuctl(argomenti);
-  }
-  json status() {
-    const Esecuzione esecuzione = cuctl({"status", "--year", kAnno, "--json"});
-    EXPECT_EQ(esecuzione.codice, 0) << esecuzione.errori;
-    return json::parse(esecuzione.uscita);
-  }
-  // How many certificates each operation is asked for.
-  std::map<std::string, int> operazioni() {
-    std::map<std::string, int> operazioni;
-    for (const json& voce : status()) ++operazioni[voce.at("operation")];
-    return operazioni;
-  }
-  json certificati(const std::string& file) {
-    const Esecuzione esecuzione = posto_.cuctl({"inspect", file, "--json"});
-    EXPECT_EQ(esecuzione.codice, 0) << esecuzione.errori;
-    const json letto = json::parse(esecuzione.uscita);
-    EXPECT_TRUE(letto.at("findings").empty() || letto.at("findings").at(0).at("severity") == "warning");
-    return letto.at("agents").at(0).at("certificates");
-  }
-  // An answer to each certificate of a file; those at these places are rejected.
-  std::string ricevuta(const std::string& file, const std::string& protocollo,
-                       const std::vector<std::size_t>& scartate) {
-    std::string tabella = "CodiceFiscale;Causale;Protocollo;Progressivo;Esito;Motivo\n";
-    const json tutte = certificati(file);
-    for (std::size_t i = 0; i < tutte.size(); ++i) {
-      const bool scartata = std::find(scartate.begin(), scartate.end(), i) != scartate.end();
-      tabella +=
-          tutte[i].at("payee").get<std::string>() + ";" + tutte[i].at("reason").get<std::string>() + ";";
-      tabella += scartata ? ";;scartata;Codice fiscale non registrato\n"
-                          : protocollo + ";" + std::to_string(i + 1) + ";accettata;\n";
-    }
-    const std::string nome = in("ricevuta" + protocollo + ".csv");
-    std::ofstream(nome, std::ios::binary) << tabella;
-    return nome;
-  }
-  void inviata(const std::string& file) {
-    const Esecuzione esecuzione = cuctl({"sent", file, "--date", "2018-03-06"});
-    EXPECT_EQ(esecuzione.codice, 0) << esecuzione.errori;
-  }
-  void applicata(const std::string& tabella) {
-    const Esecuzione prova = cuctl({"receipt", tabella});
-    EXPECT_EQ(prova.codice, 0) << prova.errori;
-    EXPECT_THAT(prova.uscita, HasSubstr("Non è stato scritto nulla."));
-    const Esecuzione vera = cuctl({"receipt", tabella, "--apply"});
-    EXPECT_EQ(vera.codice, 0) << vera.errori;
-  }
-  std::string crea() {
-    std::filesystem::create_directories(in("cu"));
-    const Esecuzione esecuzione = cuctl({"make", "--year", kAnno, "--folder", in("cu"), "--yes"});
-    EXPECT_EQ(esecuzione.codice, 0) << esecuzione.errori;
-    return in("cu") + "/CUR_04123450233_2017.cur";
-  }
-
-  Posto posto_;
-};
+using ::testing::Not;
+using ::testing::StartsWith;
 
 TEST_F(VitaInvii, EndsWithNothingLeftToDo) {
   const std::string file = crea();
@@ -171,56 +104,6 @@ TEST_F(VitaInvii, EndsWithNothingLeftToDo) {
   EXPECT_EQ(operazioni(), (std::map<std::string, int>{{"nessuna", quante}}));
 }
 
-TEST_F(VitaInvii, ARejectedCorrectionLeavesTheAcceptanceBeforeIt) {
-  const std::string file = crea();
-  applicata(ricevuta(file, "18030612345678901", {}));  // marks the file as sent
-  const auto archivio = posto_.lettore();
-  archivio->esegui(
-      "UPDATE ContoIndividuale SET RitenutaAcconto = RitenutaAcconto + 1 WHERE Anno = 2017 AND"
-      " IDAnagrafica = 101 AND IDCausalePagamento = 1");
-  const auto quante = static_cast<int>(status().size());
-  ASSERT_EQ(operazioni(), (std::map<std::string, int>{{"sostituzione", 1}, {"nessuna", quante - 1}}));
-  ASSERT_EQ(cuctl({"correct", "--year", kAnno, "--folder", in("c"), "--yes"}).codice, 0);
-  applicata(ricevuta(in("c") + "/sostituzioni/CUR_04123450233_2017.cur", "18041012345678903", {0}));
-  EXPECT_EQ(operazioni(), (std::map<std::string, int>{{"sostituzione", 1}, {"nessuna", quante - 1}}));
-  for (const json& voce : status()) {
-    if (voce.at("operation") != "sostituzione") continue;
-    EXPECT_EQ(voce.at("protocol"), "18030612345678901");
-  }
-}
-
-TEST_F(VitaInvii, ADiscardedFileIsAsIfItHadNotBeenWritten) {
-  const std::string file = crea();
-  applicata(ricevuta(file, "18030612345678901", {}));
-  posto_.lettore()->esegui(
-      "UPDATE ContoIndividuale SET RitenutaAcconto = RitenutaAcconto + 1 WHERE Anno = 2017 AND"
-      " IDAnagrafica = 101 AND IDCausalePagamento = 1");
-  const json prima = status();
-  const auto quante = static_cast<int>(prima.size());
-  ASSERT_EQ(cuctl({"correct", "--year", kAnno, "--folder", in("c"), "--yes"}).codice, 0);
-  const std::string sostituzione = in("c") + "/sostituzioni/CUR_04123450233_2017.cur";
-  const json dopo = status();
-  ASSERT_EQ(operazioni(), (std::map<std::string, int>{{"attesa", 1}, {"nessuna", quante - 1}}));
-
-  const Esecuzione prova = cuctl({"discard", sostituzione});
-  EXPECT_EQ(prova.codice, 1);
-  EXPECT_THAT(prova.errori, HasSubstr("verrebbe tolto dal registro"));
-  EXPECT_THAT(prova.errori, HasSubstr("Non è stato tolto nulla."));
-  EXPECT_EQ(status(), dopo);
-
-  const Esecuzione vera = cuctl({"discard", sostituzione, "--yes"});
-  EXPECT_EQ(vera.codice, 0) << vera.errori;
-  EXPECT_THAT(vera.uscita, HasSubstr("tolto dal registro, certificazioni 1."));
-  EXPECT_TRUE(std::filesystem::exists(sostituzione));
-  EXPECT_EQ(status(), prima);
-  EXPECT_THAT(posto_.lettore()->righe("SELECT * FROM CuModulo WHERE IDCertificazione NOT IN"
-                                      " (SELECT IDCertificazione FROM CuCertificazione)"),
-              IsEmpty());
-  EXPECT_EQ(cuctl({"discard", sostituzione, "--yes"}).codice, 1);
-  ASSERT_EQ(cuctl({"correct", "--year", kAnno, "--folder", in("c"), "--yes"}).codice, 0);
-  EXPECT_EQ(status(), dopo);
-}
-
 TEST_F(VitaInvii, ASentFileIsNotDiscarded) {
   const std::string file = crea();
   inviata(file);
@@ -296,7 +179,7 @@ TEST_F(VitaInvii, TheTraceHasNothingOfWhatIsReadAndFollowed) {
   };
   const std::string prima = traccia();
   ASSERT_NE(prima, "");
-  EXPECT_THAT(prima, ::testing::Not(HasSubstr("CuInvio")));
+  EXPECT_THAT(prima, Not(HasSubstr("CuInvio")));
   EXPECT_EQ(cuctl({"verify", file}).codice, 0);
   EXPECT_EQ(cuctl({"status", "--year", kAnno}).codice, 0);
   EXPECT_EQ(cuctl({"discard", file}).codice, 1);
@@ -332,6 +215,27 @@ TEST_F(VitaInvii, OnlyAFileThatWasWrittenIsMarkedAsSent) {
   EXPECT_EQ(esecuzione.codice, 1);
   EXPECT_THAT(esecuzione.errori, HasSubstr("non è fra i file scritti"));
   EXPECT_EQ(cuctl({"sent", in("nessuno.cur")}).codice, 2);
+}
+
+TEST_F(VitaInvii, ADayOfSendingThatCannotWellBeTrueIsAWarning) {
+  const std::string file = crea();
+  const Esecuzione sbagliato = cuctl({"sent", file, "--date", "2001-01-02"});
+  EXPECT_EQ(sbagliato.codice, 0);
+  EXPECT_THAT(sbagliato.errori,
+              StartsWith("Attenzione: Il 02/01/2001 il file non c'era ancora: è stato scritto il "));
+  const Esecuzione corretto = cuctl({"sent", file, "--date", "2018-03-06"});
+  EXPECT_EQ(corretto.codice, 0);
+  EXPECT_THAT(corretto.uscita, HasSubstr("giorno dell'invio corretto, 06/03/2018 invece di 02/01/2001"));
+  EXPECT_THAT(cuctl({"sent", file}).uscita, HasSubstr("già segnato come inviato il 06/03/2018."));
+}
+
+TEST_F(VitaInvii, AReceiptNamesTheFilesThatItMarksAsSent) {
+  const std::string tabella = ricevuta(crea(), "18030612345678901", {});
+  EXPECT_THAT(cuctl({"receipt", tabella}).uscita,
+              HasSubstr(", 2017): verrebbe segnato anche come inviato.\n"));
+  EXPECT_THAT(cuctl({"receipt", tabella, "--apply"}).uscita,
+              HasSubstr(", 2017): segnato anche come inviato.\n"));
+  EXPECT_THAT(cuctl({"receipt", tabella}).uscita, Not(HasSubstr("come inviato")));
 }
 
 TEST_F(VitaInvii, AFreshFileAgreesWithTheAccounts) {

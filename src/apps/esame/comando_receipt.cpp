@@ -26,17 +26,16 @@ void scriviMessaggi(const std::string& file, const PianoRicevuta& piano) {
 }
 
 void scriviEsito(const PianoRicevuta& piano, bool applicato) {
-  std::size_t accettate = 0;
-  std::size_t scartate = 0;
-  for (const RigaPiano& riga : piano.righe) {
-    if (riga.esito != EsitoRiga::Nuovo) continue;
-    ++(riga.letta.esito == "accettata" ? accettate : scartate);
-  }
   std::cout << (applicato ? "Ricevuta: " : "Prova: ") << piano.quanti(EsitoRiga::Nuovo) << " nuovi ("
-            << accettate << " accettate, " << scartate << " scartate), " << piano.quanti(EsitoRiga::Uguale)
-            << " uguali, " << piano.quanti(EsitoRiga::DaDecidere) << " da decidere, "
-            << piano.quanti(EsitoRiga::Errore) << " errori."
+            << piano.nuovi("accettata") << " accettate, " << piano.nuovi("scartata") << " scartate), "
+            << piano.quanti(EsitoRiga::Uguale) << " uguali, " << piano.quanti(EsitoRiga::DaDecidere)
+            << " da decidere, " << piano.quanti(EsitoRiga::Errore) << " errori."
             << (applicato ? "\n" : " Non è stato scritto nulla.\n");
+  for (const std::int64_t id : piano.daSegnare) {
+    const riscontro::Invio& invio = piano.invio(id);
+    std::cout << "Invio " << invio.id << " (" << invio.nome << ", " << invio.anno << "): "
+              << (applicato ? "segnato anche come inviato.\n" : "verrebbe segnato anche come inviato.\n");
+  }
 }
 
 }  // namespace

@@ -10,7 +10,11 @@ namespace cu {
 int comandoSent(const OpzioniSent& opzioni) {
   const Profilo profilo = leggiProfilo(opzioni.profilo);
   try {
-    const EsitoInvio esito = segnaInviato(profilo, opzioni.file, opzioni.giorno);
+    const EsitoInvio esito =
+        segnaInviato(profilo, opzioni.file, opzioni.giorno, [](const std::string& avviso) {
+          std::cerr << "Attenzione: " << avviso << '\n';
+          return true;
+        });
     (esito.riuscito ? std::cout : std::cerr) << esito.testo << '\n';
     return esito.riuscito ? kRiuscito : kRifiutato;
   } catch (const FileIlleggibile& errore) {

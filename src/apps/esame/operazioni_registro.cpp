@@ -27,6 +27,26 @@ std::string dettoInvio(const riscontro::Invio& invio) {
   return "Invio " + fromInteger(invio.id) + " (" + invio.nome + "): ";
 }
 
+// "2018-03-05 10:30:00" and "2018-03-05" are the fifth of March.
+Date giornoDi(const std::string& momento) { return Date::parseIso(momento.substr(0, 10)).value_or(Date()); }
+std::string inItaliano(const std::string& momento) { return giornoDi(momento).toItalian(); }
+
+// What a person should look at before the day is written; empty where all is well.
+std::string dubbi(const riscontro::Invio& invio, Date suo, Date oggi) {
+  std::string testo;
+  const auto aggiungi = [&testo](const std::string& frase) { testo += (testo.empty() ? "" : " ") + frase; };
+  if (!invio.dataInvio.empty()) {
+    aggiungi("Il file " + invio.nome + " è già segnato come inviato il " + inItaliano(invio.dataInvio) +
+             ": il giorno diventerebbe il " + suo.toItalian() + ".");
+  }
+  if (suo > oggi) aggiungi("Il " + suo.toItalian() + " deve ancora venire.");
+  if (suo < giornoDi(invio.momento)) {
+    aggiungi("Il " + suo.toItalian() + " il file non c'era ancora: è stato scritto il " +
+             inItaliano(invio.momento) + ".");
+  }
+  return testo;
+}
+
 EsitoInvio nonRegistrato(const std::string& file, const char* nulla) {
   return {false, file + ": non è fra i file scritti per questa azienda, o è cambiato da allora. " + nulla,
           std::nullopt};
@@ -34,27 +54,29 @@ EsitoInvio nonRegistrato(const std::string& file, const char* nulla) {
 
 }  // namespace
 
-EsitoInvio segnaInviato(const Profilo& profilo, const std::string& file, std::optional<Date> giorno) {
+EsitoInvio segnaInviato(const Profilo& profilo, const std::string& file, std::optional<Date> giorno,
+                        const std::function<bool(const std::string& avviso)>& conferma) {
+  constexpr const char* kNulla = "Non è stato segnato nulla.";
   const std::string impronta = improntaFile(file);
   RegistroDelProfilo registro(profilo);
   const auto invio = registro->cerca(impronta);
-  if (!invio || invio->idAzienda != profilo.sessione.azienda) {
-    return nonRegistrato(file, "Non è stato segnato nulla.");
+  if (!invio || invio->idAzienda != profilo.sessione.azienda) return nonRegistrato(file, kNulla);
+  const Date oggi = orologio(profilo)->today();
+  const Date suo = giorno.value_or(oggi);
+  const std::string prima = invio->dataInvio.empty() ? std::string() : inItaliano(invio->dataInvio);
+  if (!prima.empty() && (!giorno || suo.toItalian() == prima)) {
+    return {true, dettoInvio(*invio) + "già segnato come inviato il " + prima + ".", *invio};
   }
-  EsitoInvio esito{true, {}, *invio};
-  const std::string quale = dettoInvio(*invio);
-  if (!invio->dataInvio.empty()) {
-    esito.testo = quale + "già segnato come inviato il " +
-                  Date::parseIso(invio->dataInvio).value_or(Date()).toItalian() + ".";
-    return esito;
-  }
-  const Date suo = giorno.value_or(orologio(profilo)->today());
+  const std::string avviso = dubbi(*invio, suo, oggi);
+  if (!avviso.empty() && !conferma(avviso)) return {false, kNulla, *invio};
   Transazione transazione(registro->connessione());
   registro->segnaInviato(invio->id, suo);
   transazione.conferma();
-  esito.testo = quale + "segnato come inviato il " + suo.toItalian() + ", certificazioni " +
-                fromInteger(invio->certificazioni) + ".";
-  return esito;
+  const std::string fatto = prima.empty()
+                                ? "segnato come inviato il " + suo.toItalian()
+                                : "giorno dell'invio corretto, " + suo.toItalian() + " invece di " + prima;
+  return {true, dettoInvio(*invio) + fatto + ", certificazioni " + fromInteger(invio->certificazioni) + ".",
+          *invio, true};
 }
 
 EsitoInvio togliDalRegistro(const Profilo& profilo, const std::string& file,

@@ -24,10 +24,13 @@ struct EsitoInvio {
   bool riuscito = false;
   std::string testo;                      // Italian, a sentence
   std::optional<riscontro::Invio> invio;  // the file on record, as it was before
+  bool cambiato = false;                  // whether anything is written
 };
-// Marks a written file as sent; today where there is no day. FileIlleggibile, SenzaRegistro and errors of the
-// database rise as they are.
-EsitoInvio segnaInviato(const Profilo& profilo, const std::string& file, std::optional<Date> giorno);
+// Marks a written file as sent; today where there is no day. The day of a file that is marked already is
+// corrected where one is given. `conferma` is asked where the day cannot well be true, or is corrected.
+// FileIlleggibile, SenzaRegistro and errors of the database rise as they are.
+EsitoInvio segnaInviato(const Profilo& profilo, const std::string& file, std::optional<Date> giorno,
+                        const std::function<bool(const std::string& avviso)>& conferma);
 
 // Takes a written file that will never be sent out of the record, as if it had not been written; the file
 // itself stays. Only as long as none of its certificates was sent; `conferma` is asked before. Raises as

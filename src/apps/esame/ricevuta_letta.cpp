@@ -38,7 +38,8 @@ Colonne colonneDi(const tabelle::Tabella& tabella) {
   if (std::all_of(kOccorrono.begin(), kOccorrono.end(), manca)) {
     throw tabelle::ErroreTabella("C01", posto,
                                  "non è la tabella di una ricevuta, nessuna intestazione è nota: occorrono "
-                                 "CodiceFiscale, Protocollo, Progressivo ed Esito");
+                                 "CodiceFiscale, Protocollo, Progressivo ed Esito; Causale e Motivo possono "
+                                 "mancare");
   }
   const auto prima = std::find_if(kOccorrono.begin(), kOccorrono.end(), manca);
   if (prima != kOccorrono.end()) {

@@ -15,7 +15,7 @@
 #include "apps/strumenti/tabella_vista.h"
 
 namespace cu::strumenti {
-DialogoInviato::DialogoInviato(QWidget* parent, QDate oggi)
+DialogoInviato::DialogoInviato(QWidget* parent, QDate oggi, const QString& cartella)
     : Dialogo(parent, QStringLiteral("inviato"), QStringLiteral("Segna come inviato")),
       file_(new QLineEdit(this)),
       giorno_(new QLineEdit(oggi.toString(QStringLiteral("dd/MM/yyyy")), this)),
@@ -48,8 +48,10 @@ DialogoInviato::DialogoInviato(QWidget* parent, QDate oggi)
   colonna->addWidget(pulsanti);
   connect(pulsanti, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(pulsanti, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  connect(sfoglia, &QPushButton::clicked, this,
-          [this] { scegli(scegliFile(this, QStringLiteral("File inviato"), file_->text())); });
+  connect(sfoglia, &QPushButton::clicked, this, [this, cartella] {
+    scegli(
+        scegliFile(this, QStringLiteral("File inviato"), file_->text().isEmpty() ? cartella : file_->text()));
+  });
   connect(giorno_, &QLineEdit::textChanged, this, [this] { controlla(); });
   ricordaDimensione({520, sizeHint().height()});
   sfoglia->setFocus();
@@ -82,13 +84,23 @@ QDate DialogoInviato::giorno() const {
 
 namespace {
 
+// "3 nuovi (2 accettate, 1 scartata)"
+QString dettiNuovi(const riscontro::PianoRicevuta& piano) {
+  const std::size_t nuovi = piano.quanti(riscontro::EsitoRiga::Nuovo);
+  const QString quanti = qs(alPlurale(nuovi, "nuovo", "nuovi"));
+  if (nuovi == 0) return quanti;
+  return QStringLiteral("%1 (%2, %3)")
+      .arg(quanti, qs(alPlurale(piano.nuovi("accettata"), "accettata", "accettate")),
+           qs(alPlurale(piano.nuovi("scartata"), "scartata", "scartate")));
+}
+
 // The counts of a plan, and what can be done with it.
 QString dettoPiano(const riscontro::PianoRicevuta& piano) {
   using riscontro::EsitoRiga;
   const auto quanti = [&](EsitoRiga esito) { return piano.quanti(esito); };
   QString testo = QStringLiteral("%1, %2 già registrati, %3 da decidere, %4.")
-                      .arg(qs(alPlurale(quanti(EsitoRiga::Nuovo), "nuovo", "nuovi")),
-                           conteggio(quanti(EsitoRiga::Uguale)), conteggio(quanti(EsitoRiga::DaDecidere)),
+                      .arg(dettiNuovi(piano), conteggio(quanti(EsitoRiga::Uguale)),
+                           conteggio(quanti(EsitoRiga::DaDecidere)),
                            qs(alPlurale(quanti(EsitoRiga::Errore), "errore", "errori")));
   const bool nessuna =
       std::all_of(piano.righe.begin(), piano.righe.end(), [](const riscontro::RigaPiano& riga) {
@@ -106,6 +118,14 @@ QString dettoPiano(const riscontro::PianoRicevuta& piano) {
     testo += QStringLiteral(" Non c'è nulla da registrare.");
   } else {
     testo += QStringLiteral(" Non è ancora stato scritto nulla.");
+    QStringList file;
+    for (const std::int64_t id : piano.daSegnare) file += qs(piano.invio(id).nome);
+    if (file.size() == 1) {
+      testo += QStringLiteral(" Il file %1 verrà anche segnato come inviato.").arg(file.first());
+    } else if (!file.isEmpty()) {
+      testo += QStringLiteral(" Verranno anche segnati come inviati i file %1.")
+                   .arg(file.join(QStringLiteral(", ")));
+    }
   }
   return testo;
 }
@@ -128,6 +148,16 @@ DialogoRicevuta::DialogoRicevuta(QWidget* parent, const QString& nome, const ris
        {"esito", "Esito", [di](std::size_t q) { return qs(di(q).letta.esito); }},
        {"protocollo", "Protocollo", [di](std::size_t q) { return qs(di(q).letta.protocollo); }},
        {"progressivo", "Progr.", [di](std::size_t q) { return qs(di(q).letta.progressivo); }},
+       {"anno", "Anno",
+        [this, di](std::size_t q) {
+          const riscontro::Invio* const invio = piano_.invioDi(di(q));
+          return invio == nullptr ? QString() : QString::number(invio->anno);
+        }},
+       {"file", "File",
+        [this, di](std::size_t q) {
+          const riscontro::Invio* const invio = piano_.invioDi(di(q));
+          return invio == nullptr ? QString() : qs(invio->nome);
+        }},
        {"messaggio", "Messaggio",
         [di](std::size_t q) { return qs(di(q).codice.empty() ? di(q).letta.motivo : di(q).testo); }}},
       this);
@@ -141,7 +171,7 @@ DialogoRicevuta::DialogoRicevuta(QWidget* parent, const QString& nome, const ris
   connect(pulsanti, &QDialogButtonBox::rejected, this, &QDialog::reject);
   colonna->addWidget(pulsanti);
   tabella->setFocus();
-  ricordaDimensione({860, 380});
+  ricordaDimensione({980, 400});
 }
 
 DialogoCorrezioni::DialogoCorrezioni(QWidget* parent, const EsitoCorreggi& esito,

@@ -17,7 +17,8 @@ namespace cu::strumenti {
 // Which file was sent, and when.
 class DialogoInviato : public Dialogo {
  public:
-  DialogoInviato(QWidget* parent, QDate oggi);
+  // `cartella` is where the file is looked for at first.
+  DialogoInviato(QWidget* parent, QDate oggi, const QString& cartella);
   QString file() const;
   QDate giorno() const;
   void scegli(const QString& file);

@@ -191,8 +191,11 @@ void ricordaCartella(const QString& uso, const QString& cartella) {
 
 QString scegliFile(QWidget* parent, const QString& titolo, const QString& vicino) {
   const QString uso = QStringLiteral("file");
-  const QString cartella = vicino.isEmpty() ? cartellaRicordata(uso) : QFileInfo(vicino).absolutePath();
-  const QString scelto = QFileDialog::getOpenFileName(
+  const QFileInfo questo(vicino);
+  const QString cartella = vicino.isEmpty() ? cartellaRicordata(uso)
+                           : questo.isDir() ? questo.absoluteFilePath()
+                                            : questo.absolutePath();
+  QString scelto = QFileDialog::getOpenFileName(
       parent, titolo, cartella,
       QStringLiteral("File telematici (*.cur *.CUR *.ccf *.txt);;Tutti i file (*)"));
   if (!scelto.isEmpty()) ricordaCartella(uso, QFileInfo(scelto).absolutePath());

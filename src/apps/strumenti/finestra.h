@@ -85,7 +85,8 @@ class Dialogo : public QDialog {
 QString cartellaRicordata(const QString& uso, const QString& altrimenti = {});
 void ricordaCartella(const QString& uso, const QString& cartella);
 
-// The dialog for a telematic file, near another one or where the last one was; empty where none was chosen.
+// The dialog for a telematic file, near another one, in a folder or where the last one was; empty where none
+// was chosen.
 QString scegliFile(QWidget* parent, const QString& titolo, const QString& vicino = {});
 
 // "✖ errore", "⚠ avviso": a sign and a word.

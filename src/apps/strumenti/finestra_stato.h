@@ -45,6 +45,7 @@ class FinestraStato : public Finestra {
   void mostraCaselle(std::optional<std::size_t> quale);
   void diceFrase();
   void abilita();
+  QString cartellaDeiFile() const;
   void segnaInviato();
   void togliDalRegistro();
   void leggiRicevuta();

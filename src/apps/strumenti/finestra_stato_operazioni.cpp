@@ -1,5 +1,6 @@
 // What the window of a year's state does.
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPushButton>
@@ -14,13 +15,14 @@
 #include "desktop/dialogs.h"
 #include "desktop/text.h"
 #include "suite/orologio.h"
+#include "suite/testi.h"
 
 namespace cu::strumenti {
 namespace {
 
 QString dettoInvio(const EsitoInvio& esito, Date giorno) {
   const riscontro::Invio& invio = *esito.invio;
-  if (!invio.dataInvio.empty()) {
+  if (!esito.cambiato) {
     const Date prima = Date::parseIso(invio.dataInvio).value_or(Date());
     return QStringLiteral("Il file %1 era già segnato come inviato il %2: non è cambiato nulla.")
         .arg(qs(invio.nome), qs(prima.toItalian()));
@@ -32,32 +34,42 @@ QString dettoInvio(const EsitoInvio& esito, Date giorno) {
 }
 
 QString dettaRicevuta(const riscontro::PianoRicevuta& piano) {
-  std::size_t accettate = 0;
-  std::size_t scartate = 0;
-  for (const riscontro::RigaPiano& riga : piano.righe) {
-    if (riga.esito == riscontro::EsitoRiga::Nuovo) ++(riga.letta.esito == "accettata" ? accettate : scartate);
-  }
   return QStringLiteral("✓ Ricevuta registrata: %1, %2.")
-      .arg(qs(alPlurale(accettate, "accettata", "accettate")),
-           qs(alPlurale(scartate, "scartata", "scartate")));
+      .arg(qs(alPlurale(piano.nuovi("accettata"), "accettata", "accettate")),
+           qs(alPlurale(piano.nuovi("scartata"), "scartata", "scartate")));
 }
 
 }  // namespace
 
+// The folder of the last telematic file; before there was one, where the wizard writes by itself.
+QString FinestraStato::cartellaDeiFile() const {
+  const QString documenti = qs(profilo_.documenti);
+  const QString sua = QDir(documenti).filePath(qs(TestiItaliani().text(1264)));
+  return cartellaRicordata(QStringLiteral("file"), QFileInfo(sua).isDir() ? sua : documenti);
+}
+
 void FinestraStato::segnaInviato() {
   const Date oggi = orologio(profilo_)->today();
-  DialogoInviato dialogo(this, QDate(oggi.year(), oggi.month(), oggi.day()));
+  DialogoInviato dialogo(this, QDate(oggi.year(), oggi.month(), oggi.day()), cartellaDeiFile());
   if (dialogo.exec() != QDialog::Accepted) return;
   const QDate scelto = dialogo.giorno();
   const Date giorno = Date::fromYmd(scelto.year(), scelto.month(), scelto.day()).value_or(oggi);
   risposta_->dici({});
   auto esito = std::make_shared<EsitoInvio>();
+  auto rifiutato = std::make_shared<bool>(false);
+  const auto chiede = [this, rifiutato](const std::string& avviso) {
+    const bool si =
+        lavoro().chiedi([this, testo = qs(avviso)] { return conferma(testo, QStringLiteral("S&egna")); });
+    *rifiutato = !si;
+    return si;
+  };
   compi(
       QStringLiteral("Il file viene segnato come inviato…"),
-      [esito, profilo = profilo_, file = dialogo.file().toStdString(), giorno] {
-        *esito = cu::segnaInviato(profilo, file, giorno);
+      [esito, chiede, profilo = profilo_, file = dialogo.file().toStdString(), giorno] {
+        *esito = cu::segnaInviato(profilo, file, giorno, chiede);
       },
-      [this, esito, giorno] {
+      [this, esito, rifiutato, giorno] {
+        if (*rifiutato) return;
         if (!esito->riuscito || !esito->invio) {
           mostraErrore(qs(esito->testo));
           return;
@@ -71,7 +83,7 @@ void FinestraStato::segnaInviato() {
 void FinestraStato::togliDalRegistro() {
   const QString uso = QStringLiteral("inviato");
   const QString scelto = QFileDialog::getOpenFileName(
-      this, QStringLiteral("File che non verrà inviato"), cartellaRicordata(uso, qs(profilo_.documenti)),
+      this, QStringLiteral("File che non verrà inviato"), cartellaRicordata(uso, cartellaDeiFile()),
       QStringLiteral("File telematici (*.cur);;Tutti i file (*)"));
   if (scelto.isEmpty()) return;
   ricordaCartella(uso, QFileInfo(scelto).absolutePath());

@@ -23,6 +23,9 @@ namespace cu::strumenti {
 namespace {
 
 using riscontro::Operazione;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
 
 std::size_t quante(const StatoLetto& stato, Operazione operazione) {
   return stato.quante.at(static_cast<std::size_t>(operazione));
@@ -43,6 +46,8 @@ std::vector<riscontro::RigaRicevuta> risposta(const StatoLetto& stato, std::size
   return ricevuta;
 }
 
+bool si(const std::string& /*avviso*/) { return true; }
+
 TEST(State, FollowsAYearFromTheAccountsToTheReceiptAndToACorrection) {
   const test::Azienda azienda;
   const StatoLetto prima = leggiStato(azienda.profilo, std::nullopt);
@@ -53,7 +58,7 @@ TEST(State, FollowsAYearFromTheAccountsToTheReceiptAndToACorrection) {
   EXPECT_EQ(nuove.voci.front().stato, "mai scritta");
 
   const std::string file = azienda.scrivi(2016);
-  EXPECT_TRUE(segnaInviato(azienda.profilo, file, Date::fromYmd(2018, 3, 6)).riuscito);
+  EXPECT_TRUE(segnaInviato(azienda.profilo, file, Date::fromYmd(2018, 3, 6), si).riuscito);
   EXPECT_EQ(quante(leggiStato(azienda.profilo, 2016), Operazione::Attesa), nuove.voci.size());
 
   const auto ricevuta = risposta(nuove, 3);
@@ -185,16 +190,16 @@ TEST(StateWindow, TakesAFileThatWillNotBeSentOutOfTheRecordOnceConfirmed) {
   EXPECT_FALSE(test::dice(*schermo, "Tolto dal registro"));
   togli("Togli dal registro");
   EXPECT_TRUE(test::dice(*schermo, "Tolto dal registro il file CUR_"));
-  EXPECT_FALSE(segnaInviato(azienda.profilo, file, std::nullopt).riuscito);
+  EXPECT_FALSE(segnaInviato(azienda.profilo, file, std::nullopt, si).riuscito);
 }
 
 TEST(StateWindow, ShowsTheReasonOfARejectionAlsoAfterTheCorrection) {
   const test::Azienda azienda;
   const StatoLetto nuove = leggiStato(azienda.profilo, std::nullopt);
   const std::string file = azienda.scrivi(nuove.anno);
-  EXPECT_TRUE(segnaInviato(azienda.profilo, file, std::nullopt).riuscito);
+  EXPECT_TRUE(segnaInviato(azienda.profilo, file, std::nullopt, si).riuscito);
   EXPECT_TRUE(registraRicevuta(azienda.profilo, risposta(nuove, 1)));
-  EXPECT_TRUE(segnaInviato(azienda.profilo, azienda.scrivi(nuove.anno), std::nullopt).riuscito);
+  EXPECT_TRUE(segnaInviato(azienda.profilo, azienda.scrivi(nuove.anno), std::nullopt, si).riuscito);
   SchermoStato schermo(azienda);
   EXPECT_TRUE(test::dice(*schermo, "Motivo dell'ultimo scarto: Codice fiscale errato"));
 }
@@ -290,6 +295,50 @@ TEST(StateWindow, CountsTheOperationsAndFiltersByThem) {
   EXPECT_EQ(voci->mostrate(), tutte);
 }
 
+TEST(State, ADayThatCannotWellBeTrueIsAskedAndCanBeCorrected) {
+  const test::Azienda azienda;  // on the fifth of March 2018
+  const std::string file = azienda.scrivi(2016);
+  std::vector<std::string> avvisi;
+  const auto segna = [&](std::optional<Date> giorno, bool risposta) {
+    return segnaInviato(azienda.profilo, file, giorno, [&](const std::string& avviso) {
+      avvisi.push_back(avviso);
+      return risposta;
+    });
+  };
+  EXPECT_FALSE(segna(Date::fromYmd(2019, 3, 6), false).riuscito);
+  EXPECT_FALSE(segna(Date::fromYmd(2017, 1, 2), false).riuscito);
+  EXPECT_THAT(avvisi, ElementsAre("Il 06/03/2019 deve ancora venire.",
+                                  "Il 02/01/2017 il file non c'era ancora: è stato scritto il 05/03/2018."));
+  avvisi.clear();
+  EXPECT_TRUE(segna(Date::fromYmd(2018, 3, 5), false).cambiato);
+  EXPECT_FALSE(segna(std::nullopt, false).cambiato) << "marked already";
+  EXPECT_FALSE(segna(Date::fromYmd(2018, 3, 5), false).cambiato) << "on the same day";
+  EXPECT_THAT(avvisi, IsEmpty());
+  const EsitoInvio corretto = segna(Date::fromYmd(2018, 3, 4), true);
+  EXPECT_TRUE(corretto.cambiato);
+  EXPECT_THAT(corretto.testo, HasSubstr("giorno dell'invio corretto, 04/03/2018 invece di 05/03/2018"));
+  EXPECT_THAT(avvisi.front(),
+              HasSubstr("è già segnato come inviato il 05/03/2018: il giorno diventerebbe il 04/03/2018."));
+}
+
+TEST(ReceiptDialog, NamesTheFileOfEachRowAndThoseThatItMarksAsSent) {
+  const test::Azienda azienda;
+  const StatoLetto nuove = leggiStato(azienda.profilo, 2016);
+  azienda.scrivi(2016);
+  const riscontro::PianoRicevuta piano = pianoRicevuta(azienda.profilo, risposta(nuove, 3));
+  ASSERT_EQ(piano.daSegnare.size(), 1U);
+  const std::string nome = piano.invio(piano.daSegnare.front()).nome;
+  DialogoRicevuta dialogo(nullptr, QStringLiteral("ricevuta.csv"), piano);
+  EXPECT_TRUE(test::dice(dialogo, ("Il file " + nome + " verrà anche segnato come inviato.").c_str()));
+  EXPECT_TRUE(test::dice(dialogo, "accettate, 1 scartata)"));
+  const QAbstractItemModel& righe = *dialogo.findChild<QTableView*>()->model();
+  QStringList prima;
+  for (int colonna = 0; colonna < righe.columnCount(); ++colonna)
+    prima += righe.index(0, colonna).data().toString();
+  EXPECT_TRUE(prima.contains(qs(nome)));
+  EXPECT_TRUE(prima.contains(QStringLiteral("2016")));
+}
+
 TEST(StateWindow, ADatabaseThatIsGoneIsASentence) {
   test::Azienda azienda;
   azienda.profilo.database.origine = azienda.cartella / "manca.db";
@@ -299,6 +348,8 @@ TEST(StateWindow, ADatabaseThatIsGoneIsASentence) {
 TEST(ReceiptDialog, RegistersOnlyWhatCanBeApplied) {
   riscontro::PianoRicevuta piano;
   piano.righe.resize(2);
+  piano.registrate.resize(1);
+  piano.invii.resize(1);
   const auto registra = [](const riscontro::PianoRicevuta& suo) {
     DialogoRicevuta dialogo(nullptr, QStringLiteral("ricevuta.csv"), suo);
     for (auto* uno : dialogo.findChildren<QAbstractButton*>()) {
@@ -314,7 +365,7 @@ TEST(ReceiptDialog, RegistersOnlyWhatCanBeApplied) {
 }
 
 TEST(SentDialog, TakesOnlyADayThatExists) {
-  DialogoInviato dialogo(nullptr, QDate(2018, 3, 6));
+  DialogoInviato dialogo(nullptr, QDate(2018, 3, 6), {});
   auto* const segna = dialogo.findChild<QDialogButtonBox*>()->buttons().first();
   QLineEdit* giorno = nullptr;
   for (auto* una : dialogo.findChildren<QLineEdit*>()) {
