@@ -271,7 +271,7 @@ Result<> Aziende::togli(Scrittura& scrittura, const SchedaAzienda& azienda) {
   scrittura.chiudi();
   Connection& connessione = scrittura.connessione();
   const std::string sue = di(azienda.id);
-  const Result<> usi = senzaUsi(
+  Result<> usi = senzaUsi(
       connessione, "l'azienda",
       {{"Percipiente", sue, "un percipiente", "percipienti"},
        {"Compenso", sue, "un compenso", "compensi"},

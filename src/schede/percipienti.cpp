@@ -97,7 +97,7 @@ Result<> Percipienti::togli(Scrittura& scrittura, const SchedaPercipiente& perci
       " WHERE IDAzienda = " + fromInteger(percipiente.idAzienda) + " AND IDAnagrafica = " + id;
   scrittura.chiudi();
   Connection& connessione = scrittura.connessione();
-  const Result<> usi = senzaUsi(
+  Result<> usi = senzaUsi(
       connessione, "il percipiente",
       {{"Compenso", suoi, "un compenso", "compensi"},
        {"ContoIndividuale", suoi, "un conto individuale", "conti individuali"},

@@ -8,7 +8,7 @@ namespace cu {
 class FileSystemPiattaforma : public FileSystem {
  public:
   // 552 lines of 1900 bytes. A block of exactly 1 MiB is slower in the system's page cache.
-  static constexpr std::size_t kBlocco = 552 * 1900;
+  static constexpr std::size_t kBlocco = std::size_t{552} * 1900;
 
   std::unique_ptr<OutputFile> openForOutput(const std::string& path) override;
   bool fileExists(const std::string& path) override;
