@@ -15,6 +15,12 @@
 #include "apps/strumenti/tabella_vista.h"
 
 namespace cu::strumenti {
+namespace {
+
+constexpr int kMessaggioMassimo = 320;
+
+}  // namespace
+
 DialogoInviato::DialogoInviato(QWidget* parent, QDate oggi, const QString& cartella)
     : Dialogo(parent, QStringLiteral("inviato"), QStringLiteral("Segna come inviato")),
       file_(new QLineEdit(this)),
@@ -146,6 +152,13 @@ DialogoRicevuta::DialogoRicevuta(QWidget* parent, const QString& nome, const ris
        {"percipiente", "Codice fiscale", [di](std::size_t q) { return qs(di(q).letta.codiceFiscale); }},
        {"causale", "Caus.", [di](std::size_t q) { return qs(di(q).letta.causale); }},
        {"esito", "Esito", [di](std::size_t q) { return qs(di(q).letta.esito); }},
+       {"messaggio",
+        "Messaggio",
+        [di](std::size_t q) { return qs(di(q).codice.empty() ? di(q).letta.motivo : di(q).testo); },
+        false,
+        {},
+        {},
+        kMessaggioMassimo},
        {"protocollo", "Protocollo", [di](std::size_t q) { return qs(di(q).letta.protocollo); }},
        {"progressivo", "Progr.", [di](std::size_t q) { return qs(di(q).letta.progressivo); }},
        {"anno", "Anno",
@@ -157,9 +170,7 @@ DialogoRicevuta::DialogoRicevuta(QWidget* parent, const QString& nome, const ris
         [this, di](std::size_t q) {
           const riscontro::Invio* const invio = piano_.invioDi(di(q));
           return invio == nullptr ? QString() : qs(invio->nome);
-        }},
-       {"messaggio", "Messaggio",
-        [di](std::size_t q) { return qs(di(q).codice.empty() ? di(q).letta.motivo : di(q).testo); }}},
+        }}},
       this);
   tabella->mostra(piano_.righe.size());
   colonna->addWidget(tabella, 1);
