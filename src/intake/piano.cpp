@@ -1,6 +1,8 @@
 #include "intake/piano.h"
 
 #include <algorithm>
+#include <set>
+#include <string>
 #include <utility>
 
 #include "base/error.h"
@@ -18,12 +20,19 @@ void mettiRighe(Piano& piano) {
   std::size_t quante = 0;
   for (const Lettura& lettura : *piano.letture) quante += lettura.righe.size();
   piano.righe.reserve(quante);
+  std::set<std::string> impronte;  // of the files before, in this import
   for (std::size_t file = 0; file < piano.letture->size(); ++file) {
     const Lettura& lettura = (*piano.letture)[file];
     for (const Messaggio& uno : lettura.messaggi) piano.messaggi.push_back(uno);
     if (piano.archivio->impronte.contains(lettura.sha256)) {
       piano.messaggi.push_back(messaggio(Codice::F08, "il file è già stato importato"));
       piano.messaggi.back().posto = {lettura.file, lettura.foglio, 0};
+    }
+    if (!lettura.sha256.empty() && !impronte.insert(lettura.sha256).second) {
+      piano.messaggi.push_back(
+          messaggio(Codice::F08, "il file è indicato due volte: le sue righe si contano una volta sola"));
+      piano.messaggi.back().posto = {lettura.file, lettura.foglio, 0};
+      continue;
     }
     for (std::size_t i = 0; i < lettura.righe.size(); ++i) {
       piano.righe.emplace_back().posizione = {file, i};

@@ -27,6 +27,7 @@ intake::Esportazione esporta(Connection& connessione, const OpzioniExport& opzio
 
 int comandoExport(const OpzioniExport& opzioni) {
   try {
+    rifiutaDatabase("--output", opzioni.file, opzioni.database);
     DatabaseSuite database = apriDatabase(opzioni.database);
     intake::Esportazione esportate = esporta(database.ownConnection(), opzioni);
     tabelle::TabellaDaScrivere tabella;

@@ -71,8 +71,14 @@ std::vector<Lettura> leggiTutti(const OpzioniImport& opzioni, Date oggi) {
 }
 
 // A report that cannot be written is reported before anything is.
-void verificaResoconto(const std::string& file) {
+void verificaResoconto(const OpzioniImport& opzioni) {
+  const std::string& file = opzioni.resoconto;
   if (file.empty()) return;
+  for (const std::string& letto : opzioni.file) {
+    if (stessoFile(file, letto)) throw UsoSbagliato("--report: " + file + " è uno dei file da importare");
+  }
+  if (stessoFile(file, opzioni.mappa)) throw UsoSbagliato("--report: " + file + " è la mappatura");
+  rifiutaDatabase("--report", file, opzioni.database);
   const std::filesystem::path cartella = std::filesystem::absolute(file).parent_path();
   if (!canCreateFile(cartella.string()))
     throw UsoSbagliato("--report: non si può scrivere in " + cartella.string());
@@ -83,7 +89,7 @@ void verificaResoconto(const std::string& file) {
 int comandoImport(const OpzioniImport& opzioni) {
   try {
     const Date oggi = OrologioSistema().today();
-    verificaResoconto(opzioni.resoconto);
+    verificaResoconto(opzioni);
     std::vector<Lettura> letture = leggiTutti(opzioni, oggi);
     DatabaseSuite database = apriDatabase(opzioni.database);
     intake::RichiestaPiano richiesta;

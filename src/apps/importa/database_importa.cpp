@@ -1,6 +1,9 @@
 #include "apps/importa/database_importa.h"
 
+#include <filesystem>
 #include <iostream>
+#include <string_view>
+#include <system_error>
 
 #include "apps/comune/codici_uscita.h"
 #include "intake/esporta.h"
@@ -11,6 +14,18 @@ int rifiutaUso(const UsoSbagliato& errore) {
   const std::string testo = errore.what();
   if (!testo.empty()) std::cerr << testo << '\n';
   return kUsoSbagliato;
+}
+
+bool stessoFile(const std::string& uno, const std::string& altro) {
+  std::error_code errore;
+  return !uno.empty() && !altro.empty() && std::filesystem::equivalent(uno, altro, errore) && !errore;
+}
+
+void rifiutaDatabase(const char* opzione, const std::string& file, const OpzioniDatabase& database) {
+  constexpr std::string_view kIncorporato = "sqlite:";
+  if (!database.indirizzo.starts_with(kIncorporato)) return;
+  if (stessoFile(file, database.indirizzo.substr(kIncorporato.size())))
+    throw UsoSbagliato(std::string(opzione) + ": " + file + " è il database");
 }
 
 DatabaseSuite apriDatabase(const OpzioniDatabase& opzioni) {

@@ -19,6 +19,11 @@ class UsoSbagliato : public std::runtime_error {
 // Writes the line to standard error; returns the exit code.
 int rifiutaUso(const UsoSbagliato& errore);
 
+// Whether both paths name one existing file.
+bool stessoFile(const std::string& uno, const std::string& altro);
+// A file to be written that is the embedded database itself is UsoSbagliato, named by its option.
+void rifiutaDatabase(const char* opzione, const std::string& file, const OpzioniDatabase& database);
+
 // Opens the database of a command. UsoSbagliato for an address that is none; DatabaseError.
 DatabaseSuite apriDatabase(const OpzioniDatabase& opzioni);
 

@@ -1,0 +1,62 @@
+// The files of an import: none is counted twice, and none that is read is written.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "system/posto_support.h"
+
+namespace cu::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+constexpr const char* kSenzaNumeri =
+    "CodicePercipiente;Causale;DataPagamento;Onorario;RitenutaAcconto\n"
+    "P042;A;10/10/2017;1000,00;200,00\n";
+
+class FileImportati : public ::testing::Test {
+ protected:
+  FileImportati() : file_(posto_.cartella().write("compensi.csv", kSenzaNumeri)) {}
+
+  Esecuzione importa(std::vector<std::string> altri) {
+    std::vector<std::string> argomenti = {"import",     "payments",        file_, "--company", "1",
+                                          "--database", posto_.indirizzo()};
+    if (posto_.databaseDelServer() != nullptr)
+      argomenti.insert(argomenti.end(), {"--password-env", kVariabilePassword});
+    argomenti.insert(argomenti.end(), altri.begin(), altri.end());
+    return posto_.cuctl(argomenti);
+  }
+
+  Posto posto_;
+  std::string file_;
+};
+
+TEST_F(FileImportati, AFileThatIsNamedTwiceCountsOnce) {
+  const std::string copia = posto_.cartella().write("copia.csv", kSenzaNumeri);
+  const Esecuzione esito = importa({file_, copia});
+  EXPECT_EQ(esito.codice, 0) << esito.errori;
+  EXPECT_THAT(esito.uscita, StartsWith("Prova: 1 nuov"));
+  EXPECT_THAT(esito.errori,
+              HasSubstr("copia.csv: il file è indicato due volte: le sue righe si contano una volta "
+                        "sola (F08)."));
+}
+
+TEST_F(FileImportati, NothingThatIsReadIsWritten) {
+  const Esecuzione tabella = importa({"--report", file_});
+  EXPECT_EQ(tabella.codice, 2);
+  EXPECT_EQ(tabella.errori, "--report: " + file_ + " è uno dei file da importare\n");
+  EXPECT_EQ(posto_.cartella().read("compensi.csv"), kSenzaNumeri);
+  if (posto_.databaseDelServer() != nullptr) GTEST_SKIP() << "its database is not a file";
+  const std::string database = posto_.cartella() / "archivio.csv";
+  ASSERT_EQ(posto_.cuctl({"create", "--database", "sqlite:" + database, "--demo"}).codice, 0);
+  const std::string prima = posto_.cartella().read("archivio.csv");
+  const Esecuzione esportati = posto_.cuctl(
+      {"export", "payments", "--company", "1", "--database", "sqlite:" + database, "--output", database});
+  EXPECT_EQ(esportati.codice, 2);
+  EXPECT_EQ(esportati.errori, "--output: " + database + " è il database\n");
+  EXPECT_EQ(posto_.cartella().read("archivio.csv"), prima);
+}
+
+}  // namespace
+}  // namespace cu::test
