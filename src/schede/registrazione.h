@@ -20,7 +20,8 @@ struct ContoToccato {
   std::int32_t idAnagrafica = 0;
   std::int32_t idCausale = 0;
   int anno = 0;
-  friend auto operator<=>(const ContoToccato&, const ContoToccato&) = default;
+  friend auto operator<=>(const ContoToccato&,
+                          const ContoToccato&) = default;  // NOLINT(modernize-use-nullptr)
 };
 ContoToccato contoDi(const SchedaCompenso& compenso);
 

@@ -97,8 +97,8 @@ std::optional<MappaTrovata> cercaMappa(const std::string& cartella, intake::Elen
 std::string salvaMappa(const std::string& cartella, const Mappa& mappa) {
   constexpr std::size_t kCifreNelNome = 16;
   fs::create_directories(cartella);
-  const std::string file = cartella + '/' + std::string(intake::nome(mappa.elenco)) + '-' +
-                           mappa.impronta.substr(0, kCifreNelNome) + std::string(kEstensione);
+  std::string file = cartella + '/' + std::string(intake::nome(mappa.elenco)) + '-' +
+                     mappa.impronta.substr(0, kCifreNelNome) + std::string(kEstensione);
   replaceFile(file, scriviMappa(mappa));
   return file;
 }

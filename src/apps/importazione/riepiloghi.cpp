@@ -128,6 +128,7 @@ std::vector<SommaAnnoCausale> sommePerAnnoECausale(const Piano& piano) {
       ++deiConti[static_cast<std::size_t>(riga.conto)]->compensi;
   }
   std::vector<SommaAnnoCausale> ordinate;
+  ordinate.reserve(somme.size());
   for (auto& [chiave, somma] : somme) ordinate.push_back(std::move(somma));
   return ordinate;
 }

@@ -8,9 +8,6 @@
 namespace cu {
 namespace {
 
-using intake::ColonnaAzienda;
-using intake::ColonnaCompenso;
-using intake::ColonnaPercipiente;
 using intake::Elenco;
 using Genere = ColonnaRiga::Genere;
 
@@ -63,18 +60,18 @@ class ValoriDellaRiga {
 };
 
 std::vector<std::string> celleAzienda(const ValoriDellaRiga& valori) {
-  using enum ColonnaAzienda;
+  using enum intake::ColonnaAzienda;
   return {valori.primo(CodiceFiscale, PartitaIva), valori.insieme(Denominazione, Nome), valori.di(Comune)};
 }
 
 std::vector<std::string> cellePercipiente(const ValoriDellaRiga& valori) {
-  using enum ColonnaPercipiente;
+  using enum intake::ColonnaPercipiente;
   return {valori.di(Codice), valori.primo(CodiceFiscale, PartitaIva, CodiceFiscaleEstero),
           valori.insieme(Cognome, Nome), valori.di(DataNascita), valori.di(Comune)};
 }
 
 std::vector<std::string> celleCompenso(const ValoriDellaRiga& valori) {
-  using enum ColonnaCompenso;
+  using enum intake::ColonnaCompenso;
   return {valori.primo(CodicePercipiente, CodiceFiscale, PartitaIva),
           valori.di(Causale),
           valori.di(DataPagamento),

@@ -93,7 +93,7 @@ namespace {
 // "3 nuovi (2 accettate, 1 scartata)"
 QString dettiNuovi(const riscontro::PianoRicevuta& piano) {
   const std::size_t nuovi = piano.quanti(riscontro::EsitoRiga::Nuovo);
-  const QString quanti = qs(alPlurale(nuovi, "nuovo", "nuovi"));
+  QString quanti = qs(alPlurale(nuovi, "nuovo", "nuovi"));
   if (nuovi == 0) return quanti;
   return QStringLiteral("%1 (%2, %3)")
       .arg(quanti, qs(alPlurale(piano.nuovi("accettata"), "accettata", "accettate")),
