@@ -1,6 +1,7 @@
 #include "intake/esporta.h"
 
 #include <map>
+#include <tuple>
 #include <unordered_map>
 #include <utility>
 
@@ -20,6 +21,56 @@ std::string detti(std::int64_t quanti, const char* uno, const char* piu) {
 }
 
 using Somme = std::map<ChiaveConto, schede::Importi>;  // of the payments of each account
+
+// Payments that only their reference can tell apart: those of one document that are there more than once. The
+// history may know it; otherwise it is made of what they share and their place among them, so that it is the
+// same at every export.
+class Riferimenti {
+ public:
+  explicit Riferimenti(const ArchivioLetto& archivio) : archivio_(archivio) {
+    for (const auto& [riferimento, id] : archivio.riferimenti) noti_.emplace(id, riferimento);
+    for (const schede::SchedaCompenso& compenso : archivio.compensi) {
+      if (!trim(compenso.numero).empty()) ++quanti_[documento(compenso)];
+    }
+  }
+
+  // To be called for each payment, in the order of the archive; "" where it needs none.
+  std::string di(const schede::SchedaCompenso& compenso, const std::string& percipiente) {
+    const auto quanti = quanti_.find(documento(compenso));
+    const bool ripetuto = quanti != quanti_.end() && quanti->second > 1;
+    const std::size_t posto = ripetuto ? ++visti_[quanti->first] : 0;
+    const auto noto = noti_.find(compenso.id);
+    if (noto != noti_.end()) return noto->second;
+    if (!ripetuto) return {};
+    return percipiente + " " + archivio_.elenchi.causali.codice(compenso.idCausale) + " " +
+           compenso.pagamento.toIso() + " " + fromInteger(static_cast<std::int64_t>(posto)) + "/" +
+           lowerAscii(trim(compenso.numero));
+  }
+
+ private:
+  using Documento = std::tuple<std::int32_t, std::int32_t, std::int32_t, std::string>;
+  // Rows without the date of the document are compared by its number alone.
+  static Documento documento(const schede::SchedaCompenso& compenso) {
+    return {compenso.idAnagrafica, compenso.idCausale, compenso.pagamento.serial(),
+            lowerAscii(trim(compenso.numero))};
+  }
+
+  const ArchivioLetto& archivio_;
+  std::unordered_map<std::int32_t, std::string> noti_;
+  std::map<Documento, std::size_t> quanti_;
+  std::map<Documento, std::size_t> visti_;
+};
+
+// An empty cell would leave what another database has.
+void scriviZeri(std::vector<Value>& riga) {
+  using enum ColonnaCompenso;
+  for (const ColonnaCompenso colonna :
+       {QuotaNonSoggetta, SommeNonSoggette, SommeRegimeConvenzionale, RitenutaAcconto, RitenutaImposta,
+        ContributoPrevidenziale, ContributoPercipiente}) {
+    Value& valore = riga[static_cast<std::size_t>(colonna)];
+    if (valore.view().isNull()) valore = Value::ofDecimal(Decimal());
+  }
+}
 
 // What belongs to accounts and has no column.
 void lasciati(Connection& connessione, const ArchivioLetto& archivio, std::int32_t idAzienda,
@@ -81,8 +132,7 @@ Esportazione esportaCompensi(Connection& connessione, std::int32_t idAzienda, st
   const ArchivioLetto archivio(connessione, Elenco::Compensi, richiesta);
   std::unordered_map<std::int32_t, const schede::SchedaPercipiente*> percipienti;
   for (const schede::SchedaPercipiente& p : archivio.percipienti) percipienti.emplace(p.anagrafica.id, &p);
-  std::unordered_map<std::int32_t, std::string> riferimenti;
-  for (const auto& [riferimento, id] : archivio.riferimenti) riferimenti.emplace(id, riferimento);
+  Riferimenti riferimenti(archivio);
   Esportazione esportazione;
   esportazione.elenco = Elenco::Compensi;
   Somme somme;
@@ -100,10 +150,11 @@ Esportazione esportaCompensi(Connection& connessione, std::int32_t idAzienda, st
     const auto conto = archivio.conti.find(chiave);
     const std::int32_t codice = conto == archivio.conti.end() ? 0 : conto->second.idCodiceNonSoggette;
     std::vector<Value> riga = valoriCompenso(compenso, suo->second, codice, archivio.elenchi);
-    const auto riferimento = riferimenti.find(compenso.id);
-    if (riferimento != riferimenti.end()) {
-      riga[static_cast<std::size_t>(ColonnaCompenso::Riferimento)] = Value::ofText(riferimento->second);
+    const std::string riferimento = riferimenti.di(compenso, suo->second->codice);
+    if (!riferimento.empty()) {
+      riga[static_cast<std::size_t>(ColonnaCompenso::Riferimento)] = Value::ofText(riferimento);
     }
+    scriviZeri(riga);
     esportazione.righe.push_back(std::move(riga));
   }
   if (senzaPercipiente > 0) {

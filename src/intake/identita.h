@@ -1,5 +1,7 @@
 #pragma once
 
+#include <bitset>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <unordered_map>
@@ -11,6 +13,19 @@
 
 namespace cu::intake {
 
+// A payment as a row gives it. What the row does not give is empty here, and is left as the database has it.
+struct CompensoDato {
+  schede::SchedaCompenso scheda;
+  std::bitset<schede::kImporti> importi;  // those given
+  bool numero = false;                    // of the document
+  bool documento = false;                 // its date
+  std::string riferimento;
+
+  // The payment as the row leaves it; `prima` is null for a new one.
+  schede::SchedaCompenso su(const schede::SchedaCompenso* prima) const;
+  bool stessiImporti(const schede::SchedaCompenso& altro) const;
+};
+
 // What is known of a payment that a row describes.
 struct Riscontro {
   enum class Esito : std::uint8_t {
@@ -21,36 +36,40 @@ struct Riscontro {
   };
   Esito esito = Esito::Nuovo;
   const schede::SchedaCompenso* compenso = nullptr;  // of the database, for Uguale and Diverso
-  std::string dove;                                  // of Ripetuto: "nella riga 12", "in archivio più volte"
+  std::size_t voce = kSenzaVoce;                     // of Uguale: the plan's payment that the row repeats
+  std::string dove;                                  // "nella riga 12", "in archivio più volte"
 };
 
 // The identity of payments: their reference; else payee, reason, document and date of payment; without a
-// number of the document payee, reason, date and amounts, as many times as they occur.
+// number of the document payee, reason, date and amounts, as many times as they occur. Only what a row gives
+// is compared. Rows of different references are different payments.
 class Identita {
  public:
   // The plan's payments are those of the rows judged so far.
   Identita(const Piano& piano, const ArchivioLetto& archivio);
 
-  Riscontro cerca(const schede::SchedaCompenso& scheda, const std::string& riferimento);
+  Riscontro cerca(const CompensoDato& dato);
   // A row that was judged becomes the plan's payment of that number: later rows may repeat it.
-  void aggiungi(const schede::SchedaCompenso& scheda, const std::string& riferimento, std::size_t voce);
+  void aggiungi(const CompensoDato& dato, std::size_t voce);
 
  private:
   using Compenso = const schede::SchedaCompenso*;
 
-  Riscontro neiFile(const schede::SchedaCompenso& scheda, const std::string& chiave) const;
-  Riscontro nellArchivio(const schede::SchedaCompenso& scheda, const std::string& riferimento);
-  Riscontro senzaNumero(const schede::SchedaCompenso& scheda, bool conRiferimento);
+  Riscontro neiFile(const CompensoDato& dato, const std::string& chiave) const;
+  Riscontro nellArchivio(const CompensoDato& dato);
+  std::vector<Compenso> conNumero(const CompensoDato& dato) const;
+  Riscontro senzaNumero(const CompensoDato& dato);
   bool possibile(Compenso compenso, bool conRiferimento) const;
 
   const Piano& piano_;
   const ArchivioLetto& archivio_;
   std::unordered_map<std::int32_t, Compenso> perId_;
   std::unordered_set<std::int32_t> conRiferimento_;
-  std::unordered_map<std::string, std::vector<Compenso>> perDocumento_;
+  std::unordered_map<std::string, std::vector<Compenso>> perNumero_;
   std::unordered_map<std::string, std::vector<Compenso>> perImporti_;  // without a number
-  std::unordered_set<std::int32_t> usati_;                             // of those, met by a row
-  std::unordered_map<std::string, std::uint32_t> visti_;               // the plan's payments
+  std::unordered_map<std::string, std::vector<Compenso>> perGiorno_;   // the same ones
+  std::unordered_set<std::int32_t> usati_;                // met by a row, which no other one means
+  std::unordered_map<std::string, std::uint32_t> visti_;  // the plan's payments
 };
 
 }  // namespace cu::intake

@@ -22,104 +22,112 @@ std::optional<Decimal> aliquotaUsuale(std::string_view causale) {
   return Decimal::fromInteger(regola->aliquota);
 }
 
-class ImportiCompenso {
+// What a row has of its columns.
+class ColonneCompenso {
  public:
-  ImportiCompenso(RigaInCorso& corso, std::string_view causale) : corso_(corso), causale_(causale) {}
+  explicit ColonneCompenso(const RigaInCorso& corso) : letta_(corso.letta()) {}
 
-  Importi calcola() {
+  bool ha(ColonnaCompenso colonna) const { return letta_.ha(colonna); }
+  // With a value, or to be emptied.
+  bool da(ColonnaCompenso colonna) const { return letta_.campo(colonna) != nullptr; }
+  Decimal dato(ColonnaCompenso colonna) const { return letta_.valore(colonna).decimal(); }
+  bool daLordo() const { return !ha(ColonnaCompenso::Onorario) && ha(ColonnaCompenso::Lordo); }
+
+ private:
+  const RigaLetta& letta_;
+};
+
+class ImportiDellaRiga {
+ public:
+  explicit ImportiDellaRiga(RigaInCorso& corso) : corso_(corso), riga_(corso) {}
+
+  ImportiDati calcola() {
     using enum ColonnaCompenso;
-    di(I::SommeNonSoggette) = dato(SommeNonSoggette);
-    di(I::RegimeConvenzionale) = dato(SommeRegimeConvenzionale);
-    di(I::RitenutaImposta) = dato(RitenutaImposta);
+    dai(I::SommeNonSoggette, SommeNonSoggette);
+    dai(I::RegimeConvenzionale, SommeRegimeConvenzionale);
+    dai(I::RitenutaImposta, RitenutaImposta);
+    dai(I::Onorario, Onorario);
+    dai(I::QuotaNonSoggetta, QuotaNonSoggetta);
+    dai(I::RitenutaAcconto, RitenutaAcconto);
+    dai(I::ContributoPrevidenziale, ContributoPrevidenziale);
+    dai(I::ContributoPercipiente, ContributoPercipiente);
     onorario();
     quota();
     ritenuta();
     contributi();
-    controlla();
-    return importi_;
+    return dati_;
   }
 
  private:
-  Decimal& di(I importo) { return importi_[posto(importo)]; }
-  bool ha(ColonnaCompenso colonna) const { return corso_.letta().ha(colonna); }
-  Decimal dato(ColonnaCompenso colonna) const { return corso_.letta().valore(colonna).decimal(); }
-  Decimal base() { return di(I::Onorario) - di(I::QuotaNonSoggetta); }
-  Decimal lordo() { return di(I::Onorario) + di(I::SommeNonSoggette) + di(I::RegimeConvenzionale); }
+  Decimal di(I importo) const { return dati_.importi[posto(importo)]; }
+  bool dato(I importo) const { return dati_.dati[posto(importo)]; }
+  void dai(I importo, ColonnaCompenso colonna) {
+    dati_.importi[posto(importo)] = riga_.dato(colonna);
+    dati_.dati[posto(importo)] = riga_.da(colonna);
+  }
+  // `certo`: the row gives what the amount follows from, so that it counts as given.
+  void deriva(I importo, ColonnaCompenso colonna, Decimal valore, bool certo) {
+    dati_.importi[posto(importo)] = valore;
+    dati_.dati[posto(importo)] = certo;
+    corso_.derivato(colonna);
+  }
 
   void onorario() {
     using enum ColonnaCompenso;
-    if (ha(Onorario)) {
-      di(I::Onorario) = dato(Onorario);
-    } else if (ha(Lordo)) {
-      di(I::Onorario) = dato(Lordo) - di(I::SommeNonSoggette) - di(I::RegimeConvenzionale);
-      daLordo_ = true;
-      corso_.derivato(Onorario);
-    }
+    if (!riga_.daLordo()) return;
+    deriva(I::Onorario, Onorario, riga_.dato(Lordo) - di(I::SommeNonSoggette) - di(I::RegimeConvenzionale),
+           true);
   }
 
   void quota() {
     using enum ColonnaCompenso;
-    if (ha(QuotaNonSoggetta)) {
-      di(I::QuotaNonSoggetta) = dato(QuotaNonSoggetta);
-    } else if (ha(PercentualeImponibile)) {
-      di(I::QuotaNonSoggetta) = di(I::Onorario) - percento(di(I::Onorario), dato(PercentualeImponibile));
-      corso_.derivato(QuotaNonSoggetta);
-    } else if (daLordo_ && ha(Imponibile)) {
-      di(I::QuotaNonSoggetta) = di(I::Onorario) - dato(Imponibile);
-      corso_.derivato(QuotaNonSoggetta);
+    if (riga_.ha(QuotaNonSoggetta)) return;
+    if (riga_.ha(PercentualeImponibile)) {
+      deriva(I::QuotaNonSoggetta, QuotaNonSoggetta,
+             di(I::Onorario) - percento(di(I::Onorario), riga_.dato(PercentualeImponibile)),
+             dato(I::Onorario));
+    } else if (riga_.daLordo() && riga_.ha(Imponibile)) {
+      deriva(I::QuotaNonSoggetta, QuotaNonSoggetta, di(I::Onorario) - riga_.dato(Imponibile), true);
     }
   }
 
   void ritenuta() {
     using enum ColonnaCompenso;
-    std::optional<Decimal> aliquota;
-    if (ha(AliquotaRitenuta)) aliquota = dato(AliquotaRitenuta);
-    if (!ha(RitenutaAcconto)) {
-      if (!aliquota || ha(RitenutaImposta)) return;
-      di(I::RitenutaAcconto) = percento(base(), *aliquota);
-      return corso_.derivato(RitenutaAcconto);
-    }
-    di(I::RitenutaAcconto) = dato(RitenutaAcconto);
-    if (!aliquota && !dato(RitenutaAcconto).isZero()) aliquota = aliquotaUsuale(causale_);
-    if (!aliquota) return;
-    const Decimal attesa = percento(base(), *aliquota);
-    const Decimal scarto = (attesa - di(I::RitenutaAcconto)).abs();
-    if (scarto.isZero()) return;
-    const std::string testo = "la ritenuta non è il " + aliquota->toText() +
-                              " % dell'imponibile: " + euro(di(I::RitenutaAcconto)) + " invece di " +
-                              euro(attesa);
-    if (scarto <= Decimal::fromScaled(100)) {
-      corso_.segnala(Codice::R09, RitenutaAcconto, testo);
-    } else if (daLordo_ && !ha(Imponibile) && !ha(QuotaNonSoggetta) && !ha(PercentualeImponibile)) {
-      corso_.segnala(Codice::R02, Lordo, "l'imponibile non si ricava dal lordo: " + testo);
-    } else {
-      corso_.segnala(Codice::R01, RitenutaAcconto, testo);
-    }
+    if (riga_.ha(RitenutaAcconto) || riga_.ha(RitenutaImposta) || !riga_.ha(AliquotaRitenuta)) return;
+    deriva(I::RitenutaAcconto, RitenutaAcconto,
+           percento(di(I::Onorario) - di(I::QuotaNonSoggetta), riga_.dato(AliquotaRitenuta)),
+           dato(I::Onorario));
   }
 
   void contributi() {
     using enum ColonnaCompenso;
-    di(I::ContributoPercipiente) = dato(ContributoPercipiente);
-    if (ha(ContributoPrevidenziale)) {
-      di(I::ContributoPrevidenziale) = dato(ContributoPrevidenziale);
-      if (ha(ContributoDitta) && !ha(ContributoPercipiente)) {
-        di(I::ContributoPercipiente) = dato(ContributoPrevidenziale) - dato(ContributoDitta);
-        corso_.derivato(ContributoPercipiente);
-      } else if (ha(ContributoDitta) &&
-                 dato(ContributoDitta) + dato(ContributoPercipiente) != dato(ContributoPrevidenziale)) {
-        corso_.segnala(Codice::R14, ContributoPrevidenziale,
-                       "le due parti del contributo danno " +
-                           euro(dato(ContributoDitta) + dato(ContributoPercipiente)) + ", non " +
-                           euro(dato(ContributoPrevidenziale)));
-      }
-    } else if (ha(ContributoDitta) || ha(ContributoPercipiente)) {
-      di(I::ContributoPrevidenziale) = dato(ContributoDitta) + dato(ContributoPercipiente);
-      corso_.derivato(ContributoPrevidenziale);
+    const bool ditta = riga_.ha(ContributoDitta);
+    const bool percipiente = riga_.ha(ContributoPercipiente);
+    if (riga_.ha(ContributoPrevidenziale)) {
+      if (!ditta || percipiente) return;
+      deriva(I::ContributoPercipiente, ContributoPercipiente,
+             riga_.dato(ContributoPrevidenziale) - riga_.dato(ContributoDitta), true);
+    } else if (ditta || percipiente) {
+      // Of the payee's part alone the total does not follow where the payment already has one.
+      deriva(I::ContributoPrevidenziale, ContributoPrevidenziale,
+             riga_.dato(ContributoDitta) + riga_.dato(ContributoPercipiente), ditta);
     }
   }
 
-  void controlla() {
+  RigaInCorso& corso_;
+  ColonneCompenso riga_;
+  ImportiDati dati_;
+};
+
+class ControlloImporti {
+ public:
+  ControlloImporti(RigaInCorso& corso, std::string_view causale, const Importi& importi, const Importi* prima)
+      : corso_(corso), riga_(corso), causale_(causale), importi_(importi), prima_(prima) {}
+
+  void esegui() {
     using enum ColonnaCompenso;
+    ritenuta();
+    contributi();
     confronta(Lordo, lordo(), "il lordo");
     confronta(Imponibile, base(), "l'imponibile");
     confronta(Netto, lordo() - di(I::RitenutaAcconto) - di(I::RitenutaImposta) - di(I::ContributoPercipiente),
@@ -133,22 +141,67 @@ class ImportiCompenso {
     }
   }
 
+ private:
+  Decimal di(I importo) const { return importi_[posto(importo)]; }
+  Decimal base() const { return di(I::Onorario) - di(I::QuotaNonSoggetta); }
+  Decimal lordo() const { return di(I::Onorario) + di(I::SommeNonSoggette) + di(I::RegimeConvenzionale); }
+
+  void ritenuta() {
+    using enum ColonnaCompenso;
+    if (!riga_.ha(RitenutaAcconto) && (prima_ == nullptr || *prima_ == importi_)) return;
+    std::optional<Decimal> aliquota;
+    if (riga_.ha(AliquotaRitenuta) && (riga_.ha(RitenutaAcconto) || !riga_.ha(RitenutaImposta))) {
+      aliquota = riga_.dato(AliquotaRitenuta);
+    } else if (!di(I::RitenutaAcconto).isZero()) {
+      aliquota = aliquotaUsuale(causale_);
+    }
+    if (!aliquota) return;
+    const Decimal attesa = percento(base(), *aliquota);
+    const Decimal scarto = (attesa - di(I::RitenutaAcconto)).abs();
+    if (scarto.isZero()) return;
+    const std::string testo = "la ritenuta non è il " + aliquota->toText() +
+                              " % dell'imponibile: " + euro(di(I::RitenutaAcconto)) + " invece di " +
+                              euro(attesa);
+    if (scarto <= Decimal::fromScaled(100)) {
+      corso_.segnala(Codice::R09, RitenutaAcconto, testo);
+    } else if (riga_.daLordo() && !riga_.ha(Imponibile) && !riga_.ha(QuotaNonSoggetta) &&
+               !riga_.ha(PercentualeImponibile)) {
+      corso_.segnala(Codice::R02, Lordo, "l'imponibile non si ricava dal lordo: " + testo);
+    } else {
+      corso_.segnala(Codice::R01, RitenutaAcconto, testo);
+    }
+  }
+
+  void contributi() {
+    using enum ColonnaCompenso;
+    if (!riga_.ha(ContributoDitta)) return;
+    const Decimal parti = riga_.dato(ContributoDitta) + di(I::ContributoPercipiente);
+    if (parti == di(I::ContributoPrevidenziale)) return;
+    corso_.segnala(
+        Codice::R14, ContributoPrevidenziale,
+        "le due parti del contributo danno " + euro(parti) + ", non " + euro(di(I::ContributoPrevidenziale)));
+  }
+
   void confronta(ColonnaCompenso colonna, Decimal risulta, const std::string& cosa) {
-    if (!ha(colonna) || dato(colonna) == risulta) return;
+    if (!riga_.ha(colonna) || riga_.dato(colonna) == risulta) return;
     corso_.segnala(Codice::R14, colonna,
-                   cosa + " della riga è " + euro(dato(colonna)) + ", ma risulta " + euro(risulta));
+                   cosa + " della riga è " + euro(riga_.dato(colonna)) + ", ma risulta " + euro(risulta));
   }
 
   RigaInCorso& corso_;
+  ColonneCompenso riga_;
   std::string_view causale_;
-  Importi importi_{};
-  bool daLordo_ = false;
+  const Importi& importi_;
+  const Importi* prima_;
 };
 
 }  // namespace
 
-Importi importiDelCompenso(RigaInCorso& corso, std::string_view causale) {
-  return ImportiCompenso(corso, causale).calcola();
+ImportiDati importiDati(RigaInCorso& corso) { return ImportiDellaRiga(corso).calcola(); }
+
+void controllaImporti(RigaInCorso& corso, std::string_view causale, const schede::Importi& importi,
+                      const schede::Importi* prima) {
+  ControlloImporti(corso, causale, importi, prima).esegui();
 }
 
 }  // namespace cu::intake

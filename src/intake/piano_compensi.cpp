@@ -41,21 +41,24 @@ class PianoCompensi {
     if (!daPianificare(corso)) return;
     if (diAltroAnno(corso)) return;
     const schede::SchedaPercipiente* percipiente = nullptr;
-    Voce<SchedaCompenso> voce;
+    CompensoDato dato;
     AccantoCompenso accanto;
-    if (!trova(corso, percipiente) || !componi(corso, *percipiente, voce.dopo, accanto)) {
+    if (!trova(corso, percipiente) || !componi(corso, *percipiente, dato, accanto)) {
       riga.stato = corso.stato(StatoRiga::Errore);
       return;
     }
+    Voce<SchedaCompenso> voce;
     voce.riga = static_cast<std::size_t>(&riga - piano_.righe.data());
-    const Riscontro riscontro = identita_.cerca(voce.dopo, accanto.riferimento);
-    if (riscontro.compenso != nullptr) {
-      voce.prima = *riscontro.compenso;
-      voce.dopo.id = riscontro.compenso->id;
-    }
+    const Riscontro riscontro = identita_.cerca(dato);
+    if (riscontro.compenso != nullptr) voce.prima = *riscontro.compenso;
+    voce.dopo =
+        riscontro.esito == Riscontro::Esito::Uguale && voce.prima ? *voce.prima : dato.su(riscontro.compenso);
+    const std::string_view causale = trim(archivio_.elenchi.causali.codice(voce.dopo.idCausale));
+    controllaImporti(corso, causale, voce.dopo.importi, voce.prima ? &voce.prima->importi : nullptr);
+    causaleDellAnno(corso, causale, voce.dopo.pagamento.year());
     giudica(corso, riscontro, voce, accanto);
     riga.voce = piano_.compensi.size();
-    identita_.aggiungi(voce.dopo, accanto.riferimento, riga.voce);
+    identita_.aggiungi(dato, riga.voce);
     piano_.compensi.push_back(std::move(voce));
     piano_.accantoCompensi.push_back(std::move(accanto));
   }
@@ -90,23 +93,27 @@ class PianoCompensi {
     return false;
   }
 
-  bool componi(RigaInCorso& corso, const schede::SchedaPercipiente& percipiente, SchedaCompenso& scheda,
+  bool componi(RigaInCorso& corso, const schede::SchedaPercipiente& percipiente, CompensoDato& dato,
                AccantoCompenso& accanto) {
     using enum ColonnaCompenso;
     const RigaLetta& letta = corso.letta();
     const auto causale = idDelCodice(corso, static_cast<std::uint8_t>(Causale), letta.valore(Causale).text(),
                                      archivio_.elenchi.causali);
     if (!causale) return false;
+    SchedaCompenso& scheda = dato.scheda;
     scheda.idAzienda = piano_.richiesta.idAzienda;
     scheda.idAnagrafica = percipiente.anagrafica.id;
     scheda.idCausale = *causale;
     scheda.pagamento = letta.valore(DataPagamento).date();
     scheda.numero = std::string(letta.valore(NumeroDocumento).text());
     scheda.documento = letta.valore(DataDocumento).date();
-    const std::string_view codice = archivio_.elenchi.causali.codice(*causale);
-    scheda.importi = importiDelCompenso(corso, trim(codice));
-    causaleDellAnno(corso, trim(codice), scheda.pagamento.year());
-    accanto.riferimento = std::string(letta.valore(Riferimento).text());
+    dato.numero = letta.campo(NumeroDocumento) != nullptr;
+    dato.documento = letta.campo(DataDocumento) != nullptr;
+    const ImportiDati importi = importiDati(corso);
+    scheda.importi = importi.importi;
+    dato.importi = importi.dati;
+    dato.riferimento = std::string(letta.valore(Riferimento).text());
+    accanto.riferimento = dato.riferimento;
     if (letta.ha(CodiceNonSoggette)) {
       const auto id = idDelCodice(corso, static_cast<std::uint8_t>(CodiceNonSoggette),
                                   letta.valore(CodiceNonSoggette).text(), archivio_.elenchi.nonSoggette);
@@ -133,16 +140,27 @@ class PianoCompensi {
         riga.stato = corso.stato(StatoRiga::Nuovo);
         return;
       case Riscontro::Esito::Ripetuto:
-        corso.segnala(Codice::R04, "lo stesso documento è, con altri dati, " + riscontro.dove);
-        riga.messaggi.back().gravita = Gravita::Errore;
-        riga.stato = StatoRiga::Errore;
-        return;
+        return contraddetta(corso, riscontro);
       case Riscontro::Esito::Uguale:
+        if (riscontro.voce != kSenzaVoce) return ripetuta(corso, riscontro, accanto);
         if (codiceUguale(voce.dopo, accanto)) return corso.uguale();
         return corso.diverso("codice delle somme non soggette");
       case Riscontro::Esito::Diverso:
         return corso.diverso(differenze(*voce.prima, voce.dopo));
     }
+  }
+
+  static void contraddetta(RigaInCorso& corso, const Riscontro& riscontro) {
+    corso.segnala(Codice::R04, "lo stesso documento è, con altri dati, " + riscontro.dove);
+    corso.riga().messaggi.back().gravita = Gravita::Errore;
+    corso.riga().stato = StatoRiga::Errore;
+  }
+
+  // A row that gives again what an earlier one gives.
+  void ripetuta(RigaInCorso& corso, const Riscontro& riscontro, const AccantoCompenso& accanto) const {
+    const AccantoCompenso& suo = piano_.accantoCompensi[riscontro.voce];
+    if (suo.idCodiceNonSoggette != accanto.idCodiceNonSoggette) return contraddetta(corso, riscontro);
+    corso.uguale(riscontro.dove);
   }
 
   // The code of the sums not subject is the account's.

@@ -52,8 +52,8 @@ StatoRiga RigaInCorso::stato(StatoRiga altrimenti) const {
   return daDecidere ? StatoRiga::DaDecidere : altrimenti;
 }
 
-void RigaInCorso::uguale() {
-  segnala(Codice::R03, "già presente, uguale");
+void RigaInCorso::uguale(const std::string& dove) {
+  segnala(Codice::R03, "già presente, uguale" + (dove.empty() ? dove : ", " + dove));
   riga_.stato = stato(StatoRiga::Uguale);
 }
 

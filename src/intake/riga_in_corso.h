@@ -36,8 +36,8 @@ class RigaInCorso {
   StatoRiga stato(StatoRiga altrimenti) const;
   bool conErrori() const { return stato(StatoRiga::Nuovo) == StatoRiga::Errore; }
 
-  // Of a record that is there: equal, or different with the columns that differ.
-  void uguale();
+  // Of a record that is there: equal, `dove` where it is another row; or different, with what differs.
+  void uguale(const std::string& dove = {});
   void diverso(const std::string& cosa);
 
  private:

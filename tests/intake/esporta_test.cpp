@@ -76,6 +76,37 @@ TEST(Esporta, TheDemonstrationCompanyComesBackWithTheSameAccounts) {
 
 TEST(Esporta, ASyntheticCompanyComesBackWithTheSameAccounts) { andataERitorno(ContenutoArchivio::Sintetico); }
 
+TEST(Esporta, ADocumentThatIsThereTwiceComesBackTwice) {
+  Banco origine{prova::riempito()};
+  for (const char* valori : {"11, '20170320', '1/2017', 1000", "12, '20170320', '1/2017', 600"}) {
+    origine->Execute(
+        std::string("INSERT INTO Compenso (IDAzienda, IDAnagrafica, IDCausalePagamento, IDCompenso,"
+                    " DataPagamento, NumeroDocumento, OnorarioProvvigioni) SELECT 1, IDAnagrafica, 1, ") +
+        valori + " FROM Percipiente WHERE Codice = 'P1'");
+  }
+  const std::string compensi = csv(esportaCompensi(*origine, 1, std::nullopt));
+  EXPECT_EQ(csv(esportaCompensi(*origine, 1, 2017)),
+            compensi.substr(0, compensi.find("\"P2\"")) +
+                compensi.substr(compensi.find("\n", compensi.find("\"P2\"")) + 1))
+      << "references do not depend on the year";
+  EXPECT_EQ(Banco::stati(origine.piano(Elenco::Compensi, compensi)), "uguale uguale uguale uguale uguale");
+  Banco nuova;
+  ASSERT_THAT(nuova.importa(Elenco::Aziende, csv(esportaAziende(*origine, 1)), "a.csv"), IsEmpty());
+  ASSERT_THAT(nuova.importa(Elenco::Percipienti, csv(esportaPercipienti(*origine, 1)), "p.csv"), IsEmpty());
+  ASSERT_THAT(nuova.importa(Elenco::Compensi, compensi, "c.csv"), IsEmpty());
+  EXPECT_EQ(nuova.quante("Compenso"), 5);
+  EXPECT_EQ(nuova.uno("SELECT SUM(OnorarioProvvigioni) FROM Compenso"), "3400");
+  EXPECT_EQ(csv(esportaCompensi(*nuova, 1, std::nullopt)), compensi);
+  EXPECT_FALSE(nuova.piano(Elenco::Compensi, compensi).scrive());
+}
+
+TEST(Esporta, AmountsOfZeroAreWritten) {
+  Banco suo{prova::riempito()};
+  const std::string compensi = csv(esportaCompensi(*suo, 1, std::nullopt));
+  suo->Execute("UPDATE Compenso SET QuotaProvvigioniNonSoggette = 5 WHERE IDCompenso = 1");
+  EXPECT_EQ(Banco::stati(suo.piano(Elenco::Compensi, compensi)), "diverso uguale uguale");
+}
+
 TEST(Esporta, WhatHasNoPlaceInTheTablesIsListed) {
   Banco demo(ContenutoArchivio::Dimostrativo);
   const Esportazione compensi = esportaCompensi(*demo, 1, 2014);
