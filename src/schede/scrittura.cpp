@@ -5,6 +5,8 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "schede/conteggio.h"
+#include "schede/righe.h"
 
 namespace cu::schede {
 namespace {
@@ -57,6 +59,22 @@ std::string elencoColonne(const TabellaSuite& tabella) {
     testo.append(tabella.nome).append(".").append(colonna.nome);
   }
   return testo;
+}
+
+// The greatest id that imports gave. Rows that are gone since keep theirs: the history refers to it.
+std::int32_t ultimoNelloStorico(Connection& connessione, const TabellaSuite& tabella) {
+  if (tabellaSuite(tabella.nome) == nullptr || !haTabella(connessione, "CuImportazioneRiga")) return 0;
+  RowStore righe;
+  connessione.Query("SELECT Chiave FROM CuImportazioneRiga WHERE Operazione = 'inserita' AND Tabella = '" +
+                        std::string(tabella.nome) + "'",
+                    righe);
+  std::int64_t ultimo = 0;
+  CellView chiave;
+  for (std::size_t i = 0; i < righe.size(); ++i) {
+    righe.read(i, &chiave);
+    ultimo = std::max(ultimo, leadingInteger(chiave.text()));
+  }
+  return static_cast<std::int32_t>(ultimo);
 }
 
 }  // namespace
@@ -124,7 +142,7 @@ std::int32_t Scrittura::nuovoId(const TabellaSuite& tabella, std::int32_t almeno
     connessione_.Query(domanda + " WITH (TABLOCKX, HOLDLOCK)", righe);
     CellView massimo;
     if (righe.size() > 0) righe.read(0, &massimo);
-    ultimo->second = static_cast<std::int32_t>(massimo.integer());
+    ultimo->second = std::max(idIn(massimo), ultimoNelloStorico(connessione_, tabella));
   }
   constexpr std::int32_t kMassimo = 2147483647;
   if (ultimo->second == kMassimo) {

@@ -33,8 +33,9 @@ class Scrittura {
 
   Connection& connessione() { return connessione_; }
 
-  // The next free id of a table with a key of one column: the greatest one plus 1. The first call of a
-  // transaction locks the table until its end, so that no other program gives the same one.
+  // The next free id of a table with a key of one column: the greatest one plus 1, of the rows that
+  // are there and of those that imports inserted and that are gone. The first call of a transaction locks the
+  // table until its end, so that no other program gives the same one.
   std::int32_t nuovoId(const TabellaSuite& tabella, std::int32_t almeno = 1);
 
   void inserisci(const TabellaSuite& tabella, const Riga& riga);

@@ -165,5 +165,19 @@ TEST(Storico, KeepsBatchesFilesAndCounts) {
   EXPECT_EQ(storico(*banco, 2).size(), 1U) << "batches of companies belong to none";
 }
 
+TEST(ImportaCompensi, AReferenceDoesNotFollowARowThatCameLater) {
+  Banco banco(prova::riempito());
+  const std::string colonne =
+      "CodicePercipiente;Causale;DataPagamento;NumeroDocumento;Onorario;Riferimento\n";
+  const std::string prima = "P1;M;2014-09-20;3;100;R-1\n";
+  ASSERT_THAT(banco.importa(Elenco::Compensi, colonne + prima), IsEmpty());
+  const std::string id = banco.uno("SELECT MAX(IDCompenso) FROM Compenso");
+  banco->Execute("DELETE FROM Compenso WHERE IDCompenso = " + id);
+  banco->Execute("DELETE FROM ContoIndividuale WHERE Anno = 2014");
+  ASSERT_THAT(banco.importa(Elenco::Compensi, colonne + "P1;M;2014-10-20;4;70;\n", "g.csv"), IsEmpty());
+  EXPECT_EQ(banco.uno("SELECT MAX(IDCompenso) FROM Compenso"), std::to_string(std::stoi(id) + 1));
+  EXPECT_EQ(Banco::stati(banco.piano(Elenco::Compensi, colonne + prima)), "nuovo");
+}
+
 }  // namespace
 }  // namespace cu::intake

@@ -269,5 +269,18 @@ TEST(SchedeArchivio, OneThatThisProgramHasCreatedIsMarked) {
   EXPECT_FALSE(archivioProprio(*altro));
 }
 
+TEST(NuoviId, AreNoneThatTheHistoryOfImportsKnows) {
+  EmptyArchive archivio;
+  archivio->Execute(
+      "INSERT INTO CuImportazioneRiga (IDImportazione, Numero, Tabella, Chiave, Operazione)"
+      " VALUES (1, 1, 'Anagrafica', '9', 'inserita'), (1, 2, 'Anagrafica', '12', 'inserita'),"
+      " (1, 3, 'Compenso', '40', 'inserita'), (1, 4, 'ContoIndividuale', '99,1,2017', 'inserita')");
+  EXPECT_EQ(Scrittura(*archivio).nuovoId(kAnagrafica), 13);
+  EXPECT_EQ(Scrittura(*archivio).nuovoId(kCompenso), 41);
+  EXPECT_EQ(Scrittura(*archivio).nuovoId(kAzienda), 1);
+  archivio->Execute("DROP TABLE CuImportazioneRiga");
+  EXPECT_EQ(Scrittura(*archivio).nuovoId(kAnagrafica), 1) << "a database without a history";
+}
+
 }  // namespace
 }  // namespace cu::schede
