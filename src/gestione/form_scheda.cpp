@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/ascii.h"
 #include "base/codice_fiscale.h"
 #include "base/text.h"
 #include "base/windows1252.h"
@@ -13,6 +14,9 @@ namespace {
 
 constexpr std::size_t kMassimoTesto = 255;
 
+bool sonoCifre(const std::string& testo, std::size_t almeno, std::size_t alPiu) {
+  return testo.size() >= almeno && testo.size() <= alPiu && std::all_of(testo.begin(), testo.end(), isDigit);
+}
 bool daControllo(char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
 
 }  // namespace
@@ -91,6 +95,32 @@ void FormScheda::avvisaPartitaIva(const TextBox& casella, std::vector<std::strin
   if (!difetto.empty()) avvisi.push_back("Partita IVA: " + codice + ". " + difetto);
 }
 
+void FormScheda::avvisaCap(const TextBox& casella, std::vector<std::string>& avvisi) {
+  constexpr std::size_t kCifreCap = 5;
+  const std::string cap = testoDi(casella);
+  if (!cap.empty() && !sonoCifre(cap, kCifreCap, kCifreCap))
+    avvisi.push_back("CAP: «" + cap + "» non è di 5 cifre.");
+}
+
+void FormScheda::avvisaEmail(const TextBox& casella, std::vector<std::string>& avvisi) {
+  const std::string indirizzo = testoDi(casella);
+  const std::size_t chiocciola = indirizzo.find('@');
+  const bool buono = chiocciola != std::string::npos && chiocciola > 0 &&
+                     indirizzo.find('@', chiocciola + 1) == std::string::npos &&
+                     indirizzo.find('.', chiocciola + 2) != std::string::npos && indirizzo.back() != '.' &&
+                     indirizzo.find(' ') == std::string::npos;
+  if (!indirizzo.empty() && !buono)
+    avvisi.push_back("Posta elettronica: «" + indirizzo + "» non è un indirizzo.");
+}
+
+void FormScheda::avvisaAttivita(const TextBox& casella, std::vector<std::string>& avvisi) {
+  constexpr std::size_t kCifreDivisione = 2;
+  constexpr std::size_t kCifreAttivita = 6;
+  const std::string codice = codiceAttivitaDi(casella);
+  if (!codice.empty() && !sonoCifre(codice, kCifreDivisione, kCifreAttivita))
+    avvisi.push_back("Codice attività: «" + testoDi(casella) + "» non è di sei cifre al più, come 692011.");
+}
+
 bool FormScheda::dataAmmessa(DateBox& casella, std::string_view nome) {
   if (trim(casella.text()).empty() || casella.date()) return true;
   return rifiuta(std::string(nome) + ": «" + casella.text() +
@@ -123,6 +153,12 @@ std::string testoDi(const TextBox& casella) {
 }
 
 std::string codiceDi(const TextBox& casella) { return codiceRipulito(testoDi(casella)); }
+
+std::string codiceAttivitaDi(const TextBox& casella) {
+  std::string codice = codiceDi(casella);
+  std::erase(codice, '.');
+  return codice;
+}
 
 Date giornoDi(const DateBox& casella) { return casella.date().value_or(Date()); }
 

@@ -48,6 +48,10 @@ class FormScheda : public Form {
   // The codes of a form: one without the shape of one is refused.
   bool codiceAmmesso(TextBox& casella, std::string_view nome, std::vector<std::string>& avvisi);
   static void avvisaPartitaIva(const TextBox& casella, std::vector<std::string>& avvisi);
+  // What the telematic file would carry as it is typed, and the authority could reject.
+  static void avvisaCap(const TextBox& casella, std::vector<std::string>& avvisi);
+  static void avvisaEmail(const TextBox& casella, std::vector<std::string>& avvisi);
+  static void avvisaAttivita(const TextBox& casella, std::vector<std::string>& avvisi);
   bool dataAmmessa(DateBox& casella, std::string_view nome);
   static void avvisaCaratteri(std::initializer_list<const TextBox*> caselle,
                               std::vector<std::string>& avvisi);
@@ -60,6 +64,8 @@ class FormScheda : public Form {
 std::string testoDi(const TextBox& casella);
 // The same as a code.
 std::string codiceDi(const TextBox& casella);
+// The same as a code of activities, which is printed with points and filed without.
+std::string codiceAttivitaDi(const TextBox& casella);
 Date giornoDi(const DateBox& casella);
 void mostraGiorno(DateBox& casella, Date giorno);
 void limitaTesti(std::initializer_list<TextBox*> caselle);

@@ -142,7 +142,7 @@ SchedaAzienda FrmAzienda::raccolta() const {
   sede.personaFisica = chkPersonaFisica.value();
   sede.anagrafica = testoDi(txtDenominazione);
   sede.nome = sede.personaFisica ? testoDi(txtNome) : std::string();
-  azienda.codiceAttivita = testoDi(txtCodiceAttivita);
+  azienda.codiceAttivita = codiceAttivitaDi(txtCodiceAttivita);
   sede.indirizzo = testoDi(txtIndirizzo);
   sede.cap = testoDi(txtCap);
   sede.idComune = idScelto(TownComune);
@@ -191,6 +191,9 @@ bool FrmAzienda::ammessa(std::vector<std::string>& avvisi) {
     return false;
   }
   avvisaPartitaIva(txtPartitaIva, avvisi);
+  avvisaAttivita(txtCodiceAttivita, avvisi);
+  avvisaCap(txtCap, avvisi);
+  avvisaEmail(txtEmail, avvisi);
   avvisaCaratteri({&txtDenominazione, &txtNome, &txtIndirizzo, &txtRappCognome, &txtRappNome}, avvisi);
   avvisaDoppioni(azienda, avvisi);
   return true;

@@ -224,6 +224,7 @@ bool FrmPercipiente::ammesso(std::vector<std::string>& avvisi) {
   if (!percipiente.anagrafica.personaFisica && esame_.derivati) {
     avvisi.push_back("Il codice fiscale è di una persona fisica.");
   }
+  if (TownComune.enabled()) avvisaCap(txtCap, avvisi);
   avvisaCaratteri({&txtCognome, &txtNome, &txtIndirizzo, &txtLocalita}, avvisi);
   avvisaDoppioni(percipiente, avvisi);
   return true;

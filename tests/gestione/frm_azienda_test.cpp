@@ -86,6 +86,29 @@ TEST_F(FrmAziendaTest, AWrongControlLetterIsAWarningThatTheUserMayPass) {
   EXPECT_TRUE(form.OK());
 }
 
+TEST_F(FrmAziendaTest, WhatTheFileWouldCarryAsItIsTypedIsAsked) {
+  FrmAzienda form(contesto, std::nullopt);
+  schermo.answers = {Answer::No};
+  apri<FrmAzienda>(form, [&](FrmAzienda& f) {
+    compila(f);
+    scrivi(f.txtCap, "abcde");
+    scrivi(f.txtEmail, "non una mail");
+    scrivi(f.txtCodiceAttivita, "25.11.0x");
+    clic(f.cmdOk);
+    EXPECT_THAT(ultimoBox(), HasSubstr("CAP: «abcde» non è di 5 cifre."));
+    EXPECT_THAT(ultimoBox(), HasSubstr("Posta elettronica: «non una mail» non è un indirizzo."));
+    EXPECT_THAT(ultimoBox(),
+                HasSubstr("Codice attività: «25.11.0x» non è di sei cifre al più, come 692011."));
+    EXPECT_TRUE(f.isOpen());
+    scrivi(f.txtCap, "37121");
+    scrivi(f.txtEmail, "ufficio@esempio.example");
+    scrivi(f.txtCodiceAttivita, "25.11.00");
+    clic(f.cmdOk);
+  });
+  ASSERT_TRUE(form.OK()) << ultimoBox();
+  EXPECT_EQ(schede::Aziende(database()).cerca(form.idAzienda())->codiceAttivita, "251100");
+}
+
 TEST_F(FrmAziendaTest, APersonIsItsOwnRepresentative) {
   FrmAzienda form(contesto, std::nullopt);
   apri<FrmAzienda>(form, [&](FrmAzienda& f) {
