@@ -71,7 +71,7 @@ endfunction()
 
 # The rooms that a run of many thousand rows spends its time in. In a tree that is built once the others are compiled
 # with less optimisation, in two thirds of the time; bench/run measures a release build.
-set(hot_rooms base data sqlite odbc modello worklist telematic_engine telematic lettura riscontro tabelle schede intake)
+set(hot_rooms base data sqlite odbc modello worklist telematic_engine telematic lettura riscontro tabelle fatture schede intake)
 
 # cu_room(name PATH folder-below-src [LINKS rooms...] [PRIVATE libraries...])
 # Sources are all *.cpp directly in the folder; a room without sources is header-only.

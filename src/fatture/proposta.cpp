@@ -1,0 +1,232 @@
+#include "fatture/proposta.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace cu::fatture {
+namespace {
+
+constexpr std::size_t kProposte = 5;
+
+Decimal conSegno(Decimal importo, bool negativo) { return negativo ? -importo.abs() : importo.abs(); }
+
+std::string conSomme(std::string spiegazione, Decimal somme) {
+  if (!somme.isZero()) spiegazione += "; somme non soggette " + inEuro(somme.abs());
+  return spiegazione;
+}
+
+}  // namespace
+
+Proposta::Proposta(const Fattura& fattura) : fattura_(fattura) {}
+
+bool Proposta::estero() const {
+  const std::string& paese =
+      fattura_.cedente.sede.nazione.empty() ? fattura_.cedente.paese : fattura_.cedente.sede.nazione;
+  return !paese.empty() && paese != "IT" && !fattura_.cedente.stabileOrganizzazione;
+}
+
+Rilievo Proposta::rilievo(const char* codice, std::string testo, std::size_t riga) const {
+  Posto posto = fattura_.posto;
+  posto.elemento.clear();
+  if (riga > 0) posto.riga = riga;
+  return {codice, std::move(posto), std::move(testo), codice[0] == 'R' && std::string(codice) != "R02"};
+}
+
+Proposta::Restanti Proposta::restanti(const std::vector<std::size_t>& prese, bool negativo) const {
+  const bool conSegni = std::any_of(fattura_.linee.begin(), fattura_.linee.end(),
+                                    [](const Linea& una) { return una.ritenuta; });
+  ImportoEsatto somme;
+  ImportoEsatto incerte;
+  Restanti esito;
+  for (std::size_t i = 0; i < fattura_.linee.size(); ++i) {
+    if (std::find(prese.begin(), prese.end(), i) != prese.end()) continue;
+    const Linea& linea = fattura_.linee[i];
+    switch (genereLinea(linea)) {
+      case GenereLinea::Vuota:
+        break;
+      case GenereLinea::Spesa:
+        somme = somme + *linea.prezzoTotale;
+        break;
+      case GenereLinea::NonImponibile:
+        // Without any mark a line outside of VAT may be a fee as well as an expense.
+        (conSegni ? somme : incerte) = (conSegni ? somme : incerte) + *linea.prezzoTotale;
+        break;
+      case GenereLinea::Soggetta:
+        esito.dubbi = "la linea " + linea.numero + " è soggetta a ritenuta, ma la ritenuta non la comprende";
+        break;
+      case GenereLinea::Altra:
+        incerte = incerte + *linea.prezzoTotale;
+        break;
+    }
+  }
+  esito.somme = somme.arrotondato();
+  esito.incerte = incerte.arrotondato();
+  if (negativo) {
+    esito.somme = -esito.somme;
+    esito.incerte = -esito.incerte;
+  }
+  if (esito.somme < Decimal()) {
+    esito.dubbi = "le somme non soggette hanno il segno opposto a quello del compenso";
+  } else if (!esito.incerte.isZero() && esito.dubbi.empty()) {
+    esito.dubbi = "linee per " + inEuro(esito.incerte) +
+                  " non sono soggette a ritenuta: decidere se sono somme non soggette o altro";
+  }
+  return esito;
+}
+
+ImportiFattura Proposta::importi(const Ritenuta& ritenuta, const Base& base, int imponibile,
+                                 Decimal somme) const {
+  const bool meno = negativo(base);
+  const Decimal compenso = base.importo.abs();
+  const Decimal quota = compenso - quotaPercentuale(compenso, Decimal::fromInteger(imponibile));
+  ImportiFattura esito;
+  esito.onorario = compenso;
+  esito.sommeNonSoggette = somme;
+  // The deduction of an author's rights is a sum not subject, that of a commission a share of the fee.
+  if (ritenuta.causale == "B") {
+    esito.onorario = compenso - quota;
+    esito.sommeNonSoggette = somme + quota;
+  } else {
+    esito.quotaNonSoggetta = quota;
+  }
+  const bool imposta = estero() || ritenuta.causale == "V" || ritenuta.causale == "P";
+  (imposta ? esito.ritenutaImposta : esito.ritenutaAcconto) = ritenuta.importo.value_or(Decimal()).abs();
+  if (!meno) return esito;
+  for (Decimal* uno : {&esito.onorario, &esito.quotaNonSoggetta, &esito.sommeNonSoggette,
+                       &esito.ritenutaAcconto, &esito.ritenutaImposta})
+    *uno = -*uno;
+  return esito;
+}
+
+void Proposta::avverti(CompensoProposto& compenso, const Ritenuta& ritenuta, const Base& base) const {
+  if (negativo(base)) {
+    compenso.rilievi.push_back(rilievo("R06", notaDiCredito()
+                                                  ? "nota di credito: riduce i compensi del percipiente"
+                                                  : "importi negativi: riducono i compensi del percipiente"));
+  }
+  for (const std::size_t i : base.casse) {
+    const Cassa& cassa = fattura_.casse[i];
+    if (rivalsaInps(cassa)) continue;
+    compenso.rilievi.push_back(rilievo("R07",
+                                       "il contributo " + cassa.tipo + " di " +
+                                           inEuro(cassa.importo.value_or(Decimal()).abs()) +
+                                           " è soggetto a ritenuta e compreso nel lordo",
+                                       cassa.riga));
+  }
+  if (regimeForfettario() && !ritenuta.importo.value_or(Decimal()).isZero()) {
+    compenso.rilievi.push_back(rilievo(
+        "R10", "il percipiente è in regime " + fattura_.cedente.regime + ", ma il documento ha una ritenuta",
+        ritenuta.riga));
+  }
+}
+
+void Proposta::dubbiSullaRivalsa(CompensoProposto& compenso, const Ritenuta& ritenuta, const Base& base,
+                                 const Riscontro& riscontro, Decimal somme) const {
+  for (std::size_t i = 0; i < fattura_.casse.size(); ++i) {
+    const Cassa& cassa = fattura_.casse[i];
+    if (!rivalsaInps(cassa) || base.haCassa(i) || cassa.importo.value_or(Decimal()).isZero()) continue;
+    std::vector<std::size_t> casse = base.casse;
+    casse.push_back(i);
+    const Base tutto = baseDi(fattura_, base.linee, casse, base.sconto);
+    compenso.candidati.push_back({importi(ritenuta, tutto, riscontro.imponibile, somme),
+                                  conSomme(spiega(fattura_, tutto, riscontro), somme)});
+    compenso.deciso = false;
+    compenso.rilievi.push_back(rilievo("R02",
+                                       "la ritenuta non comprende la rivalsa INPS di " +
+                                           inEuro(cassa.importo->abs()) + ", che è parte del compenso",
+                                       cassa.riga));
+  }
+}
+
+CompensoProposto Proposta::trovata(const Ritenuta& ritenuta, const Base& base, const Riscontro& riscontro,
+                                   const Restanti& restanti) const {
+  CompensoProposto compenso;
+  compenso.causale = ritenuta.causale;
+  compenso.deciso = true;
+  std::string spiegazione = spiega(fattura_, base, riscontro);
+  if (!riscontro.scarto.isZero()) {
+    const std::string importo = inEuro(ritenuta.importo.value_or(Decimal()).abs());
+    spiegazione += " (nel documento " + importo + ")";
+    compenso.rilievi.push_back(rilievo("R09",
+                                       "la ritenuta è " + importo + ", ma risulta " +
+                                           inEuro(riscontro.ritenuta) + ": differenza di arrotondamento",
+                                       ritenuta.riga));
+  }
+  if (estero()) spiegazione += "; percipiente estero: ritenuta a titolo d'imposta";
+  const int quota = riscontro.imponibile;
+  compenso.candidati.push_back(
+      {importi(ritenuta, base, quota, restanti.somme), conSomme(spiegazione, restanti.somme)});
+  avverti(compenso, ritenuta, base);
+  if (!restanti.dubbi.empty()) {
+    compenso.deciso = false;
+    compenso.rilievi.push_back(rilievo("R02", restanti.dubbi));
+    if (!restanti.incerte.isZero()) {
+      const Decimal tutte = restanti.somme + restanti.incerte;
+      compenso.candidati.push_back({importi(ritenuta, base, quota, tutte), conSomme(spiegazione, tutte)});
+    }
+  }
+  dubbiSullaRivalsa(compenso, ritenuta, base, riscontro, restanti.somme);
+  if (ritenuta.causale == "N" && !estero()) {
+    Candidato altro = compenso.candidati.front();
+    std::swap(altro.importi.ritenutaAcconto, altro.importi.ritenutaImposta);
+    altro.spiegazione += "; ritenuta a titolo d'imposta";
+    compenso.candidati.push_back(std::move(altro));
+    compenso.deciso = false;
+    compenso.rilievi.push_back(
+        rilievo("R02", "per la causale N decidere se la ritenuta è d'acconto o d'imposta", ritenuta.riga));
+  }
+  return compenso;
+}
+
+CompensoProposto Proposta::nonTrovata(const Ritenuta& ritenuta, const std::vector<Base>& basi) const {
+  CompensoProposto compenso;
+  compenso.causale = ritenuta.causale;
+  const Decimal aliquota = ritenuta.aliquota.value_or(Decimal());
+  const std::string importo = inEuro(ritenuta.importo.value_or(Decimal()).abs());
+  for (std::size_t i = 0; i < basi.size() && i < kProposte; ++i) {
+    const Decimal somme = restanti(basi[i].linee, basi[i].importo < Decimal()).somme;
+    compenso.candidati.push_back(
+        {importi(ritenuta, basi[i], 100, somme),
+         conSomme(spiega(fattura_, basi[i], {100, aliquota, {}, {}}) + ", nel documento " + importo, somme)});
+  }
+  if (!basi.empty()) avverti(compenso, ritenuta, basi.front());
+  std::string testo = "nessuna parte del documento dà la ritenuta di " + importo;
+  if (ritenuta.importo.value_or(Decimal()).isZero() || aliquota.isZero())
+    testo = "la ritenuta è zero: decidere quali importi sono soggetti";
+  compenso.rilievi.push_back(rilievo("R02", std::move(testo), ritenuta.riga));
+  return compenso;
+}
+
+CompensoProposto Proposta::forfettaria(const std::string& causale, Decimal& spese) const {
+  CompensoProposto compenso;
+  compenso.causale = causale;
+  std::vector<std::size_t> linee;
+  std::vector<std::size_t> casse;
+  for (std::size_t i = 0; i < fattura_.linee.size(); ++i) {
+    const GenereLinea genere = genereLinea(fattura_.linee[i]);
+    if (genere != GenereLinea::Vuota && genere != GenereLinea::Spesa) linee.push_back(i);
+  }
+  for (std::size_t i = 0; i < fattura_.casse.size(); ++i) {
+    if (rivalsaInps(fattura_.casse[i])) casse.push_back(i);
+  }
+  const Base base = baseDi(fattura_, linee, casse, !fattura_.sconti.empty());
+  const bool meno = negativo(base);
+  Restanti altre = restanti(linee, base.importo < Decimal());
+  spese = conSegno(altre.somme, meno);
+  Candidato candidato;
+  candidato.importi.sommeNonSoggette = conSegno(base.importo, meno) + spese;
+  candidato.spiegazione = "compenso " + inEuro(base.importo.abs());
+  if (!casse.empty()) candidato.spiegazione += ", compresa la rivalsa INPS";
+  candidato.spiegazione += ", senza ritenuta (regime " + fattura_.cedente.regime + ")";
+  if (!spese.isZero()) candidato.spiegazione += "; spese " + inEuro(spese.abs());
+  compenso.candidati.push_back(std::move(candidato));
+  compenso.deciso = altre.dubbi.empty() && !base.importo.isZero();
+  if (!compenso.deciso) {
+    compenso.rilievi.push_back(
+        rilievo("R02", altre.dubbi.empty() ? "il documento non ha un compenso" : altre.dubbi));
+  }
+  avverti(compenso, {}, {linee, {}, false, base.importo});
+  return compenso;
+}
+
+}  // namespace cu::fatture

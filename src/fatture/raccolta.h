@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "fatture/fattura.h"
+#include "tabelle/lettura.h"
+
+namespace cu::fatture {
+
+struct LimitiRaccolta {
+  Limiti documento;
+  // Of an archive: its bytes, its members, what they expand to.
+  tabelle::Limiti archivio{
+      .byte = std::size_t{100} << 20U, .membri = 60000, .espansi = std::size_t{2} << 30U, .rapporto = 100};
+  std::size_t file = 100000;  // of a folder
+  int profondita = 20;        // of folders
+};
+
+// What was met besides the files that were given to the caller, by what it is: "ricevuta di consegna" 12.
+using Ignorati = std::map<std::string, std::size_t>;
+
+// Receives each file in order, and returns whether to go on.
+using Ricevente = std::function<bool(Letto&&)>;
+
+// Reads the invoices of a file, of all files of a folder and those below it in the order of their names, or
+// of all members of an archive, one at a time. A file that cannot be read is given to the receiver with its
+// message; the others follow. Notifications, metadata and what is no invoice at all (a PDF, a style sheet)
+// are counted, unless the caller has named that very file. Names of members are for the messages only. Raises
+// nothing of its own.
+Ignorati raccogli(const std::filesystem::path& percorso, const Ricevente& ricevente,
+                  const LimitiRaccolta& limiti = {});
+// The same for the bytes of a file.
+Ignorati raccogli(std::string_view byte, const std::string& nome, const Ricevente& ricevente,
+                  const LimitiRaccolta& limiti = {});
+
+}  // namespace cu::fatture
