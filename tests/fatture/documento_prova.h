@@ -10,9 +10,9 @@ struct LineaProva {
   std::string importo;
   bool ritenuta = true;
   std::string iva = "22.00";
-  std::string natura;
+  std::string natura{};
   std::string descrizione = "Consulenza";
-  std::string altro;  // AltriDatiGestionali as XML
+  std::string altro{};  // AltriDatiGestionali as XML
 };
 struct RitenutaProva {
   std::string importo;

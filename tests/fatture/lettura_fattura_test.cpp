@@ -163,7 +163,7 @@ TEST(LetturaFattura, NamesLineAndElementOfWhatIsNoAmount) {
   ASSERT_EQ(letto.fatture.size(), 1U);
   ASSERT_EQ(letto.fatture[0].rilievi.size(), 1U);
   EXPECT_EQ(detto(letto.fatture[0].rilievi[0]),
-            "prova.xml, riga 15, elemento DatiRitenuta/ImportoRitenuta: «200,0O» non è un importo (V03).");
+            "prova.xml, riga 13, elemento DatiRitenuta/ImportoRitenuta: «200,0O» non è un importo (V03).");
   EXPECT_FALSE(letto.fatture[0].ritenute[0].importo.has_value());
 }
 
