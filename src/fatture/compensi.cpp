@@ -76,7 +76,7 @@ class Ricerca {
   explicit Ricerca(const Fattura& fattura) : fattura_(fattura), proposta_(fattura) {}
 
   EsitoFattura esegui() {
-    if (fattura_.conErrori() || escluso()) return std::move(esito_);
+    if (escluso() || fattura_.conErrori()) return std::move(esito_);
     std::vector<const Ritenuta*> ritenute;
     for (const Ritenuta& una : fattura_.ritenute) {
       if (fiscale(una)) ritenute.push_back(&una);
@@ -144,8 +144,7 @@ class Ricerca {
   CompensoProposto una(const Ritenuta& ritenuta, const std::vector<Base>& basi) const {
     for (const Base& base : basi) {
       if (const std::optional<Riscontro> riscontro = riscontra(base, ritenuta)) {
-        return proposta_.trovata(ritenuta, base, *riscontro,
-                                 proposta_.restanti(base.linee, base.importo < Decimal()));
+        return proposta_.trovata(ritenuta, base, *riscontro, proposta_.restanti(base));
       }
     }
     return proposta_.nonTrovata(ritenuta, basi);
@@ -205,13 +204,16 @@ class Ricerca {
   // What no tax comprises is paid once, with the first payment.
   void componi(const std::vector<const Ritenuta*>& ritenute, const std::vector<Assegnata>& assegnate) {
     std::vector<std::size_t> prese;
-    for (const Assegnata& sua : assegnate)
+    std::vector<std::size_t> casse;
+    for (const Assegnata& sua : assegnate) {
       prese.insert(prese.end(), sua.base->linee.begin(), sua.base->linee.end());
+      casse.insert(casse.end(), sua.base->casse.begin(), sua.base->casse.end());
+    }
     for (std::size_t i = 0; i < ritenute.size(); ++i) {
       const Base& base = *assegnate[i].base;
       aggiungi(proposta_.trovata(
           *ritenute[i], base, assegnate[i].riscontro,
-          i == 0 ? proposta_.restanti(prese, base.importo < Decimal()) : Proposta::Restanti()));
+          i == 0 ? proposta_.restanti(prese, casse, base.importo < Decimal()) : Proposta::Restanti()));
     }
   }
 
@@ -246,8 +248,7 @@ class Ricerca {
       for (const Ritenuta* sua : ritenute) {
         const std::optional<Riscontro> riscontro = riscontra(base, *sua);
         if (!riscontro) break;
-        tutte.push_back(proposta_.trovata(*sua, base, *riscontro,
-                                          proposta_.restanti(base.linee, base.importo < Decimal())));
+        tutte.push_back(proposta_.trovata(*sua, base, *riscontro, proposta_.restanti(base)));
       }
       if (tutte.size() < ritenute.size()) continue;
       for (CompensoProposto& compenso : tutte)

@@ -1,6 +1,7 @@
 #include "fatture/proposta.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace cu::fatture {
@@ -32,12 +33,19 @@ Rilievo Proposta::rilievo(const char* codice, std::string testo, std::size_t rig
   return {codice, std::move(posto), std::move(testo), codice[0] == 'R' && std::string(codice) != "R02"};
 }
 
-Proposta::Restanti Proposta::restanti(const std::vector<std::size_t>& prese, bool negativo) const {
+Proposta::Restanti Proposta::restanti(const std::vector<std::size_t>& prese,
+                                      const std::vector<std::size_t>& casse, bool negativo) const {
   const bool conSegni = std::any_of(fattura_.linee.begin(), fattura_.linee.end(),
                                     [](const Linea& una) { return una.ritenuta; });
   ImportoEsatto somme;
   ImportoEsatto incerte;
   Restanti esito;
+  for (std::size_t i = 0; i < fattura_.casse.size(); ++i) {
+    const Cassa& cassa = fattura_.casse[i];
+    const bool presa = std::find(casse.begin(), casse.end(), i) != casse.end();
+    if (!presa && rivalsaInps(cassa) && !cassa.importo.value_or(Decimal()).isZero())
+      esito.rivalse.push_back(i);
+  }
   for (std::size_t i = 0; i < fattura_.linee.size(); ++i) {
     if (std::find(prese.begin(), prese.end(), i) != prese.end()) continue;
     const Linea& linea = fattura_.linee[i];
@@ -121,20 +129,46 @@ void Proposta::avverti(CompensoProposto& compenso, const Ritenuta& ritenuta, con
 }
 
 void Proposta::dubbiSullaRivalsa(CompensoProposto& compenso, const Ritenuta& ritenuta, const Base& base,
-                                 const Riscontro& riscontro, Decimal somme) const {
-  for (std::size_t i = 0; i < fattura_.casse.size(); ++i) {
+                                 const Riscontro& riscontro, const Restanti& restanti) const {
+  for (const std::size_t i : restanti.rivalse) {
     const Cassa& cassa = fattura_.casse[i];
-    if (!rivalsaInps(cassa) || base.haCassa(i) || cassa.importo.value_or(Decimal()).isZero()) continue;
     std::vector<std::size_t> casse = base.casse;
     casse.push_back(i);
     const Base tutto = baseDi(fattura_, base.linee, casse, base.sconto);
-    compenso.candidati.push_back({importi(ritenuta, tutto, riscontro.imponibile, somme),
-                                  conSomme(spiega(fattura_, tutto, riscontro), somme)});
+    compenso.candidati.push_back({importi(ritenuta, tutto, riscontro.imponibile, restanti.somme),
+                                  conSomme(spiega(fattura_, tutto, riscontro), restanti.somme)});
     compenso.deciso = false;
     compenso.rilievi.push_back(rilievo("R02",
                                        "la ritenuta non comprende la rivalsa INPS di " +
-                                           inEuro(cassa.importo->abs()) + ", che è parte del compenso",
+                                           inEuro(cassa.importo.value_or(Decimal()).abs()) +
+                                           ", che è parte del compenso",
                                        cassa.riga));
+  }
+}
+
+// The tax of a director is that of the fee without the contribution withheld from it. How the certificate
+// shows it is for a person to decide.
+void Proposta::menoContributo(CompensoProposto& compenso, const Ritenuta& ritenuta,
+                              const std::vector<Base>& basi) const {
+  const auto inps = std::find_if(fattura_.ritenute.begin(), fattura_.ritenute.end(), [](const Ritenuta& una) {
+    return una.tipo == "RT03" && una.importo && !una.importo->isZero();
+  });
+  if (inps == fattura_.ritenute.end()) return;
+  const Decimal contributo = inps->importo->abs();
+  for (const Base& base : basi) {
+    Base ridotta = base;
+    ridotta.importo = base.importo.abs() - contributo;
+    const std::optional<Riscontro> riscontro = riscontra(ridotta, ritenuta);
+    if (!riscontro || riscontro->imponibile != 100 || ridotta.importo < Decimal()) continue;
+    const Decimal somme = restanti(base).somme;
+    Candidato candidato{importi(ritenuta, base, 100, somme), {}};
+    candidato.importi.quotaNonSoggetta = conSegno(contributo, negativo(base));
+    candidato.spiegazione =
+        conSomme("compenso " + inEuro(base.importo.abs()) + " - contributo INPS " + inEuro(contributo) +
+                     " = imponibile " + inEuro(ridotta.importo) + "; ritenuta " + inEuro(riscontro->ritenuta),
+                 somme);
+    compenso.candidati.push_back(std::move(candidato));
+    return;
   }
 }
 
@@ -165,7 +199,7 @@ CompensoProposto Proposta::trovata(const Ritenuta& ritenuta, const Base& base, c
       compenso.candidati.push_back({importi(ritenuta, base, quota, tutte), conSomme(spiegazione, tutte)});
     }
   }
-  dubbiSullaRivalsa(compenso, ritenuta, base, riscontro, restanti.somme);
+  dubbiSullaRivalsa(compenso, ritenuta, base, riscontro, restanti);
   if (ritenuta.causale == "N" && !estero()) {
     Candidato altro = compenso.candidati.front();
     std::swap(altro.importi.ritenutaAcconto, altro.importi.ritenutaImposta);
@@ -183,8 +217,9 @@ CompensoProposto Proposta::nonTrovata(const Ritenuta& ritenuta, const std::vecto
   compenso.causale = ritenuta.causale;
   const Decimal aliquota = ritenuta.aliquota.value_or(Decimal());
   const std::string importo = inEuro(ritenuta.importo.value_or(Decimal()).abs());
+  menoContributo(compenso, ritenuta, basi);
   for (std::size_t i = 0; i < basi.size() && i < kProposte; ++i) {
-    const Decimal somme = restanti(basi[i].linee, basi[i].importo < Decimal()).somme;
+    const Decimal somme = restanti(basi[i]).somme;
     compenso.candidati.push_back(
         {importi(ritenuta, basi[i], 100, somme),
          conSomme(spiega(fattura_, basi[i], {100, aliquota, {}, {}}) + ", nel documento " + importo, somme)});
@@ -211,7 +246,7 @@ CompensoProposto Proposta::forfettaria(const std::string& causale, Decimal& spes
   }
   const Base base = baseDi(fattura_, linee, casse, !fattura_.sconti.empty());
   const bool meno = negativo(base);
-  Restanti altre = restanti(linee, base.importo < Decimal());
+  const Restanti altre = restanti(base);
   spese = conSegno(altre.somme, meno);
   Candidato candidato;
   candidato.importi.sommeNonSoggette = conSegno(base.importo, meno) + spese;

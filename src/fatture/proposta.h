@@ -15,14 +15,20 @@ class Proposta {
  public:
   explicit Proposta(const Fattura& fattura);
 
-  // The sums that are paid beside the lines `prese`: expenses, stamps, what is outside of VAT. `dubbi` says
+  // The sums that are paid beside a fee: expenses, stamps, what is outside of VAT. `dubbi` says
   // what of them a person has to decide on.
   struct Restanti {
     Decimal somme;    // with the sign of the fee
     Decimal incerte;  // lines with VAT of which nothing is said
     std::string dubbi;
+    std::vector<std::size_t> rivalse;  // INPS surcharges that no base comprises
   };
-  Restanti restanti(const std::vector<std::size_t>& prese, bool negativo) const;
+  // Besides the lines and the funds of some bases.
+  Restanti restanti(const std::vector<std::size_t>& prese, const std::vector<std::size_t>& casse,
+                    bool negativo) const;
+  Restanti restanti(const Base& base) const {
+    return restanti(base.linee, base.casse, base.importo < Decimal());
+  }
 
   // The payment for a tax that a base explains.
   CompensoProposto trovata(const Ritenuta& ritenuta, const Base& base, const Riscontro& riscontro,
@@ -44,7 +50,9 @@ class Proposta {
   ImportiFattura importi(const Ritenuta& ritenuta, const Base& base, int imponibile, Decimal somme) const;
   void avverti(CompensoProposto& compenso, const Ritenuta& ritenuta, const Base& base) const;
   void dubbiSullaRivalsa(CompensoProposto& compenso, const Ritenuta& ritenuta, const Base& base,
-                         const Riscontro& riscontro, Decimal somme) const;
+                         const Riscontro& riscontro, const Restanti& restanti) const;
+  void menoContributo(CompensoProposto& compenso, const Ritenuta& ritenuta,
+                      const std::vector<Base>& basi) const;
 
   const Fattura& fattura_;
 };

@@ -17,7 +17,7 @@ struct LimitiRaccolta {
   Limiti documento;
   // Of an archive: its bytes, its members, what they expand to.
   tabelle::Limiti archivio{
-      .byte = std::size_t{100} << 20U, .membri = 60000, .espansi = std::size_t{2} << 30U, .rapporto = 100};
+      .byte = std::size_t{100} << 20U, .membri = 60000, .espansi = std::size_t{1} << 30U, .rapporto = 100};
   std::size_t file = 100000;  // of a folder
   int profondita = 20;        // of folders
 };

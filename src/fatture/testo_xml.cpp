@@ -41,7 +41,7 @@ std::string codificaDichiarata(std::string_view byte) {
 }
 
 QString decodificato(QStringDecoder decodifica, std::string_view byte, const Posto& posto) {
-  const QString testo = decodifica(QByteArrayView(byte.data(), static_cast<qsizetype>(byte.size())));
+  QString testo = decodifica(QByteArrayView(byte.data(), static_cast<qsizetype>(byte.size())));
   if (decodifica.hasError()) throw ErroreFattura("F03", posto, "I caratteri del documento sono danneggiati");
   return testo;
 }

@@ -63,6 +63,7 @@ void verificaBlocchi(InLettura& l) {
 void verificaDocumento(InLettura& l) {
   Fattura& corpo = l.corpo;
   l.posto = corpo.posto;
+  l.posto.riga = 0;  // the parties are elsewhere
   aggiustaPartitaIva(l, corpo.cedente, "CedentePrestatore/DatiAnagrafici/IdFiscaleIVA/IdCodice");
   aggiustaPartitaIva(l, corpo.committente, "CessionarioCommittente/DatiAnagrafici/IdFiscaleIVA/IdCodice");
   chiedi(l, corpo.cedente.partitaIva.empty() && corpo.cedente.codiceFiscale.empty(),
@@ -70,6 +71,7 @@ void verificaDocumento(InLettura& l) {
   chiedi(l, corpo.cedente.nominativo().empty(), "CedentePrestatore/DatiAnagrafici/Anagrafica");
   chiedi(l, corpo.committente.partitaIva.empty() && corpo.committente.codiceFiscale.empty(),
          "CessionarioCommittente/DatiAnagrafici");
+  l.posto.riga = corpo.posto.riga;
   chiedi(l, corpo.tipo.empty(), "DatiGeneraliDocumento/TipoDocumento");
   chiedi(l, corpo.numero.empty(), "DatiGeneraliDocumento/Numero");
   constexpr const char* kData = "DatiGeneraliDocumento/Data";

@@ -260,6 +260,18 @@ TEST(CompensiFattura, AnInpsContributionIsThePayeesThird) {
   EXPECT_TRUE(esito.compensi[0].contributoDerivato);
 }
 
+TEST(CompensiFattura, ATaxOfTheFeeWithoutItsContributionIsToBeDecided) {
+  const EsitoFattura esito =
+      esitoDi(documento({{"1771.80"}, {"1141.00", "11.41", "ZO", "RT03"}}, {{"10000.00"}}));
+  EXPECT_EQ(deciso(esito), "da decidere");
+  EXPECT_EQ(detti(esito.compensi[0].candidati.at(0).importi),
+            "10000 quota 1141 somme 0 acconto 1771.8 imposta 0");
+  EXPECT_EQ(spiegazione(esito),
+            "compenso 10.000,00 - contributo INPS 1.141,00 = imponibile 8.859,00; ritenuta 1.771,80; "
+            "contributo INPS "
+            "1.141,00 del percipiente");
+}
+
 TEST(CompensiFattura, OtherContributionsAreToBeDecided) {
   for (const char* tipo : {"RT05", "RT06"}) {
     const EsitoFattura esito = esitoDi(documento({{"200.00"}, {"40.00", "4.00", "ZO", tipo}}, {{"1000.00"}}));
@@ -277,6 +289,15 @@ TEST(CompensiFattura, SeveralReasonsOfLinesOfTheirOwnAreSeveralPayments) {
   EXPECT_EQ(esito.compensi[0].causale + esito.compensi[1].causale, "AI");
   EXPECT_EQ(deciso(esito, 0), "1000 quota 0 somme 30 acconto 200 imposta 0");
   EXPECT_EQ(deciso(esito, 1), "500 quota 0 somme 0 acconto 250 imposta 0");
+}
+
+TEST(CompensiFattura, ASurchargeOfTheSecondPaymentIsNoDoubtOfTheFirst) {
+  const EsitoFattura esito =
+      esitoDi(documento({{"200.00"}, {"249.60", "20.00", "M"}}, {{"1000.00"}, {"700.00"}, {"500.00"}},
+                        {{"TC22", "48.00", true}}));
+  ASSERT_EQ(esito.compensi.size(), 2U);
+  EXPECT_EQ(deciso(esito, 0), "1000 quota 0 somme 0 acconto 200 imposta 0");
+  EXPECT_EQ(deciso(esito, 1), "1248 quota 0 somme 0 acconto 249.6 imposta 0");
 }
 
 TEST(CompensiFattura, OneReasonInSeveralBlocksIsOnePayment) {
@@ -346,6 +367,17 @@ TEST(CompensiFattura, LeavesOutOtherKindsOfDocumentWithTheirKind) {
   }
   EXPECT_EQ(deciso(esitoDi(documento({}, {{"1000.00", false}}))),
             "nessun compenso: documento senza ritenuta");
+}
+
+TEST(CompensiFattura, AKindThatIsLeftOutIsSoWhateverIsWrongWithIt) {
+  FileProva file;
+  file.documenti = {parcella()};
+  file.documenti[0].divisa = "USD";
+  const auto di = [&] { return compensiDi(leggiFattura(fileXml(file), "prova.xml").fatture.at(0)); };
+  EXPECT_EQ(di().escluso, "");
+  EXPECT_TRUE(di().compensi.empty());
+  file.documenti[0].tipo = "TD17";
+  EXPECT_EQ(di().escluso, "TD17: autofattura o integrazione");
 }
 
 TEST(CompensiFattura, AnUnknownKindOfDocumentIsLookedAt) {

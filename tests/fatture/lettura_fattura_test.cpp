@@ -173,6 +173,11 @@ TEST(LetturaFattura, ReportsWhatIsMissingTwiceOrOfAnotherCurrency) {
             "C01 DatiRitenuta/ImportoRitenuta");
   EXPECT_EQ(rilieviDi(leggi(sostituito(xml, "<PrezzoTotale>1000.00</PrezzoTotale>", ""))),
             "C01 DettaglioLinee/PrezzoTotale");
+  const Letto senzaNome = leggi(sostituito(xml, "<Nome>Mario</Nome><Cognome>Rossi</Cognome>", ""));
+  ASSERT_EQ(rilieviDi(senzaNome), "C01 CedentePrestatore/DatiAnagrafici/Anagrafica");
+  EXPECT_EQ(
+      detto(senzaNome.fatture[0].rilievi[0]),
+      "prova.xml, elemento CedentePrestatore/DatiAnagrafici/Anagrafica: l'elemento manca o è vuoto (C01).");
   EXPECT_EQ(rilieviDi(leggi(sostituito(xml, "<Numero>12/A</Numero>", "<Numero>  </Numero>"))),
             "C01 DatiGeneraliDocumento/Numero");
   EXPECT_EQ(rilieviDi(leggi(sostituito(xml, "<Numero>12/A", "<Numero>11</Numero><Numero>12/A"))),
