@@ -110,6 +110,14 @@ void ControlliRiga::esegui(RigaLetta& riga) {
   }
 }
 
+bool ControlliRiga::respinta(const RigaLetta& riga, std::uint8_t colonna) const {
+  const std::string& intestazione = lettura_.intestazioni[colonna];
+  return !intestazione.empty() &&
+         std::any_of(riga.messaggi.begin(), riga.messaggi.end(), [&](const Messaggio& uno) {
+           return uno.gravita == Gravita::Errore && uno.colonna == intestazione;
+         });
+}
+
 void ControlliRiga::codiceFiscale(RigaLetta& riga, std::uint8_t colonna, bool controlla) {
   const Campo* const campo = riga.campo(colonna);
   if (campo == nullptr || campo->valore.isNull()) return;
@@ -192,7 +200,7 @@ void ControlliRiga::persona(RigaLetta& riga) {
   const std::string_view codice = riga.valore(CodiceFiscale).text();
   const bool dichiarata = riga.ha(PersonaFisica);
   const bool haCodice = formaCodice(codice) == FormaCodice::Persona;
-  if (!dichiarata) {
+  if (!dichiarata && !respinta(riga, rangoDi(PersonaFisica))) {
     Campo& campo = campoDi(riga, rangoDi(PersonaFisica));
     campo = {campo.colonna, StatoCampo::Dato, true, CellView::ofInteger(haCodice || riga.ha(Nome) ? 1 : 0)};
   }
@@ -237,12 +245,13 @@ void ControlliRiga::nascita(RigaLetta& riga, std::string_view codice) {
   if (!dati) return;
   const std::string_view suo = dati->femmina ? "F" : "M";
   const CellView sesso = riga.valore(Sesso);
-  if (sesso.isNull()) {
+  if (sesso.isNull() && !respinta(riga, rangoDi(Sesso))) {
     campoDi(riga, rangoDi(Sesso)) = {rangoDi(Sesso), StatoCampo::Dato, true, CellView::ofText(suo)};
-  } else if (sesso.text() != suo) {
+  } else if (!sesso.isNull() && sesso.text() != suo) {
     segnala(riga, Codice::P04, rangoDi(Sesso), "il sesso del codice fiscale è " + std::string(suo));
   }
   const CellView data = riga.valore(DataNascita);
+  if (respinta(riga, rangoDi(DataNascita))) return;
   if (data.isNull()) {
     const std::optional<Date> nato = nascitaNelCodice(*dati, oggi_);
     if (!nato) {

@@ -30,6 +30,8 @@ class ControlliRiga {
   void dividiNome(RigaLetta& riga, std::string_view codice);
   void nascita(RigaLetta& riga, std::string_view codice);
   void notaDiCredito(RigaLetta& riga);
+  // Whether the cell's value was rejected: what it would give is not derived then.
+  bool respinta(const RigaLetta& riga, std::uint8_t colonna) const;
   void segnala(RigaLetta& riga, Codice codice, std::uint8_t colonna, std::string testo,
                bool soloAvviso = false);
 

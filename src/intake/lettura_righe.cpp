@@ -81,11 +81,18 @@ class LettoreRighe {
     if (colonna.ordine) return;
     OrdineColonna ordine;
     std::string esempio;
-    perOgniCella(*colonna.trovata, [&](const tabelle::Cella& cella, std::string_view testo) {
-      const DataScritta scritta = leggiScritta(testo, cella.genere, tabella_.dal1904, colonna.ultimoAnno);
+    const auto osserva = [&](tabelle::Genere genere, std::string_view testo) {
+      const DataScritta scritta = leggiScritta(testo, genere, tabella_.dal1904, colonna.ultimoAnno);
       ordine.osserva(scritta, colonna.ultimoAnno);
       if (esempio.empty() && scritta.forma == DataScritta::Forma::TreNumeri) esempio = mostrato(testo);
-    });
+    };
+    if (colonna.trovata->costante) {
+      osserva(tabelle::Genere::Testo, *colonna.trovata->costante);
+    } else {
+      perOgniCella(*colonna.trovata, [&](const tabelle::Cella& cella, std::string_view testo) {
+        osserva(cella.genere, testo);
+      });
+    }
     colonna.ordine = ordine.deciso();
     if (colonna.ordine) return;
     lettura_.messaggi.push_back(
@@ -169,11 +176,11 @@ class LettoreRighe {
     for (const ColonnaLetta& colonna : colonne_) {
       const ValoreLetto valore = celle_.leggi(colonna, riga, letta.messaggi);
       const std::uint8_t rango = colonna.colonna().indice;
-      if (!valore.vuota) tentate.set(rango);
+      // A hyphen gives nothing that a row could be asked for.
+      if (!valore.vuota && !valore.svuotata) tentate.set(rango);
       if (!valore.letta) continue;
       letta.campi.push_back(
           {rango, valore.svuotata ? StatoCampo::Svuotato : StatoCampo::Dato, false, valore.valore});
-      if (valore.svuotata && colonna.colonna().obbligo == Obbligo::Sempre) tentate.reset(rango);
     }
     obblighi(letta, tentate);
   }

@@ -246,7 +246,11 @@ ValoreLetto LettoreCelle::importo(const ColonnaLetta& colonna, const Cella& cell
 ValoreLetto LettoreCelle::data(const ColonnaLetta& colonna, const Cella& cella,
                                std::vector<Messaggio>& messaggi) {
   const DataScritta scritta = leggiScritta(cella.testo, cella.genere, dal1904_, colonna.ultimoAnno);
-  if (scritta.forma == DataScritta::Forma::TreNumeri && !colonna.ordine) return senzaValore();
+  if (scritta.forma == DataScritta::Forma::TreNumeri && !colonna.ordine) {
+    segnala(messaggi, colonna, Codice::V02,
+            "non è certo se " + mostrato(cella.testo) + " abbia prima il giorno o il mese");
+    return senzaValore();
+  }
   const auto letta =
       risolta(scritta, colonna.ordine.value_or(OrdineData::GiornoMeseAnno), colonna.ultimoAnno);
   if (letta) return conValore(CellView::ofDate(*letta));

@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "intake/letta.h"
@@ -68,12 +69,16 @@ TEST(DateErrate, AreReportedWithTheirValue) {
             Righe{"f.csv, riga 3, colonna \"DataPagamento\": 31/02/2017 non è una data (V01)."});
 }
 
-TEST(ColonnaAmbigua, IsReportedOnceAndNamesTheOption) {
+TEST(ColonnaAmbigua, IsReportedWithTheOptionAndInEachOfItsRows) {
   const Lettura lettura = conDate({"2017-03-05", "05/03/2017", "06/03/2017"});
   EXPECT_EQ(
       detti(lettura),
-      Righe{"f.csv, colonna \"DataPagamento\": non è certo se 05/03/2017 abbia prima il giorno o il mese: "
-            "indicarlo con --dates dmy, mdy o ymd (V02)."});
+      (Righe{"f.csv, colonna \"DataPagamento\": non è certo se 05/03/2017 abbia prima il giorno o il mese: "
+             "indicarlo con --dates dmy, mdy o ymd (V02).",
+             "f.csv, riga 3, colonna \"DataPagamento\": non è certo se 05/03/2017 abbia prima il giorno o il "
+             "mese (V02).",
+             "f.csv, riga 4, colonna \"DataPagamento\": non è certo se 06/03/2017 abbia prima il giorno o il "
+             "mese (V02)."}));
   EXPECT_EQ(date(lettura), (Righe{"2017-03-05", "none", "none"}));
   EXPECT_TRUE(lettura.conErrori());
 }
@@ -83,6 +88,28 @@ TEST(ColonnaAmbigua, IsSoForAsManyDatesOfEachOrder) {
             "f.csv, colonna \"DataPagamento\": non è certo se 25/03/2017 abbia prima il giorno o il mese: "
             "indicarlo "
             "con --dates dmy, mdy o ymd (V02).");
+}
+
+TEST(ColonnaAmbigua, IsAConstantOfTheProfileToo) {
+  Mappatura mappatura;
+  mappatura.colonne[static_cast<std::uint8_t>(ColonnaCompenso::DataDocumento)].costante = "05/03/2017";
+  EXPECT_THAT(detti(conDate({"2017-03-05"}, mappatura)),
+              ::testing::ElementsAre(::testing::HasSubstr("--dates dmy, mdy o ymd (V02)"),
+                                     ::testing::HasSubstr("riga 2, colonna \"DataDocumento\": non è certo")));
+  mappatura.colonne[static_cast<std::uint8_t>(ColonnaCompenso::DataDocumento)].costante = "25/03/2017";
+  EXPECT_EQ(detti(conDate({"2017-03-05"}, mappatura)), Righe{});
+}
+
+TEST(NascitaRespinta, IsNotDerivedFromTheFiscalCode) {
+  const Lettura lettura = letta(Elenco::Percipienti,
+                                "Codice;CodiceFiscale;Cognome;Nome;DataNascita;Sesso\n"
+                                "P1;RSSMRA80A01H501U;Rossi;Mario;03/01/1980;M\n"
+                                "P2;RSSMRA80A01H501U;Rossi;Mario;;Q\n");
+  EXPECT_EQ(
+      prova::righe(lettura),
+      (Righe{"Codice=P1|CodiceFiscale=RSSMRA80A01H501U|Cognome=Rossi|Nome=Mario|PersonaFisica*=1|Sesso=M",
+             "Codice=P2|CodiceFiscale=RSSMRA80A01H501U|Cognome=Rossi|Nome=Mario|PersonaFisica*=1|"
+             "DataNascita*=01/01/1980"}));
 }
 
 TEST(OrdineDichiarato, HoldsForTheWholeColumn) {

@@ -236,7 +236,8 @@ const CasoFoglio kFogli[] = {
      kChiave + "Onorario=1",
      {"compensi.xlsx, foglio \"Dati\", colonna \"DataPagamento\": non è certo se 05/03/2017 abbia prima il "
       "giorno o "
-      "il mese: indicarlo con --dates dmy, mdy o ymd (V02)."}},
+      "il mese: indicarlo con --dates dmy, mdy o ymd (V02).",
+      kDove + "\"DataPagamento\": non è certo se 05/03/2017 abbia prima il giorno o il mese (V02)."}},
     {"serialNumber", kChiaveXml + R"(<c r="C2"><v>42799</v></c><c r="D2"><v>1</v></c>)",
      kChiave + kData + "|Onorario=1"},
     {"from1904",

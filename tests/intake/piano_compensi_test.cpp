@@ -159,6 +159,15 @@ TEST_F(PianoCompensiTest, PaymentsOfOtherYearsAreLeftOut) {
   EXPECT_TRUE(suo.applicabile());
 }
 
+TEST_F(PianoCompensiTest, APaymentWithoutACertainDateIsAnErrorAndNoMore) {
+  banco.richiesta.anno = 2016;
+  const Piano suo = piano("P1;Z;05/03/2016;3;;100;;20\nP1;Z;06/03/2016;4;;100;;20\n");
+  EXPECT_EQ(Banco::stati(suo), "errore errore");
+  EXPECT_THAT(detti(suo), ElementsAre(HasSubstr("V02 DataPagamento: "), HasSubstr("2: V02 DataPagamento: "),
+                                      HasSubstr("3: V02 DataPagamento: ")));
+  EXPECT_THAT(suo.conti, IsEmpty());
+}
+
 TEST_F(PianoCompensiTest, AnAccountCorrectedByHandIsNotOverwritten) {
   banco->Execute("UPDATE ContoIndividuale SET RitenutaAcconto = 299 WHERE Anno = 2017");
   const Piano suo = piano("P1;A;2017-09-20;3;;100;;20\nP2;A;2016-09-20;3;;100;;20\n");
