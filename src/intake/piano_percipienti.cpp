@@ -2,6 +2,7 @@
 #include <map>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "base/codice_fiscale.h"
 #include "base/text.h"
@@ -113,23 +114,39 @@ class PianoPercipienti {
  private:
   // A second row of the same payee in the files: the same again, or a contradiction.
   bool gia(RigaInCorso& corso, const Chiavi& chiavi) {
-    for (const std::string& chiave :
-         {"k" + lowerAscii(chiavi.codice), "f" + lowerAscii(chiavi.codiceFiscale)}) {
-      if (chiave.size() == 1) continue;
+    for (const std::string& chiave : chiaviNeiFile(corso, chiavi)) {
       const auto [prima, sola] = viste_.emplace(chiave, &corso.riga());
       if (sola || prima->second == &corso.riga()) continue;
       RigaPiano& altra = *prima->second;
+      const std::string dove =
+          "nella riga " + fromInteger(static_cast<std::int64_t>(piano_.letta(altra).numero));
       if (stessiCampi(piano_.letta(altra), corso.letta())) {
         corso.riga().voce = altra.voce;
-        corso.uguale();
+        corso.uguale(dove);
       } else {
-        corso.segnala(Codice::P10, "lo stesso percipiente, con altri dati, è nella riga " +
-                                       fromInteger(static_cast<std::int64_t>(piano_.letta(altra).numero)));
+        corso.segnala(Codice::P10, "lo stesso percipiente, con altri dati, è " + dove);
         corso.riga().stato = StatoRiga::Errore;
       }
       return true;
     }
     return false;
+  }
+
+  // Payees of a VAT group have the number in common: it counts where the row has no other key. Without any
+  // key only a row that is the same in everything is the same payee.
+  static std::vector<std::string> chiaviNeiFile(const RigaInCorso& corso, const Chiavi& chiavi) {
+    std::vector<std::string> trovate;
+    if (!chiavi.codice.empty()) trovate.push_back("k" + lowerAscii(chiavi.codice));
+    if (!chiavi.codiceFiscale.empty()) trovate.push_back("f" + lowerAscii(chiavi.codiceFiscale));
+    if (trovate.empty() && !chiavi.partitaIva.empty()) trovate.push_back("v" + lowerAscii(chiavi.partitaIva));
+    if (!trovate.empty()) return trovate;
+    std::string tutto = "t";
+    for (const Campo& campo : corso.letta().campi) {
+      tutto += static_cast<char>(campo.colonna);
+      tutto += campo.stato == StatoCampo::Dato ? '=' : '-';
+      tutto += campo.valore.toText() + '\n';
+    }
+    return {tutto};
   }
 
   static bool stessiCampi(const RigaLetta& a, const RigaLetta& b) {

@@ -27,7 +27,7 @@ std::string cheSi(const schede::SchedaPercipiente& percipiente) {
 template <class C>
 Chiavi chiaviIn(const RigaLetta& riga, C codice, C codiceFiscale, C partitaIva) {
   return {std::string(riga.valore(codice).text()), std::string(riga.valore(codiceFiscale).text()),
-          std::string(riga.valore(partitaIva).text())};
+          std::string(riga.valore(partitaIva).text()), false};
 }
 
 }  // namespace
@@ -39,7 +39,9 @@ Chiavi chiaviDi(const RigaLetta& percipiente) {
 
 Chiavi chiaviDelCompenso(const RigaLetta& compenso) {
   using enum ColonnaCompenso;
-  return chiaviIn(compenso, CodicePercipiente, CodiceFiscale, PartitaIva);
+  Chiavi chiavi = chiaviIn(compenso, CodicePercipiente, CodiceFiscale, PartitaIva);
+  chiavi.scegliPerIva = chiavi.codice.empty() && chiavi.codiceFiscale.empty();
+  return chiavi;
 }
 
 Soggetti::Soggetti(std::span<const schede::SchedaPercipiente> percipienti) {
@@ -72,7 +74,8 @@ bool Soggetti::trova(RigaInCorso& corso, const Chiavi& chiavi,
   const Trovati& conCodice = cerca(perCodice_, perIndice(chiavi.codice));
   const Trovati& conFiscale = cerca(perCodiceFiscale_, perIndice(chiavi.codiceFiscale));
   Trovati conIva = cerca(perPartitaIva_, perIndice(chiavi.partitaIva));
-  // A VAT number whose fiscal codes conflict is no key.
+  // A VAT number is no key where several payees have it, or its payee another fiscal code.
+  if (conIva.size() > 1 && !chiavi.scegliPerIva) conIva.clear();
   std::erase_if(conIva, [&](const schede::SchedaPercipiente* suo) {
     return contraddice(suo->anagrafica.codiceFiscale, chiavi.codiceFiscale);
   });

@@ -16,6 +16,8 @@ struct Chiavi {
   std::string codice;
   std::string codiceFiscale;
   std::string partitaIva;
+  // A VAT number that several payees share is left to a person; otherwise it is no key.
+  bool scegliPerIva = false;
 };
 Chiavi chiaviDi(const RigaLetta& percipiente);
 Chiavi chiaviDelCompenso(const RigaLetta& compenso);
@@ -27,8 +29,8 @@ class Soggetti {
 
   const schede::SchedaPercipiente* diId(std::int32_t idAnagrafica) const;
   // The payee that the keys mean, the first one that hits: the code, the fiscal code as written, the VAT
-  // number that one payee has without another fiscal code. `trovato` stays null where none hits. False, and a
-  // message, where keys mean different payees or several ones.
+  // number that only one payee has, and without another fiscal code. `trovato` stays null where none hits.
+  // False, and a message, where keys mean different payees or several ones.
   bool trova(RigaInCorso& corso, const Chiavi& chiavi, const schede::SchedaPercipiente*& trovato) const;
   // The payees of the name whose codes do not contradict the keys.
   std::vector<const schede::SchedaPercipiente*> omonimi(const Chiavi& chiavi, std::string_view cognome,

@@ -191,5 +191,32 @@ TEST_F(PianoPercipientiTest, TheSamePayeeTwiceInTheFile) {
             "nuovo uguale errore");
 }
 
+TEST_F(PianoPercipientiTest, TheSameVatNumberOrTheSameRowTwiceIsOnePayee) {
+  const Piano iva =
+      piano("PartitaIva;Cognome;Cap\n00743110157;Ditta;1\n00743110157;Ditta;1\n00743110157;Ditta;2\n");
+  EXPECT_EQ(Banco::stati(iva), "nuovo uguale errore");
+  EXPECT_THAT(Banco::messaggi(iva), Contains("3: R03: già presente, uguale, nella riga 2"));
+  EXPECT_THAT(Banco::messaggi(iva),
+              Contains("4: P10: lo stesso percipiente, con altri dati, è nella riga 2"));
+  EXPECT_EQ(Banco::stati(piano("CodiceFiscale;PartitaIva;Cognome\n05979361218;12345670017;Gruppo Uno\n"
+                               "04123450233;12345670017;Gruppo Due\n")),
+            "nuovo nuovo");
+  EXPECT_EQ(Banco::stati(piano("Cognome;NonResidente;Nazione\nBauer;S;Germania\nBauer;S;Germania\n"
+                               "Bauer;S;Austria\n")),
+            "nuovo uguale nuovo");
+}
+
+TEST_F(PianoPercipientiTest, AVatNumberOfSeveralPayeesIsNoKey) {
+  ASSERT_THAT(
+      banco.importa(Elenco::Percipienti,
+                    "Codice;PartitaIva;Cognome\nG1;12345670017;Gruppo Uno\nG2;12345670017;Gruppo Due\n"),
+      IsEmpty());
+  const Piano suo = piano(
+      "Codice;CodiceFiscale;PartitaIva;Cognome\nP2;00743110157;12345670017;Ditta S.n.c.\n"
+      "G3;;12345670017;Gruppo Tre\n;;12345670017;Gruppo Due\n");
+  EXPECT_EQ(Banco::stati(suo), "diverso nuovo da decidere");
+  EXPECT_THAT(Banco::messaggi(suo), Not(Contains(HasSubstr("P10"))));
+}
+
 }  // namespace
 }  // namespace cu::intake
