@@ -17,6 +17,7 @@
 #include "schede/compensi.h"
 #include "schede/conteggio.h"
 #include "schede/percipienti.h"
+#include "schede/righe.h"
 
 namespace cu::intake {
 namespace {
@@ -148,7 +149,7 @@ class Applicazione {
                            Value::ofInteger(conto.anno),
                            Value::ofInteger(piano_.richiesta.idAzienda),
                            Value::ofInteger(0),
-                           Value::ofInteger(conto.codiceDopo)};
+                           schede::idONullo(conto.codiceDopo)};
       if (!ha) {
         scrittura_.inserisci(schede::kDatiAggiuntivi, riga);
         continue;

@@ -62,7 +62,9 @@ void ContiToccati::sommaEsistenti() {
   if (conti_.empty()) return;
   for (const SchedaCompenso& compenso : archivio_.compensi) {
     const auto suo = conti_.find(chiave(compenso));
-    if (suo != conti_.end()) somma(suo->second.primaDiTutto, compenso.importi);
+    if (suo == conti_.end()) continue;
+    somma(suo->second.primaDiTutto, compenso.importi);
+    ++suo->second.compensi;
   }
   for (auto& [chiave, conto] : conti_) conto.dopo = conto.primaDiTutto;
 }
@@ -101,11 +103,23 @@ void ContiToccati::applicaRighe() {
     conto.righe.push_back(i);
     conto.aggiungeSomme =
         conto.aggiungeSomme || !voce.dopo.importi[posto(schede::Importo::SommeNonSoggette)].isZero();
-    const std::int32_t codice = piano_.accantoCompensi[riga.voce].idCodiceNonSoggette;
-    if (codice == 0) continue;
-    if (conto.codice != 0 && conto.codice != codice) conto.dueCodici = true;
-    conto.codice = codice;
+    const std::optional<std::int32_t> codice = piano_.accantoCompensi[riga.voce].idCodiceNonSoggette;
+    const bool qui = voce.prima && chiave(*voce.prima) == chiave(voce.dopo);
+    // A payment that is new in the account has no code that it could empty.
+    if (codice && (*codice != 0 || qui)) conto.codici.insert(*codice);
+    if (voce.prima && (codice || !qui)) ++conti_[chiave(*voce.prima)].conCodice;
   }
+  for (auto& [chiave, conto] : conti_) decidiCodice(conto);
+}
+
+// An account has one code. The one that it had goes with the last payment that rows leave it for.
+void ContiToccati::decidiCodice(Conto& conto) {
+  if (conto.codici.empty()) return;
+  const bool svuota = conto.codici.erase(0) > 0;
+  const bool resta = conto.compensi == 0 || conto.conCodice < conto.compensi;
+  if (conto.codice != 0 && resta && !svuota) conto.codici.insert(conto.codice);
+  conto.dueCodici = conto.codici.size() > 1;
+  conto.codice = conto.codici.empty() ? 0 : *conto.codici.begin();
 }
 
 void ContiToccati::controlla(const ChiaveConto& chiave, const Conto& conto) {

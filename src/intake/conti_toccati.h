@@ -2,6 +2,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "intake/archivio_letto.h"
@@ -25,6 +26,9 @@ class ContiToccati {
     schede::Importi primaDiTutto{};  // the sum of the payments that are there
     schede::Importi dopo{};
     std::int32_t codice = 0;
+    std::size_t compensi = 0;       // that are there
+    std::size_t conCodice = 0;      // of those, that rows give a code or take away
+    std::set<std::int32_t> codici;  // that rows give; 0 empties it
     std::vector<std::size_t> righe;
     bool aggiungeSomme = false;
     bool dueCodici = false;
@@ -35,6 +39,7 @@ class ContiToccati {
   void raccogli();
   void sommaEsistenti();
   void applicaRighe();
+  static void decidiCodice(Conto& conto);
   void corretti(const ChiaveConto& chiave, Conto& conto);
   void controlla(const ChiaveConto& chiave, const Conto& conto);
   void scrivi();

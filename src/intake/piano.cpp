@@ -68,7 +68,7 @@ std::vector<Value> valoriPianificati(const Piano& piano, const RigaPiano& riga) 
       [](const schede::SchedaPercipiente& p, std::int32_t id) { return p.anagrafica.id < id; });
   const bool trovato = suo != archivio.percipienti.end() && suo->anagrafica.id == compenso.idAnagrafica;
   return valoriCompenso(compenso, trovato ? &*suo : nullptr,
-                        piano.accantoCompensi[riga.voce].idCodiceNonSoggette, archivio.elenchi);
+                        piano.accantoCompensi[riga.voce].idCodiceNonSoggette.value_or(0), archivio.elenchi);
 }
 
 // The columns that identify a row of the list.

@@ -88,7 +88,7 @@ struct AccantoPercipiente {
 // Beside a payment.
 struct AccantoCompenso {
   std::string riferimento;
-  std::int32_t idCodiceNonSoggette = 0;
+  std::optional<std::int32_t> idCodiceNonSoggette;  // 0: to be emptied
 };
 
 struct ContoPiano {

@@ -119,6 +119,8 @@ class PianoCompensi {
                                   letta.valore(CodiceNonSoggette).text(), archivio_.elenchi.nonSoggette);
       if (!id) return false;
       accanto.idCodiceNonSoggette = *id;
+    } else if (letta.campo(CodiceNonSoggette) != nullptr) {
+      accanto.idCodiceNonSoggette = 0;
     }
     return true;
   }
@@ -165,9 +167,10 @@ class PianoCompensi {
 
   // The code of the sums not subject is the account's.
   bool codiceUguale(const SchedaCompenso& scheda, const AccantoCompenso& accanto) const {
-    if (accanto.idCodiceNonSoggette == 0) return true;
+    if (!accanto.idCodiceNonSoggette) return true;
     const auto conto = archivio_.conti.find({scheda.idAnagrafica, scheda.idCausale, scheda.pagamento.year()});
-    return conto != archivio_.conti.end() && conto->second.idCodiceNonSoggette == accanto.idCodiceNonSoggette;
+    const std::int32_t attuale = conto == archivio_.conti.end() ? 0 : conto->second.idCodiceNonSoggette;
+    return attuale == *accanto.idCodiceNonSoggette;
   }
 
   static std::string differenze(const SchedaCompenso& prima, const SchedaCompenso& dopo) {

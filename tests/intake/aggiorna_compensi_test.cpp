@@ -132,5 +132,55 @@ TEST_F(AggiornaCompensi, ReferencesOfAFileArePaymentsEach) {
               ElementsAre("2: R04: lo stesso documento è, con altri dati, in archivio più volte"));
 }
 
+class AggiornaCodiceNonSoggette : public AggiornaCompensi {
+ protected:
+  void SetUp() override {
+    importa("P1;M;2014-05-20;1;100;5;7\n");
+    ASSERT_EQ(codice(), "7");
+    banco.richiesta.diversi = SuDiversi::Aggiorna;
+  }
+  void importa(const std::string& righe) {
+    ASSERT_THAT(banco.importa(Elenco::Compensi, "CodicePercipiente;Causale;" + kColonne + "\n" + righe),
+                IsEmpty());
+  }
+  std::string codice() {
+    return banco.uno("SELECT IDCodicePerNonSoggetti FROM ContoIndividualeDatiAggiuntivi WHERE Anno = 2014");
+  }
+  Piano piano(const std::string& righe) {
+    return banco.piano(Elenco::Compensi, "CodicePercipiente;Causale;" + kColonne + "\n" + righe);
+  }
+  inline static const std::string kColonne =
+      "DataPagamento;NumeroDocumento;Onorario;SommeNonSoggette;CodiceNonSoggette";
+};
+
+TEST_F(AggiornaCodiceNonSoggette, ANewOneOfTheOnlyPaymentReplacesIt) {
+  importa("P1;M;2014-05-20;1;100;5;6\n");
+  EXPECT_EQ(codice(), "6");
+  EXPECT_EQ(Banco::stati(piano("P1;M;2014-05-20;1;100;5;6\nP1;M;2014-05-20;1;100;5;6\n")), "uguale uguale");
+}
+
+TEST_F(AggiornaCodiceNonSoggette, AHyphenEmptiesIt) {
+  const auto prima = banco.contenuto();
+  importa("P1;M;2014-05-20;1;100;5;-\n");
+  EXPECT_EQ(codice(), "");
+  EXPECT_EQ(banco.quante("ContoIndividualeDatiAggiuntivi"), 1);
+  EXPECT_EQ(Banco::stati(piano("P1;M;2014-05-20;1;100;5;-\n")), "uguale");
+  ASSERT_TRUE(banco.annulla(storico(*banco, 1).back().id));
+  EXPECT_EQ(banco.contenuto(), prima);
+}
+
+TEST_F(AggiornaCodiceNonSoggette, OfSeveralPaymentsAllHaveToGiveTheNewOne) {
+  importa("P1;M;2014-06-20;2;100;5;\n");
+  const Piano una = piano("P1;M;2014-05-20;1;100;5;6\n");
+  EXPECT_EQ(Banco::stati(una), "errore");
+  EXPECT_THAT(Banco::messaggi(una), Contains(HasSubstr("A03: ")));
+  EXPECT_EQ(Banco::stati(piano("P1;M;2014-05-20;1;100;5;6\nP1;M;2014-07-20;3;100;5;6\n")), "errore errore");
+  EXPECT_EQ(Banco::stati(piano("P1;M;2014-05-20;1;100;5;6\nP1;M;2014-06-20;2;100;5;8\n")), "errore errore");
+  importa("P1;M;2014-05-20;1;100;5;6\nP1;M;2014-06-20;2;100;5;6\n");
+  EXPECT_EQ(codice(), "6");
+  importa("P1;M;2014-07-20;3;100;5;-\n");
+  EXPECT_EQ(codice(), "6") << "a new payment has none to empty";
+}
+
 }  // namespace
 }  // namespace cu::intake
