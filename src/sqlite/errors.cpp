@@ -67,6 +67,11 @@ Told tell(int code, std::string_view engineText, const std::string& of) {
     case SQLITE_FULL:
       return {Full, "Il disco che contiene il database è pieno. Liberare spazio e ripetere l'operazione."};
     case SQLITE_READONLY:
+      if (code == SQLITE_READONLY_DBMOVED) {
+        return {Unavailable,
+                "Il file del database non è più quello che è stato aperto: è stato spostato, sostituito o "
+                "eliminato. Non è stato scritto nulla. Rimetterlo al suo posto e riaprire il programma."};
+      }
       return {ReadOnly,
               "Il database è di sola lettura. Verificare i permessi del file e della sua cartella."};
     case SQLITE_CORRUPT:

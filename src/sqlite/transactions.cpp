@@ -6,6 +6,8 @@
 namespace cu::sqlite {
 namespace {
 
+constexpr std::chrono::seconds kBetweenLooks(1);
+
 bool attempt(sqlite3* database, const char* sql) noexcept {
   return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
@@ -40,9 +42,19 @@ void Transactions::endRead() noexcept {
   reading_ = false;
 }
 
+void Transactions::requireFile() {
+  const auto now = std::chrono::steady_clock::now();
+  if (looked_ != std::chrono::steady_clock::time_point() && now - looked_ < kBetweenLooks) return;
+  int moved = 0;
+  if (sqlite3_file_control(database_, "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK && moved != 0)
+    throw errorOf(SQLITE_READONLY_DBMOVED, "", "BEGIN");
+  looked_ = now;
+}
+
 void Transactions::statement(TransactionVerb verb) {
   if (verb == TransactionVerb::Begin) {
     if (depth_ == 0) {
+      requireFile();
       stopReading();
       // Takes the write lock at once: a transaction that waited for it until its first change would find its
       // reads out of date.

@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
+
 #include "sqlite/ast.h"
 
 namespace cu::sqlite {
@@ -38,11 +40,14 @@ class Transactions {
  private:
   void startReading();
   void stopReading();
+  // A file that was deleted or replaced while it is open takes every write and keeps none.
+  void requireFile();
 
   sqlite3* database_;
   int depth_ = 0;  // of BEGIN TRANSACTION
   int readers_ = 0;
   bool reading_ = false;
+  std::chrono::steady_clock::time_point looked_;  // for the file, the last time
 };
 
 }  // namespace cu::sqlite

@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "files_support.h"
 
 namespace cu::sqlite::test {
@@ -21,6 +23,25 @@ TEST_F(Transactions, CommitKeepsAndRollbackTakesBack) {
   mine->Execute("INSERT INTO t VALUES (1, 'x')");
   mine->Execute("COMMIT");
   EXPECT_EQ(query(*opened("a.db"), "t").size(), 1u);
+}
+
+TEST_F(Transactions, AFileThatIsGoneOrAnotherOneTakesNone) {
+  for (const bool replaced : {false, true}) {
+    auto mine = made("a.db");
+    std::filesystem::rename(folder_ / "a.db", folder_ / "altrove.db");
+    if (replaced) std::filesystem::copy_file(folder_ / "altrove.db", folder_ / "a.db");
+    const DatabaseError error = errorOf([&] { mine->Execute("BEGIN TRANSACTION"); });
+    EXPECT_EQ(error.kind(), DatabaseErrorKind::Unavailable);
+    EXPECT_THAT(error.what(),
+                ::testing::StartsWith("Il file del database non è più quello che è stato aperto: è "
+                                      "stato spostato, sostituito o eliminato."));
+    EXPECT_EQ(query(*mine, "t").size(), 0u) << "what is open can still be read";
+    std::filesystem::rename(folder_ / "altrove.db", folder_ / "a.db");
+    mine->Execute("BEGIN TRANSACTION");
+    mine->Execute("ROLLBACK TRANSACTION");
+    mine.reset();
+    std::filesystem::remove(folder_ / "a.db");
+  }
 }
 
 TEST_F(Transactions, OneWithinAnotherOnlyCounts) {
