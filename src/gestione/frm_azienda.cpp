@@ -115,7 +115,7 @@ void FrmAzienda::personaCambiata() {
 void FrmAzienda::mostraControlli() {
   if (!luoghi_) return;
   const Date oggi = contesto_.clock.today();
-  const auto frasi = [&](const TextBox& casella, DatiAccanto accanto) {
+  const auto frasi = [&](const TextBox& casella, const DatiAccanto& accanto) {
     const EsameCodice esame = esaminaCodice(codiceDi(casella), accanto, *luoghi_, oggi);
     return esame.contrasti.empty() ? esame.stato : esame.stato + " " + esame.contrasti;
   };
