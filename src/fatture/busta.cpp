@@ -37,9 +37,31 @@ bool xmlLargo(std::string_view byte) {
          byte.starts_with("\0<"sv);
 }
 
-// An envelope is longer than the 127 bytes whose number needs no byte of its own.
+// Whether the bytes are a text beyond ASCII: what a conversion from one character set to another leaves of an
+// envelope. Their end may be within a character.
+bool testoConvertito(std::string_view byte) {
+  constexpr std::size_t kCarattere = 4;
+  bool oltreAscii = false;
+  for (std::size_t i = 0; i < byte.size();) {
+    const std::size_t prima = i;
+    const char32_t punto = nextCodePoint(byte, i);
+    if (punto == 0xfffd && i == prima + 1 && prima + kCarattere < byte.size()) return false;
+    oltreAscii = oltreAscii || punto >= 0x80;
+  }
+  return oltreAscii;
+}
+
+// An envelope is longer than the 127 bytes whose number needs no byte of its own, and begins with the
+// identifier of its kind. Keys and certificates are stored alike. A damaged envelope is one as long as it
+// shows what it was.
 bool pareDer(std::string_view byte) {
-  return byte.size() > 1 && byte[0] == kSequenza && static_cast<unsigned char>(byte[1]) >= 0x80;
+  constexpr std::string_view kIdentificatore = "\x06\x09\x2a\x86\x48\x86\xf7\x0d\x01\x07"sv;
+  constexpr std::size_t kDopoLunghezza = 6;
+  constexpr std::size_t kProva = 256;
+  if (byte.size() < 2 || byte[0] != kSequenza || static_cast<unsigned char>(byte[1]) < 0x80) return false;
+  return byte.substr(0, kDopoLunghezza + kIdentificatore.size()).find(kIdentificatore) !=
+             std::string_view::npos ||
+         testoConvertito(byte.substr(0, kProva)) || byte.find("FatturaElettronica") != std::string_view::npos;
 }
 
 int valoreBase64(char c) {
@@ -98,18 +120,6 @@ std::optional<std::string> daPem(std::string_view testo) {
 struct Libera {
   void operator()(CMS_ContentInfo* cms) const { CMS_ContentInfo_free(cms); }
 };
-
-// Whether the bytes are a text: what a conversion from one character set to another leaves of an envelope.
-bool testoConvertito(std::string_view byte) {
-  bool oltreAscii = false;
-  for (std::size_t i = 0; i < byte.size();) {
-    const std::size_t prima = i;
-    const char32_t punto = nextCodePoint(byte, i);
-    if (punto == 0xfffd && i == prima + 1) return false;
-    oltreAscii = oltreAscii || punto >= 0x80;
-  }
-  return oltreAscii;
-}
 
 // Reads the head of a string of octets that ends right before `dati`: its length, if there is one.
 std::optional<std::size_t> lunghezzaPrima(std::string_view byte, std::size_t dati) {

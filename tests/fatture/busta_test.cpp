@@ -123,6 +123,9 @@ TEST(Busta, JoinsTheSegmentsOfADamagedEnvelope) {
 TEST(Busta, RecognisesAFileByItsContent) {
   EXPECT_EQ(forma(parcellaXml()), Forma::Xml);
   EXPECT_EQ(forma(firmato("x")), Forma::Busta);
+  const std::string chiave =
+      std::string("\x30\x82\x08\x65\x02\x01\x03\x30\x82\x08\x2b\xff", 12) + std::string(200, '\x81');
+  EXPECT_EQ(forma(chiave), Forma::Altra);
   EXPECT_EQ(forma("PK\3\4"), Forma::Zip);
   EXPECT_EQ(forma("%PDF-1.4 ..."), Forma::Altra);
   EXPECT_EQ(forma("0123;4567;un testo qualunque che comincia con uno zero"), Forma::Altra);
