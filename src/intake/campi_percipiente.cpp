@@ -223,10 +223,16 @@ class CampiPercipiente {
     const schede::Luogo* const nelCodice = codice ? archivio_.luoghi.comuneDiCatasto(codice->luogo) : nullptr;
     const schede::Ricerca ricerca = archivio_.luoghi.comune(nome, provincia, giorno);
     if (nelCodice != nullptr && lettereDiCodice(nelCodice->nome) == lettereDiCodice(nome)) {
+      if (!provincia.empty() && !equalsNoCase(provincia, nelCodice->provincia)) {
+        corso_.segnala(Codice::P06, ProvinciaNascita,
+                       nelCodice->nome + " è in provincia di " + nelCodice->provincia + ", non di " +
+                           mostrato(provincia));
+      }
       return natoIn(*nelCodice);
     }
     if (ricerca.uno() != nullptr) {
       natoIn(*ricerca.uno());
+      soppressoPrima(*ricerca.uno());
       return confronta(codice, ricerca.uno());
     }
     if (!ricerca.trovati.empty()) {
@@ -246,6 +252,12 @@ class CampiPercipiente {
     }
     corso_.segnala(Codice::P06, ComuneNascita, mostrato(nome) + " non è nell'elenco dei comuni");
     if (codice) dalCodice(codice->luogo);
+  }
+
+  void soppressoPrima(const schede::Luogo& comune) {
+    if (comune.soppresso == 0 || a_.nascita == Date() || a_.nascita.year() <= comune.soppresso) return;
+    corso_.segnala(Codice::P06, ColonnaPercipiente::ComuneNascita,
+                   comune.nome + " non esiste più dal " + fromInteger(comune.soppresso));
   }
 
   void natoIn(const schede::Luogo& comune) {

@@ -103,7 +103,12 @@ std::optional<std::int32_t> scegliLuogo(RigaInCorso& corso, std::uint8_t colonna
 std::optional<std::int32_t> idDelComune(RigaInCorso& corso, std::uint8_t colonna, std::string_view nome,
                                         std::string_view provincia, const schede::Luoghi& luoghi) {
   const schede::Ricerca ricerca = luoghi.comune(nome, provincia, std::nullopt);
-  if (ricerca.uno() != nullptr) return ricerca.uno()->id;
+  if (const schede::Luogo* const uno = ricerca.uno()) {
+    if (uno->soppresso != 0) {
+      corso.segnala(Codice::P06, colonna, dettoLuogo(*uno) + ": il comune non esiste più");
+    }
+    return uno->id;
+  }
   if (!ricerca.trovati.empty()) return scegliLuogo(corso, colonna, nome, ricerca.trovati);
   std::string dove = mostrato(nome);
   if (!provincia.empty()) dove += " (" + mostrato(provincia) + ")";

@@ -40,6 +40,28 @@ bool codiceCatastale(std::string_view testo) {
          !lettereDiCodice(testo.substr(0, 1)).empty();
 }
 
+// Of municipalities of one name, those that were there on the day: in each province the former one that
+// ceased to exist next, or else the present one. Without a day the present ones. All of them where there is
+// none.
+std::vector<const Luogo*> delGiorno(const std::vector<const Luogo*>& tutti, std::optional<Date> giorno) {
+  const auto esisteva = [&](const Luogo* luogo) {
+    return luogo->soppresso == 0 || (giorno && giorno->year() < luogo->soppresso);
+  };
+  // A present one has taken the place of the former one of its name.
+  const auto prima = [](const Luogo* uno, const Luogo* altro) {
+    return uno->soppresso != 0 && (altro->soppresso == 0 || uno->soppresso < altro->soppresso);
+  };
+  std::vector<const Luogo*> allora;
+  for (const Luogo* luogo : tutti) {
+    if (!esisteva(luogo)) continue;
+    const bool preceduto = std::any_of(tutti.begin(), tutti.end(), [&](const Luogo* altro) {
+      return altro->provincia == luogo->provincia && esisteva(altro) && prima(altro, luogo);
+    });
+    if (!preceduto) allora.push_back(luogo);
+  }
+  return allora.empty() ? tutti : allora;
+}
+
 }  // namespace
 
 Luoghi::Luoghi(Connection& connessione) {
@@ -115,13 +137,7 @@ Ricerca Luoghi::comune(std::string_view nome, std::string_view provincia, std::o
     const Luogo& luogo = comuni_[posto];
     if (provincia.empty() || equalsNoCase(luogo.provincia, trim(provincia))) tutti.push_back(&luogo);
   }
-  // Of the same name, a municipality that no longer exists is meant only by who was there before.
-  const auto esisteva = [&](const Luogo* luogo) {
-    return luogo->soppresso == 0 || (giorno && giorno->year() < luogo->soppresso);
-  };
-  std::vector<const Luogo*> allora;
-  std::copy_if(tutti.begin(), tutti.end(), std::back_inserter(allora), esisteva);
-  return {allora.empty() ? tutti : allora};
+  return {delGiorno(tutti, giorno)};
 }
 
 const Luogo* Luoghi::comuneDiCatasto(std::string_view catasto) const {

@@ -33,7 +33,8 @@ class Luoghi {
   explicit Luoghi(Connection& connessione);
 
   // By name or cadastral code. The province may be empty; the day decides between a former municipality and
-  // the present one of the same name, and without it only present ones count, unless there is none.
+  // the present one of the same name, and without it only present ones count, unless there is none: then a
+  // former one may have ceased to exist before the day.
   Ricerca comune(std::string_view nome, std::string_view provincia, std::optional<Date> giorno) const;
   const Luogo* comuneDiCatasto(std::string_view catasto) const;
   const Luogo* comuneDiId(std::int32_t id) const;

@@ -134,7 +134,28 @@ TEST_F(PianoPercipientiTest, AFormerMunicipalityIsFoundByTheDayOfBirth) {
     return comune(p.anagrafica.idComuneNascita);
   };
   EXPECT_EQ(nato("2016-05-01"), "Bellagio M335");
+  EXPECT_EQ(nato("1980-05-01"), "Bellagio A744");
   EXPECT_EQ(piano_.righe[0].candidati.size(), 0U);
+}
+
+TEST_F(PianoPercipientiTest, AMunicipalityThatNoLongerExistsIsAWarning) {
+  const std::string colonne =
+      "Codice;PartitaIva;Cognome;Nome;PersonaFisica;Sesso;DataNascita;ComuneNascita;Comune;Provincia\n"
+      "E;00743110158;Bianchi;Luca;S;M;";
+  primo(colonne + "1950-05-01;Banco;Roma;RM\n");
+  EXPECT_THAT(detti(), Not(Contains(HasSubstr("non esiste più"))));
+  primo(colonne + "1990-05-01;Banco;Roma;RM\n");
+  EXPECT_THAT(detti(), Contains(HasSubstr("P06 ComuneNascita: ")));
+  primo(colonne + "1950-05-01;Roma;Banco;\n");
+  EXPECT_THAT(detti(), Contains(HasSubstr("il comune non esiste più")));
+}
+
+TEST_F(PianoPercipientiTest, AProvinceOfBirthThatContradictsTheCodeIsAWarning) {
+  primo(
+      "CodiceFiscale;Cognome;Nome;ComuneNascita;ProvinciaNascita\nMRTNTN23M02D969P;Moretti;Antonio;Genova;"
+      "TO\n");
+  EXPECT_THAT(detti(), Contains("2: P06 ProvinciaNascita: Genova è in provincia di GE, non di TO"));
+  EXPECT_EQ(comune(piano_.percipienti.at(0).dopo.anagrafica.idComuneNascita), "Genova D969");
 }
 
 TEST_F(PianoPercipientiTest, ABirthplaceOtherThanTheCodesIsAWarning) {
