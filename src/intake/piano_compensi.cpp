@@ -39,6 +39,11 @@ class PianoCompensi {
   void riga(RigaPiano& riga) {
     RigaInCorso corso(piano_, riga);
     if (!daPianificare(corso)) return;
+    // The heading lacks it, which is reported once.
+    if (!corso.letta().ha(ColonnaCompenso::DataPagamento)) {
+      riga.stato = StatoRiga::Errore;
+      return;
+    }
     if (diAltroAnno(corso)) return;
     const schede::SchedaPercipiente* percipiente = nullptr;
     CompensoDato dato;

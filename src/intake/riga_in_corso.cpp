@@ -81,6 +81,10 @@ std::optional<std::int32_t> idDelCodice(RigaInCorso& corso, std::uint8_t colonna
                                         const schede::ElencoCodici& elenco) {
   const schede::VoceElenco* const voce = elenco.diCodice(codice);
   if (voce != nullptr) return voce->id;
+  if (codice.empty()) {
+    corso.segnala(Codice::C01, colonna, "manca il valore, che è obbligatorio");
+    return std::nullopt;
+  }
   corso.segnala(Codice::V05, colonna, mostrato(codice) + " non è fra i codici: " + elenco.codici());
   return std::nullopt;
 }

@@ -159,6 +159,17 @@ TEST_F(PianoCompensiTest, PaymentsOfOtherYearsAreLeftOut) {
   EXPECT_TRUE(suo.applicabile());
 }
 
+TEST_F(PianoCompensiTest, WithoutReasonOrDateNothingElseIsSaidOfThem) {
+  Piano suo = piano("P1;2017-09-20;100\n", "CodicePercipiente;DataPagamento;Onorario");
+  EXPECT_EQ(Banco::stati(suo), "errore");
+  EXPECT_THAT(detti(suo), ElementsAre(HasSubstr("C01 Causale: manca la colonna"),
+                                      "2: C01 Causale: manca il valore, che è obbligatorio"));
+  banco.richiesta.anno = 2017;
+  suo = piano("P1;Z;100\n", "CodicePercipiente;Causale;Onorario");
+  EXPECT_EQ(Banco::stati(suo), "errore");
+  EXPECT_THAT(detti(suo), ElementsAre(HasSubstr("C01 DataPagamento: manca la colonna")));
+}
+
 TEST_F(PianoCompensiTest, APaymentWithoutACertainDateIsAnErrorAndNoMore) {
   banco.richiesta.anno = 2016;
   const Piano suo = piano("P1;Z;05/03/2016;3;;100;;20\nP1;Z;06/03/2016;4;;100;;20\n");
