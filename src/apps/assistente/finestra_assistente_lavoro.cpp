@@ -63,10 +63,11 @@ void FinestraAssistente::compi(const Assistente::Compito& compito) {
                   fallito(esito.errore);
                   return;
                 }
-                const Passo passo = assistente_.passo();
+                const Passo partenza = assistente_.passo();
                 accogli();
-                if (passo != Passo::Esito && assistente_.passo() == Passo::Esito && importate) importate();
-                arrivato_ = arrivato_ || passo != assistente_.passo();
+                const Passo dopo = assistente_.passo();
+                arrivato_ = arrivato_ || partenza != dopo;
+                if (partenza != dopo && dopo == Passo::Esito && importate) importate();
                 prosegui();
               },
           .interrompi = QStringLiteral("A&nnulla")});
