@@ -1,6 +1,7 @@
 // Any table as companies, payees or payments: a reading whose fields keep their kinds and whose messages are
 // lines, and which is the same once its fields have been written as a table and read again.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -95,7 +96,7 @@ void checkReading(const Lettura& reading) {
   }
 }
 
-// Of the rows that have a field: a row without one is not written as one.
+// The rows that have a field: a row without one is not written as one.
 std::vector<const RigaLetta*> withFields(const Lettura& reading) {
   std::vector<const RigaLetta*> rows;
   for (const RigaLetta& row : reading.righe) {
@@ -104,8 +105,15 @@ std::vector<const RigaLetta*> withFields(const Lettura& reading) {
   return rows;
 }
 
+// What a rejected cell would have given is derived from the others once that cell is empty.
+bool wrong(const RigaLetta* row) {
+  return std::any_of(row->messaggi.begin(), row->messaggi.end(),
+                     [](const auto& message) { return message.gravita == cu::intake::Gravita::Errore; });
+}
+
 void checkAgain(const Lettura& reading, cu::Date today) {
-  const std::vector<const RigaLetta*> rows = withFields(reading);
+  std::vector<const RigaLetta*> rows = withFields(reading);
+  std::erase_if(rows, wrong);
   cu::tabelle::TabellaDaScrivere written;
   for (const Colonna& column : cu::intake::colonne(reading.elenco)) written.colonne.emplace_back(column.nome);
   for (const RigaLetta* row : rows) {
