@@ -13,6 +13,7 @@ std::int64_t quante(Connection& connessione, std::string_view tabella, std::stri
   RowStore righe;
   connessione.Query(domanda, righe);
   CellView numero;
+  if (righe.size() == 0) return 0;  // a connection that only records has no answers
   righe.read(0, &numero);
   return numero.integer();
 }
