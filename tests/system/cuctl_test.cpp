@@ -64,7 +64,11 @@ TEST(Usage, HelpIsInItalianAlone) {
                                    {"template", "payees"}}) {
     Argomenti argomenti = comando;
     argomenti.push_back("--help");
-    const std::string aiuto = posto.cuctl(argomenti).uscita;
+    const Esecuzione esito = posto.cuctl(argomenti);
+    EXPECT_EQ(esito.codice, 0);
+    EXPECT_EQ(esito.errori, "");
+    const std::string& aiuto = esito.uscita;
+    EXPECT_THAT(aiuto, HasSubstr("Uso: cuctl" + (comando.empty() ? std::string() : ' ' + comando.front())));
     EXPECT_THAT(aiuto, HasSubstr("\nOpzioni:\n"));
     for (const char* inglese :
          {"OPTIONS", "Options", "Positionals", "TEXT", "INT", "REQUIRED", "Needs", "Excludes"})

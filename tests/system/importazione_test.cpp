@@ -310,26 +310,6 @@ TEST_F(Importazione, OfWrongUsageEndsWithTwo) {
   EXPECT_EQ(azienda.errori, "--company: nel database non c'è un'azienda 99\n");
 }
 
-TEST_F(Importazione, HelpIsThereForEachCommand) {
-  for (const Argomenti& comando : {Argomenti{"import"},
-                                   {"import", "companies"},
-                                   {"import", "payees"},
-                                   {"import", "payments"},
-                                   {"import", "history"},
-                                   {"import", "undo"},
-                                   {"export"},
-                                   {"export", "payments"},
-                                   {"template"},
-                                   {"template", "payees"}}) {
-    Argomenti argomenti = comando;
-    argomenti.push_back("--help");
-    const Esecuzione aiuto = posto_.cuctl(argomenti);
-    EXPECT_EQ(aiuto.codice, 0);
-    EXPECT_EQ(aiuto.errori, "");
-    EXPECT_THAT(aiuto.uscita, HasSubstr("Uso: cuctl " + comando.front()));
-  }
-}
-
 TEST_F(Importazione, CanSkipBadFiles) {
   prepara();
   const std::string buono = scrivi("buono.csv", kCompensi);
