@@ -91,10 +91,7 @@ bool eEstero(const RigaLetta& percipiente) {
 
 void ControlliRiga::segnala(RigaLetta& riga, Codice codice, std::uint8_t colonna, std::string testo,
                             bool soloAvviso) {
-  const std::string& intestazione = lettura_.intestazioni[colonna];
-  Messaggio nuovo =
-      messaggio(codice, std::move(testo),
-                intestazione.empty() ? std::string(colonne(lettura_.elenco)[colonna].nome) : intestazione);
+  Messaggio nuovo = messaggio(codice, std::move(testo), lettura_.nomeColonna(colonna));
   if (soloAvviso) nuovo.gravita = Gravita::Avviso;
   riga.messaggi.push_back(std::move(nuovo));
 }
@@ -111,9 +108,9 @@ void ControlliRiga::esegui(RigaLetta& riga) {
 }
 
 bool ControlliRiga::respinta(const RigaLetta& riga, std::uint8_t colonna) const {
-  const std::string& intestazione = lettura_.intestazioni[colonna];
-  return !intestazione.empty() &&
-         std::any_of(riga.messaggi.begin(), riga.messaggi.end(), [&](const Messaggio& uno) {
+  const bool sua = colonna < lettura_.intestazioni.size() && !lettura_.intestazioni[colonna].empty();
+  const std::string intestazione = lettura_.nomeColonna(colonna);
+  return sua && std::any_of(riga.messaggi.begin(), riga.messaggi.end(), [&](const Messaggio& uno) {
            return uno.gravita == Gravita::Errore && uno.colonna == intestazione;
          });
 }

@@ -281,6 +281,11 @@ CellView Lettura::conserva(std::string_view testo) {
   return CellView::ofText(aggiunti->conserva(testo));
 }
 
+std::string Lettura::nomeColonna(std::uint8_t colonna) const {
+  const bool sua = colonna < intestazioni.size() && !intestazioni[colonna].empty();
+  return sua ? intestazioni[colonna] : std::string(colonne(elenco)[colonna].nome);
+}
+
 bool Lettura::conErrori() const {
   return std::any_of(messaggi.begin(), messaggi.end(), errore) ||
          std::any_of(righe.begin(), righe.end(), [](const RigaLetta& riga) { return riga.conErrori(); });

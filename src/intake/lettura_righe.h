@@ -32,7 +32,7 @@ struct Campo {
 };
 
 struct RigaLetta {
-  std::size_t numero = 0;    // as the file counts, the heading included
+  std::size_t numero = 0;    // as the file counts, the heading included; of an invoice, its document's
   std::vector<Campo> campi;  // ordered by column, one for each
   std::vector<Messaggio> messaggi;
   std::string esclusa;  // why the row is left out; "" where it is not
@@ -61,6 +61,8 @@ struct RigaLetta {
   bool conErrori() const;
 };
 
+struct FattureLette;
+
 // What a file gives: typed rows in order, and what there is to say of the file and its columns. Knows neither
 // the database nor what a row means there.
 struct Lettura {
@@ -78,6 +80,12 @@ struct Lettura {
   // Keeps a text for a field that the file does not have as it is.
   CellView conserva(std::string_view testo);
   bool conErrori() const;  // of the file or of a row
+
+  // Of a file with electronic invoices (lettura_fatture.h); null for a table.
+  std::shared_ptr<const FattureLette> fatture;
+
+  // As the file has it; the list's own name for a column that the file lacks.
+  std::string nomeColonna(std::uint8_t colonna) const;
 
   std::shared_ptr<const void> testi;  // of the table; with the next one it owns the texts of the fields
   std::shared_ptr<tabelle::Deposito> aggiunti;

@@ -39,6 +39,7 @@ std::string dettoMessaggio(const PostoMessaggio& posto, const Messaggio& messagg
     testo += parte;
   };
   if (!posto.foglio.empty()) aggiungi("foglio \"" + posto.foglio + '"');
+  if (posto.documento > 0) aggiungi("documento " + fromInteger(static_cast<std::int64_t>(posto.documento)));
   if (posto.riga > 0) aggiungi("riga " + fromInteger(static_cast<std::int64_t>(posto.riga)));
   if (!messaggio.colonna.empty()) aggiungi("colonna \"" + messaggio.colonna + '"');
   if (!testo.empty()) testo += ": ";

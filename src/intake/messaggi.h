@@ -120,6 +120,7 @@ struct PostoMessaggio {
   std::string file;
   std::string foglio;
   std::size_t riga = 0;
+  std::size_t documento = 0;  // of an invoice file
 };
 
 struct Messaggio {

@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "intake/archivio_letto.h"
 #include "intake/conti_toccati.h"
+#include "intake/lettura_fatture.h"
 #include "intake/riga_in_corso.h"
 #include "intake/storico.h"
 #include "intake/valori_scheda.h"
@@ -63,11 +64,7 @@ std::vector<Value> valoriPianificati(const Piano& piano, const RigaPiano& riga) 
       break;
   }
   const schede::SchedaCompenso& compenso = piano.compensi[riga.voce].dopo;
-  const auto suo = std::lower_bound(
-      archivio.percipienti.begin(), archivio.percipienti.end(), compenso.idAnagrafica,
-      [](const schede::SchedaPercipiente& p, std::int32_t id) { return p.anagrafica.id < id; });
-  const bool trovato = suo != archivio.percipienti.end() && suo->anagrafica.id == compenso.idAnagrafica;
-  return valoriCompenso(compenso, trovato ? &*suo : nullptr,
+  return valoriCompenso(compenso, piano.percipiente(compenso),
                         piano.accantoCompensi[riga.voce].idCodiceNonSoggette.value_or(0), archivio.elenchi);
 }
 
@@ -96,6 +93,22 @@ std::array<std::size_t, kStatiRiga> Piano::conteggi() const {
   std::array<std::size_t, kStatiRiga> quante{};
   for (const RigaPiano& riga : righe) ++quante[static_cast<std::size_t>(riga.stato)];
   return quante;
+}
+
+PostoMessaggio Piano::posto(const RigaPiano& riga) const {
+  const Lettura& lettura = (*letture)[riga.posizione.file];
+  const std::size_t numero = lettura.righe[riga.posizione.riga].numero;
+  if (lettura.fatture == nullptr) return {lettura.file, lettura.foglio, numero};
+  return {lettura.file, {}, 0, lettura.fatture->documenti.size() > 1 ? numero : 0};
+}
+
+const schede::SchedaPercipiente* Piano::percipiente(const schede::SchedaCompenso& compenso) const {
+  const std::int32_t id = compenso.idAnagrafica;
+  if (id < 0) return &percipienti[static_cast<std::size_t>(-1 - id)].dopo;
+  const auto suo = std::lower_bound(
+      archivio->percipienti.begin(), archivio->percipienti.end(), id,
+      [](const schede::SchedaPercipiente& p, std::int32_t quale) { return p.anagrafica.id < quale; });
+  return suo != archivio->percipienti.end() && suo->anagrafica.id == id ? &*suo : nullptr;
 }
 
 bool Piano::scrive() const {

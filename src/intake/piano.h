@@ -15,6 +15,7 @@
 #include "host/progress.h"
 #include "intake/lettura_righe.h"
 #include "intake/messaggi.h"
+#include "intake/opzioni_fatture.h"
 #include "schede/schede.h"
 
 namespace cu::intake {
@@ -40,6 +41,12 @@ struct Decisione {
   bool nuovoPercipiente = false;  // none of the candidates
   std::int32_t idComune = 0;      // the place, of several with the name
   bool sovrascriviConto = false;  // the account's corrections by hand are given up
+  // Of an invoice: when it was paid, with which reason, which of its proposals (RigaFattura::proposte) is
+  // right, or the amounts themselves.
+  std::optional<Date> pagamento;
+  std::string causale;
+  std::optional<std::size_t> proposta;
+  std::optional<schede::Importi> importi;
 };
 
 struct RichiestaPiano {
@@ -50,6 +57,7 @@ struct RichiestaPiano {
   bool databaseEstraneo = false;  // the database may be one that this program has not created
   Date oggi;
   std::map<Posizione, Decisione> decisioni;
+  OpzioniFatture fatture;
 };
 
 struct ArchivioLetto;
@@ -70,6 +78,10 @@ struct RigaPiano {
   std::vector<std::uint8_t> derivati;  // columns whose values do not come from the file
   std::vector<Messaggio> messaggi;     // those of the reading are there too
   std::vector<Candidato> candidati;
+  // Invoices: in words, how the amounts follow from the document, and what else was derived.
+  std::vector<std::string> spiegazioni;
+  // Invoices: the payee that is proposed as new, an index of percipienti, which several rows can share.
+  std::size_t percipienteNuovo = kSenzaVoce;
 };
 
 // A record of the database before and after; an id of 0 in `dopo` is a new one.
@@ -119,6 +131,8 @@ struct Piano {
   std::vector<RigaPiano> righe;     // in the order of the files and their rows
   std::vector<Messaggio> messaggi;  // of the files, of the database, of accounts
   std::vector<Voce<schede::SchedaAzienda>> aziende;
+  // Of payments: the new payees of invoices. -1 - i is the IDAnagrafica of percipienti[i] in payments and
+  // accounts until it is written, which it is where a payment of it is.
   std::vector<Voce<schede::SchedaPercipiente>> percipienti;
   std::vector<AccantoPercipiente> accantoPercipienti;  // one for each of percipienti
   std::vector<Voce<schede::SchedaCompenso>> compensi;
@@ -138,6 +152,10 @@ struct Piano {
   const RigaLetta& letta(const RigaPiano& riga) const {
     return (*letture)[riga.posizione.file].righe[riga.posizione.riga];
   }
+  // Where the row is: file, sheet, and its number or that of its document.
+  PostoMessaggio posto(const RigaPiano& riga) const;
+  // The payee of a payment, be it one that is proposed as new; null for none.
+  const schede::SchedaPercipiente* percipiente(const schede::SchedaCompenso& compenso) const;
 };
 
 // The columns of the list and their texts, as reports show them: amounts with a point, dates in ISO form.

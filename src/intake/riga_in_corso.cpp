@@ -33,10 +33,7 @@ RigaInCorso::RigaInCorso(Piano& piano, RigaPiano& riga)
       decisione_(decisionePresa(piano, riga.posizione)) {}
 
 void RigaInCorso::segnala(Codice codice, std::uint8_t colonna, std::string testo) {
-  const std::string& intestazione = lettura_.intestazioni.at(colonna);
-  riga_.messaggi.push_back(
-      messaggio(codice, std::move(testo),
-                intestazione.empty() ? std::string(colonne(lettura_.elenco)[colonna].nome) : intestazione));
+  riga_.messaggi.push_back(messaggio(codice, std::move(testo), lettura_.nomeColonna(colonna)));
 }
 
 void RigaInCorso::segnala(Codice codice, std::string testo) {
