@@ -14,6 +14,7 @@
 #include "data/transazione.h"
 #include "intake/altri_dati.h"
 #include "intake/conti_lotto.h"
+#include "intake/nomi_righe.h"
 #include "intake/storico.h"
 #include "schede/conteggio.h"
 #include "schede/righe.h"
@@ -69,17 +70,17 @@ class Annullamento {
       : connessione_(database.ownConnection()),
         lotto_(lotto),
         conti_(database, ricostruzione, lotto.idAzienda, lotto.id),
-        scrittura_(connessione_) {}
+        scrittura_(connessione_),
+        nomi_(connessione_) {}
 
   Result<Annullato> esegui() {
     leggi();
     controllaRighe();
-    if (lotto_.elenco == Elenco::Compensi) {
-      for (std::string& testo : conti_.corretti()) rifiuta("conto", std::move(testo));
-    }
+    if (lotto_.elenco == Elenco::Compensi) controllaConti();
     if (!rifiuti_.empty()) return rifiutato();
     lasciaAnniUsati();
     riporta();
+    conta();
     if (lotto_.elenco == Elenco::Compensi) conti_.riporta();
     controllaUsi();
     if (!rifiuti_.empty()) return rifiutato();
@@ -87,7 +88,11 @@ class Annullamento {
   }
 
  private:
-  void rifiuta(const char* codice, std::string testo) { rifiuti_.push_back({codice, std::move(testo), ""}); }
+  // Rows that are one thing to a clerk, such as both of a payee, are reported once.
+  void rifiuta(const char* codice, std::string testo) {
+    if (testo.ends_with("..")) testo.pop_back();  // of a name such as "S.r.l."
+    if (detti_.insert(testo).second) rifiuti_.push_back({codice, std::move(testo), ""});
+  }
   Result<Annullato> rifiutato() {
     Result<Annullato> esito = Annullato{};
     esito.refusals = std::move(rifiuti_);
@@ -134,16 +139,29 @@ class Annullamento {
       const auto suo = sue.find(chiave.second);
       const bool ce = suo != sue.end();
       if (!ce && riga.dopo.empty()) continue;
-      const std::string quale = "La riga " + chiave.second + " della tabella " + chiave.first;
       if (!ce) {
-        rifiuta("eliminata", quale + " è stata eliminata dopo l'importazione.");
+        rifiuta("eliminata", "Eliminato dopo l'importazione: " + quale(riga) + ".");
       } else if (schede::testoRiga(suo->second) != riga.dopo) {
-        rifiuta("modificata", quale + " è stata modificata dopo l'importazione.");
+        rifiuta("modificata", "Modificato dopo l'importazione: " + quale(riga) + ".");
       } else if (riga.prima.empty() && riga.tabella == &schede::kDatiAggiuntivi &&
                  quantiAltriDati(connessione_,
                                  schede::condizioneChiave(schede::kDatiAggiuntivi, suo->second)) > 0) {
-        rifiuta("modificata", quale + " ha ricevuto altri dati dopo l'importazione.");
+        rifiuta("modificata", "Completato con altri dati dopo l'importazione: " + quale(riga) + ".");
       }
+    }
+  }
+
+  // A row in words: as the batch has written it, or as it was before where the batch has removed it.
+  std::string quale(const RigaLotto& riga) {
+    return nomi_.riga(*riga.tabella,
+                      schede::rigaDaTesto(*riga.tabella, riga.dopo.empty() ? riga.prima : riga.dopo));
+  }
+
+  void controllaConti() {
+    for (const ContiLotto::Corretto& uno : conti_.corretti()) {
+      rifiuta("conto",
+              (uno.eliminato ? "Eliminato dopo l'importazione: " : "Corretto a mano dopo l'importazione: ") +
+                  nomi_.conto(uno.chiave) + ".");
     }
   }
 
@@ -178,10 +196,8 @@ class Annullamento {
       if (riga.prima.empty() && riga.dopo.empty()) continue;
       if (riga.prima.empty()) {
         daTogliere[riga.tabella].push_back(chiave.second);
-        ++fatto_.tolte;
         continue;
       }
-      ++fatto_.riportate;
       const schede::Riga prima = schede::rigaDaTesto(*riga.tabella, riga.prima);
       if (riga.dopo.empty()) {
         scrittura_.inserisci(*riga.tabella, prima);
@@ -191,6 +207,31 @@ class Annullamento {
     }
     scrittura_.chiudi();
     for (const auto& [tabella, chiavi] : daTogliere) togli(*tabella, chiavi);
+  }
+
+  // Records as a clerk counts them: one of them may be rows of several tables.
+  void conta() {
+    fatto_.elenco = lotto_.elenco;
+    std::set<std::int32_t> percipienti;
+    bool altro = false;
+    for (const auto& [chiave, riga] : righe_) {
+      const bool principale = riga.tabella == &schede::kCompenso || riga.tabella == &schede::kPercipiente ||
+                              riga.tabella == &schede::kAzienda;
+      if (riga.prima.empty()) {
+        if (principale && !riga.dopo.empty()) ++fatto_.tolti;
+        continue;
+      }
+      altro = true;
+      if (riga.tabella == &schede::kCompenso) ++fatto_.riportati;
+      const bool suo = riga.tabella == &schede::kPercipiente || riga.tabella == &schede::kAnagrafica;
+      if (!suo || lotto_.elenco != Elenco::Percipienti) continue;
+      const schede::Riga prima = schede::rigaDaTesto(*riga.tabella, riga.prima);
+      percipienti.insert(schede::idIn(prima, riga.tabella == &schede::kPercipiente ? 1 : 0));
+    }
+    if (lotto_.elenco == Elenco::Percipienti) fatto_.riportati = percipienti.size();
+    // A company is many rows: as many were changed as were planned.
+    if (lotto_.elenco == Elenco::Aziende && altro)
+      fatto_.riportati = lotto_.conteggi[static_cast<std::size_t>(StatoRiga::Diverso)];
   }
 
   void togli(const TabellaSuite& tabella, const std::vector<std::string>& chiavi) {
@@ -215,19 +256,28 @@ class Annullamento {
     for (const auto& [chiave, riga] : righe_) {
       if (riga.prima.empty()) tolte[chiave.first].insert(chiave.second);
     }
+    std::map<RigheLotto::key_type, std::map<std::string_view, std::size_t>> usi;
     for (const Riferimento& uno : kRiferimenti) {
       const auto sue = tolte.find(std::string(uno.tabella));
       if (sue == tolte.end() || !presente(uno.daTabella)) continue;
       RowStore righe;
-      connessione_.Query(
-          "SELECT DISTINCT " + std::string(uno.daColonna) + " FROM " + std::string(uno.daTabella), righe);
+      connessione_.Query("SELECT " + std::string(uno.daColonna) + " FROM " + std::string(uno.daTabella),
+                         righe);
       CellView id;
       for (std::size_t i = 0; i < righe.size(); ++i) {
         righe.readFirst(i, 1, &id);
-        if (!sue->second.contains(id.toText())) continue;
-        rifiuta("usata", "La riga " + id.toText() + " della tabella " + std::string(uno.tabella) +
-                             " è usata dalla tabella " + std::string(uno.daTabella) + ".");
+        if (sue->second.contains(id.toText())) ++usi[{sue->first, id.toText()}][uno.daTabella];
       }
+    }
+    for (const auto& [chiave, suoi] : usi) {
+      std::string testo;
+      std::size_t quanti = 0;
+      for (const auto& [tabella, quante] : suoi) {
+        testo += (testo.empty() ? "" : ", ") + detteRighe(tabella, quante);
+        quanti += quante;
+      }
+      rifiuta("usata", "Non si può togliere " + quale(righe_.at(chiave)) +
+                           (quanti == 1 ? ": ne dipende " : ": ne dipendono ") + testo + ".");
     }
     altriLotti(tolte);
   }
@@ -250,8 +300,9 @@ class Annullamento {
       righe.read(i, celle.data());
       const auto sue = tolte.find(celle[0].toText());
       if (sue == tolte.end() || !sue->second.contains(celle[1].toText())) continue;
-      rifiuta("lotto", "La riga " + celle[1].toText() + " della tabella " + celle[0].toText() +
-                           " è anche dell'importazione " + celle[2].toText() + ".");
+      const RigheLotto::key_type chiave{celle[0].toText(), celle[1].toText()};
+      rifiuta("lotto", "Scritto anche dall'importazione " + celle[2].toText() +
+                           ", che va annullata prima: " + quale(righe_.at(chiave)) + ".");
     }
   }
 
@@ -261,6 +312,8 @@ class Annullamento {
   schede::Scrittura scrittura_;
   RigheLotto righe_;
   std::map<const TabellaSuite*, std::unordered_map<std::string, schede::Riga>> attuali_;
+  NomiRighe nomi_;
+  std::set<std::string> detti_;
   std::vector<Finding> rifiuti_;
   Annullato fatto_;
 };

@@ -4,6 +4,7 @@
 
 #include "base/result.h"
 #include "host/session.h"
+#include "intake/colonne.h"
 
 namespace cu::intake {
 
@@ -14,8 +15,9 @@ struct RichiestaAnnulla {
 };
 
 struct Annullato {
-  std::size_t tolte = 0;      // rows removed
-  std::size_t riportate = 0;  // rows that have their former values again
+  Elenco elenco = Elenco::Compensi;  // what the batch wrote: companies, payees or payments
+  std::size_t tolti = 0;             // of them, those removed
+  std::size_t riportati = 0;         // and those that have their former values again
 };
 
 // Takes a batch back, in one transaction: what it inserted is removed, what it updated has its former values

@@ -193,10 +193,10 @@ void ContiLotto::confronta(const std::vector<ContoPiano>& conti) const {
                   ", ricostruito dai compensi, non è quello previsto. Non è stato scritto nulla.");
 }
 
-std::vector<std::string> ContiLotto::corretti() const {
+std::vector<ContiLotto::Corretto> ContiLotto::corretti() const {
   const std::set<ChiaveConto> quali = chiavi();
   const Attuali ora = attuali(quali);
-  std::vector<std::string> testi;
+  std::vector<Corretto> corretti;
   for (const ChiaveConto& chiave : quali) {
     const auto conto = ora.conti.find(chiave);
     const auto somma = ora.somme.find(chiave);
@@ -204,11 +204,9 @@ std::vector<std::string> ContiLotto::corretti() const {
         importiDi(conto->second) == (somma == ora.somme.end() ? Importi{} : somma->second)) {
       continue;
     }
-    testi.push_back("Il conto del percipiente " + fromInteger(chiave.idAnagrafica) + ", causale " +
-                    fromInteger(chiave.idCausale) + ", " + fromInteger(chiave.anno) +
-                    (conto == ora.conti.end() ? " è stato eliminato." : " è stato corretto a mano."));
+    corretti.push_back({chiave, conto == ora.conti.end()});
   }
-  return testi;
+  return corretti;
 }
 
 bool ContiLotto::haAltro(const ChiaveConto& chiave) const {

@@ -27,9 +27,14 @@ class ContiLotto {
   // Raises Error where they are not as planned.
   void confronta(const std::vector<ContoPiano>& conti) const;
 
-  // The way back, in this order: the accounts that were corrected since, in words; and, once the payments are
-  // as before, the accounts as before.
-  std::vector<std::string> corretti() const;
+  // An account that is not as the batch left it.
+  struct Corretto {
+    ChiaveConto chiave;
+    bool eliminato = false;  // otherwise its amounts are no longer the sum of its payments
+  };
+  // The way back, in this order: the accounts that were corrected since; and, once the payments are as
+  // before, the accounts as before.
+  std::vector<Corretto> corretti() const;
   void riporta();
 
  private:

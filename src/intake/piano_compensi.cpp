@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/codice_fiscale.h"
 #include "base/text.h"
 #include "intake/conti_toccati.h"
 #include "intake/identita.h"
@@ -94,8 +95,22 @@ class PianoCompensi {
       if (!chiave->empty()) chi += (chi.empty() ? "" : ", ") + mostrato(*chiave);
     }
     // Without any key the reading has reported that it is missing, of the row or once of the heading.
-    if (!chi.empty()) corso.segnala(Codice::P12, "nessun percipiente dell'azienda ha il codice " + chi);
+    if (!chi.empty()) {
+      corso.segnala(Codice::P12, "nessun percipiente dell'azienda ha il codice " + chi +
+                                     controlloSbagliato(chiavi.codiceFiscale) +
+                                     controlloSbagliato(chiavi.partitaIva));
+    }
     return false;
+  }
+
+  // Why a code is nobody's, where its last character shows it.
+  static std::string controlloSbagliato(std::string_view codice) {
+    const FormaCodice forma = formaCodice(codice);
+    if (forma == FormaCodice::Nessuna || controlloGiusto(codice)) return {};
+    const std::string_view primi = codice.substr(0, codice.size() - 1);
+    return "; l'ultimo carattere di " + std::string(codice) + " dovrebbe essere " +
+           std::string(1,
+                       forma == FormaCodice::Persona ? carattereDiControllo(primi) : cifraDiControllo(primi));
   }
 
   bool componi(RigaInCorso& corso, const schede::SchedaPercipiente& percipiente, CompensoDato& dato,

@@ -168,7 +168,8 @@ class PianoPercipienti {
     const auto omonimi = soggetti_.omonimi(chiavi, corso.letta().valore(ColonnaPercipiente::Cognome).text(),
                                            corso.letta().valore(ColonnaPercipiente::Nome).text());
     if (omonimi.empty()) return true;
-    soggetti_.candidati(corso, omonimi, "ha lo stesso nome, ma nessun codice che lo dica");
+    soggetti_.candidati(corso, omonimi,
+                        "il nome è già in archivio, e nessun codice dice se è lo stesso percipiente");
     return false;
   }
 

@@ -4,6 +4,7 @@
 
 #include "base/codice_fiscale.h"
 #include "base/text.h"
+#include "intake/testo_cella.h"
 
 namespace cu::intake {
 namespace {
@@ -88,7 +89,11 @@ bool Soggetti::trova(RigaInCorso& corso, const Chiavi& chiavi,
       return false;
     }
     if (trovati->size() > 1) {
-      candidati(corso, *trovati, "ha lo stesso codice");
+      candidati(corso, *trovati,
+                fromInteger(static_cast<std::int64_t>(trovati->size())) + " percipienti in archivio hanno " +
+                    (trovati == &conCodice    ? "il codice " + mostrato(chiavi.codice)
+                     : trovati == &conFiscale ? "il codice fiscale " + mostrato(chiavi.codiceFiscale)
+                                              : "la partita IVA " + mostrato(chiavi.partitaIva)));
       return false;
     }
     trovato = trovati->front();
@@ -112,7 +117,7 @@ void Soggetti::candidati(RigaInCorso& corso, const Trovati& possibili, const std
     elenco += cheSi(*suo);
     corso.riga().candidati.push_back({suo->anagrafica.id, cheSi(*suo)});
   }
-  corso.segnala(Codice::P09, "un percipiente in archivio " + perche + ": " + elenco);
+  corso.segnala(Codice::P09, perche + ": " + elenco);
 }
 
 }  // namespace cu::intake

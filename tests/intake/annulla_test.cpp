@@ -91,22 +91,69 @@ TEST_F(AnnullaTest, WhatWasChangedSinceIsListedAndNothingIsUndone) {
   const auto prima = banco.contenuto();
   const auto testi = rifiuti(lotto);
   ASSERT_EQ(testi.size(), 3U);
-  EXPECT_THAT(testi[0], HasSubstr("è stata modificata dopo l'importazione"));
-  EXPECT_THAT(testi[1], HasSubstr("è stata eliminata dopo l'importazione"));
-  EXPECT_THAT(testi[2], HasSubstr("è stato corretto a mano"));
+  EXPECT_EQ(testi[0],
+            "Modificato dopo l'importazione: il compenso di P1 Rossi Mario, causale A, del 20/09/2017, "
+            "documento 3.");
+  EXPECT_EQ(testi[1],
+            "Eliminato dopo l'importazione: il compenso di P1 Rossi Mario, causale A, del 20/10/2017, "
+            "documento 4.");
+  EXPECT_EQ(testi[2],
+            "Corretto a mano dopo l'importazione: il conto di P1 Rossi Mario, causale A, anno 2017.");
   EXPECT_EQ(banco.contenuto(), prima);
 }
 
 TEST_F(AnnullaTest, AnAccountCorrectedSinceIsNotGivenUp) {
   compensi("P1;A;2017-09-20;3;100;20;\n");
   banco->Execute("UPDATE ContoIndividuale SET RitenutaAcconto = 321 WHERE Anno = 2017");
-  EXPECT_THAT(rifiuti(lotto), ::testing::ElementsAre(HasSubstr("corretto a mano")));
+  EXPECT_THAT(rifiuti(lotto), ::testing::ElementsAre(HasSubstr("Corretto a mano")));
 }
 
 TEST_F(AnnullaTest, PayeesStayWhileSomethingNamesThem) {
-  EXPECT_THAT(rifiuti(2), ::testing::Contains(HasSubstr("è usata dalla tabella Compenso")));
+  EXPECT_THAT(rifiuti(2), ::testing::Contains("Non si può togliere il percipiente P1 Rossi Mario: ne "
+                                              "dipendono 2 compensi, 1 conto."));
   ASSERT_TRUE(banco.annulla(3));
   EXPECT_TRUE(banco.annulla(2));
+}
+
+TEST_F(AnnullaTest, APayeeIsNamedOnceAndAsTheBatchWroteItWhereItIsGone) {
+  importa(Elenco::Percipienti, "Codice;CodiceFiscale;Cognome\nP9;07643520567;Nove S.r.l.\n");
+  banco->Execute("DELETE FROM Percipiente WHERE Codice = 'P9'");
+  banco->Execute("DELETE FROM Anagrafica WHERE CodiceFiscale = '07643520567'");
+  EXPECT_THAT(rifiuti(lotto),
+              ::testing::ElementsAre("Eliminato dopo l'importazione: il percipiente P9 Nove S.r.l."));
+}
+
+TEST_F(AnnullaTest, WhatALaterBatchHasWrittenTooNamesThatBatch) {
+  compensi("P1;M;2017-09-20;3;100;20;\n");
+  const std::int32_t primo = lotto;
+  banco.richiesta.diversi = SuDiversi::Aggiorna;
+  compensi("P1;M;2017-09-20;3;150;30;\n");
+  EXPECT_THAT(rifiuti(primo), ::testing::Contains(HasSubstr("Modificato dopo l'importazione: il compenso")));
+  banco->Execute(
+      "UPDATE Compenso SET OnorarioProvvigioni = 100, RitenutaAcconto = 20 WHERE NumeroDocumento = '3'");
+  banco->Execute(
+      "UPDATE ContoIndividuale SET OnorarioProvvigioni = 100, RitenutaAcconto = 20"
+      " WHERE IDCausalePagamento = 11");
+  EXPECT_THAT(rifiuti(primo),
+              ::testing::ElementsAre("Scritto anche dall'importazione " + std::to_string(lotto) +
+                                     ", che va annullata prima: il compenso di P1 Rossi Mario, causale M, "
+                                     "del 20/09/2017, documento 3."));
+}
+
+TEST_F(AnnullaTest, CountsRecordsAsAClerkDoes) {
+  banco.richiesta.diversi = SuDiversi::Aggiorna;
+  compensi("P1;A;2017-03-20;1/2017;1100;220;\nP2;A;2016-09-20;8;100;20;\nP2;A;2016-10-20;9;100;20;\n");
+  const Result<Annullato> esito = banco.annulla(lotto, true);
+  ASSERT_TRUE(esito);
+  EXPECT_EQ(esito->tolti, 2U);
+  EXPECT_EQ(esito->riportati, 1U);
+  importa(Elenco::Percipienti,
+          "Codice;CodiceFiscale;Cognome;Nome;Email\nP1;RSSMRA80A01H501U;Rossi;Mario;x@y.example\n"
+          "P9;07643520567;Nove S.r.l.;;\n");
+  const Result<Annullato> percipienti = banco.annulla(lotto, true);
+  ASSERT_TRUE(percipienti);
+  EXPECT_EQ(percipienti->tolti, 1U);
+  EXPECT_EQ(percipienti->riportati, 1U);
 }
 
 TEST_F(AnnullaTest, AnAccountOfTheBatchStaysWithZerosWhereMoreHangsOnIt) {

@@ -77,7 +77,7 @@ constexpr CasoChiave kCasiChiave[] = {
     {"digitsLost", "", "", "7,64352E+09", "errore",
      "2: V09 PartitaIva: 7,64352E+09 è un numero di cui il foglio elettronico ha perso le cifre"},
     {"vatGroup", "", "", "12345670017", "da decidere",
-     "2: P09: un percipiente in archivio ha lo stesso codice: G1 Gruppo Uno"},
+     "2: P09: 2 percipienti in archivio hanno la partita IVA 12345670017: G1 Gruppo Uno"},
     {"vatGroupWithAFiscalCode", "", "04123450233", "12345670017", "G2", ""},
     {"vatNumberOfAnotherFiscalCode", "", "00743110157", "07643520567", "P2", ""},
     {"vatGroupWithACode", "P1", "", "12345670017", "P1", ""},
@@ -89,7 +89,8 @@ constexpr CasoChiave kCasiChiave[] = {
     {"unknown", "", "", "05979361218", "errore",
      "2: P12: nessun percipiente dell'azienda ha il codice 05979361218"},
     {"wrongControlLetter", "", "RSSMRA80A01H501X", "", "errore",
-     "2: P12: nessun percipiente dell'azienda ha il codice RSSMRA80A01H501X"},
+     "2: P12: nessun percipiente dell'azienda ha il codice RSSMRA80A01H501X; l'ultimo carattere di "
+     "RSSMRA80A01H501X dovrebbe essere U"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Chiavi, ChiaveDiUnCompenso, testing::ValuesIn(kCasiChiave),

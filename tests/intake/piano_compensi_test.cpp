@@ -134,7 +134,8 @@ TEST_F(PianoCompensiTest, SeveralPayeesOfOneCodeAreLeftToThePerson) {
   EXPECT_EQ(Banco::stati(suo), "da decidere");
   ASSERT_EQ(suo.righe[0].candidati.size(), 2U);
   EXPECT_THAT(detti(suo),
-              ElementsAre(HasSubstr("P09: un percipiente in archivio ha lo stesso codice: P3 Gruppo Uno")));
+              ElementsAre(HasSubstr(
+                  "P09: 2 percipienti in archivio hanno la partita IVA 00743110157: P3 Gruppo Uno")));
   banco.richiesta.decisioni[{0, 0}].idAnagrafica = suo.righe[0].candidati[1].id;
   EXPECT_EQ(
       Banco::stati(piano(";00743110157;A;2017-09-20;31;100\n",

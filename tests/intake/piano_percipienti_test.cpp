@@ -87,7 +87,9 @@ TEST_F(PianoPercipientiTest, ANameAloneNeverMatches) {
   const std::string riga = "Codice;Cognome;Nazione;NonResidente\n;MÜLLER GMBH;Germania;S\n";
   Piano suo = piano(riga);
   EXPECT_EQ(Banco::stati(suo), "da decidere");
-  EXPECT_THAT(Banco::messaggi(suo), Contains(HasSubstr("P09: un percipiente in archivio ha lo stesso nome")));
+  EXPECT_THAT(Banco::messaggi(suo),
+              Contains(HasSubstr(
+                  "P09: il nome è già in archivio, e nessun codice dice se è lo stesso percipiente: E1 ")));
   ASSERT_EQ(suo.righe[0].candidati.size(), 1U);
   banco.richiesta.decisioni[{0, 0}].idAnagrafica = suo.righe[0].candidati[0].id;
   EXPECT_EQ(Banco::stati(piano(riga)), "diverso");

@@ -202,8 +202,14 @@ void FinestraAssistente::vaiAlPasso(int quale) {
 
 void FinestraAssistente::apriStorico() {
   if (storico_ == nullptr) storico_ = new FinestraStorico(profilo_);
-  storico_->annullata = [this, mia = QPointer<FinestraAssistente>(this)] {
-    if (mia == nullptr || assistente_.passo() == Passo::Esito || lavora()) return;
+  storico_->annullata = [this, mia = QPointer<FinestraAssistente>(this)](std::int32_t lotto) {
+    if (mia == nullptr) return;
+    if (assistente_.passo() == Passo::Esito) {
+      assistente_.annullata(lotto);
+      if (!lavora()) mostra();
+      return;
+    }
+    if (lavora()) return;
     assistente_.rileggiDatabase();
     assistente_.ripetiPiano();
     prosegui();

@@ -43,8 +43,7 @@ QString perche(const std::vector<Finding>& rifiuti) {
     if (static_cast<std::size_t>(righe.size()) < kRifiutiMostrati) righe += qs(uno.text);
   }
   if (rifiuti.size() > kRifiutiMostrati)
-    righe +=
-        QStringLiteral("… e altre %1 righe.").arg(strumenti::conteggio(rifiuti.size() - kRifiutiMostrati));
+    righe += QStringLiteral("… e altri %1.").arg(strumenti::conteggio(rifiuti.size() - kRifiutiMostrati));
   return righe.join(u'\n');
 }
 
@@ -81,7 +80,7 @@ FinestraStorico::FinestraStorico(Profilo profilo)
             }},
        {.chiave = "righe",
         .titolo = "Righe",
-        .testo = [di](std::size_t q) { return qs(dettiConteggi(di(q).conteggi)); },
+        .testo = [di](std::size_t q) { return qs(dettiConteggi(di(q).conteggi, Migliaia::ConPunto)); },
         .massima = 420},
        {.chiave = "file", .titolo = "File", .testo = [di](std::size_t q) { return fileDi(di(q)); }}},
       this);
@@ -182,11 +181,13 @@ void FinestraStorico::prova() {
           return;
         }
         const QString domanda =
-            QStringLiteral("L'importazione %1 viene annullata: %2, %3 ai valori di prima.")
+            QStringLiteral(
+                "Tutto torna com'era prima dell'importazione %1: %2. I conti si calcolano di nuovo.\n\n"
+                "Nello storico l'importazione resta, come annullata.")
                 .arg(id)
-                .arg(qs(strumenti::alPlurale((*esito)->tolte, "riga tolta", "righe tolte")),
-                     qs(strumenti::alPlurale((*esito)->riportate, "riga riportata", "righe riportate")));
-        if (conferma(domanda, QStringLiteral("A&nnulla l'importazione"))) annulla(id);
+                .arg(qs(dettoAnnullato(**esito, Migliaia::ConPunto)));
+        if (conferma(domanda, QStringLiteral("&Torna com'era prima"), QStringLiteral("&Lascia com'è")))
+          annulla(id);
       });
 }
 
@@ -205,7 +206,7 @@ void FinestraStorico::annulla(std::int32_t lotto) {
           return;
         }
         risposta_->dici(QStringLiteral("✓ Importazione %1 annullata.").arg(lotto));
-        if (annullata) annullata();
+        if (annullata) annullata(lotto);
         leggi();
       });
 }

@@ -20,7 +20,7 @@ class FinestraStorico : public strumenti::Finestra {
  public:
   explicit FinestraStorico(Profilo profilo);
   // A batch was taken back.
-  std::function<void()> annullata;
+  std::function<void(std::int32_t lotto)> annullata;
 
  protected:
   QString occupata() const override;

@@ -38,7 +38,14 @@ void PaginaEsito::mostra() {
   const auto& importata = stato().importata();
   if (!importata || stato().piano() == nullptr) return;
   const intake::Piano& piano = *stato().piano();
-  QString testo = QStringLiteral("✓ ") + qs(dettoEsito(piano, importata->esito));
+  if (stato().tornataIndietro() && importata->esito.lotto) {
+    frase_->dici(
+        QStringLiteral("− L'importazione %1 è stata annullata: l'archivio è tornato com'era prima. Ciò che "
+                       "aveva scritto non c'è più.")
+            .arg(*importata->esito.lotto));
+    return;
+  }
+  QString testo = QStringLiteral("✓ ") + qs(dettoEsito(piano, importata->esito, Migliaia::ConPunto));
   if (!piano.conti.empty())
     testo += u' ' + quante(piano.conti.size(), "conto ricostruito.", "conti ricostruiti.");
   if (importata->esito.lotto) {

@@ -27,7 +27,7 @@ QString dettoAvviso(const AvvisiDiCodice& avvisi) {
 // What stops the import, or that nothing does.
 QString PaginaProva::dettaProva() const {
   const auto di = [this](StatoRiga quale) { return piano_->quante(quale); };
-  QString testo = qs(dettiConteggi(piano_->conteggi())) + QStringLiteral(". ");
+  QString testo = qs(dettiConteggi(piano_->conteggi(), Migliaia::ConPunto)) + QStringLiteral(". ");
   for (const std::string& uno : generali_) testo += QStringLiteral("\n") + qs(uno);
   if (!generali_.empty()) testo += u'\n';
   if (stato().prova() && !stato().prova()->rifiuti.empty())

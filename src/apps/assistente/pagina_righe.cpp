@@ -109,9 +109,10 @@ void PaginaRighe::componiTabella(QVBoxLayout& colonna, intake::Elenco elenco) {
                        .ordine = [cella, una](std::size_t q) { return ordineCella(cella(q), una.genere); }});
     ++posto;
   }
-  colonne.push_back({.chiave = "messaggi", .titolo = "Messaggi", .testo = [this](std::size_t q) {
-                       return qs((*righe_)[q].messaggi);
-                     }});
+  colonne.push_back({.chiave = "messaggi",
+                     .titolo = "Messaggi",
+                     .testo = [this](std::size_t q) { return qs((*righe_)[q].messaggi); },
+                     .intera = true});
   tabella_ =
       new strumenti::Tabella(QStringLiteral("assistente_righe_") + qs(std::string(intake::nome(elenco))),
                              QStringLiteral("Righe da importare"), std::move(colonne), this);
@@ -213,7 +214,7 @@ void PaginaRighe::mostraConteggi() {
                     static_cast<int>(i));
   }
   stati_->setCurrentIndex(stati_->findData(filtro_ ? static_cast<int>(*filtro_) : -1));
-  conteggi_->dici(qs(dettiConteggi(quante)) + u'.');
+  conteggi_->dici(qs(dettiConteggi(quante, Migliaia::ConPunto)) + u'.');
 }
 
 void PaginaRighe::mostraRiga() {

@@ -3,6 +3,7 @@
 #include "apps/comune/codici_uscita.h"
 #include "apps/importa/database_importa.h"
 #include "apps/importazione/esecuzione.h"
+#include "apps/importazione/resoconto.h"
 
 namespace cu {
 
@@ -16,8 +17,7 @@ int comandoUndo(const OpzioniUndo& opzioni) {
       return kRifiutato;
     }
     std::cout << (opzioni.applica ? "Importazione " : "Prova: importazione ") << opzioni.lotto
-              << (opzioni.applica ? " annullata" : " da annullare") << ", righe tolte: " << annullato->tolte
-              << ", riportate ai valori di prima: " << annullato->riportate << '.';
+              << (opzioni.applica ? " annullata: " : " da annullare: ") << dettoAnnullato(*annullato) << '.';
     std::cout << (opzioni.applica ? "\n" : " Non è stato scritto nulla.\n");
     return kRiuscito;
   } catch (const UsoSbagliato& errore) {

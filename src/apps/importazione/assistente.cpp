@@ -44,13 +44,24 @@ std::string Assistente::impedimentoSorgente() const {
     if (!presente) return "Manca l'azienda: importare prima l'elenco delle aziende, o sceglierne una.";
   }
   if (file_.empty()) return "Scegliere almeno un file.";
+  return fileIlleggibili();
+}
+
+// All of them, so that they can be removed at once.
+std::string Assistente::fileIlleggibili() const {
+  constexpr std::size_t kNominati = 5;
+  std::string nomi;
+  std::size_t quanti = 0;
   for (const FileScelto& uno : file_) {
     // A workbook of several sheets may have its table in another one.
-    if (!uno.leggibile() || (uno.tabella == nullptr && uno.fogli.size() < 2)) {
-      return "Il file " + uno.nome + " non si può leggere: toglierlo dall'elenco.";
-    }
+    if (uno.leggibile() && (uno.tabella != nullptr || uno.fogli.size() > 1)) continue;
+    if (quanti < kNominati) nomi += (nomi.empty() ? "" : ", ") + uno.nome;
+    ++quanti;
   }
-  return {};
+  if (quanti == 0) return {};
+  if (quanti == 1) return "Il file " + nomi + " non si può leggere: toglierlo dall'elenco.";
+  if (quanti > kNominati) nomi += " e altri " + std::to_string(quanti - kNominati);
+  return std::to_string(quanti) + " file non si possono leggere: " + nomi + ". Toglierli dall'elenco.";
 }
 
 std::string Assistente::impedimento() const {
@@ -241,6 +252,10 @@ void Assistente::accetta(intake::Codice codice, bool accettato) {
 
 bool Assistente::puoImportare() const {
   return passo_ == Passo::Prova && piano_ != nullptr && piano_->scrive() && prova_ && prova_->esito.riuscita;
+}
+
+void Assistente::annullata(std::int32_t lotto) {
+  if (importata_ && importata_->esito.lotto == lotto) tornataIndietro_ = true;
 }
 
 void Assistente::ricomincia() {

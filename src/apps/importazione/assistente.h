@@ -102,6 +102,9 @@ class Assistente {
   bool puoImportare() const;
   Compito importa();
   const std::optional<EsecuzionePiano>& importata() const { return importata_; }
+  // A batch was taken back elsewhere; whether it was this import's.
+  void annullata(std::int32_t lotto);
+  bool tornataIndietro() const { return tornataIndietro_; }
   // A new import into the same database: files and what follows from them are forgotten.
   void ricomincia();
 
@@ -114,6 +117,7 @@ class Assistente {
   void scarta(Livello livello);
   Passo precedente() const;
   std::string impedimentoSorgente() const;
+  std::string fileIlleggibili() const;
   Compito esamina();
   Compito carica();
   Compito rileggi();
@@ -140,6 +144,7 @@ class Assistente {
   std::shared_ptr<const std::vector<RigaMostrata>> righe_;
   std::optional<EsecuzionePiano> prova_;
   std::optional<EsecuzionePiano> importata_;
+  bool tornataIndietro_ = false;
 };
 
 }  // namespace cu

@@ -38,7 +38,16 @@ constexpr auto kParole = std::to_array<ParoleStato>({
     {StatoRiga::Escluso, "escluso", "esclusi", false},
 });
 
-std::string inCifre(std::size_t numero) { return fromInteger(static_cast<std::int64_t>(numero)); }
+std::string inCifre(std::size_t numero, Migliaia migliaia = Migliaia::SenzaPunto) {
+  constexpr std::size_t kGruppoCifre = 3;
+  std::string cifre = fromInteger(static_cast<std::int64_t>(numero));
+  if (migliaia == Migliaia::SenzaPunto) return cifre;
+  for (std::size_t posto = cifre.size(); posto > kGruppoCifre;) {
+    posto -= kGruppoCifre;
+    cifre.insert(posto, 1, '.');
+  }
+  return cifre;
+}
 
 Value oTesto(std::string testo) { return testo.empty() ? Value() : Value::ofText(std::move(testo)); }
 
@@ -102,25 +111,48 @@ void scriviMessaggi(const Piano& piano, std::ostream& uscita) {
   }
 }
 
-std::string dettiConteggi(const std::array<std::size_t, intake::kStatiRiga>& conteggi) {
+std::string dettiConteggi(const std::array<std::size_t, intake::kStatiRiga>& conteggi, Migliaia migliaia) {
   std::string testo;
   for (const ParoleStato& parole : kParole) {
     const std::size_t quanti = conteggi[static_cast<std::size_t>(parole.stato)];
     if (quanti == 0 && !parole.sempre) continue;
     if (!testo.empty()) testo += ", ";
-    testo += inCifre(quanti) + ' ' + std::string(quanti == 1 ? parole.uno : parole.piu);
+    testo += inCifre(quanti, migliaia) + ' ' + std::string(quanti == 1 ? parole.uno : parole.piu);
   }
   return testo;
 }
 
-std::string dettoEsito(const Piano& piano, const EsitoImportazione& esito) {
+std::string dettoAnnullato(const intake::Annullato& annullato, Migliaia migliaia) {
+  struct Parole {
+    std::string_view uno;
+    std::string_view piu;
+    std::string_view tolto;
+    std::string_view tolti;
+  };
+  constexpr std::array<Parole, 3> kSchede = {{{"azienda", "aziende", "tolta", "tolte"},
+                                              {"percipiente", "percipienti", "tolto", "tolti"},
+                                              {"compenso", "compensi", "tolto", "tolti"}}};
+  const Parole& parole = kSchede[static_cast<std::size_t>(annullato.elenco)];
+  const auto quante = [&](std::size_t numero) {
+    return inCifre(numero, migliaia) + ' ' + std::string(numero == 1 ? parole.uno : parole.piu);
+  };
+  std::string testo;
+  if (annullato.tolti > 0 || annullato.riportati == 0) {
+    testo = quante(annullato.tolti) + ' ' + std::string(annullato.tolti == 1 ? parole.tolto : parole.tolti);
+  }
+  if (annullato.riportati > 0)
+    testo += (testo.empty() ? "" : ", ") + quante(annullato.riportati) + " ai valori di prima";
+  return testo;
+}
+
+std::string dettoEsito(const Piano& piano, const EsitoImportazione& esito, Migliaia migliaia) {
   std::string testo = esito.applica ? "Importazione" : "Prova";
   if (esito.lotto) testo += ' ' + fromInteger(*esito.lotto);
-  testo += ": " + dettiConteggi(piano.conteggi());
+  testo += ": " + dettiConteggi(piano.conteggi(), migliaia);
   const auto generali =
       static_cast<std::size_t>(std::count_if(piano.messaggi.begin(), piano.messaggi.end(), errore));
   if (generali > 0)
-    testo += generali == 1 ? "; 1 errore generale" : "; " + inCifre(generali) + " errori generali";
+    testo += generali == 1 ? "; 1 errore generale" : "; " + inCifre(generali, migliaia) + " errori generali";
   testo += '.';
   const std::set<intake::Codice> avvisi = piano.avvisiDaAccettare();
   if (!avvisi.empty()) {

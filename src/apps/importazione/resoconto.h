@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "intake/annulla.h"
 #include "intake/piano.h"
 
 namespace cu {
@@ -33,9 +34,16 @@ std::string resocontoCsv(const intake::Piano& piano);
 // Every message on a line with its place: those of files and accounts, then those of the rows in order.
 void scriviMessaggi(const intake::Piano& piano, std::ostream& uscita);
 
+// Numbers as a line of a command has them, or as a window shows them.
+enum class Migliaia : std::uint8_t { SenzaPunto, ConPunto };
+
 // "120 nuovi, 3 uguali, 1 da decidere, 0 errori": the states that occur, and those four.
-std::string dettiConteggi(const std::array<std::size_t, intake::kStatiRiga>& conteggi);
+std::string dettiConteggi(const std::array<std::size_t, intake::kStatiRiga>& conteggi,
+                          Migliaia migliaia = Migliaia::SenzaPunto);
 // One line: "Prova: 120 nuovi, ... Non è stato scritto nulla."
-std::string dettoEsito(const intake::Piano& piano, const EsitoImportazione& esito);
+std::string dettoEsito(const intake::Piano& piano, const EsitoImportazione& esito,
+                       Migliaia migliaia = Migliaia::SenzaPunto);
+// What taking a batch back does: "3 compensi tolti, 1 compenso ai valori di prima".
+std::string dettoAnnullato(const intake::Annullato& annullato, Migliaia migliaia = Migliaia::SenzaPunto);
 
 }  // namespace cu

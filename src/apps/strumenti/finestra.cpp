@@ -136,12 +136,12 @@ void Finestra::mostraErrore(const QString& testo) {
   box.exec();
 }
 
-bool Finestra::conferma(const QString& testo, const QString& azione) {
+bool Finestra::conferma(const QString& testo, const QString& azione, const QString& altrimenti) {
   QMessageBox box(QMessageBox::Question, windowTitle(), {}, QMessageBox::NoButton, this);
   box.setTextFormat(Qt::PlainText);
   box.setText(testo);
   const QPushButton* const si = box.addButton(azione, QMessageBox::AcceptRole);
-  box.setDefaultButton(box.addButton(QStringLiteral("Annulla"), QMessageBox::RejectRole));
+  box.setDefaultButton(box.addButton(altrimenti, QMessageBox::RejectRole));
   box.exec();
   return box.clickedButton() == si;
 }

@@ -42,8 +42,9 @@ class Finestra : public QWidget {
   void mostraErrore(const QString& testo);
   QPushButton* pulsante(const char* testo, const std::function<void()>& azione,
                         const QKeySequence& tasto = {});
-  // `azione` is the caption of the button that goes on.
-  bool conferma(const QString& testo, const QString& azione);
+  // `azione` is the caption of the button that goes on, `altrimenti` of the one that does not.
+  bool conferma(const QString& testo, const QString& azione,
+                const QString& altrimenti = QStringLiteral("Annulla"));
 
   struct Compito {
     QString che;  // "Lettura del file…"

@@ -23,10 +23,10 @@ TEST(HistoryWindow, TakesABatchBackAfterAskingForIt) {
   auto* const tabella = storico.findChild<QTableView*>();
   ASSERT_EQ(tabella->model()->rowCount(), 1);
   bool annullata = false;
-  storico.annullata = [&] { annullata = true; };
+  storico.annullata = [&](std::int32_t lotto) { annullata = lotto == 1; };
   test::alProssimoDialogo([](QWidget& dialogo) {
-    EXPECT_TRUE(test::dice(dialogo, "righe tolte"));
-    test::premi(dialogo, "Annulla l'importazione");
+    EXPECT_TRUE(test::dice(dialogo, "3 compensi tolti"));
+    test::premi(dialogo, "Torna com'era prima");
   });
   EXPECT_TRUE(test::premi(storico, "Annulla l'importazione"));
   ASSERT_TRUE(test::aspetta([&] { return annullata && !storico.lavora(); }));
