@@ -34,6 +34,7 @@ QPalette lightPalette() {
   }
   palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xE7, 0xEA, 0xED));
   palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0xC3, 0xCB, 0xD2));
+  palette.setColor(QPalette::Disabled, QPalette::HighlightedText, QColor(0x1C, 0x24, 0x2C));
   return palette;
 }
 
@@ -58,6 +59,7 @@ QPalette darkPalette() {
   }
   palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0x2B, 0x2F, 0x34));
   palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x45, 0x4C, 0x54));
+  palette.setColor(QPalette::Disabled, QPalette::HighlightedText, QColor(0xE4, 0xE8, 0xEC));
   return palette;
 }
 

@@ -18,6 +18,7 @@ class Abbinamento {
       scritte_.emplace_back(pulito(cella.testo, appoggio));
       nomi_.push_back(tabelle::normalizza(cella.testo));
     }
+    distinti_ = titoliDistinti(tabella);
     usate_.resize(nomi_.size());
   }
 
@@ -43,6 +44,13 @@ class Abbinamento {
   }
 
   std::optional<std::size_t> posto(const std::string& intestazione, std::string_view perChe) {
+    // A heading that is there more than once, with its number.
+    const auto numerato = std::find(distinti_.begin(), distinti_.end(), intestazione);
+    if (numerato != distinti_.end()) {
+      const auto suo = static_cast<std::size_t>(numerato - distinti_.begin());
+      usate_[suo] = true;
+      return suo;
+    }
     const std::string nome = tabelle::normalizza(intestazione);
     const auto trovato = std::find(nomi_.begin(), nomi_.end(), nome);
     if (trovato == nomi_.end()) {
@@ -85,8 +93,14 @@ class Abbinamento {
   void perNome(std::size_t indice) {
     if (usate_[indice] || scritte_[indice].empty()) return;
     const auto rango = cercaColonna(elenco_, scritte_[indice]);
+    if (!rango && nomi_[indice] == tabelle::normalizza(kColonnaErrori)) return;
     if (!rango || mappatura_.colonne.contains(*rango)) {
-      segnala(Codice::C03, "la colonna non si importa e viene ignorata", mostrato(scritte_[indice]));
+      // Of several that are alike the number says which, where another one is used.
+      bool altraUsata = false;
+      for (std::size_t i = 0; i < nomi_.size(); ++i)
+        altraUsata = altraUsata || (nomi_[i] == nomi_[indice] && usate_[i]);
+      segnala(Codice::C03, "la colonna non si importa e viene ignorata",
+              mostrato((altraUsata ? distinti_ : scritte_)[indice]));
       // The same name once more says nothing new.
       for (std::size_t i = indice; i < nomi_.size(); ++i) usate_[i] = usate_[i] || nomi_[i] == nomi_[indice];
       return;
@@ -143,6 +157,7 @@ class Abbinamento {
   const Mappatura& mappatura_;
   std::vector<std::string> scritte_;  // the headings, cleaned
   std::vector<std::string> nomi_;     // and as they are compared
+  std::vector<std::string> distinti_;
   std::vector<bool> usate_;
   std::vector<ColonnaTrovata> trovate_;
   Corrispondenza esito_;
@@ -153,6 +168,22 @@ class Abbinamento {
 bool Corrispondenza::ha(std::uint8_t rango) const {
   return std::any_of(colonne.begin(), colonne.end(),
                      [&](const ColonnaTrovata& trovata) { return trovata.colonna->indice == rango; });
+}
+
+std::vector<std::string> titoliDistinti(const tabelle::Tabella& tabella) {
+  std::vector<std::string> titoli;
+  std::vector<std::string> nomi;
+  std::string appoggio;
+  for (const tabelle::Cella& cella : tabella.intestazione.celle) {
+    titoli.emplace_back(pulito(cella.testo, appoggio));
+    nomi.push_back(tabelle::normalizza(cella.testo));
+  }
+  std::map<std::string_view, std::size_t> visti;
+  for (std::size_t i = 0; i < titoli.size(); ++i) {
+    if (titoli[i].empty() || std::count(nomi.begin(), nomi.end(), nomi[i]) < 2) continue;
+    titoli[i] += " (" + std::to_string(++visti[nomi[i]]) + ')';
+  }
+  return titoli;
 }
 
 Corrispondenza abbina(const tabelle::Tabella& tabella, Elenco elenco, const Mappatura& mappatura) {

@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "intake/colonne.h"
@@ -31,6 +32,13 @@ struct Corrispondenza {
 
   bool ha(std::uint8_t rango) const;
 };
+
+// The headings of a table, cleaned. Of several that are alike each has its number, as a mapping can name it:
+// "Importo (1)", "Importo (2)".
+std::vector<std::string> titoliDistinti(const tabelle::Tabella& tabella);
+
+// The column of a table written by this program with what is wrong in each row: it is nobody's.
+inline constexpr std::string_view kColonnaErrori = "Errore";
 
 // Finds the columns by the mapping, then by name. The mapping outlives the result.
 Corrispondenza abbina(const tabelle::Tabella& tabella, Elenco elenco, const Mappatura& mappatura);

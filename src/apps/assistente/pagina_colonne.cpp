@@ -12,11 +12,23 @@
 
 #include "apps/assistente/dialogo_significati.h"
 #include "apps/importazione/mappe_personali.h"
+#include "apps/strumenti/conteggi.h"
 #include "apps/strumenti/frase.h"
 #include "apps/strumenti/tabella_vista.h"
-#include "suite/platform_file.h"
+#include "intake/corrispondenza.h"
 
 namespace cu::assistente {
+namespace {
+
+constexpr int kTitolo = Qt::UserRole;  // the heading that an entry stands for
+
+QStringList nomiDi(const std::vector<std::string_view>& colonne) {
+  QStringList nomi;
+  for (const std::string_view una : colonne) nomi += qs(std::string(una));
+  return nomi;
+}
+
+}  // namespace
 
 PaginaColonne::PaginaColonne(QWidget* parent, Assistente& assistente) : Pagina(parent, assistente) {
   auto* const colonna = new QVBoxLayout(this);
@@ -69,6 +81,11 @@ void PaginaColonne::componiTabella(QSplitter& divisore) {
         .titolo = "Come viene letta",
         .testo =
             [di](std::size_t q) {
+              if (di(q).respinti > 0) {
+                return QStringLiteral("✖ %1: %2")
+                    .arg(quante(di(q).respinti, "valore non si legge", "valori non si leggono"),
+                         qs(di(q).primoRespinto));
+              }
               QStringList esempi;
               for (const std::string& uno : di(q).esempi) esempi += qs(uno);
               QString detti = esempi.join(QStringLiteral("; "));
@@ -182,9 +199,10 @@ void PaginaColonne::mostraPannello() {
     titolo_->dici(una->colonna->ammessi.empty()
                       ? qs(nome)
                       : QStringLiteral("%1: %2").arg(qs(nome), qs(std::string(una->colonna->ammessi))));
-    for (const std::string& titolo : intestazioniDi(*stato().file()[file()].tabella)) {
+    for (const std::string& titolo : intake::titoliDistinti(*stato().file()[file()].tabella)) {
       if (titolo.empty()) continue;
-      auto* const voce = new QListWidgetItem(qs(titolo), titoli_);
+      auto* const voce = new QListWidgetItem(qs(titolo) + dettiAltriUsi(titolo), titoli_);
+      voce->setData(kTitolo, qs(titolo));
       voce->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
       const auto& sue = una->intestazioni;
       voce->setCheckState(std::find(sue.begin(), sue.end(), titolo) != sue.end() ? Qt::Checked
@@ -204,7 +222,9 @@ void PaginaColonne::spuntata(QListWidgetItem* voce) {
   const ColonnaScelta* const una = corrente();
   if (zitta_ || una == nullptr) return;
   zitta_ = true;
+  risposta_->dici({});
   if (voce->checkState() == Qt::Checked) {
+    diciUsoTolto(voce->data(kTitolo).toString().toStdString());
     fisso_->clear();
     for (int i = 0; i < titoli_->count() && !unisceColonne(*una->colonna); ++i) {
       if (titoli_->item(i) != voce) titoli_->item(i)->setCheckState(Qt::Unchecked);
@@ -212,6 +232,29 @@ void PaginaColonne::spuntata(QListWidgetItem* voce) {
   }
   zitta_ = false;
   cambiaFonteCorrente();
+}
+
+// "   (usata per Onorario)"
+QString PaginaColonne::dettiAltriUsi(const std::string& titolo) const {
+  const AltriUsi usi = altriUsi(scelte_, *corrente()->colonna, titolo);
+  const QStringList nomi = nomiDi(usi.tengono) + nomiDi(usi.perdono);
+  if (nomi.isEmpty()) return {};
+  return QStringLiteral("   (usata per %1)").arg(nomi.join(QStringLiteral(", ")));
+}
+
+void PaginaColonne::diciUsoTolto(const std::string& titolo) {
+  const intake::Colonna& colonna = *corrente()->colonna;
+  const AltriUsi usi = altriUsi(scelte_, colonna, titolo);
+  QString testo;
+  if (!usi.perdono.empty()) {
+    testo =
+        QStringLiteral("⚠ La colonna «%1» del file era usata per %2: ora dà %3, e %2 resta senza.")
+            .arg(qs(titolo), nomiDi(usi.perdono).join(QStringLiteral(", ")), qs(std::string(colonna.nome)));
+  } else if (!usi.tengono.empty()) {
+    testo = QStringLiteral("⚠ La colonna «%1» del file è usata anche per %2.")
+                .arg(qs(titolo), nomiDi(usi.tengono).join(QStringLiteral(", ")));
+  }
+  risposta_->dici(testo);
 }
 
 void PaginaColonne::cambiaFonteCorrente() {
@@ -222,7 +265,7 @@ void PaginaColonne::cambiaFonteCorrente() {
   if (!fisso.isEmpty()) fonte.costante = fisso.toStdString();
   for (int i = 0; i < titoli_->count() && fisso.isEmpty(); ++i) {
     if (titoli_->item(i)->checkState() == Qt::Checked)
-      fonte.colonne.push_back(titoli_->item(i)->text().toStdString());
+      fonte.colonne.push_back(titoli_->item(i)->data(kTitolo).toString().toStdString());
   }
   constexpr std::array kSegniPossibili = {intake::Segno::ComeScritto, intake::Segno::Positivo,
                                           intake::Segno::Inverso};

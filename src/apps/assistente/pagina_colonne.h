@@ -40,6 +40,8 @@ class PaginaColonne : public Pagina {
   void cambiaFonteCorrente();
   void spuntata(QListWidgetItem* voce);
   void chiediSignificati();
+  QString dettiAltriUsi(const std::string& titolo) const;
+  void diciUsoTolto(const std::string& titolo);
   QString dettaFonte(const ColonnaScelta& colonna) const;
   QString dettoAvviso() const;
   QString dettiNonUsati() const;

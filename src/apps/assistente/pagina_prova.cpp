@@ -216,12 +216,18 @@ void PaginaProva::salvaErrori(const QString& cartellaOFile) {
   }
 }
 
+// The last one used, or that of a file that is imported.
+QString PaginaProva::cartellaSalvati(std::size_t file) const {
+  const QFileInfo suo(qs(stato().file().at(file).percorso));
+  return strumenti::cartellaRicordata(kUsoSalvati, suo.absolutePath());
+}
+
 // A file for each of those that have errors.
 void PaginaProva::chiediErrori() {
   if (piano_ == nullptr) return;
   const std::vector<std::size_t> file = fileConRigheErrate(*piano_);
   if (file.empty()) return;
-  const QString cartella = strumenti::cartellaRicordata(kUsoSalvati);
+  const QString cartella = cartellaSalvati(file.front());
   QString scelto;
   if (file.size() == 1) {
     const QString nome = QFileInfo(qs(stato().file().at(file.front()).nome)).completeBaseName();
@@ -250,10 +256,9 @@ void PaginaProva::salvaResoconto(const QString& file) {
 
 void PaginaProva::chiediResoconto() {
   if (piano_ == nullptr) return;
-  QString scelto = QFileDialog::getSaveFileName(
-      this, QStringLiteral("Salva resoconto"),
-      strumenti::cartellaRicordata(kUsoSalvati) + QStringLiteral("/resoconto.csv"),
-      QStringLiteral("Testo (*.csv);;JSON (*.json)"));
+  QString scelto = QFileDialog::getSaveFileName(this, QStringLiteral("Salva resoconto"),
+                                                cartellaSalvati(0) + QStringLiteral("/resoconto.csv"),
+                                                QStringLiteral("Testo (*.csv);;JSON (*.json)"));
   if (scelto.isEmpty()) return;
   if (!fileDiResoconto(scelto.toStdString())) scelto += QStringLiteral(".csv");
   strumenti::ricordaCartella(kUsoSalvati, QFileInfo(scelto).absolutePath());

@@ -38,6 +38,7 @@ class PaginaProva : public Pagina {
   QString dettaProva() const;
   void mostraAvvisi();
   void titoliSchede();
+  QString cartellaSalvati(std::size_t file) const;
   void chiediErrori();
   void chiediResoconto();
 

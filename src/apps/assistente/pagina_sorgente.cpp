@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QStandardPaths>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -226,7 +227,10 @@ void PaginaSorgente::togli() {
 void PaginaSorgente::scriviModello() {
   const QString nome = qs(std::string(intake::nome(stato().elenco()))) + QStringLiteral(".xlsx");
   const QString scelto = QFileDialog::getSaveFileName(
-      this, QStringLiteral("Modello vuoto"), strumenti::cartellaRicordata(kUso) + u'/' + nome,
+      this, QStringLiteral("Modello vuoto"),
+      strumenti::cartellaRicordata(kUso,
+                                   QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) +
+          u'/' + nome,
       QStringLiteral("Cartella di lavoro (*.xlsx);;Testo (*.csv)"));
   if (scelto.isEmpty()) return;
   try {

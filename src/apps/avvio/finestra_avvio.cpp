@@ -215,9 +215,9 @@ void FinestraAvvio::componiDatiPropri() {
 }
 
 void FinestraAvvio::nuovoArchivio() {
-  QString file = QFileDialog::getSaveFileName(this, QStringLiteral("Nuovo archivio"), cartelle_.documenti,
-                                              QStringLiteral("Database (*.db)"), nullptr,
-                                              QFileDialog::DontConfirmOverwrite);
+  QString file = QFileDialog::getSaveFileName(
+      this, QStringLiteral("Nuovo archivio"), nomeNuovoArchivio(cartelle_.documenti),
+      QStringLiteral("Database (*.db)"), nullptr, QFileDialog::DontConfirmOverwrite);
   if (file.isEmpty()) return;
   if (QFileInfo(file).suffix().isEmpty()) file += QStringLiteral(".db");
   try {

@@ -105,6 +105,13 @@ void creaArchivioVuoto(const QString& file) {
   creaIntero(file, ContenutoArchivio::Vuoto);
 }
 
+QString nomeNuovoArchivio(const QString& cartella) {
+  const QString inizio = cartella + QStringLiteral("/archivio");
+  QString file = inizio + QStringLiteral(".db");
+  for (int i = 2; QFile::exists(file); ++i) file = QStringLiteral("%1-%2.db").arg(inizio).arg(i);
+  return file;
+}
+
 std::vector<AziendaAvvio> aziendeDi(const QString& database) {
   const auto connessione = apriConnessione(databaseDi(database));
   Recordset righe;

@@ -40,6 +40,9 @@ void preparaDimostrativo(const CartelleAvvio& cartelle);
 // was; both are raised with a text for the user.
 void creaArchivioVuoto(const QString& file);
 
+// The proposal for a new one: a name in the folder that no file has yet.
+QString nomeNuovoArchivio(const QString& cartella);
+
 struct AziendaAvvio {
   std::int32_t azienda = 0;
   std::int32_t filiale = 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "apps/importazione/parole_finestra.h"
 #include "intake/corrispondenza.h"
 #include "intake/testo_cella.h"
 
@@ -11,10 +12,21 @@ namespace {
 
 constexpr std::size_t kEsempi = 3;
 
+void osservaRespinti(ColonnaScelta& colonna, const intake::RigaLetta& riga, const std::string& intestazione) {
+  for (const intake::Messaggio& uno : riga.messaggi) {
+    // A value that is missing is none that cannot be read.
+    const bool respinto = uno.gravita == intake::Gravita::Errore && uno.codice != intake::Codice::C01 &&
+                          uno.colonna == intestazione;
+    if (respinto && colonna.respinti++ == 0) colonna.primoRespinto = perLaFinestra(uno.testo);
+  }
+}
+
 void osservaValori(ColonnaScelta& colonna, const intake::Lettura& lettura) {
   Date prima;
   Date ultima;
+  const std::string& intestazione = lettura.intestazioni[colonna.colonna->indice];
   for (const intake::RigaLetta& riga : lettura.righe) {
+    if (!riga.messaggi.empty() && !intestazione.empty()) osservaRespinti(colonna, riga, intestazione);
     const intake::Campo* const campo = riga.campo(colonna.colonna->indice);
     if (campo == nullptr || campo->derivato || campo->valore.isNull()) continue;
     ++colonna.valori;
@@ -55,13 +67,16 @@ std::string valoreMostrato(CellView valore, intake::TipoColonna tipo) {
   return valore.toText();
 }
 
-std::vector<std::string> intestazioniDi(const tabelle::Tabella& tabella) {
-  std::vector<std::string> intestazioni;
-  std::string appoggio;
-  for (const tabelle::Cella& cella : tabella.intestazione.celle) {
-    intestazioni.emplace_back(intake::pulito(cella.testo, appoggio));
+AltriUsi altriUsi(const std::vector<ColonnaScelta>& scelte, const intake::Colonna& colonna,
+                  const std::string& titolo) {
+  AltriUsi usi;
+  for (const ColonnaScelta& una : scelte) {
+    const bool usa =
+        std::find(una.intestazioni.begin(), una.intestazioni.end(), titolo) != una.intestazioni.end();
+    if (una.colonna == &colonna || !usa) continue;
+    (una.scelta ? usi.tengono : usi.perdono).push_back(una.colonna->nome);
   }
-  return intestazioni;
+  return usi;
 }
 
 bool unisceColonne(const intake::Colonna& colonna) {
@@ -69,7 +84,7 @@ bool unisceColonne(const intake::Colonna& colonna) {
 }
 
 std::vector<ColonnaScelta> colonneScelte(const FileScelto& file, const intake::Lettura& lettura) {
-  const std::vector<std::string> intestazioni = intestazioniDi(*file.tabella);
+  const std::vector<std::string> intestazioni = intake::titoliDistinti(*file.tabella);
   std::vector<ColonnaScelta> scelte;
   for (const intake::Colonna& colonna : intake::colonne(lettura.elenco)) {
     ColonnaScelta& una = scelte.emplace_back();
@@ -95,7 +110,7 @@ void cambiaFonte(intake::Mappatura& mappatura, std::uint8_t colonna, intake::Fon
 }
 
 Significati testiDi(const FileScelto& file, const ColonnaScelta& colonna, std::size_t massimo) {
-  const std::vector<std::string> intestazioni = intestazioniDi(*file.tabella);
+  const std::vector<std::string> intestazioni = intake::titoliDistinti(*file.tabella);
   std::set<std::string> testi;
   std::string appoggio;
   for (const std::string& sua : colonna.intestazioni) {

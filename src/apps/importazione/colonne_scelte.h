@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -22,14 +23,22 @@ struct ColonnaScelta {
   std::size_t valori = 0;           // rows with a value
   std::vector<std::string> esempi;  // the first different values, as they were read
   std::string estremi;              // of dates: "dal 05/01/2017 al 12/12/2017"
+  std::size_t respinti = 0;         // values that cannot be read
+  std::string primoRespinto;        // why, of the first one
   bool presente() const { return !intestazioni.empty() || (costante && !costante->empty()); }
 };
 
 // In the order of the list. The file has a table.
 std::vector<ColonnaScelta> colonneScelte(const FileScelto& file, const intake::Lettura& lettura);
 
-// The headings of a table as they are shown; "" for a column without one.
-std::vector<std::string> intestazioniDi(const tabelle::Tabella& tabella);
+// The other columns that a heading of the file is used for; `perde`: those that were found by their name,
+// and lose it to one that is chosen.
+struct AltriUsi {
+  std::vector<std::string_view> tengono;
+  std::vector<std::string_view> perdono;
+};
+AltriUsi altriUsi(const std::vector<ColonnaScelta>& scelte, const intake::Colonna& colonna,
+                  const std::string& titolo);
 
 // Whether a column can be made of several ones of the file.
 bool unisceColonne(const intake::Colonna& colonna);

@@ -14,6 +14,7 @@ constexpr auto kRimedi = std::to_array<Rimedio>({
     {"indicarlo con --dates dmy, mdy o ymd", "indicarlo nel passo Lettura, in «Date»"},
     {"indicare il segno dei decimali (--decimal) o delle migliaia",
      "indicare nel passo Lettura il segno dei decimali o delle migliaia"},
+    {"è data due volte", "è data due volte: scegliere qui sotto quale vale"},
     {"i segni delle migliaia si indicano nella mappatura (migliaia)",
      "il segno delle migliaia si indica nel passo Lettura"},
 });

@@ -6,6 +6,7 @@
 
 #include "apps/importazione/colonne_scelte.h"
 #include "base/text.h"
+#include "intake/corrispondenza.h"
 
 namespace cu {
 namespace {
@@ -56,7 +57,7 @@ std::optional<intake::Mappatura> conProposte(const FileScelto& file,
   for (const ColonnaScelta& una : scelte) usati.insert(una.intestazioni.begin(), una.intestazioni.end());
   intake::Mappatura mappatura = file.mappatura;
   bool altre = false;
-  for (const std::string& titolo : intestazioniDi(*file.tabella)) {
+  for (const std::string& titolo : intake::titoliDistinti(*file.tabella)) {
     if (usati.contains(titolo)) continue;
     const Parole parole = paroleDi(titolo);
     const ColonnaScelta* sola = nullptr;

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "apps/importazione/parole_finestra.h"
+#include "base/text.h"
 #include "intake/archivio_letto.h"
 #include "intake/conti_toccati.h"
 
@@ -55,6 +56,12 @@ class RaccoltaSoggetti {
   explicit RaccoltaSoggetti(const Piano& piano) : piano_(piano) {
     for (const schede::SchedaPercipiente& uno : piano.archivio->percipienti) {
       perId_.emplace(uno.anagrafica.id, &uno);
+      for (const std::string* chiave :
+           {&uno.codice, &uno.anagrafica.codiceFiscale, &uno.anagrafica.partitaIva}) {
+        if (chiave->empty()) continue;
+        const auto [suo, solo] = perChiave_.emplace(lowerAscii(*chiave), &uno);
+        if (!solo && suo->second != &uno) suo->second = nullptr;  // of several payees
+      }
     }
   }
 
@@ -67,6 +74,9 @@ class RaccoltaSoggetti {
       SoggettoPiano& suo = diChiave({static_cast<int>(stato), chiave});
       suo.stato = stato;
       suo.chiave = chiave;
+      const auto noto = perChiave_.find(lowerAscii(chiave));
+      if (noto != perChiave_.end() && noto->second != nullptr)
+        suo.nome = nominativo(noto->second->anagrafica);
       suo.candidati = riga.candidati;
       suo.righe.push_back(quale);
       const CellView onorario = piano_.letta(riga).valore(ColonnaCompenso::Onorario);
@@ -80,10 +90,8 @@ class RaccoltaSoggetti {
     suo.onorari = suo.onorari + compenso.importi[schede::posto(schede::Importo::Onorario)];
     const auto noto = perId_.find(compenso.idAnagrafica);
     if (noto == perId_.end() || !suo.chiave.empty()) return;
-    const schede::SchedaAnagrafica& anagrafica = noto->second->anagrafica;
     suo.chiave = noto->second->codice;
-    suo.nome =
-        anagrafica.nome.empty() ? anagrafica.anagrafica : anagrafica.anagrafica + ' ' + anagrafica.nome;
+    suo.nome = nominativo(noto->second->anagrafica);
   }
 
   std::vector<SoggettoPiano> presi() {
@@ -104,6 +112,7 @@ class RaccoltaSoggetti {
 
   const Piano& piano_;
   std::unordered_map<std::int32_t, const schede::SchedaPercipiente*> perId_;
+  std::unordered_map<std::string, const schede::SchedaPercipiente*> perChiave_;
   std::map<std::pair<int, std::string>, std::size_t> posti_;
   std::vector<SoggettoPiano> soggetti_;
 };

@@ -4,8 +4,10 @@
 #include <string>
 #include <utility>
 
-#include "apps/importazione/colonne_scelte.h"
 #include "apps/importazione/parole_finestra.h"
+#include "base/text.h"
+#include "intake/corrispondenza.h"
+#include "intake/testo_cella.h"
 
 namespace cu {
 namespace {
@@ -42,14 +44,21 @@ std::vector<std::size_t> fileConRigheErrate(const intake::Piano& piano) {
 tabelle::TabellaDaScrivere righeErrate(const intake::Piano& piano, std::size_t file,
                                        const tabelle::Tabella& tabella) {
   tabelle::TabellaDaScrivere scritta;
-  scritta.colonne = intestazioniDi(tabella);
-  const std::size_t larga = scritta.colonne.size();
-  scritta.colonne.emplace_back("Errore");
+  // A column of an earlier such table is replaced.
+  std::vector<std::size_t> proprie;
+  std::string appoggio;
+  for (std::size_t i = 0; i < tabella.intestazione.celle.size(); ++i) {
+    const std::string titolo(intake::pulito(tabella.intestazione.celle[i].testo, appoggio));
+    if (equalsNoCase(titolo, intake::kColonnaErrori)) continue;
+    proprie.push_back(i);
+    scritta.colonne.push_back(titolo);
+  }
+  scritta.colonne.emplace_back(intake::kColonnaErrori);
   for (const intake::RigaPiano& riga : piano.righe) {
     if (riga.posizione.file != file || !fermaImportazione(piano, riga)) continue;
     const tabelle::RigaTabella& originale = tabella.righe.at(riga.posizione.riga);
     std::vector<Value>& celle = scritta.righe.emplace_back();
-    for (std::size_t i = 0; i < larga; ++i) {
+    for (const std::size_t i : proprie) {
       const std::string_view testo = originale.cella(i).testo;
       celle.push_back(testo.empty() ? Value() : Value::ofText(std::string(testo)));
     }

@@ -214,6 +214,29 @@ void Tabella::larghezze() {
     const int massima = modello_->colonne()[static_cast<std::size_t>(i)].massima;
     setColumnWidth(i, ricordata > 0 ? ricordata : std::min(larghezzaDi(i), massima));
   }
+  const int quale = modello_->columnCount() - 1;
+  constexpr int kMassimaUltima = 1200;
+  if (modello_->colonne()[static_cast<std::size_t>(quale)].intera)
+    ultima_ = std::min(larghezzaDi(quale), kMassimaUltima);
+  larghezzaUltima();
+}
+
+void Tabella::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  larghezzaUltima();
+}
+
+// What the other columns leave, or what it needs.
+void Tabella::larghezzaUltima() {
+  if (ultima_ == 0) return;
+  const int quale = modello_->columnCount() - 1;
+  int altre = 0;
+  for (int i = 0; i < quale; ++i) altre += columnWidth(i);
+  const bool entra = altre + ultima_ <= viewport()->width();
+  const bool zitta = std::exchange(zitta_, true);
+  horizontalHeader()->setStretchLastSection(entra);
+  if (!entra) setColumnWidth(quale, ultima_);
+  zitta_ = zitta;
 }
 
 // Of the heading, of some rows from the first to the last, because numbers grow, and of the first that are

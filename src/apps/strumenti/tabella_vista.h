@@ -23,6 +23,8 @@ struct Colonna {
   std::function<QVariant(std::size_t riga)> ordine = {};  // the text where it is empty
   Testo detto = {};                                       // for a screen reader; the text where it is empty
   int massima = 240;                                      // of its first width
+  // Of the last column: it is as wide as its longest text, and scrolled to, where it does not fit.
+  bool intera = false;
 };
 
 // Reads each cell when it is shown.
@@ -86,9 +88,11 @@ class Tabella : public QTableView {
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void larghezze();
+  void larghezzaUltima();
   int larghezzaDi(int colonna) const;
   void copia();
 
@@ -98,6 +102,7 @@ class Tabella : public QTableView {
   std::optional<std::size_t> detta_;
   bool zitta_ = false;
   bool posate_ = false;
+  int ultima_ = 0;  // the width that the last column's texts need, where it is to show all of them
 };
 
 }  // namespace cu::strumenti

@@ -6,6 +6,8 @@
 #include "apps/importazione/assistente.h"
 #include "apps/importazione/posto_importazione.h"
 #include "apps/importazione/righe_errate.h"
+#include "intake/corrispondenza.h"
+#include "tabelle/lettura.h"
 #include "tabelle/scrittura.h"
 
 namespace cu {
@@ -81,6 +83,15 @@ TEST_F(Riepiloghi, GiveTheRowsWithErrorsBackWithTheirColumns) {
   EXPECT_THAT(errate.righe[1].back().view().text(), HasSubstr("DataPagamento: "));
   const std::string csv = tabelle::scriviCsv(errate);
   EXPECT_THAT(csv, HasSubstr("P001;A;31/02/2018;5/2018;\"1,00\";;\"dice \"\"no\"\"\";"));
+}
+
+TEST_F(Riepiloghi, TheRowsWithErrorsCanBeReadAgainWithTheirColumn) {
+  const auto errate = righeErrate(piano(), 0, *assistente_.file().front().tabella);
+  const std::string byte = tabelle::scriviCsv(errate);
+  const tabelle::Tabella tabella = tabelle::leggiTabella(byte, "errori.csv", {});
+  const intake::Corrispondenza trovate = intake::abbina(tabella, intake::Elenco::Compensi, {});
+  for (const intake::Messaggio& uno : trovate.messaggi) EXPECT_NE(uno.colonna, "Errore") << uno.testo;
+  EXPECT_EQ(righeErrate(piano(), 0, tabella).colonne, errate.colonne) << "the column is not there twice";
 }
 
 TEST_F(Riepiloghi, ShowRowsAsTextsThatCanBeSorted) {

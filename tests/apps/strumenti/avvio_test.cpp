@@ -33,6 +33,14 @@ QMenu* menuDi(const FinestraAvvio& finestra) {
   return nullptr;
 }
 
+TEST(NewArchive, ProposesANameThatIsFree) {
+  const QTemporaryDir cartella;
+  const QString primo = nomeNuovoArchivio(cartella.path());
+  EXPECT_EQ(primo, cartella.path() + QStringLiteral("/archivio.db"));
+  creaArchivioVuoto(primo);
+  EXPECT_EQ(nomeNuovoArchivio(cartella.path()), cartella.path() + QStringLiteral("/archivio-2.db"));
+}
+
 TEST(StartTools, TheStateNeedsADatabaseAndFilesDoNot) {
   const QTemporaryDir cartella;
   const FinestraAvvio buona({}, cartelleIn(cartella));
