@@ -227,6 +227,8 @@ void aggiungiUpgrade(CLI::App& programma, Esecuzione& esegui) {
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoUpgrade(*opzioni); }; });
 }
 
+constexpr const char* kDoveAiuto = "\nPer l'aiuto: cuctl --help, cuctl COMANDO --help\n";
+
 int eseguiProgramma(int quanti, char** argomenti) {
   CLI::App programma("Certificazione Unica e stampe dei compensi, senza finestra", "cuctl");
   parlaItaliano(programma);
@@ -254,11 +256,15 @@ int eseguiProgramma(int quanti, char** argomenti) {
     programma.parse(quanti, argomenti);
     rifiutaVuoti(programma);
   } catch (const CLI::Success& aiuto) {
+    // The help of a command that does not exist would be that of another one.
+    if (const auto ignoto = comandoIgnoto(programma)) {
+      std::cerr << "cuctl: " << *ignoto << kDoveAiuto;
+      return kUsoSbagliato;
+    }
     programma.exit(aiuto);
     return kRiuscito;
   } catch (const CLI::ParseError& errore) {
-    std::cerr << "cuctl: " << erroreUso(programma, errore)
-              << "\nPer l'aiuto: cuctl --help, cuctl COMANDO --help\n";
+    std::cerr << "cuctl: " << erroreUso(programma, errore) << kDoveAiuto;
     return kUsoSbagliato;
   }
   try {

@@ -52,13 +52,12 @@ std::optional<std::string> inconciliabile(const OpzioniLinea& opzioni) {
   return {};
 }
 
-// In reverse order, because the library lists the last one first.
 std::optional<std::string> ignoti(const CLI::App& programma) {
   std::vector<std::string> parole = programma.remaining();
   if (parole.empty()) parole = comandoIndicato(programma).remaining();
   if (parole.empty()) return {};
   std::string testo = parole.size() > 1 ? "argomenti sconosciuti:" : "argomento sconosciuto:";
-  for (auto parola = parole.rbegin(); parola != parole.rend(); ++parola) testo += ' ' + *parola;
+  for (const std::string& parola : parole) testo += ' ' + parola;
   return testo;
 }
 
@@ -131,13 +130,18 @@ void aggiungiIndirizzo(CLI::App& comando, OpzioniDatabase& database) {
   comando.add_flag("--no-encrypt", database.inChiaro, "Non cifra la connessione di un url odbc");
 }
 
+std::optional<std::string> comandoIgnoto(const CLI::App& programma) {
+  const auto parole = programma.remaining(true);
+  const auto tutti = [](const CLI::App*) { return true; };
+  if (parole.empty() || comandoIndicato(programma).get_subcommands(tutti).empty()) return {};
+  return "comando sconosciuto: " + parole.front();
+}
+
 std::string erroreUso(const CLI::App& programma, const CLI::ParseError& errore) {
   // Missing options are reported before unknown ones, which may be their cause.
   const bool manca = errore.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError);
   if (const auto parole = programma.remaining(true); manca && !parole.empty()) {
-    const auto tutti = [](const CLI::App*) { return true; };
-    const bool servivaComando = !comandoIndicato(programma).get_subcommands(tutti).empty();
-    return (servivaComando ? "comando sconosciuto: " : "argomento sconosciuto: ") + parole.front();
+    return comandoIgnoto(programma).value_or("argomento sconosciuto: " + parole.front());
   }
   return inItaliano(programma, errore).value_or(errore.what());
 }

@@ -16,6 +16,9 @@ CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const st
 // The options for a database's address and connection.
 void aggiungiIndirizzo(CLI::App& comando, OpzioniDatabase& database);
 
+// The word of the line that should be a command and is none, in a sentence.
+std::optional<std::string> comandoIgnoto(const CLI::App& programma);
+
 // The error in a command line, as one line.
 std::string erroreUso(const CLI::App& programma, const CLI::ParseError& errore);
 

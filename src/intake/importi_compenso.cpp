@@ -15,10 +15,16 @@ using schede::Importi;
 using schede::percento;
 using I = schede::Importo;
 
-// The usual rate of the tax on account of a reason; others are not compared.
-std::optional<Decimal> aliquotaUsuale(std::string_view causale) {
+// Whether the usual tax of the reason is final.
+bool aTitoloDiImposta(std::string_view causale) {
   const std::optional<schede::RegolaCausale> regola = schede::regolaDi(causale, false);
-  if (!regola || regola->imposta) return std::nullopt;
+  return regola && regola->imposta;
+}
+
+// The usual rate of a reason, of the tax on account or of the final one; others are not compared.
+std::optional<Decimal> aliquotaUsuale(std::string_view causale, bool imposta) {
+  const std::optional<schede::RegolaCausale> regola = schede::regolaDi(causale, false);
+  if (!regola || regola->imposta != imposta) return std::nullopt;
   return Decimal::fromInteger(regola->aliquota);
 }
 
@@ -39,7 +45,8 @@ class ColonneCompenso {
 
 class ImportiDellaRiga {
  public:
-  explicit ImportiDellaRiga(RigaInCorso& corso) : corso_(corso), riga_(corso) {}
+  ImportiDellaRiga(RigaInCorso& corso, std::string_view causale)
+      : corso_(corso), riga_(corso), causale_(causale) {}
 
   ImportiDati calcola() {
     using enum ColonnaCompenso;
@@ -94,7 +101,9 @@ class ImportiDellaRiga {
   void ritenuta() {
     using enum ColonnaCompenso;
     if (riga_.ha(RitenutaAcconto) || riga_.ha(RitenutaImposta) || !riga_.ha(AliquotaRitenuta)) return;
-    deriva(I::RitenutaAcconto, RitenutaAcconto,
+    // A reason that is taxed finally has no tax on account.
+    const bool imposta = aTitoloDiImposta(causale_);
+    deriva(imposta ? I::RitenutaImposta : I::RitenutaAcconto, imposta ? RitenutaImposta : RitenutaAcconto,
            percento(di(I::Onorario) - di(I::QuotaNonSoggetta), riga_.dato(AliquotaRitenuta)),
            dato(I::Onorario));
   }
@@ -116,6 +125,7 @@ class ImportiDellaRiga {
 
   RigaInCorso& corso_;
   ColonneCompenso riga_;
+  std::string_view causale_;
   ImportiDati dati_;
 };
 
@@ -126,7 +136,7 @@ class ControlloImporti {
 
   void esegui() {
     using enum ColonnaCompenso;
-    ritenuta();
+    ritenute();
     contributi();
     confronta(Lordo, lordo(), "il lordo");
     confronta(Imponibile, base(), "l'imponibile");
@@ -146,34 +156,72 @@ class ControlloImporti {
   Decimal base() const { return di(I::Onorario) - di(I::QuotaNonSoggetta); }
   Decimal lordo() const { return di(I::Onorario) + di(I::SommeNonSoggette) + di(I::RegimeConvenzionale); }
 
-  void ritenuta() {
+  // The two taxes are compared apart: the rate of the row belongs to the one that the row has, or that is the
+  // reason's.
+  void ritenute() {
     using enum ColonnaCompenso;
-    if (!riga_.ha(RitenutaAcconto) && (prima_ == nullptr || *prima_ == importi_)) return;
+    const bool imposta =
+        !riga_.ha(RitenutaAcconto) && (riga_.ha(RitenutaImposta) || aTitoloDiImposta(causale_));
+    ritenuta(I::RitenutaAcconto, RitenutaAcconto, !imposta);
+    ritenuta(I::RitenutaImposta, RitenutaImposta, imposta);
+    senzaQuota();
+  }
+
+  void ritenuta(I importo, ColonnaCompenso colonna, bool haAliquota) {
+    using enum ColonnaCompenso;
+    if (!riga_.ha(colonna) && (prima_ == nullptr || *prima_ == importi_)) return;
     std::optional<Decimal> aliquota;
-    if (riga_.ha(AliquotaRitenuta) && (riga_.ha(RitenutaAcconto) || !riga_.ha(RitenutaImposta))) {
+    if (riga_.ha(AliquotaRitenuta) && haAliquota) {
       aliquota = riga_.dato(AliquotaRitenuta);
-    } else if (!di(I::RitenutaAcconto).isZero()) {
-      aliquota = aliquotaUsuale(causale_);
+    } else if (!di(importo).isZero()) {
+      aliquota = aliquotaUsuale(causale_, importo == I::RitenutaImposta);
     }
     if (!aliquota) return;
     const Decimal attesa = percento(base(), *aliquota);
-    const Decimal scarto = (attesa - di(I::RitenutaAcconto)).abs();
+    const Decimal scarto = (attesa - di(importo)).abs();
     if (scarto.isZero()) return;
     const std::string testo = "la ritenuta non è il " + aliquota->toText() +
-                              " % dell'imponibile: " + euro(di(I::RitenutaAcconto)) + " invece di " +
-                              euro(attesa);
+                              " % dell'imponibile: " + euro(di(importo)) + " invece di " + euro(attesa);
     if (scarto <= Decimal::fromScaled(100)) {
-      corso_.segnala(Codice::R09, RitenutaAcconto, testo);
-    } else if (riga_.daLordo() && !riga_.ha(Imponibile) && !riga_.ha(QuotaNonSoggetta) &&
-               !riga_.ha(PercentualeImponibile)) {
+      corso_.segnala(Codice::R09, colonna, testo);
+    } else if (riga_.daLordo() && !quotaData()) {
       corso_.segnala(Codice::R02, Lordo, "l'imponibile non si ricava dal lordo: " + testo);
     } else {
-      corso_.segnala(Codice::R01, RitenutaAcconto, testo);
+      corso_.segnala(Codice::R01, colonna, testo);
     }
+  }
+
+  bool quotaData() const {
+    using enum ColonnaCompenso;
+    return riga_.ha(Imponibile) || riga_.ha(QuotaNonSoggetta) || riga_.ha(PercentualeImponibile);
+  }
+
+  // A tax that follows from the rate alone, of a reason of which only a share of the fee is usually taxed.
+  void senzaQuota() {
+    using enum ColonnaCompenso;
+    const bool daAliquota =
+        riga_.ha(AliquotaRitenuta) && !riga_.ha(RitenutaAcconto) && !riga_.ha(RitenutaImposta);
+    const std::optional<schede::RegolaCausale> regola = schede::regolaDi(causale_, false);
+    constexpr int kTutto = 100;
+    if (!daAliquota || quotaData() || !di(I::QuotaNonSoggetta).isZero() || !regola ||
+        regola->imponibile == kTutto) {
+      return;
+    }
+    corso_.segnala(Codice::R01, AliquotaRitenuta,
+                   "la ritenuta è calcolata su tutto il compenso, ma con la causale " +
+                       std::string(causale_) + " l'imponibile è di solito il " +
+                       std::to_string(regola->imponibile) + " %");
   }
 
   void contributi() {
     using enum ColonnaCompenso;
+    const Decimal totale = di(I::ContributoPrevidenziale);
+    const Decimal suo = di(I::ContributoPercipiente);
+    const bool data = riga_.ha(ContributoPercipiente) || riga_.ha(ContributoPrevidenziale);
+    if (data && suo.abs() > totale.abs()) {
+      corso_.segnala(Codice::R14, ContributoPercipiente,
+                     "la parte del percipiente, " + euro(suo) + ", supera il contributo, " + euro(totale));
+    }
     if (!riga_.ha(ContributoDitta)) return;
     const Decimal parti = riga_.dato(ContributoDitta) + di(I::ContributoPercipiente);
     if (parti == di(I::ContributoPrevidenziale)) return;
@@ -197,7 +245,9 @@ class ControlloImporti {
 
 }  // namespace
 
-ImportiDati importiDati(RigaInCorso& corso) { return ImportiDellaRiga(corso).calcola(); }
+ImportiDati importiDati(RigaInCorso& corso, std::string_view causale) {
+  return ImportiDellaRiga(corso, causale).calcola();
+}
 
 void controllaImporti(RigaInCorso& corso, std::string_view causale, const schede::Importi& importi,
                       const schede::Importi* prima) {

@@ -13,7 +13,7 @@ struct ImportiDati {
   std::bitset<schede::kImporti> dati;
 };
 // Reports the columns that are derived.
-ImportiDati importiDati(RigaInCorso& corso);
+ImportiDati importiDati(RigaInCorso& corso, std::string_view causale);
 
 // Checks the amounts of the payment as it would be written against the row: R01, R02, R06, R09, R13, R14.
 // `prima`: those of the database, which the row does not change where it gives nothing; null for a new one.

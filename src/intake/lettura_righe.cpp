@@ -194,7 +194,6 @@ class LettoreRighe {
   void obblighi(RigaLetta& letta, const Tentate& tentate) {
     bool chiave = lettura_.elenco != Elenco::Compensi;
     bool importo = chiave;
-    const bool persona = lettura_.elenco == Elenco::Aziende && eUnaPersona(letta);
     const bool senzaCodice = lettura_.elenco == Elenco::Percipienti && puoEssereSenzaCodice(letta, tentate);
     for (const Colonna& colonna : colonne(lettura_.elenco)) {
       const bool c = tentate.test(colonna.indice);
@@ -213,7 +212,7 @@ class LettoreRighe {
           importo = importo || c;
           break;
         case Obbligo::SeNonPersona:
-          if (!c && !persona) manca(letta, colonna.indice);
+          // A company that is there may have it: the plan knows.
           break;
         case Obbligo::SeItaliano:
           if (!c && !senzaCodice && codicePossibile_) manca(letta, colonna.indice);
@@ -241,11 +240,6 @@ class LettoreRighe {
       return colonna.obbligo == obbligo && trovate_.ha(colonna.indice);
     });
     if (!dato && inTabella) letta.messaggi.push_back(messaggio(Codice::C01, cosa));
-  }
-
-  static bool eUnaPersona(const RigaLetta& azienda) {
-    const std::string_view codice = azienda.valore(ColonnaAzienda::CodiceFiscale).text();
-    return azienda.ha(ColonnaAzienda::Nome) || formaCodice(codice) == FormaCodice::Persona;
   }
 
   static bool puoEssereSenzaCodice(const RigaLetta& percipiente, const Tentate& tentate) {

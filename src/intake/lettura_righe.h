@@ -92,10 +92,10 @@ struct Lettura {
 };
 
 // Reads the rows of a table by their columns. Reported are:
-//   C01  a column or a value that is required, C02 one given twice, C03 one that nobody asks for
-//   V01 to V10, all of them but V05 of codes that only the database knows
-//   P01, P02, P07 and what the fiscal code says of name, sex and birth date: P03, P04, P05
-//   F03  what the table reports of its rows
+//   C01  a column or a value that is required, but a company's representative, C02 one given twice, C03 one
+//   that nobody asks for V01 to V10, all of them but V05 of codes that only the database knows P01, P02, P07
+//   and what the fiscal code says of name, sex and birth date: P03, P04, P05 F03  what the table reports of
+//   its rows
 // Derived are a payee's PersonaFisica, Sesso and DataNascita from the fiscal code, the date as late as a
 // person of 14 years can have it on the day `oggi`, and Nome from a Cognome that holds both. Places, and what
 // a list of the database decides, are the plan's. Size and digest of the file are set by the caller.

@@ -67,7 +67,7 @@ inline constexpr auto kVociCodici = [] {
     {P03, "P03", A, "Cognome e nome non sono quelli del codice fiscale"},
     {P04, "P04", A, "Il sesso non è quello del codice fiscale"},
     {P05, "P05", A, "La data di nascita non è quella del codice fiscale"},
-    {P06, "P06", A, "Il luogo di nascita non è quello del codice fiscale"},
+    {P06, "P06", A, "Un luogo non è quello del codice fiscale o della provincia, o non esiste più"},
     {P07, "P07", A, "La cifra di controllo di una partita IVA non risulta"},
     {P08, "P08", D, "Più luoghi hanno questo nome"},
     {P09, "P09", D, "Più percipienti sono possibili"},

@@ -129,6 +129,7 @@ class PianoAziende {
     }
     schede::SchedaAzienda dopo = trovata == nullptr ? nuova() : *trovata;
     CampiAzienda(corso, archivio_, dopo).applica();
+    rappresentante(corso, dopo, trovata == nullptr);
     mancanti(corso, dopo);
     riga.voce = piano_.aziende.size();
     if (trovata == nullptr) {
@@ -173,6 +174,21 @@ class PianoAziende {
         Codice::P10, PartitaIva,
         "il codice fiscale è di " + detto(trovata->sede) + ", la partita IVA di " + detto(perIva->sede));
     return false;
+  }
+
+  // Required of a new company that is no person. One that is there keeps what the row does not give.
+  static void rappresentante(RigaInCorso& corso, const schede::SchedaAzienda& azienda, bool nuova) {
+    using enum ColonnaAzienda;
+    if (azienda.sede.personaFisica) return;
+    const schede::SchedaAnagrafica& r = azienda.rappresentante;
+    const auto serve = [&](ColonnaAzienda colonna, bool manca) {
+      if (!manca || corso.letta().ha(colonna) || (!nuova && !corso.letta().svuota(colonna))) return;
+      corso.segnala(Codice::C01, colonna, "manca il valore, che è obbligatorio");
+    };
+    serve(RappresentanteCodiceFiscale, r.codiceFiscale.empty());
+    serve(RappresentanteCognome, r.anagrafica.empty());
+    serve(RappresentanteNome, r.nome.empty());
+    serve(RappresentanteCarica, azienda.idCarica == 0);
   }
 
   void mancanti(RigaInCorso& corso, const schede::SchedaAzienda& azienda) {

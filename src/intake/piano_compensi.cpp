@@ -39,13 +39,14 @@ class PianoCompensi {
 
   void riga(RigaPiano& riga) {
     RigaInCorso corso(piano_, riga);
-    if (!daPianificare(corso)) return;
+    const bool daPianificarla = daPianificare(corso);
+    if (riga.stato != StatoRiga::Escluso && diAltroAnno(corso)) return;
+    if (!daPianificarla) return;
     // The heading lacks it, which is reported once.
     if (!corso.letta().ha(ColonnaCompenso::DataPagamento)) {
       riga.stato = StatoRiga::Errore;
       return;
     }
-    if (diAltroAnno(corso)) return;
     const schede::SchedaPercipiente* percipiente = nullptr;
     CompensoDato dato;
     AccantoCompenso accanto;
@@ -75,9 +76,12 @@ class PianoCompensi {
   }
 
  private:
+  // What else is wrong with such a row stops nothing, and is not reported.
   bool diAltroAnno(RigaInCorso& corso) {
+    if (!piano_.richiesta.anno || !corso.letta().ha(ColonnaCompenso::DataPagamento)) return false;
     const int anno = corso.letta().valore(ColonnaCompenso::DataPagamento).date().year();
-    if (!piano_.richiesta.anno || *piano_.richiesta.anno == anno) return false;
+    if (*piano_.richiesta.anno == anno) return false;
+    corso.riga().messaggi.clear();
     corso.segnala(Codice::R05, ColonnaCompenso::DataPagamento,
                   "pagato nel " + fromInteger(anno) + ", non nel " + fromInteger(*piano_.richiesta.anno));
     corso.riga().stato = StatoRiga::Escluso;
@@ -129,7 +133,8 @@ class PianoCompensi {
     scheda.documento = letta.valore(DataDocumento).date();
     dato.numero = letta.campo(NumeroDocumento) != nullptr;
     dato.documento = letta.campo(DataDocumento) != nullptr;
-    const ImportiDati importi = importiDati(corso);
+    const std::string codice(trim(archivio_.elenchi.causali.codice(*causale)));
+    const ImportiDati importi = importiDati(corso, codice);
     scheda.importi = importi.importi;
     dato.importi = importi.dati;
     dato.riferimento = std::string(letta.valore(Riferimento).text());

@@ -67,6 +67,37 @@ TEST_F(ImportiTest, ATaxThatIsNotTheRateOfTheBaseIsAWarning) {
   EXPECT_THAT(messaggi, IsEmpty()) << "a reason without a usual rate";
 }
 
+TEST_F(ImportiTest, AFinalTaxIsComparedLikeOneOnAccount) {
+  importi("Onorario;RitenutaImposta;AliquotaRitenuta", "1000;290;30", "P");
+  EXPECT_THAT(messaggi,
+              ElementsAre("2: R01 RitenutaImposta: la ritenuta non è il 30 % dell'imponibile: 290,00 "
+                          "invece di 300,00"));
+  importi("Onorario;QuotaNonSoggetta;RitenutaImposta", "1000;220;179,41", "V");
+  EXPECT_THAT(messaggi, ElementsAre(HasSubstr("R09 RitenutaImposta")));
+  importi("Onorario;QuotaNonSoggetta;RitenutaImposta", "1000;220;179,40", "V");
+  EXPECT_THAT(messaggi, IsEmpty());
+  importi("Onorario;RitenutaImposta", "1000;300", "A");
+  EXPECT_THAT(messaggi, IsEmpty()) << "of a payee abroad: the reason has no usual final tax";
+}
+
+TEST_F(ImportiTest, ARateAloneGivesTheFinalTaxOfAReasonThatIsTaxedFinally) {
+  EXPECT_EQ(importi("Onorario;PercentualeImponibile;AliquotaRitenuta", "1000;78;23", "V"),
+            "1000 220 0 0 0 179.4 0 0");
+  EXPECT_THAT(derivati, ElementsAre("QuotaNonSoggetta", "RitenutaImposta"));
+  EXPECT_THAT(messaggi, IsEmpty());
+  EXPECT_EQ(importi("Onorario;AliquotaRitenuta", "1000;23", "V"), "1000 0 0 0 0 230 0 0");
+  EXPECT_THAT(messaggi,
+              ElementsAre(HasSubstr("R01 AliquotaRitenuta: la ritenuta è calcolata su tutto il "
+                                    "compenso, ma con la causale V l'imponibile è di solito il 78 %")));
+}
+
+TEST_F(ImportiTest, APartOfThePayeeAboveTheContributionIsAWarning) {
+  importi("Onorario;ContributoPrevidenziale;ContributoPercipiente", "1000;30;50");
+  EXPECT_THAT(messaggi,
+              ElementsAre("2: R14 ContributoPercipiente: la parte del percipiente, 50,00, supera il "
+                          "contributo, 30,00"));
+}
+
 TEST_F(ImportiTest, TheFeeFollowsFromTheGross) {
   EXPECT_EQ(importi("Lordo;SommeNonSoggette;RitenutaAcconto", "1002;2;200"), "1000 0 2 0 200 0 0 0");
   EXPECT_THAT(derivati, ElementsAre("Onorario"));

@@ -160,6 +160,14 @@ TEST_F(PianoCompensiTest, PaymentsOfOtherYearsAreLeftOut) {
   EXPECT_TRUE(suo.applicabile());
 }
 
+TEST_F(PianoCompensiTest, ARowOfAnotherYearIsLeftOutWhateverElseIsWrongWithIt) {
+  banco.richiesta.anno = 2016;
+  const Piano suo = piano("P1;Q9;2017-09-20;3;x;\nP999;A;2017-09-20;3;1;\nP999;A;2016-09-20;3;1;\n");
+  EXPECT_EQ(Banco::stati(suo), "escluso escluso errore");
+  ASSERT_EQ(suo.righe[0].messaggi.size(), 1U);
+  EXPECT_EQ(suo.righe[0].messaggi[0].codice, Codice::R05);
+}
+
 TEST_F(PianoCompensiTest, WithoutReasonOrDateNothingElseIsSaidOfThem) {
   Piano suo = piano("P1;2017-09-20;100\n", "CodicePercipiente;DataPagamento;Onorario");
   EXPECT_EQ(Banco::stati(suo), "errore");
