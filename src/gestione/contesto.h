@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "controls/frontend.h"
@@ -16,6 +17,8 @@ struct AmbienteGestione {
   UtilitaSuite& utilita;
   HostFactory& factory;
   Clock& clock;
+  // Whether the user has asked to interrupt the running work; where it is empty, nobody can.
+  std::function<bool()> interrotto = {};
 };
 
 // The same within a session.

@@ -24,7 +24,9 @@ bool daControllo(char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
 FormScheda::FormScheda(const ContestoGestione& contesto, std::string nome, std::string didascalia)
     : Form(contesto.frontEnd, std::move(nome), std::move(didascalia)), contesto_(contesto) {}
 
+// What is still being typed counts too: the close box asks without leaving the control.
 std::string FormScheda::unsavedWork() const {
+  if (Control* const control = focus(); control != nullptr) frontEnd().runEvent([&] { control->commit(); });
   return !ok_ && contesto_.scrivibile && (cambiata() || incompleta())
              ? "Quello che è stato scritto non è ancora registrato."
              : std::string();
@@ -135,6 +137,20 @@ void FormScheda::avvisaCaratteri(std::initializer_list<const TextBox*> caselle,
     const std::string testo = testoDi(*casella);
     if (da1252(a1252(testo)) == testo) continue;
     avvisi.push_back("«" + testo + "» ha caratteri che nel file telematico diventano un punto di domanda.");
+  }
+}
+
+std::string frasiCodici(const EsameCodice& esame, std::string_view partitaIva) {
+  std::string testo = esame.stato.empty() ? std::string("Codice fiscale non scritto.") : esame.stato;
+  if (!esame.contrasti.empty()) testo += " " + esame.contrasti;
+  const std::string iva = difettoPartitaIva(partitaIva);
+  if (!iva.empty()) testo += " Partita IVA: " + iva;
+  return testo;
+}
+
+void ripulisciCodici(std::initializer_list<TextBox*> codici) {
+  for (TextBox* const codice : codici) {
+    codice->onLostFocus = [codice] { codice->setText(codiceDi(*codice)); };
   }
 }
 

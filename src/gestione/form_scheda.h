@@ -10,6 +10,7 @@
 #include "controls/form.h"
 #include "controls/textbox.h"
 #include "gestione/contesto.h"
+#include "gestione/esame_codice.h"
 
 namespace cu {
 
@@ -59,6 +60,12 @@ class FormScheda : public Form {
   const ContestoGestione& contesto_;
   bool ok_ = false;
 };
+
+// What is said below the codes of a person or firm while they are typed: never empty, so that nothing moves
+// when there is something to say. `partitaIva` is not examined where it is empty.
+std::string frasiCodici(const EsameCodice& esame, std::string_view partitaIva);
+// Codes become as they are stored when they are left.
+void ripulisciCodici(std::initializer_list<TextBox*> codici);
 
 // A text as it is stored: without control characters and blanks that are none.
 std::string testoDi(const TextBox& casella);

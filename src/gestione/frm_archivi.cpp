@@ -26,6 +26,26 @@ std::vector<GridColumn> colonneAziende() {
           colonnaNumero("Compensi", "Compensi")};
 }
 
+struct Interrotto {};
+
+// Shows how far the work is, and ends it when the user asks for it.
+class AvanzamentoConti : public ProgressSink {
+ public:
+  AvanzamentoConti(const ContestoGestione& contesto, Label& stato) : contesto_(contesto), stato_(stato) {}
+  void setPointer(int) override {}
+  void progress(const char* che, std::size_t fatti, std::size_t tutti) override {
+    stato_.setCaption(
+        "I conti vengono ricalcolati: anno " + fromInteger(static_cast<std::int64_t>(fatti + 1)) + " di " +
+        fromInteger(static_cast<std::int64_t>(tutti)) + (contesto_.interrotto ? ". Esc interrompe." : "."));
+    contesto_.frontEnd.progress(che, fatti, tutti);
+    if (contesto_.interrotto && contesto_.interrotto()) throw Interrotto();
+  }
+
+ private:
+  const ContestoGestione& contesto_;
+  Label& stato_;
+};
+
 std::string contiDetti(std::size_t quanti) {
   return quanti == 1 ? "Un conto è stato corretto"
                      : fromInteger(static_cast<std::int64_t>(quanti)) + " conti sono stati corretti";
@@ -161,6 +181,28 @@ void FrmArchivi::compensi() {
   ricarica(0);
 }
 
+// Nothing where the user has interrupted it.
+std::optional<std::size_t> FrmArchivi::ricalcolati(std::int32_t idAzienda,
+                                                   const std::vector<schede::ContoToccato>& tranne) {
+  const auto finito = [this] {
+    frontEnd().setPointer(kPointerDefault);
+    abilita();
+  };
+  frontEnd().setPointer(kPointerHourglass);
+  AvanzamentoConti avanzamento(contesto_, lblStato);
+  std::optional<std::size_t> cambiati;
+  try {
+    cambiati = contesto_.registrazione().ricalcola(idAzienda, tranne, &avanzamento);
+  } catch (const Interrotto&) {
+    cambiati.reset();
+  } catch (...) {
+    finito();
+    throw;
+  }
+  finito();
+  return cambiati;
+}
+
 void FrmArchivi::ricalcola() {
   const SchedaAzienda* const azienda = corrente();
   if (azienda == nullptr) return;
@@ -176,20 +218,12 @@ void FrmArchivi::ricalcola() {
     if (risposta == Answer::Cancel) return;
     anche = risposta == Answer::Yes;
   }
-  frontEnd().setPointer(kPointerHourglass);
-  std::size_t cambiati = 0;
-  try {
-    cambiati = contesto_.registrazione().ricalcola(azienda->id,
-                                                   anche ? std::vector<schede::ContoToccato>{} : corretti);
-  } catch (...) {
-    frontEnd().setPointer(kPointerDefault);
-    throw;
-  }
-  frontEnd().setPointer(kPointerDefault);
+  const auto cambiati = ricalcolati(azienda->id, anche ? std::vector<schede::ContoToccato>{} : corretti);
+  if (!cambiati) return contesto_.avvisa("Il ricalcolo è stato interrotto: i conti sono rimasti com'erano.");
   contesto_.utilita.message(
-      cambiati == 0   ? "I conti sono già la somma dei compensi: non è cambiato nulla."
-      : cambiati == 1 ? "È cambiato un conto."
-                      : "Sono cambiati " + fromInteger(static_cast<std::int64_t>(cambiati)) + " conti.",
+      *cambiati == 0   ? "I conti sono già la somma dei compensi: non è cambiato nulla."
+      : *cambiati == 1 ? "È cambiato un conto."
+                       : "Sono cambiati " + fromInteger(static_cast<std::int64_t>(*cambiati)) + " conti.",
       contesto_.titolo, BoxIcon::Information);
 }
 

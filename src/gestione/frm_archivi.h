@@ -1,9 +1,13 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
+#include <vector>
+
 #include "controls/form.h"
 #include "gestione/contesto.h"
 #include "gestione/righe_elenco.h"
-#include "schede/schede.h"
+#include "schede/registrazione.h"
 
 namespace cu {
 
@@ -36,6 +40,8 @@ class FrmArchivi : public Form {
   void percipienti();
   void compensi();
   void ricalcola();
+  std::optional<std::size_t> ricalcolati(std::int32_t idAzienda,
+                                         const std::vector<schede::ContoToccato>& tranne);
   const schede::SchedaAzienda* corrente() const;
 
   const ContestoGestione& contesto_;

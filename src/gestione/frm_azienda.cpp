@@ -53,10 +53,8 @@ FrmAzienda::FrmAzienda(const ContestoGestione& contesto, std::optional<SchedaAzi
                                  &txtRappCodiceFiscale, &txtRappCognome, &txtRappNome}) {
     casella->onChange = [this] { mostraControlli(); };
   }
-  for (TextBox* const codice : {&txtCodiceFiscale, &txtPartitaIva, &txtRappCodiceFiscale,
-                                &txtCodiceFiscaleSocieta, &txtIntermediario}) {
-    codice->onLostFocus = [codice] { codice->setText(codiceDi(*codice)); };
-  }
+  ripulisciCodici({&txtCodiceFiscale, &txtPartitaIva, &txtRappCodiceFiscale, &txtCodiceFiscaleSocieta,
+                   &txtIntermediario});
   chkPersonaFisica.onClick = [this] { personaCambiata(); };
   collegaPulsanti(cmdOk, cmdAnnulla);
 }
@@ -115,23 +113,20 @@ void FrmAzienda::personaCambiata() {
 void FrmAzienda::mostraControlli() {
   if (!luoghi_) return;
   const Date oggi = contesto_.clock.today();
-  const auto frasi = [&](const TextBox& casella, const DatiAccanto& accanto) {
-    const EsameCodice esame = esaminaCodice(codiceDi(casella), accanto, *luoghi_, oggi);
-    return esame.contrasti.empty() ? esame.stato : esame.stato + " " + esame.contrasti;
+  const auto frasi = [&](const TextBox& casella, const DatiAccanto& accanto, const std::string& iva) {
+    return frasiCodici(esaminaCodice(codiceDi(casella), accanto, *luoghi_, oggi), iva);
   };
   const std::string cognome = testoDi(txtDenominazione);
   const std::string nome = testoDi(txtNome);
   const bool persona = chkPersonaFisica.value();
-  std::string testo =
-      frasi(txtCodiceFiscale, persona ? DatiAccanto{.cognome = cognome, .nome = nome} : DatiAccanto{});
-  const std::string iva = difettoPartitaIva(codiceDi(txtPartitaIva));
-  if (!iva.empty()) testo += (testo.empty() ? "Partita IVA: " : " Partita IVA: ") + iva;
-  lblCodiceFiscale.setCaption(testo);
+  lblCodiceFiscale.setCaption(frasi(txtCodiceFiscale,
+                                    persona ? DatiAccanto{.cognome = cognome, .nome = nome} : DatiAccanto{},
+                                    codiceDi(txtPartitaIva)));
   const std::string rappCognome = testoDi(txtRappCognome);
   const std::string rappNome = testoDi(txtRappNome);
-  lblRappresentante.setCaption(persona
-                                   ? std::string("Una persona fisica non ha rappresentante.")
-                                   : frasi(txtRappCodiceFiscale, {.cognome = rappCognome, .nome = rappNome}));
+  lblRappresentante.setCaption(
+      persona ? std::string("Una persona fisica non ha rappresentante.")
+              : frasi(txtRappCodiceFiscale, {.cognome = rappCognome, .nome = rappNome}, {}));
 }
 
 SchedaAzienda FrmAzienda::raccolta() const {

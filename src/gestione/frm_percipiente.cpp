@@ -96,9 +96,7 @@ void FrmPercipiente::collegaCampi() {
   txtPartitaIva.onChange = [this] { mostraEsame(); };
   txtCognome.onChange = [this] { mostraEsame(); };
   txtNome.onChange = [this] { mostraEsame(); };
-  for (TextBox* const codice : {&txtCodiceFiscale, &txtPartitaIva, &txtRappresentante}) {
-    codice->onLostFocus = [codice] { codice->setText(codiceDi(*codice)); };
-  }
+  ripulisciCodici({&txtCodiceFiscale, &txtPartitaIva, &txtRappresentante});
   cboSesso.onChange = [this] { scrittoAMano(kSesso); };
   datNascita.onChange = [this] { scrittoAMano(kNascita); };
   TownComuneNascita.onChange = [this] { scrittoAMano(kComune); };

@@ -59,12 +59,8 @@ void FrmPercipiente::mostraEsame() {
   const SchedaPercipiente percipiente = raccolta();
   esame_ = esaminaCodice(percipiente.anagrafica.codiceFiscale, accanto(percipiente), *luoghi_,
                          contesto_.clock.today());
-  std::string testo = esame_.stato;
-  if (!esame_.contrasti.empty()) testo += " " + esame_.contrasti;
-  const std::string iva =
-      percipiente.nonResidente ? std::string() : difettoPartitaIva(percipiente.anagrafica.partitaIva);
-  if (!iva.empty()) testo += (testo.empty() ? "Partita IVA: " : " Partita IVA: ") + iva;
-  lblCodiceFiscale.setCaption(testo);
+  lblCodiceFiscale.setCaption(
+      frasiCodici(esame_, percipiente.nonResidente ? std::string() : percipiente.anagrafica.partitaIva));
 }
 
 void FrmPercipiente::codiceCambiato() {

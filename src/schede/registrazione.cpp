@@ -265,10 +265,14 @@ std::size_t Registrazione::ricostruisci(std::int32_t idAzienda, int anno, const 
   return ricostruzione->contiCambiati();
 }
 
-std::size_t Registrazione::ricalcola(std::int32_t idAzienda, const std::vector<ContoToccato>& tranne) {
+std::size_t Registrazione::ricalcola(std::int32_t idAzienda, const std::vector<ContoToccato>& tranne,
+                                     ProgressSink* avanzamento) {
   Transazione transazione(connessione());
   std::size_t cambiati = 0;
-  for (const int anno : Compensi(connessione(), idAzienda).anni()) {
+  std::size_t fatti = 0;
+  const std::vector<int> anni = Compensi(connessione(), idAzienda).anni();
+  for (const int anno : anni) {
+    if (avanzamento != nullptr) avanzamento->progress("Conti", fatti++, anni.size());
     std::string filtro;
     for (const ContoToccato& conto : tranne) {
       if (conto.anno != anno) continue;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/result.h"
+#include "host/progress.h"
 #include "host/session.h"
 #include "schede/schede.h"
 #include "schede/scrittura.h"
@@ -49,8 +50,9 @@ class Registrazione {
   Result<> togliCompenso(const SchedaCompenso& prima);
 
   // Sums all payments of a company into their accounts, except into those given; returns the number of
-  // accounts that changed.
-  std::size_t ricalcola(std::int32_t idAzienda, const std::vector<ContoToccato>& tranne);
+  // accounts that changed. Reports each year; what the sink raises ends it with nothing written.
+  std::size_t ricalcola(std::int32_t idAzienda, const std::vector<ContoToccato>& tranne,
+                        ProgressSink* avanzamento = nullptr);
 
  private:
   Connection& connessione() { return database_.ownConnection(); }

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -20,6 +21,7 @@
 #include "desktop/access_support.h"
 #include "desktop/form_window.h"
 #include "desktop/screen_support.h"
+#include "desktop/selector_view.h"
 
 namespace cu::test {
 namespace {
@@ -128,6 +130,42 @@ TEST_F(GestioneInFinestra, TheFiscalCodeIsReadWhileItIsTyped) {
   QTest::mouseClick(&widget(finestra, "cmdNuova"), Qt::LeftButton);
   EXPECT_TRUE(fatto);
   EXPECT_EQ(gestione_->schermo().topmost(), &finestra);
+}
+
+TEST_F(GestioneInFinestra, ThePlaceOfTheSentenceOnTheCodeIsThereBeforeTheCodeIs) {
+  desktop::FormWindow& finestra = apri();
+  bool fatto = false;
+  alProssimo(gestione_->schermo(), [&](desktop::FormWindow& modale) {
+    const int prima = widget(modale, "txtIndirizzo").mapTo(&modale, QPoint()).y();
+    scrivi(modale, "txtCodiceFiscale", "12345670017");
+    QTest::qWait(30);
+    EXPECT_EQ(widget(modale, "txtIndirizzo").mapTo(&modale, QPoint()).y(), prima);
+    fatto = true;
+    QTimer::singleShot(20, &modale, [&modale] { modale.form().unload(); });
+  });
+  QTest::mouseClick(&widget(finestra, "cmdNuova"), Qt::LeftButton);
+  EXPECT_TRUE(fatto);
+}
+
+TEST_F(GestioneInFinestra, TheCloseBoxAsksBeforeACodeThatIsHalfTypedIsLost) {
+  desktop::FormWindow& finestra = apri();
+  QString chiesto;
+  alProssimo(gestione_->schermo(), [&](desktop::FormWindow& modale) {
+    auto& scelta = static_cast<desktop::SelectorView&>(*modale.view(*modale.form().find("KrnCDCarica")));
+    scelta.codeBox()->setFocus();
+    scelta.codeBox()->selectAll();
+    typeText(*scelta.codeBox(), QStringLiteral("99"));
+    QTimer::singleShot(20, [&chiesto] {
+      auto* const domanda = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (domanda == nullptr) return;
+      chiesto = domanda->text();
+      domanda->reject();
+    });
+    modale.close();
+    QTimer::singleShot(20, &modale, [&modale] { modale.form().unload(); });
+  });
+  QTest::mouseClick(&widget(finestra, "cmdNuova"), Qt::LeftButton);
+  EXPECT_EQ(chiesto, QStringLiteral("Quello che è stato scritto non è ancora registrato."));
 }
 
 TEST_F(GestioneInFinestra, ClosingTheListEndsTheForms) {

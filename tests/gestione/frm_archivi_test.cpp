@@ -98,5 +98,29 @@ TEST_F(FrmArchiviTest, TheAccountsAreSummedAgain) {
   });
 }
 
+TEST_F(FrmArchiviTest, SummingTheAccountsShowsItsYearsAndCanBeInterrupted) {
+  const auto una = azienda();
+  const auto rossi = percipiente(una.id, "P001", "Rossi");
+  compenso(rossi, "20/03/2016", 1000, 200);
+  compenso(rossi, "20/03/2017", 500, 100);
+  database().Execute("DELETE FROM ContoIndividuale");
+  mostra([&](FrmArchivi& f) {
+    std::vector<std::string> stati;
+    contesto.interrotto = [&] {
+      stati.push_back(f.lblStato.caption());
+      return stati.size() == 2;
+    };
+    clic(f.cmdRicalcola);
+    EXPECT_THAT(stati, testing::ElementsAre("I conti vengono ricalcolati: anno 1 di 2. Esc interrompe.",
+                                            "I conti vengono ricalcolati: anno 2 di 2. Esc interrompe."));
+    EXPECT_THAT(ultimoBox(), HasSubstr("interrotto"));
+    EXPECT_EQ(quante("ContoIndividuale"), 0) << "the first year is taken back too";
+    EXPECT_EQ(f.lblStato.caption(), "Le aziende di questo archivio.");
+    contesto.interrotto = {};
+    clic(f.cmdRicalcola);
+    EXPECT_EQ(quante("ContoIndividuale"), 2);
+  });
+}
+
 }  // namespace
 }  // namespace cu::test

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QString>
+#include <algorithm>
 
 #include "apps/comune/impianto_gestione.h"
+#include "desktop/input_drain.h"
 #include "desktop/qt_front_end.h"
 #include "suite/profilo.h"
 
@@ -12,7 +14,7 @@ namespace cu {
 class GestioneAperta {
  public:
   GestioneAperta(const Profilo& profilo, const QString& guida)
-      : profilo_(profilo), schermo_(guida), impianto_(profilo_, schermo_) {}
+      : profilo_(profilo), schermo_(guida), impianto_(profilo_, schermo_, escPremuto) {}
 
   desktop::QtFrontEnd& schermo() { return schermo_; }
   // False where no window could be opened; the reason was shown.
@@ -22,6 +24,13 @@ class GestioneAperta {
   }
 
  private:
+  // What else was pressed during a work is discarded.
+  static bool escPremuto() {
+    const desktop::Keys premuti = desktop::drainKeys();
+    return std::any_of(premuti.begin(), premuti.end(),
+                       [](const auto& tasto) { return tasto->key() == Qt::Key_Escape; });
+  }
+
   Profilo profilo_;
   desktop::QtFrontEnd schermo_;
   ImpiantoGestione impianto_;
