@@ -93,9 +93,11 @@ TEST_F(PianoPercipientiTest, ANameAloneNeverMatches) {
   ASSERT_EQ(suo.righe[0].candidati.size(), 1U);
   banco.richiesta.decisioni[{0, 0}].idAnagrafica = suo.righe[0].candidati[0].id;
   EXPECT_EQ(Banco::stati(piano(riga)), "diverso");
-  banco.richiesta.decisioni[{0, 0}] = {.nuovoPercipiente = true};
+  banco.richiesta.decisioni[{0, 0}] = {};
+  banco.richiesta.decisioni[{0, 0}].nuovoPercipiente = true;
   EXPECT_EQ(Banco::stati(piano(riga)), "nuovo");
-  banco.richiesta.decisioni[{0, 0}] = {.esclusa = true};
+  banco.richiesta.decisioni[{0, 0}] = {};
+  banco.richiesta.decisioni[{0, 0}].esclusa = true;
   EXPECT_EQ(Banco::stati(piano(riga)), "escluso");
 }
 

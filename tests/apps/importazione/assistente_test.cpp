@@ -136,82 +136,14 @@ TEST_F(AssistenteImportazione, DoesNotGoOnWithoutAFileOrWithOneThatCannotBeRead)
                        posto.file("vuoto.csv", ""), posto.file("atto.pdf", "%PDF-1.4 ...")});
   svolgi(assistente);
   EXPECT_FALSE(assistente.puoAvanzare());
+  EXPECT_EQ(assistente.impedimento(),
+            "3 file non si possono leggere: manca.csv, vuoto.csv, atto.pdf. Toglierli dall'elenco.");
   EXPECT_THAT(assistente.file()[1].guasto, HasSubstr("manca.csv"));
   EXPECT_THAT(assistente.file()[2].guasto, HasSubstr("(F01)"));
   EXPECT_THAT(assistente.file()[3].guasto, HasSubstr("(F02)"));
   for (int i = 0; i < 3; ++i) assistente.togli(1);
   svolgi(assistente);
   EXPECT_TRUE(assistente.puoAvanzare());
-}
-
-TEST_F(AssistenteImportazione, NamesEveryFileThatCannotBeRead) {
-  const Assistente assistente =
-      con({posto.file("f.csv", kCompensi), posto.cartella / "manca.csv", posto.file("vuoto.csv", "")});
-  EXPECT_EQ(assistente.impedimento(),
-            "2 file non si possono leggere: manca.csv, vuoto.csv. Toglierli dall'elenco.");
-}
-
-TEST_F(AssistenteImportazione, TellsColumnsOfTheSameTitleApart) {
-  Assistente assistente =
-      conTesto("CodicePercipiente;Causale;DataPagamento;Onorario;Onorario\nP001;A;20/03/2018;1000;7\n");
-  avanza(assistente);
-  avanza(assistente);
-  EXPECT_THAT(assistente.impedimento(), HasSubstr("scegliere qui sotto quale vale"));
-  intake::Mappatura mappatura = assistente.file().front().mappatura;
-  const auto onorario = static_cast<std::uint8_t>(intake::ColonnaCompenso::Onorario);
-  cambiaFonte(mappatura, onorario, {{"Onorario (2)"}, {}, intake::Segno::ComeScritto});
-  assistente.cambiaMappatura(0, mappatura);
-  svolgi(assistente);
-  EXPECT_THAT(assistente.impedimento(), IsEmpty());
-  const auto scelte = colonneScelte(assistente.file().front(), *assistente.lettura(0));
-  EXPECT_THAT(scelte[onorario].intestazioni, ElementsAre("Onorario (2)"));
-  EXPECT_THAT(scelte[onorario].esempi, ElementsAre("7,00"));
-  EXPECT_EQ(assistente.lettura(0)->messaggi.front().colonna, "Onorario (1)") << "the other one is not used";
-}
-
-TEST_F(AssistenteImportazione, KnowsWhatElseAHeadingIsUsedFor) {
-  Assistente assistente =
-      conTesto("CodicePercipiente;Causale;DataPagamento;Onorario\nP001;A;20/03/2018;1000\n");
-  avanza(assistente);
-  avanza(assistente);
-  auto scelte = colonneScelte(assistente.file().front(), *assistente.lettura(0));
-  const intake::Colonna& lordo = intake::colonna(intake::ColonnaCompenso::Lordo);
-  EXPECT_THAT(altriUsi(scelte, lordo, "Onorario").perdono, ElementsAre("Onorario"));
-  EXPECT_THAT(altriUsi(scelte, intake::colonna(intake::ColonnaCompenso::Onorario), "Onorario").perdono,
-              IsEmpty());
-  intake::Mappatura mappatura = assistente.file().front().mappatura;
-  cambiaFonte(mappatura, lordo.indice, {{"Onorario"}, {}, intake::Segno::ComeScritto});
-  assistente.cambiaMappatura(0, mappatura);
-  svolgi(assistente);
-  scelte = colonneScelte(assistente.file().front(), *assistente.lettura(0));
-  EXPECT_FALSE(scelte[static_cast<std::size_t>(intake::ColonnaCompenso::Onorario)].presente());
-  const auto altri = altriUsi(scelte, intake::colonna(intake::ColonnaCompenso::Netto), "Onorario");
-  EXPECT_THAT(altri.tengono, ElementsAre("Lordo"));
-  EXPECT_THAT(altri.perdono, IsEmpty());
-}
-
-TEST_F(AssistenteImportazione, CountsTheValuesThatCannotBeRead) {
-  Assistente assistente = conTesto(
-      "CodicePercipiente;Causale;DataPagamento;Onorario\nP001;A;20/03/2018;1.234,50\nP002;A;20/03/2018;x\n");
-  avanza(assistente);
-  avanza(assistente);
-  const auto scelte = colonneScelte(assistente.file().front(), *assistente.lettura(0));
-  const ColonnaScelta& onorario = scelte[static_cast<std::size_t>(intake::ColonnaCompenso::Onorario)];
-  EXPECT_EQ(onorario.valori, 0U);
-  EXPECT_EQ(onorario.respinti, 2U);
-  EXPECT_THAT(onorario.primoRespinto, HasSubstr("1.234,50"));
-  EXPECT_THAT(onorario.primoRespinto, HasSubstr("nel passo Lettura"));
-}
-
-TEST_F(AssistenteImportazione, NamesThePayeeOfARowWithErrorsWhereItIsKnown) {
-  Assistente assistente = conTesto(
-      "CodicePercipiente;Causale;DataPagamento;Onorario\nP001;A;20/03/2018;x\nP999;A;20/03/2018;x\n");
-  finoAllaProva(assistente);
-  const auto soggetti = soggettiDelPiano(*assistente.piano());
-  ASSERT_EQ(soggetti.size(), 2U);
-  EXPECT_EQ(soggetti[0].chiave, "P001");
-  EXPECT_FALSE(soggetti[0].nome.empty());
-  EXPECT_EQ(soggetti[1].nome, "");
 }
 
 TEST_F(AssistenteImportazione, KnowsThatItsBatchWasTakenBack) {

@@ -91,7 +91,20 @@ TEST_F(Riepiloghi, TheRowsWithErrorsCanBeReadAgainWithTheirColumn) {
   const tabelle::Tabella tabella = tabelle::leggiTabella(byte, "errori.csv", {});
   const intake::Corrispondenza trovate = intake::abbina(tabella, intake::Elenco::Compensi, {});
   for (const intake::Messaggio& uno : trovate.messaggi) EXPECT_NE(uno.colonna, "Errore") << uno.testo;
-  EXPECT_EQ(righeErrate(piano(), 0, tabella).colonne, errate.colonne) << "the column is not there twice";
+}
+
+TEST(RiepiloghiDiErrori, NamesThePayeeOfARowWithErrorsWhereItIsKnown) {
+  const test::PostoImportazione posto;
+  Assistente assistente(posto.ambiente());
+  assistente.aggiungi({posto.file(
+      "f.csv",
+      "CodicePercipiente;Causale;DataPagamento;Onorario\nP001;A;20/03/2018;x\nP999;A;20/03/2018;x\n")});
+  test::finoAllaProva(assistente);
+  const auto soggetti = soggettiDelPiano(*assistente.piano());
+  ASSERT_EQ(soggetti.size(), 2U);
+  EXPECT_EQ(soggetti[0].chiave, "P001");
+  EXPECT_FALSE(soggetti[0].nome.empty());
+  EXPECT_EQ(soggetti[1].nome, "");
 }
 
 TEST_F(Riepiloghi, ShowRowsAsTextsThatCanBeSorted) {
