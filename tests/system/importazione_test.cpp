@@ -333,12 +333,12 @@ TEST_F(Importazione, IsListedAndTakenBack) {
               HasSubstr("compensi, applicata: 3 nuovi, 0 uguali, 0 da decidere, 0 errori (compensi.csv).\n"));
   const Esecuzione prova = importa({"undo", "3"});
   EXPECT_EQ(prova.codice, 0) << prova.errori;
-  EXPECT_THAT(prova.uscita, AllOf(HasSubstr("Prova: importazione 3 da annullare, righe tolte: "),
-                                  HasSubstr("Non è stato scritto nulla.\n")));
+  EXPECT_EQ(prova.uscita,
+            "Prova: importazione 3 da annullare: 3 compensi tolti. Non è stato scritto nulla.\n");
   EXPECT_EQ(quanti("Compenso"), 3);
   const Esecuzione fatto = importa({"undo", "3", "--apply"});
   EXPECT_EQ(fatto.codice, 0) << fatto.errori;
-  EXPECT_THAT(fatto.uscita, HasSubstr("Importazione 3 annullata, righe tolte: "));
+  EXPECT_THAT(fatto.uscita, HasSubstr("Importazione 3 annullata: 3 compensi tolti."));
   EXPECT_EQ(quanti("Compenso"), 0);
   EXPECT_EQ(quanti("ContoIndividuale"), 0);
   const Esecuzione ancora = importa({"undo", "3", "--apply"});
