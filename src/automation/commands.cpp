@@ -300,7 +300,7 @@ void check(const Argument& argument, const Json& command) {
   throw Refused{"\"" + name + "\": atteso " + wanted};
 }
 
-std::string quoted(const std::string& text) {
+std::string inQuotes(const std::string& text) {
   constexpr std::size_t kLongest = 60;
   const std::string head(leftCodePoints(text, kLongest));
   return "\"" + head + (head.size() < text.size() ? "..." : "") + "\"";
@@ -313,7 +313,7 @@ void check(const Command& command, const Json& given) {
   for (const auto& [name, value] : given.items()) {
     bool known = name == "do" || name == "id";
     for (const Argument& argument : command.arguments) known = known || argument.name == name;
-    if (!known) throw Refused{std::string(command.name) + " non conosce " + quoted(name)};
+    if (!known) throw Refused{std::string(command.name) + " non conosce " + inQuotes(name)};
   }
 }
 
@@ -360,7 +360,7 @@ JsonObject runCommand(Conversation& conversation, const Json& command) {
     }
     return known.run(conversation, Given(command));
   }
-  throw Refused{"comando sconosciuto: " + quoted(name->get<std::string>())};
+  throw Refused{"comando sconosciuto: " + inQuotes(name->get<std::string>())};
 }
 
 std::vector<std::string> commandShapes() {

@@ -89,7 +89,7 @@ class Parser {
   std::size_t at_ = 0;
 };
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
   std::string result = "'";
   for (const char c : text) {
     if (c == '\'') result += c;
@@ -117,7 +117,7 @@ std::string textOf(const FormulaOperand& operand, std::string_view view, const C
     case FormulaOperand::Kind::YearOf:
       return "Year(" + columnOf(operand, view, columns) + ")";
     case FormulaOperand::Kind::Text:
-      return quoted(operand.text);
+      return inQuotes(operand.text);
     case FormulaOperand::Kind::Number:
       return operand.text;
   }

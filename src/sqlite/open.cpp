@@ -32,15 +32,16 @@ bool allows(const std::string& path, bool writing) {
 #endif
 }
 
-std::string quoted(const std::string& path) { return "«" + path + "»"; }
+std::string inGuillemets(const std::string& path) { return "«" + path + "»"; }
 
 [[noreturn]] void unavailable(int code, const std::string& text) {
   throw DatabaseError(DatabaseErrorKind::Unavailable, code, "", text);
 }
 
 [[noreturn]] void readOnly(const std::string& path) {
-  throw DatabaseError(DatabaseErrorKind::ReadOnly, SQLITE_READONLY, "",
-                      "Il database " + quoted(path) + " è di sola lettura. Verificare i permessi del file.");
+  throw DatabaseError(
+      DatabaseErrorKind::ReadOnly, SQLITE_READONLY, "",
+      "Il database " + inGuillemets(path) + " è di sola lettura. Verificare i permessi del file.");
 }
 
 void examine(const std::string& path, bool create) {
@@ -48,21 +49,21 @@ void examine(const std::string& path, bool create) {
   const std::filesystem::file_status status = std::filesystem::status(path, error);
   if (status.type() == std::filesystem::file_type::not_found) {
     if (create) return;
-    unavailable(SQLITE_CANTOPEN, "Il database " + quoted(path) +
+    unavailable(SQLITE_CANTOPEN, "Il database " + inGuillemets(path) +
                                      " non esiste. Correggere l'indirizzo nel profilo, o crearlo con "
                                      "«cuctl create --database sqlite:" +
                                      path + "».");
   }
   if (error) {
     unavailable(SQLITE_CANTOPEN,
-                "Il database " + quoted(path) + " non si può leggere: " + error.message() + ".");
+                "Il database " + inGuillemets(path) + " non si può leggere: " + error.message() + ".");
   }
   if (status.type() == std::filesystem::file_type::directory) {
-    unavailable(SQLITE_CANTOPEN, quoted(path) + " è una cartella, non un database. Indicare un file.");
+    unavailable(SQLITE_CANTOPEN, inGuillemets(path) + " è una cartella, non un database. Indicare un file.");
   }
   if (!allows(path, false)) {
     unavailable(SQLITE_CANTOPEN,
-                "Il database " + quoted(path) + " non si può leggere. Verificare i permessi del file.");
+                "Il database " + inGuillemets(path) + " non si può leggere. Verificare i permessi del file.");
   }
   if (!allows(path, true)) readOnly(path);
 }
@@ -72,17 +73,17 @@ void examine(const std::string& path, bool create) {
   const int code = database == nullptr ? SQLITE_NOMEM : codeOf(database);
   if ((code & 0xFF) == SQLITE_NOTADB) {
     unavailable(code,
-                "Il file " + quoted(path) +
+                "Il file " + inGuillemets(path) +
                     " non è un database. Correggere l'indirizzo nel profilo, o indicare un altro file.");
   }
   if ((code & 0xFF) == SQLITE_CANTOPEN || (code & 0xFF) == SQLITE_PERM || (code & 0xFF) == SQLITE_AUTH) {
     unavailable(code,
-                "Il database " + quoted(path) +
+                "Il database " + inGuillemets(path) +
                     " non si può aprire. Verificare i permessi del file e della sua cartella, e che sul "
                     "disco ci sia spazio.");
   }
   const DatabaseError told = errorOf(code, sqlite3_errmsg(database), "");
-  throw DatabaseError(told.kind(), code, "", "Database " + quoted(path) + ": " + told.what());
+  throw DatabaseError(told.kind(), code, "", "Database " + inGuillemets(path) + ": " + told.what());
 }
 
 // An index on a text has the order of its creator, while this connection orders texts differently: look-ups
@@ -95,7 +96,7 @@ void refuseTextIndexes(sqlite3* database, const std::string& path) {
                                         "");
   if (sqlite3_step(query.get()) != SQLITE_ROW) return;
   throw DatabaseError(DatabaseErrorKind::Unavailable, 0, "",
-                      "Il database " + quoted(path) +
+                      "Il database " + inGuillemets(path) +
                           " ha un indice su una colonna di testo, fatto da un altro " + "programma: «" +
                           std::string(columnText(query.get(), 1)) + "» sulla tabella " +
                           std::string(columnText(query.get(), 0)) + ". Eliminarlo con quel programma.");
@@ -134,7 +135,7 @@ DatabaseHandle openFile(const std::string& path, bool create) {
   if (sqlite3_db_readonly(raw, "main") == 1) {
     throw DatabaseError(
         DatabaseErrorKind::ReadOnly, SQLITE_READONLY, "",
-        "Il database " + quoted(path) + " è di sola lettura. Verificare i permessi del file.");
+        "Il database " + inGuillemets(path) + " è di sola lettura. Verificare i permessi del file.");
   }
   // A change is complete or absent whenever the process ends, and readers do not wait for writers.
   // Overwriting the pages of dropped tables with zeros is not worth its cost.
