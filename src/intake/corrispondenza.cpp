@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/text.h"
 #include "intake/testo_cella.h"
 #include "tabelle/lettura.h"
 
@@ -181,7 +182,7 @@ std::vector<std::string> titoliDistinti(const tabelle::Tabella& tabella) {
   std::map<std::string_view, std::size_t> visti;
   for (std::size_t i = 0; i < titoli.size(); ++i) {
     if (titoli[i].empty() || std::count(nomi.begin(), nomi.end(), nomi[i]) < 2) continue;
-    titoli[i] += " (" + std::to_string(++visti[nomi[i]]) + ')';
+    titoli[i] += " (" + fromInteger(static_cast<std::int64_t>(++visti[nomi[i]])) + ')';
   }
   return titoli;
 }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "base/text.h"
 #include "schede/importi.h"
 #include "schede/regole_causale.h"
 
@@ -210,7 +211,7 @@ class ControlloImporti {
     corso_.segnala(Codice::R01, AliquotaRitenuta,
                    "la ritenuta è calcolata su tutto il compenso, ma con la causale " +
                        std::string(causale_) + " l'imponibile è di solito il " +
-                       std::to_string(regola->imponibile) + " %");
+                       fromInteger(regola->imponibile) + " %");
   }
 
   void contributi() {
