@@ -34,6 +34,14 @@ CREATE TABLE [dbo].[CuImportazioneFile] (
   CONSTRAINT [PK_CuImportazioneFile] PRIMARY KEY CLUSTERED ([IDImportazione] ASC, [Numero] ASC)
 )
 GO
+-- One row a file in an envelope: what the envelope holds. The same document without it has this digest as its own.
+CREATE TABLE [dbo].[CuImportazioneContenuto] (
+  [IDImportazione] [int] NOT NULL,
+  [Numero] [int] NOT NULL,
+  [Impronta] [Descrizione] NOT NULL,
+  CONSTRAINT [PK_CuImportazioneContenuto] PRIMARY KEY CLUSTERED ([IDImportazione] ASC, [Numero] ASC)
+)
+GO
 -- One row for each row inserted, updated or removed, in the order in which it was written.
 CREATE TABLE [dbo].[CuImportazioneRiga] (
   [IDImportazione] [int] NOT NULL,

@@ -64,10 +64,8 @@ class Raccolta {
       return;
     }
     Letto letto = leggiFattura(byte, nome, limiti_.documento);
-    const bool altro =
-        letto.genere == Genere::Notifica || letto.genere == Genere::Metadati || letto.genere == Genere::Altro;
-    if (altro && !nominato) {
-      ++ignorati_[letto.genere == Genere::Altro ? kAltro : letto.titolo];
+    if (letto.genere == Genere::Altro && !nominato) {
+      ++ignorati_[kAltro];
       return;
     }
     dai(std::move(letto));

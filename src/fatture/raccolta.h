@@ -22,17 +22,17 @@ struct LimitiRaccolta {
   int profondita = 20;        // of folders
 };
 
-// What was met besides the files that were given to the caller, by what it is: "ricevuta di consegna" 12.
+// What was met besides the files that were given to the caller, by what it is: "file vuoto" 12.
 using Ignorati = std::map<std::string, std::size_t>;
 
 // Receives each file in order, and returns whether to go on.
 using Ricevente = std::function<bool(Letto&&)>;
 
 // Reads the invoices of a file, of all files of a folder and those below it in the order of their names, or
-// of all members of an archive, one at a time. A file that cannot be read is given to the receiver with its
-// message; the others follow. Notifications, metadata and what is no invoice at all (a PDF, a style sheet)
-// are counted, unless the caller has named that very file. Names of members are for the messages only. Raises
-// nothing of its own.
+// of all members of an archive, one at a time. Notifications and metadata are given to the receiver too, and
+// a file that cannot be read with its message; the others follow. What is no invoice at all (a PDF, a style
+// sheet) is counted, unless the caller has named that very file. Names of members are for the messages only.
+// Raises nothing of its own.
 Ignorati raccogli(const std::filesystem::path& percorso, const Ricevente& ricevente,
                   const LimitiRaccolta& limiti = {});
 // The same for the bytes of a file.

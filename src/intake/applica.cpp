@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <utility>
+#include <vector>
 
 #include "base/error.h"
 #include "base/text.h"
@@ -75,16 +76,15 @@ class Applicazione {
     }
   }
 
-  void percipiente(const Voce<schede::SchedaPercipiente>& voce, const AccantoPercipiente& accanto) {
+  // Returns its IDAnagrafica.
+  std::int32_t percipiente(const Voce<schede::SchedaPercipiente>& voce, const AccantoPercipiente& accanto) {
     schede::SchedaPercipiente scheda = voce.dopo;
     if (!accanto.localitaEstera.empty()) scheda.anagrafica.idComune = localita(accanto.localitaEstera);
     if (!accanto.enteNome.empty()) scheda.idEnte = ente(accanto);
     if (!accanto.categoria.empty()) scheda.idCategoriaEnte = categoria(accanto.categoria);
-    if (voce.prima) {
-      schede::Percipienti::cambia(scrittura_, scheda);
-    } else {
-      schede::Percipienti::aggiungi(scrittura_, std::move(scheda));
-    }
+    if (!voce.prima) return schede::Percipienti::aggiungi(scrittura_, std::move(scheda)).anagrafica.id;
+    schede::Percipienti::cambia(scrittura_, scheda);
+    return scheda.anagrafica.id;
   }
 
   std::int32_t localita(const std::string& nome) {
@@ -113,34 +113,54 @@ class Applicazione {
     return suo->second;
   }
 
+  // The new payees of payments that are written; their ids take the place of the plan's.
+  void percipientiNuovi() {
+    for (const RigaPiano& riga : piano_.righe) {
+      if (!scritta(piano_, riga)) continue;
+      const std::int32_t provvisorio = piano_.compensi[riga.voce].dopo.idAnagrafica;
+      if (provvisorio >= 0) continue;
+      const auto [suo, nuovo] = nuovi_.try_emplace(provvisorio, 0);
+      const auto quale = static_cast<std::size_t>(-1 - provvisorio);
+      if (nuovo) suo->second = percipiente(piano_.percipienti[quale], piano_.accantoPercipienti[quale]);
+    }
+    conti_ = piano_.conti;
+    for (ContoPiano& conto : conti_) conto.idAnagrafica = definitivo(conto.idAnagrafica);
+  }
+  std::int32_t definitivo(std::int32_t idAnagrafica) const {
+    return idAnagrafica < 0 ? nuovi_.at(idAnagrafica) : idAnagrafica;
+  }
+
   void compensi() {
+    percipientiNuovi();
     ContiLotto conti(database_, ricostruzione_, piano_.richiesta.idAzienda, lotto_);
-    conti.ricorda(piano_.conti);
+    conti.ricorda(conti_);
     perOgniRigaScritta([&](const RigaPiano& riga) {
       const Voce<schede::SchedaCompenso>& voce = piano_.compensi[riga.voce];
       diario_.riferimento(piano_.accantoCompensi[riga.voce].riferimento);
+      schede::SchedaCompenso scheda = voce.dopo;
+      scheda.idAnagrafica = definitivo(scheda.idAnagrafica);
       if (voce.prima) {
-        schede::Compensi::cambia(scrittura_, voce.dopo);
+        schede::Compensi::cambia(scrittura_, scheda);
       } else {
-        schede::Compensi::aggiungi(scrittura_, voce.dopo);
+        schede::Compensi::aggiungi(scrittura_, std::move(scheda));
       }
     });
     codiciNonSoggette();
     if (schede::archivioProprio(scrittura_.connessione())) anni();
     scrittura_.chiudi();
     conti.ricostruisci(avanzamento_);
-    conti.confronta(piano_.conti);
+    conti.confronta(conti_);
   }
 
   // A year without a period of the activity gives no certificates.
   void anni() {
     std::set<int> anni;
-    for (const ContoPiano& conto : piano_.conti) anni.insert(conto.anno);
+    for (const ContoPiano& conto : conti_) anni.insert(conto.anno);
     schede::Aziende::assicuraAnni(scrittura_, piano_.richiesta.idAzienda, {anni.begin(), anni.end()});
   }
 
   void codiciNonSoggette() {
-    for (const ContoPiano& conto : piano_.conti) {
+    for (const ContoPiano& conto : conti_) {
       if (conto.codiceDopo == conto.codicePrima) continue;
       const auto letto = piano_.archivio->conti.find({conto.idAnagrafica, conto.idCausale, conto.anno});
       const bool ha = letto != piano_.archivio->conti.end() && letto->second.haDatiAggiuntivi;
@@ -170,6 +190,8 @@ class Applicazione {
   DiarioLotto& diario_;
   std::int32_t lotto_;
   ProgressSink* avanzamento_;
+  std::map<std::int32_t, std::int32_t> nuovi_;
+  std::vector<ContoPiano> conti_;  // with the ids of the database
   std::map<std::pair<const schede::TabellaSuite*, std::string>, std::int32_t> aggiunti_;
 };
 

@@ -107,14 +107,14 @@ void ArchivioLetto::leggiStorico(Connection& connessione, Elenco elenco, std::in
   std::string dove = ".IDImportazione WHERE CuImportazione.Stato = 'applicata' AND CuImportazione.Elenco = ";
   appendTesto(dove, nome(elenco));
   if (elenco != Elenco::Aziende) dove += " AND CuImportazione.IDAzienda = " + fromInteger(idAzienda);
-  RowStore file;
-  connessione.Query(
-      "SELECT CuImportazioneFile.Impronta FROM CuImportazioneFile" + deiLotti + "CuImportazioneFile" + dove,
-      file);
   std::array<CellView, 2> celle;
-  for (std::size_t i = 0; i < file.size(); ++i) {
-    file.read(i, celle.data());
-    impronte.insert(celle[0].toText());
+  for (const std::string tabella : {"CuImportazioneFile", "CuImportazioneContenuto"}) {
+    RowStore file;
+    connessione.Query("SELECT " + tabella + ".Impronta FROM " + tabella + deiLotti + tabella + dove, file);
+    for (std::size_t i = 0; i < file.size(); ++i) {
+      file.read(i, celle.data());
+      impronte.insert(celle[0].toText());
+    }
   }
   if (elenco != Elenco::Compensi) return;
   RowStore righe;

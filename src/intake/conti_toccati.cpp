@@ -38,7 +38,6 @@ const ContoLetto* ContiToccati::letto(const ChiaveConto& chiave) const {
 }
 
 void ContiToccati::calcola() {
-  for (const schede::SchedaPercipiente& p : archivio_.percipienti) percipienti_.emplace(p.anagrafica.id, &p);
   raccogli();
   sommaEsistenti();
   for (auto& [chiave, conto] : conti_) corretti(chiave, conto);
@@ -146,8 +145,8 @@ void ContiToccati::controlla(const ChiaveConto& chiave, const Conto& conto) {
 
 void ContiToccati::segnala(const ChiaveConto& chiave, const Conto& conto, Codice codice,
                            const std::string& testo, bool sulleRighe) {
-  const auto suo = percipienti_.find(chiave.idAnagrafica);
-  std::string quale = suo == percipienti_.end() ? std::string() : suo->second->codice + ", ";
+  const schede::SchedaPercipiente* const suo = piano_.percipiente(chiave.idAnagrafica);
+  std::string quale = suo == nullptr ? std::string() : suo->codice + ", ";
   quale += "causale " + archivio_.elenchi.causali.codice(chiave.idCausale) + ", " + fromInteger(chiave.anno) +
            ": ";
   piano_.messaggi.push_back(messaggio(codice, quale + testo));
@@ -165,8 +164,8 @@ void ContiToccati::scrivi() {
     scritto.idAnagrafica = chiave.idAnagrafica;
     scritto.idCausale = chiave.idCausale;
     scritto.anno = chiave.anno;
-    const auto suo = percipienti_.find(chiave.idAnagrafica);
-    if (suo != percipienti_.end()) scritto.percipiente = suo->second->codice;
+    const schede::SchedaPercipiente* const suo = piano_.percipiente(chiave.idAnagrafica);
+    if (suo != nullptr) scritto.percipiente = suo->codice;
     scritto.causale = archivio_.elenchi.causali.codice(chiave.idCausale);
     if (const ContoLetto* const prima = letto(chiave)) {
       scritto.prima = prima->importi;

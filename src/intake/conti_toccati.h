@@ -50,7 +50,6 @@ class ContiToccati {
   Piano& piano_;
   const ArchivioLetto& archivio_;
   Conti conti_;
-  std::map<std::int32_t, const schede::SchedaPercipiente*> percipienti_;
 };
 
 }  // namespace cu::intake

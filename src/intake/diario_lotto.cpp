@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
+#include <vector>
 
+#include "intake/lettura_fatture.h"
 #include "schede/testo_riga.h"
 
 namespace cu::intake {
@@ -38,11 +41,18 @@ DiarioLotto::DiarioLotto(Connection& connessione, std::int32_t id, const Piano& 
   Inserimento file(connessione, "CuImportazioneFile",
                    {"IDImportazione", "Numero", "Nome", "Foglio", "Dimensione", "Impronta"});
   std::int64_t numero = 0;
+  std::vector<std::pair<std::int64_t, const std::string*>> contenuti;
   for (const Lettura& lettura : *piano.letture) {
     file.intero(id).intero(++numero).testo(lettura.file).testo(lettura.foglio);
     file.importo(comeImporto(lettura.dimensione)).testo(lettura.sha256.empty() ? "-" : lettura.sha256).riga();
+    const std::string* const contenuto = lettura.fatture ? &lettura.fatture->sha256Contenuto : nullptr;
+    if (contenuto != nullptr && !contenuto->empty() && *contenuto != lettura.sha256)
+      contenuti.emplace_back(numero, contenuto);
   }
   file.chiudi();
+  Inserimento suoi(connessione, "CuImportazioneContenuto", {"IDImportazione", "Numero", "Impronta"});
+  for (const auto& [quale, impronta] : contenuti) suoi.intero(id).intero(quale).testo(*impronta).riga();
+  suoi.chiudi();
 }
 
 void DiarioLotto::scrivi(const schede::TabellaSuite& tabella, const schede::Riga& riga,

@@ -145,14 +145,17 @@ class ControlloImporti {
               "il netto");
     if (const std::string oltre = schede::oltreIlCompenso(importi_); !oltre.empty())
       corso_.segnala(Codice::R13, oltre);
-    const bool gia = std::any_of(corso_.riga().messaggi.begin(), corso_.riga().messaggi.end(),
-                                 [](const Messaggio& uno) { return uno.codice == Codice::R06; });
-    if (!gia && lordo() < Decimal()) {
+    if (!detto(Codice::R06) && lordo() < Decimal()) {
       corso_.segnala(Codice::R06, "importi negativi: riducono i compensi del percipiente");
     }
   }
 
  private:
+  // By the reading.
+  bool detto(Codice codice) const {
+    return std::any_of(corso_.riga().messaggi.begin(), corso_.riga().messaggi.end(),
+                       [&](const Messaggio& uno) { return uno.codice == codice; });
+  }
   Decimal di(I importo) const { return importi_[posto(importo)]; }
   Decimal base() const { return di(I::Onorario) - di(I::QuotaNonSoggetta); }
   Decimal lordo() const { return di(I::Onorario) + di(I::SommeNonSoggette) + di(I::RegimeConvenzionale); }
@@ -184,7 +187,7 @@ class ControlloImporti {
     const std::string testo = "la ritenuta non è il " + aliquota->toText() +
                               " % dell'imponibile: " + euro(di(importo)) + " invece di " + euro(attesa);
     if (scarto <= Decimal::fromScaled(100)) {
-      corso_.segnala(Codice::R09, colonna, testo);
+      if (!detto(Codice::R09)) corso_.segnala(Codice::R09, colonna, testo);
     } else if (riga_.daLordo() && !quotaData()) {
       corso_.segnala(Codice::R02, Lordo, "l'imponibile non si ricava dal lordo: " + testo);
     } else {

@@ -105,10 +105,10 @@ constexpr bool vociInOrdine() {
 static_assert(vociInOrdine());
 
 constexpr const VoceCodice& voce(Codice codice) { return kVociCodici[static_cast<std::size_t>(codice)]; }
-// Whether a person can accept messages with the code: those that are warnings, always or, as V09, where what
-// was lost can be restored.
+// Whether a person can accept messages with the code: those that are warnings, always or where, as V09 and
+// F03, what was lost or damaged can be restored.
 constexpr bool accettabile(Codice codice) {
-  return voce(codice).gravita == Gravita::Avviso || codice == Codice::V09;
+  return voce(codice).gravita == Gravita::Avviso || codice == Codice::V09 || codice == Codice::F03;
 }
 // "V03"; upper case.
 std::optional<Codice> codiceDaSigla(std::string_view sigla);

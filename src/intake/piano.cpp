@@ -25,13 +25,16 @@ void mettiRighe(Piano& piano) {
   for (std::size_t file = 0; file < piano.letture->size(); ++file) {
     const Lettura& lettura = (*piano.letture)[file];
     for (const Messaggio& uno : lettura.messaggi) piano.messaggi.push_back(uno);
-    if (piano.archivio->impronte.contains(lettura.sha256)) {
+    const std::string& impronta = lettura.fatture ? lettura.fatture->sha256Contenuto : lettura.sha256;
+    if (piano.archivio->impronte.contains(impronta)) {
       piano.messaggi.push_back(messaggio(Codice::F08, "il file è già stato importato"));
       piano.messaggi.back().posto = {lettura.file, lettura.foglio, 0};
     }
-    if (!lettura.sha256.empty() && !impronte.insert(lettura.sha256).second) {
+    if (!impronta.empty() && !impronte.insert(impronta).second) {
       piano.messaggi.push_back(
-          messaggio(Codice::F08, "il file è indicato due volte: le sue righe si contano una volta sola"));
+          messaggio(Codice::F08, std::string(lettura.fatture ? "un altro file ha lo stesso contenuto"
+                                                             : "il file è indicato due volte") +
+                                     ": le sue righe si contano una volta sola"));
       piano.messaggi.back().posto = {lettura.file, lettura.foglio, 0};
       continue;
     }
@@ -64,7 +67,7 @@ std::vector<Value> valoriPianificati(const Piano& piano, const RigaPiano& riga) 
       break;
   }
   const schede::SchedaCompenso& compenso = piano.compensi[riga.voce].dopo;
-  return valoriCompenso(compenso, piano.percipiente(compenso),
+  return valoriCompenso(compenso, piano.percipiente(compenso.idAnagrafica),
                         piano.accantoCompensi[riga.voce].idCodiceNonSoggette.value_or(0), archivio.elenchi);
 }
 
@@ -102,8 +105,7 @@ PostoMessaggio Piano::posto(const RigaPiano& riga) const {
   return {lettura.file, {}, 0, lettura.fatture->documenti.size() > 1 ? numero : 0};
 }
 
-const schede::SchedaPercipiente* Piano::percipiente(const schede::SchedaCompenso& compenso) const {
-  const std::int32_t id = compenso.idAnagrafica;
+const schede::SchedaPercipiente* Piano::percipiente(std::int32_t id) const {
   if (id < 0) return &percipienti[static_cast<std::size_t>(-1 - id)].dopo;
   const auto suo = std::lower_bound(
       archivio->percipienti.begin(), archivio->percipienti.end(), id,

@@ -78,6 +78,7 @@ struct RigaPiano {
   std::vector<std::uint8_t> derivati;  // columns whose values do not come from the file
   std::vector<Messaggio> messaggi;     // those of the reading are there too
   std::vector<Candidato> candidati;
+  std::string esclusa;  // why the row is left out; "" where a message says it
   // Invoices: in words, how the amounts follow from the document, and what else was derived.
   std::vector<std::string> spiegazioni;
   // Invoices: the payee that is proposed as new, an index of percipienti, which several rows can share.
@@ -154,8 +155,8 @@ struct Piano {
   }
   // Where the row is: file, sheet, and its number or that of its document.
   PostoMessaggio posto(const RigaPiano& riga) const;
-  // The payee of a payment, be it one that is proposed as new; null for none.
-  const schede::SchedaPercipiente* percipiente(const schede::SchedaCompenso& compenso) const;
+  // Of a payment or an account, be it one that is proposed as new; null for none.
+  const schede::SchedaPercipiente* percipiente(std::int32_t idAnagrafica) const;
 };
 
 // The columns of the list and their texts, as reports show them: amounts with a point, dates in ISO form.

@@ -1,4 +1,5 @@
 #include <array>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -8,8 +9,11 @@
 #include "base/text.h"
 #include "intake/conti_toccati.h"
 #include "intake/identita.h"
+#include "intake/identita_fatture.h"
 #include "intake/importi_compenso.h"
+#include "intake/lettura_fatture.h"
 #include "intake/mancanti.h"
+#include "intake/piano_fatture.h"
 #include "intake/riga_in_corso.h"
 #include "intake/soggetti.h"
 #include "intake/testo_cella.h"
@@ -35,13 +39,16 @@ class PianoCompensi {
         archivio_(archivio),
         soggetti_(archivio.percipienti),
         identita_(piano, archivio),
+        identitaFatture_(piano, archivio),
+        fatture_(piano, archivio, soggetti_, identitaFatture_),
         conti_(piano, archivio) {}
 
   void riga(RigaPiano& riga) {
     RigaInCorso corso(piano_, riga);
-    const bool daPianificarla = daPianificare(corso);
+    const bool pianificabile = daPianificare(corso);
+    if (corso.lettura().fatture && riga.stato != StatoRiga::Escluso) return fattura(corso);
     if (riga.stato != StatoRiga::Escluso && diAltroAnno(corso)) return;
-    if (!daPianificarla) return;
+    if (!pianificabile) return;
     // The heading lacks it, which is reported once.
     if (!corso.letta().ha(ColonnaCompenso::DataPagamento)) {
       riga.stato = StatoRiga::Errore;
@@ -50,13 +57,58 @@ class PianoCompensi {
     const schede::SchedaPercipiente* percipiente = nullptr;
     CompensoDato dato;
     AccantoCompenso accanto;
-    if (!trova(corso, percipiente) || !componi(corso, *percipiente, dato, accanto)) {
+    if (!trova(corso, percipiente) || !componi(corso, percipiente->anagrafica.id, dato, accanto)) {
       riga.stato = corso.stato(StatoRiga::Errore);
       return;
     }
+    metti(corso, dato, std::move(accanto), identita_.cerca(dato));
+    identita_.aggiungi(dato, riga.voce);
+  }
+
+  void conti() {
+    fatture_.codici();
+    conti_.calcola();
+    mancanti();
+  }
+
+ private:
+  void fattura(RigaInCorso& corso) {
+    RigaPiano& riga = corso.riga();
+    const std::optional<FatturaPronta> pronta = fatture_.prepara(corso);
+    if (!pronta) return;
+    RigaInCorso intera(piano_, riga, corso.lettura(), pronta->letta);
+    CompensoDato dato;
+    AccantoCompenso accanto;
+    if (!componi(intera, pronta->idAnagrafica, dato, accanto)) {
+      riga.stato = intera.stato(StatoRiga::Errore);
+      return;
+    }
+    dato.importi.set().reset(posto(schede::Importo::RegimeConvenzionale));
+    const FattureLette& lette = *corso.lettura().fatture;
+    IdentitaFatture::Come come{pronta->dataProposta, pronta->sola, {}, false};
+    if (!pronta->decisa) {
+      come.proposte = importiProposti(lette.righe[riga.posizione.riga]);
+      come.giaImportata = archivio_.impronte.contains(lette.sha256Contenuto);
+    }
+    const Riscontro riscontro = identitaFatture_.cerca(dato, riga, come);
+    if (riscontro.esito == Riscontro::Esito::Uguale && riscontro.compenso != nullptr) nonDaDecidere(riga);
+    metti(intera, dato, std::move(accanto), riscontro);
+    identitaFatture_.aggiungi(dato, riga.voce);
+  }
+
+  // What a person has decided already is in the database.
+  static void nonDaDecidere(RigaPiano& riga) {
+    for (Messaggio& uno : riga.messaggi) {
+      if (uno.codice == Codice::R02) uno.gravita = Gravita::Informazione;
+    }
+  }
+
+  // Plans a payment as its row gives it.
+  void metti(RigaInCorso& corso, const CompensoDato& dato, AccantoCompenso accanto,
+             const Riscontro& riscontro) {
+    RigaPiano& riga = corso.riga();
     Voce<SchedaCompenso> voce;
     voce.riga = static_cast<std::size_t>(&riga - piano_.righe.data());
-    const Riscontro riscontro = identita_.cerca(dato);
     if (riscontro.compenso != nullptr) voce.prima = *riscontro.compenso;
     voce.dopo =
         riscontro.esito == Riscontro::Esito::Uguale && voce.prima ? *voce.prima : dato.su(riscontro.compenso);
@@ -65,17 +117,10 @@ class PianoCompensi {
     causaleDellAnno(corso, causale, voce.dopo.pagamento.year());
     giudica(corso, riscontro, voce, accanto);
     riga.voce = piano_.compensi.size();
-    identita_.aggiungi(dato, riga.voce);
     piano_.compensi.push_back(std::move(voce));
     piano_.accantoCompensi.push_back(std::move(accanto));
   }
 
-  void conti() {
-    conti_.calcola();
-    mancanti();
-  }
-
- private:
   // What else is wrong with such a row stops nothing, and is not reported.
   bool diAltroAnno(RigaInCorso& corso) {
     if (!piano_.richiesta.anno || !corso.letta().ha(ColonnaCompenso::DataPagamento)) return false;
@@ -117,8 +162,7 @@ class PianoCompensi {
                        forma == FormaCodice::Persona ? carattereDiControllo(primi) : cifraDiControllo(primi));
   }
 
-  bool componi(RigaInCorso& corso, const schede::SchedaPercipiente& percipiente, CompensoDato& dato,
-               AccantoCompenso& accanto) {
+  bool componi(RigaInCorso& corso, std::int32_t idAnagrafica, CompensoDato& dato, AccantoCompenso& accanto) {
     using enum ColonnaCompenso;
     const RigaLetta& letta = corso.letta();
     const auto causale = idDelCodice(corso, static_cast<std::uint8_t>(Causale), letta.valore(Causale).text(),
@@ -126,7 +170,7 @@ class PianoCompensi {
     if (!causale) return false;
     SchedaCompenso& scheda = dato.scheda;
     scheda.idAzienda = piano_.richiesta.idAzienda;
-    scheda.idAnagrafica = percipiente.anagrafica.id;
+    scheda.idAnagrafica = idAnagrafica;
     scheda.idCausale = *causale;
     scheda.pagamento = letta.valore(DataPagamento).date();
     scheda.numero = std::string(letta.valore(NumeroDocumento).text());
@@ -229,7 +273,7 @@ class PianoCompensi {
     std::set<std::int32_t> detti;
     for (const ContoPiano& conto : piano_.conti) {
       if (!detti.insert(conto.idAnagrafica).second) continue;
-      const schede::SchedaPercipiente* const suo = soggetti_.diId(conto.idAnagrafica);
+      const schede::SchedaPercipiente* const suo = piano_.percipiente(conto.idAnagrafica);
       if (suo == nullptr) continue;
       for (const Mancanza mancanza : mancanze(*suo, archivio_.luoghi)) {
         piano_.mancanti.push_back({suo->codice, mancanza->numero, std::string(mancanza->messaggio)});
@@ -245,6 +289,8 @@ class PianoCompensi {
   const ArchivioLetto& archivio_;
   Soggetti soggetti_;
   Identita identita_;
+  IdentitaFatture identitaFatture_;
+  PianoFatture fatture_;
   ContiToccati conti_;
 };
 

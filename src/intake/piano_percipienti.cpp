@@ -83,24 +83,13 @@ class PianoPercipienti {
     piano_.accantoPercipienti.push_back(std::move(accanto));
   }
 
-  // Gives the codes that rows do not have: numbers after the greatest one.
+  // Gives the codes that rows do not have.
   void codici() {
-    std::int64_t ultimo = 0;
-    std::size_t larghezza = 5;
-    const auto osserva = [&](const std::string& codice) {
-      if (codice.empty() || codice.size() > 15 ||
-          codice.find_first_not_of("0123456789") != std::string::npos) {
-        return;
-      }
-      ultimo = std::max(ultimo, leadingInteger(codice));
-      larghezza = std::max(larghezza, codice.size());
-    };
-    for (const schede::SchedaPercipiente& percipiente : archivio_.percipienti) osserva(percipiente.codice);
-    for (const auto& voce : piano_.percipienti) osserva(voce.dopo.codice);
+    NumeriPercipienti numeri;
+    for (const schede::SchedaPercipiente& uno : archivio_.percipienti) numeri.osserva(uno.codice);
+    for (const auto& voce : piano_.percipienti) numeri.osserva(voce.dopo.codice);
     for (const std::size_t quale : senzaCodice_) {
-      std::string codice = fromInteger(++ultimo);
-      if (codice.size() < larghezza) codice.insert(0, larghezza - codice.size(), '0');
-      piano_.percipienti[quale].dopo.codice = codice;
+      piano_.percipienti[quale].dopo.codice = numeri.prossimo();
       piano_.righe[piano_.percipienti[quale].riga].derivati.push_back(
           static_cast<std::uint8_t>(ColonnaPercipiente::Codice));
     }

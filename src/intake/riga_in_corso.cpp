@@ -26,10 +26,13 @@ const Decisione& decisionePresa(const Piano& piano, const Posizione& posizione) 
 }  // namespace
 
 RigaInCorso::RigaInCorso(Piano& piano, RigaPiano& riga)
+    : RigaInCorso(piano, riga, (*piano.letture)[riga.posizione.file], piano.letta(riga)) {}
+
+RigaInCorso::RigaInCorso(Piano& piano, RigaPiano& riga, const Lettura& lettura, const RigaLetta& letta)
     : piano_(piano),
       riga_(riga),
-      lettura_((*piano.letture)[riga.posizione.file]),
-      letta_(piano.letta(riga)),
+      lettura_(lettura),
+      letta_(letta),
       decisione_(decisionePresa(piano, riga.posizione)) {}
 
 void RigaInCorso::segnala(Codice codice, std::uint8_t colonna, std::string testo) {
@@ -68,6 +71,7 @@ bool daPianificare(RigaInCorso& corso) {
   }
   if (!corso.letta().esclusa.empty() || corso.decisione().esclusa) {
     riga.stato = StatoRiga::Escluso;
+    riga.esclusa = corso.letta().esclusa.empty() ? "tralasciata" : corso.letta().esclusa;
     return false;
   }
   riga.stato = corso.stato(StatoRiga::Nuovo);

@@ -14,8 +14,11 @@ namespace cu::intake {
 class RigaInCorso {
  public:
   RigaInCorso(Piano& piano, RigaPiano& riga);
+  // Of values that are not those of the plan's reading. The row's position tells what was decided of it.
+  RigaInCorso(Piano& piano, RigaPiano& riga, const Lettura& lettura, const RigaLetta& letta);
 
   const RigaLetta& letta() const { return letta_; }
+  const Lettura& lettura() const { return lettura_; }
   RigaPiano& riga() { return riga_; }
   const RichiestaPiano& richiesta() const { return piano_.richiesta; }
   const Decisione& decisione() const { return decisione_; }

@@ -27,8 +27,11 @@ std::string cheSi(const schede::SchedaPercipiente& percipiente) {
 
 template <class C>
 Chiavi chiaviIn(const RigaLetta& riga, C codice, C codiceFiscale, C partitaIva) {
-  return {std::string(riga.valore(codice).text()), std::string(riga.valore(codiceFiscale).text()),
-          std::string(riga.valore(partitaIva).text()), false};
+  return {std::string(riga.valore(codice).text()),
+          std::string(riga.valore(codiceFiscale).text()),
+          std::string(riga.valore(partitaIva).text()),
+          false,
+          {}};
 }
 
 }  // namespace
@@ -45,6 +48,28 @@ Chiavi chiaviDelCompenso(const RigaLetta& compenso) {
   return chiavi;
 }
 
+Chiavi chiaviDelCedente(const RigaLetta& percipiente) {
+  Chiavi chiavi = chiaviDi(percipiente);
+  chiavi.scegliPerIva = chiavi.codiceFiscale.empty();
+  chiavi.codiceEstero = percipiente.valore(ColonnaPercipiente::CodiceFiscaleEstero).text();
+  return chiavi;
+}
+
+void NumeriPercipienti::osserva(const std::string& codice) {
+  constexpr std::size_t kMassimo = 15;
+  const bool numero = !codice.empty() && codice.size() <= kMassimo &&
+                      codice.find_first_not_of("0123456789") == std::string::npos;
+  if (!numero) return;
+  ultimo_ = std::max(ultimo_, leadingInteger(codice));
+  larghezza_ = std::max(larghezza_, codice.size());
+}
+
+std::string NumeriPercipienti::prossimo() {
+  std::string codice = fromInteger(++ultimo_);
+  if (codice.size() < larghezza_) codice.insert(0, larghezza_ - codice.size(), '0');
+  return codice;
+}
+
 Soggetti::Soggetti(std::span<const schede::SchedaPercipiente> percipienti) {
   const auto metti = [](Indice& indice, std::string chiave, const schede::SchedaPercipiente* suo) {
     if (!chiave.empty()) indice[std::move(chiave)].push_back(suo);
@@ -54,6 +79,7 @@ Soggetti::Soggetti(std::span<const schede::SchedaPercipiente> percipienti) {
     metti(perCodice_, perIndice(percipiente.codice), &percipiente);
     metti(perCodiceFiscale_, perIndice(a.codiceFiscale), &percipiente);
     metti(perPartitaIva_, perIndice(a.partitaIva), &percipiente);
+    metti(perCodiceEstero_, perIndice(percipiente.codiceFiscaleEstero), &percipiente);
     metti(perNome_, perNome(a.anagrafica, a.nome), &percipiente);
     perId_.emplace(a.id, &percipiente);
   }
@@ -75,12 +101,16 @@ bool Soggetti::trova(RigaInCorso& corso, const Chiavi& chiavi,
   const Trovati& conCodice = cerca(perCodice_, perIndice(chiavi.codice));
   const Trovati& conFiscale = cerca(perCodiceFiscale_, perIndice(chiavi.codiceFiscale));
   Trovati conIva = cerca(perPartitaIva_, perIndice(chiavi.partitaIva));
+  Trovati conEstero = cerca(perCodiceEstero_, perIndice(chiavi.codiceEstero));
   // A VAT number is no key where several payees have it, or its payee another fiscal code.
   if (conIva.size() > 1 && !chiavi.scegliPerIva) conIva.clear();
-  std::erase_if(conIva, [&](const schede::SchedaPercipiente* suo) {
-    return contraddice(suo->anagrafica.codiceFiscale, chiavi.codiceFiscale);
-  });
-  for (const Trovati* trovati : {&conCodice, &conFiscale, static_cast<const Trovati*>(&conIva)}) {
+  for (Trovati* trovati : {&conIva, &conEstero}) {
+    std::erase_if(*trovati, [&](const schede::SchedaPercipiente* suo) {
+      return contraddice(suo->anagrafica.codiceFiscale, chiavi.codiceFiscale);
+    });
+  }
+  for (const Trovati* trovati : {&conCodice, &conFiscale, static_cast<const Trovati*>(&conIva),
+                                 static_cast<const Trovati*>(&conEstero)}) {
     if (trovati->empty()) continue;
     if (trovato != nullptr) {
       if (std::find(trovati->begin(), trovati->end(), trovato) != trovati->end()) continue;

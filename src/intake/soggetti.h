@@ -18,9 +18,23 @@ struct Chiavi {
   std::string partitaIva;
   // A VAT number that several payees share is left to a person; otherwise it is no key.
   bool scegliPerIva = false;
+  std::string codiceEstero;  // of a payee abroad: the VAT number there
 };
 Chiavi chiaviDi(const RigaLetta& percipiente);
 Chiavi chiaviDelCompenso(const RigaLetta& compenso);
+// Of the seller of an invoice.
+Chiavi chiaviDelCedente(const RigaLetta& percipiente);
+
+// The codes of new payees: numbers after the greatest one, five digits at least.
+class NumeriPercipienti {
+ public:
+  void osserva(const std::string& codice);
+  std::string prossimo();
+
+ private:
+  std::int64_t ultimo_ = 0;
+  std::size_t larghezza_ = 5;
+};
 
 // The payees of a company by their keys.
 class Soggetti {
@@ -47,6 +61,7 @@ class Soggetti {
   Indice perCodice_;
   Indice perCodiceFiscale_;
   Indice perPartitaIva_;
+  Indice perCodiceEstero_;
   Indice perNome_;
   std::unordered_map<std::int32_t, const schede::SchedaPercipiente*> perId_;
 };

@@ -31,7 +31,8 @@ Lotto lottoDa(const CellView* riga) {
 
 bool haStorico(Connection& connessione) {
   return haTabella(connessione, "CuImportazione") && haTabella(connessione, "CuImportazioneFile") &&
-         haTabella(connessione, "CuImportazioneRiga") && haTabella(connessione, "CuImportazioneConto");
+         haTabella(connessione, "CuImportazioneContenuto") && haTabella(connessione, "CuImportazioneRiga") &&
+         haTabella(connessione, "CuImportazioneConto");
 }
 
 std::vector<Lotto> storico(Connection& connessione, std::optional<std::int32_t> idAzienda) {

@@ -80,9 +80,9 @@ TEST_F(RaccoltaDiFile, WalksAFolderInTheOrderOfNamesAndCountsTheRest) {
   scrivi("rotto.xml", parcellaXml().substr(0, 300));
   scrivi("film.bin", std::string(std::size_t{30} << 20U, '\1'));
   const Ignorati ignorati = raccogli(cartella_, ricevuti_.ricevente());
-  EXPECT_EQ(ricevuti_.voci, (std::vector<std::string>{"a.txt: 1", "b.xml: 1", "rotto.xml: F03", "c.p7m: 1"}));
+  EXPECT_EQ(ricevuti_.voci, (std::vector<std::string>{"RC.xml: 0", "a.txt: 1", "b.xml: 1", "rotto.xml: F03", "c.p7m: 1"}));
   EXPECT_EQ(ignorati,
-            (Ignorati{{"ricevuta di consegna", 1}, {"file che non è una fattura", 2}, {"file vuoto", 1}}));
+            (Ignorati{{"file che non è una fattura", 2}, {"file vuoto", 1}}));
 }
 
 TEST_F(RaccoltaDiFile, GivesAFileThatTheCallerNamesWhateverItIs) {
@@ -119,8 +119,8 @@ TEST(RaccoltaDaArchivio, ReadsMembersAndIgnoresTheirFolders) {
                                  {"rotto.p7m", firmato(parcellaXml()).substr(0, 50)}});
   const Ignorati ignorati = raccogli(zip, "lotto.zip", ricevuti.ricevente());
   EXPECT_EQ(ricevuti.voci, (std::vector<std::string>{"lotto.zip, a.xml: 1", "lotto.zip, b.xml.p7m: 1",
-                                                     "lotto.zip, rotto.p7m: F03"}));
-  EXPECT_EQ(ignorati, (Ignorati{{"metadati di un invio", 1}, {"file che non è una fattura", 1}}));
+                                                     "lotto.zip, mt.xml: 0", "lotto.zip, rotto.p7m: F03"}));
+  EXPECT_EQ(ignorati, (Ignorati{{"file che non è una fattura", 1}}));
 }
 
 TEST(RaccoltaDaArchivio, DoesNotOpenAnArchiveWithinAnArchive) {

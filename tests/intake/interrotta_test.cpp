@@ -53,7 +53,8 @@ class Interrotta : public ::testing::Test {
   std::vector<std::string> tutto() {
     std::vector<std::string> righe = banco.contenuto();
     for (const char* tabella :
-         {"CuImportazione", "CuImportazioneFile", "CuImportazioneRiga", "CuImportazioneConto"}) {
+         {"CuImportazione", "CuImportazioneFile", "CuImportazioneContenuto", "CuImportazioneRiga",
+          "CuImportazioneConto"}) {
       righe.push_back(tabella + std::to_string(banco.quante(tabella)));
     }
     return righe;

@@ -1,0 +1,296 @@
+#include "intake/lettura_fatture.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/codice_fiscale.h"
+#include "base/text.h"
+#include "intake/controlli_riga.h"
+#include "intake/nazione_iso.h"
+#include "intake/testo_cella.h"
+
+namespace cu::intake {
+namespace {
+
+using fatture::CompensoProposto;
+using fatture::EsitoFattura;
+using fatture::Fattura;
+using fatture::ImportiFattura;
+using fatture::Letto;
+using fatture::Soggetto;
+
+std::string minuscola(std::string testo) {
+  if (!testo.empty() && testo.front() >= 'A' && testo.front() <= 'Z') {
+    testo.front() = static_cast<char>(testo.front() - 'A' + 'a');
+  }
+  return testo;
+}
+
+Messaggio daRilievo(const fatture::Rilievo& rilievo) {
+  std::string testo = minuscola(rilievo.testo);
+  if (!rilievo.posto.elemento.empty()) {
+    std::string dove = "elemento " + rilievo.posto.elemento;
+    if (rilievo.posto.riga > 0)
+      dove += ", riga " + fromInteger(static_cast<std::int64_t>(rilievo.posto.riga));
+    testo = dove + ": " + testo;
+  }
+  Messaggio suo = messaggio(codiceDaSigla(rilievo.codice).value_or(Codice::F03), std::move(testo));
+  if (rilievo.avviso) suo.gravita = Gravita::Avviso;
+  return suo;
+}
+
+bool italiano(const std::string& paese) { return paese.empty() || paese == "IT"; }
+
+// What a tax of the other kind says of the seller.
+std::string ritenutaAltrui(const Fattura& fattura) {
+  const Soggetto& chi = fattura.cedente;
+  const bool persona =
+      !chi.cognome.empty() || !chi.nome.empty() || formaCodice(chi.codiceFiscale) == FormaCodice::Persona;
+  // Without a fiscal code a name alone does not show whether it is a firm's.
+  const bool certo = persona || formaCodice(chi.codiceFiscale) == FormaCodice::Numero;
+  for (const fatture::Ritenuta& una : fattura.ritenute) {
+    if (certo && una.tipo == (persona ? "RT02" : "RT01")) return una.tipo;
+  }
+  return {};
+}
+
+class LetturaFile {
+ public:
+  LetturaFile(Lettura& lettura, FattureLette& fatture, Date oggi)
+      : lettura_(lettura), fatture_(fatture), oggi_(oggi) {}
+
+  void leggi(Letto& letto) {
+    for (const fatture::Rilievo& uno : letto.rilievi) {
+      lettura_.messaggi.push_back(daRilievo(uno));
+      lettura_.messaggi.back().posto = {lettura_.file, {}, 0};
+    }
+    switch (letto.genere) {
+      case fatture::Genere::Fatture:
+        fatture_.sha256Contenuto = letto.sha256Contenuto;
+        for (Fattura& una : letto.fatture) documento(una);
+        break;
+      case fatture::Genere::Notifica:
+      case fatture::Genere::Metadati:
+        esclusa(letto.titolo + ": non è una fattura");
+        break;
+      case fatture::Genere::Altro:
+        if (!letto.rilievi.empty()) break;
+        lettura_.messaggi.push_back(messaggio(Codice::F02, "il file non è una fattura elettronica"));
+        lettura_.messaggi.back().posto = {lettura_.file, {}, 0};
+        break;
+      case fatture::Genere::Illeggibile:
+        break;
+    }
+  }
+
+ private:
+  template <class C>
+  static void metti(RigaLetta& riga, C colonna, CellView valore) {
+    const auto rango = static_cast<std::uint8_t>(colonna);
+    campoDi(riga, rango) = {rango, StatoCampo::Dato, false, valore};
+  }
+
+  // A text of a document is as hostile as one of a table.
+  template <class C>
+  void testo(RigaLetta& riga, Lettura& sua, C colonna, std::string_view scritto) {
+    std::string appoggio;
+    const std::string_view netto = pulito(scritto, appoggio);
+    if (netto.empty()) return;
+    const auto rango = static_cast<std::uint8_t>(colonna);
+    const auto segnala = [&](Codice codice, std::string che) {
+      riga.messaggi.push_back(messaggio(codice, std::move(che), sua.nomeColonna(rango)));
+    };
+    if (conControlli(netto)) return segnala(Codice::V10, "il testo ha caratteri di controllo");
+    if (netto.size() > kMassimoCaratteri && codePoints(netto) > kMassimoCaratteri) {
+      return segnala(Codice::V06, "il testo ha " + fromInteger(static_cast<std::int64_t>(codePoints(netto))) +
+                                      " caratteri, al più " + fromInteger(kMassimoCaratteri));
+    }
+    if (const std::string_view fuori = fuoriDa1252(netto); !fuori.empty()) {
+      segnala(Codice::V07,
+              "il carattere " + std::string(fuori) + " nel file telematico diventa un punto interrogativo");
+    }
+    metti(riga, colonna, lettura_.conserva(netto));
+  }
+
+  RigaLetta& nuova(std::size_t documento, std::size_t numero) {
+    fatture_.righe.emplace_back().documento = documento;
+    RigaLetta& riga = lettura_.righe.emplace_back();
+    riga.numero = numero;
+    return riga;
+  }
+
+  void esclusa(std::string perche) { nuova(0, 1).esclusa = std::move(perche); }
+
+  void documento(Fattura& fattura) {
+    const std::size_t quale = fatture_.documenti.size();
+    const EsitoFattura esito = fatture::compensiDi(fattura);
+    DocumentoLetto& letto = fatture_.documenti.emplace_back();
+    letto.numero = quale + 1;
+    letto.tipo = fattura.tipo;
+    letto.fattura = fattura.numero;
+    letto.data = fattura.data.value_or(Date());
+    letto.forfettario = esito.forfettario;
+    letto.notaDiCredito = fattura.tipo == "TD04";
+    letto.ritenutaAltrui = ritenutaAltrui(fattura);
+    letto.cedente = std::move(fattura.cedente);
+    letto.committente = std::move(fattura.committente);
+    fatture_.percipienti.righe.push_back(percipiente(letto));
+    if (!esito.escluso.empty()) {
+      RigaLetta& riga = nuova(quale, letto.numero);
+      chiavi(riga, letto);
+      riga.messaggi.clear();
+      riga.esclusa = esito.escluso;
+      return;
+    }
+    if (esito.compensi.empty()) {
+      RigaLetta& riga = nuova(quale, letto.numero);
+      chiavi(riga, letto);
+      delDocumento(riga, fattura, esito);
+    }
+    for (std::size_t i = 0; i < esito.compensi.size(); ++i) {
+      RigaLetta& riga = nuova(quale, letto.numero);
+      chiavi(riga, letto);
+      if (i == 0) delDocumento(riga, fattura, esito);
+      compenso(riga, esito.compensi[i]);
+      fatture_.righe.back().spese = esito.spese;
+    }
+  }
+
+  static void delDocumento(RigaLetta& riga, const Fattura& fattura, const EsitoFattura& esito) {
+    for (const auto* rilievi : {&fattura.rilievi, &esito.rilievi}) {
+      for (const fatture::Rilievo& uno : *rilievi) riga.messaggi.push_back(daRilievo(uno));
+    }
+  }
+
+  void chiavi(RigaLetta& riga, const DocumentoLetto& letto) {
+    using enum ColonnaCompenso;
+    testo(riga, lettura_, CodiceFiscale, letto.cedente.codiceFiscale);
+    testo(riga, lettura_, PartitaIva, letto.cedente.partitaIva);
+    testo(riga, lettura_, NumeroDocumento, letto.fattura);
+    if (letto.data != Date()) metti(riga, DataDocumento, CellView::ofDate(letto.data));
+  }
+
+  void compenso(RigaLetta& riga, const CompensoProposto& proposto) {
+    using enum ColonnaCompenso;
+    RigaFattura& accanto = fatture_.righe.back();
+    accanto.proposte = proposto.candidati;
+    accanto.decisa = proposto.deciso && !proposto.candidati.empty();
+    accanto.contributoDerivato = proposto.contributoDerivato;
+    testo(riga, lettura_, Causale, proposto.causale);
+    Messaggio* ultimo = nullptr;
+    const std::size_t prima = riga.messaggi.size();
+    for (const fatture::Rilievo& uno : proposto.rilievi) riga.messaggi.push_back(daRilievo(uno));
+    for (std::size_t i = prima; i < riga.messaggi.size(); ++i) {
+      if (riga.messaggi[i].codice == Codice::R02) ultimo = &riga.messaggi[i];
+    }
+    if (ultimo != nullptr) ultimo->testo += possibili(proposto);
+    if (!accanto.proposte.empty()) importi(riga, accanto.proposte.front().importi);
+  }
+
+  static std::string possibili(const CompensoProposto& proposto) {
+    std::string testo;
+    for (std::size_t i = 0; i < proposto.candidati.size(); ++i) {
+      testo += (i == 0 ? "; possibile: " : "; oppure: ") + proposto.candidati[i].spiegazione;
+    }
+    return testo;
+  }
+
+  static void importi(RigaLetta& riga, const ImportiFattura& importi) {
+    using enum ColonnaCompenso;
+    const auto dai = [&](ColonnaCompenso colonna, Decimal importo) {
+      if (!importo.isZero() || colonna == Onorario) metti(riga, colonna, CellView::ofDecimal(importo));
+    };
+    dai(Onorario, importi.onorario);
+    dai(QuotaNonSoggetta, importi.quotaNonSoggetta);
+    dai(SommeNonSoggette, importi.sommeNonSoggette);
+    dai(RitenutaAcconto, importi.ritenutaAcconto);
+    dai(RitenutaImposta, importi.ritenutaImposta);
+    dai(ContributoPrevidenziale, importi.contributoPrevidenziale);
+    dai(ContributoPercipiente, importi.contributoPercipiente);
+  }
+
+  RigaLetta percipiente(const DocumentoLetto& letto) {
+    using enum ColonnaPercipiente;
+    const Soggetto& chi = letto.cedente;
+    Lettura& sua = fatture_.percipienti;
+    RigaLetta riga;
+    riga.numero = letto.numero;
+    const auto dai = [&](ColonnaPercipiente colonna, std::string_view valore) {
+      testo(riga, sua, colonna, valore);
+    };
+    dai(CodiceFiscale, chi.codiceFiscale);
+    // The number of another country is none that a file could have.
+    dai(italiano(chi.paese) ? PartitaIva : CodiceFiscaleEstero, chi.partitaIva);
+    if (chi.denominazione.empty()) {
+      dai(Cognome, chi.cognome.empty() ? chi.nome : chi.cognome);
+      if (!chi.cognome.empty()) dai(Nome, chi.nome);
+    } else {
+      dai(Cognome, chi.denominazione);
+    }
+    sede(riga, chi);
+    ControlliRiga(sua, oggi_).esegui(riga);
+    return riga;
+  }
+
+  void sede(RigaLetta& riga, const Soggetto& chi) {
+    using enum ColonnaPercipiente;
+    Lettura& sua = fatture_.percipienti;
+    const fatture::Sede& dove = chi.sede;
+    const bool qui = italiano(dove.nazione);
+    testo(riga, sua, Indirizzo, dove.indirizzo + (dove.civico.empty() ? "" : " " + dove.civico));
+    if (qui || dove.cap != "00000") testo(riga, sua, Cap, dove.cap);
+    testo(riga, sua, Comune, dove.comune);
+    testo(riga, sua, Provincia, qui ? dove.provincia : "EE");
+    if (qui) return;
+    const std::string_view catasto = catastoDiIso(dove.nazione);
+    testo(riga, sua, Nazione, catasto.empty() ? std::string_view(dove.nazione) : catasto);
+    if (!chi.stabileOrganizzazione) {
+      const auto rango = static_cast<std::uint8_t>(NonResidente);
+      campoDi(riga, rango) = {rango, StatoCampo::Dato, true, CellView::ofInteger(1)};
+    }
+  }
+
+  Lettura& lettura_;
+  FattureLette& fatture_;
+  Date oggi_;
+};
+
+}  // namespace
+
+Lettura LettoreFatture::leggi(fatture::Letto&& letto) {
+  if (!testi_) testi_ = std::make_shared<tabelle::Deposito>();
+  Letto suo = std::move(letto);
+  Lettura lettura;
+  lettura.elenco = Elenco::Compensi;
+  lettura.file = suo.nome;
+  lettura.dimensione = suo.dimensione;
+  lettura.sha256 = suo.sha256;
+  lettura.aggiunti = testi_;
+  const auto lette = std::make_shared<FattureLette>();
+  lette->percipienti.elenco = Elenco::Percipienti;
+  lette->percipienti.file = lettura.file;
+  lette->percipienti.aggiunti = testi_;
+  LetturaFile(lettura, *lette, oggi_).leggi(suo);
+  lettura.fatture = lette;
+  return lettura;
+}
+
+LettureFatture leggiFatture(const std::vector<std::filesystem::path>& percorsi, Date oggi,
+                            ProgressSink* avanzamento, const fatture::LimitiRaccolta& limiti) {
+  LettureFatture tutte;
+  LettoreFatture lettore(oggi);
+  for (const std::filesystem::path& percorso : percorsi) {
+    const fatture::Ignorati ignorati = fatture::raccogli(
+        percorso,
+        [&](Letto&& letto) {
+          if (avanzamento != nullptr) avanzamento->progress("Fatture", tutte.letture.size(), 0);
+          tutte.letture.push_back(lettore.leggi(std::move(letto)));
+          return true;
+        },
+        limiti);
+    for (const auto& [che, quanti] : ignorati) tutte.ignorati[che] += quanti;
+  }
+  return tutte;
+}
+
+}  // namespace cu::intake

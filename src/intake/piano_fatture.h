@@ -1,0 +1,64 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "intake/date_pagamento.h"
+#include "intake/identita_fatture.h"
+#include "intake/lettura_fatture.h"
+#include "intake/percipienti_nuovi.h"
+#include "intake/riga_in_corso.h"
+#include "intake/soggetti.h"
+#include "tabelle/deposito.h"
+
+namespace cu::intake {
+
+// What a row of an invoice is as a row of payments.
+struct FatturaPronta {
+  RigaLetta letta;                // with its date, its reason and the amounts decided on
+  std::int32_t idAnagrafica = 0;  // negative for a new payee
+  bool dataProposta = false;      // it is the document's
+  bool sola = false;              // the document's only payment
+  bool decisa = false;            // what it pays is certain, or a person has chosen it
+};
+
+// What a document can mean, as the amounts of a payment.
+std::vector<schede::Importi> importiProposti(const RigaFattura& riga);
+
+// Decides, before a row of an invoice is planned like any other: whose document it is, who is paid, when, for
+// which reason and how much.
+class PianoFatture {
+ public:
+  PianoFatture(Piano& piano, const ArchivioLetto& archivio, const Soggetti& soggetti,
+               const IdentitaFatture& identita);
+
+  // Of a row that is not left out. nullopt where the row is judged with that: it has its state.
+  std::optional<FatturaPronta> prepara(RigaInCorso& corso);
+  // Once all rows are judged.
+  void codici() { nuovi_.codici(); }
+
+ private:
+  struct Documento;
+
+  bool dellAzienda(RigaInCorso& corso, const DocumentoLetto& documento) const;
+  bool scegliProposta(RigaInCorso& corso, const Documento& sua, FatturaPronta& pronta) const;
+  bool trova(RigaInCorso& corso, const Documento& sua, const schede::SchedaPercipiente*& trovato) const;
+  void data(RigaInCorso& corso, const Documento& sua, FatturaPronta& pronta) const;
+  std::vector<Date> nellaTavola(const Documento& sua) const;
+  bool fuoriAnno(RigaInCorso& corso, const Documento& sua, Date pagamento) const;
+  void causale(RigaInCorso& corso, const Documento& sua, FatturaPronta& pronta);
+  const std::string* causaleAbituale(const Documento& sua) const;
+
+  Piano& piano_;
+  const ArchivioLetto& archivio_;
+  const Soggetti& soggetti_;
+  const IdentitaFatture& identita_;
+  PercipientiNuovi nuovi_;
+  DatePagamento date_;
+  std::map<std::string, std::string> causali_;  // of single payees, by codes in small letters
+  tabelle::Deposito testi_;                     // of the rows while they are planned
+};
+
+}  // namespace cu::intake
