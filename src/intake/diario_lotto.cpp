@@ -43,6 +43,8 @@ DiarioLotto::DiarioLotto(Connection& connessione, std::int32_t id, const Piano& 
   std::int64_t numero = 0;
   std::vector<std::pair<std::int64_t, const std::string*>> contenuti;
   for (const Lettura& lettura : *piano.letture) {
+    // Nothing of it was imported: mended, it is a file like any other.
+    if (lettura.illeggibile()) continue;
     file.intero(id).intero(++numero).testo(lettura.file).testo(lettura.foglio);
     file.importo(comeImporto(lettura.dimensione)).testo(lettura.sha256.empty() ? "-" : lettura.sha256).riga();
     const std::string* const contenuto = lettura.fatture ? &lettura.fatture->sha256Contenuto : nullptr;

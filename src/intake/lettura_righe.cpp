@@ -285,6 +285,12 @@ bool Lettura::conErrori() const {
          std::any_of(righe.begin(), righe.end(), [](const RigaLetta& riga) { return riga.conErrori(); });
 }
 
+bool Lettura::illeggibile() const {
+  if (!righe.empty() || messaggi.size() != 1) return false;
+  const Codice codice = messaggi.front().codice;
+  return codice >= Codice::F01 && codice <= Codice::F05;
+}
+
 Lettura leggiRighe(const tabelle::Tabella& tabella, Elenco elenco, const Mappatura& mappatura, Date oggi) {
   Lettura lettura;
   lettura.elenco = elenco;

@@ -3,6 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "system/posto_support.h"
 
 namespace cu::test {
@@ -19,13 +23,16 @@ class FileImportati : public ::testing::Test {
  protected:
   FileImportati() : file_(posto_.cartella().write("compensi.csv", kSenzaNumeri)) {}
 
-  Esecuzione importa(std::vector<std::string> altri) {
-    std::vector<std::string> argomenti = {"import",     "payments",        file_, "--company", "1",
-                                          "--database", posto_.indirizzo()};
+  Esecuzione comando(std::vector<std::string> argomenti) {
+    argomenti.insert(argomenti.begin(), "import");
+    argomenti.insert(argomenti.end(), {"--database", posto_.indirizzo()});
     if (posto_.databaseDelServer() != nullptr)
       argomenti.insert(argomenti.end(), {"--password-env", kVariabilePassword});
-    argomenti.insert(argomenti.end(), altri.begin(), altri.end());
     return posto_.cuctl(argomenti);
+  }
+  Esecuzione importa(std::vector<std::string> altri) {
+    altri.insert(altri.begin(), {"payments", file_, "--company", "1"});
+    return comando(std::move(altri));
   }
 
   Posto posto_;
@@ -40,6 +47,19 @@ TEST_F(FileImportati, AFileThatIsNamedTwiceCountsOnce) {
   EXPECT_THAT(esito.errori,
               HasSubstr("copia.csv: il file è indicato due volte: le sue righe si contano una volta "
                         "sola (F08)."));
+}
+
+TEST_F(FileImportati, AFileThatWasLeftOutIsNoneThatWasImported) {
+  const std::string vuoto = posto_.cartella().write("vuoto.csv", "");
+  const Esecuzione prima = importa({vuoto, "--skip-bad-files", "--apply"});
+  ASSERT_EQ(prima.codice, 0) << prima.errori;
+  EXPECT_THAT(prima.errori, HasSubstr("vuoto.csv"));
+  const Esecuzione storico = comando({"history", "--json"});
+  EXPECT_THAT(storico.uscita, HasSubstr("compensi.csv"));
+  EXPECT_THAT(storico.uscita, ::testing::Not(HasSubstr("vuoto.csv")));
+  const Esecuzione dopo = importa({vuoto, "--skip-bad-files"});
+  EXPECT_THAT(dopo.errori, HasSubstr("compensi.csv: il file è già stato importato (F08)."));
+  EXPECT_THAT(dopo.errori, ::testing::Not(HasSubstr("vuoto.csv: il file è già stato importato (F08).")));
 }
 
 TEST_F(FileImportati, NothingThatIsReadIsWritten) {

@@ -15,18 +15,13 @@ std::string dueCifre(int numero) {
   return {static_cast<char>('0' + numero / 10), static_cast<char>('0' + numero % 10)};
 }
 
-bool illeggibile(const Lettura& lettura) {
-  if (!lettura.righe.empty() || lettura.messaggi.size() != 1) return false;
-  const intake::Codice codice = lettura.messaggi.front().codice;
-  return codice >= intake::Codice::F01 && codice <= intake::Codice::F05;
-}
-
 }  // namespace
 
 void tralasciaIllegibili(std::vector<Lettura>& letture) {
-  if (std::all_of(letture.begin(), letture.end(), illeggibile)) return;
+  if (std::all_of(letture.begin(), letture.end(), [](const Lettura& una) { return una.illeggibile(); }))
+    return;
   for (Lettura& lettura : letture) {
-    if (illeggibile(lettura)) lettura.messaggi.front().gravita = intake::Gravita::Informazione;
+    if (lettura.illeggibile()) lettura.messaggi.front().gravita = intake::Gravita::Informazione;
   }
 }
 

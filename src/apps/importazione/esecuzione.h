@@ -13,7 +13,7 @@
 namespace cu {
 
 // A bad file stops nothing as long as there is a good one: the message of a file that cannot be read at all
-// becomes an information.
+// becomes an information. It stays out of the history.
 void tralasciaIllegibili(std::vector<intake::Lettura>& letture);
 
 // "2018-03-05 10:30:00", of the machine's clock.
