@@ -43,10 +43,10 @@ struct Decisione {
   bool sovrascriviConto = false;  // the account's corrections by hand are given up
   // Of an invoice: when it was paid, with which reason, which of its proposals (RigaFattura::proposte) is
   // right, or the amounts themselves.
-  std::optional<Date> pagamento;
-  std::string causale;
-  std::optional<std::size_t> proposta;
-  std::optional<schede::Importi> importi;
+  std::optional<Date> pagamento{};
+  std::string causale{};
+  std::optional<std::size_t> proposta{};
+  std::optional<schede::Importi> importi{};
 };
 
 struct RichiestaPiano {
@@ -57,7 +57,7 @@ struct RichiestaPiano {
   bool databaseEstraneo = false;  // the database may be one that this program has not created
   Date oggi;
   std::map<Posizione, Decisione> decisioni;
-  OpzioniFatture fatture;
+  OpzioniFatture fatture{};
 };
 
 struct ArchivioLetto;
