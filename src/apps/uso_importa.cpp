@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "apps/comune/argomenti.h"
 #include "apps/importa/comandi_importa.h"
 #include "apps/importazione/resoconto.h"
 #include "apps/importazione/scrittura_tabella.h"
@@ -149,6 +150,60 @@ void aggiungiUndo(CLI::App& import, Esecuzione& esegui) {
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoUndo(*opzioni); }; });
 }
 
+// When the invoices were paid: as the table says, on the date of each, or on one day.
+void aggiungiPagamento(CLI::App& comando, OpzioniImportFatture& opzioni) {
+  const auto leggi = [&opzioni](const CLI::results_t& valori) {
+    using intake::FontePagamento;
+    const std::string& valore = valori.back();
+    opzioni.fonte = FontePagamento::Giorno;
+    if (valore == "file") opzioni.fonte = FontePagamento::Tavola;
+    if (valore == "document") opzioni.fonte = FontePagamento::Documento;
+    if (opzioni.fonte != FontePagamento::Giorno) return true;
+    opzioni.giorno = leggiData(valore);
+    if (opzioni.giorno) return true;
+    throw CLI::ValidationError("--payment-date", "atteso file, document o una data");
+  };
+  comando
+      .add_option("--payment-date", leggi,
+                  "La data di pagamento, che le fatture non hanno: file la prende da --dates-file, document "
+                  "propone la data del documento, una data vale per tutte")
+      ->required()
+      ->type_name("file|document|DATA")
+      ->expected(1);
+  comando
+      .add_option("--dates-file", opzioni.date,
+                  "Tabella delle date: CodiceFiscale, PartitaIva o CodicePercipiente, NumeroDocumento, "
+                  "DataDocumento, DataPagamento")
+      ->type_name("FILE");
+}
+
+void aggiungiImportFatture(CLI::App& import, Esecuzione& esegui) {
+  CLI::App& comando = aggiungiComando(import, "invoices", "Importa i compensi dalle fatture elettroniche");
+  auto opzioni = std::make_shared<OpzioniImportFatture>();
+  OpzioniImport& comuni = opzioni->comuni;
+  comando
+      .add_option("file", comuni.file,
+                  "Fatture (XML, anche firmate), cartelle e archivi ZIP, comunque si chiamino")
+      ->required()
+      ->type_name("FILE|CARTELLA|ZIP");
+  aggiungiIndirizzo(comando, comuni.database);
+  aggiungiAzienda(comando, comuni.azienda)->required();
+  aggiungiPagamento(comando, *opzioni);
+  aggiungiModiDiLettura(comando, comuni);
+  aggiungiAnno(comando, comuni.anno, "Solo i compensi pagati in questo anno");
+  aggiungiDecisioni(comando, comuni);
+  comando.callback([&esegui, opzioni] {
+    if (std::count(opzioni->comuni.file.begin(), opzioni->comuni.file.end(), "-") > 0)
+      throw CLI::ValidationError("file", "le fatture non si leggono dall'ingresso standard");
+    const bool tavola = opzioni->fonte == intake::FontePagamento::Tavola;
+    if (tavola && opzioni->date.empty())
+      throw CLI::ValidationError("--payment-date", "file richiede --dates-file");
+    if (!tavola && !opzioni->date.empty())
+      throw CLI::ValidationError("--dates-file", "vale solo con --payment-date file");
+    esegui = [opzioni] { return comandoImportFatture(*opzioni); };
+  });
+}
+
 CLI::Option* aggiungiFileTabella(CLI::App& comando, const char* nome, std::string& file) {
   return comando.add_option(nome, file, "Il file da scrivere")
       ->required()
@@ -159,10 +214,12 @@ CLI::Option* aggiungiFileTabella(CLI::App& comando, const char* nome, std::strin
 }  // namespace
 
 void aggiungiImport(CLI::App& programma, Esecuzione& esegui) {
-  CLI::App& import = aggiungiComando(programma, "import",
-                                     "Importa aziende, percipienti e compensi da tabelle di altri programmi");
+  CLI::App& import =
+      aggiungiComando(programma, "import",
+                      "Importa aziende, percipienti e compensi da tabelle di altri programmi e da fatture");
   import.require_subcommand(1);
   for (const Elenco elenco : kElenchi) aggiungiImportDi(import, elenco, esegui);
+  aggiungiImportFatture(import, esegui);
   aggiungiHistory(import, esegui);
   aggiungiUndo(import, esegui);
 }

@@ -8,10 +8,11 @@
 #include "apps/comune/connessioni.h"
 #include "intake/colonne.h"
 #include "intake/messaggi.h"
+#include "intake/opzioni_fatture.h"
 #include "intake/piano.h"
 
-// The commands that bring data in from other programs and out for them. docs/importazione.md describes their
-// tables, messages and answers.
+// The commands that bring data in from other programs and from invoices, and out for them.
+// docs/importazione.md describes their tables, messages and answers.
 namespace cu {
 
 struct OpzioniImport {
@@ -34,6 +35,14 @@ struct OpzioniImport {
   bool applica = false;
 };
 int comandoImport(const OpzioniImport& opzioni);
+
+struct OpzioniImportFatture {
+  OpzioniImport comuni;  // its ways of reading are those of the table of dates
+  intake::FontePagamento fonte = intake::FontePagamento::Nessuna;
+  std::optional<Date> giorno;  // of FontePagamento::Giorno
+  std::string date;            // the table of dates; of FontePagamento::Tavola
+};
+int comandoImportFatture(const OpzioniImportFatture& opzioni);
 
 struct OpzioniHistory {
   OpzioniDatabase database;

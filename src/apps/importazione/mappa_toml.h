@@ -25,6 +25,7 @@ Mappa leggiMappa(const std::string& file);
 struct ScopoMappa {
   std::string formato;
   std::string impronta;
+  std::string azienda;  // of a profile for invoices
 };
 ScopoMappa scopoMappa(std::string_view testo, const std::string& file);
 

@@ -4,7 +4,6 @@
 #include <QStandardPaths>
 #include <algorithm>
 #include <filesystem>
-#include <vector>
 
 #include "intake/lettura_righe.h"
 #include "suite/lettore_toml.h"
@@ -17,17 +16,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kEstensione = ".toml";
-
-// The profiles of a folder, sorted; none for a folder that is not there.
-std::vector<std::string> profiliDi(const std::string& cartella) {
-  std::vector<std::string> file;
-  std::error_code errore;
-  for (const fs::directory_entry& voce : fs::directory_iterator(cartella, errore)) {
-    if (voce.path().extension() == kEstensione) file.push_back(voce.path().string());
-  }
-  std::sort(file.begin(), file.end());
-  return file;
-}
 
 bool stessaLettura(const tabelle::OpzioniLettura& a, const tabelle::OpzioniLettura& b) {
   return a.separatore == b.separatore && a.caratteri == b.caratteri && a.foglio == b.foglio &&
@@ -73,6 +61,16 @@ std::string improntaIntestazione(const tabelle::Tabella& tabella) {
     somma.addData(QByteArrayView(nome.data(), static_cast<qsizetype>(nome.size())));
   }
   return somma.result().toHex().toStdString();
+}
+
+std::vector<std::string> profiliDi(const std::string& cartella) {
+  std::vector<std::string> file;
+  std::error_code errore;
+  for (const fs::directory_entry& voce : fs::directory_iterator(cartella, errore)) {
+    if (voce.path().extension() == kEstensione) file.push_back(voce.path().string());
+  }
+  std::sort(file.begin(), file.end());
+  return file;
 }
 
 std::string cartellaMappe() {

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "apps/importazione/mappa_toml.h"
 
@@ -13,6 +14,8 @@ std::string improntaIntestazione(const tabelle::Tabella& tabella);
 
 // The folder of a person's mapping profiles, below the one for configuration; it need not exist.
 std::string cartellaMappe();
+// The files of the profiles in a folder, sorted; none for a folder that is not there.
+std::vector<std::string> profiliDi(const std::string& cartella);
 
 struct MappaTrovata {
   std::string file;

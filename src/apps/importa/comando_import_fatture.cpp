@@ -1,0 +1,89 @@
+#include <filesystem>
+#include <iostream>
+#include <utility>
+
+#include "apps/comune/codici_uscita.h"
+#include "apps/comune/file_letto.h"
+#include "apps/importa/database_importa.h"
+#include "apps/importa/passi_import.h"
+#include "apps/importazione/esecuzione.h"
+#include "apps/importazione/file_importato.h"
+#include "apps/importazione/mappa_fatture.h"
+#include "apps/importazione/mappe_personali.h"
+#include "intake/lettura_fatture.h"
+#include "schede/aziende.h"
+#include "suite/orologio.h"
+
+namespace cu {
+namespace {
+
+using intake::FontePagamento;
+
+void verificaOpzioni(const OpzioniImportFatture& opzioni) {
+  verificaResoconto(opzioni.comuni);
+  const std::string& resoconto = opzioni.comuni.resoconto;
+  if (stessoFile(resoconto, opzioni.date))
+    throw UsoSbagliato("--report: " + resoconto + " è la tabella delle date");
+  for (const std::string& percorso : opzioni.comuni.file) {
+    // One that a person names and that is not there is a mistake in the command line.
+    if (!std::filesystem::is_directory(percorso)) const FileLetto apribile(percorso);
+  }
+}
+
+std::string codiceFiscaleDi(Connection& connessione, std::int32_t idAzienda) {
+  for (const schede::SchedaAzienda& azienda : schede::Aziende(connessione).tutte()) {
+    if (azienda.id == idAzienda) return azienda.sede.codiceFiscale;
+  }
+  return {};
+}
+
+MappaFatture mappaPer(const OpzioniImport& opzioni, Connection& connessione, std::int32_t idAzienda) {
+  if (!opzioni.mappa.empty()) return leggiMappaFatture(opzioni.mappa);
+  auto trovata = cercaMappaFatture(cartellaMappe(), codiceFiscaleDi(connessione, idAzienda));
+  if (!trovata) return {};
+  std::cerr << "Fatture lette con la mappatura " << trovata->file << '\n';
+  return std::move(trovata->mappa);
+}
+
+// The dates, and what is wrong with their table.
+std::vector<intake::Messaggio> leggiTavola(const OpzioniImportFatture& opzioni, intake::Mappatura mappatura,
+                                           Date oggi, intake::OpzioniFatture& fatture) {
+  if (opzioni.fonte != FontePagamento::Tavola) return {};
+  applicaOpzioni(opzioni.comuni, mappatura);
+  const FileImportatoInMemoria file = leggiFileImportato(opzioni.date);
+  intake::TavolaDate tavola = intake::leggiDate(file.byte, file.nome, mappatura, oggi);
+  fatture.date = std::move(tavola.date);
+  return std::move(tavola.messaggi);
+}
+
+}  // namespace
+
+int comandoImportFatture(const OpzioniImportFatture& opzioni) {
+  try {
+    const Date oggi = OrologioSistema().today();
+    verificaOpzioni(opzioni);
+    DatabaseSuite database = apriDatabase(opzioni.comuni.database);
+    Connection& connessione = database.ownConnection();
+    intake::RichiestaPiano richiesta = richiestaDi(opzioni.comuni, connessione, oggi);
+    const MappaFatture mappa = mappaPer(opzioni.comuni, connessione, richiesta.idAzienda);
+    applicaMappa(mappa, richiesta.fatture);
+    richiesta.fatture.fonte = opzioni.fonte;
+    richiesta.fatture.giorno = opzioni.giorno.value_or(Date());
+    std::vector<intake::Messaggio> messaggi = leggiTavola(opzioni, mappa.date, oggi, richiesta.fatture);
+    intake::LettureFatture lette =
+        intake::leggiFatture({opzioni.comuni.file.begin(), opzioni.comuni.file.end()}, oggi);
+    if (opzioni.comuni.saltaFileIllegibili) tralasciaIllegibili(lette.letture);
+    for (const auto& [che, quanti] : lette.ignorati)
+      std::cerr << "Tralasciati: " << quanti << " (" << che << ")\n";
+    intake::Piano piano = intake::pianifica(connessione, std::move(lette.letture), richiesta);
+    piano.messaggi.insert(piano.messaggi.begin(), messaggi.begin(), messaggi.end());
+    return concludi(opzioni.comuni, database, piano);
+  } catch (const UsoSbagliato& errore) {
+    return rifiutaUso(errore);
+  } catch (const FileIlleggibile& errore) {
+    std::cerr << errore.what() << '\n';
+    return kUsoSbagliato;
+  }
+}
+
+}  // namespace cu
