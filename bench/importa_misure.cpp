@@ -2,10 +2,6 @@
 // same rows. Arguments: the number of payees and that of payments. As "importa_misure bare FROM TO" it is the
 // bare side: it copies the rows of one database to another one.
 
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -17,6 +13,7 @@
 #include <vector>
 
 #include "bare_database.h"
+#include "child_run.h"
 #include "misura.h"
 
 namespace cu::bench {
@@ -33,37 +30,6 @@ constexpr struct {
                 {"CuImportazioneFile", kThirdBatch},
                 {"CuImportazioneRiga", kThirdBatch},
                 {"CuImportazioneConto", kThirdBatch}};
-using Arguments = std::vector<std::string>;
-
-// Time and peak memory of a process.
-struct Cost {
-  double seconds = 1e9;
-  double mebibytes = 0;
-};
-
-Cost run(const Arguments& arguments) {
-  std::vector<char*> texts;
-  for (const std::string& each : arguments) texts.push_back(const_cast<char*>(each.c_str()));
-  texts.push_back(nullptr);
-  Cost cost;
-  rusage usage{};
-  int status = 0;
-  cost.seconds = seconds([&] {
-    const pid_t child = ::fork();
-    if (child == 0) {
-      for (std::FILE* stream : {stdout, stderr}) {
-        if (std::freopen("/dev/null", "w", stream) == nullptr) ::_exit(126);
-      }
-      ::execv(texts.front(), texts.data());
-      ::_exit(127);
-    }
-    ::wait4(child, &status, 0, &usage);
-  });
-  if (status != 0) throw std::runtime_error("has failed: " + arguments.front() + " " + arguments[1]);
-  cost.mebibytes = static_cast<double>(usage.ru_maxrss) / 1024;
-  return cost;
-}
-
 // ---- the bare side: a cursor on the rows, and one prepared INSERT with its values
 
 void copyTable(BareDatabase& from, BareDatabase& to, const std::string& table, const char* condition) {

@@ -151,6 +151,14 @@ ValoriRiga valori(const Piano& piano, const RigaPiano& riga) {
   return nominati(piano.elenco, letti);
 }
 
+ValoriRiga valoriPercipienteNuovo(const Piano& piano, const RigaPiano& riga) {
+  if (riga.percipienteNuovo == kSenzaVoce) return {};
+  const ArchivioLetto& archivio = *piano.archivio;
+  return nominati(Elenco::Percipienti, valoriPercipiente(piano.percipienti[riga.percipienteNuovo].dopo,
+                                                         piano.accantoPercipienti[riga.percipienteNuovo],
+                                                         archivio.luoghi, archivio.elenchi));
+}
+
 ValoriRiga chiave(const Piano& piano, const RigaPiano& riga) {
   ValoriRiga tutti = valori(piano, riga);
   const auto nomi = colonne(piano.elenco).first(colonneChiave(piano.elenco));

@@ -163,6 +163,8 @@ struct Piano {
 using ValoriRiga = std::vector<std::pair<std::string, std::string>>;
 ValoriRiga chiave(const Piano& piano, const RigaPiano& riga);
 ValoriRiga valori(const Piano& piano, const RigaPiano& riga);
+// The same of the payee that an invoice's row proposes as new; nothing where it proposes none.
+ValoriRiga valoriPercipienteNuovo(const Piano& piano, const RigaPiano& riga);
 // The amounts of an account under the columns of the list of payments.
 ValoriRiga importi(const schede::Importi& importi);
 

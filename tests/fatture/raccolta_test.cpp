@@ -1,14 +1,13 @@
 #include "fatture/raccolta.h"
 
 #include <gtest/gtest.h>
-#include <zip.h>
 
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <utility>
 #include <vector>
 
+#include "fatture/archivio_prova_support.h"
 #include "fatture/busta_prova_support.h"
 #include "fatture/documento_prova.h"
 
@@ -16,27 +15,6 @@ namespace cu::fatture {
 namespace {
 
 using namespace prova;
-
-using Membri = std::vector<std::pair<std::string, std::string>>;
-
-std::string zipDi(const Membri& membri) {
-  zip_source_t* const sorgente = zip_source_buffer_create(nullptr, 0, 0, nullptr);
-  zip_source_keep(sorgente);
-  zip_t* const zip = zip_open_from_source(sorgente, ZIP_CREATE | ZIP_TRUNCATE, nullptr);
-  for (const auto& [nome, byte] : membri) {
-    const zip_int64_t indice = zip_file_add(
-        zip, nome.c_str(), zip_source_buffer(zip, byte.data(), byte.size(), 0), ZIP_FL_ENC_UTF_8);
-    EXPECT_GE(indice, 0) << nome;
-  }
-  EXPECT_EQ(zip_close(zip), 0);
-  zip_source_open(sorgente);
-  zip_source_seek(sorgente, 0, SEEK_END);
-  std::string byte(static_cast<std::size_t>(zip_source_tell(sorgente)), '\0');
-  zip_source_seek(sorgente, 0, SEEK_SET);
-  zip_source_read(sorgente, byte.data(), byte.size());
-  zip_source_free(sorgente);
-  return byte;
-}
 
 const std::string kNotifica = "<a:RicevutaConsegna xmlns:a=\"x\"/>";
 const std::string kMetadati = "<a:MetadatiInvioFile xmlns:a=\"x\"/>";
@@ -80,9 +58,9 @@ TEST_F(RaccoltaDiFile, WalksAFolderInTheOrderOfNamesAndCountsTheRest) {
   scrivi("rotto.xml", parcellaXml().substr(0, 300));
   scrivi("film.bin", std::string(std::size_t{30} << 20U, '\1'));
   const Ignorati ignorati = raccogli(cartella_, ricevuti_.ricevente());
-  EXPECT_EQ(ricevuti_.voci, (std::vector<std::string>{"RC.xml: 0", "a.txt: 1", "b.xml: 1", "rotto.xml: F03", "c.p7m: 1"}));
-  EXPECT_EQ(ignorati,
-            (Ignorati{{"file che non è una fattura", 2}, {"file vuoto", 1}}));
+  EXPECT_EQ(ricevuti_.voci,
+            (std::vector<std::string>{"RC.xml: 0", "a.txt: 1", "b.xml: 1", "rotto.xml: F03", "c.p7m: 1"}));
+  EXPECT_EQ(ignorati, (Ignorati{{"file che non è una fattura", 2}, {"file vuoto", 1}}));
 }
 
 TEST_F(RaccoltaDiFile, GivesAFileThatTheCallerNamesWhateverItIs) {

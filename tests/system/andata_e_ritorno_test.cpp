@@ -62,6 +62,7 @@ INSTANTIATE_TEST_SUITE_P(Formati, TabelleDiUnAzienda, testing::Values(".csv", ".
 struct CasoAzienda {
   const char* nome;
   Argomenti crea;
+  bool fatture = false;  // with the payments of the electronic invoices of docs/esempio
   friend void PrintTo(const CasoAzienda& caso, std::ostream* dove) { *dove << caso.nome; }
 };
 
@@ -70,6 +71,7 @@ class FileDiUnAzienda : public ::testing::TestWithParam<CasoAzienda> {
   FileDiUnAzienda() {
     crea(da_, GetParam().crea);
     crea(a_, {"--empty"});
+    if (GetParam().fatture) importaFatture();
   }
 
   static std::string indirizzo(const Posto& posto) { return "sqlite:" + (posto.cartella() / kFile); }
@@ -80,6 +82,17 @@ class FileDiUnAzienda : public ::testing::TestWithParam<CasoAzienda> {
     const Esecuzione creato = posto.cuctl(argomenti);
     ASSERT_EQ(creato.codice, 0) << creato.errori;
     posto.imposta("database.url", std::string("\"sqlite:") + kFile + '"');
+  }
+
+  void importaFatture() {
+    const std::string esempio = CU_ESEMPIO;
+    const std::string mappa = da_.cartella().write(
+        "fatture.toml", "formato = \"fatture\"\n[colonne]\nCausale = { costante = \"A\" }\n");
+    const Esecuzione importate = da_.cuctl(
+        {"import", "invoices", esempio + "/fatture/pronte", "--database", indirizzo(da_), "--company", "1",
+         "--map", mappa, "--payment-date", "file", "--dates-file", esempio + "/date_pagamento.csv",
+         "--accept", "R06,R07,R08,R09,R10,V09,A04,P11", "--apply"});
+    ASSERT_EQ(importate.codice, 0) << importate.uscita << importate.errori;
   }
 
   // Removes what has no place in the tables.
@@ -170,6 +183,7 @@ TEST_P(FileDiUnAzienda, AreTheSameToTheByte) {
 
 const CasoAzienda kCasiAzienda[] = {
     {"demonstration", {"--demo"}},
+    {"invoices", {"--demo"}, true},
     {"seed1", {"--payees", "40", "--years", "2014-2017", "--seed", "1"}},
     {"seed2", {"--payees", "25", "--years", "2014-2017", "--seed", "2"}},
     {"seed3", {"--payees", "60", "--years", "2014-2017", "--seed", "3"}},

@@ -61,14 +61,31 @@ std::vector<Value> rigaCsv(const intake::PostoMessaggio& posto, std::string_view
           oTesto(messaggio.testo)};
 }
 
-intake::PostoMessaggio postoDi(const Piano& piano, const RigaPiano& riga) {
-  const intake::Lettura& lettura = (*piano.letture)[riga.posizione.file];
-  return {lettura.file, lettura.foglio, lettura.righe[riga.posizione.riga].numero};
+// In a table the row is a number: of an invoice that of its document.
+intake::PostoMessaggio postoInTabella(const Piano& piano, const RigaPiano& riga) {
+  intake::PostoMessaggio posto = piano.posto(riga);
+  posto.riga = piano.letta(riga).numero;
+  return posto;
+}
+
+// Why the row is left out, and how its amounts follow from the document.
+std::string spiegazione(const Piano& piano, const RigaPiano& riga) {
+  std::string testo;
+  for (const std::string& una : spiegazioni(piano, riga)) testo += (testo.empty() ? "" : "; ") + una;
+  return testo;
 }
 
 bool errore(const Messaggio& messaggio) { return messaggio.gravita == Gravita::Errore; }
 
 }  // namespace
+
+std::vector<std::string> spiegazioni(const Piano& piano, const RigaPiano& riga) {
+  std::vector<std::string> tutte;
+  const std::string& letta = piano.letta(riga).esclusa;
+  if (!riga.esclusa.empty() || !letta.empty()) tutte.push_back(riga.esclusa.empty() ? letta : riga.esclusa);
+  tutte.insert(tutte.end(), riga.spiegazioni.begin(), riga.spiegazioni.end());
+  return tutte;
+}
 
 bool fileDiResoconto(const std::string& file) {
   return finisceCosi(file, ".json") || finisceCosi(file, ".csv");
@@ -89,15 +106,15 @@ std::string resocontoCsv(const Piano& piano) {
     tabella.righe.push_back(rigaCsv(messaggio.posto, {}, messaggio));
   }
   for (const RigaPiano& riga : piano.righe) {
-    const intake::PostoMessaggio posto = postoDi(piano, riga);
+    const intake::PostoMessaggio posto = postoInTabella(piano, riga);
     const std::string_view stato = intake::nome(riga.stato);
     for (const Messaggio& messaggio : riga.messaggi) {
       tabella.righe.push_back(rigaCsv(posto, stato, messaggio));
     }
-    if (!riga.messaggi.empty()) continue;
+    const std::string parole = spiegazione(piano, riga);
+    if (!riga.messaggi.empty() && parole.empty()) continue;
     tabella.righe.push_back({oTesto(posto.file), Value::ofInteger(static_cast<std::int64_t>(posto.riga)),
-                             Value(), oTesto(std::string(stato)), Value(),
-                             oTesto(piano.letta(riga).esclusa)});
+                             Value(), oTesto(std::string(stato)), Value(), oTesto(parole)});
   }
   return tabelle::scriviCsv(tabella);
 }
@@ -106,7 +123,7 @@ void scriviMessaggi(const Piano& piano, std::ostream& uscita) {
   for (const Messaggio& messaggio : piano.messaggi) uscita << dettoMessaggio(messaggio) << '\n';
   for (const RigaPiano& riga : piano.righe) {
     if (riga.messaggi.empty()) continue;
-    const intake::PostoMessaggio posto = postoDi(piano, riga);
+    const intake::PostoMessaggio posto = piano.posto(riga);
     for (const Messaggio& messaggio : riga.messaggi) uscita << dettoMessaggio(posto, messaggio) << '\n';
   }
 }

@@ -7,6 +7,7 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "intake/annulla.h"
 #include "intake/piano.h"
@@ -30,6 +31,9 @@ void scriviResoconto(const std::string& file, const intake::Piano& piano, const 
 void resocontoJson(const intake::Piano& piano, const EsitoImportazione& esito,
                    const std::function<void(std::string_view)>& scrivi);  // in pieces, in order
 std::string resocontoCsv(const intake::Piano& piano);
+
+// Why a row is left out; of an invoice, how its amounts follow from the document.
+std::vector<std::string> spiegazioni(const intake::Piano& piano, const intake::RigaPiano& riga);
 
 // Every message on a line with its place: those of files and accounts, then those of the rows in order.
 void scriviMessaggi(const intake::Piano& piano, std::ostream& uscita);

@@ -48,13 +48,18 @@ Json jsonRiga(const Piano& piano, const RigaPiano& riga) {
   Json messaggi = Json::array();
   for (const Messaggio& messaggio : riga.messaggi) messaggi.push_back(jsonMessaggio(messaggio));
   const intake::Lettura& lettura = (*piano.letture)[riga.posizione.file];
-  return {{"file", lettura.file},
-          {"row", lettura.righe[riga.posizione.riga].numero},
-          {"state", intake::nome(riga.stato)},
-          {"key", jsonValori(intake::chiave(piano, riga))},
-          {"values", jsonValori(intake::valori(piano, riga))},
-          {"derived", std::move(derivati)},
-          {"messages", std::move(messaggi)}};
+  Json json = {{"file", lettura.file},
+               {"row", lettura.righe[riga.posizione.riga].numero},
+               {"state", intake::nome(riga.stato)},
+               {"key", jsonValori(intake::chiave(piano, riga))},
+               {"values", jsonValori(intake::valori(piano, riga))},
+               {"derived", std::move(derivati)},
+               {"messages", std::move(messaggi)}};
+  if (lettura.fatture == nullptr) return json;
+  json["explanations"] = spiegazioni(piano, riga);
+  const intake::ValoriRiga nuovo = intake::valoriPercipienteNuovo(piano, riga);
+  if (!nuovo.empty()) json["new_payee"] = jsonValori(nuovo);
+  return json;
 }
 
 Json jsonConto(const intake::ContoPiano& conto) {
