@@ -32,14 +32,14 @@ enum class FontePagamento : std::uint8_t {
 // How invoices become payments, beside what they say themselves.
 struct OpzioniFatture {
   FontePagamento fonte = FontePagamento::Nessuna;
-  Date giorno;                   // of Giorno
-  std::vector<DataPagata> date;  // of Tavola
+  Date giorno{};                   // of Giorno
+  std::vector<DataPagata> date{};  // of Tavola
   // What a reason of a document means: "Z" -> "ZO".
-  std::map<std::string, std::string> causali;
+  std::map<std::string, std::string> causali{};
   // The reason of sellers in the flat-rate scheme, and those of single ones by their code, fiscal code or VAT
   // number, which precede it and what the document says. "" for none: it is to be decided.
-  std::string causaleForfettari;
-  std::map<std::string, std::string> causaliPercipienti;
+  std::string causaleForfettari{};
+  std::map<std::string, std::string> causaliPercipienti{};
   // Invoices to another company (F06) are left out rather than errors.
   bool tralasciaAltrui = false;
 };

@@ -108,6 +108,9 @@ void PercipientiNuovi::giudica(RigaInCorso& corso, Proposto& proposto) {
   applicaCampi(suo, archivio_, voce.dopo, accanto, true);
   for (const Mancanza mancanza : mancanze(voce.dopo, archivio_.luoghi))
     suo.segnala(Codice::P11, std::string(mancanza->messaggio));
+  // What else is missing is asked for once it is certain that the payee is new.
+  if (std::any_of(riga.messaggi.begin(), riga.messaggi.end(), ferma))
+    std::erase_if(riga.messaggi, [](const Messaggio& uno) { return !ferma(uno); });
   for (Messaggio& uno : riga.messaggi) {
     uno.testo = "percipiente nuovo " + detto(voce.dopo.anagrafica) + ": " + uno.testo;
     (ferma(uno) ? proposto.messaggi : corso.riga().messaggi).push_back(uno);

@@ -18,7 +18,7 @@ void mettiCampo(RigaLetta& riga, ColonnaCompenso colonna, CellView valore, bool 
   campoDi(riga, rango) = {rango, StatoCampo::Dato, derivato, valore};
 }
 
-schede::Importi importiDi(const fatture::ImportiFattura& importi) {
+schede::Importi importiDaFattura(const fatture::ImportiFattura& importi) {
   using enum schede::Importo;
   schede::Importi suoi{};
   suoi[posto(Onorario)] = importi.onorario;
@@ -54,7 +54,7 @@ std::string chiE(const fatture::Soggetto& chi) {
 std::vector<schede::Importi> importiProposti(const RigaFattura& riga) {
   std::vector<schede::Importi> tutti;
   tutti.reserve(riga.proposte.size());
-  for (const fatture::Candidato& una : riga.proposte) tutti.push_back(importiDi(una.importi));
+  for (const fatture::Candidato& una : riga.proposte) tutti.push_back(importiDaFattura(una.importi));
   return tutti;
 }
 
@@ -151,7 +151,7 @@ bool PianoFatture::scegliProposta(RigaInCorso& corso, const Documento& sua, Fatt
     return false;
   }
   const std::size_t quale = scelta && presa.proposta && !presa.importi ? *presa.proposta : 0;
-  const schede::Importi importi = presa.importi ? *presa.importi : importiDi(proposte[quale].importi);
+  const schede::Importi importi = presa.importi ? *presa.importi : importiDaFattura(proposte[quale].importi);
   for (std::size_t i = 0; i < kColonneImporti.size(); ++i) {
     const auto colonna = static_cast<std::uint8_t>(kColonneImporti[i]);
     std::erase_if(pronta.letta.campi, [&](const Campo& campo) { return campo.colonna == colonna; });

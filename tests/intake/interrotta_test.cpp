@@ -52,9 +52,8 @@ class Interrotta : public ::testing::Test {
   // The suite's tables, and the number of rows of the history's.
   std::vector<std::string> tutto() {
     std::vector<std::string> righe = banco.contenuto();
-    for (const char* tabella :
-         {"CuImportazione", "CuImportazioneFile", "CuImportazioneContenuto", "CuImportazioneRiga",
-          "CuImportazioneConto"}) {
+    for (const char* tabella : {"CuImportazione", "CuImportazioneFile", "CuImportazioneContenuto",
+                                "CuImportazioneRiga", "CuImportazioneConto"}) {
       righe.push_back(tabella + std::to_string(banco.quante(tabella)));
     }
     return righe;

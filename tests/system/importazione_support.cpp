@@ -82,7 +82,7 @@ LuogoImportazione::Tavole LuogoImportazione::tavole() const {
   for (const char* nome :
        {"Compenso", "ContoIndividuale", "ContoIndividualeDatiAggiuntivi", "(SELECT *, 0 FROM PeriodoIva)",
         "(SELECT *, 0 FROM AttivitaAziendaPerPeriodoIva)", "Anagrafica", "Percipiente", "CuImportazioneFile",
-        "CuImportazioneRiga", "CuImportazioneConto",
+        "CuImportazioneContenuto", "CuImportazioneRiga", "CuImportazioneConto",
         "(SELECT IDImportazione, IDAzienda, Elenco, Stato, Nuovi, Uguali FROM CuImportazione)"}) {
     tavole[nome] = lettore.tavola(nome);
   }
