@@ -17,7 +17,7 @@ using ::testing::HasSubstr;
 using Argomenti = std::vector<std::string>;
 
 constexpr const char* kElenchi[] = {"companies", "payees", "payments"};
-constexpr const char* kAccettati = "P11,P02,P03,P06";
+constexpr const char* kAccettati = "P11,P02,P03,P06,R06,R09";
 
 // The demonstration company's tables, exported and imported into an empty database.
 class TabelleDiUnAzienda : public ::testing::TestWithParam<const char*> {};
