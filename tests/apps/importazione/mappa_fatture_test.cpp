@@ -97,7 +97,7 @@ TEST(MappaDelleFatture, RejectsAWrongKeyWithWhatIsExpected) {
       {"formato = \"fatture\"\n[valori.DataPagamento]\n\"x\" = \"y\"",
        "fatture.toml: valori.DataPagamento: chiave non ammessa, atteso solo Causale"},
       {"formato = \"fatture\"\n[percipienti.P001]\nregime = \"RF19\"",
-       "fatture.toml: percipienti.P001.regime: chiave sconosciuta, atteso causale"},
+       "fatture.toml: percipienti.P001.regime: chiave sconosciuta, atteso uno di questi nomi: causale"},
       {"formato = \"fatture\"\n[percipienti.P001]\ncausale = \"\"",
        "fatture.toml: percipienti.P001.causale: valore non ammesso, atteso una causale, per esempio \"A\""},
       {"formato = \"fatture\"\n[percipienti.TMMLRI88D57L781H]\ncausale = \"A\"\n"
