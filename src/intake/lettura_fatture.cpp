@@ -275,11 +275,11 @@ Lettura LettoreFatture::leggi(fatture::Letto&& letto) {
   return lettura;
 }
 
-LettureFatture leggiFatture(const std::vector<std::filesystem::path>& percorsi, Date oggi,
-                            ProgressSink* avanzamento, const fatture::LimitiRaccolta& limiti) {
+LettureFatture leggiFatture(const std::vector<std::string>& percorsi, Date oggi, ProgressSink* avanzamento,
+                            const fatture::LimitiRaccolta& limiti) {
   LettureFatture tutte;
   LettoreFatture lettore(oggi);
-  for (const std::filesystem::path& percorso : percorsi) {
+  for (const std::string& percorso : percorsi) {
     const fatture::Ignorati ignorati = fatture::raccogli(
         percorso,
         [&](Letto&& letto) {

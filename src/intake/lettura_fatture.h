@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -73,7 +72,7 @@ struct LettureFatture {
 };
 // Reads files, folders and archives in the order given. Reports the number of files so far; an exception of
 // the sink ends it. Raises nothing of its own.
-LettureFatture leggiFatture(const std::vector<std::filesystem::path>& percorsi, Date oggi,
+LettureFatture leggiFatture(const std::vector<std::string>& percorsi, Date oggi,
                             ProgressSink* avanzamento = nullptr, const fatture::LimitiRaccolta& limiti = {});
 
 struct TavolaDate {
