@@ -210,4 +210,55 @@ press alt+r
 sleep 2
 front
 picture stato_invii
+# The forms for own data, each opened by its row.
+stop
+start
+press alt+p
+press Down
+press Return
+sleep 2
+front
+press alt+m
+sleep 1
+front
+picture azienda
+press Escape
+front
+press alt+p
+sleep 1
+front
+press alt+m
+sleep 1
+front
+picture percipiente
+press Escape
+front
+press Escape
+front
+press alt+o
+sleep 1
+front
+press alt+m
+sleep 1
+front
+picture compenso
+
+# Electronic invoices: what was read of them, and when they were paid.
+stop
+start --importa "$PWD/docs/esempio/fatture/pronte" "$PWD/docs/esempio/fatture/da_vedere"
+sleep 2
+front
+press alt+v
+sleep 3
+front
+picture fatture_documenti
+press alt+v
+sleep 1
+press alt+v
+sleep 1
+press alt+d
+press Down Down
+sleep 2
+front
+picture fatture_pagamenti
 ls -la "$pictures"

@@ -10,6 +10,7 @@
 
 #include "apps/assistente/finestra_storico.h"
 #include "apps/assistente/pagina_colonne.h"
+#include "apps/assistente/pagina_documenti.h"
 #include "apps/assistente/pagina_esito.h"
 #include "apps/assistente/pagina_lettura.h"
 #include "apps/assistente/pagina_prova.h"
@@ -37,7 +38,7 @@ FinestraAssistente::FinestraAssistente(Profilo profilo, const QStringList& file)
                    .cartellaMappe = cartellaMappe(),
                    .utente = "cuwizard",
                    .oggi = orologio(profilo_)->today()}) {
-  setWindowTitle(QStringLiteral("Importa da tabelle"));
+  setWindowTitle(QStringLiteral("Importa da tabelle e fatture"));
   auto* const colonna = new QVBoxLayout(this);
   auto* const mezzo = new QHBoxLayout;
   mezzo->addWidget(passi());
@@ -94,6 +95,8 @@ QWidget* FinestraAssistente::contenuto() {
   delPasso_[posto(Passo::Sorgente)] = sorgente;
   delPasso_[posto(Passo::Lettura)] = registra(new PaginaLettura(pagine_, assistente_));
   delPasso_[posto(Passo::Colonne)] = registra(new PaginaColonne(pagine_, assistente_));
+  documenti_ = registra(new PaginaDocumenti(pagine_, assistente_));
+  pagamenti_ = registra(new PaginaRighe(pagine_, assistente_, intake::Elenco::Compensi, true));
   delPasso_[posto(Passo::Percipienti)] = registra(new PaginaSoggetti(pagine_, assistente_));
   delPasso_[posto(Passo::Prova)] = registra(new PaginaProva(pagine_, assistente_));
   auto* const esito = registra(new PaginaEsito(pagine_, assistente_));
@@ -117,6 +120,8 @@ PaginaRighe* FinestraAssistente::righeDi(intake::Elenco elenco) {
 Pagina* FinestraAssistente::paginaDelPasso() {
   const bool compensi = assistente_.elenco() == intake::Elenco::Compensi;
   const Passo passo = assistente_.passo();
+  if (assistente_.fatture() && passo == Passo::Colonne) return documenti_;
+  if (assistente_.fatture() && passo == Passo::Compensi) return pagamenti_;
   if (passo == Passo::Compensi || (passo == Passo::Percipienti && !compensi))
     return righeDi(assistente_.elenco());
   return delPasso_[posto(passo)];
@@ -159,7 +164,10 @@ void FinestraAssistente::closeEvent(QCloseEvent* event) {
   Finestra::closeEvent(event);
 }
 
-QString FinestraAssistente::capitolo() const { return QStringLiteral("Importare da tabelle"); }
+QString FinestraAssistente::capitolo() const {
+  return assistente_.fatture() ? QStringLiteral("Importare da fatture elettroniche")
+                               : QStringLiteral("Importare da tabelle");
+}
 
 void FinestraAssistente::aggiungi(const QStringList& file) {
   if (file.isEmpty() || (lavora() && scrive_) || assistente_.passo() == Passo::Esito) return;

@@ -72,6 +72,8 @@ class FinestraAssistente : public strumenti::Finestra {
   QStackedWidget* pagine_ = nullptr;
   std::array<Pagina*, kPassi> delPasso_{};
   std::array<PaginaRighe*, 3> righe_{};
+  PaginaRighe* pagamenti_ = nullptr;  // of invoices
+  Pagina* documenti_ = nullptr;
   strumenti::Frase* risposta_ = nullptr;
   QPushButton* riprova_ = nullptr;
   QPushButton* indietro_ = nullptr;

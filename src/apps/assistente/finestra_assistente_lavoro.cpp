@@ -89,7 +89,7 @@ void FinestraAssistente::mostra() {
   Pagina* const pagina = paginaDelPasso();
   pagina->mostra();
   pagine_->setCurrentWidget(pagina);
-  titolo_->dici(qs(titoloPasso(assistente_.passo(), assistente_.elenco())));
+  titolo_->dici(qs(titoloPasso(assistente_.passo(), assistente_.elenco(), assistente_.fatture())));
   mostraPassi();
   abilita();
   if (std::exchange(arrivato_, false)) pagina->primo()->setFocus();
@@ -105,7 +105,7 @@ void FinestraAssistente::mostraPassi() {
                           : i == questo ? QStringLiteral("▸ ")
                                         : QStringLiteral("   ");
     QListWidgetItem* const voce = passi_->item(i);
-    const QString titolo = qs(titoloPasso(passo, assistente_.elenco()));
+    const QString titolo = qs(titoloPasso(passo, assistente_.elenco(), assistente_.fatture()));
     voce->setText(QStringLiteral("%1%2  %3").arg(segno).arg(numero).arg(titolo));
     const QString detto = i < questo    ? QStringLiteral("fatto")
                           : i == questo ? QStringLiteral("questo")

@@ -48,6 +48,8 @@ void PaginaEsito::mostra() {
   QString testo = QStringLiteral("✓ ") + qs(dettoEsito(piano, importata->esito, Migliaia::ConPunto));
   if (!piano.conti.empty())
     testo += u' ' + quante(piano.conti.size(), "conto ricostruito.", "conti ricostruiti.");
+  if (piano.elenco == intake::Elenco::Compensi && !piano.percipienti.empty())
+    testo += u' ' + quante(piano.percipienti.size(), "percipiente nuovo.", "percipienti nuovi.");
   if (importata->esito.lotto) {
     testo +=
         QStringLiteral(

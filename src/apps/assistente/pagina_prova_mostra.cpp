@@ -68,7 +68,9 @@ void PaginaProva::mostra() {
   diversi_->metti(stato().suDiversi());
   riquadroDiversi_->setVisible(piano_->quante(StatoRiga::Diverso) > 0 ||
                                stato().suDiversi() != intake::SuDiversi::Rifiuta);
-  errori_->setEnabled(!fileConRigheErrate(*piano_).empty());
+  // Documents are not put right by rows.
+  errori_->setVisible(!stato().fatture());
+  errori_->setEnabled(!stato().fatture() && !fileConRigheErrate(*piano_).empty());
   ripeti_->setVisible(stato().prova() && !stato().prova()->rifiuti.empty());
 }
 

@@ -4,9 +4,11 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "apps/assistente/riquadro_date.h"
 #include "apps/strumenti/casella_cerca.h"
 #include "apps/strumenti/conteggi.h"
 #include "apps/strumenti/frase.h"
@@ -42,10 +44,16 @@ bool haCodice(const intake::RigaPiano& riga, intake::Codice codice) {
 
 }  // namespace
 
-PaginaRighe::PaginaRighe(QWidget* parent, Assistente& assistente, intake::Elenco elenco)
-    : Pagina(parent, assistente) {
+PaginaRighe::PaginaRighe(QWidget* parent, Assistente& assistente, intake::Elenco elenco, bool fatture)
+    : Pagina(parent, assistente), fatture_(fatture) {
   auto* const colonna = new QVBoxLayout(this);
   colonna->setContentsMargins(0, 0, 0, 0);
+  if (fatture_) {
+    date_ = new RiquadroDate(this, stato());
+    date_->cambiata = [this] { cambia(); };
+    date_->errore = [this](const QString& testo) { mostraErrore(testo); };
+    colonna->addWidget(date_);
+  }
   conteggi_ = new strumenti::Frase(this);
   colonna->addWidget(conteggi_);
   componiFiltri(*colonna);
@@ -97,11 +105,21 @@ void PaginaRighe::componiTabella(QVBoxLayout& colonna, intake::Elenco elenco) {
        .titolo = "Stato",
        .testo = [riga](std::size_t q) { return qs(dettoStato(riga(q).stato)); },
        .detto = [riga](std::size_t q) { return qs(std::string(intake::nome(riga(q).stato))); }}};
+  // Documents have their files in the step before.
+  if (fatture_) colonne.erase(colonne.begin(), colonne.begin() + 2);
   std::size_t posto = 0;
   for (const ColonnaRiga& una : colonneDelleRighe(elenco)) {
     const auto cella = [this, posto](std::size_t q) -> const std::string& {
       return (*righe_)[q].celle[posto];
     };
+    if (fatture_ && una.genere == ColonnaRiga::Genere::Data) {
+      colonne.push_back(colonnaPagamento());
+      colonne.push_back({.chiave = "confine", .titolo = "Anno", .testo = [this](std::size_t q) {
+                           return dettoConfine(pagamenti_[q]);
+                         }});
+      ++posto;
+      continue;
+    }
     colonne.push_back({.chiave = una.titolo,
                        .titolo = una.titolo,
                        .testo = [cella, una](std::size_t q) { return cellaDetta(cella(q), una.genere); },
@@ -113,9 +131,10 @@ void PaginaRighe::componiTabella(QVBoxLayout& colonna, intake::Elenco elenco) {
                      .titolo = "Messaggi",
                      .testo = [this](std::size_t q) { return qs((*righe_)[q].messaggi); },
                      .intera = true});
-  tabella_ =
-      new strumenti::Tabella(QStringLiteral("assistente_righe_") + qs(std::string(intake::nome(elenco))),
-                             QStringLiteral("Righe da importare"), std::move(colonne), this);
+  tabella_ = new strumenti::Tabella(
+      QStringLiteral("assistente_righe_") +
+          (fatture_ ? QStringLiteral("fatture") : qs(std::string(intake::nome(elenco)))),
+      QStringLiteral("Righe da importare"), std::move(colonne), this);
   tabella_->filtro().passa = [this](std::size_t q) {
     if (piano_ == nullptr || q >= righe_->size()) return false;
     if (filtro_ && piano_->righe[q].stato != *filtro_) return false;
@@ -125,6 +144,47 @@ void PaginaRighe::componiTabella(QVBoxLayout& colonna, intake::Elenco elenco) {
   };
   tabella_->scelta = [this](auto) { mostraRiga(); };
   colonna.addWidget(tabella_, 1);
+}
+
+strumenti::Colonna PaginaRighe::colonnaPagamento() {
+  return {.chiave = "pagamento",
+          .titolo = "Pagamento",
+          .testo =
+              [this](std::size_t q) {
+                const bool escluso = piano_->righe[q].stato == StatoRiga::Escluso;
+                return escluso && pagamenti_[q].giorno == Date() ? QString() : dettoPagamento(pagamenti_[q]);
+              },
+          .ordine = [this](std::size_t q) { return qs(pagamenti_[q].giorno.toIso()); },
+          .scrivi = [this](std::size_t q, const QString& testo) { scriviPagamento(q, testo); },
+          .daScrivere =
+              [this](std::size_t q) {
+                const Date giorno = pagamenti_[q].giorno;
+                return giorno == Date() ? QString() : qs(giorno.toItalian());
+              }};
+}
+
+// An emptied cell gives the date back to where dates come from. The plan is made anew once the editor of the
+// cell has closed.
+void PaginaRighe::scriviPagamento(std::size_t riga, const QString& testo) {
+  const QString netto = testo.trimmed();
+  std::optional<Date> giorno;
+  if (!netto.isEmpty()) {
+    giorno = giornoScritto(netto.toStdString(), stato().ambiente().oggi.year() + 1);
+    if (!giorno) {
+      QTimer::singleShot(0, this, [this, netto] {
+        mostraErrore(
+            QStringLiteral("«%1» non è una data: si scrive giorno, mese e anno, come 20/3/2017.").arg(netto));
+      });
+      return;
+    }
+  }
+  QTimer::singleShot(0, this, [this, riga, giorno] {
+    if (stato().piano() != piano_) return;
+    const std::vector<std::size_t> quali{riga};
+    tabella_->avanza();
+    stato().decidi(quali, [&](intake::Decisione& decisione) { decisione.pagamento = giorno; });
+    cambia();
+  });
 }
 
 // What can be found of each row, once somebody searches.
@@ -197,6 +257,10 @@ void PaginaRighe::mostra() {
   piano_ = nuovo;
   righe_ = stato().righe();
   testi_.clear();
+  if (fatture_) {
+    pagamenti_ = pagamentiMostrati(*piano_);
+    date_->mostra();
+  }
   mostraConteggi();
   tabella_->mostra(piano_->righe.size());
   if (prima && *prima < piano_->righe.size()) tabella_->scegli(prima);
@@ -229,9 +293,12 @@ void PaginaRighe::mostraRiga() {
     messaggi_->dici({});
     return;
   }
-  messaggi_->dici(qs((*righe_)[*quale].messaggi));
+  QStringList detti;
+  for (const std::string& una : riga->spiegazioni) detti += qs(una);
+  if (!(*righe_)[*quale].messaggi.empty()) detti += qs((*righe_)[*quale].messaggi);
+  messaggi_->dici(detti.join(u'\n'));
   for (const intake::Candidato& uno : riga->candidati) candidati_->addItem(qs(uno.testo), uno.id);
-  if (piano_->elenco == intake::Elenco::Percipienti && haCodice(*riga, intake::Codice::P09)) {
+  if ((fatture_ || piano_->elenco == intake::Elenco::Percipienti) && haCodice(*riga, intake::Codice::P09)) {
     candidati_->addItem(QStringLiteral("nessuno di questi: un percipiente nuovo"), 0);
   }
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "apps/assistente/pagina.h"
+#include "apps/importazione/documenti_mostrati.h"
 
 class QCheckBox;
 class QPushButton;
@@ -12,20 +13,26 @@ class QVBoxLayout;
 
 namespace cu::strumenti {
 class CasellaCerca;
+struct Colonna;
 class Frase;
 class Tabella;
 }  // namespace cu::strumenti
 
 namespace cu::assistente {
 
+class RiquadroDate;
+
 // The rows of a list with what would become of each, and what a person decides of them.
 class PaginaRighe : public Pagina {
  public:
-  PaginaRighe(QWidget* parent, Assistente& assistente, intake::Elenco elenco);
+  // `fatture`: the rows are payments of invoices, of which the dates are written here.
+  PaginaRighe(QWidget* parent, Assistente& assistente, intake::Elenco elenco, bool fatture = false);
   void mostra() override;
   QWidget* primo() override;
 
  private:
+  strumenti::Colonna colonnaPagamento();
+  void scriviPagamento(std::size_t riga, const QString& testo);
   void componiFiltri(QVBoxLayout& colonna);
   void componiTabella(QVBoxLayout& colonna, intake::Elenco elenco);
   void componiDecisioni(QVBoxLayout& colonna);
@@ -37,6 +44,9 @@ class PaginaRighe : public Pagina {
   void scegliCandidato();
   void decidi(const std::function<void(intake::Decisione&)>& come);
 
+  bool fatture_ = false;
+  RiquadroDate* date_ = nullptr;  // of invoices
+  std::vector<PagamentoMostrato> pagamenti_;
   std::shared_ptr<const intake::Piano> piano_;
   std::shared_ptr<const std::vector<RigaMostrata>> righe_;
   std::optional<intake::StatoRiga> filtro_;

@@ -58,17 +58,23 @@ QWidget* PaginaSoggetti::primo() { return tabella_; }
 
 QString PaginaSoggetti::dettiConteggi() const {
   using Stato = SoggettoPiano::Stato;
-  std::array<std::size_t, 5> quanti{};
+  std::array<std::size_t, 6> quanti{};
   for (const SoggettoPiano& uno : soggetti_) ++quanti.at(static_cast<std::size_t>(uno.stato));
   const auto di = [&](Stato stato) { return quanti.at(static_cast<std::size_t>(stato)); };
   QString testo = quante(di(Stato::Trovato), "percipiente in archivio", "percipienti in archivio");
   if (di(Stato::Assente) > 0) {
     testo += QStringLiteral(", %1 non in archivio").arg(di(Stato::Assente));
   }
+  if (di(Stato::Nuovo) > 0) testo += QStringLiteral(", %1 proposti come nuovi").arg(di(Stato::Nuovo));
   if (di(Stato::DaScegliere) > 0) testo += QStringLiteral(", %1 da scegliere").arg(di(Stato::DaScegliere));
   if (di(Stato::InConflitto) > 0)
     testo += QStringLiteral(", %1 con codici in conflitto").arg(di(Stato::InConflitto));
   testo += u'.';
+  if (di(Stato::Nuovo) > 0) {
+    testo += QStringLiteral(
+        " Quelli nuovi si aggiungono all'archivio insieme ai loro compensi, con i dati che le fatture "
+        "hanno.");
+  }
   if (di(Stato::Assente) > 0) {
     testo += QStringLiteral(
         " Quelli che non sono in archivio si importano prima, come percipienti; le loro righe si possono "
@@ -97,14 +103,17 @@ void PaginaSoggetti::mostraScelta() {
   candidati_->clear();
   if (!una) return;
   for (const intake::Candidato& uno : soggetti_[*quale].candidati) candidati_->addItem(qs(uno.testo), uno.id);
+  if (stato().fatture()) candidati_->addItem(QStringLiteral("nessuno di questi: un percipiente nuovo"), 0);
 }
 
 void PaginaSoggetti::scegli() {
   const auto quale = tabella_->corrente();
   if (!quale || *quale >= soggetti_.size() || candidati_->currentIndex() < 0) return;
   const std::int32_t scelto = candidati_->currentData().toInt();
-  stato().decidi(soggetti_[*quale].righe,
-                 [scelto](intake::Decisione& decisione) { decisione.idAnagrafica = scelto; });
+  stato().decidi(soggetti_[*quale].righe, [scelto](intake::Decisione& decisione) {
+    decisione.idAnagrafica = scelto;
+    decisione.nuovoPercipiente = scelto == 0;
+  });
   cambia();
 }
 

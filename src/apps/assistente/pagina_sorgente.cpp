@@ -31,8 +31,10 @@ PaginaSorgente::PaginaSorgente(QWidget* parent, Assistente& assistente) : Pagina
   auto* const colonna = new QVBoxLayout(this);
   colonna->setContentsMargins(0, 0, 0, 0);
   colonna->addWidget(new strumenti::Frase(
-      this, QStringLiteral("I dati vengono da tabelle di un altro programma: file CSV, TSV o XLSX, che si "
-                           "possono anche trascinare qui. I file vengono soltanto letti.")));
+      this,
+      QStringLiteral("I dati vengono da tabelle di un altro programma (file CSV, TSV o XLSX) o da fatture "
+                     "elettroniche (file XML e P7M, archivi ZIP, cartelle), che si possono anche trascinare "
+                     "qui. I file vengono soltanto letti.")));
   componiFile(*colonna);
   componiScelte(*colonna);
   avviso_ = new strumenti::Frase(this);
@@ -68,12 +70,17 @@ PaginaSorgente::PaginaSorgente(QWidget* parent, Assistente& assistente) : Pagina
 }
 
 void PaginaSorgente::componiScelte(QVBoxLayout& colonna) {
-  dati_ = new Scelta<intake::Elenco>(this, "Che cosa contengono i file",
-                                     {{"Aziende", intake::Elenco::Aziende},
-                                      {"Percipienti", intake::Elenco::Percipienti},
-                                      {"Compensi pagati", intake::Elenco::Compensi}});
-  dati_->scelto = [this](intake::Elenco elenco) {
-    stato().scegliElenco(elenco);
+  dati_ = new Scelta<std::optional<intake::Elenco>>(this, "Che cosa contengono i file",
+                                                    {{"Aziende", intake::Elenco::Aziende},
+                                                     {"Percipienti", intake::Elenco::Percipienti},
+                                                     {"Compensi pagati", intake::Elenco::Compensi},
+                                                     {"Fatture elettroniche", std::nullopt}});
+  dati_->scelto = [this](const std::optional<intake::Elenco>& elenco) {
+    if (elenco) {
+      stato().scegliElenco(*elenco);
+    } else {
+      stato().scegliFatture();
+    }
     cambia();
   };
   aziende_ = new QComboBox(this);
@@ -131,17 +138,24 @@ void PaginaSorgente::componiFile(QVBoxLayout& colonna) {
     return fatto;
   };
   aggiungi_ = bottone("&Aggiungi file…", [this] { sfoglia(); });
+  bottone("Aggiungi cart&ella…", [this] {
+    sfogliaCartella();
+  })->setToolTip(QStringLiteral("Tutte le fatture elettroniche della cartella e di quelle che contiene"));
   togli_ = bottone("&Togli", [this] { togli(); });
   riga->addStretch(1);
-  bottone("&Modello vuoto…", [this] {
-    scriviModello();
-  })->setToolTip(QStringLiteral("Scrive una tabella da riempire, con una riga d'esempio"));
+  modello_ = bottone("&Modello vuoto…", [this] { scriviModello(); });
+  modello_->setToolTip(QStringLiteral("Scrive una tabella da riempire, con una riga d'esempio"));
   colonna.addLayout(riga);
 }
 
 QWidget* PaginaSorgente::primo() { return stato().file().empty() ? aggiungi_ : static_cast<QWidget*>(file_); }
 
 QString PaginaSorgente::dettoTipo(const FileScelto& file) const {
+  if (stato().fatture()) {
+    if (QFileInfo(qs(file.percorso)).isDir()) return QStringLiteral("cartella");
+    return qs(file.nome).endsWith(QStringLiteral(".zip"), Qt::CaseInsensitive) ? QStringLiteral("archivio")
+                                                                               : QStringLiteral("fattura");
+  }
   if (!file.fogli.empty()) return quante(file.fogli.size(), "foglio", "fogli") + QStringLiteral(" XLSX");
   if (file.tabella == nullptr) return {};
   const char separatore = file.tabella->separatore;
@@ -152,6 +166,9 @@ QString PaginaSorgente::dettoTipo(const FileScelto& file) const {
 }
 
 QString PaginaSorgente::dettaNota(const FileScelto& file) const {
+  if (stato().fatture()) {
+    return QFileInfo::exists(qs(file.percorso)) ? qs(file.percorso) : QStringLiteral("✖ non c'è più");
+  }
   if (!file.guasto.empty()) return QStringLiteral("✖ ") + qs(file.guasto);
   if (!file.nota.empty()) return QStringLiteral("⚠ ") + qs(file.nota);
   if (!file.profilo.empty())
@@ -193,7 +210,8 @@ void PaginaSorgente::mostra() {
   file_->mostra(mostrati_.size());
   file_->scegli(prima);
   togli_->setEnabled(!stato().file().empty());
-  dati_->metti(stato().elenco());
+  modello_->setEnabled(!stato().fatture());
+  dati_->metti(stato().fatture() ? std::nullopt : std::optional(stato().elenco()));
   const bool compensi = stato().elenco() == intake::Elenco::Compensi;
   riquadroAnno_->setVisible(compensi);
   anno_->setVisible(compensi);
@@ -203,12 +221,22 @@ void PaginaSorgente::mostra() {
 void PaginaSorgente::sfoglia() {
   const QStringList scelti = QFileDialog::getOpenFileNames(
       this, QStringLiteral("File da importare"), strumenti::cartellaRicordata(kUso),
-      QStringLiteral("Tabelle (*.csv *.tsv *.txt *.xlsx);;Tutti i file (*)"));
+      QStringLiteral("Tabelle e fatture (*.csv *.tsv *.txt *.xlsx *.xml *.p7m *.zip);;Tutti i file (*)"));
   if (scelti.isEmpty()) return;
   strumenti::ricordaCartella(kUso, QFileInfo(scelti.first()).absolutePath());
   std::vector<std::string> percorsi;
   for (const QString& uno : scelti) percorsi.push_back(uno.toStdString());
   stato().aggiungi(percorsi);
+  cambia();
+}
+
+void PaginaSorgente::sfogliaCartella() {
+  const QString scelta = QFileDialog::getExistingDirectory(this, QStringLiteral("Cartella delle fatture"),
+                                                           strumenti::cartellaRicordata(kUso));
+  if (scelta.isEmpty()) return;
+  strumenti::ricordaCartella(kUso, scelta);
+  stato().scegliFatture();
+  stato().aggiungi({scelta.toStdString()});
   cambia();
 }
 

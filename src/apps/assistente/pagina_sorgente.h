@@ -27,18 +27,20 @@ class PaginaSorgente : public Pagina {
   void componiFile(QVBoxLayout& colonna);
   void mostraDatabase();
   void sfoglia();
+  void sfogliaCartella();
   void togli();
   void scriviModello();
   QString dettoTipo(const FileScelto& file) const;
   QString dettaNota(const FileScelto& file) const;
 
   std::vector<FileScelto> mostrati_;
-  Scelta<intake::Elenco>* dati_ = nullptr;
+  Scelta<std::optional<intake::Elenco>>* dati_ = nullptr;
   QComboBox* aziende_ = nullptr;
   QSpinBox* anno_ = nullptr;
   QWidget* riquadroAnno_ = nullptr;
   strumenti::Tabella* file_ = nullptr;
   QPushButton* aggiungi_ = nullptr;
+  QPushButton* modello_ = nullptr;
   QPushButton* togli_ = nullptr;
   strumenti::Frase* avviso_ = nullptr;
   QPushButton* tabelle_ = nullptr;

@@ -206,7 +206,7 @@ void FinestraAvvio::componiStrumenti() {
 void FinestraAvvio::componiDatiPropri() {
   auto* const menu = new QMenu(datiPropri_);
   gestisci_ = menu->addAction(QStringLiteral("&Aziende, percipienti e compensi…"));
-  importa_ = menu->addAction(QStringLiteral("&Importa da tabelle…"));
+  importa_ = menu->addAction(QStringLiteral("&Importa da tabelle e fatture…"));
   const QAction* const nuovo = menu->addAction(QStringLiteral("&Nuovo archivio…"));
   datiPropri_->setMenu(menu);
   connect(gestisci_, &QAction::triggered, this, [this] { gestisci(); });

@@ -22,12 +22,14 @@ const intake::Messaggio* erroreGenerale(const Lettura& lettura) {
 
 }  // namespace
 
-std::string titoloPasso(Passo passo, Elenco elenco) {
+std::string titoloPasso(Passo passo, Elenco elenco, bool fatture) {
+  if (passo == Passo::Colonne && fatture) return "Documenti";
   if (passo == Passo::Percipienti && elenco == Elenco::Aziende) return "Aziende";
   return kTitoli[static_cast<std::size_t>(passo)];
 }
 
 bool Assistente::comprende(Passo passo) const {
+  if (passo == Passo::Lettura) return !fatture_;
   return passo != Passo::Compensi || elenco_ == Elenco::Compensi;
 }
 
@@ -43,7 +45,9 @@ std::string Assistente::impedimentoSorgente() const {
                     [&](const AziendaDelDatabase& una) { return una.id == ambiente_.azienda; });
     if (!presente) return "Manca l'azienda: importare prima l'elenco delle aziende, o sceglierne una.";
   }
-  if (file_.empty()) return "Scegliere almeno un file.";
+  if (file_.empty())
+    return fatture_ ? "Scegliere almeno un file o una cartella." : "Scegliere almeno un file.";
+  if (fatture_) return {};
   return fileIlleggibili();
 }
 
@@ -75,6 +79,7 @@ std::string Assistente::impedimento() const {
       return {};
     case Passo::Colonne:
       if (letture_ == nullptr) return "Le righe non sono ancora state lette.";
+      if (fatture_) return piano_ == nullptr ? "Le fatture non sono ancora state lette." : "";
       for (const Lettura& lettura : *letture_) {
         if (const intake::Messaggio* const errore = erroreGenerale(lettura))
           return perLaFinestra(intake::dettoMessaggio(*errore));
@@ -122,6 +127,7 @@ void Assistente::scarta(Livello livello) {
     righe_.reset();
   }
   if (livello <= Livello::Letture) letture_.reset();
+  if (livello <= Livello::Letture) ignorati_.clear();
   if (livello == Livello::Tabelle) richiesta_.decisioni.clear();
 }
 
@@ -140,9 +146,18 @@ void Assistente::scegliAzienda(std::int32_t azienda) {
 // The profiles of the other kind are other ones.
 void Assistente::scegliElenco(Elenco elenco) {
   elencoScelto_ = true;
-  if (elenco == elenco_) return;
+  if (elenco == elenco_ && !fatture_) return;
+  fatture_ = false;
   elenco_ = elenco;
   for (const FileScelto& uno : file_) daCaricare_.insert(uno.percorso);
+  scarta(Livello::Tabelle);
+}
+
+void Assistente::scegliFatture() {
+  elencoScelto_ = true;
+  if (fatture_) return;
+  fatture_ = true;
+  elenco_ = Elenco::Compensi;
   scarta(Livello::Tabelle);
 }
 
@@ -153,15 +168,19 @@ void Assistente::scegliAnno(std::optional<int> anno) {
 }
 
 void Assistente::aggiungi(const std::vector<std::string>& percorsi) {
+  bool altri = false;
   for (const std::string& percorso : percorsi) {
     const bool gia = std::any_of(file_.begin(), file_.end(),
                                  [&](const FileScelto& uno) { return uno.percorso == percorso; });
     if (gia) continue;
     FileScelto& nuovo = file_.emplace_back();
     nuovo.percorso = percorso;
+    nuovo.nome = nomeMostrato(percorso);
     daCaricare_.insert(percorso);
+    altri = true;
+    if (!elencoScelto_ && file_.size() == 1 && paionoFatture(percorso)) scegliFatture();
   }
-  if (!daCaricare_.empty()) scarta(Livello::Tabelle);
+  if (altri) scarta(Livello::Tabelle);
 }
 
 void Assistente::togli(std::size_t file) {
@@ -169,6 +188,7 @@ void Assistente::togli(std::size_t file) {
   daCaricare_.erase(file_[file].percorso);
   file_.erase(file_.begin() + static_cast<std::ptrdiff_t>(file));
   if (file_.empty()) elencoScelto_ = false;
+  if (file_.empty()) fatture_ = false;
   raggruppa();
   scarta(Livello::Tabelle);
 }

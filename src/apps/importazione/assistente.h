@@ -17,14 +17,16 @@
 #include "apps/importazione/riepiloghi.h"
 #include "apps/importazione/righe_mostrate.h"
 #include "apps/importazione/stato_database.h"
+#include "intake/lettura_fatture.h"
 #include "intake/piano.h"
 
 namespace cu {
 
 enum class Passo : std::uint8_t { Sorgente, Lettura, Colonne, Percipienti, Compensi, Prova, Esito };
 inline constexpr std::size_t kPassi = 7;
-// "Percipienti"; for a list of companies the step of the payees is theirs.
-std::string titoloPasso(Passo passo, intake::Elenco elenco);
+// "Percipienti"; for a list of companies the step of the payees is theirs, for invoices that of the columns
+// is the documents'.
+std::string titoloPasso(Passo passo, intake::Elenco elenco, bool fatture = false);
 
 // An import in seven steps: what a person has chosen so far, and what follows from it. What takes its time is
 // a work that is done elsewhere, and whose result is taken in afterwards; nothing that was chosen is lost on
@@ -72,6 +74,9 @@ class Assistente {
   void scegliAzienda(std::int32_t azienda);
   intake::Elenco elenco() const { return elenco_; }
   void scegliElenco(intake::Elenco elenco);
+  // Payments from electronic invoices: files, folders and archives instead of tables.
+  bool fatture() const { return fatture_; }
+  void scegliFatture();
   std::optional<int> anno() const { return richiesta_.anno; }
   void scegliAnno(std::optional<int> anno);  // payments of other years are left out
   // The kind of data follows from the headings of the first file unless it was chosen.
@@ -85,6 +90,27 @@ class Assistente {
   Mappa profilo(std::size_t file) const;
   void usaProfilo(std::size_t file, const Mappa& mappa);  // of the same kind of data
   const intake::Lettura* lettura(std::size_t file) const;
+
+  // Documents, of invoices: what they do not say. Reasons of payees come from the profile of the company, and
+  // are kept in it.
+  const intake::OpzioniFatture& opzioni() const { return richiesta_.fatture; }
+  const fatture::Ignorati& ignorati() const { return ignorati_; }
+  void scegliCausaleForfettari(const std::string& causale);
+  // `chi` is the fiscal code or the VAT number of a seller; "" takes the reason away.
+  void scegliCausale(const std::string& chi, const std::string& causale);
+  // Writes the profile; returns its file.
+  std::string ricordaCausali();
+  const std::string& profiloFatture() const { return profiloFatture_; }
+  const std::string& notaProfilo() const { return notaProfilo_; }
+  void tralasciaAltrui(bool tralascia);
+  void tralasciaIllegibili(bool tralascia);
+  bool illegibiliTralasciati() const { return tralasciaIllegibili_; }
+
+  // Payments, of invoices: when they were made.
+  void scegliDate(intake::FontePagamento fonte, Date giorno = {});
+  // Reads a table of dates; what is wrong with it, as sentences. Raises Error where it cannot be read.
+  std::vector<std::string> usaTavolaDate(const std::string& percorso);
+  const std::string& tavolaDate() const { return tavolaDate_; }
 
   // Payees, payments and trial.
   // A window goes on showing the former ones until new ones are there.
@@ -122,6 +148,9 @@ class Assistente {
   Compito carica();
   Compito rileggi();
   Compito leggi();
+  Compito leggiFatture();
+  void usaProfiloFatture();
+  std::string codiceAzienda() const;
   Compito pianifica();
   Compito prova(bool applica);
   // Takes a result in unless something that it depends on has changed meanwhile.
@@ -134,6 +163,13 @@ class Assistente {
   std::optional<StatoDatabase> database_;
   intake::Elenco elenco_ = intake::Elenco::Compensi;
   bool elencoScelto_ = false;
+  bool fatture_ = false;
+  fatture::Ignorati ignorati_;
+  bool tralasciaIllegibili_ = false;
+  std::string tavolaDate_;
+  std::optional<std::string> profiloDi_;  // the fiscal code of the company whose profile is in use
+  std::string profiloFatture_;
+  std::string notaProfilo_;
   std::vector<FileScelto> file_;
   std::vector<std::size_t> gruppi_;  // of each file: the first one that is like it
   std::set<std::string> daCaricare_;

@@ -1,6 +1,7 @@
 // What takes its time: each work has copies of what it needs.
 
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 #include "apps/comune/connessioni.h"
@@ -25,10 +26,12 @@ std::function<void()> Assistente::seAncora(std::function<void()> accogli) {
 
 std::optional<Compito> Assistente::daFare() {
   if (!database_) return esamina();
-  if (!daCaricare_.empty()) return carica();
-  if (passo_ >= Passo::Lettura && daRileggere_) return rileggi();
-  if (passo_ >= Passo::Colonne && letture_ == nullptr) return leggi();
-  if (passo_ >= Passo::Percipienti && piano_ == nullptr) return pianifica();
+  if (!daCaricare_.empty() && !fatture_) return carica();
+  if (passo_ >= Passo::Lettura && daRileggere_ && !fatture_) return rileggi();
+  if (passo_ >= Passo::Colonne && letture_ == nullptr) return fatture_ ? leggiFatture() : leggi();
+  // The documents are shown with what becomes of them.
+  const Passo conPiano = fatture_ ? Passo::Colonne : Passo::Percipienti;
+  if (passo_ >= conPiano && piano_ == nullptr) return pianifica();
   if (passo_ == Passo::Prova && !prova_ && piano_->applicabile() && piano_->scrive()) return prova(false);
   return std::nullopt;
 }
@@ -110,6 +113,24 @@ Compito Assistente::leggi() {
                 }
               },
           .accogli = seAncora([this, letture] { letture_ = letture; })};
+}
+
+Compito Assistente::leggiFatture() {
+  auto lette = std::make_shared<intake::LettureFatture>();
+  std::vector<std::filesystem::path> percorsi;
+  for (const FileScelto& uno : file_) percorsi.emplace_back(uno.percorso);
+  return {.che = "Lettura delle fatture",
+          .lavoro =
+              [lette, percorsi, oggi = ambiente_.oggi,
+               tralascia = tralasciaIllegibili_](ProgressSink* avanzamento) {
+                *lette = intake::leggiFatture(percorsi, oggi, avanzamento);
+                if (tralascia) cu::tralasciaIllegibili(lette->letture);
+              },
+          .accogli = seAncora([this, lette] {
+            letture_ = std::make_shared<const std::vector<intake::Lettura>>(std::move(lette->letture));
+            ignorati_ = std::move(lette->ignorati);
+            usaProfiloFatture();
+          })};
 }
 
 Compito Assistente::pianifica() {

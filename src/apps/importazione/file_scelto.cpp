@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "apps/comune/file_letto.h"
 #include "apps/importazione/mappe_personali.h"
+#include "base/text.h"
 #include "intake/corrispondenza.h"
 #include "suite/profilo.h"
 #include "tabelle/errore.h"
@@ -76,6 +79,20 @@ void rileggiTabella(FileScelto& file) {
   } catch (const tabelle::ErroreTabella& errore) {
     file.guasto = errore.description();
   }
+}
+
+bool paionoFatture(const std::string& percorso) {
+  constexpr std::array<std::string_view, 4> kDiFatture = {".xml", ".p7m", ".zip", ".pem"};
+  std::error_code errore;
+  if (std::filesystem::is_directory(percorso, errore)) return true;
+  const std::string fine = lowerAscii(std::filesystem::path(percorso).extension().string());
+  return std::find(kDiFatture.begin(), kDiFatture.end(), fine) != kDiFatture.end();
+}
+
+std::string nomeMostrato(const std::string& percorso) {
+  std::filesystem::path intero(percorso);
+  if (!intero.has_filename()) intero = intero.parent_path();
+  return intero.filename().string();
 }
 
 std::optional<intake::Elenco> elencoProbabile(const tabelle::Tabella& tabella) {

@@ -40,6 +40,11 @@ void cercaProfilo(FileScelto& file, intake::Elenco elenco, const std::string& ca
 // Reads the table anew, after the way of reading has changed.
 void rileggiTabella(FileScelto& file);
 
+// Whether a path can only be one of electronic invoices: a folder, or a name that tables do not have.
+bool paionoFatture(const std::string& percorso);
+// Its last part; a folder's too, however it is written.
+std::string nomeMostrato(const std::string& percorso);
+
 // The kind of list that the headings of a table are for; nothing where several fit alike.
 std::optional<intake::Elenco> elencoProbabile(const tabelle::Tabella& tabella);
 

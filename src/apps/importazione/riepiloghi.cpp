@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "apps/importazione/documenti_mostrati.h"
 #include "apps/importazione/parole_finestra.h"
 #include "base/text.h"
 #include "intake/archivio_letto.h"
@@ -68,21 +69,8 @@ class RaccoltaSoggetti {
   void riga(std::size_t quale) {
     const RigaPiano& riga = piano_.righe[quale];
     if (riga.stato == intake::StatoRiga::Escluso) return;
-    if (riga.voce == intake::kSenzaVoce) {
-      const std::string chiave = chiaveLetta(piano_.letta(riga));
-      const Stato stato = statoSenzaVoce(riga);
-      SoggettoPiano& suo = diChiave({static_cast<int>(stato), chiave});
-      suo.stato = stato;
-      suo.chiave = chiave;
-      const auto noto = perChiave_.find(lowerAscii(chiave));
-      if (noto != perChiave_.end() && noto->second != nullptr)
-        suo.nome = nominativo(noto->second->anagrafica);
-      suo.candidati = riga.candidati;
-      suo.righe.push_back(quale);
-      const CellView onorario = piano_.letta(riga).valore(ColonnaCompenso::Onorario);
-      if (!onorario.isNull()) suo.onorari = suo.onorari + onorario.decimal();
-      return;
-    }
+    if (riga.percipienteNuovo != intake::kSenzaVoce) return nuovo(quale);
+    if (riga.voce == intake::kSenzaVoce) return senzaVoce(quale);
     const schede::SchedaCompenso& compenso = piano_.compensi[riga.voce].dopo;
     SoggettoPiano& suo = diChiave({kConVoce, std::to_string(compenso.idAnagrafica)});
     suo.stato = Stato::Trovato;
@@ -94,8 +82,49 @@ class RaccoltaSoggetti {
     suo.nome = nominativo(noto->second->anagrafica);
   }
 
+  void senzaVoce(std::size_t quale) {
+    const RigaPiano& riga = piano_.righe[quale];
+    const std::string chiave = chiaveLetta(piano_.letta(riga));
+    const intake::DocumentoLetto* const documento = documentoDellaRiga(piano_, riga);
+    const auto noto = perChiave_.find(lowerAscii(chiave));
+    const schede::SchedaPercipiente* const scheda = noto == perChiave_.end() ? nullptr : noto->second;
+    Stato stato = statoSenzaVoce(riga);
+    // An invoice may lack its date or its amounts only: its seller is known.
+    const bool trovato =
+        documento != nullptr && stato == Stato::NonCercato && riga.stato == intake::StatoRiga::DaDecidere;
+    if (trovato) stato = Stato::Trovato;
+    SoggettoPiano& suo = trovato && scheda != nullptr
+                             ? diChiave({kConVoce, std::to_string(scheda->anagrafica.id)})
+                             : diChiave({static_cast<int>(stato), chiave});
+    suo.stato = stato;
+    suo.chiave = trovato && scheda != nullptr ? scheda->codice : chiave;
+    if (scheda != nullptr) {
+      suo.nome = nominativo(scheda->anagrafica);
+    } else if (documento != nullptr) {
+      suo.nome = documento->cedente.nominativo();
+    }
+    suo.candidati = riga.candidati;
+    suo.righe.push_back(quale);
+    const CellView onorario = piano_.letta(riga).valore(ColonnaCompenso::Onorario);
+    if (!onorario.isNull()) suo.onorari = suo.onorari + onorario.decimal();
+  }
+
+  // Of an invoice: it is written with its first payment.
+  void nuovo(std::size_t quale) {
+    const RigaPiano& riga = piano_.righe[quale];
+    SoggettoPiano& suo = diChiave({kNuovo, std::to_string(riga.percipienteNuovo)});
+    suo.stato = Stato::Nuovo;
+    suo.righe.push_back(quale);
+    const schede::SchedaPercipiente& scheda = piano_.percipienti[riga.percipienteNuovo].dopo;
+    suo.chiave = scheda.codice;
+    suo.nome = nominativo(scheda.anagrafica);
+    if (riga.voce == intake::kSenzaVoce) return;
+    suo.onorari =
+        suo.onorari + piano_.compensi[riga.voce].dopo.importi[schede::posto(schede::Importo::Onorario)];
+  }
+
   std::vector<SoggettoPiano> presi() {
-    constexpr std::array<int, 5> kOrdine = {4, 2, 0, 1, 3};
+    constexpr std::array<int, 6> kOrdine = {5, 2, 0, 1, 3, 4};
     std::stable_sort(soggetti_.begin(), soggetti_.end(), [&](const SoggettoPiano& a, const SoggettoPiano& b) {
       return kOrdine[static_cast<std::size_t>(a.stato)] < kOrdine[static_cast<std::size_t>(b.stato)];
     });
@@ -104,6 +133,7 @@ class RaccoltaSoggetti {
 
  private:
   static constexpr int kConVoce = -1;
+  static constexpr int kNuovo = -2;
   SoggettoPiano& diChiave(std::pair<int, std::string> chiave) {
     const auto [suo, nuovo] = posti_.try_emplace(std::move(chiave), soggetti_.size());
     if (nuovo) soggetti_.emplace_back();
@@ -195,6 +225,8 @@ std::string detto(SoggettoPiano::Stato stato) {
       return "? da scegliere";
     case Stato::InConflitto:
       return "✖ codici in conflitto";
+    case Stato::Nuovo:
+      return "+ nuovo";
     case Stato::NonCercato:
       break;
   }

@@ -41,7 +41,7 @@ std::vector<std::string> messaggiGenerali(const intake::Piano& piano);
 
 // Whom rows of payments mean.
 struct SoggettoPiano {
-  enum class Stato : std::uint8_t { Trovato, Assente, DaScegliere, InConflitto, NonCercato };
+  enum class Stato : std::uint8_t { Trovato, Assente, DaScegliere, InConflitto, NonCercato, Nuovo };
   Stato stato = Stato::NonCercato;
   std::string chiave;              // its code, or what the file says
   std::string nome;                // "" where it is not known

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "apps/importazione/documenti_mostrati.h"
 #include "apps/importazione/parole_finestra.h"
 
 namespace cu {
@@ -94,7 +95,7 @@ std::vector<std::string> celleDi(Elenco elenco, const ValoriDellaRiga& valori) {
 }
 
 std::string messaggiUniti(const intake::Piano& piano, const intake::RigaPiano& riga) {
-  std::string testo = piano.letta(riga).esclusa;
+  std::string testo = riga.esclusa.empty() ? piano.letta(riga).esclusa : riga.esclusa;
   for (const intake::Messaggio& uno : riga.messaggi) {
     if (!testo.empty()) testo += "; ";
     if (!uno.colonna.empty()) testo += uno.colonna + ": ";
@@ -123,6 +124,13 @@ std::vector<RigaMostrata> righeMostrate(const intake::Piano& piano) {
   for (const intake::RigaPiano& riga : piano.righe) {
     const ValoriDellaRiga valori(intake::valori(piano, riga));
     mostrate.push_back({celleDi(piano.elenco, valori), messaggiUniti(piano, riga)});
+    // A seller is better known by name than by code, and a document by its date too.
+    if (const intake::DocumentoLetto* const documento = documentoDellaRiga(piano, riga)) {
+      constexpr std::size_t kDocumento = 3;
+      mostrate.back().celle.front() = documento->cedente.nominativo();
+      if (documento->data != Date())
+        mostrate.back().celle[kDocumento] += " del " + documento->data.toItalian();
+    }
   }
   return mostrate;
 }

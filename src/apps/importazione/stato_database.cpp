@@ -15,7 +15,7 @@ StatoDatabase esaminaDatabase(const Profilo::Database& database) {
   stato.creatoQui = schede::archivioProprio(*connessione);
   stato.storico = intake::haStorico(*connessione);
   for (const schede::SchedaAzienda& azienda : schede::Aziende(*connessione).tutte()) {
-    stato.aziende.push_back({azienda.id, nominativo(azienda.sede)});
+    stato.aziende.push_back({azienda.id, nominativo(azienda.sede), azienda.sede.codiceFiscale});
   }
   std::sort(stato.aziende.begin(), stato.aziende.end(),
             [](const AziendaDelDatabase& a, const AziendaDelDatabase& b) { return a.nome < b.nome; });

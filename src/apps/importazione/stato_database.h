@@ -11,6 +11,7 @@ namespace cu {
 struct AziendaDelDatabase {
   std::int32_t id = 0;
   std::string nome;
+  std::string codiceFiscale;
 };
 
 // Whether imports into a database are possible, and for whom.

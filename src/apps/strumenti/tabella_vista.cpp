@@ -51,6 +51,8 @@ QVariant ModelloTabella::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Qt::DisplayRole:
       return colonna.testo(riga);
+    case Qt::EditRole:
+      return colonna.daScrivere ? colonna.daScrivere(riga) : colonna.testo(riga);
     case Qt::TextAlignmentRole:
       return QVariant(colonna.aDestra ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
     case Qt::AccessibleTextRole:
@@ -76,6 +78,22 @@ QVariant ModelloTabella::headerData(int section, Qt::Orientation orientation, in
     return QVariant(colonna.aDestra ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
   }
   return {};
+}
+
+Qt::ItemFlags ModelloTabella::flags(const QModelIndex& index) const {
+  const Qt::ItemFlags solite = QAbstractTableModel::flags(index);
+  const bool scrivibile =
+      index.isValid() && colonne_[static_cast<std::size_t>(index.column())].scrivi != nullptr;
+  return scrivibile ? solite | Qt::ItemIsEditable : solite;
+}
+
+bool ModelloTabella::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (!index.isValid() || role != Qt::EditRole) return false;
+  const Colonna& colonna = colonne_[static_cast<std::size_t>(index.column())];
+  const QString testo = value.toString();
+  if (!colonna.scrivi || testo == data(index, Qt::EditRole).toString()) return false;
+  colonna.scrivi(static_cast<std::size_t>(index.row()), testo);
+  return true;
 }
 
 FiltroTabella::FiltroTabella(QObject* parent) : QSortFilterProxyModel(parent) {
@@ -195,7 +213,25 @@ void Tabella::keyPressEvent(QKeyEvent* event) {
     aperta(*ora);
     return;
   }
+  if (scriviQui(event)) return;
   QTableView::keyPressEvent(event);
+}
+
+// A digit begins the writing of the row's cell that can be written, wherever in the row the person is.
+bool Tabella::scriviQui(QKeyEvent* event) {
+  const QString testo = event->text();
+  if (testo.isEmpty() || !testo.front().isDigit() || !currentIndex().isValid()) return false;
+  const auto& colonne = modello_->colonne();
+  const auto sua =
+      std::find_if(colonne.begin(), colonne.end(), [](const Colonna& una) { return una.scrivi != nullptr; });
+  if (sua == colonne.end()) return false;
+  return edit(currentIndex().siblingAtColumn(static_cast<int>(sua - colonne.begin())),
+              QAbstractItemView::AnyKeyPressed, event);
+}
+
+void Tabella::avanza() {
+  const QModelIndex sotto = currentIndex().siblingAtRow(currentIndex().row() + 1);
+  if (sotto.isValid()) setCurrentIndex(sotto);
 }
 
 void Tabella::showEvent(QShowEvent* event) {

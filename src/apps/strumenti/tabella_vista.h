@@ -25,6 +25,9 @@ struct Colonna {
   int massima = 240;                                      // of its first width
   // Of the last column: it is as wide as its longest text, and scrolled to, where it does not fit.
   bool intera = false;
+  // What a person writes into a cell, and where the editor begins; a column without is only read.
+  std::function<void(std::size_t riga, const QString& testo)> scrivi = {};
+  Testo daScrivere = {};
 };
 
 // Reads each cell when it is shown.
@@ -42,6 +45,8 @@ class ModelloTabella : public QAbstractTableModel {
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
   const std::vector<Colonna>& colonne() const { return colonne_; }
 
  private:
@@ -78,6 +83,8 @@ class Tabella : public QTableView {
   std::optional<std::size_t> corrente() const;
   void scegli(std::optional<std::size_t> riga);
   std::size_t mostrate() const;
+  // The row below becomes the current one, where there is one.
+  void avanza();
 
   // The current row has changed, or the rows themselves.
   std::function<void(std::optional<std::size_t> riga)> scelta;
@@ -94,6 +101,7 @@ class Tabella : public QTableView {
   void larghezze();
   void larghezzaUltima();
   int larghezzaDi(int colonna) const;
+  bool scriviQui(QKeyEvent* event);
   void copia();
 
   ModelloTabella* modello_;

@@ -1,0 +1,182 @@
+#include "apps/assistente/riquadro_date.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "apps/strumenti/conteggi.h"
+#include "apps/strumenti/frase.h"
+
+namespace cu::assistente {
+namespace {
+
+const QString kUsoDate = QStringLiteral("date_pagamento");
+
+using intake::FontePagamento;
+
+}  // namespace
+
+QString dettoPagamento(const PagamentoMostrato& pagamento) {
+  const QString giorno = qs(pagamento.giorno.toItalian());
+  switch (pagamento.origine) {
+    case PagamentoMostrato::Origine::Manca:
+      return QStringLiteral("? manca");
+    case PagamentoMostrato::Origine::Proposta:
+      return QStringLiteral("≈ %1 (proposta)").arg(giorno);
+    case PagamentoMostrato::Origine::Data:
+      break;
+  }
+  return giorno;
+}
+
+QString dettoConfine(const PagamentoMostrato& pagamento) {
+  if (pagamento.indietro) return QStringLiteral("⚠ dicembre");
+  return pagamento.avanti ? QStringLiteral("⚠ gennaio") : QString();
+}
+
+RiquadroDate::RiquadroDate(QWidget* parent, Assistente& assistente)
+    : QWidget(parent),
+      assistente_(assistente),
+      fonte_(new Scelta<FontePagamento>(this, "Da dove vengono le date di pagamento",
+                                        {{"scritte qui sotto, una per una", FontePagamento::Nessuna},
+                                         {"da un file di date", FontePagamento::Tavola},
+                                         {"quelle dei documenti, come proposta", FontePagamento::Documento},
+                                         {"lo stesso giorno per tutte", FontePagamento::Giorno}})),
+      giorno_(new QLineEdit(this)),
+      tavola_(new QPushButton(QStringLiteral("&File delle date…"), this)),
+      anni_(new strumenti::Frase(this)) {
+  auto* const colonna = new QVBoxLayout(this);
+  colonna->setContentsMargins(0, 0, 0, 0);
+  auto* const riga = new QHBoxLayout;
+  giorno_->setAccessibleName(QStringLiteral("Giorno del pagamento"));
+  giorno_->setPlaceholderText(QStringLiteral("gg/mm/aaaa"));
+  giorno_->setMaximumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) + 40);
+  tavola_->setAutoDefault(true);
+  tavola_->setToolTip(QStringLiteral(
+      "Una tabella con CodiceFiscale o PartitaIva, NumeroDocumento, DataDocumento e DataPagamento"));
+  riga->addWidget(etichetta("&Date di pagamento", fonte_, this));
+  riga->addWidget(fonte_);
+  riga->addWidget(giorno_);
+  riga->addWidget(tavola_);
+  riga->addStretch(1);
+  colonna->addLayout(riga);
+  colonna->addWidget(anni_);
+  fonte_->scelto = [this](FontePagamento fonte) { scelta(fonte); };
+  connect(tavola_, &QPushButton::clicked, this, [this] { scegliTavola(); });
+  connect(giorno_, &QLineEdit::editingFinished, this, [this] { scriviGiorno(); });
+}
+
+void RiquadroDate::scelta(FontePagamento fonte) {
+  chiedeGiorno_ = fonte == FontePagamento::Giorno;
+  if (fonte == FontePagamento::Tavola) {
+    scegliTavola();
+    return;
+  }
+  if (chiedeGiorno_) {
+    mostra();
+    giorno_->setFocus();
+    return;
+  }
+  assistente_.scegliDate(fonte);
+  if (cambiata) cambiata();
+}
+
+void RiquadroDate::scegliTavola() {
+  const auto& file = assistente_.file();
+  const QString cartella = file.empty() ? QString() : QFileInfo(qs(file.front().percorso)).absolutePath();
+  const QString scelto = QFileDialog::getOpenFileName(
+      this, QStringLiteral("File delle date"), strumenti::cartellaRicordata(kUsoDate, cartella),
+      QStringLiteral("Tabelle (*.csv *.tsv *.txt *.xlsx);;Tutti i file (*)"));
+  if (scelto.isEmpty()) {
+    mostra();
+    return;
+  }
+  strumenti::ricordaCartella(kUsoDate, QFileInfo(scelto).absolutePath());
+  usaTavola(scelto);
+}
+
+void RiquadroDate::usaTavola(const QString& percorso) {
+  QStringList contro;
+  try {
+    for (const std::string& uno : assistente_.usaTavolaDate(percorso.toStdString())) contro += qs(uno);
+  } catch (const std::exception& guasto) {
+    contro += QString::fromUtf8(guasto.what());
+  }
+  constexpr qsizetype kMostrati = 10;
+  if (contro.size() > kMostrati) {
+    const qsizetype altri = contro.size() - kMostrati;
+    contro = contro.first(kMostrati);
+    contro += QStringLiteral("… e altri %1.").arg(altri);
+  }
+  if (contro.isEmpty()) {
+    if (cambiata) cambiata();
+    return;
+  }
+  mostra();
+  if (errore) errore(QStringLiteral("Il file delle date non si può usare.\n\n") + contro.join(u'\n'));
+}
+
+void RiquadroDate::scriviGiorno() {
+  if (!giorno_->isModified()) return;
+  giorno_->setModified(false);
+  const auto giorno =
+      giornoScritto(giorno_->text().trimmed().toStdString(), assistente_.ambiente().oggi.year() + 1);
+  if (!giorno) {
+    if (errore)
+      errore(QStringLiteral("«%1» non è una data: si scrive giorno, mese e anno.").arg(giorno_->text()));
+    return;
+  }
+  chiedeGiorno_ = false;
+  assistente_.scegliDate(FontePagamento::Giorno, *giorno);
+  if (cambiata) cambiata();
+}
+
+QString RiquadroDate::dettiAnni() const {
+  const auto piano = assistente_.piano();
+  if (piano == nullptr) return {};
+  QStringList righe;
+  for (const SommaAnno& una : sommePerAnno(*piano)) {
+    QString riga = QStringLiteral("Pagati nel %1: %2, lordo %3, ritenute %4")
+                       .arg(una.anno)
+                       .arg(quante(una.pagamenti, "compenso", "compensi"), importoDa(una.lordo),
+                            importoDa(una.ritenute));
+    if (una.alConfine > 0)
+      riga += QStringLiteral("; ⚠ %1 in dicembre o gennaio").arg(strumenti::conteggio(una.alConfine));
+    if (una.proposti > 0)
+      riga += QStringLiteral("; ≈ %1 con la data solo proposta").arg(strumenti::conteggio(una.proposti));
+    righe += riga + u'.';
+  }
+  std::size_t senza = 0;
+  const auto pagamenti = pagamentiMostrati(*piano);
+  for (std::size_t i = 0; i < pagamenti.size(); ++i) {
+    const bool manca = pagamenti[i].origine == PagamentoMostrato::Origine::Manca;
+    if (manca && piano->righe[i].stato == intake::StatoRiga::DaDecidere) ++senza;
+  }
+  if (senza > 0) {
+    righe += QStringLiteral(
+                 "? %1 senza data: si scrive nella colonna «Pagamento»; il compenso va nell'anno in "
+                 "cui è stato pagato.")
+                 .arg(quante(senza, "pagamento", "pagamenti"));
+  }
+  return righe.join(u'\n');
+}
+
+void RiquadroDate::mostra() {
+  const intake::OpzioniFatture& opzioni = assistente_.opzioni();
+  fonte_->metti(chiedeGiorno_ ? FontePagamento::Giorno : opzioni.fonte);
+  const bool giorno = chiedeGiorno_ || opzioni.fonte == FontePagamento::Giorno;
+  giorno_->setVisible(giorno);
+  if (!giorno_->hasFocus() && opzioni.fonte == FontePagamento::Giorno)
+    giorno_->setText(qs(opzioni.giorno.toItalian()));
+  tavola_->setVisible(!chiedeGiorno_ && opzioni.fonte == FontePagamento::Tavola);
+  tavola_->setText(assistente_.tavolaDate().empty()
+                       ? QStringLiteral("&File delle date…")
+                       : QStringLiteral("&File delle date: %1…").arg(qs(assistente_.tavolaDate())));
+  anni_->dici(dettiAnni());
+}
+
+}  // namespace cu::assistente

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "apps/assistente/pagina.h"
+#include "apps/importazione/documenti_mostrati.h"
+
+class QLineEdit;
+class QPushButton;
+
+namespace cu::strumenti {
+class Frase;
+}  // namespace cu::strumenti
+
+namespace cu::assistente {
+
+// Where the dates of payment of invoices come from, and what they amount to by year.
+class RiquadroDate : public QWidget {
+ public:
+  RiquadroDate(QWidget* parent, Assistente& assistente);
+  void mostra();
+  // As the button does, once the file is chosen.
+  void usaTavola(const QString& percorso);
+
+  std::function<void()> cambiata;
+  std::function<void(const QString& testo)> errore;
+
+ private:
+  void scelta(intake::FontePagamento fonte);
+  void scegliTavola();
+  void scriviGiorno();
+  QString dettiAnni() const;
+
+  Assistente& assistente_;
+  bool chiedeGiorno_ = false;
+  Scelta<intake::FontePagamento>* fonte_;
+  QLineEdit* giorno_;
+  QPushButton* tavola_;
+  strumenti::Frase* anni_;
+};
+
+// "20/03/2017", "≈ 20/03/2017 (proposta)"; "? manca"
+QString dettoPagamento(const PagamentoMostrato& pagamento);
+// "⚠ dicembre": a payment whose year is to be looked at.
+QString dettoConfine(const PagamentoMostrato& pagamento);
+
+}  // namespace cu::assistente
