@@ -70,15 +70,13 @@ RiquadroDate::RiquadroDate(QWidget* parent, Assistente& assistente)
   connect(giorno_, &QLineEdit::editingFinished, this, [this] { scriviGiorno(); });
 }
 
+// A day and a file are asked for beside the list: the arrow keys pass through its entries.
 void RiquadroDate::scelta(FontePagamento fonte) {
-  chiedeGiorno_ = fonte == FontePagamento::Giorno;
-  if (fonte == FontePagamento::Tavola) {
-    scegliTavola();
-    return;
-  }
-  if (chiedeGiorno_) {
+  const bool conTavola = fonte == FontePagamento::Tavola && !assistente_.tavolaDate().empty();
+  voluta_.reset();
+  if (fonte == FontePagamento::Giorno || (fonte == FontePagamento::Tavola && !conTavola)) {
+    voluta_ = fonte;
     mostra();
-    giorno_->setFocus();
     return;
   }
   assistente_.scegliDate(fonte);
@@ -91,10 +89,7 @@ void RiquadroDate::scegliTavola() {
   const QString scelto = QFileDialog::getOpenFileName(
       this, QStringLiteral("File delle date"), strumenti::cartellaRicordata(kUsoDate, cartella),
       QStringLiteral("Tabelle (*.csv *.tsv *.txt *.xlsx);;Tutti i file (*)"));
-  if (scelto.isEmpty()) {
-    mostra();
-    return;
-  }
+  if (scelto.isEmpty()) return;
   strumenti::ricordaCartella(kUsoDate, QFileInfo(scelto).absolutePath());
   usaTavola(scelto);
 }
@@ -113,10 +108,10 @@ void RiquadroDate::usaTavola(const QString& percorso) {
     contro += QStringLiteral("… e altri %1.").arg(altri);
   }
   if (contro.isEmpty()) {
+    voluta_.reset();
     if (cambiata) cambiata();
     return;
   }
-  mostra();
   if (errore) errore(QStringLiteral("Il file delle date non si può usare.\n\n") + contro.join(u'\n'));
 }
 
@@ -130,7 +125,7 @@ void RiquadroDate::scriviGiorno() {
       errore(QStringLiteral("«%1» non è una data: si scrive giorno, mese e anno.").arg(giorno_->text()));
     return;
   }
-  chiedeGiorno_ = false;
+  voluta_.reset();
   assistente_.scegliDate(FontePagamento::Giorno, *giorno);
   if (cambiata) cambiata();
 }
@@ -167,12 +162,12 @@ QString RiquadroDate::dettiAnni() const {
 
 void RiquadroDate::mostra() {
   const intake::OpzioniFatture& opzioni = assistente_.opzioni();
-  fonte_->metti(chiedeGiorno_ ? FontePagamento::Giorno : opzioni.fonte);
-  const bool giorno = chiedeGiorno_ || opzioni.fonte == FontePagamento::Giorno;
-  giorno_->setVisible(giorno);
+  const FontePagamento fonte = voluta_.value_or(opzioni.fonte);
+  fonte_->metti(fonte);
+  giorno_->setVisible(fonte == FontePagamento::Giorno);
   if (!giorno_->hasFocus() && opzioni.fonte == FontePagamento::Giorno)
     giorno_->setText(qs(opzioni.giorno.toItalian()));
-  tavola_->setVisible(!chiedeGiorno_ && opzioni.fonte == FontePagamento::Tavola);
+  tavola_->setVisible(fonte == FontePagamento::Tavola);
   tavola_->setText(assistente_.tavolaDate().empty()
                        ? QStringLiteral("&File delle date…")
                        : QStringLiteral("&File delle date: %1…").arg(qs(assistente_.tavolaDate())));

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 #include "apps/assistente/pagina.h"
 #include "apps/importazione/documenti_mostrati.h"
@@ -33,7 +34,8 @@ class RiquadroDate : public QWidget {
   QString dettiAnni() const;
 
   Assistente& assistente_;
-  bool chiedeGiorno_ = false;
+  // Chosen, and still without its day or its file.
+  std::optional<intake::FontePagamento> voluta_;
   Scelta<intake::FontePagamento>* fonte_;
   QLineEdit* giorno_;
   QPushButton* tavola_;

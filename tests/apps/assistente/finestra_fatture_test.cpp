@@ -86,6 +86,32 @@ TEST_F(FinestraFatture, ShowsProposedDatesAsProposals) {
   EXPECT_TRUE(test::dice(finestra, "con la data solo proposta"));
 }
 
+TEST_F(FinestraFatture, AsksForTheFileOfDatesAndForTheDayBesideTheList) {
+  auto& finestra = apri(esempio("pronte/ITDMCNCL64S30F839G_00001.xml"));
+  banco.avanti(3);
+  auto* const fonte = banco.cerca<QComboBox>("Da dove vengono le date di pagamento");
+  ASSERT_NE(fonte, nullptr);
+  const auto scegli = [&](int quale) {
+    fonte->setCurrentIndex(quale);
+    emit fonte->activated(quale);
+  };
+  scegli(1);
+  EXPECT_EQ(finestra.assistente().opzioni().fonte, intake::FontePagamento::Nessuna) << "there is no file yet";
+  ASSERT_NE(banco.bottone("File delle date…"), nullptr);
+  auto* const riquadro = &banco.pagina<RiquadroDate>();
+  riquadro->usaTavola(QStringLiteral(CU_ESEMPIO "/date_pagamento.csv"));
+  ASSERT_TRUE(banco.aspettaFerma());
+  EXPECT_EQ(cella(*tabella("Righe da importare"), 0, "Pagamento"), QStringLiteral("09/04/2017"));
+  scegli(3);
+  auto* const giorno = banco.cerca<QLineEdit>("Giorno del pagamento");
+  ASSERT_NE(giorno, nullptr);
+  giorno->setFocus();
+  QTest::keyClicks(giorno, QStringLiteral("10/01/2018"));
+  QTest::keyClick(giorno, Qt::Key_Return);
+  ASSERT_TRUE(banco.aspettaFerma());
+  EXPECT_EQ(cella(*tabella("Righe da importare"), 0, "Anno"), QStringLiteral("⚠ gennaio"));
+}
+
 TEST_F(FinestraFatture, LetsAPersonChooseWhatADocumentMeans) {
   apri(esempio("da_vedere/ITDLLGLI83A59F205I_00045.xml"));
   banco.avanti();
