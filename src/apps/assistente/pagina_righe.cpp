@@ -151,8 +151,11 @@ strumenti::Colonna PaginaRighe::colonnaPagamento() {
           .titolo = "Pagamento",
           .testo =
               [this](std::size_t q) {
-                const bool escluso = piano_->righe[q].stato == StatoRiga::Escluso;
-                return escluso && pagamenti_[q].giorno == Date() ? QString() : dettoPagamento(pagamenti_[q]);
+                const intake::RigaPiano& riga = piano_->righe[q];
+                // What is left out for its date has one; other rows that are left out are no payments.
+                const bool perLaData = !riga.esclusa.empty() || haCodice(riga, intake::Codice::R05);
+                const bool altro = riga.stato == StatoRiga::Escluso && !perLaData;
+                return altro ? QString() : dettoPagamento(pagamenti_[q]);
               },
           .ordine = [this](std::size_t q) { return qs(pagamenti_[q].giorno.toIso()); },
           .scrivi = [this](std::size_t q, const QString& testo) { scriviPagamento(q, testo); },
