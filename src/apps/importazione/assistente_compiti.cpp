@@ -1,7 +1,7 @@
 // What takes its time: each work has copies of what it needs.
 
 #include <algorithm>
-#include <filesystem>
+#include <string>
 #include <utility>
 
 #include "apps/comune/connessioni.h"
@@ -117,8 +117,8 @@ Compito Assistente::leggi() {
 
 Compito Assistente::leggiFatture() {
   auto lette = std::make_shared<intake::LettureFatture>();
-  std::vector<std::filesystem::path> percorsi;
-  for (const FileScelto& uno : file_) percorsi.emplace_back(uno.percorso);
+  std::vector<std::string> percorsi;
+  for (const FileScelto& uno : file_) percorsi.push_back(uno.percorso);
   return {.che = "Lettura delle fatture",
           .lavoro =
               [lette, percorsi, oggi = ambiente_.oggi,
