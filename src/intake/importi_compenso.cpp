@@ -164,6 +164,8 @@ class ControlloImporti {
   // reason's.
   void ritenute() {
     using enum ColonnaCompenso;
+    // Of an invoice that is to be decided.
+    if (corso_.stato(StatoRiga::Nuovo) == StatoRiga::DaDecidere && detto(Codice::R02)) return;
     const bool imposta =
         !riga_.ha(RitenutaAcconto) && (riga_.ha(RitenutaImposta) || aTitoloDiImposta(causale_));
     ritenuta(I::RitenutaAcconto, RitenutaAcconto, !imposta);

@@ -46,7 +46,9 @@ class PianoCompensi {
   void riga(RigaPiano& riga) {
     RigaInCorso corso(piano_, riga);
     const bool pianificabile = daPianificare(corso);
-    if (corso.lettura().fatture && riga.stato != StatoRiga::Escluso) return fattura(corso);
+    if (corso.lettura().fatture) {
+      return riga.stato == StatoRiga::Escluso ? fatture_.tralasciata(corso) : fattura(corso);
+    }
     if (riga.stato != StatoRiga::Escluso && diAltroAnno(corso)) return;
     if (!pianificabile) return;
     // The heading lacks it, which is reported once.

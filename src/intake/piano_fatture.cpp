@@ -112,6 +112,15 @@ std::optional<FatturaPronta> PianoFatture::prepara(RigaInCorso& corso) {
   return pronta;
 }
 
+void PianoFatture::tralasciata(RigaInCorso& corso) const {
+  const FattureLette& lette = *corso.lettura().fatture;
+  // A notification has no document.
+  if (lette.documenti.empty() || archivio_.aziende.empty()) return;
+  const std::size_t documento = lette.righe[corso.riga().posizione.riga].documento;
+  if (eLui(lette.documenti[documento].cedente, archivio_.aziende.front().sede))
+    dellAzienda(corso, lette.documenti[documento]);
+}
+
 // A company that buys and sells receives and issues: the ones issued are in the same archive.
 bool PianoFatture::dellAzienda(RigaInCorso& corso, const DocumentoLetto& documento) const {
   if (archivio_.aziende.empty()) return true;

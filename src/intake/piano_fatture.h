@@ -34,6 +34,8 @@ class PianoFatture {
   PianoFatture(Piano& piano, const ArchivioLetto& archivio, const Soggetti& soggetti,
                const IdentitaFatture& identita);
 
+  // Of a row that the reading leaves out: whether the company has issued it, which is said.
+  void tralasciata(RigaInCorso& corso) const;
   // Of a row that is not left out. nullopt where the row is judged with that: it has its state.
   std::optional<FatturaPronta> prepara(RigaInCorso& corso);
   // Once all rows are judged.

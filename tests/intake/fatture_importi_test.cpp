@@ -170,7 +170,7 @@ struct CasoDubbio {
 
 TEST(ImportiDiFatture, WhatNothingExplainsIsLeftToAPersonWithTheCandidates) {
   const std::vector<CasoDubbio> casi = {
-      {"no base", documentoDi({{"190.00"}}, {{"1000.00"}}), "R02 R12 R01",
+      {"no base", documentoDi({{"190.00"}}, {{"1000.00"}}), "R02 R12",
        "nessuna parte del documento dà la ritenuta di 190,00; possibile: compenso 1.000,00 = imponibile "
        "1.000,00; 20 % = 200,00, nel documento 190,00"},
       {"surcharge", documentoDi({{"400.00"}}, {{"2000.00"}}, {{"TC22", "80.00", false}}), "R02 R12",
