@@ -15,6 +15,7 @@ FUNCTION = re.compile(
     r"(?!using\b|return\b|class\b|struct\b|enum\b|//|#|\}|TEST|INSTANTIATE|constexpr .*=)"
     r"[A-Za-z\[][\w:<>&*\[\], ()]*?[ &*](\w+)\(")
 TYPE = re.compile(r"(?:class|struct|enum class|enum) (\w+)")
+ALIAS = re.compile(r"using (\w+) = (.*)")
 CONSTANT = re.compile(r"(?:constexpr|const) [^=({]*?\b(k[A-Z]\w*)(?:\[[^\]]*\])* *[={]")
 
 HEADER = re.compile(
@@ -23,17 +24,20 @@ HEADER = re.compile(
 
 
 def names_of(file):
+    """Yields each name with what it means: an alias of the same type may repeat."""
     anonymous = False
     for line in file.read_text(encoding="utf-8").splitlines():
         if line.startswith("namespace {"):
             anonymous = True
         elif line == "}  // namespace":
             anonymous = False
+        elif anonymous and (alias := ALIAS.match(line)):
+            yield alias[1], alias[2]
         elif anonymous:
             for pattern in (TYPE, CONSTANT, FUNCTION):
                 if found := pattern.match(line):
                     if pattern is not FUNCTION or not line.endswith(";"):
-                        yield found[1]
+                        yield found[1], file.name
                     break
 
 
@@ -46,16 +50,18 @@ def main():
                 folders[file.parent].append(file)
         for folder, files in sorted(folders.items()):
             places = collections.defaultdict(set)
+            meanings = collections.defaultdict(set)
             headers = collections.defaultdict(set)
             for header in folder.glob("*.h"):
                 for name in HEADER.findall(header.read_text(encoding="utf-8")):
                     headers[name].add(header.name)
             for file in files:
-                for name in names_of(file):
+                for name, meaning in names_of(file):
                     places[name].add(file.name)
+                    meanings[name].add(meaning)
             for name, where in places.items():
                 where |= headers[name]
-                if len(where) > 1:
+                if len(where) > 1 and (len(meanings[name]) > 1 or headers[name]):
                     repeated += 1
                     print(f"{folder}: {name} in {', '.join(sorted(where))}")
     sys.exit(1 if repeated else 0)

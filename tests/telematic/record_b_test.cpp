@@ -15,7 +15,7 @@ using test::day;
 using test::null;
 using test::text;
 using test::whole;
-using Campi = std::map<std::string, std::string>;
+using CampiB = std::map<std::string, std::string>;
 
 Contenuti societa() {
   return {{"PersonaFisicaAz", whole(0)},
@@ -55,29 +55,29 @@ std::string scrivi(int anno, const Contenuti& riga, const Chiamata& c = {}) {
   return prova.files.files.at("/prova.cur");
 }
 
-Campi attesi(int anno, int tipo) {
-  Campi campi = {{"Tipo Record", "B"},
-                 {"Cod. Fisc. Sost. imposta", "01234567890"},
-                 {"Progressivo modulo", "00000001"},
-                 {"Id. prod. software (Cod. Fisc.)", "04711230587"},
-                 {"Fornitura rel. invio certif. da ann.", tipo == 2 ? "1" : "0"},
-                 {"Fornitura rel. invio certif. da sost.", tipo == 3 ? "1" : "0"},
-                 {"Denominazione", "ALFA & FIGLI S.R.L."},
-                 {"Indirizzo posta elettronica", "Info@alfa.it"},
-                 {"Telefono/Fax", "0451234"},
-                 {"Cod. Fisc. rappresentante", "VRDLGU60B02L781K"},
-                 {"Cod. carica rappresentante", "01"},
-                 {"Cognome rappresentante", "VERDI"},
-                 {"Nome rappresentante", "LUIGI"},
-                 {"Cod. Fisc. soc. o ente dich.", "01234567890"},
-                 {"N° comun. certif. lav. aut. e provv.", "00000003"},
-                 {"Casella Quadro CT", "0"},
-                 {"Firma", "1"},
-                 {"Cod. Fisc. intermediario", "RSSMRA80A01L781X"},
-                 {"Impegno a trasmettere via telem. dich.", "2"},
-                 {"Data dell'impegno", "05032017"},
-                 {"Firma intermediario", "1"},
-                 {"Filler 26", "A"}};
+CampiB attesi(int anno, int tipo) {
+  CampiB campi = {{"Tipo Record", "B"},
+                  {"Cod. Fisc. Sost. imposta", "01234567890"},
+                  {"Progressivo modulo", "00000001"},
+                  {"Id. prod. software (Cod. Fisc.)", "04711230587"},
+                  {"Fornitura rel. invio certif. da ann.", tipo == 2 ? "1" : "0"},
+                  {"Fornitura rel. invio certif. da sost.", tipo == 3 ? "1" : "0"},
+                  {"Denominazione", "ALFA & FIGLI S.R.L."},
+                  {"Indirizzo posta elettronica", "Info@alfa.it"},
+                  {"Telefono/Fax", "0451234"},
+                  {"Cod. Fisc. rappresentante", "VRDLGU60B02L781K"},
+                  {"Cod. carica rappresentante", "01"},
+                  {"Cognome rappresentante", "VERDI"},
+                  {"Nome rappresentante", "LUIGI"},
+                  {"Cod. Fisc. soc. o ente dich.", "01234567890"},
+                  {"N° comun. certif. lav. aut. e provv.", "00000003"},
+                  {"Casella Quadro CT", "0"},
+                  {"Firma", "1"},
+                  {"Cod. Fisc. intermediario", "RSSMRA80A01L781X"},
+                  {"Impegno a trasmettere via telem. dich.", "2"},
+                  {"Data dell'impegno", "05032017"},
+                  {"Firma intermediario", "1"},
+                  {"Filler 26", "A"}};
   if (anno >= 2016) campi["Eventi eccezionali"] = "N";
   if (anno == 2014) campi["N° comun. certif. lav. dip. e assim."] = "00000000";
   return campi;
@@ -115,19 +115,19 @@ TEST_P(RecordB, WithoutAnyDatumHoldsZerosWhereTheyAreDueAndBlanksElsewhere) {
   Chiamata chiamata{
       .numero = 0, .codiceFiscale = "", .tipo = tipo, .intermediario = "", .uso = false, .impegno = ""};
   chiamata.data = Date();
-  Campi campi = {{"Tipo Record", "B"},
-                 {"Progressivo modulo", "00000001"},
-                 {"Id. prod. software (Cod. Fisc.)", "04711230587"},
-                 {"Fornitura rel. invio certif. da ann.", tipo == 2 ? "1" : "0"},
-                 {"Fornitura rel. invio certif. da sost.", tipo == 3 ? "1" : "0"},
-                 {"Cod. carica rappresentante", "00"},
-                 {"Cod. Fisc. soc. o ente dich.", "00000000000"},
-                 {"N° comun. certif. lav. aut. e provv.", "00000000"},
-                 {"Casella Quadro CT", "0"},
-                 {"Firma", "1"},
-                 {"Data dell'impegno", "00000000"},
-                 {"Firma intermediario", "0"},
-                 {"Filler 26", "A"}};
+  CampiB campi = {{"Tipo Record", "B"},
+                  {"Progressivo modulo", "00000001"},
+                  {"Id. prod. software (Cod. Fisc.)", "04711230587"},
+                  {"Fornitura rel. invio certif. da ann.", tipo == 2 ? "1" : "0"},
+                  {"Fornitura rel. invio certif. da sost.", tipo == 3 ? "1" : "0"},
+                  {"Cod. carica rappresentante", "00"},
+                  {"Cod. Fisc. soc. o ente dich.", "00000000000"},
+                  {"N° comun. certif. lav. aut. e provv.", "00000000"},
+                  {"Casella Quadro CT", "0"},
+                  {"Firma", "1"},
+                  {"Data dell'impegno", "00000000"},
+                  {"Firma intermediario", "0"},
+                  {"Filler 26", "A"}};
   if (anno >= 2016) campi["Eventi eccezionali"] = "0";
   if (anno == 2014) campi["N° comun. certif. lav. dip. e assim."] = "00000000";
   EXPECT_EQ(scrivi(anno, {}, chiamata), test::riga('B', anno, campi));
@@ -146,7 +146,7 @@ TEST(RecordBName, ANaturalPersonFillsSurnameAndNameAndNoDenomination) {
     riga["PersonaFisicaAz"] = whole(vero);
     riga["AnagraficaAz"] = text("Rossi");
     riga["NomeAz"] = text("Niccolò");
-    Campi campi = attesi(2016, 1);
+    CampiB campi = attesi(2016, 1);
     campi.erase("Denominazione");
     campi["Cognome"] = "ROSSI";
     campi["Nome"] = "NICCOL\xD2";

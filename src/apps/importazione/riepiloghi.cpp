@@ -21,7 +21,7 @@ using intake::Gravita;
 using intake::Messaggio;
 using intake::Piano;
 using intake::RigaPiano;
-using Stato = SoggettoPiano::Stato;
+using StatoSoggetto = SoggettoPiano::Stato;
 
 void aggiungiImporti(schede::Importi& totale, const schede::Importi& importi) {
   for (std::size_t i = 0; i < totale.size(); ++i) totale[i] = totale[i] + importi[i];
@@ -45,11 +45,11 @@ std::string chiaveLetta(const intake::RigaLetta& letta) {
   return {};
 }
 
-Stato statoSenzaVoce(const RigaPiano& riga) {
-  if (haMessaggio(riga, Codice::P09)) return Stato::DaScegliere;
-  if (haMessaggio(riga, Codice::P12)) return Stato::Assente;
-  if (haMessaggio(riga, Codice::P10)) return Stato::InConflitto;
-  return Stato::NonCercato;
+StatoSoggetto statoSenzaVoce(const RigaPiano& riga) {
+  if (haMessaggio(riga, Codice::P09)) return StatoSoggetto::DaScegliere;
+  if (haMessaggio(riga, Codice::P12)) return StatoSoggetto::Assente;
+  if (haMessaggio(riga, Codice::P10)) return StatoSoggetto::InConflitto;
+  return StatoSoggetto::NonCercato;
 }
 
 class RaccoltaSoggetti {
@@ -73,7 +73,7 @@ class RaccoltaSoggetti {
     if (riga.voce == intake::kSenzaVoce) return senzaVoce(quale);
     const schede::SchedaCompenso& compenso = piano_.compensi[riga.voce].dopo;
     SoggettoPiano& suo = diChiave({kConVoce, std::to_string(compenso.idAnagrafica)});
-    suo.stato = Stato::Trovato;
+    suo.stato = StatoSoggetto::Trovato;
     suo.righe.push_back(quale);
     suo.onorari = suo.onorari + compenso.importi[schede::posto(schede::Importo::Onorario)];
     const auto noto = perId_.find(compenso.idAnagrafica);
@@ -88,11 +88,11 @@ class RaccoltaSoggetti {
     const intake::DocumentoLetto* const documento = documentoDellaRiga(piano_, riga);
     const auto noto = perChiave_.find(lowerAscii(chiave));
     const schede::SchedaPercipiente* const scheda = noto == perChiave_.end() ? nullptr : noto->second;
-    Stato stato = statoSenzaVoce(riga);
+    StatoSoggetto stato = statoSenzaVoce(riga);
     // An invoice may lack its date or its amounts only: its seller is known.
-    const bool trovato =
-        documento != nullptr && stato == Stato::NonCercato && riga.stato == intake::StatoRiga::DaDecidere;
-    if (trovato) stato = Stato::Trovato;
+    const bool trovato = documento != nullptr && stato == StatoSoggetto::NonCercato &&
+                         riga.stato == intake::StatoRiga::DaDecidere;
+    if (trovato) stato = StatoSoggetto::Trovato;
     SoggettoPiano& suo = trovato && scheda != nullptr
                              ? diChiave({kConVoce, std::to_string(scheda->anagrafica.id)})
                              : diChiave({static_cast<int>(stato), chiave});
@@ -113,7 +113,7 @@ class RaccoltaSoggetti {
   void nuovo(std::size_t quale) {
     const RigaPiano& riga = piano_.righe[quale];
     SoggettoPiano& suo = diChiave({kNuovo, std::to_string(riga.percipienteNuovo)});
-    suo.stato = Stato::Nuovo;
+    suo.stato = StatoSoggetto::Nuovo;
     suo.righe.push_back(quale);
     const schede::SchedaPercipiente& scheda = piano_.percipienti[riga.percipienteNuovo].dopo;
     suo.chiave = scheda.codice;
@@ -215,19 +215,19 @@ std::vector<SoggettoPiano> soggettiDelPiano(const Piano& piano) {
   return raccolta.presi();
 }
 
-std::string detto(SoggettoPiano::Stato stato) {
+std::string detto(StatoSoggetto stato) {
   switch (stato) {
-    case Stato::Trovato:
+    case StatoSoggetto::Trovato:
       return "✓ in archivio";
-    case Stato::Assente:
+    case StatoSoggetto::Assente:
       return "✖ non in archivio";
-    case Stato::DaScegliere:
+    case StatoSoggetto::DaScegliere:
       return "? da scegliere";
-    case Stato::InConflitto:
+    case StatoSoggetto::InConflitto:
       return "✖ codici in conflitto";
-    case Stato::Nuovo:
+    case StatoSoggetto::Nuovo:
       return "+ nuovo";
-    case Stato::NonCercato:
+    case StatoSoggetto::NonCercato:
       break;
   }
   return "− righe con errori";
