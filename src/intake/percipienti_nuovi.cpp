@@ -24,16 +24,30 @@ bool derivata(const RigaPiano& riga, ColonnaPercipiente colonna) {
 
 PercipientiNuovi::PercipientiNuovi(Piano& piano, const ArchivioLetto& archivio, const Soggetti& soggetti)
     : piano_(piano), archivio_(archivio), soggetti_(soggetti) {
-  for (const Lettura& lettura : *piano.letture) {
+  raccogliCodici();
+  for (std::size_t file = 0; file < piano.letture->size(); ++file) osserva((*piano.letture)[file], file);
+}
+
+void PercipientiNuovi::raccogliCodici() {
+  const auto aggiungi = [](std::vector<std::string>& codici, std::string_view codice) {
+    const bool nuovo = std::none_of(codici.begin(), codici.end(),
+                                    [&](const std::string& uno) { return equalsNoCase(uno, codice); });
+    if (nuovo && !codice.empty()) codici.emplace_back(codice);
+  };
+  for (const Lettura& lettura : *piano_.letture) {
     if (!lettura.fatture) continue;
     for (const RigaLetta& cedente : lettura.fatture->percipienti.righe) {
       const Chiavi sue = chiaviDelCedente(cedente);
-      if (sue.codiceFiscale.empty() || sue.partitaIva.empty()) continue;
-      const auto [altro, primo] = codiceDellIva_.emplace(lowerAscii(sue.partitaIva), sue.codiceFiscale);
-      if (!primo && !equalsNoCase(altro->second, sue.codiceFiscale)) altro->second.clear();
+      if (!sue.partitaIva.empty())
+        aggiungi(codiciDellIva_[lowerAscii(sue.partitaIva)].codici, sue.codiceFiscale);
     }
   }
-  for (std::size_t file = 0; file < piano.letture->size(); ++file) osserva((*piano.letture)[file], file);
+  for (auto& [iva, suoi] : codiciDellIva_) suoi.neiDocumenti = !suoi.codici.empty();
+  for (const schede::SchedaPercipiente& percipiente : archivio_.percipienti) {
+    const auto suoi = codiciDellIva_.find(lowerAscii(trim(percipiente.anagrafica.partitaIva)));
+    if (suoi != codiciDellIva_.end())
+      aggiungi(suoi->second.codici, trim(percipiente.anagrafica.codiceFiscale));
+  }
 }
 
 // The first document with a fiscal code says most of its seller.
@@ -57,10 +71,14 @@ void PercipientiNuovi::osserva(const Lettura& lettura, std::size_t file) {
 
 Chiavi PercipientiNuovi::chiavi(const RigaLetta& cedente) const {
   Chiavi sue = chiaviDelCedente(cedente);
-  if (!sue.codiceFiscale.empty() || sue.partitaIva.empty()) return sue;
-  const auto altro = codiceDellIva_.find(lowerAscii(sue.partitaIva));
-  if (altro == codiceDellIva_.end() || altro->second.empty()) return sue;
-  sue.codiceFiscale = altro->second;
+  const auto codici = codiciDellIva_.find(lowerAscii(sue.partitaIva));
+  if (codici == codiciDellIva_.end()) return sue;
+  const CodiciIva& suoi = codici->second;
+  if (suoi.codici.size() > 1) {
+    sue.codiciDellIva = suoi.codici;
+  } else if (sue.codiceFiscale.empty() && suoi.neiDocumenti) {
+    sue.codiceFiscale = suoi.codici.front();
+  }
   return sue;
 }
 

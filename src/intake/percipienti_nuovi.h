@@ -16,7 +16,8 @@ class PercipientiNuovi {
  public:
   PercipientiNuovi(Piano& piano, const ArchivioLetto& archivio, const Soggetti& soggetti);
 
-  // Of the seller of a document: a fiscal code that other documents alone have belongs to them.
+  // Of the seller of a document: with a VAT number alone, the fiscal code that other documents have with it,
+  // where neither these nor the database have another one.
   Chiavi chiavi(const RigaLetta& cedente) const;
 
   // Proposes the seller of a row's document, for whom no payee was found; the row has the index and the
@@ -37,6 +38,7 @@ class PercipientiNuovi {
   };
 
   std::string chiave(const RigaLetta& cedente) const;
+  void raccogliCodici();
   void osserva(const Lettura& lettura, std::size_t file);
   void giudica(RigaInCorso& corso, Proposto& proposto);
   void comune(RigaInCorso& corso, RigaLetta& letta) const;
@@ -45,7 +47,12 @@ class PercipientiNuovi {
   Piano& piano_;
   const ArchivioLetto& archivio_;
   const Soggetti& soggetti_;
-  std::map<std::string, std::string> codiceDellIva_;  // "" where several have the number
+  // The fiscal codes that the documents and the database have with a document's VAT number, each once.
+  struct CodiciIva {
+    std::vector<std::string> codici;
+    bool neiDocumenti = false;  // some of them
+  };
+  std::map<std::string, CodiciIva> codiciDellIva_;
   std::map<std::string, Proposto> proposti_;
 };
 

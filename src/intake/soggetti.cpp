@@ -31,6 +31,7 @@ Chiavi chiaviIn(const RigaLetta& riga, C codice, C codiceFiscale, C partitaIva) 
           std::string(riga.valore(codiceFiscale).text()),
           std::string(riga.valore(partitaIva).text()),
           false,
+          {},
           {}};
 }
 
@@ -109,6 +110,10 @@ bool Soggetti::trova(RigaInCorso& corso, const Chiavi& chiavi,
       return contraddice(suo->anagrafica.codiceFiscale, chiavi.codiceFiscale);
     });
   }
+  if (chiavi.codiciDellIva.size() > 1 && conIva.size() < 2) {
+    if (conCodice.empty() && conFiscale.empty() && contesa(corso, chiavi, conIva)) return false;
+    conIva.clear();
+  }
   for (const Trovati* trovati : {&conCodice, &conFiscale, static_cast<const Trovati*>(&conIva),
                                  static_cast<const Trovati*>(&conEstero)}) {
     if (trovati->empty()) continue;
@@ -131,6 +136,16 @@ bool Soggetti::trova(RigaInCorso& corso, const Chiavi& chiavi,
   return true;
 }
 
+// Whether a person has to choose: nothing but the VAT number means the payee, or a payee has only that.
+bool Soggetti::contesa(RigaInCorso& corso, const Chiavi& chiavi, const Trovati& conIva) const {
+  if (corso.decisione().nuovoPercipiente || (!chiavi.codiceFiscale.empty() && conIva.empty())) return false;
+  std::string codici;
+  for (const std::string& uno : chiavi.codiciDellIva) codici += (codici.empty() ? "" : ", ") + uno;
+  candidati(corso, conIva,
+            "la partita IVA " + mostrato(chiavi.partitaIva) + " è di più codici fiscali, " + codici);
+  return true;
+}
+
 Trovati Soggetti::omonimi(const Chiavi& chiavi, std::string_view cognome, std::string_view nome) const {
   Trovati possibili = cerca(perNome_, perNome(cognome, nome));
   std::erase_if(possibili, [&](const schede::SchedaPercipiente* suo) {
@@ -147,7 +162,7 @@ void Soggetti::candidati(RigaInCorso& corso, const Trovati& possibili, const std
     elenco += cheSi(*suo);
     corso.riga().candidati.push_back({suo->anagrafica.id, cheSi(*suo)});
   }
-  corso.segnala(Codice::P09, perche + ": " + elenco);
+  corso.segnala(Codice::P09, elenco.empty() ? perche : perche + ": " + elenco);
 }
 
 }  // namespace cu::intake

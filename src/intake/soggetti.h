@@ -19,6 +19,9 @@ struct Chiavi {
   // A VAT number that several payees share is left to a person; otherwise it is no key.
   bool scegliPerIva = false;
   std::string codiceEstero;  // of a payee abroad: the VAT number there
+  // The fiscal codes that have the VAT number, where they are several: it is no key then, and a payee with it
+  // and without a fiscal code is left to a person.
+  std::vector<std::string> codiciDellIva{};
 };
 Chiavi chiaviDi(const RigaLetta& percipiente);
 Chiavi chiaviDelCompenso(const RigaLetta& compenso);
@@ -57,6 +60,8 @@ class Soggetti {
   using Indice = std::unordered_map<std::string, std::vector<const schede::SchedaPercipiente*>>;
   static const std::vector<const schede::SchedaPercipiente*>& cerca(const Indice& indice,
                                                                     const std::string& chiave);
+  bool contesa(RigaInCorso& corso, const Chiavi& chiavi,
+               const std::vector<const schede::SchedaPercipiente*>& conIva) const;
 
   Indice perCodice_;
   Indice perCodiceFiscale_;
