@@ -33,11 +33,12 @@ struct Riscontro {
     Uguale,
     Diverso,
     Ripetuto,  // the same document with other data in the files, or more than once in the database
+    Incerto,   // whether it is the payment of the database, a person has to say
   };
   Esito esito = Esito::Nuovo;
   const schede::SchedaCompenso* compenso = nullptr;  // of the database, for Uguale and Diverso
   std::size_t voce = kSenzaVoce;                     // of Uguale: the plan's payment that the row repeats
-  std::string dove;                                  // "nella riga 12", "in archivio più volte"
+  std::string dove;  // "nella riga 12", "in archivio più volte"; of Incerto: what has to be decided
 };
 
 // The identity of payments: their reference; else payee, reason, document and date of payment; without a

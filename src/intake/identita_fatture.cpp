@@ -3,11 +3,14 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "intake/lettura_fatture.h"
 
 namespace cu::intake {
 namespace {
 
 using schede::SchedaCompenso;
+
+constexpr std::string_view kNotaDiDebito = "TD05";
 
 Decimal lordoDi(const SchedaCompenso& scheda) {
   using enum schede::Importo;
@@ -58,6 +61,11 @@ std::string IdentitaFatture::dove(const RigaPiano& riga) const {
          (suo.documento > 0 ? ", documento " + fromInteger(static_cast<std::int64_t>(suo.documento)) : "");
 }
 
+const std::string& IdentitaFatture::tipo(const RigaPiano& riga) const {
+  const FattureLette& lette = *(*piano_.letture)[riga.posizione.file].fatture;
+  return lette.documenti[lette.righe[riga.posizione.riga].documento].tipo;
+}
+
 Riscontro IdentitaFatture::cerca(const CompensoDato& dato, const RigaPiano& riga, const Come& come) {
   const auto viste = viste_.find(chiaveFattura(dato.scheda));
   if (viste != viste_.end()) {
@@ -65,7 +73,7 @@ Riscontro IdentitaFatture::cerca(const CompensoDato& dato, const RigaPiano& riga
       const Voce<SchedaCompenso>& voce = piano_.compensi[quale];
       const RigaPiano& altra = piano_.righe[voce.riga];
       if (!stessoDocumentoDi(voce.dopo, dato.scheda) || voce.dopo.idCausale != dato.scheda.idCausale ||
-          stessoDocumento(altra, riga)) {
+          stessoDocumento(altra, riga) || tipo(altra) != tipo(riga)) {
         continue;
       }
       const bool uguale = dato.stessiImporti(voce.dopo) &&
@@ -74,6 +82,15 @@ Riscontro IdentitaFatture::cerca(const CompensoDato& dato, const RigaPiano& riga
     }
   }
   Riscontro riscontro = nellArchivio(dato, come);
+  const bool trovato = riscontro.compenso != nullptr || riscontro.esito == Riscontro::Esito::Ripetuto;
+  if (trovato && tipo(riga) == kNotaDiDebito && !come.fileNoto &&
+      (riscontro.esito != Riscontro::Esito::Uguale || !come.dataDecisa)) {
+    if (come.dataDecisa) return {};
+    return {
+        Riscontro::Esito::Incerto, nullptr, kSenzaVoce,
+        "in archivio un compenso ha lo stesso documento: non si sa se è di questa nota di debito o di una "
+        "fattura con lo stesso numero"};
+  }
   if (riscontro.compenso != nullptr) usati_.insert(riscontro.compenso->id);
   return riscontro;
 }
@@ -93,7 +110,7 @@ std::vector<IdentitaFatture::Compenso> IdentitaFatture::possibili(const Compenso
 Riscontro IdentitaFatture::nellArchivio(const CompensoDato& dato, const Come& come) {
   using enum Riscontro::Esito;
   const std::vector<Compenso> suoi = possibili(dato, come.sola);
-  if (suoi.empty()) return {};
+  if (suoi.empty()) return senzaDataDocumento(dato, come);
   for (const Compenso uno : suoi) {
     const bool stessa = come.dataProposta || uno->pagamento == dato.scheda.pagamento;
     if (stessa && uno->idCausale == dato.scheda.idCausale && stessiImporti(dato, *uno, come))
@@ -111,19 +128,35 @@ Riscontro IdentitaFatture::nellArchivio(const CompensoDato& dato, const Come& co
   return {Uguale, suoi.front(), kSenzaVoce, {}};
 }
 
-std::optional<Date> IdentitaFatture::pagamento(std::int32_t idAnagrafica, const std::string& numero,
-                                               Date documento) const {
-  std::optional<Date> trovato;
-  for (const bool negativa : {false, true}) {
-    const auto suoi = perNumero_.find(chiaveFattura(idAnagrafica, negativa, numero));
-    if (suoi == perNumero_.end()) continue;
-    for (const Compenso uno : suoi->second) {
-      if (uno->documento != documento) continue;
-      if (trovato && *trovato != uno->pagamento) return std::nullopt;
-      trovato = uno->pagamento;
+// The year of a proposed date does not tell two documents of one number apart.
+Riscontro IdentitaFatture::senzaDataDocumento(const CompensoDato& dato, const Come& come) const {
+  const auto trovati = perNumero_.find(chiaveFattura(dato.scheda));
+  if (!come.dataProposta || trovati == perNumero_.end()) return {};
+  for (const Compenso uno : trovati->second) {
+    if (usati_.contains(uno->id) || uno->documento != Date() || uno->pagamento < dato.scheda.documento ||
+        (uno->idCausale != dato.scheda.idCausale && !come.sola) || !stessiImporti(dato, *uno, come)) {
+      continue;
     }
+    return {
+        Riscontro::Esito::Incerto, nullptr, kSenzaVoce,
+        "in archivio un compenso con lo stesso numero e gli stessi importi, senza la data del documento, è "
+        "pagato il " +
+            uno->pagamento.toItalian()};
   }
-  return trovato;
+  return {};
+}
+
+std::optional<Date> IdentitaFatture::pagamento(const Cercato& cercato, const std::string& numero,
+                                               Date documento) const {
+  const auto suoi = perNumero_.find(chiaveFattura(cercato.idAnagrafica, cercato.negativo, numero));
+  if (suoi == perNumero_.end()) return std::nullopt;
+  std::optional<Date> altro;
+  for (const Compenso uno : suoi->second) {
+    if (uno->documento != documento) continue;
+    if (uno->idCausale == cercato.idCausale) return uno->pagamento;
+    if (cercato.sola && !altro) altro = uno->pagamento;
+  }
+  return altro;
 }
 
 void IdentitaFatture::aggiungi(const CompensoDato& dato, std::size_t voce) {

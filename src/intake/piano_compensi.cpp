@@ -87,15 +87,48 @@ class PianoCompensi {
     }
     dato.importi.set().reset(posto(schede::Importo::RegimeConvenzionale));
     const FattureLette& lette = *corso.lettura().fatture;
-    IdentitaFatture::Come come{pronta->dataProposta, pronta->sola, {}, false};
+    IdentitaFatture::Come come{.dataProposta = pronta->dataProposta,
+                               .sola = pronta->sola,
+                               .dataDecisa = corso.decisione().pagamento.has_value(),
+                               .fileNoto = archivio_.impronte.contains(lette.sha256Contenuto)};
     if (!pronta->decisa) {
       come.proposte = importiProposti(lette.righe[riga.posizione.riga]);
-      come.giaImportata = archivio_.impronte.contains(lette.sha256Contenuto);
+      come.giaImportata = come.fileNoto;
     }
     const Riscontro riscontro = identitaFatture_.cerca(dato, riga, come);
+    if (!dataCerta(intera, *pronta, riscontro, dato)) {
+      riga.stato = intera.stato(StatoRiga::DaDecidere);
+      return;
+    }
     if (riscontro.esito == Riscontro::Esito::Uguale && riscontro.compenso != nullptr) nonDaDecidere(riga);
     metti(intera, dato, std::move(accanto), riscontro);
     identitaFatture_.aggiungi(dato, riga.voce);
+  }
+
+  // False where a person has to say when it was paid. A payment that is there keeps its date.
+  static bool dataCerta(RigaInCorso& corso, const FatturaPronta& pronta, const Riscontro& riscontro,
+                        CompensoDato& dato) {
+    using enum Riscontro::Esito;
+    if (riscontro.esito == Incerto) {
+      dataDaDecidere(corso, riscontro.dove + ": indicare la data di pagamento");
+      return false;
+    }
+    if (!pronta.manca.empty() && riscontro.esito != Uguale) {
+      dataDaDecidere(corso, pronta.manca);
+      return false;
+    }
+    if (riscontro.esito == Nuovo && pronta.noto && pronta.noto->year() != dato.scheda.pagamento.year()) {
+      dataDaDecidere(corso, "in archivio un compenso del documento è pagato il " + pronta.noto->toItalian());
+      return false;
+    }
+    if (!pronta.dataProposta || riscontro.compenso == nullptr) return true;
+    dato.scheda.pagamento = riscontro.compenso->pagamento;
+    std::erase(corso.riga().derivati, static_cast<std::uint8_t>(ColonnaCompenso::DataPagamento));
+    for (Messaggio& uno : corso.riga().messaggi) {
+      if (uno.codice == Codice::R12)
+        uno.testo = "la data di pagamento resta quella in archivio, " + dato.scheda.pagamento.toItalian();
+    }
+    return true;
   }
 
   // What a person has decided already is in the database.
@@ -213,6 +246,7 @@ class PianoCompensi {
         riga.stato = corso.stato(StatoRiga::Nuovo);
         return;
       case Riscontro::Esito::Ripetuto:
+      case Riscontro::Esito::Incerto:
         return contraddetta(corso, riscontro);
       case Riscontro::Esito::Uguale:
         if (riscontro.voce != kSenzaVoce) return ripetuta(corso, riscontro, accanto);

@@ -58,6 +58,11 @@ std::vector<schede::Importi> importiProposti(const RigaFattura& riga) {
   return tutti;
 }
 
+void dataDaDecidere(RigaInCorso& corso, const std::string& perche) {
+  corso.segnala(Codice::R12, ColonnaCompenso::DataPagamento, perche);
+  corso.riga().messaggi.back().gravita = Gravita::DaDecidere;
+}
+
 // A row's document and what the payee is known by.
 struct PianoFatture::Documento {
   const DocumentoLetto& letto;
@@ -98,8 +103,10 @@ std::optional<FatturaPronta> PianoFatture::prepara(RigaInCorso& corso) {
   sua.percipiente = trovato;
   data(corso, sua, pronta);
   const bool datata = pronta.letta.ha(ColonnaCompenso::DataPagamento);
-  if (datata && fuoriAnno(corso, sua, pronta.letta.valore(ColonnaCompenso::DataPagamento).date()))
+  if (datata && fuoriAnno(corso, sua,
+                          pronta.noto.value_or(pronta.letta.valore(ColonnaCompenso::DataPagamento).date()))) {
     return std::nullopt;
+  }
   causale(corso, sua, pronta);
   bool possibile = chiaro && importi && datata && pronta.letta.ha(ColonnaCompenso::Causale);
   if (chiaro && trovato == nullptr) possibile = nuovi_.proponi(corso) && possibile;
@@ -206,6 +213,7 @@ void PianoFatture::data(RigaInCorso& corso, const Documento& sua, FatturaPronta&
   if (corso.decisione().pagamento) {
     return mettiCampo(pronta.letta, DataPagamento, CellView::ofDate(*corso.decisione().pagamento));
   }
+  const std::optional<Date> noto = nota(corso, sua, pronta);
   switch (opzioni.fonte) {
     case FontePagamento::Giorno:
       return mettiCampo(pronta.letta, DataPagamento, CellView::ofDate(opzioni.giorno));
@@ -214,6 +222,7 @@ void PianoFatture::data(RigaInCorso& corso, const Documento& sua, FatturaPronta&
       corso.derivato(DataPagamento);
       corso.segnala(Codice::R12, DataPagamento, "la data di pagamento è proposta: è quella del documento");
       pronta.dataProposta = true;
+      pronta.noto = noto;
       return;
     case FontePagamento::Tavola:
       if (const std::vector<Date> date = nellaTavola(sua); date.size() == 1) {
@@ -228,16 +237,28 @@ void PianoFatture::data(RigaInCorso& corso, const Documento& sua, FatturaPronta&
     case FontePagamento::Nessuna:
       break;
   }
-  // A payment that is there already has its date.
-  if (sua.percipiente != nullptr) {
-    const auto nota = identita_.pagamento(sua.percipiente->anagrafica.id, sua.letto.fattura, sua.letto.data);
-    if (nota) {
-      pronta.dataProposta = true;
-      return mettiCampo(pronta.letta, DataPagamento, CellView::ofDate(*nota), true);
-    }
+  if (!noto) return dataDaDecidere(corso, manca);
+  pronta.dataProposta = true;
+  pronta.noto = noto;
+  pronta.manca = std::move(manca);
+  mettiCampo(pronta.letta, DataPagamento, CellView::ofDate(*noto), true);
+}
+
+// A payment that is there already has its date.
+std::optional<Date> PianoFatture::nota(const RigaInCorso& corso, const Documento& sua,
+                                       const FatturaPronta& pronta) const {
+  using enum ColonnaCompenso;
+  if (sua.percipiente == nullptr) return std::nullopt;
+  Decimal lordo;
+  for (const ColonnaCompenso colonna : {Onorario, SommeNonSoggette}) {
+    if (pronta.letta.ha(colonna)) lordo = lordo + pronta.letta.valore(colonna).decimal();
   }
-  corso.segnala(Codice::R12, DataPagamento, manca);
-  corso.riga().messaggi.back().gravita = Gravita::DaDecidere;
+  std::string codice = causaleScelta(corso, sua);
+  if (codice.empty()) codice = corso.letta().valore(Causale).text();
+  const schede::VoceElenco* const voce = archivio_.elenchi.causali.diCodice(codice);
+  return identita_.pagamento(
+      {sua.percipiente->anagrafica.id, voce == nullptr ? 0 : voce->id, lordo < Decimal(), pronta.sola},
+      sua.letto.fattura, sua.letto.data);
 }
 
 std::vector<Date> PianoFatture::nellaTavola(const Documento& sua) const {
@@ -284,20 +305,19 @@ const std::string* PianoFatture::causaleAbituale(const Documento& sua) const {
   return nullptr;
 }
 
+std::string PianoFatture::causaleScelta(const RigaInCorso& corso, const Documento& sua) const {
+  const OpzioniFatture& opzioni = piano_.richiesta.fatture;
+  if (!corso.decisione().causale.empty()) return corso.decisione().causale;
+  if (const std::string* const abituale = causaleAbituale(sua)) return *abituale;
+  if (sua.letto.forfettario && !opzioni.causaleForfettari.empty()) return opzioni.causaleForfettari;
+  const auto altra = opzioni.causali.find(std::string(corso.letta().valore(ColonnaCompenso::Causale).text()));
+  return altra == opzioni.causali.end() ? std::string() : altra->second;
+}
+
 void PianoFatture::causale(RigaInCorso& corso, const Documento& sua, FatturaPronta& pronta) {
   using enum ColonnaCompenso;
-  const OpzioniFatture& opzioni = piano_.richiesta.fatture;
   const std::string scritta(corso.letta().valore(Causale).text());
-  std::string scelta = corso.decisione().causale;
-  if (scelta.empty()) {
-    if (const std::string* const abituale = causaleAbituale(sua)) {
-      scelta = *abituale;
-    } else if (sua.letto.forfettario && !opzioni.causaleForfettari.empty()) {
-      scelta = opzioni.causaleForfettari;
-    } else if (const auto altra = opzioni.causali.find(scritta); altra != opzioni.causali.end()) {
-      scelta = altra->second;
-    }
-  }
+  const std::string scelta = causaleScelta(corso, sua);
   if (scelta.empty() || scelta == scritta) {
     if (!scritta.empty()) return;
     corso.segnala(Codice::R02, Causale, "manca la causale di un percipiente in regime forfettario");

@@ -22,7 +22,14 @@ struct FatturaPronta {
   bool dataProposta = false;      // it is the document's
   bool sola = false;              // the document's only payment
   bool decisa = false;            // what it pays is certain, or a person has chosen it
+  // When a payment of the document was made that the database has. `manca` says why there is no other date:
+  // this one is taken only if the row turns out to be that payment.
+  std::optional<Date> noto{};
+  std::string manca{};
 };
+
+// Leaves the date of payment to a person (R12).
+void dataDaDecidere(RigaInCorso& corso, const std::string& perche);
 
 // What a document can mean, as the amounts of a payment.
 std::vector<schede::Importi> importiProposti(const RigaFattura& riga);
@@ -47,9 +54,11 @@ class PianoFatture {
   bool dellAzienda(RigaInCorso& corso, const DocumentoLetto& documento) const;
   bool scegliProposta(RigaInCorso& corso, const Documento& sua, FatturaPronta& pronta) const;
   bool trova(RigaInCorso& corso, const Documento& sua, const schede::SchedaPercipiente*& trovato) const;
+  std::optional<Date> nota(const RigaInCorso& corso, const Documento& sua, const FatturaPronta& pronta) const;
   void data(RigaInCorso& corso, const Documento& sua, FatturaPronta& pronta) const;
   std::vector<Date> nellaTavola(const Documento& sua) const;
   bool fuoriAnno(RigaInCorso& corso, const Documento& sua, Date pagamento) const;
+  std::string causaleScelta(const RigaInCorso& corso, const Documento& sua) const;
   void causale(RigaInCorso& corso, const Documento& sua, FatturaPronta& pronta);
   const std::string* causaleAbituale(const Documento& sua) const;
 

@@ -120,6 +120,100 @@ TEST(IdentitaFatture, AnInvoicePaidInPartsIsThereAlready) {
                                                          "archivio più volte")));
 }
 
+TEST(IdentitaFatture, PartsInTheTableOfDatesAreThoseOfTheDatabase) {
+  Banco banco(prova::riempito());
+  ASSERT_THAT(banco.importa(Elenco::Compensi, kTestaTabella + "P1;A;2017-04-02;12/A;2017-03-20;400;80\n"
+                                                              "P1;A;2017-09-02;12/A;2017-03-20;600;120\n"),
+              IsEmpty());
+  OpzioniFatture& opzioni = banco.richiesta.fatture;
+  opzioni.fonte = FontePagamento::Tavola;
+  for (const Date pagata : {giorno(2017, 4, 2), giorno(2017, 9, 2)})
+    opzioni.date.push_back({"P1", "", "", "12/A", giorno(2017, 3, 20), pagata});
+  EXPECT_EQ(Banco::stati(pianoDi(banco, {xmlDi(daRossi())})), "uguale");
+  FileProva altra = daRossi();
+  altra.documenti[0].ritenute[0].importo = "220.00";
+  altra.documenti[0].linee[0].importo = "1100.00";
+  const Piano piano = pianoDi(banco, {xmlDi(altra)});
+  EXPECT_EQ(Banco::stati(piano), "da decidere");
+  EXPECT_THAT(Banco::messaggi(piano),
+              Contains(HasSubstr("ha più pagamenti di questo documento: 02/04/2017")));
+}
+
+TEST(IdentitaFatture, AProposedDateDoesNotReplaceTheOneOfTheDatabase) {
+  Banco banco(prova::riempito());
+  ASSERT_THAT(banco.importa(Elenco::Compensi, kTestaTabella + "P1;A;2018-01-10;5;2017-12-20;900;180\n"),
+              IsEmpty());
+  banco.richiesta.diversi = SuDiversi::Aggiorna;
+  const std::vector<std::string> file = {xmlDi(daRossi(numerata("5", "2017-12-20")))};
+  const Piano piano = pianoDi(banco, file);
+  ASSERT_EQ(Banco::stati(piano), "diverso");
+  EXPECT_EQ(piano.compensi[0].dopo.pagamento, giorno(2018, 1, 10));
+  EXPECT_THAT(piano.righe[0].derivati,
+              Not(Contains(static_cast<std::uint8_t>(ColonnaCompenso::DataPagamento))));
+  EXPECT_THAT(Banco::messaggi(piano), Contains(HasSubstr("resta quella in archivio, 10/01/2018")));
+  ASSERT_THAT(importaFatture(banco, file), IsEmpty());
+  EXPECT_EQ(banco.uno("SELECT OnorarioProvvigioni FROM Compenso WHERE NumeroDocumento = '5'"), "1000");
+  // The year of a payment is that of the database too.
+  banco.richiesta.anno = 2018;
+  EXPECT_EQ(Banco::stati(pianoDi(banco, file)), "uguale");
+  banco.richiesta.anno = 2017;
+  const Piano altroAnno = pianoDi(banco, file);
+  EXPECT_EQ(Banco::stati(altroAnno), "escluso");
+  EXPECT_THAT(Banco::messaggi(altroAnno), Contains(HasSubstr("pagato nel 2018, non nel 2017")));
+}
+
+TEST(IdentitaFatture, APaymentOfTheNextYearWithoutADocumentDateIsToBeDecided) {
+  Banco banco(prova::riempito());
+  ASSERT_THAT(banco.importa(Elenco::Compensi, kTestaTabella + "P1;A;2018-01-10;5;;1000;200\n"), IsEmpty());
+  banco.richiesta.fatture.fonte = FontePagamento::Documento;
+  const std::vector<std::string> file = {xmlDi(daRossi(numerata("5", "2017-12-20")))};
+  const Piano piano = pianoDi(banco, file);
+  EXPECT_EQ(Banco::stati(piano), "da decidere");
+  EXPECT_THAT(Banco::messaggi(piano), Contains(HasSubstr("è pagato il 10/01/2018")));
+  EXPECT_EQ(Banco::stati(pianoDi(banco, {xmlDi(daRossi(numerata("5", "2018-02-20")))})), "uguale");
+  banco.richiesta.decisioni[{0, 0}].pagamento = giorno(2018, 1, 10);
+  EXPECT_EQ(Banco::stati(pianoDi(banco, file)), "uguale");
+  banco.richiesta.decisioni[{0, 0}].pagamento = giorno(2017, 12, 28);
+  EXPECT_EQ(Banco::stati(pianoDi(banco, file)), "nuovo");
+}
+
+TEST(IdentitaFatture, ADebitNoteIsNotTheInvoiceOfItsNumber) {
+  Banco banco(prova::riempito());
+  FileProva nota = daRossi();
+  nota.documenti[0].tipo = "TD05";
+  const std::vector<std::string> file = {xmlDi(daRossi()), xmlDi(nota)};
+  EXPECT_EQ(Banco::stati(pianoDi(banco, file)), "nuovo nuovo");
+  ASSERT_THAT(importaFatture(banco, {file[0]}), IsEmpty());
+  banco.richiesta.diversi = SuDiversi::Aggiorna;
+  EXPECT_EQ(Banco::stati(pianoDi(banco, {file[1]})), "da decidere");
+  EXPECT_EQ(Banco::stati(pianoDi(banco, file)), "uguale nuovo");
+  nota.documenti[0].ritenute[0].importo = "20.00";
+  nota.documenti[0].linee[0].importo = "100.00";
+  const Piano altra = pianoDi(banco, {xmlDi(nota)});
+  EXPECT_EQ(Banco::stati(altra), "da decidere") << "it does not take the invoice's place";
+  EXPECT_THAT(Banco::messaggi(altra), Contains(HasSubstr("questa nota di debito")));
+  banco.richiesta.decisioni[{0, 0}].pagamento = giorno(2017, 3, 30);
+  EXPECT_EQ(Banco::stati(pianoDi(banco, {xmlDi(nota)})), "nuovo");
+  ASSERT_THAT(importaFatture(banco, {xmlDi(nota)}), IsEmpty());
+  banco.richiesta.decisioni.clear();
+  EXPECT_EQ(Banco::stati(pianoDi(banco, {xmlDi(nota)})), "uguale") << "the same file again";
+}
+
+TEST(IdentitaFatture, APaymentOfAnotherReasonGivesNoDate) {
+  Banco banco(prova::riempito());
+  ASSERT_THAT(banco.importa(Elenco::Compensi, kTestaTabella + "P1;A;2017-10-19;33;2017-09-29;1200;240\n"),
+              IsEmpty());
+  FileProva file = daRossi(numerata("33", "2017-09-29"));
+  file.documenti[0].linee = {{"1200.00"}, {"1000.00"}};
+  file.documenti[0].ritenute = {{"240.00", "20.00", "A"}, {"200.00", "20.00", "M"}};
+  banco.richiesta.fatture.fonte = FontePagamento::Tavola;
+  const Piano piano = pianoDi(banco, {xmlDi(file)});
+  EXPECT_EQ(Banco::stati(piano), "uguale da decidere");
+  EXPECT_THAT(prova::codiciDi(piano.righe[1]), HasSubstr("R12"));
+  // Nor does one with other amounts.
+  EXPECT_EQ(Banco::stati(pianoDi(banco, {xmlDi(daRossi(numerata("33", "2017-09-29")))})), "da decidere");
+}
+
 TEST(IdentitaFatture, WhatAPersonHasDecidedIsNotAskedAgain) {
   Banco banco(prova::riempito());
   FileProva file = daRossi();
