@@ -1,6 +1,7 @@
 #pragma once
 
 #include <sqlite3.h>
+#include <algorithm>
 
 #include <stdexcept>
 #include <string>
@@ -31,10 +32,13 @@ class LettoreDb final : public Lettore {
     }
     return tavola;
   }
-  // All rows of a table in the order of their first four columns, as one text.
+  // All rows of a table in the order of their first columns, four at most, as one text.
   std::string tavola(const std::string& nome) {
     sqlite3_stmt* istruzione = nullptr;
-    const std::string domanda = "SELECT * FROM " + nome + " ORDER BY 1, 2, 3, 4";
+    std::string domanda = "SELECT * FROM " + nome;
+    const int colonne = Istruzione(*this, domanda).colonne();
+    for (int i = 1; i <= std::min(colonne, 4); ++i)
+      domanda += (i == 1 ? " ORDER BY " : ", ") + std::to_string(i);
     if (sqlite3_prepare_v2(database_, domanda.c_str(), -1, &istruzione, nullptr) != SQLITE_OK) {
       throw std::runtime_error(sqlite3_errmsg(database_));
     }
