@@ -1,8 +1,8 @@
 #pragma once
 
 #include <sqlite3.h>
-#include <algorithm>
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 #include <vector>
