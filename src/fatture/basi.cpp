@@ -17,6 +17,8 @@ constexpr auto kParoleSpesa =
 
 bool diSpesa(const Linea& linea) {
   if (linea.natura == "N1") return true;
+  // What VAT is due on is a service of the payee, whatever it is called.
+  if (linea.natura.empty() && !linea.aliquotaIva.value_or(Decimal()).isZero()) return false;
   const std::string testo = lowerAscii(linea.descrizione);
   return std::any_of(kParoleSpesa.begin(), kParoleSpesa.end(),
                      [&](std::string_view parola) { return testo.find(parola) != std::string::npos; });

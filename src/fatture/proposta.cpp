@@ -35,8 +35,6 @@ Rilievo Proposta::rilievo(const char* codice, std::string testo, std::size_t rig
 
 Proposta::Restanti Proposta::restanti(const std::vector<std::size_t>& prese,
                                       const std::vector<std::size_t>& casse, bool negativo) const {
-  const bool conSegni = std::any_of(fattura_.linee.begin(), fattura_.linee.end(),
-                                    [](const Linea& una) { return una.ritenuta; });
   ImportoEsatto somme;
   ImportoEsatto incerte;
   Restanti esito;
@@ -55,13 +53,10 @@ Proposta::Restanti Proposta::restanti(const std::vector<std::size_t>& prese,
       case GenereLinea::Spesa:
         somme = somme + *linea.prezzoTotale;
         break;
-      case GenereLinea::NonImponibile:
-        // Without any mark a line outside of VAT may be a fee as well as an expense.
-        (conSegni ? somme : incerte) = (conSegni ? somme : incerte) + *linea.prezzoTotale;
-        break;
       case GenereLinea::Soggetta:
         esito.dubbi = "la linea " + linea.numero + " è soggetta a ritenuta, ma la ritenuta non la comprende";
         break;
+      case GenereLinea::NonImponibile:  // it may be a fee as well as an expense
       case GenereLinea::Altra:
         incerte = incerte + *linea.prezzoTotale;
         break;
@@ -146,6 +141,22 @@ void Proposta::dubbiSullaRivalsa(CompensoProposto& compenso, const Ritenuta& rit
   }
 }
 
+// The fee is what is paid: a tax on more than that may be wrong as well as meant.
+void Proposta::dubbiSulloSconto(CompensoProposto& compenso, const Ritenuta& ritenuta, const Base& base,
+                                const Riscontro& riscontro, const Restanti& restanti) const {
+  if (base.sconto || fattura_.sconti.empty()) return;
+  const Base scontata = baseDi(fattura_, base.linee, base.casse, true);
+  const Decimal sconto = scontata.importo - base.importo;
+  if (sconto.isZero()) return;
+  compenso.candidati.push_back({importi(ritenuta, scontata, riscontro.imponibile, restanti.somme),
+                                conSomme(spiega(fattura_, scontata, riscontro), restanti.somme)});
+  compenso.deciso = false;
+  compenso.rilievi.push_back(rilievo("R02",
+                                     "la ritenuta non tiene conto dello sconto o della maggiorazione di " +
+                                         inEuro(sconto.abs()) + " sul documento",
+                                     ritenuta.riga));
+}
+
 // The tax of a director is that of the fee without the contribution withheld from it. How the certificate
 // shows it is for a person to decide.
 void Proposta::menoContributo(CompensoProposto& compenso, const Ritenuta& ritenuta,
@@ -200,6 +211,7 @@ CompensoProposto Proposta::trovata(const Ritenuta& ritenuta, const Base& base, c
     }
   }
   dubbiSullaRivalsa(compenso, ritenuta, base, riscontro, restanti);
+  dubbiSulloSconto(compenso, ritenuta, base, riscontro, restanti);
   if (ritenuta.causale == "N" && !estero()) {
     Candidato altro = compenso.candidati.front();
     std::swap(altro.importi.ritenutaAcconto, altro.importi.ritenutaImposta);

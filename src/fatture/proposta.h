@@ -51,6 +51,8 @@ class Proposta {
   void avverti(CompensoProposto& compenso, const Ritenuta& ritenuta, const Base& base) const;
   void dubbiSullaRivalsa(CompensoProposto& compenso, const Ritenuta& ritenuta, const Base& base,
                          const Riscontro& riscontro, const Restanti& restanti) const;
+  void dubbiSulloSconto(CompensoProposto& compenso, const Ritenuta& ritenuta, const Base& base,
+                        const Riscontro& riscontro, const Restanti& restanti) const;
   void menoContributo(CompensoProposto& compenso, const Ritenuta& ritenuta,
                       const std::vector<Base>& basi) const;
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/codice_fiscale.h"
 #include "base/text.h"
 #include "intake/lettura_fatture.h"
 
@@ -47,6 +48,13 @@ void aggiungi(TavolaDate& tavola, const RigaLetta& riga, const PostoMessaggio& p
   tavola.date.push_back(std::move(data));
 }
 
+// Whether the fiscal code of a row is that of somebody else.
+bool altrui(std::string_view codiceFiscale, const DatePagamento::Chi& chi) {
+  return !trim(codiceFiscale).empty() && !chi.codiceFiscale.empty() &&
+         !equalsNoCase(trim(codiceFiscale), trim(chi.codiceFiscale)) &&
+         !equalsNoCase(trim(codiceFiscale), trim(chi.partitaIva));
+}
+
 }  // namespace
 
 bool TavolaDate::conErrori() const {
@@ -81,8 +89,8 @@ TavolaDate leggiDate(std::string_view byte, const std::string& nome, const Mappa
 DatePagamento::DatePagamento(const std::vector<DataPagata>& date) {
   const auto metti = [&](char genere, const std::string& chi, const DataPagata& data) {
     if (chi.empty()) return;
-    std::vector<Date>& sue = perDocumento_[chiaveData(genere, chi, data.numero, data.documento)];
-    if (std::find(sue.begin(), sue.end(), data.pagamento) == sue.end()) sue.push_back(data.pagamento);
+    perDocumento_[chiaveData(genere, chi, data.numero, data.documento)].push_back(
+        {data.codiceFiscale, data.pagamento});
   };
   for (const DataPagata& una : date) {
     metti('k', una.codicePercipiente, una);
@@ -91,21 +99,70 @@ DatePagamento::DatePagamento(const std::vector<DataPagata>& date) {
   }
 }
 
-std::vector<Date> DatePagamento::trova(const Chi& chi, std::string_view numero, Date documento) const {
+DatePagamento::Trovate DatePagamento::trova(const Chi& chi, std::string_view numero, Date documento) const {
+  Trovate trovate;
+  const auto cerca = [&](char genere, std::string_view codice, Date giorno) {
+    const auto sue =
+        codice.empty() ? perDocumento_.end() : perDocumento_.find(chiaveData(genere, codice, numero, giorno));
+    if (sue == perDocumento_.end()) return;
+    for (const Voce& una : sue->second) {
+      if (genere == 'v' && altrui(una.codiceFiscale, chi)) continue;
+      if (std::find(trovate.date.begin(), trovate.date.end(), una.pagamento) == trovate.date.end())
+        trovate.date.push_back(una.pagamento);
+    }
+  };
   for (const Date giorno : {documento, Date()}) {
-    const auto una = [&](char genere, std::string_view codice) -> const std::vector<Date>* {
-      if (codice.empty()) return nullptr;
-      const auto sue = perDocumento_.find(chiaveData(genere, codice, numero, giorno));
-      return sue == perDocumento_.end() ? nullptr : &sue->second;
-    };
     // A table may have the number of a firm as its fiscal code.
+    const bool numeroPerCodice = formaCodice(chi.codiceFiscale) != FormaCodice::Numero;
     for (const auto& [genere, codice] :
          {std::pair('k', chi.codice), std::pair('f', chi.codiceFiscale), std::pair('v', chi.partitaIva),
-          std::pair('f', chi.partitaIva), std::pair('v', chi.codiceEstero)}) {
-      if (const auto* const sue = una(genere, codice)) return *sue;
+          std::pair('f', numeroPerCodice ? chi.partitaIva : std::string_view()),
+          std::pair('v', chi.codiceEstero)}) {
+      cerca(genere, codice, giorno);
+      if (trovate.date.empty()) continue;
+      trovate.senzaData = giorno == Date();
+      trovate.perPartita = genere == 'v';
+      return trovate;
     }
   }
-  return {};
+  return trovate;
+}
+
+void DocumentiOmonimi::aggiungi(const DatePagamento::Chi& chi, const std::string& numero, Date documento) {
+  // One that has a row of its own takes no other.
+  const DatePagamento::Trovate sue = date_.trova(chi, numero, documento);
+  if (!sue.date.empty() && !sue.senzaData) return;
+  const auto metti = [&](char genere, std::string_view codice) {
+    if (codice.empty()) return;
+    std::vector<Uno>& tutti = documenti_[chiaveData(genere, codice, numero, Date())];
+    const bool gia = std::any_of(tutti.begin(), tutti.end(), [&](const Uno& altro) {
+      return altro.data == documento && equalsNoCase(altro.codiceFiscale, chi.codiceFiscale);
+    });
+    if (!gia) tutti.push_back({std::string(chi.codiceFiscale), documento});
+  };
+  metti('f', chi.codiceFiscale);
+  metti('v', chi.partitaIva);
+}
+
+std::size_t DocumentiOmonimi::quanti(const DatePagamento::Chi& chi, const std::string& numero,
+                                     bool perPartita) const {
+  std::vector<const Uno*> diversi;
+  const auto conta = [&](char genere, std::string_view codice) {
+    const auto suoi = documenti_.find(chiaveData(genere, codice, numero, Date()));
+    if (codice.empty() || suoi == documenti_.end()) return;
+    for (const Uno& uno : suoi->second) {
+      const bool altro = !uno.codiceFiscale.empty() && !chi.codiceFiscale.empty() &&
+                         !equalsNoCase(uno.codiceFiscale, chi.codiceFiscale);
+      if (altro && !perPartita) continue;
+      const bool gia = std::any_of(diversi.begin(), diversi.end(), [&](const Uno* visto) {
+        return visto->data == uno.data && (!altro || equalsNoCase(visto->codiceFiscale, uno.codiceFiscale));
+      });
+      if (!gia) diversi.push_back(&uno);
+    }
+  };
+  conta('f', chi.codiceFiscale);
+  conta('v', chi.partitaIva);
+  return std::max<std::size_t>(1, diversi.size());
 }
 
 }  // namespace cu::intake

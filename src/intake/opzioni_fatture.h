@@ -37,7 +37,7 @@ struct OpzioniFatture {
   // What a reason of a document means: "Z" -> "ZO".
   std::map<std::string, std::string> causali{};
   // The reason of sellers in the flat-rate scheme, and those of single ones by their code, fiscal code or VAT
-  // number, which precede it and what the document says. "" for none: it is to be decided.
+  // number, which precede it: of documents that say none. "" for none: it is to be decided.
   std::string causaleForfettari{};
   std::map<std::string, std::string> causaliPercipienti{};
   // Invoices to another company (F06) are left out rather than errors.

@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "intake/controlli_riga.h"
+#include "intake/parti_documento.h"
 #include "intake/valori_scheda.h"
 #include "schede/importi.h"
 
@@ -29,24 +30,6 @@ schede::Importi importiDaFattura(const fatture::ImportiFattura& importi) {
   suoi[posto(ContributoPrevidenziale)] = importi.contributoPrevidenziale;
   suoi[posto(ContributoPercipiente)] = importi.contributoPercipiente;
   return suoi;
-}
-
-// The fiscal code decides: members of a VAT group have the number in common.
-bool eLui(const fatture::Soggetto& chi, const schede::SchedaAnagrafica& azienda) {
-  const auto uno = [](const std::string& codice, const std::string& altro) {
-    return !codice.empty() && equalsNoCase(codice, trim(altro));
-  };
-  if (!chi.codiceFiscale.empty() &&
-      (!azienda.codiceFiscale.empty() || !uno(chi.partitaIva, azienda.partitaIva))) {
-    return uno(chi.codiceFiscale, azienda.codiceFiscale) || uno(chi.codiceFiscale, azienda.partitaIva);
-  }
-  return uno(chi.partitaIva, azienda.partitaIva) || uno(chi.partitaIva, azienda.codiceFiscale);
-}
-
-std::string chiE(const fatture::Soggetto& chi) {
-  const std::string& codice = chi.codiceFiscale.empty() ? chi.partitaIva : chi.codiceFiscale;
-  const std::string nome = chi.nominativo();
-  return nome.empty() ? codice : nome + (codice.empty() ? "" : ", " + codice);
 }
 
 }  // namespace
@@ -79,9 +62,22 @@ PianoFatture::PianoFatture(Piano& piano, const ArchivioLetto& archivio, const So
       soggetti_(soggetti),
       identita_(identita),
       nuovi_(piano, archivio, soggetti),
-      date_(piano.richiesta.fatture.date) {
+      date_(piano.richiesta.fatture.date),
+      omonimi_(date_) {
   for (const auto& [chi, causale] : piano.richiesta.fatture.causaliPercipienti)
     causali_.emplace(lowerAscii(trim(chi)), causale);
+  if (piano.richiesta.fatture.fonte != FontePagamento::Tavola) return;
+  for (const Lettura& lettura : *piano.letture) {
+    if (!lettura.fatture) continue;
+    const FattureLette& lette = *lettura.fatture;
+    for (std::size_t i = 0; i < lettura.righe.size() && !lette.documenti.empty(); ++i) {
+      if (!lettura.righe[i].esclusa.empty()) continue;
+      const std::size_t quale = lette.righe[i].documento;
+      const Chiavi chi = chiaviDelCedente(lette.percipienti.righe[quale]);
+      omonimi_.aggiungi({{}, chi.codiceFiscale, chi.partitaIva, chi.codiceEstero},
+                        lette.documenti[quale].fattura, lette.documenti[quale].data);
+    }
+  }
 }
 
 std::optional<FatturaPronta> PianoFatture::prepara(RigaInCorso& corso) {
@@ -103,9 +99,9 @@ std::optional<FatturaPronta> PianoFatture::prepara(RigaInCorso& corso) {
   sua.percipiente = trovato;
   data(corso, sua, pronta);
   const bool datata = pronta.letta.ha(ColonnaCompenso::DataPagamento);
-  if (datata && fuoriAnno(corso, sua,
-                          pronta.noto.value_or(pronta.letta.valore(ColonnaCompenso::DataPagamento).date()))) {
-    return std::nullopt;
+  if (datata) {
+    const Date pagamento = pronta.noto.value_or(pronta.letta.valore(ColonnaCompenso::DataPagamento).date());
+    if (fuoriAnno(corso, sua, pagamento) || !dataPossibile(corso, sua, pagamento)) return std::nullopt;
   }
   causale(corso, sua, pronta);
   bool possibile = chiaro && importi && datata && pronta.letta.ha(ColonnaCompenso::Causale);
@@ -123,9 +119,12 @@ void PianoFatture::tralasciata(RigaInCorso& corso) const {
   const FattureLette& lette = *corso.lettura().fatture;
   // A notification has no document.
   if (lette.documenti.empty() || archivio_.aziende.empty()) return;
-  const std::size_t documento = lette.righe[corso.riga().posizione.riga].documento;
-  if (eLui(lette.documenti[documento].cedente, archivio_.aziende.front().sede))
-    dellAzienda(corso, lette.documenti[documento]);
+  const DocumentoLetto& documento = lette.documenti[lette.righe[corso.riga().posizione.riga].documento];
+  const bool emessa = eLui(documento.cedente, archivio_.aziende.front().sede);
+  const bool conCommittente =
+      !documento.committente.codiceFiscale.empty() || !documento.committente.partitaIva.empty();
+  // What a person has left out is nobody's error.
+  if (emessa || (conCommittente && !corso.decisione().esclusa)) dellAzienda(corso, documento);
 }
 
 // A company that buys and sells receives and issues: the ones issued are in the same archive.
@@ -189,7 +188,7 @@ bool PianoFatture::scegliProposta(RigaInCorso& corso, const Documento& sua, Fatt
                     schede::euro(importi[posto(schede::Importo::ContributoPercipiente)]));
   }
   if (!sua.accanto.spese.isZero()) {
-    detti.push_back("le somme non soggette comprendono spese per " + schede::euro(sua.accanto.spese) +
+    detti.push_back("le somme non soggette comprendono spese per " + schede::euro(sua.accanto.spese.abs()) +
                     ": se hanno un altro codice vanno in un modulo aggiuntivo");
   }
   if (!sua.letto.ritenutaAltrui.empty()) {
@@ -224,16 +223,12 @@ void PianoFatture::data(RigaInCorso& corso, const Documento& sua, FatturaPronta&
       pronta.dataProposta = true;
       pronta.noto = noto;
       return;
-    case FontePagamento::Tavola:
-      if (const std::vector<Date> date = nellaTavola(sua); date.size() == 1) {
-        return mettiCampo(pronta.letta, DataPagamento, CellView::ofDate(date.front()));
-      } else if (date.empty()) {
-        manca = "la tavola delle date non ha questo documento";
-      } else {
-        manca = "la tavola delle date ha più pagamenti di questo documento:";
-        for (const Date una : date) manca += ' ' + una.toItalian();
-      }
-      break;
+    case FontePagamento::Tavola: {
+      const DatePagamento::Trovate trovate = nellaTavola(sua);
+      manca = mancaNellaTavola(sua, trovate);
+      if (manca.empty())
+        return mettiCampo(pronta.letta, DataPagamento, CellView::ofDate(trovate.date.front()));
+    } break;
     case FontePagamento::Nessuna:
       break;
   }
@@ -261,15 +256,53 @@ std::optional<Date> PianoFatture::nota(const RigaInCorso& corso, const Documento
       sua.letto.fattura, sua.letto.data);
 }
 
-std::vector<Date> PianoFatture::nellaTavola(const Documento& sua) const {
-  const std::vector<Date> date =
+DatePagamento::Trovate PianoFatture::nellaTavola(const Documento& sua) const {
+  DatePagamento::Trovate trovate =
       date_.trova({{}, sua.chiavi.codiceFiscale, sua.chiavi.partitaIva, sua.chiavi.codiceEstero},
                   sua.letto.fattura, sua.letto.data);
   const schede::SchedaPercipiente* const suo = sua.percipiente;
-  if (!date.empty() || suo == nullptr) return date;
+  if (!trovate.date.empty() || suo == nullptr) return trovate;
   return date_.trova(
       {suo->codice, suo->anagrafica.codiceFiscale, suo->anagrafica.partitaIva, suo->codiceFiscaleEstero},
       sua.letto.fattura, sua.letto.data);
+}
+
+// "" where the table has one date that can be no other document's.
+std::string PianoFatture::mancaNellaTavola(const Documento& sua,
+                                           const DatePagamento::Trovate& trovate) const {
+  if (trovate.date.empty()) return "la tabella delle date non ha questo documento";
+  std::string manca;
+  if (trovate.date.size() > 1) {
+    manca = "la tabella delle date ha più pagamenti di questo documento:";
+    for (const Date una : trovate.date) manca += ' ' + una.toItalian();
+    return manca;
+  }
+  if (!trovate.senzaData) return manca;
+  const std::size_t quanti =
+      omonimi_.quanti({{}, sua.chiavi.codiceFiscale, sua.chiavi.partitaIva, sua.chiavi.codiceEstero},
+                      sua.letto.fattura, trovate.perPartita);
+  if (quanti > 1) {
+    manca = "nella tabella delle date la riga senza la data del documento vale per " +
+            fromInteger(static_cast<std::int64_t>(quanti)) + " documenti con questo numero";
+  }
+  return manca;
+}
+
+// A payment is made by today; one before its document is unusual, which is said.
+bool PianoFatture::dataPossibile(RigaInCorso& corso, const Documento& sua, Date pagamento) const {
+  const Date oggi = piano_.richiesta.oggi;
+  if (oggi != Date() && oggi < pagamento) {
+    corso.segnala(Codice::V01, ColonnaCompenso::DataPagamento,
+                  "la data di pagamento " + pagamento.toItalian() + " è dopo oggi");
+    corso.riga().stato = StatoRiga::Errore;
+    return false;
+  }
+  if (sua.letto.data != Date() && pagamento < sua.letto.data) {
+    corso.segnala(Codice::R12, ColonnaCompenso::DataPagamento,
+                  "la data di pagamento " + pagamento.toItalian() + " è prima di quella del documento, " +
+                      sua.letto.data.toItalian());
+  }
+  return true;
 }
 
 // Left out before anything is asked of a person: payments of other years, and those that are not certified.
@@ -282,7 +315,14 @@ bool PianoFatture::fuoriAnno(RigaInCorso& corso, const Documento& sua, Date paga
     riga.stato = StatoRiga::Escluso;
     return true;
   }
-  if (!sua.letto.forfettario || anno <= kUltimoAnnoForfettari) return false;
+  if (anno <= kUltimoAnnoForfettari) return false;
+  if (!sua.letto.forfettario) {
+    const auto conRitenuta = std::find_if(riga.messaggi.begin(), riga.messaggi.end(),
+                                          [](const Messaggio& uno) { return uno.codice == Codice::R10; });
+    if (conRitenuta != riga.messaggi.end())
+      conRitenuta->testo += ": dal 2024 il suo compenso si certifica solo per la ritenuta operata";
+    return false;
+  }
   riga.esclusa =
       "percipiente in regime " + sua.letto.cedente.regime + ": i compensi pagati dal 2024 non si certificano";
   riga.stato = StatoRiga::Escluso;
@@ -302,25 +342,35 @@ const std::string* PianoFatture::causaleAbituale(const Documento& sua) const {
     const auto suo = codice.empty() ? causali_.end() : causali_.find(lowerAscii(codice));
     if (suo != causali_.end()) return &suo->second;
   }
-  return nullptr;
+  const std::string& tutti = piano_.richiesta.fatture.causaleForfettari;
+  return sua.letto.forfettario && !tutti.empty() ? &tutti : nullptr;
 }
 
 std::string PianoFatture::causaleScelta(const RigaInCorso& corso, const Documento& sua) const {
   const OpzioniFatture& opzioni = piano_.richiesta.fatture;
   if (!corso.decisione().causale.empty()) return corso.decisione().causale;
-  if (const std::string* const abituale = causaleAbituale(sua)) return *abituale;
-  if (sua.letto.forfettario && !opzioni.causaleForfettari.empty()) return opzioni.causaleForfettari;
-  const auto altra = opzioni.causali.find(std::string(corso.letta().valore(ColonnaCompenso::Causale).text()));
-  return altra == opzioni.causali.end() ? std::string() : altra->second;
+  const std::string scritta(corso.letta().valore(ColonnaCompenso::Causale).text());
+  if (const auto altra = opzioni.causali.find(scritta); altra != opzioni.causali.end()) return altra->second;
+  const std::string* const abituale = causaleAbituale(sua);
+  return abituale != nullptr && scritta.empty() ? *abituale : std::string();
 }
 
 void PianoFatture::causale(RigaInCorso& corso, const Documento& sua, FatturaPronta& pronta) {
   using enum ColonnaCompenso;
   const std::string scritta(corso.letta().valore(Causale).text());
   const std::string scelta = causaleScelta(corso, sua);
+  const std::string* const abituale = causaleAbituale(sua);
+  const std::string& presa = scelta.empty() ? scritta : scelta;
+  if (corso.decisione().causale.empty() && abituale != nullptr && *abituale != presa)
+    corso.riga().spiegazioni.push_back("causale " + presa + " del documento; nella mappatura " + *abituale);
   if (scelta.empty() || scelta == scritta) {
     if (!scritta.empty()) return;
-    corso.segnala(Codice::R02, Causale, "manca la causale di un percipiente in regime forfettario");
+    // What gives no payment has no reason to be asked for.
+    if (sua.letto.forfettario) {
+      corso.segnala(Codice::R02, Causale, "manca la causale di un percipiente in regime forfettario");
+    } else if (!sua.accanto.proposte.empty()) {
+      corso.segnala(Codice::R02, Causale, "il documento non dice la causale");
+    }
     return;
   }
   if (scelta != corso.decisione().causale) {

@@ -41,7 +41,8 @@ class PianoFatture {
   PianoFatture(Piano& piano, const ArchivioLetto& archivio, const Soggetti& soggetti,
                const IdentitaFatture& identita);
 
-  // Of a row that the reading leaves out: whether the company has issued it, which is said.
+  // Of a row that the reading leaves out: whether the company has issued it, or
+  // another one has received it.
   void tralasciata(RigaInCorso& corso) const;
   // Of a row that is not left out. nullopt where the row is judged with that: it has its state.
   std::optional<FatturaPronta> prepara(RigaInCorso& corso);
@@ -56,7 +57,9 @@ class PianoFatture {
   bool trova(RigaInCorso& corso, const Documento& sua, const schede::SchedaPercipiente*& trovato) const;
   std::optional<Date> nota(const RigaInCorso& corso, const Documento& sua, const FatturaPronta& pronta) const;
   void data(RigaInCorso& corso, const Documento& sua, FatturaPronta& pronta) const;
-  std::vector<Date> nellaTavola(const Documento& sua) const;
+  DatePagamento::Trovate nellaTavola(const Documento& sua) const;
+  std::string mancaNellaTavola(const Documento& sua, const DatePagamento::Trovate& trovate) const;
+  bool dataPossibile(RigaInCorso& corso, const Documento& sua, Date pagamento) const;
   bool fuoriAnno(RigaInCorso& corso, const Documento& sua, Date pagamento) const;
   std::string causaleScelta(const RigaInCorso& corso, const Documento& sua) const;
   void causale(RigaInCorso& corso, const Documento& sua, FatturaPronta& pronta);
@@ -68,6 +71,7 @@ class PianoFatture {
   const IdentitaFatture& identita_;
   PercipientiNuovi nuovi_;
   DatePagamento date_;
+  DocumentiOmonimi omonimi_;
   std::map<std::string, std::string> causali_;  // of single payees, by codes in small letters
   tabelle::Deposito testi_;                     // of the rows while they are planned
 };

@@ -183,7 +183,7 @@ TEST(CompensiFattura, LinesOfWhichNothingIsSaidAreToBeDecided) {
   EXPECT_EQ(esito.compensi[0].candidati[0].importi.sommeNonSoggette.toText(), "0");
   EXPECT_EQ(esito.compensi[0].candidati[1].importi.sommeNonSoggette.toText(), "150");
   EXPECT_EQ(deciso(esitoDi(
-                documento({{"200.00"}}, {{"1000.00"}, {"150.00", false, "22.00", "", "Rimborso spese"}}))),
+                documento({{"200.00"}}, {{"1000.00"}, {"150.00", false, "0.00", "N4", "Rimborso spese"}}))),
             "1000 quota 0 somme 150 acconto 200 imposta 0");
 }
 

@@ -71,7 +71,7 @@ std::string ottenuto(const Piano& piano, const RigaPiano& riga) {
 RichiestaPiano richiesta() {
   RichiestaPiano sua;
   sua.idAzienda = 1;
-  sua.oggi = giorno(2018, 3, 5);
+  sua.oggi = giorno(2026, 3, 5);
   const TavolaDate tavola =
       leggiDate(byteDi(kEsempi / "date_pagamento.csv"), "date_pagamento.csv", {}, sua.oggi);
   EXPECT_FALSE(tavola.conErrori());

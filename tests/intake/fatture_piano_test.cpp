@@ -44,6 +44,17 @@ TEST(PianoFatture, OneToAnotherCompanyIsAnErrorOrLeftOut) {
   EXPECT_TRUE(senza.applicabile());
 }
 
+TEST(PianoFatture, OneToAnotherCompanyIsSaidToBeThatWithoutTaxToo) {
+  Banco banco(prova::riempito());
+  FileProva senza = daRossi();
+  senza.documenti[0].ritenute.clear();
+  const Piano piano = pianoDi(banco, {xmlDi(senza, "01234560157"), xmlDi(senza)});
+  EXPECT_EQ(Banco::stati(piano), "errore escluso");
+  EXPECT_EQ(prova::codiciDi(piano.righe[0]), "F06");
+  banco.richiesta.fatture.tralasciaAltrui = true;
+  EXPECT_TRUE(pianoDi(banco, {xmlDi(senza, "01234560157"), xmlDi(senza)}).applicabile());
+}
+
 TEST(PianoFatture, OneThatTheCompanyIssuedIsLeftOutWhateverIsWrongWithIt) {
   Banco banco(prova::riempito());
   FileProva file = daRossi();
@@ -206,6 +217,52 @@ TEST(PianoFatture, ADateOfPaymentIsNeverGuessed) {
   EXPECT_EQ(stato({}), "nuovo 08/01/2018");
 }
 
+TEST(PianoFatture, ARowOfDatesWithAnotherFiscalCodeIsNotFoundByTheVatNumber) {
+  Banco banco(prova::riempito());
+  OpzioniFatture& tavola = banco.richiesta.fatture;
+  tavola = {.fonte = FontePagamento::Tavola};
+  const std::string iva = daRossi().partitaIva;
+  tavola.date = {{"", prova::codiceDiVerdi(), iva, "12/A", giorno(2017, 3, 20), giorno(2017, 5, 2)}};
+  EXPECT_EQ(Banco::stati(pianoDi(banco, {xmlDi(daRossi())})), "da decidere");
+  tavola.date.push_back({"", "RSSMRA80A01H501U", iva, "12/A", giorno(2017, 3, 20), giorno(2017, 6, 2)});
+  const Piano piano = pianoDi(banco, {xmlDi(daRossi())});
+  ASSERT_EQ(Banco::stati(piano), "nuovo");
+  EXPECT_EQ(piano.compensi[0].dopo.pagamento, giorno(2017, 6, 2));
+  tavola.date = {{"", "", iva, "12/A", giorno(2017, 3, 20), giorno(2017, 7, 2)}};
+  EXPECT_EQ(Banco::stati(pianoDi(banco, {xmlDi(daRossi())})), "nuovo") << "a row without a fiscal code";
+}
+
+TEST(PianoFatture, ARowOfDatesWithoutDocumentDateMeansOneDocumentOnly) {
+  Banco banco(prova::riempito());
+  OpzioniFatture& tavola = banco.richiesta.fatture;
+  tavola = {.fonte = FontePagamento::Tavola};
+  tavola.date = {{"P1", "", "", "7", Date(), giorno(2017, 9, 2)}};
+  const std::vector<std::string> file = {xmlDi(daRossi(numerata("7", "2016-03-20"))),
+                                         xmlDi(daRossi(numerata("7", "2017-03-20")))};
+  const Piano due = pianoDi(banco, file);
+  EXPECT_EQ(Banco::stati(due), "da decidere da decidere");
+  EXPECT_THAT(Banco::messaggi(due), Contains(HasSubstr("vale per 2 documenti con questo numero")).Times(2));
+  EXPECT_EQ(Banco::stati(pianoDi(banco, {file[1]})), "nuovo");
+  tavola.date.push_back({"", "RSSMRA80A01H501U", "", "7", giorno(2016, 3, 20), giorno(2016, 4, 2)});
+  EXPECT_EQ(Banco::stati(pianoDi(banco, file)), "nuovo nuovo") << "one of them has a row of its own";
+}
+
+TEST(PianoFatture, ADateOfPaymentIsNoLaterThanToday) {
+  Banco banco(prova::riempito());
+  banco.richiesta.fatture = {.fonte = FontePagamento::Giorno, .giorno = giorno(2018, 3, 6)};
+  const Piano domani = pianoDi(banco, {xmlDi(daRossi())});
+  EXPECT_EQ(Banco::stati(domani), "errore");
+  EXPECT_THAT(Banco::messaggi(domani),
+              Contains(HasSubstr("V01 DataPagamento: la data di pagamento 06/03/2018 è dopo oggi")));
+  banco.richiesta.fatture.giorno = giorno(2018, 3, 5);
+  EXPECT_EQ(prova::codiciDi(pianoDi(banco, {xmlDi(daRossi())}).righe[0]), "");
+  banco.richiesta.fatture.giorno = giorno(2017, 3, 1);
+  const Piano prima = pianoDi(banco, {xmlDi(daRossi())});
+  EXPECT_EQ(Banco::stati(prima), "nuovo");
+  EXPECT_THAT(Banco::messaggi(prima),
+              Contains(HasSubstr("01/03/2017 è prima di quella del documento, 20/03/2017")));
+}
+
 TEST(PianoFatture, PaymentsOfOtherYearsAreLeftOut) {
   Banco banco(prova::riempito());
   banco.richiesta.anno = 2017;
@@ -233,6 +290,7 @@ TEST(PianoFatture, AFlatRateSellerNeedsAReasonAndIsCertifiedUpTo2023) {
   const Piano senza = pianoDi(banco, {xmlDi(forfettaria("2017-05-05"))});
   EXPECT_EQ(Banco::stati(senza), "da decidere");
   EXPECT_EQ(prova::codiciDi(senza.righe[0]), "R12 R02");
+  banco.richiesta.oggi = giorno(2026, 3, 5);
   banco.richiesta.fatture.causaliPercipienti[prova::codiceDiVerdi()] = "M";
   banco.richiesta.fatture.causaleForfettari = "A";
   const Piano con = pianoDi(banco, {xmlDi(forfettaria("2023-05-05")), xmlDi(forfettaria("2024-01-02"))});
@@ -246,6 +304,27 @@ TEST(PianoFatture, AFlatRateSellerNeedsAReasonAndIsCertifiedUpTo2023) {
   FileProva conRitenuta = daRossi();
   conRitenuta.regime = "RF19";
   EXPECT_EQ(prova::codiciDi(pianoDi(banco, {xmlDi(conRitenuta)}).righe[0]), "R10 R12");
+  conRitenuta.documenti[0].data = "2024-05-05";
+  const Piano dal2024 = pianoDi(banco, {xmlDi(conRitenuta)});
+  EXPECT_EQ(Banco::stati(dal2024), "nuovo");
+  EXPECT_FALSE(dal2024.applicabile()) << "until it is accepted";
+  EXPECT_THAT(Banco::messaggi(dal2024), Contains(HasSubstr("dal 2024 il suo compenso si certifica solo")));
+}
+
+TEST(PianoFatture, TheReasonOfADocumentIsNotReplacedByTheHabitualOne) {
+  Banco banco(prova::riempito());
+  banco.richiesta.fatture.causaliPercipienti["P1"] = "M";
+  const Piano piano = pianoDi(banco, {xmlDi(daRossi())});
+  ASSERT_EQ(Banco::stati(piano), "nuovo");
+  EXPECT_EQ(piano.conti[0].causale, "A");
+  EXPECT_THAT(piano.righe[0].spiegazioni, Contains("causale A del documento; nella mappatura M"));
+}
+
+TEST(PianoFatture, ADocumentThatGivesNoPaymentIsAskedForNoReason) {
+  Banco banco(prova::riempito());
+  FileProva file = daRossi();
+  file.documenti[0].tipo = "TD99";
+  EXPECT_EQ(prova::codiciDi(pianoDi(banco, {xmlDi(file)}).righe[0]), "R02 R12");
 }
 
 // What a person decides.

@@ -261,6 +261,12 @@ TEST_F(FattureDiEsempio, NeedADateOfPayment) {
             2);
   EXPECT_EQ(importa({posto_.cartella() / "non_esiste.xml"}, {"--payment-date", "document"}).codice, 2);
   EXPECT_EQ(importa({"-"}, {"--payment-date", "document"}).codice, 2);
+  const std::string sua = mappa_;
+  mappa_ = posto_.cartella().write("altrui.toml", "formato = \"fatture\"\nazienda = \"00743110157\"\n");
+  const Esecuzione altrui = importa(una, {"--payment-date", "document"});
+  EXPECT_EQ(altrui.codice, 2);
+  EXPECT_THAT(altrui.errori, HasSubstr("è di un'altra azienda, 00743110157"));
+  mappa_ = sua;
 
   const auto data = [&](const Argomenti& altri) {
     Argomenti tutti = altri;

@@ -10,6 +10,7 @@
 #include "apps/importazione/file_importato.h"
 #include "apps/importazione/mappa_fatture.h"
 #include "apps/importazione/mappe_personali.h"
+#include "base/text.h"
 #include "intake/lettura_fatture.h"
 #include "schede/aziende.h"
 #include "suite/orologio.h"
@@ -38,8 +39,14 @@ std::string codiceFiscaleDi(Connection& connessione, std::int32_t idAzienda) {
 }
 
 MappaFatture mappaPer(const OpzioniImport& opzioni, Connection& connessione, std::int32_t idAzienda) {
-  if (!opzioni.mappa.empty()) return leggiMappaFatture(opzioni.mappa);
-  auto trovata = cercaMappaFatture(cartellaMappe(), codiceFiscaleDi(connessione, idAzienda));
+  const std::string azienda = codiceFiscaleDi(connessione, idAzienda);
+  if (!opzioni.mappa.empty()) {
+    MappaFatture scelta = leggiMappaFatture(opzioni.mappa);
+    if (!scelta.azienda.empty() && !equalsNoCase(scelta.azienda, trim(azienda)))
+      throw UsoSbagliato("--map: " + opzioni.mappa + " è di un'altra azienda, " + scelta.azienda);
+    return scelta;
+  }
+  auto trovata = cercaMappaFatture(cartellaMappe(), azienda);
   if (!trovata) return {};
   std::cerr << "Fatture lette con la mappatura " << trovata->file << '\n';
   return std::move(trovata->mappa);

@@ -28,7 +28,7 @@ class BancoAssistente {
   explicit BancoAssistente(const std::string& testo = kTreCompensi) {
     profilo.file = "prova";
     profilo.sessione.azienda = 1;
-    profilo.sessione.oggi = Profilo::Istante{Date::fromYmd(2018, 3, 5).value(), {10, 30, 0}};
+    profilo.sessione.oggi = Profilo::Istante{Date::fromYmd(2026, 3, 5).value(), {10, 30, 0}};
     profilo.database = posto.database;
     file = QString::fromStdString(posto.file("f.csv", testo));
   }

@@ -63,7 +63,7 @@ class PostoImportazione {
             .azienda = 1,
             .cartellaMappe = cartella / "mappe",
             .utente = "prova",
-            .oggi = Date::fromYmd(2018, 3, 5).value()};
+            .oggi = Date::fromYmd(2026, 3, 5).value()};
   }
   std::string file(const std::string& nome, const std::string& testo) const {
     return scriviFile(cartella / nome, testo);
