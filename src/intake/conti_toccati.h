@@ -22,6 +22,15 @@ class ContiToccati {
   void calcola();
 
  private:
+  // New payees, whose ids fall from -1, follow the others in their order.
+  struct PerPercipiente {
+    bool operator()(const ChiaveConto& uno, const ChiaveConto& altro) const {
+      if (uno.idAnagrafica < 0 && altro.idAnagrafica < 0 && uno.idAnagrafica != altro.idAnagrafica)
+        return uno.idAnagrafica > altro.idAnagrafica;
+      if ((uno.idAnagrafica < 0) != (altro.idAnagrafica < 0)) return altro.idAnagrafica < 0;
+      return uno < altro;
+    }
+  };
   struct Conto {
     schede::Importi primaDiTutto{};  // the sum of the payments that are there
     schede::Importi dopo{};
@@ -33,7 +42,7 @@ class ContiToccati {
     bool aggiungeSomme = false;
     bool dueCodici = false;
   };
-  using Conti = std::map<ChiaveConto, Conto>;
+  using Conti = std::map<ChiaveConto, Conto, PerPercipiente>;
 
   static ChiaveConto chiave(const schede::SchedaCompenso& scheda);
   void raccogli();

@@ -78,7 +78,7 @@ const NomiRighe::Nomi& NomiRighe::nomi() {
                       [&](const CellView* riga) { trovati.codici.emplace(idIn(riga[1]), riga[2].toText()); });
   schede::perOgniRiga(connessione_, schede::kAzienda, {},
                       [&](const CellView* riga) { trovati.aziende.emplace(idIn(riga[0]), idIn(riga[1])); });
-  if (haStorico(connessione_)) daStorico(trovati);
+  if (haStoricoLeggibile(connessione_)) daStorico(trovati);
   return trovati;
 }
 

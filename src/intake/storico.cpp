@@ -29,15 +29,18 @@ Lotto lottoDa(const CellView* riga) {
 
 }  // namespace
 
-bool haStorico(Connection& connessione) {
+bool haStoricoLeggibile(Connection& connessione) {
   return haTabella(connessione, "CuImportazione") && haTabella(connessione, "CuImportazioneFile") &&
-         haTabella(connessione, "CuImportazioneContenuto") && haTabella(connessione, "CuImportazioneRiga") &&
-         haTabella(connessione, "CuImportazioneConto");
+         haTabella(connessione, "CuImportazioneRiga") && haTabella(connessione, "CuImportazioneConto");
+}
+
+bool haStorico(Connection& connessione) {
+  return haStoricoLeggibile(connessione) && haTabella(connessione, "CuImportazioneContenuto");
 }
 
 std::vector<Lotto> storico(Connection& connessione, std::optional<std::int32_t> idAzienda) {
   std::vector<Lotto> lotti;
-  if (!haStorico(connessione)) return lotti;
+  if (!haStoricoLeggibile(connessione)) return lotti;
   std::string quali;
   if (idAzienda) quali = " WHERE IDAzienda IS NULL OR IDAzienda = " + fromInteger(*idAzienda);
   RowStore righe;

@@ -34,7 +34,11 @@ struct Lotto {
 // no history.
 std::vector<Lotto> storico(Connection& connessione, std::optional<std::int32_t> idAzienda);
 
-// Whether the database has the tables of the history.
+// Whether the database has the tables by which batches are listed and undone: one that was made before
+// invoices could be imported lacks that of their contents.
+bool haStoricoLeggibile(Connection& connessione);
+
+// Whether the database has all tables of the history, which an import needs.
 bool haStorico(Connection& connessione);
 
 // Refused: a database that this program has not created unless the request says so, one without history, and

@@ -267,6 +267,18 @@ TEST(StoricoFatture, HasEachFileAndTheCounts) {
   EXPECT_EQ(lotto.conteggi[static_cast<std::size_t>(StatoRiga::Escluso)], 1U);
 }
 
+TEST(StoricoFatture, IsReadAndUndoneWithoutTheTableOfContents) {
+  Banco banco(prova::riempito());
+  const auto prima = banco.contenuto();
+  ASSERT_THAT(importaFatture(banco, {xmlDi(daVerdi())}), IsEmpty());
+  banco->Execute("DROP TABLE CuImportazioneContenuto");
+  EXPECT_FALSE(haStorico(*banco)) << "an import needs it";
+  const std::vector<Lotto> lotti = storico(*banco, 1);
+  ASSERT_FALSE(lotti.empty());
+  EXPECT_TRUE(banco.annulla(lotti.back().id));
+  EXPECT_EQ(banco.contenuto(), prima);
+}
+
 // Counts the statements that it forwards.
 class ConnessioneContata : public Connection {
  public:

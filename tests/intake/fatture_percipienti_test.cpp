@@ -81,5 +81,20 @@ TEST(PercipientiFatture, NobodyIsProposedByAVatNumberOfSeveralCodes) {
   EXPECT_THAT(prova::codiciDi(piano.righe[2]), HasSubstr("P09"));
 }
 
+TEST(PercipientiFatture, AccountsListNewPayeesInTheirOrderAfterTheOthers) {
+  Banco banco(prova::riempito());
+  FileProva neri = daNeri("2");
+  neri.partitaIva = prova::ivaDi("0555444334");
+  const Piano piano = pianoDi(banco, {xmlDi(daVerdi(numerata("1"))), xmlDi(neri), xmlDi(daRossi())});
+  ASSERT_EQ(Banco::stati(piano), "nuovo nuovo nuovo");
+  std::string codici;
+  for (const ContoPiano& conto : piano.conti) codici += conto.percipiente + " ";
+  EXPECT_EQ(codici, "P1 00001 00002 ");
+  for (const RigaPiano& riga : piano.righe) {
+    EXPECT_EQ(piano.conti[static_cast<std::size_t>(riga.conto)].idAnagrafica,
+              piano.compensi[riga.voce].dopo.idAnagrafica);
+  }
+}
+
 }  // namespace
 }  // namespace cu::intake
