@@ -249,7 +249,7 @@ class Apertura {
     std::optional<std::string> documento = ritaglia(byte);
     if (!documento) errore("F03", "La busta firmata è danneggiata o incompleta");
     rilievi.push_back({"F03", posto_,
-                       "La busta firmata è danneggiata: il documento ne è stato estratto senza di essa",
+                       "La busta firmata è danneggiata: il documento che contiene è intero ed è stato letto",
                        true});
     return std::move(*documento);
   }

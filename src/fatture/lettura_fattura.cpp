@@ -251,6 +251,8 @@ Letto leggiFattura(std::string_view byte, const std::string& nome, const Limiti&
   } catch (const ErroreFattura& errore) {
     if (letto.genere != Genere::Altro) letto.genere = Genere::Illeggibile;
     letto.fatture.clear();
+    // What was repaired on the way to a document that cannot be read does not matter.
+    letto.rilievi.clear();
     letto.rilievi.push_back(errore.rilievo());
   }
   return letto;

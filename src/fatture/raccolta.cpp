@@ -33,6 +33,27 @@ std::string nomeDi(const fs::path& percorso) {
 
 std::string megabyte(std::size_t byte) { return fromInteger(static_cast<std::int64_t>(byte >> 20U)) + " MB"; }
 
+// An XML text whose root is none of an invoice, as far as it shows before anything is parsed: a page, a
+// style sheet. The name of an invoice must be nowhere in it.
+bool paginaAltrui(std::string_view byte) {
+  if (forma(byte) != Forma::Xml) return false;
+  std::string testo(byte);
+  std::erase(testo, '\0');  // of two bytes a character
+  if (testo.find("FatturaElettronica") != std::string::npos) return false;
+  for (std::size_t i = testo.find('<'); i != std::string::npos; i = testo.find('<', i + 1)) {
+    const std::size_t fine = testo.find_first_of(" \t\r\n/>", i + 1);
+    if (fine == std::string::npos) return false;
+    const char primo = fine == i + 1 ? '/' : testo[i + 1];
+    if (primo != '!' && primo != '?') return primo != '/';
+  }
+  return false;
+}
+
+// A text or a sheet of an office: an archive by its form only.
+bool documentoUfficio(tabelle::ArchivioZip& zip) {
+  return zip.trova("[Content_Types].xml").has_value() || zip.trova("mimetype").has_value();
+}
+
 class Raccolta {
  public:
   Raccolta(const Ricevente& ricevente, const LimitiRaccolta& limiti)
@@ -48,7 +69,7 @@ class Raccolta {
   }
 
   void byte(std::string_view byte, const std::string& nome, bool nominato) {
-    if (forma(byte) == Forma::Zip) return archivio(byte, nome);
+    if (forma(byte) == Forma::Zip) return archivio(byte, nome, nominato);
     documento(byte, nome, nominato);
   }
 
@@ -64,16 +85,24 @@ class Raccolta {
       return;
     }
     Letto letto = leggiFattura(byte, nome, limiti_.documento);
-    if (letto.genere == Genere::Altro && !nominato) {
+    const bool estraneo =
+        letto.genere == Genere::Altro || (letto.genere == Genere::Illeggibile && paginaAltrui(byte));
+    if (estraneo && !nominato) {
       ++ignorati_[kAltro];
       return;
     }
     dai(std::move(letto));
   }
 
-  void archivio(std::string_view byte, const std::string& nome) {
+  void archivio(std::string_view byte, const std::string& nome, bool nominato) {
     try {
       tabelle::ArchivioZip zip(byte, nome, limiti_.archivio);
+      if (documentoUfficio(zip)) {
+        if (nominato)
+          return fallito(nome, soloFile("F02", nome, "Il file non è una fattura elettronica né un archivio"));
+        ++ignorati_[kAltro];
+        return;
+      }
       for (std::size_t i = 0; i < zip.membri() && continua_; ++i) membro(zip, i, nome);
     } catch (const tabelle::ErroreTabella& errore) {
       fallito(nome, {errore.codice(), {nome, 0, 0, {}}, errore.testo(), false});
@@ -109,10 +138,23 @@ class Raccolta {
     if (troppo)
       return fallito(nome, soloFile("F05", nome, "Il file supera " + megabyte(limiti_.documento.byte)));
     if (forma(contenuto) == Forma::Zip) {
+      if (ufficio(contenuto, nome)) {
+        ++ignorati_[kAltro];
+        return;
+      }
       return fallito(nome,
                      soloFile("F02", nome, "Un archivio dentro un archivio non si legge: estrarlo prima"));
     }
     documento(contenuto, nome, false);
+  }
+
+  bool ufficio(std::string_view byte, const std::string& nome) const {
+    try {
+      tabelle::ArchivioZip zip(byte, nome, limiti_.archivio);
+      return documentoUfficio(zip);
+    } catch (const tabelle::ErroreTabella&) {
+      return false;
+    }
   }
 
   void cartella(const fs::path& dove, int profondita) {

@@ -286,9 +286,10 @@ bool Lettura::conErrori() const {
 }
 
 bool Lettura::illeggibile() const {
-  if (!righe.empty() || messaggi.size() != 1) return false;
-  const Codice codice = messaggi.front().codice;
-  return codice >= Codice::F01 && codice <= Codice::F05;
+  if (!righe.empty() || messaggi.empty()) return false;
+  return std::all_of(messaggi.begin(), messaggi.end(), [](const Messaggio& uno) {
+    return uno.codice >= Codice::F01 && uno.codice <= Codice::F05;
+  });
 }
 
 Lettura leggiRighe(const tabelle::Tabella& tabella, Elenco elenco, const Mappatura& mappatura, Date oggi) {

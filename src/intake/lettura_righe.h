@@ -80,7 +80,7 @@ struct Lettura {
   // Keeps a text for a field that the file does not have as it is.
   CellView conserva(std::string_view testo);
   bool conErrori() const;  // of the file or of a row
-  // Whether the file could not be read at all: it gives no rows, and one message that says why.
+  // Whether the file could not be read at all: it gives no rows, and messages that say why.
   bool illeggibile() const;
 
   // Of a file with electronic invoices (lettura_fatture.h); null for a table.

@@ -63,6 +63,24 @@ TEST_F(RaccoltaDiFile, WalksAFolderInTheOrderOfNamesAndCountsTheRest) {
   EXPECT_EQ(ignorati, (Ignorati{{"file che non è una fattura", 2}, {"file vuoto", 1}}));
 }
 
+TEST_F(RaccoltaDiFile, CountsPagesAndDocumentsOfAnOffice) {
+  scrivi("pagina.html", "<!DOCTYPE html>\n<html><body>Fatture</body></html>");
+  scrivi("rotta.html", "<html><br></body>");
+  const std::string foglio = zipDi({{"[Content_Types].xml", "<Types/>"}, {"xl/workbook.xml", "<workbook/>"}});
+  scrivi("testo.docx", zipDi({{"[Content_Types].xml", "<Types/>"}, {"word/embeddings/f.xlsx", foglio}}));
+  scrivi("lotto.zip", zipDi({{"prospetto.xlsx", foglio}, {"a.xml", parcellaXml()}}));
+  scrivi("cattiva.xml", "<!DOCTYPE x>" + parcellaXml().substr(parcellaXml().find("?>") + 2));
+  scrivi("dtd.xml", "<!DOCTYPE FatturaElettronica [<!ENTITY a \"<foo>\">]><x/>");
+  const Ignorati ignorati = raccogli(cartella_, ricevuti_.ricevente());
+  EXPECT_EQ(ricevuti_.voci,
+            (std::vector<std::string>{"cattiva.xml: F04", "dtd.xml: F04", "lotto.zip, a.xml: 1"}));
+  EXPECT_EQ(ignorati, (Ignorati{{"file che non è una fattura", 4}}));
+  ricevuti_.voci.clear();
+  raccogli(cartella_ / "testo.docx", ricevuti_.ricevente());
+  raccogli(cartella_ / "pagina.html", ricevuti_.ricevente());
+  EXPECT_EQ(ricevuti_.voci, (std::vector<std::string>{"testo.docx: F02", "pagina.html: F04"}));
+}
+
 TEST_F(RaccoltaDiFile, GivesAFileThatTheCallerNamesWhateverItIs) {
   scrivi("x.pdf", "%PDF-1.4 niente");
   scrivi("RC.xml", kNotifica);

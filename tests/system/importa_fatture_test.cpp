@@ -218,6 +218,8 @@ TEST_F(FattureDiEsempio, DamagedFilesAreLeftOutOnRequest) {
   for (const char* nome : {"pronte/ITDMCNCL64S30F839G_00001.xml", "da_vedere/ITZGRMTJ84D04Z150M_00054.xml",
                            "da_vedere/ITSFRMFR75S51E897Z_00055.xml"})
     fs::copy(esempi("fatture") / nome, dove);
+  const std::string intera = fatture::prova::firmato(fileDi(pronte() + "/ITDLLGLI83A59F205I_00002.xml"));
+  posto_.cartella().write("posta/tronca.xml.p7m", intera.substr(0, intera.size() / 2));
   const Esecuzione ferma = importaConDate({dove}, {"--apply"});
   EXPECT_EQ(ferma.codice, 1);
   EXPECT_THAT(ferma.errori, HasSubstr("(F04)."));
@@ -302,6 +304,10 @@ TEST_F(FattureDiEsempio, AFlatRatePayeesReasonComesFromTheProfile) {
   ASSERT_EQ(importaConDate(una, {"--report", fileResoconto()}).codice, 0);
   EXPECT_EQ(resoconto().at("rows").at(0).at("values").at("Causale"), "M");
   EXPECT_EQ(resoconto().at("rows").at(0).at("new_payee").at("CodiceFiscale"), "TMMLRI88D57L781H");
+  posto_.cartella().write("fatture.toml", "formato = \"fatture\"\n[percipienti.P001]\ncausale = \"ZZ9\"\n");
+  const Esecuzione ignota = importaConDate(una);
+  EXPECT_EQ(ignota.codice, 2);
+  EXPECT_THAT(ignota.errori, HasSubstr("la causale ZZ9 non è fra A, B"));
   posto_.cartella().write("fatture.toml", "formato = \"fatture\"\nsbagliata = 1\n");
   const Esecuzione sbagliata = importaConDate(una);
   EXPECT_EQ(sbagliata.codice, 2);

@@ -31,11 +31,13 @@ Json jsonLotto(const Lotto& lotto) {
 void scriviLotto(const Lotto& lotto) {
   std::cout << "Importazione " << lotto.id << ", " << lotto.momento << ", " << intake::nome(lotto.elenco)
             << ", " << statoDi(lotto) << ": " << dettiConteggi(lotto.conteggi);
+  constexpr std::size_t kNomi = 5;
   const char* prima = " (";
-  for (const intake::FileImportato& suo : lotto.file) {
-    std::cout << prima << suo.nome;
+  for (std::size_t i = 0; i < lotto.file.size() && i < kNomi; ++i) {
+    std::cout << prima << lotto.file[i].nome;
     prima = ", ";
   }
+  if (lotto.file.size() > kNomi) std::cout << " e altri " << lotto.file.size() - kNomi << " file";
   std::cout << (lotto.file.empty() ? "." : ").") << '\n';
 }
 

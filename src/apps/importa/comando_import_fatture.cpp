@@ -13,6 +13,7 @@
 #include "base/text.h"
 #include "intake/lettura_fatture.h"
 #include "schede/aziende.h"
+#include "schede/elenchi.h"
 #include "suite/orologio.h"
 
 namespace cu {
@@ -52,6 +53,19 @@ MappaFatture mappaPer(const OpzioniImport& opzioni, Connection& connessione, std
   return std::move(trovata->mappa);
 }
 
+// A profile with a reason that no payment can have is wrong, whether a document of this import needs it or
+// not.
+void verificaCausali(const MappaFatture& mappa, Connection& connessione) {
+  const schede::Elenchi elenchi(connessione);
+  const auto verifica = [&](const std::string& causale) {
+    if (causale.empty() || elenchi.causali.diCodice(causale) != nullptr) return;
+    throw UsoSbagliato("mappatura: la causale " + causale + " non è fra " + elenchi.causali.codici());
+  };
+  verifica(mappa.causaleForfettari);
+  for (const auto& [scritta, causale] : mappa.causali) verifica(causale);
+  for (const auto& [chi, causale] : mappa.causaliPercipienti) verifica(causale);
+}
+
 // The dates, and what is wrong with their table.
 std::vector<intake::Messaggio> leggiTavola(const OpzioniImportFatture& opzioni, intake::Mappatura mappatura,
                                            Date oggi, intake::OpzioniFatture& fatture) {
@@ -73,6 +87,7 @@ int comandoImportFatture(const OpzioniImportFatture& opzioni) {
     Connection& connessione = database.ownConnection();
     intake::RichiestaPiano richiesta = richiestaDi(opzioni.comuni, connessione, oggi);
     const MappaFatture mappa = mappaPer(opzioni.comuni, connessione, richiesta.idAzienda);
+    verificaCausali(mappa, connessione);
     applicaMappa(mappa, richiesta.fatture);
     richiesta.fatture.fonte = opzioni.fonte;
     richiesta.fatture.giorno = opzioni.giorno.value_or(Date());

@@ -21,7 +21,8 @@ void tralasciaIllegibili(std::vector<Lettura>& letture) {
   if (std::all_of(letture.begin(), letture.end(), [](const Lettura& una) { return una.illeggibile(); }))
     return;
   for (Lettura& lettura : letture) {
-    if (lettura.illeggibile()) lettura.messaggi.front().gravita = intake::Gravita::Informazione;
+    if (!lettura.illeggibile()) continue;
+    for (intake::Messaggio& uno : lettura.messaggi) uno.gravita = intake::Gravita::Informazione;
   }
 }
 

@@ -15,10 +15,13 @@ using Json = nlohmann::ordered_json;
 std::string inTesto(const Json& json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
 
 // What has to be decided stops the import as an error does.
-const char* severita(Gravita gravita) {
-  switch (gravita) {
-    case Gravita::Errore:
+const char* severita(const Messaggio& messaggio) {
+  switch (messaggio.gravita) {
     case Gravita::DaDecidere:
+      // The state of the row has what is missing; the code itself is an information.
+      if (intake::voce(messaggio.codice).gravita == Gravita::Informazione) break;
+      return "error";
+    case Gravita::Errore:
       return "error";
     case Gravita::Avviso:
       return "warning";
@@ -30,7 +33,7 @@ const char* severita(Gravita gravita) {
 
 Json jsonMessaggio(const Messaggio& messaggio) {
   return {{"code", intake::voce(messaggio.codice).sigla},
-          {"severity", severita(messaggio.gravita)},
+          {"severity", severita(messaggio)},
           {"column", messaggio.colonna},
           {"text", messaggio.testo}};
 }
@@ -73,6 +76,7 @@ Json jsonConto(const intake::ContoPiano& conto) {
 Json jsonGenerale(const Messaggio& messaggio) {
   Json json = jsonMessaggio(messaggio);
   json["file"] = messaggio.posto.file;
+  if (messaggio.posto.riga > 0) json["row"] = messaggio.posto.riga;
   return json;
 }
 
