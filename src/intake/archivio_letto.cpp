@@ -103,14 +103,20 @@ void ArchivioLetto::leggiConti(Connection& connessione, std::int32_t idAzienda) 
 }
 
 void ArchivioLetto::leggiStorico(Connection& connessione, Elenco elenco, std::int32_t idAzienda) {
-  std::string deiLotti = " INNER JOIN CuImportazione ON CuImportazione.IDImportazione = ";
+  const std::string deiLotti = " INNER JOIN CuImportazione ON CuImportazione.IDImportazione = ";
   std::string dove = ".IDImportazione WHERE CuImportazione.Stato = 'applicata' AND CuImportazione.Elenco = ";
   appendTesto(dove, nome(elenco));
   if (elenco != Elenco::Aziende) dove += " AND CuImportazione.IDAzienda = " + fromInteger(idAzienda);
   std::array<CellView, 2> celle;
-  for (const std::string tabella : {"CuImportazioneFile", "CuImportazioneContenuto"}) {
+  for (const std::string_view tabella : {"CuImportazioneFile", "CuImportazioneContenuto"}) {
     RowStore file;
-    connessione.Query("SELECT " + tabella + ".Impronta FROM " + tabella + deiLotti + tabella + dove, file);
+    std::string domanda;
+    for (const std::string_view parte :
+         {std::string_view("SELECT "), tabella, std::string_view(".Impronta FROM "), tabella,
+          std::string_view(deiLotti), tabella, std::string_view(dove)}) {
+      domanda += parte;
+    }
+    connessione.Query(domanda, file);
     for (std::size_t i = 0; i < file.size(); ++i) {
       file.read(i, celle.data());
       impronte.insert(celle[0].toText());

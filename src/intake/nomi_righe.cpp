@@ -110,7 +110,7 @@ std::string NomiRighe::anagrafica(std::int32_t id) {
 // "P001 Rossi Mario"
 std::string NomiRighe::percipiente(std::int32_t id) {
   const auto suo = nomi().codici.find(id);
-  const std::string nome = anagrafica(id);
+  std::string nome = anagrafica(id);
   if (suo == nomi().codici.end()) return nome;
   return nome.empty() ? suo->second : suo->second + ' ' + nome;
 }
@@ -134,7 +134,7 @@ std::string NomiRighe::compenso(const Riga& riga) {
 }
 
 std::string NomiRighe::riga(const TabellaSuite& tabella, const Riga& riga) {
-  const std::string parole(paroleDi(tabella.nome).riga);
+  std::string parole(paroleDi(tabella.nome).riga);
   if (&tabella == &schede::kCompenso) return compenso(riga);
   if (&tabella == &schede::kConto) return conto({idIn(riga, 0), idIn(riga, 1), idIn(riga, 2)});
   if (&tabella == &schede::kDatiAggiuntivi)

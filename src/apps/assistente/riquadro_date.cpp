@@ -21,7 +21,7 @@ using intake::FontePagamento;
 }  // namespace
 
 QString dettoPagamento(const PagamentoMostrato& pagamento) {
-  const QString giorno = qs(pagamento.giorno.toItalian());
+  QString giorno = qs(pagamento.giorno.toItalian());
   switch (pagamento.origine) {
     case PagamentoMostrato::Origine::Manca:
       return QStringLiteral("? manca");
