@@ -47,8 +47,7 @@ std::string Assistente::impedimentoSorgente() const {
   }
   if (file_.empty())
     return fatture_ ? "Scegliere almeno un file o una cartella." : "Scegliere almeno un file.";
-  if (fatture_) return {};
-  return fileIlleggibili();
+  return fatture_ ? senzaFatture() : fileIlleggibili();
 }
 
 // All of them, so that they can be removed at once.
@@ -87,6 +86,7 @@ std::string Assistente::impedimento() const {
       return {};
     case Passo::Percipienti:
     case Passo::Compensi:
+      if (passo_ == Passo::Compensi && dateAttese_) return dateMancanti();
       return piano_ == nullptr ? "Le righe non sono ancora state confrontate con l'archivio." : "";
     case Passo::Prova:
     case Passo::Esito:
@@ -140,6 +140,7 @@ void Assistente::scegliAzienda(std::int32_t azienda) {
   if (azienda == ambiente_.azienda) return;
   ambiente_.azienda = azienda;
   richiesta_.decisioni.clear();
+  serbate_.clear();
   scarta(Livello::Piano);
 }
 
@@ -246,6 +247,7 @@ void Assistente::decidi(std::span<const std::size_t> righe,
                         const std::function<void(intake::Decisione&)>& come) {
   if (piano_ == nullptr) return;
   for (const std::size_t riga : righe) come(richiesta_.decisioni[piano_->righe.at(riga).posizione]);
+  if (fatture_) serbaDecisioni(righe);
   scarta(Livello::Piano);
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -108,6 +109,10 @@ class Assistente {
 
   // Payments, of invoices: when they were made.
   void scegliDate(intake::FontePagamento fonte, Date giorno = {});
+  // A source that still lacks its day or its file: until it has it the dates are missing, and there is no way
+  // on from the payments.
+  void attendiDate(intake::FontePagamento fonte);
+  const std::optional<intake::FontePagamento>& dateAttese() const { return dateAttese_; }
   // Reads a table of dates; what is wrong with it, as sentences. Raises Error where it cannot be read.
   std::vector<std::string> usaTavolaDate(const std::string& percorso);
   const std::string& tavolaDate() const { return tavolaDate_; }
@@ -137,6 +142,17 @@ class Assistente {
   const Ambiente& ambiente() const { return ambiente_; }
 
  private:
+  // A payment of an invoice, wherever its file is among the others.
+  struct PagamentoLetto {
+    std::string sha256;
+    std::size_t copia = 0;      // of files with the same content
+    std::size_t documento = 0;  // in its file, from 1
+    std::size_t riga = 0;
+    friend auto operator<=>(const PagamentoLetto&,
+                            const PagamentoLetto&) = default;  // NOLINT(modernize-use-nullptr)
+  };
+  static std::map<intake::Posizione, PagamentoLetto> pagamentiLetti(
+      const std::vector<intake::Lettura>& letture);
   // What is known only after some work, each of what comes before it.
   enum class Livello : std::uint8_t { Tabelle, Letture, Piano, Prova };
   // Forgets it and what follows from it.
@@ -144,12 +160,17 @@ class Assistente {
   Passo precedente() const;
   std::string impedimentoSorgente() const;
   std::string fileIlleggibili() const;
+  std::string senzaFatture() const;
+  std::string dateMancanti() const;
   Compito esamina();
   Compito carica();
   Compito rileggi();
   Compito leggi();
   Compito leggiFatture();
   void usaProfiloFatture();
+  void accogliFatture(intake::LettureFatture&& lette);
+  void ritrovaDecisioni();
+  void serbaDecisioni(std::span<const std::size_t> righe);
   std::string codiceAzienda() const;
   Compito pianifica();
   Compito prova(bool applica);
@@ -167,6 +188,8 @@ class Assistente {
   fatture::Ignorati ignorati_;
   bool tralasciaIllegibili_ = false;
   std::string tavolaDate_;
+  std::optional<intake::FontePagamento> dateAttese_;
+  std::map<PagamentoLetto, intake::Decisione> serbate_;  // of payments of invoices
   std::optional<std::string> profiloDi_;  // the fiscal code of the company whose profile is in use
   std::string profiloFatture_;
   std::string notaProfilo_;

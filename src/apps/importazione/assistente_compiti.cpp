@@ -126,11 +126,7 @@ Compito Assistente::leggiFatture() {
                 *lette = intake::leggiFatture(percorsi, oggi, avanzamento);
                 if (tralascia) cu::tralasciaIllegibili(lette->letture);
               },
-          .accogli = seAncora([this, lette] {
-            letture_ = std::make_shared<const std::vector<intake::Lettura>>(std::move(lette->letture));
-            ignorati_ = std::move(lette->ignorati);
-            usaProfiloFatture();
-          })};
+          .accogli = seAncora([this, lette] { accogliFatture(std::move(*lette)); })};
 }
 
 Compito Assistente::pianifica() {

@@ -64,7 +64,6 @@ std::string Assistente::ricordaCausali() {
   mappa.causali = richiesta_.fatture.causali;
   mappa.causaliPercipienti = richiesta_.fatture.causaliPercipienti;
   mappa.causaleForfettari = richiesta_.fatture.causaleForfettari;
-  mappa.tralasciaAltrui = richiesta_.fatture.tralasciaAltrui;
   profiloFatture_ = salvaMappaFatture(ambiente_.cartellaMappe, mappa);
   return profiloFatture_;
 }
@@ -84,7 +83,79 @@ void Assistente::tralasciaIllegibili(bool tralascia) {
 void Assistente::scegliDate(intake::FontePagamento fonte, Date giorno) {
   richiesta_.fatture.fonte = fonte;
   richiesta_.fatture.giorno = giorno;
+  dateAttese_.reset();
   scarta(Livello::Piano);
+}
+
+void Assistente::attendiDate(intake::FontePagamento fonte) {
+  if (richiesta_.fatture.fonte != intake::FontePagamento::Nessuna)
+    scegliDate(intake::FontePagamento::Nessuna);
+  dateAttese_ = fonte;
+}
+
+std::string Assistente::dateMancanti() const {
+  return dateAttese_ == intake::FontePagamento::Giorno
+             ? "Manca il giorno del pagamento: scriverlo, o scegliere da dove altro vengono le date."
+             : "Manca il file delle date: sceglierlo, o scegliere da dove altro vengono le date.";
+}
+
+// Once they were looked for.
+std::string Assistente::senzaFatture() const {
+  if (letture_ == nullptr || !letture_->empty()) return {};
+  std::string testo = "Non c'è nessuna fattura elettronica in ciò che è stato scelto";
+  const char* segno = ": contiene soltanto ";
+  for (const auto& [che, quanti] : ignorati_) {
+    testo += segno + std::to_string(quanti) + ' ' + che;
+    segno = ", ";
+  }
+  return testo + ". Scegliere altri file o un'altra cartella.";
+}
+
+void Assistente::accogliFatture(intake::LettureFatture&& lette) {
+  letture_ = std::make_shared<const std::vector<intake::Lettura>>(std::move(lette.letture));
+  ignorati_ = std::move(lette.ignorati);
+  if (letture_->empty()) {
+    passo_ = Passo::Sorgente;
+    return;
+  }
+  usaProfiloFatture();
+  ritrovaDecisioni();
+}
+
+std::map<intake::Posizione, Assistente::PagamentoLetto> Assistente::pagamentiLetti(
+    const std::vector<intake::Lettura>& letture) {
+  std::map<intake::Posizione, PagamentoLetto> letti;
+  std::map<std::string, std::size_t> copie;
+  for (std::size_t i = 0; i < letture.size(); ++i) {
+    const auto& fatture = letture[i].fatture;
+    if (fatture == nullptr || fatture->sha256Contenuto.empty()) continue;
+    const std::size_t copia = copie[fatture->sha256Contenuto]++;
+    for (std::size_t k = 0; k < fatture->righe.size(); ++k) {
+      const std::size_t quale = fatture->righe[k].documento;
+      const std::size_t documento = quale < fatture->documenti.size() ? fatture->documenti[quale].numero : 0;
+      letti[{i, k}] = {fatture->sha256Contenuto, copia, documento, k};
+    }
+  }
+  return letti;
+}
+
+void Assistente::serbaDecisioni(std::span<const std::size_t> righe) {
+  const auto letti = pagamentiLetti(*piano_->letture);
+  for (const std::size_t riga : righe) {
+    const intake::Posizione posizione = piano_->righe.at(riga).posizione;
+    if (const auto suo = letti.find(posizione); suo != letti.end())
+      serbate_[suo->second] = richiesta_.decisioni[posizione];
+  }
+}
+
+// Files may have come and gone since.
+void Assistente::ritrovaDecisioni() {
+  richiesta_.decisioni.clear();
+  if (serbate_.empty()) return;
+  for (const auto& [posizione, letto] : pagamentiLetti(*letture_)) {
+    if (const auto sua = serbate_.find(letto); sua != serbate_.end())
+      richiesta_.decisioni[posizione] = sua->second;
+  }
 }
 
 std::vector<std::string> Assistente::usaTavolaDate(const std::string& percorso) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 
 #include "apps/importazione/assistente.h"
 #include "apps/importazione/documenti_mostrati.h"
@@ -194,6 +195,60 @@ TEST_F(AssistenteFatture, DatesOfPaymentAreTypedOneByOne) {
   finoAllaProva(assistente);
   EXPECT_EQ(pagamentiMostrati(*assistente.piano()).front().giorno.toIso(), "2017-12-28")
       << "nothing is lost on the way back";
+}
+
+TEST_F(AssistenteFatture, DatesAreMissingAsLongAsTheDayOfAllIs) {
+  leggi({kPronte + "/ITDMCNCL64S30F839G_00001.xml"});
+  assistente.scegliDate(FontePagamento::Documento);
+  svolgi(assistente);
+  avanza(assistente);
+  avanza(assistente);
+  ASSERT_EQ(assistente.passo(), Passo::Compensi);
+  assistente.attendiDate(FontePagamento::Giorno);
+  svolgi(assistente);
+  EXPECT_EQ(pagamentiMostrati(*assistente.piano()).front().origine, PagamentoMostrato::Origine::Manca);
+  EXPECT_THAT(assistente.impedimento(), HasSubstr("Manca il giorno"));
+  avanza(assistente);
+  EXPECT_EQ(assistente.passo(), Passo::Compensi);
+  assistente.scegliDate(FontePagamento::Giorno, *giornoScritto("10/4/2017", 2018));
+  svolgi(assistente);
+  avanza(assistente);
+  EXPECT_EQ(assistente.passo(), Passo::Prova);
+}
+
+TEST_F(AssistenteFatture, ChoicesStayWithTheirDocumentWhenTheFilesChange) {
+  leggi({kPronte + "/ITDLLGLI83A59F205I_00002.xml", kPronte + "/ITDMCNCL64S30F839G_00001.xml"});
+  const std::vector<std::size_t> riga{documento("00001").riga};
+  assistente.decidi(
+      riga, [](intake::Decisione& decisione) { decisione.pagamento = giornoScritto("28/12/2017", 2018); });
+  svolgi(assistente);
+  assistente.vai(Passo::Sorgente);
+  assistente.togli(0);
+  assistente.aggiungi({kPronte + "/ITRSSMRC71C08L781I_00003.xml"});
+  svolgi(assistente);
+  avanza(assistente);
+  const auto pagamenti = pagamentiMostrati(*assistente.piano());
+  EXPECT_EQ(pagamenti.at(documento("00001").riga).giorno.toIso(), "2017-12-28");
+  EXPECT_EQ(pagamenti.at(documento("00003").riga).origine, PagamentoMostrato::Origine::Manca);
+}
+
+TEST_F(AssistenteFatture, OnlyTheReasonsAreKeptForTheCompany) {
+  leggi({kDaVedere + "/ITDMCNCL64S30F839G_00051.xml"});
+  assistente.tralasciaAltrui(true);
+  svolgi(assistente);
+  EXPECT_EQ(test::leggiFile(assistente.ricordaCausali()).find("altri_committenti"), std::string::npos);
+}
+
+TEST_F(AssistenteFatture, AFolderWithoutInvoicesStopsAtTheFirstStep) {
+  const std::string vuota = posto.cartella / "vuota";
+  std::filesystem::create_directories(vuota);
+  leggi({vuota});
+  EXPECT_EQ(assistente.passo(), Passo::Sorgente);
+  EXPECT_THAT(assistente.impedimento(), HasSubstr("nessuna fattura elettronica"));
+  assistente.aggiungi({kPronte + "/ITDMCNCL64S30F839G_00001.xml"});
+  svolgi(assistente);
+  avanza(assistente);
+  EXPECT_EQ(assistente.passo(), Passo::Colonne);
 }
 
 TEST_F(AssistenteFatture, ASellerIsKnownBeforeTheDateOfPaymentIs) {
