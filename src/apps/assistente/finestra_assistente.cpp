@@ -2,9 +2,11 @@
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -25,6 +27,21 @@ namespace cu::assistente {
 namespace {
 
 constexpr QSize kDimensioneAssistente(1080, 640);
+
+// Holds a page: one that is taller than the window is scrolled, and does not make the window grow.
+class ZonaPagina : public QScrollArea {
+ public:
+  ZonaPagina(QWidget* parent, QWidget* pagina) : QScrollArea(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setFocusPolicy(Qt::NoFocus);
+    setWidget(pagina);
+  }
+  QSize minimumSizeHint() const override {
+    constexpr int kRighe = 10;
+    return {widget()->minimumSizeHint().width(), kRighe * fontMetrics().height()};
+  }
+};
 
 constexpr std::size_t posto(Passo passo) { return static_cast<std::size_t>(passo); }
 
@@ -72,7 +89,7 @@ P* FinestraAssistente::registra(P* pagina) {
     prosegui();
   };
   pagina->errore = [this](const QString& testo) { mostraErrore(testo); };
-  pagine_->addWidget(pagina);
+  pagine_->addWidget(new ZonaPagina(pagine_, pagina));
   return pagina;
 }
 
@@ -150,6 +167,18 @@ QString FinestraAssistente::occupata() const {
       "È in corso una scrittura. La finestra si può chiudere appena è finita, o dopo averla annullata.");
 }
 
+// Esc cancels what is being worked out, and closes the window otherwise; a writing is cancelled by its
+// button.
+bool FinestraAssistente::event(QEvent* event) {
+  const bool tasto = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+  if (tasto && lavora() && !scrive_ && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+    if (event->type() == QEvent::KeyPress) lavoro().annulla();
+    event->accept();
+    return true;
+  }
+  return Finestra::event(event);
+}
+
 // Esc closes a window: what was chosen so far is not given up by a key too many.
 void FinestraAssistente::closeEvent(QCloseEvent* event) {
   const Passo passo = assistente_.passo();
@@ -181,6 +210,8 @@ void FinestraAssistente::aggiungi(const QStringList& file) {
 
 void FinestraAssistente::avanti() {
   if (lavora() || !assistente_.puoAvanzare()) return;
+  // A day that was only written has its payments shown first.
+  if (!paginaDelPasso()->conclude() || lavora()) return;
   assistente_.avanti();
   arrivato_ = true;
   risposta_->dici({});

@@ -38,6 +38,7 @@ class FinestraAssistente : public strumenti::Finestra {
   bool ferma() const { return !lavora(); }
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   QString occupata() const override;
   QString capitolo() const override;
@@ -49,6 +50,7 @@ class FinestraAssistente : public strumenti::Finestra {
   template <class P>
   P* registra(P* pagina);
   Pagina* paginaDelPasso();
+  bool mostrata(const Pagina* pagina) const;
   PaginaRighe* righeDi(intake::Elenco elenco);
   // Works out what the step at hand needs, and shows it.
   void prosegui();

@@ -41,10 +41,15 @@ void FinestraAssistente::prosegui() {
   }
 }
 
+bool FinestraAssistente::mostrata(const Pagina* pagina) const {
+  return pagine_->currentWidget()->isAncestorOf(pagina);
+}
+
 void FinestraAssistente::compi(const Assistente::Compito& compito) {
   scrive_ = compito.scrive;
-  // The trial reads what a person could change meanwhile on its page.
-  const bool ferma = assistente_.passo() == Passo::Prova;
+  // The trial reads what a person could change meanwhile on its page, as the files are read.
+  const bool ferma =
+      assistente_.passo() == Passo::Prova || mostrata(delPasso_[static_cast<std::size_t>(Passo::Sorgente)]);
   QWidget* const fuoco = focusWidget();
   if (ferma) pagine_->setEnabled(false);
   esegui({.che = QString::fromUtf8(compito.che) + u'…',
@@ -88,7 +93,9 @@ void FinestraAssistente::fallito(const QString& errore) {
 void FinestraAssistente::mostra() {
   Pagina* const pagina = paginaDelPasso();
   pagina->mostra();
-  pagine_->setCurrentWidget(pagina);
+  for (int i = 0; i < pagine_->count(); ++i) {
+    if (pagine_->widget(i)->isAncestorOf(pagina)) pagine_->setCurrentIndex(i);
+  }
   titolo_->dici(qs(titoloPasso(assistente_.passo(), assistente_.elenco(), assistente_.fatture())));
   mostraPassi();
   abilita();

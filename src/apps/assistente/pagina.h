@@ -24,6 +24,8 @@ class Pagina : public QWidget {
   Pagina(QWidget* parent, Assistente& assistente) : QWidget(parent), assistente_(assistente) {}
   // Shows the state as it is now, which may lack what is not worked out yet.
   virtual void mostra() = 0;
+  // Takes what is still being written, before the step is left; whether it may be.
+  virtual bool conclude() { return true; }
   // Where the work of the step begins.
   virtual QWidget* primo() { return this; }
 

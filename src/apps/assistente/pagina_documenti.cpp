@@ -303,6 +303,7 @@ void PaginaDocumenti::scegliProposta() {
   const DocumentoMostrato* const documento = corrente();
   if (documento == nullptr || proposte_->currentIndex() < 0) return;
   const auto quale = static_cast<std::size_t>(proposte_->currentIndex());
+  tabella_->setFocus();  // what was pressed may be hidden with the choice
   decidi({documento->riga}, [quale](intake::Decisione& decisione) { decisione.proposta = quale; });
 }
 

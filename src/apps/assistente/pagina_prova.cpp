@@ -77,6 +77,7 @@ void PaginaProva::componiSchede(QVBoxLayout& colonna) {
   schede_->addTab(somme(), {});
   schede_->addTab(conti(), {});
   schede_->addTab(mancanti(), {});
+  schede_->addTab(note(), {});
   colonna.addWidget(schede_, 1);
 }
 
@@ -93,6 +94,14 @@ QWidget* PaginaProva::avvisi() {
     cambia();
   });
   return listaAvvisi_;
+}
+
+QWidget* PaginaProva::note() {
+  listaNote_ = new QListWidget(this);
+  listaNote_->setAccessibleName(QStringLiteral("Note sui file"));
+  listaNote_->setWordWrap(true);
+  listaNote_->setAlternatingRowColors(true);
+  return listaNote_;
 }
 
 QWidget* PaginaProva::somme() {

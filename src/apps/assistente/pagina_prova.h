@@ -32,6 +32,8 @@ class PaginaProva : public Pagina {
  private:
   void componiSchede(QVBoxLayout& colonna);
   QWidget* avvisi();
+  QWidget* note();
+  void mostraNote();
   QWidget* somme();
   QWidget* conti();
   QWidget* mancanti();
@@ -56,6 +58,7 @@ class PaginaProva : public Pagina {
   QPushButton* resoconto_ = nullptr;
   QTabWidget* schede_ = nullptr;
   QListWidget* listaAvvisi_ = nullptr;
+  QListWidget* listaNote_ = nullptr;
   strumenti::Tabella* tabellaSomme_ = nullptr;
   strumenti::Tabella* tabellaConti_ = nullptr;
   strumenti::Tabella* tabellaMancanti_ = nullptr;

@@ -15,6 +15,8 @@ namespace {
 
 using intake::StatoRiga;
 
+constexpr std::size_t kNoteDette = 3;  // more of them are in their list only
+
 QString dettoAvviso(const AvvisiDiCodice& avvisi) {
   const intake::VoceCodice& voce = intake::voce(avvisi.codice);
   return QStringLiteral("%1  %2: %3\n%4")
@@ -28,8 +30,12 @@ QString dettoAvviso(const AvvisiDiCodice& avvisi) {
 QString PaginaProva::dettaProva() const {
   const auto di = [this](StatoRiga quale) { return piano_->quante(quale); };
   QString testo = qs(dettiConteggi(piano_->conteggi(), Migliaia::ConPunto)) + QStringLiteral(". ");
-  for (const std::string& uno : generali_) testo += QStringLiteral("\n") + qs(uno);
-  if (!generali_.empty()) testo += u'\n';
+  if (generali_.size() > kNoteDette) {
+    testo += QStringLiteral("%1 note sui file. ").arg(strumenti::conteggio(generali_.size()));
+  } else {
+    for (const std::string& uno : generali_) testo += QStringLiteral("\n") + qs(uno);
+    if (!generali_.empty()) testo += u'\n';
+  }
   if (stato().prova() && !stato().prova()->rifiuti.empty())
     return testo + qs(stato().prova()->rifiuti.front());
   QStringList mancano;
@@ -58,6 +64,7 @@ void PaginaProva::mostra() {
     tabellaSomme_->mostra(somme_.size());
     tabellaConti_->mostra(piano_->conti.size());
     tabellaMancanti_->mostra(piano_->mancanti.size());
+    mostraNote();
     risposta_->dici({});
     const bool avvisi = !avvisiPerCodice(*piano_).empty();
     schede_->setCurrentIndex(avvisi || piano_->elenco != intake::Elenco::Compensi ? 0 : 1);
@@ -93,6 +100,11 @@ void PaginaProva::mostraAvvisi() {
   zitta_ = false;
 }
 
+void PaginaProva::mostraNote() {
+  listaNote_->clear();
+  for (const std::string& una : generali_) listaNote_->addItem(qs(una));
+}
+
 void PaginaProva::titoliSchede() {
   const auto titolo = [](const char* testo, std::size_t quanti) {
     return QStringLiteral("%1 (%2)").arg(QString::fromUtf8(testo), strumenti::conteggio(quanti));
@@ -102,6 +114,8 @@ void PaginaProva::titoliSchede() {
   schede_->setTabText(1, QStringLiteral("Anni e causali"));
   schede_->setTabText(2, titolo("Conti", piano_->conti.size()));
   schede_->setTabText(3, titolo("Dati che mancano", piano_->mancanti.size()));
+  schede_->setTabText(4, titolo("Note", generali_.size()));
+  schede_->setTabVisible(4, generali_.size() > kNoteDette);
   schede_->setTabVisible(1, compensi);
   schede_->setTabVisible(2, compensi);
 }

@@ -237,6 +237,8 @@ void PaginaRighe::componiDecisioni(QVBoxLayout& colonna) {
   colonna.addLayout(riga);
 }
 
+bool PaginaRighe::conclude() { return date_ == nullptr || date_->conclude(); }
+
 QWidget* PaginaRighe::primo() { return tabella_; }
 
 const intake::RigaPiano* PaginaRighe::corrente() const {
@@ -312,6 +314,7 @@ void PaginaRighe::scegliCandidato() {
   const std::int32_t scelto = candidati_->currentData().toInt();
   const bool luogo = haCodice(*riga, intake::Codice::P08);
   const std::vector<std::size_t> quali{*tabella_->corrente()};
+  tabella_->setFocus();  // what was pressed is hidden with the choice
   stato().decidi(quali, [&](intake::Decisione& decisione) {
     if (luogo) {
       decisione.idComune = scelto;

@@ -28,6 +28,7 @@ class PaginaRighe : public Pagina {
   // `fatture`: the rows are payments of invoices, of which the dates are written here.
   PaginaRighe(QWidget* parent, Assistente& assistente, intake::Elenco elenco, bool fatture = false);
   void mostra() override;
+  bool conclude() override;
   QWidget* primo() override;
 
  private:

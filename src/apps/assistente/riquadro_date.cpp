@@ -73,13 +73,14 @@ RiquadroDate::RiquadroDate(QWidget* parent, Assistente& assistente)
 // A day and a file are asked for beside the list: the arrow keys pass through its entries.
 void RiquadroDate::scelta(FontePagamento fonte) {
   const bool conTavola = fonte == FontePagamento::Tavola && !assistente_.tavolaDate().empty();
-  voluta_.reset();
-  if (fonte == FontePagamento::Giorno || (fonte == FontePagamento::Tavola && !conTavola)) {
-    voluta_ = fonte;
-    mostra();
-    return;
+  const bool inAttesa = fonte == FontePagamento::Giorno || (fonte == FontePagamento::Tavola && !conTavola);
+  if (inAttesa) {
+    giorno_->clear();
+    assistente_.attendiDate(fonte);
+  } else {
+    assistente_.scegliDate(fonte);
   }
-  assistente_.scegliDate(fonte);
+  mostra();
   if (cambiata) cambiata();
 }
 
@@ -108,27 +109,32 @@ void RiquadroDate::usaTavola(const QString& percorso) {
     contro += QStringLiteral("… e altri %1.").arg(altri);
   }
   if (contro.isEmpty()) {
-    voluta_.reset();
     if (cambiata) cambiata();
     return;
   }
   if (errore) errore(QStringLiteral("Il file delle date non si può usare.\n\n") + contro.join(u'\n'));
 }
 
-void RiquadroDate::scriviGiorno() {
-  if (!giorno_->isModified()) return;
+bool RiquadroDate::scriviGiorno() {
+  if (!giorno_->isModified()) return true;
   giorno_->setModified(false);
   const auto giorno =
       giornoScritto(giorno_->text().trimmed().toStdString(), assistente_.ambiente().oggi.year() + 1);
   if (!giorno) {
+    // The former day is no longer the one that is written.
+    assistente_.attendiDate(FontePagamento::Giorno);
+    mostra();
+    if (cambiata) cambiata();
     if (errore)
       errore(QStringLiteral("«%1» non è una data: si scrive giorno, mese e anno.").arg(giorno_->text()));
-    return;
+    return false;
   }
-  voluta_.reset();
   assistente_.scegliDate(FontePagamento::Giorno, *giorno);
   if (cambiata) cambiata();
+  return true;
 }
+
+bool RiquadroDate::conclude() { return !giorno_->isVisible() || scriviGiorno(); }
 
 QString RiquadroDate::dettiAnni() const {
   const auto piano = assistente_.piano();
@@ -162,7 +168,7 @@ QString RiquadroDate::dettiAnni() const {
 
 void RiquadroDate::mostra() {
   const intake::OpzioniFatture& opzioni = assistente_.opzioni();
-  const FontePagamento fonte = voluta_.value_or(opzioni.fonte);
+  const FontePagamento fonte = assistente_.dateAttese().value_or(opzioni.fonte);
   fonte_->metti(fonte);
   giorno_->setVisible(fonte == FontePagamento::Giorno);
   if (!giorno_->hasFocus() && opzioni.fonte == FontePagamento::Giorno)

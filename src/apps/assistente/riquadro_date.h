@@ -21,6 +21,8 @@ class RiquadroDate : public QWidget {
  public:
   RiquadroDate(QWidget* parent, Assistente& assistente);
   void mostra();
+  // Takes a day that is still being written; false where that is none, which is reported.
+  bool conclude();
   // As the button does, once the file is chosen.
   void usaTavola(const QString& percorso);
 
@@ -30,12 +32,10 @@ class RiquadroDate : public QWidget {
  private:
   void scelta(intake::FontePagamento fonte);
   void scegliTavola();
-  void scriviGiorno();
+  bool scriviGiorno();
   QString dettiAnni() const;
 
   Assistente& assistente_;
-  // Chosen, and still without its day or its file.
-  std::optional<intake::FontePagamento> voluta_;
   Scelta<intake::FontePagamento>* fonte_;
   QLineEdit* giorno_;
   QPushButton* tavola_;

@@ -112,6 +112,34 @@ TEST_F(FinestraFatture, AsksForTheFileOfDatesAndForTheDayBesideTheList) {
   EXPECT_EQ(cella(*tabella("Righe da importare"), 0, "Anno"), QStringLiteral("⚠ gennaio"));
 }
 
+TEST_F(FinestraFatture, StaysAtThePaymentsUntilTheDayIsWritten) {
+  auto& finestra = apri(esempio("pronte/ITDMCNCL64S30F839G_00001.xml"));
+  banco.avanti(3);
+  auto* const fonte = banco.cerca<QComboBox>("Da dove vengono le date di pagamento");
+  ASSERT_NE(fonte, nullptr);
+  for (const int quale : {2, 3}) {
+    fonte->setCurrentIndex(quale);
+    emit fonte->activated(quale);
+    ASSERT_TRUE(banco.aspettaFerma());
+  }
+  EXPECT_EQ(fonte->currentIndex(), 3);
+  EXPECT_EQ(cella(*tabella("Righe da importare"), 0, "Pagamento"), QStringLiteral("? manca"));
+  EXPECT_FALSE(banco.bottone("Avanti")->isEnabled());
+  finestra.avanti();
+  EXPECT_EQ(banco.passo(), Passo::Compensi);
+}
+
+TEST_F(FinestraFatture, IsNoTallerForManyNotes) {
+  auto& finestra = apri(QStringLiteral(CU_ESEMPIO "/fatture"));
+  const int alta = finestra.height();
+  for (int i = 0; i < 4; ++i) {
+    banco.avanti();
+    EXPECT_LE(finestra.height(), alta) << i;
+    EXPECT_LE(finestra.minimumSizeHint().height(), alta) << i;
+  }
+  EXPECT_EQ(banco.passo(), Passo::Prova);
+}
+
 TEST_F(FinestraFatture, LetsAPersonChooseWhatADocumentMeans) {
   apri(esempio("da_vedere/ITDLLGLI83A59F205I_00045.xml"));
   banco.avanti();
@@ -122,8 +150,10 @@ TEST_F(FinestraFatture, LetsAPersonChooseWhatADocumentMeans) {
   ASSERT_NE(proposte, nullptr);
   ASSERT_GE(proposte->count(), 2);
   proposte->setCurrentIndex(1);
+  banco.bottone("Scegli")->setFocus();
   ASSERT_TRUE(banco.premiAspetta("Scegli"));
   EXPECT_EQ(cella(*documenti, 0, "Stato"), QStringLiteral("✓ letto"));
+  EXPECT_EQ(documenti->window()->focusWidget(), documenti) << "the list is where the work goes on";
   banco.indietro();
   banco.avanti();
   EXPECT_EQ(cella(*documenti, 0, "Stato"), QStringLiteral("✓ letto"));
