@@ -112,7 +112,7 @@ std::string causaleScritta(const Piano& piano, const RigaPiano& riga) {
 
 // As the plan takes it, which has no payment as long as a date is missing.
 std::string causaleDi(const Piano& piano, const RigaPiano& riga) {
-  const std::string delDocumento = causaleScritta(piano, riga);
+  std::string delDocumento = causaleScritta(piano, riga);
   const intake::DocumentoLetto* const documento = documentoDellaRiga(piano, riga);
   if (riga.voce != intake::kSenzaVoce || documento == nullptr) return delDocumento;
   if (const std::string& scelta = presaPer(piano, riga).causale; !scelta.empty()) return scelta;
@@ -273,6 +273,7 @@ std::vector<SommaAnno> sommePerAnno(const Piano& piano) {
     sua.ritenute = sua.ritenute + ritenute(compenso.importi);
   }
   std::vector<SommaAnno> ordinate;
+  ordinate.reserve(somme.size());
   for (const auto& [anno, sua] : somme) ordinate.push_back(sua);
   return ordinate;
 }
