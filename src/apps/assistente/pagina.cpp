@@ -1,8 +1,12 @@
 #include "apps/assistente/pagina.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 #include "apps/strumenti/conteggi.h"
+#include "apps/strumenti/tabella_vista.h"
 
 namespace cu::assistente {
 namespace {
@@ -16,6 +20,54 @@ QString conMigliaia(QString testo) {
 }
 
 }  // namespace
+
+Pagina::Pagina(QWidget* parent, Assistente& assistente)
+    : QWidget(parent), assistente_(assistente), colonna_(new QVBoxLayout(this)) {
+  colonna_->setContentsMargins(0, 0, 0, 0);
+}
+
+QPushButton* Pagina::bottone(const char* testo, const std::function<void()>& azione, const char* spiegato) {
+  auto* const fatto = strumenti::nuovoPulsante(this, testo, azione);
+  fatto->setToolTip(QString::fromUtf8(spiegato));
+  return fatto;
+}
+
+void PaginaPiano::mostra() {
+  auto nuovo = stato().piano();
+  if (nuovo == nullptr || nuovo == piano_) return;
+  piano_ = std::move(nuovo);
+  tabella_->rimostra(prendi());
+}
+
+QWidget* PaginaPiano::primo() { return tabella_; }
+
+RiquadroScelta::RiquadroScelta(QWidget* parent, const char* testo, const char* nome)
+    : QWidget(parent), voci_(new QComboBox(this)) {
+  auto* const riga = new QHBoxLayout(this);
+  riga->setContentsMargins(0, 0, 0, 0);
+  voci_->setAccessibleName(QString::fromUtf8(nome));
+  voci_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  riga->addWidget(etichetta(testo, voci_, this));
+  riga->addWidget(voci_, 1);
+  riga->addWidget(strumenti::nuovoPulsante(this, "Sce&gli", [this] {
+    if (scelto && voci_->currentIndex() >= 0) scelto(voci_->currentData().toInt());
+  }));
+}
+
+void RiquadroScelta::mostra(const std::vector<Voce>& voci, std::optional<int> corrente) {
+  voci_->clear();
+  for (const auto& [testo, quale] : voci) voci_->addItem(testo, quale);
+  if (corrente) voci_->setCurrentIndex(std::max(0, voci_->findData(*corrente)));
+  setVisible(!voci.empty());
+}
+
+std::vector<RiquadroScelta::Voce> vociDi(const std::vector<intake::Candidato>& candidati, bool ancheNuovo) {
+  std::vector<RiquadroScelta::Voce> voci;
+  for (const intake::Candidato& uno : candidati) voci.emplace_back(qs(uno.testo), uno.id);
+  if (ancheNuovo && !voci.empty())
+    voci.emplace_back(QStringLiteral("nessuno di questi: un percipiente nuovo"), 0);
+  return voci;
+}
 
 QLabel* etichetta(const char* testo, QWidget* di, QWidget* parent) {
   auto* const fatta = new QLabel(QString::fromUtf8(testo), parent);

@@ -31,16 +31,14 @@ QStringList nomiDi(const std::vector<std::string_view>& colonne) {
 }  // namespace
 
 PaginaColonne::PaginaColonne(QWidget* parent, Assistente& assistente) : Pagina(parent, assistente) {
-  auto* const colonna = new QVBoxLayout(this);
-  colonna->setContentsMargins(0, 0, 0, 0);
-  componiSopra(*colonna);
+  componiSopra();
   auto* const divisore = new QSplitter(Qt::Vertical, this);
   divisore->setChildrenCollapsible(false);
   componiTabella(*divisore);
   componiPannello(*divisore);
   divisore->setStretchFactor(0, 3);
   divisore->setStretchFactor(1, 1);
-  colonna->addWidget(divisore, 1);
+  colonna().addWidget(divisore, 1);
 }
 
 QString PaginaColonne::dettaFonte(const ColonnaScelta& colonna) const {
@@ -116,9 +114,8 @@ void PaginaColonne::componiPannello(QSplitter& divisore) {
                                      {{"come scritto", intake::Segno::ComeScritto},
                                       {"senza segno", intake::Segno::Positivo},
                                       {"inverso", intake::Segno::Inverso}});
-  significati_ = new QPushButton(QStringLiteral("Si&gnificati…"), pannello);
-  significati_->setAutoDefault(true);
-  significati_->setToolTip(QStringLiteral("Che cosa significano i testi di questa colonna"));
+  significati_ = bottone(
+      "Si&gnificati…", [this] { chiediSignificati(); }, "Che cosa significano i testi di questa colonna");
   modulo->addRow(etichetta("&Uguale in ogni riga", fisso_, pannello), fisso_);
   modulo->addRow(etichetta("Seg&no", segno_, pannello), segno_);
   modulo->addRow(QString(), significati_);
@@ -132,7 +129,6 @@ void PaginaColonne::componiPannello(QSplitter& divisore) {
     if (fisso_->text().trimmed().toStdString() != una->costante.value_or("")) cambiaFonteCorrente();
   });
   segno_->scelto = [this](intake::Segno) { cambiaFonteCorrente(); };
-  connect(significati_, &QPushButton::clicked, this, [this] { chiediSignificati(); });
 }
 
 QWidget* PaginaColonne::primo() { return colonne_; }
@@ -176,13 +172,11 @@ void PaginaColonne::mostra() {
   quale_->setCurrentIndex(std::min(prima, quale_->count() - 1));
   quale_->setVisible(quale_->count() > 1);
   const intake::Lettura* const lettura = stato().lettura(file());
-  const auto riga = colonne_->corrente();
   scelte_.clear();
   if (lettura != nullptr && stato().file()[file()].tabella != nullptr) {
     scelte_ = colonneScelte(stato().file()[file()], *lettura);
   }
-  colonne_->mostra(scelte_.size());
-  if (riga) colonne_->scegli(riga);
+  colonne_->rimostra(scelte_.size());
   avviso_->dici(dettoAvviso());
   proponi_->setEnabled(!scelte_.empty() && conProposte(stato().file()[file()], scelte_).has_value());
   mostraPannello();

@@ -6,16 +6,8 @@
 #include "apps/importazione/colonne_scelte.h"
 
 class QLineEdit;
-class QListWidget;
 class QListWidgetItem;
-class QPushButton;
 class QSplitter;
-class QVBoxLayout;
-
-namespace cu::strumenti {
-class Frase;
-class Tabella;
-}  // namespace cu::strumenti
 
 namespace cu::assistente {
 
@@ -31,7 +23,7 @@ class PaginaColonne : public Pagina {
   void ricordaProfilo();
 
  private:
-  void componiSopra(QVBoxLayout& colonna);
+  void componiSopra();
   void componiTabella(QSplitter& divisore);
   void componiPannello(QSplitter& divisore);
   std::size_t file() const;

@@ -20,47 +20,44 @@ const QString kFiltroProfili = QStringLiteral("Profili (*.toml);;Tutti i file (*
 
 }  // namespace
 
-void PaginaColonne::componiSopra(QVBoxLayout& colonna) {
+void PaginaColonne::componiSopra() {
   auto* const riga = new QHBoxLayout;
   quale_ = new QComboBox(this);
   quale_->setAccessibleName(QStringLiteral("File"));
   quale_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   riga->addWidget(quale_, 1);
   riga->addStretch(1);
-  const auto bottone = [&](const char* testo, const char* spiegato, const std::function<void()>& azione) {
-    auto* const fatto = new QPushButton(QString::fromUtf8(testo), this);
-    fatto->setAutoDefault(true);
-    fatto->setToolTip(QString::fromUtf8(spiegato));
-    connect(fatto, &QPushButton::clicked, this, azione);
+  const auto aggiungi = [&](const char* testo, const char* spiegato, const std::function<void()>& azione) {
+    auto* const fatto = bottone(testo, azione, spiegato);
     riga->addWidget(fatto);
     return fatto;
   };
-  proponi_ = bottone("Pr&oponi", "Abbina le colonne del file il cui titolo somiglia al nome", [this] {
+  proponi_ = aggiungi("Pr&oponi", "Abbina le colonne del file il cui titolo somiglia al nome", [this] {
     if (const auto proposte = conProposte(stato().file()[file()], scelte_)) {
       stato().cambiaMappatura(file(), *proposte);
       cambia();
     }
   });
-  bottone("&Carica profilo…", "Usa le colonne e il modo di leggere di un profilo", [this] {
+  aggiungi("&Carica profilo…", "Usa le colonne e il modo di leggere di un profilo", [this] {
     const QString scelto = QFileDialog::getOpenFileName(
         this, QStringLiteral("Carica profilo"), strumenti::cartellaRicordata(kUsoProfili), kFiltroProfili);
     if (!scelto.isEmpty()) caricaProfilo(scelto);
   });
-  bottone("Salva pro&filo…", "Scrive le colonne e il modo di leggere in un file", [this] {
+  aggiungi("Salva pro&filo…", "Scrive le colonne e il modo di leggere in un file", [this] {
     QString scelto = QFileDialog::getSaveFileName(this, QStringLiteral("Salva profilo"),
                                                   strumenti::cartellaRicordata(kUsoProfili), kFiltroProfili);
     if (scelto.isEmpty()) return;
     if (QFileInfo(scelto).suffix().isEmpty()) scelto += QStringLiteral(".toml");
     salvaProfilo(scelto);
   });
-  bottone("&Ricorda per questi titoli", "I file con gli stessi titoli vengono letti così da soli",
-          [this] { ricordaProfilo(); });
-  colonna.addLayout(riga);
+  aggiungi("&Ricorda per questi titoli", "I file con gli stessi titoli vengono letti così da soli",
+           [this] { ricordaProfilo(); });
+  colonna().addLayout(riga);
   avviso_ = new strumenti::Frase(this);
   risposta_ = new strumenti::Frase(this);
   risposta_->hide();
-  colonna.addWidget(avviso_);
-  colonna.addWidget(risposta_);
+  colonna().addWidget(avviso_);
+  colonna().addWidget(risposta_);
   connect(quale_, &QComboBox::activated, this, [this] { mostra(); });
 }
 

@@ -2,13 +2,14 @@
 
 #include <QCheckBox>
 #include <QHBoxLayout>
-#include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
 
+#include "apps/assistente/colonne_tabella.h"
+#include "apps/importazione/riepiloghi.h"
 #include "apps/strumenti/conteggi.h"
 #include "apps/strumenti/frase.h"
 #include "apps/strumenti/tabella_vista.h"
@@ -23,39 +24,19 @@ bool daVedere(const DocumentoMostrato& documento) {
   return documento.stato != Stato::Letto && documento.stato != Stato::Escluso;
 }
 
-QString importoO(const std::optional<Decimal>& importo) { return importo ? importoDa(*importo) : QString(); }
-
-strumenti::Colonna colonnaImporto(const char* chiave, const char* titolo,
-                                  const std::function<const std::optional<Decimal>&(std::size_t)>& di) {
-  return {.chiave = chiave,
-          .titolo = titolo,
-          .testo = [di](std::size_t q) { return importoO(di(q)); },
-          .aDestra = true,
-          .ordine = [di](std::size_t q) { return QVariant(qlonglong(di(q).value_or(Decimal()).scaled())); }};
-}
-
 }  // namespace
 
-PaginaDocumenti::PaginaDocumenti(QWidget* parent, Assistente& assistente) : Pagina(parent, assistente) {
-  auto* const colonna = new QVBoxLayout(this);
-  colonna->setContentsMargins(0, 0, 0, 0);
-  componiSopra(*colonna);
-  componiTabella(*colonna);
+PaginaDocumenti::PaginaDocumenti(QWidget* parent, Assistente& assistente) : PaginaPiano(parent, assistente) {
+  componiSopra();
+  componiTabella();
   detto_ = new strumenti::Frase(this);
-  colonna->addWidget(detto_);
-  componiDecisioni(*colonna);
+  colonna().addWidget(detto_);
+  componiDecisioni();
 }
 
-QPushButton* PaginaDocumenti::bottone(const char* testo, const std::function<void()>& azione) {
-  auto* const fatto = new QPushButton(QString::fromUtf8(testo), this);
-  fatto->setAutoDefault(true);
-  connect(fatto, &QPushButton::clicked, this, azione);
-  return fatto;
-}
-
-void PaginaDocumenti::componiSopra(QVBoxLayout& colonna) {
+void PaginaDocumenti::componiSopra() {
   frase_ = new strumenti::Frase(this);
-  colonna.addWidget(frase_);
+  colonna().addWidget(frase_);
   auto* const riga = new QHBoxLayout;
   quali_ = new QComboBox(this);
   quali_->setAccessibleName(QStringLiteral("Documenti mostrati"));
@@ -64,23 +45,23 @@ void PaginaDocumenti::componiSopra(QVBoxLayout& colonna) {
   forfettari_->setAccessibleName(QStringLiteral("Causale dei percipienti in regime forfettario"));
   forfettari_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   forfettari_->setMinimumContentsLength(16);
-  ricorda_ = bottone("Ri&corda le causali", [this] { ricorda(); });
-  ricorda_->setToolTip(
-      QStringLiteral("Le causali scelte qui valgono anche per le prossime fatture di questa azienda"));
+  ricorda_ = bottone(
+      "Ri&corda le causali", [this] { ricorda(); },
+      "Le causali scelte qui valgono anche per le prossime fatture di questa azienda");
   riga->addWidget(etichetta("Documen&ti", quali_, this));
   riga->addWidget(quali_);
   riga->addStretch(1);
   riga->addWidget(etichetta("Causale dei &forfettari", forfettari_, this));
   riga->addWidget(forfettari_);
   riga->addWidget(ricorda_);
-  colonna.addLayout(riga);
+  colonna().addLayout(riga);
   altrui_ = new QCheckBox(QStringLiteral("Tralascia le fatture dirette ad a&ltri committenti"), this);
   illeggibili_ = new QCheckBox(QStringLiteral("Tralascia i file che non si le&ggono"), this);
-  colonna.addWidget(altrui_);
-  colonna.addWidget(illeggibili_);
+  colonna().addWidget(altrui_);
+  colonna().addWidget(illeggibili_);
   risposta_ = new strumenti::Frase(this);
   risposta_->hide();
-  colonna.addWidget(risposta_);
+  colonna().addWidget(risposta_);
   connect(quali_, &QComboBox::activated, this, [this](int quale) {
     soloDaVedere_ = quale == 1;
     tabella_->riapplicaFiltro();
@@ -99,7 +80,7 @@ void PaginaDocumenti::componiSopra(QVBoxLayout& colonna) {
   });
 }
 
-void PaginaDocumenti::componiTabella(QVBoxLayout& colonna) {
+void PaginaDocumenti::componiTabella() {
   const auto di = [this](std::size_t q) -> const DocumentoMostrato& { return documenti_[q]; };
   tabella_ = new strumenti::Tabella(
       QStringLiteral("assistente_documenti"), QStringLiteral("Documenti letti"),
@@ -121,38 +102,25 @@ void PaginaDocumenti::componiTabella(QVBoxLayout& colonna) {
         .testo = [di](std::size_t q) { return qs(di(q).data == Date() ? "" : di(q).data.toItalian()); },
         .ordine = [di](std::size_t q) { return qs(di(q).data.toIso()); }},
        {.chiave = "causale", .titolo = "Caus.", .testo = [di](std::size_t q) { return qs(di(q).causale); }},
-       colonnaImporto(
-           "lordo", "Lordo", [di](std::size_t q) -> const auto& { return di(q).lordo; }),
-       colonnaImporto(
-           "imponibile", "Imponibile", [di](std::size_t q) -> const auto& { return di(q).imponibile; }),
-       colonnaImporto(
-           "ritenute", "Ritenute", [di](std::size_t q) -> const auto& { return di(q).ritenute; }),
+       colonnaImporto("lordo", "Lordo", [di](std::size_t q) { return di(q).lordo; }),
+       colonnaImporto("imponibile", "Imponibile", [di](std::size_t q) { return di(q).imponibile; }),
+       colonnaImporto("ritenute", "Ritenute", [di](std::size_t q) { return di(q).ritenute; }),
        {.chiave = "file", .titolo = "File", .testo = [di](std::size_t q) { return qs(di(q).file); }}},
       this);
   tabella_->filtro().passa = [this](std::size_t q) {
     return q < documenti_.size() && (!soloDaVedere_ || daVedere(documenti_[q]));
   };
   tabella_->scelta = [this](auto) { mostraDocumento(); };
-  colonna.addWidget(tabella_, 1);
+  colonna().addWidget(tabella_, 1);
 }
 
-void PaginaDocumenti::componiDecisioni(QVBoxLayout& colonna) {
-  const auto riquadro = [this](QHBoxLayout*& riga) {
-    auto* const fatto = new QWidget(this);
-    riga = new QHBoxLayout(fatto);
-    riga->setContentsMargins(0, 0, 0, 0);
-    return fatto;
-  };
-  QHBoxLayout* riga = nullptr;
-  scelta_ = riquadro(riga);
-  proposte_ = new QComboBox(scelta_);
-  proposte_->setAccessibleName(QStringLiteral("Che cosa può significare il documento"));
-  proposte_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  riga->addWidget(etichetta("Come si &legge", proposte_, scelta_));
-  riga->addWidget(proposte_, 1);
-  riga->addWidget(bottone("Sce&gli", [this] { scegliProposta(); }));
-  colonna.addWidget(scelta_);
-  perCausale_ = riquadro(riga);
+void PaginaDocumenti::componiDecisioni() {
+  proposte_ = new RiquadroScelta(this, "Come si &legge", "Che cosa può significare il documento");
+  proposte_->scelto = [this](int quale) { scegliProposta(static_cast<std::size_t>(quale)); };
+  colonna().addWidget(proposte_);
+  perCausale_ = new QWidget(this);
+  auto* const riga = new QHBoxLayout(perCausale_);
+  riga->setContentsMargins(0, 0, 0, 0);
   causali_ = new QComboBox(perCausale_);
   causali_->setAccessibleName(QStringLiteral("Causale del documento"));
   causali_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -164,18 +132,17 @@ void PaginaDocumenti::componiDecisioni(QVBoxLayout& colonna) {
   riga->addWidget(tutti_);
   riga->addWidget(bottone("U&sa la causale", [this] { usaCausale(); }));
   riga->addStretch(1);
-  colonna.addWidget(perCausale_);
-  riga = new QHBoxLayout;
-  riga->addWidget(bottone("Escl&udi i documenti evidenziati",
-                          [this] { decidi(evidenziati(), [](intake::Decisione& d) { d.esclusa = true; }); }));
+  colonna().addWidget(perCausale_);
+  auto* const esclusi = new QHBoxLayout;
+  esclusi->addWidget(bottone("Escl&udi i documenti evidenziati", [this] {
+    decidi(evidenziati(), [](intake::Decisione& d) { d.esclusa = true; });
+  }));
   riprendi_ = bottone("Ripren&di i documenti evidenziati",
                       [this] { decidi(evidenziati(), [](intake::Decisione& d) { d.esclusa = false; }); });
-  riga->addWidget(riprendi_);
-  riga->addStretch(1);
-  colonna.addLayout(riga);
+  esclusi->addWidget(riprendi_);
+  esclusi->addStretch(1);
+  colonna().addLayout(esclusi);
 }
-
-QWidget* PaginaDocumenti::primo() { return tabella_; }
 
 const DocumentoMostrato* PaginaDocumenti::corrente() const {
   const auto quale = tabella_->corrente();
@@ -184,8 +151,7 @@ const DocumentoMostrato* PaginaDocumenti::corrente() const {
 
 std::vector<std::size_t> PaginaDocumenti::evidenziati() const {
   std::vector<std::size_t> righe;
-  for (const QModelIndex& una : tabella_->selectionModel()->selectedRows()) {
-    const auto quale = static_cast<std::size_t>(tabella_->filtro().mapToSource(una).row());
+  for (const std::size_t quale : tabella_->evidenziate()) {
     if (documenti_.at(quale).riga != intake::kSenzaVoce) righe.push_back(documenti_[quale].riga);
   }
   return righe;
@@ -219,17 +185,11 @@ QString PaginaDocumenti::dettiDocumenti() const {
   return testo;
 }
 
-void PaginaDocumenti::mostra() {
-  const auto nuovo = stato().piano();
-  if (nuovo == nullptr || nuovo == piano_) return;
-  const auto prima = tabella_->corrente();
-  piano_ = nuovo;
-  documenti_ = documentiMostrati(*piano_);
+std::size_t PaginaDocumenti::prendi() {
+  documenti_ = documentiMostrati(piano());
   mostraScelte();
-  tabella_->mostra(documenti_.size());
-  if (prima && *prima < documenti_.size()) tabella_->scegli(prima);
   frase_->dici(dettiDocumenti());
-  mostraDocumento();
+  return documenti_.size();
 }
 
 void PaginaDocumenti::mostraScelte() {
@@ -240,14 +200,12 @@ void PaginaDocumenti::mostraScelte() {
   quali_->addItem(QStringLiteral("da vedere (%1)").arg(strumenti::conteggio(quantiDaVedere)));
   quali_->setCurrentIndex(soloDaVedere_ ? 1 : 0);
   riempiCausali();
-  const auto ha = [this](intake::Codice codice) {
-    return std::any_of(piano_->righe.begin(), piano_->righe.end(), [&](const intake::RigaPiano& riga) {
-      return std::any_of(riga.messaggi.begin(), riga.messaggi.end(),
-                         [&](const intake::Messaggio& uno) { return uno.codice == codice; });
-    });
-  };
+  const auto& righe = piano().righe;
+  const bool conAltrui = std::any_of(righe.begin(), righe.end(), [](const intake::RigaPiano& riga) {
+    return haCodice(riga, intake::Codice::F06);
+  });
   altrui_->setChecked(stato().opzioni().tralasciaAltrui);
-  altrui_->setVisible(stato().opzioni().tralasciaAltrui || ha(intake::Codice::F06));
+  altrui_->setVisible(stato().opzioni().tralasciaAltrui || conAltrui);
   const bool senzaRighe = std::any_of(documenti_.begin(), documenti_.end(), [](const DocumentoMostrato& uno) {
     return uno.riga == intake::kSenzaVoce;
   });
@@ -259,7 +217,7 @@ void PaginaDocumenti::riempiCausali() {
   const QString scelta = qs(stato().opzioni().causaleForfettari);
   if (causali_->count() == 0) {
     forfettari_->addItem(QStringLiteral("da scegliere"), QString());
-    for (const schede::VoceElenco& una : piano_->archivio->elenchi.causali.voci()) {
+    for (const schede::VoceElenco& una : piano().archivio->elenchi.causali.voci()) {
       const QString codice = qs(una.codice).trimmed();
       const QString nome = una.nome.empty() ? codice : QStringLiteral("%1 - %2").arg(codice, qs(una.nome));
       causali_->addItem(nome, codice);
@@ -271,24 +229,25 @@ void PaginaDocumenti::riempiCausali() {
 
 void PaginaDocumenti::mostraDocumento() {
   const DocumentoMostrato* const documento = corrente();
-  scelta_->setVisible(documento != nullptr && !documento->proposte.empty());
   const bool conCausale = documento != nullptr && documento->riga != intake::kSenzaVoce &&
                           documento->stato != Stato::Errore && documento->stato != Stato::Escluso;
   perCausale_->setVisible(conCausale);
-  proposte_->clear();
+  std::vector<RiquadroScelta::Voce> proposte;
   if (documento == nullptr) {
+    proposte_->mostra({});
     riprendi_->hide();
     detto_->dici({});
     return;
   }
-  const bool noto = documento->riga != intake::kSenzaVoce && stato().piano() == piano_;
+  const bool noto = documento->riga != intake::kSenzaVoce && attuale();
   riprendi_->setVisible(noto && stato().decisione(documento->riga).esclusa);
   QStringList righe{QStringLiteral("File %1").arg(qs(documento->file))};
   for (const std::string& una : documento->spiegazioni) righe += qs(una);
   if (!documento->messaggi.empty()) righe += qs(documento->messaggi);
   detto_->dici(righe.join(u'\n'));
-  for (const std::string& una : documento->proposte) proposte_->addItem(qs(una));
-  if (documento->scelta) proposte_->setCurrentIndex(static_cast<int>(*documento->scelta));
+  for (const std::string& una : documento->proposte)
+    proposte.emplace_back(qs(una), static_cast<int>(proposte.size()));
+  proposte_->mostra(proposte, static_cast<int>(documento->scelta.value_or(0)));
   if (const int sua = causali_->findData(qs(documento->causale)); sua >= 0) causali_->setCurrentIndex(sua);
 }
 
@@ -299,10 +258,9 @@ void PaginaDocumenti::decidi(const std::vector<std::size_t>& righe,
   cambia();
 }
 
-void PaginaDocumenti::scegliProposta() {
+void PaginaDocumenti::scegliProposta(std::size_t quale) {
   const DocumentoMostrato* const documento = corrente();
-  if (documento == nullptr || proposte_->currentIndex() < 0) return;
-  const auto quale = static_cast<std::size_t>(proposte_->currentIndex());
+  if (documento == nullptr) return;
   tabella_->setFocus();  // what was pressed may be hidden with the choice
   decidi({documento->riga}, [quale](intake::Decisione& decisione) { decisione.proposta = quale; });
 }

@@ -9,27 +9,19 @@
 namespace cu::assistente {
 
 PaginaEsito::PaginaEsito(QWidget* parent, Assistente& assistente)
-    : Pagina(parent, assistente),
-      frase_(new strumenti::Frase(this)),
-      altra_(new QPushButton(QStringLiteral("&Nuova importazione"), this)) {
-  auto* const colonna = new QVBoxLayout(this);
-  colonna->setContentsMargins(0, 0, 0, 0);
-  colonna->addWidget(frase_);
-  auto* const storico = new QPushButton(QStringLiteral("Storico e ann&ullamento…"), this);
-  auto* const riga = new QHBoxLayout;
-  for (QPushButton* uno : {altra_, storico}) {
-    uno->setAutoDefault(true);
-    riga->addWidget(uno);
-  }
-  riga->addStretch(1);
-  colonna->addLayout(riga);
-  colonna->addStretch(1);
-  connect(storico, &QPushButton::clicked, this, [this] {
-    if (apriStorico) apriStorico();
-  });
-  connect(altra_, &QPushButton::clicked, this, [this] {
+    : Pagina(parent, assistente), frase_(new strumenti::Frase(this)) {
+  colonna().addWidget(frase_);
+  altra_ = bottone("&Nuova importazione", [this] {
     if (ricomincia) ricomincia();
   });
+  auto* const riga = new QHBoxLayout;
+  riga->addWidget(altra_);
+  riga->addWidget(bottone("Storico e ann&ullamento…", [this] {
+    if (apriStorico) apriStorico();
+  }));
+  riga->addStretch(1);
+  colonna().addLayout(riga);
+  colonna().addStretch(1);
 }
 
 QWidget* PaginaEsito::primo() { return altra_; }

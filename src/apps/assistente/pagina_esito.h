@@ -2,12 +2,6 @@
 
 #include "apps/assistente/pagina.h"
 
-class QPushButton;
-
-namespace cu::strumenti {
-class Frase;
-}  // namespace cu::strumenti
-
 namespace cu::assistente {
 
 // What was written, and how it is taken back.
@@ -21,7 +15,7 @@ class PaginaEsito : public Pagina {
 
  private:
   strumenti::Frase* frase_;
-  QPushButton* altra_;
+  QPushButton* altra_ = nullptr;
 };
 
 }  // namespace cu::assistente

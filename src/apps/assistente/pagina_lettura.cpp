@@ -20,16 +20,14 @@ constexpr int kColonneAccanto = 3;  // captions with their boxes in a row
 }  // namespace
 
 PaginaLettura::PaginaLettura(QWidget* parent, Assistente& assistente) : Pagina(parent, assistente) {
-  auto* const colonna = new QVBoxLayout(this);
-  colonna->setContentsMargins(0, 0, 0, 0);
-  colonna->addWidget(new strumenti::Frase(
+  colonna().addWidget(new strumenti::Frase(
       this, QStringLiteral("Così vengono lette le prime righe. Se qualcosa non va, dire qui com'è fatto il "
                            "file: vale per tutti i file con gli stessi titoli.")));
   auto* const griglia = new QGridLayout;
   componiModi(*griglia);
-  colonna->addLayout(griglia);
+  colonna().addLayout(griglia);
   frase_ = new strumenti::Frase(this);
-  colonna->addWidget(frase_);
+  colonna().addWidget(frase_);
   modello_ = new ModelloCelle(this);
   celle_ = new QTableView(this);
   celle_->setModel(modello_);
@@ -44,7 +42,7 @@ PaginaLettura::PaginaLettura(QWidget* parent, Assistente& assistente) : Pagina(p
   celle_->horizontalHeader()->setHighlightSections(false);
   celle_->setMinimumHeight(fontMetrics().height() * 6);
   desktop::tellWhole(*celle_);
-  colonna->addWidget(celle_, 1);
+  colonna().addWidget(celle_, 1);
 }
 
 void PaginaLettura::aggiungiModo(QGridLayout& griglia, int riga, int colonna, const char* testo,

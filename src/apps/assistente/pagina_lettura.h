@@ -6,10 +6,6 @@ class QGridLayout;
 class QSpinBox;
 class QTableView;
 
-namespace cu::strumenti {
-class Frase;
-}  // namespace cu::strumenti
-
 namespace cu::assistente {
 
 class ModelloCelle;

@@ -9,6 +9,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "apps/assistente/colonne_tabella.h"
 #include "apps/importazione/righe_errate.h"
 #include "apps/strumenti/frase.h"
 #include "apps/strumenti/tabella_vista.h"
@@ -20,18 +21,11 @@ namespace {
 
 const QString kUsoSalvati = QStringLiteral("importazione_salvati");
 
-// The last column takes the space that is left.
-strumenti::Colonna colonnaVuota() {
-  return {.chiave = "vuota", .titolo = "", .testo = [](std::size_t) { return QString(); }};
-}
-
 }  // namespace
 
 PaginaProva::PaginaProva(QWidget* parent, Assistente& assistente)
     : Pagina(parent, assistente), frase_(new strumenti::Frase(this)), risposta_(new strumenti::Frase(this)) {
-  auto* const colonna = new QVBoxLayout(this);
-  colonna->setContentsMargins(0, 0, 0, 0);
-  colonna->addWidget(frase_);
+  colonna().addWidget(frase_);
   riquadroDiversi_ = new QWidget(this);
   auto* const riga = new QHBoxLayout(riquadroDiversi_);
   riga->setContentsMargins(0, 0, 0, 0);
@@ -47,38 +41,32 @@ PaginaProva::PaginaProva(QWidget* parent, Assistente& assistente)
   riga->addWidget(etichetta("Le righe &già presenti con altri valori", diversi_, this));
   riga->addWidget(diversi_);
   riga->addStretch(1);
-  colonna->addWidget(riquadroDiversi_);
-  componiSchede(*colonna);
+  colonna().addWidget(riquadroDiversi_);
+  componiSchede();
   risposta_->hide();
-  colonna->addWidget(risposta_);
+  colonna().addWidget(risposta_);
   auto* const sotto = new QHBoxLayout;
-  const auto bottone = [&](const char* testo, const std::function<void()>& azione) {
-    auto* const fatto = new QPushButton(QString::fromUtf8(testo), this);
-    fatto->setAutoDefault(true);
-    connect(fatto, &QPushButton::clicked, this, azione);
-    sotto->addWidget(fatto);
-    return fatto;
-  };
-  errori_ = bottone("Salva &errori…", [this] { chiediErrori(); });
-  errori_->setToolTip(QStringLiteral(
-      "Le righe con errori in un file CSV, con le colonne del file e il motivo in una in più"));
+  errori_ = bottone(
+      "Salva &errori…", [this] { chiediErrori(); },
+      "Le righe con errori in un file CSV, con le colonne del file e il motivo in una in più");
   resoconto_ = bottone("Salva &resoconto…", [this] { chiediResoconto(); });
   ripeti_ = bottone("Ripe&ti la prova", [this] {
     stato().ripetiPiano();
     cambia();
   });
+  for (QPushButton* uno : {errori_, resoconto_, ripeti_}) sotto->addWidget(uno);
   sotto->addStretch(1);
-  colonna->addLayout(sotto);
+  colonna().addLayout(sotto);
 }
 
-void PaginaProva::componiSchede(QVBoxLayout& colonna) {
+void PaginaProva::componiSchede() {
   schede_ = new QTabWidget(this);
   schede_->addTab(avvisi(), {});
   schede_->addTab(somme(), {});
   schede_->addTab(conti(), {});
   schede_->addTab(mancanti(), {});
   schede_->addTab(note(), {});
-  colonna.addWidget(schede_, 1);
+  colonna().addWidget(schede_, 1);
 }
 
 QWidget* PaginaProva::avvisi() {
@@ -107,20 +95,10 @@ QWidget* PaginaProva::note() {
 QWidget* PaginaProva::somme() {
   const auto di = [this](std::size_t q) -> const SommaAnnoCausale& { return somme_[q]; };
   const auto importo = [di](const char* chiave, const char* titolo, auto quale) {
-    return strumenti::Colonna{
-        .chiave = chiave,
-        .titolo = titolo,
-        .testo = [di, quale](std::size_t q) { return importoDa(quale(di(q))); },
-        .aDestra = true,
-        .ordine = [di, quale](std::size_t q) { return QVariant(qlonglong(quale(di(q)).scaled())); }};
+    return colonnaImporto(chiave, titolo, [di, quale](std::size_t q) { return quale(di(q)); });
   };
   const auto numero = [di](const char* chiave, const char* titolo, auto quale) {
-    return strumenti::Colonna{
-        .chiave = chiave,
-        .titolo = titolo,
-        .testo = [di, quale](std::size_t q) { return strumenti::conteggio(quale(di(q))); },
-        .aDestra = true,
-        .ordine = [di, quale](std::size_t q) { return QVariant(qlonglong(quale(di(q)))); }};
+    return colonnaNumero(chiave, titolo, [di, quale](std::size_t q) { return quale(di(q)); });
   };
   tabellaSomme_ = new strumenti::Tabella(
       QStringLiteral("assistente_somme"), QStringLiteral("Somme per anno e causale"),
@@ -145,12 +123,7 @@ QWidget* PaginaProva::conti() {
   const auto di = [this](std::size_t q) -> const intake::ContoPiano& { return piano_->conti[q]; };
   const auto prima = [](const intake::ContoPiano& conto) { return conto.prima.value_or(schede::Importi{}); };
   const auto importo = [di](const char* chiave, const char* titolo, auto quale) {
-    return strumenti::Colonna{
-        .chiave = chiave,
-        .titolo = titolo,
-        .testo = [di, quale](std::size_t q) { return importoDa(quale(di(q))); },
-        .aDestra = true,
-        .ordine = [di, quale](std::size_t q) { return QVariant(qlonglong(quale(di(q)).scaled())); }};
+    return colonnaImporto(chiave, titolo, [di, quale](std::size_t q) { return quale(di(q)); });
   };
   using schede::Importo;
   const auto nonSoggette = [](const schede::Importi& i) {

@@ -6,16 +6,7 @@
 #include "apps/assistente/pagina.h"
 #include "apps/importazione/riepiloghi.h"
 
-class QListWidget;
-class QListWidgetItem;
-class QPushButton;
 class QTabWidget;
-class QVBoxLayout;
-
-namespace cu::strumenti {
-class Frase;
-class Tabella;
-}  // namespace cu::strumenti
 
 namespace cu::assistente {
 
@@ -30,7 +21,7 @@ class PaginaProva : public Pagina {
   void salvaResoconto(const QString& file);
 
  private:
-  void componiSchede(QVBoxLayout& colonna);
+  void componiSchede();
   QWidget* avvisi();
   QWidget* note();
   void mostraNote();

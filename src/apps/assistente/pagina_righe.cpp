@@ -1,14 +1,13 @@
 #include "apps/assistente/pagina_righe.h"
 
 #include <QHBoxLayout>
-#include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "apps/assistente/riquadro_date.h"
+#include "apps/importazione/riepiloghi.h"
 #include "apps/strumenti/casella_cerca.h"
 #include "apps/strumenti/conteggi.h"
 #include "apps/strumenti/frase.h"
@@ -37,33 +36,26 @@ QVariant ordineCella(const std::string& testo, ColonnaRiga::Genere genere) {
   return QVariant(qlonglong(Decimal::parse(testo).value_or(Decimal()).scaled()));
 }
 
-bool haCodice(const intake::RigaPiano& riga, intake::Codice codice) {
-  return std::any_of(riga.messaggi.begin(), riga.messaggi.end(),
-                     [&](const intake::Messaggio& uno) { return uno.codice == codice; });
-}
-
 }  // namespace
 
 PaginaRighe::PaginaRighe(QWidget* parent, Assistente& assistente, intake::Elenco elenco, bool fatture)
-    : Pagina(parent, assistente), fatture_(fatture) {
-  auto* const colonna = new QVBoxLayout(this);
-  colonna->setContentsMargins(0, 0, 0, 0);
+    : PaginaPiano(parent, assistente), fatture_(fatture) {
   if (fatture_) {
     date_ = new RiquadroDate(this, stato());
     date_->cambiata = [this] { cambia(); };
     date_->errore = [this](const QString& testo) { mostraErrore(testo); };
-    colonna->addWidget(date_);
+    colonna().addWidget(date_);
   }
   conteggi_ = new strumenti::Frase(this);
-  colonna->addWidget(conteggi_);
-  componiFiltri(*colonna);
-  componiTabella(*colonna, elenco);
+  colonna().addWidget(conteggi_);
+  componiFiltri();
+  componiTabella(elenco);
   messaggi_ = new strumenti::Frase(this);
-  colonna->addWidget(messaggi_);
-  componiDecisioni(*colonna);
+  colonna().addWidget(messaggi_);
+  componiDecisioni();
 }
 
-void PaginaRighe::componiFiltri(QVBoxLayout& colonna) {
+void PaginaRighe::componiFiltri() {
   auto* const riga = new QHBoxLayout;
   stati_ = new QComboBox(this);
   stati_->setAccessibleName(QStringLiteral("Righe mostrate"));
@@ -76,7 +68,7 @@ void PaginaRighe::componiFiltri(QVBoxLayout& colonna) {
   riga->addWidget(stati_);
   riga->addWidget(etichetta("&Cerca", cerca_, this));
   riga->addWidget(cerca_, 1);
-  colonna.addLayout(riga);
+  colonna().addLayout(riga);
   connect(stati_, &QComboBox::activated, this, [this] {
     const int quale = stati_->currentData().toInt();
     filtro_ = quale < 0 ? std::nullopt : std::optional(static_cast<StatoRiga>(quale));
@@ -89,16 +81,16 @@ void PaginaRighe::componiFiltri(QVBoxLayout& colonna) {
   });
 }
 
-void PaginaRighe::componiTabella(QVBoxLayout& colonna, intake::Elenco elenco) {
-  const auto riga = [this](std::size_t q) -> const intake::RigaPiano& { return piano_->righe[q]; };
+void PaginaRighe::componiTabella(intake::Elenco elenco) {
+  const auto riga = [this](std::size_t q) -> const intake::RigaPiano& { return piano().righe[q]; };
   std::vector<strumenti::Colonna> colonne = {
       {.chiave = "file",
        .titolo = "File",
-       .testo = [this, riga](std::size_t q) { return qs((*piano_->letture)[riga(q).posizione.file].file); },
+       .testo = [this, riga](std::size_t q) { return qs((*piano().letture)[riga(q).posizione.file].file); },
        .massima = 110},
       {.chiave = "riga",
        .titolo = "Riga",
-       .testo = [this, riga](std::size_t q) { return strumenti::conteggio(piano_->letta(riga(q)).numero); },
+       .testo = [this, riga](std::size_t q) { return strumenti::conteggio(piano().letta(riga(q)).numero); },
        .aDestra = true,
        .ordine = [](std::size_t q) { return QVariant(qlonglong(q)); }},
       {.chiave = "stato",
@@ -136,14 +128,14 @@ void PaginaRighe::componiTabella(QVBoxLayout& colonna, intake::Elenco elenco) {
           (fatture_ ? QStringLiteral("fatture") : qs(std::string(intake::nome(elenco)))),
       QStringLiteral("Righe da importare"), std::move(colonne), this);
   tabella_->filtro().passa = [this](std::size_t q) {
-    if (piano_ == nullptr || q >= righe_->size()) return false;
-    if (filtro_ && piano_->righe[q].stato != *filtro_) return false;
+    if (!conPiano() || q >= righe_->size()) return false;
+    if (filtro_ && piano().righe[q].stato != *filtro_) return false;
     if (cercato_.isEmpty()) return true;
-    prepara();
+    preparaRicerca();
     return testi_[q].contains(cercato_);
   };
   tabella_->scelta = [this](auto) { mostraRiga(); };
-  colonna.addWidget(tabella_, 1);
+  colonna().addWidget(tabella_, 1);
 }
 
 strumenti::Colonna PaginaRighe::colonnaPagamento() {
@@ -151,7 +143,7 @@ strumenti::Colonna PaginaRighe::colonnaPagamento() {
           .titolo = "Pagamento",
           .testo =
               [this](std::size_t q) {
-                const intake::RigaPiano& riga = piano_->righe[q];
+                const intake::RigaPiano& riga = piano().righe[q];
                 // What is left out for its date has one; other rows that are left out are no payments.
                 const bool perLaData = !riga.esclusa.empty() || haCodice(riga, intake::Codice::R05);
                 const bool altro = riga.stato == StatoRiga::Escluso && !perLaData;
@@ -182,7 +174,7 @@ void PaginaRighe::scriviPagamento(std::size_t riga, const QString& testo) {
     }
   }
   QTimer::singleShot(0, this, [this, riga, giorno] {
-    if (stato().piano() != piano_) return;
+    if (!attuale()) return;
     const std::vector<std::size_t> quali{riga};
     tabella_->avanza();
     stato().decidi(quali, [&](intake::Decisione& decisione) { decisione.pagamento = giorno; });
@@ -191,10 +183,10 @@ void PaginaRighe::scriviPagamento(std::size_t riga, const QString& testo) {
 }
 
 // What can be found of each row, once somebody searches.
-void PaginaRighe::prepara() {
+void PaginaRighe::preparaRicerca() {
   if (testi_.size() == righe_->size()) return;
   testi_.reserve(righe_->size());
-  const auto colonne = colonneDelleRighe(piano_->elenco);
+  const auto colonne = colonneDelleRighe(piano().elenco);
   for (const RigaMostrata& una : *righe_) {
     QString testo = qs(una.messaggi);
     for (std::size_t i = 0; i < una.celle.size(); ++i)
@@ -203,79 +195,48 @@ void PaginaRighe::prepara() {
   }
 }
 
-void PaginaRighe::componiDecisioni(QVBoxLayout& colonna) {
+void PaginaRighe::componiDecisioni() {
+  candidati_ = new RiquadroScelta(this, "Qua&le", "Scelte possibili");
+  candidati_->scelto = [this](int id) { scegliCandidato(id); };
+  colonna().addWidget(candidati_);
   auto* const riga = new QHBoxLayout;
-  const auto bottone = [&](const char* testo, const std::function<void()>& azione) {
-    auto* const fatto = new QPushButton(QString::fromUtf8(testo), this);
-    fatto->setAutoDefault(true);
-    connect(fatto, &QPushButton::clicked, this, azione);
-    return fatto;
-  };
   escludi_ = bottone("Escl&udi le righe evidenziate",
                      [this] { decidi([](intake::Decisione& d) { d.esclusa = true; }); });
   riprendi_ = bottone("Ripren&di le righe evidenziate",
                       [this] { decidi([](intake::Decisione& d) { d.esclusa = false; }); });
-  rinuncia_ = bottone("Rinunci&a alle correzioni del conto",
-                      [this] { decidi([](intake::Decisione& d) { d.sovrascriviConto = true; }); });
-  rinuncia_->setToolTip(QStringLiteral(
-      "Il conto diventa la somma dei suoi compensi: ciò che vi è stato corretto a mano va perso"));
-  scelta_ = new QWidget(this);
-  auto* const scelte = new QHBoxLayout(scelta_);
-  scelte->setContentsMargins(0, 0, 0, 0);
-  candidati_ = new QComboBox(scelta_);
-  candidati_->setAccessibleName(QStringLiteral("Scelte possibili"));
-  candidati_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  auto* const conferma = bottone("Sce&gli", [this] { scegliCandidato(); });
-  scelte->addWidget(etichetta("Qua&le", candidati_, scelta_));
-  scelte->addWidget(candidati_, 1);
-  scelte->addWidget(conferma);
-  colonna.addWidget(scelta_);
+  rinuncia_ = bottone(
+      "Rinunci&a alle correzioni del conto",
+      [this] { decidi([](intake::Decisione& d) { d.sovrascriviConto = true; }); },
+      "Il conto diventa la somma dei suoi compensi: ciò che vi è stato corretto a mano va perso");
   riga->addWidget(escludi_);
   riga->addWidget(riprendi_);
   riga->addWidget(rinuncia_);
   riga->addStretch(1);
-  colonna.addLayout(riga);
+  colonna().addLayout(riga);
 }
 
 bool PaginaRighe::conclude() { return date_ == nullptr || date_->conclude(); }
 
-QWidget* PaginaRighe::primo() { return tabella_; }
-
 const intake::RigaPiano* PaginaRighe::corrente() const {
   const auto quale = tabella_->corrente();
-  return piano_ != nullptr && quale && *quale < piano_->righe.size() ? &piano_->righe[*quale] : nullptr;
+  return conPiano() && quale && *quale < piano().righe.size() ? &piano().righe[*quale] : nullptr;
 }
 
-std::vector<std::size_t> PaginaRighe::evidenziate() const {
-  std::vector<std::size_t> quali;
-  for (const QModelIndex& una : tabella_->selectionModel()->selectedRows()) {
-    quali.push_back(static_cast<std::size_t>(tabella_->filtro().mapToSource(una).row()));
-  }
-  std::sort(quali.begin(), quali.end());
-  return quali;
-}
-
-void PaginaRighe::mostra() {
-  const auto nuovo = stato().piano();
-  if (nuovo == nullptr || nuovo == piano_) return;
-  const auto prima = tabella_->corrente();
-  piano_ = nuovo;
+std::size_t PaginaRighe::prendi() {
   righe_ = stato().righe();
   testi_.clear();
   if (fatture_) {
-    pagamenti_ = pagamentiMostrati(*piano_);
+    pagamenti_ = pagamentiMostrati(piano());
     date_->mostra();
   }
   mostraConteggi();
-  tabella_->mostra(piano_->righe.size());
-  if (prima && *prima < piano_->righe.size()) tabella_->scegli(prima);
-  mostraRiga();
+  return piano().righe.size();
 }
 
 void PaginaRighe::mostraConteggi() {
-  const auto quante = piano_->conteggi();
+  const auto quante = piano().conteggi();
   stati_->clear();
-  stati_->addItem(QStringLiteral("tutte (%1)").arg(strumenti::conteggio(piano_->righe.size())), -1);
+  stati_->addItem(QStringLiteral("tutte (%1)").arg(strumenti::conteggio(piano().righe.size())), -1);
   for (std::size_t i = 0; i < quante.size(); ++i) {
     if (quante[i] == 0 && !(filtro_ && static_cast<std::size_t>(*filtro_) == i)) continue;
     stati_->addItem(QStringLiteral("%1 (%2)").arg(qs(dettoStato(static_cast<StatoRiga>(i))),
@@ -290,11 +251,10 @@ void PaginaRighe::mostraRiga() {
   const intake::RigaPiano* const riga = corrente();
   const auto quale = tabella_->corrente();
   escludi_->setEnabled(riga != nullptr);
-  riprendi_->setVisible(riga != nullptr && stato().piano() == piano_ && stato().decisione(*quale).esclusa);
+  riprendi_->setVisible(riga != nullptr && attuale() && stato().decisione(*quale).esclusa);
   rinuncia_->setVisible(riga != nullptr && haCodice(*riga, intake::Codice::A02));
-  scelta_->setVisible(riga != nullptr && !riga->candidati.empty());
-  candidati_->clear();
   if (riga == nullptr) {
+    candidati_->mostra({});
     messaggi_->dici({});
     return;
   }
@@ -302,32 +262,25 @@ void PaginaRighe::mostraRiga() {
   for (const std::string& una : riga->spiegazioni) detti += qs(una);
   if (!(*righe_)[*quale].messaggi.empty()) detti += qs((*righe_)[*quale].messaggi);
   messaggi_->dici(detti.join(u'\n'));
-  for (const intake::Candidato& uno : riga->candidati) candidati_->addItem(qs(uno.testo), uno.id);
-  if ((fatture_ || piano_->elenco == intake::Elenco::Percipienti) && haCodice(*riga, intake::Codice::P09)) {
-    candidati_->addItem(QStringLiteral("nessuno di questi: un percipiente nuovo"), 0);
-  }
+  const bool ancheNuovo = fatture_ || piano().elenco == intake::Elenco::Percipienti;
+  candidati_->mostra(vociDi(riga->candidati, ancheNuovo && haCodice(*riga, intake::Codice::P09)));
 }
 
-void PaginaRighe::scegliCandidato() {
+void PaginaRighe::scegliCandidato(std::int32_t id) {
   const intake::RigaPiano* const riga = corrente();
-  if (riga == nullptr || candidati_->currentIndex() < 0) return;
-  const std::int32_t scelto = candidati_->currentData().toInt();
-  const bool luogo = haCodice(*riga, intake::Codice::P08);
+  if (riga == nullptr) return;
   const std::vector<std::size_t> quali{*tabella_->corrente()};
   tabella_->setFocus();  // what was pressed is hidden with the choice
-  stato().decidi(quali, [&](intake::Decisione& decisione) {
-    if (luogo) {
-      decisione.idComune = scelto;
-    } else {
-      decisione.idAnagrafica = scelto;
-      decisione.nuovoPercipiente = scelto == 0;
-    }
-  });
+  if (haCodice(*riga, intake::Codice::P08)) {
+    stato().decidi(quali, [id](intake::Decisione& decisione) { decisione.idComune = id; });
+  } else {
+    stato().scegliPercipiente(quali, id);
+  }
   cambia();
 }
 
 void PaginaRighe::decidi(const std::function<void(intake::Decisione&)>& come) {
-  const std::vector<std::size_t> quali = evidenziate();
+  const std::vector<std::size_t> quali = tabella_->evidenziate();
   if (quali.empty()) return;
   stato().decidi(quali, come);
   cambia();

@@ -1,24 +1,17 @@
 #include "apps/assistente/pagina_soggetti.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include <array>
 
+#include "apps/assistente/colonne_tabella.h"
 #include "apps/strumenti/frase.h"
 #include "apps/strumenti/tabella_vista.h"
 
 namespace cu::assistente {
 
 PaginaSoggetti::PaginaSoggetti(QWidget* parent, Assistente& assistente)
-    : Pagina(parent, assistente),
-      frase_(new strumenti::Frase(this)),
-      scelta_(new QWidget(this)),
-      candidati_(new QComboBox(scelta_)) {
-  auto* const colonna = new QVBoxLayout(this);
-  colonna->setContentsMargins(0, 0, 0, 0);
-  colonna->addWidget(frase_);
+    : PaginaPiano(parent, assistente), frase_(new strumenti::Frase(this)) {
+  colonna().addWidget(frase_);
   const auto di = [this](std::size_t q) -> const SoggettoPiano& { return soggetti_[q]; };
   tabella_ = new strumenti::Tabella(
       QStringLiteral("assistente_soggetti"), QStringLiteral("Percipienti dei compensi"),
@@ -27,34 +20,16 @@ PaginaSoggetti::PaginaSoggetti(QWidget* parent, Assistente& assistente)
         .testo = [di](std::size_t q) { return qs(detto(di(q).stato)); }},
        {.chiave = "codice", .titolo = "Codice", .testo = [di](std::size_t q) { return qs(di(q).chiave); }},
        {.chiave = "nome", .titolo = "Nome", .testo = [di](std::size_t q) { return qs(di(q).nome); }},
-       {.chiave = "righe",
-        .titolo = "Righe",
-        .testo = [di](std::size_t q) { return strumenti::conteggio(di(q).righe.size()); },
-        .aDestra = true,
-        .ordine = [di](std::size_t q) { return QVariant(qlonglong(di(q).righe.size())); }},
-       {.chiave = "onorari",
-        .titolo = "Onorari",
-        .testo = [di](std::size_t q) { return importoDa(di(q).onorari); },
-        .aDestra = true,
-        .ordine = [di](std::size_t q) { return QVariant(qlonglong(di(q).onorari.scaled())); }},
-       {.chiave = "vuota", .titolo = "", .testo = [](std::size_t) { return QString(); }}},
+       colonnaNumero("righe", "Righe", [di](std::size_t q) { return di(q).righe.size(); }),
+       colonnaImporto("onorari", "Onorari", [di](std::size_t q) { return di(q).onorari; }),
+       colonnaVuota()},
       this);
   tabella_->scelta = [this](auto) { mostraScelta(); };
-  colonna->addWidget(tabella_, 1);
-  auto* const riga = new QHBoxLayout(scelta_);
-  riga->setContentsMargins(0, 0, 0, 0);
-  candidati_->setAccessibleName(QStringLiteral("Percipienti possibili"));
-  candidati_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  auto* const conferma = new QPushButton(QStringLiteral("Sce&gli"), scelta_);
-  conferma->setAutoDefault(true);
-  riga->addWidget(etichetta("Qua&le", candidati_, scelta_));
-  riga->addWidget(candidati_, 1);
-  riga->addWidget(conferma);
-  colonna->addWidget(scelta_);
-  connect(conferma, &QPushButton::clicked, this, [this] { scegli(); });
+  colonna().addWidget(tabella_, 1);
+  candidati_ = new RiquadroScelta(this, "Qua&le", "Percipienti possibili");
+  candidati_->scelto = [this](int id) { scegli(id); };
+  colonna().addWidget(candidati_);
 }
-
-QWidget* PaginaSoggetti::primo() { return tabella_; }
 
 QString PaginaSoggetti::dettiConteggi() const {
   using Stato = SoggettoPiano::Stato;
@@ -84,36 +59,23 @@ QString PaginaSoggetti::dettiConteggi() const {
   return testo;
 }
 
-void PaginaSoggetti::mostra() {
-  const auto nuovo = stato().piano();
-  if (nuovo == nullptr || nuovo == piano_) return;
-  piano_ = nuovo;
-  const auto prima = tabella_->corrente();
-  soggetti_ = soggettiDelPiano(*piano_);
-  tabella_->mostra(soggetti_.size());
-  if (prima && *prima < soggetti_.size()) tabella_->scegli(prima);
+std::size_t PaginaSoggetti::prendi() {
+  soggetti_ = soggettiDelPiano(piano());
   frase_->dici(dettiConteggi());
-  mostraScelta();
+  return soggetti_.size();
 }
 
 void PaginaSoggetti::mostraScelta() {
   const auto quale = tabella_->corrente();
-  const bool una = quale && *quale < soggetti_.size() && !soggetti_[*quale].candidati.empty();
-  scelta_->setVisible(una);
-  candidati_->clear();
-  if (!una) return;
-  for (const intake::Candidato& uno : soggetti_[*quale].candidati) candidati_->addItem(qs(uno.testo), uno.id);
-  if (stato().fatture()) candidati_->addItem(QStringLiteral("nessuno di questi: un percipiente nuovo"), 0);
+  candidati_->mostra(quale && *quale < soggetti_.size()
+                         ? vociDi(soggetti_[*quale].candidati, stato().fatture())
+                         : std::vector<RiquadroScelta::Voce>());
 }
 
-void PaginaSoggetti::scegli() {
+void PaginaSoggetti::scegli(std::int32_t id) {
   const auto quale = tabella_->corrente();
-  if (!quale || *quale >= soggetti_.size() || candidati_->currentIndex() < 0) return;
-  const std::int32_t scelto = candidati_->currentData().toInt();
-  stato().decidi(soggetti_[*quale].righe, [scelto](intake::Decisione& decisione) {
-    decisione.idAnagrafica = scelto;
-    decisione.nuovoPercipiente = scelto == 0;
-  });
+  if (!quale || *quale >= soggetti_.size()) return;
+  stato().scegliPercipiente(soggetti_[*quale].righe, id);
   cambia();
 }
 

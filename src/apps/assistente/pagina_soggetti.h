@@ -1,38 +1,28 @@
 #pragma once
 
-#include <memory>
 #include <vector>
 
 #include "apps/assistente/pagina.h"
 #include "apps/importazione/riepiloghi.h"
 
-class QPushButton;
-
-namespace cu::strumenti {
-class Frase;
-class Tabella;
-}  // namespace cu::strumenti
-
 namespace cu::assistente {
 
 // Whom the rows of payments mean, and the choice among several.
-class PaginaSoggetti : public Pagina {
+class PaginaSoggetti : public PaginaPiano {
  public:
   PaginaSoggetti(QWidget* parent, Assistente& assistente);
-  void mostra() override;
-  QWidget* primo() override;
+
+ protected:
+  std::size_t prendi() override;
 
  private:
   QString dettiConteggi() const;
   void mostraScelta();
-  void scegli();
+  void scegli(std::int32_t id);
 
-  std::shared_ptr<const intake::Piano> piano_;
   std::vector<SoggettoPiano> soggetti_;
   strumenti::Frase* frase_;
-  strumenti::Tabella* tabella_;
-  QWidget* scelta_;
-  QComboBox* candidati_;
+  RiquadroScelta* candidati_ = nullptr;
 };
 
 }  // namespace cu::assistente

@@ -28,48 +28,45 @@ const QString kUso = QStringLiteral("importazione");
 }  // namespace
 
 PaginaSorgente::PaginaSorgente(QWidget* parent, Assistente& assistente) : Pagina(parent, assistente) {
-  auto* const colonna = new QVBoxLayout(this);
-  colonna->setContentsMargins(0, 0, 0, 0);
-  colonna->addWidget(new strumenti::Frase(
+  colonna().addWidget(new strumenti::Frase(
       this,
       QStringLiteral("I dati vengono da tabelle di un altro programma (file CSV, TSV o XLSX) o da fatture "
                      "elettroniche (file XML e P7M, archivi ZIP, cartelle), che si possono anche trascinare "
                      "qui. I file vengono soltanto letti.")));
-  componiFile(*colonna);
-  componiScelte(*colonna);
+  componiFile();
+  componiScelte();
   avviso_ = new strumenti::Frase(this);
   avviso_->hide();
-  colonna->addWidget(avviso_);
+  colonna().addWidget(avviso_);
   auto* const riga = new QHBoxLayout;
-  tabelle_ = new QPushButton(QStringLiteral("Aggiungi le ta&belle"), this);
-  estraneo_ = new QPushButton(QStringLiteral("Importa &lo stesso in questo database…"), this);
+  tabelle_ = bottone("Aggiungi le ta&belle", [this] {
+    if (aggiungiTabelle) aggiungiTabelle();
+  });
+  estraneo_ = bottone("Importa &lo stesso in questo database…", [this] { chiediEstraneo(); });
   for (QPushButton* uno : {tabelle_, estraneo_}) {
-    uno->setAutoDefault(true);
     uno->hide();
     riga->addWidget(uno);
   }
   riga->addStretch(1);
-  colonna->addLayout(riga);
-  connect(tabelle_, &QPushButton::clicked, this, [this] {
-    if (aggiungiTabelle) aggiungiTabelle();
-  });
-  connect(estraneo_, &QPushButton::clicked, this, [this] {
-    QMessageBox domanda(QMessageBox::Question, window()->windowTitle(), {}, QMessageBox::NoButton, this);
-    domanda.setTextFormat(Qt::PlainText);
-    domanda.setText(
-        QStringLiteral("In questo database è un'altra suite a numerare le righe. Si può importare solo se la "
-                       "suite intanto non lavora, e dopo averne fatto una copia."));
-    const QPushButton* const si =
-        domanda.addButton(QStringLiteral("&Importa lo stesso"), QMessageBox::AcceptRole);
-    domanda.setDefaultButton(domanda.addButton(QStringLiteral("Annulla"), QMessageBox::RejectRole));
-    domanda.exec();
-    if (domanda.clickedButton() != si) return;
-    stato().ammettiEstraneo(true);
-    cambia();
-  });
+  colonna().addLayout(riga);
 }
 
-void PaginaSorgente::componiScelte(QVBoxLayout& colonna) {
+void PaginaSorgente::chiediEstraneo() {
+  QMessageBox domanda(QMessageBox::Question, window()->windowTitle(), {}, QMessageBox::NoButton, this);
+  domanda.setTextFormat(Qt::PlainText);
+  domanda.setText(
+      QStringLiteral("In questo database è un'altra suite a numerare le righe. Si può importare solo se la "
+                     "suite intanto non lavora, e dopo averne fatto una copia."));
+  const QPushButton* const si =
+      domanda.addButton(QStringLiteral("&Importa lo stesso"), QMessageBox::AcceptRole);
+  domanda.setDefaultButton(domanda.addButton(QStringLiteral("Annulla"), QMessageBox::RejectRole));
+  domanda.exec();
+  if (domanda.clickedButton() != si) return;
+  stato().ammettiEstraneo(true);
+  cambia();
+}
+
+void PaginaSorgente::componiScelte() {
   dati_ = new Scelta<std::optional<intake::Elenco>>(this, "Che cosa contengono i file",
                                                     {{"Aziende", intake::Elenco::Aziende},
                                                      {"Percipienti", intake::Elenco::Percipienti},
@@ -106,10 +103,10 @@ void PaginaSorgente::componiScelte(QVBoxLayout& colonna) {
   modulo->addRow(etichetta("A&zienda", aziende_, this), aziende_);
   riquadroAnno_ = etichetta("Pagati nell'a&nno", anno_, this);
   modulo->addRow(riquadroAnno_, anno_);
-  colonna.addLayout(modulo);
+  colonna().addLayout(modulo);
 }
 
-void PaginaSorgente::componiFile(QVBoxLayout& colonna) {
+void PaginaSorgente::componiFile() {
   const auto di = [this](std::size_t q) -> const FileScelto& { return mostrati_[q]; };
   file_ = new strumenti::Tabella(
       QStringLiteral("assistente_file"), QStringLiteral("File da importare"),
@@ -128,24 +125,20 @@ void PaginaSorgente::componiFile(QVBoxLayout& colonna) {
             }},
        {.chiave = "nota", .titolo = "Nota", .testo = [this, di](std::size_t q) { return dettaNota(di(q)); }}},
       this);
-  colonna.addWidget(file_, 1);
+  colonna().addWidget(file_, 1);
   auto* const riga = new QHBoxLayout;
-  const auto bottone = [&](const char* testo, const std::function<void()>& azione) {
-    auto* const fatto = new QPushButton(QString::fromUtf8(testo), this);
-    fatto->setAutoDefault(true);
-    connect(fatto, &QPushButton::clicked, this, azione);
-    riga->addWidget(fatto);
-    return fatto;
-  };
   aggiungi_ = bottone("&Aggiungi file…", [this] { sfoglia(); });
-  bottone("Aggiungi cart&ella…", [this] {
-    sfogliaCartella();
-  })->setToolTip(QStringLiteral("Tutte le fatture elettroniche della cartella e di quelle che contiene"));
+  QPushButton* const cartella = bottone(
+      "Aggiungi cart&ella…", [this] { sfogliaCartella(); },
+      "Tutte le fatture elettroniche della cartella e di quelle che contiene");
   togli_ = bottone("&Togli", [this] { togli(); });
+  modello_ = bottone(
+      "&Modello vuoto…", [this] { scriviModello(); },
+      "Scrive una tabella da riempire, con una riga d'esempio");
+  for (QPushButton* uno : {aggiungi_, cartella, togli_}) riga->addWidget(uno);
   riga->addStretch(1);
-  modello_ = bottone("&Modello vuoto…", [this] { scriviModello(); });
-  modello_->setToolTip(QStringLiteral("Scrive una tabella da riempire, con una riga d'esempio"));
-  colonna.addLayout(riga);
+  riga->addWidget(modello_);
+  colonna().addLayout(riga);
 }
 
 QWidget* PaginaSorgente::primo() { return stato().file().empty() ? aggiungi_ : static_cast<QWidget*>(file_); }
@@ -205,10 +198,8 @@ void PaginaSorgente::mostraDatabase() {
 }
 
 void PaginaSorgente::mostra() {
-  const auto prima = file_->corrente();
   mostrati_ = stato().file();
-  file_->mostra(mostrati_.size());
-  file_->scegli(prima);
+  file_->rimostra(mostrati_.size());
   togli_->setEnabled(!stato().file().empty());
   modello_->setEnabled(!stato().fatture());
   dati_->metti(stato().fatture() ? std::nullopt : std::optional(stato().elenco()));

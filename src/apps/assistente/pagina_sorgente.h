@@ -2,14 +2,7 @@
 
 #include "apps/assistente/pagina.h"
 
-class QPushButton;
 class QSpinBox;
-class QVBoxLayout;
-
-namespace cu::strumenti {
-class Frase;
-class Tabella;
-}  // namespace cu::strumenti
 
 namespace cu::assistente {
 
@@ -23,8 +16,9 @@ class PaginaSorgente : public Pagina {
   std::function<void()> aggiungiTabelle;
 
  private:
-  void componiScelte(QVBoxLayout& colonna);
-  void componiFile(QVBoxLayout& colonna);
+  void componiScelte();
+  void componiFile();
+  void chiediEstraneo();
   void mostraDatabase();
   void sfoglia();
   void sfogliaCartella();

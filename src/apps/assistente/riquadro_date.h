@@ -8,11 +8,6 @@
 #include "apps/importazione/documenti_mostrati.h"
 
 class QLineEdit;
-class QPushButton;
-
-namespace cu::strumenti {
-class Frase;
-}  // namespace cu::strumenti
 
 namespace cu::assistente {
 

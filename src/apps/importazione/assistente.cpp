@@ -251,6 +251,13 @@ void Assistente::decidi(std::span<const std::size_t> righe,
   scarta(Livello::Piano);
 }
 
+void Assistente::scegliPercipiente(std::span<const std::size_t> righe, std::int32_t idAnagrafica) {
+  decidi(righe, [&](intake::Decisione& decisione) {
+    decisione.idAnagrafica = idAnagrafica;
+    decisione.nuovoPercipiente = idAnagrafica == 0;
+  });
+}
+
 void Assistente::scegliDiversi(intake::SuDiversi diversi) {
   if (diversi == richiesta_.diversi) return;
   richiesta_.diversi = diversi;

@@ -123,6 +123,8 @@ class Assistente {
   std::shared_ptr<const std::vector<RigaMostrata>> righe() const { return righe_; }
   const intake::Decisione& decisione(std::size_t riga) const;
   void decidi(std::span<const std::size_t> righe, const std::function<void(intake::Decisione&)>& come);
+  // 0 for none of the candidates, but a new one.
+  void scegliPercipiente(std::span<const std::size_t> righe, std::int32_t idAnagrafica);
   intake::SuDiversi suDiversi() const { return richiesta_.diversi; }
   void scegliDiversi(intake::SuDiversi diversi);
   void accetta(intake::Codice codice, bool accettato);

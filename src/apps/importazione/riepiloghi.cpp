@@ -32,11 +32,6 @@ intake::PostoMessaggio postoDellaRiga(const Piano& piano, const RigaPiano& riga)
   return {lettura.file, lettura.foglio, lettura.righe[riga.posizione.riga].numero};
 }
 
-bool haMessaggio(const RigaPiano& riga, Codice codice) {
-  return std::any_of(riga.messaggi.begin(), riga.messaggi.end(),
-                     [&](const Messaggio& uno) { return uno.codice == codice; });
-}
-
 std::string chiaveLetta(const intake::RigaLetta& letta) {
   for (const ColonnaCompenso colonna :
        {ColonnaCompenso::CodicePercipiente, ColonnaCompenso::CodiceFiscale, ColonnaCompenso::PartitaIva}) {
@@ -46,9 +41,9 @@ std::string chiaveLetta(const intake::RigaLetta& letta) {
 }
 
 StatoSoggetto statoSenzaVoce(const RigaPiano& riga) {
-  if (haMessaggio(riga, Codice::P09)) return StatoSoggetto::DaScegliere;
-  if (haMessaggio(riga, Codice::P12)) return StatoSoggetto::Assente;
-  if (haMessaggio(riga, Codice::P10)) return StatoSoggetto::InConflitto;
+  if (haCodice(riga, Codice::P09)) return StatoSoggetto::DaScegliere;
+  if (haCodice(riga, Codice::P12)) return StatoSoggetto::Assente;
+  if (haCodice(riga, Codice::P10)) return StatoSoggetto::InConflitto;
   return StatoSoggetto::NonCercato;
 }
 
@@ -148,6 +143,11 @@ class RaccoltaSoggetti {
 };
 
 }  // namespace
+
+bool haCodice(const RigaPiano& riga, Codice codice) {
+  return std::any_of(riga.messaggi.begin(), riga.messaggi.end(),
+                     [&](const Messaggio& uno) { return uno.codice == codice; });
+}
 
 std::vector<SommaAnnoCausale> sommePerAnnoECausale(const Piano& piano) {
   std::map<std::pair<int, std::string>, SommaAnnoCausale> somme;

@@ -11,6 +11,8 @@
 // What a person looks at before an import: what a plan does, in sums.
 namespace cu {
 
+bool haCodice(const intake::RigaPiano& riga, intake::Codice codice);
+
 // The accounts of a reason in a year that a plan changes, together.
 struct SommaAnnoCausale {
   int anno = 0;

@@ -148,14 +148,19 @@ bool Finestra::conferma(const QString& testo, const QString& azione, const QStri
 
 QPushButton* Finestra::pulsante(const char* testo, const std::function<void()>& azione,
                                 const QKeySequence& tasto) {
-  auto* const fatto = new QPushButton(QString::fromUtf8(testo), this);
-  fatto->setAutoDefault(true);
-  connect(fatto, &QPushButton::clicked, this, azione);
+  auto* const fatto = nuovoPulsante(this, testo, azione);
   if (!tasto.isEmpty()) {
     auto* const scorciatoia = new QShortcut(tasto, this);
     connect(scorciatoia, &QShortcut::activated, fatto, &QPushButton::click);
     fatto->setToolTip(tasto.toString(QKeySequence::NativeText));
   }
+  return fatto;
+}
+
+QPushButton* nuovoPulsante(QWidget* parent, const char* testo, const std::function<void()>& azione) {
+  auto* const fatto = new QPushButton(QString::fromUtf8(testo), parent);
+  fatto->setAutoDefault(true);
+  QObject::connect(fatto, &QPushButton::clicked, parent, azione);
   return fatto;
 }
 

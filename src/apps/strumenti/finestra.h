@@ -66,6 +66,9 @@ class Finestra : public QWidget {
   QPointer<desktop::HelpWindow> aiuto_;
 };
 
+// A button whose Enter works, whatever has the default.
+QPushButton* nuovoPulsante(QWidget* parent, const char* testo, const std::function<void()>& azione);
+
 // The files that are dropped on a widget.
 void accettaFile(QWidget* widget, std::function<void(const QStringList& file)> ricevi);
 // A dialog of the windows: it keeps its size for the next time.

@@ -156,6 +156,12 @@ void Tabella::mostra(std::size_t righe, bool primaRiga) {
   }
 }
 
+void Tabella::rimostra(std::size_t righe) {
+  const auto prima = corrente();
+  mostra(righe);
+  if (prima) scegli(prima);
+}
+
 void Tabella::riapplicaFiltro() {
   const auto prima = corrente();
   zitta_ = true;
@@ -189,6 +195,14 @@ void Tabella::scegli(std::optional<std::size_t> riga) {
   if (!dove.isValid()) return;
   setCurrentIndex(dove);
   scrollTo(dove);
+}
+
+std::vector<std::size_t> Tabella::evidenziate() const {
+  std::vector<std::size_t> righe;
+  for (const QModelIndex& una : selectionModel()->selectedRows())
+    righe.push_back(static_cast<std::size_t>(filtro_->mapToSource(una).row()));
+  std::sort(righe.begin(), righe.end());
+  return righe;
 }
 
 std::size_t Tabella::mostrate() const { return static_cast<std::size_t>(filtro_->rowCount()); }

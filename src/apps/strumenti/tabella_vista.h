@@ -77,11 +77,15 @@ class Tabella : public QTableView {
   FiltroTabella& filtro() { return *filtro_; }
   // Shows other rows, and highlights the first one where `primaRiga`.
   void mostra(std::size_t righe, bool primaRiga = true);
+  // The same rows as they are now: the current one stays so where it is still shown.
+  void rimostra(std::size_t righe);
   // Applies the filter again. A highlighted row that is still shown stays so, otherwise the first one is.
   void riapplicaFiltro();
   // The current row of the model.
   std::optional<std::size_t> corrente() const;
   void scegli(std::optional<std::size_t> riga);
+  // The highlighted rows of the model, in its order.
+  std::vector<std::size_t> evidenziate() const;
   std::size_t mostrate() const;
   // The row below becomes the current one, where there is one.
   void avanza();
