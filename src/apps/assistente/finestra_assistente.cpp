@@ -228,11 +228,19 @@ void FinestraAssistente::indietro() {
 }
 
 void FinestraAssistente::vaiAlPasso(int quale) {
-  if (lavora() || quale < 0 || static_cast<Passo>(quale) >= assistente_.passo()) {
+  const auto passo = static_cast<Passo>(quale);
+  const bool avanti = passo > assistente_.passo();
+  const bool puo = !lavora() && quale >= 0 && passo != assistente_.passo() &&
+                   (!avanti || (passo <= assistente_.raggiunto() && paginaDelPasso()->conclude()));
+  if (!puo || lavora()) {
     mostraPassi();
     return;
   }
-  assistente_.vai(static_cast<Passo>(quale));
+  if (avanti) {
+    meta_ = passo;
+  } else {
+    assistente_.vai(passo);
+  }
   arrivato_ = true;
   sospeso_ = false;
   risposta_->dici({});

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <array>
 #include <functional>
+#include <optional>
 
 #include "apps/importazione/assistente.h"
 #include "apps/strumenti/finestra.h"
@@ -67,8 +68,9 @@ class FinestraAssistente : public strumenti::Finestra {
   Profilo profilo_;
   Assistente assistente_;
   bool scrive_ = false;
-  bool arrivato_ = true;  // the focus goes to the page's first widget when it is shown
-  bool sospeso_ = false;  // what has to be worked out waits for the person
+  bool arrivato_ = true;       // the focus goes to the page's first widget when it is shown
+  bool sospeso_ = false;       // what has to be worked out waits for the person
+  std::optional<Passo> meta_;  // the step ahead that was chosen, as long as nothing stops the way to it
   QListWidget* passi_ = nullptr;
   strumenti::Frase* titolo_ = nullptr;
   QStackedWidget* pagine_ = nullptr;

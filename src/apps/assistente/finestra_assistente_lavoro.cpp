@@ -36,9 +36,15 @@ void FinestraAssistente::prosegui() {
     // What the trial tries can be looked at meanwhile.
     if (assistente_.passo() == Passo::Prova && assistente_.piano() != nullptr) mostra();
     compi(*compito);
-  } else {
-    mostra();
+    return;
   }
+  if (meta_ && assistente_.passo() < *meta_ && !sospeso_ && assistente_.puoAvanzare()) {
+    assistente_.avanti();
+    prosegui();
+    return;
+  }
+  meta_.reset();
+  mostra();
 }
 
 bool FinestraAssistente::mostrata(const Pagina* pagina) const {
@@ -82,7 +88,8 @@ void FinestraAssistente::compi(const Assistente::Compito& compito) {
 // The step that could not be reached is left; what still has to be worked out waits.
 void FinestraAssistente::fallito(const QString& errore) {
   const bool scriveva = assistente_.passo() == Passo::Prova && assistente_.puoImportare();
-  if (!scriveva) assistente_.indietro();
+  meta_.reset();
+  if (!scriveva) assistente_.abbandona();
   sospeso_ = assistente_.daFare().has_value();
   arrivato_ = true;
   risposta_->dici(errore.isEmpty() ? QStringLiteral("Annullato: il database è rimasto com'era.") : QString());
@@ -108,17 +115,19 @@ void FinestraAssistente::mostraPassi() {
   for (int i = 0; i < passi_->count(); ++i) {
     const auto passo = static_cast<Passo>(i);
     if (assistente_.comprende(passo)) ++numero;
-    const QString segno = i < questo    ? QStringLiteral("✓ ")
+    const bool fatto = i != questo && (i < questo || passo < assistente_.raggiunto());
+    const QString segno = fatto         ? QStringLiteral("✓ ")
                           : i == questo ? QStringLiteral("▸ ")
                                         : QStringLiteral("   ");
     QListWidgetItem* const voce = passi_->item(i);
     const QString titolo = qs(titoloPasso(passo, assistente_.elenco(), assistente_.fatture()));
     voce->setText(QStringLiteral("%1%2  %3").arg(segno).arg(numero).arg(titolo));
-    const QString detto = i < questo    ? QStringLiteral("fatto")
+    const QString detto = fatto         ? QStringLiteral("fatto")
                           : i == questo ? QStringLiteral("questo")
                                         : QStringLiteral("da fare");
     voce->setData(Qt::AccessibleTextRole, QStringLiteral("%1, %2").arg(titolo, detto));
-    const bool raggiungibile = i == questo || (i < questo && assistente_.puoTornare());
+    const bool raggiungibile =
+        i == questo || (i < questo ? assistente_.puoTornare() : passo <= assistente_.raggiunto());
     voce->setFlags(raggiungibile ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags);
     passi_->setRowHidden(i, !assistente_.comprende(passo));
   }

@@ -104,6 +104,12 @@ void Assistente::avanti() {
   do {
     passo_ = static_cast<Passo>(static_cast<int>(passo_) + 1);
   } while (!comprende(passo_));
+  raggiunto_ = std::max(raggiunto_, passo_);
+}
+
+void Assistente::abbandona() {
+  indietro();
+  raggiunto_ = passo_;
 }
 
 Passo Assistente::precedente() const {
@@ -128,7 +134,9 @@ void Assistente::scarta(Livello livello) {
   }
   if (livello <= Livello::Letture) letture_.reset();
   if (livello <= Livello::Letture) ignorati_.clear();
-  if (livello == Livello::Tabelle) richiesta_.decisioni.clear();
+  if (livello != Livello::Tabelle) return;
+  richiesta_.decisioni.clear();
+  raggiunto_ = passo_;
 }
 
 void Assistente::ammettiEstraneo(bool ammesso) {
@@ -139,6 +147,7 @@ void Assistente::ammettiEstraneo(bool ammesso) {
 void Assistente::scegliAzienda(std::int32_t azienda) {
   if (azienda == ambiente_.azienda) return;
   ambiente_.azienda = azienda;
+  raggiunto_ = passo_;
   richiesta_.decisioni.clear();
   serbate_.clear();
   scarta(Livello::Piano);

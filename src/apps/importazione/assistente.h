@@ -62,6 +62,10 @@ class Assistente {
   bool puoTornare() const;
   void avanti();
   void indietro() { vai(precedente()); }
+  // The furthest step that was seen: what was chosen up to it is still there.
+  Passo raggiunto() const { return raggiunto_; }
+  // Leaves a step that could not be shown.
+  void abbandona();
   void vai(Passo passo);  // back to a step that was passed
   // What has to be worked out before the step at hand can be shown; nothing when it can.
   std::optional<Compito> daFare();
@@ -182,6 +186,7 @@ class Assistente {
 
   Ambiente ambiente_;
   Passo passo_ = Passo::Sorgente;
+  Passo raggiunto_ = Passo::Sorgente;
   std::uint64_t revisione_ = 0;
   std::optional<StatoDatabase> database_;
   intake::Elenco elenco_ = intake::Elenco::Compensi;

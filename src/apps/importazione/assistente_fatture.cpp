@@ -116,6 +116,7 @@ void Assistente::accogliFatture(intake::LettureFatture&& lette) {
   ignorati_ = std::move(lette.ignorati);
   if (letture_->empty()) {
     passo_ = Passo::Sorgente;
+    raggiunto_ = passo_;
     return;
   }
   usaProfiloFatture();
