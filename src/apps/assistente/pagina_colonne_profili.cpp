@@ -86,8 +86,8 @@ void PaginaColonne::salvaProfilo(const QString& percorso) {
 
 void PaginaColonne::ricordaProfilo() {
   try {
-    const std::string scritto = salvaMappa(stato().ambiente().cartellaMappe, stato().profilo(file()));
-    risposta_->dici(QStringLiteral("✓ I file con questi titoli verranno letti così: %1.").arg(qs(scritto)));
+    salvaMappa(stato().ambiente().cartellaMappe, stato().profilo(file()));
+    risposta_->dici(QStringLiteral("✓ Ricordato: i file con questi titoli verranno letti così da soli."));
   } catch (const std::exception& guasto) {
     mostraErrore(QString::fromUtf8(guasto.what()));
   }

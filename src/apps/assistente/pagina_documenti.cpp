@@ -181,7 +181,7 @@ QString PaginaDocumenti::dettiDocumenti() const {
   testo += u'.' + dettiIgnorati();
   if (!stato().notaProfilo().empty()) testo += QStringLiteral("\n⚠ ") + qs(stato().notaProfilo());
   if (!stato().profiloFatture().empty())
-    testo += QStringLiteral("\nCausali dal profilo %1.").arg(qs(stato().profiloFatture()));
+    testo += QStringLiteral("\nLe causali ricordate per questa azienda sono già messe.");
   return testo;
 }
 
@@ -279,7 +279,9 @@ void PaginaDocumenti::usaCausale() {
 
 void PaginaDocumenti::ricorda() {
   try {
-    risposta_->dici(QStringLiteral("✓ Le causali sono nel profilo %1.").arg(qs(stato().ricordaCausali())));
+    stato().ricordaCausali();
+    risposta_->dici(QStringLiteral(
+        "✓ Ricordate: le causali scelte valgono anche per le prossime fatture di questa azienda."));
   } catch (const std::exception& guasto) {
     mostraErrore(QString::fromUtf8(guasto.what()));
   }

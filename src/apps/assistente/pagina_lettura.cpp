@@ -1,5 +1,6 @@
 #include "apps/assistente/pagina_lettura.h"
 
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -153,7 +154,8 @@ QString PaginaLettura::dettaLettura(const FileScelto& file) const {
     testo +=
         QStringLiteral(", %1 nascoste nel foglio").arg(strumenti::conteggio(file.tabella->righeNascoste));
   }
-  if (!file.profilo.empty()) testo += QStringLiteral("; letto con il profilo %1").arg(qs(file.profilo));
+  if (!file.profilo.empty())
+    testo += QStringLiteral("; letto con il profilo %1").arg(QFileInfo(qs(file.profilo)).fileName());
   const std::size_t simili = stato().quantiSimili(static_cast<std::size_t>(file_->currentIndex()));
   if (simili > 1) testo += QStringLiteral("; %1 file hanno gli stessi titoli").arg(simili);
   return testo + u'.';
