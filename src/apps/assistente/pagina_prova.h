@@ -29,6 +29,7 @@ class PaginaProva : public Pagina {
   QWidget* conti();
   QWidget* mancanti();
   QString dettaProva() const;
+  QString dateProposte() const;
   void mostraAvvisi();
   void titoliSchede();
   QString cartellaSalvati(std::size_t file) const;

@@ -6,6 +6,7 @@
 #include <QTabWidget>
 
 #include "apps/assistente/pagina_prova.h"
+#include "apps/importazione/documenti_mostrati.h"
 #include "apps/importazione/righe_errate.h"
 #include "apps/strumenti/frase.h"
 #include "apps/strumenti/tabella_vista.h"
@@ -26,6 +27,16 @@ QString dettoAvviso(const AvvisiDiCodice& avvisi) {
 
 }  // namespace
 
+// A payment whose date nobody has said is written like the others.
+QString PaginaProva::dateProposte() const {
+  std::size_t proposte = 0;
+  for (const SommaAnno& una : sommePerAnno(*piano_)) proposte += una.proposti;
+  if (proposte == 0) return {};
+  return QStringLiteral(
+             "\n≈ %1 la data del documento, che è solo proposta: le date si cambiano nel passo Compensi.\n")
+      .arg(quante(proposte, "compenso ha", "compensi hanno"));
+}
+
 // What stops the import, or that nothing does.
 QString PaginaProva::dettaProva() const {
   const auto di = [this](StatoRiga quale) { return piano_->quante(quale); };
@@ -36,6 +47,7 @@ QString PaginaProva::dettaProva() const {
     for (const std::string& uno : generali_) testo += QStringLiteral("\n") + qs(uno);
     if (!generali_.empty()) testo += u'\n';
   }
+  testo += dateProposte();
   if (stato().prova() && !stato().prova()->rifiuti.empty())
     return testo + qs(stato().prova()->rifiuti.front());
   QStringList mancano;
