@@ -73,7 +73,7 @@ std::string unitoDa(const std::vector<Messaggio>& messaggi) {
   std::string testo;
   for (const Messaggio& uno : messaggi) {
     if (!testo.empty()) testo += "; ";
-    testo += perLaFinestra(uno.testo) + " (" + std::string(intake::voce(uno.codice).sigla) + ")";
+    testo += testoMostrato(uno) + " (" + std::string(intake::voce(uno.codice).sigla) + ")";
   }
   return testo;
 }
@@ -92,15 +92,20 @@ void mettiImporti(DocumentoMostrato& mostrato, const fatture::ImportiFattura& im
 }
 
 // What the plan has planned of it, what was chosen of its proposals, or the only one.
-void importiDelDocumento(DocumentoMostrato& mostrato, const Piano& piano, const RigaPiano& riga,
-                         const intake::RigaFattura& accanto) {
+template <class F>
+void conImporti(const Piano& piano, const RigaPiano& riga, const intake::RigaFattura& accanto, F&& fa) {
   const intake::Decisione& presa = presaPer(piano, riga);
-  if (riga.voce != intake::kSenzaVoce) return mettiImporti(mostrato, piano.compensi[riga.voce].dopo.importi);
-  if (presa.importi) return mettiImporti(mostrato, *presa.importi);
+  if (riga.voce != intake::kSenzaVoce) return fa(piano.compensi[riga.voce].dopo.importi);
+  if (presa.importi) return fa(*presa.importi);
   const std::size_t quale = presa.proposta.value_or(0);
   const bool certi = accanto.decisa || presa.proposta;
-  if (certi && quale < accanto.proposte.size()) mettiImporti(mostrato, accanto.proposte[quale].importi);
+  if (certi && quale < accanto.proposte.size()) fa(accanto.proposte[quale].importi);
 }
+
+Decimal onorarioDi(const schede::Importi& importi) {
+  return importi[schede::posto(schede::Importo::Onorario)];
+}
+Decimal onorarioDi(const fatture::ImportiFattura& importi) { return importi.onorario; }
 
 std::string causaleScritta(const Piano& piano, const RigaPiano& riga) {
   const std::string_view nome = intake::colonna(intake::ColonnaCompenso::Causale).nome;
@@ -162,7 +167,7 @@ DocumentoMostrato mostra(const Piano& piano, std::size_t quale) {
   mostrato.stato = statoDi(piano, riga, accanto);
   mostrato.causale = causaleDi(piano, riga);
   if (mostrato.stato == Stato::Letto || mostrato.stato == Stato::SenzaCausale)
-    importiDelDocumento(mostrato, piano, riga, accanto);
+    conImporti(piano, riga, accanto, [&](const auto& importi) { mettiImporti(mostrato, importi); });
   mostrato.spiegazioni = riga.spiegazioni;
   if (!accanto.decisa) {
     for (const fatture::Candidato& una : accanto.proposte) mostrato.proposte.push_back(una.spiegazione);
@@ -175,6 +180,17 @@ DocumentoMostrato mostra(const Piano& piano, std::size_t quale) {
   return mostrato;
 }
 
+// A flat-rate payee of these years, or a payment outside the year that is imported.
+bool esclusaPerLaData(const Piano& piano, const RigaPiano& riga) {
+  const bool delPiano = !riga.esclusa.empty() && piano.letta(riga).esclusa.empty();
+  return (delPiano && !presaPer(piano, riga).esclusa) || haCodice(riga, Codice::R05);
+}
+
+bool conPagamento(const Piano& piano, const RigaPiano& riga, bool datato) {
+  if (riga.stato == StatoRiga::Escluso) return esclusaPerLaData(piano, riga);
+  return riga.stato != StatoRiga::Errore || datato;
+}
+
 }  // namespace
 
 const intake::DocumentoLetto* documentoDellaRiga(const Piano& piano, const RigaPiano& riga) {
@@ -182,6 +198,21 @@ const intake::DocumentoLetto* documentoDellaRiga(const Piano& piano, const RigaP
   if (accanto == nullptr) return nullptr;
   const auto& documenti = fattureDi(piano, riga)->documenti;
   return accanto->documento < documenti.size() ? &documenti[accanto->documento] : nullptr;
+}
+
+std::optional<Decimal> onorarioDelDocumento(const Piano& piano, const RigaPiano& riga) {
+  std::optional<Decimal> onorario;
+  if (const intake::RigaFattura* const accanto = accantoA(piano, riga))
+    conImporti(piano, riga, *accanto, [&](const auto& importi) { onorario = onorarioDi(importi); });
+  return onorario;
+}
+
+std::string testoMostrato(const Messaggio& messaggio) {
+  std::string testo = perLaFinestra(messaggio.testo);
+  const bool scelta = messaggio.codice == Codice::R02 && messaggio.gravita == intake::Gravita::Informazione;
+  if (const std::size_t proposte = testo.find("; possibile: "); scelta && proposte != std::string::npos)
+    testo.resize(proposte);
+  return testo;
 }
 
 std::string chiaveCedente(const Piano& piano, const RigaPiano& riga) {
@@ -248,6 +279,8 @@ std::vector<PagamentoMostrato> pagamentiMostrati(const Piano& piano) {
       suo.origine = Origine::Proposta;
     }
     if (suo.giorno == Date()) suo.origine = Origine::Manca;
+    suo.scrivibile = conPagamento(piano, riga, suo.giorno != Date());
+    if (!suo.scrivibile) continue;
     constexpr int kDicembre = 12;
     suo.indietro = suo.giorno != Date() && suo.giorno.month() == kDicembre;
     suo.avanti = suo.giorno != Date() && suo.giorno.month() == 1;

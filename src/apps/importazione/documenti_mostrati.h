@@ -42,6 +42,12 @@ std::vector<DocumentoMostrato> documentiMostrati(const intake::Piano& piano);
 // "? da scegliere": a sign and a word.
 std::string detto(DocumentoMostrato::Stato stato);
 
+// Of a row of an invoice, as far as its amounts are certain: of several proposals none is until one is
+// chosen.
+std::optional<Decimal> onorarioDelDocumento(const intake::Piano& piano, const intake::RigaPiano& riga);
+// What a message says of a row, where a person has chosen among the proposals that it names without them.
+std::string testoMostrato(const intake::Messaggio& messaggio);
+
 // When a payment of an invoice was made, as far as it is known.
 struct PagamentoMostrato {
   enum class Origine : std::uint8_t { Manca, Proposta, Data };
@@ -49,6 +55,9 @@ struct PagamentoMostrato {
   Date giorno;            // day 0 for none
   bool avanti = false;    // January: the document may be of the year before, and so the tax
   bool indietro = false;  // December: the payment may have been made in the next year
+  // Whether the row takes a date: one that is left out for another reason than its date is no payment, and
+  // one with errors and without any date would not be imported by it.
+  bool scrivibile = true;
 };
 // Of each row of the plan.
 std::vector<PagamentoMostrato> pagamentiMostrati(const intake::Piano& piano);

@@ -70,7 +70,7 @@ class RaccoltaSoggetti {
     SoggettoPiano& suo = diChiave({kConVoce, std::to_string(compenso.idAnagrafica)});
     suo.stato = StatoSoggetto::Trovato;
     suo.righe.push_back(quale);
-    suo.onorari = suo.onorari + compenso.importi[schede::posto(schede::Importo::Onorario)];
+    somma(suo, compenso.importi[schede::posto(schede::Importo::Onorario)]);
     const auto noto = perId_.find(compenso.idAnagrafica);
     if (noto == perId_.end() || !suo.chiave.empty()) return;
     suo.chiave = noto->second->codice;
@@ -101,7 +101,11 @@ class RaccoltaSoggetti {
     suo.candidati = riga.candidati;
     suo.righe.push_back(quale);
     const CellView onorario = piano_.letta(riga).valore(ColonnaCompenso::Onorario);
-    if (!onorario.isNull()) suo.onorari = suo.onorari + onorario.decimal();
+    if (documento != nullptr) {
+      somma(suo, onorarioDelDocumento(piano_, riga));
+    } else if (!onorario.isNull()) {
+      somma(suo, onorario.decimal());
+    }
   }
 
   // Of an invoice: it is written with its first payment.
@@ -113,9 +117,7 @@ class RaccoltaSoggetti {
     const schede::SchedaPercipiente& scheda = piano_.percipienti[riga.percipienteNuovo].dopo;
     suo.chiave = scheda.codice;
     suo.nome = nominativo(scheda.anagrafica);
-    if (riga.voce == intake::kSenzaVoce) return;
-    suo.onorari =
-        suo.onorari + piano_.compensi[riga.voce].dopo.importi[schede::posto(schede::Importo::Onorario)];
+    somma(suo, onorarioDelDocumento(piano_, riga));
   }
 
   std::vector<SoggettoPiano> presi() {
@@ -129,6 +131,9 @@ class RaccoltaSoggetti {
  private:
   static constexpr int kConVoce = -1;
   static constexpr int kNuovo = -2;
+  static void somma(SoggettoPiano& suo, std::optional<Decimal> onorario) {
+    if (onorario) suo.onorari = suo.onorari.value_or(Decimal()) + *onorario;
+  }
   SoggettoPiano& diChiave(std::pair<int, std::string> chiave) {
     const auto [suo, nuovo] = posti_.try_emplace(std::move(chiave), soggetti_.size());
     if (nuovo) soggetti_.emplace_back();

@@ -48,7 +48,7 @@ struct SoggettoPiano {
   std::string chiave;              // its code, or what the file says
   std::string nome;                // "" where it is not known
   std::vector<std::size_t> righe;  // indices of the plan
-  Decimal onorari;
+  std::optional<Decimal> onorari;  // of the rows whose amounts are known
   std::vector<intake::Candidato> candidati;
 };
 // Those to be cleared first; none for other lists than payments.

@@ -4,7 +4,6 @@
 #include <array>
 
 #include "apps/importazione/documenti_mostrati.h"
-#include "apps/importazione/parole_finestra.h"
 
 namespace cu {
 namespace {
@@ -99,7 +98,7 @@ std::string messaggiUniti(const intake::Piano& piano, const intake::RigaPiano& r
   for (const intake::Messaggio& uno : riga.messaggi) {
     if (!testo.empty()) testo += "; ";
     if (!uno.colonna.empty()) testo += uno.colonna + ": ";
-    testo += perLaFinestra(uno.testo) + " (" + std::string(intake::voce(uno.codice).sigla) + ")";
+    testo += testoMostrato(uno) + " (" + std::string(intake::voce(uno.codice).sigla) + ")";
   }
   return testo;
 }

@@ -20,8 +20,10 @@ using intake::StatoRiga;
 using test::avanza;
 using test::finoAllaProva;
 using test::svolgi;
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 using Stato = DocumentoMostrato::Stato;
 
 const std::string kCartellaEsempio = CU_ESEMPIO;
@@ -130,6 +132,8 @@ TEST_F(AssistenteFatture, ADocumentThatDoesNotAddUpIsChosenByAPerson) {
   const DocumentoMostrato dopo = documento("00045");
   EXPECT_EQ(dopo.stato, Stato::Letto);
   EXPECT_EQ(dopo.scelta, 1U);
+  EXPECT_THAT(prima.messaggi, HasSubstr("possibile: "));
+  EXPECT_THAT(dopo.messaggi, AllOf(HasSubstr("(R02)"), Not(HasSubstr("possibile: "))));
   EXPECT_TRUE(dopo.lordo.has_value());
 }
 
@@ -257,6 +261,7 @@ TEST_F(AssistenteFatture, ASellerIsKnownBeforeTheDateOfPaymentIs) {
   const auto soggetti = soggettiDelPiano(*assistente.piano());
   ASSERT_EQ(soggetti.size(), 2U);
   EXPECT_EQ(soggetti[0].stato, SoggettoPiano::Stato::Nuovo);
+  EXPECT_EQ(soggetti[0].onorari, documento("00007").imponibile);
   EXPECT_EQ(soggetti[1].stato, SoggettoPiano::Stato::Trovato);
   EXPECT_EQ(soggetti[1].nome, "Rossi Marco");
   EXPECT_EQ(soggetti[1].righe.size(), 2U);
