@@ -50,6 +50,7 @@ PaginaRighe::PaginaRighe(QWidget* parent, Assistente& assistente, intake::Elenco
   colonna().addWidget(conteggi_);
   componiFiltri();
   componiTabella(elenco);
+  if (date_ != nullptr) colonna().addWidget(date_->anni());
   messaggi_ = new strumenti::Frase(this);
   colonna().addWidget(messaggi_);
   componiDecisioni();
@@ -143,11 +144,7 @@ strumenti::Colonna PaginaRighe::colonnaPagamento() {
           .titolo = "Pagamento",
           .testo =
               [this](std::size_t q) {
-                const intake::RigaPiano& riga = piano().righe[q];
-                // What is left out for its date has one; other rows that are left out are no payments.
-                const bool perLaData = !riga.esclusa.empty() || haCodice(riga, intake::Codice::R05);
-                const bool altro = riga.stato == StatoRiga::Escluso && !perLaData;
-                return altro ? QString() : dettoPagamento(pagamenti_[q]);
+                return pagamenti_[q].scrivibile ? dettoPagamento(pagamenti_[q]) : QString();
               },
           .ordine = [this](std::size_t q) { return qs(pagamenti_[q].giorno.toIso()); },
           .scrivi = [this](std::size_t q, const QString& testo) { scriviPagamento(q, testo); },
@@ -155,25 +152,31 @@ strumenti::Colonna PaginaRighe::colonnaPagamento() {
               [this](std::size_t q) {
                 const Date giorno = pagamenti_[q].giorno;
                 return giorno == Date() ? QString() : qs(giorno.toItalian());
-              }};
+              },
+          .scrivibile = [this](std::size_t q) { return pagamenti_[q].scrivibile; }};
 }
 
 // An emptied cell gives the date back to where dates come from. The plan is made anew once the editor of the
-// cell has closed.
+// cell has closed; what is no date is corrected in the cell.
 void PaginaRighe::scriviPagamento(std::size_t riga, const QString& testo) {
   const QString netto = testo.trimmed();
   std::optional<Date> giorno;
+  daPrendere_ = true;
   if (!netto.isEmpty()) {
     giorno = giornoScritto(netto.toStdString(), stato().ambiente().oggi.year() + 1);
     if (!giorno) {
-      QTimer::singleShot(0, this, [this, netto] {
+      QTimer::singleShot(0, this, [this, riga, netto] {
+        daPrendere_ = false;
+        if (!isVisible()) return;
         mostraErrore(
             QStringLiteral("«%1» non è una data: si scrive giorno, mese e anno, come 20/3/2017.").arg(netto));
+        if (attuale()) tabella_->riscrivi(riga, netto);
       });
       return;
     }
   }
   QTimer::singleShot(0, this, [this, riga, giorno] {
+    daPrendere_ = false;
     if (!attuale()) return;
     const std::vector<std::size_t> quali{riga};
     tabella_->avanza();
@@ -215,7 +218,11 @@ void PaginaRighe::componiDecisioni() {
   colonna().addLayout(riga);
 }
 
-bool PaginaRighe::conclude() { return date_ == nullptr || date_->conclude(); }
+// A date that is still open in its cell has the rows shown with it first.
+bool PaginaRighe::conclude() {
+  tabella_->concludi();
+  return !daPrendere_ && (date_ == nullptr || date_->conclude());
+}
 
 const intake::RigaPiano* PaginaRighe::corrente() const {
   const auto quale = tabella_->corrente();

@@ -41,6 +41,7 @@ class PaginaRighe : public PaginaPiano {
 
   bool fatture_ = false;
   RiquadroDate* date_ = nullptr;  // of invoices
+  bool daPrendere_ = false;       // a date was written, and is taken once its cell has closed
   std::vector<PagamentoMostrato> pagamenti_;
   std::shared_ptr<const std::vector<RigaMostrata>> righe_;
   std::optional<intake::StatoRiga> filtro_;

@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include "apps/strumenti/conteggi.h"
 #include "apps/strumenti/frase.h"
@@ -48,10 +47,9 @@ RiquadroDate::RiquadroDate(QWidget* parent, Assistente& assistente)
                                          {"lo stesso giorno per tutte", FontePagamento::Giorno}})),
       giorno_(new QLineEdit(this)),
       tavola_(new QPushButton(QStringLiteral("&File delle date…"), this)),
-      anni_(new strumenti::Frase(this)) {
-  auto* const colonna = new QVBoxLayout(this);
-  colonna->setContentsMargins(0, 0, 0, 0);
-  auto* const riga = new QHBoxLayout;
+      anni_(new strumenti::Frase(parent)) {
+  auto* const riga = new QHBoxLayout(this);
+  riga->setContentsMargins(0, 0, 0, 0);
   giorno_->setAccessibleName(QStringLiteral("Giorno del pagamento"));
   giorno_->setPlaceholderText(QStringLiteral("gg/mm/aaaa"));
   giorno_->setMaximumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) + 40);
@@ -63,12 +61,12 @@ RiquadroDate::RiquadroDate(QWidget* parent, Assistente& assistente)
   riga->addWidget(giorno_);
   riga->addWidget(tavola_);
   riga->addStretch(1);
-  colonna->addLayout(riga);
-  colonna->addWidget(anni_);
   fonte_->scelto = [this](FontePagamento fonte) { scelta(fonte); };
   connect(tavola_, &QPushButton::clicked, this, [this] { scegliTavola(); });
   connect(giorno_, &QLineEdit::editingFinished, this, [this] { scriviGiorno(); });
 }
+
+QWidget* RiquadroDate::anni() const { return anni_; }
 
 // A day and a file are asked for beside the list: the arrow keys pass through its entries.
 void RiquadroDate::scelta(FontePagamento fonte) {
@@ -129,6 +127,7 @@ bool RiquadroDate::scriviGiorno() {
       errore(QStringLiteral("«%1» non è una data: si scrive giorno, mese e anno.").arg(giorno_->text()));
     return false;
   }
+  giorno_->setText(qs(giorno->toItalian()));
   assistente_.scegliDate(FontePagamento::Giorno, *giorno);
   if (cambiata) cambiata();
   return true;

@@ -11,13 +11,15 @@ class QLineEdit;
 
 namespace cu::assistente {
 
-// Where the dates of payment of invoices come from, and what they amount to by year.
+// Where the dates of payment of invoices come from. What they amount to by year is a sentence of its own,
+// which grows with the dates: below the rows it does not move them.
 class RiquadroDate : public QWidget {
  public:
   RiquadroDate(QWidget* parent, Assistente& assistente);
   void mostra();
   // Takes a day that is still being written; false where that is none, which is reported.
   bool conclude();
+  QWidget* anni() const;
   // As the button does, once the file is chosen.
   void usaTavola(const QString& percorso);
 

@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <algorithm>
@@ -82,8 +83,10 @@ QVariant ModelloTabella::headerData(int section, Qt::Orientation orientation, in
 
 Qt::ItemFlags ModelloTabella::flags(const QModelIndex& index) const {
   const Qt::ItemFlags solite = QAbstractTableModel::flags(index);
+  if (!index.isValid()) return solite;
+  const Colonna& colonna = colonne_[static_cast<std::size_t>(index.column())];
   const bool scrivibile =
-      index.isValid() && colonne_[static_cast<std::size_t>(index.column())].scrivi != nullptr;
+      colonna.scrivi && (!colonna.scrivibile || colonna.scrivibile(static_cast<std::size_t>(index.row())));
   return scrivibile ? solite | Qt::ItemIsEditable : solite;
 }
 
@@ -158,8 +161,13 @@ void Tabella::mostra(std::size_t righe, bool primaRiga) {
 
 void Tabella::rimostra(std::size_t righe) {
   const auto prima = corrente();
+  const int altezza = verticalScrollBar()->value();
+  const int lato = horizontalScrollBar()->value();
   mostra(righe);
+  executeDelayedItemsLayout();
+  verticalScrollBar()->setValue(altezza);
   if (prima) scegli(prima);
+  horizontalScrollBar()->setValue(lato);
 }
 
 void Tabella::riapplicaFiltro() {
@@ -231,21 +239,49 @@ void Tabella::keyPressEvent(QKeyEvent* event) {
   QTableView::keyPressEvent(event);
 }
 
-// A digit begins the writing of the row's cell that can be written, wherever in the row the person is.
-bool Tabella::scriviQui(QKeyEvent* event) {
-  const QString testo = event->text();
-  if (testo.isEmpty() || !testo.front().isDigit() || !currentIndex().isValid()) return false;
+int Tabella::scritta() const {
   const auto& colonne = modello_->colonne();
   const auto sua =
       std::find_if(colonne.begin(), colonne.end(), [](const Colonna& una) { return una.scrivi != nullptr; });
-  if (sua == colonne.end()) return false;
-  return edit(currentIndex().siblingAtColumn(static_cast<int>(sua - colonne.begin())),
-              QAbstractItemView::AnyKeyPressed, event);
+  return sua == colonne.end() ? -1 : static_cast<int>(sua - colonne.begin());
+}
+
+// A digit begins the writing of the row's cell that can be written, wherever in the row the person is. In a
+// row that cannot be written it does nothing: the rows are not searched for it.
+bool Tabella::scriviQui(QKeyEvent* event) {
+  const QString testo = event->text();
+  if (testo.isEmpty() || !testo.front().isDigit() || !currentIndex().isValid() || scritta() < 0) return false;
+  edit(currentIndex().siblingAtColumn(scritta()), QAbstractItemView::AnyKeyPressed, event);
+  return true;
 }
 
 void Tabella::avanza() {
-  const QModelIndex sotto = currentIndex().siblingAtRow(currentIndex().row() + 1);
-  if (sotto.isValid()) setCurrentIndex(sotto);
+  const int colonna = scritta() < 0 ? currentIndex().column() : scritta();
+  for (int riga = currentIndex().row() + 1; riga < filtro_->rowCount(); ++riga) {
+    const bool scrivibile = filtro_->index(riga, colonna).flags().testFlag(Qt::ItemIsEditable);
+    if (scritta() >= 0 && !scrivibile) continue;
+    setCurrentIndex(filtro_->index(riga, currentIndex().column()));
+    return;
+  }
+}
+
+void Tabella::riscrivi(std::size_t riga, const QString& testo) {
+  const QModelIndex dove = filtro_->mapFromSource(modello_->index(static_cast<int>(riga), scritta()));
+  if (!dove.isValid()) return;
+  setCurrentIndex(dove);
+  edit(dove);
+  auto* const casella = qobject_cast<QLineEdit*>(indexWidget(dove));
+  if (casella == nullptr) return;
+  casella->setText(testo);
+  casella->selectAll();
+}
+
+void Tabella::concludi() {
+  if (state() != QAbstractItemView::EditingState || scritta() < 0) return;
+  QWidget* const casella = indexWidget(currentIndex().siblingAtColumn(scritta()));
+  if (casella == nullptr) return;
+  commitData(casella);
+  closeEditor(casella, QAbstractItemDelegate::NoHint);
 }
 
 void Tabella::showEvent(QShowEvent* event) {

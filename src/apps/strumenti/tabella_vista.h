@@ -28,6 +28,7 @@ struct Colonna {
   // What a person writes into a cell, and where the editor begins; a column without is only read.
   std::function<void(std::size_t riga, const QString& testo)> scrivi = {};
   Testo daScrivere = {};
+  std::function<bool(std::size_t riga)> scrivibile = {};  // every row where it is empty
 };
 
 // Reads each cell when it is shown.
@@ -87,8 +88,12 @@ class Tabella : public QTableView {
   // The highlighted rows of the model, in its order.
   std::vector<std::size_t> evidenziate() const;
   std::size_t mostrate() const;
-  // The row below becomes the current one, where there is one.
+  // The next row below that can be written becomes the current one, where there is one.
   void avanza();
+  // Opens the cell of a row that can be written, with the text; it is corrected there.
+  void riscrivi(std::size_t riga, const QString& testo);
+  // Takes what is being written in a cell.
+  void concludi();
 
   // The current row has changed, or the rows themselves.
   std::function<void(std::optional<std::size_t> riga)> scelta;
@@ -105,6 +110,8 @@ class Tabella : public QTableView {
   void larghezze();
   void larghezzaUltima();
   int larghezzaDi(int colonna) const;
+  // The column that can be written; -1 for none.
+  int scritta() const;
   bool scriviQui(QKeyEvent* event);
   void copia();
 

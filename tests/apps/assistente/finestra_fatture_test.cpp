@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
 
@@ -27,6 +28,28 @@ class FinestraFatture : public testing::Test {
   }
   static QString esempio(const char* resto) {
     return QStringLiteral(CU_ESEMPIO "/fatture/") + QString::fromUtf8(resto);
+  }
+  // Begins with a digit, as a person does, and ends with Enter.
+  void scriviData(QTableView& righe, const char* testo) const {
+    righe.setFocus();
+    QTest::keyClick(&righe, Qt::Key_2);
+    auto* const scritta = righe.findChild<QLineEdit*>();
+    ASSERT_NE(scritta, nullptr) << "a digit begins the writing";
+    scritta->setText(QString::fromUtf8(testo));
+    QTest::keyClick(scritta, Qt::Key_Return);
+    QTest::qWait(20);
+  }
+  // Where a row is, for a click.
+  static int altezza(const QTableView& righe, int quale) {
+    return righe.viewport()
+        ->mapTo(righe.window(), righe.visualRect(righe.model()->index(quale, 0)).topLeft())
+        .y();
+  }
+  int rigaDi(const QTableView& vista, const char* titolo, const char* testo) const {
+    for (int i = 0; i < vista.model()->rowCount(); ++i) {
+      if (cella(vista, i, titolo) == QString::fromUtf8(testo)) return i;
+    }
+    return -1;
   }
   // The text of a row's cell by the heading of its column.
   static QString cella(const QTableView& vista, int riga, const char* titolo) {
@@ -57,13 +80,7 @@ TEST_F(FinestraFatture, WritesADateInTheTableAndImports) {
   auto* const righe = tabella("Righe da importare");
   ASSERT_NE(righe, nullptr);
   EXPECT_EQ(cella(*righe, 0, "Pagamento"), QStringLiteral("? manca"));
-  righe->setFocus();
-  QTest::keyClick(righe, Qt::Key_2);
-  auto* const scritta = righe->findChild<QLineEdit*>();
-  ASSERT_NE(scritta, nullptr) << "a digit begins the writing";
-  scritta->setText(QStringLiteral("28/12/2017"));
-  QTest::keyClick(scritta, Qt::Key_Return);
-  QTest::qWait(20);
+  scriviData(*righe, "28/12/2017");
   ASSERT_TRUE(banco.aspettaFerma());
   EXPECT_EQ(cella(*righe, 0, "Pagamento"), QStringLiteral("28/12/2017"));
   EXPECT_EQ(cella(*righe, 0, "Anno"), QStringLiteral("⚠ dicembre"));
@@ -71,6 +88,53 @@ TEST_F(FinestraFatture, WritesADateInTheTableAndImports) {
   banco.accettaTutto();
   EXPECT_TRUE(banco.premiAspetta("Importa"));
   EXPECT_EQ(banco.passo(), Passo::Esito);
+}
+
+TEST_F(FinestraFatture, KeepsAWrongDateInItsCellToBeCorrected) {
+  auto& finestra = apri(esempio("pronte/ITDMCNCL64S30F839G_00001.xml"));
+  banco.avanti(3);
+  auto* const righe = tabella("Righe da importare");
+  ASSERT_NE(righe, nullptr);
+  QString detto;
+  test::alProssimoDialogo([&](QWidget& dialogo) {
+    detto = dialogo.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))->text();
+    test::premi(dialogo, "OK");
+  });
+  scriviData(*righe, "31/02/2017");
+  EXPECT_TRUE(detto.contains(QStringLiteral("«31/02/2017» non è una data")));
+  auto* const ancora = righe->findChild<QLineEdit*>();
+  ASSERT_NE(ancora, nullptr) << "it is corrected where it was written";
+  EXPECT_EQ(ancora->text(), QStringLiteral("31/02/2017"));
+  ancora->setText(QStringLiteral("28/02/2017"));
+  finestra.avanti();
+  EXPECT_EQ(banco.passo(), Passo::Compensi) << "the date is shown first";
+  QTest::qWait(20);
+  ASSERT_TRUE(banco.aspettaFerma());
+  EXPECT_EQ(cella(*righe, 0, "Pagamento"), QStringLiteral("28/02/2017"));
+}
+
+TEST_F(FinestraFatture, GoesOnToTheNextPaymentThatLacksItsDateInPlace) {
+  apri(esempio("pronte"));
+  banco.avanti(3);
+  auto* const righe = tabella("Righe da importare");
+  ASSERT_NE(righe, nullptr);
+  const int esclusa = rigaDi(*righe, "Stato", "− escluso");
+  ASSERT_GT(esclusa, 0);
+  EXPECT_EQ(cella(*righe, esclusa, "Pagamento"), QString()) << "it is no payment";
+  ASSERT_EQ(cella(*righe, esclusa - 1, "Pagamento"), QStringLiteral("? manca"));
+  righe->setCurrentIndex(righe->model()->index(esclusa, 0));
+  QTest::keyClick(righe, Qt::Key_2);
+  EXPECT_EQ(righe->findChild<QLineEdit*>(), nullptr) << "nor does it take a date";
+  EXPECT_EQ(righe->currentIndex().row(), esclusa);
+  righe->setCurrentIndex(righe->model()->index(esclusa - 1, 0));
+  const int prima = altezza(*righe, esclusa - 1);
+  scriviData(*righe, "28/12/2017");
+  ASSERT_TRUE(banco.aspettaFerma());
+  QTest::qWait(20);
+  EXPECT_EQ(cella(*righe, esclusa - 1, "Pagamento"), QStringLiteral("28/12/2017"));
+  EXPECT_GT(righe->currentIndex().row(), esclusa);
+  EXPECT_EQ(cella(*righe, righe->currentIndex().row(), "Pagamento"), QStringLiteral("? manca"));
+  EXPECT_EQ(altezza(*righe, esclusa - 1), prima) << "the rows stay where they are";
 }
 
 TEST_F(FinestraFatture, ShowsProposedDatesAsProposals) {
@@ -84,6 +148,9 @@ TEST_F(FinestraFatture, ShowsProposedDatesAsProposals) {
   EXPECT_EQ(cella(*tabella("Righe da importare"), 0, "Pagamento"), QStringLiteral("≈ 20/03/2017 (proposta)"));
   EXPECT_TRUE(test::dice(finestra, "Pagati nel 2017: 1 compenso"));
   EXPECT_TRUE(test::dice(finestra, "con la data solo proposta"));
+  banco.avanti();
+  ASSERT_EQ(banco.passo(), Passo::Prova);
+  EXPECT_TRUE(test::dice(finestra, "1 compenso ha la data del documento, che è solo proposta"));
 }
 
 TEST_F(FinestraFatture, AsksForTheFileOfDatesAndForTheDayBesideTheList) {
@@ -106,9 +173,10 @@ TEST_F(FinestraFatture, AsksForTheFileOfDatesAndForTheDayBesideTheList) {
   auto* const giorno = banco.cerca<QLineEdit>("Giorno del pagamento");
   ASSERT_NE(giorno, nullptr);
   giorno->setFocus();
-  QTest::keyClicks(giorno, QStringLiteral("10/01/2018"));
+  QTest::keyClicks(giorno, QStringLiteral("10012018"));
   QTest::keyClick(giorno, Qt::Key_Return);
   ASSERT_TRUE(banco.aspettaFerma());
+  EXPECT_EQ(giorno->text(), QStringLiteral("10/01/2018"));
   EXPECT_EQ(cella(*tabella("Righe da importare"), 0, "Anno"), QStringLiteral("⚠ gennaio"));
 }
 
@@ -154,9 +222,49 @@ TEST_F(FinestraFatture, LetsAPersonChooseWhatADocumentMeans) {
   ASSERT_TRUE(banco.premiAspetta("Scegli"));
   EXPECT_EQ(cella(*documenti, 0, "Stato"), QStringLiteral("✓ letto"));
   EXPECT_EQ(documenti->window()->focusWidget(), documenti) << "the list is where the work goes on";
+  EXPECT_FALSE(test::dice(*documenti->window(), "possibile:")) << "it is chosen";
   banco.indietro();
   banco.avanti();
   EXPECT_EQ(cella(*documenti, 0, "Stato"), QStringLiteral("✓ letto"));
+}
+
+TEST_F(FinestraFatture, GoesBackToTheStepsThatWereSeen) {
+  auto& finestra = apri(esempio("pronte/ITDMCNCL64S30F839G_00001.xml"));
+  banco.avanti(3);
+  banco.indietro(3);
+  ASSERT_EQ(banco.passo(), Passo::Sorgente);
+  auto* const passi = banco.cerca<QListWidget>("Passi");
+  ASSERT_NE(passi, nullptr);
+  const auto vai = [&](Passo passo) {
+    passi->setCurrentRow(static_cast<int>(passo));
+    emit passi->itemActivated(passi->currentItem());
+    banco.aspettaFerma();
+  };
+  EXPECT_TRUE(passi->item(static_cast<int>(Passo::Percipienti))->text().startsWith(u'✓'));
+  vai(Passo::Compensi);
+  EXPECT_EQ(banco.passo(), Passo::Compensi);
+  vai(Passo::Prova);
+  EXPECT_EQ(banco.passo(), Passo::Compensi) << "it was not seen yet";
+  banco.indietro(3);
+  finestra.aggiungi({esempio("pronte/ITRSSMRC71C08L781I_00003.xml")});
+  ASSERT_TRUE(banco.aspettaFerma());
+  EXPECT_FALSE(passi->item(static_cast<int>(Passo::Percipienti))->text().startsWith(u'✓'))
+      << "other files are read anew";
+}
+
+TEST_F(FinestraFatture, EscapeStopsTheReading) {
+  auto& finestra = apri(esempio("pronte"));
+  finestra.avanti();
+  ASSERT_FALSE(finestra.ferma());
+  QTest::keyClick(&finestra, Qt::Key_Escape);
+  ASSERT_TRUE(banco.aspettaFerma());
+  EXPECT_TRUE(finestra.isVisible());
+  EXPECT_EQ(banco.passo(), Passo::Sorgente);
+  EXPECT_TRUE(test::dice(finestra, "Annullato: il database è rimasto com'era."));
+  EXPECT_FALSE(banco.cerca<QListWidget>("Passi")->item(static_cast<int>(Passo::Colonne))->flags() &
+               Qt::ItemIsEnabled);
+  banco.avanti();
+  EXPECT_EQ(banco.passo(), Passo::Colonne) << "it can be done again";
 }
 
 TEST_F(FinestraFatture, LeavesOutWhatCannotBeReadWhenAskedTo) {
