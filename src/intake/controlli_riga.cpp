@@ -198,8 +198,7 @@ void ControlliRiga::persona(RigaLetta& riga) {
   const bool dichiarata = riga.ha(PersonaFisica);
   const bool haCodice = formaCodice(codice) == FormaCodice::Persona;
   if (!dichiarata && !respinta(riga, rangoDi(PersonaFisica))) {
-    Campo& campo = campoDi(riga, rangoDi(PersonaFisica));
-    campo = {campo.colonna, StatoCampo::Dato, true, CellView::ofInteger(haCodice || riga.ha(Nome) ? 1 : 0)};
+    mettiCampo(riga, PersonaFisica, CellView::ofInteger(haCodice || riga.ha(Nome) ? 1 : 0), true);
   }
   const bool persona = riga.valore(PersonaFisica).flag();
   if (!haCodice) return;
@@ -230,10 +229,8 @@ void ControlliRiga::dividiNome(RigaLetta& riga, std::string_view codice) {
     ++possibili;
   }
   if (possibili != 1) return;
-  const std::uint8_t cognome = rangoDi(Cognome);
-  campoDi(riga, cognome) = {cognome, StatoCampo::Dato, true, CellView::ofText(insieme.substr(0, scelto))};
-  const std::uint8_t nome = rangoDi(Nome);
-  campoDi(riga, nome) = {nome, StatoCampo::Dato, true, CellView::ofText(insieme.substr(scelto + 1))};
+  mettiCampo(riga, Cognome, CellView::ofText(insieme.substr(0, scelto)), true);
+  mettiCampo(riga, Nome, CellView::ofText(insieme.substr(scelto + 1)), true);
 }
 
 void ControlliRiga::nascita(RigaLetta& riga, std::string_view codice) {
@@ -243,7 +240,7 @@ void ControlliRiga::nascita(RigaLetta& riga, std::string_view codice) {
   const std::string_view suo = dati->femmina ? "F" : "M";
   const CellView sesso = riga.valore(Sesso);
   if (sesso.isNull() && !respinta(riga, rangoDi(Sesso))) {
-    campoDi(riga, rangoDi(Sesso)) = {rangoDi(Sesso), StatoCampo::Dato, true, CellView::ofText(suo)};
+    mettiCampo(riga, Sesso, CellView::ofText(suo), true);
   } else if (!sesso.isNull() && sesso.text() != suo) {
     segnala(riga, Codice::P04, rangoDi(Sesso), "il sesso del codice fiscale è " + std::string(suo));
   }
@@ -255,8 +252,7 @@ void ControlliRiga::nascita(RigaLetta& riga, std::string_view codice) {
       return segnala(riga, Codice::P05, rangoDi(DataNascita),
                      "il codice fiscale non dà una data di nascita che esista");
     }
-    campoDi(riga, rangoDi(DataNascita)) = {rangoDi(DataNascita), StatoCampo::Dato, true,
-                                           CellView::ofDate(*nato)};
+    mettiCampo(riga, DataNascita, CellView::ofDate(*nato), true);
     return;
   }
   const Date giorno = data.date();

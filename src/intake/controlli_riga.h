@@ -41,6 +41,11 @@ class ControlliRiga {
 
 // The row's field of the column, which is added in its place where there is none.
 Campo& campoDi(RigaLetta& riga, std::uint8_t colonna);
+template <class C>
+void mettiCampo(RigaLetta& riga, C colonna, CellView valore, bool derivato = false) {
+  const auto rango = static_cast<std::uint8_t>(colonna);
+  campoDi(riga, rango) = {rango, StatoCampo::Dato, derivato, valore};
+}
 
 // Of a payment's kind of document; nullopt for an unknown one.
 std::optional<bool> eNotaDiCredito(std::string_view tipo);

@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "intake/controlli_riga.h"
 #include "intake/nazione_iso.h"
+#include "intake/parti_documento.h"
 #include "intake/testo_cella.h"
 
 namespace cu::intake {
@@ -15,7 +16,6 @@ namespace {
 using fatture::CompensoProposto;
 using fatture::EsitoFattura;
 using fatture::Fattura;
-using fatture::ImportiFattura;
 using fatture::Letto;
 using fatture::Soggetto;
 
@@ -84,32 +84,18 @@ class LetturaFile {
   }
 
  private:
-  template <class C>
-  static void metti(RigaLetta& riga, C colonna, CellView valore) {
-    const auto rango = static_cast<std::uint8_t>(colonna);
-    campoDi(riga, rango) = {rango, StatoCampo::Dato, false, valore};
-  }
-
   // A text of a document is as hostile as one of a table.
   template <class C>
   void testo(RigaLetta& riga, Lettura& sua, C colonna, std::string_view scritto) {
     std::string appoggio;
     const std::string_view netto = pulito(scritto, appoggio);
     if (netto.empty()) return;
-    const auto rango = static_cast<std::uint8_t>(colonna);
-    const auto segnala = [&](Codice codice, std::string che) {
-      riga.messaggi.push_back(messaggio(codice, std::move(che), sua.nomeColonna(rango)));
-    };
-    if (conControlli(netto)) return segnala(Codice::V10, "il testo ha caratteri di controllo");
-    if (netto.size() > kMassimoCaratteri && codePoints(netto) > kMassimoCaratteri) {
-      return segnala(Codice::V06, "il testo ha " + fromInteger(static_cast<std::int64_t>(codePoints(netto))) +
-                                      " caratteri, al più " + fromInteger(kMassimoCaratteri));
+    if (const auto difetto = difettoDelTesto(netto)) {
+      riga.messaggi.push_back(
+          messaggio(difetto->codice, difetto->testo, sua.nomeColonna(static_cast<std::uint8_t>(colonna))));
+      if (difetto->respinto) return;
     }
-    if (const std::string_view fuori = fuoriDa1252(netto); !fuori.empty()) {
-      segnala(Codice::V07,
-              "il carattere " + std::string(fuori) + " nel file telematico diventa un punto interrogativo");
-    }
-    metti(riga, colonna, lettura_.conserva(netto));
+    mettiCampo(riga, colonna, lettura_.conserva(netto));
   }
 
   RigaLetta& nuova(std::size_t documento, std::size_t numero) {
@@ -130,7 +116,6 @@ class LetturaFile {
     letto.fattura = fattura.numero;
     letto.data = fattura.data.value_or(Date());
     letto.forfettario = esito.forfettario;
-    letto.notaDiCredito = fattura.tipo == "TD04";
     letto.ritenutaAltrui = ritenutaAltrui(fattura);
     letto.cedente = std::move(fattura.cedente);
     letto.committente = std::move(fattura.committente);
@@ -167,7 +152,7 @@ class LetturaFile {
     testo(riga, lettura_, CodiceFiscale, letto.cedente.codiceFiscale);
     testo(riga, lettura_, PartitaIva, letto.cedente.partitaIva);
     testo(riga, lettura_, NumeroDocumento, letto.fattura);
-    if (letto.data != Date()) metti(riga, DataDocumento, CellView::ofDate(letto.data));
+    if (letto.data != Date()) mettiCampo(riga, DataDocumento, CellView::ofDate(letto.data));
   }
 
   void compenso(RigaLetta& riga, const CompensoProposto& proposto) {
@@ -184,7 +169,7 @@ class LetturaFile {
       if (riga.messaggi[i].codice == Codice::R02) ultimo = &riga.messaggi[i];
     }
     if (ultimo != nullptr) ultimo->testo += possibili(proposto);
-    if (!accanto.proposte.empty()) importi(riga, accanto.proposte.front().importi);
+    if (!accanto.proposte.empty()) mettiImporti(riga, importiDi(accanto.proposte.front().importi));
   }
 
   static std::string possibili(const CompensoProposto& proposto) {
@@ -193,20 +178,6 @@ class LetturaFile {
       testo += (i == 0 ? "; possibile: " : "; oppure: ") + proposto.candidati[i].spiegazione;
     }
     return testo;
-  }
-
-  static void importi(RigaLetta& riga, const ImportiFattura& importi) {
-    using enum ColonnaCompenso;
-    const auto dai = [&](ColonnaCompenso colonna, Decimal importo) {
-      if (!importo.isZero() || colonna == Onorario) metti(riga, colonna, CellView::ofDecimal(importo));
-    };
-    dai(Onorario, importi.onorario);
-    dai(QuotaNonSoggetta, importi.quotaNonSoggetta);
-    dai(SommeNonSoggette, importi.sommeNonSoggette);
-    dai(RitenutaAcconto, importi.ritenutaAcconto);
-    dai(RitenutaImposta, importi.ritenutaImposta);
-    dai(ContributoPrevidenziale, importi.contributoPrevidenziale);
-    dai(ContributoPercipiente, importi.contributoPercipiente);
   }
 
   RigaLetta percipiente(const DocumentoLetto& letto) {
@@ -245,8 +216,7 @@ class LetturaFile {
     const std::string_view catasto = catastoDiIso(dove.nazione);
     testo(riga, sua, Nazione, catasto.empty() ? std::string_view(dove.nazione) : catasto);
     if (!chi.stabileOrganizzazione) {
-      const auto rango = static_cast<std::uint8_t>(NonResidente);
-      campoDi(riga, rango) = {rango, StatoCampo::Dato, true, CellView::ofInteger(1)};
+      mettiCampo(riga, NonResidente, CellView::ofInteger(1), true);
     }
   }
 

@@ -26,7 +26,6 @@ struct DocumentoLetto {
   fatture::Soggetto cedente;
   fatture::Soggetto committente;
   bool forfettario = false;    // a seller in the flat-rate scheme without tax
-  bool notaDiCredito = false;  // TD04
   // RT01 on a firm, or RT02 on a person: "RT01"; "" where the tax is of the right kind or there is none.
   std::string ritenutaAltrui;
 };

@@ -1,6 +1,8 @@
 #include "intake/parti_documento.h"
 
 #include "base/text.h"
+#include "intake/controlli_riga.h"
+#include "intake/valori_scheda.h"
 
 namespace cu::intake {
 
@@ -19,6 +21,31 @@ std::string chiE(const fatture::Soggetto& chi) {
   const std::string& codice = chi.codiceFiscale.empty() ? chi.partitaIva : chi.codiceFiscale;
   const std::string nome = chi.nominativo();
   return nome.empty() ? codice : nome + (codice.empty() ? "" : ", " + codice);
+}
+
+schede::Importi importiDi(const fatture::ImportiFattura& importi) {
+  using enum schede::Importo;
+  schede::Importi suoi{};
+  suoi[posto(Onorario)] = importi.onorario;
+  suoi[posto(QuotaNonSoggetta)] = importi.quotaNonSoggetta;
+  suoi[posto(SommeNonSoggette)] = importi.sommeNonSoggette;
+  suoi[posto(RitenutaAcconto)] = importi.ritenutaAcconto;
+  suoi[posto(RitenutaImposta)] = importi.ritenutaImposta;
+  suoi[posto(ContributoPrevidenziale)] = importi.contributoPrevidenziale;
+  suoi[posto(ContributoPercipiente)] = importi.contributoPercipiente;
+  return suoi;
+}
+
+void mettiImporti(RigaLetta& riga, const schede::Importi& importi) {
+  for (std::size_t i = 0; i < kColonneImporti.size(); ++i) {
+    const ColonnaCompenso colonna = kColonneImporti[i];
+    if (!importi[i].isZero() || colonna == ColonnaCompenso::Onorario) {
+      mettiCampo(riga, colonna, CellView::ofDecimal(importi[i]));
+    } else {
+      std::erase_if(riga.campi,
+                    [&](const Campo& campo) { return campo.colonna == static_cast<std::uint8_t>(colonna); });
+    }
+  }
 }
 
 }  // namespace cu::intake

@@ -6,7 +6,6 @@
 #include "base/text.h"
 #include "intake/controlli_riga.h"
 #include "intake/parti_documento.h"
-#include "intake/valori_scheda.h"
 #include "schede/importi.h"
 
 namespace cu::intake {
@@ -14,30 +13,12 @@ namespace {
 
 constexpr int kUltimoAnnoForfettari = 2023;
 
-void mettiCampo(RigaLetta& riga, ColonnaCompenso colonna, CellView valore, bool derivato = false) {
-  const auto rango = static_cast<std::uint8_t>(colonna);
-  campoDi(riga, rango) = {rango, StatoCampo::Dato, derivato, valore};
-}
-
-schede::Importi importiDaFattura(const fatture::ImportiFattura& importi) {
-  using enum schede::Importo;
-  schede::Importi suoi{};
-  suoi[posto(Onorario)] = importi.onorario;
-  suoi[posto(QuotaNonSoggetta)] = importi.quotaNonSoggetta;
-  suoi[posto(SommeNonSoggette)] = importi.sommeNonSoggette;
-  suoi[posto(RitenutaAcconto)] = importi.ritenutaAcconto;
-  suoi[posto(RitenutaImposta)] = importi.ritenutaImposta;
-  suoi[posto(ContributoPrevidenziale)] = importi.contributoPrevidenziale;
-  suoi[posto(ContributoPercipiente)] = importi.contributoPercipiente;
-  return suoi;
-}
-
 }  // namespace
 
 std::vector<schede::Importi> importiProposti(const RigaFattura& riga) {
   std::vector<schede::Importi> tutti;
   tutti.reserve(riga.proposte.size());
-  for (const fatture::Candidato& una : riga.proposte) tutti.push_back(importiDaFattura(una.importi));
+  for (const fatture::Candidato& una : riga.proposte) tutti.push_back(importiDi(una.importi));
   return tutti;
 }
 
@@ -166,13 +147,8 @@ bool PianoFatture::scegliProposta(RigaInCorso& corso, const Documento& sua, Fatt
     return false;
   }
   const std::size_t quale = scelta && presa.proposta && !presa.importi ? *presa.proposta : 0;
-  const schede::Importi importi = presa.importi ? *presa.importi : importiDaFattura(proposte[quale].importi);
-  for (std::size_t i = 0; i < kColonneImporti.size(); ++i) {
-    const auto colonna = static_cast<std::uint8_t>(kColonneImporti[i]);
-    std::erase_if(pronta.letta.campi, [&](const Campo& campo) { return campo.colonna == colonna; });
-    if (!importi[i].isZero() || kColonneImporti[i] == Onorario)
-      mettiCampo(pronta.letta, kColonneImporti[i], CellView::ofDecimal(importi[i]));
-  }
+  const schede::Importi importi = presa.importi ? *presa.importi : importiDi(proposte[quale].importi);
+  mettiImporti(pronta.letta, importi);
   pronta.decisa = sua.accanto.decisa || scelta;
   std::vector<std::string>& detti = corso.riga().spiegazioni;
   if (presa.importi) {

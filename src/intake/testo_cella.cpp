@@ -6,6 +6,7 @@
 #include "base/ascii.h"
 #include "base/text.h"
 #include "base/windows1252.h"
+#include "intake/colonne.h"
 
 namespace cu::intake {
 namespace {
@@ -108,6 +109,22 @@ bool erroreDiFoglio(std::string_view testo) {
   const std::string grande = upperAscii(testo);
   return std::find(kErrori.begin(), kErrori.end(), grande) != kErrori.end() ||
          testo.find_first_not_of('#') == std::string_view::npos;
+}
+
+std::optional<DifettoTesto> difettoDelTesto(std::string_view testo) {
+  if (conControlli(testo)) return DifettoTesto{Codice::V10, "il testo ha caratteri di controllo", true};
+  if (testo.size() > kMassimoCaratteri && codePoints(testo) > kMassimoCaratteri) {
+    return DifettoTesto{Codice::V06,
+                        "il testo ha " + fromInteger(static_cast<std::int64_t>(codePoints(testo))) +
+                            " caratteri, al più " + fromInteger(kMassimoCaratteri),
+                        true};
+  }
+  if (const std::string_view fuori = fuoriDa1252(testo); !fuori.empty()) {
+    return DifettoTesto{
+        Codice::V07,
+        "il carattere " + std::string(fuori) + " nel file telematico diventa un punto interrogativo", false};
+  }
+  return std::nullopt;
 }
 
 std::string mostrato(std::string_view testo) {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "intake/messaggi.h"
 
 namespace cu::intake {
 
@@ -19,6 +22,14 @@ bool cifrePerse(std::string_view testo);
 
 // What a spreadsheet writes into a text file for an error: "#N/A", "#DIV/0!".
 bool erroreDiFoglio(std::string_view testo);
+
+// Why a text cannot be a field's value (V10, V06), or what becomes of it in the file (V07).
+struct DifettoTesto {
+  Codice codice;
+  std::string testo;
+  bool respinto;
+};
+std::optional<DifettoTesto> difettoDelTesto(std::string_view testo);
 
 // For a message: in one line, and shortened.
 std::string mostrato(std::string_view testo);

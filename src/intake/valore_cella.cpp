@@ -189,19 +189,9 @@ ValoreLetto LettoreCelle::testo(const ColonnaLetta& colonna, const Cella& cella,
             mostrato(scritto) + " è un numero di cui il foglio elettronico ha perso le cifre");
     return senzaValore();
   }
-  if (conControlli(scritto)) {
-    segnala(messaggi, colonna, Codice::V10, "il testo ha caratteri di controllo");
-    return senzaValore();
-  }
-  if (scritto.size() > kMassimoCaratteri && codePoints(scritto) > kMassimoCaratteri) {
-    segnala(messaggi, colonna, Codice::V06,
-            "il testo ha " + fromInteger(static_cast<std::int64_t>(codePoints(scritto))) +
-                " caratteri, al più " + fromInteger(kMassimoCaratteri));
-    return senzaValore();
-  }
-  if (const std::string_view fuori = fuoriDa1252(scritto); !fuori.empty()) {
-    segnala(messaggi, colonna, Codice::V07,
-            "il carattere " + std::string(fuori) + " nel file telematico diventa un punto interrogativo");
+  if (const auto difetto = difettoDelTesto(scritto)) {
+    segnala(messaggi, colonna, difetto->codice, difetto->testo);
+    if (difetto->respinto) return senzaValore();
   }
   const bool maiuscolo = colonna.colonna().tipo != TipoColonna::Testo;
   const std::string grande = maiuscolo ? upperAscii(scritto) : std::string();
