@@ -218,7 +218,8 @@ class Annullamento {
       const bool principale = riga.tabella == &schede::kCompenso || riga.tabella == &schede::kPercipiente ||
                               riga.tabella == &schede::kAzienda;
       if (riga.prima.empty()) {
-        if (principale && !riga.dopo.empty()) ++fatto_.tolti;
+        const bool accanto = riga.tabella == &schede::kPercipiente && lotto_.elenco == Elenco::Compensi;
+        if (principale && !riga.dopo.empty()) ++(accanto ? fatto_.percipienti : fatto_.tolti);
         continue;
       }
       altro = true;

@@ -17,6 +17,7 @@ struct RichiestaAnnulla {
 struct Annullato {
   Elenco elenco = Elenco::Compensi;  // what the batch wrote: companies, payees or payments
   std::size_t tolti = 0;             // of them, those removed
+  std::size_t percipienti = 0;       // payees removed beside payments: those that invoices brought
   std::size_t riportati = 0;         // and those that have their former values again
 };
 

@@ -239,7 +239,10 @@ TEST(AnnullaFatture, TakesPaymentsAccountsAndNewPayeesBack) {
               IsEmpty());
   EXPECT_NE(banco.contenuto(), prima);
   const std::int32_t lotto = storico(*banco, 1).back().id;
-  ASSERT_TRUE(banco.annulla(lotto));
+  const Result<Annullato> annullato = banco.annulla(lotto);
+  ASSERT_TRUE(annullato);
+  EXPECT_EQ(annullato->tolti, 3U);
+  EXPECT_EQ(annullato->percipienti, 1U);
   EXPECT_EQ(banco.contenuto(), prima);
   EXPECT_EQ(Banco::stati(pianoDi(banco, {xmlDi(daRossi())})), "nuovo");
 }

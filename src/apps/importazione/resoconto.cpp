@@ -39,14 +39,8 @@ constexpr auto kParole = std::to_array<ParoleStato>({
 });
 
 std::string inCifre(std::size_t numero, Migliaia migliaia = Migliaia::SenzaPunto) {
-  constexpr std::size_t kGruppoCifre = 3;
   std::string cifre = fromInteger(static_cast<std::int64_t>(numero));
-  if (migliaia == Migliaia::SenzaPunto) return cifre;
-  for (std::size_t posto = cifre.size(); posto > kGruppoCifre;) {
-    posto -= kGruppoCifre;
-    cifre.insert(posto, 1, '.');
-  }
-  return cifre;
+  return migliaia == Migliaia::SenzaPunto ? cifre : groupThousands(std::move(cifre));
 }
 
 Value oTesto(std::string testo) { return testo.empty() ? Value() : Value::ofText(std::move(testo)); }
@@ -150,12 +144,18 @@ std::string dettoAnnullato(const intake::Annullato& annullato, Migliaia migliaia
                                               {"percipiente", "percipienti", "tolto", "tolti"},
                                               {"compenso", "compensi", "tolto", "tolti"}}};
   const Parole& parole = kSchede[static_cast<std::size_t>(annullato.elenco)];
-  const auto quante = [&](std::size_t numero) {
-    return inCifre(numero, migliaia) + ' ' + std::string(numero == 1 ? parole.uno : parole.piu);
+  const auto contate = [&](std::size_t numero, const Parole& di) {
+    return inCifre(numero, migliaia) + ' ' + std::string(numero == 1 ? di.uno : di.piu);
   };
+  const auto quante = [&](std::size_t numero) { return contate(numero, parole); };
   std::string testo;
   if (annullato.tolti > 0 || annullato.riportati == 0) {
-    testo = quante(annullato.tolti) + ' ' + std::string(annullato.tolti == 1 ? parole.tolto : parole.tolti);
+    testo = quante(annullato.tolti);
+    if (annullato.percipienti > 0)
+      testo += " e " +
+               contate(annullato.percipienti, kSchede[static_cast<std::size_t>(intake::Elenco::Percipienti)]);
+    const bool uno = annullato.tolti + annullato.percipienti == 1;
+    testo += ' ' + std::string(uno ? parole.tolto : parole.tolti);
   }
   if (annullato.riportati > 0)
     testo += (testo.empty() ? "" : ", ") + quante(annullato.riportati) + " ai valori di prima";

@@ -47,7 +47,7 @@ std::string dettiConteggi(const std::array<std::size_t, intake::kStatiRiga>& con
 // One line: "Prova: 120 nuovi, ... Non è stato scritto nulla."
 std::string dettoEsito(const intake::Piano& piano, const EsitoImportazione& esito,
                        Migliaia migliaia = Migliaia::SenzaPunto);
-// What taking a batch back does: "3 compensi tolti, 1 compenso ai valori di prima".
+// What taking a batch back does: "3 compensi e 1 percipiente tolti, 1 compenso ai valori di prima".
 std::string dettoAnnullato(const intake::Annullato& annullato, Migliaia migliaia = Migliaia::SenzaPunto);
 
 }  // namespace cu
