@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "base/thousands.h"
 
 namespace cu::fatture {
 namespace {
@@ -95,17 +96,7 @@ Decimal quotaPercentuale(Decimal importo, Decimal percentuale) {
   return Decimal::fromScaled(((centesimi / kCento) * fattore + parte) * 100);
 }
 
-std::string inEuro(Decimal importo) {
-  constexpr std::size_t kGruppo = 3;
-  constexpr std::size_t kCoda = 3;  // ",00"
-  std::string testo = importo.toFixed(2, ',');
-  const std::size_t primo = testo.starts_with('-') ? 1 : 0;
-  for (std::size_t i = testo.size() - kCoda; i > primo + kGruppo;) {
-    i -= kGruppo;
-    testo.insert(i, 1, '.');
-  }
-  return testo;
-}
+std::string inEuro(Decimal importo) { return groupThousands(importo.toFixed(2, ',')); }
 
 GenereLinea genereLinea(const Linea& linea) {
   if (!linea.prezzoTotale || linea.prezzoTotale->zero()) return GenereLinea::Vuota;

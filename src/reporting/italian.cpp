@@ -3,6 +3,9 @@
 #include <QList>
 
 #include <array>
+#include <utility>
+
+#include "base/thousands.h"
 
 namespace cu::reporting {
 namespace {
@@ -20,13 +23,7 @@ QString fromUtf8(std::string_view text) {
 QString italianAmount(Decimal amount) {
   std::string text = amount.toFixed(2, ',');
   if (text == "-0,00") text = "0,00";
-  const std::size_t first = text.front() == '-' ? 1 : 0;
-  const std::size_t comma = text.find(',');
-  for (std::size_t at = comma; at > first + 3;) {
-    at -= 3;
-    text.insert(at, 1, '.');
-  }
-  return fromUtf8(text);
+  return fromUtf8(groupThousands(std::move(text)));
 }
 
 QString italianDate(Date date) { return date == Date() ? QString() : fromUtf8(date.toItalian()); }

@@ -1,5 +1,7 @@
 #include "schede/importi.h"
 
+#include "base/thousands.h"
+
 namespace cu::schede {
 
 Decimal percento(Decimal importo, Decimal percentuale) {
@@ -16,15 +18,7 @@ Decimal percento(Decimal importo, int percentuale) {
   return percento(importo, Decimal::fromInteger(percentuale));
 }
 
-std::string euro(Decimal importo) {
-  std::string cifre = importo.toFixed(2, ',');
-  const std::size_t prima = cifre.front() == '-' ? 1 : 0;
-  for (std::size_t posto = cifre.find(','); posto > prima + 3;) {
-    posto -= 3;
-    cifre.insert(posto, 1, '.');
-  }
-  return cifre;
-}
+std::string euro(Decimal importo) { return groupThousands(importo.toFixed(2, ',')); }
 
 std::string oltreIlCompenso(const Importi& importi) {
   const auto di = [&](Importo importo) { return importi[posto(importo)]; };

@@ -7,19 +7,9 @@
 
 #include "apps/strumenti/conteggi.h"
 #include "apps/strumenti/tabella_vista.h"
+#include "base/thousands.h"
 
 namespace cu::assistente {
-namespace {
-
-// Thousands marks in "-1234567,50".
-QString conMigliaia(QString testo) {
-  constexpr qsizetype kGruppo = 3;
-  const qsizetype primo = testo.startsWith(u'-') ? 1 : 0;
-  for (qsizetype i = testo.indexOf(u',') - kGruppo; i > primo; i -= kGruppo) testo.insert(i, u'.');
-  return testo;
-}
-
-}  // namespace
 
 Pagina::Pagina(QWidget* parent, Assistente& assistente)
     : QWidget(parent), assistente_(assistente), colonna_(new QVBoxLayout(this)) {
@@ -75,7 +65,7 @@ QLabel* etichetta(const char* testo, QWidget* di, QWidget* parent) {
   return fatta;
 }
 
-QString importoDa(Decimal importo) { return conMigliaia(qs(importo.toFixed(2, ','))); }
+QString importoDa(Decimal importo) { return qs(groupThousands(importo.toFixed(2, ','))); }
 
 QString importoDaTesto(const std::string& testo) {
   const auto importo = Decimal::parse(testo);

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "base/thousands.h"
 #include "suite/platform_file.h"
 #include "tabelle/scrittura.h"
 

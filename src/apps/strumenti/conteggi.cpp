@@ -1,15 +1,10 @@
 #include "apps/strumenti/conteggi.h"
 
+#include "base/thousands.h"
+
 namespace cu::strumenti {
 
-std::string conPunti(std::uint64_t numero) {
-  std::string cifre = std::to_string(numero);
-  for (std::size_t posto = cifre.size(); posto > 3;) {
-    posto -= 3;
-    cifre.insert(posto, ".");
-  }
-  return cifre;
-}
+std::string conPunti(std::uint64_t numero) { return groupThousands(std::to_string(numero)); }
 
 std::string alPlurale(std::uint64_t numero, const char* uno, const char* piu) {
   return conPunti(numero) + " " + (numero == 1 ? uno : piu);
