@@ -18,12 +18,12 @@ using schede::Riga;
 
 constexpr std::size_t kPrimoImporto = 4;
 
-Importi importiDi(const Riga& conto) {
+Importi importiDelConto(const Riga& conto) {
   Importi importi;
   for (std::size_t i = 0; i < importi.size(); ++i) importi[i] = conto[kPrimoImporto + i].view().decimal();
   return importi;
 }
-Importi importiDi(const CellView* conto) {
+Importi importiDelConto(const CellView* conto) {
   Importi importi;
   for (std::size_t i = 0; i < importi.size(); ++i) importi[i] = conto[kPrimoImporto + i].decimal();
   return importi;
@@ -183,7 +183,8 @@ void ContiLotto::confronta(const std::vector<ContoPiano>& conti) const {
   schede::perOgniRiga(connessione_, schede::kConto, " WHERE IDAzienda = " + fromInteger(idAzienda_),
                       [&](const CellView* riga) {
                         const auto suo = attesi.find({idIn(riga[0]), idIn(riga[1]), idIn(riga[2])});
-                        if (suo != attesi.end() && importiDi(riga) == suo->second->dopo) attesi.erase(suo);
+                        if (suo != attesi.end() && importiDelConto(riga) == suo->second->dopo)
+                          attesi.erase(suo);
                       });
   if (attesi.empty()) return;
   const ContoPiano& conto = *attesi.begin()->second;
@@ -201,7 +202,7 @@ std::vector<ContiLotto::Corretto> ContiLotto::corretti() const {
     const auto conto = ora.conti.find(chiave);
     const auto somma = ora.somme.find(chiave);
     if (conto != ora.conti.end() &&
-        importiDi(conto->second) == (somma == ora.somme.end() ? Importi{} : somma->second)) {
+        importiDelConto(conto->second) == (somma == ora.somme.end() ? Importi{} : somma->second)) {
       continue;
     }
     corretti.push_back({chiave, conto == ora.conti.end()});
