@@ -164,6 +164,7 @@ enum class Genere : std::uint8_t {
 // A file as it was read.
 struct Letto {
   std::string nome;
+  std::string cartella;  // of the file, or of the archive that holds it, as the caller named it; "" for none
   std::uint64_t dimensione = 0;
   std::string sha256;  // of the file, 64 digits
   std::string

@@ -76,7 +76,10 @@ class Raccolta {
   Ignorati& ignorati() { return ignorati_; }
 
  private:
-  void dai(Letto&& letto) { continua_ = continua_ && ricevente_(std::move(letto)); }
+  void dai(Letto&& letto) {
+    letto.cartella = cartella_;
+    continua_ = continua_ && ricevente_(std::move(letto));
+  }
   void fallito(const std::string& nome, const Rilievo& rilievo) { dai(letturaFallita(nome, rilievo)); }
 
   void documento(std::string_view byte, const std::string& nome, bool nominato) {
@@ -186,6 +189,8 @@ class Raccolta {
 
   // Only what can be an invoice is read whole: a folder may have films.
   void file(const fs::path& percorso, const std::string& nome, bool nominato) {
+    const std::u8string cartella = percorso.parent_path().generic_u8string();
+    cartella_.assign(cartella.begin(), cartella.end());
     std::ifstream flusso(percorso, std::ios::binary);
     std::string contenuto(kTesta, '\0');
     flusso.read(contenuto.data(), static_cast<std::streamsize>(contenuto.size()));
@@ -216,6 +221,7 @@ class Raccolta {
   const Ricevente& ricevente_;
   const LimitiRaccolta& limiti_;
   Ignorati ignorati_;
+  std::string cartella_;  // of the file being read
   std::size_t file_ = 0;
   bool continua_ = true;
 };

@@ -1,7 +1,10 @@
 #include "intake/lettura_fatture.h"
 
 #include <algorithm>
+#include <string>
+#include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "base/codice_fiscale.h"
 #include "base/text.h"
@@ -225,6 +228,33 @@ class LetturaFile {
   Date oggi_;
 };
 
+// Files of one name in several folders are named with their folders, in messages, reports and history.
+class NomiRipetuti {
+ public:
+  void osserva(const Lettura& lettura, std::string cartella) {
+    cartelle_.push_back(std::move(cartella));
+    if (++quanti_[lettura.file] == 2) ripetuti_ = true;
+  }
+  void distingui(std::vector<Lettura>& letture) const {
+    for (std::size_t i = 0; ripetuti_ && i < letture.size(); ++i) {
+      if (quanti_.at(letture[i].file) > 1 && !cartelle_[i].empty())
+        rinomina(letture[i], cartelle_[i] + "/" + letture[i].file);
+    }
+  }
+
+ private:
+  static void rinomina(Lettura& lettura, const std::string& nome) {
+    for (Messaggio& messaggio : lettura.messaggi) {
+      if (messaggio.posto.file == lettura.file) messaggio.posto.file = nome;
+    }
+    lettura.file = nome;
+  }
+
+  std::vector<std::string> cartelle_;
+  std::unordered_map<std::string, std::size_t> quanti_;
+  bool ripetuti_ = false;
+};
+
 }  // namespace
 
 Lettura LettoreFatture::leggi(fatture::Letto&& letto) {
@@ -249,17 +279,21 @@ LettureFatture leggiFatture(const std::vector<std::string>& percorsi, Date oggi,
                             const fatture::LimitiRaccolta& limiti) {
   LettureFatture tutte;
   LettoreFatture lettore(oggi);
+  NomiRipetuti nomi;
   for (const std::string& percorso : percorsi) {
     const fatture::Ignorati ignorati = fatture::raccogli(
         percorso,
         [&](Letto&& letto) {
           if (avanzamento != nullptr) avanzamento->progress("Fatture", tutte.letture.size(), 0);
+          std::string cartella = std::move(letto.cartella);
           tutte.letture.push_back(lettore.leggi(std::move(letto)));
+          nomi.osserva(tutte.letture.back(), std::move(cartella));
           return true;
         },
         limiti);
     for (const auto& [che, quanti] : ignorati) tutte.ignorati[che] += quanti;
   }
+  nomi.distingui(tutte.letture);
   return tutte;
 }
 

@@ -3,9 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+
 #include "fatture_prova.h"
 #include "intake/nazione_iso.h"
 #include "schede/luoghi.h"
+#include "support/temp_folder.h"
 
 namespace cu::intake {
 namespace {
@@ -39,6 +43,24 @@ TEST(LetturaFatture, APaymentIsARowWithoutItsDate) {
   ASSERT_TRUE(lettura.fatture);
   EXPECT_TRUE(lettura.fatture->righe[0].decisa);
   EXPECT_EQ(lettura.sha256, lettura.fatture->sha256Contenuto);
+}
+
+TEST(LetturaFatture, FilesOfOneNameAreNamedWithTheirFolders) {
+  const test::TempFolder cartella;
+  const auto scrivi = [&](const std::string& dove, const std::string& nome, const std::string& byte) {
+    std::filesystem::create_directories(cartella / dove);
+    std::ofstream(cartella / (dove + "/" + nome), std::ios::binary) << byte;
+  };
+  scrivi("aprile", "1.xml", xmlDi(daRossi()));
+  scrivi("maggio", "1.xml", "<FatturaElettronica>");
+  scrivi("maggio", "2.xml", xmlDi(daRossi()));
+  const LettureFatture lette = leggiFatture({cartella.path()}, giorno(2018, 3, 5));
+  std::vector<std::string> nomi;
+  for (const Lettura& lettura : lette.letture) nomi.push_back(lettura.file);
+  EXPECT_THAT(nomi, ElementsAre(cartella / "aprile/1.xml", cartella / "maggio/1.xml", "2.xml"));
+  ASSERT_FALSE(lette.letture[1].messaggi.empty());
+  EXPECT_EQ(lette.letture[1].messaggi[0].posto.file, cartella / "maggio/1.xml");
+  EXPECT_EQ(leggiFatture({cartella / "maggio"}, giorno(2018, 3, 5)).letture[0].file, "1.xml");
 }
 
 TEST(LetturaFatture, TheSellerIsARowOfPayees) {
