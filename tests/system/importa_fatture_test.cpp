@@ -307,7 +307,9 @@ TEST_F(FattureDiEsempio, AFlatRatePayeesReasonComesFromTheProfile) {
   posto_.cartella().write("fatture.toml", "formato = \"fatture\"\n[percipienti.P001]\ncausale = \"ZZ9\"\n");
   const Esecuzione ignota = importaConDate(una);
   EXPECT_EQ(ignota.codice, 2);
-  EXPECT_THAT(ignota.errori, HasSubstr("la causale ZZ9 non è fra A, B"));
+  EXPECT_THAT(
+      ignota.errori,
+      HasSubstr("fatture.toml: percipienti.P001.causale: valore non ammesso, ZZ9, atteso uno fra A, B"));
   posto_.cartella().write("fatture.toml", "formato = \"fatture\"\nsbagliata = 1\n");
   const Esecuzione sbagliata = importaConDate(una);
   EXPECT_EQ(sbagliata.codice, 2);

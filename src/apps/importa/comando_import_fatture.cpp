@@ -39,31 +39,34 @@ std::string codiceFiscaleDi(Connection& connessione, std::int32_t idAzienda) {
   return {};
 }
 
-MappaFatture mappaPer(const OpzioniImport& opzioni, Connection& connessione, std::int32_t idAzienda) {
+MappaFattureTrovata mappaPer(const OpzioniImport& opzioni, Connection& connessione, std::int32_t idAzienda) {
   const std::string azienda = codiceFiscaleDi(connessione, idAzienda);
   if (!opzioni.mappa.empty()) {
     MappaFatture scelta = leggiMappaFatture(opzioni.mappa);
     if (!scelta.azienda.empty() && !equalsNoCase(scelta.azienda, trim(azienda)))
       throw UsoSbagliato("--map: " + opzioni.mappa + " è di un'altra azienda, " + scelta.azienda);
-    return scelta;
+    return {opzioni.mappa, std::move(scelta)};
   }
   auto trovata = cercaMappaFatture(cartellaMappe(), azienda);
   if (!trovata) return {};
   std::cerr << "Fatture lette con la mappatura " << trovata->file << '\n';
-  return std::move(trovata->mappa);
+  return std::move(*trovata);
 }
 
 // A profile with a reason that no payment can have is wrong, whether a document of this import needs it or
 // not.
-void verificaCausali(const MappaFatture& mappa, Connection& connessione) {
+void verificaCausali(const MappaFattureTrovata& trovata, Connection& connessione) {
   const schede::Elenchi elenchi(connessione);
-  const auto verifica = [&](const std::string& causale) {
+  const auto verifica = [&](const std::string& chiave, const std::string& causale) {
     if (causale.empty() || elenchi.causali.diCodice(causale) != nullptr) return;
-    throw UsoSbagliato("mappatura: la causale " + causale + " non è fra " + elenchi.causali.codici());
+    throw UsoSbagliato(trovata.file + ": " + chiave + ": valore non ammesso, " + causale +
+                       ", atteso uno fra " + elenchi.causali.codici());
   };
-  verifica(mappa.causaleForfettari);
-  for (const auto& [scritta, causale] : mappa.causali) verifica(causale);
-  for (const auto& [chi, causale] : mappa.causaliPercipienti) verifica(causale);
+  const MappaFatture& mappa = trovata.mappa;
+  verifica("colonne.Causale", mappa.causaleForfettari);
+  for (const auto& [scritta, causale] : mappa.causali) verifica("valori.Causale." + scritta, causale);
+  for (const auto& [chi, causale] : mappa.causaliPercipienti)
+    verifica("percipienti." + chi + ".causale", causale);
 }
 
 // The dates, and what is wrong with their table.
@@ -86,8 +89,9 @@ int comandoImportFatture(const OpzioniImportFatture& opzioni) {
     DatabaseSuite database = apriDatabase(opzioni.comuni.database);
     Connection& connessione = database.ownConnection();
     intake::RichiestaPiano richiesta = richiestaDi(opzioni.comuni, connessione, oggi);
-    const MappaFatture mappa = mappaPer(opzioni.comuni, connessione, richiesta.idAzienda);
-    verificaCausali(mappa, connessione);
+    const MappaFattureTrovata trovata = mappaPer(opzioni.comuni, connessione, richiesta.idAzienda);
+    const MappaFatture& mappa = trovata.mappa;
+    verificaCausali(trovata, connessione);
     applicaMappa(mappa, richiesta.fatture);
     richiesta.fatture.fonte = opzioni.fonte;
     richiesta.fatture.giorno = opzioni.giorno.value_or(Date());
