@@ -24,7 +24,7 @@ namespace cu::intake {
 namespace {
 
 // Ids of a database's own entries of lists begin here: below, the lists have room to grow.
-constexpr std::int32_t kPrimoEnteProprio = 100;
+constexpr std::int32_t kPrimoCodiceProprio = 100;
 constexpr std::int32_t kPrimaLocalitaPropria = 100001;
 
 class Applicazione {
@@ -43,7 +43,9 @@ class Applicazione {
   void esegui() {
     switch (piano_.elenco) {
       case Elenco::Aziende:
-        perOgniRigaScritta([&](const RigaPiano& riga) { azienda(piano_.aziende[riga.voce]); });
+        perOgniRigaScritta([&](const RigaPiano& riga) {
+          azienda(piano_.aziende[riga.voce], piano_.accantoAziende[riga.voce]);
+        });
         break;
       case Elenco::Percipienti:
         perOgniRigaScritta([&](const RigaPiano& riga) {
@@ -68,11 +70,14 @@ class Applicazione {
     }
   }
 
-  void azienda(const Voce<schede::SchedaAzienda>& voce) {
+  void azienda(const Voce<schede::SchedaAzienda>& voce, const AccantoAzienda& accanto) {
+    schede::SchedaAzienda scheda = voce.dopo;
+    if (!accanto.evento.empty())
+      scheda.idEventoEccezionale = codice(schede::kEventoEccezionale, accanto.evento);
     if (voce.prima) {
-      schede::Aziende::cambia(scrittura_, voce.dopo);
+      schede::Aziende::cambia(scrittura_, scheda);
     } else {
-      schede::Aziende::aggiungi(scrittura_, voce.dopo);
+      schede::Aziende::aggiungi(scrittura_, scheda);
     }
   }
 
@@ -81,7 +86,12 @@ class Applicazione {
     schede::SchedaPercipiente scheda = voce.dopo;
     if (!accanto.localitaEstera.empty()) scheda.anagrafica.idComune = localita(accanto.localitaEstera);
     if (!accanto.enteNome.empty()) scheda.idEnte = ente(accanto);
-    if (!accanto.categoria.empty()) scheda.idCategoriaEnte = categoria(accanto.categoria);
+    if (!accanto.categoria.empty())
+      scheda.idCategoriaEnte = codice(schede::kCategoriaEnte, accanto.categoria);
+    if (!accanto.categoriaParticolare.empty())
+      scheda.idCategoriaParticolare = codice(schede::kCategoriaParticolare, accanto.categoriaParticolare);
+    if (!accanto.evento.empty())
+      scheda.idEventoEccezionale = codice(schede::kEventoEccezionale, accanto.evento);
     if (!voce.prima) return schede::Percipienti::aggiungi(scrittura_, std::move(scheda)).anagrafica.id;
     schede::Percipienti::cambia(scrittura_, scheda);
     return scheda.anagrafica.id;
@@ -96,11 +106,12 @@ class Applicazione {
     };
     return aggiunto(schede::kEnte,
                     accanto.enteCodiceFiscale + "\t" + accanto.enteCodice + "\t" + accanto.enteNome,
-                    kPrimoEnteProprio,
+                    kPrimoCodiceProprio,
                     {testo(accanto.enteCodiceFiscale), testo(accanto.enteNome), testo(accanto.enteCodice)});
   }
-  std::int32_t categoria(const std::string& codice) {
-    return aggiunto(schede::kCategoriaEnte, codice, kPrimoEnteProprio, {Value::ofText(codice)});
+  // In a list that has codes only.
+  std::int32_t codice(const schede::TabellaSuite& tabella, const std::string& codice) {
+    return aggiunto(tabella, codice, kPrimoCodiceProprio, {Value::ofText(codice)});
   }
   // An entry of a list, added once for all the rows that name it.
   std::int32_t aggiunto(const schede::TabellaSuite& tabella, const std::string& chiave, std::int32_t almeno,

@@ -89,16 +89,22 @@ class CampiPercipiente {
     if (const Campo* const suo = campo(Schumacker, nuovo_)) p_.schumacker = suo->valore.flag();
   }
 
-  void codice(ColonnaPercipiente colonna, std::int32_t& id, const schede::ElencoCodici& elenco) {
+  void codice(ColonnaPercipiente colonna, std::int32_t& id, const schede::ElencoCodici& elenco,
+              std::string& proprio) {
     const Campo* const suo = corso_.letta().campo(colonna);
     if (suo == nullptr) return;
     id = 0;
     if (suo->valore.isNull()) return;
-    if (const auto trovato = idDelCodice(corso_, posto(colonna), suo->valore.text(), elenco)) id = *trovato;
+    const bool propri = corso_.letta().valore(ColonnaPercipiente::CodiciPropri).flag();
+    const auto trovato =
+        idDelCodice(corso_, posto(colonna), suo->valore.text(), elenco, propri ? &proprio : nullptr);
+    if (trovato) id = *trovato;
   }
   void codici() {
-    codice(ColonnaPercipiente::CategoriaParticolare, p_.idCategoriaParticolare, archivio_.elenchi.categorie);
-    codice(ColonnaPercipiente::EventoEccezionale, p_.idEventoEccezionale, archivio_.elenchi.eventi);
+    using enum ColonnaPercipiente;
+    const schede::Elenchi& elenchi = archivio_.elenchi;
+    codice(CategoriaParticolare, p_.idCategoriaParticolare, elenchi.categorie, accanto_.categoriaParticolare);
+    codice(EventoEccezionale, p_.idEventoEccezionale, elenchi.eventi, accanto_.evento);
   }
 
   void ente() {

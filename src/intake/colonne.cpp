@@ -18,6 +18,8 @@ constexpr std::string_view kFormaCodici = "16 caratteri di una persona, 11 cifre
 constexpr std::string_view kIva = "11 cifre";
 constexpr std::string_view kSigla = "sigla di due lettere, come VR";
 constexpr std::string_view kCap5 = "5 cifre in Italia";
+constexpr std::string_view kPropri =
+    "S: i codici di categoria e di evento che non sono in elenco vengono aggiunti";
 
 template <class C>
 constexpr std::uint8_t rango(C colonna) {
@@ -73,10 +75,11 @@ constexpr auto kAziende = [] {
     {.indice = rango(Impegno), .nome = "Impegno", .tipo = T::Codice,
      .ammessi = "1 predisposta dal contribuente, 2 da chi invia"},
     {.indice = rango(DataImpegno), .nome = "DataImpegno", .tipo = T::Data, .ammessi = kDate},
+    {.indice = rango(CodiciPropri), .nome = "CodiciPropri", .tipo = T::Logico, .ammessi = kPropri, .rara = true},
   });
   // clang-format on
 }();
-static_assert(inOrdine(kAziende) && kAziende.size() == rango(ColonnaAzienda::DataImpegno) + 1);
+static_assert(inOrdine(kAziende) && kAziende.size() == rango(ColonnaAzienda::CodiciPropri) + 1);
 
 constexpr auto kPercipienti = [] {
   using enum ColonnaPercipiente;
@@ -126,11 +129,11 @@ constexpr auto kPercipienti = [] {
      .ammessi = "codice della categoria dell'ente"},
     {.indice = rango(CodiceAziendaENPAM), .nome = "CodiceAziendaENPAM"},
     {.indice = rango(CodiceAziendaENPAPI), .nome = "CodiceAziendaENPAPI"},
+    {.indice = rango(CodiciPropri), .nome = "CodiciPropri", .tipo = T::Logico, .ammessi = kPropri, .rara = true},
   });
   // clang-format on
 }();
-static_assert(inOrdine(kPercipienti) &&
-              kPercipienti.size() == rango(ColonnaPercipiente::CodiceAziendaENPAPI) + 1);
+static_assert(inOrdine(kPercipienti) && kPercipienti.size() == rango(ColonnaPercipiente::CodiciPropri) + 1);
 
 constexpr auto kCompensi = [] {
   using enum ColonnaCompenso;

@@ -36,6 +36,7 @@ enum class ColonnaAzienda : std::uint8_t {
   IntermediarioCodiceFiscale,
   Impegno,
   DataImpegno,
+  CodiciPropri,
 };
 
 enum class ColonnaPercipiente : std::uint8_t {
@@ -70,6 +71,7 @@ enum class ColonnaPercipiente : std::uint8_t {
   CategoriaEnte,
   CodiceAziendaENPAM,
   CodiceAziendaENPAPI,
+  CodiciPropri,
 };
 
 enum class ColonnaCompenso : std::uint8_t {
@@ -132,6 +134,7 @@ struct Colonna {
   bool somma = false;          // several columns of the file add up
   std::string_view esempio{};  // in the template's row
   std::string_view ammessi{};  // what it accepts, in words
+  bool rara = false;           // neither in the template nor, without values, in an export
 };
 
 // Of a text.

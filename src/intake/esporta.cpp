@@ -110,7 +110,7 @@ Esportazione esportaAziende(Connection& connessione, std::optional<std::int32_t>
   esportazione.elenco = Elenco::Aziende;
   for (const schede::SchedaAzienda& azienda : schede::Aziende(connessione).tutte()) {
     if (idAzienda && azienda.id != *idAzienda) continue;
-    esportazione.righe.push_back(valoriAzienda(azienda, luoghi, elenchi));
+    esportazione.righe.push_back(valoriAzienda(azienda, {}, luoghi, elenchi));
   }
   return esportazione;
 }

@@ -41,6 +41,8 @@ constexpr auto kParoleTabelle = std::to_array<ParoleTabella>({
     {"CUEntePrevidenziale", "l'ente previdenziale", "ente previdenziale", "enti previdenziali"},
     {"CUCategoriaEntePrevidenziale", "la categoria dell'ente previdenziale", "categoria di un ente",
      "categorie di enti"},
+    {"CategoriaParticolare", "la categoria particolare", "categoria particolare", "categorie particolari"},
+    {"EventoEccezionale", "l'evento eccezionale", "evento eccezionale", "eventi eccezionali"},
     {"Percipiente", "il percipiente", "percipiente", "percipienti"},
     {"Compenso", "il compenso di", "compenso", "compensi"},
     {"ContoIndividuale", "il conto di", "conto", "conti"},
@@ -146,7 +148,8 @@ std::string NomiRighe::riga(const TabellaSuite& tabella, const Riga& riga) {
   }
   if (&tabella == &schede::kPeriodoIva) return conNome(parole, riga[2].view().toText());
   const bool nominata = &tabella == &schede::kComune || &tabella == &schede::kCategoriaEnte ||
-                        &tabella == &schede::kCodiceAttivita;
+                        &tabella == &schede::kCategoriaParticolare ||
+                        &tabella == &schede::kEventoEccezionale || &tabella == &schede::kCodiceAttivita;
   if (nominata) return conNome(parole, riga[1].view().toText());
   if (&tabella == &schede::kEnte) return conNome(parole, riga[2].view().toText());
   // The other tables are the company's.

@@ -59,7 +59,8 @@ std::vector<Value> valoriPianificati(const Piano& piano, const RigaPiano& riga) 
   const ArchivioLetto& archivio = *piano.archivio;
   switch (piano.elenco) {
     case Elenco::Aziende:
-      return valoriAzienda(piano.aziende[riga.voce].dopo, archivio.luoghi, archivio.elenchi);
+      return valoriAzienda(piano.aziende[riga.voce].dopo, piano.accantoAziende[riga.voce], archivio.luoghi,
+                           archivio.elenchi);
     case Elenco::Percipienti:
       return valoriPercipiente(piano.percipienti[riga.voce].dopo, piano.accantoPercipienti[riga.voce],
                                archivio.luoghi, archivio.elenchi);

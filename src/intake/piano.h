@@ -97,6 +97,11 @@ struct AccantoPercipiente {
   std::string localitaEstera;                           // a town abroad
   std::string enteCodiceFiscale, enteNome, enteCodice;  // a fund
   std::string categoria;                                // a fund's category
+  std::string categoriaParticolare, evento;             // codes of the company's own
+};
+// Beside a company, likewise.
+struct AccantoAzienda {
+  std::string evento;
 };
 // Beside a payment.
 struct AccantoCompenso {
@@ -132,6 +137,7 @@ struct Piano {
   std::vector<RigaPiano> righe;     // in the order of the files and their rows
   std::vector<Messaggio> messaggi;  // of the files, of the database, of accounts
   std::vector<Voce<schede::SchedaAzienda>> aziende;
+  std::vector<AccantoAzienda> accantoAziende;  // one for each of aziende
   // Of payments: the new payees of invoices. -1 - i is the IDAnagrafica of percipienti[i] in payments and
   // accounts until it is written, which it is where a payment of it is.
   std::vector<Voce<schede::SchedaPercipiente>> percipienti;

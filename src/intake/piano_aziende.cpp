@@ -20,8 +20,9 @@ constexpr std::uint8_t rangoAzienda(C colonna) {
 // A name or an office that a row of a company changes.
 class CampiAzienda {
  public:
-  CampiAzienda(RigaInCorso& corso, const ArchivioLetto& archivio, schede::SchedaAzienda& azienda)
-      : corso_(corso), archivio_(archivio), azienda_(azienda) {}
+  CampiAzienda(RigaInCorso& corso, const ArchivioLetto& archivio, schede::SchedaAzienda& azienda,
+               AccantoAzienda& accanto)
+      : corso_(corso), archivio_(archivio), azienda_(azienda), accanto_(accanto) {}
 
   void applica() {
     using enum ColonnaAzienda;
@@ -38,7 +39,8 @@ class CampiAzienda {
     testo(CodiceFiscaleSocieta, azienda_.codiceFiscaleSocieta);
     testo(IntermediarioCodiceFiscale, azienda_.intermediario);
     codice(RappresentanteCarica, azienda_.idCarica, archivio_.elenchi.cariche);
-    codice(EventoEccezionale, azienda_.idEventoEccezionale, archivio_.elenchi.eventi);
+    codice(EventoEccezionale, azienda_.idEventoEccezionale, archivio_.elenchi.eventi,
+           corso_.letta().valore(CodiciPropri).flag() ? &accanto_.evento : nullptr);
     sede();
     rappresentante();
     impegno();
@@ -49,12 +51,14 @@ class CampiAzienda {
     const Campo* const campo = corso_.letta().campo(colonna);
     if (campo != nullptr) valore = std::string(campo->valore.text());
   }
-  void codice(ColonnaAzienda colonna, std::int32_t& id, const schede::ElencoCodici& elenco) {
+  void codice(ColonnaAzienda colonna, std::int32_t& id, const schede::ElencoCodici& elenco,
+              std::string* proprio = nullptr) {
     const Campo* const campo = corso_.letta().campo(colonna);
     if (campo == nullptr) return;
     id = 0;
     if (campo->valore.isNull()) return;
-    if (const auto suo = idDelCodice(corso_, rangoAzienda(colonna), campo->valore.text(), elenco)) id = *suo;
+    const auto suo = idDelCodice(corso_, rangoAzienda(colonna), campo->valore.text(), elenco, proprio);
+    if (suo) id = *suo;
   }
   void sede() {
     schede::SchedaAnagrafica& sede = azienda_.sede;
@@ -95,6 +99,7 @@ class CampiAzienda {
   RigaInCorso& corso_;
   const ArchivioLetto& archivio_;
   schede::SchedaAzienda& azienda_;
+  AccantoAzienda& accanto_;
 };
 
 std::string differenzeAzienda(const schede::SchedaAzienda& prima, const schede::SchedaAzienda& dopo) {
@@ -128,19 +133,21 @@ class PianoAziende {
       return;
     }
     schede::SchedaAzienda dopo = trovata == nullptr ? nuova() : *trovata;
-    CampiAzienda(corso, archivio_, dopo).applica();
+    AccantoAzienda accanto;
+    CampiAzienda(corso, archivio_, dopo, accanto).applica();
     rappresentante(corso, dopo, trovata == nullptr);
     mancanti(corso, dopo);
     riga.voce = piano_.aziende.size();
     if (trovata == nullptr) {
       riga.stato = corso.stato(StatoRiga::Nuovo);
-    } else if (dopo == *trovata) {
+    } else if (dopo == *trovata && accanto.evento.empty()) {
       corso.uguale();
     } else {
       corso.diverso(differenzeAzienda(*trovata, dopo));
     }
     piano_.aziende.push_back({trovata == nullptr ? std::nullopt : std::optional(*trovata), std::move(dopo),
                               static_cast<std::size_t>(&riga - piano_.righe.data())});
+    piano_.accantoAziende.push_back(std::move(accanto));
   }
 
  private:

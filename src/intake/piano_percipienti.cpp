@@ -44,7 +44,7 @@ std::string differenzePercipiente(const schede::SchedaPercipiente& prima,
 
 bool aggiunge(const AccantoPercipiente& accanto) {
   return !accanto.localitaEstera.empty() || !accanto.enteNome.empty() || !accanto.enteCodiceFiscale.empty() ||
-         !accanto.categoria.empty();
+         !accanto.categoria.empty() || !accanto.categoriaParticolare.empty() || !accanto.evento.empty();
 }
 
 class PianoPercipienti {

@@ -79,12 +79,16 @@ bool daPianificare(RigaInCorso& corso) {
 }
 
 std::optional<std::int32_t> idDelCodice(RigaInCorso& corso, std::uint8_t colonna, std::string_view codice,
-                                        const schede::ElencoCodici& elenco) {
+                                        const schede::ElencoCodici& elenco, std::string* proprio) {
   const schede::VoceElenco* const voce = elenco.diCodice(codice);
   if (voce != nullptr) return voce->id;
   if (codice.empty()) {
     corso.segnala(Codice::C01, colonna, "manca il valore, che è obbligatorio");
     return std::nullopt;
+  }
+  if (proprio != nullptr) {
+    *proprio = std::string(codice);
+    return 0;
   }
   corso.segnala(Codice::V05, colonna, mostrato(codice) + " non è fra i codici: " + elenco.codici());
   return std::nullopt;

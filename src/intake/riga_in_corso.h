@@ -54,9 +54,10 @@ class RigaInCorso {
 // Whether a row is one to plan: one that is left out, or that the reading found wrong, gets its state here.
 bool daPianificare(RigaInCorso& corso);
 
-// The id of a code of a list; none and a message for an unknown one.
+// The id of a code of a list; none and a message for an unknown one, unless `proprio` takes it: the id is
+// then 0 until it has been added to the list.
 std::optional<std::int32_t> idDelCodice(RigaInCorso& corso, std::uint8_t colonna, std::string_view codice,
-                                        const schede::ElencoCodici& elenco);
+                                        const schede::ElencoCodici& elenco, std::string* proprio = nullptr);
 
 // A municipality by name or code; none and a message where there is none, or several.
 std::optional<std::int32_t> idDelComune(RigaInCorso& corso, std::uint8_t colonna, std::string_view nome,

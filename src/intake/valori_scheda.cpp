@@ -116,10 +116,22 @@ bool inElenco(const schede::Ente& ente) {
   });
 }
 
+bool inElenco(const std::vector<VoceInLista>& elenco, std::string_view codice) {
+  return std::any_of(elenco.begin(), elenco.end(),
+                     [&](const VoceInLista& una) { return una.codice == codice; });
+}
 bool categoriaInElenco(std::string_view codice) {
   static const std::vector<VoceInLista> kCategorie = categorieEntiPrevidenziali();
-  return std::any_of(kCategorie.begin(), kCategorie.end(),
-                     [&](const VoceInLista& una) { return una.codice == codice; });
+  return inElenco(kCategorie, codice);
+}
+// Whether it is a code of this database alone.
+bool eventoProprio(std::string_view codice) {
+  static const std::vector<VoceInLista> kEventi = eventiEccezionali();
+  return !codice.empty() && !inElenco(kEventi, codice);
+}
+bool categoriaPropria(std::string_view codice) {
+  static const std::vector<VoceInLista> kCategorie = categorieParticolari();
+  return !codice.empty() && !inElenco(kCategorie, codice);
 }
 
 void ente(ValoriDi& valori, const schede::SchedaPercipiente& p, const AccantoPercipiente& accanto,
@@ -159,8 +171,8 @@ void luoghiDi(ValoriDi& valori, const schede::SchedaAnagrafica& a, const Accanto
 
 }  // namespace
 
-std::vector<Value> valoriAzienda(const schede::SchedaAzienda& azienda, const schede::Luoghi& luoghi,
-                                 const schede::Elenchi& elenchi) {
+std::vector<Value> valoriAzienda(const schede::SchedaAzienda& azienda, const AccantoAzienda& accanto,
+                                 const schede::Luoghi& luoghi, const schede::Elenchi& elenchi) {
   using enum ColonnaAzienda;
   ValoriDi valori(Elenco::Aziende);
   valori.testi(kTestiSede, azienda.sede);
@@ -169,7 +181,10 @@ std::vector<Value> valoriAzienda(const schede::SchedaAzienda& azienda, const sch
   valori.testo(Comune, scriviComune(luoghi, azienda.sede.idComune, std::nullopt));
   valori.testo(Provincia, scriviProvincia(luoghi, azienda.sede.idComune));
   valori.testo(RappresentanteCarica, elenchi.cariche.codice(azienda.idCarica));
-  valori.testo(EventoEccezionale, elenchi.eventi.codice(azienda.idEventoEccezionale));
+  const std::string& evento =
+      accanto.evento.empty() ? elenchi.eventi.codice(azienda.idEventoEccezionale) : accanto.evento;
+  valori.testo(EventoEccezionale, evento);
+  if (eventoProprio(evento)) valori.logico(CodiciPropri, true);
   if (azienda.impegno != 0) valori.testo(Impegno, fromInteger(azienda.impegno));
   valori.giorno(DataImpegno, azienda.dataImpegno);
   return valori.presi();
@@ -187,8 +202,14 @@ std::vector<Value> valoriPercipiente(const schede::SchedaPercipiente& p, const A
   luoghiDi(valori, a, accanto, luoghi);
   valori.logico(NonResidente, p.nonResidente);
   valori.logico(Schumacker, p.schumacker);
-  valori.testo(CategoriaParticolare, elenchi.categorie.codice(p.idCategoriaParticolare));
-  valori.testo(EventoEccezionale, elenchi.eventi.codice(p.idEventoEccezionale));
+  const std::string& categoria = accanto.categoriaParticolare.empty()
+                                     ? elenchi.categorie.codice(p.idCategoriaParticolare)
+                                     : accanto.categoriaParticolare;
+  const std::string& evento =
+      accanto.evento.empty() ? elenchi.eventi.codice(p.idEventoEccezionale) : accanto.evento;
+  valori.testo(CategoriaParticolare, categoria);
+  valori.testo(EventoEccezionale, evento);
+  if (categoriaPropria(categoria) || eventoProprio(evento)) valori.logico(CodiciPropri, true);
   ente(valori, p, accanto, elenchi);
   return valori.presi();
 }

@@ -21,8 +21,8 @@ static_assert(kColonneImporti.size() == schede::kImporti);
 
 // Records as rows of the tables that can be imported: one value for each column of the list, null for a cell
 // without one. Read again, they give the same records.
-std::vector<Value> valoriAzienda(const schede::SchedaAzienda& azienda, const schede::Luoghi& luoghi,
-                                 const schede::Elenchi& elenchi);
+std::vector<Value> valoriAzienda(const schede::SchedaAzienda& azienda, const AccantoAzienda& accanto,
+                                 const schede::Luoghi& luoghi, const schede::Elenchi& elenchi);
 std::vector<Value> valoriPercipiente(const schede::SchedaPercipiente& percipiente,
                                      const AccantoPercipiente& accanto, const schede::Luoghi& luoghi,
                                      const schede::Elenchi& elenchi);

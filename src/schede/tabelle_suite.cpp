@@ -56,6 +56,10 @@ constexpr ColonnaSuite kColonneEnte[] = {{"IDCUEntePrevidenziale", Intero},
                                          {"CUCodiceEntePrevidenziale"}};
 constexpr ColonnaSuite kColonneCategoriaEnte[] = {{"IDCUCategoriaEntePrevidenziale", Intero},
                                                   {"CUCodiceCategoriaEntePrevidenziale"}};
+constexpr ColonnaSuite kColonneCategoriaParticolare[] = {{"IDCategoriaParticolare", Intero},
+                                                         {"CodiceCategoriaParticolare"}};
+constexpr ColonnaSuite kColonneEventoEccezionale[] = {{"IDEventoEccezionale", Intero},
+                                                      {"CodiceEventoEccezionale"}};
 constexpr ColonnaSuite kColonnePercipiente[] = {{"IDAzienda", Intero},
                                                 {"IDAnagrafica", Intero},
                                                 {"Codice"},
@@ -117,6 +121,8 @@ const TabellaSuite kCodiceAttivita{"CodiceAttivita", 1, kColonneCodiceAttivita};
 const TabellaSuite kFilialePredefinita{"DefaultFilialePerTipoOggetto", 1, kColonneFilialePredefinita};
 const TabellaSuite kEnte{"CUEntePrevidenziale", 1, kColonneEnte};
 const TabellaSuite kCategoriaEnte{"CUCategoriaEntePrevidenziale", 1, kColonneCategoriaEnte};
+const TabellaSuite kCategoriaParticolare{"CategoriaParticolare", 1, kColonneCategoriaParticolare};
+const TabellaSuite kEventoEccezionale{"EventoEccezionale", 1, kColonneEventoEccezionale};
 const TabellaSuite kPercipiente{"Percipiente", 2, kColonnePercipiente};
 const TabellaSuite kCompenso{"Compenso", 1, kColonneCompenso};
 const TabellaSuite kConto{"ContoIndividuale", 4, kColonneConto};
@@ -145,6 +151,8 @@ std::span<const TabellaSuite* const> tabelleSuite() {
                                         &kFilialePredefinita,
                                         &kEnte,
                                         &kCategoriaEnte,
+                                        &kCategoriaParticolare,
+                                        &kEventoEccezionale,
                                         &kPercipiente,
                                         &kCompenso,
                                         &kConto,

@@ -47,6 +47,8 @@ extern const TabellaSuite kCodiceAttivita;
 extern const TabellaSuite kFilialePredefinita;
 extern const TabellaSuite kEnte;
 extern const TabellaSuite kCategoriaEnte;
+extern const TabellaSuite kCategoriaParticolare;
+extern const TabellaSuite kEventoEccezionale;
 extern const TabellaSuite kPercipiente;
 extern const TabellaSuite kCompenso;
 extern const TabellaSuite kConto;

@@ -76,6 +76,32 @@ TEST(Esporta, TheDemonstrationCompanyComesBackWithTheSameAccounts) {
 
 TEST(Esporta, ASyntheticCompanyComesBackWithTheSameAccounts) { andataERitorno(ContenutoArchivio::Sintetico); }
 
+TEST(Esporta, CodesOfACompanysOwnListsComeBack) {
+  Banco origine{prova::riempito()};
+  origine->Execute(
+      "INSERT INTO EventoEccezionale (IDEventoEccezionale, CodiceEventoEccezionale) VALUES (50, '9')");
+  origine->Execute(
+      "INSERT INTO CategoriaParticolare (IDCategoriaParticolare, CodiceCategoriaParticolare) VALUES (51, "
+      "'W9')");
+  origine->Execute(
+      "UPDATE Percipiente SET IDEventoEccezionale = 50, IDCategoriaParticolare = 51 WHERE Codice = 'P1'");
+  origine->Execute("UPDATE ConfigurazioneCompensiATerzi SET IDEventoEccezionale = 50");
+  Banco nuova;
+  const std::string aziende = csv(esportaAziende(*origine, 1));
+  const std::string percipienti = csv(esportaPercipienti(*origine, 1));
+  ASSERT_THAT(nuova.importa(Elenco::Aziende, aziende, "a.csv"), IsEmpty());
+  ASSERT_THAT(nuova.importa(Elenco::Percipienti, percipienti, "p.csv"), IsEmpty());
+  EXPECT_EQ(csv(esportaAziende(*nuova, 1)), aziende);
+  EXPECT_EQ(csv(esportaPercipienti(*nuova, 1)), percipienti);
+  EXPECT_EQ(nuova.uno("SELECT COUNT(*) FROM EventoEccezionale WHERE CodiceEventoEccezionale = '9'"), "1");
+  EXPECT_EQ(nuova.uno("SELECT COUNT(*) FROM Percipiente INNER JOIN CategoriaParticolare ON"
+                      " Percipiente.IDCategoriaParticolare = CategoriaParticolare.IDCategoriaParticolare"
+                      " WHERE CodiceCategoriaParticolare = 'W9'"),
+            "1");
+  EXPECT_FALSE(nuova.piano(Elenco::Aziende, aziende).scrive());
+  EXPECT_FALSE(nuova.piano(Elenco::Percipienti, percipienti).scrive());
+}
+
 TEST(Esporta, ADocumentThatIsThereTwiceComesBackTwice) {
   Banco origine{prova::riempito()};
   for (const char* valori : {"11, '20170320', '1/2017', 1000", "12, '20170320', '1/2017', 600"}) {

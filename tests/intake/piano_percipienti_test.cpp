@@ -210,6 +210,21 @@ TEST_F(PianoPercipientiTest, AFundOfOnesOwnAndATownAbroadAreAddedOnce) {
             "2");
 }
 
+TEST_F(PianoPercipientiTest, CodesOfOnesOwnAreAddedOnlyWhereTheRowSaysSo) {
+  const std::string testa = "Codice;CodiceFiscale;Cognome;EventoEccezionale;CodiciPropri\n";
+  piano_ = piano(testa + "E1;07643520567;Ditta Uno;9;N\nE2;05979361218;Ditta Due;9;\n");
+  EXPECT_EQ(Banco::stati(piano_), "errore errore");
+  EXPECT_THAT(detti(), Contains(HasSubstr("2: V05 EventoEccezionale")));
+  ASSERT_THAT(banco.importa(Elenco::Percipienti,
+                            testa + "E1;07643520567;Ditta Uno;9;S\nE2;05979361218;Ditta Due;9;S\n"),
+              IsEmpty());
+  const std::int32_t lotto = storico(*banco, 1).back().id;
+  EXPECT_EQ(banco.uno("SELECT COUNT(*) FROM EventoEccezionale WHERE CodiceEventoEccezionale = '9'"), "1");
+  EXPECT_EQ(banco.uno("SELECT COUNT(*) FROM Percipiente WHERE IDEventoEccezionale = 100"), "2");
+  ASSERT_TRUE(banco.annulla(lotto));
+  EXPECT_EQ(banco.uno("SELECT COUNT(*) FROM EventoEccezionale WHERE CodiceEventoEccezionale = '9'"), "0");
+}
+
 TEST_F(PianoPercipientiTest, TheSamePayeeTwiceInTheFile) {
   EXPECT_EQ(Banco::stati(
                 piano("CodiceFiscale;Cognome;Email\n07643520567;Uno;\n07643520567;Uno;\n07643520567;Due;\n")),

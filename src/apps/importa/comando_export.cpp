@@ -1,5 +1,9 @@
+#include <algorithm>
 #include <iostream>
+#include <span>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "apps/comune/codici_uscita.h"
 #include "apps/importa/database_importa.h"
@@ -23,6 +27,24 @@ intake::Esportazione esporta(Connection& connessione, const OpzioniExport& opzio
   return intake::esportaCompensi(connessione, azienda.value(), opzioni.anno);
 }
 
+// The table that is written: without the rare columns that no row has a value for.
+tabelle::TabellaDaScrivere tabellaDi(intake::Esportazione&& esportate) {
+  tabelle::TabellaDaScrivere tabella;
+  tabella.foglio = std::string(intake::nome(esportate.elenco));
+  tabella.righe = std::move(esportate.righe);
+  const std::span<const intake::Colonna> colonne = intake::colonne(esportate.elenco);
+  for (std::size_t i = colonne.size(); i-- > 0;) {
+    const bool vuota = std::none_of(tabella.righe.begin(), tabella.righe.end(),
+                                    [i](const auto& riga) { return !riga[i].view().isNull(); });
+    if (!colonne[i].rara || !vuota) {
+      tabella.colonne.emplace(tabella.colonne.begin(), colonne[i].nome);
+      continue;
+    }
+    for (std::vector<Value>& riga : tabella.righe) riga.erase(riga.begin() + static_cast<std::ptrdiff_t>(i));
+  }
+  return tabella;
+}
+
 }  // namespace
 
 int comandoExport(const OpzioniExport& opzioni) {
@@ -30,15 +52,10 @@ int comandoExport(const OpzioniExport& opzioni) {
     rifiutaDatabase("--output", opzioni.file, opzioni.database);
     DatabaseSuite database = apriDatabase(opzioni.database);
     intake::Esportazione esportate = esporta(database.ownConnection(), opzioni);
-    tabelle::TabellaDaScrivere tabella;
-    tabella.foglio = std::string(intake::nome(opzioni.elenco));
-    for (const intake::Colonna& colonna : intake::colonne(opzioni.elenco))
-      tabella.colonne.emplace_back(colonna.nome);
-    tabella.righe = std::move(esportate.righe);
-    const std::size_t righe = tabella.righe.size();
-    scriviTabelle(opzioni.file, {std::move(tabella)});
-    for (const std::string& tralasciato : esportate.tralasciati)
-      std::cerr << "Tralasciato: " << tralasciato << '\n';
+    const std::size_t righe = esportate.righe.size();
+    const std::vector<std::string> tralasciati = std::move(esportate.tralasciati);
+    scriviTabelle(opzioni.file, {tabellaDi(std::move(esportate))});
+    for (const std::string& tralasciato : tralasciati) std::cerr << "Tralasciato: " << tralasciato << '\n';
     std::cout << "Righe esportate: " << righe << ", in " << opzioni.file << '\n';
     return kRiuscito;
   } catch (const UsoSbagliato& errore) {

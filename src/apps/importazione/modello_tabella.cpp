@@ -111,6 +111,7 @@ std::vector<tabelle::TabellaDaScrivere> modelloTabella(Elenco elenco) {
   ammessi.colonne = {"Colonna", "Obbligatoria", "Valore", "Significato"};
   dati.righe.emplace_back();
   for (const Colonna& colonna : intake::colonne(elenco)) {
+    if (colonna.rara) continue;
     dati.colonne.emplace_back(colonna.nome);
     dati.righe.front().push_back(esempio(colonna));
     ammessi.righe.push_back(
