@@ -183,6 +183,7 @@ TEST_F(FattureDiEsempio, AreTestedAppliedAndTakenBack) {
   EXPECT_NE(dopo.at("Compenso"), prima.at("Compenso"));
   EXPECT_NE(dopo.at("Percipiente"), prima.at("Percipiente"));
 
+  EXPECT_THAT(posto_.cuctl(conDatabase({"import", "history"})).uscita, HasSubstr(" e altri 40 file)."));
   const Esecuzione ancora = importaConDate({pronte()}, {"--apply"});
   EXPECT_EQ(ancora.codice, 0) << ancora.uscita << ancora.errori;
   EXPECT_THAT(ancora.uscita, StartsWith("Importazione: 0 nuovi, 41 uguali, 0 da decidere, 0 errori"));
@@ -278,12 +279,30 @@ TEST_F(FattureDiEsempio, NeedADateOfPayment) {
     return riga.at("values").at("DataPagamento").get<std::string>() + ' ' + riga.at("derived").dump();
   };
   EXPECT_EQ(data({"--payment-date", "document"}), "2017-03-20 [\"DataPagamento\"]");
+  const json proposta = resoconto().at("rows").at(0).at("messages");
+  EXPECT_EQ(std::count_if(proposta.begin(), proposta.end(),
+                          [](const json& uno) {
+                            return uno.at("code") == "R12" && uno.at("severity") == "info" &&
+                                   uno.at("column") == "DataPagamento";
+                          }),
+            1);
   EXPECT_EQ(data({"--payment-date", "15/04/2017"}), "2017-04-15 []");
   const std::string vuota =
       posto_.cartella().write("date.csv", "CodiceFiscale;NumeroDocumento;DataDocumento;DataPagamento\n");
   const Esecuzione manca = importa(una, {"--payment-date", "file", "--dates-file", vuota});
   EXPECT_EQ(manca.codice, 1);
   EXPECT_THAT(manca.uscita, HasSubstr("1 da decidere"));
+  const std::string storta = posto_.cartella().write(
+      "storta.csv", "CodiceFiscale;NumeroDocumento;DataDocumento;DataPagamento\n;1;2017-03-20;ieri\n");
+  const Esecuzione storte =
+      importa(una, {"--payment-date", "file", "--dates-file", storta, "--report", fileResoconto()});
+  EXPECT_EQ(storte.codice, 1);
+  EXPECT_THAT(storte.errori, HasSubstr("storta.csv, riga 2, colonna \"DataPagamento\": ieri"));
+  const json generali = resoconto().at("messages");
+  ASSERT_FALSE(generali.empty());
+  EXPECT_EQ(generali.at(0).at("file"), "storta.csv");
+  EXPECT_EQ(generali.at(0).at("row"), 2);
+  EXPECT_EQ(generali.at(0).at("code"), "V01");
 }
 
 TEST_F(FattureDiEsempio, OfAnotherYearAreLeftOut) {
