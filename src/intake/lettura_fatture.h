@@ -25,7 +25,7 @@ struct DocumentoLetto {
   Date data;
   fatture::Soggetto cedente;
   fatture::Soggetto committente;
-  bool forfettario = false;    // a seller in the flat-rate scheme without tax
+  bool forfettario = false;  // a seller in the flat-rate scheme without tax
   // RT01 on a firm, or RT02 on a person: "RT01"; "" where the tax is of the right kind or there is none.
   std::string ritenutaAltrui;
 };
