@@ -275,7 +275,8 @@ void FinestraFile::mostraSegno() {
   constexpr double kPunti = 72 / 25.4;  // in a millimetre
   const reporting::Box& dove = posto->place;
   const QRectF riquadro(dove.x * kPunti, dove.y * kPunti, dove.width * kPunti, dove.height * kPunti);
-  const QString nome = qs(segno_->codice + " " + nomeCasella(segno_->codice, file_->anno().value_or(0)));
+  const QString nome = QStringLiteral("Casella segnata: ") +
+                       qs(segno_->codice + " " + nomeCasella(segno_->codice, file_->anno().value_or(0)));
   pagine.setMark(desktop::Pages::Mark{segno_->pagina, riquadro, nome});
 }
 

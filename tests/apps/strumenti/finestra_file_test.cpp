@@ -149,7 +149,7 @@ TEST(FileWindow, AFindingIsMarkedAndScrolledToOnTheForm) {
   EXPECT_TRUE(pagine.mark()->spoken.contains(QStringLiteral("AU001004")));
   for (int i = 0; i < 6; ++i) pagine.larger();
   pagine.setMark(pagine.mark());
-  EXPECT_TRUE(pagine.seen().contains(pagine.mark()->place.center()));
+  EXPECT_TRUE(test::aspetta([&] { return pagine.seen().contains(pagine.mark()->place.center()); }));
   // A box that is chosen in the table is marked too, and another certificate has no mark.
   schermo.caselle().setFocus();
   schermo.caselle().aperta(0);
