@@ -1,0 +1,394 @@
+// The preview: turning, finding, printing and saving pages, small pictures, and documents of thousands of
+// pages.
+
+#include <gtest/gtest.h>
+#include <poppler-qt6.h>
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPlainTextEdit>
+#include <QPrinter>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWheelEvent>
+#include <map>
+
+#include "desktop/page_output.h"
+#include "desktop/page_wait.h"
+#include "desktop/preview_dialog.h"
+#include "desktop/screen_support.h"
+#include "desktop/text.h"
+#include "desktop/thumbnails.h"
+
+namespace cu::test {
+namespace {
+
+constexpr int kMany = 2100;
+constexpr int kPatience = 60000;  // milliseconds
+
+// Line of a page, from 0: names with accents, and the page's number.
+QString lineOf(int page, int line) {
+  if (line == 0) return QStringLiteral("Pagina numero %1").arg(page + 1);
+  return page % 2 == 0 ? QStringLiteral("Calò Nicolò, perché") : QStringLiteral("Rossi Maria");
+}
+
+Preview documentIn(const QTemporaryDir& folder, int pages) {
+  Preview preview;
+  preview.title = "Conto individuale";
+  preview.file = folder.filePath(QStringLiteral("pagine.pdf")).toStdString();
+  QPdfWriter writer(desktop::shown(preview.file));
+  writer.setPageSize(QPageSize(QPageSize::A4));
+  writer.setResolution(300);
+  QPainter painter(&writer);
+  for (int page = 0; page < pages; ++page) {
+    if (page > 0) writer.newPage();
+    std::string text;
+    for (int line = 0; line < 2; ++line) {
+      painter.drawText(200, 300 + line * 400, lineOf(page, line));
+      text += lineOf(page, line).toStdString() + "\r\n";
+    }
+    preview.pages.push_back(text);
+  }
+  return preview;
+}
+
+// A preview with a window of its own, shown.
+struct Previewed {
+  explicit Previewed(int pages, bool withTexts = true) : preview(documentIn(folder, pages)) {
+    QSettings().remove(QStringLiteral("anteprima"));
+    if (!withTexts) preview.pages.clear();
+    dialog = std::make_unique<desktop::PreviewDialog>(nullptr, preview);
+    dialog->resize(900, 600);
+    dialog->show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    EXPECT_TRUE(drawn());
+  }
+  bool drawn() {
+    return QTest::qWaitFor([this] { return dialog->view().shows(dialog->page()); }, kPatience);
+  }
+  bool searched() {
+    return QTest::qWaitFor([this] { return !dialog->found().running(); }, kPatience);
+  }
+  QLineEdit& box(const char* name) {
+    for (auto* each : dialog->findChildren<QLineEdit*>()) {
+      if (each->accessibleName() == QString::fromUtf8(name)) return *each;
+    }
+    throw std::runtime_error(name);
+  }
+  bool says(const QString& text) {
+    const auto labels = dialog->findChildren<QLabel*>();
+    return std::any_of(labels.begin(), labels.end(),
+                       [&](const QLabel* each) { return each->text() == text; });
+  }
+  void find(const char* text) {
+    QLineEdit& wanted = box("Cerca nelle pagine");
+    wanted.setFocus();
+    wanted.selectAll();
+    typeText(wanted, QString::fromUtf8(text));
+    QTest::keyClick(&wanted, Qt::Key_Return);
+  }
+  void wheel(int steps) {
+    QWidget& under = *dialog->view().findChild<QScrollArea*>()->viewport();
+    const QPointF at = under.rect().center();
+    QWheelEvent event(at, under.mapToGlobal(at), {}, {0, 120 * steps}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&under, &event);
+  }
+
+  QTemporaryDir folder;
+  Preview preview;
+  std::unique_ptr<desktop::PreviewDialog> dialog;
+};
+
+TEST(Preview, KeysTurnThePages) {
+  Previewed shown(4);
+  const auto after = [&](Qt::Key key) {
+    QTest::keyClick(shown.dialog->focusWidget(), key);
+    return shown.dialog->page();
+  };
+  EXPECT_EQ(after(Qt::Key_End), 3);
+  EXPECT_EQ(after(Qt::Key_PageDown), 3);
+  EXPECT_EQ(after(Qt::Key_PageUp), 2);
+  EXPECT_EQ(after(Qt::Key_Home), 0);
+  EXPECT_EQ(after(Qt::Key_PageDown), 1);
+  EXPECT_TRUE(shown.drawn());
+}
+
+TEST(Preview, TheWheelScrollsAPageAndThenTurnsIt) {
+  Previewed shown(3);
+  QScrollBar& bar = *shown.dialog->view().findChild<QScrollArea*>()->verticalScrollBar();
+  ASSERT_GT(bar.maximum(), 0) << "the page is higher than the window";
+  shown.wheel(-1);
+  EXPECT_EQ(shown.dialog->page(), 0);
+  EXPECT_GT(bar.value(), 0);
+  bar.setValue(bar.maximum());
+  shown.wheel(-1);
+  EXPECT_EQ(shown.dialog->page(), 1);
+  ASSERT_TRUE(shown.drawn());
+  EXPECT_EQ(bar.value(), 0) << "a page begins at its top";
+  shown.wheel(1);
+  EXPECT_EQ(shown.dialog->page(), 0);
+  ASSERT_TRUE(shown.drawn());
+  EXPECT_EQ(bar.value(), bar.maximum()) << "backwards it is read from its end";
+  bar.setValue(0);
+  shown.wheel(1);
+  EXPECT_EQ(shown.dialog->page(), 0) << "there is none before";
+}
+
+TEST(Preview, ThePageBoxGoesToANumberAndNamesTheLimits) {
+  Previewed shown(12);
+  QLineEdit& box = shown.box("Pagina");
+  EXPECT_TRUE(shown.says(QStringLiteral("di 12")));
+  box.setFocus();
+  box.selectAll();
+  QTest::keyClicks(&box, "10");
+  QTest::keyClick(&box, Qt::Key_Return);
+  EXPECT_EQ(shown.dialog->page(), 9);
+  box.selectAll();
+  QTest::keyClicks(&box, "13");
+  QTest::keyClick(&box, Qt::Key_Return);
+  EXPECT_EQ(shown.dialog->page(), 9);
+  EXPECT_TRUE(shown.says(QStringLiteral("Le pagine vanno da 1 a 12.")));
+  EXPECT_TRUE(shown.dialog->isVisible());
+}
+
+TEST(Preview, FindsWithoutAccentsCountsAndMarksTheHits) {
+  Previewed shown(5);
+  shown.find("calo nico");
+  ASSERT_TRUE(shown.searched());
+  EXPECT_EQ(shown.dialog->found().hits(), 3U);
+  EXPECT_TRUE(shown.says(QStringLiteral("1 di 3")));
+  desktop::Pages& pages = shown.dialog->view();
+  ASSERT_TRUE(pages.mark());
+  EXPECT_EQ(pages.mark()->page, 0);
+  EXPECT_GT(pages.mark()->place.width(), 0);
+  QLineEdit& wanted = shown.box("Cerca nelle pagine");
+  QTest::keyClick(&wanted, Qt::Key_Return);
+  EXPECT_EQ(pages.mark()->page, 2);
+  QTest::keyClick(&wanted, Qt::Key_F3);
+  EXPECT_EQ(shown.dialog->page(), 4);
+  QTest::keyClick(&wanted, Qt::Key_F3);
+  EXPECT_EQ(shown.dialog->page(), 0) << "after the last one the first";
+  QTest::keyClick(&wanted, Qt::Key_Return, Qt::ShiftModifier);
+  EXPECT_EQ(shown.dialog->page(), 4);
+  EXPECT_TRUE(shown.says(QStringLiteral("3 di 3")));
+}
+
+TEST(Preview, SaysWhenNothingIsFoundAndForgetsAnEmptySearch) {
+  Previewed shown(3);
+  shown.find("NICOLÒ");
+  ASSERT_TRUE(shown.searched());
+  EXPECT_EQ(shown.dialog->found().hits(), 2U);
+  shown.find("assente");
+  ASSERT_TRUE(shown.searched());
+  EXPECT_TRUE(shown.says(QStringLiteral("Nessuna corrispondenza")));
+  EXPECT_FALSE(shown.dialog->view().mark());
+  shown.box("Cerca nelle pagine").clear();
+  EXPECT_FALSE(shown.says(QStringLiteral("Nessuna corrispondenza")));
+}
+
+TEST(Preview, FindsInTheTextsWhereTheyAreShown) {
+  Previewed shown(5);
+  shown.dialog->view().setAsText(true);
+  shown.find("CALO");
+  ASSERT_TRUE(shown.searched());
+  EXPECT_EQ(shown.dialog->found().hits(), 3U);
+  const auto* const text = shown.dialog->findChild<QPlainTextEdit*>();
+  EXPECT_EQ(text->textCursor().selectedText(), QStringLiteral("Calò"));
+  // The other way of showing has its own places.
+  shown.dialog->view().setAsText(false);
+  ASSERT_TRUE(shown.searched());
+  EXPECT_EQ(shown.dialog->found().hits(), 3U);
+  EXPECT_TRUE(shown.dialog->view().mark());
+}
+
+TEST(Preview, AnswersWhileThousandsOfPagesAreSearchedAndDrawn) {
+  Previewed shown(kMany, false);
+  EXPECT_EQ(shown.dialog->pages(), kMany);
+  QTest::keyClick(&shown.dialog->view(), Qt::Key_End);
+  EXPECT_EQ(shown.dialog->page(), kMany - 1);
+  ASSERT_TRUE(shown.drawn());
+  shown.find("assente");
+  EXPECT_TRUE(shown.dialog->found().running());
+  EXPECT_TRUE(shown.dialog->found().words().startsWith(QStringLiteral("Si cerca")))
+      << "the progress is shown";
+  shown.dialog->view().go(1000);
+  ASSERT_TRUE(shown.drawn());
+  EXPECT_TRUE(shown.dialog->found().running()) << "a page is not kept waiting by a search";
+  ASSERT_TRUE(shown.searched());
+  EXPECT_EQ(shown.dialog->found().hits(), 0U);
+}
+
+TEST(Preview, TheHitsOfThousandsOfPagesAreInTheirOrder) {
+  Previewed shown(kMany);
+  shown.dialog->view().go(1001);
+  shown.find("nicolo");
+  ASSERT_TRUE(shown.searched());
+  EXPECT_EQ(shown.dialog->found().hits(), kMany / 2U);
+  EXPECT_EQ(shown.dialog->page(), 1002) << "the first one from the page that was shown";
+  EXPECT_TRUE(shown.says(QStringLiteral("502 di 1.050")));
+}
+
+TEST(Preview, OnlyTheSmallPicturesThatAreSeenAreDrawn) {
+  Previewed shown(kMany);
+  const desktop::Thumbnails& small = shown.dialog->thumbnails();
+  ASSERT_TRUE(small.isVisible());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return small.thumbnails().drawn() > 2; }, kPatience));
+  EXPECT_LT(small.thumbnails().drawn(), 60);
+  shown.dialog->thumbnails().setCurrentIndex(small.model()->index(1500, 0));
+  EXPECT_EQ(shown.dialog->page(), 1500);
+  shown.dialog->view().go(20);
+  EXPECT_EQ(small.currentIndex().row(), 20);
+  EXPECT_EQ(small.model()->index(20, 0).data(Qt::AccessibleTextRole).toString(), QStringLiteral("Pagina 21"));
+}
+
+TEST(Preview, TheChoiceOfSmallPicturesIsRemembered) {
+  Previewed first(3);
+  for (auto* each : first.dialog->findChildren<QAbstractButton*>()) {
+    if (each->text() == QStringLiteral("&Miniature")) each->click();
+  }
+  EXPECT_FALSE(first.dialog->thumbnails().isVisible());
+  desktop::PreviewDialog second(nullptr, first.preview);
+  second.show();
+  EXPECT_FALSE(second.thumbnails().isVisible());
+  QSettings().remove(QStringLiteral("anteprima"));
+}
+
+// The pages of a document as small grey images.
+std::vector<QImage> imagesOf(const QString& pdf) {
+  std::vector<QImage> images;
+  const auto document = Poppler::Document::load(pdf);
+  constexpr double kDots = 60;
+  for (int page = 0; document != nullptr && page < document->numPages(); ++page) {
+    images.push_back(
+        document->page(page)->renderToImage(kDots, kDots).convertToFormat(QImage::Format_Grayscale8));
+  }
+  return images;
+}
+
+qint64 pageDifference(const QImage& one, const QImage& other) {
+  qint64 sum = 0;
+  for (int y = 0; y < std::min(one.height(), other.height()); ++y) {
+    for (int x = 0; x < std::min(one.width(), other.width()); ++x) {
+      sum += std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y)));
+    }
+  }
+  return sum;
+}
+
+// The page of the document, from 1, that a printed page resembles most.
+std::size_t nearest(const QImage& printed, const std::vector<QImage>& pages) {
+  const auto found =
+      std::min_element(pages.begin(), pages.end(), [&](const QImage& one, const QImage& other) {
+        return pageDifference(printed, one) < pageDifference(printed, other);
+      });
+  return static_cast<std::size_t>(found - pages.begin()) + 1;
+}
+
+TEST(Preview, PrintsThePagesThatTheDialogOfThePrinterNames) {
+  Previewed shown(6);
+  const QString printed = shown.folder.filePath(QStringLiteral("stampa.pdf"));
+  shown.dialog->choosePrinter = [&](QPrinter& printer) {
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(printed);
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    printer.setPrintRange(QPrinter::PageRange);
+    printer.setFromTo(2, 4);
+    return true;
+  };
+  QTest::keySequence(shown.dialog.get(), QKeySequence::Print);
+  const std::vector<QImage> made = imagesOf(printed);
+  const std::vector<QImage> source = imagesOf(desktop::shown(shown.preview.file));
+  ASSERT_EQ(made.size(), 3U);
+  EXPECT_EQ(made[0].size(), source[0].size());
+  for (std::size_t page = 0; page < made.size(); ++page) EXPECT_EQ(nearest(made[page], source), page + 2);
+  EXPECT_TRUE(shown.says(QStringLiteral("Stampata in %1.").arg(printed)));
+}
+
+TEST(Preview, APrintThatIsNotWantedOrFailsMakesNothing) {
+  Previewed shown(2);
+  const QString printed = shown.folder.filePath(QStringLiteral("manca/stampa.pdf"));
+  shown.dialog->choosePrinter = [&](QPrinter&) { return false; };
+  QTest::keySequence(shown.dialog.get(), QKeySequence::Print);
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  printer.setOutputFileName(printed);
+  EXPECT_FALSE(desktop::printDocument(shown.dialog->view().source()->bytes(), printer, 0, shown.dialog.get())
+                   .isEmpty());
+  EXPECT_FALSE(QFile::exists(printed));
+}
+
+QByteArray contentOf(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+TEST(Preview, SavesACopyOfTheDocument) {
+  Previewed shown(2);
+  const QString copy = shown.folder.filePath(QStringLiteral("copia.pdf"));
+  QString suggested;
+  shown.dialog->chooseFile = [&](const QString& name) {
+    suggested = name;
+    return copy;
+  };
+  QTest::keySequence(shown.dialog.get(), QKeySequence::Save);
+  EXPECT_EQ(suggested, QStringLiteral("Conto individuale.pdf"));
+  EXPECT_EQ(contentOf(copy), contentOf(desktop::shown(shown.preview.file)));
+  EXPECT_TRUE(shown.says(QStringLiteral("Salvata in %1.").arg(copy)));
+}
+
+TEST(Preview, ACopyThatCannotBeWrittenIsToldWithItsReason) {
+  Previewed shown(2);
+  const QByteArray bytes = shown.dialog->view().source()->bytes();
+  const QString nowhere = shown.folder.filePath(QStringLiteral("manca/copia.pdf"));
+  EXPECT_EQ(desktop::saveDocument(bytes, nowhere),
+            nowhere + QStringLiteral(" non si può scrivere: la cartella non esiste."));
+  EXPECT_EQ(desktop::saveDocument(bytes, shown.folder.path()),
+            shown.folder.path() + QStringLiteral(" non si può scrivere: è una cartella."));
+  EXPECT_EQ(desktop::saveDocument(bytes, QStringLiteral("/dev/null")),
+            QStringLiteral("/dev/null non si può scrivere: non è un file."));
+  EXPECT_EQ(desktop::pdfNameOf(QStringLiteral("CUR_1_2017/12.cur")), QStringLiteral("CUR_1_2017 12.pdf"));
+}
+
+TEST(Preview, AWaitIsShownAfterAMomentAndSaysWhatFor) {
+  QWidget over;
+  over.resize(400, 300);
+  over.show();
+  desktop::PageWait wait(&over);
+  wait.begin(QStringLiteral("Si disegna la pagina 7…"));
+  EXPECT_FALSE(wait.isVisible()) << "a short wait is not noticed";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return wait.isVisible(); }, kPatience));
+  EXPECT_EQ(wait.findChild<QLabel*>()->text(), QStringLiteral("Si disegna la pagina 7…"));
+  EXPECT_TRUE(over.rect().contains(wait.geometry()));
+  wait.end();
+  EXPECT_FALSE(wait.isVisible());
+}
+
+TEST(Preview, EachLetterPressesOneThingAndEverythingHasAName) {
+  const Previewed shown(3);
+  std::map<QChar, int> letters;
+  const auto take = [&](const QString& text) {
+    const qsizetype at = text.indexOf(u'&');
+    if (at >= 0) ++letters[text[at + 1].toLower()];
+  };
+  for (const auto* each : shown.dialog->findChildren<QAbstractButton*>()) take(each->text());
+  for (const auto* each : shown.dialog->findChildren<QLabel*>()) {
+    if (each->buddy() != nullptr) take(each->text());
+  }
+  EXPECT_EQ(letters.size(), 16U);
+  for (const auto& [letter, count] : letters) EXPECT_EQ(count, 1) << QString(letter).toStdString();
+  for (const auto* each : shown.dialog->findChildren<QWidget*>()) {
+    if (!each->isVisible() || each->focusPolicy() == Qt::NoFocus) continue;
+    const auto* const button = qobject_cast<const QAbstractButton*>(each);
+    EXPECT_TRUE(button != nullptr || !each->accessibleName().isEmpty()) << each->metaObject()->className();
+  }
+}
+
+}  // namespace
+}  // namespace cu::test
