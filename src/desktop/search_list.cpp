@@ -9,12 +9,28 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <array>
 #include <numeric>
 
+#include "desktop/matched_cells.h"
 #include "desktop/text.h"
 #include "desktop/whole_text.h"
 
 namespace cu::desktop {
+namespace {
+
+constexpr std::size_t kRanks = 4;
+
+// The first place where the word begins a word of the text; -1 for none.
+qsizetype beginningOfWord(const QString& text, const QString& word) {
+  for (qsizetype at = text.indexOf(word); at >= 0; at = text.indexOf(word, at + 1)) {
+    if (at == 0 || !text[at - 1].isLetterOrNumber()) return at;
+  }
+  return -1;
+}
+
+}  // namespace
 
 SearchModel::SearchModel(Recordset& rows, QStringList captions, QObject* parent)
     : QAbstractTableModel(parent), rows_(rows), captions_(std::move(captions)), cells_(rows.Fields().size()) {
@@ -23,35 +39,59 @@ SearchModel::SearchModel(Recordset& rows, QStringList captions, QObject* parent)
     rows_.Peek(at, cells_.data());
     keys_.push_back({folded(shown(cells_[1].toText())), folded(shown(cells_[2].toText()))});
   }
-  matching_.resize(keys_.size());
-  std::iota(matching_.begin(), matching_.end(), 0U);
+  passing_.resize(keys_.size());
+  std::iota(passing_.begin(), passing_.end(), 0U);
+  matching_ = passing_;
+}
+
+std::optional<std::size_t> SearchModel::rank(const Key& key) const {
+  const auto has = [&](const QString& word) {
+    return key.code.contains(word) || key.description.contains(word);
+  };
+  if (!std::all_of(words_.begin(), words_.end(), has)) return std::nullopt;
+  if (key.code == narrowed_ || key.description == narrowed_) return 0;
+  if (key.code.startsWith(narrowed_) || key.description.startsWith(narrowed_)) return 1;
+  const auto begins = [&](const QString& word) {
+    return key.code.startsWith(word) || beginningOfWord(key.description, word) >= 0;
+  };
+  return std::all_of(words_.begin(), words_.end(), begins) ? 2 : 3;
 }
 
 void SearchModel::narrow(const QString& typed) {
-  const QString wanted = folded(typed.trimmed());
+  const QString wanted = folded(typed.simplified());
   beginResetModel();
   // A text that continues the previous one narrows the result further.
   if (narrowed_.isEmpty() || !wanted.startsWith(narrowed_)) {
-    matching_.resize(keys_.size());
-    std::iota(matching_.begin(), matching_.end(), 0U);
+    passing_.resize(keys_.size());
+    std::iota(passing_.begin(), passing_.end(), 0U);
   }
-  if (!wanted.isEmpty()) {
-    std::vector<std::uint32_t> first;
-    std::vector<std::uint32_t> further;
-    for (const std::uint32_t at : matching_) {
-      const Key& key = keys_[at];
-      if (key.description.startsWith(wanted) || key.code.startsWith(wanted)) {
-        first.push_back(at);
-      } else if (key.description.contains(wanted) || key.code.contains(wanted)) {
-        further.push_back(at);
-      }
-    }
-    first.insert(first.end(), further.begin(), further.end());
-    matching_ = std::move(first);
-  }
-  // The order of the remaining rows is that of the last search; a shorter text starts again from all rows.
   narrowed_ = wanted;
+  words_ = wanted.split(u' ', Qt::SkipEmptyParts);
+  std::array<std::vector<std::uint32_t>, kRanks> ranked;
+  if (!wanted.isEmpty()) {
+    std::erase_if(passing_, [&](std::uint32_t at) {
+      const auto found = rank(keys_[at]);
+      if (found) ranked[*found].push_back(at);
+      return !found;
+    });
+    matching_.clear();
+    for (const auto& each : ranked) matching_.insert(matching_.end(), each.begin(), each.end());
+  } else {
+    matching_ = passing_;
+  }
   endResetModel();
+}
+
+std::vector<Stretch> SearchModel::matched(const QString& text) const {
+  std::vector<Stretch> all;
+  for (const QString& word : words_) {
+    const std::vector<Stretch> found = matches(text, word);
+    const auto first = std::find_if(found.begin(), found.end(), [&](const Stretch& each) {
+      return each.from == 0 || !text[each.from - 1].isLetterOrNumber();
+    });
+    if (!found.empty()) all.push_back(first != found.end() ? *first : found.front());
+  }
+  return all;
 }
 
 int SearchModel::rowCount(const QModelIndex& parent) const {
@@ -117,6 +157,8 @@ SearchDialog::SearchDialog(QWidget* parent, const QString& title, Recordset& row
   box_->setAccessibleName(QStringLiteral("Testo da cercare"));
   table_->setAccessibleName(QStringLiteral("Righe trovate"));
   table_->setModel(&model_);
+  table_->setItemDelegate(
+      new MatchedCells([this](const QString& text) { return model_.matched(text); }, this));
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setSelectionMode(QAbstractItemView::SingleSelection);
   table_->setTabKeyNavigation(false);

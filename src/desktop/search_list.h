@@ -2,11 +2,13 @@
 
 #include <QAbstractTableModel>
 #include <QDialog>
+#include <QStringList>
 #include <optional>
 #include <vector>
 
 #include "data/recordset.h"
 #include "desktop/input_drain.h"
+#include "desktop/matches.h"
 
 class QLabel;
 class QLineEdit;
@@ -14,12 +16,17 @@ class QTableView;
 
 namespace cu::desktop {
 
-// The rows of a search list whose code or description contains the text typed; rows whose description or code
-// begins with it come first.
+// The rows of a search list whose code and description contain all words typed, in any order; case and
+// accents are ignored. The best come first: a code or description that is the text itself, one that begins
+// with it, rows with words that begin with the words typed, and the others; equal ones stay in the list's
+// order.
 class SearchModel : public QAbstractTableModel {
  public:
   SearchModel(Recordset& rows, QStringList captions, QObject* parent = nullptr);
   void narrow(const QString& typed);
+  // Where the text of a column has the words typed, for each word its first place that begins a word or any
+  // other.
+  std::vector<Stretch> matched(const QString& text) const;
   std::size_t total() const { return keys_.size(); }
   std::int64_t record(int row) const;
   std::string code(int row) const { return text(row, 1); }
@@ -36,12 +43,16 @@ class SearchModel : public QAbstractTableModel {
     QString description;
   };
   std::string text(int row, std::size_t field) const;
+  // From 0 for the best; nullopt for a row without one of the words.
+  std::optional<std::size_t> rank(const Key& key) const;
 
   Recordset& rows_;
   QStringList captions_;
   std::vector<Key> keys_;
-  std::vector<std::uint32_t> matching_;  // indexes from 0
+  std::vector<std::uint32_t> passing_;   // indexes from 0, in the list's order
+  std::vector<std::uint32_t> matching_;  // the same, the best first
   QString narrowed_;
+  QStringList words_;
   mutable std::vector<CellView> cells_;
 };
 
