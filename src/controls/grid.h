@@ -67,6 +67,10 @@ class Grid : public Control {
   void highlight(std::vector<std::size_t> rows) { highlighted_ = std::move(rows); }
   const std::vector<std::size_t>& highlighted() const { return highlighted_; }
 
+  // What a code in a cell stands for, "" where there is nothing to add; only a window calls it, for a
+  // tooltip.
+  std::function<std::string(const GridColumn& column, const std::string& code)> meaning;
+
   // User events; a row that does not exist is ignored.
   void selectRow(std::size_t row);
   bool keyDown(std::int16_t code, std::int16_t shift);

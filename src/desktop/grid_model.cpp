@@ -136,7 +136,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return caption + QStringLiteral(": ") + text(index.row(), index.column());
     }
     case Qt::ToolTipRole:
-      return isMenu(index.column()) ? QVariant(QStringLiteral("Menu della riga")) : QVariant();
+      return isMenu(index.column()) ? QStringLiteral("Menu della riga")
+                                    : meaning(index.row(), index.column());
     default:
       return {};
   }
@@ -188,6 +189,11 @@ int GridModel::findNext(const QString& what, int at, int row) const {
   }
   const int other = first.at(here == Begins ? Has : Begins);
   return other >= 0 ? other : first.at(here);
+}
+
+QString GridModel::meaning(int row, int at) const {
+  if (grid_ == nullptr || !grid_->meaning) return {};
+  return sentenceTip(shown(grid_->meaning(column(at), utf8(text(row, at)))));
 }
 
 }  // namespace cu::desktop

@@ -51,6 +51,7 @@ class GridModel : public QAbstractTableModel {
     bool flag = false;
   };
   Drawn drawn(int row, int column) const;
+  QString meaning(int row, int column) const;
   const CellView& cell(int row, int column) const;
 
   Grid* grid_;

@@ -49,6 +49,14 @@ std::vector<NazioneInLista> nazioni() {
 }
 
 std::vector<VoceInLista> causaliPagamento() { return voci("liste/causali_pagamento.tsv"); }
+std::string_view descrizioneCausale(std::string_view codice) {
+  const Tabella tabella(risorsa("liste/causali_pagamento.tsv"));
+  for (std::size_t i = 0; i < tabella.righe(); ++i) {
+    if (tabella.campo(i, "Codice") == codice) return tabella.campo(i, "CausalePagamento");
+  }
+  return {};
+}
+
 std::vector<VoceInLista> categorieParticolari() { return voci("liste/categorie_particolari.tsv"); }
 std::vector<VoceInLista> eventiEccezionali() { return voci("liste/eventi_eccezionali.tsv"); }
 

@@ -33,6 +33,8 @@ struct VoceInLista {
 std::vector<ComuneInLista> comuni();
 std::vector<NazioneInLista> nazioni();
 std::vector<VoceInLista> causaliPagamento();
+// What a payment reason stands for; "" for an unknown code.
+std::string_view descrizioneCausale(std::string_view codice);
 std::vector<VoceInLista> categorieParticolari();
 std::vector<VoceInLista> eventiEccezionali();
 std::vector<VoceInLista> categorieEntiPrevidenziali();

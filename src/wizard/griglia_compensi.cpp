@@ -1,6 +1,7 @@
 #include "wizard/griglia_compensi.h"
 
 #include "base/text.h"
+#include "liste/liste.h"
 
 namespace cu {
 
@@ -10,6 +11,9 @@ GrigliaCompensi::GrigliaCompensi(Grid& griglia) : griglia_(griglia) {
   // The row menu's column has no field: every row shows the picture of value 2.
   griglia_.paintValue = [](const GridColumn& colonna, Value& valore) {
     if (colonna.field == kColonnaPopup) valore = Value::ofInteger(kImmaginePopup);
+  };
+  griglia_.meaning = [](const GridColumn& colonna, const std::string& codice) {
+    return colonna.field == "Codice" ? std::string(descrizioneCausale(codice)) : std::string();
   };
 }
 

@@ -218,5 +218,13 @@ TEST(RiempiListe, WritesIdsAsIntegersAndDoublesQuotes) {
   EXPECT_TRUE(found);
 }
 
+TEST(CausaliPagamento, EachHasADescription) {
+  for (const VoceInLista& voce : causaliPagamento())
+    EXPECT_FALSE(descrizioneCausale(voce.codice).empty()) << voce.codice;
+  EXPECT_EQ(descrizioneCausale("A"), "Lavoro autonomo nell'esercizio di arte o professione abituale");
+  EXPECT_EQ(descrizioneCausale("a"), "");
+  EXPECT_EQ(descrizioneCausale(""), "");
+}
+
 }  // namespace
 }  // namespace cu

@@ -20,6 +20,7 @@
 #include "desktop/list_views.h"
 #include "desktop/screen_support.h"
 #include "desktop/text.h"
+#include "liste/liste.h"
 
 namespace cu::test {
 namespace {
@@ -218,6 +219,13 @@ QString tipOver(QTableView& table, const QModelIndex& cell) {
   return QToolTip::isVisible() ? QToolTip::text() : QString();
 }
 
+int columnCalled(const QAbstractItemModel& model, const QString& caption) {
+  for (int column = 0; column < model.columnCount(); ++column) {
+    if (model.headerData(column, Qt::Horizontal).toString() == caption) return column;
+  }
+  return -1;
+}
+
 TEST(Tooltips, TellANameThatIsCutInTheGrid) {
   Screen screen;
   screen.toGrid();
@@ -228,6 +236,21 @@ TEST(Tooltips, TellANameThatIsCutInTheGrid) {
   table.setColumnWidth(2, 30);
   EXPECT_EQ(tipOver(table, name), name.data().toString());
   EXPECT_EQ(tipOver(table, table.model()->index(0, 1)), "Menu della riga");
+  QToolTip::hideText();
+}
+
+TEST(Tooltips, TellWhatAReasonsLetterStandsFor) {
+  Screen screen;
+  screen.toGrid();
+  auto& table = *screen.find<QTableView>("grdCompensi");
+  const int reason = columnCalled(*table.model(), QStringLiteral("Codice pagamento"));
+  ASSERT_GE(reason, 0);
+  const QModelIndex cell = table.model()->index(0, reason);
+  const std::string letter = cell.data().toString().toStdString();
+  ASSERT_FALSE(descrizioneCausale(letter).empty()) << letter;
+  table.setColumnHidden(reason, false);
+  table.scrollTo(cell);
+  EXPECT_EQ(tipOver(table, cell), desktop::sentenceTip(desktop::shown(descrizioneCausale(letter))));
   QToolTip::hideText();
 }
 
