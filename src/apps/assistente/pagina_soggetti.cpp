@@ -21,7 +21,7 @@ PaginaSoggetti::PaginaSoggetti(QWidget* parent, Assistente& assistente)
        {.chiave = "codice", .titolo = "Codice", .testo = [di](std::size_t q) { return qs(di(q).chiave); }},
        {.chiave = "nome", .titolo = "Nome", .testo = [di](std::size_t q) { return qs(di(q).nome); }},
        colonnaNumero("righe", "Righe", [di](std::size_t q) { return di(q).righe.size(); }),
-       colonnaImporto("onorari", "Onorari", [di](std::size_t q) { return di(q).onorari; }),
+       colonnaImporto("lordo", "Lordo", [di](std::size_t q) { return di(q).lordo; }),
        colonnaVuota()},
       this);
   tabella_->scelta = [this](auto) { mostraScelta(); };

@@ -78,15 +78,20 @@ std::string unitoDa(const std::vector<Messaggio>& messaggi) {
   return testo;
 }
 
+Decimal lordoDi(const schede::Importi& importi) { return lordo(importi); }
+Decimal lordoDi(const fatture::ImportiFattura& importi) {
+  return importi.onorario + importi.sommeNonSoggette;
+}
+
 void mettiImporti(DocumentoMostrato& mostrato, const schede::Importi& importi) {
   const auto di = [&](schede::Importo quale) { return importi[schede::posto(quale)]; };
-  mostrato.lordo = di(schede::Importo::Onorario) + di(schede::Importo::SommeNonSoggette);
+  mostrato.lordo = lordo(importi);
   mostrato.imponibile = di(schede::Importo::Onorario) - di(schede::Importo::QuotaNonSoggetta);
   mostrato.ritenute = ritenute(importi);
 }
 
 void mettiImporti(DocumentoMostrato& mostrato, const fatture::ImportiFattura& importi) {
-  mostrato.lordo = importi.onorario + importi.sommeNonSoggette;
+  mostrato.lordo = lordoDi(importi);
   mostrato.imponibile = importi.onorario - importi.quotaNonSoggetta;
   mostrato.ritenute = importi.ritenutaAcconto + importi.ritenutaImposta;
 }
@@ -101,11 +106,6 @@ void conImporti(const Piano& piano, const RigaPiano& riga, const intake::RigaFat
   const bool certi = accanto.decisa || presa.proposta;
   if (certi && quale < accanto.proposte.size()) fa(accanto.proposte[quale].importi);
 }
-
-Decimal onorarioDi(const schede::Importi& importi) {
-  return importi[schede::posto(schede::Importo::Onorario)];
-}
-Decimal onorarioDi(const fatture::ImportiFattura& importi) { return importi.onorario; }
 
 std::string causaleScritta(const Piano& piano, const RigaPiano& riga) {
   const std::string_view nome = intake::colonna(intake::ColonnaCompenso::Causale).nome;
@@ -200,11 +200,11 @@ const intake::DocumentoLetto* documentoDellaRiga(const Piano& piano, const RigaP
   return accanto->documento < documenti.size() ? &documenti[accanto->documento] : nullptr;
 }
 
-std::optional<Decimal> onorarioDelDocumento(const Piano& piano, const RigaPiano& riga) {
-  std::optional<Decimal> onorario;
+std::optional<Decimal> lordoDelDocumento(const Piano& piano, const RigaPiano& riga) {
+  std::optional<Decimal> suo;
   if (const intake::RigaFattura* const accanto = accantoA(piano, riga))
-    conImporti(piano, riga, *accanto, [&](const auto& importi) { onorario = onorarioDi(importi); });
-  return onorario;
+    conImporti(piano, riga, *accanto, [&](const auto& importi) { suo = lordoDi(importi); });
+  return suo;
 }
 
 std::string testoMostrato(const Messaggio& messaggio) {
@@ -300,9 +300,7 @@ std::vector<SommaAnno> sommePerAnno(const Piano& piano) {
     ++sua.pagamenti;
     if (pagamenti[i].origine == Origine::Proposta) ++sua.proposti;
     if (pagamenti[i].avanti || pagamenti[i].indietro) ++sua.alConfine;
-    sua.lordo = sua.lordo + compenso.importi[schede::posto(schede::Importo::Onorario)] +
-                compenso.importi[schede::posto(schede::Importo::SommeNonSoggette)] +
-                compenso.importi[schede::posto(schede::Importo::RegimeConvenzionale)];
+    sua.lordo = sua.lordo + lordo(compenso.importi);
     sua.ritenute = sua.ritenute + ritenute(compenso.importi);
   }
   std::vector<SommaAnno> ordinate;

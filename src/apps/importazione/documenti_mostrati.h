@@ -44,7 +44,7 @@ std::string detto(DocumentoMostrato::Stato stato);
 
 // Of a row of an invoice, as far as its amounts are certain: of several proposals none is until one is
 // chosen.
-std::optional<Decimal> onorarioDelDocumento(const intake::Piano& piano, const intake::RigaPiano& riga);
+std::optional<Decimal> lordoDelDocumento(const intake::Piano& piano, const intake::RigaPiano& riga);
 // What a message says of a row, where a person has chosen among the proposals that it names without them.
 std::string testoMostrato(const intake::Messaggio& messaggio);
 

@@ -40,6 +40,21 @@ std::string chiaveLetta(const intake::RigaLetta& letta) {
   return {};
 }
 
+// Of a row of a table that cannot be planned.
+std::optional<Decimal> lordoLetto(const intake::RigaLetta& letta) {
+  std::optional<Decimal> lordo;
+  const auto aggiungi = [&](ColonnaCompenso colonna) {
+    const CellView importo = letta.valore(colonna);
+    if (!importo.isNull()) lordo = lordo.value_or(Decimal()) + importo.decimal();
+  };
+  aggiungi(ColonnaCompenso::Lordo);
+  if (lordo) return lordo;
+  aggiungi(ColonnaCompenso::Onorario);
+  aggiungi(ColonnaCompenso::SommeNonSoggette);
+  aggiungi(ColonnaCompenso::SommeRegimeConvenzionale);
+  return lordo;
+}
+
 StatoSoggetto statoSenzaVoce(const RigaPiano& riga) {
   if (haCodice(riga, Codice::P09)) return StatoSoggetto::DaScegliere;
   if (haCodice(riga, Codice::P12)) return StatoSoggetto::Assente;
@@ -70,7 +85,7 @@ class RaccoltaSoggetti {
     SoggettoPiano& suo = diChiave({kConVoce, std::to_string(compenso.idAnagrafica)});
     suo.stato = StatoSoggetto::Trovato;
     suo.righe.push_back(quale);
-    somma(suo, compenso.importi[schede::posto(schede::Importo::Onorario)]);
+    somma(suo, lordo(compenso.importi));
     const auto noto = perId_.find(compenso.idAnagrafica);
     if (noto == perId_.end() || !suo.chiave.empty()) return;
     suo.chiave = noto->second->codice;
@@ -100,11 +115,10 @@ class RaccoltaSoggetti {
     }
     suo.candidati = riga.candidati;
     suo.righe.push_back(quale);
-    const CellView onorario = piano_.letta(riga).valore(ColonnaCompenso::Onorario);
     if (documento != nullptr) {
-      somma(suo, onorarioDelDocumento(piano_, riga));
-    } else if (!onorario.isNull()) {
-      somma(suo, onorario.decimal());
+      somma(suo, lordoDelDocumento(piano_, riga));
+    } else {
+      somma(suo, lordoLetto(piano_.letta(riga)));
     }
   }
 
@@ -117,7 +131,7 @@ class RaccoltaSoggetti {
     const schede::SchedaPercipiente& scheda = piano_.percipienti[riga.percipienteNuovo].dopo;
     suo.chiave = scheda.codice;
     suo.nome = nominativo(scheda.anagrafica);
-    somma(suo, onorarioDelDocumento(piano_, riga));
+    somma(suo, lordoDelDocumento(piano_, riga));
   }
 
   std::vector<SoggettoPiano> presi() {
@@ -131,8 +145,8 @@ class RaccoltaSoggetti {
  private:
   static constexpr int kConVoce = -1;
   static constexpr int kNuovo = -2;
-  static void somma(SoggettoPiano& suo, std::optional<Decimal> onorario) {
-    if (onorario) suo.onorari = suo.onorari.value_or(Decimal()) + *onorario;
+  static void somma(SoggettoPiano& suo, std::optional<Decimal> importo) {
+    if (importo) suo.lordo = suo.lordo.value_or(Decimal()) + *importo;
   }
   SoggettoPiano& diChiave(std::pair<int, std::string> chiave) {
     const auto [suo, nuovo] = posti_.try_emplace(std::move(chiave), soggetti_.size());
@@ -175,6 +189,12 @@ std::vector<SommaAnnoCausale> sommePerAnnoECausale(const Piano& piano) {
   ordinate.reserve(somme.size());
   for (auto& [chiave, somma] : somme) ordinate.push_back(std::move(somma));
   return ordinate;
+}
+
+Decimal lordo(const schede::Importi& importi) {
+  return importi[schede::posto(schede::Importo::Onorario)] +
+         importi[schede::posto(schede::Importo::SommeNonSoggette)] +
+         importi[schede::posto(schede::Importo::RegimeConvenzionale)];
 }
 
 Decimal ritenute(const schede::Importi& importi) {

@@ -25,6 +25,8 @@ struct SommaAnnoCausale {
 // Ordered by year and reason.
 std::vector<SommaAnnoCausale> sommePerAnnoECausale(const intake::Piano& piano);
 
+// What was paid: fees, sums that are not taxed and those under a tax treaty.
+Decimal lordo(const schede::Importi& importi);
 // The tax on account and the one at source together.
 Decimal ritenute(const schede::Importi& importi);
 
@@ -48,7 +50,7 @@ struct SoggettoPiano {
   std::string chiave;              // its code, or what the file says
   std::string nome;                // "" where it is not known
   std::vector<std::size_t> righe;  // indices of the plan
-  std::optional<Decimal> onorari;  // of the rows whose amounts are known
+  std::optional<Decimal> lordo;    // of the rows whose amounts are known
   std::vector<intake::Candidato> candidati;
 };
 // Those to be cleared first; none for other lists than payments.

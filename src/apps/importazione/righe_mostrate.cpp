@@ -95,9 +95,10 @@ std::vector<std::string> celleDi(Elenco elenco, const ValoriDellaRiga& valori) {
 
 std::string messaggiUniti(const intake::Piano& piano, const intake::RigaPiano& riga) {
   std::string testo = riga.esclusa.empty() ? piano.letta(riga).esclusa : riga.esclusa;
+  const bool fattura = documentoDellaRiga(piano, riga) != nullptr;  // it has no columns
   for (const intake::Messaggio& uno : riga.messaggi) {
     if (!testo.empty()) testo += "; ";
-    if (!uno.colonna.empty()) testo += uno.colonna + ": ";
+    if (!uno.colonna.empty() && !fattura) testo += uno.colonna + ": ";
     testo += testoMostrato(uno) + " (" + std::string(intake::voce(uno.codice).sigla) + ")";
   }
   return testo;

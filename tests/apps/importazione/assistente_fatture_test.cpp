@@ -261,7 +261,7 @@ TEST_F(AssistenteFatture, ASellerIsKnownBeforeTheDateOfPaymentIs) {
   const auto soggetti = soggettiDelPiano(*assistente.piano());
   ASSERT_EQ(soggetti.size(), 2U);
   EXPECT_EQ(soggetti[0].stato, SoggettoPiano::Stato::Nuovo);
-  EXPECT_EQ(soggetti[0].onorari, documento("00007").imponibile);
+  EXPECT_EQ(soggetti[0].lordo->toText(), "1502");
   EXPECT_EQ(soggetti[1].stato, SoggettoPiano::Stato::Trovato);
   EXPECT_EQ(soggetti[1].nome, "Rossi Marco");
   EXPECT_EQ(soggetti[1].righe.size(), 2U);

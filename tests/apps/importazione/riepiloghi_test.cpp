@@ -71,7 +71,7 @@ TEST_F(Riepiloghi, ListThePayeesThatRowsMeanUnknownOnesFirst) {
   EXPECT_EQ(soggetti[2].chiave, "P001");
   EXPECT_EQ(soggetti[2].nome, "Rossi Marco");
   EXPECT_THAT(soggetti[2].righe, ElementsAre(0U, 1U));
-  EXPECT_EQ(soggetti[2].onorari->toText(), "1100");
+  EXPECT_EQ(soggetti[2].lordo->toText(), "1100");
 }
 
 TEST_F(Riepiloghi, GiveTheRowsWithErrorsBackWithTheirColumns) {
