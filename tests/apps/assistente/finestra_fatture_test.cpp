@@ -37,7 +37,9 @@ class FinestraFatture : public testing::Test {
     ASSERT_NE(scritta, nullptr) << "a digit begins the writing";
     scritta->setText(QString::fromUtf8(testo));
     QTest::keyClick(scritta, Qt::Key_Return);
-    QTest::qWait(20);
+  }
+  bool aspettaData(const QTableView& righe, int quale, const char* data) const {
+    return test::aspetta([&] { return cella(righe, quale, "Pagamento") == QString::fromUtf8(data); });
   }
   // Where a row is, for a click.
   static int altezza(const QTableView& righe, int quale) {
@@ -81,8 +83,7 @@ TEST_F(FinestraFatture, WritesADateInTheTableAndImports) {
   ASSERT_NE(righe, nullptr);
   EXPECT_EQ(cella(*righe, 0, "Pagamento"), QStringLiteral("? manca"));
   scriviData(*righe, "28/12/2017");
-  ASSERT_TRUE(banco.aspettaFerma());
-  EXPECT_EQ(cella(*righe, 0, "Pagamento"), QStringLiteral("28/12/2017"));
+  ASSERT_TRUE(aspettaData(*righe, 0, "28/12/2017"));
   EXPECT_EQ(cella(*righe, 0, "Anno"), QStringLiteral("⚠ dicembre"));
   banco.avanti();
   banco.accettaTutto();
@@ -101,16 +102,16 @@ TEST_F(FinestraFatture, KeepsAWrongDateInItsCellToBeCorrected) {
     test::premi(dialogo, "OK");
   });
   scriviData(*righe, "31/02/2017");
+  const auto scritta = [&] { return righe->findChild<QLineEdit*>(); };
+  ASSERT_TRUE(test::aspetta([&] { return !detto.isEmpty() && scritta() != nullptr; }))
+      << "it is corrected where it was written";
+  auto* const ancora = scritta();
   EXPECT_TRUE(detto.contains(QStringLiteral("«31/02/2017» non è una data")));
-  auto* const ancora = righe->findChild<QLineEdit*>();
-  ASSERT_NE(ancora, nullptr) << "it is corrected where it was written";
   EXPECT_EQ(ancora->text(), QStringLiteral("31/02/2017"));
   ancora->setText(QStringLiteral("28/02/2017"));
   finestra.avanti();
   EXPECT_EQ(banco.passo(), Passo::Compensi) << "the date is shown first";
-  QTest::qWait(20);
-  ASSERT_TRUE(banco.aspettaFerma());
-  EXPECT_EQ(cella(*righe, 0, "Pagamento"), QStringLiteral("28/02/2017"));
+  EXPECT_TRUE(aspettaData(*righe, 0, "28/02/2017"));
 }
 
 TEST_F(FinestraFatture, GoesOnToTheNextPaymentThatLacksItsDateInPlace) {
@@ -129,9 +130,7 @@ TEST_F(FinestraFatture, GoesOnToTheNextPaymentThatLacksItsDateInPlace) {
   righe->setCurrentIndex(righe->model()->index(esclusa - 1, 0));
   const int prima = altezza(*righe, esclusa - 1);
   scriviData(*righe, "28/12/2017");
-  ASSERT_TRUE(banco.aspettaFerma());
-  QTest::qWait(20);
-  EXPECT_EQ(cella(*righe, esclusa - 1, "Pagamento"), QStringLiteral("28/12/2017"));
+  ASSERT_TRUE(aspettaData(*righe, esclusa - 1, "28/12/2017"));
   EXPECT_GT(righe->currentIndex().row(), esclusa);
   EXPECT_EQ(cella(*righe, righe->currentIndex().row(), "Pagamento"), QStringLiteral("? manca"));
   EXPECT_EQ(altezza(*righe, esclusa - 1), prima) << "the rows stay where they are";
