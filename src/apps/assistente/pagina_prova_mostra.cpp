@@ -33,7 +33,7 @@ QString PaginaProva::dateProposte() const {
   for (const SommaAnno& una : sommePerAnno(*piano_)) proposte += una.proposti;
   if (proposte == 0) return {};
   return QStringLiteral(
-             "\n≈ %1 la data del documento, che è solo proposta: le date si cambiano nel passo Compensi.\n")
+             "≈ %1 la data del documento, che è solo proposta: le date si cambiano nel passo Compensi.")
       .arg(quante(proposte, "compenso ha", "compensi hanno"));
 }
 
@@ -47,7 +47,8 @@ QString PaginaProva::dettaProva() const {
     for (const std::string& uno : generali_) testo += QStringLiteral("\n") + qs(uno);
     if (!generali_.empty()) testo += u'\n';
   }
-  testo += dateProposte();
+  if (const QString proposte = dateProposte(); !proposte.isEmpty())
+    testo += (testo.endsWith(u'\n') ? QString() : QStringLiteral("\n")) + proposte + u'\n';
   if (stato().prova() && !stato().prova()->rifiuti.empty())
     return testo + qs(stato().prova()->rifiuti.front());
   QStringList mancano;
