@@ -98,6 +98,7 @@ QWidget* FinestraAssistente::contenuto() {
   auto* const colonna = new QVBoxLayout(riquadro);
   colonna->setContentsMargins(0, 0, 0, 0);
   titolo_ = new strumenti::Frase(riquadro);
+  titolo_->setIndent(kIntornoFuoco);
   QFont grande = titolo_->font();
   grande.setBold(true);
   titolo_->setFont(grande);
@@ -105,6 +106,7 @@ QWidget* FinestraAssistente::contenuto() {
   pagine_ = new QStackedWidget(riquadro);
   colonna->addWidget(pagine_, 1);
   risposta_ = new strumenti::Frase(riquadro);
+  risposta_->setIndent(kIntornoFuoco);
   risposta_->hide();
   colonna->addWidget(risposta_);
   auto* const sorgente = registra(new PaginaSorgente(pagine_, assistente_));

@@ -13,7 +13,13 @@ namespace cu::assistente {
 
 Pagina::Pagina(QWidget* parent, Assistente& assistente)
     : QWidget(parent), assistente_(assistente), colonna_(new QVBoxLayout(this)) {
-  colonna_->setContentsMargins(0, 0, 0, 0);
+  colonna_->setContentsMargins(kIntornoFuoco, kIntornoFuoco, kIntornoFuoco, kIntornoFuoco);
+}
+
+QHBoxLayout* rigaDi(QWidget* riquadro) {
+  auto* const riga = new QHBoxLayout(riquadro);
+  riga->setContentsMargins(0, kIntornoFuoco, kIntornoFuoco, kIntornoFuoco);
+  return riga;
 }
 
 QPushButton* Pagina::bottone(const char* testo, const std::function<void()>& azione, const char* spiegato) {
@@ -33,8 +39,7 @@ QWidget* PaginaPiano::primo() { return tabella_; }
 
 RiquadroScelta::RiquadroScelta(QWidget* parent, const char* testo, const char* nome)
     : QWidget(parent), voci_(new QComboBox(this)) {
-  auto* const riga = new QHBoxLayout(this);
-  riga->setContentsMargins(0, 0, 0, 0);
+  QHBoxLayout* const riga = rigaDi(this);
   voci_->setAccessibleName(QString::fromUtf8(nome));
   voci_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   riga->addWidget(etichetta(testo, voci_, this));

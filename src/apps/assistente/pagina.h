@@ -82,6 +82,11 @@ class PaginaPiano : public Pagina {
   std::shared_ptr<const intake::Piano> piano_;
 };
 
+// The ring around what has the focus is cut off where its parent ends.
+constexpr int kIntornoFuoco = 3;
+// The row of a part of a page.
+QHBoxLayout* rigaDi(QWidget* riquadro);
+
 // A caption with its box beside it.
 QLabel* etichetta(const char* testo, QWidget* di, QWidget* parent);
 

@@ -57,8 +57,11 @@ void PaginaDocumenti::componiSopra() {
   colonna().addLayout(riga);
   altrui_ = new QCheckBox(QStringLiteral("Tralascia le fatture dirette ad a&ltri committenti"), this);
   illeggibili_ = new QCheckBox(QStringLiteral("Tralascia i file che non si le&ggono"), this);
-  colonna().addWidget(altrui_);
-  colonna().addWidget(illeggibili_);
+  auto* const tralasciati = new QHBoxLayout;
+  tralasciati->addWidget(altrui_);
+  tralasciati->addWidget(illeggibili_);
+  tralasciati->addStretch(1);
+  colonna().addLayout(tralasciati);
   risposta_ = new strumenti::Frase(this);
   risposta_->hide();
   colonna().addWidget(risposta_);
@@ -105,7 +108,10 @@ void PaginaDocumenti::componiTabella() {
        colonnaImporto("lordo", "Lordo", [di](std::size_t q) { return di(q).lordo; }),
        colonnaImporto("imponibile", "Imponibile", [di](std::size_t q) { return di(q).imponibile; }),
        colonnaImporto("ritenute", "Ritenute", [di](std::size_t q) { return di(q).ritenute; }),
-       {.chiave = "file", .titolo = "File", .testo = [di](std::size_t q) { return qs(di(q).file); }}},
+       {.chiave = "file",
+        .titolo = "File",
+        .testo = [di](std::size_t q) { return qs(di(q).file); },
+        .intera = true}},
       this);
   tabella_->filtro().passa = [this](std::size_t q) {
     return q < documenti_.size() && (!soloDaVedere_ || daVedere(documenti_[q]));
@@ -119,8 +125,7 @@ void PaginaDocumenti::componiDecisioni() {
   proposte_->scelto = [this](int quale) { scegliProposta(static_cast<std::size_t>(quale)); };
   colonna().addWidget(proposte_);
   perCausale_ = new QWidget(this);
-  auto* const riga = new QHBoxLayout(perCausale_);
-  riga->setContentsMargins(0, 0, 0, 0);
+  QHBoxLayout* const riga = rigaDi(perCausale_);
   causali_ = new QComboBox(perCausale_);
   causali_->setAccessibleName(QStringLiteral("Causale del documento"));
   causali_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);

@@ -27,8 +27,7 @@ PaginaProva::PaginaProva(QWidget* parent, Assistente& assistente)
     : Pagina(parent, assistente), frase_(new strumenti::Frase(this)), risposta_(new strumenti::Frase(this)) {
   colonna().addWidget(frase_);
   riquadroDiversi_ = new QWidget(this);
-  auto* const riga = new QHBoxLayout(riquadroDiversi_);
-  riga->setContentsMargins(0, 0, 0, 0);
+  QHBoxLayout* const riga = rigaDi(riquadroDiversi_);
   diversi_ =
       new Scelta<intake::SuDiversi>(this, "Righe già presenti con altri valori",
                                     {{"fermano l'importazione", intake::SuDiversi::Rifiuta},

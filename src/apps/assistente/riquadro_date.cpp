@@ -48,8 +48,7 @@ RiquadroDate::RiquadroDate(QWidget* parent, Assistente& assistente)
       giorno_(new QLineEdit(this)),
       tavola_(new QPushButton(QStringLiteral("&File delle date…"), this)),
       anni_(new strumenti::Frase(parent)) {
-  auto* const riga = new QHBoxLayout(this);
-  riga->setContentsMargins(0, 0, 0, 0);
+  QHBoxLayout* const riga = rigaDi(this);
   giorno_->setAccessibleName(QStringLiteral("Giorno del pagamento"));
   giorno_->setPlaceholderText(QStringLiteral("gg/mm/aaaa"));
   giorno_->setMaximumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) + 40);
