@@ -193,11 +193,13 @@ std::string spiega(const Fattura& fattura, const Base& base, const Riscontro& ri
   }
   const Decimal quota = Decimal::fromInteger(riscontro.imponibile);
   const Decimal imponibile = quotaPercentuale(base.importo.abs(), quota);
-  if (riscontro.imponibile != 100) {
+  if (riscontro.imponibile == 100) {
+    testo += " = imponibile ";
+  } else {
     if (!base.casse.empty() || base.sconto) testo += " = " + inEuro(base.importo.abs());
-    testo += "; " + percentuale(quota);
+    testo += ", imponibile al " + percentuale(quota) + " = ";
   }
-  return testo + " = imponibile " + inEuro(imponibile) + "; " + percentuale(riscontro.aliquota) + " = " +
+  return testo + inEuro(imponibile) + "; " + percentuale(riscontro.aliquota) + " = " +
          inEuro(quotaPercentuale(imponibile, riscontro.aliquota));
 }
 

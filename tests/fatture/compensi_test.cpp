@@ -92,7 +92,7 @@ TEST(CompensiFattura, AgentsWithAShareOfTheFee) {
 TEST(CompensiFattura, AgentsWithTheShareInTheRateGiveTheSame) {
   const EsitoFattura esito = esitoDi(documento({{"288.08", "11.50", "S"}}, {{"2505.00"}}));
   EXPECT_EQ(deciso(esito), "2505 quota 1252.5 somme 0 acconto 288.08 imposta 0");
-  EXPECT_EQ(spiegazione(esito), "compenso 2.505,00; 50 % = imponibile 1.252,50; 23 % = 288,08");
+  EXPECT_EQ(spiegazione(esito), "compenso 2.505,00, imponibile al 50 % = 1.252,50; 23 % = 288,08");
   EXPECT_EQ(deciso(esitoDi(documento({{"131.74", "4.60", "R"}}, {{"2864.00"}}))),
             "2864 quota 2291.2 somme 0 acconto 131.74 imposta 0");
 }
