@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -97,6 +98,17 @@ class Control {
   const std::string& note() const { return note_; }
   void setHint(const std::string& value);
   void setNote(const std::string& value);
+  // The number of the control's box on a printed form, where the caption lacks it; shown only by a window.
+  std::string boxNumber;
+  // The value that was loaded for a control: its text, and its entry as by the user, empty where the user
+  // could not enter it.
+  struct Loaded {
+    std::string text;
+    Event enter;
+  };
+  // Returns the value loaded for the control where its content differs; nullopt otherwise. Only a window
+  // marks the control, and offers to enter the value again.
+  std::function<std::optional<Loaded>()> differs;
 
   // Whether the user can reach the control: it and all its frames are enabled, visible and on stage.
   bool available() const;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -84,6 +85,11 @@ class Form {
   // Describes in a sentence for the user what the close box would discard; empty for nothing. Only a window
   // asks for confirmation.
   virtual std::string unsavedWork() const { return {}; }
+
+  // Where the form shows one row of the grid from which it was opened: describes in a sentence the user's
+  // changes that are not confirmed, empty for none. Only a window offers the rows before and after, and asks
+  // for confirmation before it discards the changes. nullopt for every other form.
+  virtual std::optional<std::string> rowWork() const { return std::nullopt; }
 
   // The heading of the chapter in the user's guide that explains the present screen; empty for the guide's
   // first page.

@@ -71,8 +71,22 @@ void NumericBox::edited() {
   if (split(text()).byPoint) number_ = number_.rounded(shape_.decimals);
 }
 
-std::string NumericBox::shown(Decimal number) const {
-  std::string digits = number.toFixed(shape_.decimals, '.');
+std::string NumericBox::inFull(Decimal number) const {
+  int decimals = shape_.decimals;
+  while (number.rounded(decimals) != number) ++decimals;
+  return shown(number, decimals);
+}
+
+std::optional<std::string> NumericBox::typed(Decimal number) const {
+  if (number.rounded(shape_.decimals) != number) return std::nullopt;
+  std::string digits = number.toText();
+  const std::size_t mark = digits.find('.');
+  if (mark != std::string::npos) digits.replace(mark, 1, shape_.decimalPoint);
+  return digits;
+}
+
+std::string NumericBox::shown(Decimal number, int decimals) const {
+  std::string digits = number.toFixed(decimals, '.');
   const std::size_t mark = std::min(digits.find('.'), digits.size());
   if (mark < digits.size()) digits.replace(mark, 1, shape_.decimalPoint);
   if (shape_.separator.empty()) return digits;

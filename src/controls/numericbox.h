@@ -25,6 +25,10 @@ class NumericBox : public EditBox {
   Decimal min() const { return min_; }
   Decimal max() const { return max_; }
   void setLimits(Decimal min, Decimal max);
+  // A number in the format of the box, with further decimals where it has them.
+  std::string inFull(Decimal number) const;
+  // The text that the user types to enter the number; nullopt where the box takes fewer decimals.
+  std::optional<std::string> typed(Decimal number) const;
 
   void leaving() override;
   Event restorer() override;
@@ -54,7 +58,8 @@ class NumericBox : public EditBox {
   bool hasMarks(std::string_view whole) const;
   bool placed(std::string_view whole) const;  // its thousands marks are placed correctly, or it has none
   bool wellFormed(std::string_view text) const;
-  std::string shown(Decimal number) const;
+  std::string shown(Decimal number) const { return shown(number, shape_.decimals); }
+  std::string shown(Decimal number, int decimals) const;
   std::optional<Decimal> read(std::string_view text) const;
   bool allowed(Decimal number) const { return number >= min_ && number <= max_; }
 

@@ -23,6 +23,7 @@ void EditorCompenso::setRecordset(cu::Recordset& righe) {
   sbApriModuli();
   Caricamento = false;
   improntaCaricata_ = impronta();
+  mostraSomma();
 }
 
 void EditorCompenso::setTipoComunicazione(Comunicazione tipo) {
@@ -112,6 +113,7 @@ void EditorCompenso::sbRicalcolaAmmontareLordo() {
       somma += ambiente_.utilita.toDouble(moduli->Get(modello::kAddendoLordoDelModulo));
   }
   importo(Pagina::Modulo1, modello::kLordo).setNumber(Decimal::fromDouble(somma));
+  mostraSomma();
 }
 
 }  // namespace cu

@@ -1,8 +1,41 @@
 #include "editors/casella.h"
 
+#include <utility>
+
 #include "base/text.h"
 
 namespace cu {
+namespace {
+
+Control::Loaded lettoIn(NumericBox& casella, Decimal numero) {
+  Control::Loaded letto{casella.inFull(numero), {}};
+  if (const auto scritto = casella.typed(numero))
+    letto.enter = [&casella, testo = *scritto] { casella.enter(testo); };
+  return letto;
+}
+
+Control::Loaded lettoIn(TextBox& casella, std::string testo) {
+  Control::Loaded letto{testo, {}};
+  const bool intero = casella.maxLength() == 0 || codePoints(testo) <= casella.maxLength();
+  if (intero) letto.enter = [&casella, testo = std::move(testo)] { casella.enter(testo); };
+  return letto;
+}
+
+Control::Loaded lettoIn(Check& casella, bool acceso) {
+  return {acceso ? "Sì" : "No", [&casella, acceso] {
+            if (casella.value() != acceso) casella.click();
+          }};
+}
+
+// An id without an entry in the list cannot be chosen.
+Control::Loaded lettoIn(ListBox& casella, std::int64_t id) {
+  const int indice = id == 0 ? -1 : casella.indexOfRecord(id);
+  if (indice < 0 && id != 0) return {fromInteger(id), {}};
+  return {indice < 0 ? std::string() : casella.entries()[static_cast<std::size_t>(indice)].text,
+          [&casella, indice] { casella.setIndex(indice); }};
+}
+
+}  // namespace
 
 Control* Casella::controllo() const {
   if (importo != nullptr) return importo;
@@ -52,6 +85,14 @@ bool Casella::diversa(const CellView& riga, const UtilitaSuite& utilita) const {
   if (flag != nullptr) return flag->value() != riga.flag();
   if (elenco != nullptr) return elenco->storedRecord().value_or(0) != utilita.toLong(riga);
   return numero != nullptr && numero->value() != utilita.toLong(riga);
+}
+
+Control::Loaded Casella::letto(const CellView& valore, const UtilitaSuite& utilita) const {
+  if (importo != nullptr) return lettoIn(*importo, valore.decimal());
+  if (testo != nullptr) return lettoIn(*testo, utilita.toText(valore));
+  if (flag != nullptr) return lettoIn(*flag, valore.flag());
+  if (elenco != nullptr) return lettoIn(*elenco, utilita.toLong(valore));
+  return lettoIn(*numero, Decimal::fromInteger(utilita.toLong(valore)));
 }
 
 }  // namespace cu

@@ -28,6 +28,8 @@ struct Casella {
   bool pieno() const;
   // Whether it would store a value other than the row's.
   bool diversa(const CellView& riga, const UtilitaSuite& utilita) const;
+  // A value of the column as its control shows it, with its entry as by the user.
+  Control::Loaded letto(const CellView& valore, const UtilitaSuite& utilita) const;
 };
 
 }  // namespace cu

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "editors/editor_compenso.h"
 #include "editors/frm_dati_aggiuntivi.h"
+#include "editors/somma_lordo.h"
 #include "modello/regole.h"
 
 namespace cu {
@@ -25,11 +26,6 @@ struct Etichetta {
 constexpr Etichetta kEtichette[] = {{2, "lblField(3)"},          {3, "lblField(4)"},  {4, "lblField(5)"},
                                     {5, "lblField(6)"},          {6, "lblField(7)"},  {7, "lblField(8)"},
                                     {12, "lblSommeNonSoggette"}, {15, "lblSpeseRimb"}};
-
-bool addendoDelLordo(std::string_view colonna) {
-  return std::find(modello::kAddendiLordo.begin(), modello::kAddendiLordo.end(), colonna) !=
-         modello::kAddendiLordo.end();
-}
 
 std::string nomeControllo(const CampoEditor& campo) {
   return campo.indice < 0 ? std::string(campo.controllo)
@@ -168,13 +164,17 @@ void EditorCompenso::creaSezione(Pagina pagina, Sezione sezione, Frame* dove) {
     Label& titoloAnno = crea<Label>("lblTitoloAnno", &riquadro, disposizione_.immagine ? "2 Anno" : "Anno");
     lblAnno = &crea<Label>("lblAnno", &riquadro);
     titoloAnno.buddy = lblAnno;
+    if (!disposizione_.immagine) lblAnno->boxNumber = "2";
   }
   if (sezione == Sezione::Previdenza) {
     for (const CampoIntestazione& campo : intestazione_) {
       if (campo.previdenza) creaLettura(pagina, campo, &riquadro);
     }
   }
-  for (Casella* casella : campi) creaCampo(pagina, *casella, &riquadro);
+  for (Casella* casella : campi) {
+    creaCampo(pagina, *casella, &riquadro);
+    collega(pagina, *casella);
+  }
 }
 
 EditorCompenso::Segno EditorCompenso::segno(Pagina pagina, const CampoEditor& campo) const {
@@ -226,6 +226,12 @@ void EditorCompenso::creaCampo(Pagina pagina, Casella& casella, Frame* dove) {
       casella.importo = &crea<AmountBox>(nome, dove, didascalia);
       if (label != nullptr) label->buddy = casella.importo;
       casella.importo->onChange = cambio;
+      if (pagina == Pagina::Modulo1 && (campo.colonna == modello::kLordo || addendoDelLordo(campo.colonna))) {
+        casella.importo->onChange = [this, cambio] {
+          cambio();
+          mostraSomma();
+        };
+      }
       if (pagina == Pagina::Modulo1 && addendoDelLordo(campo.colonna)) {
         casella.importo->onLostFocus = [this] {
           if (!Caricamento) sbRicalcolaAmmontareLordo();

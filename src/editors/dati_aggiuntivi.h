@@ -19,6 +19,7 @@ struct DatiAggiuntivi {
   std::string ComuneResidenzaAnnoCorr;
   std::string FusioneComuni;
   std::string FusioneComuniAnnoPrec;
+  bool operator==(const DatiAggiuntivi&) const = default;
 };
 
 }  // namespace cu

@@ -33,6 +33,7 @@ class EditorCompenso : public Editor {
 
   const Scroll* scroll() const override { return disposizione_.immagine ? &scroll_ : nullptr; }
   std::string guideChapter() const override;
+  std::optional<std::string> rowWork() const override;
   bool shrunk() const override {
     return !disposizione_.immagine && TipoComunicazione == Comunicazione::Annullamento;
   }
@@ -55,6 +56,8 @@ class EditorCompenso : public Editor {
   void creaSezione(Pagina pagina, Sezione sezione, Frame* dove);
   void creaCampo(Pagina pagina, Casella& casella, Frame* dove);
   void creaPulsanti();
+  // Connects a box with the value loaded for it, and the boxes of the gross amount with its note.
+  void collega(Pagina pagina, Casella& casella);
   Segno segno(Pagina pagina, const CampoEditor& campo) const;
   void cambiato(Segno segno);
   std::vector<Casella>& caselle(Pagina pagina) { return pagina == Pagina::Modulo1 ? modulo1_ : altriModuli_; }
@@ -81,6 +84,10 @@ class EditorCompenso : public Editor {
   void diceNonRiscritta();
   // All values that the row would receive from the form, as one text.
   std::string impronta() const;
+  // The value read from the database for a box that now differs; nullopt also where none was read.
+  std::optional<Control::Loaded> letto(Pagina pagina, const Casella& casella) const;
+  void mostraSomma();
+  Decimal sommaModuli() const;
   using Assegnazioni = std::vector<std::pair<std::string, Value>>;  // column and its new value
   void riscriviComune(std::string_view anno, std::int32_t idComune, Assegnazioni& colonne);
   void apriDialogo();

@@ -72,10 +72,8 @@ void FrmDatiAggiuntivi::sbFill() {
   txtFusioneComuniAnnoPrec.setText(dati.FusioneComuniAnnoPrec);
 }
 
-void FrmDatiAggiuntivi::conferma() {
-  // The members receive the input even if a reference is then found missing.
-  ok_ = true;
-  dati = {.Protocollo = riferimenti.txtProtocollo.stored(),
+DatiAggiuntivi FrmDatiAggiuntivi::scritti() const {
+  return {.Protocollo = riferimenti.txtProtocollo.stored(),
           .Progressivo = riferimenti.txtProgressivo.stored(),
           .IDComuneResidenzaAnnoPrec = idComune(TownComuneResidenzaAnnoPrec),
           .IDComuneResidenzaAnnoCorr = idComune(TownComuneResidenzaAnnoCorr),
@@ -83,6 +81,21 @@ void FrmDatiAggiuntivi::conferma() {
           .ComuneResidenzaAnnoCorr = TownComuneResidenzaAnnoCorr.text(),
           .FusioneComuni = txtFusioneComuni.stored(),
           .FusioneComuniAnnoPrec = txtFusioneComuniAnnoPrec.stored()};
+}
+
+// The description of a municipality is that of the list, which may differ from the row's.
+std::optional<std::string> FrmDatiAggiuntivi::rowWork() const {
+  DatiAggiuntivi adesso = scritti();
+  adesso.ComuneResidenzaAnnoPrec = dati.ComuneResidenzaAnnoPrec;
+  adesso.ComuneResidenzaAnnoCorr = dati.ComuneResidenzaAnnoCorr;
+  return adesso == dati ? std::string()
+                        : std::string("I dati aggiuntivi sono stati modificati e non confermati con OK.");
+}
+
+void FrmDatiAggiuntivi::conferma() {
+  // The members receive the input even if a reference is then found missing.
+  ok_ = true;
+  dati = scritti();
   if (tipo_ != Comunicazione::Ordinaria &&
       !riferimenti.fnCompleti(ambiente_.utilita, ambiente_.globali.gTitolo))
     return;

@@ -21,6 +21,7 @@ class FrmDatiAggiuntivi : public Form {
   void sbFill();  // copies the members into the controls
   bool OK() const { return ok_; }
   std::string guideChapter() const override { return "Dati aggiuntivi"; }
+  std::optional<std::string> rowWork() const override;
   bool shrunk() const override { return tipo_ == Comunicazione::Annullamento; }
 
   Frame fraTab0;
@@ -44,6 +45,7 @@ class FrmDatiAggiuntivi : public Form {
   void formUnload() override;
   bool refusesClose() override;
   void conferma();
+  DatiAggiuntivi scritti() const;  // as now in the controls
 
   AmbienteEditor ambiente_;
   Comunicazione tipo_ = Comunicazione::Nessuna;

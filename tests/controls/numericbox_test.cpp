@@ -40,6 +40,15 @@ TEST_F(Amounts, StartsEmptyAndWorthNothing) {
   EXPECT_EQ(box.text(), "");
 }
 
+TEST_F(Amounts, WritesANumberInFullAndAsItIsTyped) {
+  EXPECT_EQ(box.inFull(amount("1234567.5")), "1.234.567,50");
+  EXPECT_EQ(box.inFull(amount("-1234.5678")), "-1.234,5678");
+  EXPECT_EQ(box.typed(amount("1234567.5")), "1234567,5");
+  EXPECT_EQ(box.typed(Decimal()), "0");
+  EXPECT_EQ(box.typed(amount("1.005")), std::nullopt);
+  EXPECT_EQ(number.typed(amount("2016")), "2016");
+}
+
 TEST_F(Amounts, ShowsANumberPutInByCodeInTheCurrencysFormat) {
   box.setNumber(amount("1234567.5"));
   EXPECT_EQ(box.text(), "1.234.567,50");
