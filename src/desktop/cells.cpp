@@ -2,14 +2,20 @@
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QResizeEvent>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 namespace cu::desktop {
 namespace {
 
 constexpr int kCellWidth = 196;
+constexpr int kCellLetters = 24;
+constexpr int kCellSide =
+    7;  // room for the line around the focus, the mark of a change, and between two boxes
+constexpr int kNumberGap = 4;
 constexpr int kMostColumns = 5;
 constexpr int kFewestColumns = 2;
 
@@ -36,8 +42,9 @@ void small(QWidget& title) {
 
 Cell::Cell(QWidget* parent) : QWidget(parent) {
   auto* column = new QVBoxLayout(this);
-  // Space for the focus line around the field.
-  column->setContentsMargins(4, 0, 4, 4);
+  // The columns are of equal width, whatever the cells would like.
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  column->setContentsMargins(kCellSide, 0, kCellSide, 4);
   column->setSpacing(1);
   column->addStretch(1);
 }
@@ -49,15 +56,44 @@ QLabel* Cell::addTitle() {
   return title;
 }
 
+void Cell::setNumber(const QString& number) {
+  if (number.isEmpty()) return;
+  number_ = new QLabel(number, this);
+  small(*number_);
+}
+
 void Cell::setTitle(QWidget* title) {
   small(*title);
-  static_cast<QVBoxLayout*>(layout())->insertWidget(1, title);
+  auto* const column = static_cast<QVBoxLayout*>(layout());
+  if (number_ == nullptr) {
+    column->insertWidget(1, title);
+    return;
+  }
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(kNumberGap);
+  row->addWidget(std::exchange(number_, nullptr), 0, Qt::AlignTop);
+  row->addWidget(title, 1);
+  column->insertLayout(1, row);
+}
+
+QLabel* Cell::addNote() {
+  auto* note = new QLabel(this);
+  note->setWordWrap(true);
+  note->setTextFormat(Qt::PlainText);
+  small(*note);
+  beside_->addWidget(note, 1);
+  return note;
 }
 
 void Cell::setContent(QWidget* content) {
   content_ = content;
   content->installEventFilter(this);
-  layout()->addWidget(content);
+  beside_ = new QHBoxLayout;
+  beside_->setSpacing(kCellSide);
+  // A field with a caption of its own.
+  if (number_ != nullptr) beside_->addWidget(number_);
+  beside_->addWidget(content, 1);
+  static_cast<QVBoxLayout*>(layout())->addLayout(beside_);
 }
 
 // A cell with a hidden field takes no space.
@@ -73,7 +109,8 @@ bool Cell::eventFilter(QObject* watched, QEvent* event) {
 CellBox::CellBox(QWidget* parent) : QWidget(parent) {
   grid_ = new QGridLayout(this);
   grid_->setContentsMargins(0, 0, 0, 0);
-  grid_->setHorizontalSpacing(6);
+  // An empty column has no spacing: the cells keep their distance themselves.
+  grid_->setHorizontalSpacing(0);
   grid_->setVerticalSpacing(4);
 }
 
@@ -89,7 +126,12 @@ void CellBox::setWidth(Cell& cell, Cell::Width width) {
 
 void CellBox::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  arrange(std::clamp(event->size().width() / kCellWidth, kFewestColumns, kMostColumns));
+  arrange(std::clamp(event->size().width() / columnWidth(), kFewestColumns, kMostColumns));
+}
+
+// A larger font has fewer columns.
+int CellBox::columnWidth() const {
+  return std::max(kCellWidth, kCellLetters * fontMetrics().horizontalAdvance(u'0'));
 }
 
 bool CellBox::event(QEvent* event) {
@@ -120,7 +162,12 @@ std::vector<CellBox::Place> CellBox::places(const std::vector<int>& spans, int c
 // a code with its description move another cell to the next row.
 std::vector<int> CellBox::spans(int columns) const {
   std::vector<int> found;
-  for (const Cell* cell : cells_) found.push_back(spanOf(cell->width, columns));
+  for (const Cell* cell : cells_) {
+    // As many as its content requires.
+    const int least = (cell->layout()->minimumSize().width() - 1) / columnWidth() + 1;
+    const int span = spanOf(cell->width, columns);
+    found.push_back(std::clamp(least, span, std::max(columns, span)));
+  }
   if (found.empty()) return found;
   const std::vector<Place> before = places(found, columns);
   for (bool widened = true; widened;) {

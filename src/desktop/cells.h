@@ -6,6 +6,7 @@
 #include <vector>
 
 class QGridLayout;
+class QHBoxLayout;
 
 namespace cu::desktop {
 
@@ -13,8 +14,11 @@ namespace cu::desktop {
 class Cell : public QWidget {
  public:
   explicit Cell(QWidget* parent);
+  // The number of the box on the printed form, in front of a title that lacks it; before the title is set.
+  void setNumber(const QString& number);
   QLabel* addTitle();
-  QString asks;  // the caption without its number
+  QLabel* addNote();  // beside the field
+  QString asks;       // the caption without its number
   void setTitle(QWidget* title);
   void setContent(QWidget* content);
   // A code with its description needs more space than a list of choices, which needs more than an amount.
@@ -26,11 +30,13 @@ class Cell : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  QLabel* number_ = nullptr;  // not placed yet
+  QHBoxLayout* beside_ = nullptr;
   QWidget* content_ = nullptr;
 };
 
-// Boxes side by side, as many per row as fit, in order. Where a section repeats a box, the repetition is
-// placed below the first one.
+// Boxes side by side, as many per row as fit, in order, in columns of equal width: boxes of the same width
+// have the same columns. Where a section repeats a box, the repetition is placed below the first one.
 class CellBox : public QWidget {
  public:
   explicit CellBox(QWidget* parent);
@@ -48,6 +54,7 @@ class CellBox : public QWidget {
   };
   std::vector<Place> places(const std::vector<int>& spans, int columns) const;
   std::vector<int> spans(int columns) const;
+  int columnWidth() const;  // at least, except where two columns are too many
   void arrange(int columns);
   QGridLayout* grid_ = nullptr;
   std::vector<Cell*> cells_;

@@ -16,6 +16,7 @@
 #include "base/text.h"
 #include "controls/form.h"
 #include "desktop/form_window.h"
+#include "desktop/reading_line.h"
 #include "desktop/text.h"
 #include "desktop/whole_text.h"
 
@@ -210,8 +211,15 @@ void EditView::refresh() {
       line_->setCursorPosition(line_->hasFocus() ? std::min(cursor, static_cast<int>(text.size())) : 0);
     }
   }
-  if (line_->isReadOnly() != box_.locked()) line_->setReadOnly(box_.locked());
-  paintBackground(*line_, box_.locked() ? Background::Face : box_.background());
+  const bool fixed = box_.locked() || reads();
+  if (line_->isReadOnly() != fixed) line_->setReadOnly(fixed);
+  showForReading(*line_, reads());
+  paintBackground(*line_, fixed ? Background::Face : box_.background());
+}
+
+// A box that its form only shows, unlike one that another choice would enable.
+bool EditView::reads() const {
+  return live() && !box_.enabled() && (box_.locked() || box_.background() == Background::Face);
 }
 
 NumericView::NumericView(FormWindow& window, EditBox& box, QWidget* parent, const std::string& decimalPoint)
@@ -250,7 +258,7 @@ DateView::DateView(FormWindow& window, DateBox& box, QWidget* parent)
 
 void DateView::refresh() {
   EditView::refresh();
-  opener_->setEnabled(!date_.locked());
+  opener_->setEnabled(date_.enabled() && !date_.locked());
   showNote();
 }
 

@@ -21,6 +21,7 @@ class EditView : public View {
   void commit() override;
   bool takeBack() override;
   QLineEdit* line() const { return line_; }
+  bool reads() const override;
 
   // A change of the content by the user: `removed` characters from `at` were replaced by `inserted`.
   struct Difference {

@@ -118,17 +118,30 @@ void FormWindow::act(Control& control, const Event& event) {
   if (!live() || frontEnd_.busy()) return;
   frontEnd_.perform(control, event);
   afterEvent();
+  runNext();
 }
 
 void FormWindow::act(const Event& event) {
   if (!live() || frontEnd_.busy()) return;
   frontEnd_.perform(*form_, event);
   afterEvent();
+  runNext();
+}
+
+// What runs next may ask for a further one: a loop, so that the number of rows has no limit.
+void FormWindow::runNext() {
+  if (runningNext_) return;
+  runningNext_ = true;
+  while (next_ && live() && !frontEnd_.busy()) std::exchange(next_, {})();
+  runningNext_ = false;
 }
 
 void FormWindow::afterEvent() {
   if (!live()) return;
-  for (const auto& view : views_) view->afterEvent();
+  for (const auto& view : views_) {
+    view->afterEvent();
+    view->refreshMark();
+  }
   syncFocus();
   if (!frontEnd_.busy()) enterStage();
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "controls/form.h"
@@ -37,6 +39,9 @@ class FormWindow : public QWidget {
   void act(Control& control, const Event& event);
   void act(const Event& event);  // an event of the form itself
 
+  // Runs `next` when the running event of this window has ended; an empty one withdraws it.
+  void afterwards(std::function<void()> next) { next_ = std::move(next); }
+
   Foot* foot() const { return foot_; }
   void setFoot(Foot* foot) { foot_ = foot; }
   // The views refresh what the event may have changed without notification.
@@ -59,6 +64,7 @@ class FormWindow : public QWidget {
   void keyboardGone(View& left);
   void orderTabs();
   void enterStage();
+  void runNext();
   bool key(QKeyEvent* event);
   bool cancel();
   bool isExtra(const QObject* watched) const;
@@ -79,6 +85,8 @@ class FormWindow : public QWidget {
   bool syncingScroll_ = false;
   int scrollShown_ = -1;
   int wheelRest_ = 0;
+  std::function<void()> next_;
+  bool runningNext_ = false;
 };
 
 }  // namespace cu::desktop

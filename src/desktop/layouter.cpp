@@ -15,6 +15,7 @@
 #include "controls/selector.h"
 #include "controls/tabs.h"
 #include "desktop/cells.h"
+#include "desktop/change_mark.h"
 #include "desktop/edit_view.h"
 #include "desktop/simple_views.h"
 #include "desktop/text.h"
@@ -317,7 +318,7 @@ void Layouter::cells(QWidget* into, const std::vector<Control*>& controls) {
   auto* box = new CellBox(into);
   auto* around = new QGridLayout(into);
   // The cells have margins of their own.
-  around->setContentsMargins(9, 5, 9, 5);
+  around->setContentsMargins(6, 5, 6, 5);
   around->addWidget(box);
   for (std::size_t at = 0; at < controls.size(); ++at) {
     auto* const label = dynamic_cast<Label*>(controls[at]);
@@ -343,7 +344,10 @@ void Layouter::cell(QWidget* into, Control& control, Label* label) {
   } else if (dynamic_cast<Selector*>(&control) != nullptr) {
     width = Width::Widest;
   }
+  // Field and note side by side.
+  if (!control.note().empty()) width = Width::Wide;
   const std::string& caption = label == nullptr ? control.caption() : label->caption();
+  cell.setNumber(shown(control.boxNumber));
   if (title != nullptr) {
     cell.setTitle(title->widget());
   } else if (!ownCaption) {
@@ -353,6 +357,17 @@ void Layouter::cell(QWidget* into, Control& control, Label* label) {
   cell.mostColumns = mostColumnsOf(control, width);
   cell.asks = withoutNumber(spoken(caption));
   cell.setContent(shownBy.widget());
+  if (!control.note().empty()) shownBy.setNoteLabel(cell.addNote());
+  if (kind == Kind::Label) {
+    QLabel* const text = static_cast<LabelView&>(shownBy).label();
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    text->setFocusPolicy(Qt::NoFocus);
+  }
+  if (control.differs) {
+    FormWindow& window = window_;
+    shownBy.setChangeMark(new ChangeMark(
+        cell, *shownBy.widget(), [&window, &control](const Event& enter) { window.act(control, enter); }));
+  }
   box.setWidth(cell, width);
   if (!shownBy.focusWidgets().isEmpty()) shownBy.setSpokenName(spoken(caption));
 }

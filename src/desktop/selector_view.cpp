@@ -10,9 +10,11 @@
 
 #include "base/text.h"
 #include "controls/form.h"
+#include "desktop/edit_view.h"
 #include "desktop/form_window.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
+#include "desktop/reading_line.h"
 #include "desktop/search_list.h"
 #include "desktop/text.h"
 #include "desktop/whole_text.h"
@@ -165,11 +167,23 @@ void SelectorView::refresh() {
   };
   show(*code_, selector_.code());
   show(*description_, selector_.description());
+  for (QLineEdit* line : {code_, description_}) {
+    if (line->isReadOnly() != reads()) {
+      line->setReadOnly(reads());
+      paintBackground(*line, reads() ? Background::Face : Background::Window);
+    }
+    showForReading(*line, reads());
+  }
+  opener_->setEnabled(!reads());
   const bool typing = code_->isModified() || description_->isModified();
   showNote(typing ? QString() : noteOn(selector_));
   // The tooltip shows a description that is too long for its box.
   description_->setToolTip(dataTip(shown(selector_.description())));
   opener_->setVisible(selector_.binding().search);
+}
+
+bool SelectorView::reads() const {
+  return live() && !selector_.enabled() && !(selector_.code().empty() && selector_.description().empty());
 }
 
 void SelectorView::showNote(const QString& note) {

@@ -19,6 +19,7 @@ class SelectorView : public View {
   void setSpokenName(const QString& name) override;
   void commit() override;
   bool takeBack() override;
+  bool reads() const override;
   QLineEdit* codeBox() const { return code_; }
   QLineEdit* descriptionBox() const { return description_; }
   QLabel* note() const { return note_; }

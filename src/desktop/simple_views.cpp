@@ -7,6 +7,7 @@
 
 #include "desktop/form_window.h"
 #include "desktop/layouter.h"
+#include "desktop/look.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/radio.h"
 #include "desktop/section.h"
@@ -41,9 +42,18 @@ void FrameView::refresh() {
   afterEvent();
 }
 
+// A section whose controls are all disabled themselves keeps them legible, and its texts selectable.
+bool FrameView::reads() const {
+  if (section_ == nullptr || !live() || frame_.enabled()) return false;
+  const auto& controls = frame_.form().controls();
+  return std::none_of(controls.begin(), controls.end(),
+                      [this](const Control* each) { return each->frame() == &frame_ && each->enabled(); });
+}
+
 // A section without visible content takes no space.
 void FrameView::afterEvent() {
   if (section_ == nullptr || !live()) return;
+  section_->setEnabled(frame_.enabled() || reads());
   bool any = false;
   for (const Control* each : frame_.form().controls())
     any = any || (each->frame() == &frame_ && each->visible());
@@ -61,6 +71,10 @@ void LabelView::refresh() {
   label_->setText(text);
   // A screen reader would use the name of the section for a label without a name.
   label_->setAccessibleName(text.isEmpty() ? QStringLiteral(" ") : spoken(control().caption()));
+  // The caption of a disabled field can be read, too: the field itself shows that it is disabled.
+  QPalette colours = label_->palette();
+  colours.setColor(QPalette::Disabled, QPalette::WindowText, look::quietInk());
+  label_->setPalette(colours);
   // An empty text takes no line.
   label_->setMaximumHeight(text.isEmpty() ? 0 : QWIDGETSIZE_MAX);
 }

@@ -17,6 +17,7 @@ class FrameView : public View {
  private:
   void refresh() override;
   bool shows() const override { return frame_.visible() && frame_.onStage(); }
+  bool reads() const override;
   void afterEvent() override;
   Frame& frame_;
   QGroupBox* section_ = nullptr;

@@ -1,5 +1,8 @@
 #include "desktop/view.h"
 
+#include <utility>
+
+#include "desktop/change_mark.h"
 #include "desktop/form_window.h"
 #include "desktop/text.h"
 
@@ -14,6 +17,11 @@ void View::setCaptionLabel(QLabel* label) {
 
 void View::setNoteLabel(QLabel* label) {
   noteLabel_ = label;
+  refreshAll();
+}
+
+void View::setChangeMark(ChangeMark* mark) {
+  changeMark_ = mark;
   refreshAll();
 }
 
@@ -33,17 +41,16 @@ void View::changed(Control&) {
 
 void View::refreshAll() {
   if (!live()) return;
-  if (widget_->isEnabledTo(widget_->parentWidget()) != control_->enabled()) {
-    widget_->setEnabled(control_->enabled());
-  }
+  const bool on = control_->enabled() || reads();
+  if (widget_->isEnabledTo(widget_->parentWidget()) != on) widget_->setEnabled(on);
   if (widget_->isHidden() == shows()) widget_->setVisible(shows());
   if (captionLabel_ != nullptr) {
     captionLabel_->setText(shown(control_->caption()));
-    captionLabel_->setEnabled(control_->enabled());
+    captionLabel_->setEnabled(on);
     captionLabel_->setVisible(control_->visible());
   }
   if (noteLabel_ != nullptr) {
-    noteLabel_->setText(shown(control_->note()));
+    noteLabel_->setText(lines(control_->note()));
     noteLabel_->setVisible(!control_->note().empty());
   }
   if (!control_->hint().empty()) {
@@ -51,6 +58,25 @@ void View::refreshAll() {
     widget_->setAccessibleDescription(shown(control_->hint()));
   }
   refresh();
+  refreshMark();
+}
+
+void View::refreshMark() {
+  if (!live() || changeMark_ == nullptr) return;
+  changeMark_->tell(control_->differs ? control_->differs() : std::nullopt);
+  describe();
+}
+
+// A screen reader reads out with the box what is shown around it.
+void View::describe() {
+  QStringList parts;
+  for (const QString& part : {shown(control_->hint()), changeMark_->description(),
+                              noteLabel_ == nullptr ? QString() : lines(control_->note())}) {
+    if (!part.isEmpty()) parts += part;
+  }
+  const QString now = parts.join(QStringLiteral(". "));
+  if (std::exchange(described_, now) == now) return;
+  for (QWidget* taker : focusWidgets()) taker->setAccessibleDescription(now);
 }
 
 bool View::shows() const { return control_->visible(); }

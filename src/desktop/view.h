@@ -9,6 +9,7 @@
 
 namespace cu::desktop {
 
+class ChangeMark;
 class FormWindow;
 
 // The view of one control: its widget shows the control's state, and user events are passed to the control
@@ -27,6 +28,9 @@ class View : public ControlView {
   void setCaptionLabel(QLabel* label);
   // The line below the widget where the layout has room for the control's note.
   void setNoteLabel(QLabel* label);
+  // The mark of a box that differs from what was loaded for it.
+  void setChangeMark(ChangeMark* mark);
+  const ChangeMark* changeMark() const { return changeMark_; }
   virtual void setSpokenName(const QString& name);
   QString spokenName() const { return spokenName_; }
 
@@ -43,10 +47,13 @@ class View : public ControlView {
   // The control is destroyed, or no longer shown.
   virtual void detach() { control_ = nullptr; }
   bool live() const { return control_ != nullptr; }
+  // The control is disabled, and shown as a text that can be read and copied.
+  virtual bool reads() const { return false; }
 
   void changed(Control& control) override;
   // Refreshes everything from the control.
   void refreshAll();
+  void refreshMark();
 
  protected:
   virtual void refresh() = 0;
@@ -58,11 +65,14 @@ class View : public ControlView {
   void act(const Event& event);
 
  private:
+  void describe();
   FormWindow& window_;
   Control* control_;
   QWidget* widget_ = nullptr;
   QLabel* captionLabel_ = nullptr;
   QLabel* noteLabel_ = nullptr;
+  ChangeMark* changeMark_ = nullptr;
+  QString described_;
   QString spokenName_;
 };
 

@@ -129,7 +129,7 @@ class Comparing : public ControlVisitor {
   void box(const EditBox& control) {
     const QLineEdit& line = *static_cast<desktop::EditView&>(view_).line();
     same("text", line.text(), shown(control.text()));
-    same("locked", line.isReadOnly(), control.locked());
+    same("locked", line.isReadOnly(), control.locked() || view_.reads());
     const bool face = line.palette().color(QPalette::Base) == line.palette().color(QPalette::Window);
     if (control.enabled()) same("face", face, control.locked() || control.background() == Background::Face);
   }
@@ -150,12 +150,18 @@ std::string disagreements(const desktop::FormWindow& window) {
     control->accept(comparing);
     const QWidget* const widget = view->widget();
     const auto* const frame = dynamic_cast<const Frame*>(control);
-    comparing.same("enabled", widget->isEnabledTo(widget->parentWidget()), control->enabled());
+    // A disabled text that can be read and copied is no field of the keyboard.
+    const bool enabled = widget->isEnabledTo(widget->parentWidget()) && !view->reads();
+    comparing.same("enabled", enabled, control->enabled());
+    for (const QWidget* taker : view->focusWidgets()) {
+      if (view->reads()) comparing.same("focus", taker->focusPolicy() == Qt::NoFocus, true);
+    }
     comparing.same("visible", !widget->isHidden(),
                    control->visible() && (frame == nullptr || frame->onStage()));
     // The user and the driver can reach the same controls.
     if (control->takesFocus()) {
-      comparing.same("reachable", widget->isEnabled() && widget->isVisibleTo(&window), control->available());
+      comparing.same("reachable", widget->isEnabled() && !view->reads() && widget->isVisibleTo(&window),
+                     control->available());
     }
     if (!comparing.found.isEmpty())
       all += shown(control->name()) + QStringLiteral(": ") + comparing.found + u'\n';
