@@ -17,6 +17,7 @@
 #include "desktop/layouter.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/quick_search.h"
+#include "desktop/row_steps.h"
 #include "desktop/shell_views.h"
 #include "desktop/simple_views.h"
 #include "desktop/text.h"
@@ -174,6 +175,7 @@ void layOutBottom(FormWindow& window, QBoxLayout& root, const Parts& parts) {
   if (parts.bottom.empty()) return;
   auto* row = new QHBoxLayout;
   row->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin);
+  if (RowSteps* const steps = RowSteps::of(window, &window)) row->addWidget(steps);
   row->addStretch(1);
   root.addLayout(row);
   Layouter(window).fillRow(*row, parts.bottom);

@@ -289,12 +289,21 @@ void GridView::headerPressed(int column) {
   act([&] { grid_.press(0, field); });
 }
 
-void GridView::doubleClicked(int row) {
+void GridView::doubleClicked(int row) { openRow(static_cast<std::size_t>(row) + 1); }
+
+void GridView::openRow(std::size_t row) {
   if (!live()) return;
-  const std::size_t clicked = static_cast<std::size_t>(row) + 1;
-  act([this, clicked] {
-    if (mayChoose(clicked)) grid_.doubleClick(clicked);
+  act([this, row] {
+    if (mayChoose(row)) grid_.doubleClick(row);
   });
+}
+
+// The table keeps its current row while the grid's rows are filtered to one.
+std::size_t GridView::rowBeside(int step) const {
+  const int current = table_->currentIndex().row();
+  const int beside = current + step;
+  if (current < 0 || beside < 0 || beside >= model_.rowCount()) return 0;
+  return static_cast<std::size_t>(beside) + 1;
 }
 
 std::vector<std::size_t> GridView::highlighted() const {

@@ -61,6 +61,10 @@ class GridView : public View {
   void cellPressed(int row, int column);
   void headerPressed(int column);
   void doubleClicked(int row);
+  // The grid's row, from 1, that is shown `step` rows after the current one; 0 where there is none.
+  std::size_t rowBeside(int step) const;
+  // The event of a double click on a row of the grid, from 1.
+  void openRow(std::size_t row);
   void openRowMenu();
   void copySelection();
   // Moves to a row that contains the text: the nearest one from the current row, or the next match. Returns

@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QEventLoop>
 #include <QMessageBox>
+#include <QThread>
 #include <QTimer>
 #include <algorithm>
 #include <sstream>
@@ -63,7 +64,11 @@ void Together::next() {
   const auto buttons = screen_.top()->findChildren<QAbstractButton*>();
   const bool pressed = std::any_of(buttons.begin(), buttons.end(), [](auto* each) { return each->isDown(); });
   const bool acting = acting_ != 0 && QApplication::activeModalWidget() == modal_;
-  if (screen_.frontEnd().busy() || pressed || acting) {
+  // The modal window has been closed, and its event has not ended yet.
+  const int level = QThread::currentThread()->loopLevel();
+  if (level_ == 0) level_ = level;
+  const bool returning = level > level_ && Hand::modal() == nullptr && screen_.top() == &screen_.window();
+  if (screen_.frontEnd().busy() || pressed || acting || returning) {
     QTimer::singleShot(1, qApp, [this] { next(); });
     return;
   }

@@ -71,6 +71,7 @@ class Together {
   int acts_ = 0;
   int acting_ = 0;            // the number of the act that has not returned yet
   QWidget* modal_ = nullptr;  // at its beginning
+  int level_ = 0;             // of the event loops, where no modal window is open
 };
 
 }  // namespace cu::test
