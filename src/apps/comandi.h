@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -38,6 +39,8 @@ struct OpzioniMake {
 int comandoMake(const OpzioniMake& opzioni);
 
 inline constexpr const char* kStampaConti = "ContoIndividuale.rpt";
+inline constexpr std::array kStampe = {kStampaConti, "CertificazioneCompensiSintetico.rpt",
+                                       "CertificazioneCompensiAnalitico.rpt"};
 struct OpzioniPrint {
   std::string profilo;
   std::string report;

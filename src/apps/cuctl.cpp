@@ -8,10 +8,13 @@
 
 #include "apps/comune/argomenti.h"
 #include "apps/esame/comandi_esame.h"
+#include "apps/versione/versione.h"
 #include "comandi.h"
+#include "completamento.h"
 #include "suite/profilo.h"
 #include "uso.h"
 #include "uso_esame.h"
+#include "uso_finestra.h"
 #include "uso_importa.h"
 
 namespace cu {
@@ -41,8 +44,8 @@ void aggiungiCreate(CLI::App& programma, Esecuzione& esegui) {
           ->type_name("N")
           ->excludes(vuoto)
           ->excludes(demo);
-  comando.add_option("--years", opzioni->anni, "Gli anni dell'azienda sintetica")
-      ->type_name("2014-2017")
+  comando.add_option("--years", opzioni->anni, "Gli anni dell'azienda sintetica, come 2014-2017")
+      ->type_name("ANNI")
       ->needs(percipienti);
   comando.add_option("--seed", opzioni->seme, "Lo stesso seme dà la stessa azienda")
       ->type_name("S")
@@ -58,12 +61,12 @@ void aggiungiDrive(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando = aggiungiComando(
       programma, "drive", "Guida la procedura con comandi JSON, una riga ciascuno, da un altro programma");
   auto opzioni = std::make_shared<OpzioniDrive>();
-  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE");
+  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE.toml");
   comando
       .add_option("--start", opzioni->inizio,
                   "wizard: la procedura, come senza indicazioni; archivi: aziende, percipienti e compensi")
       ->check(inizioNoto)
-      ->type_name("FORM");
+      ->type_name("wizard|archivi");
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoDrive(*opzioni); }; });
 }
 
@@ -85,8 +88,8 @@ std::string annoSingolo(const std::string& anno) {
 void aggiungiEstremi(CLI::App& comando, fornitura::Estremi& estremi) {
   comando.add_option("--from-payee", estremi.daPercipiente, "Dal percipiente")->type_name("CODICE");
   comando.add_option("--to-payee", estremi.aPercipiente, "Al percipiente")->type_name("CODICE");
-  comando.add_option("--from-reason", estremi.daCausale, "Dalla causale pagamento")->type_name("CODICE");
-  comando.add_option("--to-reason", estremi.aCausale, "Alla causale pagamento")->type_name("CODICE");
+  comando.add_option("--from-reason", estremi.daCausale, "Dalla causale pagamento")->type_name("CAUSALE");
+  comando.add_option("--to-reason", estremi.aCausale, "Alla causale pagamento")->type_name("CAUSALE");
 }
 
 void aggiungiRiferimenti(CLI::App& comando, OpzioniSciolte& sciolte) {
@@ -126,7 +129,7 @@ void aggiungiMake(CLI::App& programma, Esecuzione& esegui) {
   auto opzioni = std::make_shared<OpzioniMake>();
   auto sciolte = std::make_shared<OpzioniSciolte>();
   fornitura::RichiestaCU& richiesta = opzioni->richiesta;
-  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE");
+  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE.toml");
   comando.add_option("--year", richiesta.anno, "Anno di pagamento dei compensi")
       ->required()
       ->check(annoSingolo)
@@ -154,12 +157,10 @@ void aggiungiMake(CLI::App& programma, Esecuzione& esegui) {
 }
 
 std::string stampaNota(const std::string& report) {
-  for (const char* nota :
-       {kStampaConti, "CertificazioneCompensiSintetico.rpt", "CertificazioneCompensiAnalitico.rpt"}) {
+  for (const char* nota : kStampe) {
     if (report == nota) return {};
   }
-  return std::string("atteso ") + kStampaConti +
-         ", CertificazioneCompensiSintetico.rpt o CertificazioneCompensiAnalitico.rpt";
+  return std::string("atteso ") + kStampe[0] + ", " + kStampe[1] + " o " + kStampe[2];
 }
 
 void aggiungiPrint(CLI::App& programma, Esecuzione& esegui) {
@@ -167,7 +168,7 @@ void aggiungiPrint(CLI::App& programma, Esecuzione& esegui) {
       aggiungiComando(programma, "print", "Stampa i conti individuali o una certificazione in un file PDF");
   auto opzioni = std::make_shared<OpzioniPrint>();
   fornitura::RichiestaReport& richiesta = opzioni->richiesta;
-  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE");
+  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE.toml");
   comando
       .add_option("--report", opzioni->report,
                   "ContoIndividuale.rpt, CertificazioneCompensiSintetico.rpt o "
@@ -198,7 +199,7 @@ void aggiungiCorrect(CLI::App& programma, Esecuzione& esegui) {
       aggiungiComando(programma, "correct",
                       "Scrive i file che lo stato di un anno chiede: nuove, sostituzioni, annullamenti");
   auto opzioni = std::make_shared<OpzioniCorrect>();
-  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE");
+  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE.toml");
   comando.add_option("--year", opzioni->anno, "Anno di pagamento dei compensi")
       ->required()
       ->check(fra(1900, 2199))
@@ -213,8 +214,8 @@ void aggiungiDiscard(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando = aggiungiComando(
       programma, "discard", "Toglie dal registro un file scritto che non verrà inviato; il file resta");
   auto opzioni = std::make_shared<OpzioniDiscard>();
-  comando.add_option("file", opzioni->file, "Il file telematico")->required()->type_name("FILE");
-  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE");
+  comando.add_option("file", opzioni->file, "Il file telematico")->required()->type_name("FILE.cur");
+  comando.add_option("--profile", opzioni->profilo, "Il profilo TOML")->required()->type_name("FILE.toml");
   comando.add_flag("--yes", opzioni->passaAvvisi, "Toglie il file senza chiedere conferma");
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoDiscard(*opzioni); }; });
 }
@@ -227,11 +228,35 @@ void aggiungiUpgrade(CLI::App& programma, Esecuzione& esegui) {
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoUpgrade(*opzioni); }; });
 }
 
+// For the build, which installs what it writes: not in the help.
+void aggiungiCompletion(CLI::App& programma, Esecuzione& esegui) {
+  CLI::App& comando =
+      *programma.add_subcommand("completion", "Scrive il completamento di una shell")->group("");
+  auto shell = std::make_shared<std::string>();
+  auto nome = std::make_shared<std::string>();
+  comando.add_option("shell", *shell, "La shell")->required()->check(CLI::IsMember({"bash", "zsh"}));
+  comando.add_option("program", *nome, "Il programma")
+      ->required()
+      ->check(CLI::IsMember({"cuctl", "cuwizard"}));
+  comando.callback([&programma, &esegui, shell, nome] {
+    esegui = [&programma, shell, nome] {
+      CLI::App finestra("", "cuwizard");
+      OpzioniFinestra opzioni;
+      descriviFinestra(finestra, opzioni, {});
+      const CLI::App& scelto = *nome == "cuctl" ? programma : finestra;
+      *shell == "bash" ? scriviBash(scelto, std::cout) : scriviZsh(scelto, std::cout);
+      std::cout.flush();
+      return std::cout ? kRiuscito : kRifiutato;
+    };
+  });
+}
+
 constexpr const char* kDoveAiuto = "\nPer l'aiuto: cuctl --help, cuctl COMANDO --help\n";
 
 int eseguiProgramma(int quanti, char** argomenti) {
   CLI::App programma("Certificazione Unica e stampe dei compensi, senza finestra", "cuctl");
   parlaItaliano(programma);
+  aggiungiVersione(programma, [] { return testoVersione("cuctl"); });
   programma.require_subcommand(1);
   Esecuzione esegui;
   aggiungiCheck(programma, esegui);
@@ -252,6 +277,7 @@ int eseguiProgramma(int quanti, char** argomenti) {
   aggiungiImport(programma, esegui);
   aggiungiExport(programma, esegui);
   aggiungiTemplate(programma, esegui);
+  aggiungiCompletion(programma, esegui);
   try {
     programma.parse(quanti, argomenti);
     rifiutaVuoti(programma);

@@ -1,5 +1,7 @@
 // The window program.
 
+#include <poppler-version.h>
+
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QDir>
@@ -10,7 +12,6 @@
 #include <iostream>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 #include "apps/assistente/importazione_guidata.h"
 #include "apps/avvio/finestra_avvio.h"
@@ -20,27 +21,22 @@
 #include "apps/esame/dopo_scrittura.h"
 #include "apps/esame/testo_rilievi.h"
 #include "apps/strumenti/strumenti.h"
+#include "apps/versione/versione.h"
 #include "base/error.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
 #include "suite/orologio.h"
 #include "suite/profilo.h"
 #include "uso.h"
+#include "uso_finestra.h"
 
 namespace cu {
 namespace {
 
-struct Opzioni {
-  std::string profilo;
-  std::string colori = "sistema";
-  std::vector<std::string> file;  // telematic files to read, or tables to import
-  bool importa = false;
-};
-
 // The guide is in the folder named by the profile or next to the program, installed or in its source tree.
 QString cartellaGuida(const QString& delProfilo) {
   QString programma = QCoreApplication::applicationDirPath();
-  for (const QString& cartella : {delProfilo, programma + QStringLiteral("/../share/doc/cuwizard"),
+  for (const QString& cartella : {delProfilo, programma + QStringLiteral("/" CU_GUIDE_FROM_PROGRAM),
                                   programma + QStringLiteral("/../../docs")}) {
     if (QFileInfo::exists(cartella + QStringLiteral("/guida.md"))) return QDir(cartella).absolutePath();
   }
@@ -99,7 +95,7 @@ void controllaFile(const FileCreato& file, Connection& connessione, const Profil
   if (dopo.rilievi.errori() > 0) strumenti::apriFile(QString::fromStdString(file.percorso), profilo);
 }
 
-int esegui(const Opzioni& opzioni) {
+int esegui(const OpzioniFinestra& opzioni) {
   std::optional<Profilo> profilo;
   if (!opzioni.profilo.empty()) profilo = leggiProfilo(opzioni.profilo);
   strumenti::guida(
@@ -144,13 +140,22 @@ int esegui(const Opzioni& opzioni) {
   return kRiuscito;
 }
 
-// The help, and a machine without a screen, are handled before the toolkit starts, which would only abort.
+std::string versione() {
+  return testoVersione("cuwizard", {{"Anteprime", "Poppler " + Poppler::Version::string().toStdString()}});
+}
+
+// The help, the version, and a machine without a screen are handled before the toolkit starts, which would
+// only abort.
 std::optional<int> senzaSchermo(int quanti, char** argomenti, CLI::App& programma) {
   bool piattaforma = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
   for (int i = 1; i < quanti; ++i) {
     const std::string_view argomento = argomenti[i];
     if (argomento == "--help" || argomento == "-h") {
       std::cout << programma.help();
+      return kRiuscito;
+    }
+    if (argomento == "--version") {
+      std::cout << versione() << '\n';
       return kRiuscito;
     }
     piattaforma = piattaforma || argomento == "-platform" || argomento == "--platform";
@@ -167,24 +172,9 @@ std::optional<int> senzaSchermo(int quanti, char** argomenti, CLI::App& programm
 }
 
 int eseguiFinestra(int quanti, char** argomenti) {
-  Opzioni opzioni;
+  OpzioniFinestra opzioni;
   CLI::App programma("Autocomposizione: conti individuali, certificazioni, Certificazione Unica", "cuwizard");
-  parlaItaliano(programma);
-  programma
-      .add_option("--profile", opzioni.profilo, "Il profilo TOML; senza, una piccola finestra lo sostituisce")
-      ->type_name("FILE");
-  programma.add_option("--colori", opzioni.colori, "chiari, scuri, o quelli del sistema")
-      ->check(CLI::IsMember({"sistema", "chiari", "scuri"}))
-      ->type_name("QUALI");
-  programma
-      .add_option(
-          "FILE", opzioni.file,
-          "File telematici da leggere e controllare, ognuno in una finestra, invece di avviare la procedura")
-      ->type_name("FILE.cur");
-  programma.add_flag(
-      "--importa", opzioni.importa,
-      "I FILE sono tabelle da importare: apre l'importazione guidata, sul database del profilo o "
-      "dell'ultimo avvio");
+  descriviFinestra(programma, opzioni, versione);
   if (const auto esito = senzaSchermo(quanti, argomenti, programma)) return *esito;
 
   QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\nqt.*.warning=false"));

@@ -114,6 +114,12 @@ void parlaItaliano(CLI::App& programma) {
   programma.option_defaults()->group("Opzioni");
 }
 
+void aggiungiVersione(CLI::App& programma, std::function<std::string()> versione) {
+  programma
+      .set_version_flag("--version", std::move(versione), "Mostra la versione, con quelle delle librerie")
+      ->group("Opzioni");
+}
+
 CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const std::string& spiegazione) {
   CLI::App* const comando = programma.add_subcommand(nome, spiegazione)->group("Comandi");
   comando->get_help_ptr()->group("Opzioni");

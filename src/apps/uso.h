@@ -1,6 +1,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -11,6 +12,8 @@ namespace cu {
 
 // Sets the help's texts in Italian.
 void parlaItaliano(CLI::App& programma);
+// --version, which ends the program as --help does.
+void aggiungiVersione(CLI::App& programma, std::function<std::string()> versione);
 CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const std::string& spiegazione);
 
 // The options for a database's address and connection.

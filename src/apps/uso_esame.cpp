@@ -9,7 +9,7 @@ namespace cu {
 namespace {
 
 void aggiungiProfilo(CLI::App& comando, std::string& profilo) {
-  comando.add_option("--profile", profilo, "Il profilo TOML")->required()->type_name("FILE");
+  comando.add_option("--profile", profilo, "Il profilo TOML")->required()->type_name("FILE.toml");
 }
 
 }  // namespace
@@ -17,7 +17,7 @@ void aggiungiProfilo(CLI::App& comando, std::string& profilo) {
 void aggiungiInspect(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando = aggiungiComando(programma, "inspect", "Mostra che cosa contiene un file telematico");
   auto opzioni = std::make_shared<OpzioniInspect>();
-  comando.add_option("file", opzioni->file, "Il file telematico")->required()->type_name("FILE");
+  comando.add_option("file", opzioni->file, "Il file telematico")->required()->type_name("FILE.cur");
   comando.add_flag("--json", opzioni->json, "In JSON");
   comando
       .add_option("--certificate", opzioni->certificazione,
@@ -32,7 +32,7 @@ void aggiungiInspect(CLI::App& programma, Esecuzione& esegui) {
 void aggiungiValidate(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando = aggiungiComando(programma, "validate", "Controlla uno o più file telematici");
   auto opzioni = std::make_shared<OpzioniValidate>();
-  comando.add_option("file", opzioni->file, "I file telematici")->required()->type_name("FILE");
+  comando.add_option("file", opzioni->file, "I file telematici")->required()->type_name("FILE.cur");
   comando.add_flag("--json", opzioni->json, "In JSON");
   comando.add_flag("--strict", opzioni->severo, "Anche un avviso dà codice d'uscita 1");
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoValidate(*opzioni); }; });
@@ -42,8 +42,8 @@ void aggiungiDiff(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando =
       aggiungiComando(programma, "diff", "Confronta due file telematici, certificazione per certificazione");
   auto opzioni = std::make_shared<OpzioniDiff>();
-  comando.add_option("old", opzioni->vecchio, "Il file di prima")->required()->type_name("FILE");
-  comando.add_option("new", opzioni->nuovo, "Il file di dopo")->required()->type_name("FILE");
+  comando.add_option("old", opzioni->vecchio, "Il file di prima")->required()->type_name("FILE.cur");
+  comando.add_option("new", opzioni->nuovo, "Il file di dopo")->required()->type_name("FILE.cur");
   comando.add_flag("--json", opzioni->json, "In JSON");
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoDiff(*opzioni); }; });
 }
@@ -52,7 +52,7 @@ void aggiungiVerify(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando =
       aggiungiComando(programma, "verify", "Confronta un file telematico con i conti del suo anno");
   auto opzioni = std::make_shared<OpzioniVerify>();
-  comando.add_option("file", opzioni->file, "Il file telematico")->required()->type_name("FILE");
+  comando.add_option("file", opzioni->file, "Il file telematico")->required()->type_name("FILE.cur");
   aggiungiProfilo(comando, opzioni->profilo);
   comando.add_flag("--json", opzioni->json, "In JSON");
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoVerify(*opzioni); }; });
@@ -61,7 +61,7 @@ void aggiungiVerify(CLI::App& programma, Esecuzione& esegui) {
 void aggiungiSent(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando = aggiungiComando(programma, "sent", "Segna come inviato un file telematico scritto");
   auto opzioni = std::make_shared<OpzioniSent>();
-  comando.add_option("file", opzioni->file, "Il file telematico")->required()->type_name("FILE");
+  comando.add_option("file", opzioni->file, "Il file telematico")->required()->type_name("FILE.cur");
   aggiungiProfilo(comando, opzioni->profilo);
   aggiungiData(comando, "--date", opzioni->giorno, "Il giorno dell'invio; senza, oggi");
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoSent(*opzioni); }; });

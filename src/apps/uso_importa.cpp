@@ -53,7 +53,7 @@ void aggiungiModiDiLettura(CLI::App& comando, OpzioniImport& opzioni) {
                   "Caratteri di un testo: utf-8, windows-1252, utf-16le, utf-16be")
       ->check(atteso([](const std::string& nome) { return tabelle::caratteriDaNome(nome).has_value(); },
                      "utf-8, windows-1252, utf-16le o utf-16be"))
-      ->type_name("NOME");
+      ->type_name("utf-8|windows-1252|utf-16le|utf-16be");
   comando.add_option("--decimal", opzioni.decimali, "Segno dei decimali: virgola o punto")
       ->check(atteso([](const std::string& segno) { return segno == "," || segno == "."; },
                      "una virgola o un punto"))
@@ -113,7 +113,7 @@ void aggiungiImportDi(CLI::App& import, Elenco elenco, Esecuzione& esegui) {
   opzioni->elenco = elenco;
   comando.add_option("file", opzioni->file, "CSV o XLSX; - legge un CSV dall'ingresso standard")
       ->required()
-      ->type_name("FILE");
+      ->type_name("TABELLA");
   aggiungiIndirizzo(comando, opzioni->database);
   if (elenco != Elenco::Aziende) aggiungiAzienda(comando, opzioni->azienda)->required();
   aggiungiModiDiLettura(comando, *opzioni);
@@ -174,7 +174,7 @@ void aggiungiPagamento(CLI::App& comando, OpzioniImportFatture& opzioni) {
       .add_option("--dates-file", opzioni.date,
                   "Tabella delle date: CodiceFiscale, PartitaIva o CodicePercipiente, NumeroDocumento, "
                   "DataDocumento, DataPagamento")
-      ->type_name("FILE");
+      ->type_name("TABELLA");
 }
 
 void aggiungiImportFatture(CLI::App& import, Esecuzione& esegui) {
@@ -185,7 +185,7 @@ void aggiungiImportFatture(CLI::App& import, Esecuzione& esegui) {
       .add_option("file", comuni.file,
                   "Fatture (XML, anche firmate), cartelle e archivi ZIP, comunque si chiamino")
       ->required()
-      ->type_name("FILE|CARTELLA|ZIP");
+      ->type_name("FATTURA|CARTELLA|FILE.zip");
   aggiungiIndirizzo(comando, comuni.database);
   aggiungiAzienda(comando, comuni.azienda)->required();
   aggiungiPagamento(comando, *opzioni);

@@ -75,7 +75,7 @@ TEST(Usage, HelpIsInItalianAlone) {
       EXPECT_THAT(aiuto, Not(HasSubstr(inglese))) << aiuto;
   }
   EXPECT_THAT(posto.cuctl({"inspect", "--help"}).uscita,
-              HasSubstr("\nArgomenti:\n  file FILE (obbligatorio)"));
+              HasSubstr("\nArgomenti:\n  file FILE.cur (obbligatorio)"));
   EXPECT_THAT(posto.cuctl({"make", "--help"}).uscita, HasSubstr("--kind 1|2|3 "));
 }
 

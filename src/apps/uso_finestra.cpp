@@ -1,0 +1,37 @@
+#include "uso_finestra.h"
+
+#include "uso.h"
+
+namespace cu {
+namespace {
+
+std::string coloriNoti(const std::string& colori) {
+  for (const char* noti : {"sistema", "chiari", "scuri"}) {
+    if (colori == noti) return {};
+  }
+  return "atteso sistema, chiari o scuri, non " + colori;
+}
+
+}  // namespace
+
+void descriviFinestra(CLI::App& programma, OpzioniFinestra& opzioni, std::function<std::string()> versione) {
+  parlaItaliano(programma);
+  aggiungiVersione(programma, std::move(versione));
+  programma
+      .add_option("--profile", opzioni.profilo, "Il profilo TOML; senza, una piccola finestra lo sostituisce")
+      ->type_name("FILE.toml");
+  programma.add_option("--colori", opzioni.colori, "chiari, scuri, o quelli del sistema")
+      ->check(coloriNoti)
+      ->type_name("sistema|chiari|scuri");
+  programma
+      .add_option(
+          "FILE", opzioni.file,
+          "File telematici da leggere e controllare, ognuno in una finestra, invece di avviare la procedura")
+      ->type_name("FILE.cur|TABELLA|FATTURA");
+  programma.add_flag(
+      "--importa", opzioni.importa,
+      "I FILE sono tabelle da importare: apre l'importazione guidata, sul database del profilo o "
+      "dell'ultimo avvio");
+}
+
+}  // namespace cu
