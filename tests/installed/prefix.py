@@ -1,0 +1,140 @@
+#!/usr/bin/env python3
+"""Installs into an empty prefix and uses what is there: prefix.py CMAKE BUILD-FOLDER SOURCE-FOLDER
+
+The programs run from the prefix and make the telematic file of the examples; everything that belongs to them is there,
+valid where a tool of the system can tell, and nothing contains a path of the folders from which it comes."""
+
+import gzip
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+
+from support import output, run
+
+cmake, build, source = sys.argv[1:4]
+faults = []
+
+EXPECTED = ["bin/cuctl", "bin/cuwizard", "share/applications/cuwizard.desktop",
+            "share/icons/hicolor/scalable/apps/cuwizard.svg", "share/icons/hicolor/48x48/apps/cuwizard.png",
+            "share/metainfo/it.cuwizard.Cuwizard.metainfo.xml", "share/mime/packages/cuwizard.xml",
+            "share/man/man1/cuctl.1.gz", "share/man/it/man1/cuctl.1.gz", "share/man/man5/cuwizard-profile.5.gz",
+            "share/bash-completion/completions/cuctl", "share/bash-completion/completions/cuwizard",
+            "share/doc/cuwizard/copyright", "share/doc/cuwizard/changelog.gz",
+            "share/doc/cuwizard/examples/compensi.csv", "share/cuwizard/guida.md"]
+
+
+def expect(condition, text):
+    if not condition:
+        faults.append(text)
+
+
+def read(*path):
+    with open(os.path.join(*path), "rb") as file:
+        return file.read()
+
+
+def check_files(prefix):
+    for name in EXPECTED:
+        expect(os.path.isfile(os.path.join(prefix, name)), f"{name} is not installed")
+    for folder, folders, names in os.walk(prefix):
+        for name in folders + names:
+            path = os.path.join(folder, name)
+            expect(os.stat(path).st_mode & 0o022 == 0, f"{path} can be written by others")
+        for name in names:
+            path = os.path.join(folder, name)
+            content = gzip.decompress(read(path)) if name.endswith(".gz") else read(path)
+            for own in (build, source):
+                expect(own.encode() not in content, f"{path} contains {own}")
+
+
+def check_guide(prefix):
+    """The pictures of the guide, and the folder in which the window looks for it."""
+    guide = os.path.join(prefix, "share/cuwizard")
+    for picture in re.findall(r"!\[[^]]*\]\(([^)]*)\)", read(guide, "guida.md").decode()):
+        expect(os.path.isfile(os.path.join(guide, picture)), f"the guide lacks {picture}")
+    wanted = os.path.relpath(guide, os.path.join(prefix, "bin"))
+    window = read(prefix, "bin/cuwizard")
+    expect(any(form in window for form in (("/" + wanted).encode("utf-16le"), ("/" + wanted).encode())),
+           f"the window does not look for its guide in {wanted}")
+
+
+def check_use(prefix, work):
+    cuctl = os.path.join(prefix, "bin/cuctl")
+    version = re.search(r"VERSION (\S+)", read(source, "CMakeLists.txt").decode().split("project(")[1]).group(1)
+    for program in ("cuctl", "cuwizard"):
+        shown = output(os.path.join(prefix, "bin", program), "--version")
+        said = re.match(rf"{program} (\S+) del (\S+)\n", shown)
+        expect(said and said.group(1) == version, f"{program} --version: {shown}")
+        heading = f"\n## {said.group(1)} ({said.group(2)})\n"
+        changes = gzip.decompress(read(prefix, "share/doc/cuwizard/changelog.gz")).decode()
+        expect(heading in changes and changes.index("\n## ") == changes.index(heading),
+               f"the changes do not begin with {heading.strip()}")
+        expect(f'version="{said.group(1)}" date="{said.group(2)}"' in
+               read(prefix, "share/metainfo/it.cuwizard.Cuwizard.metainfo.xml").decode(),
+               "the release in the metainfo is another one")
+        for library in ("SQLite 3.", "gestore dei driver 0", "Qt 6.", "OpenSSL 3."):
+            expect(library in shown, f"{program} --version does not mention {library}")
+    output(cuctl, "create", "--database", "sqlite:prova.db", "--demo", cwd=work)
+    shutil.copy(os.path.join(prefix, "share/doc/cuwizard/examples/profilo.toml"), work)
+    output(cuctl, "make", "--profile", "profilo.toml", "--year", "2017", "--cumulative", "--yes", cwd=work)
+    return os.path.join(work, "CUR_04123450233_2017.cur")
+
+
+def check_types(prefix, work, telematic):
+    """The type of the telematic file and of its forms, as the desktop finds them; a cursor stays one."""
+    magic = re.search(r'value="([^"]*)"', read(prefix, "share/mime/packages/cuwizard.xml").decode()).group(1)
+    expect(magic == "A" + 14 * " " + "CUR", f"the mark of the type is {magic!r}")
+    expect(read(telematic).startswith(magic.encode()), "the telematic file does not begin with the mark of its type")
+    if not (shutil.which("update-mime-database") and shutil.which("gio") and os.path.isdir("/usr/share/mime/packages")):
+        print("The desktop's tools are not installed: the types are not checked")
+        return
+    data = os.path.join(work, "data")
+    shutil.copytree("/usr/share/mime/packages", os.path.join(data, "mime/packages"))
+    shutil.copy(os.path.join(prefix, "share/mime/packages/cuwizard.xml"), os.path.join(data, "mime/packages"))
+    subprocess.run(["update-mime-database", os.path.join(data, "mime")], check=True, capture_output=True)
+    form = os.path.join(work, "modulo.cur")
+    cursor = os.path.join(work, "cursore.cur")
+    with open(form, "wb") as file:
+        file.write(b"%PDF-1.4\n" + 64 * b" ")
+    with open(cursor, "wb") as file:
+        file.write(bytes((0, 0, 2, 0, 1, 0, 32, 32, 0, 0, 0, 0)) + bytes(52))
+    environment = dict(os.environ, XDG_DATA_DIRS=data, XDG_DATA_HOME=os.path.join(work, "home"))
+    for path, wanted in ((telematic, "application/x-cu-telematico"), (form, "application/pdf"),
+                         (cursor, "image/x-win-bitmap")):
+        shown = subprocess.run(["gio", "info", "-a", "standard::content-type", path], env=environment, text=True,
+                               capture_output=True, check=True).stdout
+        expect(shown.strip().endswith(" " + wanted), f"{path} is of type {shown.strip().split()[-1]}, not {wanted}")
+
+
+def check_desktop(prefix):
+    """With the tools that are there."""
+    tools = (("appstreamcli", ("validate", "--no-net"), "share/metainfo/it.cuwizard.Cuwizard.metainfo.xml"),
+             ("desktop-file-validate", (), "share/applications/cuwizard.desktop"))
+    for tool, arguments, name in tools:
+        if shutil.which(tool):
+            said = run(tool, *arguments, os.path.join(prefix, name))
+            expect(said.returncode == 0, f"{tool}: {said.stdout}{said.stderr}")
+        else:
+            print(f"{tool} is not installed: {name} is not checked")
+    entry = read(prefix, "share/applications/cuwizard.desktop").decode()
+    for line in ("\nKeywords=", "\nKeywords[it]=", "\nMimeType=application/x-cu-telematico;\n", "\nExec=cuwizard %F\n"):
+        expect(line in entry, f"the desktop file lacks {line.strip()}")
+
+
+with tempfile.TemporaryDirectory() as folder:
+    prefix, work = os.path.join(folder, "prefix"), os.path.join(folder, "work")
+    os.mkdir(work)
+    output(cmake, "--install", build, "--prefix", prefix)
+    # Nothing may depend on where it was installed first.
+    moved = os.path.join(folder, "moved")
+    os.rename(prefix, moved)
+    check_files(moved)
+    check_guide(moved)
+    check_types(moved, work, check_use(moved, work))
+    check_desktop(moved)
+for fault in faults:
+    print(fault)
+sys.exit(1 if faults else 0)
