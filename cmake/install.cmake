@@ -63,5 +63,3 @@ foreach(program cuctl cuwizard)
           RENAME ${program})
   install(FILES ${completions}/${program}.zsh DESTINATION ${CU_ZSH_COMPLETIONS} RENAME _${program})
 endforeach()
-
-add_custom_target(documents ALL DEPENDS ${documents})

@@ -1,5 +1,5 @@
 # The Debian 12 packages required by the build and its tests; installs the missing ones. Chooses the preset. Sourced by
-# run, test and bench.
+# run, test, package and bench.
 
 packages=(
   build-essential cmake ninja-build ccache git ca-certificates
@@ -12,6 +12,7 @@ test_packages=(libgtest-dev libgmock-dev python3 clang-tidy postgresql odbc-post
 fuzz_packages=(clang libclang-rt-14-dev)
 coverage_packages=(gcovr)
 format_packages=(clang-format)
+deb_packages=(dpkg-dev file)
 guide_packages=(xvfb xdotool imagemagick)
 
 # install_missing PACKAGE...: as root, or through sudo.
