@@ -61,6 +61,22 @@ def check_guide(prefix):
            f"the window does not look for its guide in {wanted}")
 
 
+def check_notices(prefix):
+    """Each list has the notice of its source, each licence its text, and the font of the prints is named."""
+    text = read(prefix, "share/doc/cuwizard/copyright").decode()
+    paragraphs = [dict(re.findall(r"^(\S+):\s*((?:.|\n )*)", part, flags=re.M)) for part in text.split("\n\n")]
+    files = " ".join(part.get("Files", "") for part in paragraphs).split()
+    for name in os.listdir(os.path.join(source, "data/liste")):
+        expect(f"data/liste/{name}" in files, f"data/liste/{name} has no notice")
+    for folder in ("data/demo", "data/sintetica"):
+        expect(f"{folder}/*" in files, f"{folder} has no notice")
+    texts = {part["License"].split("\n")[0] for part in paragraphs if "License" in part and "Files" not in part}
+    used = {name for part in paragraphs if "Files" in part for name in part["License"].split("\n")[0].split(" and ")}
+    expect(used == texts, f"licences used {sorted(used)}, with their texts {sorted(texts)}")
+    font = re.search(r'kInstalled = "([^"]*)"', read(source, "src/reporting/print_font.cpp").decode()).group(1)
+    expect(font in text, f"the font {font} has no notice")
+
+
 def check_use(prefix, work):
     cuctl = os.path.join(prefix, "bin/cuctl")
     version = re.search(r"VERSION (\S+)", read(source, "CMakeLists.txt").decode().split("project(")[1]).group(1)
@@ -133,6 +149,7 @@ with tempfile.TemporaryDirectory() as folder:
     os.rename(prefix, moved)
     check_files(moved)
     check_guide(moved)
+    check_notices(moved)
     check_types(moved, work, check_use(moved, work))
     check_desktop(moved)
 for fault in faults:
