@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QScreen>
 #include <QTimer>
@@ -221,6 +222,13 @@ void layOutPages(FormWindow& window, QBoxLayout& root, const Parts& parts) {
   root.addLayout(above);
   Layouter(window).fillRow(*above, parts.above);
   above->addStretch(1);
+  // Tabs stand on the line above their page.
+  if (std::any_of(parts.above.begin(), parts.above.end(),
+                  [](Control* control) { return dynamic_cast<Tabs*>(control) != nullptr; })) {
+    auto* line = new QFrame(&window);
+    line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    root.addWidget(line);
+  }
   for (Frame* page : parts.pages) {
     root.addWidget(window.make(*page, &window).widget(), 1);
     layOutPage(window, *page);

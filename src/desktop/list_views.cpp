@@ -4,8 +4,10 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QKeyEvent>
+#include <QShortcut>
 #include <QTabBar>
 #include <functional>
+#include <utility>
 
 #include "desktop/edit_view.h"
 #include "desktop/text.h"
@@ -115,6 +117,22 @@ TabsView::TabsView(FormWindow& window, Tabs& tabs, QWidget* parent)
   QObject::connect(bar_, &QTabBar::currentChanged, bar_, [this](int now) {
     if (live() && now + 1 != tabs_.selected()) act([this, now] { tabs_.select(now + 1); });
   });
+  const std::pair<QKeySequence::StandardKey, int> keys[] = {{QKeySequence::NextChild, 1},
+                                                            {QKeySequence::PreviousChild, -1}};
+  for (const auto& [key, step] : keys) {
+    auto* const pressed = new QShortcut(bar_);
+    pressed->setKeys(key);
+    QObject::connect(pressed, &QShortcut::activated, bar_, [this, step = step] { turn(step); });
+  }
+}
+
+// A hidden tab is passed over.
+void TabsView::turn(int step) {
+  int next = bar_->currentIndex();
+  do {
+    next = (next + step + bar_->count()) % bar_->count();
+  } while (!bar_->isTabVisible(next));
+  bar_->setCurrentIndex(next);
 }
 
 QList<QWidget*> TabsView::focusWidgets() const { return {bar_}; }

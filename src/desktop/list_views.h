@@ -23,7 +23,7 @@ class ListView : public View {
   QComboBox* combo_;
 };
 
-// The bar of the tabs; their pages are frames.
+// The bar of the tabs; their pages are frames. Ctrl+Tab leads to the next one from anywhere in the window.
 class TabsView : public View {
  public:
   TabsView(FormWindow& window, Tabs& tabs, QWidget* parent);
@@ -31,6 +31,7 @@ class TabsView : public View {
 
  private:
   void refresh() override;
+  void turn(int step);
   Tabs& tabs_;
   QTabBar* bar_;
 };
