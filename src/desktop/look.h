@@ -16,7 +16,6 @@ bool dark();
 QColor bandColor();
 QColor bandInk();
 QColor changedInk();  // for the mark of a box that was changed, on the same backgrounds
-QColor quietInk();    // for texts of what is disabled, on the background of a window
 QColor warningInk();  // for error texts, on the background of a window or of a box
 
 }  // namespace cu::desktop::look

@@ -7,7 +7,6 @@
 
 #include "desktop/form_window.h"
 #include "desktop/layouter.h"
-#include "desktop/look.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/radio.h"
 #include "desktop/section.h"
@@ -71,10 +70,6 @@ void LabelView::refresh() {
   label_->setText(text);
   // A screen reader would use the name of the section for a label without a name.
   label_->setAccessibleName(text.isEmpty() ? QStringLiteral(" ") : spoken(control().caption()));
-  // The caption of a disabled field can be read, too: the field itself shows that it is disabled.
-  QPalette colours = label_->palette();
-  colours.setColor(QPalette::Disabled, QPalette::WindowText, look::quietInk());
-  label_->setPalette(colours);
   // An empty text takes no line.
   label_->setMaximumHeight(text.isEmpty() ? 0 : QWIDGETSIZE_MAX);
 }
