@@ -81,6 +81,8 @@ QLabel* Cell::addNote() {
   note->setWordWrap(true);
   note->setTextFormat(Qt::PlainText);
   small(*note);
+  // The field is as wide as one of a single column.
+  beside_->setSpacing(2 * kCellSide);
   beside_->addWidget(note, 1);
   return note;
 }
