@@ -46,7 +46,8 @@ void descrivi(const CLI::App& comando, const CLI::App& programma, Righe& righe) 
     std::string nomi;
     for (const std::string& nome : nomiScritti(*opzione)) {
       opzioni += ' ' + nome;
-      nomi += (nomi.empty() ? "'" : " | '") + percorso + ':' + nome + '\'';
+      nomi += nomi.empty() ? "'" : " | '";
+      nomi.append(percorso).append(":").append(nome).append("'");
     }
     if (prendeValore(*opzione)) {
       righe.valori += "    " + nomi + ") " + chiamata(propostaDi(*opzione)) + " ;;\n";
