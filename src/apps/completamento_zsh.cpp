@@ -98,7 +98,7 @@ void scriviFunzione(const CLI::App& comando, const std::string& percorso, const 
 }  // namespace
 
 void scriviZsh(const CLI::App& programma, std::ostream& uscita) {
-  const std::string nome = programma.get_name();
+  const std::string& nome = programma.get_name();
   uscita << "#compdef " << nome << "\n# zsh completion for " << nome << ", written from its command line\n\n_"
          << nome
          << "_address() {\n  if compset -P 'sqlite:'; then\n    _files -g \"*.(#i)(db|sqlite)(-.)\"\n  else\n"
