@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""Installs into an empty prefix and uses what is there: prefix.py CMAKE BUILD-FOLDER SOURCE-FOLDER
+"""Installs into an empty prefix and uses what is there: prefix.py CMAKE BUILD-FOLDER SOURCE-FOLDER BUILD-TYPE
 
 The programs run from the prefix and make the telematic file of the examples; everything that belongs to them is there,
-valid where a tool of the system can tell, and nothing contains a path of the folders from which it comes."""
+valid where a tool of the system can tell, and nothing contains a path of the folders from which it comes (programs with
+debugging information have those)."""
 
 import gzip
 import os
@@ -14,7 +15,7 @@ import tempfile
 
 from support import output, run
 
-cmake, build, source = sys.argv[1:4]
+cmake, build, source, build_type = sys.argv[1:5]
 faults = []
 
 EXPECTED = ["bin/cuctl", "bin/cuwizard", "share/applications/cuwizard.desktop",
@@ -46,7 +47,7 @@ def check_files(prefix):
         for name in names:
             path = os.path.join(folder, name)
             content = gzip.decompress(read(path)) if name.endswith(".gz") else read(path)
-            for own in (build, source):
+            for own in (build, source) if build_type == "Release" else ():
                 expect(own.encode() not in content, f"{path} contains {own}")
 
 
