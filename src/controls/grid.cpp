@@ -31,6 +31,7 @@ void Grid::setColumnCaption(std::string_view field, const std::string& caption) 
 
 void Grid::bind(Recordset* rows) {
   rows_ = rows;
+  ++binding_;
   refresh();
 }
 
@@ -39,10 +40,12 @@ std::size_t Grid::row() const { return rows_ == nullptr || !rows_->IsOpen() ? 0 
 
 void Grid::resumeDrawing() {
   if (suspended_ > 0) --suspended_;
+  ++revision_;
   if (suspended_ == 0) notify();
 }
 
 void Grid::refresh() {
+  ++revision_;
   if (suspended_ > 0) return;
   notify();
   if (row() > 0 && onRowChange) onRowChange();

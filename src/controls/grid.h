@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -29,6 +30,25 @@ struct GridColumn {
   bool editable = false;
 };
 
+// The picture beside a row in a state.
+enum class RowMark { None, Changed, LeftOut, NoReference, Lacking, More };
+
+// A state of rows that only a window shows: as a mark, and as a filter of the rows in view.
+struct RowState {
+  std::string name;     // of the filter
+  std::string meaning;  // in a sentence
+  RowMark mark = RowMark::None;
+  std::vector<std::string> fields;  // whose cells `holds` reads, in this order; null where there is none
+  bool (*holds)(std::span<const CellView> cells) = nullptr;
+  std::string column = {};  // where it is not empty, the state exists only while the grid has this column
+};
+
+// A sum that only a window shows: of the fields together, over rows.
+struct RowSum {
+  std::string name;
+  std::vector<std::string> fields;
+};
+
 // A table bound to a recordset; the recordset's current row is the grid's.
 class Grid : public Control {
  public:
@@ -43,6 +63,9 @@ class Grid : public Control {
 
   void bind(Recordset* rows);  // null unbinds
   Recordset* rows() const { return rows_; }
+  // Another number after each bind(), and whenever values of the rows may have changed.
+  std::size_t binding() const { return binding_; }
+  std::size_t revision() const { return revision_; }
   std::size_t rowCount() const;
   std::size_t row() const;  // current row, from 1; 0 when none
 
@@ -86,10 +109,20 @@ class Grid : public Control {
   // window asks for confirmation.
   std::function<std::string(std::size_t row)> drops;
 
+  // What only a window shows of the rows: their states and sums, the flag of the rows that are chosen, and
+  // the field whose distinct values `subjects` names. Nothing in a form depends on them.
+  std::vector<RowState> states;
+  std::vector<RowSum> sums;
+  std::string chosenField;
+  std::string subjectField;
+  std::string subjects;
+
  private:
   std::vector<GridColumn> columns_;
   Recordset* rows_ = nullptr;
   std::vector<std::size_t> highlighted_;
+  std::size_t binding_ = 0;
+  std::size_t revision_ = 0;
   int state_ = 0;
   int suspended_ = 0;
 };

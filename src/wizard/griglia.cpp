@@ -5,6 +5,7 @@
 #include "fornitura/selezione.h"
 #include "wizard/frm_protocollo.h"
 #include "wizard/frm_wizard.h"
+#include "wizard/righe_in_vista.h"
 
 namespace cu {
 namespace {
@@ -20,6 +21,7 @@ std::string fnEsitoRiferimenti(std::size_t righe) {
 }  // namespace
 
 void FrmWizard::collegaGriglia() {
+  descriviRighe(grdCompensi);
   grdCompensi.onKeyDown = [this](std::int16_t& KeyCode, std::int16_t& /*Shift*/) {
     if (grdCompensi.state() != 0 || KeyCode != kSpazio) return;
     invertiRiga();
