@@ -22,6 +22,14 @@ void ColumnMemory::setOrder(const QStringList& fields) {
   QSettings().setValue(group_ + QStringLiteral("/ordine"), fields);
 }
 
+QStringList ColumnMemory::hidden() const {
+  return QSettings().value(group_ + QStringLiteral("/nascoste")).toStringList();
+}
+
+void ColumnMemory::setHidden(const QStringList& fields) {
+  QSettings().setValue(group_ + QStringLiteral("/nascoste"), fields);
+}
+
 void ColumnMemory::forget() { QSettings().remove(group_); }
 
 }  // namespace cu::desktop

@@ -6,7 +6,7 @@
 
 namespace cu::desktop {
 
-// The user's widths and order of a grid's columns, stored per user and not with the program's data.
+// The user's widths, order and choice of a grid's columns, stored per user and not with the program's data.
 class ColumnMemory {
  public:
   explicit ColumnMemory(const QString& grid);
@@ -16,6 +16,9 @@ class ColumnMemory {
   // Fields from left to right; empty where the user has set no order.
   QStringList order() const;
   void setOrder(const QStringList& fields);
+  // Fields that the user has hidden.
+  QStringList hidden() const;
+  void setHidden(const QStringList& fields);
   void forget();
 
  private:

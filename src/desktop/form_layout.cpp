@@ -14,10 +14,10 @@
 #include "controls/menubar.h"
 #include "controls/tabs.h"
 #include "desktop/foot.h"
+#include "desktop/grid_surround.h"
 #include "desktop/grid_view.h"
 #include "desktop/layouter.h"
 #include "desktop/qt_front_end.h"
-#include "desktop/quick_search.h"
 #include "desktop/row_steps.h"
 #include "desktop/shell_views.h"
 #include "desktop/simple_views.h"
@@ -89,19 +89,6 @@ Parts partsOf(FormWindow& window) {
   return parts;
 }
 
-// The box next to a grid in which the user searches for a payee.
-void addSearch(FormWindow& window, QBoxLayout& column, Grid& grid, GridView& view) {
-  auto* row = new QHBoxLayout;
-  auto* caption = new QLabel(QStringLiteral("C&erca percipiente"), column.parentWidget());
-  auto* box = new QuickSearch(view, column.parentWidget());
-  caption->setBuddy(box);
-  row->addWidget(caption);
-  row->addWidget(box, 1);
-  row->addStretch(1);
-  column.addLayout(row);
-  window.addExtra(box, grid);
-}
-
 bool hasGrid(const std::vector<Control*>& controls) {
   return std::any_of(controls.begin(), controls.end(),
                      [](Control* control) { return dynamic_cast<Grid*>(control) != nullptr; });
@@ -121,8 +108,10 @@ void layOutGridPage(FormWindow& window, Frame& page) {
       buttons.push_back(control);
     } else if (auto* const grid = dynamic_cast<Grid*>(control)) {
       auto& view = static_cast<GridView&>(window.make(*grid, into));
-      if (!window.form().stages().empty()) addSearch(window, *column, *grid, view);
+      auto* const around = window.form().stages().empty() ? nullptr : new GridSurround(window, view, into);
+      if (around != nullptr) around->addAbove(*column);
       column->addWidget(view.widget(), 1);
+      if (around != nullptr) around->addBelow(*column);
       column->addLayout(buttonRow);
     } else if (auto* const frame = dynamic_cast<Frame*>(control)) {
       frames.push_back(frame);

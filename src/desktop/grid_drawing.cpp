@@ -58,6 +58,40 @@ void WrappedHeader::paintSection(QPainter* painter, const QRect& place, int colu
       model()->headerData(column, orientation(), Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask;
   painter->setPen(palette().color(QPalette::ButtonText));
   painter->drawText(place.adjusted(kPadding / 2, 0, -kPadding / 2, 0), kWrap | align, caption);
+  if (column == sorted_) paintSortMark(*painter, place);
+}
+
+void WrappedHeader::setSorted(int column, bool descending) {
+  sorted_ = column;
+  descending_ = descending;
+  viewport()->update();
+}
+
+// A line on the side of the smallest value, and an arrow in its middle, which no caption reaches.
+void WrappedHeader::paintSortMark(QPainter& painter, const QRect& place) const {
+  constexpr int kThick = 3;
+  constexpr int kHalf = 5;
+  const QColor ink = palette().color(QPalette::Highlight);
+  const int edge = descending_ ? place.bottom() - kThick + 1 : place.top();
+  painter.fillRect(QRect(place.left(), edge, place.width(), kThick), ink);
+  const int base = descending_ ? place.bottom() - kThick - kHalf + 1 : place.top() + kThick + kHalf;
+  const int tip = descending_ ? base + kHalf : base - kHalf;
+  const int middle = place.center().x();
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(ink);
+  painter.drawPolygon(QPolygon({{middle - kHalf, base}, {middle + kHalf, base}, {middle, tip}}));
+  painter.restore();
+}
+
+QColor paleInk(const QPalette& palette) {
+  const QColor text = palette.color(QPalette::Text);
+  const QColor base = palette.color(QPalette::Base);
+  constexpr float kWeight = 0.66F;
+  const auto mix = [](float a, float b) { return a * kWeight + b * (1 - kWeight); };
+  return QColor::fromRgbF(mix(text.redF(), base.redF()), mix(text.greenF(), base.greenF()),
+                          mix(text.blueF(), base.blueF()));
 }
 
 void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,

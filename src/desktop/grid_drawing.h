@@ -10,6 +10,8 @@ class WrappedHeader : public QHeaderView {
  public:
   explicit WrappedHeader(QWidget* parent);
   void fitHeight();
+  // Draws the mark of the order at a column; at none for -1.
+  void setSorted(int column, bool descending);
   QSize sizeHint() const override;
 
  protected:
@@ -17,8 +19,15 @@ class WrappedHeader : public QHeaderView {
   void paintSection(QPainter* painter, const QRect& place, int column) const override;
 
  private:
+  void paintSortMark(QPainter& painter, const QRect& place) const;
+
   int height_ = 0;
+  int sorted_ = -1;
+  bool descending_ = false;
 };
+
+// For a text of less weight on the background of a box; its contrast is that of a text.
+QColor paleInk(const QPalette& palette);
 
 // Lines above and below a cell of the current row, which is so told from other highlighted ones.
 void paintCurrentRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index);

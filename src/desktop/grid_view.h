@@ -1,42 +1,16 @@
 #pragma once
 
-#include <QTableView>
+#include <functional>
 #include <vector>
 
 #include "desktop/column_memory.h"
 #include "desktop/grid_model.h"
+#include "desktop/grid_table.h"
 #include "desktop/view.h"
 
+class QMenu;
+
 namespace cu::desktop {
-
-class GridView;
-
-// The table widget of a grid: converts mouse and keys into the grid's events. The current row is always
-// highlighted, and marked where others are highlighted too.
-class GridTable : public QTableView {
- public:
-  GridTable(GridView& view, QWidget* parent);
-  void setCurrent(int row);  // without a user event
-
- protected:
-  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers held) override;
-  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
-  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
-                                                       const QEvent* event) const override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
-  void mouseDoubleClickEvent(QMouseEvent* event) override;
-  void contextMenuEvent(QContextMenuEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-
- private:
-  void highlightCurrent();
-
-  GridView& view_;
-  QPersistentModelIndex pressed_;
-  bool setting_ = false;
-};
 
 // A grid: its rows in a virtual model, the current row synchronised, the user's widths and order of columns,
 // copying, and a search that only changes the current row.
@@ -54,8 +28,20 @@ class GridView : public View {
   GridTable& table() const { return *table_; }
   GridModel& model() { return model_; }
 
-  // User events. goTo() is called before a row is pressed; returns false when the user does not confirm what
-  // selecting another row discards.
+  // Changes which rows are in view, and their order: the current row and the highlighted rows in view stay.
+  void arrange(const Arrangement& by);
+  const Arrangement& arrangement() const { return model_.arrangement(); }
+  // The form's current row is not in view: no key acts on it.
+  bool currentHidden() const;
+  // The grid's highlighted rows, ascending from 0; the current one alone is one of them.
+  std::vector<std::uint32_t> highlightedRows() const;
+  const Grid& grid() const { return grid_; }
+  FormWindow& formWindow() const { return window(); }
+  // Called when rows, values, arrangement or highlight may have changed.
+  std::function<void()> onChange;
+
+  // User events; rows are those in view. goTo() is called before a row is pressed; returns false when the
+  // user does not confirm what selecting another row discards.
   bool goTo(int row);
   void rowChosen(int row);
   void cellPressed(int row, int column);
@@ -66,7 +52,13 @@ class GridView : public View {
   // The event of a double click on a row of the grid, from 1.
   void openRow(std::size_t row);
   void openRowMenu();
-  void copySelection();
+  void copySelection(bool headings = false);
+  // The menu of a column's heading, below it.
+  void openHeaderMenu(int column);
+  // The columns as they are seen, from left to right, without the menus of the rows.
+  QList<int> columnsSeen() const;
+  // Writes rows and columns as they are seen to a file that the user names.
+  void exportTable();
   // Moves to a row that contains the text: the nearest one from the current row, or the next match. Returns
   // false when there is none.
   bool search(const QString& text, bool following);
@@ -74,9 +66,18 @@ class GridView : public View {
  private:
   void refresh() override;
   std::vector<std::size_t> highlighted() const;
+  std::size_t formRow(int row) const;  // the form's number, from 1, of a row in view; 0 for none
+  void showCurrent();
+  void report();
+  void sortBy(int column);
+  void markOrder();
   void placeColumns();
   void rememberOrder();
-  void headerMenu(const QPoint& at);
+  void headerMenu(int column, const QPoint& at);
+  void addOrder(QMenu& menu, int column);
+  void addColumns(QMenu& menu);
+  void hideColumn(int column, bool hidden);
+  void forgetColumns();
   int widthOf(int column) const;
   bool mayChoose(std::size_t row);
   int searchColumn() const;

@@ -277,6 +277,11 @@ void QtFrontEnd::viewText(const std::string& path) { (new TextWindow(topmost(), 
 void QtFrontEnd::printed(const PrintNote& note) { status_.print(note); }
 void QtFrontEnd::told(const std::string& fact) { status_.tell(shown(fact)); }
 
+void QtFrontEnd::toldAfter(const std::string& fact) {
+  told(fact);
+  restFeet();
+}
+
 void QtFrontEnd::stageEntered() {
   status_.work();
   restFeet();

@@ -62,6 +62,8 @@ class QtFrontEnd : public FrontEnd {
   int pointer() const override { return pointer_; }
   void progress(const char* what, std::size_t done, std::size_t total) override;
   void told(const std::string& fact) override;
+  // Reports a fact that was found after its event.
+  void toldAfter(const std::string& fact);
   void missing(Control& control) override { missing_ = &control; }
   // Shows a file that was made, or a folder.
   void showMade(const QString& path);

@@ -78,19 +78,20 @@ class Comparing : public ControlVisitor {
   }
   void visit(Grid& control) override {
     auto& grid = static_cast<desktop::GridView&>(view_);
-    same("rows", grid.model().rowCount(), static_cast<int>(control.rowCount()));
-    same("row", grid.table().currentIndex().row() + 1, static_cast<int>(control.row()));
+    same("rows", grid.model().gridRows(), static_cast<int>(control.rowCount()));
+    const int current = grid.table().currentIndex().row();
+    if (!grid.currentHidden())
+      same("row", grid.model().gridRow(current) + 1, static_cast<int>(control.row()));
     same("columns", grid.model().columnCount(), static_cast<int>(control.columns().size()));
     for (int i = 0; i < grid.model().columnCount(); ++i) {
       const GridColumn& column = control.columns()[static_cast<std::size_t>(i)];
       same("heading", grid.model().headerData(i, Qt::Horizontal, Qt::DisplayRole).toString(),
            shown(column.caption));
       same("hidden", grid.table().isColumnHidden(i), !column.visible);
-      if (control.row() == 0) continue;
+      if (control.row() == 0 || grid.currentHidden()) continue;
       const std::size_t field = control.rows()->Fields().find(column.field);
       const CellView cell = field == Columns::kNone ? CellView() : control.rows()->Get(field);
-      same("cell", grid.model().text(static_cast<int>(control.row()) - 1, i),
-           shown(control.shown(column, cell)));
+      same("cell", grid.model().text(current, i), shown(control.shown(column, cell)));
     }
   }
   void visit(SideBand& control) override {

@@ -183,7 +183,7 @@ bool Hand::press(const json& command, bool twice) {
     QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier, at);
     return true;
   }
-  const QModelIndex cell = grid->model().index(row, *column);
+  const QModelIndex cell = grid->model().index(grid->model().viewRow(row), *column);
   if (!cell.isValid()) return false;
   table.scrollTo(cell);
   const QPoint at = table.visualRect(cell).center();
@@ -258,7 +258,8 @@ bool Hand::perform(const json& command) {
   if (what == "row") {
     auto* const grid = dynamic_cast<desktop::GridView*>(view(command["in"]));
     grid->table().setFocus();
-    grid->table().setCurrentIndex(grid->model().index(command["row"].get<int>() - 1, 2));
+    grid->table().setCurrentIndex(
+        grid->model().index(grid->model().viewRow(command["row"].get<int>() - 1), 2));
     return true;
   }
   if (what == "focus") {
