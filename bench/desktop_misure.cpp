@@ -1,5 +1,5 @@
-// The user's waiting times in the window: the step to the grid, a key in an editor. Argument: the number of
-// payees (default 100,000).
+// The user's waiting times in the window: the step to the grid, its order, filter and totals, a key in an
+// editor. Argument: the number of payees (default 100,000).
 
 #include <QApplication>
 #include <QGridLayout>
@@ -17,8 +17,10 @@
 #include "apps/comune/impianto.h"
 #include "archive/archivio.h"
 #include "desktop/form_window.h"
+#include "desktop/grid_order.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
+#include "desktop/row_reader.h"
 #include "misura.h"
 
 namespace cu::bench {
@@ -132,6 +134,26 @@ void measureKeys(desktop::QtFrontEnd& screen, FrmWizard& wizard) {
   print({"key in an editor, drawn", times.ours, times.limit, "a window of bare fields", "value:0.01"});
 }
 
+// What the grid does with all its rows at a user's wish.
+void measureRows(const Grid& grid) {
+  constexpr int kRounds = 5;
+  const std::string lines = " of " + grouped(static_cast<long long>(grid.rowCount())) + " lines";
+  std::vector<CellView> cells(grid.rows()->Fields().size());
+  const auto pass = [&] {
+    for (std::size_t row = 1; row <= grid.rowCount(); ++row) grid.rows()->Peek(row, cells.data());
+  };
+  const auto report = [&](const char* what, const std::function<void()>& work) {
+    const Pair times = best(kRounds, work, pass);
+    print({what + lines, times.ours, times.limit, "reading each row once", "value:0.1"});
+  };
+  report("sort by payee", [&] { desktop::arranged(grid, {"AnagraficaPerc", false, {}, 0}); });
+  report("sort by gross, downwards", [&] { desktop::arranged(grid, {"AmmontareLordo", true, {}, 0}); });
+  const QString words = QStringLiteral("ma 1.0");
+  report("filter by a word and an amount", [&] { desktop::arranged(grid, {"", false, words, 0}); });
+  report("filter of chosen lines", [&] { desktop::arranged(grid, {"", false, {}, 1}); });
+  report("totals", [&] { desktop::totalsOf(grid, std::vector<bool>()); });
+}
+
 void measure(const fs::path& folder, int payees) {
   const Profilo profile = profileOf(folder, "grande.db");
   creaArchivio(*creaConnessione(profile.database), ContenutoArchivio::Sintetico, {payees, 2016, 2016, 1});
@@ -165,6 +187,7 @@ void measure(const fs::path& folder, int payees) {
   print({"next step with " + grouped(static_cast<long long>(wizard.grdCompensi.rowCount())) + " lines",
          times.ours, times.limit, "the load's one statement", "ratio:1.5"});
 
+  measureRows(wizard.grdCompensi);
   measureKeys(screen, wizard);
   wizard.unload();
 }
