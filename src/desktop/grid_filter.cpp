@@ -12,7 +12,7 @@
 namespace cu::desktop {
 namespace {
 
-constexpr int kTypingPause = 120;  // milliseconds without a key, after which the rows are filtered
+constexpr int kFilterPause = 120;  // milliseconds without a key, after which the rows are filtered
 
 }  // namespace
 
@@ -27,7 +27,7 @@ FilterBox::FilterBox(GridView& grid, QWidget* parent)
   setClearButtonEnabled(true);
   setMaximumWidth(320);
   pause_->setSingleShot(true);
-  pause_->setInterval(kTypingPause);
+  pause_->setInterval(kFilterPause);
   connect(this, &QLineEdit::textChanged, this, [this] { pause_->start(); });
   connect(pause_, &QTimer::timeout, this, [this] { filter(); });
 }

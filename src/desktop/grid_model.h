@@ -82,7 +82,8 @@ class GridModel : public QAbstractTableModel {
   bool readable(int row) const;
   Arrangement present() const;
   void order();
-  QVariant foreground(int row, int column) const;  // takes a row in view, as the next one
+  // These take rows in view.
+  QVariant foreground(int row, int column) const;
   QVariant rowHeader(int row, int role) const;
   QString meaning(int row, int column) const;
 

@@ -5,6 +5,7 @@
 #include <array>
 #include <limits>
 #include <string_view>
+#include <utility>
 
 #include "desktop/row_reader.h"
 #include "desktop/text.h"
@@ -14,18 +15,44 @@ namespace {
 
 constexpr char kBetween = '\n';  // no word contains it
 
-bool plainText(std::string_view text) {
-  return std::all_of(text.begin(), text.end(),
-                     [](char c) { return (static_cast<unsigned char>(c) & 0x80U) == 0; });
+// Each letter of the Latin alphabets by its number, folded; other ones are folded in their text.
+constexpr std::size_t kLetters = 0x250;
+
+const std::array<std::string, kLetters>& foldedLetters() {
+  static const std::array<std::string, kLetters> kFolded = [] {
+    std::array<std::string, kLetters> made;
+    for (std::size_t i = 0; i < made.size(); ++i)
+      made.at(i) = utf8(folded(QString(QChar(static_cast<char16_t>(i)))));
+    return made;
+  }();
+  return kFolded;
 }
 
 // folded(), in the bytes of UTF-8.
 void appendFolded(std::string& to, std::string_view text) {
-  if (!plainText(text)) {
-    to += utf8(folded(shown(text)));
-    return;
+  const std::size_t before = to.size();
+  to.resize(before + text.size());
+  char* out = to.data() + before;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    if (byte < 0x80U) {
+      *out++ = byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : text[i];
+      continue;
+    }
+    const std::size_t letter = i + 1 < text.size()
+                                   ? (byte & 0x1FU) << 6U | (static_cast<unsigned char>(text[i + 1]) & 0x3FU)
+                                   : kLetters;
+    // Never longer than the letter itself, which has two bytes here.
+    const bool known = (byte & 0xE0U) == 0xC0U && letter < kLetters && foldedLetters()[letter].size() <= 2;
+    if (!known) {
+      to.resize(before);
+      to += utf8(folded(shown(text)));
+      return;
+    }
+    for (const char c : foldedLetters()[letter]) *out++ = c;
+    ++i;
   }
-  for (const char c : text) to += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  to.resize(static_cast<std::size_t>(out - to.data()));
 }
 
 // What a row is searched for: as a text, and as an amount where it can be one.
@@ -46,9 +73,10 @@ class WordFilter {
         made.amount = made.text;
         std::erase(made.amount, grid.thousandsMark);
       }
-      amounts_ = amounts_ || !made.amount.empty();
       words_.push_back(std::move(made));
     }
+    // Amounts are written out only where all other words are there.
+    std::stable_partition(words_.begin(), words_.end(), [](const Word& word) { return word.amount.empty(); });
     for (const GridColumn& column : grid.columns()) {
       if (!column.visible || column.type == kGridBoolean) continue;
       const std::size_t field = grid.rows()->Fields().find(column.field);
@@ -61,11 +89,12 @@ class WordFilter {
     if (words_.empty()) return true;
     texts_.clear();
     for (const std::size_t field : textFields_) append(cells[field]);
-    sums_.clear();
-    if (amounts_) appendAmounts(cells);
-    return std::all_of(words_.begin(), words_.end(), [this](const Word& word) {
-      return texts_.find(word.text) != std::string::npos ||
-             (!word.amount.empty() && sums_.find(word.amount) != std::string::npos);
+    bool amountsRead = false;
+    return std::all_of(words_.begin(), words_.end(), [&](const Word& word) {
+      if (texts_.find(word.text) != std::string::npos) return true;
+      if (word.amount.empty()) return false;
+      if (!std::exchange(amountsRead, true)) appendAmounts(cells);
+      return sums_.find(word.amount) != std::string::npos;
     });
   }
 
@@ -82,6 +111,7 @@ class WordFilter {
 
   // Most amounts are zero, and are written once.
   void appendAmounts(const CellView* cells) {
+    sums_.clear();
     std::array<char, 24> digits{};
     bool zero = false;
     for (const std::size_t field : amountFields_) {
@@ -97,7 +127,6 @@ class WordFilter {
   }
 
   char mark_;
-  bool amounts_ = false;
   std::vector<Word> words_;
   std::vector<std::size_t> textFields_;
   std::vector<std::size_t> amountFields_;
@@ -109,6 +138,7 @@ class WordFilter {
 class SortKeys {
  public:
   SortKeys(const Grid& grid, std::string_view field) : field_(grid.rows()->Fields().find(field)) {
+    if (!field.empty()) keys_.reserve(grid.rowCount());
     for (const GridColumn& column : grid.columns()) {
       if (column.field == field) type_ = column.type;
     }
@@ -116,14 +146,15 @@ class SortKeys {
 
   void add(std::uint32_t row, const CellView* cells) {
     const CellView& cell = cells[field_];
-    Key key{0, 0, 0, row};
+    Key key{0, 0, 0, 0, row};
     if (type_ != kGridText || cell.type() == ValueType::Date) {
       key.number = cell.isNull() ? std::numeric_limits<std::int64_t>::min() : number(cell);
     } else if (!cell.isNull()) {
       key.begin = static_cast<std::uint32_t>(letters_.size());
       appendText(cell);
       key.length = static_cast<std::uint32_t>(letters_.size()) - key.begin;
-      key.number = head(key);
+      key.number = head(key, 0);
+      key.more = head(key, kHead);
     }
     keys_.push_back(key);
   }
@@ -143,6 +174,7 @@ class SortKeys {
  private:
   struct Key {
     std::int64_t number;  // of a text, its first bytes
+    std::int64_t more;    // and the next ones
     std::uint32_t begin;  // of a text, its letters
     std::uint32_t length;
     std::uint32_t row;
@@ -161,13 +193,14 @@ class SortKeys {
     }
   }
 
-  std::int64_t head(const Key& key) const {
+  // Bytes of a text as a number that compares as they do; one bit less, which leaves no sign, takes seven.
+  static constexpr std::uint32_t kHead = 7;
+  std::int64_t head(const Key& key, std::uint32_t from) const {
     std::uint64_t bytes = 0;
-    for (std::uint32_t i = 0; i < 8; ++i) {
-      const auto byte = i < key.length ? static_cast<unsigned char>(letters_[key.begin + i]) : 0U;
-      bytes = bytes << 8U | byte;
+    for (std::uint32_t i = from; i < from + kHead; ++i) {
+      bytes = bytes << 8U | (i < key.length ? static_cast<unsigned char>(letters_[key.begin + i]) : 0U);
     }
-    return static_cast<std::int64_t>(bytes >> 1U);  // without a sign
+    return static_cast<std::int64_t>(bytes);
   }
 
   std::string_view text(const Key& key) const {
@@ -176,7 +209,8 @@ class SortKeys {
 
   int compare(const Key& a, const Key& b) const {
     if (a.number != b.number) return a.number < b.number ? -1 : 1;
-    return a.length == 0 && b.length == 0 ? 0 : text(a).compare(text(b));
+    if (a.more != b.more) return a.more < b.more ? -1 : 1;
+    return a.length <= 2 * kHead && b.length <= 2 * kHead ? 0 : text(a).compare(text(b));
   }
 
   std::size_t field_;

@@ -16,23 +16,28 @@ std::vector<std::size_t> placesOf(const Columns& columns, const std::vector<std:
   return found;
 }
 
+// Empty beyond what an amount can be.
+std::optional<Decimal> plus(const std::optional<Decimal>& a, const std::optional<Decimal>& b) {
+  if (!a || !b) return std::nullopt;
+  try {
+    return *a + *b;
+  } catch (const Error&) {
+    return std::nullopt;
+  }
+}
+
 // Adds rows up; equal subjects usually follow each other.
 class Adding {
  public:
-  Adding(const RowReader& reader, RowTotals& totals) : reader_(reader), totals_(totals) {
+  Adding(const RowReader& reader, RowTotals& totals) : totals_(totals) {
     totals_.sums.assign(reader.sums(), Decimal());
   }
-  void add(const CellView* cells, std::int64_t subject) {
+  void add(const RowReader::Sums& sums, std::int64_t subject) {
     ++totals_.rows;
     if (subjects_.empty() || subjects_.back() != subject) subjects_.push_back(subject);
-    for (std::size_t i = 0; i < totals_.sums.size(); ++i) {
+    for (std::size_t i = 0; i < sums.size(); ++i) {
       std::optional<Decimal>& sum = totals_.sums[i];
-      if (!sum) continue;
-      try {
-        sum = *sum + reader_.sum(i, cells);
-      } catch (const Error&) {
-        sum.reset();
-      }
+      if (sum && (!sums[i] || !sums[i]->isZero())) sum = plus(sum, sums[i]);
     }
   }
   void end() {
@@ -42,7 +47,6 @@ class Adding {
   }
 
  private:
-  const RowReader& reader_;
   RowTotals& totals_;
   std::vector<std::int64_t> subjects_;
 };
@@ -88,12 +92,13 @@ std::int64_t RowReader::subject(const CellView* cells) const {
   return subject_ == Columns::kNone ? 0 : cells[subject_].integer();
 }
 
-Decimal RowReader::sum(std::size_t which, const CellView* cells) const {
-  Decimal sum;
-  for (const std::size_t field : sums_[which]) {
-    if (field != Columns::kNone && !cells[field].isNull()) sum = sum + cells[field].decimal();
+void RowReader::sum(const CellView* cells, Sums& sums) const {
+  sums.assign(sums_.size(), Decimal());
+  for (std::size_t i = 0; i < sums_.size(); ++i) {
+    for (const std::size_t field : sums_[i]) {
+      if (field != Columns::kNone && !cells[field].isNull()) sums[i] = plus(sums[i], cells[field].decimal());
+    }
   }
-  return sum;
 }
 
 GridTotals totalsOf(const Grid& grid, const std::vector<bool>& inView) {
@@ -105,12 +110,14 @@ GridTotals totalsOf(const Grid& grid, const std::vector<bool>& inView) {
   Adding chosen(reader, totals.chosen);
   Adding all(reader, totals.all);
   std::vector<CellView> cells(grid.rows()->Fields().size());
+  RowReader::Sums sums;
   for (std::size_t row = 0; row < rows; ++row) {
     grid.rows()->Peek(row + 1, cells.data());
     const std::int64_t subject = reader.subject(cells.data());
-    all.add(cells.data(), subject);
+    reader.sum(cells.data(), sums);
+    all.add(sums, subject);
     if (reader.chosen(cells.data())) {
-      chosen.add(cells.data(), subject);
+      chosen.add(sums, subject);
       if (!inView.empty() && !inView[row]) ++totals.hiddenChosen;
     }
     const std::uint32_t states = reader.states(cells.data());
@@ -127,9 +134,11 @@ RowTotals totalsOf(const Grid& grid, const std::vector<std::uint32_t>& rows) {
   const RowReader reader(grid);
   Adding adding(reader, totals);
   std::vector<CellView> cells(grid.rows()->Fields().size());
+  RowReader::Sums sums;
   for (const std::uint32_t row : rows) {
     grid.rows()->Peek(row + std::size_t{1}, cells.data());
-    adding.add(cells.data(), reader.subject(cells.data()));
+    reader.sum(cells.data(), sums);
+    adding.add(sums, reader.subject(cells.data()));
   }
   adding.end();
   return totals;

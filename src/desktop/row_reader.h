@@ -19,7 +19,9 @@ class RowReader {
   bool chosen(const CellView* cells) const;
   // 0 for a grid without subjects.
   std::int64_t subject(const CellView* cells) const;
-  Decimal sum(std::size_t which, const CellView* cells) const;
+  // One for each of the grid's; empty where no amount can be that large.
+  using Sums = std::vector<std::optional<Decimal>>;
+  void sum(const CellView* cells, Sums& sums) const;
   std::size_t sums() const { return sums_.size(); }
 
  private:
@@ -40,7 +42,7 @@ bool exists(const Grid& grid, const RowState& state);
 struct RowTotals {
   std::size_t rows = 0;
   std::size_t subjects = 0;
-  std::vector<std::optional<Decimal>> sums;
+  RowReader::Sums sums;
 };
 
 struct GridTotals {

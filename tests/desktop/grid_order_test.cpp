@@ -79,11 +79,14 @@ TEST_F(Arranging, AllWordsAreInTheRowInWhateverColumnAndForm) {
   add("Rossi Adamo", 12, "31/01/2016");
   EXPECT_THAT(with("rossi"), ElementsAre(0, 1));
   EXPECT_THAT(with("EVA  rossi"), ElementsAre(0));
+  add("Jose\u0301 Nuñez-Straße", 5, "01/02/2016");
+  EXPECT_THAT(with("josé NUNEZ"), ElementsAre(2));
+  EXPECT_THAT(with("STRAßE"), ElementsAre(2));
   EXPECT_THAT(with("1.234,00"), ElementsAre(0));
   EXPECT_THAT(with("1234,0"), ElementsAre(0));
   EXPECT_THAT(with("rossi 31/01"), ElementsAre(1));
   EXPECT_THAT(with("rossieva"), ElementsAre());
-  EXPECT_THAT(with(""), ElementsAre(0, 1));
+  EXPECT_THAT(with(""), ElementsAre(0, 1, 2));
 }
 
 TEST_F(Arranging, OneWordDoesNotSpanTwoColumns) {
