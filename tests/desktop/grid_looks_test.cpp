@@ -134,7 +134,7 @@ double luminance(const QColor& colour) {
   return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 
-double contrast(const QColor& a, const QColor& b) {
+double inkContrast(const QColor& a, const QColor& b) {
   const double light = std::max(luminance(a), luminance(b)) + 0.05;
   return light / (std::min(luminance(a), luminance(b)) + 0.05);
 }
@@ -153,10 +153,10 @@ TEST_F(GridLooks, AZeroIsPalerThanAnAmountAndReadInBothLooks) {
     desktop::look::apply(*qApp, colours);
     const QPalette palette = QApplication::palette();
     for (const auto ground : {QPalette::Base, QPalette::AlternateBase}) {
-      EXPECT_GE(contrast(desktop::paleInk(palette), palette.color(ground)), 4.5);
+      EXPECT_GE(inkContrast(desktop::paleInk(palette), palette.color(ground)), 4.5);
     }
-    EXPECT_LT(contrast(desktop::paleInk(palette), palette.color(QPalette::Base)),
-              contrast(palette.color(QPalette::Text), palette.color(QPalette::Base)) / 1.5);
+    EXPECT_LT(inkContrast(desktop::paleInk(palette), palette.color(QPalette::Base)),
+              inkContrast(palette.color(QPalette::Text), palette.color(QPalette::Base)) / 1.5);
   }
 }
 
