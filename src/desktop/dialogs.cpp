@@ -15,7 +15,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/reading_windows.h"
+#include "desktop/guide_window.h"
 #include "desktop/text.h"
 
 namespace cu::desktop {

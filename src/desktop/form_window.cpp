@@ -14,6 +14,7 @@
 #include "controls/grid.h"
 #include "desktop/focus_ring.h"
 #include "desktop/form_layout.h"
+#include "desktop/guide_window.h"
 #include "desktop/keys.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/text.h"
@@ -25,6 +26,7 @@ namespace {
 constexpr int kNotch = 120;  // of a mouse wheel
 constexpr int kF1 = 112;
 constexpr int kShift = 1;
+constexpr int kControl = 2;
 
 QScrollArea* areaAround(const QWidget* widget) {
   for (QWidget* at = widget->parentWidget(); at != nullptr; at = at->parentWidget()) {
@@ -232,8 +234,9 @@ bool FormWindow::key(QKeyEvent* event) {
     act([&] { consumed = form.keyDown(pressed.code, pressed.shift, byEnter); });
     consumed = consumed || enter || pressed.code == 27;
   }
-  if (!consumed && live() && pressed.code == kF1 && (pressed.shift & ~kShift) == 0) {
-    frontEnd_.showGuide();
+  if (!consumed && live() && pressed.code == kF1 && (pressed.shift & ~(kShift | kControl)) == 0) {
+    const bool keys = (pressed.shift & kControl) != 0;
+    frontEnd_.showGuide(nullptr, keys ? QString::fromUtf8(kKeysChapter) : QString());
     return true;
   }
   return consumed || !live();

@@ -19,6 +19,7 @@
 #include "desktop/foot.h"
 #include "desktop/form_layout.h"
 #include "desktop/form_window.h"
+#include "desktop/guide_window.h"
 #include "desktop/reading_windows.h"
 #include "desktop/shell_views.h"
 #include "desktop/text.h"
@@ -74,8 +75,7 @@ QtFrontEnd::Waiting::~Waiting() {
 
 int QtFrontEnd::run(QDialog& dialog) {
   const Waiting waiting(*this);
-  auto* const help = new QShortcut(QKeySequence(Qt::Key_F1), &dialog);
-  QObject::connect(help, &QShortcut::activated, &dialog, [&] { showGuide(&dialog); });
+  addGuideKeys(&dialog, [&](const QString& chapter) { showGuide(&dialog, chapter); });
   const int result = dialog.exec();
   // A desktop returns the keyboard focus by itself; a system without a window manager does not.
   if (topmost() != nullptr) topmost()->activateWindow();
@@ -259,9 +259,9 @@ void QtFrontEnd::popup(MenuBar& bar, const std::string& band) {
 
 void QtFrontEnd::help(const std::string&, int, std::int32_t) { showGuide(); }
 
-void QtFrontEnd::showGuide(QWidget* over) {
+void QtFrontEnd::showGuide(QWidget* over, QString chapter) {
   const FormWindow* const top = topmost();
-  QString chapter = over == nullptr ? QString() : over->property(kGuideChapter).toString();
+  if (chapter.isEmpty() && over != nullptr) chapter = over->property(kGuideChapter).toString();
   if (chapter.isEmpty() && top != nullptr && top->live()) chapter = shown(top->form().guideChapter());
   openGuide(helpWindow_, over != nullptr ? over : parentForDialog(), guide_, chapter);
 }

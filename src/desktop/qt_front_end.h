@@ -67,8 +67,9 @@ class QtFrontEnd : public FrontEnd {
   void missing(Control& control) override { missing_ = &control; }
   // Shows a file that was made, or a folder.
   void showMade(const QString& path);
-  // Shows the user's guide at the chapter of the present screen; over a dialog, where one is open.
-  void showGuide(QWidget* over = nullptr);
+  // Shows the user's guide at a chapter, otherwise at that of the present screen; over a dialog, where one is
+  // open.
+  void showGuide(QWidget* over = nullptr, QString chapter = {});
 
   // Another step is on screen: facts reported before the event that led there are cleared.
   void stageEntered();

@@ -13,7 +13,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QShortcut>
 #include <QSpinBox>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -54,9 +53,9 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
   desktop::tellWhole(*casellaDatabase_);
   desktop::tellWhole(*documenti_);
   desktop::tellWhole(*aziende_);
-  auto* const guida = new QShortcut(QKeySequence(Qt::Key_F1), this);
-  connect(guida, &QShortcut::activated, this, [this] {
-    desktop::openGuide(guida_, this, cartelle_.guida, QStringLiteral("Avviare la procedura"));
+  desktop::addGuideKeys(this, [this](const QString& quale) {
+    desktop::openGuide(guida_, this, cartelle_.guida,
+                       quale.isEmpty() ? QStringLiteral("Avviare la procedura") : quale);
   });
   setMinimumWidth(560);
   leggiAziende();

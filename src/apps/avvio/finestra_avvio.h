@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "apps/avvio/scelta_avvio.h"
-#include "desktop/reading_windows.h"
+#include "desktop/guide_window.h"
 
 class QAction;
 class QButtonGroup;

@@ -77,9 +77,9 @@ Finestra::Finestra(const QString& nome)
   };
   auto* const esc = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(esc, &QShortcut::activated, this, [this] { close(); });
-  auto* const f1 = new QShortcut(QKeySequence::HelpContents, this);
-  connect(f1, &QShortcut::activated, this,
-          [this] { desktop::openGuide(aiuto_, this, cartellaDellaGuida(), capitolo()); });
+  desktop::addGuideKeys(this, [this](const QString& quale) {
+    desktop::openGuide(aiuto_, this, cartellaDellaGuida(), quale.isEmpty() ? capitolo() : quale);
+  });
 }
 
 bool Finestra::aperte() {

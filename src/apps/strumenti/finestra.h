@@ -11,7 +11,7 @@
 
 #include "apps/strumenti/attesa.h"
 #include "apps/strumenti/lavoro.h"
-#include "desktop/reading_windows.h"
+#include "desktop/guide_window.h"
 #include "lettura/rilievi.h"
 #include "suite/profilo.h"
 
