@@ -1,16 +1,23 @@
 #!/usr/bin/env bash
 # Makes the pictures of docs/guida.md from the real program on the demonstration database, with the keyboard only, on
-# a separate screen. Run it after a change of the windows:
-#   tools/guida.sh
+# a separate screen. Run it after a change of the windows, for each look:
+#   tools/guida.sh          the light pictures, in docs/immagini
+#   tools/guida.sh scuri    the dark ones, in docs/immagini/scuri
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/packages.sh
+colours=${1:-chiari}
+case $colours in
+  chiari) pictures=$PWD/docs/immagini border='#8a949e' ;;
+  scuri) pictures=$PWD/docs/immagini/scuri border='#5a636c' ;;
+  *) echo "uso: tools/guida.sh [chiari|scuri]" >&2; exit 2 ;;
+esac
+mkdir -p "$pictures"
 
 install_missing "${packages[@]}" "${guide_packages[@]}"
 cmake --preset release >/dev/null
 cmake --build --preset release --target cuwizard cuctl >/dev/null
 
-pictures=$PWD/docs/immagini
 program=$PWD/build/bin/cuwizard
 # A folder whose name may be visible in a picture.
 work=/var/tmp/guida-cu
@@ -44,7 +51,7 @@ write() { xdotool type --delay 50 "$1"; sleep 0.4; }
 # The front window, in few colours and with a border.
 picture() {
   import -window "$window" "$work/schermo.png"
-  convert "$work/schermo.png" +repage -bordercolor '#8a949e' -border 1 +dither -colors 64 -depth 8 \
+  convert "$work/schermo.png" +repage -bordercolor "$border" -border 1 +dither -colors 64 -depth 8 \
     -define png:compression-level=9 "$pictures/$1.png"
 }
 start() {
@@ -52,7 +59,7 @@ start() {
     kill "$app" 2>/dev/null || true
     wait "$app" 2>/dev/null || true
   fi
-  "$program" --colori chiari "$@" 2>/dev/null &
+  "$program" --colori "$colours" "$@" 2>/dev/null &
   app=$!
   sleep 1.5
   front

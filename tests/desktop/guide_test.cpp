@@ -82,6 +82,10 @@ TEST(GuideWindow, TheSearchStaysAndCountsItsHits) {
   EXPECT_GT(counted.match(first).captured(1).toInt(), 5);
   QTest::keyClick(&guide.box(), Qt::Key_Return);
   EXPECT_TRUE(guide.window->words().startsWith(QStringLiteral("2 di ")));
+  const desktop::GuideText& read = guide.window->text();
+  EXPECT_GE(read.cursorRect().top(), 0);
+  EXPECT_LE(read.cursorRect().center().y(), read.viewport()->height() * 2 / 3)
+      << "with the text that follows it";
   QTest::keyClick(&guide.box(), Qt::Key_Return, Qt::ShiftModifier);
   EXPECT_EQ(guide.window->words(), first);
   QTest::keyClick(&guide.box(), Qt::Key_Return, Qt::ShiftModifier);
