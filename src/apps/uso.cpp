@@ -114,9 +114,8 @@ void parlaItaliano(CLI::App& programma) {
   programma.option_defaults()->group("Opzioni");
 }
 
-void aggiungiVersione(CLI::App& programma, std::function<std::string()> versione) {
-  programma
-      .set_version_flag("--version", std::move(versione), "Mostra la versione, con quelle delle librerie")
+void aggiungiVersione(CLI::App& programma, const std::function<std::string()>& versione) {
+  programma.set_version_flag("--version", versione, "Mostra la versione, con quelle delle librerie")
       ->group("Opzioni");
 }
 

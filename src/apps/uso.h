@@ -13,7 +13,7 @@ namespace cu {
 // Sets the help's texts in Italian.
 void parlaItaliano(CLI::App& programma);
 // --version, which ends the program as --help does.
-void aggiungiVersione(CLI::App& programma, std::function<std::string()> versione);
+void aggiungiVersione(CLI::App& programma, const std::function<std::string()>& versione);
 CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const std::string& spiegazione);
 
 // The options for a database's address and connection.

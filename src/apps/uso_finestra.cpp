@@ -14,9 +14,10 @@ std::string coloriNoti(const std::string& colori) {
 
 }  // namespace
 
-void descriviFinestra(CLI::App& programma, OpzioniFinestra& opzioni, std::function<std::string()> versione) {
+void descriviFinestra(CLI::App& programma, OpzioniFinestra& opzioni,
+                      const std::function<std::string()>& versione) {
   parlaItaliano(programma);
-  aggiungiVersione(programma, std::move(versione));
+  aggiungiVersione(programma, versione);
   programma
       .add_option("--profile", opzioni.profilo, "Il profilo TOML; senza, una piccola finestra lo sostituisce")
       ->type_name("FILE.toml");

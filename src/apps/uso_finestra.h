@@ -15,6 +15,7 @@ struct OpzioniFinestra {
 };
 
 // The command line of the window program. cuctl has it too, for the completions.
-void descriviFinestra(CLI::App& programma, OpzioniFinestra& opzioni, std::function<std::string()> versione);
+void descriviFinestra(CLI::App& programma, OpzioniFinestra& opzioni,
+                      const std::function<std::string()>& versione);
 
 }  // namespace cu
