@@ -1,9 +1,15 @@
 #include "desktop/clear_style.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "desktop/icons.h"
 
 namespace cu::desktop {
 namespace {
@@ -62,7 +68,141 @@ void drawMark(QPainter& painter, const QStyleOption& option, bool round) {
   painter.restore();
 }
 
+QColor mixed(const QColor& one, const QColor& other, double share) {
+  const auto part = [&](int a, int b) { return static_cast<int>(a + (b - a) * share); };
+  return {part(one.red(), other.red()), part(one.green(), other.green()), part(one.blue(), other.blue())};
+}
+
+// A flat button: lighter under the mouse, darker when it is down, the default one with a stronger edge.
+void drawButtonPanel(QPainter& painter, const QStyleOption& option) {
+  const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+  const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+  const bool byDefault =
+      enabled && button != nullptr && button->features.testFlag(QStyleOptionButton::DefaultButton);
+  const QPalette::ColorGroup group = enabled ? QPalette::Active : QPalette::Disabled;
+  const QColor ink = option.palette.color(QPalette::Active, QPalette::ButtonText);
+  QColor ground = option.palette.color(group, QPalette::Button);
+  if (option.state.testFlag(QStyle::State_Sunken) || option.state.testFlag(QStyle::State_On)) {
+    ground = mixed(ground, ink, 0.14);
+  } else if (enabled && option.state.testFlag(QStyle::State_MouseOver)) {
+    ground = mixed(ground, ink, 0.06);
+  }
+  const QColor highlight = option.palette.color(QPalette::Active, QPalette::Highlight);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(ground);
+  painter.setPen(byDefault ? QPen(highlight, 1.6) : QPen(edge(option), 1));
+  const double inset = byDefault ? 0.8 : 0.5;
+  painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset), 4, 4);
+  painter.restore();
+}
+
+// A slider without arrows on the background of its area.
+void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar, const QRect& slider) {
+  const QColor ground = bar.palette.color(QPalette::Window);
+  const QColor ink = bar.palette.color(QPalette::WindowText);
+  painter.save();
+  painter.fillRect(bar.rect, mixed(ground, ink, 0.04));
+  const bool held =
+      bar.state.testFlag(QStyle::State_Sunken) && bar.activeSubControls.testFlag(QStyle::SC_ScrollBarSlider);
+  const double strength = held ? 0.62 : bar.state.testFlag(QStyle::State_MouseOver) ? 0.52 : 0.42;
+  if (bar.maximum > bar.minimum) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(mixed(ground, ink, strength));
+    const QRectF handle = QRectF(slider).adjusted(2.5, 2.5, -2.5, -2.5);
+    const double radius = std::min(handle.width(), handle.height()) / 2;
+    painter.drawRoundedRect(handle, radius, radius);
+  }
+  painter.restore();
+}
+
+// The place of the slider in a bar that is groove from end to end.
+QRect sliderOf(const QStyleOptionSlider& bar) {
+  constexpr int kShortest = 28;
+  const bool across = bar.orientation == Qt::Horizontal;
+  const int length = across ? bar.rect.width() : bar.rect.height();
+  const qint64 range = qint64{bar.maximum} - bar.minimum;
+  int size = length;
+  if (range > 0) {
+    size = static_cast<int>(qint64{length} * bar.pageStep / (range + bar.pageStep));
+    size = std::min(length, std::max(kShortest, size));
+  }
+  const int at = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition, length - size,
+                                                 bar.upsideDown);
+  const QRect slider = across ? QRect(bar.rect.left() + at, bar.rect.top(), size, bar.rect.height())
+                              : QRect(bar.rect.left(), bar.rect.top() + at, bar.rect.width(), size);
+  return slider;
+}
+
+void drawProgress(QPainter& painter, const QStyleOptionProgressBar& bar) {
+  const QRectF around = QRectF(bar.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(edge(bar));
+  painter.setBrush(bar.palette.color(QPalette::Base));
+  painter.drawRoundedRect(around, 3, 3);
+  const double share = static_cast<double>(bar.progress - bar.minimum) / (bar.maximum - bar.minimum);
+  if (share > 0) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(bar.palette.color(QPalette::Highlight));
+    QRectF done = around.adjusted(1.5, 1.5, -1.5, -1.5);
+    done.setWidth(std::max(4.0, done.width() * std::min(share, 1.0)));
+    painter.drawRoundedRect(done, 2, 2);
+  }
+  painter.restore();
+}
+
+std::optional<Picture> pictureOfBox(QStyle::StandardPixmap wanted) {
+  switch (wanted) {
+    case QStyle::SP_MessageBoxInformation:
+      return Picture::Information;
+    case QStyle::SP_MessageBoxWarning:
+      return Picture::Warning;
+    case QStyle::SP_MessageBoxCritical:
+      return Picture::Error;
+    case QStyle::SP_MessageBoxQuestion:
+      return Picture::Question;
+    default:
+      return std::nullopt;
+  }
+}
+
+bool busy = false;
+
+bool offWhileBusy(const QWidget* widget) {
+  return busy && widget != nullptr && !widget->property(kUsableWhileBusy).toBool();
+}
+
 }  // namespace
+
+void showBusy(bool on) {
+  if (std::exchange(busy, on) == on) return;
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (!window->isVisible()) continue;
+    for (auto* const button : window->findChildren<QAbstractButton*>()) button->update();
+  }
+}
+
+void ClearStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+  const auto* const bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option);
+  // A bar without a total moves, and has no text.
+  if (element == CE_ProgressBar && bar != nullptr && bar->maximum > bar->minimum && !bar->textVisible) {
+    drawProgress(*painter, *bar);
+    return;
+  }
+  const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
+  if (element != CE_PushButton || button == nullptr || !offWhileBusy(widget)) {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    return;
+  }
+  QStyleOptionButton off = *button;
+  off.state.setFlag(State_Enabled, false);
+  off.state.setFlag(State_MouseOver, false);
+  off.palette.setCurrentColorGroup(QPalette::Disabled);
+  QProxyStyle::drawControl(element, &off, painter, widget);
+}
 
 ClearStyle::ClearStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
 
@@ -72,6 +212,8 @@ void ClearStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     drawMark(*painter, *option, false);
   } else if (element == PE_IndicatorRadioButton) {
     drawMark(*painter, *option, true);
+  } else if (element == PE_PanelButtonCommand) {
+    drawButtonPanel(*painter, *option);
   } else {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element == PE_PanelLineEdit || element == PE_FrameGroupBox) drawEdge(*painter, *option);
@@ -80,8 +222,63 @@ void ClearStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
 
 void ClearStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                     QPainter* painter, const QWidget* widget) const {
+  const auto* const bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+  if (control == CC_ScrollBar && bar != nullptr) {
+    drawScrollBar(*painter, *bar, sliderOf(*bar));
+    return;
+  }
   QProxyStyle::drawComplexControl(control, option, painter, widget);
   if (control == CC_ComboBox || control == CC_SpinBox) drawEdge(*painter, *option);
+}
+
+QRect ClearStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                 const QWidget* widget) const {
+  const auto* const bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+  if (control != CC_ScrollBar || bar == nullptr)
+    return QProxyStyle::subControlRect(control, option, part, widget);
+  const QRect slider = sliderOf(*bar);
+  const QRect all = bar->rect;
+  const bool across = bar->orientation == Qt::Horizontal;
+  QRect result;
+  switch (part) {
+    case SC_ScrollBarGroove:
+      result = all;
+      break;
+    case SC_ScrollBarSlider:
+      result = slider;
+      break;
+    case SC_ScrollBarSubPage:
+      result = all;
+      across ? result.setRight(slider.left() - 1) : result.setBottom(slider.top() - 1);
+      break;
+    case SC_ScrollBarAddPage:
+      result = all;
+      across ? result.setLeft(slider.right() + 1) : result.setTop(slider.bottom() + 1);
+      break;
+    default:
+      return {};  // no arrows
+  }
+  return visualRect(bar->direction, all, result);
+}
+
+int ClearStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+  if (metric == PM_ScrollBarExtent) return 14;
+  if (metric == PM_ScrollBarSliderMin) return 28;
+  return QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+// The pictures of message boxes are the program's own.
+QIcon ClearStyle::standardIcon(StandardPixmap wanted, const QStyleOption* option,
+                               const QWidget* widget) const {
+  const auto own = pictureOfBox(wanted);
+  return own ? iconOf(*own) : QProxyStyle::standardIcon(wanted, option, widget);
+}
+
+QPixmap ClearStyle::standardPixmap(StandardPixmap wanted, const QStyleOption* option,
+                                   const QWidget* widget) const {
+  const auto own = pictureOfBox(wanted);
+  return own ? pixmapOf(*own, pixelMetric(PM_MessageBoxIconSize, option, widget))
+             : QProxyStyle::standardPixmap(wanted, option, widget);
 }
 
 int ClearStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -1,15 +1,17 @@
 #include "desktop/look.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
-#include <QPainter>
 #include <QPalette>
+#include <QSettings>
 #include <QStyle>
 #include <QTranslator>
+#include <QWidget>
+#include <algorithm>
 
 #include "desktop/clear_style.h"
+#include "desktop/icons.h"
 
 namespace cu::desktop::look {
 namespace {
@@ -26,11 +28,11 @@ QPalette lightPalette() {
   palette.setColor(QPalette::Highlight, QColor(0x1F, 0x6F, 0xB2));
   palette.setColor(QPalette::HighlightedText, Qt::white);
   palette.setColor(QPalette::Link, QColor(0x12, 0x5A, 0x9C));
-  palette.setColor(QPalette::PlaceholderText, QColor(0x76, 0x80, 0x8A));
+  palette.setColor(QPalette::PlaceholderText, QColor(0x5F, 0x69, 0x73));
   palette.setColor(QPalette::ToolTipBase, Qt::white);
   palette.setColor(QPalette::ToolTipText, QColor(0x14, 0x1B, 0x22));
   for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    palette.setColor(QPalette::Disabled, role, QColor(0x8C, 0x95, 0x9E));
+    palette.setColor(QPalette::Disabled, role, QColor(0x5A, 0x63, 0x6C));
   }
   palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xE7, 0xEA, 0xED));
   palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0xC3, 0xCB, 0xD2));
@@ -48,14 +50,14 @@ QPalette darkPalette() {
   palette.setColor(QPalette::Button, QColor(0x36, 0x3B, 0x42));
   palette.setColor(QPalette::ButtonText, QColor(0xE4, 0xE8, 0xEC));
   palette.setColor(QPalette::BrightText, Qt::white);
-  palette.setColor(QPalette::Highlight, QColor(0x3D, 0x8F, 0xD6));
+  palette.setColor(QPalette::Highlight, QColor(0x2A, 0x74, 0xB8));
   palette.setColor(QPalette::HighlightedText, Qt::white);
   palette.setColor(QPalette::Link, QColor(0x7A, 0xBC, 0xF2));
-  palette.setColor(QPalette::PlaceholderText, QColor(0x8A, 0x93, 0x9C));
+  palette.setColor(QPalette::PlaceholderText, QColor(0x9A, 0xA3, 0xAC));
   palette.setColor(QPalette::ToolTipBase, QColor(0x36, 0x3B, 0x42));
   palette.setColor(QPalette::ToolTipText, QColor(0xE4, 0xE8, 0xEC));
   for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    palette.setColor(QPalette::Disabled, role, QColor(0x7C, 0x84, 0x8C));
+    palette.setColor(QPalette::Disabled, role, QColor(0xA3, 0xAB, 0xB3));
   }
   palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0x2B, 0x2F, 0x34));
   palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x45, 0x4C, 0x54));
@@ -63,37 +65,50 @@ QPalette darkPalette() {
   return palette;
 }
 
-// A desktop without a palette of its own has the toolkit's plain grey: the program's palette is easier to
-// read.
 bool plain(const QPalette& palette) {
   return palette.color(QPalette::Window) == QApplication::style()->standardPalette().color(QPalette::Window);
 }
 
-// The icon of data/desktop, drawn here so that no library for its format is required.
-QIcon icon() {
-  QIcon made;
-  for (const int side : {16, 32, 48, 64, 128}) {
-    QPixmap picture(side, side);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(side / 64.0, side / 64.0);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0x17, 0x45, 0x6B));
-    painter.drawRoundedRect(QRectF(10, 4, 44, 56), 5, 5);
-    painter.setBrush(bandInk());
-    painter.drawRect(16, 12, 32, 6);
-    painter.setBrush(QColor(0x8F, 0xB7, 0xD8));
-    for (const int y : {24, 34}) {
-      for (const int x : {16, 34}) painter.drawRect(x, y, 14, 5);
-    }
-    painter.setPen(QPen(bandInk(), 5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPolyline(QPolygonF({{19, 49}, {25, 55}, {37, 42}}));
-    painter.end();
-    made.addPixmap(picture);
-  }
-  return made;
+// As found before the program's own choice.
+QFont& desktopFont() {
+  static QFont font;
+  return font;
 }
+bool& plainDesktop() {
+  static bool plain = true;
+  return plain;
+}
+Colours& chosenColours() {
+  static Colours chosen = Colours::Desktop;
+  return chosen;
+}
+int& chosenLetters() {
+  static int percent = kNormalLetters;
+  return percent;
+}
+
+constexpr const char* kColoursKey = "aspetto/colori";
+constexpr const char* kLettersKey = "aspetto/caratteri";
+
+class LinkInk : public QObject {
+ public:
+  explicit LinkInk(QWidget& widget) : QObject(&widget), widget_(widget) {
+    widget.installEventFilter(this);
+    set();
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::ApplicationPaletteChange) set();
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  void set() {
+    QPalette palette = widget_.palette();
+    palette.setColor(QPalette::ButtonText, QApplication::palette().color(QPalette::Link));
+    widget_.setPalette(palette);
+  }
+  QWidget& widget_;
+};
 
 void speakItalian(QApplication& application) {
   QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
@@ -107,9 +122,21 @@ void speakItalian(QApplication& application) {
 
 void apply(QApplication& application, Colours colours) {
   QApplication::setStyle(new ClearStyle);
+  desktopFont() = QApplication::font();
+  // A desktop without a palette of its own has the toolkit's plain grey: the program's palette is easier to
+  // read.
+  plainDesktop() = plain(QApplication::palette());
+  setColours(colours);
+  speakItalian(application);
+  QGuiApplication::setWindowIcon(iconOf(Picture::Program));
+}
+
+void setColours(Colours colours) {
+  chosenColours() = colours;
   switch (colours) {
     case Colours::Desktop:
-      if (plain(QApplication::palette())) QApplication::setPalette(dark() ? darkPalette() : lightPalette());
+      QApplication::setPalette(QPalette());
+      if (plainDesktop()) QApplication::setPalette(dark() ? darkPalette() : lightPalette());
       break;
     case Colours::Light:
       QApplication::setPalette(lightPalette());
@@ -118,9 +145,42 @@ void apply(QApplication& application, Colours colours) {
       QApplication::setPalette(darkPalette());
       break;
   }
-  speakItalian(application);
-  QGuiApplication::setWindowIcon(icon());
 }
+
+Colours colours() { return chosenColours(); }
+
+void setLetters(int percent) {
+  chosenLetters() = std::clamp(percent, kSmallestLetters, kLargestLetters);
+  QFont font = desktopFont();
+  const double scale = chosenLetters() / 100.0;
+  if (font.pointSizeF() > 0) {
+    font.setPointSizeF(font.pointSizeF() * scale);
+  } else {
+    font.setPixelSize(static_cast<int>(font.pixelSize() * scale + 0.5));
+  }
+  QApplication::setFont(font);
+}
+
+int letters() { return chosenLetters(); }
+
+void remember() {
+  QSettings memory;
+  memory.setValue(kColoursKey, static_cast<int>(colours()));
+  memory.setValue(kLettersKey, letters());
+}
+
+Colours rememberedColours() {
+  const int stored = QSettings().value(kColoursKey, 0).toInt();
+  return stored == static_cast<int>(Colours::Light)  ? Colours::Light
+         : stored == static_cast<int>(Colours::Dark) ? Colours::Dark
+                                                     : Colours::Desktop;
+}
+
+int rememberedLetters() { return QSettings().value(kLettersKey, kNormalLetters).toInt(); }
+
+// The palette of an application reaches every widget by this event; a colour that a widget has set for itself
+// stays behind.
+void inkAsLink(QWidget& widget) { new LinkInk(widget); }
 
 bool dark() {
   const QPalette palette = QApplication::palette();

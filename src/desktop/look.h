@@ -4,6 +4,7 @@
 #include <QString>
 
 class QApplication;
+class QWidget;
 
 namespace cu::desktop::look {
 
@@ -11,6 +12,22 @@ enum class Colours { Desktop, Light, Dark };
 
 // Sets style, palette and language of the window system's own texts; to be called before the first window.
 void apply(QApplication& application, Colours colours);
+
+// The colours and the size of the letters of the running program, at once in every window.
+void setColours(Colours colours);
+Colours colours();
+inline constexpr int kNormalLetters = 100;
+inline constexpr int kSmallestLetters = 100;
+inline constexpr int kLargestLetters = 175;
+void setLetters(int percent);  // of the desktop's size
+int letters();
+// Stores both for the user's next start.
+void remember();
+Colours rememberedColours();
+int rememberedLetters();
+
+// Keeps a button's text in the colour of links, whatever the colours.
+void inkAsLink(QWidget& widget);
 
 bool dark();
 QColor bandColor();

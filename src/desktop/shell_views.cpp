@@ -6,6 +6,7 @@
 
 #include "desktop/form_window.h"
 #include "desktop/look.h"
+#include "desktop/look_menu.h"
 #include "desktop/text.h"
 
 namespace cu::desktop {
@@ -140,6 +141,8 @@ void MenuView::refresh() {
     fillMenu(*menu, tools_, band,
              [this](const std::string& key) { act([this, key] { tools_.click(key); }); });
   }
+  // Of the window, and not of the form.
+  fillLookMenu(*widgetBar_->addMenu(QStringLiteral("A&spetto")));
 }
 
 // Tools are not notified when a step or a row enables or disables them.

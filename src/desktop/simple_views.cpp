@@ -83,9 +83,7 @@ LinkView::LinkView(FormWindow& window, Link& link, QWidget* parent) : View(windo
   QFont font = button->font();
   font.setUnderline(true);
   button->setFont(font);
-  QPalette palette = button->palette();
-  palette.setColor(QPalette::ButtonText, palette.color(QPalette::Link));
-  button->setPalette(palette);
+  look::inkAsLink(*button);
   button_ = button;
   setWidget(button);
   QObject::connect(button, &QToolButton::clicked, button, [this, &link] { act([&link] { link.click(); }); });

@@ -1,0 +1,234 @@
+// The looks: contrast of every text on its background, and the choices of the user.
+
+#include "desktop/look.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPainter>
+#include <QPushButton>
+#include <QSettings>
+#include <QTest>
+#include <QToolButton>
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <set>
+#include <utility>
+#include <vector>
+
+#include "desktop/foot.h"
+#include "desktop/icon_files.h"
+#include "desktop/icons.h"
+#include "desktop/look_menu.h"
+#include "desktop/screen_support.h"
+#include "desktop/svg_picture.h"
+
+namespace cu::test {
+namespace {
+
+using desktop::look::Colours;
+
+constexpr double kReadable = 4.5;
+
+double luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+  const double a = luminance(one);
+  const double b = luminance(other);
+  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+// Restores the look of the other tests.
+class Look : public testing::TestWithParam<Colours> {
+ protected:
+  void SetUp() override { desktop::look::setColours(GetParam()); }
+  void TearDown() override {
+    desktop::look::setColours(Colours::Light);
+    desktop::look::setLetters(desktop::look::kNormalLetters);
+    QSettings().remove(QStringLiteral("aspetto"));
+  }
+};
+
+struct RolePair {
+  QPalette::ColorRole ink;
+  QPalette::ColorRole ground;
+};
+
+TEST_P(Look, HasReadableTextInEveryRoleAndState) {
+  const QPalette palette = QApplication::palette();
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+    for (const RolePair& pair : {RolePair{QPalette::WindowText, QPalette::Window},
+                                 {QPalette::WindowText, QPalette::Base},
+                                 {QPalette::Text, QPalette::Base},
+                                 {QPalette::Text, QPalette::AlternateBase},
+                                 {QPalette::Text, QPalette::Window},  // a field with the window's background
+                                 {QPalette::ButtonText, QPalette::Button},
+                                 {QPalette::ButtonText, QPalette::Window},
+                                 {QPalette::HighlightedText, QPalette::Highlight},
+                                 {QPalette::Link, QPalette::Window},
+                                 {QPalette::Link, QPalette::Base},
+                                 {QPalette::PlaceholderText, QPalette::Base},
+                                 {QPalette::ToolTipText, QPalette::ToolTipBase}}) {
+      EXPECT_GE(contrast(palette.color(group, pair.ink), palette.color(group, pair.ground)), kReadable)
+          << "group " << group << ", role " << pair.ink << " on " << pair.ground;
+    }
+  }
+}
+
+TEST_P(Look, HasReadableInksOfItsOwn) {
+  const QPalette palette = QApplication::palette();
+  EXPECT_GE(contrast(desktop::look::bandInk(), desktop::look::bandColor()), kReadable);
+  for (const QPalette::ColorRole ground : {QPalette::Window, QPalette::Base, QPalette::AlternateBase}) {
+    EXPECT_GE(contrast(desktop::look::warningInk(), palette.color(ground)), kReadable) << ground;
+  }
+  // The descriptions of the steps are drawn with three quarters of the ink.
+  const QColor band = desktop::look::bandColor();
+  const QColor ink = desktop::look::bandInk();
+  const auto mixed = [](int over, int under) { return (3 * over + under) / 4; };
+  EXPECT_GE(contrast(QColor(mixed(ink.red(), band.red()), mixed(ink.green(), band.green()),
+                            mixed(ink.blue(), band.blue())),
+                     band),
+            kReadable);
+}
+
+// As drawn: the colour that covers most of a widget, and the one that differs most from it.
+double contrastDrawn(QWidget& widget) {
+  const QImage drawn = widget.grab().toImage();
+  std::map<QRgb, int> seen;
+  const QRect inner = drawn.rect().adjusted(6, 4, -6, -4);
+  for (int y = inner.top(); y <= inner.bottom(); ++y) {
+    for (int x = inner.left(); x <= inner.right(); ++x) ++seen[drawn.pixel(x, y)];
+  }
+  const auto most =
+      std::max_element(seen.begin(), seen.end(), [](auto& a, auto& b) { return a.second < b.second; });
+  double best = 1;
+  for (const auto& [colour, count] : seen)
+    best = std::max(best, contrast(QColor(colour), QColor(most->first)));
+  return best;
+}
+
+TEST_P(Look, DrawsButtonsAndFieldsReadablyWhetherOnOrOff) {
+  for (const bool enabled : {true, false}) {
+    QPushButton button(QStringLiteral("MEMORIZZA"));
+    button.setEnabled(enabled);
+    button.resize(160, 40);
+    EXPECT_GE(contrastDrawn(button), kReadable) << enabled;
+    QLineEdit field(QStringLiteral("MEMORIZZA"));
+    field.setEnabled(enabled);
+    field.resize(160, 40);
+    EXPECT_GE(contrastDrawn(field), kReadable) << enabled;
+    field.setReadOnly(true);
+    EXPECT_GE(contrastDrawn(field), kReadable) << enabled;
+  }
+}
+
+TEST_P(Look, ReachesAWindowThatIsOpenAlready) {
+  desktop::look::setColours(Colours::Light);
+  desktop::Foot foot(nullptr, {});
+  auto* const link = foot.findChild<QToolButton*>(QStringLiteral("apriFile"));
+  desktop::look::setColours(GetParam());
+  settle();
+  EXPECT_EQ(link->palette().color(QPalette::ButtonText), QApplication::palette().color(QPalette::Link));
+  EXPECT_EQ(foot.palette().color(QPalette::Window), QApplication::palette().color(QPalette::Window));
+}
+
+INSTANTIATE_TEST_SUITE_P(Both, Look, testing::Values(Colours::Light, Colours::Dark),
+                         [](const auto& look) { return look.param == Colours::Dark ? "Dark" : "Light"; });
+
+TEST(Pictures, AreDrawnWholeAndDifferByShape) {
+  for (const IconFile& file : iconFiles()) {
+    QImage drawn(64, 64, QImage::Format_ARGB32);
+    drawn.fill(Qt::transparent);
+    QPainter painter(&drawn);
+    EXPECT_TRUE(desktop::drawSvg(
+        painter, QByteArray(reinterpret_cast<const char*>(file.bytes), static_cast<qsizetype>(file.size)),
+        drawn.size()))
+        << file.name;
+  }
+  using desktop::Picture;
+  std::set<std::vector<bool>> shapes;
+  const std::vector<Picture> states{Picture::Modified, Picture::NotChosen, Picture::ProtocolMissing,
+                                    Picture::Modules};
+  for (const Picture picture : states) {
+    const QImage drawn = desktop::pixmapOf(picture, 16).toImage();
+    std::vector<bool> covered;
+    for (int y = 0; y < drawn.height(); ++y)
+      for (int x = 0; x < drawn.width(); ++x) covered.push_back(drawn.pixelColor(x, y).alpha() > 127);
+    EXPECT_GT(std::count(covered.begin(), covered.end(), true), 20);
+    shapes.insert(covered);
+  }
+  EXPECT_EQ(shapes.size(), states.size());
+}
+
+TEST(Pictures, RejectWhatTheyWouldNotDraw) {
+  QImage drawn(8, 8, QImage::Format_ARGB32);
+  QPainter painter(&drawn);
+  for (const char* svg : {"", "<svg viewBox='0 0 8 8'><text>a</text></svg>",
+                          "<svg viewBox='0 0 8 8'><path d='M0 0A1 1 0 0 0 2 2'/></svg>",
+                          "<svg viewBox='0 0 0 8'/>", "<svg viewBox='0 0 8 8'>"}) {
+    EXPECT_FALSE(desktop::drawSvg(painter, svg, QSizeF(8, 8))) << svg;
+  }
+}
+
+TEST(Pictures, OfBoxesAreTheProgramsOwn) {
+  for (const auto& [icon, picture] : {std::pair{QMessageBox::Information, desktop::Picture::Information},
+                                      {QMessageBox::Warning, desktop::Picture::Warning},
+                                      {QMessageBox::Critical, desktop::Picture::Error},
+                                      {QMessageBox::Question, desktop::Picture::Question}}) {
+    QMessageBox box;
+    box.setIcon(icon);
+    const QPixmap shownPicture = box.iconPixmap();
+    ASSERT_FALSE(shownPicture.isNull());
+    EXPECT_EQ(
+        shownPicture.toImage().convertToFormat(QImage::Format_ARGB32),
+        desktop::pixmapOf(picture, shownPicture.width()).toImage().convertToFormat(QImage::Format_ARGB32));
+  }
+}
+
+class LookMenu : public Look {};
+
+QAction* choiceOf(QMenu& menu, const char* caption) {
+  for (QAction* const entry : menu.actions()) {
+    if (entry->text().remove(u'&') == QString::fromUtf8(caption)) return entry;
+  }
+  return nullptr;
+}
+
+TEST_P(LookMenu, TakesEffectAtOnceAndIsRememberedForTheNextStart) {
+  Screen screen;
+  QMenu menu;
+  desktop::fillLookMenu(menu);
+  const double before = screen.find<QWidget>("cmdNav(3)")->font().pointSizeF();
+  ASSERT_NE(choiceOf(menu, "Colori scuri"), nullptr);
+  choiceOf(menu, "Colori scuri")->trigger();
+  choiceOf(menu, "Caratteri molto grandi")->trigger();
+  settle();
+  EXPECT_TRUE(desktop::look::dark());
+  EXPECT_NEAR(screen.find<QWidget>("cmdNav(3)")->font().pointSizeF(), before * 1.3, 0.2);
+  EXPECT_EQ(desktop::look::rememberedColours(), Colours::Dark);
+  EXPECT_EQ(desktop::look::rememberedLetters(), 130);
+  EXPECT_TRUE(choiceOf(menu, "Colori scuri")->isChecked());
+  EXPECT_FALSE(choiceOf(menu, "Colori chiari")->isChecked());
+}
+
+TEST_P(LookMenu, IsInTheMenuBarOfTheWizard) {
+  Screen screen;
+  QStringList titles;
+  for (const QAction* entry : screen.window().findChild<QMenuBar*>()->actions()) titles += entry->text();
+  EXPECT_TRUE(titles.contains(QStringLiteral("A&spetto")));
+}
+
+INSTANTIATE_TEST_SUITE_P(One, LookMenu, testing::Values(Colours::Light));
+
+}  // namespace
+}  // namespace cu::test
