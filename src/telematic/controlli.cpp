@@ -44,21 +44,27 @@ Controlli::Controlli(Connection& connessione, const Conversioni& utilita)
     : connessione_(connessione), utilita_(utilita) {}
 
 void Controlli::esegui(const DatiControllo& dati, std::int32_t idAzienda, const std::string& tabella) {
-  controllaDati(dati);
+  mancanti_ = mancantiSulloSchermo(dati);
+  esegui(idAzienda, tabella);
+}
+
+void Controlli::esegui(std::int32_t idAzienda, const std::string& tabella) {
   controllaAzienda(idAzienda);
   controllaPercipienti(tabella);
 }
 
-void Controlli::controllaDati(const DatiControllo& dati) {
-  const auto manca = [this](std::string_view sezione, const char* campo, const char* messaggio) {
-    mancanti_.push_back({campo, std::string(sezione), "", "", messaggio});
+std::vector<DatoMancante> Controlli::mancantiSulloSchermo(const DatiControllo& dati) {
+  std::vector<DatoMancante> mancanti;
+  const auto manca = [&](std::string_view sezione, const char* campo, const char* messaggio) {
+    mancanti.push_back({campo, std::string(sezione), "", "", messaggio});
   };
   if (dati.dataFirma.empty()) manca(kGenerico, "Data della firma", "Data della firma non presente");
-  if (!dati.usoIntermediari) return;
+  if (!dati.usoIntermediari) return mancanti;
   if (trim(dati.codiceFiscaleIntermediario).empty()) {
     manca(kIntermediario, "Codice fiscale", "Codice fiscale intermediario non presente");
   }
   if (dati.dataImpegno.empty()) manca(kIntermediario, "Data dell'impegno", "Data dell'impegno non presente");
+  return mancanti;
 }
 
 void Controlli::controllaAzienda(std::int32_t idAzienda) {

@@ -37,6 +37,10 @@ class Controlli : public per_chiamanti::DiControlli<Controlli> {
 
   // Runs all checks, in order. `tabella` is the work table.
   void esegui(const DatiControllo& dati, std::int32_t idAzienda, const std::string& tabella);
+  // The same without the values of the screen.
+  void esegui(std::int32_t idAzienda, const std::string& tabella);
+  // The checks of the screen's values alone.
+  static std::vector<DatoMancante> mancantiSulloSchermo(const DatiControllo& dati);
 
   const std::vector<DatoMancante>& mancanti() const { return mancanti_; }
   // The company's fiscal code, or its VAT number; empty when the company is not found.
@@ -47,7 +51,6 @@ class Controlli : public per_chiamanti::DiControlli<Controlli> {
   static std::string fnQueryPercipienti(const std::string& tabella);
 
  private:
-  void controllaDati(const DatiControllo& dati);
   void controllaAzienda(std::int32_t idAzienda);
   void controllaPercipienti(const std::string& tabella);
 

@@ -1,5 +1,6 @@
 #include "worklist/compensi.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/text.h"
@@ -199,6 +200,16 @@ std::size_t Compensi::sbMemorizzaModifiche() {
     return righe->Get("Selezionato").flag();
   });
   return static_cast<std::size_t>(attese);
+}
+
+std::size_t Compensi::nonMemorizzateScelte() const {
+  if (nonMemorizzate_.empty()) return 0;
+  const auto righe = rsCompensi_.Clone();
+  return static_cast<std::size_t>(
+      std::count_if(nonMemorizzate_.begin(), nonMemorizzate_.end(), [&](Recordset::RowMark riga) {
+        righe->SetBookmark(riga);
+        return righe->Get("Selezionato").flag();
+      }));
 }
 
 std::size_t Compensi::sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo,

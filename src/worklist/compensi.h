@@ -64,6 +64,8 @@ class Compensi {
   std::size_t sbMemorizzaModifiche();
   // The number of changed rows whose present values have not been written back.
   std::size_t nonMemorizzate() const { return nonMemorizzate_.size(); }
+  // Of these, the selected ones.
+  std::size_t nonMemorizzateScelte() const;
   // Writes the same pair of references to all selected rows; returns the number of rows with one or both.
   std::size_t sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo,
                                    bool sovrascrivi);
