@@ -30,10 +30,12 @@ struct MessageBox {
   Answer byDefault = Answer::Ok;
 };
 
-// A read-only table for the user: the log of missing data.
+// A read-only table for the user: the log of missing data, or another one with a title and a sentence above.
 struct LogTable {
   std::vector<std::string> columns;
   std::vector<std::vector<Value>> rows;
+  std::string title = {};
+  std::string head = {};
 };
 
 // A preview of a report: the text of each page, and the file with the pages, which is deleted when the

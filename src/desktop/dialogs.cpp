@@ -27,12 +27,15 @@ constexpr int kTextWidth = 220;
 }  // namespace
 
 LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), table_(new QTableWidget(this)) {
-  setWindowTitle(QStringLiteral("Dati mancanti"));
-  setProperty(kGuideChapter, QStringLiteral("Se manca qualche dato"));
+  const bool ofMissingData = log.title.empty();
+  setWindowTitle(ofMissingData ? QStringLiteral("Dati mancanti") : shown(log.title));
+  if (ofMissingData) setProperty(kGuideChapter, QStringLiteral("Se manca qualche dato"));
   auto* column = new QVBoxLayout(this);
   auto* head = new QLabel(
-      QStringLiteral(
-          "Il file non è stato creato: mancano questi dati. Completarli e premere di nuovo Avvia."),
+      ofMissingData
+          ? QStringLiteral(
+                "Il file non è stato creato: mancano questi dati. Completarli e premere di nuovo Avvia.")
+          : shown(log.head),
       this);
   head->setWordWrap(true);
   column->addWidget(head);
@@ -62,7 +65,7 @@ void LogDialog::fill(const LogTable& log) {
     if (log.columns[i] == "Message") order.insert(order.begin(), i);
     if (log.columns[i] != "Message" && log.columns[i] != "MessageType") order.push_back(i);
   }
-  table_->setAccessibleName(QStringLiteral("Dati mancanti"));
+  table_->setAccessibleName(windowTitle());
   table_->setColumnCount(static_cast<int>(order.size()));
   table_->setRowCount(static_cast<int>(log.rows.size()));
   table_->setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -3,6 +3,8 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 
+#include "desktop/clear_style.h"
+#include "desktop/look.h"
 #include "desktop/status.h"
 #include "desktop/text.h"
 
@@ -63,7 +65,8 @@ Foot::Foot(QWidget* parent, std::function<void(const QString&)> open)
       words_(new FootLine(this)),
       file_(link(QStringLiteral("Apri"), QStringLiteral("apriFile"))),
       folder_(link(QStringLiteral("Apri la cartella"), QStringLiteral("apriCartella"))),
-      bar_(new QProgressBar(this)) {
+      bar_(new QProgressBar(this)),
+      interruption_(new QPushButton(QStringLiteral("Interro&mpi"), this)) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(12, 3, 12, 4);
   row->addWidget(words_);
@@ -71,6 +74,7 @@ Foot::Foot(QWidget* parent, std::function<void(const QString&)> open)
   row->addWidget(folder_);
   row->addStretch(1);
   row->addWidget(bar_);
+  row->addWidget(interruption_);
   words_->setMinimumHeight(
       file_->sizeHint().height());  // the links appear and disappear without moving anything
   words_->setTextFormat(Qt::PlainText);
@@ -83,6 +87,13 @@ Foot::Foot(QWidget* parent, std::function<void(const QString&)> open)
   QSizePolicy place = bar_->sizePolicy();
   place.setRetainSizeWhenHidden(true);
   bar_->setSizePolicy(place);
+  // Not in the focus chain: the key Esc interrupts.
+  interruption_->setObjectName(QStringLiteral("interrompi"));
+  interruption_->setFocusPolicy(Qt::NoFocus);
+  interruption_->setProperty(kUsableWhileBusy, true);
+  interruption_->setToolTip(QStringLiteral("Interrompe dopo la stampa in corso (Esc)"));
+  interruption_->setAccessibleDescription(interruption_->toolTip());
+  interruption_->hide();
   rest({});
 }
 
@@ -96,9 +107,7 @@ QToolButton* Foot::link(const QString& caption, const QString& name) {
   QFont underlined = made->font();
   underlined.setUnderline(true);
   made->setFont(underlined);
-  QPalette palette = made->palette();
-  palette.setColor(QPalette::ButtonText, palette.color(QPalette::Link));
-  made->setPalette(palette);
+  look::inkAsLink(*made);
   connect(made, &QToolButton::clicked, this, [this, made] { open_(made->property("path").toString()); });
   return made;
 }
@@ -111,7 +120,7 @@ void Foot::offer(QToolButton& link, const QString& path) {
 
 QString Foot::words() const { return static_cast<const FootLine*>(words_)->whole(); }
 
-void Foot::tell(const QString& what, std::size_t done, std::size_t total) {
+void Foot::tell(const QString& what, std::size_t done, std::size_t total, const QString& remaining) {
   QString words = what;
   if (total > 0) {
     words += QStringLiteral(": %L1 di %L2").arg(done).arg(total);
@@ -120,6 +129,7 @@ void Foot::tell(const QString& what, std::size_t done, std::size_t total) {
   } else {
     bar_->setRange(0, 0);
   }
+  if (!remaining.isEmpty()) words += QStringLiteral(", ") + remaining;
   static_cast<FootLine*>(words_)->setWhole(words);
   offer(*file_, {});
   offer(*folder_, {});

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QToolButton>
 #include <QWidget>
 #include <functional>
@@ -15,9 +16,12 @@ class Foot : public QWidget {
  public:
   // `open` is called with the file or folder to open.
   Foot(QWidget* parent, std::function<void(const QString& path)> open);
-  void tell(const QString& what, std::size_t done, std::size_t total);
+  // `remaining` is an estimate in words; empty for none.
+  void tell(const QString& what, std::size_t done, std::size_t total, const QString& remaining = {});
   void rest(const Status& status);  // no operation is running
   QString words() const;
+  // Interrupts the running work; hidden as long as there is none that can be interrupted.
+  QPushButton* interruption() const { return interruption_; }
 
  private:
   QToolButton* link(const QString& caption, const QString& name);
@@ -28,6 +32,7 @@ class Foot : public QWidget {
   QToolButton* file_;
   QToolButton* folder_;
   QProgressBar* bar_;
+  QPushButton* interruption_;
 };
 
 }  // namespace cu::desktop

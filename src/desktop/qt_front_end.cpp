@@ -16,6 +16,7 @@
 #include "controls/form.h"
 #include "controls/grid.h"
 #include "controls/tabs.h"
+#include "desktop/clear_style.h"
 #include "desktop/foot.h"
 #include "desktop/form_layout.h"
 #include "desktop/form_window.h"
@@ -23,6 +24,7 @@
 #include "desktop/reading_windows.h"
 #include "desktop/shell_views.h"
 #include "desktop/text.h"
+#include "desktop/window_memory.h"
 
 namespace cu::desktop {
 namespace {
@@ -47,7 +49,10 @@ bool isList(const Form& form) {
 
 }  // namespace
 
-QtFrontEnd::QtFrontEnd(QString guide) : guide_(std::move(guide)) { shownAt_.start(); }
+QtFrontEnd::QtFrontEnd(QString guide) : guide_(std::move(guide)) {
+  shownAt_.start();
+  clock_.start();
+}
 
 QtFrontEnd::~QtFrontEnd() {
   for (const Shown& each : shown_) {
@@ -62,6 +67,8 @@ QtFrontEnd::Waiting::Waiting(QtFrontEnd& frontEnd)
       running_(std::exchange(frontEnd.running_, 0)),
       begun_(frontEnd.status_.begun()),
       told_(frontEnd.status_.told()) {
+  frontEnd_.interruptionAsked_ = frontEnd_.askedToEnd();
+  frontEnd_.interruption_.reset();
   frontEnd_.dropInput();
   frontEnd_.showPointer();
   frontEnd_.restFeet();
@@ -130,6 +137,8 @@ void QtFrontEnd::goToMissing(const Form& form) {
 
 void QtFrontEnd::endOfWork() {
   if (running_ > 0) return;
+  endInterruption();
+  work_.clear();
   showPointer();
   if (dropInput() || factsShown_ != status_.told()) restFeet();
 }
@@ -153,6 +162,7 @@ Keys QtFrontEnd::typedAhead() {
 }
 
 void QtFrontEnd::restFeet() {
+  showBusy(false);
   factsShown_ = status_.told();
   for (const Shown& each : shown_) {
     if (each.window->foot() != nullptr) each.window->foot()->rest(status_);
@@ -182,6 +192,7 @@ void QtFrontEnd::place(FormWindow& window, const FormWindow* over) const {
 
 void QtFrontEnd::fit(FormWindow& window, const FormWindow* over) const {
   if (window.form().scroll() != nullptr || !window.form().stages().empty() || isList(window.form())) return;
+  if (sizeRemembered(window)) return;
   const QRect room = window.screen()->availableGeometry();
   const int highest = room.height() - kTitleBar;
   const int middle = over == nullptr ? room.center().y() : over->frameGeometry().center().y();
@@ -319,12 +330,50 @@ void QtFrontEnd::showPointer() {
 void QtFrontEnd::progress(const char* what, std::size_t done, std::size_t total) {
   worked_ = true;
   status_.work();
-  if (done > 0 && done < total && shownAt_.elapsed() < kTellEvery) return;
+  const QString work = QString::fromUtf8(what);
+  pace_.note(work, done, total, clock_.elapsed());
+  if (work != work_) endInterruption();
+  const bool same = std::exchange(work_, work) == work;
+  if (same && done > 0 && done < total && shownAt_.elapsed() < kTellEvery) return;
   shownAt_.restart();
+  const auto remaining = pace_.remaining();
+  showBusy(true);
   for (const Shown& each : shown_) {
-    if (each.window->foot() != nullptr) each.window->foot()->tell(QString::fromUtf8(what), done, total);
+    if (each.window->foot() == nullptr) continue;
+    each.window->foot()->tell(work, done, total, remaining ? remainingText(*remaining) : QString());
   }
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  paintMeanwhile();
+}
+
+// Other input than the interruption's waits for the end of the work, which discards it.
+void QtFrontEnd::paintMeanwhile() {
+  QCoreApplication::processEvents(interruption_ == nullptr ? QEventLoop::ExcludeUserInputEvents
+                                                           : QEventLoop::AllEvents);
+}
+
+bool QtFrontEnd::askedToEnd() const {
+  return interruptionAsked_ || (interruption_ != nullptr && interruption_->asked());
+}
+
+void QtFrontEnd::endInterruption() {
+  interruption_.reset();
+  interruptionAsked_ = false;
+}
+
+bool QtFrontEnd::interrupted() {
+  if (running_ == 0) return false;
+  if (askedToEnd()) return true;
+  if (interruption_ == nullptr) {
+    QPushButton* button = nullptr;
+    for (const Shown& each : shown_) {
+      if (each.window->foot() != nullptr) button = each.window->foot()->interruption();
+    }
+    // What was pressed before was not an answer to this offer.
+    drainInput();
+    interruption_ = std::make_unique<Interruption>(button);
+    paintMeanwhile();
+  }
+  return askedToEnd();
 }
 
 }  // namespace cu::desktop

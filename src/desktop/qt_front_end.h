@@ -10,6 +10,8 @@
 #include "controls/control.h"
 #include "controls/frontend.h"
 #include "desktop/input_drain.h"
+#include "desktop/interruption.h"
+#include "desktop/pace.h"
 #include "desktop/status.h"
 
 class QDialog;
@@ -61,6 +63,7 @@ class QtFrontEnd : public FrontEnd {
   void setPointer(int pointer) override;
   int pointer() const override { return pointer_; }
   void progress(const char* what, std::size_t done, std::size_t total) override;
+  bool interrupted() override;
   void told(const std::string& fact) override;
   // Reports a fact that was found after its event.
   void toldAfter(const std::string& fact);
@@ -112,6 +115,9 @@ class QtFrontEnd : public FrontEnd {
   void endOfWork();
   bool dropInput();  // returns whether there had been work
   void restFeet();
+  void paintMeanwhile();
+  bool askedToEnd() const;
+  void endInterruption();
 
   QString guide_;
   QPointer<HelpWindow> helpWindow_;
@@ -121,6 +127,11 @@ class QtFrontEnd : public FrontEnd {
   bool hourglass_ = false;  // as shown on the screen
   bool worked_ = false;     // the hourglass was on during the running event
   QElapsedTimer shownAt_;
+  QElapsedTimer clock_;
+  Pace pace_;
+  QString work_;  // as reported last
+  std::unique_ptr<Interruption> interruption_;
+  bool interruptionAsked_ = false;  // before a box interrupted the work itself
   Status status_;
   std::size_t factsShown_ = 0;
   Control* missing_ = nullptr;  // of the running event

@@ -15,6 +15,23 @@ void eseguiRicorsione(const Intorno& intorno, const std::string& istruzione) {
   intorno.ambito.database->internalConnection().Execute(intorno.utilita.fnAnsi2jet(istruzione));
 }
 
+std::size_t scelte(const Recordset& righe) {
+  const auto clone = righe.Clone();
+  clone->SetFilter("Selezionato <> 0");
+  return clone->RecordCount();
+}
+
+// The selected lines from the current one on.
+std::vector<ModuloNonStampato> daQui(Recordset& righe, const Conversioni& utilita) {
+  std::vector<ModuloNonStampato> rimaste;
+  for (; !righe.Eof(); righe.MoveNext()) {
+    if (!righe.Get("Selezionato").flag()) continue;
+    rimaste.push_back({utilita.toText(righe.Get("AnagraficaPerc")), utilita.toText(righe.Get("Codice")),
+                       utilita.toText(righe.Get("CodiceFiscale"))});
+  }
+  return rimaste;
+}
+
 }  // namespace
 
 std::int32_t fnFilialePredefinita(const Intorno& intorno, std::int32_t nTipoOggetto) {
@@ -82,7 +99,8 @@ Result<> stampa(const Intorno& intorno, const RichiestaStampa& richiesta) {
   return Done{};
 }
 
-Result<> stampaModuli(const Intorno& intorno, Compensi& compensi, const RichiestaModuli& richiesta) {
+Result<EsitoModuli> stampaModuli(const Intorno& intorno, Compensi& compensi,
+                                 const RichiestaModuli& richiesta) {
   const std::int32_t idUtente = intorno.ambito.idUtente;
   const ricorsione::Corsa corsa{.idUtente = idUtente,
                                 .sTipoCom = fromInteger(static_cast<std::int32_t>(richiesta.tipo)),
@@ -99,25 +117,31 @@ Result<> stampaModuli(const Intorno& intorno, Compensi& compensi, const Richiest
     una.percorso = intorno.files.join(richiesta.cartella, nomeFile);
     return stampa(intorno, una);
   };
-  Result<> esito(Done{});
+  Result<EsitoModuli> esito(EsitoModuli{});
+  const auto annota = [&esito](const Result<>& stampata) { esito.refusals = stampata.refusals; };
   const std::unique_ptr<PrintRun> stampe = intorno.factory.createPrintRun();
   Recordset& righe = compensi.rsCompensi();
   if (righe.RecordCount() > 0) righe.MoveFirst();
   eseguiRicorsione(intorno, ricorsione::elimina(idUtente));
-  const std::size_t quante = righe.RecordCount();
+  const std::size_t quante = scelte(righe);
   // A print of all forms at once spends its time after the rows, which are collected quickly.
   const char* const lavoro = richiesta.cumulativa ? "Preparazione dei moduli" : "Stampa dei moduli";
   for (; !righe.Eof(); righe.MoveNext()) {
     intorno.avanzamento.setPointer(kPointerHourglass);
-    intorno.avanzamento.progress(lavoro, righe.AbsolutePosition(), quante);
     if (!righe.Get("Selezionato").flag()) continue;
+    intorno.avanzamento.progress(lavoro, ++esito->richiesti, quante);
+    if (!richiesta.cumulativa && intorno.avanzamento.interrupted()) {
+      esito->nonStampati = daQui(righe, intorno.utilita);
+      esito->richiesti += esito->nonStampati.size() - 1;
+      break;
+    }
     if (!richiesta.cumulativa) eseguiRicorsione(intorno, ricorsione::elimina(idUtente));
     eseguiRicorsione(intorno, ricorsione::inserisci(righe, corsa, intorno.utilita));
-    if (!richiesta.cumulativa) esito = inFile(nome().diRiga(righe, intorno.utilita));
+    if (!richiesta.cumulativa) annota(inFile(nome().diRiga(righe, intorno.utilita)));
   }
   if (richiesta.cumulativa) {
     intorno.avanzamento.progress("Stampa dei moduli", 0, 0);
-    esito = inFile(nome().cumulativo());
+    annota(inFile(nome().cumulativo()));
   }
   return esito;
 }

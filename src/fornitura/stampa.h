@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "base/result.h"
 #include "fornitura/intorno.h"
@@ -44,8 +46,20 @@ struct RichiestaModuli {
   std::string dataFirma;    // as shown in the box
   bool cumulativa = false;  // one file for all lines
 };
-// The ministerial forms of the selected lines.
-Result<> stampaModuli(const Intorno& intorno, Compensi& compensi, const RichiestaModuli& richiesta);
+// A line whose form was not printed.
+struct ModuloNonStampato {
+  std::string percipiente;
+  std::string causale;
+  std::string codiceFiscale;
+};
+struct EsitoModuli {
+  std::size_t richiesti = 0;  // prints begun and left out
+  std::vector<ModuloNonStampato> nonStampati;
+};
+// The ministerial forms of the selected lines. Between two prints the user may interrupt the run: the files
+// made stay, and the lines from the next one on are returned as not printed. The value is always present.
+Result<EsitoModuli> stampaModuli(const Intorno& intorno, Compensi& compensi,
+                                 const RichiestaModuli& richiesta);
 
 // Deletes the user's rows from the table that passes the lines to the forms.
 void svuotaRicorsione(const Intorno& intorno);

@@ -15,6 +15,9 @@ class ProgressSink {
   // The operation and its progress; the total is 0 where it is unknown. Called for each row, so it is
   // required to be cheap; runs no event.
   virtual void progress(const char* /*what*/, std::size_t /*done*/, std::size_t /*total*/) {}
+  // Whether the user wants the running operation to end here. An operation that can end early asks between
+  // two steps that are each complete; from its first question on, a front end may offer the interruption.
+  virtual bool interrupted() { return false; }
 };
 
 }  // namespace cu

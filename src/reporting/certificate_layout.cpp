@@ -184,6 +184,7 @@ void drawCertificates(Canvas& canvas, const LayoutInput& input) {
   for (const std::string& key : input.definition.groups.front().key) places.push_back(input.rows.place(key));
   const std::unique_ptr<Canvas> measuring = Canvas::measuring(canvas);
   for (std::size_t first = 0; first < input.rows.size();) {
+    input.report("Scrittura delle righe", first, input.rows.size());
     input.rows.move(first);
     const std::string key = keyOf(input.rows, places);
     std::size_t end = first + 1;

@@ -281,6 +281,7 @@ void drawForms(Canvas& canvas, const LayoutInput& input) {
   }
   Forms forms(canvas, input);
   for (std::size_t i = 0; i < input.rows.size(); ++i) {
+    input.report("Scrittura dei moduli", i, input.rows.size());
     input.rows.move(i);
     forms.certificate();
   }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
 #include "base/date.h"
 #include "data/database.h"
+#include "host/progress.h"
 #include "reporting/canvas.h"
 #include "reporting/company.h"
 #include "reporting/definition.h"
@@ -30,6 +32,12 @@ struct LayoutInput {
   Connection& connection;                    // for data other than the rows
   bool fromFile = false;                     // forms: the rows have the cells of a file, by their codes
   std::vector<FormPlace>* places = nullptr;  // forms: is filled as they are drawn
+  ProgressSink* progress = nullptr;          // of a report of its own; none within another work
+
+  // A report of one row is itself a step of a longer work, which reports its own progress.
+  void report(const char* what, std::size_t done, std::size_t total) const {
+    if (progress != nullptr && rows.size() > 1) progress->progress(what, done, total);
+  }
 };
 
 // The two statements for the forms of a file.

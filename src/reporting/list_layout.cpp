@@ -40,6 +40,12 @@ int drawPages(Canvas& canvas, const LayoutInput& input, int pages) {
   const auto endPage = [&] { drawFooter(canvas, kListMargin, input.company.name, canvas.pages(), pages); };
   const auto newPage = [&] {
     endPage();
+    if (canvas.draws()) {
+      input.report("Scrittura delle pagine", static_cast<std::size_t>(canvas.pages()),
+                   static_cast<std::size_t>(pages));
+    } else {
+      input.report("Conteggio delle pagine", input.rows.current(), input.rows.size());
+    }
     canvas.beginPage();
     return pageHead(canvas, input);
   };

@@ -70,7 +70,7 @@ class Engine final : public ReportEngine {
               selectionOf(definition, formula, readings_->columns(*connection_, definition.view)));
     use(LayoutInput{definition, rows, readings_->company(*connection_, idAzienda_),
                     selectionText(definition, formula), surroundings_.clock.today(),
-                    surroundings_.clock.now(), *connection_});
+                    surroundings_.clock.now(), *connection_, false, nullptr, &surroundings_.frontEnd});
   }
 
   const ReportSurroundings& surroundings_;

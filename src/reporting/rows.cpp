@@ -93,7 +93,10 @@ Rows::Rows(Connection& connection, std::string_view statement) {
   cells_.resize(store_.columns()->size());
 }
 
-void Rows::move(std::size_t row) { store_.read(row, cells_.data()); }
+void Rows::move(std::size_t row) {
+  store_.read(row, cells_.data());
+  current_ = row;
+}
 
 std::size_t Rows::place(std::string_view column) const {
   const std::size_t found = store_.columns()->find(column);

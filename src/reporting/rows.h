@@ -24,6 +24,7 @@ class Rows {
   Rows(Connection& connection, std::string_view statement);
   std::size_t size() const { return store_.size(); }
   void move(std::size_t row);
+  std::size_t current() const { return current_; }  // the row of the last move
   // The index of a column; raises Error (kErrorReportDefinition) when there is none.
   std::size_t place(std::string_view column) const;
   bool has(std::string_view column) const { return store_.columns()->find(column) != Columns::kNone; }
@@ -34,6 +35,7 @@ class Rows {
  private:
   RowStore store_;
   std::vector<CellView> cells_;
+  std::size_t current_ = 0;
 };
 
 // A text with fields in braces, whose columns are looked up once.

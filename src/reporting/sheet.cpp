@@ -176,6 +176,7 @@ void writeTable(Sheet& sheet, const LayoutInput& input) {
     sheet.column(fromUtf8(column->caption), column->width * kCharactersPerShare);
   }
   for (std::size_t row = 0; row < input.rows.size(); ++row) {
+    input.report("Scrittura delle righe", row, input.rows.size());
     input.rows.move(row);
     sheet.beginRow();
     for (std::size_t i = 0; i < columns.size(); ++i) writeCell(sheet, *columns[i], values[i], input.rows);
@@ -228,6 +229,7 @@ void writeForms(Sheet& sheet, const LayoutInput& input) {
     sheet.column(QString::number(box.main->numero) + ' ' + fromUtf8(box.box->caption), 16);
   }
   for (std::size_t row = 0; row < input.rows.size(); ++row) {
+    input.report("Scrittura dei moduli", row, input.rows.size());
     input.rows.move(row);
     writeModule(sheet, input, 1, boxes, MainModuleValues(input.rows));
     Rows modules = readModules(input.connection, input.rows);

@@ -198,6 +198,7 @@ class FrmWizard : public Form, public per_chiamanti::DiFrmWizard<FrmWizard> {
   // The file's name; none when it could not be made.
   std::optional<std::string> generaFile(const std::string& sCodFisc);
   void stampaModuli(const std::string& sCodFisc);
+  void mostraInterrotta(const fornitura::EsitoModuli& esito);
   void sbMostraEsitoFile(const std::string& sNomeFile, const std::string& sCartella, std::int16_t nFlag);
 
   void collegaEventi();

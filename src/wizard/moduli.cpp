@@ -6,14 +6,36 @@
 namespace cu {
 
 void FrmWizard::stampaModuli(const std::string& sCodFisc) {
-  accolto(fornitura::stampaModuli(intorno(), compensi_,
-                                  {.stampa = richiestaStampa(),
-                                   .sCodFisc = sCodFisc,
-                                   .cartella = sPercorsoCU,
-                                   .tipo = tipoComunicazione(),
-                                   .intermediari = chkIntermediari.value(),
-                                   .dataFirma = dtDataFirma.entered(),
-                                   .cumulativa = optStampaTracciato[1].value()}));
+  const auto esito = fornitura::stampaModuli(intorno(), compensi_,
+                                             {.stampa = richiestaStampa(),
+                                              .sCodFisc = sCodFisc,
+                                              .cartella = sPercorsoCU,
+                                              .tipo = tipoComunicazione(),
+                                              .intermediari = chkIntermediari.value(),
+                                              .dataFirma = dtDataFirma.entered(),
+                                              .cumulativa = optStampaTracciato[1].value()});
+  accolto(esito);
+  if (!esito->nonStampati.empty()) mostraInterrotta(*esito);
+}
+
+// Only after an interruption by the user.
+void FrmWizard::mostraInterrotta(const fornitura::EsitoModuli& esito) {
+  const std::size_t rimasti = esito.nonStampati.size();
+  const std::string detto = "Stampa dei moduli interrotta dopo " +
+                            fornitura::numeroItaliano(esito.richiesti - rimasti) + " su " +
+                            fornitura::numeroItaliano(esito.richiesti) + ".";
+  ambiente_.frontEnd.told(detto);
+  LogTable tabella;
+  tabella.title = "Moduli non stampati";
+  tabella.head = detto +
+                 " Il file telematico è completo e i moduli già stampati restano nella cartella. "
+                 "Mancano quelli di queste righe:";
+  tabella.columns = {"Percipiente", "Causale", "Codice fiscale"};
+  for (const fornitura::ModuloNonStampato& riga : esito.nonStampati) {
+    tabella.rows.push_back(
+        {Value::ofText(riga.percipiente), Value::ofText(riga.causale), Value::ofText(riga.codiceFiscale)});
+  }
+  ambiente_.frontEnd.showLog(tabella);
 }
 
 void FrmWizard::sbMostraEsitoFile(const std::string& sNomeFile, const std::string& sCartella,

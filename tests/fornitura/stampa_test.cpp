@@ -27,6 +27,20 @@ class Print : public OperazioniProva {
             .estremi = {},
             .guasto = [this](const std::string& testo) { guasti.push_back(testo); }};
   }
+  fornitura::RichiestaModuli moduli() const {
+    return {.stampa = {.dati = {.modo = ModoCorsa::CU, .report = "Modulo.rpt", .filtri = anno("2016")},
+                       .tipoOggetto = 342,
+                       .definizione = 4,
+                       .uscita = Uscita::File,
+                       .percorso = {},
+                       .guasto = {}},
+            .sCodFisc = "01234567890",
+            .cartella = "/cu",
+            .tipo = Comunicazione::Ordinaria,
+            .intermediari = false,
+            .dataFirma = "05/03/2017",
+            .cumulativa = false};
+  }
   void qualcosa() {
     database.main.answerContaining("FROM RepContoIndividuale", Table({"IDAzienda"}, {{whole(1)}}));
   }
@@ -94,19 +108,7 @@ TEST_F(Print, TheBranchsDefaultIsZeroWhereItCannotBeRead) {
 
 TEST_F(Print, FormsAreOneFileALineOrOneForAll) {
   ASSERT_TRUE(fornitura::carica(intorno(), compensi, anno("2016")));
-  fornitura::RichiestaModuli richiesta{
-      .stampa = {.dati = {.modo = ModoCorsa::CU, .report = "Modulo.rpt", .filtri = anno("2016")},
-                 .tipoOggetto = 342,
-                 .definizione = 4,
-                 .uscita = Uscita::File,
-                 .percorso = {},
-                 .guasto = {}},
-      .sCodFisc = "01234567890",
-      .cartella = "/cu",
-      .tipo = Comunicazione::Ordinaria,
-      .intermediari = false,
-      .dataFirma = "05/03/2017",
-      .cumulativa = false};
+  fornitura::RichiestaModuli richiesta = moduli();
   EXPECT_TRUE(fornitura::stampaModuli(intorno(), compensi, richiesta));
   EXPECT_THAT(factory.printing.arguments("report.outputPath"), SizeIs(2));
   EXPECT_THAT(avanzamento.works, Not(Contains("Preparazione dei moduli")));
@@ -118,6 +120,42 @@ TEST_F(Print, FormsAreOneFileALineOrOneForAll) {
       << "the print of all of them begins when its lines are there";
   EXPECT_THAT(factory.printing.arguments("report.outputPath"),
               ElementsAre("/cu/CUR_01234567890_2016_05032017_1030.cur"));
+}
+
+TEST_F(Print, AnInterruptionBetweenTwoFormsKeepsTheFirstAndReturnsTheOthers) {
+  ASSERT_TRUE(fornitura::carica(intorno(), compensi, anno("2016")));
+  avanzamento.interrupts = [this] { return !factory.printing.arguments("report.outputPath").empty(); };
+  const auto esito = fornitura::stampaModuli(intorno(), compensi, moduli());
+  EXPECT_TRUE(esito);
+  EXPECT_THAT(factory.printing.arguments("report.outputPath"), SizeIs(1));
+  EXPECT_EQ(esito->richiesti, 2U);
+  ASSERT_THAT(esito->nonStampati, SizeIs(1));
+  Recordset& righe = compensi.rsCompensi();
+  righe.MoveTo(2);
+  EXPECT_EQ(esito->nonStampati[0].percipiente, righe.Get("AnagraficaPerc").toText());
+  EXPECT_EQ(esito->nonStampati[0].codiceFiscale, righe.Get("CodiceFiscale").toText());
+}
+
+TEST_F(Print, OneFileForAllIsNotInterrupted) {
+  ASSERT_TRUE(fornitura::carica(intorno(), compensi, anno("2016")));
+  avanzamento.interrupts = [] { return true; };
+  fornitura::RichiestaModuli richiesta = moduli();
+  richiesta.cumulativa = true;
+  const auto esito = fornitura::stampaModuli(intorno(), compensi, richiesta);
+  EXPECT_THAT(factory.printing.arguments("report.outputPath"), SizeIs(1));
+  EXPECT_THAT(esito->nonStampati, IsEmpty());
+}
+
+TEST_F(Print, TheProgressOfTheFormsCountsTheChosenLines) {
+  ASSERT_TRUE(fornitura::carica(intorno(), compensi, anno("2016")));
+  compensi.rsCompensi().MoveFirst();
+  compensi.rsCompensi().Set("Selezionato", Value::ofFlag(false));
+  compensi.rsCompensi().Update();
+  avanzamento.progresses.clear();
+  EXPECT_TRUE(fornitura::stampaModuli(intorno(), compensi, moduli()));
+  ASSERT_THAT(avanzamento.progresses, SizeIs(1));
+  EXPECT_EQ(avanzamento.progresses[0].done, 1U);
+  EXPECT_EQ(avanzamento.progresses[0].total, 1U);
 }
 
 TEST_F(Print, TheUsersLinesAreTakenOut) {

@@ -83,6 +83,34 @@ TEST(Run, AsksNothingAndTellsNothing) {
   EXPECT_THAT(shop.screen.boxes, IsEmpty());
 }
 
+TEST(Run, ReportsTheRowsAsItCountsThePagesAndThePagesAsItWritesThem) {
+  PrintShop shop;
+  const int pages = pageCount(shop.print(kAccounts, kFormula));
+  ASSERT_GT(pages, 2);
+  std::vector<std::string> kinds;
+  std::size_t written = 0;
+  for (const auto& step : shop.screen.progresses) {
+    if (kinds.empty() || kinds.back() != step.what) kinds.push_back(step.what);
+    EXPECT_LE(step.done, step.total);
+    if (step.what != "Scrittura delle pagine") continue;
+    EXPECT_EQ(step.total, static_cast<std::size_t>(pages));
+    EXPECT_EQ(step.done, ++written);
+  }
+  EXPECT_THAT(kinds, ElementsAre("Conteggio delle pagine", "Scrittura delle pagine"));
+  EXPECT_EQ(written, static_cast<std::size_t>(pages) - 1) << "each page but the last, as it ends";
+}
+
+TEST(Run, ReportsEachFormOfMany) {
+  PrintShop shop;
+  chooseLines({{101, "A"}, {104, "A"}});
+  shop.print(kForms, formFormula(2016));
+  ASSERT_FALSE(shop.screen.progresses.empty());
+  const std::size_t total = shop.screen.progresses.front().total;
+  EXPECT_EQ(shop.screen.progresses.size(), total);
+  EXPECT_GT(total, 1U);
+  for (const auto& step : shop.screen.progresses) EXPECT_EQ(step.what, "Scrittura dei moduli");
+}
+
 TEST(Run, WithoutAFileOrWithAnUnknownCodeIsRefused) {
   PrintShop shop;
   EXPECT_EQ(refusalOfPrint([&] { shop.engine(kAccounts, kFormula)->run(3); }).description(),

@@ -55,6 +55,13 @@ class ScriptedFrontEnd : public FrontEnd {
   std::vector<std::string> facts;
   std::vector<std::string> missed;  // names of the empty controls reported
   std::vector<std::string> works;   // long operations reported, each once
+  struct Progress {
+    std::string what;
+    std::size_t done;
+    std::size_t total;
+  };
+  std::vector<Progress> progresses;  // every report
+  std::function<bool()> interrupts;  // answers whether the running operation is to end
   int beeps = 0;
   std::vector<int> pointers;  // every setting
   std::vector<std::string>
@@ -110,10 +117,12 @@ class ScriptedFrontEnd : public FrontEnd {
   void printed(const PrintNote& note) override { prints.push_back(note); }
   void beep() override { ++beeps; }
   void setPointer(int pointer) override { pointers.push_back(pointer); }
-  void progress(const char* what, std::size_t, std::size_t) override {
+  void progress(const char* what, std::size_t done, std::size_t total) override {
+    progresses.push_back({what, done, total});
     if (works.empty() || works.back() != what) works.emplace_back(what);
     see(what);
   }
+  bool interrupted() override { return interrupts && interrupts(); }
   void told(const std::string& fact) override { facts.push_back(fact); }
   void missing(Control& control) override { missed.push_back(control.name()); }
   int pointer() const override { return pointers.empty() ? kPointerDefault : pointers.back(); }

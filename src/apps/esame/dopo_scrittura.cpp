@@ -25,6 +25,25 @@ class Raccolta : public lettura::Ascoltatore {
   std::vector<lettura::Certificato> certificati;
 };
 
+// Reports how much of the file has been read.
+class LetturaSeguita : public lettura::Sorgente {
+ public:
+  LetturaSeguita(FileLetto& file, ProgressSink* avanzamento) : file_(file), avanzamento_(avanzamento) {}
+  std::size_t leggi(char* dove, std::size_t quanti) override {
+    constexpr std::uint64_t kKilobyte = 1024;
+    const std::size_t letti = file_.leggi(dove, quanti);
+    letti_ += letti;
+    if (avanzamento_ != nullptr)
+      avanzamento_->progress("Controllo del file (kB)", letti_ / kKilobyte, file_.dimensione() / kKilobyte);
+    return letti;
+  }
+
+ private:
+  FileLetto& file_;
+  ProgressSink* avanzamento_;
+  std::uint64_t letti_ = 0;
+};
+
 // "2018-03-05 10:30:00"
 std::string momento(const Clock& orologio) {
   const TimeOfDay ora = orologio.now();
@@ -34,6 +53,8 @@ std::string momento(const Clock& orologio) {
 
 void registra(riscontro::Registro& registro, const Clock& orologio, const FileAppenaScritto& file,
               const Raccolta& raccolta) {
+  const std::size_t tutte = raccolta.certificati.size();
+  if (file.avanzamento != nullptr) file.avanzamento->progress("Registrazione delle certificazioni", 0, tutte);
   riscontro::Invio invio;
   invio.idAzienda = file.idAzienda;
   invio.anno = file.anno;
@@ -43,7 +64,6 @@ void registra(riscontro::Registro& registro, const Clock& orologio, const FileAp
   invio.momento = momento(orologio);
   invio.recordA = raccolta.recordA;
   invio.recordB = raccolta.recordB;
-  const std::size_t tutte = raccolta.certificati.size();
   registro.registra(invio, raccolta.certificati, [&file, tutte](std::size_t fatte) {
     if (file.avanzamento != nullptr)
       file.avanzamento->progress("Registrazione delle certificazioni", fatte, tutte);
@@ -57,10 +77,10 @@ DopoScrittura dopoScrittura(Connection& connessione, const Clock& orologio, cons
   try {
     riscontro::Registro registro(connessione);
     const bool presente = registro.presente();
-    if (file.avanzamento != nullptr) file.avanzamento->progress("Controllo del file", 0, 0);
     Raccolta raccolta;
     const ElencoLuoghi luoghi;
-    FileLetto letto(file.percorso);
+    FileLetto sulDisco(file.percorso);
+    LetturaSeguita letto(sulDisco, file.avanzamento);
     dopo.rilievi = lettura::esamina(letto, &luoghi, presente ? &raccolta : nullptr).rilievi;
     if (presente) registra(registro, orologio, file, raccolta);
     dopo.registrato = presente;

@@ -1,0 +1,182 @@
+// What the window shows and accepts while a long work is running.
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QImage>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTest>
+#include <QTimer>
+
+#include "desktop/foot.h"
+#include "desktop/pace.h"
+#include "desktop/screen_support.h"
+
+namespace cu::test {
+namespace {
+
+using desktop::Pace;
+
+TEST(Pace, HasNoEstimateInTheFirstSecondsNorWithoutATotal) {
+  Pace pace;
+  pace.note(QStringLiteral("Prova"), 0, 1000, 0);
+  pace.note(QStringLiteral("Prova"), 100, 1000, 2900);
+  EXPECT_FALSE(pace.remaining());
+  pace.note(QStringLiteral("Altra"), 0, 0, 3000);
+  pace.note(QStringLiteral("Altra"), 0, 0, 60000);
+  EXPECT_FALSE(pace.remaining());
+}
+
+TEST(Pace, EstimatesByTheRateOfTheLastSecondsAndNotByThatOfTheBeginning) {
+  Pace pace;
+  pace.note(QStringLiteral("Prova"), 0, 1000, 0);
+  pace.note(QStringLiteral("Prova"), 100, 1000, 10000);
+  ASSERT_TRUE(pace.remaining());
+  EXPECT_EQ(*pace.remaining(), 90000);
+  // Twice as fast from here on.
+  for (int i = 1; i <= 3; ++i)
+    pace.note(QStringLiteral("Prova"), static_cast<std::size_t>(100 + 200 * i), 1000, 10000 + 10000 * i);
+  EXPECT_EQ(*pace.remaining(), 15000);
+}
+
+TEST(Pace, BeginsAnewWithAnotherWork) {
+  Pace pace;
+  pace.note(QStringLiteral("Prova"), 0, 1000, 0);
+  pace.note(QStringLiteral("Prova"), 500, 1000, 10000);
+  pace.note(QStringLiteral("Altra"), 1, 1000, 10100);
+  EXPECT_FALSE(pace.remaining());
+  pace.note(QStringLiteral("Altra"), 500, 1000, 20000);
+  EXPECT_TRUE(pace.remaining());
+  pace.note(QStringLiteral("Altra"), 1, 1000, 20100);
+  EXPECT_FALSE(pace.remaining()) << "the same work once more";
+}
+
+TEST(Pace, IsToldInRoundNumbers) {
+  for (const auto& [time, text] : {std::pair{0, "ancora pochi secondi"},
+                                   {5000, "ancora pochi secondi"},
+                                   {5001, "ancora circa 10 secondi"},
+                                   {41000, "ancora circa 50 secondi"},
+                                   {51000, "ancora circa un minuto"},
+                                   {76000, "ancora circa 2 minuti"},
+                                   {3540000, "ancora circa 59 minuti"},
+                                   {3600000, "ancora circa un'ora"},
+                                   {7300000, "ancora circa 2 ore"}}) {
+    EXPECT_EQ(desktop::remainingText(time), QString::fromUtf8(text));
+  }
+}
+
+TEST(LongWork, TellsWhatRemains) {
+  desktop::Foot foot(nullptr, {});
+  foot.tell(QStringLiteral("Stampa dei moduli"), 120, 20000, desktop::remainingText(100000));
+  EXPECT_EQ(foot.words(), QStringLiteral("Stampa dei moduli: 120 di 20.000, ancora circa 2 minuti"));
+}
+
+QImage pictureOf(QWidget& widget) { return widget.grab().toImage(); }
+
+TEST(LongWork, ShowsItsButtonsAsOffWithoutMovingTheFocus) {
+  Screen screen;
+  QWidget& button = *screen.find<QWidget>("cmdNav(3)");
+  const QImage before = pictureOf(button);
+  QImage meanwhile;
+  screen.form().cmdOpzioni.onClick = [&] {
+    screen.frontEnd().progress("Prova", 1, 2);
+    meanwhile = pictureOf(button);
+    EXPECT_TRUE(button.isEnabled());
+  };
+  screen.click("cmdOpzioni");
+  settle();
+  EXPECT_NE(meanwhile, before);
+  EXPECT_EQ(pictureOf(button), before);
+  EXPECT_EQ(screen.focus(), &screen.form().cmdOpzioni);
+  button.setEnabled(false);
+  EXPECT_EQ(pictureOf(button), meanwhile);
+  button.setEnabled(true);
+}
+
+// Acts once the running work can be interrupted.
+class WhenInterruptible : public QObject {
+ public:
+  WhenInterruptible(Screen& screen, std::function<void(QPushButton& button)> act) : act_(std::move(act)) {
+    auto* const timer = new QTimer(this);
+    QPushButton* const button = screen.window().foot()->interruption();
+    connect(timer, &QTimer::timeout, this, [this, timer, button] {
+      if (!button->isVisible()) return;
+      timer->stop();
+      act_(*button);
+    });
+    timer->start(1);
+  }
+
+ private:
+  std::function<void(QPushButton&)> act_;
+};
+
+struct InterruptedRun {
+  QString title;
+  int lines = 0;
+  QString words;
+  std::size_t forms = 0;
+};
+
+// Makes the telematic file with its forms; `act` is done as soon as the run can be interrupted.
+InterruptedRun runInterrupted(const std::function<void(Screen&, QPushButton&)>& act) {
+  Screen screen(247, Profilo::MotoreStampa::Pdf);
+  InterruptedRun run;
+  screen.toEnd();
+  const WhenInterruptible watch(screen, [&](QPushButton& button) { act(screen, button); });
+  screen.whenModal([&](QWidget& modal) {
+    run.title = modal.windowTitle();
+    const auto* const table = modal.findChild<QTableWidget*>();
+    if (table == nullptr) {
+      screen.click("Command1");
+      return;
+    }
+    run.lines = table->rowCount();
+    screen.whenModal([&](QWidget&) { screen.click("Command1"); });
+    pressButton(modal, "Chiudi");
+  });
+  screen.click("cmdNav(4)");
+  EXPECT_TRUE(screen.allAnswered());
+  EXPECT_FALSE(screen.window().foot()->interruption()->isVisible());
+  run.words = screen.window().foot()->words();
+  const QStringList files = QDir(screen.documents()).entryList({QStringLiteral("*.cur")}, QDir::Files);
+  run.forms = static_cast<std::size_t>(files.size()) - 1;
+  return run;
+}
+
+TEST(Interruption, EndsThePrintsOfTheFormsKeepsThoseMadeAndNamesTheOthers) {
+  const InterruptedRun run =
+      runInterrupted([](Screen&, QPushButton& button) { QTest::mouseClick(&button, Qt::LeftButton); });
+  EXPECT_EQ(run.title, QStringLiteral("Moduli non stampati"));
+  EXPECT_GT(run.lines, 0);
+  EXPECT_TRUE(run.words.contains(QStringLiteral("Creato CUR_04123450233_2016.cur.")));
+  EXPECT_TRUE(run.words.contains(QStringLiteral("Stampa dei moduli interrotta dopo %1 su %2.")
+                                     .arg(run.forms)
+                                     .arg(run.forms + static_cast<std::size_t>(run.lines))))
+      << run.words.toStdString();
+}
+
+TEST(Interruption, IsReachedByEscToo) {
+  const InterruptedRun run = runInterrupted(
+      [](Screen& screen, QPushButton&) { QTest::keyClick(screen.window().windowHandle(), Qt::Key_Escape); });
+  EXPECT_EQ(run.title, QStringLiteral("Moduli non stampati"));
+  EXPECT_GT(run.lines, 0);
+}
+
+TEST(Interruption, IsTheOnlyThingThatReceivesInputMeanwhile) {
+  bool pressed = false;
+  const InterruptedRun run = runInterrupted([&](Screen& screen, QPushButton&) {
+    screen.form().cmdNav[0].onClick = [&] { pressed = true; };
+    screen.click("cmdNav(0)");
+    QTest::keyClick(screen.window().windowHandle(), Qt::Key_Return);
+    screen.window().close();
+  });
+  EXPECT_FALSE(pressed);
+  EXPECT_EQ(run.lines, 0);
+  EXPECT_FALSE(run.words.contains(QStringLiteral("interrotta"))) << run.words.toStdString();
+}
+
+}  // namespace
+}  // namespace cu::test
