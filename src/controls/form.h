@@ -91,6 +91,19 @@ class Form {
   // for confirmation before it discards the changes. nullopt for every other form.
   virtual std::optional<std::string> rowWork() const { return std::nullopt; }
 
+  // A fact of an overview: a name and its present value, marked where it deserves the user's attention.
+  struct Fact {
+    std::string name;
+    std::string text;
+    bool attention = false;
+    bool operator==(const Fact&) const = default;
+  };
+  // What the user's work concerns, such as company and year. Only a window shows it, always.
+  virtual std::vector<Fact> whereabouts() { return {}; }
+  // What the form's main action would do on the present stage; empty on a stage without it. Only a window
+  // shows it, and asks again after each event.
+  virtual std::vector<Fact> outlook() { return {}; }
+
   // The heading of the chapter in the user's guide that explains the present screen; empty for the guide's
   // first page.
   virtual std::string guideChapter() const { return {}; }

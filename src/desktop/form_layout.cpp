@@ -5,6 +5,7 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -17,6 +18,8 @@
 #include "desktop/grid_surround.h"
 #include "desktop/grid_view.h"
 #include "desktop/layouter.h"
+#include "desktop/look.h"
+#include "desktop/overview.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/row_steps.h"
 #include "desktop/shell_views.h"
@@ -27,6 +30,7 @@ namespace cu::desktop {
 namespace {
 
 constexpr int kMargin = 12;
+constexpr int kOutlookWidth = 212;
 constexpr int kNarrowBelow = 860;  // below it the band shows only numbers
 
 // Passes the window's width to the band.
@@ -137,6 +141,31 @@ void layOutGridPage(FormWindow& window, Frame& page) {
   }
 }
 
+// The last stage: the overview of what the form's main action will do, beside the controls.
+void addOutlook(FormWindow& window, QBoxLayout& column, ContentArea* area) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(0);
+  row->addWidget(area, 1);
+  auto* scroll = new QScrollArea(area->parentWidget());
+  auto* panel = new OutlookPanel(nullptr);
+  auto* around = new QWidget;
+  auto* margins = new QVBoxLayout(around);
+  margins->setContentsMargins(0, kMargin, kMargin, kMargin / 2);
+  margins->addWidget(panel);
+  scroll->setWidget(around);
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  row->addWidget(scroll);
+  column.addLayout(row);
+  window.addRefresher([&window, panel, scroll] {
+    panel->setFacts(window.form().outlook());
+    scroll->setFixedWidth(kOutlookWidth * look::letters() / look::kNormalLetters);
+    scroll->setVisible(!panel->isHidden());
+  });
+}
+
 void layOutPage(FormWindow& window, Frame& page) {
   Layouter layouter(window);
   const auto controls = layouter.inside(&page);
@@ -157,7 +186,12 @@ void layOutPage(FormWindow& window, Frame& page) {
   layouter.fill(rows, controls);
   if (rows->layout() != nullptr) rows->layout()->setContentsMargins(0, 0, 0, 0);
   area->setWidget(content);
-  column->addWidget(area);
+  const std::vector<const Frame*> stages = window.form().stages();
+  if (stages.empty() || stages.back() != &page) {
+    column->addWidget(area);
+  } else {
+    addOutlook(window, *column, area);
+  }
   window.addScrollArea(area);
 }
 
@@ -195,8 +229,14 @@ void layOutWizard(FormWindow& window, QBoxLayout& root, const Parts& parts) {
   auto& band = static_cast<BandView&>(window.make(*parts.band, &window));
   middle->addWidget(band.widget());
   new BandWidth(window, band);
+  auto* right = new QVBoxLayout;
+  right->setSpacing(0);
+  middle->addLayout(right, 1);
+  auto* where = new WhereLine(&window);
+  right->addWidget(where);
+  window.addRefresher([&window, where] { where->setFacts(window.form().whereabouts()); });
   for (Frame* page : parts.pages) {
-    middle->addWidget(window.make(*page, &window).widget(), 1);
+    right->addWidget(window.make(*page, &window).widget(), 1);
     layOutPage(window, *page);
   }
   layOutNavigation(window, root, parts.content);

@@ -144,6 +144,7 @@ void FormWindow::afterEvent() {
     view->afterEvent();
     view->refreshMark();
   }
+  for (const auto& refresh : refreshers_) refresh();
   syncFocus();
   if (!frontEnd_.busy()) enterStage();
 }
@@ -162,6 +163,9 @@ void FormWindow::enterStage() {
 void FormWindow::formChanged() {
   if (!live()) return;
   setWindowTitle(titled(form_->caption()));
+  if (!frontEnd_.busy()) {
+    for (const auto& refresh : refreshers_) refresh();
+  }
   syncFocus();
   syncScroll();
   showShrunk(*this);

@@ -44,6 +44,8 @@ class FormWindow : public QWidget {
 
   Foot* foot() const { return foot_; }
   void setFoot(Foot* foot) { foot_ = foot; }
+  // Called after each event: shows what belongs to the form and to none of its controls.
+  void addRefresher(std::function<void()> refresh) { refreshers_.push_back(std::move(refresh)); }
   // The views refresh what the event may have changed without notification.
   void afterEvent();
   // The visible one of these areas is the form's scroll bar.
@@ -78,6 +80,7 @@ class FormWindow : public QWidget {
   std::map<const QObject*, View*> byWidget_;
   std::multimap<const Control*, QWidget*> extras_;
   std::vector<QScrollArea*> scrollAreas_;
+  std::vector<std::function<void()>> refreshers_;
   Foot* foot_ = nullptr;
   const Control* focusShown_ = nullptr;
   const Frame* stageShown_ = nullptr;

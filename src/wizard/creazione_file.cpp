@@ -26,12 +26,7 @@ Result<fornitura::Controllo> FrmWizard::preparaFile(LogGrid& oLogGrid) {
   sbSalvaIntermediario();
 
   schermo.progress("Controllo dei dati", 0, 0);
-  auto controllo = fornitura::controlla(intorno(),
-                                        {.dataFirma = dtDataFirma.entered(),
-                                         .usoIntermediari = chkIntermediari.value(),
-                                         .codiceFiscaleIntermediario = txtCodiceFiscale.text(),
-                                         .dataImpegno = dtDataImpegno.entered()},
-                                        globali_.gTabellaLavoro);
+  auto controllo = fornitura::controlla(intorno(), datiControllo(), globali_.gTabellaLavoro);
   fornitura::riempiLog(oLogGrid, globali_.gSessione->IDUtente(), controllo->mancanti);
   return controllo;
 }

@@ -21,6 +21,7 @@
 #include "controls/textbox.h"
 #include "fornitura/controllo.h"
 #include "fornitura/intorno.h"
+#include "fornitura/riepilogo.h"
 #include "fornitura/scrittura.h"
 #include "fornitura/stampa.h"
 #include "host/filtri.h"
@@ -108,6 +109,8 @@ class FrmWizard : public Form, public per_chiamanti::DiFrmWizard<FrmWizard> {
   std::vector<const Frame*> stages() const override { return {&fraStep[0], &fraStep[1], &fraStep[2]}; }
   Control* stageStart() override;
   std::string unsavedWork() const override;
+  std::vector<Fact> whereabouts() override;
+  std::vector<Fact> outlook() override;
 
  private:
   friend per_chiamanti::DiFrmWizard<FrmWizard>;
@@ -151,6 +154,15 @@ class FrmWizard : public Form, public per_chiamanti::DiFrmWizard<FrmWizard> {
   void sbCreaFiltroStampa();
   void segnalaEstremi();  // limits without a row in their table
   Filtri filtri() const;
+
+  // The overview: what is known of a run before it starts.
+  const fornitura::DatiPrevisti& azienda();
+  void aggiornaPrevisione();
+  std::string anniScelti() const;
+  std::vector<Fact> previsioneCU();
+  std::vector<Fact> previsioneStampa();
+  Fact rilieviPrevisti() const;
+  DatiControllo datiControllo() const;
 
   // The prints.
   stampa::Dati datiStampa() const;
@@ -207,6 +219,15 @@ class FrmWizard : public Form, public per_chiamanti::DiFrmWizard<FrmWizard> {
   Globali& globali_;
   Compensi compensi_;
   GrigliaCompensi vista_;
+
+  std::optional<fornitura::DatiPrevisti> azienda_;  // the company alone
+  // Of the lines, as the last step was entered.
+  struct Previsione {
+    fornitura::Riepilogo riepilogo;
+    fornitura::DatiPrevisti dati;
+    bool illeggibile = false;  // the data could not be read
+  };
+  std::optional<Previsione> previsione_;
 
   std::int16_t nPassoCorrente = 0;
   bool bAvviaAbilitato = false;

@@ -25,6 +25,7 @@ void FrmWizard::sbVaiAlPasso(std::int16_t nPasso, Direzione nDirezione) {
   if (nDirezione == Direzione::Indietro) nuovo = nPassoCorrente - salto;
   if (nDirezione == Direzione::Avanti) nuovo = nPassoCorrente + salto;
 
+  previsione_.reset();
   if (nuovo == 0 && !preparaPasso0(nDirezione)) return;
   if (nuovo == 1 && !preparaPasso1(nDirezione)) return;
   if (nuovo == 2 && !preparaPasso2()) return;
@@ -222,6 +223,7 @@ void FrmWizard::tipoScelto(int indice) {
 }
 
 void FrmWizard::avvia() {
+  previsione_.reset();
   if (optstType[1].value()) {
     if (fnCreaFileCU()) sbVaiAlPasso(0, Direzione::Salto);
     return;
