@@ -14,6 +14,7 @@
 #include <string_view>
 
 #include "apps/assistente/importazione_guidata.h"
+#include "apps/avvio/avvio_unico.h"
 #include "apps/avvio/finestra_avvio.h"
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/comune/codici_uscita.h"
@@ -25,6 +26,7 @@
 #include "base/error.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
+#include "desktop/window_memory.h"
 #include "suite/orologio.h"
 #include "suite/profilo.h"
 #include "uso.h"
@@ -44,6 +46,7 @@ QString cartellaGuida(const QString& delProfilo) {
 }
 
 desktop::look::Colours colori(const std::string& nome) {
+  if (nome.empty()) return desktop::look::rememberedColours();
   if (nome == "chiari") return desktop::look::Colours::Light;
   if (nome == "scuri") return desktop::look::Colours::Dark;
   return desktop::look::Colours::Desktop;
@@ -88,11 +91,49 @@ int finoAgliStrumenti() {
 // A file that was just written is read again and kept on record. One with errors is shown.
 void controllaFile(const FileCreato& file, Connection& connessione, const Profilo& profilo,
                    FrontEnd& schermo) {
-  const DopoScrittura dopo = dopoScrittura(connessione, *orologio(profilo),
-                                           {file.percorso, file.tipo, file.anno, profilo.sessione.azienda});
+  const DopoScrittura dopo =
+      dopoScrittura(connessione, *orologio(profilo),
+                    {file.percorso, file.tipo, file.anno, profilo.sessione.azienda, &schermo});
   if (!dopo.guasto.empty()) schermo.told("Il file non si è potuto controllare: " + dopo.guasto);
   if (dopo.guasto.empty()) schermo.told("Controllo: " + dettoConteggio(dopo.rilievi) + ".");
   if (dopo.rilievi.errori() > 0) strumenti::apriFile(QString::fromStdString(file.percorso), profilo);
+}
+
+// Of a start without a profile the year is kept for the start window.
+void ricordaAnnoDi(const Profilo& profilo, ModMain& programma) {
+  if (profilo.file != kAvvioSenzaProfilo || programma.wizard() == nullptr) return;
+  ricordaAnno(SceltaAvvio::ricordata().database, profilo.sessione.azienda,
+              QString::fromStdString(programma.wizard()->KRNCboEsCont0.text()));
+}
+
+int avvia(const Profilo& profilo) {
+  desktop::QtFrontEnd schermo(cartellaGuida(QString::fromStdString(profilo.sessione.cartellaGuida)));
+  Impianto impianto(profilo, schermo, [&](const FileCreato& file, Connection& connessione) {
+    controllaFile(file, connessione, profilo, schermo);
+  });
+  schermo.onAllClosed = [&] {
+    ricordaAnnoDi(profilo, impianto.programma());
+    if (strumenti::aperti()) {
+      QGuiApplication::setQuitOnLastWindowClosed(true);
+    } else {
+      QCoreApplication::quit();
+    }
+  };
+  bool avviato = false;
+  schermo.runEvent([&] {
+    try {
+      impianto.programma().main();
+      avviato = true;
+    } catch (const DatabaseError& errore) {
+      mostraErroreAvvio(errore);
+    }
+  });
+  if (!avviato || impianto.avvioRifiutato()) return kRifiutato;
+  if (schermo.anyOpen()) return QApplication::exec();
+  if (profilo.sessione.processi.empty()) {
+    std::cerr << profilo.file << ": session.processes non indica nessun processo: non c'è nulla da fare\n";
+  }
+  return kRiuscito;
 }
 
 int esegui(const OpzioniFinestra& opzioni) {
@@ -112,32 +153,9 @@ int esegui(const OpzioniFinestra& opzioni) {
   }
   if (!profilo) profilo = profiloScelto();
   if (!profilo) return finoAgliStrumenti();
-  desktop::QtFrontEnd schermo(cartellaGuida(QString::fromStdString(profilo->sessione.cartellaGuida)));
-  schermo.onAllClosed = [] {
-    if (strumenti::aperti()) {
-      QGuiApplication::setQuitOnLastWindowClosed(true);
-    } else {
-      QCoreApplication::quit();
-    }
-  };
-  Impianto impianto(*profilo, schermo, [&](const FileCreato& file, Connection& connessione) {
-    controllaFile(file, connessione, *profilo, schermo);
-  });
-  bool avviato = false;
-  schermo.runEvent([&] {
-    try {
-      impianto.programma().main();
-      avviato = true;
-    } catch (const DatabaseError& errore) {
-      mostraErroreAvvio(errore);
-    }
-  });
-  if (!avviato || impianto.avvioRifiutato()) return kRifiutato;
-  if (schermo.anyOpen()) return QApplication::exec();
-  if (profilo->sessione.processi.empty()) {
-    std::cerr << profilo->file << ": session.processes non indica nessun processo: non c'è nulla da fare\n";
-  }
-  return kRiuscito;
+  const AvvioUnico unico(*profilo, AvvioUnico::cartellaDelSistema());
+  if (unico.altro() && !proseguiUgualmente(unico.avviso())) return finoAgliStrumenti();
+  return avvia(*profilo);
 }
 
 std::string versione() {
@@ -191,6 +209,8 @@ int eseguiFinestra(int quanti, char** argomenti) {
     return kUsoSbagliato;
   }
   desktop::look::apply(applicazione, colori(opzioni.colori));
+  desktop::look::setLetters(desktop::look::rememberedLetters());
+  const desktop::WindowMemory finestre;
   try {
     return esegui(opzioni);
   } catch (const ErroreProfilo& errore) {

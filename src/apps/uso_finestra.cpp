@@ -21,7 +21,9 @@ void descriviFinestra(CLI::App& programma, OpzioniFinestra& opzioni,
   programma
       .add_option("--profile", opzioni.profilo, "Il profilo TOML; senza, una piccola finestra lo sostituisce")
       ->type_name("FILE.toml");
-  programma.add_option("--colori", opzioni.colori, "chiari, scuri, o quelli del sistema")
+  programma
+      .add_option("--colori", opzioni.colori,
+                  "chiari, scuri, o quelli del sistema; senza, quelli scelti nel menu Aspetto")
       ->check(coloriNoti)
       ->type_name("sistema|chiari|scuri");
   programma

@@ -9,7 +9,7 @@ namespace cu {
 
 struct OpzioniFinestra {
   std::string profilo;
-  std::string colori = "sistema";
+  std::string colori;             // empty: as remembered
   std::vector<std::string> file;  // telematic files to read, or tables to import
   bool importa = false;
 };

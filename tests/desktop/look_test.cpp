@@ -42,7 +42,7 @@ double luminance(const QColor& colour) {
   return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 
-double contrast(const QColor& one, const QColor& other) {
+double contrastOf(const QColor& one, const QColor& other) {
   const double a = luminance(one);
   const double b = luminance(other);
   return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
@@ -79,7 +79,7 @@ TEST_P(Look, HasReadableTextInEveryRoleAndState) {
                                  {QPalette::Link, QPalette::Base},
                                  {QPalette::PlaceholderText, QPalette::Base},
                                  {QPalette::ToolTipText, QPalette::ToolTipBase}}) {
-      EXPECT_GE(contrast(palette.color(group, pair.ink), palette.color(group, pair.ground)), kReadable)
+      EXPECT_GE(contrastOf(palette.color(group, pair.ink), palette.color(group, pair.ground)), kReadable)
           << "group " << group << ", role " << pair.ink << " on " << pair.ground;
     }
   }
@@ -87,17 +87,17 @@ TEST_P(Look, HasReadableTextInEveryRoleAndState) {
 
 TEST_P(Look, HasReadableInksOfItsOwn) {
   const QPalette palette = QApplication::palette();
-  EXPECT_GE(contrast(desktop::look::bandInk(), desktop::look::bandColor()), kReadable);
+  EXPECT_GE(contrastOf(desktop::look::bandInk(), desktop::look::bandColor()), kReadable);
   for (const QPalette::ColorRole ground : {QPalette::Window, QPalette::Base, QPalette::AlternateBase}) {
-    EXPECT_GE(contrast(desktop::look::warningInk(), palette.color(ground)), kReadable) << ground;
+    EXPECT_GE(contrastOf(desktop::look::warningInk(), palette.color(ground)), kReadable) << ground;
   }
   // The descriptions of the steps are drawn with three quarters of the ink.
   const QColor band = desktop::look::bandColor();
   const QColor ink = desktop::look::bandInk();
   const auto mixed = [](int over, int under) { return (3 * over + under) / 4; };
-  EXPECT_GE(contrast(QColor(mixed(ink.red(), band.red()), mixed(ink.green(), band.green()),
-                            mixed(ink.blue(), band.blue())),
-                     band),
+  EXPECT_GE(contrastOf(QColor(mixed(ink.red(), band.red()), mixed(ink.green(), band.green()),
+                              mixed(ink.blue(), band.blue())),
+                       band),
             kReadable);
 }
 
@@ -113,7 +113,7 @@ double contrastDrawn(QWidget& widget) {
       std::max_element(seen.begin(), seen.end(), [](auto& a, auto& b) { return a.second < b.second; });
   double best = 1;
   for (const auto& [colour, count] : seen)
-    best = std::max(best, contrast(QColor(colour), QColor(most->first)));
+    best = std::max(best, contrastOf(QColor(colour), QColor(most->first)));
   return best;
 }
 

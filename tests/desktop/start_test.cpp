@@ -4,14 +4,18 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "apps/avvio/avvio_unico.h"
 #include "apps/avvio/finestra_avvio.h"
 #include "desktop/foot.h"
 #include "desktop/preview_dialog.h"
@@ -78,6 +82,97 @@ TEST(Start, RemembersTheChoice) {
   EXPECT_EQ(again.azienda, 3);
   EXPECT_EQ(again.utente, 12);
   EXPECT_EQ(again.funzione, 246);
+}
+
+TEST(Start, OffersTheDatabasesOfTheLastStartsThatStillExist) {
+  const QTemporaryDir folder;
+  QSettings().remove(QStringLiteral("avvio/recenti"));
+  const QString first = folder.filePath(QStringLiteral("prima.db"));
+  const QString second = folder.filePath(QStringLiteral("seconda.db"));
+  for (const QString& file : {first, second}) {
+    creaArchivioVuoto(file);
+    SceltaAvvio choice;
+    choice.database = file;
+    choice.ricorda();
+  }
+  SceltaAvvio gone;
+  gone.database = folder.filePath(QStringLiteral("sparita.db"));
+  gone.ricorda();
+  EXPECT_EQ(databaseRecenti(), QStringList({second, first}));
+  FinestraAvvio window({}, startFoldersIn(folder));
+  QPushButton* recent = nullptr;
+  for (auto* button : window.findChildren<QPushButton*>())
+    if (button->text() == QStringLiteral("Rece&nti")) recent = button;
+  ASSERT_NE(recent, nullptr);
+  EXPECT_TRUE(recent->isEnabled());
+  emit recent->menu()->aboutToShow();
+  ASSERT_EQ(recent->menu()->actions().size(), 2);
+  EXPECT_TRUE(recent->menu()->actions().first()->text().startsWith(QStringLiteral("seconda.db")));
+  recent->menu()->actions().at(1)->trigger();
+  EXPECT_EQ(window.scelta().database, first);
+  QSettings().remove(QStringLiteral("avvio"));
+}
+
+TEST(Start, NamesTheFiscalCodeOfACompanyAndTheYearUsedLast) {
+  const QTemporaryDir folder;
+  const CartelleAvvio folders = startFoldersIn(folder);
+  QSettings().remove(QStringLiteral("avvio/anni"));
+  EXPECT_EQ(FinestraAvvio({}, folders).findChild<QComboBox*>()->currentText(),
+            QStringLiteral("Bottega Lessinia Servizi S.r.l. - 04123450233 - anno 2017"))
+      << "the last one with accounts";
+  ricordaAnno({}, 1, QStringLiteral("2015"));
+  EXPECT_EQ(FinestraAvvio({}, folders).findChild<QComboBox*>()->currentText(),
+            QStringLiteral("Bottega Lessinia Servizi S.r.l. - 04123450233 - anno 2015"));
+  ricordaAnno(QStringLiteral("/altro.db"), 1, QStringLiteral("2014"));
+  EXPECT_EQ(annoRicordato({}, 1), QStringLiteral("2015")) << "of each database its own";
+  QSettings().remove(QStringLiteral("avvio"));
+}
+
+Profilo profileOf(const QString& database, std::int32_t user) {
+  Profilo profile;
+  profile.database.origine = database.toStdString();
+  profile.sessione.utente = user;
+  return profile;
+}
+
+TEST(SecondStart, IsAnnouncedForTheSameUserAndDatabaseAlone) {
+  const QTemporaryDir folder;
+  const QString database = folder.filePath(QStringLiteral("una.db"));
+  creaArchivioVuoto(database);
+  {
+    const AvvioUnico first(profileOf(database, 12), folder.path());
+    EXPECT_FALSE(first.altro());
+    EXPECT_EQ(first.avviso(), QString());
+    const AvvioUnico second(profileOf(folder.path() + QStringLiteral("/./una.db"), 12), folder.path());
+    EXPECT_TRUE(second.altro()) << "the same file by another path";
+    EXPECT_TRUE(second.avviso().contains(QString::number(QCoreApplication::applicationPid())));
+    EXPECT_FALSE(AvvioUnico(profileOf(database, 13), folder.path()).altro());
+    EXPECT_FALSE(AvvioUnico(profileOf(QStringLiteral("/altra.db"), 12), folder.path()).altro());
+  }
+  EXPECT_FALSE(AvvioUnico(profileOf(database, 12), folder.path()).altro()) << "the first one has ended";
+}
+
+TEST(SecondStart, IsNotAnnouncedAfterAProcessThatEndedWithoutCleaningUp) {
+  const QTemporaryDir folder;
+  const Profilo profile = profileOf(QStringLiteral("una.db"), 12);
+  QString mark;
+  QByteArray content;
+  {
+    const AvvioUnico first(profile, folder.path());
+    mark = QDir(folder.path()).entryList({QStringLiteral("*.lock")}).value(0);
+    ASSERT_FALSE(mark.isEmpty());
+    QFile file(folder.filePath(mark));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    content = file.readAll();
+  }
+  // No process has this number.
+  const QByteArray own = QByteArray::number(QCoreApplication::applicationPid());
+  ASSERT_TRUE(content.startsWith(own));
+  QFile left(folder.filePath(mark));
+  ASSERT_TRUE(left.open(QIODevice::WriteOnly));
+  left.write("999999999" + content.mid(own.size()));
+  left.close();
+  EXPECT_FALSE(AvvioUnico(profile, folder.path()).altro());
 }
 
 TEST(Start, KeepsTheFolderOfTheMinisterialDocumentsWhereTheEditorsLook) {

@@ -22,6 +22,7 @@
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/strumenti/finestra.h"
 #include "apps/strumenti/strumenti.h"
+#include "desktop/look_menu.h"
 #include "desktop/section.h"
 #include "desktop/text.h"
 #include "desktop/whole_text.h"
@@ -40,6 +41,7 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
       database_(scelta.database),
       casellaDatabase_(new QLineEdit(this)),
       dimostrativo_(new QPushButton(QStringLiteral("&Dimostrativo"), this)),
+      recenti_(new QPushButton(QStringLiteral("Rece&nti"), this)),
       aziende_(new QComboBox(this)),
       utente_(new QSpinBox(this)),
       funzioni_(new QButtonGroup(this)),
@@ -57,7 +59,7 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
     desktop::openGuide(guida_, this, cartelle_.guida,
                        quale.isEmpty() ? QStringLiteral("Avviare la procedura") : quale);
   });
-  setMinimumWidth(560);
+  setMinimumWidth(640);
   leggiAziende();
   const int ultima = aziende_->findData(scelta.azienda);
   if (ultima >= 0) aziende_->setCurrentIndex(ultima);
@@ -107,7 +109,8 @@ void FinestraAvvio::componiModulo(QVBoxLayout& colonna, const SceltaAvvio& scelt
     return fatta;
   };
   modulo->addRow(etichetta("Da&tabase", sfogliaDatabase),
-                 conPulsanti(casellaDatabase_, {dimostrativo_, sfogliaDatabase}));
+                 conPulsanti(casellaDatabase_, {recenti_, dimostrativo_, sfogliaDatabase}));
+  componiRecenti();
   modulo->addRow(QStringLiteral("A&zienda"), aziende_);
   modulo->addRow(QStringLiteral("&Utente"), utente_);
   modulo->addRow(etichetta("Documenti &ministeriali", sfogliaDocumenti),
@@ -124,10 +127,39 @@ void FinestraAvvio::componiModulo(QVBoxLayout& colonna, const SceltaAvvio& scelt
   colonna.addWidget(avviso_);
   connect(sfogliaDatabase, &QPushButton::clicked, this, [this] { scegliDatabase(); });
   connect(sfogliaDocumenti, &QPushButton::clicked, this, [this] { scegliDocumenti(); });
-  connect(dimostrativo_, &QPushButton::clicked, this, [this] {
-    database_.clear();
-    leggiAziende();
+  connect(dimostrativo_, &QPushButton::clicked, this, [this] { usaDatabase({}); });
+}
+
+// The menu is filled as it opens: a database may be gone, or another one in use.
+void FinestraAvvio::componiRecenti() {
+  auto* const menu = new QMenu(recenti_);
+  recenti_->setMenu(menu);
+  recenti_->setEnabled(!databaseRecenti().isEmpty());
+  connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+    menu->clear();
+    for (const QString& database : databaseRecenti()) {
+      const QFileInfo file(database);
+      QAction* const voce = menu->addAction(QStringLiteral("%1 (%2)")
+                                                .arg(file.fileName(), file.absolutePath())
+                                                .replace(u'&', QStringLiteral("&&")));
+      voce->setEnabled(database != database_);
+      connect(voce, &QAction::triggered, this, [this, database] { usaDatabase(database); });
+    }
   });
+}
+
+void FinestraAvvio::usaDatabase(const QString& database) {
+  database_ = database;
+  leggiAziende();
+}
+
+QString FinestraAvvio::vociAzienda(const AziendaAvvio& azienda) const {
+  QString voce = QString::fromStdString(azienda.nome);
+  if (!azienda.codiceFiscale.empty())
+    voce += QStringLiteral(" - ") + QString::fromStdString(azienda.codiceFiscale);
+  QString anno = annoRicordato(database_, azienda.azienda);
+  if (anno.isEmpty()) anno = QString::fromStdString(azienda.ultimoAnno);
+  return anno.isEmpty() ? voce : voce + QStringLiteral(" - anno ") + anno;
 }
 
 void FinestraAvvio::componiPulsanti(QVBoxLayout& colonna) {
@@ -141,6 +173,11 @@ void FinestraAvvio::componiPulsanti(QVBoxLayout& colonna) {
   datiPropri_ = pulsanti->addButton(QStringLiteral("Dati &propri"), QDialogButtonBox::ResetRole);
   datiPropri_->setAutoDefault(false);
   componiDatiPropri();
+  auto* const aspetto = pulsanti->addButton(QStringLiteral("Asp&etto"), QDialogButtonBox::ResetRole);
+  aspetto->setAutoDefault(false);
+  auto* const menu = new QMenu(aspetto);
+  desktop::fillLookMenu(*menu);
+  aspetto->setMenu(menu);
   colonna.addWidget(pulsanti);
   connect(pulsanti, &QDialogButtonBox::accepted, this, [this] { accept(); });
   connect(pulsanti, &QDialogButtonBox::rejected, this, [this] { reject(); });
@@ -170,7 +207,7 @@ void FinestraAvvio::leggiAziende() {
     avviso_->setToolTip(desktop::sentenceTip(QString::fromUtf8(errore.what())));
   }
   for (const AziendaAvvio& azienda : elenco_) {
-    aziende_->addItem(QString::fromStdString(azienda.nome), azienda.azienda);
+    aziende_->addItem(vociAzienda(azienda), azienda.azienda);
   }
   avvia_->setEnabled(!elenco_.empty());
   gestisci_->setEnabled(aperto);
@@ -272,9 +309,7 @@ void FinestraAvvio::scegliDatabase() {
   const QString scelto =
       QFileDialog::getOpenFileName(this, QStringLiteral("Database"), database_,
                                    QStringLiteral("Database (*.db *.sqlite);;Tutti i file (*)"));
-  if (scelto.isEmpty()) return;
-  database_ = scelto;
-  leggiAziende();
+  if (!scelto.isEmpty()) usaDatabase(scelto);
 }
 
 void FinestraAvvio::scegliDocumenti() {

@@ -33,6 +33,9 @@ class FinestraAvvio : public QDialog {
   void componiModulo(QVBoxLayout& colonna, const SceltaAvvio& scelta);
   void componiPulsanti(QVBoxLayout& colonna);
   void scegliDatabase();
+  void usaDatabase(const QString& database);
+  void componiRecenti();
+  QString vociAzienda(const AziendaAvvio& azienda) const;
   void scegliDocumenti();
   void leggiAziende();
   void componiStrumenti();
@@ -49,6 +52,7 @@ class FinestraAvvio : public QDialog {
   QString database_;
   QLineEdit* casellaDatabase_;
   QPushButton* dimostrativo_;
+  QPushButton* recenti_;
   QComboBox* aziende_;
   QSpinBox* utente_;
   QButtonGroup* funzioni_;

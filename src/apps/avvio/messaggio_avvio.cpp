@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QMessageBox>
+#include <QPushButton>
 #include <iostream>
 
 #include "base/error.h"
@@ -42,6 +43,11 @@ DatabaseErrorKind genereDi(const std::exception& errore) {
   return database == nullptr ? DatabaseErrorKind::Other : database->kind();
 }
 
+bool senzaSchermo() {
+  const QString piattaforma = QGuiApplication::platformName();
+  return piattaforma == QStringLiteral("offscreen") || piattaforma == QStringLiteral("minimal");
+}
+
 }  // namespace
 
 MessaggioAvvio messaggioAvvio(const std::exception& errore) {
@@ -74,10 +80,25 @@ QString avvisoDatabase(const QString& nome, const std::exception& errore) {
       .arg(nome, QString::fromUtf8(perche));
 }
 
+bool proseguiUgualmente(const QString& avviso) {
+  if (senzaSchermo()) {
+    std::cerr << avviso.toStdString() << '\n';
+    return true;
+  }
+  QMessageBox box(QMessageBox::Warning, desktop::titled({}), avviso);
+  box.setTextFormat(Qt::PlainText);
+  box.setObjectName(QStringLiteral("giaAperta"));
+  const QPushButton* const continua = box.addButton(QStringLiteral("&Continua"), QMessageBox::AcceptRole);
+  QPushButton* const annulla = box.addButton(QStringLiteral("Annulla"), QMessageBox::RejectRole);
+  box.setDefaultButton(annulla);
+  box.setEscapeButton(annulla);
+  box.exec();
+  return box.clickedButton() == continua;
+}
+
 void mostraErroreAvvio(const std::exception& errore) {
   std::cerr << errore.what() << '\n';
-  const QString piattaforma = QGuiApplication::platformName();
-  if (piattaforma == QStringLiteral("offscreen") || piattaforma == QStringLiteral("minimal")) return;
+  if (senzaSchermo()) return;
   const MessaggioAvvio messaggio = messaggioAvvio(errore);
   QMessageBox box(QMessageBox::Critical, desktop::titled({}), QString());
   box.setTextFormat(Qt::PlainText);

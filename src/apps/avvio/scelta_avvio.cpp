@@ -1,5 +1,6 @@
 #include "apps/avvio/scelta_avvio.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -20,6 +21,7 @@ namespace {
 constexpr const char* kSezione = "MenuSettings";
 constexpr const char* kPercorsoDocumenti = "Path";
 constexpr std::int16_t kTestoChiave = 1368;
+constexpr int kRecenti = 8;
 
 Profilo::Database databaseDi(const QString& file) {
   Profilo::Database database;
@@ -42,6 +44,13 @@ void creaIntero(const QString& file, ContenutoArchivio contenuto) {
   }
   for (const char* coda : {"-wal", "-shm"}) QFile::remove(nuovo + QString::fromLatin1(coda));
   QFile::rename(nuovo, file);
+}
+
+// A path has separators of its own.
+QString chiaveAnno(const QString& database, std::int32_t azienda) {
+  const QByteArray impronta =
+      QCryptographicHash::hash(database.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
+  return QStringLiteral("avvio/anni/%1/%2").arg(QString::fromLatin1(impronta)).arg(azienda);
 }
 
 std::string chiave() { return TestiItaliani().text(kTestoChiave); }
@@ -71,10 +80,30 @@ void SceltaAvvio::ricorda() const {
   QSettings memoria;
   memoria.beginGroup(QStringLiteral("avvio"));
   memoria.setValue(QStringLiteral("database"), database);
+  if (!database.isEmpty()) {
+    QStringList recenti = memoria.value(QStringLiteral("recenti")).toStringList();
+    recenti.removeAll(database);
+    recenti.prepend(database);
+    memoria.setValue(QStringLiteral("recenti"), recenti.mid(0, kRecenti));
+  }
   memoria.setValue(QStringLiteral("azienda"), azienda);
   memoria.setValue(QStringLiteral("filiale"), filiale);
   memoria.setValue(QStringLiteral("utente"), utente);
   memoria.setValue(QStringLiteral("funzione"), funzione);
+}
+
+QStringList databaseRecenti() {
+  QStringList recenti = QSettings().value(QStringLiteral("avvio/recenti")).toStringList();
+  recenti.removeIf([](const QString& database) { return !QFile::exists(database); });
+  return recenti;
+}
+
+QString annoRicordato(const QString& database, std::int32_t azienda) {
+  return QSettings().value(chiaveAnno(database, azienda)).toString();
+}
+
+void ricordaAnno(const QString& database, std::int32_t azienda, const QString& anno) {
+  if (!anno.isEmpty()) QSettings().setValue(chiaveAnno(database, azienda), anno);
 }
 
 CartelleAvvio CartelleAvvio::delUtente() {
@@ -115,18 +144,23 @@ QString nomeNuovoArchivio(const QString& cartella) {
 std::vector<AziendaAvvio> aziendeDi(const QString& database) {
   const auto connessione = apriConnessione(databaseDi(database));
   Recordset righe;
-  righe.Open(
-      *connessione,
-      "SELECT Azienda.IDAzienda, Filiale.IDFiliale, Anagrafica.Anagrafica FROM Azienda INNER JOIN Anagrafica "
-      "ON Azienda.IDAnagrafica = Anagrafica.IDAnagrafica LEFT JOIN Filiale ON Filiale.IDAzienda = "
-      "Azienda.IDAzienda ORDER BY Anagrafica.Anagrafica, Filiale.IDFiliale");
+  righe.Open(*connessione,
+             "SELECT Azienda.IDAzienda, Filiale.IDFiliale, Anagrafica.Anagrafica, CASE WHEN "
+             "ISNULL(Anagrafica.CodiceFiscale, '') = '' THEN Anagrafica.PartitaIva ELSE "
+             "Anagrafica.CodiceFiscale END "
+             "AS CodFisc, (SELECT MAX(ContoIndividuale.Anno) FROM ContoIndividuale WHERE "
+             "ContoIndividuale.IDAzienda = "
+             "Azienda.IDAzienda) AS UltimoAnno FROM Azienda INNER JOIN Anagrafica "
+             "ON Azienda.IDAnagrafica = Anagrafica.IDAnagrafica LEFT JOIN Filiale ON Filiale.IDAzienda = "
+             "Azienda.IDAzienda ORDER BY Anagrafica.Anagrafica, Filiale.IDFiliale");
   std::vector<AziendaAvvio> aziende;
   for (; !righe.Eof(); righe.MoveNext()) {
     const auto azienda = static_cast<std::int32_t>(righe.Get(0).integer());
     bool nota = false;
     for (const AziendaAvvio& altra : aziende) nota = nota || altra.azienda == azienda;
     if (!nota) {
-      aziende.push_back({azienda, static_cast<std::int32_t>(righe.Get(1).integer()), righe.Get(2).toText()});
+      aziende.push_back({azienda, static_cast<std::int32_t>(righe.Get(1).integer()), righe.Get(2).toText(),
+                         righe.Get(3).toText(), righe.Get(4).toText()});
     }
   }
   return aziende;
@@ -136,7 +170,7 @@ Profilo profiloDi(const SceltaAvvio& scelta, const CartelleAvvio& cartelle) {
   QDir().mkpath(cartelle.documenti);
   QDir().mkpath(QFileInfo(cartelle.impostazioni).absolutePath());
   Profilo profilo;
-  profilo.file = "avvio";
+  profilo.file = kAvvioSenzaProfilo;
   profilo.sessione.utente = scelta.utente;
   profilo.sessione.azienda = scelta.azienda;
   profilo.sessione.filiale = scelta.filiale;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -21,6 +22,13 @@ struct SceltaAvvio {
   static SceltaAvvio ricordata();
   void ricorda() const;
 };
+
+// The databases of the last starts that still exist, the last one first.
+QStringList databaseRecenti();
+
+// The year with which a company was worked on last, as the user left it; empty for none.
+QString annoRicordato(const QString& database, std::int32_t azienda);
+void ricordaAnno(const QString& database, std::int32_t azienda, const QString& anno);
 
 // The folders of the current user.
 struct CartelleAvvio {
@@ -47,10 +55,14 @@ struct AziendaAvvio {
   std::int32_t azienda = 0;
   std::int32_t filiale = 0;
   std::string nome;
+  std::string codiceFiscale;  // or the VAT number
+  std::string ultimoAnno;     // with accounts; empty for none
 };
 // The companies of a database, by name; database errors propagate.
 std::vector<AziendaAvvio> aziendeDi(const QString& database);
 
+// The name of such a profile in messages.
+inline constexpr const char* kAvvioSenzaProfilo = "avvio";
 // The profile that the launcher would pass for the choice.
 Profilo profiloDi(const SceltaAvvio& scelta, const CartelleAvvio& cartelle);
 
