@@ -7,6 +7,8 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
 #include "apps/comune/connessioni.h"
@@ -133,6 +135,17 @@ TEST(Outlook, WarnsOfAFileThatExistsAndCountsTheCorrections) {
   const auto* const row = screen.window().findChild<QLabel*>(QStringLiteral("previsione.Attenzione"));
   ASSERT_NE(row, nullptr);
   EXPECT_TRUE(row->text().startsWith(QStringLiteral("⚠"))) << "not by colour alone";
+}
+
+TEST(Outlook, LeavesTheControlsTheirWidthOnASmallScreen) {
+  Screen screen;
+  screen.toEnd();
+  screen.window().resize(1024, 568);
+  settle();
+  EXPECT_TRUE(outlookOf(screen).isVisible());
+  for (const auto* area : screen.window().findChildren<QScrollArea*>()) {
+    if (area->isVisible()) EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0);
+  }
 }
 
 TEST(Outlook, OfAPrintNamesItsRowsAndWhereItGoes) {
