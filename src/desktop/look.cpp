@@ -97,14 +97,16 @@ class LinkInk : public QObject {
     set();
   }
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::ApplicationPaletteChange) set();
+    if (event->type() == QEvent::PaletteChange) set();
     return QObject::eventFilter(watched, event);
   }
 
  private:
   void set() {
+    const QColor link = QApplication::palette().color(QPalette::Link);
     QPalette palette = widget_.palette();
-    palette.setColor(QPalette::ButtonText, QApplication::palette().color(QPalette::Link));
+    if (palette.color(QPalette::ButtonText) == link) return;
+    palette.setColor(QPalette::ButtonText, link);
     widget_.setPalette(palette);
   }
   QWidget& widget_;
@@ -178,8 +180,7 @@ Colours rememberedColours() {
 
 int rememberedLetters() { return QSettings().value(kLettersKey, kNormalLetters).toInt(); }
 
-// The palette of an application reaches every widget by this event; a colour that a widget has set for itself
-// stays behind.
+// A colour that a widget has set for itself stays behind when the application's palette changes.
 void inkAsLink(QWidget& widget) { new LinkInk(widget); }
 
 bool dark() {

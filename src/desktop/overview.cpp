@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -95,7 +96,8 @@ void OutlookPanel::setFacts(const std::vector<Form::Fact>& facts) {
 
 // The warnings' ink is the program's, and follows its colours.
 bool OutlookPanel::event(QEvent* event) {
-  if (event->type() == QEvent::ApplicationPaletteChange) fill();
+  // The new palette is on its way to the labels, which are replaced afterwards.
+  if (event->type() == QEvent::PaletteChange) QTimer::singleShot(0, this, [this] { fill(); });
   return Section::event(event);
 }
 
