@@ -73,25 +73,25 @@ TEST(LongWork, TellsWhatRemains) {
   EXPECT_EQ(foot.words(), QStringLiteral("Stampa dei moduli: 120 di 20.000, ancora circa 2 minuti"));
 }
 
-QImage pictureOf(QWidget& widget) { return widget.grab().toImage(); }
+QImage pictureOfWidget(QWidget& widget) { return widget.grab().toImage(); }
 
 TEST(LongWork, ShowsItsButtonsAsOffWithoutMovingTheFocus) {
   Screen screen;
   QWidget& button = *screen.find<QWidget>("cmdNav(3)");
-  const QImage before = pictureOf(button);
+  const QImage before = pictureOfWidget(button);
   QImage meanwhile;
   screen.form().cmdOpzioni.onClick = [&] {
     screen.frontEnd().progress("Prova", 1, 2);
-    meanwhile = pictureOf(button);
+    meanwhile = pictureOfWidget(button);
     EXPECT_TRUE(button.isEnabled());
   };
   screen.click("cmdOpzioni");
   settle();
   EXPECT_NE(meanwhile, before);
-  EXPECT_EQ(pictureOf(button), before);
+  EXPECT_EQ(pictureOfWidget(button), before);
   EXPECT_EQ(screen.focus(), &screen.form().cmdOpzioni);
   button.setEnabled(false);
-  EXPECT_EQ(pictureOf(button), meanwhile);
+  EXPECT_EQ(pictureOfWidget(button), meanwhile);
   button.setEnabled(true);
 }
 

@@ -35,7 +35,7 @@ using desktop::look::Colours;
 
 constexpr double kReadable = 4.5;
 
-double luminance(const QColor& colour) {
+double luminanceOf(const QColor& colour) {
   const auto linear = [](double part) {
     return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
   };
@@ -43,8 +43,8 @@ double luminance(const QColor& colour) {
 }
 
 double contrastOf(const QColor& one, const QColor& other) {
-  const double a = luminance(one);
-  const double b = luminance(other);
+  const double a = luminanceOf(one);
+  const double b = luminanceOf(other);
   return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
