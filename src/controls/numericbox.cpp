@@ -50,10 +50,10 @@ void NumericBox::setLimits(Decimal min, Decimal max) {
 }
 
 void NumericBox::setNumber(Decimal number) {
-  const bool differs = number != number_;
+  const bool another = number != number_;
   number_ = number;
   show(shown(number));
-  if (differs && onChange) onChange();
+  if (another && onChange) onChange();
 }
 
 void NumericBox::leaving() {
