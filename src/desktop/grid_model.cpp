@@ -68,7 +68,8 @@ void GridModel::refresh() {
   if (columns_.empty()) return;
   const int last = static_cast<int>(columns_.size()) - 1;
   emit headerDataChanged(Qt::Horizontal, 0, last);
-  if (rowCount() > 0) emit dataChanged(index(0, 0), index(rowCount() - 1, last));
+  const int rows = rowsInView();
+  if (rows > 0) emit dataChanged(index(0, 0), index(rows - 1, last));
 }
 
 // A column or a state that is not there at present does not arrange anything, but stays wanted.
@@ -133,10 +134,9 @@ bool GridModel::held() const {
   return grid_ != nullptr && (!grid_->drawing() || grid_->rowCount() != static_cast<std::size_t>(rows_));
 }
 
-int GridModel::rowCount(const QModelIndex& parent) const {
-  if (parent.isValid()) return 0;
-  return inOrder_ ? rows_ : static_cast<int>(order_.size());
-}
+int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rowsInView(); }
+
+int GridModel::rowsInView() const { return inOrder_ ? rows_ : static_cast<int>(order_.size()); }
 
 int GridModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(columns_.size());

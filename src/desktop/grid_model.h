@@ -80,6 +80,7 @@ class GridModel : public QAbstractTableModel {
   const CellView& cell(int row, int column) const;
   QString textAt(int row, int column) const;
   bool readable(int row) const;
+  int rowsInView() const;
   Arrangement present() const;
   void order();
   // These take rows in view.
