@@ -42,16 +42,14 @@ std::string chiaveLetta(const intake::RigaLetta& letta) {
 
 // Of a row of a table that cannot be planned.
 std::optional<Decimal> lordoLetto(const intake::RigaLetta& letta) {
+  const CellView dato = letta.valore(ColonnaCompenso::Lordo);
+  if (!dato.isNull()) return dato.decimal();
   std::optional<Decimal> lordo;
-  const auto aggiungi = [&](ColonnaCompenso colonna) {
+  using enum ColonnaCompenso;
+  for (const ColonnaCompenso colonna : {Onorario, SommeNonSoggette, SommeRegimeConvenzionale}) {
     const CellView importo = letta.valore(colonna);
     if (!importo.isNull()) lordo = lordo.value_or(Decimal()) + importo.decimal();
-  };
-  aggiungi(ColonnaCompenso::Lordo);
-  if (lordo) return lordo;
-  aggiungi(ColonnaCompenso::Onorario);
-  aggiungi(ColonnaCompenso::SommeNonSoggette);
-  aggiungi(ColonnaCompenso::SommeRegimeConvenzionale);
+  }
   return lordo;
 }
 
