@@ -1,15 +1,11 @@
 // Boxes and dialogs answered by the user.
 
-#include <QFileDialog>
-#include <QFileIconProvider>
-#include <QHeaderView>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QRegularExpression>
-#include <QTreeView>
 
 #include "controls/form.h"
 #include "desktop/dialogs.h"
+#include "desktop/file_dialog.h"
 #include "desktop/form_window.h"
 #include "desktop/preview_dialog.h"
 #include "desktop/qt_front_end.h"
@@ -74,35 +70,6 @@ Answer escapeOf(BoxButtons buttons) {
       return Answer::Cancel;
   }
   return Answer::Cancel;
-}
-
-// The toolkit does not translate its names of file kinds.
-class Kinds : public QFileIconProvider {
- public:
-  QString type(const QFileInfo& file) const override {
-    if (file.isDir()) return QStringLiteral("Cartella");
-    return file.suffix().isEmpty() ? QStringLiteral("File")
-                                   : QStringLiteral("File ") + file.suffix().toUpper();
-  }
-};
-
-// The extension in a filter such as "File PDF (*.pdf)"; empty where it has none.
-QString endingOf(const QString& filter) {
-  static const QRegularExpression kPattern(QStringLiteral("\\*\\.(\\w+)"));
-  return kPattern.match(filter).captured(1);
-}
-
-// Wide enough to show captions and dates in full.
-void makeReadable(QFileDialog& dialog, Kinds& kinds) {
-  dialog.setIconProvider(&kinds);
-  auto* const details = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
-  if (details == nullptr) return;  // the desktop's own dialog
-  dialog.resize(820, 480);
-  QHeaderView& header = *details->header();
-  header.setStretchLastSection(false);
-  for (int column = 0; column < header.count(); ++column) {
-    header.setSectionResizeMode(column, column == 0 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
-  }
 }
 
 }  // namespace
@@ -177,11 +144,9 @@ bool QtFrontEnd::mayDrop(const Form& form, const std::string& lost) {
 }
 
 std::string QtFrontEnd::chooseFolder(const std::string& title, const std::optional<std::string>& start) {
-  Kinds kinds;  // outlives the dialog, which reads folders in a thread of its own
-  QFileDialog dialog(parentForDialog(), shown(title), shown(start.value_or(std::string())));
+  FileDialog dialog(parentForDialog(), shown(title), shown(start.value_or(std::string())));
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setOption(QFileDialog::ShowDirsOnly);
-  makeReadable(dialog, kinds);
   if (run(dialog) != QDialog::Accepted) return {};
   return utf8(dialog.selectedFiles().value(0));
 }
@@ -194,12 +159,8 @@ std::optional<PrinterChoice> QtFrontEnd::choosePrinter() {
 
 std::optional<std::string> QtFrontEnd::chooseFileToSave(const std::string& title, const std::string& start,
                                                         const std::string& filter) {
-  Kinds kinds;
-  QFileDialog dialog(parentForDialog(), shown(title), QString(), shown(filter));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  // The overwrite question then concerns the name actually written, with this extension.
-  dialog.setDefaultSuffix(endingOf(shown(filter)));
-  makeReadable(dialog, kinds);
+  FileDialog dialog(parentForDialog(), shown(title), QString(), shown(filter));
+  dialog.saves();
   if (!start.empty()) dialog.selectFile(shown(start));
   if (run(dialog) != QDialog::Accepted) return std::nullopt;
   return utf8(dialog.selectedFiles().value(0));

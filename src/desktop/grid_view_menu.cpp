@@ -2,12 +2,12 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QHeaderView>
 #include <QMenu>
 #include <algorithm>
 
 #include "controls/form.h"
+#include "desktop/file_dialog.h"
 #include "desktop/form_window.h"
 #include "desktop/frozen_columns.h"
 #include "desktop/grid_export.h"
@@ -134,20 +134,15 @@ void GridView::forgetColumns() {
 }
 
 void GridView::exportTable() {
-  QFileDialog dialog(table_, QStringLiteral("Esporta come tabella"), QString(),
-                     QStringLiteral("Foglio elettronico (*.xlsx);;Tabella CSV (*.csv)"));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(QStringLiteral("xlsx"));
-  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& kind) {
-    const bool text = kind.contains(QStringLiteral("*.csv"));
-    dialog.setDefaultSuffix(text ? QStringLiteral("csv") : QStringLiteral("xlsx"));
-  });
+  FileDialog dialog(table_, QStringLiteral("Esporta come tabella"), QString(),
+                    QStringLiteral("Foglio elettronico (*.xlsx);;Tabella CSV (*.csv)"));
+  dialog.saves();
   dialog.selectFile(QStringLiteral("righe.xlsx"));
   if (window().frontEnd().run(dialog) != QDialog::Accepted || !live()) return;
   const QString path = dialog.selectedFiles().value(0);
   window().frontEnd().runEvent([&] {
     writeTable(tableAsSeen(*this), path);
-    window().frontEnd().toldAfter(
+    window().frontEnd().toldAnew(
         utf8(QStringLiteral("Esportate %L1 righe in %2.").arg(model_.rowCount()).arg(path)));
   });
 }

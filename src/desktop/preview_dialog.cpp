@@ -1,6 +1,5 @@
 #include "desktop/preview_dialog.h"
 
-#include <QFileDialog>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -16,6 +15,7 @@
 #include <QStandardPaths>
 #include <algorithm>
 
+#include "desktop/file_dialog.h"
 #include "desktop/look.h"
 #include "desktop/page_output.h"
 #include "desktop/text.h"
@@ -31,12 +31,10 @@ constexpr const char* kThumbnails = "anteprima/miniature";
 QString fileFromUser(QWidget* parent, const QString& suggested) {
   QSettings settings;
   const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-  QFileDialog dialog(parent, QStringLiteral("Salva l'anteprima"),
-                     settings.value(QLatin1String(kFolder), documents).toString(),
-                     QStringLiteral("File PDF (*.pdf)"));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  // The overwrite question then concerns the name that is written.
-  dialog.setDefaultSuffix(QStringLiteral("pdf"));
+  FileDialog dialog(parent, QStringLiteral("Salva l'anteprima"),
+                    settings.value(QLatin1String(kFolder), documents).toString(),
+                    QStringLiteral("File PDF (*.pdf)"));
+  dialog.saves();
   dialog.selectFile(suggested);
   if (dialog.exec() != QDialog::Accepted) return {};
   settings.setValue(QLatin1String(kFolder), dialog.directory().absolutePath());

@@ -1,6 +1,5 @@
 // The profiles of the step of the columns.
 
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -10,6 +9,7 @@
 #include "apps/assistente/pagina_colonne.h"
 #include "apps/importazione/mappe_personali.h"
 #include "apps/strumenti/frase.h"
+#include "desktop/file_dialog.h"
 #include "suite/platform_file.h"
 
 namespace cu::assistente {
@@ -39,13 +39,13 @@ void PaginaColonne::componiSopra() {
     }
   });
   aggiungi("&Carica profilo…", "Usa le colonne e il modo di leggere di un profilo", [this] {
-    const QString scelto = QFileDialog::getOpenFileName(
-        this, QStringLiteral("Carica profilo"), strumenti::cartellaRicordata(kUsoProfili), kFiltroProfili);
+    const QString scelto = desktop::fileToOpen(this, QStringLiteral("Carica profilo"),
+                                               strumenti::cartellaRicordata(kUsoProfili), kFiltroProfili);
     if (!scelto.isEmpty()) caricaProfilo(scelto);
   });
   aggiungi("Salva pro&filo…", "Scrive le colonne e il modo di leggere in un file", [this] {
-    QString scelto = QFileDialog::getSaveFileName(this, QStringLiteral("Salva profilo"),
-                                                  strumenti::cartellaRicordata(kUsoProfili), kFiltroProfili);
+    QString scelto = desktop::fileToSave(this, QStringLiteral("Salva profilo"),
+                                         strumenti::cartellaRicordata(kUsoProfili), kFiltroProfili);
     if (scelto.isEmpty()) return;
     if (QFileInfo(scelto).suffix().isEmpty()) scelto += QStringLiteral(".toml");
     salvaProfilo(scelto);

@@ -1,6 +1,5 @@
 #include "apps/assistente/pagina_prova.h"
 
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -13,6 +12,7 @@
 #include "apps/importazione/righe_errate.h"
 #include "apps/strumenti/frase.h"
 #include "apps/strumenti/tabella_vista.h"
+#include "desktop/file_dialog.h"
 #include "suite/platform_file.h"
 #include "tabelle/scrittura.h"
 
@@ -212,11 +212,11 @@ void PaginaProva::chiediErrori() {
   QString scelto;
   if (file.size() == 1) {
     const QString nome = QFileInfo(qs(stato().file().at(file.front()).nome)).completeBaseName();
-    scelto = QFileDialog::getSaveFileName(this, QStringLiteral("Salva errori"),
-                                          cartella + u'/' + nome + QStringLiteral("-errori.csv"),
-                                          QStringLiteral("Testo (*.csv)"));
+    scelto = desktop::fileToSave(this, QStringLiteral("Salva errori"),
+                                 cartella + u'/' + nome + QStringLiteral("-errori.csv"),
+                                 QStringLiteral("Testo (*.csv)"));
   } else {
-    scelto = QFileDialog::getExistingDirectory(this, QStringLiteral("Cartella degli errori"), cartella);
+    scelto = desktop::folderToUse(this, QStringLiteral("Cartella degli errori"), cartella);
   }
   if (scelto.isEmpty()) return;
   const QFileInfo dove(scelto);
@@ -237,9 +237,9 @@ void PaginaProva::salvaResoconto(const QString& file) {
 
 void PaginaProva::chiediResoconto() {
   if (piano_ == nullptr) return;
-  QString scelto = QFileDialog::getSaveFileName(this, QStringLiteral("Salva resoconto"),
-                                                cartellaSalvati(0) + QStringLiteral("/resoconto.csv"),
-                                                QStringLiteral("Testo (*.csv);;JSON (*.json)"));
+  QString scelto = desktop::fileToSave(this, QStringLiteral("Salva resoconto"),
+                                       cartellaSalvati(0) + QStringLiteral("/resoconto.csv"),
+                                       QStringLiteral("Testo (*.csv);;JSON (*.json)"));
   if (scelto.isEmpty()) return;
   if (!fileDiResoconto(scelto.toStdString())) scelto += QStringLiteral(".csv");
   strumenti::ricordaCartella(kUsoSalvati, QFileInfo(scelto).absolutePath());

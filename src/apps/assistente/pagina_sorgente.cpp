@@ -1,6 +1,5 @@
 #include "apps/assistente/pagina_sorgente.h"
 
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -17,6 +16,7 @@
 #include "apps/strumenti/conteggi.h"
 #include "apps/strumenti/frase.h"
 #include "apps/strumenti/tabella_vista.h"
+#include "desktop/file_dialog.h"
 
 namespace cu::assistente {
 namespace {
@@ -210,7 +210,7 @@ void PaginaSorgente::mostra() {
 }
 
 void PaginaSorgente::sfoglia() {
-  const QStringList scelti = QFileDialog::getOpenFileNames(
+  const QStringList scelti = desktop::filesToOpen(
       this, QStringLiteral("File da importare"), strumenti::cartellaRicordata(kUso),
       QStringLiteral("Tabelle e fatture (*.csv *.tsv *.txt *.xlsx *.xml *.p7m *.zip);;Tutti i file (*)"));
   if (scelti.isEmpty()) return;
@@ -222,8 +222,8 @@ void PaginaSorgente::sfoglia() {
 }
 
 void PaginaSorgente::sfogliaCartella() {
-  const QString scelta = QFileDialog::getExistingDirectory(this, QStringLiteral("Cartella delle fatture"),
-                                                           strumenti::cartellaRicordata(kUso));
+  const QString scelta = desktop::folderToUse(this, QStringLiteral("Cartella delle fatture"),
+                                              strumenti::cartellaRicordata(kUso));
   if (scelta.isEmpty()) return;
   strumenti::ricordaCartella(kUso, scelta);
   stato().scegliFatture();
@@ -245,12 +245,12 @@ void PaginaSorgente::togli() {
 
 void PaginaSorgente::scriviModello() {
   const QString nome = qs(std::string(intake::nome(stato().elenco()))) + QStringLiteral(".xlsx");
-  const QString scelto = QFileDialog::getSaveFileName(
-      this, QStringLiteral("Modello vuoto"),
-      strumenti::cartellaRicordata(kUso,
-                                   QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) +
-          u'/' + nome,
-      QStringLiteral("Cartella di lavoro (*.xlsx);;Testo (*.csv)"));
+  const QString scelto =
+      desktop::fileToSave(this, QStringLiteral("Modello vuoto"),
+                          strumenti::cartellaRicordata(
+                              kUso, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) +
+                              u'/' + nome,
+                          QStringLiteral("Cartella di lavoro (*.xlsx);;Testo (*.csv)"));
   if (scelto.isEmpty()) return;
   try {
     scriviTabelle(scelto.toStdString(), modelloTabella(stato().elenco()));

@@ -1,6 +1,5 @@
 #include "apps/assistente/riquadro_date.h"
 
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -9,6 +8,7 @@
 
 #include "apps/strumenti/conteggi.h"
 #include "apps/strumenti/frase.h"
+#include "desktop/file_dialog.h"
 
 namespace cu::assistente {
 namespace {
@@ -84,7 +84,7 @@ void RiquadroDate::scelta(FontePagamento fonte) {
 void RiquadroDate::scegliTavola() {
   const auto& file = assistente_.file();
   const QString cartella = file.empty() ? QString() : QFileInfo(qs(file.front().percorso)).absolutePath();
-  const QString scelto = QFileDialog::getOpenFileName(
+  const QString scelto = desktop::fileToOpen(
       this, QStringLiteral("File delle date"), strumenti::cartellaRicordata(kUsoDate, cartella),
       QStringLiteral("Tabelle (*.csv *.tsv *.txt *.xlsx);;Tutti i file (*)"));
   if (scelto.isEmpty()) return;

@@ -3,7 +3,6 @@
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -22,6 +21,7 @@
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/strumenti/finestra.h"
 #include "apps/strumenti/strumenti.h"
+#include "desktop/file_dialog.h"
 #include "desktop/look_menu.h"
 #include "desktop/section.h"
 #include "desktop/text.h"
@@ -251,9 +251,9 @@ void FinestraAvvio::componiDatiPropri() {
 }
 
 void FinestraAvvio::nuovoArchivio() {
-  QString file = QFileDialog::getSaveFileName(
-      this, QStringLiteral("Nuovo archivio"), nomeNuovoArchivio(cartelle_.documenti),
-      QStringLiteral("Database (*.db)"), nullptr, QFileDialog::DontConfirmOverwrite);
+  QString file =
+      desktop::fileToSave(this, QStringLiteral("Nuovo archivio"), nomeNuovoArchivio(cartelle_.documenti),
+                          QStringLiteral("Database (*.db)"), false);
   if (file.isEmpty()) return;
   if (QFileInfo(file).suffix().isEmpty()) file += QStringLiteral(".db");
   try {
@@ -306,15 +306,14 @@ std::optional<Profilo> FinestraAvvio::profilo() const {
 }
 
 void FinestraAvvio::scegliDatabase() {
-  const QString scelto =
-      QFileDialog::getOpenFileName(this, QStringLiteral("Database"), database_,
-                                   QStringLiteral("Database (*.db *.sqlite);;Tutti i file (*)"));
+  const QString scelto = desktop::fileToOpen(this, QStringLiteral("Database"), database_,
+                                             QStringLiteral("Database (*.db *.sqlite);;Tutti i file (*)"));
   if (!scelto.isEmpty()) usaDatabase(scelto);
 }
 
 void FinestraAvvio::scegliDocumenti() {
   const QString scelta =
-      QFileDialog::getExistingDirectory(this, QStringLiteral("Documenti ministeriali"), documenti_->text());
+      desktop::folderToUse(this, QStringLiteral("Documenti ministeriali"), documenti_->text());
   if (!scelta.isEmpty()) documenti_->setText(scelta);
 }
 

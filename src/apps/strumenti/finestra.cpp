@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMessageBox>
@@ -17,6 +16,7 @@
 #include <utility>
 
 #include "apps/strumenti/conteggi.h"
+#include "desktop/file_dialog.h"
 #include "desktop/focus_ring.h"
 #include "lettura/valori.h"
 
@@ -200,9 +200,9 @@ QString scegliFile(QWidget* parent, const QString& titolo, const QString& vicino
   const QString cartella = vicino.isEmpty() ? cartellaRicordata(uso)
                            : questo.isDir() ? questo.absoluteFilePath()
                                             : questo.absolutePath();
-  QString scelto = QFileDialog::getOpenFileName(
-      parent, titolo, cartella,
-      QStringLiteral("File telematici (*.cur *.CUR *.ccf *.txt);;Tutti i file (*)"));
+  QString scelto =
+      desktop::fileToOpen(parent, titolo, cartella,
+                          QStringLiteral("File telematici (*.cur *.CUR *.ccf *.txt);;Tutti i file (*)"));
   if (!scelto.isEmpty()) ricordaCartella(uso, QFileInfo(scelto).absolutePath());
   return scelto;
 }

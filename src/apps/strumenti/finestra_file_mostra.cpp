@@ -2,7 +2,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -19,6 +18,7 @@
 #include "apps/strumenti/strumenti.h"
 #include "apps/strumenti/tabella_vista.h"
 #include "base/windows1252.h"
+#include "desktop/file_dialog.h"
 #include "desktop/page_view.h"
 #include "desktop/text.h"
 
@@ -296,10 +296,10 @@ void FinestraFile::confrontaConti() {
 
 void FinestraFile::esporta() {
   const QFileInfo questo(percorso_);
-  const QString dove = QFileDialog::getSaveFileName(
-      this, QStringLiteral("Esporta le certificazioni"),
-      questo.absolutePath() + u'/' + questo.completeBaseName() + QStringLiteral(".csv"),
-      QStringLiteral("Tabella CSV (*.csv);;Foglio elettronico (*.xlsx)"));
+  const QString dove =
+      desktop::fileToSave(this, QStringLiteral("Esporta le certificazioni"),
+                          questo.absolutePath() + u'/' + questo.completeBaseName() + QStringLiteral(".csv"),
+                          QStringLiteral("Tabella CSV (*.csv);;Foglio elettronico (*.xlsx)"));
   if (dove.isEmpty()) return;
   if (QFileInfo(dove) == questo) {
     mostraErrore(

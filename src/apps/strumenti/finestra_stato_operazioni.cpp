@@ -1,7 +1,6 @@
 // What the window of a year's state does.
 
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QPushButton>
 
@@ -13,6 +12,7 @@
 #include "apps/strumenti/frase.h"
 #include "apps/strumenti/strumenti.h"
 #include "desktop/dialogs.h"
+#include "desktop/file_dialog.h"
 #include "desktop/text.h"
 #include "suite/orologio.h"
 #include "suite/testi.h"
@@ -82,9 +82,9 @@ void FinestraStato::segnaInviato() {
 
 void FinestraStato::togliDalRegistro() {
   const QString uso = QStringLiteral("inviato");
-  const QString scelto = QFileDialog::getOpenFileName(
-      this, QStringLiteral("File che non verrà inviato"), cartellaRicordata(uso, cartellaDeiFile()),
-      QStringLiteral("File telematici (*.cur);;Tutti i file (*)"));
+  const QString scelto = desktop::fileToOpen(this, QStringLiteral("File che non verrà inviato"),
+                                             cartellaRicordata(uso, cartellaDeiFile()),
+                                             QStringLiteral("File telematici (*.cur);;Tutti i file (*)"));
   if (scelto.isEmpty()) return;
   ricordaCartella(uso, QFileInfo(scelto).absolutePath());
   togliDalRegistro(scelto);
@@ -121,9 +121,9 @@ void FinestraStato::togliDalRegistro(const QString& file) {
 
 void FinestraStato::leggiRicevuta() {
   const QString uso = QStringLiteral("ricevute");
-  const QString scelta = QFileDialog::getOpenFileName(
-      this, QStringLiteral("Leggi ricevuta"), cartellaRicordata(uso, qs(profilo_.documenti)),
-      QStringLiteral("Tabelle (*.csv *.xlsx);;Tutti i file (*)"));
+  const QString scelta = desktop::fileToOpen(this, QStringLiteral("Leggi ricevuta"),
+                                             cartellaRicordata(uso, qs(profilo_.documenti)),
+                                             QStringLiteral("Tabelle (*.csv *.xlsx);;Tutti i file (*)"));
   if (scelta.isEmpty()) return;
   ricordaCartella(uso, QFileInfo(scelta).absolutePath());
   risposta_->dici({});
@@ -167,8 +167,8 @@ void FinestraStato::registra(const std::shared_ptr<std::vector<riscontro::RigaRi
 
 void FinestraStato::scriviCorrezioni() {
   const QString uso = QStringLiteral("correzioni");
-  const QString cartella = QFileDialog::getExistingDirectory(
-      this, QStringLiteral("Cartella delle correzioni"), cartellaRicordata(uso, qs(profilo_.documenti)));
+  const QString cartella = desktop::folderToUse(this, QStringLiteral("Cartella delle correzioni"),
+                                                cartellaRicordata(uso, qs(profilo_.documenti)));
   if (cartella.isEmpty()) return;
   ricordaCartella(uso, cartella);
   risposta_->dici({});

@@ -1,0 +1,103 @@
+#include "desktop/file_dialog.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QAbstractItemModel>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QListView>
+#include <QMimeDatabase>
+
+#include "support/temp_folder.h"
+
+namespace cu::desktop {
+namespace {
+
+// Whether another process finds the file locked.
+bool lockedForOthers(const std::string& path) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const int file = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
+    struct flock asked {};
+    asked.l_type = F_WRLCK;
+    asked.l_whence = SEEK_SET;
+    const bool held = file >= 0 && ::fcntl(file, F_GETLK, &asked) == 0 && asked.l_type != F_UNLCK;
+    ::_exit(held ? 1 : 0);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  return WIFEXITED(status) && WEXITSTATUS(status) == 1;
+}
+
+class DialogBesideADatabase : public ::testing::Test {
+ protected:
+  DialogBesideADatabase() : database_(folder_.write("a.db", std::string("SQLite format 3") + '\0')) {
+    file_ = ::open(database_.c_str(), O_RDWR | O_CLOEXEC);
+    struct flock lock {};
+    lock.l_type = F_RDLCK;
+    lock.l_whence = SEEK_SET;
+    EXPECT_EQ(::fcntl(file_, F_SETLK, &lock), 0);
+    EXPECT_TRUE(lockedForOthers(database_));
+  }
+  ~DialogBesideADatabase() override { ::close(file_); }
+
+  // Until the dialog lists the database, and for a moment more.
+  static bool listed(QFileDialog& dialog) {
+    dialog.show();
+    QElapsedTimer since;
+    since.start();
+    bool seen = false;
+    while (since.elapsed() < (seen ? 500 : 10000)) {
+      QApplication::processEvents(QEventLoop::AllEvents, 20);
+      const auto* const list = dialog.findChild<QListView*>(QStringLiteral("listView"));
+      if (list == nullptr || seen || list->model()->rowCount(list->rootIndex()) == 0) continue;
+      seen = true;
+      since.restart();
+    }
+    return seen;
+  }
+
+  test::TempFolder folder_;
+  std::string database_;
+  int file_ = -1;
+};
+
+TEST_F(DialogBesideADatabase, LeavesItsLocks) {
+  FileDialog dialog(nullptr, QStringLiteral("Prova"), QString::fromStdString(folder_.path()));
+  ASSERT_TRUE(listed(dialog));
+  EXPECT_TRUE(lockedForOthers(database_));
+}
+
+// What the test would miss: a look into the file, as the toolkit takes one, does release them.
+TEST_F(DialogBesideADatabase, LooksIntoNoFileAsTheToolkitDoes) {
+  QMimeDatabase().mimeTypeForFile(QString::fromStdString(database_), QMimeDatabase::MatchContent);
+  EXPECT_FALSE(lockedForOthers(database_));
+}
+
+TEST(FileDialogs, NameKindsInItalian) {
+  const test::TempFolder folder;
+  const file_dialog::Kinds kinds;
+  EXPECT_EQ(kinds.type(QFileInfo(QString::fromStdString(folder.path()))), QStringLiteral("Cartella"));
+  EXPECT_EQ(kinds.type(QFileInfo(QStringLiteral("a.cur"))), QStringLiteral("File CUR"));
+  EXPECT_EQ(kinds.type(QFileInfo(QStringLiteral("a"))), QStringLiteral("File"));
+}
+
+TEST(FileDialogs, ProposeAFileInItsFolder) {
+  const test::TempFolder folder;
+  const QString place = QString::fromStdString(folder / "righe.csv");
+  FileDialog dialog(nullptr, QStringLiteral("Prova"), place,
+                    QStringLiteral("Foglio (*.xlsx);;Testo (*.csv)"));
+  dialog.saves();
+  EXPECT_EQ(dialog.directory().absolutePath(), QString::fromStdString(folder.path()));
+  EXPECT_EQ(dialog.selectedFiles(), QStringList{place});
+  EXPECT_EQ(dialog.defaultSuffix(), QStringLiteral("xlsx"));
+  dialog.selectNameFilter(QStringLiteral("Testo (*.csv)"));
+  emit dialog.filterSelected(dialog.selectedNameFilter());
+  EXPECT_EQ(dialog.defaultSuffix(), QStringLiteral("csv"));
+}
+
+}  // namespace
+}  // namespace cu::desktop
