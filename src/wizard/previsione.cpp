@@ -125,8 +125,10 @@ Form::Fact FrmWizard::rilieviPrevisti() const {
   mancanti.insert(mancanti.end(), previsione_->dati.mancanti.begin(), previsione_->dati.mancanti.end());
   std::string testo;
   if (!mancanti.empty()) {
-    testo = conta(mancanti.size(), "dato manca", "dati mancano") + ": Avvia li elenca e non crea il file. " +
-            "Il primo: " + mancanti.front().messaggio;
+    testo = conta(mancanti.size(), "dato manca", "dati mancano") +
+            (mancanti.size() == 1 ? ": Avvia lo segnala e non crea il file. "
+                                  : ": Avvia li elenca e non crea il file. Il primo: ") +
+            mancanti.front().messaggio;
     const std::string& chi = mancanti.front().denominazione;
     testo += chi.empty() ? "." : " (" + std::string(trim(chi)) + ").";
   }
@@ -139,9 +141,9 @@ Form::Fact FrmWizard::rilieviPrevisti() const {
                                            : "La data dell'impegno è dubbia: Avvia chiede conferma.";
   }
   if (testo.empty() && previsione_->illeggibile)
-    return {"Rilievi attesi", "ora non si possono leggere", true};
-  if (testo.empty()) return {"Rilievi attesi", "nessuno"};
-  return {"Rilievi attesi", testo, true};
+    return {"Controllo dei dati", "ora non si possono leggere", true};
+  if (testo.empty()) return {"Controllo dei dati", "nessun dato manca"};
+  return {"Controllo dei dati", testo, true};
 }
 
 std::vector<Form::Fact> FrmWizard::previsioneCU() {

@@ -22,8 +22,8 @@ bool manca(std::span<const CellView> celle) {
   return inBianco(celle[0]) || celle[0].text().front() == ' ' || inBianco(celle[1]);
 }
 
-// The gross is the sum of its addends and of the further modules. As loaded it also contains the refunded
-// expenses, which the editor leaves out.
+// The gross is the sum of its addends and of the further modules, unless it was corrected by itself. As
+// loaded it also contains the refunded expenses, which the editor leaves out.
 bool altriModuli(std::span<const CellView> celle) {
   Decimal resto = celle[0].decimal();
   for (const CellView& addendo : celle.subspan(2)) resto = resto - addendo.decimal();
@@ -31,10 +31,10 @@ bool altriModuli(std::span<const CellView> celle) {
 }
 
 RowState statoAltriModuli() {
-  RowState stato{.name = "Somme in altri moduli",
+  RowState stato{.name = "Altri moduli o lordo diverso",
                  .meaning =
-                     "L'ammontare lordo comprende somme di altri moduli. Un modulo senza somme non soggette "
-                     "non si vede da qui.",
+                     "L'ammontare lordo non è la somma delle caselle della riga: comprende somme di altri "
+                     "moduli, o è stato corretto. Un modulo senza somme non soggette non si vede da qui.",
                  .mark = RowMark::More,
                  .fields = {std::string(modello::kLordo), "SpeseRimborsate"},
                  .holds = altriModuli,

@@ -98,7 +98,7 @@ TEST(Outlook, SumsUpWhatStartWillDo) {
   EXPECT_EQ(predicted(screen, "Cartella"), screen.documents());
   EXPECT_EQ(predicted(screen, "Attenzione"), QString());
   EXPECT_EQ(predicted(screen, "Correzioni"), QStringLiteral("nessuna da memorizzare"));
-  EXPECT_EQ(predicted(screen, "Rilievi attesi"), QStringLiteral("nessuno"));
+  EXPECT_EQ(predicted(screen, "Controllo dei dati"), QStringLiteral("nessun dato manca"));
   EXPECT_EQ(predicted(screen, "Moduli"), QStringLiteral("%1 file PDF").arg(lines));
 }
 
@@ -109,11 +109,12 @@ TEST(Outlook, FollowsTheInputsOfTheStep) {
   EXPECT_EQ(predicted(screen, "Moduli"), QStringLiteral("un file PDF per tutte le righe"));
   screen.type("dtDataFirma", "");
   screen.click("optStampaTracciato(0)");
-  EXPECT_TRUE(predicted(screen, "Rilievi attesi").startsWith(QStringLiteral("1 dato manca: ")))
-      << predicted(screen, "Rilievi attesi").toStdString();
+  EXPECT_TRUE(predicted(screen, "Controllo dei dati")
+                  .startsWith(QStringLiteral("1 dato manca: Avvia lo segnala e non crea il file. ")))
+      << predicted(screen, "Controllo dei dati").toStdString();
   screen.type("dtDataFirma", "06032017");
   screen.click("optStampaTracciato(1)");
-  EXPECT_EQ(predicted(screen, "Rilievi attesi"),
+  EXPECT_EQ(predicted(screen, "Controllo dei dati"),
             QStringLiteral("La data della firma è futura: Avvia chiede conferma."));
 }
 

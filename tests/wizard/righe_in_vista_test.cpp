@@ -55,18 +55,19 @@ TEST_F(RigheInVista, SenzaProtocolloMancaUnoDeiDue) {
 }
 
 TEST_F(RigheInVista, AltriModuliQuandoIlLordoNonELaSommaDellaRiga) {
-  EXPECT_FALSE(in("Somme in altri moduli", {{"AmmontareLordo", euro(100)}, {"Imponibile", euro(100)}}));
-  EXPECT_TRUE(in("Somme in altri moduli", {{"AmmontareLordo", euro(150)}, {"Imponibile", euro(100)}}));
+  EXPECT_FALSE(
+      in("Altri moduli o lordo diverso", {{"AmmontareLordo", euro(100)}, {"Imponibile", euro(100)}}));
+  EXPECT_TRUE(in("Altri moduli o lordo diverso", {{"AmmontareLordo", euro(150)}, {"Imponibile", euro(100)}}));
   // The refunded expenses are in the gross as loaded, and no longer after a correction.
-  EXPECT_FALSE(in("Somme in altri moduli",
+  EXPECT_FALSE(in("Altri moduli o lordo diverso",
                   {{"AmmontareLordo", euro(130)}, {"Imponibile", euro(100)}, {"SpeseRimborsate", euro(30)}}));
-  EXPECT_FALSE(in("Somme in altri moduli",
+  EXPECT_FALSE(in("Altri moduli o lordo diverso",
                   {{"AmmontareLordo", euro(100)}, {"Imponibile", euro(100)}, {"SpeseRimborsate", euro(30)}}));
-  EXPECT_FALSE(in("Somme in altri moduli", {{"AmmontareLordo", euro(10)},
-                                            {"SommeRegimeConvenzionale", euro(1)},
-                                            {"SommeNonSoggetteARitenuta", euro(2)},
-                                            {"Imponibile", euro(3)},
-                                            {"QuotaProvvigioniNonSoggette", euro(4)}}));
+  EXPECT_FALSE(in("Altri moduli o lordo diverso", {{"AmmontareLordo", euro(10)},
+                                                   {"SommeRegimeConvenzionale", euro(1)},
+                                                   {"SommeNonSoggetteARitenuta", euro(2)},
+                                                   {"Imponibile", euro(3)},
+                                                   {"QuotaProvvigioniNonSoggette", euro(4)}}));
 }
 
 TEST_F(RigheInVista, DatiMancantiDiCodiceFiscaleECognome) {
