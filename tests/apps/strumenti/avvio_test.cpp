@@ -28,7 +28,7 @@ CartelleAvvio cartelleIn(const QTemporaryDir& cartella) {
 
 QMenu* menuDi(const FinestraAvvio& finestra) {
   for (auto* uno : finestra.findChildren<QPushButton*>()) {
-    if (uno->menu() != nullptr) return uno->menu();
+    if (uno->text().remove(u'&') == QStringLiteral("Strumenti")) return uno->menu();
   }
   return nullptr;
 }
