@@ -68,8 +68,8 @@ void GridModel::refresh() {
   if (columns_.empty()) return;
   const int last = static_cast<int>(columns_.size()) - 1;
   emit headerDataChanged(Qt::Horizontal, 0, last);
-  const int rows = rowsInView();
-  if (rows > 0) emit dataChanged(index(0, 0), index(rows - 1, last));
+  const int inView = rowsInView();
+  if (inView > 0) emit dataChanged(index(0, 0), index(inView - 1, last));
 }
 
 // A column or a state that is not there at present does not arrange anything, but stays wanted.

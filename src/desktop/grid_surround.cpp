@@ -112,7 +112,9 @@ void GridSurround::tellHidden(std::size_t hiddenChosen) {
 QString GridSurround::inView() const {
   if (!grid_.arrangement().filters()) return {};
   const GridModel& model = grid_.model();
-  QString text = QStringLiteral("%L1 righe su %L2").arg(model.rowCount()).arg(model.gridRows());
+  QString text = model.rowCount() == 1
+                     ? QStringLiteral("1 riga su %L1").arg(model.gridRows())
+                     : QStringLiteral("%L1 righe su %L2").arg(model.rowCount()).arg(model.gridRows());
   if (grid_.currentHidden()) text += QStringLiteral("; la riga corrente non è fra queste");
   if (outdated_ == 1)
     text += QStringLiteral("; una non risponde più al filtro: Invio nella casella lo riapplica");

@@ -127,7 +127,7 @@ int GridView::widthOf(int column) const {
   if (kept > 0) return kept;
   // A caption is never cut: its longest word fits, and the count of all rows.
   QString caption = shown(of.caption);
-  if (countOnly(caption)) caption = unbroken(QStringLiteral("[ %1 ]").arg(model_.rowCount()));
+  if (countOnly(caption)) caption = unbroken(QStringLiteral("[ %1 ]").arg(model_.gridRows()));
   int words = 0;
   for (const QString& word : caption.split(u' ')) {
     words = std::max(words, table_->horizontalHeader()->fontMetrics().horizontalAdvance(word) + 14);
@@ -221,6 +221,8 @@ void GridView::doubleClicked(int row) { openRow(formRow(row)); }
 
 void GridView::openRow(std::size_t row) {
   if (!live()) return;
+  // What was said of another row would be taken for this one's.
+  window().frontEnd().forgetFacts();
   act([this, row] {
     if (mayChoose(row)) grid_.doubleClick(row);
   });

@@ -293,6 +293,16 @@ void QtFrontEnd::toldAfter(const std::string& fact) {
   restFeet();
 }
 
+void QtFrontEnd::toldAnew(const std::string& fact) {
+  status_.begin();
+  toldAfter(fact);
+}
+
+void QtFrontEnd::forgetFacts() {
+  status_.begin();
+  stageEntered();
+}
+
 void QtFrontEnd::stageEntered() {
   status_.work();
   restFeet();

@@ -67,6 +67,9 @@ class QtFrontEnd : public FrontEnd {
   void told(const std::string& fact) override;
   // Reports a fact that was found after its event.
   void toldAfter(const std::string& fact);
+  // The same, of something that the user has just done: in place of all earlier facts.
+  void toldAnew(const std::string& fact);
+  void forgetFacts();
   void missing(Control& control) override { missing_ = &control; }
   // Shows a file that was made, or a folder.
   void showMade(const QString& path);

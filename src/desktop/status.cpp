@@ -53,6 +53,8 @@ QString Status::words() const {
     all += QStringLiteral("Creato %1.").arg(QFileInfo(first_).fileName());
   } else if (asked_ > 0 && files_.isEmpty()) {
     all += QStringLiteral("Nessuna stampa è stata scritta.");
+  } else if (asked_ == files_.size() && asked_ > 0) {
+    all += QStringLiteral("File di stampa creati: %L1.").arg(asked_);
   } else if (asked_ > 0) {
     all += QStringLiteral("File di stampa creati: %L1 su %L2.").arg(files_.size()).arg(asked_);
   }
