@@ -264,12 +264,21 @@ std::string PianoFatture::mancaNellaTavola(const Documento& sua,
   return manca;
 }
 
-// A payment is made by today; one before its document is unusual, which is said.
+// A payment is made by today; one before its document is unusual, which is said, and one a year before it a
+// mistake.
 bool PianoFatture::dataPossibile(RigaInCorso& corso, const Documento& sua, Date pagamento) const {
   const Date oggi = piano_.richiesta.oggi;
   if (oggi != Date() && oggi < pagamento) {
     corso.segnala(Codice::V01, ColonnaCompenso::DataPagamento,
                   "la data di pagamento " + pagamento.toItalian() + " è dopo oggi");
+    corso.riga().stato = StatoRiga::Errore;
+    return false;
+  }
+  constexpr std::int32_t kGiorniPrima = 366;
+  if (sua.letto.data != Date() && pagamento.serial() + kGiorniPrima < sua.letto.data.serial()) {
+    corso.segnala(Codice::V01, ColonnaCompenso::DataPagamento,
+                  "la data di pagamento " + pagamento.toItalian() +
+                      " è più di un anno prima di quella del documento, " + sua.letto.data.toItalian());
     corso.riga().stato = StatoRiga::Errore;
     return false;
   }

@@ -261,6 +261,13 @@ TEST(PianoFatture, ADateOfPaymentIsNoLaterThanToday) {
   EXPECT_EQ(Banco::stati(prima), "nuovo");
   EXPECT_THAT(Banco::messaggi(prima),
               Contains(HasSubstr("01/03/2017 è prima di quella del documento, 20/03/2017")));
+  banco.richiesta.fatture.giorno = giorno(2016, 3, 18);
+  const Piano molto = pianoDi(banco, {xmlDi(daRossi())});
+  EXPECT_EQ(Banco::stati(molto), "errore");
+  EXPECT_THAT(
+      Banco::messaggi(molto),
+      Contains(HasSubstr("V01 DataPagamento: la data di pagamento 18/03/2016 è più di un anno prima di "
+                         "quella del documento, 20/03/2017")));
 }
 
 TEST(PianoFatture, PaymentsOfOtherYearsAreLeftOut) {
