@@ -273,6 +273,17 @@ void PreviewDialog::keyPressEvent(QKeyEvent* event) {
     if (same) search_.step(event->modifiers().testFlag(Qt::ShiftModifier));
     return;
   }
+  // Esc takes back what is being typed before it closes the window.
+  if (event->key() == Qt::Key_Escape && wanted_->hasFocus() && !wanted_->text().isEmpty()) {
+    wanted_->clear();
+    return;
+  }
+  const QString here = QString::number(page() + 1);
+  if (event->key() == Qt::Key_Escape && number_->hasFocus() && number_->text() != here) {
+    number_->setText(here);
+    number_->selectAll();
+    return;
+  }
   // A box that is being typed into keeps its keys, whether it uses them or not.
   const bool typing = (wanted_->hasFocus() || number_->hasFocus()) && !event->text().isEmpty();
   if (typing || !pages_->key(event->key())) QDialog::keyPressEvent(event);

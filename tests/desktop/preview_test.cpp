@@ -193,6 +193,25 @@ TEST(Preview, SaysWhenNothingIsFoundAndForgetsAnEmptySearch) {
   EXPECT_FALSE(shown.says(QStringLiteral("Nessuna corrispondenza")));
 }
 
+TEST(Preview, EscTakesBackWhatIsTypedBeforeItCloses) {
+  Previewed shown(12);
+  QLineEdit& number = shown.box("Pagina");
+  number.setFocus();
+  number.selectAll();
+  QTest::keyClicks(&number, "7");
+  QTest::keyClick(&number, Qt::Key_Escape);
+  EXPECT_TRUE(shown.dialog->isVisible());
+  EXPECT_EQ(number.text(), QStringLiteral("1"));
+  QLineEdit& wanted = shown.box("Cerca nelle pagine");
+  wanted.setFocus();
+  QTest::keyClicks(&wanted, "rossi");
+  QTest::keyClick(&wanted, Qt::Key_Escape);
+  EXPECT_TRUE(shown.dialog->isVisible());
+  EXPECT_EQ(wanted.text(), QString());
+  QTest::keyClick(&wanted, Qt::Key_Escape);
+  EXPECT_FALSE(shown.dialog->isVisible());
+}
+
 TEST(Preview, FindsInTheTextsWhereTheyAreShown) {
   Previewed shown(5);
   shown.dialog->view().setAsText(true);
