@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <algorithm>
 
 #include "apps/strumenti/conteggi.h"
 #include "apps/strumenti/frase.h"
@@ -152,8 +153,12 @@ QString RiquadroDate::dettiAnni() const {
   std::size_t senza = 0;
   const auto pagamenti = pagamentiMostrati(*piano);
   for (std::size_t i = 0; i < pagamenti.size(); ++i) {
-    const bool manca = pagamenti[i].origine == PagamentoMostrato::Origine::Manca;
-    if (manca && piano->righe[i].stato == intake::StatoRiga::DaDecidere) ++senza;
+    if (pagamenti[i].origine != PagamentoMostrato::Origine::Manca) continue;
+    // A row that waits for its reason has not looked for its date yet.
+    const intake::RigaPiano& riga = piano->righe[i];
+    const bool manca = std::any_of(riga.messaggi.begin(), riga.messaggi.end(),
+                                   [](const auto& uno) { return uno.codice == intake::Codice::R12; });
+    if (manca && riga.stato == intake::StatoRiga::DaDecidere) ++senza;
   }
   if (senza > 0) {
     righe += QStringLiteral(
