@@ -234,7 +234,7 @@ std::size_t GridView::rowBeside(int step) const {
   return current < 0 ? 0 : formRow(current + step);
 }
 
-std::size_t GridView::formRow(int row) const { return static_cast<std::size_t>(model_.gridRow(row) + 1); }
+std::size_t GridView::formRow(int row) const { return static_cast<std::size_t>(model_.gridRow(row)) + 1; }
 
 std::vector<std::uint32_t> GridView::highlightedRows() const {
   std::vector<std::uint32_t> rows;
@@ -253,6 +253,7 @@ std::vector<std::size_t> GridView::highlighted() const {
   const std::vector<std::uint32_t> rows = highlightedRows();
   if (rows.size() < 2) return {};
   std::vector<std::size_t> positions;
+  positions.reserve(rows.size());
   for (const std::uint32_t row : rows) positions.push_back(row + std::size_t{1});
   return positions;
 }

@@ -9,6 +9,7 @@
 #include <QTranslator>
 #include <QWidget>
 #include <algorithm>
+#include <cmath>
 
 #include "desktop/clear_style.h"
 #include "desktop/icons.h"
@@ -158,7 +159,7 @@ void setLetters(int percent) {
   if (font.pointSizeF() > 0) {
     font.setPointSizeF(font.pointSizeF() * scale);
   } else {
-    font.setPixelSize(static_cast<int>(font.pixelSize() * scale + 0.5));
+    font.setPixelSize(static_cast<int>(std::lround(font.pixelSize() * scale)));
   }
   QApplication::setFont(font);
 }

@@ -49,8 +49,8 @@ const char* nomeUscita(int uscita) {
   return "";
 }
 
-std::string intervallo(const std::string& da, const std::string& a) {
-  if (da.empty() && a.empty()) return "tutti";
+std::string intervallo(const std::string& da, const std::string& a, const char* tutto) {
+  if (da.empty() && a.empty()) return tutto;
   if (da.empty()) return "fino a " + a;
   return a.empty() ? "da " + da : da == a ? da : "da " + da + " a " + a;
 }
@@ -182,8 +182,8 @@ std::vector<Form::Fact> FrmWizard::previsioneStampa() {
   const std::string& a = scelti.perCodice ? scelti.codiceA : scelti.descrizioneA;
   return {{"Stampa", WizPrint.report()},
           {"Anno", anni.empty() ? "tutti" : anni},
-          {"Percipienti", intervallo(da, a)},
-          {"Causali", intervallo(scelti.causaleDa, scelti.causaleA)},
+          {"Percipienti", intervallo(da, a, "tutti")},
+          {"Causali", intervallo(scelti.causaleDa, scelti.causaleA, "tutte")},
           {"Uscita", nomeUscita(WizPrint.output())}};
 }
 

@@ -58,6 +58,7 @@ void RiquadroScelta::mostra(const std::vector<Voce>& voci, std::optional<int> co
 
 std::vector<RiquadroScelta::Voce> vociDi(const std::vector<intake::Candidato>& candidati, bool ancheNuovo) {
   std::vector<RiquadroScelta::Voce> voci;
+  voci.reserve(candidati.size() + 1);
   for (const intake::Candidato& uno : candidati) voci.emplace_back(qs(uno.testo), uno.id);
   if (ancheNuovo && !voci.empty())
     voci.emplace_back(QStringLiteral("nessuno di questi: un percipiente nuovo"), 0);
