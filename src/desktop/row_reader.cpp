@@ -12,6 +12,7 @@ constexpr std::size_t kMostFields = 8;  // that a state reads
 
 std::vector<std::size_t> placesOf(const Columns& columns, const std::vector<std::string>& fields) {
   std::vector<std::size_t> found;
+  found.reserve(fields.size());
   for (const std::string& field : fields) found.push_back(columns.find(field));
   return found;
 }

@@ -53,7 +53,7 @@ QToolButton* RowSteps::button(int step) {
   made->setFocusPolicy(Qt::NoFocus);
   made->setPopupMode(QToolButton::MenuButtonPopup);
   auto* menu = new QMenu(made);
-  const auto add = [&](const char* through, QKeySequence keys, Through how) {
+  const auto add = [&](const char* through, const QKeySequence& keys, Through how) {
     QAction* const action = menu->addAction(QString::fromUtf8(through) + row);
     action->setShortcut(keys);
     action->setToolTip(action->text() + u' ' + u'(' + keys.toString(QKeySequence::NativeText) + u')');

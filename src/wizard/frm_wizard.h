@@ -34,6 +34,13 @@ namespace cu {
 // The kind of a transition between steps.
 enum class Direzione { Salto = 0, Indietro = 1, Avanti = 2 };
 
+// What the run would do with the lines, as the last step was entered.
+struct PrevisioneAvvio {
+  fornitura::Riepilogo riepilogo;
+  fornitura::DatiPrevisti dati;
+  bool illeggibile = false;  // the data could not be read
+};
+
 // The wizard's only main window: three frames of content, of which the run mode decides which are walked. Its
 // controls have the names of the system; the routines are in the files of their subjects.
 class FrmWizard : public Form, public per_chiamanti::DiFrmWizard<FrmWizard> {
@@ -221,13 +228,7 @@ class FrmWizard : public Form, public per_chiamanti::DiFrmWizard<FrmWizard> {
   GrigliaCompensi vista_;
 
   std::optional<fornitura::DatiPrevisti> azienda_;  // the company alone
-  // Of the lines, as the last step was entered.
-  struct Previsione {
-    fornitura::Riepilogo riepilogo;
-    fornitura::DatiPrevisti dati;
-    bool illeggibile = false;  // the data could not be read
-  };
-  std::optional<Previsione> previsione_;
+  std::optional<PrevisioneAvvio> previsione_;
 
   std::int16_t nPassoCorrente = 0;
   bool bAvviaAbilitato = false;

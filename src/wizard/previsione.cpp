@@ -70,7 +70,7 @@ const fornitura::DatiPrevisti& FrmWizard::azienda() {
 }
 
 std::string FrmWizard::anniScelti() const {
-  const std::string da = KRNCboEsCont0.text();
+  std::string da = KRNCboEsCont0.text();
   const std::string a = KRNCboEsCont1.text();
   if (modo() != ModoCorsa::ContiIndividuali || da == a || a.empty()) return da;
   return da.empty() ? "fino al " + a : da + " - " + a;
