@@ -43,7 +43,7 @@ std::string azione(const Proposta& proposta, const std::string& nome) {
   return parole + ')';
 }
 
-// The specification of an option or an argument: 'names[explanation]:type:action'.
+// How an option or an argument is described: 'names[explanation]:type:action'.
 std::string specifica(const CLI::Option& opzione, const std::string& programma) {
   const bool molti = opzione.get_items_expected_max() > 1;
   const std::string valore =
