@@ -10,18 +10,13 @@
 #include "desktop/frozen_columns.h"
 #include "desktop/grid_drawing.h"
 #include "desktop/grid_view.h"
+#include "desktop/table_style.h"
 #include "desktop/whole_text.h"
 
 namespace cu::desktop {
 
 GridTable::GridTable(GridView& view, QWidget* parent) : QTableView(parent), view_(view) {
-  setSelectionBehavior(QAbstractItemView::SelectRows);
-  setSelectionMode(QAbstractItemView::ExtendedSelection);
-  setTabKeyNavigation(false);
-  setAlternatingRowColors(true);
-  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-  setWordWrap(false);
-  setCornerButtonEnabled(false);
+  styleRows(*this);
   setHorizontalHeader(new WrappedHeader(this));
   setItemDelegate(new CellPainter(this));
   tellWhole(*this);

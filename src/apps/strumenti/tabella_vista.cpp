@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "desktop/grid_drawing.h"
+#include "desktop/table_style.h"
 #include "desktop/whole_text.h"
 
 namespace cu::strumenti {
@@ -116,13 +117,7 @@ Tabella::Tabella(const QString& nome, const QString& detta, std::vector<Colonna>
   setAccessibleName(detta);
   filtro_->setSourceModel(modello_);
   setModel(filtro_);
-  setSelectionBehavior(QAbstractItemView::SelectRows);
-  setSelectionMode(QAbstractItemView::ExtendedSelection);
-  setTabKeyNavigation(false);
-  setAlternatingRowColors(true);
-  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-  setWordWrap(false);
-  setCornerButtonEnabled(false);
+  desktop::styleRows(*this);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
