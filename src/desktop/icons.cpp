@@ -1,11 +1,11 @@
 #include "desktop/icons.h"
 
 #include <QPainter>
+#include <QSvgRenderer>
 #include <cmath>
 #include <string_view>
 
 #include "desktop/icon_files.h"
-#include "desktop/svg_picture.h"
 
 namespace cu::desktop {
 namespace {
@@ -45,22 +45,27 @@ QByteArray drawingOf(Picture picture) {
   return {};
 }
 
-}  // namespace
-
-QPixmap pixmapOf(Picture picture, int side, double ratio) {
-  const int dots = static_cast<int>(std::ceil(side * ratio));
+QPixmap drawn(QSvgRenderer& drawing, int dots) {
   QPixmap pixmap(dots, dots);
   pixmap.fill(Qt::transparent);
   QPainter painter(&pixmap);
-  drawSvg(painter, drawingOf(picture), QSizeF(dots, dots));
-  painter.end();
+  drawing.render(&painter);
+  return pixmap;
+}
+
+}  // namespace
+
+QPixmap pixmapOf(Picture picture, int side, double ratio) {
+  QSvgRenderer drawing(drawingOf(picture));
+  QPixmap pixmap = drawn(drawing, static_cast<int>(std::ceil(side * ratio)));
   pixmap.setDevicePixelRatio(ratio);
   return pixmap;
 }
 
 QIcon iconOf(Picture picture) {
+  QSvgRenderer drawing(drawingOf(picture));
   QIcon icon;
-  for (const int side : kIconSides) icon.addPixmap(pixmapOf(picture, side));
+  for (const int side : kIconSides) icon.addPixmap(drawn(drawing, side));
   return icon;
 }
 
