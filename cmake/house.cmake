@@ -65,7 +65,7 @@ endfunction()
 # thousand rows spends its time in. Cold ones run once for a command or a click, or wait for a library; without
 # optimisation they compile in two thirds of the time of the others, which have a little.
 set(hot_rooms base data modello worklist telematic_engine telematic lettura)
-set(cold_rooms toml suite gestione automation apps_versione apps_comune apps_esame apps_importazione apps_importa apps_strumenti
+set(cold_rooms toml platform suite gestione automation apps_versione apps_comune apps_esame apps_importazione apps_importa apps_strumenti
                apps_assistente apps_avvio)
 
 # Headers are most of the compiled code: a target compiled as one file reads them once. A change then recompiles the

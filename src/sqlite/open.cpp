@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "base/text.h"
+#include "platform/owner_only.h"
 #include "sqlite/errors.h"
 #include "sqlite/own_functions.h"
 
@@ -44,11 +45,12 @@ std::string inGuillemets(const std::string& path) { return "«" + path + "»"; }
       "Il database " + inGuillemets(path) + " è di sola lettura. Verificare i permessi del file.");
 }
 
-void examine(const std::string& path, bool create) {
+// Returns whether the file is to be created.
+bool examine(const std::string& path, bool create) {
   std::error_code error;
   const std::filesystem::file_status status = std::filesystem::status(path, error);
   if (status.type() == std::filesystem::file_type::not_found) {
-    if (create) return;
+    if (create) return true;
     unavailable(SQLITE_CANTOPEN, "Il database " + inGuillemets(path) +
                                      " non esiste. Correggere l'indirizzo nel profilo, o crearlo con "
                                      "«cuctl create --database sqlite:" +
@@ -66,6 +68,7 @@ void examine(const std::string& path, bool create) {
                 "Il database " + inGuillemets(path) + " non si può leggere. Verificare i permessi del file.");
   }
   if (!allows(path, true)) readOnly(path);
+  return false;
 }
 
 // Raises the engine's error on opening, with the file's name and the remedy.
@@ -114,14 +117,18 @@ DatabaseHandle openFile(const std::string& path, bool create) {
   static const int counting = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
   static_cast<void>(counting);
   const bool memory = path == ":memory:";
-  if (!memory) examine(path, create);
+  const bool isNew = !memory && examine(path, create);
   sqlite3* raw = nullptr;
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
   // A file name that looks like a URI is still a file name.
   const std::string name = path.starts_with("file:") ? "./" + path : path;
+  // The engine gives the files next to a database the mode that the database has. An error here is one of its
+  // own, too, which it explains.
+  if (isNew) createOwnerOnlyFile(name);
   const int code = sqlite3_open_v2(name.c_str(), &raw, flags, nullptr);
   DatabaseHandle database(raw);
   if (code != SQLITE_OK) explain(raw, path);
+  if (isNew) restrictToOwner(name);  // the engine has created what a link named
   sqlite3_extended_result_codes(raw, 1);
   sqlite3_busy_timeout(raw, kPatience);
   sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);

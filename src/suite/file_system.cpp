@@ -101,7 +101,7 @@ void FileSystemPiattaforma::copy(const std::string& from, const std::string& to)
 }
 
 void FileSystemPiattaforma::replace(const std::string& path, std::string_view content) {
-  replaceFile(path, content);
+  replaceFile(path, content, NewFile::OwnerOnly);
 }
 
 std::string FileSystemPiattaforma::readAll(const std::string& path) {

@@ -17,6 +17,7 @@ class FileSystemPiattaforma : public FileSystem {
   bool canWrite(const std::string& path) override;
   void createFolder(const std::string& path) override;
   void copy(const std::string& from, const std::string& to) override;
+  // Settings: a new file is its owner's alone, an existing one keeps its mode.
   void replace(const std::string& path, std::string_view content) override;
   std::string readAll(const std::string& path) override;
   void remove(const std::string& path) override;

@@ -37,10 +37,7 @@ std::string comeTesto(const toml::node& valore) {
 
 void creaCartella(const std::string& file) {
   const auto cartella = std::filesystem::path(file).parent_path();
-  if (cartella.empty()) return;
-  std::error_code errore;
-  std::filesystem::create_directories(cartella, errore);
-  if (errore) throw fileError(errore.value(), cartella.string());
+  if (!cartella.empty()) createFolders(cartella.string());
 }
 
 }  // namespace

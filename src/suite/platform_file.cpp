@@ -11,6 +11,7 @@
 #include <filesystem>
 
 #include "base/text.h"
+#include "platform/owner_only.h"
 
 namespace cu {
 namespace {
@@ -50,11 +51,17 @@ Meaning meaning(int systemCode) {
   }
 }
 
-Descriptor openFile(const std::string& path, int flags) {
+mode_t modeOf(NewFile readers) {
+  constexpr mode_t kAsUsual = 0666;
+  constexpr mode_t kOwnerOnly = 0600;
+  return readers == NewFile::OwnerOnly ? kOwnerOnly : kAsUsual;
+}
+
+Descriptor openFile(const std::string& path, int flags, NewFile readers) {
   if (path.find('\0') != std::string::npos) throw fileError(EINVAL, path);
   int number = -1;
   do {
-    number = ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, 0666);
+    number = ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, modeOf(readers));
   } while (number < 0 && errno == EINTR);
   if (number < 0) throw fileError(errno, path);
   return Descriptor(number);
@@ -72,7 +79,8 @@ void syncFolder(const std::string& file) {
 // A new file next to `path`: it replaces `path` when it is complete, otherwise it is deleted.
 class Substitute {
  public:
-  explicit Substitute(const std::string& path) : target_(followed(path)), file_(create()) {
+  explicit Substitute(const std::string& path, NewFile readers)
+      : target_(followed(path)), file_(create(modeOf(readers))) {
     struct stat before {};
     if (::stat(target_.c_str(), &before) == 0) {
       // Where the mode cannot be copied the file keeps the default mode.
@@ -105,12 +113,12 @@ class Substitute {
     const auto target = std::filesystem::canonical(path, error);
     return error ? path : target.string();
   }
-  Descriptor create() {
+  Descriptor create(mode_t mode) {
     static std::atomic<unsigned> count{0};
     if (target_.empty() || target_.find('\0') != std::string::npos) throw fileError(ENOENT, target_);
     for (int attempt = 0; attempt < kNumberOfTries; ++attempt) {
       name_ = target_ + "." + fromInteger(::getpid()) + "-" + fromInteger(++count) + ".tmp";
-      const int number = ::open(name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+      const int number = ::open(name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
       if (number >= 0) return Descriptor(number);
       if (errno != EEXIST && errno != EINTR) break;
     }
@@ -156,24 +164,29 @@ int Descriptor::close() {
   return ::close(number) == 0 || errno == EINTR ? 0 : errno;
 }
 
-Descriptor openForWriting(const std::string& path) { return openFile(path, O_WRONLY | O_CREAT | O_TRUNC); }
-Descriptor openForAppending(const std::string& path) { return openFile(path, O_WRONLY | O_CREAT | O_APPEND); }
+Descriptor openForWriting(const std::string& path, NewFile readers) {
+  return openFile(path, O_WRONLY | O_CREAT | O_TRUNC, readers);
+}
+Descriptor openForAppending(const std::string& path, NewFile readers) {
+  return openFile(path, O_WRONLY | O_CREAT | O_APPEND, readers);
+}
 
-void replaceFile(const std::string& path, std::string_view content) {
-  Substitute substitute(path);
+void replaceFile(const std::string& path, std::string_view content, NewFile readers) {
+  Substitute substitute(path, readers);
   substitute.write(content);
   substitute.takePlace();
 }
 
-void replaceFileInPieces(const std::string& path, const std::function<void(const PieceWriter&)>& make) {
-  Substitute substitute(path);
+void replaceFileInPieces(const std::string& path, const std::function<void(const PieceWriter&)>& make,
+                         NewFile readers) {
+  Substitute substitute(path, readers);
   make([&](std::string_view piece) { substitute.write(piece); });
   substitute.takePlace();
 }
 
 void copyFile(const std::string& from, const std::string& to) {
-  const Descriptor source = openFile(from, O_RDONLY);
-  Substitute substitute(to);
+  const Descriptor source = openFile(from, O_RDONLY, NewFile::AsUsual);
+  Substitute substitute(to, NewFile::AsUsual);
   std::string block(std::size_t{1} << 18, '\0');
   for (;;) {
     const ssize_t step = ::read(source.number(), block.data(), block.size());
@@ -183,6 +196,10 @@ void copyFile(const std::string& from, const std::string& to) {
     substitute.write(std::string_view(block.data(), static_cast<std::size_t>(step)));
   }
   substitute.takePlace();
+}
+
+void createFolders(const std::string& path) {
+  if (const int code = createOwnerOnlyFolder(path)) throw fileError(code, path);
 }
 
 bool canCreateFile(const std::string& folder) {
@@ -202,7 +219,7 @@ bool canOpenFile(const std::string& path) {
   return true;
 }
 
-FileLock::FileLock(const std::string& path) : file_(openForAppending(path)) {
+FileLock::FileLock(const std::string& path) : file_(openForAppending(path, NewFile::OwnerOnly)) {
   while (::flock(file_.number(), LOCK_EX) != 0) {
     if (errno != EINTR) throw fileError(errno, path);
   }

@@ -35,15 +35,26 @@ class Descriptor {
   int number_;
 };
 
-Descriptor openForWriting(const std::string& path);  // creates or truncates the file
-Descriptor openForAppending(const std::string& path);
+// Who can read a file that is created. An existing file keeps its mode.
+enum class NewFile {
+  AsUsual,    // whom the user's umask permits: files that are handed on
+  OwnerOnly,  // files that the program keeps, or that are about people and not meant for others
+};
+
+// Creates or truncates the file.
+Descriptor openForWriting(const std::string& path, NewFile readers = NewFile::AsUsual);
+Descriptor openForAppending(const std::string& path, NewFile readers = NewFile::AsUsual);
 
 // Atomic: the file on the disk has the whole new content, or keeps the old one.
-void replaceFile(const std::string& path, std::string_view content);
+void replaceFile(const std::string& path, std::string_view content, NewFile readers = NewFile::AsUsual);
 // The same for a content that is made in pieces: `make` passes each of them on.
 using PieceWriter = std::function<void(std::string_view)>;
-void replaceFileInPieces(const std::string& path, const std::function<void(const PieceWriter&)>& make);
+void replaceFileInPieces(const std::string& path, const std::function<void(const PieceWriter&)>& make,
+                         NewFile readers = NewFile::AsUsual);
 void copyFile(const std::string& from, const std::string& to);
+
+// Creates the folder, and those above it that are missing, for their owner alone.
+void createFolders(const std::string& path);
 
 // Tests by creating a file and deleting it at once: access rights alone are not conclusive for a network's or
 // a read-only disk.

@@ -11,10 +11,12 @@
 namespace cu {
 
 // The trace of statements: one JSON string per line, written to the disk before the statement runs. The
-// constructor empties the file. Raises FileError when it cannot be written: a trace with gaps would mislead.
+// constructor empties the file; a new one is its owner's alone, because statements have values. Raises
+// FileError when it cannot be written: a trace with gaps would mislead.
 class TracciaSql {
  public:
-  explicit TracciaSql(const std::string& path) : path_(path), file_(openForWriting(path)) {}
+  explicit TracciaSql(const std::string& path)
+      : path_(path), file_(openForWriting(path, NewFile::OwnerOnly)) {}
   void scrivi(std::string_view istruzione);
 
  private:

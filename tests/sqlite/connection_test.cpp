@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "files_support.h"
+#include "support/umask.h"
 
 namespace cu::sqlite::test {
 namespace {
@@ -42,6 +43,32 @@ TEST_F(Files, AFolderThatDoesNotExistCannotHoldANewDatabase) {
   EXPECT_THAT(error.what(),
               HasSubstr("non si può aprire. Verificare i permessi del file e della sua cartella, e che "
                         "sul disco ci sia spazio."));
+}
+
+// The engine's own files next to the database have names that end in these.
+TEST_F(Files, ANewDatabaseAndTheFilesNextToItAreTheirOwnersAlone) {
+  for (const mode_t mask : {mode_t{0}, mode_t{022}}) {
+    const cu::test::Umask umask(mask);
+    const std::string path = folder_ / ("con-umask-" + std::to_string(mask));
+    const auto connection = SqliteConnection::create(path);
+    creaSchema(*connection);
+    for (const char* end : {"", "-wal", "-shm"}) EXPECT_EQ(cu::test::modeOf(path + end), 0600U) << end;
+  }
+}
+
+TEST_F(Files, ANewDatabaseThroughALinkIsItsOwnersAlone) {
+  const cu::test::Umask umask(0);
+  std::filesystem::create_symlink(folder_ / "vero.db", folder_ / "link.db");
+  creaSchema(*SqliteConnection::create(folder_ / "link.db"));
+  EXPECT_EQ(cu::test::modeOf(folder_ / "vero.db"), 0600U);
+}
+
+TEST_F(Files, AnExistingDatabaseKeepsItsMode) {
+  creaSchema(*SqliteConnection::create(folder_ / "suite.db"));
+  std::filesystem::permissions(folder_ / "suite.db", std::filesystem::perms{0640});
+  SqliteConnection::create(folder_ / "suite.db");
+  SqliteConnection::open(folder_ / "suite.db");
+  EXPECT_EQ(cu::test::modeOf(folder_ / "suite.db"), 0640U);
 }
 
 TEST_F(Files, WhatIsNotTheSuitesHasNothingOfIt) {

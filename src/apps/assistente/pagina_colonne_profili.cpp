@@ -77,7 +77,7 @@ void PaginaColonne::caricaProfilo(const QString& percorso) {
 void PaginaColonne::salvaProfilo(const QString& percorso) {
   strumenti::ricordaCartella(kUsoProfili, QFileInfo(percorso).absolutePath());
   try {
-    replaceFile(percorso.toStdString(), scriviMappa(stato().profilo(file())));
+    replaceFile(percorso.toStdString(), scriviMappa(stato().profilo(file())), NewFile::OwnerOnly);
     risposta_->dici(QStringLiteral("✓ Scritto il profilo %1.").arg(percorso));
   } catch (const std::exception& guasto) {
     mostraErrore(QString::fromUtf8(guasto.what()));

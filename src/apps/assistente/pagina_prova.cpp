@@ -187,7 +187,8 @@ void PaginaProva::salvaErrori(const QString& cartellaOFile) {
       QString percorso = cartellaOFile;
       if (dove.isDir())
         percorso += u'/' + QFileInfo(qs(suo.nome)).completeBaseName() + QStringLiteral("-errori.csv");
-      replaceFile(percorso.toStdString(), tabelle::scriviCsv(righeErrate(*piano_, quale, *suo.tabella)));
+      replaceFile(percorso.toStdString(), tabelle::scriviCsv(righeErrate(*piano_, quale, *suo.tabella)),
+                  NewFile::OwnerOnly);
       scritti += percorso;
     }
     risposta_->dici(

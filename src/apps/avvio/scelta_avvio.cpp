@@ -11,6 +11,7 @@
 #include "archive/archivio.h"
 #include "base/error.h"
 #include "data/recordset.h"
+#include "platform/owner_only.h"
 #include "suite/file_system.h"
 #include "suite/impostazioni.h"
 #include "suite/testi.h"
@@ -54,6 +55,10 @@ QString chiaveAnno(const QString& database, std::int32_t azienda) {
 }
 
 std::string chiave() { return TestiItaliani().text(kTestoChiave); }
+
+void creaCartellaImpostazioni(const CartelleAvvio& cartelle) {
+  createOwnerOnlyFolder(QFileInfo(cartelle.impostazioni).absolutePath().toStdString());
+}
 
 template <class Uso>
 auto conImpostazioni(const CartelleAvvio& cartelle, const Uso& uso) {
@@ -122,7 +127,7 @@ QString CartelleAvvio::databaseDimostrativo() const { return dati + QStringLiter
 void preparaDimostrativo(const CartelleAvvio& cartelle) {
   const QString file = cartelle.databaseDimostrativo();
   if (QFile::exists(file)) return;
-  QDir().mkpath(cartelle.dati);
+  createOwnerOnlyFolder(cartelle.dati.toStdString());
   creaIntero(file, ContenutoArchivio::Dimostrativo);
 }
 
@@ -168,7 +173,7 @@ std::vector<AziendaAvvio> aziendeDi(const QString& database) {
 
 Profilo profiloDi(const SceltaAvvio& scelta, const CartelleAvvio& cartelle) {
   QDir().mkpath(cartelle.documenti);
-  QDir().mkpath(QFileInfo(cartelle.impostazioni).absolutePath());
+  creaCartellaImpostazioni(cartelle);
   Profilo profilo;
   profilo.file = kAvvioSenzaProfilo;
   profilo.sessione.utente = scelta.utente;
@@ -194,7 +199,7 @@ QString cartellaMinisteriale(const CartelleAvvio& cartelle) {
 }
 
 void salvaCartellaMinisteriale(const CartelleAvvio& cartelle, const QString& cartella) {
-  QDir().mkpath(QFileInfo(cartelle.impostazioni).absolutePath());
+  creaCartellaImpostazioni(cartelle);
   conImpostazioni(cartelle, [&](Settings& impostazioni) {
     impostazioni.set(chiave(), kSezione, kPercorsoDocumenti, cartella.toStdString());
     return 0;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <sstream>
 #include <utility>
 
@@ -167,9 +166,9 @@ std::optional<MappaFattureTrovata> cercaMappaFatture(const std::string& cartella
 }
 
 std::string salvaMappaFatture(const std::string& cartella, const MappaFatture& mappa) {
-  std::filesystem::create_directories(cartella);
+  createFolders(cartella);
   std::string file = cartella + '/' + std::string(kFormato) + '-' + mappa.azienda + ".toml";
-  replaceFile(file, scriviMappaFatture(mappa));
+  replaceFile(file, scriviMappaFatture(mappa), NewFile::OwnerOnly);
   return file;
 }
 

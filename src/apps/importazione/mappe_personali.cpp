@@ -94,10 +94,10 @@ std::optional<MappaTrovata> cercaMappa(const std::string& cartella, intake::Elen
 
 std::string salvaMappa(const std::string& cartella, const Mappa& mappa) {
   constexpr std::size_t kCifreNelNome = 16;
-  fs::create_directories(cartella);
+  createFolders(cartella);
   std::string file = cartella + '/' + std::string(intake::nome(mappa.elenco)) + '-' +
                      mappa.impronta.substr(0, kCifreNelNome) + std::string(kEstensione);
-  replaceFile(file, scriviMappa(mappa));
+  replaceFile(file, scriviMappa(mappa), NewFile::OwnerOnly);
   return file;
 }
 

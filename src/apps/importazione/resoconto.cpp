@@ -88,9 +88,10 @@ bool fileDiResoconto(const std::string& file) {
 
 void scriviResoconto(const std::string& file, const Piano& piano, const EsitoImportazione& esito) {
   if (finisceCosi(file, ".json")) {
-    replaceFileInPieces(file, [&](const PieceWriter& scrivi) { resocontoJson(piano, esito, scrivi); });
+    replaceFileInPieces(
+        file, [&](const PieceWriter& scrivi) { resocontoJson(piano, esito, scrivi); }, NewFile::OwnerOnly);
   } else {
-    replaceFile(file, resocontoCsv(piano));
+    replaceFile(file, resocontoCsv(piano), NewFile::OwnerOnly);
   }
 }
 
