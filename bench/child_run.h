@@ -20,6 +20,7 @@ using Arguments = std::vector<std::string>;
 struct Cost {
   double seconds = 1e9;
   double mebibytes = 0;
+  double processor = 0;  // seconds, of the program and of the system for it
 };
 
 inline Cost run(const Arguments& arguments) {
@@ -41,6 +42,10 @@ inline Cost run(const Arguments& arguments) {
     ::wait4(child, &status, 0, &usage);
   });
   if (status != 0) throw std::runtime_error("has failed: " + arguments.front() + " " + arguments[1]);
+  const auto inSeconds = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+  };
+  cost.processor = inSeconds(usage.ru_utime) + inSeconds(usage.ru_stime);
   cost.mebibytes = static_cast<double>(usage.ru_maxrss) / 1024;
   return cost;
 }

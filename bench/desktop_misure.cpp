@@ -22,6 +22,7 @@
 #include "desktop/qt_front_end.h"
 #include "desktop/row_reader.h"
 #include "misura.h"
+#include "reporting/pdf_reports.h"
 
 namespace cu::bench {
 namespace {
@@ -158,7 +159,7 @@ void measure(const fs::path& folder, int payees) {
   const Profilo profile = profileOf(folder, "grande.db");
   creaArchivio(*creaConnessione(profile.database), ContenutoArchivio::Sintetico, {payees, 2016, 2016, 1});
   desktop::QtFrontEnd screen;
-  Impianto all(profile, screen);
+  Impianto all(profile, screen, PdfReports::crea);
   all.programma().main();
   FrmWizard& wizard = *all.programma().wizard();
   const auto click = [&](Button& button) {

@@ -43,6 +43,14 @@ else()
   endif()
 endif()
 
+# Whether the prints are a library of their own, which the command line program loads when it prints.
+set(CU_PRINTS_APART OFF)
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND NOT CU_SANITIZE AND NOT CU_FUZZ AND NOT CU_COVERAGE)
+  set(CU_PRINTS_APART ON)
+endif()
+# The rooms behind the prints.
+set(printing_rooms base data host controls modello toml reporting)
+
 # The rooms measured by CU_COVERAGE: the core.
 set(measured_rooms base data host controls modello lettura worklist telematic_engine telematic printing fornitura riscontro editors wizard)
 
@@ -126,6 +134,13 @@ function(cu_room name)
       cu_in_one_piece(${name} HEADERS COLD)
     else()
       cu_in_one_piece(${name} HEADERS ROOMS)
+    endif()
+    if(CU_PRINTS_APART AND name IN_LIST printing_rooms AND NOT CU_BUILT_ONCE)
+      # For a library; what a function of the program calls is known all the same.
+      set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+      if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        target_compile_options(${name} PRIVATE -fno-semantic-interposition)
+      endif()
     endif()
     if(CU_BUILT_ONCE AND name IN_LIST cold_rooms)
       target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O0>)

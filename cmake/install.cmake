@@ -1,11 +1,15 @@
-# What is installed beside the programs, and where (GNUInstallDirs). Nothing of it is required to run cuctl; the window
-# finds its guide relative to itself, so that a whole prefix can be moved.
+# What is installed beside the programs, and where (GNUInstallDirs). The programs
+# find what they need relative to themselves, so that a whole prefix can be moved.
 
 set(CU_GUIDE_DIR ${CMAKE_INSTALL_DATADIR}/cuwizard)
 set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
                                                 WORLD_READ WORLD_EXECUTE)
 
 install(TARGETS cuctl cuwizard RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+# The library of cuctl's prints, at its place relative to the program.
+if(CU_PRINTS_APART)
+  install(TARGETS cuwizard_stampe LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/cuwizard)
+endif()
 
 # The desktop.
 set(desktop ${CMAKE_SOURCE_DIR}/data/desktop)

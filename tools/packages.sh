@@ -5,7 +5,8 @@ packages=(
   build-essential cmake ninja-build ccache git ca-certificates
   nlohmann-json3-dev libcli11-dev libtomlplusplus-dev
   libsqlite3-dev unixodbc-dev tdsodbc
-  qt6-base-dev qt6-svg-dev qt6-translations-l10n libxlsxwriter-dev libzip-dev libssl-dev fonts-dejavu-core
+  qt6-base-dev qt6-svg-dev qt6-translations-l10n libxlsxwriter-dev libzip-dev libssl-dev libexpat1-dev libutf8proc-dev
+  fonts-dejavu-core
   libpoppler-qt6-dev pkg-config
 )
 test_packages=(libgtest-dev libgmock-dev python3 clang-tidy postgresql odbc-postgresql poppler-utils cppcheck)

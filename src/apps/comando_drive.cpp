@@ -4,6 +4,7 @@
 #include "apps/comune/impianto_gestione.h"
 #include "automation/driver.h"
 #include "comandi.h"
+#include "stampe.h"
 
 namespace cu {
 namespace {
@@ -63,7 +64,7 @@ int comandoDrive(const OpzioniDrive& opzioni) {
   const Profilo profilo = leggiProfilo(file);
   if (opzioni.inizio == kInizioArchivi) return guidaGestione(profilo);
   Driver driver(std::cin, std::cout);
-  Impianto impianto(profilo, driver);
+  Impianto impianto(profilo, driver, impaginatoreDelProgramma);
   driver.setRunContext([&] { return contesto(impianto.programma().globali()); });
   switch (driver.drive([&] { impianto.programma().main(); })) {
     case Driver::Outcome::EntryFailed:

@@ -9,6 +9,7 @@
 #include "comandi.h"
 #include "esito.h"
 #include "host/testi_programma.h"
+#include "stampe.h"
 #include "telematic/lettura.h"
 
 namespace cu {
@@ -57,7 +58,7 @@ int comandoMake(const OpzioniMake& opzioni) {
   const Profilo profilo = leggiProfilo(opzioni.profilo);
   Terminale terminale;
   terminale.passaAvvisi = opzioni.passaAvvisi;
-  Surroundings surroundings(profilo, terminale);
+  Surroundings surroundings(profilo, terminale, impaginatoreDelProgramma);
   SessioneComando sessione(surroundings, terminale);
   std::optional<fornitura::FileScritto> scritto;
   DopoScrittura dopo;

@@ -4,6 +4,7 @@
 #include "comandi.h"
 #include "esito.h"
 #include "host/testi_programma.h"
+#include "stampe.h"
 
 namespace cu {
 namespace {
@@ -27,7 +28,7 @@ int comandoPrint(const OpzioniPrint& opzioni) {
   const Profilo profilo = leggiProfilo(opzioni.profilo);
   Terminale terminale;
   terminale.fileDaSalvare = opzioni.file;
-  Surroundings surroundings(profilo, terminale);
+  Surroundings surroundings(profilo, terminale, impaginatoreDelProgramma);
   SessioneComando sessione(surroundings, terminale);
   sessione.esegui([&] {
     const auto esito =

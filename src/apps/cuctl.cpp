@@ -1,10 +1,14 @@
 // The command line program.
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
 #include <csignal>
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <optional>
+#include <string_view>
 
 #include "apps/comune/argomenti.h"
 #include "apps/esame/comandi_esame.h"
@@ -251,33 +255,81 @@ void aggiungiCompletion(CLI::App& programma, Esecuzione& esegui) {
   });
 }
 
+constexpr const char* kDescrizione = "Certificazione Unica e stampe dei compensi, senza finestra";
 constexpr const char* kDoveAiuto = "\nPer l'aiuto: cuctl --help, cuctl COMANDO --help\n";
 
-int eseguiProgramma(int quanti, char** argomenti) {
-  CLI::App programma("Certificazione Unica e stampe dei compensi, senza finestra", "cuctl");
+// The commands in the order of the help; each adds its definition, or those of one kind.
+struct VoceComando {
+  std::string_view nome;
+  void (*aggiungi)(CLI::App& programma, Esecuzione& esegui);
+};
+constexpr auto kComandi = std::to_array<VoceComando>({
+    {"check", aggiungiCheck},
+    {"create", aggiungiCreate},
+    {"drive", aggiungiDrive},
+    {"make", aggiungiMake},
+    {"print", aggiungiPrint},
+    {"inspect", aggiungiInspect},
+    {"validate", aggiungiValidate},
+    {"diff", aggiungiDiff},
+    {"verify", aggiungiVerify},
+    {"sent", aggiungiSent},
+    {"receipt", aggiungiReceipt},
+    {"status", aggiungiStatus},
+    {"correct", aggiungiCorrect},
+    {"discard", aggiungiDiscard},
+    {"upgrade", aggiungiUpgrade},
+    {"import", aggiungiImport},
+    {"export", aggiungiExport},
+    {"template", aggiungiTemplate},
+});
+
+void descriviProgramma(CLI::App& programma) {
   parlaItaliano(programma);
   aggiungiVersione(programma, [] { return testoVersione("cuctl"); });
   programma.require_subcommand(1);
+}
+
+// What a correct line asks for, by the definition of its command alone: to define them all takes longer than
+// many a command. nullopt for any other line; what there is to say of it is said with all commands.
+std::optional<Esecuzione> dellaSolaRiga(int quanti, char** argomenti) {
+  if (quanti < 2) return std::nullopt;
+  const auto* const voce = std::find_if(kComandi.begin(), kComandi.end(),
+                                        [&](const VoceComando& una) { return una.nome == argomenti[1]; });
+  if (voce == kComandi.end()) return std::nullopt;
+  CLI::App programma(kDescrizione, "cuctl");
+  descriviProgramma(programma);
   Esecuzione esegui;
-  aggiungiCheck(programma, esegui);
-  aggiungiCreate(programma, esegui);
-  aggiungiDrive(programma, esegui);
-  aggiungiMake(programma, esegui);
-  aggiungiPrint(programma, esegui);
-  aggiungiInspect(programma, esegui);
-  aggiungiValidate(programma, esegui);
-  aggiungiDiff(programma, esegui);
-  aggiungiVerify(programma, esegui);
-  aggiungiSent(programma, esegui);
-  aggiungiReceipt(programma, esegui);
-  aggiungiStatus(programma, esegui);
-  aggiungiCorrect(programma, esegui);
-  aggiungiDiscard(programma, esegui);
-  aggiungiUpgrade(programma, esegui);
-  aggiungiImport(programma, esegui);
-  aggiungiExport(programma, esegui);
-  aggiungiTemplate(programma, esegui);
-  aggiungiCompletion(programma, esegui);
+  voce->aggiungi(programma, esegui);
+  try {
+    programma.parse(quanti, argomenti);
+    rifiutaVuoti(programma);
+  } catch (const CLI::Error&) {
+    return std::nullopt;
+  }
+  return esegui;
+}
+
+int eseguiLavoro(const Esecuzione& lavoro) {
+  try {
+    return lavoro();
+  } catch (const ErroreProfilo& errore) {
+    std::cerr << errore.what() << '\n';
+    return kUsoSbagliato;
+  }
+}
+
+int eseguiProgramma(int quanti, char** argomenti) {
+  if (const auto lavoro = dellaSolaRiga(quanti, argomenti)) return eseguiLavoro(*lavoro);
+  if (quanti == 2 && std::string_view(argomenti[1]) == "--version") {
+    std::cout << testoVersione("cuctl") << std::endl;
+    return kRiuscito;
+  }
+  CLI::App programma(kDescrizione, "cuctl");
+  descriviProgramma(programma);
+  Esecuzione lavoro;
+  for (const VoceComando& voce : kComandi) voce.aggiungi(programma, lavoro);
+  aggiungiCompletion(programma, lavoro);
   try {
     programma.parse(quanti, argomenti);
     rifiutaVuoti(programma);
@@ -293,12 +345,7 @@ int eseguiProgramma(int quanti, char** argomenti) {
     std::cerr << "cuctl: " << erroreUso(programma, errore) << kDoveAiuto;
     return kUsoSbagliato;
   }
-  try {
-    return esegui();
-  } catch (const ErroreProfilo& errore) {
-    std::cerr << errore.what() << '\n';
-    return kUsoSbagliato;
-  }
+  return eseguiLavoro(lavoro);
 }
 
 }  // namespace

@@ -27,6 +27,7 @@
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/window_memory.h"
+#include "reporting/pdf_reports.h"
 #include "suite/orologio.h"
 #include "suite/profilo.h"
 #include "uso.h"
@@ -108,7 +109,7 @@ void ricordaAnnoDi(const Profilo& profilo, ModMain& programma) {
 
 int avvia(const Profilo& profilo) {
   desktop::QtFrontEnd schermo(cartellaGuida(QString::fromStdString(profilo.sessione.cartellaGuida)));
-  Impianto impianto(profilo, schermo, [&](const FileCreato& file, Connection& connessione) {
+  Impianto impianto(profilo, schermo, PdfReports::crea, [&](const FileCreato& file, Connection& connessione) {
     controllaFile(file, connessione, profilo, schermo);
   });
   schermo.onAllClosed = [&] {

@@ -1,8 +1,8 @@
 #include "fatture/lettura_fattura.h"
 
-#include <QXmlStreamReader>
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <optional>
 #include <utility>
 
@@ -11,6 +11,7 @@
 #include "fatture/campi_fattura.h"
 #include "fatture/errore.h"
 #include "fatture/testo_xml.h"
+#include "xml/lettore_eventi.h"
 
 namespace cu::fatture {
 namespace {
@@ -39,9 +40,16 @@ constexpr auto kRadici = std::to_array<Radice>({
     {"FileMetadati", Genere::Metadati, "metadati di un file"},
 });
 
-std::string localeDi(QStringView nome) {
-  const qsizetype due = nome.lastIndexOf(QLatin1Char(':'));
-  return nome.mid(due + 1).toUtf8().toStdString();
+std::string localeDi(std::string_view nome) { return std::string(nome.substr(nome.rfind(':') + 1)); }
+
+// The bytes of a text in their order.
+xml::LettoreEventi::Sorgente byteDi(std::string_view testo) {
+  return [resto = testo](char* dove, std::size_t quanti) mutable {
+    const std::string_view ora = resto.substr(0, quanti);
+    if (!ora.empty()) std::memcpy(dove, ora.data(), ora.size());
+    resto.remove_prefix(ora.size());
+    return ora.size();
+  };
 }
 
 // A text as it is compared and shown: blanks at its ends are not part of it, line ends within it are blanks.
@@ -62,41 +70,45 @@ std::string ripulito(std::string_view testo) {
 
 class LettoreFattura {
  public:
-  LettoreFattura(Letto& letto, const QString& testo, const Limiti& limiti)
-      : letto_(letto), limiti_(limiti), xml_(testo) {
-    // Prefixes without a declaration, and names of namespaces that are none, occur in documents that were
-    // accepted.
-    xml_.setNamespaceProcessing(false);
+  // Prefixes without a declaration, and names of namespaces that are none, occur in documents that were
+  // accepted.
+  LettoreFattura(Letto& letto, std::string_view utf8, const Limiti& limiti)
+      : letto_(letto), limiti_(limiti), xml_(byteDi(utf8), xml::Spazi::UnoAUno, "UTF-8") {
     stato_.posto.file = letto.nome;
   }
 
   void leggi() {
-    while (!xml_.atEnd() && !finito_) {
-      switch (xml_.readNext()) {
-        case QXmlStreamReader::DTD:
-          errore("F04", "Il documento ha una definizione di tipo (DTD), che non è ammessa");
-        case QXmlStreamReader::StartElement:
+    bool altro = true;
+    while (altro && !finito_) {
+      switch (xml_.avanza()) {
+        case xml::Segno::Inizio:
           inizio();
           break;
-        case QXmlStreamReader::EndElement:
+        case xml::Segno::Fine:
           fine();
           break;
-        case QXmlStreamReader::Characters:
+        case xml::Segno::Testo:
           caratteri();
           break;
-        case QXmlStreamReader::EntityReference:
-          errore("F03", "Il documento usa un'entità che non è definita");
-        default:
+        case xml::Segno::FineDocumento:
+          altro = false;
           break;
+        case xml::Segno::Dtd:
+          errore("F04", "Il documento ha una definizione di tipo (DTD), che non è ammessa");
+        case xml::Segno::EntitaIgnota:
+          errore("F03", "Il documento usa un'entità che non è definita");
+        case xml::Segno::Incompleto:
+          errore("F03", "Il documento è incompleto: la fine manca");
+        case xml::Segno::Malformato:
+          errore("F03", "Il documento XML è malformato");
       }
     }
-    if (xml_.hasError()) malformato();
     concludi();
   }
 
  private:
   void qui() {
-    stato_.posto.riga = static_cast<std::size_t>(xml_.lineNumber());
+    stato_.posto.riga = xml_.riga();
     stato_.posto.elemento.clear();
   }
   [[noreturn]] void errore(const char* codice, const std::string& testo) {
@@ -104,16 +116,11 @@ class LettoreFattura {
     stato_.posto.elemento = percorso_.substr(percorso_.rfind('/') + 1);
     throw ErroreFattura(codice, stato_.posto, testo);
   }
-  [[noreturn]] void malformato() {
-    errore("F03", xml_.error() == QXmlStreamReader::PrematureEndOfDocumentError
-                      ? "Il documento è incompleto: la fine manca"
-                      : "Il documento XML è malformato");
-  }
 
   void inizio() {
     if (++profondita_ > limiti_.profondita) errore("F05", "Gli elementi sono troppo annidati");
     if (++elementi_ > limiti_.elementi) errore("F05", "Il documento ha troppi elementi");
-    const std::string nome = localeDi(xml_.name());
+    const std::string nome = localeDi(xml_.nome());
     if (profondita_ == 1) return radice(nome);
     estremi_.push_back(percorso_.size());
     if (!percorso_.empty()) percorso_ += '/';
@@ -143,7 +150,7 @@ class LettoreFattura {
 
   void caratteri() {
     if (salto_ > 0 || !raccoglie_) return;
-    testo_ += xml_.text().toUtf8().toStdString();
+    testo_ += xml_.testo();
     if (testo_.size() > limiti_.testo) errore("F05", "Un testo del documento è troppo lungo");
   }
 
@@ -217,7 +224,7 @@ class LettoreFattura {
 
   Letto& letto_;
   const Limiti& limiti_;
-  QXmlStreamReader xml_;
+  xml::LettoreEventi xml_;
   InLettura stato_;
   std::string percorso_;              // below the root
   std::vector<std::size_t> estremi_;  // its length before each of its names
@@ -243,7 +250,7 @@ Letto leggiFattura(std::string_view byte, const std::string& nome, const Limiti&
     letto.sha256Contenuto = sha256(busta.contenuto);
     if (busta.contenuto.size() > limiti.byte)
       throw ErroreFattura("F05", posto, "Il documento è troppo grande");
-    const QString testo = testoXml(busta.contenuto, posto);
+    const std::string testo = testoXml(busta.contenuto, posto);
     std::string().swap(busta.contenuto);
     LettoreFattura(letto, testo, limiti).leggi();
     if (letto.genere == Genere::Altro)

@@ -4,10 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "controls/frontend.h"
-#include "host/clock.h"
-#include "host/filesystem.h"
-#include "host/report.h"
+#include "impaginazione/impaginazione.h"
 
 namespace cu {
 
@@ -17,14 +14,6 @@ class RunReadings;
 struct DefinitionFile;
 }  // namespace reporting
 
-// The surroundings of the reports, which outlive them.
-struct ReportSurroundings {
-  FrontEnd& frontEnd;
-  FileSystem& files;
-  const Clock& clock;
-  std::string creator;  // the program's name in the files
-};
-
 // The engine that lays reports out and writes them: PDF, printer, spreadsheet. Definitions are read once, at
 // the first print. Not thread-safe; creates the toolkit's application object on the calling thread where
 // there is none.
@@ -32,19 +21,21 @@ struct ReportSurroundings {
 // A run writes to the full path that was set; code 0 writes a table for a spreadsheet, the others a PDF.
 // FileError and DatabaseError propagate; the engine's own errors (reporting/report_error.h) have texts for
 // the user.
-class PdfReports {
+class PdfReports final : public Impaginatore {
  public:
   // Uses the definitions embedded in the program.
   explicit PdfReports(const ReportSurroundings& surroundings);
   PdfReports(const ReportSurroundings& surroundings, std::vector<reporting::DefinitionFile> definitions);
-  ~PdfReports();
+  ~PdfReports() override;
   PdfReports(const PdfReports&) = delete;
   PdfReports& operator=(const PdfReports&) = delete;
+  // As CreaImpaginatore, with the definitions of the program.
+  static std::unique_ptr<Impaginatore> crea(const ReportSurroundings& surroundings) {
+    return std::make_unique<PdfReports>(surroundings);
+  }
 
-  // Creates an engine for one print, which belongs to the current run; it does not outlive this object.
-  std::unique_ptr<ReportEngine> create();
-  // At most one run at a time.
-  std::unique_ptr<PrintRun> beginRun();
+  std::unique_ptr<ReportEngine> create() override;
+  std::unique_ptr<PrintRun> beginRun() override;
 
  private:
   ReportSurroundings surroundings_;

@@ -1,6 +1,7 @@
 #include "tabelle/cartella_xlsx.h"
 
 #include <algorithm>
+#include <charconv>
 #include <utility>
 
 #include "base/text.h"
@@ -14,7 +15,13 @@ namespace {
 
 constexpr const char* kCartella = "xl/workbook.xml";
 
-QLatin1String nomeXml(const char* nome) { return QLatin1String(nome); }
+// 0 for what is no number.
+int numeroFormato(std::string_view testo) {
+  int numero = 0;
+  const char* const fine = testo.data() + testo.size();
+  const auto letto = std::from_chars(testo.data(), fine, numero);
+  return letto.ec == std::errc() && letto.ptr == fine ? numero : 0;
+}
 
 // A relationship's target, from the archive's root: "worksheets/sheet1.xml", "/xl/worksheets/sheet1.xml" and
 // "../xl/worksheets/sheet1.xml" are the same.
@@ -74,15 +81,15 @@ std::size_t CartellaXlsx::membro(const std::string& parte) const {
 void CartellaXlsx::leggiCartella() {
   LettoreXml xml(archivio_, membro(kCartella), posto());
   while (xml.avanza()) {
-    if (xml.inizio(nomeXml("workbookPr"))) {
-      dal1904_ = xml.vero(nomeXml("date1904"));
-    } else if (xml.inizio(nomeXml("calcPr"))) {
-      daRicalcolare_ = xml.vero(nomeXml("fullCalcOnLoad"));
-    } else if (xml.inizio(nomeXml("sheet"))) {
-      const QStringView stato = xml.attributo(nomeXml("state"));
-      const bool nascosto = stato == nomeXml("hidden") || stato == nomeXml("veryHidden");
-      fogli_.push_back({{inUtf8(xml.attributo(nomeXml("name"))), nascosto}, {}});
-      relazioniDeiFogli_.push_back(inUtf8(xml.relazione()));
+    if (xml.inizio("workbookPr")) {
+      dal1904_ = xml.vero("date1904");
+    } else if (xml.inizio("calcPr")) {
+      daRicalcolare_ = xml.vero("fullCalcOnLoad");
+    } else if (xml.inizio("sheet")) {
+      const std::string_view stato = xml.attributo("state");
+      const bool nascosto = stato == "hidden" || stato == "veryHidden";
+      fogli_.push_back({{std::string(xml.attributo("name")), nascosto}, {}});
+      relazioniDeiFogli_.push_back(std::string(xml.relazione()));
     }
   }
 }
@@ -90,16 +97,16 @@ void CartellaXlsx::leggiCartella() {
 void CartellaXlsx::leggiRelazioni() {
   LettoreXml xml(archivio_, membro("xl/_rels/workbook.xml.rels"), posto());
   while (xml.avanza()) {
-    if (!xml.inizio(nomeXml("Relationship")) || xml.attributo(nomeXml("TargetMode")) == nomeXml("External")) {
+    if (!xml.inizio("Relationship") || xml.attributo("TargetMode") == "External") {
       continue;
     }
-    const QStringView tipo = xml.attributo(nomeXml("Type"));
-    const std::string parte = parteDi(inUtf8(xml.attributo(nomeXml("Target"))));
-    if (tipo.endsWith(nomeXml("/worksheet"))) {
-      parti_[inUtf8(xml.attributo(nomeXml("Id")))] = parte;
-    } else if (tipo.endsWith(nomeXml("/styles"))) {
+    const std::string_view tipo = xml.attributo("Type");
+    const std::string parte = parteDi(xml.attributo("Target"));
+    if (tipo.ends_with("/worksheet")) {
+      parti_[std::string(xml.attributo("Id"))] = parte;
+    } else if (tipo.ends_with("/styles")) {
       parteStili_ = parte;
-    } else if (tipo.endsWith(nomeXml("/sharedStrings"))) {
+    } else if (tipo.ends_with("/sharedStrings")) {
       parteTesti_ = parte;
     }
   }
@@ -130,15 +137,15 @@ void CartellaXlsx::leggiStili(std::size_t membroStili) {
   std::map<int, Formato> propri;
   bool delleCelle = false;
   while (xml.avanza()) {
-    if (xml.inizio(nomeXml("numFmt"))) {
-      propri[xml.attributo(nomeXml("numFmtId")).toInt()] =
-          formatoDiCodice(inUtf8(xml.attributo(nomeXml("formatCode"))));
-    } else if (xml.inizio(nomeXml("cellXfs"))) {
+    if (xml.inizio("numFmt")) {
+      propri[numeroFormato(xml.attributo("numFmtId"))] =
+          formatoDiCodice(std::string(xml.attributo("formatCode")));
+    } else if (xml.inizio("cellXfs")) {
       delleCelle = true;
-    } else if (xml.fine(nomeXml("cellXfs"))) {
+    } else if (xml.fine("cellXfs")) {
       delleCelle = false;
-    } else if (delleCelle && xml.inizio(nomeXml("xf"))) {
-      const int numero = xml.attributo(nomeXml("numFmtId")).toInt();
+    } else if (delleCelle && xml.inizio("xf")) {
+      const int numero = numeroFormato(xml.attributo("numFmtId"));
       const auto proprio = propri.find(numero);
       formati_.push_back(proprio != propri.end() ? proprio->second : formatoPredefinito(numero));
     }
@@ -148,8 +155,8 @@ void CartellaXlsx::leggiStili(std::size_t membroStili) {
 void CartellaXlsx::leggiTesti(std::size_t membroTesti, Deposito& deposito) {
   LettoreXml xml(archivio_, membroTesti, posto());
   while (xml.avanza()) {
-    if (!xml.inizio(nomeXml("si"))) continue;
-    const std::string testo = leggiTestoXlsx(xml, nomeXml("si"));
+    if (!xml.inizio("si")) continue;
+    const std::string testo = leggiTestoXlsx(xml, "si");
     verificaLunghezza(testo, limiti_, posto());
     testi_.push_back(deposito.conserva(testo));
   }

@@ -16,7 +16,13 @@
 namespace cu::tabelle {
 namespace {
 
-QLatin1String nomeDiFoglio(const char* nome) { return QLatin1String(nome); }
+// The first one for what is no number.
+std::size_t stileDi(std::string_view testo) {
+  std::size_t stile = 0;
+  const char* const fine = testo.data() + testo.size();
+  const auto letto = std::from_chars(testo.data(), fine, stile);
+  return letto.ec == std::errc() && letto.ptr == fine ? stile : 0;
+}
 
 // A cell as it is written.
 struct CellaGrezza {
@@ -41,15 +47,15 @@ class LettoreFoglio {
   RigheFoglio leggi() {
     bool dati = false;
     while (xml_.avanza()) {
-      if (xml_.inizio(nomeDiFoglio("sheetData"))) {
+      if (xml_.inizio("sheetData")) {
         dati = true;
-      } else if (xml_.fine(nomeDiFoglio("sheetData"))) {
+      } else if (xml_.fine("sheetData")) {
         dati = false;
         posto_.riga = 0;
-      } else if (dati && xml_.inizio(nomeDiFoglio("row"))) {
+      } else if (dati && xml_.inizio("row")) {
         leggiRiga();
-      } else if (xml_.inizio(nomeDiFoglio("mergeCell"))) {
-        const auto unione = analizzaUnione(inUtf8(xml_.attributo(nomeDiFoglio("ref"))));
+      } else if (xml_.inizio("mergeCell")) {
+        const auto unione = analizzaUnione(xml_.attributo("ref"));
         if (!unione) danneggiato("celle unite");
         unioni_.push_back(*unione);
       }
@@ -66,20 +72,20 @@ class LettoreFoglio {
 
   void leggiRiga() {
     const std::size_t precedente = posto_.riga;
-    const QStringView numero = xml_.attributo(nomeDiFoglio("r"));
+    const std::string_view numero = xml_.attributo("r");
     posto_.riga = precedente + 1;
     posto_.colonna = 0;
-    if (!numero.isEmpty()) {
-      const auto letto = analizzaRiferimento('A' + inUtf8(numero));
+    if (!numero.empty()) {
+      const auto letto = analizzaRiferimento('A' + std::string(numero));
       if (!letto || letto->riga <= precedente) danneggiato("numero di riga");
       posto_.riga = letto->riga;
     }
-    const bool nascosta = xml_.vero(nomeDiFoglio("hidden"));
+    const bool nascosta = xml_.vero("hidden");
     RigaTabella riga;
     riga.numero = posto_.riga;
     if (!esito_.righe.empty()) riga.celle.reserve(esito_.righe.back().celle.size());
-    while (xml_.avanza() && !xml_.fine(nomeDiFoglio("row"))) {
-      if (xml_.inizio(nomeDiFoglio("c"))) leggiCella(riga);
+    while (xml_.avanza() && !xml_.fine("row")) {
+      if (xml_.inizio("c")) leggiCella(riga);
     }
     posto_.colonna = 0;
     if (!haContenuto(riga)) return;
@@ -90,9 +96,9 @@ class LettoreFoglio {
 
   void leggiCella(RigaTabella& riga) {
     ++posto_.colonna;
-    const QStringView scritto = xml_.attributo(nomeDiFoglio("r"));
-    if (!scritto.isEmpty()) {
-      const auto letto = analizzaRiferimento(inUtf8(scritto));
+    const std::string_view scritto = xml_.attributo("r");
+    if (!scritto.empty()) {
+      const auto letto = analizzaRiferimento(scritto);
       if (!letto || letto->riga != posto_.riga || letto->colonna < posto_.colonna) {
         danneggiato("posto di una cella");
       }
@@ -111,28 +117,27 @@ class LettoreFoglio {
 
   void leggiGrezza() {
     CellaGrezza& cella = grezza_;
-    cella.tipo.clear();
-    aggiungiUtf8(cella.tipo, xml_.attributo(nomeDiFoglio("t")));
-    cella.stile = xml_.attributo(nomeDiFoglio("s")).toULong();
+    cella.tipo = xml_.attributo("t");
+    cella.stile = stileDi(xml_.attributo("s"));
     cella.valore.clear();
     cella.formula.clear();
     cella.haFormula = cella.haValore = false;
     std::string* dove = nullptr;
     while (xml_.avanza()) {
       if (xml_.testo()) {
-        if (dove != nullptr) aggiungiUtf8(*dove, xml_.caratteri());
+        if (dove != nullptr) *dove += xml_.caratteri();
         continue;
       }
       dove = nullptr;
-      if (xml_.fine(nomeDiFoglio("c"))) break;
-      if (xml_.inizio(nomeDiFoglio("v"))) {
+      if (xml_.fine("c")) break;
+      if (xml_.inizio("v")) {
         dove = &cella.valore;
         cella.haValore = true;
-      } else if (xml_.inizio(nomeDiFoglio("f"))) {
+      } else if (xml_.inizio("f")) {
         dove = &cella.formula;
         cella.haFormula = true;
-      } else if (xml_.inizio(nomeDiFoglio("is"))) {
-        cella.valore = leggiTestoXlsx(xml_, nomeDiFoglio("is"));
+      } else if (xml_.inizio("is")) {
+        cella.valore = leggiTestoXlsx(xml_, "is");
         cella.haValore = true;
       }
     }

@@ -1,46 +1,13 @@
 #pragma once
 
-// For the sources of this room only: the libraries behind it are not visible outside.
-
-#include <QIODevice>
-#include <QXmlStreamReader>
-#include <exception>
 #include <string>
+#include <string_view>
 
 #include "tabelle/archivio_zip.h"
 #include "tabelle/tabella.h"
+#include "xml/lettore_eventi.h"
 
 namespace cu::tabelle {
-
-// The bytes of an archive's member as Qt reads them. An exception must not pass through Qt: it is kept.
-class DispositivoMembro : public QIODevice {
- public:
-  DispositivoMembro(ArchivioZip::Membro membro, const Posto& posto);
-  bool isSequential() const override { return true; }
-  // Raises what stopped the reading.
-  void verifica() const;
-
- protected:
-  qint64 readData(char* dove, qint64 quanti) override;
-  qint64 writeData(const char*, qint64) override { return -1; }
-
- private:
-  void misuraTratto(const char* dove, std::size_t letti);
-
-  ArchivioZip::Membro membro_;
-  Posto posto_;
-  std::exception_ptr errore_;
-  std::size_t tratto_ = 0;  // bytes since the last end of a tag
-  bool finito_ = false;
-};
-
-// Appends as UTF-8. What is in a sheet is ASCII for the most part, and needs no memory of its own.
-void aggiungiUtf8(std::string& testo, QStringView aggiunta);
-inline std::string inUtf8(QStringView testo) {
-  std::string esito;
-  aggiungiUtf8(esito, testo);
-  return esito;
-}
 
 // Reads a part of a workbook element by element. Names are compared without their namespaces, which differ
 // between the two variants of the format. Every function raises ErroreTabella: F03 for what is not
@@ -53,24 +20,30 @@ class LettoreXml {
   // Advances to the next start or end of an element, or to a text; false at the end of the document, where
   // the member's checksum has been compared.
   bool avanza();
-  bool inizio(QLatin1String nome) const { return lettore_.isStartElement() && lettore_.name() == nome; }
-  bool fine(QLatin1String nome) const { return lettore_.isEndElement() && lettore_.name() == nome; }
-  bool testo() const { return lettore_.isCharacters(); }
-  QStringView caratteri() const { return lettore_.text(); }
+  bool inizio(std::string_view nome) const {
+    return lettore_.segno() == xml::Segno::Inizio && lettore_.nome() == nome;
+  }
+  bool fine(std::string_view nome) const {
+    return lettore_.segno() == xml::Segno::Fine && lettore_.nome() == nome;
+  }
+  bool testo() const { return lettore_.segno() == xml::Segno::Testo; }
+  std::string_view caratteri() const { return lettore_.testo(); }
   // Of the element that has just begun, without regard to the namespace; empty for none. Valid until the next
   // advance.
-  QStringView attributo(QLatin1String nome) const;
+  std::string_view attributo(std::string_view nome) const { return lettore_.attributo(nome); }
   // The identifier of a relationship, whose name is that of another attribute too.
-  QStringView relazione() const;
-  bool vero(QLatin1String attributo) const;
+  std::string_view relazione() const { return lettore_.attributoDi("/relationships", "id"); }
+  bool vero(std::string_view attributo) const;
   // Passes over the element that has just begun.
   void salta();
 
  private:
   [[noreturn]] void malformato();
+  std::size_t leggi(char* dove, std::size_t quanti);
 
-  DispositivoMembro dispositivo_;
-  QXmlStreamReader lettore_;
+  ArchivioZip::Membro membro_;
+  std::size_t tratto_ = 0;  // bytes since the last end of a tag
+  xml::LettoreEventi lettore_;
   Posto posto_;
   std::string parte_;
   int profondita_ = 0;

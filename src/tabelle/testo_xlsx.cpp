@@ -1,44 +1,71 @@
 #include "tabelle/testo_xlsx.h"
 
-#include <QString>
+#include <charconv>
+#include <cstdint>
+#include <optional>
+
+#include "base/text.h"
 
 namespace cu::tabelle {
+namespace {
 
-std::string senzaSequenze(const std::string& utf8) {
-  constexpr qsizetype kLunghezza = 7;
-  if (utf8.find("_x") == std::string::npos) return utf8;
-  const QString scritto = QString::fromStdString(utf8);
-  QString testo;
-  for (qsizetype i = 0; i < scritto.size(); ++i) {
-    const QStringView tratto = QStringView(scritto).mid(i, kLunghezza);
-    bool cifre =
-        tratto.size() == kLunghezza && tratto.startsWith(QLatin1String("_x")) && tratto.endsWith('_');
-    for (qsizetype j = 2; cifre && j < 6; ++j) {
-      const char16_t c = tratto[j].unicode();
-      cifre = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
-    }
-    if (cifre) {
-      testo += QChar(tratto.mid(2, 4).toUShort(nullptr, 16));
-      i += kLunghezza - 1;
-    } else {
-      testo += scritto[i];
-    }
+constexpr std::size_t kLungaSequenza = 7;
+
+// The unit that "_xHHHH_" at the head of the text means.
+std::optional<std::uint16_t> sequenza(std::string_view testo) {
+  if (testo.size() < kLungaSequenza || !testo.starts_with("_x") || testo[kLungaSequenza - 1] != '_') {
+    return std::nullopt;
   }
-  return testo.toStdString();
+  std::uint16_t unita = 0;
+  const char* const fine = testo.data() + kLungaSequenza - 1;
+  const auto letta = std::from_chars(testo.data() + 2, fine, unita, 16);
+  if (letta.ec != std::errc() || letta.ptr != fine) return std::nullopt;
+  return unita;
 }
 
-std::string leggiTestoXlsx(LettoreXml& xml, QLatin1String elemento) {
+bool primaMeta(char32_t unita) { return unita >= 0xD800 && unita < 0xDC00; }
+bool secondaMeta(char32_t unita) { return unita >= 0xDC00 && unita < 0xE000; }
+
+}  // namespace
+
+std::string senzaSequenze(const std::string& utf8) {
+  if (utf8.find("_x") == std::string::npos) return utf8;
+  const std::string_view scritto = utf8;
+  std::string testo;
+  for (std::size_t i = 0; i < scritto.size();) {
+    const auto unita = sequenza(scritto.substr(i));
+    if (!unita) {
+      testo += scritto[i++];
+      continue;
+    }
+    i += kLungaSequenza;
+    if (!primaMeta(*unita)) {
+      appendUtf8(testo, secondaMeta(*unita) ? U'?' : *unita);
+      continue;
+    }
+    const auto altra = sequenza(scritto.substr(i));
+    if (altra && secondaMeta(*altra)) {
+      appendUtf8(testo, 0x10000U + ((*unita - 0xD800U) << 10U) + (*altra - 0xDC00U));
+      i += kLungaSequenza;
+    } else {
+      testo += '?';
+    }
+  }
+  return testo;
+}
+
+std::string leggiTestoXlsx(LettoreXml& xml, std::string_view elemento) {
   std::string testo;
   bool dentro = false;
   while (xml.avanza() && !xml.fine(elemento)) {
-    if (xml.inizio(QLatin1String("rPh"))) {
+    if (xml.inizio("rPh")) {
       xml.salta();
-    } else if (xml.inizio(QLatin1String("t"))) {
+    } else if (xml.inizio("t")) {
       dentro = true;
-    } else if (xml.fine(QLatin1String("t"))) {
+    } else if (xml.fine("t")) {
       dentro = false;
     } else if (dentro && xml.testo()) {
-      aggiungiUtf8(testo, xml.caratteri());
+      testo += xml.caratteri();
     }
   }
   return senzaSequenze(testo);

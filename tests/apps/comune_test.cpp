@@ -6,6 +6,7 @@
 #include "apps/comune/argomenti.h"
 #include "apps/comune/connessioni.h"
 #include "apps/comune/riepilogo_file.h"
+#include "apps/comune/sha256.h"
 #include "apps/comune/tavola.h"
 #include "base/error.h"
 #include "support/temp_folder.h"
@@ -50,6 +51,19 @@ TEST(RiepilogoFile, AFileThatIsNotThereHasNothing) {
   const RiepilogoFile riepilogo = riepiloga("/manca");
   EXPECT_EQ(riepilogo.byte, 0U);
   EXPECT_TRUE(riepilogo.record.empty());
+}
+
+// The examples of the standard.
+TEST(Sha256, IsTheStandardsInOnePartAndInMany) {
+  EXPECT_EQ(Sha256().cifre(), "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855");
+  Sha256 intera;
+  intera.aggiungi("abc");
+  EXPECT_EQ(intera.cifre(), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+  Sha256 aPezzi;
+  for (const char* pezzo : {"", "abcdbcdecdefdefgefghfghi", "ghijhijkijkljklm", "klmnlmnomnopnopq"}) {
+    aPezzi.aggiungi(pezzo);
+  }
+  EXPECT_EQ(aPezzi.cifre(), "248d6a61d20638b8e5c026930c3e6039a33ce45964ff2167f6ecedd419db06c1");
 }
 
 // The error for an odbc address.

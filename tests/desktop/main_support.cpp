@@ -28,6 +28,7 @@ int main(int argc, char** argv) {
   QCoreApplication::setApplicationName(QStringLiteral("cuwizard-prove"));
   QCoreApplication::setOrganizationName(QStringLiteral("cuwizard-prove"));
   const QTemporaryDir settings;
+  qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
   QSettings::setDefaultFormat(QSettings::IniFormat);
   QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
   QGuiApplication::setQuitOnLastWindowClosed(false);

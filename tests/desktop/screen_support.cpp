@@ -15,6 +15,7 @@
 #include "apps/comune/connessioni.h"
 #include "archive/archivio.h"
 #include "desktop/text.h"
+#include "reporting/pdf_reports.h"
 
 namespace cu::test {
 namespace {
@@ -54,7 +55,7 @@ Screen::Screen(std::int32_t mode, Profilo::MotoreStampa engine) : watcher_(std::
   profile_.impostazioni = folder_.filePath(QStringLiteral("impostazioni.toml")).toStdString();
   profile_.stampa = engine;
   watch();
-  impianto_ = std::make_unique<Impianto>(profile_, screen_);
+  impianto_ = std::make_unique<Impianto>(profile_, screen_, PdfReports::crea);
   impianto_->programma().main();
   window().activateWindow();
   EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));

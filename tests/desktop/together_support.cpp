@@ -15,6 +15,7 @@
 #include "automation/driver.h"
 #include "desktop/agreement_support.h"
 #include "desktop/hand_support.h"
+#include "reporting/pdf_reports.h"
 
 namespace cu::test {
 namespace {
@@ -151,7 +152,7 @@ std::vector<std::string> Together::drive() const {
   std::ostringstream out;
   {
     Driver driver(in, out);
-    Impianto wizard(profile, driver);
+    Impianto wizard(profile, driver, PdfReports::crea);
     driver.drive([&] { wizard.programma().main(); });
   }
   std::vector<std::string> answers;

@@ -5,6 +5,7 @@ The programs run from the prefix and make the telematic file of the examples; ev
 valid where a tool of the system can tell, and nothing contains a path of the folders from which it comes (programs with
 debugging information have those)."""
 
+import glob
 import gzip
 import os
 import re
@@ -40,6 +41,8 @@ def read(*path):
 def check_files(prefix):
     for name in EXPECTED:
         expect(os.path.isfile(os.path.join(prefix, name)), f"{name} is not installed")
+    libraries = glob.glob(os.path.join(prefix, "lib", "**", "cuwizard-stampe.so"), recursive=True)
+    expect(len(libraries) == 1, f"the library of the prints is installed {len(libraries)} times")
     for folder, folders, names in os.walk(prefix):
         for name in folders + names:
             path = os.path.join(folder, name)

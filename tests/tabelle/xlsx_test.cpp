@@ -53,7 +53,8 @@ TEST_P(CellaXlsx, IsReadAsAPersonSeesIt) {
   cartella.testi =
       "<si><t>comune</t></si>"
       "<si><r><rPr><b/></rPr><t>par</t></r><r><t xml:space=\"preserve\">te </t></r><rPh><t>x</t></rPh>"
-      "<phoneticPr/></si><si><t/></si><si><t>_x0041_ _x005F_x0041_ _x00</t></si>";
+      "<phoneticPr/></si><si><t/></si><si><t>_x0041_ _x005F_x0041_ _x00</t></si><si><t>_xD83D__xDE00_ "
+      "_xD83D_ _xDE00_ _xd83d_b</t></si>";
   cartella.foglio = "<sheetData>"s + kTesta + "<row r=\"2\">" + GetParam().cella +
                     R"(<c r="B2"><v>1</v></c></row></sheetData>)";
   Tabella tabella;
@@ -67,6 +68,7 @@ const CasoCella kCelle[] = {
     {"rich", R"(<c r="A2" t="s"><v>1</v></c>)", Genere::Testo, "parte "},
     {"sharedEmpty", R"(<c r="A2" t="s"><v>2</v></c>)", Genere::Vuota, ""},
     {"escaped", R"(<c r="A2" t="s"><v>3</v></c>)", Genere::Testo, "A _x0041_ _x00"},
+    {"escapedHalves", R"(<c r="A2" t="s"><v>4</v></c>)", Genere::Testo, "😀 ? ? ?b"},
     {"inlineText", R"(<c r="A2" t="inlineStr"><is><t>00100</t></is></c>)", Genere::Testo, "00100"},
     {"inlineRich", R"(<c r="A2" t="inlineStr"><is><r><t>a</t></r><r><t>b</t></r></is></c>)", Genere::Testo,
      "ab"},

@@ -12,8 +12,8 @@ namespace cu {
 class Impianto {
  public:
   using DopoFile = std::function<void(const FileCreato& file, Connection& connessione)>;
-  Impianto(const Profilo& profilo, FrontEnd& schermo, DopoFile dopoFile = {})
-      : surroundings_(profilo, schermo),
+  Impianto(const Profilo& profilo, FrontEnd& schermo, CreaImpaginatore impaginatore, DopoFile dopoFile = {})
+      : surroundings_(profilo, schermo, std::move(impaginatore)),
         programma_(Ambiente{schermo, surroundings_.factory(), surroundings_.utilita(),
                             surroundings_.settings(), surroundings_.clock(), surroundings_.files(),
                             surroundings_.stampe(), std::move(dopoFile)}) {}

@@ -1,25 +1,35 @@
 #include "apps/comune/surroundings.h"
 
 #include <iostream>
+#include <utility>
 
 #include "apps/comune/connessioni.h"
 #include "archive/ricostruzione.h"
 
 namespace cu {
 
-Surroundings::Surroundings(const Profilo& profilo, FrontEnd& schermo)
+Surroundings::Surroundings(const Profilo& profilo, FrontEnd& schermo, CreaImpaginatore impaginatore)
     : orologio_(orologio(profilo)),
       impostazioni_(profilo.impostazioni, files_,
                     [](const std::string& avviso) { std::cerr << avviso << '\n'; }),
       utilita_(schermo, profilo.documenti),
-      fabbrica_(profilo, schermo,
-                {[&profilo] { return apriConnessione(profilo.database); },
-                 [] { return std::make_unique<RicostruzioneContiIndividuali>(); },
-                 [this, &schermo] { return impaginatore(schermo).create(); },
-                 [this, &schermo] { return impaginatore(schermo).beginRun(); }}) {}
+      creaImpaginatore_(std::move(impaginatore)),
+      fabbrica_(profilo, schermo, fornitori(profilo, schermo)) {}
 
-PdfReports& Surroundings::impaginatore(FrontEnd& schermo) {
-  if (!impaginatore_) impaginatore_.emplace(ReportSurroundings{schermo, fileStampe_, *orologio_, "cuwizard"});
+FornitoriSuite Surroundings::fornitori(const Profilo& profilo, FrontEnd& schermo) {
+  FornitoriSuite fornitori{[&profilo] { return apriConnessione(profilo.database); },
+                           [] { return std::make_unique<RicostruzioneContiIndividuali>(); }};
+  if (creaImpaginatore_) {
+    fornitori.creaImpaginatore = [this, &schermo] { return impaginatore(schermo).create(); };
+    fornitori.creaCorsaStampe = [this, &schermo] { return impaginatore(schermo).beginRun(); };
+  }
+  return fornitori;
+}
+
+Impaginatore& Surroundings::impaginatore(FrontEnd& schermo) {
+  if (!impaginatore_) {
+    impaginatore_ = creaImpaginatore_(ReportSurroundings{schermo, fileStampe_, *orologio_, "cuwizard"});
+  }
   return *impaginatore_;
 }
 

@@ -1,9 +1,8 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 
-#include "reporting/pdf_reports.h"
+#include "impaginazione/impaginazione.h"
 #include "suite/catalogo_stampe.h"
 #include "suite/fabbrica.h"
 #include "suite/file_system.h"
@@ -15,10 +14,10 @@
 namespace cu {
 
 // The surroundings of a run, created for a profile and a front end, which both outlive it. ErroreProfilo when
-// the trace cannot be created.
+// the trace cannot be created. Without `impaginatore` a print is an error.
 class Surroundings {
  public:
-  Surroundings(const Profilo& profilo, FrontEnd& schermo);
+  Surroundings(const Profilo& profilo, FrontEnd& schermo, CreaImpaginatore impaginatore = {});
   Surroundings(const Surroundings&) = delete;
   Surroundings& operator=(const Surroundings&) = delete;
 
@@ -31,7 +30,8 @@ class Surroundings {
   bool avvioRifiutato() const { return fabbrica_.avvioRifiutato(); }
 
  private:
-  PdfReports& impaginatore(FrontEnd& schermo);
+  FornitoriSuite fornitori(const Profilo& profilo, FrontEnd& schermo);
+  Impaginatore& impaginatore(FrontEnd& schermo);
 
   std::unique_ptr<Clock> orologio_;
   FileSystemPiattaforma files_;
@@ -39,7 +39,8 @@ class Surroundings {
   ImpostazioniToml impostazioni_;
   UtilitaItaliana utilita_;
   FileSystemPiattaforma fileStampe_;
-  std::optional<PdfReports> impaginatore_;  // created by the first print
+  CreaImpaginatore creaImpaginatore_;
+  std::unique_ptr<Impaginatore> impaginatore_;  // created by the first print
   FabbricaSuite fabbrica_;
 };
 

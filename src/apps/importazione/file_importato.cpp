@@ -1,12 +1,12 @@
 #include "apps/importazione/file_importato.h"
 
-#include <QCryptographicHash>
 #include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <iostream>
 
 #include "apps/comune/file_letto.h"
+#include "apps/comune/sha256.h"
 #include "tabelle/lettura.h"
 
 namespace cu {
@@ -45,10 +45,9 @@ FileImportatoInMemoria leggiFileImportato(const std::string& percorso) {
     file.nome = std::filesystem::path(percorso).filename().string();
     file.byte = leggiTutto([&](char* dove, std::size_t quanti) { return letto.leggi(dove, quanti); });
   }
-  const QByteArrayView vista(file.byte.data(), static_cast<qsizetype>(file.byte.size()));
-  QCryptographicHash somma(QCryptographicHash::Sha256);
-  somma.addData(vista);
-  file.sha256 = somma.result().toHex().toStdString();
+  Sha256 somma;
+  somma.aggiungi(file.byte);
+  file.sha256 = somma.cifre();
   return file;
 }
 

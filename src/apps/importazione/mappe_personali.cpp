@@ -1,11 +1,11 @@
 #include "apps/importazione/mappe_personali.h"
 
-#include <QCryptographicHash>
-#include <QStandardPaths>
 #include <algorithm>
 #include <filesystem>
 
+#include "apps/comune/sha256.h"
 #include "intake/lettura_righe.h"
+#include "platform/user_folders.h"
 #include "suite/lettore_toml.h"
 #include "suite/platform_file.h"
 #include "tabelle/errore.h"
@@ -55,12 +55,11 @@ class ImpronteDelFile {
 }  // namespace
 
 std::string improntaIntestazione(const tabelle::Tabella& tabella) {
-  QCryptographicHash somma(QCryptographicHash::Sha256);
+  Sha256 somma;
   for (const tabelle::Cella& cella : tabella.intestazione.celle) {
-    const std::string nome = tabelle::normalizza(cella.testo) + '\n';
-    somma.addData(QByteArrayView(nome.data(), static_cast<qsizetype>(nome.size())));
+    somma.aggiungi(tabelle::normalizza(cella.testo) + '\n');
   }
-  return somma.result().toHex().toStdString();
+  return somma.cifre();
 }
 
 std::vector<std::string> profiliDi(const std::string& cartella) {
@@ -73,10 +72,7 @@ std::vector<std::string> profiliDi(const std::string& cartella) {
   return file;
 }
 
-std::string cartellaMappe() {
-  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation).toStdString() +
-         "/cuwizard/cuwizard/importazione";
-}
+std::string cartellaMappe() { return configurationFolder() + "/cuwizard/cuwizard/importazione"; }
 
 std::optional<MappaTrovata> cercaMappa(const std::string& cartella, intake::Elenco elenco,
                                        std::string_view byte, const std::string& nome) {

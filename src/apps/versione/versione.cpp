@@ -9,7 +9,6 @@
 #include <zip.h>
 
 #include <CLI/Version.hpp>
-#include <QtGlobal>
 #include <array>
 #include <nlohmann/json.hpp>
 
@@ -44,7 +43,8 @@ std::vector<LibreriaUsata> libreriePrincipali() {
   return {
       {"Database incorporato", std::string("SQLite ") + sqlite3_libversion()},
       {"Microsoft SQL Server", "per ODBC, gestore dei driver " + gestoreDriver()},
-      {"Stampe", std::string("Qt ") + qVersion()},
+      // Of the headers: the library itself would have to be loaded.
+      {"Stampe", "Qt " CU_QT_VERSION},
       {"Fogli elettronici", std::string("libxlsxwriter ") + lxw_version()},
       {"Archivi", std::string("libzip ") + zip_libzip_version()},
       {"Fatture firmate", OpenSSL_version(OPENSSL_VERSION)},

@@ -12,7 +12,8 @@ struct LibreriaUsata {
 };
 
 // What a support desk asks first, for users: the program with its version and date, then a line for each
-// database engine and library, as they run. `altre` are those of the calling program alone.
+// database engine and library, as they run; of the prints the library with which they were built. `altre` are
+// those of the calling program alone.
 std::string testoVersione(std::string_view programma, const std::vector<LibreriaUsata>& altre = {});
 
 }  // namespace cu

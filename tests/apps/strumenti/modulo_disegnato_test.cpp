@@ -18,6 +18,7 @@
 #include "fornitura/corsa.h"
 #include "host/testi_programma.h"
 #include "lettura/lettura_prova.h"
+#include "reporting/pdf_reports.h"
 
 namespace cu::strumenti {
 namespace {
@@ -85,7 +86,7 @@ struct Corsa {
 Corsa corri(const test::Azienda& azienda, std::int32_t anno) {
   Terminale terminale;
   terminale.passaAvvisi = true;
-  Surroundings surroundings(azienda.profilo, terminale);
+  Surroundings surroundings(azienda.profilo, terminale, PdfReports::crea);
   SessioneComando sessione(surroundings, terminale);
   Corsa corsa;
   const std::string dove = azienda.cartella / std::to_string(anno);
