@@ -5,6 +5,8 @@
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTableView>
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
@@ -18,6 +20,7 @@
 #include "archive/archivio.h"
 #include "desktop/form_window.h"
 #include "desktop/grid_order.h"
+#include "desktop/grid_table.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/row_reader.h"
@@ -127,7 +130,9 @@ void measureKeys(desktop::QtFrontEnd& screen, FrmWizard& wizard) {
     } catch (const std::exception& error) {
       failed = QString::fromUtf8(error.what());
     }
-    QTest::keyClick(editor.focusWidget(), Qt::Key_Escape);
+    QWidget* const typed = editor.focusWidget();
+    QTest::keyClick(typed, Qt::Key_Escape);  // takes back what was typed
+    QTest::keyClick(typed, Qt::Key_Escape);
   });
   opened.start(10);
   screen.perform(wizard.grdCompensi, [&] { wizard.grdCompensi.doubleClick(1); });
@@ -153,6 +158,50 @@ void measureRows(const Grid& grid) {
   report("filter by a word and an amount", [&] { desktop::arranged(grid, {"", false, words, 0}); });
   report("filter of chosen lines", [&] { desktop::arranged(grid, {"", false, {}, 1}); });
   report("totals", [&] { desktop::totalsOf(grid, std::vector<bool>()); });
+}
+
+// Each step of the wheel, and each page, drawn before the next one; returns the slowest.
+double slowestFrame(QAbstractScrollArea& table, int frames, int step) {
+  QScrollBar& bar = *table.verticalScrollBar();
+  double slowest = 0;
+  for (int i = 0; i < frames; ++i) {
+    const int to = bar.value() + step;
+    slowest = std::max(slowest, seconds([&] {
+                         bar.setValue(to);
+                         table.viewport()->repaint();
+                         QCoreApplication::processEvents();
+                       }));
+    if (bar.value() != to) throw std::runtime_error("the grid has not moved");
+  }
+  return slowest;
+}
+
+// A screen shows sixty pictures a second.
+void measureScrolling(desktop::GridTable& table, std::size_t rows) {
+  constexpr int kFrames = 300;
+  constexpr int kRounds = 3;
+  const auto report = [&](const char* what, int step) {
+    Pair times{1e9, 0};
+    for (int i = 0; i < kRounds; ++i) {
+      table.verticalScrollBar()->setValue(0);
+      QCoreApplication::processEvents();
+      times.ours = std::min(times.ours, slowestFrame(table, kFrames, step));
+    }
+    times.limit = 1.0 / 60;
+    print({what + (" of " + grouped(static_cast<long long>(rows))) + " lines, slowest picture", times.ours,
+           times.limit, "a picture at 60 Hz", "ratio:1"});
+  };
+  const int page = table.verticalScrollBar()->pageStep();
+  report("scrolling by a line", 1);
+  report("scrolling by three lines", 3);
+  if (page > 0 && page * kFrames < table.verticalScrollBar()->maximum()) report("scrolling by a page", page);
+}
+
+desktop::GridTable& gridOf(const QWidget& window) {
+  for (QTableView* const table : window.findChildren<QTableView*>()) {
+    if (auto* const grid = dynamic_cast<desktop::GridTable*>(table)) return *grid;
+  }
+  throw std::runtime_error("the window has no grid");
 }
 
 void measure(const fs::path& folder, int payees) {
@@ -189,6 +238,7 @@ void measure(const fs::path& folder, int payees) {
          times.ours, times.limit, "the load's one statement", "ratio:1.5"});
 
   measureRows(wizard.grdCompensi);
+  measureScrolling(gridOf(*screen.topmost()), wizard.grdCompensi.rowCount());
   measureKeys(screen, wizard);
   wizard.unload();
 }

@@ -13,6 +13,7 @@
 #include <QSettings>
 #include <QShortcut>
 #include <QStandardPaths>
+#include <QTimer>
 #include <algorithm>
 
 #include "desktop/file_dialog.h"

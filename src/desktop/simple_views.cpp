@@ -7,6 +7,7 @@
 
 #include "desktop/form_window.h"
 #include "desktop/layouter.h"
+#include "desktop/look.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/radio.h"
 #include "desktop/section.h"
