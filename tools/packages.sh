@@ -9,7 +9,10 @@ packages=(
   fonts-dejavu-core
   libpoppler-qt6-dev pkg-config
 )
-test_packages=(libgtest-dev libgmock-dev python3 clang-tidy postgresql odbc-postgresql poppler-utils cppcheck)
+test_packages=(
+  libgtest-dev libgmock-dev python3 clang-tidy postgresql odbc-postgresql poppler-utils cppcheck qpdf
+  default-jre-headless libpdfbox2-java libactivation-java libjaxb-api-java
+)
 fuzz_packages=(clang libclang-rt-14-dev)
 coverage_packages=(gcovr)
 format_packages=(clang-format)

@@ -9,8 +9,10 @@
 #include <utility>
 #include <vector>
 
-#include "reporting/dated_pdf.h"
+#include "reporting/archival_pdf.h"
+#include "reporting/document_info.h"
 #include "reporting/gui_application.h"
+#include "reporting/hash_order.h"
 #include "reporting/italian.h"
 #include "reporting/new_file.h"
 #include "reporting/report_error.h"
@@ -39,19 +41,19 @@ void draw(Canvas& canvas, const LayoutInput& input) {
 // Called as each page begins, and may raise.
 using PageCheck = std::function<void()>;
 
-// Draws the report as a PDF; returns the texts of its pages where they are collected.
+// Draws the report as a PDF for keeping; returns the texts of its pages where they are collected.
 std::vector<std::string> drawPdf(QIODevice& device, const LayoutInput& input, const std::string& creator,
                                  bool collect, PageCheck check) {
-  DatedPdf dated(device, input.today, input.now);
+  ArchivalPdf archival(device, documentInfo(input, creator));
   const FixedHashOrder order;
-  QPdfWriter writer(&dated);
+  QPdfWriter writer(&archival);
+  writer.setPdfVersion(QPagedPaintDevice::PdfVersion_A1b);
   writer.setResolution(kDotsPerInch);
-  writer.setTitle(fromUtf8(input.definition.title));
-  writer.setCreator(DatedPdf::withRoom(fromUtf8(creator)));
   Canvas canvas(writer, isLandscape(input.definition.layout), collect);
   canvas.setPageCheck(std::move(check));
   draw(canvas, input);
   canvas.end();
+  archival.finish();
   return canvas.pageTexts();
 }
 

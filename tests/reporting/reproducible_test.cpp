@@ -1,11 +1,8 @@
 // The same print has the same bytes, at any time, in any zone and in any process.
 
-#include "reporting/dated_pdf.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QBuffer>
 #include <QHashFunctions>
 #include <cstdlib>
 #include <ctime>
@@ -16,80 +13,8 @@
 namespace cu::test {
 namespace {
 
-using reporting::DatedPdf;
-using reporting::withCreationDate;
 using testing::HasSubstr;
 using testing::Not;
-
-// A text as stored in a PDF, two bytes per letter.
-std::string wide(const std::string& text) {
-  std::string result = "(\xfe\xff";
-  for (const char c : text) result += std::string(1, '\0') + c;
-  return result + ")";
-}
-
-std::string information(const std::string& creator, const std::string& date) {
-  return "%PDF-1.4\n1 0 obj\n<<\n/Title " + wide("Conti  ") + "\n/Creator " + wide(creator) + "\n/Producer " +
-         wide("Qt  ") + "\n/CreationDate (D:" + date + ")\n>>\nendobj\n2 0 obj\n";
-}
-
-TEST(CreationDate, TakesThePlaceOfTheMachines) {
-  const std::string before = information("cuwizard", "20261122101500+01'00'");
-  const std::string after = withCreationDate(before, "20180305103000");
-  EXPECT_EQ(after.size(), before.size());
-  EXPECT_THAT(after, HasSubstr("\n/CreationDate (D:20180305103000)       \n>>\nendobj\n2 0 obj\n"));
-  EXPECT_EQ(after.substr(0, after.find("/CreationDate")), before.substr(0, before.find("/CreationDate")));
-}
-
-TEST(CreationDate, IsTheSameInEveryZone) {
-  const std::string rome =
-      withCreationDate(information("cuwizard", "20261122101500+01'00'"), "20180305103000");
-  const std::string newYork =
-      withCreationDate(information("cuwizard", "20251121041500-05'00'"), "20180305103000");
-  const std::string london =
-      withCreationDate(information("cuwizard   ", "20261122091500Z"), "20180305103000");
-  EXPECT_EQ(newYork, rome);
-  EXPECT_EQ(london, rome);
-}
-
-TEST(CreationDate, OfATextThatHasNoneLeavesItAsItIs) {
-  for (const std::string& text :
-       {std::string(), std::string("endobj"), std::string("/CreationDate (D:2026"),
-        std::string("/CreationDate (D:2026)\n"), std::string("/CreationDate (D:20261122091500Z")}) {
-    EXPECT_EQ(withCreationDate(text, "20180305103000"), text);
-  }
-}
-
-TEST(CreationDate, NeedsNoCreator) {
-  EXPECT_EQ(withCreationDate("/CreationDate (D:20261122091500Z)", "20180305103000"),
-            "/CreationDate (D:20180305103000) ");
-  EXPECT_EQ(withCreationDate(")\n/Producer /CreationDate (D:20261122091500Z)", "20180305103000"),
-            ")\n/Producer /CreationDate (D:20180305103000) ");
-}
-
-TEST(DatedDevice, DatesWhateverPiecesItIsGiven) {
-  const std::string before =
-      information("cuwizard", "20261122101500+01'00'") + "/CreationDate (D:20261122101500Z)";
-  for (std::size_t piece = 1; piece < before.size() + 7; piece += 7) {
-    QBuffer target;
-    target.open(QIODevice::WriteOnly);
-    DatedPdf device(target, Date::fromYmd(2018, 3, 5).value(), {9, 8, 7});
-    for (std::size_t at = 0; at < before.size(); at += piece) {
-      const std::string part = before.substr(at, piece);
-      ASSERT_EQ(device.write(part.data(), static_cast<qint64>(part.size())),
-                static_cast<qint64>(part.size()));
-    }
-    EXPECT_EQ(target.data().toStdString(), withCreationDate(before, "20180305090807")) << piece;
-  }
-}
-
-TEST(DatedDevice, PassesAnErrorOn) {
-  QBuffer closed;
-  DatedPdf device(closed, Date::fromYmd(2018, 3, 5).value(), {});
-  EXPECT_EQ(device.write("x"), 1);
-  EXPECT_EQ(device.write("endobj"), -1);
-  EXPECT_EQ(device.write("y"), -1);
-}
 
 // Sets the machine's time zone for its lifetime.
 class Zone {

@@ -1,0 +1,10 @@
+#include "reporting/hash_order.h"
+
+#include <QHashFunctions>
+
+namespace cu::reporting {
+
+FixedHashOrder::FixedHashOrder() { QHashSeed::setDeterministicGlobalSeed(); }
+FixedHashOrder::~FixedHashOrder() { QHashSeed::resetRandomGlobalSeed(); }
+
+}  // namespace cu::reporting
