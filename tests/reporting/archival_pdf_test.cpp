@@ -8,7 +8,6 @@
 #include <QBuffer>
 #include <QPainter>
 #include <QPdfWriter>
-#include <fstream>
 
 #include "pdfa_support.h"
 #include "report_support.h"
@@ -182,11 +181,10 @@ TEST(ArchivalDevice, PutsManyPagesInBranchesInTheirOrder) {
   const std::string path = inFile(folder, kept(drawing(kPages)));
   EXPECT_THAT(missingForKeeping(path), IsEmpty());
   EXPECT_EQ(pageCount(path), kPages);
-  std::istringstream words(pdfText(path));
-  for (int i = 1; i <= kPages; ++i) {
-    std::string word;
-    words >> word;
-    ASSERT_EQ(word, std::to_string(i));
+  for (const int page : {1, 2, 999, 1000, 1001, 1002, 2000, 2001}) {
+    const std::string number = std::to_string(page);
+    EXPECT_THAT(runCommand("pdftotext -f " + number + " -l " + number + " '" + path + "' -").output,
+                testing::StartsWith(number + "\n"));
   }
 }
 
