@@ -36,6 +36,11 @@ bool changedOutside(const PreparedStatement& statement) {
   });
 }
 
+// Other programs create and drop their work tables at any time: a text is adapted again when the tables have
+// changed since, and only one whose tables change each time is an error.
+constexpr int kAdaptations = 100;
+struct TablesChanged {};
+
 [[noreturn]] void raiseChanged(const std::string& kind) {
   throw DatabaseError(DatabaseErrorKind::Other, SQLITE_SCHEMA, kind,
                       "Un altro programma ha modificato le tabelle del database. Ripetere l'operazione.");
@@ -55,7 +60,8 @@ struct Engine::Text {
   const TokenList& tokens;
   RowStore* rows;
   int depth;
-  bool alone;  // the text consists of one statement
+  bool alone;        // the text consists of one statement
+  std::size_t done;  // number of its statements that were run
 };
 
 Engine::Engine(DatabaseHandle database)
@@ -85,27 +91,43 @@ void Engine::compile(std::string_view text, RowStore* rows, int depth) {
   try {
     const TokenList tokens = tokenize(text);
     kind = firstWord(tokens.tokens);
-    if (catalog_.refresh()) cache_.clear();
-    Text whole{text, tokens, rows, depth, true};
-    const std::string table = rows == nullptr ? std::string() : plainTable(tokens.tokens);
-    if (!table.empty()) {
-      kind = "SELECT";
-      const Rewritten rewritten = rewriteTable(table, catalog_);
-      std::unique_ptr<PreparedStatement> prepared = ready(rewritten, kind);
-      if (!runPrepared(*prepared, tokens.literals, rows)) raiseChanged(kind);
-      keep(text, whole, std::move(prepared), rewritten);
-      return;
-    }
-    const std::vector<StatementPtr> statements = parseStatements(tokens);
-    if (statements.empty()) throw SqlError(0, "testo senza istruzioni");
-    whole.alone = statements.size() == 1;
-    for (const StatementPtr& statement : statements) {
-      kind = statement->kind;
-      runStatement(*statement, whole);
+    Text whole{text, tokens, rows, depth, true, 0};
+    for (int adaptation = 1; !adapt(whole, kind); ++adaptation) {
+      if (adaptation == kAdaptations) raiseChanged(kind);
     }
   } catch (const SqlError& error) {
     throw refused(error, kind);
   }
+}
+
+// Runs what is left of a text; returns false when the tables have changed before a query of it was run.
+bool Engine::adapt(Text& whole, std::string& kind) {
+  if (catalog_.refresh()) cache_.clear();
+  try {
+    const std::string table = whole.rows == nullptr ? std::string() : plainTable(whole.tokens.tokens);
+    if (!table.empty()) {
+      kind = "SELECT";
+      readTable(table, whole);
+      return true;
+    }
+    const std::vector<StatementPtr> statements = parseStatements(whole.tokens);
+    if (statements.empty()) throw SqlError(0, "testo senza istruzioni");
+    whole.alone = statements.size() == 1;
+    for (; whole.done < statements.size(); ++whole.done) {
+      kind = statements[whole.done]->kind;
+      runStatement(*statements[whole.done], whole);
+    }
+  } catch (const TablesChanged&) {
+    return false;
+  }
+  return true;
+}
+
+void Engine::readTable(const std::string& table, Text& text) {
+  const Rewritten rewritten = rewriteTable(table, catalog_);
+  std::unique_ptr<PreparedStatement> prepared = ready(rewritten, "SELECT");
+  if (!runPrepared(*prepared, text.tokens.literals, text.rows)) throw TablesChanged();
+  keep(text.text, text, std::move(prepared), rewritten);
 }
 
 void Engine::runStatement(Statement& statement, Text& text) {
@@ -147,7 +169,7 @@ void Engine::runSimple(Statement& statement, Text& text) {
   // No statement may be running or cached when the tables change.
   if (rewritten.definition) forget();
   std::unique_ptr<PreparedStatement> prepared = ready(rewritten, statement.kind);
-  if (!runPrepared(*prepared, text.tokens.literals, text.rows)) raiseChanged(statement.kind);
+  if (!runPrepared(*prepared, text.tokens.literals, text.rows)) throw TablesChanged();
   if (rewritten.query) text.rows = nullptr;
   if (rewritten.definition) {
     forget();

@@ -34,6 +34,8 @@ class Engine {
  private:
   struct Text;
   void compile(std::string_view text, RowStore* rows, int depth);
+  bool adapt(Text& whole, std::string& kind);
+  void readTable(const std::string& table, Text& text);
   void runStatement(Statement& statement, Text& text);
   void runSimple(Statement& statement, Text& text);
   void runIf(IfStatement& statement, Text& text);
