@@ -18,6 +18,7 @@ struct OpzioniCreate {
   bool vuoto = false;
   bool dimostrativo = false;  // the default when no content is specified
   std::optional<std::int32_t> percipienti;
+  std::int32_t aziende = 1;
   std::string anni = "2014-2017";
   std::uint64_t seme = 1;
 };

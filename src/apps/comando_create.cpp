@@ -38,14 +38,14 @@ ContenutoArchivio contenuto(const OpzioniCreate& opzioni) {
   return opzioni.vuoto ? ContenutoArchivio::Vuoto : ContenutoArchivio::Dimostrativo;
 }
 
-const char* descrizione(ContenutoArchivio contenuto) {
+const char* descrizione(ContenutoArchivio contenuto, bool piu) {
   switch (contenuto) {
     case ContenutoArchivio::Vuoto:
       return "vuoto, con le liste comuni a ogni azienda";
     case ContenutoArchivio::Dimostrativo:
       return "con l'azienda dimostrativa";
     case ContenutoArchivio::Sintetico:
-      return "con un'azienda sintetica";
+      return piu ? "con aziende sintetiche" : "con un'azienda sintetica";
   }
   return "";
 }
@@ -60,8 +60,8 @@ int comandoCreate(const OpzioniCreate& opzioni) {
     std::cerr << "--years: atteso un anno o un intervallo, come 2014-2017\n";
     return kUsoSbagliato;
   }
-  const OpzioniGeneratore generatore{opzioni.percipienti.value_or(0), anni->first, anni->second,
-                                     opzioni.seme};
+  const OpzioniGeneratore generatore{opzioni.percipienti.value_or(0), anni->first, anni->second, opzioni.seme,
+                                     opzioni.aziende};
   const FileNuovo nuovo(*database);
   try {
     creaArchivio(*creaConnessione(*database), contenuto(opzioni), generatore);
@@ -74,8 +74,8 @@ int comandoCreate(const OpzioniCreate& opzioni) {
     std::cerr << errore.what() << '\n';
     return kRifiutato;
   }
-  std::cout << "Database creato, " << descrizione(contenuto(opzioni)) << ": " << opzioni.database.indirizzo
-            << '\n';
+  std::cout << "Database creato, " << descrizione(contenuto(opzioni), opzioni.aziende > 1) << ": "
+            << opzioni.database.indirizzo << '\n';
   return kRiuscito;
 }
 

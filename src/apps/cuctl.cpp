@@ -48,6 +48,11 @@ void aggiungiCreate(CLI::App& programma, Esecuzione& esegui) {
           ->type_name("N")
           ->excludes(vuoto)
           ->excludes(demo);
+  comando
+      .add_option("--companies", opzioni->aziende, "Tante aziende sintetiche, ognuna con tanti percipienti")
+      ->check(fra(1, 9999))
+      ->type_name("N")
+      ->needs(percipienti);
   comando.add_option("--years", opzioni->anni, "Gli anni dell'azienda sintetica, come 2014-2017")
       ->type_name("ANNI")
       ->needs(percipienti);

@@ -20,10 +20,9 @@
 namespace cu {
 namespace {
 
-constexpr std::int32_t kAzienda = 1;
-constexpr std::int32_t kFiliale = 1;
 constexpr std::int32_t kPrimoPercipiente = 101;
 constexpr std::int32_t kMassimo = 9999999;
+constexpr std::int32_t kMassimoAziende = 9999;
 // The reason of a payee's second line of a year; never used for the first.
 constexpr std::string_view kSecondaCausale = "M1";
 
@@ -61,12 +60,13 @@ struct Conto {
 class Generatore {
  public:
   Generatore(Connection& connessione, const OpzioniGeneratore& opzioni);
-  void azienda();
+  // The company with a number from 1, to which the payees that follow belong.
+  void azienda(std::int32_t numero);
   void percipiente(std::int32_t numero);
   void chiudi();
 
  private:
-  void scheda(std::int32_t id, const PercipienteInventato& p, Casuale& caso);
+  void scheda(std::int32_t numero, const PercipienteInventato& p, Casuale& caso);
   void conto(const Conto& conto, const PercipienteInventato& p, Casuale& caso);
   void datiAggiuntivi(const Conto& conto, Casuale& caso);
   void moduli(const Conto& conto, Casuale& caso);
@@ -77,6 +77,9 @@ class Generatore {
   OpzioniGeneratore opzioni_;
   Inventore inventore_;
   std::unordered_map<std::string_view, std::int32_t> causali_;
+  std::int32_t azienda_ = 0;      // the present company
+  std::int32_t primoId_ = 0;      // before those of its persons
+  std::int32_t primoNumero_ = 0;  // before those of its payees, counted over all companies
   std::int32_t numeroModuli_ = 0;
 
   schede::Scrittura scrittura_;
@@ -122,14 +125,19 @@ Generatore::Generatore(Connection& c, const OpzioniGeneratore& opzioni)
   for (const VoceInLista& voce : causaliPagamento()) causali_.emplace(voce.codice, voce.id);
 }
 
-void Generatore::azienda() {
+void Generatore::azienda(std::int32_t numero) {
+  const bool prima = numero == 1;
+  azienda_ = numero;
+  primoId_ = (numero - 1) * (kPrimoPercipiente - 1 + opzioni_.percipienti);
+  primoNumero_ = (numero - 1) * opzioni_.percipienti;
   schede::SchedaAzienda azienda = aziendaInventata(opzioni_.primoAnno, opzioni_.ultimoAnno);
-  azienda.id = kAzienda;
-  azienda.idFiliale = kFiliale;
+  azienda.id = numero;
+  azienda.idFiliale = numero;
   schede::SchedaAnagrafica& sede = azienda.sede;
-  sede.id = kIdSede;
-  sede.anagrafica = "Azienda Sintetica S.p.A.";
-  sede.partitaIva = "0000000023";
+  sede.id = primoId_ + kIdSede;
+  sede.anagrafica =
+      prima ? "Azienda Sintetica S.p.A." : unito({"Azienda Sintetica ", cifre(numero, 4), " S.p.A."});
+  sede.partitaIva = prima ? "0000000023" : unito({cifre(numero, 7), "024"});
   sede.partitaIva += cifraDiControllo(sede.partitaIva);
   sede.codiceFiscale = sede.partitaIva;
   sede.email = "amministrazione@azienda.example";
@@ -140,12 +148,12 @@ void Generatore::azienda() {
   sede.idNazione = kItalia;
 
   schede::SchedaAnagrafica& rappresentante = azienda.rappresentante;
-  rappresentante.id = kIdRappresentante;
+  rappresentante.id = primoId_ + kIdRappresentante;
   rappresentante.anagrafica = "Verdi";
   rappresentante.nome = "Giuseppina";
   rappresentante.personaFisica = true;
   rappresentante.sesso = "F";
-  rappresentante.nascita = *Date::fromYmd(1960, 2, 29);
+  rappresentante.nascita = Date::fromSerial(Date::fromYmd(1960, 2, 29)->serial() + numero - 1);
   rappresentante.idComuneNascita = idComune("L781");
   rappresentante.idNazionalita = kItalia;
   rappresentante.idComune = idComune("L781");
@@ -155,14 +163,15 @@ void Generatore::azienda() {
   rappresentante.codiceFiscale =
       codiceFiscale({rappresentante.anagrafica, rappresentante.nome, true, rappresentante.nascita, "L781"});
   schede::Aziende::aggiungi(scrittura_, azienda);
-  riempiLocalitaEstere(scrittura_);
+  if (prima) riempiLocalitaEstere(scrittura_);
 }
 
 void Generatore::percipiente(std::int32_t numero) {
-  Casuale caso(opzioni_.seme, static_cast<std::uint64_t>(numero));
-  const std::int32_t id = kPrimoPercipiente + numero - 1;
-  const PercipienteInventato p = inventore_.inventa(numero, caso);
-  scheda(id, p, caso);
+  const std::int32_t fraTutti = primoNumero_ + numero;
+  Casuale caso(opzioni_.seme, static_cast<std::uint64_t>(fraTutti));
+  const std::int32_t id = primoId_ + kPrimoPercipiente + numero - 1;
+  const PercipienteInventato p = inventore_.inventa(fraTutti, caso);
+  scheda(numero, p, caso);
   const std::string_view causale = causaleTipica(p.tipo, caso);
   for (int anno = opzioni_.primoAnno; anno <= opzioni_.ultimoAnno; ++anno) {
     if (caso.percento(97)) conto({id, idCausale(causale), causale, anno}, p, caso);
@@ -170,13 +179,14 @@ void Generatore::percipiente(std::int32_t numero) {
   }
 }
 
-void Generatore::scheda(std::int32_t id, const PercipienteInventato& p, Casuale& caso) {
+void Generatore::scheda(std::int32_t numero, const PercipienteInventato& p, Casuale& caso) {
+  const std::int32_t id = primoId_ + kPrimoPercipiente + numero - 1;
   const std::int32_t ente =
       p.residente() && p.persona() && caso.percento(30) ? static_cast<std::int32_t>(caso.tra(1, 9)) : 0;
   schede::SchedaPercipiente scheda;
-  scheda.idAzienda = kAzienda;
+  scheda.idAzienda = azienda_;
   scheda.anagrafica = anagraficaInventata(id, p);
-  scheda.codice = cifre(id - kPrimoPercipiente + 1, 7);
+  scheda.codice = cifre(numero, 7);
   scheda.nonResidente = !p.residente();
   scheda.schumacker = p.schumacker;
   scheda.codiceFiscaleEstero = p.identificazioneEstera;
@@ -191,7 +201,7 @@ void Generatore::scheda(std::int32_t id, const PercipienteInventato& p, Casuale&
 }
 
 Inserimento& Generatore::chiaveConto(Inserimento& inserimento, const Conto& conto) {
-  return inserimento.intero(conto.idAnagrafica).intero(conto.idCausale).intero(conto.anno).intero(kAzienda);
+  return inserimento.intero(conto.idAnagrafica).intero(conto.idCausale).intero(conto.anno).intero(azienda_);
 }
 
 void Generatore::conto(const Conto& conto, const PercipienteInventato& p, Casuale& caso) {
@@ -203,7 +213,7 @@ void Generatore::conto(const Conto& conto, const PercipienteInventato& p, Casual
     const int mese = static_cast<int>(caso.tra(1, 12));
     const Date giorno = *Date::fromYmd(conto.anno, mese, static_cast<int>(caso.tra(1, 28)));
     schede::SchedaCompenso compenso;
-    compenso.idAzienda = kAzienda;
+    compenso.idAzienda = azienda_;
     compenso.idAnagrafica = conto.idAnagrafica;
     compenso.idCausale = conto.idCausale;
     compenso.pagamento = giorno;
@@ -250,7 +260,7 @@ void Generatore::datiAggiuntivi(const Conto& conto, Casuale& caso) {
 void Generatore::moduli(const Conto& conto, Casuale& caso) {
   const std::int64_t quanti = caso.percento(70) ? 1 : caso.tra(2, 3);
   for (std::int64_t i = 0; i < quanti; ++i) {
-    modulo_.intero(++numeroModuli_).intero(conto.idAnagrafica).intero(kAzienda).intero(conto.idCausale);
+    modulo_.intero(++numeroModuli_).intero(conto.idAnagrafica).intero(azienda_).intero(conto.idCausale);
     modulo_.intero(conto.anno).intero(i + 2);
     if (caso.percento(50)) {
       modulo_.intero(caso.tra(1, 2)).nullo().importo(centesimi(caso.tra(100, 90000))).importo({}).importo({});
@@ -277,6 +287,10 @@ void controlla(const OpzioniGeneratore& opzioni) {
   if (opzioni.percipienti < 1 || opzioni.percipienti > kMassimo) {
     throw std::invalid_argument("numero di percipienti fuori dai limiti");
   }
+  if (opzioni.aziende < 1 || opzioni.aziende > kMassimoAziende ||
+      opzioni.percipienti > kMassimo / opzioni.aziende) {
+    throw std::invalid_argument("numero di aziende fuori dai limiti");
+  }
   if (opzioni.primoAnno < 1902 || opzioni.ultimoAnno > 9990 || opzioni.primoAnno > opzioni.ultimoAnno) {
     throw std::invalid_argument("anni fuori dai limiti");
   }
@@ -285,8 +299,10 @@ void controlla(const OpzioniGeneratore& opzioni) {
 void generaAzienda(Connection& connessione, const OpzioniGeneratore& opzioni) {
   controlla(opzioni);
   Generatore generatore(connessione, opzioni);
-  generatore.azienda();
-  for (std::int32_t numero = 1; numero <= opzioni.percipienti; ++numero) generatore.percipiente(numero);
+  for (std::int32_t azienda = 1; azienda <= opzioni.aziende; ++azienda) {
+    generatore.azienda(azienda);
+    for (std::int32_t numero = 1; numero <= opzioni.percipienti; ++numero) generatore.percipiente(numero);
+  }
   generatore.chiudi();
 }
 

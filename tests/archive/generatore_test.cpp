@@ -3,9 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
+#include <memory>
 #include <set>
 #include <string>
+#include <vector>
 
+#include "archive/archivio.h"
+#include "archive/archivio_di_prova.h"
 #include "archive/casuale.h"
 #include "archive/generatore_conti.h"
 #include "archive/generatore_persone.h"
@@ -44,6 +49,59 @@ TEST(GeneraAzienda, GivesTheSameRowsForTheSameSeed) {
 
 TEST(GeneraAzienda, GivesOtherRowsForAnotherSeed) {
   EXPECT_NE(statements({.percipienti = 60, .seme = 7}), statements({.percipienti = 60, .seme = 8}));
+}
+
+// The first two columns of a query's rows, of an archive made with the options.
+class Synthetic {
+ public:
+  explicit Synthetic(const OpzioniGeneratore& options) {
+    creaArchivio(*connection_, ContenutoArchivio::Sintetico, options);
+  }
+  std::vector<std::string> rows(const std::string& query) {
+    const test::Righe read(*connection_, query);
+    const std::vector<std::string> names = read.names();
+    std::vector<std::string> texts;
+    for (std::size_t i = 0; i < read.size(); ++i) {
+      texts.push_back(read.text(i, names.at(0)) + " " + read.text(i, names.at(1)));
+    }
+    return texts;
+  }
+
+ private:
+  std::unique_ptr<Connection> connection_ = SqliteConnection::create(":memory:");
+};
+
+TEST(GeneraAzienda, WritesTheFirstCompanyAsIfItWereTheOnlyOne) {
+  Synthetic many({.percipienti = 20, .primoAnno = 2016, .ultimoAnno = 2017, .aziende = 3});
+  Synthetic alone({.percipienti = 20, .primoAnno = 2016, .ultimoAnno = 2017});
+  for (const std::string table : {"ContoIndividuale", "Compenso"}) {
+    const std::string query = "SELECT IDAnagrafica, OnorarioProvvigioni FROM " + table +
+                              " WHERE IDAzienda = 1 ORDER BY IDAnagrafica, IDCausalePagamento, "
+                              "OnorarioProvvigioni";
+    EXPECT_GT(many.rows(query).size(), 20u);
+    EXPECT_EQ(many.rows(query), alone.rows(query));
+  }
+}
+
+TEST(GeneraAzienda, GivesEachCompanyItsPayeesAndItsVatNumber) {
+  Synthetic many({.percipienti = 20, .primoAnno = 2016, .ultimoAnno = 2017, .aziende = 3});
+  std::set<std::string> persons;
+  std::map<std::string, int> payees;
+  for (const std::string& payee : many.rows("SELECT IDAzienda, IDAnagrafica FROM Percipiente")) {
+    ++payees[payee.substr(0, payee.find(' '))];
+    EXPECT_TRUE(persons.insert(payee.substr(payee.find(' '))).second) << payee;
+  }
+  EXPECT_EQ(payees, (std::map<std::string, int>{{"1", 20}, {"2", 20}, {"3", 20}}));
+  std::set<std::string> numbers;
+  for (const std::string& company :
+       many.rows("SELECT Azienda.IDAzienda, Anagrafica.PartitaIva FROM Azienda INNER JOIN Anagrafica ON "
+                 "Azienda.IDAnagrafica = Anagrafica.IDAnagrafica")) {
+    const std::string number = company.substr(company.find(' ') + 1);
+    ASSERT_EQ(number.size(), 11u);
+    EXPECT_EQ(cifraDiControllo(std::string_view(number).substr(0, 10)), number[10]);
+    numbers.insert(number);
+  }
+  EXPECT_EQ(numbers.size(), 3u);
 }
 
 TEST(Inventore, InventsAPayeeWhateverWasInventedBefore) {

@@ -81,6 +81,9 @@ TEST(CreaArchivio, TellsTheFirstErrorWhenTakingBackFailsToo) {
 TEST(CreaArchivio, RefusesASyntheticCompanyOutOfRangeBeforeAnyStatement) {
   const OpzioniGeneratore wrong[] = {{.percipienti = 0},
                                      {.percipienti = 10000000},
+                                     {.percipienti = 1, .aziende = 0},
+                                     {.percipienti = 1, .aziende = 10000},
+                                     {.percipienti = 1001, .aziende = 9999},
                                      {.percipienti = 1, .primoAnno = 2017, .ultimoAnno = 2016},
                                      {.percipienti = 1, .primoAnno = 1, .ultimoAnno = 2016}};
   for (const OpzioniGeneratore& options : wrong) {
