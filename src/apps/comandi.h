@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/connessioni.h"
@@ -32,12 +33,24 @@ struct OpzioniDrive {
 };
 int comandoDrive(const OpzioniDrive& opzioni);
 
+// Runs for several companies, each with the profile's settings and a session of its own.
+struct OpzioniAziende {
+  std::vector<std::string> richieste;  // fiscal codes or numbers; none for all companies
+  std::vector<std::string> indirizzi;  // of databases; none for the profile's
+  std::string variabilePassword;
+  bool inChiaro = false;
+  bool soloMancanti = false;  // without those whose certificates are on record
+};
+
 struct OpzioniMake {
   std::string profilo;
   fornitura::RichiestaCU richiesta;
   bool passaAvvisi = false;
+  std::optional<OpzioniAziende> aziende;  // none for the company of the profile alone
+  std::optional<std::int32_t> lavori;     // at a time; default: the number of cores
 };
 int comandoMake(const OpzioniMake& opzioni);
+int comandoMakeAziende(const OpzioniMake& opzioni);
 
 inline constexpr const char* kStampaConti = "ContoIndividuale.rpt";
 inline constexpr std::array kStampe = {kStampaConti, "CertificazioneCompensiSintetico.rpt",

@@ -17,6 +17,7 @@
 #include "completamento.h"
 #include "suite/profilo.h"
 #include "uso.h"
+#include "uso_aziende.h"
 #include "uso_esame.h"
 #include "uso_finestra.h"
 #include "uso_importa.h"
@@ -153,7 +154,14 @@ void aggiungiMake(CLI::App& programma, Esecuzione& esegui) {
   aggiungiIntermediario(comando, *sciolte);
   comando.add_flag("--cumulative", richiesta.stampaCumulativa, "Una stampa sola per tutti i percipienti");
   comando.add_flag("--yes", opzioni->passaAvvisi, "Prosegue davanti agli avvisi");
-  comando.callback([&esegui, opzioni, sciolte] {
+  auto aziende = std::make_shared<SceltaAziende>();
+  aggiungiAziende(comando, *aziende);
+  aggiungiLavori(comando, opzioni->lavori, "Quante aziende alla volta; senza, una per ogni unità di calcolo");
+  for (const char* estremo : {"--from-payee", "--to-payee", "--from-reason", "--to-reason"}) {
+    aziende->soloMancanti->excludes(comando.get_option(estremo));
+  }
+  comando.callback([&esegui, opzioni, sciolte, aziende] {
+    opzioni->aziende = aziende->scelta();
     if (sciolte->tipo == 1 && !sciolte->protocollo.empty()) {
       throw CLI::ValidationError("--protocol", "serve solo con --kind 2 o --kind 3");
     }

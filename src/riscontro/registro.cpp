@@ -167,8 +167,21 @@ std::string Registro::causaleDi(const Certificato& certificato, std::int32_t idA
   return riga.Eof() ? std::string() : riga.Get(0).toText();
 }
 
+// On a server another program may take the same id at the same moment: the second one begins again.
 std::int64_t Registro::registra(const Invio& invio, const std::vector<Certificato>& certificati,
                                 const std::function<void(std::size_t quante)>& registrate) {
+  constexpr int kTentativi = 50;
+  for (int tentativo = 1;; ++tentativo) {
+    try {
+      return registraUna(invio, certificati, registrate);
+    } catch (const DatabaseError& errore) {
+      if (errore.kind() != DatabaseErrorKind::Duplicate || tentativo == kTentativi) throw;
+    }
+  }
+}
+
+std::int64_t Registro::registraUna(const Invio& invio, const std::vector<Certificato>& certificati,
+                                   const std::function<void(std::size_t quante)>& registrate) {
   Transazione transazione(connessione_);
   // The row of the file is written first: it holds the id, and with it the lock, until the end.
   const std::int64_t id = massimo("CuInvio", "IDInvio") + 1;

@@ -78,6 +78,8 @@ class Registro {
   Connection& connessione() { return connessione_; }
 
  private:
+  std::int64_t registraUna(const Invio& invio, const std::vector<lettura::Certificato>& certificati,
+                           const std::function<void(std::size_t quante)>& registrate);
   std::string causaleDi(const lettura::Certificato& certificato, std::int32_t idAzienda);
   std::int64_t massimo(std::string_view tabella, std::string_view colonna);
   void leggiModuli(std::int32_t idAzienda, std::optional<std::int32_t> anno,

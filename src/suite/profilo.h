@@ -39,6 +39,9 @@ struct Profilo {
     bool cifrata = true;
     std::int32_t secondiAccesso = 15;
     std::int32_t secondiIstruzione = 600;  // 0 for no limit
+    // Never from a file:
+    std::optional<std::string> password;  // asked for already
+    std::optional<int> secondiAttesa;     // for another program's write in a file; none for the usual time
   };
   struct Valuta {
     bool decimali = true;

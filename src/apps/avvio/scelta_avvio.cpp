@@ -10,7 +10,6 @@
 #include "apps/comune/connessioni.h"
 #include "archive/archivio.h"
 #include "base/error.h"
-#include "data/recordset.h"
 #include "platform/owner_only.h"
 #include "suite/file_system.h"
 #include "suite/impostazioni.h"
@@ -147,28 +146,7 @@ QString nomeNuovoArchivio(const QString& cartella) {
 }
 
 std::vector<AziendaAvvio> aziendeDi(const QString& database) {
-  const auto connessione = apriConnessione(databaseDi(database));
-  Recordset righe;
-  righe.Open(*connessione,
-             "SELECT Azienda.IDAzienda, Filiale.IDFiliale, Anagrafica.Anagrafica, CASE WHEN "
-             "ISNULL(Anagrafica.CodiceFiscale, '') = '' THEN Anagrafica.PartitaIva ELSE "
-             "Anagrafica.CodiceFiscale END "
-             "AS CodFisc, (SELECT MAX(ContoIndividuale.Anno) FROM ContoIndividuale WHERE "
-             "ContoIndividuale.IDAzienda = "
-             "Azienda.IDAzienda) AS UltimoAnno FROM Azienda INNER JOIN Anagrafica "
-             "ON Azienda.IDAnagrafica = Anagrafica.IDAnagrafica LEFT JOIN Filiale ON Filiale.IDAzienda = "
-             "Azienda.IDAzienda ORDER BY Anagrafica.Anagrafica, Filiale.IDFiliale");
-  std::vector<AziendaAvvio> aziende;
-  for (; !righe.Eof(); righe.MoveNext()) {
-    const auto azienda = static_cast<std::int32_t>(righe.Get(0).integer());
-    bool nota = false;
-    for (const AziendaAvvio& altra : aziende) nota = nota || altra.azienda == azienda;
-    if (!nota) {
-      aziende.push_back({azienda, static_cast<std::int32_t>(righe.Get(1).integer()), righe.Get(2).toText(),
-                         righe.Get(3).toText(), righe.Get(4).toText()});
-    }
-  }
-  return aziende;
+  return aziendeDelDatabase(*apriConnessione(databaseDi(database)));
 }
 
 Profilo profiloDi(const SceltaAvvio& scelta, const CartelleAvvio& cartelle) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/comune/aziende_database.h"
 #include "suite/profilo.h"
 
 namespace cu {
@@ -51,13 +52,7 @@ void creaArchivioVuoto(const QString& file);
 // The proposal for a new one: a name in the folder that no file has yet.
 QString nomeNuovoArchivio(const QString& cartella);
 
-struct AziendaAvvio {
-  std::int32_t azienda = 0;
-  std::int32_t filiale = 0;
-  std::string nome;
-  std::string codiceFiscale;  // or the VAT number
-  std::string ultimoAnno;     // with accounts; empty for none
-};
+using AziendaAvvio = AziendaDelDatabase;
 // The companies of a database, by name; database errors propagate.
 std::vector<AziendaAvvio> aziendeDi(const QString& database);
 

@@ -12,11 +12,17 @@
 namespace cu {
 namespace {
 
+constexpr int kMillesimi = 1000;
+
 // A server of another kind would reject the first statement with a less specific message.
 std::unique_ptr<Connection> apriServer(const Profilo::Database& database) {
   OdbcSettings impostazioni{database.origine, "", database.cifrata, database.secondiAccesso,
                             database.secondiIstruzione};
-  if (OdbcConnection::wantsPassword(database.origine)) impostazioni.password = passwordDi(database);
+  if (database.password) {
+    impostazioni.password = *database.password;
+  } else if (OdbcConnection::wantsPassword(database.origine)) {
+    impostazioni.password = passwordDi(database);
+  }
   auto connessione =
       OdbcConnection::open(impostazioni, [](const std::string& avviso) { std::cerr << avviso << std::endl; });
   if (!connessione->isSqlServer()) {
@@ -50,10 +56,17 @@ std::optional<Profilo::Database> databaseIndicato(const OpzioniDatabase& opzioni
   return database;
 }
 
+void chiediPassword(Profilo::Database& database) {
+  const bool server = database.motore == Profilo::Motore::Odbc;
+  if (!server || database.password || !OdbcConnection::wantsPassword(database.origine)) return;
+  database.password = passwordDi(database);
+}
+
 std::unique_ptr<Connection> apriConnessione(const Profilo::Database& database) {
   switch (database.motore) {
     case Profilo::Motore::Sqlite: {
       auto file = SqliteConnection::open(database.origine);
+      if (database.secondiAttesa) file->setPatience(*database.secondiAttesa * kMillesimi);
       esigiSuite(*file, "Il database «" + database.origine + "» non contiene le tabelle della suite.");
       return file;
     }

@@ -20,6 +20,10 @@ struct OpzioniDatabase {
 // Nothing where the address is none, which is reported on standard error.
 std::optional<Profilo::Database> databaseIndicato(const OpzioniDatabase& opzioni);
 
+// Asks now for what each connection would ask for, where several are to follow. Raises as apriConnessione
+// does.
+void chiediPassword(Profilo::Database& database);
+
 // Opens the suite's database for an address. DatabaseError states in Italian the problem and the remedy.
 // Missing security of a server's connection is reported on standard error.
 std::unique_ptr<Connection> apriConnessione(const Profilo::Database& database);
