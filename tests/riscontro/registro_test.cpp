@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/error.h"
 #include "riscontro/riscontro_prova.h"
 
 namespace cu::riscontro::prova {
@@ -14,6 +15,37 @@ TEST(Registro, IsMissingInADatabaseWithoutItsTables) {
   EXPECT_EQ(creaRegistro(*connessione), 8U);
   EXPECT_TRUE(Registro(*connessione).presente());
   EXPECT_EQ(creaRegistro(*connessione), 0U);
+}
+
+// Takes the id of the next file for another program, as often as asked.
+class TakenBefore : public Connection {
+ public:
+  TakenBefore(Connection& connection, int times) : connection_(connection), times_(times) {}
+  std::int64_t Execute(std::string_view statement) override {
+    if (statement.starts_with("INSERT INTO CuInvio") && times_-- > 0) {
+      throw DatabaseError(DatabaseErrorKind::Duplicate, 2627, "INSERT", "Esiste già.");
+    }
+    return connection_.Execute(statement);
+  }
+  void Query(std::string_view source, RowStore& rows) override { connection_.Query(source, rows); }
+
+ private:
+  Connection& connection_;
+  int times_;
+};
+
+TEST(Registro, TakesTheNextIdWhereAnotherProgramWasFaster) {
+  ConRegistro con;
+  con.scrivi({certificato("RSSMRC71C08L781I", "A")});
+  TakenBefore fast(*con.connessione, 3);
+  Invio next;
+  next.idAzienda = 1;
+  next.anno = 2017;
+  EXPECT_EQ(Registro(fast).registra(next, {certificato("P", "A")}), 2);
+  EXPECT_EQ(con.registro.certificate(1, 2017, false).size(), 2U);
+  TakenBefore always(*con.connessione, 1000000);
+  EXPECT_THROW(Registro(always).registra(next, {}), DatabaseError);
+  EXPECT_EQ(con.registro.invii(1).size(), 2U);
 }
 
 TEST(Registro, KeepsEachCertificateWithItsCells) {

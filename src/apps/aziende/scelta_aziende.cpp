@@ -134,11 +134,13 @@ std::int32_t numeroSessione(std::int32_t utente, std::int32_t azienda) {
   // Larger numbers have no place side by side: spread over the numbers above those.
   constexpr std::int32_t kSparsi = 2000000000;
   constexpr std::uint64_t kQuanti = 147483647;
-  std::uint64_t somma = 14695981039346656037U;
-  for (const std::int32_t numero : {utente, azienda}) {
-    somma = (somma ^ static_cast<std::uint32_t>(numero)) * 1099511628211U;
-  }
-  return kSparsi + static_cast<std::int32_t>((somma >> 20U) % kQuanti);
+  // The mixer of the generator SplitMix64: every bit of both reaches every bit of the sum.
+  std::uint64_t somma =
+      (std::uint64_t{static_cast<std::uint32_t>(utente)} << 32U) | static_cast<std::uint32_t>(azienda);
+  somma = (somma ^ (somma >> 30U)) * 0xBF58476D1CE4E5B9U;
+  somma = (somma ^ (somma >> 27U)) * 0x94D049BB133111EBU;
+  somma ^= somma >> 31U;
+  return kSparsi + static_cast<std::int32_t>(somma % kQuanti);
 }
 
 Profilo profiloPer(const Profilo& profilo, const std::vector<DatabaseScelto>& database,
