@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/aziende/opzioni_aziende.h"
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/connessioni.h"
 #include "fornitura/corsa.h"
@@ -32,15 +33,6 @@ struct OpzioniDrive {
   std::string inizio = kInizioWizard;  // the form with which the run starts
 };
 int comandoDrive(const OpzioniDrive& opzioni);
-
-// Runs for several companies, each with the profile's settings and a session of its own.
-struct OpzioniAziende {
-  std::vector<std::string> richieste;  // fiscal codes or numbers; none for all companies
-  std::vector<std::string> indirizzi;  // of databases; none for the profile's
-  std::string variabilePassword;
-  bool inChiaro = false;
-  bool soloMancanti = false;  // without those whose certificates are on record
-};
 
 struct OpzioniMake {
   std::string profilo;

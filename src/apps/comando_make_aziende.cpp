@@ -127,9 +127,9 @@ class CorsaAzienda {
 
   static bool haConti(Connection& connessione, const riscontro::Esercizio& esercizio) {
     Recordset conti;
-    conti.Open(connessione, "SELECT COUNT(*) FROM ContoIndividuale WHERE IDAzienda = " +
-                                fromInteger(esercizio.idAzienda) +
-                                " AND Anno = " + fromInteger(esercizio.anno));
+    conti.Open(connessione,
+               "SELECT COUNT(*) FROM ContoIndividuale WHERE IDAzienda = " + fromInteger(esercizio.idAzienda) +
+                   " AND Anno = " + fromInteger(esercizio.anno));
     return conti.Get(0).integer() > 0;
   }
 
@@ -187,19 +187,6 @@ class CorsaAzienda {
   fs::path cartella_;
 };
 
-std::vector<Profilo::Database> databaseIndicati(const OpzioniAziende& opzioni, const Profilo& profilo) {
-  if (opzioni.indirizzi.empty()) return {profilo.database};
-  std::vector<Profilo::Database> database;
-  for (const std::string& indirizzo : opzioni.indirizzi) {
-    auto uno = databaseIndicato({indirizzo, opzioni.variabilePassword, opzioni.inChiaro});
-    if (!uno) return {};
-    uno->secondiAccesso = profilo.database.secondiAccesso;
-    uno->secondiIstruzione = profilo.database.secondiIstruzione;
-    database.push_back(std::move(*uno));
-  }
-  return database;
-}
-
 // The folder above those of the companies. What all runs share is created here, where nobody else does it.
 fs::path cartellaComune(const OpzioniMake& opzioni, const Profilo& profilo) {
   FileSystemPiattaforma files;
@@ -228,9 +215,9 @@ void scriviSomma(std::size_t tutte, std::map<Esito, std::size_t>& somma) {
 
 int comandoMakeAziende(const OpzioniMake& opzioni) {
   const Profilo profilo = leggiProfilo(opzioni.profilo);
-  const std::vector<Profilo::Database> indicati = databaseIndicati(*opzioni.aziende, profilo);
-  if (indicati.empty()) return kUsoSbagliato;
-  const std::vector<DatabaseScelto> database = leggiDatabase(indicati);
+  const auto indicati = databaseIndicati(*opzioni.aziende, profilo);
+  if (!indicati) return kUsoSbagliato;
+  const std::vector<DatabaseScelto> database = leggiDatabase(*indicati);
   std::vector<AziendaScelta> scelte;
   try {
     scelte = scegliAziende(database, opzioni.aziende->richieste);

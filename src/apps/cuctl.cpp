@@ -156,10 +156,8 @@ void aggiungiMake(CLI::App& programma, Esecuzione& esegui) {
   comando.add_flag("--yes", opzioni->passaAvvisi, "Prosegue davanti agli avvisi");
   auto aziende = std::make_shared<SceltaAziende>();
   aggiungiAziende(comando, *aziende);
+  aggiungiSoloMancanti(comando, *aziende, {"--from-payee", "--to-payee", "--from-reason", "--to-reason"});
   aggiungiLavori(comando, opzioni->lavori, "Quante aziende alla volta; senza, una per ogni unità di calcolo");
-  for (const char* estremo : {"--from-payee", "--to-payee", "--from-reason", "--to-reason"}) {
-    aziende->soloMancanti->excludes(comando.get_option(estremo));
-  }
   comando.callback([&esegui, opzioni, sciolte, aziende] {
     opzioni->aziende = aziende->scelta();
     if (sciolte->tipo == 1 && !sciolte->protocollo.empty()) {

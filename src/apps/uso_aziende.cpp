@@ -34,8 +34,14 @@ void aggiungiAziende(CLI::App& comando, SceltaAziende& scelta) {
       ->needs(indirizzi);
   comando.add_flag("--no-encrypt", opzioni.inChiaro, "Non cifra la connessione di un url odbc")
       ->needs(indirizzi);
-  scelta.soloMancanti = comando.add_flag("--only-missing", opzioni.soloMancanti,
-                                         "Tralascia le aziende le cui certificazioni sono già scritte");
+}
+
+void aggiungiSoloMancanti(CLI::App& comando, SceltaAziende& scelta,
+                          std::initializer_list<const char*> estremi) {
+  CLI::Option* const soloMancanti =
+      comando.add_flag("--only-missing", scelta.opzioni.soloMancanti,
+                       "Tralascia le aziende le cui certificazioni sono già scritte");
+  for (const char* estremo : estremi) soloMancanti->excludes(comando.get_option(estremo));
 }
 
 void aggiungiLavori(CLI::App& comando, std::optional<std::int32_t>& lavori, const std::string& spiegazione) {

@@ -2,8 +2,10 @@
 
 #include <memory>
 
+#include "apps/aziende/comando_tabellone.h"
 #include "apps/esame/comandi_esame.h"
 #include "uso.h"
+#include "uso_aziende.h"
 
 namespace cu {
 namespace {
@@ -83,15 +85,25 @@ void aggiungiReceipt(CLI::App& programma, Esecuzione& esegui) {
 
 void aggiungiStatus(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando = aggiungiComando(
-      programma, "status", "Dice a che punto è ogni certificazione di un anno, e che cosa occorre");
-  auto opzioni = std::make_shared<OpzioniStatus>();
+      programma, "status", "Dice a che punto è ogni certificazione di un anno, o il quadro di più aziende");
+  auto opzioni = std::make_shared<OpzioniTabellone>();
+  auto aziende = std::make_shared<SceltaAziende>();
   aggiungiProfilo(comando, opzioni->profilo);
-  comando.add_option("--year", opzioni->anno, "Anno di pagamento dei compensi")
-      ->required()
+  comando
+      .add_option("--year", opzioni->anno, "Anno di pagamento dei compensi; per il quadro si può tralasciare")
       ->check(fra(1900, 2199))
       ->type_name("ANNO");
   comando.add_flag("--json", opzioni->json, "In JSON");
-  comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoStatus(*opzioni); }; });
+  aggiungiAziende(comando, *aziende);
+  comando.callback([&esegui, opzioni, aziende] {
+    if (const auto scelta = aziende->scelta()) {
+      opzioni->aziende = *scelta;
+      esegui = [opzioni] { return comandoTabellone(*opzioni); };
+      return;
+    }
+    if (!opzioni->anno) throw CLI::ValidationError("--year", "manca");
+    esegui = [opzioni] { return comandoStatus({opzioni->profilo, *opzioni->anno, opzioni->json}); };
+  });
 }
 
 }  // namespace cu

@@ -50,7 +50,12 @@ void Controlli::esegui(const DatiControllo& dati, std::int32_t idAzienda, const 
 
 void Controlli::esegui(std::int32_t idAzienda, const std::string& tabella) {
   controllaAzienda(idAzienda);
-  controllaPercipienti(tabella);
+  controllaPercipienti(fnQueryPercipienti(tabella));
+}
+
+void Controlli::eseguiSuiConti(std::int32_t idAzienda, std::int32_t anno) {
+  controllaAzienda(idAzienda);
+  controllaPercipienti(fnQueryPercipienti(idAzienda, anno));
 }
 
 std::vector<DatoMancante> Controlli::mancantiSulloSchermo(const DatiControllo& dati) {
@@ -83,9 +88,9 @@ void Controlli::controllaAzienda(std::int32_t idAzienda) {
   azienda.Close();
 }
 
-void Controlli::controllaPercipienti(const std::string& tabella) {
+void Controlli::controllaPercipienti(const std::string& query) {
   Recordset percipienti;
-  percipienti.Open(connessione_, utilita_.fnAnsi2jet(fnQueryPercipienti(tabella)), LockType::BatchOptimistic);
+  percipienti.Open(connessione_, utilita_.fnAnsi2jet(query), LockType::BatchOptimistic);
   for (; !percipienti.Eof(); percipienti.MoveNext()) {
     for (const Requisito& requisito : kRequisitiPercipiente) {
       if (!vuoto(percipienti, requisito.colonna) ||
@@ -120,7 +125,10 @@ std::string Controlli::fnQueryAzienda(std::int32_t idAzienda) {
          fromInteger(idAzienda);
 }
 
-std::string Controlli::fnQueryPercipienti(const std::string& tabella) {
+namespace {
+
+// The payees of the rows of a table or view that meet a condition.
+std::string queryPercipienti(const std::string& tabella, const std::string& condizione) {
   return "SELECT DISTINCT Anag.Sesso, Anag.DataNascita, NonResidente, Anag.Indirizzo, Anag.PersonaFisica,"
          " Anag.Anagrafica, Anag.Nome, Anag.Anagrafica + ' ' + ISNULL(Anag.Nome,'') AS AnagPercipiente,"
          " CASE WHEN ISNULL(Anag.CodiceFiscale, '') = '' THEN Anag.PartitaIva ELSE Anag.CodiceFiscale END AS"
@@ -136,7 +144,19 @@ std::string Controlli::fnQueryPercipienti(const std::string& tabella) {
          " LEFT JOIN Comune ComRes ON Anag.IDComune = ComRes.IDComune"
          " LEFT JOIN Provincia ProvRes ON ComRes.IDProvincia = ProvRes.IDProvincia"
          " LEFT JOIN Nazione NazRes ON Anag.IDNazione = NazRes.IDNazione"
-         " WHERE Selezionato <> 0";
+         " WHERE " +
+         condizione;
+}
+
+}  // namespace
+
+std::string Controlli::fnQueryPercipienti(const std::string& tabella) {
+  return queryPercipienti(tabella, "Selezionato <> 0");
+}
+
+std::string Controlli::fnQueryPercipienti(std::int32_t idAzienda, std::int32_t anno) {
+  return queryPercipienti("RepContoIndividuale", "RepContoIndividuale.IDAzienda = " + fromInteger(idAzienda) +
+                                                     " AND RepContoIndividuale.Anno = " + fromInteger(anno));
 }
 
 }  // namespace cu

@@ -39,6 +39,8 @@ class Controlli : public per_chiamanti::DiControlli<Controlli> {
   void esegui(const DatiControllo& dati, std::int32_t idAzienda, const std::string& tabella);
   // The same without the values of the screen.
   void esegui(std::int32_t idAzienda, const std::string& tabella);
+  // The same of all accounts of a year, without a work table.
+  void eseguiSuiConti(std::int32_t idAzienda, std::int32_t anno);
   // The checks of the screen's values alone.
   static std::vector<DatoMancante> mancantiSulloSchermo(const DatiControllo& dati);
 
@@ -49,10 +51,11 @@ class Controlli : public per_chiamanti::DiControlli<Controlli> {
   // The queries before the suite's adaptation.
   static std::string fnQueryAzienda(std::int32_t idAzienda);
   static std::string fnQueryPercipienti(const std::string& tabella);
+  static std::string fnQueryPercipienti(std::int32_t idAzienda, std::int32_t anno);
 
  private:
   void controllaAzienda(std::int32_t idAzienda);
-  void controllaPercipienti(const std::string& tabella);
+  void controllaPercipienti(const std::string& query);
 
   Connection& connessione_;
   const Conversioni& utilita_;

@@ -212,6 +212,7 @@ void FinestraAvvio::leggiAziende() {
   avvia_->setEnabled(!elenco_.empty());
   gestisci_->setEnabled(aperto);
   stato_->setEnabled(!elenco_.empty());
+  quadro_->setEnabled(!elenco_.empty());
   importa_->setEnabled(aperto);
 }
 
@@ -220,6 +221,7 @@ void FinestraAvvio::componiStrumenti() {
   const QAction* const apri = menu->addAction(QStringLiteral("&Apri un file telematico…"));
   const QAction* const confronta = menu->addAction(QStringLiteral("&Confronta due file…"));
   stato_ = menu->addAction(QStringLiteral("&Stato degli invii…"));
+  quadro_ = menu->addAction(QStringLiteral("&Quadro delle aziende…"));
   strumenti_->setMenu(menu);
   connect(apri, &QAction::triggered, this, [this] {
     const QString scelto = strumenti::scegliFile(this, QStringLiteral("Apri un file telematico"));
@@ -233,6 +235,9 @@ void FinestraAvvio::componiStrumenti() {
   });
   connect(stato_, &QAction::triggered, this, [this] {
     if (const auto scelto = profilo()) strumenti::apriStato(*scelto);
+  });
+  connect(quadro_, &QAction::triggered, this, [this] {
+    if (const auto scelto = profilo()) strumenti::apriTabellone(*scelto);
   });
   strumenti::accettaFile(this, [this](const QStringList& file) {
     for (const QString& uno : file) strumenti::apriFile(uno, profilo());

@@ -62,6 +62,7 @@ class FinestraAvvio : public QDialog {
   QPushButton* strumenti_;
   QPushButton* datiPropri_;
   QAction* stato_ = nullptr;
+  QAction* quadro_ = nullptr;
   QAction* gestisci_ = nullptr;
   QAction* importa_ = nullptr;
   std::unique_ptr<GestioneAperta> gestione_;

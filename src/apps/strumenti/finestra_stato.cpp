@@ -25,7 +25,7 @@ constexpr std::array<const char*, kOperazioni + 1> kFiltri = {"N&uove",   "S&ost
 
 }  // namespace
 
-FinestraStato::FinestraStato(Profilo profilo)
+FinestraStato::FinestraStato(Profilo profilo, std::optional<std::int32_t> anno)
     : Finestra(QStringLiteral("stato")), profilo_(std::move(profilo)) {
   setWindowTitle(QStringLiteral("Stato degli invii"));
   auto* const colonna = new QVBoxLayout(this);
@@ -43,7 +43,7 @@ FinestraStato::FinestraStato(Profilo profilo)
   colonna->addWidget(attesa());
   colonna->addWidget(pulsanti());
   ricordaPosto({divisore}, kDimensioneStato);
-  leggi(std::nullopt);
+  leggi(anno);
 }
 
 QWidget* FinestraStato::sopra() {

@@ -21,7 +21,8 @@ class Tabella;
 // Where each certificate of a year is between the accounts and the authority, and what follows.
 class FinestraStato : public Finestra {
  public:
-  explicit FinestraStato(Profilo profilo);
+  // Of the newest year where none is asked for.
+  explicit FinestraStato(Profilo profilo, std::optional<std::int32_t> anno = {});
   // As the buttons do, once the file or the folder is chosen.
   void leggiRicevuta(const QString& tabella);
   void scriviCorrezioni(const QString& cartella);

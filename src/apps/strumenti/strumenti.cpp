@@ -3,6 +3,7 @@
 #include "apps/strumenti/finestra_confronto.h"
 #include "apps/strumenti/finestra_file.h"
 #include "apps/strumenti/finestra_stato.h"
+#include "apps/strumenti/finestra_tabellone.h"
 
 namespace cu::strumenti {
 namespace {
@@ -30,6 +31,8 @@ void apriConfrontoConConti(const QString& percorso, const Profilo& profilo) {
 }
 
 void apriStato(const Profilo& profilo) { inVista(new FinestraStato(profilo)); }
+
+void apriTabellone(const Profilo& profilo) { inVista(new FinestraTabellone(profilo)); }
 
 bool aperti() { return Finestra::aperte(); }
 

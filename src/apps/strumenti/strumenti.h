@@ -15,6 +15,8 @@ void apriFile(const QString& percorso, const std::optional<Profilo>& profilo);
 void apriConfronto(const QString& vecchio, const QString& nuovo);
 void apriConfrontoConConti(const QString& percorso, const Profilo& profilo);
 void apriStato(const Profilo& profilo);
+// The board of all companies of the profile's database.
+void apriTabellone(const Profilo& profilo);
 // Whether one of them is on the screen.
 bool aperti();
 

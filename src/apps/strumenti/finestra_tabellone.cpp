@@ -1,0 +1,351 @@
+#include "apps/strumenti/finestra_tabellone.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <functional>
+#include <set>
+
+#include "apps/strumenti/esportazione.h"
+#include "apps/strumenti/finestra_stato.h"
+#include "apps/strumenti/frase.h"
+#include "apps/strumenti/ricerca.h"
+#include "apps/strumenti/tabella_vista.h"
+#include "desktop/file_dialog.h"
+#include "suite/orologio.h"
+
+namespace cu::strumenti {
+namespace {
+
+constexpr QSize kDimensioneTabellone(1180, 660);
+constexpr std::array<const char*, 5> kScritteScelte = {"&Tutte", "&Da inviare", "In rita&rdo",
+                                                       "Dati &mancanti", "&Scartate"};
+
+QString frase(const riscontro::Termine& termine, Date oggi) {
+  QString causali;
+  for (const std::string& una : termine.causali) causali += (causali.isEmpty() ? "" : ", ") + qs(una);
+  QString testo = QStringLiteral("%1 entro il %2")
+                      .arg(termine.entro < oggi ? QStringLiteral("⚠ era") : QStringLiteral("•"))
+                      .arg(qs(termine.entro.toItalian()));
+  if (!termine.condizione.empty()) testo += QStringLiteral(" %1").arg(qs(termine.condizione));
+  return testo +
+         QStringLiteral(": %1 %2 %3 (fonte: %4)")
+             .arg(conteggio(termine.certificazioni),
+                  termine.causali.size() == 1 ? QStringLiteral("di causale") : QStringLiteral("di causali"),
+                  causali, qs(termine.fonte));
+}
+
+// What is late first, then what is due next.
+QString breve(const VoceTabellone& voce, Date oggi) {
+  const riscontro::Termini& termini = voce.termini;
+  QStringList pezzi;
+  if (termini.inRitardo > 0) pezzi += QStringLiteral("⚠ in ritardo %1").arg(conteggio(termini.inRitardo));
+  if (termini.forseInRitardo > 0) {
+    pezzi += QStringLiteral("? forse in ritardo %1").arg(conteggio(termini.forseInRitardo));
+  }
+  const auto prossimo = std::find_if(termini.tutti.begin(), termini.tutti.end(),
+                                     [oggi](const riscontro::Termine& uno) { return !(uno.entro < oggi); });
+  if (prossimo != termini.tutti.end()) {
+    pezzi += QStringLiteral("entro il %1").arg(qs(prossimo->entro.toItalian()));
+  } else if (pezzi.isEmpty() && voce.riga.nuove() > 0) {
+    pezzi += QStringLiteral("scadenza non nota");
+  }
+  return pezzi.join(QStringLiteral(", "));
+}
+
+// By the first date; without one last.
+QVariant ordineScadenza(const VoceTabellone& voce) {
+  constexpr int kMai = 1 << 24;
+  return voce.termini.tutti.empty() ? kMai : voce.termini.tutti.front().entro.serial();
+}
+
+}  // namespace
+
+FinestraTabellone::FinestraTabellone(Profilo profilo)
+    : Finestra(QStringLiteral("tabellone")),
+      profilo_(std::move(profilo)),
+      oggi_(orologio(profilo_)->today()) {
+  setWindowTitle(QStringLiteral("Quadro delle aziende"));
+  auto* const colonna = new QVBoxLayout(this);
+  colonna->addWidget(sopra());
+  colonna->addWidget(scelte());
+  frase_ = new Frase(this);
+  colonna->addWidget(frase_);
+  componiTabella();
+  colonna->addWidget(tabella_, 1);
+  dettaglio_ = new Frase(this);
+  dettaglio_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  colonna->addWidget(dettaglio_);
+  colonna->addWidget(attesa());
+  colonna->addWidget(pulsanti());
+  ricordaPosto({}, kDimensioneTabellone);
+  leggi();
+}
+
+QWidget* FinestraTabellone::sopra() {
+  ricerca_ = new Ricerca(this);
+  auto* const anno = new QLabel(QStringLiteral("&Anno dei compensi"), ricerca_);
+  anni_ = new QComboBox(ricerca_);
+  anni_->setAccessibleName(QStringLiteral("Anno dei compensi"));
+  anni_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  anno->setBuddy(anni_);
+  ricerca_->metti(anno, true);
+  ricerca_->metti(anni_, true);
+  ricerca_->cambiata = [this] { diceFrase(); };
+  connect(anni_, &QComboBox::activated, this, [this] {
+    scriviScelte();
+    ricerca_->applica();
+  });
+  return ricerca_;
+}
+
+QWidget* FinestraTabellone::scelte() {
+  auto* const riquadro = new QWidget(this);
+  auto* const riga = new QHBoxLayout(riquadro);
+  riga->setContentsMargins(0, 0, 0, 0);
+  filtri_ = new QButtonGroup(riquadro);
+  for (std::size_t i = 0; i < kScelte; ++i) {
+    auto* const uno = new QPushButton(riquadro);
+    uno->setCheckable(true);
+    uno->setAutoDefault(false);
+    filtri_->addButton(uno, static_cast<int>(i));
+    riga->addWidget(uno);
+  }
+  filtri_->button(0)->setChecked(true);
+  riga->addStretch(1);
+  scriviScelte();
+  connect(filtri_, &QButtonGroup::idToggled, this, [this](int quale, bool premuto) {
+    if (!premuto) return;
+    scelta_ = static_cast<Scelta>(quale);
+    scriviScelte();
+    ricerca_->applica();
+  });
+  return riquadro;
+}
+
+bool FinestraTabellone::corrisponde(const VoceTabellone& voce, Scelta scelta) {
+  switch (scelta) {
+    case Scelta::Tutte:
+      return true;
+    case Scelta::DaInviare:
+      return voce.riga.nuove() + voce.riga.correzioni > 0;
+    case Scelta::InRitardo:
+      return voce.termini.inRitardo + voce.termini.forseInRitardo > 0;
+    case Scelta::Mancanti:
+      return voce.riga.mancanti > 0;
+    case Scelta::Scartate:
+      break;
+  }
+  return voce.riga.scartate > 0;
+}
+
+bool FinestraTabellone::nellAnno(const VoceTabellone& voce) const {
+  const int anno = anni_->currentData().toInt();
+  return anno == 0 || voce.riga.anno == anno;
+}
+
+// The counts of the year that is shown, and a sign on the one that is chosen.
+void FinestraTabellone::scriviScelte() {
+  for (QAbstractButton* uno : filtri_->buttons()) {
+    const int quale = filtri_->id(uno);
+    std::uint64_t quante = 0;
+    if (voci_ != nullptr) {
+      for (const VoceTabellone& voce : *voci_) {
+        if (nellAnno(voce) && corrisponde(voce, static_cast<Scelta>(quale))) ++quante;
+      }
+    }
+    uno->setText(QStringLiteral("%1%2 (%3)")
+                     .arg(uno->isChecked() ? QStringLiteral("✓ ") : QString(),
+                          QString::fromUtf8(kScritteScelte.at(static_cast<std::size_t>(quale))))
+                     .arg(conteggio(quante)));
+  }
+}
+
+void FinestraTabellone::componiTabella() {
+  const auto di = [this](std::size_t q) -> const VoceTabellone& { return (*voci_)[q]; };
+  const auto numero = [di](const char* chiave, const char* titolo,
+                           std::function<std::size_t(const VoceTabellone&)> quale) {
+    return Colonna{chiave,
+                   titolo,
+                   [di, quale](std::size_t q) {
+                     const std::size_t quante = quale(di(q));
+                     return quante == 0 ? QStringLiteral("–") : conteggio(quante);
+                   },
+                   true,
+                   [di, quale](std::size_t q) { return QVariant(qulonglong(quale(di(q)))); },
+                   [di, quale](std::size_t q) { return conteggio(quale(di(q))); }};
+  };
+  tabella_ = new Tabella(
+      QStringLiteral("strumenti_tabellone"), QStringLiteral("Anni delle aziende"),
+      {{"azienda", "Azienda", [di](std::size_t q) { return qs(di(q).azienda.nome); }},
+       {"codice", "Codice fiscale", [di](std::size_t q) { return qs(di(q).azienda.codiceFiscale); }},
+       {"anno", "Anno", [di](std::size_t q) { return QString::number(di(q).riga.anno); }, true},
+       numero("conti", "Conti", [](const VoceTabellone& v) { return v.riga.conti; }),
+       numero("mancanti", "Dati mancanti", [](const VoceTabellone& v) { return v.riga.mancanti; }),
+       numero("scritte", "Scritte", [](const VoceTabellone& v) { return v.riga.scritte; }),
+       numero("inviate", "Inviate", [](const VoceTabellone& v) { return v.riga.inviate; }),
+       numero("accettate", "Accettate", [](const VoceTabellone& v) { return v.riga.accettate; }),
+       numero("scartate", "Scartate", [](const VoceTabellone& v) { return v.riga.scartate; }),
+       numero("nuove", "Da inviare", [](const VoceTabellone& v) { return v.riga.nuove(); }),
+       numero("correzioni", "Correzioni", [](const VoceTabellone& v) { return v.riga.correzioni; }),
+       {"scadenza",
+        "Scadenza",
+        [this, di](std::size_t q) { return breve(di(q), oggi_); },
+        false,
+        [di](std::size_t q) { return ordineScadenza(di(q)); },
+        {},
+        320}},
+      this);
+  tabella_->modello().inGrassetto = [di](std::size_t q) { return di(q).termini.inRitardo > 0; };
+  tabella_->filtro().passa = [this, di](std::size_t q) {
+    return voci_ != nullptr && nellAnno(di(q)) && corrisponde(di(q), scelta_) && ricerca_->passa(q);
+  };
+  tabella_->scelta = [this](auto quale) { dettaglia(quale); };
+  connect(tabella_, &QTableView::activated, this, [this](const QModelIndex& dove) {
+    apri(static_cast<std::size_t>(tabella_->filtro().mapToSource(dove).row()));
+  });
+  ricerca_->serve(tabella_);
+}
+
+QWidget* FinestraTabellone::pulsanti() {
+  auto* const riquadro = new QWidget(this);
+  auto* const riga = new QHBoxLayout(riquadro);
+  riga->setContentsMargins(0, 0, 0, 0);
+  riga->addWidget(apri_ = pulsante("A&pri l'azienda", [this] {
+                    if (const auto quale = tabella_->corrente()) apri(*quale);
+                  }));
+  apri_->setToolTip(QStringLiteral("Apre lo stato degli invii dell'azienda e dell'anno"));
+  riga->addWidget(esporta_ = pulsante("&Esporta…", [this] { esporta(); }));
+  riga->addStretch(1);
+  riga->addWidget(ricarica_ = pulsante(
+                      "Ri&carica", [this] { leggi(); }, QKeySequence(Qt::Key_F5)));
+  riga->addWidget(pulsante("C&hiudi", [this] { close(); }));
+  return riquadro;
+}
+
+void FinestraTabellone::leggi() {
+  if (lavora()) return;
+  auto lette = std::make_shared<std::vector<VoceTabellone>>();
+  esegui({.che = QStringLiteral("Lettura delle aziende…"),
+          .lavoro =
+              [this, lette, profilo = profilo_, oggi = oggi_] {
+                RichiestaTabellone richiesta;
+                richiesta.oggi = oggi;
+                richiesta.avanza = [this](std::size_t righe, std::size_t quante) {
+                  lavoro().avanza("Lettura delle aziende", quante, righe);
+                };
+                *lette = leggiTabellone(leggiDatabase({profilo.database}), richiesta);
+              },
+          .finito =
+              [this, lette](const Lavoro::Esito& esito) {
+                if (esito.errore.isEmpty() && !esito.interrotto) {
+                  voci_ = lette;
+                  mostra();
+                } else if (voci_ == nullptr) {
+                  frase_->dici(esito.interrotto
+                                   ? QStringLiteral("La lettura è stata interrotta. Con Ricarica (F5) si "
+                                                    "ricomincia.")
+                                   : QStringLiteral("Le aziende non si possono leggere."));
+                }
+                abilita();
+                if (!esito.errore.isEmpty()) mostraErrore(esito.errore);
+              }});
+  abilita();
+}
+
+void FinestraTabellone::mostraAnni() {
+  const QVariant prima = anni_->count() > 0 ? anni_->currentData() : QVariant();
+  std::set<std::int32_t, std::greater<>> anni;
+  for (const VoceTabellone& voce : *voci_) anni.insert(voce.riga.anno);
+  anni_->clear();
+  anni_->addItem(QStringLiteral("Tutti"), 0);
+  for (const std::int32_t anno : anni) anni_->addItem(QString::number(anno), anno);
+  // At first the newest year: the one that is worked on.
+  const int quale = prima.isValid() ? anni_->findData(prima) : (anni.empty() ? 0 : 1);
+  anni_->setCurrentIndex(std::max(0, quale));
+}
+
+void FinestraTabellone::mostra() {
+  mostraAnni();
+  ricerca_->prepara(voci_->size(), [this](std::size_t q) {
+    const AziendaDelDatabase& azienda = (*voci_)[q].azienda;
+    return azienda.nome + "\n" + azienda.codiceFiscale;
+  });
+  scriviScelte();
+  tabella_->mostra(voci_->size());
+  tabella_->setFocus();
+  diceFrase();
+}
+
+void FinestraTabellone::abilita() {
+  const bool libera = !lavora();
+  const bool piena = voci_ != nullptr && !voci_->empty();
+  apri_->setEnabled(tabella_->corrente().has_value());
+  esporta_->setEnabled(libera && piena);
+  ricarica_->setEnabled(libera);
+  anni_->setEnabled(piena);
+}
+
+void FinestraTabellone::diceFrase() {
+  if (voci_ == nullptr) return;
+  QString frase;
+  if (voci_->empty()) {
+    frase = QStringLiteral("In questo database non ci sono conti.");
+  } else if (!voci_->front().registro) {
+    frase = QStringLiteral(
+        "Questo database non ha ancora le tabelle per seguire gli invii: nulla vi risulta scritto. Lo stato "
+        "degli invii di un'azienda le aggiunge.");
+  } else if (tabella_->mostrate() == 0) {
+    frase = QStringLiteral("Nessuna azienda corrisponde alla scelta.");
+  }
+  frase_->dici(frase);
+  abilita();
+}
+
+// What the line has no room for.
+void FinestraTabellone::dettaglia(std::optional<std::size_t> quale) {
+  abilita();
+  if (!quale || voci_ == nullptr || *quale >= voci_->size()) {
+    dettaglio_->dici({});
+    return;
+  }
+  const VoceTabellone& voce = (*voci_)[*quale];
+  const QString di = QStringLiteral("%1, %2").arg(qs(voce.azienda.nome)).arg(voce.riga.anno);
+  if (voce.riga.nuove() == 0) {
+    dettaglio_->dici(di + QStringLiteral(": nessuna certificazione nuova da inviare."));
+    return;
+  }
+  QString testo = di + QStringLiteral(": da inviare %1").arg(conteggio(voce.riga.nuove()));
+  if (voce.termini.tutti.empty()) {
+    testo += QStringLiteral("; di quest'anno la scadenza non è nota.");
+  }
+  for (const riscontro::Termine& termine : voce.termini.tutti) testo += u'\n' + frase(termine, oggi_);
+  dettaglio_->dici(testo);
+}
+
+void FinestraTabellone::apri(std::size_t quale) {
+  const VoceTabellone& voce = (*voci_)[quale];
+  Profilo suo = profilo_;
+  suo.sessione.azienda = voce.azienda.azienda;
+  suo.sessione.filiale = voce.azienda.filiale;
+  auto* const finestra = new FinestraStato(std::move(suo), voce.riga.anno);
+  finestra->setWindowTitle(QStringLiteral("Stato degli invii - %1").arg(qs(voce.azienda.nome)));
+  finestra->show();
+  finestra->raise();
+  finestra->activateWindow();
+}
+
+void FinestraTabellone::esporta() {
+  const QString dove =
+      desktop::fileToSave(this, QStringLiteral("Esporta il quadro"), QStringLiteral("aziende.csv"),
+                          QStringLiteral("Tabella CSV (*.csv);;Foglio elettronico (*.xlsx)"));
+  if (dove.isEmpty()) return;
+  const QString errore = scriviTabella(*tabella_->model(), dove);
+  if (!errore.isEmpty()) mostraErrore(errore);
+}
+
+}  // namespace cu::strumenti

@@ -1,0 +1,85 @@
+#include "riscontro/tabellone.h"
+
+#include <set>
+#include <utility>
+
+#include "base/text.h"
+#include "data/recordset.h"
+#include "riscontro/stato.h"
+#include "telematic/controlli.h"
+
+namespace cu::riscontro {
+namespace {
+
+void conta(const VoceStato& voce, RigaTabellone& riga) {
+  if (voce.operazione == Operazione::Sostituzione || voce.operazione == Operazione::Annullamento) {
+    ++riga.correzioni;
+  }
+  if (!voce.conto) return;
+  ++riga.conti;
+  const bool nuova = voce.operazione == Operazione::Nuova;
+  if (nuova) ++riga.daInviare[voce.causale];
+  if (voce.stato.empty()) return;
+  ++riga.scritte;
+  if (voce.accettata) {
+    ++riga.inviate;
+    ++riga.accettate;
+    return;
+  }
+  if (voce.stato == nome(Stato::Scritta)) return;
+  ++riga.inviate;
+  if (nuova && voce.stato == nome(Stato::Scartata)) ++riga.scartate;
+}
+
+}  // namespace
+
+std::size_t RigaTabellone::nuove() const {
+  std::size_t somma = 0;
+  for (const auto& [causale, quante] : daInviare) somma += quante;
+  return somma;
+}
+
+std::vector<AnnoAzienda> anniTabellone(Registro& registro, std::int32_t idAzienda) {
+  std::set<std::pair<std::int32_t, std::int32_t>> trovati;  // the year with its sign changed, the company
+  const std::string suoi = idAzienda == 0 ? "" : " WHERE IDAzienda = " + fromInteger(idAzienda);
+  const auto leggi = [&](const std::string& tabella) {
+    Recordset righe;
+    righe.Open(registro.connessione(), "SELECT DISTINCT IDAzienda, Anno FROM " + tabella + suoi);
+    for (; !righe.Eof(); righe.MoveNext()) {
+      trovati.emplace(-static_cast<std::int32_t>(righe.Get(1).integer()),
+                      static_cast<std::int32_t>(righe.Get(0).integer()));
+    }
+  };
+  leggi("ContoIndividuale");
+  if (registro.presente()) leggi("CuInvio");
+  std::vector<AnnoAzienda> anni;
+  for (const auto& [anno, azienda] : trovati) anni.push_back({azienda, -anno});
+  return anni;
+}
+
+RigaTabellone rigaTabellone(Registro& registro, const AnnoAzienda& anno, const Conversioni& utilita,
+                            const std::function<void()>& letti) {
+  RigaTabellone riga;
+  riga.idAzienda = anno.idAzienda;
+  riga.anno = anno.anno;
+  const Esercizio esercizio{anno.idAzienda, anno.anno};
+  if (registro.presente()) {
+    for (const VoceStato& voce : statoEsercizio(registro, esercizio, utilita, [&](std::size_t) {
+           if (letti) letti();
+         })) {
+      conta(voce, riga);
+    }
+  } else {
+    leggiConti(registro.connessione(), esercizio, utilita, [&](const Conto& conto) {
+      ++riga.conti;
+      ++riga.daInviare[conto.certificato.causale()];
+      if (letti) letti();
+    });
+  }
+  Controlli controlli(registro.connessione(), utilita);
+  controlli.eseguiSuiConti(anno.idAzienda, anno.anno);
+  riga.mancanti = controlli.mancanti().size();
+  return riga;
+}
+
+}  // namespace cu::riscontro
