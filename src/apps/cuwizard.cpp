@@ -18,6 +18,7 @@
 #include "apps/avvio/finestra_avvio.h"
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/comune/codici_uscita.h"
+#include "apps/comune/colonne_percipienti.h"
 #include "apps/comune/impianto.h"
 #include "apps/esame/dopo_scrittura.h"
 #include "apps/esame/testo_rilievi.h"
@@ -112,6 +113,9 @@ int avvia(const Profilo& profilo) {
   Impianto impianto(profilo, schermo, PdfReports::crea, [&](const FileCreato& file, Connection& connessione) {
     controllaFile(file, connessione, profilo, schermo);
   });
+  schermo.furtherColumns = [&](const LookupTable& elenco) {
+    return colonnePercipienti(profilo.database, elenco);
+  };
   schermo.onAllClosed = [&] {
     ricordaAnnoDi(profilo, impianto.programma());
     if (strumenti::aperti()) {

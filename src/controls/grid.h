@@ -49,6 +49,12 @@ struct RowSum {
   std::vector<std::string> fields;
 };
 
+// A field of the rows, shown or not, by whose beginning a window's search finds a row.
+struct SearchedField {
+  std::string field;
+  std::string name;  // in a sentence
+};
+
 // A table bound to a recordset; the recordset's current row is the grid's.
 class Grid : public Control {
  public:
@@ -109,13 +115,15 @@ class Grid : public Control {
   // window asks for confirmation.
   std::function<std::string(std::size_t row)> drops;
 
-  // What only a window shows of the rows: their states and sums, the flag of the rows that are chosen, and
-  // the field whose distinct values `subjects` names. Nothing in a form depends on them.
+  // What only a window shows of the rows: their states and sums, the flag of the rows that are chosen,
+  // the field whose distinct values `subjects` names, and what its search reads beside the first column of
+  // texts. Nothing in a form depends on them.
   std::vector<RowState> states;
   std::vector<RowSum> sums;
   std::string chosenField;
   std::string subjectField;
   std::string subjects;
+  std::vector<SearchedField> searched;
 
  private:
   std::vector<GridColumn> columns_;

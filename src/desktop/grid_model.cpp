@@ -307,38 +307,16 @@ QVariant GridModel::rowHeader(int row, int role) const {
   return sentenceTip(meanings.join(u' '));
 }
 
-int GridModel::find(const QString& what, int at, int from) const {
-  const QString wanted = folded(what);
-  if (wanted.isEmpty() || rowCount() == 0 || grid_ == nullptr) return -1;
-  int further = -1;
-  for (int step = 0; step < rowCount(); ++step) {
-    const int row = (from + step) % rowCount();
-    const qsizetype found = folded(text(row, at)).indexOf(wanted);
-    if (found == 0) return row;
-    if (found > 0 && further < 0) further = row;
-  }
-  return further;
+const std::vector<SearchedField>& GridModel::searched() const {
+  static const std::vector<SearchedField> kNone;
+  return grid_ == nullptr || held() ? kNone : grid_->searched;
 }
 
-int GridModel::findNext(const QString& what, int at, int row) const {
-  const QString wanted = folded(what);
-  if (wanted.isEmpty() || rowCount() == 0 || grid_ == nullptr) return -1;
-  enum Kind : std::size_t { Begins, Has, Lacks };
-  const auto kindOf = [&](int of) {
-    const qsizetype found = folded(text(of, at)).indexOf(wanted);
-    if (found < 0) return Lacks;
-    return found == 0 ? Begins : Has;
-  };
-  const Kind here = row < 0 || row >= rowCount() ? Lacks : kindOf(row);
-  if (here == Lacks) return find(what, at, row + 1);
-  std::array<int, 3> first{-1, -1, -1};
-  for (int of = 0; of < rowCount(); ++of) {
-    const Kind kind = of == row ? here : kindOf(of);
-    if (kind == here && of > row) return of;
-    if (first.at(kind) < 0) first.at(kind) = of;
-  }
-  const int other = first.at(here == Begins ? Has : Begins);
-  return other >= 0 ? other : first.at(here);
+QString GridModel::fieldText(int row, std::string_view field) const {
+  const int of = gridRow(row);
+  if (!readable(of)) return {};
+  const std::size_t at = grid_->rows()->Fields().find(field);
+  return at == Columns::kNone ? QString() : shown(cells(of)[at].toText()).trimmed();
 }
 
 QString GridModel::meaning(int row, int at) const {

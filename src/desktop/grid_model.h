@@ -58,12 +58,9 @@ class GridModel : public QAbstractTableModel {
   // For a table in a file: numbers and days as such, everything else as it is shown.
   Value value(int row, int column) const;
   bool flag(int row, int column) const;  // as drawn
-  // Returns the first row from `from`, cyclically, whose text in the column contains `what`; rows that begin
-  // with it come before the others. -1 when there is none.
-  int find(const QString& what, int column, int from) const;
-  // Returns the match after `row`: all rows that begin with the text, then all others that contain it,
-  // cyclically.
-  int findNext(const QString& what, int column, int row) const;
+  // The further fields by which a row is found, none while the rows are held; and the text of a field.
+  const std::vector<SearchedField>& searched() const;
+  QString fieldText(int row, std::string_view field) const;
 
  private:
   // A cell as drawn; while the rows are held, as last drawn.

@@ -59,6 +59,7 @@ void GridSurround::addAbove(QBoxLayout& column) {
     row->addWidget(box, 1);
   };
   add(QStringLiteral("C&erca percipiente"), search);
+  row->addWidget(search->note());
   row->addSpacing(12);
   add(QStringLiteral("Fi&ltra"), box_);
   row->addSpacing(12);

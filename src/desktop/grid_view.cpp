@@ -288,16 +288,16 @@ int GridView::searchColumn() const {
   return -1;
 }
 
-bool GridView::search(const QString& text, bool following) {
-  if (!live() || searchColumn() < 0) return false;
+RowFound GridView::search(const QString& text, bool following) {
+  if (!live() || searchColumn() < 0) return {};
   const int current = table_->currentIndex().row();
-  const int found = following ? model_.findNext(text, searchColumn(), current)
-                              : model_.find(text, searchColumn(), std::max(0, current));
-  if (found < 0) return false;
+  const RowFound found = following ? findNextRow(model_, text, searchColumn(), current)
+                                   : findRow(model_, text, searchColumn(), std::max(0, current));
+  if (found.row < 0) return found;
   // Only the row changes: the focus stays where it is.
   FormWindow& shownIn = window();
-  shownIn.act([&] { grid_.selectRow(formRow(found)); });
-  return true;
+  shownIn.act([&] { grid_.selectRow(formRow(found.row)); });
+  return found;
 }
 
 }  // namespace cu::desktop

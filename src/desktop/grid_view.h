@@ -5,6 +5,7 @@
 
 #include "desktop/column_memory.h"
 #include "desktop/grid_model.h"
+#include "desktop/grid_search.h"
 #include "desktop/grid_table.h"
 #include "desktop/view.h"
 
@@ -59,9 +60,8 @@ class GridView : public View {
   QList<int> columnsSeen() const;
   // Writes rows and columns as they are seen to a file that the user names.
   void exportTable();
-  // Moves to a row that contains the text: the nearest one from the current row, or the next match. Returns
-  // false when there is none.
-  bool search(const QString& text, bool following);
+  // Moves to a row that is found by the text: the nearest one from the current row, or the next match.
+  RowFound search(const QString& text, bool following);
 
  private:
   void refresh() override;

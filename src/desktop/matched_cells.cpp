@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QTextLayout>
+#include <cmath>
 #include <utility>
 
 namespace cu::desktop {
@@ -57,7 +58,7 @@ void MatchedCells::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->setClipRect(place);
   painter->setPen(cell.palette.color(active ? QPalette::Active : QPalette::Inactive,
                                      chosen ? QPalette::HighlightedText : QPalette::Text));
-  layout.draw(painter, QPointF(place.left(), place.top() + (place.height() - line.height()) / 2));
+  layout.draw(painter, QPointF(place.left(), std::floor(place.top() + (place.height() - line.height()) / 2)));
   painter->restore();
 }
 

@@ -9,6 +9,7 @@
 
 #include "controls/control.h"
 #include "controls/frontend.h"
+#include "controls/further_columns.h"
 #include "desktop/input_drain.h"
 #include "desktop/interruption.h"
 #include "desktop/pace.h"
@@ -33,6 +34,11 @@ class QtFrontEnd : public FrontEnd {
 
   // Called when the last form has been closed.
   std::function<void()> onAllClosed;
+  // Of the search lists; empty where there are none.
+  FurtherColumnsOf furtherColumns;
+  FurtherColumns further(const LookupTable& table) const {
+    return furtherColumns ? furtherColumns(table) : FurtherColumns();
+  }
   bool anyOpen() const { return !shown_.empty(); }
   FormWindow* window(const Form& form) const;
   FormWindow* topmost() const;

@@ -13,7 +13,7 @@ constexpr int kPause = 120;  // milliseconds without a key, after which the sear
 }  // namespace
 
 QuickSearch::QuickSearch(GridView& grid, QWidget* parent)
-    : QLineEdit(parent), grid_(grid), pause_(new QTimer(this)) {
+    : QLineEdit(parent), grid_(grid), pause_(new QTimer(this)), note_(new QLabel(parent)) {
   setObjectName(QStringLiteral("ricercaRapida"));
   setAccessibleName(QStringLiteral("Cerca percipiente"));
   setPlaceholderText(QStringLiteral("Invio: il prossimo"));
@@ -22,24 +22,45 @@ QuickSearch::QuickSearch(GridView& grid, QWidget* parent)
   pause_->setSingleShot(true);
   pause_->setInterval(kPause);
   connect(this, &QLineEdit::textEdited, this, [this] {
-    setPalette({});
+    tell({}, false);
     pause_->start();
   });
   connect(pause_, &QTimer::timeout, this, [this] { search(false); });
+  note_->setObjectName(QStringLiteral("esitoRicerca"));
+  note_->setTextFormat(Qt::PlainText);
+  tell({}, false);
+}
+
+void QuickSearch::tell(const QString& note, bool warns) {
+  const auto inked = [warns](QPalette::ColorRole role) {
+    QPalette palette;
+    if (warns) palette.setColor(role, look::warningInk());
+    return palette;
+  };
+  setPalette(inked(QPalette::Text));
+  setAccessibleDescription(note);
+  note_->setPalette(inked(QPalette::WindowText));
+  note_->setText(note);
+  note_->setVisible(!note.isEmpty());
 }
 
 void QuickSearch::search(bool following) {
   pause_->stop();
   const QString wanted = text().trimmed();
   if (wanted.isEmpty()) return;
-  QPalette colours;
-  if (!grid_.search(wanted, following)) colours.setColor(QPalette::Text, look::warningInk());
-  setPalette(colours);
+  const RowFound found = grid_.search(wanted, following);
+  if (found.row >= 0) {
+    tell(found.by, false);
+  } else {
+    tell(grid_.arrangement().filters() ? QStringLiteral("Non trovato fra le righe in vista")
+                                       : QStringLiteral("Non trovato"),
+         true);
+  }
 }
 
 void QuickSearch::escape() {
   pause_->stop();
-  setPalette({});
+  tell({}, false);
   if (text().isEmpty()) {
     grid_.table().setFocus(Qt::OtherFocusReason);
   } else {

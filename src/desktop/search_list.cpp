@@ -4,15 +4,14 @@
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <array>
-#include <numeric>
+#include <utility>
 
+#include "desktop/elided_line.h"
+#include "desktop/look.h"
 #include "desktop/matched_cells.h"
 #include "desktop/text.h"
 #include "desktop/whole_text.h"
@@ -20,106 +19,23 @@
 namespace cu::desktop {
 namespace {
 
-constexpr std::size_t kRanks = 4;
+constexpr QSize kSize(560, 480);
+constexpr int kCodeWidth = 110;
+constexpr int kDescriptionWidth = 250;
+constexpr int kFurtherWidth = 150;
 
-// The first place where the word begins a word of the text; -1 for none.
-qsizetype beginningOfWord(const QString& text, const QString& word) {
-  for (qsizetype at = text.indexOf(word); at >= 0; at = text.indexOf(word, at + 1)) {
-    if (at == 0 || !text[at - 1].isLetterOrNumber()) return at;
-  }
-  return -1;
+QStringList withFurther(QStringList captions, const FurtherColumns& further) {
+  for (const std::string& caption : further.captions) captions += shown(caption);
+  return captions;
 }
 
-}  // namespace
-
-SearchModel::SearchModel(Recordset& rows, QStringList captions, QObject* parent)
-    : QAbstractTableModel(parent), rows_(rows), captions_(std::move(captions)), cells_(rows.Fields().size()) {
-  keys_.reserve(rows_.RecordCount());
-  for (std::size_t at = 1; at <= rows_.RecordCount(); ++at) {
-    rows_.Peek(at, cells_.data());
-    keys_.push_back({folded(shown(cells_[1].toText())), folded(shown(cells_[2].toText()))});
-  }
-  passing_.resize(keys_.size());
-  std::iota(passing_.begin(), passing_.end(), 0U);
-  matching_ = passing_;
+// The names of the further columns in a sentence.
+QString named(const FurtherColumns& further) {
+  QStringList names;
+  for (const std::string& caption : further.captions) names += shown(caption).toLower();
+  const QString last = names.isEmpty() ? QString() : names.takeLast();
+  return names.isEmpty() ? last : names.join(QStringLiteral(", ")) + QStringLiteral(" e ") + last;
 }
-
-std::optional<std::size_t> SearchModel::rank(const Key& key) const {
-  const auto has = [&](const QString& word) {
-    return key.code.contains(word) || key.description.contains(word);
-  };
-  if (!std::all_of(words_.begin(), words_.end(), has)) return std::nullopt;
-  if (key.code == narrowed_ || key.description == narrowed_) return 0;
-  if (key.code.startsWith(narrowed_) || key.description.startsWith(narrowed_)) return 1;
-  const auto begins = [&](const QString& word) {
-    return key.code.startsWith(word) || beginningOfWord(key.description, word) >= 0;
-  };
-  return std::all_of(words_.begin(), words_.end(), begins) ? 2 : 3;
-}
-
-void SearchModel::narrow(const QString& typed) {
-  const QString wanted = folded(typed.simplified());
-  beginResetModel();
-  // A text that continues the previous one narrows the result further.
-  if (narrowed_.isEmpty() || !wanted.startsWith(narrowed_)) {
-    passing_.resize(keys_.size());
-    std::iota(passing_.begin(), passing_.end(), 0U);
-  }
-  narrowed_ = wanted;
-  words_ = wanted.split(u' ', Qt::SkipEmptyParts);
-  std::array<std::vector<std::uint32_t>, kRanks> ranked;
-  if (!wanted.isEmpty()) {
-    std::erase_if(passing_, [&](std::uint32_t at) {
-      const auto found = rank(keys_[at]);
-      if (found) ranked[*found].push_back(at);
-      return !found;
-    });
-    matching_.clear();
-    for (const auto& each : ranked) matching_.insert(matching_.end(), each.begin(), each.end());
-  } else {
-    matching_ = passing_;
-  }
-  endResetModel();
-}
-
-std::vector<Stretch> SearchModel::matched(const QString& text) const {
-  std::vector<Stretch> all;
-  for (const QString& word : words_) {
-    const std::vector<Stretch> found = matches(text, word);
-    const auto first = std::find_if(found.begin(), found.end(), [&](const Stretch& each) {
-      return each.from == 0 || !text[each.from - 1].isLetterOrNumber();
-    });
-    if (!found.empty()) all.push_back(first != found.end() ? *first : found.front());
-  }
-  return all;
-}
-
-int SearchModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(matching_.size());
-}
-
-std::string SearchModel::text(int row, std::size_t field) const {
-  rows_.Peek(matching_[static_cast<std::size_t>(row)] + 1, cells_.data());
-  return cells_[field].toText();
-}
-
-std::int64_t SearchModel::record(int row) const {
-  rows_.Peek(matching_[static_cast<std::size_t>(row)] + 1, cells_.data());
-  return cells_[0].integer();
-}
-
-QVariant SearchModel::data(const QModelIndex& index, int role) const {
-  if (!index.isValid() || role != Qt::DisplayRole) return {};
-  return shown(text(index.row(), static_cast<std::size_t>(index.column()) + 1));
-}
-
-QVariant SearchModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal) return {};
-  if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
-  return role == Qt::DisplayRole ? QVariant(captions_.value(section)) : QVariant();
-}
-
-namespace {
 
 // Typing continues the present text: the cursor is at its end, nothing is selected.
 class TypedLine : public QLineEdit {
@@ -136,12 +52,14 @@ class TypedLine : public QLineEdit {
 }  // namespace
 
 SearchDialog::SearchDialog(QWidget* parent, const QString& title, Recordset& rows,
-                           const QStringList& captions, const QString& typed)
+                           const QStringList& captions, const QString& typed, const FurtherColumns& further)
     : QDialog(parent),
-      model_(rows, captions),
+      model_(rows, withFurther(captions, further)),
       box_(new TypedLine(this)),
       table_(new QTableView(this)),
-      count_(new QLabel(this)) {
+      count_(new ElidedLine(this)),
+      reader_(new FurtherReader(this)),
+      furtherNames_(named(further)) {
   setWindowTitle(title);
   auto* column = new QVBoxLayout(this);
   auto* caption = new QLabel(QStringLiteral("&Cerca"), this);
@@ -166,9 +84,7 @@ SearchDialog::SearchDialog(QWidget* parent, const QString& title, Recordset& row
   tellWhole(*table_);
   table_->verticalHeader()->hide();
   table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
-  table_->horizontalHeader()->setStretchLastSection(true);
-  table_->setColumnWidth(0, 110);
-  resize(560, 480);
+  placeColumns(static_cast<int>(further.captions.size()));
   connect(box_, &QLineEdit::textChanged, this, [this](const QString& now) { narrow(now); });
   connect(table_, &QTableView::doubleClicked, this, [this] { take(); });
   connect(buttons, &QDialogButtonBox::accepted, this, [this] { take(); });
@@ -182,6 +98,33 @@ SearchDialog::SearchDialog(QWidget* parent, const QString& title, Recordset& row
   box_->installEventFilter(this);
   box_->setText(typed);
   if (typed.isEmpty()) narrow({});
+  if (!further.captions.empty()) readFurther(further);
+}
+
+void SearchDialog::placeColumns(int further) {
+  table_->horizontalHeader()->setStretchLastSection(true);
+  const auto scaled = [](int width) { return width * look::letters() / look::kNormalLetters; };
+  table_->setColumnWidth(0, scaled(kCodeWidth));
+  if (further > 0) table_->setColumnWidth(1, scaled(kDescriptionWidth));
+  for (int i = 0; i < further; ++i) table_->setColumnWidth(2 + i, scaled(kFurtherWidth));
+  resize(kSize.width() + further * kFurtherWidth * 2 / 3, kSize.height());
+}
+
+// The list can be used meanwhile.
+void SearchDialog::readFurther(const FurtherColumns& further) {
+  reader_->onRead = [this](FurtherRows rows) {
+    const QModelIndex current = table_->currentIndex();
+    const std::int64_t moved = current.row() > 0 ? model_.record(current.row()) : 0;
+    model_.addFurther(std::move(rows));
+    selectRow(moved == 0 ? 0 : std::max(0, model_.rowOf(moved)));
+    tell();
+  };
+  reader_->onFailed = [this](const QString& error) {
+    failure_ = error;
+    tell();
+  };
+  reader_->read(further);
+  tell();
 }
 
 void SearchDialog::typeAhead(Keys keys) {
@@ -190,8 +133,35 @@ void SearchDialog::typeAhead(Keys keys) {
 
 void SearchDialog::narrow(const QString& typed) {
   model_.narrow(typed);
-  count_->setText(QStringLiteral("%L1 di %L2").arg(model_.rowCount()).arg(model_.total()));
-  if (model_.rowCount() > 0) table_->selectRow(0);
+  selectRow(0);
+  tell();
+}
+
+void SearchDialog::selectRow(int row) {
+  if (row < model_.rowCount()) table_->selectRow(row);
+}
+
+QString SearchDialog::words() const {
+  QString words = QStringLiteral("%L1 di %L2").arg(model_.rowCount()).arg(model_.total());
+  const QString typed = box_->text().simplified();
+  if (model_.rowCount() == 0 && !typed.isEmpty()) {
+    words = !typed.contains(u' ') ? QStringLiteral("Nessuna riga contiene «%1»").arg(typed)
+                                  : QStringLiteral("Nessuna riga contiene tutte queste parole");
+  }
+  if (reader_->reading()) words += QStringLiteral("; lettura di %1 in corso…").arg(furtherNames_);
+  if (!failure_.isEmpty())
+    words += QStringLiteral("; qui non si cerca per %1: %2").arg(furtherNames_, failure_);
+  return words;
+}
+
+void SearchDialog::tell() {
+  const QString now = words();
+  count_->setWhole(now);
+  box_->setAccessibleDescription(now);
+  QPalette colours;
+  if (model_.rowCount() == 0 || !failure_.isEmpty())
+    colours.setColor(QPalette::WindowText, look::warningInk());
+  count_->setPalette(colours);
 }
 
 // In the box, arrow and page keys move in the list.

@@ -1,66 +1,27 @@
 #pragma once
 
-#include <QAbstractTableModel>
 #include <QDialog>
+#include <QString>
 #include <QStringList>
 #include <optional>
-#include <vector>
+#include <string>
 
-#include "data/recordset.h"
 #include "desktop/input_drain.h"
-#include "desktop/matches.h"
+#include "desktop/search_model.h"
 
-class QLabel;
 class QLineEdit;
 class QTableView;
 
 namespace cu::desktop {
 
-// The rows of a search list whose code and description contain all words typed, in any order; case and
-// accents are ignored. The best come first: a code or description that is the text itself, one that begins
-// with it, rows with words that begin with the words typed, and the others; equal ones stay in the list's
-// order.
-class SearchModel : public QAbstractTableModel {
- public:
-  SearchModel(Recordset& rows, QStringList captions, QObject* parent = nullptr);
-  void narrow(const QString& typed);
-  // Where the text of a column has the words typed, for each word its first place that begins a word or any
-  // other.
-  std::vector<Stretch> matched(const QString& text) const;
-  std::size_t total() const { return keys_.size(); }
-  std::int64_t record(int row) const;
-  std::string code(int row) const { return text(row, 1); }
-  std::string description(int row) const { return text(row, 2); }
-
-  int rowCount(const QModelIndex& parent = {}) const override;
-  int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : 2; }
-  QVariant data(const QModelIndex& index, int role) const override;
-  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-
- private:
-  struct Key {
-    QString code;
-    QString description;
-  };
-  std::string text(int row, std::size_t field) const;
-  // From 0 for the best; nullopt for a row without one of the words.
-  std::optional<std::size_t> rank(const Key& key) const;
-
-  Recordset& rows_;
-  QStringList captions_;
-  std::vector<Key> keys_;
-  std::vector<std::uint32_t> passing_;   // indexes from 0, in the list's order
-  std::vector<std::uint32_t> matching_;  // the same, the best first
-  QString narrowed_;
-  QStringList words_;
-  mutable std::vector<CellView> cells_;
-};
+class ElidedLine;
 
 // A search list: the user types to search, and chooses with the arrows and Enter or by a double click.
+// Further columns are read while the list can be used.
 class SearchDialog : public QDialog {
  public:
   SearchDialog(QWidget* parent, const QString& title, Recordset& rows, const QStringList& captions,
-               const QString& typed);
+               const QString& typed, const FurtherColumns& further = {});
   // Keys pressed before the list was shown; they are processed when it is.
   void typeAhead(Keys keys);
   struct Chosen {
@@ -72,6 +33,8 @@ class SearchDialog : public QDialog {
   SearchModel& model() { return model_; }
   QLineEdit* box() const { return box_; }
   QTableView* table() const { return table_; }
+  // How many rows there are, or that there are none; whether further columns are missing.
+  QString words() const;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -79,11 +42,18 @@ class SearchDialog : public QDialog {
  private:
   void take();
   void narrow(const QString& typed);
+  void placeColumns(int further);
+  void readFurther(const FurtherColumns& further);
+  void selectRow(int row);
+  void tell();
 
   SearchModel model_;
   QLineEdit* box_;
   QTableView* table_;
-  QLabel* count_;
+  ElidedLine* count_;
+  FurtherReader* reader_;
+  QString furtherNames_;
+  QString failure_;
   std::optional<Chosen> chosen_;
 };
 

@@ -69,14 +69,15 @@ void openBy(QLineEdit* line, const std::function<void()>& open) {
 // The user's choice in the list; nullopt when it was cancelled or the list could not be read.
 std::optional<SearchDialog::Chosen> search(FormWindow& window, const QString& title,
                                            const QStringList& captions, const QString& typed,
-                                           const std::function<void(Recordset&)>& read) {
+                                           const std::function<void(Recordset&)>& read,
+                                           const FurtherColumns& further = {}) {
   QtFrontEnd& screen = window.frontEnd();
   Recordset rows;
   screen.setPointer(kPointerHourglass);
   screen.runEvent([&] { read(rows); });
   screen.setPointer(kPointerDefault);
   if (!rows.IsOpen()) return std::nullopt;
-  SearchDialog dialog(&window, title, rows, captions, typed);
+  SearchDialog dialog(&window, title, rows, captions, typed, further);
   dialog.typeAhead(screen.typedAhead());
   screen.run(dialog, *dialog.box());
   return dialog.chosen();
@@ -203,8 +204,9 @@ void SelectorView::openSearch(const QString& typed) {
   const Selector::Binding& binding = selector_.binding();
   const QString title = binding.title.empty() ? QStringLiteral("Ricerca ") + shown(binding.descriptionCaption)
                                               : shown(binding.title);
-  const auto chosen = search(window(), title, {shown(binding.codeCaption), shown(binding.descriptionCaption)},
-                             typed, [this](Recordset& rows) { selector_.list(rows); });
+  const auto chosen = search(
+      window(), title, {shown(binding.codeCaption), shown(binding.descriptionCaption)}, typed,
+      [this](Recordset& rows) { selector_.list(rows); }, window().frontEnd().further(binding));
   if (!chosen || !live()) return;
   act([&] { selector_.choose(Selector::Row{chosen->record, chosen->code, chosen->description}); });
 }

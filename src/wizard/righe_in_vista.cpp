@@ -49,6 +49,7 @@ void descriviRighe(Grid& griglia) {
   griglia.chosenField = "Selezionato";
   griglia.subjectField = "IDAnagrafica";
   griglia.subjects = "percipienti";
+  griglia.searched = {{"CodiceFiscale", "codice fiscale"}, {"CodicePercipiente", "codice"}};
   griglia.states = {
       {.name = "Scelte",
        .meaning = "La riga è scelta: entra nel file.",

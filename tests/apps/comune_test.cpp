@@ -4,12 +4,15 @@
 #include <sstream>
 
 #include "apps/comune/argomenti.h"
+#include "apps/comune/colonne_percipienti.h"
 #include "apps/comune/connessioni.h"
 #include "apps/comune/riepilogo_file.h"
 #include "apps/comune/sha256.h"
 #include "apps/comune/tavola.h"
+#include "archive/archivio.h"
 #include "base/error.h"
 #include "support/temp_folder.h"
+#include "worklist/elenchi.h"
 
 namespace cu {
 namespace {
@@ -102,6 +105,41 @@ TEST(Connessioni, APasswordInTheAddressIsRefused) {
       rifiuto("Driver=x;UID=y;PWD=segreto", ""),
       "La password non va scritta nell'indirizzo del database: indicare in password_env del profilo, o con "
       "--password-env, il nome della variabile d'ambiente che la contiene.");
+}
+
+TEST(ColonnePercipienti, FirstNameAndFiscalCodeAreReadApart) {
+  const test::TempFolder cartella;
+  Profilo::Database database;
+  database.origine = cartella / "demo.db";
+  creaArchivio(*creaConnessione(database), ContenutoArchivio::Dimostrativo);
+  LookupTable elenco = elencoPercipienti(1);
+  const FurtherColumns colonne = colonnePercipienti(database, elenco);
+  EXPECT_EQ(colonne.captions, (std::vector<std::string>{"Nome", "Codice fiscale"}));
+  const FurtherColumns::Texts testi = colonne.read();
+  const auto connessione = apriConnessione(database);
+  const auto rossi = findCode(*connessione, elenco, "P001");
+  ASSERT_TRUE(rossi.has_value());
+  EXPECT_EQ(testi.at(rossi->record), (std::vector<std::string>{"Marco", "RSSMRC71C08L781I"}));
+  const auto senzaNome = findCode(*connessione, elenco, "P008");
+  ASSERT_TRUE(senzaNome.has_value());
+  EXPECT_EQ(testi.at(senzaNome->record), (std::vector<std::string>{"", "02150080170"}));
+  // Another company has none of these payees.
+  EXPECT_TRUE(colonnePercipienti(database, elencoPercipienti(999)).read().empty());
+  // Whole names have the first name.
+  elenco.descriptionField = "RTRIM(Anagrafica + ' ' + ISNULL(Nome, ''))";
+  const FurtherColumns senzaNomi = colonnePercipienti(database, elenco);
+  EXPECT_EQ(senzaNomi.captions, (std::vector<std::string>{"Codice fiscale"}));
+  EXPECT_EQ(senzaNomi.read().at(rossi->record), (std::vector<std::string>{"RSSMRC71C08L781I"}));
+}
+
+TEST(ColonnePercipienti, OtherListsAndDatabasesThatAskForAPasswordHaveNone) {
+  Profilo::Database database;
+  EXPECT_TRUE(colonnePercipienti(database, elencoCausali()).captions.empty());
+  database.motore = Profilo::Motore::Odbc;
+  database.origine = "Driver=FreeTDS;Server=s;UID=u";
+  EXPECT_TRUE(colonnePercipienti(database, elencoPercipienti(1)).captions.empty());
+  database.variabilePassword = "PAROLA";
+  EXPECT_FALSE(colonnePercipienti(database, elencoPercipienti(1)).captions.empty());
 }
 
 TEST(Tavola, ColumnsAreAsWideAsTheirLongestCell) {

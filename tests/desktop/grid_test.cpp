@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
@@ -224,6 +225,45 @@ TEST_F(GridWindow, EnterInTheQuickSearchGoesToTheNextRowAndRoundAgain) {
     ASSERT_EQ(static_cast<int>(grid().row()) - 1, rows[at]) << i;
   }
   EXPECT_EQ(screen.window().focusWidget(), box) << "the typing goes on";
+}
+
+TEST_F(GridWindow, TheQuickSearchFindsAPayeeByFiscalCodeAndCode) {
+  auto* const box = screen.find<QLineEdit>("ricercaRapida");
+  auto* const note = screen.find<QLabel>("esitoRicerca");
+  box->setFocus();
+  const int last = view().model().rowCount() - 1;
+  for (const char* field : {"CodiceFiscale", "CodicePercipiente"}) {
+    const QString text = view().model().fieldText(last, field);
+    ASSERT_FALSE(text.isEmpty()) << field;
+    box->clear();
+    typeText(*box, text.toLower());
+    screen.key(Qt::Key_Return);
+    const int found = static_cast<int>(grid().row()) - 1;
+    EXPECT_EQ(view().model().fieldText(found, field), text);
+    EXPECT_TRUE(note->isVisible());
+    EXPECT_TRUE(note->text().endsWith(text)) << "what is not seen in the row is said";
+  }
+  EXPECT_TRUE(note->text().startsWith(QStringLiteral("codice "))) << note->text().toStdString();
+  // A name is seen in its row.
+  box->clear();
+  typeText(*box, view().model().text(0, *view().model().columnOf("AnagraficaPerc")));
+  screen.key(Qt::Key_Return);
+  EXPECT_FALSE(note->isVisible());
+}
+
+TEST_F(GridWindow, TheQuickSearchSaysInWordsThatThereIsNone) {
+  auto* const box = screen.find<QLineEdit>("ricercaRapida");
+  auto* const note = screen.find<QLabel>("esitoRicerca");
+  const std::size_t before = grid().row();
+  box->setFocus();
+  typeText(*box, QStringLiteral("zzzz"));
+  screen.key(Qt::Key_Return);
+  EXPECT_TRUE(note->isVisible());
+  EXPECT_EQ(note->text(), QStringLiteral("Non trovato"));
+  EXPECT_EQ(box->accessibleDescription(), note->text());
+  EXPECT_EQ(grid().row(), before);
+  screen.key(Qt::Key_Escape);
+  EXPECT_FALSE(note->isVisible());
 }
 
 TEST_F(GridWindow, EscInTheQuickSearchEmptiesItAndGoesBackToTheGrid) {

@@ -7,7 +7,12 @@
 #include <QLineEdit>
 #include <QTableView>
 #include <QTest>
+#include <QThreadPool>
+#include <atomic>
+#include <future>
+#include <utility>
 
+#include "base/error.h"
 #include "desktop/matches.h"
 #include "desktop/screen_support.h"
 #include "desktop/search_list.h"
@@ -98,6 +103,126 @@ TEST(SearchList, EmphasisesWhatWasTyped) {
   EXPECT_EQ(parts("Macrossi"), "ros");
 }
 
+// First names and fiscal codes of the payees, as they are read apart.
+FurtherColumns::Texts firstNames() {
+  return {{1, {"Rossella", "MRARSL70A41F205X"}},
+          {2, {"", "CLANCL80B02F205Y"}},
+          {5, {"Rossi Amara", "MCRCRL60C43F205Z"}},
+          {6, {"Ivana", "RSSVNI85D44F205W"}},
+          {8, {"", "01234567890"}}};
+}
+
+FurtherColumns furtherColumns(std::function<FurtherColumns::Texts()> read = firstNames) {
+  return {{"Nome", "Codice fiscale"}, std::move(read)};
+}
+
+// The list of a dialog whose further columns have been read.
+struct FurtherList : SearchRows {
+  FurtherList() : SearchRows(payees()) {
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !dialog.words().contains(QStringLiteral("lettura")); }));
+  }
+  std::vector<std::string> found(const char* typed) {
+    dialog.box()->setText(QString::fromUtf8(typed));
+    return codesOf(dialog.model());
+  }
+  desktop::SearchDialog dialog{nullptr, QStringLiteral("Percipienti"),
+                               rows,    {QStringLiteral("Codice"), QStringLiteral("Percipiente")},
+                               {},      furtherColumns()};
+};
+
+TEST(SearchList, FindsByWhatItsOwnRowsDoNotHave) {
+  FurtherList list;
+  EXPECT_EQ(list.found("ivana"), (std::vector<std::string>{"P6"}));
+  EXPECT_EQ(list.found("RSSvni"), (std::vector<std::string>{"P6"}));
+  EXPECT_EQ(list.found("01234567890"), (std::vector<std::string>{"P8"}));
+  // Words of several columns, in any order.
+  EXPECT_EQ(list.found("ivana rossi"), (std::vector<std::string>{"P6"}));
+  EXPECT_EQ(list.found("macrossi mcrcrl amara"), (std::vector<std::string>{"P5"}));
+  // A row without further texts is found by its own.
+  EXPECT_EQ(list.found("d'angelo"), (std::vector<std::string>{"P3"}));
+}
+
+TEST(SearchList, CodesAndDescriptionsComeBeforeFurtherColumns) {
+  FurtherList list;
+  EXPECT_EQ(list.found("ross"), (std::vector<std::string>{"ROSSI", "P6", "ROSSI2", "R1", "P5", "P8"}))
+      << "code, description, further column, word, part of a word";
+  // Surname and first name are one name, in both orders.
+  EXPECT_EQ(list.found("macrossi carla rossi amara"), (std::vector<std::string>{"P5"}));
+  EXPECT_EQ(list.found("rossi am"), (std::vector<std::string>{"P5"}));
+}
+
+TEST(SearchList, ShowsFurtherColumnsBesideItsRows) {
+  FurtherList list;
+  list.found("ivana");
+  const QAbstractItemModel& model = *list.dialog.table()->model();
+  ASSERT_EQ(model.columnCount(), 4);
+  EXPECT_EQ(model.index(0, 2).data().toString(), QStringLiteral("Ivana"));
+  EXPECT_EQ(model.index(0, 3).data().toString(), QStringLiteral("RSSVNI85D44F205W"));
+  EXPECT_EQ(model.headerData(1, Qt::Horizontal).toString(), QStringLiteral("Percipiente"));
+  EXPECT_EQ(model.headerData(3, Qt::Horizontal).toString(), QStringLiteral("Codice fiscale"));
+}
+
+TEST(SearchList, CanBeUsedWhileFurtherColumnsAreRead) {
+  SearchRows list(payees());
+  std::promise<void> mayRead;
+  desktop::SearchDialog dialog(nullptr, QStringLiteral("Percipienti"), list.rows,
+                               {QStringLiteral("Codice"), QStringLiteral("Percipiente")}, {},
+                               furtherColumns([may = mayRead.get_future().share()] {
+                                 may.wait();
+                                 return firstNames();
+                               }));
+  EXPECT_EQ(dialog.words(), QStringLiteral("8 di 8; lettura di nome e codice fiscale in corso…"));
+  dialog.box()->setText(QStringLiteral("an"));
+  EXPECT_EQ(codesOf(dialog.model()), (std::vector<std::string>{"P3", "ROSSI", "P8"}));
+  dialog.table()->selectRow(2);
+  mayRead.set_value();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return dialog.words() == QStringLiteral("5 di 8"); }));
+  EXPECT_EQ(codesOf(dialog.model()), (std::vector<std::string>{"P3", "ROSSI", "P2", "P6", "P8"}));
+  EXPECT_EQ(dialog.table()->currentIndex().row(), 4) << "the row where the user is stays the current one";
+}
+
+TEST(SearchList, MayBeClosedWhileFurtherColumnsAreRead) {
+  std::promise<void> mayRead;
+  std::atomic<bool> read = false;
+  {
+    SearchRows list(payees());
+    const desktop::SearchDialog dialog(nullptr, QStringLiteral("Percipienti"), list.rows, {}, {},
+                                       furtherColumns([&read, may = mayRead.get_future().share()] {
+                                         may.wait();
+                                         read = true;
+                                         return firstNames();
+                                       }));
+  }
+  mayRead.set_value();
+  QThreadPool::globalInstance()->waitForDone();
+  settle();
+  EXPECT_TRUE(read);
+}
+
+TEST(SearchList, ReportsFurtherColumnsThatCannotBeRead) {
+  SearchRows list(payees());
+  desktop::SearchDialog dialog(nullptr, QStringLiteral("Percipienti"), list.rows, {}, {},
+                               furtherColumns([]() -> FurtherColumns::Texts {
+                                 throw Error(kErrorObjectNotSet, "Il server non risponde.");
+                               }));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !dialog.words().contains(QStringLiteral("lettura")); }));
+  EXPECT_EQ(dialog.words(),
+            QStringLiteral("8 di 8; qui non si cerca per nome e codice fiscale: Il server non risponde."));
+  dialog.box()->setText(QStringLiteral("rossi maria"));
+  EXPECT_EQ(codesOf(dialog.model()), (std::vector<std::string>{"P6"}));
+}
+
+TEST(SearchList, SaysInWordsThatNothingWasFound) {
+  SearchRows list(payees());
+  desktop::SearchDialog dialog(nullptr, QStringLiteral("Percipienti"), list.rows, {}, {});
+  EXPECT_EQ(dialog.words(), QStringLiteral("8 di 8"));
+  dialog.box()->setText(QStringLiteral("zzz"));
+  EXPECT_EQ(dialog.words(), QStringLiteral("Nessuna riga contiene «zzz»"));
+  EXPECT_EQ(dialog.box()->accessibleDescription(), dialog.words());
+  dialog.box()->setText(QStringLiteral("rossi zzz"));
+  EXPECT_EQ(dialog.words(), QStringLiteral("Nessuna riga contiene tutte queste parole"));
+}
+
 TEST(SearchList, DrawsWhatWasTypedDifferently) {
   SearchRows list(payees());
   desktop::SearchDialog dialog(nullptr, QStringLiteral("Percipienti"), list.rows, {}, {});
@@ -125,6 +250,10 @@ TEST(SearchList, TwentyThousandRowsAreNarrowedWithinAKeystroke) {
   }
   SearchRows list(std::move(many));
   desktop::SearchModel model(list.rows, {});
+  desktop::FurtherRows further;
+  for (int i = 0; i < 20000; ++i)
+    further[i + 1] = {{QStringLiteral("Nome")}, {QStringLiteral("nome %1").arg(i)}};
+  model.addFurther(std::move(further));
   QElapsedTimer watch;
   watch.start();
   model.narrow(QStringLiteral("nicolo 19999"));

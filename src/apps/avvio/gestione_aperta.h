@@ -3,6 +3,7 @@
 #include <QString>
 #include <algorithm>
 
+#include "apps/comune/colonne_percipienti.h"
 #include "apps/comune/impianto_gestione.h"
 #include "desktop/input_drain.h"
 #include "desktop/qt_front_end.h"
@@ -14,7 +15,11 @@ namespace cu {
 class GestioneAperta {
  public:
   GestioneAperta(const Profilo& profilo, const QString& guida)
-      : profilo_(profilo), schermo_(guida), impianto_(profilo_, schermo_, escPremuto) {}
+      : profilo_(profilo), schermo_(guida), impianto_(profilo_, schermo_, escPremuto) {
+    schermo_.furtherColumns = [this](const LookupTable& elenco) {
+      return colonnePercipienti(profilo_.database, elenco);
+    };
+  }
 
   desktop::QtFrontEnd& schermo() { return schermo_; }
   // False where no window could be opened; the reason was shown.

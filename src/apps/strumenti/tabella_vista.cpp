@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <algorithm>
@@ -18,6 +19,7 @@ namespace cu::strumenti {
 namespace {
 
 constexpr int kRigheMisurate = 200;
+constexpr const char* kNessuna = "Nessuna riga corrisponde a ciò che si cerca.";
 
 // The current row has lines around it.
 class DisegnoRiga : public QStyledItemDelegate {
@@ -30,84 +32,6 @@ class DisegnoRiga : public QStyledItemDelegate {
 };
 
 }  // namespace
-
-ModelloTabella::ModelloTabella(std::vector<Colonna> colonne, QObject* parent)
-    : QAbstractTableModel(parent), colonne_(std::move(colonne)) {}
-
-void ModelloTabella::mostra(std::size_t righe) {
-  beginResetModel();
-  righe_ = static_cast<int>(righe);
-  endResetModel();
-}
-
-int ModelloTabella::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : righe_; }
-
-int ModelloTabella::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(colonne_.size());
-}
-
-QVariant ModelloTabella::data(const QModelIndex& index, int role) const {
-  if (!index.isValid()) return {};
-  const Colonna& colonna = colonne_[static_cast<std::size_t>(index.column())];
-  const auto riga = static_cast<std::size_t>(index.row());
-  switch (role) {
-    case Qt::DisplayRole:
-      return colonna.testo(riga);
-    case Qt::EditRole:
-      return colonna.daScrivere ? colonna.daScrivere(riga) : colonna.testo(riga);
-    case Qt::TextAlignmentRole:
-      return QVariant(colonna.aDestra ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
-    case Qt::AccessibleTextRole:
-      return colonna.detto ? colonna.detto(riga) : colonna.testo(riga);
-    case Qt::FontRole: {
-      if (!inGrassetto || !inGrassetto(riga)) return {};
-      QFont grassetto = QApplication::font("QTableView");
-      grassetto.setBold(true);
-      return grassetto;
-    }
-    case kOrdine:
-      return colonna.ordine ? colonna.ordine(riga) : QVariant(colonna.testo(riga));
-    default:
-      return {};
-  }
-}
-
-QVariant ModelloTabella::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal) return {};
-  const Colonna& colonna = colonne_[static_cast<std::size_t>(section)];
-  if (role == Qt::DisplayRole) return QString::fromUtf8(colonna.titolo);
-  if (role == Qt::TextAlignmentRole) {
-    return QVariant(colonna.aDestra ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
-  }
-  return {};
-}
-
-Qt::ItemFlags ModelloTabella::flags(const QModelIndex& index) const {
-  const Qt::ItemFlags solite = QAbstractTableModel::flags(index);
-  if (!index.isValid()) return solite;
-  const Colonna& colonna = colonne_[static_cast<std::size_t>(index.column())];
-  const bool scrivibile =
-      colonna.scrivi && (!colonna.scrivibile || colonna.scrivibile(static_cast<std::size_t>(index.row())));
-  return scrivibile ? solite | Qt::ItemIsEditable : solite;
-}
-
-bool ModelloTabella::setData(const QModelIndex& index, const QVariant& value, int role) {
-  if (!index.isValid() || role != Qt::EditRole) return false;
-  const Colonna& colonna = colonne_[static_cast<std::size_t>(index.column())];
-  const QString testo = value.toString();
-  if (!colonna.scrivi || testo == data(index, Qt::EditRole).toString()) return false;
-  colonna.scrivi(static_cast<std::size_t>(index.row()), testo);
-  return true;
-}
-
-FiltroTabella::FiltroTabella(QObject* parent) : QSortFilterProxyModel(parent) {
-  setSortRole(ModelloTabella::kOrdine);
-  setSortCaseSensitivity(Qt::CaseInsensitive);
-}
-
-bool FiltroTabella::filterAcceptsRow(int riga, const QModelIndex&) const {
-  return !passa || passa(static_cast<std::size_t>(riga));
-}
 
 Tabella::Tabella(const QString& nome, const QString& detta, std::vector<Colonna> colonne, QWidget* parent)
     : QTableView(parent),
@@ -147,6 +71,8 @@ void Tabella::mostra(std::size_t righe, bool primaRiga) {
   if (!posate_ || righe > 0) larghezze();
   zitta_ = false;
   detta_.reset();
+  tolta_.reset();
+  diceVuota();
   if (primaRiga && filtro_->rowCount() > 0) {
     setCurrentIndex(filtro_->index(0, 0));
   } else if (scelta) {
@@ -165,21 +91,47 @@ void Tabella::rimostra(std::size_t righe) {
   horizontalScrollBar()->setValue(lato);
 }
 
+// A row that only the filter has made the current one gives its place back to the one before.
 void Tabella::riapplicaFiltro() {
   const auto prima = corrente();
   zitta_ = true;
   filtro_->riapplica();
   zitta_ = false;
-  const bool resta = prima && filtro_->mapFromSource(modello_->index(static_cast<int>(*prima), 0)).isValid();
-  if (resta) {
+  diceVuota();
+  if (tolta_ && siVede(*tolta_)) {
+    scegli(std::exchange(tolta_, std::nullopt));
+  } else if (prima && siVede(*prima)) {
+    const auto tolta = tolta_;
     scegli(prima);
-  } else if (filtro_->rowCount() > 0) {
-    setCurrentIndex(filtro_->index(0, 0));
-    currentChanged(currentIndex(), {});
+    tolta_ = tolta;
   } else {
-    detta_.reset();
-    if (scelta) scelta(std::nullopt);
+    const auto tolta = tolta_ ? tolta_ : prima;
+    if (filtro_->rowCount() > 0) {
+      setCurrentIndex(filtro_->index(0, 0));
+      currentChanged(currentIndex(), {});
+    } else {
+      detta_.reset();
+      if (scelta) scelta(std::nullopt);
+    }
+    tolta_ = tolta;
   }
+}
+
+bool Tabella::siVede(std::size_t riga) const {
+  return filtro_->mapFromSource(modello_->index(static_cast<int>(riga), 0)).isValid();
+}
+
+// For a screen reader; on the screen the words are in the empty table.
+void Tabella::diceVuota() { setAccessibleDescription(vuota() ? QString::fromUtf8(kNessuna) : QString()); }
+
+void Tabella::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  if (!vuota()) return;
+  QPainter painter(viewport());
+  painter.setPen(palette().color(QPalette::Text));
+  constexpr int kMargine = 12;
+  const QRect dove = viewport()->rect().adjusted(kMargine, kMargine, -kMargine, -kMargine);
+  painter.drawText(dove, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, QString::fromUtf8(kNessuna));
 }
 
 std::optional<std::size_t> Tabella::corrente() const {
@@ -216,6 +168,7 @@ void Tabella::currentChanged(const QModelIndex& current, const QModelIndex& prev
   const auto ora = corrente();
   if (ora == detta_) return;
   detta_ = ora;
+  tolta_.reset();
   if (scelta) scelta(ora);
 }
 

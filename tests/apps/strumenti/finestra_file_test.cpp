@@ -90,8 +90,40 @@ TEST(FileWindow, SearchesAndKeepsTheChoiceThatIsStillShown) {
   EXPECT_EQ(schermo.certificati().mostrate(), 0U);
   EXPECT_EQ(schermo.caselle().mostrate(), 0U);
   EXPECT_TRUE(schermo.modulo().pages().sentence().contains(QStringLiteral("ricerca")));
+  EXPECT_EQ(schermo.certificati().accessibleDescription(),
+            QStringLiteral("Nessuna riga corrisponde a ciò che si cerca."));
   cerca->clear();
   EXPECT_EQ(schermo.certificati().mostrate(), 3U);
+  EXPECT_EQ(schermo.certificati().accessibleDescription(), QString());
+  EXPECT_EQ(schermo.certificati().corrente(), std::optional<std::size_t>(1))
+      << "the row from which the search has led away";
+}
+
+TEST(FileWindow, GoesBackToNoRowThatThePersonHasLeft) {
+  const test::TempFolder cartella;
+  const Schermo schermo(treCertificati(cartella));
+  auto* const cerca = schermo->findChild<QLineEdit*>();
+  cerca->setText(QStringLiteral("1l781"));
+  const auto trovata = schermo.certificati().corrente();
+  ASSERT_EQ(schermo.certificati().mostrate(), 2U);
+  schermo.certificati().setCurrentIndex(schermo.certificati().model()->index(1, 0));
+  const auto andata = schermo.certificati().corrente();
+  ASSERT_NE(andata, trovata);
+  cerca->clear();
+  EXPECT_EQ(schermo.certificati().corrente(), andata);
+}
+
+// The words are in the table itself: it is not only empty.
+TEST(FileWindow, DrawsThatNothingWasFound) {
+  const test::TempFolder cartella;
+  const Schermo schermo(treCertificati(cartella));
+  auto* const cerca = schermo->findChild<QLineEdit*>();
+  cerca->setText(QStringLiteral("nessuno"));
+  const QImage vuota = schermo.certificati().viewport()->grab().toImage();
+  int scritti = 0;
+  for (int y = 0; y < vuota.height(); ++y)
+    for (int x = 0; x < vuota.width(); ++x) scritti += vuota.pixel(x, y) == vuota.pixel(0, 0) ? 0 : 1;
+  EXPECT_GT(scritti, 100);
 }
 
 TEST(FileWindow, ShowsOnlyThoseWithFindingsAndSortsWithoutLosingTheChoice) {
