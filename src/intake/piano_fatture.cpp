@@ -186,6 +186,7 @@ void PianoFatture::data(RigaInCorso& corso, const Documento& sua, FatturaPronta&
   const OpzioniFatture& opzioni = piano_.richiesta.fatture;
   std::string manca = "manca la data di pagamento";
   if (corso.decisione().pagamento) {
+    if (opzioni.fonte == FontePagamento::Tavola) diceAltraData(corso, sua);
     return mettiCampo(pronta.letta, DataPagamento, CellView::ofDate(*corso.decisione().pagamento));
   }
   const std::optional<Date> noto = nota(corso, sua, pronta);
@@ -213,6 +214,17 @@ void PianoFatture::data(RigaInCorso& corso, const Documento& sua, FatturaPronta&
   pronta.noto = noto;
   pronta.manca = std::move(manca);
   mettiCampo(pronta.letta, DataPagamento, CellView::ofDate(*noto), true);
+}
+
+// A date that a person has written for a document goes before that of a table, but not unseen.
+void PianoFatture::diceAltraData(RigaInCorso& corso, const Documento& sua) const {
+  const DatePagamento::Trovate trovate = nellaTavola(sua);
+  if (!mancaNellaTavola(sua, trovate).empty()) return;
+  const Date altra = trovate.date.front();
+  if (altra == *corso.decisione().pagamento) return;
+  corso.segnala(Codice::R12, ColonnaCompenso::DataPagamento,
+                "vale la data di pagamento scritta a mano, " + corso.decisione().pagamento->toItalian() +
+                    "; la tabella delle date ha " + altra.toItalian());
 }
 
 // A payment that is there already has its date.

@@ -58,6 +58,7 @@ class PianoFatture {
   std::optional<Date> nota(const RigaInCorso& corso, const Documento& sua, const FatturaPronta& pronta) const;
   void data(RigaInCorso& corso, const Documento& sua, FatturaPronta& pronta) const;
   DatePagamento::Trovate nellaTavola(const Documento& sua) const;
+  void diceAltraData(RigaInCorso& corso, const Documento& sua) const;
   std::string mancaNellaTavola(const Documento& sua, const DatePagamento::Trovate& trovate) const;
   bool dataPossibile(RigaInCorso& corso, const Documento& sua, Date pagamento) const;
   bool fuoriAnno(RigaInCorso& corso, const Documento& sua, Date pagamento) const;

@@ -58,17 +58,22 @@ Chiavi chiaviDelCedente(const RigaLetta& percipiente) {
 
 void NumeriPercipienti::osserva(const std::string& codice) {
   constexpr std::size_t kMassimo = 15;
-  const bool numero = !codice.empty() && codice.size() <= kMassimo &&
-                      codice.find_first_not_of("0123456789") == std::string::npos;
-  if (!numero) return;
-  ultimo_ = std::max(ultimo_, leadingInteger(codice));
-  larghezza_ = std::max(larghezza_, codice.size());
+  const std::size_t numero = codice.find_last_not_of("0123456789") + 1;
+  const std::size_t cifre = codice.size() - numero;
+  if (cifre == 0 || cifre > kMassimo) return;
+  prefisso_ = codice.substr(0, numero);
+  Numeri& suoi = numeri_[lowerAscii(prefisso_)];
+  suoi.ultimo = std::max(suoi.ultimo, leadingInteger(std::string_view(codice).substr(numero)));
+  suoi.larghezza = std::max(suoi.larghezza, cifre);
 }
 
 std::string NumeriPercipienti::prossimo() {
-  std::string codice = fromInteger(++ultimo_);
-  if (codice.size() < larghezza_) codice.insert(0, larghezza_ - codice.size(), '0');
-  return codice;
+  constexpr std::size_t kSoloCifre = 5;
+  Numeri& suoi = numeri_[lowerAscii(prefisso_)];
+  const std::size_t larghezza = prefisso_.empty() ? std::max(kSoloCifre, suoi.larghezza) : suoi.larghezza;
+  std::string numero = fromInteger(++suoi.ultimo);
+  if (numero.size() < larghezza) numero.insert(0, larghezza - numero.size(), '0');
+  return prefisso_ + numero;
 }
 
 Soggetti::Soggetti(std::span<const schede::SchedaPercipiente> percipienti) {

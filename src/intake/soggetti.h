@@ -28,15 +28,20 @@ Chiavi chiaviDelCompenso(const RigaLetta& compenso);
 // Of the seller of an invoice.
 Chiavi chiaviDelCedente(const RigaLetta& percipiente);
 
-// The codes of new payees: numbers after the greatest one, five digits at least.
+// The codes of new payees: they continue those that begin as the last one does, "P046" after "P045". Without
+// any code that ends in digits they are numbers of five digits.
 class NumeriPercipienti {
  public:
   void osserva(const std::string& codice);
   std::string prossimo();
 
  private:
-  std::int64_t ultimo_ = 0;
-  std::size_t larghezza_ = 5;
+  struct Numeri {
+    std::int64_t ultimo = 0;
+    std::size_t larghezza = 0;
+  };
+  std::string prefisso_;  // of the last code
+  std::unordered_map<std::string, Numeri> numeri_;
 };
 
 // The payees of a company by their keys.

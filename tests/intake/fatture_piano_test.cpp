@@ -101,7 +101,7 @@ TEST(PianoFatture, ANewPayeeIsProposedWithWhatTheInvoiceAndTheCodeGive) {
       " FROM Anagrafica A INNER JOIN Percipiente P ON P.IDAnagrafica = A.IDAnagrafica LEFT JOIN Comune C ON"
       " A.IDComune = C.IDComune WHERE A.Anagrafica = 'Verdi'";
   for (const auto& [colonna, valore] :
-       std::vector<std::pair<std::string, std::string>>{{"P.Codice", "00001"},
+       std::vector<std::pair<std::string, std::string>>{{"P.Codice", "P2"},
                                                         {"A.Nome", "Anna"},
                                                         {"A.PartitaIva", prova::ivaDi("0555444333")},
                                                         {"A.Sesso", "F"},
@@ -215,6 +215,11 @@ TEST(PianoFatture, ADateOfPaymentIsNeverGuessed) {
   EXPECT_EQ(stato(tavola), "da decidere R12") << "of another document";
   banco.richiesta.decisioni[{0, 0}].pagamento = giorno(2018, 1, 8);
   EXPECT_EQ(stato({}), "nuovo 08/01/2018");
+  // A date typed for the document goes before the table's, and says so where they differ.
+  tavola.date = {{"P1", "", "", "12/A", giorno(2017, 3, 20), giorno(2018, 1, 8)}};
+  EXPECT_EQ(stato(tavola), "nuovo 08/01/2018");
+  tavola.date = {{"P1", "", "", "12/A", giorno(2017, 3, 20), giorno(2017, 5, 2)}};
+  EXPECT_EQ(stato(tavola), "nuovo R1208/01/2018");
 }
 
 TEST(PianoFatture, ARowOfDatesWithAnotherFiscalCodeIsNotFoundByTheVatNumber) {

@@ -3,6 +3,7 @@
 
 #include "banco.h"
 #include "intake/archivio_letto.h"
+#include "intake/soggetti.h"
 
 namespace cu::intake {
 namespace {
@@ -36,6 +37,22 @@ class PianoPercipientiTest : public ::testing::Test {
   Piano piano_;
 };
 
+TEST(NumeriPercipienti, ContinueTheCodesOfTheCompany) {
+  const auto seguenti = [](const std::vector<std::string>& codici) {
+    NumeriPercipienti numeri;
+    for (const std::string& uno : codici) numeri.osserva(uno);
+    std::string primo = numeri.prossimo();
+    return primo + " " + numeri.prossimo();
+  };
+  EXPECT_EQ(seguenti({}), "00001 00002");
+  EXPECT_EQ(seguenti({"P001", "P045", "P007"}), "P046 P047");
+  EXPECT_EQ(seguenti({"F9", "f12"}), "f13 f14") << "case does not tell codes apart";
+  EXPECT_EQ(seguenti({"7", "P003"}), "P004 P005") << "the last one counts";
+  EXPECT_EQ(seguenti({"7", "ROSSI"}), "00008 00009") << "a code without a number is no beginning";
+  EXPECT_EQ(seguenti({"0000120"}), "0000121 0000122");
+  EXPECT_EQ(seguenti({"P999"}), "P1000 P1001");
+}
+
 TEST_F(PianoPercipientiTest, APersonIsCompletedFromTheFiscalCode) {
   const auto& p =
       primo("CodiceFiscale;Cognome;Nome;Comune;Provincia\nMRTNTN23M02D969P;Moretti;Antonio;Genova;GE\n");
@@ -45,7 +62,7 @@ TEST_F(PianoPercipientiTest, APersonIsCompletedFromTheFiscalCode) {
   EXPECT_EQ(comune(p.anagrafica.idComuneNascita), "Genova D969");
   EXPECT_EQ(nazione(p.anagrafica.idNazionalita), "Italia");
   EXPECT_EQ(comune(p.anagrafica.idComune), "Genova D969");
-  EXPECT_EQ(p.codice, "00001") << "made when absent";
+  EXPECT_EQ(p.codice, "P2") << "made when absent, after that of the company";
   EXPECT_THAT(piano_.righe[0].derivati,
               Contains(static_cast<std::uint8_t>(ColonnaPercipiente::ComuneNascita)));
   EXPECT_THAT(piano_.righe[0].derivati, Contains(static_cast<std::uint8_t>(ColonnaPercipiente::Codice)));

@@ -23,6 +23,8 @@ using intake::FontePagamento;
 QString dettoPagamento(const PagamentoMostrato& pagamento) {
   QString giorno = qs(pagamento.giorno.toItalian());
   switch (pagamento.origine) {
+    case PagamentoMostrato::Origine::Nessuna:
+      return {};
     case PagamentoMostrato::Origine::Manca:
       return QStringLiteral("? manca");
     case PagamentoMostrato::Origine::Proposta:

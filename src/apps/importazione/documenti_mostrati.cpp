@@ -166,7 +166,8 @@ DocumentoMostrato mostra(const Piano& piano, std::size_t quale) {
   }
   mostrato.stato = statoDi(piano, riga, accanto);
   mostrato.causale = causaleDi(piano, riga);
-  if (mostrato.stato == Stato::Letto || mostrato.stato == Stato::SenzaCausale)
+  // An error of a date or of a payee leaves the amounts as they were read.
+  if (mostrato.stato != Stato::Escluso && mostrato.stato != Stato::DaScegliere)
     conImporti(piano, riga, accanto, [&](const auto& importi) { mettiImporti(mostrato, importi); });
   mostrato.spiegazioni = riga.spiegazioni;
   if (!accanto.decisa) {
@@ -278,7 +279,8 @@ std::vector<PagamentoMostrato> pagamentiMostrati(const Piano& piano) {
       suo.giorno = documento->data;
       suo.origine = Origine::Proposta;
     }
-    if (suo.giorno == Date()) suo.origine = Origine::Manca;
+    if (suo.giorno == Date())
+      suo.origine = riga.stato == StatoRiga::Escluso ? Origine::Nessuna : Origine::Manca;
     suo.scrivibile = conPagamento(piano, riga, suo.giorno != Date());
     if (!suo.scrivibile) continue;
     constexpr int kDicembre = 12;

@@ -50,7 +50,8 @@ std::string testoMostrato(const intake::Messaggio& messaggio);
 
 // When a payment of an invoice was made, as far as it is known.
 struct PagamentoMostrato {
-  enum class Origine : std::uint8_t { Manca, Proposta, Data };
+  // Of a row that is left out no date is missing.
+  enum class Origine : std::uint8_t { Nessuna, Manca, Proposta, Data };
   Origine origine = Origine::Manca;
   Date giorno;            // day 0 for none
   bool avanti = false;    // January: the document may be of the year before, and so the tax

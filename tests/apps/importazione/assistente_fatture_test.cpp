@@ -183,6 +183,12 @@ TEST_F(AssistenteFatture, DatesOfPaymentAreTypedOneByOne) {
   EXPECT_EQ(documento("00001").stato, Stato::Letto) << "the document is read, whenever it was paid";
   const std::vector<std::size_t> riga{0};
   assistente.decidi(
+      riga, [](intake::Decisione& decisione) { decisione.pagamento = giornoScritto("28/12/2001", 2018); });
+  svolgi(assistente);
+  EXPECT_EQ(documento("00001").stato, Stato::Errore);
+  ASSERT_TRUE(documento("00001").lordo.has_value()) << "an error of the date hides no amount";
+  EXPECT_EQ(documento("00001").lordo->toText(), "2450");
+  assistente.decidi(
       riga, [](intake::Decisione& decisione) { decisione.pagamento = giornoScritto("28/12/2017", 2018); });
   finoAllaProva(assistente);
   const PagamentoMostrato pagamento = pagamentiMostrati(*assistente.piano()).front();
@@ -234,6 +240,12 @@ TEST_F(AssistenteFatture, ChoicesStayWithTheirDocumentWhenTheFilesChange) {
   const auto pagamenti = pagamentiMostrati(*assistente.piano());
   EXPECT_EQ(pagamenti.at(documento("00001").riga).giorno.toIso(), "2017-12-28");
   EXPECT_EQ(pagamenti.at(documento("00003").riga).origine, PagamentoMostrato::Origine::Manca);
+  const std::vector<std::size_t> senzaData{documento("00003").riga};
+  assistente.decidi(senzaData, [](intake::Decisione& decisione) { decisione.esclusa = true; });
+  svolgi(assistente);
+  EXPECT_EQ(pagamentiMostrati(*assistente.piano()).at(senzaData.front()).origine,
+            PagamentoMostrato::Origine::Nessuna)
+      << "of a row that is left out no date is missing";
 }
 
 TEST_F(AssistenteFatture, OnlyTheReasonsAreKeptForTheCompany) {
