@@ -4,11 +4,6 @@
 #include <algorithm>
 
 namespace cu::desktop {
-namespace {
-
-constexpr int kFlowGap = 4;
-
-}  // namespace
 
 FlowRow::~FlowRow() {
   for (QLayoutItem* item : items_) delete item;
@@ -40,7 +35,7 @@ QSize FlowRow::sizeHint() const {
   for (const QLayoutItem* item : items_) {
     if (item->isEmpty()) continue;
     const QSize size = item->sizeHint();
-    whole = {whole.width() + size.width() + kFlowGap, std::max(whole.height(), size.height())};
+    whole = {whole.width() + size.width() + gap_, std::max(whole.height(), size.height())};
   }
   return whole;
 }
@@ -51,22 +46,49 @@ void FlowRow::setGeometry(const QRect& rect) {
 }
 
 int FlowRow::place(const QRect& room, bool move) const {
-  int left = room.left();
   int top = room.top();
-  int line = 0;
-  for (QLayoutItem* item : items_) {
-    if (item->isEmpty()) continue;
-    const QSize size = item->sizeHint();
-    if (left > room.left() && left + size.width() > room.right() + 1) {
-      left = room.left();
-      top += line + kFlowGap;
-      line = 0;
-    }
-    if (move) item->setGeometry(QRect(QPoint(left, top), size));
-    left += size.width() + kFlowGap;
-    line = std::max(line, size.height());
+  std::size_t first = 0;
+  while (first < items_.size()) {
+    const std::size_t end = endOfLine(first, room.width());
+    const int height = placeLine(first, end, QRect(room.left(), top, room.width(), 0), move);
+    if (height > 0) top += height + gap_;
+    first = end;
   }
-  return top + line - room.top();
+  return std::max(0, top - gap_ - room.top());
+}
+
+std::size_t FlowRow::endOfLine(std::size_t first, int width) const {
+  int taken = 0;
+  for (std::size_t at = first; at < items_.size(); ++at) {
+    if (items_[at]->isEmpty()) continue;
+    const int whole = taken + items_[at]->sizeHint().width();
+    if (taken > 0 && whole > width) return at;
+    taken = whole + gap_;
+  }
+  return items_.size();
+}
+
+// The height of the line; those at its end are moved to its right edge.
+int FlowRow::placeLine(std::size_t first, std::size_t end, const QRect& line, bool move) const {
+  int height = 0;
+  int width = -gap_;
+  for (std::size_t at = first; at < end; ++at) {
+    if (items_[at]->isEmpty()) continue;
+    const QSize size = items_[at]->sizeHint();
+    height = std::max(height, size.height());
+    width += size.width() + gap_;
+  }
+  int left = line.left();
+  bool moved = false;
+  for (std::size_t at = first; move && at < end; ++at) {
+    if (items_[at]->isEmpty()) continue;
+    if (at >= atEnd_ && !moved) left += std::max(0, line.width() - width);
+    moved = at >= atEnd_;
+    const QSize size = items_[at]->sizeHint().boundedTo(QSize(line.width(), QWIDGETSIZE_MAX));
+    items_[at]->setGeometry(QRect(QPoint(left, line.top() + (height - size.height()) / 2), size));
+    left += size.width() + gap_;
+  }
+  return height;
 }
 
 }  // namespace cu::desktop

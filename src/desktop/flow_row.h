@@ -1,15 +1,20 @@
 #pragma once
 
 #include <QLayout>
+#include <cstddef>
+#include <limits>
 #include <vector>
 
 namespace cu::desktop {
 
-// Widgets side by side, in as many lines as the width requires.
+// Widgets side by side, in as many lines as the width requires, each in the middle of its line's height.
 class FlowRow : public QLayout {
  public:
   using QLayout::QLayout;
   ~FlowRow() override;
+  void setGap(int pixels) { gap_ = pixels; }
+  // The items added from now on are at the right edge of their line.
+  void beginEnd() { atEnd_ = items_.size(); }
 
   void addItem(QLayoutItem* item) override;
   int count() const override;
@@ -24,8 +29,12 @@ class FlowRow : public QLayout {
 
  private:
   int place(const QRect& room, bool move) const;  // returns the height
+  std::size_t endOfLine(std::size_t first, int width) const;
+  int placeLine(std::size_t first, std::size_t end, const QRect& line, bool move) const;
 
   std::vector<QLayoutItem*> items_;
+  int gap_ = 4;
+  std::size_t atEnd_ = std::numeric_limits<std::size_t>::max();
 };
 
 }  // namespace cu::desktop

@@ -14,6 +14,7 @@
 #include "controls/grid.h"
 #include "controls/menubar.h"
 #include "controls/tabs.h"
+#include "desktop/flow_row.h"
 #include "desktop/foot.h"
 #include "desktop/grid_surround.h"
 #include "desktop/grid_view.h"
@@ -195,14 +196,24 @@ void layOutPage(FormWindow& window, Frame& page) {
   window.addScrollArea(area);
 }
 
+// Buttons that take a second line in a narrow window, which would otherwise be wider than a small screen.
+FlowRow* addFlow(QBoxLayout& into) {
+  constexpr int kGap = 8;
+  auto* row = new FlowRow;
+  row->setGap(kGap);
+  into.addLayout(row, 1);
+  return row;
+}
+
 void layOutBottom(FormWindow& window, QBoxLayout& root, const Parts& parts) {
   if (parts.bottom.empty()) return;
-  auto* row = new QHBoxLayout;
-  row->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin);
+  auto* around = new QHBoxLayout;
+  around->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin);
+  root.addLayout(around);
+  auto* row = addFlow(*around);
   if (RowSteps* const steps = RowSteps::of(window, &window)) row->addWidget(steps);
-  row->addStretch(1);
-  root.addLayout(row);
-  Layouter(window).fillRow(*row, parts.bottom);
+  row->beginEnd();
+  for (Control* control : parts.bottom) row->addWidget(window.make(*control, &window).widget());
 }
 
 // The frame of the wizard's buttons: help at the left, forward at the right.
@@ -249,14 +260,18 @@ void layOutPages(FormWindow& window, QBoxLayout& root, const Parts& parts) {
   auto* above = new QHBoxLayout;
   above->setContentsMargins(kMargin, kMargin / 2, kMargin, 0);
   root.addLayout(above);
-  Layouter(window).fillRow(*above, parts.above);
-  above->addStretch(1);
-  // Tabs stand on the line above their page.
-  if (std::any_of(parts.above.begin(), parts.above.end(),
-                  [](Control* control) { return dynamic_cast<Tabs*>(control) != nullptr; })) {
+  const bool tabs = std::any_of(parts.above.begin(), parts.above.end(),
+                                [](Control* control) { return dynamic_cast<Tabs*>(control) != nullptr; });
+  if (tabs) {
+    Layouter(window).fillRow(*above, parts.above);
+    above->addStretch(1);
+    // Tabs stand on the line above their page.
     auto* line = new QFrame(&window);
     line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
     root.addWidget(line);
+  } else {
+    FlowRow* const row = addFlow(*above);
+    for (Control* control : parts.above) row->addWidget(window.make(*control, &window).widget());
   }
   for (Frame* page : parts.pages) {
     root.addWidget(window.make(*page, &window).widget(), 1);

@@ -135,6 +135,7 @@ void PaginaRighe::componiTabella(intake::Elenco elenco) {
     preparaRicerca();
     return testi_[q].contains(cercato_);
   };
+  tabella_->setCercata();
   tabella_->scelta = [this](auto) { mostraRiga(); };
   colonna().addWidget(tabella_, 1);
 }

@@ -1,6 +1,7 @@
 #include "apps/strumenti/finestra_file.h"
 
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QFileInfo>
 #include <QFontDatabase>
@@ -31,32 +32,34 @@ FinestraFile::FinestraFile(const QString& percorso, std::optional<Profilo> profi
   colonna->addWidget(testa());
   auto* const lati = new QSplitter(Qt::Horizontal, this);
   lati->setChildrenCollapsible(false);
-  lati->addWidget(sinistra());
+  sinistri_ = new QSplitter(Qt::Vertical, lati);
+  sinistri_->setChildrenCollapsible(false);
+  sinistri_->addWidget(sinistra());
   // On a low screen the three parts scroll.
   auto* const scorre = new QScrollArea(lati);
   scorre->setFrameShape(QFrame::NoFrame);
   scorre->setWidgetResizable(true);
   scorre->setFocusPolicy(Qt::NoFocus);
   scorre->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  auto* const alti = new QSplitter(Qt::Vertical, scorre);
-  alti->setChildrenCollapsible(false);
-  alti->addWidget(destra());
+  alti_ = new QSplitter(Qt::Vertical, scorre);
+  alti_->setChildrenCollapsible(false);
+  alti_->addWidget(destra());
   caselle_ = new Tabella(QStringLiteral("strumenti_caselle"), QStringLiteral("Caselle della certificazione"),
-                         colonneCaselle(), alti);
+                         colonneCaselle(), alti_);
   caselle_->scelta = [this](auto quale) {
     if (quale && caselle_->hasFocus()) segnaCasella(*quale);
   };
   caselle_->aperta = [this](std::size_t quale) { segnaCasella(quale); };
-  alti->addWidget(caselle_);
-  alti->addWidget(sotto());
-  scorre->setWidget(alti);
-  scorre->setMinimumWidth(alti->minimumSizeHint().width() + scorre->fontMetrics().height());
+  alti_->addWidget(caselle_);
+  alti_->addWidget(sotto_ = sotto());
+  scorre->setWidget(alti_);
+  scorre->setMinimumWidth(alti_->minimumSizeHint().width() + scorre->fontMetrics().height());
   lati->addWidget(scorre);
   lati->setStretchFactor(0, 5);
   lati->setStretchFactor(1, 4);
   lati->setSizes({700, 620});
-  alti->setStretchFactor(0, 1);
-  alti->setSizes({330, 110, 250});
+  alti_->setStretchFactor(0, 1);
+  alti_->setSizes({330, 110, 250});
   colonna->addWidget(lati, 1);
 
   auto* const pulsanti = new QHBoxLayout;
@@ -66,8 +69,38 @@ FinestraFile::FinestraFile(const QString& percorso, std::optional<Profilo> profi
   disegno_.setInterval(kAttesaDisegno);
   connect(&disegno_, &QTimer::timeout, this, [this] { disegnaCertificato(); });
   accettaFile(this, [this](const QStringList& file) { apri(file.first()); });
-  ricordaPosto({lati, alti}, kDimensioneFile);
+  ricordaPosto({lati, alti_}, kDimensioneFile);
   apri(percorso);
+}
+
+// In a low window the findings are below the certificates, so that there is room for the form.
+void FinestraFile::disponi(bool bassa) {
+  if (bassa == bassa_) return;
+  bassa_ = bassa;
+  if (bassa) {
+    divisi_ = alti_->saveState();
+    sinistri_->addWidget(sotto_);
+    sinistri_->setStretchFactor(0, 1);
+    alti_->setSizes({height(), 0});
+  } else {
+    alti_->addWidget(sotto_);
+    alti_->restoreState(divisi_);
+  }
+  sotto_->show();
+}
+
+void FinestraFile::resizeEvent(QResizeEvent* event) {
+  Finestra::resizeEvent(event);
+  constexpr int kRigheBassa = 44;
+  disponi(height() < fontMetrics().height() * kRigheBassa);
+}
+
+// What is remembered of the parts is that of a high window.
+void FinestraFile::closeEvent(QCloseEvent* event) {
+  const bool bassa = bassa_;
+  disponi(false);
+  Finestra::closeEvent(event);
+  if (!event->isAccepted()) disponi(bassa);
 }
 
 void FinestraFile::componiPulsanti(QHBoxLayout& riga) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QTimer>
 #include <memory>
 #include <optional>
@@ -14,6 +15,7 @@ class QComboBox;
 class QHBoxLayout;
 class QLabel;
 class QPlainTextEdit;
+class QSplitter;
 
 namespace cu::desktop {
 class PageView;
@@ -37,11 +39,16 @@ class FinestraFile : public Finestra {
   // Chooses the certificate of a finding, and shows its cell in the table and on the form.
   void vaiAlRilievo(std::size_t rilievo);
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
  private:
   QWidget* testa();
   QWidget* sinistra();
   QWidget* destra();
   QWidget* sotto();
+  void disponi(bool bassa);
   void componiPulsanti(QHBoxLayout& riga);
   std::vector<Colonna> colonneCertificati();
   std::vector<Colonna> colonneRilievi();
@@ -80,6 +87,11 @@ class FinestraFile : public Finestra {
   std::vector<reporting::FormPlace> posti_;
   QTimer disegno_;
 
+  QSplitter* sinistri_ = nullptr;
+  QSplitter* alti_ = nullptr;
+  QWidget* sotto_ = nullptr;
+  QByteArray divisi_;  // of a high window
+  bool bassa_ = false;
   Frase* testa_ = nullptr;
   Frase* avviso_ = nullptr;
   Ricerca* ricerca_ = nullptr;

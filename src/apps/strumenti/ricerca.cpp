@@ -35,6 +35,11 @@ Ricerca::Ricerca(QWidget* parent)
   });
 }
 
+void Ricerca::serve(Tabella* tabella) {
+  tabella_ = tabella;
+  tabella_->setCercata();
+}
+
 void Ricerca::metti(QWidget* widget, bool prima) {
   if (prima) {
     riga_->insertWidget(prima_++, widget);

@@ -21,7 +21,7 @@ class Ricerca : public QWidget {
   // Before the box, or after it.
   void metti(QWidget* widget, bool prima = false);
   // The table whose rows are searched.
-  void serve(Tabella* tabella) { tabella_ = tabella; }
+  void serve(Tabella* tabella);
   // What can be found of each row.
   void prepara(std::size_t righe, const std::function<std::string(std::size_t riga)>& testo);
   bool passa(std::size_t riga) const;

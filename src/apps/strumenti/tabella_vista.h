@@ -19,6 +19,8 @@ class Tabella : public QTableView {
   Tabella(const QString& nome, const QString& detta, std::vector<Colonna> colonne, QWidget* parent);
 
   ModelloTabella& modello() { return *modello_; }
+  // There is a search for its rows: words in the empty table say that it has found none.
+  void setCercata() { cercata_ = true; }
   FiltroTabella& filtro() { return *filtro_; }
   // Shows other rows, and highlights the first one where `primaRiga`.
   void mostra(std::size_t righe, bool primaRiga = true);
@@ -61,8 +63,8 @@ class Tabella : public QTableView {
   bool scriviQui(QKeyEvent* event);
   void copia();
   bool siVede(std::size_t riga) const;
-  // There are rows, and the filter hides all of them.
-  bool vuota() const { return modello_->rowCount() > 0 && filtro_->rowCount() == 0; }
+  // There are rows, and the search hides all of them.
+  bool vuota() const { return cercata_ && modello_->rowCount() > 0 && filtro_->rowCount() == 0; }
   void diceVuota();
 
   ModelloTabella* modello_;
@@ -70,6 +72,7 @@ class Tabella : public QTableView {
   desktop::ColumnMemory memoria_;
   std::optional<std::size_t> detta_;
   std::optional<std::size_t> tolta_;  // was the current row when the filter hid it
+  bool cercata_ = false;
   bool zitta_ = false;
   bool posate_ = false;
   int ultima_ = 0;  // the width that the last column's texts need, where it is to show all of them

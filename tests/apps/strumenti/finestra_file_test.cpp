@@ -113,6 +113,22 @@ TEST(FileWindow, GoesBackToNoRowThatThePersonHasLeft) {
   EXPECT_EQ(schermo.certificati().corrente(), andata);
 }
 
+TEST(FileWindow, LeavesRoomForTheFormOnALowScreen) {
+  const test::TempFolder cartella;
+  const Schermo schermo(treCertificati(cartella));
+  schermo->resize(1000, 540);
+  QTest::qWait(50);
+  EXPECT_GT(schermo.modulo().height(), 260);
+  auto* const rilievi = schermo->findChild<QComboBox*>();
+  ASSERT_NE(rilievi, nullptr);
+  const auto alti = [&](const QWidget& uno) { return uno.mapTo(schermo.operator->(), QPoint()).x(); };
+  EXPECT_LT(alti(*rilievi), alti(schermo.modulo())) << "the findings are below the certificates";
+  EXPECT_TRUE(rilievi->isVisible());
+  schermo->resize(1320, 780);
+  QTest::qWait(50);
+  EXPECT_GE(alti(*rilievi), alti(schermo.modulo()));
+}
+
 // The words are in the table itself: it is not only empty.
 TEST(FileWindow, DrawsThatNothingWasFound) {
   const test::TempFolder cartella;
