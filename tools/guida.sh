@@ -250,6 +250,27 @@ sleep 1
 front
 picture compenso
 
+# A table of another program: its trial, with the sums that it would give.
+stop
+cat >"$work/compensi.csv" <<CSV
+CodicePercipiente;Causale;DataPagamento;NumeroDocumento;Onorario;RitenutaAcconto;Note
+P001;A;20/03/2018;1/2018;1200,00;240,00;acconto
+P002;A;12/04/2018;7;600,00;120,00;
+P012;A;14/05/2018;12/A;500,56;90,11;
+P030;A;28/12/2017;44;2000,00;400,00;saldo
+P017;M;15/12/2017;31;1810,00;362,00;
+CSV
+start --importa "$work/compensi.csv"
+sleep 2
+front
+for step in Lettura Colonne Percipienti Compensi Prova; do
+  press alt+v
+  sleep 1
+done
+press space Down space
+press shift+Tab Right
+picture importazione
+
 # Electronic invoices: what was read of them, and when they were paid.
 stop
 start --importa "$PWD/docs/esempio/fatture/pronte" "$PWD/docs/esempio/fatture/da_vedere"
