@@ -2,6 +2,23 @@
 
 namespace cu {
 
+std::string reportTitle(std::string_view report) {
+  struct Title {
+    std::string_view file;
+    std::string_view title;
+  };
+  static constexpr Title kTitles[] = {
+      {"ContoIndividuale.rpt", "Conto individuale"},
+      {"CertificazioneCompensiSintetico.rpt", "Certificazione dei compensi, sintetica"},
+      {"CertificazioneCompensiAnalitico.rpt", "Certificazione dei compensi, analitica"},
+      {"CertificazioneUnica.rpt", "Certificazione Unica"},
+  };
+  for (const Title& each : kTitles) {
+    if (report == each.file) return std::string(each.title);
+  }
+  return std::string(report.substr(0, report.find('.')));
+}
+
 void PrintControl::initialise(Setup setup) {
   setup_ = std::move(setup);
   reports_ = catalogue_ == nullptr ? std::vector<ReportInfo>() : catalogue_->reports(setup_.objectType);

@@ -11,6 +11,10 @@
 
 namespace cu {
 
+// A report's name for a person: "Conto individuale" for "ContoIndividuale.rpt"; of another one its file's
+// name without the extension.
+std::string reportTitle(std::string_view report);
+
 // The print control: the report of the object type, and the destination of the output.
 class PrintControl : public Control {
  public:

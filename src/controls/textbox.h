@@ -40,6 +40,9 @@ class EditBox : public Control {
   // Returns a function that restores the present content, including the part not shown.
   virtual Event restorer();
 
+  // A text that is often longer than others; a window gives its box what room there is.
+  bool longText = false;
+
   // True accepts the character; the filter itself beeps when it rejects one.
   std::function<bool(char32_t)> keyFilter;
   Event onChange;

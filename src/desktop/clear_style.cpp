@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <algorithm>
@@ -168,6 +169,11 @@ std::optional<Picture> pictureOfBox(QStyle::StandardPixmap wanted) {
   }
 }
 
+// Of the triangle of a button with a menu, in pixels.
+constexpr int kMenuArrow = 8;
+constexpr int kMenuEdge = 4;  // to the button's edge
+constexpr int kMenuGap = 6;   // to the text
+
 bool busy = false;
 
 bool offWhileBusy(const QWidget* widget) {
@@ -193,6 +199,11 @@ void ClearStyle::drawControl(ControlElement element, const QStyleOption* option,
     return;
   }
   const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
+  if (element == CE_PushButtonBevel && button != nullptr &&
+      button->features.testFlag(QStyleOptionButton::HasMenu)) {
+    drawMenuBevel(*button, painter, widget);
+    return;
+  }
   if (element != CE_PushButton || button == nullptr || !offWhileBusy(widget)) {
     QProxyStyle::drawControl(element, option, painter, widget);
     return;
@@ -202,6 +213,19 @@ void ClearStyle::drawControl(ControlElement element, const QStyleOption* option,
   off.state.setFlag(State_MouseOver, false);
   off.palette.setCurrentColorGroup(QPalette::Disabled);
   QProxyStyle::drawControl(element, &off, painter, widget);
+}
+
+// The triangle keeps its distance from the text.
+void ClearStyle::drawMenuBevel(const QStyleOptionButton& button, QPainter* painter,
+                               const QWidget* widget) const {
+  QStyleOptionButton bare = button;
+  bare.features.setFlag(QStyleOptionButton::HasMenu, false);
+  QProxyStyle::drawControl(CE_PushButtonBevel, &bare, painter, widget);
+  QStyleOption arrow = button;
+  arrow.rect = QRect(button.rect.right() - kMenuEdge - kMenuArrow, button.rect.center().y() - kMenuArrow / 2,
+                     kMenuArrow, kMenuArrow);
+  if (button.direction == Qt::RightToLeft) arrow.rect.moveLeft(button.rect.left() + kMenuEdge);
+  drawPrimitive(PE_IndicatorArrowDown, &arrow, painter, widget);
 }
 
 ClearStyle::ClearStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
@@ -264,6 +288,8 @@ QRect ClearStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
 int ClearStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
   if (metric == PM_ScrollBarExtent) return 14;
   if (metric == PM_ScrollBarSliderMin) return 28;
+  if (metric == PM_MenuButtonIndicator && qobject_cast<const QPushButton*>(widget) != nullptr)
+    return kMenuEdge + kMenuArrow + kMenuGap;
   return QProxyStyle::pixelMetric(metric, option, widget);
 }
 

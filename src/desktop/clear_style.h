@@ -2,6 +2,8 @@
 
 #include <QProxyStyle>
 
+class QStyleOptionButton;
+
 namespace cu::desktop {
 
 // The property of a button that can be pressed while a work is running.
@@ -28,6 +30,9 @@ class ClearStyle : public QProxyStyle {
                          const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* returned) const override;
+
+ private:
+  void drawMenuBevel(const QStyleOptionButton& button, QPainter* painter, const QWidget* widget) const;
 };
 
 }  // namespace cu::desktop

@@ -18,14 +18,18 @@ namespace {
 
 constexpr int kFollowPause = 40;  // milliseconds without a change, after which the totals are shown
 
-std::string withHidden(std::size_t rows, bool chosen) {
+// `also`: rows in view have changed too.
+std::string withHidden(std::size_t rows, bool chosen, bool also) {
+  const QString whether = also ? QStringLiteral("anche ") : QString();
   if (rows == 1) {
-    return chosen ? "È stata scelta anche una riga nascosta dal filtro."
-                  : "Non è più scelta anche una riga nascosta dal filtro.";
+    return utf8((chosen ? QStringLiteral("È stata scelta %1una riga nascosta dal filtro.")
+                        : QStringLiteral("Non è più scelta %1una riga nascosta dal filtro."))
+                    .arg(whether));
   }
-  const std::string number = utf8(QStringLiteral("%L1").arg(rows));
-  return chosen ? "Sono state scelte anche " + number + " righe nascoste dal filtro."
-                : "Non sono più scelte anche " + number + " righe nascoste dal filtro.";
+  return utf8((chosen ? QStringLiteral("Sono state scelte %1%L2 righe nascoste dal filtro.")
+                      : QStringLiteral("Non sono più scelte %1%L2 righe nascoste dal filtro."))
+                  .arg(whether)
+                  .arg(rows));
 }
 
 }  // namespace
@@ -78,7 +82,7 @@ void GridSurround::filter() {
   Arrangement by = grid_.arrangement();
   by.words = box_->text();
   by.states = states_->chosen();
-  hiddenChosen_.reset();
+  chosen_.reset();
   revision_.reset();
   grid_.arrange(by);
 }
@@ -88,7 +92,7 @@ void GridSurround::follow() {
   if (!grid_.live() || grid_.model().held()) return;
   const Grid& grid = grid_.grid();
   if (std::exchange(binding_, grid.binding()) != grid.binding()) {
-    hiddenChosen_.reset();
+    chosen_.reset();
     revision_.reset();
   }
   if (std::exchange(revision_, grid.revision()) != grid.revision()) {
@@ -96,18 +100,20 @@ void GridSurround::follow() {
     states_->setCounts(totals);
     totals_->setTotals(totals);
     outdated_ = grid_.model().outdated();
-    tellHidden(totals.hiddenChosen);
+    tellHidden(totals);
   }
   totals_->setHighlighted(totalsOf(grid, grid_.highlightedRows()));
   seen_->setWhole(inView());
 }
 
 // Choosing all rows means all, also those that a filter hides.
-void GridSurround::tellHidden(std::size_t hiddenChosen) {
-  const auto before = std::exchange(hiddenChosen_, hiddenChosen);
-  if (!before || *before == hiddenChosen) return;
-  const bool more = hiddenChosen > *before;
-  window_.frontEnd().toldAfter(withHidden(more ? hiddenChosen - *before : *before - hiddenChosen, more));
+void GridSurround::tellHidden(const GridTotals& totals) {
+  const Chosen now{totals.hiddenChosen, totals.chosen.rows - totals.hiddenChosen};
+  const auto before = std::exchange(chosen_, now);
+  if (!before || before->hidden == now.hidden) return;
+  const bool more = now.hidden > before->hidden;
+  window_.frontEnd().toldAfter(withHidden(more ? now.hidden - before->hidden : before->hidden - now.hidden,
+                                          more, now.inView != before->inView));
 }
 
 QString GridSurround::inView() const {

@@ -15,6 +15,7 @@ class FormWindow;
 class GridView;
 class StateRow;
 class TotalsTable;
+struct GridTotals;
 
 // What a grid of many rows has around it: above, the search and the filters, below, the totals. It follows
 // the grid's rows a moment after each change.
@@ -25,9 +26,14 @@ class GridSurround : public QObject {
   void addBelow(QBoxLayout& column);
 
  private:
+  // The rows that are chosen, by whether they are in view.
+  struct Chosen {
+    std::size_t hidden = 0;
+    std::size_t inView = 0;
+  };
   void filter();
   void follow();
-  void tellHidden(std::size_t hiddenChosen);
+  void tellHidden(const GridTotals& totals);
   QString inView() const;
 
   FormWindow& window_;
@@ -40,7 +46,7 @@ class GridSurround : public QObject {
   QTimer* pause_;
   std::optional<std::size_t> binding_;  // as totalled last
   std::optional<std::size_t> revision_;
-  std::optional<std::size_t> hiddenChosen_;
+  std::optional<Chosen> chosen_;
   std::size_t outdated_ = 0;  // rows in view, or not, against the filter
 };
 

@@ -291,8 +291,8 @@ int GridView::searchColumn() const {
 RowFound GridView::search(const QString& text, bool following) {
   if (!live() || searchColumn() < 0) return {};
   const int current = table_->currentIndex().row();
-  const RowFound found = following ? findNextRow(model_, text, searchColumn(), current)
-                                   : findRow(model_, text, searchColumn(), std::max(0, current));
+  RowFound found = following ? findNextRow(model_, text, searchColumn(), current)
+                             : findRow(model_, text, searchColumn(), std::max(0, current));
   if (found.row < 0) return found;
   // Only the row changes: the focus stays where it is.
   FormWindow& shownIn = window();

@@ -76,10 +76,9 @@ int GuideText::positionSeen() const {
   return cursorForPosition({4, fontMetrics().height()}).position();
 }
 
-int GuideText::headingSeen() const {
-  const int seen = positionSeen();
+int GuideText::headingAt(qsizetype position) const {
   const auto after = std::find_if(headings_.begin(), headings_.end(),
-                                  [&](const Heading& each) { return each.position > seen; });
+                                  [&](const Heading& each) { return each.position > position; });
   return static_cast<int>(after - headings_.begin()) - 1;
 }
 

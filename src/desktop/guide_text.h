@@ -26,7 +26,9 @@ class GuideText : public QTextBrowser {
   // The heading with that text, otherwise the beginning; scrolled to the top, with the cursor there.
   void goTo(const QString& heading);
   // The heading above what is seen first; -1 for none.
-  int headingSeen() const;
+  int headingSeen() const { return headingAt(positionSeen()); }
+  // The heading above a place.
+  int headingAt(qsizetype position) const;
 
   // All places of a text; each is coloured, and one of them, from 0, is also selected and scrolled to.
   std::vector<Stretch> places(const QString& text) const;

@@ -109,13 +109,25 @@ void HelpWindow::fillContents() {
 
 // The chapter that is read is the current one in the contents.
 void HelpWindow::follow() {
-  const int heading = text_->headingSeen();
-  if (going_ || heading < 0) return;
+  if (!going_) markChapter(text_->headingSeen());
+}
+
+void HelpWindow::markChapter(int heading) {
+  if (heading < 0) return;
   QTreeWidgetItem* const item = items_[static_cast<std::size_t>(heading)];
   if (item == contents_->currentItem()) return;
   going_ = true;
   contents_->setCurrentItem(item);
   going_ = false;
+}
+
+// The place may be far below what is seen first, in another chapter.
+void HelpWindow::goToHit() {
+  going_ = true;
+  text_->mark(hits_, at_);
+  going_ = false;
+  if (at_ < hits_.size()) markChapter(text_->headingAt(hits_[at_].from));
+  tell();
 }
 
 void HelpWindow::showChapter(const QString& heading) {
@@ -143,15 +155,13 @@ void HelpWindow::search(const QString& text) {
   searched_ = text.simplified();
   hits_ = text_->places(searched_);
   at_ = text_->firstBelow(hits_);
-  text_->mark(hits_, at_);
-  tell();
+  goToHit();
 }
 
 void HelpWindow::step(bool back) {
   if (hits_.empty()) return;
   at_ = (at_ + (back ? hits_.size() - 1 : 1)) % hits_.size();
-  text_->mark(hits_, at_);
-  tell();
+  goToHit();
 }
 
 QString HelpWindow::words() const {

@@ -39,6 +39,8 @@ class HelpWindow : public QWidget {
   void layOut();
   void fillContents();
   void follow();
+  void markChapter(int heading);
+  void goToHit();
   void goToChapter();
   void tell();
 

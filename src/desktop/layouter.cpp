@@ -78,8 +78,9 @@ int mostColumnsOf(const Control& control, Cell::Width width) {
   constexpr int kAll = 9;
   if (width == Cell::Width::Widest) return kAll;
   if (dynamic_cast<const ListBox*>(&control) != nullptr) return 3;
-  // A read-only name.
+  // A long text, or a read-only name.
   const auto* const text = dynamic_cast<const TextBox*>(&control);
+  if (text != nullptr && text->longText) return 2;
   return text != nullptr && text->locked() && text->maxLength() == 0 ? 2 : 1;
 }
 

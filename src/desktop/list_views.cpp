@@ -26,24 +26,6 @@ constexpr const char* kOutputs[] = {
     "File PDF accanto al file telematico",
 };
 
-// The report's display name, without the extension of its file.
-QString reportTitle(const std::string& name) {
-  struct Title {
-    const char* file;
-    const char* title;
-  };
-  static constexpr Title kTitles[] = {
-      {"ContoIndividuale.rpt", "Conto individuale"},
-      {"CertificazioneCompensiSintetico.rpt", "Certificazione dei compensi, sintetica"},
-      {"CertificazioneCompensiAnalitico.rpt", "Certificazione dei compensi, analitica"},
-      {"CertificazioneUnica.rpt", "Certificazione Unica"},
-  };
-  for (const Title& each : kTitles) {
-    if (name == each.file) return QString::fromUtf8(each.title);
-  }
-  return shown(name).section(u'.', 0, 0);
-}
-
 // The key Delete clears the choice.
 class Combo : public QComboBox {
  public:
@@ -186,7 +168,8 @@ void PrintView::refresh() {
   }
   if (!same) {
     reports_->clear();
-    for (const ReportInfo& report : reports) reports_->addItem(reportTitle(report.name), shown(report.name));
+    for (const ReportInfo& report : reports)
+      reports_->addItem(shown(reportTitle(report.name)), shown(report.name));
   }
   reports_->setCurrentIndex(reports_->findData(shown(print_.report())));
   outputs_->setCurrentIndex(print_.output() - 1);

@@ -187,11 +187,12 @@ void PreviewDialog::addKeys() {
   add(QKeySequence::Save, [this] { save(); });
 }
 
+QString PreviewDialog::shownNumber() const { return QStringLiteral("%L1").arg(page() + 1); }
+
 void PreviewDialog::tell() {
   const bool any = pages() > 0;
   place_->setText(QStringLiteral("di %L1").arg(pages()));
-  if (!number_->isModified() || !number_->hasFocus())
-    number_->setText(any ? QString::number(page() + 1) : QString());
+  if (!number_->isModified() || !number_->hasFocus()) number_->setText(any ? shownNumber() : QString());
   number_->setEnabled(any);
   number_->setAccessibleDescription(QStringLiteral("di %L1").arg(pages()));
   for (QWidget* each : backward_) each->setEnabled(page() > 0);
@@ -279,7 +280,7 @@ void PreviewDialog::keyPressEvent(QKeyEvent* event) {
     wanted_->clear();
     return;
   }
-  const QString here = QString::number(page() + 1);
+  const QString here = shownNumber();
   if (event->key() == Qt::Key_Escape && number_->hasFocus() && number_->text() != here) {
     number_->setText(here);
     number_->selectAll();

@@ -45,6 +45,7 @@ class PreviewDialog : public QDialog {
   void addKeys();
   QPushButton* button(QHBoxLayout& row, const char* caption, const std::function<void()>& action);
   void tell();
+  QString shownNumber() const;
   void tellFound();
   void goToTyped();
   void showThumbnails(bool shown);

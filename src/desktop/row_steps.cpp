@@ -1,8 +1,10 @@
 #include "desktop/row_steps.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QShortcut>
 #include <QToolButton>
 
 #include "controls/grid.h"
@@ -59,6 +61,9 @@ QToolButton* RowSteps::button(int step) {
     action->setToolTip(action->text() + u' ' + u'(' + keys.toString(QKeySequence::NativeText) + u')');
     action->setEnabled(grid_.rowBeside(step) != 0);
     window_.addAction(action);
+    // Without a row the keys would reach what scrolls behind them.
+    if (!action->isEnabled())
+      connect(new QShortcut(keys, &window_), &QShortcut::activated, this, [] { QApplication::beep(); });
     connect(action, &QAction::triggered, this, [this, step, how] { go(step, how); });
     return action;
   };

@@ -55,6 +55,7 @@ FrmAzienda::FrmAzienda(const ContestoGestione& contesto, std::optional<SchedaAzi
   }
   ripulisciCodici({&txtCodiceFiscale, &txtPartitaIva, &txtRappCodiceFiscale, &txtCodiceFiscaleSocieta,
                    &txtIntermediario});
+  txtEmail.longText = true;
   chkPersonaFisica.onClick = [this] { personaCambiata(); };
   collegaPulsanti(cmdOk, cmdAnnulla);
 }

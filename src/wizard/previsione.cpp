@@ -180,7 +180,7 @@ std::vector<Form::Fact> FrmWizard::previsioneStampa() {
   const std::string anni = anniScelti();
   const std::string& da = scelti.perCodice ? scelti.codiceDa : scelti.descrizioneDa;
   const std::string& a = scelti.perCodice ? scelti.codiceA : scelti.descrizioneA;
-  return {{"Stampa", WizPrint.report()},
+  return {{"Stampa", reportTitle(WizPrint.report())},
           {"Anno", anni.empty() ? "tutti" : anni},
           {"Percipienti", intervallo(da, a, "tutti")},
           {"Causali", intervallo(scelti.causaleDa, scelti.causaleA, "tutte")},

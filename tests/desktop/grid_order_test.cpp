@@ -273,6 +273,18 @@ TEST_F(GridOrder, SelezionaTuttoMeansAllRowsAndTellsOfThoseHidden) {
   for (int row = 0; row < rows; ++row) EXPECT_NE(stored(row, "Selezionato"), "0") << row;
 }
 
+TEST_F(GridOrder, SelezionaTuttoWithAllRowsHiddenTellsOfNoOthers) {
+  screen.click("cmdSelect(1)");
+  filter("zzzz");
+  QTest::qWait(100);
+  ASSERT_EQ(model().rowCount(), 0);
+  screen.click("cmdSelect(0)");
+  const std::string told =
+      "Sono state scelte " + std::to_string(model().gridRows()) + " righe nascoste dal filtro.";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return screen.window().foot()->words().toStdString() == told; }))
+      << screen.window().foot()->words().toStdString();
+}
+
 TEST_F(GridOrder, ARowThatLeavesTheFilterStaysUntilItIsAppliedAgain) {
   state("Scelte").click();
   table().setFocus();

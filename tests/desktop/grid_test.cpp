@@ -4,7 +4,6 @@
 
 #include <QClipboard>
 #include <QHeaderView>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
@@ -176,114 +175,6 @@ TEST_F(GridWindow, CopiesTheSelectedRowsAsTheyAreShown) {
   ASSERT_EQ(rows.size(), 2);
   EXPECT_TRUE(rows[0].startsWith(QStringLiteral("Sì\t"))) << rows[0].toStdString();
   EXPECT_TRUE(rows[0].contains(view().model().text(0, *view().model().columnOf("AmmontareLordo"))));
-}
-
-TEST_F(GridWindow, TheQuickSearchMovesToTheRowAndChangesNothingElse) {
-  const std::string all = count();
-  const int last = view().model().rowCount() - 1;
-  const int column = *view().model().columnOf("AnagraficaPerc");
-  const QString wanted = view().model().text(last, column);
-  auto* const box = screen.find<QLineEdit>("ricercaRapida");
-  box->setFocus();
-  typeText(*box, wanted.toUpper());
-  QTest::qWait(200);
-  EXPECT_EQ(view().model().text(static_cast<int>(grid().row()) - 1, column), wanted);
-  EXPECT_EQ(view().model().text(last, column), wanted) << "the order is as it was";
-  EXPECT_EQ(count(), all);
-  EXPECT_EQ(screen.window().focusWidget(), box) << "the typing goes on";
-}
-
-// The rows of a column in the order in which Enter in the quick search visits them.
-QList<int> inOrderOfSearch(const desktop::GridModel& model, int column, const QString& wanted) {
-  QList<int> rows;
-  for (const bool begins : {true, false}) {
-    for (int row = 0; row < model.rowCount(); ++row) {
-      const QString name = model.text(row, column);
-      const bool has = name.contains(wanted, Qt::CaseInsensitive);
-      if (has && name.startsWith(wanted, Qt::CaseInsensitive) == begins) rows += row;
-    }
-  }
-  return rows;
-}
-
-TEST_F(GridWindow, EnterInTheQuickSearchGoesToTheNextRowAndRoundAgain) {
-  const int column = *view().model().columnOf("AnagraficaPerc");
-  const QString wanted = QStringLiteral("fe");
-  const QList<int> rows = inOrderOfSearch(view().model(), column, wanted);
-  const QString first = view().model().text(rows.first(), column);
-  const QString last = view().model().text(rows.last(), column);
-  ASSERT_TRUE(first.startsWith(wanted, Qt::CaseInsensitive)) << first.toStdString();
-  ASSERT_FALSE(last.startsWith(wanted, Qt::CaseInsensitive)) << last.toStdString();
-  auto* const box = screen.find<QLineEdit>("ricercaRapida");
-  box->setFocus();
-  typeText(*box, wanted);
-  QTRY_VERIFY(rows.contains(static_cast<int>(grid().row()) - 1));
-  qsizetype at = rows.indexOf(static_cast<int>(grid().row()) - 1);
-  for (qsizetype i = 0; i <= rows.size(); ++i) {
-    at = (at + 1) % rows.size();
-    screen.key(i % 2 == 0 ? Qt::Key_Return : Qt::Key_Enter);
-    ASSERT_EQ(static_cast<int>(grid().row()) - 1, rows[at]) << i;
-  }
-  EXPECT_EQ(screen.window().focusWidget(), box) << "the typing goes on";
-}
-
-TEST_F(GridWindow, TheQuickSearchFindsAPayeeByFiscalCodeAndCode) {
-  auto* const box = screen.find<QLineEdit>("ricercaRapida");
-  auto* const note = screen.find<QLabel>("esitoRicerca");
-  box->setFocus();
-  const int last = view().model().rowCount() - 1;
-  for (const char* field : {"CodiceFiscale", "CodicePercipiente"}) {
-    const QString text = view().model().fieldText(last, field);
-    ASSERT_FALSE(text.isEmpty()) << field;
-    box->clear();
-    typeText(*box, text.toLower());
-    screen.key(Qt::Key_Return);
-    const int found = static_cast<int>(grid().row()) - 1;
-    EXPECT_EQ(view().model().fieldText(found, field), text);
-    EXPECT_TRUE(note->isVisible());
-    EXPECT_TRUE(note->text().endsWith(text)) << "what is not seen in the row is said";
-  }
-  EXPECT_TRUE(note->text().startsWith(QStringLiteral("codice "))) << note->text().toStdString();
-  // A name is seen in its row.
-  box->clear();
-  typeText(*box, view().model().text(0, *view().model().columnOf("AnagraficaPerc")));
-  screen.key(Qt::Key_Return);
-  EXPECT_FALSE(note->isVisible());
-}
-
-TEST_F(GridWindow, TheQuickSearchSaysInWordsThatThereIsNone) {
-  auto* const box = screen.find<QLineEdit>("ricercaRapida");
-  auto* const note = screen.find<QLabel>("esitoRicerca");
-  const std::size_t before = grid().row();
-  box->setFocus();
-  typeText(*box, QStringLiteral("zzzz"));
-  screen.key(Qt::Key_Return);
-  EXPECT_TRUE(note->isVisible());
-  EXPECT_EQ(note->text(), QStringLiteral("Non trovato"));
-  EXPECT_EQ(box->accessibleDescription(), note->text());
-  EXPECT_EQ(grid().row(), before);
-  screen.key(Qt::Key_Escape);
-  EXPECT_FALSE(note->isVisible());
-}
-
-TEST_F(GridWindow, EscInTheQuickSearchEmptiesItAndGoesBackToTheGrid) {
-  auto* const box = screen.find<QLineEdit>("ricercaRapida");
-  box->setFocus();
-  typeText(*box, QStringLiteral("zzz"));
-  int asked = 0;
-  screen.whenModal([&](QWidget& modal) {
-    ++asked;
-    pressButton(modal, "No");
-  });
-  screen.key(Qt::Key_Escape);
-  EXPECT_EQ(box->text(), QString());
-  EXPECT_EQ(screen.window().focusWidget(), box);
-  screen.key(Qt::Key_Escape);
-  EXPECT_EQ(screen.window().focusWidget(), &table());
-  EXPECT_EQ(asked, 0) << "the program is not offered to be left";
-  screen.key(Qt::Key_Escape);
-  EXPECT_EQ(asked, 1) << "in the grid the key is the form's";
-  expectAgreement();
 }
 
 TEST_F(GridWindow, SpaceActsOnAllHighlightedRowsByTheRoutineForEach) {

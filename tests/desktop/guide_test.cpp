@@ -99,6 +99,25 @@ TEST(GuideWindow, TheSearchStaysAndCountsItsHits) {
   EXPECT_EQ(guide.window->words(), QString());
 }
 
+TEST(GuideWindow, TheContentsShowTheChapterOfWhatWasFound) {
+  OpenGuide guide;
+  const desktop::GuideText& read = guide.window->text();
+  guide.box().setFocus();
+  guide.box().setText(QStringLiteral("fiscale"));
+  std::set<QString> chapters;
+  for (int i = 0; i < 30; ++i) {
+    const int at = read.textCursor().position();
+    QString above;
+    for (const auto& heading : read.headings()) {
+      if (heading.position <= at) above = heading.level > 1 ? heading.text : QString();
+    }
+    EXPECT_EQ(guide.current(), above);
+    chapters.insert(above);
+    QTest::keyClick(&guide.box(), Qt::Key_Return);
+  }
+  EXPECT_GT(chapters.size(), 5U);
+}
+
 TEST(GuideWindow, AccentsAreIgnored) {
   OpenGuide guide;
   guide.window->search(QStringLiteral("perche"));

@@ -232,6 +232,13 @@ TEST(Preview, AnswersWhileThousandsOfPagesAreSearchedAndDrawn) {
   EXPECT_EQ(shown.dialog->pages(), kMany);
   QTest::keyClick(&shown.dialog->view(), Qt::Key_End);
   EXPECT_EQ(shown.dialog->page(), kMany - 1);
+  // Box and number of pages are written alike.
+  const auto boxes = shown.dialog->findChildren<QLineEdit*>();
+  EXPECT_TRUE(std::any_of(boxes.begin(), boxes.end(), [](const QLineEdit* box) {
+    return box->accessibleName() == QStringLiteral("Pagina") &&
+           box->text() == QStringLiteral("%L1").arg(kMany) &&
+           box->accessibleDescription() == QStringLiteral("di ") + box->text();
+  }));
   ASSERT_TRUE(shown.drawn());
   shown.find("assente");
   EXPECT_TRUE(shown.dialog->found().running());

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScrollBar>
 #include <QTest>
 #include <QToolButton>
 
@@ -144,11 +145,19 @@ TEST_F(Steps, AreOffAtTheEndsAndSayWhereTheLineIs) {
   screen.key(Qt::Key_Return);
   screen.whenModal([&](QWidget&) {
     look(rows);
+    std::vector<int> heights;
+    const auto bars = screen.top()->findChildren<QScrollBar*>();
+    for (const QScrollBar* bar : bars) heights.push_back(bar->value());
+    screen.key(Qt::Key_PageDown, kThroughOk);
+    screen.key(Qt::Key_PageDown, kThroughCancel);
+    look(rows);
+    for (qsizetype i = 0; i < bars.size(); ++i)
+      EXPECT_EQ(bars[i]->value(), heights[static_cast<std::size_t>(i)]) << "the keys scroll nothing";
     screen.key(Qt::Key_Escape);
   });
   screen.key(Qt::Key_End, Qt::ControlModifier);
   screen.key(Qt::Key_Return);
-  EXPECT_EQ(seen, 4);
+  EXPECT_EQ(seen, 5);
   EXPECT_TRUE(screen.allAnswered());
 }
 
