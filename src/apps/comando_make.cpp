@@ -1,5 +1,6 @@
 #include <iostream>
 
+#include "apps/comune/modello_del_profilo.h"
 #include "apps/comune/riepilogo_file.h"
 #include "apps/esame/testo_rilievi.h"
 #include "comandi.h"
@@ -10,12 +11,13 @@
 namespace cu {
 namespace {
 
-void stampaRecord(const std::string& riga, std::int32_t anno) {
+void stampaRecord(const std::string& riga, std::int32_t anno, const modello::Modello& modello) {
   std::cout << "Record " << riga.front() << ":\n";
-  for (const std::string& campo : telematico::decodifica(riga, anno)) std::cout << "  " << campo << '\n';
+  for (const std::string& campo : telematico::decodifica(riga, anno, modello))
+    std::cout << "  " << campo << '\n';
 }
 
-void stampaFile(const std::string& percorso, std::int32_t anno) {
+void stampaFile(const std::string& percorso, std::int32_t anno, const modello::Modello& modello) {
   const RiepilogoFile riepilogo = riepiloga(percorso);
   std::cout << "File telematico: " << percorso << '\n';
   const auto certificazioni = riepilogo.record.find('D');
@@ -24,7 +26,7 @@ void stampaFile(const std::string& percorso, std::int32_t anno) {
   std::cout << "Record:";
   for (const auto& [tipo, quanti] : riepilogo.record) std::cout << ' ' << tipo << '=' << quanti;
   std::cout << "\nByte: " << riepilogo.byte << '\n';
-  for (const std::string& riga : riepilogo.prime) stampaRecord(riga, anno);
+  for (const std::string& riga : riepilogo.prime) stampaRecord(riga, anno, modello);
 }
 
 // What the reader finds in the file that was just written.
@@ -45,7 +47,11 @@ int comandoMake(const OpzioniMake& opzioni) {
   scriviAvvisi(terminale);
   scriviMessaggi(terminale);
   scriviRegistri(terminale);
-  if (!terminale.registri.empty()) std::cerr << "Mancano dei dati: il file telematico non è stato creato.\n";
+  if (!terminale.registri.empty()) {
+    std::cerr << (fornitura::soloNonAttestati(corsa.mancanti) ? "Alcuni dati non sono del modello dell'anno"
+                                                              : "Mancano dei dati")
+              << ": il file telematico non è stato creato.\n";
+  }
   if (!corsa.riuscita) {
     const bool detto =
         !terminale.messaggi.empty() || !terminale.registri.empty() || !terminale.avvisi.empty();
@@ -56,7 +62,7 @@ int comandoMake(const OpzioniMake& opzioni) {
     std::cerr << "La selezione non dà certificazioni: nessun file telematico è stato creato.\n";
     return kRifiutato;
   }
-  stampaFile(corsa.scritto->percorso, corsa.anno);
+  stampaFile(corsa.scritto->percorso, corsa.anno, modelloDi(profilo));
   stampaControllo(corsa.scritto->percorso, corsa.dopo);
   scriviStampe(terminale, profilo);
   return terminale.messaggi.empty() ? kRiuscito : kRifiutato;

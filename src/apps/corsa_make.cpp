@@ -46,7 +46,8 @@ CorsaMake eseguiMake(const Profilo& profilo, const OpzioniMake& opzioni, Termina
       const fornitura::Intorno intorno = sessione.intorno();
       corsa.dopo = dopoScrittura(
           intorno.ambito.database->ownConnection(), surroundings.clock(),
-          {corsa.scritto->percorso, opzioni.richiesta.tipo, corsa.anno, profilo.sessione.azienda});
+          {corsa.scritto->percorso, opzioni.richiesta.tipo, corsa.anno, profilo.sessione.azienda,
+           nullptr, intorno.modello});
     }
     corsa.riuscita = static_cast<bool>(esito);
   });

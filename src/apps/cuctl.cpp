@@ -238,8 +238,11 @@ void aggiungiDiscard(CLI::App& programma, Esecuzione& esegui) {
 void aggiungiUpgrade(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando = aggiungiComando(
       programma, "upgrade", "Aggiunge a un database le tabelle per seguire gli invii e le importazioni");
-  auto opzioni = std::make_shared<OpzioniDatabase>();
-  aggiungiIndirizzo(comando, *opzioni);
+  auto opzioni = std::make_shared<OpzioniUpgrade>();
+  aggiungiIndirizzo(comando, opzioni->database);
+  comando.add_flag(
+      "--codes", opzioni->codici,
+      "Aggiunge anche le causali e i codici dei moduli dal 2019, a un archivio di questo programma");
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoUpgrade(*opzioni); }; });
 }
 

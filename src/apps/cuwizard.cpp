@@ -20,6 +20,7 @@
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/colonne_percipienti.h"
 #include "apps/comune/impianto.h"
+#include "apps/comune/modello_del_profilo.h"
 #include "apps/esame/dopo_scrittura.h"
 #include "apps/esame/testo_rilievi.h"
 #include "apps/strumenti/strumenti.h"
@@ -93,9 +94,9 @@ int finoAgliStrumenti() {
 // A file that was just written is read again and kept on record. One with errors is shown.
 void controllaFile(const FileCreato& file, Connection& connessione, const Profilo& profilo,
                    FrontEnd& schermo) {
-  const DopoScrittura dopo =
-      dopoScrittura(connessione, *orologio(profilo),
-                    {file.percorso, file.tipo, file.anno, profilo.sessione.azienda, &schermo});
+  const DopoScrittura dopo = dopoScrittura(
+      connessione, *orologio(profilo),
+      {file.percorso, file.tipo, file.anno, profilo.sessione.azienda, &schermo, modelloDi(profilo)});
   if (!dopo.guasto.empty()) schermo.told("Il file non si è potuto controllare: " + dopo.guasto);
   if (dopo.guasto.empty()) schermo.told("Controllo: " + dettoConteggio(dopo.rilievi) + ".");
   if (dopo.rilievi.errori() > 0) strumenti::apriFile(QString::fromStdString(file.percorso), profilo);

@@ -1,6 +1,7 @@
 // Creates the controls of the editor from the tables, in tab order.
 
 #include <algorithm>
+#include <utility>
 
 #include "base/text.h"
 #include "editors/editor_compenso.h"
@@ -15,8 +16,6 @@ constexpr Sezione kSezioni[] = {Sezione::Modulo,       Sezione::Somme,         S
                                 Sezione::Fallimento,   Sezione::AltriSoggetti, Sezione::CasiParticolari,
                                 Sezione::Pignoramento, Sezione::Esproprio};
 constexpr std::size_t kCodiceFiscale = 16;
-constexpr const char* kElencoCodici =
-    "SELECT IDCodicePerNonSoggetti, Codice + ' - ' + Descrizione AS Descrizione FROM CodicePerNonSoggetti";
 
 // The labels of the oldest layout that are greyed together with their locked field.
 struct Etichetta {
@@ -42,9 +41,10 @@ C& EditorCompenso::crea(Args&&... args) {
   return creato;
 }
 
-EditorCompenso::EditorCompenso(std::int32_t anno, const AmbienteEditor& ambiente)
+EditorCompenso::EditorCompenso(std::int32_t anno, std::string elencoCodici, const AmbienteEditor& ambiente)
     : Editor(ambiente.frontEnd, std::string(fnDisposizione(anno).form), "Certificazione compensi"),
       disposizione_(fnDisposizione(anno)),
+      elencoCodici_(std::move(elencoCodici)),
       campiModulo1_(campiEditor(Pagina::Modulo1, anno)),
       campiAltriModuli_(campiEditor(Pagina::AltriModuli, anno)),
       intestazione_(disposizione_.immagine ? campiIntestazione(modello::kModello, anno)
@@ -310,7 +310,7 @@ void EditorCompenso::formLoad() {
   numModulo->setLimits(Decimal(), Decimal::fromInteger(99'999'999));
   for (ListBox* elenco : {cboCodicePerNonSoggetti, cboCodicePerNonSoggettiAltri}) {
     elenco->setConnection(connessione);
-    elenco->setSource(kElencoCodici);
+    elenco->setSource(elencoCodici_);
     elenco->setDisplayField("Descrizione");
     elenco->setKeyField("IDCodicePerNonSoggetti");
     elenco->load();

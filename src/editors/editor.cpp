@@ -4,11 +4,15 @@
 
 #include "editors/disposizione.h"
 #include "editors/editor_compenso.h"
+#include "editors/elenco_codici.h"
 
 namespace cu {
 
 std::unique_ptr<Editor> fnCreaEditor(std::int32_t anno, const AmbienteEditor& ambiente) {
-  return std::make_unique<EditorCompenso>(modello::annoDisposizione(anno), ambiente);
+  // The boxes and their numbers are those of the last form before 2019: a box that the later ones do not have
+  // stays where it can be corrected.
+  return std::make_unique<EditorCompenso>(modello::annoDisposizione(anno),
+                                          fnElencoCodici(anno, ambiente.modello), ambiente);
 }
 
 bool fnAnnullaNelDialogo(std::int32_t anno) {

@@ -9,6 +9,7 @@
 #include "data/recordset.h"
 #include "host/modi.h"
 #include "host/settings.h"
+#include "modello/modello.h"
 
 namespace cu {
 
@@ -18,6 +19,7 @@ struct AmbienteEditor {
   Globali& globali;
   UtilitaSuite& utilita;
   Settings& settings;
+  const modello::Modello& modello = modello::kModello;  // the form of the files
 };
 
 // The editor of one compensation line, as used by the worklist. The recordset's current row is the line to

@@ -23,7 +23,8 @@ namespace cu {
 class EditorCompenso : public Editor {
  public:
   // The year is required to be a known year of the form.
-  EditorCompenso(std::int32_t anno, const AmbienteEditor& ambiente);
+  // `elencoCodici` is the statement of the codes of sums not subject to withholding.
+  EditorCompenso(std::int32_t anno, std::string elencoCodici, const AmbienteEditor& ambiente);
 
   void setRecordset(cu::Recordset& righe) override;
   cu::Recordset& Recordset() override { return *recordset_; }
@@ -116,6 +117,7 @@ class EditorCompenso : public Editor {
   Connection& interna() { return sessione().database().internalConnection(); }
 
   const Disposizione& disposizione_;
+  const std::string elencoCodici_;
   const std::vector<CampoEditor> campiModulo1_;
   const std::vector<CampoEditor> campiAltriModuli_;
   const std::vector<CampoIntestazione> intestazione_;

@@ -1,6 +1,10 @@
 #include "fornitura/controllo.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "base/text.h"
+#include "telematic/attestazione.h"
 
 namespace cu::fornitura {
 namespace {
@@ -19,13 +23,25 @@ Finding avviso(const char* codice, const char* righe, const char* controllo) {
 }  // namespace
 
 Result<Controllo> controlla(const Intorno& intorno, const DatiControllo& dati, const std::string& tabella) {
-  Controlli controlli(intorno.ambito.database->internalConnection(), intorno.utilita);
+  Connection& connessione = intorno.ambito.database->internalConnection();
+  Controlli controlli(connessione, intorno.utilita);
   controlli.esegui(dati, intorno.ambito.idAzienda, tabella);
   Result<Controllo> esito(Controllo{controlli.sCodFisc(), controlli.mancanti()});
+  for (DatoMancante& dato :
+       nonAttestati(connessione, intorno.utilita,
+                    {.tabella = tabella, .tipo = dati.tipo, .modello = intorno.modello})) {
+    esito->mancanti.push_back(std::move(dato));
+  }
   for (const DatoMancante& dato : esito->mancanti) {
-    esito.refusals.push_back({"dato-mancante", dato.messaggio, posto(dato)});
+    esito.refusals.push_back({dato.codice, dato.messaggio, posto(dato)});
   }
   return esito;
+}
+
+bool soloNonAttestati(const std::vector<DatoMancante>& mancanti) {
+  return !mancanti.empty() && std::all_of(mancanti.begin(), mancanti.end(), [](const DatoMancante& dato) {
+    return dato.codice == kNonAttestato;
+  });
 }
 
 void riempiLog(LogGrid& oLogGrid, std::int32_t idUtente, const std::vector<DatoMancante>& mancanti) {

@@ -16,9 +16,12 @@ struct Controllo {
   std::string sCodFisc;  // the company's fiscal code, or its VAT number
   std::vector<DatoMancante> mancanti;
 };
-// Returns every missing datum as a refusal (code "dato-mancante") and as a row of the log. The value is
-// present in both cases.
+// Returns every missing datum as a refusal (code "dato-mancante") and as a row of the log, and what the form
+// of the year does not have (code "non-attestato"). The value is present in both cases.
 Result<Controllo> controlla(const Intorno& intorno, const DatiControllo& dati, const std::string& tabella);
+
+// Whether everything is there, and only cannot be written in the form of the year.
+bool soloNonAttestati(const std::vector<DatoMancante>& mancanti);
 
 // Fills the suite's log, which the caller shows.
 void riempiLog(LogGrid& oLogGrid, std::int32_t idUtente, const std::vector<DatoMancante>& mancanti);

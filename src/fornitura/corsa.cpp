@@ -121,7 +121,8 @@ class CorsaCU {
                                      {.dataFirma = firma_.toItalian(),
                                       .usoIntermediari = richiesta_.intermediario.has_value(),
                                       .codiceFiscaleIntermediario = intermediario_.codiceFiscale,
-                                      .dataImpegno = intermediario_.dataImpegno},
+                                      .dataImpegno = intermediario_.dataImpegno,
+                                      .tipo = richiesta_.tipo},
                                      compensi_.tabella());
     esito_->mancanti = controllo->mancanti;
     if (!riuscito(controllo) || !dateConfermate()) return;

@@ -5,6 +5,7 @@
 #include "host/filesystem.h"
 #include "host/progress.h"
 #include "host/session.h"
+#include "modello/modello.h"
 
 namespace cu::fornitura {
 
@@ -17,6 +18,7 @@ struct Intorno {
   const Clock& clock;
   ProgressSink& avanzamento;
   TextViewer& visore;
+  const modello::Modello& modello = modello::kModello;  // the form of the files
 };
 
 }  // namespace cu::fornitura

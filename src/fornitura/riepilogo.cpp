@@ -2,9 +2,11 @@
 
 #include <cstdint>
 #include <unordered_set>
+#include <utility>
 
 #include "base/text.h"
 #include "data/recordset.h"
+#include "telematic/attestazione.h"
 
 namespace cu::fornitura {
 
@@ -34,7 +36,7 @@ Riepilogo riepiloga(Compensi& compensi) {
   return riepilogo;
 }
 
-DatiPrevisti prevedi(const Intorno& intorno, const std::string& tabella) {
+DatiPrevisti prevedi(const Intorno& intorno, const std::string& tabella, Comunicazione tipo) {
   // The connection of controls and reports, which is not traced.
   Connection& connessione = intorno.ambito.database->ownConnection();
   DatiPrevisti previsti;
@@ -52,6 +54,10 @@ DatiPrevisti prevedi(const Intorno& intorno, const std::string& tabella) {
   Controlli controlli(connessione, intorno.utilita);
   controlli.esegui(intorno.ambito.idAzienda, tabella);
   previsti.mancanti = controlli.mancanti();
+  for (DatoMancante& dato : nonAttestati(connessione, intorno.utilita,
+                                         {.tabella = tabella, .tipo = tipo, .modello = intorno.modello})) {
+    previsti.mancanti.push_back(std::move(dato));
+  }
   return previsti;
 }
 

@@ -31,7 +31,8 @@ struct DatiPrevisti {
   std::vector<DatoMancante> mancanti;
 };
 // Reads the company alone where `tabella` is empty. Database errors propagate.
-DatiPrevisti prevedi(const Intorno& intorno, const std::string& tabella);
+DatiPrevisti prevedi(const Intorno& intorno, const std::string& tabella,
+                     Comunicazione tipo = Comunicazione::Ordinaria);
 
 // "1.234.567,80"
 std::string importoItaliano(Decimal importo);

@@ -17,7 +17,8 @@ Result<FileScritto> scrivi(const Intorno& intorno, Compensi& compensi, const Ric
                            .visore = intorno.visore,
                            .clock = intorno.clock,
                            .tabella = compensi.tabella(),
-                           .anno = intorno.utilita.toLong(richiesta.anno)});
+                           .anno = intorno.utilita.toLong(richiesta.anno),
+                           .modello = intorno.modello});
   elabora.setDati(richiesta.dati);
   elabora.setFileName(fnNomeFile(richiesta.dati.CodiceFiscaleAzienda, richiesta.anno));
   elabora.setFilePathName(files.join(richiesta.cartella, elabora.FileName()));

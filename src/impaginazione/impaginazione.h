@@ -9,6 +9,7 @@
 #include "host/clock.h"
 #include "host/filesystem.h"
 #include "host/report.h"
+#include "modello/modello.h"
 
 namespace cu {
 
@@ -20,7 +21,8 @@ struct ReportSurroundings {
   FrontEnd& frontEnd;
   FileSystem& files;
   const Clock& clock;
-  std::string creator;  // the program's name in the files
+  std::string creator;                               // the program's name in the files
+  const modello::Modello& form = modello::kModello;  // the ministerial form
 };
 
 // What lays reports out and writes them. Programs know no more of it: its libraries may be loaded by the

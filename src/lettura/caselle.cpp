@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/ascii.h"
+#include "liste/codici_per_anno.h"
 #include "modello/modello.h"
 
 namespace cu::lettura {
@@ -14,9 +15,40 @@ using modello::Record;
 namespace {
 
 // Boxes of the form that this system never fills.
-inline constexpr auto kSoloDiAltri = std::to_array<modello::Campo>({
-    {Quadro::Azienda, 11, "CodiceSede", Forma::Testo, modello::Condizione::Sempre, modello::kTutti},
-});
+inline constexpr auto kSoloDiAltri = [] {
+  using enum Quadro;
+  using enum modello::Forma;
+  constexpr auto Sempre = modello::Condizione::Sempre;
+  constexpr auto Ogni = modello::Moduli::Ogni;
+  // clang-format off
+  return std::to_array<modello::Campo>({
+    {Azienda,     11, "CodiceSede",                           Testo,     Sempre, modello::kTutti},
+    {Azienda,     12, "CodiceFiscaleCasiParticolari",         Maiuscolo, Sempre, modello::dal(2021)},
+    {Percipiente, 10, "CasiEsclusionePrecompilata",           Destra,    Sempre, modello::dal(2019)},
+    {Percipiente, 11, "StatoEstero",                          Destra,    Sempre, modello::dal(2022)},
+    // Of the forms whose boxes are known by name or number alone.
+    {Percipiente, 42, "LuogoDiAttinenza",                     Testo,     Sempre, modello::dal(2024)},
+    {Percipiente, 44, "NonResidenteSchumacker",               Testo,     Sempre, modello::dal(2024)},
+    {Autonomo,    21, "RitenuteRimborsate",                   Importo,   Sempre, modello::dal(2024)},
+    {Autonomo,    22, "SommeRestituite",                      Importo,   Sempre, modello::dal(2022)},
+    {Autonomo,    31, "TipoDiRapporto",                       Testo,     Sempre, modello::dal(2024), Ogni},
+    {Autonomo,    40, "FranchigiaUtilizzata",                 Testo,     Sempre, modello::dal(2024), Ogni},
+    {Autonomo,    41, "SommeCorrispostePreFallimento",        Importo,   Sempre, modello::dal(2024)},
+    {Autonomo,    42, "SommeCorrisposteDalCuratore",          Importo,   Sempre, modello::dal(2024)},
+    {Autonomo,    71, "CodiceFiscaleLavoroAutonomo",          Maiuscolo, Sempre, modello::dal(2024)},
+    {Autonomo,    72, "CodiceFiscalePignoramentoTerzi",       Maiuscolo, Sempre, modello::dal(2024)},
+    {Autonomo,    73, "CodiceFiscaleIndennitaEsproprio",      Maiuscolo, Sempre, modello::dal(2022)},
+    {Autonomo,   131, "IndennitaEsproprioSommeCorrisposte1",  Importo,   Sempre, modello::dal(2022), Ogni},
+    {Autonomo,   132, "IndennitaEsproprioRitenuteOperate1",   Importo,   Sempre, modello::dal(2022), Ogni},
+    {Autonomo,   133, "AltreIndennitaSommeCorrisposte1",      Importo,   Sempre, modello::dal(2022), Ogni},
+    {Autonomo,   134, "AltreIndennitaRitenuteOperate1",       Importo,   Sempre, modello::dal(2022), Ogni},
+    {Autonomo,   135, "IndennitaEsproprioSommeCorrisposte2",  Importo,   Sempre, modello::dal(2022), Ogni},
+    {Autonomo,   136, "IndennitaEsproprioRitenuteOperate2",   Importo,   Sempre, modello::dal(2022), Ogni},
+    {Autonomo,   137, "AltreIndennitaSommeCorrisposte2",      Importo,   Sempre, modello::dal(2022), Ogni},
+    {Autonomo,   138, "AltreIndennitaRitenuteOperate2",       Importo,   Sempre, modello::dal(2022), Ogni},
+  });
+  // clang-format on
+}();
 
 // Each with a blank behind it. The last ones no longer exist: of Sardinia until 2016, the older signs of
 // Forlì and Pesaro, and Fiume, Pola and Zara, where people were born.
@@ -37,50 +69,6 @@ constexpr auto kProvincia = [] {
   for (std::size_t i = 0; i + 2 < kProvince.size(); i += 3) note.at(postoDi(kProvince.substr(i, 2))) = true;
   return note;
 }();
-
-struct AnniDiCausale {
-  std::string_view causale;
-  modello::Anni anni = modello::kTutti;
-};
-// J, K and V2 came between the lists of 2018 and 2022.
-constexpr auto kCausali = std::to_array<AnniDiCausale>({
-    {"A"},
-    {"B"},
-    {"C"},
-    {"D"},
-    {"E"},
-    {"F"},
-    {"G"},
-    {"H"},
-    {"I"},
-    {"J", modello::dal(2018)},
-    {"K", modello::dal(2018)},
-    {"L"},
-    {"L1"},
-    {"M"},
-    {"M1"},
-    {"M2"},
-    {"N"},
-    {"N1", modello::nel(2023)},
-    {"N2", {2023, 2024}},
-    {"N3", {2023, 2024}},
-    {"O"},
-    {"O1"},
-    {"P"},
-    {"Q"},
-    {"R"},
-    {"S"},
-    {"T"},
-    {"U"},
-    {"V"},
-    {"V1"},
-    {"V2", modello::dal(2018)},
-    {"W"},
-    {"X"},
-    {"Y"},
-    {"Z", modello::finoAl(2016)},
-    {"ZO"},
-});
 
 std::size_t indice(Quadro quadro) { return static_cast<std::size_t>(quadro); }
 
@@ -137,14 +125,17 @@ bool aDestra(Natura natura) {
   return false;
 }
 
-Caselle::Caselle(std::optional<std::int32_t> anno) {
+Caselle::Caselle(std::optional<std::int32_t> anno, const modello::Modello& modello) {
   const auto delAnno = [&](const modello::Campo& campo) {
-    return !anno || campo.anni.comprende(modello::annoTracciato(*anno));
+    return campo.anni.comprende(modello::annoTracciato(anno.value_or(modello.noti.ultimo), modello)) ||
+           (!anno && campo.anni.primo <= modello.noti.ultimo);
   };
-  for (const modello::Campo& campo : modello::kModello.campi) {
+  for (const modello::Campo& campo : modello.campi) {
     if (campo.numero > 0 && haCella(campo, record(campo.quadro)) && delAnno(campo)) aggiungi(campo);
   }
-  for (const modello::Campo& campo : kSoloDiAltri) aggiungi(campo);
+  for (const modello::Campo& campo : kSoloDiAltri) {
+    if (delAnno(campo)) aggiungi(campo);
+  }
 }
 
 void Caselle::aggiungi(const modello::Campo& campo) {
@@ -178,9 +169,8 @@ bool provincia(std::string_view sigla) {
 }
 
 bool causaleDellAnno(std::string_view causale, std::int32_t anno) {
-  return std::any_of(kCausali.begin(), kCausali.end(), [&](const AnniDiCausale& sua) {
-    return sua.causale == causale && sua.anni.comprende(anno);
-  });
+  const Validita sua = causaliPerAnno().di(causale, anno);
+  return sua == Validita::Nota || sua == Validita::Dubbia;
 }
 
 }  // namespace cu::lettura

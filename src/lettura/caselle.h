@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "modello/campo.h"
+#include "modello/modello.h"
 
 namespace cu::lettura {
 
@@ -40,7 +40,7 @@ struct Casella {
 // The codes of a tax year; of an unknown year those of all years, the kinds that change being text.
 class Caselle {
  public:
-  explicit Caselle(std::optional<std::int32_t> anno);
+  explicit Caselle(std::optional<std::int32_t> anno, const modello::Modello& modello = modello::kModello);
   // Of the eight characters of a code; null where the record has no such code in the year.
   const Casella* trova(modello::Record record, std::string_view codice) const;
 

@@ -6,6 +6,7 @@
 
 #include "base/codice_fiscale.h"
 #include "lettura/valori.h"
+#include "liste/codici_per_anno.h"
 #include "modello/regole.h"
 
 namespace cu::lettura {
@@ -161,7 +162,9 @@ void Congruenza::causale(const CelleRiga& celle, Segnalatore& segnala) {
     return;
   }
   causale_ = causale->testo;
-  if (anno_ && causale->buona && !causaleDellAnno(causale_, *anno_)) {
+  const bool sua = !anno_ || (daScegliere_ ? causaliPerAnno().di(causale_, *anno_) == Validita::Nota
+                                           : causaleDellAnno(causale_, *anno_));
+  if (causale->buona && !sua) {
     della(segnala, Regola::C09, *causale, [&] {
       return "La causale " + citato(causale_) + " non è fra quelle dei compensi del " +
              std::to_string(*anno_) + ".";
@@ -192,6 +195,21 @@ void Congruenza::annoDelReddito(const CelleRiga& celle, Segnalatore& segnala) co
   });
 }
 
+// The lists of the later forms. Of one that is known in part, what is missing may exist.
+void Congruenza::codici(const CelleRiga& celle, Segnalatore& segnala) const {
+  if (!daScegliere_ || !anno_) return;
+  const auto confronta = [&](int numero, const CodiciPerAnno& elenco, const char* che) {
+    const Cella* const cella = celle.somma(numero);
+    if (cella == nullptr || !cella->buona || elenco.di(cella->testo, *anno_) == Validita::Nota) return;
+    della(segnala, Regola::C10, *cella, [&] {
+      return std::string(che) + " " + citato(cella->testo) + " (" + casella(numero) +
+             ") non è fra i codici noti del " + std::to_string(*anno_) + ": " + elenco.elencoDi(*anno_) + ".";
+    });
+  };
+  confronta(6, codiciNonSoggettiPerAnno(), "Il codice delle somme non soggette");
+  confronta(33, categorieEntiPerAnno(), "La categoria previdenziale");
+}
+
 void Congruenza::somme(const CelleRiga& celle, bool primo, const Segnalatore& segnala) {
   for (const int numero : {8, 4, 5, 7, 20, 22}) {
     const Cella* const cella = celle.somma(numero);
@@ -214,6 +232,7 @@ void Congruenza::modulo(const CelleRiga& celle, bool primo, Segnalatore& segnala
   if (primo) primoModulo(celle, segnala);
   somme(celle, primo, segnala);
   codiceDelleSomme(celle, segnala);
+  codici(celle, segnala);
   constexpr auto kCoppie = std::to_array<DueCaselle>(
       {{54, 53}, {55, 53}, {103, 102}, {107, 106}, {132, 131}, {134, 133}, {136, 135}, {138, 137}});
   for (const DueCaselle& coppia : kCoppie) nonOltre(celle, Regola::C03, coppia, segnala);

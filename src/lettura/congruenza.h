@@ -15,7 +15,10 @@ namespace cu::lettura {
 class Congruenza {
  public:
   explicit Congruenza(const Luoghi* luoghi) : luoghi_(luoghi) {}
-  void anno(std::optional<std::int32_t> anno) { anno_ = anno; }
+  void anno(std::optional<std::int32_t> anno, const modello::Modello& modello) {
+    anno_ = anno;
+    daScegliere_ = anno && modello::codiceDaScegliere(*anno, modello);
+  }
 
   // The cells of record D; a certificate begins.
   void percipiente(const CelleRiga& celle, Segnalatore& segnala);
@@ -39,10 +42,12 @@ class Congruenza {
   void primoModulo(const CelleRiga& celle, Segnalatore& segnala);
   void causale(const CelleRiga& celle, Segnalatore& segnala);
   void somme(const CelleRiga& celle, bool primo, const Segnalatore& segnala);
+  void codici(const CelleRiga& celle, Segnalatore& segnala) const;
   void annoDelReddito(const CelleRiga& celle, Segnalatore& segnala) const;
 
   const Luoghi* luoghi_;
   std::optional<std::int32_t> anno_;
+  bool daScegliere_ = false;  // the form's codes have lists of their own
   std::string causale_;
   Somme somme_;
 };

@@ -160,6 +160,7 @@ void Esaminatore::riga(const Riga& riga) {
                     [] { return std::string("In posizione 1898 manca la A che chiude il record."); });
   }
   if (ascoltatore_ != nullptr) ascoltatore_->record(record, riga.numero, testo);
+  if (record == 'B' && affidabile) scegliModello(testo);
   if (record != 'A') testate_.controlla(record, testo, segnala_);
   const bool unite = riga.lunghezza >= 2 * kLarghezza;
   if (record == 'A' && alSuoPosto) recordA(testo);
@@ -191,9 +192,10 @@ Esito Esaminatore::fine(std::uint64_t byteLetti) {
   return std::move(esito_);
 }
 
-Esito esamina(Sorgente& sorgente, const Luoghi* luoghi, Ascoltatore* ascoltatore) {
+Esito esamina(Sorgente& sorgente, const Luoghi* luoghi, Ascoltatore* ascoltatore,
+              const modello::Modello* modello) {
   LettoreRighe righe(sorgente);
-  Esaminatore esaminatore(luoghi, ascoltatore);
+  Esaminatore esaminatore(luoghi, ascoltatore, modello);
   Riga riga;
   while (righe.prossima(riga)) esaminatore.riga(riga);
   return esaminatore.fine(righe.byteLetti());

@@ -9,6 +9,7 @@
 #include "lettura/certificato.h"
 #include "lettura/righe.h"
 #include "lettura/rilievi.h"
+#include "modello/modello.h"
 
 // A second opinion on a telematic file: it is read in one pass and in constant memory, whatever the file
 // holds.
@@ -43,8 +44,9 @@ struct Esito {
   Rilievi rilievi;
 };
 
-// Without `luoghi` places of birth are not compared; without `ascoltatore` no texts are made.
-// Errors of the source rise as they are.
-Esito esamina(Sorgente& sorgente, const Luoghi* luoghi = nullptr, Ascoltatore* ascoltatore = nullptr);
+// Without `luoghi` places of birth are not compared; without `ascoltatore` no texts are made; without
+// `modello` each agent's record B decides whose layout it has. Errors of the source rise as they are.
+Esito esamina(Sorgente& sorgente, const Luoghi* luoghi = nullptr, Ascoltatore* ascoltatore = nullptr,
+              const modello::Modello* modello = nullptr);
 
 }  // namespace cu::lettura

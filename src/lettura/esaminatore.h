@@ -20,8 +20,9 @@ namespace cu::lettura {
 // Reads the lines of one file in their order.
 class Esaminatore {
  public:
-  Esaminatore(const Luoghi* luoghi, Ascoltatore* ascoltatore)
-      : segnala_(esito_.rilievi), ascoltatore_(ascoltatore), congruenza_(luoghi) {}
+  // Without `modello` the files decide.
+  Esaminatore(const Luoghi* luoghi, Ascoltatore* ascoltatore, const modello::Modello* modello)
+      : segnala_(esito_.rilievi), ascoltatore_(ascoltatore), dato_(modello), congruenza_(luoghi) {}
   void riga(const Riga& riga);
   Esito fine(std::uint64_t byteLetti);
 
@@ -71,6 +72,8 @@ class Esaminatore {
   bool ordine(char record, const Riga& riga);
   void ignota(const Riga& riga, bool intera);
 
+  void usaModello(const modello::Modello& modello);
+  void scegliModello(std::string_view rigaB);
   void recordA(std::string_view riga);
   void recordB(std::string_view riga, bool affidabile);
   void recordD(std::string_view riga, bool affidabile);
@@ -102,7 +105,10 @@ class Esaminatore {
   Esito esito_;
   Segnalatore segnala_;
   Ascoltatore* ascoltatore_;
+  const modello::Modello* dato_;
+  const modello::Modello* modello_ = nullptr;  // in use
   Testate testate_;
+  std::optional<std::int32_t> anno_;  // of the supply
   std::optional<Caselle> caselle_;
   CelleRiga celle_;
   Congruenza congruenza_;

@@ -6,6 +6,7 @@
 #include "base/windows1252.h"
 #include "lettura/esaminatore.h"
 #include "lettura/valori.h"
+#include "modello/riconoscimento.h"
 
 // Records A, B and Z, and what an agent's certificates have in common.
 namespace cu::lettura {
@@ -45,12 +46,24 @@ void Esaminatore::recordA(std::string_view riga) {
     });
   }
   testate_.controlla('A', riga, segnala_);
-  testate_.anno(anno);
-  congruenza_.anno(anno);
-  caselle_.emplace(anno);
+  anno_ = anno;
+  usaModello(dato_ != nullptr ? *dato_ : modello::kModello);
   esito_.fornitura = {letto(riga, kCodiceFornitura), anno, letto(riga, kFornitore),
                       letto(riga, kTipoFornitore), da1252(riga)};
   if (ascoltatore_ != nullptr) ascoltatore_->fornitura(esito_.fornitura);
+}
+
+void Esaminatore::usaModello(const modello::Modello& modello) {
+  modello_ = &modello;
+  testate_.anno(anno_, modello);
+  congruenza_.anno(anno_, modello);
+  caselle_.emplace(anno_, modello);
+}
+
+void Esaminatore::scegliModello(std::string_view rigaB) {
+  if (dato_ != nullptr || !anno_) return;
+  const modello::Modello& suo = modello::modelloDelRecordB(*anno_, rigaB);
+  if (&suo != modello_) usaModello(suo);
 }
 
 void Esaminatore::recordB(std::string_view riga, bool affidabile) {

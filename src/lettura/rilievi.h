@@ -17,10 +17,10 @@ enum class Regola : std::uint8_t {
   H01, H02, H03, H04, H05, H06, H07,
   F01, F02, F03, F04, F05, F06,
   K01, K02, K03, K04, K05, K06, K07, K08,
-  C01, C02, C03, C04, C05, C06, C07, C08, C09,
+  C01, C02, C03, C04, C05, C06, C07, C08, C09, C10,
   // clang-format on
 };
-inline constexpr std::size_t kRegole = static_cast<std::size_t>(Regola::C09) + 1;
+inline constexpr std::size_t kRegole = static_cast<std::size_t>(Regola::C10) + 1;
 
 // What the authority does about a warning is not attested.
 enum class Gravita : std::uint8_t { Errore, Avviso };
@@ -79,6 +79,7 @@ inline constexpr auto kVociRegole = [] {
     {C07, "C07", A, "I contributi dovuti sono la somma di quelli del committente e del percipiente"},
     {C08, "C08", A, "L'anno del reddito accompagna le causali G, H, I o un'anticipazione"},
     {C09, "C09", A, "La causale esiste in quell'anno"},
+    {C10, "C10", A, "Nei moduli dal 2020 il codice delle somme non soggette e la categoria sono dell'anno"},
   });
   // clang-format on
 }();

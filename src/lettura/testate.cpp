@@ -33,11 +33,17 @@ Testate::Testate() {
   anno(std::nullopt);
 }
 
-void Testate::anno(std::optional<std::int32_t> anno) {
+void Testate::anno(std::optional<std::int32_t> anno, const modello::Modello& modello) {
   b_.clear();
-  aggiungi(b_, 'B', modello::kTipoBInizio, anno);
-  if (anno) aggiungi(b_, 'B', modello::tipoB(*anno)[1], anno);
-  aggiungi(b_, 'B', modello::kTipoBFine, anno);
+  if (!anno) {
+    for (const modello::Tavola parte :
+         {modello::Tavola(modello::kTipoBInizio), modello::Tavola(modello::kTipoBFine),
+          modello::Tavola(modello::kTipoBRiserva), modello::Tavola(modello::kTipoBCoda)}) {
+      aggiungi(b_, 'B', parte, anno);
+    }
+    return;
+  }
+  for (const modello::Tavola parte : modello::tipoB(*anno, modello)) aggiungi(b_, 'B', parte, anno);
 }
 
 Testate::Genere Testate::genere(char record, std::string_view nome, std::optional<std::int32_t> anno) {
@@ -58,7 +64,8 @@ Testate::Genere Testate::genere(char record, std::string_view nome, std::optiona
     return Numero;
   }
   if (unoDi(nome, {"Fornitura rel. invio certif. da ann.", "Fornitura rel. invio certif. da sost.",
-                   "Casella Quadro CT", "Firma", "Firma intermediario", "Flag conferma Singola Certif."})) {
+                   "Casella Quadro CT", "Firma", "Firma intermediario", "Flag conferma Singola Certif.",
+                   modello::kCasiParticolari})) {
     return Flag;
   }
   if (nome == "Impegno a trasmettere via telem. dich.") return Cifra;
@@ -73,7 +80,8 @@ void Testate::aggiungi(std::vector<Campo>& campi, char record, modello::Tavola t
                        std::optional<std::int32_t> anno) {
   for (const modello::CampoRecord& campo : tavola) {
     if (campo.posizione == modello::kLarghezzaRecord) continue;  // the end mark
-    const Genere suo = genere(record, campo.nome, anno);
+    Genere suo = genere(record, campo.nome, anno);
+    if (campo.nome == modello::kEventiEccezionali && campo.lunghezza > 1) suo = Genere::DueCifre;
     if (suo != Genere::Libero) campi.push_back({{campo.posizione, campo.lunghezza}, suo, campo.nome});
   }
 }
@@ -105,6 +113,11 @@ void Testate::controllaCampo(const Campo& campo, std::string_view valore, Segnal
       return;
     case Genere::Cifra:
       if (!cifre(valore) && !vuoto(valore)) trovato(Regola::F01, "attesa una cifra.");
+      return;
+    case Genere::DueCifre:
+      if (!cifre(valore.substr(std::min(valore.find_first_not_of(' '), valore.size())))) {
+        trovato(Regola::F01, "atteso un numero, a destra nel campo.");
+      }
       return;
     case Genere::Data:
       if (valore != "00000000" && !giorno(valore))

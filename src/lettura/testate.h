@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "lettura/segnalatore.h"
-#include "modello/tracciato.h"
+#include "modello/modello.h"
 
 namespace cu::lettura {
 
@@ -30,12 +30,23 @@ bool vuoto(std::string_view testo);  // blanks only
 class Testate {
  public:
   Testate();
-  void anno(std::optional<std::int32_t> anno);
+  void anno(std::optional<std::int32_t> anno, const modello::Modello& modello = modello::kModello);
   // `riga` has 1898 characters.
   void controlla(char record, std::string_view riga, Segnalatore& segnala) const;
 
  private:
-  enum class Genere : std::uint8_t { Libero, Vuoto, Testo, Maiuscolo, Numero, Cifra, Data, Flag, Operazione };
+  enum class Genere : std::uint8_t {
+    Libero,
+    Vuoto,
+    Testo,
+    Maiuscolo,
+    Numero,
+    Cifra,
+    DueCifre,  // filled with zeros or blanks, or blank
+    Data,
+    Flag,
+    Operazione
+  };
   struct Campo {
     Tratto tratto;
     Genere genere;

@@ -2,7 +2,8 @@
 
 namespace cu::modello {
 
-// Checks the program's own form at compile time.
+// Checks the program's own forms at compile time.
 static_assert(coerente(kModello));
+static_assert(coerente(kModelloPubblicato));
 
 }  // namespace cu::modello

@@ -13,7 +13,7 @@ constexpr bool insieme(const Campo& a, const Campo& b) {
 // The invariants of every form. Of two boxes that coexist, the second has the greater number or belongs to a
 // later part: numbers are therefore unique, and the order of the rows is that of the cells. A column is
 // written back in one way only. Each year has a code of sums not subject to withholding, also outside the
-// known years.
+// known years, unless its form requires a chosen one.
 constexpr bool coerente(const Modello& modello) {
   for (const Campo* primo = modello.campi.data(); primo != modello.campi.data() + modello.campi.size();
        ++primo) {
@@ -30,7 +30,7 @@ constexpr bool coerente(const Modello& modello) {
     }
   }
   for (std::int32_t anno = modello.noti.primo - 2; anno <= modello.noti.ultimo + 2; ++anno) {
-    if (codiceNonSoggetti(anno, modello).empty()) return false;
+    if (codiceNonSoggetti(anno, modello).empty() && !codiceDaScegliere(anno, modello)) return false;
   }
   return true;
 }

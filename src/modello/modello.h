@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "modello/campi.h"
+#include "modello/tracciato.h"
 
 namespace cu::modello {
 
@@ -18,17 +19,22 @@ struct CodiceAnnuo {
 };
 
 // The code of sums not subject to withholding that means "all other cases", for a line without a chosen code.
+// From 2019 such sums have several codes, and which of them is meant only a person knows.
 inline constexpr auto kCodiciNonSoggetti =
-    std::to_array<CodiceAnnuo>({{finoAl(2015), "3"}, {nel(2016), "6"}, {dal(2017), "7"}});
+    std::to_array<CodiceAnnuo>({{finoAl(2015), "3"}, {nel(2016), "6"}, {{2017, 2018}, "7"}});
+inline constexpr std::int32_t kCodiceDaScegliere = 2019;
 
-// A form: that of the program, or one derived from it by a test.
+// A form: one of the program's two, or one derived from them by a test.
 struct Modello {
   std::span<const Campo> campi;
   Anni noti;  // the tax years whose form the table contains
   std::span<const CodiceAnnuo> codiciNonSoggetti;
 };
 
+// Years after 2017 in the newest of the forms that the suite was built for.
 inline constexpr Modello kModello = {kCampi, {2014, 2017}, kCodiciNonSoggetti};
+// Those years in forms of their own, as far as they are attested (docs/formato.md).
+inline constexpr Modello kModelloPubblicato = {kCampi, {2014, 2025}, kCodiciNonSoggetti};
 
 // The known year whose form is used for a year, on screen and on paper: the year itself, otherwise the newest
 // one. That includes years before the first one, whose lines can still be displayed.
@@ -43,11 +49,23 @@ constexpr std::int32_t annoTracciato(std::int32_t anno, const Modello& modello =
   return std::min(anno, modello.noti.ultimo);
 }
 
+// Whether the year's form requires a chosen code of sums not subject to withholding.
+constexpr bool codiceDaScegliere(std::int32_t anno, const Modello& modello = kModello) {
+  return annoTracciato(anno, modello) >= kCodiceDaScegliere;
+}
+
+// Empty where the code has to be chosen.
 constexpr std::string_view codiceNonSoggetti(std::int64_t anno, const Modello& modello = kModello) {
+  const std::int64_t tracciato = std::min<std::int64_t>(anno, modello.noti.ultimo);
   for (const CodiceAnnuo& codice : modello.codiciNonSoggetti) {
-    if (codice.anni.comprende(anno)) return codice.codice;
+    if (codice.anni.comprende(tracciato)) return codice.codice;
   }
   return {};
+}
+
+// The parts of record B in the layout of a year's file.
+constexpr std::array<Tavola, 5> tipoB(std::int32_t anno, const Modello& modello) {
+  return tipoB(annoTracciato(anno, modello));
 }
 
 // A column and the box that stores it; no box where the year has none.

@@ -83,6 +83,17 @@ inline constexpr auto kTipoBConEventi = std::to_array<CampoRecord>({
     { 383,   11, "Filler 5"},
 });
 
+// From 2020 the exceptional event has two digits.
+inline constexpr auto kTipoBConEventiADueCifre = std::to_array<CampoRecord>({
+    { 309,    2, "Eventi eccezionali"},
+    { 311,   16, "Cod. Fisc. rappresentante"},
+    { 327,    2, "Cod. carica rappresentante"},
+    { 329,   24, "Cognome rappresentante"},
+    { 353,   20, "Nome rappresentante"},
+    { 373,   11, "Cod. Fisc. soc. o ente dich."},
+    { 384,   10, "Filler 5"},
+});
+
 inline constexpr auto kTipoBFine = std::to_array<CampoRecord>({
     { 394,    8, "N° comun. certif. lav. dip. e assim."},
     { 402,    8, "N° comun. certif. lav. aut. e provv."},
@@ -98,7 +109,19 @@ inline constexpr auto kTipoBFine = std::to_array<CampoRecord>({
     { 481,    5, "Filler 9"},
     { 486,   35, "Filler 10"},
     { 521,    6, "Filler 11"},
+});
+
+inline constexpr auto kTipoBRiserva = std::to_array<CampoRecord>({
     { 527,    3, "Filler 12"},
+});
+
+// From 2021 a flag for the special cases of the agent.
+inline constexpr auto kTipoBCasiParticolari = std::to_array<CampoRecord>({
+    { 527,    1, "Casi particolari"},
+    { 528,    2, "Filler 12"},
+});
+
+inline constexpr auto kTipoBCoda = std::to_array<CampoRecord>({
     { 530,    8, "Filler 13"},
     { 538,    1, "Filler 14"},
     { 539, 1305, "Filler 15"},
@@ -182,24 +205,31 @@ static_assert(dopo(kTipoD, 1) == kLarghezzaRecord + 1);
 static_assert(dopo(kTipoH, 1) == kLarghezzaRecord + 1);
 static_assert(dopo(kTipoZ, 1) == kLarghezzaRecord + 1);
 
-// The middle of record B, by tax years; the last entry applies to every other year.
+// What differs in record B, by tax years; the last entry applies to every other year.
 struct VarianteB {
   Anni anni;
-  Tavola campi;
+  Tavola rappresentante;
+  Tavola casi;
 };
 inline constexpr auto kVariantiB =
-    std::to_array<VarianteB>({{finoAl(2015), kTipoBSenzaEventi}, {dal(2016), kTipoBConEventi}});
-static_assert(std::all_of(kVariantiB.begin(), kVariantiB.end(), [](const VarianteB& variante) {
-  return dopo(kTipoBFine, dopo(variante.campi, dopo(kTipoBInizio, 1))) == kLarghezzaRecord + 1;
-}));
+    std::to_array<VarianteB>({{finoAl(2015), kTipoBSenzaEventi, kTipoBRiserva},
+                              {{2016, 2019}, kTipoBConEventi, kTipoBRiserva},
+                              {nel(2020), kTipoBConEventiADueCifre, kTipoBRiserva},
+                              {dal(2021), kTipoBConEventiADueCifre, kTipoBCasiParticolari}});
 
-// The three parts of record B in a year.
-constexpr std::array<Tavola, 3> tipoB(std::int32_t anno) {
+// The parts of record B in a year of the layout, in their order.
+constexpr std::array<Tavola, 5> tipoB(std::int32_t anno) {
+  const VarianteB* sua = &kVariantiB.back();
   for (const VarianteB& variante : kVariantiB) {
-    if (variante.anni.comprende(anno)) return {kTipoBInizio, variante.campi, kTipoBFine};
+    if (variante.anni.comprende(anno)) sua = &variante;
   }
-  return {kTipoBInizio, kVariantiB.back().campi, kTipoBFine};
+  return {kTipoBInizio, sua->rappresentante, kTipoBFine, sua->casi, kTipoBCoda};
 }
+static_assert(std::all_of(kVariantiB.begin(), kVariantiB.end(), [](const VarianteB& variante) {
+  int posizione = 1;
+  for (const Tavola parte : tipoB(variante.anni.ultimo)) posizione = dopo(parte, posizione);
+  return posizione == kLarghezzaRecord + 1;
+}));
 
 constexpr bool haCampo(Tavola tavola, std::string_view nome) {
   return std::any_of(tavola.begin(), tavola.end(),
@@ -209,6 +239,10 @@ constexpr bool haCampo(Tavola tavola, std::string_view nome) {
 // The exceptional event of the company, present in record B in some years.
 inline constexpr std::string_view kEventiEccezionali = "Eventi eccezionali";
 constexpr bool haEventiEccezionali(std::int32_t anno) { return haCampo(tipoB(anno)[1], kEventiEccezionali); }
+
+// The flag of the special cases; empty in the layouts without it.
+inline constexpr std::string_view kCasiParticolari = "Casi particolari";
+constexpr bool haCasiParticolari(std::int32_t anno) { return haCampo(tipoB(anno)[3], kCasiParticolari); }
 
 // Certificates of employees: only the first form requires their number in this supply.
 inline constexpr Anni kContaDipendenti = nel(2014);

@@ -137,15 +137,16 @@ std::unique_ptr<PreviewPages> drawFormOfFile(const FormOfFile& form, const std::
   CellsConnection cells(form);
   Rows rows(cells, kFileCertificate);
   const Company company;
-  const LayoutInput input{formDefinition(), rows, company, {}, {}, {}, cells, true, places};
+  const LayoutInput input{formDefinition(), rows,    company,    {}, {}, {}, cells, true,
+                          places,           nullptr, *form.table};
   return std::make_unique<PreviewPages>(input, creator);
 }
 
-std::string boxCaption(const std::string& code, std::int32_t year) {
+std::string boxCaption(const std::string& code, std::int32_t year, const modello::Modello& table) {
   if (code == "DA003001") return "Data della firma";
   if (code == "DA003002") return "Firma";
   for (const FormPart part : {FormPart::Identity, FormPart::Amounts}) {
-    for (const LaidSection& section : layOut(formDefinition(), part, year)) {
+    for (const LaidSection& section : layOut(formDefinition(), part, year, table)) {
       for (const std::vector<LaidBox>& row : section.rows) {
         for (const LaidBox& box : row) {
           if (box.main != nullptr && codeOf(*box.main) == code) return box.box->caption;

@@ -24,10 +24,11 @@ struct FormOfFile {
   std::int32_t kind = 1;  // 1 ordinary, 2 annulment, 3 replacement
   std::string protocol;   // of what is annulled or replaced
   std::string progressive;
-  Cells identity;               // record D
-  std::vector<Cells> modules;   // records H
-  std::string representative;   // who signs for the company
-  std::string intermediary;     // fiscal code; empty without one
+  const modello::Modello* table = &modello::kModello;  // whose boxes the file has
+  Cells identity;                                      // record D
+  std::vector<Cells> modules;                          // records H
+  std::string representative;                          // who signs for the company
+  std::string intermediary;                            // fiscal code; empty without one
   std::int32_t commitment = 0;  // who has prepared the supply: 1 the company, 2 the intermediary
   Date commitmentDay;
 };
@@ -39,6 +40,7 @@ std::unique_ptr<PreviewPages> drawFormOfFile(const FormOfFile& form, const std::
                                              std::vector<FormPlace>* places = nullptr);
 
 // The caption of a cell's box in the form of a year; empty for a cell that the form does not have.
-std::string boxCaption(const std::string& code, std::int32_t year);
+std::string boxCaption(const std::string& code, std::int32_t year,
+                       const modello::Modello& table = modello::kModello);
 
 }  // namespace cu::reporting

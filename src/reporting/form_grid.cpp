@@ -53,9 +53,9 @@ void drawLines(Canvas& canvas, const Box& place, const QString& text, TextStyle 
 }  // namespace
 
 FormGrid::FormGrid(Canvas& canvas, const ReportDefinition& definition, FormPart part, std::int32_t year,
-                   double x, double width, double y)
+                   double x, double width, double y, const modello::Modello& form)
     : x_(x), width_(width), bottom_(y) {
-  for (const LaidSection& section : layOut(definition, part, year)) {
+  for (const LaidSection& section : layOut(definition, part, year, form)) {
     bottom_ += kBarGap;
     bars_.push_back({section.section->title, bottom_});
     bottom_ += kBarHeight;

@@ -26,7 +26,7 @@ class FormGrid {
   };
 
   FormGrid(Canvas& canvas, const ReportDefinition& definition, FormPart part, std::int32_t year, double x,
-           double width, double y);
+           double width, double y, const modello::Modello& form = modello::kModello);
 
   const std::vector<PlacedBox>& boxes() const { return boxes_; }
   double bottom() const { return bottom_; }

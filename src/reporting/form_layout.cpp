@@ -70,20 +70,30 @@ class Forms {
     if (input_.fromFile) {
       use(FileValues(rows_));
     } else {
-      use(MainModuleValues(rows_));
+      use(MainModuleValues(rows_, input_.form));
     }
   }
   void begin() {
     canvas_.beginPage();
     ++page_;
   }
-  void footer() { drawFooter(canvas_, kFormMargin, payee_ + " - " + code_, page_, pages_); }
+  void footer() {
+    const QString subject = payee_ + " - " + code_;
+    drawFooter(canvas_, kFormMargin, unofficial() ? unofficialNote() + " - " + subject : subject, page_,
+               pages_);
+  }
+  // The later forms are known from other sources than their maker.
+  bool unofficial() const {
+    return modello::annoTracciato(year_, input_.form) >= modello::kCodiceDaScegliere;
+  }
+  QString unofficialNote() const { return "CU " + QString::number(year_ + 1) + ", modello non ufficiale"; }
 
   const FormGrid& grid(FormPart part, double y) {
-    const auto key = std::make_pair(part, modello::annoDisposizione(year_));
+    const auto key = std::make_pair(part, modello::annoDisposizione(year_, input_.form));
     const auto known = grids_.find(key);
     if (known != grids_.end()) return known->second;
-    return grids_.emplace(key, FormGrid(canvas_, input_.definition, part, year_, kFormMargin, width_, y))
+    return grids_
+        .emplace(key, FormGrid(canvas_, input_.definition, part, year_, kFormMargin, width_, y, input_.form))
         .first->second;
   }
 

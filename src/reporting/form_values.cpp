@@ -96,7 +96,7 @@ QString MainModuleValues::notSubjectCode(const Campo& campo) const {
   QString chosen = rows_.text(campo.colonna).trimmed();
   if (!chosen.isEmpty()) return chosen;
   if ((rows_.get(campo.altre[0]).decimal() + rows_.get(campo.altre[1]).decimal()).isZero()) return {};
-  return fromUtf8(modello::codiceNonSoggetti(rows_.get(campo.altre[2]).integer()));
+  return fromUtf8(modello::codiceNonSoggetti(rows_.get(campo.altre[2]).integer(), form_));
 }
 
 // Empty where the company has no code at the fund, although the file then repeats the fund's name.

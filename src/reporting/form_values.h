@@ -20,7 +20,8 @@ struct BoxValue {
 // The boxes of the current row of the certificates.
 class MainModuleValues {
  public:
-  explicit MainModuleValues(const Rows& rows) : rows_(rows) {}
+  explicit MainModuleValues(const Rows& rows, const modello::Modello& form = modello::kModello)
+      : rows_(rows), form_(form) {}
   BoxValue of(const LaidBox& box) const;
   BoxValue fundCode(const modello::Campo& campo) const;
 
@@ -29,6 +30,7 @@ class MainModuleValues {
   QString notSubjectCode(const modello::Campo& campo) const;
   QString phone(const modello::Campo& campo) const;
   const Rows& rows_;
+  const modello::Modello& form_;
 };
 
 // The boxes of the current row of a file's cells, whose columns are the codes.

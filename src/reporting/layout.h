@@ -7,6 +7,7 @@
 #include "base/date.h"
 #include "data/database.h"
 #include "host/progress.h"
+#include "modello/modello.h"
 #include "reporting/canvas.h"
 #include "reporting/company.h"
 #include "reporting/definition.h"
@@ -33,6 +34,7 @@ struct LayoutInput {
   bool fromFile = false;                     // forms: the rows have the cells of a file, by their codes
   std::vector<FormPlace>* places = nullptr;  // forms: is filled as they are drawn
   ProgressSink* progress = nullptr;          // of a report of its own; none within another work
+  const modello::Modello& form = modello::kModello;  // of the ministerial form
 
   // A report of one row is itself a step of a longer work, which reports its own progress.
   void report(const char* what, std::size_t done, std::size_t total) const {

@@ -70,7 +70,8 @@ class Engine final : public ReportEngine {
               selectionOf(definition, formula, readings_->columns(*connection_, definition.view)));
     use(LayoutInput{definition, rows, readings_->company(*connection_, idAzienda_),
                     selectionText(definition, formula), surroundings_.clock.today(),
-                    surroundings_.clock.now(), *connection_, false, nullptr, &surroundings_.frontEnd});
+                    surroundings_.clock.now(), *connection_, false, nullptr, &surroundings_.frontEnd,
+                    surroundings_.form});
   }
 
   const ReportSurroundings& surroundings_;

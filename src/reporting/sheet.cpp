@@ -191,9 +191,10 @@ constexpr std::array<std::pair<const char*, const char*>, 5> kFormColumns = {
      {"Nome", "Nome"}}};
 
 // The boxes of the amounts in a year's layout, in order.
-std::vector<LaidBox> amountBoxes(const ReportDefinition& definition, std::int32_t year) {
+std::vector<LaidBox> amountBoxes(const ReportDefinition& definition, std::int32_t year,
+                                 const modello::Modello& form) {
   std::vector<LaidBox> boxes;
-  for (const LaidSection& section : layOut(definition, FormPart::Amounts, year)) {
+  for (const LaidSection& section : layOut(definition, FormPart::Amounts, year, form)) {
     for (const std::vector<LaidBox>& row : section.rows) {
       std::copy_if(row.begin(), row.end(), std::back_inserter(boxes),
                    [](const LaidBox& box) { return box.main != nullptr; });
@@ -222,7 +223,7 @@ void writeForms(Sheet& sheet, const LayoutInput& input) {
   if (input.rows.size() == 0) return;
   input.rows.move(0);
   const std::vector<LaidBox> boxes =
-      amountBoxes(input.definition, static_cast<std::int32_t>(input.rows.get("Anno").integer()));
+      amountBoxes(input.definition, static_cast<std::int32_t>(input.rows.get("Anno").integer()), input.form);
   for (const auto& [caption, field] : kFormColumns) sheet.column(QString::fromUtf8(caption), 20);
   sheet.column("Modulo", 8);
   for (const LaidBox& box : boxes) {
@@ -231,7 +232,7 @@ void writeForms(Sheet& sheet, const LayoutInput& input) {
   for (std::size_t row = 0; row < input.rows.size(); ++row) {
     input.report("Scrittura dei moduli", row, input.rows.size());
     input.rows.move(row);
-    writeModule(sheet, input, 1, boxes, MainModuleValues(input.rows));
+    writeModule(sheet, input, 1, boxes, MainModuleValues(input.rows, input.form));
     Rows modules = readModules(input.connection, input.rows);
     for (std::size_t i = 0; i < modules.size(); ++i) {
       modules.move(i);

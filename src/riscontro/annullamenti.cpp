@@ -5,6 +5,7 @@
 #include "base/windows1252.h"
 #include "lettura/caselle.h"
 #include "lettura/testate.h"
+#include "modello/riconoscimento.h"
 #include "riscontro/riga_composta.h"
 
 namespace cu::riscontro {
@@ -50,14 +51,17 @@ std::vector<std::string> righeAnnullamenti(const FornituraAnnullamenti& fornitur
   const std::size_t quante = fornitura.certificate.size();
   std::vector<std::string> righe;
   righe.push_back(RigaComposta({modello::kTipoA}, a1252(fornitura.invio.recordA)).fatta());
-  RigaComposta b(modello::tipoB(fornitura.invio.anno), a1252(fornitura.invio.recordB));
+  // The layout of the supply that was filed, whatever the later ones have.
+  const std::string presentato = a1252(fornitura.invio.recordB);
+  const modello::Modello& modello = modello::modelloDelRecordB(fornitura.invio.anno, presentato);
+  RigaComposta b(modello::tipoB(fornitura.invio.anno, modello), presentato);
   b.testo("Fornitura rel. invio certif. da ann.", "1");
   b.testo("Fornitura rel. invio certif. da sost.", "0");
   b.numero("N° comun. certif. lav. aut. e provv.", quante);
   righe.push_back(b.fatta());
   const std::string agente(
       lettura::leggi(righe.back(), lettura::tratto(modello::kTipoBInizio, "Cod. Fisc. Sost. imposta")));
-  const lettura::Caselle caselle(fornitura.invio.anno);
+  const lettura::Caselle caselle(fornitura.invio.anno, modello);
   std::size_t numero = 0;
   for (const Registrata& registrata : fornitura.certificate) {
     righe.push_back(rigaD(registrata, ++numero, agente, fornitura.firma.toDdmmyyyy(), caselle));

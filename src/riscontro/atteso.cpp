@@ -51,15 +51,16 @@ std::string testoNelFile(const CellView& cella) {
   return da1252(trimRight(a1252(testo)));
 }
 
-std::string CelleAttese::codiceNonSoggetti(const RigaConto& riga, const Casella& casella) {
+std::string CelleAttese::codiceNonSoggetti(const RigaConto& riga, const Casella& casella) const {
   std::string scelto = testoNelFile(riga.a(casella.colonna));
   if (!scelto.empty()) return scelto;
   const Decimal somme = riga.a(casella.altre[0]).decimal() + riga.a(casella.altre[1]).decimal();
-  return somme.isZero() ? std::string()
-                        : std::string(modello::codiceNonSoggetti(riga.a(casella.altre[2]).integer()));
+  return somme.isZero()
+             ? std::string()
+             : std::string(modello::codiceNonSoggetti(riga.a(casella.altre[2]).integer(), modello_));
 }
 
-std::string CelleAttese::valore(const RigaConto& riga, const Casella& casella) {
+std::string CelleAttese::valore(const RigaConto& riga, const Casella& casella) const {
   const CellView cella = riga.a(casella.colonna);
   switch (casella.campo->forma) {
     case Forma::Testo:
@@ -93,9 +94,11 @@ std::string CelleAttese::valore(const RigaConto& riga, const Casella& casella) {
   return {};
 }
 
-CelleAttese::CelleAttese(modello::Record record, std::int32_t anno, bool primoModulo) {
-  const std::int32_t tracciato = modello::annoTracciato(anno);
-  for (const Campo& campo : modello::kModello.campi) {
+CelleAttese::CelleAttese(modello::Record record, std::int32_t anno, bool primoModulo,
+                         const modello::Modello& modello)
+    : modello_(modello) {
+  const std::int32_t tracciato = modello::annoTracciato(anno, modello);
+  for (const Campo& campo : modello.campi) {
     if (!haCella(campo, record) || !modello::vale(campo, tracciato, primoModulo)) continue;
     const modello::Codice codice = modello::codice(campo);
     caselle_.push_back({&campo, std::string(codice.data(), codice.size()), Columns::kNone, {}});

@@ -21,7 +21,8 @@ std::string testoNelFile(const CellView& cella);
 // The cells of a part of the form, in order of their codes, without those that have no value.
 class CelleAttese {
  public:
-  CelleAttese(modello::Record record, std::int32_t anno, bool primoModulo);
+  CelleAttese(modello::Record record, std::int32_t anno, bool primoModulo,
+              const modello::Modello& modello = modello::kModello);
   // Finds the columns of a result, before its first row.
   void lega(const Columns& colonne);
   std::vector<lettura::Valore> di(const RigaConto& riga) const;
@@ -42,9 +43,10 @@ class CelleAttese {
     std::size_t causale = Columns::kNone;
   };
   bool vale(modello::Condizione condizione, const RigaConto& riga) const;
-  static std::string valore(const RigaConto& riga, const Casella& casella);
-  static std::string codiceNonSoggetti(const RigaConto& riga, const Casella& casella);
+  std::string valore(const RigaConto& riga, const Casella& casella) const;
+  std::string codiceNonSoggetti(const RigaConto& riga, const Casella& casella) const;
 
+  const modello::Modello& modello_;
   std::vector<Casella> caselle_;
   std::vector<std::size_t> contributi_;  // columns of the amounts of the contributions' block
   Condizioni condizioni_;

@@ -96,7 +96,7 @@ using Chiave = std::pair<std::int64_t, std::int64_t>;  // payee and reason
 using Celle = std::vector<lettura::Valore>;
 
 std::map<Chiave, std::vector<Celle>> leggiModuli(Connection& connessione, const Esercizio& esercizio) {
-  CelleAttese attese(modello::Record::H, esercizio.anno, false);
+  CelleAttese attese(modello::Record::H, esercizio.anno, false, esercizio.modello);
   std::map<Chiave, std::vector<Celle>> moduli;
   perRiga(
       connessione, domandaModuli(esercizio), [&](const Columns& colonne) { attese.lega(colonne); },
@@ -109,7 +109,7 @@ std::map<Chiave, std::vector<Celle>> leggiModuli(Connection& connessione, const 
 
 // The cells of the company, the same in every certificate.
 Celle leggiAzienda(Connection& connessione, const Esercizio& esercizio) {
-  CelleAttese attese(modello::Record::D, esercizio.anno, true);
+  CelleAttese attese(modello::Record::D, esercizio.anno, true, esercizio.modello);
   Celle azienda;
   const auto lega = [&](const Columns& colonne) { attese.lega(colonne); };
   const auto aggiungi = [&](const RigaConto& riga) {
@@ -128,8 +128,8 @@ class LettoreConti {
   LettoreConti(Connection& connessione, const Esercizio& esercizio)
       : azienda_(leggiAzienda(connessione, esercizio)),
         moduli_(leggiModuli(connessione, esercizio)),
-        inD_(modello::Record::D, esercizio.anno, true),
-        inH_(modello::Record::H, esercizio.anno, true) {}
+        inD_(modello::Record::D, esercizio.anno, true, esercizio.modello),
+        inH_(modello::Record::H, esercizio.anno, true, esercizio.modello) {}
 
   void lega(const Columns& colonne) {
     inD_.lega(colonne);
@@ -184,7 +184,7 @@ class LettoreConti {
 
 std::string codiceFiscaleAzienda(Connection& connessione, std::int32_t idAzienda) {
   std::string codice;
-  perRiga(connessione, domandaAzienda({idAzienda, 0}),
+  perRiga(connessione, domandaAzienda({.idAzienda = idAzienda}),
           [&](const RigaConto& riga) { codice = riga["CodiceFiscaleAz"].toText(); });
   return codice;
 }

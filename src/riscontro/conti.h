@@ -8,6 +8,7 @@
 #include "data/database.h"
 #include "host/conversioni.h"
 #include "lettura/certificato.h"
+#include "modello/modello.h"
 
 namespace cu::riscontro {
 
@@ -15,6 +16,7 @@ namespace cu::riscontro {
 struct Esercizio {
   std::int32_t idAzienda = 0;
   std::int32_t anno = 0;
+  const modello::Modello& modello = modello::kModello;  // the form of its file
 };
 
 // A certificate as the accounts give it: cells and modules as a file of that year would hold them, without

@@ -34,7 +34,7 @@ class Correzione {
       : intorno_(intorno), compensi_(compensi), registro_(registro), richiesta_(richiesta) {}
 
   Result<EsitoCorrezione> esegui() {
-    const Esercizio esercizio{intorno_.ambito.idAzienda, richiesta_.anno};
+    const Esercizio esercizio{intorno_.ambito.idAzienda, richiesta_.anno, intorno_.modello};
     const std::vector<VoceStato> voci =
         statoEsercizio(registro_, esercizio, intorno_.utilita, [this](std::size_t conti) {
           intorno_.avanzamento.progress("Lettura dei conti e degli invii", conti, 0);
@@ -152,7 +152,7 @@ class Correzione {
     return riuscito(fornitura::correggi(compensi_));
   }
 
-  bool controllati() {
+  bool controllati(Comunicazione tipo) {
     const std::string impegno =
         intermediario_ && intermediario_->data ? intermediario_->data->toItalian() : "";
     const auto controllo = fornitura::controlla(
@@ -160,7 +160,8 @@ class Correzione {
         {.dataFirma = richiesta_.firma.toItalian(),
          .usoIntermediari = intermediario_.has_value(),
          .codiceFiscaleIntermediario = intermediario_ ? intermediario_->codiceFiscale : "",
-         .dataImpegno = impegno},
+         .dataImpegno = impegno,
+         .tipo = tipo},
         compensi_.tabella());
     esito_->mancanti = controllo->mancanti;
     if (!riuscito(controllo)) return false;
@@ -173,7 +174,7 @@ class Correzione {
 
   bool daiConti(Comunicazione tipo, const Scelte& scelte) {
     if (!continua() || !scegli(scelte) || !riuscito(fornitura::controllaSelezione(compensi_, tipo)) ||
-        !controllati())
+        !controllati(tipo))
       return false;
     const auto dove = cartella(tipo);
     if (!dove || !continua()) return false;

@@ -15,10 +15,11 @@ namespace cu::riscontro {
 namespace {
 
 constexpr std::size_t kIntero = modello::kLarghezzaRecord;
+constexpr std::int32_t kEventoADueCifre = 2020;  // the first year
 
-std::vector<modello::Tavola> tavole(char record, std::int32_t anno) {
+std::vector<modello::Tavola> tavole(char record, std::int32_t anno, const modello::Modello& modello) {
   if (record == 'A') return {modello::kTipoA};
-  const auto parti = modello::tipoB(anno);
+  const auto parti = modello::tipoB(anno, modello);
   return {parti.begin(), parti.end()};
 }
 
@@ -67,15 +68,16 @@ std::string domanda(std::int32_t idAzienda) {
 }
 
 std::string recordA(std::int32_t anno) {
-  RigaComposta a(tavole('A', anno));
+  RigaComposta a({modello::kTipoA});
   a.testo("Tipo Record", "A");
   const std::string due = fromInteger((anno + 1) % 100);
   a.testo("Codice fornitura", "CUR" + std::string(2 - due.size(), '0') + due);
   return a.fatta();
 }
 
-std::string recordB(const RigaConto& riga, std::int32_t anno) {
-  RigaComposta b(tavole('B', anno));
+std::string recordB(const RigaConto& riga, const Esercizio& esercizio) {
+  const std::int32_t anno = modello::annoTracciato(esercizio.anno, esercizio.modello);
+  RigaComposta b(tavole('B', esercizio.anno, esercizio.modello));
   b.testo("Tipo Record", "B");
   b.testo("Cod. Fisc. Sost. imposta", inMaiuscole(riga["CodiceFiscaleAz"]));
   b.numero("Progressivo modulo", 1);
@@ -90,8 +92,13 @@ std::string recordB(const RigaConto& riga, std::int32_t anno) {
   b.testo("Telefono/Fax", telefonoDiB(riga));
   if (modello::haEventiEccezionali(anno)) {
     const std::string evento = inMaiuscole(riga["CodiceEventoEccezionaleAz"]);
-    b.testo(modello::kEventiEccezionali, trim(evento).empty() ? "0" : evento);
+    if (anno < kEventoADueCifre) {
+      b.testo(modello::kEventiEccezionali, trim(evento).empty() ? "0" : evento);
+    } else {
+      b.testo(modello::kEventiEccezionali, riempito(std::string(trim(evento)), 2));
+    }
   }
+  if (modello::haCasiParticolari(anno)) b.testo(modello::kCasiParticolari, "0");
   b.testo("Cod. Fisc. rappresentante", inMaiuscole(riga["CodiceFiscaleRapp"]));
   b.testo("Cod. carica rappresentante", riempito(inMaiuscole(riga["CodiceCarica"]), 2));
   b.testo("Cognome rappresentante", inMaiuscole(riga["AnagraficaRapp"]));
@@ -136,9 +143,9 @@ Trasmissione registrata(const Invio& invio) {
 }  // namespace
 
 std::vector<lettura::CasellaDiversa> campiDiversi(char record, std::int32_t anno, std::string_view vecchia,
-                                                  std::string_view nuova) {
+                                                  std::string_view nuova, const modello::Modello& modello) {
   std::vector<lettura::CasellaDiversa> diverse;
-  for (const modello::Tavola tavola : tavole(record, anno)) {
+  for (const modello::Tavola tavola : tavole(record, anno, modello)) {
     for (const modello::CampoRecord& campo : tavola) {
       const lettura::Tratto dove{campo.posizione, campo.lunghezza};
       const std::string_view prima = lettura::leggi(vecchia, dove);
@@ -152,18 +159,22 @@ std::vector<lettura::CasellaDiversa> campiDiversi(char record, std::int32_t anno
 }
 
 Frontespizio::Frontespizio(std::int32_t anno, std::string recordA, std::string recordB,
-                           std::vector<Trasmissione> ammesse)
-    : anno_(anno), recordA_(std::move(recordA)), recordB_(std::move(recordB)), ammesse_(std::move(ammesse)) {}
+                           std::vector<Trasmissione> ammesse, const modello::Modello& modello)
+    : modello_(&modello),
+      anno_(anno),
+      recordA_(std::move(recordA)),
+      recordB_(std::move(recordB)),
+      ammesse_(std::move(ammesse)) {}
 
 std::vector<lettura::CasellaDiversa> Frontespizio::diverse(std::string_view recordA, std::string_view recordB,
                                                            const Contenuto& contenuto) const {
   std::vector<lettura::CasellaDiversa> meno;
   for (std::size_t i = 0; i < ammesse_.size(); ++i) {
     const Trasmissione& t = ammesse_[i];
-    RigaComposta a(tavole('A', anno_), recordA_);
+    RigaComposta a(tavole('A', anno_, *modello_), recordA_);
     a.testo("Tipo fornitore", t.tipo);
     a.testo("Cod. Fisc. fornitore", t.fornitore);
-    RigaComposta b(tavole('B', anno_), recordB_);
+    RigaComposta b(tavole('B', anno_, *modello_), recordB_);
     b.testo("Fornitura rel. invio certif. da ann.", contenuto.annullamenti ? "1" : "0");
     b.testo("Fornitura rel. invio certif. da sost.", contenuto.sostituzioni ? "1" : "0");
     b.numero("N° comun. certif. lav. aut. e provv.", contenuto.certificazioni);
@@ -171,8 +182,8 @@ std::vector<lettura::CasellaDiversa> Frontespizio::diverse(std::string_view reco
     b.testo("Impegno a trasmettere via telem. dich.", t.impegno);
     b.testo("Data dell'impegno", t.data);
     b.testo("Firma intermediario", t.firma);
-    std::vector<lettura::CasellaDiversa> diverse = campiDiversi('A', anno_, recordA, a.fatta());
-    for (lettura::CasellaDiversa& diversa : campiDiversi('B', anno_, recordB, b.fatta())) {
+    std::vector<lettura::CasellaDiversa> diverse = campiDiversi('A', anno_, recordA, a.fatta(), *modello_);
+    for (lettura::CasellaDiversa& diversa : campiDiversi('B', anno_, recordB, b.fatta(), *modello_)) {
       diverse.push_back(std::move(diversa));
     }
     if (i == 0 || diverse.size() < meno.size()) meno = std::move(diverse);
@@ -184,7 +195,7 @@ Frontespizio leggiFrontespizio(Connection& connessione, const Esercizio& eserciz
   std::string b;
   std::vector<Trasmissione> ammesse;
   perRiga(connessione, domanda(esercizio.idAzienda), [&](const RigaConto& riga) {
-    b = recordB(riga, esercizio.anno);
+    b = recordB(riga, esercizio);
     ammesse = dalleImpostazioni(riga);
   });
   if (ammesse.empty()) ammesse.emplace_back();  // the company does not exist
@@ -194,7 +205,7 @@ Frontespizio leggiFrontespizio(Connection& connessione, const Esercizio& eserciz
       if (invio.anno == esercizio.anno) ammesse.push_back(registrata(invio));
     }
   }
-  return {esercizio.anno, recordA(esercizio.anno), std::move(b), std::move(ammesse)};
+  return {esercizio.anno, recordA(esercizio.anno), std::move(b), std::move(ammesse), esercizio.modello};
 }
 
 }  // namespace cu::riscontro

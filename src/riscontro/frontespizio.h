@@ -35,14 +35,15 @@ class Frontespizio {
  public:
   // `recordA` and `recordB` as they are without what follows from the transmission and from the contents; any
   // of `ammesse`, of which there is at least one, may be the transmission.
-  Frontespizio(std::int32_t anno, std::string recordA, std::string recordB,
-               std::vector<Trasmissione> ammesse);
+  Frontespizio(std::int32_t anno, std::string recordA, std::string recordB, std::vector<Trasmissione> ammesse,
+               const modello::Modello& modello = modello::kModello);
 
   // The fields that differ, "A Tipo fornitore" and so on. Both lines have 1898 characters of Windows-1252.
   std::vector<lettura::CasellaDiversa> diverse(std::string_view recordA, std::string_view recordB,
                                                const Contenuto& contenuto) const;
 
  private:
+  const modello::Modello* modello_;
   std::int32_t anno_;
   std::string recordA_;
   std::string recordB_;
@@ -55,6 +56,7 @@ Frontespizio leggiFrontespizio(Connection& connessione, const Esercizio& eserciz
 
 // The fields of two lines that differ, named by the record and the field.
 std::vector<lettura::CasellaDiversa> campiDiversi(char record, std::int32_t anno, std::string_view vecchia,
-                                                  std::string_view nuova);
+                                                  std::string_view nuova,
+                                                  const modello::Modello& modello = modello::kModello);
 
 }  // namespace cu::riscontro

@@ -153,11 +153,11 @@ class Verifica {
 }  // namespace
 
 Frontespizio ContiDelDatabase::frontespizio(std::int32_t anno) {
-  return leggiFrontespizio(connessione_, {idAzienda_, anno});
+  return leggiFrontespizio(connessione_, {idAzienda_, anno, modello_});
 }
 
 void ContiDelDatabase::conti(std::int32_t anno, const std::function<void(const Conto&)>& ricevi) {
-  leggiConti(connessione_, {idAzienda_, anno}, utilita_, ricevi);
+  leggiConti(connessione_, {idAzienda_, anno, modello_}, utilita_, ricevi);
 }
 
 std::vector<Riferimento> ContiDelDatabase::riferimenti(std::int32_t anno, const std::string& percipiente) {

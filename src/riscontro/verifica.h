@@ -32,8 +32,9 @@ class ContiAttesi {
 // The accounts of a company in a database. Errors of the database rise as they are.
 class ContiDelDatabase : public ContiAttesi {
  public:
-  ContiDelDatabase(Connection& connessione, std::int32_t idAzienda, const Conversioni& utilita)
-      : connessione_(connessione), idAzienda_(idAzienda), utilita_(utilita) {}
+  ContiDelDatabase(Connection& connessione, std::int32_t idAzienda, const Conversioni& utilita,
+                   const modello::Modello& modello = modello::kModello)
+      : connessione_(connessione), idAzienda_(idAzienda), utilita_(utilita), modello_(modello) {}
   Frontespizio frontespizio(std::int32_t anno) override;
   void conti(std::int32_t anno, const std::function<void(const Conto&)>& ricevi) override;
   std::vector<Riferimento> riferimenti(std::int32_t anno, const std::string& percipiente) override;
@@ -42,6 +43,7 @@ class ContiDelDatabase : public ContiAttesi {
   Connection& connessione_;
   std::int32_t idAzienda_;
   const Conversioni& utilita_;
+  const modello::Modello& modello_;
   bool letti_ = false;
   std::vector<std::pair<std::string, Riferimento>> registrati_;  // by payee
 };

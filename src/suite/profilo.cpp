@@ -97,6 +97,15 @@ Profilo::MotoreStampa leggiStampa(const LettoreToml& chiavi) {
   return Profilo::MotoreStampa::Pdf;
 }
 
+bool leggiModuli(const LettoreToml& chiavi) {
+  chiavi.soloChiavi({"forms"});
+  const std::string moduli = chiavi.testo("forms", "fixed");
+  if (moduli != "fixed" && moduli != "published") {
+    chiavi.rifiuta("forms", "valore non ammesso", "\"fixed\" oppure \"published\"");
+  }
+  return moduli == "published";
+}
+
 }  // namespace
 
 std::optional<Profilo::Database> analizzaIndirizzo(std::string_view indirizzo, const std::string& cartella) {
@@ -125,7 +134,7 @@ Profilo analizzaProfilo(std::string_view testo, const std::string& file, const s
                         fromInteger(dove.column) + ": il testo non è TOML valido, atteso chiave = valore");
   }
   const LettoreToml radice(letto.table(), file);
-  radice.soloChiavi({"session", "database", "currency", "folders", "printing", "trace"});
+  radice.soloChiavi({"session", "database", "currency", "folders", "printing", "telematic", "trace"});
   Profilo profilo;
   profilo.file = file;
   profilo.sessione = leggiSessione(radice.sezione("session"), cartella);
@@ -136,6 +145,7 @@ Profilo analizzaProfilo(std::string_view testo, const std::string& file, const s
   profilo.documenti = cartelle.percorso("documents", cartella);
   profilo.impostazioni = cartelle.percorso("settings", cartella);
   if (radice.presente("printing")) profilo.stampa = leggiStampa(radice.sezione("printing"));
+  if (radice.presente("telematic")) profilo.moduliPubblicati = leggiModuli(radice.sezione("telematic"));
   if (radice.presente("trace")) {
     const LettoreToml traccia = radice.sezione("trace");
     traccia.soloChiavi({"sql"});

@@ -58,7 +58,8 @@ struct Profilo {
   std::string documenti;
   std::string impostazioni;
   MotoreStampa stampa = MotoreStampa::Pdf;
-  std::string traccia;  // path of the trace of statements; empty for none
+  bool moduliPubblicati = false;  // later years in the forms published for them
+  std::string traccia;            // path of the trace of statements; empty for none
 };
 
 // One line in Italian: the file, the key, the expected value.

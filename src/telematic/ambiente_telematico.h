@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "modello/modello.h"
+
 namespace cu {
 
 class Clock;
@@ -22,6 +24,7 @@ struct AmbienteTelematico {
   const Clock& clock;
   std::string tabella;    // the work table
   std::int32_t anno = 0;  // tax year
+  const modello::Modello& modello = modello::kModello;
 };
 
 }  // namespace cu

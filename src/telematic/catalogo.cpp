@@ -23,10 +23,10 @@ void aggiungiRighe(CURecord& record, Tavola righe) {
 
 }  // namespace
 
-void creaCatalogo(CURecords& catalogo, std::int32_t gAnno) {
+void creaCatalogo(CURecords& catalogo, std::int32_t gAnno, const modello::Modello& modello) {
   aggiungiRighe(catalogo.Add("TipoA"), kTipoA);
   CURecord& tipoB = catalogo.Add("TipoB");
-  for (const Tavola parte : modello::tipoB(gAnno)) aggiungiRighe(tipoB, parte);
+  for (const Tavola parte : modello::tipoB(gAnno, modello)) aggiungiRighe(tipoB, parte);
   aggiungiRighe(catalogo.Add("TipoD"), kTipoD);
   aggiungiRighe(catalogo.Add("TipoH"), kTipoH);
   aggiungiRighe(catalogo.Add("TipoZ"), kTipoZ);

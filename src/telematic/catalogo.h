@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "modello/tracciato.h"
+#include "modello/modello.h"
 #include "telematic/engine/record_image.h"
 
 namespace cu {
@@ -40,6 +40,7 @@ static_assert(posto(kTipoD, "Campo").offset == kPrimaCella - 1 &&
               posto(kTipoH, "Campo").offset == kPrimaCella - 1);
 
 // The records TipoA, TipoB, TipoD, TipoH and TipoZ, with empty values, for the run year.
-void creaCatalogo(CURecords& catalogo, std::int32_t gAnno);
+void creaCatalogo(CURecords& catalogo, std::int32_t gAnno,
+                  const modello::Modello& modello = modello::kModello);
 
 }  // namespace cu::telematico

@@ -2,10 +2,12 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/per_chiamanti.h"
 #include "data/database.h"
+#include "host/modi.h"
 
 namespace cu {
 
@@ -18,6 +20,7 @@ struct DatiControllo {
   bool usoIntermediari = false;
   std::string codiceFiscaleIntermediario;
   std::string dataImpegno;
+  Comunicazione tipo = Comunicazione::Ordinaria;
 };
 
 // A required datum that is missing: a row of the log.
@@ -27,7 +30,10 @@ struct DatoMancante {
   std::string denominazione;  // the subject of the row
   std::string codiceFiscale;
   std::string messaggio;
+  std::string codice = "dato-mancante";  // of the refusal
 };
+// The code of a datum that is present, and cannot be written.
+inline constexpr std::string_view kNonAttestato = "non-attestato";
 
 // The presence checks before a file is made. They go on after a datum that is missing, so that a person sees
 // everything at once.

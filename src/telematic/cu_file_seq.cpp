@@ -15,8 +15,8 @@ using namespace telematico;
 
 namespace {
 
-CURecords& riempito(CURecords& catalogo, std::int32_t gAnno) {
-  creaCatalogo(catalogo, gAnno);
+CURecords& riempito(CURecords& catalogo, const AmbienteTelematico& ambiente) {
+  creaCatalogo(catalogo, ambiente.anno, ambiente.modello);
   return catalogo;
 }
 
@@ -28,14 +28,15 @@ constexpr std::string_view kFineRecord = "A";
 CUFileSeq::CUFileSeq(const AmbienteTelematico& ambiente)
     : ambiente_(ambiente),
       gAnno_(ambiente.anno),
+      tracciato_(modello::annoTracciato(ambiente.anno, ambiente.modello)),
       file_(ambiente.files, ambiente.visore),
-      rigaD_(riempito(catalogo_, gAnno_).Item("TipoD")),
+      rigaD_(riempito(catalogo_, ambiente_).Item("TipoD")),
       rigaH_(catalogo_.Item("TipoH")),
       celleD_(rigaD_),
       celleH_(rigaH_),
-      scrittoreD_(modello::kModello, modello::Record::D, gAnno_, true),
-      scrittoreH1_(modello::kModello, modello::Record::H, gAnno_, true),
-      scrittoreH2_(modello::kModello, modello::Record::H, gAnno_, false) {}
+      scrittoreD_(ambiente_.modello, modello::Record::D, gAnno_, true),
+      scrittoreH1_(ambiente_.modello, modello::Record::H, gAnno_, true),
+      scrittoreH2_(ambiente_.modello, modello::Record::H, gAnno_, false) {}
 
 CUFileSeq::~CUFileSeq() {
   try {

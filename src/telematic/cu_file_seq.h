@@ -80,6 +80,7 @@ class CUFileSeq : public per_chiamanti::DiCUFileSeq<CUFileSeq> {
 
   const AmbienteTelematico ambiente_;
   const std::int32_t gAnno_;
+  const std::int32_t tracciato_;  // the year whose layout the file has
   FileSeq file_;
   std::string rifiuto_;
   CURecords catalogo_;

@@ -66,10 +66,16 @@ void CUFileSeq::WriteRecordTipoB(const CellView* Fields, std::int32_t NumeroComu
   campo.Item("Indirizzo posta elettronica").setValue(valore("EMailInternetAz").substr(0, 100));
   campo.Item("Telefono/Fax").setValue(telefonoOFax(valore("TelefonoAz"), valore("FaxAz")));
 
-  if (modello::haEventiEccezionali(gAnno_)) {
+  if (modello::haEventiEccezionali(tracciato_)) {
     const std::string evento = valore("CodiceEventoEccezionaleAz");
-    campo.Item(modello::kEventiEccezionali).setValue(trim(evento).empty() ? "0" : maiuscolo1252(evento));
+    CUField& suo = campo.Item(modello::kEventiEccezionali);
+    if (suo.Length() > 1) {
+      suo.setValue(fnFormatta(zeroSeVuoto(maiuscolo1252(trim(evento))), "00"));
+    } else {
+      suo.setValue(trim(evento).empty() ? "0" : maiuscolo1252(evento));
+    }
   }
+  if (modello::haCasiParticolari(tracciato_)) campo.Item(modello::kCasiParticolari).setValue("0");
 
   campo.Item("Cod. Fisc. rappresentante").setValue(maiuscolo1252(valore("CodiceFiscaleRapp")));
   campo.Item("Cod. carica rappresentante")
@@ -79,7 +85,7 @@ void CUFileSeq::WriteRecordTipoB(const CellView* Fields, std::int32_t NumeroComu
   campo.Item("Cod. Fisc. soc. o ente dich.")
       .setValue(fnFormatta(zeroSeVuoto(maiuscolo1252(valore("CodiceFiscaleSocieta"))), "00000000000"));
 
-  if (modello::kContaDipendenti.comprende(gAnno_)) {
+  if (modello::kContaDipendenti.comprende(tracciato_)) {
     campo.Item("N° comun. certif. lav. dip. e assim.").setValue(fnFormatta(0, "00000000"));
   }
   campo.Item("N° comun. certif. lav. aut. e provv.").setValue(fnFormatta(NumeroComunicazioni, "00000000"));

@@ -6,7 +6,6 @@
 #include "base/ascii.h"
 #include "base/text.h"
 #include "base/windows1252.h"
-#include "modello/modello.h"
 #include "telematic/catalogo.h"
 #include "telematic/celle.h"
 
@@ -28,8 +27,14 @@ void aggiungi(std::vector<std::string>& testi, std::string_view nome, std::strin
   if (!rifilato.empty()) testi.push_back(std::string(nome) + ": " + da1252(rifilato));
 }
 
-std::string_view fonte(modello::Record record, std::string_view codice, std::int32_t anno, bool primoModulo) {
-  for (const modello::Campo& campo : modello::kModello.campi) {
+struct Anno {
+  std::int32_t anno;
+  const modello::Modello& modello;
+};
+
+std::string_view fonte(modello::Record record, std::string_view codice, const Anno& di, bool primoModulo) {
+  const std::int32_t anno = modello::annoTracciato(di.anno, di.modello);
+  for (const modello::Campo& campo : di.modello.campi) {
     if (!haCella(campo, record) || !vale(campo, anno, primoModulo)) continue;
     const modello::Codice suo = modello::codice(campo);
     if (codice == std::string_view(suo.data(), suo.size())) return modello::fonte(campo);
@@ -37,7 +42,7 @@ std::string_view fonte(modello::Record record, std::string_view codice, std::int
   return {};
 }
 
-void decodificaCelle(std::string_view linea, std::int32_t anno, std::vector<std::string>& testi) {
+void decodificaCelle(std::string_view linea, const Anno& anno, std::vector<std::string>& testi) {
   const modello::Record record = linea.front() == 'D' ? modello::Record::D : modello::Record::H;
   const bool primo =
       record == modello::Record::D || leadingInteger(campo(linea, posto(kTipoH, "Progressivo modulo"))) < 2;
@@ -45,7 +50,7 @@ void decodificaCelle(std::string_view linea, std::int32_t anno, std::vector<std:
   std::string valore;
   const auto chiudi = [&] {
     if (codice.empty()) return;
-    const std::string_view colonna = fonte(record, codice, modello::annoTracciato(anno), primo);
+    const std::string_view colonna = fonte(record, codice, anno, primo);
     aggiungi(testi, colonna.empty() ? codice : codice + " (" + std::string(colonna) + ")", valore);
   };
   for (std::size_t n = 0; n < kCelle; ++n) {
@@ -71,7 +76,8 @@ void decodificaQuadro(std::string_view linea, Tavola tavola, std::vector<std::st
 
 }  // namespace
 
-std::vector<std::string> decodifica(std::string_view linea, std::int32_t anno) {
+std::vector<std::string> decodifica(std::string_view linea, std::int32_t anno,
+                                    const modello::Modello& modello) {
   std::vector<std::string> testi;
   if (linea.size() != kRiga) return testi;
   switch (linea.front()) {
@@ -79,15 +85,15 @@ std::vector<std::string> decodifica(std::string_view linea, std::int32_t anno) {
       decodificaQuadro(linea, kTipoA, testi);
       break;
     case 'B':
-      for (const Tavola parte : modello::tipoB(anno)) decodificaQuadro(linea, parte, testi);
+      for (const Tavola parte : modello::tipoB(anno, modello)) decodificaQuadro(linea, parte, testi);
       break;
     case 'D':
       decodificaQuadro(linea, kTipoD, testi);
-      decodificaCelle(linea, anno, testi);
+      decodificaCelle(linea, {anno, modello}, testi);
       break;
     case 'H':
       decodificaQuadro(linea, kTipoH, testi);
-      decodificaCelle(linea, anno, testi);
+      decodificaCelle(linea, {anno, modello}, testi);
       break;
     case 'Z':
       decodificaQuadro(linea, kTipoZ, testi);

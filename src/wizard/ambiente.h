@@ -13,6 +13,7 @@
 #include "host/modi.h"
 #include "host/session.h"
 #include "host/settings.h"
+#include "modello/modello.h"
 
 namespace cu {
 
@@ -34,6 +35,7 @@ struct Ambiente {
   const ReportCatalogue& reports;
   // Called with each file and a connection that is not traced; may be empty.
   std::function<void(const FileCreato& file, Connection& connessione)> dopoFile = {};
+  const modello::Modello& modello = modello::kModello;  // the form of the files
 };
 
 }  // namespace cu

@@ -51,7 +51,9 @@ bool FrmWizard::fnEsegui(const Result<fornitura::Controllo>& controllo, LogGrid&
   if (!controllo) {
     schermo.setPointer(kPointerDefault);
     oLogGrid.show(0);
-    schermo.told("Il file telematico non è stato creato: mancano dei dati.");
+    schermo.told(fornitura::soloNonAttestati(controllo->mancanti)
+                     ? "Il file telematico non è stato creato: alcuni dati non sono del modello dell'anno."
+                     : "Il file telematico non è stato creato: mancano dei dati.");
     segnalaDatoMancante();
     return false;
   }

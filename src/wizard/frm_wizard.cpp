@@ -158,7 +158,8 @@ fornitura::Intorno FrmWizard::intorno() const {
           .files = ambiente_.files,
           .clock = ambiente_.clock,
           .avanzamento = ambiente_.frontEnd,
-          .visore = ambiente_.frontEnd};
+          .visore = ambiente_.frontEnd,
+          .modello = ambiente_.modello};
 }
 
 void FrmWizard::mostraRifiuto(const Finding& rifiuto) {

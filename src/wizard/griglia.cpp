@@ -54,8 +54,8 @@ void FrmWizard::sbModificaCompenso() {
   Recordset& righe = compensi_.rsCompensi();
   if (!righe.IsOpen() || righe.Eof() || righe.Bof()) return;
   const std::int32_t anno = ambiente_.utilita.toLong(KRNCboEsCont0.text());
-  const std::unique_ptr<Editor> editor =
-      fnCreaEditor(anno, {ambiente_.frontEnd, globali_, ambiente_.utilita, ambiente_.settings});
+  const std::unique_ptr<Editor> editor = fnCreaEditor(
+      anno, {ambiente_.frontEnd, globali_, ambiente_.utilita, ambiente_.settings, ambiente_.modello});
   const auto mostraTutte = [&] {
     righe.ClearFilter();
     grdCompensi.refresh();

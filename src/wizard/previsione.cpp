@@ -106,7 +106,7 @@ void FrmWizard::aggiornaPrevisione() {
   previsione_->riepilogo = fornitura::riepiloga(compensi_);
   // A database that does not answer now is not asked again after each event.
   try {
-    previsione_->dati = fornitura::prevedi(intorno(), compensi_.tabella());
+    previsione_->dati = fornitura::prevedi(intorno(), compensi_.tabella(), tipoComunicazione());
   } catch (const std::exception&) {
     previsione_->dati.sCodFisc = azienda().sCodFisc;
     previsione_->illeggibile = true;
@@ -117,7 +117,8 @@ DatiControllo FrmWizard::datiControllo() const {
   return {.dataFirma = dtDataFirma.entered(),
           .usoIntermediari = chkIntermediari.value(),
           .codiceFiscaleIntermediario = txtCodiceFiscale.text(),
-          .dataImpegno = dtDataImpegno.entered()};
+          .dataImpegno = dtDataImpegno.entered(),
+          .tipo = tipoComunicazione()};
 }
 
 Form::Fact FrmWizard::rilieviPrevisti() const {
@@ -125,7 +126,10 @@ Form::Fact FrmWizard::rilieviPrevisti() const {
   mancanti.insert(mancanti.end(), previsione_->dati.mancanti.begin(), previsione_->dati.mancanti.end());
   std::string testo;
   if (!mancanti.empty()) {
-    testo = conta(mancanti.size(), "dato manca", "dati mancano") +
+    const bool ci = fornitura::soloNonAttestati(mancanti);
+    testo = (ci ? conta(mancanti.size(), "dato non è del modello dell'anno",
+                        "dati non sono del modello dell'anno")
+                : conta(mancanti.size(), "dato manca", "dati mancano")) +
             (mancanti.size() == 1 ? ": Avvia lo segnala e non crea il file. "
                                   : ": Avvia li elenca e non crea il file. Il primo: ") +
             mancanti.front().messaggio;

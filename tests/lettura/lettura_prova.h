@@ -42,7 +42,8 @@ class DueLuoghi : public Luoghi {
 // A file put together by positions, as the layout prints them; positions count from 1.
 class FileDiProva {
  public:
-  explicit FileDiProva(std::string codice = "CUR18") {
+  // `pubblicato`: record B of the forms from CU 2021 on.
+  explicit FileDiProva(std::string codice = "CUR18", bool pubblicato = false) {
     std::string a = riga('A');
     metti(a, 16, codice);
     metti(a, 21, "01");
@@ -60,6 +61,12 @@ class FileDiProva {
       metti(b, 321, "BRTNNA68D52L781K");
       metti(b, 337, "01");
       metti(b, 383, "00000000000");
+    } else if (pubblicato) {
+      metti(b, 309, "00");
+      metti(b, 311, "BRTNNA68D52L781K");
+      metti(b, 327, "01");
+      metti(b, 373, "00000000000");
+      if (codice != "CUR21") metti(b, 527, "0");
     } else {
       metti(b, 309, "0");
       metti(b, 310, "BRTNNA68D52L781K");

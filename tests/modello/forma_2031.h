@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -8,19 +9,28 @@
 
 namespace cu::test {
 
-// The form as a future year may have it: one more box in every module, one less, and its own code for sums
-// not subject to withholding. The years between have the newest form.
+// The form as a future year may have it behind that of 2017: one more box in every module, one less, and its
+// own code for sums not subject to withholding. The years between have the form of 2017.
 inline constexpr std::int32_t kAnnoNuovo = 2031;
 inline constexpr std::string_view kColonnaNuova = "NuovaIndennita";
 inline constexpr std::int32_t kNumeroNuovo = 140;
 inline constexpr std::string_view kColonnaTolta = "AltreIndennitaRitenuteOperate2";
 inline constexpr std::int32_t kNumeroTolto = 138;
 
+constexpr bool nota2017(const modello::Campo& campo) {
+  return campo.anni.primo <= modello::kModello.noti.ultimo;
+}
+
 inline constexpr auto kCampi2031 = [] {
-  std::array<modello::Campo, modello::kCampi.size() + 1> campi{};
-  for (std::size_t i = 0; i < modello::kCampi.size(); ++i) {
-    campi.at(i) = modello::kCampi.at(i);
-    if (campi.at(i).colonna == kColonnaTolta) campi.at(i).anni.ultimo = kAnnoNuovo - 1;
+  constexpr auto kNoti = std::count_if(modello::kCampi.begin(), modello::kCampi.end(), nota2017);
+  std::array<modello::Campo, kNoti + 1> campi{};
+  std::size_t quanti = 0;
+  for (const modello::Campo& campo : modello::kCampi) {
+    if (!nota2017(campo)) continue;
+    campi.at(quanti) = campo;
+    modello::Anni& anni = campi.at(quanti++).anni;
+    if (anni.ultimo > modello::kModello.noti.ultimo) anni.ultimo = modello::kTutti.ultimo;
+    if (campo.colonna == kColonnaTolta) anni.ultimo = kAnnoNuovo - 1;
   }
   campi.back() = {modello::Quadro::Autonomo,
                   kNumeroNuovo,

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
 #include <vector>
 
 #include "modello/coerenza.h"
@@ -26,6 +27,66 @@ TEST(Years, InTheFileFollowTheNewestOnlyBehindIt) {
   EXPECT_EQ(annoTracciato(2014), 2014);
   EXPECT_EQ(annoTracciato(2017), 2017);
   EXPECT_EQ(annoTracciato(2018), 2017);
+}
+
+TEST(Years, AreTheirOwnInThePublishedForms) {
+  for (std::int32_t anno = 2014; anno <= 2025; ++anno) {
+    EXPECT_EQ(annoDisposizione(anno, kModelloPubblicato), anno);
+    EXPECT_EQ(annoTracciato(anno, kModelloPubblicato), anno);
+  }
+  EXPECT_EQ(annoTracciato(2026, kModelloPubblicato), 2025);
+  EXPECT_EQ(annoTracciato(2025), 2017);
+}
+
+TEST(Years, ShareTheirBoxesUpTo2018) {
+  for (std::int32_t anno = 2013; anno <= 2018; ++anno) {
+    for (const Campo& campo : kCampi) {
+      EXPECT_EQ(campo.anni.comprende(annoTracciato(anno)),
+                campo.anni.comprende(annoTracciato(anno, kModelloPubblicato)))
+          << anno << " " << campo.colonna;
+    }
+  }
+}
+
+// Of a published form no code is taken for granted.
+TEST(Years, HaveNoCodeOfSumsNotSubjectFrom2019On) {
+  EXPECT_EQ(codiceNonSoggetti(2018, kModelloPubblicato), "7");
+  for (std::int32_t anno = 2019; anno <= 2030; ++anno) {
+    EXPECT_EQ(codiceNonSoggetti(anno, kModelloPubblicato), "") << anno;
+    EXPECT_TRUE(codiceDaScegliere(anno, kModelloPubblicato)) << anno;
+    EXPECT_EQ(codiceNonSoggetti(anno), "7") << anno;
+    EXPECT_FALSE(codiceDaScegliere(anno)) << anno;
+  }
+}
+
+int numeroDi(std::string_view colonna, std::int32_t anno, Record dove = Record::H) {
+  const Trovato trovato = trova(kModelloPubblicato, dove, colonna, anno, true);
+  return trovato.campo == nullptr ? 0 : trovato.campo->numero;
+}
+
+TEST(PublishedBoxes, OfAForeignPayeeMoveIn2024) {
+  for (const std::int32_t anno : {2019, 2023}) {
+    EXPECT_EQ(numeroDi("Indirizzo", anno, Record::D), 42) << anno;
+    EXPECT_EQ(numeroDi("NonResidenteSchumacker", anno, Record::D), 43) << anno;
+    EXPECT_EQ(numeroDi("PrefissoInternazionaleRes", anno, Record::D), 44) << anno;
+  }
+  for (const std::int32_t anno : {2024, 2025}) {
+    EXPECT_EQ(numeroDi("ComuneRes", anno, Record::D), 41) << anno;
+    EXPECT_EQ(numeroDi("Indirizzo", anno, Record::D), 43) << anno;
+    EXPECT_EQ(numeroDi("NonResidenteSchumacker", anno, Record::D), 0) << anno;
+    EXPECT_EQ(numeroDi("PrefissoInternazionaleRes", anno, Record::D), 45) << anno;
+  }
+}
+
+TEST(PublishedBoxes, EndWithTheLastYearForWhichTheyAreAttested) {
+  EXPECT_EQ(numeroDi("RitenuteRimborsate", 2023), 21);
+  EXPECT_EQ(numeroDi("RitenuteRimborsate", 2024), 0);
+  EXPECT_EQ(numeroDi("SommeCorrispostePreFallimento", 2023), 41);
+  EXPECT_EQ(numeroDi("SommeCorrispostePreFallimento", 2024), 0);
+  EXPECT_EQ(numeroDi("IndennitaEsproprioSommeCorrisposte1", 2021), 131);
+  EXPECT_EQ(numeroDi("IndennitaEsproprioSommeCorrisposte1", 2022), 0);
+  EXPECT_EQ(numeroDi("PignoramentoTerziSommeErogate1", 2025), 102);
+  EXPECT_EQ(numeroDi("AltriSoggettiImponibile", 2025), 53);
 }
 
 TEST(Years, HaveACodeOfSumsNotSubjectOfTheirOwn) {

@@ -39,6 +39,8 @@ documents = "/home/utente/Documenti"
 settings = "conf/settings.toml"
 [printing]
 engine = "record"
+[telematic]
+forms = "published"
 [trace]
 sql = "trace.sql"
 )";
@@ -115,6 +117,7 @@ TEST(Profilo, EveryKeyIsRead) {
   EXPECT_EQ(profilo.documenti, "/home/utente/Documenti");
   EXPECT_EQ(profilo.impostazioni, "/cartella/conf/settings.toml");
   EXPECT_EQ(profilo.stampa, Profilo::MotoreStampa::Registro);
+  EXPECT_TRUE(profilo.moduliPubblicati);
   EXPECT_EQ(profilo.traccia, "/cartella/trace.sql");
 }
 
@@ -128,6 +131,9 @@ TEST(Profilo, OptionalKeysHaveTheirDefaults) {
   EXPECT_TRUE(profilo.database.cifrata);
   EXPECT_EQ(profilo.database.secondiAccesso, 15);
   EXPECT_EQ(profilo.database.secondiIstruzione, 600);
+  EXPECT_FALSE(profilo.moduliPubblicati);
+  EXPECT_FALSE(analizza(con("forms = \"published\"", "forms = \"fixed\"")).moduliPubblicati);
+  EXPECT_FALSE(analizza(con("forms = \"published\"", "")).moduliPubblicati);
   EXPECT_EQ(profilo.stampa, Profilo::MotoreStampa::Pdf);
   EXPECT_EQ(profilo.traccia, "");
   EXPECT_TRUE(profilo.sessione.processi.empty());
@@ -196,7 +202,7 @@ TEST(Profilo, AMisspeltKeyIsNamedWithTheNamesThatExist) {
   EXPECT_THAT(errore(con("sql = \"trace.sql\"", "file = \"x\"")), HasSubstr("trace.file"));
   EXPECT_EQ(errore(std::string(kCompleto) + "[stampe]\n"),
             "prova.toml: stampe: chiave sconosciuta, atteso uno di questi nomi: session, database, currency, "
-            "folders, printing, trace");
+            "folders, printing, telematic, trace");
 }
 
 TEST(Profilo, AWrongTypeIsRefused) {
@@ -217,6 +223,7 @@ TEST(Profilo, AWrongTypeIsRefused) {
       {"encrypt = false", "encrypt = \"no\"", "database.encrypt: tipo sbagliato, atteso true o false"},
       {"login_timeout = 3", "login_timeout = 3.5", "database.login_timeout: tipo sbagliato"},
       {"decimals = true", "decimals = 2", "currency.decimals: tipo sbagliato, atteso true o false"},
+      {"forms = \"published\"", "forms = 2021", "telematic.forms: tipo sbagliato, atteso un testo"},
       {"engine = \"record\"", "engine = true", "printing.engine: tipo sbagliato, atteso un testo"},
       {"sql = \"trace.sql\"", "sql = []", "trace.sql: tipo sbagliato, atteso un testo"},
   };
@@ -241,6 +248,8 @@ TEST(Profilo, AValueOutOfItsRangeIsRefused) {
               HasSubstr("currency.thousands: valore"));
   EXPECT_THAT(errore(con("engine = \"record\"", "engine = \"PDF\"")),
               HasSubstr("printing.engine: valore non ammesso, atteso \"pdf\" oppure \"record\""));
+  EXPECT_THAT(errore(con("forms = \"published\"", "forms = \"2021\"")),
+              HasSubstr("telematic.forms: valore non ammesso, atteso \"fixed\" oppure \"published\""));
   EXPECT_THAT(errore(con("settings = \"conf/settings.toml\"", "settings = \"\"")),
               HasSubstr("folders.settings: valore non ammesso, atteso un percorso"));
 }

@@ -16,7 +16,7 @@ class Impianto {
       : surroundings_(profilo, schermo, std::move(impaginatore)),
         programma_(Ambiente{schermo, surroundings_.factory(), surroundings_.utilita(),
                             surroundings_.settings(), surroundings_.clock(), surroundings_.files(),
-                            surroundings_.stampe(), std::move(dopoFile)}) {}
+                            surroundings_.stampe(), std::move(dopoFile), surroundings_.modello()}) {}
 
   ModMain& programma() { return programma_; }
   bool avvioRifiutato() const { return surroundings_.avvioRifiutato(); }

@@ -42,7 +42,8 @@ fornitura::Intorno SessioneComando::intorno() {
           .files = surroundings_.files(),
           .clock = surroundings_.clock(),
           .avanzamento = terminale_,
-          .visore = terminale_};
+          .visore = terminale_,
+          .modello = surroundings_.modello()};
 }
 
 // Any error here ends the clean-up silently; the remaining steps are skipped.

@@ -4,12 +4,14 @@
 #include <utility>
 
 #include "apps/comune/connessioni.h"
+#include "apps/comune/modello_del_profilo.h"
 #include "archive/ricostruzione.h"
 
 namespace cu {
 
 Surroundings::Surroundings(const Profilo& profilo, FrontEnd& schermo, CreaImpaginatore impaginatore)
-    : orologio_(orologio(profilo)),
+    : modello_(modelloDi(profilo)),
+      orologio_(orologio(profilo)),
       impostazioni_(profilo.impostazioni, files_,
                     [](const std::string& avviso) { std::cerr << avviso << '\n'; }),
       utilita_(schermo, profilo.documenti),
@@ -28,7 +30,7 @@ FornitoriSuite Surroundings::fornitori(const Profilo& profilo, FrontEnd& schermo
 
 Impaginatore& Surroundings::impaginatore(FrontEnd& schermo) {
   if (!impaginatore_) {
-    impaginatore_ = creaImpaginatore_(ReportSurroundings{schermo, fileStampe_, *orologio_, "cuwizard"});
+    impaginatore_ = creaImpaginatore_(ReportSurroundings{schermo, fileStampe_, *orologio_, "cuwizard", modello_});
   }
   return *impaginatore_;
 }

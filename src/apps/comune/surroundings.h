@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "impaginazione/impaginazione.h"
+#include "modello/modello.h"
 #include "suite/catalogo_stampe.h"
 #include "suite/fabbrica.h"
 #include "suite/file_system.h"
@@ -27,12 +28,14 @@ class Surroundings {
   Settings& settings() { return impostazioni_; }
   UtilitaSuite& utilita() { return utilita_; }
   HostFactory& factory() { return fabbrica_; }
+  const modello::Modello& modello() const { return modello_; }
   bool avvioRifiutato() const { return fabbrica_.avvioRifiutato(); }
 
  private:
   FornitoriSuite fornitori(const Profilo& profilo, FrontEnd& schermo);
   Impaginatore& impaginatore(FrontEnd& schermo);
 
+  const modello::Modello& modello_;
   std::unique_ptr<Clock> orologio_;
   FileSystemPiattaforma files_;
   CatalogoStampe stampe_;

@@ -65,6 +65,10 @@ struct OpzioniStatus {
 };
 int comandoStatus(const OpzioniStatus& opzioni);
 
-int comandoUpgrade(const OpzioniDatabase& opzioni);
+struct OpzioniUpgrade {
+  OpzioniDatabase database;
+  bool codici = false;  // of the forms from 2019 on
+};
+int comandoUpgrade(const OpzioniUpgrade& opzioni);
 
 }  // namespace cu

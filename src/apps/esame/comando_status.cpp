@@ -3,6 +3,7 @@
 #include <map>
 
 #include "apps/comune/codici_uscita.h"
+#include "apps/comune/modello_del_profilo.h"
 #include "apps/comune/terminale.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/json_confronto.h"
@@ -49,8 +50,8 @@ int comandoStatus(const OpzioniStatus& opzioni) {
   RegistroDelProfilo registro(profilo);
   Terminale terminale;
   const UtilitaItaliana utilita(terminale, profilo.documenti);
-  const std::vector<VoceStato> voci =
-      riscontro::statoEsercizio(*registro, {profilo.sessione.azienda, opzioni.anno}, utilita);
+  const std::vector<VoceStato> voci = riscontro::statoEsercizio(
+      *registro, {profilo.sessione.azienda, opzioni.anno, modelloDi(profilo)}, utilita);
   if (opzioni.json) {
     nlohmann::ordered_json lista = nlohmann::ordered_json::array();
     for (const VoceStato& voce : voci) lista.push_back(json(voce));

@@ -22,10 +22,9 @@ int comandoVerify(const OpzioniVerify& opzioni) {
     Terminale terminale;
     const UtilitaItaliana utilita(terminale, profilo.documenti);
     ListaConfronto lista(opzioni.json);
-    const auto esito =
-        confrontaConConti(file, *connessione, profilo.sessione.azienda, utilita, [&](const Coppia& coppia) {
-          lista.aggiungi(confrontata(coppia, kEsiti), detto(coppia.esito, kDetti), kParole);
-        });
+    const auto esito = confrontaConConti(file, *connessione, profilo, utilita, [&](const Coppia& coppia) {
+      lista.aggiungi(confrontata(coppia, kEsiti), detto(coppia.esito, kDetti), kParole);
+    });
     if (!esito) {
       std::cerr << opzioni.file << ": il record A non dice di quale anno è la fornitura.\n";
       return kRifiutato;

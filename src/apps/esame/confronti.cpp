@@ -1,5 +1,7 @@
 #include "apps/esame/confronti.h"
 
+#include "apps/comune/modello_del_profilo.h"
+
 namespace cu {
 namespace {
 
@@ -44,9 +46,9 @@ void confrontaFile(lettura::Sorgente& vecchio, lettura::Sorgente& nuovo, const R
 }
 
 std::optional<riscontro::EsitoVerifica> confrontaConConti(lettura::Sorgente& file, Connection& connessione,
-                                                          std::int32_t idAzienda, const Conversioni& utilita,
+                                                          const Profilo& profilo, const Conversioni& utilita,
                                                           const RiceviCoppia& ricevi) {
-  riscontro::ContiDelDatabase conti(connessione, idAzienda, utilita);
+  riscontro::ContiDelDatabase conti(connessione, profilo.sessione.azienda, utilita, modelloDi(profilo));
   return riscontro::verifica(file, conti, ricevi);
 }
 

@@ -81,7 +81,7 @@ DopoScrittura dopoScrittura(Connection& connessione, const Clock& orologio, cons
     const ElencoLuoghi luoghi;
     FileLetto sulDisco(file.percorso);
     LetturaSeguita letto(sulDisco, file.avanzamento);
-    dopo.rilievi = lettura::esamina(letto, &luoghi, presente ? &raccolta : nullptr).rilievi;
+    dopo.rilievi = lettura::esamina(letto, &luoghi, presente ? &raccolta : nullptr, &file.modello).rilievi;
     if (presente) registra(registro, orologio, file, raccolta);
     dopo.registrato = presente;
   } catch (const std::exception& errore) {

@@ -8,6 +8,7 @@
 #include "host/modi.h"
 #include "host/progress.h"
 #include "lettura/rilievi.h"
+#include "modello/modello.h"
 
 namespace cu {
 
@@ -19,6 +20,7 @@ struct FileAppenaScritto {
   std::int32_t anno = 0;  // of the payments
   std::int32_t idAzienda = 0;
   ProgressSink* avanzamento = nullptr;
+  const modello::Modello& modello = modello::kModello;
 };
 
 struct DopoScrittura {

@@ -6,9 +6,11 @@
 #include "apps/comune/sessione_comando.h"
 #include "apps/esame/impronta.h"
 #include "apps/esame/registro_del_profilo.h"
+#include "archive/codici_pubblicati.h"
 #include "archive/schema.h"
 #include "base/text.h"
 #include "data/transazione.h"
+#include "schede/conteggio.h"
 #include "suite/orologio.h"
 
 namespace cu {
@@ -19,6 +21,21 @@ std::size_t aggiungiTabelle(const Profilo::Database& database) {
   const std::size_t create = creaRegistro(*connessione);
   transazione.conferma();
   return create;
+}
+
+Result<std::size_t> aggiungiCodici(const Profilo::Database& database) {
+  const auto connessione = apriConnessione(database);
+  if (!schede::archivioProprio(*connessione)) {
+    return Result<std::size_t>::refused({"archivio-altrui",
+                                         "Il database non è stato creato da questo programma: le sue causali "
+                                         "e i suoi codici sono della suite, "
+                                         "che li aggiorna.",
+                                         ""});
+  }
+  Transazione transazione(*connessione);
+  const std::size_t aggiunti = aggiungiCodiciPubblicati(*connessione);
+  transazione.conferma();
+  return aggiunti;
 }
 
 namespace {
@@ -134,9 +151,10 @@ EsitoCorreggi correggi(const Profilo& profilo, const RichiestaCorreggi& richiest
          .continua = richiesta.continua,
          .scritto =
              [&](const riscontro::FileCorretto& file) {
-               fatto.file.push_back({file, dopoScrittura(propria, surroundings.clock(),
-                                                         {file.percorso, file.tipo, richiesta.anno,
-                                                          profilo.sessione.azienda, &terminale})});
+               fatto.file.push_back(
+                   {file, dopoScrittura(propria, surroundings.clock(),
+                                        {file.percorso, file.tipo, richiesta.anno, profilo.sessione.azienda,
+                                         &terminale, intorno.modello})});
              }});
     if (!esito->mancanti.empty()) {
       const auto log = surroundings.factory().createLogGrid();

@@ -20,6 +20,10 @@ namespace cu {
 // Adds the missing tables to a database; returns how many.
 std::size_t aggiungiTabelle(const Profilo::Database& database);
 
+// Adds the reasons and codes of the forms from 2019 on to the lists of a database of this program; returns
+// how many. Refused for any other database, whose lists are not this program's.
+Result<std::size_t> aggiungiCodici(const Profilo::Database& database);
+
 struct EsitoInvio {
   bool riuscito = false;
   std::string testo;                      // Italian, a sentence

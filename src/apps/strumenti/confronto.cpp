@@ -23,12 +23,12 @@ constexpr std::string_view kFirma = "DA003";
 bool diRecordD(const std::string& codice) { return codice.starts_with("DA"); }
 
 std::vector<CasellaConfrontata> tutte(lettura::Certificato certificato, bool vecchio, bool nuovo,
-                                      std::int32_t anno) {
+                                      std::int32_t anno, const modello::Modello& modello) {
   // Modules are compared by their places, whatever numbers the file gives them.
   int posto = 0;
   for (lettura::Modulo& modulo : certificato.moduli) modulo.numero = ++posto;
   std::vector<CasellaConfrontata> caselle;
-  for (const CasellaMostrata& una : caselleDi(certificato, anno)) {
+  for (const CasellaMostrata& una : caselleDi(certificato, anno, modello)) {
     if (una.codice.starts_with(kFirma)) continue;
     caselle.push_back({una.modulo, una.codice, una.nome, vecchio ? una.testo : std::string(),
                        nuovo ? una.testo : std::string(), false});
@@ -100,11 +100,10 @@ Confronto Confronto::conConti(const std::string& file, const Profilo& profilo,
   LettoConAvanzamento letto(file, avanza, "Confronto: il file");
   Terminale terminale;
   const UtilitaItaliana utilita(terminale, profilo.documenti);
-  const auto esito =
-      confrontaConConti(letto, *connessione, profilo.sessione.azienda, utilita, [&](const Coppia& coppia) {
-        confronto.aggiungi(coppia);
-        avanza("Confronto: certificazioni", confronto.righe_.size(), 0);
-      });
+  const auto esito = confrontaConConti(letto, *connessione, profilo, utilita, [&](const Coppia& coppia) {
+    confronto.aggiungi(coppia);
+    avanza("Confronto: certificazioni", confronto.righe_.size(), 0);
+  });
   if (esito && !esito->testate.empty()) {
     confronto.testateDiverse_ = true;
     confronto.righe_.insert(confronto.righe_.begin(),
@@ -182,18 +181,20 @@ std::vector<CasellaConfrontata> Confronto::caselle(std::size_t quale) const {
     return campi;
   }
   const std::int32_t anno = vecchio_->anno().value_or(nuovo_ ? nuovo_->anno().value_or(0) : 0);
+  const modello::Modello& modello = vecchio_->modello();
   if (riga.esito == EsitoConfronto::SoloNuovo) {
-    return tutte(riga.conto ? *riga.conto : nuovo_->rileggi(riga.nuovo.value()), false, true, anno);
+    return tutte(riga.conto ? *riga.conto : nuovo_->rileggi(riga.nuovo.value()), false, true, anno, modello);
   }
   const bool anche = riga.esito != EsitoConfronto::SoloVecchio;
-  std::vector<CasellaConfrontata> caselle = tutte(vecchio_->rileggi(riga.vecchio.value()), true, anche, anno);
+  std::vector<CasellaConfrontata> caselle =
+      tutte(vecchio_->rileggi(riga.vecchio.value()), true, anche, anno, modello);
   for (const lettura::CasellaDiversa& diversa : riga.caselle) {
     const int modulo = diRecordD(diversa.campo) ? 0 : diversa.modulo;
     auto trovata = std::find_if(caselle.begin(), caselle.end(), [&](const CasellaConfrontata& una) {
       return una.codice == diversa.campo && una.modulo == modulo;
     });
     if (trovata == caselle.end()) {
-      caselle.push_back({modulo, diversa.campo, nomeCasella(diversa.campo, anno), {}, {}, false});
+      caselle.push_back({modulo, diversa.campo, nomeCasella(diversa.campo, anno, modello), {}, {}, false});
       trovata = caselle.end() - 1;
     }
     trovata->vecchio = diversa.vecchio;

@@ -12,6 +12,7 @@
 #include "apps/strumenti/natura_file.h"
 #include "base/text.h"
 #include "base/windows1252.h"
+#include "modello/riconoscimento.h"
 
 namespace cu::strumenti {
 namespace {
@@ -253,6 +254,11 @@ Certificato FileEsaminato::rileggi(std::size_t certificato) const {
   uno.primo.riga += scarto;
   for (lettura::Modulo& modulo : uno.primo.moduli) modulo.riga += scarto;
   return uno.primo;
+}
+
+const modello::Modello& FileEsaminato::modello() const {
+  if (!anno() || sostituti_.empty()) return modello::kModello;
+  return modello::modelloDelRecordB(*anno(), a1252(sostituti_.front().testo));
 }
 
 std::string intestazione(const FileEsaminato& file) {

@@ -69,6 +69,8 @@ class FileEsaminato {
   // A sentence where the file is something else than a telematic file, which then has no findings.
   const std::string& estraneo() const { return estraneo_; }
   std::optional<std::int32_t> anno() const { return esito_.fornitura.annoFiscale; }
+  // The form of the file, by its first record B.
+  const modello::Modello& modello() const;
 
   // The certificate to whose lines the line belongs.
   std::optional<std::size_t> certificatoDi(std::int64_t riga) const;

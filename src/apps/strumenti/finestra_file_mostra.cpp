@@ -109,7 +109,7 @@ void FinestraFile::mostraCertificato(std::optional<std::size_t> quale) {
   if (quale_ && file_ != nullptr) {
     try {
       certificato_ = file_->rileggi(*quale_);
-      caselleMostrate_ = caselleDi(*certificato_, file_->anno().value_or(0));
+      caselleMostrate_ = caselleDi(*certificato_, file_->anno().value_or(0), file_->modello());
     } catch (const std::exception& raccolto) {
       errore = QString::fromUtf8(raccolto.what());
     }
@@ -275,8 +275,9 @@ void FinestraFile::mostraSegno() {
   constexpr double kPunti = 72 / 25.4;  // in a millimetre
   const reporting::Box& dove = posto->place;
   const QRectF riquadro(dove.x * kPunti, dove.y * kPunti, dove.width * kPunti, dove.height * kPunti);
-  const QString nome = QStringLiteral("Casella segnata: ") +
-                       qs(segno_->codice + " " + nomeCasella(segno_->codice, file_->anno().value_or(0)));
+  const QString nome =
+      QStringLiteral("Casella segnata: ") +
+      qs(segno_->codice + " " + nomeCasella(segno_->codice, file_->anno().value_or(0), file_->modello()));
   pagine.setMark(desktop::Pages::Mark{segno_->pagina, riquadro, nome});
 }
 

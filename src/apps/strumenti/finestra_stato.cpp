@@ -8,6 +8,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include "apps/comune/modello_del_profilo.h"
 #include "apps/strumenti/frase.h"
 #include "apps/strumenti/modulo_disegnato.h"
 #include "apps/strumenti/ricerca.h"
@@ -145,7 +146,9 @@ void FinestraStato::componiTabelle(QSplitter& divisore) {
        {"accettato", "Accettato", [casella](std::size_t q) { return qs(casella(q).vecchio); }},
        {"conti", "Nei conti", [casella](std::size_t q) { return qs(casella(q).nuovo); }},
        {"nome", "Casella",
-        [this, casella](std::size_t q) { return qs(nomeCasella(casella(q).campo, stato_->anno)); }}},
+        [this, casella](std::size_t q) {
+          return qs(nomeCasella(casella(q).campo, stato_->anno, modelloDi(profilo_)));
+        }}},
       sotto);
   colonna->addWidget(caselle_, 1);
   divisore.addWidget(sotto);

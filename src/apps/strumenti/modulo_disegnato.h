@@ -24,8 +24,10 @@ struct CasellaMostrata {
   std::string nome;  // of the box; "" where the form of the year does not have it
   std::string testo;
 };
-std::vector<CasellaMostrata> caselleDi(const lettura::Certificato& certificato, std::int32_t anno);
+std::vector<CasellaMostrata> caselleDi(const lettura::Certificato& certificato, std::int32_t anno,
+                                       const modello::Modello& modello = modello::kModello);
 // "AU001004" is "4 - Ammontare lordo corrisposto".
-std::string nomeCasella(const std::string& codice, std::int32_t anno);
+std::string nomeCasella(const std::string& codice, std::int32_t anno,
+                        const modello::Modello& modello = modello::kModello);
 
 }  // namespace cu::strumenti

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "apps/comune/connessioni.h"
+#include "apps/comune/modello_del_profilo.h"
 #include "apps/comune/terminale.h"
 #include "apps/esame/registro_del_profilo.h"
 #include "data/recordset.h"
@@ -62,7 +63,7 @@ StatoLetto leggiStato(const Profilo& profilo, std::optional<std::int32_t> anno,
     if (avanza) avanza("Lettura dei conti", conti);
   };
   for (riscontro::VoceStato& voce :
-       riscontro::statoEsercizio(registro, {azienda, letto.anno}, utilita, letti)) {
+       riscontro::statoEsercizio(registro, {azienda, letto.anno, modelloDi(profilo)}, utilita, letti)) {
     ++letto.quante.at(static_cast<std::size_t>(voce.operazione));
     letto.voci.push_back(mostrata(std::move(voce)));
   }

@@ -1,0 +1,173 @@
+#include "telematic/attestazione.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <string_view>
+
+#include "base/text.h"
+#include "data/recordset.h"
+#include "host/conversioni.h"
+#include "liste/codici_per_anno.h"
+#include "modello/regole.h"
+#include "telematic/query_cu.h"
+
+namespace cu {
+namespace {
+
+using modello::Campo;
+using modello::Forma;
+using modello::Record;
+
+constexpr std::string_view kNonSoggetteModulo = "SommeNonSoggette";
+constexpr std::string_view kCodiceNonSoggette = "CodicePerNonSoggetti";
+
+bool pieno(const Recordset& riga, std::string_view colonna) {
+  const CellView cella = riga.Get(colonna);
+  switch (cella.type()) {
+    case ValueType::Text:
+      return !trim(cella.text()).empty();
+    case ValueType::Decimal:
+      return !cella.decimal().isZero();
+    default:
+      return !cella.isNull() && cella.flag();
+  }
+}
+
+// A box of the last of the earlier forms that the year's form does not have.
+bool manca(const modello::Modello& modello, const Campo& campo, std::int32_t anno, bool primo) {
+  const std::int32_t ultimo = modello::kModello.noti.ultimo;
+  if (campo.condizione == modello::Condizione::NonNelFile || !vale(campo, ultimo, primo)) return false;
+  return std::none_of(modello.campi.begin(), modello.campi.end(), [&](const Campo& altro) {
+    return altro.colonna == campo.colonna && altro.quadro == campo.quadro && vale(altro, anno, primo);
+  });
+}
+
+class Esame {
+ public:
+  Esame(Connection& connessione, const Conversioni& utilita, const DaAttestare& lavoro)
+      : connessione_(connessione), utilita_(utilita), lavoro_(lavoro) {}
+
+  std::vector<DatoMancante> esegui() {
+    Recordset righe;
+    righe.Open(connessione_, utilita_.fnAnsi2jet(telematico::queryPrincipale(lavoro_.tabella)));
+    for (; !righe.Eof(); righe.MoveNext()) {
+      anno_ = static_cast<std::int32_t>(righe.Get("Anno").integer());
+      if (!modello::codiceDaScegliere(anno_, lavoro_.modello)) continue;
+      if (anno_ > lavoro_.modello.noti.ultimo) {
+        annoIgnoto();
+        return std::move(trovati_);
+      }
+      riga(righe);
+    }
+    return std::move(trovati_);
+  }
+
+ private:
+  std::string delModello() const { return "nel modello dei compensi del " + fromInteger(anno_); }
+
+  void annoIgnoto() {
+    trovati_.push_back({"Anno", "Generico", "", "",
+                        "Il modello dei compensi del " + fromInteger(anno_) + " (CU " +
+                            fromInteger(anno_ + 1) + ") non è noto: l'ultimo è quello del " +
+                            fromInteger(lavoro_.modello.noti.ultimo) + ".",
+                        std::string(kNonAttestato)});
+  }
+
+  void trovato(std::string campo, std::string messaggio) {
+    trovati_.push_back({std::move(campo), "Percipiente", chi_, codiceFiscale_, std::move(messaggio),
+                        std::string(kNonAttestato)});
+  }
+
+  void riga(Recordset& righe) {
+    chi_ = std::string(
+        trim(utilita_.toText(righe.Get("Anagrafica")) + " " + utilita_.toText(righe.Get("Nome"))));
+    codiceFiscale_ = utilita_.toText(righe.Get("CodiceFiscale"));
+    causale_ = std::string(trim(righe.Get("Codice").toText()));
+    caselle(righe, Record::D, true);
+    if (lavoro_.tipo == Comunicazione::Annullamento) return;  // it has no amounts
+    causale();
+    somme(righe, pieno(righe, "SommeNonSoggetteARitenuta") || pieno(righe, "QuotaProvvigioniNonSoggette"),
+          "");
+    caselle(righe, Record::H, true);
+    Recordset moduli;
+    moduli.Open(connessione_,
+                utilita_.fnAnsi2jet(telematico::queryModuli(
+                    righe.Get("Anno").integer(), righe.Get("IDAnagrafica").integer(),
+                    righe.Get("IDAzienda").integer(), righe.Get("IDCausalePagamento").integer())));
+    for (int numero = 2; !moduli.Eof(); moduli.MoveNext(), ++numero) {
+      somme(moduli, pieno(moduli, kNonSoggetteModulo), " del modulo " + fromInteger(numero));
+      caselle(moduli, Record::H, false);
+    }
+  }
+
+  void causale() {
+    constexpr std::int32_t kPrimoSport = 2023;
+    if (modello::haAddizionali(causale_) && anno_ >= kPrimoSport) {
+      trovato("Causale", "La causale " + causale_ +
+                             " (sport dilettantistico, cori e bande) non è attestata " + delModello() +
+                             ": dal luglio 2023 la riforma dello sport l'ha divisa.");
+      return;
+    }
+    const CodiciPerAnno& note = causaliPerAnno();
+    if (anno_ >= kPrimoSport && causale_.size() == 2 && causale_.front() == 'N') {
+      trovato("Causale", "La causale " + causale_ + " (sport) non è attestata " + delModello() + ".");
+    } else if (!note.ammesso(causale_, anno_)) {
+      trovato("Causale",
+              "La causale " + causale_ + " non è " + delModello() + ", che ha " + note.elencoDi(anno_) + ".");
+    }
+  }
+
+  void somme(const Recordset& righe, bool presenti, const std::string& modulo) {
+    const CodiciPerAnno& noti = codiciNonSoggettiPerAnno();
+    const std::string codice(trim(righe.Get(kCodiceNonSoggette).toText()));
+    const std::string elenco =
+        (noti.completo(anno_) ? " sono: " : " sono, fra altri: ") + noti.elencoDi(anno_) + ".";
+    if (codice.empty()) {
+      if (presenti) {
+        trovato("Codice per non soggetti", "Manca il codice delle somme non soggette" + modulo +
+                                               " (casella 6). I codici " + delModello() + elenco);
+      }
+      return;
+    }
+    if (noti.ammesso(codice, anno_)) return;
+    trovato("Codice per non soggetti", "Il codice " + codice + " delle somme non soggette" + modulo +
+                                           " (casella 6) non è " + delModello() + ". I codici" + elenco);
+  }
+
+  void caselle(const Recordset& righe, Record dove, bool primo) {
+    for (const Campo& campo : lavoro_.modello.campi) {
+      if (record(campo.quadro) != dove || !manca(lavoro_.modello, campo, anno_, primo)) continue;
+      if (campo.condizione == modello::Condizione::Schumacker) {
+        if (pieno(righe, "NonResidente") && pieno(righe, campo.colonna)) {
+          trovato("Non residente Schumacker",
+                  "Un percipiente non residente Schumacker non si può certificare: la sua casella non è "
+                  "attestata " +
+                      delModello() + ".");
+        }
+      } else if (pieno(righe, campo.colonna)) {
+        trovato("Casella " + fromInteger(campo.numero), "La casella " + fromInteger(campo.numero) +
+                                                            " è compilata, ma non è attestata " +
+                                                            delModello() + ".");
+      }
+    }
+  }
+
+  Connection& connessione_;
+  const Conversioni& utilita_;
+  const DaAttestare& lavoro_;
+  std::int32_t anno_ = 0;
+  std::string chi_;
+  std::string codiceFiscale_;
+  std::string causale_;
+  std::vector<DatoMancante> trovati_;
+};
+
+}  // namespace
+
+std::vector<DatoMancante> nonAttestati(Connection& connessione, const Conversioni& utilita,
+                                       const DaAttestare& lavoro) {
+  if (lavoro.modello.noti.ultimo < modello::kCodiceDaScegliere) return {};
+  return Esame(connessione, utilita, lavoro).esegui();
+}
+
+}  // namespace cu
