@@ -1,5 +1,6 @@
 #include "archive/archivio.h"
 
+#include "archive/codici_pubblicati.h"
 #include "archive/demo.h"
 #include "archive/riempi_liste.h"
 #include "archive/schema.h"
@@ -7,7 +8,8 @@
 
 namespace cu {
 
-void creaArchivio(Connection& connessione, ContenutoArchivio contenuto, const OpzioniGeneratore& opzioni) {
+void creaArchivio(Connection& connessione, ContenutoArchivio contenuto, const OpzioniGeneratore& opzioni,
+                  ModuliArchivio moduli) {
   if (contenuto == ContenutoArchivio::Sintetico) controlla(opzioni);
   if (contieneSuite(connessione)) {
     throw ArchivioEsistente(
@@ -19,6 +21,10 @@ void creaArchivio(Connection& connessione, ContenutoArchivio contenuto, const Op
   creaRegistro(connessione);
   creaMarca(connessione);
   riempiListe(connessione);
+  if (moduli == ModuliArchivio::Pubblicati) {
+    static_cast<void>(aggiungiCodiciPubblicati(connessione));
+    segnaModuliPubblicati(connessione);
+  }
   switch (contenuto) {
     case ContenutoArchivio::Vuoto:
       break;

@@ -17,10 +17,13 @@ class ArchivioEsistente : public std::runtime_error {
 
 enum class ContenutoArchivio { Vuoto, Dimostrativo, Sintetico };
 
+// The forms whose codes an archive is created with. One for the published forms is marked as such.
+enum class ModuliArchivio { DiAllora, Pubblicati };
+
 // Creates the suite's archive in an empty database, in one transaction: schema, lists, and the company
 // requested (`opzioni` is used only for a synthetic one). Raises ArchivioEsistente, DatabaseError,
 // std::invalid_argument.
-void creaArchivio(Connection& connessione, ContenutoArchivio contenuto,
-                  const OpzioniGeneratore& opzioni = {});
+void creaArchivio(Connection& connessione, ContenutoArchivio contenuto, const OpzioniGeneratore& opzioni = {},
+                  ModuliArchivio moduli = ModuliArchivio::DiAllora);
 
 }  // namespace cu

@@ -1,6 +1,7 @@
 #include "archive/codici_pubblicati.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <set>
 #include <string>
 #include <string_view>
@@ -10,6 +11,7 @@
 #include "data/inserimento.h"
 #include "data/recordset.h"
 #include "liste/codici_per_anno.h"
+#include "schede/conteggio.h"
 
 namespace cu {
 namespace {
@@ -62,7 +64,21 @@ std::size_t aggiungi(Connection& connessione, const ListaAperta& lista, const Co
   return inserimento.righe();
 }
 
+// The version of the mark of an own database.
+constexpr std::int64_t kVersionePubblicati = 2;
+
 }  // namespace
+
+void segnaModuliPubblicati(Connection& connessione) {
+  connessione.Execute("UPDATE CuArchivio SET Versione = " + fromInteger(kVersionePubblicati));
+}
+
+bool perModuliPubblicati(Connection& connessione) {
+  if (!schede::archivioProprio(connessione)) return false;
+  Recordset righe;
+  righe.Open(connessione, "SELECT MAX(Versione) FROM CuArchivio");
+  return !righe.Eof() && righe.Get(0).integer() >= kVersionePubblicati;
+}
 
 std::size_t aggiungiCodiciPubblicati(Connection& connessione) {
   return aggiungi(connessione,

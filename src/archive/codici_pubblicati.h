@@ -11,4 +11,8 @@ namespace cu {
 // caller's transaction. The lists of an installed suite are the suite's.
 std::size_t aggiungiCodiciPubblicati(Connection& connessione);
 
+// Marks an archive as made for these forms, and reads the mark; false for a database of others.
+void segnaModuliPubblicati(Connection& connessione);
+bool perModuliPubblicati(Connection& connessione);
+
 }  // namespace cu

@@ -16,7 +16,7 @@ std::string fnElencoCodici(std::int32_t anno, const modello::Modello& modello) {
   const bool completo = codici.completo(anno);
   std::string scelti;
   for (const std::string_view codice : codici.codici()) {
-    if (codici.ammesso(codice, anno) != completo) continue;
+    if ((codici.di(codice, anno) == Validita::Nota) != completo) continue;
     scelti += scelti.empty() ? "'" : ", '";
     scelti += std::string(codice) + "'";
   }

@@ -23,14 +23,9 @@ constexpr std::string_view kCodiceNonSoggette = "CodicePerNonSoggetti";
 
 bool pieno(const Recordset& riga, std::string_view colonna) {
   const CellView cella = riga.Get(colonna);
-  switch (cella.type()) {
-    case ValueType::Text:
-      return !trim(cella.text()).empty();
-    case ValueType::Decimal:
-      return !cella.decimal().isZero();
-    default:
-      return !cella.isNull() && cella.flag();
-  }
+  if (cella.type() == ValueType::Text) return !trim(cella.text()).empty();
+  if (cella.type() == ValueType::Decimal) return !cella.decimal().isZero();
+  return !cella.isNull() && cella.flag();
 }
 
 // A box of the last of the earlier forms that the year's form does not have.
@@ -41,6 +36,27 @@ bool manca(const modello::Modello& modello, const Campo& campo, std::int32_t ann
     return altro.colonna == campo.colonna && altro.quadro == campo.quadro && vale(altro, anno, primo);
   });
 }
+
+// The boxes of a record that are missing in a year.
+class CaselleMancanti {
+ public:
+  CaselleMancanti(Record dove, bool primo) : dove_(dove), primo_(primo) {}
+  const std::vector<const Campo*>& di(const modello::Modello& modello, std::int32_t anno) {
+    if (anno_ == anno) return campi_;
+    anno_ = anno;
+    campi_.clear();
+    for (const Campo& campo : modello.campi) {
+      if (record(campo.quadro) == dove_ && manca(modello, campo, anno, primo_)) campi_.push_back(&campo);
+    }
+    return campi_;
+  }
+
+ private:
+  Record dove_;
+  bool primo_;
+  std::int32_t anno_ = 0;
+  std::vector<const Campo*> campi_;
+};
 
 class Esame {
  public:
@@ -83,12 +99,12 @@ class Esame {
         trim(utilita_.toText(righe.Get("Anagrafica")) + " " + utilita_.toText(righe.Get("Nome"))));
     codiceFiscale_ = utilita_.toText(righe.Get("CodiceFiscale"));
     causale_ = std::string(trim(righe.Get("Codice").toText()));
-    caselle(righe, Record::D, true);
+    caselle(righe, inD_);
     if (lavoro_.tipo == Comunicazione::Annullamento) return;  // it has no amounts
     causale();
     somme(righe, pieno(righe, "SommeNonSoggetteARitenuta") || pieno(righe, "QuotaProvvigioniNonSoggette"),
           "");
-    caselle(righe, Record::H, true);
+    caselle(righe, inH_);
     Recordset moduli;
     moduli.Open(connessione_,
                 utilita_.fnAnsi2jet(telematico::queryModuli(
@@ -96,7 +112,7 @@ class Esame {
                     righe.Get("IDAzienda").integer(), righe.Get("IDCausalePagamento").integer())));
     for (int numero = 2; !moduli.Eof(); moduli.MoveNext(), ++numero) {
       somme(moduli, pieno(moduli, kNonSoggetteModulo), " del modulo " + fromInteger(numero));
-      caselle(moduli, Record::H, false);
+      caselle(moduli, inModuli_);
     }
   }
 
@@ -134,20 +150,19 @@ class Esame {
                                            " (casella 6) non è " + delModello() + ". I codici" + elenco);
   }
 
-  void caselle(const Recordset& righe, Record dove, bool primo) {
-    for (const Campo& campo : lavoro_.modello.campi) {
-      if (record(campo.quadro) != dove || !manca(lavoro_.modello, campo, anno_, primo)) continue;
-      if (campo.condizione == modello::Condizione::Schumacker) {
-        if (pieno(righe, "NonResidente") && pieno(righe, campo.colonna)) {
-          trovato("Non residente Schumacker",
-                  "Un percipiente non residente Schumacker non si può certificare: la sua casella non è "
-                  "attestata " +
-                      delModello() + ".");
-        }
-      } else if (pieno(righe, campo.colonna)) {
-        trovato("Casella " + fromInteger(campo.numero), "La casella " + fromInteger(campo.numero) +
-                                                            " è compilata, ma non è attestata " +
-                                                            delModello() + ".");
+  void caselle(const Recordset& righe, CaselleMancanti& mancanti) {
+    for (const Campo* const campo : mancanti.di(lavoro_.modello, anno_)) {
+      if (!pieno(righe, campo->colonna)) continue;
+      if (campo->condizione == modello::Condizione::Schumacker) {
+        if (!pieno(righe, "NonResidente")) continue;
+        trovato("Non residente Schumacker",
+                "Un percipiente non residente Schumacker non si può certificare: la sua casella non è "
+                "attestata " +
+                    delModello() + ".");
+      } else {
+        trovato("Casella " + fromInteger(campo->numero), "La casella " + fromInteger(campo->numero) +
+                                                             " è compilata, ma non è attestata " +
+                                                             delModello() + ".");
       }
     }
   }
@@ -155,6 +170,9 @@ class Esame {
   Connection& connessione_;
   const Conversioni& utilita_;
   const DaAttestare& lavoro_;
+  CaselleMancanti inD_{Record::D, true};
+  CaselleMancanti inH_{Record::H, true};
+  CaselleMancanti inModuli_{Record::H, false};
   std::int32_t anno_ = 0;
   std::string chi_;
   std::string codiceFiscale_;

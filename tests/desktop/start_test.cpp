@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -125,6 +126,47 @@ TEST(Start, NamesTheFiscalCodeOfACompanyAndTheYearUsedLast) {
             QStringLiteral("Bottega Lessinia Servizi S.r.l. - 04123450233 - anno 2015"));
   ricordaAnno(QStringLiteral("/altro.db"), 1, QStringLiteral("2014"));
   EXPECT_EQ(annoRicordato({}, 1), QStringLiteral("2015")) << "of each database its own";
+  QSettings().remove(QStringLiteral("avvio"));
+}
+
+QCheckBox* formsOf(const FinestraAvvio& window) { return window.findChild<QCheckBox*>(); }
+
+TEST(Start, OffersThePublishedFormsAndChoosesThemForAnArchiveOfItsOwn) {
+  const QTemporaryDir folder;
+  const CartelleAvvio folders = startFoldersIn(folder);
+  QSettings().remove(QStringLiteral("avvio"));
+  EXPECT_FALSE(formsOf(FinestraAvvio({}, folders))->isChecked()) << "of the demonstration database";
+  SceltaAvvio choice;
+  choice.database = folder.filePath(QStringLiteral("mio.db"));
+  creaArchivioVuoto(choice.database);
+  {
+    FinestraAvvio window(choice, folders);
+    ASSERT_TRUE(formsOf(window)->isChecked());
+    EXPECT_TRUE(window.scelta().moduliPubblicati);
+    EXPECT_TRUE(profiloDi(window.scelta(), folders).moduliPubblicati);
+    formsOf(window)->click();
+    EXPECT_FALSE(profiloDi(window.scelta(), folders).moduliPubblicati);
+  }
+  EXPECT_FALSE(formsOf(FinestraAvvio(choice, folders))->isChecked()) << "as it was chosen";
+  EXPECT_FALSE(formsOf(FinestraAvvio({}, folders))->isChecked());
+  QSettings().remove(QStringLiteral("avvio"));
+}
+
+TEST(Start, GivesAnEarlierArchiveTheCodesOfThePublishedForms) {
+  const QTemporaryDir folder;
+  QSettings().remove(QStringLiteral("avvio"));
+  FinestraAvvio window({}, startFoldersIn(folder));
+  const auto told = [&window] {
+    QString all;
+    for (const auto* label : window.findChildren<QLabel*>()) all += label->text();
+    return all;
+  };
+  formsOf(window)->click();
+  EXPECT_TRUE(told().contains(QStringLiteral("aggiunti all'archivio: 18")));
+  formsOf(window)->click();
+  formsOf(window)->click();
+  EXPECT_FALSE(told().contains(QStringLiteral("aggiunti all'archivio"))) << "only once";
+  EXPECT_TRUE(formsOf(window)->isChecked());
   QSettings().remove(QStringLiteral("avvio"));
 }
 

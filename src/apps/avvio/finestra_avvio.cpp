@@ -1,6 +1,7 @@
 #include "apps/avvio/finestra_avvio.h"
 
 #include <QButtonGroup>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileInfo>
@@ -19,6 +20,7 @@
 #include "apps/assistente/importazione_guidata.h"
 #include "apps/avvio/gestione_aperta.h"
 #include "apps/avvio/messaggio_avvio.h"
+#include "apps/esame/operazioni_registro.h"
 #include "apps/strumenti/finestra.h"
 #include "apps/strumenti/strumenti.h"
 #include "desktop/file_dialog.h"
@@ -44,6 +46,8 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
       recenti_(new QPushButton(QStringLiteral("Rece&nti"), this)),
       aziende_(new QComboBox(this)),
       utente_(new QSpinBox(this)),
+      moduli_(
+          new QCheckBox(QStringLiteral("Moduli pubblicati per &ogni anno dal 2019 (non ufficiali)"), this)),
       funzioni_(new QButtonGroup(this)),
       documenti_(new QLineEdit(this)),
       avviso_(new QLabel(this)) {
@@ -113,6 +117,23 @@ void FinestraAvvio::componiModulo(QVBoxLayout& colonna, const SceltaAvvio& scelt
   componiRecenti();
   modulo->addRow(QStringLiteral("A&zienda"), aziende_);
   modulo->addRow(QStringLiteral("&Utente"), utente_);
+  connect(moduli_, &QCheckBox::clicked, this, [this](bool scelti) { scegliModuli(scelti); });
+  moduli_->setToolTip(
+      desktop::sentenceTip(QStringLiteral("I compensi dal 2019 al 2025 nei moduli pubblicati per il loro "
+                                          "anno. Quei moduli sono noti da altri programmi e "
+                                          "da elenchi, non da un testo ufficiale: ciò che non è attestato "
+                                          "non si scrive, e il controllo lo elenca. Senza "
+                                          "la spunta quegli anni si scrivono nel modello del 2018.")));
+  auto* const spiegati = new QLabel(
+      QStringLiteral("Ciò che non è attestato non si scrive. Senza la spunta vale il modello del 2018."),
+      this);
+  spiegati->setWordWrap(true);
+  spiegati->setForegroundRole(QPalette::PlaceholderText);
+  auto* const anni = new QVBoxLayout;
+  anni->setSpacing(0);
+  anni->addWidget(moduli_);
+  anni->addWidget(spiegati);
+  modulo->addRow(etichetta("Moduli", moduli_), anni);
   modulo->addRow(etichetta("Documenti &ministeriali", sfogliaDocumenti),
                  conPulsanti(documenti_, {sfogliaDocumenti}));
   casellaDatabase_->setAccessibleName(QStringLiteral("Database"));
@@ -192,9 +213,10 @@ void FinestraAvvio::leggiAziende() {
   avviso_->clear();
   avviso_->setToolTip({});
   bool aperto = false;
+  moduli_->setChecked(moduliPubblicatiDi(fileDatabase()));
   try {
     if (database_.isEmpty()) preparaDimostrativo(cartelle_);
-    elenco_ = aziendeDi(database_.isEmpty() ? cartelle_.databaseDimostrativo() : database_);
+    elenco_ = aziendeDi(fileDatabase());
     aperto = true;
     if (elenco_.empty()) {
       avviso_->setText(QStringLiteral(
@@ -214,6 +236,26 @@ void FinestraAvvio::leggiAziende() {
   stato_->setEnabled(!elenco_.empty());
   quadro_->setEnabled(!elenco_.empty());
   importa_->setEnabled(aperto);
+}
+
+QString FinestraAvvio::fileDatabase() const {
+  return database_.isEmpty() ? cartelle_.databaseDimostrativo() : database_;
+}
+
+// An archive that was created before is given the codes of these forms.
+void FinestraAvvio::scegliModuli(bool pubblicati) {
+  ricordaModuli(fileDatabase(), pubblicati);
+  avviso_->clear();
+  if (!pubblicati) return;
+  try {
+    const auto aggiunti = aggiungiCodici(profiloDi(scelta(), cartelle_).database);
+    if (aggiunti && *aggiunti > 0) {
+      avviso_->setText(
+          QStringLiteral("Causali e codici di quei moduli aggiunti all'archivio: %1.").arg(*aggiunti));
+    }
+  } catch (const std::exception& errore) {
+    avviso_->setText(avvisoDatabase(QFileInfo(fileDatabase()).fileName(), errore));
+  }
 }
 
 void FinestraAvvio::componiStrumenti() {
@@ -333,6 +375,7 @@ SceltaAvvio FinestraAvvio::scelta() const {
   scelta.utente = utente_->value();
   scelta.funzione = funzioni_->checkedId();
   scelta.documentiMinisteriali = documenti_->text();
+  scelta.moduliPubblicati = moduli_->isChecked();
   return scelta;
 }
 

@@ -9,6 +9,7 @@
 
 class QAction;
 class QButtonGroup;
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -38,6 +39,8 @@ class FinestraAvvio : public QDialog {
   QString vociAzienda(const AziendaAvvio& azienda) const;
   void scegliDocumenti();
   void leggiAziende();
+  QString fileDatabase() const;
+  void scegliModuli(bool pubblicati);
   void componiStrumenti();
   void componiDatiPropri();
   void nuovoArchivio();
@@ -55,6 +58,7 @@ class FinestraAvvio : public QDialog {
   QPushButton* recenti_;
   QComboBox* aziende_;
   QSpinBox* utente_;
+  QCheckBox* moduli_;
   QButtonGroup* funzioni_;
   QLineEdit* documenti_;
   QLabel* avviso_;

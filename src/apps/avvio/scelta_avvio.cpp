@@ -9,6 +9,7 @@
 
 #include "apps/comune/connessioni.h"
 #include "archive/archivio.h"
+#include "archive/codici_pubblicati.h"
 #include "base/error.h"
 #include "platform/owner_only.h"
 #include "suite/file_system.h"
@@ -30,14 +31,14 @@ Profilo::Database databaseDi(const QString& file) {
 }
 
 // Created under a temporary name and renamed when it is complete.
-void creaIntero(const QString& file, ContenutoArchivio contenuto) {
+void creaIntero(const QString& file, ContenutoArchivio contenuto, ModuliArchivio moduli) {
   const QString nuovo = file + QStringLiteral(".nuovo");
   const auto togli = [&] {
     for (const char* coda : {"", "-wal", "-shm"}) QFile::remove(nuovo + QString::fromLatin1(coda));
   };
   togli();
   try {
-    creaArchivio(*creaConnessione(databaseDi(nuovo)), contenuto);
+    creaArchivio(*creaConnessione(databaseDi(nuovo)), contenuto, {}, moduli);
   } catch (...) {
     togli();
     throw;
@@ -47,10 +48,15 @@ void creaIntero(const QString& file, ContenutoArchivio contenuto) {
 }
 
 // A path has separators of its own.
+QString improntaDi(const QString& database) {
+  return QString::fromLatin1(
+      QCryptographicHash::hash(database.toUtf8(), QCryptographicHash::Sha256).toHex().left(16));
+}
 QString chiaveAnno(const QString& database, std::int32_t azienda) {
-  const QByteArray impronta =
-      QCryptographicHash::hash(database.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
-  return QStringLiteral("avvio/anni/%1/%2").arg(QString::fromLatin1(impronta)).arg(azienda);
+  return QStringLiteral("avvio/anni/%1/%2").arg(improntaDi(database)).arg(azienda);
+}
+QString chiaveModuli(const QString& database) {
+  return QStringLiteral("avvio/moduli/%1").arg(improntaDi(database));
 }
 
 std::string chiave() { return TestiItaliani().text(kTestoChiave); }
@@ -110,6 +116,21 @@ void ricordaAnno(const QString& database, std::int32_t azienda, const QString& a
   if (!anno.isEmpty()) QSettings().setValue(chiaveAnno(database, azienda), anno);
 }
 
+// A database that cannot be read is reported where its companies are listed.
+bool moduliPubblicatiDi(const QString& database) {
+  const QVariant scelti = QSettings().value(chiaveModuli(database));
+  if (scelti.isValid()) return scelti.toBool();
+  try {
+    return perModuliPubblicati(*apriConnessione(databaseDi(database)));
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+void ricordaModuli(const QString& database, bool pubblicati) {
+  QSettings().setValue(chiaveModuli(database), pubblicati);
+}
+
 CartelleAvvio CartelleAvvio::delUtente() {
   const auto cartella = [](QStandardPaths::StandardLocation luogo) {
     return QStandardPaths::writableLocation(luogo);
@@ -127,7 +148,7 @@ void preparaDimostrativo(const CartelleAvvio& cartelle) {
   const QString file = cartelle.databaseDimostrativo();
   if (QFile::exists(file)) return;
   createOwnerOnlyFolder(cartelle.dati.toStdString());
-  creaIntero(file, ContenutoArchivio::Dimostrativo);
+  creaIntero(file, ContenutoArchivio::Dimostrativo, ModuliArchivio::DiAllora);
 }
 
 void creaArchivioVuoto(const QString& file) {
@@ -135,7 +156,7 @@ void creaArchivioVuoto(const QString& file) {
     throw Error(kErrorPathAccess, "Il file «" + QFileInfo(file).fileName().toStdString() +
                                       "» esiste già: per un nuovo archivio serve un nome nuovo.");
   }
-  creaIntero(file, ContenutoArchivio::Vuoto);
+  creaIntero(file, ContenutoArchivio::Vuoto, ModuliArchivio::Pubblicati);
 }
 
 QString nomeNuovoArchivio(const QString& cartella) {
@@ -167,6 +188,7 @@ Profilo profiloDi(const SceltaAvvio& scelta, const CartelleAvvio& cartelle) {
   profilo.valuta = {true, "€", ",", "."};
   profilo.documenti = cartelle.documenti.toStdString();
   profilo.impostazioni = cartelle.impostazioni.toStdString();
+  profilo.moduliPubblicati = scelta.moduliPubblicati;
   return profilo;
 }
 

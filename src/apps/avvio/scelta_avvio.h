@@ -19,6 +19,7 @@ struct SceltaAvvio {
   std::int32_t utente = 1;
   std::int32_t funzione = 247;
   QString documentiMinisteriali;
+  bool moduliPubblicati = false;  // later years in the forms published for them
 
   static SceltaAvvio ricordata();
   void ricorda() const;
@@ -30,6 +31,10 @@ QStringList databaseRecenti();
 // The year with which a company was worked on last, as the user left it; empty for none.
 QString annoRicordato(const QString& database, std::int32_t azienda);
 void ricordaAnno(const QString& database, std::int32_t azienda, const QString& anno);
+
+// Whether a database is worked on in the published forms: as was chosen for it, otherwise as it was created.
+bool moduliPubblicatiDi(const QString& database);
+void ricordaModuli(const QString& database, bool pubblicati);
 
 // The folders of the current user.
 struct CartelleAvvio {
@@ -45,8 +50,8 @@ struct CartelleAvvio {
 // left.
 void preparaDimostrativo(const CartelleAvvio& cartelle);
 
-// Creates a database with the lists and no company. A file that exists, and an error, leave everything as it
-// was; both are raised with a text for the user.
+// Creates a database for the published forms with the lists and no company. A file that exists, and an error,
+// leave everything as it was; both are raised with a text for the user.
 void creaArchivioVuoto(const QString& file);
 
 // The proposal for a new one: a name in the folder that no file has yet.
