@@ -138,7 +138,7 @@ class ModuliPubblicati : public ::testing::TestWithParam<Anno> {
     Campi campi = {{1, "B"},         {2, kAzienda},         {18, "00000001"},   {74, "04711230587"},
                    {91, correzioni}, {137, "OFFICINA SRL"}, {297, "0451234567"}};
     // Up to CU 2020 the event has one digit; from CU 2021 two, and all behind it moves.
-    const std::size_t da = GetParam().anno >= 2020 ? 1 : 0;
+    const std::size_t da = pubblicato_ && GetParam().anno >= 2020 ? 1 : 0;
     campi.insert(campi.end(), {{309, da == 1 ? "00" : "0"},
                                {310 + da, "GZZLRA75C52L781Z"},
                                {326 + da, "01"},
@@ -150,7 +150,7 @@ class ModuliPubblicati : public ::testing::TestWithParam<Anno> {
                                {428, "0"},
                                {429, "00000000"},
                                {437, "0"}});
-    if (GetParam().anno >= 2021) campi.emplace_back(527, "0");
+    if (pubblicato_ && GetParam().anno >= 2021) campi.emplace_back(527, "0");
     return linea(campi);
   }
   struct Persona {
@@ -226,6 +226,7 @@ class ModuliPubblicati : public ::testing::TestWithParam<Anno> {
   }
 
   Posto posto_;
+  bool pubblicato_ = true;
 };
 
 TEST_P(ModuliPubblicati, AreWrittenAsTheyAreAttested) {
@@ -297,6 +298,38 @@ INSTANTIATE_TEST_SUITE_P(Years, ModuliPubblicati,
                                            Anno{2021, "CUR22", "22", "21"}, Anno{2022, "CUR23", "22", "21"},
                                            Anno{2023, "CUR24", "22", "21"}, Anno{2024, "CUR25", "22", "21"},
                                            Anno{2025, "CUR26", "22", "21"}),
+                         [](const ::testing::TestParamInfo<Anno>& info) {
+                           return std::to_string(info.param.anno);
+                         });
+
+// A profile without the key writes each later year in the form of 2018, byte by byte, and derives the code.
+class ModelloDiAllora : public ModuliPubblicati {
+ protected:
+  ModelloDiAllora() {
+    pubblicato_ = false;
+    posto_.imposta("telematic.forms", "");
+  }
+};
+
+TEST_P(ModelloDiAllora, IsThatOf2018UpTo2030) {
+  pagamenti("", "");
+  const Esecuzione creato = crea();
+  ASSERT_EQ(creato.codice, 0) << creato.uscita << creato.errori;
+  EXPECT_EQ(righe(), attese(""));
+  posto_.imposta("telematic.forms", "\"fixed\"");
+  ASSERT_EQ(crea({"--kind", "3", "--protocol", kProtocolloCitato, "--progressive", "7"}).codice, 0);
+  EXPECT_EQ(righe(), attese("S"));
+  controlla();
+}
+
+INSTANTIATE_TEST_SUITE_P(Years, ModelloDiAllora,
+                         ::testing::Values(Anno{2018, "CUR19", "7", "7"}, Anno{2019, "CUR20", "7", "7"},
+                                           Anno{2020, "CUR21", "7", "7"}, Anno{2021, "CUR22", "7", "7"},
+                                           Anno{2022, "CUR23", "7", "7"}, Anno{2023, "CUR24", "7", "7"},
+                                           Anno{2024, "CUR25", "7", "7"}, Anno{2025, "CUR26", "7", "7"},
+                                           Anno{2026, "CUR27", "7", "7"}, Anno{2027, "CUR28", "7", "7"},
+                                           Anno{2028, "CUR29", "7", "7"}, Anno{2029, "CUR30", "7", "7"},
+                                           Anno{2030, "CUR31", "7", "7"}),
                          [](const ::testing::TestParamInfo<Anno>& info) {
                            return std::to_string(info.param.anno);
                          });
