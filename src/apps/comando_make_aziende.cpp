@@ -55,7 +55,9 @@ std::string dettiMancanti(const std::vector<DatoMancante>& mancanti) {
   if (mancanti.size() > kDetti) {
     aggiungi(elenco, "e altri " + fromInteger(static_cast<std::int64_t>(mancanti.size() - kDetti)));
   }
-  return "mancano dei dati: " + elenco;
+  return (fornitura::soloNonAttestati(mancanti) ? "alcuni dati non sono del modello dell'anno: "
+                                                : "mancano dei dati: ") +
+         elenco;
 }
 
 std::string ragioni(const CorsaMake& corsa, const Terminale& terminale) {

@@ -44,10 +44,9 @@ CorsaMake eseguiMake(const Profilo& profilo, const OpzioniMake& opzioni, Termina
     corsa.scritto = esito->file;
     if (corsa.scritto && corsa.scritto->certificazioni > 0) {
       const fornitura::Intorno intorno = sessione.intorno();
-      corsa.dopo = dopoScrittura(
-          intorno.ambito.database->ownConnection(), surroundings.clock(),
-          {corsa.scritto->percorso, opzioni.richiesta.tipo, corsa.anno, profilo.sessione.azienda,
-           nullptr, intorno.modello});
+      corsa.dopo = dopoScrittura(intorno.ambito.database->ownConnection(), surroundings.clock(),
+                                 {corsa.scritto->percorso, opzioni.richiesta.tipo, corsa.anno,
+                                  profilo.sessione.azienda, nullptr, intorno.modello});
     }
     corsa.riuscita = static_cast<bool>(esito);
   });

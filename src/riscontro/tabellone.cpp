@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "base/text.h"
+#include "base/windows1252.h"
 #include "data/recordset.h"
+#include "modello/riconoscimento.h"
 #include "riscontro/stato.h"
 #include "telematic/controlli.h"
 
@@ -29,6 +31,15 @@ void conta(const VoceStato& voce, RigaTabellone& riga) {
   if (voce.stato == nome(Stato::Scritta)) return;
   ++riga.inviate;
   if (nuova && voce.stato == nome(Stato::Scartata)) ++riga.scartate;
+}
+
+// The form in which the year was filed last: no profile says it here.
+const modello::Modello& modelloPresentato(Registro& registro, const AnnoAzienda& anno) {
+  const modello::Modello* ultimo = &modello::kModello;
+  for (const Invio& invio : registro.invii(anno.idAzienda)) {
+    if (invio.anno == anno.anno) ultimo = &modello::modelloDelRecordB(anno.anno, a1252(invio.recordB));
+  }
+  return *ultimo;
 }
 
 }  // namespace
@@ -62,8 +73,10 @@ RigaTabellone rigaTabellone(Registro& registro, const AnnoAzienda& anno, const C
   RigaTabellone riga;
   riga.idAzienda = anno.idAzienda;
   riga.anno = anno.anno;
-  const Esercizio esercizio{anno.idAzienda, anno.anno};
-  if (registro.presente()) {
+  const bool presente = registro.presente();
+  const Esercizio esercizio{anno.idAzienda, anno.anno,
+                            presente ? modelloPresentato(registro, anno) : modello::kModello};
+  if (presente) {
     for (const VoceStato& voce : statoEsercizio(registro, esercizio, utilita, [&](std::size_t) {
            if (letti) letti();
          })) {

@@ -30,7 +30,8 @@ FornitoriSuite Surroundings::fornitori(const Profilo& profilo, FrontEnd& schermo
 
 Impaginatore& Surroundings::impaginatore(FrontEnd& schermo) {
   if (!impaginatore_) {
-    impaginatore_ = creaImpaginatore_(ReportSurroundings{schermo, fileStampe_, *orologio_, "cuwizard", modello_});
+    impaginatore_ =
+        creaImpaginatore_(ReportSurroundings{schermo, fileStampe_, *orologio_, "cuwizard", modello_});
   }
   return *impaginatore_;
 }
