@@ -124,10 +124,9 @@ void FinestraAvvio::componiModulo(QVBoxLayout& colonna, const SceltaAvvio& scelt
                                           "da elenchi, non da un testo ufficiale: ciò che non è attestato "
                                           "non si scrive, e il controllo lo elenca. Senza "
                                           "la spunta quegli anni si scrivono nel modello del 2018.")));
-  auto* const spiegati = new QLabel(
-      QStringLiteral("Ciò che non è attestato non si scrive. Senza la spunta vale il modello del 2018."),
-      this);
-  spiegati->setWordWrap(true);
+  auto* const spiegati = new QLabel(QStringLiteral("Ciò che non è attestato non si scrive.\n"
+                                                   "Senza la spunta vale il modello del 2018."),
+                                    this);
   spiegati->setForegroundRole(QPalette::PlaceholderText);
   auto* const anni = new QVBoxLayout;
   anni->setSpacing(0);
