@@ -57,7 +57,7 @@ void creaArchivioVuoto(const QString& file);
 // The proposal for a new one: a name in the folder that no file has yet.
 QString nomeNuovoArchivio(const QString& cartella);
 
-using AziendaAvvio = AziendaDelDatabase;
+using AziendaAvvio = AziendaTrovata;
 // The companies of a database, by name; database errors propagate.
 std::vector<AziendaAvvio> aziendeDi(const QString& database);
 

@@ -44,7 +44,7 @@ bool unNumero(const std::string& richiesta) {
   return richiesta.size() <= kCifre && std::all_of(richiesta.begin(), richiesta.end(), isDigit);
 }
 
-bool corrisponde(const AziendaDelDatabase& azienda, const std::string& richiesta) {
+bool corrisponde(const AziendaTrovata& azienda, const std::string& richiesta) {
   if (unNumero(richiesta)) return azienda.azienda == leadingInteger(richiesta);
   return equalsNoCase(trim(azienda.codiceFiscale), richiesta);
 }
@@ -54,7 +54,7 @@ void controllaRichiesta(const std::vector<DatabaseScelto>& database, const std::
   bool trovata = false;
   for (const DatabaseScelto& uno : database) {
     std::vector<std::string> numeri;
-    for (const AziendaDelDatabase& azienda : uno.aziende) {
+    for (const AziendaTrovata& azienda : uno.aziende) {
       if (corrisponde(azienda, richiesta)) numeri.push_back(fromInteger(azienda.azienda));
     }
     trovata = trovata || !numeri.empty();
@@ -71,13 +71,13 @@ void controllaRichiesta(const std::vector<DatabaseScelto>& database, const std::
 }
 
 // The company's code; its number too where the code is not that of one company alone.
-std::string cartellaDi(const DatabaseScelto& database, const AziendaDelDatabase& azienda) {
+std::string cartellaDi(const DatabaseScelto& database, const AziendaTrovata& azienda) {
   const std::string codice(trim(azienda.codiceFiscale));
   const std::string numero = fromInteger(azienda.azienda);
   if (codice.empty()) return "azienda-" + numero;
   const auto uguali = std::count_if(
       database.aziende.begin(), database.aziende.end(),
-      [&](const AziendaDelDatabase& altra) { return equalsNoCase(trim(altra.codiceFiscale), codice); });
+      [&](const AziendaTrovata& altra) { return equalsNoCase(trim(altra.codiceFiscale), codice); });
   return nomeDiCartella(upperAscii(codice)) + (uguali > 1 ? "-" + numero : "");
 }
 
@@ -109,7 +109,7 @@ std::vector<AziendaScelta> scegliAziende(const std::vector<DatabaseScelto>& data
   for (const std::string& richiesta : richieste) controllaRichiesta(database, richiesta);
   std::vector<AziendaScelta> scelte;
   for (std::size_t i = 0; i < database.size(); ++i) {
-    for (const AziendaDelDatabase& azienda : database[i].aziende) {
+    for (const AziendaTrovata& azienda : database[i].aziende) {
       const bool chiesta = std::any_of(richieste.begin(), richieste.end(), [&](const std::string& richiesta) {
         return corrisponde(azienda, richiesta);
       });

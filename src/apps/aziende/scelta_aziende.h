@@ -16,7 +16,7 @@ namespace cu {
 struct DatabaseScelto {
   std::string nome;  // different for each database of a run
   Profilo::Database database;
-  std::vector<AziendaDelDatabase> aziende;
+  std::vector<AziendaTrovata> aziende;
 };
 
 // Opens each database and reads its companies; a password is asked for once. Errors rise as they are.
@@ -24,7 +24,7 @@ std::vector<DatabaseScelto> leggiDatabase(std::vector<Profilo::Database> databas
 
 struct AziendaScelta {
   std::size_t database = 0;  // its place in the list
-  AziendaDelDatabase azienda;
+  AziendaTrovata azienda;
   std::string cartella;  // relative; no two companies of a run have the same
 };
 

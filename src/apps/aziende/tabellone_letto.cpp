@@ -15,7 +15,7 @@ namespace {
 
 struct Lavoro {
   std::size_t database = 0;
-  AziendaDelDatabase azienda;
+  AziendaTrovata azienda;
   std::vector<riscontro::AnnoAzienda> anni;
 };
 

@@ -17,7 +17,7 @@ namespace cu {
 // A line of the board: a year of a company, and what is due of it.
 struct VoceTabellone {
   std::size_t database = 0;  // its place in the list
-  AziendaDelDatabase azienda;
+  AziendaTrovata azienda;
   riscontro::RigaTabellone riga;
   riscontro::Termini termini;
   bool registro = false;  // whether the database keeps what was written

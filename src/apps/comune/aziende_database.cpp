@@ -6,7 +6,7 @@
 
 namespace cu {
 
-std::vector<AziendaDelDatabase> aziendeDelDatabase(Connection& connessione) {
+std::vector<AziendaTrovata> aziendeDelDatabase(Connection& connessione) {
   Recordset righe;
   righe.Open(connessione,
              "SELECT Azienda.IDAzienda, Filiale.IDFiliale, Anagrafica.Anagrafica, CASE WHEN "
@@ -17,7 +17,7 @@ std::vector<AziendaDelDatabase> aziendeDelDatabase(Connection& connessione) {
              "Azienda.IDAzienda) AS UltimoAnno FROM Azienda INNER JOIN Anagrafica "
              "ON Azienda.IDAnagrafica = Anagrafica.IDAnagrafica LEFT JOIN Filiale ON Filiale.IDAzienda = "
              "Azienda.IDAzienda ORDER BY Anagrafica.Anagrafica, Filiale.IDFiliale");
-  std::vector<AziendaDelDatabase> aziende;
+  std::vector<AziendaTrovata> aziende;
   std::set<std::int32_t> note;
   for (; !righe.Eof(); righe.MoveNext()) {
     const auto azienda = static_cast<std::int32_t>(righe.Get(0).integer());

@@ -8,7 +8,7 @@
 
 namespace cu {
 
-struct AziendaDelDatabase {
+struct AziendaTrovata {
   std::int32_t azienda = 0;
   std::int32_t filiale = 0;
   std::string nome;
@@ -16,6 +16,6 @@ struct AziendaDelDatabase {
   std::string ultimoAnno;     // with accounts; empty for none
 };
 // The companies of a database, by name; database errors propagate.
-std::vector<AziendaDelDatabase> aziendeDelDatabase(Connection& connessione);
+std::vector<AziendaTrovata> aziendeDelDatabase(Connection& connessione);
 
 }  // namespace cu

@@ -202,7 +202,8 @@ void FinestraTabellone::componiTabella() {
       this);
   tabella_->modello().inGrassetto = [di](std::size_t q) { return di(q).termini.inRitardo > 0; };
   tabella_->filtro().passa = [this, di](std::size_t q) {
-    return voci_ != nullptr && nellAnno(di(q)) && corrisponde(di(q), scelta_) && ricerca_->passa(q);
+    return voci_ != nullptr && q < voci_->size() && nellAnno(di(q)) && corrisponde(di(q), scelta_) &&
+           ricerca_->passa(q);
   };
   tabella_->scelta = [this](auto quale) { dettaglia(quale); };
   connect(tabella_, &QTableView::activated, this, [this](const QModelIndex& dove) {
@@ -272,7 +273,7 @@ void FinestraTabellone::mostraAnni() {
 void FinestraTabellone::mostra() {
   mostraAnni();
   ricerca_->prepara(voci_->size(), [this](std::size_t q) {
-    const AziendaDelDatabase& azienda = (*voci_)[q].azienda;
+    const AziendaTrovata& azienda = (*voci_)[q].azienda;
     return azienda.nome + "\n" + azienda.codiceFiscale;
   });
   scriviScelte();

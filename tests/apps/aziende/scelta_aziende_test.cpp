@@ -15,11 +15,11 @@ namespace {
 
 using ::testing::HasSubstr;
 
-AziendaDelDatabase azienda(std::int32_t numero, const std::string& codice) {
+AziendaTrovata azienda(std::int32_t numero, const std::string& codice) {
   return {numero, numero * 10, "Azienda " + std::to_string(numero), codice, "2017"};
 }
 
-DatabaseScelto database(const std::string& nome, std::vector<AziendaDelDatabase> aziende) {
+DatabaseScelto database(const std::string& nome, std::vector<AziendaTrovata> aziende) {
   DatabaseScelto uno;
   uno.nome = nome;
   uno.database.origine = "/dati/" + nome + ".db";
