@@ -19,8 +19,10 @@ class Tabellone : public ::testing::Test {
         registro_(*connessione_),
         utilita_(schermo_, "/tmp") {
     creaArchivio(*connessione_, ContenutoArchivio::Dimostrativo);
-    leggiConti(*connessione_, {1, 2017}, utilita_,
-               [this](Conto conto) { conti_.push_back(std::move(conto.certificato)); });
+    leggiConti(*connessione_, {1, 2017}, utilita_, [this](Conto conto) {
+      persone_.push_back(conto.idAnagrafica);
+      conti_.push_back(std::move(conto.certificato));
+    });
   }
   std::int64_t scrivi(const std::vector<lettura::Certificato>& certificati) {
     Invio invio;
@@ -55,6 +57,7 @@ class Tabellone : public ::testing::Test {
   Registro registro_;
   UtilitaItaliana utilita_;
   std::vector<lettura::Certificato> conti_;
+  std::vector<std::int64_t> persone_;
 };
 
 TEST_F(Tabellone, FollowsAYearFromTheAccountsToTheAnswers) {
@@ -88,9 +91,9 @@ TEST_F(Tabellone, SaysOfWhichReasonsCertificatesAreToBeSent) {
 
 TEST_F(Tabellone, CountsTheDataThatAreMissingInTheAccountsOfTheYear) {
   EXPECT_EQ(riga().mancanti, 0U);
-  connessione_->Execute(
-      "UPDATE Anagrafica SET Sesso = NULL WHERE IDAnagrafica IN (SELECT IDAnagrafica FROM "
-      "ContoIndividuale WHERE Anno = 2017) AND PersonaFisica <> 0");
+  for (const std::int64_t id : persone_) {
+    connessione_->Execute("UPDATE Anagrafica SET Sesso = NULL WHERE IDAnagrafica = " + std::to_string(id));
+  }
   const std::size_t persone = riga().mancanti;
   EXPECT_GT(persone, 0U);
   EXPECT_LE(persone, conti_.size());
