@@ -1,5 +1,6 @@
 // Prints from an archive of any size, compared with the library that only writes the file.
 //   stampe_misure each N       N forms, each in a file of its own, as the wizard prints line by line
+//   stampe_misure cores N      the same on all processors, compared with one
 //   stampe_misure one N        N forms in one file
 //   stampe_misure accounts N   the individual accounts of about N lines
 //   stampe_misure table N      the same as a table for a spreadsheet
@@ -11,10 +12,14 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QRawFont>
+#include <algorithm>
 #include <cstdlib>
+#include <deque>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <thread>
+#include <utility>
 #include <vector>
 
 #include "archive/archivio.h"
@@ -50,8 +55,9 @@ std::string insert(const CellView* key) {
 
 class Prints {
  public:
-  Prints(const Folder& folder, bool accounts, int lines)
-      : folder_(folder), reports_({screen_, files_, clock_, "misura"}) {
+  Prints(const Folder& folder, bool accounts, int lines, std::size_t jobs = 1)
+      : folder_(folder),
+        reports_({.frontEnd = screen_, .files = files_, .clock = clock_, .creator = "misura", .jobs = jobs}) {
     connection_ = SqliteConnection::create(folder.file("archivio.db"));
     creaArchivio(*connection_, ContenutoArchivio::Sintetico,
                  {.percipienti = accounts ? lines / 4 : lines,
@@ -74,6 +80,23 @@ class Prints {
   }
   std::unique_ptr<PrintRun> begin() { return reports_.beginRun(); }
   void forms(const std::string& path) { engine(342, 3421, kForm, kFormFormula, path)->run(3); }
+  // A form each of the first lines, as many ahead as the run permits.
+  void formsAhead(std::size_t count) {
+    const std::unique_ptr<PrintRun> run = begin();
+    std::deque<std::pair<std::unique_ptr<ReportEngine>, std::unique_ptr<BegunPrint>>> begun;
+    const auto finishOldest = [&begun] {
+      begun.front().second->finish();
+      begun.pop_front();
+    };
+    for (std::size_t i = 0; i < count; ++i) {
+      if (begun.size() == run->ahead()) finishOldest();
+      chooseOnly(i);
+      auto form = engine(342, 3421, kForm, kFormFormula, folder_.file("modulo" + std::to_string(i) + ".pdf"));
+      auto print = form->begin(3);
+      begun.emplace_back(std::move(form), std::move(print));
+    }
+    while (!begun.empty()) finishOldest();
+  }
   void list(const std::string& path, bool table) {
     engine(246, 2461, kAccounts, kAccountsFormula, path)->run(table ? 0 : 3);
   }
@@ -220,6 +243,25 @@ void measureForms(const Folder& folder, int forms, bool each) {
        "the texts of as many pages, set by the PDF library");
 }
 
+void measureCores(const Folder& folder, int forms) {
+  const auto count = static_cast<std::size_t>(forms);
+  const std::size_t cores = std::max(2U, std::thread::hardware_concurrency());
+  const ScratchFolder second("cu_stampe_insieme");
+  Prints alone(folder, false, forms);
+  Prints together(second, false, forms, cores);
+  const Pair pair = best(
+      2, [&] { together.formsAhead(count); },
+      [&] {
+        const auto run = alone.begin();
+        for (std::size_t i = 0; i < count; ++i) {
+          alone.chooseOnly(i);
+          alone.forms(folder.file("modulo" + std::to_string(i) + ".pdf"));
+        }
+      });
+  print({grouped(forms) + " forms, a file each, on " + std::to_string(cores) + " processors", pair.ours,
+         pair.limit, "the same on one", "ratio:0.56"});
+}
+
 void measureAccounts(const Folder& folder, int lines, bool table) {
   Prints prints(folder, true, lines);
   const double ours = seconds([&] { prints.list(folder.file(table ? "nostro.xlsx" : "nostro.pdf"), table); });
@@ -247,7 +289,9 @@ int main(int argc, char** argv) {
   const int count = std::atoi(argv[2]);
   cu::reporting::ensureGuiApplication();
   const cu::bench::ScratchFolder folder("cu_stampe_misure");
-  if (what == "each" || what == "one") {
+  if (what == "cores") {
+    cu::bench::measureCores(folder, count);
+  } else if (what == "each" || what == "one") {
     cu::bench::measureForms(folder, count, what == "each");
   } else {
     cu::bench::measureAccounts(folder, count, what == "table");

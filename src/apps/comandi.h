@@ -39,7 +39,8 @@ struct OpzioniMake {
   fornitura::RichiestaCU richiesta;
   bool passaAvvisi = false;
   std::optional<OpzioniAziende> aziende;  // none for the company of the profile alone
-  std::optional<std::int32_t> lavori;     // at a time; default: the number of cores
+  // Companies at a time, or forms of a single one; default: the number of cores.
+  std::optional<std::int32_t> lavori;
 };
 int comandoMake(const OpzioniMake& opzioni);
 int comandoMakeAziende(const OpzioniMake& opzioni);

@@ -29,7 +29,9 @@ fornitura::RichiestaCU completaCorsa(const OpzioniMake& opzioni, SessioneComando
 CorsaMake eseguiMake(const Profilo& profilo, const OpzioniMake& opzioni, Terminale& terminale, bool ricorda) {
   CorsaMake corsa;
   corsa.anno = static_cast<std::int32_t>(leadingInteger(opzioni.richiesta.anno));
-  Surroundings surroundings(profilo, terminale, impaginatoreDelProgramma);
+  // Of several companies each has one processor.
+  Surroundings surroundings(profilo, terminale, impaginatoreDelProgramma,
+                            opzioni.aziende ? std::optional(1) : opzioni.lavori);
   SessioneComando sessione(surroundings, terminale);
   sessione.esegui([&] {
     Compensi compensi(surroundings.utilita(), terminale);

@@ -157,7 +157,8 @@ void aggiungiMake(CLI::App& programma, Esecuzione& esegui) {
   auto aziende = std::make_shared<SceltaAziende>();
   aggiungiAziende(comando, *aziende);
   aggiungiSoloMancanti(comando, *aziende, {"--from-payee", "--to-payee", "--from-reason", "--to-reason"});
-  aggiungiLavori(comando, opzioni->lavori, "Quante aziende alla volta; senza, una per ogni unità di calcolo");
+  aggiungiLavori(comando, opzioni->lavori,
+                 "Quante aziende alla volta, o moduli di una sola; senza, uno per unità di calcolo");
   comando.callback([&esegui, opzioni, sciolte, aziende] {
     opzioni->aziende = aziende->scelta();
     if (sciolte->tipo == 1 && !sciolte->protocollo.empty()) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -21,6 +23,17 @@ class ReportCatalogue {
  public:
   virtual ~ReportCatalogue() = default;
   virtual std::vector<ReportInfo> reports(std::int32_t objectType) const = 0;
+};
+
+// A print whose rows have been read, and whose file does not exist yet. Without finish() none is made.
+class BegunPrint {
+ public:
+  BegunPrint() = default;
+  virtual ~BegunPrint() = default;
+  BegunPrint(const BegunPrint&) = delete;
+  BegunPrint& operator=(const BegunPrint&) = delete;
+  // Waits for the layout and writes the file. Raises what run() would have raised after the rows.
+  virtual void finish() = 0;
 };
 
 // One print of one report. Nothing is read or laid out before preview(), print() or run(); these may raise
@@ -50,6 +63,9 @@ class ReportEngine {
   // 0: a table for a spreadsheet; 1: a PDF into the file chosen in a dialog; 2: a PDF for e-mail in the
   // documents folder; 3: a PDF into the file set, or chosen in a dialog when none was set.
   virtual void run(std::int32_t code) = 0;
+  // run() in two parts: reads the rows, so that the next print of the run can be begun before this one is
+  // finished. The engine outlives the result.
+  virtual std::unique_ptr<BegunPrint> begin(std::int32_t code) = 0;
 };
 
 // During its lifetime the prints made through one factory are one run: the columns of a report's view and the
@@ -60,6 +76,8 @@ class PrintRun {
   virtual ~PrintRun() = default;
   PrintRun(const PrintRun&) = delete;
   PrintRun& operator=(const PrintRun&) = delete;
+  // How many prints may be begun before the oldest of them is finished; 0 where prints are made one by one.
+  virtual std::size_t ahead() const { return 0; }
 };
 
 class PrinterDialog {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -23,6 +24,7 @@ struct ReportSurroundings {
   const Clock& clock;
   std::string creator;                               // the program's name in the files
   const modello::Modello& form = modello::kModello;  // the ministerial form
+  std::size_t jobs = 1;                              // forms of a run that are laid out at a time
 };
 
 // What lays reports out and writes them. Programs know no more of it: its libraries may be loaded by the

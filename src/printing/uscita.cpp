@@ -1,6 +1,7 @@
 #include "printing/uscita.h"
 
 #include <exception>
+#include <utility>
 
 #include "base/error.h"
 
@@ -35,7 +36,31 @@ void stampante(const Lancio& lancio) {
   if (!annullata) prova(lancio, [&] { oReport.print(); });
 }
 
+constexpr std::int32_t kInFile = 3;
+
+class NonIniziata final : public BegunPrint {
+ public:
+  explicit NonIniziata(std::exception_ptr perche) : perche_(std::move(perche)) {}
+  void finish() override { std::rethrow_exception(perche_); }
+
+ private:
+  std::exception_ptr perche_;
+};
+
 }  // namespace
+
+std::unique_ptr<BegunPrint> inizia(ReportEngine& oReport) {
+  try {
+    return oReport.begin(kInFile);
+  } catch (const std::exception&) {
+    return std::make_unique<NonIniziata>(std::current_exception());
+  }
+}
+
+void concludi(const Lancio& lancio, BegunPrint& iniziata) {
+  prova(lancio, [&] { iniziata.finish(); });
+  lancio.avanzamento.setPointer(kPointerDefault);
+}
 
 void esegui(const Lancio& lancio, Uscita tipo) {
   const auto codice = [&](std::int32_t valore) { prova(lancio, [&] { lancio.oReport.run(valore); }); };
@@ -56,7 +81,7 @@ void esegui(const Lancio& lancio, Uscita tipo) {
       codice(2);
       break;
     case Uscita::File:
-      codice(3);
+      codice(kInFile);
       break;
   }
   lancio.avanzamento.setPointer(kPointerDefault);

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "host/modi.h"
@@ -24,5 +25,9 @@ struct Lancio {
 //
 // Each failing statement is reported, unless the user cancelled the print, and the next one runs.
 void esegui(const Lancio& lancio, Uscita tipo);
+
+// The same for a print into its file, in two parts: what fails in the first is reported by the second.
+std::unique_ptr<BegunPrint> inizia(ReportEngine& oReport);
+void concludi(const Lancio& lancio, BegunPrint& iniziata);
 
 }  // namespace cu::stampa

@@ -18,7 +18,6 @@ constexpr double kFormMargin = 12;
 constexpr double kFormTop = 11;
 constexpr double kFormFooterRoom = 14;
 constexpr double kSmallestSigner = 4;
-constexpr std::int64_t kAnnulment = 2;
 constexpr std::int64_t kReplacement = 3;
 // Digits assigned by the authority to a transmission and to a certificate in it.
 constexpr qsizetype kProtocolDigits = 17;
@@ -44,13 +43,22 @@ class Forms {
     payee_ = upperCase(name.trimmed());
     code_ = upperCase(rows_.text("CodiceFiscale"));
     page_ = 0;
-    if (kind_ == kAnnulment) {
+    if (!hasModules(rows_)) {
       pages_ = 1;
       identityPage();
       return;
     }
-    Rows modules =
-        input_.fromFile ? Rows(input_.connection, kFileModules) : readModules(input_.connection, rows_);
+    if (input_.modules != nullptr) {
+      pages(*input_.modules->at(rows_.current()));
+    } else {
+      Rows modules =
+          input_.fromFile ? Rows(input_.connection, kFileModules) : readModules(input_.connection, rows_);
+      pages(modules);
+    }
+  }
+
+ private:
+  void pages(Rows& modules) {
     pages_ = 2 + static_cast<int>(modules.size());
     identityPage();
     withValues([this](const auto& values) { amountsPage(1, values); });
@@ -64,7 +72,6 @@ class Forms {
     }
   }
 
- private:
   // The boxes of the certificate's row.
   void withValues(const auto& use) {
     if (input_.fromFile) {
@@ -155,10 +162,10 @@ class Forms {
   }
 
   double communication(double y) {
-    const bool ordinary = kind_ != kAnnulment && kind_ != kReplacement;
-    const QString kind = kind_ == kAnnulment     ? "ANNULLAMENTO"
-                         : kind_ == kReplacement ? "SOSTITUZIONE"
-                                                 : "ORDINARIA";
+    const bool ordinary = kind_ != kCommunicationAnnulment && kind_ != kReplacement;
+    const QString kind = kind_ == kCommunicationAnnulment ? "ANNULLAMENTO"
+                         : kind_ == kReplacement          ? "SOSTITUZIONE"
+                                                          : "ORDINARIA";
     const double height = kBoxHeight;
     const double first = width_ * 0.3;
     const double second = width_ * 0.45;
@@ -172,9 +179,9 @@ class Forms {
         ordinary ? QString() : reference(rows_.text("ProtocolloAnnSost"), kProtocolDigits);
     const QString progressive =
         ordinary ? QString() : reference(rows_.text("ProgressivoAnnSost"), kProgressiveDigits);
-    const QString what = kind_ == kAnnulment     ? "annullata"
-                         : kind_ == kReplacement ? "sostituita"
-                                                 : "da annullare o sostituire";
+    const QString what = kind_ == kCommunicationAnnulment ? "annullata"
+                         : kind_ == kReplacement          ? "sostituita"
+                                                          : "da annullare o sostituire";
     plainBox({kFormMargin + first, y, second, height}, "Protocollo della certificazione " + what, protocol);
     plainBox({kFormMargin + first + second, y, width_ - first - second, height}, "Progressivo", progressive);
     return y + height;

@@ -166,6 +166,10 @@ BoxValue FileValues::of(const LaidBox& box) const {
   return {fromUtf8(text), Align::Left, {}};
 }
 
+bool hasModules(const Rows& certificates) {
+  return certificates.get("Path1").integer() != kCommunicationAnnulment;
+}
+
 Rows readModules(Connection& connection, const Rows& certificates) {
   const auto part = [&](std::string_view column) {
     return modello::ParteChiave{column, certificates.get(column).integer()};

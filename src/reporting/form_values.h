@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstdint>
 #include <optional>
 
 #include "data/database.h"
@@ -43,6 +44,10 @@ class FileValues {
   const Rows& rows_;
 };
 
+// The kind of a communication (Path1) that annuls a certificate: its form has no amounts.
+inline constexpr std::int64_t kCommunicationAnnulment = 2;
+// Whether the form of the current row has amounts, and may have further modules.
+bool hasModules(const Rows& certificates);
 // Reads the additional modules of a certificate, by ascending row number.
 Rows readModules(Connection& connection, const Rows& certificates);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,8 @@ struct LayoutInput {
   std::vector<FormPlace>* places = nullptr;  // forms: is filled as they are drawn
   ProgressSink* progress = nullptr;          // of a report of its own; none within another work
   const modello::Modello& form = modello::kModello;  // of the ministerial form
+  // Forms: the further modules of each certificate where they have been read before, null for an annulment.
+  const std::vector<std::unique_ptr<Rows>>* modules = nullptr;
 
   // A report of one row is itself a step of a longer work, which reports its own progress.
   void report(const char* what, std::size_t done, std::size_t total) const {

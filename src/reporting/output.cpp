@@ -1,5 +1,6 @@
 #include "reporting/output.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QPdfWriter>
 #include <QPrinter>
@@ -62,6 +63,13 @@ std::vector<std::string> drawPdf(QIODevice& device, const LayoutInput& input, co
 }
 
 }  // namespace
+
+QByteArray pdfOf(const LayoutInput& input, const std::string& creator) {
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  drawPdf(buffer, input, creator, false, nullptr);
+  return buffer.data();
+}
 
 void writePdf(FileSystem& files, const std::string& path, const LayoutInput& input,
               const std::string& creator) {

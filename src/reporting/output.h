@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <memory>
 #include <string>
 
@@ -24,6 +25,10 @@ class PreviewPages {
   std::unique_ptr<QTemporaryFile> file_;
   Preview preview_;
 };
+
+// The report as a PDF in memory. Runs in any thread where `input` has modules read before and no progress,
+// once the toolkit's application object exists.
+QByteArray pdfOf(const LayoutInput& input, const std::string& creator);
 
 // The other destinations of a report. All raise FileError, or Error (kErrorReportOutput,
 // kErrorReportPrinter).

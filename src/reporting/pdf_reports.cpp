@@ -1,6 +1,8 @@
 #include "reporting/pdf_reports.h"
 
 #include "base/text.h"
+#include "reporting/begun_pdf.h"
+#include "reporting/layout_threads.h"
 #include "reporting/library.h"
 #include "reporting/output.h"
 #include "reporting/report_error.h"
@@ -9,6 +11,13 @@
 
 namespace cu {
 namespace reporting {
+
+// What the prints of one run share.
+struct RunState {
+  RunReadings readings;
+  std::unique_ptr<LayoutThreads> threads;  // none where prints are made one by one
+};
+
 namespace {
 
 // Codes of a run.
@@ -17,9 +26,8 @@ constexpr std::int32_t kNamedPdf = 3;  // the two codes between are PDFs too
 
 class Engine final : public ReportEngine {
  public:
-  Engine(const ReportSurroundings& surroundings, ReportLibrary& library,
-         std::shared_ptr<RunReadings> readings)
-      : surroundings_(surroundings), library_(library), readings_(std::move(readings)) {}
+  Engine(const ReportSurroundings& surroundings, ReportLibrary& library, std::shared_ptr<RunState> run)
+      : surroundings_(surroundings), library_(library), run_(std::move(run)) {}
 
   void setSession(std::int32_t, std::int32_t idAzienda, std::int32_t) override { idAzienda_ = idAzienda; }
   void setConnection(Connection& connection) override { connection_ = &connection; }
@@ -48,27 +56,53 @@ class Engine final : public ReportEngine {
   }
 
   void run(std::int32_t code) override {
-    if (code < kSpreadsheet || code > kNamedPdf) {
-      throw Error(kErrorInvalidCall, "Codice di uscita della stampa sconosciuto: " + fromInteger(code));
-    }
-    if (path_.empty()) throw Error(kErrorInvalidCall, "La stampa non ha il nome del file da scrivere.");
+    checkOutput(code);
     withRows([&](const LayoutInput& input) {
       const auto write = code == kSpreadsheet ? writeSpreadsheet : writePdf;
       write(surroundings_.files, path_, input, surroundings_.creator);
     });
   }
 
- private:
-  template <class Use>
-  void withRows(const Use& use) {
-    if (connection_ == nullptr)
-      throw Error(kErrorObjectNotSet, "La stampa non ha una connessione al database.");
-    const ReportDefinition& definition = library_.find(report_, objectType_, number_);
+  std::unique_ptr<BegunPrint> begin(std::int32_t code) override {
+    checkOutput(code);
+    if (code == kSpreadsheet || run_->threads == nullptr)
+      throw Error(kErrorInvalidCall, "Questa stampa si fa in una volta sola.");
+    const ReportDefinition& definition = checkedDefinition();
     const Formula formula = parseFormula(formula_);
     const ReadScope reading(*connection_);
-    Rows rows(*connection_,
-              selectionOf(definition, formula, readings_->columns(*connection_, definition.view)));
-    use(LayoutInput{definition, rows, readings_->company(*connection_, idAzienda_),
+    const auto read = std::make_shared<ReadReport>(definition, surroundings_.form, *connection_,
+                                                   selection(definition, formula));
+    read->company = run_->readings.company(*connection_, idAzienda_);
+    read->selection = selectionText(definition, formula);
+    read->today = surroundings_.clock.today();
+    read->now = surroundings_.clock.now();
+    return std::make_unique<BegunPdf>(surroundings_.files, path_, *run_->threads, read, *connection_,
+                                      surroundings_.creator);
+  }
+
+ private:
+  void checkOutput(std::int32_t code) const {
+    if (code < kSpreadsheet || code > kNamedPdf) {
+      throw Error(kErrorInvalidCall, "Codice di uscita della stampa sconosciuto: " + fromInteger(code));
+    }
+    if (path_.empty()) throw Error(kErrorInvalidCall, "La stampa non ha il nome del file da scrivere.");
+  }
+  const ReportDefinition& checkedDefinition() const {
+    if (connection_ == nullptr)
+      throw Error(kErrorObjectNotSet, "La stampa non ha una connessione al database.");
+    return library_.find(report_, objectType_, number_);
+  }
+  std::string selection(const ReportDefinition& definition, const Formula& formula) const {
+    return selectionOf(definition, formula, run_->readings.columns(*connection_, definition.view));
+  }
+
+  template <class Use>
+  void withRows(const Use& use) {
+    const ReportDefinition& definition = checkedDefinition();
+    const Formula formula = parseFormula(formula_);
+    const ReadScope reading(*connection_);
+    Rows rows(*connection_, selection(definition, formula));
+    use(LayoutInput{definition, rows, run_->readings.company(*connection_, idAzienda_),
                     selectionText(definition, formula), surroundings_.clock.today(),
                     surroundings_.clock.now(), *connection_, false, nullptr, &surroundings_.frontEnd,
                     surroundings_.form});
@@ -76,7 +110,7 @@ class Engine final : public ReportEngine {
 
   const ReportSurroundings& surroundings_;
   ReportLibrary& library_;
-  std::shared_ptr<RunReadings> readings_;
+  std::shared_ptr<RunState> run_;
   Connection* connection_ = nullptr;
   std::int32_t idAzienda_ = 0;
   std::int32_t objectType_ = 0;
@@ -89,7 +123,9 @@ class Engine final : public ReportEngine {
 };
 
 struct Run final : PrintRun {
-  std::shared_ptr<RunReadings> readings = std::make_shared<RunReadings>();
+  // A few more than are laid out, so that no thread waits for the next rows.
+  std::size_t ahead() const override { return state->threads ? 2 * state->threads->count() : 0; }
+  std::shared_ptr<RunState> state = std::make_shared<RunState>();
 };
 
 }  // namespace
@@ -106,14 +142,17 @@ PdfReports::PdfReports(const ReportSurroundings& surroundings,
 PdfReports::~PdfReports() = default;
 
 std::unique_ptr<ReportEngine> PdfReports::create() {
-  std::shared_ptr<reporting::RunReadings> readings = run_.lock();
-  if (!readings) readings = std::make_shared<reporting::RunReadings>();
-  return std::make_unique<reporting::Engine>(surroundings_, *library_, std::move(readings));
+  std::shared_ptr<reporting::RunState> run = run_.lock();
+  if (!run) run = std::make_shared<reporting::RunState>();
+  return std::make_unique<reporting::Engine>(surroundings_, *library_, std::move(run));
 }
 
 std::unique_ptr<PrintRun> PdfReports::beginRun() {
   auto run = std::make_unique<reporting::Run>();
-  run_ = run->readings;
+  if (surroundings_.jobs > 1) {
+    run->state->threads = std::make_unique<reporting::LayoutThreads>(surroundings_.jobs);
+  }
+  run_ = run->state;
   return run;
 }
 

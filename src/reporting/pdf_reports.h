@@ -10,13 +10,13 @@ namespace cu {
 
 namespace reporting {
 class ReportLibrary;
-class RunReadings;
+struct RunState;
 struct DefinitionFile;
 }  // namespace reporting
 
 // The engine that lays reports out and writes them: PDF, printer, spreadsheet. Definitions are read once, at
-// the first print. Not thread-safe; creates the toolkit's application object on the calling thread where
-// there is none.
+// the first print. Not thread-safe, though the forms of a run are laid out in threads of its own; creates the
+// toolkit's application object on the calling thread where there is none.
 //
 // A run writes to the full path that was set; code 0 writes a table for a spreadsheet, the others a PDF.
 // FileError and DatabaseError propagate; the engine's own errors (reporting/report_error.h) have texts for
@@ -40,7 +40,7 @@ class PdfReports final : public Impaginatore {
  private:
   ReportSurroundings surroundings_;
   std::unique_ptr<reporting::ReportLibrary> library_;
-  std::weak_ptr<reporting::RunReadings> run_;
+  std::weak_ptr<reporting::RunState> run_;
 };
 
 }  // namespace cu

@@ -1,5 +1,6 @@
 #include "suite/stampa.h"
 
+#include <exception>
 #include <filesystem>
 
 #include "base/text.h"
@@ -105,6 +106,36 @@ void StampaSuite::run(std::int32_t code) {
   esegui([this, code] {
     if (impaginatore_) impaginatore_->run(code);
   });
+}
+
+class StampaSuite::Iniziata final : public BegunPrint {
+ public:
+  Iniziata(StampaSuite& stampa, std::int32_t codice) : stampa_(stampa) {
+    if (!stampa_.impaginatore_) return;
+    try {
+      impaginata_ = stampa_.impaginatore_->begin(codice);
+    } catch (const std::exception&) {
+      guasto_ = std::current_exception();
+    }
+  }
+  void finish() override {
+    stampa_.esegui([this] {
+      if (guasto_) std::rethrow_exception(guasto_);
+      if (impaginata_) impaginata_->finish();
+    });
+  }
+
+ private:
+  StampaSuite& stampa_;
+  std::unique_ptr<BegunPrint> impaginata_;
+  std::exception_ptr guasto_;
+};
+
+std::unique_ptr<BegunPrint> StampaSuite::begin(std::int32_t code) {
+  nota_.kind = tipoUscita(code);
+  nota_.code = code;
+  if (nota_.file.empty()) trovaNome(code);
+  return std::make_unique<Iniziata>(*this, code);
 }
 
 template <class Impaginazione>

@@ -36,8 +36,11 @@ class StampaSuite : public ReportEngine {
   void preview() override;
   void print() override;
   void run(std::int32_t code) override;
+  // Nothing is reported before finish().
+  std::unique_ptr<BegunPrint> begin(std::int32_t code) override;
 
  private:
+  class Iniziata;
   void trovaNome(std::int32_t codice);
   std::string chiediNome(const std::string& estensione, const std::string& filtro);
   std::string nomeNuovo() const;     // a file name not yet in use

@@ -53,6 +53,51 @@ class Stampa : public ::testing::Test {
   std::unique_ptr<StampaSuite> stampa_;  // destroyed before the objects it calls
 };
 
+TEST_F(Stampa, InTwoPartsIsReportedWhenItIsFinished) {
+  StampaSuite& stampa = nuova();
+  stampa.setOutputMode(0);
+  stampa.setOutputPath("/cu/a.cur");
+  stampa.setOutputFormat(0);
+  const auto iniziata = stampa.begin(3);
+  EXPECT_THAT(schermo.prints, IsEmpty());
+  EXPECT_THAT(giornale.arguments("report.begin"), ElementsAre("3"));
+  iniziata->finish();
+  EXPECT_THAT(giornale.calls, Contains("report.finish /cu/a.cur"));
+  ASSERT_THAT(schermo.prints, SizeIs(1));
+  EXPECT_EQ(nota().kind, 6);
+  EXPECT_EQ(nota().file, "/cu/a.cur");
+  EXPECT_TRUE(nota().written);
+}
+
+TEST_F(Stampa, InTwoPartsIsReportedOnceWhereEitherPartFails) {
+  for (const char* const parte : {"report.begin", "report.finish /cu/a.cur"}) {
+    schermo.prints.clear();
+    giornale.failures = {{parte, Error(kErrorDeviceIo, "no")}};
+    StampaSuite& stampa = nuova();
+    stampa.setOutputPath("/cu/a.cur");
+    const auto iniziata = stampa.begin(3);
+    EXPECT_THAT(schermo.prints, IsEmpty());
+    EXPECT_THROW(iniziata->finish(), Error);
+    ASSERT_THAT(schermo.prints, SizeIs(1)) << parte;
+    EXPECT_FALSE(nota().written);
+  }
+}
+
+TEST_F(Stampa, InTwoPartsThatIsNotFinishedIsNoPrint) {
+  StampaSuite& stampa = nuova();
+  stampa.setOutputPath("/cu/a.cur");
+  { const auto iniziata = stampa.begin(3); }
+  EXPECT_THAT(schermo.prints, IsEmpty());
+}
+
+TEST_F(Stampa, InTwoPartsWithoutAnEngineIsOnlyReported) {
+  StampaSuite& stampa = nuova(false);
+  stampa.setOutputPath("/cu/a.cur");
+  stampa.begin(3)->finish();
+  ASSERT_THAT(schermo.prints, SizeIs(1));
+  EXPECT_FALSE(nota().written);
+}
+
 TEST_F(Stampa, WhatIsSetReachesTheEngineAndTheNote) {
   StampaSuite& stampa = nuova();
   stampa.setOutputMode(0);

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -18,6 +20,7 @@ struct PrintJournal {
   std::vector<std::string> calls;
   std::map<std::string, Error> failures;
   bool cancelled = false;  // the printer dialog
+  std::size_t ahead = 0;   // of a run's prints
   Connection* reportConnection = nullptr;
   Connection* dialogConnection = nullptr;
 
@@ -40,9 +43,21 @@ class NotedPrintRun : public PrintRun {
  public:
   explicit NotedPrintRun(PrintJournal& journal) : journal_(journal) { journal_.call("run.begin"); }
   ~NotedPrintRun() override { journal_.calls.emplace_back("run.end"); }
+  std::size_t ahead() const override { return journal_.ahead; }
 
  private:
   PrintJournal& journal_;
+};
+
+// Its failures are under "report.finish" and the path, so that one of many can fail.
+class FakeBegunPrint : public BegunPrint {
+ public:
+  FakeBegunPrint(PrintJournal& journal, std::string path) : journal_(journal), path_(std::move(path)) {}
+  void finish() override { journal_.call("report.finish " + path_); }
+
+ private:
+  PrintJournal& journal_;
+  std::string path_;
 };
 
 class FakeReport : public ReportEngine {
@@ -67,7 +82,10 @@ class FakeReport : public ReportEngine {
     journal_.call("report.definition", fromInteger(number));
   }
   void setOutputMode(std::int32_t mode) override { journal_.call("report.outputMode", fromInteger(mode)); }
-  void setOutputPath(const std::string& path) override { journal_.call("report.outputPath", path); }
+  void setOutputPath(const std::string& path) override {
+    path_ = path;
+    journal_.call("report.outputPath", path);
+  }
   void setOutputFormat(std::int32_t format) override {
     journal_.call("report.outputFormat", fromInteger(format));
   }
@@ -78,9 +96,14 @@ class FakeReport : public ReportEngine {
   void preview() override { journal_.call("report.preview"); }
   void print() override { journal_.call("report.print"); }
   void run(std::int32_t code) override { journal_.call("report.run", fromInteger(code)); }
+  std::unique_ptr<BegunPrint> begin(std::int32_t code) override {
+    journal_.call("report.begin", fromInteger(code));
+    return std::make_unique<FakeBegunPrint>(journal_, path_);
+  }
 
  private:
   PrintJournal& journal_;
+  std::string path_;
 };
 
 class FakePrinterDialog : public PrinterDialog {

@@ -1,6 +1,8 @@
 #include "apps/comune/surroundings.h"
 
+#include <algorithm>
 #include <iostream>
+#include <thread>
 #include <utility>
 
 #include "apps/comune/connessioni.h"
@@ -9,13 +11,16 @@
 
 namespace cu {
 
-Surroundings::Surroundings(const Profilo& profilo, FrontEnd& schermo, CreaImpaginatore impaginatore)
+Surroundings::Surroundings(const Profilo& profilo, FrontEnd& schermo, CreaImpaginatore impaginatore,
+                           std::optional<std::int32_t> moduliInsieme)
     : modello_(modelloDi(profilo)),
       orologio_(orologio(profilo)),
       impostazioni_(profilo.impostazioni, files_,
                     [](const std::string& avviso) { std::cerr << avviso << '\n'; }),
       utilita_(schermo, profilo.documenti),
       creaImpaginatore_(std::move(impaginatore)),
+      moduliInsieme_(moduliInsieme ? static_cast<std::size_t>(*moduliInsieme)
+                                   : std::max(1U, std::thread::hardware_concurrency())),
       fabbrica_(profilo, schermo, fornitori(profilo, schermo)) {}
 
 FornitoriSuite Surroundings::fornitori(const Profilo& profilo, FrontEnd& schermo) {
@@ -30,8 +35,8 @@ FornitoriSuite Surroundings::fornitori(const Profilo& profilo, FrontEnd& schermo
 
 Impaginatore& Surroundings::impaginatore(FrontEnd& schermo) {
   if (!impaginatore_) {
-    impaginatore_ =
-        creaImpaginatore_(ReportSurroundings{schermo, fileStampe_, *orologio_, "cuwizard", modello_});
+    impaginatore_ = creaImpaginatore_(
+        ReportSurroundings{schermo, fileStampe_, *orologio_, "cuwizard", modello_, moduliInsieme_});
   }
   return *impaginatore_;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
+#include <optional>
 
 #include "impaginazione/impaginazione.h"
 #include "modello/modello.h"
@@ -15,10 +17,12 @@
 namespace cu {
 
 // The surroundings of a run, created for a profile and a front end, which both outlive it. ErroreProfilo when
-// the trace cannot be created. Without `impaginatore` a print is an error.
+// the trace cannot be created. Without `impaginatore` a print is an error; `moduliInsieme` forms are laid out
+// at a time, by default as many as there are processors.
 class Surroundings {
  public:
-  Surroundings(const Profilo& profilo, FrontEnd& schermo, CreaImpaginatore impaginatore = {});
+  Surroundings(const Profilo& profilo, FrontEnd& schermo, CreaImpaginatore impaginatore = {},
+               std::optional<std::int32_t> moduliInsieme = {});
   Surroundings(const Surroundings&) = delete;
   Surroundings& operator=(const Surroundings&) = delete;
 
@@ -43,6 +47,7 @@ class Surroundings {
   UtilitaItaliana utilita_;
   FileSystemPiattaforma fileStampe_;
   CreaImpaginatore creaImpaginatore_;
+  std::size_t moduliInsieme_;
   std::unique_ptr<Impaginatore> impaginatore_;  // created by the first print
   FabbricaSuite fabbrica_;
 };
