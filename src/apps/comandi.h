@@ -15,6 +15,20 @@ namespace cu {
 
 int comandoCheck(const OpzioniDatabase& opzioni);
 
+struct OpzioniBackup {
+  std::string database;  // its address
+  std::string file;
+  bool sostituisci = false;
+};
+int comandoBackup(const OpzioniBackup& opzioni);
+
+struct OpzioniRestore {
+  std::string database;
+  std::string file;
+  bool passaAvvisi = false;
+};
+int comandoRestore(const OpzioniRestore& opzioni);
+
 struct OpzioniCreate {
   OpzioniDatabase database;
   bool vuoto = false;

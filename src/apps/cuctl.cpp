@@ -18,6 +18,7 @@
 #include "suite/profilo.h"
 #include "uso.h"
 #include "uso_aziende.h"
+#include "uso_copia.h"
 #include "uso_esame.h"
 #include "uso_finestra.h"
 #include "uso_importa.h"
@@ -294,6 +295,8 @@ constexpr auto kComandi = std::to_array<VoceComando>({
     {"correct", aggiungiCorrect},
     {"discard", aggiungiDiscard},
     {"upgrade", aggiungiUpgrade},
+    {"backup", aggiungiBackup},
+    {"restore", aggiungiRestore},
     {"import", aggiungiImport},
     {"export", aggiungiExport},
     {"template", aggiungiTemplate},

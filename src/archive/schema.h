@@ -39,6 +39,8 @@ void creaSchema(Connection& connessione);
 // missing, and returns how many it has created. Statements only, within the caller's transaction.
 std::size_t creaRegistro(Connection& connessione);
 
+// The version that such a database is marked with: a later one has what this program does not know.
+inline constexpr int kVersioneArchivio = 1;
 // Marks the database as created by this program.
 void creaMarca(Connection& connessione);
 

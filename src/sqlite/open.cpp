@@ -12,6 +12,7 @@
 #include "base/text.h"
 #include "platform/owner_only.h"
 #include "sqlite/errors.h"
+#include "sqlite/own_files.h"
 #include "sqlite/own_functions.h"
 
 namespace cu::sqlite {
@@ -118,6 +119,7 @@ DatabaseHandle openFile(const std::string& path, bool create) {
   static_cast<void>(counting);
   const bool memory = path == ":memory:";
   const bool isNew = !memory && examine(path, create);
+  rememberOwnDatabase(path);
   sqlite3* raw = nullptr;
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
   // A file name that looks like a URI is still a file name.
@@ -139,6 +141,10 @@ DatabaseHandle openFile(const std::string& path, bool create) {
   installFunctions(raw);
   // The first read of the file shows whether it is a database.
   if (!run(raw, "SELECT count(*) FROM sqlite_schema")) explain(raw, path);
+  // It may have waited for somebody who put another file in the place; the files beside it are the other's.
+  int moved = 0;
+  if (!memory && sqlite3_file_control(raw, "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK && moved != 0)
+    throw errorOf(SQLITE_READONLY_DBMOVED, "", "");
   if (sqlite3_db_readonly(raw, "main") == 1) {
     throw DatabaseError(
         DatabaseErrorKind::ReadOnly, SQLITE_READONLY, "",
