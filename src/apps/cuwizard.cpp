@@ -19,17 +19,21 @@
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/colonne_percipienti.h"
+#include "apps/comune/connessioni.h"
 #include "apps/comune/impianto.h"
 #include "apps/comune/modello_del_profilo.h"
 #include "apps/esame/dopo_scrittura.h"
 #include "apps/esame/testo_rilievi.h"
+#include "apps/strumenti/copia_archivio.h"
 #include "apps/strumenti/strumenti.h"
 #include "apps/versione/versione.h"
 #include "base/error.h"
+#include "desktop/file_dialog.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/window_memory.h"
 #include "reporting/pdf_reports.h"
+#include "sqlite/own_files.h"
 #include "suite/orologio.h"
 #include "suite/profilo.h"
 #include "uso.h"
@@ -125,6 +129,18 @@ int avvia(const Profilo& profilo) {
       QCoreApplication::quit();
     }
   };
+  if (strumenti::siCopia(profilo.database)) {
+    schermo.ownTools.push_back({QStringLiteral("Copia di sicure&zza…"), [&profilo](QWidget* finestra) {
+                                  strumenti::faiCopia(finestra, profilo.database);
+                                }});
+    schermo.belowOutlook = [&profilo, &schermo](QWidget* parent) {
+      auto* const riga = new strumenti::RigaCopia(parent, profilo.database, true);
+      riga->azione = [&schermo] { schermo.use(schermo.ownTools.front()); };
+      // The focus stays on the form's controls; the key of the button works, and the menu has the same.
+      riga->pulsante()->setFocusPolicy(Qt::NoFocus);
+      return riga;
+    };
+  }
   bool avviato = false;
   schermo.runEvent([&] {
     try {
@@ -145,6 +161,14 @@ int avvia(const Profilo& profilo) {
 int esegui(const OpzioniFinestra& opzioni) {
   std::optional<Profilo> profilo;
   if (!opzioni.profilo.empty()) profilo = leggiProfilo(opzioni.profilo);
+  if (profilo) ricordaDatabase(profilo->database);
+  desktop::FileDialog::setObjection([](const QString& file) {
+    return belongsToOwnDatabase(file.toStdString())
+               ? QStringLiteral(
+                     "«%1» è il database in uso, o un suo file di lavoro: scegliere un altro nome.")
+                     .arg(QFileInfo(file).fileName())
+               : QString();
+  });
   strumenti::guida(
       cartellaGuida(profilo ? QString::fromStdString(profilo->sessione.cartellaGuida) : QString()));
   if (opzioni.importa) {

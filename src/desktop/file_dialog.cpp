@@ -2,8 +2,10 @@
 
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QMessageBox>
 #include <QRegularExpression>
 #include <QTreeView>
+#include <utility>
 
 namespace cu::desktop {
 namespace {
@@ -13,6 +15,11 @@ void propose(QFileDialog& dialog, const QString& place) {
   if (place.isEmpty() || proposed.isDir()) return;
   dialog.setDirectory(proposed.absolutePath());
   dialog.selectFile(proposed.fileName());
+}
+
+std::function<QString(const QString&)>& objectionToFiles() {
+  static std::function<QString(const QString&)> objection;
+  return objection;
 }
 
 QStringList selected(QFileDialog& dialog) {
@@ -53,6 +60,25 @@ void FileDialog::saves() {
   };
   follow(selectedNameFilter());
   connect(this, &QFileDialog::filterSelected, this, follow);
+}
+
+void FileDialog::setObjection(std::function<QString(const QString& file)> objection) {
+  objectionToFiles() = std::move(objection);
+}
+
+void FileDialog::accept() {
+  if (acceptMode() == QFileDialog::AcceptSave && objectionToFiles()) {
+    for (const QString& file : selectedFiles()) {
+      const QString against = objectionToFiles()(file);
+      if (against.isEmpty()) continue;
+      QMessageBox box(QMessageBox::Warning, windowTitle(), {}, QMessageBox::Ok, this);
+      box.setTextFormat(Qt::PlainText);
+      box.setText(against);
+      box.exec();
+      return;
+    }
+  }
+  QFileDialog::accept();
 }
 
 QString fileToOpen(QWidget* parent, const QString& title, const QString& place, const QString& filter) {

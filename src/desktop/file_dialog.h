@@ -3,6 +3,7 @@
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QStringList>
+#include <functional>
 
 namespace cu::desktop {
 
@@ -31,6 +32,12 @@ class FileDialog : private file_dialog::WithKinds, public QFileDialog {
   // For a file to write. A name without an extension gets that of the filter chosen, so that the question
   // whether to replace a file is about the one that is written.
   void saves();
+  // Why a file must not be written, of every dialog that asks for one: shown instead of accepting it. Empty
+  // for nothing against it.
+  static void setObjection(std::function<QString(const QString& file)> objection);
+
+ protected:
+  void accept() override;
 };
 
 // Ask for one; empty where the user gives none. `place` is a folder, or a file that is proposed.

@@ -153,6 +153,7 @@ void addOutlook(FormWindow& window, QBoxLayout& column, ContentArea* area) {
   auto* margins = new QVBoxLayout(around);
   margins->setContentsMargins(0, kMargin, kMargin, kMargin / 2);
   margins->addWidget(panel);
+  if (const auto& below = window.frontEnd().belowOutlook) margins->addWidget(below(around));
   scroll->setWidget(around);
   scroll->setWidgetResizable(true);
   scroll->setFrameShape(QFrame::NoFrame);

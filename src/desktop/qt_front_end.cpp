@@ -89,6 +89,14 @@ int QtFrontEnd::run(QDialog& dialog) {
   return result;
 }
 
+// Nothing while an event runs: its state is not one to be looked at.
+void QtFrontEnd::use(const OwnTool& tool) {
+  if (busy()) return;
+  const Waiting waiting(*this);
+  tool.run(parentForDialog());
+  if (topmost() != nullptr) topmost()->activateWindow();
+}
+
 int QtFrontEnd::run(QDialog& dialog, QWidget& typedInto) {
   ++running_;
   const bool open = showTakingKeys(dialog, typedInto);

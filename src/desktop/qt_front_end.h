@@ -32,6 +32,16 @@ class QtFrontEnd : public FrontEnd {
   explicit QtFrontEnd(QString guide = {});
   ~QtFrontEnd() override;
 
+  // What the window offers beside the form, in a menu of its own: `run` is given the window.
+  struct OwnTool {
+    QString caption;
+    std::function<void(QWidget* window)> run;
+  };
+  std::vector<OwnTool> ownTools;
+  void use(const OwnTool& tool);
+  // Makes what is shown below the forecast of the main action; none without it.
+  std::function<QWidget*(QWidget* parent)> belowOutlook;
+
   // Called when the last form has been closed.
   std::function<void()> onAllClosed;
   // Of the search lists; empty where there are none.

@@ -7,6 +7,7 @@
 #include "desktop/form_window.h"
 #include "desktop/look.h"
 #include "desktop/look_menu.h"
+#include "desktop/qt_front_end.h"
 #include "desktop/text.h"
 
 namespace cu::desktop {
@@ -142,6 +143,14 @@ void MenuView::refresh() {
              [this](const std::string& key) { act([this, key] { tools_.click(key); }); });
   }
   // Of the window, and not of the form.
+  QtFrontEnd& frontEnd = window().frontEnd();
+  if (!frontEnd.ownTools.empty() && !window().form().stages().empty()) {
+    QMenu* const menu = widgetBar_->addMenu(QStringLiteral("S&trumenti"));
+    for (const QtFrontEnd::OwnTool& tool : frontEnd.ownTools) {
+      QObject::connect(menu->addAction(tool.caption), &QAction::triggered, menu,
+                       [&frontEnd, tool] { frontEnd.use(tool); });
+    }
+  }
   fillLookMenu(*widgetBar_->addMenu(QStringLiteral("A&spetto")));
 }
 

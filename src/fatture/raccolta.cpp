@@ -21,6 +21,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kAltro = "file che non è una fattura";
+constexpr const char* kInUso = "file del database in uso";
 
 Rilievo soloFile(const char* codice, const std::string& nome, std::string testo) {
   return {codice, {nome, 0, 0, {}}, std::move(testo), false};
@@ -191,6 +192,13 @@ class Raccolta {
   void file(const fs::path& percorso, const std::string& nome, bool nominato) {
     const std::u8string cartella = percorso.parent_path().generic_u8string();
     cartella_.assign(cartella.begin(), cartella.end());
+    if (limiti_.intoccabile && limiti_.intoccabile(percorso)) {
+      if (nominato)
+        return fallito(
+            nome, soloFile("F03", nome, "È il database in uso, o un suo file di lavoro: non si importa"));
+      ++ignorati_[kInUso];
+      return;
+    }
     std::ifstream flusso(percorso, std::ios::binary);
     std::string contenuto(kTesta, '\0');
     flusso.read(contenuto.data(), static_cast<std::streamsize>(contenuto.size()));

@@ -20,6 +20,8 @@ struct LimitiRaccolta {
       .byte = std::size_t{100} << 20U, .membri = 60000, .espansi = std::size_t{1} << 30U, .rapporto = 100};
   std::size_t file = 100000;  // of a folder
   int profondita = 20;        // of folders
+  // Files that must not be opened, whatever they hold, in use by the caller; none without it.
+  std::function<bool(const std::filesystem::path& file)> intoccabile = {};
 };
 
 // What was met besides the files that were given to the caller, by what it is: "file vuoto" 12.

@@ -2,35 +2,21 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QListView>
+#include <QMessageBox>
 #include <QMimeDatabase>
+#include <QTimer>
 
+#include "support/held_locks.h"
 #include "support/temp_folder.h"
 
 namespace cu::desktop {
 namespace {
-
-// Whether another process finds the file locked.
-bool lockedForOthers(const std::string& path) {
-  const pid_t child = ::fork();
-  if (child == 0) {
-    const int file = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
-    struct flock asked {};
-    asked.l_type = F_WRLCK;
-    asked.l_whence = SEEK_SET;
-    const bool held = file >= 0 && ::fcntl(file, F_GETLK, &asked) == 0 && asked.l_type != F_UNLCK;
-    ::_exit(held ? 1 : 0);
-  }
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  return WIFEXITED(status) && WEXITSTATUS(status) == 1;
-}
 
 class DialogBesideADatabase : public ::testing::Test {
  protected:
@@ -40,7 +26,7 @@ class DialogBesideADatabase : public ::testing::Test {
     lock.l_type = F_RDLCK;
     lock.l_whence = SEEK_SET;
     EXPECT_EQ(::fcntl(file_, F_SETLK, &lock), 0);
-    EXPECT_TRUE(lockedForOthers(database_));
+    EXPECT_TRUE(test::holdsLock(database_));
   }
   ~DialogBesideADatabase() override { ::close(file_); }
 
@@ -68,13 +54,13 @@ class DialogBesideADatabase : public ::testing::Test {
 TEST_F(DialogBesideADatabase, LeavesItsLocks) {
   FileDialog dialog(nullptr, QStringLiteral("Prova"), QString::fromStdString(folder_.path()));
   ASSERT_TRUE(listed(dialog));
-  EXPECT_TRUE(lockedForOthers(database_));
+  EXPECT_TRUE(test::holdsLock(database_));
 }
 
 // What the test would miss: a look into the file, as the toolkit takes one, does release them.
 TEST_F(DialogBesideADatabase, LooksIntoNoFileAsTheToolkitDoes) {
   QMimeDatabase().mimeTypeForFile(QString::fromStdString(database_), QMimeDatabase::MatchContent);
-  EXPECT_FALSE(lockedForOthers(database_));
+  EXPECT_FALSE(test::holdsLock(database_));
 }
 
 TEST(FileDialogs, NameKindsInItalian) {
@@ -97,6 +83,33 @@ TEST(FileDialogs, ProposeAFileInItsFolder) {
   dialog.selectNameFilter(QStringLiteral("Testo (*.csv)"));
   emit dialog.filterSelected(dialog.selectedNameFilter());
   EXPECT_EQ(dialog.defaultSuffix(), QStringLiteral("csv"));
+}
+
+// What is against a file is shown instead of accepting it, and the dialog goes on asking.
+TEST(FileDialogs, AFileThatMustNotBeWrittenIsNotAccepted) {
+  const test::TempFolder folder;
+  const QString forbidden = QString::fromStdString(folder / "in uso.db");
+  FileDialog::setObjection(
+      [&](const QString& file) { return file == forbidden ? QStringLiteral("No.") : QString(); });
+  FileDialog dialog(nullptr, QStringLiteral("Prova"), QString::fromStdString(folder.path()));
+  dialog.saves();
+  dialog.show();
+  dialog.selectFile(forbidden);
+  QString said;
+  QTimer::singleShot(0, &dialog, [&] {
+    auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    said = box->text();
+    box->accept();
+  });
+  QMetaObject::invokeMethod(&dialog, "accept");
+  EXPECT_EQ(said, QStringLiteral("No."));
+  EXPECT_TRUE(dialog.isVisible());
+  dialog.selectFile(QString::fromStdString(folder / "altro.db"));
+  QMetaObject::invokeMethod(&dialog, "accept");
+  EXPECT_FALSE(dialog.isVisible());
+  EXPECT_EQ(dialog.result(), QDialog::Accepted);
+  FileDialog::setObjection({});
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ bool perConto() {
 bool diSpazio(const std::string& testo) {
   const auto dice = [&](const char* pezzo) { return testo.find(pezzo) != std::string::npos; };
   return dice("Spazio su disco esaurito") || dice("Il disco che contiene il database è pieno") ||
-         dice("che sul disco ci sia spazio") ||
+         dice("che sul disco ci sia spazio") || dice("Sul disco non c'è spazio") ||
          dice("Errore di lettura o scrittura sul file del database. Verificare il disco");
 }
 

@@ -63,6 +63,19 @@ TEST_F(RaccoltaDiFile, WalksAFolderInTheOrderOfNamesAndCountsTheRest) {
   EXPECT_EQ(ignorati, (Ignorati{{"file che non è una fattura", 2}, {"file vuoto", 1}}));
 }
 
+// The caller's own, by what it says of their paths.
+TEST_F(RaccoltaDiFile, LeavesFilesAloneThatMustNotBeOpened) {
+  scrivi("a.xml", parcellaXml());
+  scrivi("in uso.xml", parcellaXml());
+  LimitiRaccolta limiti;
+  limiti.intoccabile = [](const std::filesystem::path& file) { return file.filename() == "in uso.xml"; };
+  EXPECT_EQ(raccogli(cartella_, ricevuti_.ricevente(), limiti), (Ignorati{{"file del database in uso", 1}}));
+  EXPECT_EQ(ricevuti_.voci, (std::vector<std::string>{"a.xml: 1"}));
+  ricevuti_.voci.clear();
+  EXPECT_EQ(raccogli(cartella_ / "in uso.xml", ricevuti_.ricevente(), limiti), Ignorati());
+  EXPECT_EQ(ricevuti_.voci, (std::vector<std::string>{"in uso.xml: F03"}));
+}
+
 TEST_F(RaccoltaDiFile, CountsPagesAndDocumentsOfAnOffice) {
   scrivi("pagina.html", "<!DOCTYPE html>\n<html><body>Fatture</body></html>");
   scrivi("rotta.html", "<html><br></body>");

@@ -10,6 +10,7 @@
 
 #include "apps/assistente/colonne_tabella.h"
 #include "apps/importazione/righe_errate.h"
+#include "apps/strumenti/copia_archivio.h"
 #include "apps/strumenti/frase.h"
 #include "apps/strumenti/tabella_vista.h"
 #include "desktop/file_dialog.h"
@@ -42,6 +43,7 @@ PaginaProva::PaginaProva(QWidget* parent, Assistente& assistente)
   riga->addStretch(1);
   colonna().addWidget(riquadroDiversi_);
   componiSchede();
+  colonna().addWidget(new strumenti::RigaCopia(this, assistente.ambiente().database));
   risposta_->hide();
   colonna().addWidget(risposta_);
   auto* const sotto = new QHBoxLayout;

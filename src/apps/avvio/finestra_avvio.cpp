@@ -20,7 +20,9 @@
 #include "apps/assistente/importazione_guidata.h"
 #include "apps/avvio/gestione_aperta.h"
 #include "apps/avvio/messaggio_avvio.h"
+#include "apps/comune/parole_database.h"
 #include "apps/esame/operazioni_registro.h"
+#include "apps/strumenti/copia_archivio.h"
 #include "apps/strumenti/finestra.h"
 #include "apps/strumenti/strumenti.h"
 #include "desktop/file_dialog.h"
@@ -225,7 +227,7 @@ void FinestraAvvio::leggiAziende() {
     const QFileInfo scelto(database_);
     avviso_->setText(avvisoDatabase(
         database_.isEmpty() ? QStringLiteral("Il database dimostrativo") : scelto.fileName(), errore));
-    avviso_->setToolTip(desktop::sentenceTip(QString::fromUtf8(errore.what())));
+    avviso_->setToolTip(desktop::sentenceTip(QString::fromStdString(dettoInFinestra(errore))));
   }
   for (const AziendaAvvio& azienda : elenco_) {
     aziende_->addItem(vociAzienda(azienda), azienda.azienda);
@@ -234,6 +236,7 @@ void FinestraAvvio::leggiAziende() {
   gestisci_->setEnabled(aperto);
   stato_->setEnabled(!elenco_.empty());
   quadro_->setEnabled(!elenco_.empty());
+  copia_->setEnabled(aperto);
   importa_->setEnabled(aperto);
 }
 
@@ -263,6 +266,9 @@ void FinestraAvvio::componiStrumenti() {
   const QAction* const confronta = menu->addAction(QStringLiteral("&Confronta due file…"));
   stato_ = menu->addAction(QStringLiteral("&Stato degli invii…"));
   quadro_ = menu->addAction(QStringLiteral("&Quadro delle aziende…"));
+  menu->addSeparator();
+  copia_ = menu->addAction(QStringLiteral("Copia di sicure&zza…"));
+  const QAction* const ripristino = menu->addAction(QStringLiteral("&Ripristina una copia…"));
   strumenti_->setMenu(menu);
   connect(apri, &QAction::triggered, this, [this] {
     const QString scelto = strumenti::scegliFile(this, QStringLiteral("Apri un file telematico"));
@@ -280,6 +286,8 @@ void FinestraAvvio::componiStrumenti() {
   connect(quadro_, &QAction::triggered, this, [this] {
     if (const auto scelto = profilo()) strumenti::apriTabellone(*scelto);
   });
+  connect(copia_, &QAction::triggered, this, [this] { strumenti::faiCopia(this, databaseScelto()); });
+  connect(ripristino, &QAction::triggered, this, [this] { ripristina(); });
   strumenti::accettaFile(this, [this](const QStringList& file) {
     for (const QString& uno : file) strumenti::apriFile(uno, profilo());
   });
@@ -311,6 +319,17 @@ void FinestraAvvio::nuovoArchivio() {
   database_ = file;
   leggiAziende();
   gestisci();
+}
+
+Profilo::Database FinestraAvvio::databaseScelto() const {
+  Profilo::Database database;
+  database.origine = (database_.isEmpty() ? cartelle_.databaseDimostrativo() : database_).toStdString();
+  return database;
+}
+
+// Also where the database cannot be used any more.
+void FinestraAvvio::ripristina() {
+  if (strumenti::ripristinaCopia(this, databaseScelto())) rileggiAziende();
 }
 
 // One database is worked on in one place: the start window comes back when the forms are closed.

@@ -46,6 +46,8 @@ class FinestraAvvio : public QDialog {
   void nuovoArchivio();
   void gestisci();
   void finitaGestione();
+  void ripristina();
+  Profilo::Database databaseScelto() const;
   void rileggiAziende();
   void importa();
   // Of the present choice; none where the database cannot be used.
@@ -67,6 +69,7 @@ class FinestraAvvio : public QDialog {
   QPushButton* datiPropri_;
   QAction* stato_ = nullptr;
   QAction* quadro_ = nullptr;
+  QAction* copia_ = nullptr;
   QAction* gestisci_ = nullptr;
   QAction* importa_ = nullptr;
   std::unique_ptr<GestioneAperta> gestione_;

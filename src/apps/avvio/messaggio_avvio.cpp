@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <iostream>
 
+#include "apps/comune/parole_database.h"
 #include "base/error.h"
 #include "desktop/text.h"
 #include "suite/profilo.h"
@@ -62,7 +63,7 @@ MessaggioAvvio messaggioAvvio(const std::exception& errore) {
         QStringLiteral("La procedura non può partire, perché il database non si può usare: %1.\n"
                        "Riprovare; se non basta, mostrare questo messaggio a chi ha installato la procedura.")
             .arg(QString::fromUtf8(motivo(genereDi(errore)))),
-        dettaglio};
+        desktop::lines(dettoInFinestra(errore))};
   }
   return {
       QStringLiteral("La procedura non può partire.\n"

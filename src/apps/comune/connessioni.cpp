@@ -7,6 +7,7 @@
 #include "archive/schema.h"
 #include "base/error.h"
 #include "odbc/odbc_connection.h"
+#include "sqlite/own_files.h"
 #include "sqlite/sqlite_connection.h"
 
 namespace cu {
@@ -60,6 +61,10 @@ void chiediPassword(Profilo::Database& database) {
   const bool server = database.motore == Profilo::Motore::Odbc;
   if (!server || database.password || !OdbcConnection::wantsPassword(database.origine)) return;
   database.password = passwordDi(database);
+}
+
+void ricordaDatabase(const Profilo::Database& database) {
+  if (database.motore == Profilo::Motore::Sqlite) rememberOwnDatabase(database.origine);
 }
 
 std::unique_ptr<Connection> apriConnessione(const Profilo::Database& database) {

@@ -24,6 +24,10 @@ std::optional<Profilo::Database> databaseIndicato(const OpzioniDatabase& opzioni
 // does.
 void chiediPassword(Profilo::Database& database);
 
+// Tells of a database that is going to be used: from now on no file of an embedded one is opened as another
+// file.
+void ricordaDatabase(const Profilo::Database& database);
+
 // Opens the suite's database for an address. DatabaseError states in Italian the problem and the remedy.
 // Missing security of a server's connection is reported on standard error.
 std::unique_ptr<Connection> apriConnessione(const Profilo::Database& database);

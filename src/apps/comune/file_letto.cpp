@@ -3,7 +3,17 @@
 #include <filesystem>
 #include <system_error>
 
+#include "sqlite/own_files.h"
+
 namespace cu {
+
+void rifiutaFileDelDatabase(const std::string& percorso) {
+  if (!belongsToOwnDatabase(percorso)) return;
+  throw FileIlleggibile(
+      percorso +
+      ": è il database in uso, o un suo file di lavoro: qui non si può aprire. Scegliere un "
+      "altro file.");
+}
 
 FileLetto::FileLetto(const std::string& percorso) : percorso_(percorso) {
   std::error_code errore;
@@ -11,6 +21,7 @@ FileLetto::FileLetto(const std::string& percorso) : percorso_(percorso) {
   if (!std::filesystem::exists(stato)) throw FileIlleggibile(percorso + ": il file non esiste.");
   if (std::filesystem::is_directory(stato))
     throw FileIlleggibile(percorso + ": è una cartella, non un file.");
+  rifiutaFileDelDatabase(percorso);
   file_.rdbuf()->pubsetbuf(nullptr, 0);
   file_.open(percorso, std::ios::binary);
   if (!file_) throw FileIlleggibile(percorso + ": il file non si può aprire.");

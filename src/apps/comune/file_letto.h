@@ -15,7 +15,12 @@ class FileIlleggibile : public FileError {
   explicit FileIlleggibile(const std::string& testo) : FileError(kErrorFileNotFound, testo) {}
 };
 
-// A file of the machine as a source of bytes. FileIlleggibile where it cannot be opened or read.
+// One that belongs to an embedded database in use is not opened: closing it would release the locks of the
+// database. FileIlleggibile with what it is.
+void rifiutaFileDelDatabase(const std::string& percorso);
+
+// A file of the machine as a source of bytes. FileIlleggibile where it cannot be opened or read, or
+// belongs to a database in use.
 class FileLetto : public lettura::Sorgente {
  public:
   explicit FileLetto(const std::string& percorso);

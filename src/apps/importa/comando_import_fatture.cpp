@@ -96,7 +96,8 @@ int comandoImportFatture(const OpzioniImportFatture& opzioni) {
     richiesta.fatture.fonte = opzioni.fonte;
     richiesta.fatture.giorno = opzioni.giorno.value_or(Date());
     std::vector<intake::Messaggio> messaggi = leggiTavola(opzioni, mappa.date, oggi, richiesta.fatture);
-    intake::LettureFatture lette = intake::leggiFatture(opzioni.comuni.file, oggi);
+    intake::LettureFatture lette =
+        intake::leggiFatture(opzioni.comuni.file, oggi, nullptr, limitiDellaRaccolta());
     if (opzioni.comuni.saltaFileIllegibili) tralasciaIllegibili(lette.letture);
     for (const auto& [che, quanti] : lette.ignorati)
       std::cerr << "Tralasciati: " << quanti << " (" << che << ")\n";

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "apps/comune/connessioni.h"
 #include "apps/importazione/parole_finestra.h"
 
 namespace cu {
@@ -26,6 +27,10 @@ std::string titoloPasso(Passo passo, Elenco elenco, bool fatture) {
   if (passo == Passo::Colonne && fatture) return "Documenti";
   if (passo == Passo::Percipienti && elenco == Elenco::Aziende) return "Aziende";
   return kTitoli[static_cast<std::size_t>(passo)];
+}
+
+Assistente::Assistente(Ambiente ambiente) : ambiente_(std::move(ambiente)) {
+  ricordaDatabase(ambiente_.database);
 }
 
 bool Assistente::comprende(Passo passo) const {

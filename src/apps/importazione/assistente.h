@@ -51,7 +51,7 @@ class Assistente {
     bool scrive = false;
   };
 
-  explicit Assistente(Ambiente ambiente) : ambiente_(std::move(ambiente)) {}
+  explicit Assistente(Ambiente ambiente);
 
   // The step at hand, and the ways out of it.
   Passo passo() const { return passo_; }

@@ -6,6 +6,7 @@
 
 #include "apps/comune/connessioni.h"
 #include "apps/importazione/assistente.h"
+#include "apps/importazione/file_importato.h"
 
 namespace cu {
 namespace {
@@ -123,7 +124,7 @@ Compito Assistente::leggiFatture() {
           .lavoro =
               [lette, percorsi, oggi = ambiente_.oggi,
                tralascia = tralasciaIllegibili_](ProgressSink* avanzamento) {
-                *lette = intake::leggiFatture(percorsi, oggi, avanzamento);
+                *lette = intake::leggiFatture(percorsi, oggi, avanzamento, limitiDellaRaccolta());
                 if (tralascia) cu::tralasciaIllegibili(lette->letture);
               },
           .accogli = seAncora([this, lette] { accogliFatture(std::move(*lette)); })};

@@ -7,6 +7,7 @@
 
 #include "apps/comune/file_letto.h"
 #include "apps/comune/sha256.h"
+#include "sqlite/own_files.h"
 #include "tabelle/lettura.h"
 
 namespace cu {
@@ -49,6 +50,12 @@ FileImportatoInMemoria leggiFileImportato(const std::string& percorso) {
   somma.aggiungi(file.byte);
   file.sha256 = somma.cifre();
   return file;
+}
+
+fatture::LimitiRaccolta limitiDellaRaccolta() {
+  fatture::LimitiRaccolta limiti;
+  limiti.intoccabile = [](const std::filesystem::path& file) { return belongsToOwnDatabase(file.string()); };
+  return limiti;
 }
 
 }  // namespace cu

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "fatture/raccolta.h"
+
 namespace cu {
 
 // The bytes of a file to be imported, which is only read.
@@ -14,5 +16,8 @@ struct FileImportatoInMemoria {
 
 // "-" is the standard input. FileIlleggibile (apps/comune/file_letto.h) where it cannot be read.
 FileImportatoInMemoria leggiFileImportato(const std::string& percorso);
+
+// For invoices: those of the reading, and the files of a database in use are not opened.
+fatture::LimitiRaccolta limitiDellaRaccolta();
 
 }  // namespace cu

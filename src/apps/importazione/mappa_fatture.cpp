@@ -5,6 +5,7 @@
 #include <sstream>
 #include <utility>
 
+#include "apps/comune/file_letto.h"
 #include "apps/importazione/mappe_personali.h"
 #include "apps/importazione/parti_mappa.h"
 #include "base/ascii.h"
@@ -123,6 +124,7 @@ MappaFatture analizzaMappaFatture(std::string_view testo, const std::string& fil
 }
 
 MappaFatture leggiMappaFatture(const std::string& file) {
+  rifiutaFileDelDatabase(file);
   return analizzaMappaFatture(leggiTestoToml(file), file);
 }
 

@@ -3,6 +3,7 @@
 #include <sstream>
 #include <utility>
 
+#include "apps/comune/file_letto.h"
 #include "apps/importazione/parti_mappa.h"
 
 namespace cu {
@@ -52,7 +53,10 @@ Mappa analizzaMappa(std::string_view testo, const std::string& file) {
   return mappa;
 }
 
-Mappa leggiMappa(const std::string& file) { return analizzaMappa(leggiTestoToml(file), file); }
+Mappa leggiMappa(const std::string& file) {
+  rifiutaFileDelDatabase(file);
+  return analizzaMappa(leggiTestoToml(file), file);
+}
 
 ScopoMappa scopoMappa(std::string_view testo, const std::string& file) {
   const toml::table tabella = interpretaMappa(testo, file);

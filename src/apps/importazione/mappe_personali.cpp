@@ -6,6 +6,7 @@
 #include "apps/comune/sha256.h"
 #include "intake/lettura_righe.h"
 #include "platform/user_folders.h"
+#include "sqlite/own_files.h"
 #include "suite/lettore_toml.h"
 #include "suite/platform_file.h"
 #include "tabelle/errore.h"
@@ -66,7 +67,8 @@ std::vector<std::string> profiliDi(const std::string& cartella) {
   std::vector<std::string> file;
   std::error_code errore;
   for (const fs::directory_entry& voce : fs::directory_iterator(cartella, errore)) {
-    if (voce.path().extension() == kEstensione) file.push_back(voce.path().string());
+    const std::string percorso = voce.path().string();
+    if (voce.path().extension() == kEstensione && !belongsToOwnDatabase(percorso)) file.push_back(percorso);
   }
   std::sort(file.begin(), file.end());
   return file;

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "apps/comune/modello_del_profilo.h"
+#include "apps/strumenti/copia_archivio.h"
 #include "apps/strumenti/frase.h"
 #include "apps/strumenti/modulo_disegnato.h"
 #include "apps/strumenti/ricerca.h"
@@ -41,6 +42,7 @@ FinestraStato::FinestraStato(Profilo profilo, std::optional<std::int32_t> anno)
   risposta_ = new Frase(this);
   risposta_->hide();
   colonna->addWidget(risposta_);
+  colonna->addWidget(new RigaCopia(this, profilo_.database));
   colonna->addWidget(attesa());
   colonna->addWidget(pulsanti());
   ricordaPosto({divisore}, kDimensioneStato);

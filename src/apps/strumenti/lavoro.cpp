@@ -3,7 +3,7 @@
 #include <QThread>
 #include <utility>
 
-#include "base/error.h"
+#include "apps/comune/parole_database.h"
 
 namespace cu::strumenti {
 namespace {
@@ -17,7 +17,7 @@ Lavoro::Esito esitoDi(const std::function<void()>& lavoro) {
   } catch (const Interrotto&) {
     return {{}, true};
   } catch (const std::exception& errore) {
-    const QString testo = QString::fromStdString(asError(errore).description());
+    const QString testo = QString::fromStdString(dettoInFinestra(errore));
     return {testo.isEmpty() ? QStringLiteral("L'operazione non è riuscita.") : testo, false};
   }
 }

@@ -1,0 +1,163 @@
+#include "apps/strumenti/copia_archivio.h"
+
+#include <QBoxLayout>
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+#include <utility>
+
+#include "apps/comune/copia_sicurezza.h"
+#include "apps/strumenti/dialogo_lavoro.h"
+#include "apps/strumenti/frase.h"
+#include "desktop/file_dialog.h"
+#include "suite/orologio.h"
+
+namespace cu::strumenti {
+namespace {
+
+const QString kUsoCopie = QStringLiteral("copie");
+const QString kFiltroCopie = QStringLiteral("Database (*.db *.sqlite);;Tutti i file (*)");
+
+QString nomeDi(const std::string& percorso) { return QFileInfo(qs(percorso)).fileName(); }
+
+// A path has separators of its own.
+QString chiaveUltima(const Profilo::Database& database) {
+  const QFileInfo file(qs(database.origine));
+  const QString vero = file.canonicalFilePath();
+  const QByteArray impronta = QCryptographicHash::hash(
+      (vero.isEmpty() ? file.absoluteFilePath() : vero).toUtf8(), QCryptographicHash::Sha256);
+  return QStringLiteral("copie/ultime/") + QString::fromLatin1(impronta.toHex().left(16));
+}
+
+QString cartellaDelleCopie(const Profilo::Database& database) {
+  return cartellaRicordata(kUsoCopie, QFileInfo(qs(database.origine)).absolutePath());
+}
+
+CopyObserver avanzamentoDi(Lavoro& lavoro) {
+  return [&lavoro](CopyStep passo, std::uint64_t fatto, std::uint64_t totale) {
+    // In thousandths of the pages: the bar has a share, not a number of what nobody knows.
+    const bool pagine = passo == CopyStep::Pages;
+    lavoro.avanza(pagine ? "Copia del database" : "Controllo della copia", pagine ? fatto : 0,
+                  pagine ? totale : 0);
+  };
+}
+
+}  // namespace
+
+bool siCopia(const Profilo::Database& database) { return database.motore == Profilo::Motore::Sqlite; }
+
+bool faiCopia(QWidget* parent, const Profilo::Database& database) {
+  const std::string proposta =
+      nomeCopia(database.origine, cartellaDelleCopie(database).toStdString(), OrologioSistema());
+  const QString scelto =
+      desktop::fileToSave(parent, QStringLiteral("Copia di sicurezza"), qs(proposta), kFiltroCopie);
+  if (scelto.isEmpty()) return false;
+  ricordaCartella(kUsoCopie, QFileInfo(scelto).absolutePath());
+  return copiaIn(parent, database, scelto);
+}
+
+bool copiaIn(QWidget* parent, const Profilo::Database& database, const QString& file) {
+  DialogoLavoro dialogo(
+      parent, QStringLiteral("copia"), QStringLiteral("Copia di sicurezza"),
+      {.che = QStringLiteral("Copia del database…"),
+       .fai =
+           [database, file](Lavoro& lavoro) {
+             const DatabaseCopy copia =
+                 copiaDatabase(database, file.toStdString(), true, avanzamentoDi(lavoro));
+             return QStringLiteral("Copia fatta e controllata: %1\n\n%2.").arg(file, qs(dettaCopia(copia)));
+           },
+       .interrotto = QStringLiteral("Interrotto: non è stata fatta nessuna copia.")});
+  dialogo.exec();
+  if (dialogo.riuscito()) QSettings().setValue(chiaveUltima(database), QDateTime::currentDateTime());
+  return dialogo.riuscito();
+}
+
+bool ripristinaCopia(QWidget* parent, const Profilo::Database& database) {
+  const QString scelto = desktop::fileToOpen(parent, QStringLiteral("Ripristina una copia"),
+                                             cartellaDelleCopie(database), kFiltroCopie);
+  if (scelto.isEmpty()) return false;
+  ricordaCartella(kUsoCopie, QFileInfo(scelto).absolutePath());
+  return ripristinaDa(parent, database, scelto);
+}
+
+bool ripristinaDa(QWidget* parent, const Profilo::Database& database, const QString& copia) {
+  const std::string tenuto = nomeTenuto(database.origine, OrologioSistema());
+  const bool presente = QFileInfo::exists(qs(database.origine));
+  QMessageBox domanda(QMessageBox::Question, QStringLiteral("Ripristina una copia"), {},
+                      QMessageBox::NoButton, parent);
+  domanda.setTextFormat(Qt::PlainText);
+  domanda.setText(
+      presente
+          ? QStringLiteral("Il database «%1» torna com'era nella copia «%2», del %3: ciò che è stato scritto "
+                           "dopo non vi sarà più.\n\nIl database di adesso resta nella stessa cartella, con "
+                           "il nome «%4».")
+                .arg(nomeDi(database.origine), QFileInfo(copia).fileName(),
+                     QFileInfo(copia).lastModified().toString(QStringLiteral("dd/MM/yyyy, hh:mm")),
+                     nomeDi(tenuto))
+          : QStringLiteral("Il database «%1» viene creato dalla copia «%2».")
+                .arg(nomeDi(database.origine), QFileInfo(copia).fileName()));
+  const QPushButton* const si = domanda.addButton(QStringLiteral("&Ripristina"), QMessageBox::AcceptRole);
+  QPushButton* const no = domanda.addButton(QStringLiteral("Annulla"), QMessageBox::RejectRole);
+  domanda.setDefaultButton(no);
+  domanda.setEscapeButton(no);
+  domanda.exec();
+  if (domanda.clickedButton() != si) return false;
+  DialogoLavoro dialogo(
+      parent, QStringLiteral("ripristino"), QStringLiteral("Ripristina una copia"),
+      {.che = QStringLiteral("Copia del database…"),
+       .fai =
+           [database, copia, tenuto](Lavoro& lavoro) {
+             const bool sostituito =
+                 ripristinaDatabase(database, copia.toStdString(), tenuto, avanzamentoDi(lavoro));
+             return sostituito ? QStringLiteral(
+                                     "Il database è tornato com'era nella copia. Quello di prima è qui: %1")
+                                     .arg(qs(tenuto))
+                               : QStringLiteral("Il database è stato creato dalla copia.");
+           },
+       .interrotto = QStringLiteral("Interrotto: non è cambiato nulla.")});
+  dialogo.exec();
+  return dialogo.riuscito();
+}
+
+QString dettaUltimaCopia(const Profilo::Database& database) {
+  const QDateTime ultima = QSettings().value(chiaveUltima(database)).toDateTime();
+  if (!ultima.isValid()) return {};
+  const QString ora = ultima.toString(QStringLiteral("hh:mm"));
+  return ultima.date() == QDate::currentDate()
+             ? QStringLiteral("oggi alle %1").arg(ora)
+             : QStringLiteral("il %1 alle %2").arg(ultima.toString(QStringLiteral("dd/MM/yyyy")), ora);
+}
+
+RigaCopia::RigaCopia(QWidget* parent, Profilo::Database database, bool stretto)
+    : QWidget(parent),
+      database_(std::move(database)),
+      frase_(new Frase(this)),
+      copia_(nuovoPulsante(this, "Copia di sicure&zza…", [this] {
+        azione ? azione() : static_cast<void>(faiCopia(window(), database_));
+        aggiorna();
+      })) {
+  auto* const riga = new QBoxLayout(stretto ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight, this);
+  riga->setContentsMargins(0, 0, 0, 0);
+  riga->addWidget(frase_, 1);
+  riga->addWidget(copia_);
+  aggiorna();
+  setVisible(siCopia(database_));
+}
+
+void RigaCopia::aggiorna() {
+  const QString ultima = dettaUltimaCopia(database_);
+  frase_->dici(ultima.isEmpty()
+                   ? QStringLiteral("Del database non è ancora stata fatta una copia di sicurezza.")
+                   : QStringLiteral("Ultima copia di sicurezza del database: %1.").arg(ultima));
+}
+
+// Another window may have made one meanwhile.
+void RigaCopia::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  aggiorna();
+}
+
+}  // namespace cu::strumenti
