@@ -129,18 +129,7 @@ int avvia(const Profilo& profilo) {
       QCoreApplication::quit();
     }
   };
-  if (strumenti::siCopia(profilo.database)) {
-    schermo.ownTools.push_back({QStringLiteral("Copia di sicure&zza…"), [&profilo](QWidget* finestra) {
-                                  strumenti::faiCopia(finestra, profilo.database);
-                                }});
-    schermo.belowOutlook = [&profilo, &schermo](QWidget* parent) {
-      auto* const riga = new strumenti::RigaCopia(parent, profilo.database, true);
-      riga->azione = [&schermo] { schermo.use(schermo.ownTools.front()); };
-      // The focus stays on the form's controls; the key of the button works, and the menu has the same.
-      riga->pulsante()->setFocusPolicy(Qt::NoFocus);
-      return riga;
-    };
-  }
+  strumenti::offriCopie(schermo, profilo.database);
   bool avviato = false;
   schermo.runEvent([&] {
     try {

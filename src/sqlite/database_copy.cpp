@@ -45,9 +45,10 @@ void requirePlace(const std::string& named, bool replace) {
   // They belong to a database of that name, which somebody has open, and would be taken for those of the
   // copy.
   for (const char* const ending : kSideEndings) {
-    if (!present(file + ending)) continue;
+    const std::string side = file + ending;
+    if (!present(side)) continue;
     refuseFile(DatabaseErrorKind::Locked,
-               "Accanto a «" + file + "» c'è «" + file + ending +
+               "Accanto a «" + file + "» c'è «" + side +
                    "»: un database con quel nome è aperto, o non è stato chiuso. Per la "
                    "copia serve un altro nome.");
   }

@@ -41,7 +41,8 @@ QString Screen::freshDatabase(const QTemporaryDir& folder) {
   return database;
 }
 
-Screen::Screen(std::int32_t mode, Profilo::MotoreStampa engine) : watcher_(std::make_unique<QObject>()) {
+Screen::Screen(std::int32_t mode, Profilo::MotoreStampa engine, const Before& before)
+    : watcher_(std::make_unique<QObject>()) {
   QDir(folder_.path()).mkdir(QStringLiteral("documenti"));
   profile_.sessione.utente = 12;
   profile_.sessione.azienda = 1;
@@ -54,6 +55,7 @@ Screen::Screen(std::int32_t mode, Profilo::MotoreStampa engine) : watcher_(std::
   profile_.documenti = documents().toStdString();
   profile_.impostazioni = folder_.filePath(QStringLiteral("impostazioni.toml")).toStdString();
   profile_.stampa = engine;
+  if (before) before(screen_, profile_);
   watch();
   impianto_ = std::make_unique<Impianto>(profile_, screen_, PdfReports::crea);
   impianto_->programma().main();

@@ -19,7 +19,10 @@ namespace cu::test {
 // The wizard in its window on a demonstration database of its own: user 12, company 1, 5 March 2017.
 class Screen {
  public:
-  explicit Screen(std::int32_t mode = 247, Profilo::MotoreStampa engine = Profilo::MotoreStampa::Registro);
+  // `before` is called before any form is shown.
+  using Before = std::function<void(desktop::QtFrontEnd& screen, const Profilo& profile)>;
+  explicit Screen(std::int32_t mode = 247, Profilo::MotoreStampa engine = Profilo::MotoreStampa::Registro,
+                  const Before& before = {});
   ~Screen();
   // Copies the database to the folder; returns its address.
   static QString freshDatabase(const QTemporaryDir& folder);

@@ -21,7 +21,7 @@ namespace cu::test {
 namespace {
 
 namespace fs = std::filesystem;
-using Tempo = std::chrono::microseconds;
+using DurataCopia = std::chrono::microseconds;
 
 int copieDaUccidere() {
   constexpr int kCopieUccise = 40;
@@ -55,19 +55,19 @@ class CopiaUccisa : public ::testing::Test {
     EXPECT_EQ(lettore.testo("PRAGMA integrity_check"), "ok");
     return lettore.testo("SELECT COUNT(*) FROM Compenso");
   }
-  Tempo durata(const char* quale, const std::string& file) const {
+  DurataCopia durata(const char* quale, const std::string& file) const {
     const auto inizio = std::chrono::steady_clock::now();
     const Esecuzione esito = comando(quale, file);
     EXPECT_EQ(esito.codice, 0) << esito.errori;
-    return std::chrono::duration_cast<Tempo>(std::chrono::steady_clock::now() - inizio);
+    return std::chrono::duration_cast<DurataCopia>(std::chrono::steady_clock::now() - inizio);
   }
   // Returns whether it was killed.
   // From that share of the whole time on.
-  bool uccidi(const char* quale, const std::string& file, Tempo intera, double inizio = 0) {
-    const auto prima = static_cast<Tempo::rep>(static_cast<double>(intera.count()) * inizio);
+  bool uccidi(const char* quale, const std::string& file, DurataCopia intera, double inizio = 0) {
+    const auto prima = static_cast<DurataCopia::rep>(static_cast<double>(intera.count()) * inizio);
     Processo processo(argomenti(quale, file), posto_.path());
     std::this_thread::sleep_for(
-        Tempo(std::uniform_int_distribution<Tempo::rep>(prima, intera.count())(caso_)));
+        DurataCopia(std::uniform_int_distribution<DurataCopia::rep>(prima, intera.count())(caso_)));
     ::kill(processo.id(), SIGKILL);
     return processo.codice() == 128 + SIGKILL;
   }
@@ -79,7 +79,7 @@ class CopiaUccisa : public ::testing::Test {
 };
 
 TEST_F(CopiaUccisa, ABackupIsWholeOrNotThere) {
-  const Tempo intera = durata("backup", copia());
+  const DurataCopia intera = durata("backup", copia());
   int uccise = 0;
   int presenti = 0;
   for (int i = 0; i < copieDaUccidere(); ++i) {
@@ -103,7 +103,7 @@ TEST_F(CopiaUccisa, ABackupIsWholeOrNotThere) {
 
 TEST_F(CopiaUccisa, ADatabaseIsTheFormerOneOrTheCopy) {
   EXPECT_EQ(comando("backup", copia()).codice, 0);
-  const Tempo intera = durata("restore", copia());
+  const DurataCopia intera = durata("restore", copia());
   int uccise = 0;
   int sostituiti = 0;
   for (int i = 0; i < copieDaUccidere(); ++i) {

@@ -52,6 +52,8 @@ TEST(Usage, HelpIsInItalianAlone) {
                                    {"status"},
                                    {"correct"},
                                    {"upgrade"},
+                                   {"backup"},
+                                   {"restore"},
                                    {"import"},
                                    {"import", "companies"},
                                    {"import", "payees"},

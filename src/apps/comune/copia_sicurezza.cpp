@@ -53,7 +53,7 @@ std::string nomeLibero(const fs::path& cartella, const fs::path& database, const
   std::string nome = radice + fine;
   std::error_code errore;
   for (int i = 2; fs::exists(fs::symlink_status(nome, errore)); ++i)
-    nome = radice + "-" + fromInteger(i) + fine;
+    nome.assign(radice).append("-").append(fromInteger(i)).append(fine);
   return nome;
 }
 

@@ -13,6 +13,7 @@
 #include "apps/strumenti/dialogo_lavoro.h"
 #include "apps/strumenti/frase.h"
 #include "desktop/file_dialog.h"
+#include "desktop/qt_front_end.h"
 #include "suite/orologio.h"
 
 namespace cu::strumenti {
@@ -21,7 +22,7 @@ namespace {
 const QString kUsoCopie = QStringLiteral("copie");
 const QString kFiltroCopie = QStringLiteral("Database (*.db *.sqlite);;Tutti i file (*)");
 
-QString nomeDi(const std::string& percorso) { return QFileInfo(qs(percorso)).fileName(); }
+QString nomeFile(const std::string& percorso) { return QFileInfo(qs(percorso)).fileName(); }
 
 // A path has separators of its own.
 QString chiaveUltima(const Profilo::Database& database) {
@@ -94,11 +95,11 @@ bool ripristinaDa(QWidget* parent, const Profilo::Database& database, const QStr
           ? QStringLiteral("Il database «%1» torna com'era nella copia «%2», del %3: ciò che è stato scritto "
                            "dopo non vi sarà più.\n\nIl database di adesso resta nella stessa cartella, con "
                            "il nome «%4».")
-                .arg(nomeDi(database.origine), QFileInfo(copia).fileName(),
+                .arg(nomeFile(database.origine), QFileInfo(copia).fileName(),
                      QFileInfo(copia).lastModified().toString(QStringLiteral("dd/MM/yyyy, hh:mm")),
-                     nomeDi(tenuto))
+                     nomeFile(tenuto))
           : QStringLiteral("Il database «%1» viene creato dalla copia «%2».")
-                .arg(nomeDi(database.origine), QFileInfo(copia).fileName()));
+                .arg(nomeFile(database.origine), QFileInfo(copia).fileName()));
   const QPushButton* const si = domanda.addButton(QStringLiteral("&Ripristina"), QMessageBox::AcceptRole);
   QPushButton* const no = domanda.addButton(QStringLiteral("Annulla"), QMessageBox::RejectRole);
   domanda.setDefaultButton(no);
@@ -152,6 +153,19 @@ void RigaCopia::aggiorna() {
   frase_->dici(ultima.isEmpty()
                    ? QStringLiteral("Del database non è ancora stata fatta una copia di sicurezza.")
                    : QStringLiteral("Ultima copia di sicurezza del database: %1.").arg(ultima));
+}
+
+void offriCopie(desktop::QtFrontEnd& schermo, const Profilo::Database& database) {
+  if (!siCopia(database)) return;
+  const auto copia = [database](QWidget* finestra) { faiCopia(finestra, database); };
+  schermo.ownTools.push_back({QStringLiteral("Copia di sicure&zza…"), copia});
+  schermo.belowOutlook = [&schermo, database, copia](QWidget* parent) {
+    auto* const riga = new RigaCopia(parent, database, true);
+    riga->azione = [&schermo, copia] { schermo.use({{}, copia}); };
+    // The focus stays on the form's controls; the key of the button works, and the menu has the same.
+    riga->pulsante()->setFocusPolicy(Qt::NoFocus);
+    return riga;
+  };
 }
 
 // Another window may have made one meanwhile.

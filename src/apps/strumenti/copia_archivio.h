@@ -7,6 +7,10 @@
 
 class QPushButton;
 
+namespace cu::desktop {
+class QtFrontEnd;
+}  // namespace cu::desktop
+
 // Copies of an embedded database and their way back, in windows.
 namespace cu::strumenti {
 
@@ -46,5 +50,9 @@ class RigaCopia : public QWidget {
   Frase* frase_;
   QPushButton* copia_;
 };
+
+// Adds to the wizard's window the menu entry, and the offer below what its main action will do. Before its
+// forms are shown.
+void offriCopie(desktop::QtFrontEnd& schermo, const Profilo::Database& database);
 
 }  // namespace cu::strumenti
