@@ -152,7 +152,7 @@ void addOutlook(FormWindow& window, QBoxLayout& column, ContentArea* area) {
   auto* around = new QWidget;
   auto* margins = new QVBoxLayout(around);
   margins->setContentsMargins(0, kMargin, kMargin, kMargin / 2);
-  margins->addWidget(panel);
+  margins->addWidget(panel, 1);
   if (const auto& below = window.frontEnd().belowOutlook) margins->addWidget(below(around));
   scroll->setWidget(around);
   scroll->setWidgetResizable(true);

@@ -142,6 +142,7 @@ RigaCopia::RigaCopia(QWidget* parent, Profilo::Database database, bool stretto)
       })) {
   auto* const riga = new QBoxLayout(stretto ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight, this);
   riga->setContentsMargins(0, 0, 0, 0);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
   riga->addWidget(frase_, 1);
   riga->addWidget(copia_);
   aggiorna();
@@ -151,8 +152,8 @@ RigaCopia::RigaCopia(QWidget* parent, Profilo::Database database, bool stretto)
 void RigaCopia::aggiorna() {
   const QString ultima = dettaUltimaCopia(database_);
   frase_->dici(ultima.isEmpty()
-                   ? QStringLiteral("Del database non è ancora stata fatta una copia di sicurezza.")
-                   : QStringLiteral("Ultima copia di sicurezza del database: %1.").arg(ultima));
+                   ? QStringLiteral("Da qui non è ancora stata fatta una copia di sicurezza del database.")
+                   : QStringLiteral("Ultima copia di sicurezza fatta da qui: %1.").arg(ultima));
 }
 
 void offriCopie(desktop::QtFrontEnd& schermo, const Profilo::Database& database) {

@@ -5,6 +5,7 @@
 
 #include <QLabel>
 
+#include "apps/comune/file_letto.h"
 #include "apps/importazione/mappa_toml.h"
 #include "apps/strumenti/finestra_confronto.h"
 #include "apps/strumenti/finestra_file.h"
@@ -55,12 +56,16 @@ TEST_F(FileInUso, AnImportDoesNotReadIt) {
 
 TEST_F(FileInUso, AFolderOfInvoicesIsReadWithoutIt) {
   Assistente assistente(
-      {.database = banco_.posto.database, .azienda = 1, .cartellaMappe = {}, .utente = "prova"});
+      {.database = banco_.posto.database, .azienda = 1, .cartellaMappe = {}, .utente = "prova", .oggi = {}});
   assistente.scegliFatture();
   assistente.aggiungi({banco_.posto.cartella.path()});
-  while (auto compito = assistente.daFare()) {
-    compito->lavoro(nullptr);
-    compito->accogli();
+  for (const Passo passo : {Passo::Sorgente, Passo::Colonne}) {
+    EXPECT_EQ(assistente.passo(), passo) << assistente.impedimento();
+    while (auto compito = assistente.daFare()) {
+      compito->lavoro(nullptr);
+      compito->accogli();
+    }
+    assistente.avanti();
   }
   EXPECT_GE(assistente.ignorati().at("file del database in uso"), 2U);
   EXPECT_TRUE(holdsLock(database()));
@@ -68,7 +73,7 @@ TEST_F(FileInUso, AFolderOfInvoicesIsReadWithoutIt) {
 
 TEST_F(FileInUso, NeitherATableOfDatesNorAProfileIsReadFromIt) {
   Assistente assistente(
-      {.database = banco_.posto.database, .azienda = 1, .cartellaMappe = {}, .utente = "prova"});
+      {.database = banco_.posto.database, .azienda = 1, .cartellaMappe = {}, .utente = "prova", .oggi = {}});
   for (const std::string& file : tutti()) {
     EXPECT_THROW(assistente.usaTavolaDate(file), FileIlleggibile) << file;
     EXPECT_THROW(leggiMappa(file), FileIlleggibile) << file;
@@ -83,7 +88,7 @@ TEST_F(FileInUso, TheWindowsForTelematicFilesDoNotReadIt) {
     finestra.show();
     EXPECT_TRUE(aspetta([&] { return !finestra.lavora(); }));
     EXPECT_TRUE(dice(finestra, kInUso)) << file;
-    strumenti::FinestraConfronto confronto(banco_.file, QString::fromStdString(file));
+    strumenti::FinestraConfronto confronto(QString::fromStdString(file), banco_.file);
     confronto.setAttribute(Qt::WA_DeleteOnClose, false);
     confronto.show();
     EXPECT_TRUE(aspetta([&] { return !confronto.lavora(); }));

@@ -131,7 +131,7 @@ TEST_F(CopiaInFinestra, TheOfferSaysWhenTheLastOneWasMade) {
   leggiEChiudi();
   ASSERT_TRUE(copiaIn(nullptr, azienda_.profilo.database, qs(copia())));
   riga.aggiorna();
-  EXPECT_TRUE(frase->text().startsWith(QStringLiteral("Ultima copia di sicurezza del database: oggi alle ")));
+  EXPECT_TRUE(frase->text().startsWith(QStringLiteral("Ultima copia di sicurezza fatta da qui: oggi alle ")));
   Profilo::Database server;
   server.motore = Profilo::Motore::Odbc;
   const RigaCopia altra(nullptr, server);
