@@ -45,16 +45,16 @@ TEST(StartTools, TheStateNeedsADatabaseAndFilesDoNot) {
   const QTemporaryDir cartella;
   const FinestraAvvio buona({}, cartelleIn(cartella));
   ASSERT_NE(menuDi(buona), nullptr);
-  ASSERT_EQ(menuDi(buona)->actions().size(), 6);
+  ASSERT_EQ(menuDi(buona)->actions().size(), 7);
   EXPECT_TRUE(menuDi(buona)->actions()[2]->isEnabled());
-  EXPECT_TRUE(menuDi(buona)->actions()[4]->isEnabled());
+  EXPECT_TRUE(menuDi(buona)->actions()[5]->isEnabled());
   SceltaAvvio senza;
   senza.database = cartella.filePath(QStringLiteral("manca.db"));
   const FinestraAvvio rotta(senza, cartelleIn(cartella));
   EXPECT_TRUE(menuDi(rotta)->actions()[0]->isEnabled());
   EXPECT_FALSE(menuDi(rotta)->actions()[2]->isEnabled());
-  EXPECT_FALSE(menuDi(rotta)->actions()[4]->isEnabled()) << "there is nothing to copy";
-  EXPECT_TRUE(menuDi(rotta)->actions()[5]->isEnabled()) << "a copy brings it back";
+  EXPECT_FALSE(menuDi(rotta)->actions()[5]->isEnabled()) << "there is nothing to copy";
+  EXPECT_TRUE(menuDi(rotta)->actions()[6]->isEnabled()) << "a copy brings it back";
 }
 
 TEST(StartTools, ImportsNeedADatabase) {
