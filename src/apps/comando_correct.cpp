@@ -1,5 +1,6 @@
 #include <iostream>
 
+#include "apps/comune/registro_programma.h"
 #include "apps/esame/operazioni_registro.h"
 #include "apps/esame/testo_rilievi.h"
 #include "comandi.h"
@@ -8,7 +9,7 @@
 namespace cu {
 
 int comandoCorrect(const OpzioniCorrect& opzioni) {
-  const Profilo profilo = leggiProfilo(opzioni.profilo);
+  const Profilo profilo = leggiProfiloConRegistro(opzioni.profilo);
   Terminale terminale;
   terminale.passaAvvisi = opzioni.passaAvvisi;
   EsitoCorreggi esito = correggi(

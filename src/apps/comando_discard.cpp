@@ -1,6 +1,7 @@
 #include <iostream>
 
 #include "apps/comune/file_letto.h"
+#include "apps/comune/registro_programma.h"
 #include "apps/esame/operazioni_registro.h"
 #include "comandi.h"
 #include "esito.h"
@@ -8,7 +9,7 @@
 namespace cu {
 
 int comandoDiscard(const OpzioniDiscard& opzioni) {
-  const Profilo profilo = leggiProfilo(opzioni.profilo);
+  const Profilo profilo = leggiProfiloConRegistro(opzioni.profilo);
   Terminale terminale;
   terminale.passaAvvisi = opzioni.passaAvvisi;
   try {

@@ -2,12 +2,24 @@
 
 #include "apps/comune/impianto.h"
 #include "apps/comune/impianto_gestione.h"
+#include "apps/comune/registro_programma.h"
 #include "automation/driver.h"
 #include "comandi.h"
 #include "stampe.h"
+#include "suite/support_log.h"
 
 namespace cu {
 namespace {
+
+// Records the numbers of the error boxes.
+class Guida : public Driver {
+ public:
+  Guida() : Driver(std::cin, std::cout) {}
+  void error(const Error& error) override {
+    logFailure("messaggio", error);
+    Driver::error(error);
+  }
+};
 
 RunContext contesto(Globali& globali) {
   RunContext letto;
@@ -49,7 +61,7 @@ RunContext contesto(Gestione& gestione) {
 }
 
 int guidaGestione(const Profilo& profilo) {
-  Driver driver(std::cin, std::cout);
+  Guida driver;
   ImpiantoGestione impianto(profilo, driver);
   driver.setRunContext([&] { return contesto(impianto.gestione()); });
   const Driver::Outcome esito = driver.drive([&] { impianto.gestione().main(); });
@@ -61,9 +73,9 @@ int guidaGestione(const Profilo& profilo) {
 
 int comandoDrive(const OpzioniDrive& opzioni) {
   const std::string& file = opzioni.profilo;
-  const Profilo profilo = leggiProfilo(file);
+  const Profilo profilo = leggiProfiloConRegistro(file);
   if (opzioni.inizio == kInizioArchivi) return guidaGestione(profilo);
-  Driver driver(std::cin, std::cout);
+  Guida driver;
   Impianto impianto(profilo, driver, impaginatoreDelProgramma);
   driver.setRunContext([&] { return contesto(impianto.programma().globali()); });
   switch (driver.drive([&] { impianto.programma().main(); })) {

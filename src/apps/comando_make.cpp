@@ -1,6 +1,7 @@
 #include <iostream>
 
 #include "apps/comune/modello_del_profilo.h"
+#include "apps/comune/registro_programma.h"
 #include "apps/comune/riepilogo_file.h"
 #include "apps/esame/testo_rilievi.h"
 #include "comandi.h"
@@ -40,7 +41,7 @@ void stampaControllo(const std::string& percorso, const DopoScrittura& dopo) {
 
 int comandoMake(const OpzioniMake& opzioni) {
   if (opzioni.aziende) return comandoMakeAziende(opzioni);
-  const Profilo profilo = leggiProfilo(opzioni.profilo);
+  const Profilo profilo = leggiProfiloConRegistro(opzioni.profilo);
   Terminale terminale;
   terminale.passaAvvisi = opzioni.passaAvvisi;
   const CorsaMake corsa = eseguiMake(profilo, opzioni, terminale, true);

@@ -6,6 +6,7 @@
 #include "apps/aziende/processi.h"
 #include "apps/aziende/scelta_aziende.h"
 #include "apps/comune/connessioni.h"
+#include "apps/comune/registro_programma.h"
 #include "apps/comune/sessione_comando.h"
 #include "apps/esame/registro_del_profilo.h"
 #include "apps/esame/testo_rilievi.h"
@@ -216,7 +217,7 @@ void scriviSomma(std::size_t tutte, std::map<Esito, std::size_t>& somma) {
 }  // namespace
 
 int comandoMakeAziende(const OpzioniMake& opzioni) {
-  const Profilo profilo = leggiProfilo(opzioni.profilo);
+  const Profilo profilo = leggiProfiloConRegistro(opzioni.profilo);
   const auto indicati = databaseIndicati(*opzioni.aziende, profilo);
   if (!indicati) return kUsoSbagliato;
   const std::vector<DatabaseScelto> database = leggiDatabase(*indicati);

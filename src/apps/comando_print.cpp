@@ -1,5 +1,6 @@
 #include <iostream>
 
+#include "apps/comune/registro_programma.h"
 #include "apps/comune/sessione_comando.h"
 #include "comandi.h"
 #include "esito.h"
@@ -25,7 +26,7 @@ fornitura::RichiestaReport completaStampa(const OpzioniPrint& opzioni, const Sur
 }  // namespace
 
 int comandoPrint(const OpzioniPrint& opzioni) {
-  const Profilo profilo = leggiProfilo(opzioni.profilo);
+  const Profilo profilo = leggiProfiloConRegistro(opzioni.profilo);
   Terminale terminale;
   terminale.fileDaSalvare = opzioni.file;
   Surroundings surroundings(profilo, terminale, impaginatoreDelProgramma);

@@ -11,6 +11,8 @@
 #include <string_view>
 
 #include "apps/comune/argomenti.h"
+#include "apps/comune/permessi_database.h"
+#include "apps/comune/registro_programma.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/versione/versione.h"
 #include "comandi.h"
@@ -308,9 +310,20 @@ void descriviProgramma(CLI::App& programma) {
   programma.require_subcommand(1);
 }
 
+// What a line asks for: the command, its name and the file of the log for support.
+struct Lavoro {
+  Esecuzione esegui;
+  std::string nome;
+  std::string registro;
+};
+
+Lavoro lavoroDi(const CLI::App& programma, const Esecuzione& esegui) {
+  return {esegui, nomeComando(programma), fileRegistro(programma)};
+}
+
 // What a correct line asks for, by the definition of its command alone: to define them all takes longer than
 // many a command. nullopt for any other line; what there is to say of it is said with all commands.
-std::optional<Esecuzione> dellaSolaRiga(int quanti, char** argomenti) {
+std::optional<Lavoro> dellaSolaRiga(int quanti, char** argomenti) {
   if (quanti < 2) return std::nullopt;
   const auto* const voce = std::find_if(kComandi.begin(), kComandi.end(),
                                         [&](const VoceComando& una) { return una.nome == argomenti[1]; });
@@ -325,15 +338,25 @@ std::optional<Esecuzione> dellaSolaRiga(int quanti, char** argomenti) {
   } catch (const CLI::Error&) {
     return std::nullopt;
   }
-  return esegui;
+  return lavoroDi(programma, esegui);
 }
 
-int eseguiLavoro(const Esecuzione& lavoro) {
+int eseguiLavoro(const Lavoro& lavoro) {
+  const auto avvisa = [](const std::string& avviso) { std::cerr << avviso << std::endl; };
+  ascoltaPermessi(avvisa);
+  RegistroProgramma registro(std::string("cuctl ") + versioneBreve() + ' ' + lavoro.nome, avvisa);
+  registro.apri(lavoro.registro);
   try {
-    return lavoro();
+    const int esito = lavoro.esegui();
+    registro.fine(esito);
+    return esito;
   } catch (const ErroreProfilo& errore) {
+    registro.fine(errore);
     std::cerr << errore.what() << '\n';
     return kUsoSbagliato;
+  } catch (const std::exception& errore) {
+    registro.fine(errore);
+    throw;
   }
 }
 
@@ -363,7 +386,7 @@ int eseguiProgramma(int quanti, char** argomenti) {
     std::cerr << "cuctl: " << erroreUso(programma, errore) << kDoveAiuto;
     return kUsoSbagliato;
   }
-  return eseguiLavoro(lavoro);
+  return eseguiLavoro(lavoroDi(programma, lavoro));
 }
 
 }  // namespace

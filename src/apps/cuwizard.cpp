@@ -22,9 +22,11 @@
 #include "apps/comune/connessioni.h"
 #include "apps/comune/impianto.h"
 #include "apps/comune/modello_del_profilo.h"
+#include "apps/comune/registro_programma.h"
 #include "apps/esame/dopo_scrittura.h"
 #include "apps/esame/testo_rilievi.h"
 #include "apps/strumenti/copia_archivio.h"
+#include "apps/strumenti/registro_finestre.h"
 #include "apps/strumenti/strumenti.h"
 #include "apps/versione/versione.h"
 #include "base/error.h"
@@ -115,6 +117,7 @@ void ricordaAnnoDi(const Profilo& profilo, ModMain& programma) {
 
 int avvia(const Profilo& profilo) {
   desktop::QtFrontEnd schermo(cartellaGuida(QString::fromStdString(profilo.sessione.cartellaGuida)));
+  strumenti::registraEventi(schermo);
   Impianto impianto(profilo, schermo, PdfReports::crea, [&](const FileCreato& file, Connection& connessione) {
     controllaFile(file, connessione, profilo, schermo);
   });
@@ -149,7 +152,7 @@ int avvia(const Profilo& profilo) {
 
 int esegui(const OpzioniFinestra& opzioni) {
   std::optional<Profilo> profilo;
-  if (!opzioni.profilo.empty()) profilo = leggiProfilo(opzioni.profilo);
+  if (!opzioni.profilo.empty()) profilo = leggiProfiloConRegistro(opzioni.profilo);
   if (profilo) ricordaDatabase(profilo->database);
   desktop::FileDialog::setObjection([](const QString& file) {
     return belongsToOwnDatabase(file.toStdString())
@@ -158,12 +161,15 @@ int esegui(const OpzioniFinestra& opzioni) {
                      .arg(QFileInfo(file).fileName())
                : QString();
   });
+  const strumenti::RegistroFinestre messaggi;
   strumenti::guida(
       cartellaGuida(profilo ? QString::fromStdString(profilo->sessione.cartellaGuida) : QString()));
   if (opzioni.importa) {
     QStringList tabelle;
     for (const std::string& uno : opzioni.file) tabelle += QString::fromStdString(uno);
-    assistente::apriImportazione(profilo ? *profilo : profiloRicordato(), tabelle);
+    const Profilo suo = profilo ? *profilo : profiloRicordato();
+    avvisaPermessi(suo.database);
+    assistente::apriImportazione(suo, tabelle);
     return finoAgliStrumenti();
   }
   if (!opzioni.file.empty()) {
@@ -174,6 +180,7 @@ int esegui(const OpzioniFinestra& opzioni) {
   if (!profilo) return finoAgliStrumenti();
   const AvvioUnico unico(*profilo, AvvioUnico::cartellaDelSistema());
   if (unico.altro() && !proseguiUgualmente(unico.avviso())) return finoAgliStrumenti();
+  avvisaPermessi(profilo->database);
   return avvia(*profilo);
 }
 
@@ -221,6 +228,7 @@ int eseguiFinestra(int quanti, char** argomenti) {
   QGuiApplication::setApplicationDisplayName({});
   QGuiApplication::setDesktopFileName(QStringLiteral("cuwizard"));
   QGuiApplication::setQuitOnLastWindowClosed(false);
+  riservaMemoria();
   try {
     programma.parse(quanti, argomenti);
   } catch (const CLI::ParseError& errore) {
@@ -230,14 +238,20 @@ int eseguiFinestra(int quanti, char** argomenti) {
   desktop::look::apply(applicazione, colori(opzioni.colori));
   desktop::look::setLetters(desktop::look::rememberedLetters());
   const desktop::WindowMemory finestre;
+  RegistroProgramma registro(std::string("cuwizard ") + versioneBreve(), avvisaRegistro);
+  registro.apri(fileRegistro(programma));
+  const auto termina = [&registro](int esito) {
+    registro.fine(esito);
+    return esito;
+  };
   try {
-    return esegui(opzioni);
+    return termina(esegui(opzioni));
   } catch (const ErroreProfilo& errore) {
     mostraErroreAvvio(errore);
-    return kUsoSbagliato;
+    return termina(kUsoSbagliato);
   } catch (const std::exception& errore) {
     mostraErroreAvvio(errore);
-    return kRifiutato;
+    return termina(kRifiutato);
   }
 }
 

@@ -11,6 +11,8 @@
 namespace cu {
 namespace {
 
+constexpr const char* kRegistro = "--log";
+
 using OpzioniLinea = std::vector<const CLI::Option*>;
 
 // The innermost command of the line.
@@ -122,7 +124,33 @@ void aggiungiVersione(CLI::App& programma, const std::function<std::string()>& v
 CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const std::string& spiegazione) {
   CLI::App* const comando = programma.add_subcommand(nome, spiegazione)->group("Comandi");
   comando->get_help_ptr()->group("Opzioni");
+  aggiungiRegistro(*comando);
   return *comando;
+}
+
+std::string nomeComando(const CLI::App& programma) {
+  std::string nome;
+  for (auto interni = programma.get_subcommands(); !interni.empty();
+       interni = interni.front()->get_subcommands()) {
+    if (!nome.empty()) nome += ' ';
+    nome += interni.front()->get_name();
+  }
+  return nome;
+}
+
+void aggiungiRegistro(CLI::App& comando) {
+  const std::string spiegazione = "Scrive in FILE un registro per l'assistenza, senza dati";
+  comando.add_option(kRegistro, spiegazione)->type_name("FILE")->group("Opzioni");
+}
+
+std::string fileRegistro(const CLI::App& programma) {
+  // A group of commands has the option too.
+  for (const CLI::App* comando = &comandoIndicato(programma); comando != nullptr;
+       comando = comando->get_parent()) {
+    const CLI::Option* const opzione = comando->get_option_no_throw(kRegistro);
+    if (opzione != nullptr && opzione->count() > 0) return opzione->results().back();
+  }
+  return {};
 }
 
 void aggiungiIndirizzo(CLI::App& comando, OpzioniDatabase& database) {

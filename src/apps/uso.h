@@ -16,6 +16,12 @@ void parlaItaliano(CLI::App& programma);
 void aggiungiVersione(CLI::App& programma, const std::function<std::string()>& versione);
 CLI::App& aggiungiComando(CLI::App& programma, const std::string& nome, const std::string& spiegazione);
 
+// The command of a command line in words, such as "import payments"; empty without one.
+std::string nomeComando(const CLI::App& programma);
+// The option --log of every command, and its value in a command line; empty where it is absent.
+void aggiungiRegistro(CLI::App& comando);
+std::string fileRegistro(const CLI::App& programma);
+
 // The options for a database's address and connection.
 void aggiungiIndirizzo(CLI::App& comando, OpzioniDatabase& database);
 

@@ -26,6 +26,7 @@ void descriviFinestra(CLI::App& programma, OpzioniFinestra& opzioni,
                   "chiari, scuri, o quelli del sistema; senza, quelli scelti nel menu Aspetto")
       ->check(coloriNoti)
       ->type_name("sistema|chiari|scuri");
+  aggiungiRegistro(programma);
   programma
       .add_option(
           "FILE", opzioni.file,

@@ -104,6 +104,7 @@ void QtFrontEnd::error(const Error& error) {
   dialog.setInformativeText(QStringLiteral("Errore %1").arg(error.number()));
   dialog.setTextInteractionFlags(Qt::TextSelectableByMouse);
   dialog.setObjectName(QStringLiteral("errore"));
+  dialog.setProperty(kErrorNumber, error.number());
   dialog.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
   run(dialog);
 }

@@ -49,6 +49,34 @@ bool isList(const Form& form) {
 
 }  // namespace
 
+// Reports how long an event has run.
+class QtFrontEnd::Timed {
+ public:
+  Timed(QtFrontEnd& frontEnd, const Form& form, const Control* control) : frontEnd_(frontEnd) {
+    if (!frontEnd_.onPerformed) return;
+    form_ = form.name();
+    if (control != nullptr) control_ = control->name();
+    since_ = frontEnd_.clock_.nsecsElapsed();
+    waited_ = frontEnd_.waited_;
+  }
+  ~Timed() {
+    if (form_.empty()) return;
+    const qint64 ran = frontEnd_.clock_.nsecsElapsed() - since_ - (frontEnd_.waited_ - waited_);
+    frontEnd_.onPerformed(
+        form_, control_,
+        std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::nanoseconds(ran)));
+  }
+  Timed(const Timed&) = delete;
+  Timed& operator=(const Timed&) = delete;
+
+ private:
+  QtFrontEnd& frontEnd_;
+  std::string form_;
+  std::string control_;
+  qint64 since_ = 0;
+  qint64 waited_ = 0;
+};
+
 QtFrontEnd::QtFrontEnd(QString guide) : guide_(std::move(guide)) {
   shownAt_.start();
   clock_.start();
@@ -66,7 +94,9 @@ QtFrontEnd::Waiting::Waiting(QtFrontEnd& frontEnd)
     : frontEnd_(frontEnd),
       running_(std::exchange(frontEnd.running_, 0)),
       begun_(frontEnd.status_.begun()),
-      told_(frontEnd.status_.told()) {
+      told_(frontEnd.status_.told()),
+      since_(frontEnd.clock_.nsecsElapsed()),
+      waited_(frontEnd.waited_) {
   frontEnd_.interruptionAsked_ = frontEnd_.askedToEnd();
   frontEnd_.interruption_.reset();
   frontEnd_.dropInput();
@@ -76,6 +106,8 @@ QtFrontEnd::Waiting::Waiting(QtFrontEnd& frontEnd)
 
 QtFrontEnd::Waiting::~Waiting() {
   frontEnd_.running_ = running_;
+  // Events during the wait have had waits of their own.
+  frontEnd_.waited_ = waited_ + frontEnd_.clock_.nsecsElapsed() - since_;
   frontEnd_.status_.resume(begun_, told_);
   frontEnd_.showPointer();
 }
@@ -116,6 +148,7 @@ QWidget* QtFrontEnd::parentForDialog() const { return topmost(); }
 
 void QtFrontEnd::perform(Control& control, const Event& event) {
   Form& form = control.form();
+  const Timed timed(*this, form, &control);
   begin();
   form.perform(control, event);
   goToMissing(form);
@@ -124,6 +157,7 @@ void QtFrontEnd::perform(Control& control, const Event& event) {
 }
 
 void QtFrontEnd::perform(Form& form, const Event& event) {
+  const Timed timed(*this, form, nullptr);
   begin();
   form.perform(event);
   goToMissing(form);

@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QPointer>
 #include <QString>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -23,6 +24,9 @@ namespace cu::desktop {
 
 class FormWindow;
 class HelpWindow;
+
+// The property of an error box that has the error's number.
+inline constexpr const char* kErrorNumber = "errorNumber";
 
 // The window system as the wizard's front end. It requires a QApplication and lives as long as forms are
 // shown.
@@ -49,6 +53,10 @@ class QtFrontEnd : public FrontEnd {
   FurtherColumns further(const LookupTable& table) const {
     return furtherColumns ? furtherColumns(table) : FurtherColumns();
   }
+  // Called after a user event, with the names of its form and control, and the time for which it ran without
+  // waiting for the user.
+  std::function<void(const std::string& form, const std::string& control, std::chrono::microseconds)>
+      onPerformed;
   bool anyOpen() const { return !shown_.empty(); }
   FormWindow* window(const Form& form) const;
   FormWindow* topmost() const;
@@ -109,6 +117,8 @@ class QtFrontEnd : public FrontEnd {
     int running_;
     bool begun_;
     std::size_t told_;
+    qint64 since_;
+    qint64 waited_;
   };
   int run(QDialog& dialog);                      // modal
   int run(QDialog& dialog, QWidget& typedInto);  // the same, with a box that receives typing at once
@@ -120,6 +130,7 @@ class QtFrontEnd : public FrontEnd {
   bool mayDrop(const Form& form, const std::string& lost);
 
  private:
+  class Timed;
   struct Shown {
     Form* form;
     FormWindow* window;
@@ -147,6 +158,7 @@ class QtFrontEnd : public FrontEnd {
   bool worked_ = false;     // the hourglass was on during the running event
   QElapsedTimer shownAt_;
   QElapsedTimer clock_;
+  qint64 waited_ = 0;  // nanoseconds in which the system waited for the user
   Pace pace_;
   QString work_;  // as reported last
   std::unique_ptr<Interruption> interruption_;

@@ -85,13 +85,13 @@ int restrictToOwner(const std::string& path) {
 }
 
 OtherReaders otherReaders(const std::string& path) {
-  std::error_code error;
-  const fs::path file = fs::canonical(path, error);
   struct stat status {};
-  if (error || ::stat(file.c_str(), &status) != 0) return OtherReaders::None;
+  if (::stat(path.c_str(), &status) != 0) return OtherReaders::None;
   const Rights own{(status.st_mode & S_IRGRP) != 0, (status.st_mode & S_IROTH) != 0};
   if (!own.group && !own.everybody) return OtherReaders::None;
-  const Rights ways = waysTo(file);
+  std::error_code error;
+  const fs::path file = fs::canonical(path, error);
+  const Rights ways = error ? Rights{false, false} : waysTo(file);
   if (own.everybody && ways.everybody) return OtherReaders::Everybody;
   return own.group && ways.group && !isOwnersGroup(status) ? OtherReaders::Group : OtherReaders::None;
 }

@@ -10,7 +10,25 @@ std::string environment(const char* name) {
   return value == nullptr ? std::string() : std::string(value);
 }
 
+// An absolute path without a separator at its end; empty for anything else.
+std::string absolute(const char* variable) {
+  std::string path = environment(variable);
+  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+  return path.starts_with('/') ? path : std::string();
+}
+
 }  // namespace
+
+std::string stateFolder() {
+#ifdef _WIN32
+  return configurationFolder();
+#else
+  std::string named = absolute("XDG_STATE_HOME");
+  if (!named.empty()) return named;
+  const std::string home = absolute("HOME");
+  return home.empty() ? std::string() : home + "/.local/state";
+#endif
+}
 
 std::string configurationFolder() {
 #ifdef _WIN32
@@ -18,10 +36,8 @@ std::string configurationFolder() {
   for (char& c : local) c = c == '\\' ? '/' : c;
   return local;
 #else
-  // A relative path is not valid there.
-  std::string named = environment("XDG_CONFIG_HOME");
-  while (named.size() > 1 && named.ends_with('/')) named.pop_back();
-  if (named.starts_with('/')) return named;
+  std::string named = absolute("XDG_CONFIG_HOME");
+  if (!named.empty()) return named;
   std::string home = environment("HOME");
   while (home.size() > 1 && home.ends_with('/')) home.pop_back();
   if (home == "/") home.clear();

@@ -134,7 +134,7 @@ Profilo analizzaProfilo(std::string_view testo, const std::string& file, const s
                         fromInteger(dove.column) + ": il testo non è TOML valido, atteso chiave = valore");
   }
   const LettoreToml radice(letto.table(), file);
-  radice.soloChiavi({"session", "database", "currency", "folders", "printing", "telematic", "trace"});
+  radice.soloChiavi({"session", "database", "currency", "folders", "printing", "telematic", "trace", "log"});
   Profilo profilo;
   profilo.file = file;
   profilo.sessione = leggiSessione(radice.sezione("session"), cartella);
@@ -150,6 +150,11 @@ Profilo analizzaProfilo(std::string_view testo, const std::string& file, const s
     const LettoreToml traccia = radice.sezione("trace");
     traccia.soloChiavi({"sql"});
     profilo.traccia = traccia.percorso("sql", cartella);
+  }
+  if (radice.presente("log")) {
+    const LettoreToml registro = radice.sezione("log");
+    registro.soloChiavi({"file"});
+    profilo.registro = registro.percorso("file", cartella);
   }
   return profilo;
 }

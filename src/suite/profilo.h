@@ -60,6 +60,7 @@ struct Profilo {
   MotoreStampa stampa = MotoreStampa::Pdf;
   bool moduliPubblicati = false;  // later years in the forms published for them
   std::string traccia;            // path of the trace of statements; empty for none
+  std::string registro;           // path of the log for support; empty for none
 };
 
 // One line in Italian: the file, the key, the expected value.

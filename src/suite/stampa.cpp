@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "base/text.h"
+#include "suite/support_log.h"
 
 namespace cu {
 namespace {
@@ -88,7 +89,11 @@ void StampaSuite::preview() {
   nota_.kind = 1;
   nota_.code.reset();
   frontEnd_.printed(nota_);
-  if (impaginatore_) impaginatore_->preview();
+  if (!impaginatore_) return;
+  // No duration: it would be that of the user's reading.
+  if (SupportLog* const log = SupportLog::active(); log != nullptr)
+    log->record({.operation = "anteprima", .object = nota_.report});
+  impaginatore_->preview();
 }
 
 void StampaSuite::print() {
@@ -142,7 +147,7 @@ template <class Impaginazione>
 void StampaSuite::esegui(const Impaginazione& impaginazione) {
   nota_.written = false;
   try {
-    impaginazione();
+    logged({.operation = "stampa", .object = nota_.report}, impaginazione);
   } catch (const std::exception&) {
     frontEnd_.printed(nota_);
     throw;

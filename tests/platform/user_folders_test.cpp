@@ -25,5 +25,20 @@ TEST(UserFolders, TheConfigurationIsWhereTheEnvironmentSays) {
   setenv("HOME", home.c_str(), 1);
 }
 
+TEST(UserFolders, TheStateIsBesideTheDataOfPrograms) {
+  const auto with = [](const char* named, const char* home) {
+    setenv("XDG_STATE_HOME", named, 1);
+    setenv("HOME", home, 1);
+    return stateFolder();
+  };
+  const char* const before = std::getenv("HOME");
+  const std::string home = before == nullptr ? "" : before;
+  EXPECT_EQ(with("/da/altra/parte/", "/home/anna"), "/da/altra/parte");
+  EXPECT_EQ(with("relativa", "/home/anna/"), "/home/anna/.local/state");
+  EXPECT_EQ(with("", "relativa"), "");
+  unsetenv("XDG_STATE_HOME");
+  setenv("HOME", home.c_str(), 1);
+}
+
 }  // namespace
 }  // namespace cu

@@ -119,6 +119,7 @@ TEST(Profilo, EveryKeyIsRead) {
   EXPECT_EQ(profilo.stampa, Profilo::MotoreStampa::Registro);
   EXPECT_TRUE(profilo.moduliPubblicati);
   EXPECT_EQ(profilo.traccia, "/cartella/trace.sql");
+  EXPECT_EQ(profilo.registro, "");
 }
 
 TEST(Profilo, OptionalKeysHaveTheirDefaults) {
@@ -146,6 +147,8 @@ TEST(Profilo, RelativePathsBeginAtTheProfilesFolder) {
   EXPECT_EQ(profilo.database.origine, "/dati/demo.db");
   EXPECT_EQ(profilo.impostazioni, "/altrove/settings.toml");
   EXPECT_EQ(analizza(con("sql = \"trace.sql\"", "sql = \"../t.sql\"")).traccia, "/t.sql");
+  EXPECT_EQ(analizza(con("[trace]", "[log]\nfile = \"registro.txt\"\n[trace]")).registro,
+            "/cartella/registro.txt");
 }
 
 TEST(Profilo, AMissingKeyIsNamedWithWhatIsExpected) {
@@ -200,9 +203,11 @@ TEST(Profilo, AMisspeltKeyIsNamedWithTheNamesThatExist) {
   EXPECT_THAT(errore(con("documents = \"/home/utente/Documenti\"", "doc = \"x\"")), HasSubstr("folders.doc"));
   EXPECT_THAT(errore(con("engine = \"record\"", "motore = \"pdf\"")), HasSubstr("printing.motore"));
   EXPECT_THAT(errore(con("sql = \"trace.sql\"", "file = \"x\"")), HasSubstr("trace.file"));
+  EXPECT_THAT(errore(con("[trace]", "[log]\nsql = \"x\"\n[trace]")), HasSubstr("log.sql"));
+  EXPECT_THAT(errore(con("[trace]", "[log]\n[trace]")), HasSubstr("log.file: manca"));
   EXPECT_EQ(errore(std::string(kCompleto) + "[stampe]\n"),
             "prova.toml: stampe: chiave sconosciuta, atteso uno di questi nomi: session, database, currency, "
-            "folders, printing, telematic, trace");
+            "folders, printing, telematic, trace, log");
 }
 
 TEST(Profilo, AWrongTypeIsRefused) {

@@ -5,6 +5,7 @@
 
 #include "apps/comune/colonne_percipienti.h"
 #include "apps/comune/impianto_gestione.h"
+#include "apps/strumenti/registro_finestre.h"
 #include "desktop/input_drain.h"
 #include "desktop/qt_front_end.h"
 #include "suite/profilo.h"
@@ -19,6 +20,7 @@ class GestioneAperta {
     schermo_.furtherColumns = [this](const LookupTable& elenco) {
       return colonnePercipienti(profilo_.database, elenco);
     };
+    strumenti::registraEventi(schermo_);
   }
 
   desktop::QtFrontEnd& schermo() { return schermo_; }

@@ -1,14 +1,17 @@
 #include "apps/avvio/messaggio_avvio.h"
 
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <iostream>
 
 #include "apps/comune/parole_database.h"
+#include "apps/comune/permessi_database.h"
 #include "base/error.h"
 #include "desktop/text.h"
 #include "suite/profilo.h"
+#include "suite/support_log.h"
 
 namespace cu {
 namespace {
@@ -97,7 +100,57 @@ bool proseguiUgualmente(const QString& avviso) {
   return box.clickedButton() == continua;
 }
 
+void avvisaPermessi(const Profilo::Database& database) {
+  if (senzaSchermo()) {
+    ascoltaPermessi([](const std::string& avviso) { std::cerr << avviso << std::endl; });
+    segnalaPermessi(database);
+    return;
+  }
+  const PermessiDatabase permessi;
+  const auto altri = permessi.daSegnalare(database);
+  if (!altri) return;
+  permessi.segnalato(database);
+  QMessageBox box(QMessageBox::Information, desktop::titled({}),
+                  QStringLiteral("Il database «%1» può essere letto %2.")
+                      .arg(QFileInfo(QString::fromStdString(database.origine)).fileName(),
+                           QString::fromStdString(*altri)));
+  box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(
+      QStringLiteral("Contiene dati personali di percipienti e azienda. Si può riservarlo a chi ne è il "
+                     "proprietario: gli altri non potranno più aprirlo.\n\nQuesto avviso non si ripete."));
+  box.setObjectName(QStringLiteral("permessi"));
+  const QPushButton* const riserva = box.addButton(QStringLiteral("&Riserva"), QMessageBox::AcceptRole);
+  QPushButton* const lascia = box.addButton(QStringLiteral("&Lascia così"), QMessageBox::RejectRole);
+  box.setDefaultButton(lascia);
+  box.setEscapeButton(lascia);
+  box.exec();
+  if (box.clickedButton() != riserva) return;
+  try {
+    riservaDatabase(database);
+  } catch (const FileError& errore) {
+    QMessageBox(QMessageBox::Warning, desktop::titled({}),
+                QStringLiteral("I permessi non si sono potuti cambiare, e restano com'erano.\n%1")
+                    .arg(desktop::lines(errore.description())))
+        .exec();
+  }
+}
+
+void avvisaRegistro(const std::string& avviso) {
+  std::cerr << avviso << std::endl;
+  const auto mostra = [avviso] {
+    auto* const box = new QMessageBox(QMessageBox::Warning, desktop::titled({}), desktop::lines(avviso));
+    box->setTextFormat(Qt::PlainText);
+    box->setObjectName(QStringLiteral("registro"));
+    box->setInformativeText(QStringLiteral("Il lavoro prosegue come sempre, senza il registro."));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setWindowModality(Qt::NonModal);
+    box->show();
+  };
+  if (qApp != nullptr && !senzaSchermo()) QMetaObject::invokeMethod(qApp, mostra, Qt::QueuedConnection);
+}
+
 void mostraErroreAvvio(const std::exception& errore) {
+  logFailure("avvio", errore);
   std::cerr << errore.what() << '\n';
   if (senzaSchermo()) return;
   const MessaggioAvvio messaggio = messaggioAvvio(errore);

@@ -74,6 +74,13 @@ auto conImpostazioni(const CartelleAvvio& cartelle, const Uso& uso) {
 
 }  // namespace
 
+// The library keeps the mode of an existing file.
+void riservaMemoria() {
+  const QString file = QSettings().fileName();
+  createOwnerOnlyFolder(QFileInfo(file).absolutePath().toStdString());
+  createOwnerOnlyFile(file.toStdString());
+}
+
 SceltaAvvio SceltaAvvio::ricordata() {
   QSettings memoria;
   memoria.beginGroup(QStringLiteral("avvio"));

@@ -25,6 +25,10 @@ struct SceltaAvvio {
   void ricorda() const;
 };
 
+// Makes what the windows remember the user's alone: creates its file where there is none. To be called before
+// anything is remembered.
+void riservaMemoria();
+
 // The databases of the last starts that still exist, the last one first.
 QStringList databaseRecenti();
 

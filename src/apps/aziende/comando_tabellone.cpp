@@ -6,6 +6,7 @@
 
 #include "apps/aziende/tabellone_letto.h"
 #include "apps/comune/codici_uscita.h"
+#include "apps/comune/registro_programma.h"
 #include "apps/comune/tavola.h"
 #include "apps/esame/json_lettura.h"
 #include "base/text.h"
@@ -105,7 +106,7 @@ void scriviSomma(const std::vector<VoceTabellone>& voci) {
 }  // namespace
 
 int comandoTabellone(const OpzioniTabellone& opzioni) {
-  const Profilo profilo = leggiProfilo(opzioni.profilo);
+  const Profilo profilo = leggiProfiloConRegistro(opzioni.profilo);
   const auto indicati = databaseIndicati(opzioni.aziende, profilo);
   if (!indicati) return kUsoSbagliato;
   const std::vector<DatabaseScelto> database = leggiDatabase(*indicati);

@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "suite/support_log.h"
 #endif
 
 namespace cu {
@@ -121,6 +122,7 @@ class Squadra {
     }
     std::cout.flush();
     std::cerr.flush();
+    if (SupportLog* const log = SupportLog::active(); log != nullptr) log->flush();
     std::_Exit(0);
   }
 

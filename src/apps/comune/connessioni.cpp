@@ -4,11 +4,13 @@
 #include <iostream>
 
 #include "apps/comune/password.h"
+#include "apps/comune/permessi_database.h"
 #include "archive/schema.h"
 #include "base/error.h"
 #include "odbc/odbc_connection.h"
 #include "sqlite/own_files.h"
 #include "sqlite/sqlite_connection.h"
+#include "suite/logged_connection.h"
 
 namespace cu {
 namespace {
@@ -44,6 +46,39 @@ void esigiSuite(Connection& connessione, const std::string& senza) {
                           "database con «cuctl create».");
 }
 
+std::unique_ptr<Connection> aperta(const Profilo::Database& database) {
+  segnalaPermessi(database);
+  switch (database.motore) {
+    case Profilo::Motore::Sqlite: {
+      auto file = SqliteConnection::open(database.origine);
+      if (database.secondiAttesa) file->setPatience(*database.secondiAttesa * kMillesimi);
+      esigiSuite(*file, "Il database «" + database.origine + "» non contiene le tabelle della suite.");
+      return file;
+    }
+    case Profilo::Motore::Odbc:
+      break;
+  }
+  auto connessione = apriServer(database);
+  esigiSuite(*connessione,
+             "Il database del server non contiene le tabelle della suite, o l'utente non le vede.");
+  return connessione;
+}
+
+std::unique_ptr<Connection> daRiempire(const Profilo::Database& database) {
+  segnalaPermessi(database);
+  switch (database.motore) {
+    case Profilo::Motore::Sqlite:
+      return SqliteConnection::create(database.origine);
+    case Profilo::Motore::Odbc:
+      break;
+  }
+  return apriServer(database);
+}
+
+const char* nomeMotore(const Profilo::Database& database) {
+  return database.motore == Profilo::Motore::Sqlite ? "sqlite" : "odbc";
+}
+
 }  // namespace
 
 std::optional<Profilo::Database> databaseIndicato(const OpzioniDatabase& opzioni) {
@@ -68,39 +103,26 @@ void ricordaDatabase(const Profilo::Database& database) {
 }
 
 std::unique_ptr<Connection> apriConnessione(const Profilo::Database& database) {
-  switch (database.motore) {
-    case Profilo::Motore::Sqlite: {
-      auto file = SqliteConnection::open(database.origine);
-      if (database.secondiAttesa) file->setPatience(*database.secondiAttesa * kMillesimi);
-      esigiSuite(*file, "Il database «" + database.origine + "» non contiene le tabelle della suite.");
-      return file;
-    }
-    case Profilo::Motore::Odbc:
-      break;
-  }
-  auto connessione = apriServer(database);
-  esigiSuite(*connessione,
-             "Il database del server non contiene le tabelle della suite, o l'utente non le vede.");
-  return connessione;
+  return withLog(logged({.operation = "apertura database", .detail = nomeMotore(database)},
+                        [&] { return aperta(database); }));
 }
 
 std::unique_ptr<Connection> creaConnessione(const Profilo::Database& database) {
-  switch (database.motore) {
-    case Profilo::Motore::Sqlite:
-      return SqliteConnection::create(database.origine);
-    case Profilo::Motore::Odbc:
-      break;
-  }
-  return apriServer(database);
+  return withLog(logged({.operation = "apertura database", .detail = nomeMotore(database)},
+                        [&] { return daRiempire(database); }));
 }
 
 std::vector<VoceControllo> controllaDatabase(const Profilo::Database& database) {
   const auto modello = SqliteConnection::create(":memory:");
   creaSchema(*modello);
+  segnalaPermessi(database);
   if (database.motore == Profilo::Motore::Sqlite) {
-    return controllaTabelle(*SqliteConnection::open(database.origine), *modello);
+    const auto connessione =
+        withLog(logged({.operation = "apertura database", .detail = nomeMotore(database)},
+                       [&] { return SqliteConnection::open(database.origine); }));
+    return controllaTabelle(*connessione, *modello);
   }
-  const auto connessione = apriServer(database);
+  const auto connessione = creaConnessione(database);
   std::vector<VoceControllo> voci = controllaServer(*connessione);
   for (VoceControllo& voce : controllaTabelle(*connessione, *modello)) voci.push_back(std::move(voce));
   return voci;

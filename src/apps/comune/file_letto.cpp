@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "sqlite/own_files.h"
+#include "suite/support_log.h"
 
 namespace cu {
 
@@ -27,6 +28,8 @@ FileLetto::FileLetto(const std::string& percorso) : percorso_(percorso) {
   if (!file_) throw FileIlleggibile(percorso + ": il file non si può aprire.");
   dimensione_ = std::filesystem::file_size(percorso, errore);
   if (errore) dimensione_ = 0;
+  if (SupportLog* const log = SupportLog::active(); log != nullptr)
+    log->record({.operation = "file", .detail = "lettura", .bytes = dimensione_});
 }
 
 std::size_t FileLetto::leggi(char* dove, std::size_t quanti) {

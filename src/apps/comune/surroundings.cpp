@@ -8,6 +8,7 @@
 #include "apps/comune/connessioni.h"
 #include "apps/comune/modello_del_profilo.h"
 #include "archive/ricostruzione.h"
+#include "suite/logged_file_system.h"
 
 namespace cu {
 
@@ -15,9 +16,11 @@ Surroundings::Surroundings(const Profilo& profilo, FrontEnd& schermo, CreaImpagi
                            std::optional<std::int32_t> moduliInsieme)
     : modello_(modelloDi(profilo)),
       orologio_(orologio(profilo)),
-      impostazioni_(profilo.impostazioni, files_,
+      files_(machineFiles()),
+      impostazioni_(profilo.impostazioni, *files_,
                     [](const std::string& avviso) { std::cerr << avviso << '\n'; }),
       utilita_(schermo, profilo.documenti),
+      fileStampe_(machineFiles()),
       creaImpaginatore_(std::move(impaginatore)),
       moduliInsieme_(moduliInsieme ? static_cast<std::size_t>(*moduliInsieme)
                                    : std::max(1U, std::thread::hardware_concurrency())),
@@ -36,7 +39,7 @@ FornitoriSuite Surroundings::fornitori(const Profilo& profilo, FrontEnd& schermo
 Impaginatore& Surroundings::impaginatore(FrontEnd& schermo) {
   if (!impaginatore_) {
     impaginatore_ = creaImpaginatore_(
-        ReportSurroundings{schermo, fileStampe_, *orologio_, "cuwizard", modello_, moduliInsieme_});
+        ReportSurroundings{schermo, *fileStampe_, *orologio_, "cuwizard", modello_, moduliInsieme_});
   }
   return *impaginatore_;
 }

@@ -4,11 +4,11 @@
 #include <memory>
 #include <optional>
 
+#include "host/filesystem.h"
 #include "impaginazione/impaginazione.h"
 #include "modello/modello.h"
 #include "suite/catalogo_stampe.h"
 #include "suite/fabbrica.h"
-#include "suite/file_system.h"
 #include "suite/impostazioni.h"
 #include "suite/orologio.h"
 #include "suite/profilo.h"
@@ -27,7 +27,7 @@ class Surroundings {
   Surroundings& operator=(const Surroundings&) = delete;
 
   Clock& clock() { return *orologio_; }
-  FileSystem& files() { return files_; }
+  FileSystem& files() { return *files_; }
   const ReportCatalogue& stampe() const { return stampe_; }
   Settings& settings() { return impostazioni_; }
   UtilitaSuite& utilita() { return utilita_; }
@@ -41,11 +41,11 @@ class Surroundings {
 
   const modello::Modello& modello_;
   std::unique_ptr<Clock> orologio_;
-  FileSystemPiattaforma files_;
+  std::unique_ptr<FileSystem> files_;
   CatalogoStampe stampe_;
   ImpostazioniToml impostazioni_;
   UtilitaItaliana utilita_;
-  FileSystemPiattaforma fileStampe_;
+  std::unique_ptr<FileSystem> fileStampe_;
   CreaImpaginatore creaImpaginatore_;
   std::size_t moduliInsieme_;
   std::unique_ptr<Impaginatore> impaginatore_;  // created by the first print

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "controls/form.h"
+#include "suite/support_log.h"
 
 namespace cu {
 namespace {
@@ -21,6 +22,11 @@ bool Terminale::conferma(const std::string& testo) {
 void Terminale::show(Form& form) { senzaForme(form); }
 
 void Terminale::showModal(Form& form) { senzaForme(form); }
+
+void Terminale::error(const Error& error) {
+  logFailure("messaggio", error);
+  messaggi.push_back(error.description());
+}
 
 Answer Terminale::messageBox(const MessageBox& box) {
   switch (box.buttons) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "controls/frontend.h"
+#include "suite/logged_phases.h"
 
 namespace cu {
 
@@ -35,7 +36,7 @@ class Terminale : public FrontEnd {
   void showModal(Form& form) override;
   void closed(Form&) override {}
   Answer messageBox(const MessageBox& box) override;
-  void error(const Error& error) override { messaggi.push_back(error.description()); }
+  void error(const Error& error) override;
   std::string chooseFolder(const std::string&, const std::optional<std::string>&) override { return {}; }
   std::optional<PrinterChoice> choosePrinter() override { return std::nullopt; }
   std::optional<std::string> chooseFileToSave(const std::string&, const std::string&,
@@ -51,13 +52,18 @@ class Terminale : public FrontEnd {
   void printed(const PrintNote& note) override { stampe.push_back(note); }
   void beep() override {}
   void progress(const char* what, std::size_t done, std::size_t total) override {
+    fasi_.progress(what, done);
     if (avanzamento) avanzamento(what, done, total);
   }
-  void setPointer(int pointer) override { puntatore_ = pointer; }
+  void setPointer(int pointer) override {
+    puntatore_ = pointer;
+    if (pointer == kPointerDefault) fasi_.end();
+  }
   int pointer() const override { return puntatore_; }
 
  private:
   int puntatore_ = kPointerDefault;
+  LoggedPhases fasi_;
 };
 
 }  // namespace cu

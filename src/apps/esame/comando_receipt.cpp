@@ -2,6 +2,7 @@
 
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/file_letto.h"
+#include "apps/comune/registro_programma.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/registro_del_profilo.h"
 #include "apps/esame/ricevuta_letta.h"
@@ -41,7 +42,7 @@ void scriviEsito(const PianoRicevuta& piano, bool applicato) {
 }  // namespace
 
 int comandoReceipt(const OpzioniReceipt& opzioni) {
-  const Profilo profilo = leggiProfilo(opzioni.profilo);
+  const Profilo profilo = leggiProfiloConRegistro(opzioni.profilo);
   try {
     const std::vector<RigaRicevuta> righe = righeRicevuta(opzioni.tabella);
     RegistroDelProfilo registro(profilo);

@@ -2,13 +2,14 @@
 
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/file_letto.h"
+#include "apps/comune/registro_programma.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/operazioni_registro.h"
 
 namespace cu {
 
 int comandoSent(const OpzioniSent& opzioni) {
-  const Profilo profilo = leggiProfilo(opzioni.profilo);
+  const Profilo profilo = leggiProfiloConRegistro(opzioni.profilo);
   try {
     const EsitoInvio esito =
         segnaInviato(profilo, opzioni.file, opzioni.giorno, [](const std::string& avviso) {

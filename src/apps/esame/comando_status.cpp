@@ -4,6 +4,7 @@
 
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/modello_del_profilo.h"
+#include "apps/comune/registro_programma.h"
 #include "apps/comune/terminale.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/json_confronto.h"
@@ -46,7 +47,7 @@ void scrivi(const VoceStato& voce) {
 }  // namespace
 
 int comandoStatus(const OpzioniStatus& opzioni) {
-  const Profilo profilo = leggiProfilo(opzioni.profilo);
+  const Profilo profilo = leggiProfiloConRegistro(opzioni.profilo);
   RegistroDelProfilo registro(profilo);
   Terminale terminale;
   const UtilitaItaliana utilita(terminale, profilo.documenti);

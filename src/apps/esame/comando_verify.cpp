@@ -3,6 +3,7 @@
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/connessioni.h"
 #include "apps/comune/file_letto.h"
+#include "apps/comune/registro_programma.h"
 #include "apps/comune/terminale.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/confronti.h"
@@ -15,7 +16,7 @@ int comandoVerify(const OpzioniVerify& opzioni) {
   constexpr ParoleConfronto kParole = {"nel file", "nei conti"};
   constexpr ParoleEsiti kEsiti = {"different", "missing in the accounts", "missing in the file"};
   constexpr ParoleEsiti kDetti = {"diversa", "manca nei conti", "manca nel file"};
-  const Profilo profilo = leggiProfilo(opzioni.profilo);
+  const Profilo profilo = leggiProfiloConRegistro(opzioni.profilo);
   try {
     FileLetto file(opzioni.file);
     const auto connessione = apriConnessione(profilo.database);

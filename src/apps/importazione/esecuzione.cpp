@@ -5,6 +5,7 @@
 #include "archive/ricostruzione.h"
 #include "intake/applica.h"
 #include "suite/orologio.h"
+#include "suite/support_log.h"
 
 namespace cu {
 namespace {
@@ -40,9 +41,16 @@ EsecuzionePiano eseguiPiano(DatabaseSuite& database, const intake::Piano& piano,
   esito.applica = richiesta.applica;
   if (!piano.applicabile()) return eseguita;
   RicostruzioneContiIndividuali ricostruzione;
-  const auto applicato = intake::applica(
-      database, ricostruzione, piano,
-      {.prova = !richiesta.applica, .utente = richiesta.utente, .momento = momentoAttuale()}, avanzamento);
+  const auto applicato =
+      logged({.operation = "importazione",
+              .detail = richiesta.applica ? "scrittura" : "prova",
+              .rows = static_cast<std::int64_t>(piano.righe.size())},
+             [&] {
+               return intake::applica(
+                   database, ricostruzione, piano,
+                   {.prova = !richiesta.applica, .utente = richiesta.utente, .momento = momentoAttuale()},
+                   avanzamento);
+             });
   for (const Finding& rifiuto : applicato.refusals) eseguita.rifiuti.push_back(rifiuto.text);
   if (!applicato) return eseguita;
   esito.riuscita = true;
@@ -53,8 +61,10 @@ EsecuzionePiano eseguiPiano(DatabaseSuite& database, const intake::Piano& piano,
 
 Result<intake::Annullato> annullaLotto(DatabaseSuite& database, std::int32_t lotto, bool prova) {
   RicostruzioneContiIndividuali ricostruzione;
-  return intake::annulla(database, ricostruzione,
-                         {.lotto = lotto, .prova = prova, .momento = momentoAttuale()});
+  return logged({.operation = "annullamento importazione", .detail = prova ? "prova" : "scrittura"}, [&] {
+    return intake::annulla(database, ricostruzione,
+                           {.lotto = lotto, .prova = prova, .momento = momentoAttuale()});
+  });
 }
 
 }  // namespace cu

@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "base/thousands.h"
 #include "suite/platform_file.h"
+#include "suite/support_log.h"
 #include "tabelle/scrittura.h"
 
 namespace cu {
@@ -87,12 +88,14 @@ bool fileDiResoconto(const std::string& file) {
 }
 
 void scriviResoconto(const std::string& file, const Piano& piano, const EsitoImportazione& esito) {
-  if (finisceCosi(file, ".json")) {
-    replaceFileInPieces(
-        file, [&](const PieceWriter& scrivi) { resocontoJson(piano, esito, scrivi); }, NewFile::OwnerOnly);
-  } else {
-    replaceFile(file, resocontoCsv(piano), NewFile::OwnerOnly);
-  }
+  logged({.operation = "file", .detail = "resoconto"}, [&] {
+    if (finisceCosi(file, ".json")) {
+      replaceFileInPieces(
+          file, [&](const PieceWriter& scrivi) { resocontoJson(piano, esito, scrivi); }, NewFile::OwnerOnly);
+    } else {
+      replaceFile(file, resocontoCsv(piano), NewFile::OwnerOnly);
+    }
+  });
 }
 
 std::string resocontoCsv(const Piano& piano) {

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "suite/platform_file.h"
+#include "suite/support_log.h"
 
 namespace cu {
 namespace {
@@ -16,11 +17,13 @@ bool finisceIn(const std::string& file, std::string_view estensione) {
 bool fileDiTabella(const std::string& file) { return finisceIn(file, ".csv") || finisceIn(file, ".xlsx"); }
 
 void scriviTabelle(const std::string& file, const std::vector<tabelle::TabellaDaScrivere>& tabelle) {
-  if (finisceIn(file, ".csv")) {
-    replaceFile(file, tabelle::scriviCsv(tabelle.front()));
-  } else {
-    tabelle::scriviXlsx(file, tabelle, {});
-  }
+  logged({.operation = "file", .detail = "tabella"}, [&] {
+    if (finisceIn(file, ".csv")) {
+      replaceFile(file, tabelle::scriviCsv(tabelle.front()));
+    } else {
+      tabelle::scriviXlsx(file, tabelle, {});
+    }
+  });
 }
 
 }  // namespace cu

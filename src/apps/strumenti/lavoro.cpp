@@ -4,18 +4,25 @@
 #include <utility>
 
 #include "apps/comune/parole_database.h"
+#include "suite/support_log.h"
 
 namespace cu::strumenti {
 namespace {
 
 constexpr int kMillisecondi = 100;  // between two reports of the progress
 
-Lavoro::Esito esitoDi(const std::function<void()>& lavoro) {
+Lavoro::Esito esitoDi(const std::function<void()>& lavoro, const std::string& finestra) {
   try {
-    lavoro();
-    return {};
-  } catch (const Interrotto&) {
-    return {{}, true};
+    LogEntry voce{.operation = "lavoro", .object = finestra};
+    return logged(SupportLog::active(), voce, [&]() -> Lavoro::Esito {
+      try {
+        lavoro();
+        return {};
+      } catch (const Interrotto&) {
+        voce.detail = "interrotto";
+        return {{}, true};
+      }
+    });
   } catch (const std::exception& errore) {
     const QString testo = QString::fromStdString(dettoInFinestra(errore));
     return {testo.isEmpty() ? QStringLiteral("L'operazione non è riuscita.") : testo, false};
@@ -41,8 +48,9 @@ void Lavoro::avvia(std::function<void()> lavoro, std::function<void(const Esito&
   annullato_ = false;
   riferisci(nullptr, 0, 0);
   finito_ = std::move(finito);
-  thread_.reset(QThread::create([this, lavoro = std::move(lavoro)] {
-    const Esito esito = esitoDi(lavoro);
+  const std::string finestra = parent() == nullptr ? std::string() : parent()->metaObject()->className();
+  thread_.reset(QThread::create([this, finestra, lavoro = std::move(lavoro)] {
+    const Esito esito = esitoDi(lavoro, finestra);
     QMetaObject::invokeMethod(
         this, [this, esito] { finisci(esito); }, Qt::QueuedConnection);
   }));

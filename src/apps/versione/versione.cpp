@@ -57,6 +57,8 @@ std::vector<LibreriaUsata> libreriePrincipali() {
 
 }  // namespace
 
+const char* versioneBreve() { return CU_VERSION; }
+
 std::string testoVersione(std::string_view programma, const std::vector<LibreriaUsata>& altre) {
   std::string testo(programma);
   testo += " " CU_VERSION " del " CU_VERSION_DATE "\n";
