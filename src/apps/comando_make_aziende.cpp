@@ -17,6 +17,8 @@
 #include "esito.h"
 #include "fornitura/carico.h"
 #include "riscontro/scritte.h"
+#include "suite/file_system.h"
+#include "suite/impostazioni.h"
 #include "suite/testi.h"
 #include "worklist/tabella_lavoro.h"
 
