@@ -93,6 +93,8 @@ QWidget* FinestraTabellone::sopra() {
   anni_->setAccessibleName(QStringLiteral("Anno dei compensi"));
   anni_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   anno->setBuddy(anni_);
+  ricerca_->proponi(QStringLiteral("nome o codice fiscale dell'azienda"),
+                    QStringLiteral("Cerca fra le aziende"));
   ricerca_->metti(anno, true);
   ricerca_->metti(anni_, true);
   ricerca_->cambiata = [this] { diceFrase(); };
@@ -184,23 +186,22 @@ void FinestraTabellone::componiTabella() {
       {{"azienda", "Azienda", [di](std::size_t q) { return qs(di(q).azienda.nome); }},
        {"codice", "Codice fiscale", [di](std::size_t q) { return qs(di(q).azienda.codiceFiscale); }},
        {"anno", "Anno", [di](std::size_t q) { return QString::number(di(q).riga.anno); }, true},
-       numero("conti", "Conti", [](const VoceTabellone& v) { return v.riga.conti; }),
-       numero("mancanti", "Dati mancanti", [](const VoceTabellone& v) { return v.riga.mancanti; }),
-       numero("scritte", "Scritte", [](const VoceTabellone& v) { return v.riga.scritte; }),
-       numero("inviate", "Inviate", [](const VoceTabellone& v) { return v.riga.inviate; }),
-       numero("accettate", "Accettate", [](const VoceTabellone& v) { return v.riga.accettate; }),
-       numero("scartate", "Scartate", [](const VoceTabellone& v) { return v.riga.scartate; }),
-       numero("nuove", "Da inviare", [](const VoceTabellone& v) { return v.riga.nuove(); }),
-       numero("correzioni", "Correzioni", [](const VoceTabellone& v) { return v.riga.correzioni; }),
        {"scadenza",
         "Scadenza",
         [this, di](std::size_t q) { return breve(di(q), oggi_); },
         false,
         [di](std::size_t q) { return ordineScadenza(di(q)); },
         {},
-        320}},
+        320},
+       numero("conti", "Conti", [](const VoceTabellone& v) { return v.riga.conti; }),
+       numero("mancanti", "Mancanti", [](const VoceTabellone& v) { return v.riga.mancanti; }),
+       numero("scritte", "Scritte", [](const VoceTabellone& v) { return v.riga.scritte; }),
+       numero("inviate", "Inviate", [](const VoceTabellone& v) { return v.riga.inviate; }),
+       numero("accettate", "Accettate", [](const VoceTabellone& v) { return v.riga.accettate; }),
+       numero("scartate", "Scartate", [](const VoceTabellone& v) { return v.riga.scartate; }),
+       numero("nuove", "Da inviare", [](const VoceTabellone& v) { return v.riga.nuove(); }),
+       numero("correzioni", "Correzioni", [](const VoceTabellone& v) { return v.riga.correzioni; })},
       this);
-  tabella_->modello().inGrassetto = [di](std::size_t q) { return di(q).termini.inRitardo > 0; };
   tabella_->filtro().passa = [this, di](std::size_t q) {
     return voci_ != nullptr && q < voci_->size() && nellAnno(di(q)) && corrisponde(di(q), scelta_) &&
            ricerca_->passa(q);
@@ -220,7 +221,7 @@ QWidget* FinestraTabellone::pulsanti() {
                     if (const auto quale = tabella_->corrente()) apri(*quale);
                   }));
   apri_->setToolTip(QStringLiteral("Apre lo stato degli invii dell'azienda e dell'anno"));
-  riga->addWidget(esporta_ = pulsante("&Esporta…", [this] { esporta(); }));
+  riga->addWidget(esporta_ = pulsante("Esp&orta…", [this] { esporta(); }));
   riga->addStretch(1);
   riga->addWidget(ricarica_ = pulsante(
                       "Ri&carica", [this] { leggi(); }, QKeySequence(Qt::Key_F5)));

@@ -35,6 +35,11 @@ Ricerca::Ricerca(QWidget* parent)
   });
 }
 
+void Ricerca::proponi(const QString& testo, const QString& detta) {
+  cerca_->setPlaceholderText(testo);
+  cerca_->setAccessibleName(detta);
+}
+
 void Ricerca::serve(Tabella* tabella) {
   tabella_ = tabella;
   tabella_->setCercata();

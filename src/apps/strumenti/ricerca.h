@@ -18,6 +18,8 @@ class Tabella;
 class Ricerca : public QWidget {
  public:
   explicit Ricerca(QWidget* parent);
+  // Says what can be searched for, and the same for a screen reader.
+  void proponi(const QString& testo, const QString& detta);
   // Before the box, or after it.
   void metti(QWidget* widget, bool prima = false);
   // The table whose rows are searched.
