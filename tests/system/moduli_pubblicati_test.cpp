@@ -281,8 +281,8 @@ TEST_P(ModuliPubblicati, AskForTheCodeOfSumsNotSubject) {
   pagamenti("", GetParam().quota);
   const Esecuzione creato = crea();
   EXPECT_EQ(creato.codice, 1);
-  EXPECT_THAT(creato.errori, HasSubstr("Manca il codice delle somme non soggette (casella 6)"));
-  EXPECT_THAT(creato.errori, HasSubstr("Rossi Marco"));
+  EXPECT_THAT(creato.uscita, HasSubstr("Manca il codice delle somme non soggette (casella 6)"));
+  EXPECT_THAT(creato.uscita, HasSubstr("Rossi Marco"));
   EXPECT_THAT(creato.errori,
               HasSubstr("non sono del modello dell'anno: il file telematico non è stato creato"));
   EXPECT_EQ(righe(), std::vector<std::string>());
