@@ -9,6 +9,7 @@
 #include "base/thousands.h"
 #include "schede/conteggio.h"
 #include "sqlite/sqlite_connection.h"
+#include "suite/support_log.h"
 
 namespace cu {
 namespace {
@@ -62,7 +63,13 @@ std::string nomeLibero(const fs::path& cartella, const fs::path& database, const
 DatabaseCopy copiaDatabase(const Profilo::Database& database, const std::string& file, bool sostituisci,
                            const CopyObserver& avanzamento) {
   soloIncorporato(database);
-  return backUpDatabase(database.origine, file, sostituisci, avanzamento);
+  LogEntry voce{.operation = "copia di sicurezza"};
+  return logged(SupportLog::active(), voce, [&] {
+    DatabaseCopy copia = backUpDatabase(database.origine, file, sostituisci, avanzamento);
+    voce.rows = static_cast<std::int64_t>(copia.rows);
+    voce.bytes = copia.bytes;
+    return copia;
+  });
 }
 
 void esaminaCopia(const std::string& file) {
@@ -82,7 +89,8 @@ void esaminaCopia(const std::string& file) {
 bool ripristinaDatabase(const Profilo::Database& database, const std::string& copia,
                         const std::string& tenuto, const CopyObserver& avanzamento) {
   soloIncorporato(database);
-  return restoreDatabase(copia, database.origine, tenuto, esaminaCopia, avanzamento);
+  return logged({.operation = "ripristino"},
+                [&] { return restoreDatabase(copia, database.origine, tenuto, esaminaCopia, avanzamento); });
 }
 
 std::string nomeCopia(const std::string& database, const std::string& cartella, const Clock& orologio) {
