@@ -186,6 +186,7 @@ void ArchivalPdf::finish() {
 }
 
 void ArchivalPdf::put(std::string_view bytes) {
+  // cppcheck-suppress[invalidLifetime,danglingTemporaryLifetime]: the bytes are digested at once
   content_.addData(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
   target_.write(bytes.data(), static_cast<qint64>(bytes.size()));
   position_ += static_cast<qint64>(bytes.size());

@@ -205,10 +205,10 @@ DatabaseHandle openToCopy(const std::string& file) {
   }
   // One that this process uses is not opened by hand, and a right to write lets the engine tidy up behind it.
   const bool own = belongsToOwnDatabase(file);
-  constexpr std::size_t kReadVersion = 19;
-  std::array<char, kReadVersion + 1> head{};
+  constexpr std::size_t kHead = 20;  // its last byte is the version of what may read the file
+  std::array<char, kHead> head{};
   if (!own) std::ifstream(file, std::ios::binary).read(head.data(), head.size());
-  const bool logged = head[kReadVersion] == 2;
+  const bool logged = head.back() == 2;
   const bool alone = logged && !std::filesystem::exists(file + "-wal", error);
   std::string name = file.starts_with("file:") ? "./" + file : file;
   if (alone) {

@@ -71,9 +71,13 @@ SupportLog* SupportLog::active() { return activeLog; }
 
 void SupportLog::activate(std::unique_ptr<SupportLog> log) {
   static std::vector<std::unique_ptr<SupportLog>> kept;
-  activeLog = log.get();
   if (!kept.empty()) kept.back()->flush();
-  if (log != nullptr) kept.push_back(std::move(log));
+  if (log == nullptr) {
+    activeLog = nullptr;
+    return;
+  }
+  kept.push_back(std::move(log));
+  activeLog = kept.back().get();
 }
 
 void logFailure(const char* operation, const std::exception& error) {

@@ -32,7 +32,7 @@ std::string nomeDi(const Profilo::Database& database) {
     const std::size_t dove = lowerAscii(database.origine).find(kChiave);
     if (dove != std::string::npos) {
       nome = database.origine.substr(dove + kChiave.size());
-      nome = nome.substr(0, nome.find(';'));
+      if (const std::size_t fine = nome.find(';'); fine != std::string::npos) nome.resize(fine);
     }
   }
   nome = nomeDiCartella(nome);
