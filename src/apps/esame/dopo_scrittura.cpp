@@ -78,7 +78,8 @@ DopoScrittura dopoScrittura(Connection& connessione, const Clock& orologio, cons
     riscontro::Registro registro(connessione);
     const bool presente = registro.presente();
     Raccolta raccolta;
-    const ElencoLuoghi luoghi;
+    // Made once: a run for many companies reads as many files.
+    static const ElencoLuoghi luoghi;
     FileLetto sulDisco(file.percorso);
     LetturaSeguita letto(sulDisco, file.avanzamento);
     dopo.rilievi = lettura::esamina(letto, &luoghi, presente ? &raccolta : nullptr, &file.modello).rilievi;
