@@ -206,7 +206,7 @@ TEST(StartMessage, InTheStartDialogTellsWhatToDoThere) {
   EXPECT_EQ(told->text(),
             "manca.db non si può usare: non c'è, non si può leggere, o non è un database. Scegliere un altro "
             "database.");
-  EXPECT_TRUE(told->toolTip().contains(QStringLiteral("non esiste"))) << "the detail";
+  EXPECT_TRUE(told->toolTip().contains(QStringLiteral("non c'è: è stato spostato"))) << "the detail";
 }
 
 // The tooltip shown by the mouse over a cell.

@@ -37,8 +37,9 @@ class OwnTools : public ::testing::Test {
   void answer() {
     screen_.whenModal([this](QWidget& modal) {
       auto& dialog = dynamic_cast<QFileDialog&>(modal);
-      proposed_ = dialog.findChild<QLineEdit*>()->text();
-      dialog.selectFile(copy());
+      auto& name = *dialog.findChild<QLineEdit*>();
+      proposed_ = name.text();
+      name.setText(copy());
       QMetaObject::invokeMethod(&dialog, "accept");
     });
     waitAndClose();

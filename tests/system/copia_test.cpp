@@ -143,11 +143,11 @@ TEST_F(Copia, ADatabaseInUseIsCopiedButNotReplaced) {
 
 TEST_F(Copia, AtATerminalProgressIsShownAndAQuestionIsAsked) {
   const std::string file = this->file("copia.db");
-  const AlTerminale copia({"backup", file, "--database", posto_.indirizzo()}, "");
+  const AlTerminale copia({"backup", file, "--database", indirizzo(database().c_str())}, "");
   EXPECT_EQ(copia.codice, 0) << copia.visto;
   EXPECT_THAT(copia.visto, AllOf(HasSubstr("Copia: "), HasSubstr("Controllo della copia"),
                                  HasSubstr("Copia di sicurezza fatta")));
-  const std::vector<std::string> argomenti = {"restore", file, "--database", posto_.indirizzo()};
+  const std::vector<std::string> argomenti = {"restore", file, "--database", indirizzo(database().c_str())};
   const AlTerminale no(argomenti, "\n", "[s/N]");
   EXPECT_EQ(no.codice, 1);
   EXPECT_THAT(no.visto, HasSubstr("Non è stato cambiato nulla."));
@@ -159,7 +159,7 @@ TEST_F(Copia, AtATerminalProgressIsShownAndAQuestionIsAsked) {
 TEST_F(Copia, CtrlCLeavesNothing) {
   posto_.crea({"--payees", "8000", "--years", "2014-2017"});
   const std::string copia = file("copia.db");
-  const AlTerminale esito({"backup", copia, "--database", posto_.indirizzo()}, "\x03", "Copia: ");
+  const AlTerminale esito({"backup", copia, "--database", indirizzo(database().c_str())}, "\x03", "Copia: ");
   EXPECT_EQ(esito.codice, 1) << esito.visto;
   EXPECT_THAT(esito.visto, HasSubstr("Interrotto: non è stata fatta nessuna copia."));
   for (const std::string& nome : posto_.file(".")) EXPECT_EQ(nome.find("copia"), std::string::npos) << nome;
