@@ -17,6 +17,8 @@
 #include "apps/avvio/avvio_unico.h"
 #include "apps/avvio/finestra_avvio.h"
 #include "apps/avvio/messaggio_avvio.h"
+#include "apps/avvio/password_finestra.h"
+#include "apps/avvio/scelta_avvio.h"
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/colonne_percipienti.h"
 #include "apps/comune/connessioni.h"
@@ -30,6 +32,7 @@
 #include "apps/strumenti/strumenti.h"
 #include "apps/versione/versione.h"
 #include "base/error.h"
+#include "desktop/about.h"
 #include "desktop/file_dialog.h"
 #include "desktop/look.h"
 #include "desktop/qt_front_end.h"
@@ -43,6 +46,10 @@
 
 namespace cu {
 namespace {
+
+std::string versione() {
+  return testoVersione("cuwizard", {{"Anteprime", "Poppler " + Poppler::Version::string().toStdString()}});
+}
 
 // The guide is in the folder named by the profile or next to the program, installed or in its source tree.
 QString cartellaGuida(const QString& delProfilo) {
@@ -86,7 +93,7 @@ std::optional<Profilo> profiloScelto() {
 Profilo profiloRicordato() {
   const CartelleAvvio cartelle = CartelleAvvio::delUtente();
   const SceltaAvvio scelta = SceltaAvvio::ricordata();
-  if (scelta.database.isEmpty()) preparaDimostrativo(cartelle);
+  if (scelta.database.isEmpty() && scelta.server.testo.isEmpty()) preparaDimostrativo(cartelle);
   return profiloDi(scelta, cartelle);
 }
 
@@ -111,11 +118,14 @@ void controllaFile(const FileCreato& file, Connection& connessione, const Profil
 // Of a start without a profile the year is kept for the start window.
 void ricordaAnnoDi(const Profilo& profilo, ModMain& programma) {
   if (profilo.file != kAvvioSenzaProfilo || programma.wizard() == nullptr) return;
-  ricordaAnno(SceltaAvvio::ricordata().database, profilo.sessione.azienda,
+  const SceltaAvvio scelta = SceltaAvvio::ricordata();
+  ricordaAnno(scelta.server.testo.isEmpty() ? scelta.database : scelta.server.testo, profilo.sessione.azienda,
               QString::fromStdString(programma.wizard()->KRNCboEsCont0.text()));
 }
 
 int avvia(const Profilo& profilo) {
+  desktop::setAbout(
+      [profilo] { return testoInformazioni(versione(), CartelleAvvio::delUtente(), &profilo); });
   desktop::QtFrontEnd schermo(cartellaGuida(QString::fromStdString(profilo.sessione.cartellaGuida)));
   strumenti::registraEventi(schermo);
   Impianto impianto(profilo, schermo, PdfReports::crea, [&](const FileCreato& file, Connection& connessione) {
@@ -151,6 +161,8 @@ int avvia(const Profilo& profilo) {
 }
 
 int esegui(const OpzioniFinestra& opzioni) {
+  chiediPasswordInFinestra();
+  desktop::setAbout([] { return testoInformazioni(versione(), CartelleAvvio::delUtente(), nullptr); });
   std::optional<Profilo> profilo;
   if (!opzioni.profilo.empty()) profilo = leggiProfiloConRegistro(opzioni.profilo);
   if (profilo) ricordaDatabase(profilo->database);
@@ -182,10 +194,6 @@ int esegui(const OpzioniFinestra& opzioni) {
   if (unico.altro() && !proseguiUgualmente(unico.avviso())) return finoAgliStrumenti();
   avvisaPermessi(profilo->database);
   return avvia(*profilo);
-}
-
-std::string versione() {
-  return testoVersione("cuwizard", {{"Anteprime", "Poppler " + Poppler::Version::string().toStdString()}});
 }
 
 // The help, the version, and a machine without a screen are handled before the toolkit starts, which would

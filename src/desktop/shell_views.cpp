@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QPainter>
 
+#include "desktop/about.h"
 #include "desktop/form_window.h"
 #include "desktop/look.h"
 #include "desktop/look_menu.h"
@@ -152,6 +153,7 @@ void MenuView::refresh() {
     }
   }
   fillLookMenu(*widgetBar_->addMenu(QStringLiteral("A&spetto")));
+  addAboutMenu(*widgetBar_);
 }
 
 // Tools are not notified when a step or a row enables or disables them.

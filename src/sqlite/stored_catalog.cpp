@@ -62,12 +62,14 @@ std::shared_ptr<const TableInfo> StoredCatalog::read(const std::string& name) co
   return table;
 }
 
+// A key that is the row's number has no index. The list of tables would say of a table whether it has
+// numbers, but only after the engine has resolved every view of the database.
 void StoredCatalog::readTable(TableInfo& table) const {
-  const StatementHandle columns =
-      prepare(database_,
-              "SELECT x.name, x.type, x.\"notnull\", x.pk, l.wr FROM pragma_table_xinfo(?1) AS x, "
-              "pragma_table_list(?1) AS l WHERE l.schema = 'main' ORDER BY x.cid",
-              "");
+  const StatementHandle columns = prepare(
+      database_,
+      "SELECT x.name, x.type, x.\"notnull\", x.pk, (SELECT count(*) FROM pragma_index_list(?1, 'main') AS i "
+      "WHERE i.origin = 'pk') FROM pragma_table_xinfo(?1, 'main') AS x ORDER BY x.cid",
+      "");
   bindText(columns.get(), table.name);
   bool integerKey = false;
   std::vector<std::string> key;

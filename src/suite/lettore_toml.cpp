@@ -37,10 +37,16 @@ std::string leggiTestoToml(const std::string& file) {
   if (!std::filesystem::exists(file, errore)) rifiuta("il file non esiste");
   std::ifstream flusso(file, std::ios::binary);
   if (!flusso) rifiuta("il file non si può leggere");
-  std::string testo(kMaxBytes + 1, '\0');
-  flusso.read(testo.data(), static_cast<std::streamsize>(testo.size()));
+  // A profile is short: the memory of the longest one is not touched for it.
+  constexpr std::size_t kBlocco = std::size_t{1} << 14U;
+  std::string testo;
+  while (flusso && testo.size() <= kMaxBytes) {
+    const std::size_t prima = testo.size();
+    testo.resize(prima + kBlocco);
+    flusso.read(testo.data() + prima, static_cast<std::streamsize>(kBlocco));
+    testo.resize(prima + static_cast<std::size_t>(flusso.gcount()));
+  }
   if (flusso.bad()) rifiuta("il file non si può leggere");
-  testo.resize(static_cast<std::size_t>(flusso.gcount()));
   if (testo.size() > kMaxBytes) rifiuta("il file supera 1 MiB");
   return testo;
 }

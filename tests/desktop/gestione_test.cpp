@@ -217,7 +217,9 @@ TEST(NuovoArchivio, IsWholeAndReplacesNothing) {
   const QTemporaryDir folder;
   const QString file = folder.filePath(QStringLiteral("mio.db"));
   creaArchivioVuoto(file);
-  EXPECT_TRUE(aziendeDi(file).empty());
+  Profilo::Database written;
+  written.origine = file.toStdString();
+  EXPECT_TRUE(aziendeDi(written).empty());
   EXPECT_FALSE(QFile::exists(file + QStringLiteral(".nuovo")));
   EXPECT_THROW(creaArchivioVuoto(file), Error);
   EXPECT_THROW(creaArchivioVuoto(folder.filePath(QStringLiteral("non/esiste/mio.db"))), std::exception);

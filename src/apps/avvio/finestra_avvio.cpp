@@ -3,46 +3,35 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialogButtonBox>
+#include <QDir>
 #include <QFileInfo>
-#include <QFormLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QRadioButton>
+#include <QScrollArea>
 #include <QSpinBox>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include "apps/assistente/importazione_guidata.h"
+#include "apps/avvio/dialogo_server.h"
 #include "apps/avvio/gestione_aperta.h"
 #include "apps/avvio/messaggio_avvio.h"
+#include "apps/avvio/password_finestra.h"
 #include "apps/comune/parole_database.h"
 #include "apps/esame/operazioni_registro.h"
 #include "apps/strumenti/copia_archivio.h"
-#include "apps/strumenti/finestra.h"
-#include "apps/strumenti/strumenti.h"
 #include "desktop/file_dialog.h"
-#include "desktop/look_menu.h"
-#include "desktop/section.h"
 #include "desktop/text.h"
 #include "desktop/whole_text.h"
 
 namespace cu {
-namespace {
-
-constexpr std::int32_t kContiIndividuali = 246;
-constexpr std::int32_t kCertificazioni = 247;
-constexpr int kUtenteMassimo = 999999;
-
-}  // namespace
 
 FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& cartelle)
     : cartelle_(cartelle),
       database_(scelta.database),
+      server_(scelta.server),
       casellaDatabase_(new QLineEdit(this)),
       dimostrativo_(new QPushButton(QStringLiteral("&Dimostrativo"), this)),
       recenti_(new QPushButton(QStringLiteral("Rece&nti"), this)),
@@ -54,10 +43,22 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
       documenti_(new QLineEdit(this)),
       avviso_(new QLabel(this)) {
   setWindowTitle(QStringLiteral("Avvio"));
-  auto* colonna = new QVBoxLayout(this);
+  // On a small screen the choices scroll, and the buttons stay in view.
+  auto* const tutto = new QVBoxLayout(this);
+  auto* const scorre = new QScrollArea(this);
+  scorre->setWidgetResizable(true);
+  scorre->setFrameShape(QFrame::NoFrame);
+  contenuto_ = new QWidget(scorre);
+  auto* const colonna = new QVBoxLayout(contenuto_);
+  colonna->setContentsMargins(0, 0, 0, 0);
+  if (SceltaAvvio::mai()) componiInizio(*colonna);
   componiModi(*colonna, scelta.funzione);
   componiModulo(*colonna, scelta);
-  componiPulsanti(*colonna);
+  colonna->addStretch(1);
+  scorre->setWidget(contenuto_);
+  scorre->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  tutto->addWidget(scorre, 1);
+  componiPulsanti(*tutto);
   desktop::tellWhole(*casellaDatabase_);
   desktop::tellWhole(*documenti_);
   desktop::tellWhole(*aziende_);
@@ -65,243 +66,117 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
     desktop::openGuide(guida_, this, cartelle_.guida,
                        quale.isEmpty() ? QStringLiteral("Avviare la procedura") : quale);
   });
-  setMinimumWidth(640);
   leggiAziende();
   const int ultima = aziende_->findData(scelta.azienda);
   if (ultima >= 0) aziende_->setCurrentIndex(ultima);
   // Without any company there is one thing to do.
   (elenco_.empty() && gestisci_->isEnabled() ? datiPropri_ : avvia_)->setFocus();
+  resize(misura());
 }
 
 FinestraAvvio::~FinestraAvvio() = default;
 
-void FinestraAvvio::componiModi(QVBoxLayout& colonna, std::int32_t scelta) {
-  auto* modi = new desktop::Section(QStringLiteral("Che cosa stampare"), this);
-  auto* righe = new QVBoxLayout(modi);
-  const auto modo = [&](const char* testo, std::int32_t funzione) {
-    auto* scelto = new QRadioButton(QString::fromUtf8(testo), modi);
-    funzioni_->addButton(scelto, funzione);
-    scelto->setChecked(funzione == scelta);
-    righe->addWidget(scelto);
-  };
-  modo("&Certificazioni dei compensi e Certificazione Unica", kCertificazioni);
-  modo("Conti &individuali", kContiIndividuali);
-  if (funzioni_->checkedId() < 0) funzioni_->button(kCertificazioni)->setChecked(true);
-  colonna.addWidget(modi);
-}
-
-void FinestraAvvio::componiModulo(QVBoxLayout& colonna, const SceltaAvvio& scelta) {
-  auto* modulo = new QFormLayout;
-  modulo->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
-  const auto conPulsanti = [this](QLineEdit* casella, std::initializer_list<QPushButton*> pulsanti) {
-    casella->setReadOnly(true);
-    auto* riga = new QHBoxLayout;
-    riga->addWidget(casella, 1);
-    for (QPushButton* pulsante : pulsanti) {
-      pulsante->setAutoDefault(false);
-      riga->addWidget(pulsante);
-    }
-    return riga;
-  };
-  auto* sfogliaDatabase = new QPushButton(QStringLiteral("&Sfoglia..."), this);
-  sfogliaDatabase->setAccessibleName(QStringLiteral("Sfoglia il database"));
-  auto* sfogliaDocumenti = new QPushButton(QStringLiteral("S&foglia..."), this);
-  sfogliaDocumenti->setAccessibleName(QStringLiteral("Sfoglia i documenti ministeriali"));
-  utente_->setRange(1, kUtenteMassimo);
-  utente_->setValue(scelta.utente);
-  const auto etichetta = [this](const char* testo, QWidget* di) {
-    auto* fatta = new QLabel(QString::fromUtf8(testo), this);
-    fatta->setBuddy(di);
-    return fatta;
-  };
-  modulo->addRow(etichetta("Da&tabase", sfogliaDatabase),
-                 conPulsanti(casellaDatabase_, {recenti_, dimostrativo_, sfogliaDatabase}));
-  componiRecenti();
-  modulo->addRow(QStringLiteral("A&zienda"), aziende_);
-  modulo->addRow(QStringLiteral("&Utente"), utente_);
-  connect(moduli_, &QCheckBox::clicked, this, [this](bool scelti) { scegliModuli(scelti); });
-  moduli_->setToolTip(
-      desktop::sentenceTip(QStringLiteral("I compensi dal 2019 al 2025 nei moduli pubblicati per il loro "
-                                          "anno. Quei moduli sono noti da altri programmi e "
-                                          "da elenchi, non da un testo ufficiale: ciò che non è attestato "
-                                          "non si scrive, e il controllo lo elenca. Senza "
-                                          "la spunta quegli anni si scrivono nel modello del 2018.")));
-  auto* const spiegati = new QLabel(QStringLiteral("Ciò che non è attestato non si scrive.\n"
-                                                   "Senza la spunta vale il modello del 2018."),
-                                    this);
-  spiegati->setForegroundRole(QPalette::PlaceholderText);
-  auto* const anni = new QVBoxLayout;
-  anni->setSpacing(0);
-  anni->addWidget(moduli_);
-  anni->addWidget(spiegati);
-  modulo->addRow(etichetta("Moduli", moduli_), anni);
-  modulo->addRow(etichetta("Documenti &ministeriali", sfogliaDocumenti),
-                 conPulsanti(documenti_, {sfogliaDocumenti}));
-  casellaDatabase_->setAccessibleName(QStringLiteral("Database"));
-  aziende_->setAccessibleName(QStringLiteral("Azienda"));
-  utente_->setAccessibleName(QStringLiteral("Utente"));
-  documenti_->setAccessibleName(QStringLiteral("Documenti ministeriali"));
-  documenti_->setPlaceholderText(QStringLiteral("cartella con istruzioni e note di compilazione"));
-  documenti_->setText(scelta.documentiMinisteriali);
-  colonna.addLayout(modulo);
-  avviso_->setTextFormat(Qt::PlainText);
-  avviso_->setWordWrap(true);
-  colonna.addWidget(avviso_);
-  connect(sfogliaDatabase, &QPushButton::clicked, this, [this] { scegliDatabase(); });
-  connect(sfogliaDocumenti, &QPushButton::clicked, this, [this] { scegliDocumenti(); });
-  connect(dimostrativo_, &QPushButton::clicked, this, [this] { usaDatabase({}); });
-}
-
+// Shown until something was started once.
 // The menu is filled as it opens: a database may be gone, or another one in use.
-void FinestraAvvio::componiRecenti() {
-  auto* const menu = new QMenu(recenti_);
-  recenti_->setMenu(menu);
-  recenti_->setEnabled(!databaseRecenti().isEmpty());
-  connect(menu, &QMenu::aboutToShow, this, [this, menu] {
-    menu->clear();
-    for (const QString& database : databaseRecenti()) {
-      const QFileInfo file(database);
-      QAction* const voce = menu->addAction(QStringLiteral("%1 (%2)")
-                                                .arg(file.fileName(), file.absolutePath())
-                                                .replace(u'&', QStringLiteral("&&")));
-      voce->setEnabled(database != database_);
-      connect(voce, &QAction::triggered, this, [this, database] { usaDatabase(database); });
-    }
-  });
-}
-
 void FinestraAvvio::usaDatabase(const QString& database) {
   database_ = database;
+  server_ = {};
   leggiAziende();
+}
+
+// The dialog has connected already.
+void FinestraAvvio::scegliServer(const ServerAvvio& prima) {
+  DialogoServer dialogo(prima, this);
+  if (dialogo.exec() != QDialog::Accepted) return;
+  server_ = dialogo.server();
+  database_.clear();
+  elenco_ = dialogo.aziende();
+  moduli_->setChecked(moduliPubblicatiDi(chiaveDatabase()));
+  mostraAziende(true);
 }
 
 QString FinestraAvvio::vociAzienda(const AziendaAvvio& azienda) const {
   QString voce = QString::fromStdString(azienda.nome);
   if (!azienda.codiceFiscale.empty())
     voce += QStringLiteral(" - ") + QString::fromStdString(azienda.codiceFiscale);
-  QString anno = annoRicordato(database_, azienda.azienda);
+  QString anno = annoRicordato(staAlServer() ? server_.testo : database_, azienda.azienda);
   if (anno.isEmpty()) anno = QString::fromStdString(azienda.ultimoAnno);
   return anno.isEmpty() ? voce : voce + QStringLiteral(" - anno ") + anno;
 }
 
-void FinestraAvvio::componiPulsanti(QVBoxLayout& colonna) {
-  auto* pulsanti = new QDialogButtonBox(this);
-  avvia_ = pulsanti->addButton(QStringLiteral("A&vvia"), QDialogButtonBox::AcceptRole);
-  pulsanti->addButton(QStringLiteral("Annulla"), QDialogButtonBox::RejectRole);
-  avvia_->setDefault(true);
-  strumenti_ = pulsanti->addButton(QStringLiteral("St&rumenti"), QDialogButtonBox::ResetRole);
-  strumenti_->setAutoDefault(false);
-  componiStrumenti();
-  datiPropri_ = pulsanti->addButton(QStringLiteral("Dati &propri"), QDialogButtonBox::ResetRole);
-  datiPropri_->setAutoDefault(false);
-  componiDatiPropri();
-  auto* const aspetto = pulsanti->addButton(QStringLiteral("Asp&etto"), QDialogButtonBox::ResetRole);
-  aspetto->setAutoDefault(false);
-  auto* const menu = new QMenu(aspetto);
-  desktop::fillLookMenu(*menu);
-  aspetto->setMenu(menu);
-  colonna.addWidget(pulsanti);
-  connect(pulsanti, &QDialogButtonBox::accepted, this, [this] { accept(); });
-  connect(pulsanti, &QDialogButtonBox::rejected, this, [this] { reject(); });
+QString FinestraAvvio::nomeDatabase() const {
+  if (staAlServer()) return server_.nome();
+  return database_.isEmpty() ? QStringLiteral("Dimostrativo") : database_;
 }
 
-// A database that cannot be opened is reported here, so that the user can choose another one.
-void FinestraAvvio::leggiAziende() {
-  casellaDatabase_->setText(database_.isEmpty() ? QStringLiteral("Dimostrativo") : database_);
-  dimostrativo_->setEnabled(!database_.isEmpty());
-  aziende_->clear();
-  elenco_.clear();
-  avviso_->clear();
-  avviso_->setToolTip({});
-  bool aperto = false;
-  moduli_->setChecked(moduliPubblicatiDi(fileDatabase()));
-  try {
-    if (database_.isEmpty()) preparaDimostrativo(cartelle_);
-    elenco_ = aziendeDi(fileDatabase());
-    aperto = true;
-    if (elenco_.empty()) {
-      avviso_->setText(QStringLiteral(
-          "Il database non contiene nessuna azienda: con «Dati propri» se ne aggiunge o se ne importa una."));
-    }
-  } catch (const std::exception& errore) {
-    const QFileInfo scelto(database_);
-    avviso_->setText(avvisoDatabase(
-        database_.isEmpty() ? QStringLiteral("Il database dimostrativo") : scelto.fileName(), errore));
-    avviso_->setToolTip(desktop::sentenceTip(QString::fromStdString(dettoInFinestra(errore))));
-  }
-  for (const AziendaAvvio& azienda : elenco_) {
-    aziende_->addItem(vociAzienda(azienda), azienda.azienda);
-  }
-  avvia_->setEnabled(!elenco_.empty());
-  gestisci_->setEnabled(aperto);
-  stato_->setEnabled(!elenco_.empty());
-  quadro_->setEnabled(!elenco_.empty());
-  copia_->setEnabled(aperto);
-  importa_->setEnabled(aperto);
+QString FinestraAvvio::nomeBreve() const {
+  if (staAlServer()) return QStringLiteral("Il database sul server");
+  return database_.isEmpty() ? QStringLiteral("Il database dimostrativo") : QFileInfo(database_).fileName();
 }
 
-QString FinestraAvvio::fileDatabase() const {
+QString FinestraAvvio::chiaveDatabase() const {
+  if (staAlServer()) return kRecenteServer + server_.testo;
   return database_.isEmpty() ? cartelle_.databaseDimostrativo() : database_;
 }
 
 // An archive that was created before is given the codes of these forms.
 void FinestraAvvio::scegliModuli(bool pubblicati) {
-  ricordaModuli(fileDatabase(), pubblicati);
-  avviso_->clear();
+  ricordaModuli(chiaveDatabase(), pubblicati);
+  avvisa({});
   if (!pubblicati) return;
   try {
     const auto aggiunti = aggiungiCodici(profiloDi(scelta(), cartelle_).database);
     if (aggiunti && *aggiunti > 0) {
-      avviso_->setText(
-          QStringLiteral("Causali e codici di quei moduli aggiunti all'archivio: %1.").arg(*aggiunti));
+      avvisa(QStringLiteral("Causali e codici di quei moduli aggiunti all'archivio: %1.").arg(*aggiunti));
     }
   } catch (const std::exception& errore) {
-    avviso_->setText(avvisoDatabase(QFileInfo(fileDatabase()).fileName(), errore));
+    avvisa(avvisoDatabase(nomeBreve(), errore));
   }
 }
 
-void FinestraAvvio::componiStrumenti() {
-  auto* const menu = new QMenu(strumenti_);
-  const QAction* const apri = menu->addAction(QStringLiteral("&Apri un file telematico…"));
-  const QAction* const confronta = menu->addAction(QStringLiteral("&Confronta due file…"));
-  stato_ = menu->addAction(QStringLiteral("&Stato degli invii…"));
-  quadro_ = menu->addAction(QStringLiteral("&Quadro delle aziende…"));
-  menu->addSeparator();
-  copia_ = menu->addAction(QStringLiteral("Copia di sicure&zza…"));
-  const QAction* const ripristino = menu->addAction(QStringLiteral("&Ripristina una copia…"));
-  strumenti_->setMenu(menu);
-  connect(apri, &QAction::triggered, this, [this] {
-    const QString scelto = strumenti::scegliFile(this, QStringLiteral("Apri un file telematico"));
-    if (!scelto.isEmpty()) strumenti::apriFile(scelto, profilo());
-  });
-  connect(confronta, &QAction::triggered, this, [this] {
-    const QString vecchio = strumenti::scegliFile(this, QStringLiteral("Il file vecchio"));
-    if (vecchio.isEmpty()) return;
-    const QString nuovo = strumenti::scegliFile(this, QStringLiteral("Il file nuovo"), vecchio);
-    if (!nuovo.isEmpty()) strumenti::apriConfronto(vecchio, nuovo);
-  });
-  connect(stato_, &QAction::triggered, this, [this] {
-    if (const auto scelto = profilo()) strumenti::apriStato(*scelto);
-  });
-  connect(quadro_, &QAction::triggered, this, [this] {
-    if (const auto scelto = profilo()) strumenti::apriTabellone(*scelto);
-  });
-  connect(copia_, &QAction::triggered, this, [this] { strumenti::faiCopia(this, databaseScelto()); });
-  connect(ripristino, &QAction::triggered, this, [this] { ripristina(); });
-  strumenti::accettaFile(this, [this](const QStringList& file) {
-    for (const QString& uno : file) strumenti::apriFile(uno, profilo());
-  });
+// A database that cannot be opened is reported here, so that the user can choose another one.
+void FinestraAvvio::leggiAziende() {
+  elenco_.clear();
+  moduli_->setChecked(moduliPubblicatiDi(chiaveDatabase()));
+  const Profilo::Database suo = scelta().suo(cartelle_.databaseDimostrativo());
+  // At the start nobody waits for a server, or is asked for its password.
+  if (staAlServer() && !passwordTenuta(suo.origine)) {
+    mostraAziende(false);
+    avvisa(QStringLiteral(
+        "Il database è su un server: con «Collega server...» si dà la password e si comincia."));
+    return;
+  }
+  try {
+    if (database_.isEmpty() && !staAlServer()) preparaDimostrativo(cartelle_);
+    elenco_ = aziendeDi(suo);
+    mostraAziende(true);
+  } catch (const std::exception& errore) {
+    mostraAziende(false);
+    avvisa(avvisoDatabase(nomeBreve(), errore));
+    avviso_->setToolTip(desktop::sentenceTip(QString::fromStdString(dettoInFinestra(errore))));
+  }
 }
 
-void FinestraAvvio::componiDatiPropri() {
-  auto* const menu = new QMenu(datiPropri_);
-  gestisci_ = menu->addAction(QStringLiteral("&Aziende, percipienti e compensi…"));
-  importa_ = menu->addAction(QStringLiteral("&Importa da tabelle e fatture…"));
-  const QAction* const nuovo = menu->addAction(QStringLiteral("&Nuovo archivio…"));
-  datiPropri_->setMenu(menu);
-  connect(gestisci_, &QAction::triggered, this, [this] { gestisci(); });
-  connect(importa_, &QAction::triggered, this, [this] { importa(); });
-  connect(nuovo, &QAction::triggered, this, [this] { nuovoArchivio(); });
+void FinestraAvvio::mostraAziende(bool aperto) {
+  casellaDatabase_->setText(nomeDatabase());
+  dimostrativo_->setEnabled(!database_.isEmpty() || staAlServer());
+  avviso_->clear();
+  avviso_->setToolTip({});
+  if (aperto && elenco_.empty()) {
+    avvisa(QStringLiteral(
+        "Il database non contiene nessuna azienda: con «Dati propri» se ne aggiunge o se ne importa una."));
+  }
+  aziende_->clear();
+  for (const AziendaAvvio& azienda : elenco_) {
+    aziende_->addItem(vociAzienda(azienda), azienda.azienda);
+  }
+  avvia_->setEnabled(!elenco_.empty());
+  salva_->setEnabled(!elenco_.empty());
+  gestisci_->setEnabled(aperto);
+  stato_->setEnabled(!elenco_.empty());
+  quadro_->setEnabled(!elenco_.empty());
+  copia_->setEnabled(aperto && !staAlServer());
+  importa_->setEnabled(aperto);
 }
 
 void FinestraAvvio::nuovoArchivio() {
@@ -316,20 +191,17 @@ void FinestraAvvio::nuovoArchivio() {
     QMessageBox::warning(this, QStringLiteral("Nuovo archivio"), desktop::lines(errore.what()));
     return;
   }
-  database_ = file;
-  leggiAziende();
+  usaDatabase(file);
   gestisci();
-}
-
-Profilo::Database FinestraAvvio::databaseScelto() const {
-  Profilo::Database database;
-  database.origine = (database_.isEmpty() ? cartelle_.databaseDimostrativo() : database_).toStdString();
-  return database;
 }
 
 // Also where the database cannot be used any more.
 void FinestraAvvio::ripristina() {
-  if (strumenti::ripristinaCopia(this, databaseScelto())) rileggiAziende();
+  if (staAlServer()) {
+    avvisa(QStringLiteral("Le copie di un database su un server si fanno e si ripristinano sul server."));
+  } else if (strumenti::ripristinaCopia(this, scelta().suo(cartelle_.databaseDimostrativo()))) {
+    rileggiAziende();
+  }
 }
 
 // One database is worked on in one place: the start window comes back when the forms are closed.
@@ -382,9 +254,30 @@ void FinestraAvvio::scegliDocumenti() {
   if (!scelta.isEmpty()) documenti_->setText(scelta);
 }
 
+void FinestraAvvio::salvaComeProfilo() {
+  QString file = desktop::fileToSave(this, QStringLiteral("Salva come profilo"),
+                                     cartelle_.documenti + QStringLiteral("/profilo.toml"),
+                                     QStringLiteral("Profili (*.toml)"));
+  if (file.isEmpty()) return;
+  if (QFileInfo(file).suffix().isEmpty()) file += QStringLiteral(".toml");
+  try {
+    salvaProfilo(scelta(), cartelle_, file);
+  } catch (const std::exception& errore) {
+    QMessageBox::warning(this, QStringLiteral("Salva come profilo"), desktop::lines(errore.what()));
+    return;
+  }
+  avvisa(
+      QStringLiteral("Il profilo è in %1: con «cuwizard --profile» si parte da queste scelte, e cuctl lavora "
+                     "senza finestra. Lo può leggere solo chi lo ha salvato; di un server non contiene la "
+                     "password.")
+          .arg(QDir::toNativeSeparators(file)));
+}
+
+// Larger letters take more room; the layouts learn of them first.
 SceltaAvvio FinestraAvvio::scelta() const {
   SceltaAvvio scelta;
   scelta.database = database_;
+  scelta.server = server_;
   const int quale = aziende_->currentIndex();
   if (quale >= 0) {
     scelta.azienda = elenco_[static_cast<std::size_t>(quale)].azienda;

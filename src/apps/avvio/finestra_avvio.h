@@ -29,17 +29,32 @@ class FinestraAvvio : public QDialog {
   ~FinestraAvvio() override;
   SceltaAvvio scelta() const;
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
+  void componiInizio(QVBoxLayout& colonna);
   void componiModi(QVBoxLayout& colonna, std::int32_t scelta);
   void componiModulo(QVBoxLayout& colonna, const SceltaAvvio& scelta);
   void componiPulsanti(QVBoxLayout& colonna);
   void scegliDatabase();
   void usaDatabase(const QString& database);
+  void scegliServer(const ServerAvvio& prima);
+  bool staAlServer() const { return !server_.testo.isEmpty(); }
   void componiRecenti();
   QString vociAzienda(const AziendaAvvio& azienda) const;
   void scegliDocumenti();
   void leggiAziende();
-  QString fileDatabase() const;
+  void mostraAziende(bool aperto);
+  // As a person knows it.
+  QString nomeDatabase() const;
+  QString nomeBreve() const;
+  void salvaComeProfilo();
+  void avvisa(const QString& testo);
+  // As large as its content requires, where the screen has room.
+  QSize misura() const;
+  // The database as settings are kept for it: a file, or "odbc:" with the text of a server.
+  QString chiaveDatabase() const;
   void scegliModuli(bool pubblicati);
   void componiStrumenti();
   void componiDatiPropri();
@@ -47,7 +62,6 @@ class FinestraAvvio : public QDialog {
   void gestisci();
   void finitaGestione();
   void ripristina();
-  Profilo::Database databaseScelto() const;
   void rileggiAziende();
   void importa();
   // Of the present choice; none where the database cannot be used.
@@ -55,6 +69,9 @@ class FinestraAvvio : public QDialog {
 
   CartelleAvvio cartelle_;
   QString database_;
+  ServerAvvio server_;
+  QWidget* contenuto_ = nullptr;
+  QWidget* piede_ = nullptr;
   QLineEdit* casellaDatabase_;
   QPushButton* dimostrativo_;
   QPushButton* recenti_;
@@ -67,6 +84,7 @@ class FinestraAvvio : public QDialog {
   QPushButton* avvia_;
   QPushButton* strumenti_;
   QPushButton* datiPropri_;
+  QPushButton* salva_ = nullptr;
   QAction* stato_ = nullptr;
   QAction* quadro_ = nullptr;
   QAction* copia_ = nullptr;

@@ -8,13 +8,17 @@
 #include <QStandardPaths>
 
 #include "apps/comune/connessioni.h"
+#include "apps/importazione/mappe_personali.h"
 #include "archive/archivio.h"
 #include "archive/codici_pubblicati.h"
 #include "base/error.h"
+#include "odbc/connection_text.h"
 #include "platform/owner_only.h"
 #include "suite/file_system.h"
 #include "suite/impostazioni.h"
+#include "suite/platform_file.h"
 #include "suite/testi.h"
+#include "suite/testo_profilo.h"
 
 namespace cu {
 namespace {
@@ -72,6 +76,11 @@ auto conImpostazioni(const CartelleAvvio& cartelle, const Uso& uso) {
   return uso(impostazioni);
 }
 
+// A folder that a desktop's user knows, for a text.
+QString luogo(const char* che, const QString& dove) {
+  return QString::fromUtf8(che) + QStringLiteral(": ") + QDir::toNativeSeparators(dove) + u'\n';
+}
+
 }  // namespace
 
 // The library keeps the mode of an existing file.
@@ -81,11 +90,39 @@ void riservaMemoria() {
   createOwnerOnlyFile(file.toStdString());
 }
 
+Profilo::Database ServerAvvio::database() const {
+  Profilo::Database database;
+  database.motore = Profilo::Motore::Odbc;
+  database.origine = testo.toStdString();
+  database.cifrata = cifrata;
+  return database;
+}
+
+QString ServerAvvio::nome() const {
+  const odbc::ConnectionText parti(testo.toStdString());
+  const auto parte = [&parti](std::initializer_list<std::string_view> chiavi) {
+    return QString::fromStdString(parti.value(chiavi));
+  };
+  const QString nome =
+      QStringLiteral("%1, database %2").arg(parte({"Server", "ServerName", "DSN"}), parte({"Database"}));
+  const QString utente = parte({"UID"});
+  return utente.isEmpty() ? nome : nome + QStringLiteral(", utente ") + utente;
+}
+
+Profilo::Database SceltaAvvio::suo(const QString& dimostrativo) const {
+  if (!server.testo.isEmpty()) return server.database();
+  return databaseDi(database.isEmpty() ? dimostrativo : database);
+}
+
+bool SceltaAvvio::mai() { return !QSettings().contains(QStringLiteral("avvio/funzione")); }
+
 SceltaAvvio SceltaAvvio::ricordata() {
   QSettings memoria;
   memoria.beginGroup(QStringLiteral("avvio"));
   SceltaAvvio scelta;
   scelta.database = memoria.value(QStringLiteral("database")).toString();
+  scelta.server.testo = memoria.value(QStringLiteral("server")).toString();
+  scelta.server.cifrata = memoria.value(QStringLiteral("cifrata"), true).toBool();
   scelta.azienda = memoria.value(QStringLiteral("azienda"), scelta.azienda).toInt();
   scelta.filiale = memoria.value(QStringLiteral("filiale"), scelta.filiale).toInt();
   scelta.utente = memoria.value(QStringLiteral("utente"), scelta.utente).toInt();
@@ -97,10 +134,13 @@ void SceltaAvvio::ricorda() const {
   QSettings memoria;
   memoria.beginGroup(QStringLiteral("avvio"));
   memoria.setValue(QStringLiteral("database"), database);
-  if (!database.isEmpty()) {
+  memoria.setValue(QStringLiteral("server"), server.testo);
+  memoria.setValue(QStringLiteral("cifrata"), server.cifrata);
+  const QString questo = server.testo.isEmpty() ? database : kRecenteServer + server.testo;
+  if (!questo.isEmpty()) {
     QStringList recenti = memoria.value(QStringLiteral("recenti")).toStringList();
-    recenti.removeAll(database);
-    recenti.prepend(database);
+    recenti.removeAll(questo);
+    recenti.prepend(questo);
     memoria.setValue(QStringLiteral("recenti"), recenti.mid(0, kRecenti));
   }
   memoria.setValue(QStringLiteral("azienda"), azienda);
@@ -111,7 +151,7 @@ void SceltaAvvio::ricorda() const {
 
 QStringList databaseRecenti() {
   QStringList recenti = QSettings().value(QStringLiteral("avvio/recenti")).toStringList();
-  recenti.removeIf([](const QString& database) { return !QFile::exists(database); });
+  recenti.removeIf([](const QString& uno) { return !uno.startsWith(kRecenteServer) && !QFile::exists(uno); });
   return recenti;
 }
 
@@ -126,7 +166,7 @@ void ricordaAnno(const QString& database, std::int32_t azienda, const QString& a
 // A database that cannot be read is reported where its companies are listed.
 bool moduliPubblicatiDi(const QString& database) {
   const QVariant scelti = QSettings().value(chiaveModuli(database));
-  if (scelti.isValid()) return scelti.toBool();
+  if (scelti.isValid() || database.startsWith(kRecenteServer)) return scelti.toBool();
   try {
     return perModuliPubblicati(*apriConnessione(databaseDi(database)));
   } catch (const std::exception&) {
@@ -173,8 +213,8 @@ QString nomeNuovoArchivio(const QString& cartella) {
   return file;
 }
 
-std::vector<AziendaAvvio> aziendeDi(const QString& database) {
-  return aziendeDelDatabase(*apriConnessione(databaseDi(database)));
+std::vector<AziendaAvvio> aziendeDi(const Profilo::Database& database) {
+  return aziendeDelDatabase(*apriConnessione(database));
 }
 
 Profilo profiloDi(const SceltaAvvio& scelta, const CartelleAvvio& cartelle) {
@@ -190,13 +230,43 @@ Profilo profiloDi(const SceltaAvvio& scelta, const CartelleAvvio& cartelle) {
   profilo.sessione.contestoGuida = 1;
   profilo.sessione.sezioneImpostazioni = "Sessione" + std::to_string(scelta.utente);
   profilo.sessione.processi = {{"Wizard stampa", scelta.funzione}};
-  profilo.database =
-      databaseDi(scelta.database.isEmpty() ? cartelle.databaseDimostrativo() : scelta.database);
+  profilo.database = scelta.suo(cartelle.databaseDimostrativo());
   profilo.valuta = {true, "€", ",", "."};
   profilo.documenti = cartelle.documenti.toStdString();
   profilo.impostazioni = cartelle.impostazioni.toStdString();
   profilo.moduliPubblicati = scelta.moduliPubblicati;
   return profilo;
+}
+
+void salvaProfilo(const SceltaAvvio& scelta, const CartelleAvvio& cartelle, const QString& file) {
+  Profilo profilo = profiloDi(scelta, cartelle);
+  // The installed guide, wherever that is.
+  profilo.sessione.cartellaGuida.clear();
+  replaceFile(file.toStdString(), testoProfilo(profilo), NewFile::OwnerOnly);
+  restrictToOwner(file.toStdString());
+}
+
+QString testoInformazioni(const std::string& versione, const CartelleAvvio& cartelle,
+                          const Profilo* profilo) {
+  QString testo = QString::fromStdString(versione) + QStringLiteral("\n\n");
+  if (profilo != nullptr) {
+    if (profilo->file != kAvvioSenzaProfilo) testo += luogo("Profilo", QString::fromStdString(profilo->file));
+    if (profilo->database.motore == Profilo::Motore::Odbc) {
+      testo += QStringLiteral("Database: ") +
+               ServerAvvio{QString::fromStdString(profilo->database.origine), true}.nome() + u'\n';
+    } else {
+      testo += luogo("Database", QString::fromStdString(profilo->database.origine));
+    }
+    testo += luogo("Documenti", QString::fromStdString(profilo->documenti));
+    testo += luogo("Impostazioni", QString::fromStdString(profilo->impostazioni));
+  } else {
+    testo += luogo("Database dimostrativo", cartelle.databaseDimostrativo());
+    testo += luogo("Documenti", cartelle.documenti);
+    testo += luogo("Impostazioni", cartelle.impostazioni);
+  }
+  testo += luogo("Profili di importazione", QString::fromStdString(cartellaMappe()));
+  testo += luogo("Aspetto e ultime scelte", QSettings().fileName());
+  return testo.trimmed();
 }
 
 QString cartellaMinisteriale(const CartelleAvvio& cartelle) {

@@ -11,9 +11,20 @@
 
 namespace cu {
 
+// A database on a server: an ODBC connection text without a password; empty for none.
+struct ServerAvvio {
+  QString testo;
+  bool cifrata = true;
+
+  Profilo::Database database() const;
+  // "contabilita.local, database Suite, utente cu".
+  QString nome() const;
+};
+
 // The user's choices before the wizard starts, where no profile contains them; stored for the next start.
 struct SceltaAvvio {
-  QString database;  // a file; empty for the demonstration database
+  QString database;         // a file; empty for the demonstration database
+  ServerAvvio server = {};  // in place of a file
   std::int32_t azienda = 1;
   std::int32_t filiale = 1;
   std::int32_t utente = 1;
@@ -23,20 +34,26 @@ struct SceltaAvvio {
 
   static SceltaAvvio ricordata();
   void ricorda() const;
+  // The user has not started anything yet.
+  static bool mai();
+  Profilo::Database suo(const QString& dimostrativo) const;
 };
 
 // Makes what the windows remember the user's alone: creates its file where there is none. To be called before
 // anything is remembered.
 void riservaMemoria();
 
-// The databases of the last starts that still exist, the last one first.
+// The databases of the last starts, the last one first: files that still exist, and "odbc:" with the text of
+// a server.
 QStringList databaseRecenti();
+inline constexpr QLatin1String kRecenteServer("odbc:");
 
 // The year with which a company was worked on last, as the user left it; empty for none.
 QString annoRicordato(const QString& database, std::int32_t azienda);
 void ricordaAnno(const QString& database, std::int32_t azienda, const QString& anno);
 
-// Whether a database is worked on in the published forms: as was chosen for it, otherwise as it was created.
+// Whether a database is worked on in the published forms: as was chosen for it, otherwise as it was created;
+// one on a server is not asked.
 bool moduliPubblicatiDi(const QString& database);
 void ricordaModuli(const QString& database, bool pubblicati);
 
@@ -63,12 +80,20 @@ QString nomeNuovoArchivio(const QString& cartella);
 
 using AziendaAvvio = AziendaTrovata;
 // The companies of a database, by name; database errors propagate.
-std::vector<AziendaAvvio> aziendeDi(const QString& database);
+std::vector<AziendaAvvio> aziendeDi(const Profilo::Database& database);
 
 // The name of such a profile in messages.
 inline constexpr const char* kAvvioSenzaProfilo = "avvio";
 // The profile that the launcher would pass for the choice.
 Profilo profiloDi(const SceltaAvvio& scelta, const CartelleAvvio& cartelle);
+
+// Writes that profile into a file that its owner alone can read, for later starts and for cuctl. It holds no
+// password. FileError where it cannot be written.
+void salvaProfilo(const SceltaAvvio& scelta, const CartelleAvvio& cartelle, const QString& file);
+
+// What the program says of itself: the version's text, then where the data are; of a start with a profile its
+// own.
+QString testoInformazioni(const std::string& versione, const CartelleAvvio& cartelle, const Profilo* profilo);
 
 // The setting that contains the folder of the ministerial documents for the editors.
 QString cartellaMinisteriale(const CartelleAvvio& cartelle);

@@ -10,6 +10,7 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <utility>
 
 #include "base/error.h"
 
@@ -20,9 +21,12 @@ namespace {
   throw DatabaseError(DatabaseErrorKind::Unavailable, 0, "", motivo);
 }
 
-#ifdef _WIN32
-bool alTerminale() { return ::_isatty(0) != 0 && ::_isatty(2) != 0; }
+FontePassword& fonteDelProgramma() {
+  static FontePassword fonte;
+  return fonte;
+}
 
+#ifdef _WIN32
 class SenzaEco {
  public:
   SenzaEco() : ingresso_(::GetStdHandle(STD_INPUT_HANDLE)) {
@@ -36,8 +40,6 @@ class SenzaEco {
   DWORD prima_ = 0;
 };
 #else
-bool alTerminale() { return ::isatty(STDIN_FILENO) == 1 && ::isatty(STDERR_FILENO) == 1; }
-
 class SenzaEco {
  public:
   SenzaEco() {
@@ -70,6 +72,14 @@ std::string chiedi() {
 
 }  // namespace
 
+#ifdef _WIN32
+bool alTerminale() { return ::_isatty(0) != 0 && ::_isatty(2) != 0; }
+#else
+bool alTerminale() { return ::isatty(STDIN_FILENO) == 1 && ::isatty(STDERR_FILENO) == 1; }
+#endif
+
+void usaFontePassword(FontePassword fonte) { fonteDelProgramma() = std::move(fonte); }
+
 std::string passwordDi(const Profilo::Database& database) {
   if (!database.variabilePassword.empty()) {
     const char* const valore = std::getenv(database.variabilePassword.c_str());
@@ -78,6 +88,9 @@ std::string passwordDi(const Profilo::Database& database) {
               "», che deve contenere la password del database, non è impostata.");
     }
     return valore;
+  }
+  if (fonteDelProgramma()) {
+    if (auto data = fonteDelProgramma()(database)) return *std::move(data);
   }
   if (!alTerminale()) {
     rifiuta(

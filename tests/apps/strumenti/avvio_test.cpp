@@ -4,17 +4,23 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
+#include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QUrl>
 
 #include "apps/avvio/finestra_avvio.h"
+#include "apps/comune/sessione_comando.h"
 #include "apps/strumenti/finestra_file.h"
 #include "apps/strumenti/strumenti.h"
 #include "azienda_support.h"
+#include "fornitura/corsa.h"
+#include "host/testi_programma.h"
 #include "lettura/lettura_prova.h"
 
 namespace cu::strumenti {
@@ -55,6 +61,59 @@ TEST(StartTools, TheStateNeedsADatabaseAndFilesDoNot) {
   EXPECT_FALSE(menuDi(rotta)->actions()[2]->isEnabled());
   EXPECT_FALSE(menuDi(rotta)->actions()[5]->isEnabled()) << "there is nothing to copy";
   EXPECT_TRUE(menuDi(rotta)->actions()[6]->isEnabled()) << "a copy brings it back";
+}
+
+// The same file as the start window's own run, by the program without windows.
+TEST(SavedProfile, RunsTheCommandWithTheResultOfTheWindow) {
+  const QTemporaryDir cartella;
+  const CartelleAvvio cartelle = cartelleIn(cartella);
+  preparaDimostrativo(cartelle);
+  const SceltaAvvio scelta;
+  Profilo profilo = profiloDi(scelta, cartelle);
+  profilo.stampa = Profilo::MotoreStampa::Registro;
+  const auto dove = [&](const char* nome) {
+    QDir(cartella.path()).mkdir(QString::fromLatin1(nome));
+    return cartella.filePath(QString::fromLatin1(nome)).toStdString();
+  };
+  std::string suo;
+  Terminale terminale;
+  Surroundings surroundings(profilo, terminale);
+  SessioneComando sessione(surroundings, terminale);
+  sessione.esegui([&] {
+    Compensi compensi(surroundings.utilita(), terminale);
+    fornitura::RichiestaCU richiesta;
+    richiesta.anno = "2017";
+    richiesta.cartella = dove("finestra");
+    richiesta.cartellaDocumenti = sessione.testi().text(1264);
+    richiesta.modulo = surroundings.stampe().reports(fnModoCU()).front();
+    richiesta.firma = Date::fromYmd(2018, 3, 5);
+    richiesta.prosegue = [](const Finding&) { return true; };
+    const auto esito = fornitura::creaCU(sessione.intorno(), compensi, richiesta);
+    if (esito->file) suo = esito->file->percorso;
+  });
+  ASSERT_FALSE(suo.empty());
+
+  const QString salvato = cartella.filePath(QStringLiteral("profilo.toml"));
+  salvaProfilo(scelta, cartelle, salvato);
+  const std::string dellAltro = dove("cuctl");
+  const QStringList argomenti = {QStringLiteral("make"),
+                                 QStringLiteral("--profile"),
+                                 salvato,
+                                 QStringLiteral("--year"),
+                                 QStringLiteral("2017"),
+                                 QStringLiteral("--folder"),
+                                 QString::fromStdString(dellAltro),
+                                 QStringLiteral("--signature-date"),
+                                 QStringLiteral("2018-03-05"),
+                                 QStringLiteral("--cumulative"),
+                                 QStringLiteral("--yes")};
+  QProcess cuctl;
+  cuctl.start(QStringLiteral(CU_CUCTL), argomenti);
+  ASSERT_TRUE(cuctl.waitForFinished(60000));
+  EXPECT_EQ(cuctl.exitCode(), 0) << cuctl.readAllStandardError().toStdString();
+  const std::string nome = QFileInfo(QString::fromStdString(suo)).fileName().toStdString();
+  EXPECT_GT(test::letto(suo).size(), 10000U);
+  EXPECT_EQ(test::letto(dellAltro + '/' + nome), test::letto(suo));
 }
 
 TEST(StartTools, ImportsNeedADatabase) {
