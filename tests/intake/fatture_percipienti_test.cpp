@@ -89,7 +89,7 @@ TEST(PercipientiFatture, AccountsListNewPayeesInTheirOrderAfterTheOthers) {
   ASSERT_EQ(Banco::stati(piano), "nuovo nuovo nuovo");
   std::string codici;
   for (const ContoPiano& conto : piano.conti) codici += conto.percipiente + " ";
-  EXPECT_EQ(codici, "P1 P2 P3 ");
+  EXPECT_EQ(codici, "P1 P3 P4 ");
   for (const RigaPiano& riga : piano.righe) {
     EXPECT_EQ(piano.conti[static_cast<std::size_t>(riga.conto)].idAnagrafica,
               piano.compensi[riga.voce].dopo.idAnagrafica);

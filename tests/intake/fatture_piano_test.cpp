@@ -101,7 +101,7 @@ TEST(PianoFatture, ANewPayeeIsProposedWithWhatTheInvoiceAndTheCodeGive) {
       " FROM Anagrafica A INNER JOIN Percipiente P ON P.IDAnagrafica = A.IDAnagrafica LEFT JOIN Comune C ON"
       " A.IDComune = C.IDComune WHERE A.Anagrafica = 'Verdi'";
   for (const auto& [colonna, valore] :
-       std::vector<std::pair<std::string, std::string>>{{"P.Codice", "P2"},
+       std::vector<std::pair<std::string, std::string>>{{"P.Codice", "P3"},
                                                         {"A.Nome", "Anna"},
                                                         {"A.PartitaIva", prova::ivaDi("0555444333")},
                                                         {"A.Sesso", "F"},

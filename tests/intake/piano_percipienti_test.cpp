@@ -62,7 +62,7 @@ TEST_F(PianoPercipientiTest, APersonIsCompletedFromTheFiscalCode) {
   EXPECT_EQ(comune(p.anagrafica.idComuneNascita), "Genova D969");
   EXPECT_EQ(nazione(p.anagrafica.idNazionalita), "Italia");
   EXPECT_EQ(comune(p.anagrafica.idComune), "Genova D969");
-  EXPECT_EQ(p.codice, "P2") << "made when absent, after that of the company";
+  EXPECT_EQ(p.codice, "P3") << "made when absent, after those of the company";
   EXPECT_THAT(piano_.righe[0].derivati,
               Contains(static_cast<std::uint8_t>(ColonnaPercipiente::ComuneNascita)));
   EXPECT_THAT(piano_.righe[0].derivati, Contains(static_cast<std::uint8_t>(ColonnaPercipiente::Codice)));

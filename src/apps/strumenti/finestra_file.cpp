@@ -91,8 +91,11 @@ void FinestraFile::disponi(bool bassa) {
 
 void FinestraFile::resizeEvent(QResizeEvent* event) {
   Finestra::resizeEvent(event);
+  // In a window that is lower still both columns could not be whole: there the right one scrolls.
   constexpr int kRigheBassa = 44;
-  disponi(height() < fontMetrics().height() * kRigheBassa);
+  constexpr int kRigheMinime = 30;
+  const int righe = height() / fontMetrics().height();
+  disponi(righe < kRigheBassa && righe >= kRigheMinime);
 }
 
 // What is remembered of the parts is that of a high window.

@@ -129,6 +129,15 @@ TEST(FileWindow, LeavesRoomForTheFormOnALowScreen) {
   EXPECT_GE(alti(*rilievi), alti(schermo.modulo()));
 }
 
+// As on a small screen with letters of double size.
+TEST(FileWindow, FitsAScreenThatIsLowerStill) {
+  const test::TempFolder cartella;
+  const Schermo schermo(treCertificati(cartella));
+  schermo->resize(1000, 300);
+  QTest::qWait(50);
+  EXPECT_LE(schermo->height(), 320) << "its buttons are on the screen";
+}
+
 // The words are in the table itself: it is not only empty.
 TEST(FileWindow, DrawsThatNothingWasFound) {
   const test::TempFolder cartella;
