@@ -61,7 +61,8 @@ void measure() {
   const auto programs = std::filesystem::read_symlink("/proc/self/exe").parent_path();
   const auto program = [&](const char* name) { return (programs / name).string(); };
 
-  const Pair libraries = work({program("cuctl"), "template", "payees", folder.file("modello.csv")}, {program("librerie_nude"), ""});
+  const Pair libraries = work({program("cuctl"), "template", "payees", folder.file("modello.csv")},
+                              {program("librerie_nude"), ""});
   print({"cuctl, processor time of a small command", libraries.ours, libraries.limit,
          "a program with the same libraries", "value:0.006"});
   const Pair cuctl =

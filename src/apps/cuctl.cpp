@@ -282,26 +282,13 @@ struct VoceComando {
   void (*aggiungi)(CLI::App& programma, Esecuzione& esegui);
 };
 constexpr auto kComandi = std::to_array<VoceComando>({
-    {"check", aggiungiCheck},
-    {"create", aggiungiCreate},
-    {"drive", aggiungiDrive},
-    {"make", aggiungiMake},
-    {"print", aggiungiPrint},
-    {"inspect", aggiungiInspect},
-    {"validate", aggiungiValidate},
-    {"diff", aggiungiDiff},
-    {"verify", aggiungiVerify},
-    {"sent", aggiungiSent},
-    {"receipt", aggiungiReceipt},
-    {"status", aggiungiStatus},
-    {"correct", aggiungiCorrect},
-    {"discard", aggiungiDiscard},
-    {"upgrade", aggiungiUpgrade},
-    {"backup", aggiungiBackup},
-    {"restore", aggiungiRestore},
-    {"import", aggiungiImport},
-    {"export", aggiungiExport},
-    {"template", aggiungiTemplate},
+    {"check", aggiungiCheck},       {"create", aggiungiCreate},     {"drive", aggiungiDrive},
+    {"make", aggiungiMake},         {"print", aggiungiPrint},       {"inspect", aggiungiInspect},
+    {"validate", aggiungiValidate}, {"diff", aggiungiDiff},         {"verify", aggiungiVerify},
+    {"sent", aggiungiSent},         {"receipt", aggiungiReceipt},   {"status", aggiungiStatus},
+    {"correct", aggiungiCorrect},   {"discard", aggiungiDiscard},   {"upgrade", aggiungiUpgrade},
+    {"backup", aggiungiBackup},     {"restore", aggiungiRestore},   {"import", aggiungiImport},
+    {"export", aggiungiExport},     {"template", aggiungiTemplate},
 });
 
 void descriviProgramma(CLI::App& programma) {
