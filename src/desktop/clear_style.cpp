@@ -221,7 +221,7 @@ void ClearStyle::drawMenuBevel(const QStyleOptionButton& button, QPainter* paint
   QStyleOptionButton bare = button;
   bare.features.setFlag(QStyleOptionButton::HasMenu, false);
   QProxyStyle::drawControl(CE_PushButtonBevel, &bare, painter, widget);
-  QStyleOption arrow = button;
+  QStyleOptionButton arrow = button;
   arrow.rect = QRect(button.rect.right() - kMenuEdge - kMenuArrow, button.rect.center().y() - kMenuArrow / 2,
                      kMenuArrow, kMenuArrow);
   if (button.direction == Qt::RightToLeft) arrow.rect.moveLeft(button.rect.left() + kMenuEdge);

@@ -17,8 +17,12 @@ ReadReport::ReadReport(const ReportDefinition& reportDefinition, const modello::
   if (definition.layout != LayoutKind::Form) return;
   for (std::size_t i = 0; i < rows.size(); ++i) {
     rows.move(i);
-    modules.push_back(hasModules(rows) ? std::unique_ptr<Rows>(new Rows(readModules(connection, rows)))
-                                       : nullptr);
+    if (!hasModules(rows)) {
+      modules.push_back(nullptr);
+      continue;
+    }
+    // NOLINTNEXTLINE(modernize-make-unique): rows are made in their place, never moved
+    modules.push_back(std::unique_ptr<Rows>(new Rows(readModules(connection, rows))));
   }
 }
 

@@ -47,10 +47,10 @@ void requirePlace(const std::string& named, bool replace) {
   for (const char* const ending : kSideEndings) {
     const std::string side = file + ending;
     if (!present(side)) continue;
-    refuseFile(DatabaseErrorKind::Locked,
-               "Accanto a «" + file + "» c'è «" + side +
-                   "»: un database con quel nome è aperto, o non è stato chiuso. Per la "
-                   "copia serve un altro nome.");
+    std::string told = "Accanto a «";
+    told.append(file).append("» c'è «").append(side).append(
+        "»: un database con quel nome è aperto, o non è stato chiuso. Per la copia serve un altro nome.");
+    refuseFile(DatabaseErrorKind::Locked, told);
   }
 }
 

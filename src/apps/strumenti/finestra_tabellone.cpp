@@ -170,7 +170,7 @@ void FinestraTabellone::scriviScelte() {
 void FinestraTabellone::componiTabella() {
   const auto di = [this](std::size_t q) -> const VoceTabellone& { return (*voci_)[q]; };
   const auto numero = [di](const char* chiave, const char* titolo,
-                           std::function<std::size_t(const VoceTabellone&)> quale) {
+                           const std::function<std::size_t(const VoceTabellone&)>& quale) {
     return Colonna{chiave,
                    titolo,
                    [di, quale](std::size_t q) {
