@@ -64,6 +64,7 @@ std::vector<AnnoAzienda> anniTabellone(Registro& registro, std::int32_t idAziend
   leggi("ContoIndividuale");
   if (registro.presente()) leggi("CuInvio");
   std::vector<AnnoAzienda> anni;
+  anni.reserve(trovati.size());
   for (const auto& [anno, azienda] : trovati) anni.push_back({azienda, -anno});
   return anni;
 }
