@@ -40,6 +40,7 @@ constexpr std::int32_t kInFile = 3;
 
 class NonIniziata final : public BegunPrint {
  public:
+  // NOLINTNEXTLINE(bugprone-throw-keyword-missing): it is kept, and raised by finish()
   explicit NonIniziata(std::exception_ptr perche) : perche_(std::move(perche)) {}
   void finish() override { std::rethrow_exception(perche_); }
 

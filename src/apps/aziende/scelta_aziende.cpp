@@ -60,9 +60,10 @@ void controllaRichiesta(const std::vector<DatabaseScelto>& database, const std::
     trovata = trovata || !numeri.empty();
     if (numeri.size() < 2) continue;
     std::string elenco;
-    for (const std::string& numero : numeri) elenco += (elenco.empty() ? "" : ", ") + numero;
-    throw SceltaErrata("Più aziende hanno il codice fiscale " + richiesta + ": " + elenco +
-                       ". Indicare --company con il numero.");
+    for (const std::string& numero : numeri) elenco.append(elenco.empty() ? "" : ", ").append(numero);
+    std::string detto = "Più aziende hanno il codice fiscale ";
+    detto.append(richiesta).append(": ").append(elenco).append(". Indicare --company con il numero.");
+    throw SceltaErrata(detto);
   }
   if (!trovata) {
     throw SceltaErrata("Nessuna azienda " + richiesta +

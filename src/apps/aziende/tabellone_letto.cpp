@@ -43,6 +43,7 @@ std::vector<Lavoro> lavori(const std::vector<DatabaseScelto>& database,
 std::vector<VoceTabellone> leggiTabellone(const std::vector<DatabaseScelto>& database,
                                           const RichiestaTabellone& richiesta) {
   std::vector<std::unique_ptr<Connection>> connessioni;
+  connessioni.reserve(database.size());
   for (const DatabaseScelto& uno : database) connessioni.push_back(apriConnessione(uno.database));
   const std::vector<Lavoro> tutti = lavori(database, connessioni, richiesta);
   std::size_t righe = 0;
