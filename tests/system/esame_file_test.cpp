@@ -158,5 +158,22 @@ TEST_F(EsameFile, InspectWritesItsTable) {
   EXPECT_EQ(posto_.cuctl({"inspect", file_, "--csv", in("nessuna/t.csv")}).codice, 1);
 }
 
+TEST_F(EsameFile, InspectNeverWritesATableOverItsFile) {
+  const std::string prima = contenuto();
+  std::filesystem::create_symlink(file_, in("altro.csv"));
+  for (const char* opzione : {"--csv", "--xlsx"}) {
+    for (const std::string& tabella : {file_, in("altro.csv"), in("./") + file_.substr(in("").size())}) {
+      const Esecuzione esecuzione = posto_.cuctl({"inspect", file_, opzione, tabella});
+      EXPECT_EQ(esecuzione.codice, 2) << tabella;
+      EXPECT_THAT(esecuzione.errori, HasSubstr("è il file da leggere"));
+      EXPECT_EQ(esecuzione.uscita, "");
+    }
+  }
+  EXPECT_EQ(contenuto(), prima);
+  const Esecuzione due = posto_.cuctl({"inspect", file_, "--csv", in("t"), "--xlsx", in("t")});
+  EXPECT_EQ(due.codice, 2);
+  EXPECT_FALSE(std::filesystem::exists(in("t")));
+}
+
 }  // namespace
 }  // namespace cu::test

@@ -1,5 +1,8 @@
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
+#include <string>
+#include <system_error>
 
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/elenco_luoghi.h"
@@ -180,9 +183,30 @@ std::int64_t inTesto(FileLetto& file, const OpzioniInspect& opzioni) {
   return uscita.contati();
 }
 
+bool stesso(const std::string& uno, const std::string& altro) {
+  std::error_code ignorato;
+  return std::filesystem::path(uno).lexically_normal() == std::filesystem::path(altro).lexically_normal() ||
+         std::filesystem::equivalent(uno, altro, ignorato);
+}
+
+// A table never takes the place of the file that is read, nor one table that of the other.
+bool scrivibili(const OpzioniInspect& opzioni) {
+  for (const std::string* const tabella : {&opzioni.csv, &opzioni.xlsx}) {
+    if (tabella->empty() || !stesso(*tabella, opzioni.file)) continue;
+    std::cerr << *tabella << ": è il file da leggere, la tabella non può prenderne il posto.\n";
+    return false;
+  }
+  if (!opzioni.csv.empty() && !opzioni.xlsx.empty() && stesso(opzioni.csv, opzioni.xlsx)) {
+    std::cerr << opzioni.csv << ": è indicato per tutte e due le tabelle.\n";
+    return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 int comandoInspect(const OpzioniInspect& opzioni) {
+  if (!scrivibili(opzioni)) return kUsoSbagliato;
   try {
     FileLetto file(opzioni.file);
     const std::int64_t contati = opzioni.json ? inJson(file, opzioni) : inTesto(file, opzioni);
