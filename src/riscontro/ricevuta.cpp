@@ -22,7 +22,9 @@ class Pianificazione {
     piano_.invii = registro.invii(idAzienda);
     piano_.registrate = registro.certificate(idAzienda, std::nullopt, false);
     for (std::size_t i = 0; i < piano_.registrate.size(); ++i) {
-      perPercipiente_[piano_.registrate[i].certificato.percipiente].push_back(i);
+      const Registrata& r = piano_.registrate[i];
+      perPercipiente_[r.certificato.percipiente].push_back(i);
+      if (!r.protocollo.empty()) assegnati_.emplace(riferimento(r.protocollo, r.progressivo), i);
     }
   }
 
@@ -145,7 +147,24 @@ class Pianificazione {
     return false;
   }
 
+  static std::string riferimento(const std::string& protocollo, const std::string& progressivo) {
+    return protocollo + progressivo;
+  }
+
+  // Protocol and progressive belong to one certificate: a correction would cite that of another.
+  bool assegnato(RigaPiano& riga) const {
+    if (riga.letta.esito != "accettata") return false;
+    const auto altra = assegnati_.find(riferimento(riga.letta.protocollo, riga.letta.progressivo));
+    if (altra == assegnati_.end()) return false;
+    const lettura::Certificato& sua = piano_.registrate[altra->second].certificato;
+    male(riga, EsitoRiga::Errore, "Progressivo", "P10",
+         "protocollo e progressivo sono già quelli di " + sua.percipiente +
+             (sua.causale().empty() ? "" : ", causale " + sua.causale()));
+    return true;
+  }
+
   void registra(RigaPiano& riga, std::size_t quale) {
+    if (assegnato(riga)) return;
     Registrata& r = piano_.registrate[quale];
     if (r.stato == Stato::Scritta) segna(r.idInvio);
     const bool accettata = riga.letta.esito == "accettata";
@@ -154,6 +173,7 @@ class Pianificazione {
     r.protocollo = accettata ? riga.letta.protocollo : std::string();
     r.progressivo = accettata ? riga.letta.progressivo : std::string();
     r.motivo = accettata ? std::string() : riga.letta.motivo;
+    if (accettata) assegnati_.emplace(riferimento(r.protocollo, r.progressivo), quale);
     piano_.cambiate.push_back(quale);
     riga.esito = EsitoRiga::Nuovo;
     riga.registrata = quale;
@@ -189,6 +209,7 @@ class Pianificazione {
 
   PianoRicevuta piano_;
   std::unordered_map<std::string, std::vector<std::size_t>> perPercipiente_;
+  std::unordered_map<std::string, std::size_t> assegnati_;  // protocol and progressive on record
 };
 
 }  // namespace

@@ -137,6 +137,20 @@ TEST_F(Ricevuta, ARowThatRepeatsAnotherOfItsTableSaysSo) {
   EXPECT_EQ(pianifica(con_.registro, 1, {accettata("P1")}).righe[0].testo, "la risposta è già registrata");
 }
 
+TEST_F(Ricevuta, ProtocolAndProgressiveBelongToOneCertificate) {
+  con_.scrivi({certificato("P1", "A"), certificato("P2", "A"), certificato("P3", "A")});
+  const PianoRicevuta piano = pianifica(con_.registro, 1, {accettata("P1"), accettata("P2", "A", "1")});
+  EXPECT_FALSE(piano.applicabile());
+  EXPECT_EQ(piano.righe[0].codice, "");
+  EXPECT_EQ(piano.righe[1].codice, "P10");
+  EXPECT_EQ(piano.righe[1].colonna, "Progressivo");
+  EXPECT_EQ(piano.righe[1].testo, "protocollo e progressivo sono già quelli di P1, causale A");
+  applicata({accettata("P1"), accettata("P2", "A", "000002")});
+  EXPECT_EQ(codiceDi(accettata("P3", "A", "000002")), "P10") << "one on record";
+  EXPECT_EQ(codiceDi(accettata("P3", "A", "000002", "18040112345678902")), "");
+  EXPECT_EQ(codiceDi(scartata("P3")), "");
+}
+
 TEST_F(Ricevuta, NamesWhatIsWrong) {
   con_.scrivi({certificato("P1", "A")});
   EXPECT_EQ(codiceDi(accettata("", "A")), "P12");
