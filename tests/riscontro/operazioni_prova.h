@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -55,11 +56,13 @@ class Dimostrativa : public ::testing::Test {
             .files = files_,
             .clock = orologio_,
             .avanzamento = schermo_,
-            .visore = schermo_};
+            .visore = schermo_,
+            .modello = modello_};
   }
   std::vector<Conto> conti(std::int32_t anno) {
     std::vector<Conto> conti;
-    leggiConti(*connessione_, {1, anno}, utilita_, [&](Conto conto) { conti.push_back(std::move(conto)); });
+    leggiConti(*connessione_, {1, anno, modello_}, utilita_,
+               [&](Conto conto) { conti.push_back(std::move(conto)); });
     return conti;
   }
   // The file of all accounts of a year.
@@ -87,6 +90,18 @@ class Dimostrativa : public ::testing::Test {
                           condizione + ")");
   }
 
+  // The last year of the demonstration company as another one, in its published form.
+  void pubblica(std::int32_t anno) {
+    modello_ = modello::kModelloPubblicato;
+    for (const char* tabella :
+         {"ContoIndividuale", "ContoIndividualeDatiAggiuntivi", "ModuloXContoIndividuale", "PeriodoIva"}) {
+      connessione_->Execute("DELETE FROM " + std::string(tabella) + " WHERE Anno = " + std::to_string(anno));
+      connessione_->Execute("UPDATE " + std::string(tabella) + " SET Anno = " + std::to_string(anno) +
+                            " WHERE Anno = 2017");
+    }
+  }
+
+  std::reference_wrapper<const modello::Modello> modello_ = modello::kModello;
   std::unique_ptr<Connection> connessione_;
   UnaConnessione database_;
   Registro registro_;
