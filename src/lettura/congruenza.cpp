@@ -105,6 +105,7 @@ void Congruenza::percipiente(const CelleRiga& celle, Segnalatore& segnala) {
   esige(celle, Quadro::Azienda, 1, "DA001001", "il codice fiscale del sostituto", segnala);
   esige(celle, Quadro::Percipiente, 1, "DA002001", "il codice fiscale del percipiente", segnala);
   esige(celle, Quadro::Percipiente, 2, "DA002002", "il cognome o la denominazione del percipiente", segnala);
+  evento(celle, segnala);
   const Cella* const codice = celle.trova(Quadro::Percipiente, 1);
   if (codice == nullptr || !codice->buona) return;
   if (formaCodice(codice->testo) == FormaCodice::Persona) {
@@ -120,6 +121,17 @@ void Congruenza::percipiente(const CelleRiga& celle, Segnalatore& segnala) {
              " dice nome, sesso o nascita di un percipiente che non è una persona.";
     });
   }
+}
+
+// Of the list only changes are known.
+void Congruenza::evento(const CelleRiga& celle, Segnalatore& segnala) const {
+  if (!daScegliere_ || !anno_) return;
+  const Cella* const cella = celle.trova(Quadro::Percipiente, 9);
+  if (cella == nullptr || !cella->buona || eventiEccezionaliPerAnno().ammesso(cella->testo, *anno_)) return;
+  della(segnala, Regola::C10, *cella, [&] {
+    return "L'evento eccezionale " + citato(cella->testo) +
+           " (casella 9) non è più nel modello dei compensi del " + std::to_string(*anno_) + ".";
+  });
 }
 
 void Congruenza::nascita(const CelleRiga& celle, const Cella& codice, Segnalatore& segnala) const {

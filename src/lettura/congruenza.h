@@ -38,6 +38,7 @@ class Congruenza {
     std::string codice;
     bool certe = true;  // every amount could be read
   };
+  void evento(const CelleRiga& celle, Segnalatore& segnala) const;
   void nascita(const CelleRiga& celle, const Cella& codice, Segnalatore& segnala) const;
   void primoModulo(const CelleRiga& celle, Segnalatore& segnala);
   void causale(const CelleRiga& celle, Segnalatore& segnala);

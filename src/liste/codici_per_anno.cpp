@@ -112,4 +112,9 @@ const CodiciPerAnno& categorieEntiPerAnno() {
   return kCodici;
 }
 
+const CodiciPerAnno& eventiEccezionaliPerAnno() {
+  static const CodiciPerAnno kCodici("eventi_eccezionali");
+  return kCodici;
+}
+
 }  // namespace cu

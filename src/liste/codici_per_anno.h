@@ -61,5 +61,6 @@ class CodiciPerAnno {
 const CodiciPerAnno& causaliPerAnno();
 const CodiciPerAnno& codiciNonSoggettiPerAnno();
 const CodiciPerAnno& categorieEntiPerAnno();
+const CodiciPerAnno& eventiEccezionaliPerAnno();
 
 }  // namespace cu

@@ -91,6 +91,20 @@ TEST(PublishedForms, HaveCategoriesOfTheirOwnYear) {
   EXPECT_EQ(elenco(prima.esamina()), di("C10", 4, prima, "AU001033"));
 }
 
+TEST(PublishedForms, HaveNoEventThatIsGone) {
+  const auto con = [](const char* fornitura, const char* evento) {
+    FileDiProva file = pubblicato(fornitura);
+    std::string& d = file.righe[2];
+    d.insert(file.posto(3, "DA003001") - 1, "DA002009" + std::string(15, ' ') + evento);
+    d.erase(1889, 24);
+    return file;
+  };
+  EXPECT_EQ(elenco(con("CUR24", "2").esamina()), Elenco{});
+  FileDiProva tolto = con("CUR25", "2");
+  EXPECT_EQ(elenco(tolto.esamina()), di("C10", 3, tolto, "DA002009"));
+  EXPECT_EQ(elenco(con("CUR25", "1").esamina()), Elenco{});
+}
+
 TEST(PublishedForms, HaveTheBoxesOfTheirYear) {
   const Caselle nel2023(2023, modello::kModelloPubblicato);
   const Caselle nel2024(2024, modello::kModelloPubblicato);

@@ -72,6 +72,17 @@ TEST(CodesByYear, OfCategoriesAreKnownInPart) {
   EXPECT_EQ(categorie.di("R", 2024), Validita::Ignota);
 }
 
+TEST(CodesByYear, OfEventsAreKnownWhereTheyChange) {
+  const CodiciPerAnno& eventi = eventiEccezionaliPerAnno();
+  for (const char* tolto : {"2", "3", "99"}) {
+    EXPECT_TRUE(eventi.ammesso(tolto, 2023)) << tolto;
+    EXPECT_EQ(eventi.di(tolto, 2024), Validita::Tolta) << tolto;
+    EXPECT_FALSE(eventi.ammesso(tolto, 2025)) << tolto;
+  }
+  EXPECT_EQ(eventi.di("15", 2024), Validita::Nota);
+  for (const char* altro : {"1", "4", "6", "8"}) EXPECT_TRUE(eventi.ammesso(altro, 2025)) << altro;
+}
+
 TEST(CodesByYear, ThatAnArchiveIsGivenHaveIdsOfTheirOwn) {
   for (const CodiciPerAnno* const elenco :
        {&causaliPerAnno(), &codiciNonSoggettiPerAnno(), &categorieEntiPerAnno()}) {
