@@ -20,6 +20,32 @@ Finding avviso(const char* codice, const char* righe, const char* controllo) {
   return {codice, std::string(righe) + "\r\nSi vuole continuare ugualmente?", controllo};
 }
 
+std::string elenco(const std::vector<std::int32_t>& numeri) {
+  std::string testo;
+  for (std::size_t i = 0; i < numeri.size(); ++i) {
+    testo += i == 0 ? "" : i + 1 == numeri.size() ? " e " : ", ";
+    testo += fromInteger(numeri[i]);
+  }
+  return testo;
+}
+
+Finding avvisoCaselleVuote(const Attestazione& attestazione) {
+  constexpr std::size_t kNomi = 10;
+  const std::vector<std::string>& percipienti = attestazione.conCaselleVuote;
+  std::string righe = "Attenzione! Per i percipienti non residenti il contenuto delle caselle " +
+                      elenco(attestazione.caselleVuote) +
+                      "\r\nnon è attestato nel modello dell'anno: restano vuote. I percipienti sono:";
+  for (std::size_t i = 0; i < std::min(kNomi, percipienti.size()); ++i) {
+    righe += (i == 0 ? "\r\n" : ";\r\n") + percipienti[i];
+  }
+  if (percipienti.size() > kNomi) {
+    const std::size_t altri = percipienti.size() - kNomi;
+    righe += altri == 1 ? ";\r\ne un altro" : ";\r\ne altri " + fromInteger(static_cast<std::int64_t>(altri));
+  }
+  righe += ".";
+  return avviso("caselle-non-attestate", righe.c_str(), "");
+}
+
 }  // namespace
 
 Result<Controllo> controlla(const Intorno& intorno, const DatiControllo& dati, const std::string& tabella) {
@@ -27,11 +53,10 @@ Result<Controllo> controlla(const Intorno& intorno, const DatiControllo& dati, c
   Controlli controlli(connessione, intorno.utilita);
   controlli.esegui(dati, intorno.ambito.idAzienda, tabella);
   Result<Controllo> esito(Controllo{controlli.sCodFisc(), controlli.mancanti()});
-  for (DatoMancante& dato :
-       nonAttestati(connessione, intorno.utilita,
-                    {.tabella = tabella, .tipo = dati.tipo, .modello = intorno.modello})) {
-    esito->mancanti.push_back(std::move(dato));
-  }
+  Attestazione attestazione = attesta(connessione, intorno.utilita,
+                                      {.tabella = tabella, .tipo = dati.tipo, .modello = intorno.modello});
+  for (DatoMancante& dato : attestazione.rifiutati) esito->mancanti.push_back(std::move(dato));
+  if (!attestazione.conCaselleVuote.empty()) esito.warnings.push_back(avvisoCaselleVuote(attestazione));
   for (const DatoMancante& dato : esito->mancanti) {
     esito.refusals.push_back({dato.codice, dato.messaggio, posto(dato)});
   }

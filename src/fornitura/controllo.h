@@ -17,7 +17,8 @@ struct Controllo {
   std::vector<DatoMancante> mancanti;
 };
 // Returns every missing datum as a refusal (code "dato-mancante") and as a row of the log, and what the form
-// of the year does not have (code "non-attestato"). The value is present in both cases.
+// of the year does not have (code "non-attestato"). The value is present in both cases. A warning (code
+// "caselle-non-attestate") has the payees of whom boxes remain blank because their content is not attested.
 Result<Controllo> controlla(const Intorno& intorno, const DatiControllo& dati, const std::string& tabella);
 
 // Whether everything is there, and only cannot be written in the form of the year.

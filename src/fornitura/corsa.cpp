@@ -125,7 +125,7 @@ class CorsaCU {
                                       .tipo = richiesta_.tipo},
                                      compensi_.tabella());
     esito_->mancanti = controllo->mancanti;
-    if (!riuscito(controllo) || !dateConfermate()) return;
+    if (!riuscito(controllo) || !confermati(controllo.warnings) || !dateConfermate()) return;
     const auto file = scrivi(intorno_, compensi_, richiestaFile(controllo->sCodFisc));
     if (!riuscito(file)) return;
     esito_->file = *file;
@@ -136,7 +136,11 @@ class CorsaCU {
   bool dateConfermate() {
     const auto date =
         controllaDate({firma_, richiesta_.intermediario ? impegno_ : std::nullopt}, intorno_.clock.today());
-    for (const Finding& avviso : date.warnings) {
+    return confermati(date.warnings);
+  }
+
+  bool confermati(const std::vector<Finding>& avvisi) {
+    for (const Finding& avviso : avvisi) {
       esito_.warnings.push_back(avviso);
       if (richiesta_.prosegue && richiesta_.prosegue(avviso)) continue;
       esito_.refusals.push_back({avviso.code, "", avviso.place});

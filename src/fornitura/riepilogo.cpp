@@ -54,10 +54,10 @@ DatiPrevisti prevedi(const Intorno& intorno, const std::string& tabella, Comunic
   Controlli controlli(connessione, intorno.utilita);
   controlli.esegui(intorno.ambito.idAzienda, tabella);
   previsti.mancanti = controlli.mancanti();
-  for (DatoMancante& dato : nonAttestati(connessione, intorno.utilita,
-                                         {.tabella = tabella, .tipo = tipo, .modello = intorno.modello})) {
-    previsti.mancanti.push_back(std::move(dato));
-  }
+  Attestazione attestazione =
+      attesta(connessione, intorno.utilita, {.tabella = tabella, .tipo = tipo, .modello = intorno.modello});
+  for (DatoMancante& dato : attestazione.rifiutati) previsti.mancanti.push_back(std::move(dato));
+  previsti.conCaselleVuote = attestazione.conCaselleVuote.size();
   return previsti;
 }
 

@@ -29,6 +29,7 @@ struct DatiPrevisti {
   std::string azienda;  // surname or name, and first name
   std::string sCodFisc;
   std::vector<DatoMancante> mancanti;
+  std::size_t conCaselleVuote = 0;  // payees with boxes that remain blank, of which the run warns
 };
 // Reads the company alone where `tabella` is empty. Database errors propagate.
 DatiPrevisti prevedi(const Intorno& intorno, const std::string& tabella,

@@ -83,6 +83,11 @@ class Correzione {
     return false;
   }
 
+  bool confermati(const std::vector<Finding>& avvisi) {
+    return std::all_of(avvisi.begin(), avvisi.end(),
+                       [this](const Finding& avviso) { return confermato(avviso); });
+  }
+
   Filtri filtri() const {
     Filtri filtri;
     filtri.anno = fromInteger(richiesta_.anno);
@@ -164,12 +169,11 @@ class Correzione {
          .tipo = tipo},
         compensi_.tabella());
     esito_->mancanti = controllo->mancanti;
-    if (!riuscito(controllo)) return false;
+    if (!riuscito(controllo) || !confermati(controllo.warnings)) return false;
     if (std::exchange(dateViste_, true)) return true;
     const auto date = fornitura::controllaDate(
         {richiesta_.firma, intermediario_ ? intermediario_->data : std::nullopt}, intorno_.clock.today());
-    return std::all_of(date.warnings.begin(), date.warnings.end(),
-                       [this](const Finding& avviso) { return confermato(avviso); });
+    return confermati(date.warnings);
   }
 
   bool daiConti(Comunicazione tipo, const Scelte& scelte) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 #include "base/text.h"
 #include "data/recordset.h"
@@ -37,6 +38,24 @@ bool manca(const modello::Modello& modello, const Campo& campo, std::int32_t ann
   });
 }
 
+// The boxes of non-residents without a row of their own, between the first and the last that have one: their
+// content is not attested.
+std::vector<std::int32_t> caselleIgnote(const modello::Modello& modello, std::int32_t anno) {
+  std::vector<std::int32_t> note;
+  for (const Campo& campo : modello.campi) {
+    const bool estera = campo.condizione == modello::Condizione::NonResidente ||
+                        campo.condizione == modello::Condizione::Schumacker;
+    if (estera && vale(campo, anno, true)) note.push_back(campo.numero);
+  }
+  std::vector<std::int32_t> ignote;
+  if (note.empty()) return ignote;
+  const auto [prima, ultima] = std::minmax_element(note.begin(), note.end());
+  for (std::int32_t numero = *prima; numero < *ultima; ++numero) {
+    if (std::find(note.begin(), note.end(), numero) == note.end()) ignote.push_back(numero);
+  }
+  return ignote;
+}
+
 // The boxes of a record that are missing in a year.
 class CaselleMancanti {
  public:
@@ -63,7 +82,7 @@ class Esame {
   Esame(Connection& connessione, const Conversioni& utilita, const DaAttestare& lavoro)
       : connessione_(connessione), utilita_(utilita), lavoro_(lavoro) {}
 
-  std::vector<DatoMancante> esegui() {
+  Attestazione esegui() {
     Recordset righe;
     righe.Open(connessione_, utilita_.fnAnsi2jet(telematico::queryPrincipale(lavoro_.tabella)));
     for (; !righe.Eof(); righe.MoveNext()) {
@@ -71,27 +90,27 @@ class Esame {
       if (!modello::codiceDaScegliere(anno_, lavoro_.modello)) continue;
       if (anno_ > lavoro_.modello.noti.ultimo) {
         annoIgnoto();
-        return std::move(trovati_);
+        break;
       }
       riga(righe);
     }
-    return std::move(trovati_);
+    return std::move(esito_);
   }
 
  private:
   std::string delModello() const { return "nel modello dei compensi del " + fromInteger(anno_); }
 
   void annoIgnoto() {
-    trovati_.push_back({"Anno", "Generico", "", "",
-                        "Il modello dei compensi del " + fromInteger(anno_) + " (CU " +
-                            fromInteger(anno_ + 1) + ") non è noto: l'ultimo è quello del " +
-                            fromInteger(lavoro_.modello.noti.ultimo) + ".",
-                        std::string(kNonAttestato)});
+    esito_.rifiutati.push_back({"Anno", "Generico", "", "",
+                                "Il modello dei compensi del " + fromInteger(anno_) + " (CU " +
+                                    fromInteger(anno_ + 1) + ") non è noto: l'ultimo è quello del " +
+                                    fromInteger(lavoro_.modello.noti.ultimo) + ".",
+                                std::string(kNonAttestato)});
   }
 
   void trovato(std::string campo, std::string messaggio) {
-    trovati_.push_back({std::move(campo), "Percipiente", chi_, codiceFiscale_, std::move(messaggio),
-                        std::string(kNonAttestato)});
+    esito_.rifiutati.push_back({std::move(campo), "Percipiente", chi_, codiceFiscale_, std::move(messaggio),
+                                std::string(kNonAttestato)});
   }
 
   void riga(Recordset& righe) {
@@ -99,6 +118,8 @@ class Esame {
         trim(utilita_.toText(righe.Get("Anagrafica")) + " " + utilita_.toText(righe.Get("Nome"))));
     codiceFiscale_ = utilita_.toText(righe.Get("CodiceFiscale"));
     causale_ = std::string(trim(righe.Get("Codice").toText()));
+    evento(righe);
+    nonResidente(righe);
     caselle(righe, inD_);
     if (lavoro_.tipo == Comunicazione::Annullamento) return;  // it has no amounts
     causale();
@@ -113,6 +134,36 @@ class Esame {
     for (int numero = 2; !moduli.Eof(); moduli.MoveNext(), ++numero) {
       somme(moduli, pieno(moduli, kNonSoggetteModulo), " del modulo " + fromInteger(numero));
       caselle(moduli, inModuli_);
+    }
+  }
+
+  // The event of the company, which is in record B, is found once.
+  void evento(const Recordset& righe) {
+    const auto tolto = [&](std::string_view colonna, std::string_view dove) -> std::string {
+      const std::string codice(trim(righe.Get(colonna).toText()));
+      if (codice.empty() || eventiEccezionaliPerAnno().ammesso(codice, anno_)) return {};
+      return "L'evento eccezionale " + codice + std::string(dove) + " non è più " + delModello() + ".";
+    };
+    std::string messaggio = tolto("CodiceEventoEccezionaleAz", " dell'azienda");
+    if (!messaggio.empty() && !std::exchange(eventoAzienda_, true)) {
+      esito_.rifiutati.push_back({"Eventi eccezionali", "Azienda", utilita_.toText(righe.Get("AnagraficaAz")),
+                                  utilita_.toText(righe.Get("CodiceFiscaleAz")), std::move(messaggio),
+                                  std::string(kNonAttestato)});
+    }
+    messaggio = tolto("CodiceEventoEccezionale", " (casella 9)");
+    if (!messaggio.empty()) trovato("Eventi eccezionali", std::move(messaggio));
+  }
+
+  // One who is rejected has no record.
+  void nonResidente(const Recordset& righe) {
+    if (!pieno(righe, "NonResidente") || pieno(righe, "NonResidenteSchumacker")) return;
+    std::vector<std::int32_t> vuote = caselleIgnote(lavoro_.modello, anno_);
+    if (vuote.empty()) return;
+    esito_.caselleVuote = std::move(vuote);
+    std::string percipiente = chi_ + (codiceFiscale_.empty() ? "" : " (" + codiceFiscale_ + ")");
+    std::vector<std::string>& tutti = esito_.conCaselleVuote;
+    if (std::find(tutti.begin(), tutti.end(), percipiente) == tutti.end()) {
+      tutti.push_back(std::move(percipiente));
     }
   }
 
@@ -174,16 +225,16 @@ class Esame {
   CaselleMancanti inH_{Record::H, true};
   CaselleMancanti inModuli_{Record::H, false};
   std::int32_t anno_ = 0;
+  bool eventoAzienda_ = false;
   std::string chi_;
   std::string codiceFiscale_;
   std::string causale_;
-  std::vector<DatoMancante> trovati_;
+  Attestazione esito_;
 };
 
 }  // namespace
 
-std::vector<DatoMancante> nonAttestati(Connection& connessione, const Conversioni& utilita,
-                                       const DaAttestare& lavoro) {
+Attestazione attesta(Connection& connessione, const Conversioni& utilita, const DaAttestare& lavoro) {
   if (lavoro.modello.noti.ultimo < modello::kCodiceDaScegliere) return {};
   return Esame(connessione, utilita, lavoro).esegui();
 }

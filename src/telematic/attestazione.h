@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -19,11 +20,17 @@ struct DaAttestare {
   const modello::Modello& modello = modello::kModello;
 };
 
-// What the selected lines hold that the form of their year does not have, as far as it is attested: codes
-// that are missing or not of the year, reasons, boxes, payees who need a box of unknown content, and a year
-// without a form. Each is a row of the log whose code is kNonAttestato. Nothing is read for the forms up to
-// 2018.
-std::vector<DatoMancante> nonAttestati(Connection& connessione, const Conversioni& utilita,
-                                       const DaAttestare& lavoro);
+// What is known of the lines before the file.
+struct Attestazione {
+  // What the form of their year does not have, as far as it is attested: codes that are missing or not of the
+  // year, reasons, exceptional events, boxes, payees who need a box of unknown content, and a year without a form. Each is a row
+  // of the log whose code is kNonAttestato.
+  std::vector<DatoMancante> rifiutati;
+  // Payees whose record can be written, without boxes of unknown content: "Name (fiscal code)", each once.
+  std::vector<std::string> conCaselleVuote;
+  std::vector<std::int32_t> caselleVuote;  // the numbers of those boxes
+};
+// Nothing is read for the forms up to 2018.
+Attestazione attesta(Connection& connessione, const Conversioni& utilita, const DaAttestare& lavoro);
 
 }  // namespace cu

@@ -1,5 +1,7 @@
 // The run of the telematic file: stores the user's corrections, checks the data, makes the file.
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "fornitura/carico.h"
 #include "fornitura/controllo.h"
@@ -57,7 +59,7 @@ bool FrmWizard::fnEsegui(const Result<fornitura::Controllo>& controllo, LogGrid&
     segnalaDatoMancante();
     return false;
   }
-  if (!primaDelFile([this] { return controllaDate(); })) {
+  if (!primaDelFile([&] { return confermaAvvisi(controllo.warnings) && controllaDate(); })) {
     schermo.told("Il file telematico non è stato creato.");
     return false;
   }
@@ -92,18 +94,20 @@ bool FrmWizard::confermaAvviso(const Finding& avviso) {
     ambiente_.frontEnd.setPointer(kPointerHourglass);
     return true;
   }
-  setFocus(find(avviso.place));
+  if (!avviso.place.empty()) setFocus(find(avviso.place));
   return false;
+}
+
+bool FrmWizard::confermaAvvisi(const std::vector<Finding>& avvisi) {
+  return std::all_of(avvisi.begin(), avvisi.end(),
+                     [this](const Finding& avviso) { return confermaAvviso(avviso); });
 }
 
 bool FrmWizard::controllaDate() {
   const auto date = fornitura::controllaDate(
       {dtDataFirma.date(), dtDataImpegno.enabled() ? dtDataImpegno.date() : std::nullopt},
       ambiente_.clock.today());
-  for (const Finding& avviso : date.warnings) {
-    if (!confermaAvviso(avviso)) return false;
-  }
-  return true;
+  return confermaAvvisi(date.warnings);
 }
 
 std::optional<std::string> FrmWizard::generaFile(const std::string& sCodFisc) {

@@ -212,6 +212,7 @@ class FrmWizard : public Form, public per_chiamanti::DiFrmWizard<FrmWizard> {
   bool fnEsegui(const Result<fornitura::Controllo>& controllo,
                 LogGrid& oLogGrid);  // the part after the checks
   void segnalaDatoMancante();
+  bool confermaAvvisi(const std::vector<Finding>& avvisi);
   bool controllaDate();
   bool confermaAvviso(const Finding& avviso);
   // The file's name; none when it could not be made.

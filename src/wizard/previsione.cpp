@@ -136,6 +136,10 @@ Form::Fact FrmWizard::rilieviPrevisti() const {
     const std::string& chi = mancanti.front().denominazione;
     testo += chi.empty() ? "." : " (" + std::string(trim(chi)) + ").";
   }
+  if (const std::size_t quanti = previsione_->dati.conCaselleVuote; mancanti.empty() && quanti > 0) {
+    testo = conta(quanti, "percipiente non residente ha", "percipienti non residenti hanno") +
+            " caselle il cui contenuto non è attestato: Avvia chiede conferma e le lascia vuote.";
+  }
   const auto date = fornitura::controllaDate(
       {dtDataFirma.date(), dtDataImpegno.enabled() ? dtDataImpegno.date() : std::nullopt},
       ambiente_.clock.today());

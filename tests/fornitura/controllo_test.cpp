@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "fornitura/fornitura_prova.h"
+#include "telematic/prova.h"
 
 namespace cu::test {
 namespace {
@@ -61,6 +62,33 @@ TEST_F(Check, TheLogHasFourColumnsAndARowOfTypeTwoForEachDatum) {
   EXPECT_THAT(registro.rows[0], SizeIs(6));
   EXPECT_EQ(registro.rows[0].at("MessageType"), Value::ofInteger(2));
   EXPECT_EQ(registro.column("Message"), std::vector<std::string>{"Data della firma non presente"});
+}
+
+TEST_F(Check, NonResidentsWithBoxesThatRemainBlankAreAWarning) {
+  modello = modello::kModelloPubblicato;
+  const auto avviso = [&](int quanti) {
+    std::vector<Contenuti> righe = certificati2016(quanti);
+    for (std::size_t i = 0; i < righe.size(); ++i) {
+      righe[i]["Anno"] = whole(2025);
+      righe[i]["NonResidente"] = whole(1);
+      righe[i]["Anagrafica"] = text("P" + std::to_string(i + 1));
+    }
+    database.internal.answerContaining("ORDER BY Anag.Anagrafica", rispostaPrincipale(righe));
+    database.internal.answerContaining("FROM ModuloXContoIndividuale", rispostaModuli({}));
+    const auto esito = controlla();
+    EXPECT_TRUE(esito) << "a warning is no refusal";
+    EXPECT_THAT(codici(esito.warnings), ElementsAre("caselle-non-attestate @"));
+    return esito.warnings.empty() ? std::string() : esito.warnings[0].text;
+  };
+  EXPECT_EQ(avviso(1),
+            "Attenzione! Per i percipienti non residenti il contenuto delle caselle 42 e 44\r\n"
+            "non è attestato nel modello dell'anno: restano vuote. I percipienti sono:\r\n"
+            "P1 (RSSMRA70A01H501U).\r\n"
+            "Si vuole continuare ugualmente?");
+  EXPECT_THAT(avviso(10),
+              testing::HasSubstr("P9 (RSSMRA70A01H501U);\r\nP10 (RSSMRA70A01H501U).\r\nSi vuole"));
+  EXPECT_THAT(avviso(11), testing::HasSubstr("P10 (RSSMRA70A01H501U);\r\ne un altro.\r\nSi vuole"));
+  EXPECT_THAT(avviso(30), testing::HasSubstr(";\r\ne altri 20.\r\n"));
 }
 
 TEST_F(Check, DatesForWhichAFileMayBeRefusedAreWarnedOfInOrder) {

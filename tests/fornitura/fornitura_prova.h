@@ -35,7 +35,8 @@ class OperazioniProva : public testing::Test {
             .files = files,
             .clock = clock,
             .avanzamento = avanzamento,
-            .visore = avanzamento};
+            .visore = avanzamento,
+            .modello = modello};
   }
   static Filtri anno(const char* quale) {
     Filtri filtri;
@@ -44,6 +45,7 @@ class OperazioniProva : public testing::Test {
   }
   std::vector<std::string> eseguite() const { return database.internal.texts(FakeConnection::Kind::Execute); }
 
+  std::reference_wrapper<const modello::Modello> modello = modello::kModello;
   Counts conteggi;
   FakeDatabase database;
   FakeFactory factory{database};

@@ -113,6 +113,21 @@ TEST_F(Write, AWholeRunStopsAtAWarningThatIsNotPassed) {
   EXPECT_THAT(files.files, SizeIs(1));
 }
 
+TEST_F(Write, AWholeRunWarnsOfBoxesThatRemainBlank) {
+  modello = modello::kModelloPubblicato;
+  std::vector<Contenuti> righe = certificati2016(1);
+  righe[0]["Anno"] = whole(2024);
+  righe[0]["NonResidente"] = whole(1);
+  database.internal.answerContaining("ORDER BY Anag.Anagrafica", rispostaPrincipale(righe));
+  fornitura::RichiestaCU corsa = intera();
+  const auto fermata = fornitura::creaCU(intorno(), compensi, corsa);
+  EXPECT_THAT(codici(fermata.refusals), ElementsAre("caselle-non-attestate @"));
+  EXPECT_THAT(files.files, IsEmpty());
+  corsa.prosegue = [](const Finding&) { return true; };
+  EXPECT_TRUE(fornitura::creaCU(intorno(), compensi, corsa));
+  EXPECT_THAT(files.files, SizeIs(1));
+}
+
 TEST_F(Write, AWholeRunStopsWhereDataAreMissing) {
   fornitura::RichiestaCU conIntermediario = intera();
   conIntermediario.intermediario = {"NTRMDR70A01H501U", 1, std::nullopt};

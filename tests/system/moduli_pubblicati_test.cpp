@@ -157,6 +157,7 @@ class ModuliPubblicati : public ::testing::TestWithParam<Anno> {
     const char* numero;
     const char* codice;
     std::vector<std::string> dati;
+    std::vector<std::string> esteri = {};  // cells of a non-resident
   };
   static Persona agente() {
     return {"00001",
@@ -180,8 +181,9 @@ class ModuliPubblicati : public ::testing::TestWithParam<Anno> {
         "DA001005VR",          "DA00100637121",        "DA001007Via Mazzini 12",
         "DA0010080451234567",  "DA001010251100",       std::string("DA002001") + di.codice};
     celle.insert(celle.end(), di.dati.begin(), di.dati.end());
-    celle.insert(celle.end(),
-                 {"DA002006Verona", "DA002007VR", destra("DA003001", "01032027"), destra("DA003002", "1")});
+    celle.insert(celle.end(), {"DA002006Verona", "DA002007VR"});
+    celle.insert(celle.end(), di.esteri.begin(), di.esteri.end());
+    celle.insert(celle.end(), {destra("DA003001", "01032027"), destra("DA003002", "1")});
     return conCelle({{1, "D"},
                      {2, kAzienda},
                      {18, "00000001"},
@@ -297,6 +299,54 @@ INSTANTIATE_TEST_SUITE_P(Years, ModuliPubblicati,
                          ::testing::Values(Anno{2019, "CUR20", "8", "7"}, Anno{2020, "CUR21", "8", "7"},
                                            Anno{2021, "CUR22", "22", "21"}, Anno{2022, "CUR23", "22", "21"},
                                            Anno{2023, "CUR24", "22", "21"}, Anno{2024, "CUR25", "22", "21"},
+                                           Anno{2025, "CUR26", "22", "21"}),
+                         [](const ::testing::TestParamInfo<Anno>& info) {
+                           return std::to_string(info.param.anno);
+                         });
+
+// From 2024 on two boxes between those of a non-resident are of unknown content.
+class NonResidenti : public ModuliPubblicati {
+ protected:
+  void SetUp() override {
+    pagamenti(GetParam().esenti, GetParam().quota);
+    const auto database = posto_.lettore();
+    database->esegui(
+        "UPDATE Percipiente SET NonResidente = 1, CodiceIdentificazioneFiscaleEstero = 'FR123' WHERE Codice "
+        "= "
+        "'P001'");
+    database->esegui(
+        "UPDATE Anagrafica SET IDNazione = (SELECT MAX(IDNazione) FROM Nazione WHERE PrefissoInternazionale "
+        "= "
+        "'029') WHERE CodiceFiscale = 'RSSMRC71C08L781I'");
+  }
+  std::vector<std::string> celleEstere() const {
+    const bool spostate = GetParam().anno >= 2024;
+    return {"DA002040FR123", "DA002041Verona", spostate ? "DA002043Via Roma 1" : "DA002042Via Roma 1",
+            destra(spostate ? "DA002045" : "DA002044", "029")};
+  }
+};
+
+TEST_P(NonResidenti, AreNamedBeforeTheFileWhereBoxesRemainBlank) {
+  const Esecuzione senza = crea();
+  if (GetParam().anno >= 2024) {
+    EXPECT_EQ(senza.codice, 1);
+    EXPECT_THAT(senza.errori, HasSubstr("il contenuto delle caselle 42 e 44"));
+    EXPECT_THAT(senza.errori, HasSubstr("\nRossi Marco (RSSMRC71C08L781I).\n"));
+    EXPECT_EQ(righe(), std::vector<std::string>());
+  } else {
+    EXPECT_EQ(senza.codice, 0) << senza.errori;
+    EXPECT_EQ(senza.errori, "");
+  }
+  const Esecuzione confermato = crea({"--yes"});
+  ASSERT_EQ(confermato.codice, 0) << confermato.errori;
+  Persona estero = professionista();
+  estero.esteri = celleEstere();
+  EXPECT_EQ(righe().at(6), recordD(estero, ""));
+  controlla();
+}
+
+INSTANTIATE_TEST_SUITE_P(Years, NonResidenti,
+                         ::testing::Values(Anno{2023, "CUR24", "22", "21"}, Anno{2024, "CUR25", "22", "21"},
                                            Anno{2025, "CUR26", "22", "21"}),
                          [](const ::testing::TestParamInfo<Anno>& info) {
                            return std::to_string(info.param.anno);

@@ -35,8 +35,9 @@ class Attestation : public testing::Test {
                                     Comunicazione tipo, const modello::Modello& modello) {
     database.internal.answerContaining("Selezionato <> 0", rispostaPrincipale({sua}));
     database.internal.answerContaining("FROM ModuloXContoIndividuale", rispostaModuli(moduli));
-    return nonAttestati(database.internal, utilita,
-                        {.tabella = "tmpprequadrivio12", .tipo = tipo, .modello = modello});
+    attestazione = attesta(database.internal, utilita,
+                           {.tabella = "tmpprequadrivio12", .tipo = tipo, .modello = modello});
+    return attestazione.rifiutati;
   }
   static std::vector<std::string> campi(const std::vector<DatoMancante>& dati) {
     std::vector<std::string> nomi;
@@ -44,6 +45,7 @@ class Attestation : public testing::Test {
     return nomi;
   }
 
+  Attestazione attestazione;  // the last one
   FakeDatabase database;
   ScriptedFrontEnd frontEnd;
   SimpleUtility utilita{frontEnd};
@@ -106,6 +108,39 @@ TEST_F(Attestation, RefusesSportFrom2023On) {
   }
 }
 
+TEST_F(Attestation, RefusesExceptionalEventsThatAreGone) {
+  Contenuti colpito = riga(2024);
+  colpito["CodiceEventoEccezionale"] = text(" 3 ");
+  const auto dati = trovati(colpito);
+  ASSERT_THAT(campi(dati), ElementsAre("Eventi eccezionali"));
+  EXPECT_EQ(dati[0].messaggio,
+            "L'evento eccezionale 3 (casella 9) non è più nel modello dei compensi del 2024.");
+  EXPECT_EQ(dati[0].denominazione, "Rossi Mario");
+  EXPECT_THAT(campi(trovati(colpito, Comunicazione::Annullamento)), ElementsAre("Eventi eccezionali"));
+  colpito["CodiceEventoEccezionale"] = text("1");
+  EXPECT_THAT(trovati(colpito), IsEmpty());
+  Contenuti prima = riga(2023);
+  prima["CodiceEventoEccezionale"] = text("3");
+  EXPECT_THAT(trovati(prima), IsEmpty());
+}
+
+TEST_F(Attestation, RefusesTheEventOfTheCompanyOnce) {
+  Contenuti sua = riga(2025);
+  sua["CodiceEventoEccezionaleAz"] = text("2");
+  sua["AnagraficaAz"] = text("Alfa");
+  database.internal.answerContaining("Selezionato <> 0", rispostaPrincipale({sua, sua}));
+  database.internal.answerContaining("FROM ModuloXContoIndividuale", rispostaModuli({}));
+  attestazione = attesta(database.internal, utilita,
+                         {.tabella = "tmpprequadrivio12",
+                          .tipo = Comunicazione::Ordinaria,
+                          .modello = modello::kModelloPubblicato});
+  ASSERT_THAT(campi(attestazione.rifiutati), ElementsAre("Eventi eccezionali"));
+  EXPECT_EQ(attestazione.rifiutati[0].sezione, "Azienda");
+  EXPECT_EQ(attestazione.rifiutati[0].denominazione, "Alfa");
+  EXPECT_EQ(attestazione.rifiutati[0].messaggio,
+            "L'evento eccezionale 2 dell'azienda non è più nel modello dei compensi del 2025.");
+}
+
 TEST_F(Attestation, RefusesAPayeeWhoNeedsABoxOfUnknownContent) {
   Contenuti straniero = riga(2024);
   straniero["NonResidente"] = whole(1);
@@ -119,6 +154,33 @@ TEST_F(Attestation, RefusesAPayeeWhoNeedsABoxOfUnknownContent) {
   straniero["Anno"] = whole(2024);
   straniero["NonResidente"] = whole(0);
   EXPECT_THAT(trovati(straniero), IsEmpty());
+}
+
+TEST_F(Attestation, NamesANonResidentOnceWhoseBoxesRemainBlank) {
+  Contenuti straniero = riga(2024);
+  straniero["NonResidente"] = whole(1);
+  Contenuti ancora = straniero;
+  ancora["Codice"] = text("M");
+  for (const Comunicazione tipo : {Comunicazione::Ordinaria, Comunicazione::Annullamento}) {
+    database.internal.answerContaining("Selezionato <> 0",
+                                       rispostaPrincipale({straniero, ancora, riga(2024)}));
+    database.internal.answerContaining("FROM ModuloXContoIndividuale", rispostaModuli({}));
+    attestazione =
+        attesta(database.internal, utilita,
+                {.tabella = "tmpprequadrivio12", .tipo = tipo, .modello = modello::kModelloPubblicato});
+    EXPECT_THAT(attestazione.rifiutati, IsEmpty());
+    EXPECT_THAT(attestazione.conCaselleVuote, ElementsAre("Rossi Mario (RSSMRA70A01H501U)"));
+    EXPECT_THAT(attestazione.caselleVuote, ElementsAre(42, 44));
+  }
+  for (int anno = 2019; anno <= 2023; ++anno) {
+    straniero["Anno"] = whole(anno);
+    EXPECT_THAT(trovati(straniero), IsEmpty());
+    EXPECT_THAT(attestazione.conCaselleVuote, IsEmpty()) << anno;
+  }
+  straniero["Anno"] = whole(2025);
+  straniero["NonResidenteSchumacker"] = whole(1);
+  EXPECT_THAT(campi(trovati(straniero)), ElementsAre("Non residente Schumacker"));
+  EXPECT_THAT(attestazione.conCaselleVuote, IsEmpty()) << "no record of them is written";
 }
 
 TEST_F(Attestation, RefusesAmountsInBoxesThatAreNotAttested) {

@@ -136,5 +136,50 @@ TEST_F(DateWarnings, ACommitmentIsNotLookedAtWhileTheBoxIsUnchecked) {
   EXPECT_TRUE(riuscito());
 }
 
+// Of non-residents boxes remain blank in the published form of 2024.
+class BlankBoxes : public FileRun {
+ protected:
+  BlankBoxes() : FileRun(modello::kModelloPubblicato) {
+    std::vector<Contenuti> riga = certificati2016(1);
+    riga[0]["Anno"] = whole(2024);
+    riga[0]["NonResidente"] = whole(1);
+    for (FakeConnection* const connessione : {&database.internal, &database.own}) {
+      connessione->answerContaining("ORDER BY Anag.Anagrafica", rispostaPrincipale(riga));
+      connessione->answerContaining("FROM ModuloXContoIndividuale", rispostaModuli({}));
+    }
+    database.own.answerContaining("AS CodFisc", azienda());
+    database.own.answerContaining("SELECT DISTINCT Anag.Sesso", percipiente());
+    vaiAllaFine();
+  }
+  const std::string atteso =
+      "Attenzione! Per i percipienti non residenti il contenuto delle caselle 42 e 44\r\n"
+      "non è attestato nel modello dell'anno: restano vuote. I percipienti sono:\r\n"
+      "Rossi (RSSMRA70A01H501U).\r\n"
+      "Si vuole continuare ugualmente?";
+};
+
+TEST_F(BlankBoxes, AreWarnedOfBeforeTheFile) {
+  frontEnd.answers = {Answer::Cancel};
+  avviaRun();
+  EXPECT_THAT(avvisi(), ElementsAre(atteso));
+  EXPECT_THAT(files.files, IsEmpty());
+  EXPECT_EQ(passo(), 2);
+}
+
+TEST_F(BlankBoxes, AreLeftBlankWhereTheUserGoesOn) {
+  const auto fatti = form().outlook();
+  ASSERT_FALSE(fatti.empty());
+  EXPECT_EQ(
+      fatti.back().text,
+      "1 percipiente non residente ha caselle il cui contenuto non è attestato: Avvia chiede conferma e le "
+      "lascia vuote.");
+  EXPECT_TRUE(fatti.back().attention);
+  frontEnd.answers = {Answer::Ok};
+  avviaRun();
+  EXPECT_THAT(avvisi(), ElementsAre(atteso));
+  EXPECT_EQ(files.files.size(), 1U);
+  EXPECT_TRUE(riuscito());
+}
+
 }  // namespace
 }  // namespace cu::test

@@ -15,6 +15,7 @@ inline constexpr const char* kFile = "/cu/CUR_01234567890_2016.cur";
 
 class FileRun : public testing::Test, public WizardProva {
  protected:
+  explicit FileRun(const modello::Modello& modello = modello::kModello) : WizardProva(modello) {}
   // With rows for the file, one per certificate.
   void certificati(int quanti) {
     database.internal.answerContaining("ORDER BY Anag.Anagrafica",

@@ -24,7 +24,7 @@ class WizardProva {
  public:
   static constexpr const char* kTabella = "tmpprequadrivio12";
 
-  WizardProva() {
+  explicit WizardProva(const modello::Modello& modello = modello::kModello) : modello(modello) {
     factory.texts = {{80, "&Cerca"},
                      {237, "Avvio rifiutato."},
                      {829, "&Vai"},
@@ -123,13 +123,15 @@ class WizardProva {
     }
   };
   Stampe stampe;
+  const modello::Modello& modello;
   ModMain modMain{Ambiente{.frontEnd = frontEnd,
                            .factory = factory,
                            .utilita = utilita,
                            .settings = settings,
                            .clock = clock,
                            .files = files,
-                           .reports = stampe}};
+                           .reports = stampe,
+                           .modello = modello}};
 
   static Table azienda() { return completeCompany(); }
   static Table percipiente() { return completePayee(); }
