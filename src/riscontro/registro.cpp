@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "base/error.h"
 #include "base/text.h"
 #include "data/inserimento.h"
 #include "data/recordset.h"
