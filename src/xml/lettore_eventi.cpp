@@ -48,8 +48,8 @@ struct LettoreEventi::Stato {
     XML_SetUserData(parser, this);
     XML_SetElementHandler(
         parser,
-        [](void* io, const XML_Char* nome, const XML_Char** attributi) {
-          protetto(io, [&](Stato& stato) { stato.inizio(nome, attributi); });
+        [](void* io, const XML_Char* nome, const XML_Char** coppie) {
+          protetto(io, [&](Stato& stato) { stato.inizio(nome, coppie); });
         },
         [](void* io, const XML_Char* nome) { protetto(io, [&](Stato& stato) { stato.fine(nome); }); });
     XML_SetCharacterDataHandler(parser, [](void* io, const XML_Char* caratteri, int quanti) {
