@@ -1,4 +1,5 @@
-# The Debian package: cpack in the build folder, or ./package.
+# The Debian package: ./package, or cpack in the folder of the preset package. Elsewhere it has no changelog of
+# Debian's and, because the library of the prints is directly below lib, scripts that it does not need.
 
 # The owner's choice; the address goes into the package and its changelog.
 set(CU_MAINTAINER "cuwizard maintainers <maintainers@cuwizard.invalid>" CACHE STRING "Maintainer of the package")
