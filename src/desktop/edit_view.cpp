@@ -15,13 +15,17 @@
 
 #include "base/text.h"
 #include "controls/form.h"
+#include "desktop/follow_letters.h"
 #include "desktop/form_window.h"
+#include "desktop/own_colours.h"
 #include "desktop/reading_line.h"
 #include "desktop/text.h"
 #include "desktop/whole_text.h"
 
 namespace cu::desktop {
 namespace {
+
+constexpr const char* kOnFace = "suSfondo";  // of a box: whether it has the window's background
 
 // A line that selects its whole content when it gets the focus by the keyboard or the first click, so that
 // typing replaces it. When the focus returns from another window or a menu, nothing is selected, and typing
@@ -127,9 +131,12 @@ std::string utf8Of(const std::u32string& text) {
 }  // namespace
 
 void paintBackground(QWidget& widget, Background background) {
-  QPalette palette;
-  if (background == Background::Face) palette.setBrush(QPalette::Base, palette.brush(QPalette::Window));
-  widget.setPalette(palette);
+  const bool face = background == Background::Face;
+  if (widget.property(kOnFace).isValid() && widget.property(kOnFace).toBool() == face) return;
+  widget.setProperty(kOnFace, face);
+  setOwnColours(widget, [face](QPalette& palette) {
+    if (face) palette.setBrush(QPalette::Base, palette.brush(QPalette::Window));
+  });
 }
 
 EditView::EditView(FormWindow& window, EditBox& box, QWidget* parent)
@@ -239,7 +246,9 @@ DateView::DateView(FormWindow& window, DateBox& box, QWidget* parent)
   row->addWidget(note_);
   row->addStretch(1);
   line()->setPlaceholderText(QStringLiteral("gg/mm/aaaa"));
-  line()->setFixedWidth(line()->fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000  ")) + 24);
+  followLetters(*line(), [line = line()] {
+    line->setFixedWidth(line->fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000  ")) + 24);
+  });
   opener_->setText(QStringLiteral("▾"));
   opener_->setToolTip(QStringLiteral("Calendario (Alt+Giù)"));
   opener_->setAccessibleName(QStringLiteral("Apri il calendario"));

@@ -58,7 +58,7 @@ void FilterBox::keyPressEvent(QKeyEvent* event) {
 }
 
 StateButton::StateButton(const RowState& state, QWidget* parent)
-    : QToolButton(parent), name_(shown(state.name)), meaning_(shown(state.meaning)) {
+    : QToolButton(parent), name_(shown(state.name)), meaning_(shown(state.meaning)), mark_(state.mark) {
   setObjectName(QStringLiteral("stato:") + name_);
   setCheckable(true);
   setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -68,6 +68,12 @@ StateButton::StateButton(const RowState& state, QWidget* parent)
   setAccessibleDescription(meaning_);
   setFocusPolicy(Qt::ClickFocus);
   setCount(0);
+}
+
+// The mark is drawn in the colour of the text.
+void StateButton::changeEvent(QEvent* event) {
+  QToolButton::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) setIcon(rowMarkIcon(mark_));
 }
 
 void StateButton::setCount(std::size_t rows) {

@@ -6,6 +6,7 @@
 #include <functional>
 #include <vector>
 
+#include "controls/grid.h"
 #include "desktop/row_reader.h"
 
 namespace cu::desktop {
@@ -39,10 +40,12 @@ class StateButton : public QToolButton {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   QString name_;
   QString meaning_;
+  RowMark mark_;
 };
 
 // The ready filters in a row, which is one tab stop, and the legend of the marks.

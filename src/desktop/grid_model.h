@@ -55,6 +55,7 @@ class GridModel : public QAbstractTableModel {
   bool isMenu(int column) const;
   std::optional<int> columnOf(std::string_view field) const;
   QString text(int row, int column) const;
+  QString textAt(int gridRow, int column) const;
   // For a table in a file: numbers and days as such, everything else as it is shown.
   Value value(int row, int column) const;
   bool flag(int row, int column) const;  // as drawn
@@ -75,7 +76,6 @@ class GridModel : public QAbstractTableModel {
   void remember(qint64 place, const Drawn& drawn) const;
   const CellView* cells(int row) const;
   const CellView& cell(int row, int column) const;
-  QString textAt(int row, int column) const;
   bool readable(int row) const;
   int rowsInView() const;
   Arrangement present() const;

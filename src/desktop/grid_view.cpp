@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "controls/form.h"
+#include "desktop/follow_letters.h"
 #include "desktop/form_window.h"
 #include "desktop/frozen_columns.h"
 #include "desktop/grid_drawing.h"
@@ -28,7 +29,6 @@ GridView::GridView(FormWindow& window, Grid& grid, QWidget* parent)
       memory_(shown(grid.form().name() + "." + grid.name())) {
   setWidget(table_);
   table_->setVerticalHeader(new MarkHeader(model_, grid, table_));
-  table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 8);
   table_->setModel(&model_);
   QHeaderView* const header = table_->horizontalHeader();
   QObject::connect(header, &QHeaderView::sectionResized, table_, [this](int column, int, int now) {
@@ -49,10 +49,24 @@ GridView::GridView(FormWindow& window, Grid& grid, QWidget* parent)
   }
   QObject::connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, table_,
                    [this] { report(); });
+  letters_ = followLetters(*table_, [this] { fitLetters(); });
 }
 
 // The table outlives its view, and its rows.
-GridView::~GridView() { QObject::disconnect(table_->selectionModel(), nullptr, table_, nullptr); }
+GridView::~GridView() {
+  delete letters_;
+  QObject::disconnect(table_->selectionModel(), nullptr, table_, nullptr);
+}
+
+// Heights and widths are measured in letters.
+void GridView::fitLetters() {
+  for (QHeaderView* each : {table_->verticalHeader(), table_->frozen().verticalHeader()}) {
+    each->setDefaultSectionSize(table_->fontMetrics().height() + 8);
+  }
+  if (!live() || placed_.isEmpty()) return;
+  placed_.clear();
+  placeColumns();
+}
 
 void GridView::refresh() {
   if (!grid_.drawing()) return;
@@ -93,6 +107,8 @@ void GridView::arrange(const Arrangement& by) {
   std::sort(rows.begin(), rows.end());
   const int current = model_.viewRow(static_cast<int>(grid_.row()) - 1);
   table_->setHighlighted(current < 0 ? QList<int>() : rows, current);
+  // Without a row to stay at, the rows are seen from the first one.
+  if (current < 0) table_->scrollToTop();
   markOrder();
   report();
 }
@@ -136,8 +152,9 @@ int GridView::widthOf(int column) const {
   constexpr int kSample = 60;
   constexpr int kWidest = 300;
   int texts = 0;
-  for (int row = 0; of.type == kGridText && row < std::min(kSample, model_.rowCount()); ++row) {
-    texts = std::max(texts, table_->fontMetrics().horizontalAdvance(model_.text(row, column)) + 12);
+  for (int row = 0; of.type == kGridText && row < std::min(kSample, model_.gridRows()); ++row) {
+    const QString text = model_.textAt(row, column);
+    texts = std::max(texts, table_->fontMetrics().horizontalAdvance(text) + 12);
   }
   return std::max({of.width / kFormUnitsPerPixel, words, std::min(texts, kWidest)});
 }
@@ -146,7 +163,7 @@ void GridView::placeColumns() {
   QString columns;
   for (const GridColumn& column : grid_.columns()) columns += shown(column.field) + u'|';
   // The rows are loaded after the columns: widths are computed again when the first rows are there.
-  columns += model_.rowCount() > 0 ? u'1' : u'0';
+  columns += model_.gridRows() > 0 ? u'1' : u'0';
   if (columns == placed_) return;
   placed_ = columns;
   placing_ = true;

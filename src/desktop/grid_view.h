@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <functional>
 #include <vector>
 
@@ -72,6 +73,7 @@ class GridView : public View {
   void sortBy(int column);
   void markOrder();
   void placeColumns();
+  void fitLetters();
   void rememberOrder();
   void headerMenu(int column, const QPoint& at);
   void addOrder(QMenu& menu, int column);
@@ -86,6 +88,7 @@ class GridView : public View {
   GridModel model_;
   GridTable* table_;
   ColumnMemory memory_;
+  QPointer<QObject> letters_;
   QString placed_;  // the columns placed last
   bool placing_ = false;
 };

@@ -14,6 +14,7 @@
 
 #include "desktop/guide_text.h"
 #include "desktop/look.h"
+#include "desktop/own_colours.h"
 
 namespace cu::desktop {
 namespace {
@@ -172,9 +173,10 @@ QString HelpWindow::words() const {
 
 void HelpWindow::tell() {
   count_->setText(words());
-  QPalette colours;
-  if (hits_.empty() && !searched_.isEmpty()) colours.setColor(QPalette::WindowText, look::warningInk());
-  count_->setPalette(colours);
+  const bool none = hits_.empty() && !searched_.isEmpty();
+  setOwnColours(*count_, [none](QPalette& colours) {
+    if (none) colours.setColor(QPalette::WindowText, look::warningInk());
+  });
   box_->setAccessibleDescription(words());
   for (QWidget* each : onHits_) each->setEnabled(!hits_.empty());
 }

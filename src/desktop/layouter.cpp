@@ -17,6 +17,7 @@
 #include "desktop/cells.h"
 #include "desktop/change_mark.h"
 #include "desktop/edit_view.h"
+#include "desktop/follow_letters.h"
 #include "desktop/simple_views.h"
 #include "desktop/text.h"
 
@@ -33,12 +34,14 @@ void limitWidth(QWidget& widget, const Control& control) {
   if (line == nullptr) return;
   const auto* const box = dynamic_cast<const EditBox*>(&control);
   const bool numeric = dynamic_cast<const NumericBox*>(&control) != nullptr;
-  const int letter = line->fontMetrics().horizontalAdvance(u'M');
-  if (numeric) {
-    line->setMaximumWidth(18 * letter);
-  } else if (box != nullptr && box->maxLength() > 0 && box->maxLength() < 40) {
-    line->setFixedWidth(static_cast<int>(box->maxLength() + 2) * letter);
-  }
+  const bool limited = box != nullptr && box->maxLength() > 0 && box->maxLength() < 40;
+  if (!numeric && !limited) return;
+  const int letters = numeric ? 18 : static_cast<int>(box->maxLength() + 2);
+  followLetters(*line, [line, numeric, letters] {
+    const int width = letters * line->fontMetrics().horizontalAdvance(u'M');
+    line->setMaximumWidth(width);
+    if (!numeric) line->setMinimumWidth(width);
+  });
 }
 
 // The pages of an editor consist of boxes only.

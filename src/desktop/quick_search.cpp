@@ -4,6 +4,7 @@
 
 #include "desktop/grid_view.h"
 #include "desktop/look.h"
+#include "desktop/own_colours.h"
 
 namespace cu::desktop {
 namespace {
@@ -32,14 +33,14 @@ QuickSearch::QuickSearch(GridView& grid, QWidget* parent)
 }
 
 void QuickSearch::tell(const QString& note, bool warns) {
-  const auto inked = [warns](QPalette::ColorRole role) {
-    QPalette palette;
-    if (warns) palette.setColor(role, look::warningInk());
-    return palette;
+  const auto ink = [warns](QWidget& widget, QPalette::ColorRole role) {
+    setOwnColours(widget, [warns, role](QPalette& palette) {
+      if (warns) palette.setColor(role, look::warningInk());
+    });
   };
-  setPalette(inked(QPalette::Text));
+  ink(*this, QPalette::Text);
   setAccessibleDescription(note);
-  note_->setPalette(inked(QPalette::WindowText));
+  ink(*note_, QPalette::WindowText);
   note_->setText(note);
   note_->setVisible(!note.isEmpty());
 }

@@ -11,8 +11,10 @@
 #include "base/text.h"
 #include "controls/form.h"
 #include "desktop/edit_view.h"
+#include "desktop/follow_letters.h"
 #include "desktop/form_window.h"
 #include "desktop/look.h"
+#include "desktop/own_colours.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/reading_line.h"
 #include "desktop/search_list.h"
@@ -100,10 +102,11 @@ SelectorView::SelectorView(FormWindow& window, Selector& selector, QWidget* pare
   row->addWidget(description_, 1);
   row->addWidget(note_);
   row->addWidget(opener_);
-  QPalette colours = note_->palette();
-  colours.setColor(QPalette::WindowText, look::warningInk());
-  note_->setPalette(colours);
-  code_->setFixedWidth(code_->fontMetrics().horizontalAdvance(QStringLiteral("0000000000")) + 18);
+  setOwnColours(*note_,
+                [](QPalette& colours) { colours.setColor(QPalette::WindowText, look::warningInk()); });
+  followLetters(*code_, [code = code_] {
+    code->setFixedWidth(code->fontMetrics().horizontalAdvance(QStringLiteral("0000000000")) + 18);
+  });
   setWidget(around);
   opener_->setVisible(selector.binding().search);
   for (QLineEdit* line : {code_, description_}) {

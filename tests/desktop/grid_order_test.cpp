@@ -150,6 +150,31 @@ TEST_F(GridOrder, TheOrderIsTheViewsAndTheFormStillGetsTheEvent) {
   EXPECT_EQ(view().arrangement().field, "Codice") << "a column of menus has no order";
 }
 
+TEST_F(GridOrder, TheColumnsKeepTheirWidthsWhateverIsInView) {
+  const int before = table().columnWidth(column("AnagraficaPerc"));
+  filter("zzzz");
+  ASSERT_TRUE(rowsInView().empty());
+  screen.click("cmdSelect(1)");
+  EXPECT_EQ(table().columnWidth(column("AnagraficaPerc")), before);
+  filter("");
+  EXPECT_EQ(table().columnWidth(column("AnagraficaPerc")), before);
+}
+
+TEST_F(GridOrder, WithoutTheCurrentRowTheRowsAreSeenFromTheFirst) {
+  screen.click("cmdSelect(1)");
+  table().setFocus();
+  screen.key(Qt::Key_End, Qt::ControlModifier);
+  screen.key(Qt::Key_Space);
+  ASSERT_EQ(chosen(), "[ 1 ]");
+  ASSERT_GT(table().rowAt(4), 0) << "scrolled";
+  state("Non scelte").click();
+  settle();
+  ASSERT_TRUE(view().currentHidden());
+  ASSERT_GT(rowsInView().size(), 20U);
+  EXPECT_EQ(table().rowAt(4), 0);
+  expectAgreement();
+}
+
 TEST_F(GridOrder, KeysFollowTheViewAndActOnTheRowsThatAreHighlighted) {
   clickHeader("AmmontareLordo");
   clickHeader("AmmontareLordo");

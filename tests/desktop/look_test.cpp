@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -22,6 +23,8 @@
 #include <vector>
 
 #include "desktop/foot.h"
+#include "desktop/frozen_columns.h"
+#include "desktop/grid_view.h"
 #include "desktop/icon_files.h"
 #include "desktop/icons.h"
 #include "desktop/look_menu.h"
@@ -233,11 +236,82 @@ TEST_P(LookMenu, TakesEffectAtOnceAndIsRememberedForTheNextStart) {
   EXPECT_FALSE(choiceOf(menu, "Colori chiari")->isChecked());
 }
 
+// The boxes that are only read or off have the window's background, whatever it was when they were made.
+TEST_P(LookMenu, ReachesTheBoxesOfAnOpenStep) {
+  desktop::look::setColours(Colours::Light);
+  Screen screen;
+  screen.toEnd();
+  auto& path = *screen.find<QLineEdit>("txtPercorsoCU");
+  ASSERT_TRUE(path.isReadOnly());
+  path.setText(QStringLiteral("MEMORIZZA"));
+  for (const Colours each : {Colours::Dark, Colours::Light}) {
+    desktop::look::setColours(each);
+    settle();
+    EXPECT_EQ(path.palette().color(QPalette::Base), QApplication::palette().color(QPalette::Window));
+    EXPECT_GE(contrastDrawn(path), kReadable);
+  }
+}
+
+TEST_P(LookMenu, ReachesTheMarksOfTheReadyFilters) {
+  desktop::look::setColours(Colours::Light);
+  Screen screen;
+  screen.toGrid();
+  auto& state = *screen.find<QToolButton>("stato:Modificate");
+  const auto ink = [&state] {
+    const QImage mark = state.icon().pixmap(39).toImage();
+    QColor strongest;
+    for (int y = 0; y < mark.height(); ++y) {
+      for (int x = 0; x < mark.width(); ++x) {
+        const QColor dot = mark.pixelColor(x, y);
+        if (!strongest.isValid() || dot.alpha() > strongest.alpha()) strongest = dot;
+      }
+    }
+    strongest.setAlpha(255);
+    return strongest;
+  };
+  for (const Colours each : {Colours::Dark, Colours::Light}) {
+    desktop::look::setColours(each);
+    settle();
+    EXPECT_GE(contrastOf(ink(), QApplication::palette().color(QPalette::Button)), kReadable);
+  }
+}
+
+TEST_P(LookMenu, LargeLettersHaveRoomInTheBoxesOfAnOpenStep) {
+  Screen screen;
+  screen.toEnd();
+  auto& date = *screen.find<QWidget>("dtDataFirma")->findChild<QLineEdit*>();
+  const auto fits = [&date] {
+    return date.width() > date.fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) + 8;
+  };
+  ASSERT_TRUE(fits());
+  desktop::look::setLetters(160);
+  settle();
+  EXPECT_TRUE(fits());
+}
+
+TEST_P(LookMenu, LargeLettersHaveRoomInAnOpenGrid) {
+  Screen screen;
+  screen.toGrid();
+  auto& table = static_cast<desktop::GridView&>(*screen.window().view(screen.form().grdCompensi)).table();
+  desktop::look::setLetters(160);
+  settle();
+  EXPECT_GE(table.rowHeight(0), table.fontMetrics().height());
+  EXPECT_EQ(table.frozen().rowHeight(0), table.rowHeight(0));
+  for (int column = 0; column < table.model()->columnCount(); ++column) {
+    if (table.isColumnHidden(column)) continue;
+    const QString caption = table.model()->headerData(column, Qt::Horizontal).toString();
+    for (const QString& word : caption.split(u' ')) {
+      EXPECT_GE(table.columnWidth(column), table.horizontalHeader()->fontMetrics().horizontalAdvance(word))
+          << word.toStdString();
+    }
+  }
+}
+
 TEST_P(LookMenu, IsInTheMenuBarOfTheWizard) {
   Screen screen;
   QStringList titles;
   for (const QAction* entry : screen.window().findChild<QMenuBar*>()->actions()) titles += entry->text();
-  EXPECT_TRUE(titles.contains(QStringLiteral("A&spetto")));
+  EXPECT_TRUE(titles.contains(QStringLiteral("Aspett&o")));
 }
 
 INSTANTIATE_TEST_SUITE_P(One, LookMenu, testing::Values(Colours::Light));
