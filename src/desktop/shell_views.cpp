@@ -146,13 +146,13 @@ void MenuView::refresh() {
   // Of the window, and not of the form.
   QtFrontEnd& frontEnd = window().frontEnd();
   if (!frontEnd.ownTools.empty() && !window().form().stages().empty()) {
-    QMenu* const menu = widgetBar_->addMenu(QStringLiteral("S&trumenti"));
+    QMenu* const menu = widgetBar_->addMenu(QStringLiteral("&Strumenti"));
     for (const QtFrontEnd::OwnTool& tool : frontEnd.ownTools) {
       QObject::connect(menu->addAction(tool.caption), &QAction::triggered, menu,
                        [&frontEnd, tool] { frontEnd.use(tool); });
     }
   }
-  fillLookMenu(*widgetBar_->addMenu(QStringLiteral("A&spetto")));
+  fillLookMenu(*widgetBar_->addMenu(QStringLiteral("Aspett&o")));
   addAboutMenu(*widgetBar_);
 }
 

@@ -2,15 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
 #include <QFocusFrame>
-#include <QLabel>
 #include <QLineEdit>
-#include <QMenuBar>
 #include <QScreen>
 #include <QTableWidget>
 #include <QTest>
-#include <map>
 
 #include "controls/textbox.h"
 #include "desktop/dialogs.h"
@@ -97,26 +93,6 @@ TEST_F(Layout, TheLineAroundTheKeyboardIsWholeInASelector) {
   EXPECT_TRUE(ring->parentWidget()->rect().contains(ring->geometry()));
   const QRect around(view.codeBox()->mapTo(ring->parentWidget(), QPoint()), view.codeBox()->size());
   EXPECT_TRUE(ring->geometry().contains(around.adjusted(-1, -1, 1, 1)));
-}
-
-TEST_F(Layout, EveryLetterOfTheGridsStepIsGivenOnce) {
-  screen.toGrid();
-  std::map<QChar, QStringList> given;
-  const auto note = [&](const QString& text) {
-    const QKeySequence key = QKeySequence::mnemonic(text);
-    if (!key.isEmpty()) given[key.toString().back()] += text;
-  };
-  for (const QAction* action : screen.window().findChild<QMenuBar*>()->actions()) note(action->text());
-  for (const auto* button : screen.window().findChildren<QAbstractButton*>()) {
-    if (button->isVisible()) note(button->text());
-  }
-  for (const auto* label : screen.window().findChildren<QLabel*>()) {
-    if (label->isVisible() && label->buddy() != nullptr) note(label->text());
-  }
-  EXPECT_GT(given.size(), 6U);
-  for (const auto& [letter, texts] : given) {
-    EXPECT_EQ(texts.size(), 1) << letter.toLatin1() << ": " << texts.join(u'|').toStdString();
-  }
 }
 
 TEST_F(Layout, MarkAndArrowAreSeenOnTheSelectedRow) {

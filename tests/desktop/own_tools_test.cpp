@@ -2,12 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSettings>
+#include <map>
 
 #include "apps/strumenti/copia_archivio.h"
 #include "apps/strumenti/dialogo_lavoro.h"
@@ -83,6 +86,33 @@ TEST_F(OwnTools, TheLastStepOffersACopyBelowTheForecast) {
   EXPECT_TRUE(QFile::exists(copy()));
   EXPECT_EQ(screen_.focus(), focus);
   EXPECT_TRUE(strumenti::dettaUltimaCopia(screen_.profile().database).startsWith(QStringLiteral("oggi")));
+}
+
+TEST_F(OwnTools, EveryLetterOfAStepIsGivenOnceWithTheirMenu) {
+  const auto expectOnce = [this](const char* step) {
+    std::map<QChar, QStringList> given;
+    const auto note = [&](const QString& text) {
+      const QKeySequence key = QKeySequence::mnemonic(text);
+      if (!key.isEmpty()) given[key.toString().back()] += text;
+    };
+    for (const QAction* menu : screen_.window().findChild<QMenuBar*>()->actions()) note(menu->text());
+    for (const auto* button : screen_.window().findChildren<QAbstractButton*>()) {
+      if (button->isVisible()) note(button->text());
+    }
+    for (const auto* label : screen_.window().findChildren<QLabel*>()) {
+      if (label->isVisible() && label->buddy() != nullptr) note(label->text());
+    }
+    EXPECT_GT(given.size(), 6U) << step;
+    for (const auto& [letter, texts] : given) {
+      EXPECT_EQ(texts.size(), 1) << step << ", " << letter.toLatin1() << ": "
+                                 << texts.join(u'|').toStdString();
+    }
+  };
+  expectOnce("first");
+  screen_.toGrid();
+  expectOnce("grid");
+  screen_.click("cmdNav(3)");
+  expectOnce("last");
 }
 
 TEST(NoOwnTools, AServersDatabaseHasNone) {
