@@ -188,10 +188,17 @@ int esegui(const OpzioniFinestra& opzioni) {
     for (const std::string& uno : opzioni.file) strumenti::apriFile(QString::fromStdString(uno), profilo);
     return finoAgliStrumenti();
   }
-  if (!profilo) profilo = profiloScelto();
-  if (!profilo) return finoAgliStrumenti();
-  const AvvioUnico unico(*profilo, AvvioUnico::cartellaDelSistema());
-  if (unico.altro() && !proseguiUgualmente(unico.avviso())) return finoAgliStrumenti();
+  const bool daProfilo = profilo.has_value();
+  std::optional<AvvioUnico> unico;
+  while (!unico) {
+    if (!daProfilo) profilo = profiloScelto();
+    if (!profilo) return finoAgliStrumenti();
+    unico.emplace(*profilo, AvvioUnico::cartellaDelSistema());
+    if (!unico->altro() || proseguiUgualmente(unico->avviso())) break;
+    // Another user or database can be chosen where these were.
+    if (daProfilo) return finoAgliStrumenti();
+    unico.reset();
+  }
   avvisaPermessi(profilo->database);
   return avvia(*profilo);
 }

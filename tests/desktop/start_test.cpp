@@ -114,6 +114,35 @@ TEST(Start, OffersTheDatabasesOfTheLastStartsThatStillExist) {
   QSettings().remove(QStringLiteral("avvio"));
 }
 
+TEST(Start, EnterNeverLeavesWhereTheChosenDatabaseCannotBeOpened) {
+  const QTemporaryDir folder;
+  QSettings().remove(QStringLiteral("avvio/recenti"));
+  const QString broken = folder.filePath(QStringLiteral("rotto.db"));
+  QFile file(broken);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("nessun database, ma abbastanza lungo da sembrarlo");
+  file.close();
+  SceltaAvvio choice;
+  choice.database = broken;
+  choice.ricorda();
+  FinestraAvvio window({}, startFoldersIn(folder));
+  window.show();
+  settle();
+  ASSERT_EQ(window.focusWidget(), startButton(window));
+  for (auto* button : window.findChildren<QPushButton*>()) {
+    if (button->text() != QStringLiteral("Rece&nti")) continue;
+    emit button->menu()->aboutToShow();
+    button->menu()->actions().first()->trigger();
+  }
+  ASSERT_EQ(window.scelta().database, broken);
+  ASSERT_FALSE(startButton(window)->isEnabled());
+  ASSERT_NE(window.focusWidget(), nullptr);
+  EXPECT_EQ(window.focusWidget()->accessibleName(), QStringLiteral("Sfoglia il database"));
+  QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+  EXPECT_TRUE(window.isVisible());
+  QSettings().remove(QStringLiteral("avvio"));
+}
+
 TEST(Start, NamesTheFiscalCodeOfACompanyAndTheYearUsedLast) {
   const QTemporaryDir folder;
   const CartelleAvvio folders = startFoldersIn(folder);

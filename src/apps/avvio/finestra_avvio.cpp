@@ -69,12 +69,18 @@ FinestraAvvio::FinestraAvvio(const SceltaAvvio& scelta, const CartelleAvvio& car
   leggiAziende();
   const int ultima = aziende_->findData(scelta.azienda);
   if (ultima >= 0) aziende_->setCurrentIndex(ultima);
-  // Without any company there is one thing to do.
-  (elenco_.empty() && gestisci_->isEnabled() ? datiPropri_ : avvia_)->setFocus();
+  mettiFuoco();
   resize(misura());
 }
 
 FinestraAvvio::~FinestraAvvio() = default;
+
+// The toolkit would pass the focus on to «Annulla», where Enter ends the program.
+void FinestraAvvio::mettiFuoco() {
+  QPushButton* dove = avvia_;
+  if (elenco_.empty()) dove = gestisci_->isEnabled() ? datiPropri_ : staAlServer() ? collega_ : sfoglia_;
+  dove->setFocus();
+}
 
 // Shown until something was started once.
 // The menu is filled as it opens: a database may be gone, or another one in use.
@@ -170,6 +176,7 @@ void FinestraAvvio::mostraAziende(bool aperto) {
   for (const AziendaAvvio& azienda : elenco_) {
     aziende_->addItem(vociAzienda(azienda), azienda.azienda);
   }
+  const bool pronto = focusWidget() == avvia_;
   avvia_->setEnabled(!elenco_.empty());
   salva_->setEnabled(!elenco_.empty());
   gestisci_->setEnabled(aperto);
@@ -177,6 +184,7 @@ void FinestraAvvio::mostraAziende(bool aperto) {
   quadro_->setEnabled(!elenco_.empty());
   copia_->setEnabled(aperto && !staAlServer());
   importa_->setEnabled(aperto);
+  if (pronto && elenco_.empty()) mettiFuoco();
 }
 
 void FinestraAvvio::nuovoArchivio() {

@@ -46,6 +46,8 @@ class FinestraAvvio : public QDialog {
   void scegliDocumenti();
   void leggiAziende();
   void mostraAziende(bool aperto);
+  // Where one continues: at the start, or where what is missing for it is found.
+  void mettiFuoco();
   // As a person knows it.
   QString nomeDatabase() const;
   QString nomeBreve() const;
@@ -75,6 +77,8 @@ class FinestraAvvio : public QDialog {
   QLineEdit* casellaDatabase_;
   QPushButton* dimostrativo_;
   QPushButton* recenti_;
+  QPushButton* sfoglia_ = nullptr;
+  QPushButton* collega_ = nullptr;
   QComboBox* aziende_;
   QSpinBox* utente_;
   QCheckBox* moduli_;

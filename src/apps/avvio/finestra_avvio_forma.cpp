@@ -101,9 +101,9 @@ void FinestraAvvio::componiModulo(QVBoxLayout& colonna, const SceltaAvvio& scelt
     riga->addLayout(fila);
     return riga;
   };
-  auto* server = new QPushButton(QStringLiteral("Colle&ga server..."), this);
-  auto* sfogliaDatabase = new QPushButton(QStringLiteral("&Sfoglia..."), this);
-  sfogliaDatabase->setAccessibleName(QStringLiteral("Sfoglia il database"));
+  collega_ = new QPushButton(QStringLiteral("Colle&ga server..."), this);
+  sfoglia_ = new QPushButton(QStringLiteral("&Sfoglia..."), this);
+  sfoglia_->setAccessibleName(QStringLiteral("Sfoglia il database"));
   auto* sfogliaDocumenti = new QPushButton(QStringLiteral("S&foglia..."), this);
   sfogliaDocumenti->setAccessibleName(QStringLiteral("Sfoglia i documenti ministeriali"));
   utente_->setRange(1, kUtenteMassimo);
@@ -113,8 +113,8 @@ void FinestraAvvio::componiModulo(QVBoxLayout& colonna, const SceltaAvvio& scelt
     fatta->setBuddy(di);
     return fatta;
   };
-  modulo->addRow(etichetta("Da&tabase", sfogliaDatabase),
-                 conPulsanti(casellaDatabase_, {recenti_, dimostrativo_, sfogliaDatabase, server}));
+  modulo->addRow(etichetta("Da&tabase", sfoglia_),
+                 conPulsanti(casellaDatabase_, {recenti_, dimostrativo_, sfoglia_, collega_}));
   componiRecenti();
   modulo->addRow(QStringLiteral("A&zienda"), aziende_);
   modulo->addRow(QStringLiteral("&Utente"), utente_);
@@ -150,8 +150,8 @@ void FinestraAvvio::componiModulo(QVBoxLayout& colonna, const SceltaAvvio& scelt
   avviso_->setWordWrap(true);
   avviso_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   colonna.addWidget(avviso_);
-  connect(server, &QPushButton::clicked, this, [this] { scegliServer(server_); });
-  connect(sfogliaDatabase, &QPushButton::clicked, this, [this] { scegliDatabase(); });
+  connect(collega_, &QPushButton::clicked, this, [this] { scegliServer(server_); });
+  connect(sfoglia_, &QPushButton::clicked, this, [this] { scegliDatabase(); });
   connect(sfogliaDocumenti, &QPushButton::clicked, this, [this] { scegliDocumenti(); });
   connect(dimostrativo_, &QPushButton::clicked, this, [this] { usaDatabase({}); });
 }
