@@ -1,3 +1,5 @@
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 
 #include "apps/comune/registro_programma.h"
@@ -23,10 +25,39 @@ fornitura::RichiestaReport completaStampa(const OpzioniPrint& opzioni, const Sur
   return richiesta;
 }
 
+// Whether a file holds something that is no print: a print replaces an earlier one without a question, but
+// never a database or a file of another kind.
+bool altroCheUnaStampa(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  std::string inizio(5, '\0');
+  stream.read(inizio.data(), static_cast<std::streamsize>(inizio.size()));
+  inizio.resize(static_cast<std::size_t>(stream.gcount()));
+  return !inizio.empty() && inizio != "%PDF-";
+}
+
+// Why the print cannot have this file; "" where it can.
+std::string fileRifiutato(const std::string& file) {
+  std::filesystem::path percorso(file);
+  std::error_code ignorato;
+  if (std::filesystem::is_directory(percorso, ignorato)) {
+    return "«" + file + "» è una cartella: per la stampa serve il nome di un file.";
+  }
+  if (!percorso.has_extension()) percorso += ".pdf";  // as the suite's dialog does
+  if (std::filesystem::is_directory(percorso, ignorato)) {
+    return "«" + percorso.string() + "» è una cartella: per la stampa serve il nome di un file.";
+  }
+  if (!altroCheUnaStampa(percorso)) return {};
+  return "Il file «" + percorso.string() + "» esiste già e non è un PDF: non viene sostituito.";
+}
+
 }  // namespace
 
 int comandoPrint(const OpzioniPrint& opzioni) {
   const Profilo profilo = leggiProfiloConRegistro(opzioni.profilo);
+  if (const std::string motivo = fileRifiutato(opzioni.file); !motivo.empty()) {
+    std::cerr << motivo << '\n';
+    return kRifiutato;
+  }
   Terminale terminale;
   terminale.fileDaSalvare = opzioni.file;
   Surroundings surroundings(profilo, terminale, impaginatoreDelProgramma);

@@ -56,6 +56,28 @@ TEST_F(Print, TheAccountsNeedNoYear) {
   EXPECT_THAT(traccia(), HasSubstr(" And Anno <= 2015"));
 }
 
+TEST_F(Print, OnlyAnEarlierPrintIsReplaced) {
+  const std::string prima("SQLite format 3\0", 16);
+  posto.cartella().write("copia.db", prima);
+  const auto stampaIn = [&](const std::string& file) {
+    return posto.cuctl({"print", "--profile", posto.profilo(), "--report", kConti, "--output", file});
+  };
+  const Esecuzione rifiutata = stampaIn("copia.db");
+  EXPECT_EQ(rifiutata.codice, 1);
+  EXPECT_EQ(rifiutata.uscita, "");
+  EXPECT_EQ(rifiutata.errori, "Il file «" + (posto.cartella() / "copia.db") +
+                                  "» esiste già e non è un PDF: non viene sostituito.\n");
+  EXPECT_TRUE(posto.cartella().read("copia.db") == prima);
+  posto.cartella().write("appunti.pdf", "Da non perdere\n");
+  EXPECT_EQ(stampaIn("appunti").codice, 1);
+  EXPECT_THAT(stampaIn(".").errori,
+              HasSubstr("/.» è una cartella: per la stampa serve il nome di un file.\n"));
+  posto.cartella().write("vuoto.pdf", "");
+  EXPECT_EQ(stampaIn("vuoto.pdf").codice, 0);
+  posto.cartella().write("di_prima.pdf", "%PDF-1.4\n");
+  EXPECT_EQ(stampaIn("di_prima").codice, 0);
+}
+
 TEST_F(Print, TheCertificatesAreOfOneYear) {
   EXPECT_EQ(stampa(kSintetico, {"--year", "2016"}).uscita, registrata(kSintetico));
   EXPECT_EQ(stampa(kAnalitico, {"--year", "2016"}).uscita, registrata(kAnalitico));
