@@ -56,7 +56,10 @@ int comandoMake(const OpzioniMake& opzioni) {
   if (!corsa.riuscita) {
     const bool detto =
         !terminale.messaggi.empty() || !terminale.registri.empty() || !terminale.avvisi.empty();
-    if (!detto) std::cerr << "La procedura si è fermata prima della fine.\n";
+    if (!detto) {
+      std::cerr << "La procedura si è fermata prima della fine" << (corsa.motivo.empty() ? "" : ": ")
+                << corsa.motivo << ".\n";
+    }
     return kRifiutato;
   }
   if (corsa.scritto->certificazioni == 0) {

@@ -28,7 +28,14 @@ namespace {
 namespace fs = std::filesystem;
 
 // How the run of one company has ended. The letters pass from the process that did it.
-enum class Esito : char { Scritta = 's', GiaScritta = 'g', SenzaConti = 'c', Rifiutata = 'r' };
+enum class Esito : char {
+  Scritta = 's',
+  ConErrori = 'e',    // written, and the check of the file finds errors
+  SenzaModuli = 'm',  // written, and some of its forms are not
+  GiaScritta = 'g',
+  SenzaConti = 'c',
+  Rifiutata = 'r'
+};
 
 struct EsitoAzienda {
   Esito esito = Esito::Rifiutata;
@@ -70,11 +77,12 @@ std::string ragioni(const CorsaMake& corsa, const Terminale& terminale) {
   for (const Terminale::Avviso& avviso : terminale.avvisi) {
     if (!avviso.passato) aggiungi(elenco, unaRiga(avviso.testo) + " (--yes per proseguire)");
   }
+  aggiungi(elenco, corsa.motivo);
   return elenco.empty() ? "la procedura si è fermata prima della fine" : elenco;
 }
 
-std::string avvisi(const CorsaMake& corsa, const Terminale& terminale) {
-  std::string elenco;
+std::string avvisi(const CorsaMake& corsa, const Terminale& terminale, const std::string& diPrima) {
+  std::string elenco = diPrima;
   for (const Terminale::Avviso& avviso : terminale.avvisi) {
     if (avviso.passato) aggiungi(elenco, unaRiga(avviso.testo));
   }
@@ -85,16 +93,34 @@ std::string avvisi(const CorsaMake& corsa, const Terminale& terminale) {
   return elenco.empty() ? elenco : "; avvisi: " + elenco;
 }
 
-EsitoAzienda dettaCorsa(const CorsaMake& corsa, const Terminale& terminale) {
+EsitoAzienda dettaCorsa(const CorsaMake& corsa, const Terminale& terminale, const std::string& diPrima) {
   if (!corsa.riuscita) return {Esito::Rifiutata, "rifiutata: " + ragioni(corsa, terminale)};
   if (corsa.scritto->certificazioni == 0) {
     return {Esito::Rifiutata, "rifiutata: la selezione non dà certificazioni"};
   }
   const std::string scritto = corsa.scritto->percorso + ", certificazioni " +
                               fromInteger(static_cast<std::int64_t>(corsa.scritto->certificazioni)) +
-                              avvisi(corsa, terminale);
-  if (terminale.messaggi.empty()) return {Esito::Scritta, "scritta: " + scritto};
-  return {Esito::Rifiutata, "scritta con errori: " + scritto + "; errori: " + ragioni(corsa, terminale)};
+                              avvisi(corsa, terminale, diPrima);
+  if (!terminale.messaggi.empty()) {
+    return {Esito::SenzaModuli,
+            "scritta, ma senza tutti i moduli: " + scritto + "; errori: " + ragioni(corsa, terminale)};
+  }
+  if (corsa.dopo.rilievi.errori() > 0) {
+    return {Esito::ConErrori, "scritta, ma il file ha errori: " + scritto};
+  }
+  return {Esito::Scritta, "scritta: " + scritto};
+}
+
+// Why a folder cannot be created, in Italian.
+std::string dettoErroreCartella(const fs::path& cartella, const std::error_code& errore) {
+  std::string motivo = "codice di sistema " + fromInteger(errore.value());
+  if (errore == std::errc::permission_denied) motivo = "mancano i permessi";
+  if (errore == std::errc::read_only_file_system) motivo = "il disco è di sola lettura";
+  if (errore == std::errc::no_space_on_device) motivo = "sul disco non c'è spazio";
+  if (errore == std::errc::not_a_directory || errore == std::errc::file_exists) {
+    motivo = "c'è un file con quel nome";
+  }
+  return "la cartella «" + cartella.string() + "» non si può creare: " + motivo;
 }
 
 // The run of one company, in a process of its own.
@@ -145,7 +171,11 @@ class CorsaAzienda {
     const riscontro::Scritte scritte = riscontro::scritte(registro, esercizio, utilita);
     const auto numero = [](std::size_t quante) { return fromInteger(static_cast<std::int64_t>(quante)); };
     if (scritte.conti > 0 && scritte.scritte == scritte.conti) {
-      return EsitoAzienda{Esito::GiaScritta, "già scritta: certificazioni " + numero(scritte.scritte)};
+      std::string detto = "già scritta: certificazioni " + numero(scritte.scritte);
+      if (scritte.scartate > 0) {
+        detto += ", scartate " + numero(scritte.scartate) + " (si riscrivono da sole con «cuctl correct»)";
+      }
+      return EsitoAzienda{Esito::GiaScritta, detto};
     }
     if (scritte.inviate == 0) return {};
     return EsitoAzienda{Esito::Rifiutata, "rifiutata: altre certificazioni dell'anno sono già inviate; le " +
@@ -164,8 +194,29 @@ class CorsaAzienda {
     return {};
   }
 
+  // What the Agenzia already has of the year, and a new ordinary file would give it again; "" for nothing.
+  std::string giaInviate() {
+    if (opzioni_.richiesta.tipo != Comunicazione::Ordinaria) return {};
+    const auto connessione = apriConnessione(profilo_.database);
+    riscontro::Registro registro(*connessione);
+    if (!registro.presente()) return {};
+    Terminale terminale;
+    const UtilitaItaliana utilita(terminale, "");
+    const std::size_t presso =
+        riscontro::scritte(registro, {profilo_.sessione.azienda, anno()}, utilita).presso;
+    if (presso == 0) return {};
+    return "certificazioni dell'anno già inviate: " + fromInteger(static_cast<std::int64_t>(presso)) +
+           ", che un nuovo file ripeterebbe; solo ciò che manca lo scrive «cuctl correct»";
+  }
+
   EsitoAzienda fai() {
-    const bool nuova = fs::create_directories(cartella_);
+    const std::string inviate = giaInviate();
+    if (!inviate.empty() && !opzioni_.passaAvvisi) {
+      return {Esito::Rifiutata, "rifiutata: " + inviate + " (--yes per proseguire)"};
+    }
+    std::error_code errore;
+    const bool nuova = fs::create_directories(cartella_, errore);
+    if (errore) return {Esito::Rifiutata, "rifiutata: " + dettoErroreCartella(cartella_, errore)};
     OpzioniMake opzioni = opzioni_;
     opzioni.richiesta.cartella = cartella_.string();
     Terminale terminale;
@@ -174,7 +225,7 @@ class CorsaAzienda {
     togliTabella();
     std::error_code ignorato;
     if (nuova && fs::is_empty(cartella_, ignorato)) fs::remove(cartella_, ignorato);
-    return dettaCorsa(corsa, terminale);
+    return dettaCorsa(corsa, terminale, inviate);
   }
 
   // Nobody works in such a session again: its work table would remain.
@@ -211,9 +262,17 @@ EsitoAzienda letto(const EsitoProcesso& processo) {
 
 void scriviSomma(std::size_t tutte, std::map<Esito, std::size_t>& somma) {
   std::cout << "Aziende " << tutte << ": scritte " << somma[Esito::Scritta];
+  if (somma[Esito::ConErrori] > 0) std::cout << ", scritte con errori nel file " << somma[Esito::ConErrori];
+  if (somma[Esito::SenzaModuli] > 0)
+    std::cout << ", scritte senza tutti i moduli " << somma[Esito::SenzaModuli];
   if (somma[Esito::GiaScritta] > 0) std::cout << ", già scritte " << somma[Esito::GiaScritta];
   if (somma[Esito::SenzaConti] > 0) std::cout << ", senza conti " << somma[Esito::SenzaConti];
-  std::cout << ", rifiutate " << somma[Esito::Rifiutata] << ".\n";
+  std::cout << ", rifiutate " << somma[Esito::Rifiutata] << ".\n" << std::flush;
+  if (somma[Esito::SenzaModuli] > 0) {
+    std::cerr << "Dove mancano dei moduli il file risulta scritto: tolta la causa, si rifanno indicando "
+                 "l'azienda con "
+                 "--company, senza --only-missing.\n";
+  }
 }
 
 }  // namespace
@@ -222,7 +281,11 @@ int comandoMakeAziende(const OpzioniMake& opzioni) {
   const Profilo profilo = leggiProfiloConRegistro(opzioni.profilo);
   const auto indicati = databaseIndicati(*opzioni.aziende, profilo);
   if (!indicati) return kUsoSbagliato;
-  const std::vector<DatabaseScelto> database = leggiDatabase(*indicati);
+  bool esclusi = false;
+  const std::vector<DatabaseScelto> database = leggiDatabase(*indicati, [&](const std::string& testo) {
+    esclusi = true;
+    std::cerr << testo << '\n';
+  });
   std::vector<AziendaScelta> scelte;
   try {
     scelte = scegliAziende(database, opzioni.aziende->richieste);
@@ -246,7 +309,7 @@ int comandoMakeAziende(const OpzioniMake& opzioni) {
         std::cout << dettaAzienda(database, scelte[quale]) << ": " << fatta.testo << '\n' << std::flush;
       });
   scriviSomma(scelte.size(), somma);
-  return somma[Esito::Rifiutata] == 0 ? kRiuscito : kRifiutato;
+  return !esclusi && somma[Esito::Rifiutata] + somma[Esito::SenzaModuli] == 0 ? kRiuscito : kRifiutato;
 }
 
 }  // namespace cu

@@ -2,9 +2,12 @@
 
 #include "apps/comune/sessione_comando.h"
 #include "base/text.h"
+#include "data/recordset.h"
 #include "esito.h"
+#include "fornitura/scrittura.h"
 #include "host/testi_programma.h"
 #include "stampe.h"
+#include "telematic/controlli.h"
 
 namespace cu {
 namespace {
@@ -24,6 +27,22 @@ fornitura::RichiestaCU completaCorsa(const OpzioniMake& opzioni, SessioneComando
   return richiesta;
 }
 
+// The wizard does not say why a file cannot be written: what its folder shows.
+std::string motivoDellaCartella(const fornitura::Intorno& intorno, const fornitura::RichiestaCU& richiesta) {
+  FileSystem& files = intorno.files;
+  Recordset azienda;
+  azienda.Open(intorno.ambito.database->ownConnection(), Controlli::fnQueryAzienda(intorno.ambito.idAzienda));
+  if (azienda.Eof()) return {};
+  const std::string file =
+      files.join(richiesta.cartella,
+                 fornitura::fnNomeFile(intorno.utilita.toText(azienda.Get("CodFisc")), richiesta.anno));
+  if (!files.folderExists(richiesta.cartella)) return {};
+  if (files.fileExists(file)) return files.canWrite(file) ? "" : "il file " + file + " non si può sostituire";
+  return files.canWriteIn(richiesta.cartella)
+             ? ""
+             : "nella cartella " + richiesta.cartella + " non si può scrivere";
+}
+
 }  // namespace
 
 CorsaMake eseguiMake(const Profilo& profilo, const OpzioniMake& opzioni, Terminale& terminale, bool ricorda) {
@@ -35,8 +54,9 @@ CorsaMake eseguiMake(const Profilo& profilo, const OpzioniMake& opzioni, Termina
   SessioneComando sessione(surroundings, terminale);
   sessione.esegui([&] {
     Compensi compensi(surroundings.utilita(), terminale);
-    const auto esito = fornitura::creaCU(sessione.intorno(), compensi,
-                                         completaCorsa(opzioni, sessione, surroundings, terminale, ricorda));
+    const fornitura::RichiestaCU richiesta =
+        completaCorsa(opzioni, sessione, surroundings, terminale, ricorda);
+    const auto esito = fornitura::creaCU(sessione.intorno(), compensi, richiesta);
     corsa.mancanti = esito->mancanti;
     if (esito->mancanti.empty()) {
       scriviRifiuti(esito.refusals, terminale);
@@ -51,6 +71,9 @@ CorsaMake eseguiMake(const Profilo& profilo, const OpzioniMake& opzioni, Termina
                                   profilo.sessione.azienda, nullptr, intorno.modello});
     }
     corsa.riuscita = static_cast<bool>(esito);
+    if (!corsa.riuscita && corsa.mancanti.empty() && terminale.messaggi.empty() && terminale.avvisi.empty()) {
+      corsa.motivo = motivoDellaCartella(sessione.intorno(), richiesta);
+    }
   });
   return corsa;
 }

@@ -15,6 +15,7 @@ struct CorsaMake {
   bool riuscita = false;
   std::optional<fornitura::FileScritto> scritto;
   std::vector<DatoMancante> mancanti;
+  std::string motivo;  // of a run that ended without a word: the folder's, as far as it shows; "" for none
   DopoScrittura dopo;
   std::int32_t anno = 0;
 };

@@ -21,16 +21,29 @@ class Numerate {
   std::map<std::string, int> volte_;
 };
 
+// What has happened to a certificate, in the order in which its files were written.
+struct Vicenda {
+  bool inviata = false;
+  bool presso = false;
+  Stato ultimo = Stato::Scritta;
+
+  void segue(Stato stato) {
+    inviata = inviata || stato != Stato::Scritta;
+    presso = presso || stato == Stato::Inviata || stato == Stato::Accettata;
+    ultimo = stato;
+  }
+};
+
 }  // namespace
 
 Scritte scritte(Registro& registro, const Esercizio& esercizio, const Conversioni& utilita) {
-  std::map<std::string, bool> registrate;  // whether one of them was sent
+  std::map<std::string, Vicenda> registrate;
   Numerate delFile;
   std::int64_t invio = 0;
   for (const Registrata& una : registro.certificate(esercizio.idAzienda, esercizio.anno, false)) {
     if (std::exchange(invio, una.idInvio) != una.idInvio) delFile.daCapo();
     if (!una.ordinaria()) continue;
-    registrate[delFile.chiave(una.certificato)] |= una.stato != Stato::Scritta;
+    registrate[delFile.chiave(una.certificato)].segue(una.stato);
   }
   Scritte somma;
   Numerate deiConti;
@@ -39,7 +52,10 @@ Scritte scritte(Registro& registro, const Esercizio& esercizio, const Conversion
     const auto trovata = registrate.find(deiConti.chiave(conto.certificato));
     if (trovata == registrate.end()) return;
     ++somma.scritte;
-    if (trovata->second) ++somma.inviate;
+    const Vicenda& sua = trovata->second;
+    if (sua.inviata) ++somma.inviate;
+    if (sua.presso) ++somma.presso;
+    if (sua.ultimo == Stato::Scartata) ++somma.scartate;
   });
   return somma;
 }

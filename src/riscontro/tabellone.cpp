@@ -6,9 +6,12 @@
 #include "base/text.h"
 #include "base/windows1252.h"
 #include "data/recordset.h"
+#include "modello/regole.h"
 #include "modello/riconoscimento.h"
 #include "riscontro/stato.h"
+#include "telematic/attestazione.h"
 #include "telematic/controlli.h"
+#include "worklist/tabella_lavoro.h"
 
 namespace cu::riscontro {
 namespace {
@@ -42,6 +45,19 @@ const modello::Modello& modelloPresentato(Registro& registro, const AnnoAzienda&
   return *ultimo;
 }
 
+// What the accounts have, and the form of the year does not.
+std::size_t nonAttestati(Connection& connessione, const Conversioni& utilita, const AnnoAzienda& anno,
+                         const modello::Modello& modello) {
+  if (!modello::codiceDaScegliere(anno.anno, modello)) return 0;
+  Filtri filtri;
+  filtri.anno = fromInteger(anno.anno);
+  return attesta(connessione, utilita,
+                 {.tabella = "Compensi",
+                  .modello = modello,
+                  .righe = fnSelectCompensi(filtri, anno.idAzienda, utilita)})
+      .rifiutati.size();
+}
+
 }  // namespace
 
 std::size_t RigaTabellone::nuove() const {
@@ -70,7 +86,7 @@ std::vector<AnnoAzienda> anniTabellone(Registro& registro, std::int32_t idAziend
 }
 
 RigaTabellone rigaTabellone(Registro& registro, const AnnoAzienda& anno, const Conversioni& utilita,
-                            const std::function<void()>& letti) {
+                            const std::function<void()>& letti, const modello::Modello& modello) {
   RigaTabellone riga;
   riga.idAzienda = anno.idAzienda;
   riga.anno = anno.anno;
@@ -92,7 +108,7 @@ RigaTabellone rigaTabellone(Registro& registro, const AnnoAzienda& anno, const C
   }
   Controlli controlli(registro.connessione(), utilita);
   controlli.eseguiSuiConti(anno.idAzienda, anno.anno);
-  riga.mancanti = controlli.mancanti().size();
+  riga.mancanti = controlli.mancanti().size() + nonAttestati(registro.connessione(), utilita, anno, modello);
   return riga;
 }
 

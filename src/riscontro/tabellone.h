@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/conversioni.h"
+#include "modello/modello.h"
 #include "riscontro/registro.h"
 
 // Where the years of many companies are, in numbers: the board of an office.
@@ -38,8 +39,10 @@ struct AnnoAzienda {
 std::vector<AnnoAzienda> anniTabellone(Registro& registro, std::int32_t idAzienda);
 
 // Without the tables of the record nothing was ever written. `letti` is called after each account, and may
-// raise. Errors of the database rise as they are.
+// raise. `modello` is the form in which a file would be written now: what it does not have is missing too.
+// Errors of the database rise as they are.
 RigaTabellone rigaTabellone(Registro& registro, const AnnoAzienda& anno, const Conversioni& utilita,
-                            const std::function<void()>& letti = {});
+                            const std::function<void()>& letti = {},
+                            const modello::Modello& modello = modello::kModello);
 
 }  // namespace cu::riscontro

@@ -84,7 +84,8 @@ class Esame {
 
   Attestazione esegui() {
     Recordset righe;
-    righe.Open(connessione_, utilita_.fnAnsi2jet(telematico::queryPrincipale(lavoro_.tabella)));
+    righe.Open(connessione_,
+               utilita_.fnAnsi2jet(telematico::queryPrincipale(lavoro_.tabella, lavoro_.righe)));
     for (; !righe.Eof(); righe.MoveNext()) {
       anno_ = static_cast<std::int32_t>(righe.Get("Anno").integer());
       if (!modello::codiceDaScegliere(anno_, lavoro_.modello)) continue;

@@ -18,13 +18,14 @@ struct DaAttestare {
   std::string tabella;  // the work table
   Comunicazione tipo = Comunicazione::Ordinaria;
   const modello::Modello& modello = modello::kModello;
+  std::string righe = {};  // a SELECT of lines as the work table has them, in its place
 };
 
 // What is known of the lines before the file.
 struct Attestazione {
   // What the form of their year does not have, as far as it is attested: codes that are missing or not of the
-  // year, reasons, exceptional events, boxes, payees who need a box of unknown content, and a year without a form. Each is a row
-  // of the log whose code is kNonAttestato.
+  // year, reasons, exceptional events, boxes, payees who need a box of unknown content, and a year without a
+  // form. Each is a row of the log whose code is kNonAttestato.
   std::vector<DatoMancante> rifiutati;
   // Payees whose record can be written, without boxes of unknown content: "Name (fiscal code)", each once.
   std::vector<std::string> conCaselleVuote;

@@ -15,8 +15,9 @@ std::string unisci(std::initializer_list<std::string_view> pezzi) {
 
 }  // namespace
 
-std::string queryPrincipale(std::string_view tabellaLavoro) {
+std::string queryPrincipale(std::string_view tabellaLavoro, std::string_view righe) {
   const std::string_view T = tabellaLavoro;
+  const std::string origine = righe.empty() ? std::string(T) : unisci({"(", righe, ") ", T});
   return unisci({
       "SELECT ",
       T,
@@ -44,7 +45,7 @@ std::string queryPrincipale(std::string_view tabellaLavoro) {
       " NazRes.PrefissoInternazionale PrefissoInternazionaleRes,",
       " EEAz.CodiceEventoEccezionale AS CodiceEventoEccezionaleAz",
       " FROM ",
-      T,
+      origine,
       " INNER JOIN Anagrafica Anag ON ",
       T,
       ".IDAnagrafica = Anag.IDAnagrafica",

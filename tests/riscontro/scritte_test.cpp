@@ -55,6 +55,7 @@ TEST_F(Contate, NoneAtFirstThenTheseOfTheFilesOfThatCompanyAndYear) {
   registro_.segnaInviato(scrivi({conti_[1], conti_[4]}), *Date::fromYmd(2018, 3, 6));
   EXPECT_EQ(ora().scritte, 4U);
   EXPECT_EQ(ora().inviate, 2U);
+  EXPECT_EQ(ora().presso, 2U);
   scrivi(conti_);
   EXPECT_EQ(ora().scritte, conti_.size());
 }

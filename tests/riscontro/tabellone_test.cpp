@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "riscontro/ricevuta.h"
 #include "riscontro/riscontro_prova.h"
 #include "riscontro/stato.h"
@@ -103,6 +105,37 @@ TEST_F(Tabellone, CountsTheDataThatAreMissingInTheAccountsOfTheYear) {
   // What the company itself lacks is missing too.
   connessione_->Execute("UPDATE ConfigurazioneGenerale SET IDCodiceCaricaRappresentante = NULL");
   EXPECT_EQ(riga().mancanti, persone + 1);
+}
+
+TEST_F(Tabellone, MissesWhatTheFormOfTheYearDoesNotHave) {
+  const auto inAnno = [this](int anno) {
+    for (const char* tabella : {"ContoIndividuale", "ContoIndividualeDatiAggiuntivi", "PeriodoIva"}) {
+      connessione_->Execute(std::string("UPDATE ") + tabella + " SET Anno = " + std::to_string(anno) +
+                            " WHERE Anno >= 2017");
+    }
+  };
+  const auto mancanti = [this](int anno, const modello::Modello& modello) {
+    return rigaTabellone(registro_, {1, anno}, utilita_, {}, modello).mancanti;
+  };
+  connessione_->Execute("DELETE FROM PeriodoIva WHERE Anno > 2017");
+  // Nothing is known of the form of 2026: that is one line for all.
+  inAnno(2026);
+  EXPECT_EQ(mancanti(2026, modello::kModello), 0U);
+  EXPECT_EQ(mancanti(2026, modello::kModelloPubblicato), 1U);
+  // A sum not subject has no code.
+  inAnno(2021);
+  connessione_->Execute("DELETE FROM ModuloXContoIndividuale");
+  connessione_->Execute("DELETE FROM ContoIndividualeDatiAggiuntivi");
+  connessione_->Execute("UPDATE ContoIndividuale SET SommeNonSoggette = 0, QuotaProvvigioniNonSoggette = 0");
+  const std::size_t prima = mancanti(2021, modello::kModelloPubblicato);
+  connessione_->Execute(
+      "UPDATE ContoIndividuale SET SommeNonSoggette = 10 WHERE Anno = 2021 AND IDCausalePagamento = "
+      "(SELECT IDCausalePagamento FROM CausalePagamento WHERE Codice = 'A')");
+  const auto professionisti = static_cast<std::size_t>(
+      std::count_if(conti_.begin(), conti_.end(), [](const auto& conto) { return conto.causale() == "A"; }));
+  ASSERT_GT(professionisti, 0U);
+  EXPECT_EQ(mancanti(2021, modello::kModelloPubblicato), prima + professionisti);
+  EXPECT_EQ(mancanti(2021, modello::kModello), 0U);
 }
 
 TEST_F(Tabellone, HasTheYearsOfTheAccountsAndOfTheRecord) {

@@ -166,6 +166,57 @@ TEST_F(MolteAziende, WhatCameAfterAFileThatWasSentIsLeftToCorrections) {
                         "le 1 nuove si scrivono da sole con «cuctl correct»"));
 }
 
+TEST_F(MolteAziende, WhatTheAgenziaHasIsGivenAgainOnlyWhereItIsConfirmed) {
+  ASSERT_EQ(make({"--company", "2", "--company", "3", "--folder", in("cu")}).codice, 0);
+  posto_.imposta("session.company", "2");
+  ASSERT_EQ(posto_.cuctl({"sent", file(2), "--profile", posto_.profilo()}).codice, 0);
+  const std::string inviato = byteDi(file(2));
+  posto_.lettore()->esegui("UPDATE Anagrafica SET EMailInternet = 'altra@azienda.example'");
+  const Esecuzione corsa = tutte();
+  EXPECT_EQ(corsa.codice, 1);
+  EXPECT_THAT(corsa.uscita, HasSubstr("azienda 2): rifiutata: certificazioni dell'anno già inviate: "));
+  EXPECT_THAT(corsa.uscita, HasSubstr(" (--yes per proseguire)\n"));
+  EXPECT_EQ(righe(corsa.uscita).back(), "Aziende 6: scritte 5, rifiutate 1.");
+  EXPECT_TRUE(byteDi(file(2)) == inviato);
+  const Esecuzione confermata = tutte({"--yes"});
+  EXPECT_EQ(confermata.codice, 0) << confermata.uscita;
+  EXPECT_THAT(confermata.uscita, HasSubstr("; avvisi: certificazioni dell'anno già inviate: "));
+  EXPECT_FALSE(byteDi(file(2)) == inviato);
+}
+
+TEST_F(MolteAziende, RejectedOnesAreNamedWhereTheirFileIsOnRecord) {
+  ASSERT_EQ(make({"--company", "2", "--folder", in("cu")}).codice, 0);
+  posto_.imposta("session.company", "2");
+  ASSERT_EQ(posto_.cuctl({"sent", file(2), "--profile", posto_.profilo()}).codice, 0);
+  posto_.lettore()->esegui(
+      "UPDATE CuCertificazione SET Stato = 'scartata' WHERE IDCertificazione = "
+      "(SELECT MAX(IDCertificazione) FROM CuCertificazione)");
+  const Esecuzione corsa = make({"--company", "2", "--only-missing", "--folder", in("cu")});
+  EXPECT_EQ(corsa.codice, 0) << corsa.uscita;
+  EXPECT_THAT(corsa.uscita, HasSubstr(", scartate 1 (si riscrivono da sole con «cuctl correct»)\n"));
+}
+
+TEST_F(MolteAziende, AFolderThatCannotBeIsSaid) {
+  std::filesystem::create_directory(in("cu"));
+  std::ofstream(in("cu/" + codice(2))) << "un file";
+  std::filesystem::create_directories(in("cu/" + codice(3) + "/CUR_" + codice(3) + "_2017.cur/dentro"));
+  const Esecuzione corsa = tutte();
+  EXPECT_EQ(corsa.codice, 1);
+  EXPECT_THAT(corsa.uscita, HasSubstr("azienda 2): rifiutata: la cartella «" + in("cu/" + codice(2)) +
+                                      "» non si può creare: c'è un file con quel nome\n"));
+  EXPECT_THAT(corsa.uscita, HasSubstr("azienda 3): rifiutata: "));
+  EXPECT_EQ(righe(corsa.uscita).back(), "Aziende 6: scritte 4, rifiutate 2.");
+}
+
+TEST_F(MolteAziende, AFileWithErrorsIsCountedApart) {
+  posto_.lettore()->esegui(
+      "UPDATE Anagrafica SET Anagrafica = 'Una' || char(10) || 'riga' WHERE IDAnagrafica = "
+      "(SELECT IDAnagrafica FROM Azienda WHERE IDAzienda = 4)");
+  const Esecuzione corsa = tutte();
+  EXPECT_THAT(corsa.uscita, HasSubstr("azienda 4): scritta, ma il file ha errori: "));
+  EXPECT_EQ(righe(corsa.uscita).back(), "Aziende 6: scritte 5, scritte con errori nel file 1, rifiutate 0.");
+}
+
 TEST_F(MolteAziende, ARunThatWasKilledIsRepeatedForTheRest) {
   {
     std::vector<std::string> argomenti = comando({"--all-companies", "--jobs", "1", "--folder", in("cu")});
@@ -240,6 +291,31 @@ TEST(MoltiDatabase, HaveFoldersOfTheirOwnAlsoForTheSameCompany) {
   EXPECT_THAT(corsa.uscita, HasSubstr("sud, Azienda Sintetica S.p.A."));
   EXPECT_GT(byteDi(posto.cartella() / "cu/nord/00000000232/CUR_00000000232_2017.cur").size(), 1900U);
   EXPECT_GT(byteDi(posto.cartella() / "cu/sud/00000000232/CUR_00000000232_2017.cur").size(), 1900U);
+}
+
+TEST(MoltiDatabase, OneThatCannotBeReadStopsNoOtherAndTheSameTwiceIsOne) {
+  Posto posto(Posto::Database::Nessuno);
+  ASSERT_EQ(
+      posto.cuctl({"create", "--database", "sqlite:nord.db", "--payees", "3", "--years", "2017"}).codice, 0);
+  posto.cartella().write("sud.db", "nessun database, e lungo abbastanza per non sembrare vuoto");
+  std::filesystem::create_symlink(posto.cartella() / "nord.db", posto.cartella() / "ovest.db");
+  const auto comando = [&](std::vector<std::string> prima) {
+    prima.insert(prima.end(), {"--profile", posto.profilo(), "--year", "2017", "--all-companies"});
+    for (const char* nome : {"nord.db", "sud.db", "ovest.db", "manca.db"}) {
+      prima.insert(prima.end(), {"--database", std::string("sqlite:") + nome});
+    }
+    return posto.cuctl(prima);
+  };
+  const Esecuzione corsa = comando({"make", "--folder", posto.cartella() / "cu"});
+  EXPECT_EQ(corsa.codice, 1);
+  EXPECT_THAT(corsa.errori, HasSubstr("sud: Il file «"));
+  EXPECT_THAT(corsa.errori, HasSubstr("manca: Il database «"));
+  EXPECT_THAT(corsa.uscita, HasSubstr("nord, Azienda Sintetica S.p.A. (00000000232, azienda 1): scritta: "));
+  EXPECT_THAT(corsa.uscita, HasSubstr("\nAziende 1: scritte 1, rifiutate 0.\n"));
+  EXPECT_GT(byteDi(posto.cartella() / "cu/nord/00000000232/CUR_00000000232_2017.cur").size(), 1900U);
+  const Esecuzione quadro = comando({"status"});
+  EXPECT_EQ(quadro.codice, 1);
+  EXPECT_THAT(quadro.uscita, HasSubstr("\nRighe 1, certificazioni 3"));
 }
 
 TEST(MakeUsage, OptionsOfManyCompaniesGoTogether) {

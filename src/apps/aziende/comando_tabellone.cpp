@@ -6,6 +6,7 @@
 
 #include "apps/aziende/tabellone_letto.h"
 #include "apps/comune/codici_uscita.h"
+#include "apps/comune/modello_del_profilo.h"
 #include "apps/comune/registro_programma.h"
 #include "apps/comune/tavola.h"
 #include "apps/esame/json_lettura.h"
@@ -109,12 +110,18 @@ int comandoTabellone(const OpzioniTabellone& opzioni) {
   const Profilo profilo = leggiProfiloConRegistro(opzioni.profilo);
   const auto indicati = databaseIndicati(opzioni.aziende, profilo);
   if (!indicati) return kUsoSbagliato;
-  const std::vector<DatabaseScelto> database = leggiDatabase(*indicati);
+  int stato = kRiuscito;
+  const std::vector<DatabaseScelto> database = leggiDatabase(*indicati, [&](const std::string& testo) {
+    stato = kRifiutato;
+    std::cerr << testo << '\n';
+  });
   const Date oggi = orologio(profilo)->today();
   std::vector<VoceTabellone> voci;
   try {
-    voci = leggiTabellone(database,
-                          {.richieste = opzioni.aziende.richieste, .anno = opzioni.anno, .oggi = oggi});
+    voci = leggiTabellone(database, {.richieste = opzioni.aziende.richieste,
+                                     .anno = opzioni.anno,
+                                     .oggi = oggi,
+                                     .modello = modelloDi(profilo)});
   } catch (const SceltaErrata& errore) {
     std::cerr << errore.what() << '\n';
     return kRifiutato;
@@ -123,7 +130,7 @@ int comandoTabellone(const OpzioniTabellone& opzioni) {
     Json lista = Json::array();
     for (const VoceTabellone& voce : voci) lista.push_back(jsonVoce(database, voce, oggi));
     std::cout << lista.dump(-1, ' ', false, kNonUtf8) << '\n';
-    return kRiuscito;
+    return stato;
   }
   for (std::size_t i = 0; i < database.size(); ++i) {
     const bool senza = std::any_of(voci.begin(), voci.end(), [i](const VoceTabellone& voce) {
@@ -137,7 +144,7 @@ int comandoTabellone(const OpzioniTabellone& opzioni) {
   }
   scriviTavola(database, voci, oggi);
   scriviSomma(voci);
-  return kRiuscito;
+  return stato;
 }
 
 }  // namespace cu

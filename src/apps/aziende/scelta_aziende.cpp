@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <set>
 #include <utility>
 
 #include "apps/comune/connessioni.h"
 #include "base/ascii.h"
 #include "base/text.h"
+#include "data/database.h"
 
 namespace cu {
 namespace {
@@ -90,9 +92,28 @@ std::string tracciaPer(const std::string& traccia, const std::string& coda) {
       .string();
 }
 
+// Also by another path to the same file.
+bool lostesso(const Profilo::Database& uno, const Profilo::Database& altro) {
+  if (uno.motore != altro.motore) return false;
+  if (uno.origine == altro.origine) return true;
+  std::error_code nonEsiste;
+  return uno.motore == Profilo::Motore::Sqlite &&
+         std::filesystem::equivalent(uno.origine, altro.origine, nonEsiste);
+}
+
+void togliDoppi(std::vector<Profilo::Database>& database) {
+  for (auto uno = database.begin(); uno != database.end();) {
+    const bool doppio =
+        std::any_of(database.begin(), uno, [&](const auto& altro) { return lostesso(*uno, altro); });
+    uno = doppio ? database.erase(uno) : std::next(uno);
+  }
+}
+
 }  // namespace
 
-std::vector<DatabaseScelto> leggiDatabase(std::vector<Profilo::Database> database) {
+std::vector<DatabaseScelto> leggiDatabase(std::vector<Profilo::Database> database,
+                                          const std::function<void(const std::string& testo)>& escluso) {
+  togliDoppi(database);
   std::vector<DatabaseScelto> letti;
   std::set<std::string> nomi;
   for (Profilo::Database& uno : database) {
@@ -100,7 +121,13 @@ std::vector<DatabaseScelto> leggiDatabase(std::vector<Profilo::Database> databas
     std::string nome = suo;
     for (int volta = 2; !nomi.insert(lowerAscii(nome)).second; ++volta) nome = suo + "-" + fromInteger(volta);
     chiediPassword(uno);
-    letti.push_back({nome, uno, aziendeDelDatabase(*apriConnessione(uno))});
+    letti.push_back({nome, uno, {}});
+    try {
+      letti.back().aziende = aziendeDelDatabase(*apriConnessione(uno));
+    } catch (const DatabaseError& errore) {
+      if (!escluso || database.size() < 2) throw;
+      escluso(nome + ": " + errore.description());
+    }
   }
   return letti;
 }

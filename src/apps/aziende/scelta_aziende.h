@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -19,8 +20,11 @@ struct DatabaseScelto {
   std::vector<AziendaTrovata> aziende;
 };
 
-// Opens each database and reads its companies; a password is asked for once. Errors rise as they are.
-std::vector<DatabaseScelto> leggiDatabase(std::vector<Profilo::Database> database);
+// Opens each database and reads its companies; a password is asked for once. The same file given twice is one
+// database. Errors rise as they are; where `escluso` is given and there are several databases, one that
+// cannot be read has no companies, and its error's text goes there.
+std::vector<DatabaseScelto> leggiDatabase(std::vector<Profilo::Database> database,
+                                          const std::function<void(const std::string& testo)>& escluso = {});
 
 struct AziendaScelta {
   std::size_t database = 0;  // its place in the list

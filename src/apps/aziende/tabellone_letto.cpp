@@ -26,6 +26,7 @@ std::vector<Lavoro> lavori(const std::vector<DatabaseScelto>& database,
   std::vector<Lavoro> tutti;
   const std::vector<AziendaScelta> scelte = scegliAziende(database, richiesta.richieste);
   for (std::size_t i = 0; i < database.size(); ++i) {
+    if (!connessioni[i]) continue;
     riscontro::Registro registro(*connessioni[i]);
     std::map<std::int32_t, std::vector<riscontro::AnnoAzienda>> anni;
     for (const riscontro::AnnoAzienda& uno : riscontro::anniTabellone(registro, 0)) {
@@ -44,7 +45,10 @@ std::vector<VoceTabellone> leggiTabellone(const std::vector<DatabaseScelto>& dat
                                           const RichiestaTabellone& richiesta) {
   std::vector<std::unique_ptr<Connection>> connessioni;
   connessioni.reserve(database.size());
-  for (const DatabaseScelto& uno : database) connessioni.push_back(apriConnessione(uno.database));
+  // One without companies may be one that could not be opened.
+  for (const DatabaseScelto& uno : database) {
+    connessioni.push_back(uno.aziende.empty() ? nullptr : apriConnessione(uno.database));
+  }
   const std::vector<Lavoro> tutti = lavori(database, connessioni, richiesta);
   std::size_t righe = 0;
   for (const Lavoro& lavoro : tutti) righe += lavoro.anni.size();
@@ -61,7 +65,7 @@ std::vector<VoceTabellone> leggiTabellone(const std::vector<DatabaseScelto>& dat
     for (const riscontro::AnnoAzienda& anno : lavoro.anni) {
       avanza();
       VoceTabellone voce{lavoro.database, lavoro.azienda, {}, {}, presente};
-      voce.riga = riscontro::rigaTabellone(registro, anno, utilita, avanza);
+      voce.riga = riscontro::rigaTabellone(registro, anno, utilita, avanza, richiesta.modello);
       voce.termini = riscontro::termini(scadenze, anno.anno, voce.riga.daInviare, richiesta.oggi);
       voci.push_back(std::move(voce));
     }

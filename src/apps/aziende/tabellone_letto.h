@@ -9,6 +9,7 @@
 
 #include "apps/aziende/scelta_aziende.h"
 #include "base/date.h"
+#include "modello/modello.h"
 #include "riscontro/scadenze.h"
 #include "riscontro/tabellone.h"
 
@@ -24,9 +25,10 @@ struct VoceTabellone {
 };
 
 struct RichiestaTabellone {
-  std::vector<std::string> richieste;  // companies, as for scegliAziende
-  std::optional<std::int32_t> anno;    // all years without it
-  Date oggi;                           // for what is late
+  std::vector<std::string> richieste;                   // companies, as for scegliAziende
+  std::optional<std::int32_t> anno;                     // all years without it
+  Date oggi;                                            // for what is late
+  const modello::Modello& modello = modello::kModello;  // the form of the files
   // How many lines there will be, how many are read; may raise.
   std::function<void(std::size_t righe, std::size_t lette)> avanza = {};
 };

@@ -10,6 +10,7 @@
 #include <functional>
 #include <set>
 
+#include "apps/comune/modello_del_profilo.h"
 #include "apps/strumenti/esportazione.h"
 #include "apps/strumenti/finestra_stato.h"
 #include "apps/strumenti/frase.h"
@@ -235,8 +236,8 @@ void FinestraTabellone::leggi() {
   esegui({.che = QStringLiteral("Lettura delle aziende…"),
           .lavoro =
               [this, lette, profilo = profilo_, oggi = oggi_] {
-                RichiestaTabellone richiesta;
-                richiesta.oggi = oggi;
+                RichiestaTabellone richiesta{
+                    .richieste = {}, .anno = {}, .oggi = oggi, .modello = modelloDi(profilo)};
                 richiesta.avanza = [this](std::size_t righe, std::size_t quante) {
                   lavoro().avanza("Lettura delle aziende", quante, righe);
                 };
