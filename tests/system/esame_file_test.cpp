@@ -67,6 +67,16 @@ TEST_F(EsameFile, ValidateCountsErrorsAndWarnings) {
       HasSubstr("riga 4, posizione 1898: In posizione 1898 manca la A che chiude il record. (L02, errore)"));
 }
 
+TEST_F(EsameFile, WhatIsPlainlySomethingElseIsNamed) {
+  const Esecuzione pdf = posto_.cuctl({"validate", scrivi("modulo.cur", "%PDF-1.4\nuna stampa\n")});
+  EXPECT_EQ(pdf.codice, 2);
+  EXPECT_EQ(pdf.uscita, "");
+  EXPECT_THAT(
+      pdf.errori,
+      HasSubstr("modulo.cur: questo è un documento PDF, non un file telematico della Certificazione Unica."));
+  EXPECT_EQ(posto_.cuctl({"validate", scrivi("testo.cur", "una riga\n")}).codice, 1);
+}
+
 TEST_F(EsameFile, ValidateInJsonHasTheFindings) {
   const std::string guasto = danneggiato(4, 114 + 8, "x");
   const Esecuzione esecuzione = posto_.cuctl({"validate", "--json", guasto});

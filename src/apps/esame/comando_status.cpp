@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <array>
 #include <iostream>
 #include <map>
 
+#include "apps/comune/aziende_database.h"
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/modello_del_profilo.h"
 #include "apps/comune/registro_programma.h"
@@ -44,6 +46,12 @@ void scrivi(const VoceStato& voce) {
   }
 }
 
+bool haAzienda(Connection& connessione, std::int32_t idAzienda) {
+  const std::vector<AziendaTrovata> aziende = aziendeDelDatabase(connessione);
+  return std::any_of(aziende.begin(), aziende.end(),
+                     [&](const AziendaTrovata& azienda) { return azienda.azienda == idAzienda; });
+}
+
 }  // namespace
 
 int comandoStatus(const OpzioniStatus& opzioni) {
@@ -53,6 +61,10 @@ int comandoStatus(const OpzioniStatus& opzioni) {
   const UtilitaItaliana utilita(terminale, profilo.documenti);
   const std::vector<VoceStato> voci = riscontro::statoEsercizio(
       *registro, {profilo.sessione.azienda, opzioni.anno, modelloDi(profilo)}, utilita);
+  if (voci.empty() && !haAzienda(registro->connessione(), profilo.sessione.azienda)) {
+    std::cerr << "L'azienda " << profilo.sessione.azienda << ", indicata dal profilo, non è nel database.\n";
+    return kRifiutato;
+  }
   if (opzioni.json) {
     nlohmann::ordered_json lista = nlohmann::ordered_json::array();
     for (const VoceStato& voce : voci) lista.push_back(json(voce));

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <iostream>
 
 #include "apps/comune/codici_uscita.h"
@@ -5,9 +6,26 @@
 #include "apps/comune/file_letto.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/json_lettura.h"
+#include "apps/esame/natura_file.h"
 #include "apps/esame/testo_rilievi.h"
 
 namespace cu {
+namespace {
+
+// Raises FileIlleggibile for what is plainly something else, of which every line would be a finding.
+void rifiutaEstraneo(const std::string& percorso) {
+  std::error_code errore;
+  if (!std::filesystem::is_regular_file(percorso, errore)) return;  // a pipe can be read once
+  FileLetto file(percorso);
+  std::string inizio(kInizioFile, '\0');
+  inizio.resize(file.leggi(inizio.data(), inizio.size()));
+  const std::string natura = naturaDi(inizio);
+  if (natura.empty()) return;
+  throw FileIlleggibile(percorso + ": questo è " + natura +
+                        ", non un file telematico della Certificazione Unica.");
+}
+
+}  // namespace
 
 int comandoValidate(const OpzioniValidate& opzioni) {
   const ElencoLuoghi luoghi;
@@ -16,6 +34,7 @@ int comandoValidate(const OpzioniValidate& opzioni) {
   for (const std::string& percorso : opzioni.file) {
     nlohmann::ordered_json json = {{"file", percorso}};
     try {
+      rifiutaEstraneo(percorso);
       FileLetto file(percorso);
       const lettura::Esito esito = lettura::esamina(file, &luoghi);
       const bool male = esito.rilievi.errori() > 0 || (opzioni.severo && esito.rilievi.avvisi() > 0);

@@ -1,10 +1,10 @@
-#include "apps/strumenti/natura_file.h"
+#include "apps/esame/natura_file.h"
 
 #include <array>
 
 #include "base/text.h"
 
-namespace cu::strumenti {
+namespace cu {
 namespace {
 
 struct Segno {
@@ -66,4 +66,4 @@ bool cominciaComeRecordA(std::string_view inizio) {
   return testa.starts_with('A') && testa.find_first_not_of(' ', 1) == std::string_view::npos;
 }
 
-}  // namespace cu::strumenti
+}  // namespace cu
