@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <iostream>
 
 #include "apps/comune/copia_sicurezza.h"
@@ -32,8 +33,11 @@ int comandoBackup(const OpzioniBackup& opzioni) {
     std::cerr << "Interrotto: non è stata fatta nessuna copia.\n";
   } catch (const DatabaseError& errore) {
     std::cerr << errore.what();
-    if (errore.kind() == DatabaseErrorKind::Exists && !opzioni.sostituisci)
+    std::error_code ignorato;
+    if (errore.kind() == DatabaseErrorKind::Exists && !opzioni.sostituisci &&
+        !std::filesystem::is_directory(opzioni.file, ignorato)) {
       std::cerr << " Con --force si sostituisce.";
+    }
     std::cerr << '\n';
   }
   return kRifiutato;

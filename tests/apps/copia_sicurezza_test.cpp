@@ -9,6 +9,7 @@
 #include "archive/archivio.h"
 #include "archive/schema.h"
 #include "base/error.h"
+#include "sqlite/sqlite_connection.h"
 #include "support/fixed_clock.h"
 #include "support/temp_folder.h"
 
@@ -71,6 +72,17 @@ TEST_F(CopiaDiSicurezza, OnlyAnEmbeddedDatabaseIsCopied) {
               HasSubstr("strumenti del server"));
   EXPECT_THAT(rifiutoDi([&] { ripristinaDatabase(server, copia_, cartella_ / "x"); }).what(),
               HasSubstr("strumenti del server"));
+}
+
+TEST_F(CopiaDiSicurezza, WhatCouldNotBeRestoredIsNotCopied) {
+  cartella_.write("vuoto.db", "");
+  EXPECT_THAT(rifiutoDi([&] { copiaDatabase(incorporato(cartella_ / "vuoto.db"), copia_, false); }).what(),
+              HasSubstr("è vuoto: non c'è niente da copiare"));
+  EXPECT_EQ(cartella_.read("vuoto.db"), "");
+  SqliteConnection::create(cartella_ / "altro.db")->Execute("CREATE TABLE Appunti (Testo TEXT)");
+  EXPECT_THAT(rifiutoDi([&] { copiaDatabase(incorporato(cartella_ / "altro.db"), copia_, false); }).what(),
+              HasSubstr("ma non di questo programma"));
+  EXPECT_FALSE(std::filesystem::exists(copia_));
 }
 
 TEST_F(CopiaDiSicurezza, ACopyOfTheProgramsOwnComesBack) {

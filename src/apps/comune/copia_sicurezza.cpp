@@ -28,6 +28,21 @@ void soloIncorporato(const Profilo::Database& database) {
       "server. Questo programma copia solo un database incorporato, «sqlite:FILE».");
 }
 
+// A copy of anything else could not be restored. An empty file, which the engine takes for an empty database,
+// is what remains of one that was lost.
+void soloDellaSuite(const std::string& database) {
+  std::error_code errore;
+  if (fs::is_regular_file(database, errore) && fs::file_size(database, errore) == 0) {
+    rifiutaCopia(DatabaseErrorKind::NoSchema,
+                 "Il file «" + database + "» è vuoto: non c'è niente da copiare.");
+  }
+  if (contieneSuite(*SqliteConnection::open(database))) return;
+  rifiutaCopia(DatabaseErrorKind::NoSchema,
+               "Il file «" + database +
+                   "» è un database, ma non di questo programma: non contiene le "
+                   "tabelle della suite.");
+}
+
 int versioneArchivio(Connection& connessione) {
   RowStore righe;
   connessione.Query("SELECT MAX(Versione) FROM CuArchivio", righe);
@@ -65,6 +80,7 @@ DatabaseCopy copiaDatabase(const Profilo::Database& database, const std::string&
   soloIncorporato(database);
   LogEntry voce{.operation = "copia di sicurezza"};
   return logged(SupportLog::active(), voce, [&] {
+    soloDellaSuite(database.origine);
     DatabaseCopy copia = backUpDatabase(database.origine, file, sostituisci, avanzamento);
     voce.rows = static_cast<std::int64_t>(copia.rows);
     voce.bytes = copia.bytes;
