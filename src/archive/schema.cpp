@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "data/inserimento.h"
+#include "data/presenza.h"
 #include "liste/risorse.h"
 
 namespace cu {
@@ -56,16 +57,6 @@ std::vector<std::string_view> istruzioniDi(std::string_view nome) {
 
 constexpr std::string_view kCreaTabella = "CREATE TABLE [dbo].[";
 
-bool esiste(Connection& connessione, std::string_view tabella) {
-  std::string domanda = "SELECT COUNT(*) FROM dbo.sysobjects WHERE type = 'U' AND name = ";
-  appendTesto(domanda, tabella);
-  RowStore righe;
-  connessione.Query(domanda, righe);
-  CellView quante;
-  righe.read(0, &quante);
-  return quante.integer() > 0;
-}
-
 }  // namespace
 
 std::vector<std::string_view> istruzioniSchema() { return istruzioniDi("schema/suite.sql"); }
@@ -117,10 +108,11 @@ void creaSchema(Connection& connessione) {
 std::size_t creaRegistro(Connection& connessione) {
   std::size_t create = 0;
   bool nuova = false;
-  for (const char* const schema : {"schema/registro.sql", "schema/importazioni.sql"}) {
+  for (const char* const schema :
+       {"schema/registro.sql", "schema/restituzioni.sql", "schema/importazioni.sql"}) {
     for (std::string_view istruzione : istruzioniDi(schema)) {
       if (const std::string_view tabella = nomeDopo(istruzione, kCreaTabella); !tabella.empty()) {
-        nuova = !esiste(connessione, tabella);
+        nuova = !haTabella(connessione, tabella);
         if (nuova) ++create;
       }
       if (nuova) connessione.Execute(istruzione);

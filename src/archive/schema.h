@@ -35,8 +35,9 @@ bool contieneSuite(Connection& connessione);
 // Creates all of them. Runs statements within the caller's transaction.
 void creaSchema(Connection& connessione);
 
-// Creates the tables of what this program keeps for itself, of files written and of imports, where they are
-// missing, and returns how many it has created. Statements only, within the caller's transaction.
+// Creates the tables of what this program keeps for itself, of files written, of boxes without a column of
+// the suite and of imports, where they are missing, and returns how many it has created. Statements only,
+// within the caller's transaction.
 std::size_t creaRegistro(Connection& connessione);
 
 // The version that such a database is marked with: a later one has what this program does not know.

@@ -20,26 +20,42 @@ std::string numeroScritto(const CampoEditor& campo) {
   return testo;
 }
 
+namespace {
+
+CampoEditor campoDi(const ControlloCampo& controllo, const Trovato& trovato) {
+  CampoEditor campo{controllo};
+  campo.genere = trovato.colonna.genere;
+  campo.numero = trovato.campo->numero;
+  campo.parte = trovato.colonna.parte;
+  campo.addizionale = trovato.campo->condizione == modello::Condizione::CausaleN;
+  campo.conSegno = trovato.campo->forma == Forma::ImportoConSegno;
+  return campo;
+}
+
+}  // namespace
+
 std::vector<CampoEditor> campiEditor(const Modello& modello, std::span<const ControlloCampo> controlli,
                                      Pagina pagina, std::int32_t anno) {
   std::vector<CampoEditor> campi;
   for (const ControlloCampo& controllo : controlli) {
     const Trovato trovato = trova(modello, Record::H, controllo.colonna, anno, pagina == Pagina::Modulo1);
-    if (trovato.campo == nullptr) continue;
-    CampoEditor& campo = campi.emplace_back(CampoEditor{controllo});
-    campo.genere = trovato.colonna.genere;
-    campo.numero = trovato.campo->numero;
-    campo.parte = trovato.colonna.parte;
-    campo.addizionale = trovato.campo->condizione == modello::Condizione::CausaleN;
-    campo.conSegno = trovato.campo->forma == Forma::ImportoConSegno;
+    if (trovato.campo != nullptr) campi.push_back(campoDi(controllo, trovato));
   }
   return campi;
 }
 
-std::vector<CampoEditor> campiEditor(Pagina pagina, std::int32_t anno) {
+std::vector<CampoEditor> campiEditor(Pagina pagina, std::int32_t anno, const ModelloDelFile& file) {
+  const bool primo = pagina == Pagina::Modulo1;
   const std::span<const ControlloCampo> controlli =
-      pagina == Pagina::Modulo1 ? std::span<const ControlloCampo>(kControlliModulo1) : kControlliAltriModuli;
-  return campiEditor(kModello, controlli, pagina, anno);
+      primo ? std::span<const ControlloCampo>(kControlliModulo1) : kControlliAltriModuli;
+  std::vector<CampoEditor> campi = campiEditor(kModello, controlli, pagina, anno);
+  const std::int32_t suo = annoTracciato(file.anno, file.modello);
+  for (const ControlloCampo& controllo : controlli) {
+    const Trovato trovato = trova(file.modello, Record::H, controllo.colonna, suo, primo);
+    if (trovato.campo == nullptr || trovato.campo->riscrittura != modello::Riscrittura::Propria) continue;
+    campi.push_back(campoDi(controllo, trovato));
+  }
+  return campi;
 }
 
 std::vector<CampoIntestazione> campiIntestazione(const Modello& modello, std::int32_t anno) {

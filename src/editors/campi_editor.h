@@ -36,8 +36,15 @@ std::vector<CampoEditor> campiEditor(const modello::Modello& modello,
                                      std::span<const ControlloCampo> controlli, Pagina pagina,
                                      std::int32_t anno);
 
-// The same for the program's own form.
-std::vector<CampoEditor> campiEditor(Pagina pagina, std::int32_t anno);
+// The form in which a line's file is written.
+struct ModelloDelFile {
+  std::int32_t anno = 0;  // tax year
+  const modello::Modello& modello = modello::kModello;
+};
+
+// The same for the forms that the suite was built for, with the boxes of the file's form that the suite has
+// no column for.
+std::vector<CampoEditor> campiEditor(Pagina pagina, std::int32_t anno, const ModelloDelFile& file = {});
 
 // A read-only box of the heading in a year's layout.
 struct CampoIntestazione : ControlloIntestazione {

@@ -53,6 +53,7 @@ inline constexpr ControlloCampo kControlliModulo1[] = {
     {"curField",                           9, "RitenuteAnniPrecedenti",               Somme,           "Ritenute operate anni precedenti", "Ritenute anni precedenti"},
     {"curField",                          15, "SpeseRimborsate",                      Somme,           "Spese rimborsate", "Spese rimborsate"},
     {"curField",                          16, "RitenuteRimborsate",                   Somme,           "Ritenute rimborsate", "Ritenute rimborsate"},
+    {"curSommeRestituite",                -1, "SommeRestituite",                      Somme,           "Somme restituite al netto della ritenuta subita"},
     {"curField",                          13, "ContributiCaricoAzienda",              Previdenza,      "Contributi previdenziali a carico del soggetto erogante", "Contributi carico azienda"},
     {"curField",                          14, "ContributiCaricoPercipiente",          Previdenza,      "Contributi previdenziali a carico del percipiente", "Contributi carico percipiente"},
     {"chkAltriContributi",                -1, "AltriContributi",                      Previdenza,      "Altri contributi"},

@@ -41,12 +41,13 @@ C& EditorCompenso::crea(Args&&... args) {
   return creato;
 }
 
-EditorCompenso::EditorCompenso(std::int32_t anno, std::string elencoCodici, const AmbienteEditor& ambiente)
+EditorCompenso::EditorCompenso(std::int32_t anno, std::int32_t annoFile, std::string elencoCodici,
+                               const AmbienteEditor& ambiente)
     : Editor(ambiente.frontEnd, std::string(fnDisposizione(anno).form), "Certificazione compensi"),
       disposizione_(fnDisposizione(anno)),
       elencoCodici_(std::move(elencoCodici)),
-      campiModulo1_(campiEditor(Pagina::Modulo1, anno)),
-      campiAltriModuli_(campiEditor(Pagina::AltriModuli, anno)),
+      campiModulo1_(campiEditor(Pagina::Modulo1, anno, {annoFile, ambiente.modello})),
+      campiAltriModuli_(campiEditor(Pagina::AltriModuli, anno, {annoFile, ambiente.modello})),
       intestazione_(disposizione_.immagine ? campiIntestazione(modello::kModello, anno)
                                            : std::vector<CampoIntestazione>()),
       fusioneComuni_(trova(modello::kModello, modello::Record::D, "FusioneComuni", anno, true).campo !=

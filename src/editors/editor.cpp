@@ -10,8 +10,8 @@ namespace cu {
 
 std::unique_ptr<Editor> fnCreaEditor(std::int32_t anno, const AmbienteEditor& ambiente) {
   // The boxes and their numbers are those of the last form before 2019: a box that the later ones do not have
-  // stays where it can be corrected.
-  return std::make_unique<EditorCompenso>(modello::annoDisposizione(anno),
+  // stays where it can be corrected. One that only they have is added.
+  return std::make_unique<EditorCompenso>(modello::annoDisposizione(anno), anno,
                                           fnElencoCodici(anno, ambiente.modello), ambiente);
 }
 

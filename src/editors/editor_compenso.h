@@ -22,9 +22,10 @@ namespace cu {
 // The editor of a compensation line, for any layout of the ministerial form.
 class EditorCompenso : public Editor {
  public:
-  // The year is required to be a known year of the form.
+  // The year is required to be a known year of the form. `annoFile` is that of the line.
   // `elencoCodici` is the statement of the codes of sums not subject to withholding.
-  EditorCompenso(std::int32_t anno, std::string elencoCodici, const AmbienteEditor& ambiente);
+  EditorCompenso(std::int32_t anno, std::int32_t annoFile, std::string elencoCodici,
+                 const AmbienteEditor& ambiente);
 
   void setRecordset(cu::Recordset& righe) override;
   cu::Recordset& Recordset() override { return *recordset_; }

@@ -42,7 +42,7 @@ Result<std::size_t> ricostruisci(const Intorno& intorno, const Filtri& filtri) {
 }
 
 Result<std::size_t> carica(const Intorno& intorno, Compensi& compensi, const Filtri& filtri) {
-  compensi.sbCreaTabellaLavoro(intorno.ambito, filtri);
+  compensi.sbCreaTabellaLavoro(intorno.ambito, filtri, intorno.modello);
   return compensi.rsCompensi().RecordCount();
 }
 

@@ -30,7 +30,6 @@ inline constexpr auto kSoloDiAltri = [] {
     {Percipiente, 42, "LuogoDiAttinenza",                     Testo,     Sempre, modello::dal(2024)},
     {Percipiente, 44, "NonResidenteSchumacker",               Testo,     Sempre, modello::dal(2024)},
     {Autonomo,    21, "RitenuteRimborsate",                   Importo,   Sempre, modello::dal(2024)},
-    {Autonomo,    22, "SommeRestituite",                      Importo,   Sempre, modello::dal(2022)},
     {Autonomo,    31, "TipoDiRapporto",                       Testo,     Sempre, modello::dal(2024), Ogni},
     {Autonomo,    40, "FranchigiaUtilizzata",                 Testo,     Sempre, modello::dal(2024), Ogni},
     {Autonomo,    41, "SommeCorrispostePreFallimento",        Importo,   Sempre, modello::dal(2024)},

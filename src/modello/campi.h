@@ -105,6 +105,7 @@ inline constexpr auto kCampi = [] {
     {Autonomo,  21, "ContributiCaricoPercipiente",          Importo,           Sempre,        nel(2014),    Primo, Riga},
     {Autonomo,  21, "RitenuteRimborsate",                   Importo,           Sempre,        {2015, 2023}, Primo, Dati},
     {Autonomo,  22, "SpeseRimborsate",                      Importo,           Sempre,        nel(2014),    Primo, Riga},
+    {Autonomo,  22, "SommeRestituite",                      Importo,           Sempre,        dal(2022),    Primo, Propria},
     {Autonomo,  23, "RitenuteRimborsate",                   Importo,           Sempre,        nel(2014),    Primo, Dati},
     {Autonomo,  29, "CUCodiceFiscale",                      Maiuscolo,         BloccoC,       dal(2015),    Ogni},
     {Autonomo,  30, "CUDenominazioneEntePrevidenziale",     Testo,             BloccoC,       dal(2015),    Ogni},

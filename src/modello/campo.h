@@ -70,8 +70,9 @@ enum class Moduli : std::uint8_t { Primo, Altri, Ogni };
 // value means the row of the module.
 enum class Riscrittura : std::uint8_t {
   No,
-  Riga,  // the work table; from there by a formula into the account, or not at all
-  Dati,  // the work table and, unchanged, the account's additional data
+  Riga,     // the work table; from there by a formula into the account, or not at all
+  Dati,     // the work table and, unchanged, the account's additional data
+  Propria,  // the work table of a form that has the box, and a table of this program's own
 };
 
 // The kind of a column's value for the user; a column of a list contains the id.

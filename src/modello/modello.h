@@ -49,6 +49,11 @@ constexpr std::int32_t annoTracciato(std::int32_t anno, const Modello& modello =
   return std::min(anno, modello.noti.ultimo);
 }
 
+// Whether a known year of the form can have the box.
+constexpr bool raggiunge(const Modello& modello, const Campo& campo) {
+  return campo.anni.primo <= modello.noti.ultimo;
+}
+
 // Whether the year's form requires a chosen code of sums not subject to withholding.
 constexpr bool codiceDaScegliere(std::int32_t anno, const Modello& modello = kModello) {
   return annoTracciato(anno, modello) >= kCodiceDaScegliere;

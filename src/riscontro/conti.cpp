@@ -5,6 +5,8 @@
 
 #include "base/text.h"
 #include "base/windows1252.h"
+#include "data/presenza.h"
+#include "modello/restituzioni.h"
 #include "riscontro/atteso.h"
 #include "worklist/tabella_lavoro.h"
 
@@ -36,11 +38,16 @@ constexpr std::string_view kLegami =
     " LEFT JOIN EventoEccezionale ON Conti.IDEventoEccezionale = EventoEccezionale.IDEventoEccezionale"
     " ORDER BY Anag.Anagrafica, Anag.Nome, Conti.IDAnagrafica, Conti.Codice";
 
-std::string domandaConti(const Esercizio& esercizio, const Conversioni& utilita) {
+CaselleProprie caselleProprie(Connection& connessione, const Esercizio& esercizio) {
+  if (!modello::haCaselleProprie(esercizio.modello)) return CaselleProprie::Nessuna;
+  return haTabella(connessione, modello::kTabellaPropria) ? CaselleProprie::Lette : CaselleProprie::Vuote;
+}
+
+std::string domandaConti(const Esercizio& esercizio, const Conversioni& utilita, CaselleProprie proprie) {
   Filtri filtri;
   filtri.anno = fromInteger(esercizio.anno);
   std::string domanda(kPersona);
-  domanda += fnSelectCompensi(filtri, esercizio.idAzienda, utilita);
+  domanda += fnSelectCompensi(filtri, esercizio.idAzienda, utilita, proprie);
   domanda += kLegami;
   return domanda;
 }
@@ -194,7 +201,8 @@ void leggiConti(Connection& connessione, const Esercizio& esercizio, const Conve
   const ReadScope lettura(connessione);
   LettoreConti lettore(connessione, esercizio);
   perRiga(
-      connessione, domandaConti(esercizio, utilita), [&](const Columns& colonne) { lettore.lega(colonne); },
+      connessione, domandaConti(esercizio, utilita, caselleProprie(connessione, esercizio)),
+      [&](const Columns& colonne) { lettore.lega(colonne); },
       [&](const RigaConto& riga) { ricevi(lettore.conto(riga)); });
 }
 

@@ -162,4 +162,9 @@ inline constexpr std::array<ColonnaLavoro, 101> kColonneLavoro = {{
 
 #undef CONTO_DELLA_RIGA
 
+// Those of a form with boxes of its own, behind the others.
+inline constexpr std::array<ColonnaLavoro, 1> kColonneProprie = {{
+    {.nome = "SommeRestituite", .tipo = Tipo::Importo},
+}};
+
 }  // namespace cu

@@ -6,6 +6,8 @@
 #include "base/text.h"
 #include "host/conversioni.h"
 #include "host/progress.h"
+#include "modello/restituzioni.h"
+#include "worklist/restituzioni.h"
 #include "worklist/riscrittura.h"
 #include "worklist/tabella_lavoro.h"
 
@@ -43,19 +45,23 @@ void Compensi::eseguiSullaRiga(const std::string& testo) {
   if (righe == 0) throw Error(kErrorRowGone, fnRigaMancante());
 }
 
-void Compensi::sbCreaTabellaLavoro(const Ambito& ambito, const Filtri& filtri) {
+void Compensi::sbCreaTabellaLavoro(const Ambito& ambito, const Filtri& filtri,
+                                   const modello::Modello& modello) {
   avanzamento_.setPointer(kPointerHourglass);
   avanzamento_.progress("Caricamento dei compensi", 0, 0);
   if (rsCompensi_.IsOpen()) rsCompensi_.Close();
   nonMemorizzate_.clear();
   ambito_ = ambito;
   tabella_ = fnNomeTabellaLavoro(ambito.idUtente);
-  const std::string select = fnSelectCompensi(filtri, ambito.idAzienda, utilita_);
+  proprie_ = modello::haCaselleProprie(modello);
+  const std::string select = fnSelectCompensi(filtri, ambito.idAzienda, utilita_,
+                                              proprie_ ? CaselleProprie::Vuote : CaselleProprie::Nessuna);
   sullaTabella([&] {
     // These three are sent unchanged.
     interna().Execute(fnEliminaTabella(tabella_));
-    interna().Execute(fnCreaTabella(tabella_));
+    interna().Execute(fnCreaTabella(tabella_, proprie_));
     interna().Execute("INSERT INTO " + tabella_ + " " + select);
+    if (proprie_) riempiRestituzioni(ambito_, tabella_, filtri);
     rsCompensi_.Open(ambito_.database->connection(), utilita_.fnAnsi2jet(tabella_),
                      LockType::BatchOptimistic);
   });
@@ -171,10 +177,10 @@ bool Compensi::fnProtocolliMancanti() {
                "ISNULL(ProgressivoAnnSost, '') = '')") > 0;
 }
 
-void Compensi::sbApriRiga() { rigaAperta_ = fnAggiornaRiga(tabella_, rsCompensi_, utilita_); }
+void Compensi::sbApriRiga() { rigaAperta_ = fnAggiornaRiga(tabella_, rsCompensi_, utilita_, proprie_); }
 
 void Compensi::sbAggiornaRiga() {
-  const std::string testo = fnAggiornaRiga(tabella_, rsCompensi_, utilita_);
+  const std::string testo = fnAggiornaRiga(tabella_, rsCompensi_, utilita_, proprie_);
   eseguiSullaRiga(testo);
   // A row already written back stays so when an editor returns it unchanged.
   const bool cambiata = std::exchange(rigaAperta_, testo) != testo;
@@ -184,9 +190,13 @@ void Compensi::sbAggiornaRiga() {
 std::size_t Compensi::sbMemorizzaModifiche() {
   avanzamento_.setPointer(kPointerHourglass);
   avanzamento_.progress("Memorizzazione delle modifiche nei conti", 0, 0);
+  // Found out before the accounts change: without its table nothing is stored.
+  const std::vector<Restituzione> restituzioni =
+      proprie_ ? restituzioniCambiate(ambito_, rsCompensi_) : std::vector<Restituzione>();
   const std::int64_t conti = sullaTabella([&] { return interna().Execute(fnAggiornaConti(tabella_)); });
   const std::int64_t dati =
       sullaTabella([&] { return interna().Execute(fnAggiornaDatiAggiuntivi(tabella_)); });
+  if (!restituzioni.empty()) scriviRestituzioni(ambito_, restituzioni);
   avanzamento_.setPointer(kPointerDefault);
   if (!rsCompensi_.IsOpen()) return 0;
   const std::int64_t attese = contaInMemoria("Modificato <> 0 AND Selezionato <> 0");

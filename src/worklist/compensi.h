@@ -9,6 +9,7 @@
 #include "data/recordset.h"
 #include "host/filtri.h"
 #include "host/session.h"
+#include "modello/modello.h"
 
 namespace cu {
 
@@ -45,7 +46,8 @@ class Compensi {
 
   // Drops, creates and fills the user's table, and leaves rsCompensi open on it. All later operations use the
   // scope's database.
-  void sbCreaTabellaLavoro(const Ambito& ambito, const Filtri& filtri);
+  void sbCreaTabellaLavoro(const Ambito& ambito, const Filtri& filtri,
+                           const modello::Modello& modello = modello::kModello);
 
   // Changes the selection of the current row; of all rows, after which the first row is current.
   void sbSelezionaRiga(AzioneSelezione azione);
@@ -93,6 +95,7 @@ class Compensi {
   std::string tabella_;
   Recordset rsCompensi_;
   std::set<Recordset::RowMark> nonMemorizzate_;
+  bool proprie_ = false;    // the table has columns of the program's own boxes
   std::string rigaAperta_;  // the statement for the row as opened in the editor
 };
 

@@ -38,8 +38,9 @@ constexpr bool concordaLavoro(const modello::Modello& modello, std::span<const C
   for (const modello::Campo& campo : modello.campi) {
     const bool somme = record(campo.quadro) == modello::Record::H;
     if (!inModulo(campo, true) || (!somme && campo.riscrittura == modello::Riscrittura::No)) continue;
+    const bool propria = campo.riscrittura == modello::Riscrittura::Propria;
     for (const modello::Colonna& sua : modello::ColonneDiCampo(campo)) {
-      const ColonnaLavoro* const colonna = colonnaLavoro(colonne, sua.nome);
+      const ColonnaLavoro* const colonna = colonnaLavoro(propria ? kColonneProprie : colonne, sua.nome);
       if (colonna == nullptr || !concorda(colonna->tipo, sua.genere)) return false;
     }
     for (const std::string_view& altra : campo.altre) {

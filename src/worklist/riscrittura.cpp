@@ -69,7 +69,7 @@ static_assert(residenzaIntera(modello::kModello));
 // Whether the box of module 1 is written back; a box that has moved is written back in its newest form.
 bool riscritto(const Modello& modello, const Campo& campo) {
   if (campo.riscrittura == Riscrittura::No || record(campo.quadro) != modello::Record::H ||
-      !inModulo(campo, true)) {
+      !inModulo(campo, true) || !raggiunge(modello, campo)) {
     return false;
   }
   const Campo* const fine = modello.campi.data() + modello.campi.size();
@@ -135,11 +135,13 @@ std::vector<std::string_view> datiAggiuntivi(const Modello& modello) {
   return colonne;
 }
 
-std::string fnAggiornaRiga(const std::string& tabella, const Recordset& riga, const Conversioni& utilita) {
-  static const std::vector<ColonnaRiscritta> kColonne = colonneRiscritte(modello::kModello);
+std::string fnAggiornaRiga(const std::string& tabella, const Recordset& riga, const Conversioni& utilita,
+                           bool proprie) {
+  static const std::vector<ColonnaRiscritta> kSenza = colonneRiscritte(modello::kModello);
+  static const std::vector<ColonnaRiscritta> kConProprie = colonneRiscritte(modello::kModelloPubblicato);
   std::string testo = "UPDATE " + tabella + " SET ";
   std::string_view prima;
-  for (const ColonnaRiscritta& colonna : kColonne) {
+  for (const ColonnaRiscritta& colonna : proprie ? kConProprie : kSenza) {
     testo.append(prima).append(colonna.nome).append(" = ").append(valore(colonna, riga, utilita));
     prima = ", ";
   }

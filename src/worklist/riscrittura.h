@@ -48,8 +48,10 @@ std::vector<std::string_view> datiAggiuntivi(const modello::Modello& modello);
 // row.
 std::string fnChiaveRiga(const Recordset& riga);
 
-// The UPDATE that stores the current row of the recordset in the work table.
-std::string fnAggiornaRiga(const std::string& tabella, const Recordset& riga, const Conversioni& utilita);
+// The UPDATE that stores the current row of the recordset in the work table. `proprie`: with the columns of
+// boxes that the suite does not have.
+std::string fnAggiornaRiga(const std::string& tabella, const Recordset& riga, const Conversioni& utilita,
+                           bool proprie = false);
 
 // The two statements that write the changed and selected rows back to the accounts.
 std::string fnAggiornaConti(const std::string& tabella);

@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "host/conversioni.h"
+#include "modello/restituzioni.h"
 #include "worklist/colonne.h"
 
 namespace cu {
@@ -36,13 +37,17 @@ std::string fnEliminaTabella(const std::string& nome) {
          "]') AND type in ('N','U')) drop table [dbo].[" + nome + "]";
 }
 
-std::string fnCreaTabella(const std::string& nome) {
+std::string fnCreaTabella(const std::string& nome, bool proprie) {
   std::string testo = "CREATE TABLE [dbo].[" + nome + "] ";
   std::string_view prima = " (";
-  for (const ColonnaLavoro& colonna : kColonneLavoro) {
+  const auto aggiungi = [&](const ColonnaLavoro& colonna) {
     testo.append(prima).append("[").append(colonna.nome).append("] [").append(nomeTipo(colonna.tipo));
     testo.append(colonna.nonNullo ? "] NOT NULL" : "] NULL");
     prima = " , ";
+  };
+  for (const ColonnaLavoro& colonna : kColonneLavoro) aggiungi(colonna);
+  if (proprie) {
+    for (const ColonnaLavoro& colonna : kColonneProprie) aggiungi(colonna);
   }
   return testo + " CONSTRAINT [PK_" + nome +
          "] PRIMARY KEY CLUSTERED ([IDAnagrafica] ASC, [IDCausalePagamento] ASC, [Anno])"
@@ -93,12 +98,19 @@ std::string fnIntervalli(const Filtri& filtri, const std::string& causale, const
   return testo;
 }
 
-std::string fnSelectCompensi(const Filtri& filtri, std::int32_t idAzienda, const Conversioni& utilita) {
+std::string fnSelectCompensi(const Filtri& filtri, std::int32_t idAzienda, const Conversioni& utilita,
+                             CaselleProprie proprie) {
   std::string testo = "SELECT";
   std::string_view prima = " ";
   for (const ColonnaLavoro& colonna : kColonneLavoro) {
     testo.append(prima).append(colonna.sorgente.empty() ? colonna.nome : colonna.sorgente);
     prima = ", ";
+  }
+  if (proprie != CaselleProprie::Nessuna) {
+    for (const ColonnaLavoro& colonna : kColonneProprie) {
+      testo.append(prima).append(
+          modello::fnColonnaPropria(colonna.nome, "RepContoIndividuale", proprie == CaselleProprie::Lette));
+    }
   }
   testo += " FROM RepContoIndividuale WHERE Anno = ";
   testo += trim(filtri.anno);

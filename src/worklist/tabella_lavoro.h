@@ -15,7 +15,8 @@ class Conversioni;
 
 std::string fnNomeTabellaLavoro(std::int32_t idUtente);
 std::string fnEliminaTabella(const std::string& nome);
-std::string fnCreaTabella(const std::string& nome);
+// `proprie`: with the columns of boxes that the suite does not have.
+std::string fnCreaTabella(const std::string& nome, bool proprie = false);
 
 // The error texts for a table recreated by another session of the same user: for a statement on one line that
 // affects no row, and for a write-back that stores an unexpected number of rows.
@@ -27,7 +28,10 @@ std::optional<std::string> fnAltraSessione(const DatabaseError& errore, const st
 // The ranges of payees and payment reasons as conditions, each " AND ..."; `causale` is the name of the
 // reason's code column.
 std::string fnIntervalli(const Filtri& filtri, const std::string& causale, const Conversioni& utilita);
+// How the columns of the program's own boxes are loaded.
+enum class CaselleProprie : std::uint8_t { Nessuna, Vuote, Lette };
 // The SELECT that fills the table, with the filter of the first step.
-std::string fnSelectCompensi(const Filtri& filtri, std::int32_t idAzienda, const Conversioni& utilita);
+std::string fnSelectCompensi(const Filtri& filtri, std::int32_t idAzienda, const Conversioni& utilita,
+                             CaselleProprie proprie = CaselleProprie::Nessuna);
 
 }  // namespace cu

@@ -12,7 +12,7 @@ TEST(Registro, IsMissingInADatabaseWithoutItsTables) {
   const auto connessione = SqliteConnection::create(":memory:");
   creaSchema(*connessione);
   EXPECT_FALSE(Registro(*connessione).presente());
-  EXPECT_EQ(creaRegistro(*connessione), 8U);
+  EXPECT_EQ(creaRegistro(*connessione), 9U);
   EXPECT_TRUE(Registro(*connessione).presente());
   EXPECT_EQ(creaRegistro(*connessione), 0U);
 }

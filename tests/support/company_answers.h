@@ -33,6 +33,8 @@ inline void answerCompany(FakeDatabase& database, const Counts& counts) {
   database.own.answerContaining(
       "SELECT DISTINCT ContoIndividuale.Anno",
       Table({"Anno"}, {{whole(2016)}, {whole(2015)}, {whole(2014)}, {whole(2013)}}));
+  // No table of this program's own.
+  database.own.answerContaining("FROM dbo.sysobjects", Table({"COUNT"}, {{whole(0)}}));
   database.main.answerContaining("DefaultFilialePerTipoOggetto",
                                  Table({"IDDefaultFilialePerTipoOggetto"}, {}));
   database.main.answerContaining("FROM Anagrafica", Table({"IDAnagrafica", "Nome"}, {}));
