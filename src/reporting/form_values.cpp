@@ -120,6 +120,8 @@ QString MainModuleValues::phone(const Campo& campo) const {
 BoxValue MainModuleValues::of(const LaidBox& box) const {
   const Campo& campo = *box.main;
   if (!holds(campo.condizione)) return {};
+  // Read only where the database has its table.
+  if (campo.riscrittura == modello::Riscrittura::Propria && !rows_.has(campo.colonna)) return {};
   switch (campo.forma) {
     case Forma::Somma:
       return amount(rows_.get(campo.colonna).decimal() + rows_.get(campo.altre[0]).decimal());

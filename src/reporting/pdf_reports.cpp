@@ -1,6 +1,7 @@
 #include "reporting/pdf_reports.h"
 
 #include "base/text.h"
+#include "modello/restituzioni.h"
 #include "reporting/begun_pdf.h"
 #include "reporting/layout_threads.h"
 #include "reporting/library.h"
@@ -93,7 +94,10 @@ class Engine final : public ReportEngine {
     return library_.find(report_, objectType_, number_);
   }
   std::string selection(const ReportDefinition& definition, const Formula& formula) const {
-    return selectionOf(definition, formula, run_->readings.columns(*connection_, definition.view));
+    const bool ownBoxes = definition.layout == LayoutKind::Form &&
+                          modello::haCaselleProprie(surroundings_.form) &&
+                          run_->readings.ownBoxes(*connection_);
+    return selectionOf(definition, formula, run_->readings.columns(*connection_, definition.view), ownBoxes);
   }
 
   template <class Use>

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "modello/restituzioni.h"
 #include "reporting/definition_reader.h"
 #include "reporting/italian.h"
 
@@ -48,9 +49,20 @@ Names usedFields(const ReportDefinition& definition) {
   return names;
 }
 
-std::string fieldList(const ReportDefinition& definition, const Columns& columns) {
+// All fields of the form's view, with the boxes that it does not have.
+std::string formFields(const std::string& view, bool ownBoxes) {
+  std::string list = view + ".*";
+  if (!ownBoxes) return list;
+  for (const modello::Campo& campo : modello::kModelloPubblicato.campi) {
+    if (campo.riscrittura != modello::Riscrittura::Propria) continue;
+    list += ", " + modello::fnColonnaPropria(campo.colonna, view, true);
+  }
+  return list;
+}
+
+std::string fieldList(const ReportDefinition& definition, const Columns& columns, bool ownBoxes) {
   std::string list;
-  if (definition.layout == LayoutKind::Form) return definition.view + ".*";
+  if (definition.layout == LayoutKind::Form) return formFields(definition.view, ownBoxes);
   const Names used = usedFields(definition);
   for (const std::string& name : used.names()) {
     if (!list.empty()) list += ", ";
@@ -71,10 +83,11 @@ std::string fieldList(const ReportDefinition& definition, const Columns& columns
 
 }  // namespace
 
-std::string selectionOf(const ReportDefinition& definition, const Formula& formula, const Columns& columns) {
+std::string selectionOf(const ReportDefinition& definition, const Formula& formula, const Columns& columns,
+                        bool ownBoxes) {
   const std::string condition = conditionOf(formula, definition.view, columns);
 
-  std::string statement = "SELECT " + fieldList(definition, columns) + " FROM " + definition.view;
+  std::string statement = "SELECT " + fieldList(definition, columns, ownBoxes) + " FROM " + definition.view;
   if (!definition.joins.empty()) statement += " " + definition.joins;
   if (!condition.empty()) statement += " WHERE " + condition;
   std::string order;

@@ -14,9 +14,11 @@
 namespace cu::reporting {
 
 // The statement for a report's rows: the fields used by the definition (all fields of the view for a form),
-// with the formula as its condition. `columns` are the view's. Raises FormulaError; Error
-// (kErrorReportDefinition) for a field that the view does not have.
-std::string selectionOf(const ReportDefinition& definition, const Formula& formula, const Columns& columns);
+// with the formula as its condition. `columns` are the view's; `ownBoxes`: a form also has the boxes of this
+// program's own table. Raises FormulaError; Error (kErrorReportDefinition) for a field that the view does not
+// have.
+std::string selectionOf(const ReportDefinition& definition, const Formula& formula, const Columns& columns,
+                        bool ownBoxes = false);
 
 // The rows of a statement, with one current row.
 class Rows {

@@ -1,5 +1,8 @@
 #include "reporting/run_readings.h"
 
+#include "data/presenza.h"
+#include "modello/restituzioni.h"
+
 namespace cu::reporting {
 
 const Columns& RunReadings::columns(Connection& connection, const std::string& view) {
@@ -10,6 +13,13 @@ const Columns& RunReadings::columns(Connection& connection, const std::string& v
     known = none.columns();
   }
   return *known;
+}
+
+bool RunReadings::ownBoxes(Connection& connection) {
+  const auto known = ownBoxes_.find(&connection);
+  return known != ownBoxes_.end()
+             ? known->second
+             : ownBoxes_.emplace(&connection, haTabella(connection, modello::kTabellaPropria)).first->second;
 }
 
 const Company& RunReadings::company(Connection& connection, std::int32_t idAzienda) {

@@ -16,10 +16,12 @@ namespace cu::reporting {
 class RunReadings {
  public:
   const Columns& columns(Connection& connection, const std::string& view);
+  bool ownBoxes(Connection& connection);  // whether the database has the table of this program's own boxes
   const Company& company(Connection& connection, std::int32_t idAzienda);
 
  private:
   std::map<std::pair<const Connection*, std::string>, std::shared_ptr<const Columns>> columns_;
+  std::map<const Connection*, bool> ownBoxes_;
   std::map<std::pair<const Connection*, std::int32_t>, Company> companies_;
 };
 
