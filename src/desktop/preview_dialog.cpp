@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QScreen>
@@ -19,6 +18,7 @@
 #include "desktop/file_dialog.h"
 #include "desktop/look.h"
 #include "desktop/page_output.h"
+#include "desktop/print_dialog.h"
 #include "desktop/text.h"
 #include "desktop/thumbnails.h"
 
@@ -66,10 +66,10 @@ PreviewDialog::PreviewDialog(QWidget* parent, const Preview& preview)
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   chooseFile = [this](const QString& suggested) { return fileFromUser(this, suggested); };
   choosePrinter = [this](QPrinter& printer) {
-    QPrintDialog dialog(&printer, this);
-    dialog.setOption(QAbstractPrintDialog::PrintCurrentPage);
-    dialog.setMinMax(1, pages());
-    return dialog.exec() == QDialog::Accepted;
+    PrintDialog dialog(this, pages(), page(), [this] { return chooseFile(pdfNameOf(title_)); });
+    if (dialog.exec() != QDialog::Accepted) return false;
+    dialog.setUp(printer);
+    return true;
   };
 
   auto* column = new QVBoxLayout(this);

@@ -5,23 +5,28 @@
 #include <poppler-qt6.h>
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPlainTextEdit>
 #include <QPrinter>
+#include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QWheelEvent>
 #include <map>
 
 #include "desktop/page_output.h"
 #include "desktop/page_wait.h"
 #include "desktop/preview_dialog.h"
+#include "desktop/print_dialog.h"
 #include "desktop/screen_support.h"
 #include "desktop/text.h"
 #include "desktop/thumbnails.h"
@@ -335,6 +340,31 @@ TEST(Preview, PrintsThePagesThatTheDialogOfThePrinterNames) {
   EXPECT_EQ(made[0].size(), source[0].size());
   for (std::size_t page = 0; page < made.size(); ++page) EXPECT_EQ(nearest(made[page], source), page + 2);
   EXPECT_TRUE(shown.says(QStringLiteral("Stampata in %1.").arg(printed)));
+}
+
+TEST(Preview, PrintsThePageInViewToTheFileThatIsGiven) {
+  Previewed shown(5);
+  const QString printed = shown.folder.filePath(QStringLiteral("una.pdf"));
+  QString suggested;
+  shown.dialog->chooseFile = [&](const QString& name) {
+    suggested = name;
+    return printed;
+  };
+  QTest::keyClick(shown.dialog.get(), Qt::Key_PageDown);
+  ASSERT_EQ(shown.dialog->page(), 1);
+  QTimer::singleShot(0, shown.dialog.get(), [] {
+    auto* const asking = dynamic_cast<desktop::PrintDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(asking, nullptr);
+    auto& printers = *asking->findChild<QComboBox*>(QStringLiteral("stampante"));
+    printers.setCurrentIndex(printers.count() - 1);
+    asking->findChild<QRadioButton*>(QStringLiteral("inVista"))->setChecked(true);
+    pressButton(*asking, "Stampa");
+  });
+  QTest::keySequence(shown.dialog.get(), QKeySequence::Print);
+  EXPECT_EQ(suggested, QStringLiteral("Conto individuale.pdf"));
+  const std::vector<QImage> made = imagesOf(printed);
+  ASSERT_EQ(made.size(), 1U);
+  EXPECT_EQ(nearest(made[0], imagesOf(desktop::shown(shown.preview.file))), 2U);
 }
 
 TEST(Preview, APrintThatIsNotWantedOrFailsMakesNothing) {
