@@ -9,12 +9,14 @@
 #include <QMenu>
 #include <QRegularExpression>
 #include <QToolButton>
+#include <QToolTip>
 #include <QWidgetAction>
 #include <optional>
 #include <utility>
 
 #include "base/text.h"
 #include "controls/form.h"
+#include "controls/numericbox.h"
 #include "desktop/follow_letters.h"
 #include "desktop/form_window.h"
 #include "desktop/own_colours.h"
@@ -199,11 +201,30 @@ void EditView::edited(const QString& now) {
   if (!taken) {
     const std::u32string start = before.substr(0, what.at + what.removed);
     line_->setCursorPosition(static_cast<int>(QString::fromStdU32String(start).size()));
+    // What was to be replaced stays selected: the next key replaces it.
+    const auto& replacing = static_cast<const Line*>(line_)->replacing;
+    if (replacing && replacing->count > 0) line_->setSelection(replacing->at, replacing->count);
   }
+  tellRefused(taken ? QString() : QString::fromStdU32String(what.inserted).simplified());
   if (taken && cleaned) {
     const std::u32string start = points(line_->text()).substr(0, what.at + what.inserted.size());
     line_->setCursorPosition(static_cast<int>(QString::fromStdU32String(start).size()));
   }
+}
+
+// Beside the box, until the next key.
+void EditView::tellRefused(const QString& inserted) {
+  const QString expected = inserted.isEmpty() ? QString() : expects();
+  if (expected.isEmpty()) {
+    if (std::exchange(refusing_, false)) QToolTip::hideText();
+    return;
+  }
+  constexpr int kMost = 24;
+  const QString shortened = inserted.size() > kMost ? inserted.left(kMost) + QStringLiteral("…") : inserted;
+  refusing_ = true;
+  QToolTip::showText(line_->mapToGlobal(QPoint(0, line_->height())),
+                     dataTip(QStringLiteral("«%1» qui non si può scrivere: %2").arg(shortened, expected)),
+                     line_);
 }
 
 void EditView::refresh() {
@@ -233,6 +254,12 @@ NumericView::NumericView(FormWindow& window, EditBox& box, QWidget* parent, cons
     : EditView(window, box, parent) {
   line()->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   static_cast<Line*>(line())->keypadMark = shown(decimalPoint);
+}
+
+QString NumericView::expects() const {
+  if (!live()) return {};
+  const bool amount = dynamic_cast<const AmountBox*>(&box()) != nullptr;
+  return amount ? QStringLiteral("va un importo, come 1.234,56") : QStringLiteral("va un numero");
 }
 
 DateView::DateView(FormWindow& window, DateBox& box, QWidget* parent)

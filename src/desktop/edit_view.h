@@ -36,11 +36,15 @@ class EditView : public View {
   // For a subclass that adds widgets around the line.
   void surround(QWidget* with) { setWidget(with); }
   virtual void edited(const QString& now);
+  // What the box takes, where it refuses other texts.
+  virtual QString expects() const { return {}; }
 
  private:
   Difference whatWasDone(const std::u32string& before, const std::u32string& now) const;
+  void tellRefused(const QString& inserted);
   EditBox& box_;
   QLineEdit* line_;
+  bool refusing_ = false;  // it was told what the box takes
 
   // The content before the first change since the box got the focus.
   struct Before {
@@ -54,6 +58,9 @@ class EditView : public View {
 class NumericView : public EditView {
  public:
   NumericView(FormWindow& window, EditBox& box, QWidget* parent, const std::string& decimalPoint);
+
+ private:
+  QString expects() const override;
 };
 
 // A date: the slashes are inserted automatically, and a calendar can be opened. A note next to the box

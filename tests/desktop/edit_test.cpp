@@ -9,6 +9,7 @@
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 
 #include "base/error.h"
 #include "controls/datebox.h"
@@ -222,6 +223,27 @@ TEST_F(Typing, AnAmountRefusesWhatIsNoneAndWhatIsTooMuch) {
   QTest::keyClick(&box, Qt::Key_Backspace);
   EXPECT_EQ(box.text(), QStringLiteral("99999,12")) << "without its mark it would be too much";
   expectAgreement();
+}
+
+TEST_F(Typing, ARefusedLetterLosesNoneOfTheDigitsThatFollow) {
+  QLineEdit& box = line(form.curImporto);
+  QTest::keyClicks(&box, QStringLiteral("800"));
+  box.selectAll();
+  QTest::keyClicks(&box, QStringLiteral("ab1x2,5"));
+  EXPECT_EQ(box.text(), QStringLiteral("12,5"));
+  expectAgreement();
+}
+
+TEST_F(Typing, WhatAnAmountTakesIsToldBesideIt) {
+  QLineEdit& box = line(form.curImporto);
+  QTest::keyClicks(&box, QStringLiteral("7x"));
+  EXPECT_EQ(QToolTip::text(), QStringLiteral("«x» qui non si può scrivere: va un importo, come 1.234,56"));
+  QApplication::clipboard()->setText(QStringLiteral("€ 5,00\tsaldo"));
+  box.selectAll();
+  box.paste();
+  EXPECT_EQ(QToolTip::text(),
+            QStringLiteral("«€ 5,00 saldo» qui non si può scrivere: va un importo, come 1.234,56"));
+  EXPECT_EQ(box.text(), QStringLiteral("7"));
 }
 
 TEST_F(Typing, ADateGetsItsSlashesAndKeepsThemWhereTheyAreTyped) {
