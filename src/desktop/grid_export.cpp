@@ -15,13 +15,14 @@ namespace {
   throw Error(kErrorPathAccess, utf8(QStringLiteral("%1 non si può scrivere: %2").arg(path, why)));
 }
 
-void writeText(const QString& path, const std::string& content) {
+// Of a file that gets its name afterwards; `named` is what the user knows.
+void writeText(const QString& path, const std::string& content, const QString& named) {
   QFile file(path);
   if (!file.open(QIODevice::WriteOnly) ||
       file.write(content.data(), static_cast<qint64>(content.size())) !=
           static_cast<qint64>(content.size()) ||
       !file.flush()) {
-    cannotWrite(path, file.errorString());
+    cannotWrite(named, file.errorString());
   }
 }
 
@@ -49,10 +50,10 @@ void writeTable(const tabelle::TabellaDaScrivere& table, const QString& path) {
   const QString unfinished = path + QStringLiteral(".parziale");
   try {
     if (path.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive)) {
-      writeText(unfinished, {});  // reports a folder that cannot be written to in words
+      writeText(unfinished, {}, path);  // reports a folder that cannot be written to in words
       tabelle::scriviXlsx(utf8(unfinished), table, {});
     } else {
-      writeText(unfinished, tabelle::scriviCsv(table));
+      writeText(unfinished, tabelle::scriviCsv(table), path);
     }
     std::error_code failed;
     std::filesystem::rename(utf8(unfinished), utf8(path), failed);

@@ -45,6 +45,23 @@ class SearchedLine : public QLineEdit {
   }
 };
 
+// A text that is longer than its box is read from its beginning, also while all of it is selected.
+class Description : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override {
+    QLineEdit::focusInEvent(event);
+    const auto length = static_cast<int>(text().size());
+    if (length > 0 && selectedText().size() == length) setSelection(length, -length);
+  }
+  void focusOutEvent(QFocusEvent* event) override {
+    QLineEdit::focusOutEvent(event);
+    if (!isModified()) setCursorPosition(0);
+  }
+};
+
 // The note for a choice without a row in the table.
 QString noteOn(const Selector& selector) {
   if (selector.record() != 0) return {};
@@ -91,7 +108,7 @@ SelectorView::SelectorView(FormWindow& window, Selector& selector, QWidget* pare
     : View(window, selector),
       selector_(selector),
       code_(new QLineEdit),
-      description_(new QLineEdit),
+      description_(new Description),
       note_(new QLabel),
       opener_(searchButton(nullptr)) {
   auto* around = new QWidget(parent);

@@ -93,6 +93,21 @@ TEST_F(SelectorFocus, ACodeIsLookedUpWhenTheDescriptionIsEntered) {
   EXPECT_EQ(screen.window().focusWidget(), &description(form.KrnCDPerc0));
 }
 
+TEST_F(SelectorFocus, ADescriptionIsReadFromItsBeginning) {
+  QLineEdit& box = description(form.KrnCDCausContrib0);
+  box.setFixedWidth(90);
+  clickInto(code(form.KrnCDCausContrib0));
+  typeOn(QStringLiteral("W"));
+  screen.key(Qt::Key_Tab);
+  ASSERT_EQ(screen.window().focusWidget(), &box);
+  ASSERT_GT(box.fontMetrics().horizontalAdvance(box.text()), box.width()) << "longer than its box";
+  EXPECT_EQ(box.selectedText(), box.text());
+  EXPECT_EQ(box.cursorPosition(), 0);
+  screen.key(Qt::Key_End);
+  screen.key(Qt::Key_Tab);
+  EXPECT_EQ(box.cursorPosition(), 0) << "also after it was left";
+}
+
 TEST_F(SelectorFocus, ACodeCountsAsTypedWhereTheTableCannotBeRead) {
   FakeConnection broken;
   broken.refuseContaining("Codice = 'P003'");

@@ -301,7 +301,14 @@ TEST_F(GridExport, WritesTheRowsAndColumnsAsTheyAreSeen) {
 }
 
 TEST_F(GridExport, AFileThatCannotBeWrittenIsReportedAndTheOldOneStays) {
-  EXPECT_THROW(desktop::writeTable({}, screen.documents() + QStringLiteral("/manca/righe.csv")), Error);
+  const QString nowhere = screen.documents() + QStringLiteral("/manca/righe.csv");
+  try {
+    desktop::writeTable({}, nowhere);
+    ADD_FAILURE() << "written";
+  } catch (const Error& error) {
+    EXPECT_EQ(QString::fromStdString(error.description()).section(u' ', 0, 0), nowhere)
+        << "as the user named it";
+  }
 }
 
 TEST_F(GridExport, TheMenuNamesTheFileAndTheStatusTheRows) {
