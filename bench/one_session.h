@@ -35,6 +35,8 @@ class TimedConnection : public Connection {
   }
   void BeginRead() override { inner_.BeginRead(); }
   void EndRead() noexcept override { inner_.EndRead(); }
+  void BeginWrites() override { inner_.BeginWrites(); }
+  void EndWrites() override { inner_.EndWrites(); }
   double spent = 0;
 
  private:

@@ -27,6 +27,12 @@ class Connection {
   // not need it.
   virtual void BeginRead() {}
   virtual void EndRead() noexcept {}
+  // Between these two calls statements that write become visible to other programs together, where the engine
+  // would otherwise make a transaction of each. Calls may nest. A statement that fails leaves those before
+  // it, which EndWrites() keeps. No effect on an engine on which a transaction is more work than the
+  // statements.
+  virtual void BeginWrites() {}
+  virtual void EndWrites() {}
 };
 
 class ReadScope {
@@ -38,6 +44,32 @@ class ReadScope {
 
  private:
   Connection& connection_;
+};
+
+// Few statements, without any wait for a person between them: other programs' writes wait for the end.
+class WriteScope {
+ public:
+  explicit WriteScope(Connection& connection) : connection_(connection) { connection_.BeginWrites(); }
+  // After an error, which is the one to report, what was written before it is kept.
+  ~WriteScope() {
+    if (ended_) return;
+    try {
+      connection_.EndWrites();
+    } catch (...) {
+      return;
+    }
+  }
+  WriteScope(const WriteScope&) = delete;
+  WriteScope& operator=(const WriteScope&) = delete;
+  // The statements are in the database when it returns.
+  void end() {
+    ended_ = true;
+    connection_.EndWrites();
+  }
+
+ private:
+  Connection& connection_;
+  bool ended_ = false;
 };
 
 // The session's database object.

@@ -14,8 +14,10 @@
 namespace cu::fornitura {
 namespace {
 
+Connection& connessione(const Intorno& intorno) { return intorno.ambito.database->internalConnection(); }
+
 void eseguiRicorsione(const Intorno& intorno, const std::string& istruzione) {
-  intorno.ambito.database->internalConnection().Execute(intorno.utilita.fnAnsi2jet(istruzione));
+  connessione(intorno).Execute(intorno.utilita.fnAnsi2jet(istruzione));
 }
 
 std::size_t scelte(const Recordset& righe) {
@@ -72,6 +74,13 @@ class StampaDeiModuli {
  private:
   void elimina() { eseguiRicorsione(intorno_, ricorsione::elimina(corsa_.idUtente)); }
   void inserisci() { eseguiRicorsione(intorno_, ricorsione::inserisci(righe_, corsa_, intorno_.utilita)); }
+  // The table without any line between the two is of no use to another program.
+  void sostituisci() {
+    WriteScope insieme(connessione(intorno_));
+    elimina();
+    inserisci();
+    insieme.end();
+  }
   RichiestaStampa inFile(bool diRiga) const {
     const NomeModulo nome{.sCodFisc = richiesta_.sCodFisc,
                           .anno = richiesta_.stampa.dati.filtri.anno,
@@ -108,8 +117,7 @@ class StampaDeiModuli {
         rimangono();
         return;
       }
-      elimina();
-      inserisci();
+      sostituisci();
       annota(stampa(intorno_, inFile(true)));
     }
   }
@@ -142,8 +150,7 @@ class StampaDeiModuli {
     ModuloIniziato iniziato;
     iniziato.posizione = righe_.AbsolutePosition();
     try {
-      elimina();
-      inserisci();
+      sostituisci();
       iniziato.preparata = preparaStampa(intorno_, inFile(true));
     } catch (...) {
       iniziato.guasto = std::current_exception();

@@ -1,12 +1,16 @@
 #include "sqlite/sqlite_connection.h"
 
+#include <utility>
+
 #include "sqlite/engine.h"
 #include "sqlite/open.h"
+#include "sqlite/patience.h"
 
 namespace cu {
 
 struct SqliteConnection::State {
   explicit State(sqlite::DatabaseHandle database) : engine(std::move(database)) {}
+  sqlite::Patience patience;  // also while the engine closes the file
   sqlite::Engine engine;
 };
 
@@ -34,8 +38,12 @@ void SqliteConnection::BeginRead() { state_->engine.transactions().beginRead(); 
 
 void SqliteConnection::EndRead() noexcept { state_->engine.transactions().endRead(); }
 
-void SqliteConnection::setPatience(int milliseconds) {
-  sqlite3_busy_timeout(state_->engine.handle(), milliseconds);
+void SqliteConnection::BeginWrites() { state_->engine.transactions().beginWrites(); }
+
+void SqliteConnection::EndWrites() { state_->engine.transactions().endWrites(); }
+
+void SqliteConnection::setPatience(int milliseconds, std::function<void()> waiting) {
+  state_->patience.install(state_->engine.handle(), milliseconds, std::move(waiting));
 }
 
 std::size_t SqliteConnection::prepared() const { return state_->engine.prepared(); }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -29,9 +30,13 @@ class SqliteConnection final : public Connection {
   // change, and other processes do not wait.
   void BeginRead() override;
   void EndRead() noexcept override;
+  // One write transaction, from the first statement that writes; a query between them sees it.
+  void BeginWrites() override;
+  void EndWrites() override;
 
-  // How long to wait for a lock of another program, in milliseconds.
-  void setPatience(int milliseconds);
+  // How long to wait for a lock of another program, in milliseconds. `waiting` is called once, when it has
+  // been waited for five seconds; it raises nothing.
+  void setPatience(int milliseconds, std::function<void()> waiting = {});
   // Number of statements prepared since the opening: a text that differs from an earlier one only in its
   // values needs none.
   std::size_t prepared() const;

@@ -1,5 +1,7 @@
 #include "sqlite/transactions.h"
 
+#include <utility>
+
 #include "sqlite/errors.h"
 #include "sqlite/handle.h"
 
@@ -15,7 +17,7 @@ bool attempt(sqlite3* database, const char* sql) noexcept {
 }  // namespace
 
 void Transactions::startReading() {
-  if (readers_ == 0 || reading_ || depth_ > 0) return;
+  if (readers_ == 0 || reading_ || writing_ || depth_ > 0) return;
   execute(database_, "BEGIN");
   reading_ = true;
 }
@@ -42,6 +44,23 @@ void Transactions::endRead() noexcept {
   reading_ = false;
 }
 
+void Transactions::endWrites() {
+  if (writers_ == 0 || --writers_ > 0) return;
+  keepWritten();
+  startReading();
+}
+
+// After some errors the engine has already rolled back by itself.
+void Transactions::keepWritten() {
+  if (!std::exchange(writing_, false) || sqlite3_get_autocommit(database_) != 0) return;
+  try {
+    execute(database_, "COMMIT");
+  } catch (...) {
+    attempt(database_, "ROLLBACK");
+    throw;
+  }
+}
+
 void Transactions::requireFile() {
   const auto now = std::chrono::steady_clock::now();
   if (looked_ != std::chrono::steady_clock::time_point() && now - looked_ < kBetweenLooks) return;
@@ -56,6 +75,7 @@ void Transactions::statement(TransactionVerb verb) {
     if (depth_ == 0) {
       requireFile();
       stopReading();
+      keepWritten();
       // Takes the write lock at once: a transaction that waited for it until its first change would find its
       // reads out of date.
       try {
@@ -89,16 +109,28 @@ void Transactions::statement(TransactionVerb verb) {
 }
 
 Transactions::Writing::Writing(Transactions& transactions, bool atomic)
-    : transactions_(transactions), atomic_(atomic), nested_(transactions.depth_ > 0) {
+    : transactions_(transactions), atomic_(atomic) {
   transactions_.stopReading();
-  if (!atomic_) return;
   try {
-    execute(transactions_.database_, nested_ ? "SAVEPOINT cu" : "BEGIN IMMEDIATE");
+    begin();
   } catch (...) {
     atomic_ = false;
     back();
     throw;
   }
+}
+
+void Transactions::Writing::begin() {
+  sqlite3* database = transactions_.database_;
+  const bool together = transactions_.writers_ > 0 && transactions_.depth_ == 0;
+  // One that the engine has rolled back begins again.
+  if (together && (!transactions_.writing_ || sqlite3_get_autocommit(database) != 0)) {
+    transactions_.writing_ = false;
+    execute(database, "BEGIN IMMEDIATE");
+    transactions_.writing_ = true;
+  }
+  nested_ = transactions_.writing_ || transactions_.depth_ > 0;
+  if (atomic_) execute(database, nested_ ? "SAVEPOINT cu" : "BEGIN IMMEDIATE");
 }
 
 void Transactions::Writing::done() {

@@ -8,8 +8,8 @@
 
 namespace cu::sqlite {
 
-// The transactions of a connection: those of statements, one around a change of several steps, and the one in
-// which a series of reads sees one state of the database.
+// The transactions of a connection: those of statements, one around a change of several steps, one around a
+// few statements that write, and the one in which a series of reads sees one state of the database.
 class Transactions {
  public:
   explicit Transactions(sqlite3* database) : database_(database) {}
@@ -19,6 +19,11 @@ class Transactions {
 
   void beginRead();
   void endRead() noexcept;
+
+  // The statements that write between these are one transaction, which the first of them begins. A failed
+  // statement is undone alone, unless the engine has already undone them all.
+  void beginWrites() { ++writers_; }
+  void endWrites();
 
   // Surrounds every statement that writes: suspends the series of reads.
   class Writing {
@@ -31,15 +36,17 @@ class Transactions {
     void done();
 
    private:
+    void begin();
     void back() noexcept;
     Transactions& transactions_;
     bool atomic_;
-    bool nested_;  // within a transaction of the caller
+    bool nested_ = false;  // within a transaction that goes on
   };
 
  private:
   void startReading();
   void stopReading();
+  void keepWritten();
   // A file that was deleted or replaced while it is open takes every write and keeps none.
   void requireFile();
 
@@ -47,6 +54,8 @@ class Transactions {
   int depth_ = 0;  // of BEGIN TRANSACTION
   int readers_ = 0;
   bool reading_ = false;
+  int writers_ = 0;
+  bool writing_ = false;                          // the transaction of a few statements is open
   std::chrono::steady_clock::time_point looked_;  // for the file, the last time
 };
 

@@ -17,6 +17,8 @@ class LoggedConnection : public Connection {
   void Query(std::string_view source, RowStore& rows) override;
   void BeginRead() override { connection_->BeginRead(); }
   void EndRead() noexcept override { connection_->EndRead(); }
+  void BeginWrites() override { connection_->BeginWrites(); }
+  void EndWrites() override { connection_->EndWrites(); }
 
  private:
   std::unique_ptr<Connection> connection_;

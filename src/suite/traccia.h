@@ -42,6 +42,8 @@ class ConnessioneTracciata : public Connection {
   }
   void BeginRead() override { connessione_.BeginRead(); }
   void EndRead() noexcept override { connessione_.EndRead(); }
+  void BeginWrites() override { connessione_.BeginWrites(); }
+  void EndWrites() override { connessione_.EndWrites(); }
 
  private:
   Connection& connessione_;

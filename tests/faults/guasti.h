@@ -47,6 +47,8 @@ class ConnessioneGuasta : public Connection {
   }
   void BeginRead() override { vera_->BeginRead(); }
   void EndRead() noexcept override { vera_->EndRead(); }
+  void BeginWrites() override { vera_->BeginWrites(); }
+  void EndWrites() override { vera_->EndWrites(); }
 
  private:
   void prova(std::string_view testo) {

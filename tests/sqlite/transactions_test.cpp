@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 
 #include "files_support.h"
@@ -64,6 +65,128 @@ TEST_F(Transactions, AFailedStatementLeavesTheOthersOfTheTransaction) {
   EXPECT_THROW(mine->Execute("INSERT INTO t VALUES (2, 'y'), (1, 'z')"), DatabaseError);
   mine->Execute("COMMIT TRANSACTION");
   EXPECT_EQ(query(*mine, "t"), (Lines{{"1", "x"}}));
+}
+
+using WritesTogether = Files;
+
+TEST_F(WritesTogether, AreSeenByOthersAllAtOnce) {
+  auto mine = made("a.db");
+  mine->Execute("INSERT INTO t VALUES (1, 'prima')");
+  auto other = opened("a.db");
+  {
+    WriteScope together(*mine);
+    mine->Execute("DELETE FROM t WHERE id = 1");
+    EXPECT_EQ(query(*mine, "t").size(), 0u);
+    EXPECT_EQ(query(*other, "t"), (Lines{{"1", "prima"}}));
+    mine->Execute("INSERT INTO t VALUES (2, 'dopo')");
+    together.end();
+  }
+  EXPECT_EQ(query(*other, "t"), (Lines{{"2", "dopo"}}));
+  other->Execute("INSERT INTO t VALUES (3, 'di un altro')");
+}
+
+TEST_F(WritesTogether, OfWhichOneFailsLeaveThoseBeforeIt) {
+  auto mine = made("a.db");
+  mine->Execute("INSERT INTO t VALUES (1, 'prima')");
+  const auto fails = [&mine] {
+    WriteScope together(*mine);
+    mine->Execute("DELETE FROM t WHERE id = 1");
+    mine->Execute("INSERT INTO t VALUES (2, 'x'), (3, NULL)");
+  };
+  EXPECT_EQ(errorOf(fails).kind(), DatabaseErrorKind::Constraint);
+  EXPECT_EQ(query(*opened("a.db"), "t").size(), 0u);
+  mine->Execute("INSERT INTO t VALUES (4, 'da sola')");
+  EXPECT_EQ(query(*opened("a.db"), "t"), (Lines{{"4", "da sola"}}));
+}
+
+TEST_F(WritesTogether, NestAndSuspendASeriesOfReads) {
+  auto mine = made("a.db");
+  auto other = opened("a.db");
+  const ReadScope reads(*mine);
+  EXPECT_EQ(query(*mine, "t").size(), 0u);
+  {
+    WriteScope outer(*mine);
+    {
+      WriteScope inner(*mine);
+      mine->Execute("INSERT INTO t VALUES (1, 'x')");
+      inner.end();
+    }
+    EXPECT_EQ(query(*other, "t").size(), 0u);
+    outer.end();
+  }
+  EXPECT_EQ(query(*other, "t").size(), 1u);
+  EXPECT_EQ(query(*mine, "t").size(), 1u);
+  other->Execute("INSERT INTO t VALUES (2, 'y')");
+  EXPECT_EQ(query(*mine, "t").size(), 1u) << "the series of reads has begun again";
+}
+
+TEST_F(WritesTogether, WithoutAStatementTakeNoLock) {
+  auto mine = made("a.db");
+  auto other = opened("a.db");
+  WriteScope together(*mine);
+  other->Execute("INSERT INTO t VALUES (1, 'x')");
+  EXPECT_EQ(query(*mine, "t").size(), 1u);
+  together.end();
+  other->Execute("INSERT INTO t VALUES (2, 'y')");
+}
+
+TEST_F(WritesTogether, WaitForAnotherProgramBeforeTheFirst) {
+  auto mine = made("a.db");
+  auto other = opened("a.db");
+  other->Execute("BEGIN TRANSACTION");
+  other->Execute("INSERT INTO t VALUES (1, 'x')");
+  {
+    WriteScope together(*mine);
+    EXPECT_EQ(errorOf([&] { mine->Execute("DELETE FROM t"); }).kind(), DatabaseErrorKind::Locked);
+  }
+  other->Execute("COMMIT TRANSACTION");
+  WriteScope again(*mine);
+  mine->Execute("DELETE FROM t");
+  again.end();
+  EXPECT_EQ(query(*other, "t").size(), 0u);
+}
+
+TEST_F(WritesTogether, AreNoneOfTheirOwnInATransaction) {
+  auto mine = made("a.db");
+  mine->Execute("BEGIN TRANSACTION");
+  {
+    WriteScope together(*mine);
+    mine->Execute("INSERT INTO t VALUES (1, 'x')");
+    together.end();
+  }
+  EXPECT_EQ(query(*opened("a.db"), "t").size(), 0u);
+  mine->Execute("ROLLBACK TRANSACTION");
+  EXPECT_EQ(query(*mine, "t").size(), 0u);
+}
+
+TEST_F(WritesTogether, EndWhereATransactionBegins) {
+  auto mine = made("a.db");
+  WriteScope together(*mine);
+  mine->Execute("INSERT INTO t VALUES (1, 'x')");
+  mine->Execute("BEGIN TRANSACTION");
+  EXPECT_EQ(query(*opened("a.db"), "t").size(), 1u);
+  mine->Execute("INSERT INTO t VALUES (2, 'y')");
+  mine->Execute("ROLLBACK TRANSACTION");
+  mine->Execute("INSERT INTO t VALUES (3, 'z')");
+  together.end();
+  EXPECT_EQ(query(*opened("a.db"), "t"), (Lines{{"1", "x"}, {"3", "z"}}));
+}
+
+TEST_F(Transactions, WaitForAnotherProgramAsLongAsTheirPatienceIs) {
+  auto mine = made("a.db");
+  auto other = opened("a.db");
+  other->Execute("BEGIN TRANSACTION");
+  int told = 0;
+  mine->setPatience(300, [&told] { ++told; });
+  const auto begun = std::chrono::steady_clock::now();
+  EXPECT_EQ(errorOf([&] { mine->Execute("DELETE FROM t"); }).kind(), DatabaseErrorKind::Locked);
+  EXPECT_GE(std::chrono::steady_clock::now() - begun, std::chrono::milliseconds(300));
+  EXPECT_EQ(told, 0) << "five seconds are not told";
+  mine->setPatience(5500, [&told] { ++told; });
+  EXPECT_EQ(errorOf([&] { mine->Execute("DELETE FROM t"); }).kind(), DatabaseErrorKind::Locked);
+  EXPECT_EQ(told, 1);
+  other->Execute("COMMIT TRANSACTION");
+  mine->Execute("DELETE FROM t");
 }
 
 using Errors = Files;

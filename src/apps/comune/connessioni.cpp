@@ -51,7 +51,12 @@ std::unique_ptr<Connection> aperta(const Profilo::Database& database) {
   switch (database.motore) {
     case Profilo::Motore::Sqlite: {
       auto file = SqliteConnection::open(database.origine);
-      if (database.secondiAttesa) file->setPatience(*database.secondiAttesa * kMillesimi);
+      if (database.secondiAttesa) {
+        file->setPatience(*database.secondiAttesa * kMillesimi, [nome = database.origine] {
+          std::cerr << "Il database «" << nome << "» è occupato da un altro programma: si attende."
+                    << std::endl;
+        });
+      }
       esigiSuite(*file, "Il database «" + database.origine + "» non contiene le tabelle della suite.");
       return file;
     }
