@@ -8,7 +8,8 @@
 namespace cu {
 namespace {
 
-// A cell is a tag followed by the data of its type. Tags from kNulls on encode a run of nulls.
+// A cell is a tag followed by the data of its type. Tags from kCommon on encode a run of cells that are those
+// of the first row, tags from kNulls on a run of nulls.
 enum Tag : std::uint8_t {
   kInteger = 1,
   kDecimal = 2,
@@ -17,10 +18,13 @@ enum Tag : std::uint8_t {
   kSameText = 5,
   kZeroDecimal = 6,
   kShortText = 16,
+  kCommon = 80,
   kNulls = 128
 };
-constexpr std::size_t kShortTextMax = kNulls - kShortText - 1;
+constexpr std::size_t kShortTextMax = kCommon - kShortText - 1;
+constexpr std::size_t kCommonRunMax = kNulls - kCommon;
 constexpr std::size_t kNullRunMax = 255 - kNulls;
+constexpr std::size_t kRunsMin = std::min(kCommonRunMax, kNullRunMax);
 constexpr std::size_t kFirstChunk = 4096;
 constexpr std::size_t kLargestChunk = 1U << 20;
 constexpr std::size_t kWorthSharing = 12;  // a pointer and a length need about as much space
@@ -83,51 +87,96 @@ void RowStore::varint(std::uint64_t value) {
   *end_++ = static_cast<unsigned char>(value);
 }
 
-void RowStore::flushNulls() {
-  while (nulls_ > 0) {
-    const std::size_t run = std::min(nulls_, kNullRunMax);
-    *end_++ = static_cast<unsigned char>(kNulls + run);
-    nulls_ -= run;
+void RowStore::flushRun() {
+  while (runLength_ > 0) {
+    const bool nulls = run_ == Run::Nulls;
+    const std::size_t length = std::min(runLength_, nulls ? kNullRunMax : kCommonRunMax);
+    *end_++ = static_cast<unsigned char>((nulls ? std::size_t{kNulls} : std::size_t{kCommon} - 1) + length);
+    runLength_ -= length;
   }
 }
 
+void RowStore::extend(Run kind) {
+  ++column_;
+  if (kind != run_) {
+    reserve(16 + runLength_ / kRunsMin);
+    flushRun();
+    run_ = kind;
+  }
+  ++runLength_;
+}
+
+bool RowStore::isCommon(ValueType type, std::int64_t number) const {
+  return !common_.empty() && common_[column_].type == type && common_[column_].number == number;
+}
+
 void RowStore::beginRow() {
-  if (lastText_.empty()) lastText_.resize(columns_->size());
+  const std::size_t width = columns_->size();
+  if (lastText_.empty()) lastText_.resize(width);
+  if (rows_.size() == 1 && common_.empty()) {
+    commonCells_.resize(width);
+    readFirst(0, width, commonCells_.data());
+    common_.reserve(width);
+    for (const CellView& cell : commonCells_) {
+      const std::int64_t decimal = cell.type() == ValueType::Decimal ? cell.decimal().scaled() : 0;
+      const std::int64_t day = cell.type() == ValueType::Date ? cell.date().serial() : 0;
+      common_.push_back({cell.type(), cell.type() == ValueType::Integer ? cell.integer() : decimal + day});
+    }
+  }
   rowStart_ = end_;
   column_ = 0;
-  nulls_ = 0;
+  runLength_ = 0;
 }
 
 void RowStore::null() {
-  ++nulls_;
-  ++column_;
+  const bool inCommonRun = runLength_ > 0 && run_ == Run::Common && isCommon(ValueType::Null, 0);
+  extend(inCommonRun ? Run::Common : Run::Nulls);
 }
 
 void RowStore::tagged(std::uint8_t tag, std::int64_t value) {
-  reserve(16 + nulls_ / kNullRunMax);
-  flushNulls();
+  reserve(16 + runLength_ / kRunsMin);
+  flushRun();
   *end_++ = tag;
   varint(zigzag(value));
   ++column_;
 }
 
-void RowStore::integer(std::int64_t value) { tagged(kInteger, value); }
-void RowStore::date(Date value) { tagged(kDate, value.serial()); }
+void RowStore::integer(std::int64_t value) {
+  if (isCommon(ValueType::Integer, value)) {
+    extend(Run::Common);
+  } else {
+    tagged(kInteger, value);
+  }
+}
+
+void RowStore::date(Date value) {
+  if (isCommon(ValueType::Date, value.serial())) {
+    extend(Run::Common);
+  } else {
+    tagged(kDate, value.serial());
+  }
+}
 
 void RowStore::decimal(Decimal value) {
-  if (value.isZero()) {
-    reserve(16 + nulls_ / kNullRunMax);
-    flushNulls();
+  if (isCommon(ValueType::Decimal, value.scaled())) {
+    extend(Run::Common);
+  } else if (value.isZero()) {
+    reserve(16 + runLength_ / kRunsMin);
+    flushRun();
     *end_++ = kZeroDecimal;
     ++column_;
-    return;
+  } else {
+    tagged(kDecimal, value.scaled());
   }
-  tagged(kDecimal, value.scaled());
 }
 
 void RowStore::text(std::string_view value) {
-  reserve(32 + nulls_ / kNullRunMax + value.size());
-  flushNulls();
+  if (isCommon(ValueType::Text, 0) && commonCells_[column_].text() == value) {
+    extend(Run::Common);
+    return;
+  }
+  reserve(32 + runLength_ / kRunsMin + value.size());
+  flushRun();
   std::string_view& last = lastText_[column_];
   ++column_;
   if (value.size() > kWorthSharing && value == last) {
@@ -150,10 +199,16 @@ void RowStore::text(std::string_view value) {
 }
 
 void RowStore::endRow() {
-  if (column_ < columns_->size()) nulls_ += columns_->size() - column_;
-  reserve(16 + nulls_ / kNullRunMax);
-  flushNulls();
+  while (column_ < columns_->size()) null();
+  reserve(16 + runLength_ / kRunsMin);
+  flushRun();
   rows_.push_back(rowStart_);
+}
+
+void RowStore::reorder(std::size_t first, const std::vector<std::uint32_t>& places) {
+  const std::vector<const unsigned char*> before(rows_.begin() + static_cast<std::ptrdiff_t>(first),
+                                                 rows_.end());
+  for (std::size_t i = 0; i < places.size(); ++i) rows_[first + i] = before[places[i]];
 }
 
 void RowStore::readFirst(std::size_t row, std::size_t count, CellView* cells) const {
@@ -163,12 +218,16 @@ void RowStore::readFirst(std::size_t row, std::size_t count, CellView* cells) co
     at += length;
     return cell;
   };
+  const CellView* const begin = cells;
   CellView* const end = cells + count;
   while (cells < end) {
     const std::uint8_t tag = *at++;
     if (tag > kNulls) {
       CellView* const behind = cells + std::min<std::ptrdiff_t>(tag - kNulls, end - cells);
       while (cells < behind) *cells++ = CellView();
+    } else if (tag >= kCommon) {
+      const auto length = std::min<std::ptrdiff_t>(tag - kCommon + 1, end - cells);
+      cells = std::copy_n(commonCells_.data() + (cells - begin), length, cells);
     } else if (tag >= kShortText) {
       *cells++ = text(tag - std::size_t{kShortText});
     } else {

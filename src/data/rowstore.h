@@ -32,8 +32,9 @@ class Columns {
   std::unordered_map<std::string, std::size_t> byName_;
 };
 
-// The rows of a result in memory, packed: a null takes a fraction of a byte, a text its bytes. An engine
-// appends the cells of a row in column order; stored rows do not change.
+// The rows of a result in memory, packed: a null takes a fraction of a byte, as does a cell that is the same
+// as in the first row; a text takes its bytes. An engine appends the cells of a row in column order; stored
+// rows do not change.
 class RowStore {
  public:
   RowStore() = default;
@@ -51,6 +52,9 @@ class RowStore {
   void date(Date value);
   void endRow();  // cells not appended are null
 
+  // Row `first` + i becomes what row `first` + `places`[i] is; each place occurs once.
+  void reorder(std::size_t first, const std::vector<std::uint32_t>& places);
+
   std::size_t size() const { return rows_.size(); }
   // Writes one view per column; `cells` has room for columns()->size(). The views are valid as long as the
   // store exists.
@@ -66,7 +70,13 @@ class RowStore {
   void grow(std::size_t more);
   void tagged(std::uint8_t tag, std::int64_t value);
   void varint(std::uint64_t value);
-  void flushNulls();
+  // A cell of the row being written that needs no bytes of its own: it extends the pending run, or begins
+  // one.
+  enum class Run : std::uint8_t { Nulls, Common };
+  void extend(Run kind);
+  void flushRun();
+  // As in the first row; false while that is the one being written.
+  bool isCommon(ValueType type, std::int64_t number) const;
 
   std::shared_ptr<const Columns> columns_;
   std::vector<std::unique_ptr<unsigned char[]>> chunks_;
@@ -75,9 +85,17 @@ class RowStore {
   unsigned char* rowStart_ = nullptr;
   unsigned char* end_ = nullptr;    // after the last byte written
   unsigned char* limit_ = nullptr;  // end of the chunk
-  std::size_t nulls_ = 0;           // pending run
+  Run run_ = Run::Nulls;            // pending cells
+  std::size_t runLength_ = 0;
   std::vector<const unsigned char*> rows_;
   std::vector<std::string_view> lastText_;  // last long text of each column, which an equal text shares
+  // The cells of the first row, from the second one on.
+  struct Common {
+    ValueType type;
+    std::int64_t number;  // 0 of a text
+  };
+  std::vector<Common> common_;
+  std::vector<CellView> commonCells_;
   std::size_t column_ = 0;
 };
 

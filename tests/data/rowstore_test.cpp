@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <limits>
 #include <memory>
 #include <random>
@@ -93,8 +94,8 @@ TEST(RowStore, GivesBackEveryTypeAtItsLimits) {
            Value::ofDate(Date::fromSerial(std::numeric_limits<std::int32_t>::min())),
            Value::ofDate(Date::fromSerial(std::numeric_limits<std::int32_t>::max())), null(), null()},
           {Value::ofText(""), Value::ofText("a"), Value::ofText(std::string("\0\xFF\x80", 3)),
-           Value::ofText(std::string(110, 'x')), Value::ofText(std::string(111, 'y')),
-           Value::ofText(std::string(112, 'z')), Value::ofText(std::string(200, 'q')), Value::ofText("fine")},
+           Value::ofText(std::string(62, 'x')), Value::ofText(std::string(63, 'y')),
+           Value::ofText(std::string(64, 'z')), Value::ofText(std::string(200, 'q')), Value::ofText("fine")},
       },
       8);
 }
@@ -117,6 +118,96 @@ TEST(RowStore, LongRunsOfNulls) {
     middle[width / 2] = Value::ofText("in mezzo");
     expectSame({nulls, last, first, middle, nulls}, width);
   }
+}
+
+TEST(RowStore, LongRunsOfCellsAsInTheFirstRow) {
+  for (const std::size_t width : {std::size_t{1}, std::size_t{47}, std::size_t{48}, std::size_t{49},
+                                  std::size_t{96}, std::size_t{97}, std::size_t{1000}}) {
+    std::vector<Value> first(width);
+    for (std::size_t i = 0; i < width; ++i) {
+      const auto number = static_cast<std::int64_t>(i);
+      const Value kinds[] = {whole(number),
+                             Value::ofDecimal(Decimal::fromScaled(number)),
+                             Value::ofDate(Date::fromSerial(static_cast<std::int32_t>(i))),
+                             Value::ofText("testo " + std::to_string(i)),
+                             null(),
+                             Value::ofDecimal(Decimal()),
+                             Value::ofText("")};
+      first[i] = kinds[i % std::size(kinds)];
+    }
+    std::vector<Value> begins = first;
+    begins.front() = Value::ofText("altro");
+    std::vector<Value> ends = first;
+    ends.back() = null();
+    std::vector<Value> middle = first;
+    middle[width / 2] = whole(-5);
+    expectSame({first, first, begins, ends, middle, std::vector<Value>(width), first}, width);
+  }
+}
+
+TEST(RowStore, ACellIsOnlyTheSameWithItsType) {
+  const std::vector<Value> first = {whole(7), Value::ofDecimal(Decimal::fromScaled(7)),
+                                    Value::ofDate(Date::fromSerial(7)), Value::ofText("7"), null()};
+  for (const Value& each : std::vector<Value>(first)) {
+    expectSame({first, std::vector<Value>(first.size(), each), first}, first.size());
+  }
+  expectSame({{whole(0), Value::ofText("")},
+              {null(), null()},
+              {Value::ofDecimal(Decimal()), whole(0)},
+              {Value::ofDate(Date()), Value::ofDate(Date())}},
+             2);
+}
+
+TEST(RowStore, CellsAsInTheFirstRowTakeNoSpace) {
+  RowStore store;
+  store.setColumns(columnsOf(100));
+  constexpr std::size_t kRows = 10'000;
+  for (std::size_t i = 0; i < kRows; ++i) {
+    store.beginRow();
+    store.integer(static_cast<std::int64_t>(i));
+    for (int column = 1; column < 100; ++column) {
+      if (column % 3 == 0) {
+        store.text("via Garibaldi");
+      } else if (column % 3 == 1) {
+        store.decimal(Decimal::fromScaled(123456789));
+      } else {
+        store.null();
+      }
+    }
+    store.endRow();
+  }
+  EXPECT_LT(store.bytes(), kRows * 30);
+  EXPECT_EQ(row(store, kRows - 1)[99], Value::ofText("via Garibaldi"));
+}
+
+TEST(RowStore, TheFirstRowCountsWhenItIsWhole) {
+  RowStore store;
+  store.setColumns(columnsOf(2));
+  store.beginRow();
+  store.text("abbandonata");
+  store.beginRow();
+  store.text("prima");
+  store.integer(1);
+  store.endRow();
+  for (const char* text : {"abbandonata", "prima"}) {
+    store.beginRow();
+    store.text(text);
+    store.endRow();
+  }
+  EXPECT_EQ(row(store, 1), (std::vector<Value>{Value::ofText("abbandonata"), null()}));
+  EXPECT_EQ(row(store, 2), (std::vector<Value>{Value::ofText("prima"), null()}));
+}
+
+TEST(RowStore, RowsAreReordered) {
+  RowStore store;
+  std::vector<std::vector<Value>> rows;
+  for (std::int64_t i = 0; i < 5; ++i) rows.push_back({whole(i), Value::ofText("la stessa via")});
+  fill(store, rows, 2);
+  store.reorder(1, {3, 0, 2, 1});
+  std::vector<std::int64_t> found;
+  for (std::size_t i = 0; i < store.size(); ++i) found.push_back(row(store, i)[0].view().integer());
+  EXPECT_EQ(found, (std::vector<std::int64_t>{0, 4, 1, 3, 2}));
+  EXPECT_EQ(row(store, 1)[1], Value::ofText("la stessa via"));
 }
 
 TEST(RowStore, ARowBegunIsCompletedWithNulls) {
