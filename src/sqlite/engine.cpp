@@ -165,7 +165,7 @@ bool Engine::holds(Expr& condition, Text& text) {
 }
 
 void Engine::runSimple(Statement& statement, Text& text) {
-  const Rewritten rewritten = rewrite(statement, text.tokens.literals, catalog_);
+  const Rewritten rewritten = rewrite(statement, text.tokens.literals, catalog_, Sorting::WideByCaller);
   // No statement may be running or cached when the tables change.
   if (rewritten.definition) forget();
   std::unique_ptr<PreparedStatement> prepared = ready(rewritten, statement.kind);
@@ -193,6 +193,7 @@ std::unique_ptr<PreparedStatement> Engine::ready(const Rewritten& rewritten, std
   result->kind = std::move(kind);
   result->query = rewritten.query;
   result->definition = rewritten.definition;
+  result->order = rewritten.order;
   for (const Piece& piece : rewritten.pieces) {
     result->pieces.push_back(
         {piece.role, prepare(handle(), piece.sql, result->kind, !rewritten.definition), piece.parameters});
@@ -245,7 +246,9 @@ bool Engine::runPiece(PreparedStatement& statement, PreparedPiece& piece,
   }
   if (rows != nullptr && statement.query) {
     rows->setColumns(statement.columns);
+    const std::size_t first = rows->size();
     for (; code == SQLITE_ROW; code = sqlite3_step(handle)) readRow(handle, statement.kinds, *rows);
+    if (code == SQLITE_DONE) sortRows(*rows, first, statement.order);
   } else {
     while (code == SQLITE_ROW) code = sqlite3_step(handle);
   }

@@ -27,10 +27,11 @@ Rewritten single(Piece piece) {
   return result;
 }
 
-Rewritten rewrite(Statement& statement, const std::vector<Literal>& literals, const Catalog& catalog) {
+Rewritten rewrite(Statement& statement, const std::vector<Literal>& literals, const Catalog& catalog,
+                  Sorting sorting) {
   return std::visit(
       Overloaded{
-          [&](SelectPtr& select) { return rewriteSelect(*select, literals, catalog); },
+          [&](SelectPtr& select) { return rewriteSelect(*select, literals, catalog, sorting); },
           [&](InsertStatement& insert) { return rewriteInsert(insert, literals, catalog); },
           [&](UpdateStatement& update) { return rewriteUpdate(update, literals, catalog); },
           [&](DeleteStatement& remove) { return rewriteDelete(remove, literals, catalog); },
@@ -47,10 +48,15 @@ Rewritten rewrite(Statement& statement, const std::vector<Literal>& literals, co
       statement.body);
 }
 
-Rewritten rewriteSelect(Select& select, const std::vector<Literal>& literals, const Catalog& catalog) {
+Rewritten rewriteSelect(Select& select, const std::vector<Literal>& literals, const Catalog& catalog,
+                        Sorting sorting) {
   Analysis(catalog).query(select);
+  std::vector<OrderColumn> order;
+  if (sorting == Sorting::WideByCaller) order = orderOfRows(select);
+  if (!order.empty()) select.orderBy.clear();
   Rewritten result = single(Writer(literals, Destination::Run).select(select).piece());
   result.query = true;
+  result.order = std::move(order);
   result.columns = select.output;
   return result;
 }
@@ -63,7 +69,7 @@ Rewritten rewriteTable(const std::string& table, const Catalog& catalog) {
   Source source;
   source.table = table;
   select.from.push_back(std::move(source));
-  return rewriteSelect(select, {}, catalog);
+  return rewriteSelect(select, {}, catalog, Sorting::ByEngine);
 }
 
 Piece rewriteCondition(Expr& condition, const std::vector<Literal>& literals, const Catalog& catalog) {

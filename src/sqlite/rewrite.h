@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "sqlite/ast.h"
 #include "sqlite/literal.h"
+#include "sqlite/row_order.h"
 
 namespace cu::sqlite {
 
@@ -30,6 +32,7 @@ struct Piece {
 struct Rewritten {
   std::vector<Piece> pieces;        // run in order, atomically
   std::vector<ColumnInfo> columns;  // of a query
+  std::vector<OrderColumn> order;   // of its rows, which the caller sorts
   bool query = false;
   bool definition = false;  // changes the tables
 };
@@ -37,7 +40,11 @@ struct Rewritten {
 // Adapts one statement to the tables of the open database. Literals of queries and changes become parameters;
 // those of definitions are inlined. Only for queries, changes and definitions; control statements (IF, EXEC,
 // transactions) are handled by the connection.
-Rewritten rewrite(Statement& statement, const std::vector<Literal>& literals, const Catalog& catalog);
+//
+// Wide rows may be left to the caller to sort.
+enum class Sorting : std::uint8_t { ByEngine, WideByCaller };
+Rewritten rewrite(Statement& statement, const std::vector<Literal>& literals, const Catalog& catalog,
+                  Sorting sorting = Sorting::ByEngine);
 
 // The condition of an IF, as a query that returns a row when it is true.
 Piece rewriteCondition(Expr& condition, const std::vector<Literal>& literals, const Catalog& catalog);

@@ -6,7 +6,8 @@
 namespace cu::sqlite {
 
 // One function per kind of statement; each analyses the tree that it writes.
-Rewritten rewriteSelect(Select& select, const std::vector<Literal>& literals, const Catalog& catalog);
+Rewritten rewriteSelect(Select& select, const std::vector<Literal>& literals, const Catalog& catalog,
+                        Sorting sorting);
 Rewritten rewriteInsert(InsertStatement& statement, const std::vector<Literal>& literals,
                         const Catalog& catalog);
 Rewritten rewriteUpdate(UpdateStatement& statement, const std::vector<Literal>& literals,

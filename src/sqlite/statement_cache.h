@@ -26,6 +26,7 @@ struct PreparedStatement {
   bool writes = false;
   std::vector<ValueKind> kinds;            // of the columns of a query
   std::shared_ptr<const Columns> columns;  // shared by all its results
+  std::vector<OrderColumn> order;          // of its rows, which are sorted when they have been read
 };
 
 // The most recently used statements, by shape.
