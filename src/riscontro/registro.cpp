@@ -112,6 +112,69 @@ Registrata registrataDa(const Recordset& riga, bool conCelle) {
   return r;
 }
 
+std::vector<std::string> testiModuli(const Certificato& certificato) {
+  std::vector<std::string> testi;
+  testi.reserve(certificato.moduli.size());
+  for (const lettura::Modulo& modulo : certificato.moduli) testi.push_back(testoCelle(modulo.celle));
+  return testi;
+}
+
+// FNV-1a over the cells: it distinguishes contents, and protects nothing.
+std::string improntaCelle(const Certificato& certificato, const std::vector<std::string>& moduli) {
+  std::uint64_t somma = 14695981039346656037U;
+  const auto aggiungi = [&somma](std::string_view testo) {
+    for (const char c : testo) somma = (somma ^ static_cast<unsigned char>(c)) * 1099511628211U;
+  };
+  for (const Valore& cella : certificato.celle) {
+    if (cella.codice.starts_with("DA003")) continue;
+    for (const std::string_view pezzo : {std::string_view(cella.codice), std::string_view("="),
+                                         std::string_view(cella.testo), std::string_view("\n")}) {
+      aggiungi(pezzo);
+    }
+  }
+  for (const std::string& modulo : moduli) {
+    aggiungi("H\n");
+    aggiungi(modulo);
+  }
+  std::string cifre;
+  for (int i = 60; i >= 0; i -= 4) cifre += "0123456789abcdef"[(somma >> static_cast<unsigned>(i)) & 15U];
+  return cifre;
+}
+
+// The rows of certificates and their modules, in the order in which they come.
+class Righe {
+ public:
+  Righe(Connection& connessione, std::int64_t idInvio, std::int64_t ultima)
+      : inD_(connessione, "CuCertificazione",
+             {"IDCertificazione", "IDInvio", "CodiceFiscale", "Causale", "Nome", "Numero", "Operazione",
+              "RiferimentoProtocollo", "RiferimentoProgressivo", "Celle", "Impronta", "Stato"}),
+        inH_(connessione, "CuModulo", {"IDCertificazione", "Modulo", "Celle"}),
+        idInvio_(idInvio),
+        ultima_(ultima) {}
+
+  void aggiungi(const Certificato& c, const std::string& causale) {
+    const std::vector<std::string> moduli = testiModuli(c);
+    inD_.intero(++ultima_).intero(idInvio_).testo(c.percipiente.empty() ? " " : c.percipiente).testo(causale);
+    inD_.testo(c.nome).intero(c.numero).testo(c.operazione).testo(c.protocollo).testo(c.progressivo);
+    inD_.testo(testoCelle(c.celle)).testo(improntaCelle(c, moduli)).testo(nome(Stato::Scritta)).riga();
+    for (std::size_t i = 0; i < moduli.size(); ++i) {
+      inH_.intero(ultima_).intero(static_cast<std::int64_t>(i) + 1).testo(moduli[i]).riga();
+    }
+  }
+  void chiudi() {
+    inD_.chiudi();
+    inH_.chiudi();
+  }
+  std::int64_t certificazioni() const { return static_cast<std::int64_t>(inD_.righe()); }
+  std::int64_t moduli() const { return static_cast<std::int64_t>(inH_.righe()); }
+
+ private:
+  Inserimento inD_;
+  Inserimento inH_;
+  std::int64_t idInvio_;
+  std::int64_t ultima_;  // id of a certificate
+};
+
 }  // namespace
 
 std::string_view nome(Stato stato) { return kStati.at(static_cast<std::size_t>(stato)).second; }
@@ -124,19 +187,7 @@ std::optional<Stato> statoDi(std::string_view parola) {
 }
 
 std::string improntaCelle(const Certificato& certificato) {
-  // FNV-1a over the cells: it distinguishes contents, and protects nothing.
-  std::uint64_t somma = 14695981039346656037U;
-  const auto aggiungi = [&somma](std::string_view testo) {
-    for (const char c : testo) somma = (somma ^ static_cast<unsigned char>(c)) * 1099511628211U;
-  };
-  for (const Valore& cella : certificato.celle) {
-    if (cella.codice.starts_with("DA003")) continue;
-    aggiungi(cella.codice + "=" + cella.testo + "\n");
-  }
-  for (const lettura::Modulo& modulo : certificato.moduli) aggiungi("H\n" + testoCelle(modulo.celle));
-  std::string cifre;
-  for (int i = 60; i >= 0; i -= 4) cifre += "0123456789abcdef"[(somma >> static_cast<unsigned>(i)) & 15U];
-  return cifre;
+  return improntaCelle(certificato, testiModuli(certificato));
 }
 
 bool Registro::presente() {
@@ -168,58 +219,43 @@ std::string Registro::causaleDi(const Certificato& certificato, std::int32_t idA
   return riga.Eof() ? std::string() : riga.Get(0).toText();
 }
 
+std::int64_t Registro::registra(const Invio& invio, const std::vector<Certificato>& certificati) {
+  return registraLetto(invio, [&certificati](Invio&, const std::function<void(const Certificato&)>& uno) {
+    for (const Certificato& certificato : certificati) uno(certificato);
+  });
+}
+
 // On a server another program may take the same id at the same moment: the second one begins again.
-std::int64_t Registro::registra(const Invio& invio, const std::vector<Certificato>& certificati,
-                                const std::function<void(std::size_t quante)>& registrate) {
+std::int64_t Registro::registraLetto(const Invio& invio, const Lettura& lettura) {
   constexpr int kTentativi = 50;
   for (int tentativo = 1;; ++tentativo) {
     try {
-      return registraUna(invio, certificati, registrate);
+      return registraUna(invio, lettura);
     } catch (const DatabaseError& errore) {
       if (errore.kind() != DatabaseErrorKind::Duplicate || tentativo == kTentativi) throw;
     }
   }
 }
 
-std::int64_t Registro::registraUna(const Invio& invio, const std::vector<Certificato>& certificati,
-                                   const std::function<void(std::size_t quante)>& registrate) {
+std::int64_t Registro::registraUna(Invio invio, const Lettura& lettura) {
   Transazione transazione(connessione_);
   // The row of the file is written first: it holds the id, and with it the lock, until the end.
-  const std::int64_t id = massimo("CuInvio", "IDInvio") + 1;
-  std::int64_t moduli = 0;
-  for (const Certificato& c : certificati) moduli += static_cast<std::int64_t>(c.moduli.size());
+  invio.id = massimo("CuInvio", "IDInvio") + 1;
   connessione_.Execute(
-      "INSERT INTO CuInvio (IDInvio, IDAzienda, Anno, Tipo, Nome, Impronta, Momento, Certificazioni, Moduli,"
-      " RecordA, RecordB) VALUES (" +
-      fromInteger(id) + ", " + fromInteger(invio.idAzienda) + ", " + fromInteger(invio.anno) + ", " +
+      "INSERT INTO CuInvio (IDInvio, IDAzienda, Anno, Tipo, Nome, Impronta, Momento, Certificazioni, Moduli)"
+      " VALUES (" +
+      fromInteger(invio.id) + ", " + fromInteger(invio.idAzienda) + ", " + fromInteger(invio.anno) + ", " +
       fromInteger(invio.tipo) + ", " + quotato(invio.nome) + ", " + quotato(invio.impronta) + ", " +
-      quotato(invio.momento) + ", " + fromInteger(static_cast<std::int64_t>(certificati.size())) + ", " +
-      fromInteger(moduli) + ", " + quotato(invio.recordA) + ", " + quotato(invio.recordB) + ")");
-  std::int64_t prossima = massimo("CuCertificazione", "IDCertificazione");
-  Inserimento inD(connessione_, "CuCertificazione",
-                  {"IDCertificazione", "IDInvio", "CodiceFiscale", "Causale", "Nome", "Numero", "Operazione",
-                   "RiferimentoProtocollo", "RiferimentoProgressivo", "Celle", "Impronta", "Stato"});
-  Inserimento inH(connessione_, "CuModulo", {"IDCertificazione", "Modulo", "Celle"});
-  std::size_t fatte = 0;
-  for (const Certificato& c : certificati) {
-    inD.intero(++prossima)
-        .intero(id)
-        .testo(c.percipiente.empty() ? " " : c.percipiente)
-        .testo(causaleDi(c, invio.idAzienda));
-    inD.testo(c.nome).intero(c.numero).testo(c.operazione).testo(c.protocollo).testo(c.progressivo);
-    inD.testo(testoCelle(c.celle)).testo(improntaCelle(c)).testo(nome(Stato::Scritta)).riga();
-    for (std::size_t i = 0; i < c.moduli.size(); ++i) {
-      inH.intero(prossima)
-          .intero(static_cast<std::int64_t>(i) + 1)
-          .testo(testoCelle(c.moduli[i].celle))
-          .riga();
-    }
-    if (registrate) registrate(++fatte);
-  }
-  inD.chiudi();
-  inH.chiudi();
+      quotato(invio.momento) + ", 0, 0)");
+  Righe righe(connessione_, invio.id, massimo("CuCertificazione", "IDCertificazione"));
+  lettura(invio, [&](const Certificato& c) { righe.aggiungi(c, causaleDi(c, invio.idAzienda)); });
+  righe.chiudi();
+  connessione_.Execute("UPDATE CuInvio SET Impronta = " + quotato(invio.impronta) +
+                       ", Certificazioni = " + fromInteger(righe.certificazioni()) +
+                       ", Moduli = " + fromInteger(righe.moduli()) + ", RecordA = " + quotato(invio.recordA) +
+                       ", RecordB = " + quotato(invio.recordB) + " WHERE IDInvio = " + fromInteger(invio.id));
   transazione.conferma();
-  return id;
+  return invio.id;
 }
 
 std::optional<Invio> Registro::cerca(std::string_view impronta) {

@@ -55,9 +55,14 @@ class Registro {
 
   bool presente();
 
-  // In one transaction; the id of the file. `registrate` is called after each certificate.
-  std::int64_t registra(const Invio& invio, const std::vector<lettura::Certificato>& certificati,
-                        const std::function<void(std::size_t quante)>& registrate = {});
+  // In one transaction; the id of the file.
+  std::int64_t registra(const Invio& invio, const std::vector<lettura::Certificato>& certificati);
+  // Reads a file: passes on each certificate, which is not kept, and completes the file's own facts in
+  // `invio` before it returns.
+  using Lettura =
+      std::function<void(Invio& invio, const std::function<void(const lettura::Certificato&)>& uno)>;
+  // The same of a file that is read meanwhile; read anew where the transaction has to begin again.
+  std::int64_t registraLetto(const Invio& invio, const Lettura& lettura);
   // The last file with the content.
   std::optional<Invio> cerca(std::string_view impronta);
   std::vector<Invio> invii(std::int32_t idAzienda);
@@ -78,8 +83,7 @@ class Registro {
   Connection& connessione() { return connessione_; }
 
  private:
-  std::int64_t registraUna(const Invio& invio, const std::vector<lettura::Certificato>& certificati,
-                           const std::function<void(std::size_t quante)>& registrate);
+  std::int64_t registraUna(Invio invio, const Lettura& lettura);
   std::string causaleDi(const lettura::Certificato& certificato, std::int32_t idAzienda);
   std::int64_t massimo(std::string_view tabella, std::string_view colonna);
   void leggiModuli(std::int32_t idAzienda, std::optional<std::int32_t> anno,

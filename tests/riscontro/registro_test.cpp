@@ -48,6 +48,47 @@ TEST(Registro, TakesTheNextIdWhereAnotherProgramWasFaster) {
   EXPECT_EQ(con.registro.invii(1).size(), 2U);
 }
 
+TEST(Registro, AFileIsReadWhenItsIdIsItsOwn) {
+  ConRegistro con;
+  con.scrivi({certificato("RSSMRC71C08L781I", "A")});
+  TakenBefore fast(*con.connessione, 2);
+  Invio invio;
+  invio.idAzienda = 1;
+  invio.anno = 2017;
+  int letture = 0;
+  EXPECT_EQ(Registro(fast).registraLetto(invio,
+                                         [&](Invio& suo, const auto& uno) {
+                                           ++letture;
+                                           uno(certificato("P", "A"));
+                                           suo.impronta = "abc";
+                                           suo.recordA = "A di coda";
+                                           uno(certificato("Q", "M"));
+                                         }),
+            2);
+  EXPECT_EQ(letture, 1) << "nothing is read before the id is taken";
+  const auto trovato = con.registro.cerca("abc");
+  ASSERT_TRUE(trovato);
+  EXPECT_EQ(trovato->certificazioni, 2);
+  EXPECT_EQ(trovato->moduli, 2);
+  EXPECT_EQ(trovato->recordA, "A di coda");
+  EXPECT_EQ(con.registro.certificate(1, 2017, false).size(), 3U);
+}
+
+TEST(Registro, AFileThatCannotBeReadLeavesNothing) {
+  ConRegistro con;
+  Invio invio;
+  invio.idAzienda = 1;
+  invio.anno = 2017;
+  EXPECT_THROW(con.registro.registraLetto(invio,
+                                          [&](Invio&, const auto& uno) {
+                                            for (int i = 0; i < 100; ++i) uno(certificato("P", "A"));
+                                            throw FileError(kErrorFileNotFound, "illeggibile");
+                                          }),
+               FileError);
+  EXPECT_TRUE(con.registro.invii(1).empty());
+  EXPECT_TRUE(con.registro.certificate(1, 2017, false).empty());
+}
+
 TEST(Registro, KeepsEachCertificateWithItsCells) {
   ConRegistro con;
   lettura::Certificato scritto = certificato("RSSMRC71C08L781I", "A");

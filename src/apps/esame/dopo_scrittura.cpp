@@ -1,12 +1,13 @@
 #include "apps/esame/dopo_scrittura.h"
 
+#include <exception>
 #include <filesystem>
+#include <functional>
 #include <utility>
-#include <vector>
 
 #include "apps/comune/elenco_luoghi.h"
 #include "apps/comune/file_letto.h"
-#include "apps/esame/impronta.h"
+#include "apps/comune/sha256.h"
 #include "base/error.h"
 #include "base/text.h"
 #include "riscontro/registro.h"
@@ -14,34 +15,54 @@
 namespace cu {
 namespace {
 
-class Raccolta : public lettura::Ascoltatore {
- public:
-  void fornitura(const lettura::Fornitura& fornitura) override { recordA = fornitura.testo; }
-  void sostituto(const lettura::Sostituto& sostituto) override { recordB = sostituto.testo; }
-  void certificato(const lettura::Certificato& certificato) override { certificati.push_back(certificato); }
+using PerOgnuno = std::function<void(const lettura::Certificato&)>;
 
-  std::string recordA;
-  std::string recordB;
-  std::vector<lettura::Certificato> certificati;
+// Passes on what is read. A failure to keep it does not end the reading, whose findings are known all the
+// same.
+class Inoltro : public lettura::Ascoltatore {
+ public:
+  Inoltro(riscontro::Invio& invio, const PerOgnuno& uno) : invio_(invio), uno_(uno) {}
+  void fornitura(const lettura::Fornitura& fornitura) override { invio_.recordA = fornitura.testo; }
+  void sostituto(const lettura::Sostituto& sostituto) override { invio_.recordB = sostituto.testo; }
+  void certificato(const lettura::Certificato& certificato) override {
+    if (guasto_) return;
+    try {
+      uno_(certificato);
+    } catch (const std::exception&) {
+      guasto_ = std::current_exception();
+    }
+  }
+  void fine() const {
+    if (guasto_) std::rethrow_exception(guasto_);
+  }
+
+ private:
+  riscontro::Invio& invio_;
+  const PerOgnuno& uno_;
+  std::exception_ptr guasto_;
 };
 
-// Reports how much of the file has been read.
+// Reports how much of the file has been read, and sums its bytes.
 class LetturaSeguita : public lettura::Sorgente {
  public:
-  LetturaSeguita(FileLetto& file, ProgressSink* avanzamento) : file_(file), avanzamento_(avanzamento) {}
+  LetturaSeguita(const std::string& percorso, ProgressSink* avanzamento)
+      : file_(percorso), avanzamento_(avanzamento) {}
   std::size_t leggi(char* dove, std::size_t quanti) override {
     constexpr std::uint64_t kKilobyte = 1024;
     const std::size_t letti = file_.leggi(dove, quanti);
+    somma_.aggiungi({dove, letti});
     letti_ += letti;
     if (avanzamento_ != nullptr)
       avanzamento_->progress("Controllo del file (kB)", letti_ / kKilobyte, file_.dimensione() / kKilobyte);
     return letti;
   }
+  std::string impronta() { return somma_.cifre(); }
 
  private:
-  FileLetto& file_;
+  FileLetto file_;
   ProgressSink* avanzamento_;
   std::uint64_t letti_ = 0;
+  Sha256 somma_;
 };
 
 // "2018-03-05 10:30:00"
@@ -51,44 +72,67 @@ std::string momento(const Clock& orologio) {
   return orologio.today().toIso() + " " + due(ora.hour) + ":" + due(ora.minute) + ":" + due(ora.second);
 }
 
-void registra(riscontro::Registro& registro, const Clock& orologio, const FileAppenaScritto& file,
-              const Raccolta& raccolta) {
-  const std::size_t tutte = raccolta.certificati.size();
-  if (file.avanzamento != nullptr) file.avanzamento->progress("Registrazione delle certificazioni", 0, tutte);
-  riscontro::Invio invio;
-  invio.idAzienda = file.idAzienda;
-  invio.anno = file.anno;
-  invio.tipo = static_cast<std::int32_t>(file.tipo);
-  invio.nome = std::filesystem::path(file.percorso).filename().string();
-  invio.impronta = improntaFile(file.percorso);
-  invio.momento = momento(orologio);
-  invio.recordA = raccolta.recordA;
-  invio.recordB = raccolta.recordB;
-  registro.registra(invio, raccolta.certificati, [&file, tutte](std::size_t fatte) {
-    if (file.avanzamento != nullptr)
-      file.avanzamento->progress("Registrazione delle certificazioni", fatte, tutte);
-  });
-}
+class DopoLaScrittura {
+ public:
+  DopoLaScrittura(Connection& connessione, const Clock& orologio, const FileAppenaScritto& file)
+      : registro_(connessione), orologio_(orologio), file_(file) {}
+
+  // Each certificate goes to the record as it is read: all of them would take more memory than the rest of
+  // the run.
+  DopoScrittura esegui() {
+    try {
+      if (registro_.presente()) registra();
+    } catch (const std::exception& errore) {
+      dopo_.guasto = asError(errore).description();
+    }
+    if (letto_) return std::move(dopo_);
+    try {
+      LetturaSeguita letto(file_.percorso, file_.avanzamento);
+      esamina(letto, nullptr);
+    } catch (const std::exception& errore) {
+      if (dopo_.guasto.empty()) dopo_.guasto = asError(errore).description();
+    }
+    return std::move(dopo_);
+  }
+
+ private:
+  void esamina(lettura::Sorgente& letto, lettura::Ascoltatore* ascoltatore) {
+    // Made once: a run for many companies reads as many files.
+    static const ElencoLuoghi luoghi;
+    dopo_.rilievi = lettura::esamina(letto, &luoghi, ascoltatore, &file_.modello).rilievi;
+    letto_ = true;
+  }
+
+  void registra() {
+    riscontro::Invio invio;
+    invio.idAzienda = file_.idAzienda;
+    invio.anno = file_.anno;
+    invio.tipo = static_cast<std::int32_t>(file_.tipo);
+    invio.nome = std::filesystem::path(file_.percorso).filename().string();
+    invio.momento = momento(orologio_);
+    registro_.registraLetto(invio, [this](riscontro::Invio& suo, const PerOgnuno& uno) {
+      LetturaSeguita letto(file_.percorso, file_.avanzamento);
+      Inoltro inoltro(suo, uno);
+      esamina(letto, &inoltro);
+      inoltro.fine();
+      suo.impronta = letto.impronta();
+      if (file_.avanzamento != nullptr)
+        file_.avanzamento->progress("Registrazione delle certificazioni", 0, 0);
+    });
+    dopo_.registrato = true;
+  }
+
+  riscontro::Registro registro_;
+  const Clock& orologio_;
+  const FileAppenaScritto& file_;
+  DopoScrittura dopo_;
+  bool letto_ = false;
+};
 
 }  // namespace
 
 DopoScrittura dopoScrittura(Connection& connessione, const Clock& orologio, const FileAppenaScritto& file) {
-  DopoScrittura dopo;
-  try {
-    riscontro::Registro registro(connessione);
-    const bool presente = registro.presente();
-    Raccolta raccolta;
-    // Made once: a run for many companies reads as many files.
-    static const ElencoLuoghi luoghi;
-    FileLetto sulDisco(file.percorso);
-    LetturaSeguita letto(sulDisco, file.avanzamento);
-    dopo.rilievi = lettura::esamina(letto, &luoghi, presente ? &raccolta : nullptr, &file.modello).rilievi;
-    if (presente) registra(registro, orologio, file, raccolta);
-    dopo.registrato = presente;
-  } catch (const std::exception& errore) {
-    dopo.guasto = asError(errore).description();
-  }
-  return dopo;
+  return DopoLaScrittura(connessione, orologio, file).esegui();
 }
 
 }  // namespace cu
