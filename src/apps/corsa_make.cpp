@@ -53,10 +53,12 @@ CorsaMake eseguiMake(const Profilo& profilo, const OpzioniMake& opzioni, Termina
                             opzioni.aziende ? std::optional(1) : opzioni.lavori);
   SessioneComando sessione(surroundings, terminale);
   sessione.esegui([&] {
-    Compensi compensi(surroundings.utilita(), terminale);
     const fornitura::RichiestaCU richiesta =
         completaCorsa(opzioni, sessione, surroundings, terminale, ricorda);
-    const auto esito = fornitura::creaCU(sessione.intorno(), compensi, richiesta);
+    const auto esito = [&] {
+      Compensi compensi(surroundings.utilita(), terminale);
+      return fornitura::creaCU(sessione.intorno(), compensi, richiesta);
+    }();
     corsa.mancanti = esito->mancanti;
     if (esito->mancanti.empty()) {
       scriviRifiuti(esito.refusals, terminale);

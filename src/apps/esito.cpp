@@ -63,9 +63,10 @@ void scriviRegistri(const Terminale& terminale) {
 
 void scriviStampe(const Terminale& terminale, const Profilo& profilo) {
   const bool registrate = profilo.stampa == Profilo::MotoreStampa::Registro;
-  for (const PrintNote& stampa : terminale.stampe) {
-    if (!stampa.written && !registrate) continue;
-    std::cout << (stampa.written ? "Stampa: " : "Stampa registrata, non impaginata: ") << stampa.file << " ("
+  for (std::size_t i = 0; i < terminale.stampe.size(); ++i) {
+    const StampeAnnotate::Una stampa = terminale.stampe[i];
+    if (!stampa.fatta && !registrate) continue;
+    std::cout << (stampa.fatta ? "Stampa: " : "Stampa registrata, non impaginata: ") << stampa.file << " ("
               << stampa.report << ")\n";
   }
 }

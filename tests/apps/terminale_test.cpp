@@ -56,8 +56,27 @@ TEST(Terminal, DialogsAreAnsweredAndTheRestIsKept) {
   EXPECT_EQ(terminale.choosePrinter(), std::nullopt);
   terminale.showLog({{"Campo"}, {}});
   EXPECT_EQ(terminale.registri.size(), 1U);
+  EXPECT_TRUE(terminale.stampe.empty());
+  const auto stampata = [](const char* report, const char* file, bool fatta) {
+    PrintNote nota;
+    nota.report = report;
+    nota.file = file;
+    nota.written = fatta;
+    return nota;
+  };
+  terminale.printed(stampata("Modulo.rpt", "/cu/uno.pdf", true));
+  terminale.printed(stampata("Modulo.rpt", "/cu/due.pdf", false));
+  terminale.printed(stampata("Conti.rpt", "senza cartella.pdf", true));
   terminale.printed({});
-  EXPECT_EQ(terminale.stampe.size(), 1U);
+  ASSERT_EQ(terminale.stampe.size(), 4U);
+  EXPECT_EQ(terminale.stampe[0].file, "/cu/uno.pdf");
+  EXPECT_TRUE(terminale.stampe[0].fatta);
+  EXPECT_EQ(terminale.stampe[1].file, "/cu/due.pdf");
+  EXPECT_EQ(terminale.stampe[1].report, "Modulo.rpt");
+  EXPECT_FALSE(terminale.stampe[1].fatta);
+  EXPECT_EQ(terminale.stampe[2].file, "senza cartella.pdf");
+  EXPECT_EQ(terminale.stampe[2].report, "Conti.rpt");
+  EXPECT_EQ(terminale.stampe[3].file, "");
 }
 
 TEST(Terminal, NoFormIsShown) {

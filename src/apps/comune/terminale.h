@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/comune/stampe_annotate.h"
 #include "controls/frontend.h"
 #include "suite/logged_phases.h"
 
@@ -26,7 +27,7 @@ class Terminale : public FrontEnd {
   std::vector<std::string> messaggi;  // rejections, and errors that no handler caught
   std::vector<Avviso> avvisi;
   std::vector<LogTable> registri;
-  std::vector<PrintNote> stampe;
+  StampeAnnotate stampe;
   std::function<void(const char* che, std::size_t fatto, std::size_t totale)> avanzamento;
 
   // Stores a warning, and returns whether it is confirmed.
@@ -49,7 +50,7 @@ class Terminale : public FrontEnd {
   void help(const std::string&, int, std::int32_t) override {}
   void open(const std::string&, const std::string&) override {}
   void viewText(const std::string&) override {}
-  void printed(const PrintNote& note) override { stampe.push_back(note); }
+  void printed(const PrintNote& note) override { stampe.annota(note); }
   void beep() override {}
   void progress(const char* what, std::size_t done, std::size_t total) override {
     fasi_.progress(what, done);

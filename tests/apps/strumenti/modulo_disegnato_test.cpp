@@ -106,8 +106,9 @@ Corsa corri(const test::Azienda& azienda, std::int32_t anno) {
     if (esito->file) corsa.file = esito->file->percorso;
   });
   for (const std::string& messaggio : terminale.messaggi) ADD_FAILURE() << messaggio;
-  for (const PrintNote& stampa : terminale.stampe) {
-    if (stampa.written) corsa.moduli = stampa.file;
+  for (std::size_t i = 0; i < terminale.stampe.size(); ++i) {
+    const StampeAnnotate::Una stampa = terminale.stampe[i];
+    if (stampa.fatta) corsa.moduli = stampa.file;
   }
   return corsa;
 }
