@@ -95,25 +95,42 @@ void SupportLog::record(const LogEntry& entry) {
   if (!file_) return;
   const std::string subject = logSubject(entry);
   const auto now = steady_clock::now();
-  if (repeated_.process != ::getpid()) repeated_ = {};
+  if (std::exchange(process_, ::getpid()) != ::getpid()) repeated_.clear();
   const bool isShort = entry.error == nullptr && entry.duration && *entry.duration < kShort && !entry.bytes;
-  if (isShort && subject == repeated_.subject && now - repeated_.since < kTogether) {
-    ++repeated_.times;
-    repeated_.duration += *entry.duration;
-    if (entry.rows) repeated_.rows = repeated_.rows.value_or(0) + *entry.rows;
-    return;
-  }
+  if (isShort && count(subject, entry, now)) return;
   writeRepeated();
   writeLine(subject + logMeasures(entry));
-  repeated_ = {isShort ? subject : std::string(), 0, {}, {}, now, ::getpid()};
+  if (!isShort) {
+    repeated_.clear();
+    return;
+  }
+  std::erase_if(repeated_, [&subject](const Repeated& each) { return each.subject == subject; });
+  if (repeated_.size() == kAlternating) repeated_.erase(repeated_.begin());
+  repeated_.push_back({subject, now});
+}
+
+// Returns false for an operation that has no line, or one of more than a second ago.
+bool SupportLog::count(const std::string& subject, const LogEntry& entry, steady_clock::time_point now) {
+  const auto known = std::find_if(repeated_.begin(), repeated_.end(),
+                                  [&subject](const Repeated& each) { return each.subject == subject; });
+  if (known == repeated_.end() || now - known->since >= kTogether) return false;
+  ++known->times;
+  known->duration += *entry.duration;
+  if (entry.rows) known->rows = known->rows.value_or(0) + *entry.rows;
+  return true;
 }
 
 void SupportLog::writeRepeated() {
-  if (repeated_.times == 0 || repeated_.process != ::getpid()) return;
-  const LogEntry measures{.operation = "", .duration = repeated_.duration, .rows = repeated_.rows};
-  writeLine(repeated_.subject + " volte=" + fromInteger(static_cast<std::int64_t>(repeated_.times)) +
-            logMeasures(measures));
-  repeated_ = {};
+  if (process_ != ::getpid()) return;
+  for (Repeated& each : repeated_) {
+    if (each.times == 0) continue;
+    const LogEntry measures{.operation = "", .duration = each.duration, .rows = each.rows};
+    writeLine(each.subject + " volte=" + fromInteger(static_cast<std::int64_t>(each.times)) +
+              logMeasures(measures));
+    each.times = 0;
+    each.duration = microseconds(0);
+    each.rows.reset();
+  }
 }
 
 void SupportLog::writeLine(const std::string& text) {
@@ -172,7 +189,6 @@ bool SupportLog::makeRoom() {
 
 void SupportLog::fail(const std::string& text) {
   file_.reset();
-  repeated_ = {};
   if (settings_.warn) settings_.warn("Il registro per l'assistenza non si può scrivere. " + text);
 }
 

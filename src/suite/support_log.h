@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <vector>
 
 #include "suite/platform_file.h"
 
@@ -29,9 +30,9 @@ struct LogEntry {
 };
 
 // The log for support, written only where the user asks for it. It has a line for each operation, written to
-// the file at once; equal short operations that follow each other within a second are counted on one line. A
-// full file becomes FILE.1, the one before it FILE.2, and so on. Any thread may write, and several processes
-// into one file. An error ends the log, never the work: it is reported once.
+// the file at once; equal short operations within a second of the first are counted on one line, also where a
+// few kinds of them alternate. A full file becomes FILE.1, the one before it FILE.2, and so on. Any thread
+// may write, and several processes into one file. An error ends the log, never the work: it is reported once.
 class SupportLog {
  public:
   struct Settings {
@@ -58,14 +59,16 @@ class SupportLog {
   static void activate(std::unique_ptr<SupportLog> log);
 
  private:
+  // A short operation that has a line, and what has been counted since.
   struct Repeated {
     std::string subject;
+    std::chrono::steady_clock::time_point since;
     std::uint64_t times = 0;
     std::chrono::microseconds duration{0};
-    std::optional<std::int64_t> rows;
-    std::chrono::steady_clock::time_point since;
-    int process = 0;  // what a process has counted is not written by its children
+    std::optional<std::int64_t> rows = {};
   };
+  static constexpr std::size_t kAlternating = 8;
+  bool count(const std::string& subject, const LogEntry& entry, std::chrono::steady_clock::time_point now);
   void open();
   void rotate();
   bool makeRoom();
@@ -77,7 +80,8 @@ class SupportLog {
   Settings settings_;
   mutable std::mutex mutex_;
   std::optional<Descriptor> file_;
-  Repeated repeated_;
+  std::vector<Repeated> repeated_;  // the oldest first
+  int process_ = 0;                 // what a process has counted is not written by its children
 };
 
 // Records an error that has ended an operation. Nothing without a log.

@@ -120,6 +120,38 @@ TEST_F(Log, ShortEqualOperationsAreCounted) {
                                    "istruzione SELECT su=Comune volte=1 ms=1 righe=2"));
 }
 
+TEST_F(Log, OperationsThatAlternateAreCountedToo) {
+  {
+    SupportLog log(settings());
+    for (int i = 0; i < 100; ++i) {
+      log.record(statement("DELETE"));
+      log.record(statement("INSERT"));
+    }
+    log.record(statement("SELECT", milliseconds(500)));
+    log.record(statement("DELETE"));
+  }
+  EXPECT_THAT(
+      texts(),
+      ElementsAre("istruzione DELETE su=Comune ms=1 righe=2", "istruzione INSERT su=Comune ms=1 righe=2",
+                  "istruzione DELETE su=Comune volte=99 ms=99 righe=198",
+                  "istruzione INSERT su=Comune volte=99 ms=99 righe=198",
+                  "istruzione SELECT su=Comune ms=500 righe=2", "istruzione DELETE su=Comune ms=1 righe=2"));
+}
+
+TEST_F(Log, NoMoreThanAFewKindsAreCountedAtATime) {
+  constexpr int kKinds = 30;
+  {
+    SupportLog log(settings());
+    for (int round = 0; round < 2; ++round) {
+      for (int kind = 0; kind < kKinds; ++kind) {
+        const std::string table(1, static_cast<char>('A' + kind % 26));
+        log.record({.operation = kind < 26 ? "prima" : "poi", .object = table, .duration = milliseconds(1)});
+      }
+    }
+  }
+  EXPECT_THAT(texts(), SizeIs(2 * kKinds));
+}
+
 TEST_F(Log, AFailureIsNeverCounted) {
   SupportLog log(settings());
   const Error error(5, "");
