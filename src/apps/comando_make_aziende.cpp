@@ -267,7 +267,11 @@ void scriviSomma(std::size_t tutte, std::map<Esito, std::size_t>& somma) {
     std::cout << ", scritte senza tutti i moduli " << somma[Esito::SenzaModuli];
   if (somma[Esito::GiaScritta] > 0) std::cout << ", già scritte " << somma[Esito::GiaScritta];
   if (somma[Esito::SenzaConti] > 0) std::cout << ", senza conti " << somma[Esito::SenzaConti];
-  std::cout << ", rifiutate " << somma[Esito::Rifiutata] << ".\n" << std::flush;
+  std::cout << ", rifiutate " << somma[Esito::Rifiutata];
+  std::size_t fatte = 0;
+  for (const auto& [esito, quante] : somma) fatte += quante;
+  if (fatte < tutte) std::cout << ", non iniziate " << tutte - fatte;
+  std::cout << ".\n" << std::flush;
   if (somma[Esito::SenzaModuli] > 0) {
     std::cerr << "Dove mancano dei moduli il file risulta scritto: tolta la causa, si rifanno indicando "
                  "l'azienda con "
@@ -295,7 +299,7 @@ int comandoMakeAziende(const OpzioniMake& opzioni) {
   }
   const fs::path cartella = cartellaComune(opzioni, profilo);
   std::map<Esito, std::size_t> somma;
-  eseguiInProcessi(
+  const bool tutte = eseguiInProcessi(
       scelte.size(), opzioni.lavori ? static_cast<std::size_t>(*opzioni.lavori) : unitaDiCalcolo(),
       [&](std::size_t quale) {
         const AziendaScelta& scelta = scelte[quale];
@@ -307,9 +311,15 @@ int comandoMakeAziende(const OpzioniMake& opzioni) {
         const EsitoAzienda fatta = letto(processo);
         ++somma[fatta.esito];
         std::cout << dettaAzienda(database, scelte[quale]) << ": " << fatta.testo << '\n' << std::flush;
+      },
+      [] {
+        std::cerr << "Interrotta: si completano le aziende già iniziate. Un altro Ctrl+C ferma anche quelle."
+                  << std::endl;
       });
   scriviSomma(scelte.size(), somma);
-  return !esclusi && somma[Esito::Rifiutata] + somma[Esito::SenzaModuli] == 0 ? kRiuscito : kRifiutato;
+  if (!tutte) std::cerr << "Lo stesso comando con --only-missing fa le aziende che mancano.\n";
+  const bool intere = !esclusi && somma[Esito::Rifiutata] + somma[Esito::SenzaModuli] == 0;
+  return tutte && intere ? kRiuscito : kRifiutato;
 }
 
 }  // namespace cu

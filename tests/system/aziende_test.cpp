@@ -154,11 +154,15 @@ TEST_F(MolteAziende, WhatCameAfterAFileThatWasSentIsLeftToCorrections) {
   posto_.imposta("session.company", "2");
   const Esecuzione inviata = posto_.cuctl({"sent", file(2), "--profile", posto_.profilo()});
   ASSERT_EQ(inviata.codice, 0) << inviata.errori;
+  const std::string percipiente =
+      posto_.lettore()
+          ->righe("SELECT IDAnagrafica FROM Percipiente WHERE IDAzienda = 2 ORDER BY IDAnagrafica")
+          .front()
+          .front();
   posto_.lettore()->esegui(
       "INSERT INTO ContoIndividuale (IDAnagrafica, IDCausalePagamento, Anno, IDAzienda, OnorarioProvvigioni,"
-      " QuotaProvvigioniNonSoggette) SELECT MIN(IDAnagrafica), (SELECT IDCausalePagamento FROM "
-      "CausalePagamento "
-      "WHERE Codice = 'V'), 2017, 2, 100, 0 FROM Percipiente WHERE IDAzienda = 2");
+      " QuotaProvvigioniNonSoggette) SELECT " +
+      percipiente + ", IDCausalePagamento, 2017, 2, 100, 0 FROM CausalePagamento WHERE Codice = 'V'");
   const Esecuzione corsa = tutte({"--only-missing"});
   EXPECT_EQ(corsa.codice, 1);
   EXPECT_THAT(corsa.uscita,
@@ -266,6 +270,25 @@ TEST_F(MolteAziende, TwoUsersAtOnceDisturbNeitherEachOtherNorTheirCompanies) {
     EXPECT_GT(byteDi(file(azienda, "cu12")).size(), 1900U);
     EXPECT_TRUE(byteDi(file(azienda, "cu12")) == byteDi(file(azienda, "cu13"))) << azienda;
   }
+}
+
+TEST_F(MolteAziende, AnInterruptionCompletesThoseInHand) {
+  std::vector<std::string> argomenti = comando({"--all-companies", "--jobs", "1", "--folder", in("cu")});
+  argomenti.insert(argomenti.begin(), CU_CUCTL);
+  Processo processo(argomenti, posto_.cartella().path());
+  processo.chiudiIngresso();
+  std::string uscita = processo.riga().value_or("");
+  EXPECT_THAT(uscita, HasSubstr("scritta: "));
+  ::kill(processo.id(), SIGINT);
+  uscita += "\n" + processo.resto();
+  EXPECT_EQ(processo.codice(), 1);
+  EXPECT_THAT(uscita, Not(HasSubstr("rifiutata:")));
+  EXPECT_THAT(processo.errori(), HasSubstr("Interrotta: si completano le aziende già iniziate."));
+  EXPECT_THAT(processo.errori(), HasSubstr("--only-missing fa le aziende che mancano."));
+  EXPECT_THAT(righe(uscita).back(), HasSubstr(", rifiutate 0, non iniziate "));
+  EXPECT_EQ(invii().size(), righe(uscita).size() - 1);
+  EXPECT_EQ(tutte({"--only-missing"}).codice, 0);
+  EXPECT_EQ(invii().size(), static_cast<std::size_t>(kQuanteAziende));
 }
 
 TEST_F(MolteAziende, TheirWorkTablesAreGoneAfterwards) {

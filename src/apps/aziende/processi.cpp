@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdint>
 #include <cstdlib>
 #include <iostream>
@@ -27,10 +28,12 @@ std::size_t unitaDiCalcolo() { return std::max(1U, std::thread::hardware_concurr
 
 #ifdef _WIN32
 
-void eseguiInProcessi(std::size_t quanti, std::size_t,
+bool eseguiInProcessi(std::size_t quanti, std::size_t,
                       const std::function<std::string(std::size_t quale)>& lavoro,
-                      const std::function<void(std::size_t quale, const EsitoProcesso& esito)>& finito) {
+                      const std::function<void(std::size_t quale, const EsitoProcesso& esito)>& finito,
+                      const std::function<void()>&) {
   for (std::size_t quale = 0; quale < quanti; ++quale) finito(quale, {lavoro(quale), ""});
+  return true;
 }
 
 #else
@@ -62,6 +65,54 @@ bool leggi(int canale, void* dove, std::size_t quanti) {
   return true;
 }
 
+volatile std::sig_atomic_t richiesteDiFine = 0;
+
+extern "C" void contaRichiesta(int) { richiesteDiFine = richiesteDiFine + 1; }
+
+// Counts what asks this process to end during its lifetime, instead of ending it.
+class RichiesteDiFine {
+ public:
+  RichiesteDiFine() {
+    richiesteDiFine = 0;
+    struct sigaction nostra {};
+    nostra.sa_handler = contaRichiesta;
+    sigemptyset(&nostra.sa_mask);
+    for (std::size_t i = 0; i < kSegnali.size(); ++i) {
+      ::sigaction(kSegnali[i], nullptr, &prima_[i]);
+      // What the caller wants to be ignored is.
+      if (prima_[i].sa_handler != SIG_IGN) ::sigaction(kSegnali[i], &nostra, nullptr);
+    }
+  }
+  ~RichiesteDiFine() {
+    for (std::size_t i = 0; i < kSegnali.size(); ++i) ::sigaction(kSegnali[i], &prima_[i], nullptr);
+  }
+  RichiesteDiFine(const RichiesteDiFine&) = delete;
+  RichiesteDiFine& operator=(const RichiesteDiFine&) = delete;
+
+  // Starts a process in which none is lost and none is counted. It ends its work first: a terminal sends
+  // Ctrl+C, and its own end, to all of them.
+  template <class Avvio>
+  static pid_t senza(const Avvio& avvio) {
+    sigset_t nostri;
+    sigset_t prima;
+    sigemptyset(&nostri);
+    for (const int segnale : kSegnali) sigaddset(&nostri, segnale);
+    ::sigprocmask(SIG_BLOCK, &nostri, &prima);
+    const pid_t id = avvio();
+    if (id == 0) {
+      ::signal(SIGINT, SIG_IGN);
+      ::signal(SIGHUP, SIG_IGN);
+      ::signal(SIGTERM, SIG_DFL);
+    }
+    ::sigprocmask(SIG_SETMASK, &prima, nullptr);
+    return id;
+  }
+
+ private:
+  static constexpr std::array kSegnali = {SIGINT, SIGTERM, SIGHUP};
+  std::array<struct sigaction, kSegnali.size()> prima_{};
+};
+
 struct Processo {
   pid_t id = -1;
   int canale = -1;
@@ -71,27 +122,45 @@ struct Processo {
 class Squadra {
  public:
   Squadra(std::size_t quanti, const std::function<std::string(std::size_t)>& lavoro,
-          const std::function<void(std::size_t, const EsitoProcesso&)>& finito)
-      : quanti_(quanti), lavoro_(lavoro), finito_(finito) {}
+          const std::function<void(std::size_t, const EsitoProcesso&)>& finito,
+          const std::function<void()>& interrotto)
+      : quanti_(quanti), lavoro_(lavoro), finito_(finito), interrotto_(interrotto) {}
   Squadra(const Squadra&) = delete;
   Squadra& operator=(const Squadra&) = delete;
   ~Squadra() {
     while (!processi_.empty()) static_cast<void>(congeda(processi_.back()));
   }
 
-  void esegui(std::size_t insieme) {
+  // False where it was interrupted before the last work was begun.
+  bool esegui(std::size_t insieme) {
     while (processi_.size() < std::min(insieme, quanti_)) avvia();
-    while (!processi_.empty()) ascolta();
+    while (!processi_.empty()) {
+      ascolta();
+      guardaRichieste();
+    }
+    return prossimo_ == tutti_;
   }
 
  private:
+  void guardaRichieste() {
+    const int richieste = richiesteDiFine;
+    if (richieste > viste_ && viste_ == 0) {
+      quanti_ = prossimo_;
+      if (prossimo_ < tutti_ && interrotto_) interrotto_();
+    }
+    if (richieste > 1) {
+      for (const Processo& processo : processi_) ::kill(processo.id, SIGTERM);
+    }
+    viste_ = richieste;
+  }
+
   // Starts a process with the next work. What waits in the output must not be in two processes.
   void avvia() {
     std::cout.flush();
     std::cerr.flush();
     std::array<int, 2> canali{};
     if (::socketpair(AF_UNIX, SOCK_STREAM, 0, canali.data()) != 0) nonAvviato();
-    const pid_t id = ::fork();
+    const pid_t id = RichiesteDiFine::senza([] { return ::fork(); });
     if (id < 0) {
       ::close(canali[0]);
       ::close(canali[1]);
@@ -181,19 +250,24 @@ class Squadra {
            ")";
   }
 
-  std::size_t quanti_;
+  std::size_t quanti_;  // to be begun
+  std::size_t tutti_ = quanti_;
   const std::function<std::string(std::size_t)>& lavoro_;
   const std::function<void(std::size_t, const EsitoProcesso&)>& finito_;
+  const std::function<void()>& interrotto_;
   std::vector<Processo> processi_;
   std::size_t prossimo_ = 0;
+  int viste_ = 0;  // requests to end
 };
 
 }  // namespace
 
-void eseguiInProcessi(std::size_t quanti, std::size_t insieme,
+bool eseguiInProcessi(std::size_t quanti, std::size_t insieme,
                       const std::function<std::string(std::size_t quale)>& lavoro,
-                      const std::function<void(std::size_t quale, const EsitoProcesso& esito)>& finito) {
-  Squadra(quanti, lavoro, finito).esegui(std::max<std::size_t>(1, insieme));
+                      const std::function<void(std::size_t quale, const EsitoProcesso& esito)>& finito,
+                      const std::function<void()>& interrotto) {
+  const RichiesteDiFine richieste;
+  return Squadra(quanti, lavoro, finito, interrotto).esegui(std::max<std::size_t>(1, insieme));
 }
 
 #endif

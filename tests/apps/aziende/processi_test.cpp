@@ -70,6 +70,75 @@ TEST(InProcessi, TheSecondIsNotKeptWaitingByTheFirst) {
   EXPECT_EQ(ordine, (std::vector<std::size_t>{1, 0}));
 }
 
+TEST(InProcessi, WhatIsInHandIsEndedWhenTheUserInterrupts) {
+  Esiti esiti;
+  int detto = 0;
+  const bool tutti = eseguiInProcessi(
+      20, 2,
+      [](std::size_t) {
+        ::raise(SIGINT);  // a terminal sends it to all processes
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        return std::string("fatto");
+      },
+      [&](std::size_t quale, const EsitoProcesso& esito) {
+        esiti.emplace(quale, esito);
+        if (esiti.size() == 3) ::raise(SIGINT);
+      },
+      [&] { ++detto; });
+  EXPECT_FALSE(tutti);
+  EXPECT_EQ(detto, 1);
+  EXPECT_GE(esiti.size(), 4U);
+  EXPECT_LE(esiti.size(), 6U);
+  for (const auto& [quale, esito] : esiti) EXPECT_EQ(esito.risposta, "fatto") << quale;
+  struct sigaction dopo {};
+  ::sigaction(SIGINT, nullptr, &dopo);
+  EXPECT_EQ(dopo.sa_handler, SIG_DFL);
+}
+
+TEST(InProcessi, ASecondInterruptionEndsTheProcessesToo) {
+  Esiti esiti;
+  const auto prima = std::chrono::steady_clock::now();
+  const bool tutti = eseguiInProcessi(
+      9, 3,
+      [](std::size_t quale) {
+        std::this_thread::sleep_for(std::chrono::seconds(quale == 0 ? 0 : 120));
+        return std::string("fatto");
+      },
+      [&](std::size_t quale, const EsitoProcesso& esito) {
+        esiti.emplace(quale, esito);
+        if (quale != 0) return;
+        ::raise(SIGINT);
+        ::raise(SIGTERM);
+      });
+  EXPECT_FALSE(tutti);
+  EXPECT_LT(std::chrono::steady_clock::now() - prima, std::chrono::seconds(60));
+  ASSERT_EQ(esiti.size(), 4U);
+  EXPECT_EQ(esiti.at(0).risposta, "fatto");
+  for (const std::size_t quale : {1U, 2U, 3U}) {
+    EXPECT_FALSE(esiti.at(quale).risposta.has_value());
+    EXPECT_THAT(esiti.at(quale).motivo, HasSubstr("segnale 15"));
+  }
+}
+
+TEST(InProcessi, AnInterruptionAfterTheLastWasBegunLeavesNothingOut) {
+  int detto = 0;
+  std::size_t finiti = 0;
+  EXPECT_TRUE(eseguiInProcessi(
+      2, 2,
+      [](std::size_t quale) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(quale * 50));
+        return std::string("fatto");
+      },
+      [&](std::size_t, const EsitoProcesso& esito) {
+        ++finiti;
+        EXPECT_TRUE(esito.risposta.has_value());
+        ::raise(SIGHUP);
+      },
+      [&] { ++detto; }));
+  EXPECT_EQ(finiti, 2U);
+  EXPECT_EQ(detto, 0);
+}
+
 TEST(InProcessi, OneThatIsKilledOrEndsStopsNoOther) {
   for (const std::size_t insieme : {1U, 2U}) {
     const Esiti esiti = fatti(6, insieme, [](std::size_t quale) -> std::string {
