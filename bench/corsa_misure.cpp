@@ -1,6 +1,7 @@
 // A run at one size, phase by phase, compared with the same statements on the engine's bare C API and a
 // hand-written loop that composes the lines as the rows arrive. Each side runs in a process of its own, as a
-// user's run does, so that its memory can be measured. Argument: the number of payees.
+// user's run does, so that its memory can be measured. Arguments: the number of payees, and at most how many
+// rounds.
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -18,12 +19,14 @@
 
 #include "archive/archivio.h"
 #include "bare_database.h"
+#include "child_run.h"
 #include "controls/form.h"
 #include "controls/grid.h"
 #include "corsa_a_mano.h"
 #include "misura.h"
 #include "one_session.h"
 #include "printing/tabella_ricorsione.h"
+#include "registro_a_mano.h"
 #include "sqlite/sqlite_connection.h"
 #include "suite/file_system.h"
 #include "suite/utilita.h"
@@ -156,6 +159,7 @@ void bareSide(const Folder& folder) {
          }
        }));
   out.drain();
+  tell("record", RegistroAMano(bare).write() + bareRead(ours));
 }
 
 // ---- the product's side
@@ -243,14 +247,9 @@ void writeProfile(const Folder& folder) {
 
 // The whole program: its start, the load, the write-back, the checks, the file, a print recorded for each
 // line, and the second load.
-double make(const Folder& folder) {
-  const std::string cuctl = (std::filesystem::path(self()).parent_path() / "cuctl").string();
-  const std::string command = cuctl + " make --profile " + folder.file("profilo.toml") +
-                              " --year 2016 --yes --folder " + folder.file("cu") + " >/dev/null";
-  int result = 0;
-  const double spent = seconds([&] { result = std::system(command.c_str()); });
-  if (result != 0) throw std::runtime_error("cuctl make has failed");
-  return spent;
+Cost make(const Folder& folder) {
+  return run({(std::filesystem::path(self()).parent_path() / "cuctl").string(), "make", "--profile",
+              folder.file("profilo.toml"), "--year", "2016", "--yes", "--folder", folder.file("cu")});
 }
 
 void sameBytes(const Folder& folder) {
@@ -258,23 +257,29 @@ void sameBytes(const Folder& folder) {
   if (std::system(command.c_str()) != 0) throw std::runtime_error("the two sides' files differ");
 }
 
-void measure(int payees) {
+// `atMost` limits the rounds of short runs, which otherwise are repeated more often: they are more disturbed,
+// and the growth is computed from them.
+void measure(int payees, int atMost) {
   const ScratchFolder folder("cu_corsa_misure");
   if (std::system((self() + " archivio " + folder.path() + " " + std::to_string(payees)).c_str()) != 0) {
     throw std::runtime_error("no database");
   }
   writeProfile(folder);
-  // Short runs are more disturbed, and the growth is computed from them: they are repeated more often.
-  const int rounds = payees > 100000 ? 4 : payees > 10000 ? 8 : 24;
-  const int makes = payees > 10000 ? 2 : 6;
+  const int rounds = std::min(atMost, payees > 100000 ? 4 : payees > 10000 ? 8 : 24);
+  const int makes = std::min(atMost, payees > 10000 ? 2 : 6);
   Measures ours;
   Measures bare;
   double made = 1e9;
+  double memory = 1e9;
   for (int round = 0; round < rounds; ++round) {
+    if (round < makes) {
+      const Cost whole = make(folder);
+      made = std::min(made, whole.seconds);
+      memory = std::min(memory, whole.mebibytes);
+    }
     keepLeast(ours, sideOf("nostra", folder.path()));
     keepLeast(bare, sideOf("nuda", folder.path()));
     if (round == 0) sameBytes(folder);
-    if (round < makes) made = std::min(made, make(folder));
   }
   // The minimum of each part, for both sides.
   const double whole = ours["load"] + ours["checks"] + ours["run"];
@@ -295,8 +300,10 @@ void measure(int payees) {
          "memory of load, checks and run", size});
   print({"cuctl make, whole" + at, made,
          2 * bare["load"] + bare["writeback"] + bare["checks"] + bare["query"] + bare["modules"] +
-             bare["write"] + bare["prints"],
+             bare["write"] + bare["prints"] + bare["record"],
          "all its statements and the bytes, bare", "", "s", "cuctl make, whole", size});
+  print({"memory of cuctl make, whole" + at, memory, bare["peak"], "bare loop", "", "MiB",
+         "memory of cuctl make, whole", size});
 }
 
 }  // namespace
@@ -306,8 +313,10 @@ int main(int argc, char** argv) {
   using namespace cu::bench;
   if (argc < 2) return 2;
   const std::string what = argv[1];
-  if (argc == 2) {
-    measure(std::atoi(argv[1]));
+  if (const int payees = std::atoi(argv[1]); payees > 0) {
+    measure(payees, argc > 2 ? std::atoi(argv[2]) : 1000);
+  } else if (argc == 2) {
+    return 2;
   } else if (what == "archivio") {
     const auto connection = cu::SqliteConnection::create(Folder(argv[2]).file("archivio.db"));
     creaArchivio(*connection, cu::ContenutoArchivio::Sintetico,
