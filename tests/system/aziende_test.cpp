@@ -192,9 +192,12 @@ TEST_F(MolteAziende, RejectedOnesAreNamedWhereTheirFileIsOnRecord) {
   ASSERT_EQ(make({"--company", "2", "--folder", in("cu")}).codice, 0);
   posto_.imposta("session.company", "2");
   ASSERT_EQ(posto_.cuctl({"sent", file(2), "--profile", posto_.profilo()}).codice, 0);
-  posto_.lettore()->esegui(
-      "UPDATE CuCertificazione SET Stato = 'scartata' WHERE IDCertificazione = "
-      "(SELECT MAX(IDCertificazione) FROM CuCertificazione)");
+  const std::string una =
+      posto_.lettore()
+          ->righe("SELECT IDCertificazione FROM CuCertificazione ORDER BY IDCertificazione")
+          .back()
+          .front();
+  posto_.lettore()->esegui("UPDATE CuCertificazione SET Stato = 'scartata' WHERE IDCertificazione = " + una);
   const Esecuzione corsa = make({"--company", "2", "--only-missing", "--folder", in("cu")});
   EXPECT_EQ(corsa.codice, 0) << corsa.uscita;
   EXPECT_THAT(corsa.uscita, HasSubstr(", scartate 1 (si riscrivono da sole con «cuctl correct»)\n"));
@@ -213,9 +216,10 @@ TEST_F(MolteAziende, AFolderThatCannotBeIsSaid) {
 }
 
 TEST_F(MolteAziende, AFileWithErrorsIsCountedApart) {
-  posto_.lettore()->esegui(
-      "UPDATE Anagrafica SET Anagrafica = 'Una' || char(10) || 'riga' WHERE IDAnagrafica = "
-      "(SELECT IDAnagrafica FROM Azienda WHERE IDAzienda = 4)");
+  const std::string anagrafica =
+      posto_.lettore()->righe("SELECT IDAnagrafica FROM Azienda WHERE IDAzienda = 4").front().front();
+  posto_.lettore()->esegui("UPDATE Anagrafica SET Anagrafica = 'Una\nriga' WHERE IDAnagrafica = " +
+                           anagrafica);
   const Esecuzione corsa = tutte();
   EXPECT_THAT(corsa.uscita, HasSubstr("azienda 4): scritta, ma il file ha errori: "));
   EXPECT_EQ(righe(corsa.uscita).back(), "Aziende 6: scritte 5, scritte con errori nel file 1, rifiutate 0.");
