@@ -1,6 +1,7 @@
 // The overview for the user: what the run concerns, and what it will do.
 
 #include <exception>
+#include <utility>
 
 #include "base/text.h"
 #include "fornitura/carico.h"
@@ -71,9 +72,13 @@ const fornitura::DatiPrevisti& FrmWizard::azienda() {
 
 std::string FrmWizard::anniScelti() const {
   std::string da = KRNCboEsCont0.text();
-  const std::string a = KRNCboEsCont1.text();
-  if (modo() != ModoCorsa::ContiIndividuali || da == a || a.empty()) return da;
-  return da.empty() ? "fino al " + a : da + " - " + a;
+  std::string a = KRNCboEsCont1.text();
+  if (modo() != ModoCorsa::ContiIndividuali || da == a) return da;
+  if (a.empty()) return "dal " + da;
+  if (da.empty()) return "fino al " + a;
+  // The print takes them in either order.
+  if (a < da) std::swap(da, a);
+  return da + " - " + a;
 }
 
 std::vector<Form::Fact> FrmWizard::whereabouts() {

@@ -65,8 +65,17 @@ TEST(WhereAmI, FollowsTheKindOfCommunication) {
 
 TEST(WhereAmI, NamesThePrintOfTheAccountsWithItsYears) {
   Screen screen(246);
-  EXPECT_TRUE(whereAmI(screen).endsWith(QStringLiteral("Stampa: Conti individuali")))
+  EXPECT_TRUE(whereAmI(screen).endsWith(QStringLiteral("(04123450233); Stampa: Conti individuali")))
       << whereAmI(screen).toStdString();
+  const auto years = [&] {
+    return whereAmI(screen).section(QStringLiteral("Anno: "), 1).section(u';', 0, 0);
+  };
+  screen.choose("KRNCboEsCont(0)", "2017");
+  EXPECT_EQ(years(), QStringLiteral("dal 2017")) << "without a last year all that follow are printed";
+  screen.choose("KRNCboEsCont(1)", "2015");
+  EXPECT_EQ(years(), QStringLiteral("2015 - 2017")) << "in whichever order they are chosen";
+  screen.choose("KRNCboEsCont(1)", "2017");
+  EXPECT_EQ(years(), QStringLiteral("2017"));
 }
 
 // Computed by the database from the same lines.
