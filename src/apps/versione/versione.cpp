@@ -10,6 +10,7 @@
 
 #include <CLI/Version.hpp>
 #include <array>
+#include <exception>
 #include <nlohmann/json.hpp>
 
 namespace cu {
@@ -39,15 +40,26 @@ std::string gestoreDriver() {
   return letto ? std::string(reinterpret_cast<const char*>(testo.data())) : std::string("sconosciuta");
 }
 
+// What its functions say of a library; what is wrong where it cannot be loaded.
+template <typename Domanda>
+std::string dellaLibreria(Domanda domanda) {
+  try {
+    return domanda();
+  } catch (const std::exception& errore) {
+    return errore.what();
+  }
+}
+
 std::vector<LibreriaUsata> libreriePrincipali() {
   return {
       {"Database incorporato", std::string("SQLite ") + sqlite3_libversion()},
-      {"Microsoft SQL Server", "per ODBC, gestore dei driver " + gestoreDriver()},
+      {"Microsoft SQL Server",
+       dellaLibreria([] { return "per ODBC, gestore dei driver " + gestoreDriver(); })},
       // Of the headers: the library itself would have to be loaded.
       {"Stampe", "Qt " CU_QT_VERSION},
-      {"Fogli elettronici", std::string("libxlsxwriter ") + lxw_version()},
-      {"Archivi", std::string("libzip ") + zip_libzip_version()},
-      {"Fatture firmate", OpenSSL_version(OPENSSL_VERSION)},
+      {"Fogli elettronici", dellaLibreria([] { return std::string("libxlsxwriter ") + lxw_version(); })},
+      {"Archivi", dellaLibreria([] { return std::string("libzip ") + zip_libzip_version(); })},
+      {"Fatture firmate", dellaLibreria([] { return std::string(OpenSSL_version(OPENSSL_VERSION)); })},
       {"Profili", "toml++ " + treNumeri(TOML_LIB_MAJOR, TOML_LIB_MINOR, TOML_LIB_PATCH)},
       {"JSON", "nlohmann-json " + treNumeri(NLOHMANN_JSON_VERSION_MAJOR, NLOHMANN_JSON_VERSION_MINOR,
                                             NLOHMANN_JSON_VERSION_PATCH)},

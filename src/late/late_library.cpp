@@ -1,0 +1,20 @@
+#include "late/late_library.h"
+
+#include <dlfcn.h>
+
+#include <string>
+
+namespace cu {
+
+void* LateLibrary::function(const char* name) const {
+  // The libraries of other libraries stay apart from the program's own names.
+  void* const library = ::dlopen(file_, RTLD_LAZY | RTLD_LOCAL | RTLD_NODELETE);
+  void* const found = library == nullptr ? nullptr : ::dlsym(library, name);
+  if (found != nullptr) return found;
+  const char* const why = ::dlerror();
+  throw Error(kErrorLateLibrary, std::string(use_) + " non si possono usare: la libreria «" + file_ +
+                                     "» manca o non si carica (" + (why == nullptr ? name : why) +
+                                     "). Installarla di nuovo; tutto il resto funziona.");
+}
+
+}  // namespace cu
