@@ -9,6 +9,7 @@
 #include <iostream>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "apps/comune/argomenti.h"
 #include "apps/comune/permessi_database.h"
@@ -308,26 +309,6 @@ Lavoro lavoroDi(const CLI::App& programma, const Esecuzione& esegui) {
   return {esegui, nomeComando(programma), fileRegistro(programma)};
 }
 
-// What a correct line asks for, by the definition of its command alone: to define them all takes longer than
-// many a command. nullopt for any other line; what there is to say of it is said with all commands.
-std::optional<Lavoro> dellaSolaRiga(int quanti, char** argomenti) {
-  if (quanti < 2) return std::nullopt;
-  const auto* const voce = std::find_if(kComandi.begin(), kComandi.end(),
-                                        [&](const VoceComando& una) { return una.nome == argomenti[1]; });
-  if (voce == kComandi.end()) return std::nullopt;
-  CLI::App programma(kDescrizione, "cuctl");
-  descriviProgramma(programma);
-  Esecuzione esegui;
-  voce->aggiungi(programma, esegui);
-  try {
-    programma.parse(quanti, argomenti);
-    rifiutaVuoti(programma);
-  } catch (const CLI::Error&) {
-    return std::nullopt;
-  }
-  return lavoroDi(programma, esegui);
-}
-
 int eseguiLavoro(const Lavoro& lavoro) {
   const auto avvisa = [](const std::string& avviso) { std::cerr << avviso << std::endl; };
   ascoltaPermessi(avvisa);
@@ -347,9 +328,42 @@ int eseguiLavoro(const Lavoro& lavoro) {
   }
 }
 
+const VoceComando* voceDi(std::string_view nome) {
+  const auto* const voce = std::find_if(kComandi.begin(), kComandi.end(),
+                                        [&](const VoceComando& una) { return una.nome == nome; });
+  return voce == kComandi.end() ? nullptr : voce;
+}
+
+// Runs what a correct line asks for, or shows the help of its command, by the definition of that command
+// alone: to define them all takes longer than many a command. nullopt, with nothing done, for any other line;
+// what there is to say of it is said with all commands.
+std::optional<int> eseguiConUnComando(const std::vector<std::string_view>& parole, int quanti,
+                                      char** argomenti) {
+  const VoceComando* const voce = parole.empty() ? nullptr : voceDi(parole.front());
+  if (voce == nullptr) return std::nullopt;
+  CLI::App programma(kDescrizione, "cuctl");
+  descriviProgramma(programma);
+  Esecuzione esegui;
+  voce->aggiungi(programma, esegui);
+  try {
+    programma.parse(quanti, argomenti);
+    rifiutaVuoti(programma);
+  } catch (const CLI::CallForHelp& aiuto) {
+    // A second command of the line would be the one to explain.
+    if (comandoIgnoto(programma) || std::any_of(parole.begin() + 1, parole.end(), voceDi))
+      return std::nullopt;
+    programma.exit(aiuto);
+    return kRiuscito;
+  } catch (const CLI::Error&) {
+    return std::nullopt;
+  }
+  return eseguiLavoro(lavoroDi(programma, esegui));
+}
+
 int eseguiProgramma(int quanti, char** argomenti) {
-  if (const auto lavoro = dellaSolaRiga(quanti, argomenti)) return eseguiLavoro(*lavoro);
-  if (quanti == 2 && std::string_view(argomenti[1]) == "--version") {
+  const std::vector<std::string_view> parole(argomenti + std::min(quanti, 1), argomenti + quanti);
+  if (const auto esito = eseguiConUnComando(parole, quanti, argomenti)) return *esito;
+  if (parole.size() == 1 && parole.front() == "--version") {
     std::cout << testoVersione("cuctl") << std::endl;
     return kRiuscito;
   }

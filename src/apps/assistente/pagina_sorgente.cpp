@@ -12,7 +12,6 @@
 #include <algorithm>
 
 #include "apps/importazione/modello_tabella.h"
-#include "apps/importazione/scrittura_tabella.h"
 #include "apps/strumenti/conteggi.h"
 #include "apps/strumenti/frase.h"
 #include "apps/strumenti/tabella_vista.h"
@@ -253,7 +252,7 @@ void PaginaSorgente::scriviModello() {
                           QStringLiteral("Cartella di lavoro (*.xlsx);;Testo (*.csv)"));
   if (scelto.isEmpty()) return;
   try {
-    scriviTabelle(scelto.toStdString(), modelloTabella(stato().elenco()));
+    cu::scriviModello(scelto.toStdString(), stato().elenco());
   } catch (const std::exception& guasto) {
     mostraErrore(QString::fromUtf8(guasto.what()));
   }

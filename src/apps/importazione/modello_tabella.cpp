@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "apps/importazione/scrittura_tabella.h"
 #include "base/decimal.h"
 #include "liste/liste.h"
 #include "liste/risorse.h"
@@ -101,24 +102,46 @@ std::string conIniziale(std::string_view nome) {
   return grande;
 }
 
-}  // namespace
-
-std::vector<tabelle::TabellaDaScrivere> modelloTabella(Elenco elenco) {
+tabelle::TabellaDaScrivere daCompilare(Elenco elenco) {
   tabelle::TabellaDaScrivere dati;
   dati.foglio = conIniziale(intake::nome(elenco));
-  tabelle::TabellaDaScrivere ammessi;
-  ammessi.foglio = "Valori ammessi";
-  ammessi.colonne = {"Colonna", "Obbligatoria", "Valore", "Significato"};
   dati.righe.emplace_back();
   for (const Colonna& colonna : intake::colonne(elenco)) {
     if (colonna.rara) continue;
     dati.colonne.emplace_back(colonna.nome);
     dati.righe.front().push_back(esempio(colonna));
+  }
+  return dati;
+}
+
+tabelle::TabellaDaScrivere valoriAmmessi(Elenco elenco) {
+  tabelle::TabellaDaScrivere ammessi;
+  ammessi.foglio = "Valori ammessi";
+  ammessi.colonne = {"Colonna", "Obbligatoria", "Valore", "Significato"};
+  for (const Colonna& colonna : intake::colonne(elenco)) {
+    if (colonna.rara) continue;
     ammessi.righe.push_back(
         {testo(colonna.nome), testo(dettoObbligo(colonna.obbligo)), Value(), testo(colonna.ammessi)});
   }
   aggiungiListe(ammessi.righe, elenco);
-  return {std::move(dati), std::move(ammessi)};
+  return ammessi;
+}
+
+}  // namespace
+
+std::vector<tabelle::TabellaDaScrivere> modelloTabella(Elenco elenco) {
+  std::vector<tabelle::TabellaDaScrivere> fogli;
+  fogli.push_back(daCompilare(elenco));
+  fogli.push_back(valoriAmmessi(elenco));
+  return fogli;
+}
+
+void scriviModello(const std::string& file, Elenco elenco) {
+  if (fileDiUnaTabella(file)) {
+    scriviTabelle(file, {daCompilare(elenco)});
+  } else {
+    scriviTabelle(file, modelloTabella(elenco));
+  }
 }
 
 }  // namespace cu

@@ -14,11 +14,13 @@ bool finisceIn(const std::string& file, std::string_view estensione) {
 
 }  // namespace
 
-bool fileDiTabella(const std::string& file) { return finisceIn(file, ".csv") || finisceIn(file, ".xlsx"); }
+bool fileDiTabella(const std::string& file) { return fileDiUnaTabella(file) || finisceIn(file, ".xlsx"); }
+
+bool fileDiUnaTabella(const std::string& file) { return finisceIn(file, ".csv"); }
 
 void scriviTabelle(const std::string& file, const std::vector<tabelle::TabellaDaScrivere>& tabelle) {
   logged({.operation = "file", .detail = "tabella"}, [&] {
-    if (finisceIn(file, ".csv")) {
+    if (fileDiUnaTabella(file)) {
       replaceFile(file, tabelle::scriviCsv(tabelle.front()));
     } else {
       tabelle::scriviXlsx(file, tabelle, {});

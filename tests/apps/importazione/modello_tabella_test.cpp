@@ -20,7 +20,7 @@ class Modello : public testing::TestWithParam<Elenco> {};
 TEST_P(Modello, HasEveryColumnAndReadsWithoutAMessage) {
   const test::TempFolder cartella;
   for (const char* nome : {"m.csv", "m.xlsx"}) {
-    scriviTabelle(cartella / nome, modelloTabella(GetParam()));
+    scriviModello(cartella / nome, GetParam());
     const intake::Lettura lettura =
         intake::leggiFile(cartella.read(nome), nome, GetParam(), {}, *Date::fromYmd(2018, 3, 5));
     EXPECT_TRUE(lettura.messaggi.empty()) << dettoMessaggio(lettura.messaggi.front());
