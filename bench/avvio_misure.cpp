@@ -65,11 +65,10 @@ void measure() {
                               {program("librerie_nude"), ""});
   print({"cuctl, processor time of a small command", libraries.ours, libraries.limit,
          "a program with the same libraries", "value:0.006"});
-  const Pair cuctl =
-      starts("exec " + program("cuctl") + " drive --profile " + profile + " </dev/null >/dev/null",
-             "exec " + program("database_nudo") + " " + folder.file("demo.db"));
-  print({"cuctl drive, opened and ended", cuctl.ours, cuctl.limit, "a program that only opens the database",
-         "value:0.006"});
+  const Pair cuctl = work({program("cuctl"), "drive", "--profile", profile},
+                          {program("database_nudo"), folder.file("demo.db")});
+  print({"cuctl drive, processor time, opened and ended", cuctl.ours, cuctl.limit,
+         "a program that only opens the database", "value:0.006"});
 
   const std::string drawn = "LD_PRELOAD=" + program("libprimo_disegno.so") + " exec ";
   const Pair window = starts(drawn + program("cuwizard") + " --profile " + profile + " 2>/dev/null",

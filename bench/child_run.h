@@ -33,6 +33,7 @@ inline Cost run(const Arguments& arguments) {
   cost.seconds = seconds([&] {
     const pid_t child = ::fork();
     if (child == 0) {
+      if (std::freopen("/dev/null", "r", stdin) == nullptr) ::_exit(126);
       for (std::FILE* stream : {stdout, stderr}) {
         if (std::freopen("/dev/null", "w", stream) == nullptr) ::_exit(126);
       }
