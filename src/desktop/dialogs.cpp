@@ -1,7 +1,5 @@
 #include "desktop/dialogs.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -16,6 +14,8 @@
 #include <algorithm>
 
 #include "desktop/guide_window.h"
+#include "desktop/table_commands.h"
+#include "desktop/table_style.h"
 #include "desktop/text.h"
 
 namespace cu::desktop {
@@ -41,6 +41,11 @@ LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), ta
   column->addWidget(head);
   column->addWidget(table_, 1);
 
+  styleRows(*table_);
+  table_->verticalHeader()->hide();
+  table_->horizontalHeader()->setStretchLastSection(true);
+  commands_ = new TableCommands(*table_,
+                                ofMissingData ? QStringLiteral("dati_mancanti") : QStringLiteral("messaggi"));
   fill(log);
 
   auto* buttons = new QDialogButtonBox(this);
@@ -51,7 +56,7 @@ LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), ta
   connect(close, &QPushButton::clicked, this, [this] { accept(); });
   connect(copied, &QPushButton::clicked, this, [this] {
     table_->selectAll();
-    copy();
+    commands_->copy(false);
   });
   column->addWidget(buttons);
   resize(1000, 420);
@@ -69,10 +74,6 @@ void LogDialog::fill(const LogTable& log) {
   table_->setColumnCount(static_cast<int>(order.size()));
   table_->setRowCount(static_cast<int>(log.rows.size()));
   table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table_->setAlternatingRowColors(true);
-  table_->setTabKeyNavigation(false);
-  table_->verticalHeader()->hide();
   for (int at = 0; const std::size_t from : order) {
     const std::string& name = log.columns[from];
     table_->setHorizontalHeaderItem(
@@ -87,30 +88,25 @@ void LogDialog::fill(const LogTable& log) {
     }
     ++row;
   }
-  table_->setWordWrap(false);
-  table_->resizeColumnsToContents();
-  // A long text must not push the other columns out of view: it is cut, and its tooltip shows it in full.
-  table_->setColumnWidth(0, std::min(table_->columnWidth(0), kMessageWidth));
-  for (int at = 1; at < table_->columnCount(); ++at) {
-    table_->setColumnWidth(at, std::min(table_->columnWidth(at), kTextWidth));
-  }
-  table_->horizontalHeader()->setStretchLastSection(true);
+  table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  table_->setSortingEnabled(true);
+  commands_->setWidths = [this] { placeColumns(); };
+  commands_->placeColumns();
   if (!log.rows.empty()) table_->selectRow(0);
 }
 
-void LogDialog::copy() {
-  QStringList copied;
-  for (const QModelIndex& row : table_->selectionModel()->selectedRows()) {
-    QStringList cells;
-    for (int at = 0; at < table_->columnCount(); ++at) cells += table_->item(row.row(), at)->text();
-    copied += cells.join(u'\t');
+// A long text must not push the other columns out of view: it is cut, and its tooltip shows it in full.
+void LogDialog::placeColumns() {
+  table_->resizeColumnsToContents();
+  for (int at = 0; at < table_->columnCount(); ++at) {
+    table_->setColumnWidth(at, std::min(table_->columnWidth(at), at == 0 ? kMessageWidth : kTextWidth));
   }
-  QApplication::clipboard()->setText(copied.join(u'\n'));
 }
 
+// Ctrl+C works wherever in the dialog the keyboard is.
 void LogDialog::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) {
-    copy();
+    commands_->copy(false);
     return;
   }
   QDialog::keyPressEvent(event);

@@ -12,6 +12,8 @@ class QTableWidget;
 
 namespace cu::desktop {
 
+class TableCommands;
+
 // The log of missing data: a table to read, copy from, and close.
 class LogDialog : public QDialog {
  public:
@@ -22,8 +24,9 @@ class LogDialog : public QDialog {
 
  private:
   void fill(const LogTable& log);
-  void copy();
+  void placeColumns();
   QTableWidget* table_;
+  TableCommands* commands_ = nullptr;
 };
 
 // Printer and number of copies.

@@ -26,9 +26,13 @@ WrappedHeader::WrappedHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, pare
   setHighlightSections(false);
   setMinimumSectionSize(22);
   connect(this, &QHeaderView::sectionResized, this, [this] { fitHeight(); });
+  connect(this, &QHeaderView::sortIndicatorChanged, this,
+          [this](int column, Qt::SortOrder order) { setSorted(column, order == Qt::DescendingOrder); });
 }
 
+// Rows can end before their table, which then has no model.
 QSize WrappedHeader::sectionSizeFromContents(int column) const {
+  if (model() == nullptr) return QHeaderView::sectionSizeFromContents(column);
   const QString caption = drawnCaption(*model(), column);
   const QRect room(0, 0, std::max(20, sectionSize(column) - kPadding), 1000);
   return fontMetrics().boundingRect(room, kWrap, caption).size() + QSize(kPadding, kPadding);

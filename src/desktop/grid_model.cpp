@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "desktop/grid_drawing.h"
+#include "desktop/table_style.h"
 #include "desktop/text.h"
 
 namespace cu::desktop {
@@ -268,10 +269,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 // A zero is paler than an amount, and still to be read.
 QVariant GridModel::foreground(int row, int at) const {
   if (column(at).type != kGridDouble) return {};
-  const QString text = drawn(gridRow(row), at).text;
-  const bool zero = !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar c) {
-    return c == u'0' || c == u',' || c == u'.';
-  });
+  const bool zero = showsZero(drawn(gridRow(row), at).text);
   return zero ? QVariant(paleInk(QGuiApplication::palette())) : QVariant();
 }
 

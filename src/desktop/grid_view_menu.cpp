@@ -13,9 +13,12 @@
 #include "desktop/grid_export.h"
 #include "desktop/grid_view.h"
 #include "desktop/qt_front_end.h"
+#include "desktop/table_captions.h"
 #include "desktop/text.h"
 
 namespace cu::desktop {
+
+using captions::caption;
 
 QList<int> GridView::columnsSeen() const {
   const QHeaderView& header = *table_->horizontalHeader();
@@ -65,10 +68,10 @@ void GridView::headerMenu(int column, const QPoint& at) {
   if (column >= 0 && sortable(grid_, model_.column(column))) addOrder(menu, column);
   addColumns(menu);
   menu.addSeparator();
-  QAction* const copy = menu.addAction(QStringLiteral("Copia le righe evidenziate con le intestazioni"));
+  QAction* const copy = menu.addAction(caption(captions::kCopyWithHeadings));
   QObject::connect(copy, &QAction::triggered, table_, [this] { copySelection(true); });
   bool exports = false;
-  QAction* const file = menu.addAction(QStringLiteral("Esporta come tabella…"));
+  QAction* const file = menu.addAction(caption(captions::kExport));
   QObject::connect(file, &QAction::triggered, table_, [&exports] { exports = true; });
   menu.exec(at);
   if (exports && live()) exportTable();
@@ -87,17 +90,17 @@ void GridView::addOrder(QMenu& menu, int column) {
       arrange(wanted);
     });
   };
-  add(QStringLiteral("Ordine crescente"), field, false);
-  add(QStringLiteral("Ordine decrescente"), field, true);
-  add(QStringLiteral("Ordine di partenza"), {}, false);
+  add(caption(captions::kAscending), field, false);
+  add(caption(captions::kDescending), field, true);
+  add(caption(captions::kFirstOrder), {}, false);
   menu.addSeparator();
-  QAction* const hide = menu.addAction(QStringLiteral("Nascondi questa colonna"));
+  QAction* const hide = menu.addAction(caption(captions::kHideColumn));
   hide->setEnabled(columnsSeen().size() > 1);
   QObject::connect(hide, &QAction::triggered, table_, [this, column] { hideColumn(column, true); });
 }
 
 void GridView::addColumns(QMenu& menu) {
-  QMenu& columns = *menu.addMenu(QStringLiteral("Colonne"));
+  QMenu& columns = *menu.addMenu(caption(captions::kColumns));
   for (int column = 0; column < model_.columnCount(); ++column) {
     if (!model_.column(column).visible || model_.isMenu(column)) continue;
     QAction* const each = columns.addAction(headingText(model_, column));
@@ -106,7 +109,7 @@ void GridView::addColumns(QMenu& menu) {
     each->setEnabled(table_->isColumnHidden(column) || columnsSeen().size() > 1);
     QObject::connect(each, &QAction::toggled, table_, [this, column](bool on) { hideColumn(column, !on); });
   }
-  QAction* const original = menu.addAction(QStringLiteral("Larghezze e ordine originali"));
+  QAction* const original = menu.addAction(caption(captions::kFirstColumns));
   QObject::connect(original, &QAction::triggered, table_, [this] { forgetColumns(); });
 }
 
@@ -134,8 +137,7 @@ void GridView::forgetColumns() {
 }
 
 void GridView::exportTable() {
-  FileDialog dialog(table_, QStringLiteral("Esporta come tabella"), QString(),
-                    QStringLiteral("Foglio elettronico (*.xlsx);;Tabella CSV (*.csv)"));
+  FileDialog dialog(table_, caption(captions::kExportTitle), QString(), caption(captions::kExportKinds));
   dialog.saves();
   dialog.selectFile(QStringLiteral("righe.xlsx"));
   if (window().frontEnd().run(dialog) != QDialog::Accepted || !live()) return;

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <utility>
 
+#include "desktop/grid_drawing.h"
+
 namespace cu::desktop {
 namespace {
 
@@ -36,6 +38,7 @@ void MatchedCells::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const std::vector<Stretch> parts = matched_(text);
   if (parts.empty()) {
     QStyledItemDelegate::paint(painter, option, index);
+    paintCurrentRow(painter, option, index);
     return;
   }
   const QStyle& style = cell.widget != nullptr ? *cell.widget->style() : *QApplication::style();
@@ -60,6 +63,7 @@ void MatchedCells::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                      chosen ? QPalette::HighlightedText : QPalette::Text));
   layout.draw(painter, QPointF(place.left(), std::floor(place.top() + (place.height() - line.height()) / 2)));
   painter->restore();
+  paintCurrentRow(painter, option, index);
 }
 
 }  // namespace cu::desktop

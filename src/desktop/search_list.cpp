@@ -13,8 +13,9 @@
 #include "desktop/elided_line.h"
 #include "desktop/look.h"
 #include "desktop/matched_cells.h"
+#include "desktop/table_commands.h"
+#include "desktop/table_style.h"
 #include "desktop/text.h"
-#include "desktop/whole_text.h"
 
 namespace cu::desktop {
 namespace {
@@ -74,17 +75,20 @@ SearchDialog::SearchDialog(QWidget* parent, const QString& title, Recordset& row
   box_->setClearButtonEnabled(true);
   box_->setAccessibleName(QStringLiteral("Testo da cercare"));
   table_->setAccessibleName(QStringLiteral("Righe trovate"));
+  styleRows(*table_);
+  table_->setSelectionMode(QAbstractItemView::SingleSelection);
   table_->setModel(&model_);
   table_->setItemDelegate(
       new MatchedCells([this](const QString& text) { return model_.matched(text); }, this));
-  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table_->setSelectionMode(QAbstractItemView::SingleSelection);
-  table_->setTabKeyNavigation(false);
-  table_->setWordWrap(false);
-  tellWhole(*table_);
   table_->verticalHeader()->hide();
-  table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
-  placeColumns(static_cast<int>(further.captions.size()));
+  table_->horizontalHeader()->setStretchLastSection(true);
+  // The best match is first: there is no other order.
+  table_->horizontalHeader()->setSectionsClickable(false);
+  const int furtherColumns = static_cast<int>(further.captions.size());
+  resize(kSize.width() + furtherColumns * kFurtherWidth * 2 / 3, kSize.height());
+  auto* const commands = new TableCommands(*table_, QStringLiteral("ricerca_") + title);
+  commands->setWidths = [this, furtherColumns] { placeColumns(furtherColumns); };
+  commands->placeColumns();
   connect(box_, &QLineEdit::textChanged, this, [this](const QString& now) { narrow(now); });
   connect(table_, &QTableView::doubleClicked, this, [this] { take(); });
   connect(buttons, &QDialogButtonBox::accepted, this, [this] { take(); });
@@ -102,12 +106,10 @@ SearchDialog::SearchDialog(QWidget* parent, const QString& title, Recordset& row
 }
 
 void SearchDialog::placeColumns(int further) {
-  table_->horizontalHeader()->setStretchLastSection(true);
   const auto scaled = [](int width) { return width * look::letters() / look::kNormalLetters; };
   table_->setColumnWidth(0, scaled(kCodeWidth));
   if (further > 0) table_->setColumnWidth(1, scaled(kDescriptionWidth));
   for (int i = 0; i < further; ++i) table_->setColumnWidth(2 + i, scaled(kFurtherWidth));
-  resize(kSize.width() + further * kFurtherWidth * 2 / 3, kSize.height());
 }
 
 // The list can be used meanwhile.

@@ -9,6 +9,7 @@
 #include <iostream>
 
 #include "desktop/look.h"
+#include "desktop/table_watch.h"
 
 namespace {
 
@@ -33,5 +34,7 @@ int main(int argc, char** argv) {
   QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
   QGuiApplication::setQuitOnLastWindowClosed(false);
   cu::desktop::look::apply(application, cu::desktop::look::Colours::Light);
+  cu::test::TableWatch watch;
+  application.installEventFilter(&watch);
   return RUN_ALL_TESTS();
 }

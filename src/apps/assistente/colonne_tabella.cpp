@@ -27,7 +27,7 @@ strumenti::Colonna colonnaNumero(const char* chiave, const char* titolo,
 }
 
 strumenti::Colonna colonnaVuota() {
-  return {.chiave = "vuota", .titolo = "", .testo = [](std::size_t) { return QString(); }};
+  return {.chiave = "", .titolo = "", .testo = [](std::size_t) { return QString(); }};
 }
 
 }  // namespace cu::assistente

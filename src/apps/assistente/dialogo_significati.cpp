@@ -7,6 +7,8 @@
 #include <QVBoxLayout>
 
 #include "apps/strumenti/frase.h"
+#include "desktop/table_commands.h"
+#include "desktop/table_style.h"
 
 namespace cu::assistente {
 
@@ -26,9 +28,12 @@ DialogoSignificati::DialogoSignificati(QWidget* parent, const intake::Colonna& c
   disposti->addWidget(new strumenti::Frase(this, testo));
   tabella_->setHorizontalHeaderLabels({QStringLiteral("Nel file"), QStringLiteral("Significa")});
   tabella_->setAccessibleName(QStringLiteral("Significati dei testi del file"));
+  desktop::styleRows(*tabella_);
+  tabella_->setSelectionMode(QAbstractItemView::SingleSelection);
   tabella_->verticalHeader()->hide();
   tabella_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-  tabella_->setTabKeyNavigation(false);
+  tabella_->horizontalHeader()->setSectionsClickable(false);
+  new desktop::TableCommands(*tabella_, {});
   for (int i = 0; i < tabella_->rowCount(); ++i) {
     const auto& [scritto, significato] = prima_[static_cast<std::size_t>(i)];
     auto* const fisso = new QTableWidgetItem(scritto.empty() ? QStringLiteral("(cella vuota)") : qs(scritto));

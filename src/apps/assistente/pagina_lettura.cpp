@@ -10,7 +10,8 @@
 
 #include "apps/assistente/modello_celle.h"
 #include "apps/strumenti/frase.h"
-#include "desktop/whole_text.h"
+#include "desktop/table_commands.h"
+#include "desktop/table_style.h"
 
 namespace cu::assistente {
 namespace {
@@ -31,18 +32,13 @@ PaginaLettura::PaginaLettura(QWidget* parent, Assistente& assistente) : Pagina(p
   colonna().addWidget(frase_);
   modello_ = new ModelloCelle(this);
   celle_ = new QTableView(this);
+  desktop::styleRows(*celle_);
+  // As they are in the file: neither sorted nor moved.
+  celle_->horizontalHeader()->setSectionsClickable(false);
+  new desktop::TableCommands(*celle_, {});
   celle_->setModel(modello_);
   celle_->setAccessibleName(QStringLiteral("Prime righe del file"));
-  celle_->setAlternatingRowColors(true);
-  celle_->setTabKeyNavigation(false);
-  celle_->setWordWrap(false);
-  celle_->setCornerButtonEnabled(false);
-  celle_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-  celle_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  celle_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
-  celle_->horizontalHeader()->setHighlightSections(false);
   celle_->setMinimumHeight(fontMetrics().height() * 6);
-  desktop::tellWhole(*celle_);
   colonna().addWidget(celle_, 1);
 }
 

@@ -95,7 +95,10 @@ std::vector<Colonna> FinestraFile::colonneCaselle() {
        },
        false, [](std::size_t riga) { return QVariant(qulonglong(riga)); }},
       {"codice", "Codice", [di](std::size_t riga) { return qs(di(riga).codice); }},
-      {"valore", "Valore", [di](std::size_t riga) { return qs(di(riga).testo); }},
+      {.chiave = "valore",
+       .titolo = "Valore",
+       .testo = [di](std::size_t riga) { return qs(di(riga).testo); },
+       .importi = true},
       {"nome", "Casella", [di](std::size_t riga) { return qs(di(riga).nome); }},
   };
 }

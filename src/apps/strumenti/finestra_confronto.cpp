@@ -121,8 +121,14 @@ Tabella* FinestraConfronto::tabellaCaselle(QSplitter& lati) {
         },
         false, [](std::size_t q) { return QVariant(qulonglong(q)); }},
        {"codice", "Codice", [casella](std::size_t q) { return qs(casella(q).codice); }},
-       {"vecchio", prima, [casella](std::size_t q) { return qs(casella(q).vecchio); }},
-       {"nuovo", dopo, [casella](std::size_t q) { return qs(casella(q).nuovo); }},
+       {.chiave = "vecchio",
+        .titolo = prima,
+        .testo = [casella](std::size_t q) { return qs(casella(q).vecchio); },
+        .importi = true},
+       {.chiave = "nuovo",
+        .titolo = dopo,
+        .testo = [casella](std::size_t q) { return qs(casella(q).nuovo); },
+        .importi = true},
        {"nome", "Casella", [casella](std::size_t q) { return qs(casella(q).nome); }}},
       &lati);
   tabella->modello().inGrassetto = [casella](std::size_t q) { return casella(q).diversa; };

@@ -1,9 +1,7 @@
 #include "apps/strumenti/finestra_stato.h"
 
-#include <QButtonGroup>
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -19,20 +17,20 @@ namespace cu::strumenti {
 namespace {
 
 constexpr QSize kDimensioneStato(1120, 660);
-constexpr int kTutte = static_cast<int>(kOperazioni);
 
-// In the order of riscontro::Operazione; then all.
-constexpr std::array<const char*, kOperazioni + 1> kFiltri = {"N&uove",   "S&ostituzioni", "Annulla&menti",
-                                                              "Ne&ssuna", "&In attesa",    "&Tutte"};
+// All; then in the order of riscontro::Operazione.
+constexpr std::array<const char*, kOperazioni + 1> kFiltri = {"&Tutte",        "N&uove",   "S&ostituzioni",
+                                                              "Annulla&menti", "Ne&ssuna", "&In attesa"};
 
 }  // namespace
 
 FinestraStato::FinestraStato(Profilo profilo, std::optional<std::int32_t> anno)
-    : Finestra(QStringLiteral("stato")), profilo_(std::move(profilo)) {
+    : FinestraAnni(QStringLiteral("stato"), {kFiltri.begin(), kFiltri.end()}), profilo_(std::move(profilo)) {
   setWindowTitle(QStringLiteral("Stato degli invii"));
   auto* const colonna = new QVBoxLayout(this);
   colonna->addWidget(sopra());
-  colonna->addWidget(operazioni());
+  colonna->addWidget(scelte());
+  scriviScelte();
   frase_ = new Frase(this);
   colonna->addWidget(frase_);
   auto* const divisore = new QSplitter(Qt::Vertical, this);
@@ -49,61 +47,14 @@ FinestraStato::FinestraStato(Profilo profilo, std::optional<std::int32_t> anno)
   leggi(anno);
 }
 
-QWidget* FinestraStato::sopra() {
-  ricerca_ = new Ricerca(this);
-  auto* const anno = new QLabel(QStringLiteral("&Anno dei compensi"), ricerca_);
-  anni_ = new QComboBox(ricerca_);
-  anni_->setAccessibleName(QStringLiteral("Anno dei compensi"));
-  anni_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-  anno->setBuddy(anni_);
-  ricerca_->metti(anno, true);
-  ricerca_->metti(anni_, true);
-  ricerca_->cambiata = [this] { diceFrase(); };
-  connect(anni_, &QComboBox::activated, this, [this] {
-    risposta_->dici({});
-    leggi(anni_->currentData().toInt());
-  });
-  return ricerca_;
+void FinestraStato::annoScelto() {
+  risposta_->dici({});
+  leggi(anni().currentData().toInt());
 }
 
-QWidget* FinestraStato::operazioni() {
-  auto* const riquadro = new QWidget(this);
-  auto* const riga = new QHBoxLayout(riquadro);
-  riga->setContentsMargins(0, 0, 0, 0);
-  filtri_ = new QButtonGroup(riquadro);
-  const auto aggiungi = [&](int quale) {
-    auto* const uno = new QPushButton(riquadro);
-    uno->setCheckable(true);
-    uno->setAutoDefault(false);
-    filtri_->addButton(uno, quale);
-    riga->addWidget(uno);
-  };
-  aggiungi(kTutte);
-  for (int i = 0; i < kTutte; ++i) aggiungi(i);
-  filtri_->button(kTutte)->setChecked(true);
-  scriviFiltri();
-  riga->addStretch(1);
-  connect(filtri_, &QButtonGroup::idToggled, this, [this](int quale, bool premuto) {
-    if (!premuto) return;
-    operazione_.reset();
-    if (quale != kTutte) operazione_ = static_cast<std::size_t>(quale);
-    scriviFiltri();
-    ricerca_->applica();
-  });
-  return riquadro;
-}
-
-// The counts, and a sign on the one that is chosen.
-void FinestraStato::scriviFiltri() {
-  for (QAbstractButton* uno : filtri_->buttons()) {
-    const auto quale = static_cast<std::size_t>(filtri_->id(uno));
-    std::size_t quante = 0;
-    if (stato_ != nullptr) quante = quale == kOperazioni ? stato_->voci.size() : stato_->quante.at(quale);
-    uno->setText(
-        QStringLiteral("%1%2 (%3)")
-            .arg(uno->isChecked() ? QStringLiteral("✓ ") : QString(), QString::fromUtf8(kFiltri.at(quale)))
-            .arg(conteggio(quante)));
-  }
+std::uint64_t FinestraStato::quante(std::size_t scelta) const {
+  if (stato_ == nullptr) return 0;
+  return scelta == 0 ? stato_->voci.size() : stato_->quante.at(scelta - 1);
 }
 
 void FinestraStato::componiTabelle(QSplitter& divisore) {
@@ -123,11 +74,11 @@ void FinestraStato::componiTabelle(QSplitter& divisore) {
       &divisore);
   voci_->filtro().passa = [this, di](std::size_t q) {
     if (stato_ == nullptr) return false;
-    if (operazione_ && static_cast<std::size_t>(di(q).operazione) != *operazione_) return false;
-    return ricerca_->passa(q);
+    if (scelta() > 0 && static_cast<std::size_t>(di(q).operazione) != scelta() - 1) return false;
+    return ricerca().passa(q);
   };
   voci_->scelta = [this](auto quale) { mostraCaselle(quale); };
-  ricerca_->serve(voci_);
+  ricerca().serve(voci_);
   divisore.addWidget(voci_);
   auto* const sotto = new QWidget(&divisore);
   auto* const colonna = new QVBoxLayout(sotto);
@@ -137,21 +88,27 @@ void FinestraStato::componiTabelle(QSplitter& divisore) {
   const auto casella = [this](std::size_t q) -> const lettura::CasellaDiversa& {
     return stato_->voci[*voci_->corrente()].caselle[q];
   };
-  caselle_ = new Tabella(
-      QStringLiteral("strumenti_caselle_stato"), QStringLiteral("Caselle cambiate dopo l'accettazione"),
-      {{"modulo", "Modulo",
-        [casella](std::size_t q) {
-          return casella(q).campo.starts_with("DA") ? QStringLiteral("dati")
-                                                    : QString::number(casella(q).modulo);
-        }},
-       {"codice", "Codice", [casella](std::size_t q) { return qs(casella(q).campo); }},
-       {"accettato", "Accettato", [casella](std::size_t q) { return qs(casella(q).vecchio); }},
-       {"conti", "Nei conti", [casella](std::size_t q) { return qs(casella(q).nuovo); }},
-       {"nome", "Casella",
-        [this, casella](std::size_t q) {
-          return qs(nomeCasella(casella(q).campo, stato_->anno, modelloDi(profilo_)));
-        }}},
-      sotto);
+  caselle_ = new Tabella(QStringLiteral("strumenti_caselle_stato"),
+                         QStringLiteral("Caselle cambiate dopo l'accettazione"),
+                         {{"modulo", "Modulo",
+                           [casella](std::size_t q) {
+                             return casella(q).campo.starts_with("DA") ? QStringLiteral("dati")
+                                                                       : QString::number(casella(q).modulo);
+                           }},
+                          {"codice", "Codice", [casella](std::size_t q) { return qs(casella(q).campo); }},
+                          {.chiave = "accettato",
+                           .titolo = "Accettato",
+                           .testo = [casella](std::size_t q) { return qs(casella(q).vecchio); },
+                           .importi = true},
+                          {.chiave = "conti",
+                           .titolo = "Nei conti",
+                           .testo = [casella](std::size_t q) { return qs(casella(q).nuovo); },
+                           .importi = true},
+                          {"nome", "Casella",
+                           [this, casella](std::size_t q) {
+                             return qs(nomeCasella(casella(q).campo, stato_->anno, modelloDi(profilo_)));
+                           }}},
+                         sotto);
   colonna->addWidget(caselle_, 1);
   divisore.addWidget(sotto);
   divisore.setStretchFactor(0, 3);

@@ -5,21 +5,18 @@
 #include <optional>
 #include <vector>
 
-#include "apps/strumenti/finestra.h"
+#include "apps/strumenti/finestra_anni.h"
 #include "apps/strumenti/stato_letto.h"
 
-class QButtonGroup;
-class QComboBox;
 class QSplitter;
 
 namespace cu::strumenti {
 
 class Frase;
-class Ricerca;
 class Tabella;
 
 // Where each certificate of a year is between the accounts and the authority, and what follows.
-class FinestraStato : public Finestra {
+class FinestraStato : public FinestraAnni {
  public:
   // Of the newest year where none is asked for.
   explicit FinestraStato(Profilo profilo, std::optional<std::int32_t> anno = {});
@@ -30,12 +27,12 @@ class FinestraStato : public Finestra {
 
  protected:
   QString occupata() const override;
+  std::uint64_t quante(std::size_t scelta) const override;
+  void annoScelto() override;
+  void righeScelte() override { diceFrase(); }
 
  private:
-  QWidget* sopra();
-  QWidget* operazioni();
   QWidget* pulsanti();
-  void scriviFiltri();
   void componiTabelle(QSplitter& divisore);
   // What a work of this window may do.
   enum class Modo : std::uint8_t { Legge, Scrive, ScriveAPassi };
@@ -57,14 +54,10 @@ class FinestraStato : public Finestra {
 
   Profilo profilo_;
   std::shared_ptr<const StatoLetto> stato_;
-  std::optional<std::size_t> operazione_;  // the one that is shown; all of them without it
   bool scrive_ = false;
 
   Frase* frase_ = nullptr;
   Frase* risposta_ = nullptr;  // what the last operation has done
-  QComboBox* anni_ = nullptr;
-  Ricerca* ricerca_ = nullptr;
-  QButtonGroup* filtri_ = nullptr;
   Tabella* voci_ = nullptr;
   Frase* cambiate_ = nullptr;
   Tabella* caselle_ = nullptr;

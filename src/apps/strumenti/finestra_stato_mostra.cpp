@@ -38,7 +38,7 @@ void FinestraStato::compi(const QString& che, std::function<void()> lavoro, std:
                                                     "ricomincia.")
                                    : QStringLiteral("Lo stato non si può leggere."));
                 } else if (esito.interrotto) {
-                  anni_->setCurrentIndex(anni_->findData(stato_->anno));
+                  anni().setCurrentIndex(anni().findData(stato_->anno));
                   risposta_->dici(
                       QStringLiteral("La lettura è stata interrotta: si vede ancora lo stato di "
                                      "prima. Con Ricarica (F5) si ricomincia."));
@@ -57,7 +57,7 @@ void FinestraStato::abilita() {
   for (QPushButton* uno : {inviato_, tolto_, ricevuta_}) uno->setEnabled(libera && tabelle);
   correzioni_->setEnabled(libera && tabelle && !stato_->anni.empty());
   ricarica_->setEnabled(libera);
-  anni_->setEnabled(libera && tabelle && !stato_->anni.empty());
+  anni().setEnabled(libera && tabelle && !stato_->anni.empty());
 }
 
 void FinestraStato::leggi(std::optional<std::int32_t> anno) {
@@ -76,14 +76,14 @@ void FinestraStato::leggi(std::optional<std::int32_t> anno) {
 }
 
 void FinestraStato::mostra() {
-  anni_->clear();
-  for (const std::int32_t anno : stato_->anni) anni_->addItem(QString::number(anno), anno);
-  anni_->setCurrentIndex(anni_->findData(stato_->anno));
-  ricerca_->prepara(stato_->voci.size(), [this](std::size_t q) {
+  anni().clear();
+  for (const std::int32_t anno : stato_->anni) anni().addItem(QString::number(anno), anno);
+  anni().setCurrentIndex(anni().findData(stato_->anno));
+  ricerca().prepara(stato_->voci.size(), [this](std::size_t q) {
     const VoceMostrata& voce = stato_->voci[q];
     return voce.percipiente + "\n" + voce.nome + "\n" + voce.causale;
   });
-  scriviFiltri();
+  scriviScelte();
   voci_->mostra(stato_->voci.size());
   diceFrase();
   abilita();

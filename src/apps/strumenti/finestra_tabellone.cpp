@@ -1,9 +1,7 @@
 #include "apps/strumenti/finestra_tabellone.h"
 
-#include <QButtonGroup>
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -67,13 +65,16 @@ QVariant ordineScadenza(const VoceTabellone& voce) {
 }  // namespace
 
 FinestraTabellone::FinestraTabellone(Profilo profilo)
-    : Finestra(QStringLiteral("tabellone")),
+    : FinestraAnni(QStringLiteral("tabellone"), {kScritteScelte.begin(), kScritteScelte.end()}),
       profilo_(std::move(profilo)),
       oggi_(orologio(profilo_)->today()) {
   setWindowTitle(QStringLiteral("Quadro delle aziende"));
   auto* const colonna = new QVBoxLayout(this);
   colonna->addWidget(sopra());
+  ricerca().proponi(QStringLiteral("nome o codice fiscale dell'azienda"),
+                    QStringLiteral("Cerca fra le aziende"));
   colonna->addWidget(scelte());
+  scriviScelte();
   frase_ = new Frase(this);
   colonna->addWidget(frase_);
   componiTabella();
@@ -87,47 +88,9 @@ FinestraTabellone::FinestraTabellone(Profilo profilo)
   leggi();
 }
 
-QWidget* FinestraTabellone::sopra() {
-  ricerca_ = new Ricerca(this);
-  auto* const anno = new QLabel(QStringLiteral("&Anno dei compensi"), ricerca_);
-  anni_ = new QComboBox(ricerca_);
-  anni_->setAccessibleName(QStringLiteral("Anno dei compensi"));
-  anni_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-  anno->setBuddy(anni_);
-  ricerca_->proponi(QStringLiteral("nome o codice fiscale dell'azienda"),
-                    QStringLiteral("Cerca fra le aziende"));
-  ricerca_->metti(anno, true);
-  ricerca_->metti(anni_, true);
-  ricerca_->cambiata = [this] { diceFrase(); };
-  connect(anni_, &QComboBox::activated, this, [this] {
-    scriviScelte();
-    ricerca_->applica();
-  });
-  return ricerca_;
-}
-
-QWidget* FinestraTabellone::scelte() {
-  auto* const riquadro = new QWidget(this);
-  auto* const riga = new QHBoxLayout(riquadro);
-  riga->setContentsMargins(0, 0, 0, 0);
-  filtri_ = new QButtonGroup(riquadro);
-  for (std::size_t i = 0; i < kScelte; ++i) {
-    auto* const uno = new QPushButton(riquadro);
-    uno->setCheckable(true);
-    uno->setAutoDefault(false);
-    filtri_->addButton(uno, static_cast<int>(i));
-    riga->addWidget(uno);
-  }
-  filtri_->button(0)->setChecked(true);
-  riga->addStretch(1);
+void FinestraTabellone::annoScelto() {
   scriviScelte();
-  connect(filtri_, &QButtonGroup::idToggled, this, [this](int quale, bool premuto) {
-    if (!premuto) return;
-    scelta_ = static_cast<Scelta>(quale);
-    scriviScelte();
-    ricerca_->applica();
-  });
-  return riquadro;
+  ricerca().applica();
 }
 
 bool FinestraTabellone::corrisponde(const VoceTabellone& voce, Scelta scelta) {
@@ -147,40 +110,24 @@ bool FinestraTabellone::corrisponde(const VoceTabellone& voce, Scelta scelta) {
 }
 
 bool FinestraTabellone::nellAnno(const VoceTabellone& voce) const {
-  const int anno = anni_->currentData().toInt();
+  const int anno = anni().currentData().toInt();
   return anno == 0 || voce.riga.anno == anno;
 }
 
-// The counts of the year that is shown, and a sign on the one that is chosen.
-void FinestraTabellone::scriviScelte() {
-  for (QAbstractButton* uno : filtri_->buttons()) {
-    const int quale = filtri_->id(uno);
-    std::uint64_t quante = 0;
-    if (voci_ != nullptr) {
-      for (const VoceTabellone& voce : *voci_) {
-        if (nellAnno(voce) && corrisponde(voce, static_cast<Scelta>(quale))) ++quante;
-      }
-    }
-    uno->setText(QStringLiteral("%1%2 (%3)")
-                     .arg(uno->isChecked() ? QStringLiteral("✓ ") : QString(),
-                          QString::fromUtf8(kScritteScelte.at(static_cast<std::size_t>(quale))))
-                     .arg(conteggio(quante)));
-  }
+// Of the year that is shown.
+std::uint64_t FinestraTabellone::quante(std::size_t scelta) const {
+  if (voci_ == nullptr) return 0;
+  return static_cast<std::uint64_t>(std::count_if(voci_->begin(), voci_->end(), [&](const auto& voce) {
+    return nellAnno(voce) && corrisponde(voce, static_cast<Scelta>(scelta));
+  }));
 }
 
 void FinestraTabellone::componiTabella() {
   const auto di = [this](std::size_t q) -> const VoceTabellone& { return (*voci_)[q]; };
   const auto numero = [di](const char* chiave, const char* titolo,
                            const std::function<std::size_t(const VoceTabellone&)>& quale) {
-    return Colonna{chiave,
-                   titolo,
-                   [di, quale](std::size_t q) {
-                     const std::size_t quante = quale(di(q));
-                     return quante == 0 ? QStringLiteral("–") : conteggio(quante);
-                   },
-                   true,
-                   [di, quale](std::size_t q) { return QVariant(qulonglong(quale(di(q)))); },
-                   [di, quale](std::size_t q) { return conteggio(quale(di(q))); }};
+    return Colonna{chiave, titolo, [di, quale](std::size_t q) { return conteggio(quale(di(q))); }, true,
+                   [di, quale](std::size_t q) { return QVariant(qulonglong(quale(di(q)))); }};
   };
   tabella_ = new Tabella(
       QStringLiteral("strumenti_tabellone"), QStringLiteral("Anni delle aziende"),
@@ -204,14 +151,12 @@ void FinestraTabellone::componiTabella() {
        numero("correzioni", "Correzioni", [](const VoceTabellone& v) { return v.riga.correzioni; })},
       this);
   tabella_->filtro().passa = [this, di](std::size_t q) {
-    return voci_ != nullptr && q < voci_->size() && nellAnno(di(q)) && corrisponde(di(q), scelta_) &&
-           ricerca_->passa(q);
+    return voci_ != nullptr && q < voci_->size() && nellAnno(di(q)) &&
+           corrisponde(di(q), static_cast<Scelta>(scelta())) && ricerca().passa(q);
   };
   tabella_->scelta = [this](auto quale) { dettaglia(quale); };
-  connect(tabella_, &QTableView::activated, this, [this](const QModelIndex& dove) {
-    apri(static_cast<std::size_t>(tabella_->filtro().mapToSource(dove).row()));
-  });
-  ricerca_->serve(tabella_);
+  tabella_->apreCon(QStringLiteral("Apri l'azienda"), [this](std::size_t quale) { apri(quale); });
+  ricerca().serve(tabella_);
 }
 
 QWidget* FinestraTabellone::pulsanti() {
@@ -261,20 +206,20 @@ void FinestraTabellone::leggi() {
 }
 
 void FinestraTabellone::mostraAnni() {
-  const QVariant prima = anni_->count() > 0 ? anni_->currentData() : QVariant();
-  std::set<std::int32_t, std::greater<>> anni;
-  for (const VoceTabellone& voce : *voci_) anni.insert(voce.riga.anno);
-  anni_->clear();
-  anni_->addItem(QStringLiteral("Tutti"), 0);
-  for (const std::int32_t anno : anni) anni_->addItem(QString::number(anno), anno);
+  const QVariant prima = anni().count() > 0 ? anni().currentData() : QVariant();
+  std::set<std::int32_t, std::greater<>> trovati;
+  for (const VoceTabellone& voce : *voci_) trovati.insert(voce.riga.anno);
+  anni().clear();
+  anni().addItem(QStringLiteral("Tutti"), 0);
+  for (const std::int32_t anno : trovati) anni().addItem(QString::number(anno), anno);
   // At first the newest year: the one that is worked on.
-  const int quale = prima.isValid() ? anni_->findData(prima) : (anni.empty() ? 0 : 1);
-  anni_->setCurrentIndex(std::max(0, quale));
+  const int quale = prima.isValid() ? anni().findData(prima) : (trovati.empty() ? 0 : 1);
+  anni().setCurrentIndex(std::max(0, quale));
 }
 
 void FinestraTabellone::mostra() {
   mostraAnni();
-  ricerca_->prepara(voci_->size(), [this](std::size_t q) {
+  ricerca().prepara(voci_->size(), [this](std::size_t q) {
     const AziendaTrovata& azienda = (*voci_)[q].azienda;
     return azienda.nome + "\n" + azienda.codiceFiscale;
   });
@@ -290,7 +235,7 @@ void FinestraTabellone::abilita() {
   apri_->setEnabled(tabella_->corrente().has_value());
   esporta_->setEnabled(libera && piena);
   ricarica_->setEnabled(libera);
-  anni_->setEnabled(piena);
+  anni().setEnabled(piena);
 }
 
 void FinestraTabellone::diceFrase() {

@@ -7,41 +7,35 @@
 #include <vector>
 
 #include "apps/aziende/tabellone_letto.h"
-#include "apps/strumenti/finestra.h"
-
-class QButtonGroup;
-class QComboBox;
-class QHBoxLayout;
+#include "apps/strumenti/finestra_anni.h"
 
 namespace cu::strumenti {
 
 class Frase;
-class Ricerca;
 class Tabella;
 
 // The board of an office: every year of every company of a database, in numbers, and what is due when. A
 // double click or Enter opens the state of the company's year.
-class FinestraTabellone : public Finestra {
+class FinestraTabellone : public FinestraAnni {
  public:
   explicit FinestraTabellone(Profilo profilo);
 
  protected:
   QString capitolo() const override { return QStringLiteral("Il quadro delle aziende"); }
+  std::uint64_t quante(std::size_t scelta) const override;
+  void annoScelto() override;
+  void righeScelte() override { diceFrase(); }
 
  private:
   // What the buttons choose among the lines.
   enum class Scelta : std::uint8_t { Tutte, DaInviare, InRitardo, Mancanti, Scartate };
-  static constexpr std::size_t kScelte = 5;
   static bool corrisponde(const VoceTabellone& voce, Scelta scelta);
 
-  QWidget* sopra();
-  QWidget* scelte();
   QWidget* pulsanti();
   void componiTabella();
   void leggi();
   void mostra();
   void mostraAnni();
-  void scriviScelte();
   bool nellAnno(const VoceTabellone& voce) const;
   void diceFrase();
   void dettaglia(std::optional<std::size_t> quale);
@@ -51,12 +45,8 @@ class FinestraTabellone : public Finestra {
 
   Profilo profilo_;
   std::shared_ptr<const std::vector<VoceTabellone>> voci_;
-  Scelta scelta_ = Scelta::Tutte;
   Date oggi_;
 
-  QComboBox* anni_ = nullptr;
-  Ricerca* ricerca_ = nullptr;
-  QButtonGroup* filtri_ = nullptr;
   Frase* frase_ = nullptr;
   Tabella* tabella_ = nullptr;
   Frase* dettaglio_ = nullptr;

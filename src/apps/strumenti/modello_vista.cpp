@@ -4,6 +4,9 @@
 #include <QFont>
 #include <utility>
 
+#include "desktop/table_commands.h"
+#include "desktop/table_style.h"
+
 namespace cu::strumenti {
 
 ModelloTabella::ModelloTabella(std::vector<Colonna> colonne, QObject* parent)
@@ -31,7 +34,9 @@ QVariant ModelloTabella::data(const QModelIndex& index, int role) const {
     case Qt::EditRole:
       return colonna.daScrivere ? colonna.daScrivere(riga) : colonna.testo(riga);
     case Qt::TextAlignmentRole:
-      return QVariant(colonna.aDestra ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
+      return QVariant(colonna.aDestra || (colonna.importi && desktop::showsAmount(colonna.testo(riga)))
+                          ? Qt::AlignRight | Qt::AlignVCenter
+                          : Qt::AlignLeft | Qt::AlignVCenter);
     case Qt::AccessibleTextRole:
       return colonna.detto ? colonna.detto(riga) : colonna.testo(riga);
     case Qt::FontRole: {
@@ -51,6 +56,7 @@ QVariant ModelloTabella::headerData(int section, Qt::Orientation orientation, in
   if (orientation != Qt::Horizontal) return {};
   const Colonna& colonna = colonne_[static_cast<std::size_t>(section)];
   if (role == Qt::DisplayRole) return QString::fromUtf8(colonna.titolo);
+  if (role == desktop::kColumnNameRole) return QString::fromUtf8(colonna.chiave);
   if (role == Qt::TextAlignmentRole) {
     return QVariant(colonna.aDestra ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
   }
@@ -82,6 +88,15 @@ FiltroTabella::FiltroTabella(QObject* parent) : QSortFilterProxyModel(parent) {
 
 bool FiltroTabella::filterAcceptsRow(int riga, const QModelIndex&) const {
   return !passa || passa(static_cast<std::size_t>(riga));
+}
+
+// A screen reader hears the order, which the window draws.
+QVariant FiltroTabella::headerData(int section, Qt::Orientation orientation, int role) const {
+  const QVariant dato = QSortFilterProxyModel::headerData(section, orientation, role);
+  if (orientation != Qt::Horizontal || role != Qt::AccessibleTextRole || section != sortColumn()) return dato;
+  const QString titolo = QSortFilterProxyModel::headerData(section, orientation, Qt::DisplayRole).toString();
+  return titolo + (sortOrder() == Qt::DescendingOrder ? QStringLiteral(", in ordine decrescente")
+                                                      : QStringLiteral(", in ordine crescente"));
 }
 
 }  // namespace cu::strumenti

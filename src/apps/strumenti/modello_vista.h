@@ -13,7 +13,7 @@ namespace cu::strumenti {
 // A column of a table whose rows lie elsewhere.
 struct Colonna {
   using Testo = std::function<QString(std::size_t riga)>;
-  const char* chiave;  // for the memory of its width
+  const char* chiave;  // for what is remembered of it; empty for one that only fills the table
   const char* titolo;
   Testo testo;
   bool aDestra = false;
@@ -26,6 +26,7 @@ struct Colonna {
   std::function<void(std::size_t riga, const QString& testo)> scrivi = {};
   Testo daScrivere = {};
   std::function<bool(std::size_t riga)> scrivibile = {};  // every row where it is empty
+  bool importi = false;                                   // amounts among other texts: they are at the right
 };
 
 // Reads each cell when it is shown.
@@ -59,6 +60,7 @@ class FiltroTabella : public QSortFilterProxyModel {
   std::function<bool(std::size_t riga)> passa;
   // As a whole: many scattered rows leave faster than one by one.
   void riapplica() { invalidate(); }
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  protected:
   bool filterAcceptsRow(int riga, const QModelIndex& parent) const override;

@@ -1,19 +1,15 @@
 #include "apps/strumenti/tabella_vista.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 #include <algorithm>
 #include <utility>
 
-#include "desktop/grid_drawing.h"
 #include "desktop/table_style.h"
-#include "desktop/whole_text.h"
 
 namespace cu::strumenti {
 namespace {
@@ -21,48 +17,45 @@ namespace {
 constexpr int kRigheMisurate = 200;
 constexpr const char* kNessuna = "Nessuna riga corrisponde a ciò che si cerca.";
 
-// The current row has lines around it.
-class DisegnoRiga : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    QStyledItemDelegate::paint(painter, option, index);
-    desktop::paintCurrentRow(painter, option, index);
-  }
-};
-
 }  // namespace
 
 Tabella::Tabella(const QString& nome, const QString& detta, std::vector<Colonna> colonne, QWidget* parent)
     : QTableView(parent),
       modello_(new ModelloTabella(std::move(colonne), this)),
-      filtro_(new FiltroTabella(this)),
-      memoria_(nome) {
+      filtro_(new FiltroTabella(this)) {
   setAccessibleName(detta);
   filtro_->setSourceModel(modello_);
-  setModel(filtro_);
   desktop::styleRows(*this);
+  setModel(filtro_);
   verticalHeader()->hide();
-  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
   horizontalHeader()->setStretchLastSection(true);
-  horizontalHeader()->setHighlightSections(false);
+  // Ascending, descending, the order of the rows.
   horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  horizontalHeader()->setSortIndicatorClearable(true);
   setSortingEnabled(true);
-  setItemDelegate(new DisegnoRiga(this));
+  comandi_ = new desktop::TableCommands(*this, nome);
+  comandi_->setWidths = [this] { larghezzePrime(); };
   setMinimumHeight(fontMetrics().height() * 6);
   setMinimumWidth(fontMetrics().height() * 8);
-  desktop::tellWhole(*this);
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int quale, int, int larga) {
-    if (!posate_ || zitta_ || quale == modello_->columnCount() - 1) return;
-    memoria_.setWidth(QString::fromUtf8(modello_->colonne()[static_cast<std::size_t>(quale)].chiave), larga);
-  });
   connect(filtro_, &QAbstractItemModel::layoutChanged, this, [this] {
     if (currentIndex().isValid()) scrollTo(currentIndex());
   });
   connect(this, &QTableView::clicked, this, [this](const QModelIndex& dove) {
     if (aperta) aperta(static_cast<std::size_t>(filtro_->mapToSource(dove).row()));
   });
+}
+
+void Tabella::apreCon(const QString& scritta, std::function<void(std::size_t riga)> apri) {
+  connect(this, &QTableView::activated, this, [this, apri](const QModelIndex& dove) {
+    apri(static_cast<std::size_t>(filtro_->mapToSource(dove).row()));
+  });
+  comandi_->addRowCommands = [this, scritta, apri = std::move(apri)](QMenu& menu) {
+    QAction* const prima = menu.addAction(scritta);
+    menu.setDefaultAction(prima);
+    connect(prima, &QAction::triggered, this, [this, apri] {
+      if (const auto quale = corrente()) apri(*quale);
+    });
+  };
 }
 
 void Tabella::mostra(std::size_t righe, bool primaRiga) {
@@ -173,10 +166,6 @@ void Tabella::currentChanged(const QModelIndex& current, const QModelIndex& prev
 }
 
 void Tabella::keyPressEvent(QKeyEvent* event) {
-  if (event->matches(QKeySequence::Copy)) {
-    copia();
-    return;
-  }
   const auto ora = corrente();
   const bool invio = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (invio && aperta && ora) {
@@ -240,19 +229,21 @@ void Tabella::showEvent(QShowEvent* event) {
   posate_ = true;
 }
 
-// The user's width, otherwise that of the first rows.
+// The first widths, then the user's.
 void Tabella::larghezze() {
+  comandi_->placeColumns();
+  larghezzaUltima();
+}
+
+// Those of the first rows.
+void Tabella::larghezzePrime() {
   for (int i = 0; i < modello_->columnCount(); ++i) {
-    const int ricordata =
-        memoria_.width(QString::fromUtf8(modello_->colonne()[static_cast<std::size_t>(i)].chiave));
-    const int massima = modello_->colonne()[static_cast<std::size_t>(i)].massima;
-    setColumnWidth(i, ricordata > 0 ? ricordata : std::min(larghezzaDi(i), massima));
+    setColumnWidth(i, std::min(larghezzaDi(i), modello_->colonne()[static_cast<std::size_t>(i)].massima));
   }
   const int quale = modello_->columnCount() - 1;
   constexpr int kMassimaUltima = 1200;
   if (modello_->colonne()[static_cast<std::size_t>(quale)].intera)
     ultima_ = std::min(larghezzaDi(quale), kMassimaUltima);
-  larghezzaUltima();
 }
 
 void Tabella::resizeEvent(QResizeEvent* event) {
@@ -263,21 +254,25 @@ void Tabella::resizeEvent(QResizeEvent* event) {
 // What the other columns leave, or what it needs.
 void Tabella::larghezzaUltima() {
   if (ultima_ == 0) return;
-  const int quale = modello_->columnCount() - 1;
-  int altre = 0;
-  for (int i = 0; i < quale; ++i) altre += columnWidth(i);
-  const bool entra = altre + ultima_ <= viewport()->width();
-  const bool zitta = std::exchange(zitta_, true);
-  horizontalHeader()->setStretchLastSection(entra);
-  if (!entra) setColumnWidth(quale, ultima_);
-  zitta_ = zitta;
+  comandi_->quietly([this] {
+    const int quale = modello_->columnCount() - 1;
+    int altre = 0;
+    for (int i = 0; i < quale; ++i) altre += columnWidth(i);
+    const bool entra = altre + ultima_ <= viewport()->width();
+    horizontalHeader()->setStretchLastSection(entra);
+    if (!entra) setColumnWidth(quale, ultima_);
+  });
 }
 
-// Of the heading, of some rows from the first to the last, because numbers grow, and of the first that are
-// shown.
+// Of the heading's longest word, of some rows from the first to the last, because numbers grow, and of the
+// first that are shown.
 int Tabella::larghezzaDi(int colonna) const {
   constexpr int kIntornoCella = 14;
-  int larga = horizontalHeader()->sectionSizeHint(colonna);
+  int larga = 0;
+  const QString titolo = modello_->headerData(colonna, Qt::Horizontal, Qt::DisplayRole).toString();
+  for (const QString& parola : titolo.split(u' ')) {
+    larga = std::max(larga, horizontalHeader()->fontMetrics().horizontalAdvance(parola) + kIntornoCella);
+  }
   const int righe = modello_->rowCount();
   const int passo = std::max(1, righe / kRigheMisurate);
   const auto misura = [&](int riga) {
@@ -290,20 +285,6 @@ int Tabella::larghezzaDi(int colonna) const {
     misura(filtro_->mapToSource(filtro_->index(riga, 0)).row());
   }
   return larga;
-}
-
-void Tabella::copia() {
-  QModelIndexList righe = selectionModel()->selectedRows();
-  std::sort(righe.begin(), righe.end(), [](const auto& a, const auto& b) { return a.row() < b.row(); });
-  QStringList testo;
-  for (const QModelIndex& riga : righe) {
-    QStringList celle;
-    for (int i = 0; i < filtro_->columnCount(); ++i) {
-      celle += filtro_->index(riga.row(), i).data(Qt::DisplayRole).toString();
-    }
-    testo += celle.join(u'\t');
-  }
-  QApplication::clipboard()->setText(testo.join(u'\n'));
 }
 
 }  // namespace cu::strumenti

@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "apps/strumenti/modello_vista.h"
-#include "desktop/column_memory.h"
+#include "desktop/table_commands.h"
 
 namespace cu::strumenti {
 
-// A table of rows with a filter, a current row that stays in sight when it is sorted, the user's widths of
-// columns, and Ctrl+C for the highlighted rows.
+// A table of rows with a filter, a current row that stays in sight when it is sorted, and the look and the
+// commands of all tables.
 class Tabella : public QTableView {
  public:
   // `nome` is that of the table in the user's settings, `detta` that for a screen reader.
@@ -41,11 +41,14 @@ class Tabella : public QTableView {
   void riscrivi(std::size_t riga, const QString& testo);
   // Takes what is being written in a cell.
   void concludi();
+  desktop::TableCommands& comandi() { return *comandi_; }
 
   // The current row has changed, or the rows themselves.
   std::function<void(std::optional<std::size_t> riga)> scelta;
   // Enter, or a click.
   std::function<void(std::size_t riga)> aperta;
+  // Enter, a double click, or the first command in the menu of a row, which has this caption.
+  void apreCon(const QString& scritta, std::function<void(std::size_t riga)> apri);
 
  protected:
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -56,12 +59,12 @@ class Tabella : public QTableView {
 
  private:
   void larghezze();
+  void larghezzePrime();
   void larghezzaUltima();
   int larghezzaDi(int colonna) const;
   // The column that can be written; -1 for none.
   int scritta() const;
   bool scriviQui(QKeyEvent* event);
-  void copia();
   bool siVede(std::size_t riga) const;
   // There are rows, and the search hides all of them.
   bool vuota() const { return cercata_ && modello_->rowCount() > 0 && filtro_->rowCount() == 0; }
@@ -69,7 +72,7 @@ class Tabella : public QTableView {
 
   ModelloTabella* modello_;
   FiltroTabella* filtro_;
-  desktop::ColumnMemory memoria_;
+  desktop::TableCommands* comandi_;
   std::optional<std::size_t> detta_;
   std::optional<std::size_t> tolta_;  // was the current row when the filter hid it
   bool cercata_ = false;

@@ -81,8 +81,8 @@ TEST_F(Board, ShowsTheNewestYearFirstAndCountsWhatWasDone) {
   EXPECT_THAT(aziende(), ElementsAre("0002 S.p.A. 2017", "0003 S.p.A. 2017", "S.p.A. 2017"));
   EXPECT_EQ(cella(0, "Scritte"), cella(0, "Conti"));
   EXPECT_EQ(cella(0, "Inviate"), cella(0, "Conti"));
-  EXPECT_EQ(cella(0, "Da inviare"), QStringLiteral("–"));
-  EXPECT_EQ(cella(1, "Scritte"), QStringLiteral("–"));
+  EXPECT_EQ(cella(0, "Da inviare"), QStringLiteral("0"));
+  EXPECT_EQ(cella(1, "Scritte"), QStringLiteral("0"));
   EXPECT_EQ(cella(1, "Da inviare"), cella(1, "Conti"));
   EXPECT_EQ(cella(1, "Scadenza"), QStringLiteral("entro il 07/03/2018"));
   scegliAnno(QStringLiteral("Tutti"));
