@@ -19,6 +19,7 @@
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/avvio/password_finestra.h"
 #include "apps/avvio/scelta_avvio.h"
+#include "apps/comune/chiavi_righe.h"
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/colonne_percipienti.h"
 #include "apps/comune/connessioni.h"
@@ -134,6 +135,7 @@ int avvia(const Profilo& profilo) {
   schermo.furtherColumns = [&](const LookupTable& elenco) {
     return colonnePercipienti(profilo.database, elenco);
   };
+  schermo.rowKeys = [&](const std::string& istruzione) { return chiaviRighe(profilo.database, istruzione); };
   schermo.onAllClosed = [&] {
     ricordaAnnoDi(profilo, impianto.programma());
     if (strumenti::aperti()) {

@@ -43,7 +43,8 @@ struct LogTable {
 struct Preview {
   std::string title;
   std::vector<std::string> pages;
-  std::string file;  // a PDF; empty where no layout was made
+  std::string file;   // a PDF; empty where no layout was made
+  bool whole = true;  // false where the user has interrupted the layout: these are its first pages
 };
 
 struct PrinterChoice {
@@ -60,7 +61,8 @@ struct PrintNote {
   std::string file;  // full path; empty for a preview and for a printer
   std::string printer;
   int copies = 0;
-  bool written = false;  // the file, or the printer's job, is complete
+  bool written = false;      // the file, or the printer's job, is complete
+  bool interrupted = false;  // by the user, who knows why it is not written
 };
 
 // The user interface: a window system, a program that drives the wizard, or a script of a test. Every modal

@@ -44,6 +44,13 @@ void Grid::resumeDrawing() {
   if (suspended_ == 0) notify();
 }
 
+void Grid::setKeys(std::size_t state, std::shared_ptr<const RowKeys> keys) {
+  if (state >= states.size()) return;
+  states[state].keys = std::move(keys);
+  ++revision_;
+  if (suspended_ == 0) notify();
+}
+
 void Grid::refresh() {
   ++revision_;
   if (suspended_ > 0) return;

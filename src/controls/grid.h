@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "controls/control.h"
+#include "controls/row_keys.h"
 #include "data/recordset.h"
 
 namespace cu {
@@ -41,6 +43,11 @@ struct RowState {
   std::vector<std::string> fields;  // whose cells `holds` reads, in this order; null where there is none
   bool (*holds)(std::span<const CellView> cells) = nullptr;
   std::string column = {};  // where it is not empty, the state exists only while the grid has this column
+  // The statement that reads the keys of the rows in the state, where other tables determine it: `fields` are
+  // the two columns of the grid's rows with the key, and `holds` is null. The state exists once they are
+  // read.
+  std::function<std::string()> statement = {};
+  std::shared_ptr<const RowKeys> keys = {};
 };
 
 // A sum that only a window shows: of the fields together, over rows.
@@ -124,6 +131,8 @@ class Grid : public Control {
   std::string subjectField;
   std::string subjects;
   std::vector<SearchedField> searched;
+  // What a window has read for a state with a statement; null where it could not.
+  void setKeys(std::size_t state, std::shared_ptr<const RowKeys> keys);
 
  private:
   std::vector<GridColumn> columns_;

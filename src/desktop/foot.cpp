@@ -91,7 +91,7 @@ Foot::Foot(QWidget* parent, std::function<void(const QString&)> open)
   interruption_->setObjectName(QStringLiteral("interrompi"));
   interruption_->setFocusPolicy(Qt::NoFocus);
   interruption_->setProperty(kUsableWhileBusy, true);
-  interruption_->setToolTip(QStringLiteral("Interrompe dopo la stampa in corso (Esc)"));
+  interruption_->setToolTip(QStringLiteral("Interrompe dopo il modulo o la pagina in corso (Esc)"));
   interruption_->setAccessibleDescription(interruption_->toolTip());
   interruption_->hide();
   rest({});

@@ -99,22 +99,46 @@ bool hasGrid(const std::vector<Control*>& controls) {
                      [](Control* control) { return dynamic_cast<Grid*>(control) != nullptr; });
 }
 
+// Buttons that take a second line in a narrow window, which would otherwise be wider than a small screen.
+FlowRow* addFlow(QBoxLayout& into) {
+  constexpr int kGap = 8;
+  auto* row = new FlowRow;
+  row->setGap(kGap);
+  into.addLayout(row, 1);
+  return row;
+}
+
+// What the page of a stage consists of is scrolled where the screen is too low for it.
+QWidget* scrolled(FormWindow& window, QWidget* page) {
+  auto* around = new QVBoxLayout(page);
+  around->setContentsMargins(0, 0, 0, 0);
+  auto* area = new ContentArea(page);
+  auto* content = new QWidget;
+  area->setWidget(content);
+  around->addWidget(area);
+  window.addScrollArea(area);
+  return content;
+}
+
 // A page with a grid: the controls before the grid, the grid with all free space, the controls after it.
 void layOutGridPage(FormWindow& window, Frame& page) {
   Layouter layouter(window);
-  QWidget* const into = window.view(page)->widget();
+  const bool stage = !window.form().stages().empty();
+  QWidget* const whole = window.view(page)->widget();
+  QWidget* const into = stage ? scrolled(window, whole) : whole;
   auto* column = new QVBoxLayout(into);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin / 2);
   std::vector<Control*> buttons;
   std::vector<Frame*> frames;
-  QBoxLayout* const buttonRow = new QHBoxLayout;
+  auto* const buttonRow = new QHBoxLayout;
   for (Control* control : layouter.inside(&page)) {
     if (kindOf(*control) == Kind::Button) {
       buttons.push_back(control);
     } else if (auto* const grid = dynamic_cast<Grid*>(control)) {
       auto& view = static_cast<GridView&>(window.make(*grid, into));
-      auto* const around = window.form().stages().empty() ? nullptr : new GridSurround(window, view, into);
+      auto* const around = stage ? new GridSurround(window, view, into) : nullptr;
       if (around != nullptr) around->addAbove(*column);
+      if (stage) view.table().mayShrink();
       column->addWidget(view.widget(), 1);
       if (around != nullptr) around->addBelow(*column);
       column->addLayout(buttonRow);
@@ -125,8 +149,8 @@ void layOutGridPage(FormWindow& window, Frame& page) {
       column->addWidget(window.make(*control, into).widget());
     }
   }
-  layouter.fillRow(*buttonRow, buttons);
-  buttonRow->addStretch(1);
+  FlowRow* const flow = addFlow(*buttonRow);
+  for (Control* button : buttons) flow->addWidget(window.make(*button, into).widget());
   // The fields of the grid's current row: below it, scrollable.
   for (Frame* frame : frames) {
     layouter.fillFrame(*frame);
@@ -197,15 +221,6 @@ void layOutPage(FormWindow& window, Frame& page) {
   window.addScrollArea(area);
 }
 
-// Buttons that take a second line in a narrow window, which would otherwise be wider than a small screen.
-FlowRow* addFlow(QBoxLayout& into) {
-  constexpr int kGap = 8;
-  auto* row = new FlowRow;
-  row->setGap(kGap);
-  into.addLayout(row, 1);
-  return row;
-}
-
 void layOutBottom(FormWindow& window, QBoxLayout& root, const Parts& parts) {
   if (parts.bottom.empty()) return;
   auto* around = new QHBoxLayout;
@@ -227,10 +242,11 @@ void layOutNavigation(FormWindow& window, QBoxLayout& root, const std::vector<Co
     root.addWidget(bar);
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
-    const auto buttons = layouter.inside(frame);
-    layouter.fillRow(*row, {buttons.front()});
-    row->addStretch(1);
-    layouter.fillRow(*row, {buttons.begin() + 1, buttons.end()});
+    FlowRow* const flow = addFlow(*row);
+    for (Control* button : layouter.inside(frame)) {
+      flow->addWidget(window.make(*button, bar).widget());
+      if (flow->count() == 1) flow->beginEnd();
+    }
   }
 }
 

@@ -11,19 +11,25 @@
 #include "desktop/grid_drawing.h"
 #include "desktop/grid_view.h"
 #include "desktop/table_style.h"
-#include "desktop/whole_text.h"
 
 namespace cu::desktop {
 
 GridTable::GridTable(GridView& view, QWidget* parent) : QTableView(parent), view_(view) {
   styleRows(*this);
-  setHorizontalHeader(new WrappedHeader(this));
   setItemDelegate(new CellPainter(this));
-  tellWhole(*this);
   frozen_ = new FrozenColumns(*this);
 }
 
 void GridTable::shareModel() { frozen_->share(); }
+
+void GridTable::mayShrink() {
+  constexpr int kHeaderLines = 2;
+  constexpr int kRows = 3;
+  constexpr int kBorders = 16;
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+  setMinimumHeight(kHeaderLines * fontMetrics().height() + kRows * verticalHeader()->defaultSectionSize() +
+                   horizontalScrollBar()->sizeHint().height() + kBorders);
+}
 
 void GridTable::updateGeometries() {
   QTableView::updateGeometries();

@@ -20,6 +20,9 @@ class GridTable : public QTableView {
   FrozenColumns& frozen() const { return *frozen_; }
   void setHighlighted(const QList<int>& rows, int current);  // ascending rows
 
+  // On a page that scrolls: the table takes the height that there is, and at least that of a few rows.
+  void mayShrink();
+
   QModelIndex indexAt(const QPoint& at) const override;
   QRect visualRect(const QModelIndex& index) const override;
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;

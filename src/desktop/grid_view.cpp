@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "controls/form.h"
 #include "desktop/follow_letters.h"
@@ -26,6 +27,7 @@ GridView::GridView(FormWindow& window, Grid& grid, QWidget* parent)
       grid_(grid),
       model_(grid),
       table_(new GridTable(*this, parent)),
+      keys_(grid, nullptr),
       memory_(shown(grid.form().name() + "." + grid.name())) {
   setWidget(table_);
   table_->setVerticalHeader(new MarkHeader(model_, grid, table_));
@@ -50,6 +52,12 @@ GridView::GridView(FormWindow& window, Grid& grid, QWidget* parent)
   QObject::connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, table_,
                    [this] { report(); });
   letters_ = followLetters(*table_, [this] { fitLetters(); });
+  keys_.readingOf = window.frontEnd().rowKeys;
+  keys_.onRead = [this](bool anew) { keysRead(anew); };
+  keys_.onFailed = [this](const std::string& state, const QString& error) {
+    formWindow().frontEnd().toldAfter(
+        utf8(QStringLiteral("Il filtro \"%1\" non è disponibile: %2").arg(shown(state), error)));
+  };
 }
 
 // The table outlives its view, and its rows.
@@ -70,6 +78,7 @@ void GridView::fitLetters() {
 
 void GridView::refresh() {
   if (!grid_.drawing()) return;
+  keys_.follow();
   model_.refresh();
   static_cast<MarkHeader*>(table_->verticalHeader())->refresh();
   placeColumns();
@@ -78,9 +87,17 @@ void GridView::refresh() {
   report();
 }
 
+// A filter of the state that was waiting for it takes effect.
+void GridView::keysRead(bool anew) {
+  if (anew && arrangement().states != 0) arrange(arrangement());
+}
+
 // The recordset's cursor may be moved without the grid.
 void GridView::afterEvent() {
   if (!live() || model_.held()) return;
+  // What a form opened by the event has stored besides the rows is not known here.
+  if (std::exchange(closed_, window().frontEnd().formsClosed()) != window().frontEnd().formsClosed())
+    keys_.again();
   showCurrent();
   report();
 }

@@ -8,6 +8,7 @@
 #include "desktop/grid_model.h"
 #include "desktop/grid_search.h"
 #include "desktop/grid_table.h"
+#include "desktop/key_states.h"
 #include "desktop/view.h"
 
 class QMenu;
@@ -24,6 +25,7 @@ class GridView : public View {
   void detach() override {
     View::detach();
     model_.detach();
+    keys_.detach();
   }
   bool keyDown(std::int16_t code, std::int16_t shift) override;
   void afterEvent() override;
@@ -83,10 +85,13 @@ class GridView : public View {
   int widthOf(int column) const;
   bool mayChoose(std::size_t row);
   int searchColumn() const;
+  void keysRead(bool anew);
 
   Grid& grid_;
   GridModel model_;
   GridTable* table_;
+  KeyStates keys_;
+  std::size_t closed_ = 0;  // forms of the front end, as counted last
   ColumnMemory memory_;
   QPointer<QObject> letters_;
   QString placed_;  // the columns placed last

@@ -53,7 +53,7 @@ void tellError(QWidget* parent, const QString& error) {
 
 PreviewDialog::PreviewDialog(QWidget* parent, const Preview& preview)
     : QDialog(parent),
-      title_(shown(preview.title)),
+      title_(shown(preview.title) + (preview.whole ? QString() : QStringLiteral(" (parziale)"))),
       pages_(new Pages(QStringLiteral("Pagina"), this)),
       search_(*pages_),
       thumbnails_(new Thumbnails(*pages_, this)),
@@ -76,6 +76,7 @@ PreviewDialog::PreviewDialog(QWidget* parent, const Preview& preview)
   auto* row = new QHBoxLayout;
   auto* second = new QHBoxLayout;
   auto* middle = new QHBoxLayout;
+  if (!preview.whole) column->addWidget(noteOfPart(preview.pages.size()));
   column->addLayout(row);
   column->addLayout(second);
   column->addLayout(middle, 1);
@@ -105,6 +106,21 @@ PreviewDialog::PreviewDialog(QWidget* parent, const Preview& preview)
 PreviewDialog::~PreviewDialog() {
   pages_->changed = nullptr;
   pages_->renewed = nullptr;
+}
+
+QLabel* PreviewDialog::noteOfPart(std::size_t pages) {
+  auto* const note = new QLabel(
+      (pages == 1
+           ? QStringLiteral("L'anteprima è stata interrotta: questa è la prima pagina, ")
+           : QStringLiteral("L'anteprima è stata interrotta: queste sono le prime %L1 pagine, ").arg(pages)) +
+          QStringLiteral("non tutta la stampa."),
+      this);
+  note->setObjectName(QStringLiteral("parziale"));
+  note->setWordWrap(true);
+  QPalette colours = note->palette();
+  colours.setColor(QPalette::WindowText, look::warningInk());
+  note->setPalette(colours);
+  return note;
 }
 
 QPushButton* PreviewDialog::button(QHBoxLayout& row, const char* caption,

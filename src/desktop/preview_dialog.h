@@ -39,6 +39,7 @@ class PreviewDialog : public QDialog {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  QLabel* noteOfPart(std::size_t pages);
   void layOutTurning(QHBoxLayout& row);
   void layOutSearch(QHBoxLayout& row);
   void layOutOutput(QHBoxLayout& row);

@@ -290,6 +290,7 @@ void QtFrontEnd::closed(Form& form) {
   if (found == shown_.end()) return;
   const Shown gone = *found;
   shown_.erase(found);
+  ++closed_;
   missing_ = nullptr;
   // A form destroyed while it is open destroys its controls before it reports its closing.
   gone.window->detach(!form.isOpen());
@@ -384,7 +385,8 @@ void QtFrontEnd::progress(const char* what, std::size_t done, std::size_t total)
   status_.work();
   const QString work = QString::fromUtf8(what);
   pace_.note(work, done, total, clock_.elapsed());
-  if (work != work_) endInterruption();
+  // The phases of a work that goes on asking have one offer: the button neither blinks nor loses a click.
+  if (!std::exchange(questioned_, false)) endInterruption();
   const bool same = std::exchange(work_, work) == work;
   if (same && done > 0 && done < total && shownAt_.elapsed() < kTellEvery) return;
   shownAt_.restart();
@@ -410,10 +412,12 @@ bool QtFrontEnd::askedToEnd() const {
 void QtFrontEnd::endInterruption() {
   interruption_.reset();
   interruptionAsked_ = false;
+  questioned_ = false;
 }
 
 bool QtFrontEnd::interrupted() {
   if (running_ == 0) return false;
+  questioned_ = true;
   if (askedToEnd()) return true;
   if (interruption_ == nullptr) {
     QPushButton* button = nullptr;

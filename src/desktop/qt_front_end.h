@@ -11,6 +11,7 @@
 #include "controls/control.h"
 #include "controls/frontend.h"
 #include "controls/further_columns.h"
+#include "controls/row_keys.h"
 #include "desktop/input_drain.h"
 #include "desktop/interruption.h"
 #include "desktop/pace.h"
@@ -53,11 +54,14 @@ class QtFrontEnd : public FrontEnd {
   FurtherColumns further(const LookupTable& table) const {
     return furtherColumns ? furtherColumns(table) : FurtherColumns();
   }
+  // Of the states of a grid's rows that other tables determine; empty where there are none.
+  RowKeysOf rowKeys;
   // Called after a user event, with the names of its form and control, and the time for which it ran without
   // waiting for the user.
   std::function<void(const std::string& form, const std::string& control, std::chrono::microseconds)>
       onPerformed;
   bool anyOpen() const { return !shown_.empty(); }
+  std::size_t formsClosed() const { return closed_; }  // so far
   FormWindow* window(const Form& form) const;
   FormWindow* topmost() const;
 
@@ -152,6 +156,7 @@ class QtFrontEnd : public FrontEnd {
   QString guide_;
   QPointer<HelpWindow> helpWindow_;
   std::vector<Shown> shown_;
+  std::size_t closed_ = 0;
   int running_ = 0;
   int pointer_ = kPointerDefault;
   bool hourglass_ = false;  // as shown on the screen
@@ -163,6 +168,7 @@ class QtFrontEnd : public FrontEnd {
   QString work_;  // as reported last
   std::unique_ptr<Interruption> interruption_;
   bool interruptionAsked_ = false;  // before a box interrupted the work itself
+  bool questioned_ = false;         // since the last report of progress
   Status status_;
   std::size_t factsShown_ = 0;
   Control* missing_ = nullptr;  // of the running event

@@ -17,6 +17,12 @@ std::vector<std::size_t> placesOf(const Columns& columns, const std::vector<std:
   return found;
 }
 
+bool amongKeys(const RowKeys& keys, const std::vector<std::size_t>& places, const CellView* cells) {
+  if (places[0] == Columns::kNone || places[1] == Columns::kNone) return false;
+  return std::binary_search(keys.begin(), keys.end(),
+                            RowKey{cells[places[0]].integer(), cells[places[1]].integer()});
+}
+
 // Empty beyond what an amount can be.
 std::optional<Decimal> plus(const std::optional<Decimal>& a, const std::optional<Decimal>& b) {
   if (!a || !b) return std::nullopt;
@@ -55,6 +61,7 @@ class Adding {
 }  // namespace
 
 bool exists(const Grid& grid, const RowState& state) {
+  if (state.statement && !state.keys) return false;
   return state.column.empty() ||
          std::any_of(grid.columns().begin(), grid.columns().end(),
                      [&](const GridColumn& column) { return column.field == state.column; });
@@ -66,7 +73,8 @@ RowReader::RowReader(const Grid& grid)
   const Columns& columns = grid.rows()->Fields();
   for (const RowState& state : grid.states) {
     const bool read = exists(grid, state) && state.fields.size() <= kMostFields;
-    states_.push_back({placesOf(columns, state.fields), read ? state.holds : nullptr});
+    states_.push_back({placesOf(columns, state.fields), read ? state.holds : nullptr,
+                       read && state.fields.size() == 2 ? state.keys : nullptr});
   }
   for (const RowSum& sum : grid.sums) sums_.push_back(placesOf(columns, sum.fields));
 }
@@ -76,6 +84,7 @@ std::uint32_t RowReader::states(const CellView* cells) const {
   std::array<CellView, kMostFields> read;
   for (std::size_t i = 0; i < states_.size(); ++i) {
     const State& state = states_[i];
+    if (state.keys != nullptr && amongKeys(*state.keys, state.fields, cells)) on |= 1U << i;
     if (state.holds == nullptr) continue;
     for (std::size_t j = 0; j < state.fields.size(); ++j) {
       read.at(j) = state.fields[j] == Columns::kNone ? CellView() : cells[state.fields[j]];

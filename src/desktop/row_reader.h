@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -28,6 +29,7 @@ class RowReader {
   struct State {
     std::vector<std::size_t> fields;
     bool (*holds)(std::span<const CellView>) = nullptr;
+    std::shared_ptr<const RowKeys> keys;
   };
   std::vector<State> states_;
   std::vector<std::vector<std::size_t>> sums_;

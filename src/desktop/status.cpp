@@ -31,6 +31,13 @@ void Status::print(const PrintNote& note) {
   if (note.kind == kPreview) return;
   forget();
   ++told_;
+  if (note.interrupted) {
+    const QFileInfo file(shown(note.file));
+    facts_ += (file.exists() ? QStringLiteral("Stampa interrotta: %1 resta com'era.")
+                             : QStringLiteral("Stampa interrotta: %1 non è stato creato."))
+                  .arg(file.fileName());
+    return;
+  }
   if (note.kind == kPrinter) {
     if (!note.written) return;
     printer_ = shown(note.printer);

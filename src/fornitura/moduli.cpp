@@ -103,10 +103,18 @@ class StampaDeiModuli {
       if (!righe_.Get("Selezionato").flag()) continue;
       // The print spends its time after the rows, which are collected quickly.
       intorno_.avanzamento.progress("Preparazione dei moduli", ++esito_->richiesti, quante_);
+      if (intorno_.avanzamento.interrupted()) {
+        esito_->interrotta = true;
+        return;
+      }
       inserisci();
     }
     intorno_.avanzamento.progress("Stampa dei moduli", 0, 0);
-    annota(stampa(intorno_, inFile(false)));
+    esito_->interrotta = intorno_.avanzamento.interrupted();
+    if (esito_->interrotta) return;
+    RichiestaStampa una = inFile(false);
+    una.interrotta = [this] { esito_->interrotta = true; };
+    annota(stampa(intorno_, una));
   }
 
   void unaAllaVolta() {

@@ -82,7 +82,8 @@ stampa::Lancio lancio(const Intorno& intorno, const RichiestaStampa& richiesta,
           .oReport = *preparata.oReport,
           .dialogo = *preparata.dialogo,
           .tipoOggetto = richiesta.tipoOggetto,
-          .guasto = richiesta.guasto};
+          .guasto = richiesta.guasto,
+          .interrotta = richiesta.interrotta};
 }
 
 }  // namespace cu::fornitura

@@ -28,6 +28,7 @@ struct RichiestaStampa {
   Uscita uscita = Uscita::Anteprima;
   std::string percorso;  // of the file; "" where the suite prompts for a name
   Guasto guasto;
+  std::function<void()> interrotta = {};  // called where the user has interrupted the print; may be empty
 };
 
 // Rejected where the print would be empty. A failing test is reported and not counted as a rejection; the
@@ -55,9 +56,11 @@ struct ModuloNonStampato {
 struct EsitoModuli {
   std::size_t richiesti = 0;  // prints begun and left out
   std::vector<ModuloNonStampato> nonStampati;
+  bool interrotta = false;  // the one file for all lines, which was not made
 };
 // The ministerial forms of the selected lines. Between two prints the user may interrupt the run: the files
-// made stay, and the lines from the next one on are returned as not printed. The value is always present.
+// made stay, and the lines from the next one on are returned as not printed. One file for all lines is not
+// made when it is interrupted. The value is always present.
 Result<EsitoModuli> stampaModuli(const Intorno& intorno, Compensi& compensi,
                                  const RichiestaModuli& richiesta);
 

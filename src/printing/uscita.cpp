@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/error.h"
+#include "host/print_interrupted.h"
 
 namespace cu::stampa {
 namespace {
@@ -12,6 +13,9 @@ template <class Istruzione>
 void prova(const Lancio& lancio, const Istruzione& istruzione) {
   try {
     istruzione();
+  } catch (const PrintInterrupted&) {
+    lancio.avanzamento.setPointer(kPointerDefault);
+    if (lancio.interrotta) lancio.interrotta();
   } catch (const std::exception& errore) {
     lancio.avanzamento.setPointer(kPointerDefault);
     const Error detto = asError(errore);

@@ -7,6 +7,7 @@
 
 #include "base/date.h"
 #include "data/database.h"
+#include "host/print_interrupted.h"
 #include "host/progress.h"
 #include "modello/modello.h"
 #include "reporting/canvas.h"
@@ -38,10 +39,14 @@ struct LayoutInput {
   const modello::Modello& form = modello::kModello;  // of the ministerial form
   // Forms: the further modules of each certificate where they have been read before, null for an annulment.
   const std::vector<std::unique_ptr<Rows>>* modules = nullptr;
+  bool interruptible = true;  // what has been drawn can be dropped, or be shown by itself
 
+  // Called where every page begun is complete; raises PrintInterrupted where the user wants no more of them.
   // A report of one row is itself a step of a longer work, which reports its own progress.
   void report(const char* what, std::size_t done, std::size_t total) const {
-    if (progress != nullptr && rows.size() > 1) progress->progress(what, done, total);
+    if (progress == nullptr || rows.size() <= 1) return;
+    progress->progress(what, done, total);
+    if (interruptible && progress->interrupted()) throw PrintInterrupted();
   }
 };
 

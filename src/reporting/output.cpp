@@ -42,9 +42,27 @@ void draw(Canvas& canvas, const LayoutInput& input) {
 // Called as each page begins, and may raise.
 using PageCheck = std::function<void()>;
 
-// Draws the report as a PDF for keeping; returns the texts of its pages where they are collected.
-std::vector<std::string> drawPdf(QIODevice& device, const LayoutInput& input, const std::string& creator,
-                                 bool collect, PageCheck check) {
+enum class Interrupted { Dropped, Kept };
+
+// Returns false where the user has interrupted the layout, and the pages drawn so far are kept.
+bool drawWhole(Canvas& canvas, const LayoutInput& input, Interrupted interrupted) {
+  try {
+    draw(canvas, input);
+    return true;
+  } catch (const PrintInterrupted&) {
+    if (interrupted == Interrupted::Dropped || canvas.pages() == 0) throw;
+    return false;
+  }
+}
+
+struct DrawnPdf {
+  std::vector<std::string> texts;  // of its pages, where they are collected
+  bool whole = true;
+};
+
+// Draws the report as a PDF for keeping.
+DrawnPdf drawPdf(QIODevice& device, const LayoutInput& input, const std::string& creator, bool collect,
+                 Interrupted interrupted, PageCheck check) {
   ArchivalPdf archival(device, documentInfo(input, creator));
   const FixedHashOrder order;
   QPdfWriter writer(&archival);
@@ -52,10 +70,10 @@ std::vector<std::string> drawPdf(QIODevice& device, const LayoutInput& input, co
   writer.setResolution(kDotsPerInch);
   Canvas canvas(writer, isLandscape(input.definition.layout), collect);
   canvas.setPageCheck(std::move(check));
-  draw(canvas, input);
+  const bool whole = drawWhole(canvas, input, interrupted);
   canvas.end();
   archival.finish();
-  return canvas.pageTexts();
+  return {canvas.pageTexts(), whole};
 }
 
 [[noreturn]] void noTemporaryFile() {
@@ -67,7 +85,7 @@ std::vector<std::string> drawPdf(QIODevice& device, const LayoutInput& input, co
 QByteArray pdfOf(const LayoutInput& input, const std::string& creator) {
   QBuffer buffer;
   buffer.open(QIODevice::WriteOnly);
-  drawPdf(buffer, input, creator, false, nullptr);
+  drawPdf(buffer, input, creator, false, Interrupted::Dropped, nullptr);
   return buffer.data();
 }
 
@@ -76,7 +94,7 @@ void writePdf(FileSystem& files, const std::string& path, const LayoutInput& inp
   ensureGuiApplication();
   NewFile file(files, path);
   NewFileDevice device(file);
-  drawPdf(device, input, creator, false, [&] { device.check(); });
+  drawPdf(device, input, creator, false, Interrupted::Dropped, [&] { device.check(); });
   device.check();
   file.commit();
 }
@@ -110,7 +128,9 @@ PreviewPages::PreviewPages(const LayoutInput& input, const std::string& creator)
     if (file.error() != QFileDevice::NoError) noTemporaryFile();
   };
   preview_.title = input.definition.title;
-  preview_.pages = drawPdf(file, input, creator, true, check);
+  DrawnPdf drawn = drawPdf(file, input, creator, true, Interrupted::Kept, check);
+  preview_.pages = std::move(drawn.texts);
+  preview_.whole = drawn.whole;
   file.flush();
   check();
   preview_.file = file.fileName().toStdString();

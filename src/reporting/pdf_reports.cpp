@@ -45,15 +45,25 @@ class Engine final : public ReportEngine {
 
   void preview() override {
     std::unique_ptr<PreviewPages> pages;
-    withRows([&](const LayoutInput& input) {
-      pages = std::make_unique<PreviewPages>(input, surroundings_.creator);
-    });
+    try {
+      withRows([&](const LayoutInput& input) {
+        pages = std::make_unique<PreviewPages>(input, surroundings_.creator);
+      });
+    } catch (const PrintInterrupted&) {
+      surroundings_.frontEnd.told("Anteprima interrotta prima della prima pagina.");
+      throw;
+    }
     // No database resource is held while the user reads the pages.
     surroundings_.frontEnd.preview(pages->preview());
+    if (!pages->preview().whole) surroundings_.frontEnd.told("L'anteprima è stata interrotta.");
   }
 
+  // What has been sent to a printer cannot be taken back.
   void print() override {
-    withRows([&](const LayoutInput& input) { printPages(printer_, copies_, input, surroundings_.creator); });
+    withRows([&](LayoutInput input) {
+      input.interruptible = false;
+      printPages(printer_, copies_, input, surroundings_.creator);
+    });
   }
 
   void run(std::int32_t code) override {

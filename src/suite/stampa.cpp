@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "base/text.h"
+#include "host/print_interrupted.h"
 #include "suite/support_log.h"
 
 namespace cu {
@@ -146,9 +147,11 @@ std::unique_ptr<BegunPrint> StampaSuite::begin(std::int32_t code) {
 template <class Impaginazione>
 void StampaSuite::esegui(const Impaginazione& impaginazione) {
   nota_.written = false;
+  nota_.interrupted = false;
   try {
     logged({.operation = "stampa", .object = nota_.report}, impaginazione);
-  } catch (const std::exception&) {
+  } catch (const std::exception& errore) {
+    nota_.interrupted = dynamic_cast<const PrintInterrupted*>(&errore) != nullptr;
     frontEnd_.printed(nota_);
     throw;
   }

@@ -219,6 +219,7 @@ class FrmWizard : public Form, public per_chiamanti::DiFrmWizard<FrmWizard> {
   std::optional<std::string> generaFile(const std::string& sCodFisc);
   void stampaModuli(const std::string& sCodFisc);
   void mostraInterrotta(const fornitura::EsitoModuli& esito);
+  void mostraSenzaFile();
   void sbMostraEsitoFile(const std::string& sNomeFile, const std::string& sCartella, std::int16_t nFlag);
 
   void collegaEventi();

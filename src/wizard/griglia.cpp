@@ -21,7 +21,10 @@ std::string fnEsitoRiferimenti(std::size_t righe) {
 }  // namespace
 
 void FrmWizard::collegaGriglia() {
-  descriviRighe(grdCompensi);
+  descriviRighe(grdCompensi, [this] {
+    if (globali_.gSessione == nullptr) return std::string();
+    return fnSelectConModuli(globali_.gSessione->IDAzienda(), ambiente_.utilita.toLong(KRNCboEsCont0.text()));
+  });
   grdCompensi.onKeyDown = [this](std::int16_t& KeyCode, std::int16_t& /*Shift*/) {
     if (grdCompensi.state() != 0 || KeyCode != kSpazio) return;
     invertiRiga();

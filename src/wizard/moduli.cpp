@@ -16,9 +16,18 @@ void FrmWizard::stampaModuli(const std::string& sCodFisc) {
                                               .cumulativa = optStampaTracciato[1].value()});
   accolto(esito);
   if (!esito->nonStampati.empty()) mostraInterrotta(*esito);
+  if (esito->interrotta) mostraSenzaFile();
 }
 
-// Only after an interruption by the user.
+// The two only after an interruption by the user.
+void FrmWizard::mostraSenzaFile() {
+  ambiente_.frontEnd.messageBox(
+      {"La stampa dei moduli è stata interrotta.\r\n\r\n"
+       "Il file telematico è completo. Il file con i moduli di tutti i percipienti "
+       "non è stato creato.",
+       globali_.gTitolo, BoxIcon::Information, BoxButtons::Ok, Answer::Ok});
+}
+
 void FrmWizard::mostraInterrotta(const fornitura::EsitoModuli& esito) {
   const std::size_t rimasti = esito.nonStampati.size();
   const std::string detto = "Stampa dei moduli interrotta dopo " +

@@ -1,6 +1,8 @@
 #include "wizard/righe_in_vista.h"
 
-#include "modello/regole.h"
+#include <utility>
+
+#include "base/text.h"
 
 namespace cu {
 namespace {
@@ -22,30 +24,22 @@ bool manca(std::span<const CellView> celle) {
   return inBianco(celle[0]) || celle[0].text().front() == ' ' || inBianco(celle[1]);
 }
 
-// The gross is the sum of its addends and of the further modules, unless it was corrected by itself. As
-// loaded it also contains the refunded expenses, which the editor leaves out.
-bool altriModuli(std::span<const CellView> celle) {
-  Decimal resto = celle[0].decimal();
-  for (const CellView& addendo : celle.subspan(2)) resto = resto - addendo.decimal();
-  return !resto.isZero() && resto != celle[1].decimal();
-}
-
-RowState statoAltriModuli() {
-  RowState stato{.name = "Altri moduli o lordo diverso",
-                 .meaning =
-                     "L'ammontare lordo non è la somma delle caselle della riga: comprende somme di altri "
-                     "moduli, o è stato corretto. Un modulo senza somme non soggette non si vede da qui.",
-                 .mark = RowMark::More,
-                 .fields = {std::string(modello::kLordo), "SpeseRimborsate"},
-                 .holds = altriModuli,
-                 .column = std::string(modello::kLordo)};
-  for (const std::string_view addendo : modello::kAddendiLordo) stato.fields.emplace_back(addendo);
-  return stato;
+RowState statoConModuli(std::function<std::string()> istruzione) {
+  return {.name = "Con moduli",
+          .meaning = "La certificazione ha altri moduli oltre al primo: si vedono nell'editor.",
+          .mark = RowMark::More,
+          .fields = {"IDAnagrafica", "IDCausalePagamento"},
+          .statement = std::move(istruzione)};
 }
 
 }  // namespace
 
-void descriviRighe(Grid& griglia) {
+std::string fnSelectConModuli(std::int32_t idAzienda, std::int32_t anno) {
+  return "SELECT IDAnagrafica, IDCausalePagamento FROM ModuloXContoIndividuale WHERE IDAzienda = " +
+         fromInteger(idAzienda) + " AND Anno = " + fromInteger(anno);
+}
+
+void descriviRighe(Grid& griglia, std::function<std::string()> conModuli) {
   griglia.chosenField = "Selezionato";
   griglia.subjectField = "IDAnagrafica";
   griglia.subjects = "percipienti";
@@ -71,7 +65,7 @@ void descriviRighe(Grid& griglia) {
        .fields = {"ProtocolloAnnSost", "ProgressivoAnnSost"},
        .holds = senzaRiferimento,
        .column = "ProtocolloAnnSost"},
-      statoAltriModuli(),
+      statoConModuli(std::move(conModuli)),
       {.name = "Dati mancanti",
        .meaning =
            "Manca il codice fiscale o il cognome: con la riga scelta il controllo ferma il file. Gli altri "

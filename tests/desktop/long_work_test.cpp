@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QImage>
+#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTableWidget>
@@ -12,6 +13,7 @@
 
 #include "desktop/foot.h"
 #include "desktop/pace.h"
+#include "desktop/preview_dialog.h"
 #include "desktop/screen_support.h"
 
 namespace cu::test {
@@ -95,14 +97,16 @@ TEST(LongWork, ShowsItsButtonsAsOffWithoutMovingTheFocus) {
   button.setEnabled(true);
 }
 
-// Acts once the running work can be interrupted.
+// Acts once the running work can be interrupted, and is the one named.
 class WhenInterruptible : public QObject {
  public:
-  WhenInterruptible(Screen& screen, std::function<void(QPushButton& button)> act) : act_(std::move(act)) {
+  WhenInterruptible(Screen& screen, std::function<void(QPushButton& button)> act, const QString& work = {})
+      : act_(std::move(act)) {
     auto* const timer = new QTimer(this);
-    QPushButton* const button = screen.window().foot()->interruption();
-    connect(timer, &QTimer::timeout, this, [this, timer, button] {
-      if (!button->isVisible()) return;
+    const desktop::Foot* const foot = screen.window().foot();
+    QPushButton* const button = foot->interruption();
+    connect(timer, &QTimer::timeout, this, [this, timer, foot, button, work] {
+      if (!button->isVisible() || !foot->words().startsWith(work)) return;
       timer->stop();
       act_(*button);
     });
@@ -163,6 +167,107 @@ TEST(Interruption, IsReachedByEscToo) {
       [](Screen& screen, QPushButton&) { QTest::keyClick(screen.window().windowHandle(), Qt::Key_Escape); });
   EXPECT_EQ(run.title, QStringLiteral("Moduli non stampati"));
   EXPECT_GT(run.lines, 0);
+}
+
+// What follows an interruption of the one file with all forms, during this phase.
+struct WithoutForms {
+  QString box;
+  QString words;
+  QStringList files;
+};
+WithoutForms interruptOneFile(const QString& phase) {
+  Screen screen(247, Profilo::MotoreStampa::Pdf);
+  screen.toEnd();
+  screen.click("optStampaTracciato(1)");
+  WithoutForms run;
+  const WhenInterruptible watch(
+      screen, [](QPushButton& button) { QTest::mouseClick(&button, Qt::LeftButton); }, phase);
+  screen.whenModal([&](QWidget& modal) {
+    run.box = boxText(modal);
+    pressButton(modal, "OK");
+  });
+  screen.whenModal([&](QWidget&) { screen.click("Command1"); });
+  screen.click("cmdNav(4)");
+  EXPECT_TRUE(screen.allAnswered());
+  EXPECT_FALSE(screen.window().foot()->interruption()->isVisible());
+  run.words = screen.window().foot()->words();
+  run.files = QDir(screen.documents()).entryList(QDir::Files);
+  return run;
+}
+
+TEST(Interruption, OfOneFileWithAllFormsLeavesNoneAndSaysSo) {
+  for (const char* const phase : {"Preparazione dei moduli", "Scrittura dei moduli"}) {
+    const WithoutForms run = interruptOneFile(QString::fromLatin1(phase));
+    EXPECT_TRUE(run.box.contains(QStringLiteral("Il file telematico è completo."))) << run.box.toStdString();
+    EXPECT_TRUE(run.box.contains(QStringLiteral("non è stato creato."))) << run.box.toStdString();
+    EXPECT_TRUE(run.files.contains(QStringLiteral("CUR_04123450233_2016.cur")));
+    for (const QString& file : run.files) {
+      EXPECT_FALSE(file.contains(QStringLiteral("_2016_"))) << file.toStdString() << " in " << phase;
+    }
+    EXPECT_TRUE(run.words.startsWith(QStringLiteral("Creato CUR_04123450233_2016.cur.")));
+  }
+}
+
+TEST(Interruption, NamesTheFileThatWasNotMade) {
+  const WithoutForms run = interruptOneFile(QStringLiteral("Scrittura dei moduli"));
+  EXPECT_TRUE(run.words.endsWith(
+      QStringLiteral("Stampa interrotta: CUR_04123450233_2016_05032017_1030.cur non è stato creato.")))
+      << run.words.toStdString();
+}
+
+// Starts the preview of the accounts.
+void previewAccounts(Screen& screen) {
+  screen.click("cmdNav(3)");
+  screen.click("cmdNav(4)");
+}
+
+TEST(Interruption, OfAPreviewBeforeItsFirstPageShowsNone) {
+  Screen screen(246, Profilo::MotoreStampa::Pdf);
+  const WhenInterruptible watch(screen, [](QPushButton& button) {
+    EXPECT_TRUE(button.isEnabled());
+    QTest::mouseClick(&button, Qt::LeftButton);
+  });
+  previewAccounts(screen);
+  EXPECT_TRUE(screen.top() == &screen.window());
+  EXPECT_EQ(screen.window().foot()->words(),
+            QStringLiteral("Anteprima interrotta prima della prima pagina."));
+  EXPECT_FALSE(screen.window().foot()->interruption()->isVisible());
+}
+
+TEST(Interruption, IsOfferedAlikeInAllPhasesOfAPrint) {
+  Screen screen(246, Profilo::MotoreStampa::Pdf);
+  int pages = 0;
+  bool offered = false;
+  const WhenInterruptible watch(
+      screen, [&](QPushButton& button) { offered = button.isEnabled(); },
+      QStringLiteral("Scrittura delle pagine"));
+  screen.whenModal([&](QWidget& modal) {
+    pages = dynamic_cast<desktop::PreviewDialog&>(modal).pages();
+    EXPECT_EQ(modal.findChild<QLabel*>(QStringLiteral("parziale")), nullptr);
+    modal.close();
+  });
+  previewAccounts(screen);
+  EXPECT_TRUE(screen.allAnswered());
+  EXPECT_TRUE(offered);
+  EXPECT_GT(pages, 2) << "nobody has interrupted it";
+}
+
+TEST(Interruption, EndsWithAWorkThatDoesNotAsk) {
+  Screen screen;
+  bool offered = false;
+  bool later = true;
+  screen.form().cmdOpzioni.onClick = [&] {
+    QPushButton* const button = screen.window().foot()->interruption();
+    screen.frontEnd().progress("Prova", 1, 3);
+    EXPECT_FALSE(screen.frontEnd().interrupted());
+    screen.frontEnd().progress("Prova", 2, 3);
+    offered = button->isVisible();
+    screen.frontEnd().progress("Altra prova", 1, 2);
+    later = button->isVisible();
+  };
+  screen.click("cmdOpzioni");
+  EXPECT_TRUE(offered);
+  EXPECT_FALSE(later);
 }
 
 TEST(Interruption, IsTheOnlyThingThatReceivesInputMeanwhile) {

@@ -111,6 +111,24 @@ struct Previewed {
   std::unique_ptr<desktop::PreviewDialog> dialog;
 };
 
+TEST(Preview, OfAnInterruptedLayoutSaysThatItIsNotAll) {
+  const auto noteOf = [](bool whole, QString* title) {
+    const QTemporaryDir folder;
+    Preview preview = documentIn(folder, 3);
+    preview.whole = whole;
+    const desktop::PreviewDialog dialog(nullptr, preview);
+    if (title != nullptr) *title = dialog.windowTitle();
+    const auto* const note = dialog.findChild<QLabel*>(QStringLiteral("parziale"));
+    return note == nullptr ? QString() : note->text();
+  };
+  QString title;
+  EXPECT_EQ(
+      noteOf(false, &title),
+      QStringLiteral("L'anteprima è stata interrotta: queste sono le prime 3 pagine, non tutta la stampa."));
+  EXPECT_EQ(title, QStringLiteral("Anteprima - Conto individuale (parziale)"));
+  EXPECT_EQ(noteOf(true, nullptr), QString());
+}
+
 TEST(Preview, KeysTurnThePages) {
   Previewed shown(4);
   const auto after = [&](Qt::Key key) {

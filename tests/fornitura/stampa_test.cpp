@@ -136,14 +136,31 @@ TEST_F(Print, AnInterruptionBetweenTwoFormsKeepsTheFirstAndReturnsTheOthers) {
   EXPECT_EQ(esito->nonStampati[0].codiceFiscale, righe.Get("CodiceFiscale").toText());
 }
 
-TEST_F(Print, OneFileForAllIsNotInterrupted) {
-  ASSERT_TRUE(fornitura::carica(intorno(), compensi, anno("2016")));
-  avanzamento.interrupts = [] { return true; };
+TEST_F(Print, OneFileForAllIsNotBegunWhenItsLinesAreInterrupted) {
   fornitura::RichiestaModuli richiesta = moduli();
   richiesta.cumulativa = true;
+  for (const char* const fase : {"Preparazione dei moduli", "Stampa dei moduli"}) {
+    ASSERT_TRUE(fornitura::carica(intorno(), compensi, anno("2016")));
+    avanzamento.interrupts = [this, fase] { return avanzamento.works.back() == fase; };
+    const auto esito = fornitura::stampaModuli(intorno(), compensi, richiesta);
+    EXPECT_TRUE(esito->interrotta) << fase;
+    EXPECT_THAT(factory.printing.arguments("report.outputPath"), IsEmpty());
+    EXPECT_THAT(esito->nonStampati, IsEmpty());
+  }
+}
+
+TEST_F(Print, OneFileForAllThatIsInterruptedIsReturned) {
+  ASSERT_TRUE(fornitura::carica(intorno(), compensi, anno("2016")));
+  fornitura::RichiestaModuli richiesta = moduli();
+  richiesta.cumulativa = true;
+  richiesta.stampa.guasto = [this](const std::string& testo) { guasti.push_back(testo); };
+  EXPECT_FALSE(fornitura::stampaModuli(intorno(), compensi, richiesta)->interrotta);
+  factory.printing.interrupted = "report.run";
   const auto esito = fornitura::stampaModuli(intorno(), compensi, richiesta);
-  EXPECT_THAT(factory.printing.arguments("report.outputPath"), SizeIs(1));
-  EXPECT_THAT(esito->nonStampati, IsEmpty());
+  EXPECT_TRUE(esito);
+  EXPECT_TRUE(esito->interrotta);
+  EXPECT_THAT(guasti, IsEmpty());
+  EXPECT_EQ(avanzamento.pointers.back(), kPointerDefault);
 }
 
 TEST_F(Print, TheProgressOfTheFormsCountsTheChosenLines) {

@@ -35,7 +35,8 @@ class Launch : public ::testing::Test {
                     .oReport = report,
                     .dialogo = dialogo,
                     .tipoOggetto = 246,
-                    .guasto = [this](const std::string& testo) { giornale.calls.push_back("box " + testo); }},
+                    .guasto = [this](const std::string& testo) { giornale.calls.push_back("box " + testo); },
+                    .interrotta = [this] { giornale.calls.emplace_back("interrotta"); }},
                    static_cast<Uscita>(tipo));
     chiamate = giornale.calls;
   }
@@ -92,6 +93,12 @@ TEST_P(Failure, OfTheOnlyStatementIsToldUnderTheNormalPointer) {
   esegui(GetParam().tipo);
   EXPECT_THAT(chiamate, ElementsAre(GetParam().completa, "pointer 0",
                                     std::string("box guasto di ") + GetParam().chiamata, "pointer 0"));
+}
+
+TEST_P(Failure, ThatIsAnInterruptionIsReportedWithoutABox) {
+  giornale.interrupted = GetParam().chiamata;
+  esegui(GetParam().tipo);
+  EXPECT_THAT(chiamate, ElementsAre(GetParam().completa, "pointer 0", "interrotta", "pointer 0"));
 }
 
 TEST_P(Failure, OfAPrintGivenUpIsNotTold) {

@@ -1,8 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
+#include "host/print_interrupted.h"
 #include "report_support.h"
 #include "reporting/report_error.h"
 #include "support/memory_file_system.h"
@@ -150,7 +152,7 @@ TEST(Failure, OverAFolderIsTold) {
 class MemoryPrint {
  public:
   MemoryPrint() : reports({screen, files, clock, "Quadrivio"}) { files.files["/a.pdf"] = "quella di prima"; }
-  Error refused(int code) {
+  std::unique_ptr<ReportEngine> engine() {
     auto engine = reports.create();
     engine->setSession(12, 1, 1);
     engine->setConnection(demo());
@@ -159,7 +161,10 @@ class MemoryPrint {
     engine->setReportFile(kAccounts);
     engine->setDefinition(2461);
     PrintShop::nameFile(*engine, "/a.pdf");
-    return refusalOfPrint([&] { engine->run(code); });
+    return engine;
+  }
+  Error refused(int code) {
+    return refusalOfPrint([&] { engine()->run(code); });
   }
   ScriptedFrontEnd screen;
   MemoryFileSystem files;
@@ -194,6 +199,73 @@ TEST(Failure, OfTheTwentiethWriteIsToldToo) {
   print.files.failNth(MemoryFileSystem::Operation::Write, 20, kErrorDeviceIo);
   EXPECT_EQ(print.refused(3).number(), kErrorDeviceIo);
   EXPECT_EQ(print.files.files.size(), 1U);
+}
+
+// Interrupted at each report of its progress, one after the other; false after the last.
+template <class Print>
+bool interruptedAt(std::size_t report, ScriptedFrontEnd& screen, const Print& print) {
+  screen.progresses.clear();
+  screen.interrupts = [&] { return screen.progresses.size() > report; };
+  try {
+    print();
+  } catch (const PrintInterrupted&) {
+    return true;
+  }
+  return false;
+}
+
+TEST(Interruption, AtAnyStepLeavesTheFileThatWasThereBefore) {
+  for (const int code : {0, 3}) {
+    MemoryPrint print;
+    std::size_t report = 0;
+    for (; interruptedAt(report, print.screen, [&] { print.engine()->run(code); }); ++report) {
+      EXPECT_THAT(print.files.files, ElementsAre(testing::Pair("/a.pdf", "quella di prima"))) << report;
+      EXPECT_EQ(print.files.openNow, 0);
+    }
+    EXPECT_GT(report, 3U);
+    EXPECT_THAT(print.files.files, ElementsAre(testing::Pair("/a.pdf", Not("quella di prima"))));
+  }
+}
+
+TEST(Interruption, OfAPreviewShowsThePagesThatAreComplete) {
+  MemoryPrint print;
+  print.engine()->preview();
+  ASSERT_THAT(print.screen.previews, testing::SizeIs(1));
+  const std::vector<std::string> whole = print.screen.previews.front();
+  ASSERT_GT(whole.size(), 2U);
+  EXPECT_EQ(print.screen.partialPreviews, 0);
+  EXPECT_THAT(print.screen.facts, IsEmpty());
+  print.screen.interrupts = [&] {
+    const auto& last = print.screen.progresses.back();
+    return last.what == "Scrittura delle pagine" && last.done == 2;
+  };
+  print.engine()->preview();
+  ASSERT_THAT(print.screen.previews, testing::SizeIs(2));
+  EXPECT_THAT(print.screen.previews.back(), ElementsAre(whole[0], whole[1]));
+  EXPECT_EQ(print.screen.partialPreviews, 1);
+  EXPECT_THAT(print.screen.facts, ElementsAre("L'anteprima è stata interrotta."));
+}
+
+TEST(Interruption, OfAPreviewWithoutAPageShowsNothing) {
+  MemoryPrint print;
+  print.screen.interrupts = [] { return true; };
+  EXPECT_THROW(print.engine()->preview(), PrintInterrupted);
+  EXPECT_THAT(print.screen.previews, IsEmpty());
+  EXPECT_THAT(print.screen.facts, ElementsAre("Anteprima interrotta prima della prima pagina."));
+}
+
+TEST(Interruption, OfFormsShowsThoseThatAreComplete) {
+  PrintShop shop;
+  chooseLines({{101, "A"}, {104, "A"}});
+  shop.engine(kForms, formFormula(2016))->preview();
+  shop.screen.interrupts = [&] { return shop.screen.progresses.back().done == 1; };
+  shop.engine(kForms, formFormula(2016))->preview();
+  ASSERT_THAT(shop.screen.previews, testing::SizeIs(2));
+  const auto& whole = shop.screen.previews.front();
+  const auto& part = shop.screen.previews.back();
+  ASSERT_LT(part.size(), whole.size());
+  ASSERT_GE(part.size(), 2U);
+  EXPECT_TRUE(std::equal(part.begin(), part.end(), whole.begin()));
 }
 
 TEST(Failure, OfAFullDiskLeavesWhatWasThereBefore) {

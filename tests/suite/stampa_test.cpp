@@ -83,6 +83,20 @@ TEST_F(Stampa, InTwoPartsIsReportedOnceWhereEitherPartFails) {
   }
 }
 
+TEST_F(Stampa, ThatTheUserInterruptsIsReportedAsSuch) {
+  giornale.interrupted = "report.run";
+  StampaSuite& stampa = nuova();
+  stampa.setOutputPath("/cu/a.cur");
+  EXPECT_THROW(stampa.run(3), PrintInterrupted);
+  ASSERT_THAT(schermo.prints, SizeIs(1));
+  EXPECT_TRUE(nota().interrupted);
+  EXPECT_FALSE(nota().written);
+  giornale.interrupted.clear();
+  giornale.failures = {{"report.run", Error(kErrorDeviceIo, "no")}};
+  EXPECT_THROW(stampa.run(3), Error);
+  EXPECT_FALSE(schermo.prints.at(1).interrupted) << "a failure is none";
+}
+
 TEST_F(Stampa, InTwoPartsThatIsNotFinishedIsNoPrint) {
   StampaSuite& stampa = nuova();
   stampa.setOutputPath("/cu/a.cur");

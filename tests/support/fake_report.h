@@ -10,6 +10,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "host/print_interrupted.h"
 #include "host/report.h"
 
 namespace cu::test {
@@ -19,13 +20,15 @@ namespace cu::test {
 struct PrintJournal {
   std::vector<std::string> calls;
   std::map<std::string, Error> failures;
-  bool cancelled = false;  // the printer dialog
-  std::size_t ahead = 0;   // of a run's prints
+  std::string interrupted;  // the call in which the user interrupts the print
+  bool cancelled = false;   // the printer dialog
+  std::size_t ahead = 0;    // of a run's prints
   Connection* reportConnection = nullptr;
   Connection* dialogConnection = nullptr;
 
   void call(const std::string& name, const std::string& arguments = {}) {
     calls.push_back(arguments.empty() ? name : name + " " + arguments);
+    if (name == interrupted) throw PrintInterrupted();
     const auto failure = failures.find(name);
     if (failure != failures.end()) throw Error(failure->second);
   }

@@ -47,6 +47,7 @@ class ScriptedFrontEnd : public FrontEnd {
   std::deque<std::optional<std::string>> savedFiles;
   std::vector<LogTable> logs;
   std::vector<std::vector<std::string>> previews;
+  int partialPreviews = 0;  // of them
   std::vector<std::string> popups;
   std::vector<Help> helps;
   std::vector<Opened> opened;
@@ -107,7 +108,10 @@ class ScriptedFrontEnd : public FrontEnd {
     return savedFiles.empty() ? std::nullopt : take(savedFiles);
   }
   void showLog(const LogTable& log) override { logs.push_back(log); }
-  void preview(const Preview& preview) override { previews.push_back(preview.pages); }
+  void preview(const Preview& preview) override {
+    previews.push_back(preview.pages);
+    if (!preview.whole) ++partialPreviews;
+  }
   void popup(MenuBar&, const std::string& band) override { popups.push_back(band); }
   void help(const std::string& file, int command, std::int32_t context) override {
     helps.push_back({file, command, context});

@@ -1,9 +1,10 @@
-// What a window shows of the lines, from their cells alone.
+// What a window shows of the lines beside their cells.
 
 #include "wizard/righe_in_vista.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 
 #include "controls/form.h"
@@ -14,7 +15,9 @@ namespace {
 
 class RigheInVista : public ::testing::Test {
  protected:
-  RigheInVista() : form(frontEnd, "frm"), griglia(form, "grd", nullptr) { descriviRighe(griglia); }
+  RigheInVista() : form(frontEnd, "frm"), griglia(form, "grd", nullptr) {
+    descriviRighe(griglia, [] { return fnSelectConModuli(3, 2016); });
+  }
 
   // Whether a line with these cells, and null ones beside them, is in the state.
   bool in(const char* nome, const std::map<std::string, Value>& riga) {
@@ -54,20 +57,15 @@ TEST_F(RigheInVista, SenzaProtocolloMancaUnoDeiDue) {
       in("Senza protocollo", {{"ProtocolloAnnSost", Value::ofText("  ")}, {"ProgressivoAnnSost", testo}}));
 }
 
-TEST_F(RigheInVista, AltriModuliQuandoIlLordoNonELaSommaDellaRiga) {
-  EXPECT_FALSE(
-      in("Altri moduli o lordo diverso", {{"AmmontareLordo", euro(100)}, {"Imponibile", euro(100)}}));
-  EXPECT_TRUE(in("Altri moduli o lordo diverso", {{"AmmontareLordo", euro(150)}, {"Imponibile", euro(100)}}));
-  // The refunded expenses are in the gross as loaded, and no longer after a correction.
-  EXPECT_FALSE(in("Altri moduli o lordo diverso",
-                  {{"AmmontareLordo", euro(130)}, {"Imponibile", euro(100)}, {"SpeseRimborsate", euro(30)}}));
-  EXPECT_FALSE(in("Altri moduli o lordo diverso",
-                  {{"AmmontareLordo", euro(100)}, {"Imponibile", euro(100)}, {"SpeseRimborsate", euro(30)}}));
-  EXPECT_FALSE(in("Altri moduli o lordo diverso", {{"AmmontareLordo", euro(10)},
-                                                   {"SommeRegimeConvenzionale", euro(1)},
-                                                   {"SommeNonSoggetteARitenuta", euro(2)},
-                                                   {"Imponibile", euro(3)},
-                                                   {"QuotaProvvigioniNonSoggette", euro(4)}}));
+TEST_F(RigheInVista, ConModuliSonoLeRigheDiCuiEsistonoModuli) {
+  const auto stato = std::find_if(griglia.states.begin(), griglia.states.end(),
+                                  [](const RowState& ogni) { return ogni.name == "Con moduli"; });
+  ASSERT_NE(stato, griglia.states.end());
+  EXPECT_EQ(stato->holds, nullptr) << "no cell of a line tells it";
+  EXPECT_EQ(stato->statement(),
+            "SELECT IDAnagrafica, IDCausalePagamento FROM ModuloXContoIndividuale WHERE IDAzienda = 3 AND "
+            "Anno = 2016");
+  EXPECT_EQ(stato->fields, (std::vector<std::string>{"IDAnagrafica", "IDCausalePagamento"}));
 }
 
 TEST_F(RigheInVista, DatiMancantiDiCodiceFiscaleECognome) {

@@ -2,7 +2,6 @@
 
 #include "apps/comune/connessioni.h"
 #include "data/recordset.h"
-#include "odbc/odbc_connection.h"
 #include "worklist/elenchi.h"
 
 namespace cu {
@@ -23,11 +22,6 @@ FurtherColumns::Texts leggi(Connection& connessione, const std::string& filtro, 
     suoi.push_back(righe.Get(2).toText());
   }
   return testi;
-}
-
-bool chiedePassword(const Profilo::Database& database) {
-  return database.motore == Profilo::Motore::Odbc && database.variabilePassword.empty() &&
-         OdbcConnection::wantsPassword(database.origine);
 }
 
 }  // namespace

@@ -103,6 +103,11 @@ void chiediPassword(Profilo::Database& database) {
   database.password = passwordDi(database);
 }
 
+bool chiedePassword(const Profilo::Database& database) {
+  return database.motore == Profilo::Motore::Odbc && !database.password &&
+         database.variabilePassword.empty() && OdbcConnection::wantsPassword(database.origine);
+}
+
 void ricordaDatabase(const Profilo::Database& database) {
   if (database.motore == Profilo::Motore::Sqlite) rememberOwnDatabase(database.origine);
 }

@@ -24,6 +24,10 @@ std::optional<Profilo::Database> databaseIndicato(const OpzioniDatabase& opzioni
 // does.
 void chiediPassword(Profilo::Database& database);
 
+// Whether a connection would ask for the password where there is a terminal. What reads beside the forms does
+// without such a database: nobody expects the question there.
+bool chiedePassword(const Profilo::Database& database);
+
 // Tells of a database that is going to be used: from now on no file of an embedded one is opened as another
 // file.
 void ricordaDatabase(const Profilo::Database& database);
