@@ -105,15 +105,20 @@ int finoAgliStrumenti() {
   return QApplication::exec();
 }
 
-// A file that was just written is read again and kept on record. One with errors is shown.
+// A file that was just written is read again and kept on record. One with errors is shown, any other is
+// offered.
 void controllaFile(const FileCreato& file, Connection& connessione, const Profilo& profilo,
-                   FrontEnd& schermo) {
+                   desktop::QtFrontEnd& schermo) {
   const DopoScrittura dopo = dopoScrittura(
       connessione, *orologio(profilo),
       {file.percorso, file.tipo, file.anno, profilo.sessione.azienda, &schermo, modelloDi(profilo)});
   if (!dopo.guasto.empty()) schermo.told("Il file non si è potuto controllare: " + dopo.guasto);
   if (dopo.guasto.empty()) schermo.told("Controllo: " + dettoConteggio(dopo.rilievi) + ".");
-  if (dopo.rilievi.errori() > 0) strumenti::apriFile(QString::fromStdString(file.percorso), profilo);
+  const QString percorso = QString::fromStdString(file.percorso);
+  const bool rilievi = dopo.rilievi.errori() + dopo.rilievi.avvisi() > 0;
+  schermo.offer({rilievi ? QStringLiteral("Vedi i rilievi") : QStringLiteral("Vedi il file telematico"),
+                 percorso, [percorso, profilo] { strumenti::apriFile(percorso, profilo); }});
+  if (dopo.rilievi.errori() > 0) strumenti::apriFile(percorso, profilo);
 }
 
 // Of a start without a profile the year is kept for the start window.

@@ -65,6 +65,7 @@ Foot::Foot(QWidget* parent, std::function<void(const QString&)> open)
       words_(new FootLine(this)),
       file_(link(QStringLiteral("Apri"), QStringLiteral("apriFile"))),
       folder_(link(QStringLiteral("Apri la cartella"), QStringLiteral("apriCartella"))),
+      offered_(link({}, QStringLiteral("apriOfferta"))),
       bar_(new QProgressBar(this)),
       interruption_(new QPushButton(QStringLiteral("Interro&mpi"), this)) {
   auto* row = new QHBoxLayout(this);
@@ -72,9 +73,17 @@ Foot::Foot(QWidget* parent, std::function<void(const QString&)> open)
   row->addWidget(words_);
   row->addWidget(file_);
   row->addWidget(folder_);
+  row->addWidget(offered_);
   row->addStretch(1);
   row->addWidget(bar_);
   row->addWidget(interruption_);
+  connect(file_, &QToolButton::clicked, this, [this] { open_(file_->property("path").toString()); });
+  connect(folder_, &QToolButton::clicked, this, [this] { open_(folder_->property("path").toString()); });
+  connect(offered_, &QToolButton::clicked, this, [this] {
+    // What it opens can report a fact, which replaces the offer.
+    const std::function<void()> run = further_;
+    if (run) run();
+  });
   words_->setMinimumHeight(
       file_->sizeHint().height());  // the links appear and disappear without moving anything
   words_->setTextFormat(Qt::PlainText);
@@ -108,7 +117,6 @@ QToolButton* Foot::link(const QString& caption, const QString& name) {
   underlined.setUnderline(true);
   made->setFont(underlined);
   look::inkAsLink(*made);
-  connect(made, &QToolButton::clicked, this, [this, made] { open_(made->property("path").toString()); });
   return made;
 }
 
@@ -116,6 +124,13 @@ void Foot::offer(QToolButton& link, const QString& path) {
   link.setProperty("path", path);
   link.setToolTip(dataTip(path));
   link.setVisible(!path.isEmpty());
+}
+
+void Foot::offerFurther(const Offer& offer) {
+  further_ = offer.run;
+  offered_->setText(offer.caption);
+  offered_->setToolTip(dataTip(offer.about));
+  offered_->setVisible(!offer.caption.isEmpty());
 }
 
 QString Foot::words() const { return static_cast<const FootLine*>(words_)->whole(); }
@@ -133,6 +148,7 @@ void Foot::tell(const QString& what, std::size_t done, std::size_t total, const 
   static_cast<FootLine*>(words_)->setWhole(words);
   offer(*file_, {});
   offer(*folder_, {});
+  offerFurther({});
   bar_->setVisible(true);
 }
 
@@ -140,6 +156,7 @@ void Foot::rest(const Status& status) {
   static_cast<FootLine*>(words_)->setWhole(status.words());
   offer(*file_, status.file());
   offer(*folder_, status.folder());
+  offerFurther(status.offered());
   bar_->setRange(0, 100);
   bar_->reset();
   bar_->setVisible(false);

@@ -10,6 +10,7 @@
 namespace cu::desktop {
 
 class Status;
+struct Offer;
 
 // The foot of the main window: the running operation and its progress, otherwise the result of the last one.
 class Foot : public QWidget {
@@ -26,11 +27,14 @@ class Foot : public QWidget {
  private:
   QToolButton* link(const QString& caption, const QString& name);
   void offer(QToolButton& link, const QString& path);
+  void offerFurther(const Offer& offer);
 
   std::function<void(const QString&)> open_;
+  std::function<void()> further_;  // what the last link runs
   QLabel* words_;
   QToolButton* file_;
   QToolButton* folder_;
+  QToolButton* offered_;
   QProgressBar* bar_;
   QPushButton* interruption_;
 };

@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QUrl>
 #include <algorithm>
+#include <utility>
 
 #include "controls/form.h"
 #include "controls/grid.h"
@@ -340,6 +341,8 @@ void QtFrontEnd::toldAnew(const std::string& fact) {
   status_.begin();
   toldAfter(fact);
 }
+
+void QtFrontEnd::offer(Offer offer) { status_.offer(std::move(offer)); }
 
 void QtFrontEnd::forgetFacts() {
   status_.begin();

@@ -97,6 +97,8 @@ class QtFrontEnd : public FrontEnd {
   void toldAfter(const std::string& fact);
   // The same, of something that the user has just done: in place of all earlier facts.
   void toldAnew(const std::string& fact);
+  // What the status line offers to open after the running event, until its facts are replaced.
+  void offer(Offer offer);
   void forgetFacts();
   void missing(Control& control) override { missing_ = &control; }
   // Shows a file that was made, or a folder.

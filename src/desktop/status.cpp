@@ -1,6 +1,7 @@
 #include "desktop/status.h"
 
 #include <QFileInfo>
+#include <utility>
 
 #include "desktop/text.h"
 
@@ -19,12 +20,19 @@ void Status::forget() {
   files_.clear();
   asked_ = 0;
   printer_.clear();
+  offer_ = {};
 }
 
 void Status::tell(const QString& fact) {
   forget();
   ++told_;
   facts_ += fact;
+}
+
+void Status::offer(Offer offer) {
+  forget();
+  ++told_;
+  offer_ = std::move(offer);
 }
 
 void Status::print(const PrintNote& note) {

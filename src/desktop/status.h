@@ -3,10 +3,18 @@
 #include <QSet>
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 #include "controls/frontend.h"
 
 namespace cu::desktop {
+
+// What the user can open after an event, beside the files that it printed.
+struct Offer {
+  QString caption;  // empty for none
+  QString about;    // the tooltip
+  std::function<void()> run;
+};
 
 // The status text while no work is running: the facts of the last event that reported some or did long work,
 // and the files made by it.
@@ -17,6 +25,7 @@ class Status {
   void work() { forget(); }
   void tell(const QString& fact);
   void print(const PrintNote& note);
+  void offer(Offer offer);  // with the facts of the event; replaces an earlier one
 
   // A nested event, of a window opened by this one, must not remove its facts.
   bool begun() const { return begun_; }
@@ -26,6 +35,7 @@ class Status {
   QString words() const;   // "Pronto" where there is nothing to report
   QString file() const;    // the file, where exactly one was made
   QString folder() const;  // the folder of the files made; each of the two may be empty
+  const Offer& offered() const { return offer_; }
 
  private:
   void forget();
@@ -38,6 +48,7 @@ class Status {
   int asked_ = 0;  // number of files to make
   QString printer_;
   int copies_ = 0;
+  Offer offer_;
 };
 
 }  // namespace cu::desktop

@@ -146,6 +146,26 @@ TEST(StatusLine, AFormIsShownByTheWindowItselfWhateverItsNameEndsWith) {
   EXPECT_TRUE(opener.opened.isEmpty());
 }
 
+TEST(StatusLine, OffersWhatTheEventLeftUntilItsFactsAreReplaced) {
+  Screen screen;
+  screen.toGrid();
+  EXPECT_EQ(link(screen, "apriOfferta"), nullptr);
+  int opened = 0;
+  screen.frontEnd().offer({QStringLiteral("Vedi i rilievi"), QStringLiteral("/a/b.cur"), [&] { ++opened; }});
+  screen.frontEnd().toldAfter("Controllo: nessun errore, 8 avvisi.");
+  QToolButton* const offered = link(screen, "apriOfferta");
+  ASSERT_NE(offered, nullptr);
+  EXPECT_EQ(offered->text(), QStringLiteral("Vedi i rilievi"));
+  EXPECT_TRUE(offered->toolTip().contains(QStringLiteral("b.cur"))) << offered->toolTip().toStdString();
+  QTest::mouseClick(offered, Qt::LeftButton);
+  offered->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(offered, Qt::Key_Return);
+  EXPECT_EQ(opened, 2);
+  screen.frontEnd().toldAnew("Altro.");
+  EXPECT_EQ(words(screen), "Altro.");
+  EXPECT_EQ(link(screen, "apriOfferta"), nullptr);
+}
+
 TEST(StatusLine, AFactStaysUntilTheNextWork) {
   Screen screen;
   screen.toGrid();
