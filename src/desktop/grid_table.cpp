@@ -23,12 +23,24 @@ GridTable::GridTable(GridView& view, QWidget* parent) : QTableView(parent), view
 void GridTable::shareModel() { frozen_->share(); }
 
 void GridTable::mayShrink() {
-  constexpr int kHeaderLines = 2;
+  shrinks_ = true;
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  fitLetters();
+}
+
+void GridTable::fitLetters() {
+  if (!shrinks_) return;
+  constexpr int kHeaderLines = 3;
   constexpr int kRows = 3;
   constexpr int kBorders = 16;
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   setMinimumHeight(kHeaderLines * fontMetrics().height() + kRows * verticalHeader()->defaultSectionSize() +
                    horizontalScrollBar()->sizeHint().height() + kBorders);
+}
+
+// The least height, and not none: a page that is scrolled is as high as the hints of what it holds.
+QSize GridTable::sizeHint() const {
+  const QSize hint = QTableView::sizeHint();
+  return shrinks_ ? QSize(hint.width(), minimumHeight()) : hint;
 }
 
 void GridTable::updateGeometries() {

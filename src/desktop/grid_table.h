@@ -22,7 +22,9 @@ class GridTable : public QTableView {
 
   // On a page that scrolls: the table takes the height that there is, and at least that of a few rows.
   void mayShrink();
+  void fitLetters();
 
+  QSize sizeHint() const override;
   QModelIndex indexAt(const QPoint& at) const override;
   QRect visualRect(const QModelIndex& index) const override;
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
@@ -48,6 +50,7 @@ class GridTable : public QTableView {
   FrozenColumns* frozen_ = nullptr;
   QPersistentModelIndex pressed_;
   bool setting_ = false;
+  bool shrinks_ = false;
 };
 
 }  // namespace cu::desktop

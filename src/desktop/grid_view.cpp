@@ -71,6 +71,7 @@ void GridView::fitLetters() {
   for (QHeaderView* each : {table_->verticalHeader(), table_->frozen().verticalHeader()}) {
     each->setDefaultSectionSize(table_->fontMetrics().height() + 8);
   }
+  table_->fitLetters();
   if (!live() || placed_.isEmpty()) return;
   placed_.clear();
   placeColumns();

@@ -307,6 +307,20 @@ TEST_P(LookMenu, LargeLettersHaveRoomInAnOpenGrid) {
   }
 }
 
+TEST_P(LookMenu, LargeLettersLeaveRowsAboveTheTotalsOfALowGrid) {
+  Screen screen;
+  screen.toGrid();
+  auto& table = static_cast<desktop::GridView&>(*screen.window().view(screen.form().grdCompensi)).table();
+  const auto* const totals = screen.find<QWidget>("totali");
+  for (const int letters : {desktop::look::kNormalLetters, 160, desktop::look::kLargestLetters}) {
+    desktop::look::setLetters(letters);
+    screen.top()->resize(1024, 560);
+    settle();
+    EXPECT_GE(totals->y(), table.geometry().bottom()) << letters;
+    EXPECT_GE(table.viewport()->height(), 2 * table.rowHeight(0)) << letters;
+  }
+}
+
 TEST_P(LookMenu, IsInTheMenuBarOfTheWizard) {
   Screen screen;
   QStringList titles;
