@@ -19,7 +19,7 @@ struct Colonna {
   bool aDestra = false;
   std::function<QVariant(std::size_t riga)> ordine = {};  // the text where it is empty
   Testo detto = {};                                       // for a screen reader; the text where it is empty
-  int massima = 240;                                      // of its first width
+  int massima = 240;                                      // of its first width, in normal letters
   // Of the last column: it is as wide as its longest text, and scrolled to, where it does not fit.
   bool intera = false;
   // What a person writes into a cell, and where the editor begins; a column without is only read.

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/look.h"
 #include "desktop/table_style.h"
 
 namespace cu::strumenti {
@@ -238,7 +239,9 @@ void Tabella::larghezze() {
 // Those of the first rows.
 void Tabella::larghezzePrime() {
   for (int i = 0; i < modello_->columnCount(); ++i) {
-    setColumnWidth(i, std::min(larghezzaDi(i), modello_->colonne()[static_cast<std::size_t>(i)].massima));
+    const int massima = modello_->colonne()[static_cast<std::size_t>(i)].massima * desktop::look::letters() /
+                        desktop::look::kNormalLetters;
+    setColumnWidth(i, std::min(larghezzaDi(i), massima));
   }
   const int quale = modello_->columnCount() - 1;
   constexpr int kMassimaUltima = 1200;
