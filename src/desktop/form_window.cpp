@@ -327,6 +327,8 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
       break;
     }
     case QEvent::KeyPress: {
+      // A key that a control has not taken passes the page around it, where it was seen already.
+      if (byWidget_.find(watched) == byWidget_.end() && !isExtra(watched)) break;
       auto* const pressed = static_cast<QKeyEvent*>(event);
       const std::int16_t code = formKey(*pressed).code;
       const bool own = isExtra(watched) && (code == 13 || code == 27);
