@@ -1,6 +1,7 @@
 #include "sqlite/page_copy.h"
 
 #include <array>
+#include <cerrno>
 #include <chrono>
 #include <exception>
 #include <filesystem>
@@ -38,8 +39,17 @@ using RowCounts = std::map<std::string, std::uint64_t>;
   throw DatabaseError(told.kind(), code, "", "Il file «" + name + "» non si può leggere: " + told.what());
 }
 
+// The engine reports as a general failure what the system has not written for a limit of the process or a
+// quota; during a backup it keeps the system's code with the file alone.
+bool cannotGrow(sqlite3* target) {
+  int system = 0;
+  if (sqlite3_file_control(target, "main", SQLITE_FCNTL_LAST_ERRNO, &system) != SQLITE_OK) return false;
+  return system == ENOSPC || system == EDQUOT || system == EFBIG;
+}
+
 [[noreturn]] void targetFails(sqlite3* target, int code, const std::string& place) {
-  if (codeOf(target) == SQLITE_FULL) code = SQLITE_FULL;
+  if (codeOf(target) == SQLITE_FULL || ((code & 0xFF) == SQLITE_IOERR && cannotGrow(target)))
+    code = SQLITE_FULL;
   if ((code & 0xFF) == SQLITE_FULL) {
     throw DatabaseError(
         DatabaseErrorKind::Full, code, "",
@@ -233,6 +243,11 @@ DatabaseHandle openToCopy(const std::string& file) {
   constexpr int kPatienceForWriter = 5000;  // milliseconds
   sqlite3_busy_timeout(handle.get(), kPatienceForWriter);
   return handle;
+}
+
+void requireDatabase(const std::string& file) {
+  const DatabaseHandle handle = openToCopy(file);
+  const Snapshot readable(handle.get(), file);
 }
 
 DatabaseCopy copyPages(sqlite3* source, const std::string& sourceName, const std::string& target,

@@ -16,4 +16,7 @@ DatabaseHandle openToCopy(const std::string& file);
 DatabaseCopy copyPages(sqlite3* source, const std::string& sourceName, const std::string& target,
                        const std::string& place, const CopyObserver& observer);
 
+// Raises DatabaseError where openToCopy does, and where the file is no database.
+void requireDatabase(const std::string& file);
+
 }  // namespace cu::sqlite

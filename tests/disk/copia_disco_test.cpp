@@ -49,7 +49,7 @@ ConPosto postoNeiFile() {
             const LimiteFile limite((kApertura + pagine) * kPagina);
             lavoro();
           },
-          [](const std::string& errori) { return errori.find("non si può scrivere") != std::string::npos; }};
+          diSpazio};
 }
 
 // Runs a command with more and more room, until it succeeds; returns how often it had none.
