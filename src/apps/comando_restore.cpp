@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "comandi.h"
 #include "interruzione.h"
+#include "sqlite/database_copy.h"
 #include "sqlite/own_files.h"
 #include "suite/orologio.h"
 
@@ -36,6 +37,14 @@ int comandoRestore(const OpzioniRestore& opzioni) {
   if (incorporato && belongsToDatabase(opzioni.file, database->origine)) {
     std::cerr << opzioni.file << " è il database stesso: serve una sua copia\n";
     return kUsoSbagliato;
+  }
+  if (incorporato) {
+    try {
+      requireCopy(opzioni.file);
+    } catch (const DatabaseError& rifiuto) {
+      std::cerr << rifiuto.what() << '\n';
+      return kRifiutato;
+    }
   }
   const std::string& origine = database->origine;
   const std::string tenuto = nomeTenuto(origine, OrologioSistema());

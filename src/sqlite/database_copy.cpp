@@ -67,6 +67,8 @@ DatabaseCopy backUpDatabase(const std::string& database, const std::string& file
   return copy;
 }
 
+void requireCopy(const std::string& copy) { sqlite::requireDatabase(copy); }
+
 bool restoreDatabase(const std::string& copy, const std::string& database, const std::string& kept,
                      const std::function<void(const std::string& file)>& accept,
                      const CopyObserver& observer) {

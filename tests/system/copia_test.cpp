@@ -110,6 +110,10 @@ TEST_F(Copia, WhatIsNotACopyOfThisProgramIsRefused) {
   posto_.cartella().write("lettera.txt", std::string(4096, 'x'));
   EXPECT_THAT(restore({file("lettera.txt"), "--yes"}).errori, HasSubstr("non è un database."));
   EXPECT_THAT(restore({file("manca.db"), "--yes"}).errori, HasSubstr("non esiste."));
+  for (const char* nome : {"manca.db", "lettera.txt"}) {
+    EXPECT_EQ(restore({file(nome)}).errori.find("--yes"), std::string::npos)
+        << "nothing to ask about " << nome;
+  }
   posto_.cartella().write("vuoto.db", "");
   EXPECT_THAT(restore({file("vuoto.db"), "--yes"}).errori, HasSubstr("non di questo programma"));
   EXPECT_EQ(backup({file("copia.db")}).codice, 0);
