@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "apps/comune/connessioni.h"
+#include "apps/comune/tavola.h"
 #include "base/ascii.h"
 #include "base/text.h"
 #include "data/database.h"
@@ -190,7 +191,7 @@ Profilo profiloPer(const Profilo& profilo, const std::vector<DatabaseScelto>& da
 std::string dettaAzienda(const std::vector<DatabaseScelto>& database, const AziendaScelta& scelta) {
   const std::string codice(trim(scelta.azienda.codiceFiscale));
   const std::string prima = database.size() > 1 ? database[scelta.database].nome + ", " : std::string();
-  return prima + scelta.azienda.nome + " (" + (codice.empty() ? "senza codice fiscale" : codice) +
+  return prima + suUnaRiga(scelta.azienda.nome) + " (" + (codice.empty() ? "senza codice fiscale" : codice) +
          ", azienda " + fromInteger(scelta.azienda.azienda) + ")";
 }
 

@@ -10,4 +10,7 @@ namespace cu {
 // heading.
 void stampaTavola(const std::vector<std::vector<std::string>>& tavola, std::ostream& uscita);
 
+// A text whose control characters, line breaks above all, are blanks: of a name that is shown within a line.
+std::string suUnaRiga(std::string testo);
+
 }  // namespace cu

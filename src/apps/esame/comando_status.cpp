@@ -7,6 +7,7 @@
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/modello_del_profilo.h"
 #include "apps/comune/registro_programma.h"
+#include "apps/comune/tavola.h"
 #include "apps/comune/terminale.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/json_confronto.h"
@@ -36,7 +37,7 @@ nlohmann::ordered_json json(const VoceStato& voce) {
 }
 
 void scrivi(const VoceStato& voce) {
-  std::cout << voce.nome << " (" << voce.percipiente << "), causale " << voce.causale << ": "
+  std::cout << suUnaRiga(voce.nome) << " (" << voce.percipiente << "), causale " << voce.causale << ": "
             << (voce.stato.empty() ? "mai scritta" : voce.stato);
   if (!voce.motivo.empty()) std::cout << " (" << voce.motivo << ")";
   std::cout << ", operazione " << riscontro::nome(voce.operazione) << '\n';
