@@ -29,6 +29,14 @@ constexpr int kPortaMassima = 65535;
 
 std::string scrittoIn(const QLineEdit& casella) { return casella.text().trimmed().toStdString(); }
 
+// Here the server is typed, and no profile has it.
+QString senzaProfilo(QString testo) {
+  const QString profilo = QStringLiteral("Verificare l'indirizzo nel profilo e la rete");
+  const QString qui = QStringLiteral("Verificare il nome del server, scritto qui sopra, e la rete");
+  testo.replace(profilo + QStringLiteral(", o aumentare login_timeout"), qui);
+  return testo.replace(profilo, qui);
+}
+
 // Runs the work in a thread of its own while the window is drawn; its exception rises here.
 void attendi(const std::function<void()>& lavoro) {
   std::exception_ptr errore;
@@ -183,7 +191,7 @@ void DialogoServer::collega() {
   try {
     attendi([&] { aziende_ = aziendeDi(nuovo.database()); });
   } catch (const std::exception& quale) {
-    errore = desktop::lines(quale.what());
+    errore = senzaProfilo(desktop::lines(quale.what()));
     dimenticaPassword(origine);
   }
   QApplication::restoreOverrideCursor();

@@ -165,6 +165,7 @@ void FinestraAvvio::leggiAziende() {
 
 void FinestraAvvio::mostraAziende(bool aperto) {
   casellaDatabase_->setText(nomeDatabase());
+  dettaProva();
   dimostrativo_->setEnabled(!database_.isEmpty() || staAlServer());
   avviso_->clear();
   avviso_->setToolTip({});

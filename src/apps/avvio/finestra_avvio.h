@@ -34,6 +34,7 @@ class FinestraAvvio : public QDialog {
 
  private:
   void componiInizio(QVBoxLayout& colonna);
+  void dettaProva();
   void componiModi(QVBoxLayout& colonna, std::int32_t scelta);
   void componiModulo(QVBoxLayout& colonna, const SceltaAvvio& scelta);
   void componiPulsanti(QVBoxLayout& colonna);
@@ -85,6 +86,7 @@ class FinestraAvvio : public QDialog {
   QButtonGroup* funzioni_;
   QLineEdit* documenti_;
   QLabel* avviso_;
+  QLabel* prova_ = nullptr;  // of the first start alone
   QPushButton* avvia_;
   QPushButton* strumenti_;
   QPushButton* datiPropri_;

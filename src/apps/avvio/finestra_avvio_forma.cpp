@@ -53,21 +53,30 @@ void FinestraAvvio::componiInizio(QVBoxLayout& colonna) {
     spiega->setWordWrap(true);
     const int quale = righe->rowCount();
     righe->addWidget(spiega, quale, 0, 1, pulsante == nullptr ? 2 : 1);
-    if (pulsante == nullptr) return;
+    if (pulsante == nullptr) return spiega;
     auto* const fatto = new QPushButton(QString::fromUtf8(pulsante), inizio);
     fatto->setAutoDefault(false);
     righe->addWidget(fatto, quale, 1);
     connect(fatto, &QPushButton::clicked, this, fai);
+    return spiega;
   };
-  riga(
-      "Per provare: sotto è già scelto un database dimostrativo, con un'azienda inventata. Basta premere "
-      "«Avvia».",
-      nullptr, [] {});
+  prova_ = riga("", nullptr, [] {});
+  dettaProva();
   riga("Per tenere qui i propri dati: aziende, percipienti e compensi, scritti a mano o importati.",
        "Nuovo arc&hivio…", [this] { nuovoArchivio(); });
   riga("Con i dati della suite contabile: il suo database, su un server.", "Collega server...",
        [this] { scegliServer(server_); });
   colonna.addWidget(inizio);
+}
+
+void FinestraAvvio::dettaProva() {
+  if (prova_ == nullptr) return;
+  prova_->setText(
+      database_.isEmpty() && !staAlServer()
+          ? QStringLiteral("Per provare: sotto è già scelto un database dimostrativo, con "
+                           "un'azienda inventata. Basta premere «Avvia».")
+          : QStringLiteral("Per provare: «Dimostrativo», qui sotto, riprende il database di prova, "
+                           "con un'azienda inventata."));
 }
 
 void FinestraAvvio::componiModi(QVBoxLayout& colonna, std::int32_t scelta) {
