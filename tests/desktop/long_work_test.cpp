@@ -9,7 +9,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
-#include <QTimer>
+#include <utility>
 
 #include "desktop/foot.h"
 #include "desktop/pace.h"
@@ -97,24 +97,30 @@ TEST(LongWork, ShowsItsButtonsAsOffWithoutMovingTheFocus) {
   button.setEnabled(true);
 }
 
-// Acts once the running work can be interrupted, and is the one named.
+// Acts once the running work can be interrupted, and is the one named: when the window is about to be painted
+// with that, in the work's own pauses. A timer might not be due in any of them.
 class WhenInterruptible : public QObject {
  public:
-  WhenInterruptible(Screen& screen, std::function<void(QPushButton& button)> act, const QString& work = {})
-      : act_(std::move(act)) {
-    auto* const timer = new QTimer(this);
-    const desktop::Foot* const foot = screen.window().foot();
-    QPushButton* const button = foot->interruption();
-    connect(timer, &QTimer::timeout, this, [this, timer, foot, button, work] {
-      if (!button->isVisible() || !foot->words().startsWith(work)) return;
-      timer->stop();
-      act_(*button);
-    });
-    timer->start(1);
+  WhenInterruptible(Screen& screen, std::function<void(QPushButton& button)> act, QString work = {})
+      : window_(screen.window()),
+        foot_(*screen.window().foot()),
+        act_(std::move(act)),
+        work_(std::move(work)) {
+    window_.installEventFilter(this);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool now = event->type() == QEvent::UpdateRequest && foot_.interruption()->isVisible() &&
+                     foot_.words().startsWith(work_);
+    if (now && !std::exchange(acted_, true)) act_(*foot_.interruption());
+    return QObject::eventFilter(watched, event);
   }
 
  private:
+  desktop::FormWindow& window_;
+  const desktop::Foot& foot_;
   std::function<void(QPushButton&)> act_;
+  QString work_;
+  bool acted_ = false;
 };
 
 struct InterruptedRun {
