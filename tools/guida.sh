@@ -217,6 +217,21 @@ press alt+r
 sleep 2
 front
 picture stato_invii
+
+# The board of an office with several companies.
+stop
+rm "$XDG_DATA_HOME/cuwizard/cuwizard/dimostrativo.db"*
+build/bin/cuctl create --database "sqlite:$XDG_DATA_HOME/cuwizard/cuwizard/dimostrativo.db" --companies 12 --payees 6 \
+  --years 2016-2017 >/dev/null
+start
+press alt+r q
+sleep 2
+front
+press alt+e
+picture quadro
+stop
+rm "$XDG_DATA_HOME/cuwizard/cuwizard/dimostrativo.db"*
+cp "$work/demo.db" "$XDG_DATA_HOME/cuwizard/cuwizard/dimostrativo.db"
 # The forms for own data, each opened by its row.
 stop
 start

@@ -92,7 +92,7 @@ bool FiltroTabella::filterAcceptsRow(int riga, const QModelIndex&) const {
 
 // A screen reader hears the order, which the window draws.
 QVariant FiltroTabella::headerData(int section, Qt::Orientation orientation, int role) const {
-  const QVariant dato = QSortFilterProxyModel::headerData(section, orientation, role);
+  QVariant dato = QSortFilterProxyModel::headerData(section, orientation, role);
   if (orientation != Qt::Horizontal || role != Qt::AccessibleTextRole || section != sortColumn()) return dato;
   const QString titolo = QSortFilterProxyModel::headerData(section, orientation, Qt::DisplayRole).toString();
   return titolo + (sortOrder() == Qt::DescendingOrder ? QStringLiteral(", in ordine decrescente")
