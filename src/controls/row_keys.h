@@ -12,7 +12,7 @@ namespace cu {
 struct RowKey {
   std::int64_t first = 0;
   std::int64_t second = 0;
-  auto operator<=>(const RowKey&) const = default;
+  auto operator<=>(const RowKey&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 using RowKeys = std::vector<RowKey>;  // ascending, each once
 
