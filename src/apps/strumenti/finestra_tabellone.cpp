@@ -9,12 +9,14 @@
 #include <set>
 
 #include "apps/comune/modello_del_profilo.h"
-#include "apps/strumenti/esportazione.h"
 #include "apps/strumenti/finestra_stato.h"
 #include "apps/strumenti/frase.h"
 #include "apps/strumenti/ricerca.h"
 #include "apps/strumenti/tabella_vista.h"
+#include "base/error.h"
 #include "desktop/file_dialog.h"
+#include "desktop/grid_export.h"
+#include "desktop/table_export.h"
 #include "suite/orologio.h"
 
 namespace cu::strumenti {
@@ -148,7 +150,9 @@ void FinestraTabellone::componiTabella() {
        numero("accettate", "Accettate", [](const VoceTabellone& v) { return v.riga.accettate; }),
        numero("scartate", "Scartate", [](const VoceTabellone& v) { return v.riga.scartate; }),
        numero("nuove", "Da inviare", [](const VoceTabellone& v) { return v.riga.nuove(); }),
-       numero("correzioni", "Correzioni", [](const VoceTabellone& v) { return v.riga.correzioni; })},
+       numero("correzioni", "Correzioni", [](const VoceTabellone& v) { return v.riga.correzioni; }),
+       // The last column takes the space that is left.
+       {"", "", [](std::size_t) { return QString(); }}},
       this);
   tabella_->filtro().passa = [this, di](std::size_t q) {
     return voci_ != nullptr && q < voci_->size() && nellAnno(di(q)) &&
@@ -292,8 +296,11 @@ void FinestraTabellone::esporta() {
       desktop::fileToSave(this, QStringLiteral("Esporta il quadro"), QStringLiteral("aziende.csv"),
                           QStringLiteral("Tabella CSV (*.csv);;Foglio elettronico (*.xlsx)"));
   if (dove.isEmpty()) return;
-  const QString errore = scriviTabella(*tabella_->model(), dove);
-  if (!errore.isEmpty()) mostraErrore(errore);
+  try {
+    desktop::writeTable(desktop::tableAsShown(*tabella_->model(), tabella_->comandi().columnsSeen()), dove);
+  } catch (const Error& errore) {
+    mostraErrore(qs(errore.description()));
+  }
 }
 
 }  // namespace cu::strumenti
