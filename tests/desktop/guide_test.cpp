@@ -10,9 +10,11 @@
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QStandardItemModel>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 #include <set>
 
@@ -22,6 +24,8 @@
 #include "desktop/look.h"
 #include "desktop/preview_dialog.h"
 #include "desktop/screen_support.h"
+#include "desktop/table_commands.h"
+#include "desktop/table_style.h"
 
 namespace cu::test {
 namespace {
@@ -262,6 +266,26 @@ TEST(Keys, OfTheWindowOfAFileAreThoseOfTheGuide) {
   window->findChild<QTableView*>()->setFocus();
   expectItsKeys(*window, QStringLiteral("Nelle finestre dei file telematici"));
   delete window.data();
+}
+
+TEST(Keys, OfTheTablesAreAnswered) {
+  QTableView table;
+  QStandardItemModel rows(20, 2);
+  desktop::styleRows(table);
+  table.setAccessibleName(QStringLiteral("Prova"));
+  table.setModel(&rows);
+  new desktop::TableCommands(table, {});
+  table.show();
+  const std::set<QString> named = keysNamed(QStringLiteral("Nelle tabelle"));
+  EXPECT_EQ(named.size(), 5U);
+  for (const QString& key : named) {
+    table.setCurrentIndex(rows.index(5, 1));
+    // A menu that opens is closed.
+    QTimer::singleShot(0, [] {
+      if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
+    });
+    EXPECT_TRUE(answers(table, sequenceOf(key))) << key.toStdString();
+  }
 }
 
 TEST(Keys, CtrlF1OpensTheirListFromFormsAndDialogs) {
