@@ -74,6 +74,13 @@ struct Previewed {
     EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     EXPECT_TRUE(drawn());
   }
+  // Answers the question for a file with this one, and keeps the name that was suggested.
+  void choose(const QString& path) {
+    dialog->chooseFile = [this, path](const QString& name) {
+      suggested = name;
+      return path;
+    };
+  }
   bool drawn() {
     return QTest::qWaitFor([this] { return dialog->view().shows(dialog->page()); }, kPatience);
   }
@@ -108,6 +115,7 @@ struct Previewed {
 
   QTemporaryDir folder;
   Preview preview;
+  QString suggested;
   std::unique_ptr<desktop::PreviewDialog> dialog;
 };
 
@@ -363,11 +371,7 @@ TEST(Preview, PrintsThePagesThatTheDialogOfThePrinterNames) {
 TEST(Preview, PrintsThePageInViewToTheFileThatIsGiven) {
   Previewed shown(5);
   const QString printed = shown.folder.filePath(QStringLiteral("una.pdf"));
-  QString suggested;
-  shown.dialog->chooseFile = [&](const QString& name) {
-    suggested = name;
-    return printed;
-  };
+  shown.choose(printed);
   QTest::keyClick(shown.dialog.get(), Qt::Key_PageDown);
   ASSERT_EQ(shown.dialog->page(), 1);
   QTimer::singleShot(0, shown.dialog.get(), [] {
@@ -379,7 +383,7 @@ TEST(Preview, PrintsThePageInViewToTheFileThatIsGiven) {
     pressButton(*asking, "Stampa");
   });
   QTest::keySequence(shown.dialog.get(), QKeySequence::Print);
-  EXPECT_EQ(suggested, QStringLiteral("Conto individuale.pdf"));
+  EXPECT_EQ(shown.suggested, QStringLiteral("Conto individuale.pdf"));
   const std::vector<QImage> made = imagesOf(printed);
   ASSERT_EQ(made.size(), 1U);
   EXPECT_EQ(nearest(made[0], imagesOf(desktop::shown(shown.preview.file))), 2U);
@@ -406,13 +410,9 @@ QByteArray contentOf(const QString& path) {
 TEST(Preview, SavesACopyOfTheDocument) {
   Previewed shown(2);
   const QString copy = shown.folder.filePath(QStringLiteral("copia.pdf"));
-  QString suggested;
-  shown.dialog->chooseFile = [&](const QString& name) {
-    suggested = name;
-    return copy;
-  };
+  shown.choose(copy);
   QTest::keySequence(shown.dialog.get(), QKeySequence::Save);
-  EXPECT_EQ(suggested, QStringLiteral("Conto individuale.pdf"));
+  EXPECT_EQ(shown.suggested, QStringLiteral("Conto individuale.pdf"));
   EXPECT_EQ(contentOf(copy), contentOf(desktop::shown(shown.preview.file)));
   EXPECT_TRUE(shown.says(QStringLiteral("Salvata in %1.").arg(copy)));
 }

@@ -54,13 +54,17 @@ TEST(Start, MakesTheDemonstrationDatabaseAtTheFirstStartAndNamesItsCompany) {
   EXPECT_EQ(window.scelta().funzione, 247);
 }
 
+// A file that is no database.
+QString brokenDatabaseIn(const QTemporaryDir& folder) {
+  QFile file(folder.filePath(QStringLiteral("rotto.db")));
+  EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("nessun database, ma abbastanza lungo da sembrarlo");
+  return file.fileName();
+}
+
 TEST(Start, ADatabaseThatCannotBeOpenedIsToldAndNothingCanBeStarted) {
   const QTemporaryDir folder;
-  const QString broken = folder.filePath(QStringLiteral("rotto.db"));
-  QFile file(broken);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write("nessun database, ma abbastanza lungo da sembrarlo");
-  file.close();
+  const QString broken = brokenDatabaseIn(folder);
   SceltaAvvio choice;
   choice.database = broken;
   FinestraAvvio window(choice, startFoldersIn(folder));
@@ -117,11 +121,7 @@ TEST(Start, OffersTheDatabasesOfTheLastStartsThatStillExist) {
 TEST(Start, EnterNeverLeavesWhereTheChosenDatabaseCannotBeOpened) {
   const QTemporaryDir folder;
   QSettings().remove(QStringLiteral("avvio/recenti"));
-  const QString broken = folder.filePath(QStringLiteral("rotto.db"));
-  QFile file(broken);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write("nessun database, ma abbastanza lungo da sembrarlo");
-  file.close();
+  const QString broken = brokenDatabaseIn(folder);
   SceltaAvvio choice;
   choice.database = broken;
   choice.ricorda();

@@ -7,6 +7,7 @@
 
 #include "support/cur_reader.h"
 #include "system/guidato_support.h"
+#include "system/pubblicati_support.h"
 
 namespace cu::test {
 namespace {
@@ -22,18 +23,8 @@ class SommeRestituite : public Guidato, public testing::WithParamInterface<int> 
   SommeRestituite() : Guidato(false), anno_(std::to_string(GetParam())) {
     const Esecuzione creato = posto_.crea({"--payees", "3", "--years", anno_, "--seed", "4"});
     EXPECT_EQ(creato.codice, 0) << creato.errori;
-    const auto database = posto_.lettore();
-    for (const char* istruzione :
-         {"UPDATE ContoIndividuale SET SommeNonSoggette = 0, QuotaProvvigioniNonSoggette = 0,"
-          " ContributoPrevidenziale = 0, RitenutaPrevidenziale13 = 0",
-          "DELETE FROM ContoIndividuale WHERE IDCausalePagamento IN"
-          " (SELECT IDCausalePagamento FROM CausalePagamento WHERE Codice LIKE 'N%')",
-          "DELETE FROM ContoIndividualeDatiAggiuntivi", "DELETE FROM ModuloXContoIndividuale",
-          "UPDATE Percipiente SET NonResidente = 0"}) {
-      database->esegui(istruzione);
-    }
-    posto_.imposta("session.today", "2027-03-05T10:30:00");
-    posto_.imposta("telematic.forms", "\"published\"");
+    usaModelliPubblicati(posto_);
+    posto_.lettore()->esegui("UPDATE Percipiente SET NonResidente = 0");
   }
 
   // Enters the amount for the first line and makes the file; returns the line.

@@ -9,7 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include "support/cur_reader.h"
-#include "system/posto_support.h"
+#include "system/pubblicati_support.h"
 
 namespace cu::test {
 namespace {
@@ -24,17 +24,7 @@ class VitaPubblicata : public ::testing::TestWithParam<int> {
     const Esecuzione creato =
         posto_.crea({"--payees", "6", "--companies", "2", "--years", anno_, "--seed", "4"});
     EXPECT_EQ(creato.codice, 0) << creato.errori;
-    for (const char* istruzione :
-         {"UPDATE ContoIndividuale SET SommeNonSoggette = 0, QuotaProvvigioniNonSoggette = 0,"
-          " ContributoPrevidenziale = 0, RitenutaPrevidenziale13 = 0",
-          "DELETE FROM ContoIndividuale WHERE IDCausalePagamento IN"
-          " (SELECT IDCausalePagamento FROM CausalePagamento WHERE Codice LIKE 'N%')",
-          "DELETE FROM ContoIndividualeDatiAggiuntivi", "DELETE FROM ModuloXContoIndividuale",
-          "UPDATE Percipiente SET NonResidenteSchumacker = 0"}) {
-      posto_.lettore()->esegui(istruzione);
-    }
-    posto_.imposta("session.today", "2027-03-05T10:30:00");
-    posto_.imposta("telematic.forms", "\"published\"");
+    usaModelliPubblicati(posto_);
   }
 
   Esecuzione cuctl(int azienda, std::vector<std::string> argomenti) {
