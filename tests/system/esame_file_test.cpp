@@ -15,6 +15,7 @@ namespace {
 
 using nlohmann::json;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 class EsameFile : public ::testing::Test {
  protected:
@@ -68,12 +69,17 @@ TEST_F(EsameFile, ValidateCountsErrorsAndWarnings) {
 }
 
 TEST_F(EsameFile, WhatIsPlainlySomethingElseIsNamed) {
-  const Esecuzione pdf = posto_.cuctl({"validate", scrivi("modulo.cur", "%PDF-1.4\nuna stampa\n")});
-  EXPECT_EQ(pdf.codice, 2);
-  EXPECT_EQ(pdf.uscita, "");
+  const std::string stampa = scrivi("modulo.cur", "%PDF-1.4\nuna stampa\n");
+  const Esecuzione pdf = posto_.cuctl({"validate", stampa});
+  EXPECT_EQ(pdf.codice, 1);
   EXPECT_THAT(
-      pdf.errori,
-      HasSubstr("modulo.cur: questo è un documento PDF, non un file telematico della Certificazione Unica."));
+      pdf.uscita,
+      HasSubstr(
+          "modulo.cur: questo è un documento PDF, non un file telematico della Certificazione Unica; "));
+  EXPECT_THAT(pdf.uscita, Not(HasSubstr("L01"))) << "every line of it is one";
+  const Esecuzione inJson = posto_.cuctl({"validate", "--json", stampa});
+  EXPECT_EQ(inJson.codice, 1);
+  EXPECT_GT(json::parse(inJson.uscita).at("files").at(0).at("counts").at("L01"), 0);
   EXPECT_EQ(posto_.cuctl({"validate", scrivi("testo.cur", "una riga\n")}).codice, 1);
 }
 

@@ -12,17 +12,26 @@
 namespace cu {
 namespace {
 
-// Raises FileIlleggibile for what is plainly something else, of which every line would be a finding.
-void rifiutaEstraneo(const std::string& percorso) {
+// What a file plainly is by its first bytes, where it is no telematic file; "" for any other.
+std::string naturaEstranea(const std::string& percorso) {
   std::error_code errore;
-  if (!std::filesystem::is_regular_file(percorso, errore)) return;  // a pipe can be read once
+  if (!std::filesystem::is_regular_file(percorso, errore)) return {};  // a pipe can be read once
   FileLetto file(percorso);
   std::string inizio(kInizioFile, '\0');
   inizio.resize(file.leggi(inizio.data(), inizio.size()));
-  const std::string natura = naturaDi(inizio);
-  if (natura.empty()) return;
-  throw FileIlleggibile(percorso + ": questo è " + natura +
-                        ", non un file telematico della Certificazione Unica.");
+  return naturaDi(inizio);
+}
+
+// Every line of such a file is a finding: their number is enough for a person.
+void scriviEsame(const std::string& percorso, const lettura::Rilievi& rilievi) {
+  const std::string natura = naturaEstranea(percorso);
+  std::string cheCosa;
+  if (natura.empty()) {
+    scriviRilievi(percorso, rilievi, std::cout);
+  } else {
+    cheCosa = "questo è " + natura + ", non un file telematico della Certificazione Unica; ";
+  }
+  std::cout << percorso << ": " << cheCosa << dettoConteggio(rilievi) << ".\n";
 }
 
 }  // namespace
@@ -34,7 +43,6 @@ int comandoValidate(const OpzioniValidate& opzioni) {
   for (const std::string& percorso : opzioni.file) {
     nlohmann::ordered_json json = {{"file", percorso}};
     try {
-      rifiutaEstraneo(percorso);
       FileLetto file(percorso);
       const lettura::Esito esito = lettura::esamina(file, &luoghi);
       const bool male = esito.rilievi.errori() > 0 || (opzioni.severo && esito.rilievi.avvisi() > 0);
@@ -44,8 +52,7 @@ int comandoValidate(const OpzioniValidate& opzioni) {
         json["counts"] = jsonConteggi(esito.rilievi);
         tutti.push_back(std::move(json));
       } else {
-        scriviRilievi(percorso, esito.rilievi, std::cout);
-        std::cout << percorso << ": " << dettoConteggio(esito.rilievi) << ".\n";
+        scriviEsame(percorso, esito.rilievi);
       }
     } catch (const FileIlleggibile& errore) {
       std::cerr << errore.what() << '\n';
