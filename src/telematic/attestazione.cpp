@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <string_view>
+#include <unordered_set>
 #include <utility>
 
 #include "base/text.h"
@@ -162,9 +163,8 @@ class Esame {
     if (vuote.empty()) return;
     esito_.caselleVuote = std::move(vuote);
     std::string percipiente = chi_ + (codiceFiscale_.empty() ? "" : " (" + codiceFiscale_ + ")");
-    std::vector<std::string>& tutti = esito_.conCaselleVuote;
-    if (std::find(tutti.begin(), tutti.end(), percipiente) == tutti.end()) {
-      tutti.push_back(std::move(percipiente));
+    if (conCaselleVuote_.insert(percipiente).second) {
+      esito_.conCaselleVuote.push_back(std::move(percipiente));
     }
   }
 
@@ -230,6 +230,7 @@ class Esame {
   std::string chi_;
   std::string codiceFiscale_;
   std::string causale_;
+  std::unordered_set<std::string> conCaselleVuote_;
   Attestazione esito_;
 };
 
