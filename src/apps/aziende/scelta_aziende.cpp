@@ -9,6 +9,7 @@
 #include "apps/comune/connessioni.h"
 #include "apps/comune/tavola.h"
 #include "base/ascii.h"
+#include "base/error.h"
 #include "base/text.h"
 #include "data/database.h"
 
