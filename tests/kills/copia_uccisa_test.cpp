@@ -55,11 +55,18 @@ class CopiaUccisa : public ::testing::Test {
     EXPECT_EQ(lettore.testo("PRAGMA integrity_check"), "ok");
     return lettore.testo("SELECT COUNT(*) FROM Compenso");
   }
+  // The shortest of some: the first one waits for files that are not in memory.
   DurataCopia durata(const char* quale, const std::string& file) const {
-    const auto inizio = std::chrono::steady_clock::now();
-    const Esecuzione esito = comando(quale, file);
-    EXPECT_EQ(esito.codice, 0) << esito.errori;
-    return std::chrono::duration_cast<DurataCopia>(std::chrono::steady_clock::now() - inizio);
+    constexpr int kVolte = 3;
+    DurataCopia minore = DurataCopia::max();
+    for (int i = 0; i < kVolte; ++i) {
+      const auto inizio = std::chrono::steady_clock::now();
+      const Esecuzione esito = comando(quale, file);
+      EXPECT_EQ(esito.codice, 0) << esito.errori;
+      minore = std::min(minore,
+                        std::chrono::duration_cast<DurataCopia>(std::chrono::steady_clock::now() - inizio));
+    }
+    return minore;
   }
   // Returns whether it was killed.
   // From that share of the whole time on.
@@ -103,7 +110,9 @@ TEST_F(CopiaUccisa, ABackupIsWholeOrNotThere) {
 
 TEST_F(CopiaUccisa, ADatabaseIsTheFormerOneOrTheCopy) {
   EXPECT_EQ(comando("backup", copia()).codice, 0);
-  const DurataCopia intera = durata("restore", copia());
+  // Of the copy that is killed, which is smaller than the other.
+  const DurataCopia intera = durata("restore", copiaVuota());
+  EXPECT_EQ(comando("restore", copia()).codice, 0);
   int uccise = 0;
   int sostituiti = 0;
   for (int i = 0; i < copieDaUccidere(); ++i) {
