@@ -12,6 +12,7 @@ packages=(
 test_packages=(
   libgtest-dev libgmock-dev python3 clang-tidy postgresql odbc-postgresql poppler-utils cppcheck qpdf
   default-jre-headless libpdfbox2-java libactivation-java libjaxb-api-java
+  zsh man-db desktop-file-utils appstream shared-mime-info libglib2.0-bin
 )
 fuzz_packages=(clang libclang-rt-14-dev)
 coverage_packages=(gcovr)

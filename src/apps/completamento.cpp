@@ -43,6 +43,7 @@ void aggiungiTipo(Proposta& proposta, const std::string& tipo) {
   if (tipo == "STAMPA") return aggiungiParole(proposta, {kStampe.begin(), kStampe.end()});
   if (tipo == "CAUSALE") return aggiungiParole(proposta, causaliNote());
   if (tipo == "CODICI") return aggiungiParole(proposta, avvisiAccettabili());
+  proposta.file = proposta.file || tipo == "FILE";
   proposta.cartelle = proposta.cartelle || tipo == "CARTELLA";
   proposta.indirizzo = proposta.indirizzo || tipo == "URL";
 }

@@ -8,15 +8,16 @@
 namespace cu {
 
 // What can be written where an option or an argument takes a value, by the name of its type: words written in
-// lower case or digits ("1|2|3"), files by their extension ("FILE.csv|FILE.xlsx"), and the names of types
-// whose values are known here ("TABELLA", "CAUSALE").
+// lower case or digits ("1|2|3"), files by their extension ("FILE.csv|FILE.xlsx") or of any name ("FILE"),
+// and the names of types whose values are known here ("TABELLA", "CAUSALE").
 struct Proposta {
   std::vector<std::string> parole;
   std::vector<std::string> estensioni;
   bool cartelle = false;
+  bool file = false;       // of any name
   bool indirizzo = false;  // of a database
 
-  bool vuota() const { return parole.empty() && estensioni.empty() && !cartelle && !indirizzo; }
+  bool vuota() const { return parole.empty() && estensioni.empty() && !cartelle && !file && !indirizzo; }
 };
 Proposta propostaDi(const CLI::Option& opzione);
 

@@ -26,6 +26,7 @@ std::string chiamata(const Proposta& proposta) {
     for (const std::string& estensione : proposta.estensioni) riga += ' ' + estensione;
     aggiungi(riga);
   }
+  if (proposta.file) aggiungi("_NAME_any_file");
   if (proposta.cartelle && proposta.estensioni.empty()) aggiungi("_NAME_folders");
   if (proposta.indirizzo) aggiungi("_NAME_address");
   return righe.empty() ? ":" : righe;
@@ -79,6 +80,11 @@ _NAME_words() {
 _NAME_folders() {
   compopt -o filenames 2>/dev/null
   mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -d -- "$current")
+}
+
+_NAME_any_file() {
+  compopt -o filenames 2>/dev/null
+  mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -f -- "$current")
 }
 
 # Folders, and files with one of the extensions in small or capital letters.

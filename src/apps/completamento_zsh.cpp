@@ -36,6 +36,7 @@ std::string azione(const Proposta& proposta, const std::string& nome) {
     }
     return "_files -g \"*.(#i)(" + elenco + ")(-.)\"";
   }
+  if (proposta.file) return "_files";
   if (proposta.cartelle) return "_files -/";
   if (proposta.parole.empty()) return " ";
   std::string parole = "(";
@@ -43,7 +44,7 @@ std::string azione(const Proposta& proposta, const std::string& nome) {
   return parole + ')';
 }
 
-// How an option or an argument is described: 'names[explanation]:type:action'.
+// How an option or an argument is described: 'names=[explanation]:type:action'.
 std::string specifica(const CLI::Option& opzione, const std::string& programma) {
   const bool molti = opzione.get_items_expected_max() > 1;
   const std::string valore =
@@ -52,7 +53,11 @@ std::string specifica(const CLI::Option& opzione, const std::string& programma) 
   const std::string spiegazione =
       '[' + traApici(opzione.get_description(), true) + ']' + (prendeValore(opzione) ? valore : "") + '\'';
   const auto nomi = nomiScritti(opzione);
-  if (nomi.size() == 1) return '\'' + std::string(molti ? "*" : "") + nomi.front() + spiegazione;
+  if (nomi.size() == 1) {
+    // "=": the value is the next word, or follows the sign.
+    return '\'' + std::string(molti ? "*" : "") + nomi.front() + (prendeValore(opzione) ? "=" : "") +
+           spiegazione;
+  }
   std::string insieme;
   for (const std::string& nome : nomi) insieme += (insieme.empty() ? "" : ",") + nome;
   std::string esclusi = insieme;

@@ -108,9 +108,12 @@ void aggiungiEstremi(CLI::App& comando, fornitura::Estremi& estremi) {
 
 void aggiungiRiferimenti(CLI::App& comando, OpzioniSciolte& sciolte) {
   CLI::Option* const protocollo =
-      comando.add_option("--protocol", sciolte.protocollo, "Protocollo dell'invio da annullare o sostituire");
+      comando.add_option("--protocol", sciolte.protocollo, "Protocollo dell'invio da annullare o sostituire")
+          ->type_name("TESTO");
   CLI::Option* const progressivo =
-      comando.add_option("--progressive", sciolte.progressivo, "Progressivo nell'invio")->needs(protocollo);
+      comando.add_option("--progressive", sciolte.progressivo, "Progressivo nell'invio")
+          ->type_name("TESTO")
+          ->needs(protocollo);
   protocollo->needs(progressivo);
   comando.add_flag("--keep-present", sciolte.mantieni, "Lascia i riferimenti già presenti")
       ->needs(protocollo);

@@ -108,7 +108,6 @@ void parlaItaliano(CLI::App& programma) {
   forma->label("OPTIONS", "OPZIONI");
   forma->label("SUBCOMMAND", "COMANDO");
   forma->label("Positionals", "Argomenti");
-  forma->label("TEXT", "TESTO");
   forma->label("REQUIRED", "(obbligatorio)");
   forma->label("Needs", "Con");
   forma->label("Excludes", "Senza");

@@ -44,8 +44,8 @@ void aggiungiDiff(CLI::App& programma, Esecuzione& esegui) {
   CLI::App& comando =
       aggiungiComando(programma, "diff", "Confronta due file telematici, certificazione per certificazione");
   auto opzioni = std::make_shared<OpzioniDiff>();
-  comando.add_option("old", opzioni->vecchio, "Il file di prima")->required()->type_name("FILE.cur");
-  comando.add_option("new", opzioni->nuovo, "Il file di dopo")->required()->type_name("FILE.cur");
+  comando.add_option("prima", opzioni->vecchio, "Il file di prima")->required()->type_name("FILE.cur");
+  comando.add_option("dopo", opzioni->nuovo, "Il file di dopo")->required()->type_name("FILE.cur");
   comando.add_flag("--json", opzioni->json, "In JSON");
   comando.callback([&esegui, opzioni] { esegui = [opzioni] { return comandoDiff(*opzioni); }; });
 }
@@ -74,7 +74,7 @@ void aggiungiReceipt(CLI::App& programma, Esecuzione& esegui) {
       aggiungiComando(programma, "receipt", "Legge una ricevuta; senza --apply la prova soltanto");
   auto opzioni = std::make_shared<OpzioniReceipt>();
   comando
-      .add_option("table", opzioni->tabella,
+      .add_option("tabella", opzioni->tabella,
                   "Tabella con CodiceFiscale, Causale, Protocollo, Progressivo, Esito, Motivo")
       ->required()
       ->type_name("TABELLA");

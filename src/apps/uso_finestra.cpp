@@ -32,10 +32,10 @@ void descriviFinestra(CLI::App& programma, OpzioniFinestra& opzioni,
           "FILE", opzioni.file,
           "File telematici da leggere e controllare, ognuno in una finestra, invece di avviare la procedura")
       ->type_name("FILE.cur|TABELLA|FATTURA");
-  programma.add_flag(
-      "--importa", opzioni.importa,
-      "I FILE sono tabelle da importare: apre l'importazione guidata, sul database del profilo o "
-      "dell'ultimo avvio");
+  programma.add_flag("--importa", opzioni.importa,
+                     "I FILE sono tabelle o fatture elettroniche da importare: apre l'importazione guidata, "
+                     "sul database del "
+                     "profilo o dell'ultimo avvio");
 }
 
 }  // namespace cu

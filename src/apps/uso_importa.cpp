@@ -141,7 +141,7 @@ void aggiungiHistory(CLI::App& import, Esecuzione& esegui) {
 void aggiungiUndo(CLI::App& import, Esecuzione& esegui) {
   CLI::App& comando = aggiungiComando(import, "undo", "Annulla un'importazione; senza --apply è una prova");
   auto opzioni = std::make_shared<OpzioniUndo>();
-  comando.add_option("batch", opzioni->lotto, "Il numero dell'importazione")
+  comando.add_option("importazione", opzioni->lotto, "Il numero dell'importazione")
       ->required()
       ->check(fra(1, 2147483647))
       ->type_name("NUMERO");

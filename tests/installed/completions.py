@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Compares the completions with the programs: completions.py CUCTL CUWIZARD FOLDER-OF-THE-SCRIPTS
 
-What bash proposes is what --help shows, command by command; files are proposed by their type. The script for zsh has
-the same commands and options; where zsh is installed, it reads the script too."""
+What bash and zsh propose is what --help shows, command by command; files are proposed by their type. Where zsh is not
+installed, only the text of its script is compared."""
 
 import os
 import re
@@ -11,7 +11,8 @@ import subprocess
 import sys
 import tempfile
 
-from support import Help, output
+import zsh_answers
+from support import Help
 
 cuctl, cuwizard, folder = (os.path.abspath(argument) for argument in sys.argv[1:4])
 faults = []
@@ -35,7 +36,7 @@ def quoted(word):
     return "'" + word.replace("'", "'\\''") + "'"
 
 
-def answers(program, questions, work):
+def bash_answers(program, questions, work):
     """What bash proposes for each of the lines, given as words of which the last is being written."""
     lines = "\n".join("ask " + " ".join(quoted(word) for word in question) for question in questions)
     script = f". {quoted(os.path.join(folder, program + '.bash'))}\n{ASK}\n{lines}\n"
@@ -45,7 +46,21 @@ def answers(program, questions, work):
     return [[word for word in line.split("\t") if word] for line in ended.stdout.splitlines()]
 
 
-def check_names(program, help, work):
+def zsh_shown(program, questions, work):
+    """The same of zsh, for which "--option=value" and "scheme:rest" are one word each."""
+    lines = [re.sub(r" ([:=])( |$)", r"\1", " ".join(question)) for question in questions]
+    with tempfile.TemporaryDirectory() as scratch:
+        return zsh_answers.answers(os.path.join(folder, program + ".zsh"), program, lines, work, scratch)
+
+
+SHELLS = [bash_answers]
+if shutil.which("zsh"):
+    SHELLS.append(zsh_shown)
+else:
+    print("zsh is not installed: what it proposes is not checked")
+
+
+def check_names(answers, program, help, work):
     """Options and commands: those of --help, neither more nor fewer."""
     helps = help.everything()
     questions = [(program, *one.path, word) for one in helps for word in ("--", "-", "")]
@@ -82,6 +97,9 @@ CASES = [
     ("cuctl check --database = sqlite : azi", ["azienda.db"]),
     ("cuctl check --database odbc : a", []),
     ("cuctl diff uno.cur uno", ["uno.cur"]),
+    ("cuctl restore a", ["azienda.db", "archivio.zip", "altro.txt.bak"]),
+    ("cuctl backup --log car", ["cartella"]),
+    ("cuctl check --log alt", ["altro.txt.bak"]),
     ("cuwizard --colori ", ["chiari", "scuri", "sistema"]),
     ("cuwizard uno", ["uno.cur"]),
 ]
@@ -89,11 +107,14 @@ FILES = ["profilo.toml", "PROFILO.TOML", "uno.cur", "due parole.cur", "compensi.
          "fattura.xml.p7m", "archivio.zip", "azienda.db", "altro.txt.bak"]
 
 
-def check_cases(work):
+def make_files(work):
     for name in FILES:
         with open(os.path.join(work, name), "w", encoding="utf-8"):
             pass
     os.mkdir(os.path.join(work, "cartella"))
+
+
+def check_cases(answers, work):
     for program in ("cuctl", "cuwizard"):
         cases = [(line, wanted) for line, wanted in CASES if line.startswith(program + " ")]
         questions = [re.split(r"(?<!\\) ", line) for line, _ in cases]
@@ -120,15 +141,16 @@ def check_zsh(program, help):
                 faults.append(f"{path}: {name} does not call the function of {command}")
     functions.pop(f"_{program}_address", None)
     expect_same(functions, [], f"{path}: functions without a command")
-    if shutil.which("zsh"):
-        output("zsh", "-n", path)
 
 
 with tempfile.TemporaryDirectory() as work:
-    check_cases(work)
-    for program, path in (("cuctl", cuctl), ("cuwizard", cuwizard)):
-        help = Help(path)
-        check_names(program, help, work)
+    make_files(work)
+    helps = {"cuctl": Help(cuctl), "cuwizard": Help(cuwizard)}
+    for answers in SHELLS:
+        check_cases(answers, work)
+        for program, help in helps.items():
+            check_names(answers, program, help, work)
+    for program, help in helps.items():
         check_zsh(program, help)
 for fault in faults:
     print(fault)

@@ -1,10 +1,12 @@
 #include "apps/versione/versione.h"
 
+#include <expat.h>
 #include <openssl/crypto.h>
 #include <sql.h>
 #include <sqlext.h>
 #include <sqlite3.h>
 #include <toml++/impl/version.h>
+#include <utf8proc.h>
 #include <xlsxwriter/utility.h>
 #include <zip.h>
 
@@ -40,6 +42,12 @@ std::string gestoreDriver() {
   return letto ? std::string(reinterpret_cast<const char*>(testo.data())) : std::string("sconosciuta");
 }
 
+// The library's own text is "expat_2.5.0".
+std::string daExpat() {
+  const XML_Expat_Version versione = XML_ExpatVersionInfo();
+  return "Expat " + treNumeri(versione.major, versione.minor, versione.micro);
+}
+
 // What its functions say of a library; what is wrong where it cannot be loaded.
 template <typename Domanda>
 std::string dellaLibreria(Domanda domanda) {
@@ -58,7 +66,9 @@ std::vector<LibreriaUsata> libreriePrincipali() {
       // Of the headers: the library itself would have to be loaded.
       {"Stampe", "Qt " CU_QT_VERSION},
       {"Fogli elettronici", dellaLibreria([] { return std::string("libxlsxwriter ") + lxw_version(); })},
+      {"Intestazioni delle tabelle", std::string("utf8proc ") + utf8proc_version()},
       {"Archivi", dellaLibreria([] { return std::string("libzip ") + zip_libzip_version(); })},
+      {"XML", daExpat()},
       {"Fatture firmate", dellaLibreria([] { return std::string(OpenSSL_version(OPENSSL_VERSION)); })},
       {"Profili", "toml++ " + treNumeri(TOML_LIB_MAJOR, TOML_LIB_MINOR, TOML_LIB_PATCH)},
       {"JSON", "nlohmann-json " + treNumeri(NLOHMANN_JSON_VERSION_MAJOR, NLOHMANN_JSON_VERSION_MINOR,
