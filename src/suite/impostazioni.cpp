@@ -112,7 +112,12 @@ void ImpostazioniToml::set(std::string_view application, std::string_view sectio
     throw FileError(kErrorPathAccess, "Nel file delle impostazioni " + file_ + " \"" + comeUtf8(application) +
                                           "\"." + comeUtf8(section) + " non è una sezione.");
   }
-  sezione->insert_or_assign(comeUtf8(name), comeUtf8(value));
+  const std::string nome = comeUtf8(name);
+  const std::string valore = comeUtf8(value);
+  // Most runs choose what was chosen before; to write it durably takes longer than all else that they do.
+  const auto* const presente = sezione->get_as<std::string>(nome);
+  if (presente != nullptr && presente->get() == valore) return;
+  sezione->insert_or_assign(nome, valore);
   scrivi(contenuto);
 }
 

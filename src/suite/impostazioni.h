@@ -19,7 +19,7 @@ class ImpostazioniToml : public Settings {
   // An unreadable file is reported and counts as empty.
   std::string get(std::string_view application, std::string_view section, std::string_view name,
                   std::string_view otherwise) override;
-  // Raises FileError when the settings cannot be written.
+  // Raises FileError when the settings cannot be written. A value that the file has already is not written.
   void set(std::string_view application, std::string_view section, std::string_view name,
            std::string_view value) override;
   void deleteSection(std::string_view application, std::string_view section) override;

@@ -70,7 +70,8 @@ class LateProgram : public ::testing::Test {
 };
 
 TEST_F(LateProgram, LoadsOnlyWhatItCalls) {
-  const auto late = {CU_LIBRARY_CRYPTO, CU_LIBRARY_ODBC, CU_LIBRARY_XLSXWRITER, CU_LIBRARY_ZIP};
+  const auto late = {CU_LIBRARY_CRYPTO,   CU_LIBRARY_EXPAT,      CU_LIBRARY_ODBC,
+                     CU_LIBRARY_UTF8PROC, CU_LIBRARY_XLSXWRITER, CU_LIBRARY_ZIP};
   for (const char* const arguments : {"--help", "make --help", "create --database sqlite:prova.db --demo",
                                       "check --database sqlite:prova.db", "template payees modello.csv"}) {
     const std::string files = loaded(arguments);
@@ -80,7 +81,21 @@ TEST_F(LateProgram, LoadsOnlyWhatItCalls) {
   EXPECT_THAT(loaded("template payees modello.xlsx"),
               AllOf(HasSubstr(CU_LIBRARY_XLSXWRITER), Not(HasSubstr(CU_LIBRARY_ZIP))));
   const std::string all = loaded("--version");
-  for (const char* const library : late) EXPECT_THAT(all, HasSubstr(library));
+  for (const char* const library :
+       {CU_LIBRARY_CRYPTO, CU_LIBRARY_ODBC, CU_LIBRARY_XLSXWRITER, CU_LIBRARY_ZIP}) {
+    EXPECT_THAT(all, HasSubstr(library));
+  }
+}
+
+TEST_F(LateProgram, ATableLoadsWhatReadsIt) {
+  ASSERT_EQ(run("create --database sqlite:prova.db --demo"), 0);
+  ASSERT_EQ(run("template payees modello.csv"), 0);
+  ASSERT_EQ(run("template payees modello.xlsx"), 0);
+  const std::string import = "import payees --database sqlite:prova.db --company 1 --on-duplicate update ";
+  EXPECT_THAT(loaded(import + "modello.csv"),
+              AllOf(HasSubstr(CU_LIBRARY_UTF8PROC), Not(HasSubstr(CU_LIBRARY_EXPAT))));
+  EXPECT_THAT(loaded(import + "modello.xlsx"),
+              AllOf(HasSubstr(CU_LIBRARY_UTF8PROC), HasSubstr(CU_LIBRARY_EXPAT), HasSubstr(CU_LIBRARY_ZIP)));
 }
 
 TEST_F(LateProgram, AMissingLibraryStopsWhatNeedsItAlone) {
@@ -92,6 +107,16 @@ TEST_F(LateProgram, AMissingLibraryStopsWhatNeedsItAlone) {
           "I fogli elettronici da scrivere non si possono usare: la libreria «" CU_LIBRARY_XLSXWRITER));
   EXPECT_FALSE(std::filesystem::exists(folder / "modello.xlsx"));
   EXPECT_EQ(run("template payees modello.csv", environment), 0);
+}
+
+TEST_F(LateProgram, ASpreadsheetWithoutTheReaderOfXmlIsSaid) {
+  ASSERT_EQ(run("create --database sqlite:prova.db --demo"), 0);
+  ASSERT_EQ(run("template payees modello.xlsx"), 0);
+  EXPECT_EQ(
+      run("import payees --database sqlite:prova.db --company 1 modello.xlsx", without(CU_LIBRARY_EXPAT)), 1);
+  EXPECT_THAT(folder.read("errori"),
+              HasSubstr("I file XML e i fogli elettronici da leggere non si possono usare: la libreria "
+                        "«" CU_LIBRARY_EXPAT));
 }
 
 TEST_F(LateProgram, TheVersionSaysWhichLibraryIsMissing) {

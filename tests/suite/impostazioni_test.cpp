@@ -66,6 +66,18 @@ TEST_F(ImpostazioniTest, OtherKeysAndSectionsStay) {
   EXPECT_THAT(cartella.read("settings.toml"), HasSubstr("View2 = 3"));
 }
 
+TEST_F(ImpostazioniTest, AValueThatIsThereIsNotWrittenAgain) {
+  const std::string aMano = "# mio\n[Quadrivio.MenuSettings]\nCU_Path='/cu' # qui\nView2=3\n";
+  cartella.write("settings.toml", aMano);
+  impostazioni.set("Quadrivio", "MenuSettings", "CU_Path", "/cu");
+  EXPECT_EQ(cartella.read("settings.toml"), aMano);
+  // Another type is another value, and so is another letter.
+  impostazioni.set("Quadrivio", "MenuSettings", "View2", "3");
+  EXPECT_THAT(cartella.read("settings.toml"), HasSubstr("View2 = \"3\""));
+  impostazioni.set("Quadrivio", "MenuSettings", "CU_Path", "/CU");
+  EXPECT_EQ(leggi("CU_Path"), "/CU");
+}
+
 TEST_F(ImpostazioniTest, ASectionIsDeletedAlone) {
   impostazioni.set("Quadrivio", "MenuSettings", "CU_Path", "/mio");
   impostazioni.set("Quadrivio", "Sessione12", "a", "b");
