@@ -65,8 +65,9 @@ def check_guide(prefix):
            f"the window does not look for its guide in {wanted}")
 
 
-def check_notices(prefix):
-    """Each list has the notice of its source, each licence its text, and the font of the prints is named."""
+def check_notices(prefix, work):
+    """Each list has the notice of its source, each licence its text, and what others have made of a print is named:
+    its font and its colour profile."""
     text = read(prefix, "share/doc/cuwizard/copyright").decode()
     paragraphs = [dict(re.findall(r"^(\S+):\s*((?:.|\n )*)", part, flags=re.M)) for part in text.split("\n\n")]
     files = " ".join(part.get("Files", "") for part in paragraphs).split()
@@ -79,6 +80,15 @@ def check_notices(prefix):
     expect(used == texts, f"licences used {sorted(used)}, with their texts {sorted(texts)}")
     font = re.search(r'kInstalled = "([^"]*)"', read(source, "src/reporting/print_font.cpp").decode()).group(1)
     expect(font in text, f"the font {font} has no notice")
+    if not shutil.which("qpdf"):
+        print("qpdf is not installed: the notice of the prints' colour profile is not checked")
+        return
+    forms = glob.glob(os.path.join(work, "CUR_*_2017_*.cur"))
+    plain = subprocess.run(["qpdf", "--qdf", forms[0], "-"], capture_output=True, check=True).stdout
+    claims = re.findall(rb"Copyright ([\w ]+), (\d{4})", plain)
+    expect(claims, "no colour profile in a print")
+    for owner, year in claims:
+        expect(f"Copyright: {year.decode()} {owner.decode()}\n" in text, f"{owner.decode()} in a print has no notice")
 
 
 def check_use(prefix, work):
@@ -167,8 +177,9 @@ with tempfile.TemporaryDirectory() as folder:
     os.rename(prefix, moved)
     check_files(moved)
     check_guide(moved)
-    check_notices(moved)
-    check_types(moved, work, check_use(moved, work))
+    telematic = check_use(moved, work)
+    check_notices(moved, work)
+    check_types(moved, work, telematic)
     check_desktop(moved)
 for fault in faults:
     print(fault)
