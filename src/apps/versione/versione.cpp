@@ -66,9 +66,10 @@ std::vector<LibreriaUsata> libreriePrincipali() {
       // Of the headers: the library itself would have to be loaded.
       {"Stampe", "Qt " CU_QT_VERSION},
       {"Fogli elettronici", dellaLibreria([] { return std::string("libxlsxwriter ") + lxw_version(); })},
-      {"Intestazioni delle tabelle", std::string("utf8proc ") + utf8proc_version()},
+      {"Intestazioni delle tabelle",
+       dellaLibreria([] { return std::string("utf8proc ") + utf8proc_version(); })},
       {"Archivi", dellaLibreria([] { return std::string("libzip ") + zip_libzip_version(); })},
-      {"XML", daExpat()},
+      {"XML", dellaLibreria(daExpat)},
       {"Fatture firmate", dellaLibreria([] { return std::string(OpenSSL_version(OPENSSL_VERSION)); })},
       {"Profili", "toml++ " + treNumeri(TOML_LIB_MAJOR, TOML_LIB_MINOR, TOML_LIB_PATCH)},
       {"JSON", "nlohmann-json " + treNumeri(NLOHMANN_JSON_VERSION_MAJOR, NLOHMANN_JSON_VERSION_MINOR,

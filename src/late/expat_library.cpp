@@ -10,6 +10,7 @@ constexpr cu::LateLibrary kExpat(CU_LIBRARY_EXPAT, "I file XML e i fogli elettro
 
 }  // namespace
 
+CU_LATE_0(kExpat, XML_ExpatVersionInfo)
 CU_LATE_1(kExpat, XML_GetCurrentByteCount)
 CU_LATE_1(kExpat, XML_GetCurrentLineNumber)
 CU_LATE_1(kExpat, XML_GetErrorCode)

@@ -10,5 +10,6 @@ constexpr cu::LateLibrary kUtf8proc(CU_LIBRARY_UTF8PROC, "Le intestazioni delle 
 
 }  // namespace
 
+CU_LATE_0(kUtf8proc, utf8proc_version)
 CU_LATE_1(kUtf8proc, utf8proc_category)
 CU_LATE_5(kUtf8proc, utf8proc_decompose_char)
