@@ -109,6 +109,10 @@ def check_layout():
             laid = subprocess.run(["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z", page], env=environment,
                                   capture_output=True, text=True, check=False)
             expect(laid.returncode == 0 and not laid.stderr, f"{page}: {laid.stderr}")
+            # A divided option cannot be copied.
+            narrow = subprocess.run(["man", "-l", page], env=dict(environment, MANWIDTH="60"), capture_output=True,
+                                    text=True, check=False).stdout
+            expect("\u2010\n" not in narrow, f"{page}: a word is divided at the end of a line")
             if shutil.which("lexgrog"):
                 expect(run("lexgrog", page).returncode == 0, f"{page}: no name and purpose for whatis")
 
