@@ -113,7 +113,7 @@ def check_use(prefix, work):
 
 
 # As --version writes the name of a library, where its file has another one; none of those of the compiler.
-WRITTEN = {"odbc": "gestore dei driver", "crypto": "OpenSSL", "sqlite3": "SQLite", "poppler-qt6": "Poppler",
+WRITTEN = {"odbc": "unixODBC", "crypto": "OpenSSL", "sqlite3": "SQLite", "poppler-qt6": "Poppler",
            "stdc++": None, "m": None, "gcc_s": None, "c": None}
 
 

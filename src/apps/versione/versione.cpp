@@ -2,8 +2,6 @@
 
 #include <expat.h>
 #include <openssl/crypto.h>
-#include <sql.h>
-#include <sqlext.h>
 #include <sqlite3.h>
 #include <toml++/impl/version.h>
 #include <utf8proc.h>
@@ -11,7 +9,6 @@
 #include <zip.h>
 
 #include <CLI/Version.hpp>
-#include <array>
 #include <exception>
 #include <nlohmann/json.hpp>
 
@@ -20,26 +17,6 @@ namespace {
 
 std::string treNumeri(int maggiore, int minore, int correzione) {
   return std::to_string(maggiore) + '.' + std::to_string(minore) + '.' + std::to_string(correzione);
-}
-
-// As the driver manager of the system gives it, without a connection.
-std::string gestoreDriver() {
-  SQLHENV ambiente = SQL_NULL_HENV;
-  SQLHDBC connessione = SQL_NULL_HDBC;
-  std::array<SQLCHAR, 64> testo{};
-  bool letto = false;
-  if (SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &ambiente))) {
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): the interface takes the number as a pointer
-    SQLSetEnvAttr(ambiente, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
-    if (SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_DBC, ambiente, &connessione))) {
-      SQLSMALLINT lungo = 0;
-      letto = SQL_SUCCEEDED(
-          SQLGetInfo(connessione, SQL_DM_VER, testo.data(), static_cast<SQLSMALLINT>(testo.size()), &lungo));
-      SQLFreeHandle(SQL_HANDLE_DBC, connessione);
-    }
-    SQLFreeHandle(SQL_HANDLE_ENV, ambiente);
-  }
-  return letto ? std::string(reinterpret_cast<const char*>(testo.data())) : std::string("sconosciuta");
 }
 
 // The library's own text is "expat_2.5.0".
@@ -61,9 +38,9 @@ std::string dellaLibreria(Domanda domanda) {
 std::vector<LibreriaUsata> libreriePrincipali() {
   return {
       {"Database incorporato", std::string("SQLite ") + sqlite3_libversion()},
-      {"Microsoft SQL Server",
-       dellaLibreria([] { return "per ODBC, gestore dei driver " + gestoreDriver(); })},
-      // Of the headers: the library itself would have to be loaded.
+      // Of the headers: the driver manager creates an empty list of drivers for the whole machine where there
+      // is none and it may, and the toolkit would have to be loaded.
+      {"Microsoft SQL Server", "per ODBC, unixODBC " CU_ODBC_VERSION},
       {"Stampe", "Qt " CU_QT_VERSION},
       {"Fogli elettronici", dellaLibreria([] { return std::string("libxlsxwriter ") + lxw_version(); })},
       {"Intestazioni delle tabelle",
