@@ -286,10 +286,11 @@ int comandoMakeAziende(const OpzioniMake& opzioni) {
   const auto indicati = databaseIndicati(*opzioni.aziende, profilo);
   if (!indicati) return kUsoSbagliato;
   bool esclusi = false;
-  const std::vector<DatabaseScelto> database = leggiDatabase(*indicati, [&](const std::string& testo) {
-    esclusi = true;
-    std::cerr << testo << '\n';
-  });
+  const std::vector<DatabaseScelto> database =
+      leggiDatabase(*indicati, &apriConnessione, [&](const std::string& testo) {
+        esclusi = true;
+        std::cerr << testo << '\n';
+      });
   std::vector<AziendaScelta> scelte;
   try {
     scelte = scegliAziende(database, opzioni.aziende->richieste);

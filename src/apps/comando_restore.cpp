@@ -40,7 +40,7 @@ int comandoRestore(const OpzioniRestore& opzioni) {
   }
   if (incorporato) {
     try {
-      requireCopy(opzioni.file);
+      requireCopy(opzioni.file, database->origine);
     } catch (const DatabaseError& rifiuto) {
       std::cerr << rifiuto.what() << '\n';
       return kRifiutato;

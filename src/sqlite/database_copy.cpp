@@ -6,10 +6,10 @@
 #include <system_error>
 
 #include "base/error.h"
-#include "sqlite/open.h"
 #include "sqlite/own_files.h"
 #include "sqlite/page_copy.h"
 #include "sqlite/partial_file.h"
+#include "sqlite/read_only.h"
 #include "sqlite/sole_use.h"
 
 namespace cu {
@@ -26,6 +26,24 @@ constexpr std::array kSideEndings = {"-wal", "-shm", "-journal"};
 bool present(const std::string& file) {
   std::error_code error;
   return fs::exists(fs::symlink_status(file, error));
+}
+
+// Changes whenever somebody writes the database, or begins to.
+struct Written {
+  fs::file_time_type when;
+  std::uintmax_t bytes = 0;
+  bool open = false;
+  bool operator==(const Written&) const = default;
+};
+Written writtenLast(const std::string& database) {
+  std::error_code error;
+  return {fs::last_write_time(database, error), fs::file_size(database, error),
+          present(database + "-wal") || present(database + "-journal")};
+}
+
+void refuseItself(const std::string& copy, const std::string& database) {
+  if (belongsToDatabase(copy, database))
+    refuseFile(DatabaseErrorKind::Exists, "«" + copy + "» è il database stesso: serve una sua copia.");
 }
 
 void requirePlace(const std::string& named, bool replace) {
@@ -58,22 +76,31 @@ void requirePlace(const std::string& named, bool replace) {
 
 DatabaseCopy backUpDatabase(const std::string& database, const std::string& file, bool replace,
                             const CopyObserver& observer) {
-  const sqlite::DatabaseHandle source = sqlite::openFile(database, false);
+  const Written before = writtenLast(database);
+  const sqlite::ReadDatabase source = sqlite::openToRead(database);
   requirePlace(file, replace);
   using sqlite::PartialFile;
   PartialFile partial(file, ".parziale");
-  const DatabaseCopy copy = sqlite::copyPages(source.get(), database, partial.path(), file, observer);
+  const DatabaseCopy copy = sqlite::copyPages(source.handle.get(), database, partial.path(), file, observer);
+  // Of a database that only others may write the engine has no lock.
+  if (source.unchanging && writtenLast(database) != before) {
+    refuseFile(DatabaseErrorKind::Locked, "Il database «" + database +
+                                              "» è stato scritto da un altro programma durante la copia, che "
+                                              "non è stata tenuta: riprovare.");
+  }
   partial.takePlace(replace ? PartialFile::Existing::Replaced : PartialFile::Existing::Rejected);
   return copy;
 }
 
-void requireCopy(const std::string& copy) { sqlite::requireDatabase(copy); }
+void requireCopy(const std::string& copy, const std::string& database) {
+  refuseItself(copy, database);
+  sqlite::requireDatabase(copy);
+}
 
 bool restoreDatabase(const std::string& copy, const std::string& database, const std::string& kept,
                      const std::function<void(const std::string& file)>& accept,
                      const CopyObserver& observer) {
-  if (belongsToDatabase(copy, database))
-    refuseFile(DatabaseErrorKind::Exists, "«" + copy + "» è il database stesso: serve una sua copia.");
+  refuseItself(copy, database);
   using sqlite::PartialFile;
   std::error_code error;
   const auto status = fs::status(database, error);

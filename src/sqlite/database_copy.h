@@ -28,9 +28,9 @@ struct DatabaseCopy {
 DatabaseCopy backUpDatabase(const std::string& database, const std::string& file, bool replace,
                             const CopyObserver& observer = {});
 
-// Raises DatabaseError where a file is missing, cannot be read or is no database, before somebody is asked
-// whether it shall replace one.
-void requireCopy(const std::string& copy);
+// Raises DatabaseError where a file is missing, cannot be read, is no database or the one that it would
+// replace, before somebody is asked whether it shall.
+void requireCopy(const std::string& copy, const std::string& database);
 
 // Puts a copy in the place of an embedded database, which may be missing. It is copied and examined beside
 // its place; `accept` raises what is wrong with it, given a file that it may open. Nobody else may have the

@@ -90,8 +90,23 @@ bool examine(const std::string& path, bool create) {
   throw DatabaseError(told.kind(), code, "", "Database " + inGuillemets(path) + ": " + told.what());
 }
 
-// An index on a text has the order of its creator, while this connection orders texts differently: look-ups
-// in it would fail. This program creates none.
+bool run(sqlite3* database, const char* sql) {
+  return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+}  // namespace
+
+void prepareConnection(sqlite3* database) {
+  sqlite3_extended_result_codes(database, 1);
+  sqlite3_busy_timeout(database, kPatience);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, database, kBloomFilter);
+  installFunctions(database);
+}
+
 void refuseTextIndexes(sqlite3* database, const std::string& path) {
   const StatementHandle query = prepare(database,
                                         "SELECT t.name, i.name FROM sqlite_schema AS t, "
@@ -105,12 +120,6 @@ void refuseTextIndexes(sqlite3* database, const std::string& path) {
                           std::string(columnText(query.get(), 1)) + "» sulla tabella " +
                           std::string(columnText(query.get(), 0)) + ". Eliminarlo con quel programma.");
 }
-
-bool run(sqlite3* database, const char* sql) {
-  return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
-}
-
-}  // namespace
 
 DatabaseHandle openFile(const std::string& path, bool create) {
   // The engine's memory statistics are not used, and cost a lock per allocation. The setting has no effect
@@ -131,14 +140,7 @@ DatabaseHandle openFile(const std::string& path, bool create) {
   DatabaseHandle database(raw);
   if (code != SQLITE_OK) explain(raw, path);
   if (isNew) restrictToOwner(name);  // the engine has created what a link named
-  sqlite3_extended_result_codes(raw, 1);
-  sqlite3_busy_timeout(raw, kPatience);
-  sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-  sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
-  sqlite3_db_config(raw, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-  sqlite3_db_config(raw, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, raw, kBloomFilter);
-  installFunctions(raw);
+  prepareConnection(raw);
   // The first read of the file shows whether it is a database.
   if (!run(raw, "SELECT count(*) FROM sqlite_schema")) explain(raw, path);
   // It may have waited for somebody who put another file in the place; the files beside it are the other's.

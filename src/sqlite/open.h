@@ -10,4 +10,11 @@ namespace cu::sqlite {
 // remedy.
 DatabaseHandle openFile(const std::string& path, bool create);
 
+// What every connection of this program has, whether it may write or not.
+void prepareConnection(sqlite3* database);
+
+// An index on a text has the order of its creator, while a connection orders texts differently: look-ups in
+// it would fail. This program creates none; DatabaseError names one.
+void refuseTextIndexes(sqlite3* database, const std::string& path);
+
 }  // namespace cu::sqlite

@@ -12,6 +12,7 @@
 
 #include "sqlite/errors.h"
 #include "sqlite/own_files.h"
+#include "sqlite/read_only.h"
 
 namespace cu::sqlite {
 namespace {
@@ -65,6 +66,8 @@ DatabaseHandle openFlags(const std::string& name, int flags, int& code) {
   DatabaseHandle handle(raw);
   if (raw == nullptr) throw errorOf(SQLITE_NOMEM, "", "");
   sqlite3_extended_result_codes(raw, 1);
+  constexpr int kPatienceForWriter = 5000;  // milliseconds
+  sqlite3_busy_timeout(raw, kPatienceForWriter);
   return handle;
 }
 
@@ -220,28 +223,11 @@ DatabaseHandle openToCopy(const std::string& file) {
   if (!own) std::ifstream(file, std::ios::binary).read(head.data(), head.size());
   const bool logged = head.back() == 2;
   const bool alone = logged && !std::filesystem::exists(file + "-wal", error);
-  std::string name = file.starts_with("file:") ? "./" + file : file;
-  if (alone) {
-    std::string address;
-    for (const char c : name) {
-      if (c == '%' || c == '?' || c == '#') {
-        constexpr const char* kDigits = "0123456789ABCDEF";
-        const auto byte = static_cast<unsigned char>(c);
-        address += '%';
-        address += kDigits[byte >> 4U];
-        address += kDigits[byte & 0xFU];
-      } else {
-        address += c;
-      }
-    }
-    name = "file:" + address + "?immutable=1";
-  }
   int code = SQLITE_OK;
-  DatabaseHandle handle = openFlags(
-      name, (own ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY) | (alone ? SQLITE_OPEN_URI : 0), code);
+  DatabaseHandle handle =
+      own ? openFlags(file.starts_with("file:") ? "./" + file : file, SQLITE_OPEN_READWRITE, code)
+          : openUnwritten(file, alone, code);
   if (code != SQLITE_OK) sourceFails(code, sqlite3_errmsg(handle.get()), file);
-  constexpr int kPatienceForWriter = 5000;  // milliseconds
-  sqlite3_busy_timeout(handle.get(), kPatienceForWriter);
   return handle;
 }
 

@@ -5,6 +5,7 @@
 #include "sqlite/engine.h"
 #include "sqlite/open.h"
 #include "sqlite/patience.h"
+#include "sqlite/read_only.h"
 
 namespace cu {
 
@@ -20,6 +21,11 @@ SqliteConnection::~SqliteConnection() = default;
 std::unique_ptr<SqliteConnection> SqliteConnection::open(const std::string& path) {
   return std::unique_ptr<SqliteConnection>(
       new SqliteConnection(std::make_unique<State>(sqlite::openFile(path, false))));
+}
+
+std::unique_ptr<SqliteConnection> SqliteConnection::openToRead(const std::string& path) {
+  return std::unique_ptr<SqliteConnection>(
+      new SqliteConnection(std::make_unique<State>(sqlite::openToRead(path).handle)));
 }
 
 std::unique_ptr<SqliteConnection> SqliteConnection::create(const std::string& path) {

@@ -20,6 +20,9 @@ namespace cu {
 class SqliteConnection final : public Connection {
  public:
   static std::unique_ptr<SqliteConnection> open(const std::string& path);  // an existing database
+  // The same for one that is only read: it may be one that this process may not write. A statement that
+  // writes then raises DatabaseError.
+  static std::unique_ptr<SqliteConnection> openToRead(const std::string& path);
   // Opens a database to be filled: a new file, or an existing one. ":memory:" is a private one.
   static std::unique_ptr<SqliteConnection> create(const std::string& path);
   ~SqliteConnection() override;

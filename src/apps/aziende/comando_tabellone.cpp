@@ -6,6 +6,7 @@
 
 #include "apps/aziende/tabellone_letto.h"
 #include "apps/comune/codici_uscita.h"
+#include "apps/comune/connessioni.h"
 #include "apps/comune/modello_del_profilo.h"
 #include "apps/comune/registro_programma.h"
 #include "apps/comune/tavola.h"
@@ -111,10 +112,11 @@ int comandoTabellone(const OpzioniTabellone& opzioni) {
   const auto indicati = databaseIndicati(opzioni.aziende, profilo);
   if (!indicati) return kUsoSbagliato;
   int stato = kRiuscito;
-  const std::vector<DatabaseScelto> database = leggiDatabase(*indicati, [&](const std::string& testo) {
-    stato = kRifiutato;
-    std::cerr << testo << '\n';
-  });
+  const std::vector<DatabaseScelto> database =
+      leggiDatabase(*indicati, &apriPerLeggere, [&](const std::string& testo) {
+        stato = kRifiutato;
+        std::cerr << testo << '\n';
+      });
   const Date oggi = orologio(profilo)->today();
   std::vector<VoceTabellone> voci;
   try {

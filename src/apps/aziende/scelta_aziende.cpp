@@ -113,7 +113,7 @@ void togliDoppi(std::vector<Profilo::Database>& database) {
 
 }  // namespace
 
-std::vector<DatabaseScelto> leggiDatabase(std::vector<Profilo::Database> database,
+std::vector<DatabaseScelto> leggiDatabase(std::vector<Profilo::Database> database, AperturaDatabase apri,
                                           const std::function<void(const std::string& testo)>& escluso) {
   togliDoppi(database);
   std::vector<DatabaseScelto> letti;
@@ -125,7 +125,7 @@ std::vector<DatabaseScelto> leggiDatabase(std::vector<Profilo::Database> databas
     chiediPassword(uno);
     letti.push_back({nome, uno, {}});
     try {
-      letti.back().aziende = aziendeDelDatabase(*apriConnessione(uno));
+      letti.back().aziende = aziendeDelDatabase(*apri(uno));
     } catch (const DatabaseError& errore) {
       if (!escluso || database.size() < 2) throw;
       escluso(nome + ": " + errore.description());

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "apps/comune/aziende_database.h"
+#include "apps/comune/connessioni.h"
 #include "suite/profilo.h"
 
 // Runs for many companies: which ones, and what each of them has of its own.
@@ -20,10 +21,10 @@ struct DatabaseScelto {
   std::vector<AziendaTrovata> aziende;
 };
 
-// Opens each database and reads its companies; a password is asked for once. The same file given twice is one
-// database. Errors rise as they are; where `escluso` is given and there are several databases, one that
-// cannot be read has no companies, and its error's text goes there.
-std::vector<DatabaseScelto> leggiDatabase(std::vector<Profilo::Database> database,
+// Opens each database by `apri` and reads its companies; a password is asked for once. The same file given
+// twice is one database. Errors rise as they are; where `escluso` is given and there are several databases,
+// one that cannot be read has no companies, and its error's text goes there.
+std::vector<DatabaseScelto> leggiDatabase(std::vector<Profilo::Database> database, AperturaDatabase apri,
                                           const std::function<void(const std::string& testo)>& escluso = {});
 
 struct AziendaScelta {

@@ -47,7 +47,7 @@ std::vector<VoceTabellone> leggiTabellone(const std::vector<DatabaseScelto>& dat
   connessioni.reserve(database.size());
   // One without companies may be one that could not be opened.
   for (const DatabaseScelto& uno : database) {
-    connessioni.push_back(uno.aziende.empty() ? nullptr : apriConnessione(uno.database));
+    connessioni.push_back(uno.aziende.empty() ? nullptr : apriPerLeggere(uno.database));
   }
   const std::vector<Lavoro> tutti = lavori(database, connessioni, richiesta);
   std::size_t righe = 0;

@@ -46,11 +46,13 @@ void esigiSuite(Connection& connessione, const std::string& senza) {
                           "database con «cuctl create».");
 }
 
-std::unique_ptr<Connection> aperta(const Profilo::Database& database) {
+using ApriFile = std::unique_ptr<SqliteConnection> (*)(const std::string& file);
+
+std::unique_ptr<Connection> aperta(const Profilo::Database& database, ApriFile apri) {
   segnalaPermessi(database);
   switch (database.motore) {
     case Profilo::Motore::Sqlite: {
-      auto file = SqliteConnection::open(database.origine);
+      auto file = apri(database.origine);
       if (database.secondiAttesa) {
         file->setPatience(*database.secondiAttesa * kMillesimi, [nome = database.origine] {
           std::cerr << "Il database «" << nome << "» è occupato da un altro programma: si attende."
@@ -84,6 +86,11 @@ const char* nomeMotore(const Profilo::Database& database) {
   return database.motore == Profilo::Motore::Sqlite ? "sqlite" : "odbc";
 }
 
+std::unique_ptr<Connection> annotata(const Profilo::Database& database, ApriFile apri) {
+  return withLog(logged({.operation = "apertura database", .detail = nomeMotore(database)},
+                        [&] { return aperta(database, apri); }));
+}
+
 }  // namespace
 
 std::optional<Profilo::Database> databaseIndicato(const OpzioniDatabase& opzioni) {
@@ -113,8 +120,11 @@ void ricordaDatabase(const Profilo::Database& database) {
 }
 
 std::unique_ptr<Connection> apriConnessione(const Profilo::Database& database) {
-  return withLog(logged({.operation = "apertura database", .detail = nomeMotore(database)},
-                        [&] { return aperta(database); }));
+  return annotata(database, &SqliteConnection::open);
+}
+
+std::unique_ptr<Connection> apriPerLeggere(const Profilo::Database& database) {
+  return annotata(database, &SqliteConnection::openToRead);
 }
 
 std::unique_ptr<Connection> creaConnessione(const Profilo::Database& database) {

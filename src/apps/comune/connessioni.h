@@ -36,6 +36,11 @@ void ricordaDatabase(const Profilo::Database& database);
 // Missing security of a server's connection is reported on standard error.
 std::unique_ptr<Connection> apriConnessione(const Profilo::Database& database);
 
+// The same for what only reads: an embedded database may be one that the user may not write.
+std::unique_ptr<Connection> apriPerLeggere(const Profilo::Database& database);
+// One of these two.
+using AperturaDatabase = std::unique_ptr<Connection> (*)(const Profilo::Database& database);
+
 // Opens or creates a database to be filled.
 std::unique_ptr<Connection> creaConnessione(const Profilo::Database& database);
 

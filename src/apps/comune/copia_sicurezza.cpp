@@ -36,7 +36,7 @@ void soloDellaSuite(const std::string& database) {
     rifiutaCopia(DatabaseErrorKind::NoSchema,
                  "Il file «" + database + "» è vuoto: non c'è niente da copiare.");
   }
-  if (contieneSuite(*SqliteConnection::open(database))) return;
+  if (contieneSuite(*SqliteConnection::openToRead(database))) return;
   rifiutaCopia(DatabaseErrorKind::NoSchema,
                "Il file «" + database +
                    "» è un database, ma non di questo programma: non contiene le "

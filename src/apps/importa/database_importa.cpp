@@ -28,10 +28,10 @@ void rifiutaDatabase(const char* opzione, const std::string& file, const Opzioni
     throw UsoSbagliato(std::string(opzione) + ": " + file + " è il database");
 }
 
-DatabaseSuite apriDatabase(const OpzioniDatabase& opzioni) {
+DatabaseSuite apriDatabase(const OpzioniDatabase& opzioni, AperturaDatabase apri) {
   const auto database = databaseIndicato(opzioni);
   if (!database) throw UsoSbagliato(std::string());
-  return {apriConnessione(*database), nullptr};
+  return {apri(*database), nullptr};
 }
 
 std::int32_t aziendaDi(Connection& connessione, const std::string& codiceOId) {

@@ -24,8 +24,8 @@ bool stessoFile(const std::string& uno, const std::string& altro);
 // A file to be written that is the embedded database itself is UsoSbagliato, named by its option.
 void rifiutaDatabase(const char* opzione, const std::string& file, const OpzioniDatabase& database);
 
-// Opens the database of a command. UsoSbagliato for an address that is none; DatabaseError.
-DatabaseSuite apriDatabase(const OpzioniDatabase& opzioni);
+// Opens the database of a command by `apri`. UsoSbagliato for an address that is none; DatabaseError.
+DatabaseSuite apriDatabase(const OpzioniDatabase& opzioni, AperturaDatabase apri = &apriConnessione);
 
 // The company of a fiscal code or id. UsoSbagliato for one that the database does not have.
 std::int32_t aziendaDi(Connection& connessione, const std::string& codiceOId);

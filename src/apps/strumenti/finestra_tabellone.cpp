@@ -8,6 +8,7 @@
 #include <functional>
 #include <set>
 
+#include "apps/comune/connessioni.h"
 #include "apps/comune/modello_del_profilo.h"
 #include "apps/strumenti/finestra_stato.h"
 #include "apps/strumenti/frase.h"
@@ -190,7 +191,7 @@ void FinestraTabellone::leggi() {
                 richiesta.avanza = [this](std::size_t righe, std::size_t quante) {
                   lavoro().avanza("Lettura delle aziende", quante, righe);
                 };
-                *lette = leggiTabellone(leggiDatabase({profilo.database}), richiesta);
+                *lette = leggiTabellone(leggiDatabase({profilo.database}, &apriPerLeggere), richiesta);
               },
           .finito =
               [this, lette](const Lavoro::Esito& esito) {

@@ -6,6 +6,7 @@
 #include <limits>
 #include <set>
 
+#include "apps/comune/connessioni.h"
 #include "archive/archivio.h"
 #include "sqlite/sqlite_connection.h"
 #include "support/temp_folder.h"
@@ -141,7 +142,7 @@ TEST(LeggiDatabase, GivesTheCompaniesOfEachAndDifferentNames) {
                  {.percipienti = 2, .primoAnno = 2017, .ultimoAnno = 2017, .aziende = 3});
     indicati.push_back(uno);
   }
-  const auto letti = leggiDatabase(indicati);
+  const auto letti = leggiDatabase(indicati, &apriConnessione);
   ASSERT_EQ(letti.size(), 2U);
   EXPECT_EQ(letti[0].nome, "Studio_Rossi");
   EXPECT_EQ(letti[1].nome, "Studio_Rossi-2");

@@ -1,0 +1,88 @@
+#include "sqlite/read_only.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "sqlite/errors.h"
+#include "sqlite/open.h"
+
+namespace cu::sqlite {
+namespace {
+
+constexpr int kPatienceForWriter = 5000;  // milliseconds
+
+bool presentFile(const std::string& file) {
+  std::error_code error;
+  return std::filesystem::exists(file, error);
+}
+
+// A file's name as an address of the engine.
+std::string unchangingAddress(const std::string& name) {
+  std::string address = "file:";
+  for (const char c : name) {
+    if (c == '%' || c == '?' || c == '#') {
+      constexpr const char* kDigits = "0123456789ABCDEF";
+      const auto byte = static_cast<unsigned char>(c);
+      address += '%';
+      address += kDigits[byte >> 4U];
+      address += kDigits[byte & 0xFU];
+    } else {
+      address += c;
+    }
+  }
+  return address + "?immutable=1";
+}
+
+[[noreturn]] void cannotRead(sqlite3* database, const std::string& path) {
+  const int code = codeOf(database);
+  for (const char* const ending : {"-wal", "-journal"}) {
+    const std::string side = path + ending;
+    const int kind = code & 0xFF;
+    if (!presentFile(side) || (kind != SQLITE_CANTOPEN && kind != SQLITE_READONLY)) continue;
+    throw DatabaseError(
+        DatabaseErrorKind::ReadOnly, code, "",
+        "Il database «" + path + "» è di sola lettura, e accanto c'è «" + side +
+            "» con modifiche che non sono ancora nel file: si legge solo dopo che chi lo può "
+            "scrivere lo ha aperto e chiuso, o copiando tutti e due i file in un'altra cartella.");
+  }
+  const DatabaseError told = errorOf(code, sqlite3_errmsg(database), "");
+  throw DatabaseError(told.kind(), code, "", "Database «" + path + "»: " + told.what());
+}
+
+}  // namespace
+
+DatabaseHandle openUnwritten(const std::string& file, bool unchanging, int& code) {
+  // A file name that looks like a URI is still a file name.
+  std::string name = file.starts_with("file:") ? "./" + file : file;
+  if (unchanging) name = unchangingAddress(name);
+  sqlite3* raw = nullptr;
+  const int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX | (unchanging ? SQLITE_OPEN_URI : 0);
+  code = sqlite3_open_v2(name.c_str(), &raw, flags, nullptr);
+  DatabaseHandle handle(raw);
+  if (raw == nullptr) throw errorOf(SQLITE_NOMEM, "", "");
+  sqlite3_extended_result_codes(raw, 1);
+  sqlite3_busy_timeout(raw, kPatienceForWriter);
+  return handle;
+}
+
+ReadDatabase openToRead(const std::string& path) {
+  try {
+    return {openFile(path, false), false};
+  } catch (const DatabaseError& refusal) {
+    if (refusal.kind() != DatabaseErrorKind::ReadOnly) throw;
+  }
+  // Whoever writes it has one of these files beside it. Without them the engine would have to make them.
+  const bool unchanging = !presentFile(path + "-wal") && !presentFile(path + "-journal");
+  int code = SQLITE_OK;
+  ReadDatabase database{openUnwritten(path, unchanging, code), unchanging};
+  sqlite3* const raw = database.handle.get();
+  if (code != SQLITE_OK) cannotRead(raw, path);
+  prepareConnection(raw);
+  for (const char* const sql : {"SELECT count(*) FROM sqlite_schema", "PRAGMA temp_store = MEMORY"}) {
+    if (sqlite3_exec(raw, sql, nullptr, nullptr, nullptr) != SQLITE_OK) cannotRead(raw, path);
+  }
+  refuseTextIndexes(raw, path);
+  return database;
+}
+
+}  // namespace cu::sqlite
