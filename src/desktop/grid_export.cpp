@@ -15,10 +15,11 @@ namespace {
   throw Error(kErrorPathAccess, utf8(QStringLiteral("%1 non si può scrivere: %2").arg(path, why)));
 }
 
-// Of a file that gets its name afterwards; `named` is what the user knows.
+// Of a file that gets its name afterwards, and that its owner alone can read; `named` is what the user knows.
 void writeText(const QString& path, const std::string& content, const QString& named) {
+  QFile::remove(path);
   QFile file(path);
-  if (!file.open(QIODevice::WriteOnly) ||
+  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner) ||
       file.write(content.data(), static_cast<qint64>(content.size())) !=
           static_cast<qint64>(content.size()) ||
       !file.flush()) {
@@ -55,6 +56,7 @@ void writeTable(const tabelle::TabellaDaScrivere& table, const QString& path) {
     } else {
       writeText(unfinished, tabelle::scriviCsv(table), path);
     }
+    if (QFile::exists(path)) QFile::setPermissions(unfinished, QFile::permissions(path));
     std::error_code failed;
     std::filesystem::rename(utf8(unfinished), utf8(path), failed);
     if (failed) cannotWrite(path, QString::fromStdString(failed.message()));

@@ -27,6 +27,7 @@
 #include "desktop/look.h"
 #include "desktop/row_marks.h"
 #include "desktop/totals_table.h"
+#include "support/umask.h"
 #include "tabelle/lettura.h"
 
 namespace cu::test {
@@ -297,6 +298,17 @@ TEST_F(GridExport, WritesTheRowsAndColumnsAsTheyAreSeen) {
       EXPECT_EQ(Decimal::parse(amount), Decimal::parse(stored(model().gridRow(row), "AmmontareLordo")))
           << name;
     }
+  }
+}
+
+TEST_F(GridExport, ANewFileIsItsOwnersAloneAndAnExistingOneKeepsItsReaders) {
+  const Umask open(0);
+  for (const char* name : {"righe.csv", "righe.xlsx"}) {
+    exported(name);
+    EXPECT_EQ(modeOf(path.toStdString()), 0600U) << name;
+    EXPECT_TRUE(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
+    exported(name);
+    EXPECT_EQ(modeOf(path.toStdString()), 0640U) << name;
   }
 }
 

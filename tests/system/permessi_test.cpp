@@ -45,6 +45,19 @@ TEST_P(Permessi, CioCheSiConservaESoloDelProprietario) {
         0);
     EXPECT_EQ(modeOf(posto.cartella() / resoconto), 0600U);
   }
+  for (const char* tabella : {"p.csv", "p.xlsx"}) {
+    EXPECT_EQ(posto
+                  .cuctl({"export", "payees", "--output", tabella, "--database", posto.indirizzo(),
+                          "--company", "1", "--password-env", kVariabilePassword})
+                  .codice,
+              0);
+    EXPECT_EQ(modeOf(posto.cartella() / tabella), 0600U);
+  }
+  std::string telematico;
+  for (const auto& voce : std::filesystem::recursive_directory_iterator(posto.cartella() / "Documenti"))
+    if (voce.path().filename().string().starts_with("CUR_")) telematico = voce.path().string();
+  EXPECT_EQ(posto.cuctl({"inspect", telematico, "--csv", "c.csv", "--xlsx", "c.xlsx"}).codice, 0);
+  for (const char* tabella : {"c.csv", "c.xlsx"}) EXPECT_EQ(modeOf(posto.cartella() / tabella), 0600U);
 }
 
 TEST_P(Permessi, CioCheSiConsegnaSegueLaUmask) {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/decimal.h"
+#include "platform/owner_only.h"
 #include "suite/platform_file.h"
 
 namespace cu {
@@ -46,10 +47,11 @@ void TabellaCertificati::certificato(const lettura::Certificato& c) {
 }
 
 void TabellaCertificati::scriviCsv(const std::string& percorso) const {
-  replaceFile(percorso, tabelle::scriviCsv(tabella_));
+  replaceFile(percorso, tabelle::scriviCsv(tabella_), NewFile::OwnerOnly);
 }
 
 void TabellaCertificati::scriviXlsx(const std::string& percorso) const {
+  createOwnerOnlyFile(percorso);
   tabelle::scriviXlsx(percorso, tabella_, {});
 }
 

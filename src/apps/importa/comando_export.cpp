@@ -50,11 +50,11 @@ tabelle::TabellaDaScrivere tabellaDi(intake::Esportazione&& esportate) {
 int comandoExport(const OpzioniExport& opzioni) {
   try {
     rifiutaDatabase("--output", opzioni.file, opzioni.database);
-    DatabaseSuite database = apriDatabase(opzioni.database);
+    DatabaseSuite database = apriDatabase(opzioni.database, &apriPerLeggere);
     intake::Esportazione esportate = esporta(database.ownConnection(), opzioni);
     const std::size_t righe = esportate.righe.size();
     const std::vector<std::string> tralasciati = std::move(esportate.tralasciati);
-    scriviTabelle(opzioni.file, {tabellaDi(std::move(esportate))});
+    scriviTabelle(opzioni.file, {tabellaDi(std::move(esportate))}, NewFile::OwnerOnly);
     for (const std::string& tralasciato : tralasciati) std::cerr << "Tralasciato: " << tralasciato << '\n';
     std::cout << "Righe esportate: " << righe << ", in " << opzioni.file << '\n';
     return kRiuscito;

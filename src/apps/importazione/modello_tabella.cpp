@@ -138,9 +138,9 @@ std::vector<tabelle::TabellaDaScrivere> modelloTabella(Elenco elenco) {
 
 void scriviModello(const std::string& file, Elenco elenco) {
   if (fileDiUnaTabella(file)) {
-    scriviTabelle(file, {daCompilare(elenco)});
+    scriviTabelle(file, {daCompilare(elenco)}, NewFile::AsUsual);
   } else {
-    scriviTabelle(file, modelloTabella(elenco));
+    scriviTabelle(file, modelloTabella(elenco), NewFile::AsUsual);
   }
 }
 

@@ -1,7 +1,7 @@
 #include "apps/importazione/scrittura_tabella.h"
 
 #include "base/text.h"
-#include "suite/platform_file.h"
+#include "platform/owner_only.h"
 #include "suite/support_log.h"
 
 namespace cu {
@@ -18,11 +18,13 @@ bool fileDiTabella(const std::string& file) { return fileDiUnaTabella(file) || f
 
 bool fileDiUnaTabella(const std::string& file) { return finisceIn(file, ".csv"); }
 
-void scriviTabelle(const std::string& file, const std::vector<tabelle::TabellaDaScrivere>& tabelle) {
+void scriviTabelle(const std::string& file, const std::vector<tabelle::TabellaDaScrivere>& tabelle,
+                   NewFile lettori) {
   logged({.operation = "file", .detail = "tabella"}, [&] {
     if (fileDiUnaTabella(file)) {
-      replaceFile(file, tabelle::scriviCsv(tabelle.front()));
+      replaceFile(file, tabelle::scriviCsv(tabelle.front()), lettori);
     } else {
+      if (lettori == NewFile::OwnerOnly) createOwnerOnlyFile(file);
       tabelle::scriviXlsx(file, tabelle, {});
     }
   });

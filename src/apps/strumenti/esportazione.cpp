@@ -30,10 +30,10 @@ QString scriviTabella(const QAbstractItemModel& modello, const QString& percorso
   const std::string file = percorso.toStdString();
   try {
     if (!percorso.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive)) {
-      replaceFile(file, tabelle::scriviCsv(comeMostrata(modello)));
+      replaceFile(file, tabelle::scriviCsv(comeMostrata(modello)), NewFile::OwnerOnly);
     } else {
       // The library for workbooks reports a file that cannot be made in words of its own.
-      replaceFile(file, {});
+      replaceFile(file, {}, NewFile::OwnerOnly);
       tabelle::scriviXlsx(file, comeMostrata(modello), {});
     }
   } catch (const Error& errore) {

@@ -365,7 +365,7 @@ TEST_F(AssistenteImportazione, GoesFromAnEmptyDatabaseToPayments) {
   Assistente assistente(vuoto.ambiente());
   for (const Elenco elenco : {Elenco::Aziende, Elenco::Percipienti, Elenco::Compensi}) {
     const std::string file = vuoto.cartella / (std::string(intake::nome(elenco)) + ".xlsx");
-    scriviTabelle(file, modelloTabella(elenco));
+    scriviTabelle(file, modelloTabella(elenco), NewFile::AsUsual);
     assistente.aggiungi({file});
     finoAllaProva(assistente);
     ASSERT_EQ(assistente.passo(), Passo::Prova) << assistente.impedimento();
