@@ -18,29 +18,18 @@
 #include "apps/avvio/finestra_avvio.h"
 #include "apps/avvio/messaggio_avvio.h"
 #include "apps/avvio/password_finestra.h"
+#include "apps/avvio/procedura.h"
 #include "apps/avvio/scelta_avvio.h"
-#include "apps/comune/chiavi_righe.h"
 #include "apps/comune/codici_uscita.h"
-#include "apps/comune/colonne_percipienti.h"
-#include "apps/comune/connessioni.h"
-#include "apps/comune/impianto.h"
-#include "apps/comune/modello_del_profilo.h"
 #include "apps/comune/registro_programma.h"
-#include "apps/esame/dopo_scrittura.h"
-#include "apps/esame/testo_rilievi.h"
-#include "apps/strumenti/copia_archivio.h"
 #include "apps/strumenti/registro_finestre.h"
 #include "apps/strumenti/strumenti.h"
 #include "apps/versione/versione.h"
-#include "base/error.h"
 #include "desktop/about.h"
 #include "desktop/file_dialog.h"
 #include "desktop/look.h"
-#include "desktop/qt_front_end.h"
 #include "desktop/window_memory.h"
-#include "reporting/pdf_reports.h"
 #include "sqlite/own_files.h"
-#include "suite/orologio.h"
 #include "suite/profilo.h"
 #include "uso.h"
 #include "uso_finestra.h"
@@ -105,68 +94,6 @@ int finoAgliStrumenti() {
   return QApplication::exec();
 }
 
-// A file that was just written is read again and kept on record. One with errors is shown, any other is
-// offered.
-void controllaFile(const FileCreato& file, Connection& connessione, const Profilo& profilo,
-                   desktop::QtFrontEnd& schermo) {
-  const DopoScrittura dopo = dopoScrittura(
-      connessione, *orologio(profilo),
-      {file.percorso, file.tipo, file.anno, profilo.sessione.azienda, &schermo, modelloDi(profilo)});
-  if (!dopo.guasto.empty()) schermo.told("Il file non si è potuto controllare: " + dopo.guasto);
-  if (dopo.guasto.empty()) schermo.told("Controllo: " + dettoConteggio(dopo.rilievi) + ".");
-  const QString percorso = QString::fromStdString(file.percorso);
-  const bool rilievi = dopo.rilievi.errori() + dopo.rilievi.avvisi() > 0;
-  schermo.offer({rilievi ? QStringLiteral("Vedi i rilievi") : QStringLiteral("Vedi il file telematico"),
-                 percorso, [percorso, profilo] { strumenti::apriFile(percorso, profilo); }});
-  if (dopo.rilievi.errori() > 0) strumenti::apriFile(percorso, profilo);
-}
-
-// Of a start without a profile the year is kept for the start window.
-void ricordaAnnoDi(const Profilo& profilo, ModMain& programma) {
-  if (profilo.file != kAvvioSenzaProfilo || programma.wizard() == nullptr) return;
-  const SceltaAvvio scelta = SceltaAvvio::ricordata();
-  ricordaAnno(scelta.server.testo.isEmpty() ? scelta.database : scelta.server.testo, profilo.sessione.azienda,
-              QString::fromStdString(programma.wizard()->KRNCboEsCont0.text()));
-}
-
-int avvia(const Profilo& profilo) {
-  desktop::setAbout(
-      [profilo] { return testoInformazioni(versione(), CartelleAvvio::delUtente(), &profilo); });
-  desktop::QtFrontEnd schermo(cartellaGuida(QString::fromStdString(profilo.sessione.cartellaGuida)));
-  strumenti::registraEventi(schermo);
-  Impianto impianto(profilo, schermo, PdfReports::crea, [&](const FileCreato& file, Connection& connessione) {
-    controllaFile(file, connessione, profilo, schermo);
-  });
-  schermo.furtherColumns = [&](const LookupTable& elenco) {
-    return colonnePercipienti(profilo.database, elenco);
-  };
-  schermo.rowKeys = [&](const std::string& istruzione) { return chiaviRighe(profilo.database, istruzione); };
-  schermo.onAllClosed = [&] {
-    ricordaAnnoDi(profilo, impianto.programma());
-    if (strumenti::aperti()) {
-      QGuiApplication::setQuitOnLastWindowClosed(true);
-    } else {
-      QCoreApplication::quit();
-    }
-  };
-  strumenti::offriCopie(schermo, profilo.database);
-  bool avviato = false;
-  schermo.runEvent([&] {
-    try {
-      impianto.programma().main();
-      avviato = true;
-    } catch (const DatabaseError& errore) {
-      mostraErroreAvvio(errore);
-    }
-  });
-  if (!avviato || impianto.avvioRifiutato()) return kRifiutato;
-  if (schermo.anyOpen()) return QApplication::exec();
-  if (profilo.sessione.processi.empty()) {
-    std::cerr << profilo.file << ": session.processes non indica nessun processo: non c'è nulla da fare\n";
-  }
-  return kRiuscito;
-}
-
 int esegui(const OpzioniFinestra& opzioni) {
   chiediPasswordInFinestra();
   desktop::setAbout([] { return testoInformazioni(versione(), CartelleAvvio::delUtente(), nullptr); });
@@ -207,7 +134,9 @@ int esegui(const OpzioniFinestra& opzioni) {
     unico.reset();
   }
   avvisaPermessi(profilo->database);
-  return avvia(*profilo);
+  desktop::setAbout(
+      [suo = *profilo] { return testoInformazioni(versione(), CartelleAvvio::delUtente(), &suo); });
+  return eseguiProcedura(*profilo, cartellaGuida(QString::fromStdString(profilo->sessione.cartellaGuida)));
 }
 
 // The help, the version, and a machine without a screen are handled before the toolkit starts, which would

@@ -59,7 +59,7 @@ class OwnTools : public ::testing::Test {
 
   Screen screen_{247, Profilo::MotoreStampa::Registro,
                  [](desktop::QtFrontEnd& screen, const Profilo& profile) {
-                   strumenti::offriCopie(screen, profile.database);
+                   strumenti::offriCopie(screen, profile.database, [](QWidget*) {});
                  }};
   QString proposed_;
 };
@@ -119,7 +119,7 @@ TEST(NoOwnTools, AServersDatabaseHasNone) {
   desktop::QtFrontEnd screen;
   Profilo::Database server;
   server.motore = Profilo::Motore::Odbc;
-  strumenti::offriCopie(screen, server);
+  strumenti::offriCopie(screen, server, [](QWidget*) {});
   EXPECT_TRUE(screen.ownTools.empty());
   EXPECT_FALSE(screen.belowOutlook);
 }

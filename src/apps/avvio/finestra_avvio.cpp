@@ -208,9 +208,11 @@ void FinestraAvvio::nuovoArchivio() {
 void FinestraAvvio::ripristina() {
   if (staAlServer()) {
     avvisa(QStringLiteral("Le copie di un database su un server si fanno e si ripristinano sul server."));
-  } else if (strumenti::ripristinaCopia(this, scelta().suo(cartelle_.databaseDimostrativo()))) {
-    rileggiAziende();
+    return;
   }
+  const Profilo::Database suo = scelta().suo(cartelle_.databaseDimostrativo());
+  const auto scelto = strumenti::chiediRipristino(this, suo);
+  if (scelto && strumenti::ripristina(this, suo, *scelto)) rileggiAziende();
 }
 
 // One database is worked on in one place: the start window comes back when the forms are closed.

@@ -12,14 +12,18 @@
 #include "apps/comune/copia_sicurezza.h"
 #include "apps/strumenti/dialogo_lavoro.h"
 #include "apps/strumenti/frase.h"
+#include "base/error.h"
 #include "desktop/file_dialog.h"
 #include "desktop/qt_front_end.h"
+#include "desktop/text.h"
+#include "sqlite/database_copy.h"
 #include "suite/orologio.h"
 
 namespace cu::strumenti {
 namespace {
 
 const QString kUsoCopie = QStringLiteral("copie");
+const QString kTitoloRipristino = QStringLiteral("Ripristina una copia");
 const QString kFiltroCopie = QStringLiteral("Database (*.db *.sqlite);;Tutti i file (*)");
 
 QString nomeFile(const std::string& percorso) { return QFileInfo(qs(percorso)).fileName(); }
@@ -76,19 +80,26 @@ bool copiaIn(QWidget* parent, const Profilo::Database& database, const QString& 
   return dialogo.riuscito();
 }
 
-bool ripristinaCopia(QWidget* parent, const Profilo::Database& database) {
-  const QString scelto = desktop::fileToOpen(parent, QStringLiteral("Ripristina una copia"),
-                                             cartellaDelleCopie(database), kFiltroCopie);
-  if (scelto.isEmpty()) return false;
+std::optional<Ripristino> chiediRipristino(QWidget* parent, const Profilo::Database& database,
+                                           const QString& inoltre) {
+  const QString scelto =
+      desktop::fileToOpen(parent, kTitoloRipristino, cartellaDelleCopie(database), kFiltroCopie);
+  if (scelto.isEmpty()) return std::nullopt;
   ricordaCartella(kUsoCopie, QFileInfo(scelto).absolutePath());
-  return ripristinaDa(parent, database, scelto);
+  return chiediRipristinoDa(parent, database, scelto, inoltre);
 }
 
-bool ripristinaDa(QWidget* parent, const Profilo::Database& database, const QString& copia) {
-  const std::string tenuto = nomeTenuto(database.origine, OrologioSistema());
+std::optional<Ripristino> chiediRipristinoDa(QWidget* parent, const Profilo::Database& database,
+                                             const QString& copia, const QString& inoltre) {
+  try {
+    requireCopy(copia.toStdString(), database.origine);
+  } catch (const DatabaseError& rifiuto) {
+    QMessageBox::warning(parent, kTitoloRipristino, desktop::lines(rifiuto.what()));
+    return std::nullopt;
+  }
+  Ripristino scelto{copia, nomeTenuto(database.origine, OrologioSistema())};
   const bool presente = QFileInfo::exists(qs(database.origine));
-  QMessageBox domanda(QMessageBox::Question, QStringLiteral("Ripristina una copia"), {},
-                      QMessageBox::NoButton, parent);
+  QMessageBox domanda(QMessageBox::Question, kTitoloRipristino, {}, QMessageBox::NoButton, parent);
   domanda.setTextFormat(Qt::PlainText);
   domanda.setText(
       presente
@@ -97,25 +108,30 @@ bool ripristinaDa(QWidget* parent, const Profilo::Database& database, const QStr
                            "il nome «%4».")
                 .arg(nomeFile(database.origine), QFileInfo(copia).fileName(),
                      QFileInfo(copia).lastModified().toString(QStringLiteral("dd/MM/yyyy, hh:mm")),
-                     nomeFile(tenuto))
+                     nomeFile(scelto.tenuto))
           : QStringLiteral("Il database «%1» viene creato dalla copia «%2».")
                 .arg(nomeFile(database.origine), QFileInfo(copia).fileName()));
+  domanda.setInformativeText(inoltre);
   const QPushButton* const si = domanda.addButton(QStringLiteral("&Ripristina"), QMessageBox::AcceptRole);
   QPushButton* const no = domanda.addButton(QStringLiteral("Annulla"), QMessageBox::RejectRole);
   domanda.setDefaultButton(no);
   domanda.setEscapeButton(no);
   domanda.exec();
-  if (domanda.clickedButton() != si) return false;
+  if (domanda.clickedButton() != si) return std::nullopt;
+  return scelto;
+}
+
+bool ripristina(QWidget* parent, const Profilo::Database& database, const Ripristino& scelto) {
   DialogoLavoro dialogo(
-      parent, QStringLiteral("ripristino"), QStringLiteral("Ripristina una copia"),
+      parent, QStringLiteral("ripristino"), kTitoloRipristino,
       {.che = QStringLiteral("Copia del database…"),
        .fai =
-           [database, copia, tenuto](Lavoro& lavoro) {
-             const bool sostituito =
-                 ripristinaDatabase(database, copia.toStdString(), tenuto, avanzamentoDi(lavoro));
+           [database, scelto](Lavoro& lavoro) {
+             const bool sostituito = ripristinaDatabase(database, scelto.copia.toStdString(), scelto.tenuto,
+                                                        avanzamentoDi(lavoro));
              return sostituito ? QStringLiteral(
                                      "Il database è tornato com'era nella copia. Quello di prima è qui: %1")
-                                     .arg(qs(tenuto))
+                                     .arg(qs(scelto.tenuto))
                                : QStringLiteral("Il database è stato creato dalla copia.");
            },
        .interrotto = QStringLiteral("Interrotto: non è cambiato nulla.")});
@@ -156,10 +172,12 @@ void RigaCopia::aggiorna() {
                    : QStringLiteral("Ultima copia di sicurezza fatta da qui: %1.").arg(ultima));
 }
 
-void offriCopie(desktop::QtFrontEnd& schermo, const Profilo::Database& database) {
+void offriCopie(desktop::QtFrontEnd& schermo, const Profilo::Database& database,
+                const std::function<void(QWidget* finestra)>& ripristina) {
   if (!siCopia(database)) return;
   const auto copia = [database](QWidget* finestra) { faiCopia(finestra, database); };
   schermo.ownTools.push_back({QStringLiteral("Copia di sicure&zza…"), copia});
+  schermo.ownTools.push_back({QStringLiteral("&Ripristina una copia…"), ripristina});
   schermo.belowOutlook = [&schermo, database, copia](QWidget* parent) {
     auto* const riga = new RigaCopia(parent, database, true);
     riga->azione = [&schermo, copia] { schermo.use({{}, copia}); };

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -32,6 +33,11 @@ DialogoLavoro::DialogoLavoro(QWidget* parent, const QString& nome, const QString
     attesa_->avanza(QString::fromUtf8(che), fatto, totale);
   };
   attesa_->comincia(compito.che, true, QStringLiteral("Interrom&pi"));
+  if (parent == nullptr) {
+    // A place of its own choice stays the same when the size changes.
+    adjustSize();
+    move(screen()->availableGeometry().center() - rect().center());
+  }
   lavoro_.avvia([this, fai = std::move(compito.fai)] { fatto_ = fai(lavoro_); },
                 [this, interrotto = std::move(compito.interrotto)](const Lavoro::Esito& esito) {
                   if (esito.interrotto) {

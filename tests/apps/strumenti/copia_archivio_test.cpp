@@ -53,6 +53,11 @@ class CopiaInFinestra : public ::testing::Test {
     });
   }
 
+  bool ripristinaDa(const std::string& file) {
+    const auto scelto = chiediRipristinoDa(nullptr, azienda_.profilo.database, qs(file));
+    return scelto && ripristina(nullptr, azienda_.profilo.database, *scelto);
+  }
+
   test::Azienda azienda_;
   std::string detto_;
   std::string domanda_;
@@ -80,13 +85,13 @@ TEST_F(CopiaInFinestra, ACopyComesBackAfterAQuestion) {
   ASSERT_TRUE(copiaIn(nullptr, azienda_.profilo.database, qs(copia())));
   azienda_.esegui("DELETE FROM Compenso");
   rispondi("Annulla");
-  EXPECT_FALSE(ripristinaDa(nullptr, azienda_.profilo.database, qs(copia())));
+  EXPECT_FALSE(ripristinaDa(copia()));
   EXPECT_THAT(domanda_, HasSubstr("torna com'era nella copia «copia.db»"));
   EXPECT_THAT(domanda_, HasSubstr("demo-prima-del-ripristino-"));
   EXPECT_EQ(pagamenti(), 0);
   rispondi("Ripristina");
   leggiEChiudi();
-  EXPECT_TRUE(ripristinaDa(nullptr, azienda_.profilo.database, qs(copia())));
+  EXPECT_TRUE(ripristinaDa(copia()));
   EXPECT_THAT(detto_, HasSubstr("Quello di prima è qui: "));
   EXPECT_EQ(pagamenti(), prima);
 }
@@ -97,8 +102,19 @@ TEST_F(CopiaInFinestra, ADatabaseInUseIsNotReplaced) {
   const auto aperta = apriConnessione(azienda_.profilo.database);
   rispondi("Ripristina");
   leggiEChiudi();
-  EXPECT_FALSE(ripristinaDa(nullptr, azienda_.profilo.database, qs(copia())));
+  EXPECT_FALSE(ripristinaDa(copia()));
   EXPECT_THAT(detto_, HasSubstr("è aperto in un'altra finestra"));
+}
+
+TEST_F(CopiaInFinestra, WhatCannotBeACopyIsRefusedBeforeTheQuestion) {
+  const std::string lettera = test::scritto(azienda_.cartella / "lettera.txt", std::string(4096, 'x'));
+  rispondi("OK");
+  EXPECT_FALSE(ripristinaDa(lettera));
+  EXPECT_THAT(domanda_, HasSubstr("lettera.txt» non è un database."));
+  rispondi("OK");
+  EXPECT_FALSE(ripristinaDa(azienda_.profilo.database.origine));
+  EXPECT_THAT(domanda_, HasSubstr("è il database stesso"));
+  EXPECT_GT(pagamenti(), 0);
 }
 
 // Esc ends the work; what it leaves is told before the dialog closes.
