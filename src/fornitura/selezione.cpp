@@ -9,14 +9,24 @@
 namespace cu::fornitura {
 namespace {
 
-Result<> controllaTesto(const char* casella, const std::string& testo, std::size_t massimo,
-                        bool (*ammesso)(char32_t)) {
-  const bool filtrato = ammesso == nullptr || std::all_of(testo.begin(), testo.end(), [ammesso](char c) {
-                          return ammesso(static_cast<unsigned char>(c));
+// A text for one of the wizard's boxes, which the box itself would not take.
+struct TestoDiCasella {
+  const char* casella;
+  const char* nome;  // for a person who has no box before him
+  std::size_t massimo;
+  bool (*ammesso)(char32_t);  // null: any character
+};
+
+Result<> controllaTesto(const TestoDiCasella& sua, const std::string& testo) {
+  const bool filtrato = sua.ammesso == nullptr || std::all_of(testo.begin(), testo.end(), [&sua](char c) {
+                          return sua.ammesso(static_cast<unsigned char>(c));
                         });
-  if (filtrato && codePoints(testo) <= massimo) return Done{};
-  return Result<>::refused(
-      {"testo-non-ammesso", std::string(casella) + ": il testo \"" + testo + "\" non è ammesso", casella});
+  if (filtrato && codePoints(testo) <= sua.massimo) return Done{};
+  return Result<>::refused({"testo-non-ammesso",
+                            std::string(sua.nome) + " «" + testo + "» non è ammesso: al massimo " +
+                                fromInteger(static_cast<std::int64_t>(sua.massimo)) +
+                                (sua.ammesso == nullptr ? " caratteri." : " cifre."),
+                            sua.casella});
 }
 
 }  // namespace
@@ -52,15 +62,19 @@ Result<> controllaSelezione(Compensi& compensi, Comunicazione tipo) {
 }
 
 Result<> controllaRiferimenti(const RichiestaRiferimenti& richiesta) {
-  Result<> esito = controllaTesto("frmProtocollo.txtProtocollo", richiesta.protocollo, kMassimoProtocollo,
-                                  tastoRiferimento);
-  return esito ? controllaTesto("frmProtocollo.txtProgressivo", richiesta.progressivo, kMassimoProgressivo,
-                                tastoRiferimento)
+  Result<> esito =
+      controllaTesto({"frmProtocollo.txtProtocollo", "Il protocollo", kMassimoProtocollo, tastoRiferimento},
+                     richiesta.protocollo);
+  return esito ? controllaTesto({"frmProtocollo.txtProgressivo", "Il progressivo", kMassimoProgressivo,
+                                 tastoRiferimento},
+                                richiesta.progressivo)
                : esito;
 }
 
 Result<> controllaCodiceIntermediario(const std::string& codiceFiscale) {
-  return controllaTesto("frmWizard.txtCodiceFiscale", codiceFiscale, kMassimoCodiceIntermediario, nullptr);
+  return controllaTesto({"frmWizard.txtCodiceFiscale", "Il codice fiscale dell'intermediario",
+                         kMassimoCodiceIntermediario, nullptr},
+                        codiceFiscale);
 }
 
 Result<std::size_t> correggiRiferimenti(Compensi& compensi, const RichiestaRiferimenti& richiesta) {

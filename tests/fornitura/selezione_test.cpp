@@ -82,17 +82,19 @@ TEST_F(Lines, ReferencesAreTextsThatTheirBoxesTake) {
   EXPECT_TRUE(controllaRiferimenti({.protocollo = "12.&", .progressivo = ""}));
   const auto lettera = controllaRiferimenti({.protocollo = "12A", .progressivo = "1"});
   ASSERT_EQ(lettera.refusals.size(), 1U);
-  EXPECT_EQ(lettera.refusals[0].text, "frmProtocollo.txtProtocollo: il testo \"12A\" non è ammesso");
+  EXPECT_EQ(lettera.refusals[0].text, "Il protocollo «12A» non è ammesso: al massimo 17 cifre.");
   EXPECT_FALSE(controllaRiferimenti({.protocollo = "123456789012345678", .progressivo = "1"}));
   const auto lungo = controllaRiferimenti({.protocollo = "1", .progressivo = "1234567"});
+  EXPECT_EQ(lungo.refusals.at(0).text, "Il progressivo «1234567» non è ammesso: al massimo 6 cifre.");
   EXPECT_EQ(lungo.refusals.at(0).place, "frmProtocollo.txtProgressivo");
 }
 
 TEST_F(Lines, AnIntermediarysCodeHasSixteenCharacters) {
   EXPECT_TRUE(fornitura::controllaCodiceIntermediario("RSSMRA70A01L78ÀK"));
   const auto esito = fornitura::controllaCodiceIntermediario("RSSMRA70A01L781KX");
-  EXPECT_EQ(esito.refusals.at(0).text,
-            "frmWizard.txtCodiceFiscale: il testo \"RSSMRA70A01L781KX\" non è ammesso");
+  EXPECT_EQ(
+      esito.refusals.at(0).text,
+      "Il codice fiscale dell'intermediario «RSSMRA70A01L781KX» non è ammesso: al massimo 16 caratteri.");
 }
 
 TEST_F(Lines, ACorrectedOneGoesToTheTableAndAllOfThemToTheAccounts) {

@@ -324,7 +324,7 @@ TEST(Make, AnAnnulmentNeedsItsReferences) {
   argomenti[argomenti.size() - 3] = "12A";
   const Esecuzione sbagliato = posto.cuctl(argomenti);
   EXPECT_EQ(sbagliato.codice, 1);
-  EXPECT_EQ(sbagliato.errori, "frmProtocollo.txtProtocollo: il testo \"12A\" non è ammesso\n");
+  EXPECT_EQ(sbagliato.errori, "Il protocollo «12A» non è ammesso: al massimo 17 cifre.\n");
 }
 
 TEST(Make, AnIntermediaryGoesIntoTheFile) {
