@@ -21,9 +21,9 @@ struct RigaTabellone {
   std::size_t conti = 0;       // that the accounts give
   std::size_t mancanti = 0;    // data without which no file is made
   std::size_t scritte = 0;     // of the accounts: in a file, sent or not
-  std::size_t inviate = 0;     // of these: sent, answered or not
+  std::size_t inviate = 0;     // of these: sent as they were last written, answered or not
   std::size_t accettate = 0;   // of these
-  std::size_t scartate = 0;    // of these, and not sent anew
+  std::size_t scartate = 0;    // of these, and not written anew
   std::size_t correzioni = 0;  // replacements and annulments that are to be made
   // Never accepted and not waiting for an answer, by reason.
   std::map<std::string, std::size_t> daInviare;

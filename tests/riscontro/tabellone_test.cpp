@@ -73,8 +73,11 @@ TEST_F(Tabellone, FollowsAYearFromTheAccountsToTheAnswers) {
   rispondi(conti_[0], true);
   rispondi(conti_[1], false);
   EXPECT_EQ(numeri(), tutti + " 3 3 1 1 " + std::to_string(conti_.size() - 2) + " 0");
-  // The one that was rejected is sent anew; the one that was accepted changes.
-  registro_.segnaInviato(scrivi({conti_[1]}), *Date::fromYmd(2018, 3, 8));
+  // The one that was rejected is written anew: what is left to do is to send it.
+  const std::int64_t nuovo = scrivi({conti_[1]});
+  EXPECT_EQ(numeri(), tutti + " 3 2 1 0 " + std::to_string(conti_.size() - 2) + " 0");
+  // It is sent anew; the one that was accepted changes.
+  registro_.segnaInviato(nuovo, *Date::fromYmd(2018, 3, 8));
   connessione_->Execute(
       "UPDATE ContoIndividuale SET RitenutaAcconto = RitenutaAcconto + 1 WHERE Anno = 2017");
   EXPECT_EQ(numeri(), tutti + " 3 3 1 0 " + restanti + " 1");
