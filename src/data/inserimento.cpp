@@ -7,11 +7,11 @@
 namespace cu {
 void appendTesto(std::string& istruzione, std::string_view valore) {
   istruzione += '\'';
-  for (char c : valore) {
-    if (c == '\'') istruzione += '\'';
-    istruzione += c;
+  for (std::size_t apice = 0; (apice = valore.find('\'')) != std::string_view::npos;) {
+    istruzione.append(valore.substr(0, apice + 1)) += '\'';
+    valore.remove_prefix(apice + 1);
   }
-  istruzione += '\'';
+  istruzione.append(valore) += '\'';
 }
 
 Inserimento::Inserimento(Connection& connessione, std::string_view tabella,

@@ -1,5 +1,7 @@
 #include "data/testo_protetto.h"
 
+#include <algorithm>
+
 namespace cu {
 namespace {
 
@@ -8,13 +10,15 @@ constexpr std::string_view kCifreProtette = "0123456789ABCDEF";
 }  // namespace
 
 void appendProtetto(std::string& testo, std::string_view valore) {
-  for (const char c : valore) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte >= 0x20 && c != '\\') {
-      testo += c;
-    } else {
-      testo += {'\\', kCifreProtette[byte / 16], kCifreProtette[byte % 16]};
-    }
+  const auto daProteggere = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == '\\'; };
+  for (;;) {
+    const auto* const trovato = std::find_if(valore.begin(), valore.end(), daProteggere);
+    const auto prima = static_cast<std::size_t>(trovato - valore.begin());
+    testo.append(valore.substr(0, prima));
+    if (prima == valore.size()) return;
+    const auto byte = static_cast<unsigned char>(*trovato);
+    testo += {'\\', kCifreProtette[byte / 16], kCifreProtette[byte % 16]};
+    valore.remove_prefix(prima + 1);
   }
 }
 

@@ -36,9 +36,11 @@ std::string daZeri(std::string_view testo) { return zeri(testo) ? std::string() 
 std::vector<Valore> valori(const CelleRiga& celle) {
   std::vector<Valore> valori;
   valori.reserve(celle.quante());
+  bool inOrdine = true;
   for (const Cella& cella : celle) {
     const auto stesso = [&](const Valore& v) { return v.codice == cella.codice; };
-    if (std::any_of(valori.begin(), valori.end(), stesso)) continue;
+    inOrdine = inOrdine && (valori.empty() || valori.back().codice < cella.codice);
+    if (!inOrdine && std::any_of(valori.begin(), valori.end(), stesso)) continue;
     valori.push_back({std::string(cella.codice), da1252(cella.testo)});
   }
   return valori;

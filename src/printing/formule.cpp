@@ -132,7 +132,10 @@ std::string fnFiltroAnno(const Dati& dati, const Conversioni& utilita) {
   const std::string anno(trim(dati.filtri.anno));
   if (dati.report == kSintetico) return " " + std::string(kCampoAnno) + " = " + anno;
   if (dati.modo == ModoCorsa::Certificazione) return "Year({__ViewName.DataPagamento}) = " + anno;
-  return std::string(kCampoAnno) + " = " + anno;
+  std::string filtro(kCampoAnno);
+  filtro += " = ";
+  filtro += anno;
+  return filtro;
 }
 
 std::string fnFiltroPercipiente(const Dati& dati, const Conversioni& utilita) {

@@ -25,9 +25,19 @@ std::string inserisci(const Recordset& riga, const Corsa& corsa, const Conversio
 }  // namespace ricorsione
 
 std::string NomeModulo::diRiga(const Recordset& riga, const Conversioni& utilita) const {
-  return "CUR_" + sCodFisc + "_" + utilita.toText(riga.Get("CodiceFiscale")) + "_" +
-         utilita.toText(riga.Get("CodicePercipiente")) + "_" + anno + "_" +
-         utilita.toText(riga.Get("Codice")) + "_" + oggi.toDdmmyyyy() + "_" + ora.toHhmm() + ".cur";
+  std::string nome = "CUR_" + sCodFisc;
+  const auto aggiungi = [&nome](const std::string& parte) {
+    nome += '_';
+    nome += parte;
+  };
+  aggiungi(utilita.toText(riga.Get("CodiceFiscale")));
+  aggiungi(utilita.toText(riga.Get("CodicePercipiente")));
+  aggiungi(anno);
+  aggiungi(utilita.toText(riga.Get("Codice")));
+  aggiungi(oggi.toDdmmyyyy());
+  aggiungi(ora.toHhmm());
+  nome += ".cur";
+  return nome;
 }
 
 std::string NomeModulo::cumulativo() const {

@@ -29,8 +29,12 @@ constexpr std::array<std::pair<Stato, std::string_view>, 6> kStati = {{{Stato::S
 // A line for each cell.
 std::string testoCelle(const std::vector<Valore>& celle) {
   std::string testo;
+  std::size_t lunghezza = 0;
+  for (const Valore& cella : celle) lunghezza += cella.codice.size() + cella.testo.size() + 2;
+  testo.reserve(lunghezza);
   for (const Valore& cella : celle) {
-    testo += cella.codice + "=";
+    testo += cella.codice;
+    testo += '=';
     appendProtetto(testo, cella.testo);
     testo += '\n';
   }

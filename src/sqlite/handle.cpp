@@ -17,4 +17,10 @@ void execute(sqlite3* database, const char* sql) {
   if (sqlite3_exec(database, sql, nullptr, nullptr, nullptr) != SQLITE_OK) raise(database, "");
 }
 
+void RepeatedStatement::run(sqlite3* database) {
+  if (!statement_) statement_ = prepare(database, sql_, "", true);
+  const Running running(statement_.get());
+  if (sqlite3_step(statement_.get()) != SQLITE_DONE) raise(database, "");
+}
+
 }  // namespace cu::sqlite

@@ -35,6 +35,18 @@ StatementHandle prepare(sqlite3* database, std::string_view sql, std::string_vie
 // Runs one or more of the connection's own statements, without rows.
 void execute(sqlite3* database, const char* sql);
 
+// One of the connection's own statements without rows, which repeats: prepared when it is first run.
+class RepeatedStatement {
+ public:
+  explicit RepeatedStatement(const char* sql) : sql_(sql) {}
+  // Raises DatabaseError.
+  void run(sqlite3* database);
+
+ private:
+  const char* sql_;
+  StatementHandle statement_;
+};
+
 inline std::string_view columnText(sqlite3_stmt* statement, int column) {
   const unsigned char* text = sqlite3_column_text(statement, column);
   if (text == nullptr) return {};

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "sqlite/errors.h"
-#include "sqlite/handle.h"
 
 namespace cu::sqlite {
 namespace {
@@ -54,7 +53,7 @@ void Transactions::endWrites() {
 void Transactions::keepWritten() {
   if (!std::exchange(writing_, false) || sqlite3_get_autocommit(database_) != 0) return;
   try {
-    execute(database_, "COMMIT");
+    commit_.run(database_);
   } catch (...) {
     attempt(database_, "ROLLBACK");
     throw;
@@ -126,7 +125,7 @@ void Transactions::Writing::begin() {
   // One that the engine has rolled back begins again.
   if (together && (!transactions_.writing_ || sqlite3_get_autocommit(database) != 0)) {
     transactions_.writing_ = false;
-    execute(database, "BEGIN IMMEDIATE");
+    transactions_.begin_.run(database);
     transactions_.writing_ = true;
   }
   nested_ = transactions_.writing_ || transactions_.depth_ > 0;

@@ -5,6 +5,7 @@
 #include <chrono>
 
 #include "sqlite/ast.h"
+#include "sqlite/handle.h"
 
 namespace cu::sqlite {
 
@@ -51,6 +52,8 @@ class Transactions {
   void requireFile();
 
   sqlite3* database_;
+  RepeatedStatement begin_{"BEGIN IMMEDIATE"};
+  RepeatedStatement commit_{"COMMIT"};
   int depth_ = 0;  // of BEGIN TRANSACTION
   int readers_ = 0;
   bool reading_ = false;
