@@ -68,30 +68,33 @@ class BareStatement {
   }
   void reset() const { sqlite3_reset(statement_); }
 
-  // Steps to the end and reads every cell, as any reader has to; returns a number that depends on all of
-  // them.
-  std::size_t drain() const {
-    std::size_t seen = 0;
+  // Reads every cell of the current row, as any reader has to; returns a number that depends on all of them.
+  std::size_t readRow() const {
+    std::size_t seen = 1;
     const int columns = sqlite3_column_count(statement_);
-    while (step()) {
-      ++seen;
-      for (int i = 0; i < columns; ++i) {
-        switch (sqlite3_column_type(statement_, i)) {
-          case SQLITE_INTEGER:
-            seen += static_cast<std::size_t>(sqlite3_column_int64(statement_, i) & 1);
-            break;
-          case SQLITE_FLOAT:
-            seen += sqlite3_column_double(statement_, i) > 0 ? 1U : 0U;
-            break;
-          case SQLITE_TEXT:
-            seen += sqlite3_column_text(statement_, i)[0];
-            seen += static_cast<std::size_t>(sqlite3_column_bytes(statement_, i));
-            break;
-          default:
-            break;
-        }
+    for (int i = 0; i < columns; ++i) {
+      switch (sqlite3_column_type(statement_, i)) {
+        case SQLITE_INTEGER:
+          seen += static_cast<std::size_t>(sqlite3_column_int64(statement_, i) & 1);
+          break;
+        case SQLITE_FLOAT:
+          seen += sqlite3_column_double(statement_, i) > 0 ? 1U : 0U;
+          break;
+        case SQLITE_TEXT:
+          seen += sqlite3_column_text(statement_, i)[0];
+          seen += static_cast<std::size_t>(sqlite3_column_bytes(statement_, i));
+          break;
+        default:
+          break;
       }
     }
+    return seen;
+  }
+
+  // Steps to the end and reads every row.
+  std::size_t drain() const {
+    std::size_t seen = 0;
+    while (step()) seen += readRow();
     reset();
     return seen;
   }

@@ -19,14 +19,11 @@
 
 #include "archive/archivio.h"
 #include "bare_database.h"
-#include "child_run.h"
 #include "controls/form.h"
 #include "controls/grid.h"
 #include "corsa_a_mano.h"
 #include "misura.h"
 #include "one_session.h"
-#include "printing/tabella_ricorsione.h"
-#include "registro_a_mano.h"
 #include "sqlite/sqlite_connection.h"
 #include "suite/file_system.h"
 #include "suite/utilita.h"
@@ -38,7 +35,6 @@
 #include "telematic/query_cu.h"
 #include "wizard/griglia_compensi.h"
 #include "worklist/compensi.h"
-#include "worklist/riscrittura.h"
 #include "worklist/tabella_lavoro.h"
 
 namespace cu::bench {
@@ -137,29 +133,6 @@ void bareSide(const Folder& folder) {
          bare.execute("COMMIT");
        }));
   tell("write", bareWrite(ours, folder.file("nudo2.cur")));
-
-  const std::vector<std::string> accounts = plain(bare, fnAggiornaConti(kTable));
-  const std::vector<std::string> additional = plain(bare, fnAggiornaDatiAggiuntivi(kTable));
-  tell("writeback", seconds([&] {
-         bare.execute(accounts);
-         bare.execute("BEGIN");
-         bare.execute(additional);
-         bare.execute("COMMIT");
-       }));
-  const BareStatement out(bare, plainOne(bare, ricorsione::elimina(12)));
-  const BareStatement in(bare,
-                         "INSERT INTO TabellaRicorsione2 (IDPath1, IDPath2, IDUtente, IDFunzione, Path14, "
-                         "Path1, Path2, Path3) VALUES (?1, ?2, 12, 342, '1', '1', '0', '28/02/2017')");
-  tell("prints", seconds([&] {
-         for (const auto& key : keys) {
-           out.drain();
-           sqlite3_bind_int64(in.get(), 1, key[1]);
-           sqlite3_bind_int64(in.get(), 2, key[3]);
-           in.drain();
-         }
-       }));
-  out.drain();
-  tell("record", RegistroAMano(bare).write() + bareRead(ours));
 }
 
 // ---- the product's side
@@ -235,23 +208,6 @@ void keepLeast(Measures& least, const Measures& now) {
   }
 }
 
-void writeProfile(const Folder& folder) {
-  std::filesystem::create_directory(folder.file("cu"));
-  std::ofstream(folder.file("profilo.toml"))
-      << "[session]\nuser = 12\ncompany = 1\nbranch = 1\ntitle = \"Quadrivio\"\nhelp_folder = \".\"\n"
-         "processes = [ { name = \"Wizard stampa\", function = 247 } ]\n[database]\nurl = "
-         "\"sqlite:archivio.db\"\n[currency]\ndecimals = true\nsymbol = \"€\"\ndecimal = \",\"\nthousands = "
-         "\".\"\n[folders]\ndocuments = \".\"\nsettings = \"impostazioni.toml\"\n[printing]\nengine = "
-         "\"record\"\n";
-}
-
-// The whole program: its start, the load, the write-back, the checks, the file, a print recorded for each
-// line, and the second load.
-Cost make(const Folder& folder) {
-  return run({(std::filesystem::path(self()).parent_path() / "cuctl").string(), "make", "--profile",
-              folder.file("profilo.toml"), "--year", "2016", "--yes", "--folder", folder.file("cu")});
-}
-
 void sameBytes(const Folder& folder) {
   const std::string command = "cmp " + folder.file("nostro.cur") + " " + folder.file("nudo.cur");
   if (std::system(command.c_str()) != 0) throw std::runtime_error("the two sides' files differ");
@@ -264,19 +220,10 @@ void measure(int payees, int atMost) {
   if (std::system((self() + " archivio " + folder.path() + " " + std::to_string(payees)).c_str()) != 0) {
     throw std::runtime_error("no database");
   }
-  writeProfile(folder);
   const int rounds = std::min(atMost, payees > 100000 ? 4 : payees > 10000 ? 8 : 24);
-  const int makes = std::min(atMost, payees > 10000 ? 2 : 6);
   Measures ours;
   Measures bare;
-  double made = 1e9;
-  double memory = 1e9;
   for (int round = 0; round < rounds; ++round) {
-    if (round < makes) {
-      const Cost whole = make(folder);
-      made = std::min(made, whole.seconds);
-      memory = std::min(memory, whole.mebibytes);
-    }
     keepLeast(ours, sideOf("nostra", folder.path()));
     keepLeast(bare, sideOf("nuda", folder.path()));
     if (round == 0) sameBytes(folder);
@@ -298,12 +245,6 @@ void measure(int payees, int atMost) {
          "load, checks and run", size, true});
   print({"memory of load, checks and run" + at, ours["peak"], bare["peak"], "bare loop", "", "MiB",
          "memory of load, checks and run", size});
-  print({"cuctl make, whole" + at, made,
-         2 * bare["load"] + bare["writeback"] + bare["checks"] + bare["query"] + bare["modules"] +
-             bare["write"] + bare["prints"] + bare["record"],
-         "all its statements and the bytes, bare", "", "s", "cuctl make, whole", size});
-  print({"memory of cuctl make, whole" + at, memory, bare["peak"], "bare loop", "", "MiB",
-         "memory of cuctl make, whole", size});
 }
 
 }  // namespace
