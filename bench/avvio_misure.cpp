@@ -61,10 +61,16 @@ void measure() {
   const auto programs = std::filesystem::read_symlink("/proc/self/exe").parent_path();
   const auto program = [&](const char* name) { return (programs / name).string(); };
 
-  const Pair libraries = work({program("cuctl"), "template", "payees", folder.file("modello.csv")},
-                              {program("librerie_nude"), ""});
-  print({"cuctl, processor time of a small command", libraries.ours, libraries.limit,
-         "a program with the same libraries", "value:0.006"});
+  const std::string bare = program("librerie_nude");
+  const char* const limitName = "a program with the same libraries";
+  const Pair small = work({program("cuctl"), "template", "payees", folder.file("modello.csv")}, {bare, ""});
+  print({"cuctl, processor time of a small command", small.ours, small.limit, limitName, "value:0.006"});
+  const Pair help = work({program("cuctl"), "--help"}, {bare, ""});
+  print({"cuctl --help, processor time", help.ours, help.limit, limitName, "value:0.006"});
+  const Pair version =
+      work({program("cuctl"), "--version"}, {bare, CU_LIBRARY_CRYPTO, CU_LIBRARY_EXPAT, CU_LIBRARY_ODBC,
+                                             CU_LIBRARY_UTF8PROC, CU_LIBRARY_XLSXWRITER, CU_LIBRARY_ZIP});
+  print({"cuctl --version, processor time", version.ours, version.limit, limitName, "value:0.006"});
   const Pair cuctl = work({program("cuctl"), "drive", "--profile", profile},
                           {program("database_nudo"), folder.file("demo.db")});
   print({"cuctl drive, processor time, opened and ended", cuctl.ours, cuctl.limit,

@@ -151,6 +151,32 @@ TEST_F(Files, AnIndexOfAnotherToolOnATextIsToldBeforeItMisleads) {
   EXPECT_THAT(error.what(), HasSubstr("«per_nome» sulla tabella t. Eliminarlo con quel programma."));
 }
 
+TEST_F(Files, AKeyOfAnotherToolOnATextIsAnIndexToo) {
+  for (const char* const table :
+       {"CREATE TABLE altra (nome TEXT COLLATE NOCASE PRIMARY KEY)",
+        "CREATE TABLE altra (nome TEXT COLLATE NOCASE, id INTEGER, UNIQUE (id, nome))",
+        "CREATE TABLE altra (id INTEGER, nome TEXT COLLATE NOCASE, PRIMARY KEY (id, nome)) without  rowid",
+        "CREATE TABLE altra (nome TEXT, PRIMARY KEY (nome COLLATE NOCASE)) WITHOUT ROWID",
+        "CREATE TABLE altra (nome TEXT); CREATE INDEX \"l'indice\" ON altra (nome COLLATE NOCASE)"}) {
+    made("a.db");
+    ASSERT_TRUE(BareDatabase(folder_ / "a.db").run(table)) << table;
+    EXPECT_THAT(opening(folder_ / "a.db").what(), HasSubstr("» sulla tabella altra. Eliminarlo")) << table;
+    std::filesystem::remove(folder_ / "a.db");
+  }
+}
+
+TEST_F(Files, AnIndexOnWhatIsNoTextOfOursIsUsed) {
+  for (const char* const table :
+       {"CREATE TABLE altra (nome TEXT PRIMARY KEY, nota TEXT COLLATE NOCASE)",
+        "CREATE TABLE altra (id INTEGER, nota TEXT COLLATE NOCASE, PRIMARY KEY (id)) WITHOUT ROWID",
+        "CREATE TABLE altra (nome TEXT COLLATE NOCASE); CREATE INDEX i ON altra (nome COLLATE BINARY)"}) {
+    made("a.db");
+    ASSERT_TRUE(BareDatabase(folder_ / "a.db").run(table)) << table;
+    EXPECT_NO_THROW(opened("a.db")) << table;
+    std::filesystem::remove(folder_ / "a.db");
+  }
+}
+
 TEST_F(Files, ItsSettingsKeepWhatIsWrittenAndLetOthersRead) {
   auto connection = made("a.db");
   BareDatabase bare(folder_ / "a.db");
