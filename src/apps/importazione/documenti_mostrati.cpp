@@ -259,6 +259,7 @@ std::string detto(Stato stato) {
 
 std::vector<PagamentoMostrato> pagamentiMostrati(const Piano& piano) {
   std::vector<PagamentoMostrato> mostrati;
+  if (piano.elenco != intake::Elenco::Compensi) return mostrati;
   mostrati.reserve(piano.righe.size());
   for (const RigaPiano& riga : piano.righe) {
     PagamentoMostrato& suo = mostrati.emplace_back();
@@ -291,6 +292,7 @@ std::vector<PagamentoMostrato> pagamentiMostrati(const Piano& piano) {
 }
 
 std::vector<SommaAnno> sommePerAnno(const Piano& piano) {
+  if (piano.elenco != intake::Elenco::Compensi) return {};
   const std::vector<PagamentoMostrato> pagamenti = pagamentiMostrati(piano);
   std::map<int, SommaAnno> somme;
   for (std::size_t i = 0; i < piano.righe.size(); ++i) {

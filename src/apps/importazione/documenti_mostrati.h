@@ -60,10 +60,10 @@ struct PagamentoMostrato {
   // one with errors and without any date would not be imported by it.
   bool scrivibile = true;
 };
-// Of each row of the plan.
+// Of each row of a plan of payments; nothing of other lists, whose rows are no payments.
 std::vector<PagamentoMostrato> pagamentiMostrati(const intake::Piano& piano);
 
-// The payments of a year, of the rows that have a date.
+// The payments of a year, of the rows that have a date; none in a plan of another list.
 struct SommaAnno {
   int anno = 0;
   std::size_t pagamenti = 0;

@@ -148,6 +148,18 @@ TEST(ImportWindow, LeavesOutRowsAndSavesThoseWithErrors) {
   EXPECT_TRUE(banco.bottone("Importa")->isEnabled());
 }
 
+// Rows of payees have no payments beside them.
+TEST(ImportWindow, ImportsPayeesToTheEnd) {
+  BancoAssistente banco("Codice;Cognome;Nome;CodiceFiscale\nF001;Calò;Giovanna;CLAGNN71H57L781T\n");
+  auto& finestra = banco.apri();
+  banco.avanti(4);
+  ASSERT_EQ(banco.passo(), Passo::Prova);
+  ASSERT_EQ(finestra.assistente().piano()->elenco, intake::Elenco::Percipienti);
+  banco.accettaTutto();
+  ASSERT_TRUE(banco.premiAspetta("Importa"));
+  EXPECT_EQ(banco.passo(), Passo::Esito);
+}
+
 TEST(ImportWindow, FiltersRowsByStateAndText) {
   BancoAssistente banco;
   banco.apri();
