@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrinter>
 #include <QProgressDialog>
 #include <QRegularExpression>
@@ -14,6 +15,8 @@
 
 namespace cu::desktop {
 namespace {
+
+constexpr int kUnnoticedPrint = 400;  // milliseconds
 
 std::vector<int> pagesToPrint(const QPrinter& printer, int current, int count) {
   std::vector<int> pages;
@@ -38,55 +41,101 @@ std::vector<int> pagesToPrint(const QPrinter& printer, int current, int count) {
   return all;
 }
 
-void turnPaper(QPrinter& printer, const Poppler::Page& page) {
+// Where pages are drawn: a printer, or a file, which has none.
+struct Paper {
+  QPagedPaintDevice& sheets;
+  QPrinter* printer = nullptr;
+  bool stopped() const {
+    return printer != nullptr &&
+           (printer->printerState() == QPrinter::Error || printer->printerState() == QPrinter::Aborted);
+  }
+};
+
+void turnPaper(QPagedPaintDevice& sheets, const Poppler::Page& page) {
   const QSizeF size = page.pageSizeF();
-  printer.setPageOrientation(size.width() > size.height() ? QPageLayout::Landscape : QPageLayout::Portrait);
+  sheets.setPageOrientation(size.width() > size.height() ? QPageLayout::Landscape : QPageLayout::Portrait);
 }
 
-void drawOn(QPainter& painter, const QPrinter& printer, const Poppler::Page& page) {
+void drawOn(QPainter& painter, const QPagedPaintDevice& sheets, const Poppler::Page& page) {
   const QSizeF size = page.pageSizeF();
-  const QRectF paper = printer.paperRect(QPrinter::Point);
+  const QRectF paper = sheets.pageLayout().fullRect(QPageLayout::Point);
   const double smaller = std::min({1.0, paper.width() / size.width(), paper.height() / size.height()});
   // A paper that is the page's but for rounding.
   constexpr double kSame = 0.99;
-  const double dots = printer.resolution() * (smaller > kSame ? 1.0 : smaller);
+  const double dots = sheets.logicalDpiX() * (smaller > kSame ? 1.0 : smaller);
   painter.save();
   page.renderToPainter(&painter, dots, dots);
   painter.restore();
 }
 
-bool stopped(const QPrinter& printer) {
-  return printer.printerState() == QPrinter::Error || printer.printerState() == QPrinter::Aborted;
-}
-
-QString printPages(const Poppler::Document& document, const std::vector<int>& pages, QPrinter& printer,
+QString printPages(const Poppler::Document& document, const std::vector<int>& pages, const Paper& paper,
                    QWidget* over) {
   QProgressDialog progress(QStringLiteral("Si stampa…"), QStringLiteral("Interrompi"), 0,
                            static_cast<int>(pages.size()), over);
   progress.setWindowTitle(QStringLiteral("Stampa"));
   progress.setWindowModality(Qt::WindowModal);
+  progress.setMinimumDuration(kUnnoticedPrint);
   QPainter painter;
   for (int done = 0; const int number : pages) {
     progress.setLabelText(QStringLiteral("Si stampa la pagina %L1 di %L2").arg(done + 1).arg(pages.size()));
     progress.setValue(done);
     if (progress.wasCanceled()) {
-      printer.abort();
+      if (paper.printer != nullptr) paper.printer->abort();
       return QStringLiteral("La stampa è stata interrotta.");
     }
     const std::unique_ptr<Poppler::Page> page = document.page(number);
     if (page == nullptr) return QStringLiteral("La pagina %L1 non si può leggere.").arg(number + 1);
-    turnPaper(printer, *page);
-    const bool ready = done == 0 ? painter.begin(&printer) : printer.newPage();
-    if (!ready || stopped(printer)) {
+    turnPaper(paper.sheets, *page);
+    const bool ready = done == 0 ? painter.begin(&paper.sheets) : paper.sheets.newPage();
+    if (!ready || paper.stopped()) {
       return QStringLiteral("La stampante non ha accettato la stampa, dalla pagina %L1 in poi.")
           .arg(number + 1);
     }
-    drawOn(painter, printer, *page);
+    drawOn(painter, paper.sheets, *page);
     ++done;
   }
   progress.setValue(static_cast<int>(pages.size()));
-  if (!painter.end() || stopped(printer)) return QStringLiteral("La stampante ha interrotto la stampa.");
+  if (!painter.end() || paper.stopped()) return QStringLiteral("La stampante ha interrotto la stampa.");
   return {};
+}
+
+// Why a file cannot be written at this place; "" for nothing that can be seen before.
+QString objectionTo(const QString& path) {
+  const QFileInfo target(path);
+  const QString wrong = QStringLiteral("%1 non si può scrivere: ").arg(path);
+  if (target.isDir()) return wrong + QStringLiteral("è una cartella.");
+  if (target.exists() && !target.isFile()) return wrong + QStringLiteral("non è un file.");
+  if (!target.absoluteDir().exists()) return wrong + QStringLiteral("la cartella non esiste.");
+  return {};
+}
+
+QString closedTo(const QString& path) {
+  return QStringLiteral("%1 non si può scrivere: manca il permesso, o il disco è protetto.").arg(path);
+}
+
+QString fullAt(const QString& path) {
+  return QStringLiteral("%1 non si può scrivere: il disco è pieno o non risponde.").arg(path);
+}
+
+// A file has all of its pages or is not made.
+QString printToFile(const Poppler::Document& document, const std::vector<int>& pages, const QPrinter& printer,
+                    QWidget* over) {
+  const QString path = printer.outputFileName();
+  if (const QString objection = objectionTo(path); !objection.isEmpty()) return objection;
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) return closedTo(path);
+  QString error;
+  {
+    QPdfWriter writer(&file);
+    writer.setTitle(printer.docName());
+    writer.setResolution(printer.resolution());
+    writer.setPageLayout(printer.pageLayout());
+    error = printPages(document, pages, {.sheets = writer}, over);
+  }
+  if (error.isEmpty()) return file.commit() ? QString() : fullAt(path);
+  file.cancelWriting();
+  return error + (QFileInfo::exists(path) ? QStringLiteral("\n%1 è rimasto com'era.").arg(path)
+                                          : QStringLiteral("\n%1 non è stato scritto.").arg(path));
 }
 
 }  // namespace
@@ -100,17 +149,11 @@ QString pdfNameOf(const QString& title) {
 }
 
 QString saveDocument(const QByteArray& document, const QString& path) {
-  const QFileInfo target(path);
-  const QString wrong = QStringLiteral("%1 non si può scrivere: ").arg(path);
   if (document.isEmpty()) return QStringLiteral("Il documento non è ancora aperto.");
-  if (target.isDir()) return wrong + QStringLiteral("è una cartella.");
-  if (target.exists() && !target.isFile()) return wrong + QStringLiteral("non è un file.");
-  if (!target.absoluteDir().exists()) return wrong + QStringLiteral("la cartella non esiste.");
+  if (const QString objection = objectionTo(path); !objection.isEmpty()) return objection;
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly))
-    return wrong + QStringLiteral("manca il permesso, o il disco è protetto.");
-  if (file.write(document) != document.size() || !file.commit())
-    return wrong + QStringLiteral("il disco è pieno o non risponde.");
+  if (!file.open(QIODevice::WriteOnly)) return closedTo(path);
+  if (file.write(document) != document.size() || !file.commit()) return fullAt(path);
   return {};
 }
 
@@ -124,7 +167,8 @@ QString printDocument(const QByteArray& document, QPrinter& printer, int current
   const std::vector<int> pages = pagesToPrint(printer, current, read->numPages());
   if (pages.empty()) return QStringLiteral("Le pagine scelte non ci sono.");
   printer.setFullPage(true);
-  return printPages(*read, pages, printer, over);
+  if (!printer.outputFileName().isEmpty()) return printToFile(*read, pages, printer, over);
+  return printPages(*read, pages, {.sheets = printer, .printer = &printer}, over);
 }
 
 }  // namespace cu::desktop

@@ -17,7 +17,8 @@ QString saveDocument(const QByteArray& document, const QString& path);
 
 // Prints a document's pages as the printer's settings demand: range, order and copies, each page as large as
 // the paper permits, not enlarged. A progress that can be cancelled is shown over `over`. `current` is the
-// page that is shown. Returns "" or the reason in Italian why not all was printed.
+// page that is shown. Returns "" or the reason in Italian why not all was printed. A print to a file that is
+// cancelled or fails makes none, and keeps the one that was there before.
 QString printDocument(const QByteArray& document, QPrinter& printer, int current, QWidget* over);
 
 }  // namespace cu::desktop

@@ -1,123 +1,26 @@
-// The preview: turning, finding, printing and saving pages, small pictures, and documents of thousands of
-// pages.
+// The preview: turning, finding, small pictures, and documents of thousands of pages.
 
 #include <gtest/gtest.h>
-#include <poppler-qt6.h>
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
-#include <QPdfWriter>
 #include <QPlainTextEdit>
-#include <QPrinter>
-#include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <QWheelEvent>
 #include <map>
 
-#include "desktop/page_output.h"
 #include "desktop/page_wait.h"
-#include "desktop/preview_dialog.h"
-#include "desktop/print_dialog.h"
-#include "desktop/screen_support.h"
-#include "desktop/text.h"
+#include "desktop/preview_support.h"
 #include "desktop/thumbnails.h"
 
 namespace cu::test {
 namespace {
-
-constexpr int kMany = 2100;
-constexpr int kPatience = 60000;  // milliseconds
-
-// Line of a page, from 0: names with accents, and the page's number.
-QString lineOf(int page, int line) {
-  if (line == 0) return QStringLiteral("Pagina numero %1").arg(page + 1);
-  return page % 2 == 0 ? QStringLiteral("Calò Nicolò, perché") : QStringLiteral("Rossi Maria");
-}
-
-Preview documentIn(const QTemporaryDir& folder, int pages) {
-  Preview preview;
-  preview.title = "Conto individuale";
-  preview.file = folder.filePath(QStringLiteral("pagine.pdf")).toStdString();
-  QPdfWriter writer(desktop::shown(preview.file));
-  writer.setPageSize(QPageSize(QPageSize::A4));
-  writer.setResolution(300);
-  QPainter painter(&writer);
-  for (int page = 0; page < pages; ++page) {
-    if (page > 0) writer.newPage();
-    std::string text;
-    for (int line = 0; line < 2; ++line) {
-      painter.drawText(200, 300 + line * 400, lineOf(page, line));
-      text += lineOf(page, line).toStdString() + "\r\n";
-    }
-    preview.pages.push_back(text);
-  }
-  return preview;
-}
-
-// A preview with a window of its own, shown.
-struct Previewed {
-  explicit Previewed(int pages, bool withTexts = true) : preview(documentIn(folder, pages)) {
-    QSettings().remove(QStringLiteral("anteprima"));
-    if (!withTexts) preview.pages.clear();
-    dialog = std::make_unique<desktop::PreviewDialog>(nullptr, preview);
-    dialog->resize(900, 600);
-    dialog->show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
-    EXPECT_TRUE(drawn());
-  }
-  // Answers the question for a file with this one, and keeps the name that was suggested.
-  void choose(const QString& path) {
-    dialog->chooseFile = [this, path](const QString& name) {
-      suggested = name;
-      return path;
-    };
-  }
-  bool drawn() {
-    return QTest::qWaitFor([this] { return dialog->view().shows(dialog->page()); }, kPatience);
-  }
-  bool searched() {
-    return QTest::qWaitFor([this] { return !dialog->found().running(); }, kPatience);
-  }
-  QLineEdit& box(const char* name) {
-    for (auto* each : dialog->findChildren<QLineEdit*>()) {
-      if (each->accessibleName() == QString::fromUtf8(name)) return *each;
-    }
-    throw std::runtime_error(name);
-  }
-  bool says(const QString& text) {
-    const auto labels = dialog->findChildren<QLabel*>();
-    return std::any_of(labels.begin(), labels.end(),
-                       [&](const QLabel* each) { return each->text() == text; });
-  }
-  void find(const char* text) {
-    QLineEdit& wanted = box("Cerca nelle pagine");
-    wanted.setFocus();
-    wanted.selectAll();
-    typeText(wanted, QString::fromUtf8(text));
-    QTest::keyClick(&wanted, Qt::Key_Return);
-  }
-  void wheel(int steps) {
-    QWidget& under = *dialog->view().findChild<QScrollArea*>()->viewport();
-    const QPointF at = under.rect().center();
-    QWheelEvent event(at, under.mapToGlobal(at), {}, {0, 120 * steps}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&under, &event);
-  }
-
-  QTemporaryDir folder;
-  Preview preview;
-  QString suggested;
-  std::unique_ptr<desktop::PreviewDialog> dialog;
-};
 
 TEST(Preview, OfAnInterruptedLayoutSaysThatItIsNotAll) {
   const auto noteOf = [](bool whole, QString* title) {
@@ -315,119 +218,6 @@ TEST(Preview, TheChoiceOfSmallPicturesIsRemembered) {
   second.show();
   EXPECT_FALSE(second.thumbnails().isVisible());
   QSettings().remove(QStringLiteral("anteprima"));
-}
-
-// The pages of a document as small grey images.
-std::vector<QImage> imagesOf(const QString& pdf) {
-  std::vector<QImage> images;
-  const auto document = Poppler::Document::load(pdf);
-  constexpr double kDots = 60;
-  for (int page = 0; document != nullptr && page < document->numPages(); ++page) {
-    images.push_back(
-        document->page(page)->renderToImage(kDots, kDots).convertToFormat(QImage::Format_Grayscale8));
-  }
-  return images;
-}
-
-qint64 pageDifference(const QImage& one, const QImage& other) {
-  qint64 sum = 0;
-  for (int y = 0; y < std::min(one.height(), other.height()); ++y) {
-    for (int x = 0; x < std::min(one.width(), other.width()); ++x) {
-      sum += std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y)));
-    }
-  }
-  return sum;
-}
-
-// The page of the document, from 1, that a printed page resembles most.
-std::size_t nearest(const QImage& printed, const std::vector<QImage>& pages) {
-  const auto found =
-      std::min_element(pages.begin(), pages.end(), [&](const QImage& one, const QImage& other) {
-        return pageDifference(printed, one) < pageDifference(printed, other);
-      });
-  return static_cast<std::size_t>(found - pages.begin()) + 1;
-}
-
-TEST(Preview, PrintsThePagesThatTheDialogOfThePrinterNames) {
-  Previewed shown(6);
-  const QString printed = shown.folder.filePath(QStringLiteral("stampa.pdf"));
-  shown.dialog->choosePrinter = [&](QPrinter& printer) {
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(printed);
-    printer.setPageSize(QPageSize(QPageSize::A4));
-    printer.setPrintRange(QPrinter::PageRange);
-    printer.setFromTo(2, 4);
-    return true;
-  };
-  QTest::keySequence(shown.dialog.get(), QKeySequence::Print);
-  const std::vector<QImage> made = imagesOf(printed);
-  const std::vector<QImage> source = imagesOf(desktop::shown(shown.preview.file));
-  ASSERT_EQ(made.size(), 3U);
-  EXPECT_EQ(made[0].size(), source[0].size());
-  for (std::size_t page = 0; page < made.size(); ++page) EXPECT_EQ(nearest(made[page], source), page + 2);
-  EXPECT_TRUE(shown.says(QStringLiteral("Stampata in %1.").arg(printed)));
-}
-
-TEST(Preview, PrintsThePageInViewToTheFileThatIsGiven) {
-  Previewed shown(5);
-  const QString printed = shown.folder.filePath(QStringLiteral("una.pdf"));
-  shown.choose(printed);
-  QTest::keyClick(shown.dialog.get(), Qt::Key_PageDown);
-  ASSERT_EQ(shown.dialog->page(), 1);
-  QTimer::singleShot(0, shown.dialog.get(), [] {
-    auto* const asking = dynamic_cast<desktop::PrintDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(asking, nullptr);
-    auto& printers = *asking->findChild<QComboBox*>(QStringLiteral("stampante"));
-    printers.setCurrentIndex(printers.count() - 1);
-    asking->findChild<QRadioButton*>(QStringLiteral("inVista"))->setChecked(true);
-    pressButton(*asking, "Stampa");
-  });
-  QTest::keySequence(shown.dialog.get(), QKeySequence::Print);
-  EXPECT_EQ(shown.suggested, QStringLiteral("Conto individuale.pdf"));
-  const std::vector<QImage> made = imagesOf(printed);
-  ASSERT_EQ(made.size(), 1U);
-  EXPECT_EQ(nearest(made[0], imagesOf(desktop::shown(shown.preview.file))), 2U);
-}
-
-TEST(Preview, APrintThatIsNotWantedOrFailsMakesNothing) {
-  Previewed shown(2);
-  const QString printed = shown.folder.filePath(QStringLiteral("manca/stampa.pdf"));
-  shown.dialog->choosePrinter = [&](QPrinter&) { return false; };
-  QTest::keySequence(shown.dialog.get(), QKeySequence::Print);
-  QPrinter printer(QPrinter::HighResolution);
-  printer.setOutputFormat(QPrinter::PdfFormat);
-  printer.setOutputFileName(printed);
-  EXPECT_FALSE(desktop::printDocument(shown.dialog->view().source()->bytes(), printer, 0, shown.dialog.get())
-                   .isEmpty());
-  EXPECT_FALSE(QFile::exists(printed));
-}
-
-QByteArray contentOf(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-TEST(Preview, SavesACopyOfTheDocument) {
-  Previewed shown(2);
-  const QString copy = shown.folder.filePath(QStringLiteral("copia.pdf"));
-  shown.choose(copy);
-  QTest::keySequence(shown.dialog.get(), QKeySequence::Save);
-  EXPECT_EQ(shown.suggested, QStringLiteral("Conto individuale.pdf"));
-  EXPECT_EQ(contentOf(copy), contentOf(desktop::shown(shown.preview.file)));
-  EXPECT_TRUE(shown.says(QStringLiteral("Salvata in %1.").arg(copy)));
-}
-
-TEST(Preview, ACopyThatCannotBeWrittenIsToldWithItsReason) {
-  Previewed shown(2);
-  const QByteArray bytes = shown.dialog->view().source()->bytes();
-  const QString nowhere = shown.folder.filePath(QStringLiteral("manca/copia.pdf"));
-  EXPECT_EQ(desktop::saveDocument(bytes, nowhere),
-            nowhere + QStringLiteral(" non si può scrivere: la cartella non esiste."));
-  EXPECT_EQ(desktop::saveDocument(bytes, shown.folder.path()),
-            shown.folder.path() + QStringLiteral(" non si può scrivere: è una cartella."));
-  EXPECT_EQ(desktop::saveDocument(bytes, QStringLiteral("/dev/null")),
-            QStringLiteral("/dev/null non si può scrivere: non è un file."));
-  EXPECT_EQ(desktop::pdfNameOf(QStringLiteral("CUR_1_2017/12.cur")), QStringLiteral("CUR_1_2017 12.pdf"));
 }
 
 TEST(Preview, AWaitIsShownAfterAMomentAndSaysWhatFor) {
