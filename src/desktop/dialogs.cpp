@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/first_size.h"
 #include "desktop/guide_window.h"
 #include "desktop/table_commands.h"
 #include "desktop/table_style.h"
@@ -23,10 +24,12 @@ namespace {
 
 constexpr int kMessageWidth = 320;
 constexpr int kTextWidth = 220;
+constexpr int kAroundMessage = 10;
 
 }  // namespace
 
-LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), table_(new QTableWidget(this)) {
+LogDialog::LogDialog(QWidget* parent, const LogTable& log)
+    : QDialog(parent), table_(new QTableWidget(this)), message_(new QLabel(this)) {
   const bool ofMissingData = log.title.empty();
   setWindowTitle(ofMissingData ? QStringLiteral("Dati mancanti") : shown(log.title));
   if (ofMissingData) setProperty(kGuideChapter, QStringLiteral("Se manca qualche dato"));
@@ -40,6 +43,11 @@ LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), ta
   head->setWordWrap(true);
   column->addWidget(head);
   column->addWidget(table_, 1);
+  column->addWidget(message_);
+  message_->setObjectName(QStringLiteral("messaggioIntero"));
+  message_->setTextFormat(Qt::PlainText);
+  message_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  message_->setWordWrap(true);
 
   styleRows(*table_);
   table_->verticalHeader()->hide();
@@ -47,6 +55,8 @@ LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), ta
   commands_ = new TableCommands(*table_,
                                 ofMissingData ? QStringLiteral("dati_mancanti") : QStringLiteral("messaggi"));
   fill(log);
+  connect(table_, &QTableWidget::currentCellChanged, this, [this] { showMessage(); });
+  showMessage();
 
   auto* buttons = new QDialogButtonBox(this);
   QPushButton* const close = buttons->addButton(QStringLiteral("Chiudi"), QDialogButtonBox::AcceptRole);
@@ -59,7 +69,7 @@ LogDialog::LogDialog(QWidget* parent, const LogTable& log) : QDialog(parent), ta
     commands_->copy(false);
   });
   column->addWidget(buttons);
-  resize(1000, 420);
+  resize(firstSize(*this, {1000, 420}));
   table_->setFocus();
 }
 
@@ -99,8 +109,21 @@ void LogDialog::fill(const LogTable& log) {
 void LogDialog::placeColumns() {
   table_->resizeColumnsToContents();
   for (int at = 0; at < table_->columnCount(); ++at) {
-    table_->setColumnWidth(at, std::min(table_->columnWidth(at), at == 0 ? kMessageWidth : kTextWidth));
+    table_->setColumnWidth(
+        at, std::min(table_->columnWidth(at), inLetters(at == 0 ? kMessageWidth : kTextWidth)));
   }
+}
+
+// Below the table where any is cut there, in two lines at least, so that the table keeps its height.
+void LogDialog::showMessage() {
+  const int row = table_->currentRow();
+  const QTableWidgetItem* const item = row < 0 ? nullptr : table_->item(row, 0);
+  int widest = 0;
+  for (int at = 0; at < table_->rowCount(); ++at)
+    widest = std::max(widest, table_->fontMetrics().horizontalAdvance(table_->item(at, 0)->text()));
+  message_->setVisible(item != nullptr && widest > inLetters(kMessageWidth) - kAroundMessage);
+  message_->setMinimumHeight(2 * message_->fontMetrics().lineSpacing());
+  message_->setText(item == nullptr ? QString() : item->text());
 }
 
 // Ctrl+C works wherever in the dialog the keyboard is.

@@ -6,6 +6,7 @@
 #include "controls/frontend.h"
 
 class QComboBox;
+class QLabel;
 class QPushButton;
 class QSpinBox;
 class QTableWidget;
@@ -25,7 +26,9 @@ class LogDialog : public QDialog {
  private:
   void fill(const LogTable& log);
   void placeColumns();
+  void showMessage();
   QTableWidget* table_;
+  QLabel* message_;  // of the current row, whole
   TableCommands* commands_ = nullptr;
 };
 

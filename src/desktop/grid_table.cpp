@@ -74,10 +74,10 @@ void GridTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
 }
 
 // The arrows move only from a column that is shown.
-void GridTable::setCurrent(int row) {
-  const int before = currentIndex().column();
+void GridTable::setCurrent(int row, int wanted) {
+  const int before = wanted >= 0 ? wanted : currentIndex().column();
   const bool seen = before >= 0 && !isColumnHidden(before);
-  if (currentIndex().row() == row && (row < 0 || seen)) return;
+  if (currentIndex().row() == row && (row < 0 || (seen && currentIndex().column() == before))) return;
   setting_ = true;
   if (row < 0) {
     selectionModel()->clear();
@@ -91,7 +91,7 @@ void GridTable::setCurrent(int row) {
   setting_ = false;
 }
 
-void GridTable::setHighlighted(const QList<int>& rows, int current) {
+void GridTable::setHighlighted(const QList<int>& rows, int current, int column) {
   setting_ = true;
   QItemSelection wanted;
   const int last = model()->columnCount() - 1;
@@ -102,7 +102,7 @@ void GridTable::setHighlighted(const QList<int>& rows, int current) {
     i = end;
   }
   setting_ = false;
-  setCurrent(current);
+  setCurrent(current, column);
   setting_ = true;
   selectionModel()->select(wanted, QItemSelectionModel::Select);
   setting_ = false;

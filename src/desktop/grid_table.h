@@ -14,11 +14,12 @@ class GridTable : public QTableView {
  public:
   GridTable(GridView& view, QWidget* parent);
   // Without a user event; row -1 for none.
-  void setCurrent(int row);
+  // Without a column, in the present one, or the first that is seen.
+  void setCurrent(int row, int column = -1);
   // The rows have their model.
   void shareModel();
   FrozenColumns& frozen() const { return *frozen_; }
-  void setHighlighted(const QList<int>& rows, int current);  // ascending rows
+  void setHighlighted(const QList<int>& rows, int current, int column);  // ascending rows
 
   // On a page that scrolls: the table takes the height that there is, and at least that of a few rows.
   void mayShrink();

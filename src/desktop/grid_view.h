@@ -80,6 +80,7 @@ class GridView : public View {
   void headerMenu(int column, const QPoint& at);
   void addOrder(QMenu& menu, int column);
   void addColumns(QMenu& menu);
+  bool mayHide(int column) const;
   void hideColumn(int column, bool hidden);
   void forgetColumns();
   int widthOf(int column) const;

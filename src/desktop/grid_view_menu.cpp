@@ -95,14 +95,14 @@ void GridView::addOrder(QMenu& menu, int column) {
   add(caption(captions::kFirstOrder), {}, false);
   menu.addSeparator();
   QAction* const hide = menu.addAction(caption(captions::kHideColumn));
-  hide->setEnabled(columnsSeen().size() > 1);
+  hide->setEnabled(columnsSeen().size() > 1 && mayHide(column));
   QObject::connect(hide, &QAction::triggered, table_, [this, column] { hideColumn(column, true); });
 }
 
 void GridView::addColumns(QMenu& menu) {
   QMenu& columns = *menu.addMenu(caption(captions::kColumns));
   for (int column = 0; column < model_.columnCount(); ++column) {
-    if (!model_.column(column).visible || model_.isMenu(column)) continue;
+    if (!model_.column(column).visible || model_.isMenu(column) || !mayHide(column)) continue;
     QAction* const each = columns.addAction(headingText(model_, column));
     each->setCheckable(true);
     each->setChecked(!table_->isColumnHidden(column));
@@ -111,6 +111,11 @@ void GridView::addColumns(QMenu& menu) {
   }
   QAction* const original = menu.addAction(caption(captions::kFirstColumns));
   QObject::connect(original, &QAction::triggered, table_, [this] { forgetColumns(); });
+}
+
+// The marks that Space sets, with their count, are always seen.
+bool GridView::mayHide(int column) const {
+  return !model_.isFlag(column) || !countOnly(shown(model_.column(column).caption));
 }
 
 void GridView::hideColumn(int column, bool hidden) {

@@ -251,6 +251,40 @@ TEST_F(GridLooks, TheMenuOfAColumnOpensByKeyAndSorts) {
   EXPECT_TRUE(view().arrangement().descending);
 }
 
+TEST_F(GridLooks, TheColumnOfTheKeyboardStaysInAnotherOrder) {
+  table().setFocus();
+  for (int i = 0; i < 2; ++i) screen.key(Qt::Key_Right);
+  const int before = table().currentIndex().column();
+  for (const char* order : {"Ordine decrescente", "Ordine crescente", "Ordine di partenza"}) {
+    chooseInMenu(order);
+    screen.key(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(table().currentIndex().column(), before) << order;
+  }
+  filter("rossi");
+  EXPECT_EQ(table().currentIndex().column(), before);
+}
+
+TEST_F(GridLooks, TheColumnOfTheChoiceCannotBeHidden) {
+  bool offered = true;
+  bool named = true;
+  screen.whenModal([&](QWidget& menu) {
+    for (QAction* action : menu.findChildren<QAction*>()) {
+      if (action->text() == QStringLiteral("Nascondi questa colonna")) offered = action->isEnabled();
+    }
+    menu.close();
+  });
+  view().openHeaderMenu(column("Selezionato"));
+  EXPECT_FALSE(offered);
+  screen.whenModal([&](QWidget& menu) {
+    const QList<QAction*> actions = menu.findChildren<QAction*>();
+    named = std::any_of(actions.begin(), actions.end(),
+                        [](const QAction* action) { return action->text() == QStringLiteral("Scelta"); });
+    menu.close();
+  });
+  view().openHeaderMenu(column("Codice"));
+  EXPECT_FALSE(named);
+}
+
 TEST_F(GridLooks, CopiesWithHeadingsInTheOrderOfTheView) {
   clickHeader("AmmontareLordo");
   table().setFocus();

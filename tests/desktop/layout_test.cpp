@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QFocusFrame>
+#include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
 #include <QTableWidget>
@@ -130,6 +131,25 @@ TEST(Log, ALongNameLeavesTheOtherColumnsInSight) {
   const auto* const table = dialog.findChild<QTableWidget*>();
   EXPECT_LT(table->columnViewportPosition(2) + 100, table->viewport()->width());
   EXPECT_EQ(table->item(0, 1)->toolTip().toStdString(), name);
+}
+
+TEST(Log, AMessageThatIsCutIsBelowTheTableForTheRowOfTheKeyboard) {
+  LogTable log;
+  log.columns = {"MessageType", "Message", "Percipiente"};
+  const std::string message = "Manca il codice delle somme non soggette (casella 6): " + std::string(80, 'm');
+  log.rows.push_back({Value::ofInteger(1), Value::ofText(message), Value::ofText("Rossi")});
+  log.rows.push_back({Value::ofInteger(1), Value::ofText("Codice fiscale mancante"), Value::ofText("Verdi")});
+  desktop::LogDialog dialog(nullptr, log);
+  dialog.show();
+  settle();
+  auto& whole = *dialog.findChild<QLabel*>(QStringLiteral("messaggioIntero"));
+  EXPECT_TRUE(whole.isVisible());
+  EXPECT_EQ(whole.text().toStdString(), message);
+  QTest::keyClick(dialog.findChild<QTableWidget*>(), Qt::Key_Down);
+  EXPECT_EQ(whole.text(), QStringLiteral("Codice fiscale mancante"));
+  log.rows.erase(log.rows.begin());
+  const desktop::LogDialog brief(nullptr, log);
+  EXPECT_TRUE(brief.findChild<QLabel*>(QStringLiteral("messaggioIntero"))->isHidden());
 }
 
 }  // namespace
