@@ -1,6 +1,7 @@
 #include "desktop/clear_style.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QPainter>
 #include <QPushButton>
@@ -18,6 +19,13 @@ namespace {
 QColor edge(const QStyleOption& option) {
   QColor ink = option.palette.color(QPalette::WindowText);
   ink.setAlphaF((option.state & QStyle::State_Enabled) != 0 ? 0.42F : 0.3F);
+  return ink;
+}
+
+// Of a mark that is off, which has nothing else to be seen by.
+QColor markEdge(const QStyleOption& option) {
+  QColor ink = edge(option);
+  if (option.state.testFlag(QStyle::State_Enabled)) ink.setAlphaF(0.6F);
   return ink;
 }
 
@@ -44,7 +52,7 @@ void drawMark(QPainter& painter, const QStyleOption& option, bool round) {
   const QColor ground =
       on ? option.palette.color(group, QPalette::Highlight) : option.palette.color(group, QPalette::Base);
   painter.setBrush(ground);
-  painter.setPen(on ? QPen(ground.darker(115)) : QPen(edge(option), 1.2));
+  painter.setPen(on ? QPen(ground.darker(115)) : QPen(markEdge(option), 1.2));
   if (round) {
     painter.drawEllipse(place);
   } else {
@@ -171,8 +179,9 @@ std::optional<Picture> pictureOfBox(QStyle::StandardPixmap wanted) {
 
 // Of the triangle of a button with a menu, in pixels.
 constexpr int kMenuArrow = 8;
-constexpr int kMenuEdge = 4;  // to the button's edge
-constexpr int kMenuGap = 6;   // to the text
+constexpr int kMenuEdge = 4;    // to the button's edge
+constexpr int kMenuGap = 6;     // to the text
+constexpr int kCellMargin = 4;  // on either side of a cell's text, less one
 
 bool busy = false;
 
@@ -288,6 +297,9 @@ QRect ClearStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
 int ClearStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
   if (metric == PM_ScrollBarExtent) return 14;
   if (metric == PM_ScrollBarSliderMin) return 28;
+  // A number at the right of its column and the text of the next one are told apart.
+  if (metric == PM_FocusFrameHMargin && qobject_cast<const QAbstractItemView*>(widget) != nullptr)
+    return kCellMargin;
   if (metric == PM_MenuButtonIndicator && qobject_cast<const QPushButton*>(widget) != nullptr)
     return kMenuEdge + kMenuArrow + kMenuGap;
   return QProxyStyle::pixelMetric(metric, option, widget);

@@ -10,7 +10,8 @@
 namespace cu::desktop {
 namespace {
 
-constexpr int kPadding = 6;
+constexpr int kPadding = 6;      // above and below a heading, together
+constexpr int kHeadingSide = 5;  // as much as beside a cell's text
 constexpr int kWrap = Qt::TextWordWrap | Qt::AlignVCenter;
 
 QString drawnCaption(const QAbstractItemModel& model, int column) {
@@ -34,8 +35,8 @@ WrappedHeader::WrappedHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, pare
 QSize WrappedHeader::sectionSizeFromContents(int column) const {
   if (model() == nullptr) return QHeaderView::sectionSizeFromContents(column);
   const QString caption = drawnCaption(*model(), column);
-  const QRect room(0, 0, std::max(20, sectionSize(column) - kPadding), 1000);
-  return fontMetrics().boundingRect(room, kWrap, caption).size() + QSize(kPadding, kPadding);
+  const QRect room(0, 0, std::max(20, sectionSize(column) - 2 * kHeadingSide), 1000);
+  return fontMetrics().boundingRect(room, kWrap, caption).size() + QSize(2 * kHeadingSide, kPadding);
 }
 
 void WrappedHeader::fitHeight() {
@@ -61,7 +62,7 @@ void WrappedHeader::paintSection(QPainter* painter, const QRect& place, int colu
   const int align =
       model()->headerData(column, orientation(), Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask;
   painter->setPen(palette().color(QPalette::ButtonText));
-  painter->drawText(place.adjusted(kPadding / 2, 0, -kPadding / 2, 0), kWrap | align, caption);
+  painter->drawText(place.adjusted(kHeadingSide, 0, -kHeadingSide, 0), kWrap | align, caption);
   if (column == sorted_) paintSortMark(*painter, place);
 }
 
@@ -120,6 +121,18 @@ void paintCurrentRow(QPainter* painter, const QStyleOptionViewItem& option, cons
   painter->fillRect(QRect(cell.left(), cell.bottom() - kThick + 1, cell.width(), kThick), ink);
 }
 
+// The toolkit's is drawn with a part of the ink.
+void CellPainter::paintArrow(QPainter& painter, const QPoint& middle, const QColor& ink) {
+  constexpr int kHalf = 4;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(ink);
+  painter.drawPolygon(
+      QPolygon({middle + QPoint(-kHalf, -2), middle + QPoint(kHalf, -2), middle + QPoint(0, kHalf - 2)}));
+  painter.restore();
+}
+
 void CellPainter::paintMark(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
                             bool menu) const {
   const auto* const model = static_cast<const GridModel*>(index.model());
@@ -137,9 +150,8 @@ void CellPainter::paintMark(QPainter* painter, const QStyleOptionViewItem& optio
   // On the selection colour, arrow and mark have the colour of selected text.
   const bool selected = option.state.testFlag(QStyle::State_Selected);
   if (menu) {
-    mark.palette = cell.palette;
-    if (selected) mark.palette.setColor(QPalette::WindowText, cell.palette.color(QPalette::HighlightedText));
-    style->drawPrimitive(QStyle::PE_IndicatorArrowDown, &mark, painter, widget);
+    paintArrow(*painter, mark.rect.center(),
+               cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
     return;
   }
   if (selected) {

@@ -40,6 +40,7 @@ class CellPainter : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
  private:
+  static void paintArrow(QPainter& painter, const QPoint& middle, const QColor& ink);
   void paintMark(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
                  bool menu) const;
 };
