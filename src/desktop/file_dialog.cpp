@@ -7,6 +7,8 @@
 #include <QTreeView>
 #include <utility>
 
+#include "desktop/first_size.h"
+
 namespace cu::desktop {
 namespace {
 
@@ -42,7 +44,7 @@ FileDialog::FileDialog(QWidget* parent, const QString& title, const QString& pla
   if (QFileInfo(place).isDir()) setDirectory(place);
   propose(*this, place);
   // Wide enough to show captions and dates in full.
-  resize(820, 480);
+  resize(firstSize(*this, {820, 480}));
   auto* const details = findChild<QTreeView*>(QStringLiteral("treeView"));
   if (details == nullptr) return;
   QHeaderView& header = *details->header();

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <algorithm>
+#include <utility>
 
 namespace cu::desktop {
 
@@ -79,12 +80,12 @@ int FlowRow::placeLine(std::size_t first, std::size_t end, const QRect& line, bo
     width += size.width() + gap_;
   }
   int left = line.left();
-  bool moved = false;
+  int rest = std::max(0, line.width() - width);
   for (std::size_t at = first; move && at < end; ++at) {
     if (items_[at]->isEmpty()) continue;
-    if (at >= atEnd_ && !moved) left += std::max(0, line.width() - width);
-    moved = at >= atEnd_;
-    const QSize size = items_[at]->sizeHint().boundedTo(QSize(line.width(), QWIDGETSIZE_MAX));
+    if (at >= atEnd_) left += std::exchange(rest, 0);
+    QSize size = items_[at]->sizeHint().boundedTo(QSize(line.width(), QWIDGETSIZE_MAX));
+    if (items_[at]->expandingDirections().testFlag(Qt::Horizontal)) size.rwidth() += std::exchange(rest, 0);
     items_[at]->setGeometry(QRect(QPoint(left, line.top() + (height - size.height()) / 2), size));
     left += size.width() + gap_;
   }

@@ -7,7 +7,8 @@
 
 namespace cu::desktop {
 
-// Widgets side by side, in as many lines as the width requires, each in the middle of its line's height.
+// Widgets side by side, in as many lines as the width requires, each in the middle of its line's height. The
+// first of a line that expands gets the width that is left.
 class FlowRow : public QLayout {
  public:
   using QLayout::QLayout;

@@ -14,12 +14,13 @@
 #include "controls/grid.h"
 #include "controls/menubar.h"
 #include "controls/tabs.h"
+#include "desktop/first_size.h"
 #include "desktop/flow_row.h"
 #include "desktop/foot.h"
 #include "desktop/grid_surround.h"
 #include "desktop/grid_view.h"
 #include "desktop/layouter.h"
-#include "desktop/look.h"
+#include "desktop/outlook_place.h"
 #include "desktop/overview.h"
 #include "desktop/qt_front_end.h"
 #include "desktop/row_steps.h"
@@ -31,8 +32,7 @@ namespace cu::desktop {
 namespace {
 
 constexpr int kMargin = 12;
-constexpr int kOutlookWidth = 212;
-constexpr int kNarrowBelow = 860;  // below it the band shows only numbers
+constexpr int kNarrowBelow = 860;  // in normal letters: below it the band shows only numbers
 
 // Passes the window's width to the band.
 class BandWidth : public QObject {
@@ -41,7 +41,8 @@ class BandWidth : public QObject {
     window.installEventFilter(this);
   }
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::Resize) band_.setNarrow(window_.width() < kNarrowBelow);
+    if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange)
+      band_.setNarrow(window_.width() < inLetters(kNarrowBelow));
     return QObject::eventFilter(watched, event);
   }
 
@@ -164,32 +165,6 @@ void layOutGridPage(FormWindow& window, Frame& page) {
     column->addWidget(area, 3);
     window.addScrollArea(area);
   }
-}
-
-// The last stage: the overview of what the form's main action will do, beside the controls.
-void addOutlook(FormWindow& window, QBoxLayout& column, ContentArea* area) {
-  auto* row = new QHBoxLayout;
-  row->setSpacing(0);
-  row->addWidget(area, 1);
-  auto* scroll = new QScrollArea(area->parentWidget());
-  auto* panel = new OutlookPanel(nullptr);
-  auto* around = new QWidget;
-  auto* margins = new QVBoxLayout(around);
-  margins->setContentsMargins(0, kMargin, kMargin, kMargin / 2);
-  margins->addWidget(panel, 1);
-  if (const auto& below = window.frontEnd().belowOutlook) margins->addWidget(below(around));
-  scroll->setWidget(around);
-  scroll->setWidgetResizable(true);
-  scroll->setFrameShape(QFrame::NoFrame);
-  scroll->setFocusPolicy(Qt::NoFocus);
-  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  row->addWidget(scroll);
-  column.addLayout(row);
-  window.addRefresher([&window, panel, scroll] {
-    panel->setFacts(window.form().outlook());
-    scroll->setFixedWidth(kOutlookWidth * look::letters() / look::kNormalLetters);
-    scroll->setVisible(!panel->isHidden());
-  });
 }
 
 void layOutPage(FormWindow& window, Frame& page) {

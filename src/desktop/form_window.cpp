@@ -1,5 +1,6 @@
 #include "desktop/form_window.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -33,6 +34,16 @@ QScrollArea* areaAround(const QWidget* widget) {
     if (auto* area = qobject_cast<QScrollArea*>(at)) return area;
   }
   return nullptr;
+}
+
+// Of rows that are higher than what is seen of the page, the first are in view.
+void bringIntoView(QScrollArea& area, QWidget& widget) {
+  constexpr int kAside = 24;
+  constexpr int kAbove = 40;
+  area.ensureWidgetVisible(&widget, kAside, kAbove);
+  const bool rows = qobject_cast<QAbstractItemView*>(&widget) != nullptr;
+  if (!rows || widget.height() <= area.viewport()->height()) return;
+  area.verticalScrollBar()->setValue(widget.mapTo(area.widget(), QPoint()).y());
 }
 
 const Frame* stageOf(const Form& form) {
@@ -194,7 +205,7 @@ void FormWindow::syncFocus() {
 
 // Sets the form's focus to the window's.
 void FormWindow::takeFocus(View& taken, QWidget* widget) {
-  if (QScrollArea* const area = areaAround(widget)) area->ensureWidgetVisible(widget, 24, 40);
+  if (QScrollArea* const area = areaAround(widget)) bringIntoView(*area, *widget);
   if (syncingFocus_ || !live() || frontEnd_.busy() || !taken.live()) return;
   for (Control* control : form_->controls()) {
     if (view(*control) != &taken || form_->focus() == control) continue;

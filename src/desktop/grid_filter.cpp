@@ -4,8 +4,11 @@
 #include <QLocale>
 #include <algorithm>
 
+#include "desktop/first_size.h"
 #include "desktop/flow_row.h"
+#include "desktop/follow_letters.h"
 #include "desktop/grid_view.h"
+#include "desktop/hint.h"
 #include "desktop/row_marks.h"
 #include "desktop/text.h"
 
@@ -13,6 +16,7 @@ namespace cu::desktop {
 namespace {
 
 constexpr int kFilterPause = 120;  // milliseconds without a key, after which the rows are filtered
+constexpr int kWidestFilter = 320;
 
 }  // namespace
 
@@ -20,12 +24,12 @@ FilterBox::FilterBox(GridView& grid, QWidget* parent)
     : QLineEdit(parent), grid_(grid), pause_(new QTimer(this)) {
   setObjectName(QStringLiteral("filtroRighe"));
   setAccessibleName(QStringLiteral("Filtra le righe"));
-  setPlaceholderText(QStringLiteral("parole, importi"));
+  setHint(*this, QStringLiteral("parole, importi"));
   setToolTip(
       sentenceTip(QStringLiteral("Mostra solo le righe che hanno, in una colonna qualsiasi, tutte le parole "
                                  "scritte. Non cambia la scelta.")));
   setClearButtonEnabled(true);
-  setMaximumWidth(320);
+  followLetters(*this, [this] { setMaximumWidth(inLetters(kWidestFilter)); });
   pause_->setSingleShot(true);
   pause_->setInterval(kFilterPause);
   connect(this, &QLineEdit::textChanged, this, [this] { pause_->start(); });

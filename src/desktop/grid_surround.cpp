@@ -60,7 +60,7 @@ void GridSurround::addAbove(QBoxLayout& column) {
     auto* const label = new QLabel(caption, parent_);
     label->setBuddy(box);
     row->addWidget(label);
-    row->addWidget(box, 1);
+    row->addWidget(box, 3);
   };
   add(QStringLiteral("C&erca percipiente"), search);
   row->addWidget(search->note());

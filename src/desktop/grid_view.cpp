@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "controls/form.h"
+#include "desktop/first_size.h"
 #include "desktop/follow_letters.h"
 #include "desktop/form_window.h"
 #include "desktop/frozen_columns.h"
@@ -116,6 +117,7 @@ bool GridView::currentHidden() const {
 void GridView::arrange(const Arrangement& by) {
   if (!live() || model_.held()) return;
   const std::vector<std::uint32_t> before = highlightedRows();
+  const int column = table_->currentIndex().column();
   model_.arrange(by);
   QList<int> rows;
   for (const std::uint32_t row : before) {
@@ -124,7 +126,7 @@ void GridView::arrange(const Arrangement& by) {
   }
   std::sort(rows.begin(), rows.end());
   const int current = model_.viewRow(static_cast<int>(grid_.row()) - 1);
-  table_->setHighlighted(current < 0 ? QList<int>() : rows, current);
+  table_->setHighlighted(current < 0 ? QList<int>() : rows, current, column);
   // Without a row to stay at, the rows are seen from the first one.
   if (current < 0) table_->scrollToTop();
   markOrder();
@@ -174,7 +176,9 @@ int GridView::widthOf(int column) const {
     const QString text = model_.textAt(row, column);
     texts = std::max(texts, table_->fontMetrics().horizontalAdvance(text) + 12);
   }
-  return std::max({of.width / kFormUnitsPerPixel, words, std::min(texts, kWidest)});
+  // The model's own width is measured for numbers of normal letters.
+  const int own = of.width / kFormUnitsPerPixel;
+  return std::max({of.type == kGridText ? own : inLetters(own), words, std::min(texts, inLetters(kWidest))});
 }
 
 void GridView::placeColumns() {
@@ -187,7 +191,7 @@ void GridView::placeColumns() {
   placing_ = true;
   QHeaderView& header = *table_->horizontalHeader();
   for (int i = 0; i < model_.columnCount(); ++i) {
-    const bool hidden = memory_.hidden().contains(shown(model_.column(i).field));
+    const bool hidden = mayHide(i) && memory_.hidden().contains(shown(model_.column(i).field));
     table_->setColumnHidden(i, hidden || !model_.column(i).visible);
     table_->setColumnWidth(i, widthOf(i));
   }

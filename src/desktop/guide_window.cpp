@@ -12,6 +12,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "desktop/first_size.h"
 #include "desktop/guide_text.h"
 #include "desktop/look.h"
 #include "desktop/own_colours.h"
@@ -50,7 +51,7 @@ HelpWindow::HelpWindow(QWidget* parent, const QString& folder)
     if (now != nullptr && !going_) showChapter(now->data(0, kChapterRole).toString());
   });
   connect(text_->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { follow(); });
-  resize(1080, 720);
+  resize(firstSize(*this, {1080, 720}));
   text_->setFocus();
   tell();
 }

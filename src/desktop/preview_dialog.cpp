@@ -1,6 +1,5 @@
 #include "desktop/preview_dialog.h"
 
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -8,15 +7,19 @@
 #include <QMessageBox>
 #include <QPrinter>
 #include <QPushButton>
-#include <QScreen>
 #include <QSettings>
 #include <QShortcut>
 #include <QStandardPaths>
 #include <QTimer>
 #include <algorithm>
 
+#include "desktop/elided_line.h"
 #include "desktop/file_dialog.h"
+#include "desktop/first_size.h"
+#include "desktop/flow_row.h"
+#include "desktop/follow_letters.h"
 #include "desktop/look.h"
+#include "desktop/own_colours.h"
 #include "desktop/page_output.h"
 #include "desktop/print_dialog.h"
 #include "desktop/text.h"
@@ -42,6 +45,18 @@ QString fileFromUser(QWidget* parent, const QString& suggested) {
   return dialog.selectedFiles().value(0);
 }
 
+// The line of what was found or made. Its place does not depend on the words.
+class ToldLine : public ElidedLine {
+ public:
+  explicit ToldLine(QWidget* parent) : ElidedLine(parent) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  }
+  QSize sizeHint() const override {
+    const int usual = fontMetrics().horizontalAdvance(QStringLiteral("Nessuna corrispondenza"));
+    return {usual + 4, ElidedLine::sizeHint().height()};
+  }
+};
+
 void tellError(QWidget* parent, const QString& error) {
   QMessageBox box(QMessageBox::Warning, QStringLiteral("Anteprima"), QString(), QMessageBox::Ok, parent);
   box.setTextFormat(Qt::PlainText);
@@ -60,7 +75,7 @@ PreviewDialog::PreviewDialog(QWidget* parent, const Preview& preview)
       number_(new QLineEdit(this)),
       place_(new QLabel(this)),
       wanted_(new QLineEdit(this)),
-      told_(new QLabel(this)),
+      told_(new ToldLine(this)),
       pause_(new QTimer(this)) {
   setWindowTitle(title_.isEmpty() ? QStringLiteral("Anteprima") : QStringLiteral("Anteprima - ") + title_);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -73,9 +88,11 @@ PreviewDialog::PreviewDialog(QWidget* parent, const Preview& preview)
   };
 
   auto* column = new QVBoxLayout(this);
-  auto* row = new QHBoxLayout;
-  auto* second = new QHBoxLayout;
+  auto* row = new FlowRow;
+  auto* second = new FlowRow;
   auto* middle = new QHBoxLayout;
+  constexpr int kGap = 6;
+  for (FlowRow* each : {row, second}) each->setGap(kGap);
   if (!preview.whole) column->addWidget(noteOfPart(preview.pages.size()));
   column->addLayout(row);
   column->addLayout(second);
@@ -96,8 +113,7 @@ PreviewDialog::PreviewDialog(QWidget* parent, const Preview& preview)
   };
   search_.changed = [this] { tellFound(); };
   pages_->open(shown(preview.file), preview.pages);
-  const QSize room = QGuiApplication::primaryScreen()->availableSize();
-  resize(std::min(1060, room.width() - 40), std::min(1080, room.height() - 60));
+  resize(firstSize(*this, {1060, 1080}));
   pages_->setFocus();
   tell();
   tellFound();
@@ -117,14 +133,11 @@ QLabel* PreviewDialog::noteOfPart(std::size_t pages) {
       this);
   note->setObjectName(QStringLiteral("parziale"));
   note->setWordWrap(true);
-  QPalette colours = note->palette();
-  colours.setColor(QPalette::WindowText, look::warningInk());
-  note->setPalette(colours);
+  setOwnColours(*note, [](QPalette& colours) { colours.setColor(QPalette::WindowText, look::warningInk()); });
   return note;
 }
 
-QPushButton* PreviewDialog::button(QHBoxLayout& row, const char* caption,
-                                   const std::function<void()>& action) {
+QPushButton* PreviewDialog::button(FlowRow& row, const char* caption, const std::function<void()>& action) {
   auto* made = new QPushButton(QString::fromUtf8(caption), this);
   made->setAutoDefault(false);
   connect(made, &QPushButton::clicked, this, action);
@@ -132,22 +145,23 @@ QPushButton* PreviewDialog::button(QHBoxLayout& row, const char* caption,
   return made;
 }
 
-void PreviewDialog::layOutTurning(QHBoxLayout& row) {
+void PreviewDialog::layOutTurning(FlowRow& row) {
   backward_ = {button(row, "&Prima", [this] { pages_->go(0); }),
                button(row, "&Indietro", [this] { pages_->go(page() - 1); })};
   auto* caption = new QLabel(QStringLiteral("Pagi&na"), this);
   caption->setBuddy(number_);
-  row.addWidget(caption);
-  row.addWidget(number_);
-  row.addWidget(place_);
+  for (QWidget* each : std::initializer_list<QWidget*>{caption, number_, place_}) row.addWidget(each);
   number_->setAlignment(Qt::AlignRight);
-  number_->setFixedWidth(number_->fontMetrics().horizontalAdvance(QStringLiteral("00.000")) + 18);
+  number_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  followLetters(*number_, [this] {
+    number_->setFixedWidth(number_->fontMetrics().horizontalAdvance(QStringLiteral("00.000")) + 18);
+  });
   number_->setAccessibleName(QStringLiteral("Pagina"));
   connect(number_, &QLineEdit::returnPressed, this, [this] { goToTyped(); });
   connect(number_, &QLineEdit::editingFinished, this, [this] { tell(); });
   forward_ = {button(row, "&Avanti", [this] { pages_->go(page() + 1); }),
               button(row, "&Ultima", [this] { pages_->go(pages() - 1); })};
-  row.addStretch(1);
+  row.beginEnd();
   onPictures_ = {button(row, "In&grandisci", [this] { pages_->larger(); }),
                  button(row, "&Riduci", [this] { pages_->smaller(); }),
                  button(row, "&Larghezza", [this] { pages_->fitWidth(); })};
@@ -155,20 +169,19 @@ void PreviewDialog::layOutTurning(QHBoxLayout& row) {
   words_->setCheckable(true);
 }
 
-void PreviewDialog::layOutSearch(QHBoxLayout& row) {
+void PreviewDialog::layOutSearch(FlowRow& row) {
   auto* caption = new QLabel(QStringLiteral("C&erca"), this);
   caption->setBuddy(wanted_);
   row.addWidget(caption);
   row.addWidget(wanted_);
   wanted_->setAccessibleName(QStringLiteral("Cerca nelle pagine"));
   wanted_->setClearButtonEnabled(true);
-  constexpr int kWide = 260;
-  wanted_->setMaximumWidth(kWide);
+  wanted_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  constexpr int kWide = 220;
+  followLetters(*wanted_, [this] { wanted_->setFixedWidth(inLetters(kWide)); });
   onHits_ = {button(row, "Prece&dente", [this] { search_.step(true); }),
              button(row, "Successiv&o", [this] { search_.step(false); })};
-  row.addWidget(told_, 1);
-  told_->setTextFormat(Qt::PlainText);
-  told_->setMinimumWidth(1);
+  row.addWidget(told_);
   pause_->setSingleShot(true);
   pause_->setInterval(kTypingPause);
   connect(pause_, &QTimer::timeout, this, [this] { find(); });
@@ -178,7 +191,8 @@ void PreviewDialog::layOutSearch(QHBoxLayout& row) {
   });
 }
 
-void PreviewDialog::layOutOutput(QHBoxLayout& row) {
+void PreviewDialog::layOutOutput(FlowRow& row) {
+  row.beginEnd();
   small_ = button(row, "&Miniature", [this] {
     QSettings().setValue(QLatin1String(kThumbnails), small_->isChecked());
     showThumbnails(small_->isChecked());
@@ -222,11 +236,11 @@ void PreviewDialog::tell() {
 }
 
 void PreviewDialog::tellFound() {
-  told_->setText(search_.words());
-  QPalette colours;
-  if (!search_.running() && !search_.text().isEmpty() && search_.hits() == 0)
-    colours.setColor(QPalette::WindowText, look::warningInk());
-  told_->setPalette(colours);
+  told_->setWhole(search_.words());
+  const bool none = !search_.running() && !search_.text().isEmpty() && search_.hits() == 0;
+  setOwnColours(*told_, [none](QPalette& colours) {
+    if (none) colours.setColor(QPalette::WindowText, look::warningInk());
+  });
   wanted_->setAccessibleDescription(search_.words());
   for (QWidget* each : onHits_) each->setEnabled(search_.hits() > 0);
 }
@@ -236,7 +250,7 @@ void PreviewDialog::goToTyped() {
   bool number = false;
   const int typed = number_->text().remove(u'.').trimmed().toInt(&number);
   if (!number || typed < 1 || typed > pages()) {
-    told_->setText(QStringLiteral("Le pagine vanno da 1 a %L1.").arg(pages()));
+    told_->setWhole(QStringLiteral("Le pagine vanno da 1 a %L1.").arg(pages()));
     number_->selectAll();
     return;
   }
@@ -263,9 +277,9 @@ void PreviewDialog::print() {
   if (!choosePrinter(printer)) return;
   const QString error = printDocument(pages_->source()->bytes(), printer, page(), this);
   if (error.isEmpty()) {
-    told_->setText(printer.outputFileName().isEmpty()
-                       ? QStringLiteral("Inviata alla stampante.")
-                       : QStringLiteral("Stampata in %1.").arg(printer.outputFileName()));
+    told_->setWhole(printer.outputFileName().isEmpty()
+                        ? QStringLiteral("Inviata alla stampante.")
+                        : QStringLiteral("Stampata in %1.").arg(printer.outputFileName()));
   } else {
     tellError(this, error);
   }
@@ -277,7 +291,7 @@ void PreviewDialog::save() {
   if (path.isEmpty()) return;
   const QString error = saveDocument(pages_->source()->bytes(), path);
   if (error.isEmpty()) {
-    told_->setText(QStringLiteral("Salvata in %1.").arg(path));
+    told_->setWhole(QStringLiteral("Salvata in %1.").arg(path));
   } else {
     tellError(this, error);
   }

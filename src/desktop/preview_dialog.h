@@ -8,7 +8,6 @@
 #include "desktop/page_search.h"
 #include "desktop/pages.h"
 
-class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPrinter;
@@ -16,6 +15,8 @@ class QPushButton;
 
 namespace cu::desktop {
 
+class ElidedLine;
+class FlowRow;
 class Thumbnails;
 
 // A preview of a report, page by page: the file's page as a picture, or its text where there is no file or
@@ -40,11 +41,11 @@ class PreviewDialog : public QDialog {
 
  private:
   QLabel* noteOfPart(std::size_t pages);
-  void layOutTurning(QHBoxLayout& row);
-  void layOutSearch(QHBoxLayout& row);
-  void layOutOutput(QHBoxLayout& row);
+  void layOutTurning(FlowRow& row);
+  void layOutSearch(FlowRow& row);
+  void layOutOutput(FlowRow& row);
   void addKeys();
-  QPushButton* button(QHBoxLayout& row, const char* caption, const std::function<void()>& action);
+  QPushButton* button(FlowRow& row, const char* caption, const std::function<void()>& action);
   void tell();
   QString shownNumber() const;
   void tellFound();
@@ -61,7 +62,7 @@ class PreviewDialog : public QDialog {
   QLineEdit* number_;
   QLabel* place_;
   QLineEdit* wanted_;
-  QLabel* told_;
+  ElidedLine* told_;
   QTimer* pause_;
   std::vector<QWidget*> backward_;
   std::vector<QWidget*> forward_;

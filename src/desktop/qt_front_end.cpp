@@ -18,6 +18,7 @@
 #include "controls/grid.h"
 #include "controls/tabs.h"
 #include "desktop/clear_style.h"
+#include "desktop/first_size.h"
 #include "desktop/foot.h"
 #include "desktop/form_layout.h"
 #include "desktop/form_window.h"
@@ -32,6 +33,7 @@ namespace {
 
 constexpr qint64 kTellEvery = 80;  // milliseconds
 constexpr int kTitleBar = 32;      // of a window, estimated
+constexpr QSize kStagesSize(1040, 700);
 constexpr int kSectionsWidth = 1080;
 constexpr QSize kListSize(960, 620);
 
@@ -216,13 +218,15 @@ void QtFrontEnd::place(FormWindow& window, const FormWindow* over) const {
   const QScreen* const screen = over != nullptr ? over->screen() : window.screen();
   const QRect room = screen->availableGeometry();
   QSize size = window.sizeHint().expandedTo(window.minimumSizeHint());
-  if (!window.form().stages().empty()) size = {1040, 700};
+  if (!window.form().stages().empty())
+    size = {inLetters(kStagesSize.width()), inLetters(kStagesSize.height())};
   // Tabs are pages of sections, which are easier to read in rows of five than from top to bottom.
-  if (hasTabs(window.form()) && !window.form().shrunk()) size.setWidth(kSectionsWidth);
-  if (isList(window.form())) size = size.expandedTo(kListSize);
+  if (hasTabs(window.form()) && !window.form().shrunk()) size.setWidth(inLetters(kSectionsWidth));
+  if (isList(window.form()))
+    size = size.expandedTo({inLetters(kListSize.width()), inLetters(kListSize.height())});
   // A form with many sections is as high as the screen permits, because it is read from top to bottom.
   if (window.form().scroll() != nullptr)
-    size = {kSectionsWidth, std::max(720, std::min(1000, room.height() * 9 / 10))};
+    size = {inLetters(kSectionsWidth), std::max(720, std::min(inLetters(1000), room.height() * 9 / 10))};
   size = size.boundedTo(room.size() - QSize(0, kTitleBar));
   window.resize(size);
   const QRect around = over != nullptr ? over->frameGeometry() : room;
@@ -246,7 +250,7 @@ void QtFrontEnd::fit(FormWindow& window, const FormWindow* over) const {
   };
   fitThere();
   // Where the content is higher than the screen, more of its fields are placed side by side.
-  const int widest = std::min(kSectionsWidth, room.width());
+  const int widest = std::min(inLetters(kSectionsWidth), room.width());
   if (window.height() < highest || window.width() >= widest) return;
   const int left = window.x() - (widest - window.width()) / 2;
   window.resize(widest, highest);

@@ -2,7 +2,10 @@
 
 #include <QKeyEvent>
 
+#include "desktop/first_size.h"
+#include "desktop/follow_letters.h"
 #include "desktop/grid_view.h"
+#include "desktop/hint.h"
 #include "desktop/look.h"
 #include "desktop/own_colours.h"
 
@@ -10,6 +13,7 @@ namespace cu::desktop {
 namespace {
 
 constexpr int kPause = 120;  // milliseconds without a key, after which the search runs
+constexpr int kWidestSearch = 320;
 
 }  // namespace
 
@@ -17,9 +21,9 @@ QuickSearch::QuickSearch(GridView& grid, QWidget* parent)
     : QLineEdit(parent), grid_(grid), pause_(new QTimer(this)), note_(new QLabel(parent)) {
   setObjectName(QStringLiteral("ricercaRapida"));
   setAccessibleName(QStringLiteral("Cerca percipiente"));
-  setPlaceholderText(QStringLiteral("Invio: il prossimo"));
+  setHint(*this, QStringLiteral("Invio: il prossimo"));
   setClearButtonEnabled(true);
-  setMaximumWidth(320);
+  followLetters(*this, [this] { setMaximumWidth(inLetters(kWidestSearch)); });
   pause_->setSingleShot(true);
   pause_->setInterval(kPause);
   connect(this, &QLineEdit::textEdited, this, [this] {

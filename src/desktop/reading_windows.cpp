@@ -7,6 +7,8 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "desktop/first_size.h"
+
 namespace cu::desktop {
 namespace {
 
@@ -64,7 +66,7 @@ TextWindow::TextWindow(QWidget* parent, const QString& path) : QWidget(parent, Q
   view->setAccessibleName(QStringLiteral("Righe del file"));
   column->addWidget(view, 1);
   closeByEscape(*this);
-  resize(960, 560);
+  resize(firstSize(*this, {960, 560}));
 }
 
 }  // namespace cu::desktop

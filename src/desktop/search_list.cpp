@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "desktop/elided_line.h"
+#include "desktop/first_size.h"
 #include "desktop/look.h"
 #include "desktop/matched_cells.h"
 #include "desktop/table_commands.h"
@@ -85,7 +86,7 @@ SearchDialog::SearchDialog(QWidget* parent, const QString& title, Recordset& row
   // The best match is first: there is no other order.
   table_->horizontalHeader()->setSectionsClickable(false);
   const int furtherColumns = static_cast<int>(further.captions.size());
-  resize(kSize.width() + furtherColumns * kFurtherWidth * 2 / 3, kSize.height());
+  resize(firstSize(*this, {kSize.width() + furtherColumns * kFurtherWidth * 2 / 3, kSize.height()}));
   auto* const commands = new TableCommands(*table_, QStringLiteral("ricerca_") + title);
   commands->setWidths = [this, furtherColumns] { placeColumns(furtherColumns); };
   commands->placeColumns();
@@ -106,10 +107,9 @@ SearchDialog::SearchDialog(QWidget* parent, const QString& title, Recordset& row
 }
 
 void SearchDialog::placeColumns(int further) {
-  const auto scaled = [](int width) { return width * look::letters() / look::kNormalLetters; };
-  table_->setColumnWidth(0, scaled(kCodeWidth));
-  if (further > 0) table_->setColumnWidth(1, scaled(kDescriptionWidth));
-  for (int i = 0; i < further; ++i) table_->setColumnWidth(2 + i, scaled(kFurtherWidth));
+  table_->setColumnWidth(0, inLetters(kCodeWidth));
+  if (further > 0) table_->setColumnWidth(1, inLetters(kDescriptionWidth));
+  for (int i = 0; i < further; ++i) table_->setColumnWidth(2 + i, inLetters(kFurtherWidth));
 }
 
 // The list can be used meanwhile.

@@ -13,6 +13,7 @@
 #include "desktop/edit_view.h"
 #include "desktop/follow_letters.h"
 #include "desktop/form_window.h"
+#include "desktop/hint.h"
 #include "desktop/look.h"
 #include "desktop/own_colours.h"
 #include "desktop/qt_front_end.h"
@@ -244,7 +245,7 @@ PickerView::PickerView(FormWindow& window, Picker& picker, QWidget* parent)
   tellWhole(*name_);
   name_->setContextMenuPolicy(Qt::NoContextMenu);
   name_->setAcceptDrops(false);
-  name_->setPlaceholderText(QStringLiteral("Nessun comune"));
+  setHint(*name_, QStringLiteral("Nessun comune"));
   setWidget(around);
   line->onTyped = [this](const QString& typed) { openSearch(typed); };
   line->onDeleted = [this] {

@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "desktop/about.h"
+#include "desktop/first_size.h"
 #include "desktop/form_window.h"
 #include "desktop/look.h"
 #include "desktop/look_menu.h"
@@ -29,7 +30,7 @@ class BandPainter : public QWidget {
 
   void setNarrow(bool narrow) {
     narrow_ = narrow;
-    setFixedWidth(narrow ? kNarrow : kWide);
+    setFixedWidth(narrow ? kNarrow : inLetters(kWide));
     update();
   }
 

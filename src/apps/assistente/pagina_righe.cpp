@@ -12,6 +12,7 @@
 #include "apps/strumenti/conteggi.h"
 #include "apps/strumenti/frase.h"
 #include "apps/strumenti/tabella_vista.h"
+#include "desktop/hint.h"
 #include "desktop/text.h"
 
 namespace cu::assistente {
@@ -63,7 +64,7 @@ void PaginaRighe::componiFiltri() {
   stati_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   cerca_ = new strumenti::CasellaCerca(this);
   cerca_->setClearButtonEnabled(true);
-  cerca_->setPlaceholderText(QStringLiteral("una parte di ciò che si vede nella riga"));
+  desktop::setHint(*cerca_, QStringLiteral("una parte di ciò che si vede nella riga"));
   cerca_->setAccessibleName(QStringLiteral("Cerca fra le righe"));
   riga->addWidget(etichetta("&Righe", stati_, this));
   riga->addWidget(stati_);

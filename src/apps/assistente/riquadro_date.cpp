@@ -10,6 +10,7 @@
 #include "apps/strumenti/conteggi.h"
 #include "apps/strumenti/frase.h"
 #include "desktop/file_dialog.h"
+#include "desktop/hint.h"
 
 namespace cu::assistente {
 namespace {
@@ -53,7 +54,7 @@ RiquadroDate::RiquadroDate(QWidget* parent, Assistente& assistente)
       anni_(new strumenti::Frase(parent)) {
   QHBoxLayout* const riga = rigaDi(this);
   giorno_->setAccessibleName(QStringLiteral("Giorno del pagamento"));
-  giorno_->setPlaceholderText(QStringLiteral("gg/mm/aaaa"));
+  desktop::setHint(*giorno_, QStringLiteral("gg/mm/aaaa"));
   giorno_->setMaximumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) + 40);
   tavola_->setAutoDefault(true);
   tavola_->setToolTip(QStringLiteral(

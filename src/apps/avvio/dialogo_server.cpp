@@ -17,6 +17,7 @@
 
 #include "apps/avvio/password_finestra.h"
 #include "base/error.h"
+#include "desktop/hint.h"
 #include "desktop/text.h"
 #include "odbc/connection_text.h"
 
@@ -84,11 +85,11 @@ void DialogoServer::componi(const ServerAvvio& prima) {
   colonna->addWidget(spiega);
   driver_->setEditable(true);
   driver_->addItems({QString::fromLatin1(kFreeTds), QString::fromLatin1(kMicrosoft)});
-  indirizzo_->setPlaceholderText(QStringLiteral("come contabilita.local"));
-  porta_->setPlaceholderText(QStringLiteral("1433"));
+  desktop::setHint(*indirizzo_, QStringLiteral("come contabilita.local"));
+  desktop::setHint(*porta_, QStringLiteral("1433"));
   porta_->setValidator(new QIntValidator(1, kPortaMassima, porta_));
   password_->setEchoMode(QLineEdit::Password);
-  password_->setPlaceholderText(QStringLiteral("non viene scritta da nessuna parte"));
+  desktop::setHint(*password_, QStringLiteral("non viene scritta da nessuna parte"));
   auto* const modulo = new QFormLayout;
   modulo->setRowWrapPolicy(QFormLayout::WrapLongRows);
   modulo->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);

@@ -27,6 +27,7 @@
 #include "apps/strumenti/strumenti.h"
 #include "desktop/about.h"
 #include "desktop/flow_row.h"
+#include "desktop/hint.h"
 #include "desktop/look_menu.h"
 #include "desktop/section.h"
 #include "desktop/text.h"
@@ -153,7 +154,7 @@ void FinestraAvvio::componiModulo(QVBoxLayout& colonna, const SceltaAvvio& scelt
   aziende_->setAccessibleName(QStringLiteral("Azienda"));
   utente_->setAccessibleName(QStringLiteral("Utente"));
   documenti_->setAccessibleName(QStringLiteral("Documenti ministeriali"));
-  documenti_->setPlaceholderText(QStringLiteral("cartella con istruzioni e note di compilazione"));
+  desktop::setHint(*documenti_, QStringLiteral("cartella con istruzioni e note di compilazione"));
   documenti_->setText(scelta.documentiMinisteriali);
   colonna.addLayout(modulo);
   avviso_->setTextFormat(Qt::PlainText);

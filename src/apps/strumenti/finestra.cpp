@@ -17,6 +17,7 @@
 
 #include "apps/strumenti/conteggi.h"
 #include "desktop/file_dialog.h"
+#include "desktop/first_size.h"
 #include "desktop/focus_ring.h"
 #include "lettura/valori.h"
 
@@ -91,9 +92,7 @@ bool Finestra::aperte() {
 
 void Finestra::ricordaPosto(std::initializer_list<QSplitter*> divisori, QSize dimensione) {
   divisori_ = divisori;
-  const QSize schermo = QGuiApplication::primaryScreen()->availableSize();
-  resize(std::min(dimensione.width(), schermo.width() - 40),
-         std::min(dimensione.height(), schermo.height() - 60));
+  resize(desktop::firstSize(*this, dimensione));
   QSettings memoria;
   memoria.beginGroup(QStringLiteral("strumenti/") + nome_);
   // A screen may be smaller than the last one.
@@ -175,7 +174,8 @@ Dialogo::Dialogo(QWidget* parent, const QString& nome, const QString& titolo)
 }
 
 void Dialogo::ricordaDimensione(QSize dimensione) {
-  const QSize ricordata = QSettings().value(nome_ + QStringLiteral("/dimensione"), dimensione).toSize();
+  const QSize prima = desktop::firstSize(*this, dimensione);
+  const QSize ricordata = QSettings().value(nome_ + QStringLiteral("/dimensione"), prima).toSize();
   const QSize schermo = QGuiApplication::primaryScreen()->availableSize();
   resize(ricordata.boundedTo(schermo - QSize(40, 60)));
 }

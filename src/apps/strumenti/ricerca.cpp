@@ -7,6 +7,7 @@
 #include "apps/strumenti/casella_cerca.h"
 #include "apps/strumenti/finestra.h"
 #include "apps/strumenti/tabella_vista.h"
+#include "desktop/hint.h"
 #include "desktop/text.h"
 
 namespace cu::strumenti {
@@ -17,7 +18,7 @@ Ricerca::Ricerca(QWidget* parent)
   auto* const etichetta = new QLabel(QStringLiteral("C&erca"), this);
   etichetta->setBuddy(cerca_);
   cerca_->setClearButtonEnabled(true);
-  cerca_->setPlaceholderText(QStringLiteral("codice fiscale, nome o causale"));
+  desktop::setHint(*cerca_, QStringLiteral("codice fiscale, nome o causale"));
   cerca_->setAccessibleName(QStringLiteral("Cerca fra le certificazioni"));
   riga_->addWidget(etichetta);
   riga_->addWidget(cerca_, 1);
@@ -36,7 +37,7 @@ Ricerca::Ricerca(QWidget* parent)
 }
 
 void Ricerca::proponi(const QString& testo, const QString& detta) {
-  cerca_->setPlaceholderText(testo);
+  desktop::setHint(*cerca_, testo);
   cerca_->setAccessibleName(detta);
 }
 

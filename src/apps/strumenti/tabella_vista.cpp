@@ -279,8 +279,12 @@ int Tabella::larghezzaDi(int colonna) const {
   const int righe = modello_->rowCount();
   const int passo = std::max(1, righe / kRigheMisurate);
   const auto misura = [&](int riga) {
-    const QString testo = modello_->index(riga, colonna).data().toString();
-    larga = std::max(larga, fontMetrics().horizontalAdvance(testo) + kIntornoCella);
+    const QModelIndex cella = modello_->index(riga, colonna);
+    const QVariant carattere = cella.data(Qt::FontRole);
+    const int testo = carattere.isValid()
+                          ? QFontMetrics(carattere.value<QFont>()).horizontalAdvance(cella.data().toString())
+                          : fontMetrics().horizontalAdvance(cella.data().toString());
+    larga = std::max(larga, testo + kIntornoCella);
   };
   for (int riga = 0; riga < righe; riga += passo) misura(riga);
   if (righe > 0) misura(righe - 1);
