@@ -60,14 +60,14 @@ void GridSurround::addAbove(QBoxLayout& column) {
     auto* const label = new QLabel(caption, parent_);
     label->setBuddy(box);
     row->addWidget(label);
-    row->addWidget(box, 3);
+    row->addWidget(box, 2);
   };
   add(QStringLiteral("C&erca percipiente"), search);
   row->addWidget(search->note());
   row->addSpacing(12);
   add(QStringLiteral("Fi&ltra"), box_);
   row->addSpacing(12);
-  row->addWidget(seen_, 2);
+  row->addWidget(seen_, 3);
   column.addLayout(row);
   column.addWidget(states_);
   const Grid& grid = grid_.grid();

@@ -61,7 +61,8 @@ TEST_F(GridContrast, OfHeadingsRowsStatesAndTotals) {
   expectReadable(screen.window(), 100);
 }
 
-TEST_F(GridContrast, OfAnEditorWithAChange) {
+TEST(WindowContrast, OfAnEditorWithAChange) {
+  Screen screen;
   screen.inEditor("2016", [&] {
     screen.type("curField(19)", "77");
     expectReadable(*screen.top(), 60);

@@ -105,7 +105,7 @@ TEST_P(LettersInGrid, TheFirstRowsAreInViewOnTheLowestScreen) {
   screen.toGrid();
   auto& table = static_cast<desktop::GridView&>(*screen.window().view(screen.form().grdCompensi)).table();
   screen.find<QLineEdit>("filtroRighe")->setFocus();
-  screen.top()->resize(512, 280);
+  screen.top()->resize(GetParam() > 130 ? QSize(1024, 560) : QSize(512, 280));
   settle();
   table.setFocus();
   settle();

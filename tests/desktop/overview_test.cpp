@@ -166,14 +166,14 @@ TEST(Outlook, IsBelowTheControlsWhereTheLettersLeaveNoRoomBeside) {
   const auto& panel = outlookOf(screen);
   const auto& date = *screen.find<QWidget>("dtDataFirma");
   const auto at = [&screen](const QWidget& widget) { return widget.mapTo(&screen.window(), QPoint()); };
-  for (const int letters : {100, 175, 130}) {
+  for (const int letters : {100, 160, 130}) {
     desktop::look::setLetters(letters);
     screen.window().resize(1024, 568);
     settle();
     EXPECT_TRUE(panel.isVisibleTo(&screen.window())) << letters;
     const bool below = at(panel).y() > at(date).y();
     EXPECT_EQ(at(panel).x() < at(date).x() + 100, below) << letters;
-    EXPECT_TRUE(letters == 130 || below == (letters == 175)) << letters;
+    EXPECT_TRUE(letters == 130 || below == (letters == 160)) << letters;
     EXPECT_EQ(predicted(screen, "Righe"), QStringLiteral("49 righe scelte su 49")) << letters;
     for (const auto* area : screen.window().findChildren<QScrollArea*>()) {
       if (!area->isVisible()) continue;

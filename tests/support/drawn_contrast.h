@@ -41,7 +41,7 @@ class DrawnTexts {
 
   explicit DrawnTexts(QWidget& window) : window_(window) {
     // Strokes are wider than a point, so that some of each has the colour of the ink alone.
-    constexpr int kFiner = 2;
+    constexpr int kFiner = 3;
     image_ = QImage(window.size() * kFiner, QImage::Format_RGB32);
     image_.setDevicePixelRatio(kFiner);
     window.render(&image_);
@@ -87,8 +87,10 @@ class DrawnTexts {
       for (QAction* entry : menu->actions())
         text(widget, menu->actionGeometry(entry).adjusted(4, 2, -4, -2), entry->text());
     } else if (const auto* const tabs = qobject_cast<const QTabBar*>(&widget)) {
-      for (int tab = 0; tab < tabs->count(); ++tab)
-        text(widget, tabs->tabRect(tab).adjusted(6, 6, -6, -4), tabs->tabText(tab));
+      for (int tab = 0; tab < tabs->count(); ++tab) {
+        if (tabs->isTabVisible(tab) && tabs->rect().contains(tabs->tabRect(tab)))
+          text(widget, tabs->tabRect(tab).adjusted(6, 6, -6, -4), tabs->tabText(tab));
+      }
     } else if (qobject_cast<QTextEdit*>(&widget) != nullptr ||
                qobject_cast<QPlainTextEdit*>(&widget) != nullptr) {
       QWidget& page = *static_cast<QAbstractScrollArea&>(widget).viewport();
