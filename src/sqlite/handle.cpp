@@ -13,6 +13,13 @@ StatementHandle prepare(sqlite3* database, std::string_view sql, std::string_vie
   return StatementHandle(statement);
 }
 
+StatementHandle preparePragma(sqlite3* database, std::string_view pragma, std::string_view name) {
+  std::string sql = "PRAGMA main.";
+  sql.append(pragma).append("('");
+  for (const char c : name) sql.append(c == '\'' ? 2 : 1, c);
+  return prepare(database, sql += "')", "");
+}
+
 void execute(sqlite3* database, const char* sql) {
   if (sqlite3_exec(database, sql, nullptr, nullptr, nullptr) != SQLITE_OK) raise(database, "");
 }

@@ -62,37 +62,43 @@ std::shared_ptr<const TableInfo> StoredCatalog::read(const std::string& name) co
   return table;
 }
 
-// A key that is the row's number has no index. The list of tables would say of a table whether it has
-// numbers, but only after the engine has resolved every view of the database.
 void StoredCatalog::readTable(TableInfo& table) const {
-  const StatementHandle columns = prepare(
-      database_,
-      "SELECT x.name, x.type, x.\"notnull\", x.pk, (SELECT count(*) FROM pragma_index_list(?1, 'main') AS i "
-      "WHERE i.origin = 'pk') FROM pragma_table_xinfo(?1, 'main') AS x ORDER BY x.cid",
-      "");
-  bindText(columns.get(), table.name);
+  const StatementHandle columns = preparePragma(database_, "table_xinfo", table.name);
   bool integerKey = false;
   std::vector<std::string> key;
   while (sqlite3_step(columns.get()) == SQLITE_ROW) {
     ColumnInfo column;
-    column.name = columnText(columns.get(), 0);
-    const std::string type(columnText(columns.get(), 1));
+    column.name = columnText(columns.get(), 1);
+    const std::string type(columnText(columns.get(), 2));
     const char* collation = nullptr;
     sqlite3_table_column_metadata(database_, "main", table.name.c_str(), column.name.c_str(), nullptr,
                                   &collation, nullptr, nullptr, nullptr);
     column.collated = collation != nullptr && equalsNoCase(collation, "NOCASE");
     column.kind = kindOfStored(type, column.collated);
-    column.notNull = sqlite3_column_int(columns.get(), 2) != 0;
-    const int part = sqlite3_column_int(columns.get(), 3);
+    column.notNull = sqlite3_column_int(columns.get(), 3) != 0;
+    const int part = sqlite3_column_int(columns.get(), 5);
     if (part > 0) {
       if (key.size() < static_cast<std::size_t>(part)) key.resize(static_cast<std::size_t>(part));
       key[static_cast<std::size_t>(part) - 1] = column.name;
-      integerKey = equalsNoCase(type, "INTEGER") && sqlite3_column_int(columns.get(), 4) == 0;
+      integerKey = equalsNoCase(type, "INTEGER");
     }
     table.columns.push_back(std::move(column));
   }
   table.primaryKey = std::move(key);
-  if (integerKey && table.primaryKey.size() == 1) table.rowNumber = table.find(table.primaryKey.front());
+  if (integerKey && table.primaryKey.size() == 1 && !keyHasIndex(table.name)) {
+    table.rowNumber = table.find(table.primaryKey.front());
+  }
+}
+
+// A key that is the row's number has no index. The list of tables would say of a table whether it has
+// numbers, but only after the engine has resolved every view of the database.
+bool StoredCatalog::keyHasIndex(const std::string& table) const {
+  const StatementHandle indexes = preparePragma(database_, "index_list", table);
+  constexpr int kOrigin = 3;
+  while (sqlite3_step(indexes.get()) == SQLITE_ROW) {
+    if (columnText(indexes.get(), kOrigin) == "pk") return true;
+  }
+  return false;
 }
 
 void StoredCatalog::readView(TableInfo& view, const std::string& sql) const {

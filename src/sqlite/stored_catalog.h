@@ -25,6 +25,7 @@ class StoredCatalog : public Catalog {
  private:
   std::shared_ptr<const TableInfo> read(const std::string& name) const;
   void readTable(TableInfo& table) const;
+  bool keyHasIndex(const std::string& table) const;
   void readView(TableInfo& view, const std::string& sql) const;
 
   sqlite3* database_;
