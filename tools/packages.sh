@@ -18,7 +18,7 @@ fuzz_packages=(clang libclang-rt-14-dev)
 coverage_packages=(gcovr)
 format_packages=(clang-format)
 deb_packages=(dpkg-dev file)
-guide_packages=(xvfb xdotool imagemagick)
+guide_packages=(xvfb xdotool at-spi2-core dbus-daemon python3-gi gir1.2-atspi-2.0 python3-pil)
 
 # install_missing PACKAGE...: as root, or through sudo.
 install_missing() {
