@@ -26,7 +26,8 @@ install(FILES ${CMAKE_BINARY_DIR}/documents/it.cuwizard.Cuwizard.metainfo.xml
 
 # The guide with its pictures and examples, which have a link where one looks for examples.
 install(FILES docs/guida.md DESTINATION ${CU_GUIDE_DIR})
-install(DIRECTORY docs/immagini docs/esempio DESTINATION ${CU_GUIDE_DIR})
+install(DIRECTORY docs/immagini DESTINATION ${CU_GUIDE_DIR} FILES_MATCHING PATTERN "*.png")
+install(DIRECTORY docs/esempio DESTINATION ${CU_GUIDE_DIR})
 install(FILES docs/automazione.md docs/controlli.md docs/dati.md docs/formato.md docs/importazione.md docs/sqlserver.md packaging/copyright
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
 cmake_path(RELATIVE_PATH CU_GUIDE_DIR BASE_DIRECTORY ${CMAKE_INSTALL_DOCDIR} OUTPUT_VARIABLE guide_from_documents)

@@ -21,6 +21,8 @@ namespace cu::desktop {
 namespace {
 
 constexpr int kContents = 260;  // pixels
+// A picture of a window of usual width is shown as large as it is; on a small screen it is reduced.
+constexpr QSize kBegin(1400, 820);
 constexpr int kChapterRole = Qt::UserRole;
 
 }  // namespace
@@ -51,7 +53,7 @@ HelpWindow::HelpWindow(QWidget* parent, const QString& folder)
     if (now != nullptr && !going_) showChapter(now->data(0, kChapterRole).toString());
   });
   connect(text_->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { follow(); });
-  resize(firstSize(*this, {1080, 720}));
+  resize(firstSize(*this, kBegin));
   text_->setFocus();
   tell();
 }
@@ -83,7 +85,7 @@ void HelpWindow::layOut() {
   sides->addWidget(contents_);
   sides->addWidget(text_);
   sides->setStretchFactor(1, 1);
-  sides->setSizes({kContents, 1080 - kContents});
+  sides->setSizes({kContents, kBegin.width() - kContents});
   column->addWidget(sides, 1);
 }
 

@@ -55,10 +55,12 @@ def check_files(prefix):
 
 
 def check_guide(prefix):
-    """The pictures of the guide, and the folder in which the window looks for it."""
+    """The pictures of the guide in both looks, and the folder in which the window looks for it."""
     guide = os.path.join(prefix, "share/cuwizard")
     for picture in re.findall(r"!\[[^]]*\]\(([^)]*)\)", read(guide, "guida.md").decode()):
-        expect(os.path.isfile(os.path.join(guide, picture)), f"the guide lacks {picture}")
+        dark = os.path.join(os.path.dirname(picture), "scuri", os.path.basename(picture))
+        for each in (picture, dark):
+            expect(os.path.isfile(os.path.join(guide, each)), f"the guide lacks {each}")
     wanted = os.path.relpath(guide, os.path.join(prefix, "bin"))
     window = read(prefix, "bin/cuwizard")
     expect(any(form in window for form in (("/" + wanted).encode("utf-16le"), ("/" + wanted).encode())),
