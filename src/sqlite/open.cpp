@@ -191,7 +191,7 @@ DatabaseHandle openFile(const std::string& path, bool create) {
   // Overwriting the pages of dropped tables with zeros is not worth its cost.
   const bool set = run(raw, "PRAGMA journal_mode = WAL") && run(raw, "PRAGMA synchronous = NORMAL") &&
                    run(raw, "PRAGMA foreign_keys = OFF") && run(raw, "PRAGMA secure_delete = OFF") &&
-                   run(raw, "PRAGMA temp_store = MEMORY") && run(raw, "PRAGMA cache_size = -16384") &&
+                   run(raw, "PRAGMA temp_store = MEMORY") && run(raw, "PRAGMA cache_size = -12288") &&
                    run(raw, "PRAGMA journal_size_limit = 67108864");
   if (!set) explain(raw, path);
   refuseTextIndexes(raw, path);
