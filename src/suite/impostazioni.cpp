@@ -114,7 +114,7 @@ void ImpostazioniToml::set(std::string_view application, std::string_view sectio
   }
   const std::string nome = comeUtf8(name);
   const std::string valore = comeUtf8(value);
-  // Most runs choose what was chosen before; to write it durably takes longer than all else that they do.
+  // Most runs choose what was chosen before, and a durable write waits for the disk.
   const auto* const presente = sezione->get_as<std::string>(nome);
   if (presente != nullptr && presente->get() == valore) return;
   sezione->insert_or_assign(nome, valore);
