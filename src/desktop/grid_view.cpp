@@ -54,6 +54,7 @@ GridView::GridView(FormWindow& window, Grid& grid, QWidget* parent)
                    [this] { report(); });
   letters_ = followLetters(*table_, [this] { fitLetters(); });
   keys_.readingOf = window.frontEnd().rowKeys;
+  keys_.held = [this] { return model_.held(); };
   keys_.onRead = [this](bool anew) { keysRead(anew); };
   keys_.onFailed = [this](const std::string& state, const QString& error) {
     formWindow().frontEnd().toldAfter(

@@ -44,11 +44,13 @@ void KeyStates::readState(std::size_t state, const RowKeysReading& reading) {
   if (readings_[state] == nullptr) readings_[state] = std::make_unique<BackgroundReading<RowKeys>>();
   BackgroundReading<RowKeys>& one = *readings_[state];
   one.onRead = [this, state](RowKeys keys) {
+    if (held && held()) return;
     const bool anew = grid_->states[state].keys == nullptr;
     grid_->setKeys(state, std::make_shared<const RowKeys>(std::move(keys)));
     if (onRead) onRead(anew);
   };
   one.onFailed = [this, state](const QString& error) {
+    if (held && held()) return;
     grid_->setKeys(state, nullptr);
     if (onFailed) onFailed(grid_->states[state].name, error);
   };

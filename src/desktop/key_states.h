@@ -20,6 +20,9 @@ class KeyStates : public QObject {
   KeyStates(Grid& grid, QObject* parent);
 
   RowKeysOf readingOf;  // may be empty
+  // Whether a form over the grid has narrowed its rows: they must not be looked at. What has been read
+  // meanwhile is dropped, because the keys are read again when the form closes.
+  std::function<bool()> held;
   // Called when a state has been read; `anew` for the first time for these rows.
   std::function<void(bool anew)> onRead;
   std::function<void(const std::string& state, const QString& error)> onFailed;

@@ -105,6 +105,45 @@ TEST_F(WithModules, AreThoseOfTheYearThatIsLoaded) {
   EXPECT_EQ(static_cast<std::size_t>(model().rowCount()), marked) << "the filter waited for the new keys";
 }
 
+// Before the screen, whose readings count in it.
+struct Readings {
+  std::atomic<int> ended = 0;
+};
+
+class ReadUnderTheEditor : protected Readings, public WithModules {
+ protected:
+  ReadUnderTheEditor()
+      : WithModules(readingOf([this](const std::string& statement, const Profilo::Database& database) {
+          return [this, read = chiaviRighe(database, statement)] {
+            RowKeys keys = read();
+            ++ended;
+            return keys;
+          };
+        })) {}
+};
+
+// The editor of a second line is open when the reading that its step has asked for ends: the form has
+// narrowed the rows to that line, and the view still has all of them, and the way to the third one.
+TEST_F(ReadUnderTheEditor, TheRowsStayWhileTheEditorIsOverThem) {
+  ASSERT_TRUE(QTest::qWaitFor([&] { return ended > 0; }));
+  settle();
+  const int lines = model().rowCount();
+  ASSERT_GT(lines, 2);
+  const int before = ended;
+  screen.whenModal([&](QWidget&) { screen.key(Qt::Key_PageDown, Qt::ControlModifier); });
+  screen.whenModal([&](QWidget&) {
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ended > before; }));
+    settle();
+    EXPECT_EQ(model().rowCount(), lines);
+    screen.key(Qt::Key_PageDown, Qt::ControlModifier);
+  });
+  screen.whenModal([&](QWidget&) { screen.key(Qt::Key_Escape); });
+  screen.find<QWidget>("grdCompensi")->setFocus();
+  screen.key(Qt::Key_Return);
+  EXPECT_EQ(grid().row(), 3U);
+  EXPECT_TRUE(shows(linesWithModules()));
+}
+
 class WithoutDatabase : public WithModules {
  protected:
   WithoutDatabase()
