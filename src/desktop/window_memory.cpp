@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QSettings>
 #include <QWidget>
+#include <QWindow>
 #include <algorithm>
 #include <typeinfo>
 
@@ -109,6 +110,8 @@ void WindowMemory::restore(QWidget& window) const {
   window.setProperty(kSizeRemembered, !size.isEmpty());
   window.resize(wanted.size());
   window.move(wanted.topLeft());
+  // A window that exists already, and has no frame yet, would be moved without it: its title above its place.
+  if (window.windowHandle() != nullptr) window.windowHandle()->setFramePosition(wanted.topLeft());
   if (maximised) window.setWindowState(window.windowState() | Qt::WindowMaximized);
 }
 
