@@ -83,6 +83,10 @@ void FileDialog::accept() {
   QFileDialog::accept();
 }
 
+QString FileDialog::folder() const {
+  return selectedFiles().isEmpty() ? QString() : selectedFiles().constLast();
+}
+
 QString fileToOpen(QWidget* parent, const QString& title, const QString& place, const QString& filter) {
   FileDialog dialog(parent, title, place, filter);
   dialog.setFileMode(QFileDialog::ExistingFile);
@@ -99,7 +103,7 @@ QString folderToUse(QWidget* parent, const QString& title, const QString& place)
   FileDialog dialog(parent, title, place);
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setOption(QFileDialog::ShowDirsOnly);
-  return selected(dialog).value(0);
+  return dialog.exec() == QDialog::Accepted ? dialog.folder() : QString();
 }
 
 QString fileToSave(QWidget* parent, const QString& title, const QString& place, const QString& filter,

@@ -32,6 +32,9 @@ class FileDialog : private file_dialog::WithKinds, public QFileDialog {
   // For a file to write. A name without an extension gets that of the filter chosen, so that the question
   // whether to replace a file is about the one that is written.
   void saves();
+  // The folder that the user has chosen, of a dialog for one. Beside the whole path of a folder in the one
+  // shown, the toolkit may give the one shown, and gives it first.
+  QString folder() const;
   // Why a file must not be written, of every dialog that asks for one: shown instead of accepting it. Empty
   // for nothing against it.
   static void setObjection(std::function<QString(const QString& file)> objection);

@@ -149,7 +149,7 @@ std::string QtFrontEnd::chooseFolder(const std::string& title, const std::option
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setOption(QFileDialog::ShowDirsOnly);
   if (run(dialog) != QDialog::Accepted) return {};
-  return utf8(dialog.selectedFiles().value(0));
+  return utf8(dialog.folder());
 }
 
 std::optional<PrinterChoice> QtFrontEnd::choosePrinter() {

@@ -6,7 +6,10 @@
 
 #include <QAbstractItemModel>
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFileSystemModel>
+#include <QItemSelectionModel>
 #include <QListView>
 #include <QMessageBox>
 #include <QMimeDatabase>
@@ -83,6 +86,26 @@ TEST(FileDialogs, ProposeAFileInItsFolder) {
   dialog.selectNameFilter(QStringLiteral("Testo (*.csv)"));
   emit dialog.filterSelected(dialog.selectedNameFilter());
   EXPECT_EQ(dialog.defaultSuffix(), QStringLiteral("csv"));
+}
+
+// While a whole path is typed the toolkit selects each folder on the way: the one that it shows, too.
+TEST(FileDialogs, TakeTheFolderThatIsTypedAndNotTheOneAroundIt) {
+  const test::TempFolder folder;
+  const QString shown = QString::fromStdString(folder.path());
+  const QString inside = QString::fromStdString(folder / "moduli");
+  ASSERT_TRUE(QDir().mkpath(inside));
+  FileDialog dialog(nullptr, QStringLiteral("Prova"), shown);
+  dialog.setFileMode(QFileDialog::Directory);
+  auto* const list = dialog.findChild<QListView*>(QStringLiteral("listView"));
+  ASSERT_NE(list, nullptr);
+  const auto* const files = qobject_cast<const QFileSystemModel*>(list->model());
+  ASSERT_NE(files, nullptr);
+  for (const QString& path : {shown, inside}) {
+    list->selectionModel()->select(files->index(path),
+                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  }
+  ASSERT_EQ(dialog.selectedFiles(), QStringList({shown, inside}));
+  EXPECT_EQ(dialog.folder(), inside);
 }
 
 // What is against a file is shown instead of accepting it, and the dialog goes on asking.
