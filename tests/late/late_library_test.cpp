@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "support/temp_folder.h"
@@ -80,8 +81,12 @@ TEST_F(LateProgram, LoadsOnlyWhatItCalls) {
   }
   EXPECT_THAT(loaded("template payees modello.xlsx"),
               AllOf(HasSubstr(CU_LIBRARY_XLSXWRITER), Not(HasSubstr(CU_LIBRARY_ZIP))));
-  const std::string all = loaded("--version");
-  for (const char* const library : late) EXPECT_THAT(all, HasSubstr(library));
+  // The driver manager is named by the version that the program was built with.
+  const std::string version = loaded("--version");
+  for (const char* const library : late) {
+    const bool asked = std::string_view(library) != CU_LIBRARY_ODBC;
+    EXPECT_EQ(version.find(library) != std::string::npos, asked) << library;
+  }
 }
 
 TEST_F(LateProgram, ATableLoadsWhatReadsIt) {
