@@ -89,7 +89,15 @@ Answer QtFrontEnd::messageBox(const MessageBox& box) {
     if (answer == box.byDefault) dialog.setDefaultButton(button);
     if (answer == escapeOf(box.buttons)) dialog.setEscapeButton(button);
   }
+  // What stops one print of many may stop each of them, and would be told as many times.
+  const bool endable = interruption_ != nullptr && box.buttons == BoxButtons::Ok && box.icon == BoxIcon::Stop;
+  const QPushButton* const end =
+      endable ? dialog.addButton(QStringLiteral("&Interrompi"), QMessageBox::RejectRole) : nullptr;
   run(dialog);
+  if (end != nullptr && dialog.clickedButton() == end) {
+    interruptionAsked_ = true;
+    return Answer::Ok;
+  }
   for (const auto& [button, answer] : made) {
     if (button == dialog.clickedButton()) return answer;
   }

@@ -276,6 +276,42 @@ TEST(Interruption, EndsWithAWorkThatDoesNotAsk) {
   EXPECT_FALSE(later);
 }
 
+// The disk is full at the first of many prints.
+TEST(Interruption, IsOfferedByTheBoxOfAPrintThatFails) {
+  Screen screen;
+  bool askedBefore = true;
+  bool ended = false;
+  screen.form().cmdOpzioni.onClick = [&] {
+    screen.frontEnd().progress("Prova", 1, 3);
+    askedBefore = screen.frontEnd().interrupted();
+    screen.frontEnd().messageBox({"Spazio esaurito", "Prova", BoxIcon::Stop, BoxButtons::Ok, Answer::Ok});
+    screen.frontEnd().progress("Prova", 2, 3);
+    ended = screen.frontEnd().interrupted();
+  };
+  screen.whenModal([](QWidget& modal) { pressButton(modal, "Interrompi"); });
+  screen.click("cmdOpzioni");
+  EXPECT_FALSE(askedBefore);
+  EXPECT_TRUE(ended);
+  screen.whenModal([](QWidget& modal) { pressButton(modal, "OK"); });
+  screen.click("cmdOpzioni");
+  EXPECT_FALSE(askedBefore) << "the interruption was that of the first work";
+  EXPECT_FALSE(ended);
+}
+
+TEST(Interruption, IsNotOfferedByTheBoxOfAnEventThatCannotBeInterrupted) {
+  Screen screen;
+  screen.form().cmdOpzioni.onClick = [&] {
+    screen.frontEnd().messageBox({"Spazio esaurito", "Prova", BoxIcon::Stop, BoxButtons::Ok, Answer::Ok});
+  };
+  qsizetype buttons = 0;
+  screen.whenModal([&](QWidget& modal) {
+    buttons = modal.findChildren<QPushButton*>().size();
+    pressButton(modal, "OK");
+  });
+  screen.click("cmdOpzioni");
+  EXPECT_EQ(buttons, 1);
+}
+
 TEST(Interruption, IsTheOnlyThingThatReceivesInputMeanwhile) {
   bool pressed = false;
   const InterruptedRun run = runInterrupted([&](Screen& screen, QPushButton&) {
