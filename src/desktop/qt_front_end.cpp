@@ -96,11 +96,12 @@ QtFrontEnd::~QtFrontEnd() {
 QtFrontEnd::Waiting::Waiting(QtFrontEnd& frontEnd)
     : frontEnd_(frontEnd),
       running_(std::exchange(frontEnd.running_, 0)),
+      asked_(frontEnd.askedToEnd()),
+      questioned_(frontEnd.questioned_),
       begun_(frontEnd.status_.begun()),
       told_(frontEnd.status_.told()),
       since_(frontEnd.clock_.nsecsElapsed()),
       waited_(frontEnd.waited_) {
-  frontEnd_.interruptionAsked_ = frontEnd_.askedToEnd();
   frontEnd_.interruption_.reset();
   frontEnd_.dropInput();
   frontEnd_.showPointer();
@@ -109,7 +110,9 @@ QtFrontEnd::Waiting::Waiting(QtFrontEnd& frontEnd)
 
 QtFrontEnd::Waiting::~Waiting() {
   frontEnd_.running_ = running_;
-  // Events during the wait have had waits of their own.
+  frontEnd_.interruptionAsked_ = asked_;
+  frontEnd_.questioned_ = questioned_;
+  // Events during the wait have had waits, and ends of works, of their own.
   frontEnd_.waited_ = waited_ + frontEnd_.clock_.nsecsElapsed() - since_;
   frontEnd_.status_.resume(begun_, told_);
   frontEnd_.showPointer();

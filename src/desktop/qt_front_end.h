@@ -121,6 +121,8 @@ class QtFrontEnd : public FrontEnd {
    private:
     QtFrontEnd& frontEnd_;
     int running_;
+    bool asked_;  // for the end of the work
+    bool questioned_;
     bool begun_;
     std::size_t told_;
     qint64 since_;
