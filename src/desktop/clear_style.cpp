@@ -106,6 +106,16 @@ void drawButtonPanel(QPainter& painter, const QStyleOption& option) {
   painter.restore();
 }
 
+// Around the cell of the keyboard: the toolkit fills it, and its text is pale on a highlighted row.
+void drawCellFocus(QPainter& painter, const QStyleOption& option) {
+  const bool selected = option.state.testFlag(QStyle::State_Selected);
+  painter.save();
+  painter.setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+  painter.restore();
+}
+
 // A slider without arrows on the background of its area.
 void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar, const QRect& slider) {
   const QColor ground = bar.palette.color(QPalette::Window);
@@ -247,6 +257,8 @@ void ClearStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     drawMark(*painter, *option, true);
   } else if (element == PE_PanelButtonCommand) {
     drawButtonPanel(*painter, *option);
+  } else if (element == PE_FrameFocusRect && qobject_cast<const QAbstractItemView*>(widget) != nullptr) {
+    drawCellFocus(*painter, *option);
   } else {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element == PE_PanelLineEdit || element == PE_FrameGroupBox) drawEdge(*painter, *option);
