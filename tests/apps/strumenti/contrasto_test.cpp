@@ -60,9 +60,9 @@ TEST_F(QuadroDisegnato, HasHeadingsLateDatesAndNumbersThatCanBeRead) {
     inRitardo = inRitardo || tabella.model()->index(riga, 3).data().toString().contains("in ritardo");
   }
   ASSERT_TRUE(inRitardo);
-  test::expectReadable(*finestra, 40);
+  test::expectReadable(*finestra, 30);
   evidenzia(tabella);
-  test::expectReadable(*finestra, 40);
+  test::expectReadable(*finestra, 30);
   finestra->findChild<QLineEdit*>()->setText(QStringLiteral("nessuna così"));
   ASSERT_EQ(tabella.mostrate(), 0U);
   test::expectReadable(*finestra, 15);
