@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "base/text.h"
+#include "suite/file_distinti.h"
 #include "suite/lettore_toml.h"
 
 namespace cu {
@@ -160,7 +161,10 @@ Profilo analizzaProfilo(std::string_view testo, const std::string& file, const s
 }
 
 Profilo leggiProfilo(const std::string& file) {
-  return analizzaProfilo(leggiTestoToml(file), file, std::filesystem::absolute(file).parent_path().string());
+  Profilo profilo =
+      analizzaProfilo(leggiTestoToml(file), file, std::filesystem::absolute(file).parent_path().string());
+  controllaFileDistinti(profilo);
+  return profilo;
 }
 
 }  // namespace cu

@@ -69,7 +69,7 @@ class ErroreProfilo : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Raises ErroreProfilo.
+// Raises ErroreProfilo; also where a file that the run writes is one that it needs (file_distinti.h).
 Profilo leggiProfilo(const std::string& file);
 // Parses a text; `cartella` is the base of relative paths. Accepts any bytes.
 Profilo analizzaProfilo(std::string_view testo, const std::string& file, const std::string& cartella);

@@ -1,5 +1,8 @@
 #include "suite/traccia.h"
 
+#include <filesystem>
+#include <fstream>
+
 #include "base/text.h"
 
 namespace cu {
@@ -33,7 +36,24 @@ void escape(std::string& json, char32_t character) {
   json += kDigits[character & 0x0F];
 }
 
+// Whether the run before may have written the file: every line of a trace begins with a quote.
+bool maybeTrace(const std::string& path) {
+  std::error_code unknown;
+  if (!std::filesystem::is_regular_file(path, unknown)) return true;
+  char first = '"';
+  std::ifstream(path, std::ios::binary).get(first);
+  return first == '"';
+}
+
+const std::string& checkedForTrace(const std::string& path) {
+  if (!maybeTrace(path)) throw FileError(kErrorPathAccess, "Il file non è una traccia: " + path);
+  return path;
+}
+
 }  // namespace
+
+TracciaSql::TracciaSql(const std::string& path)
+    : path_(path), file_(openForWriting(checkedForTrace(path), NewFile::OwnerOnly)) {}
 
 std::string stringaJson(std::string_view testo) {
   std::string json = "\"";

@@ -12,11 +12,11 @@ namespace cu {
 
 // The trace of statements: one JSON string per line, written to the disk before the statement runs. The
 // constructor empties the file; a new one is its owner's alone, because statements have values. Raises
-// FileError when it cannot be written: a trace with gaps would mislead.
+// FileError when it cannot be written: a trace with gaps would mislead. A file that is there and is no trace
+// is not emptied, but refused with FileError.
 class TracciaSql {
  public:
-  explicit TracciaSql(const std::string& path)
-      : path_(path), file_(openForWriting(path, NewFile::OwnerOnly)) {}
+  explicit TracciaSql(const std::string& path);
   void scrivi(std::string_view istruzione);
 
  private:

@@ -89,7 +89,7 @@ TEST(Fabbrica, ItKnowsThatTheStartWasRefused) {
 TEST(Fabbrica, TheTraceIsEmptiedWhenItIsMade) {
   const test::TempFolder cartella;
   Profilo profilo;
-  profilo.traccia = cartella.write("t.sql", "vecchio");
+  profilo.traccia = cartella.write("t.sql", "\"vecchio\"\n");
   test::ScriptedFrontEnd schermo;
   FabbricaSuite fabbrica(profilo, schermo, {finta, nullptr});
   EXPECT_EQ(cartella.read("t.sql"), "");
@@ -97,6 +97,9 @@ TEST(Fabbrica, TheTraceIsEmptiedWhenItIsMade) {
   sessione->start(0);
   sessione->database().internalConnection().Execute("X");
   EXPECT_EQ(cartella.read("t.sql"), "\"X\"\n");
+  profilo.traccia = cartella.write("altro.db", "SQLite format 3");
+  EXPECT_THROW(FabbricaSuite(profilo, schermo, {finta, nullptr}), ErroreProfilo);
+  EXPECT_EQ(cartella.read("altro.db"), "SQLite format 3");
   profilo.traccia = cartella / "manca/t.sql";
   EXPECT_THROW(FabbricaSuite(profilo, schermo, {finta, nullptr}), ErroreProfilo);
 }

@@ -45,11 +45,22 @@ TEST(Traccia, ItsBytesAreItsOwn) {
 
 TEST(Traccia, ItIsEmptiedAtTheStart) {
   const test::TempFolder cartella;
-  cartella.write("t.sql", "vecchio\n");
+  cartella.write("t.sql", "\"vecchio\"\n");
   TracciaSql traccia(cartella / "t.sql");
   EXPECT_EQ(cartella.read("t.sql"), "");
   traccia.scrivi("SELECT 1");
   EXPECT_EQ(cartella.read("t.sql"), "\"SELECT 1\"\n");
+}
+
+TEST(Traccia, AFileThatIsNoTraceIsNotEmptied) {
+  const test::TempFolder cartella;
+  for (const char* const altro : {"SQLite format 3", "[session]\nuser = 1\n", "A              CUR18"}) {
+    cartella.write("t.sql", altro);
+    EXPECT_THROW(TracciaSql(cartella / "t.sql"), FileError) << altro;
+    EXPECT_EQ(cartella.read("t.sql"), altro);
+  }
+  cartella.write("t.sql", "");
+  EXPECT_NO_THROW(TracciaSql(cartella / "t.sql"));
 }
 
 TEST(Traccia, ALineIsThereBeforeItsStatementRuns) {
