@@ -50,12 +50,9 @@ tabelle::TabellaDaScrivere tableAsSeen(GridView& view) {
 void writeTable(const tabelle::TabellaDaScrivere& table, const QString& path) {
   const QString unfinished = path + QStringLiteral(".parziale");
   try {
-    if (path.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive)) {
-      writeText(unfinished, {}, path);  // reports a folder that cannot be written to in words
-      tabelle::scriviXlsx(utf8(unfinished), table, {});
-    } else {
-      writeText(unfinished, tabelle::scriviCsv(table), path);
-    }
+    const bool workbook = path.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive);
+    writeText(unfinished,
+              workbook ? tabelle::componiXlsx(table, {.file = utf8(path)}) : tabelle::scriviCsv(table), path);
     if (QFile::exists(path)) QFile::setPermissions(unfinished, QFile::permissions(path));
     std::error_code failed;
     std::filesystem::rename(utf8(unfinished), utf8(path), failed);

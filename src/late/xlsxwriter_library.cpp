@@ -12,7 +12,6 @@ constexpr cu::LateLibrary kXlsxwriter(CU_LIBRARY_XLSXWRITER, "I fogli elettronic
 
 CU_LATE_0(kXlsxwriter, lxw_version)
 CU_LATE_1(kXlsxwriter, format_set_bold)
-CU_LATE_1(kXlsxwriter, lxw_strerror)
 CU_LATE_1(kXlsxwriter, workbook_add_format)
 CU_LATE_1(kXlsxwriter, workbook_close)
 CU_LATE_2(kXlsxwriter, format_set_bottom)

@@ -26,18 +26,18 @@ struct TabellaDaScrivere {
 std::string scriviCsv(const TabellaDaScrivere& tabella);
 
 struct OpzioniXlsx {
-  std::string autore;
-  Date creata;  // recorded in the file; day 0 for the moment of writing
+  std::string autore = {};
+  Date creata = {};       // recorded in the file; day 0 for the moment of writing
+  std::string file = {};  // the name that errors mention
 };
 
-// Writes a workbook of one sheet: headings bold and frozen, columns as wide as their content, amounts and
-// dates as such, texts as texts, so that they keep leading zeros and are never formulas. Numbers of more than
-// 15 digits and dates before 1 March 1900, which a workbook cannot have, are texts. An existing file is
-// replaced. Raises ErroreTabella: F05 beyond a sheet's rows or columns or a cell's characters, F03 for what
-// cannot be written.
-void scriviXlsx(const std::string& file, const TabellaDaScrivere& tabella, const OpzioniXlsx& opzioni);
+// The bytes of a workbook of one sheet: headings bold and frozen, columns as wide as their content, amounts
+// and dates as such, texts as texts, so that they keep leading zeros and are never formulas. Numbers of more
+// than 15 digits and dates before 1 March 1900, which a workbook cannot have, are texts. Raises
+// ErroreTabella: F05 beyond a sheet's rows or columns or a cell's characters, F03 for what cannot be
+// composed.
+std::string componiXlsx(const TabellaDaScrivere& tabella, const OpzioniXlsx& opzioni);
 // The same of a sheet for each table, in order; their names differ.
-void scriviXlsx(const std::string& file, std::span<const TabellaDaScrivere> fogli,
-                const OpzioniXlsx& opzioni);
+std::string componiXlsx(std::span<const TabellaDaScrivere> fogli, const OpzioniXlsx& opzioni);
 
 }  // namespace cu::tabelle

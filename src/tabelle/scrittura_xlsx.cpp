@@ -1,6 +1,9 @@
+#include <sys/mman.h>
+#include <unistd.h>
 #include <xlsxwriter.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <clocale>
 #include <cstdint>
 #include <ctime>
@@ -34,6 +37,37 @@ class NumeriConPunto {
   std::string prima_;
 };
 
+// A file in memory. The library writes to a path alone, and tells of one that it cannot write in words of its
+// own: whoever wants the workbook on a disk replaces the file with the bytes.
+class FileInMemoria {
+ public:
+  FileInMemoria() : numero_(::memfd_create("xlsx", MFD_CLOEXEC)) {}
+  ~FileInMemoria() {
+    if (numero_ >= 0) ::close(numero_);
+  }
+  FileInMemoria(const FileInMemoria&) = delete;
+  FileInMemoria& operator=(const FileInMemoria&) = delete;
+
+  std::string percorso() const { return "/proc/self/fd/" + fromInteger(numero_); }
+  // "" where it cannot be read.
+  std::string contenuto() const {
+    const off_t byte = ::lseek(numero_, 0, SEEK_END);
+    std::string letto(byte > 0 ? static_cast<std::size_t>(byte) : 0, '\0');
+    std::size_t fatti = 0;
+    while (fatti < letto.size()) {
+      const ssize_t passo =
+          ::pread(numero_, letto.data() + fatti, letto.size() - fatti, static_cast<off_t>(fatti));
+      if (passo < 0 && errno == EINTR) continue;
+      if (passo <= 0) return {};
+      fatti += static_cast<std::size_t>(passo);
+    }
+    return letto;
+  }
+
+ private:
+  int numero_;
+};
+
 std::string nomeFoglioXlsx(std::string_view voluto) {
   std::string nome;
   for (const char c : voluto) {
@@ -63,7 +97,7 @@ std::string conSequenze(std::string_view contenuto) {
 
 class ScrittoreXlsx {
  public:
-  ScrittoreXlsx(const std::string& file, const OpzioniXlsx& opzioni) : posto_{file, {}, 0, 0} {
+  ScrittoreXlsx(const std::string& file, const OpzioniXlsx& opzioni) : posto_{opzioni.file, {}, 0, 0} {
     // Rows are freed from memory as the next one begins.
     lxw_workbook_options come = {};
     come.constant_memory = LXW_TRUE;
@@ -121,7 +155,9 @@ class ScrittoreXlsx {
     if (codice == LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED) {
       throw ErroreTabella("F05", posto_, "La cella ha più di 32767 caratteri");
     }
-    throw ErroreTabella("F03", posto_, "Impossibile scrivere il file: " + std::string(lxw_strerror(codice)));
+    throw ErroreTabella(
+        "F03", posto_,
+        "Il foglio elettronico non si può comporre: errore " + fromInteger(codice) + " della libreria");
   }
 
   lxw_format* formato(const char* codice) {
@@ -215,16 +251,17 @@ class ScrittoreXlsx {
 
 }  // namespace
 
-void scriviXlsx(const std::string& file, const TabellaDaScrivere& tabella, const OpzioniXlsx& opzioni) {
-  scriviXlsx(file, std::span(&tabella, 1), opzioni);
+std::string componiXlsx(const TabellaDaScrivere& tabella, const OpzioniXlsx& opzioni) {
+  return componiXlsx(std::span(&tabella, 1), opzioni);
 }
 
-void scriviXlsx(const std::string& file, std::span<const TabellaDaScrivere> fogli,
-                const OpzioniXlsx& opzioni) {
+std::string componiXlsx(std::span<const TabellaDaScrivere> fogli, const OpzioniXlsx& opzioni) {
   const NumeriConPunto numeri;
-  ScrittoreXlsx scrittore(file, opzioni);
+  const FileInMemoria file;
+  ScrittoreXlsx scrittore(file.percorso(), opzioni);
   for (const TabellaDaScrivere& foglio : fogli) scrittore.scrivi(foglio);
   scrittore.chiudi();
+  return file.contenuto();
 }
 
 }  // namespace cu::tabelle

@@ -32,8 +32,7 @@ TabellaDaScrivere esempio() {
 class Scrittura : public testing::Test {
  protected:
   std::string xlsx(const TabellaDaScrivere& tabella) {
-    scriviXlsx(cartella_ / "f.xlsx", tabella, {"Prova", *Date::fromYmd(2024, 1, 31)});
-    return cartella_.read("f.xlsx");
+    return componiXlsx(tabella, {"Prova", *Date::fromYmd(2024, 1, 31)});
   }
   Tabella riletta(const TabellaDaScrivere& tabella) { return leggiTabella(xlsx(tabella), "f.xlsx"); }
 
@@ -63,8 +62,7 @@ TEST_F(Scrittura, OfAWorkbookMayHaveSeveralSheets) {
   altra.colonne = {"Colonna"};
   altra.righe = {{testo("007")}};
   const std::vector<TabellaDaScrivere> fogli = {esempio(), altra};
-  scriviXlsx(cartella_ / "f.xlsx", fogli, {"Prova", *Date::fromYmd(2024, 1, 31)});
-  const std::string byte = cartella_.read("f.xlsx");
+  const std::string byte = componiXlsx(fogli, {"Prova", *Date::fromYmd(2024, 1, 31)});
   const auto nomi = fogliDi(byte, "f.xlsx");
   ASSERT_EQ(nomi.size(), 2U);
   EXPECT_EQ(nomi[0].nome, "Compensi");
@@ -187,7 +185,12 @@ TEST_F(Scrittura, BeyondASheetIsReported) {
             "F05 La cella ha più di 32767 caratteri");
   EXPECT_EQ(errore({"", std::vector<std::string>(16385, "A"), {}}),
             "F05 La tabella ha più righe o colonne di quante un foglio ne contenga");
-  EXPECT_THROW(scriviXlsx(cartella_ / "manca/f.xlsx", esempio(), {}), ErroreTabella);
+  try {
+    componiXlsx(TabellaDaScrivere{"", {"A"}, {{testo(std::string(32768, 'x'))}}}, {.file = "grande.xlsx"});
+    FAIL() << "written";
+  } catch (const ErroreTabella& raised) {
+    EXPECT_TRUE(raised.description().starts_with("grande.xlsx, riga 2")) << raised.description();
+  }
 }
 
 // Of a workbook as another program writes it.

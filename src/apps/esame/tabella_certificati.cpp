@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "base/decimal.h"
-#include "platform/owner_only.h"
 #include "suite/platform_file.h"
 
 namespace cu {
@@ -51,8 +50,7 @@ void TabellaCertificati::scriviCsv(const std::string& percorso) const {
 }
 
 void TabellaCertificati::scriviXlsx(const std::string& percorso) const {
-  createOwnerOnlyFile(percorso);
-  tabelle::scriviXlsx(percorso, tabella_, {});
+  replaceFile(percorso, tabelle::componiXlsx(tabella_, {.file = percorso}), NewFile::OwnerOnly);
 }
 
 }  // namespace cu

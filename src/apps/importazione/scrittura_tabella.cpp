@@ -1,7 +1,6 @@
 #include "apps/importazione/scrittura_tabella.h"
 
 #include "base/text.h"
-#include "platform/owner_only.h"
 #include "suite/support_log.h"
 
 namespace cu {
@@ -21,12 +20,10 @@ bool fileDiUnaTabella(const std::string& file) { return finisceIn(file, ".csv");
 void scriviTabelle(const std::string& file, const std::vector<tabelle::TabellaDaScrivere>& tabelle,
                    NewFile lettori) {
   logged({.operation = "file", .detail = "tabella"}, [&] {
-    if (fileDiUnaTabella(file)) {
-      replaceFile(file, tabelle::scriviCsv(tabelle.front()), lettori);
-    } else {
-      if (lettori == NewFile::OwnerOnly) createOwnerOnlyFile(file);
-      tabelle::scriviXlsx(file, tabelle, {});
-    }
+    replaceFile(file,
+                fileDiUnaTabella(file) ? tabelle::scriviCsv(tabelle.front())
+                                       : tabelle::componiXlsx(tabelle, {.file = file}),
+                lettori);
   });
 }
 

@@ -29,13 +29,11 @@ tabelle::TabellaDaScrivere comeMostrata(const QAbstractItemModel& modello) {
 QString scriviTabella(const QAbstractItemModel& modello, const QString& percorso) {
   const std::string file = percorso.toStdString();
   try {
-    if (!percorso.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive)) {
-      replaceFile(file, tabelle::scriviCsv(comeMostrata(modello)), NewFile::OwnerOnly);
-    } else {
-      // The library for workbooks reports a file that cannot be made in words of its own.
-      replaceFile(file, {}, NewFile::OwnerOnly);
-      tabelle::scriviXlsx(file, comeMostrata(modello), {});
-    }
+    const bool cartella = percorso.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive);
+    replaceFile(file,
+                cartella ? tabelle::componiXlsx(comeMostrata(modello), {.file = file})
+                         : tabelle::scriviCsv(comeMostrata(modello)),
+                NewFile::OwnerOnly);
   } catch (const Error& errore) {
     return QStringLiteral("%1 non si può scrivere: %2")
         .arg(percorso, QString::fromStdString(errore.description()));

@@ -190,8 +190,7 @@ TEST_F(AssistenteImportazione, ReadsTheSheetThatWasChosen) {
   fogli[1] = {"Marzo",
               {"CodicePercipiente", "Causale", "DataPagamento", "Onorario"},
               {{testo("P001"), testo("A"), testo("20/03/2018"), testo("1000")}}};
-  const std::string file = posto.cartella / "due.xlsx";
-  tabelle::scriviXlsx(file, fogli, {});
+  const std::string file = posto.cartella.write("due.xlsx", tabelle::componiXlsx(fogli, {}));
   Assistente assistente = con({file});
   EXPECT_THAT(assistente.file().front().fogli, ElementsAre("Note", "Marzo"));
   assistente.scegliElenco(Elenco::Compensi);
