@@ -7,6 +7,7 @@
 #include "apps/comune/codici_uscita.h"
 #include "apps/comune/elenco_luoghi.h"
 #include "apps/comune/file_letto.h"
+#include "apps/comune/tabella_sostituibile.h"
 #include "apps/esame/comandi_esame.h"
 #include "apps/esame/json_lettura.h"
 #include "apps/esame/tabella_certificati.h"
@@ -203,10 +204,22 @@ bool scrivibili(const OpzioniInspect& opzioni) {
   return true;
 }
 
+// What is there and is no table stays.
+bool sostituibili(const OpzioniInspect& opzioni) {
+  for (const std::string* const tabella : {&opzioni.csv, &opzioni.xlsx}) {
+    const std::string motivo = tabella->empty() ? std::string() : tabellaRifiutata(*tabella);
+    if (motivo.empty()) continue;
+    std::cerr << motivo << '\n';
+    return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 int comandoInspect(const OpzioniInspect& opzioni) {
   if (!scrivibili(opzioni)) return kUsoSbagliato;
+  if (!sostituibili(opzioni)) return kRifiutato;
   try {
     FileLetto file(opzioni.file);
     const std::int64_t contati = opzioni.json ? inJson(file, opzioni) : inTesto(file, opzioni);

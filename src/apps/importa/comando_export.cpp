@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "apps/comune/codici_uscita.h"
+#include "apps/comune/tabella_sostituibile.h"
 #include "apps/importa/database_importa.h"
 #include "apps/importazione/scrittura_tabella.h"
 #include "intake/esporta.h"
@@ -50,6 +51,10 @@ tabelle::TabellaDaScrivere tabellaDi(intake::Esportazione&& esportate) {
 int comandoExport(const OpzioniExport& opzioni) {
   try {
     rifiutaDatabase("--output", opzioni.file, opzioni.database);
+    if (const std::string motivo = tabellaRifiutata(opzioni.file); !motivo.empty()) {
+      std::cerr << motivo << '\n';
+      return kRifiutato;
+    }
     DatabaseSuite database = apriDatabase(opzioni.database, &apriPerLeggere);
     intake::Esportazione esportate = esporta(database.ownConnection(), opzioni);
     const std::size_t righe = esportate.righe.size();
