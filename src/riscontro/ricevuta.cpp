@@ -100,6 +100,7 @@ class Pianificazione {
     }
     if (giaDetto(riga, sue)) return;
     std::vector<std::size_t> attese = conStato(sue, Stato::Inviata);
+    if (contraddice(riga, attese.empty())) return;
     if (attese.empty()) attese = conStato(sue, Stato::Scritta);
     if (attese.empty()) {
       male(riga, EsitoRiga::Errore, "CodiceFiscale", "P12",
@@ -145,6 +146,33 @@ class Pianificazione {
       return true;
     }
     return false;
+  }
+
+  static bool stessiRiferimenti(const RigaRicevuta& una, const RigaRicevuta& altra) {
+    return !una.protocollo.empty() && una.protocollo == altra.protocollo &&
+           una.progressivo == altra.progressivo;
+  }
+
+  // Another row of the table gives the other answer on the same certificate: the two have one protocol and
+  // progressive, or no further file that was sent waits for an answer. A file that is only written is not
+  // marked as sent for it.
+  bool contraddice(RigaPiano& riga, bool nessunaInviata) const {
+    const RigaRicevuta& letta = riga.letta;
+    const auto altra = std::find_if(piano_.righe.begin(), piano_.righe.end(), [&](const RigaPiano& una) {
+      const RigaRicevuta& sua = una.letta;
+      if (sua.codiceFiscale != letta.codiceFiscale || sua.esito == letta.esito) return false;
+      if (!sua.causale.empty() && !letta.causale.empty() && sua.causale != letta.causale) return false;
+      if (una.esito == EsitoRiga::Nuovo && nessunaInviata) return true;
+      return (una.esito == EsitoRiga::Nuovo || una.esito == EsitoRiga::Uguale) &&
+             stessiRiferimenti(sua, letta);
+    });
+    if (altra == piano_.righe.end()) return false;
+    std::string testo = "la riga " + fromInteger(altra->letta.riga) +
+                        " dice il contrario della stessa certificazione: " + altra->letta.esito;
+    if (!stessiRiferimenti(altra->letta, letta)) {
+      testo += "; se le righe rispondono a due file, prima si segnano tutti e due come inviati";
+    }
+    return !male(riga, EsitoRiga::Errore, "Esito", "R04", std::move(testo));
   }
 
   static std::string riferimento(const std::string& protocollo, const std::string& progressivo) {

@@ -137,6 +137,39 @@ TEST_F(Ricevuta, ARowThatRepeatsAnotherOfItsTableSaysSo) {
   EXPECT_EQ(pianifica(con_.registro, 1, {accettata("P1")}).righe[0].testo, "la risposta è già registrata");
 }
 
+// A row too many must not be taken for the answer to an older file that was never sent.
+TEST_F(Ricevuta, ARowThatContradictsAnotherOfItsTableIsAnError) {
+  con_.scrivi({certificato("P1", "A")});
+  con_.registro.segnaInviato(con_.scrivi({certificato("P1", "A"), certificato("P2", "A")}), giorno());
+  const PianoRicevuta piano = pianifica(con_.registro, 1, {accettata("P1"), scartata("P2"), scartata("P1")});
+  EXPECT_FALSE(piano.applicabile());
+  EXPECT_EQ(piano.righe.at(1).codice, "");
+  EXPECT_EQ(piano.righe.at(2).codice, "R04");
+  EXPECT_EQ(
+      piano.righe.at(2).testo,
+      "la riga 2 dice il contrario della stessa certificazione: accettata; se le righe rispondono a due "
+      "file, prima si segnano tutti e due come inviati");
+  EXPECT_TRUE(piano.daSegnare.empty());
+}
+
+TEST_F(Ricevuta, OneProtocolAndProgressiveHaveOneAnswer) {
+  con_.registro.segnaInviato(con_.scrivi({certificato("P1", "A")}), giorno());
+  con_.registro.segnaInviato(con_.scrivi({certificato("P1", "A")}), giorno());
+  RigaRicevuta scarto = accettata("P1");
+  scarto.esito = "scartata";
+  const PianoRicevuta piano = pianifica(con_.registro, 1, {accettata("P1"), scarto});
+  EXPECT_EQ(piano.righe.at(1).codice, "R04");
+  EXPECT_EQ(piano.righe.at(1).testo, "la riga 2 dice il contrario della stessa certificazione: accettata");
+}
+
+// Two files that were both sent may have different answers.
+TEST_F(Ricevuta, DifferentAnswersToTwoFilesThatWereSentAreNone) {
+  con_.registro.segnaInviato(con_.scrivi({certificato("P1", "A")}), giorno());
+  con_.registro.segnaInviato(con_.scrivi({certificato("P1", "A")}), giorno());
+  applicata({accettata("P1"), scartata("P1")});
+  EXPECT_EQ(con_.stati(), "scartata accettata");
+}
+
 TEST_F(Ricevuta, ProtocolAndProgressiveBelongToOneCertificate) {
   con_.scrivi({certificato("P1", "A"), certificato("P2", "A"), certificato("P3", "A")});
   const PianoRicevuta piano = pianifica(con_.registro, 1, {accettata("P1"), accettata("P2", "A", "1")});
