@@ -66,6 +66,10 @@ int comandoMake(const OpzioniMake& opzioni) {
     std::cerr << "La selezione non dà certificazioni: nessun file telematico è stato creato.\n";
     return kRifiutato;
   }
+  if (!corsa.dopo.letto) {
+    std::cerr << "Il file scritto non si può rileggere: " << corsa.dopo.guasto << '\n';
+    return kRifiutato;
+  }
   stampaFile(corsa.scritto->percorso, corsa.anno, modelloDi(profilo));
   stampaControllo(corsa.scritto->percorso, corsa.dopo);
   scriviStampe(terminale, profilo);

@@ -98,6 +98,10 @@ EsitoAzienda dettaCorsa(const CorsaMake& corsa, const Terminale& terminale, cons
   if (corsa.scritto->certificazioni == 0) {
     return {Esito::Rifiutata, "rifiutata: la selezione non dà certificazioni"};
   }
+  if (!corsa.dopo.letto) {
+    return {Esito::Rifiutata,
+            "rifiutata: il file scritto non si può rileggere: " + unaRiga(corsa.dopo.guasto)};
+  }
   const std::string scritto = corsa.scritto->percorso + ", certificazioni " +
                               fromInteger(static_cast<std::int64_t>(corsa.scritto->certificazioni)) +
                               avvisi(corsa, terminale, diPrima);

@@ -37,6 +37,7 @@ std::string motivoDellaCartella(const fornitura::Intorno& intorno, const fornitu
       files.join(richiesta.cartella,
                  fornitura::fnNomeFile(intorno.utilita.toText(azienda.Get("CodFisc")), richiesta.anno));
   if (!files.folderExists(richiesta.cartella)) return {};
+  if (files.folderExists(file)) return file + " è una cartella";
   if (files.fileExists(file)) return files.canWrite(file) ? "" : "il file " + file + " non si può sostituire";
   return files.canWriteIn(richiesta.cartella)
              ? ""

@@ -85,7 +85,7 @@ class DopoLaScrittura {
     } catch (const std::exception& errore) {
       dopo_.guasto = asError(errore).description();
     }
-    if (letto_) return std::move(dopo_);
+    if (dopo_.letto) return std::move(dopo_);
     try {
       LetturaSeguita letto(file_.percorso, file_.avanzamento);
       esamina(letto, nullptr);
@@ -100,7 +100,7 @@ class DopoLaScrittura {
     // Made once: a run for many companies reads as many files.
     static const ElencoLuoghi luoghi;
     dopo_.rilievi = lettura::esamina(letto, &luoghi, ascoltatore, &file_.modello).rilievi;
-    letto_ = true;
+    dopo_.letto = true;
   }
 
   void registra() {
@@ -126,7 +126,6 @@ class DopoLaScrittura {
   const Clock& orologio_;
   const FileAppenaScritto& file_;
   DopoScrittura dopo_;
-  bool letto_ = false;
 };
 
 }  // namespace

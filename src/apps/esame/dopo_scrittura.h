@@ -25,6 +25,7 @@ struct FileAppenaScritto {
 
 struct DopoScrittura {
   lettura::Rilievi rilievi;
+  bool letto = false;  // without that, the file is not what was written, or no more there
   bool registrato = false;
   std::string guasto;  // why it could not be read or kept; "" where nothing went wrong
 };
