@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <new>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,7 @@
 #include "apps/versione/versione.h"
 #include "comandi.h"
 #include "completamento.h"
+#include "standard_streams.h"
 #include "suite/profilo.h"
 #include "uso.h"
 #include "uso_aziende.h"
@@ -402,10 +404,21 @@ int main(int argc, char** argv) {
   std::signal(SIGPIPE, SIG_IGN);
 #endif
   std::ios::sync_with_stdio(false);
+  cu::reportInWords();
+  cu::StandardStreams flussi;
+  int esito = cu::kRifiutato;
   try {
-    return cu::eseguiProgramma(argc, argv);
+    esito = cu::eseguiProgramma(argc, argv);
+  } catch (const std::bad_alloc&) {
+    throw;  // what is there to say of it is said without asking for memory
   } catch (const std::exception& errore) {
     std::cerr << errore.what() << '\n';
-    return cu::kRifiutato;
   }
+  if (!flussi.complete()) {
+    std::cerr
+        << "Non tutto quello che andava sullo standard output si è potuto scrivere: verificare lo spazio "
+           "sul disco.\n";
+    if (esito == cu::kRiuscito) esito = cu::kRifiutato;
+  }
+  return esito;
 }

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <csignal>
+#include <cstdlib>
 #include <iostream>
 #include <optional>
 #include <string_view>
@@ -30,6 +31,7 @@
 #include "desktop/look.h"
 #include "desktop/window_memory.h"
 #include "sqlite/own_files.h"
+#include "standard_streams.h"
 #include "suite/profilo.h"
 #include "uso.h"
 #include "uso_finestra.h"
@@ -139,6 +141,16 @@ int esegui(const OpzioniFinestra& opzioni) {
   return eseguiProcedura(*profilo, cartellaGuida(QString::fromStdString(profilo->sessione.cartellaGuida)));
 }
 
+constexpr const char* kSenzaSchermo =
+    "cuwizard: non c'è uno schermo su cui aprire la finestra. Senza schermo si usa cuctl.\n";
+
+// While the toolkit starts: it aborts where a screen is named and cannot be reached.
+void diceSenzaSchermo(QtMsgType genere, const QMessageLogContext& /*dove*/, const QString& /*testo*/) {
+  if (genere != QtFatalMsg) return;
+  std::cerr << kSenzaSchermo << std::flush;
+  std::_Exit(kRifiutato);
+}
+
 // The help, the version, and a machine without a screen are handled before the toolkit starts, which would
 // only abort.
 std::optional<int> senzaSchermo(int quanti, char** argomenti, CLI::App& programma) {
@@ -159,7 +171,7 @@ std::optional<int> senzaSchermo(int quanti, char** argomenti, CLI::App& programm
   const bool schermo =
       !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
   if (!piattaforma && !schermo) {
-    std::cerr << "cuwizard: non c'è uno schermo su cui aprire la finestra. Senza schermo si usa cuctl.\n";
+    std::cerr << kSenzaSchermo;
     return kRifiutato;
   }
 #endif
@@ -173,7 +185,9 @@ int eseguiFinestra(int quanti, char** argomenti) {
   if (const auto esito = senzaSchermo(quanti, argomenti, programma)) return *esito;
 
   QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\nqt.*.warning=false"));
+  const QtMessageHandler diPrima = qInstallMessageHandler(diceSenzaSchermo);
   QApplication applicazione(quanti, argomenti);
+  qInstallMessageHandler(diPrima);
   QCoreApplication::setApplicationName(QStringLiteral("cuwizard"));
   QCoreApplication::setOrganizationName(QStringLiteral("cuwizard"));
   QGuiApplication::setApplicationDisplayName({});
@@ -209,4 +223,8 @@ int eseguiFinestra(int quanti, char** argomenti) {
 }  // namespace
 }  // namespace cu
 
-int main(int argc, char** argv) { return cu::eseguiFinestra(argc, argv); }
+int main(int argc, char** argv) {
+  cu::reportInWords();
+  const cu::StandardStreams flussi;
+  return cu::eseguiFinestra(argc, argv);
+}

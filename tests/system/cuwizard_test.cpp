@@ -37,6 +37,14 @@ TEST(Window, AMachineWithoutAScreenIsToldInWords) {
             "cuwizard: non c'è uno schermo su cui aprire la finestra. Senza schermo si usa cuctl.\n");
 }
 
+TEST(Window, AScreenThatCannotBeReachedIsToldInWords) {
+  const Posto posto(Posto::Database::Nessuno);
+  const Esecuzione esito = cuwizard(posto, {"DISPLAY=:65535"}, {});
+  EXPECT_EQ(esito.codice, 1);
+  EXPECT_EQ(esito.errori,
+            "cuwizard: non c'è uno schermo su cui aprire la finestra. Senza schermo si usa cuctl.\n");
+}
+
 TEST(Window, WhatIsWrongEndsWithTwoAndSaysWhat) {
   const Posto posto(Posto::Database::Nessuno);
   const Argomenti nascosto{"QT_QPA_PLATFORM=offscreen"};
