@@ -1,6 +1,7 @@
 #include "worklist/compensi.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "base/text.h"
@@ -12,6 +13,31 @@
 #include "worklist/tabella_lavoro.h"
 
 namespace cu {
+namespace {
+
+// The key of a row, its selection and whether it is corrected.
+using RigaRiconosciuta = std::array<std::int64_t, 6>;
+
+std::vector<RigaRiconosciuta> righeInOrdine(const Recordset& righe) {
+  std::vector<RigaRiconosciuta> tutte(righe.RecordCount());
+  if (tutte.empty()) return tutte;
+  const std::array<std::size_t, 4> chiave{righe.Ordinal("IDAnagrafica"), righe.Ordinal("IDCausalePagamento"),
+                                          righe.Ordinal("Anno"), righe.Ordinal("IDAzienda")};
+  const std::size_t scelta = righe.Ordinal("Selezionato");
+  const std::size_t corretta = righe.Ordinal("Modificato");
+  std::vector<CellView> celle(righe.Fields().size());
+  for (std::size_t i = 0; i < tutte.size(); ++i) {
+    righe.Peek(i + 1, celle.data());
+    for (std::size_t parte = 0; parte < chiave.size(); ++parte)
+      tutte[i][parte] = celle[chiave[parte]].integer();
+    tutte[i][4] = celle[scelta].flag() ? 1 : 0;
+    tutte[i][5] = celle[corretta].flag() ? 1 : 0;
+  }
+  std::sort(tutte.begin(), tutte.end());
+  return tutte;
+}
+
+}  // namespace
 
 // Suspends the view for its lifetime, also when an error ends the work early.
 class Compensi::Pausa {
@@ -185,6 +211,15 @@ void Compensi::sbAggiornaRiga() {
   // A row already written back stays so when an editor returns it unchanged.
   const bool cambiata = std::exchange(rigaAperta_, testo) != testo;
   if (cambiata && rsCompensi_.Get("Modificato").flag()) nonMemorizzate_.insert(rsCompensi_.Bookmark());
+}
+
+void Compensi::sbControllaTabella() {
+  if (!rsCompensi_.IsOpen()) return;
+  Recordset scritte;
+  sullaTabella(
+      [&] { scritte.Open(ambito_.database->ownConnection(), utilita_.fnAnsi2jet(fnRigheLavoro(tabella_))); });
+  if (righeInOrdine(scritte) != righeInOrdine(*rsCompensi_.Clone()))
+    throw Error(kErrorRowGone, fnTabellaAltrui());
 }
 
 std::size_t Compensi::sbMemorizzaModifiche() {

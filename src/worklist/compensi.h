@@ -62,6 +62,10 @@ class Compensi {
   // Opens the current row in an editor; stores the edited row in the work table.
   void sbApriRiga();
   void sbAggiornaRiga();
+  // Raises an error where the table no longer holds the loaded rows with their selection and corrections: it
+  // would be the rows of another session that reach the accounts and the file. Reads over the connection that
+  // is not traced.
+  void sbControllaTabella();
   // Writes the changed and selected rows back to the accounts; returns their number.
   std::size_t sbMemorizzaModifiche();
   // The number of changed rows whose present values have not been written back.

@@ -67,6 +67,18 @@ std::string fnCorrezioniMancanti(std::int64_t righe, std::int64_t attese) {
          "ricaricare i compensi e ripetere le correzioni che mancano.";
 }
 
+std::string fnRigheLavoro(const std::string& nome) {
+  return "SELECT IDAnagrafica, IDCausalePagamento, Anno, IDAzienda, Selezionato, Modificato FROM " + nome;
+}
+
+std::string fnTabellaAltrui() {
+  return "La tabella di lavoro non contiene più i compensi mostrati qui: un'altra sessione dello stesso "
+         "utente "
+         "vi ha caricato i suoi. Nessun file è stato creato e nulla è stato memorizzato. Chiudere l'altra "
+         "sessione, tornare al primo passo senza memorizzare, ricaricare i compensi e ripetere le "
+         "correzioni.";
+}
+
 std::optional<std::string> fnAltraSessione(const DatabaseError& errore, const std::string& nome) {
   if (lowerAscii(errore.description()).find(lowerAscii(nome)) == std::string::npos) return std::nullopt;
   if (errore.kind() == DatabaseErrorKind::Missing || errore.kind() == DatabaseErrorKind::Exists) {

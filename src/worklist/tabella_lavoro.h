@@ -22,6 +22,10 @@ std::string fnCreaTabella(const std::string& nome, bool proprie = false);
 // affects no row, and for a write-back that stores an unexpected number of rows.
 std::string fnRigaMancante();
 std::string fnCorrezioniMancanti(std::int64_t righe, std::int64_t attese);
+// What identifies each line, and what the user has done to it; and the text for other lines than those
+// loaded.
+std::string fnRigheLavoro(const std::string& nome);
+std::string fnTabellaAltrui();
 // The corresponding text for a database error caused by it; nullopt for any other error.
 std::optional<std::string> fnAltraSessione(const DatabaseError& errore, const std::string& nome);
 

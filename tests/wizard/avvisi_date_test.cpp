@@ -149,6 +149,7 @@ class BlankBoxes : public FileRun {
     }
     database.own.answerContaining("AS CodFisc", azienda());
     database.own.answerContaining("SELECT DISTINCT Anag.Sesso", percipiente());
+    inTabella({workRow(1, 1), workRow(2, 1)});
     vaiAllaFine();
   }
   const std::string atteso =

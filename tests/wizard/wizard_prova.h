@@ -102,7 +102,15 @@ class WizardProva {
     frontEnd.pointers.clear();
   }
 
-  void righe(const std::vector<WorkRow>& contenuto) { database.main.answer(kTabella, workTable(contenuto)); }
+  void righe(const std::vector<WorkRow>& contenuto) {
+    database.main.answer(kTabella, workTable(contenuto));
+    inTabella(contenuto);
+  }
+  // The lines that the work table holds when they are looked at again.
+  void inTabella(const std::vector<WorkRow>& contenuto) {
+    database.own.answerContaining(std::string("Selezionato, Modificato FROM ") + kTabella,
+                                  workTable(contenuto));
+  }
 
   ScriptedFrontEnd frontEnd;
   SimpleUtility utilita{frontEnd};
