@@ -21,6 +21,8 @@ struct Riepilogo {
   Decimal ritenute;                // on account and as final tax
   std::size_t daMemorizzare = 0;   // corrected lines that the run writes back
   std::size_t nonMemorizzate = 0;  // corrected lines that it does not, because they are not selected
+  // Of the lines that it writes back, those whose refunded expenses leave the account by that.
+  std::size_t senzaSpese = 0;
 };
 Riepilogo riepiloga(Compensi& compensi);
 

@@ -183,7 +183,11 @@ std::vector<Form::Fact> FrmWizard::previsioneCU() {
     correzioni += "; " + conta(suo.nonMemorizzate, "resta fuori: la sua riga non è scelta",
                                "restano fuori: le loro righe non sono scelte");
   }
-  fatti.push_back({"Correzioni", correzioni, suo.nonMemorizzate > 0});
+  if (suo.senzaSpese > 0) {
+    correzioni += "; " + conta(suo.senzaSpese, "riga M o O perde nei conti le spese rimborsate",
+                               "righe M e O perdono nei conti le spese rimborsate");
+  }
+  fatti.push_back({"Correzioni", correzioni, suo.nonMemorizzate > 0 || suo.senzaSpese > 0});
   fatti.push_back(rilieviPrevisti());
   return fatti;
 }

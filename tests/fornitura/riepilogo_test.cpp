@@ -63,6 +63,22 @@ TEST_F(Overview, PartsTheCorrectionsThatARunStoresFromTheOthers) {
   EXPECT_EQ(fornitura::riepiloga(compensi).nonMemorizzate, 1U);
 }
 
+TEST_F(Overview, CountsTheLinesWhoseRefundedExpensesLeaveTheAccount) {
+  database.internal.touchContaining("UPDATE", 1);
+  righe().MoveFirst();
+  righe().Set("SpeseRimborsate", Value::ofText("12.5"));
+  righe().Update();
+  EXPECT_EQ(fornitura::riepiloga(compensi).senzaSpese, 0U) << "it is not corrected";
+  righe().Set("Modificato", Value::ofFlag(true));
+  righe().Set("Imponibile", Value::ofText("7"));
+  righe().Update();
+  compensi.sbAggiornaRiga();
+  EXPECT_EQ(fornitura::riepiloga(compensi).senzaSpese, 1U);
+  righe().Set("Selezionato", Value::ofFlag(false));
+  righe().Update();
+  EXPECT_EQ(fornitura::riepiloga(compensi).senzaSpese, 0U) << "it is not written back";
+}
+
 TEST_F(Overview, IsEmptyBeforeTheFirstLoad) {
   Compensi vuoti(utilita, avanzamento);
   EXPECT_EQ(fornitura::riepiloga(vuoti).righe, 0U);
