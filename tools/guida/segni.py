@@ -182,7 +182,7 @@ def draw(picture, marks, look, controls):
         pen.ellipse((x - outer, y - outer, x + outer, y + outer), fill=colours.ring)
         pen.ellipse((x - inner, y - inner, x + inner, y + inner), fill=colours.disc)
         pen.text((x, y), str(mark.number), font=font, fill=colours.ink, anchor="mm")
-    layer = layer.resize(picture.size, Image.LANCZOS)
+    layer = layer.resize(picture.size, Image.BOX)
     drawn = picture.convert("RGBA")
     drawn.alpha_composite(layer)
     return drawn.convert("RGB"), centres
