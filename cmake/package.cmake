@@ -30,9 +30,10 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
-# The libraries by what the programs link; the font of the prints, which are rejected without it.
+# The libraries by what the programs link; the font of the prints, which are rejected without it; a loader that knows
+# packed relocations.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-dejavu-core)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-dejavu-core, libc6 (>= 2.36)")
 # The toolkit's own texts in Italian, its windows under Wayland, a driver for the server.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, qt6-wayland, tdsodbc")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "bash-completion")

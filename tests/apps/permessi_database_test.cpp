@@ -63,6 +63,13 @@ TEST_F(Permessi, CioCheESoloProprioNonSiSegnala) {
   EXPECT_FALSE(fs::exists(cartella / "stato"));
 }
 
+TEST_F(Permessi, DiUnaCartellaODiUnDispositivoNonSiConsigliaNulla) {
+  for (const std::string& altro : {cartella.path(), std::string("/dev/null")}) {
+    database.origine = altro;
+    EXPECT_EQ(permessi.daSegnalare(database), std::nullopt) << altro;
+  }
+}
+
 TEST_F(Permessi, SenzaMemoriaSiRipete) {
   for (const PermessiDatabase& senza : {PermessiDatabase(""), PermessiDatabase(database.origine + "/x/y")}) {
     senza.segnalato(database);

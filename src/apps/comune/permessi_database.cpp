@@ -35,7 +35,10 @@ std::string PermessiDatabase::memoriaDelUtente() {
 }
 
 std::optional<std::string> PermessiDatabase::daSegnalare(const Profilo::Database& database) const {
-  if (!incorporato(database)) return std::nullopt;
+  // Of a folder or a device it would be a dangerous advice; that it is no database is said elsewhere.
+  std::error_code ignorato;
+  if (!incorporato(database) || !std::filesystem::is_regular_file(database.origine, ignorato))
+    return std::nullopt;
   const OtherReaders altri = otherReaders(database.origine);
   if (altri == OtherReaders::None) return std::nullopt;
   const std::string nome = veroNome(database);
