@@ -33,9 +33,12 @@ Result<fornitura::Controllo> FrmWizard::preparaFile(LogGrid& oLogGrid) {
   return controllo;
 }
 
-bool FrmWizard::fnCreaFileCU() {
+bool FrmWizard::fnCreaFileCU(bool mostrata) {
   const std::unique_ptr<LogGrid> oLogGrid = ambiente_.factory.createLogGrid();
-  const auto controllo = primaDelFile([&] { return preparaFile(*oLogGrid); });
+  const auto controllo = primaDelFile([&] {
+    if (mostrata) compensi_.sbControllaTabella();
+    return preparaFile(*oLogGrid);
+  });
   // The run stays on this step unless it succeeds: the state of the folder is noted there.
   const std::string sNomeFile = fornitura::fnNomeFile(controllo->sCodFisc, KRNCboEsCont0.text());
   try {

@@ -204,7 +204,8 @@ class FrmWizard : public Form, public per_chiamanti::DiFrmWizard<FrmWizard> {
   std::string fnSelezionaCartella(const std::string& partenza);
 
   // The telematic file.
-  bool fnCreaFileCU();
+  // `mostrata`: the user has been shown what the run would do, and must not get the file of other lines.
+  bool fnCreaFileCU(bool mostrata);
   template <class Azione>
   auto primaDelFile(const Azione& azione);
   // Stores corrections and intermediary, checks the data.

@@ -223,12 +223,10 @@ void FrmWizard::tipoScelto(int indice) {
 }
 
 void FrmWizard::avvia() {
-  // Who has been shown what the run would do must not get the file of other lines.
   const bool mostrata = previsione_.has_value();
   previsione_.reset();
   if (optstType[1].value()) {
-    if (mostrata) compensi_.sbControllaTabella();
-    if (fnCreaFileCU()) sbVaiAlPasso(0, Direzione::Salto);
+    if (fnCreaFileCU(mostrata)) sbVaiAlPasso(0, Direzione::Salto);
     return;
   }
   stampaReport();

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -26,6 +27,7 @@ namespace {
 TEST(LockedBox, IsDrawnAsWhatCannotBeChanged) {
   Screen screen;
   screen.toEnd();
+  QCoreApplication::processEvents();  // the page has its layout with the overview
   auto& line = *screen.find<QLineEdit>("txtPercorsoCU");
   const auto ground = [&] { return line.grab().toImage().pixelColor(line.width() - 6, line.height() / 2); };
   EXPECT_EQ(ground(), line.palette().color(QPalette::Window));
