@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -94,8 +95,9 @@ class StandardStreams::Visible : public std::streambuf {
       const auto byte = static_cast<unsigned char>(*at++);
       if (byte == kLeadOfC1) {
         leadHeld_ = true;
-      } else if (!pass(picture(byte))) {
-        return 0;
+      } else {
+        const std::string shown = picture(byte);
+        if (!pass(shown)) return 0;
       }
     }
     return count;
@@ -118,7 +120,8 @@ class StandardStreams::Visible : public std::streambuf {
     leadHeld_ = false;
     const auto byte = static_cast<unsigned char>(next);
     if (byte >= 0x80 && byte < 0xA0) return pass("\uFFFD");
-    return pass(std::string{'\xC2', next});
+    const std::array<char, 2> whole{'\xC2', next};
+    return pass({whole.data(), whole.size()});
   }
 
   std::ostream& stream_;
@@ -128,8 +131,8 @@ class StandardStreams::Visible : public std::streambuf {
 
 StandardStreams::StandardStreams() {
   openClosedDescriptors();
-  out_ = std::make_unique<Visible>(std::cout);
-  err_ = std::make_unique<Visible>(std::cerr);
+  if (::isatty(STDOUT_FILENO) == 1) out_ = std::make_unique<Visible>(std::cout);
+  if (::isatty(STDERR_FILENO) == 1) err_ = std::make_unique<Visible>(std::cerr);
 }
 
 StandardStreams::~StandardStreams() = default;

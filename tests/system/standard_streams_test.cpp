@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "system/posto_support.h"
+#include "system/terminale_support.h"
 
 namespace cu::test {
 namespace {
@@ -60,17 +61,40 @@ TEST(StandardStreams, WhatIsClosedIsNoFileOfTheRun) {
   EXPECT_THAT(registro, Not(HasSubstr("findings")));
 }
 
-TEST(StandardStreams, ControlCharactersOfAFileAreShownAsPictures) {
-  const Posto posto(Posto::Database::Nessuno);
-  std::string riga = "B" + std::string("ROSSI\x1b[31m\x07\x9b") + "X";
-  riga.resize(1898, ' ');
-  posto.cartella().write("ostile.cur", riga + "\r\n");
-  const Esecuzione esito = rediretto(posto, "inspect ostile.cur", "");
+// With a file in which control characters stand where a name is.
+class StandardStreamsOfAHostileFile : public ::testing::Test {
+ protected:
+  StandardStreamsOfAHostileFile() {
+    std::string riga = "B" + std::string("ROSSI\x1b[31m\x07\x9b") + "X";
+    riga.resize(1898, ' ');
+    posto_.cartella().write("ostile.cur", riga + "\r\n");
+  }
+  std::string file() const { return posto_.cartella() / "ostile.cur"; }
+  const Posto& posto() const { return posto_; }
+
+ private:
+  Posto posto_{Posto::Database::Nessuno};
+};
+
+TEST_F(StandardStreamsOfAHostileFile, ATerminalShowsItsControlCharactersAsPictures) {
+  const AlTerminale esito({"inspect", file()}, "");
   EXPECT_EQ(esito.codice, 0);
-  EXPECT_THAT(esito.uscita, AllOf(HasSubstr("␛[31m␇"), Not(HasSubstr("\x1b")), Not(HasSubstr("\x07"))));
-  const Esecuzione assente = rediretto(posto, "inspect \"$(printf 'a\\033[1mb\\302\\233c')\"", "");
+  EXPECT_THAT(esito.visto, AllOf(HasSubstr("␛[31m␇"), Not(HasSubstr("\x1b")), Not(HasSubstr("\x07"))));
+  const AlTerminale assente({"inspect",
+                             "a\x1b[1mb\xC2\x9B"
+                             "c"},
+                            "");
   EXPECT_EQ(assente.codice, 2);
-  EXPECT_THAT(assente.errori, HasSubstr("a␛[1mb\xEF\xBF\xBD"
+  EXPECT_THAT(assente.visto, HasSubstr("a␛[1mb\xEF\xBF\xBD"
+                                       "c: il file non esiste."));
+}
+
+TEST_F(StandardStreamsOfAHostileFile, AnotherProgramGetsEveryByte) {
+  const Esecuzione esito = rediretto(posto(), "inspect ostile.cur", "");
+  EXPECT_THAT(esito.uscita, HasSubstr("ROSSI\x1b[31m\x07"));
+  const Esecuzione assente = rediretto(posto(), "inspect \"$(printf 'a\\177b\\302\\233c')\"", "");
+  EXPECT_THAT(assente.errori, HasSubstr("a\x7F"
+                                        "b\xC2\x9B"
                                         "c: il file non esiste."));
 }
 
@@ -103,7 +127,7 @@ TEST(WrittenFiles, TheTraceAndTheSettingsAreNotTheDatabase) {
   posto.cartella().write("altro.cur", "A              CUR18");
   prova("trace.sql", posto.cartella() / "altro.cur", "Il file non è una traccia");
   EXPECT_EQ(posto.cartella().read("altro.cur"), "A              CUR18");
-  posto.imposta("trace.sql", "");
+  posto.imposta("trace.sql", '"' + (posto.cartella() / "traccia.jsonl") + '"');
   prova("folders.settings", posto.profilo(), "è il profilo stesso, atteso un altro file");
 }
 
