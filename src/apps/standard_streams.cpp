@@ -55,7 +55,7 @@ bool passes(unsigned char byte) {
 }
 
 // The picture of a control character below 0x20, or of 0x7F, in UTF-8: U+2400 and those after it.
-std::string picture(unsigned char byte) {
+std::array<char, 3> picture(unsigned char byte) {
   const int place = byte == 0x7F ? 0x21 : byte;
   return {'\xE2', '\x90', static_cast<char>(0x80 + place)};
 }
@@ -89,15 +89,15 @@ class StandardStreams::Visible : public std::streambuf {
       }
       const char* const odd =
           std::find_if(at, end, [](char c) { return !passes(static_cast<unsigned char>(c)); });
-      if (!pass({at, static_cast<std::size_t>(odd - at)})) return 0;
+      if (!pass(at, static_cast<std::size_t>(odd - at))) return 0;
       at = odd;
       if (at == end) break;
       const auto byte = static_cast<unsigned char>(*at++);
       if (byte == kLeadOfC1) {
         leadHeld_ = true;
       } else {
-        const std::string shown = picture(byte);
-        if (!pass(shown)) return 0;
+        const std::array<char, 3> shown = picture(byte);
+        if (!pass(shown.data(), shown.size())) return 0;
       }
     }
     return count;
@@ -105,23 +105,23 @@ class StandardStreams::Visible : public std::streambuf {
   int sync() override {
     if (leadHeld_) {
       leadHeld_ = false;
-      pass("\xC2");
+      pass("\xC2", 1);
     }
     return behind_->pubsync();
   }
 
  private:
-  bool pass(std::string_view bytes) {
-    const auto count = static_cast<std::streamsize>(bytes.size());
-    return behind_->sputn(bytes.data(), count) == count;
+  bool pass(const char* bytes, std::size_t length) {
+    const auto count = static_cast<std::streamsize>(length);
+    return behind_->sputn(bytes, count) == count;
   }
   // U+0080 to U+009F are control characters too; they have no pictures.
   bool afterLead(char next) {
     leadHeld_ = false;
     const auto byte = static_cast<unsigned char>(next);
-    if (byte >= 0x80 && byte < 0xA0) return pass("\uFFFD");
+    if (byte >= 0x80 && byte < 0xA0) return pass("\uFFFD", 3);
     const std::array<char, 2> whole{'\xC2', next};
-    return pass({whole.data(), whole.size()});
+    return pass(whole.data(), whole.size());
   }
 
   std::ostream& stream_;

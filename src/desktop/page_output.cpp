@@ -121,7 +121,7 @@ QString fullAt(const QString& path) {
 QString printToFile(const Poppler::Document& document, const std::vector<int>& pages, const QPrinter& printer,
                     QWidget* over) {
   const QString path = printer.outputFileName();
-  if (const QString objection = objectionTo(path); !objection.isEmpty()) return objection;
+  if (QString objection = objectionTo(path); !objection.isEmpty()) return objection;
   QSaveFile file(path);
   if (!file.open(QIODevice::WriteOnly)) return closedTo(path);
   QString error;
@@ -150,7 +150,7 @@ QString pdfNameOf(const QString& title) {
 
 QString saveDocument(const QByteArray& document, const QString& path) {
   if (document.isEmpty()) return QStringLiteral("Il documento non è ancora aperto.");
-  if (const QString objection = objectionTo(path); !objection.isEmpty()) return objection;
+  if (QString objection = objectionTo(path); !objection.isEmpty()) return objection;
   QSaveFile file(path);
   if (!file.open(QIODevice::WriteOnly)) return closedTo(path);
   if (file.write(document) != document.size() || !file.commit()) return fullAt(path);
