@@ -39,11 +39,12 @@ std::string unchangingAddress(const std::string& name) {
     const std::string side = path + ending;
     const int kind = code & 0xFF;
     if (!presentFile(side) || (kind != SQLITE_CANTOPEN && kind != SQLITE_READONLY)) continue;
-    throw DatabaseError(
-        DatabaseErrorKind::ReadOnly, code, "",
-        "Il database «" + path + "» è di sola lettura, e accanto c'è «" + side +
-            "» con modifiche che non sono ancora nel file: si legge solo dopo che chi lo può "
-            "scrivere lo ha aperto e chiuso, o copiando tutti e due i file in un'altra cartella.");
+    std::string text = "Il database «";
+    text.append(path).append("» è di sola lettura, e accanto c'è «").append(side);
+    text +=
+        "» con modifiche che non sono ancora nel file: si legge solo dopo che chi lo può "
+        "scrivere lo ha aperto e chiuso, o copiando tutti e due i file in un'altra cartella.";
+    throw DatabaseError(DatabaseErrorKind::ReadOnly, code, "", text);
   }
   const DatabaseError told = errorOf(code, sqlite3_errmsg(database), "");
   throw DatabaseError(told.kind(), code, "", "Database «" + path + "»: " + told.what());
