@@ -125,6 +125,7 @@ void measure(int payees) {
 
   // Changes each line; the accounts are in the archive, so that both sides write there, alternately.
   connection->Execute("UPDATE " + table + " SET Modificato = 1");
+  for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) rows.Set("Modificato", Value::ofFlag(true));
   BareDatabase bare(archive);
   const std::vector<std::string> accounts = plain(bare, fnAggiornaConti(table));
   const std::vector<std::string> additional = plain(bare, fnAggiornaDatiAggiuntivi(table));
