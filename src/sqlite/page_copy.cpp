@@ -60,17 +60,6 @@ bool cannotGrow(sqlite3* target) {
                       "La copia «" + place + "» non si può scrivere: " + sqlite3_errstr(code) + ".");
 }
 
-DatabaseHandle openFlags(const std::string& name, int flags, int& code) {
-  sqlite3* raw = nullptr;
-  code = sqlite3_open_v2(name.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
-  DatabaseHandle handle(raw);
-  if (raw == nullptr) throw errorOf(SQLITE_NOMEM, "", "");
-  sqlite3_extended_result_codes(raw, 1);
-  constexpr int kPatienceForWriter = 5000;  // milliseconds
-  sqlite3_busy_timeout(raw, kPatienceForWriter);
-  return handle;
-}
-
 // One state of the database during the whole copy: a change by somebody else does not make it begin again.
 class Snapshot {
  public:
@@ -190,7 +179,7 @@ void transfer(sqlite3* source, const std::string& sourceName, sqlite3* target, c
 void writeCopy(sqlite3* source, const std::string& sourceName, const std::string& target,
                const std::string& place, const CopyObserver& observer) {
   int code = SQLITE_OK;
-  const DatabaseHandle copy = openFlags(target, SQLITE_OPEN_READWRITE, code);
+  const DatabaseHandle copy = openPatiently(target, SQLITE_OPEN_READWRITE, code);
   const auto set = [&](const char* sql) {
     if (code == SQLITE_OK) code = sqlite3_exec(copy.get(), sql, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK) targetFails(copy.get(), code, place);
@@ -225,7 +214,7 @@ DatabaseHandle openToCopy(const std::string& file) {
   const bool alone = logged && !std::filesystem::exists(file + "-wal", error);
   int code = SQLITE_OK;
   DatabaseHandle handle =
-      own ? openFlags(file.starts_with("file:") ? "./" + file : file, SQLITE_OPEN_READWRITE, code)
+      own ? openPatiently(file.starts_with("file:") ? "./" + file : file, SQLITE_OPEN_READWRITE, code)
           : openUnwritten(file, alone, code);
   if (code != SQLITE_OK) sourceFails(code, sqlite3_errmsg(handle.get()), file);
   return handle;
@@ -245,7 +234,7 @@ DatabaseCopy copyPages(sqlite3* source, const std::string& sourceName, const std
     expected = countedRows(source, observer);
   }
   int code = SQLITE_OK;
-  const DatabaseHandle copy = openFlags(target, SQLITE_OPEN_READONLY, code);
+  const DatabaseHandle copy = openPatiently(target, SQLITE_OPEN_READONLY, code);
   if (code != SQLITE_OK) targetFails(copy.get(), code, place);
   if (const std::string damage = damageOf(copy.get(), observer); !damage.empty()) {
     throw DatabaseError(DatabaseErrorKind::Corrupt, SQLITE_CORRUPT, "",

@@ -9,8 +9,6 @@
 namespace cu::sqlite {
 namespace {
 
-constexpr int kPatienceForWriter = 5000;  // milliseconds
-
 bool presentFile(const std::string& file) {
   std::error_code error;
   return std::filesystem::exists(file, error);
@@ -52,18 +50,22 @@ std::string unchangingAddress(const std::string& name) {
 
 }  // namespace
 
-DatabaseHandle openUnwritten(const std::string& file, bool unchanging, int& code) {
-  // A file name that looks like a URI is still a file name.
-  std::string name = file.starts_with("file:") ? "./" + file : file;
-  if (unchanging) name = unchangingAddress(name);
+DatabaseHandle openPatiently(const std::string& name, int flags, int& code) {
   sqlite3* raw = nullptr;
-  const int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX | (unchanging ? SQLITE_OPEN_URI : 0);
-  code = sqlite3_open_v2(name.c_str(), &raw, flags, nullptr);
+  code = sqlite3_open_v2(name.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
   DatabaseHandle handle(raw);
   if (raw == nullptr) throw errorOf(SQLITE_NOMEM, "", "");
   sqlite3_extended_result_codes(raw, 1);
+  constexpr int kPatienceForWriter = 5000;  // milliseconds
   sqlite3_busy_timeout(raw, kPatienceForWriter);
   return handle;
+}
+
+DatabaseHandle openUnwritten(const std::string& file, bool unchanging, int& code) {
+  // A file name that looks like a URI is still a file name.
+  const std::string name = file.starts_with("file:") ? "./" + file : file;
+  return unchanging ? openPatiently(unchangingAddress(name), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, code)
+                    : openPatiently(name, SQLITE_OPEN_READONLY, code);
 }
 
 ReadDatabase openToRead(const std::string& path) {

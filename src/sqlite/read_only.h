@@ -6,9 +6,12 @@
 
 namespace cu::sqlite {
 
+// Opens a file with the engine and waits some seconds for a writer. `code` is the engine's; there is a handle
+// in every case, to be asked for the reason.
+DatabaseHandle openPatiently(const std::string& name, int flags, int& code);
+
 // Opens a file with the engine, without the right to write it. `unchanging`: nobody writes it meanwhile; the
-// engine then neither locks it nor looks for files beside it, which it would have to make. `code` is the
-// engine's; there is a handle in every case, to be asked for the reason.
+// engine then neither locks it nor looks for files beside it, which it would have to make. `code` as above.
 DatabaseHandle openUnwritten(const std::string& file, bool unchanging, int& code);
 
 // A database to be read, and whether it was opened as one that nobody writes.
