@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QElapsedTimer>
@@ -52,6 +54,21 @@ class Azienda {
   TempFolder cartella;
   Profilo profilo;
 };
+
+// An office instead: three companies with 2016 and 2017, of which the second one has sent its 2017. The
+// present company is the second one.
+inline void diventaStudio(Azienda& azienda) {
+  azienda.profilo.database.origine = azienda.cartella / "studio.db";
+  creaArchivio(*creaConnessione(azienda.profilo.database), ContenutoArchivio::Sintetico,
+               {.percipienti = 4, .primoAnno = 2016, .ultimoAnno = 2017, .seme = 3, .aziende = 3});
+  azienda.profilo.sessione.azienda = 2;
+  azienda.profilo.sessione.filiale = 2;
+  const std::string file = azienda.scrivi(2017);
+  EXPECT_FALSE(file.empty());
+  EXPECT_TRUE(segnaInviato(azienda.profilo, file, Date::fromYmd(2018, 3, 5), [](const std::string&) {
+                return true;
+              }).riuscito);
+}
 
 inline std::string letto(const std::string& percorso) {
   std::ifstream file(percorso, std::ios::binary);

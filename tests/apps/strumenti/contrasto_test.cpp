@@ -38,15 +38,7 @@ void evidenzia(QTableView& tabella) {
 class QuadroDisegnato : public testing::Test {
  protected:
   QuadroDisegnato() {
-    azienda_.profilo.database.origine = azienda_.cartella / "studio.db";
-    creaArchivio(*creaConnessione(azienda_.profilo.database), ContenutoArchivio::Sintetico,
-                 {.percipienti = 4, .primoAnno = 2016, .ultimoAnno = 2017, .seme = 3, .aziende = 3});
-    azienda_.profilo.sessione.azienda = 2;
-    azienda_.profilo.sessione.filiale = 2;
-    const std::string file = azienda_.scrivi(2017);
-    EXPECT_TRUE(segnaInviato(azienda_.profilo, file, Date::fromYmd(2018, 3, 5), [](const std::string&) {
-                  return true;
-                }).riuscito);
+    diventaStudio(azienda_);
     azienda_.profilo.sessione.oggi->giorno = Date::fromYmd(2018, 4, 20).value();
   }
   test::Azienda azienda_;

@@ -97,6 +97,13 @@ class ProceduraInFinestra : public ::testing::Test {
       return test::premi(dialogo, "Chiudi");
     });
   }
+  // The copy is wanted and has been put in place, or not; then the wizard, started again, is closed.
+  void ripristinaEChiudi() {
+    chiediRipristino(copia());
+    rispondi("Ripristina");
+    leggiEChiudi();
+    chiudiFinestra();
+  }
   void chiudiFinestra() {
     nellaFinestra([this](desktop::FormWindow& finestra) {
       finestre_.push_back(&finestra);
@@ -123,10 +130,7 @@ class ProceduraInFinestra : public ::testing::Test {
 
 TEST_F(ProceduraInFinestra, ACopyTakesThePlaceWhileNothingIsOpenAndTheWizardStartsAgain) {
   ASSERT_GT(dopoLaCopia(), 0);
-  chiediRipristino(copia());
-  rispondi("Ripristina");
-  leggiEChiudi();
-  chiudiFinestra();
+  ripristinaEChiudi();
   EXPECT_EQ(esegui(), 0);
   EXPECT_TRUE(passi_.empty());
   EXPECT_THAT(domande_, HasSubstr("torna com'era nella copia «copia.db»"));
@@ -142,10 +146,7 @@ TEST_F(ProceduraInFinestra, ACopyTakesThePlaceWhileNothingIsOpenAndTheWizardStar
 TEST_F(ProceduraInFinestra, ACopyThatCannotTakeThePlaceIsToldAndTheWizardStartsAgain) {
   const auto altra = apriConnessione(azienda_.profilo.database);
   const std::int64_t prima = dopoLaCopia();
-  chiediRipristino(copia());
-  rispondi("Ripristina");
-  leggiEChiudi();
-  chiudiFinestra();
+  ripristinaEChiudi();
   EXPECT_EQ(esegui(), 0);
   EXPECT_TRUE(passi_.empty());
   EXPECT_THAT(detto_, HasSubstr("è aperto in un'altra finestra"));
@@ -213,10 +214,7 @@ TEST_F(ProceduraInFinestra, OtherWindowsStayOpen) {
   const std::string file = azienda_.scrivi(2017);
   ASSERT_NE(file, "");
   nellaFinestra([&](desktop::FormWindow&) { apriFile(qs(file), azienda_.profilo); });
-  chiediRipristino(copia());
-  rispondi("Ripristina");
-  leggiEChiudi();
-  chiudiFinestra();
+  ripristinaEChiudi();
   passi_.emplace_back([] {
     for (QWidget* una : QApplication::topLevelWidgets()) {
       if (dynamic_cast<Finestra*>(una) != nullptr && una->isVisible()) return una->close();

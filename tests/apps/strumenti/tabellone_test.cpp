@@ -23,20 +23,10 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-// Three companies of 2016 and 2017; the second one has sent its 2017.
 class Board : public testing::Test {
  protected:
   Board() {
-    azienda_.profilo.database.origine = azienda_.cartella / "studio.db";
-    creaArchivio(*creaConnessione(azienda_.profilo.database), ContenutoArchivio::Sintetico,
-                 {.percipienti = 4, .primoAnno = 2016, .ultimoAnno = 2017, .seme = 3, .aziende = 3});
-    azienda_.profilo.sessione.azienda = 2;
-    azienda_.profilo.sessione.filiale = 2;
-    const std::string file = azienda_.scrivi(2017);
-    EXPECT_FALSE(file.empty());
-    EXPECT_TRUE(segnaInviato(azienda_.profilo, file, Date::fromYmd(2018, 3, 5), [](const std::string&) {
-                  return true;
-                }).riuscito);
+    diventaStudio(azienda_);
     azienda_.profilo.sessione.azienda = 1;
     azienda_.profilo.sessione.filiale = 1;
     apri();
