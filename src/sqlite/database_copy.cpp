@@ -28,17 +28,18 @@ bool present(const std::string& file) {
   return fs::exists(fs::symlink_status(file, error));
 }
 
-// Changes whenever somebody writes the database, or begins to.
-struct Written {
+// What differs after somebody has written a database, or has begun to.
+struct FileState {
   fs::file_time_type when;
   std::uintmax_t bytes = 0;
   bool open = false;
-  bool operator==(const Written&) const = default;
+  bool operator==(const FileState&) const = default;
 };
-Written writtenLast(const std::string& database) {
+FileState stateOf(const std::string& database) {
   std::error_code error;
-  return {fs::last_write_time(database, error), fs::file_size(database, error),
-          present(database + "-wal") || present(database + "-journal")};
+  const std::string real = realFileName(database);
+  return {fs::last_write_time(real, error), fs::file_size(real, error),
+          present(real + "-wal") || present(real + "-journal")};
 }
 
 void refuseItself(const std::string& copy, const std::string& database) {
@@ -76,14 +77,14 @@ void requirePlace(const std::string& named, bool replace) {
 
 DatabaseCopy backUpDatabase(const std::string& database, const std::string& file, bool replace,
                             const CopyObserver& observer) {
-  const Written before = writtenLast(database);
+  const FileState before = stateOf(database);
   const sqlite::ReadDatabase source = sqlite::openToRead(database);
   requirePlace(file, replace);
   using sqlite::PartialFile;
   PartialFile partial(file, ".parziale");
   const DatabaseCopy copy = sqlite::copyPages(source.handle.get(), database, partial.path(), file, observer);
   // Of a database that only others may write the engine has no lock.
-  if (source.unchanging && writtenLast(database) != before) {
+  if (source.unchanging && stateOf(database) != before) {
     refuseFile(DatabaseErrorKind::Locked, "Il database «" + database +
                                               "» è stato scritto da un altro programma durante la copia, che "
                                               "non è stata tenuta: riprovare.");

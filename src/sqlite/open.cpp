@@ -73,24 +73,6 @@ bool examine(const std::string& path, bool create) {
   return false;
 }
 
-// Raises the engine's error on opening, with the file's name and the remedy.
-[[noreturn]] void explain(sqlite3* database, const std::string& path) {
-  const int code = database == nullptr ? SQLITE_NOMEM : codeOf(database);
-  if ((code & 0xFF) == SQLITE_NOTADB) {
-    unavailable(code,
-                "Il file " + inGuillemets(path) +
-                    " non è un database. Correggere l'indirizzo nel profilo, o indicare un altro file.");
-  }
-  if ((code & 0xFF) == SQLITE_CANTOPEN || (code & 0xFF) == SQLITE_PERM || (code & 0xFF) == SQLITE_AUTH) {
-    unavailable(code,
-                "Il database " + inGuillemets(path) +
-                    " non si può aprire. Verificare i permessi del file e della sua cartella, e che sul "
-                    "disco ci sia spazio.");
-  }
-  const DatabaseError told = errorOf(code, sqlite3_errmsg(database), "");
-  throw DatabaseError(told.kind(), code, "", "Database " + inGuillemets(path) + ": " + told.what());
-}
-
 bool run(sqlite3* database, const char* sql) {
   return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
@@ -102,7 +84,7 @@ bool hasTextKey(sqlite3* database, std::string_view name) {
   constexpr int kKey = 5;
   // The key's columns come first.
   while (sqlite3_step(columns.get()) == SQLITE_ROW && sqlite3_column_int(columns.get(), kKey) != 0) {
-    if (columnText(columns.get(), kCollation) == "NOCASE") return true;
+    if (equalsNoCase(columnText(columns.get(), kCollation), "NOCASE")) return true;
   }
   return false;
 }
@@ -130,6 +112,23 @@ bool hasTextIndex(sqlite3* database) {
 
 }  // namespace
 
+void explain(sqlite3* database, const std::string& path) {
+  const int code = database == nullptr ? SQLITE_NOMEM : codeOf(database);
+  if ((code & 0xFF) == SQLITE_NOTADB) {
+    unavailable(code,
+                "Il file " + inGuillemets(path) +
+                    " non è un database. Correggere l'indirizzo nel profilo, o indicare un altro file.");
+  }
+  if ((code & 0xFF) == SQLITE_CANTOPEN || (code & 0xFF) == SQLITE_PERM || (code & 0xFF) == SQLITE_AUTH) {
+    unavailable(code,
+                "Il database " + inGuillemets(path) +
+                    " non si può aprire. Verificare i permessi del file e della sua cartella, e che sul "
+                    "disco ci sia spazio.");
+  }
+  const DatabaseError told = errorOf(code, sqlite3_errmsg(database), "");
+  throw DatabaseError(told.kind(), code, "", "Database " + inGuillemets(path) + ": " + told.what());
+}
+
 void prepareConnection(sqlite3* database) {
   sqlite3_extended_result_codes(database, 1);
   sqlite3_busy_timeout(database, kPatience);
@@ -143,11 +142,12 @@ void prepareConnection(sqlite3* database) {
 
 void refuseTextIndexes(sqlite3* database, const std::string& path) {
   if (!hasTextIndex(database)) return;
-  const StatementHandle query = prepare(database,
-                                        "SELECT t.name, i.name FROM sqlite_schema AS t, "
-                                        "pragma_index_list(t.name) AS i, pragma_index_xinfo(i.name) AS c "
-                                        "WHERE t.type = 'table' AND c.key = 1 AND c.coll = 'NOCASE' LIMIT 1",
-                                        "");
+  const StatementHandle query =
+      prepare(database,
+              "SELECT t.name, i.name FROM sqlite_schema AS t, "
+              "pragma_index_list(t.name) AS i, pragma_index_xinfo(i.name) AS c "
+              "WHERE t.type = 'table' AND c.key = 1 AND upper(c.coll) = 'NOCASE' LIMIT 1",
+              "");
   if (sqlite3_step(query.get()) != SQLITE_ROW) return;
   throw DatabaseError(DatabaseErrorKind::Unavailable, 0, "",
                       "Il database " + inGuillemets(path) +

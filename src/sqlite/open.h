@@ -10,6 +10,9 @@ namespace cu::sqlite {
 // remedy.
 DatabaseHandle openFile(const std::string& path, bool create);
 
+// Raises the engine's error on opening, with the file's name and the remedy.
+[[noreturn]] void explain(sqlite3* database, const std::string& path);
+
 // What every connection of this program has, whether it may write or not.
 void prepareConnection(sqlite3* database);
 

@@ -53,6 +53,8 @@ bool belongs(const std::string& path, const fs::path& name, const std::string& d
 
 }  // namespace
 
+std::string realFileName(const std::string& path) { return realName(path).string(); }
+
 bool belongsToDatabase(const std::string& path, const std::string& database) {
   return !path.empty() && !database.empty() && belongs(path, realName(path), realName(database).string());
 }

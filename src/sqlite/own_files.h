@@ -15,6 +15,10 @@ bool belongsToDatabase(const std::string& path, const std::string& database);
 // The same for every database that this process has opened or was told of, until it ends.
 bool belongsToOwnDatabase(const std::string& path);
 
+// The name of the file that a path leads to, also through a link that dangles: the engine keeps its files
+// beside that one.
+std::string realFileName(const std::string& path);
+
 // Tells of a database that is going to be used. Every connection does it for its own.
 void rememberOwnDatabase(const std::string& database);
 

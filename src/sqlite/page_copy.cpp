@@ -211,7 +211,7 @@ DatabaseHandle openToCopy(const std::string& file) {
   std::array<char, kHead> head{};
   if (!own) std::ifstream(file, std::ios::binary).read(head.data(), head.size());
   const bool logged = head.back() == 2;
-  const bool alone = logged && !std::filesystem::exists(file + "-wal", error);
+  const bool alone = logged && !std::filesystem::exists(realFileName(file) + "-wal", error);
   int code = SQLITE_OK;
   DatabaseHandle handle =
       own ? openPatiently(file.starts_with("file:") ? "./" + file : file, SQLITE_OPEN_READWRITE, code)

@@ -5,6 +5,7 @@
 
 #include "sqlite/errors.h"
 #include "sqlite/open.h"
+#include "sqlite/own_files.h"
 
 namespace cu::sqlite {
 namespace {
@@ -34,7 +35,7 @@ std::string unchangingAddress(const std::string& name) {
 [[noreturn]] void cannotRead(sqlite3* database, const std::string& path) {
   const int code = codeOf(database);
   for (const char* const ending : {"-wal", "-journal"}) {
-    const std::string side = path + ending;
+    const std::string side = realFileName(path) + ending;
     const int kind = code & 0xFF;
     if (!presentFile(side) || (kind != SQLITE_CANTOPEN && kind != SQLITE_READONLY)) continue;
     std::string text = "Il database «";
@@ -44,8 +45,7 @@ std::string unchangingAddress(const std::string& name) {
         "scrivere lo ha aperto e chiuso, o copiando tutti e due i file in un'altra cartella.";
     throw DatabaseError(DatabaseErrorKind::ReadOnly, code, "", text);
   }
-  const DatabaseError told = errorOf(code, sqlite3_errmsg(database), "");
-  throw DatabaseError(told.kind(), code, "", "Database «" + path + "»: " + told.what());
+  explain(database, path);
 }
 
 }  // namespace
@@ -69,13 +69,15 @@ DatabaseHandle openUnwritten(const std::string& file, bool unchanging, int& code
 }
 
 ReadDatabase openToRead(const std::string& path) {
+  rememberOwnDatabase(path);
   try {
     return {openFile(path, false), false};
   } catch (const DatabaseError& refusal) {
     if (refusal.kind() != DatabaseErrorKind::ReadOnly) throw;
   }
   // Whoever writes it has one of these files beside it. Without them the engine would have to make them.
-  const bool unchanging = !presentFile(path + "-wal") && !presentFile(path + "-journal");
+  const std::string real = realFileName(path);
+  const bool unchanging = !presentFile(real + "-wal") && !presentFile(real + "-journal");
   int code = SQLITE_OK;
   ReadDatabase database{openUnwritten(path, unchanging, code), unchanging};
   sqlite3* const raw = database.handle.get();

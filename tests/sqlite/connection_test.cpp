@@ -157,6 +157,7 @@ TEST_F(Files, AKeyOfAnotherToolOnATextIsAnIndexToo) {
         "CREATE TABLE altra (nome TEXT COLLATE NOCASE, id INTEGER, UNIQUE (id, nome))",
         "CREATE TABLE altra (id INTEGER, nome TEXT COLLATE NOCASE, PRIMARY KEY (id, nome)) without  rowid",
         "CREATE TABLE altra (nome TEXT, PRIMARY KEY (nome COLLATE NOCASE)) WITHOUT ROWID",
+        "CREATE TABLE altra (nome TEXT); CREATE INDEX i ON altra (nome collate nocase)",
         "CREATE TABLE altra (nome TEXT); CREATE INDEX \"l'indice\" ON altra (nome COLLATE NOCASE)"}) {
     made("a.db");
     ASSERT_TRUE(BareDatabase(folder_ / "a.db").run(table)) << table;

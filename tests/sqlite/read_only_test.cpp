@@ -96,6 +96,31 @@ TEST_F(ReadOnlyFiles, InUseBySomebodyWhoWritesAreReadAsTheyAre) {
   EXPECT_EQ(rowsOf(folder_ / "a.db"), "2") << "also what is in the log alone";
 }
 
+// The engine keeps the log beside the real file.
+TEST_F(ReadOnlyFiles, ReachedThroughALinkAreReadWithTheirLog) {
+  const auto writer = SqliteConnection::open(folder_ / "a.db");
+  writer->Execute("INSERT INTO t (id, nome) VALUES (2, 'uno')");
+  protect();
+  fs::create_symlink(folder_ / "a.db", folder_ / "altrove/collegamento.db");
+  EXPECT_EQ(rowsOf(folder_ / "altrove/collegamento.db"), "2");
+  const std::string copied = askedAsNobody([&]() -> std::string {
+    try {
+      return std::to_string(
+          backUpDatabase(folder_ / "altrove/collegamento.db", folder_ / "altrove/copia.db", false).rows);
+    } catch (const DatabaseError& error) {
+      return error.what();
+    }
+  });
+  EXPECT_EQ(copied, "2");
+}
+
+TEST_F(ReadOnlyFiles, OfAnotherKindAreRefusedAsWritableOnesAre) {
+  fs::permissions(folder_.path(), fs::perms(0755));
+  const std::string letter = folder_.write("lettera.db", std::string(4096, 'x'));
+  protect();
+  EXPECT_THAT(rowsOf(letter), HasSubstr("lettera.db» non è un database. Correggere l'indirizzo nel profilo"));
+}
+
 // Of a process that was killed: the last changes are in the log, and nobody may write them into the file.
 TEST_F(ReadOnlyFiles, WithChangesBesideThemThatCannotBeReadAreRefusedInWords) {
   fs::permissions(folder_.path(), fs::perms(0755));
