@@ -34,6 +34,7 @@ class Pianificazione {
     riga.letta.codiceFiscale = upperAscii(letta.codiceFiscale);
     riga.letta.causale = upperAscii(letta.causale);
     if (forma(riga)) abbina(riga);
+    lettePer_[riga.letta.codiceFiscale].push_back(piano_.righe.size());
     piano_.righe.push_back(std::move(riga));
   }
   PianoRicevuta piano() && { return std::move(piano_); }
@@ -158,18 +159,22 @@ class Pianificazione {
   // marked as sent for it.
   bool contraddice(RigaPiano& riga, bool nessunaInviata) const {
     const RigaRicevuta& letta = riga.letta;
-    const auto altra = std::find_if(piano_.righe.begin(), piano_.righe.end(), [&](const RigaPiano& una) {
+    const auto sue = lettePer_.find(letta.codiceFiscale);
+    if (sue == lettePer_.end()) return false;
+    const auto trovata = std::find_if(sue->second.begin(), sue->second.end(), [&](std::size_t i) {
+      const RigaPiano& una = piano_.righe[i];
       const RigaRicevuta& sua = una.letta;
-      if (sua.codiceFiscale != letta.codiceFiscale || sua.esito == letta.esito) return false;
+      if (sua.esito == letta.esito) return false;
       if (!sua.causale.empty() && !letta.causale.empty() && sua.causale != letta.causale) return false;
       if (una.esito == EsitoRiga::Nuovo && nessunaInviata) return true;
       return (una.esito == EsitoRiga::Nuovo || una.esito == EsitoRiga::Uguale) &&
              stessiRiferimenti(sua, letta);
     });
-    if (altra == piano_.righe.end()) return false;
-    std::string testo = "la riga " + fromInteger(altra->letta.riga) +
-                        " dice il contrario della stessa certificazione: " + altra->letta.esito;
-    if (!stessiRiferimenti(altra->letta, letta)) {
+    if (trovata == sue->second.end()) return false;
+    const RigaRicevuta& altra = piano_.righe[*trovata].letta;
+    std::string testo = "la riga " + fromInteger(altra.riga) +
+                        " dice il contrario della stessa certificazione: " + altra.esito;
+    if (!stessiRiferimenti(altra, letta)) {
       testo += "; se le righe rispondono a due file, prima si segnano tutti e due come inviati";
     }
     return !male(riga, EsitoRiga::Errore, "Esito", "R04", std::move(testo));
@@ -237,7 +242,8 @@ class Pianificazione {
 
   PianoRicevuta piano_;
   std::unordered_map<std::string, std::vector<std::size_t>> perPercipiente_;
-  std::unordered_map<std::string, std::size_t> assegnati_;  // protocol and progressive on record
+  std::unordered_map<std::string, std::vector<std::size_t>> lettePer_;  // rows of the table, by fiscal code
+  std::unordered_map<std::string, std::size_t> assegnati_;              // protocol and progressive on record
 };
 
 }  // namespace
