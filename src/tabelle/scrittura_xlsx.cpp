@@ -261,7 +261,12 @@ std::string componiXlsx(std::span<const TabellaDaScrivere> fogli, const OpzioniX
   ScrittoreXlsx scrittore(file.percorso(), opzioni);
   for (const TabellaDaScrivere& foglio : fogli) scrittore.scrivi(foglio);
   scrittore.chiudi();
-  return file.contenuto();
+  std::string byte = file.contenuto();
+  if (byte.empty()) {
+    throw ErroreTabella("F03", {opzioni.file, {}, 0, 0},
+                        "Il foglio elettronico composto non si può rileggere");
+  }
+  return byte;
 }
 
 }  // namespace cu::tabelle
