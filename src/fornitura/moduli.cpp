@@ -51,7 +51,7 @@ class StampaDeiModuli {
       : intorno_(intorno),
         righe_(righe),
         richiesta_(richiesta),
-        vuota_(ricorsione::elimina(intorno.ambito.idUtente)),
+        istruzioneElimina_(ricorsione::elimina(intorno.ambito.idUtente)),
         corsa_{.idUtente = intorno.ambito.idUtente,
                .sTipoCom = fromInteger(static_cast<std::int32_t>(richiesta.tipo)),
                .intermediari = richiesta.intermediari,
@@ -73,7 +73,7 @@ class StampaDeiModuli {
   }
 
  private:
-  void elimina() { eseguiRicorsione(intorno_, vuota_); }
+  void elimina() { eseguiRicorsione(intorno_, istruzioneElimina_); }
   void inserisci() { eseguiRicorsione(intorno_, ricorsione::inserisci(righe_, corsa_, intorno_.utilita)); }
   // The table without any line between the two is of no use to another program.
   void sostituisci() {
@@ -188,7 +188,7 @@ class StampaDeiModuli {
   const Intorno& intorno_;
   Recordset& righe_;
   const RichiestaModuli& richiesta_;
-  std::string vuota_;  // the statement
+  std::string istruzioneElimina_;
   ricorsione::Corsa corsa_;
   std::size_t quante_ = 0;
   Result<EsitoModuli> esito_{EsitoModuli{}};

@@ -20,8 +20,6 @@ Riepilogo riepiloga(Compensi& compensi) {
   const std::size_t lordo = righe->Ordinal("AmmontareLordo");
   const std::size_t acconto = righe->Ordinal("RitenuteAcconto");
   const std::size_t imposta = righe->Ordinal("RitenuteImposta");
-  const std::size_t corretta = righe->Ordinal("Modificato");
-  const std::size_t spese = righe->Ordinal("SpeseRimborsate");
   std::unordered_set<std::int64_t> percipienti;
   std::vector<CellView> celle(righe->Fields().size());
   for (std::size_t posizione = 1; posizione <= riepilogo.caricate; ++posizione) {
@@ -31,12 +29,11 @@ Riepilogo riepiloga(Compensi& compensi) {
     percipienti.insert(celle[anagrafica].integer());
     riepilogo.lordo = riepilogo.lordo + celle[lordo].decimal();
     riepilogo.ritenute = riepilogo.ritenute + celle[acconto].decimal() + celle[imposta].decimal();
-    if (celle[corretta].flag() && celle[spese].decimal() != Decimal()) ++riepilogo.senzaSpese;
   }
   riepilogo.percipienti = percipienti.size();
   riepilogo.daMemorizzare = compensi.nonMemorizzateScelte();
   riepilogo.nonMemorizzate = compensi.nonMemorizzate() - riepilogo.daMemorizzare;
-  if (riepilogo.daMemorizzare == 0) riepilogo.senzaSpese = 0;
+  riepilogo.senzaSpese = compensi.nonMemorizzateConSpese();
   return riepilogo;
 }
 

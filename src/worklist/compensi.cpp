@@ -248,12 +248,22 @@ std::size_t Compensi::sbMemorizzaModifiche() {
 }
 
 std::size_t Compensi::nonMemorizzateScelte() const {
+  return contaNonMemorizzate([](const Recordset& riga) { return riga.Get("Selezionato").flag(); });
+}
+
+std::size_t Compensi::nonMemorizzateConSpese() const {
+  return contaNonMemorizzate([](const Recordset& riga) {
+    return riga.Get("Selezionato").flag() && riga.Get("SpeseRimborsate").decimal() != Decimal();
+  });
+}
+
+std::size_t Compensi::contaNonMemorizzate(const std::function<bool(const Recordset& riga)>& conta) const {
   if (nonMemorizzate_.empty()) return 0;
   const auto righe = rsCompensi_.Clone();
   return static_cast<std::size_t>(
       std::count_if(nonMemorizzate_.begin(), nonMemorizzate_.end(), [&](Recordset::RowMark riga) {
         righe->SetBookmark(riga);
-        return righe->Get("Selezionato").flag();
+        return conta(*righe);
       }));
 }
 

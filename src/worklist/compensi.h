@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -62,9 +63,9 @@ class Compensi {
   // Opens the current row in an editor; stores the edited row in the work table.
   void sbApriRiga();
   void sbAggiornaRiga();
-  // Raises an error where the table no longer holds the loaded rows with their selection and corrections: it
-  // would be the rows of another session that reach the accounts and the file. Reads over the connection that
-  // is not traced.
+  // Raises an error where the table no longer holds the loaded rows, by their keys, selection and marks of
+  // correction: it would be the rows of another session that reach the accounts and the file. Reads over the
+  // connection that is not traced.
   void sbControllaTabella();
   // Writes the changed and selected rows back to the accounts; returns their number.
   std::size_t sbMemorizzaModifiche();
@@ -72,6 +73,7 @@ class Compensi {
   std::size_t nonMemorizzate() const { return nonMemorizzate_.size(); }
   // Of these, the selected ones.
   std::size_t nonMemorizzateScelte() const;
+  std::size_t nonMemorizzateConSpese() const;  // of these, with refunded expenses
   // Writes the same pair of references to all selected rows; returns the number of rows with one or both.
   std::size_t sbAggiornaProtocolli(const std::string& protocollo, const std::string& progressivo,
                                    bool sovrascrivi);
@@ -87,6 +89,7 @@ class Compensi {
   void invertiNascoste(const std::vector<std::size_t>& posizioni);
   std::int64_t conta(const std::string& testo);
   std::int64_t contaInMemoria(std::string_view filtro) const;
+  std::size_t contaNonMemorizzate(const std::function<bool(const Recordset& riga)>& conta) const;
   void mostra();
   void mostraMemoria();  // shows count and rows of the recordset
   void mostraConteggio(std::int64_t righe);

@@ -73,8 +73,8 @@ std::string fnRigheLavoro(const std::string& nome) {
 
 std::string fnTabellaAltrui() {
   return "La tabella di lavoro non contiene più i compensi mostrati qui: un'altra sessione dello stesso "
-         "utente "
-         "vi ha caricato i suoi. Nessun file è stato creato e nulla è stato memorizzato. Chiudere l'altra "
+         "utente vi ha caricato i suoi. Nessun file è stato creato e nulla è stato memorizzato. Chiudere "
+         "l'altra "
          "sessione, tornare al primo passo senza memorizzare, ricaricare i compensi e ripetere le "
          "correzioni.";
 }

@@ -79,6 +79,27 @@ TEST_F(Overview, CountsTheLinesWhoseRefundedExpensesLeaveTheAccount) {
   EXPECT_EQ(fornitura::riepiloga(compensi).senzaSpese, 0U) << "it is not written back";
 }
 
+// What has been stored has left the account already, though the line stays corrected.
+TEST_F(Overview, CountsRefundedExpensesOnceThoughAnotherLineIsCorrectedLater) {
+  database.internal.touchContaining("UPDATE", 1);
+  database.internal.touchContaining("MERGE", 1);
+  const auto correggi = [&](const char* imponibile) {
+    righe().Set("SpeseRimborsate", Value::ofText("12.5"));
+    righe().Set("Modificato", Value::ofFlag(true));
+    righe().Set("Imponibile", Value::ofText(imponibile));
+    righe().Update();
+    compensi.sbAggiornaRiga();
+  };
+  righe().MoveFirst();
+  correggi("7");
+  EXPECT_EQ(fornitura::riepiloga(compensi).senzaSpese, 1U);
+  EXPECT_EQ(compensi.sbMemorizzaModifiche(), 1U);
+  EXPECT_EQ(fornitura::riepiloga(compensi).senzaSpese, 0U);
+  righe().MoveNext();
+  correggi("8");
+  EXPECT_EQ(fornitura::riepiloga(compensi).senzaSpese, 1U);
+}
+
 TEST_F(Overview, IsEmptyBeforeTheFirstLoad) {
   Compensi vuoti(utilita, avanzamento);
   EXPECT_EQ(fornitura::riepiloga(vuoti).righe, 0U);
