@@ -7,6 +7,7 @@
 #include "comandi.h"
 #include "esito.h"
 #include "host/testi_programma.h"
+#include "sqlite/own_files.h"
 #include "stampe.h"
 
 namespace cu {
@@ -28,7 +29,11 @@ fornitura::RichiestaReport completaStampa(const OpzioniPrint& opzioni, const Sur
 // Whether a file holds something that is no print: a print replaces an earlier one without a question, but
 // never a database or a file of another kind.
 bool altroCheUnaStampa(const std::filesystem::path& file) {
+  if (belongsToOwnDatabase(file.string())) return true;
+  std::error_code ignorato;
   std::ifstream stream(file, std::ios::binary);
+  // What cannot be read may be anything.
+  if (!stream) return std::filesystem::is_regular_file(file, ignorato);
   std::string inizio(5, '\0');
   stream.read(inizio.data(), static_cast<std::streamsize>(inizio.size()));
   inizio.resize(static_cast<std::size_t>(stream.gcount()));

@@ -10,19 +10,21 @@
 namespace cu {
 namespace {
 
-// A text has no zero bytes; a workbook is an archive.
+// A workbook is an archive. Of a text only its name tells that it is a table, or the mark with which every
+// CSV of this program begins. What cannot be read may be anything.
 bool altroCheUnaTabella(const std::string& file) {
   if (belongsToOwnDatabase(file)) return true;
   constexpr std::size_t kTratto = 8192;
   std::string inizio(kTratto, '\0');
   std::ifstream flusso(file, std::ios::binary);
+  if (!flusso) return true;
   flusso.read(inizio.data(), static_cast<std::streamsize>(inizio.size()));
   inizio.resize(static_cast<std::size_t>(flusso.gcount()));
   if (inizio.empty()) return false;
-  constexpr std::string_view kXlsx = ".xlsx";
-  const bool cartella = file.size() > kXlsx.size() &&
-                        equalsNoCase(std::string_view(file).substr(file.size() - kXlsx.size()), kXlsx);
-  return cartella ? !inizio.starts_with("PK") : inizio.find('\0') != std::string::npos;
+  const std::string finale = std::filesystem::path(file).extension().string();
+  if (equalsNoCase(finale, ".xlsx")) return !inizio.starts_with("PK");
+  if (equalsNoCase(finale, ".csv")) return inizio.find('\0') != std::string::npos;
+  return !inizio.starts_with("\xEF\xBB\xBF");
 }
 
 }  // namespace
