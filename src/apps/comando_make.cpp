@@ -68,6 +68,7 @@ int comandoMake(const OpzioniMake& opzioni) {
   }
   if (!corsa.dopo.letto) {
     std::cerr << "Il file scritto non si può rileggere: " << corsa.dopo.guasto << '\n';
+    scriviStampe(terminale, profilo);
     return kRifiutato;
   }
   stampaFile(corsa.scritto->percorso, corsa.anno, modelloDi(profilo));

@@ -90,7 +90,8 @@ class DopoLaScrittura {
       LetturaSeguita letto(file_.percorso, file_.avanzamento);
       esamina(letto, nullptr);
     } catch (const std::exception& errore) {
-      if (dopo_.guasto.empty()) dopo_.guasto = asError(errore).description();
+      // Why it cannot be read says more than why it is not on record.
+      dopo_.guasto = asError(errore).description();
     }
     return std::move(dopo_);
   }

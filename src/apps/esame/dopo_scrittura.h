@@ -25,7 +25,7 @@ struct FileAppenaScritto {
 
 struct DopoScrittura {
   lettura::Rilievi rilievi;
-  bool letto = false;  // without that, the file is not what was written, or no more there
+  bool letto = false;  // whether the file could be read again to its end
   bool registrato = false;
   std::string guasto;  // why it could not be read or kept; "" where nothing went wrong
 };
