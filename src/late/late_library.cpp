@@ -9,7 +9,7 @@ namespace {
 
 // Most of the time that a large library takes to load is for finding its own names, in each library of the
 // program before its own: it looks among its own first. The address sanitizer does not allow that.
-#if defined(RTLD_DEEPBIND) && !defined(__SANITIZE_ADDRESS__)
+#if defined(RTLD_DEEPBIND) && !defined(CU_SANITIZED)
 constexpr int kOwnNamesFirst = RTLD_DEEPBIND;
 #else
 constexpr int kOwnNamesFirst = 0;
