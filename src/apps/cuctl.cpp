@@ -414,11 +414,5 @@ int main(int argc, char** argv) {
   } catch (const std::exception& errore) {
     std::cerr << errore.what() << '\n';
   }
-  if (!flussi.complete()) {
-    std::cerr
-        << "Non tutto quello che andava sullo standard output si è potuto scrivere: verificare lo spazio "
-           "sul disco.\n";
-    if (esito == cu::kRiuscito) esito = cu::kRifiutato;
-  }
-  return esito;
+  return flussi.finished(esito);
 }

@@ -145,9 +145,15 @@ constexpr const char* kSenzaSchermo =
     "cuwizard: non c'è uno schermo su cui aprire la finestra. Senza schermo si usa cuctl.\n";
 
 // While the toolkit starts: it aborts where a screen is named and cannot be reached.
-void diceSenzaSchermo(QtMsgType genere, const QMessageLogContext& /*dove*/, const QString& /*testo*/) {
+void diceSenzaSchermo(QtMsgType genere, const QMessageLogContext& /*dove*/, const QString& testo) {
   if (genere != QtFatalMsg) return;
-  std::cerr << kSenzaSchermo << std::flush;
+  if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    std::cerr << "cuwizard: la finestra non si apre con la piattaforma indicata in QT_QPA_PLATFORM. "
+              << testo.toStdString() << '\n'
+              << std::flush;
+  } else {
+    std::cerr << kSenzaSchermo << std::flush;
+  }
   std::_Exit(kRifiutato);
 }
 
@@ -225,6 +231,6 @@ int eseguiFinestra(int quanti, char** argomenti) {
 
 int main(int argc, char** argv) {
   cu::reportInWords();
-  const cu::StandardStreams flussi;
-  return cu::eseguiFinestra(argc, argv);
+  cu::StandardStreams flussi;
+  return flussi.finished(cu::eseguiFinestra(argc, argv));
 }

@@ -144,6 +144,14 @@ bool StandardStreams::complete() {
   return ::poll(&reader, 1, 0) == 1 && (static_cast<unsigned>(reader.revents) & (POLLERR | POLLHUP)) != 0;
 }
 
+int StandardStreams::finished(int code) {
+  if (complete()) return code;
+  std::cerr
+      << "Non tutto quello che andava sullo standard output si è potuto scrivere: verificare lo spazio sul "
+         "disco.\n";
+  return code == 0 ? 1 : code;
+}
+
 void reportInWords() {
   std::signal(SIGXFSZ, SIG_IGN);
   std::set_terminate(endInWords);

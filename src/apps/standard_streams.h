@@ -18,11 +18,13 @@ class StandardStreams {
   StandardStreams(const StandardStreams&) = delete;
   StandardStreams& operator=(const StandardStreams&) = delete;
 
-  // Writes what is still collected. False when something did not get where standard output leads, as on a
-  // full disk; a reader who has gone away has what it wanted.
-  bool complete();
+  // Writes what is still collected. Where something did not get where standard output leads, as on a full
+  // disk, it says so and makes a success a failure; a reader who has gone away has what it wanted. Returns
+  // the exit code.
+  int finished(int code);
 
  private:
+  static bool complete();
   class Visible;
   std::unique_ptr<Visible> out_;
   std::unique_ptr<Visible> err_;

@@ -45,6 +45,16 @@ TEST(Window, AScreenThatCannotBeReachedIsToldInWords) {
             "cuwizard: non c'è uno schermo su cui aprire la finestra. Senza schermo si usa cuctl.\n");
 }
 
+TEST(Window, APlatformThatThereIsNotIsTold) {
+  const Posto posto(Posto::Database::Nessuno);
+  const Esecuzione esito = cuwizard(posto, {"QT_QPA_PLATFORM=pippo"}, {});
+  EXPECT_EQ(esito.codice, 1);
+  EXPECT_EQ(esito.errori.rfind(
+                "cuwizard: la finestra non si apre con la piattaforma indicata in QT_QPA_PLATFORM.", 0),
+            0U)
+      << esito.errori;
+}
+
 TEST(Window, WhatIsWrongEndsWithTwoAndSaysWhat) {
   const Posto posto(Posto::Database::Nessuno);
   const Argomenti nascosto{"QT_QPA_PLATFORM=offscreen"};

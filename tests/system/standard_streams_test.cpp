@@ -157,17 +157,32 @@ TEST(WrittenFiles, ATableReplacesOnlyATable) {
     EXPECT_EQ(esito.errori,
               "Il file «" + tabella[1] + "» esiste già e non è una tabella: non viene sostituito.\n");
   }
+  // Of a name that is not a table's, only what begins as its own tables.
+  posto.cartella().write("due.cur", "A");
+  EXPECT_EQ(posto.cuctl({"inspect", "uno.cur", "--csv", "due.cur"}).errori,
+            "Il file «due.cur» esiste già e non è una tabella: non viene sostituito.\n");
+  EXPECT_EQ(posto.cartella().read("due.cur"), "A");
   EXPECT_EQ(posto.cartella().read("a.db"), database);
   EXPECT_EQ(posto.cartella().read("foglio.xlsx"), "testo");
   // Its own earlier tables are replaced.
   for (int volta = 0; volta < 2; ++volta) {
     EXPECT_EQ(posto.cuctl({"inspect", "uno.cur", "--csv", "t.csv", "--xlsx", "t.xlsx"}).codice, 0);
+    EXPECT_EQ(posto.cuctl({"inspect", "uno.cur", "--csv", "tabella.txt"}).codice, 0);
   }
 }
 
 // What cannot be written is said in the program's words, and an earlier workbook stays.
 TEST(WrittenFiles, AWorkbookThatCannotBeWrittenIsReportedInWords) {
   Posto posto(Posto::Database::Nessuno);
+  posto.cartella().write("uno.cur", "A");
+  posto.cartella().write("t.xlsx", "PK di prima");
+  const Esecuzione pieno =
+      esegui({"/bin/sh", "-c",
+              "ulimit -f 1; '" CU_CUCTL "' inspect uno.cur --xlsx t.xlsx >uscita 2>errori; echo $?"},
+             posto.cartella().path());
+  EXPECT_EQ(pieno.uscita, "1\n");
+  EXPECT_THAT(posto.cartella().read("errori"), HasSubstr("t.xlsx"));
+  EXPECT_EQ(posto.cartella().read("t.xlsx"), "PK di prima");
   const Esecuzione esito = posto.cuctl({"template", "payees", "manca/t.xlsx"});
   EXPECT_EQ(esito.codice, 1);
   EXPECT_EQ(esito.errori, "Percorso non trovato: manca/t.xlsx\n");
