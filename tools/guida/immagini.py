@@ -2,15 +2,21 @@
 
 A picture that cannot be made stays as it was; the end says so, with what the program showed instead."""
 
+import contextlib
+import subprocess
 import sys
 
 from album import Album
+from gi.repository import GLib
 from luogo import Place
 from programma import Missing, tree
 from scene_dati import SCENES as DATI
 from scene_file import SCENES as FILE
 from scene_procedura import SCENES as PROCEDURA
 from segni import NoRoom
+
+# What keeps a picture from being made: a control, a file or a cell that is not as the scene expects it.
+UNMADE = (Missing, NoRoom, GLib.Error, StopIteration, AssertionError, subprocess.CalledProcessError)
 
 SCENES = {scene.__name__: scene for scene in PROCEDURA + DATI + FILE}
 
@@ -26,11 +32,12 @@ def main(look, programs, documents, *chosen):
         place.renew()
         try:
             SCENES[name](place, album)
-        except (Missing, NoRoom) as problem:
-            failed.append(f"{name}: {problem}")
+        except UNMADE as problem:
+            failed.append(f"{name}: {problem!r}")
             print(f"  {failed[-1]}; the program shows:", file=sys.stderr)
-            for window in place.program.windows() if place.program else []:
-                print(window.get_name(), *tree(window), sep="\n", file=sys.stderr, flush=True)
+            with contextlib.suppress(GLib.Error):  # what is asked may just close
+                for window in place.program.windows() if place.program else []:
+                    print(window.get_name(), *tree(window), sep="\n", file=sys.stderr, flush=True)
         finally:
             place.stop()
     place.clear()

@@ -5,7 +5,7 @@ import shutil
 import subprocess
 from pathlib import Path
 
-from programma import Program
+from programma import Missing, Program
 
 # A folder whose name may be visible in a picture.
 WORK = Path("/var/tmp/ufficio")
@@ -84,7 +84,7 @@ class Place:
         done = subprocess.run([self.programs / "cuctl", *map(str, arguments)], env=self.environment(),
                               capture_output=True, text=True)
         if done.returncode not in allowed:
-            raise SystemExit(f"cuctl {arguments[0]}: {done.stderr}{done.stdout}")
+            raise Missing(f"cuctl {arguments[0]}: {done.stderr}{done.stdout}")
         return done.stdout
 
     def profile(self, function):

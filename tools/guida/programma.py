@@ -118,7 +118,11 @@ def same(before, now):
 class Program:
     def __init__(self, command, environment):
         self.process = subprocess.Popen(command, env=environment, stderr=subprocess.DEVNULL)
-        self.application = until("the program", self._application)
+        try:
+            self.application = until("the program", self._application)
+        except Missing:
+            self.stop()
+            raise
         self.seen = None  # the controls on the screen, until something happens
         # Always as it is now.
         self.application.set_cache_mask(Atspi.Cache.NONE)
